@@ -1,0 +1,133 @@
+#include "core/base/LocalText.h"
+
+#include <unicode/dtptngen.h>
+#include <unicode/measunit.h>
+#include <unicode/numberformatter.h>
+#include <unicode/reldatefmt.h>
+
+#include <cmath>
+#include <iterator>
+
+#include "core/base/CalendarImpl.h"
+
+namespace ambrel {
+namespace {
+
+std::string utf8(const icu::UnicodeString& text) {
+  std::string out;
+  text.toUTF8String(out);
+  return out;
+}
+
+double icuTime(Instant instant) { return unixSeconds(instant) * 1000.0; }
+
+struct Age {
+  double count;
+  URelativeDateTimeUnit relative;
+  icu::MeasureUnit measure;
+};
+
+Age ageIn(double seconds) {
+  if (seconds < 60) return {std::floor(seconds), UDAT_REL_UNIT_SECOND, icu::MeasureUnit::getSecond()};
+  if (seconds < 3600) return {std::floor(seconds / 60), UDAT_REL_UNIT_MINUTE, icu::MeasureUnit::getMinute()};
+  if (seconds < 86400) return {std::floor(seconds / 3600), UDAT_REL_UNIT_HOUR, icu::MeasureUnit::getHour()};
+  return {std::floor(seconds / 86400), UDAT_REL_UNIT_DAY, icu::MeasureUnit::getDay()};
+}
+
+std::string nowWord(const Calendar& calendar) {
+  UErrorCode error = U_ZERO_ERROR;
+  const icu::RelativeDateTimeFormatter format(calendar.impl().locale, nullptr, UDAT_STYLE_NARROW,
+                                              UDISPCTX_CAPITALIZATION_NONE, error);
+  icu::UnicodeString out;
+  format.format(UDAT_DIRECTION_PLAIN, UDAT_ABSOLUTE_NOW, out, error);
+  return U_SUCCESS(error) ? utf8(out) : "now";
+}
+
+}  // namespace
+
+std::string formattedDate(const Calendar& calendar, Instant instant, const std::string& skeleton) {
+  const Calendar::Impl& impl = calendar.impl();
+  const std::scoped_lock lock(impl.mutex);
+  auto& format = impl.formats[skeleton];
+  if (!format) {
+    UErrorCode error = U_ZERO_ERROR;
+    const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+        icu::DateTimePatternGenerator::createInstance(impl.locale, error));
+    if (U_FAILURE(error)) return {};
+    auto made = std::make_unique<icu::SimpleDateFormat>(
+        generator->getBestPattern(icu::UnicodeString::fromUTF8(skeleton), error), impl.locale, error);
+    if (U_FAILURE(error)) return {};
+    made->setTimeZone(*impl.zone);
+    format = std::move(made);
+  }
+  icu::UnicodeString out;
+  return utf8(format->format(icuTime(instant), out));
+}
+
+std::string shortTime(const Calendar& calendar, Instant instant) { return formattedDate(calendar, instant, "jmm"); }
+
+std::string weekdayTime(const Calendar& calendar, Instant instant) {
+  return formattedDate(calendar, instant, "EEEEjmm");
+}
+
+std::string relativeAge(const Calendar& calendar, Instant instant, Instant now) {
+  const double seconds = secondsBetween(instant, now).count();
+  if (seconds < 1) return nowWord(calendar);
+  const Age age = ageIn(seconds);
+  UErrorCode error = U_ZERO_ERROR;
+  const icu::RelativeDateTimeFormatter format(calendar.impl().locale, nullptr, UDAT_STYLE_NARROW,
+                                              UDISPCTX_CAPITALIZATION_NONE, error);
+  icu::UnicodeString out;
+  format.formatNumeric(-age.count, age.relative, out, error);
+  return U_SUCCESS(error) ? utf8(out) : std::string{};
+}
+
+std::string shortAge(const Calendar& calendar, Instant instant, Instant now) {
+  const double seconds = secondsBetween(instant, now).count();
+  if (seconds < 60) return nowWord(calendar);
+  const Age age = ageIn(seconds);
+  UErrorCode error = U_ZERO_ERROR;
+  const auto text = icu::number::NumberFormatter::withLocale(calendar.impl().locale)
+                        .unit(age.measure)
+                        .unitWidth(UNUM_UNIT_WIDTH_SHORT)
+                        .precision(icu::number::Precision::integer())
+                        .formatDouble(age.count, error)
+                        .toString(error);
+  return U_SUCCESS(error) ? utf8(text) : std::string{};
+}
+
+std::string compactCount(const Calendar& calendar, std::int64_t count) {
+  UErrorCode error = U_ZERO_ERROR;
+  const auto format = icu::number::NumberFormatter::withLocale(calendar.impl().locale)
+                          .notation(icu::number::Notation::compactShort());
+  return utf8(format.formatInt(count, error).toString(error));
+}
+
+std::string fileSize(const Calendar& calendar, std::int64_t bytes) {
+  UErrorCode error = U_ZERO_ERROR;
+  const icu::MeasureUnit units[] = {icu::MeasureUnit::getByte(), icu::MeasureUnit::getKilobyte(),
+                                    icu::MeasureUnit::getMegabyte(), icu::MeasureUnit::getGigabyte(),
+                                    icu::MeasureUnit::getTerabyte()};
+  auto value = static_cast<double>(bytes);
+  std::size_t unit = 0;
+  while (std::abs(value) >= 999.5 && unit + 1 < std::size(units)) {
+    value /= 1000;
+    ++unit;
+  }
+  return utf8(icu::number::NumberFormatter::withLocale(calendar.impl().locale)
+                  .unit(units[unit])
+                  .unitWidth(unit == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT)
+                  .precision(icu::number::Precision::maxFraction(unit < 2 ? 0 : unit == 2 ? 1 : 2))
+                  .formatDouble(value, error)
+                  .toString(error));
+}
+
+std::string decimal(const Calendar& calendar, double value, int fraction) {
+  UErrorCode error = U_ZERO_ERROR;
+  return utf8(icu::number::NumberFormatter::withLocale(calendar.impl().locale)
+                  .precision(icu::number::Precision::maxFraction(fraction))
+                  .formatDouble(value, error)
+                  .toString(error));
+}
+
+}  // namespace ambrel

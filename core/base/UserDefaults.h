@@ -1,0 +1,69 @@
+#pragma once
+// Small choices under string keys, each with its type, in one JSON document.
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "core/base/Instant.h"
+
+namespace ambrel {
+
+struct DefaultsValue;
+struct DefaultsData {
+  std::string bytes;
+  friend bool operator==(const DefaultsData&, const DefaultsData&) = default;
+};
+using DefaultsArray = std::vector<DefaultsValue>;
+using DefaultsDictionary = std::map<std::string, DefaultsValue>;
+
+// What a key may hold. A boolean never reads as an integer, nor an integer as a floating-point number.
+struct DefaultsValue {
+  std::variant<bool, std::int64_t, double, std::string, DefaultsData, Instant, DefaultsArray, DefaultsDictionary> value;
+  friend bool operator==(const DefaultsValue&, const DefaultsValue&) = default;
+};
+
+// Holds the whole document in memory; every change is written at once and atomically.
+//
+// In the file, data and dates are objects of one key, {"$data": BASE64} and {"$date": ISO8601}; a dictionary whose
+// only key begins with "$" is wrapped as {"$dictionary": {...}}. A file that cannot be read or decoded counts as
+// empty and is set aside as "<name>.unreadable" before the first change replaces it.
+class UserDefaults {
+ public:
+  explicit UserDefaults(std::filesystem::path file);
+
+  const DefaultsValue* object(const std::string& key) const;
+  // Absent when the key is missing or holds another type.
+  std::optional<bool> boolean(const std::string& key) const;
+  std::optional<std::int64_t> integer(const std::string& key) const;
+  // Also from an integer.
+  std::optional<double> number(const std::string& key) const;
+  std::optional<std::string> string(const std::string& key) const;
+  // Absent too when any element is no string.
+  std::optional<std::vector<std::string>> strings(const std::string& key) const;
+  std::optional<std::string> data(const std::string& key) const;
+  std::optional<Instant> date(const std::string& key) const;
+  const DefaultsDictionary* dictionary(const std::string& key) const;
+  const DefaultsDictionary& all() const { return values_; }
+
+  // Setting an equal value writes nothing. Throws FileError when the file cannot be written; the change
+  // stands in memory.
+  void set(const std::string& key, DefaultsValue value);
+  void set(const std::string& key, const std::vector<std::string>& strings);
+  void remove(const std::string& key);
+
+  const std::filesystem::path& file() const { return file_; }
+
+ private:
+  void save();
+
+  std::filesystem::path file_;
+  DefaultsDictionary values_;
+  bool isUnreadable_ = false;
+};
+
+}  // namespace ambrel
