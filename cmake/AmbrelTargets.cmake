@@ -39,3 +39,16 @@ function(ambrel_core_test name)
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
 endfunction()
+
+# A QTest program, run without a display. One test class a source file, which includes its own .moc.
+# ambrel_qt_test(NAME SOURCES... LINK...)
+function(ambrel_qt_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  qt_add_executable(${name} ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PRIVATE ambrel_flags ${ARG_LINK} Qt6::Test)
+  target_compile_definitions(${name} PRIVATE AMBREL_CASES="${PROJECT_SOURCE_DIR}/tests/cases")
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8;TZ=UTC")
+endfunction()

@@ -1,0 +1,75 @@
+#include "app/base/RecordListModel.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace ambrel {
+namespace {
+
+struct Row {
+  int key;
+  int value;
+  friend bool operator==(const Row&, const Row&) = default;
+};
+
+class Rows : public RecordListModel<Row, int> {
+ public:
+  using RecordListModel::setRows;
+  QVariant data(const QModelIndex& index, int role) const override {
+    const Row* found = row(index);
+    return found && role == Qt::DisplayRole ? QVariant(found->value) : QVariant();
+  }
+
+ protected:
+  int keyOf(const Row& row) const override { return row.key; }
+};
+
+std::vector<Row> keys(std::initializer_list<int> list) {
+  std::vector<Row> rows;
+  for (const int key : list) rows.push_back({key, key});
+  return rows;
+}
+
+}  // namespace
+
+class RecordListModelTests : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void everyChangeOfOrderEndsInTheNewList() {
+    const std::vector<std::vector<Row>> lists{
+        {},           keys({1, 2, 3}), keys({3, 1, 2}),    keys({2}),       keys({5, 2, 4}), keys({4, 5}),
+        keys({1, 1}), keys({1, 7, 1}), keys({7, 1, 1, 7}), keys({6, 8, 9}), keys({9, 8, 6}), {},
+    };
+    for (const auto& from : lists)
+      for (const auto& to : lists) {
+        Rows model;
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        model.setRows(from);
+        model.setRows(to);
+        QVERIFY(model.rows() == to);
+      }
+  }
+
+  void aChangedRowIsAnnouncedAloneAndNeverByAReset() {
+    Rows model;
+    model.setRows(keys({1, 2, 3}));
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged), reset(&model, &QAbstractItemModel::modelReset);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted), removed(&model, &QAbstractItemModel::rowsRemoved);
+    QVERIFY(model.setRows({{1, 1}, {2, 20}, {3, 3}}));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(0).value<QModelIndex>().row(), 1);
+    QVERIFY(!model.setRows({{1, 1}, {2, 20}, {3, 3}}));
+    QVERIFY(model.setRows({{4, 4}, {1, 1}, {3, 3}}));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(inserted.size(), 1);
+    QCOMPARE(removed.size(), 1);
+    QCOMPARE(reset.size(), 0);
+  }
+};
+
+}  // namespace ambrel
+
+QTEST_APPLESS_MAIN(ambrel::RecordListModelTests)
+#include "RecordListModelTests.moc"
