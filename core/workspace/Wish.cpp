@@ -1,0 +1,125 @@
+#include "core/workspace/Wish.h"
+
+#include <array>
+#include <fmt/format.h>
+
+#include "core/base/Text.h"
+
+namespace ambrel {
+namespace {
+
+enum class Argument { none, number, text };
+
+struct Option {
+  std::string_view name;
+  Argument argument;
+  std::string_view help;
+  Wish (*make)(const std::string& argument);
+};
+
+// A number from 1 to 9 has been made sure of before this is called.
+Wish copyPinned(const std::string& argument) { return wish::CopyPinned{argument.front() - '0'}; }
+
+constexpr std::array options{
+    Option{"--reveal", Argument::none, "show the bar", [](const std::string&) -> Wish { return wish::Reveal{}; }},
+    Option{"--toggle-clipboard", Argument::none, "open or close the clipboard shelf",
+           [](const std::string&) -> Wish { return wish::ToggleClipboard{}; }},
+    Option{"--toggle-agents", Argument::none, "open or close the agents panel",
+           [](const std::string&) -> Wish { return wish::ToggleAgents{}; }},
+    Option{"--capture-notes", Argument::none, "capture the screen for notes",
+           [](const std::string&) -> Wish { return wish::CaptureNotes{}; }},
+    Option{"--copy-pinned", Argument::number, "copy the pinned clip of that number, 1 to 9", copyPinned},
+    Option{"--ask", Argument::text, "ask Buddy",
+           [](const std::string& argument) -> Wish { return wish::Ask{repairedUTF8(argument)}; }},
+    Option{"--open-disk-doctor", Argument::none, "open Disk Doctor",
+           [](const std::string&) -> Wish { return wish::OpenDiskDoctor{}; }},
+    Option{"--settings", Argument::none, "open the settings",
+           [](const std::string&) -> Wish { return wish::Settings{}; }},
+    Option{"--quit", Argument::none, "end the running bar", [](const std::string&) -> Wish { return wish::Quit{}; }},
+};
+
+const Option* find(std::string_view name) {
+  for (const Option& option : options)
+    if (option.name == name) return &option;
+  return nullptr;
+}
+
+std::string faultOf(const Option& option, const std::optional<std::string>& argument) {
+  switch (option.argument) {
+    case Argument::none:
+      return argument ? fmt::format("{} takes no value", option.name) : std::string();
+    case Argument::number:
+      if (!argument) return fmt::format("{} needs a number from 1 to 9", option.name);
+      if (argument->size() != 1 || argument->front() < '1' || argument->front() > '9')
+        return fmt::format("{} needs a number from 1 to 9, not \"{}\"", option.name, repairedUTF8(*argument));
+      return {};
+    case Argument::text:
+      return !argument || trimmed(*argument).empty() ? fmt::format("{} needs a text", option.name) : std::string();
+  }
+  return {};
+}
+
+CommandLine mistaken(std::string error) {
+  CommandLine line;
+  line.error = std::move(error);
+  return line;
+}
+
+}  // namespace
+
+CommandLine parseCommandLine(std::span<const std::string> arguments) {
+  CommandLine line;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    std::string_view name = arguments[i];
+    if (name == "--help" || name == "-h") {
+      line.showsHelp = true;
+      continue;
+    }
+    if (name == "--version") {
+      line.showsVersion = true;
+      continue;
+    }
+    std::optional<std::string> argument;
+    if (const auto equals = name.find('='); name.starts_with("--") && equals != name.npos) {
+      argument = std::string(name.substr(equals + 1));
+      name = name.substr(0, equals);
+    }
+    const Option* option = find(name);
+    if (!option)
+      return mistaken(fmt::format("unknown {} \"{}\"; tilebay --help lists what there is",
+                                  name.starts_with("-") ? "option" : "argument", repairedUTF8(name)));
+    if (option->argument != Argument::none && !argument && i + 1 < arguments.size()) argument = arguments[++i];
+    if (std::string fault = faultOf(*option, argument); !fault.empty()) return mistaken(std::move(fault));
+    if (line.wish) return mistaken(fmt::format("{} comes second: one wish at a time", option->name));
+    line.wish = option->make(argument.value_or(std::string()));
+  }
+  return line;
+}
+
+std::string commandLineHelp() {
+  std::string help =
+      "usage: tilebay [WISH]\n\n"
+      "Shows a bar of live tiles at the edge of the screen. When a bar runs already, it gets the wish\n"
+      "and this program ends; without a wish the running bar is shown.\n\n";
+  const auto row = [&](std::string_view left, std::string_view right) {
+    help += fmt::format("  {:<22} {}\n", left, right);
+  };
+  for (const Option& option : options) {
+    switch (option.argument) {
+      case Argument::none:
+        row(option.name, option.help);
+        break;
+      case Argument::number:
+        row(fmt::format("{} N", option.name), option.help);
+        break;
+      case Argument::text:
+        row(fmt::format("{} TEXT", option.name), option.help);
+        break;
+    }
+  }
+  row("--help", "show this text");
+  row("--version", "show the version");
+  return help;
+}
+
+}  // namespace ambrel

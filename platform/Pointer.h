@@ -1,0 +1,27 @@
+#pragma once
+// Where the pointer is, and a way to sleep until it moves.
+
+#include <functional>
+#include <optional>
+
+#include "core/base/Geometry.h"
+
+namespace ambrel {
+
+class PointerMonitor {
+ public:
+  virtual ~PointerMonitor() = default;
+
+  // With y upwards, wherever on the desktop the pointer is; absent when it cannot be told.
+  virtual std::optional<Point> location() const = 0;
+
+  // Calls `onMove` once, on the main thread, at the next movement of a pointing device; then it is quiet until
+  // asked again. A newer call replaces an older one. While nothing is asked, a moving pointer costs nothing.
+  // Answers false when movements cannot be watched: the caller then has to look at `location` by itself.
+  // Movements that a program makes (a warped pointer) are not seen; a slow look now and then covers them.
+  virtual bool wakeOnMove(std::function<void()> onMove) = 0;
+  // Forgets what `wakeOnMove` asked.
+  virtual void stopWaiting() = 0;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,32 @@
+#pragma once
+// The connected screens.
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/base/Geometry.h"
+
+namespace ambrel {
+
+struct ScreenInfo {
+  std::string name;        // of the connector ("eDP-1", "HDMI-1"); QScreen::name()
+  Rect frame;              // y upwards, in points
+  Rect visibleFrame;       // without what the docks and panels of others reserve on this screen
+  bool isBuiltin = false;  // a panel of the computer itself: eDP, LVDS or DSI
+  bool operator==(const ScreenInfo&) const = default;
+};
+
+class Screens {
+ public:
+  virtual ~Screens() = default;
+
+  // The main screen first; its lower left corner is the origin. Empty while no screen is connected.
+  virtual std::vector<ScreenInfo> list() const = 0;
+  // What `flipped` needs to go between the frames above and the window system's coordinates.
+  virtual double mainHeight() const = 0;
+  // `handler` is called on the main thread after screens, their frames or their reserved edges changed.
+  virtual void setChangeHandler(std::function<void()> handler) = 0;
+};
+
+}  // namespace ambrel

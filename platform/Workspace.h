@@ -1,0 +1,34 @@
+#pragma once
+// Other programs: which one is in front, whether one runs, bringing it forward, opening it.
+//
+// Programs are named by the identifiers that the program stores ("com.openai.codex"). An agent that lives in a
+// terminal counts as that agent's application: the terminal window whose process tree runs it is the window that
+// is in front and that comes forward. Other programs go by the id of their desktop entry ("org.kde.konsole"), or
+// else by their window class in lower case ("xterm").
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ambrel {
+
+class Workspace {
+ public:
+  virtual ~Workspace() = default;
+
+  // The identifiers of the frontmost window: the program itself first, then the agents that run in it. Empty when
+  // nothing is in front or it cannot be told. Reads the process table, so it is asked when needed, not at 30 Hz.
+  virtual std::vector<std::string> frontmost() const = 0;
+  // `handler` is called on the main thread when another window has come to the front.
+  virtual void setFrontmostHandler(std::function<void()> handler) = 0;
+
+  // Whether a window of the program is open.
+  virtual bool isRunning(std::string_view bundleID) const = 0;
+  // Brings the topmost window of the program forward; false when it has none.
+  virtual bool activate(std::string_view bundleID) = 0;
+  // Starts the program through its desktop entry; false when it is not installed or cannot be started.
+  virtual bool open(std::string_view bundleID) = 0;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,195 @@
+#pragma once
+// Stand-ins for the seam: they record what was asked of them, and the test plays the desktop.
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/HotKeys.h"
+#include "platform/Notifications.h"
+#include "platform/Pointer.h"
+#include "platform/Screens.h"
+#include "platform/SessionService.h"
+#include "platform/WindowStyle.h"
+#include "platform/Workspace.h"
+
+namespace ambrel {
+
+class FakePointer : public PointerMonitor {
+ public:
+  std::optional<Point> location() const override {
+    ++looks;
+    return at;
+  }
+  bool wakeOnMove(std::function<void()> onMove) override {
+    if (!canWake) return false;
+    ++arms;
+    waiting_ = std::move(onMove);
+    return true;
+  }
+  void stopWaiting() override { waiting_ = nullptr; }
+
+  bool isWaiting() const { return waiting_ != nullptr; }
+  // The user moves the mouse.
+  void move(Point to) {
+    at = to;
+    if (auto onMove = std::exchange(waiting_, nullptr)) onMove();
+  }
+
+  std::optional<Point> at = Point{};
+  bool canWake = true;
+  int arms = 0;
+  mutable int looks = 0;
+
+ private:
+  std::function<void()> waiting_;
+};
+
+class FakeScreens : public Screens {
+ public:
+  std::vector<ScreenInfo> list() const override { return screens; }
+  double mainHeight() const override { return screens.empty() ? 0 : screens.front().frame.height; }
+  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
+
+  void change(std::vector<ScreenInfo> to) {
+    screens = std::move(to);
+    if (handler_) handler_();
+  }
+
+  std::vector<ScreenInfo> screens{{"FAKE-1", {0, 0, 1600, 900}, {0, 0, 1600, 900}, false}};
+
+ private:
+  std::function<void()> handler_;
+};
+
+class FakeWorkspace : public Workspace {
+ public:
+  std::vector<std::string> frontmost() const override { return inFront; }
+  void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
+  bool isRunning(std::string_view bundleID) const override { return running.contains(bundleID); }
+  bool activate(std::string_view bundleID) override {
+    if (!isRunning(bundleID)) return false;
+    activated.emplace_back(bundleID);
+    return true;
+  }
+  bool open(std::string_view bundleID) override {
+    if (!installed.contains(bundleID)) return false;
+    opened.emplace_back(bundleID);
+    return true;
+  }
+
+  void bringToFront(std::vector<std::string> ids) {
+    inFront = std::move(ids);
+    if (handler_) handler_();
+  }
+
+  std::vector<std::string> inFront;
+  std::set<std::string, std::less<>> running;
+  std::set<std::string, std::less<>> installed;
+  std::vector<std::string> activated;
+  std::vector<std::string> opened;
+
+ private:
+  std::function<void()> handler_;
+};
+
+class FakeHotKeys : public HotKeys {
+ public:
+  HotKeyResult add(const KeyCombination& combination, std::function<void()> action) override {
+    const auto has = [&](const auto& key) { return key.first == combination; };
+    if (std::ranges::find(takenByOthers, combination) != takenByOthers.end() || std::ranges::any_of(keys, has))
+      return HotKeyResult::taken;
+    keys.emplace_back(combination, std::move(action));
+    return HotKeyResult::registered;
+  }
+
+  // False when nobody has registered the combination.
+  bool press(const KeyCombination& combination) {
+    for (const auto& [registered, action] : keys) {
+      if (registered == combination) {
+        action();
+        return true;
+      }
+    }
+    return false;
+  }
+
+  std::vector<KeyCombination> takenByOthers;
+  std::vector<std::pair<KeyCombination, std::function<void()>>> keys;
+};
+
+class FakeNotifications : public Notifications {
+ public:
+  void requestAuthorization(std::function<void(bool)> done) override {
+    ++requests;
+    if (done) done(isAvailable);
+  }
+  void post(const Notification& notification) override { posted.push_back(notification); }
+  void withdraw(std::string_view identifier) override { withdrawn.emplace_back(identifier); }
+  void setActivationHandler(std::function<void(const std::string&)> handler) override {
+    activation_ = std::move(handler);
+  }
+  void setAvailabilityHandler(std::function<void(bool)> handler) override { availability_ = std::move(handler); }
+
+  void click(const std::string& identifier) {
+    if (activation_) activation_(identifier);
+  }
+  void becomeAvailable(bool is) {
+    isAvailable = is;
+    if (availability_) availability_(is);
+  }
+
+  bool isAvailable = true;
+  int requests = 0;
+  std::vector<Notification> posted;
+  std::vector<std::string> withdrawn;
+
+ private:
+  std::function<void(const std::string&)> activation_;
+  std::function<void(bool)> availability_;
+};
+
+class FakeWindowStyle : public WindowStyle {
+ public:
+  void prepare(QWindow& window, WindowRole role) override { prepared.emplace_back(&window, role); }
+  bool isCompositing() const override { return compositing; }
+  void setCompositingHandler(std::function<void(bool)> handler) override { handler_ = std::move(handler); }
+  void setRoundedMask(QWindow&, double x, double y, double width, double height, double radius) override {
+    masks.push_back({Rect{x, y, width, height}, radius});
+  }
+
+  void changeCompositing(bool is) {
+    compositing = is;
+    if (handler_) handler_(is);
+  }
+
+  bool compositing = true;
+  std::vector<std::pair<QWindow*, WindowRole>> prepared;
+  std::vector<std::pair<Rect, double>> masks;
+
+ private:
+  std::function<void(bool)> handler_;
+};
+
+class FakeSessionService : public SessionService {
+ public:
+  SessionRole start(const std::optional<Wish>& wish) override {
+    started.push_back(wish);
+    return role;
+  }
+  void setWishHandler(std::function<void(const Wish&)> handler) override { handler_ = std::move(handler); }
+
+  void ask(const Wish& wish) {
+    if (handler_) handler_(wish);
+  }
+
+  SessionRole role = SessionRole::owner;
+  std::vector<std::optional<Wish>> started;
+
+ private:
+  std::function<void(const Wish&)> handler_;
+};
+
+}  // namespace ambrel
