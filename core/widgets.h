@@ -1,0 +1,79 @@
+#pragma once
+// The catalogue of the bar: what every widget is called, looks like and asks for.
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "core/base/EnumText.h"
+#include "core/widgets/DockWidget.h"
+
+namespace ambrel {
+
+// In the order of the gallery.
+enum class WidgetGroup { system, productivity, weather, textTools, focus, developer, infoAndFun, media };
+
+template <>
+struct EnumText<WidgetGroup> {
+  using enum WidgetGroup;
+  static constexpr std::array table{
+      std::pair{system, std::string_view("system")},         std::pair{productivity, std::string_view("productivity")},
+      std::pair{weather, std::string_view("weather")},       std::pair{textTools, std::string_view("textTools")},
+      std::pair{focus, std::string_view("focus")},           std::pair{developer, std::string_view("developer")},
+      std::pair{infoAndFun, std::string_view("infoAndFun")}, std::pair{media, std::string_view("media")},
+  };
+};
+
+// What a licence may be asked for.
+enum class ProFeature { agentTracking, askBuddy, proactiveBuddy, screenNotes, translate, profileSwitching };
+
+template <>
+struct EnumText<ProFeature> {
+  using enum ProFeature;
+  static constexpr std::array table{
+      std::pair{agentTracking, std::string_view("agentTracking")},
+      std::pair{askBuddy, std::string_view("askBuddy")},
+      std::pair{proactiveBuddy, std::string_view("proactiveBuddy")},
+      std::pair{screenNotes, std::string_view("screenNotes")},
+      std::pair{translate, std::string_view("translate")},
+      std::pair{profileSwitching, std::string_view("profileSwitching")},
+  };
+};
+
+// The widths that a tile comes in; all are 64 tall.
+enum class TileSize { small, medium, large, extraLarge };
+
+// Logical pixels: 64, 112, 176, 240.
+constexpr double width(TileSize size) {
+  switch (size) {
+    case TileSize::small:
+      return 64;
+    case TileSize::medium:
+      return 112;
+    case TileSize::large:
+      return 176;
+    case TileSize::extraLarge:
+      return 240;
+  }
+  return 0;
+}
+
+// The catalogue. Texts are UTF-8 and live as long as the program; none is empty.
+std::string_view title(DockWidget widget);
+std::string_view description(DockWidget widget);
+std::string_view symbol(DockWidget widget);
+WidgetGroup group(DockWidget widget);
+// The heading over a group.
+std::string_view title(WidgetGroup group);
+
+// The size on a bar with room, and the least at which the tile can still say something.
+TileSize defaultSize(DockWidget widget);
+TileSize smallestSize(DockWidget widget);
+
+// Absent for a widget that is free.
+std::optional<ProFeature> requiredFeature(DockWidget widget);
+
+// Those whose title or description holds the query, letter case aside, in catalogue order; all for a blank query.
+std::vector<DockWidget> widgetsMatching(std::string_view query);
+
+}  // namespace ambrel
