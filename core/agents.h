@@ -1,0 +1,95 @@
+#pragma once
+// What the user's AI coding agents are doing, as read from the files that the agents themselves write.
+//
+// Every reader gives AgentSession records; it takes the home folder and the time, reads only dates and a bounded
+// slice of each recent file or a bounded query of a store, and never fails: bad input gives fewer sessions.
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/base/EnumText.h"
+#include "core/base/Instant.h"
+
+namespace ambrel {
+
+enum class AgentKind { claudeCode, codex, cursor, antigravity };
+
+template <>
+struct EnumText<AgentKind> {
+  static constexpr std::array table{
+      std::pair{AgentKind::claudeCode, std::string_view("claudeCode")},
+      std::pair{AgentKind::codex, std::string_view("codex")},
+      std::pair{AgentKind::cursor, std::string_view("cursor")},
+      std::pair{AgentKind::antigravity, std::string_view("antigravity")},
+  };
+};
+
+// "Claude Code"
+std::string_view displayName(AgentKind kind);
+// The application that comes forward for the kind: "com.openai.codex". The desktop maps it to what runs here.
+std::string_view bundleIdentifier(AgentKind kind);
+
+// In order of urgency: a smaller value is more urgent.
+enum class AgentStatus {
+  needsInput,  // blocked on the user
+  working,     // active a moment ago
+  finished,    // the last turn ended, not long ago
+  idle,        // nothing for a while, or killed
+};
+
+template <>
+struct EnumText<AgentStatus> {
+  static constexpr std::array table{
+      std::pair{AgentStatus::needsInput, std::string_view("needsInput")},
+      std::pair{AgentStatus::working, std::string_view("working")},
+      std::pair{AgentStatus::finished, std::string_view("finished")},
+      std::pair{AgentStatus::idle, std::string_view("idle")},
+  };
+};
+
+// One conversation. Texts are valid UTF-8.
+struct AgentSession {
+  std::string id;  // a prefix for the kind and the tool's own identifier: "claude:0b54c9de-..."
+  AgentKind kind = AgentKind::claudeCode;
+  std::string title;                   // never empty
+  std::optional<std::string> project;  // last component of the working folder
+  std::optional<std::string> detail;   // what it does now: a tool's name, "Thinking", "Done", "12 steps"
+  AgentStatus status = AgentStatus::idle;
+  Instant updatedAt;  // the file's modification date, or the store's own time stamp
+
+  friend bool operator==(const AgentSession&, const AgentSession&) = default;
+};
+
+struct AgentTiming {
+  AgentTiming() = delete;
+  static constexpr Seconds recentWindow{21600};    // a session without a change for longer is not listed
+  static constexpr Seconds workingTimeout{600};    // working without a change for longer is idle
+  static constexpr Seconds finishedTimeout{7200};  // finished without a change for longer is idle
+  // The status to show, `since` the last change. Exactly at a limit the status stays; needsInput never ages.
+  static AgentStatus aged(AgentStatus status, Seconds since);
+};
+
+class AgentSessionReader {
+ public:
+  virtual ~AgentSessionReader() = default;
+  // In no particular order. May be called from any thread, by one caller at a time.
+  virtual std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const = 0;
+};
+
+using AgentReaders = std::vector<std::unique_ptr<const AgentSessionReader>>;
+
+// Claude Code, Codex, Cursor, Antigravity. Two of them remember what they have parsed: keep the list between polls.
+AgentReaders makeAgentReaders();
+
+// What all readers give: the most urgent status first, in one status the newest first, then in the readers' order.
+std::vector<AgentSession> mergedSessions(const AgentReaders& readers, const std::filesystem::path& home, Instant now);
+
+// The last component of a path or of a "file://" URL; absent for no text, an empty one and a broken URL.
+// A slash at the end does not count; "/" gives "/".
+std::optional<std::string> projectName(std::optional<std::string_view> pathOrURL);
+
+}  // namespace ambrel
