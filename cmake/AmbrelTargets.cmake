@@ -40,15 +40,54 @@ function(ambrel_core_test name)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
 endfunction()
 
-# A QTest program, run without a display. One test class a source file, which includes its own .moc.
-# ambrel_qt_test(NAME SOURCES... LINK...)
+# A QML module: a static library of C++ types and QML files under one URI. Programs and tests that use it link it
+# through ambrel_qml_program or ambrel_qt_test, which add the module's plugin as well.
+# ambrel_qml_module(NAME URI a.b [QML FILES...] [SOURCES...] [RESOURCES...] [LINK PUBLIC_LIBRARIES...] [PRIVATE...])
+function(ambrel_qml_module name)
+  cmake_parse_arguments(ARG "" "URI" "QML;SOURCES;RESOURCES;LINK;PRIVATE" ${ARGN})
+  string(REPLACE "." "/" _path ${ARG_URI})
+  qt_add_library(${name} STATIC)
+  # Without the dependency on QtQuick and the import path, qmllint knows neither painted items nor our other modules.
+  qt_add_qml_module(${name}
+    URI ${ARG_URI} VERSION 1.0
+    DEPENDENCIES QtQuick
+    IMPORT_PATH ${PROJECT_BINARY_DIR}/qml
+    RESOURCE_PREFIX /qt/qml
+    OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml/${_path}
+    QML_FILES ${ARG_QML}
+    SOURCES ${ARG_SOURCES}
+    RESOURCES ${ARG_RESOURCES})
+  # The generated type registration includes the module's headers by their bare names.
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} Qt6::Quick PRIVATE ambrel_flags ${ARG_PRIVATE})
+endfunction()
+
+# Links QML modules and their plugins to a program; the engine needs addImportPath("qrc:/qt/qml").
+function(ambrel_link_qml_modules name)
+  foreach(_module IN LISTS ARGN)
+    target_link_libraries(${name} PRIVATE ${_module} ${_module}plugin)
+  endforeach()
+endfunction()
+
+# ambrel_qml_program(NAME SOURCES... MODULES QML_MODULES... LINK LIBRARIES...)
+function(ambrel_qml_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;MODULES;LINK" ${ARGN})
+  qt_add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ambrel_flags ${ARG_LINK} Qt6::Quick)
+  ambrel_link_qml_modules(${name} ${ARG_MODULES})
+endfunction()
+
+# A QTest program, run without a display and without a session bus. One test class a source file, which includes its
+# own .moc.
+# ambrel_qt_test(NAME SOURCES... [LINK LIBRARIES...] [MODULES QML_MODULES...])
 function(ambrel_qt_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;MODULES;LINK" ${ARGN})
   qt_add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE ambrel_flags ${ARG_LINK} Qt6::Test)
   target_compile_definitions(${name} PRIVATE AMBREL_CASES="${PROJECT_SOURCE_DIR}/tests/cases")
+  ambrel_link_qml_modules(${name} ${ARG_MODULES})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8;TZ=UTC")
+    "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8;TZ=UTC;DBUS_SESSION_BUS_ADDRESS=disabled:")
 endfunction()
