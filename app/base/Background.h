@@ -1,0 +1,16 @@
+#pragma once
+// Work that must not hold up the main thread.
+
+#include <functional>
+
+class QObject;
+
+namespace ambrel {
+
+// Runs `work` off the main thread, and then `done` on it. Tests pass one that waits until they let it go.
+using Background = std::function<void(std::function<void()> work, std::function<void()> done)>;
+
+// A small pool of low-priority threads that belongs to `context`; nothing is `done` after `context` has gone.
+Background makeBackground(QObject& context);
+
+}  // namespace ambrel
