@@ -1,0 +1,122 @@
+#pragma once
+// Profiles: named lists of widgets for the bar, and which of them is active on the connected displays.
+
+#include <filesystem>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/base/EnumText.h"
+#include "core/base/UUID.h"
+
+namespace ambrel {
+
+enum class DisplayContext { builtinOnly, external };
+
+template <>
+struct EnumText<DisplayContext> {
+  static constexpr std::array table{
+      std::pair{DisplayContext::builtinOnly, std::string_view("builtinOnly")},
+      std::pair{DisplayContext::external, std::string_view("external")},
+  };
+};
+
+struct DisplaySnapshot {
+  std::string name;
+  bool isBuiltin = false;
+  friend bool operator==(const DisplaySnapshot&, const DisplaySnapshot&) = default;
+};
+
+// One slot of a profile.
+struct DockItem {
+  UUID id;
+  // An application's identifier: a historic kind of slot, removed when the profiles are loaded.
+  std::optional<std::string> bundleID;
+  // The name of a DockWidget. One that this version does not know stays as it is.
+  std::optional<std::string> widget;
+
+  // A new slot with an id of its own.
+  static DockItem holding(std::string_view widget);
+  friend bool operator==(const DockItem&, const DockItem&) = default;
+};
+
+struct Profile {
+  UUID id;
+  std::string name;
+  // When this profile is chosen by itself; absent: never.
+  std::optional<DisplayContext> trigger;
+  // In bar order.
+  std::vector<DockItem> items;
+
+  // The two built-in profiles, "Laptop" and "Desk", with ids of their own at each call.
+  static std::vector<Profile> defaults();
+
+  bool contains(std::string_view widget) const;
+  // In front of the item with that id; at the end when there is none.
+  void insert(DockItem item, const std::optional<UUID>& before = std::nullopt);
+  // Onto the place that the target had: an item that moves towards the end comes to stand behind the target,
+  // one that moves towards the start in front of it. Nothing happens when either is missing.
+  void move(const UUID& itemID, const UUID& targetID);
+
+  friend bool operator==(const Profile&, const Profile&) = default;
+};
+
+// What a new profile begins with, and an old installation that never chose.
+std::span<const std::string_view> defaultWidgets();
+
+// External as soon as one display is not built in; no displays count as built in.
+DisplayContext displayContext(std::span<const DisplaySnapshot> displays);
+
+// The pinned profile; else the first whose trigger fits the displays; else the first. Null when there are none.
+const Profile* resolve(std::span<const Profile> profiles, std::span<const DisplaySnapshot> displays,
+                       const std::optional<UUID>& pinnedID);
+
+// Edits of a list of profiles. False, and nothing done, when no profile has the id; after true the list is to be saved.
+
+// Adds nothing to a profile that holds the widget already.
+bool addWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID,
+               const std::optional<UUID>& before = std::nullopt);
+// Every item with that widget.
+bool removeWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID);
+bool moveItem(std::vector<Profile>& profiles, const UUID& itemID, const UUID& targetID, const UUID& profileID);
+bool removeItem(std::vector<Profile>& profiles, const UUID& itemID, const UUID& profileID);
+// At the end, with the default widgets; gives its id.
+UUID addProfile(std::vector<Profile>& profiles, std::string name, std::optional<DisplayContext> trigger);
+// The last profile stays: false.
+bool deleteProfile(std::vector<Profile>& profiles, const UUID& id);
+
+// What an older version has left behind, brought up to date.
+struct UpdatedProfiles {
+  std::vector<Profile> profiles;
+  // The list was made from the global widget list under the defaults key "dockWidgets", which has served its purpose.
+  bool isConverted = false;
+  // Differs from what is stored, so it is to be saved.
+  bool isChanged = false;
+};
+// `dockWidgets`: the old global list; absent, the default widgets stand in for it. It counts only while no item
+// of any profile holds a widget. Slots that hold an application are removed.
+UpdatedProfiles updated(std::vector<Profile> loaded, const std::optional<std::vector<std::string>>& dockWidgets);
+
+// The array in profiles.json.
+
+struct LoadedProfiles {
+  std::vector<Profile> profiles;
+  // Why the defaults stand in for a file that is there: the line to log. The file stays as it is.
+  std::optional<std::string> problem;
+};
+// The defaults for a file that does not exist, cannot be read or does not decode. Keys that are not known are
+// passed over; a key that is missing or of another type makes the whole file count as unreadable.
+LoadedProfiles loadProfiles(const std::filesystem::path& file);
+// Throws FileError; the old file stays.
+void saveProfiles(const std::filesystem::path& file, const std::vector<Profile>& profiles);
+
+// Absent optionals are left out. Reading throws DecodingError or the library's own exception.
+void to_json(nlohmann::json& json, const DockItem& item);
+void from_json(const nlohmann::json& json, DockItem& item);
+void to_json(nlohmann::json& json, const Profile& profile);
+void from_json(const nlohmann::json& json, Profile& profile);
+
+}  // namespace ambrel

@@ -1,0 +1,129 @@
+#include <algorithm>
+
+#include "core/profiles.h"
+
+namespace ambrel {
+namespace {
+
+constexpr std::string_view initialWidgets[] = {"clipboard", "weather", "disk", "cpu", "clock"};
+constexpr std::string_view deskWidgets[] = {"clipboard", "date", "weather", "disk", "cpu", "battery", "clock"};
+
+Profile profileHolding(std::string name, std::optional<DisplayContext> trigger,
+                       std::span<const std::string_view> widgets) {
+  Profile profile{.id = UUID::random(), .name = std::move(name), .trigger = trigger, .items = {}};
+  for (const auto widget : widgets) profile.items.push_back(DockItem::holding(widget));
+  return profile;
+}
+
+auto positionOf(auto& items, const UUID& id) { return std::ranges::find(items, id, &DockItem::id); }
+
+Profile* profileWith(std::vector<Profile>& profiles, const UUID& id) {
+  const auto found = std::ranges::find(profiles, id, &Profile::id);
+  return found == profiles.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+DockItem DockItem::holding(std::string_view widget) {
+  return {.id = UUID::random(), .bundleID = std::nullopt, .widget = std::string(widget)};
+}
+
+std::vector<Profile> Profile::defaults() {
+  std::vector<Profile> profiles;
+  profiles.push_back(profileHolding("Laptop", DisplayContext::builtinOnly, initialWidgets));
+  profiles.push_back(profileHolding("Desk", DisplayContext::external, deskWidgets));
+  return profiles;
+}
+
+bool Profile::contains(std::string_view widget) const {
+  return std::ranges::any_of(items, [&](const DockItem& item) { return item.widget == widget; });
+}
+
+void Profile::insert(DockItem item, const std::optional<UUID>& before) {
+  items.insert(before ? positionOf(items, *before) : items.end(), std::move(item));
+}
+
+void Profile::move(const UUID& itemID, const UUID& targetID) {
+  const auto from = positionOf(items, itemID);
+  const auto to = positionOf(items, targetID);
+  if (from == items.end() || to == items.end()) return;
+  if (from < to)
+    std::rotate(from, from + 1, to + 1);
+  else
+    std::rotate(to, from, from + 1);
+}
+
+std::span<const std::string_view> defaultWidgets() { return initialWidgets; }
+
+DisplayContext displayContext(std::span<const DisplaySnapshot> displays) {
+  return std::ranges::all_of(displays, &DisplaySnapshot::isBuiltin) ? DisplayContext::builtinOnly
+                                                                    : DisplayContext::external;
+}
+
+const Profile* resolve(std::span<const Profile> profiles, std::span<const DisplaySnapshot> displays,
+                       const std::optional<UUID>& pinnedID) {
+  if (pinnedID)
+    if (const auto pinned = std::ranges::find(profiles, *pinnedID, &Profile::id); pinned != profiles.end())
+      return &*pinned;
+  const auto fitting = std::ranges::find(profiles, std::optional(displayContext(displays)), &Profile::trigger);
+  if (fitting != profiles.end()) return &*fitting;
+  return profiles.empty() ? nullptr : &profiles.front();
+}
+
+bool addWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID,
+               const std::optional<UUID>& before) {
+  Profile* profile = profileWith(profiles, profileID);
+  if (!profile) return false;
+  if (!profile->contains(widget)) profile->insert(DockItem::holding(widget), before);
+  return true;
+}
+
+bool removeWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID) {
+  Profile* profile = profileWith(profiles, profileID);
+  if (!profile) return false;
+  std::erase_if(profile->items, [&](const DockItem& item) { return item.widget == widget; });
+  return true;
+}
+
+bool moveItem(std::vector<Profile>& profiles, const UUID& itemID, const UUID& targetID, const UUID& profileID) {
+  Profile* profile = profileWith(profiles, profileID);
+  if (!profile) return false;
+  profile->move(itemID, targetID);
+  return true;
+}
+
+bool removeItem(std::vector<Profile>& profiles, const UUID& itemID, const UUID& profileID) {
+  Profile* profile = profileWith(profiles, profileID);
+  if (!profile) return false;
+  if (const auto found = positionOf(profile->items, itemID); found != profile->items.end()) profile->items.erase(found);
+  return true;
+}
+
+UUID addProfile(std::vector<Profile>& profiles, std::string name, std::optional<DisplayContext> trigger) {
+  return profiles.emplace_back(profileHolding(std::move(name), trigger, initialWidgets)).id;
+}
+
+bool deleteProfile(std::vector<Profile>& profiles, const UUID& id) {
+  if (profiles.size() < 2) return false;
+  return std::erase_if(profiles, [&](const Profile& profile) { return profile.id == id; }) > 0;
+}
+
+UpdatedProfiles updated(std::vector<Profile> loaded, const std::optional<std::vector<std::string>>& dockWidgets) {
+  UpdatedProfiles result{.profiles = std::move(loaded)};
+  const auto holdsWidget = [](const Profile& profile) {
+    return std::ranges::any_of(profile.items, [](const DockItem& item) { return item.widget.has_value(); });
+  };
+  if (std::ranges::none_of(result.profiles, holdsWidget)) {
+    const auto defaults = defaultWidgets();
+    const auto widgets = dockWidgets ? *dockWidgets : std::vector<std::string>(defaults.begin(), defaults.end());
+    for (Profile& profile : result.profiles)
+      for (const auto& widget : widgets) profile.items.push_back(DockItem::holding(widget));
+    result.isConverted = result.isChanged = true;
+  }
+  for (Profile& profile : result.profiles)
+    if (std::erase_if(profile.items, [](const DockItem& item) { return item.bundleID.has_value(); }) > 0)
+      result.isChanged = true;
+  return result;
+}
+
+}  // namespace ambrel

@@ -1,0 +1,154 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "core/base/Files.h"
+#include "core/profiles.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr std::string_view stored = R"([
+  {
+    "id": "00000000-0000-4000-8000-000000000001",
+    "items": [
+      {
+        "id": "00000000-0000-4000-8000-0000000000A1",
+        "widget": "clock"
+      },
+      {
+        "bundleID": "com.example.app",
+        "id": "00000000-0000-4000-8000-0000000000A2"
+      }
+    ],
+    "name": "Laptop \"one\"",
+    "trigger": "builtinOnly"
+  },
+  {
+    "id": "00000000-0000-4000-8000-000000000002",
+    "items": [],
+    "name": ""
+  }
+]
+)";
+
+class ProfileFile : public testing::Test {
+ protected:
+  LoadedProfiles loading(std::string_view bytes) {
+    makeFolders(file_.parent_path());
+    writeAtomically(file_, bytes);
+    return loadProfiles(file_);
+  }
+  static bool areDefaults(const std::vector<Profile>& profiles) {
+    return profiles.size() == 2 && profiles[0].name == "Laptop" && profiles[1].name == "Desk" &&
+           profiles[1].items.size() == 7;
+  }
+
+  TemporaryFolder folder_;
+  std::filesystem::path file_ = folder_.path() / "Ambrel" / "profiles.json";
+};
+
+TEST_F(ProfileFile, AFirstRunHasTheDefaultsAndNoProblemAndWritesNothing) {
+  const auto loaded = loadProfiles(file_);
+  EXPECT_TRUE(areDefaults(loaded.profiles));
+  EXPECT_EQ(loaded.problem, std::nullopt);
+  EXPECT_FALSE(std::filesystem::exists(file_.parent_path()));
+}
+
+TEST_F(ProfileFile, TheFirstSaveMakesTheFolderAndWhatIsSavedIsLoaded) {
+  const auto profiles = Profile::defaults();
+  saveProfiles(file_, profiles);
+  EXPECT_EQ(loadProfiles(file_).profiles, profiles);
+}
+
+TEST_F(ProfileFile, HoldsTheDocumentedKeysAndLeavesAbsentOnesOut) {
+  const auto loaded = loading(stored);
+  ASSERT_EQ(loaded.problem, std::nullopt);
+  ASSERT_EQ(loaded.profiles.size(), 2u);
+  EXPECT_EQ(loaded.profiles[0].trigger, DisplayContext::builtinOnly);
+  EXPECT_EQ(loaded.profiles[0].items[0].widget, "clock");
+  EXPECT_EQ(loaded.profiles[0].items[1].bundleID, "com.example.app");
+  EXPECT_EQ(loaded.profiles[1].trigger, std::nullopt);
+  saveProfiles(file_, loaded.profiles);
+  EXPECT_EQ(readFile(file_), stored);
+}
+
+TEST_F(ProfileFile, PassesOverUnknownKeysAndTakesNullForAbsent) {
+  const auto loaded = loading(
+      R"([{"id":"00000000-0000-4000-8000-000000000001","name":"A","trigger":null,"colour":[1,{"x":2}],)"
+      R"("items":[{"id":"00000000-0000-4000-8000-0000000000a1","widget":"unheardOf","bundleID":null,"size":9}]}])");
+  ASSERT_EQ(loaded.problem, std::nullopt);
+  EXPECT_EQ(loaded.profiles[0].trigger, std::nullopt);
+  // An id of a later version is kept for it.
+  EXPECT_EQ(loaded.profiles[0].items[0].widget, "unheardOf");
+  EXPECT_EQ(loaded.profiles[0].items[0].bundleID, std::nullopt);
+}
+
+TEST_F(ProfileFile, AnythingElseGivesTheDefaultsALineForTheLogAndStaysInPlace) {
+  const std::string good = R"("id":"00000000-0000-4000-8000-000000000001","name":"A","items":[])";
+  const std::string bad[] = {
+      "",
+      "null",
+      "{}",
+      "[",
+      "[{" + good + "}",
+      "[{" + good + "}] trailing",
+      "[null]",
+      "[[]]",
+      "[{}]",
+      R"([{"id":"00000000-0000-4000-8000-000000000001","items":[]}])",
+      R"([{"id":"00000000-0000-4000-8000-000000000001","name":"A"}])",
+      R"([{"id":"not an id","name":"A","items":[]}])",
+      R"([{"id":7,"name":"A","items":[]}])",
+      R"([{"id":"00000000-0000-4000-8000-000000000001","name":7,"items":[]}])",
+      R"([{"id":"00000000-0000-4000-8000-000000000001","name":"A","items":{}}])",
+      R"([{"id":"00000000-0000-4000-8000-000000000001","name":"A","items":["clock"]}])",
+      R"([{"id":"00000000-0000-4000-8000-000000000001","name":"A","items":[{"widget":"clock"}]}])",
+      R"([{"id":"00000000-0000-4000-8000-000000000001","name":"A",)"
+      R"("items":[{"id":"00000000-0000-4000-8000-0000000000a1","widget":5}]}])",
+      "[{" + good + R"(,"trigger":"sometimes"}])",
+      "[{" + good + R"(,"trigger":1}])",
+      "[{\"name\":\"\xff\xfe\"," + good.substr(0, 44) + "}]",
+      std::string(100'000, '['),
+      std::string("\0\0\0\0", 4),
+  };
+  for (const auto& bytes : bad) {
+    SCOPED_TRACE(bytes.substr(0, 100));
+    const auto loaded = loading(bytes);
+    EXPECT_TRUE(areDefaults(loaded.profiles));
+    ASSERT_TRUE(loaded.problem);
+    EXPECT_THAT(*loaded.problem, StartsWith("cannot read profiles, using defaults: "));
+    EXPECT_GT(loaded.problem->size(), 40u);
+    EXPECT_EQ(readFile(file_), bytes);
+  }
+}
+
+TEST_F(ProfileFile, AFolderInItsPlaceIsAProblemAndNotAFirstRun) {
+  makeFolders(file_);
+  const auto loaded = loadProfiles(file_);
+  EXPECT_TRUE(areDefaults(loaded.profiles));
+  ASSERT_TRUE(loaded.problem);
+  EXPECT_THAT(*loaded.problem, HasSubstr(file_.string()));
+  EXPECT_THROW(saveProfiles(file_, loaded.profiles), FileError);
+}
+
+TEST_F(ProfileFile, AnEmptyListIsAListWithoutProfiles) {
+  const auto loaded = loading("[]");
+  EXPECT_EQ(loaded.problem, std::nullopt);
+  EXPECT_TRUE(loaded.profiles.empty());
+}
+
+TEST_F(ProfileFile, ASaveThatFailsKeepsTheOldFile) {
+  const auto old = loading(stored).profiles;
+  const auto blocked = file_.parent_path() / "file" / "profiles.json";
+  writeAtomically(blocked.parent_path(), "in the way");
+  EXPECT_THROW(saveProfiles(blocked, old), FileError);
+  EXPECT_EQ(readFile(blocked.parent_path()), "in the way");
+}
+
+}  // namespace
+}  // namespace ambrel

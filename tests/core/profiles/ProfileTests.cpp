@@ -1,0 +1,218 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+
+#include "core/profiles.h"
+#include "core/widgets.h"
+
+namespace ambrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+UUID idOf(int number) {
+  UUID id;
+  id.bytes[15] = static_cast<std::uint8_t>(number);
+  return id;
+}
+
+DockItem item(int number, std::string widget) { return {.id = idOf(number), .bundleID = {}, .widget = widget}; }
+DockItem application(int number) { return {.id = idOf(number), .bundleID = "com.example.app", .widget = {}}; }
+
+Profile profile(int number, std::string name, std::optional<DisplayContext> trigger, std::vector<DockItem> items = {}) {
+  return {.id = idOf(number), .name = std::move(name), .trigger = trigger, .items = std::move(items)};
+}
+
+std::vector<std::string> widgetsOf(const Profile& profile) {
+  std::vector<std::string> widgets;
+  for (const auto& item : profile.items) widgets.push_back(item.widget.value_or("-"));
+  return widgets;
+}
+
+constexpr auto builtin = DisplayContext::builtinOnly;
+constexpr auto external = DisplayContext::external;
+
+TEST(Defaults, AreALaptopAndADeskWithIdsOfTheirOwn) {
+  const auto profiles = Profile::defaults();
+  ASSERT_EQ(profiles.size(), 2u);
+  EXPECT_EQ(profiles[0].name, "Laptop");
+  EXPECT_EQ(profiles[0].trigger, builtin);
+  EXPECT_THAT(widgetsOf(profiles[0]), ElementsAre("clipboard", "weather", "disk", "cpu", "clock"));
+  EXPECT_EQ(profiles[1].name, "Desk");
+  EXPECT_EQ(profiles[1].trigger, external);
+  EXPECT_THAT(widgetsOf(profiles[1]), ElementsAre("clipboard", "date", "weather", "disk", "cpu", "battery", "clock"));
+
+  std::set<UUID> ids;
+  for (const auto& list : {profiles, Profile::defaults()})
+    for (const auto& each : list) {
+      EXPECT_TRUE(ids.insert(each.id).second);
+      for (const auto& slot : each.items) {
+        EXPECT_TRUE(ids.insert(slot.id).second);
+        EXPECT_TRUE(fromName<DockWidget>(*slot.widget)) << *slot.widget;
+        EXPECT_EQ(slot.bundleID, std::nullopt);
+      }
+    }
+}
+
+struct Choice {
+  const char* what;
+  std::vector<Profile> profiles;
+  std::vector<DisplaySnapshot> displays;
+  std::optional<UUID> pinned;
+  std::optional<UUID> expected;
+};
+
+TEST(Resolve, ChoosesByPinThenByDisplaysThenTheFirst) {
+  const auto laptop = profile(1, "Laptop", builtin), desk = profile(2, "Desk", external),
+             second = profile(3, "Studio", external), never = profile(4, "Quiet", std::nullopt);
+  const DisplaySnapshot lid{"eDP-1", true}, monitor{"DP-2", false};
+  const Choice choices[] = {
+      {"the built-in display alone", {desk, laptop}, {lid}, {}, idOf(1)},
+      {"an external display among others", {laptop, desk}, {lid, monitor}, {}, idOf(2)},
+      {"an external display alone", {laptop, desk}, {monitor}, {}, idOf(2)},
+      {"no display counts as built in", {desk, laptop}, {}, {}, idOf(1)},
+      {"a pin wins over the displays", {laptop, desk}, {lid}, idOf(2), idOf(2)},
+      {"a stale pin has no effect", {laptop, desk}, {lid}, idOf(9), idOf(1)},
+      {"of two with one trigger the first", {laptop, desk, second}, {monitor}, {}, idOf(2)},
+      {"their order decides", {laptop, second, desk}, {monitor}, {}, idOf(3)},
+      {"no trigger fits: the first", {never, laptop}, {monitor}, {}, idOf(4)},
+      {"without a trigger never by itself", {never, laptop}, {lid}, {}, idOf(1)},
+      {"no profiles", {}, {lid}, idOf(1), {}},
+  };
+  for (const Choice& choice : choices) {
+    SCOPED_TRACE(choice.what);
+    const Profile* active = resolve(choice.profiles, choice.displays, choice.pinned);
+    EXPECT_EQ(active ? std::optional(active->id) : std::nullopt, choice.expected);
+  }
+}
+
+TEST(ProfileItems, MoveOntoATargetByTheDirectionOfTheMove) {
+  struct {
+    int moved, target;
+    std::vector<std::string> expected;
+  } const cases[] = {
+      {1, 3, {"b", "c", "a"}}, {3, 1, {"c", "a", "b"}}, {1, 2, {"b", "a", "c"}}, {2, 1, {"b", "a", "c"}},
+      {2, 3, {"a", "c", "b"}}, {2, 2, {"a", "b", "c"}}, {9, 1, {"a", "b", "c"}}, {1, 9, {"a", "b", "c"}},
+  };
+  for (const auto& each : cases) {
+    auto edited = profile(1, "P", {}, {item(1, "a"), item(2, "b"), item(3, "c")});
+    edited.move(idOf(each.moved), idOf(each.target));
+    EXPECT_EQ(widgetsOf(edited), each.expected) << each.moved << " onto " << each.target;
+  }
+}
+
+TEST(ProfileItems, InsertInFrontOfAnItemOrAtTheEnd) {
+  struct {
+    std::optional<UUID> before;
+    std::vector<std::string> expected;
+  } const cases[] = {{idOf(1), {"x", "a", "b"}},
+                     {idOf(2), {"a", "x", "b"}},
+                     {std::nullopt, {"a", "b", "x"}},
+                     {idOf(9), {"a", "b", "x"}}};
+  for (const auto& each : cases) {
+    auto edited = profile(1, "P", {}, {item(1, "a"), item(2, "b")});
+    edited.insert(item(3, "x"), each.before);
+    EXPECT_EQ(widgetsOf(edited), each.expected);
+  }
+}
+
+TEST(ProfileItems, AreFoundByTheirWholeWidgetId) {
+  const auto some = profile(1, "P", {}, {application(1), item(2, "cpuChart")});
+  EXPECT_TRUE(some.contains("cpuChart"));
+  EXPECT_FALSE(some.contains("cpu"));
+  EXPECT_FALSE(some.contains(""));
+}
+
+class Edits : public testing::Test {
+ protected:
+  std::vector<Profile> profiles_{profile(1, "A", builtin, {item(11, "cpu"), item(12, "clock"), item(13, "cpu")}),
+                                 profile(2, "B", external, {item(21, "cpu")})};
+  const std::vector<Profile> before_ = profiles_;
+};
+
+TEST_F(Edits, AnUnknownProfileIsLeftAloneAndNotSaved) {
+  EXPECT_FALSE(addWidget(profiles_, "date", idOf(9)));
+  EXPECT_FALSE(removeWidget(profiles_, "cpu", idOf(9)));
+  EXPECT_FALSE(moveItem(profiles_, idOf(11), idOf(12), idOf(9)));
+  EXPECT_FALSE(removeItem(profiles_, idOf(11), idOf(9)));
+  EXPECT_FALSE(deleteProfile(profiles_, idOf(9)));
+  EXPECT_EQ(profiles_, before_);
+}
+
+TEST_F(Edits, AWidgetStandsAtMostOnceInAProfileYetTheEditIsSaved) {
+  EXPECT_TRUE(addWidget(profiles_, "cpu", idOf(2)));
+  EXPECT_EQ(profiles_, before_);
+  EXPECT_TRUE(addWidget(profiles_, "date", idOf(2), idOf(21)));
+  EXPECT_THAT(widgetsOf(profiles_[1]), ElementsAre("date", "cpu"));
+  EXPECT_NE(profiles_[1].items[0].id, UUID{});
+  EXPECT_EQ(profiles_[0], before_[0]);
+}
+
+TEST_F(Edits, RemoveAllSlotsOfAWidgetOrOneSlot) {
+  EXPECT_TRUE(removeWidget(profiles_, "cpu", idOf(1)));
+  EXPECT_THAT(widgetsOf(profiles_[0]), ElementsAre("clock"));
+  EXPECT_EQ(profiles_[1], before_[1]);
+  EXPECT_TRUE(removeItem(profiles_, idOf(12), idOf(1)));
+  EXPECT_THAT(profiles_[0].items, IsEmpty());
+  // An item of another profile is not in this one.
+  EXPECT_TRUE(removeItem(profiles_, idOf(21), idOf(1)));
+  EXPECT_EQ(profiles_[1], before_[1]);
+}
+
+TEST_F(Edits, ANewProfileStandsLastAndHoldsTheDefaultWidgets) {
+  const UUID id = addProfile(profiles_, "C", external);
+  ASSERT_EQ(profiles_.size(), 3u);
+  EXPECT_EQ(profiles_[2].id, id);
+  EXPECT_EQ(profiles_[2].name, "C");
+  EXPECT_EQ(profiles_[2].trigger, external);
+  EXPECT_THAT(widgetsOf(profiles_[2]), ElementsAre("clipboard", "weather", "disk", "cpu", "clock"));
+}
+
+TEST_F(Edits, TheLastProfileCannotBeDeleted) {
+  EXPECT_TRUE(deleteProfile(profiles_, idOf(1)));
+  ASSERT_EQ(profiles_.size(), 1u);
+  EXPECT_EQ(profiles_[0], before_[1]);
+  EXPECT_FALSE(deleteProfile(profiles_, idOf(2)));
+  EXPECT_EQ(profiles_.size(), 1u);
+}
+
+TEST(OldInstallation, ItsWidgetListIsGivenToEveryProfile) {
+  const auto result = updated({profile(1, "A", builtin, {application(1)}), profile(2, "B", external)},
+                              std::vector<std::string>{"clock", "memory"});
+  EXPECT_TRUE(result.isConverted);
+  EXPECT_TRUE(result.isChanged);
+  ASSERT_EQ(result.profiles.size(), 2u);
+  EXPECT_THAT(widgetsOf(result.profiles[0]), ElementsAre("clock", "memory"));
+  EXPECT_THAT(widgetsOf(result.profiles[1]), ElementsAre("clock", "memory"));
+  EXPECT_NE(result.profiles[0].items[0].id, result.profiles[1].items[0].id);
+}
+
+TEST(OldInstallation, WithoutAListItGetsTheDefaultWidgetsAndAnEmptyListStaysEmpty) {
+  EXPECT_THAT(widgetsOf(updated({profile(1, "A", builtin)}, std::nullopt).profiles[0]),
+              ElementsAre("clipboard", "weather", "disk", "cpu", "clock"));
+  const auto empty = updated({profile(1, "A", builtin)}, std::vector<std::string>{});
+  EXPECT_TRUE(empty.isConverted);
+  EXPECT_THAT(empty.profiles[0].items, IsEmpty());
+}
+
+TEST(OldInstallation, OneWidgetAnywhereMeansThatTheListHasBeenConverted) {
+  const std::vector<Profile> stored{profile(1, "A", builtin), profile(2, "B", external, {item(21, "cpu")})};
+  const auto result = updated(stored, std::vector<std::string>{"clock"});
+  EXPECT_FALSE(result.isConverted);
+  EXPECT_FALSE(result.isChanged);
+  EXPECT_EQ(result.profiles, stored);
+}
+
+TEST(OldInstallation, SlotsOfApplicationsAreRemovedWhateverElseTheyHold) {
+  auto both = item(3, "date");
+  both.bundleID = "com.example.app";
+  const auto result =
+      updated({profile(1, "A", builtin, {application(1), item(2, "cpu"), both}), profile(2, "B", external)}, {});
+  EXPECT_FALSE(result.isConverted);
+  EXPECT_TRUE(result.isChanged);
+  EXPECT_THAT(widgetsOf(result.profiles[0]), ElementsAre("cpu"));
+}
+
+}  // namespace
+}  // namespace ambrel
