@@ -1,0 +1,91 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/dock.h"
+
+namespace ambrel {
+namespace {
+
+using enum TileSize;
+using testing::ElementsAre;
+
+std::vector<double> widths(const TileLayout& layout) {
+  std::vector<double> result;
+  for (const Rect& tile : layout.tiles) result.push_back(tile.width);
+  return result;
+}
+
+TileLayout rowOf(std::vector<TileRequest> requests, double maxLength) {
+  return fittedTiles(requests, DockEdge::bottom, maxLength);
+}
+
+TEST(TileRow, StandsSideBySideWithPaddingAndGaps) {
+  const auto layout = rowOf({{small, small}, {large, medium}, {medium, small}}, 1000);
+  EXPECT_THAT(layout.tiles, ElementsAre(Rect{8, 8, 64, 64}, Rect{80, 8, 176, 64}, Rect{264, 8, 112, 64}));
+  EXPECT_EQ(layout.width, 384);
+  EXPECT_EQ(layout.contentLength, 384);
+  EXPECT_EQ(layout.height, 80);
+  EXPECT_FALSE(layout.isScrolling);
+}
+
+TEST(TileRow, WithoutTilesIsItsPadding) {
+  EXPECT_EQ(rowOf({}, 1000).width, 16);
+  EXPECT_EQ(rowOf({{small, small}}, 1000).width, 80);
+}
+
+TEST(TileRow, StepsTheWidestDownUntilItFits) {
+  const std::vector<TileRequest> requests{{extraLarge, medium}, {medium, small}, {extraLarge, small}, {large, small}};
+  struct {
+    double maxLength;
+    std::vector<double> expected;
+    bool isScrolling;
+  } const cases[] = {
+      {808, {240, 112, 240, 176}, false}, {807, {240, 112, 176, 176}, false}, {744, {240, 112, 176, 176}, false},
+      {743, {176, 112, 176, 176}, false}, {679, {176, 112, 176, 112}, false}, {616, {176, 112, 176, 112}, false},
+      {615, {176, 112, 112, 112}, false}, {551, {112, 112, 112, 112}, false}, {487, {112, 112, 112, 64}, false},
+      {439, {112, 112, 64, 64}, false},   {391, {112, 64, 64, 64}, false},    {344, {112, 64, 64, 64}, false},
+      {343, {112, 64, 64, 64}, true},     {0, {112, 64, 64, 64}, true},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.maxLength);
+    const auto layout = rowOf(requests, each.maxLength);
+    EXPECT_EQ(widths(layout), each.expected);
+    EXPECT_EQ(layout.isScrolling, each.isScrolling);
+    EXPECT_LE(layout.width, each.maxLength);
+    EXPECT_EQ(layout.width, each.isScrolling ? each.maxLength : layout.contentLength);
+    EXPECT_EQ(layout.tiles.back().maxX() + TileLayout::padding, layout.contentLength);
+  }
+}
+
+TEST(TileColumn, StandsFromTopToBottomAsWideAsTheWidestHasToBe) {
+  const std::vector<TileRequest> requests{{small, small}, {extraLarge, small}, {medium, small}};
+  for (const DockEdge edge : {DockEdge::left, DockEdge::right}) {
+    const auto layout = fittedTiles(requests, edge, 500);
+    EXPECT_THAT(layout.tiles, ElementsAre(Rect{8, 152, 112, 64}, Rect{8, 80, 112, 64}, Rect{8, 8, 112, 64}));
+    EXPECT_EQ(layout.width, 128);
+    EXPECT_EQ(layout.height, 224);
+    EXPECT_FALSE(layout.isScrolling);
+  }
+  const std::vector<TileRequest> narrow{{small, small}, {small, small}}, wide{{small, small}, {extraLarge, large}};
+  EXPECT_EQ(fittedTiles(narrow, DockEdge::left, 500).width, 80);
+  EXPECT_EQ(fittedTiles(wide, DockEdge::left, 500).width, 192);
+}
+
+TEST(TileColumn, ScrollsBelowTheBarWhenItIsTooLong) {
+  const std::vector<TileRequest> requests(3, TileRequest{small, small});
+  const auto layout = fittedTiles(requests, DockEdge::left, 200);
+  EXPECT_TRUE(layout.isScrolling);
+  EXPECT_EQ(layout.height, 200);
+  EXPECT_EQ(layout.contentLength, 224);
+  EXPECT_EQ(layout.tiles.front(), (Rect{8, 128, 64, 64}));
+  EXPECT_EQ(layout.tiles.back(), (Rect{8, -16, 64, 64}));
+}
+
+TEST(TileRequests, ComeFromTheCatalogue) {
+  EXPECT_EQ(tileRequest("claudeUsage"), (TileRequest{extraLarge, medium}));
+  EXPECT_EQ(tileRequest("buddy"), (TileRequest{small, small}));
+  EXPECT_EQ(tileRequest("from a later version"), (TileRequest{medium, small}));
+}
+
+}  // namespace
+}  // namespace ambrel
