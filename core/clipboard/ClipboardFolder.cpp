@@ -1,0 +1,120 @@
+#include "core/clipboard/ClipboardFolder.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <openssl/evp.h>
+#include <stdexcept>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ambrel {
+namespace {
+
+constexpr std::string_view imageSuffix = ".png";
+constexpr std::size_t digestDigits = 64;
+
+bool isHexadecimal(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); });
+}
+
+std::filesystem::path asideName(const std::filesystem::path& library, int number) {
+  std::filesystem::path name = library;
+  name += ".unreadable";
+  if (number > 1) name += "." + std::to_string(number);
+  return name;
+}
+
+// What an interrupted atomic write leaves beside an image: ".<name>.XXXXXX".
+bool isLeftover(std::string_view name) {
+  constexpr std::size_t length = 1 + digestDigits + imageSuffix.size() + 7;
+  return name.size() == length && name.front() == '.' && isImageName(name.substr(1, digestDigits + imageSuffix.size()));
+}
+
+}  // namespace
+
+std::string imageName(std::string_view png) {
+  std::array<unsigned char, 32> digest{};
+  unsigned int length = 0;
+  if (EVP_Digest(png.data(), png.size(), digest.data(), &length, EVP_sha256(), nullptr) != 1)
+    throw std::runtime_error("cannot compute a SHA-256 digest");
+  constexpr std::string_view hex = "0123456789abcdef";
+  std::string name;
+  for (const unsigned char byte : digest) name += {hex[byte >> 4], hex[byte & 15]};
+  return name.append(imageSuffix);
+}
+
+bool isImageName(std::string_view name) {
+  return name.size() == digestDigits + imageSuffix.size() && name.ends_with(imageSuffix) &&
+         isHexadecimal(name.substr(0, digestDigits));
+}
+
+ClipboardFolder::ClipboardFolder(std::filesystem::path folder)
+    : folder_(std::move(folder)), store_{folder_ / "library.json"} {}
+
+ClipboardLibrary ClipboardFolder::load() {
+  // Until it has been read, the file counts as one that must not be lost.
+  isUnreadable_ = true;
+  auto library = store_.load();
+  isUnreadable_ = false;
+  return library.value_or(ClipboardLibrary{});
+}
+
+void ClipboardFolder::save(const ClipboardLibrary& library) {
+  makePrivate();
+  if (isUnreadable_) setAside();
+  store_.save(library);
+  isUnreadable_ = false;
+}
+
+std::string ClipboardFolder::saveImage(std::string_view png) {
+  const std::string name = imageName(png);
+  const std::filesystem::path path = imagePath(name);
+  const auto status = fileStatus(path);
+  if (status && status->isRegular && status->size == png.size()) return name;
+  makePrivate();
+  makeFolders(path.parent_path());
+  writeAtomically(path, png);
+  return name;
+}
+
+std::filesystem::path ClipboardFolder::imagePath(std::string_view name) const { return folder_ / "Images" / name; }
+
+void ClipboardFolder::removeImages(std::span<const std::string> names) {
+  for (const std::string& name : names)
+    if (isImageName(name)) unlink(imagePath(name).c_str());
+}
+
+int ClipboardFolder::sweepOrphans(const std::set<std::string>& used) {
+  std::error_code ignored;
+  if (isUnreadable_ || std::filesystem::exists(asideName(store_.url, 1), ignored)) return 0;
+  int removed = 0;
+  std::filesystem::directory_iterator entries(folder_ / "Images", ignored);
+  if (ignored) return 0;
+  for (const auto& entry : entries) {
+    const std::string name = entry.path().filename().string();
+    const bool isOrphan = isImageName(name) && !used.contains(name);
+    if ((isOrphan || isLeftover(name)) && unlink(entry.path().c_str()) == 0) ++removed;
+  }
+  return removed;
+}
+
+void ClipboardFolder::makePrivate() const {
+  makeFolders(folder_);
+  if (chmod(folder_.c_str(), 0700) != 0) throw FileError("cannot set the permissions of", folder_, errno);
+}
+
+void ClipboardFolder::setAside() const {
+  constexpr int most = 99;
+  for (int number = 1; number <= most; ++number) {
+    const std::filesystem::path aside = asideName(store_.url, number);
+    if (link(store_.url.c_str(), aside.c_str()) == 0 || errno == ENOENT) return;
+    if (errno == EEXIST) continue;
+    // A file system without hard links.
+    if (rename(store_.url.c_str(), aside.c_str()) == 0) return;
+    throw FileError("cannot set aside", store_.url, errno);
+  }
+  throw FileError("cannot set aside", store_.url, EEXIST);
+}
+
+}  // namespace ambrel
