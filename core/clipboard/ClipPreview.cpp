@@ -124,7 +124,7 @@ std::string withoutSharedIndentation(const std::vector<std::string_view>& lines)
   for (const std::string_view line : lines)
     if (!trimmedOfWhitespace(line).empty()) shared = std::min(shared, indentation(line));
   std::string text;
-  for (const std::string_view line : lines) {
+  for (const std::string_view& line : lines) {
     if (&line != &lines.front()) text += '\n';
     text += line.substr(std::min(shared, line.size()));
   }
@@ -195,7 +195,7 @@ bool looksLikeCode(std::string_view text) {
     isIndented = isIndented || (lines > 1 && indentation(line) >= 2);
   }
   // One line in five is enough when the lines are indented, as those of code are.
-  if (lines == 1) return codeLines == 1;
+  if (lines <= 1) return codeLines == 1;
   return codeLines * 2 >= lines || (isIndented && codeLines * 5 >= lines);
 }
 

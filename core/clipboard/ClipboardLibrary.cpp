@@ -1,17 +1,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/base/Overloaded.h"
 #include "core/clipboard.h"
 
 namespace ambrel {
 namespace {
-
-template <typename... Cases>
-struct Overloaded : Cases... {
-  using Cases::operator()...;
-};
-template <typename... Cases>
-Overloaded(Cases...) -> Overloaded<Cases...>;
 
 // What tells two clips of one kind apart.
 std::string_view content(const ClipItem& item) {

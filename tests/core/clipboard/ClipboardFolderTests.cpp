@@ -1,0 +1,145 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "core/clipboard/ClipboardFolder.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/core/clipboard/Clips.h"
+
+namespace ambrel {
+namespace {
+
+using namespace clips;
+using testing::UnorderedElementsAre;
+
+const std::string emptyName = "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855.png";
+
+int modeOf(const std::filesystem::path& path) {
+  struct stat info {};
+  return stat(path.c_str(), &info) == 0 ? static_cast<int>(info.st_mode & 0777) : -1;
+}
+
+std::vector<std::string> namesIn(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  if (!std::filesystem::exists(folder)) return names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) names.push_back(entry.path().filename());
+  return names;
+}
+
+TEST(ClipboardFolder, AFirstRunIsEmptyAndTheFirstSaveMakesThePrivateFolder) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home / "Ambrel/Clipboard");
+  EXPECT_EQ(folder.load(), ClipboardLibrary{});
+  EXPECT_FALSE(std::filesystem::exists(folder.path()));
+  const ClipboardLibrary library{.items = {text(1, "words")}, .collections = {}};
+  folder.save(library);
+  const std::string name = folder.saveImage("picture");
+  EXPECT_EQ(modeOf(folder.path()), 0700);
+  EXPECT_EQ(modeOf(folder.path() / "Images"), 0700);
+  EXPECT_EQ(modeOf(folder.path() / "library.json"), 0600);
+  EXPECT_EQ(modeOf(folder.imagePath(name)), 0600);
+  EXPECT_EQ(ClipboardFolder(folder.path()).load(), library);
+}
+
+TEST(ClipboardFolder, AFolderThatOthersCouldReadIsClosed) {
+  TemporaryFolder home;
+  std::filesystem::create_directories(home / "Clipboard");
+  std::filesystem::permissions(home / "Clipboard", std::filesystem::perms(0755));
+  ClipboardFolder(home / "Clipboard").save({});
+  EXPECT_EQ(modeOf(home / "Clipboard"), 0700);
+}
+
+TEST(ClipboardFolder, AnUnreadableLibraryIsSetAsideBeforeTheFirstSave) {
+  TemporaryFolder home;
+  home.write("library.json", "{\"items\": [");
+  home.write("library.json.unreadable", "an earlier one");
+  ClipboardFolder folder(home.path());
+  EXPECT_THROW(folder.load(), DecodingError);
+  EXPECT_THAT(namesIn(home.path()), UnorderedElementsAre("library.json", "library.json.unreadable"));
+  folder.save({});
+  folder.save({.items = {text(1, "later")}, .collections = {}});
+  EXPECT_THAT(namesIn(home.path()),
+              UnorderedElementsAre("library.json", "library.json.unreadable", "library.json.unreadable.2"));
+  EXPECT_EQ(readFile(home / "library.json.unreadable"), "an earlier one");
+  EXPECT_EQ(readFile(home / "library.json.unreadable.2"), "{\"items\": [");
+  EXPECT_EQ(ClipboardFolder(home.path()).load().items.size(), 1u);
+}
+
+TEST(ClipboardFolder, ASaveThatFailsLeavesTheOldLibrary) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home / "Clipboard");
+  folder.save({.items = {text(1, "old")}, .collections = {}});
+  std::filesystem::remove(folder.path() / "library.json");
+  std::filesystem::create_directory(folder.path() / "library.json");
+  EXPECT_THROW(folder.save({}), FileError);
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "library.json"));
+}
+
+TEST(ClipboardFolder, OnePictureIsOneFile) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home.path());
+  EXPECT_EQ(folder.saveImage(""), emptyName);
+  const std::string name = folder.saveImage("picture");
+  EXPECT_EQ(folder.saveImage("picture"), name);
+  EXPECT_TRUE(isImageName(name));
+  EXPECT_EQ(readFile(folder.imagePath(name)), "picture");
+  EXPECT_THAT(namesIn(home / "Images"), UnorderedElementsAre(emptyName, name));
+}
+
+TEST(ClipboardFolder, AHalfWrittenPictureIsWrittenAgain) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home.path());
+  const std::string name = folder.saveImage("picture");
+  home.write("Images/" + name, "pic");
+  folder.saveImage("picture");
+  EXPECT_EQ(readFile(folder.imagePath(name)), "picture");
+}
+
+TEST(ClipboardFolder, RemovesNothingButPictures) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home.path());
+  const std::string name = folder.saveImage("picture");
+  folder.save({});
+  home.write("Images/notes.txt", "mine");
+  folder.removeImages(std::vector<std::string>{name, "../library.json", "notes.txt", "", emptyName});
+  EXPECT_THAT(namesIn(home / "Images"), UnorderedElementsAre("notes.txt"));
+  EXPECT_TRUE(std::filesystem::exists(home / "library.json"));
+}
+
+TEST(ClipboardFolder, SweepsThePicturesThatNothingUses) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home.path());
+  EXPECT_EQ(folder.sweepOrphans({}), 0);
+  const std::string used = folder.saveImage("used");
+  folder.saveImage("orphan");
+  home.write("Images/." + emptyName + ".aB3xyZ", "half");
+  home.write("Images/notes.txt", "mine");
+  EXPECT_EQ(folder.sweepOrphans({used}), 2);
+  EXPECT_THAT(namesIn(home / "Images"), UnorderedElementsAre(used, "notes.txt"));
+}
+
+TEST(ClipboardFolder, KeepsThePicturesThatAnUnreadableLibraryMayName) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home.path());
+  folder.saveImage("picture");
+  home.write("library.json", "?");
+  EXPECT_THROW(folder.load(), DecodingError);
+  EXPECT_EQ(folder.sweepOrphans({}), 0);
+  folder.save({});
+  ClipboardFolder later(home.path());
+  later.load();
+  EXPECT_EQ(later.sweepOrphans({}), 0);
+  std::filesystem::remove(home / "library.json.unreadable");
+  EXPECT_EQ(later.sweepOrphans({}), 1);
+}
+
+TEST(ClipboardFolder, NamesOfPicturesHaveOneForm) {
+  EXPECT_TRUE(isImageName(emptyName));
+  std::string capital = emptyName;
+  capital[0] = 'E';
+  for (const std::string& name : {capital, emptyName.substr(1), "../" + emptyName.substr(3), std::string(".png")})
+    EXPECT_FALSE(isImageName(name)) << name;
+}
+
+}  // namespace
+}  // namespace ambrel
