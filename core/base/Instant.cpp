@@ -1,9 +1,8 @@
 #include "core/base/Instant.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
 
 namespace ambrel {
 namespace {
@@ -49,9 +48,8 @@ std::optional<minutes> zoneOffset(std::string_view text) {
   text.remove_prefix(1);
   const auto hour = takeNumber(text, 2);
   if (!hour || *hour > 23) return std::nullopt;
-  take(text, ':');
   int minute = 0;
-  if (!text.empty()) {
+  if (take(text, ':') || !text.empty()) {
     const auto value = takeNumber(text, 2);
     if (!value || *value > 59 || !text.empty()) return std::nullopt;
     minute = *value;
@@ -66,7 +64,7 @@ Instant instantFromUnixSeconds(double seconds) {
   // Beyond this the conversion to microseconds would overflow.
   constexpr double limit = 9.2e12;
   if (std::isnan(seconds)) return Instant{};
-  return Instant(microseconds(static_cast<std::int64_t>(std::floor(std::clamp(seconds, -limit, limit) * 1e6))));
+  return Instant(microseconds(static_cast<std::int64_t>(std::round(std::clamp(seconds, -limit, limit) * 1e6))));
 }
 
 double unixSeconds(Instant instant) { return static_cast<double>(instant.time_since_epoch().count()) / 1e6; }

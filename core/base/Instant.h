@@ -13,7 +13,7 @@ using Instant = std::chrono::sys_time<std::chrono::microseconds>;
 // A span in seconds, with fractions; what thresholds and ages are given in.
 using Seconds = std::chrono::duration<double>;
 
-// Seconds since 1970. Fractions below a microsecond are dropped; values that do not fit are clamped.
+// Seconds since 1970, rounded to the nearest microsecond; values that do not fit are clamped, no number gives 1970.
 Instant instantFromUnixSeconds(double seconds);
 double unixSeconds(Instant instant);
 Instant instantFromUnixMilliseconds(std::int64_t milliseconds);

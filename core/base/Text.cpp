@@ -124,7 +124,11 @@ std::optional<std::string> percentDecoded(std::string_view text) {
 
 std::string shortestDecimal(double value) {
   std::array<char, 32> buffer;
-  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+  const double size = std::abs(value);
+  // Left alone, to_chars takes whichever notation is shorter: 100000 would read "1e+05".
+  const bool isPlain = size == 0 || (size >= 1e-4 && size < 1e16);
+  const auto format = isPlain ? std::chars_format::fixed : std::chars_format::scientific;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format);
   std::string text(buffer.data(), end);
   if (std::isfinite(value) && text.find_first_of(".e") == std::string::npos) text += ".0";
   return text;
@@ -154,6 +158,8 @@ std::optional<std::string> base64Decoded(std::string_view text) {
       if (value == std::string_view::npos) return std::nullopt;
       group = group << 6 | static_cast<std::uint32_t>(value);
     }
+    // Bits that belong to no byte: the same bytes would have two texts.
+    if ((group & ((1u << 8 * padding) - 1)) != 0) return std::nullopt;
     for (std::size_t k = 0; k < 3 - padding; ++k) out += static_cast<char>(group >> (16 - 8 * k) & 255);
   }
   return out;

@@ -24,10 +24,11 @@ std::string percentEncodedPath(std::string_view path);
 // Absent when a '%' is not followed by two hexadecimal digits.
 std::optional<std::string> percentDecoded(std::string_view text);
 
-// The shortest decimal that reads back to the same number; ".0" is added to a whole one ("12.0", "0.1", "1e+300").
+// The shortest decimal that reads back to the same number; ".0" is added to a whole one ("12.0", "0.1"). With an
+// exponent only below 0.0001 and from 1e16 on ("1e+300").
 std::string shortestDecimal(double value);
 
-// Without padding errors forgiven: absent for anything that is no canonical base 64.
+// Decoding forgives nothing: absent for anything that encoding would not have written.
 std::string base64Encoded(std::string_view bytes);
 std::optional<std::string> base64Decoded(std::string_view text);
 

@@ -1,1 +1,143 @@
 #include <gtest/gtest.h>
+#include <limits>
+
+#include "core/base/JSON.h"
+#include "core/base/JSONFileStore.h"
+#include "core/base/LineJSON.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+
+struct Note {
+  std::string text;
+  Instant at;
+  UUID id;
+  friend bool operator==(const Note&, const Note&) = default;
+};
+void to_json(JSON& json, const Note& note) { json = {{"text", note.text}, {"at", note.at}, {"id", note.id}}; }
+void from_json(const JSON& json, Note& note) {
+  note = {json.at("text").get<std::string>(), json.at("at").get<Instant>(), json.at("id").get<UUID>()};
+}
+
+namespace {
+
+std::string nested(int depth) { return std::string(depth, '[') + std::string(depth, ']'); }
+
+TEST(JSONText, HostileInputIsAbsent) {
+  for (const auto& text :
+       {std::string(), std::string("{"), std::string("nul"), std::string("1 2"), std::string("{'a':1}"),
+        std::string("[1,]"), std::string("\"\xff\""), std::string("\"\\ud800\""), std::string("NaN"),
+        std::string("\0", 1), std::string(1'000'000, '['), nested(202)})
+    EXPECT_FALSE(parseJSON(text)) << text.substr(0, 20);
+  EXPECT_TRUE(parseJSON(nested(200)));
+  EXPECT_TRUE(parseJSON(" {\"a\":1} \n"));
+}
+
+TEST(JSONText, IsWrittenWithSortedKeysAndRepairedText) {
+  EXPECT_EQ(prettyJSON({{"b", 1}, {"a", {true, nullptr}}}),
+            "{\n  \"a\": [\n    true,\n    null\n  ],\n  \"b\": 1\n}\n");
+  EXPECT_EQ(compactJSON({{"b", "\xff"}, {"a", 0.5}}), "{\"a\":0.5,\"b\":\"\xEF\xBF\xBD\"}");
+}
+
+TEST(JSONFields, AreAbsentWhenMissingOrOfAnotherType) {
+  const JSON json = *parseJSON(R"({"s":"x","b":true,"i":-3,"u":18446744073709551615,"d":2.9,"huge":1e300,
+                                   "o":{"k":1},"a":[1],"n":null})");
+  EXPECT_EQ(stringField(json, "s"), "x");
+  EXPECT_EQ(stringField(json, "i"), std::nullopt);
+  EXPECT_EQ(boolField(json, "b"), true);
+  EXPECT_EQ(boolField(json, "i"), std::nullopt);
+  EXPECT_EQ(integerField(json, "i"), -3);
+  EXPECT_EQ(integerField(json, "d"), 2);
+  EXPECT_EQ(integerField(json, "u"), std::nullopt);
+  EXPECT_EQ(integerField(json, "huge"), std::nullopt);
+  EXPECT_EQ(integerField(json, "b"), std::nullopt);
+  EXPECT_EQ(numberField(json, "i"), -3.0);
+  EXPECT_EQ(numberField(json, "s"), std::nullopt);
+  EXPECT_TRUE(objectField(json, "o"));
+  EXPECT_FALSE(objectField(json, "a"));
+  EXPECT_TRUE(arrayField(json, "a"));
+  EXPECT_FALSE(arrayField(json, "n"));
+  EXPECT_EQ(stringField(JSON::array(), "s"), std::nullopt);
+}
+
+TEST(JSONFileStore, SavesAreIdenticalToTheByteAndLoadBack) {
+  const TemporaryFolder folder;
+  const JSONFileStore<std::vector<Note>> store{folder / "Ambrel/notes.json"};
+  EXPECT_EQ(store.load(), std::nullopt);
+  const std::vector<Note> notes{{"one ✓", *parseISO8601("2026-11-21T09:00:00.5Z"), UUID::random()}};
+  store.save(notes);
+  const auto bytes = readFile(store.url);
+  EXPECT_EQ(store.load(), notes);
+  store.save(*store.load());
+  EXPECT_EQ(readFile(store.url), bytes);
+}
+
+TEST(JSONFileStore, WhatDoesNotDecodeThrowsAndStays) {
+  const TemporaryFolder folder;
+  const JSONFileStore<std::vector<Note>> store{folder / "notes.json"};
+  const std::string id = UUID::random().text();
+  for (const auto& bytes :
+       {std::string("{"), std::string("{}"), std::string("[{}]"), std::string(),
+        R"([{"text":"a","at":"yesterday","id":")" + id + "\"}]", R"([{"text":"a","at":5,"id":")" + id + "\"}]",
+        std::string(R"([{"text":"a","at":"2026-11-21T09:00:00Z","id":"no"}])")}) {
+    folder.write("notes.json", bytes);
+    EXPECT_THROW(store.load(), DecodingError) << bytes;
+    EXPECT_EQ(readFile(store.url), bytes);
+  }
+  const JSONFileStore<std::vector<Note>> unreadable{folder.path()};
+  EXPECT_THROW(unreadable.load(), FileError);
+}
+
+TEST(LineJSON, ReadsFieldsWhereTheyLieAndForgives) {
+  LineParser parser;
+  const auto line = parser.parse(R"({"t":"a\u00e9\n","n":3.7,"i":42,"big":9223372036854775807,"huge":1e300,"b":false,
+      "o":{"deep":{"t":"x"}},"list":[1,{"v":1},"s",{"v":2},null,{"v":3}],"z":null})");
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->text("t"), "aé\n");
+  EXPECT_EQ(line->text("n"), std::nullopt);
+  EXPECT_EQ(line->text("z"), std::nullopt);
+  EXPECT_EQ(line->number("n"), 3.7);
+  EXPECT_EQ(line->number("i"), 42.0);
+  EXPECT_EQ(line->integer("n"), 3);
+  EXPECT_EQ(line->integer("big"), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(line->integer("huge"), std::nullopt);
+  EXPECT_EQ(line->integer("t"), std::nullopt);
+  EXPECT_EQ(line->boolean("b"), false);
+  EXPECT_EQ(line->boolean("i"), std::nullopt);
+  EXPECT_EQ(line->object("o")->object("deep")->text("t"), "x");
+  EXPECT_FALSE(line->object("list"));
+  EXPECT_FALSE(line->object("missing"));
+
+  std::vector<std::int64_t> seen;
+  EXPECT_TRUE(line->eachObject("list", [&](const LineObject& each) {
+    seen.push_back(each.integer("v").value_or(-1));
+    return seen.size() < 2;
+  }));
+  EXPECT_EQ(seen, (std::vector<std::int64_t>{1, 2}));
+  EXPECT_FALSE(line->eachObject("o", [](const LineObject&) { return true; }));
+}
+
+TEST(LineJSON, ABadLineIsAbsentAndTheNextOneIsRead) {
+  LineParser parser;
+  for (const auto& bad : {std::string(), std::string("[1]"), std::string("\"text\""), std::string("{\"a\":1"),
+                          std::string("{\"a\":\"\xff\"}"), std::string("{\"a\":\"\\ud800\"}"),
+                          "{\"a\":" + nested(5000) + "}", std::string("{\"a\":1}{\"b\":2}")}) {
+    EXPECT_FALSE(parser.parse(bad)) << bad.substr(0, 20);
+    const auto good = parser.parse(R"({"a":1})");
+    ASSERT_TRUE(good);
+    EXPECT_EQ(good->integer("a"), 1);
+  }
+}
+
+TEST(LineJSON, ReadsAnArrayOfTexts) {
+  LineParser parser;
+  std::vector<std::string> texts;
+  const auto keep = [&](std::string_view text) { texts.emplace_back(text); };
+  EXPECT_TRUE(parser.parseTexts(R"(["a",1,"b",null])", keep));
+  EXPECT_EQ(texts, (std::vector<std::string>{"a", "b"}));
+  EXPECT_FALSE(parser.parseTexts(R"({"a":"b"})", keep));
+  EXPECT_FALSE(parser.parseTexts("[\"a\"", keep));
+}
+
+}  // namespace
+}  // namespace ambrel

@@ -1,1 +1,150 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits>
+
+#include "core/base/Files.h"
+#include "core/base/UserDefaults.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+namespace {
+
+class Defaults : public testing::Test {
+ protected:
+  UserDefaults opened() const { return UserDefaults(file_); }
+  UserDefaults holding(std::string_view bytes) const {
+    folder_.write("Ambrel/defaults.json", bytes);
+    return opened();
+  }
+
+  TemporaryFolder folder_;
+  std::filesystem::path file_ = folder_ / "Ambrel/defaults.json";
+};
+
+TEST_F(Defaults, EveryTypeComesBackAsItself) {
+  const DefaultsValue values[] = {
+      {true},
+      {false},
+      {std::int64_t{0}},
+      {std::int64_t{1}},
+      {std::numeric_limits<std::int64_t>::min()},
+      {std::numeric_limits<std::int64_t>::max()},
+      {1.0},
+      {0.1},
+      {-1e300},
+      {std::string()},
+      {std::string("Grüße \"quoted\"\n\t\\ \x01 ✓")},
+      {std::string("$data")},
+      {DefaultsData{}},
+      {DefaultsData{std::string("\0\xff\xfe binary", 10)}},
+      {Instant(std::chrono::microseconds(1'800'000'000'123'456))},
+      {DefaultsArray{}},
+      {DefaultsArray{{true}, {1.0}, {DefaultsArray{{DefaultsData{"x"}}}}}},
+      {DefaultsDictionary{}},
+      {DefaultsDictionary{{"2026-11-21", {std::int64_t{3}}}, {"", {std::string("empty key")}}}},
+      // Dictionaries that look like the forms of data and dates.
+      {DefaultsDictionary{{"$data", {std::string("QUJD")}}}},
+      {DefaultsDictionary{{"$date", {std::string("2026-11-21T09:00:00Z")}}}},
+      {DefaultsDictionary{{"$dictionary", {DefaultsDictionary{{"$data", {std::string("QUJD")}}}}}}},
+  };
+  {
+    auto defaults = opened();
+    for (std::size_t i = 0; i < std::size(values); ++i) defaults.set("key" + std::to_string(i), values[i]);
+  }
+  const auto again = opened();
+  for (std::size_t i = 0; i < std::size(values); ++i) {
+    const auto* value = again.object("key" + std::to_string(i));
+    ASSERT_TRUE(value) << i;
+    EXPECT_EQ(*value, values[i]) << i;
+  }
+}
+
+TEST_F(Defaults, AValueOfAnotherTypeIsAbsent) {
+  const auto defaults = holding(R"({"limit": "300", "on": 1, "level": true, "share": 3, "half": 3.5, "big": 1e19,
+      "names": ["a", 1], "list": ["a", "b"], "when": "2026-11-21T09:00:00Z", "nothing": null})");
+  EXPECT_EQ(defaults.integer("limit"), std::nullopt);
+  EXPECT_EQ(defaults.string("limit"), "300");
+  EXPECT_EQ(defaults.boolean("on"), std::nullopt);
+  EXPECT_EQ(defaults.integer("level"), std::nullopt);
+  EXPECT_EQ(defaults.number("share"), 3.0);
+  EXPECT_EQ(defaults.integer("half"), std::nullopt);
+  EXPECT_EQ(defaults.number("half"), 3.5);
+  EXPECT_EQ(defaults.integer("big"), std::nullopt);
+  EXPECT_EQ(defaults.strings("names"), std::nullopt);
+  EXPECT_THAT(defaults.strings("list").value(), testing::ElementsAre("a", "b"));
+  EXPECT_EQ(defaults.date("when"), std::nullopt);
+  EXPECT_EQ(defaults.data("when"), std::nullopt);
+  EXPECT_EQ(defaults.dictionary("list"), nullptr);
+  EXPECT_EQ(defaults.object("nothing"), nullptr);
+  EXPECT_EQ(defaults.object("missing"), nullptr);
+}
+
+TEST_F(Defaults, EachChangeIsOnDiskAtOnceAndForTheUserAlone) {
+  auto defaults = opened();
+  EXPECT_FALSE(std::filesystem::exists(file_.parent_path()));
+  defaults.set("a", DefaultsValue{true});
+  EXPECT_EQ(opened().boolean("a"), true);
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(file_).permissions(), perms::owner_read | perms::owner_write);
+  EXPECT_EQ(std::filesystem::status(file_.parent_path()).permissions(), perms::owner_all);
+  defaults.remove("a");
+  EXPECT_EQ(opened().object("a"), nullptr);
+}
+
+TEST_F(Defaults, AnEqualValueWritesNothing) {
+  auto defaults = opened();
+  defaults.set("a", DefaultsValue{std::int64_t{1}});
+  std::filesystem::remove(file_);
+  defaults.set("a", DefaultsValue{std::int64_t{1}});
+  defaults.remove("missing");
+  EXPECT_FALSE(std::filesystem::exists(file_));
+  defaults.set("a", DefaultsValue{1.0});
+  EXPECT_TRUE(std::filesystem::exists(file_));
+}
+
+TEST_F(Defaults, AFailedWriteThrowsAndTheChangeStandsInMemory) {
+  folder_.write("Ambrel", "a file where the folder should be");
+  auto defaults = opened();
+  EXPECT_THROW(defaults.set("a", DefaultsValue{true}), FileError);
+  EXPECT_EQ(defaults.boolean("a"), true);
+  EXPECT_EQ(readFile(folder_ / "Ambrel"), "a file where the folder should be");
+}
+
+TEST_F(Defaults, WhatCannotBeReadIsSetAsideBeforeItIsReplaced) {
+  for (const std::string& bytes :
+       {std::string("{\"a\": tru"), std::string("[1]"), std::string("\"text\""), std::string(), std::string("\xff\xfe"),
+        std::string(5000, '['), std::string("{\"a\":") + std::string(5000, '{')}) {
+    SCOPED_TRACE(bytes.substr(0, 20));
+    auto defaults = holding(bytes);
+    EXPECT_TRUE(defaults.all().empty());
+    EXPECT_EQ(readFile(file_), bytes);
+    defaults.set("b", DefaultsValue{true});
+    defaults.set("c", DefaultsValue{true});
+    auto aside = file_;
+    aside += ".unreadable";
+    EXPECT_EQ(readFile(aside), bytes);
+    EXPECT_EQ(opened().all().size(), 2u);
+  }
+}
+
+TEST_F(Defaults, KeysOfOtherVersionsStay) {
+  auto defaults = holding(R"({"fromLater": {"x": [1, {"$new": 2}]}, "$data": "QUJD"})");
+  defaults.set("mine", DefaultsValue{true});
+  const auto again = opened();
+  EXPECT_EQ(again.all().size(), 3u);
+  EXPECT_EQ(*again.object("fromLater"), *defaults.object("fromLater"));
+  EXPECT_EQ(again.string("$data"), "QUJD");
+}
+
+TEST_F(Defaults, AreTheSameToTheByteInWhateverOrderTheyWereSet) {
+  auto defaults = opened();
+  defaults.set("b", DefaultsValue{true});
+  defaults.set("a", std::vector<std::string>{"x"});
+  const auto first = readFile(file_);
+  defaults.remove("b");
+  defaults.set("b", DefaultsValue{true});
+  EXPECT_EQ(readFile(file_), first);
+}
+
+}  // namespace
+}  // namespace ambrel
