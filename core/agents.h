@@ -55,11 +55,11 @@ struct EnumText<AgentStatus> {
 struct AgentSession {
   std::string id;  // a prefix for the kind and the tool's own identifier: "claude:0b54c9de-..."
   AgentKind kind = AgentKind::claudeCode;
-  std::string title;                   // never empty
-  std::optional<std::string> project;  // last component of the working folder
-  std::optional<std::string> detail;   // what it does now: a tool's name, "Thinking", "Done", "12 steps"
+  std::string title;                        // never empty
+  std::optional<std::string> project = {};  // last component of the working folder
+  std::optional<std::string> detail = {};   // what it does now: a tool's name, "Thinking", "Done", "12 steps"
   AgentStatus status = AgentStatus::idle;
-  Instant updatedAt;  // the file's modification date, or the store's own time stamp
+  Instant updatedAt = {};  // the file's modification date, or the store's own time stamp
 
   friend bool operator==(const AgentSession&, const AgentSession&) = default;
 };

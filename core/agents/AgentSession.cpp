@@ -1,6 +1,10 @@
 #include <algorithm>
 
 #include "core/agents.h"
+#include "core/agents/AntigravityReader.h"
+#include "core/agents/ClaudeCodeReader.h"
+#include "core/agents/CodexReader.h"
+#include "core/agents/CursorReader.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
@@ -47,6 +51,15 @@ AgentStatus AgentTiming::aged(AgentStatus status, Seconds since) {
   if (status == AgentStatus::working && since > workingTimeout) return AgentStatus::idle;
   if (status == AgentStatus::finished && since > finishedTimeout) return AgentStatus::idle;
   return status;
+}
+
+AgentReaders makeAgentReaders() {
+  AgentReaders readers;
+  readers.push_back(std::make_unique<ClaudeCodeReader>());
+  readers.push_back(std::make_unique<CodexReader>());
+  readers.push_back(std::make_unique<CursorReader>());
+  readers.push_back(std::make_unique<AntigravityReader>());
+  return readers;
 }
 
 std::vector<AgentSession> mergedSessions(const AgentReaders& readers, const std::filesystem::path& home, Instant now) {

@@ -101,6 +101,19 @@ std::vector<SessionFile> recentSessionFiles(const std::filesystem::path& folder,
   return std::move(walk.found);
 }
 
+std::vector<std::string> possibleFolders(const std::filesystem::path& folder) {
+  std::vector<std::string> paths;
+  const Folder opened = openFolder(AT_FDCWD, folder.c_str(), 0);
+  if (!opened) return paths;
+  while (const dirent* entry = readdir(opened.get())) {
+    const std::string_view name = entry->d_name;
+    const unsigned char type = entry->d_type;
+    if (name == "." || name == ".." || (type != DT_DIR && type != DT_LNK && type != DT_UNKNOWN)) continue;
+    paths.push_back(folder.string().append(1, '/').append(name));
+  }
+  return paths;
+}
+
 std::string sessionIdentifier(std::string_view path) {
   path = path.substr(path.find_last_of('/') + 1);
   if (const auto dot = path.rfind('.'); dot != std::string_view::npos && dot > 0) path = path.substr(0, dot);

@@ -34,6 +34,9 @@ struct SessionFile {
 // Opens folders only; each *.jsonl entry costs one call.
 std::vector<SessionFile> recentSessionFiles(const std::filesystem::path& folder, Instant since, bool recursive);
 
+// The paths of what may be a folder in a folder: folders, and links, which may lead to one. Nothing is opened or asked.
+std::vector<std::string> possibleFolders(const std::filesystem::path& folder);
+
 // The file's name without its extension, as valid UTF-8: what the tools use as the identifier of a conversation.
 std::string sessionIdentifier(std::string_view path);
 
