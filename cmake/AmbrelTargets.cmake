@@ -2,6 +2,8 @@
 
 add_library(ambrel_flags INTERFACE)
 target_include_directories(ambrel_flags INTERFACE ${PROJECT_SOURCE_DIR})
+# "signals" and "emit" are words of ours too.
+target_compile_definitions(ambrel_flags INTERFACE QT_NO_KEYWORDS)
 # g++ 12 reports "x" + std::string as overlapping copies at -O3.
 target_compile_options(ambrel_flags INTERFACE -Wall -Wextra
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>

@@ -73,7 +73,7 @@ class RecordListModel : public QAbstractListModel {
     }
     if (rows_[i] == record) return;
     rows_[i] = record;
-    emit dataChanged(index(static_cast<int>(i)), index(static_cast<int>(i)));
+    Q_EMIT dataChanged(index(static_cast<int>(i)), index(static_cast<int>(i)));
   }
 
   auto at(std::size_t position) { return rows_.begin() + static_cast<std::ptrdiff_t>(position); }

@@ -36,7 +36,7 @@ std::vector<Row> keys(std::initializer_list<int> list) {
 class RecordListModelTests : public QObject {
   Q_OBJECT
 
- private slots:
+ private Q_SLOTS:
   void everyChangeOfOrderEndsInTheNewList() {
     const std::vector<std::vector<Row>> lists{
         {},           keys({1, 2, 3}), keys({3, 1, 2}),    keys({2}),       keys({5, 2, 4}), keys({4, 5}),
