@@ -1,0 +1,15 @@
+#pragma once
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+#include "core/focus.h"
+
+namespace ambrel {
+
+inline Instant at(const char* text) {
+  const auto instant = parseISO8601(text);
+  if (!instant) throw std::invalid_argument(text);
+  return *instant;
+}
+
+}  // namespace ambrel

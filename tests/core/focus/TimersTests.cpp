@@ -1,0 +1,92 @@
+#include "tests/core/focus/FocusSamples.h"
+
+namespace ambrel {
+namespace {
+
+using std::chrono::hours;
+using std::chrono::minutes;
+using std::chrono::seconds;
+
+const Instant noon = at("2026-11-21T12:00:00Z");
+
+TEST(Stopwatch, AddsUpItsRuns) {
+  StopwatchValue watch;
+  EXPECT_EQ(watch.elapsed(noon), Seconds(0));
+  watch.start(noon);
+  watch.start(noon + seconds(5));
+  EXPECT_EQ(watch.elapsed(noon + seconds(10)), Seconds(10));
+  watch.stop(noon + seconds(10));
+  watch.stop(noon + seconds(15));
+  EXPECT_EQ(watch.elapsed(noon + seconds(60)), Seconds(10));
+  watch.start(noon + seconds(60));
+  EXPECT_EQ(watch.elapsed(noon + seconds(61)), Seconds(11));
+  watch.clockMoved(-hours(1));
+  EXPECT_EQ(watch.elapsed(noon + seconds(62) - hours(1)), Seconds(12));
+  EXPECT_EQ(watch.elapsed(noon - hours(9)), Seconds(10)) << "a clock that was set back takes nothing away";
+  watch.reset();
+  EXPECT_EQ(watch, StopwatchValue{});
+}
+
+TEST(QuickTimer, FinishesOnce) {
+  QuickTimerValue timer;
+  timer.start(minutes(5), noon);
+  EXPECT_EQ(timer.remaining(noon + minutes(2)), minutes(3));
+  EXPECT_FALSE(timer.tick(noon + minutes(5) - seconds(1)));
+  EXPECT_TRUE(timer.tick(noon + minutes(6)));
+  EXPECT_EQ(timer.finishedAt, noon + minutes(5));
+  EXPECT_FALSE(timer.tick(noon + minutes(7)));
+  EXPECT_EQ(timer.notice(), (FocusNotice{"timer", "Timer finished", "5:00 is over."}));
+  timer.start(minutes(1), noon);
+  EXPECT_EQ(timer.finishedAt, std::nullopt);
+  timer.cancel();
+  EXPECT_FALSE(timer.tick(noon + hours(1)));
+}
+
+TEST(QuickTimer, KeepsItsLengthWithinADay) {
+  QuickTimerValue timer;
+  timer.start(Seconds(-3), noon);
+  EXPECT_EQ(timer.endDate, noon + seconds(1));
+  timer.start(hours(1000), noon);
+  EXPECT_EQ(timer.endDate, noon + hours(24));
+  timer.clockMoved(hours(1));
+  EXPECT_EQ(timer.remaining(noon + hours(1)), hours(24));
+}
+
+TEST(Breathing, GoesThroughItsRounds) {
+  using Kind = BreathingStep::Kind;
+  struct Row {
+    double time;
+    Kind kind;
+    double fullness, left;
+    int round;
+  };
+  for (const Row& row :
+       {Row{0, Kind::breatheIn, 0, 4, 1}, Row{1, Kind::breatheIn, 0.25, 3, 1}, Row{4, Kind::hold, 1, 4, 1},
+        Row{8, Kind::breatheOut, 1, 6, 1}, Row{11, Kind::breatheOut, 0.5, 3, 1}, Row{14, Kind::breatheIn, 0, 4, 2},
+        Row{69, Kind::breatheOut, 1.0 / 6, 1, 5}, Row{70, Kind::done, 0, 0, 5}, Row{1e9, Kind::done, 0, 0, 5},
+        Row{-1, Kind::breatheIn, 0, 4, 1}}) {
+    const auto step = breathingStep(Seconds(row.time));
+    EXPECT_EQ(step.kind, row.kind) << row.time;
+    EXPECT_NEAR(step.fullness, row.fullness, 1e-9) << row.time;
+    EXPECT_NEAR(step.left.count(), row.left, 1e-9) << row.time;
+    EXPECT_EQ(step.round, row.round) << row.time;
+  }
+}
+
+TEST(TimerTexts, CountDownToTheEndAndUpFromTheStart) {
+  for (const auto& [left, text] : {std::pair{1500.0, "25:00"},
+                                   {1499.2, "25:00"},
+                                   {59.0, "0:59"},
+                                   {0.1, "0:01"},
+                                   {0.0, "0:00"},
+                                   {-4.0, "0:00"},
+                                   {3600.0, "1:00:00"},
+                                   {3599.5, "1:00:00"}})
+    EXPECT_EQ(countdownText(Seconds(left)), text) << left;
+  for (const auto& [elapsed, text] :
+       {std::pair{0.9, "0:00"}, {59.9, "0:59"}, {3725.0, "1:02:05"}, {360000.0, "100:00:00"}})
+    EXPECT_EQ(elapsedText(Seconds(elapsed)), text) << elapsed;
+}
+
+}  // namespace
+}  // namespace ambrel
