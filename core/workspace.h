@@ -3,4 +3,8 @@
 // may be asked of a running bar.
 
 #include "core/base/Geometry.h"
+#include "core/workspace/Applications.h"
+#include "core/workspace/DesktopEntry.h"
+#include "core/workspace/Processes.h"
+#include "core/workspace/Struts.h"
 #include "core/workspace/Wish.h"

@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+
+#include "core/workspace/DesktopEntry.h"
+
+namespace ambrel {
+namespace {
+
+using Command = std::optional<std::vector<std::string>>;
+
+TEST(DesktopEntry, ReadsTheApplicationGroupAlone) {
+  const auto entry = parseDesktopEntry("org.example.Editor",
+                                       "# made by hand\n"
+                                       "Name=Not in a group\n"
+                                       "[Desktop Entry]\r\n"
+                                       "Type = Application\r\n"
+                                       "Name=Editor\n"
+                                       "Name[de]=Bearbeiter\n"
+                                       "Exec=editor --new %F\n"
+                                       "TryExec=/opt/editor\n"
+                                       "Icon=editor-icon\n"
+                                       "Path=/opt/a\\sb\n"
+                                       "StartupWMClass=Editor Main\n"
+                                       "Terminal=true\n"
+                                       "a line without a sign\n"
+                                       "[Desktop Action new]\n"
+                                       "Exec=editor --other\n");
+  ASSERT_TRUE(entry);
+  DesktopEntry expected;
+  expected.id = "org.example.Editor";
+  expected.name = "Editor";
+  expected.icon = "editor-icon";
+  expected.exec = "editor --new %F";
+  expected.tryExec = "/opt/editor";
+  expected.workingFolder = "/opt/a b";
+  expected.windowClass = "Editor Main";
+  expected.runsInTerminal = true;
+  EXPECT_EQ(*entry, expected);
+}
+
+TEST(DesktopEntry, WhatCannotBeStartedIsNone) {
+  EXPECT_FALSE(parseDesktopEntry("a", ""));
+  EXPECT_FALSE(parseDesktopEntry("a", "[Desktop Entry]\nType=Link\nExec=x\n"));
+  EXPECT_FALSE(parseDesktopEntry("a", "[Desktop Entry]\nType=Application\n"));
+  EXPECT_FALSE(parseDesktopEntry("a", "Type=Application\nExec=x\n"));
+  const auto hidden = parseDesktopEntry("a", "[Desktop Entry]\nHidden=true\n");
+  ASSERT_TRUE(hidden);
+  EXPECT_TRUE(hidden->isHidden);
+}
+
+TEST(DesktopEntry, IDsComeFromThePath) {
+  EXPECT_EQ(desktopEntryID("code.desktop"), "code");
+  EXPECT_EQ(desktopEntryID("kde/about.desktop"), "kde-about");
+  EXPECT_FALSE(desktopEntryID("mimeinfo.cache"));
+  EXPECT_FALSE(desktopEntryID(".desktop"));
+}
+
+TEST(DesktopEntry, CommandsFollowTheQuotingRules) {
+  struct Case {
+    std::string exec;
+    Command command;
+  };
+  const std::vector<Case> cases{
+      {"editor", {{"editor"}}},
+      {"  editor   -n\t--wait ", {{"editor", "-n", "--wait"}}},
+      {"/opt/x/editor %F", {{"/opt/x/editor"}}},
+      {"editor --open %U --last", {{"editor", "--open", "--last"}}},
+      {"editor --file=%f", {{"editor", "--file="}}},
+      {"editor %d%D%n%N%v%m", {{"editor"}}},
+      {"editor 100%%", {{"editor", "100%"}}},
+      {"editor %c %k", {{"editor", "The Editor", "/usr/share/applications/editor.desktop"}}},
+      {"editor %i", {{"editor", "--icon", "pen"}}},
+      {"\"/opt/My Editor/run\" \"\" x", {{"/opt/My Editor/run", "", "x"}}},
+      {R"(editor "a \" b \$HOME \` \\ c")", {{"editor", R"(a " b $HOME ` \ c)"}}},
+      {R"(editor "\n")", {{"editor", R"(\n)"}}},
+      {"env A=1 editor; rm -rf $HOME && x | y", {{"env", "A=1", "editor;", "rm", "-rf", "$HOME", "&&", "x", "|", "y"}}},
+      {"editor 50%", {{"editor", "50%"}}},
+      {"editor \"unfinished", std::nullopt},
+      {"editor \"unfinished\\", std::nullopt},
+      {"%F", std::nullopt},
+      {"\"\" x", std::nullopt},
+  };
+  DesktopEntry entry;
+  entry.name = "The Editor";
+  entry.icon = "pen";
+  for (const Case& test : cases) {
+    entry.exec = test.exec;
+    EXPECT_EQ(commandOf(entry, "/usr/share/applications/editor.desktop"), test.command) << test.exec;
+  }
+}
+
+TEST(DesktopEntry, NoIconGivesNoOption) {
+  DesktopEntry entry;
+  entry.exec = "editor %i x";
+  EXPECT_EQ(commandOf(entry, ""), (Command{{"editor", "x"}}));
+}
+
+}  // namespace
+}  // namespace ambrel

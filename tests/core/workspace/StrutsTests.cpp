@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "core/workspace/Struts.h"
+
+namespace ambrel {
+namespace {
+
+Strut bottom(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
+  Strut strut;
+  strut.bottom = depth;
+  strut.bottomStart = start;
+  strut.bottomEnd = end;
+  return strut;
+}
+
+Strut left(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
+  Strut strut;
+  strut.left = depth;
+  strut.leftStart = start;
+  strut.leftEnd = end;
+  return strut;
+}
+
+TEST(Struts, TwelveNumbersOrFour) {
+  const std::vector<std::uint32_t> twelve{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
+  const auto partial = parseStrut(twelve);
+  ASSERT_TRUE(partial);
+  EXPECT_EQ(partial->top, 3u);
+  EXPECT_EQ(partial->bottomStart, 11u);
+  EXPECT_EQ(partial->bottomEnd, 12u);
+  const auto whole = parseStrut(std::span(twelve).first(4));
+  ASSERT_TRUE(whole);
+  EXPECT_EQ(whole->bottom, 4u);
+  EXPECT_GT(whole->bottomEnd, 100000u);
+  EXPECT_FALSE(parseStrut(std::span(twelve).first(3)));
+}
+
+// Two screens side by side; the second is lower and ends above the lower edge of the desktop.
+constexpr Rect first{0, 0, 1600, 900};
+constexpr Rect second{1600, 100, 1280, 720};
+constexpr double desktopWidth = 2880;
+constexpr double desktopHeight = 900;
+
+TEST(Struts, CountWhereTheyReach) {
+  struct Case {
+    const char* what;
+    Strut strut;
+    Insets onFirst, onSecond;
+  };
+  Strut top;
+  top.top = 130;
+  top.topStart = 1600;
+  top.topEnd = 2879;
+  Strut right;
+  right.right = 40;
+  right.rightStart = 100;
+  right.rightEnd = 819;
+  const std::vector<Case> cases{
+      {"a panel below the first screen", bottom(30, 0, 1599), {0, 0, 0, 30}, {}},
+      {"a panel below the second screen is measured from the desktop's edge",
+       bottom(110, 1600, 2879),
+       {},
+       {0, 0, 0, 30}},
+      {"a panel below both", bottom(30, 0, 2879), {0, 0, 0, 30}, {}},
+      {"a range of zeroes means the whole edge", bottom(30, 0, 0), {0, 0, 0, 30}, {}},
+      {"one pixel into the second screen", bottom(90, 1000, 1600), {0, 0, 0, 90}, {0, 0, 0, 10}},
+      {"a panel above the second screen", top, {}, {0, 30, 0, 0}},
+      {"a panel at the right", right, {}, {0, 0, 40, 0}},
+      {"a panel at the left", left(64, 0, 899), {64, 0, 0, 0}, {}},
+      {"a panel at the inner left edge of the second screen does not swallow the first",
+       left(1650, 100, 819),
+       {},
+       {50, 0, 0, 0}},
+      {"a range that ends before it starts", bottom(30, 50, 10), {}, {}},
+      {"nothing", Strut{}, {}, {}},
+  };
+  for (const Case& test : cases) {
+    EXPECT_EQ(reservedEdges(first, desktopWidth, desktopHeight, {test.strut}), test.onFirst) << test.what;
+    EXPECT_EQ(reservedEdges(second, desktopWidth, desktopHeight, {test.strut}), test.onSecond) << test.what;
+  }
+}
+
+TEST(Struts, TheDeepestOnAnEdgeCounts) {
+  EXPECT_EQ(reservedEdges(first, desktopWidth, desktopHeight, {bottom(30, 0, 99), bottom(48, 200, 300), left(7, 0, 0)}),
+            (Insets{7, 0, 0, 48}));
+}
+
+}  // namespace
+}  // namespace ambrel
