@@ -21,9 +21,9 @@ class Screens {
  public:
   virtual ~Screens() = default;
 
-  // The main screen first; its lower left corner is the origin. Empty while no screen is connected.
+  // The main screen first; y is 0 at its lower edge, x is the window system's. Empty while no screen is connected.
   virtual std::vector<ScreenInfo> list() const = 0;
-  // What `flipped` needs to go between the frames above and the window system's coordinates.
+  // What `flipped` needs to go between these frames and the window system's coordinates.
   virtual double mainHeight() const = 0;
   // `handler` is called on the main thread after screens, their frames or their reserved edges changed.
   virtual void setChangeHandler(std::function<void()> handler) = 0;

@@ -1,6 +1,6 @@
 #pragma once
 // Points and rectangles in device-independent points. The core and the seam reckon with y upwards from the
-// lower edge of the main screen; window systems reckon downwards from its top. `flipped` goes either way.
+// lower edge of the main screen; window systems reckon downwards from the top. `flipped` goes either way; x stays.
 
 namespace ambrel {
 
@@ -33,7 +33,7 @@ struct Rect {
   bool operator==(const Rect&) const = default;
 };
 
-// `mainHeight` is the height of the main screen, whose lower left corner is the origin.
+// `mainHeight` is where the window system has the lower edge of the main screen: its height when it is at the top.
 constexpr Point flipped(Point point, double mainHeight) { return {point.x, mainHeight - point.y}; }
 constexpr Rect flipped(Rect rect, double mainHeight) {
   return {rect.x, mainHeight - rect.y - rect.height, rect.width, rect.height};

@@ -87,10 +87,6 @@ bool runs(string_view bundleID, const WindowRecord& window, const std::vector<Wi
                              [&](const std::string& agent) { return agent == bundleID; });
 }
 
-bool isMultiplexerServer(const ProcessRecord& process) {
-  return process.name == "tmux: server" || process.name == "screen" || process.name == "zellij";
-}
-
 bool isMultiplexerClient(const ProcessRecord& process) {
   return process.name == "tmux: client" || process.name == "screen" || process.name == "zellij";
 }

@@ -68,4 +68,8 @@ std::vector<const ProcessRecord*> processTree(const std::vector<ProcessRecord>& 
   return tree;
 }
 
+bool isMultiplexerServer(const ProcessRecord& process) {
+  return process.name == "tmux: server" || process.name == "screen" || process.name == "zellij";
+}
+
 }  // namespace ambrel

@@ -30,4 +30,7 @@ std::optional<std::uint32_t> parseWindowID(std::string_view environment);
 // was read while processes came and went may hold circles; each process comes once.
 std::vector<const ProcessRecord*> processTree(const std::vector<ProcessRecord>& table, int root);
 
+// Whether the process is a terminal multiplexer's server, which no terminal is the parent of.
+bool isMultiplexerServer(const ProcessRecord& process);
+
 }  // namespace ambrel

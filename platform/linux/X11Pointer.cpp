@@ -1,0 +1,69 @@
+#include "platform/linux/X11Pointer.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <utility>
+#include <xcb/xinput.h>
+
+namespace ambrel {
+namespace {
+
+// XInput 2.1 and later reports raw motion even while another program has grabbed the pointer.
+std::uint8_t rawMotionExtension(X11Connection& connection) {
+  const auto* extension = xcb_get_extension_data(connection.xcb(), &xcb_input_id);
+  if (!extension || !extension->present) return 0;
+  xcb_generic_error_t* error = nullptr;
+  const XcbPtr<xcb_input_xi_query_version_reply_t> version(
+      xcb_input_xi_query_version_reply(connection.xcb(), xcb_input_xi_query_version(connection.xcb(), 2, 2), &error));
+  std::free(error);
+  connection.repliesWereRead();
+  return version && version->major_version >= 2 ? extension->major_opcode : std::uint8_t{0};
+}
+
+}  // namespace
+
+X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
+  if (!connection_) return;
+  extension_ = rawMotionExtension(*connection_);
+  if (extension_ == 0) return;
+  watch_ = connection_->watch([this](const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7f) != XCB_GE_GENERIC) return;
+    const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+    if (generic.extension != extension_ || generic.event_type != XCB_INPUT_RAW_MOTION) return;
+    // Those that were on their way when listening stopped find nobody waiting.
+    auto onMove = std::exchange(onMove_, nullptr);
+    if (!onMove) return;
+    listen(false);
+    onMove();
+  });
+}
+
+std::optional<Point> X11Pointer::location() const {
+  const QScreen* main = QGuiApplication::primaryScreen();
+  if (!connection_ || connection_->isBroken() || !main) return std::nullopt;
+  const QPoint position = QCursor::pos();
+  const QRect frame = main->geometry();
+  return flipped(Point{double(position.x()), double(position.y())}, frame.y() + frame.height());
+}
+
+bool X11Pointer::wakeOnMove(std::function<void()> onMove) {
+  if (extension_ == 0 || connection_->isBroken()) return false;
+  if (!std::exchange(onMove_, std::move(onMove))) listen(true);
+  return true;
+}
+
+void X11Pointer::stopWaiting() {
+  if (std::exchange(onMove_, nullptr)) listen(false);
+}
+
+void X11Pointer::listen(bool isOn) {
+  struct {
+    xcb_input_event_mask_t head;
+    std::uint32_t mask;
+  } request{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, isOn ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_MOTION} : 0u};
+  xcb_input_xi_select_events(connection_->xcb(), connection_->root(), 1, &request.head);
+  connection_->flush();
+}
+
+}  // namespace ambrel

@@ -1,0 +1,111 @@
+#include "platform/linux/X11WindowStyle.h"
+
+#include <QRegion>
+#include <QVariant>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+#include <xcb/xfixes.h>
+
+namespace ambrel {
+namespace {
+
+// What the toolkit's X11 plug-in reads when it creates the window (_NET_WM_WINDOW_TYPE).
+constexpr const char* windowTypeProperty = "_q_xcb_wm_window_type";
+constexpr int dockType = 0x4;
+constexpr int utilityType = 0x20;
+constexpr int notificationType = 0x800;
+
+int typeOf(WindowRole role) {
+  switch (role) {
+    case WindowRole::dock:
+      return dockType;
+    case WindowRole::panel:
+      return utilityType;
+    case WindowRole::bubble:
+      return notificationType;
+  }
+  return dockType;
+}
+
+Qt::WindowFlags flagsOf(WindowRole role) {
+  constexpr Qt::WindowFlags common = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint;
+  switch (role) {
+    case WindowRole::dock:
+      return common | Qt::Window | Qt::WindowDoesNotAcceptFocus;
+    case WindowRole::panel:
+      return common | Qt::Tool;
+    case WindowRole::bubble:
+      return common | Qt::Tool | Qt::WindowDoesNotAcceptFocus;
+  }
+  return common;
+}
+
+}  // namespace
+
+X11WindowStyle::X11WindowStyle(X11Connection* connection) : connection_(connection) {
+  if (!connection_) return;
+  const std::string name = "_NET_WM_CM_S" + std::to_string(connection_->screenNumber());
+  selection_ = connection_->atom(name.c_str());
+  isCompositing_ = askForCompositor();
+  const auto* extension = xcb_get_extension_data(connection_->xcb(), &xcb_xfixes_id);
+  if (!extension || !extension->present) return;
+  firstEvent_ = extension->first_event;
+  // The server serves no request of the extension before it has been asked for its version.
+  const XcbPtr<xcb_xfixes_query_version_reply_t> version(
+      xcb_xfixes_query_version_reply(connection_->xcb(), xcb_xfixes_query_version(connection_->xcb(), 5, 0), nullptr));
+  xcb_xfixes_select_selection_input(connection_->xcb(), connection_->root(), selection_,
+                                    XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                        XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+  connection_->flush();
+  connection_->repliesWereRead();
+  watch_ = connection_->watch([this](const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7f) != firstEvent_ + XCB_XFIXES_SELECTION_NOTIFY) return;
+    const auto& notice = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+    if (notice.selection == selection_) refresh();
+  });
+}
+
+void X11WindowStyle::prepare(QWindow& window, WindowRole role) {
+  window.setProperty(windowTypeProperty, typeOf(role));
+  window.setFlags(flagsOf(role));
+}
+
+void X11WindowStyle::setCompositingHandler(std::function<void(bool)> handler) { handler_ = std::move(handler); }
+
+void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) {
+  if (radius <= 0 || width <= 0 || height <= 0) {
+    window.setMask(QRegion());
+    return;
+  }
+  const int left = int(std::lround(x));
+  const int top = int(std::lround(y));
+  const int columns = int(std::lround(width));
+  const int rows = int(std::lround(height));
+  const double corner = std::min({radius, width / 2, height / 2});
+  QRegion region;
+  for (int row = 0; row < rows; ++row) {
+    // From the middle of the row to the height at which the corner's arc begins.
+    const double rise = std::max({corner - (row + 0.5), (row + 0.5) - (rows - corner), 0.0});
+    const int inset = int(std::lround(corner - std::sqrt(std::max(0.0, corner * corner - rise * rise))));
+    region += QRect(left + inset, top + row, columns - 2 * inset, 1);
+  }
+  window.setMask(region);
+}
+
+bool X11WindowStyle::askForCompositor() const {
+  const XcbPtr<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+      connection_->xcb(), xcb_get_selection_owner(connection_->xcb(), selection_), nullptr));
+  connection_->repliesWereRead();
+  return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
+void X11WindowStyle::refresh() {
+  const bool is = askForCompositor();
+  if (is == isCompositing_) return;
+  isCompositing_ = is;
+  if (handler_) handler_(is);
+}
+
+}  // namespace ambrel

@@ -1,0 +1,136 @@
+#include "platform/linux/X11Workspace.h"
+
+#include <algorithm>
+#include <array>
+#include <unistd.h>
+
+#include "core/base/Text.h"
+#include "platform/linux/ProcessReader.h"
+
+namespace ambrel {
+namespace {
+
+std::string hostName() {
+  std::array<char, 256> name{};
+  return gethostname(name.data(), name.size() - 1) == 0 ? std::string(name.data()) : std::string();
+}
+
+std::vector<int> pidsOf(const std::vector<WindowRecord>& windows) {
+  std::vector<int> pids;
+  for (const WindowRecord& window : windows)
+    if (window.pid && std::ranges::find(pids, *window.pid) == pids.end()) pids.push_back(*window.pid);
+  return pids;
+}
+
+}  // namespace
+
+X11Workspace::X11Workspace(X11Connection* connection, std::filesystem::path proc, ProgramFolders folders)
+    : connection_(connection), proc_(std::move(proc)), programs_(std::move(folders)) {
+  if (!connection_) return;
+  connection_->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
+  lastActive_ = activeWindow();
+  const xcb_atom_t active = connection_->atom("_NET_ACTIVE_WINDOW");
+  watch_ = connection_->watch([this, active](const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY) return;
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    if (change.window != connection_->root() || change.atom != active) return;
+    const xcb_window_t now = activeWindow();
+    if (now == lastActive_) return;
+    lastActive_ = now;
+    if (handler_) handler_();
+  });
+}
+
+std::vector<std::string> X11Workspace::frontmost() const {
+  std::vector<std::string> found;
+  if (!isConnected()) return found;
+  const xcb_window_t active = activeWindow();
+  const auto all = windows();
+  const auto window = std::ranges::find(all, active, &WindowRecord::id);
+  if (active == XCB_WINDOW_NONE || window == all.end()) return found;
+  if (std::string own = applicationOf(*window, programs_.entries()); !own.empty()) found.push_back(std::move(own));
+  if (!window->pid) return found;
+  for (std::string& agent : agentsIn(*window, all, readProcesses(proc_, {*window->pid})))
+    if (std::ranges::find(found, agent) == found.end()) found.push_back(std::move(agent));
+  return found;
+}
+
+bool X11Workspace::isRunning(std::string_view bundleID) const { return findWindow(bundleID).has_value(); }
+
+bool X11Workspace::activate(std::string_view bundleID) {
+  const auto window = findWindow(bundleID);
+  if (!window) return false;
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = *window;
+  message.type = connection_->atom("_NET_ACTIVE_WINDOW");
+  message.data.data32[0] = 2;  // at the user's wish, through a panel
+  message.data.data32[1] = connection_->serverTime();
+  message.data.data32[2] = activeWindow();
+  xcb_send_event(connection_->xcb(), 0, connection_->root(),
+                 XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&message));
+  connection_->flush();
+  return true;
+}
+
+bool X11Workspace::open(std::string_view bundleID) {
+  const KnownApplication* known = findApplication(bundleID);
+  if (!known) {
+    const auto program = programs_.find(bundleID);
+    return program && openEntry(*program);
+  }
+  for (const std::string_view entry : known->entries)
+    if (const auto program = programs_.find(entry)) return openEntry(*program);
+  for (const std::string_view name : known->commands)
+    if (const auto command = programs_.command(name))
+      return startDetached(programs_.inTerminal({command->string()}), {});
+  return false;
+}
+
+bool X11Workspace::openEntry(const InstalledProgram& program) {
+  auto command = commandOf(program.entry, program.file.string());
+  if (!command) return false;
+  const auto executable = programs_.command(command->front());
+  if (!executable) return false;
+  command->front() = executable->string();
+  if (program.entry.runsInTerminal) command = programs_.inTerminal(*command);
+  return startDetached(*command, program.entry.workingFolder);
+}
+
+xcb_window_t X11Workspace::activeWindow() const {
+  const auto active = connection_->numbers(connection_->root(), connection_->atom("_NET_ACTIVE_WINDOW"));
+  return active.empty() ? xcb_window_t{XCB_WINDOW_NONE} : active.front();
+}
+
+std::vector<WindowRecord> X11Workspace::windows() const {
+  auto ids = connection_->numbers(connection_->root(), connection_->atom("_NET_CLIENT_LIST_STACKING"));
+  if (ids.empty()) ids = connection_->numbers(connection_->root(), connection_->atom("_NET_CLIENT_LIST"));
+  const auto pids = connection_->properties(ids, connection_->atom("_NET_WM_PID"));
+  const auto classes = connection_->properties(ids, XCB_ATOM_WM_CLASS);
+  const auto machines = connection_->properties(ids, XCB_ATOM_WM_CLIENT_MACHINE);
+  const std::string here = hostName();
+  std::vector<WindowRecord> list;
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    WindowRecord window;
+    window.id = ids[i];
+    // A process number of another machine means nothing here.
+    const bool isHere = machines[i].empty() || machines[i] == here;
+    if (const auto pid = numbersFromBytes(pids[i]); isHere && !pid.empty() && pid.front() > 1)
+      window.pid = static_cast<int>(pid.front());
+    const auto names = split(classes[i], '\0');
+    window.instance = names[0];
+    if (names.size() > 1) window.className = names[1];
+    list.push_back(std::move(window));
+  }
+  return list;
+}
+
+std::optional<std::uint32_t> X11Workspace::findWindow(std::string_view bundleID) const {
+  if (!isConnected()) return std::nullopt;
+  const auto all = windows();
+  return windowOf(bundleID, all, readProcesses(proc_, pidsOf(all)), programs_.entries());
+}
+
+}  // namespace ambrel

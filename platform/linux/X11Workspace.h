@@ -1,0 +1,40 @@
+#pragma once
+// Other programs under X11: the window manager's properties (EWMH), /proc and desktop entries.
+
+#include <filesystem>
+
+#include "core/workspace/Applications.h"
+#include "platform/Workspace.h"
+#include "platform/linux/InstalledPrograms.h"
+#include "platform/linux/X11Connection.h"
+
+namespace ambrel {
+
+class X11Workspace : public Workspace {
+ public:
+  // Without a connection nothing is in front and nothing runs; programs can still be opened.
+  X11Workspace(X11Connection* connection, std::filesystem::path proc, ProgramFolders folders);
+
+  std::vector<std::string> frontmost() const override;
+  void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
+  bool isRunning(std::string_view bundleID) const override;
+  bool activate(std::string_view bundleID) override;
+  bool open(std::string_view bundleID) override;
+
+ private:
+  bool isConnected() const { return connection_ && !connection_->isBroken(); }
+  xcb_window_t activeWindow() const;
+  // From the bottom to the top.
+  std::vector<WindowRecord> windows() const;
+  std::optional<std::uint32_t> findWindow(std::string_view bundleID) const;
+  bool openEntry(const InstalledProgram& program);
+
+  X11Connection* connection_;
+  std::filesystem::path proc_;
+  mutable InstalledPrograms programs_;
+  xcb_window_t lastActive_ = XCB_WINDOW_NONE;
+  std::function<void()> handler_;
+  X11Watch watch_;
+};
+
+}  // namespace ambrel
