@@ -9,9 +9,10 @@
 namespace ambrel {
 
 enum class SessionRole {
-  owner,       // this is the bar of the session
-  handedOver,  // a bar was running and has taken the wish: this process should end
-  alone,       // there is no session bus: run without the service
+  owner,        // this is the bar of the session
+  handedOver,   // a bar was running and has taken the wish: this process should end
+  notAnswered,  // a bar has the name but does not answer: this process should say so and end
+  alone,        // there is no session bus: run without the service
 };
 
 class SessionService {
