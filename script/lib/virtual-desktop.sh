@@ -1,0 +1,199 @@
+#!/usr/bin/env bash
+# A virtual desktop: an X server without a screen, a window manager, and what else is asked for. It ends with the
+# shell that started it, and leaves nothing behind.
+#
+# Run it:     script/lib/virtual-desktop.sh [OPTIONS] -- COMMAND [ARGUMENTS...]
+#             Starts the desktop, runs the command on it and ends with its status; 77 when there is no Xvfb.
+# Source it:  source script/lib/virtual-desktop.sh; vd_start [OPTIONS]; ...; vd_screenshot FILE; vd_stop
+#
+#   --geometry WIDTHxHEIGHT   the size of the screen in pixels (1600x900)
+#   --scale FACTOR            QT_SCALE_FACTOR for the programs on it (1)
+#   --compositor              with picom, for translucent windows
+#   --notifications           with dunst as the notification daemon
+#   --panel                   with tint2 at the lower edge, which has a tray
+#   --no-wm                   without openbox
+#   --wallpaper COLOR[,COLOR] the root window's colour, or a gradient of two
+#   --activation              D-Bus may start services by their names (not for tests: it would start what is installed)
+
+vd_pids=()
+vd_folder=
+
+vd_fail() {
+  echo "virtual desktop: $*" >&2
+  vd_stop
+  return 1
+}
+
+# Until the command succeeds, at most so many seconds.
+vd_wait() {
+  local deadline=$((SECONDS + $1))
+  shift
+  until "$@" >/dev/null 2>&1; do
+    [ "$SECONDS" -lt "$deadline" ] || return 1
+    sleep 0.02
+  done
+}
+
+# Starts a program in the background; it ends with us even when we are killed.
+vd_spawn() {
+  local log=$1
+  shift
+  if command -v setpriv >/dev/null; then set -- setpriv --pdeathsig TERM "$@"; fi
+  "$@" >"$vd_folder/$log.log" 2>&1 </dev/null &
+  vd_pids+=($!)
+}
+
+vd_has_wm() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+vd_has_compositor() { xwininfo -root -tree | grep -qi picom; }
+vd_has_panel() { xprop -root _NET_WORKAREA | grep -vq ", $vd_height"'\b'; }
+vd_has_name() {
+  dbus-send --session --print-reply --dest=org.freedesktop.DBus /org/freedesktop/DBus \
+    org.freedesktop.DBus.NameHasOwner "string:$1" | grep -q 'boolean true'
+}
+
+vd_start_server() {
+  # The server takes a free number and tells it.
+  vd_spawn server Xvfb -displayfd 3 -screen 0 "${vd_width}x${vd_height}x24" -nolisten tcp -noreset \
+    3>"$vd_folder/display.number"
+  vd_wait 10 test -s "$vd_folder/display.number" || { vd_fail "Xvfb did not start: $(tail -n 1 "$vd_folder/server.log")"; return 1; }
+  DISPLAY=":$(tr -d '\n' <"$vd_folder/display.number")"
+  export DISPLAY
+}
+
+vd_start_bus() {
+  local services=
+  if [ -n "$1" ]; then services='<standard_session_servicedirs/>'; fi
+  cat >"$vd_folder/bus.conf" <<EOF
+<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:path=$vd_folder/bus</listen>
+  <auth>EXTERNAL</auth>
+  $services
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+EOF
+  export DBUS_SESSION_BUS_ADDRESS="unix:path=$vd_folder/bus"
+  vd_spawn bus dbus-daemon --nofork --nopidfile --config-file="$vd_folder/bus.conf"
+  vd_wait 10 test -S "$vd_folder/bus" || vd_fail "no session bus: $(tail -n 1 "$vd_folder/bus.log")"
+}
+
+vd_start_notifications() {
+  printf '[global]\n    font = Inter 10\n    origin = top-right\n    offset = 24x24\n' >"$vd_folder/dunstrc"
+  vd_spawn dunst dunst -conf "$vd_folder/dunstrc"
+  vd_wait 10 vd_has_name org.freedesktop.Notifications || vd_fail "dunst did not start"
+}
+
+vd_start_panel() {
+  cat >"$vd_folder/tint2rc" <<'EOF'
+panel_items = TS
+panel_position = bottom center horizontal
+panel_size = 100% 30
+strut_policy = follow_size
+systray = 1
+EOF
+  vd_spawn tint2 tint2 -c "$vd_folder/tint2rc"
+  vd_wait 10 vd_has_panel || vd_fail "tint2 did not start"
+}
+
+vd_start() {
+  local geometry=1600x900 scale=1 compositor= notifications= panel= wm=1 wallpaper='#22304a,#5b4a78' activation=
+  while [ $# -gt 0 ]; do
+    case "$1" in
+      --geometry) geometry=$2; shift 2 ;;
+      --scale) scale=$2; shift 2 ;;
+      --wallpaper) wallpaper=$2; shift 2 ;;
+      --compositor) compositor=1; shift ;;
+      --notifications) notifications=1; shift ;;
+      --panel) panel=1; shift ;;
+      --activation) activation=1; shift ;;
+      --no-wm) wm=; shift ;;
+      *) echo "virtual desktop: unknown option '$1'" >&2; return 2 ;;
+    esac
+  done
+  if [[ ! $geometry =~ ^([0-9]+)x([0-9]+)$ ]]; then
+    echo "virtual desktop: '$geometry' is no WIDTHxHEIGHT" >&2
+    return 2
+  fi
+  vd_width=${BASH_REMATCH[1]} vd_height=${BASH_REMATCH[2]}
+  if ! command -v Xvfb >/dev/null; then
+    echo "virtual desktop: Xvfb is not installed (script/bootstrap desktop installs it)" >&2
+    return 77
+  fi
+
+  vd_folder=$(mktemp -d "${TMPDIR:-/tmp}/virtual-desktop.XXXXXX")
+  chmod 700 "$vd_folder"
+  trap vd_stop EXIT
+  trap 'exit 130' INT
+  trap 'exit 143' TERM HUP
+  mkdir -m 700 "$vd_folder/runtime"
+  export XDG_RUNTIME_DIR="$vd_folder/runtime" XDG_SESSION_TYPE=x11 QT_QPA_PLATFORM=xcb
+  unset WAYLAND_DISPLAY XAUTHORITY
+  if [ "$scale" != 1 ]; then export QT_SCALE_FACTOR=$scale; fi
+
+  vd_start_server || return 1
+  vd_start_bus "$activation" || return 1
+  if [ -n "$wm" ]; then
+    vd_spawn openbox openbox --sm-disable
+    vd_wait 10 vd_has_wm || { vd_fail "openbox did not start"; return 1; }
+  fi
+  if command -v hsetroot >/dev/null; then
+    case "$wallpaper" in
+      *,*) hsetroot -add "${wallpaper%,*}" -add "${wallpaper#*,}" -gradient 145 >/dev/null 2>&1 || true ;;
+      *) hsetroot -solid "$wallpaper" >/dev/null 2>&1 || true ;;
+    esac
+  fi
+  if [ -n "$compositor" ]; then
+    vd_spawn picom picom --backend xrender --config /dev/null
+    vd_wait 10 vd_has_compositor || { vd_fail "picom did not start"; return 1; }
+  fi
+  if [ -n "$panel" ]; then vd_start_panel || return 1; fi
+  if [ -n "$notifications" ]; then vd_start_notifications || return 1; fi
+}
+
+# The whole screen, as the compositor shows it.
+vd_screenshot() { import -silent -window root "$1"; }
+
+vd_stop() {
+  local pid i
+  # The last ones first: the server goes when its clients have gone.
+  for ((i = ${#vd_pids[@]} - 1; i >= 0; i--)); do
+    pid=${vd_pids[i]}
+    kill "$pid" 2>/dev/null || continue
+    vd_wait 3 vd_is_gone "$pid" || kill -KILL "$pid" 2>/dev/null || true
+    wait "$pid" 2>/dev/null || true
+  done
+  vd_pids=()
+  if [ -n "$vd_folder" ]; then rm -rf "$vd_folder"; fi
+  vd_folder=
+}
+
+vd_is_gone() {
+  case "$(ps -o stat= -p "$1")" in
+    ''|Z*) return 0 ;;
+    *) return 1 ;;
+  esac
+}
+
+if [ "${BASH_SOURCE[0]}" = "$0" ]; then
+  set -euo pipefail
+  options=()
+  while [ $# -gt 0 ] && [ "$1" != -- ]; do
+    options+=("$1")
+    shift
+  done
+  if [ $# -lt 2 ]; then
+    sed -n '2,18s/^# \{0,1\}//p' "$0" >&2
+    exit 2
+  fi
+  shift
+  vd_start "${options[@]}"
+  status=0
+  "$@" || status=$?
+  exit "$status"
+fi
