@@ -84,7 +84,7 @@ EOF
 }
 
 vd_start_notifications() {
-  printf '[global]\n    font = Inter 10\n    origin = top-right\n    offset = 24x24\n' >"$vd_folder/dunstrc"
+  printf '[global]\n    font = Inter 10\n    markup = full\n    origin = top-right\n    offset = 24x24\n' >"$vd_folder/dunstrc"
   vd_spawn dunst dunst -conf "$vd_folder/dunstrc"
   vd_wait 10 vd_has_name org.freedesktop.Notifications || vd_fail "dunst did not start"
 }

@@ -1,0 +1,173 @@
+// Notifications over a real bus: against a service of our own, and against dunst.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/linux/DBusNotifications.h"
+#include "platform/linux/SessionBus.h"
+#include "tests/e2e/Desktop.h"
+#include "tests/fakes/FakeNotificationDaemon.h"
+
+namespace ambrel {
+namespace {
+
+using testing::ElementsAre;
+
+const QStringList everything{"body", "body-markup", "actions"};
+
+class NotificationsOnBus : public testing::Test {
+ protected:
+  NotificationsOnBus() : bus_(openSessionBus()), notifications_(bus_) {}
+  void SetUp() override {
+    ASSERT_TRUE(bus_.isConnected()) << "no session bus";
+    notifications_.setAvailabilityHandler([this](bool is) { heard_.push_back(is); });
+  }
+
+  QDBusConnection bus_;
+  DBusNotifications notifications_;
+  std::vector<bool> heard_;
+};
+
+TEST_F(NotificationsOnBus, SaysExactlyWhatTheServiceExpects) {
+  FakeNotificationDaemon daemon(everything);
+  ASSERT_TRUE(daemon.isRegistered);
+  notifications_.post({"s1", "Codex needs you", "a <b> & \"c\"", true});
+  notifications_.post({"s2", "Cursor finished", "", false});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 2; }));
+  const NotifyCall& call = daemon.calls.front();
+  EXPECT_EQ(call.application, "Tilebay");
+  EXPECT_EQ(call.replaces, 0u);
+  EXPECT_EQ(call.title, "Codex needs you");
+  EXPECT_EQ(call.body, "a &lt;b&gt; &amp; \"c\"");
+  EXPECT_EQ(call.actions, (QStringList{"default", "Show"}));
+  EXPECT_EQ(call.timeout, -1);
+  ASSERT_TRUE(call.hints.contains("urgency"));
+  EXPECT_EQ(call.hints["urgency"].userType(), QMetaType::UChar);
+  EXPECT_TRUE(call.hints.contains("sound-name"));
+  EXPECT_FALSE(call.hints.contains("suppress-sound"));
+  EXPECT_EQ(daemon.calls[1].hints["suppress-sound"].userType(), QMetaType::Bool);
+  EXPECT_FALSE(daemon.calls[1].hints.contains("sound-name"));
+}
+
+TEST_F(NotificationsOnBus, APlainServiceGetsPlainText) {
+  FakeNotificationDaemon daemon({"body"});
+  notifications_.post({"s1", "t", "a <b> & c", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 1; }));
+  EXPECT_EQ(daemon.calls.front().body, "a <b> & c");
+  EXPECT_TRUE(daemon.calls.front().actions.isEmpty());
+}
+
+TEST_F(NotificationsOnBus, TheSameIdentifierReplaces) {
+  FakeNotificationDaemon daemon(everything);
+  // The second and third come before the service has answered the first: only the newest of them is sent.
+  notifications_.post({"s1", "first", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 1; }));
+  notifications_.post({"s1", "second", "", true});
+  notifications_.post({"s1", "third", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.back().title == "third"; }));
+  EXPECT_EQ(daemon.calls.back().replaces, 41u);
+  // Another identifier is another notification.
+  notifications_.post({"s2", "other", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.back().title == "other"; }));
+  EXPECT_EQ(daemon.calls.back().replaces, 0u);
+}
+
+TEST_F(NotificationsOnBus, AClosedOneIsNotReplacedAnyMore) {
+  FakeNotificationDaemon daemon(everything);
+  std::vector<std::string> clicked;
+  notifications_.setActivationHandler([&](const std::string& identifier) { clicked.push_back(identifier); });
+  notifications_.post({"s1", "first", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 1; }));
+  // Clicks are answered once the id is known; a click on a stranger's notification is not ours.
+  ASSERT_TRUE(waitFor([&] {
+    daemon.click(999);
+    daemon.click(41);
+    return !clicked.empty();
+  }));
+  for (const std::string& identifier : clicked) EXPECT_EQ(identifier, "s1");
+  daemon.dismiss(41);
+  notifications_.post({"s2", "fence", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 2; }));
+  notifications_.post({"s1", "again", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 3; }));
+  EXPECT_EQ(daemon.calls.back().replaces, 0u);
+}
+
+TEST_F(NotificationsOnBus, WithdrawsWhatIsShownAndWhatIsUnderWay) {
+  FakeNotificationDaemon daemon(everything);
+  bool isGranted = false;
+  notifications_.requestAuthorization([&](bool granted) { isGranted = granted; });
+  ASSERT_TRUE(waitFor([&] { return isGranted; }));
+  notifications_.post({"s1", "first", "", true});
+  notifications_.withdraw("s1");
+  EXPECT_TRUE(waitFor([&] { return daemon.closed == std::vector<uint>{41}; }));
+  notifications_.withdraw("s1");
+  notifications_.withdraw("unknown");
+  notifications_.post({"s1", "second", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 2; }));
+  EXPECT_EQ(daemon.calls.back().replaces, 0u);
+}
+
+TEST_F(NotificationsOnBus, AServiceThatAppearsLaterShowsTheNewestOfEach) {
+  bool isAnswered = false, isGranted = true;
+  notifications_.requestAuthorization([&](bool granted) {
+    isAnswered = true;
+    isGranted = granted;
+  });
+  ASSERT_TRUE(waitFor([&] { return isAnswered; }));
+  EXPECT_FALSE(isGranted);
+  notifications_.post({"s1", "old", "", true});
+  notifications_.post({"s1", "new", "", true});
+  notifications_.post({"s2", "gone", "", true});
+  notifications_.withdraw("s2");
+  QCoreApplication::processEvents();
+  EXPECT_THAT(heard_, ElementsAre(false));
+
+  auto daemon = std::make_unique<FakeNotificationDaemon>(everything);
+  ASSERT_TRUE(waitFor([&] { return daemon->calls.size() == 1; }));
+  EXPECT_EQ(daemon->calls.front().title, "new");
+  EXPECT_THAT(heard_, ElementsAre(false, true));
+  // The ids of a service that went away mean nothing to the next one.
+  daemon.reset();
+  ASSERT_TRUE(waitFor([&] { return heard_.size() == 3; }));
+  daemon = std::make_unique<FakeNotificationDaemon>(everything);
+  ASSERT_TRUE(waitFor([&] { return heard_.size() == 4; }));
+  notifications_.post({"s1", "third", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon->calls.size() == 1; }));
+  EXPECT_EQ(daemon->calls.front().replaces, 0u);
+  EXPECT_THAT(heard_, ElementsAre(false, true, false, true));
+}
+
+class NotificationsOnDunst : public NotificationsOnBus {
+ protected:
+  static int displayed() {
+    const Outcome count = run("dunstctl", {"count", "displayed"});
+    return count.status == 0 ? std::atoi(count.output.c_str()) : -1;
+  }
+};
+
+TEST_F(NotificationsOnDunst, ShowsReplacesAndWithdraws) {
+  const QTemporaryDir folder;
+  writeFile(folder.filePath("dunstrc"), "[global]\n    markup = full\n");
+  const Client dunst("dunst", {"-conf", folder.filePath("dunstrc")});
+  bool isGranted = false;
+  notifications_.requestAuthorization([&](bool granted) { isGranted = granted; });
+  if (!waitFor([&] { return isGranted; }, 500)) {
+    ASSERT_TRUE(waitFor([&] { return heard_.size() == 2; })) << "dunst did not come";
+  }
+  notifications_.post({"s1", "Codex needs you", "<project> & more", true});
+  notifications_.post({"s2", "Cursor finished", "other", true});
+  EXPECT_TRUE(waitFor([&] { return displayed() == 2; }));
+  notifications_.post({"s1", "Codex finished", "<project> & more", true});
+  notifications_.withdraw("s2");
+  EXPECT_TRUE(waitFor([&] { return displayed() == 1; }));
+  notifications_.withdraw("s1");
+  EXPECT_TRUE(waitFor([&] { return displayed() == 0; }));
+  const std::string history = run("dunstctl", {"history"}).output;
+  EXPECT_NE(history.find("Codex finished"), std::string::npos);
+  EXPECT_NE(history.find("&lt;project&gt; &amp; more"), std::string::npos) << history;
+  EXPECT_EQ(history.find("Codex needs you"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace ambrel
