@@ -48,6 +48,10 @@ endfunction()
 function(ambrel_qml_module name)
   cmake_parse_arguments(ARG "" "URI" "QML;SOURCES;RESOURCES;LINK;PRIVATE" ${ARGN})
   string(REPLACE "." "/" _path ${ARG_URI})
+  set(_cache "")
+  if(NOT AMBREL_QML_CACHE)
+    set(_cache NO_CACHEGEN)
+  endif()
   qt_add_library(${name} STATIC)
   # Without the dependency on QtQuick and the import path, qmllint knows neither painted items nor our other modules.
   qt_add_qml_module(${name}
@@ -58,7 +62,8 @@ function(ambrel_qml_module name)
     OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml/${_path}
     QML_FILES ${ARG_QML}
     SOURCES ${ARG_SOURCES}
-    RESOURCES ${ARG_RESOURCES})
+    RESOURCES ${ARG_RESOURCES}
+    ${_cache})
   # The generated type registration includes the module's headers by their bare names.
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} Qt6::Quick PRIVATE ambrel_flags ${ARG_PRIVATE})

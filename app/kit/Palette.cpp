@@ -58,7 +58,8 @@ Palette darkPalette() {
       .teal = tone(0x62D2C3, 0x333945, 0x5FD0BF),
       .violet = tone(0xBDA8FF, 0x333945, 0xB39BFF),
       .yellow = tone(0xF0CE62, 0x333945, 0xF0CE62),
-      .shadow = rgb(0x000000),
+      .weatherSun = rgb(0xF3B73E),
+      .weatherCloud = rgb(0xD5DAE4),
       .sunburst = {rgb(0x6F9BF5), rgb(0x5FC7B8), rgb(0xF0A95C), rgb(0xB08CF0), rgb(0xE8807A), rgb(0x8C9AAE)},
       .pins = pinGrounds(),
   };
@@ -95,7 +96,8 @@ Palette lightPalette() {
       .teal = tone(0x0A6A62, 0xE6EAF0, 0x0F8F82),
       .violet = tone(0x6338C4, 0xE6EAF0, 0x7A52DE),
       .yellow = tone(0x7A5A00, 0xE6EAF0, 0xA07600),
-      .shadow = rgb(0x101828),
+      .weatherSun = rgb(0xF3B73E),
+      .weatherCloud = rgb(0x9FAEC2),
       .sunburst = {rgb(0x3F74DE), rgb(0x1E9485), rgb(0xCC7A1E), rgb(0x8257D6), rgb(0xCF5048), rgb(0x6B788B)},
       .pins = pinGrounds(),
   };

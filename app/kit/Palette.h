@@ -26,7 +26,7 @@ struct Palette {
   QColor accent, accentHover, accentPressed, onAccent;
   QColor ink, ink2, ink3;
   ToneColors neutral, orange, blue, green, red, teal, violet, yellow;
-  QColor shadow;
+  QColor weatherSun, weatherCloud;
   QList<QColor> sunburst;  // the inner ring, in the order of the largest folders
   QList<QColor> pins;      // grounds of numbered pins, white figures on them
 };

@@ -5,12 +5,19 @@
 #include <cmath>
 
 #include "app/kit/DesktopAppearance.h"
+#include "app/kit/ShadowPatch.h"
 
 namespace ambrel {
 
 Theme::Theme(QObject* parent) : QObject(parent), palette_(darkPalette()) {
   applyPalette();
   applyType();
+}
+
+Theme* Theme::create(QQmlEngine* engine, QJSEngine*) {
+  const auto provider = QString::fromLatin1(ShadowProvider::id);
+  if (!engine->imageProvider(provider)) engine->addImageProvider(provider, new ShadowProvider);
+  return new Theme;
 }
 
 void Theme::follow(const DesktopAppearance& desktop) {

@@ -9,6 +9,7 @@
 #include "app/kit/TextRole.h"
 #include "app/kit/Tone.h"
 
+class QJSEngine;
 class QQmlEngine;
 
 namespace ambrel {
@@ -48,7 +49,8 @@ class Theme : public QObject {
   Q_PROPERTY(QColor ink READ ink NOTIFY schemeChanged FINAL)
   Q_PROPERTY(QColor ink2 READ ink2 NOTIFY schemeChanged FINAL)
   Q_PROPERTY(QColor ink3 READ ink3 NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor shadow READ shadow NOTIFY schemeChanged FINAL)
+  Q_PROPERTY(QColor weatherSun READ weatherSun NOTIFY schemeChanged FINAL)
+  Q_PROPERTY(QColor weatherCloud READ weatherCloud NOTIFY schemeChanged FINAL)
   Q_PROPERTY(ambrel::Tone* neutral READ neutral CONSTANT FINAL)
   Q_PROPERTY(ambrel::Tone* orange READ orange CONSTANT FINAL)
   Q_PROPERTY(ambrel::Tone* blue READ blue CONSTANT FINAL)
@@ -96,8 +98,8 @@ class Theme : public QObject {
   Q_PROPERTY(int tileHeight READ tileHeight NOTIFY textScaleChanged FINAL)
   Q_PROPERTY(int tileSmall READ tileSmall NOTIFY textScaleChanged FINAL)
   Q_PROPERTY(int tileMedium READ tileMedium NOTIFY textScaleChanged FINAL)
-  Q_PROPERTY(int tileWide READ tileWide NOTIFY textScaleChanged FINAL)
   Q_PROPERTY(int tileLarge READ tileLarge NOTIFY textScaleChanged FINAL)
+  Q_PROPERTY(int tileExtraLarge READ tileExtraLarge NOTIFY textScaleChanged FINAL)
 
   Q_PROPERTY(int hoverDuration READ hoverDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int pressDuration READ pressDuration NOTIFY motionChanged FINAL)
@@ -118,6 +120,8 @@ class Theme : public QObject {
   Q_ENUM(Choice)
 
   explicit Theme(QObject* parent = nullptr);
+  // What the engine calls for its one theme. It also gives the engine the pictures that the kit's items ask for.
+  static Theme* create(QQmlEngine* engine, QJSEngine* scripts);
 
   // Follows the desktop from now on, as far as nothing is forced. It must outlive the theme.
   void follow(const DesktopAppearance& desktop);
@@ -138,6 +142,8 @@ class Theme : public QObject {
 
   // The colour of a gauge: its own below 75, orange up to `alarmAbove`, red beyond.
   Q_INVOKABLE ambrel::Tone* gaugeTone(qreal percent, ambrel::Tone* own, qreal alarmAbove = 90);
+  // `top` laid over the opaque `ground`: for lines, which must not let through what is below their ground.
+  Q_INVOKABLE QColor over(const QColor& top, const QColor& ground) const { return laidOver(top, ground); }
   // The colour of a charge: red below 10, orange below 20, else green.
   Q_INVOKABLE ambrel::Tone* chargeTone(qreal percent);
 
@@ -162,7 +168,8 @@ class Theme : public QObject {
   QColor ink() const { return palette_.ink; }
   QColor ink2() const { return palette_.ink2; }
   QColor ink3() const { return palette_.ink3; }
-  QColor shadow() const { return palette_.shadow; }
+  QColor weatherSun() const { return palette_.weatherSun; }
+  QColor weatherCloud() const { return palette_.weatherCloud; }
   Tone* neutral() { return &neutral_; }
   Tone* orange() { return &orange_; }
   Tone* blue() { return &blue_; }
@@ -196,8 +203,8 @@ class Theme : public QObject {
   int tileHeight() const { return scaled(64); }
   int tileSmall() const { return scaled(64); }
   int tileMedium() const { return scaled(112); }
-  int tileWide() const { return scaled(176); }
-  int tileLarge() const { return scaled(240); }
+  int tileLarge() const { return scaled(176); }
+  int tileExtraLarge() const { return scaled(240); }
 
   int hoverDuration() const { return 120; }
   int pressDuration() const { return motion(80); }

@@ -1,0 +1,73 @@
+import QtQuick
+import Ambrel.Kit
+
+// The body of a panel: ground, header and content. The window around it leaves `shadowMargin` free on each side and
+// places it; Escape and the close button ask to be closed. It rises and fades in when `open` turns true.
+FocusScope {
+    id: root
+
+    property string title
+    property string symbol
+    property bool open: true
+    property bool hasHeader: true
+    property bool hasFullRule: false
+    property int headerHeight: 48
+    property int radius: Theme.radiusPanel
+    readonly property int shadowMargin: 48
+    // 0 while closed, 1 while open, between them while it moves.
+    property real presence: open ? 1 : 0
+    readonly property bool isSettled: presence === (open ? 1 : 0)
+    readonly property alias header: header
+    property alias headerItems: header.trailing
+    default property alias content: body.data
+
+    signal closeRequested
+
+    Accessible.role: Accessible.Dialog
+    Accessible.name: title
+    opacity: presence
+    visible: presence > 0
+    Keys.onEscapePressed: root.closeRequested()
+
+    Behavior on presence {
+        NumberAnimation {
+            duration: root.open ? Theme.openDuration : Theme.closeDuration
+            easing.type: root.open ? Easing.OutCubic : Easing.InCubic
+        }
+    }
+    transform: Translate {
+        y: (1 - root.presence) * Theme.travel
+    }
+
+    PanelGround {
+        anchors.fill: parent
+        radius: root.radius
+    }
+
+    // A click on the panel must not fall through to what lies below it.
+    TapHandler {
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+    }
+
+    PanelHeader {
+        id: header
+        visible: root.hasHeader
+        height: visible ? root.headerHeight : 0
+        width: parent.width
+        title: root.title
+        symbol: root.symbol
+        hasFullRule: root.hasFullRule
+        onCloseRequested: root.closeRequested()
+    }
+
+    Item {
+        id: body
+        anchors {
+            left: parent.left
+            right: parent.right
+            top: header.bottom
+            bottom: parent.bottom
+            margins: 1
+        }
+    }
+}

@@ -1,0 +1,67 @@
+import QtQuick
+import Ambrel.Kit
+
+// What every control is made of: pressed by a pointer, by Space or by Return, reached by Tab. A click does not take
+// the keyboard's focus, so that the focus ring shows for the keyboard alone.
+Item {
+    id: root
+
+    property string label
+    property string tip
+    property string tipKeys
+    readonly property bool hovered: hover.hovered
+    readonly property bool down: tap.pressed || keyDown
+    property bool keyDown: false
+    property int accessibleRole: Accessible.Button
+
+    signal clicked
+
+    function press() {
+        if (root.enabled)
+            root.clicked();
+    }
+
+    activeFocusOnTab: enabled
+    Accessible.role: root.accessibleRole
+    Accessible.name: root.label
+    Accessible.description: root.tip === root.label ? "" : root.tip
+    Accessible.focusable: true
+    Accessible.onPressAction: root.press()
+
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_Space && event.key !== Qt.Key_Return && event.key !== Qt.Key_Enter)
+            return;
+        if (!event.isAutoRepeat)
+            root.keyDown = true;
+        event.accepted = true;
+    }
+    Keys.onReleased: event => {
+        if (event.isAutoRepeat || !root.keyDown)
+            return;
+        root.keyDown = false;
+        event.accepted = true;
+        root.press();
+    }
+    onActiveFocusChanged: keyDown = false
+
+    onHoveredChanged: {
+        if (root.tip === "")
+            return;
+        if (root.hovered)
+            Tips.enter(root, root.tip, root.tipKeys);
+        else
+            Tips.leave(root);
+    }
+    onDownChanged: if (root.down)
+        Tips.leave(root)
+
+    HoverHandler {
+        id: hover
+    }
+
+    TapHandler {
+        id: tap
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: root.press()
+    }
+}

@@ -1,0 +1,84 @@
+#include "app/kit/SparklineCurve.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+namespace ambrel {
+namespace {
+
+constexpr qreal lineWidth = 1.5;
+constexpr qreal dotRadius = 2.5;
+constexpr float fillAlpha = 0.16F;
+
+}  // namespace
+
+SparklineCurve::SparklineCurve(QQuickItem* parent) : QQuickPaintedItem(parent) { setImplicitSize(44, 32); }
+
+template <typename Field>
+void SparklineCurve::setStyle(Field& field, const Field& value) {
+  if (field == value) return;
+  field = value;
+  update();
+  Q_EMIT styleChanged();
+}
+
+void SparklineCurve::setValues(const QList<qreal>& values) {
+  if (values_ == values) return;
+  values_ = values;
+  update();
+  Q_EMIT valuesChanged();
+}
+
+void SparklineCurve::setCapacity(int capacity) { setStyle(capacity_, std::max(2, capacity)); }
+void SparklineCurve::setMaximum(qreal maximum) { setStyle(maximum_, maximum); }
+void SparklineCurve::setColor(const QColor& color) { setStyle(color_, color); }
+void SparklineCurve::setMarksLast(bool marks) { setStyle(marksLast_, marks); }
+
+void SparklineCurve::paint(QPainter* painter) {
+  const auto count = std::min<qsizetype>(values_.size(), capacity_);
+  const auto recent = values_.last(count);
+  qreal top = maximum_;
+  if (top <= 0) {
+    for (const qreal value : recent) top = std::isfinite(value) ? std::max(top, value) : top;
+  }
+  if (count == 0 || width() <= 2 * dotRadius || height() <= 2 * dotRadius) return;
+
+  // The dot and the line's own width stay inside.
+  const qreal right = width() - (marksLast_ ? dotRadius : lineWidth / 2);
+  const qreal step = (right - lineWidth / 2) / (capacity_ - 1);
+  const qreal ceiling = dotRadius;
+  const qreal floor = height() - lineWidth / 2;
+  const auto point = [&](qsizetype i) {
+    const qreal share = top > 0 ? std::clamp(recent[i] / top, 0.0, 1.0) : 0;
+    return QPointF(right - step * static_cast<qreal>(count - 1 - i), floor - share * (floor - ceiling));
+  };
+
+  painter->setRenderHint(QPainter::Antialiasing);
+  QColor fill = color_;
+  fill.setAlphaF(fill.alphaF() * fillAlpha);
+  const QPen pen(color_, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+  for (qsizetype i = 0; i < count;) {
+    if (!std::isfinite(recent[i])) {
+      ++i;
+      continue;
+    }
+    QPolygonF run;
+    while (i < count && std::isfinite(recent[i])) run << point(i++);
+    QPolygonF ground = run;
+    ground << QPointF(run.last().x(), height()) << QPointF(run.first().x(), height());
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(fill);
+    painter->drawPolygon(ground);
+    painter->setPen(pen);
+    painter->drawPolyline(run);
+  }
+  if (marksLast_ && std::isfinite(recent.last())) {
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(color_);
+    painter->drawEllipse(point(count - 1), dotRadius, dotRadius);
+  }
+}
+
+}  // namespace ambrel

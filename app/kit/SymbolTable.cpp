@@ -1,0 +1,256 @@
+#include "app/kit/SymbolTable.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace ambrel {
+namespace {
+
+// The font's own name of each glyph stands behind its code point.
+constexpr SymbolGlyph glyphs[] = {
+    {"airplane", 0xE539},                                 // flight
+    {"alarm", 0xE855},                                    // alarm
+    {"aqi.medium", 0xE3EA},                               // grain
+    {"archivebox", 0xE149},                               // archive
+    {"archivebox.fill", 0xE179},                          // inventory
+    {"arrow.clockwise", 0xE5D5},                          // refresh
+    {"arrow.counterclockwise", 0xF053},                   // restart_alt
+    {"arrow.down", 0xE5DB},                               // arrow_downward
+    {"arrow.down.circle", 0xF181},                        // arrow_circle_down
+    {"arrow.left", 0xE5C4},                               // arrow_back
+    {"arrow.right", 0xE5C8},                              // arrow_forward
+    {"arrow.triangle.branch", 0xE252},                    // merge_type
+    {"arrow.up", 0xE5D8},                                 // arrow_upward
+    {"arrow.up.arrow.down", 0xE8D5},                      // swap_vert
+    {"arrow.up.circle", 0xF182},                          // arrow_circle_up
+    {"arrow.up.circle.fill", 0xF182},                     // arrow_circle_up
+    {"arrow.up.forward.square", 0xE89E},                  // open_in_new
+    {"arrow.up.left.and.arrow.down.right", 0xF1CE},       // open_in_full
+    {"arrow.uturn.backward", 0xE166},                     // undo
+    {"arrow.uturn.forward", 0xE15A},                      // redo
+    {"backward.fill", 0xE045},                            // skip_previous
+    {"battery.0percent", 0xEBDC},                         // battery_0_bar
+    {"battery.100percent", 0xE1A4},                       // battery_full
+    {"battery.100percent.bolt", 0xE1A3},                  // battery_charging_full
+    {"battery.25percent", 0xEBE0},                        // battery_2_bar
+    {"battery.50percent", 0xEBDD},                        // battery_3_bar
+    {"battery.75percent", 0xEBD4},                        // battery_5_bar
+    {"bell", 0xE7F5},                                     // notifications_none
+    {"bell.fill", 0xE7F4},                                // notifications
+    {"bell.slash", 0xE7F6},                               // notifications_off
+    {"bolt", 0xEA0B},                                     // bolt
+    {"bolt.fill", 0xEA0B},                                // bolt
+    {"bolt.slash", 0xE3E6},                               // flash_off
+    {"bookmark", 0xE867},                                 // bookmark_border
+    {"bookmark.fill", 0xE866},                            // bookmark
+    {"brain", 0xF06C},                                    // smart_toy
+    {"building.2", 0xE7F1},                               // location_city
+    {"calendar", 0xE935},                                 // calendar_today
+    {"calendar.badge.checkmark", 0xEBCC},                 // calendar_month
+    {"calendar.badge.clock", 0xE878},                     // event
+    {"calendar.badge.exclamationmark", 0xE615},           // event_busy
+    {"calendar.circle", 0xE916},                          // date_range
+    {"calendar.day.timeline.leading", 0xE8F3},            // view_week
+    {"calendar.day.timeline.left", 0xEFE8},               // calendar_view_week
+    {"camera.viewfinder", 0xEC08},                        // screenshot_monitor
+    {"character.cursor.ibeam", 0xE262},                   // text_fields
+    {"chart.bar", 0xE26B},                                // bar_chart
+    {"chart.bar.xaxis", 0xE26B},                          // bar_chart
+    {"chart.line.flattrend.xyaxis", 0xE922},              // timeline
+    {"chart.line.uptrend.xyaxis", 0xE8E5},                // trending_up
+    {"chart.pie", 0xF044},                                // pie_chart_outline
+    {"chart.pie.fill", 0xE6C4},                           // pie_chart
+    {"chart.xyaxis.line", 0xE6E1},                        // show_chart
+    {"checklist", 0xE6B1},                                // checklist
+    {"checkmark", 0xE5CA},                                // check
+    {"checkmark.circle", 0xE92D},                         // check_circle_outline
+    {"checkmark.circle.fill", 0xE86C},                    // check_circle
+    {"checkmark.double", 0xE877},                         // done_all
+    {"chevron.down", 0xE5CF},                             // expand_more
+    {"chevron.left", 0xE5CB},                             // chevron_left
+    {"chevron.left.forwardslash.chevron.right", 0xE86F},  // code
+    {"chevron.right", 0xE5CC},                            // chevron_right
+    {"chevron.up", 0xE5CE},                               // expand_less
+    {"circle", 0xEF4A},                                   // circle
+    {"circle.dotted", 0xE9C1},                            // motion_photos_on
+    {"circle.fill", 0xEF4A},                              // circle
+    {"circle.grid.3x3", 0xE5C3},                          // apps
+    {"clear", 0xE16C},                                    // delete_sweep
+    {"clock", 0xE8B5},                                    // schedule
+    {"clock.arrow.circlepath", 0xE889},                   // history
+    {"clock.fill", 0xE924},                               // watch_later
+    {"command", 0xEAE7},                                  // keyboard_command_key
+    {"cpu", 0xE322},                                      // memory
+    {"cpu.fill", 0xE30D},                                 // developer_board
+    {"crop", 0xE3BE},                                     // crop
+    {"cup.and.heat.waves", 0xEFEF},                       // coffee
+    {"cup.and.saucer", 0xE541},                           // local_cafe
+    {"curlybraces", 0xEAD3},                              // data_object
+    {"cursorarrow", 0xE569},                              // near_me
+    {"desktopcomputer", 0xE30B},                          // desktop_mac
+    {"display", 0xE30C},                                  // desktop_windows
+    {"doc", 0xE24D},                                      // insert_drive_file
+    {"doc.badge.clock", 0xF1BB},                          // pending_actions
+    {"doc.on.clipboard", 0xE14F},                         // content_paste
+    {"doc.on.doc", 0xE14D},                               // content_copy
+    {"doc.text", 0xE873},                                 // description
+    {"doc.text.magnifyingglass", 0xE880},                 // find_in_page
+    {"doc.zipper", 0xEB2C},                               // folder_zip
+    {"dock.rectangle", 0xE071},                           // video_label
+    {"dollarsign.arrow.circlepath", 0xEB70},              // currency_exchange
+    {"dot.radiowaves.right", 0xE1A7},                     // bluetooth
+    {"drop", 0xE798},                                     // water_drop
+    {"drop.fill", 0xE798},                                // water_drop
+    {"eject", 0xE8FB},                                    // eject
+    {"ellipsis", 0xE5D3},                                 // more_horiz
+    {"exclamationmark.circle", 0xE001},                   // error_outline
+    {"exclamationmark.triangle", 0xF083},                 // warning_amber
+    {"exclamationmark.triangle.fill", 0xE002},            // warning
+    {"externaldrive", 0xE1E0},                            // usb
+    {"eye", 0xE8F4},                                      // visibility
+    {"eye.slash", 0xE8F5},                                // visibility_off
+    {"eyedropper", 0xE3B8},                               // colorize
+    {"face.smiling", 0xE0ED},                             // sentiment_satisfied_alt
+    {"face.smiling.inverse", 0xEA22},                     // emoji_emotions
+    {"figure.stand", 0xE92C},                             // accessibility_new
+    {"figure.walk", 0xE536},                              // directions_walk
+    {"folder", 0xE2C8},                                   // folder_open
+    {"folder.fill", 0xE2C7},                              // folder
+    {"forward.fill", 0xE044},                             // skip_next
+    {"gauge.medium", 0xE9E4},                             // speed
+    {"gearshape", 0xE8B8},                                // settings
+    {"gearshape.fill", 0xE8B8},                           // settings
+    {"globe", 0xE80B},                                    // public
+    {"hammer", 0xEA3C},                                   // construction
+    {"hand.raised", 0xE769},                              // front_hand
+    {"hand.raised.fill", 0xE769},                         // front_hand
+    {"heart", 0xE87E},                                    // favorite_border
+    {"heart.fill", 0xE87D},                               // favorite
+    {"hourglass", 0xEA5C},                                // hourglass_bottom
+    {"humidity", 0xF084},                                 // water
+    {"info.circle", 0xE88E},                              // info
+    {"info.circle.fill", 0xE88E},                         // info
+    {"internaldrive", 0xE1DB},                            // storage
+    {"internaldrive.fill", 0xE875},                       // dns
+    {"ipad.and.iphone", 0xE1B1},                          // devices
+    {"iphone", 0xE325},                                   // phone_iphone
+    {"iphone.gen3", 0xE32C},                              // smartphone
+    {"key", 0xE0DA},                                      // vpn_key
+    {"keyboard", 0xE312},                                 // keyboard
+    {"laptopcomputer", 0xE31E},                           // laptop
+    {"lightbulb", 0xE90F},                                // lightbulb_outline
+    {"link", 0xE157},                                     // link
+    {"list.bullet", 0xE241},                              // format_list_bulleted
+    {"list.bullet.rectangle", 0xE616},                    // event_note
+    {"list.number", 0xE242},                              // format_list_numbered
+    {"location", 0xE55C},                                 // my_location
+    {"location.north.fill", 0xE55D},                      // navigation
+    {"lock", 0xE899},                                     // lock_outline
+    {"lock.fill", 0xE897},                                // lock
+    {"lock.open", 0xE898},                                // lock_open
+    {"lock.shield", 0xE32A},                              // security
+    {"lungs", 0xEA78},                                    // self_improvement
+    {"magnifyingglass", 0xE8B6},                          // search
+    {"mappin", 0xE55F},                                   // place
+    {"mappin.and.ellipse", 0xE560},                       // rate_review
+    {"mappin.circle", 0xE567},                            // add_location
+    {"memorychip", 0xE623},                               // sd_card
+    {"mic", 0xE029},                                      // mic
+    {"mic.slash", 0xE02B},                                // mic_off
+    {"minus", 0xE15B},                                    // remove
+    {"minus.magnifyingglass", 0xE900},                    // zoom_out
+    {"moon", 0xF03D},                                     // nightlight
+    {"moon.fill", 0xEF44},                                // bedtime
+    {"mug", 0xF1F3},                                      // sports_bar
+    {"music.note", 0xE405},                               // music_note
+    {"network", 0xEB2F},                                  // lan
+    {"newspaper", 0xEB81},                                // newspaper
+    {"note.text", 0xF1FC},                                // sticky_note_2
+    {"number", 0xE9EF},                                   // tag
+    {"paintpalette", 0xE40A},                             // palette
+    {"paperplane", 0xE163},                               // send
+    {"pause.fill", 0xE034},                               // pause
+    {"pawprint", 0xE91D},                                 // pets
+    {"pencil", 0xE3C9},                                   // edit
+    {"person", 0xE7FD},                                   // person
+    {"person.2", 0xE7FB},                                 // people
+    {"photo", 0xE3F4},                                    // image
+    {"photo.on.rectangle", 0xE413},                       // photo_library
+    {"pin", 0xF10D},                                      // push_pin
+    {"play.fill", 0xE037},                                // play_arrow
+    {"play.rectangle", 0xE41B},                           // slideshow
+    {"plus", 0xE145},                                     // add
+    {"plus.circle", 0xE148},                              // add_circle_outline
+    {"plus.forwardslash.minus", 0xEA5F},                  // calculate
+    {"plus.magnifyingglass", 0xE8FF},                     // zoom_in
+    {"point.3.connected.trianglepath.dotted", 0xE335},    // device_hub
+    {"power", 0xE8AC},                                    // power_settings_new
+    {"qrcode", 0xE00A},                                   // qr_code_2
+    {"questionmark.circle", 0xE8FD},                      // help_outline
+    {"quote.opening", 0xE244},                            // format_quote
+    {"rectangle.compress.vertical", 0xE434},              // photo_size_select_small
+    {"rectangle.dashed", 0xEF52},                         // highlight_alt
+    {"rectangle.split.2x1", 0xF06D},                      // splitscreen
+    {"ruler", 0xE41C},                                    // straighten
+    {"shippingbox", 0xE1A1},                              // inventory_2
+    {"sidebar.left", 0xF114},                             // view_sidebar
+    {"slider.horizontal.3", 0xE429},                      // tune
+    {"sofa", 0xE16B},                                     // weekend
+    {"sparkle", 0xE1AF},                                  // data_usage
+    {"sparkles", 0xE9F4},                                 // hub
+    {"speaker.slash", 0xE04F},                            // volume_off
+    {"speaker.wave.1", 0xE04D},                           // volume_down
+    {"speaker.wave.2", 0xE050},                           // volume_up
+    {"square", 0xE3C6},                                   // crop_square
+    {"square.and.arrow.down", 0xE171},                    // save_alt
+    {"square.and.arrow.up", 0xE2C6},                      // file_upload
+    {"square.and.pencil", 0xE266},                        // add_comment
+    {"square.grid.2x2", 0xE1BD},                          // widgets
+    {"star", 0xE83A},                                     // star_border
+    {"star.fill", 0xE838},                                // star
+    {"stop.fill", 0xE047},                                // stop
+    {"stopwatch", 0xE01B},                                // av_timer
+    {"sun.horizon", 0xE1C6},                              // wb_twilight
+    {"sun.max", 0xE518},                                  // light_mode
+    {"sun.min", 0xE430},                                  // wb_sunny
+    {"sunrise", 0xE1C6},                                  // wb_twilight
+    {"tag", 0xE54E},                                      // local_offer
+    {"terminal", 0xEB8E},                                 // terminal
+    {"text.alignleft", 0xE26C},                           // notes
+    {"text.bubble", 0xE0CB},                              // chat_bubble_outline
+    {"text.quote", 0xE261},                               // short_text
+    {"textformat", 0xE245},                               // format_size
+    {"textformat.size", 0xE245},                          // format_size
+    {"thermometer.medium", 0xE1FF},                       // device_thermostat
+    {"thermometer.sun", 0xF077},                          // thermostat_auto
+    {"timer", 0xE425},                                    // timer
+    {"timer.circle", 0xE88B},                             // hourglass_empty
+    {"tornado", 0xE199},                                  // tornado
+    {"translate", 0xE8E2},                                // translate
+    {"trash", 0xE92E},                                    // delete_outline
+    {"trash.fill", 0xE872},                               // delete
+    {"umbrella", 0xF1AD},                                 // umbrella
+    {"viewfinder", 0xE3B4},                               // center_focus_strong
+    {"wand.and.stars", 0xE663},                           // auto_fix_high
+    {"waveform.path.ecg", 0xEAA2},                        // monitor_heart
+    {"wifi", 0xE63E},                                     // wifi
+    {"wifi.slash", 0xE648},                               // wifi_off
+    {"wind", 0xEFD8},                                     // air
+    {"xmark", 0xE5CD},                                    // close
+    {"xmark.circle.fill", 0xE5C9},                        // cancel
+    {"zzz", 0xE046},                                      // snooze
+};
+
+static_assert(std::ranges::is_sorted(glyphs, {}, &SymbolGlyph::name));
+
+}  // namespace
+
+std::span<const SymbolGlyph> symbolTable() { return glyphs; }
+
+std::optional<char32_t> glyphOf(std::string_view name) {
+  const auto found = std::ranges::lower_bound(glyphs, name, {}, &SymbolGlyph::name);
+  if (found == std::end(glyphs) || found->name != name) return std::nullopt;
+  return found->glyph;
+}
+
+}  // namespace ambrel

@@ -1,0 +1,57 @@
+#pragma once
+// A line of text that ticks: with `widest` given, its digits all have the same width and its box is as wide as the
+// widest text, so that nothing moves but the figures.
+
+#include <QFont>
+#include <QQuickPaintedItem>
+
+namespace ambrel {
+
+class TickingText : public QQuickPaintedItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged FINAL)
+  Q_PROPERTY(QString widest READ widest WRITE setWidest NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY styleChanged FINAL)
+  Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment NOTIFY styleChanged FINAL)
+  Q_PROPERTY(bool truncated READ truncated NOTIFY textChanged FINAL)
+
+ public:
+  explicit TickingText(QQuickItem* parent = nullptr);
+
+  QString text() const { return text_; }
+  void setText(const QString& text);
+  // A text of the greatest width to come, such as "00:00:00"; empty when box and digits follow the text.
+  QString widest() const { return widest_; }
+  void setWidest(const QString& widest);
+  QFont font() const { return font_; }
+  void setFont(const QFont& font);
+  QColor color() const { return color_; }
+  void setColor(const QColor& color);
+  Qt::Alignment alignment() const { return alignment_; }
+  void setAlignment(Qt::Alignment alignment);
+  // Whether the text does not fit; then it ends in an ellipsis.
+  bool truncated() const;
+
+  qreal widthOf(const QString& text) const;
+  void paint(QPainter* painter) override;
+
+ Q_SIGNALS:
+  void textChanged();
+  void styleChanged();
+
+ protected:
+  void geometryChange(const QRectF& now, const QRectF& before) override;
+
+ private:
+  void measure();
+  bool isFixed() const { return !widest_.isEmpty(); }
+
+  QString text_, widest_;
+  QFont font_;
+  QColor color_ = Qt::black;
+  Qt::Alignment alignment_ = Qt::AlignLeft;
+};
+
+}  // namespace ambrel

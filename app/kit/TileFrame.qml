@@ -1,0 +1,147 @@
+import QtQuick
+import Ambrel.Kit
+
+// A tile of the bar: its ground, its states and its rows. A tile of text needs its properties alone; what else it
+// shows, a sparkline or a ring, goes into it as children, which lie over the padded area.
+Pressable {
+    id: root
+
+    enum Span {
+        Small,
+        Medium,
+        Large,
+        ExtraLarge
+    }
+
+    property int span: TileFrame.Medium
+    property string symbol
+    property string name
+    // At the right edge of the caption, such as an age.
+    property string fact
+    property string value
+    property string unit
+    // The widest value to come, for figures that tick.
+    property string widestValue
+    property TextRole valueRole: Theme.value
+    property color valueColor: Theme.ink
+    property string subLine
+    // Free space at the right of value and sub-line, for a child that stands there.
+    property real reserved: 0
+    property bool hasHeader: span !== TileFrame.Small
+    // Why there is nothing to show, in words; empty when there is.
+    property string problem
+    // How old what is shown is, in words; empty when it is fresh.
+    property string staleSince
+    readonly property bool isUnavailable: problem !== ""
+    readonly property bool isStale: staleSince !== "" && !isUnavailable
+    readonly property real markOpacity: isStale ? 0.5 : 1
+    readonly property color figureColor: isStale ? Theme.ink2 : Theme.ink
+    readonly property alias area: area
+    default property alias content: area.data
+
+    signal menuRequested(real x, real y)
+
+    readonly property string spoken: {
+        let text = name;
+        if (isUnavailable)
+            return text + ", " + qsTr("Not available") + ", " + problem;
+        for (const part of [value, unit, subLine, staleSince])
+            if (part !== "")
+                text += (part === unit ? " " : ", ") + part;
+        return text;
+    }
+    readonly property TileRows textRows: rows.item as TileRows
+
+    label: spoken
+    tip: textRows && textRows.isElided || header.isElided ? spoken : ""
+    width: implicitWidth
+    height: implicitHeight
+    implicitHeight: Theme.tileHeight
+    implicitWidth: span === TileFrame.Small ? Theme.tileSmall : span === TileFrame.Medium ? Theme.tileMedium : span === TileFrame.Large ? Theme.tileLarge : Theme.tileExtraLarge
+    scale: down ? Theme.pressScale : 1
+
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_F10 || event.key === Qt.Key_Menu) {
+            root.menuRequested(root.width / 2, 0);
+            event.accepted = true;
+        }
+    }
+
+    Behavior on scale {
+        NumberAnimation {
+            duration: root.down ? Theme.pressDuration : Theme.releaseDuration
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => root.menuRequested(eventPoint.position.x, eventPoint.position.y)
+    }
+
+    Rectangle {
+        id: ground
+        anchors.fill: parent
+        radius: Theme.radiusTile
+        color: root.down ? Theme.tilePressed : root.hovered ? Theme.tileHover : Theme.tile
+        border.width: 1
+        border.color: Theme.over(root.hovered ? Theme.lineStrong : Theme.line, ground.color)
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Theme.hoverDuration
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+
+    CardHeader {
+        id: header
+        visible: root.hasHeader
+        anchors {
+            left: area.left
+            right: area.right
+            top: area.top
+        }
+        symbol: root.symbol
+        name: root.name
+        fact: root.isUnavailable ? "" : root.fact
+        isStale: root.isStale
+    }
+
+    Loader {
+        id: rows
+        anchors.fill: area
+        active: root.isUnavailable || root.value !== "" || root.subLine !== ""
+        sourceComponent: TileRows {
+            isSmall: root.span === TileFrame.Small
+            symbol: root.symbol
+            name: root.name
+            value: root.value
+            unit: root.unit
+            widestValue: root.widestValue
+            valueRole: root.valueRole
+            valueColor: root.valueColor
+            subLine: root.subLine
+            problem: root.problem
+            staleSince: root.isStale ? root.staleSince : ""
+            reserved: root.reserved
+        }
+    }
+
+    Item {
+        id: area
+        visible: !root.isUnavailable
+        anchors {
+            fill: parent
+            leftMargin: root.span === TileFrame.Small ? Theme.space1 : Theme.space3
+            rightMargin: anchors.leftMargin
+            topMargin: Math.round((parent.height - Theme.caption.line * 2 - Theme.value.line) / 2) - (root.span === TileFrame.Small ? 2 : 0)
+            bottomMargin: anchors.topMargin
+        }
+    }
+
+    FocusRing {
+        targetRadius: Theme.radiusTile
+    }
+}

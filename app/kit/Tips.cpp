@@ -1,0 +1,54 @@
+#include "app/kit/Tips.h"
+
+namespace ambrel {
+
+Tips::Tips(QObject* parent) : QObject(parent) {
+  timer_.setSingleShot(true);
+  timer_.setInterval(600);
+  connect(&timer_, &QTimer::timeout, this, &Tips::show);
+}
+
+void Tips::setDelay(int milliseconds) {
+  if (timer_.interval() == milliseconds) return;
+  timer_.setInterval(milliseconds);
+  Q_EMIT delayChanged();
+}
+
+void Tips::enter(QQuickItem* item, const QString& text, const QString& keys) {
+  if (!item || text.isEmpty()) return;
+  if (item_ != item) leaveShown();
+  next_ = item;
+  nextText_ = text;
+  nextKeys_ = keys;
+  timer_.start();
+}
+
+void Tips::leave(QQuickItem* item) {
+  if (next_ == item) {
+    next_ = nullptr;
+    timer_.stop();
+  }
+  if (item_ == item) leaveShown();
+}
+
+void Tips::leaveShown() {
+  if (text_.isEmpty()) return;
+  if (item_) disconnect(item_, nullptr, this, nullptr);
+  item_ = nullptr;
+  text_.clear();
+  keys_.clear();
+  Q_EMIT changed();
+}
+
+void Tips::show() {
+  if (!next_ || !next_->isVisible()) return;
+  item_ = next_;
+  text_ = nextText_;
+  keys_ = nextKeys_;
+  // An item that goes takes its tip along.
+  connect(item_, &QQuickItem::visibleChanged, this, &Tips::leaveShown, Qt::UniqueConnection);
+  connect(item_, &QObject::destroyed, this, &Tips::leaveShown, Qt::UniqueConnection);
+  Q_EMIT changed();
+}
+
+}  // namespace ambrel

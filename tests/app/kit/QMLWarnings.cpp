@@ -1,0 +1,35 @@
+#include "tests/app/kit/QMLWarnings.h"
+
+#include <utility>
+
+namespace ambrel {
+namespace {
+
+// The handler is a plain function, so what it collects has no better place.
+QMutex mutex;
+QStringList collected;
+QtMessageHandler previous = nullptr;
+
+}  // namespace
+
+QMLWarnings::QMLWarnings() {
+  take();
+  previous = qInstallMessageHandler(handle);
+}
+
+QMLWarnings::~QMLWarnings() { qInstallMessageHandler(previous); }
+
+QStringList QMLWarnings::take() {
+  const QMutexLocker lock(&mutex);
+  return std::exchange(collected, {});
+}
+
+void QMLWarnings::handle(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (type == QtWarningMsg || type == QtCriticalMsg) {
+    const QMutexLocker lock(&mutex);
+    collected << text;
+  }
+  if (previous) previous(type, context, text);
+}
+
+}  // namespace ambrel
