@@ -45,6 +45,19 @@ class TemporaryFile {
   bool isRenamed_ = false;
 };
 
+// Where a chain of symbolic links ends; what stands there need not exist.
+std::filesystem::path linkTarget(std::filesystem::path path) {
+  constexpr int longestChain = 40;  // as the kernel has it
+  for (int i = 0; i < longestChain; ++i) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(std::filesystem::symlink_status(path, error))) return path;
+    const auto target = std::filesystem::read_symlink(path, error);
+    if (error) throw FileError("cannot follow the link", path, error.value());
+    path = path.parent_path() / target;
+  }
+  throw FileError("cannot follow the link", path, ELOOP);
+}
+
 void writeAll(int fd, std::string_view bytes, const std::filesystem::path& target) {
   while (!bytes.empty()) {
     const ssize_t count = write(fd, bytes.data(), bytes.size());
@@ -54,6 +67,19 @@ void writeAll(int fd, std::string_view bytes, const std::filesystem::path& targe
     }
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
+}
+
+void replaceFile(const std::filesystem::path& path, std::string_view bytes, mode_t mode, const struct stat* owner) {
+  TemporaryFile file(path);
+  writeAll(file.fd(), bytes, path);
+  // Someone who may not give a file away keeps it.
+  if (owner && fchown(file.fd(), owner->st_uid, owner->st_gid) != 0) errno = 0;
+  if (fchmod(file.fd(), mode) != 0) throw FileError("cannot set the permissions of", path, errno);
+  if (fsync(file.fd()) != 0) throw FileError("cannot write", path, errno);
+  file.renameTo(path);
+  // The rename itself must reach the disk too; a file system that cannot is no reason to fail.
+  const FileDescriptor folder(open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_CLOEXEC));
+  if (folder) fsync(folder.get());
 }
 
 }  // namespace
@@ -145,14 +171,19 @@ void makeFolders(const std::filesystem::path& folder, mode_t mode) {
 }
 
 void writeAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode) {
-  TemporaryFile file(path);
-  writeAll(file.fd(), bytes, path);
-  if (fchmod(file.fd(), mode) != 0) throw FileError("cannot set the permissions of", path, errno);
-  if (fsync(file.fd()) != 0) throw FileError("cannot write", path, errno);
-  file.renameTo(path);
-  // The rename itself must reach the disk too; a file system that cannot is no reason to fail.
-  const FileDescriptor folder(open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_CLOEXEC));
-  if (folder) fsync(folder.get());
+  replaceFile(path, bytes, mode, nullptr);
+}
+
+void rewriteAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode) {
+  const std::filesystem::path target = linkTarget(path);
+  struct stat old;
+  if (stat(target.c_str(), &old) == 0) {
+    replaceFile(target, bytes, old.st_mode & 07777, &old);
+  } else if (errno == ENOENT) {
+    replaceFile(target, bytes, mode, nullptr);
+  } else {
+    throw FileError("cannot write", path, errno);
+  }
 }
 
 }  // namespace ambrel

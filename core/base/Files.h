@@ -69,4 +69,8 @@ void makeFolders(const std::filesystem::path& folder, mode_t mode = 0700);
 // file or the new one. The parent folder must exist. `mode` is exact, whatever the umask. Throws FileError.
 void writeAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode = 0600);
 
+// The same for a file that belongs to someone else: a symbolic link is followed and stays a link, and the file keeps
+// its permissions and, where the system allows it, its owner. `mode` is for a file that does not exist yet.
+void rewriteAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode = 0600);
+
 }  // namespace ambrel

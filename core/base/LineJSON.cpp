@@ -12,6 +12,8 @@ namespace dom = simdjson::dom;
 
 struct LineParser::Impl {
   dom::parser parser;
+
+  std::optional<LineObject> parseObject(std::string_view line, bool copied);
 };
 
 namespace {
@@ -34,16 +36,23 @@ dom::element unpack(const Element& packed) {
 
 }  // namespace
 
+std::optional<LineObject> LineParser::Impl::parseObject(std::string_view line, bool copied) {
+  dom::element element;
+  if (parser.parse(line.data(), line.size(), copied).get(element) != simdjson::SUCCESS) return std::nullopt;
+  if (!element.is_object()) return std::nullopt;
+  return LineObject(pack<LineObject::Element>(element));
+}
+
 LineParser::LineParser() : impl_(std::make_unique<Impl>()) {}
 LineParser::~LineParser() = default;
 LineParser::LineParser(LineParser&&) noexcept = default;
 LineParser& LineParser::operator=(LineParser&&) noexcept = default;
 
-std::optional<LineObject> LineParser::parse(std::string_view line) {
-  dom::element element;
-  if (impl_->parser.parse(line.data(), line.size(), true).get(element) != simdjson::SUCCESS) return std::nullopt;
-  if (!element.is_object()) return std::nullopt;
-  return LineObject(pack<LineObject::Element>(element));
+std::optional<LineObject> LineParser::parse(std::string_view line) { return impl_->parseObject(line, true); }
+
+std::optional<LineObject> LineParser::parsePadded(std::string_view line) {
+  static_assert(padding >= simdjson::SIMDJSON_PADDING);
+  return impl_->parseObject(line, false);
 }
 
 bool LineParser::parseTexts(std::string_view text, const std::function<void(std::string_view)>& visit) {
