@@ -1,0 +1,168 @@
+#include "core/disk/DiskAdvice.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <map>
+
+#include "core/base/LocalText.h"
+#include "core/base/Text.h"
+
+namespace ambrel::DiskAdvice {
+namespace {
+
+constexpr std::size_t namedAtMost = 2;
+
+// The keys with the largest totals, largest first; equal ones in case order.
+template <typename Key>
+std::vector<Key> largest(const std::map<Key, std::int64_t>& totals) {
+  std::vector<std::pair<Key, std::int64_t>> sorted(totals.begin(), totals.end());
+  std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.second > b.second; });
+  std::vector<Key> keys;
+  for (const auto& entry : sorted)
+    if (keys.size() < namedAtMost) keys.push_back(entry.first);
+  return keys;
+}
+
+std::string inMidSentence(std::string_view title) {
+  return title.empty() ? std::string() : asciiLower(title.substr(0, 1)) + std::string(title.substr(1));
+}
+
+template <typename Range, typename Name>
+std::string joinedByAnd(const Range& range, const Name& name) {
+  std::string out;
+  for (const auto& entry : range) {
+    if (!out.empty()) out += " and ";
+    out += name(entry);
+  }
+  return out;
+}
+
+std::string_view nextStep(FindingRule rule) {
+  switch (rule) {
+    case FindingRule::developerCaches:
+    case FindingRule::staleBuildFolders:
+      return "Safe to move to the Trash.";
+    case FindingRule::trash:
+      return "Open it to decide.";
+    case FindingRule::appCaches:
+    case FindingRule::oldInstallers:
+    case FindingRule::duplicates:
+    case FindingRule::oldArchives:
+    case FindingRule::oldScreenshots:
+      return "Look at the list before you move them.";
+    case FindingRule::oldSimulatorRuntimes:
+      return "Buddy only shows them.";
+    case FindingRule::largeOldFiles:
+      return "Open each one first. Only you know if you still need it.";
+  }
+  return {};
+}
+
+std::string_view answer(CleanupRisk risk) {
+  switch (risk) {
+    case CleanupRisk::safe:
+      return "Yes, most likely.";
+    case CleanupRisk::review:
+      return "Probably, but look first.";
+    case CleanupRisk::careful:
+      return "Maybe. Only you know.";
+  }
+  return {};
+}
+
+const DiskFinding* findingOf(const std::string& path, const std::vector<DiskFinding>& findings) {
+  for (const DiskFinding& finding : findings)
+    for (const CleanupItem& item : finding.items) {
+      if (item.url.empty() || !isWithin(path, item.url)) continue;
+      // A child that stays in its place belongs to no finding through its folder.
+      if (item.contentsOnly && path.size() > item.url.size()) {
+        const std::string_view below = std::string_view(path).substr(item.url.size() + 1);
+        if (item.keeping.contains(below.substr(0, below.find('/')))) continue;
+      }
+      return &finding;
+    }
+  return nullptr;
+}
+
+// Where applications keep their data here, as "Library" is on the original desktop.
+std::optional<std::string_view> dataFolderOf(const std::string& path, const std::string& home) {
+  for (const std::string_view name : {".config", ".local", ".var", ".cache"})
+    if (isWithin(path, joinedPath(home, name))) return name;
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::string headline(const std::vector<DiskFinding>& findings) {
+  std::map<FindingGroup, std::int64_t> totals;
+  for (const DiskFinding& finding : findings)
+    if (const auto place = group(finding.rule)) totals[*place] += finding.bytes();
+  if (totals.empty()) return "Your Mac looks tidy.";
+  return "Mostly " + joinedByAnd(largest(totals), [](FindingGroup entry) { return std::string(title(entry)); });
+}
+
+std::int64_t freeableBytes(const std::vector<DiskFinding>& findings) {
+  std::int64_t sum = 0;
+  for (const DiskFinding& finding : findings)
+    if (isMovable(finding.rule)) sum += finding.bytes();
+  return sum;
+}
+
+std::string summary(const DiskItem& root, const std::vector<DiskFinding>& findings, const Calendar& calendar) {
+  std::string text = fmt::format("{} uses {}.", repairedUTF8(root.name()), fileSize(calendar, root.size()));
+  std::vector<const DiskItem*> named;
+  for (const DiskItem& child : root.children())
+    if (child.kind() != DiskItem::Kind::smallItems && named.size() < namedAtMost) named.push_back(&child);
+  if (!named.empty())
+    text += " Most of it is in " +
+            joinedByAnd(named, [](const DiskItem* child) { return repairedUTF8(child->name()); }) + ".";
+
+  std::map<FindingRule, std::int64_t> movable;
+  for (const DiskFinding& finding : findings)
+    if (isMovable(finding.rule)) movable[finding.rule] += finding.bytes();
+  if (movable.empty()) {
+    text += " Nothing obvious to clean: the big folders hold your own files.";
+  } else {
+    text += fmt::format(" Buddy found {} you can free, mostly {}.", fileSize(calendar, freeableBytes(findings)),
+                        joinedByAnd(largest(movable), [](FindingRule rule) { return inMidSentence(title(rule)); }));
+  }
+  for (const DiskFinding& finding : findings)
+    if (finding.rule == FindingRule::trash)
+      text += fmt::format(" The Trash holds {}.", fileSize(calendar, finding.bytes()));
+  return text;
+}
+
+std::string findingLine(FindingRule rule, std::size_t count, std::int64_t bytes, const Calendar& calendar) {
+  const std::string items = count == 1 ? "1 item" : fmt::format("{} items", count);
+  return fmt::format("{} {}, {}. {}", title(rule), items, fileSize(calendar, bytes), nextStep(rule));
+}
+
+std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findings, const std::string& home,
+                    Instant now, const Calendar& calendar) {
+  const std::string path = standardizedPath(item.url());
+  const std::string base = standardizedPath(home);
+  const DiskFinding* finding = findingOf(path, findings);
+  std::string text = fmt::format("It takes {} and changed {}. ", fileSize(calendar, item.size()),
+                                 relativeAge(calendar, item.modified(), now));
+  if (isMainFolder(path, base))
+    return text + repairedUTF8(item.name()) + " is a main folder of your Mac. Clean what is inside it instead.";
+  if (!finding) {
+    if (isWithin(path, joinedPath(base, "Library")))
+      return text +
+             "Be careful. This is app data in your Library. Delete it only when you know which app made it and "
+             "you no longer use that app.";
+    if (const auto folder = dataFolderOf(path, base))
+      return text + fmt::format(
+                        "Be careful. This is app data in your {} folder. Delete it only when you know which "
+                        "app made it and you no longer use that app.",
+                        *folder);
+  }
+  if (finding)
+    return text + fmt::format("{} It is in {}. {}", answer(risk(finding->rule)), inMidSentence(title(finding->rule)),
+                              finding->reason);
+  if (item.kind() == DiskItem::Kind::package && asciiLower(item.name()).ends_with(".app"))
+    return text + "If you no longer use this app, you can move it to the Trash. Its settings stay in your Library.";
+  return text + "Buddy does not know this item. Open it in Finder to check before you move it to the Trash.";
+}
+
+}  // namespace ambrel::DiskAdvice

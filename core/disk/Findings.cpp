@@ -1,0 +1,92 @@
+#include "core/disk/Findings.h"
+
+#include <numeric>
+
+namespace ambrel {
+namespace {
+
+struct RuleFacts {
+  FindingRule rule;
+  std::string_view title, symbol;
+  std::optional<FindingGroup> group;
+  CleanupRisk risk;
+};
+
+constexpr std::array ruleFacts{
+    RuleFacts{FindingRule::developerCaches, "Developer caches", "hammer", FindingGroup::developerJunk,
+              CleanupRisk::safe},
+    RuleFacts{FindingRule::appCaches, "App caches", "archivebox", FindingGroup::developerJunk, CleanupRisk::review},
+    RuleFacts{FindingRule::staleBuildFolders, "Build folders in old projects", "shippingbox",
+              FindingGroup::developerJunk, CleanupRisk::safe},
+    RuleFacts{FindingRule::oldInstallers, "Old installers in Downloads", "arrow.down.circle",
+              FindingGroup::oldDownloads, CleanupRisk::review},
+    RuleFacts{FindingRule::largeOldFiles, "Large files you have not opened", "doc.badge.clock",
+              FindingGroup::bigOldFiles, CleanupRisk::careful},
+    RuleFacts{FindingRule::duplicates, "Duplicate files", "doc.on.doc", FindingGroup::duplicates, CleanupRisk::review},
+    RuleFacts{FindingRule::oldArchives, "Old Xcode archives", "archivebox.fill", FindingGroup::developerJunk,
+              CleanupRisk::review},
+    RuleFacts{FindingRule::oldSimulatorRuntimes, "Old simulator runtimes", "iphone.gen3", std::nullopt,
+              CleanupRisk::review},
+    RuleFacts{FindingRule::oldScreenshots, "Old screenshots on the Desktop", "camera.viewfinder",
+              FindingGroup::oldDownloads, CleanupRisk::review},
+    RuleFacts{FindingRule::trash, "The Trash", "trash", FindingGroup::trash, CleanupRisk::safe}};
+
+constexpr bool isInCaseOrder() {
+  for (std::size_t i = 0; i < ruleFacts.size(); ++i)
+    if (ruleFacts[i].rule != static_cast<FindingRule>(i)) return false;
+  return true;
+}
+static_assert(isInCaseOrder());
+
+const RuleFacts& facts(FindingRule rule) { return ruleFacts[static_cast<std::size_t>(rule)]; }
+
+}  // namespace
+
+std::string_view label(CleanupRisk risk) {
+  switch (risk) {
+    case CleanupRisk::safe:
+      return "Safe";
+    case CleanupRisk::review:
+      return "Review";
+    case CleanupRisk::careful:
+      return "Careful";
+  }
+  return {};
+}
+
+std::string_view title(FindingGroup group) {
+  switch (group) {
+    case FindingGroup::developerJunk:
+      return "Developer junk";
+    case FindingGroup::oldDownloads:
+      return "Old downloads";
+    case FindingGroup::bigOldFiles:
+      return "Big old files";
+    case FindingGroup::duplicates:
+      return "Duplicates";
+    case FindingGroup::trash:
+      return "Trash";
+  }
+  return {};
+}
+
+std::string_view title(FindingRule rule) { return facts(rule).title; }
+std::string_view symbol(FindingRule rule) { return facts(rule).symbol; }
+std::optional<FindingGroup> group(FindingRule rule) { return facts(rule).group; }
+CleanupRisk risk(FindingRule rule) { return facts(rule).risk; }
+
+bool isMovable(FindingRule rule) { return rule != FindingRule::oldSimulatorRuntimes && rule != FindingRule::trash; }
+
+std::vector<FindingRule> rules(FindingGroup group) {
+  std::vector<FindingRule> out;
+  for (const RuleFacts& entry : ruleFacts)
+    if (entry.group == group) out.push_back(entry.rule);
+  return out;
+}
+
+std::int64_t DiskFinding::bytes() const {
+  return std::accumulate(items.begin(), items.end(), std::int64_t{0},
+                         [](std::int64_t sum, const CleanupItem& item) { return sum + item.bytes; });
+}
+
+}  // namespace ambrel

@@ -1,0 +1,148 @@
+#pragma once
+// The vocabulary of what could go: targets, rules, items and findings. See DiskAnalyzer for how they are found.
+
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/base/EnumText.h"
+#include "core/disk/DiskItem.h"
+
+namespace ambrel {
+
+// A folder under the home that a tool fills again by itself, or that is worth a look.
+struct CleanupTarget {
+  enum class Kind { rebuildable, review };
+
+  std::string_view id, title, detail;
+  // Relative to the home. A component "*" stands for every folder at that place.
+  std::string_view relativePath;
+  Kind kind;
+  std::string_view symbol;
+};
+
+// In the order of the original desktop: its own folders, then those of package managers.
+std::span<const CleanupTarget> cleanupTargets();
+std::span<const CleanupTarget> packageManagerTargets();
+// The same for this system's folders: developers' tools, and caches of applications. In `~/.cache`, whatever is not
+// named here is offered as one item.
+std::span<const CleanupTarget> linuxDeveloperTargets();
+std::span<const CleanupTarget> linuxApplicationTargets();
+
+enum class CleanupRisk { safe, review, careful };
+
+enum class FindingGroup { developerJunk, oldDownloads, bigOldFiles, duplicates, trash };
+
+// In the order in which they are listed; the analyzer's order of evaluation is another one.
+enum class FindingRule {
+  developerCaches,
+  appCaches,
+  staleBuildFolders,
+  oldInstallers,
+  largeOldFiles,
+  duplicates,
+  oldArchives,
+  oldSimulatorRuntimes,
+  oldScreenshots,
+  trash
+};
+
+std::string_view label(CleanupRisk risk);
+std::string_view title(FindingGroup group);
+std::string_view title(FindingRule rule);
+std::string_view symbol(FindingRule rule);
+// Absent for rules whose items are shown and never moved.
+std::optional<FindingGroup> group(FindingRule rule);
+CleanupRisk risk(FindingRule rule);
+// Simulator runtimes belong to another tool, and the Trash is never emptied for anyone.
+bool isMovable(FindingRule rule);
+// The rules of a group, in case order.
+std::vector<FindingRule> rules(FindingGroup group);
+
+// What tells a file from another one under the same name, and from itself after a change.
+struct FileIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+  std::uint64_t size = 0;                  // the length, not the space on disk
+  std::int64_t modified = 0, changed = 0;  // nanoseconds since 1970
+  friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+
+  bool isSameFile(const FileIdentity& other) const { return device == other.device && inode == other.inode; }
+};
+
+// Another file that must still be there, as it was, for an item to go.
+struct KeptCopy {
+  std::string url;
+  FileIdentity identity;
+  friend bool operator==(const KeptCopy&, const KeptCopy&) = default;
+};
+
+struct CleanupItem {
+  std::string url;
+  std::string title;
+  std::int64_t bytes = 0;
+  std::optional<Instant> modified;
+  // Move what is inside the folder, and not the folder itself.
+  bool contentsOnly = false;
+  // With `contentsOnly`: names of children that stay.
+  std::set<std::string, std::less<>> keeping = {};
+  // What was found; at the act it must still be the same. Absent when it could not be told: then it stays.
+  std::optional<FileIdentity> identity = {};
+  // Of a duplicate: the copy that stays.
+  std::optional<KeptCopy> kept = {};
+
+  friend bool operator==(const CleanupItem&, const CleanupItem&) = default;
+};
+
+struct DiskFinding {
+  FindingRule rule = FindingRule::developerCaches;
+  std::vector<CleanupItem> items;  // largest first
+  std::string reason;
+
+  std::int64_t bytes() const;
+  friend bool operator==(const DiskFinding&, const DiskFinding&) = default;
+};
+
+// A platform that a developer's tool simulates devices with.
+struct SimulatorRuntime {
+  std::string identifier, platform, version;
+  std::int64_t bytes = 0;
+  std::optional<Instant> lastUsed;
+  bool isDeletable = false;
+  std::string path;
+  friend bool operator==(const SimulatorRuntime&, const SimulatorRuntime&) = default;
+};
+
+template <>
+struct EnumText<FindingRule> {
+  static constexpr std::array table{
+      std::pair{FindingRule::developerCaches, std::string_view("developerCaches")},
+      std::pair{FindingRule::appCaches, std::string_view("appCaches")},
+      std::pair{FindingRule::staleBuildFolders, std::string_view("staleBuildFolders")},
+      std::pair{FindingRule::oldInstallers, std::string_view("oldInstallers")},
+      std::pair{FindingRule::largeOldFiles, std::string_view("largeOldFiles")},
+      std::pair{FindingRule::duplicates, std::string_view("duplicates")},
+      std::pair{FindingRule::oldArchives, std::string_view("oldArchives")},
+      std::pair{FindingRule::oldSimulatorRuntimes, std::string_view("oldSimulatorRuntimes")},
+      std::pair{FindingRule::oldScreenshots, std::string_view("oldScreenshots")},
+      std::pair{FindingRule::trash, std::string_view("trash")}};
+};
+
+template <>
+struct EnumText<FindingGroup> {
+  static constexpr std::array table{std::pair{FindingGroup::developerJunk, std::string_view("developerJunk")},
+                                    std::pair{FindingGroup::oldDownloads, std::string_view("oldDownloads")},
+                                    std::pair{FindingGroup::bigOldFiles, std::string_view("bigOldFiles")},
+                                    std::pair{FindingGroup::duplicates, std::string_view("duplicates")},
+                                    std::pair{FindingGroup::trash, std::string_view("trash")}};
+};
+
+template <>
+struct EnumText<CleanupRisk> {
+  static constexpr std::array table{std::pair{CleanupRisk::safe, std::string_view("safe")},
+                                    std::pair{CleanupRisk::review, std::string_view("review")},
+                                    std::pair{CleanupRisk::careful, std::string_view("careful")}};
+};
+
+}  // namespace ambrel

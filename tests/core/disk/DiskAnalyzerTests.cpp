@@ -1,0 +1,413 @@
+#include <gmock/gmock.h>
+#include <random>
+
+#include "core/disk/DiskAnalyzer.h"
+#include "tests/core/disk/SyntheticTree.h"
+#include "tests/core/disk/Tree.h"
+
+namespace ambrel {
+namespace {
+
+using test::daysBefore;
+using test::FileEntry;
+using test::findingOf;
+using test::treeOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+constexpr std::int64_t mega = 1'000'000, giga = 1'000'000'000;
+const std::string home = "/home/nobody-here";
+const Instant now = test::someDay;
+const Instant longAgo = daysBefore(now, 500);
+const Calendar calendar("UTC", "en_US");
+
+std::vector<DiskFinding> analyze(const std::vector<FileEntry>& files,
+                                 const std::vector<SimulatorRuntime>& runtimes = {},
+                                 const DiskAnalyzer& analyzer = {}) {
+  return analyzer.analyze(*treeOf(home, files), home, runtimes, now, calendar);
+}
+
+std::vector<std::string> pathsOf(const DiskFinding* finding) {
+  std::vector<std::string> paths;
+  if (finding)
+    for (const CleanupItem& item : finding->items)
+      paths.push_back(item.url.starts_with(home + "/") ? item.url.substr(home.size() + 1) : item.url);
+  return paths;
+}
+
+std::vector<std::string> listed(const std::vector<FileEntry>& files, FindingRule rule) {
+  const auto findings = analyze(files);
+  return pathsOf(findingOf(findings, rule));
+}
+
+TEST(DeveloperCaches, BothTablesAreLookedUp) {
+  const auto findings = analyze({{"Library/Developer/Xcode/DerivedData/x", 5 * mega, longAgo},
+                                 {"Library/Caches/Homebrew/y", 4 * mega, longAgo},
+                                 {".npm/_cacache/z", 3 * mega, now},
+                                 {".cache/pip/w", 2 * mega, now},
+                                 {".cargo/registry/cache/crate", 6 * mega, now},
+                                 {"Library/Developer/Xcode/Archives/a", 9 * mega, now},
+                                 {".gradle/caches/tiny", 900, now}});
+  const DiskFinding* finding = findingOf(findings, FindingRule::developerCaches);
+  EXPECT_THAT(pathsOf(finding), ElementsAre(".cargo/registry/cache", "Library/Developer/Xcode/DerivedData",
+                                            "Library/Caches/Homebrew", ".npm/_cacache", ".cache/pip"));
+  EXPECT_EQ(finding->reason,
+            "Build files and downloads that Xcode, npm and other tools make again when they need them.");
+  for (const CleanupItem& item : finding->items) EXPECT_TRUE(item.contentsOnly && item.keeping.empty()) << item.url;
+  EXPECT_EQ(finding->items[1].title, "DerivedData");
+  EXPECT_EQ(finding->bytes(), 20 * mega);
+}
+
+TEST(AppCaches, LeaveOutWhatIsOfferedOnItsOwn) {
+  const auto findings = analyze({{"Library/Caches/Homebrew/a", 4 * mega, now},
+                                 {"Library/Caches/pip/b", 2 * mega, now},
+                                 {"Library/Caches/com.app/c", 7 * mega, now}});
+  const DiskFinding* finding = findingOf(findings, FindingRule::appCaches);
+  ASSERT_TRUE(finding);
+  ASSERT_EQ(finding->items.size(), 1u);
+  const CleanupItem& item = finding->items.front();
+  EXPECT_EQ(item.title, "App Caches");
+  EXPECT_EQ(item.bytes, 7 * mega);
+  EXPECT_THAT(item.keeping, UnorderedElementsAre("Homebrew", "Yarn", "pip", "CocoaPods"));
+  EXPECT_TRUE(item.contentsOnly);
+  EXPECT_EQ(finding->reason, "Files apps keep to start faster. Apps make them again. Quit large apps first.");
+}
+
+TEST(AppCaches, OfThisSystemAreItemsOfTheirOwn) {
+  const auto findings = analyze({{".cache/mozilla/a", 9 * mega, now},
+                                 {".cache/thumbnails/b", 2 * mega, now},
+                                 {".cache/uv/c", 3 * mega, now},
+                                 {".cache/other/d", 5 * mega, now},
+                                 {".var/app/org.gimp.GIMP/cache/e", 6 * mega, now},
+                                 {".var/app/org.gimp.GIMP/data/f", 60 * mega, longAgo},
+                                 {"snap/editor/common/.cache/g", 4 * mega, now}});
+  const DiskFinding* finding = findingOf(findings, FindingRule::appCaches);
+  EXPECT_THAT(pathsOf(finding), ElementsAre(".cache/mozilla", ".var/app/org.gimp.GIMP/cache", ".cache",
+                                            "snap/editor/common/.cache", ".cache/thumbnails"));
+  EXPECT_EQ(finding->items[1].title, "Flatpak Cache (org.gimp.GIMP)");
+  const CleanupItem& rest = finding->items[2];
+  EXPECT_EQ(rest.bytes, 5 * mega);
+  for (const char* name : {"mozilla", "thumbnails", "uv", "pip", "go-build", "ccache", "chromium"})
+    EXPECT_TRUE(rest.keeping.contains(name)) << name;
+  EXPECT_THAT(pathsOf(findingOf(findings, FindingRule::developerCaches)), ElementsAre(".cache/uv"));
+}
+
+TEST(AppCaches, NothingLeftOverAddsNoItem) {
+  EXPECT_THAT(listed({{"Library/Caches/pip/b", 2 * mega, now}}, FindingRule::appCaches), IsEmpty());
+}
+
+TEST(OldArchives, ByTheirExtensionAndAge) {
+  const std::string base = "Library/Developer/Xcode/Archives/2025/";
+  const auto findings = analyze({{base + "Shop 1.xcarchive/big", 5 * mega, daysBefore(now, 181)},
+                                 {base + "Shop 2.xcarchive/big", 5 * mega, daysBefore(now, 180)},
+                                 {base + "Inner.xcarchive/Deep.xcarchive/big", 5 * mega, daysBefore(now, 200)},
+                                 {base + "notes/big", 5 * mega, longAgo}});
+  const DiskFinding* finding = findingOf(findings, FindingRule::oldArchives);
+  EXPECT_THAT(pathsOf(finding), UnorderedElementsAre(base + "Shop 1.xcarchive", base + "Inner.xcarchive"));
+  EXPECT_EQ(finding->reason,
+            "Archived builds from more than 180 days ago. Keep the ones of versions you still ship or debug.");
+  std::vector<std::string> titles;
+  for (const CleanupItem& item : finding->items) titles.push_back(item.title);
+  EXPECT_THAT(titles, UnorderedElementsAre("Shop 1", "Inner"));
+}
+
+TEST(OldSimulatorRuntimes, TheNewestOfEachPlatformIsNeverListed) {
+  const auto runtime = [](std::string id, std::string platform, std::string version, std::optional<Instant> lastUsed,
+                          bool isDeletable = true) {
+    return SimulatorRuntime{.identifier = id,
+                            .platform = "com.apple.platform." + platform,
+                            .version = version,
+                            .bytes = 7 * giga,
+                            .lastUsed = lastUsed,
+                            .isDeletable = isDeletable,
+                            .path = "/runtimes/" + id};
+  };
+  const auto findings = analyze(
+      {}, {runtime("i1", "iphonesimulator", "17.10", longAgo), runtime("i2", "iphonesimulator", "17.2", longAgo),
+           runtime("i3", "iphonesimulator", "16.4", {}), runtime("i4", "iphonesimulator", "15.0", daysBefore(now, 180)),
+           runtime("i5", "iphonesimulator", "14.0", longAgo, false), runtime("v1", "xrsimulator", "1.0", longAgo),
+           runtime("v2", "xrsimulator", "2.0", longAgo), runtime("x1", "toaster", "2", longAgo),
+           runtime("x2", "toaster", "1", longAgo)});
+  const DiskFinding* finding = findingOf(findings, FindingRule::oldSimulatorRuntimes);
+  ASSERT_TRUE(finding);
+  std::vector<std::string> titles;
+  for (const CleanupItem& item : finding->items) titles.push_back(item.title);
+  EXPECT_THAT(titles, ElementsAre("iOS 17.2", "iOS 16.4", "visionOS 1.0", "Simulator 1"));
+  EXPECT_EQ(finding->items[1].modified, std::nullopt);
+  EXPECT_EQ(finding->reason,
+            "Older simulator versions you have not used for 180 days. Remove them in Xcode, Settings, Components.");
+}
+
+TEST(TrashRule, ListsBothPlacesAndIsNeverClaimedTwice) {
+  const auto findings =
+      analyze({{".Trash/a", 5 * mega, now}, {".local/share/Trash/files/b", 3 * giga, longAgo, longAgo}});
+  const DiskFinding* finding = findingOf(findings, FindingRule::trash);
+  EXPECT_THAT(pathsOf(finding), ElementsAre(".local/share/Trash", ".Trash"));
+  for (const CleanupItem& item : finding->items) EXPECT_EQ(item.title, "Trash");
+  EXPECT_EQ(finding->reason,
+            "Items you already deleted. They take space until you empty the Trash. Tilebay never empties it for you.");
+  EXPECT_EQ(findings.size(), 1u);
+}
+
+// Projects on a real disk, since their marker files are too small to be in the tree.
+class StaleBuildFolders : public testing::Test {
+ protected:
+  std::vector<std::string> run() {
+    const DiskTree root = DiskScanner{.minItemSize = 10'000}.scan(tree.path()).root;
+    findings = DiskAnalyzer{}.analyze(*root, tree / "home", {}, now, calendar);
+    std::vector<std::string> paths;
+    if (const DiskFinding* finding = findingOf(findings, FindingRule::staleBuildFolders))
+      for (const CleanupItem& item : finding->items) paths.push_back(item.url.substr(tree.path().size() + 1));
+    return paths;
+  }
+  void project(const std::string& path, const std::string& marker, const std::string& build, double sourceDays,
+               double buildDays = 500) {
+    tree.fill(path + "/src/main", 20'000);
+    tree.write(path + "/" + marker, "{}");
+    tree.fill(path + "/" + build + "/output", 50'000);
+    tree.dateAll(path, daysBefore(now, sourceDays));
+    tree.dateAll(path + "/" + build, daysBefore(now, buildDays));
+  }
+
+  test::Tree tree;
+  std::vector<DiskFinding> findings;
+};
+
+TEST_F(StaleBuildFolders, FourKindsWithTheirMarkers) {
+  project("web", "package.json", "node_modules", 61);
+  project("ios", "Podfile", "Pods", 61);
+  project("swift", "Package.swift", ".build", 61);
+  project("rust", "Cargo.toml", "target", 61);
+  project("not-rust", "package.json", "target", 61);
+  EXPECT_THAT(run(), UnorderedElementsAre("web/node_modules", "ios/Pods", "swift/.build", "rust/target"));
+  const DiskFinding& finding = *findingOf(findings, FindingRule::staleBuildFolders);
+  EXPECT_EQ(finding.reason,
+            "Projects you have not changed for 60 days. Tools such as npm install or pod install make these folders "
+            "again.");
+  for (const CleanupItem& item : finding.items) {
+    EXPECT_TRUE(item.identity) << item.url;
+    EXPECT_EQ(item.modified, daysBefore(now, 61)) << item.url;
+    EXPECT_EQ(item.url.ends_with("target"), item.title == "rust/target");
+  }
+}
+
+TEST_F(StaleBuildFolders, TheSourcesTellTheAgeAndNotTheOutput) {
+  project("old sources", "Cargo.toml", "target", 70, 1);
+  project("new sources", "Cargo.toml", "target", 5, 400);
+  project("on the day", "Cargo.toml", "target", 60, 400);
+  EXPECT_THAT(run(), ElementsAre("old sources/target"));
+}
+
+TEST_F(StaleBuildFolders, AreNeitherListedNorEnteredWithoutTheirMarker) {
+  tree.fill("loose/node_modules/pkg/node_modules/x", 50'000);
+  tree.write("loose/node_modules/pkg/package.json", "{}");
+  tree.dateAll("loose", longAgo);
+  EXPECT_THAT(run(), IsEmpty());
+  std::filesystem::create_directory(tree / "loose/package.json");
+  EXPECT_THAT(run(), IsEmpty());
+}
+
+TEST_F(StaleBuildFolders, InProtectedFoldersAndPackagesAreLeftAlone) {
+  project("home/.local/share/tool", "package.json", "node_modules", 500);
+  project("home/Library/tool", "package.json", "node_modules", 500);
+  project("Editor.app/Contents", "package.json", "node_modules", 500);
+  project("home/code/tool", "package.json", "node_modules", 500);
+  EXPECT_THAT(run(), ElementsAre("home/code/tool/node_modules"));
+}
+
+TEST_F(StaleBuildFolders, AFileInOneIsNotOfferedAgain) {
+  project("web", "package.json", "node_modules", 100);
+  tree.fill("web/node_modules/huge.bin", 60'000);
+  tree.fill("copy of huge.bin", 60'000);
+  tree.dateAll("web", longAgo);
+  const DiskTree root = DiskScanner{.minItemSize = 10'000}.scan(tree.path()).root;
+  DiskAnalyzer analyzer;
+  analyzer.duplicateMinBytes = analyzer.largeFileBytes = 55'000;
+  findings = analyzer.analyze(*root, tree / "home", {}, now, calendar);
+  EXPECT_THAT(pathsOf(findingOf(findings, FindingRule::staleBuildFolders)), ElementsAre(tree / "web/node_modules"));
+  EXPECT_FALSE(findingOf(findings, FindingRule::duplicates));
+  EXPECT_FALSE(findingOf(findings, FindingRule::largeOldFiles));
+}
+
+TEST(OldInstallers, ByExtensionAndAgeBelowDownloads) {
+  const Instant old = daysBefore(now, 31), limit = daysBefore(now, 30);
+  EXPECT_THAT(listed({{"Downloads/a.dmg", 2 * mega, old},
+                      {"Downloads/sub/B.PKG", 3 * mega, old},
+                      {"Downloads/c.zip", 4 * mega, limit},
+                      {"Downloads/d.tar.gz", 5 * mega, old},
+                      {"Downloads/Tool.app/e.zip", 6 * mega, old},
+                      {"Downloads/zip", 7 * mega, old},
+                      {"Downloads/.xip", 7 * mega, old},
+                      {"Downloads/f.deb", 8 * mega, old},
+                      {"Documents/g.dmg", 9 * mega, old},
+                      {"Downloads/h.mpkg", 900, old}},
+                     FindingRule::oldInstallers),
+              ElementsAre("Downloads/f.deb", "Downloads/sub/B.PKG", "Downloads/a.dmg"));
+}
+
+TEST(OldScreenshots, DirectlyOnTheDesktop) {
+  const Instant old = daysBefore(now, 31);
+  EXPECT_THAT(
+      listed({{"Desktop/Screenshot 2026-01-01.png", 2 * mega, old},
+              {"Desktop/Screen Shot 1.png", 3 * mega, old},
+              {"Desktop/Screen Recording.mov", 4 * mega, old},
+              {"Desktop/Screenshot new.png", 5 * mega, daysBefore(now, 30)},
+              {"Desktop/My Screenshot.png", 6 * mega, old},
+              {"Desktop/folder/Screenshot.png", 7 * mega, old}},
+             FindingRule::oldScreenshots),
+      ElementsAre("Desktop/Screen Recording.mov", "Desktop/Screen Shot 1.png", "Desktop/Screenshot 2026-01-01.png"));
+}
+
+TEST(LargeOldFiles, ByTheLaterOfChangeAndOpening) {
+  const Instant old = daysBefore(now, 91), limit = daysBefore(now, 90);
+  const auto findings = analyze({{"a.iso", giga, old, old},
+                                 {"b.mov", 3 * giga, old, {}},
+                                 {"c.mov", giga - 1, old, old},
+                                 {"opened.mov", 2 * giga, longAgo, daysBefore(now, 7)},
+                                 {"changed.mov", 2 * giga, daysBefore(now, 7), longAgo},
+                                 {"limit.mov", 2 * giga, limit, limit},
+                                 {".config/vm.img", 9 * giga, longAgo, longAgo},
+                                 {".local/share/vm.img", 9 * giga, longAgo, longAgo},
+                                 {"Library/vm.img", 9 * giga, longAgo, longAgo},
+                                 {"Editor.app/data", 9 * giga, longAgo, longAgo}});
+  const DiskFinding* finding = findingOf(findings, FindingRule::largeOldFiles);
+  EXPECT_THAT(pathsOf(finding), ElementsAre("b.mov", "a.iso"));
+  EXPECT_EQ(finding->items[0].modified, old);
+  EXPECT_EQ(finding->reason, "Files over 1 GB that nobody opened for 90 days. Only you know if you still need them.");
+}
+
+TEST(LargeOldFiles, WhatAnotherRuleTookIsNotOfferedAgain) {
+  const auto findings = analyze({{"Downloads/old.dmg", 2 * giga, longAgo, longAgo},
+                                 {".gradle/caches/huge", 2 * giga, longAgo, longAgo},
+                                 {"go/pkg/mod/cache/download/huge", 2 * giga, longAgo, longAgo},
+                                 {"go/pkg/other/huge", 2 * giga, longAgo, longAgo}});
+  EXPECT_THAT(pathsOf(findingOf(findings, FindingRule::largeOldFiles)), ElementsAre("go/pkg/other/huge"));
+}
+
+TEST(DiskAnalyzer, ThresholdsAppearInReasonsAsWholeNumbers) {
+  DiskAnalyzer analyzer;
+  analyzer.installerDays = 7.5;
+  analyzer.largeFileBytes = 2'500'000;
+  analyzer.largeFileDays = 10;
+  const auto findings =
+      analyze({{"Downloads/a.zip", 2 * mega, daysBefore(now, 8)}, {"b", 3 * mega, longAgo}}, {}, analyzer);
+  EXPECT_EQ(findingOf(findings, FindingRule::oldInstallers)->reason,
+            "Disk images, installers and archives you downloaded more than 7 days ago. You can download them again.");
+  EXPECT_EQ(findingOf(findings, FindingRule::largeOldFiles)->reason,
+            "Files over 2.5 MB that nobody opened for 10 days. Only you know if you still need them.");
+}
+
+TEST(DiskAnalyzer, FindingsComeInTheOrderOfEvaluation) {
+  const auto findings = analyze({{"big", 2 * giga, longAgo},
+                                 {"Desktop/Screenshot.png", 2 * mega, longAgo},
+                                 {"Downloads/a.zip", 2 * mega, longAgo},
+                                 {".Trash/x", 2 * mega, now},
+                                 {"Library/Developer/Xcode/Archives/a.xcarchive/b", 2 * mega, longAgo},
+                                 {"Library/Caches/app/x", 2 * mega, now},
+                                 {".npm/_cacache/x", 2 * mega, now}},
+                                {{.identifier = "a",
+                                  .platform = "p",
+                                  .version = "2",
+                                  .bytes = 1,
+                                  .lastUsed = {},
+                                  .isDeletable = true,
+                                  .path = ""},
+                                 {.identifier = "b",
+                                  .platform = "p",
+                                  .version = "1",
+                                  .bytes = 1,
+                                  .lastUsed = {},
+                                  .isDeletable = true,
+                                  .path = ""}});
+  std::vector<FindingRule> order;
+  for (const DiskFinding& finding : findings) order.push_back(finding.rule);
+  EXPECT_THAT(order, ElementsAre(FindingRule::developerCaches, FindingRule::appCaches, FindingRule::oldArchives,
+                                 FindingRule::oldSimulatorRuntimes, FindingRule::trash, FindingRule::oldInstallers,
+                                 FindingRule::oldScreenshots, FindingRule::largeOldFiles));
+}
+
+TEST(DiskAnalyzer, NothingToFindIsNoFinding) {
+  EXPECT_THAT(analyze({}), IsEmpty());
+  EXPECT_THAT(analyze({{"photo.jpg", 5 * mega, now, now}}), IsEmpty());
+}
+
+TEST(DiskAnalyzer, AFolderOutsideTheScanIsNotLookedUp) {
+  const DiskTree tree = treeOf("/mnt/data", {{"Downloads/a.dmg", 2 * mega, longAgo}, {".cache/x", 2 * mega, longAgo}});
+  EXPECT_THAT(DiskAnalyzer{}.analyze(*tree, home, {}, now, calendar), IsEmpty());
+}
+
+TEST(DiskAnalyzer, ScanningAProtectedFolderWalksNothing) {
+  const DiskTree tree = treeOf(home + "/.cache", {{"huge.bin", 5 * giga, longAgo, longAgo}});
+  EXPECT_FALSE(findingOf(DiskAnalyzer{}.analyze(*tree, home, {}, now, calendar), FindingRule::largeOldFiles));
+}
+
+TEST(DiskAnalyzer, StopsWhenAsked) {
+  std::stop_source stop;
+  stop.request_stop();
+  EXPECT_THROW(
+      DiskAnalyzer{}.analyze(*treeOf(home, {}), home, {}, now, calendar, {.stop = stop.get_token(), .progress = {}}),
+      Cancelled);
+}
+
+// Over random homes: no path is listed twice, none lies in one that is listed unless that one leaves it in its place,
+// and nothing protected is listed by a walking rule.
+TEST(DiskAnalyzer, NoByteIsOfferedTwiceAndNothingProtectedIsListed) {
+  const std::vector<std::string> folders{"Downloads",
+                                         "Desktop",
+                                         "Library/Caches/pip",
+                                         "Library/Caches/x",
+                                         ".cache/pip",
+                                         ".cache/mozilla",
+                                         ".cache/y",
+                                         ".config/z",
+                                         ".local/share/Trash/files",
+                                         ".local/share/app",
+                                         ".npm/_cacache",
+                                         "go/pkg/mod/cache/download",
+                                         "code/web",
+                                         ".var/app/a.b.C/cache",
+                                         "Pictures",
+                                         "Library/Developer/Xcode/DerivedData",
+                                         "Library/Developer/Xcode/Archives/a.xcarchive",
+                                         ".Trash",
+                                         ".m2/repository"};
+  const std::vector<std::string> names{"a.zip", "b.iso", "Screenshot 1.png", "c.mov", "d", "x.dmg"};
+  const auto isProtected = [&](const std::string& path) {
+    for (const std::string& folder : protectedPaths(home))
+      if (isWithin(path, folder)) return true;
+    return false;
+  };
+  for (unsigned seed = 1; seed <= 200; ++seed) {
+    std::mt19937 random(seed);
+    std::vector<FileEntry> files;
+    std::set<std::string> used;
+    for (int i = 0; i < 40; ++i) {
+      const std::string path = folders[random() % folders.size()] + "/" + names[random() % names.size()];
+      if (used.insert(path).second)
+        files.push_back({path, static_cast<std::int64_t>(random() % 3000) * mega, daysBefore(now, random() % 400),
+                         daysBefore(now, random() % 400)});
+    }
+    std::map<std::string, const CleanupItem*> seen;
+    const auto findings = analyze(files);
+    for (const DiskFinding& finding : findings) {
+      const bool walks = finding.rule == FindingRule::largeOldFiles || finding.rule == FindingRule::duplicates ||
+                         finding.rule == FindingRule::staleBuildFolders;
+      for (const CleanupItem& item : finding.items) {
+        EXPECT_GT(item.bytes, 0);
+        EXPECT_TRUE(seen.emplace(item.url, &item).second) << seed << " " << item.url;
+        EXPECT_FALSE(walks && isProtected(item.url)) << seed << " " << item.url;
+      }
+    }
+    for (const auto& [path, item] : seen)
+      for (const auto& [other, folder] : seen) {
+        if (path == other || !isWithin(path, other)) continue;
+        const std::string below = path.substr(other.size() + 1);
+        EXPECT_TRUE(folder->contentsOnly && folder->keeping.contains(below.substr(0, below.find('/'))))
+            << seed << " " << path << " in " << other;
+      }
+  }
+}
+
+}  // namespace
+}  // namespace ambrel

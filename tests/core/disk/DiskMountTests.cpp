@@ -1,0 +1,73 @@
+// Scans across mounts. The program gives itself a mount namespace, so that nothing is mounted for anyone else; where
+// the system forbids that, the tests are skipped.
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+
+#include "tests/core/disk/Tree.h"
+
+namespace ambrel {
+namespace {
+
+void writeTo(const char* path, const std::string& text) { std::ofstream(path) << text; }
+
+bool enterNamespace() {
+  const uid_t uid = getuid();
+  const gid_t gid = getgid();
+  if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+  writeTo("/proc/self/setgroups", "deny");
+  writeTo("/proc/self/uid_map", "0 " + std::to_string(uid) + " 1");
+  writeTo("/proc/self/gid_map", "0 " + std::to_string(gid) + " 1");
+  return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+class DiskMounts : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { isAvailable_ = enterNamespace(); }
+  void SetUp() override {
+    if (!isAvailable_) GTEST_SKIP() << "mounting is not permitted here";
+  }
+  static inline bool isAvailable_ = false;
+};
+
+TEST_F(DiskMounts, OtherVolumesAndBindMountsAreNotEntered) {
+  test::Tree tree;
+  tree.fill("own/file", 10'000);
+  tree.fill("deep/a/b/c/file", 10'000);
+  for (const char* place : {"volume", "bind", "deep/a/b/c/volume", "deep/a/b/c/loop"}) tree.folder(place);
+  ASSERT_EQ(mount("none", (tree / "volume").c_str(), "tmpfs", 0, nullptr), 0);
+  ASSERT_EQ(mount("none", (tree / "deep/a/b/c/volume").c_str(), "tmpfs", 0, nullptr), 0);
+  // The same volume again under another place, and the tree within itself.
+  ASSERT_EQ(mount((tree / "own").c_str(), (tree / "bind").c_str(), nullptr, MS_BIND, nullptr), 0);
+  ASSERT_EQ(mount(tree.path().c_str(), (tree / "deep/a/b/c/loop").c_str(), nullptr, MS_BIND, nullptr), 0);
+  tree.fill("volume/file", 10'000);
+  tree.fill("deep/a/b/c/volume/file", 10'000);
+
+  const DiskScanResult result = DiskScanner{}.scan(tree.path());
+  EXPECT_EQ(result.root->fileCount(), 2);
+  for (const char* place : {"volume", "bind", "deep/a/b/c/volume", "deep/a/b/c/loop"})
+    EXPECT_FALSE(find(*result.root, tree / place)) << place;
+  EXPECT_TRUE(result.skipped.empty());
+
+  // A volume can be chosen as the root.
+  EXPECT_EQ(DiskScanner{}.scan(tree / "volume").root->fileCount(), 1);
+
+  for (const char* place : {"deep/a/b/c/loop", "bind", "deep/a/b/c/volume", "volume"})
+    EXPECT_EQ(umount2((tree / place).c_str(), MNT_DETACH), 0);
+}
+
+TEST_F(DiskMounts, AMainFolderIsKnownUnderABindMount) {
+  test::Tree tree;
+  tree.folder("home/Documents");
+  tree.folder("elsewhere");
+  const std::string home = tree / "home";
+  EXPECT_FALSE(DiskAdvice::isMainFolder(tree / "elsewhere", home));
+  ASSERT_EQ(mount((tree / "home/Documents").c_str(), (tree / "elsewhere").c_str(), nullptr, MS_BIND, nullptr), 0);
+  EXPECT_TRUE(DiskAdvice::isMainFolder(tree / "elsewhere", home));
+  EXPECT_EQ(umount2((tree / "elsewhere").c_str(), MNT_DETACH), 0);
+}
+
+}  // namespace
+}  // namespace ambrel

@@ -1,0 +1,288 @@
+#include <atomic>
+#include <gmock/gmock.h>
+#include <mutex>
+#include <thread>
+
+#include "core/disk/DiskScanner.h"
+#include "core/disk/Handles.h"
+#include "tests/core/disk/Tree.h"
+
+namespace ambrel {
+namespace {
+
+using Kind = DiskItem::Kind;
+using test::namesOf;
+using test::Tree;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+constexpr std::int64_t keepAll = 0;
+
+DiskScanResult scan(const std::string& path, std::int64_t minItemSize = keepAll) {
+  return DiskScanner{.minItemSize = minItemSize}.scan(path);
+}
+
+TEST(DiskScanner, ReadsFilesFoldersAndTheirDates) {
+  Tree tree;
+  tree.fill("Docs/report.pdf", 20'000);
+  tree.fill("Docs/deep/er/note.txt", 5'000);
+  tree.fill("movie.mp4", 300'000);
+  tree.folder("empty");
+  const Instant opened = test::daysBefore(test::someDay, 3);
+  tree.date("movie.mp4", test::someDay, opened);
+
+  const DiskScanResult result = scan(tree.path());
+  EXPECT_THAT(result.skipped, IsEmpty());
+  EXPECT_THAT(namesOf(*result.root), ElementsAre("movie.mp4", "Docs", "empty"));
+  const DiskItem* movie = find(*result.root, tree / "movie.mp4");
+  ASSERT_TRUE(movie);
+  EXPECT_EQ(movie->kind(), Kind::file);
+  EXPECT_EQ(movie->size(), Tree::allocated(tree / "movie.mp4"));
+  EXPECT_EQ(movie->modified(), test::someDay);
+  EXPECT_EQ(movie->accessed(), opened);
+  const DiskItem* empty = find(*result.root, tree / "empty");
+  ASSERT_TRUE(empty);
+  EXPECT_EQ(empty->size(), 0);
+  EXPECT_EQ(empty->fileCount(), 0);
+  EXPECT_THAT(empty->children(), IsEmpty());
+  EXPECT_EQ(result.root->fileCount(), 3);
+  EXPECT_EQ(find(*result.root, tree / "Docs")->size(),
+            Tree::allocated(tree / "Docs/report.pdf") + Tree::allocated(tree / "Docs/deep/er/note.txt"));
+}
+
+TEST(DiskScanner, SmallFilesFoldIntoOneNode) {
+  Tree tree;
+  tree.fill("sub/tiny", 100);
+  tree.fill("large", 200'000);
+  const DiskScanResult result = scan(tree.path(), 100'000);
+  EXPECT_THAT(namesOf(*result.root), ElementsAre("large", "Smaller items"));
+  EXPECT_EQ(result.root->fileCount(), 2);
+  EXPECT_EQ(result.root->children().back().size(), Tree::allocated(tree / "sub/tiny"));
+}
+
+TEST(DiskScanner, CountsBlocksAndNotLengths) {
+  Tree tree;
+  const std::string sparse = tree.write("sparse", "x");
+  ASSERT_EQ(truncate(sparse.c_str(), 1 << 30), 0);
+  EXPECT_EQ(scan(tree.path()).root->size(), Tree::allocated(sparse));
+  EXPECT_LT(scan(tree.path()).root->size(), 1 << 20);
+}
+
+TEST(DiskScanner, SymbolicLinksAndSpecialFilesAddNothing) {
+  Tree tree, other;
+  other.fill("huge", 500'000);
+  tree.fill("file", 1000);
+  tree.link("to-folder", other.path());
+  tree.link("to-file", other / "huge");
+  tree.link("loop", tree.path());
+  tree.link("broken", "/nowhere");
+  ASSERT_EQ(mkfifo((tree / "pipe").c_str(), 0600), 0);
+  const DiskScanResult result = scan(tree.path());
+  EXPECT_THAT(namesOf(*result.root), ElementsAre("file"));
+  EXPECT_THAT(result.skipped, IsEmpty());
+}
+
+TEST(DiskScanner, AFileWithTwoNamesCountsTwice) {
+  Tree tree;
+  tree.fill("one", 8192);
+  std::filesystem::create_hard_link(tree / "one", tree / "two");
+  EXPECT_EQ(scan(tree.path()).root->size(), 2 * Tree::allocated(tree / "one"));
+}
+
+TEST(DiskScanner, UnreadableFoldersAreSkippedAndNamed) {
+  Tree tree;
+  tree.fill("open/file", 1000);
+  tree.fill("closed/secret", 1000);
+  tree.fill("a/b/c/closed/secret", 1000);
+  ASSERT_EQ(chmod((tree / "closed").c_str(), 0), 0);
+  ASSERT_EQ(chmod((tree / "a/b/c/closed").c_str(), 0), 0);
+  {
+    const test::Unprivileged drop;
+    const DiskScanResult result = scan(tree.path());
+    EXPECT_THAT(result.skipped, UnorderedElementsAre(tree / "closed", tree / "a/b/c/closed"));
+    EXPECT_EQ(find(*result.root, tree / "closed")->size(), 0);
+    EXPECT_EQ(result.root->fileCount(), 1);
+  }
+  chmod((tree / "closed").c_str(), 0755);
+  chmod((tree / "a/b/c/closed").c_str(), 0755);
+}
+
+TEST(DiskScanner, AnUnreadableRootThrows) {
+  Tree tree;
+  tree.folder("closed");
+  chmod((tree / "closed").c_str(), 0);
+  {
+    const test::Unprivileged drop;
+    EXPECT_THROW(scan(tree / "closed"), FileError);
+  }
+  EXPECT_THROW(scan(tree / "missing"), FileError);
+  EXPECT_THROW(scan(tree.write("file", "x")), FileError);
+  chmod((tree / "closed").c_str(), 0755);
+}
+
+TEST(DiskScanner, ExclusionsMatchWholePathsOfFoldersAlone) {
+  Tree tree;
+  tree.fill("out/file", 1000);
+  tree.fill("outside/file", 1000);
+  tree.fill("in/out/file", 1000);
+  tree.fill("kept", 1000);
+  DiskScanner scanner;
+  scanner.excluded = {tree / "out", tree / "kept", tree / "in/out", "out"};
+  const DiskScanResult result = scanner.scan(tree.path());
+  EXPECT_FALSE(find(*result.root, tree / "out"));
+  EXPECT_FALSE(find(*result.root, tree / "in/out"));
+  EXPECT_TRUE(find(*result.root, tree / "in"));
+  EXPECT_TRUE(find(*result.root, tree / "outside/file"));
+  EXPECT_TRUE(find(*result.root, tree / "kept"));
+}
+
+TEST(DiskScanner, KernelTreesAreNeverEntered) {
+  for (const char* path : {"/proc", "/sys", "/run", "/dev", "/System", "/private/var/vm"})
+    EXPECT_TRUE(fixedExclusions().contains(path)) << path;
+}
+
+TEST(DiskScanner, KnowsPackages) {
+  Tree tree;
+  tree.fill("Editor.app/Contents/bin", 1000);
+  tree.fill("Tool.AppDir/x", 1000);
+  tree.fill("extracted/AppRun", 1000);
+  tree.fill("extracted/tool.desktop", 10);
+  tree.fill("Downloads/AppRun", 1000);
+  tree.fill("plain.folder/x", 1000);
+  tree.fill(".app/x", 1000);
+  const DiskScanResult result = scan(tree.path());
+  const auto kind = [&](std::string_view name) { return find(*result.root, tree / name)->kind(); };
+  EXPECT_EQ(kind("Editor.app"), Kind::package);
+  EXPECT_EQ(kind("Tool.AppDir"), Kind::package);
+  EXPECT_EQ(kind("extracted"), Kind::package);
+  EXPECT_EQ(kind("Downloads"), Kind::folder);
+  EXPECT_EQ(kind("plain.folder"), Kind::folder);
+  EXPECT_EQ(kind(".app"), Kind::folder);
+  EXPECT_TRUE(find(*result.root, tree / "Editor.app/Contents/bin"));
+}
+
+TEST(DiskScanner, NamesMayHoldAnyBytes) {
+  Tree tree;
+  const std::string odd = "bad\xff\xfe \"quote\"\n$(x)";
+  tree.fill(odd + "/\xc3\x28", 1000);
+  const DiskScanResult result = scan(tree.path());
+  const DiskItem* file = find(*result.root, tree / (odd + "/\xc3\x28"));
+  ASSERT_TRUE(file);
+  EXPECT_EQ(file->size(), Tree::allocated(tree / (odd + "/\xc3\x28")));
+}
+
+// Paths of more than PATH_MAX bytes, in more levels than folders are kept open.
+TEST(DiskScanner, GoesDeeperThanPathsMayBeLong) {
+  Tree tree;
+  const std::string name(100, 'd');
+  FileDescriptor at(open(tree.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  constexpr int depth = 80;
+  for (int i = 0; i < depth; ++i) {
+    ASSERT_EQ(mkdirat(at.get(), name.c_str(), 0755), 0);
+    ASSERT_EQ(mkdirat(at.get(), "side", 0755), 0);
+    // A second folder after the deep one: its parent has to be found again on the way back.
+    const FileDescriptor side(openat(at.get(), "side/file", O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+    ASSERT_EQ(write(side.get(), "x", 1), 1);
+    at = FileDescriptor(openat(at.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ASSERT_TRUE(at);
+  }
+  const DiskScanResult result = scan(tree.path());
+  EXPECT_EQ(result.root->fileCount(), depth);
+  EXPECT_THAT(result.skipped, IsEmpty());
+  const DiskItem* node = result.root.get();
+  int levels = 0;
+  for (;;) {
+    const auto children = node->children();
+    const auto next =
+        std::find_if(children.begin(), children.end(), [&](const DiskItem& c) { return c.name() == name; });
+    if (next == children.end()) break;
+    node = &*next;
+    ++levels;
+  }
+  EXPECT_EQ(levels, depth);
+  EXPECT_GT(node->url().size(), 8000u);
+  EXPECT_TRUE(openFolder(node->url()));
+}
+
+TEST(DiskScanner, ReportsAtEveryFiveHundredFilesAndAtTheEnd) {
+  Tree tree;
+  for (int i = 0; i < 1200; ++i) tree.write("f" + std::to_string(i % 7) + "/" + std::to_string(i), "");
+  std::mutex lock;
+  std::vector<DiskScanProgress> reports;
+  const DiskScanResult result = DiskScanner{}.scan(tree.path(), [&](const DiskScanProgress& progress) {
+    const std::scoped_lock hold(lock);
+    reports.push_back(progress);
+  });
+  std::vector<std::int64_t> files;
+  for (const DiskScanProgress& report : reports) files.push_back(report.files);
+  EXPECT_THAT(files, UnorderedElementsAre(500, 1000, 1200));
+  EXPECT_EQ(reports.back(), (DiskScanProgress{.files = 1200, .bytes = result.root->size()}));
+}
+
+TEST(DiskScanner, CancellingThrowsAndEntersNoFurtherFolder) {
+  Tree tree;
+  for (int folder = 0; folder < 40; ++folder)
+    for (int i = 0; i < 100; ++i) tree.write("d/e/" + std::to_string(folder) + "/" + std::to_string(i), "");
+  std::stop_source stop;
+  std::atomic<std::int64_t> last = 0;
+  const auto onProgress = [&](const DiskScanProgress& progress) {
+    stop.request_stop();
+    last = progress.files;
+  };
+  EXPECT_THROW(DiskScanner{}.scan(tree.path(), onProgress, stop.get_token()), Cancelled);
+  EXPECT_EQ(last, 500);
+
+  std::stop_source before;
+  before.request_stop();
+  int calls = 0;
+  EXPECT_THROW(DiskScanner{}.scan(
+                   tree.path(), [&](const DiskScanProgress&) { ++calls; }, before.get_token()),
+               Cancelled);
+  EXPECT_EQ(calls, 0);
+}
+
+// Folders appear, vanish and turn into files while they are read.
+TEST(DiskScanner, SurvivesATreeThatChangesUnderIt) {
+  Tree tree;
+  for (int i = 0; i < 30; ++i) tree.fill("steady/" + std::to_string(i % 5) + "/s/" + std::to_string(i), 100);
+  std::jthread vandal([&](std::stop_token stop) {
+    for (unsigned round = 0; !stop.stop_requested(); ++round) {
+      const std::string path = tree / ("shaky/" + std::to_string(round % 3));
+      std::error_code ignored;
+      std::filesystem::create_directories(path + "/x/y/z", ignored);
+      std::filesystem::remove_all(path, ignored);
+      if (round % 2) std::filesystem::create_symlink("/", path, ignored);
+      std::filesystem::remove(path, ignored);
+    }
+  });
+  for (int round = 0; round < 50; ++round) {
+    const DiskScanResult result = scan(tree.path());
+    EXPECT_EQ(find(*result.root, tree / "steady")->fileCount(), 30);
+    EXPECT_EQ(result.root->fileCount(), 30);
+  }
+}
+
+TEST(DiskScanner, RootsAreSpelledInManyWays) {
+  Tree tree;
+  tree.fill("sub/file", 1000);
+  for (const std::string& path : {tree.path() + "/", tree.path() + "/./", tree / "sub/..", tree.path() + "//"})
+    EXPECT_EQ(scan(path).root->url(), tree.path()) << path;
+}
+
+TEST(AllocatedBytes, AgreesWithAScan) {
+  Tree tree;
+  tree.fill("folder/a", 10'000);
+  tree.fill("folder/b/c", 50'000);
+  tree.link("folder/link", "/usr");
+  const FileDescriptor base = openFolder(tree.path());
+  EXPECT_EQ(allocatedBytes(base, "folder"), find(*scan(tree.path()).root, tree / "folder")->size());
+  tree.fill("file", 12'345);
+  EXPECT_EQ(allocatedBytes(base, "file"), Tree::allocated(tree / "file"));
+  tree.link("link", tree / "folder");
+  EXPECT_EQ(allocatedBytes(base, "link"), 0);
+  EXPECT_EQ(allocatedBytes(base, "missing"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace ambrel

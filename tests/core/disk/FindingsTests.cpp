@@ -1,0 +1,152 @@
+#include <gmock/gmock.h>
+
+#include "core/disk/DiskAnalyzer.h"
+#include "core/disk/Findings.h"
+#include "core/disk/UserFolders.h"
+
+namespace ambrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(FindingRules, EachHasItsTitleSymbolGroupAndRisk) {
+  struct Case {
+    FindingRule rule;
+    std::string_view title, symbol;
+    std::optional<FindingGroup> group;
+    CleanupRisk risk;
+    bool isMovable;
+  };
+  using enum FindingGroup;
+  using enum CleanupRisk;
+  const Case cases[] = {
+      {FindingRule::developerCaches, "Developer caches", "hammer", developerJunk, safe, true},
+      {FindingRule::appCaches, "App caches", "archivebox", developerJunk, review, true},
+      {FindingRule::staleBuildFolders, "Build folders in old projects", "shippingbox", developerJunk, safe, true},
+      {FindingRule::oldInstallers, "Old installers in Downloads", "arrow.down.circle", oldDownloads, review, true},
+      {FindingRule::largeOldFiles, "Large files you have not opened", "doc.badge.clock", bigOldFiles, careful, true},
+      {FindingRule::duplicates, "Duplicate files", "doc.on.doc", FindingGroup::duplicates, review, true},
+      {FindingRule::oldArchives, "Old Xcode archives", "archivebox.fill", developerJunk, review, true},
+      {FindingRule::oldSimulatorRuntimes, "Old simulator runtimes", "iphone.gen3", std::nullopt, review, false},
+      {FindingRule::oldScreenshots, "Old screenshots on the Desktop", "camera.viewfinder", oldDownloads, review, true},
+      {FindingRule::trash, "The Trash", "trash", FindingGroup::trash, safe, false}};
+  ASSERT_EQ(std::size(cases), allCases<FindingRule>().size());
+  for (std::size_t i = 0; i < std::size(cases); ++i) {
+    const Case& c = cases[i];
+    EXPECT_EQ(allCases<FindingRule>()[i], c.rule);
+    EXPECT_EQ(title(c.rule), c.title);
+    EXPECT_EQ(symbol(c.rule), c.symbol) << c.title;
+    EXPECT_EQ(group(c.rule), c.group) << c.title;
+    EXPECT_EQ(risk(c.rule), c.risk) << c.title;
+    EXPECT_EQ(isMovable(c.rule), c.isMovable) << c.title;
+  }
+}
+
+TEST(FindingRules, GroupsListTheirRulesInCaseOrder) {
+  EXPECT_THAT(rules(FindingGroup::developerJunk),
+              ElementsAre(FindingRule::developerCaches, FindingRule::appCaches, FindingRule::staleBuildFolders,
+                          FindingRule::oldArchives));
+  EXPECT_THAT(rules(FindingGroup::oldDownloads), ElementsAre(FindingRule::oldInstallers, FindingRule::oldScreenshots));
+  EXPECT_THAT(rules(FindingGroup::trash), ElementsAre(FindingRule::trash));
+}
+
+TEST(CleanupTargets, TableRowsAreWholeAndTheirPathsRelative) {
+  std::set<std::string_view> ids, paths;
+  for (const auto& table :
+       {cleanupTargets(), packageManagerTargets(), linuxDeveloperTargets(), linuxApplicationTargets()})
+    for (const CleanupTarget& row : table) {
+      EXPECT_TRUE(ids.insert(row.id).second) << row.id;
+      EXPECT_TRUE(paths.insert(row.relativePath).second) << row.relativePath;
+      EXPECT_FALSE(row.title.empty() || row.detail.empty() || row.symbol.empty()) << row.id;
+      EXPECT_FALSE(row.relativePath.starts_with('/') || row.relativePath.ends_with('/')) << row.id;
+    }
+  EXPECT_EQ(cleanupTargets().size(), 8u);
+  EXPECT_EQ(packageManagerTargets().size(), 5u);
+}
+
+// What is offered on its own stays when the rest of the cache folder goes; only a direct child can be named so.
+TEST(CleanupTargets, RowsUnderTheCacheFolderAreItsDirectChildren) {
+  for (const auto& table : {linuxDeveloperTargets(), linuxApplicationTargets()})
+    for (const CleanupTarget& row : table) {
+      constexpr std::string_view prefix = ".cache/";
+      if (!row.relativePath.starts_with(prefix)) continue;
+      EXPECT_EQ(row.relativePath.find('/', prefix.size()), std::string_view::npos) << row.id;
+    }
+}
+
+TEST(NumericComparison, RunsOfDigitsCompareByValue) {
+  struct Case {
+    std::string_view a, b;
+    int sign;
+  };
+  for (const Case& c : {Case{"17.2", "17.10", -1},
+                        {"17.10", "17.2", 1},
+                        {"17.2", "17.2", 0},
+                        {"17.02", "17.2", 0},
+                        {"9", "10", -1},
+                        {"1.0", "1.0.1", -1},
+                        {"1.0-beta2", "1.0-beta10", -1},
+                        {"", "1", -1},
+                        {"", "", 0},
+                        {"99999999999999999999", "100000000000000000000", -1}}) {
+    const int order = compareNumerically(c.a, c.b);
+    EXPECT_EQ((order > 0) - (order < 0), c.sign) << c.a << " " << c.b;
+  }
+}
+
+TEST(SimulatorRuntimes, ParsedFromTheToolsList) {
+  const auto runtimes = DiskAnalyzer::parseRuntimes(R"({
+    "0A1B": {"identifier": "a", "version": "17.2", "platformIdentifier": "com.apple.platform.iphonesimulator",
+             "sizeBytes": 7000000000, "lastUsedAt": "2026-01-02T03:04:05Z", "deletable": true,
+             "runtimeBundlePath": "/runtimes/a", "path": "/images/a"},
+    "0A1C": {"identifier": "b", "version": "17.3", "path": "/images/b"},
+    "0A1D": {"identifier": "c"},
+    "0A1E": {"version": "1"},
+    "0A1F": "nonsense", "0A20": null, "0A21": [],
+    "0A22": {"identifier": "d", "version": "2", "sizeBytes": "much", "lastUsedAt": "yesterday", "deletable": "yes"}
+  })");
+  ASSERT_EQ(runtimes.size(), 3u);
+  EXPECT_EQ(runtimes[0], (SimulatorRuntime{.identifier = "a",
+                                           .platform = "com.apple.platform.iphonesimulator",
+                                           .version = "17.2",
+                                           .bytes = 7'000'000'000,
+                                           .lastUsed = parseISO8601("2026-01-02T03:04:05Z"),
+                                           .isDeletable = true,
+                                           .path = "/runtimes/a"}));
+  EXPECT_EQ(runtimes[1], (SimulatorRuntime{.identifier = "b",
+                                           .platform = "",
+                                           .version = "17.3",
+                                           .bytes = 0,
+                                           .lastUsed = {},
+                                           .isDeletable = false,
+                                           .path = "/images/b"}));
+  EXPECT_EQ(runtimes[2].bytes, 0);
+  EXPECT_EQ(runtimes[2].lastUsed, std::nullopt);
+  EXPECT_FALSE(runtimes[2].isDeletable);
+}
+
+TEST(SimulatorRuntimes, AnythingElseIsEmpty) {
+  for (const std::string_view text :
+       {"", "{", "[]", "null", "12", "\"x\"", "[{\"identifier\":\"a\",\"version\":\"1\"}]", "\xff"})
+    EXPECT_THAT(DiskAnalyzer::parseRuntimes(text), IsEmpty()) << text;
+}
+
+TEST(UserFolders, ReadTheDesktopsOwnNames) {
+  const UserFolders folders = parseUserFolders(
+      "# made by a tool\n"
+      "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n"
+      "XDG_DOWNLOAD_DIR=\"$HOME/Meine \\\"Sachen\\\"\"\n"
+      "  XDG_PICTURES_DIR=\"/home/u/Bilder/\"  \n"
+      "XDG_MUSIC_DIR=\"$HOME/\"\n"
+      "XDG_VIDEOS_DIR=\"/mnt/videos\"\n"
+      "XDG_TEMPLATES_DIR=$HOME/unquoted\n"
+      "nonsense\nXDG_\nXDG_X=\"\n",
+      "/home/u");
+  EXPECT_THAT(folders.desktop, ElementsAre("/home/u/Desktop", "/home/u/Schreibtisch"));
+  EXPECT_THAT(folders.downloads, ElementsAre("/home/u/Downloads", "/home/u/Meine \"Sachen\""));
+  EXPECT_THAT(folders.all, ElementsAre("/home/u/Schreibtisch", "/home/u/Meine \"Sachen\"", "/home/u/Bilder"));
+}
+
+}  // namespace
+}  // namespace ambrel

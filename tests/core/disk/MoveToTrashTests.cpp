@@ -1,0 +1,296 @@
+#include <algorithm>
+#include <gmock/gmock.h>
+
+#include "core/disk/Handles.h"
+#include "tests/core/disk/Tree.h"
+
+namespace ambrel {
+namespace {
+
+using test::Tree;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+CleanupItem itemAt(const std::string& path, bool contentsOnly = false,
+                   std::set<std::string, std::less<>> keeping = {}) {
+  const Place place = placeOf(path);
+  return {.url = path,
+          .title = "t",
+          .bytes = allocatedBytes(place.folder, place.name).value_or(0),
+          .modified = {},
+          .contentsOnly = contentsOnly,
+          .keeping = std::move(keeping),
+          .identity = identityOf(path)};
+}
+
+// Records what it is asked to move, and moves nothing.
+struct Recorder {
+  std::vector<std::string> asked;
+  std::set<std::string> refused;
+  std::vector<DiskAdvice::TrashRequest> requests;
+
+  DiskAdvice::TrashMove move() {
+    return [this](const DiskAdvice::TrashRequest& request) {
+      asked.push_back(request.url);
+      requests.push_back(request);
+      if (refused.contains(request.url)) throw std::runtime_error("busy");
+    };
+  }
+};
+
+class MoveToTrash : public testing::Test {
+ protected:
+  MoveToTrash() : home(tree.folder("home")) {}
+  DiskAdvice::TrashReport move(const std::vector<CleanupItem>& items) {
+    return DiskAdvice::moveToTrash(items, home, recorder.move());
+  }
+  Tree tree;
+  std::string home;
+  Recorder recorder;
+};
+
+TEST_F(MoveToTrash, MovesItemsInOrderAndReportsTheirBytes) {
+  tree.fill("home/a", 10'000);
+  tree.fill("home/b/c", 20'000);
+  tree.fill("home/d", 30'000);
+  recorder.refused = {tree / "home/b"};
+  const std::vector<CleanupItem> items{itemAt(tree / "home/d"), itemAt(tree / "home/b"), itemAt(tree / "home/a")};
+  const auto report = move(items);
+  EXPECT_THAT(recorder.asked, ElementsAre(tree / "home/d", tree / "home/b", tree / "home/a"));
+  EXPECT_THAT(report.moved, ElementsAre(items[0], items[2]));
+  EXPECT_THAT(report.failed, ElementsAre(items[1]));
+  EXPECT_EQ(report.bytesMoved, items[0].bytes + items[2].bytes);
+  EXPECT_EQ(recorder.requests[0].identity, items[0].identity);
+}
+
+TEST_F(MoveToTrash, WhatIsGoneStays) {
+  tree.fill("home/a", 1000);
+  const CleanupItem item = itemAt(tree / "home/a");
+  std::filesystem::remove(tree / "home/a");
+  EXPECT_THAT(move({item}).failed, ElementsAre(item));
+  EXPECT_THAT(recorder.asked, IsEmpty());
+}
+
+TEST_F(MoveToTrash, ContentsGoChildByChildWithoutThoseKept) {
+  for (const char* name : {"Homebrew/x", "com.app/y", "pip/z", ".hidden"})
+    tree.fill("home/Library/Caches/" + std::string(name), 5000);
+  const std::string caches = tree / "home/Library/Caches";
+  const auto report = move({itemAt(caches, true, {"Homebrew", "pip", "missing"})});
+  EXPECT_THAT(recorder.asked, UnorderedElementsAre(caches + "/com.app", caches + "/.hidden"));
+  ASSERT_EQ(report.moved.size(), 1u);
+  EXPECT_EQ(report.bytesMoved, Tree::allocated(caches + "/.hidden") + Tree::allocated(caches + "/com.app/y"));
+  EXPECT_EQ(report.moved.front().bytes, report.bytesMoved);
+  for (const auto& request : recorder.requests) EXPECT_EQ(request.folder, identityOf(caches));
+}
+
+TEST_F(MoveToTrash, AChildThatStaysFailsTheItemAndTheRestStillCounts) {
+  tree.fill("home/.cache/a", 5000);
+  tree.fill("home/.cache/b", 7000);
+  recorder.refused = {tree / "home/.cache/b"};
+  const auto report = move({itemAt(tree / "home/.cache", true)});
+  EXPECT_THAT(recorder.asked, ElementsAre(tree / "home/.cache/a", tree / "home/.cache/b"));
+  EXPECT_THAT(report.moved, IsEmpty());
+  EXPECT_EQ(report.failed.size(), 1u);
+  EXPECT_EQ(report.bytesMoved, Tree::allocated(tree / "home/.cache/a"));
+}
+
+TEST_F(MoveToTrash, ACacheThatGrewIsStillEmptied) {
+  tree.fill("home/.cache/app/a", 5000);
+  const CleanupItem item = itemAt(tree / "home/.cache/app", true);
+  tree.fill("home/.cache/app/b", 5000);
+  EXPECT_EQ(move({item}).moved.size(), 1u);
+}
+
+TEST_F(MoveToTrash, TheCacheFolderItselfNeverGoesWhole) {
+  tree.fill("home/.cache/a", 5000);
+  EXPECT_EQ(move({itemAt(tree / "home/.cache")}).failed.size(), 1u);
+  EXPECT_THAT(recorder.asked, IsEmpty());
+}
+
+// A list that was made some time ago must not be acted on when the disk has moved on.
+TEST_F(MoveToTrash, WhatChangedSinceItWasFoundStays) {
+  struct Case {
+    std::string name;
+    std::function<void()> change;
+  };
+  const Case cases[] = {
+      {"other content of the same length and dates",
+       [&] {
+         // Until the system's clock has ticked.
+         for (const auto before = identityOf(tree / "home/file"); identityOf(tree / "home/file") == before;) {
+           tree.fill("home/file", 10'000, 2);
+           tree.date("home/file", test::someDay);
+         }
+       }},
+      {"grown", [&] { tree.fill("home/file", 12'000); }},
+      {"touched", [&] { tree.date("home/file", test::daysBefore(test::someDay, 1)); }},
+      {"another file under its name",
+       [&] {
+         tree.fill("home/other", 10'000);
+         tree.date("home/other", test::someDay);
+         std::filesystem::rename(tree / "home/other", tree / "home/file");
+       }},
+      {"a link in its place",
+       [&] {
+         std::filesystem::rename(tree / "home/file", tree / "home/elsewhere");
+         tree.link("home/file", tree / "home/elsewhere");
+       }},
+      {"a folder on its way became a link",
+       [&] {
+         std::filesystem::rename(home, tree / "moved home");
+         tree.link("home", tree / "moved home");
+       }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    tree.fill("home/file", 10'000);
+    tree.date("home/file", test::someDay);
+    const CleanupItem item = itemAt(tree / "home/file");
+    c.change();
+    EXPECT_THAT(move({item}).failed, ElementsAre(item));
+    EXPECT_THAT(recorder.asked, IsEmpty());
+    std::filesystem::remove(tree / "home/file");
+    std::filesystem::remove(tree / "home/elsewhere");
+  }
+}
+
+TEST_F(MoveToTrash, AFolderThatChangedDeepWithinStays) {
+  tree.fill("home/web/node_modules/a/b/c", 5000);
+  const CleanupItem item = itemAt(tree / "home/web/node_modules");
+  tree.fill("home/web/node_modules/a/b/d", 5000);
+  EXPECT_THAT(move({item}).failed, ElementsAre(item));
+  EXPECT_THAT(recorder.asked, IsEmpty());
+}
+
+TEST_F(MoveToTrash, AnItemThatWasNeverIdentifiedStays) {
+  tree.fill("home/file", 1000);
+  CleanupItem item = itemAt(tree / "home/file");
+  item.identity.reset();
+  EXPECT_EQ(move({item}).failed.size(), 1u);
+  item.contentsOnly = true;
+  EXPECT_EQ(move({item}).failed.size(), 1u);
+  EXPECT_THAT(recorder.asked, IsEmpty());
+}
+
+// At least one copy stays, decided here and not by what someone selected.
+TEST_F(MoveToTrash, ADuplicateGoesOnlyWhileTheKeptCopyIsWhatItWas) {
+  const auto withKept = [&] {
+    tree.fill("home/kept", 9000);
+    tree.fill("home/copy", 9000);
+    CleanupItem item = itemAt(tree / "home/copy");
+    item.kept = KeptCopy{.url = tree / "home/kept", .identity = *identityOf(tree / "home/kept")};
+    return item;
+  };
+  CleanupItem item = withKept();
+  EXPECT_EQ(move({item}).moved.size(), 1u);
+  item = withKept();
+  std::filesystem::remove(tree / "home/kept");
+  EXPECT_EQ(move({item}).failed.size(), 1u);
+  item = withKept();
+  while (identityOf(tree / "home/kept") == item.kept->identity) tree.fill("home/kept", 9000, 3);
+  EXPECT_EQ(move({item}).failed.size(), 1u);
+}
+
+// A link inside a cache goes as the link that it is.
+TEST_F(MoveToTrash, LinksInContentsAreNotFollowed) {
+  tree.fill("outside/precious", 5000);
+  tree.folder("home/.cache/app");
+  tree.link("home/.cache/app/link", tree / "outside");
+  move({itemAt(tree / "home/.cache/app", true)});
+  EXPECT_THAT(recorder.asked, ElementsAre(tree / "home/.cache/app/link"));
+  EXPECT_EQ(recorder.requests.front().identity, identityOf(tree / "home/.cache/app/link"));
+}
+
+TEST_F(MoveToTrash, AContentsFolderThatBecameALinkIsNotEmptied) {
+  tree.fill("home/Documents/thesis", 5000);
+  tree.fill("home/.cache/app/x", 5000);
+  const CleanupItem item = itemAt(tree / "home/.cache/app", true);
+  std::filesystem::remove_all(tree / "home/.cache/app");
+  tree.link("home/.cache/app", tree / "home/Documents");
+  EXPECT_EQ(move({item}).failed.size(), 1u);
+  EXPECT_THAT(recorder.asked, IsEmpty());
+}
+
+TEST_F(MoveToTrash, MainFoldersFailWithNoAttempt) {
+  tree.fill("home/Downloads/a.zip", 5000);
+  tree.link("home/shortcut", tree / "home/Downloads");
+  std::vector<CleanupItem> items;
+  for (const std::string& path : {tree / "home/Downloads", tree / "home/Downloads/", tree / "home/./Downloads",
+                                  tree / "home/Downloads/../Downloads", tree / "home/shortcut", home, tree.path(),
+                                  std::string("/"), tree / "home/shortcut/.."})
+    for (const bool contentsOnly : {false, true}) {
+      items.push_back(itemAt(tree / "home/Downloads", contentsOnly));
+      items.back().url = path;
+    }
+  const auto report = move(items);
+  EXPECT_EQ(report.failed.size(), items.size());
+  EXPECT_THAT(recorder.asked, IsEmpty());
+  EXPECT_EQ(move({itemAt(tree / "home/Downloads/a.zip")}).moved.size(), 1u);
+}
+
+class MainFolders : public testing::Test {
+ protected:
+  MainFolders() : home(tree.folder("home/user")) {
+    for (const char* name : {"Documents", "Bilder", "Documents/inner", "other", ".config", ".local/share/Trash"})
+      tree.folder("home/user/" + std::string(name));
+    tree.write("home/user/.config/user-dirs.dirs", "XDG_PICTURES_DIR=\"$HOME/Bilder\"\n");
+    tree.link("home/user/to-documents", tree / "home/user/Documents");
+    tree.link("home/user/to-inner", tree / "home/user/Documents/inner");
+    tree.link("alias", home);
+  }
+  Tree tree;
+  std::string home;
+};
+
+TEST_F(MainFolders, AreKnownByEverySpelling) {
+  for (const std::string& path : {std::string("/"),
+                                  std::string("//"),
+                                  home,
+                                  home + "/",
+                                  home + "/.",
+                                  tree / "home",
+                                  tree.path(),
+                                  home + "/Desktop",
+                                  home + "/Documents",
+                                  home + "/Documents/",
+                                  home + "//Documents",
+                                  home + "/./Documents",
+                                  home + "/other/../Documents",
+                                  home + "/Documents/inner/..",
+                                  home + "/to-documents",
+                                  home + "/to-documents/",
+                                  home + "/to-inner/..",
+                                  tree / "alias",
+                                  tree / "alias/Documents",
+                                  tree / "alias/",
+                                  home + "/Library",
+                                  home + "/Movies",
+                                  home + "/Music",
+                                  home + "/Pictures",
+                                  home + "/Public",
+                                  home + "/Applications",
+                                  home + "/.Trash",
+                                  home + "/Downloads",
+                                  home + "/Videos",
+                                  home + "/Bilder",
+                                  home + "/.config",
+                                  home + "/.local",
+                                  home + "/.local/share/Trash",
+                                  std::string("/proc"),
+                                  std::string("/sys/"),
+                                  std::string("/private/var/vm")})
+    EXPECT_TRUE(DiskAdvice::isMainFolder(path, home)) << path;
+  // The home may be spelled in its own way too.
+  EXPECT_TRUE(DiskAdvice::isMainFolder(home + "/Documents", tree / "alias/"));
+}
+
+TEST_F(MainFolders, WhatLiesInThemIsNone) {
+  for (const std::string& path : {home + "/other", home + "/Documents/inner", home + "/to-inner", home + "/Documentsx",
+                                  home + "/documents", home + "/.cache", home + "/.cache/app", tree / "elsewhere",
+                                  home + "/.local/share/Trash/files", std::string("/tmp/x")})
+    EXPECT_FALSE(DiskAdvice::isMainFolder(path, home)) << path;
+}
+
+}  // namespace
+}  // namespace ambrel
