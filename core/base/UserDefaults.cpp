@@ -4,18 +4,11 @@
 
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "core/base/Overloaded.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
-
-template <typename... Ts>
-struct Overloaded : Ts... {
-  using Ts::operator()...;
-};
-// clang 14 does not deduce it by itself.
-template <typename... Ts>
-Overloaded(Ts...) -> Overloaded<Ts...>;
 
 JSON encoded(const DefaultsDictionary& dictionary);
 
