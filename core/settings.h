@@ -1,0 +1,80 @@
+#pragma once
+// The choices that the whole program shares, as they are stored under the keys of the user defaults.
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/base/EnumText.h"
+#include "core/base/UserDefaults.h"
+#include "core/dock/DockEdge.h"
+
+namespace ambrel {
+
+// Which of Buddy's notices are shown.
+enum class BuddyLevel { all, important, off };
+
+template <>
+struct EnumText<BuddyLevel> {
+  static constexpr std::array table{
+      std::pair{BuddyLevel::all, std::string_view("all")},
+      std::pair{BuddyLevel::important, std::string_view("important")},
+      std::pair{BuddyLevel::off, std::string_view("off")},
+  };
+};
+
+enum class BuddyCategory { agents, meetings, limits, system, health };
+
+template <>
+struct EnumText<BuddyCategory> {
+  static constexpr std::array table{
+      std::pair{BuddyCategory::agents, std::string_view("agents")},
+      std::pair{BuddyCategory::meetings, std::string_view("meetings")},
+      std::pair{BuddyCategory::limits, std::string_view("limits")},
+      std::pair{BuddyCategory::system, std::string_view("system")},
+      std::pair{BuddyCategory::health, std::string_view("health")},
+  };
+};
+
+// Each field is stored under its own name.
+struct SettingsValues {
+  DockEdge dockEdge = DockEdge::bottom;
+  bool barAlwaysVisible = false;
+  bool barPeeksForContext = true;
+  bool shelfOpensOnHover = true;
+  bool clipboardPreviewInBar = false;
+  bool clipboardEnabled = true;
+  std::int64_t clipboardLimit = 300;
+  std::int64_t clipboardMaxAgeDays = 0;  // 0: clips never expire
+  bool clipboardForgetSensitive = true;
+  // Programs whose copies are not kept.
+  std::vector<std::string> ignoredBundleIDs{"com.1password.1password", "com.agilebits.onepassword7",
+                                            "com.bitwarden.desktop", "com.apple.keychainaccess"};
+  bool agentsEnabled = true;
+  bool agentNotifications = true;
+  BuddyLevel buddyLevel = BuddyLevel::all;
+  std::set<BuddyCategory> buddyCategories{BuddyCategory::agents, BuddyCategory::meetings, BuddyCategory::limits,
+                                          BuddyCategory::system, BuddyCategory::health};
+  bool quietHoursOn = true;
+  std::int64_t quietStartHour = 22;
+  std::int64_t quietEndHour = 8;
+  std::int64_t claudeBudgetTokens = 0;
+  bool buddyOnlyUnfocusedAgents = true;
+
+  friend bool operator==(const SettingsValues&, const SettingsValues&) = default;
+};
+
+// A key that is absent or holds another type, or a name that is no case, gives the default. Of the stored
+// categories those that are known count: an empty array means none.
+SettingsValues loadSettings(const UserDefaults& defaults);
+
+// The forms in which the fields are stored.
+DefaultsValue storedForm(bool value);
+DefaultsValue storedForm(std::int64_t value);
+DefaultsValue storedForm(DockEdge value);
+DefaultsValue storedForm(BuddyLevel value);
+DefaultsValue storedForm(const std::set<BuddyCategory>& value);
+DefaultsValue storedForm(const std::vector<std::string>& value);
+
+}  // namespace ambrel
