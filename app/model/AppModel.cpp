@@ -1,0 +1,190 @@
+#include "app/model/AppModel.h"
+
+#include <QQmlEngine>
+
+#include "app/base/Log.h"
+
+namespace ambrel {
+namespace {
+
+QString text(const UUID& id) { return QString::fromStdString(id.text()); }
+
+std::optional<UUID> parsed(const QString& id) { return UUID::parse(id.toStdString()); }
+
+}  // namespace
+
+AppModel::AppModel(std::filesystem::path store, UserDefaults& defaults, LicenseManager& license,
+                   ListDisplays listDisplays, QObject* parent)
+    : QObject(parent),
+      store_(std::move(store)),
+      defaults_(defaults),
+      license_(license),
+      listDisplays_(std::move(listDisplays)) {
+  // A property of this type would otherwise fall to the script engine's collector.
+  QQmlEngine::setObjectOwnership(&profileList_, QQmlEngine::CppOwnership);
+  load();
+  refreshDisplays();
+  update();
+  connect(&license_, &LicenseManager::changed, this, &AppModel::update);
+}
+
+void AppModel::load() {
+  auto loaded = loadProfiles(store_);
+  if (loaded.problem) logLine(*loaded.problem);
+  auto brought = updated(std::move(loaded.profiles), defaults_.strings("dockWidgets"));
+  profiles_ = std::move(brought.profiles);
+  if (brought.isChanged) save();
+  if (!brought.isConverted) return;
+  try {
+    defaults_.remove("dockWidgets");
+  } catch (const std::exception& error) {
+    logLine(std::string("cannot save settings: ") + error.what());
+  }
+}
+
+void AppModel::save() {
+  try {
+    saveProfiles(store_, profiles_);
+  } catch (const std::exception& error) {
+    logLine(std::string("cannot save profiles: ") + error.what());
+  }
+}
+
+void AppModel::setProfiles(std::vector<Profile> profiles) {
+  if (profiles != profiles_) edited(std::move(profiles));
+}
+
+void AppModel::edited(std::vector<Profile> profiles) {
+  const bool isChanged = profiles != profiles_;
+  profiles_ = std::move(profiles);
+  save();
+  if (!isChanged) return;
+  Q_EMIT profilesChanged();
+  update();
+}
+
+void AppModel::update() {
+  const Profile* active = activeProfile();
+  std::vector<ProfileRow> rows;
+  for (const Profile& profile : profiles_) {
+    const auto trigger = profile.trigger ? nameOf(*profile.trigger) : std::string_view();
+    rows.push_back({.profile = text(profile.id),
+                    .name = QString::fromStdString(profile.name),
+                    .trigger = QString::fromUtf8(trigger.data(), static_cast<qsizetype>(trigger.size())),
+                    .tileCount = static_cast<int>(profile.items.size()),
+                    .isActive = &profile == active,
+                    .isPinned = profile.id == pinnedProfileID_});
+  }
+  profileList_.show(rows);
+  const auto shown = active ? std::optional(*active) : std::nullopt;
+  if (shown == shownProfile_) return;
+  shownProfile_ = shown;
+  Q_EMIT activeProfileChanged();
+}
+
+void AppModel::setPinnedProfileID(const std::optional<UUID>& id) {
+  if (id == pinnedProfileID_) return;
+  pinnedProfileID_ = id;
+  Q_EMIT pinnedProfileIDChanged();
+  update();
+}
+
+void AppModel::setIsEditingDock(bool isEditing) {
+  if (isEditing == isEditingDock_) return;
+  isEditingDock_ = isEditing;
+  Q_EMIT isEditingDockChanged();
+}
+
+const Profile* AppModel::activeProfile() const {
+  if (license_.allows(ProFeature::profileSwitching)) return resolve(profiles_, displays_, pinnedProfileID_);
+  return profiles_.empty() ? nullptr : &profiles_.front();
+}
+
+void AppModel::addWidget(const std::string& widget, const UUID& profileID, const std::optional<UUID>& beforeItemID) {
+  auto profiles = profiles_;
+  if (ambrel::addWidget(profiles, widget, profileID, beforeItemID)) edited(std::move(profiles));
+}
+
+void AppModel::removeWidget(const std::string& widget, const UUID& profileID) {
+  auto profiles = profiles_;
+  if (ambrel::removeWidget(profiles, widget, profileID)) edited(std::move(profiles));
+}
+
+void AppModel::moveItem(const UUID& itemID, const UUID& targetID, const UUID& profileID) {
+  auto profiles = profiles_;
+  if (ambrel::moveItem(profiles, itemID, targetID, profileID)) edited(std::move(profiles));
+}
+
+void AppModel::removeItem(const UUID& itemID, const UUID& profileID) {
+  auto profiles = profiles_;
+  if (ambrel::removeItem(profiles, itemID, profileID)) edited(std::move(profiles));
+}
+
+UUID AppModel::addProfile(std::string name, std::optional<DisplayContext> trigger) {
+  auto profiles = profiles_;
+  const UUID id = ambrel::addProfile(profiles, std::move(name), trigger);
+  edited(std::move(profiles));
+  return id;
+}
+
+void AppModel::deleteProfile(const UUID& id) {
+  auto profiles = profiles_;
+  if (!ambrel::deleteProfile(profiles, id)) return;
+  edited(std::move(profiles));
+  if (pinnedProfileID_ == id) setPinnedProfileID(std::nullopt);
+}
+
+void AppModel::refreshDisplays() {
+  auto displays = listDisplays_();
+  if (displays.empty() || displays == displays_) return;
+  displays_ = std::move(displays);
+  Q_EMIT displaysChanged();
+  update();
+}
+
+void AppModel::addWidget(const QString& widget, const QString& profileID, const QString& beforeItemID) {
+  if (const auto profile = parsed(profileID)) addWidget(widget.toStdString(), *profile, parsed(beforeItemID));
+}
+
+void AppModel::removeWidget(const QString& widget, const QString& profileID) {
+  if (const auto profile = parsed(profileID)) removeWidget(widget.toStdString(), *profile);
+}
+
+void AppModel::moveItem(const QString& itemID, const QString& targetID, const QString& profileID) {
+  const auto item = parsed(itemID), target = parsed(targetID), profile = parsed(profileID);
+  if (item && target && profile) moveItem(*item, *target, *profile);
+}
+
+void AppModel::removeItem(const QString& itemID, const QString& profileID) {
+  const auto item = parsed(itemID), profile = parsed(profileID);
+  if (item && profile) removeItem(*item, *profile);
+}
+
+QString AppModel::addProfile(const QString& name, const QString& trigger) {
+  return text(addProfile(name.toStdString(), fromName<DisplayContext>(trigger.toStdString())));
+}
+
+void AppModel::deleteProfile(const QString& id) {
+  if (const auto profile = parsed(id)) deleteProfile(*profile);
+}
+
+bool AppModel::isOnBar(const QString& widget) const {
+  const Profile* active = activeProfile();
+  return active && active->contains(widget.toStdString());
+}
+
+QString AppModel::activeProfileID() const {
+  const Profile* active = activeProfile();
+  return active ? text(active->id) : QString();
+}
+
+QString AppModel::activeProfileName() const {
+  const Profile* active = activeProfile();
+  return active ? QString::fromStdString(active->name) : QString();
+}
+
+QString AppModel::pinnedProfileText() const { return pinnedProfileID_ ? text(*pinnedProfileID_) : QString(); }
+
+void AppModel::setPinnedProfileText(const QString& id) { setPinnedProfileID(parsed(id)); }
+
+}  // namespace ambrel

@@ -1,0 +1,112 @@
+#pragma once
+// The profiles, the displays, and which profile stands on the bar.
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "app/model/LicenseManager.h"
+#include "app/model/ProfileListModel.h"
+#include "core/base/UserDefaults.h"
+#include "core/profiles.h"
+
+namespace ambrel {
+
+// Every edit is saved at once; a save that fails is logged, and the change stands in memory. Ids travel to and from
+// QML as texts; one that is no id matches nothing.
+class AppModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::ProfileListModel* profileList READ profileList CONSTANT)
+  // "" without a profile.
+  Q_PROPERTY(QString activeProfileID READ activeProfileID NOTIFY activeProfileChanged)
+  Q_PROPERTY(QString activeProfileName READ activeProfileName NOTIFY activeProfileChanged)
+  // "" while the displays choose.
+  Q_PROPERTY(QString pinnedProfileID READ pinnedProfileText WRITE setPinnedProfileText NOTIFY pinnedProfileIDChanged)
+  Q_PROPERTY(bool isExternalDisplayConnected READ isExternalDisplayConnected NOTIFY displaysChanged)
+  Q_PROPERTY(bool isEditingDock READ isEditingDock WRITE setIsEditingDock NOTIFY isEditingDockChanged)
+
+ public:
+  using ListDisplays = std::function<std::vector<DisplaySnapshot>()>;
+
+  // store: profiles.json. Loads it, brings older lists up to date and looks at the displays. The defaults and the
+  // licence outlive the model.
+  AppModel(std::filesystem::path store, UserDefaults& defaults, LicenseManager& license, ListDisplays listDisplays,
+           QObject* parent = nullptr);
+
+  const std::vector<Profile>& profiles() const { return profiles_; }
+  // An equal list neither notifies nor saves.
+  void setProfiles(std::vector<Profile> profiles);
+  const std::optional<UUID>& pinnedProfileID() const { return pinnedProfileID_; }
+  // Held in memory alone: after a restart the displays choose again.
+  void setPinnedProfileID(const std::optional<UUID>& id);
+  const std::vector<DisplaySnapshot>& displays() const { return displays_; }
+  bool isEditingDock() const { return isEditingDock_; }
+  void setIsEditingDock(bool isEditing);
+  LicenseManager& license() const { return license_; }
+
+  // Null when there are no profiles. Lives until the next change.
+  const Profile* activeProfile() const;
+
+  // With an id that is unknown these do nothing at all.
+  void addWidget(const std::string& widget, const UUID& profileID, const std::optional<UUID>& beforeItemID);
+  void removeWidget(const std::string& widget, const UUID& profileID);
+  void moveItem(const UUID& itemID, const UUID& targetID, const UUID& profileID);
+  void removeItem(const UUID& itemID, const UUID& profileID);
+  UUID addProfile(std::string name, std::optional<DisplayContext> trigger);
+  void deleteProfile(const UUID& id);
+  // To be called at each change of the screens. No screens at all are a passing state and change nothing.
+  void refreshDisplays();
+
+  // For QML. An empty `beforeItemID` stands for the end, an empty trigger for never.
+  Q_INVOKABLE void addWidget(const QString& widget, const QString& profileID, const QString& beforeItemID = {});
+  Q_INVOKABLE void removeWidget(const QString& widget, const QString& profileID);
+  Q_INVOKABLE void moveItem(const QString& itemID, const QString& targetID, const QString& profileID);
+  Q_INVOKABLE void removeItem(const QString& itemID, const QString& profileID);
+  // Gives the new profile's id.
+  Q_INVOKABLE QString addProfile(const QString& name, const QString& trigger);
+  Q_INVOKABLE void deleteProfile(const QString& id);
+  // Whether a widget stands in the active profile.
+  Q_INVOKABLE bool isOnBar(const QString& widget) const;
+
+  ProfileListModel* profileList() { return &profileList_; }
+  QString activeProfileID() const;
+  QString activeProfileName() const;
+  QString pinnedProfileText() const;
+  void setPinnedProfileText(const QString& id);
+  bool isExternalDisplayConnected() const { return displayContext(displays_) == DisplayContext::external; }
+
+ Q_SIGNALS:
+  void profilesChanged();
+  void pinnedProfileIDChanged();
+  void displaysChanged();
+  void isEditingDockChanged();
+  // Another profile is active, or the active one has changed.
+  void activeProfileChanged();
+
+ private:
+  void load();
+  void save();
+  void edited(std::vector<Profile> profiles);
+  // Brings what follows from the fields up to date.
+  void update();
+
+  std::filesystem::path store_;
+  UserDefaults& defaults_;
+  LicenseManager& license_;
+  ListDisplays listDisplays_;
+  std::vector<Profile> profiles_;
+  std::optional<UUID> pinnedProfileID_;
+  std::vector<DisplaySnapshot> displays_;
+  bool isEditingDock_ = false;
+  // What the last `activeProfileChanged` spoke of.
+  std::optional<Profile> shownProfile_;
+  ProfileListModel profileList_;
+};
+
+}  // namespace ambrel

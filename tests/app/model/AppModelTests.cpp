@@ -1,0 +1,324 @@
+#include <QAbstractItemModelTester>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/model/AppModel.h"
+#include "core/base/Files.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+namespace {
+
+const DisplaySnapshot lid{"eDP-1", true}, monitor{"DP-2", false};
+
+// A user's folder, screens and licence, and a model on top that can be built anew.
+struct Fixture {
+  TemporaryFolder folder;
+  std::filesystem::path store = folder / "Ambrel/profiles.json";
+  UserDefaults defaults{folder / "defaults.json"};
+  LicenseManager license;
+  std::vector<DisplaySnapshot> displays{lid};
+  std::unique_ptr<AppModel> model;
+
+  AppModel& start() {
+    model = std::make_unique<AppModel>(store, defaults, license, [this] { return displays; });
+    return *model;
+  }
+  std::vector<Profile> stored() const { return loadProfiles(store).profiles; }
+  std::string activeName() const { return model->activeProfileName().toStdString(); }
+};
+
+std::vector<std::string> widgetsOf(const Profile& profile) {
+  std::vector<std::string> widgets;
+  for (const DockItem& item : profile.items) widgets.push_back(item.widget.value_or("-"));
+  return widgets;
+}
+
+}  // namespace
+
+class AppModelTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void aFirstRunHasTheBuiltInProfilesAndWritesNothing();
+  void anUnreadableFileIsLoggedAndStaysUntilTheNextEdit();
+  void theOldWidgetListIsConvertedSavedAndForgotten();
+  void aFolderInTheFilesPlaceIsLogged();
+  void slotsOfApplicationsAreRemovedAndSaved();
+  void theDisplaysChooseUntilAProfileIsPinned();
+  void aMomentWithoutScreensKeepsTheProfile();
+  void withoutTheFeatureTheFirstProfileIsTheAnswer();
+  void editsAreSavedAtOnce();
+  void addingAWidgetTwiceKeepsOneAndSavesBothTimes();
+  void anUnknownIdDoesNothingAtAll();
+  void anEqualListNeitherNotifiesNorSaves();
+  void deletingThePinnedProfileClearsThePin();
+  void aSaveThatFailsIsLoggedAndTheChangeStands();
+  void editsOfAnotherProfileDoNotTouchTheBar();
+  void theListShowsEachProfileOnce();
+  void theLicenceTellsWhenItBecomesPro();
+};
+
+void AppModelTests::aFirstRunHasTheBuiltInProfilesAndWritesNothing() {
+  Fixture f;
+  f.start();
+  QCOMPARE(f.model->profiles().size(), 2u);
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+  QVERIFY(!f.model->isEditingDock());
+  QVERIFY(!std::filesystem::exists(f.store));
+}
+
+void AppModelTests::anUnreadableFileIsLoggedAndStaysUntilTheNextEdit() {
+  Fixture f;
+  f.folder.write("Ambrel/profiles.json", "{not json");
+  QTest::ignoreMessage(QtWarningMsg,
+                       QRegularExpression(QStringLiteral("^Ambrel: cannot read profiles, using defaults: .+")));
+  f.start();
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+  QCOMPARE(readFile(f.store).value_or(""), std::string("{not json"));
+  f.model->addProfile("Third", std::nullopt);
+  QCOMPARE(f.stored().size(), 3u);
+}
+
+void AppModelTests::theOldWidgetListIsConvertedSavedAndForgotten() {
+  Fixture f;
+  f.folder.write("Ambrel/profiles.json", R"([{"id":"00000000-0000-4000-8000-000000000001","name":"Old","items":[]}])");
+  f.defaults.set("dockWidgets", std::vector<std::string>{"clock", "memory"});
+  f.start();
+  const std::vector<std::string> expected{"clock", "memory"};
+  QCOMPARE(widgetsOf(*f.model->activeProfile()), expected);
+  QCOMPARE(widgetsOf(f.stored().front()), expected);
+  QCOMPARE(UserDefaults(f.folder / "defaults.json").object("dockWidgets"), nullptr);
+  const auto ids = f.stored();
+  f.start();
+  QVERIFY(f.model->profiles() == ids);
+}
+
+void AppModelTests::aFolderInTheFilesPlaceIsLogged() {
+  Fixture f;
+  f.folder.write("Ambrel/profiles.json/inside", "kept");
+  QTest::ignoreMessage(QtWarningMsg,
+                       QRegularExpression(QStringLiteral("^Ambrel: cannot read profiles, using defaults: .+")));
+  f.start();
+  QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: cannot save profiles: .+")));
+  f.model->addProfile("Third", std::nullopt);
+  QCOMPARE(f.model->profiles().size(), 3u);
+  QCOMPARE(readFile(f.store / "inside").value_or(""), std::string("kept"));
+}
+
+void AppModelTests::slotsOfApplicationsAreRemovedAndSaved() {
+  Fixture f;
+  f.folder.write("Ambrel/profiles.json",
+                 R"([{"id":"00000000-0000-4000-8000-000000000001","name":"Old","items":[)"
+                 R"({"id":"00000000-0000-4000-8000-0000000000A1","bundleID":"com.example.app"},)"
+                 R"({"id":"00000000-0000-4000-8000-0000000000A2","widget":"cpu"}]}])");
+  f.defaults.set("dockWidgets", std::vector<std::string>{"clock"});
+  f.start();
+  QCOMPARE(widgetsOf(*f.model->activeProfile()), std::vector<std::string>{"cpu"});
+  QCOMPARE(f.stored().front().items.size(), 1u);
+  // There was a widget already, so the old list was not needed and stays as it is.
+  QVERIFY(f.defaults.object("dockWidgets"));
+}
+
+void AppModelTests::theDisplaysChooseUntilAProfileIsPinned() {
+  Fixture f;
+  f.start();
+  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+  QSignalSpy displays(f.model.get(), &AppModel::displaysChanged);
+  f.model->refreshDisplays();
+  QCOMPARE(displays.count(), 0);
+  f.displays = {lid, monitor};
+  f.model->refreshDisplays();
+  QCOMPARE(f.activeName(), std::string("Desk"));
+  QVERIFY(f.model->isExternalDisplayConnected());
+  QCOMPARE(active.count(), 1);
+  f.displays = {lid};
+  f.model->refreshDisplays();
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+
+  f.model->setPinnedProfileID(f.model->profiles()[1].id);
+  QCOMPARE(f.activeName(), std::string("Desk"));
+  f.model->setPinnedProfileText(QString());
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+  f.model->setPinnedProfileID(UUID::random());
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+  // Held in memory alone.
+  f.model->setPinnedProfileID(f.model->profiles()[1].id);
+  f.start();
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+}
+
+void AppModelTests::aMomentWithoutScreensKeepsTheProfile() {
+  Fixture f;
+  f.displays = {monitor};
+  f.start();
+  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+  f.displays = {};
+  f.model->refreshDisplays();
+  QCOMPARE(f.activeName(), std::string("Desk"));
+  QCOMPARE(f.model->displays().size(), 1u);
+  QCOMPARE(active.count(), 0);
+}
+
+void AppModelTests::withoutTheFeatureTheFirstProfileIsTheAnswer() {
+  Fixture f;
+  f.displays = {monitor};
+  f.start();
+  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+  f.license.setCheck([](ProFeature feature) { return feature != ProFeature::profileSwitching; });
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+  QCOMPARE(active.count(), 1);
+  f.model->setPinnedProfileID(f.model->profiles()[1].id);
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+  QCOMPARE(f.model->profiles().size(), 2u);
+  f.license.setCheck({});
+  QCOMPARE(f.activeName(), std::string("Desk"));
+}
+
+void AppModelTests::editsAreSavedAtOnce() {
+  Fixture f;
+  f.start();
+  const UUID laptop = f.model->profiles()[0].id;
+  f.model->addWidget("memory", laptop, f.model->profiles()[0].items[1].id);
+  QCOMPARE(widgetsOf(f.stored()[0])[1], std::string("memory"));
+  const auto items = f.model->profiles()[0].items;
+  f.model->moveItem(items[0].id, items[5].id, laptop);
+  QCOMPARE(widgetsOf(f.stored()[0])[5], std::string("clipboard"));
+  f.model->removeItem(items[1].id, laptop);
+  f.model->removeWidget("cpu", laptop);
+  QCOMPARE(widgetsOf(f.stored()[0]), (std::vector<std::string>{"weather", "disk", "clock", "clipboard"}));
+  const QString added = f.model->addProfile(QStringLiteral("Away"), QStringLiteral("external"));
+  QCOMPARE(f.stored()[2].trigger, std::optional(DisplayContext::external));
+  f.model->deleteProfile(added);
+  QCOMPARE(f.stored().size(), 2u);
+  QVERIFY(f.stored() == f.model->profiles());
+}
+
+void AppModelTests::addingAWidgetTwiceKeepsOneAndSavesBothTimes() {
+  Fixture f;
+  f.start();
+  const UUID desk = f.model->profiles()[1].id;
+  QSignalSpy profiles(f.model.get(), &AppModel::profilesChanged);
+  for (int i = 0; i < 2; ++i) {
+    std::filesystem::remove(f.store);
+    f.model->addWidget("cpu", desk, std::nullopt);
+    QVERIFY(std::filesystem::exists(f.store));
+  }
+  QCOMPARE(f.model->profiles()[1].items.size(), 7u);
+  QCOMPARE(profiles.count(), 0);
+}
+
+void AppModelTests::anUnknownIdDoesNothingAtAll() {
+  Fixture f;
+  f.start();
+  const auto before = f.model->profiles();
+  QSignalSpy profiles(f.model.get(), &AppModel::profilesChanged);
+  for (const QString& id : {QString::fromStdString(UUID::random().text()), QString(), QStringLiteral("no id")}) {
+    f.model->addWidget(QStringLiteral("uuid"), id);
+    f.model->removeWidget(QStringLiteral("cpu"), id);
+    f.model->moveItem(QString::fromStdString(before[0].items[0].id.text()),
+                      QString::fromStdString(before[0].items[1].id.text()), id);
+    f.model->removeItem(QString::fromStdString(before[0].items[0].id.text()), id);
+    f.model->deleteProfile(id);
+  }
+  QVERIFY(f.model->profiles() == before);
+  QCOMPARE(profiles.count(), 0);
+  QVERIFY(!std::filesystem::exists(f.store));
+}
+
+void AppModelTests::anEqualListNeitherNotifiesNorSaves() {
+  Fixture f;
+  f.start();
+  QSignalSpy profiles(f.model.get(), &AppModel::profilesChanged);
+  f.model->setProfiles(f.model->profiles());
+  QCOMPARE(profiles.count(), 0);
+  QVERIFY(!std::filesystem::exists(f.store));
+  auto renamed = f.model->profiles();
+  renamed[0].name = "Sofa";
+  f.model->setProfiles(renamed);
+  QCOMPARE(profiles.count(), 1);
+  QCOMPARE(f.stored()[0].name, std::string("Sofa"));
+}
+
+void AppModelTests::deletingThePinnedProfileClearsThePin() {
+  Fixture f;
+  f.start();
+  const UUID desk = f.model->profiles()[1].id, laptop = f.model->profiles()[0].id;
+  f.model->setPinnedProfileID(desk);
+  f.model->deleteProfile(desk);
+  QCOMPARE(f.model->pinnedProfileID().has_value(), false);
+  QCOMPARE(f.activeName(), std::string("Laptop"));
+  // The last one stays, and so does its pin.
+  f.model->setPinnedProfileID(laptop);
+  f.model->deleteProfile(laptop);
+  QCOMPARE(f.model->profiles().size(), 1u);
+  QVERIFY(f.model->pinnedProfileID() == laptop);
+}
+
+void AppModelTests::aSaveThatFailsIsLoggedAndTheChangeStands() {
+  Fixture f;
+  f.folder.write("Ambrel", "a file where the folder should be");
+  QTest::ignoreMessage(QtWarningMsg,
+                       QRegularExpression(QStringLiteral("^Ambrel: cannot save profiles: .*Ambrel.*: .+")));
+  f.start();
+  f.model->addProfile("Third", std::nullopt);
+  QCOMPARE(f.model->profiles().size(), 3u);
+  QCOMPARE(readFile(f.folder / "Ambrel").value_or(""), std::string("a file where the folder should be"));
+}
+
+void AppModelTests::editsOfAnotherProfileDoNotTouchTheBar() {
+  Fixture f;
+  f.start();
+  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+  f.model->addWidget("memory", f.model->profiles()[1].id, std::nullopt);
+  QCOMPARE(active.count(), 0);
+  QVERIFY(!f.model->isOnBar(QStringLiteral("memory")));
+  f.model->addWidget("memory", f.model->profiles()[0].id, std::nullopt);
+  QCOMPARE(active.count(), 1);
+  QVERIFY(f.model->isOnBar(QStringLiteral("memory")));
+}
+
+void AppModelTests::theListShowsEachProfileOnce() {
+  Fixture f;
+  f.start();
+  ProfileListModel& list = *f.model->profileList();
+  const QAbstractItemModelTester tester(&list, QAbstractItemModelTester::FailureReportingMode::QtTest);
+  QSignalSpy reset(&list, &QAbstractItemModel::modelReset);
+  const auto at = [&](int row, ProfileListModel::Role role) { return list.data(list.index(row), role); };
+  QCOMPARE(list.rowCount(), 2);
+  QCOMPARE(at(0, ProfileListModel::NameRole).toString(), QStringLiteral("Laptop"));
+  QCOMPARE(at(0, ProfileListModel::IsActiveRole).toBool(), true);
+  QCOMPARE(at(1, ProfileListModel::TriggerRole).toString(), QStringLiteral("external"));
+  QCOMPARE(at(1, ProfileListModel::TileCountRole).toInt(), 7);
+  const QString id = f.model->addProfile(QStringLiteral("Away"), QString());
+  f.model->setPinnedProfileText(id);
+  QCOMPARE(list.rowCount(), 3);
+  QCOMPARE(at(0, ProfileListModel::IsActiveRole).toBool(), false);
+  QCOMPARE(at(2, ProfileListModel::IsActiveRole).toBool(), true);
+  QCOMPARE(at(2, ProfileListModel::IsPinnedRole).toBool(), true);
+  QCOMPARE(at(2, ProfileListModel::ProfileRole).toString(), id);
+  f.model->deleteProfile(id);
+  QCOMPARE(list.rowCount(), 2);
+  QCOMPARE(reset.count(), 0);
+}
+
+void AppModelTests::theLicenceTellsWhenItBecomesPro() {
+  LicenseManager license;
+  QVERIFY(license.isPro());
+  int became = 0;
+  license.onBecamePro = [&] { ++became; };
+  license.setCheck([](ProFeature) { return false; });
+  QVERIFY(!license.allows(ProFeature::agentTracking));
+  QVERIFY(!license.allows(QStringLiteral("agentTracking")));
+  QVERIFY(license.allows(QStringLiteral("no feature")));
+  QCOMPARE(became, 0);
+  license.setCheck({});
+  license.setCheck({});
+  QCOMPARE(became, 1);
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::AppModelTests)
+#include "AppModelTests.moc"

@@ -1,0 +1,121 @@
+#include <QMetaProperty>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/model/AppSettings.h"
+#include "core/base/Files.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+
+class AppSettingsTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void everyPropertyIsStoredUnderItsNameAndNotifiesOnce_data();
+  void everyPropertyIsStoredUnderItsNameAndNotifiesOnce();
+  void observersSeeTheNewValueInTheDefaults();
+  void anEqualValueIsNeitherWrittenNorAnnounced();
+  void aNameThatIsNoCaseChangesNothing();
+  void aFailedWriteIsLoggedAndTheValueStands();
+};
+
+void AppSettingsTests::everyPropertyIsStoredUnderItsNameAndNotifiesOnce_data() {
+  QTest::addColumn<QByteArray>("name");
+  QTest::addColumn<QVariant>("other");
+  const QMetaObject& meta = AppSettings::staticMetaObject;
+  QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 19);
+  for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
+    const QMetaProperty property = meta.property(i);
+    TemporaryFolder folder;
+    UserDefaults defaults(folder / "defaults.json");
+    const QVariant was = property.read(std::make_unique<AppSettings>(defaults).get());
+    QVariant other;
+    if (property.metaType() == QMetaType::fromType<bool>()) other = !was.toBool();
+    if (property.metaType() == QMetaType::fromType<qint64>()) other = was.toLongLong() + 5;
+    if (property.metaType() == QMetaType::fromType<QStringList>()) other = QStringList(was.toStringList().last());
+    if (qstrcmp(property.name(), "dockEdge") == 0) other = QStringLiteral("left");
+    if (qstrcmp(property.name(), "buddyLevel") == 0) other = QStringLiteral("off");
+    QTest::newRow(property.name()) << QByteArray(property.name()) << other;
+  }
+}
+
+void AppSettingsTests::everyPropertyIsStoredUnderItsNameAndNotifiesOnce() {
+  QFETCH(const QByteArray, name);
+  QFETCH(const QVariant, other);
+  TemporaryFolder folder;
+  UserDefaults defaults(folder / "defaults.json");
+  AppSettings settings(defaults);
+  const QMetaProperty property = settings.metaObject()->property(settings.metaObject()->indexOfProperty(name));
+  QVERIFY(other.isValid());
+  QVERIFY(property.read(&settings) != other);
+  QSignalSpy spy(&settings, property.notifySignal());
+  QVERIFY(property.write(&settings, other));
+  QCOMPARE(spy.count(), 1);
+  QCOMPARE(property.read(&settings), other);
+
+  const UserDefaults stored(folder / "defaults.json");
+  QCOMPARE(stored.all().size(), 1u);
+  QVERIFY(stored.object(name.toStdString()));
+  UserDefaults again(folder / "defaults.json");
+  AppSettings later(again);
+  QCOMPARE(property.read(&later), other);
+}
+
+void AppSettingsTests::observersSeeTheNewValueInTheDefaults() {
+  TemporaryFolder folder;
+  UserDefaults defaults(folder / "defaults.json");
+  AppSettings settings(defaults);
+  std::optional<std::int64_t> seen, stored;
+  connect(&settings, &AppSettings::clipboardLimitChanged, this, [&] {
+    seen = settings.clipboardLimit();
+    stored = UserDefaults(folder / "defaults.json").integer("clipboardLimit");
+  });
+  settings.setClipboardLimit(42);
+  QCOMPARE(seen, std::optional<std::int64_t>(42));
+  QCOMPARE(stored, seen);
+}
+
+void AppSettingsTests::anEqualValueIsNeitherWrittenNorAnnounced() {
+  TemporaryFolder folder;
+  UserDefaults defaults(folder / "defaults.json");
+  AppSettings settings(defaults);
+  QSignalSpy spy(&settings, &AppSettings::quietStartHourChanged);
+  settings.setQuietStartHour(22);
+  QCOMPARE(spy.count(), 0);
+  QVERIFY(!std::filesystem::exists(folder / "defaults.json"));
+}
+
+void AppSettingsTests::aNameThatIsNoCaseChangesNothing() {
+  TemporaryFolder folder;
+  UserDefaults defaults(folder.write("defaults.json", R"({"dockEdge":"top","buddyLevel":"loud"})"));
+  AppSettings settings(defaults);
+  QCOMPARE(settings.dockEdgeName(), QStringLiteral("bottom"));
+  QCOMPARE(settings.buddyLevelName(), QStringLiteral("all"));
+  settings.setDockEdgeName(QStringLiteral("right"));
+  settings.setDockEdgeName(QStringLiteral("top"));
+  settings.setBuddyLevelName(QString());
+  settings.setBuddyCategoryNames({QStringLiteral("gossip"), QStringLiteral("health")});
+  QCOMPARE(settings.dockEdge(), DockEdge::right);
+  QCOMPARE(settings.buddyLevel(), BuddyLevel::all);
+  QCOMPARE(settings.buddyCategoryNames(), QStringList(QStringLiteral("health")));
+}
+
+void AppSettingsTests::aFailedWriteIsLoggedAndTheValueStands() {
+  TemporaryFolder folder;
+  folder.write("file", "in the way");
+  UserDefaults defaults(folder / "file/defaults.json");
+  AppSettings settings(defaults);
+  QSignalSpy spy(&settings, &AppSettings::dockEdgeChanged);
+  QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: cannot save settings: .*file")));
+  settings.setDockEdge(DockEdge::left);
+  QCOMPARE(settings.dockEdge(), DockEdge::left);
+  QCOMPARE(spy.count(), 1);
+  QCOMPARE(readFile(folder / "file").value_or(""), std::string("in the way"));
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::AppSettingsTests)
+#include "AppSettingsTests.moc"
