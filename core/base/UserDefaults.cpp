@@ -158,6 +158,12 @@ void UserDefaults::set(const std::string& key, const std::vector<std::string>& s
   set(key, DefaultsValue{std::move(array)});
 }
 
+void UserDefaults::set(DefaultsDictionary values) {
+  const DefaultsDictionary before = values_;
+  for (auto& [key, value] : values) values_.insert_or_assign(key, std::move(value));
+  if (values_ != before) save();
+}
+
 void UserDefaults::remove(const std::string& key) {
   if (values_.erase(key) > 0) save();
 }

@@ -54,6 +54,8 @@ class UserDefaults {
   // stands in memory.
   void set(const std::string& key, DefaultsValue value);
   void set(const std::string& key, const std::vector<std::string>& strings);
+  // All of them in one write.
+  void set(DefaultsDictionary values);
   void remove(const std::string& key);
 
   const std::filesystem::path& file() const { return file_; }

@@ -1,0 +1,15 @@
+#pragma once
+// Property lists in their XML form.
+
+#include <optional>
+#include <string_view>
+
+#include "core/base/UserDefaults.h"
+
+namespace ambrel {
+
+// The dictionary at the top. Absent for anything else: the binary form, a document that is not well-formed, an
+// element that property lists do not have, nesting deeper than 100.
+std::optional<DefaultsDictionary> parsePropertyList(std::string_view text);
+
+}  // namespace ambrel
