@@ -103,6 +103,15 @@ std::string compactCount(const Calendar& calendar, std::int64_t count) {
   return utf8(format.formatInt(count, error).toString(error));
 }
 
+std::string compactCount(const Calendar& calendar, std::int64_t count, int fraction) {
+  UErrorCode error = U_ZERO_ERROR;
+  return utf8(icu::number::NumberFormatter::withLocale(calendar.impl().locale)
+                  .notation(icu::number::Notation::compactShort())
+                  .precision(icu::number::Precision::maxFraction(fraction))
+                  .formatInt(count, error)
+                  .toString(error));
+}
+
 std::string fileSize(const Calendar& calendar, std::int64_t bytes) {
   UErrorCode error = U_ZERO_ERROR;
   const icu::MeasureUnit units[] = {icu::MeasureUnit::getByte(), icu::MeasureUnit::getKilobyte(),
