@@ -86,12 +86,12 @@ std::string fromLatin1(std::string_view bytes) {
 }
 
 // STRING is Latin-1 by the book; most owners send UTF-8 all the same.
-std::string decodedText(std::string_view type, std::string_view bytes) {
-  if (bytes.starts_with("\xFE\xFF")) return fromUTF16(bytes.substr(2), true);
-  if (bytes.starts_with("\xFF\xFE")) return fromUTF16(bytes.substr(2), false);
+std::string decodedText(std::string_view type, std::string bytes) {
+  if (bytes.starts_with("\xFE\xFF")) return fromUTF16(std::string_view(bytes).substr(2), true);
+  if (bytes.starts_with("\xFF\xFE")) return fromUTF16(std::string_view(bytes).substr(2), false);
   // Some owners send the end of their string along.
-  while (bytes.ends_with('\0')) bytes.remove_suffix(1);
-  if (isValidUTF8(bytes)) return std::string(bytes);
+  while (bytes.ends_with('\0')) bytes.pop_back();
+  if (isValidUTF8(bytes)) return bytes;
   return type == "STRING" || type == "TEXT" ? fromLatin1(bytes) : repairedUTF8(bytes);
 }
 
@@ -163,16 +163,16 @@ std::size_t limitOf(std::string_view type) {
   return isOneOf(pictureTypes, type) ? CaptureLimits::picture : CaptureLimits::text;
 }
 
-PasteboardContents contentsOf(std::span<const Fetched> fetched) {
+PasteboardContents contentsOf(std::vector<Fetched> fetched) {
   PasteboardContents contents;
-  for (const Fetched& attempt : fetched) {
+  for (Fetched& attempt : fetched) {
     if (!isOfUse(attempt)) continue;
     if (isOneOf(fileTypes, attempt.type))
       contents.filePaths = pathsOf(*attempt.bytes);
     else if (isOneOf(pictureTypes, attempt.type))
-      contents.picture = Representation{attempt.type, *attempt.bytes};
+      contents.picture = Representation{std::move(attempt.type), std::move(*attempt.bytes)};
     else
-      contents.text = decodedText(attempt.type, *attempt.bytes);
+      contents.text = decodedText(attempt.type, std::move(*attempt.bytes));
     break;
   }
   return contents;

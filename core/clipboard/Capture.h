@@ -66,7 +66,7 @@ struct PasteboardContents {
   bool isEmpty() const { return filePaths.empty() && !picture && !text; }
   friend bool operator==(const PasteboardContents&, const PasteboardContents&) = default;
 };
-PasteboardContents contentsOf(std::span<const Fetched> fetched);
+PasteboardContents contentsOf(std::vector<Fetched> fetched);
 
 struct PictureSize {
   int width = 0, height = 0;  // pixels

@@ -1,0 +1,80 @@
+#pragma once
+// Fetches what the owner of the clipboard offers, step by step as its answers come. It never waits: it says until
+// when it is willing to, and is told what happened.
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/clipboard/Capture.h"
+#include "platform/linux/pasteboard/SelectionConnection.h"
+
+namespace ambrel {
+
+using SteadyTime = std::chrono::steady_clock::time_point;
+
+// How long an owner may take. One that exceeds them counts as not having what it was asked for.
+struct SelectionPatience {
+  std::chrono::milliseconds targets{1000};  // until it says what it offers
+  std::chrono::milliseconds data{3000};     // until the data, or their first piece, are there
+  std::chrono::milliseconds piece{2000};    // between two pieces
+  std::chrono::milliseconds whole{20000};   // for everything together
+};
+
+class SelectionReader {
+ public:
+  struct Outcome {
+    std::vector<std::string> types;
+    PasteboardContents contents;
+  };
+
+  SelectionReader(SelectionConnection& connection, SelectionPatience patience);
+
+  // Begins anew; an unfinished reading is abandoned. `time` is when the owner took the selection.
+  void start(xcb_timestamp_t time, bool wantsPicture, SteadyTime now, std::function<void(Outcome)> done);
+  void cancel();
+  bool isReading() const { return step_ != Step::idle; }
+  // The owner has gone: what has not come yet will not come.
+  void ownerIsGone();
+
+  void handle(const xcb_selection_notify_event_t& event, SteadyTime now);
+  void handle(const xcb_property_notify_event_t& event, SteadyTime now);
+  std::optional<SteadyTime> deadline() const;
+  void checkDeadline(SteadyTime now);
+
+ private:
+  enum class Step {
+    idle,
+    targets,  // the list of types was asked for
+    data,     // a type was asked for
+    pieces,   // it comes in pieces
+  };
+
+  void convert(xcb_atom_t target, std::chrono::milliseconds patience, SteadyTime now);
+  void takeTargets(const xcb_selection_notify_event_t& event, SteadyTime now);
+  void takeData(const xcb_selection_notify_event_t& event, SteadyTime now);
+  void fetched(std::optional<std::string> bytes, SteadyTime now);
+  void fetchNext(SteadyTime now);
+  void finish();
+
+  SelectionConnection& connection_;
+  SelectionPatience patience_;
+  std::vector<xcb_atom_t> properties_;  // taken in turn, so that a late answer is not mistaken for a new one
+  std::size_t turn_ = 0;
+
+  Step step_ = Step::idle;
+  xcb_timestamp_t time_ = XCB_CURRENT_TIME;
+  bool wantsPicture_ = true;
+  bool hasAskedTwice_ = false;
+  SteadyTime stepDeadline_, wholeDeadline_;
+  xcb_atom_t target_ = XCB_ATOM_NONE, property_ = XCB_ATOM_NONE;
+  std::string type_;
+  std::string pieces_;
+  std::vector<std::string> types_;
+  std::vector<Fetched> fetched_;
+  std::function<void(Outcome)> done_;
+};
+
+}  // namespace ambrel

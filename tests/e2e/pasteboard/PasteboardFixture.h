@@ -1,0 +1,93 @@
+#pragma once
+// A pasteboard on the test's X server, with a main thread that the test turns by hand.
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <mutex>
+
+#include "platform/linux/pasteboard/X11Pasteboard.h"
+#include "tests/e2e/pasteboard/SelectionClients.h"
+
+namespace ambrel {
+
+// What is posted waits until the test waits for something.
+class MainThread {
+ public:
+  void post(std::function<void()> task) {
+    const std::scoped_lock lock(mutex_);
+    tasks_.push_back(std::move(task));
+    changed_.notify_all();
+  }
+
+  // Runs what is posted until the condition holds; false after five seconds.
+  bool runUntil(const std::function<bool()>& isDone) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    std::unique_lock lock(mutex_);
+    while (!isDone()) {
+      if (tasks_.empty() && changed_.wait_until(lock, end) == std::cv_status::timeout) return false;
+      while (!tasks_.empty()) {
+        const auto task = std::move(tasks_.front());
+        tasks_.pop_front();
+        lock.unlock();
+        task();
+        lock.lock();
+      }
+    }
+    return true;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<std::function<void()>> tasks_;
+};
+
+class PasteboardTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (std::getenv("DISPLAY") == nullptr) GTEST_SKIP() << "no X server";
+    pasteboard = X11Pasteboard::open(
+        "", [this](auto task) { main.post(std::move(task)); }, patience);
+    ASSERT_TRUE(pasteboard);
+    pasteboard->setChangeHandler([this] { ++changes; });
+    pasteboard->setOwnerGoneHandler([this] { ++ownersGone; });
+  }
+
+  // The application copies, and the change is noticed.
+  void copy(OwnerClient& owner) {
+    const auto before = pasteboard->changeCount();
+    owner.copy();
+    ASSERT_TRUE(main.runUntil([&] { return pasteboard->changeCount() != before; }));
+  }
+
+  PasteboardReading read(bool wantsPicture = true) {
+    std::optional<PasteboardReading> reading;
+    pasteboard->read(wantsPicture, [&](PasteboardReading one) { reading = std::move(one); });
+    EXPECT_TRUE(main.runUntil([&] { return reading.has_value(); }));
+    return reading.value_or(PasteboardReading{});
+  }
+
+  MainThread main;
+  SelectionPatience patience{.targets = std::chrono::milliseconds(150),
+                             .data = std::chrono::milliseconds(150),
+                             .piece = std::chrono::milliseconds(150),
+                             .whole = std::chrono::milliseconds(3000)};
+  std::unique_ptr<X11Pasteboard> pasteboard;
+  int changes = 0, ownersGone = 0;
+};
+
+inline Offer whole(std::string bytes) { return {.manner = Manner::whole, .bytes = std::move(bytes)}; }
+
+// Text in which a lost, doubled or moved piece shows.
+inline std::string numberedText(std::size_t size) {
+  std::string text;
+  for (std::size_t i = 0; text.size() < size; ++i) text += std::to_string(i) + "\n";
+  text.resize(size);
+  return text;
+}
+
+}  // namespace ambrel

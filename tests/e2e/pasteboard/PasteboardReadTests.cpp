@@ -1,0 +1,190 @@
+#include <gmock/gmock.h>
+
+#include "tests/e2e/pasteboard/PasteboardFixture.h"
+
+namespace ambrel {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+class PasteboardReadTest : public PasteboardTest {
+ protected:
+  // After whatever came before, an ordinary copy is read as ever.
+  void expectWorkingStill() {
+    OwnerClient ordinary({{"UTF8_STRING", whole("still here")}});
+    copy(ordinary);
+    EXPECT_EQ(read().contents.text, "still here");
+  }
+};
+
+TEST_F(PasteboardReadTest, ACopyIsNoticedAndRead) {
+  OwnerClient owner({{"UTF8_STRING", whole("words\n")}, {"text/html", whole("<b>words</b>")}});
+  copy(owner);
+  ASSERT_TRUE(main.runUntil([&] { return changes == 1; }));
+  const auto reading = read();
+  EXPECT_EQ(reading.contents.text, "words\n");
+  EXPECT_THAT(reading.types, Contains("text/html"));
+  EXPECT_EQ(reading.changeCount, pasteboard->changeCount());
+  EXPECT_THAT(owner.asked(), ElementsAre("TARGETS", "UTF8_STRING"));
+}
+
+TEST_F(PasteboardReadTest, EveryCopyChangesTheCountEvenOfTheSameText) {
+  OwnerClient owner({{"UTF8_STRING", whole("words")}});
+  copy(owner);
+  copy(owner);
+  EXPECT_EQ(pasteboard->changeCount(), 3);
+}
+
+TEST_F(PasteboardReadTest, AMarkedSecretIsNotEvenAskedFor) {
+  OwnerClient owner({{"UTF8_STRING", whole("hunter2")}, {"x-kde-passwordManagerHint", whole("public")}});
+  copy(owner);
+  const auto reading = read();
+  EXPECT_TRUE(reading.contents.isEmpty());
+  EXPECT_TRUE(isPrivate(reading.types));
+  EXPECT_THAT(owner.asked(), ElementsAre("TARGETS"));
+}
+
+TEST_F(PasteboardReadTest, FilesAndPicturesAreReadAsTheyAre) {
+  std::string png("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\x02\0\0\0\x03", 24);
+  OwnerClient files(
+      {{"text/uri-list", whole("file:///a%20b\r\n")}, {"image/png", whole(png)}, {"UTF8_STRING", whole("a b")}});
+  copy(files);
+  EXPECT_THAT(read().contents.filePaths, ElementsAre("/a b"));
+  OwnerClient picture({{"image/png", whole(png)}, {"UTF8_STRING", whole("a picture")}});
+  copy(picture);
+  EXPECT_EQ(read().contents.picture, (Representation{"image/png", png}));
+  EXPECT_EQ(read(false).contents.text, "a picture");
+}
+
+TEST_F(PasteboardReadTest, TwentyMegabytesComeInPieces) {
+  const std::string text = numberedText(20'000'000);
+  OwnerClient owner({{"UTF8_STRING", {.manner = Manner::pieces, .bytes = text, .announced = 1}}});
+  copy(owner);
+  EXPECT_TRUE(read().contents.text == text);
+}
+
+TEST_F(PasteboardReadTest, ALargePropertyIsReadWholeWithoutPieces) {
+  const std::string text = numberedText(3'500'000);
+  OwnerClient owner({{"UTF8_STRING", whole(text)}});
+  copy(owner);
+  EXPECT_TRUE(read().contents.text == text);
+}
+
+TEST_F(PasteboardReadTest, AWrongAnnouncementOfTheSizeDoesNotMatter) {
+  const std::string text = numberedText(250'000);
+  for (const std::uint32_t announced : {0u, 1u, 0xFFFFFFFFu}) {
+    OwnerClient owner({{"UTF8_STRING", {.manner = Manner::pieces, .bytes = text, .announced = announced}}});
+    copy(owner);
+    EXPECT_TRUE(read().contents.text == text) << announced;
+  }
+}
+
+TEST_F(PasteboardReadTest, OwnersThatFailCostATimeOutAndNothingElse) {
+  const std::string text = numberedText(300'000);
+  for (const Manner manner :
+       {Manner::refuses, Manner::silent, Manner::stopsHalfWay, Manner::diesHalfWay, Manner::wrongFormat}) {
+    OwnerClient owner({{"UTF8_STRING", {.manner = manner, .bytes = text}}});
+    copy(owner);
+    EXPECT_TRUE(read().contents.isEmpty()) << static_cast<int>(manner);
+    expectWorkingStill();
+  }
+}
+
+TEST_F(PasteboardReadTest, AnOwnerThatNeverEndsIsLeftAtTheLimit) {
+  OwnerClient owner(
+      {{"text/uri-list", {.manner = Manner::neverEnds, .bytes = std::string(1'000'000, 'x'), .pieceSize = 1'000'000}},
+       {"UTF8_STRING", whole("its text")}});
+  copy(owner);
+  EXPECT_EQ(read().contents.text, "its text");
+  expectWorkingStill();
+}
+
+TEST_F(PasteboardReadTest, AnOwnerThatDoesNotSayWhatItHasIsNotAskedFurther) {
+  OwnerClient owner({{"UTF8_STRING", whole("words")}});
+  owner.targetsManner = Manner::silent;
+  copy(owner);
+  EXPECT_TRUE(read().contents.isEmpty());
+  EXPECT_THAT(owner.asked(), ElementsAre("TARGETS"));
+  expectWorkingStill();
+}
+
+TEST_F(PasteboardReadTest, AnOwnerThatIsBusyAtFirstIsAskedAgain) {
+  OwnerClient owner({{"UTF8_STRING", whole("words")}});
+  owner.targetsManner = Manner::emptyFirst;
+  copy(owner);
+  EXPECT_EQ(read().contents.text, "words");
+}
+
+TEST_F(PasteboardReadTest, AnOwnerWithoutAListIsAskedForText) {
+  OwnerClient owner({{"STRING", whole("old words")}});
+  owner.targetsManner = Manner::refuses;
+  copy(owner);
+  EXPECT_EQ(read().contents.text, "old words");
+}
+
+TEST_F(PasteboardReadTest, HundredsOfTypesAreNamedAtOnce) {
+  OwnerClient owner({{"UTF8_STRING", whole("words")}});
+  for (int i = 0; i < 500; ++i) owner.furtherTargets.push_back("application/x-office-format-" + std::to_string(i));
+  copy(owner);
+  const auto reading = read();
+  EXPECT_EQ(reading.contents.text, "words");
+  EXPECT_THAT(reading.types, Contains("application/x-office-format-499"));
+}
+
+TEST_F(PasteboardReadTest, ANewCopyEndsTheReadingOfTheOldOne) {
+  OwnerClient hangs({{"UTF8_STRING", {.manner = Manner::silent}}});
+  copy(hangs);
+  bool isRead = false;
+  pasteboard->read(true, [&](const PasteboardReading&) { isRead = true; });
+  ASSERT_TRUE(main.runUntil([&] { return hangs.asked().size() == 2; }) || hangs.asked().size() == 2);
+  OwnerClient next({{"UTF8_STRING", whole("next")}});
+  copy(next);
+  EXPECT_EQ(read().contents.text, "next");
+  EXPECT_FALSE(isRead);
+}
+
+TEST_F(PasteboardReadTest, AnOwnerThatCopiesAnewWhenAskedMakesNoEndlessLoop) {
+  OwnerClient owner({{"UTF8_STRING", whole("words")}});
+  owner.takesAnewWhenAsked = true;
+  int reads = 0;
+  pasteboard->setChangeHandler([&] {
+    ++changes;
+    pasteboard->read(true, [&](const PasteboardReading&) { ++reads; });
+  });
+  copy(owner);
+  // The changes that are announced come to an end, though each reading brings another.
+  int seen = -1;
+  while (seen != changes) {
+    seen = changes;
+    EXPECT_LT(changes, 100);
+    const auto asked = owner.asked().size();
+    main.runUntil([&] { return changes != seen || owner.asked().size() > asked + 50; });
+    if (changes > 50) break;
+  }
+  EXPECT_LT(changes, 50);
+}
+
+TEST_F(PasteboardReadTest, TheEndOfTheOwnerIsNoChangeButAClearingIs) {
+  OwnerClient owner({{"UTF8_STRING", whole("words")}});
+  copy(owner);
+  const auto count = pasteboard->changeCount();
+  owner.quit();
+  ASSERT_TRUE(main.runUntil([&] { return ownersGone == 1; }));
+  EXPECT_EQ(pasteboard->changeCount(), count);
+
+  OwnerClient other({{"UTF8_STRING", whole("secret")}});
+  copy(other);
+  other.clear();
+  ASSERT_TRUE(main.runUntil([&] { return pasteboard->changeCount() == count + 2; }));
+  other.quit();
+  EXPECT_TRUE(read().contents.isEmpty());
+  EXPECT_EQ(ownersGone, 1);
+}
+
+TEST_F(PasteboardReadTest, AnEmptyPasteboardReadsEmpty) { EXPECT_TRUE(read().contents.isEmpty()); }
+
+}  // namespace
+}  // namespace ambrel

@@ -1,0 +1,86 @@
+#pragma once
+// Other applications, played by tests: owners of the clipboard that behave or do not, and one that pastes.
+
+#include <atomic>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+#include <xcb/xcb.h>
+
+namespace ambrel {
+
+// How an owner treats a request for one of its types.
+enum class Manner {
+  whole,         // at once
+  pieces,        // in pieces, as the conventions have it
+  refuses,       // says that it has none
+  silent,        // never answers
+  stopsHalfWay,  // in pieces, of which it sends one
+  diesHalfWay,   // in pieces; ends after the first
+  neverEnds,     // in pieces without end
+  wrongFormat,   // as 32-bit numbers
+  emptyFirst,    // refuses the first time
+};
+
+struct Offer {
+  Manner manner = Manner::whole;
+  std::string bytes;
+  std::uint32_t announced = 0;  // the size that it says beforehand, in pieces
+  std::size_t pieceSize = 100'000;
+};
+
+// An application that owns the clipboard. It has a thread and a connection of its own.
+class OwnerClient {
+ public:
+  explicit OwnerClient(std::map<std::string, Offer> offers);
+  ~OwnerClient();
+
+  // How it treats TARGETS, and what it lists there besides its offers.
+  Manner targetsManner = Manner::whole;
+  std::vector<std::string> furtherTargets;
+  bool takesAnewWhenAsked = false;
+
+  // Takes the clipboard; it is taken when this returns.
+  void copy();
+  // Gives it up on purpose.
+  void clear();
+  // Ends the connection, as a process that quits does.
+  void quit();
+  // The types it was asked for, in order.
+  std::vector<std::string> asked() const;
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+// An application that pastes. All calls wait for the answer, a few seconds at most.
+class RequestorClient {
+ public:
+  RequestorClient();
+  ~RequestorClient();
+
+  struct Answer {
+    std::string type;
+    int format = 0;
+    std::string bytes;
+    bool wasInPieces = false;
+  };
+  // Absent when the owner refuses, or does not answer. `onPiece` returns false to stop taking.
+  std::optional<Answer> paste(const std::string& target, const std::function<bool()>& onPiece = nullptr);
+  // The names in an answer of atoms.
+  std::vector<std::string> targets();
+  // Asks for two types in one request; a refused one is absent.
+  std::vector<std::optional<std::string>> pasteMultiple(const std::vector<std::string>& targets);
+  bool hasOwner();
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace ambrel
