@@ -36,6 +36,8 @@ class SelectionReader {
   void start(xcb_timestamp_t time, bool wantsPicture, SteadyTime now, std::function<void(Outcome)> done);
   void cancel();
   bool isReading() const { return step_ != Step::idle; }
+  // The owner has taken the selection again; it is asked as of then.
+  void ownerTookAnew(xcb_timestamp_t time) { time_ = time; }
   // The owner has gone: what has not come yet will not come.
   void ownerIsGone();
 

@@ -20,8 +20,8 @@ namespace {
 // How long the end of the program may wait for a clipboard manager.
 constexpr std::chrono::milliseconds savePatience{300};
 
-// Some applications take the clipboard anew whenever they are asked for it. After this many such changes in a row
-// they are no longer announced; the owner of this object still sees them when it looks at the change count.
+// Some applications take the clipboard anew whenever they are asked for it, and each change brings another reading.
+// After this many such changes in a row they count no longer.
 constexpr int mostEchoes = 5;
 
 struct ReadCommand {
@@ -83,10 +83,7 @@ class X11Pasteboard::Worker {
         server_(*connection_) {}
 
   void run() {
-    while (!isStopping_ && !connection_->isBroken()) {
-      step();
-      wait(nextDeadline());
-    }
+    for (step(); !isStopping_ && !connection_->isBroken(); step()) wait(nextDeadline());
     if (connection_->isBroken()) std::fputs("Ambrel: the clipboard's connection to the X server is lost\n", stderr);
     saveAtEnd();
   }
@@ -131,10 +128,11 @@ class X11Pasteboard::Worker {
   void carryOut(const ReadCommand& command) {
     // What we have written ourselves is no news to anyone here.
     if (server_.isOwner() || shared_->pendingWrites > 0) return deliver(command.number, {});
+    hasEcho_ = false;
     reader_.start(ownerTime_, command.wantsPicture, now(),
                   [this, number = command.number](SelectionReader::Outcome outcome) {
-                    readEnd_ = now();
                     deliver(number, std::move(outcome));
+                    if (std::exchange(hasEcho_, false)) announceChange();
                   });
   }
 
@@ -198,11 +196,16 @@ class X11Pasteboard::Worker {
     if (event.owner == XCB_WINDOW_NONE && isOwnClear(event)) return;
     // Whoever had it before our own write, it will be ours in a moment.
     if (shared_->pendingWrites > 0) return;
-    const bool isEcho = former == event.owner && (reader_.isReading() || now() - readEnd_ < echoTime);
-    echoes_ = isEcho ? echoes_ + 1 : 0;
+    if (event.owner == former && reader_.isReading()) {
+      // It has been asked and copies again: what it is just handing over is still worth having.
+      hasEcho_ = ++echoes_ <= mostEchoes;
+      reader_.ownerTookAnew(event.selection_timestamp);
+      return;
+    }
+    echoes_ = 0;
+    hasEcho_ = false;
     reader_.cancel();
-    ++shared_->changeCount;
-    if (echoes_ <= mostEchoes) postChange();
+    announceChange();
   }
 
   bool isOwnClear(const xcb_xfixes_selection_notify_event_t& event) const {
@@ -218,7 +221,8 @@ class X11Pasteboard::Worker {
     });
   }
 
-  void postChange() {
+  void announceChange() {
+    ++shared_->changeCount;
     if (shared_->isChangePosted.exchange(true)) return;
     shared_->post([shared = shared_] {
       shared->isChangePosted = false;
@@ -235,8 +239,6 @@ class X11Pasteboard::Worker {
     }
   }
 
-  static constexpr std::chrono::milliseconds echoTime{50};
-
   std::shared_ptr<Shared> shared_;
   std::unique_ptr<SelectionConnection> connection_;
   SelectionReader reader_;
@@ -245,7 +247,7 @@ class X11Pasteboard::Worker {
   xcb_timestamp_t ownerTime_ = XCB_CURRENT_TIME;
   int offersUnderWay_ = 0;
   int echoes_ = 0;
-  SteadyTime readEnd_;
+  bool hasEcho_ = false;
   bool isStopping_ = false, isSaved_ = false;
 };
 

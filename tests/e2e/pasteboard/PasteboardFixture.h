@@ -23,9 +23,9 @@ class MainThread {
     changed_.notify_all();
   }
 
-  // Runs what is posted until the condition holds; false after five seconds.
-  bool runUntil(const std::function<bool()>& isDone) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+  // Runs what is posted until the condition holds; false when that takes too long.
+  bool runUntil(const std::function<bool()>& isDone, std::chrono::milliseconds atMost = std::chrono::seconds(5)) {
+    const auto end = std::chrono::steady_clock::now() + atMost;
     std::unique_lock lock(mutex_);
     while (!isDone()) {
       if (tasks_.empty() && changed_.wait_until(lock, end) == std::cv_status::timeout) return false;
@@ -62,6 +62,14 @@ class PasteboardTest : public testing::Test {
     const auto before = pasteboard->changeCount();
     owner.copy();
     ASSERT_TRUE(main.runUntil([&] { return pasteboard->changeCount() != before; }));
+  }
+
+  // Asks again and again, without letting the main thread run.
+  static bool eventually(const std::function<bool()>& isTrue) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (!isTrue())
+      if (std::chrono::steady_clock::now() > end) return false;
+    return true;
   }
 
   PasteboardReading read(bool wantsPicture = true) {

@@ -26,13 +26,6 @@ class PasteboardWriteTest : public PasteboardTest {
     return count;
   }
 
-  static bool eventually(const std::function<bool()>& isTrue) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!isTrue())
-      if (std::chrono::steady_clock::now() > end) return false;
-    return true;
-  }
-
   static std::string pasted(RequestorClient& client, const std::string& target) {
     const auto answer = client.paste(target);
     return answer ? answer->bytes : "(refused)";

@@ -28,7 +28,7 @@ enum class Manner {
 
 struct Offer {
   Manner manner = Manner::whole;
-  std::string bytes;
+  std::string bytes = {};
   std::uint32_t announced = 0;  // the size that it says beforehand, in pieces
   std::size_t pieceSize = 100'000;
 };
