@@ -51,6 +51,9 @@ struct EnumText<AgentStatus> {
   };
 };
 
+// What a list shows: "Needs you", "Working", "Done", "Idle".
+std::string_view displayName(AgentStatus status);
+
 // One conversation. Texts are valid UTF-8.
 struct AgentSession {
   std::string id;  // a prefix for the kind and the tool's own identifier: "claude:0b54c9de-..."

@@ -47,6 +47,20 @@ std::string_view bundleIdentifier(AgentKind kind) {
   return {};
 }
 
+std::string_view displayName(AgentStatus status) {
+  switch (status) {
+    case AgentStatus::needsInput:
+      return "Needs you";
+    case AgentStatus::working:
+      return "Working";
+    case AgentStatus::finished:
+      return "Done";
+    case AgentStatus::idle:
+      return "Idle";
+  }
+  return {};
+}
+
 AgentStatus AgentTiming::aged(AgentStatus status, Seconds since) {
   if (status == AgentStatus::working && since > workingTimeout) return AgentStatus::idle;
   if (status == AgentStatus::finished && since > finishedTimeout) return AgentStatus::idle;

@@ -1,0 +1,178 @@
+#include "ctl/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <deque>
+#include <sstream>
+
+namespace ambrel {
+namespace {
+
+// What CLI11 fills in for one command; it keeps pointers, so the places must not move.
+struct Slot {
+  const Command* command = nullptr;
+  CLI::App* app = nullptr;
+  std::deque<bool> flags;
+  std::deque<std::vector<std::string>> values;
+};
+
+std::size_t editDistance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
+      diagonal = row[j];
+      row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
+    }
+  }
+  return row.back();
+}
+
+// "; did you mean 'agents'?", or where to look.
+std::string hint(std::string_view word, const std::vector<std::string>& known, const std::string& helpCommand) {
+  const auto nearest = std::min_element(known.begin(), known.end(), [&](const auto& a, const auto& b) {
+    return editDistance(word, a) < editDistance(word, b);
+  });
+  if (nearest != known.end() && word.size() <= 40 && editDistance(word, *nearest) <= 2)
+    return "; did you mean '" + *nearest + "'?";
+  return "; see '" + helpCommand + " --help'";
+}
+
+class Parser {
+ public:
+  explicit Parser(const std::vector<Command>& commands)
+      : app_("Shows what Tilebay knows, for people and for scripts.", "tilebayctl") {
+    app_.set_help_flag("-h,--help", "Print this help and end");
+    app_.set_version_flag("--version", "tilebayctl " AMBREL_VERSION, "Print the version and end");
+    app_.add_option("--home", home_, "The home folder that the readers look under [$HOME]")->type_name("DIR");
+    app_.add_option("--data", data_, "The folder of the program's own files [$XDG_DATA_HOME/Ambrel]")->type_name("DIR");
+    app_.add_option("--now", now_, "The present instant, ISO 8601 with a zone [the clock]")->type_name("INSTANT");
+    app_.add_flag("--json", json_, "JSON on standard output");
+    app_.allow_extras();
+    add(app_, commands);
+  }
+
+  ParsedCommandLine parse(int count, const char* const* words) {
+    ParsedCommandLine parsed;
+    try {
+      app_.parse(count, words);
+    } catch (const CLI::Success& wish) {  // help or version
+      std::ostringstream out, error;
+      app_.exit(wish, out, error);
+      parsed.answer = out.str();
+      return parsed;
+    } catch (const CLI::ParseError& problem) {
+      refuseExtras();
+      throw UsageError(std::string(problem.what()) + "; see '" + helpCommand() + " --help'");
+    }
+    refuseExtras();
+
+    const Slot* slot = chosen();
+    if (!slot || !slot->command->commands.empty())
+      throw UsageError(std::string(slot ? "this command needs one of its own" : "no command is given") + "; see '" +
+                       helpCommand() + " --help'");
+    parsed.command = slot->command;
+    std::size_t flag = 0, value = 0;
+    for (const CommandOption& option : slot->command->options) {
+      if (option.kind == CommandOption::Kind::flag) {
+        if (slot->flags[flag++]) parsed.arguments.add(option.name, {});
+      } else if (const auto& given = slot->values[value++]; !given.empty()) {
+        parsed.arguments.add(option.name, given);
+      }
+    }
+    parsed.global = globalOptions();
+    return parsed;
+  }
+
+ private:
+  void add(CLI::App& parent, const std::vector<Command>& commands) {
+    for (const Command& command : commands) {
+      CLI::App* app = parent.add_subcommand(command.name, command.summary);
+      app->allow_extras();
+      app->fallthrough();
+      Slot& slot = slots_.emplace_back();
+      slot.command = &command;
+      slot.app = app;
+      for (const CommandOption& option : command.options) addOption(*app, slot, option);
+      add(*app, command.commands);
+    }
+  }
+
+  void addOption(CLI::App& app, Slot& slot, const CommandOption& option) {
+    using enum CommandOption::Kind;
+    if (option.kind == flag) {
+      app.add_flag(option.name, slot.flags.emplace_back(false), option.help);
+      return;
+    }
+    CLI::Option* added = app.add_option(option.name, slot.values.emplace_back(), option.help);
+    if (!option.placeholder.empty()) added->type_name(option.placeholder);
+    if (option.kind == values)
+      added->allow_extra_args(false);  // one value each time that it is given
+    else
+      added->expected(1);
+    if (option.kind == positional) added->required();
+  }
+
+  // The innermost command that was given.
+  const Slot* chosen() const {
+    const Slot* found = nullptr;
+    for (const Slot& slot : slots_)
+      if (slot.app->parsed()) found = &slot;
+    return found;
+  }
+
+  std::string helpCommand() const {
+    std::string words;
+    if (const Slot* slot = chosen())
+      for (const CLI::App* app = slot->app; app != &app_; app = app->get_parent())
+        words = " " + app->get_name() + words;
+    return "tilebayctl" + words;
+  }
+
+  void refuseExtras() const {
+    const auto extras = app_.remaining(true);
+    if (extras.empty()) return;
+    const std::string& word = extras.front();
+    const Slot* slot = chosen();
+    const CLI::App& app = slot ? *slot->app : app_;
+    std::vector<std::string> known;
+    if (word.starts_with("-")) {
+      for (const CLI::App* from = &app; from; from = from->get_parent())
+        for (const CLI::Option* option : from->get_options())
+          for (const std::string& name : option->get_lnames()) known.push_back("--" + name);
+      throw UsageError("unknown option '" + word + "'" + hint(word, known, helpCommand()));
+    }
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+      known.push_back(command->get_name());
+    throw UsageError((known.empty() ? "unexpected argument '" : "unknown command '") + word + "'" +
+                     hint(word, known, helpCommand()));
+  }
+
+  GlobalOptions globalOptions() const {
+    GlobalOptions options;
+    if (!home_.empty()) options.home = home_;
+    if (!data_.empty()) options.data = data_;
+    if (!now_.empty()) {
+      options.now = parseISO8601(now_);
+      if (!options.now) throw UsageError("--now '" + now_ + "' is no instant; it is written like 2026-11-21T09:00:00Z");
+    }
+    options.json = json_;
+    return options;
+  }
+
+  CLI::App app_;
+  std::string home_, data_, now_;
+  bool json_ = false;
+  std::deque<Slot> slots_;
+};
+
+}  // namespace
+
+ParsedCommandLine parseCommandLine(const std::vector<Command>& commands, int count, const char* const* words) {
+  return Parser(commands).parse(count, words);
+}
+
+}  // namespace ambrel

@@ -1,0 +1,221 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/agents.h"
+#include "core/base/Files.h"
+#include "core/base/JSON.h"
+#include "core/widgets.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/core/agents/StoreFixture.h"
+#include "tests/ctl/CommandRun.h"
+
+namespace ambrel {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+const std::string noonText = "2026-11-21T12:00:00Z";
+const Instant noon = *parseISO8601(noonText);
+const std::string working = "{\"type\":\"user\",\"cwd\":\"/home/mira/tilebay\"}\n";
+
+// A home with a session of every kind.
+void fill(const TemporaryFolder& home) {
+  home.write(".claude/projects/-x/0b54.jsonl", working, advanced(noon, Seconds(-60)));
+  home.write(".codex/sessions/2026/11/21/rollout-1.jsonl",
+             "{\"type\":\"session_meta\",\"payload\":{\"cwd\":\"/home/mira/weather\"}}\n"
+             "{\"type\":\"event_msg\",\"payload\":{\"type\":\"task_complete\"}}\n",
+             advanced(noon, Seconds(-90.25)));
+  writeStore(home / ".config/Cursor/User/globalStorage/state.vscdb",
+             "CREATE TABLE composerHeaders (composerId, lastUpdatedAt, isArchived, isSubagent, value);"
+             "INSERT INTO composerHeaders VALUES ('c1', 1795262280000, 0, 0, '{\"name\":\"Ask\\u001b[31m me\","
+             "\"lastUpdatedAt\":1795262280000,\"hasBlockingPendingActions\":true,\"filesChangedCount\":2}');");
+  writeStore(home / ".gemini/antigravity/conversation_summaries.db",
+             "CREATE TABLE conversation_summaries (conversation_id, title, status, not_fully_idle, killed, step_count,"
+             " workspace_uris, last_modified_time);"
+             "INSERT INTO conversation_summaries VALUES ('a1', 'Größe', '', 0, 1, 4, '[]', '2026-11-21 11:00:00');");
+}
+
+TEST(Tilebayctl, PrintsTheSessionsAsJSON) {
+  TemporaryFolder home;
+  fill(home);
+  const auto result = runCommand({"--home", home.path(), "--now", noonText, "--json", "agents"});
+  EXPECT_EQ(result.status, 0) << result.error;
+  EXPECT_EQ(result.error, "");
+  const auto expected = parseJSON(R"([
+    {"id":"cursor:c1","kind":"cursor","title":"Ask\u001b[31m me","detail":"+0 −0 · 2 files","status":"needsInput",
+     "updatedAt":"2026-11-21T11:58:00Z"},
+    {"id":"claude:0b54","kind":"claudeCode","title":"tilebay","project":"tilebay","detail":"Thinking",
+     "status":"working","updatedAt":"2026-11-21T11:59:00Z"},
+    {"id":"codex:rollout-1","kind":"codex","title":"weather","project":"weather","detail":"Done",
+     "status":"finished","updatedAt":"2026-11-21T11:58:29.75Z"},
+    {"id":"antigravity:a1","kind":"antigravity","title":"Größe","detail":"4 steps","status":"idle",
+     "updatedAt":"2026-11-21T11:00:00Z"}])");
+  EXPECT_EQ(parseJSON(result.out), expected);
+  EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 1);
+}
+
+TEST(Tilebayctl, PrintsTheSessionsForPeopleInAlignedColumns) {
+  TemporaryFolder home;
+  fill(home);
+  const auto result = runCommand({"agents", "--home", home.path(), "--now", noonText}, {"LC_ALL=en_US.UTF-8"});
+  EXPECT_EQ(result.status, 0) << result.error;
+  // The escape of a hostile title does not reach the terminal.
+  EXPECT_EQ(result.out,
+            "Needs you  Ask [31m me  Cursor       +0 −0 · 2 files  2m ago\n"
+            "Working    tilebay      Claude Code  Thinking         1m ago\n"
+            "Done       weather      Codex        Done             1m ago\n"
+            "Idle       Größe        Antigravity  4 steps          1h ago\n");
+}
+
+TEST(Tilebayctl, SaysThatThereIsNoActivity) {
+  TemporaryFolder home;
+  EXPECT_EQ(runCommand({"--home", home.path(), "--json", "agents"}).out, "[]\n");
+  EXPECT_EQ(runCommand({"--home", home.path(), "agents"}).out,
+            "No agent activity\nSessions from the last 6 hours appear here.\n");
+}
+
+TEST(Tilebayctl, WatchesForChangesAndEndsWithItsReader) {
+  TemporaryFolder home;
+  CommandRun run({"agents", "--json", "--watch", "--every", "0.01", "--home", home.path(), "--now", noonText}, {});
+  EXPECT_EQ(run.line(), "[]");
+  // Written whole elsewhere first: a half-written file would be a change of its own.
+  const auto draft = home.write("draft.jsonl", working, noon);
+  std::filesystem::create_directories(home / ".claude/projects/-x");
+  std::filesystem::rename(draft, home / ".claude/projects/-x/a.jsonl");
+  EXPECT_THAT(run.line(), HasSubstr("claude:a"));
+  std::filesystem::remove(home / ".claude/projects/-x/a.jsonl");
+  EXPECT_EQ(run.line(), "[]");
+  // Nothing changes any more: the closed pipe itself ends it.
+  run.closeOutput();
+  EXPECT_EQ(run.wait(), 0);
+  EXPECT_EQ(run.restOfError(), "");
+}
+
+TEST(Tilebayctl, TakesItsFoldersFromTheEnvironment) {
+  TemporaryFolder home, data;
+  fill(home);
+  const auto profile = [](const std::string& name) {
+    return "[{\"id\":\"6F9619FF-8B86-D011-B42D-00C04FC964FF\",\"name\":\"" + name + "\",\"items\":[]}]";
+  };
+  home.write(".local/share/Ambrel/profiles.json", profile("AtHome"));
+  data.write("Ambrel/profiles.json", profile("Elsewhere"));
+  const std::string atHome = "HOME=" + home.path().string();
+
+  EXPECT_THAT(runCommand({"--now", noonText, "--json", "agents"}, {atHome}).out, HasSubstr("claude:0b54"));
+  const struct {
+    std::vector<std::string> environment;
+    std::string name;
+  } cases[] = {{{atHome}, "AtHome"},
+               {{atHome, "XDG_DATA_HOME=" + data.path().string()}, "Elsewhere"},
+               {{atHome, "XDG_DATA_HOME=relative"}, "AtHome"},
+               {{atHome, "XDG_DATA_HOME="}, "AtHome"}};
+  for (const auto& each : cases)
+    EXPECT_EQ(parseJSON(runCommand({"profiles", "--json"}, each.environment).out)->at("active"), each.name);
+}
+
+TEST(Tilebayctl, ChoosesTheProfileForTheDisplays) {
+  TemporaryFolder data;
+  const std::string stored = R"([
+    {"id":"6F9619FF-8B86-D011-B42D-00C04FC964F1","name":"Lap","trigger":"builtinOnly",
+     "items":[{"id":"6F9619FF-8B86-D011-B42D-00C04FC964F3","widget":"clock"}]},
+    {"id":"6F9619FF-8B86-D011-B42D-00C04FC964F2","name":"Desk","trigger":"external","items":[]}])";
+  data.write("profiles.json", stored);
+  const struct {
+    std::vector<std::string> arguments;
+    const char* active;
+  } cases[] = {
+      {{}, "Lap"},
+      {{"--display", "eDP-1:builtin"}, "Lap"},
+      {{"--display", "DP-1"}, "Desk"},
+      {{"--display", "eDP-1:builtin", "--display", "DP-1"}, "Desk"},
+      {{"--display", "DP-1", "--pin", "Lap"}, "Lap"},
+      {{"--pin", "Desk"}, "Desk"},
+  };
+  for (const auto& each : cases) {
+    std::vector<std::string> arguments{"--data", data.path(), "--json", "profiles"};
+    arguments.insert(arguments.end(), each.arguments.begin(), each.arguments.end());
+    const auto result = runCommand(arguments);
+    EXPECT_EQ(result.status, 0) << result.error;
+    EXPECT_EQ(parseJSON(result.out), (JSON{{"active", each.active}, {"profiles", *parseJSON(stored)}}));
+  }
+  const auto unknown = runCommand({"--data", data.path(), "profiles", "--pin", "Nobody"});
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_EQ(unknown.error, "tilebayctl: there is no profile named 'Nobody'\n");
+  EXPECT_EQ(unknown.out, "");
+}
+
+TEST(Tilebayctl, ShowsTheDefaultProfilesInPlaceOfABrokenFileAndLeavesTheFile) {
+  TemporaryFolder data;
+  const auto file = data.write("profiles.json", "[{");
+  const auto result = runCommand({"--data", data.path(), "profiles"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.out, AllOf(HasSubstr("Laptop"), HasSubstr("Desk")));
+  EXPECT_THAT(result.error, HasSubstr("cannot read profiles, using defaults"));
+  EXPECT_EQ(readFile(file), "[{");
+}
+
+TEST(Tilebayctl, PrintsTheCatalogueInOrder) {
+  const auto widgets = parseJSON(runCommand({"widgets", "--json"}, {"HOME=/"}).out);
+  ASSERT_TRUE(widgets && widgets->is_array());
+  const auto cases = allCases<DockWidget>();
+  ASSERT_EQ(widgets->size(), cases.size());
+  for (std::size_t i = 0; i < cases.size(); ++i) EXPECT_EQ(widgets->at(i).at("id"), nameOf(cases[i]));
+  EXPECT_EQ(widgets->at(0),
+            (JSON{{"id", "buddy"},
+                  {"title", "Dock Buddy"},
+                  {"symbol", "face.smiling"},
+                  {"group", nameOf(group(cases[0]))},
+                  {"description",
+                   "A little character that watches your work and tells you what matters. Click for its notes and "
+                   "Ask Buddy"}}));
+}
+
+TEST(Tilebayctl, RefusesWrongUsageWithAHint) {
+  const struct {
+    std::vector<std::string> arguments;
+    const char* error;
+  } cases[] = {
+      {{}, "tilebayctl: no command is given; see 'tilebayctl --help'\n"},
+      {{"agnets"}, "tilebayctl: unknown command 'agnets'; did you mean 'agents'?\n"},
+      {{"frobnicate"}, "tilebayctl: unknown command 'frobnicate'; see 'tilebayctl --help'\n"},
+      {{"--jsno", "agents"}, "tilebayctl: unknown option '--jsno'; did you mean '--json'?\n"},
+      {{"agents", "--wach"}, "tilebayctl: unknown option '--wach'; did you mean '--watch'?\n"},
+      {{"agents", "--colour"}, "tilebayctl: unknown option '--colour'; see 'tilebayctl agents --help'\n"},
+      {{"agents", "now"}, "tilebayctl: unexpected argument 'now'; see 'tilebayctl agents --help'\n"},
+      {{"agents", "--every", "3"}, "tilebayctl: --every needs --watch\n"},
+      {{"agents", "--watch", "--every", "0"}, "tilebayctl: --every '0' is no number above zero\n"},
+      {{"agents", "--watch", "--every", "soon"}, "tilebayctl: --every 'soon' is no number above zero\n"},
+      {{"agents", "--watch", "--every", "nan"}, "tilebayctl: --every 'nan' is no number above zero\n"},
+      {{"--now", "noon", "agents"},
+       "tilebayctl: --now 'noon' is no instant; it is written like 2026-11-21T09:00:00Z\n"},
+      {{"profiles", "--display", ":builtin"}, "tilebayctl: --display needs a name, as in --display eDP-1:builtin\n"},
+  };
+  for (const auto& each : cases) {
+    const auto result = runCommand(each.arguments, {"HOME=/nowhere"});
+    EXPECT_EQ(result.status, 2) << each.error;
+    EXPECT_EQ(result.error, each.error);
+    EXPECT_EQ(result.out, "");
+  }
+  // An option whose value is missing: the words are the parser's own.
+  const auto missing = runCommand({"agents", "--home"}, {"HOME=/nowhere"});
+  EXPECT_EQ(missing.status, 2);
+  EXPECT_THAT(missing.error, AllOf(StartsWith("tilebayctl: "), HasSubstr("--home"), HasSubstr("--help'")));
+}
+
+TEST(Tilebayctl, HelpsEverywhere) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"--help"}, {"agents", "--help"}, {"profiles", "-h"}, {"widgets", "--help"}}) {
+    const auto result = runCommand(arguments);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, HasSubstr("Usage: tilebayctl"));
+    EXPECT_EQ(result.error, "");
+  }
+  EXPECT_THAT(runCommand({"agents", "--help"}).out, AllOf(HasSubstr("--every"), Not(HasSubstr("--pin"))));
+  EXPECT_THAT(runCommand({"--version"}).out, testing::MatchesRegex("tilebayctl [0-9.]+\n"));
+}
+
+}  // namespace
+}  // namespace ambrel
