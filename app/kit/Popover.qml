@@ -13,7 +13,7 @@ FocusScope {
     property bool hasFullRule: false
     property int headerHeight: 48
     property int radius: Theme.radiusPanel
-    readonly property int shadowMargin: 48
+    readonly property int shadowMargin: 52
     // 0 while closed, 1 while open, between them while it moves.
     property real presence: open ? 1 : 0
     readonly property bool isSettled: presence === (open ? 1 : 0)
@@ -26,7 +26,7 @@ FocusScope {
     Accessible.role: Accessible.Dialog
     Accessible.name: title
     opacity: presence
-    visible: presence > 0
+    visible: open || presence > 0
     Keys.onEscapePressed: root.closeRequested()
 
     Behavior on presence {

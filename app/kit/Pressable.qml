@@ -9,9 +9,12 @@ Item {
     property string label
     property string tip
     property string tipKeys
-    readonly property bool hovered: hover.hovered
-    readonly property bool down: tap.pressed || keyDown
+    readonly property bool hovered: hover.hovered || looksHovered
+    readonly property bool down: tap.pressed || keyDown || looksDown
     property bool keyDown: false
+    // To show a state without a pointer.
+    property bool looksHovered: false
+    property bool looksDown: false
     property int accessibleRole: Accessible.Button
 
     signal clicked

@@ -1,23 +1,28 @@
 import QtQuick
 import Ambrel.Kit
 
-// The soft shadow of its parent, a box with corners of `radius`; it reaches `margin` beyond it.
+// The soft shadow of its parent, a box with corners of `radius`; it reaches `margin` beyond it. Long sides stretch one
+// shared picture, short ones have a picture of their own length.
 BorderImage {
     id: root
 
     // "floating", "raised" or "pin"
     property string kind: "raised"
     property int radius: Theme.radiusPanel
-    readonly property int margin: kind === "raised" ? 48 : kind === "floating" ? 36 : 10
+    readonly property int margin: kind === "raised" ? 52 : kind === "floating" ? 38 : 10
+    readonly property int inset: Math.max(radius, kind === "raised" ? 40 : kind === "floating" ? 30 : 8)
+    readonly property int boxWidth: parent.width > 2 * inset ? 0 : Math.round(parent.width)
+    readonly property int boxHeight: parent.height > 2 * inset ? 0 : Math.round(parent.height)
 
     anchors.fill: parent
     anchors.margins: -margin
     z: -1
-    source: "image://ambrel.shadow/" + kind + "/" + radius + (Theme.dark ? "/dark" : "/light")
+    visible: parent.width > 0 && parent.height > 0
+    source: `image://ambrel.shadow/${kind}/${radius}/${boxWidth}/${boxHeight}/${Theme.dark ? "dark" : "light"}`
     border {
-        left: root.margin + root.radius
-        top: root.margin + root.radius
-        right: root.margin + root.radius
-        bottom: root.margin + root.radius
+        left: boxWidth > 0 ? 0 : margin + inset
+        right: border.left
+        top: boxHeight > 0 ? 0 : margin + inset
+        bottom: border.top
     }
 }

@@ -1,6 +1,7 @@
 #include "app/kit/ShadowPatch.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -11,14 +12,40 @@ constexpr ShadowLayer floatingLayers[] = {{8, 24, 0.34, 0.18}};
 constexpr ShadowLayer raisedLayers[] = {{12, 32, 0.46, 0.20}, {2, 6, 0.30, 0.10}};
 constexpr ShadowLayer pinLayers[] = {{2, 6, 0.35, 0.35}};
 constexpr ShadowKind kinds[] = {
-    {"floating", 36, floatingLayers},
-    {"raised", 48, raisedLayers},
-    {"pin", 10, pinLayers},
+    {"floating", 38, 30, floatingLayers},
+    {"raised", 52, 40, raisedLayers},
+    {"pin", 10, 8, pinLayers},
 };
 constexpr int largestRadius = 64;
+constexpr int largestSide = 512;
 
-// A blurred mask of one dimension after the other; `values` is a square of `side`.
-void blur(std::vector<float>& values, int side, double sigma) {
+struct Mask {
+  QSize size;
+  std::vector<float> values;
+
+  float& at(int x, int y) {
+    return values[static_cast<std::size_t>(y) * static_cast<std::size_t>(size.width()) + static_cast<std::size_t>(x)];
+  }
+};
+
+Mask boxMask(QSize size, const QRectF& box, int radius) {
+  QImage image(size, QImage::Format_Alpha8);
+  image.fill(0);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::black);
+  painter.drawRoundedRect(box, radius, radius);
+  painter.end();
+  Mask mask{size, {}};
+  for (int y = 0; y < size.height(); ++y) {
+    const uchar* line = image.constScanLine(y);
+    for (int x = 0; x < size.width(); ++x) mask.values.push_back(line[x] / 255.0F);
+  }
+  return mask;
+}
+
+std::vector<float> gaussian(double sigma) {
   const int reach = static_cast<int>(std::ceil(sigma * 2.5));
   std::vector<float> kernel;
   float sum = 0;
@@ -26,36 +53,28 @@ void blur(std::vector<float>& values, int side, double sigma) {
     kernel.push_back(static_cast<float>(std::exp(-i * i / (2 * sigma * sigma))));
     sum += kernel.back();
   }
-  const auto pass = [&](int along, int across) {
-    std::vector<float> row(static_cast<std::size_t>(side));
-    for (int line = 0; line < side; ++line) {
-      for (int at = 0; at < side; ++at) {
-        float total = 0;
-        for (int i = -reach; i <= reach; ++i) {
-          const int from = at + i;
-          if (from < 0 || from >= side) continue;
-          total += kernel[static_cast<std::size_t>(i + reach)] *
-                   values[static_cast<std::size_t>(from * along + line * across)];
-        }
-        row[static_cast<std::size_t>(at)] = total / sum;
-      }
-      for (int at = 0; at < side; ++at)
-        values[static_cast<std::size_t>(at * along + line * across)] = row[static_cast<std::size_t>(at)];
-    }
-  };
-  pass(1, side);
-  pass(side, 1);
+  for (float& weight : kernel) weight /= sum;
+  return kernel;
 }
 
-QImage boxMask(int side, const QRectF& box, int radius) {
-  QImage mask(side, side, QImage::Format_Alpha8);
-  mask.fill(0);
-  QPainter painter(&mask);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(Qt::black);
-  painter.drawRoundedRect(box, radius, radius);
-  return mask;
+// Across, then down. Beyond the edges there is nothing.
+void blur(Mask& mask, const std::vector<float>& kernel) {
+  const int reach = static_cast<int>(kernel.size() / 2);
+  const auto pass = [&](int lines, int length, const auto& cell) {
+    std::vector<float> row(static_cast<std::size_t>(length));
+    for (int line = 0; line < lines; ++line) {
+      for (int at = 0; at < length; ++at) {
+        float total = 0;
+        const int last = std::min(reach, length - 1 - at);
+        for (int i = std::max(-reach, -at); i <= last; ++i)
+          total += kernel[static_cast<std::size_t>(i + reach)] * cell(line, at + i);
+        row[static_cast<std::size_t>(at)] = total;
+      }
+      for (int at = 0; at < length; ++at) cell(line, at) = row[static_cast<std::size_t>(at)];
+    }
+  };
+  pass(mask.size.height(), mask.size.width(), [&](int line, int at) -> float& { return mask.at(at, line); });
+  pass(mask.size.width(), mask.size.height(), [&](int line, int at) -> float& { return mask.at(line, at); });
 }
 
 }  // namespace
@@ -66,40 +85,31 @@ std::optional<ShadowKind> shadowKind(const QString& name) {
   return std::nullopt;
 }
 
-QImage shadowPatch(const ShadowKind& kind, int radius, bool dark) {
-  // The blur is computed around a box whose straight sides are longer than the blur is wide, so that the middle of
-  // each side is free of its corners; then the long middle is cut down to one pixel.
-  constexpr int straight = 97;
-  const int corner = kind.margin + radius;
-  const int side = 2 * corner + straight;
-  const QRectF box(kind.margin, kind.margin, side - 2 * kind.margin, side - 2 * kind.margin);
-  std::vector<float> alpha(static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
+QImage shadowPatch(const ShadowKind& kind, QSize boxSize, int radius, bool dark) {
+  const int shortest = 2 * std::max(kind.inset, radius) + 1;
+  const QSize size((boxSize.width() > 0 ? boxSize.width() : shortest) + 2 * kind.margin,
+                   (boxSize.height() > 0 ? boxSize.height() : shortest) + 2 * kind.margin);
+  const QRectF box = QRectF({}, size).adjusted(kind.margin, kind.margin, -kind.margin, -kind.margin);
+  Mask shadow{size,
+              std::vector<float>(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()))};
   for (const ShadowLayer& layer : kind.layers) {
-    const QImage mask = boxMask(side, box.translated(0, layer.offset), radius);
-    std::vector<float> values(alpha.size());
-    for (int y = 0; y < side; ++y) {
-      const uchar* line = mask.constScanLine(y);
-      for (int x = 0; x < side; ++x) values[static_cast<std::size_t>(y * side + x)] = line[x] / 255.0F;
-    }
-    blur(values, side, layer.blur / 2.0);
+    Mask blurred = boxMask(size, box.translated(0, layer.offset), radius);
+    blur(blurred, gaussian(layer.blur / 2.0));
     const auto share = static_cast<float>(dark ? layer.darkAlpha : layer.lightAlpha);
     // Layers lie over one another.
-    for (std::size_t i = 0; i < alpha.size(); ++i) alpha[i] += (1 - alpha[i]) * values[i] * share;
+    for (std::size_t i = 0; i < shadow.values.size(); ++i)
+      shadow.values[i] += (1 - shadow.values[i]) * blurred.values[i] * share;
   }
 
   // One pixel of shadow stays under the box's edge, whatever the scale of the screen makes of the seam.
-  const QImage hole = boxMask(side, box.adjusted(1, 1, -1, -1), radius - 1);
-  const int patchSide = 2 * corner + 1;
-  QImage patch(patchSide, patchSide, QImage::Format_ARGB32_Premultiplied);
+  Mask hole = boxMask(size, box.adjusted(1, 1, -1, -1), std::max(0, radius - 1));
+  QImage patch(size, QImage::Format_ARGB32_Premultiplied);
   const QRgb color = dark ? 0x000000 : 0x101828;
-  for (int y = 0; y < patchSide; ++y) {
-    const int fromY = y < corner ? y : y == corner ? side / 2 : side - (patchSide - y);
-    const uchar* cut = hole.constScanLine(fromY);
+  for (int y = 0; y < size.height(); ++y) {
     auto* line = reinterpret_cast<QRgb*>(patch.scanLine(y));
-    for (int x = 0; x < patchSide; ++x) {
-      const int fromX = x < corner ? x : x == corner ? side / 2 : side - (patchSide - x);
-      const float value = alpha[static_cast<std::size_t>(fromY * side + fromX)] * static_cast<float>(255 - cut[fromX]);
-      line[x] = qPremultiply((color & 0xFFFFFF) | (static_cast<QRgb>(std::lround(value)) << 24));
+    for (int x = 0; x < size.width(); ++x) {
+      const float alpha = shadow.at(x, y) * (1 - hole.at(x, y)) * 255;
+      line[x] = qPremultiply(color | (static_cast<QRgb>(std::lround(alpha)) << 24));
     }
   }
   return patch;
@@ -107,11 +117,17 @@ QImage shadowPatch(const ShadowKind& kind, int radius, bool dark) {
 
 QImage ShadowProvider::requestImage(const QString& path, QSize* size, const QSize&) {
   const QStringList parts = path.split(u'/');
-  bool isNumber = false;
-  const int radius = parts.size() == 3 ? parts[1].toInt(&isNumber) : 0;
   const auto kind = shadowKind(parts[0]);
-  if (!kind || !isNumber || radius < 0 || radius > largestRadius) return {};
-  QImage patch = shadowPatch(*kind, radius, parts[2] == QLatin1String("dark"));
+  if (!kind || parts.size() != 5) return {};
+  const auto number = [&](int part, int most) {
+    bool isNumber = false;
+    const int value = parts[part].toInt(&isNumber);
+    return isNumber && value >= 0 && value <= most ? value : -1;
+  };
+  const int radius = number(1, largestRadius);
+  const QSize box(number(2, largestSide), number(3, largestSide));
+  if (radius < 0 || box.width() < 0 || box.height() < 0) return {};
+  QImage patch = shadowPatch(*kind, box, radius, parts[4] == QLatin1String("dark"));
   if (size) *size = patch.size();
   return patch;
 }

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QQuickImageProvider>
+#include <QSize>
 #include <optional>
 #include <span>
 
@@ -16,21 +17,24 @@ struct ShadowLayer {
   double lightAlpha;
 };
 
-// What casts a shadow, and with which layers; `margin` is how far it reaches beyond the box.
+// What casts a shadow, and with which layers. It reaches `margin` beyond the box, and changes along the box's sides
+// up to `inset` from the box's corners.
 struct ShadowKind {
   const char* name;
   int margin;
+  int inset;
   std::span<const ShadowLayer> layers;
 };
 
 // "floating" (bar, toast, menu, tip), "raised" (panel, bubble, shelf, window), "pin"; absent for another name.
 std::optional<ShadowKind> shadowKind(const QString& name);
 
-// A square with the shadow of a box that has corners of `radius`: `margin` + `radius` pixels at each corner are to
-// be kept as they are, the one pixel between them to be stretched. Empty where the box itself lies.
-QImage shadowPatch(const ShadowKind& kind, int radius, bool dark);
+// The shadow around a box with corners of `radius`, `margin` pixels larger than the box on each side and empty where
+// the box itself lies. A side of `box` that is 0 may be of any length from 2 * `inset` + 1 on: the picture then has
+// one pixel in its middle that is to be stretched.
+QImage shadowPatch(const ShadowKind& kind, QSize box, int radius, bool dark);
 
-// Serves patches as "image://ambrel.shadow/KIND/RADIUS/dark" (or "light").
+// Serves patches as "image://ambrel.shadow/KIND/RADIUS/WIDTH/HEIGHT/dark" (or "light").
 class ShadowProvider : public QQuickImageProvider {
  public:
   static constexpr const char* id = "ambrel.shadow";

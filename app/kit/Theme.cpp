@@ -1,5 +1,6 @@
 #include "app/kit/Theme.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <algorithm>
 #include <cmath>
@@ -17,7 +18,7 @@ Theme::Theme(QObject* parent) : QObject(parent), palette_(darkPalette()) {
 Theme* Theme::create(QQmlEngine* engine, QJSEngine*) {
   const auto provider = QString::fromLatin1(ShadowProvider::id);
   if (!engine->imageProvider(provider)) engine->addImageProvider(provider, new ShadowProvider);
-  return new Theme;
+  return new Theme(nullptr);
 }
 
 void Theme::follow(const DesktopAppearance& desktop) {
@@ -109,9 +110,11 @@ void Theme::applyType() {
 }
 
 Theme& themeOf(QQmlEngine& engine) {
-  const int id = qmlTypeId("Ambrel.Kit", 1, 0, "Theme");
-  auto* theme = engine.singletonInstance<Theme*>(id);
-  Q_ASSERT(theme);
+  const auto typeId = [] { return qmlTypeId("Ambrel.Kit", 1, 0, "Theme"); };
+  // A module's types are known only after the first import of it.
+  if (typeId() < 0) QQmlComponent(&engine).setData("import QtQml\nimport Ambrel.Kit\nQtObject {}", {});
+  auto* theme = engine.singletonInstance<Theme*>(typeId());
+  if (!theme) qFatal("the module Ambrel.Kit cannot be imported");
   return *theme;
 }
 

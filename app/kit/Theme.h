@@ -119,7 +119,8 @@ class Theme : public QObject {
   enum class Choice { System, Dark, Light };
   Q_ENUM(Choice)
 
-  explicit Theme(QObject* parent = nullptr);
+  // Without a default for its parent, or the engine would use it instead of `create`.
+  explicit Theme(QObject* parent);
   // What the engine calls for its one theme. It also gives the engine the pictures that the kit's items ask for.
   static Theme* create(QQmlEngine* engine, QJSEngine* scripts);
 
@@ -248,7 +249,8 @@ class Theme : public QObject {
   bool alwaysReducesMotion_ = false;
 };
 
-// The theme that `engine` draws with; the module Ambrel.Kit must be linked in.
+// The theme that `engine` draws with, also before any QML is loaded. The module Ambrel.Kit must be linked in and on
+// the engine's import path.
 Theme& themeOf(QQmlEngine& engine);
 
 }  // namespace ambrel

@@ -36,6 +36,9 @@ Pressable {
     readonly property bool isStale: staleSince !== "" && !isUnavailable
     readonly property real markOpacity: isStale ? 0.5 : 1
     readonly property color figureColor: isStale ? Theme.ink2 : Theme.ink
+    // Where the value and the sub-line stand in the area, for what takes their place.
+    readonly property real valueTop: Theme.caption.line
+    readonly property real subLineTop: Theme.caption.line + Theme.value.line
     readonly property alias area: area
     default property alias content: area.data
 

@@ -58,7 +58,7 @@ Rectangle {
                     anchors.horizontalCenter: parent.horizontalCenter
                 }
                 Label {
-                    y: 38
+                    y: parent.height - height
                     width: parent.width
                     text: "Disk"
                     role: Theme.caption
@@ -74,14 +74,14 @@ Rectangle {
                 fact: "Resets 14:00"
 
                 Meter {
-                    y: 15
+                    y: Theme.caption.line + 1
                     width: parent.width
                     label: "Session"
                     value: 62
                     figure: "62 %"
                 }
                 Meter {
-                    y: 31
+                    y: Theme.caption.line + 1 + height
                     width: parent.width
                     label: "Week"
                     value: 31
@@ -96,7 +96,7 @@ Rectangle {
                 fact: "1 min"
 
                 Label {
-                    y: 15
+                    y: Theme.caption.line + 1
                     width: parent.width
                     text: "Meeting moved to Thursday, room 4"
                     role: Theme.listName
@@ -115,7 +115,7 @@ Rectangle {
                 name: "AI Agents"
 
                 Row {
-                    y: 14
+                    y: Theme.caption.line
                     width: parent.width
                     spacing: 20
 
@@ -160,7 +160,7 @@ Rectangle {
                 name: "Focus Timer"
 
                 Ring {
-                    y: 14
+                    y: Theme.caption.line
                     width: 32
                     height: 32
                     value: 72
@@ -169,15 +169,15 @@ Rectangle {
                 }
                 TickingText {
                     x: 40
-                    y: 14
+                    y: Theme.caption.line
                     text: "18:24"
                     font: Theme.timer.font
                     color: Theme.ink
-                    height: 18
+                    height: Theme.timer.line
                 }
                 Label {
                     x: 40
-                    y: 34
+                    y: Theme.caption.line + Theme.value.line
                     text: "of 25 min"
                     role: Theme.subLine
                     color: Theme.ink2

@@ -1,11 +1,10 @@
-#include "app/kit/Symbol.h"
-
 #include <QFontDatabase>
 #include <QPainter>
 #include <QRawFont>
 #include <QTest>
 #include <set>
 
+#include "app/kit/Symbol.h"
 #include "app/kit/SymbolDrawing.h"
 #include "app/kit/SymbolTable.h"
 #include "core/widgets.h"

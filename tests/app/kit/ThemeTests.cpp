@@ -63,7 +63,7 @@ void ThemeTests::marksStandOutFromTileAndTrack() {
 
 void ThemeTests::forcedSchemeWinsOverTheDesktop() {
   DesktopAppearance desktop;
-  Theme theme;
+  Theme theme(nullptr);
   theme.follow(desktop);
   const auto portal = [&](uint scheme) { desktop.take("org.freedesktop.appearance", "color-scheme", scheme); };
   portal(1);
@@ -116,7 +116,7 @@ void ThemeTests::desktopSettings() {
 
 void ThemeTests::reducedMotionLeavesFadesOnly() {
   DesktopAppearance desktop;
-  Theme theme;
+  Theme theme(nullptr);
   theme.follow(desktop);
   QCOMPARE(theme.openDuration(), 200);
   QSignalSpy spy(&theme, &Theme::motionChanged);
@@ -146,7 +146,7 @@ void ThemeTests::textScaleIsBounded_data() {
 void ThemeTests::textScaleIsBounded() {
   QFETCH(qreal, wanted);
   QFETCH(qreal, given);
-  Theme theme;
+  Theme theme(nullptr);
   theme.setTextScale(wanted);
   QCOMPARE(theme.textScale(), given);
   QCOMPARE(theme.value()->font().pixelSize(), qRound(18 * given));
@@ -172,7 +172,7 @@ void ThemeTests::gaugeTurnsOrangeThenRed() {
   QFETCH(qreal, percent);
   QFETCH(QColor, gauge);
   QFETCH(QColor, charge);
-  Theme theme;
+  Theme theme(nullptr);
   QCOMPARE(theme.gaugeTone(percent, theme.teal())->mark(), gauge);
   QCOMPARE(theme.chargeTone(percent)->mark(), charge);
 }

@@ -1,0 +1,196 @@
+#include <QTest>
+#include <map>
+
+#include "tests/app/kit/Scene.h"
+
+namespace ambrel {
+
+// Looks at pictures of every component, in both schemes and with larger type.
+class GalleryTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void pages_data();
+  void pages();
+  void groundsAreTheTokens_data();
+  void groundsAreTheTokens();
+  void tilesHaveTheirSizes_data();
+  void tilesHaveTheirSizes();
+  void schemesDiffer();
+  void longTextEndsInAnEllipsis();
+};
+
+static void visit(QQuickItem* item, const std::function<void(QQuickItem*)>& look) {
+  if (!item->isVisible() || item->opacity() < 1) return;
+  look(item);
+  for (QQuickItem* child : item->childItems()) visit(child, look);
+}
+
+static bool isText(const QQuickItem* item) { return item->inherits("QQuickText"); }
+
+static QImage part(const QImage& image, const QQuickItem* item) {
+  const QRectF box = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
+  return image.copy(box.toAlignedRect().intersected(image.rect()));
+}
+
+// The colour that most of the picture has.
+static QColor mostCommon(const QImage& image) {
+  std::map<QRgb, int> counts;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
+  const auto most =
+      std::max_element(counts.begin(), counts.end(), [](auto& a, auto& b) { return a.second < b.second; });
+  return most == counts.end() ? QColor() : QColor(most->first);
+}
+
+static bool hasText(const QQuickItem* item) { return !item->property("text").toString().isEmpty(); }
+
+static QString describe(const QQuickItem* item) {
+  return QStringLiteral("\"%1\" in %2")
+      .arg(item->property("text").toString(), item->parentItem()->metaObject()->className());
+}
+
+void GalleryTests::pages_data() {
+  QTest::addColumn<QString>("page");
+  QTest::addColumn<bool>("dark");
+  QTest::addColumn<qreal>("textScale");
+  for (const char* page : {"Gallery", "TileGallery"}) {
+    for (const bool dark : {true, false}) {
+      for (const qreal scale : {1.0, 1.3}) {
+        QTest::addRow("%s, %s, text %g", page, dark ? "dark" : "light", scale) << QString(page) << dark << scale;
+      }
+    }
+  }
+}
+
+void GalleryTests::pages() {
+  QFETCH(QString, page);
+  QFETCH(bool, dark);
+  QFETCH(qreal, textScale);
+  Scene scene;
+  scene.theme().setTextScale(textScale);
+  scene.theme().setChoice(dark ? Theme::Choice::Dark : Theme::Choice::Light);
+  scene.theme().setAlwaysReducesMotion(true);
+  QVERIFY(scene.loadFile("qrc:/qt/qml/Ambrel/Gallery/" + page + ".qml"));
+  const QImage image = scene.grab();
+
+  int named = 0;
+  int texts = 0;
+  visit(scene.root(), [&](QQuickItem* item) {
+    if (!item->objectName().isEmpty()) {
+      ++named;
+      const QImage picture = part(image, item);
+      const QColor ground = mostCommon(picture);
+      int others = 0;
+      for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) others += picture.pixelColor(x, y) != ground;
+      QVERIFY2(others > 20, qPrintable(item->objectName() + " is blank"));
+    }
+    if (!isText(item) || !hasText(item)) return;
+    ++texts;
+    const qreal content = item->property("contentWidth").toReal();
+    QVERIFY2(content <= item->width() + 1 || item->property("truncated").toBool(),
+             qPrintable(describe(item) + " is cut off"));
+    const QImage picture = part(image, item);
+    if (picture.isNull() || !item->isEnabled()) return;
+    const double contrast = contrastRatio(item->property("color").value<QColor>(), mostCommon(picture));
+    QVERIFY2(contrast >= 4.5, qPrintable(describe(item) + " has a contrast of " + QString::number(contrast)));
+  });
+  QVERIFY(named > 10);
+  QVERIFY(texts > 20);
+  QCOMPARE(scene.warnings().take(), QStringList());
+}
+
+void GalleryTests::groundsAreTheTokens_data() {
+  QTest::addColumn<QString>("name");
+  QTest::addColumn<QPoint>("at");
+  QTest::addColumn<QByteArray>("token");
+  const auto row = [](const char* name, QPoint at, const char* token) {
+    QTest::newRow(name) << QString(name) << at << QByteArray(token);
+  };
+  row("Primary button Normal", {6, 16}, "accent");
+  row("Primary button Hover", {6, 16}, "accentHover");
+  row("Primary button Pressed", {6, 16}, "accentPressed");
+  row("Primary button Off", {6, 16}, "greySoft");
+  row("Secondary button Normal", {6, 16}, "card");
+  row("Secondary button Hover", {6, 16}, "cardHover");
+  row("Quiet button Normal", {6, 16}, "panel");
+  row("Quiet button Hover", {6, 16}, "card");
+  row("chosen chip", {6, 14}, "accent");
+  row("switch on", {6, 10}, "accent");
+  row("switch off", {24, 10}, "greySoft");
+  row("check box", {3, 9}, "accent");
+  row("field", {4, 16}, "field");
+  row("segments", {8, 16}, "cardHover");
+  row("menu", {120, 3}, "panel");
+  row("bubble", {120, 8}, "panel");
+  row("section", {120, 6}, "card");
+  row("panel", {270, 8}, "panel");
+}
+
+void GalleryTests::groundsAreTheTokens() {
+  QFETCH(QString, name);
+  QFETCH(QPoint, at);
+  QFETCH(QByteArray, token);
+  Scene scene;
+  scene.theme().setAlwaysReducesMotion(true);
+  for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
+    scene.theme().setChoice(choice);
+    QVERIFY(scene.loadFile("qrc:/qt/qml/Ambrel/Gallery/Gallery.qml"));
+    QQuickItem* item = scene.find(name);
+    QVERIFY(item);
+    const QColor wanted = scene.theme().property(token.constData()).value<QColor>();
+    QCOMPARE(part(scene.grab(), item).pixelColor(at).name(), wanted.name());
+  }
+}
+
+void GalleryTests::tilesHaveTheirSizes_data() {
+  QTest::addColumn<QString>("name");
+  QTest::addColumn<int>("width");
+  QTest::newRow("small") << "ring" << 64;
+  QTest::newRow("medium") << "value" << 112;
+  QTest::newRow("large") << "counts" << 176;
+  QTest::newRow("extra large") << "meters" << 240;
+}
+
+void GalleryTests::tilesHaveTheirSizes() {
+  QFETCH(QString, name);
+  QFETCH(int, width);
+  Scene scene;
+  QVERIFY(scene.loadFile("qrc:/qt/qml/Ambrel/Gallery/TileGallery.qml"));
+  const QQuickItem* tile = scene.find(name);
+  QVERIFY(tile);
+  QCOMPARE(tile->size(), QSizeF(width, 64));
+  scene.theme().setTextScale(1.25);
+  QCOMPARE(tile->size(), QSizeF(qRound(width * 1.25), 80));
+}
+
+void GalleryTests::schemesDiffer() {
+  Scene scene;
+  scene.theme().setAlwaysReducesMotion(true);
+  QVERIFY(scene.loadFile("qrc:/qt/qml/Ambrel/Gallery/TileGallery.qml"));
+  const QImage dark = scene.grab();
+  QCOMPARE(scene.grab(), dark);
+  scene.theme().setChoice(Theme::Choice::Light);
+  QTRY_COMPARE(scene.grab().pixelColor(2, 2), scene.theme().panel());
+  QVERIFY(scene.grab() != dark);
+}
+
+void GalleryTests::longTextEndsInAnEllipsis() {
+  Scene scene;
+  QVERIFY(scene.loadFile("qrc:/qt/qml/Ambrel/Gallery/TileGallery.qml"));
+  QQuickItem* tile = scene.find("elided");
+  QVERIFY(tile);
+  // The tip has the whole.
+  const QString tip = tile->property("tip").toString();
+  for (const char* word : {"A rather long name", "Overlong value MB/s", "and a sub-line that does not fit"})
+    QVERIFY2(tip.contains(word), word);
+  QCOMPARE(scene.find("value")->property("tip").toString(), QString());
+  QCOMPARE(scene.find("unavailable")->property("label").toString(), QString("CPU, Not available, No sensor found"));
+  QCOMPARE(scene.find("stale")->property("label").toString(), QString("CPU, 23 %, 52 °C, 12 min ago"));
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::GalleryTests)
+#include "GalleryTests.moc"
