@@ -34,13 +34,21 @@ class Scene {
   QQmlEngine& engine() { return engine_; }
   Theme& theme() { return themeOf(engine_); }
   QMLWarnings& warnings() { return warnings_; }
-  QQuickItem* find(const QString& name) { return name.isEmpty() ? root() : root_->findChild<QQuickItem*>(name); }
+  // The item of that name, wherever it stands below the root; items that a view made are found too.
+  QQuickItem* find(const QString& name) { return find(root(), name); }
   QImage grab() { return window_.grabWindow(); }
   QPoint centerOf(QQuickItem* item) {
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
   }
 
  private:
+  static QQuickItem* find(QQuickItem* item, const QString& name) {
+    if (item->objectName() == name) return item;
+    for (QQuickItem* child : item->childItems())
+      if (QQuickItem* found = find(child, name)) return found;
+    return nullptr;
+  }
+
   bool show(QQmlComponent& component) {
     root_.reset(qobject_cast<QQuickItem*>(component.create()));
     if (!root_) {
