@@ -1,0 +1,44 @@
+#pragma once
+// The item in the desktop's tray: an icon, and the menu that a MenuModel describes.
+
+#include <QIcon>
+#include <QMenu>
+#include <QObject>
+#include <QSystemTrayIcon>
+#include <functional>
+
+#include "app/menu/MenuModel.h"
+
+namespace ambrel {
+
+// Needs a QApplication. Without a tray nothing shows; one that comes later takes the item up.
+class StatusItem : public QObject {
+  Q_OBJECT
+
+ public:
+  using Handler = std::function<void(MenuCommand command, const std::optional<UUID>& profile)>;
+  // The icon of the plain item for 0, otherwise of one that shows the count.
+  using Icon = std::function<QIcon(int attention)>;
+
+  StatusItem(Icon icon, Handler handler);
+
+  void update(const MenuModel& menu);
+  static bool isTrayAvailable() { return QSystemTrayIcon::isSystemTrayAvailable(); }
+
+  const QMenu& menu() const { return menu_; }
+  const QSystemTrayIcon& trayIcon() const { return tray_; }
+
+ private:
+  void fill(QMenu& menu, const std::vector<MenuEntry>& entries);
+  // Writes the new texts and marks into a menu of the same shape, which may be open.
+  void rewrite(QMenu& menu, const std::vector<MenuEntry>& entries);
+  void write(QAction& action, const MenuEntry& entry);
+
+  Icon icon_;
+  Handler handler_;
+  std::optional<MenuModel> shown_;
+  QMenu menu_;
+  QSystemTrayIcon tray_;
+};
+
+}  // namespace ambrel
