@@ -1,0 +1,92 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/linux/InstalledPrograms.h"
+
+namespace ambrel {
+namespace {
+
+class InstalledProgramsTest : public testing::Test {
+ protected:
+  InstalledProgramsTest() {
+    folders_.data = {path("own"), path("shared")};
+    folders_.commands = {path("bin"), path("more")};
+  }
+
+  std::filesystem::path path(const QString& name) const { return folder_.filePath(name).toStdString(); }
+  void write(const QString& name, const QByteArray& text, bool isProgram = false) {
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(folder_.filePath(name)).path()));
+    QFile file(folder_.filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+    if (isProgram) file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  }
+  static QByteArray entry(const QByteArray& exec, const QByteArray& more = {}) {
+    return "[Desktop Entry]\nType=Application\nExec=" + exec + "\n" + more;
+  }
+
+  QTemporaryDir folder_;
+  ProgramFolders folders_;
+};
+
+TEST_F(InstalledProgramsTest, TheFirstFolderWinsAndMayHide) {
+  write("own/applications/editor.desktop", entry("own-editor"));
+  write("shared/applications/editor.desktop", entry("shared-editor"));
+  write("own/applications/game.desktop", "[Desktop Entry]\nHidden=true\n");
+  write("shared/applications/game.desktop", entry("game"));
+  write("shared/applications/kde/about.desktop", entry("about"));
+  write("shared/applications/notes.txt", entry("notes"));
+  InstalledPrograms programs(folders_);
+  ASSERT_TRUE(programs.find("editor"));
+  EXPECT_EQ(programs.find("editor")->entry.exec, "own-editor");
+  EXPECT_EQ(programs.find("editor")->file, path("own/applications/editor.desktop"));
+  EXPECT_FALSE(programs.find("game"));
+  EXPECT_TRUE(programs.find("kde-about"));
+  EXPECT_FALSE(programs.find("notes"));
+}
+
+TEST_F(InstalledProgramsTest, SeesWhatIsInstalledLater) {
+  InstalledPrograms programs(folders_);
+  EXPECT_TRUE(programs.entries().empty());
+  write("own/applications/editor.desktop", entry("editor"));
+  EXPECT_EQ(programs.entries().size(), 1u);
+}
+
+TEST_F(InstalledProgramsTest, CommandsAreExecutableFilesOnThePath) {
+  write("bin/plain", "text");
+  write("more/plain", "#!/bin/sh\n", true);
+  QDir(folder_.path()).mkpath("bin/folder");
+  const InstalledPrograms programs(folders_);
+  EXPECT_EQ(programs.command("plain"), path("more/plain"));
+  EXPECT_EQ(programs.command(path("more/plain").string()), path("more/plain"));
+  EXPECT_FALSE(programs.command(path("bin/plain").string()));
+  EXPECT_FALSE(programs.command("folder"));
+  EXPECT_FALSE(programs.command("../more/plain")) << "a path has to be a whole one";
+  EXPECT_FALSE(programs.command(""));
+}
+
+TEST_F(InstalledProgramsTest, TryExecHasToBeThere) {
+  write("own/applications/a.desktop", entry("a", "TryExec=there\n"));
+  write("own/applications/b.desktop", entry("b", "TryExec=gone\n"));
+  write("bin/there", "", true);
+  InstalledPrograms programs(folders_);
+  EXPECT_TRUE(programs.find("a"));
+  EXPECT_FALSE(programs.find("b"));
+}
+
+TEST_F(InstalledProgramsTest, TerminalsAreAskedInTheirOwnWay) {
+  const InstalledPrograms programs(folders_);
+  EXPECT_TRUE(programs.inTerminal({"claude"}).empty());
+  write("bin/gnome-terminal", "", true);
+  EXPECT_THAT(programs.inTerminal({"claude", "a b"}),
+              testing::ElementsAre(path("bin/gnome-terminal").string(), "--", "claude", "a b"));
+  write("bin/x-terminal-emulator", "", true);
+  EXPECT_THAT(programs.inTerminal({"claude"}),
+              testing::ElementsAre(path("bin/x-terminal-emulator").string(), "-e", "claude"));
+}
+
+}  // namespace
+}  // namespace ambrel
