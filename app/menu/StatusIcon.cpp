@@ -21,7 +21,11 @@ void drawSymbol(QPainter& painter, std::string_view name, const QRectF& box, con
 }
 
 void drawCount(QPainter& painter, int count, const QRectF& box, const Palette& palette) {
+  // A gap in the colour of the ground keeps the badge apart from the hand.
+  const double gap = box.height() * 0.12;
   painter.setPen(Qt::NoPen);
+  painter.setBrush(palette.panel);
+  painter.drawEllipse(box.adjusted(-gap, -gap, gap, gap));
   painter.setBrush(palette.orange.mark);
   painter.drawEllipse(box);
   QFont font(QStringLiteral("Inter"));
@@ -49,9 +53,10 @@ QImage statusImage(int attention, const Palette& palette, int size) {
     drawSymbol(painter, "dock.rectangle", whole.adjusted(margin, margin, -margin, -margin), palette.ink);
     return image;
   }
-  drawSymbol(painter, "hand.raised.fill", QRectF(0, 0, size * 0.78, size * 0.78), palette.orange.text);
-  const double badge = size * 0.58;
-  drawCount(painter, attention, QRectF(size - badge, size - badge, badge, badge), palette);
+  drawSymbol(painter, "hand.raised.fill", QRectF(0, size * 0.06, size * 0.74, size * 0.74), palette.ink);
+  const double badge = size * 0.56;
+  const double edge = size * 0.97 - badge;
+  drawCount(painter, attention, QRectF(edge, edge, badge, badge), palette);
   return image;
 }
 
