@@ -77,14 +77,18 @@ AgentReaders makeAgentReaders() {
 }
 
 std::vector<AgentSession> mergedSessions(const AgentReaders& readers, const std::filesystem::path& home, Instant now) {
-  std::vector<AgentSession> merged;
-  for (const auto& reader : readers) {
-    auto sessions = reader->sessions(home, now);
-    merged.insert(merged.end(), std::make_move_iterator(sessions.begin()), std::make_move_iterator(sessions.end()));
-  }
-  std::stable_sort(merged.begin(), merged.end(), [](const AgentSession& a, const AgentSession& b) {
-    return a.status != b.status ? a.status < b.status : a.updatedAt > b.updatedAt;
+  std::vector<std::vector<AgentSession>> found;
+  std::vector<AgentSession*> order;
+  for (const auto& reader : readers) found.push_back(reader->sessions(home, now));
+  for (auto& sessions : found)
+    for (AgentSession& session : sessions) order.push_back(&session);
+  // Records are heavy to move: only where they lie is sorted.
+  std::stable_sort(order.begin(), order.end(), [](const AgentSession* a, const AgentSession* b) {
+    return a->status != b->status ? a->status < b->status : a->updatedAt > b->updatedAt;
   });
+  std::vector<AgentSession> merged;
+  merged.reserve(order.size());
+  for (AgentSession* session : order) merged.push_back(std::move(*session));
   return merged;
 }
 

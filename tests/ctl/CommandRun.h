@@ -4,6 +4,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
+#include <pty.h>
 #include <spawn.h>
 #include <stdexcept>
 #include <string>
@@ -112,6 +113,36 @@ inline CommandResult runCommand(std::vector<std::string> arguments, std::vector<
   result.error = run.restOfError();
   result.status = run.wait();
   return result;
+}
+
+// What it writes to a terminal of so many columns.
+inline std::string runOnTerminal(std::vector<std::string> arguments, std::vector<std::string> environment,
+                                 unsigned short columns) {
+  arguments.insert(arguments.begin(), AMBREL_TILEBAYCTL);
+  std::vector<char*> argv, envp;
+  for (auto& text : arguments) argv.push_back(text.data());
+  for (auto& text : environment) envp.push_back(text.data());
+  argv.push_back(nullptr);
+  envp.push_back(nullptr);
+  const winsize size{.ws_row = 24, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
+  int terminal = -1;
+  const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
+  if (child < 0) throw std::runtime_error("no terminal");
+  if (child == 0) {
+    execve(AMBREL_TILEBAYCTL, argv.data(), envp.data());
+    _exit(127);
+  }
+  std::string text;
+  char buffer[65536];
+  ssize_t count = 0;
+  // A terminal whose other side has gone reads as an error.
+  while ((count = read(terminal, buffer, sizeof buffer)) > 0) text.append(buffer, static_cast<std::size_t>(count));
+  close(terminal);
+  waitpid(child, nullptr, 0);
+  std::string lines;
+  for (const char c : text)
+    if (c != '\r') lines += c;
+  return lines;
 }
 
 }  // namespace ambrel

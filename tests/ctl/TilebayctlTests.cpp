@@ -70,6 +70,28 @@ TEST(Tilebayctl, PrintsTheSessionsForPeopleInAlignedColumns) {
             "Idle       Größe        Antigravity  4 steps          1h ago\n");
 }
 
+TEST(Tilebayctl, ColoursAndFitsWhatATerminalShows) {
+  TemporaryFolder home;
+  fill(home);
+  home.write(".claude/projects/-y/1.jsonl",
+             working + "{\"type\":\"custom-title\",\"customTitle\":\"東京の天気を調べる長い長い題名\"}\n", noon);
+  const std::vector<std::string> arguments{"agents", "--home", home.path(), "--now", noonText};
+  const auto coloured = runOnTerminal(arguments, {"LC_ALL=en_US.UTF-8", "TERM=xterm"}, 200);
+  EXPECT_THAT(coloured, HasSubstr("\x1b[1;33mNeeds you\x1b[0m  \x1b[1mAsk [31m me\x1b[0m"));
+  EXPECT_THAT(coloured, HasSubstr("東京の天気を調べる長い長い題名"));
+
+  for (const char* plain : {"NO_COLOR=1", "TERM=dumb"})
+    EXPECT_THAT(runOnTerminal(arguments, {"LC_ALL=en_US.UTF-8", plain}, 200), Not(HasSubstr("\x1b"))) << plain;
+
+  // The title gives way: eleven columns are left of it, five wide characters and the mark.
+  EXPECT_EQ(runOnTerminal(arguments, {"LC_ALL=en_US.UTF-8", "TERM=dumb"}, 74),
+            "Needs you  Ask [31m me           Cursor       +0 −0 · 2 files  2m ago\n"
+            "Working    東京の…      tilebay  Claude Code  Thinking         now\n"
+            "Working    tilebay               Claude Code  Thinking         1m ago\n"
+            "Done       weather               Codex        Done             1m ago\n"
+            "Idle       Größe                 Antigravity  4 steps          1h ago\n");
+}
+
 TEST(Tilebayctl, SaysThatThereIsNoActivity) {
   TemporaryFolder home;
   EXPECT_EQ(runCommand({"--home", home.path(), "--json", "agents"}).out, "[]\n");
