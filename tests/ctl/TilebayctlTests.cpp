@@ -83,13 +83,13 @@ TEST(Tilebayctl, ColoursAndFitsWhatATerminalShows) {
   for (const char* plain : {"NO_COLOR=1", "TERM=dumb"})
     EXPECT_THAT(runOnTerminal(arguments, {"LC_ALL=en_US.UTF-8", plain}, 200), Not(HasSubstr("\x1b"))) << plain;
 
-  // The title gives way: eleven columns are left of it, five wide characters and the mark.
+  // The other columns and the gaps take 58, so the title has 16: seven wide characters and the mark.
   EXPECT_EQ(runOnTerminal(arguments, {"LC_ALL=en_US.UTF-8", "TERM=dumb"}, 74),
-            "Needs you  Ask [31m me           Cursor       +0 −0 · 2 files  2m ago\n"
-            "Working    東京の…      tilebay  Claude Code  Thinking         now\n"
-            "Working    tilebay               Claude Code  Thinking         1m ago\n"
-            "Done       weather               Codex        Done             1m ago\n"
-            "Idle       Größe                 Antigravity  4 steps          1h ago\n");
+            "Needs you  Ask [31m me                Cursor       +0 −0 · 2 files  2m ago\n"
+            "Working    東京の天気を調…   tilebay  Claude Code  Thinking         now\n"
+            "Working    tilebay                    Claude Code  Thinking         1m ago\n"
+            "Done       weather                    Codex        Done             1m ago\n"
+            "Idle       Größe                      Antigravity  4 steps          1h ago\n");
 }
 
 TEST(Tilebayctl, SaysThatThereIsNoActivity) {
