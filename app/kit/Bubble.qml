@@ -8,7 +8,7 @@ FocusScope {
     // Where the tail points, from the bubble's left edge.
     property real tailX: width / 2
     property int padding: Theme.space4
-    readonly property int shadowMargin: 52
+    readonly property int shadowMargin: 48
     readonly property int tailHeight: 14
     default property alias content: body.data
 

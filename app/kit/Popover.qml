@@ -13,7 +13,7 @@ FocusScope {
     property bool hasFullRule: false
     property int headerHeight: 48
     property int radius: Theme.radiusPanel
-    readonly property int shadowMargin: 52
+    readonly property int shadowMargin: 48
     // 0 while closed, 1 while open, between them while it moves.
     property real presence: open ? 1 : 0
     readonly property bool isSettled: presence === (open ? 1 : 0)

@@ -8,6 +8,8 @@ FocusScope {
     property list<string> options
     property int current: 0
     property string label
+    // Where there is little room.
+    property bool hasSmallType: false
 
     signal chosen(int index)
 
@@ -18,7 +20,7 @@ FocusScope {
     }
 
     implicitWidth: row.width + 4
-    implicitHeight: Math.max(32, Theme.rowTitle.line + Theme.space4)
+    implicitHeight: hasSmallType ? Theme.caption.line + Theme.space3 : Math.max(32, Theme.rowTitle.line + Theme.space4)
     opacity: enabled ? 1 : 0.5
     activeFocusOnTab: enabled
     Accessible.role: Accessible.RadioButton
@@ -51,7 +53,7 @@ FocusScope {
                 required property string modelData
                 readonly property bool isChosen: index === root.current
 
-                width: Math.ceil(word.implicitWidth) + 2 * Theme.space3 + 2
+                width: Math.ceil(word.implicitWidth) + (root.hasSmallType ? 2 * 6 : 2 * Theme.space3 + 2)
                 height: row.height
 
                 Rectangle {
@@ -66,7 +68,7 @@ FocusScope {
                     id: word
                     anchors.centerIn: parent
                     text: segment.modelData
-                    role: segment.isChosen ? Theme.rowTitle : Theme.listName
+                    role: root.hasSmallType ? (segment.isChosen ? Theme.captionStrong : Theme.caption) : segment.isChosen ? Theme.rowTitle : Theme.listName
                     color: segment.isChosen || hover.hovered ? Theme.ink : Theme.ink2
                     hasTip: false
                     Accessible.role: Accessible.RadioButton

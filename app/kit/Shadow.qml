@@ -9,7 +9,7 @@ BorderImage {
     // "floating", "raised" or "pin"
     property string kind: "raised"
     property int radius: Theme.radiusPanel
-    readonly property int margin: kind === "raised" ? 52 : kind === "floating" ? 38 : 10
+    readonly property int margin: kind === "raised" ? 48 : kind === "floating" ? 38 : 10
     readonly property int inset: Math.max(radius, kind === "raised" ? 40 : kind === "floating" ? 30 : 8)
     readonly property int boxWidth: parent.width > 2 * inset ? 0 : Math.round(parent.width)
     readonly property int boxHeight: parent.height > 2 * inset ? 0 : Math.round(parent.height)

@@ -13,7 +13,7 @@ constexpr ShadowLayer raisedLayers[] = {{12, 32, 0.46, 0.20}, {2, 6, 0.30, 0.10}
 constexpr ShadowLayer pinLayers[] = {{2, 6, 0.35, 0.35}};
 constexpr ShadowKind kinds[] = {
     {"floating", 38, 30, floatingLayers},
-    {"raised", 52, 40, raisedLayers},
+    {"raised", 48, 40, raisedLayers},
     {"pin", 10, 8, pinLayers},
 };
 constexpr int largestRadius = 64;

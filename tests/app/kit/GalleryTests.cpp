@@ -1,6 +1,6 @@
 #include <QTest>
-#include <map>
 
+#include "tests/app/kit/Looks.h"
 #include "tests/app/kit/Scene.h"
 
 namespace ambrel {
@@ -20,36 +20,6 @@ class GalleryTests : public QObject {
 
   void longTextEndsInAnEllipsis();
 };
-
-static void visit(QQuickItem* item, const std::function<void(QQuickItem*)>& look) {
-  if (!item->isVisible() || item->opacity() < 1) return;
-  look(item);
-  for (QQuickItem* child : item->childItems()) visit(child, look);
-}
-
-static bool isText(const QQuickItem* item) { return item->inherits("QQuickText"); }
-
-static QImage part(const QImage& image, const QQuickItem* item) {
-  const QRectF box = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
-  return image.copy(box.toAlignedRect().intersected(image.rect()));
-}
-
-// The colour that most of the picture has.
-static QColor mostCommon(const QImage& image) {
-  std::map<QRgb, int> counts;
-  for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
-  const auto most =
-      std::max_element(counts.begin(), counts.end(), [](auto& a, auto& b) { return a.second < b.second; });
-  return most == counts.end() ? QColor() : QColor(most->first);
-}
-
-static bool hasText(const QQuickItem* item) { return !item->property("text").toString().isEmpty(); }
-
-static QString describe(const QQuickItem* item) {
-  return QStringLiteral("\"%1\" in %2")
-      .arg(item->property("text").toString(), item->parentItem()->metaObject()->className());
-}
 
 void GalleryTests::pages_data() {
   QTest::addColumn<QString>("page");
@@ -73,32 +43,10 @@ void GalleryTests::pages() {
   scene.theme().setChoice(dark ? Theme::Choice::Dark : Theme::Choice::Light);
   scene.theme().setAlwaysReducesMotion(true);
   QVERIFY(scene.loadFile("qrc:/qt/qml/Ambrel/Gallery/" + page + ".qml"));
-  const QImage image = scene.grab();
-
+  QCOMPARE(faultsOf(scene), QStringList());
   int named = 0;
-  int texts = 0;
-  visit(scene.root(), [&](QQuickItem* item) {
-    if (!item->objectName().isEmpty()) {
-      ++named;
-      const QImage picture = part(image, item);
-      const QColor ground = mostCommon(picture);
-      int others = 0;
-      for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x) others += picture.pixelColor(x, y) != ground;
-      QVERIFY2(others > 20, qPrintable(item->objectName() + " is blank"));
-    }
-    if (!isText(item) || !hasText(item)) return;
-    ++texts;
-    const qreal content = item->property("contentWidth").toReal();
-    QVERIFY2(content <= item->width() + 1 || item->property("truncated").toBool(),
-             qPrintable(describe(item) + " is cut off"));
-    const QImage picture = part(image, item);
-    if (picture.isNull() || !item->isEnabled()) return;
-    const double contrast = contrastRatio(item->property("color").value<QColor>(), mostCommon(picture));
-    QVERIFY2(contrast >= 4.5, qPrintable(describe(item) + " has a contrast of " + QString::number(contrast)));
-  });
+  visitShown(scene.root(), [&](QQuickItem* item) { named += !item->objectName().isEmpty(); });
   QVERIFY(named > 10);
-  QVERIFY(texts > 20);
   QCOMPARE(scene.warnings().take(), QStringList());
 }
 
@@ -147,7 +95,7 @@ void GalleryTests::groundsAreTheTokens() {
     const QQuickItem* item = scene.find(probe.name);
     QVERIFY2(item, probe.name);
     const QColor wanted = scene.theme().property(probe.token).value<QColor>();
-    const QColor found = part(image, item).pixelColor(probe.at);
+    const QColor found = pictureOf(image, item).pixelColor(probe.at);
     QVERIFY2(found.rgb() == wanted.rgb(), qPrintable(probe.name + QStringLiteral(": ") + found.name()));
   }
 }

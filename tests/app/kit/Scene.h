@@ -24,9 +24,9 @@ class Scene {
     component.setData(("import QtQuick\nimport Ambrel.Kit\n" + qml).toUtf8(), QUrl("test.qml"));
     return show(component);
   }
-  bool loadFile(const QString& url) {
+  bool loadFile(const QString& url, const QVariantMap& properties = {}) {
     QQmlComponent component(&engine_, QUrl(url));
-    return show(component);
+    return show(component, properties);
   }
 
   QQuickItem* root() { return root_.get(); }
@@ -49,8 +49,8 @@ class Scene {
     return nullptr;
   }
 
-  bool show(QQmlComponent& component) {
-    root_.reset(qobject_cast<QQuickItem*>(component.create()));
+  bool show(QQmlComponent& component, const QVariantMap& properties = {}) {
+    root_.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties)));
     if (!root_) {
       qWarning() << component.errorString();
       return false;

@@ -1,0 +1,101 @@
+import QtQuick
+import Ambrel.Kit
+
+// One profile: what calls it up, how many tiles it has, whether it is on the bar.
+Pressable {
+    id: root
+
+    required property string profile
+    required property string name
+    required property string trigger
+    required property int tileCount
+    required property bool isActive
+    required property bool isPinned
+    property bool canBeRemoved: true
+    readonly property color ink: isActive ? Theme.blue.text : Theme.ink2
+
+    signal removalWanted
+
+    label: name + ", " + detail.text
+    tip: isPinned ? qsTr("Chosen by hand until the program starts again") : trigger === "builtinOnly" ? qsTr("Chosen with the built-in display alone") : trigger === "external" ? qsTr("Chosen with an external display") : qsTr("Chosen by hand only")
+    accessibleRole: Accessible.RadioButton
+    Accessible.checkable: true
+    Accessible.checked: isActive
+    implicitHeight: Math.max(48, words.height + Theme.space3)
+    Keys.onDeletePressed: if (root.canBeRemoved)
+        root.removalWanted()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.space2
+        anchors.rightMargin: Theme.space2
+        radius: Theme.radiusButton
+        color: root.isActive ? Theme.blue.soft : root.down ? Theme.tilePressed : Theme.card
+        visible: root.isActive || root.hovered || root.down
+    }
+    Symbol {
+        id: icon
+        x: 18
+        anchors.verticalCenter: parent.verticalCenter
+        name: root.trigger === "builtinOnly" ? "laptopcomputer" : root.trigger === "external" ? "desktopcomputer" : "square.grid.2x2"
+        size: 18
+        color: root.ink
+    }
+    Column {
+        id: words
+        anchors {
+            left: icon.right
+            leftMargin: Theme.space2
+            right: marks.left
+            verticalCenter: parent.verticalCenter
+        }
+
+        Label {
+            width: parent.width
+            text: root.name
+            role: Theme.listName
+            hasTip: false
+            Accessible.ignored: true
+        }
+        Label {
+            id: detail
+            width: parent.width
+            text: root.tileCount === 1 ? qsTr("1 tile") : qsTr("%1 tiles").arg(root.tileCount)
+            role: Theme.subLine
+            color: Theme.ink2
+            hasTip: false
+            Accessible.ignored: true
+        }
+    }
+    Row {
+        id: marks
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        height: parent.height
+
+        IconButton {
+            visible: root.canBeRemoved && (root.hovered || root.activeFocus || activeFocus)
+            size: 24
+            symbolSize: 16
+            symbol: "trash"
+            label: qsTr("Delete %1").arg(root.name)
+            tipKeys: qsTr("Delete")
+            anchors.verticalCenter: parent.verticalCenter
+            onClicked: root.removalWanted()
+        }
+        Symbol {
+            visible: root.isActive
+            name: root.isPinned ? "pin" : "checkmark"
+            size: 16
+            color: root.ink
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+    FocusRing {
+        anchors.leftMargin: 5
+        anchors.rightMargin: 5
+        anchors.topMargin: -1
+        anchors.bottomMargin: -1
+        targetRadius: Theme.radiusButton - 1
+    }
+}

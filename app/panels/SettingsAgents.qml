@@ -1,0 +1,24 @@
+import QtQuick
+import Ambrel.Kit
+
+SettingsPage {
+    id: root
+
+    Section {
+        width: parent.width
+
+        SettingSwitch {
+            title: qsTr("Follow AI agents")
+            detail: qsTr("Reads only metadata: status, tool name, project folder, timestamps. Sessions from the last 6 hours are listed.")
+            checked: root.settings.agentsEnabled
+            onToggled: checked => root.settings.agentsEnabled = checked
+        }
+        SettingSwitch {
+            title: qsTr("Notifications")
+            detail: qsTr("When an agent needs you or has finished")
+            enabled: root.settings.agentsEnabled
+            checked: root.settings.agentNotifications
+            onToggled: checked => root.settings.agentNotifications = checked
+        }
+    }
+}

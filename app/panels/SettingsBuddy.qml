@@ -1,0 +1,104 @@
+import QtQuick
+import Ambrel.Kit
+
+SettingsPage {
+    id: root
+
+    readonly property var categories: [
+        {
+            name: "agents",
+            title: qsTr("Agents")
+        },
+        {
+            name: "meetings",
+            title: qsTr("Meetings")
+        },
+        {
+            name: "limits",
+            title: qsTr("Limits")
+        },
+        {
+            name: "system",
+            title: qsTr("System")
+        },
+        {
+            name: "health",
+            title: qsTr("Health")
+        }
+    ]
+
+    // Untyped: the lint knows neither 64-bit integers nor the script methods of lists of strings.
+    readonly property var stored: settings
+    readonly property var chosen: settings.buddyCategories
+
+    function setCategory(name: string, isOn: bool) {
+        const others = chosen.filter(other => other !== name);
+        settings.buddyCategories = isOn ? others.concat([name]) : others;
+    }
+
+    Section {
+        width: parent.width
+
+        SettingChoice {
+            title: qsTr("Buddy speaks up")
+            detail: qsTr("During a focus session, notes that can wait come at the break. Buddy sleeps when nothing happens.")
+            options: [qsTr("Always"), qsTr("If important"), qsTr("Never")]
+            values: ["all", "important", "off"]
+            value: root.settings.buddyLevel
+            onChosen: value => root.settings.buddyLevel = value
+        }
+        SectionRow {
+            title: qsTr("Speaks about")
+            enabled: root.settings.buddyLevel !== "off"
+
+            Repeater {
+                model: root.categories
+
+                Chip {
+                    required property var modelData
+                    text: modelData.title
+                    accessibleRole: Accessible.CheckBox
+                    isChosen: root.chosen.includes(modelData.name)
+                    onClicked: root.setCategory(modelData.name, !isChosen)
+                }
+            }
+        }
+        SettingSwitch {
+            title: qsTr("Only agents out of view")
+            detail: qsTr("Stays quiet about the agent in front of you")
+            enabled: root.settings.buddyLevel !== "off"
+            checked: root.settings.buddyOnlyUnfocusedAgents
+            onToggled: checked => root.settings.buddyOnlyUnfocusedAgents = checked
+        }
+    }
+    Section {
+        width: parent.width
+
+        SettingSwitch {
+            title: qsTr("Quiet hours")
+            detail: qsTr("Only what is urgent comes through")
+            checked: root.settings.quietHoursOn
+            onToggled: checked => root.settings.quietHoursOn = checked
+        }
+        SectionRow {
+            title: qsTr("From")
+            enabled: root.settings.quietHoursOn
+
+            HourStepper {
+                label: qsTr("Quiet from")
+                hour: root.stored.quietStartHour
+                onChosen: hour => root.settings.quietStartHour = hour
+            }
+        }
+        SectionRow {
+            title: qsTr("To")
+            enabled: root.settings.quietHoursOn
+
+            HourStepper {
+                label: qsTr("Quiet to")
+                hour: root.stored.quietEndHour
+                onChosen: hour => root.settings.quietEndHour = hour
+            }
+        }
+    }
+}

@@ -1,0 +1,85 @@
+import QtQuick
+import Ambrel.Kit
+
+SettingsPage {
+    id: root
+
+    // Untyped: the lint knows neither 64-bit integers nor the script methods of lists of strings.
+    readonly property var stored: settings
+    readonly property var ignored: settings.ignoredBundleIDs
+
+    function ignore(name) {
+        const trimmed = name.trim();
+        if (trimmed !== "" && !ignored.includes(trimmed))
+            settings.ignoredBundleIDs = ignored.concat([trimmed]);
+    }
+
+    Section {
+        width: parent.width
+
+        SettingSwitch {
+            title: qsTr("Keep a clipboard history")
+            detail: qsTr("It stays on this computer")
+            checked: root.settings.clipboardEnabled
+            onToggled: checked => root.settings.clipboardEnabled = checked
+        }
+        SettingChoice {
+            title: qsTr("Items to keep")
+            enabled: root.settings.clipboardEnabled
+            options: ["100", "300", "1000"]
+            values: [100, 300, 1000]
+            value: root.stored.clipboardLimit
+            onChosen: value => root.settings.clipboardLimit = value
+        }
+        SettingChoice {
+            title: qsTr("Forget after")
+            detail: qsTr("Pinned items stay")
+            enabled: root.settings.clipboardEnabled
+            options: [qsTr("Never"), qsTr("1 day"), qsTr("7 days"), qsTr("30 days")]
+            values: [0, 1, 7, 30]
+            value: root.stored.clipboardMaxAgeDays
+            onChosen: value => root.settings.clipboardMaxAgeDays = value
+        }
+        SettingSwitch {
+            title: qsTr("Forget secrets soon")
+            detail: qsTr("Passwords, keys and card numbers")
+            enabled: root.settings.clipboardEnabled
+            checked: root.settings.clipboardForgetSensitive
+            onToggled: checked => root.settings.clipboardForgetSensitive = checked
+        }
+    }
+    Section {
+        width: parent.width
+
+        SectionRow {
+            title: qsTr("Programs to ignore")
+            detail: qsTr("What is copied in them is never kept")
+
+            Field {
+                id: name
+                width: 200
+                hint: qsTr("Name of a program")
+                symbol: "plus"
+                onAccepted: {
+                    root.ignore(text);
+                    text = "";
+                }
+            }
+        }
+        Repeater {
+            model: root.settings.ignoredBundleIDs
+
+            SectionRow {
+                id: row
+                required property string modelData
+                title: modelData
+
+                IconButton {
+                    symbol: "xmark"
+                    label: qsTr("Keep copies of %1").arg(row.modelData)
+                    onClicked: root.settings.ignoredBundleIDs = root.ignored.filter(other => other !== row.modelData)
+                }
+            }
+        }
+    }
+}

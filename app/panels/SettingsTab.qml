@@ -1,0 +1,46 @@
+import QtQuick
+import Ambrel.Kit
+
+// One tab of the settings.
+Pressable {
+    id: root
+
+    property string text
+    property string symbol
+    property bool isChosen: false
+    readonly property color ink: isChosen ? Theme.blue.text : hovered ? Theme.ink : Theme.ink2
+
+    label: text
+    accessibleRole: Accessible.PageTab
+    Accessible.checked: isChosen
+    implicitWidth: Math.max(82, word.implicitWidth + Theme.space4)
+    implicitHeight: 34 + word.height
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radiusButton
+        color: root.isChosen ? Theme.blue.soft : Theme.card
+        visible: root.isChosen || root.hovered
+    }
+    Symbol {
+        y: Theme.space2
+        anchors.horizontalCenter: parent.horizontalCenter
+        name: root.symbol
+        size: 20
+        color: root.ink
+    }
+    Label {
+        id: word
+        y: 30
+        anchors.horizontalCenter: parent.horizontalCenter
+        text: root.text
+        role: root.isChosen ? Theme.captionStrong : Theme.caption
+        color: root.ink
+        hasTip: false
+        Accessible.ignored: true
+    }
+    FocusRing {
+        anchors.margins: -2
+        targetRadius: Theme.radiusButton - 2
+    }
+}

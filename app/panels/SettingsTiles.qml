@@ -1,0 +1,29 @@
+import QtQuick
+import Ambrel.Kit
+
+SettingsPage {
+    id: root
+
+    signal customizeWanted
+
+    Section {
+        width: parent.width
+
+        SectionRow {
+            title: qsTr("Tiles and profiles")
+            detail: qsTr("Choose what stands on the bar, and when")
+
+            Button {
+                text: qsTr("Customize…")
+                symbol: "square.grid.2x2"
+                onClicked: root.customizeWanted()
+            }
+        }
+        SettingSwitch {
+            title: qsTr("Show the last copy on the bar")
+            detail: qsTr("In the clipboard tile; secrets stay hidden")
+            checked: root.settings.clipboardPreviewInBar
+            onToggled: checked => root.settings.clipboardPreviewInBar = checked
+        }
+    }
+}

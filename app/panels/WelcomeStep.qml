@@ -1,0 +1,51 @@
+import QtQuick
+import Ambrel.Kit
+
+// One thing to know, with its symbol.
+Item {
+    id: root
+
+    property string symbol
+    property string title
+    property string detail
+
+    implicitHeight: Math.max(52, words.height + Theme.space2)
+
+    Rectangle {
+        id: box
+        width: 36
+        height: 36
+        radius: Theme.radiusButton
+        color: Theme.card
+        anchors.verticalCenter: parent.verticalCenter
+
+        Symbol {
+            anchors.centerIn: parent
+            name: root.symbol
+            size: 20
+            color: Theme.ink2
+        }
+    }
+    Column {
+        id: words
+        anchors {
+            left: box.right
+            leftMargin: Theme.space3
+            right: parent.right
+            verticalCenter: parent.verticalCenter
+        }
+
+        Label {
+            width: parent.width
+            text: root.title
+            role: Theme.rowTitle
+        }
+        Label {
+            width: parent.width
+            text: root.detail
+            role: Theme.small
+            color: Theme.ink2
+            wrapMode: Text.WordWrap
+        }
+    }
+}

@@ -1,0 +1,205 @@
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/panels/AppearanceSettings.h"
+#include "app/panels/GalleryModel.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+namespace {
+
+struct Fixture {
+  TemporaryFolder folder;
+  UserDefaults defaults{folder / "defaults.json"};
+  LicenseManager license;
+  AppModel model{folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>(); }};
+  GalleryModel gallery{model};
+
+  QStringList shown() const {
+    QStringList names;
+    for (const GalleryGroupModel* group : gallery.groups())
+      for (const GalleryRow& row : group->rows()) names << QString::fromUtf8(nameOf(row.widget).data());
+    return names;
+  }
+};
+
+}  // namespace
+
+class PanelModelTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void theWholeCatalogueStandsInItsGroups();
+  void aQueryLeavesWhatItFinds_data();
+  void aQueryLeavesWhatItFinds();
+  void togglingAddsAndRemoves();
+  void rowsFollowTheActiveProfile();
+  void whatTheLicenceDeniesShowsTheUpsell();
+  void anUnknownWidgetDoesNothing();
+  void appearanceIsStoredAndLoaded_data();
+  void appearanceIsStoredAndLoaded();
+  void appearanceReachesTheThemeAndTheFile();
+  void anUnwritableFileKeepsTheChoice();
+};
+
+void PanelModelTests::theWholeCatalogueStandsInItsGroups() {
+  Fixture f;
+  QStringList titles;
+  for (GalleryGroupModel* group : f.gallery.groups()) {
+    QAbstractItemModelTester tester(group, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    titles << group->title();
+    QVERIFY2(group->count() > 0, qPrintable(group->title()));
+    for (int i = 0; i < group->count(); ++i) {
+      for (const int role : group->roleNames().keys()) QVERIFY(group->index(i).data(role).isValid());
+      QVERIFY(!group->index(i).data(GalleryGroupModel::TitleRole).toString().isEmpty());
+    }
+  }
+  QCOMPARE(titles, QStringList({"System", "Productivity", "Weather", "Text Tools", "Focus", "Developer", "Info & Fun",
+                                "Media"}));
+  QCOMPARE(f.shown().size(), qsizetype(allCases<DockWidget>().size()));
+}
+
+void PanelModelTests::aQueryLeavesWhatItFinds_data() {
+  QTest::addColumn<QString>("query");
+  QTest::addColumn<QString>("found");
+  QTest::addColumn<QString>("missing");
+  QTest::newRow("in a title") << "battery"
+                              << "batteryHealth"
+                              << "cpu";
+  QTest::newRow("in a description") << "hacker news, every"
+                                    << "hackerNews"
+                                    << "quote";
+  QTest::newRow("letter case aside") << "CLIPBOARD"
+                                     << "clipboard"
+                                     << "cpu";
+  QTest::newRow("blank") << "  "
+                         << "quote"
+                         << "";
+}
+
+void PanelModelTests::aQueryLeavesWhatItFinds() {
+  QFETCH(QString, query);
+  QFETCH(QString, found);
+  QFETCH(QString, missing);
+  Fixture f;
+  f.gallery.setQuery(query);
+  QVERIFY(f.shown().contains(found));
+  QVERIFY(!f.shown().contains(missing));
+  f.gallery.setQuery("no such thing anywhere");
+  QVERIFY(f.gallery.isEmpty());
+  QCOMPARE(f.shown(), QStringList());
+  f.gallery.setQuery("");
+  QVERIFY(!f.gallery.isEmpty());
+}
+
+void PanelModelTests::togglingAddsAndRemoves() {
+  Fixture f;
+  QVERIFY(f.model.isOnBar("clock"));
+  f.gallery.toggle("clock");
+  QVERIFY(!f.model.isOnBar("clock"));
+  f.gallery.toggle("clock");
+  QVERIFY(f.model.isOnBar("clock"));
+  QCOMPARE(f.model.activeProfile()->items.back().widget, std::optional<std::string>("clock"));
+}
+
+void PanelModelTests::rowsFollowTheActiveProfile() {
+  Fixture f;
+  const auto marked = [&](const char* widget) {
+    for (GalleryGroupModel* group : f.gallery.groups())
+      for (const GalleryRow& row : group->rows())
+        if (nameOf(row.widget) == widget) return row.isOnBar;
+    return false;
+  };
+  QVERIFY(marked("clock"));
+  QVERIFY(!marked("battery"));
+  std::vector<std::unique_ptr<QSignalSpy>> resets;
+  for (GalleryGroupModel* group : f.gallery.groups())
+    resets.push_back(std::make_unique<QSignalSpy>(group, &QAbstractItemModel::modelReset));
+  f.model.setPinnedProfileID(f.model.profiles()[1].id);
+  QVERIFY(marked("battery"));
+  f.gallery.toggle("battery");
+  QVERIFY(!marked("battery"));
+  for (const auto& reset : resets) QCOMPARE(reset->count(), 0);
+}
+
+void PanelModelTests::whatTheLicenceDeniesShowsTheUpsell() {
+  Fixture f;
+  int shown = 0;
+  f.license.showUpsell = [&] { ++shown; };
+  f.license.setCheck([](ProFeature feature) { return feature != ProFeature::agentTracking; });
+  f.gallery.toggle("agents");
+  QCOMPARE(shown, 1);
+  QVERIFY(!f.model.isOnBar("agents"));
+  f.gallery.toggle("battery");
+  QCOMPARE(shown, 1);
+  QVERIFY(f.model.isOnBar("battery"));
+  f.license.setCheck({});
+  f.gallery.toggle("agents");
+  QVERIFY(f.model.isOnBar("agents"));
+  // One that is on the bar can be taken off whatever the licence says.
+  f.license.setCheck([](ProFeature) { return false; });
+  f.gallery.toggle("agents");
+  QCOMPARE(shown, 1);
+  QVERIFY(!f.model.isOnBar("agents"));
+}
+
+void PanelModelTests::anUnknownWidgetDoesNothing() {
+  Fixture f;
+  const auto before = f.model.profiles();
+  f.gallery.toggle("nothing");
+  f.gallery.toggle("");
+  QVERIFY(f.model.profiles() == before);
+}
+
+void PanelModelTests::appearanceIsStoredAndLoaded_data() {
+  QTest::addColumn<QString>("stored");
+  QTest::addColumn<QString>("theme");
+  for (const char* name : {"system", "dark", "light"}) QTest::newRow(name) << QString(name) << QString(name);
+  QTest::newRow("unknown") << "pink"
+                           << "system";
+}
+
+void PanelModelTests::appearanceIsStoredAndLoaded() {
+  QFETCH(QString, stored);
+  QFETCH(QString, theme);
+  Fixture f;
+  f.defaults.set("theme", DefaultsValue{stored.toStdString()});
+  Theme drawn(nullptr);
+  const AppearanceSettings settings(f.defaults, drawn);
+  QCOMPARE(settings.theme(), theme);
+  QVERIFY(!settings.reducesMotion());
+}
+
+void PanelModelTests::appearanceReachesTheThemeAndTheFile() {
+  Fixture f;
+  Theme drawn(nullptr);
+  AppearanceSettings settings(f.defaults, drawn);
+  QSignalSpy spy(&settings, &AppearanceSettings::themeChanged);
+  settings.setTheme("light");
+  settings.setTheme("light");
+  settings.setTheme("pink");
+  QCOMPARE(spy.count(), 1);
+  QVERIFY(!drawn.dark());
+  settings.setReducesMotion(true);
+  QVERIFY(drawn.reducedMotion());
+  const UserDefaults again(f.folder / "defaults.json");
+  QCOMPARE(again.string("theme"), std::optional<std::string>("light"));
+  QCOMPARE(again.boolean("reduceMotion"), std::optional<bool>(true));
+}
+
+void PanelModelTests::anUnwritableFileKeepsTheChoice() {
+  const TemporaryFolder folder;
+  folder.write("in the way", "");
+  UserDefaults defaults(folder / "in the way/defaults.json");
+  Theme drawn(nullptr);
+  AppearanceSettings settings(defaults, drawn);
+  settings.setTheme("light");
+  QVERIFY(!drawn.dark());
+  QCOMPARE(settings.theme(), QString("light"));
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::PanelModelTests)
+#include "PanelModelTests.moc"

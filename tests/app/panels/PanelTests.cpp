@@ -1,0 +1,265 @@
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/model/AppSettings.h"
+#include "app/panels/AppearanceSettings.h"
+#include "app/panels/GalleryModel.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/app/kit/Looks.h"
+#include "tests/app/kit/Scene.h"
+
+namespace ambrel {
+namespace {
+
+// The panels on models of their own, in a scene.
+struct Stage {
+  TemporaryFolder folder;
+  UserDefaults defaults{folder / "defaults.json"};
+  LicenseManager license;
+  AppModel model{folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>(); }};
+  GalleryModel gallery{model};
+  AppSettings settings{defaults};
+  Scene scene;
+  std::unique_ptr<AppearanceSettings> appearance;
+
+  explicit Stage(Theme::Choice choice = Theme::Choice::Dark) {
+    appearance = std::make_unique<AppearanceSettings>(defaults, scene.theme());
+    scene.theme().setAlwaysReducesMotion(true);
+    scene.theme().setChoice(choice);
+  }
+
+  bool open(const QString& view, QVariantMap more = {}) {
+    if (view == "CustomizeView") {
+      more.insert("model", QVariant::fromValue(&model));
+      more.insert("gallery", QVariant::fromValue(&gallery));
+    }
+    if (view == "SettingsView") {
+      more.insert("settings", QVariant::fromValue(&settings));
+      more.insert("appearance", QVariant::fromValue(appearance.get()));
+      more.insert("version", "0.1.0");
+    }
+    if (!scene.loadFile("qrc:/qt/qml/Ambrel/Panels/" + view + ".qml", more)) return false;
+    scene.root()->setSize({scene.root()->implicitWidth(), scene.root()->implicitHeight()});
+    scene.window().resize(scene.root()->size().toSize());
+    return true;
+  }
+  // The first shown item with that label or text.
+  QQuickItem* labelled(const QString& label) {
+    QQuickItem* found = nullptr;
+    visitShown(scene.root(), [&](QQuickItem* item) {
+      if (!found && item->property("label").toString() == label) found = item;
+    });
+    return found;
+  }
+  bool click(const QString& label) {
+    QQuickItem* item = labelled(label);
+    if (!item) return false;
+    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, scene.centerOf(item));
+    return true;
+  }
+};
+
+}  // namespace
+
+class PanelTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void panelsLookRight_data();
+  void panelsLookRight();
+  void panelsHaveTheirSizes_data();
+  void panelsHaveTheirSizes();
+  void galleryTogglesByClickAndKey();
+  void searchNarrowsTheGallery();
+  void profilesAreChosenAddedAndDeleted();
+  void aGivenPreviewTakesTheCardsPlace();
+  void settingsAreWritten_data();
+  void settingsAreWritten();
+  void tabsAskToBeChosen();
+  void everyPanelCloses_data();
+  void everyPanelCloses();
+};
+
+void PanelTests::panelsLookRight_data() {
+  QTest::addColumn<QString>("view");
+  QTest::addColumn<QString>("tab");
+  QTest::addColumn<Theme::Choice>("choice");
+  for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
+    const char* scheme = choice == Theme::Choice::Dark ? "dark" : "light";
+    for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
+      QTest::addRow("%s, %s", view, scheme) << QString(view) << QString() << choice;
+    for (const char* tab : {"general", "appearance", "tiles", "buddy", "agents", "clipboard", "about"})
+      QTest::addRow("settings, %s, %s", tab, scheme) << QString("SettingsView") << QString(tab) << choice;
+  }
+}
+
+void PanelTests::panelsLookRight() {
+  QFETCH(QString, view);
+  QFETCH(QString, tab);
+  QFETCH(Theme::Choice, choice);
+  Stage stage(choice);
+  QVERIFY(stage.open(view, tab.isEmpty() ? QVariantMap() : QVariantMap{{"tab", tab}}));
+  QCOMPARE(faultsOf(stage.scene), QStringList());
+  int texts = 0;
+  visitShown(stage.scene.root(), [&](QQuickItem* item) { texts += item->inherits("QQuickText"); });
+  QVERIFY(texts > 6);
+  QCOMPARE(stage.scene.warnings().take(), QStringList());
+}
+
+void PanelTests::panelsHaveTheirSizes_data() {
+  QTest::addColumn<QString>("view");
+  QTest::addColumn<QSizeF>("size");
+  QTest::newRow("customise") << "CustomizeView" << QSizeF(760, 480);
+  QTest::newRow("settings") << "SettingsView" << QSizeF(760, 480);
+  QTest::newRow("welcome") << "WelcomeView" << QSizeF(480, 500);
+  QTest::newRow("upsell") << "UpsellView" << QSizeF(400, 336);
+}
+
+void PanelTests::panelsHaveTheirSizes() {
+  QFETCH(QString, view);
+  QFETCH(QSizeF, size);
+  Stage stage;
+  QVERIFY(stage.open(view));
+  QCOMPARE(stage.scene.root()->size(), size);
+}
+
+void PanelTests::galleryTogglesByClickAndKey() {
+  Stage stage;
+  QVERIFY(stage.open("CustomizeView"));
+  QVERIFY(stage.model.isOnBar("cpu"));
+  QVERIFY(stage.click("CPU"));
+  QVERIFY(!stage.model.isOnBar("cpu"));
+  stage.labelled("CPU")->forceActiveFocus();
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Space);
+  QVERIFY(stage.model.isOnBar("cpu"));
+}
+
+void PanelTests::searchNarrowsTheGallery() {
+  Stage stage;
+  QVERIFY(stage.open("CustomizeView"));
+  QVERIFY(stage.labelled("CPU"));
+  stage.scene.root()->forceActiveFocus();
+  for (const char key : {'w', 'i', 'n', 'd'}) QTest::keyClick(&stage.scene.window(), key);
+  QCOMPARE(stage.gallery.query(), QString("wind"));
+  QVERIFY(!stage.labelled("CPU"));
+  QTRY_VERIFY(stage.labelled("Wind"));
+  // A panel that closes forgets what was searched.
+  stage.scene.root()->setProperty("open", false);
+  QCOMPARE(stage.gallery.query(), QString());
+}
+
+void PanelTests::profilesAreChosenAddedAndDeleted() {
+  Stage stage;
+  QVERIFY(stage.open("CustomizeView"));
+  QCOMPARE(stage.model.activeProfileName(), QString("Laptop"));
+  QVERIFY(stage.click("Desk, 7 tiles"));
+  QCOMPARE(stage.model.activeProfileName(), QString("Desk"));
+  QVERIFY(stage.click("Auto (by display)"));
+  QCOMPARE(stage.model.activeProfileName(), QString("Laptop"));
+
+  QVERIFY(stage.click("New profile"));
+  for (const char key : {'t', 'r', 'a', 'i', 'n'}) QTest::keyClick(&stage.scene.window(), key);
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+  QCOMPARE(stage.model.profiles().size(), 3u);
+  QCOMPARE(stage.model.activeProfileName(), QString("train"));
+
+  stage.labelled("train, 5 tiles")->forceActiveFocus();
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+  QCOMPARE(stage.model.profiles().size(), 2u);
+  QCOMPARE(stage.scene.warnings().take(), QStringList());
+}
+
+void PanelTests::aGivenPreviewTakesTheCardsPlace() {
+  Stage stage;
+  QQmlComponent preview(&stage.scene.engine());
+  preview.setData(
+      "import QtQuick\nItem { required property string widget; required property int span\n"
+      "objectName: 'preview of ' + widget + ' ' + span; height: 64 }",
+      QUrl("preview.qml"));
+  QVERIFY(stage.open("CustomizeView", {{"tilePreview", QVariant::fromValue(&preview)}}));
+  QQuickItem* shown = stage.scene.find("preview of cpu 1");
+  QVERIFY(shown);
+  QCOMPARE(shown->width(), 112.0);
+}
+
+void PanelTests::settingsAreWritten_data() {
+  QTest::addColumn<QString>("tab");
+  QTest::addColumn<QString>("label");
+  QTest::addColumn<QByteArray>("property");
+  const auto row = [](const char* tab, const char* label, const char* property) {
+    QTest::newRow(property) << QString(tab) << QString(label) << QByteArray(property);
+  };
+  row("general", "Always show the bar", "barAlwaysVisible");
+  row("general", "Peek when something needs you", "barPeeksForContext");
+  row("general", "Open the clipboard shelf by hovering", "shelfOpensOnHover");
+  row("tiles", "Show the last copy on the bar", "clipboardPreviewInBar");
+  row("agents", "Follow AI agents", "agentsEnabled");
+  row("agents", "Notifications", "agentNotifications");
+  row("buddy", "Only agents out of view", "buddyOnlyUnfocusedAgents");
+  row("buddy", "Meetings", "buddyCategories");
+  row("buddy", "Quiet hours", "quietHoursOn");
+  row("clipboard", "Keep a clipboard history", "clipboardEnabled");
+  row("clipboard", "Forget secrets soon", "clipboardForgetSensitive");
+}
+
+void PanelTests::settingsAreWritten() {
+  QFETCH(QString, tab);
+  QFETCH(QString, label);
+  QFETCH(QByteArray, property);
+  Stage stage;
+  QVERIFY(stage.open("SettingsView", {{"tab", tab}}));
+  const QVariant before = stage.settings.property(property);
+  QVERIFY(before.isValid());
+  QVERIFY(stage.click(label));
+  const QVariant after = stage.settings.property(property);
+  QVERIFY(after != before);
+  QCOMPARE(AppSettings(stage.defaults).property(property), after);
+  QVERIFY(stage.click(label));
+  QVERIFY(stage.settings.property(property) != after);
+  QCOMPARE(stage.scene.warnings().take(), QStringList());
+}
+
+void PanelTests::tabsAskToBeChosen() {
+  Stage stage;
+  QVERIFY(stage.open("SettingsView"));
+  QSignalSpy chosen(stage.scene.root(), SIGNAL(tabChosen(QString)));
+  QVERIFY(stage.click("Agents"));
+  QCOMPARE(chosen.count(), 1);
+  QCOMPARE(chosen.first().first().toString(), QString("agents"));
+  stage.scene.root()->setProperty("tab", "agents");
+  QVERIFY(stage.labelled("Follow AI agents"));
+  // A name that is no tab shows the first.
+  stage.scene.root()->setProperty("tab", "nonsense");
+  QVERIFY(stage.labelled("Always show the bar"));
+}
+
+void PanelTests::everyPanelCloses_data() {
+  QTest::addColumn<QString>("view");
+  QTest::addColumn<QString>("button");
+  QTest::newRow("customise") << "CustomizeView"
+                             << "Done";
+  QTest::newRow("settings") << "SettingsView"
+                            << "Close";
+  QTest::newRow("welcome") << "WelcomeView"
+                           << "Start";
+  QTest::newRow("upsell") << "UpsellView"
+                          << "Not now";
+}
+
+void PanelTests::everyPanelCloses() {
+  QFETCH(QString, view);
+  QFETCH(QString, button);
+  Stage stage;
+  QVERIFY(stage.open(view));
+  QSignalSpy closing(stage.scene.root(), SIGNAL(closeRequested()));
+  QVERIFY(stage.click(button));
+  QCOMPARE(closing.count(), 1);
+  stage.scene.root()->forceActiveFocus();
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+  QCOMPARE(closing.count(), 2);
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::PanelTests)
+#include "PanelTests.moc"
