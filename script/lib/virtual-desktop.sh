@@ -17,6 +17,8 @@
 
 vd_pids=()
 vd_folder=
+vd_tied=()
+if command -v setpriv >/dev/null; then vd_tied=(setpriv --pdeathsig TERM); fi
 
 vd_fail() {
   echo "virtual desktop: $*" >&2
@@ -34,13 +36,22 @@ vd_wait() {
   done
 }
 
-# Starts a program in the background; it ends with us even when we are killed.
+# Starts a program in the background; it ends with us even when we are killed (setpriv sees to that).
 vd_spawn() {
   local log=$1
   shift
-  if command -v setpriv >/dev/null; then set -- setpriv --pdeathsig TERM "$@"; fi
-  "$@" >"$vd_folder/$log.log" 2>&1 </dev/null &
+  "${vd_tied[@]}" "$@" >"$vd_folder/$log.log" 2>&1 </dev/null &
   vd_pids+=($!)
+}
+
+# Runs a program in the foreground; a signal that ends us ends it too.
+vd_run() {
+  "${vd_tied[@]}" "$@" <&0 &
+  local pid=$! status=0
+  vd_pids+=("$pid")
+  wait "$pid" || status=$?
+  unset 'vd_pids[-1]'
+  return "$status"
 }
 
 vd_has_wm() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
@@ -194,6 +205,6 @@ if [ "${BASH_SOURCE[0]}" = "$0" ]; then
   shift
   vd_start "${options[@]}"
   status=0
-  "$@" || status=$?
+  vd_run "$@" || status=$?
   exit "$status"
 fi
