@@ -28,6 +28,10 @@ class WindowStyle {
   // Cuts the window to a rectangle with round corners, in points from the window's upper left corner; the stand-in
   // for a translucent margin when there is no compositor. A radius of 0 or less takes the cut away.
   virtual void setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) = 0;
+
+  // Lets clicks through everywhere but in this rectangle, in points from the window's upper left corner: the margin
+  // in which a shadow lies is not ours to take clicks in. Before it is shown or after.
+  virtual void setInputRect(QWindow& window, double x, double y, double width, double height) = 0;
 };
 
 }  // namespace ambrel

@@ -5,6 +5,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
 namespace ambrel {
@@ -92,6 +93,20 @@ void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double 
     region += QRect(left + inset, top + row, columns - 2 * inset, 1);
   }
   window.setMask(region);
+}
+
+void X11WindowStyle::setInputRect(QWindow& window, double x, double y, double width, double height) {
+  if (!connection_ || firstEvent_ == 0) return;
+  const double scale = window.devicePixelRatio();
+  const auto pixels = [scale](double points) { return std::lround(points * scale); };
+  const xcb_rectangle_t rectangle{static_cast<std::int16_t>(pixels(x)), static_cast<std::int16_t>(pixels(y)),
+                                  static_cast<std::uint16_t>(pixels(width)), static_cast<std::uint16_t>(pixels(height))};
+  xcb_connection_t* xcb = connection_->xcb();
+  const xcb_xfixes_region_t region = xcb_generate_id(xcb);
+  xcb_xfixes_create_region(xcb, region, 1, &rectangle);
+  xcb_xfixes_set_window_shape_region(xcb, static_cast<xcb_window_t>(window.winId()), XCB_SHAPE_SK_INPUT, 0, 0, region);
+  xcb_xfixes_destroy_region(xcb, region);
+  connection_->flush();
 }
 
 bool X11WindowStyle::askForCompositor() const {

@@ -15,6 +15,7 @@ class X11WindowStyle : public WindowStyle {
   bool isCompositing() const override { return isCompositing_; }
   void setCompositingHandler(std::function<void(bool isCompositing)> handler) override;
   void setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) override;
+  void setInputRect(QWindow& window, double x, double y, double width, double height) override;
 
  private:
   bool askForCompositor() const;

@@ -160,7 +160,9 @@ vd_start() {
     esac
   fi
   if [ -n "$compositor" ]; then
-    vd_spawn picom picom --backend xrender --config /dev/null
+    # A file of our own: picom starts anew whenever its configuration is written to, and everybody writes to /dev/null.
+    : >"$vd_folder/picom.conf"
+    vd_spawn picom picom --backend xrender --config "$vd_folder/picom.conf"
     vd_wait 10 vd_has_compositor || { vd_fail "picom did not start"; return 1; }
   fi
   if [ -n "$panel" ]; then vd_start_panel || return 1; fi

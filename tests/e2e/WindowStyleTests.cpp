@@ -70,7 +70,7 @@ TEST_F(WindowStyleOnX11, TellsWhenACompositorComesAndGoes) {
   EXPECT_FALSE(style.isCompositing());
   std::vector<bool> heard;
   style.setCompositingHandler([&](bool is) { heard.push_back(is); });
-  Client compositor("picom", {"--backend", "xrender", "--config", "/dev/null"});
+  Client compositor("picom", {"--backend", "xrender", "--config", AMBREL_CASES "/e2e/picom.conf"});
   ASSERT_TRUE(waitFor([&] { return style.isCompositing(); }));
   EXPECT_TRUE(X11WindowStyle(connection_.get()).isCompositing());
   compositor.stop();

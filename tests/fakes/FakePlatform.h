@@ -160,6 +160,10 @@ class FakeWindowStyle : public WindowStyle {
     masks.push_back({Rect{x, y, width, height}, radius});
   }
 
+  void setInputRect(QWindow&, double x, double y, double width, double height) override {
+    inputs.push_back({x, y, width, height});
+  }
+
   void changeCompositing(bool is) {
     compositing = is;
     if (handler_) handler_(is);
@@ -168,6 +172,7 @@ class FakeWindowStyle : public WindowStyle {
   bool compositing = true;
   std::vector<std::pair<QWindow*, WindowRole>> prepared;
   std::vector<std::pair<Rect, double>> masks;
+  std::vector<Rect> inputs;
 
  private:
   std::function<void(bool)> handler_;

@@ -1,0 +1,56 @@
+#include "platform/linux/LinuxDesktop.h"
+
+#include "platform/linux/DBusNotifications.h"
+#include "platform/linux/DBusSessionService.h"
+#include "platform/linux/InstalledPrograms.h"
+#include "platform/linux/ProcReadings.h"
+#include "platform/linux/SessionBus.h"
+#include "platform/linux/X11Connection.h"
+#include "platform/linux/X11HotKeys.h"
+#include "platform/linux/X11Pointer.h"
+#include "platform/linux/X11Screens.h"
+#include "platform/linux/X11WindowStyle.h"
+#include "platform/linux/X11Workspace.h"
+
+namespace ambrel {
+
+struct LinuxDesktop::Parts {
+  explicit Parts(const std::string& display)
+      : connection(display.empty() ? nullptr : X11Connection::open(display)),
+        bus(openSessionBus()),
+        pointer(connection.get()),
+        screens(connection.get()),
+        windowStyle(connection.get()),
+        workspace(connection.get(), "/proc", ProgramFolders::ofThisSession()),
+        hotKeys(connection.get()),
+        notifications(bus),
+        session(bus) {}
+
+  std::unique_ptr<X11Connection> connection;
+  QDBusConnection bus;
+  X11Pointer pointer;
+  X11Screens screens;
+  X11WindowStyle windowStyle;
+  X11Workspace workspace;
+  X11HotKeys hotKeys;
+  DBusNotifications notifications;
+  ProcReadings readings;
+  DBusSessionService session;
+};
+
+LinuxDesktop::LinuxDesktop(const std::string& display) : parts_(std::make_unique<Parts>(display)) {}
+LinuxDesktop::~LinuxDesktop() = default;
+
+Desktop LinuxDesktop::seams() {
+  return {.pointer = parts_->pointer,
+          .screens = parts_->screens,
+          .windowStyle = parts_->windowStyle,
+          .workspace = parts_->workspace,
+          .hotKeys = parts_->hotKeys,
+          .notifications = parts_->notifications,
+          .readings = parts_->readings};
+}
+
+SessionService& LinuxDesktop::session() { return parts_->session; }
+
+}  // namespace ambrel

@@ -1,0 +1,27 @@
+#pragma once
+// The desktop that the program runs on, made of what this session has: X11 where there is an X server, D-Bus where
+// there is a session bus. What is missing says so to those who ask; nothing here fails.
+
+#include <memory>
+#include <string>
+
+#include "platform/Desktop.h"
+#include "platform/SessionService.h"
+
+namespace ambrel {
+
+class LinuxDesktop {
+ public:
+  // display: as in DISPLAY; empty for none. After the toolkit's application object.
+  explicit LinuxDesktop(const std::string& display);
+  ~LinuxDesktop();
+
+  Desktop seams();
+  SessionService& session();
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace ambrel
