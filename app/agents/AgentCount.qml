@@ -1,0 +1,27 @@
+import QtQuick
+import Ambrel.Agents
+import Ambrel.Kit
+
+// A count in the colour of its status, with the word beneath.
+Column {
+    id: root
+
+    required property int count
+    required property string word
+    required property Tone tone
+
+    Label {
+        text: root.count
+        role: Theme.value
+        color: root.tone.text
+        hasTip: false
+        Accessible.ignored: true
+    }
+    Label {
+        text: root.word
+        role: Theme.subLine
+        color: Theme.ink2
+        hasTip: false
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,107 @@
+import QtQuick
+import Ambrel.Agents
+import Ambrel.Kit
+
+// One session: its tool, what it is about, its status and its age. A click brings the tool forward.
+Pressable {
+    id: root
+
+    required property string sessionId
+    required property string kind
+    required property string symbol
+    required property string title
+    required property string subtitle
+    required property string status
+    required property string statusText
+    required property string age
+    readonly property bool isChosen: hovered || activeFocus
+
+    implicitHeight: 44
+    label: title + ", " + subtitle + ", " + statusText + ", " + age
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radiusButton
+        color: root.down ? Theme.greySoft : Theme.card
+        opacity: root.isChosen || root.down ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.hoverDuration
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+
+    Rectangle {
+        id: box
+
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.space2
+        anchors.verticalCenter: parent.verticalCenter
+        width: 32
+        height: 32
+        radius: Theme.radiusButton
+        color: Theme.card
+        border.width: 1
+        border.color: Theme.line
+
+        Symbol {
+            anchors.centerIn: parent
+            name: root.symbol
+            size: 18
+            color: Theme.ink2
+        }
+    }
+
+    Column {
+        anchors.left: box.right
+        anchors.leftMargin: Theme.space3
+        anchors.right: pill.left
+        anchors.rightMargin: Theme.space3
+        anchors.verticalCenter: parent.verticalCenter
+
+        Label {
+            width: parent.width
+            text: root.title
+            role: Theme.rowTitle
+            Accessible.ignored: true
+        }
+        Label {
+            width: parent.width
+            text: root.subtitle
+            role: Theme.small
+            color: Theme.ink2
+            Accessible.ignored: true
+        }
+    }
+
+    StatusPill {
+        id: pill
+
+        anchors.right: ageLabel.left
+        anchors.rightMargin: Theme.space2
+        anchors.verticalCenter: parent.verticalCenter
+        status: root.status
+        text: root.statusText
+        Accessible.ignored: true
+    }
+
+    Label {
+        id: ageLabel
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space3
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.max(64, implicitWidth)
+        horizontalAlignment: Text.AlignRight
+        text: root.age
+        role: Theme.small
+        color: Theme.ink2
+        Accessible.ignored: true
+    }
+
+    FocusRing {
+        targetRadius: Theme.radiusButton
+    }
+}

@@ -1,0 +1,136 @@
+#include "app/agents/AgentsModel.h"
+
+#include "app/model/AppSettings.h"
+#include "core/base/LocalText.h"
+
+namespace ambrel {
+namespace {
+
+QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
+
+QString statusText(AgentStatus status) {
+  switch (status) {
+    case AgentStatus::needsInput: return QStringLiteral("Needs you");
+    case AgentStatus::working: return QStringLiteral("Working");
+    case AgentStatus::finished: return QStringLiteral("Done");
+    case AgentStatus::idle: return QStringLiteral("Idle");
+  }
+  return {};
+}
+
+QString kindSymbol(AgentKind kind) {
+  switch (kind) {
+    case AgentKind::claudeCode: return QStringLiteral("terminal");
+    case AgentKind::codex: return QStringLiteral("chevron.left.forwardslash.chevron.right");
+    case AgentKind::cursor: return QStringLiteral("cursorarrow");
+    case AgentKind::antigravity: return QStringLiteral("brain");
+  }
+  return {};
+}
+
+// "web-shop · Bash"; the tool's name when the title says the project already and there is nothing else to say.
+QString subtitle(const AgentSession& session) {
+  QStringList parts;
+  if (session.project && *session.project != session.title) parts << text(*session.project);
+  if (session.detail) parts << text(*session.detail);
+  if (parts.isEmpty() || session.title == session.project) parts.prepend(text(displayName(session.kind)));
+  return parts.join(QStringLiteral(" · "));
+}
+
+}  // namespace
+
+AgentsModel::AgentsModel(AppSettings& settings, AgentReaders readers, std::filesystem::path home, Calendar calendar,
+                         Seams seams, QObject* parent)
+    : RecordListModel(parent),
+      settings_(settings),
+      readers_(std::make_shared<const AgentReaders>(std::move(readers))),
+      home_(std::move(home)),
+      calendar_(std::move(calendar)),
+      seams_(std::move(seams)) {}
+
+void AgentsModel::refresh() {
+  if (!settings_.agentsEnabled()) {
+    publish({}, seams_.now());
+    return;
+  }
+  if (isRefreshing_) return;
+  isRefreshing_ = true;
+  const Instant now = seams_.now();
+  auto result = std::make_shared<std::vector<AgentSession>>();
+  seams_.background([readers = readers_, home = home_, now, result] { *result = mergedSessions(*readers, home, now); },
+                    [this, result, now] {
+                      isRefreshing_ = false;
+                      // Switched off while the poll ran: its result is no longer wanted.
+                      if (settings_.agentsEnabled()) apply(std::move(*result), now);
+                    });
+}
+
+void AgentsModel::apply(std::vector<AgentSession> sessions, Instant now) {
+  if (hasLoadedOnce_) {
+    for (const AgentSession& session : agentTransitions(sessions_, sessions)) {
+      if (session.status == AgentStatus::finished && onSessionFinished) onSessionFinished();
+      if (!settings_.agentNotifications()) continue;
+      const AgentAnnouncement news = announcement(session);
+      seams_.notifications.post(
+          {.identifier = news.identifier, .title = news.title, .body = news.body, .sound = true});
+    }
+  }
+  publish(std::move(sessions), now);
+  if (!std::exchange(hasLoadedOnce_, true)) Q_EMIT loaded();
+}
+
+void AgentsModel::publish(std::vector<AgentSession> sessions, Instant now) {
+  std::vector<AgentRecord> records;
+  for (const AgentSession& session : sessions)
+    records.push_back({session, text(relativeAge(calendar_, session.updatedAt, now))});
+  setRows(records);
+  if (sessions == sessions_) return;
+  sessions_ = std::move(sessions);
+  counts_ = agentCounts(sessions_);
+  Q_EMIT sessionsChanged();
+}
+
+QString AgentsModel::summary() const {
+  if (sessions_.empty()) return QStringLiteral("No agent activity");
+  QStringList parts;
+  if (counts_.needsInput > 0) parts << QStringLiteral("%1 need you").arg(counts_.needsInput);
+  if (counts_.working > 0) parts << QStringLiteral("%1 working").arg(counts_.working);
+  if (counts_.finished > 0) parts << QStringLiteral("%1 done").arg(counts_.finished);
+  if (counts_.idle > 0) parts << QStringLiteral("%1 idle").arg(counts_.idle);
+  return parts.join(QStringLiteral(", "));
+}
+
+void AgentsModel::openSession(const QString& id) {
+  const std::string wanted = id.toStdString();
+  for (const AgentSession& session : sessions_) {
+    if (session.id != wanted) continue;
+    const std::string_view bundle = bundleIdentifier(session.kind);
+    if (!seams_.workspace.activate(bundle)) seams_.workspace.open(bundle);
+    return;
+  }
+}
+
+QVariant AgentsModel::data(const QModelIndex& index, int role) const {
+  const AgentRecord* record = row(index);
+  if (!record) return {};
+  const AgentSession& session = record->session;
+  switch (role) {
+    case IdRole: return text(session.id);
+    case KindRole: return text(displayName(session.kind));
+    case SymbolRole: return kindSymbol(session.kind);
+    case Qt::DisplayRole:
+    case TitleRole: return text(session.title);
+    case SubtitleRole: return subtitle(session);
+    case StatusRole: return text(nameOf(session.status));
+    case StatusTextRole: return statusText(session.status);
+    case AgeRole: return record->age;
+    default: return {};
+  }
+}
+
+QHash<int, QByteArray> AgentsModel::roleNames() const {
+  return {{IdRole, "sessionId"},     {KindRole, "kind"},     {SymbolRole, "symbol"},         {TitleRole, "title"},
+          {SubtitleRole, "subtitle"}, {StatusRole, "status"}, {StatusTextRole, "statusText"}, {AgeRole, "age"}};
+}
+
+}  // namespace ambrel
