@@ -1,0 +1,29 @@
+#include "app/widgets/ClockModel.h"
+
+#include "core/base/LocalText.h"
+
+namespace ambrel {
+
+ClockModel::ClockModel(Calendar calendar, QObject* parent) : QObject(parent), calendar_(std::move(calendar)) {}
+
+void ClockModel::tick(Instant now) {
+  const auto formatted = [&](const char* skeleton) {
+    return QString::fromStdString(formattedDate(calendar_, now, skeleton));
+  };
+  const QString time = QString::fromStdString(shortTime(calendar_, now)), fullDate = formatted("yMMMMEEEEd");
+  if (time == time_ && fullDate == fullDate_) return;
+  time_ = time;
+  fullDate_ = fullDate;
+  shortDate_ = formatted("EEEdMMM");
+  day_ = formatted("d");
+  weekday_ = formatted("EEEE");
+  month_ = formatted("yMMMM");
+  Q_EMIT changed();
+}
+
+Instant ClockModel::nextTick(Instant now) {
+  using namespace std::chrono;
+  return Instant(floor<minutes>(now) + minutes(1));
+}
+
+}  // namespace ambrel

@@ -1,0 +1,27 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Widgets
+
+// Processor load, with its last minute.
+TileFrame {
+    id: root
+
+    required property SystemMonitor system
+    readonly property bool isKnown: !isNaN(system.cpuPercent)
+
+    name: qsTr("CPU")
+    symbol: "cpu"
+    value: isKnown ? Math.round(system.cpuPercent) : "–"
+    unit: isKnown ? "%" : ""
+    subLine: isKnown ? system.coreCount === 1 ? qsTr("1 core") : qsTr("%1 cores").arg(system.coreCount) : qsTr("Measuring…")
+    reserved: span === TileFrame.Small ? 0 : 42
+    tip: isKnown ? qsTr("Processor load: %1 %").arg(Math.round(system.cpuPercent)) : ""
+
+    Sparkline {
+        visible: root.span !== TileFrame.Small
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        values: root.system.cpuHistory
+        opacity: root.markOpacity
+    }
+}

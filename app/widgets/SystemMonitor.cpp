@@ -1,0 +1,113 @@
+#include "app/widgets/SystemMonitor.h"
+
+#include <limits>
+#include <memory>
+
+#include "core/base/LocalText.h"
+
+namespace ambrel {
+namespace {
+
+constexpr qreal unknown = std::numeric_limits<qreal>::quiet_NaN();
+
+QList<qreal> list(const History& history) {
+  QList<qreal> out;
+  for (const double value : history.values()) out.append(value);
+  return out;
+}
+
+}  // namespace
+
+SystemMonitor::SystemMonitor(const SystemReadings& readings, Background background, Calendar calendar, QObject* parent)
+    : QObject(parent), readings_(readings), background_(std::move(background)), calendar_(std::move(calendar)) {}
+
+void SystemMonitor::tick(Instant now) {
+  const auto ticks = readings_.processor();
+  if (ticks && lastTicks_) {
+    // Two readings within one clock tick of the kernel say nothing; the last share stands.
+    if (const auto usage = processorUsage(*lastTicks_, *ticks)) {
+      cpuUsage_ = usage;
+      cpuHistory_.append(*usage * 100);
+    }
+  }
+  if (!ticks) cpuUsage_.reset();
+  lastTicks_ = ticks;
+  memory_ = readings_.memory();
+  sampleNetwork();
+  sampleDisk(now);
+  Q_EMIT ticked();
+}
+
+void SystemMonitor::sampleNetwork() {
+  NetworkSample sample{readings_.network(), readings_.sinceBoot()};
+  network_ = lastNetwork_ && !sample.counters.empty()
+                 ? networkRates(lastNetwork_->counters, sample.counters, sample.at - lastNetwork_->at)
+                 : std::nullopt;
+  if (network_) {
+    downloadHistory_.append(network_->receivedPerSecond);
+    uploadHistory_.append(network_->sentPerSecond);
+  }
+  lastNetwork_ = std::move(sample);
+}
+
+void SystemMonitor::sampleDisk(Instant now) {
+  if (isReadingDisk_ || (lastDiskSample_ && secondsBetween(*lastDiskSample_, now) < diskInterval)) return;
+  lastDiskSample_ = now;
+  isReadingDisk_ = true;
+  auto result = std::make_shared<std::optional<VolumeSizes>>();
+  background_([&readings = readings_, result] { *result = readings.startUpVolume(); },
+              [this, result] {
+                isReadingDisk_ = false;
+                if (disk_ == *result) return;
+                disk_ = *result;
+                Q_EMIT diskChanged();
+              });
+}
+
+qreal SystemMonitor::cpuPercent() const { return cpuUsage_ ? *cpuUsage_ * 100 : unknown; }
+
+qreal SystemMonitor::memoryPercent() const {
+  return memory_ ? 100.0 * static_cast<qreal>(memory_->usedBytes()) / static_cast<qreal>(memory_->totalBytes) : unknown;
+}
+
+qreal SystemMonitor::diskPercent() const {
+  return disk_ && disk_->totalBytes > 0
+             ? 100.0 * static_cast<qreal>(disk_->totalBytes - disk_->freeBytes) / static_cast<qreal>(disk_->totalBytes)
+             : unknown;
+}
+
+QList<qreal> SystemMonitor::cpuHistory() const { return list(cpuHistory_); }
+QList<qreal> SystemMonitor::downloadHistory() const { return list(downloadHistory_); }
+QList<qreal> SystemMonitor::uploadHistory() const { return list(uploadHistory_); }
+
+QString SystemMonitor::memoryText() const {
+  if (!memory_) return {};
+  return QStringLiteral("%1 of %2 in use")
+      .arg(QString::fromStdString(fileSize(calendar_, static_cast<std::int64_t>(memory_->usedBytes()))),
+           QString::fromStdString(fileSize(calendar_, static_cast<std::int64_t>(memory_->totalBytes))));
+}
+
+QString SystemMonitor::diskText() const {
+  if (!disk_) return {};
+  return QStringLiteral("%1 of %2 free")
+      .arg(QString::fromStdString(fileSize(calendar_, disk_->freeBytes)),
+           QString::fromStdString(fileSize(calendar_, disk_->totalBytes)));
+}
+
+QString SystemMonitor::downloadFigure() const {
+  return network_ ? QString::fromStdString(rateText(calendar_, network_->receivedPerSecond).figure) : QString();
+}
+
+QString SystemMonitor::downloadUnit() const {
+  return network_ ? QString::fromStdString(rateText(calendar_, network_->receivedPerSecond).unit) : QString();
+}
+
+QString SystemMonitor::uploadFigure() const {
+  return network_ ? QString::fromStdString(rateText(calendar_, network_->sentPerSecond).figure) : QString();
+}
+
+QString SystemMonitor::uploadUnit() const {
+  return network_ ? QString::fromStdString(rateText(calendar_, network_->sentPerSecond).unit) : QString();
+}
+
+}  // namespace ambrel

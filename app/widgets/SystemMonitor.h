@@ -1,0 +1,95 @@
+#pragma once
+// The readings that the bar always has: processor, memory, start-up volume, network.
+
+#include <QObject>
+#include <QString>
+#include <QList>
+#include <QtQml/qqmlregistration.h>
+#include <optional>
+#include <thread>
+
+#include "app/base/Background.h"
+#include "core/base/Calendar.h"
+#include "core/telemetry.h"
+#include "platform/SystemReadings.h"
+
+namespace ambrel {
+
+// `tick` is called every 2 seconds. What could not be read stays unknown: nothing here is ever a made-up 0.
+class SystemMonitor : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  // Percent, for rings and charts; not a number while unknown.
+  Q_PROPERTY(qreal cpuPercent READ cpuPercent NOTIFY ticked)
+  Q_PROPERTY(qreal memoryPercent READ memoryPercent NOTIFY ticked)
+  Q_PROPERTY(qreal diskPercent READ diskPercent NOTIFY diskChanged)
+  Q_PROPERTY(QList<qreal> cpuHistory READ cpuHistory NOTIFY ticked)
+  Q_PROPERTY(QList<qreal> downloadHistory READ downloadHistory NOTIFY ticked)
+  Q_PROPERTY(QList<qreal> uploadHistory READ uploadHistory NOTIFY ticked)
+  // As they are shown; "" while unknown.
+  Q_PROPERTY(QString memoryText READ memoryText NOTIFY ticked)
+  Q_PROPERTY(QString diskText READ diskText NOTIFY diskChanged)
+  Q_PROPERTY(QString downloadFigure READ downloadFigure NOTIFY ticked)
+  Q_PROPERTY(QString downloadUnit READ downloadUnit NOTIFY ticked)
+  Q_PROPERTY(QString uploadFigure READ uploadFigure NOTIFY ticked)
+  Q_PROPERTY(QString uploadUnit READ uploadUnit NOTIFY ticked)
+  Q_PROPERTY(int coreCount READ coreCount CONSTANT)
+
+ public:
+  static constexpr Seconds tickInterval{2};
+  // Of the histories: one minute of ticks.
+  static constexpr std::size_t historyLength = 30;
+  static constexpr Seconds diskInterval{60};
+
+  SystemMonitor(const SystemReadings& readings, Background background, Calendar calendar, QObject* parent = nullptr);
+
+  void tick(Instant now);
+
+  // 0 to 1.
+  std::optional<double> cpuUsage() const { return cpuUsage_; }
+  std::optional<MemoryReading> memory() const { return memory_; }
+  std::optional<VolumeSizes> disk() const { return disk_; }
+  std::optional<NetworkRates> network() const { return network_; }
+
+  static int coreCount() { return static_cast<int>(std::thread::hardware_concurrency()); }
+  qreal cpuPercent() const;
+  qreal memoryPercent() const;
+  qreal diskPercent() const;
+  QList<qreal> cpuHistory() const;
+  QList<qreal> downloadHistory() const;
+  QList<qreal> uploadHistory() const;
+  QString memoryText() const;
+  QString diskText() const;
+  QString downloadFigure() const;
+  QString downloadUnit() const;
+  QString uploadFigure() const;
+  QString uploadUnit() const;
+
+ Q_SIGNALS:
+  void ticked();
+  void diskChanged();
+
+ private:
+  void sampleNetwork();
+  void sampleDisk(Instant now);
+
+  const SystemReadings& readings_;
+  Background background_;
+  Calendar calendar_;
+  std::optional<double> cpuUsage_;
+  std::optional<MemoryReading> memory_;
+  std::optional<VolumeSizes> disk_;
+  std::optional<NetworkRates> network_;
+  History cpuHistory_{historyLength}, downloadHistory_{historyLength}, uploadHistory_{historyLength};
+  std::optional<ProcessorTicks> lastTicks_;
+  struct NetworkSample {
+    NetworkCounters counters;
+    Seconds at;
+  };
+  std::optional<NetworkSample> lastNetwork_;
+  std::optional<Instant> lastDiskSample_;
+  bool isReadingDisk_ = false;
+};
+
+}  // namespace ambrel
