@@ -1,0 +1,77 @@
+#pragma once
+// What every widget of the bar may reach: the models, and the callbacks that lead to panels and to the bar.
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+#include <functional>
+
+#include "app/agents/AgentsModel.h"
+#include "app/context/BarLimits.h"
+#include "app/model/AppModel.h"
+#include "app/model/AppSettings.h"
+#include "app/widgets/ClockModel.h"
+#include "app/widgets/SystemMonitor.h"
+
+namespace ambrel {
+
+// Holds references alone; the models belong to the application delegate and outlive it.
+class WidgetContext : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::AppModel* model READ model CONSTANT)
+  Q_PROPERTY(ambrel::AppSettings* settings READ settings CONSTANT)
+  Q_PROPERTY(ambrel::AgentsModel* agents READ agents CONSTANT)
+  Q_PROPERTY(ambrel::SystemMonitor* system READ system CONSTANT)
+  Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT)
+  Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
+  // Whether the tiles are on screen: what is not seen need not be kept current.
+  Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
+
+ public:
+  struct Models {
+    AppModel& model;
+    AppSettings& settings;
+    AgentsModel& agents;
+    SystemMonitor& system;
+    ClockModel& clock;
+  };
+  explicit WidgetContext(const Models& models, QObject* parent = nullptr);
+
+  AppModel* model() const { return &models_.model; }
+  AppSettings* settings() const { return &models_.settings; }
+  AgentsModel* agents() const { return &models_.agents; }
+  SystemMonitor* system() const { return &models_.system; }
+  ClockModel* clock() const { return &models_.clock; }
+  BarLimits* barLimits() { return &barLimits_; }
+  bool widgetsActive() const { return widgetsActive_; }
+  void setWidgetsActive(bool active);
+
+  // Assigned by the delegate when what they lead to exists; until then a call does nothing.
+  std::function<void(const QString& title, const QString& detail, const QString& symbol)> onShowToast;
+  std::function<void()> onToggleAgents;
+  std::function<void()> onToggleCustomize;
+  std::function<void(const QString& item)> onOpenTileMenu;
+  std::function<void(const QString& widget, const QString& item)> onOpenSettings;
+
+  Q_INVOKABLE void showToast(const QString& title, const QString& detail, const QString& symbol) const;
+  Q_INVOKABLE void toggleAgents() const;
+  Q_INVOKABLE void toggleCustomize() const;
+  // What can be done with the tile of a slot.
+  Q_INVOKABLE void openTileMenu(const QString& item) const;
+  // The settings of one widget; `item` is the slot it stands in.
+  Q_INVOKABLE void openSettings(const QString& widget, const QString& item) const;
+
+  // The first slot of the active profile that holds the widget; empty when none does.
+  QString itemOf(const QString& widget) const;
+
+ Q_SIGNALS:
+  void widgetsActiveChanged();
+
+ private:
+  Models models_;
+  BarLimits barLimits_;
+  bool widgetsActive_ = false;
+};
+
+}  // namespace ambrel
