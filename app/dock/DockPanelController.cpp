@@ -1,0 +1,233 @@
+#include "app/dock/DockPanelController.h"
+
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <cmath>
+
+#include "app/dock/PanelWindow.h"
+
+namespace ambrel {
+namespace {
+
+// The pointer counts as resting when so many ticks have found it where it was.
+constexpr int restingAfter = 4;
+// A pointer that a program moves is not announced; a look now and then finds it. Without announcements at all the
+// look has to be quicker.
+constexpr int slowLookInterval = 1000, blindLookInterval = 150;
+
+QRect toRect(const Rect& rect, double mainHeight) {
+  const Rect down = flipped(rect, mainHeight);
+  return QRectF(down.x, down.y, down.width, down.height).toAlignedRect();
+}
+
+}  // namespace
+
+DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& context, Seams seams, QObject* parent)
+    : QObject(parent),
+      engine_(engine),
+      context_(context),
+      seams_(std::move(seams)),
+      settings_(*context.settings()),
+      presentation_(seams_.later) {
+  for (QObject* object : {static_cast<QObject*>(&tiles_), static_cast<QObject*>(&presentation_)})
+    QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+  timer_.setSingleShot(true);
+  timer_.setTimerType(Qt::PreciseTimer);
+  slowLook_.setTimerType(Qt::CoarseTimer);
+  connect(&timer_, &QTimer::timeout, this, [this] { tick(seams_.now()); });
+  connect(&slowLook_, &QTimer::timeout, this, [this] {
+    if (!timer_.isActive() && seams_.pointer.location() != lastPointer_) tick(seams_.now());
+  });
+  connect(&presentation_, &Presentation::orderFront, this, [this] {
+    if (!window_) return;
+    window_->show();
+    window_->raise();
+  });
+  connect(&presentation_, &Presentation::orderOut, this, [this] {
+    if (window_) window_->hide();
+  });
+  connect(&presentation_, &Presentation::changed, this,
+          [this] { context_.setWidgetsActive(presentation_.isOnScreen()); });
+  connect(&presentation_, &Presentation::changed, this, &DockPanelController::presentationChanged);
+  systemDock_.onChange = [this](bool) { updatePosition(); };
+  connect(&settings_, &AppSettings::dockEdgeChanged, this, [this] { updatePosition(); });
+  connect(&settings_, &AppSettings::barAlwaysVisibleChanged, this, [this] {
+    // A bar that no longer always stands goes by the pointer, as if it had just been revealed.
+    if (!settings_.barAlwaysVisible()) reveal_.reveal();
+    apply();
+    schedule(seams_.now());
+  });
+  connect(context_.model(), &AppModel::activeProfileChanged, this, [this] { updatePosition(); });
+  seams_.windowStyle.setCompositingHandler([this](bool) { updatePosition(); });
+}
+
+DockPanelController::~DockPanelController() = default;
+
+QWindow* DockPanelController::window() const { return window_.get(); }
+
+void DockPanelController::start() {
+  updatePosition();
+  makeWindow();
+  apply();
+  watchPointer();
+  schedule(seams_.now());
+}
+
+void DockPanelController::makeWindow() {
+  window_ = std::make_unique<PanelWindow>(engine_, seams_.windowStyle, WindowRole::dock);
+  window_->setInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(this)},
+                                 {QStringLiteral("context"), QVariant::fromValue(&context_)}});
+  window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/DockView.qml")));
+  window_->setTitle(QStringLiteral("Tilebay"));
+  connect(window_.get(), &PanelWindow::leaveAsked, this, &DockPanelController::leaveKeyboard);
+  connect(window_.get(), &QWindow::activeChanged, this, [this] {
+    if (!window_->isActive()) leaveKeyboard();
+  });
+  updatePosition();
+}
+
+std::optional<ScreenInfo> DockPanelController::mainScreen() const {
+  const auto screens = seams_.screens.list();
+  return screens.empty() ? std::nullopt : std::optional(screens.front());
+}
+
+void DockPanelController::setScale(qreal scale) {
+  if (scale == scale_) return;
+  scale_ = scale;
+  updatePosition();
+}
+
+void DockPanelController::updateTiles() {
+  const auto profile = context_.model()->activeProfile();
+  content_ = barContent(profile ? profile->items : std::vector<DockItem>{}, settings_.dockEdge(),
+                        placement_.maxLength, scale_);
+  tiles_.show(content_.tiles);
+}
+
+void DockPanelController::updatePosition() {
+  const auto screen = mainScreen();
+  if (!screen) return;
+  const auto placed = [&] {
+    return placedBar({screen->frame, screen->visibleFrame}, settings_.dockEdge(), content_.slab.width(),
+                     content_.slab.height(), systemDock_.isShowing());
+  };
+  placement_ = placed();
+  if (onMaxLength) onMaxLength(placement_.maxLength);
+  updateTiles();
+  placement_ = placed();
+  if (window_)
+    window_->setPanelFrame(toRect(placement_.frame, seams_.screens.mainHeight()),
+                           toRect(screen->frame, seams_.screens.mainHeight()));
+  Q_EMIT layoutChanged();
+}
+
+void DockPanelController::apply() {
+  const bool isHeld = isHoldingOpen && isHoldingOpen();
+  presentation_.setPeeking(reveal_.isPeeking(seams_.now()));
+  if (reveal_.shouldShow(settings_.barAlwaysVisible(), isHeld))
+    presentation_.show();
+  else
+    presentation_.hide();
+}
+
+void DockPanelController::peek(Seconds length) {
+  reveal_.peek(length, seams_.now());
+  apply();
+  schedule(seams_.now());
+}
+
+void DockPanelController::reveal() {
+  reveal_.reveal();
+  apply();
+  schedule(seams_.now());
+}
+
+void DockPanelController::revealForKeyboard() {
+  reveal();
+  if (!window_) return;
+  hasKeyboard_ = true;
+  window_->setFlag(Qt::WindowDoesNotAcceptFocus, false);
+  window_->requestActivate();
+  if (window_->rootObject()) window_->rootObject()->forceActiveFocus(Qt::TabFocusReason);
+}
+
+void DockPanelController::leaveKeyboard() {
+  if (!std::exchange(hasKeyboard_, false) || !window_) return;
+  window_->setFlag(Qt::WindowDoesNotAcceptFocus, true);
+  schedule(seams_.now());
+}
+
+void DockPanelController::holdingChanged() {
+  apply();
+  schedule(seams_.now());
+}
+
+BarSurroundings DockPanelController::surroundings(Point pointer) const {
+  const auto screen = mainScreen();
+  return {.pointer = pointer,
+          .screen = screen ? screen->frame : Rect{},
+          .bar = placement_.frame,
+          .edge = settings_.dockEdge(),
+          .isAlwaysVisible = settings_.barAlwaysVisible(),
+          .isHeldOpen = hasKeyboard_ || (isHoldingOpen && isHoldingOpen())};
+}
+
+void DockPanelController::tick(Instant now) {
+  const auto screen = mainScreen();
+  const auto pointer = seams_.pointer.location();
+  if (screen && pointer) {
+    restingTicks_ = pointer == lastPointer_ ? restingTicks_ + 1 : 0;
+    if (screen->frame.contains(*pointer, true)) systemDock_.tick(pointer->y - screen->frame.minY(), now);
+    if (reveal_.tick(surroundings(*pointer), now)) apply();
+    presentation_.setPeeking(reveal_.isPeeking(now));
+  }
+  lastPointer_ = pointer;
+  schedule(now);
+}
+
+void DockPanelController::schedule(Instant now) {
+  const auto screen = mainScreen();
+  const bool isMoving = screen && lastPointer_ && restingTicks_ < restingAfter;
+  const std::optional<Instant> deadlines[] = {
+      lastPointer_ ? reveal_.waitsUntil(surroundings(*lastPointer_)) : std::nullopt, systemDock_.waitsUntil()};
+  const auto next = nextTick(now, isMoving, deadlines);
+  if (next) {
+    const auto wait = std::ceil(secondsBetween(now, *next).count() * 1000);
+    timer_.start(static_cast<int>(std::max(0.0, wait)));
+  } else {
+    timer_.stop();
+  }
+  if (!isMoving) watchPointer();
+}
+
+void DockPanelController::watchPointer() {
+  const bool isAnnounced = seams_.pointer.wakeOnMove([this] {
+    restingTicks_ = 0;
+    tick(seams_.now());
+  });
+  const int interval = isAnnounced ? slowLookInterval : blindLookInterval;
+  if (!slowLook_.isActive() || slowLook_.interval() != interval) slowLook_.start(interval);
+}
+
+PanelAnchor DockPanelController::anchor(const QString& item) const {
+  const auto screen = mainScreen();
+  const double height = seams_.screens.mainHeight();
+  PanelAnchor anchor{.tile = {}, .bar = toRect(placement_.frame, height), .screen = {}, .edge = settings_.dockEdge()};
+  if (screen) anchor.screen = toRect(screen->frame, height);
+  for (const TileRecord& tile : content_.tiles) {
+    if (tile.item != item) continue;
+    const bool isRow = anchor.edge == DockEdge::bottom;
+    const QPointF scrolled(isRow ? scrollOffset_ : 0, isRow ? 0 : scrollOffset_);
+    anchor.tile = tile.frame.translated(anchor.bar.topLeft() - scrolled).toAlignedRect().intersected(anchor.bar);
+  }
+  return anchor;
+}
+
+QString DockPanelController::edgeName() const {
+  const auto name = nameOf(settings_.dockEdge());
+  return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+QRectF DockPanelController::slab() const { return window_ ? window_->panelRect() : QRectF({}, content_.slab); }
+
+}  // namespace ambrel

@@ -1,0 +1,133 @@
+#pragma once
+// The bar: its window, its place, and when it is shown.
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <QtQml/qqmlregistration.h>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "app/context/WidgetContext.h"
+#include "app/dock/DockPopoverController.h"
+#include "app/base/Presentation.h"
+#include "app/dock/SystemDockWatcher.h"
+#include "app/dock/TileListModel.h"
+#include "core/dock.h"
+#include "platform/Pointer.h"
+#include "platform/Screens.h"
+#include "platform/WindowStyle.h"
+
+class QQmlEngine;
+
+namespace ambrel {
+
+class PanelWindow;
+
+// Ticks 30 times a second while the pointer moves or something is due, and not at all while it rests.
+class DockPanelController : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::TileListModel* tiles READ tiles CONSTANT)
+  Q_PROPERTY(bool isContentShown READ isContentShown NOTIFY presentationChanged)
+  Q_PROPERTY(bool isOnScreen READ isOnScreen NOTIFY presentationChanged)
+  Q_PROPERTY(QString edge READ edgeName NOTIFY layoutChanged)
+  // In the window.
+  Q_PROPERTY(QRectF slab READ slab NOTIFY layoutChanged)
+  // Of all tiles along the edge; longer than the slab when the bar scrolls.
+  Q_PROPERTY(qreal contentLength READ contentLength NOTIFY layoutChanged)
+  Q_PROPERTY(bool isScrolling READ isScrolling NOTIFY layoutChanged)
+  Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY layoutChanged)
+  // How far the view has scrolled; the view keeps it current.
+  Q_PROPERTY(qreal scrollOffset MEMBER scrollOffset_)
+  Q_PROPERTY(bool isCompositing READ isCompositing NOTIFY layoutChanged)
+
+ public:
+  struct Seams {
+    PointerMonitor& pointer;
+    Screens& screens;
+    WindowStyle& windowStyle;
+    std::function<Instant()> now;
+    DelayedStep later;
+  };
+  // `scale` enlarges the tiles with the text of the theme.
+  DockPanelController(QQmlEngine& engine, WidgetContext& context, Seams seams, QObject* parent = nullptr);
+  ~DockPanelController() override;
+
+  // True while a panel that is anchored to the bar is open.
+  std::function<bool()> isHoldingOpen;
+  // Told the longest that the bar may be, whenever the placement is reckoned.
+  std::function<void(qreal)> onMaxLength;
+
+  // Makes the window and begins to watch the pointer.
+  void start();
+
+  // Shows or hides by the present state.
+  void apply();
+  void peek(Seconds length);
+  // Comes out, and stays as a hovered bar does; a panel may open from it.
+  void reveal();
+  // As reveal, and takes the keyboard: arrows move between the tiles, Escape gives it back.
+  void revealForKeyboard();
+  Q_INVOKABLE void leaveKeyboard();
+  void updatePosition();
+  // A panel has opened or closed.
+  void holdingChanged();
+  void setScale(qreal scale);
+
+  // For a panel that belongs to a slot; an empty id stands for the middle of the bar.
+  PanelAnchor anchor(const QString& item) const;
+
+  TileListModel* tiles() { return &tiles_; }
+  const Presentation& presentation() const { return presentation_; }
+  bool isContentShown() const { return presentation_.isContentShown(); }
+  bool isOnScreen() const { return presentation_.isOnScreen(); }
+  QString edgeName() const;
+  QRectF slab() const;
+  qreal contentLength() const { return content_.contentLength; }
+  bool isScrolling() const { return content_.isScrolling; }
+  bool isEmpty() const { return content_.tiles.empty(); }
+  bool isCompositing() const { return seams_.windowStyle.isCompositing(); }
+  const BarReveal& revealState() const { return reveal_; }
+  QWindow* window() const;
+  // Whether a tick is due without the pointer moving.
+  bool isTicking() const { return timer_.isActive(); }
+
+  void tick(Instant now);
+
+ Q_SIGNALS:
+  void layoutChanged();
+  void presentationChanged();
+
+ private:
+  void makeWindow();
+  void updateTiles();
+  BarSurroundings surroundings(Point pointer) const;
+  std::optional<ScreenInfo> mainScreen() const;
+  void schedule(Instant now);
+  void watchPointer();
+  QRect windowFrame() const;
+
+  QQmlEngine& engine_;
+  WidgetContext& context_;
+  Seams seams_;
+  AppSettings& settings_;
+  TileListModel tiles_;
+  Presentation presentation_;
+  SystemDockWatcher systemDock_;
+  BarReveal reveal_;
+  BarContent content_;
+  BarPlacement placement_;
+  std::unique_ptr<PanelWindow> window_;
+  QTimer timer_;
+  QTimer slowLook_;
+  std::optional<Point> lastPointer_;
+  int restingTicks_ = 0;
+  qreal scale_ = 1;
+  qreal scrollOffset_ = 0;
+  bool hasKeyboard_ = false;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,123 @@
+import QtQuick
+import Ambrel.Context
+import Ambrel.Dock
+import Ambrel.Kit
+
+// The bar: its slab, which slides over the edge of the screen, and the tiles on it.
+FocusScope {
+    id: root
+
+    required property DockPanelController controller
+    required property WidgetContext context
+    readonly property bool isRow: controller.edge === "bottom"
+    readonly property rect slabFrame: controller.slab
+    // How far the slab has to go to be beyond the edge.
+    readonly property real hiddenOffset: isRow ? height - slabFrame.y : controller.edge === "left" ? -(slabFrame.x + slabFrame.width) : width - slabFrame.x
+
+    Accessible.role: Accessible.ToolBar
+    Accessible.name: qsTr("Tilebay")
+
+    Keys.onEscapePressed: controller.leaveKeyboard()
+    Keys.onPressed: event => {
+        const forwards = event.key === Qt.Key_Right || event.key === Qt.Key_Down;
+        if (!forwards && event.key !== Qt.Key_Left && event.key !== Qt.Key_Up)
+            return;
+        const from = root.Window.activeFocusItem || root;
+        const next = from.nextItemInFocusChain(forwards);
+        if (next)
+            next.forceActiveFocus(Qt.TabFocusReason);
+        event.accepted = true;
+    }
+
+    SpringValue {
+        id: slide
+
+        readonly property bool isIn: root.controller.isContentShown
+
+        isInstant: Theme.reducedMotion
+        response: isIn ? 0.44 : 0.3
+        damping: isIn ? 0.86 : 1
+        target: isIn ? 0 : root.hiddenOffset
+    }
+
+    Item {
+        id: slab
+
+        x: root.slabFrame.x + (root.isRow ? 0 : slide.value)
+        y: root.slabFrame.y + (root.isRow ? slide.value : 0)
+        width: root.slabFrame.width
+        height: root.slabFrame.height
+
+        Shadow {
+            visible: root.controller.isCompositing
+            kind: "floating"
+            radius: Theme.radiusBar
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.radiusBar
+            color: root.controller.isCompositing ? Theme.bar : Qt.rgba(Theme.bar.r, Theme.bar.g, Theme.bar.b, 1)
+            border.width: 1
+            border.color: Theme.barLine
+            antialiasing: true
+        }
+
+        Flickable {
+            id: flick
+
+            anchors.fill: parent
+            // Nothing shows through the round corners while the tiles scroll.
+            anchors.margins: root.controller.isScrolling ? 1 : 0
+            clip: root.controller.isScrolling
+            interactive: root.controller.isScrolling
+            boundsBehavior: Flickable.StopAtBounds
+            contentWidth: root.isRow ? root.controller.contentLength : width
+            contentHeight: root.isRow ? height : root.controller.contentLength
+            flickableDirection: root.isRow ? Flickable.HorizontalFlick : Flickable.VerticalFlick
+            onContentXChanged: root.controller.scrollOffset = root.isRow ? contentX : contentY
+            onContentYChanged: root.controller.scrollOffset = root.isRow ? contentX : contentY
+
+            opacity: root.controller.isContentShown || !root.controller.isOnScreen ? 1 : 0
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: 100
+                    easing.type: Easing.OutCubic
+                }
+            }
+
+            WheelHandler {
+                enabled: root.controller.isScrolling
+                orientation: Qt.Vertical
+                onWheel: event => {
+                    const step = -event.angleDelta.y / 120 * (Theme.tileMedium + Theme.space2);
+                    if (root.isRow)
+                        flick.contentX = Math.max(0, Math.min(flick.contentWidth - flick.width, flick.contentX + step));
+                    else
+                        flick.contentY = Math.max(0, Math.min(flick.contentHeight - flick.height, flick.contentY + step));
+                }
+            }
+
+            Repeater {
+                model: root.controller.tiles
+
+                DockTile {
+                    context: root.context
+                    onRevealAsked: frame => {
+                        if (root.isRow)
+                            flick.contentX = Math.max(Math.min(flick.contentX, frame.x - Theme.space2), frame.x + frame.width + Theme.space2 - flick.width);
+                        else
+                            flick.contentY = Math.max(Math.min(flick.contentY, frame.y - Theme.space2), frame.y + frame.height + Theme.space2 - flick.height);
+                    }
+                }
+            }
+        }
+
+        EmptyBar {
+            anchors.fill: parent
+            visible: root.controller.isEmpty
+            context: root.context
+        }
+    }
+}

@@ -1,0 +1,17 @@
+#pragma once
+// Where a panel stands beside the bar. Qt's coordinates: y grows downwards; logical pixels.
+
+#include <QRect>
+
+#include "core/dock.h"
+
+namespace ambrel {
+
+// Free between the bar and a panel, and between a panel and the edges of its screen.
+inline constexpr int panelGap = 8;
+
+// A panel of `size` beside `bar`, centred on `anchor` (the tile it belongs to; empty means the bar's middle) and
+// moved along the bar as far as it must to stay on `screen`. A panel larger than the room is cut to it.
+QRect panelFrame(QSize size, const QRect& anchor, const QRect& bar, const QRect& screen, DockEdge edge);
+
+}  // namespace ambrel

@@ -1,0 +1,36 @@
+import QtQuick
+import Ambrel.Base
+import Ambrel.Dock
+
+// Puts what a panel shows where the panel stands in its window. The content is a Popover: it moves in and out by
+// its `open`, and asks to be closed.
+FocusScope {
+    id: root
+
+    required property PanelWindow window
+    required property Presentation presentation
+    required property url contentSource
+    required property var contentProperties
+    readonly property Item content: loader.item as Item
+
+    Loader {
+        id: loader
+
+        x: root.window.panelRect.x
+        y: root.window.panelRect.y
+        width: root.window.panelRect.width
+        height: root.window.panelRect.height
+        focus: true
+        onLoaded: item.open = Qt.binding(() => root.presentation.isContentShown)
+        Component.onCompleted: setSource(root.contentSource, root.contentProperties)
+    }
+
+    Connections {
+        target: loader.item
+        ignoreUnknownSignals: true
+
+        function onCloseRequested() {
+            root.presentation.dismiss();
+        }
+    }
+}

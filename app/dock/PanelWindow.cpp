@@ -1,0 +1,57 @@
+#include "app/dock/PanelWindow.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace ambrel {
+namespace {
+
+// The corners of a panel, for displays on which nothing may be clear.
+constexpr double panelRadius = 16;
+
+}  // namespace
+
+PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role)
+    : QQuickView(&engine, nullptr), style_(style) {
+  setColor(Qt::transparent);
+  setResizeMode(QQuickView::SizeRootObjectToView);
+  setPersistentGraphics(false);
+  style_.prepare(*this, role);
+  if (role != WindowRole::panel) return;
+  connect(this, &QWindow::activeChanged, this, [this] {
+    if (isActive())
+      wasActive_ = true;
+    else if (std::exchange(wasActive_, false))
+      Q_EMIT leaveAsked();
+  });
+}
+
+void PanelWindow::setPanelFrame(const QRect& frame, const QRect& screen) {
+  panelFrame_ = frame;
+  windowFrame_ = frame.adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin).intersected(screen);
+  if (geometry() != windowFrame_) setGeometry(windowFrame_);
+  updateShape();
+  Q_EMIT panelRectChanged();
+}
+
+void PanelWindow::updateShape() {
+  const QRect panel = panelRect();
+  style_.setRoundedMask(*this, panel.x(), panel.y(), panel.width(), panel.height(),
+                        style_.isCompositing() ? 0 : panelRadius);
+  style_.setInputRect(*this, panel.x(), panel.y(), panel.width(), panel.height());
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+  QQuickView::keyPressEvent(event);
+  if (event->key() == Qt::Key_Escape && !event->isAccepted()) {
+    event->accept();
+    Q_EMIT leaveAsked();
+  }
+}
+
+void PanelWindow::mousePressEvent(QMouseEvent* event) {
+  QQuickView::mousePressEvent(event);
+  if (!panelRect().contains(event->position().toPoint())) Q_EMIT leaveAsked();
+}
+
+}  // namespace ambrel

@@ -1,0 +1,49 @@
+#pragma once
+// The window of one panel: clear, frameless, and a margin wider than the panel for its shadow.
+
+#include <QQuickView>
+#include <QtQml/qqmlregistration.h>
+
+#include "platform/WindowStyle.h"
+
+namespace ambrel {
+
+class Presentation;
+
+class PanelWindow : public QQuickView {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by its controller")
+  Q_PROPERTY(QRect panelRect READ panelRect NOTIFY panelRectChanged)
+
+ public:
+  // Around the panel; the shadow lies in it and clicks go through.
+  static constexpr int shadowMargin = 48;
+
+  PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role);
+
+  // Where the panel itself stands, in the window system's coordinates. The window does not leave `screen`, so near an
+  // edge its margin is narrower.
+  void setPanelFrame(const QRect& frame, const QRect& screen);
+  QRect panelFrame() const { return panelFrame_; }
+  // The panel within the window.
+  QRect panelRect() const { return panelFrame_.translated(-windowFrame_.topLeft()); }
+
+ Q_SIGNALS:
+  // Escape, a click beside the panel, or another window has taken the keys.
+  void leaveAsked();
+  void panelRectChanged();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  void updateShape();
+
+  WindowStyle& style_;
+  QRect panelFrame_, windowFrame_;
+  bool wasActive_ = false;
+};
+
+}  // namespace ambrel

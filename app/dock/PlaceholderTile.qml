@@ -1,0 +1,38 @@
+import QtQuick
+import Ambrel.Dock
+import Ambrel.Kit
+
+// Stands calmly for a widget that has nothing to show yet.
+TileFrame {
+    id: root
+
+    required property string description
+    readonly property bool isSmall: span === TileFrame.Small
+
+    label: name + ", " + description
+    tip: description
+    hasHeader: !isSmall
+    value: isSmall ? "" : qsTr("Soon")
+    valueColor: Theme.ink3
+    subLine: isSmall ? "" : description
+
+    Symbol {
+        visible: root.isSmall
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 6
+        name: root.symbol
+        size: 24
+        color: Theme.ink3
+    }
+    Label {
+        visible: root.isSmall
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        width: Math.min(implicitWidth, parent.width)
+        text: root.name
+        role: Theme.caption
+        color: Theme.ink2
+        hasTip: false
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,83 @@
+#include "app/dock/TileListModel.h"
+
+#include "core/widgets.h"
+
+namespace ambrel {
+namespace {
+
+QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
+
+TileRecord tileOf(const DockItem& item, const std::string& widgetID) {
+  TileRecord tile;
+  tile.item = text(item.id.text());
+  tile.widget = text(widgetID);
+  if (const auto widget = fromName<DockWidget>(widgetID)) {
+    tile.title = text(title(*widget));
+    tile.symbol = text(symbol(*widget));
+    tile.description = text(description(*widget));
+  } else {
+    tile.title = tile.widget;
+    tile.symbol = QStringLiteral("questionmark.circle");
+    tile.description = QStringLiteral("This version does not know this widget");
+  }
+  return tile;
+}
+
+// Room for a sentence and a button.
+constexpr double emptyLength = 232;
+
+int spanOf(double length) {
+  int span = 0;
+  for (const TileSize size : {TileSize::medium, TileSize::large, TileSize::extraLarge})
+    if (length >= width(size)) ++span;
+  return span;
+}
+
+}  // namespace
+
+QVariant TileListModel::data(const QModelIndex& index, int role) const {
+  const TileRecord* tile = row(index);
+  if (!tile) return {};
+  switch (role) {
+    case ItemRole: return tile->item;
+    case WidgetRole: return tile->widget;
+    case Qt::DisplayRole:
+    case TitleRole: return tile->title;
+    case SymbolRole: return tile->symbol;
+    case DescriptionRole: return tile->description;
+    case FrameRole: return tile->frame;
+    case SpanRole: return tile->span;
+    default: return {};
+  }
+}
+
+QHash<int, QByteArray> TileListModel::roleNames() const {
+  return {{ItemRole, "item"},     {WidgetRole, "widget"},           {TitleRole, "title"},
+          {SymbolRole, "symbol"}, {DescriptionRole, "description"}, {FrameRole, "frame"},
+          {SpanRole, "span"}};
+}
+
+BarContent barContent(const std::vector<DockItem>& items, DockEdge edge, double maxLength, double scale) {
+  BarContent content;
+  std::vector<TileRequest> requests;
+  for (const DockItem& item : items) {
+    if (!item.widget) continue;
+    content.tiles.push_back(tileOf(item, *item.widget));
+    requests.push_back(tileRequest(*item.widget));
+  }
+  const TileLayout layout = fittedTiles(requests, edge, maxLength / scale);
+  for (std::size_t i = 0; i < layout.tiles.size(); ++i) {
+    // The layout reckons from the lower left corner.
+    const Rect& tile = layout.tiles[i];
+    const double y = layout.height - tile.maxY();
+    content.tiles[i].frame = {tile.x * scale, y * scale, tile.width * scale, tile.height * scale};
+    content.tiles[i].span = spanOf(tile.width);
+  }
+  content.slab = QSizeF(layout.width, layout.height) * scale;
+  if (content.tiles.empty()) content.slab = QSizeF(emptyLength, TileLayout::tileHeight + 2 * TileLayout::padding) * scale;
+  content.contentLength = layout.contentLength * scale;
+  content.isScrolling = layout.isScrolling;
+  return content;
+}
+
+}  // namespace ambrel

@@ -1,0 +1,58 @@
+import QtQuick
+import Ambrel.Dock
+import Ambrel.Kit
+import Ambrel.Model
+
+// What can be done with the tile of a slot.
+Menu {
+    id: root
+
+    required property AppModel model
+    // The slot, and its neighbours on the bar; "" at the ends.
+    property string item
+    property string previousItem
+    property string nextItem
+    property bool open: false
+
+    signal customizeAsked
+
+    opacity: open ? 1 : 0
+    onOpenChanged: if (open)
+        focusFirst()
+
+    function move(target: string) {
+        root.model.moveItem(root.item, target, root.model.activeProfileID);
+        root.closeRequested();
+    }
+
+    MenuRow {
+        text: qsTr("Move Back")
+        symbol: "chevron.left"
+        enabled: root.previousItem !== ""
+        onClicked: root.move(root.previousItem)
+    }
+    MenuRow {
+        text: qsTr("Move Forward")
+        symbol: "chevron.right"
+        enabled: root.nextItem !== ""
+        onClicked: root.move(root.nextItem)
+    }
+    MenuRow {
+        text: qsTr("Customize Dock…")
+        symbol: "square.grid.2x2"
+        onClicked: {
+            root.closeRequested();
+            root.customizeAsked();
+        }
+    }
+    MenuRule {}
+    MenuRow {
+        text: qsTr("Remove from Bar")
+        symbol: "trash"
+        isCareful: true
+        onClicked: {
+            root.model.removeItem(root.item, root.model.activeProfileID);
+            root.closeRequested();
+        }
+    }
+}

@@ -1,0 +1,53 @@
+#include "app/dock/TipController.h"
+
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QScreen>
+
+#include "app/dock/PanelWindow.h"
+#include "app/kit/Tips.h"
+
+namespace ambrel {
+namespace {
+
+constexpr int gap = 6;
+
+Tips& tipsOf(QQmlEngine& engine) {
+  return *engine.singletonInstance<Tips*>(qmlTypeId("Ambrel.Kit", 1, 0, "Tips"));
+}
+
+}  // namespace
+
+TipController::TipController(QQmlEngine& engine, WindowStyle& style, QObject* parent)
+    : QObject(parent), engine_(engine), style_(style), tips_(tipsOf(engine)) {
+  connect(&tips_, &Tips::changed, this, &TipController::update);
+}
+
+TipController::~TipController() = default;
+
+void TipController::update() {
+  QQuickItem* item = tips_.item();
+  if (!item || tips_.text().isEmpty() || !item->window()) {
+    if (window_) window_->hide();
+    return;
+  }
+  if (!window_) {
+    window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::bubble);
+    window_->setFlag(Qt::WindowTransparentForInput);
+    window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())}});
+    window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TipView.qml")));
+  }
+  auto* tip = window_->rootObject() ? window_->rootObject()->property("tip").value<QQuickItem*>() : nullptr;
+  if (!tip) return;
+  const QSize size(qCeil(tip->implicitWidth()), qCeil(tip->implicitHeight()));
+  const QRect about(item->mapToGlobal(QPointF(0, 0)).toPoint(), item->size().toSize());
+  const QRect screen = item->window()->screen()->geometry();
+  QPoint corner(about.center().x() - size.width() / 2, about.y() - gap - size.height());
+  if (corner.y() < screen.y()) corner.setY(about.y() + about.height() + gap);
+  corner.setX(qBound(screen.x() + gap, corner.x(), screen.x() + screen.width() - size.width() - gap));
+  window_->setPanelFrame(QRect(corner, size), screen);
+  window_->show();
+  window_->raise();
+}
+
+}  // namespace ambrel

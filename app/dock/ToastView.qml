@@ -1,0 +1,24 @@
+import QtQuick
+import Ambrel.Dock
+import Ambrel.Kit
+
+// The toast in its window. It goes by itself; the controller then takes the window away.
+Item {
+    id: root
+
+    required property PanelWindow window
+    required property ToastController controller
+    readonly property alias toast: toast
+
+    function present(title: string, detail: string, symbol: string) {
+        toast.show(title, detail, symbol, "");
+    }
+
+    Toast {
+        id: toast
+
+        x: root.window.panelRect.x
+        y: root.window.panelRect.y
+        onClosed: root.controller.close()
+    }
+}
