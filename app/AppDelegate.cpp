@@ -1,0 +1,361 @@
+#include "app/AppDelegate.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <algorithm>
+#include <chrono>
+
+#include "app/base/Log.h"
+#include "app/kit/Theme.h"
+#include "app/menu/StatusIcon.h"
+#include "core/base/Files.h"
+#include "core/base/Overloaded.h"
+#include "core/settings/SandboxMigration.h"
+
+namespace ambrel {
+namespace {
+
+constexpr const char* bundleIdentifier = "dev.qorvin.ambrel";
+constexpr const char* purchasePage = "https://tilebay.example/pro";
+
+QVariant toVariant(auto& object) { return QVariant::fromValue(&object); }
+
+// What belongs to us stays ours when QML has seen it.
+void keep(std::initializer_list<QObject*> objects) {
+  for (QObject* object : objects) QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+}
+
+UserDefaults migratedDefaults(const Surroundings& surroundings) {
+  UserDefaults defaults(surroundings.defaultsFile);
+  for (const std::string& line :
+       migrateFromSandbox({surroundings.home, surroundings.dataFolder, bundleIdentifier}, defaults))
+    logLine(line);
+  return defaults;
+}
+
+std::vector<DisplaySnapshot> displaysOf(const Screens& screens) {
+  std::vector<DisplaySnapshot> displays;
+  for (const ScreenInfo& screen : screens.list()) displays.push_back({screen.name, screen.isBuiltin});
+  return displays;
+}
+
+}  // namespace
+
+// The order of construction is that of the members: the toast first, then the migration, before anything reads the
+// defaults or the files, then settings, profiles and agents.
+AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* parent)
+    : QObject(parent),
+      surroundings_(std::move(surroundings)),
+      desktop_(desktop),
+      toast_(later()),
+      defaults_(migratedDefaults(surroundings_)),
+      settings_(defaults_),
+      model_(surroundings_.dataFolder / "profiles.json", defaults_, license_,
+             [this] { return displaysOf(desktop_.screens); }),
+      background_(makeBackground(*this)),
+      agents_(settings_, makeAgentReaders(), surroundings_.home, surroundings_.calendar,
+              {.background = background_,
+               .notifications = desktop_.notifications,
+               .workspace = desktop_.workspace,
+               .now = surroundings_.now}),
+      appearanceSettings_(defaults_, preparedTheme()),
+      gallery_(model_) {
+  keep({&settings_, &model_, &license_, &agents_, &appearanceSettings_, &gallery_});
+}
+
+AppDelegate::~AppDelegate() = default;
+
+Theme& AppDelegate::preparedTheme() {
+  engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  Theme& theme = themeOf(engine_);
+  theme.follow(appearance_);
+  return theme;
+}
+
+DelayedStep AppDelegate::later() {
+  return [this](Seconds delay, std::function<void()> step) {
+    QTimer::singleShot(std::chrono::round<std::chrono::milliseconds>(delay), this, std::move(step));
+  };
+}
+
+void AppDelegate::every(Seconds interval, std::function<void()> action) {
+  auto* timer = new QTimer(this);
+  timer->setTimerType(Qt::CoarseTimer);
+  connect(timer, &QTimer::timeout, this, std::move(action));
+  timer->start(std::chrono::round<std::chrono::milliseconds>(interval));
+}
+
+void AppDelegate::launch() {
+  // The clipboard's shelf comes here.
+  makeContext();
+  // Disk Doctor comes here.
+  makePanels();
+  makeDock();
+  // Buddy's notices come here.
+  makePeeker();
+  registerHotKeys();
+  startTimers();
+  license_.onBecamePro = [this] { startProServices(); };
+  startProServices();
+  makeStatusItem();
+  firstRun();
+}
+
+void AppDelegate::makeContext() {
+  system_ = std::make_unique<SystemMonitor>(desktop_.readings, background_, surroundings_.calendar);
+  clock_ = std::make_unique<ClockModel>(surroundings_.calendar);
+  context_ = std::make_unique<WidgetContext>(WidgetContext::Models{
+      .model = model_, .settings = settings_, .agents = agents_, .system = *system_, .clock = *clock_});
+  keep({system_.get(), clock_.get(), context_.get()});
+  context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
+    toast_.show(title, detail, symbol);
+  };
+  context_->onToggleAgents = [this] { toggle(agentsPanel_.get(), context_->itemOf(QStringLiteral("agents"))); };
+  context_->onToggleCustomize = [this] { toggle(customizePanel_.get()); };
+  context_->onOpenTileMenu = [this](const QString& item) { openTileMenu(item); };
+}
+
+std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source, QVariantMap properties, QSize size) {
+  auto panel = std::make_unique<DockPopoverController>(
+      engine_, desktop_.windowStyle, later(),
+      PanelContent{QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/") + QString::fromLatin1(source)), std::move(properties),
+                   size});
+  connect(panel.get(), &DockPopoverController::shownChanged, this, [this] {
+    if (dock_) dock_->holdingChanged();
+  });
+  return panel;
+}
+
+void AppDelegate::makePanels() {
+  const auto customizes = [this](QObject& content, const char* signal) {
+    connect(&content, signal, this, SLOT(openCustomize()));
+  };
+  upsellPanel_ = makePanel("Panels/UpsellView.qml", {}, {400, 336});
+  upsellPanel_->onContentMade = [this](QObject& content) {
+    connect(&content, SIGNAL(purchaseWanted()), this, SLOT(openPurchasePage()));
+  };
+  license_.showUpsell = [this] { toggle(upsellPanel_.get()); };
+
+  settingsPanel_ = makePanel("Panels/SettingsView.qml",
+                             {{QStringLiteral("settings"), toVariant(settings_)},
+                              {QStringLiteral("appearance"), toVariant(appearanceSettings_)},
+                              {QStringLiteral("tab"), QString::fromStdString(settingsTab())},
+                              {QStringLiteral("version"), QStringLiteral(AMBREL_VERSION)}},
+                             {760, 480});
+  settingsPanel_->onContentMade = [this, customizes](QObject& content) {
+    connect(&content, SIGNAL(tabChosen(QString)), this, SLOT(chooseSettingsTab(QString)));
+    customizes(content, SIGNAL(customizeWanted()));
+  };
+
+  welcomePanel_ = makePanel("Panels/WelcomeView.qml", {}, {480, 500});
+  welcomePanel_->onContentMade = [customizes](QObject& content) { customizes(content, SIGNAL(customizeWanted())); };
+
+  agentsPanel_ = makePanel("Agents/AgentsPanelView.qml", {{QStringLiteral("agents"), toVariant(agents_)}}, {620, 320});
+  agentsPanel_->setProperty(QStringLiteral("presentation"), toVariant(agentsPanel_->presentation()));
+
+  customizePanel_ = makePanel("Panels/CustomizeView.qml",
+                              {{QStringLiteral("model"), toVariant(model_)},
+                               {QStringLiteral("gallery"), toVariant(gallery_)}},
+                              {760, 480});
+
+  tileMenu_ = makePanel("Dock/TileMenuView.qml", {{QStringLiteral("model"), toVariant(model_)}}, {216, 147});
+  tileMenu_->onContentMade = [customizes](QObject& content) { customizes(content, SIGNAL(customizeAsked())); };
+}
+
+void AppDelegate::makeDock() {
+  dock_ = std::make_unique<DockPanelController>(engine_, *context_,
+                                                DockPanelController::Seams{.pointer = desktop_.pointer,
+                                                                           .screens = desktop_.screens,
+                                                                           .windowStyle = desktop_.windowStyle,
+                                                                           .now = surroundings_.now,
+                                                                           .later = later()});
+  keep({dock_.get()});
+  dock_->isHoldingOpen = [this] { return isAnyPanelOpen(); };
+  dock_->onMaxLength = [this](qreal length) { context_->barLimits()->setMaxLength(length); };
+  desktop_.screens.setChangeHandler([this] {
+    model_.refreshDisplays();
+    dock_->updatePosition();
+  });
+  Theme& theme = themeOf(engine_);
+  dock_->setScale(theme.textScale());
+  connect(&theme, &Theme::textScaleChanged, dock_.get(), [this, &theme] { dock_->setScale(theme.textScale()); });
+  toast_.attach(engine_, desktop_.windowStyle, [this] { return dock_->anchor({}); });
+  tips_ = std::make_unique<TipController>(engine_, desktop_.windowStyle);
+  system_->tick(surroundings_.now());
+  clock_->tick(surroundings_.now());
+  dock_->start();
+}
+
+void AppDelegate::makePeeker() {
+  peeker_ = std::make_unique<ContextPeeker>(agents_, settings_, [this](Seconds length) { dock_->peek(length); });
+  every(ContextPeeker::interval, [this] { peeker_->check(surroundings_.now()); });
+}
+
+void AppDelegate::registerHotKeys() {
+  const auto add = [this](const KeyCombination& keys, const std::string& what, std::function<void()> action) {
+    if (desktop_.hotKeys.add(keys, std::move(action)) == HotKeyResult::taken)
+      logLine("the key for " + what + " is taken by another program");
+  };
+  // Those of the clipboard, the notes and the pinned clips come with them.
+  add({.key = 'd', .command = true, .option = true, .control = true}, "the bar", [this] { dock_->revealForKeyboard(); });
+}
+
+void AppDelegate::startTimers() {
+  every(SystemMonitor::tickInterval, [this] {
+    system_->tick(surroundings_.now());
+    // After a sleep the minute's own timer is late.
+    clock_->tick(surroundings_.now());
+  });
+  clockTimer_.setSingleShot(true);
+  clockTimer_.setTimerType(Qt::PreciseTimer);
+  const auto untilNextMinute = [this] {
+    const Instant now = surroundings_.now();
+    return std::chrono::ceil<std::chrono::milliseconds>(ClockModel::nextTick(now) - now);
+  };
+  connect(&clockTimer_, &QTimer::timeout, this, [this, untilNextMinute] {
+    clock_->tick(surroundings_.now());
+    clockTimer_.start(untilNextMinute());
+  });
+  clockTimer_.start(untilNextMinute());
+}
+
+void AppDelegate::startProServices() {
+  if (proServicesStarted_ || !context_ || !license_.allows(ProFeature::agentTracking)) return;
+  proServicesStarted_ = true;
+  desktop_.notifications.setActivationHandler(
+      [this](const std::string& identifier) { agents_.openSession(QString::fromStdString(identifier)); });
+  agents_.refresh();
+  every(AgentsModel::pollInterval, [this] { agents_.refresh(); });
+  if (settings_.agentNotifications()) desktop_.notifications.requestAuthorization({});
+}
+
+void AppDelegate::makeStatusItem() {
+  statusItem_ = std::make_unique<StatusItem>(
+      [this](int attention) { return statusIcon(attention, themeOf(engine_).palette()); },
+      [this](MenuCommand command, const std::optional<UUID>& profile) { carryOut(command, profile); });
+  const auto update = [this] { updateStatusItem(); };
+  connect(&model_, &AppModel::profilesChanged, this, update);
+  connect(&model_, &AppModel::pinnedProfileIDChanged, this, update);
+  connect(&model_, &AppModel::displaysChanged, this, update);
+  connect(&agents_, &AgentsModel::sessionsChanged, this, update);
+  connect(&license_, &LicenseManager::changed, this, update);
+  updateStatusItem();
+}
+
+void AppDelegate::updateStatusItem() {
+  statusItem_->update(menuModel({.profiles = model_.profiles(),
+                                 .pinnedProfileID = model_.pinnedProfileID(),
+                                 .displays = model_.displays(),
+                                 .workingCount = agents_.workingCount(),
+                                 .needsInputCount = agents_.needsInputCount(),
+                                 .isAgentTrackingAllowed = license_.allows(ProFeature::agentTracking),
+                                 .isPro = license_.isPro()}));
+}
+
+void AppDelegate::firstRun() {
+  if (defaults_.boolean("welcomeDone").value_or(false)) return;
+  later()(Seconds(0.6), [this] {
+    if (!welcomePanel_->isShown()) openWelcome();
+  });
+}
+
+void AppDelegate::openWelcome() {
+  toggle(welcomePanel_.get());
+  remember("welcomeDone", {true});
+}
+
+void AppDelegate::remember(const std::string& key, DefaultsValue value) {
+  try {
+    defaults_.set(key, std::move(value));
+  } catch (const FileError& error) {
+    logLine(std::string("cannot save settings: ") + error.what());
+  }
+}
+
+std::string AppDelegate::settingsTab() const { return defaults_.string("settingsTab").value_or("general"); }
+
+void AppDelegate::chooseSettingsTab(const QString& tab) {
+  settingsPanel_->setProperty(QStringLiteral("tab"), tab);
+  remember("settingsTab", {tab.toStdString()});
+}
+
+void AppDelegate::openCustomize() {
+  if (!customizePanel_->isShown()) toggle(customizePanel_.get());
+}
+
+void AppDelegate::openPurchasePage() { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); }
+
+void AppDelegate::openTileMenu(const QString& item) {
+  const Profile* profile = model_.activeProfile();
+  if (!profile) return;
+  QString previous, next;
+  for (std::size_t i = 0; i < profile->items.size(); ++i) {
+    if (QString::fromStdString(profile->items[i].id.text()) != item) continue;
+    if (i > 0) previous = QString::fromStdString(profile->items[i - 1].id.text());
+    if (i + 1 < profile->items.size()) next = QString::fromStdString(profile->items[i + 1].id.text());
+  }
+  if (tileMenu_->isShown()) tileMenu_->close();
+  tileMenu_->setProperty(QStringLiteral("item"), item);
+  tileMenu_->setProperty(QStringLiteral("previousItem"), previous);
+  tileMenu_->setProperty(QStringLiteral("nextItem"), next);
+  toggle(tileMenu_.get(), item);
+}
+
+std::vector<DockPopoverController*> AppDelegate::panels() const {
+  std::vector<DockPopoverController*> made;
+  for (auto* panel : {upsellPanel_.get(), settingsPanel_.get(), welcomePanel_.get(), agentsPanel_.get(),
+                      customizePanel_.get(), tileMenu_.get()})
+    if (panel) made.push_back(panel);
+  return made;
+}
+
+bool AppDelegate::isAnyPanelOpen() const {
+  const auto made = panels();
+  return std::any_of(made.begin(), made.end(), [](const auto* panel) { return panel->isShown(); });
+}
+
+void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
+  if (!panel || !dock_) return;
+  for (DockPopoverController* other : panels())
+    if (other != panel && other->isShown()) other->close();
+  if (!panel->isShown()) dock_->reveal();
+  panel->toggle(dock_->anchor(item));
+}
+
+void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profile) {
+  switch (command) {
+    case MenuCommand::pinProfile: model_.setPinnedProfileID(profile); break;
+    case MenuCommand::toggleAgents: carryOut(wish::ToggleAgents{}); break;
+    case MenuCommand::customizeDock: toggle(customizePanel_.get()); break;
+    case MenuCommand::openWelcomeGuide: openWelcome(); break;
+    case MenuCommand::buyPro: openPurchasePage(); break;
+    case MenuCommand::openSettings: carryOut(wish::Settings{}); break;
+    case MenuCommand::quit: carryOut(wish::Quit{}); break;
+    case MenuCommand::toggleClipboard: carryOut(wish::ToggleClipboard{}); break;
+    case MenuCommand::openDiskDoctor: carryOut(wish::OpenDiskDoctor{}); break;
+    case MenuCommand::checkForUpdates:
+      toast_.show(tr("No updates to check for"), tr("This build is updated by your package manager."),
+                  QStringLiteral("arrow.triangle.2.circlepath"));
+      break;
+  }
+}
+
+void AppDelegate::carryOut(const Wish& wish) {
+  // What a later part of the program brings is named, so that a key that was bound early is not simply dead.
+  const auto notYet = [this](const QString& what) {
+    dock_->reveal();
+    toast_.show(tr("%1 is not here yet").arg(what), tr("A later version brings it."), QStringLiteral("hourglass"));
+  };
+  std::visit(Overloaded{[this](const wish::Reveal&) { dock_->reveal(); },
+                        [this](const wish::ToggleAgents&) { context_->toggleAgents(); },
+                        [this](const wish::Settings&) { toggle(settingsPanel_.get()); },
+                        [](const wish::Quit&) { QCoreApplication::quit(); },
+                        [&](const wish::ToggleClipboard&) { notYet(tr("The clipboard shelf")); },
+                        [&](const wish::CopyPinned&) { notYet(tr("The clipboard shelf")); },
+                        [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },
+                        [&](const wish::Ask&) { notYet(tr("Ask Buddy")); },
+                        [&](const wish::OpenDiskDoctor&) { notYet(tr("Disk Doctor")); }},
+             wish);
+}
+
+}  // namespace ambrel

@@ -1,0 +1,118 @@
+#pragma once
+// Builds every long-lived object once, in a fixed order, and hands them to one another. Nothing is ever rebuilt, and
+// there is no shutdown step: every write happens when its state changes.
+
+#include <QObject>
+#include <QQmlEngine>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "app/agents/AgentsModel.h"
+#include "app/Surroundings.h"
+#include "app/context/WidgetContext.h"
+#include "app/dock/ContextPeeker.h"
+#include "app/dock/DockPanelController.h"
+#include "app/dock/DockPopoverController.h"
+#include "app/dock/TipController.h"
+#include "app/dock/ToastController.h"
+#include "app/kit/DesktopAppearance.h"
+#include "app/model/AppModel.h"
+#include "app/model/AppSettings.h"
+#include "app/menu/MenuModel.h"
+#include "app/menu/StatusItem.h"
+#include "app/model/LicenseManager.h"
+#include "app/panels/AppearanceSettings.h"
+#include "app/panels/GalleryModel.h"
+#include "app/widgets/ClockModel.h"
+#include "app/widgets/SystemMonitor.h"
+#include "core/base/UserDefaults.h"
+#include "core/workspace/Wish.h"
+#include "platform/Desktop.h"
+
+namespace ambrel {
+
+
+class AppDelegate : public QObject {
+  Q_OBJECT
+
+ public:
+  AppDelegate(Surroundings surroundings, Desktop desktop, QObject* parent = nullptr);
+  ~AppDelegate() override;
+
+  // Builds the bar, its panels and the timers, and shows what is to be shown.
+  void launch();
+
+  void carryOut(const Wish& wish);
+
+  // Reached by the tests and by the menu.
+  AppModel& model() { return model_; }
+  AppSettings& settings() { return settings_; }
+  AgentsModel& agents() { return agents_; }
+  DockPanelController* dock() { return dock_.get(); }
+  DockPopoverController* agentsPanel() { return agentsPanel_.get(); }
+  DockPopoverController* customizePanel() { return customizePanel_.get(); }
+  DockPopoverController* welcomePanel() { return welcomePanel_.get(); }
+  DockPopoverController* settingsPanel() { return settingsPanel_.get(); }
+  QQmlEngine& engine() { return engine_; }
+
+ private Q_SLOTS:
+  void openCustomize();
+  void openPurchasePage();
+  void chooseSettingsTab(const QString& tab);
+
+ private:
+  void makeContext();
+  void makePanels();
+  void makeDock();
+  void makePeeker();
+  void registerHotKeys();
+  void startTimers();
+  void startProServices();
+  void makeStatusItem();
+  void updateStatusItem();
+  void firstRun();
+
+  std::unique_ptr<DockPopoverController> makePanel(const char* source, QVariantMap properties, QSize size);
+  std::vector<DockPopoverController*> panels() const;
+  bool isAnyPanelOpen() const;
+  // Closes the other panels, and opens or closes this one beside the tile of a slot (empty: the middle of the bar).
+  void toggle(DockPopoverController* panel, const QString& item = {});
+  void openTileMenu(const QString& item);
+  void openWelcome();
+  void carryOut(MenuCommand command, const std::optional<UUID>& profile);
+  std::string settingsTab() const;
+  // The value stands in memory even when it cannot be written.
+  void remember(const std::string& key, DefaultsValue value);
+  Theme& preparedTheme();
+  void every(Seconds interval, std::function<void()> action);
+  DelayedStep later();
+
+  Surroundings surroundings_;
+  Desktop desktop_;
+  ToastController toast_;
+  UserDefaults defaults_;
+  AppSettings settings_;
+  LicenseManager license_;
+  AppModel model_;
+  Background background_;
+  AgentsModel agents_;
+  DesktopAppearance appearance_;
+  QQmlEngine engine_;
+  AppearanceSettings appearanceSettings_;
+  GalleryModel gallery_;
+  std::unique_ptr<SystemMonitor> system_;
+  std::unique_ptr<ClockModel> clock_;
+  std::unique_ptr<WidgetContext> context_;
+  std::unique_ptr<DockPopoverController> upsellPanel_, settingsPanel_, welcomePanel_, agentsPanel_, customizePanel_,
+      tileMenu_;
+  std::unique_ptr<DockPanelController> dock_;
+  std::unique_ptr<TipController> tips_;
+  std::unique_ptr<ContextPeeker> peeker_;
+  std::unique_ptr<StatusItem> statusItem_;
+  QTimer clockTimer_;
+  bool proServicesStarted_ = false;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,42 @@
+#include "app/Environment.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <chrono>
+
+namespace ambrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path homeFolder(const std::string& home) {
+  if (!home.empty() && home.front() == '/') return home;
+  const passwd* entry = getpwuid(getuid());
+  return entry && entry->pw_dir ? fs::path(entry->pw_dir) : fs::path("/");
+}
+
+fs::path folder(const std::string& configured, const fs::path& standard) {
+  return !configured.empty() && configured.front() == '/' ? fs::path(configured) : standard;
+}
+
+}  // namespace
+
+Environment environmentOf(const std::function<const char*(const char*)>& variable) {
+  const auto text = [&](const char* name) {
+    const char* value = variable(name);
+    return std::string(value ? value : "");
+  };
+  const fs::path home = homeFolder(text("HOME"));
+  const std::string display = text("DISPLAY"), platform = text("QT_QPA_PLATFORM");
+  return {.surroundings = {.home = home,
+                           .dataFolder = folder(text("XDG_DATA_HOME"), home / ".local/share") / "Ambrel",
+                           .defaultsFile = folder(text("XDG_CONFIG_HOME"), home / ".config") / "Ambrel/defaults.json",
+                           .calendar = Calendar::fromVariables(text("TZ"), text("LC_ALL"), text("LC_TIME"), text("LANG")),
+                           .now = [] { return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now()); }},
+          .display = display,
+          .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
+          .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty()};
+}
+
+}  // namespace ambrel

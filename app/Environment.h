@@ -1,0 +1,24 @@
+#pragma once
+// What the process is told from outside: folders, zone, locale, display.
+
+#include <functional>
+#include <string>
+
+#include "app/Surroundings.h"
+
+namespace ambrel {
+
+struct Environment {
+  Surroundings surroundings;
+  std::string display;
+  bool hasDisplay = false;
+  // The user has chosen a renderer (QT_QUICK_BACKEND or QSG_RHI_BACKEND); ours does not override it.
+  bool choosesRenderer = false;
+};
+
+// variable: the value of an environment variable, or null.
+// Data: $XDG_DATA_HOME/Ambrel, else ~/.local/share/Ambrel. Defaults: $XDG_CONFIG_HOME/Ambrel/defaults.json, else
+// below ~/.config. Relative XDG folders count as unset, as their specification asks.
+Environment environmentOf(const std::function<const char*(const char*)>& variable);
+
+}  // namespace ambrel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+
+#include "core/base/Calendar.h"
+
+namespace ambrel {
+
+// Where the user's things are, and what time it is.
+struct Surroundings {
+  std::filesystem::path home;
+  std::filesystem::path dataFolder;    // the folder "Ambrel" itself
+  std::filesystem::path defaultsFile;  // defaults.json
+  Calendar calendar;
+  std::function<Instant()> now;
+};
+
+}  // namespace ambrel

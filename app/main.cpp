@@ -1,0 +1,59 @@
+// The desktop program: finds the desktop, builds the delegate, and runs.
+
+#include <QApplication>
+#include <QQuickWindow>
+#include <QTextStream>
+#include <cstdio>
+#include <cstdlib>
+
+#include "app/AppDelegate.h"
+#include "app/Environment.h"
+#include "platform/linux/LinuxDesktop.h"
+
+int main(int argc, char** argv) {
+  using namespace ambrel;
+  const Environment environment = environmentOf([](const char* name) { return std::getenv(name); });
+
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const CommandLine commandLine = parseCommandLine(arguments);
+  if (!commandLine.error.empty()) {
+    std::fprintf(stderr, "tilebay: %s\n", commandLine.error.c_str());
+    return 2;
+  }
+  if (commandLine.showsHelp || commandLine.showsVersion) {
+    std::fputs(commandLine.showsHelp ? commandLineHelp().c_str() : "tilebay " AMBREL_VERSION "\n", stdout);
+    return 0;
+  }
+  // The toolkit ends the process with a signal when it finds no display; say it in words.
+  if (!environment.hasDisplay) {
+    std::fputs("tilebay: there is no display (DISPLAY is not set); script/run starts a virtual one\n", stderr);
+    return 1;
+  }
+
+  // Drawn by the processor: a bar of this size costs a third of what a graphics stack does, in memory and at rest.
+  if (!environment.choosesRenderer) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  QQuickWindow::setDefaultAlphaBuffer(true);
+  QApplication::setDesktopFileName(QStringLiteral("tilebay"));
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("tilebay"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Tilebay"));
+  QApplication::setApplicationVersion(QStringLiteral(AMBREL_VERSION));
+  // Closing the settings window does not end the bar.
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  LinuxDesktop desktop(environment.display);
+  switch (desktop.session().start(commandLine.wish)) {
+    case SessionRole::handedOver: return 0;
+    case SessionRole::notAnswered:
+      std::fputs("tilebay: a bar is running in this session, but it does not answer\n", stderr);
+      return 1;
+    case SessionRole::owner:
+    case SessionRole::alone: break;
+  }
+
+  AppDelegate delegate(environment.surroundings, desktop.seams());
+  desktop.session().setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
+  delegate.launch();
+  if (commandLine.wish) delegate.carryOut(*commandLine.wish);
+  return QApplication::exec();
+}
