@@ -153,6 +153,10 @@ void AppDelegate::makePanels() {
   agentsPanel_ = makePanel("Agents/AgentsPanelView.qml", {{QStringLiteral("agents"), toVariant(agents_)}}, {620, 320});
   agentsPanel_->setProperty(QStringLiteral("presentation"), toVariant(agentsPanel_->presentation()));
 
+  agentsPanel_->onContentMade = [this](QObject& content) {
+    connect(&content, SIGNAL(settingsAsked()), this, SLOT(openAgentSettings()));
+  };
+
   customizePanel_ = makePanel("Panels/CustomizeView.qml",
                               {{QStringLiteral("model"), toVariant(model_)},
                                {QStringLiteral("gallery"), toVariant(gallery_)}},
@@ -281,6 +285,11 @@ void AppDelegate::chooseSettingsTab(const QString& tab) {
 
 void AppDelegate::openCustomize() {
   if (!customizePanel_->isShown()) toggle(customizePanel_.get());
+}
+
+void AppDelegate::openAgentSettings() {
+  chooseSettingsTab(QStringLiteral("agents"));
+  if (!settingsPanel_->isShown()) toggle(settingsPanel_.get());
 }
 
 void AppDelegate::openPurchasePage() { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); }

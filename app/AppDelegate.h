@@ -59,6 +59,7 @@ class AppDelegate : public QObject {
 
  private Q_SLOTS:
   void openCustomize();
+  void openAgentSettings();
   void openPurchasePage();
   void chooseSettingsTab(const QString& tab);
 

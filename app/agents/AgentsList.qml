@@ -3,7 +3,7 @@ import Ambrel.Agents
 import Ambrel.Kit
 
 // The sessions in their order; arrows move along them, Return brings one forward.
-ListView {
+FocusScope {
     id: root
 
     required property AgentsModel agents
@@ -11,36 +11,46 @@ ListView {
 
     signal sessionChosen(string id)
 
-    model: agents
-    clip: true
-    focus: true
-    topMargin: 4
-    bottomMargin: Theme.space2
-    boundsBehavior: Flickable.StopAtBounds
-    keyNavigationEnabled: true
-    highlightFollowsCurrentItem: true
-    highlightMoveDuration: 0
-    currentIndex: -1
-    Accessible.role: Accessible.List
-    Accessible.name: qsTr("Sessions")
     onIsShownChanged: if (isShown) {
-        currentIndex = -1;
-        positionViewAtBeginning();
+        list.currentIndex = -1;
+        list.positionViewAtBeginning();
     }
 
-    delegate: AgentRow {
-        id: row
+    ListView {
+        id: list
 
-        required property int index
+        anchors.fill: parent
+        model: root.agents
+        clip: true
+        focus: true
+        topMargin: 4
+        bottomMargin: Theme.space2
+        boundsBehavior: Flickable.StopAtBounds
+        keyNavigationEnabled: true
+        highlightMoveDuration: 0
+        currentIndex: -1
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Sessions")
 
-        x: Theme.space2
-        width: ListView.view.width - 2 * Theme.space2
-        onActiveFocusChanged: if (activeFocus)
-            root.currentIndex = index
-        onClicked: root.sessionChosen(sessionId)
+        delegate: AgentRow {
+            id: row
+
+            required property int index
+
+            x: Theme.space2
+            width: ListView.view.width - 2 * Theme.space2
+            onActiveFocusChanged: if (activeFocus)
+                list.currentIndex = index
+            onClicked: root.sessionChosen(sessionId)
+        }
     }
 
     ScrollBar {
-        view: root
+        view: list
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        anchors.topMargin: Theme.space1
+        anchors.bottomMargin: Theme.space3
     }
 }

@@ -10,13 +10,23 @@ Popover {
     required property AgentsModel agents
     required property Presentation presentation
 
+    signal settingsAsked
+
     title: qsTr("AI Agents")
     symbol: "sparkles"
 
-    headerItems: AgentsSummary {
-        anchors.verticalCenter: parent.verticalCenter
-        agents: root.agents
-    }
+    headerItems: [
+        AgentsSummary {
+            anchors.verticalCenter: parent.verticalCenter
+            agents: root.agents
+        },
+        IconButton {
+            anchors.verticalCenter: parent.verticalCenter
+            label: qsTr("Agent settings")
+            symbol: "gearshape.fill"
+            onClicked: root.settingsAsked()
+        }
+    ]
 
     EmptyState {
         anchors.centerIn: parent

@@ -9,4 +9,5 @@ RingTile {
     symbol: "internaldrive"
     percent: system.diskPercent
     details: system.diskText
+    shortDetails: system.diskFreeText
 }

@@ -9,5 +9,6 @@ RingTile {
     symbol: "memorychip"
     percent: system.memoryPercent
     details: system.memoryText
+    shortDetails: system.memoryUsedText
     tone: Theme.violet
 }

@@ -9,6 +9,7 @@ TileFrame {
     // 0 to 100; not a number while unknown.
     required property real percent
     required property string details
+    property string shortDetails
     property Tone tone: Theme.teal
     readonly property bool isKnown: !isNaN(percent)
     readonly property bool isSmall: span === TileFrame.Small
@@ -19,8 +20,8 @@ TileFrame {
     tip: isKnown ? name + ": " + details : ""
     value: isSmall ? "" : rounded
     unit: isSmall || !isKnown ? "" : "%"
-    subLine: isSmall ? "" : details
-    reserved: isSmall ? 0 : 40
+    subLine: isSmall ? "" : shortDetails
+    reserved: isSmall ? 0 : 36
 
     Ring {
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width

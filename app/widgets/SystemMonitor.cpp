@@ -94,6 +94,15 @@ QString SystemMonitor::diskText() const {
            QString::fromStdString(fileSize(calendar_, disk_->totalBytes)));
 }
 
+QString SystemMonitor::memoryUsedText() const {
+  return memory_ ? QString::fromStdString(fileSize(calendar_, static_cast<std::int64_t>(memory_->usedBytes())))
+                 : QString();
+}
+
+QString SystemMonitor::diskFreeText() const {
+  return disk_ ? QString::fromStdString(fileSize(calendar_, disk_->freeBytes)) : QString();
+}
+
 QString SystemMonitor::downloadFigure() const {
   return network_ ? QString::fromStdString(rateText(calendar_, network_->receivedPerSecond).figure) : QString();
 }

@@ -30,6 +30,9 @@ class SystemMonitor : public QObject {
   // As they are shown; "" while unknown.
   Q_PROPERTY(QString memoryText READ memoryText NOTIFY ticked)
   Q_PROPERTY(QString diskText READ diskText NOTIFY diskChanged)
+  // The same in a word: what is used, and what is free.
+  Q_PROPERTY(QString memoryUsedText READ memoryUsedText NOTIFY ticked)
+  Q_PROPERTY(QString diskFreeText READ diskFreeText NOTIFY diskChanged)
   Q_PROPERTY(QString downloadFigure READ downloadFigure NOTIFY ticked)
   Q_PROPERTY(QString downloadUnit READ downloadUnit NOTIFY ticked)
   Q_PROPERTY(QString uploadFigure READ uploadFigure NOTIFY ticked)
@@ -61,6 +64,8 @@ class SystemMonitor : public QObject {
   QList<qreal> uploadHistory() const;
   QString memoryText() const;
   QString diskText() const;
+  QString memoryUsedText() const;
+  QString diskFreeText() const;
   QString downloadFigure() const;
   QString downloadUnit() const;
   QString uploadFigure() const;
