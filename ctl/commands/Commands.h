@@ -6,6 +6,7 @@
 namespace ambrel {
 
 Command agentsCommand();
+Command diskCommand();
 Command profilesCommand();
 Command widgetsCommand();
 
