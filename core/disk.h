@@ -12,3 +12,4 @@
 #include "core/disk/DiskItem.h"
 #include "core/disk/DiskScanner.h"
 #include "core/disk/Findings.h"
+#include "core/disk/Sunburst.h"
