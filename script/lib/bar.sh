@@ -1,0 +1,57 @@
+# Starts the bar on a virtual desktop and waits for it. For scripts that have sourced virtual-desktop.sh and called
+# vd_start.
+#
+#   bar_start PROGRAM [OPTIONS...]   starts it and brings it out; fails when it does not come within 20 seconds
+#   bar_settle                       waits until the screen no longer changes
+#   bar_stop                         ends it, and says what it had to complain about
+
+bar_program=
+bar_pid=
+
+# The bar's window while it is on the screen.
+bar_window() { xdotool search --onlyvisible --name '^Tilebay$' 2>/dev/null | head -n 1; }
+bar_is_out() { [ -n "$(bar_window)" ]; }
+
+# There is nothing to wait for when it has ended; the next step then says so.
+bar_answers() { vd_is_gone "$bar_pid" || vd_has_name dev.qorvin.ambrel; }
+
+# Another start of the program hands its wish to the running one.
+bar_wish() { "$bar_program" "$@" >>"$vd_folder/bar.log" 2>&1; }
+
+bar_start() {
+  bar_program=$1
+  xdotool mousemove 8 8
+  vd_spawn bar "$@"
+  bar_pid=${vd_pids[-1]}
+  if ! vd_wait 20 bar_answers || vd_is_gone "$bar_pid" || ! bar_wish --reveal || ! vd_wait 20 bar_is_out; then
+    cat "$vd_folder/bar.log" >&2
+    return 1
+  fi
+  bar_hold
+}
+
+# A bar that hides by itself stays out while the pointer is on it. Its rim shows no tip and lights no tile up.
+bar_hold() {
+  local X Y WIDTH HEIGHT WINDOW SCREEN
+  eval "$(xdotool getwindowgeometry --shell "$(bar_window)")"
+  xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2 - 36 * ${QT_SCALE_FACTOR:-1}))
+}
+
+bar_sum() { import -silent -window root rgb:- | cksum; }
+
+# At rest is a screen that has not changed for half a second; a bar that ticks may never be, so that ten are enough.
+bar_settle() {
+  local deadline=$((SECONDS + 10)) last='' now still=0
+  while [ "$SECONDS" -lt "$deadline" ] && [ "$still" -lt 3 ]; do
+    now=$(bar_sum)
+    if [ "$now" = "$last" ]; then still=$((still + 1)); else still=0; fi
+    last=$now
+    sleep 0.15
+  done
+}
+
+bar_stop() {
+  bar_wish --quit || true
+  vd_wait 5 vd_is_gone "$bar_pid" || kill "$bar_pid" 2>/dev/null || true
+  if [ -s "$vd_folder/bar.log" ]; then sed 's/^/bar: /' "$vd_folder/bar.log" >&2; fi
+}
