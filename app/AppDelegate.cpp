@@ -157,10 +157,9 @@ void AppDelegate::makePanels() {
     connect(&content, SIGNAL(settingsAsked()), this, SLOT(openAgentSettings()));
   };
 
-  customizePanel_ = makePanel("Panels/CustomizeView.qml",
-                              {{QStringLiteral("model"), toVariant(model_)},
-                               {QStringLiteral("gallery"), toVariant(gallery_)}},
-                              {760, 480});
+  customizePanel_ = makePanel(
+      "Panels/CustomizeView.qml",
+      {{QStringLiteral("model"), toVariant(model_)}, {QStringLiteral("gallery"), toVariant(gallery_)}}, {760, 480});
 
   tileMenu_ = makePanel("Dock/TileMenuView.qml", {{QStringLiteral("model"), toVariant(model_)}}, {216, 147});
   tileMenu_->onContentMade = [customizes](QObject& content) { customizes(content, SIGNAL(customizeAsked())); };
@@ -201,7 +200,8 @@ void AppDelegate::registerHotKeys() {
       logLine("the key for " + what + " is taken by another program");
   };
   // Those of the clipboard, the notes and the pinned clips come with them.
-  add({.key = 'd', .command = true, .option = true, .control = true}, "the bar", [this] { dock_->revealForKeyboard(); });
+  add({.key = 'd', .command = true, .option = true, .control = true}, "the bar",
+      [this] { dock_->revealForKeyboard(); });
 }
 
 void AppDelegate::startTimers() {
@@ -333,15 +333,33 @@ void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
 
 void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profile) {
   switch (command) {
-    case MenuCommand::pinProfile: model_.setPinnedProfileID(profile); break;
-    case MenuCommand::toggleAgents: carryOut(wish::ToggleAgents{}); break;
-    case MenuCommand::customizeDock: toggle(customizePanel_.get()); break;
-    case MenuCommand::openWelcomeGuide: openWelcome(); break;
-    case MenuCommand::buyPro: openPurchasePage(); break;
-    case MenuCommand::openSettings: carryOut(wish::Settings{}); break;
-    case MenuCommand::quit: carryOut(wish::Quit{}); break;
-    case MenuCommand::toggleClipboard: carryOut(wish::ToggleClipboard{}); break;
-    case MenuCommand::openDiskDoctor: carryOut(wish::OpenDiskDoctor{}); break;
+    case MenuCommand::pinProfile:
+      model_.setPinnedProfileID(profile);
+      break;
+    case MenuCommand::toggleAgents:
+      carryOut(wish::ToggleAgents{});
+      break;
+    case MenuCommand::customizeDock:
+      toggle(customizePanel_.get());
+      break;
+    case MenuCommand::openWelcomeGuide:
+      openWelcome();
+      break;
+    case MenuCommand::buyPro:
+      openPurchasePage();
+      break;
+    case MenuCommand::openSettings:
+      carryOut(wish::Settings{});
+      break;
+    case MenuCommand::quit:
+      carryOut(wish::Quit{});
+      break;
+    case MenuCommand::toggleClipboard:
+      carryOut(wish::ToggleClipboard{});
+      break;
+    case MenuCommand::openDiskDoctor:
+      carryOut(wish::OpenDiskDoctor{});
+      break;
     case MenuCommand::checkForUpdates:
       toast_.show(tr("No updates to check for"), tr("This build is updated by your package manager."),
                   QStringLiteral("arrow.triangle.2.circlepath"));

@@ -9,8 +9,8 @@
 #include <memory>
 #include <vector>
 
-#include "app/agents/AgentsModel.h"
 #include "app/Surroundings.h"
+#include "app/agents/AgentsModel.h"
 #include "app/context/WidgetContext.h"
 #include "app/dock/ContextPeeker.h"
 #include "app/dock/DockPanelController.h"
@@ -18,10 +18,10 @@
 #include "app/dock/TipController.h"
 #include "app/dock/ToastController.h"
 #include "app/kit/DesktopAppearance.h"
-#include "app/model/AppModel.h"
-#include "app/model/AppSettings.h"
 #include "app/menu/MenuModel.h"
 #include "app/menu/StatusItem.h"
+#include "app/model/AppModel.h"
+#include "app/model/AppSettings.h"
 #include "app/model/LicenseManager.h"
 #include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
@@ -32,7 +32,6 @@
 #include "platform/Desktop.h"
 
 namespace ambrel {
-
 
 class AppDelegate : public QObject {
   Q_OBJECT

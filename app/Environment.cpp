@@ -1,9 +1,8 @@
 #include "app/Environment.h"
 
+#include <chrono>
 #include <pwd.h>
 #include <unistd.h>
-
-#include <chrono>
 
 namespace ambrel {
 namespace {
@@ -29,11 +28,12 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
   };
   const fs::path home = homeFolder(text("HOME"));
   const std::string display = text("DISPLAY"), platform = text("QT_QPA_PLATFORM");
-  return {.surroundings = {.home = home,
-                           .dataFolder = folder(text("XDG_DATA_HOME"), home / ".local/share") / "Ambrel",
-                           .defaultsFile = folder(text("XDG_CONFIG_HOME"), home / ".config") / "Ambrel/defaults.json",
-                           .calendar = Calendar::fromVariables(text("TZ"), text("LC_ALL"), text("LC_TIME"), text("LANG")),
-                           .now = [] { return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now()); }},
+  return {.surroundings =
+              {.home = home,
+               .dataFolder = folder(text("XDG_DATA_HOME"), home / ".local/share") / "Ambrel",
+               .defaultsFile = folder(text("XDG_CONFIG_HOME"), home / ".config") / "Ambrel/defaults.json",
+               .calendar = Calendar::fromVariables(text("TZ"), text("LC_ALL"), text("LC_TIME"), text("LANG")),
+               .now = [] { return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now()); }},
           .display = display,
           .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
           .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty()};

@@ -43,12 +43,14 @@ int main(int argc, char** argv) {
 
   LinuxDesktop desktop(environment.display);
   switch (desktop.session().start(commandLine.wish)) {
-    case SessionRole::handedOver: return 0;
+    case SessionRole::handedOver:
+      return 0;
     case SessionRole::notAnswered:
       std::fputs("tilebay: a bar is running in this session, but it does not answer\n", stderr);
       return 1;
     case SessionRole::owner:
-    case SessionRole::alone: break;
+    case SessionRole::alone:
+      break;
   }
 
   AppDelegate delegate(environment.surroundings, desktop.seams());

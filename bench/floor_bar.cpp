@@ -1,15 +1,14 @@
 // The floor of an idle bar: one dock window, a text drawn by cairo and pango, and one reading of /proc/stat a second.
 #include <cairo/cairo-xcb.h>
-#include <pango/pangocairo.h>
-#include <poll.h>
-#include <sys/timerfd.h>
-#include <unistd.h>
-#include <xcb/xcb.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <pango/pangocairo.h>
+#include <poll.h>
 #include <string>
+#include <sys/timerfd.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
 
 namespace {
 

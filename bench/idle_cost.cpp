@@ -2,20 +2,19 @@
 // children for a while. The first is the floor; the rest are printed as ratios to it.
 //
 //   idle_cost [--seconds N] [--settle N] NAME=COMMAND...      COMMAND is split at blanks and started without a shell
-#include <dirent.h>
-#include <fcntl.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
 #include <fstream>
 #include <map>
+#include <signal.h>
 #include <sstream>
 #include <string>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -126,7 +125,8 @@ int main(int count, char** words) {
   for (const Program& program : programs) before.push_back(measured(program.pid));
   std::this_thread::sleep_for(std::chrono::seconds(seconds));
 
-  std::printf("%-12s %10s %8s %10s %8s %9s %8s\n", "program", "CPU ms", "ratio", "wakes/s", "ratio", "PSS MiB", "ratio");
+  std::printf("%-12s %10s %8s %10s %8s %9s %8s\n", "program", "CPU ms", "ratio", "wakes/s", "ratio", "PSS MiB",
+              "ratio");
   Cost floor;
   for (std::size_t i = 0; i < programs.size(); ++i) {
     if (waitpid(programs[i].pid, nullptr, WNOHANG) != 0) {

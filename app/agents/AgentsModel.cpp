@@ -10,20 +10,28 @@ QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), stat
 
 QString statusText(AgentStatus status) {
   switch (status) {
-    case AgentStatus::needsInput: return QStringLiteral("Needs you");
-    case AgentStatus::working: return QStringLiteral("Working");
-    case AgentStatus::finished: return QStringLiteral("Done");
-    case AgentStatus::idle: return QStringLiteral("Idle");
+    case AgentStatus::needsInput:
+      return QStringLiteral("Needs you");
+    case AgentStatus::working:
+      return QStringLiteral("Working");
+    case AgentStatus::finished:
+      return QStringLiteral("Done");
+    case AgentStatus::idle:
+      return QStringLiteral("Idle");
   }
   return {};
 }
 
 QString kindSymbol(AgentKind kind) {
   switch (kind) {
-    case AgentKind::claudeCode: return QStringLiteral("terminal");
-    case AgentKind::codex: return QStringLiteral("chevron.left.forwardslash.chevron.right");
-    case AgentKind::cursor: return QStringLiteral("cursorarrow");
-    case AgentKind::antigravity: return QStringLiteral("brain");
+    case AgentKind::claudeCode:
+      return QStringLiteral("terminal");
+    case AgentKind::codex:
+      return QStringLiteral("chevron.left.forwardslash.chevron.right");
+    case AgentKind::cursor:
+      return QStringLiteral("cursorarrow");
+    case AgentKind::antigravity:
+      return QStringLiteral("brain");
   }
   return {};
 }
@@ -71,8 +79,7 @@ void AgentsModel::apply(std::vector<AgentSession> sessions, Instant now) {
       if (session.status == AgentStatus::finished && onSessionFinished) onSessionFinished();
       if (!settings_.agentNotifications()) continue;
       const AgentAnnouncement news = announcement(session);
-      seams_.notifications.post(
-          {.identifier = news.identifier, .title = news.title, .body = news.body, .sound = true});
+      seams_.notifications.post({.identifier = news.identifier, .title = news.title, .body = news.body, .sound = true});
     }
   }
   publish(std::move(sessions), now);
@@ -115,21 +122,30 @@ QVariant AgentsModel::data(const QModelIndex& index, int role) const {
   if (!record) return {};
   const AgentSession& session = record->session;
   switch (role) {
-    case IdRole: return text(session.id);
-    case KindRole: return text(displayName(session.kind));
-    case SymbolRole: return kindSymbol(session.kind);
+    case IdRole:
+      return text(session.id);
+    case KindRole:
+      return text(displayName(session.kind));
+    case SymbolRole:
+      return kindSymbol(session.kind);
     case Qt::DisplayRole:
-    case TitleRole: return text(session.title);
-    case SubtitleRole: return subtitle(session);
-    case StatusRole: return text(nameOf(session.status));
-    case StatusTextRole: return statusText(session.status);
-    case AgeRole: return record->age;
-    default: return {};
+    case TitleRole:
+      return text(session.title);
+    case SubtitleRole:
+      return subtitle(session);
+    case StatusRole:
+      return text(nameOf(session.status));
+    case StatusTextRole:
+      return statusText(session.status);
+    case AgeRole:
+      return record->age;
+    default:
+      return {};
   }
 }
 
 QHash<int, QByteArray> AgentsModel::roleNames() const {
-  return {{IdRole, "sessionId"},     {KindRole, "kind"},     {SymbolRole, "symbol"},         {TitleRole, "title"},
+  return {{IdRole, "sessionId"},      {KindRole, "kind"},     {SymbolRole, "symbol"},         {TitleRole, "title"},
           {SubtitleRole, "subtitle"}, {StatusRole, "status"}, {StatusTextRole, "statusText"}, {AgeRole, "age"}};
 }
 

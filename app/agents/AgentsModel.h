@@ -38,7 +38,16 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
   Q_PROPERTY(QString summary READ summary NOTIFY sessionsChanged)
 
  public:
-  enum Role { IdRole = Qt::UserRole, KindRole, SymbolRole, TitleRole, SubtitleRole, StatusRole, StatusTextRole, AgeRole };
+  enum Role {
+    IdRole = Qt::UserRole,
+    KindRole,
+    SymbolRole,
+    TitleRole,
+    SubtitleRole,
+    StatusRole,
+    StatusTextRole,
+    AgeRole
+  };
   Q_ENUM(Role)
 
   static constexpr Seconds pollInterval{3};

@@ -99,8 +99,8 @@ void DockPanelController::setScale(qreal scale) {
 
 void DockPanelController::updateTiles() {
   const auto profile = context_.model()->activeProfile();
-  content_ = barContent(profile ? profile->items : std::vector<DockItem>{}, settings_.dockEdge(),
-                        placement_.maxLength, scale_);
+  content_ = barContent(profile ? profile->items : std::vector<DockItem>{}, settings_.dockEdge(), placement_.maxLength,
+                        scale_);
   tiles_.show(content_.tiles);
 }
 

@@ -9,9 +9,9 @@
 #include <memory>
 #include <optional>
 
+#include "app/base/Presentation.h"
 #include "app/context/WidgetContext.h"
 #include "app/dock/DockPopoverController.h"
-#include "app/base/Presentation.h"
 #include "app/dock/SystemDockWatcher.h"
 #include "app/dock/TileListModel.h"
 #include "core/dock.h"

@@ -9,11 +9,7 @@ namespace ambrel {
 
 DockPopoverController::DockPopoverController(QQmlEngine& engine, WindowStyle& style, DelayedStep later,
                                              PanelContent content, QObject* parent)
-    : QObject(parent),
-      engine_(engine),
-      style_(style),
-      content_(std::move(content)),
-      presentation_(std::move(later)) {
+    : QObject(parent), engine_(engine), style_(style), content_(std::move(content)), presentation_(std::move(later)) {
   QQmlEngine::setObjectOwnership(&presentation_, QQmlEngine::CppOwnership);
   connect(&presentation_, &Presentation::changed, this, [this] {
     if (std::exchange(wasShown_, isShown()) != isShown()) Q_EMIT shownChanged();
@@ -42,7 +38,7 @@ void DockPopoverController::makeWindow() {
 void DockPopoverController::open(const PanelAnchor& anchor) {
   if (!window_) makeWindow();
   window_->setPanelFrame(panelFrame(content_.size, anchor.tile, anchor.bar, anchor.screen, anchor.edge),
-                         anchor.screen);
+                         roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
   window_->show();
   window_->raise();
   window_->requestActivate();

@@ -7,8 +7,8 @@
 #include <functional>
 #include <memory>
 
-#include "app/dock/PanelGeometry.h"
 #include "app/base/Presentation.h"
+#include "app/dock/PanelGeometry.h"
 #include "platform/WindowStyle.h"
 
 class QQmlEngine;

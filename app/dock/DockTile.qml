@@ -118,6 +118,7 @@ Item {
         ignoreUnknownSignals: true
 
         function onMenuRequested() {
+            Tips.leave(loader.item as Item);
             root.context.openTileMenu(root.item);
         }
         function onActiveFocusChanged() {

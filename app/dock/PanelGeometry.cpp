@@ -12,6 +12,22 @@ int centred(int middle, int length, int low, int high) {
 
 }  // namespace
 
+QRect roomBesideBar(const QRect& bar, const QRect& screen, DockEdge edge) {
+  QRect room = screen;
+  switch (edge) {
+    case DockEdge::bottom:
+      room.setBottom(bar.y() - 1);
+      break;
+    case DockEdge::left:
+      room.setLeft(bar.x() + bar.width());
+      break;
+    case DockEdge::right:
+      room.setRight(bar.x() - 1);
+      break;
+  }
+  return room;
+}
+
 QRect panelFrame(QSize size, const QRect& anchor, const QRect& bar, const QRect& screen, DockEdge edge) {
   const QRect room = screen.adjusted(panelGap, panelGap, -panelGap, -panelGap);
   // QRect::center() is half a pixel off for even sizes.
@@ -20,9 +36,15 @@ QRect panelFrame(QSize size, const QRect& anchor, const QRect& bar, const QRect&
   const int right = room.x() + room.width(), bottom = room.y() + room.height();
   int space = room.height();
   switch (edge) {
-    case DockEdge::bottom: space = bar.y() - panelGap - room.y(); break;
-    case DockEdge::left: space = right - (bar.x() + bar.width() + panelGap); break;
-    case DockEdge::right: space = bar.x() - panelGap - room.x(); break;
+    case DockEdge::bottom:
+      space = bar.y() - panelGap - room.y();
+      break;
+    case DockEdge::left:
+      space = right - (bar.x() + bar.width() + panelGap);
+      break;
+    case DockEdge::right:
+      space = bar.x() - panelGap - room.x();
+      break;
   }
   if (edge == DockEdge::bottom) {
     const QSize fit(std::min(size.width(), room.width()), std::min(size.height(), space));

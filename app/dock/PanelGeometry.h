@@ -14,4 +14,8 @@ inline constexpr int panelGap = 8;
 // moved along the bar as far as it must to stay on `screen`. A panel larger than the room is cut to it.
 QRect panelFrame(QSize size, const QRect& anchor, const QRect& bar, const QRect& screen, DockEdge edge);
 
+// The part of the screen that is not beside or beyond the bar. A panel's window, whose margin is wider than the gap,
+// stays in it: window managers do not let clicks through the margins of windows that they frame.
+QRect roomBesideBar(const QRect& bar, const QRect& screen, DockEdge edge);
+
 }  // namespace ambrel

@@ -38,7 +38,8 @@ void PanelWindow::updateShape() {
   const QRect panel = panelRect();
   style_.setRoundedMask(*this, panel.x(), panel.y(), panel.width(), panel.height(),
                         style_.isCompositing() ? 0 : panelRadius);
-  style_.setInputRect(*this, panel.x(), panel.y(), panel.width(), panel.height());
+  if (!flags().testFlag(Qt::WindowTransparentForInput))
+    style_.setInputRect(*this, panel.x(), panel.y(), panel.width(), panel.height());
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {

@@ -39,15 +39,23 @@ QVariant TileListModel::data(const QModelIndex& index, int role) const {
   const TileRecord* tile = row(index);
   if (!tile) return {};
   switch (role) {
-    case ItemRole: return tile->item;
-    case WidgetRole: return tile->widget;
+    case ItemRole:
+      return tile->item;
+    case WidgetRole:
+      return tile->widget;
     case Qt::DisplayRole:
-    case TitleRole: return tile->title;
-    case SymbolRole: return tile->symbol;
-    case DescriptionRole: return tile->description;
-    case FrameRole: return tile->frame;
-    case SpanRole: return tile->span;
-    default: return {};
+    case TitleRole:
+      return tile->title;
+    case SymbolRole:
+      return tile->symbol;
+    case DescriptionRole:
+      return tile->description;
+    case FrameRole:
+      return tile->frame;
+    case SpanRole:
+      return tile->span;
+    default:
+      return {};
   }
 }
 
@@ -74,7 +82,8 @@ BarContent barContent(const std::vector<DockItem>& items, DockEdge edge, double 
     content.tiles[i].span = spanOf(tile.width);
   }
   content.slab = QSizeF(layout.width, layout.height) * scale;
-  if (content.tiles.empty()) content.slab = QSizeF(emptyLength, TileLayout::tileHeight + 2 * TileLayout::padding) * scale;
+  if (content.tiles.empty())
+    content.slab = QSizeF(emptyLength, TileLayout::tileHeight + 2 * TileLayout::padding) * scale;
   content.contentLength = layout.contentLength * scale;
   content.isScrolling = layout.isScrolling;
   return content;

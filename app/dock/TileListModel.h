@@ -5,8 +5,8 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "app/base/RecordListModel.h"
-#include "core/profiles.h"
 #include "core/dock.h"
+#include "core/profiles.h"
 
 namespace ambrel {
 

@@ -12,9 +12,7 @@ namespace {
 
 constexpr int gap = 6;
 
-Tips& tipsOf(QQmlEngine& engine) {
-  return *engine.singletonInstance<Tips*>(qmlTypeId("Ambrel.Kit", 1, 0, "Tips"));
-}
+Tips& tipsOf(QQmlEngine& engine) { return *engine.singletonInstance<Tips*>(qmlTypeId("Ambrel.Kit", 1, 0, "Tips")); }
 
 }  // namespace
 
@@ -33,7 +31,9 @@ void TipController::update() {
   }
   if (!window_) {
     window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::bubble);
-    window_->setFlag(Qt::WindowTransparentForInput);
+    // No business of the window manager's: its frame would take the pointer from what the tip speaks of.
+    window_->setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput |
+                      Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
     window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())}});
     window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TipView.qml")));
   }
@@ -43,9 +43,16 @@ void TipController::update() {
   const QRect about(item->mapToGlobal(QPointF(0, 0)).toPoint(), item->size().toSize());
   const QRect screen = item->window()->screen()->geometry();
   QPoint corner(about.center().x() - size.width() / 2, about.y() - gap - size.height());
-  if (corner.y() < screen.y()) corner.setY(about.y() + about.height() + gap);
+  const bool isBelow = corner.y() < screen.y();
+  if (isBelow) corner.setY(about.y() + about.height() + gap);
+  // The window with its margin stays clear of the item, or it would take the pointer from it.
+  QRect room = screen;
+  if (isBelow)
+    room.setTop(about.y() + about.height());
+  else
+    room.setBottom(about.y() - 1);
   corner.setX(qBound(screen.x() + gap, corner.x(), screen.x() + screen.width() - size.width() - gap));
-  window_->setPanelFrame(QRect(corner, size), screen);
+  window_->setPanelFrame(QRect(corner, size), room);
   window_->show();
   window_->raise();
 }

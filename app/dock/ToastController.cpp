@@ -44,7 +44,8 @@ void ToastController::show(const QString& title, const QString& detail, const QS
   QMetaObject::invokeMethod(root, "present", Q_ARG(QString, title), Q_ARG(QString, detail), Q_ARG(QString, symbol));
   const PanelAnchor anchor = anchor_();
   const QSize size(qCeil(toast->implicitWidth()), qCeil(toast->implicitHeight()));
-  window_->setPanelFrame(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge), anchor.screen);
+  window_->setPanelFrame(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),
+                         roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
   window_->show();
   window_->raise();
 }

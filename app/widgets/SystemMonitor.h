@@ -1,9 +1,9 @@
 #pragma once
 // The readings that the bar always has: processor, memory, start-up volume, network.
 
+#include <QList>
 #include <QObject>
 #include <QString>
-#include <QList>
 #include <QtQml/qqmlregistration.h>
 #include <optional>
 #include <thread>

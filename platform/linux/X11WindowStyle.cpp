@@ -1,5 +1,6 @@
 #include "platform/linux/X11WindowStyle.h"
 
+#include <QGuiApplication>
 #include <QRegion>
 #include <QVariant>
 #include <QWindow>
@@ -96,17 +97,20 @@ void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double 
 }
 
 void X11WindowStyle::setInputRect(QWindow& window, double x, double y, double width, double height) {
-  if (!connection_ || firstEvent_ == 0) return;
+  // By the toolkit's connection: on ours the request could overtake the window's creation.
+  const auto* toolkit = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  xcb_connection_t* xcb = toolkit ? toolkit->connection() : nullptr;
+  if (!xcb || firstEvent_ == 0) return;
   const double scale = window.devicePixelRatio();
   const auto pixels = [scale](double points) { return std::lround(points * scale); };
   const xcb_rectangle_t rectangle{static_cast<std::int16_t>(pixels(x)), static_cast<std::int16_t>(pixels(y)),
                                   static_cast<std::uint16_t>(pixels(width)), static_cast<std::uint16_t>(pixels(height))};
-  xcb_connection_t* xcb = connection_->xcb();
+  const auto id = static_cast<xcb_window_t>(window.winId());
   const xcb_xfixes_region_t region = xcb_generate_id(xcb);
   xcb_xfixes_create_region(xcb, region, 1, &rectangle);
-  xcb_xfixes_set_window_shape_region(xcb, static_cast<xcb_window_t>(window.winId()), XCB_SHAPE_SK_INPUT, 0, 0, region);
+  xcb_xfixes_set_window_shape_region(xcb, id, XCB_SHAPE_SK_INPUT, 0, 0, region);
   xcb_xfixes_destroy_region(xcb, region);
-  connection_->flush();
+  xcb_flush(xcb);
 }
 
 bool X11WindowStyle::askForCompositor() const {
