@@ -110,7 +110,9 @@ void AppDelegate::makeContext() {
   context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
     toast_.show(title, detail, symbol);
   };
-  context_->onToggleAgents = [this] { toggle(agentsPanel_.get(), context_->itemOf(QStringLiteral("agents"))); };
+  context_->onToggleAgents = [this] {
+    if (permits(ProFeature::agentTracking)) toggle(agentsPanel_.get(), context_->itemOf(QStringLiteral("agents")));
+  };
   context_->onToggleCustomize = [this] { toggle(customizePanel_.get()); };
   context_->onOpenTileMenu = [this](const QString& item) { openTileMenu(item); };
 }
@@ -331,10 +333,16 @@ void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
   panel->toggle(dock_->anchor(item));
 }
 
+bool AppDelegate::permits(ProFeature feature) {
+  if (license_.allows(feature)) return true;
+  license_.showUpsell();
+  return false;
+}
+
 void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profile) {
   switch (command) {
     case MenuCommand::pinProfile:
-      model_.setPinnedProfileID(profile);
+      if (permits(ProFeature::profileSwitching)) model_.setPinnedProfileID(profile);
       break;
     case MenuCommand::toggleAgents:
       carryOut(wish::ToggleAgents{});

@@ -81,6 +81,8 @@ class AppDelegate : public QObject {
   void toggle(DockPopoverController* panel, const QString& item = {});
   void openTileMenu(const QString& item);
   void openWelcome();
+  // Whether the licence allows the feature; if not, it says what the licence would give.
+  bool permits(ProFeature feature);
   void carryOut(MenuCommand command, const std::optional<UUID>& profile);
   std::string settingsTab() const;
   // The value stands in memory even when it cannot be written.

@@ -36,6 +36,7 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
                .now = [] { return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now()); }},
           .display = display,
           .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
+          .choosesPlatform = !platform.empty(),
           .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty()};
 }
 

@@ -12,6 +12,8 @@ struct Environment {
   Surroundings surroundings;
   std::string display;
   bool hasDisplay = false;
+  // The user has chosen the toolkit's platform (QT_QPA_PLATFORM).
+  bool choosesPlatform = false;
   // The user has chosen a renderer (QT_QUICK_BACKEND or QSG_RHI_BACKEND); ours does not override it.
   bool choosesRenderer = false;
 };

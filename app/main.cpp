@@ -32,6 +32,8 @@ int main(int argc, char** argv) {
 
   // Drawn by the processor: a bar of this size costs a third of what a graphics stack does, in memory and at rest.
   if (!environment.choosesRenderer) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  // Under Wayland through XWayland: only X11 lets a program place its windows and watch the pointer.
+  if (!environment.choosesPlatform) qputenv("QT_QPA_PLATFORM", "xcb");
   QQuickWindow::setDefaultAlphaBuffer(true);
   QApplication::setDesktopFileName(QStringLiteral("tilebay"));
   QApplication application(argc, argv);
@@ -41,7 +43,7 @@ int main(int argc, char** argv) {
   // Closing the settings window does not end the bar.
   QApplication::setQuitOnLastWindowClosed(false);
 
-  LinuxDesktop desktop(environment.display);
+  LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string());
   switch (desktop.session().start(commandLine.wish)) {
     case SessionRole::handedOver:
       return 0;
@@ -52,6 +54,9 @@ int main(int argc, char** argv) {
     case SessionRole::alone:
       break;
   }
+
+  // There was nothing to quit.
+  if (commandLine.wish && std::holds_alternative<wish::Quit>(*commandLine.wish)) return 0;
 
   AppDelegate delegate(environment.surroundings, desktop.seams());
   desktop.session().setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
