@@ -1,0 +1,144 @@
+#include <QSignalSpy>
+#include <QTest>
+#include <cmath>
+
+#include "app/widgets/SystemMonitor.h"
+#include "tests/fakes/FakeReadings.h"
+#include "tests/fakes/HeldWork.h"
+
+namespace ambrel {
+namespace {
+
+constexpr Instant start = Instant(std::chrono::seconds(1'800'000'000));
+Instant at(double seconds) { return advanced(start, Seconds(seconds)); }
+
+struct Fixture {
+  FakeReadings readings;
+  HeldWork held;
+  SystemMonitor monitor{readings, held.background(), Calendar("UTC", "en_US")};
+};
+
+}  // namespace
+
+class SystemMonitorTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void aFirstReadingPublishesNoRate();
+  void ratesComeFromTheDifferences();
+  void theHistoriesSpanAMinute();
+  void aReaderThatFailsLeavesTheValueUnknown();
+  void aNetworkThatComesBackGivesNoSpike();
+  void theVolumeIsReadOffTheMainThreadAtMostOnceAMinute();
+};
+
+void SystemMonitorTests::aFirstReadingPublishesNoRate() {
+  Fixture f;
+  f.monitor.tick(at(0));
+  QVERIFY(!f.monitor.cpuUsage());
+  QVERIFY(std::isnan(f.monitor.cpuPercent()));
+  QVERIFY(!f.monitor.network());
+  QCOMPARE(f.monitor.downloadFigure(), QString());
+  QVERIFY(f.monitor.cpuHistory().isEmpty());
+  QCOMPARE(f.monitor.memoryPercent(), 75.0);
+  QCOMPARE(f.monitor.memoryText(), QStringLiteral("12 GB of 16 GB in use"));
+}
+
+void SystemMonitorTests::ratesComeFromTheDifferences() {
+  Fixture f;
+  f.monitor.tick(at(0));
+  f.readings.pass(2, 50, 150);
+  f.readings.counters["eth0"] = {1'000 + 2'400'000, 500 + 6'000};
+  // The clock on the wall is set back meanwhile: rates go by the time since boot.
+  f.monitor.tick(at(-3600));
+  QCOMPARE(f.monitor.cpuPercent(), 25.0);
+  QCOMPARE(f.monitor.network()->receivedPerSecond, 1'200'000.0);
+  QCOMPARE(f.monitor.downloadFigure(), QStringLiteral("1.2"));
+  QCOMPARE(f.monitor.downloadUnit(), QStringLiteral("MB/s"));
+  QCOMPARE(f.monitor.uploadFigure(), QStringLiteral("3"));
+  QCOMPARE(f.monitor.uploadUnit(), QStringLiteral("KB/s"));
+}
+
+void SystemMonitorTests::theHistoriesSpanAMinute() {
+  Fixture f;
+  f.monitor.tick(at(0));
+  for (int i = 1; i <= 40; ++i) {
+    f.readings.pass(2, static_cast<std::uint64_t>(i), static_cast<std::uint64_t>(100 - i));
+    f.readings.counters["eth0"].received += 2000;
+    f.monitor.tick(at(2.0 * i));
+  }
+  QCOMPARE(f.monitor.cpuHistory().size(), 30);
+  QCOMPARE(f.monitor.cpuHistory().first(), 11.0);
+  QCOMPARE(f.monitor.cpuHistory().last(), 40.0);
+  QCOMPARE(f.monitor.downloadHistory().size(), 30);
+  QCOMPARE(f.monitor.downloadHistory().last(), 1000.0);
+  QCOMPARE(f.monitor.uploadHistory().last(), 0.0);
+}
+
+void SystemMonitorTests::aReaderThatFailsLeavesTheValueUnknown() {
+  Fixture f;
+  f.monitor.tick(at(0));
+  f.readings.pass(2, 50, 50);
+  f.monitor.tick(at(2));
+  QCOMPARE(f.monitor.cpuPercent(), 50.0);
+  f.readings.memoryReading.reset();
+  const auto ticks = std::exchange(f.readings.ticks, std::nullopt);
+  f.monitor.tick(at(4));
+  QVERIFY(std::isnan(f.monitor.cpuPercent()));
+  QVERIFY(std::isnan(f.monitor.memoryPercent()));
+  QCOMPARE(f.monitor.memoryText(), QString());
+  // What comes back primes anew.
+  f.readings.ticks = ticks;
+  f.readings.pass(4, 1000, 0);
+  f.monitor.tick(at(6));
+  QVERIFY(!f.monitor.cpuUsage());
+}
+
+void SystemMonitorTests::aNetworkThatComesBackGivesNoSpike() {
+  Fixture f;
+  f.monitor.tick(at(0));
+  f.readings.pass(2, 1, 1);
+  f.readings.counters.clear();
+  f.monitor.tick(at(2));
+  QVERIFY(!f.monitor.network());
+  f.readings.pass(2, 1, 1);
+  f.readings.counters["eth0"] = {9'000'000'000, 9'000'000'000};
+  f.monitor.tick(at(4));
+  QVERIFY(!f.monitor.network() || f.monitor.network()->receivedPerSecond == 0);
+  f.readings.pass(2, 1, 1);
+  f.readings.counters["eth0"].received += 4000;
+  f.monitor.tick(at(6));
+  QCOMPARE(f.monitor.network()->receivedPerSecond, 2000.0);
+}
+
+void SystemMonitorTests::theVolumeIsReadOffTheMainThreadAtMostOnceAMinute() {
+  Fixture f;
+  QSignalSpy changed(&f.monitor, &SystemMonitor::diskChanged);
+  f.monitor.tick(at(0));
+  QCOMPARE(f.readings.volumeReads, 0);
+  QVERIFY(std::isnan(f.monitor.diskPercent()));
+  // A read that hangs is not joined by a second one.
+  f.monitor.tick(at(120));
+  QCOMPARE(f.held.waiting.size(), 1u);
+  f.held.letGo();
+  QCOMPARE(f.monitor.diskPercent(), 75.0);
+  QCOMPARE(f.monitor.diskText(), QStringLiteral("250 GB of 1 TB free"));
+  QCOMPARE(changed.count(), 1);
+
+  f.monitor.tick(at(122));
+  QCOMPARE(f.held.waiting.size(), 1u);
+  f.held.letGo();
+  QCOMPARE(changed.count(), 1);
+  f.monitor.tick(at(181.9));
+  QCOMPARE(f.held.waiting.size(), 0u);
+  f.readings.volume->freeBytes = 0;
+  f.monitor.tick(at(182));
+  f.held.letGo();
+  QCOMPARE(f.monitor.diskPercent(), 100.0);
+  QCOMPARE(changed.count(), 2);
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::SystemMonitorTests)
+#include "SystemMonitorTests.moc"
