@@ -103,6 +103,10 @@ void DBusNotifications::setActivationHandler(std::function<void(const std::strin
   activation_ = std::move(handler);
 }
 
+void DBusNotifications::setActionHandler(std::function<void(const std::string&, const std::string&)> handler) {
+  action_ = std::move(handler);
+}
+
 void DBusNotifications::setAvailabilityHandler(std::function<void(bool)> handler) {
   availability_ = std::move(handler);
 }
@@ -169,13 +173,17 @@ void DBusNotifications::send(const std::string& identifier) {
   shown.isUnderWay = true;
 
   QVariantMap hints;
-  hints.insert(QStringLiteral("urgency"), QVariant::fromValue(uchar{1}));
+  hints.insert(QStringLiteral("urgency"), QVariant::fromValue(static_cast<uchar>(notification.isUrgent ? 2 : 1)));
   if (notification.sound)
     hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
   else
     hints.insert(QStringLiteral("suppress-sound"), true);
   QStringList actions;
-  if (capabilities_.contains(QStringLiteral("actions"))) actions << QStringLiteral("default") << QStringLiteral("Show");
+  if (capabilities_.contains(QStringLiteral("actions"))) {
+    actions << QStringLiteral("default") << QStringLiteral("Show");
+    for (const NotificationAction& action : notification.actions)
+      actions << QString::fromStdString(action.id) << QString::fromStdString(action.label);
+  }
   const bool readsMarkup = capabilities_.contains(QStringLiteral("body-markup"));
   const QVariantList arguments{QStringLiteral("Tilebay"),
                                shown.id,
@@ -227,9 +235,13 @@ void DBusNotifications::closed(uint id, uint) {
 
 void DBusNotifications::actionInvoked(uint id, const QString& action) {
   const auto entry = find(id);
-  if (entry == shown_.end() || action != QLatin1String("default") || !activation_) return;
+  if (entry == shown_.end()) return;
   const std::string identifier = entry->first;
-  activation_(identifier);
+  if (action == QLatin1String("default")) {
+    if (activation_) activation_(identifier);
+  } else if (action_) {
+    action_(identifier, action.toStdString());
+  }
 }
 
 }  // namespace ambrel

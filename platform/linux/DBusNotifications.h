@@ -26,6 +26,7 @@ class DBusNotifications : public QObject, public Notifications {
   void post(const Notification& notification) override;
   void withdraw(std::string_view identifier) override;
   void setActivationHandler(std::function<void(const std::string&)> handler) override;
+  void setActionHandler(std::function<void(const std::string&, const std::string&)> handler) override;
   void setAvailabilityHandler(std::function<void(bool)> handler) override;
 
  private Q_SLOTS:
@@ -63,6 +64,7 @@ class DBusNotifications : public QObject, public Notifications {
   std::vector<std::function<void(bool)>> asked_;
   QTimer patience_;  // how long what cannot be shown is kept
   std::function<void(const std::string&)> activation_;
+  std::function<void(const std::string&, const std::string&)> action_;
   std::function<void(bool)> availability_;
 };
 

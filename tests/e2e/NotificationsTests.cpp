@@ -72,6 +72,29 @@ TEST_F(NotificationsOnBus, TheSameIdentifierReplaces) {
   EXPECT_EQ(daemon.calls.back().replaces, 0u);
 }
 
+TEST_F(NotificationsOnBus, ButtonsAndUrgencyReachTheService) {
+  FakeNotificationDaemon daemon(everything);
+  std::vector<std::pair<std::string, std::string>> pressed;
+  notifications_.setActionHandler([&](const std::string& identifier, const std::string& action) {
+    pressed.emplace_back(identifier, action);
+  });
+  notifications_.post({.identifier = "alarm",
+                       .title = "Alarm",
+                       .body = "",
+                       .sound = false,
+                       .actions = {{"snooze", "Snooze"}, {"stop", "Stop"}},
+                       .isUrgent = true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 1; }));
+  EXPECT_EQ(daemon.calls[0].actions, (QStringList{"default", "Show", "snooze", "Snooze", "stop", "Stop"}));
+  EXPECT_EQ(daemon.calls[0].hints["urgency"].value<uchar>(), 2);
+  // Buttons are answered once the id is known.
+  ASSERT_TRUE(waitFor([&] {
+    daemon.press(41, "snooze");
+    return !pressed.empty();
+  }));
+  EXPECT_EQ(pressed.front(), std::pair(std::string("alarm"), std::string("snooze")));
+}
+
 TEST_F(NotificationsOnBus, AClosedOneIsNotReplacedAnyMore) {
   FakeNotificationDaemon daemon(everything);
   std::vector<std::string> clicked;

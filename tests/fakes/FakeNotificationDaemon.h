@@ -40,6 +40,7 @@ class FakeNotificationDaemon : public QObject {
   }
 
   void click(uint id) { Q_EMIT ActionInvoked(id, QStringLiteral("default")); }
+  void press(uint id, const QString& action) { Q_EMIT ActionInvoked(id, action); }
   void dismiss(uint id) { Q_EMIT NotificationClosed(id, 2); }
 
   bool isRegistered = false;

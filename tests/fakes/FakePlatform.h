@@ -133,6 +133,13 @@ class FakeNotifications : public Notifications {
   }
   void setAvailabilityHandler(std::function<void(bool)> handler) override { availability_ = std::move(handler); }
 
+  void setActionHandler(std::function<void(const std::string&, const std::string&)> handler) override {
+    action_ = std::move(handler);
+  }
+
+  void press(const std::string& identifier, const std::string& action) {
+    if (action_) action_(identifier, action);
+  }
   void click(const std::string& identifier) {
     if (activation_) activation_(identifier);
   }
@@ -148,6 +155,7 @@ class FakeNotifications : public Notifications {
 
  private:
   std::function<void(const std::string&)> activation_;
+  std::function<void(const std::string&, const std::string&)> action_;
   std::function<void(bool)> availability_;
 };
 
