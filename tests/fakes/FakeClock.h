@@ -1,0 +1,54 @@
+#pragma once
+// Time that stands still until the test moves it, and sounds that are written down.
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/Sounds.h"
+#include "platform/WallClock.h"
+
+namespace ambrel {
+
+class FakeClock : public WallClock {
+ public:
+  explicit FakeClock(Instant start) { reading_.now = start; }
+
+  Reading read() const override { return reading_; }
+  void wakeAt(std::optional<Instant> time, std::function<void()> handler) override {
+    wakeTime = time;
+    handler_ = std::move(handler);
+  }
+
+  Instant now() const { return reading_.now; }
+  // Time passes; whoever asked to be woken within it is not, until `ring`.
+  void pass(Seconds span) {
+    reading_.now = advanced(reading_.now, span);
+    reading_.sinceBoot += span;
+  }
+  void sleep(Seconds span) {
+    pass(span);
+    reading_.slept += span;
+  }
+  void set(Instant time) { reading_.now = time; }
+  void ring() {
+    if (auto handler = handler_) handler();
+  }
+
+  std::optional<Instant> wakeTime;
+
+ private:
+  Reading reading_;
+  std::function<void()> handler_;
+};
+
+class FakeSounds : public Sounds {
+ public:
+  void play(std::string_view name) override { heard.emplace_back("play " + std::string(name)); }
+  void loop(std::string_view name) override { heard.emplace_back("loop " + std::string(name)); }
+  void stop() override { heard.emplace_back("stop"); }
+
+  std::vector<std::string> heard;
+};
+
+}  // namespace ambrel
