@@ -1,0 +1,24 @@
+#pragma once
+// Writing one choice to the defaults, and texts between core and Qt.
+
+#include <QString>
+#include <string>
+
+#include "core/base/UserDefaults.h"
+
+namespace ambrel {
+
+inline QString toQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// A failure is logged, and the value stands in memory.
+void store(UserDefaults& defaults, const std::string& key, DefaultsValue value);
+inline void store(UserDefaults& defaults, const std::string& key, int value) {
+  store(defaults, key, DefaultsValue{static_cast<std::int64_t>(value)});
+}
+inline void store(UserDefaults& defaults, const std::string& key, bool value) {
+  store(defaults, key, DefaultsValue{value});
+}
+
+}  // namespace ambrel
