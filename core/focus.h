@@ -77,6 +77,7 @@ struct Pomodoro {
   DayCounts history;
   std::optional<Instant> endDate;  // while it runs
   Seconds pausedRemaining{0};      // while it is paused
+  std::optional<Seconds> begunLength;  // of a phase that has begun; new settings are for the next
 
   bool isRunning() const { return endDate.has_value(); }
   bool isPaused() const { return !endDate && pausedRemaining > Seconds(0); }

@@ -30,6 +30,7 @@ PomodoroSettings PomodoroSettings::clamped() const {
 }
 
 Seconds Pomodoro::length() const {
+  if (begunLength) return *begunLength;
   switch (phase) {
     case PomodoroPhase::focus:
       return minutes(settings.focusMinutes);
@@ -48,6 +49,7 @@ Seconds Pomodoro::remaining(Instant now) const {
 
 void Pomodoro::start(Instant now) {
   if (isRunning()) return;
+  begunLength = length();
   endDate = advanced(now, remaining(now));
   pausedRemaining = Seconds(0);
 }
@@ -61,6 +63,7 @@ void Pomodoro::pause(Instant now) {
 
 void Pomodoro::reset() {
   endDate.reset();
+  begunLength.reset();
   pausedRemaining = Seconds(0);
 }
 

@@ -82,6 +82,20 @@ TEST(Pomodoro, StartsOnceAndResetsToTheBeginningOfThePhase) {
   EXPECT_FALSE(timer.isRunning());
 }
 
+TEST(Pomodoro, TakesNewLengthsForTheNextPhase) {
+  Pomodoro timer;
+  timer.settings.focusMinutes = 50;
+  EXPECT_EQ(timer.remaining(morning), minutes(50)) << "it has not begun";
+  timer.start(morning);
+  timer.settings.focusMinutes = 10;
+  timer.settings.breakMinutes = 3;
+  EXPECT_EQ(timer.length(), minutes(50));
+  timer.pause(morning + minutes(20));
+  EXPECT_EQ(timer.length(), minutes(50));
+  timer.skip(morning);
+  EXPECT_EQ(timer.length(), minutes(3));
+}
+
 TEST(Pomodoro, SkipsWithoutCounting) {
   Pomodoro timer;
   timer.skip(morning);
