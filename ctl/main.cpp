@@ -16,7 +16,9 @@ namespace {
 
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
-std::vector<Command> allCommands() { return {agentsCommand(), diskCommand(), profilesCommand(), widgetsCommand()}; }
+std::vector<Command> allCommands() {
+  return {agentsCommand(), diskCommand(), profilesCommand(), weatherCommand(), widgetsCommand()};
+}
 
 std::string variable(const char* name) {
   const char* value = std::getenv(name);

@@ -8,6 +8,7 @@ namespace ambrel {
 Command agentsCommand();
 Command diskCommand();
 Command profilesCommand();
+Command weatherCommand();
 Command widgetsCommand();
 
 }  // namespace ambrel
