@@ -1,0 +1,27 @@
+import QtQuick
+import Ambrel.Kit
+
+// The next seven days.
+WeatherFrame {
+    id: root
+
+    readonly property bool isEmpty: weather.texts.days.length === 0
+
+    name: qsTr("7-Day Forecast")
+    symbol: "calendar"
+    span: TileFrame.ExtraLarge
+    hasHeader: isUnavailable && span !== TileFrame.Small
+    problem: weather.problem !== "" ? weather.problem : isEmpty ? qsTr("The forecast has run out") : ""
+    label: isUnavailable ? spoken : name + ", " + weather.texts.daysSummary + (isStale ? ", " + staleSince : "")
+
+    ForecastRow {
+        anchors.fill: parent
+        anchors.leftMargin: -6
+        anchors.rightMargin: -6
+        entries: root.weather.texts.days
+        timeKey: "day"
+        figureKey: "high"
+        staleSince: root.staleSince
+        markOpacity: root.markOpacity
+    }
+}

@@ -1,0 +1,87 @@
+import QtQuick
+import Ambrel.Kit
+
+// A forecast as columns of time, picture and temperature; as many as fit. An old one says its age beside them.
+Item {
+    id: root
+
+    // {"symbol", "condition"} and what `timeKey` and `figureKey` name.
+    required property var entries
+    required property string timeKey
+    required property string figureKey
+    required property string staleSince
+    required property real markOpacity
+    readonly property real columnWidth: 31
+    readonly property int shown: Math.min(entries.length, Math.floor((width - (age.visible ? age.width : 0)) / columnWidth))
+
+    Row {
+        id: columns
+
+        Repeater {
+            model: root.entries.slice(0, root.shown)
+
+            Item {
+                id: column
+
+                required property var modelData
+
+                width: (root.width - (age.visible ? age.width : 0)) / Math.max(1, root.shown)
+                height: root.height
+
+                Label {
+                    width: parent.width
+                    text: column.modelData[root.timeKey]
+                    role: Theme.subLine
+                    color: Theme.ink2
+                    horizontalAlignment: Text.AlignHCenter
+                    hasTip: false
+                    Accessible.ignored: true
+                }
+                WeatherPicture {
+                    name: column.modelData.symbol
+                    size: 18
+                    opacity: root.markOpacity
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    y: (parent.height - height) / 2
+                }
+                Label {
+                    width: parent.width
+                    text: column.modelData[root.figureKey]
+                    role: Theme.captionStrong
+                    color: root.staleSince === "" ? Theme.ink : Theme.ink2
+                    horizontalAlignment: Text.AlignHCenter
+                    anchors.bottom: parent.bottom
+                    hasTip: false
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+    Item {
+        id: age
+
+        visible: root.staleSince !== ""
+        width: 52
+        height: root.height
+        anchors.right: parent.right
+
+        Symbol {
+            name: "clock.arrow.circlepath"
+            size: 14
+            color: Theme.orange.text
+            anchors.horizontalCenter: parent.horizontalCenter
+        }
+        Label {
+            y: 16
+            width: parent.width
+            text: root.staleSince
+            role: Theme.subLine
+            color: Theme.orange.text
+            wrapMode: Text.WordWrap
+            maximumLineCount: 2
+            horizontalAlignment: Text.AlignHCenter
+            hasTip: false
+            Accessible.ignored: true
+        }
+    }
+}

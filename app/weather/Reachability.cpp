@@ -1,0 +1,22 @@
+#include "app/weather/Reachability.h"
+
+#include <QNetworkInformation>
+
+namespace ambrel {
+
+Reachability::Reachability(QObject* parent) : QObject(parent) {
+  if (!QNetworkInformation::loadBackendByFeatures(QNetworkInformation::Feature::Reachability)) return;
+  connect(QNetworkInformation::instance(), &QNetworkInformation::reachabilityChanged, this, &Reachability::update);
+  update();
+}
+
+void Reachability::update() {
+  const auto reach = QNetworkInformation::instance()->reachability();
+  // A network without a way out may still lead to a server of one's own.
+  const bool isOnline = reach != QNetworkInformation::Reachability::Disconnected;
+  if (isOnline == isOnline_) return;
+  isOnline_ = isOnline;
+  Q_EMIT changed(isOnline_);
+}
+
+}  // namespace ambrel

@@ -1,0 +1,26 @@
+import QtQuick
+import Ambrel.Kit
+
+// The weather and the time of another place.
+WeatherFrame {
+    id: root
+
+    name: weather.texts.place
+    symbol: "building.2"
+    span: TileFrame.Large
+    fact: span === TileFrame.Small ? "" : weather.texts.localTime
+    value: weather.texts.temperature
+    valueRole: Theme.clock
+    subLine: weather.texts.condition
+    reserved: span === TileFrame.Small || span === TileFrame.Medium ? 0 : 28
+    tip: isUnavailable ? "" : weather.texts.summary
+
+    WeatherPicture {
+        visible: root.span !== TileFrame.Small
+        name: root.weather.texts.symbol
+        opacity: root.markOpacity
+        anchors.right: parent.right
+        // In a narrow tile the line below it needs the whole width.
+        y: root.span === TileFrame.Medium && !root.isStale ? Theme.caption.line - 5 : Theme.caption.line + 2
+    }
+}

@@ -1,0 +1,115 @@
+#pragma once
+// The weather of one place: asked for at its times, kept while there is no answer.
+
+#include <QString>
+#include <QVariantList>
+#include <functional>
+
+#include "app/base/TimedModel.h"
+#include "app/weather/WeatherService.h"
+#include "app/weather/WeatherTexts.h"
+#include "core/base/UserDefaults.h"
+
+namespace ambrel {
+
+class WeatherModel : public TimedModel {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::WeatherTexts texts READ texts NOTIFY changed FINAL)
+  // Why there is nothing to show; empty when there is.
+  Q_PROPERTY(QString problem READ problem NOTIFY changed FINAL)
+  Q_PROPERTY(QString placeLabel READ placeLabel NOTIFY changed FINAL)
+  Q_PROPERTY(bool usesFahrenheit READ usesFahrenheit WRITE setUsesFahrenheit NOTIFY usesFahrenheitChanged FINAL)
+  // "us" or "european"
+  Q_PROPERTY(QString airQualityScale READ airQualityScale WRITE setAirQualityScale NOTIFY changed FINAL)
+  // {"name": "Springfield", "detail": "United States"}, to be chosen by their index.
+  Q_PROPERTY(QVariantList searchResults READ searchResults NOTIFY searchChanged FINAL)
+  // "No place of that name", "The search does not answer"; empty while there are results or nothing is asked.
+  Q_PROPERTY(QString searchProblem READ searchProblem NOTIFY searchChanged FINAL)
+
+ public:
+  using Place = WeatherPlace;
+  using Day = WeatherDay;
+
+  struct Setting {
+    std::string placeKey;
+    Place defaultPlace;
+  };
+  static Setting mainSetting() { return {"weatherPlace", ambrel::defaultPlace()}; }
+  static Setting secondCitySetting() { return {"secondCityPlace", defaultSecondPlace()}; }
+
+  WeatherModel(Setting setting, WeatherService& service, UserDefaults& defaults, Calendar calendar,
+               std::function<Instant()> now, QObject* parent = nullptr);
+
+  // The first requests go out from here on.
+  void begin(Instant now);
+  // Asks for the forecast and, if due, for the air quality. Not while the machine is offline: then once it is back.
+  void refresh(Instant now);
+  void setOnline(bool isOnline, Instant now);
+  // A change of the unit at `other` is a change here.
+  void followUnitOf(WeatherModel& other);
+
+  const WeatherTexts& texts() const { return texts_; }
+  QString problem() const;
+  QString placeLabel() const { return QString::fromStdString(ambrel::placeLabel(place_)); }
+  bool usesFahrenheit() const { return usesFahrenheit_; }
+  void setUsesFahrenheit(bool uses);
+  QString airQualityScale() const;
+  void setAirQualityScale(const QString& name);
+  QVariantList searchResults() const;
+  QString searchProblem() const { return searchProblem_; }
+
+  // Waits for a pause in the typing.
+  Q_INVOKABLE void search(const QString& text);
+  Q_INVOKABLE void choose(int result);
+  void choose(const Place& place);
+  // Brings ages and times up to date, while somebody looks.
+  Q_INVOKABLE void update();
+
+  const Place& place() const { return place_; }
+  const WeatherReading& reading() const { return reading_; }
+
+  std::optional<Instant> due() const override;
+  void tick(Instant now) override;
+  void slept(Seconds span, Instant now) override;
+  void clockMoved(Seconds by, Instant now) override;
+
+ Q_SIGNALS:
+  void changed();
+  void usesFahrenheitChanged();
+  void searchChanged();
+
+ private:
+  void askForecast(Instant now);
+  void forecastAnswered(const std::optional<QByteArray>& body, bool usedFahrenheit, const QString& problem);
+  void askAirQuality(Instant now);
+  void airQualityAnswered(const std::optional<QByteArray>& body, const QString& problem);
+  void askPlaces();
+  void applyUnit(bool uses, Instant now);
+  void publish(Instant now);
+
+  Setting setting_;
+  WeatherService& service_;
+  UserDefaults& defaults_;
+  Calendar calendar_;
+  std::function<Instant()> now_;
+  Place place_;
+  bool usesFahrenheit_;
+  bool isOnline_ = true;
+  WeatherReading reading_;
+  WeatherTexts texts_;
+  QString problem_;
+  // An answer to an older question than the present one is not looked at.
+  int generation_ = 0, searchGeneration_ = 0;
+  int forecastFailures_ = 0, airFailures_ = 0;
+  std::optional<Instant> forecastAt_;  // when to ask next
+  std::optional<Instant> airAt_;       // when to ask again before the next forecast
+  std::optional<Instant> airQualityFetchedAt_;
+  QString searchText_;
+  std::optional<Instant> searchAt_;
+  std::vector<Place> found_;
+  QString searchProblem_;
+};
+
+}  // namespace ambrel

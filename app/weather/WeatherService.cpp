@@ -1,0 +1,94 @@
+#include "app/weather/WeatherService.h"
+
+#include <QNetworkReply>
+#include <QPointer>
+#include <QTimer>
+
+namespace ambrel {
+namespace {
+
+QUrl hostFrom(const UserDefaults& defaults, const char* key, const QUrl& fallback) {
+  const auto text = defaults.string(key);
+  if (!text) return fallback;
+  const QUrl url(QString::fromStdString(*text), QUrl::StrictMode);
+  const bool isHTTP = url.scheme() == QStringLiteral("https") || url.scheme() == QStringLiteral("http");
+  return url.isValid() && isHTTP && !url.host().isEmpty() ? url : fallback;
+}
+
+// One request under way: collects the body within its limits and answers once.
+class Fetch : public QObject {
+ public:
+  Fetch(QNetworkReply* reply, const WeatherLimits& limits, QObject* receiver, WeatherService::Answer answered)
+      : QObject(reply), reply_(reply), receiver_(receiver), answered_(std::move(answered)) {
+    // The library's own limit is for each pause between bytes; a slow drip would never reach it.
+    deadline_.setSingleShot(true);
+    connect(&deadline_, &QTimer::timeout, this, [this] { giveUp(QStringLiteral("it took too long")); });
+    deadline_.start(limits.time);
+    connect(reply, &QNetworkReply::readyRead, this, [this, most = limits.bytes] {
+      body_ += reply_->readAll();
+      if (body_.size() > most) giveUp(QStringLiteral("it is too large"));
+    });
+    connect(reply, &QNetworkReply::finished, this, [this] { finished(); });
+  }
+
+ private:
+  void giveUp(const QString& problem) {
+    if (problem_.isEmpty()) problem_ = problem;
+    reply_->abort();
+  }
+
+  void finished() {
+    deadline_.stop();
+    reply_->deleteLater();
+    // A reply that was given up is closed.
+    if (reply_->isOpen()) body_ += reply_->readAll();
+    const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (problem_.isEmpty() && reply_->error() != QNetworkReply::NoError) problem_ = reply_->errorString();
+    if (problem_.isEmpty() && status != 200) problem_ = QStringLiteral("the server says %1").arg(status);
+    if (!receiver_) return;
+    if (problem_.isEmpty())
+      answered_(std::move(body_), {});
+    else
+      answered_(std::nullopt, problem_);
+  }
+
+  QNetworkReply* reply_;
+  QPointer<QObject> receiver_;
+  WeatherService::Answer answered_;
+  QTimer deadline_;
+  QByteArray body_;
+  QString problem_;
+};
+
+}  // namespace
+
+WeatherHosts weatherHosts(const UserDefaults& defaults) {
+  const WeatherHosts open;
+  return {hostFrom(defaults, "weatherForecastURL", open.forecast),
+          hostFrom(defaults, "weatherAirQualityURL", open.airQuality),
+          hostFrom(defaults, "weatherGeocodingURL", open.geocoding)};
+}
+
+WeatherService::WeatherService(WeatherHosts hosts, WeatherLimits limits, QObject* parent)
+    : QObject(parent), hosts_(std::move(hosts)), limits_(limits) {
+  network_.setAutoDeleteReplies(false);
+}
+
+void WeatherService::get(Kind kind, const std::string& request, QObject* receiver, Answer answered) {
+  const QUrl& host = kind == Kind::forecast     ? hosts_.forecast
+                     : kind == Kind::airQuality ? hosts_.airQuality
+                                                : hosts_.geocoding;
+  QString address = host.toString(QUrl::FullyEncoded | QUrl::StripTrailingSlash);
+  address += QString::fromStdString(request);
+  QNetworkRequest ask(QUrl(address, QUrl::StrictMode));
+  ask.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Tilebay"));
+  ask.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+  ask.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+  ask.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+  ask.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+  ask.setMaximumRedirectsAllowed(limits_.redirections);
+  ask.setDecompressedSafetyCheckThreshold(limits_.bytes);
+  new Fetch(network_.get(ask), limits_, receiver, std::move(answered));
+}
+
+}  // namespace ambrel

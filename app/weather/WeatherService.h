@@ -1,0 +1,53 @@
+#pragma once
+// Requests to the weather services, over HTTP.
+
+#include <QByteArray>
+#include <QNetworkAccessManager>
+#include <QString>
+#include <QUrl>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "core/base/UserDefaults.h"
+
+namespace ambrel {
+
+// Where the services are: scheme, host and port, and a path before the service's own if there is one.
+struct WeatherHosts {
+  QUrl forecast{QStringLiteral("https://api.open-meteo.com")};
+  QUrl airQuality{QStringLiteral("https://air-quality-api.open-meteo.com")};
+  QUrl geocoding{QStringLiteral("https://geocoding-api.open-meteo.com")};
+  bool operator==(const WeatherHosts&) const = default;
+};
+
+// From the keys "weatherForecastURL", "weatherAirQualityURL" and "weatherGeocodingURL", each the address of a server
+// of one's own; what is missing or no address of HTTP leaves the public service.
+WeatherHosts weatherHosts(const UserDefaults& defaults);
+
+struct WeatherLimits {
+  std::chrono::milliseconds time{20000};  // for the whole answer
+  qint64 bytes = 1 << 20;
+  int redirections = 3;
+};
+
+class WeatherService : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class Kind { forecast, airQuality, geocoding };
+  // The body of a good answer, or nothing and why.
+  using Answer = std::function<void(std::optional<QByteArray> body, const QString& problem)>;
+
+  explicit WeatherService(WeatherHosts hosts, WeatherLimits limits = {}, QObject* parent = nullptr);
+
+  // `answered` is called once, later and on this thread, as long as `receiver` lives.
+  void get(Kind kind, const std::string& request, QObject* receiver, Answer answered);
+
+ private:
+  QNetworkAccessManager network_;
+  WeatherHosts hosts_;
+  WeatherLimits limits_;
+};
+
+}  // namespace ambrel

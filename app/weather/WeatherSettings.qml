@@ -1,0 +1,120 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Weather
+
+// Choosing the place, the unit and the air-quality scale.
+Popover {
+    id: root
+
+    required property WeatherModel weather
+    property bool hasScale: true
+    readonly property int found: weather.searchResults.length
+
+    title: weather.placeLabel
+    symbol: "mappin"
+    implicitWidth: 340
+    implicitHeight: 420
+
+    Field {
+        id: field
+        x: Theme.space4
+        y: Theme.space3
+        width: parent.width - 2 * Theme.space4
+        isSearch: true
+        hint: qsTr("Search for a city")
+        maximumLength: 100
+        focus: true
+        onTextChanged: root.weather.search(text)
+        onAccepted: if (root.found > 0)
+            list.take(0)
+    }
+
+    Column {
+        id: list
+
+        function take(index: int) {
+            root.weather.choose(index);
+            field.text = "";
+            root.closeRequested();
+        }
+
+        visible: field.text !== ""
+        x: Theme.space2
+        width: parent.width - 2 * Theme.space2
+        anchors.top: field.bottom
+        anchors.topMargin: Theme.space2
+
+        Repeater {
+            model: root.weather.searchResults
+
+            ListRow {
+                required property var modelData
+                required property int index
+
+                width: list.width
+                symbol: "mappin"
+                title: modelData.name
+                detail: modelData.detail
+                onClicked: list.take(index)
+            }
+        }
+        Label {
+            visible: root.found === 0
+            x: Theme.space2
+            width: parent.width - 2 * Theme.space2
+            text: root.weather.searchProblem !== "" ? root.weather.searchProblem : qsTr("Type at least two letters")
+            role: Theme.small
+            color: Theme.ink2
+            wrapMode: Text.WordWrap
+        }
+    }
+
+    Column {
+        visible: field.text === ""
+        x: Theme.space4
+        width: parent.width - 2 * Theme.space4
+        anchors.top: field.bottom
+        anchors.topMargin: Theme.space3
+        spacing: Theme.space3
+
+        Section {
+            width: parent.width
+
+            SectionRow {
+                title: qsTr("Unit")
+
+                Segments {
+                    label: qsTr("Unit")
+                    options: [qsTr("Celsius"), qsTr("Fahrenheit")]
+                    current: root.weather.usesFahrenheit ? 1 : 0
+                    onChosen: index => root.weather.usesFahrenheit = index === 1
+                }
+            }
+            SectionRow {
+                visible: root.hasScale
+                title: qsTr("Air quality")
+
+                Segments {
+                    label: qsTr("Air quality")
+                    options: [qsTr("US"), qsTr("European")]
+                    current: root.weather.airQualityScale === "european" ? 1 : 0
+                    onChosen: index => root.weather.airQualityScale = index === 1 ? "european" : "us"
+                }
+            }
+        }
+        WeatherDetails {
+            width: parent.width
+            weather: root.weather
+        }
+    }
+
+    Label {
+        x: Theme.space4
+        width: parent.width - 2 * Theme.space4
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.space3
+        text: (root.weather.texts.updated === "" ? "" : root.weather.texts.updated + " · ") + qsTr("Weather data by Open-Meteo.com")
+        role: Theme.subLine
+        color: Theme.ink3
+    }
+}
