@@ -159,6 +159,11 @@ constexpr SymbolGlyph glyphs[] = {
     {"mic.slash", 0xE02B},                                // mic_off
     {"minus", 0xE15B},                                    // remove
     {"minus.magnifyingglass", 0xE900},                    // zoom_out
+    {"mood.1", 0xE814},                                   // sentiment_very_dissatisfied
+    {"mood.2", 0xE811},                                   // sentiment_dissatisfied
+    {"mood.3", 0xE812},                                   // sentiment_neutral
+    {"mood.4", 0xE813},                                   // sentiment_satisfied
+    {"mood.5", 0xE815},                                   // sentiment_very_satisfied
     {"moon", 0xF03D},                                     // nightlight
     {"moon.fill", 0xEF44},                                // bedtime
     {"mug", 0xF1F3},                                      // sports_bar

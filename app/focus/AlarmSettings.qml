@@ -1,0 +1,76 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// Setting the alarm, and answering it.
+Popover {
+    id: root
+
+    required property AlarmClock alarm
+
+    title: qsTr("Alarm")
+    symbol: "alarm"
+    implicitWidth: 340
+    implicitHeight: 340
+
+    headerItems: Label {
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.alarm.isOn ? root.alarm.time : ""
+        role: Theme.small
+        color: Theme.ink2
+    }
+
+    Section {
+        id: section
+        x: Theme.space4
+        y: Theme.space2
+        width: parent.width - 2 * Theme.space4
+
+        SwitchRow {
+            title: qsTr("Alarm")
+            detail: root.alarm.detail
+            checked: root.alarm.isOn
+            onToggled: checked => root.alarm.isOn = checked
+        }
+        StepperRow {
+            title: qsTr("Hour")
+            value: root.alarm.hour
+            from: 0
+            to: 23
+            onStepped: value => root.alarm.set(value, root.alarm.minute)
+        }
+        StepperRow {
+            title: qsTr("Minute")
+            value: root.alarm.minute
+            from: 0
+            to: 59
+            step: 5
+            onStepped: value => root.alarm.set(root.alarm.hour, value)
+        }
+        StepperRow {
+            title: qsTr("Snooze for")
+            value: root.alarm.snoozeMinutes
+            to: 60
+            unit: qsTr("min")
+            onStepped: value => root.alarm.snoozeMinutes = value
+        }
+    }
+    Row {
+        x: Theme.space4
+        anchors.top: section.bottom
+        anchors.topMargin: Theme.space3
+        spacing: Theme.space2
+        visible: root.alarm.isRinging || root.alarm.isSnoozed
+
+        Button {
+            kind: Button.Primary
+            visible: root.alarm.isRinging
+            text: qsTr("Snooze")
+            onClicked: root.alarm.snooze()
+        }
+        Button {
+            text: qsTr("Stop")
+            onClicked: root.alarm.stop()
+        }
+    }
+}

@@ -1,0 +1,65 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// The interval of one of the two break reminders.
+Popover {
+    id: root
+
+    required property BreakReminder reminder
+    property bool live: true
+    property bool isForEyes: true
+
+    title: isForEyes ? qsTr("Eye Break") : qsTr("Stand Up")
+    symbol: isForEyes ? "eye" : "figure.stand"
+    implicitWidth: 340
+    implicitHeight: 226
+
+    LiveTimeline {
+        schedule: root.reminder.isOn ? LiveTimeline.EverySecond : LiveTimeline.Never
+        active: root.live
+        onTicked: Qt.callLater(root.reminder.update)
+    }
+
+    Section {
+        id: section
+        x: Theme.space4
+        y: Theme.space2
+        width: parent.width - 2 * Theme.space4
+
+        SwitchRow {
+            title: qsTr("Reminders")
+            detail: root.reminder.isOn ? qsTr("%1 left").arg(root.reminder.countdown) : ""
+            checked: root.reminder.isOn
+            onToggled: checked => root.reminder.isOn = checked
+        }
+        StepperRow {
+            title: qsTr("Every")
+            value: root.reminder.intervalMinutes
+            to: 240
+            step: 5
+            unit: qsTr("min")
+            onStepped: value => root.reminder.intervalMinutes = value
+        }
+    }
+    Row {
+        x: Theme.space4
+        width: parent.width - 2 * Theme.space4
+        anchors.top: section.bottom
+        anchors.topMargin: Theme.space3
+        spacing: Theme.space3
+
+        Button {
+            kind: Button.Primary
+            focus: true
+            text: root.reminder.isOnBreak ? qsTr("End the break") : root.isForEyes ? qsTr("Take the break now") : qsTr("I stood up")
+            onClicked: root.reminder.isOnBreak ? root.reminder.endBreak() : root.reminder.takeBreak()
+        }
+        Label {
+            text: qsTr("%1 today").arg(root.reminder.countToday)
+            role: Theme.small
+            color: Theme.ink2
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+}

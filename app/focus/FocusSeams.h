@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+
+#include "core/base/Calendar.h"
+#include "core/base/UserDefaults.h"
+#include "core/focus.h"
+#include "platform/Notifications.h"
+#include "platform/Sounds.h"
+
+namespace ambrel {
+
+// What the models of focus and wellbeing are given. All of it outlives them.
+struct FocusSeams {
+  UserDefaults& defaults;
+  Calendar calendar;
+  Notifications& notifications;
+  Sounds& sounds;
+  std::function<Instant()> now;
+};
+
+// Asked before a reminder disturbs, as whether its tile stands on the bar.
+using IsEnabled = std::function<bool()>;
+
+// Without a sound: the models sound by themselves.
+inline Notification notificationOf(const FocusNotice& notice) {
+  return {.identifier = notice.identifier, .title = notice.title, .body = notice.body, .sound = false};
+}
+
+}  // namespace ambrel

@@ -1,0 +1,29 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// The focus sessions of this week.
+TileFrame {
+    id: root
+
+    required property PomodoroTimer pomodoro
+
+    name: qsTr("Focus Stats")
+    symbol: "chart.bar"
+    span: TileFrame.Large
+    value: pomodoro.weekTotal
+    subLine: qsTr("this week")
+    reserved: span === TileFrame.Small ? 0 : span === TileFrame.Medium ? 40 : 92
+    tip: pomodoro.weekText
+
+    WeekBars {
+        visible: root.span !== TileFrame.Small
+        week: root.pomodoro.week
+        hasLetters: root.span !== TileFrame.Medium
+        width: root.span === TileFrame.Medium ? 40 : 92
+        spacing: root.span === TileFrame.Medium ? 2 : 4
+        height: 34
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+    }
+}

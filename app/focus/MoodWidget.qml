@@ -1,0 +1,62 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// The moods of the last seven days.
+TileFrame {
+    id: root
+
+    required property MoodLog mood
+    // The tile's entry in its context menu.
+    readonly property string menuText: qsTr("Change Today's Mood")
+    readonly property bool isSmall: span === TileFrame.Small
+
+    function chooseMenu() {
+        root.clicked();
+    }
+
+    name: isSmall ? qsTr("Mood") : qsTr("Mood · last 7 days")
+    symbol: "face.smiling"
+    span: TileFrame.Large
+    label: name + ", " + (mood.today === 0 ? qsTr("How do you feel today?") : qsTr("today %1").arg(mood.todayName))
+    tip: mood.today === 0 ? qsTr("How do you feel today?") : mood.weekText
+    value: isSmall ? (mood.today === 0 ? "?" : mood.todayName) : ""
+
+    Row {
+        id: days
+
+        visible: !root.isSmall
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+
+        Repeater {
+            model: root.mood.week
+
+            Column {
+                id: day
+
+                required property var modelData
+                required property int index
+
+                width: days.width / 7
+                spacing: 1
+
+                MoodFace {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    mood: day.modelData.mood
+                    size: 18
+                }
+                Label {
+                    width: parent.width
+                    text: day.modelData.day
+                    role: Theme.subLine
+                    color: day.index === 6 ? Theme.ink : Theme.ink2
+                    horizontalAlignment: Text.AlignHCenter
+                    hasTip: false
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+}

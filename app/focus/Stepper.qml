@@ -1,0 +1,70 @@
+import QtQuick
+import Ambrel.Kit
+
+// A whole number with a button on each side. Up and Down change it too; `stepped` says which is wanted.
+FocusScope {
+    id: root
+
+    required property int value
+    property int from: 0
+    property int to: 100
+    property int step: 1
+    property string unit
+    required property string label
+
+    signal stepped(int value)
+
+    function move(by: int) {
+        // From a number between the steps it goes to the next step.
+        const wanted = Math.max(from, Math.min(to, by > 0 ? (Math.floor(value / step) + 1) * step : (Math.ceil(value / step) - 1) * step));
+        if (wanted !== value)
+            stepped(wanted);
+    }
+
+    implicitWidth: row.width
+    implicitHeight: 32
+    activeFocusOnTab: true
+    Accessible.role: Accessible.SpinBox
+    Accessible.name: label + ", " + value + (unit === "" ? "" : " " + unit)
+    Accessible.focusable: true
+    Accessible.onIncreaseAction: root.move(1)
+    Accessible.onDecreaseAction: root.move(-1)
+    Keys.onUpPressed: root.move(1)
+    Keys.onDownPressed: root.move(-1)
+
+    Row {
+        id: row
+        height: root.height
+        spacing: 2
+
+        IconButton {
+            symbol: "minus"
+            label: qsTr("Less")
+            tip: ""
+            activeFocusOnTab: false
+            enabled: root.value > root.from
+            anchors.verticalCenter: parent.verticalCenter
+            onClicked: root.move(-1)
+        }
+        Label {
+            width: 78
+            text: root.unit === "" ? root.value : root.value + " " + root.unit
+            role: Theme.rowTitle
+            horizontalAlignment: Text.AlignHCenter
+            anchors.verticalCenter: parent.verticalCenter
+            Accessible.ignored: true
+        }
+        IconButton {
+            symbol: "plus"
+            label: qsTr("More")
+            tip: ""
+            activeFocusOnTab: false
+            enabled: root.value < root.to
+            anchors.verticalCenter: parent.verticalCenter
+            onClicked: root.move(1)
+        }
+    }
+    FocusRing {
+        targetRadius: Theme.radiusSmall
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// The stopwatch with its controls.
+Popover {
+    id: root
+
+    required property Stopwatch stopwatch
+    property bool live: true
+
+    title: qsTr("Stopwatch")
+    symbol: "stopwatch"
+    implicitWidth: 340
+    implicitHeight: 164
+
+    LiveTimeline {
+        schedule: root.stopwatch.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        active: root.live
+        onTicked: Qt.callLater(root.stopwatch.update)
+    }
+
+    TickingText {
+        id: time
+        y: Theme.space2
+        width: parent.width
+        height: 36
+        alignment: Qt.AlignHCenter
+        text: root.stopwatch.elapsed
+        widest: root.stopwatch.elapsed.replace(/[0-9]/g, "0")
+        font: Theme.headline.font
+        color: Theme.ink
+    }
+    Row {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: time.bottom
+        anchors.topMargin: Theme.space3
+        spacing: Theme.space2
+
+        Button {
+            kind: Button.Primary
+            focus: true
+            text: root.stopwatch.isRunning ? qsTr("Stop") : qsTr("Start")
+            onClicked: root.stopwatch.toggle()
+        }
+        Button {
+            text: qsTr("Reset")
+            enabled: !root.stopwatch.isZero
+            onClicked: root.stopwatch.reset()
+        }
+    }
+}

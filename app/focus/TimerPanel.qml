@@ -1,0 +1,87 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// Starting the quick timer.
+Popover {
+    id: root
+
+    required property QuickTimer timer
+    property bool live: true
+    property int minutes: 5
+
+    title: qsTr("Timer")
+    symbol: "hourglass"
+    implicitWidth: 340
+    implicitHeight: 304
+
+    LiveTimeline {
+        schedule: root.timer.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        active: root.live
+        onTicked: Qt.callLater(root.timer.update)
+    }
+
+    headerItems: Label {
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.timer.isRunning ? root.timer.remaining : root.timer.detail
+        role: Theme.small
+        color: Theme.ink2
+    }
+
+    Flow {
+        id: presets
+        x: Theme.space4
+        y: Theme.space2
+        width: parent.width - 2 * Theme.space4
+        spacing: Theme.space2
+
+        Repeater {
+            model: [1, 3, 5, 10, 15, 20, 25, 30, 45, 60]
+
+            Chip {
+                required property int modelData
+
+                text: qsTr("%1 min").arg(modelData)
+                onClicked: {
+                    root.timer.start(modelData * 60);
+                    root.closeRequested();
+                }
+            }
+        }
+    }
+    Section {
+        id: own
+        x: Theme.space4
+        width: parent.width - 2 * Theme.space4
+        anchors.top: presets.bottom
+        anchors.topMargin: Theme.space3
+
+        StepperRow {
+            title: qsTr("Other length")
+            value: root.minutes
+            to: 1440
+            unit: qsTr("min")
+            onStepped: value => root.minutes = value
+        }
+    }
+    Row {
+        x: Theme.space4
+        anchors.top: own.bottom
+        anchors.topMargin: Theme.space3
+        spacing: Theme.space2
+
+        Button {
+            kind: Button.Primary
+            text: qsTr("Start")
+            onClicked: {
+                root.timer.start(root.minutes * 60);
+                root.closeRequested();
+            }
+        }
+        Button {
+            visible: root.timer.isRunning || root.timer.isFinished
+            text: root.timer.isRunning ? qsTr("Cancel the timer") : qsTr("Put the timer away")
+            onClicked: root.timer.cancel()
+        }
+    }
+}

@@ -1,0 +1,99 @@
+#include "app/focus/WaterTracker.h"
+
+#include <algorithm>
+
+#include "app/focus/Stored.h"
+#include "core/base/LocalText.h"
+
+namespace ambrel {
+namespace {
+
+constexpr int mostGlasses = 30, shortestInterval = 5, longestInterval = 480;
+
+}  // namespace
+
+WaterTracker::WaterTracker(FocusSeams seams, QObject* parent) : TimedModel(parent), seams_(std::move(seams)) {
+  water_ = {.glasses = storedDayCount(seams_.defaults, "waterCount", "waterDay"),
+            .lastDrinkAt = seams_.defaults.date("waterLastDrink"),
+            .goal = storedInteger(seams_.defaults, "waterGoal", 8, 1, mostGlasses),
+            .intervalMinutes = storedInteger(seams_.defaults, "waterInterval", 30, shortestInterval, longestInterval),
+            .remindersOn = seams_.defaults.boolean("waterReminders").value_or(true)};
+  const Instant now = seams_.now();
+  reminder_ = water_.reminderAt(now, seams_.calendar);
+  publish(now);
+}
+
+void WaterTracker::add() {
+  const Instant now = seams_.now();
+  water_.add(now, seams_.calendar);
+  store(seams_.defaults, "waterCount", "waterDay", water_.glasses);
+  store(seams_.defaults, "waterLastDrink", DefaultsValue{*water_.lastDrinkAt});
+  acted(now);
+}
+
+void WaterTracker::remove() {
+  const Instant now = seams_.now();
+  water_.remove(now, seams_.calendar);
+  store(seams_.defaults, "waterCount", "waterDay", water_.glasses);
+  acted(now);
+}
+
+void WaterTracker::setGoal(int glasses) {
+  glasses = std::clamp(glasses, 1, mostGlasses);
+  if (glasses == water_.goal) return;
+  water_.goal = glasses;
+  store(seams_.defaults, "waterGoal", glasses);
+  acted(seams_.now());
+}
+
+void WaterTracker::setIntervalMinutes(int minutes) {
+  minutes = std::clamp(minutes, shortestInterval, longestInterval);
+  if (minutes == water_.intervalMinutes) return;
+  water_.intervalMinutes = minutes;
+  store(seams_.defaults, "waterInterval", minutes);
+  acted(seams_.now());
+}
+
+void WaterTracker::setRemindersOn(bool on) {
+  if (on == water_.remindersOn) return;
+  water_.remindersOn = on;
+  store(seams_.defaults, "waterReminders", on);
+  acted(seams_.now());
+}
+
+// Each change makes the one pending reminder anew; what an earlier one has said is no longer so.
+void WaterTracker::acted(Instant now) {
+  seams_.notifications.withdraw("water");
+  reminder_ = water_.reminderAt(now, seams_.calendar);
+  publish(now);
+}
+
+std::optional<Instant> WaterTracker::due() const { return reminder_ ? std::min(*reminder_, dayEnds_) : dayEnds_; }
+
+void WaterTracker::tick(Instant now) {
+  if (reminder_ && now >= *reminder_) {
+    reminder_.reset();
+    Notification notification = notificationOf(water_.notice(now, seams_.calendar));
+    notification.sound = true;
+    seams_.notifications.post(notification);
+  }
+  publish(now);
+}
+
+void WaterTracker::clockMoved(Seconds by, Instant now) {
+  if (reminder_) reminder_ = advanced(*reminder_, by);
+  publish(now);
+}
+
+void WaterTracker::publish(Instant now) {
+  dayEnds_ = seams_.calendar.startOfDay(now, 1);
+  Shown next{.count = water_.glasses.today(seams_.calendar.dayKey(now)), .nextText = {}, .settings = water_};
+  if (reminder_) next.nextText = tr("Next glass at %1").arg(toQString(shortTime(seams_.calendar, *reminder_)));
+  if (next != shown_) {
+    shown_ = std::move(next);
+    Q_EMIT changed();
+  }
+  announceDue();
+}
+
+}  // namespace ambrel
