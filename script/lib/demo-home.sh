@@ -2,8 +2,8 @@
 #
 #   . script/lib/demo-home.sh; demo_home DIR
 #
-# Twelve sessions of four agent tools: three that need the user (the stores of one tool alone can say so), five that
-# work, three that are done, one idle. Dates are relative to now.
+# Twelve sessions of four agent tools: two that need the user (the stores of one tool alone can say so), five that
+# work, three that are done, two idle. Dates are relative to now.
 
 _minutes_ago() { date -u -d "$1 minutes ago" +%Y-%m-%dT%H:%M:%S.000Z; }
 _epoch_ms() { echo $(($(date +%s%3N) - $1 * 60000)); }
@@ -86,4 +86,23 @@ INSERT OR REPLACE INTO conversation_summaries VALUES
  ('a-1','Update the dependencies','CASCADE_RUN_STATUS_RUNNING',1,0,14,'["file:///home/user/src/web-shop"]','$(date -u -d '1 minute ago' '+%Y-%m-%d %H:%M:%S')'),
  ('a-2','Sketch the onboarding','CASCADE_RUN_STATUS_IDLE',0,1,6,'["file:///home/user/src/mobile-app"]','$(date -u -d '70 minutes ago' '+%Y-%m-%d %H:%M:%S')');
 SQL
+}
+
+# demo_defaults HOME MEMBERS: the choices of somebody who has seen the welcome guide, and these members of a JSON object.
+demo_defaults() {
+  mkdir -p "$1/.config/Ambrel"
+  printf '{"welcomeDone": true, "migratedFromLegacyBundleID": true, %s}\n' "$2" >"$1/.config/Ambrel/defaults.json"
+}
+
+# demo_profile HOME WIDGET...: one profile, "Desk", with these widgets.
+demo_profile() {
+  local folder="$1/.local/share/Ambrel" items='' widget number=0
+  shift
+  mkdir -p -m 700 "$folder"
+  for widget in "$@"; do
+    number=$((number + 1))
+    items+="${items:+, }{\"id\": \"$(printf 'D0C4A3E2-0000-4000-8000-%012d' $number)\", \"widget\": \"$widget\"}"
+  done
+  printf '[{"id": "D0C4A3E2-1111-4000-8000-000000000000", "name": "Desk", "trigger": "external", "items": [%s]}]\n' \
+    "$items" >"$folder/profiles.json"
 }
