@@ -17,7 +17,7 @@ constexpr int width = 640, height = 80;
 xcb_atom_t atom(xcb_connection_t* connection, const char* name) {
   auto* reply = xcb_intern_atom_reply(
       connection, xcb_intern_atom(connection, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
-  const xcb_atom_t value = reply ? reply->atom : XCB_ATOM_NONE;
+  const xcb_atom_t value = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
   std::free(reply);
   return value;
 }
