@@ -29,7 +29,9 @@ xcb_visualtype_t* visualOf(xcb_screen_t* screen) {
   return nullptr;
 }
 
+// The busy share since the last reading, so that the text changes as a bar's does.
 std::string reading() {
+  static unsigned long lastBusy = 0, lastTotal = 0;
   char line[256] = "";
   if (std::FILE* file = std::fopen("/proc/stat", "r")) {
     if (!std::fgets(line, sizeof line, file)) line[0] = 0;
@@ -37,7 +39,11 @@ std::string reading() {
   }
   unsigned long user = 0, nice = 0, system = 0, idle = 0;
   std::sscanf(line, "cpu %lu %lu %lu %lu", &user, &nice, &system, &idle);
-  return "CPU " + std::to_string(100 * (user + nice + system) / (user + nice + system + idle + 1)) + " %";
+  const unsigned long busy = user + nice + system, total = busy + idle;
+  const unsigned long share = 100 * (busy - lastBusy) / (total - lastTotal + 1);
+  lastBusy = busy;
+  lastTotal = total;
+  return "CPU " + std::to_string(share) + " %";
 }
 
 void draw(cairo_surface_t* surface, const std::string& text) {
