@@ -168,7 +168,7 @@ int run(const std::string& self, const std::string& where, int files, int rounds
                         {"scan", [&] { return costOf([&] { scan(1'000'000); }); }},
                         {"scan, nothing folded", [&] { return costOf([&] { scan(0); }); }}};
   const std::vector<std::vector<std::string>> peers{
-      {"du", "-s", tree.path}, {"ncdu", "-0", "-o", "/dev/null", tree.path}, {"gdu", "-n", "-p", tree.path}};
+      {"du", "-s", tree.path}, {"ncdu", "-0", "-o", tree.path + ".report", tree.path}, {"gdu", "-n", "-p", tree.path}};
   for (const auto& command : peers)
     if (costOfProgram(command)) rows.push_back({command.front(), [&command] { return *costOfProgram(command); }});
   for (int round = 0; round < rounds; ++round)
