@@ -8,6 +8,8 @@ namespace ambrel {
 Command agentsCommand();
 Command diskCommand();
 Command profilesCommand();
+Command statusLineCommand();
+Command usageCommand();
 Command weatherCommand();
 Command widgetsCommand();
 
