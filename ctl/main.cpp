@@ -17,7 +17,7 @@ namespace {
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
 std::vector<Command> allCommands() {
-  return {agentsCommand(),     usageCommand(),   statusLineCommand(), diskCommand(),
+  return {agentsCommand(),   usageCommand(),   statusLineCommand(), diskCommand(),
           profilesCommand(), weatherCommand(), widgetsCommand()};
 }
 

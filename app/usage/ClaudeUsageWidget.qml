@@ -1,0 +1,11 @@
+import Ambrel.Usage
+
+// The Claude plan: its own percentages, or an estimate from the logs.
+UsageFrame {
+    id: root
+
+    required property AIUsageModel usage
+
+    symbol: "sparkle"
+    text: usage.claudeTile
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Usage
+
+// A usage tile: a value and a smaller line, each with its bar. What it says comes from `text`.
+TileFrame {
+    id: root
+
+    required property UsageTileText text
+    // The bars begin in one column, clear of the texts at their left.
+    readonly property real barStart: Math.max(72, valueBar.sharesRow ? figure.x + figure.width + unit.space : 0, lineBar.visible ? line.implicitWidth : 0) + Theme.space2
+
+    span: TileFrame.ExtraLarge
+    name: text.caption
+    fact: text.age
+    staleSince: text.isStale ? text.age : ""
+    label: text.spoken
+    tip: text.help
+
+    Label {
+        visible: root.isStale
+        text: root.text.age
+        role: Theme.subLine
+        color: Theme.orange.text
+        hasTip: false
+        anchors.right: parent.right
+        anchors.rightMargin: 18
+        Accessible.ignored: true
+    }
+    Label {
+        id: figure
+        y: Theme.caption.line
+        width: Math.min(implicitWidth, root.area.width - unit.space)
+        // Words in place of a figure need less weight.
+        role: isNaN(root.text.percent) && root.text.unit === "" ? Theme.panelTitle : Theme.value
+        text: root.text.value
+        color: root.figureColor
+        hasTip: false
+        Accessible.ignored: true
+    }
+    Label {
+        id: unit
+        readonly property real space: visible ? implicitWidth + 4 : 0
+        visible: text !== ""
+        text: root.text.unit
+        role: Theme.unit
+        color: Theme.ink2
+        hasTip: false
+        anchors.left: figure.right
+        anchors.leftMargin: 4
+        anchors.baseline: figure.baseline
+        Accessible.ignored: true
+    }
+    MeterBar {
+        id: valueBar
+        readonly property bool sharesRow: visible && root.text.line !== ""
+        visible: !isNaN(root.text.percent)
+        // Without a line beneath there is the whole row for it.
+        x: sharesRow ? root.barStart : 0
+        y: sharesRow ? figure.y + (figure.height - height) / 2 : line.y + (line.height - height) / 2
+        width: root.area.width - x
+        height: 4
+        value: root.text.percent
+        color: root.text.isHigh ? Theme.red.mark : Theme.teal.mark
+        trackColor: Theme.track
+        duration: Theme.valueDuration
+        opacity: root.markOpacity
+    }
+    Label {
+        id: line
+        y: Theme.caption.line + Theme.value.line
+        width: Math.min(implicitWidth, root.area.width)
+        height: Theme.subLine.line
+        text: root.text.line
+        role: Theme.subLine
+        color: Theme.ink2
+        hasTip: false
+        Accessible.ignored: true
+    }
+    MeterBar {
+        id: lineBar
+        visible: !isNaN(root.text.linePercent)
+        x: root.barStart
+        y: line.y + (line.height - height) / 2
+        width: root.area.width - x
+        height: 4
+        value: root.text.linePercent
+        color: root.text.isLineHigh ? Theme.red.mark : Theme.teal.mark
+        trackColor: Theme.track
+        duration: Theme.valueDuration
+        opacity: root.markOpacity
+    }
+}

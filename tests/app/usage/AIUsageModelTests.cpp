@@ -1,0 +1,171 @@
+#include "app/usage/AIUsageModel.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "core/usage/ClaudeStatusLine.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+namespace {
+
+Instant at(const char* text) { return parseISO8601(text).value(); }
+
+// Keeps the work until a test lets it go.
+struct HeldBackground {
+  std::vector<std::pair<std::function<void()>, std::function<void()>>> held;
+
+  Background background() {
+    return [this](auto work, auto done) { held.emplace_back(std::move(work), std::move(done)); };
+  }
+  void letGo() {
+    const auto taken = std::exchange(held, {});
+    for (const auto& [work, done] : taken) {
+      work();
+      done();
+    }
+  }
+};
+
+constexpr const char* replies =
+    R"({"type":"assistant","message":{"usage":{"output_tokens":1500}},"timestamp":"2026-11-21T11:10:00Z"})"
+    "\n";
+constexpr const char* codexEntry =
+    R"({"timestamp":"2026-11-21T11:30:00Z","type":"event_msg","payload":{"type":"token_count","rate_limits":)"
+    R"({"primary":{"used_percent":90,"window_minutes":300,"resets_at":1795266000}}}})"
+    "\n";
+constexpr const char* snapshot = R"({"rate_limits":{"five_hour":{"used_percentage":40,"resets_at":1795266000}}})";
+
+}  // namespace
+
+class AIUsageModelTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init();
+  void cleanup();
+  void startsOnce();
+  void dropsAWishDuringAPass();
+  void publishesWhatItFinds();
+  void wakesNobodyForTheSame();
+  void followsTheConnectionOfTheHook();
+  void aLatePassAfterTheModelHasGoneDoesNoHarm();
+
+ private:
+  void pass() {
+    model->refresh();
+    background.letGo();
+  }
+  void write(const char* file, const char* bytes) { home->write(file, bytes, at("2026-11-21T11:30:00Z")); }
+
+  HeldBackground background;
+  Instant now;
+  std::unique_ptr<TemporaryFolder> home;
+  std::unique_ptr<AIUsageModel> model;
+};
+
+void AIUsageModelTests::init() {
+  now = at("2026-11-21T12:00:00Z");
+  home = std::make_unique<TemporaryFolder>();
+  background.held.clear();
+  model = std::make_unique<AIUsageModel>(
+      home->path(), home->path() / "data",
+      AIUsageModel::Seams{background.background(), [this] { return now; }, [] { return Calendar("UTC", "en_GB"); }});
+}
+
+void AIUsageModelTests::cleanup() {
+  model.reset();
+  home.reset();
+}
+
+void AIUsageModelTests::startsOnce() {
+  QVERIFY(!model->isStarted());
+  model->start();
+  model->start();
+  QVERIFY(model->isStarted());
+  QCOMPARE(background.held.size(), std::size_t(1));
+  background.letGo();
+  model->start();
+  QCOMPARE(background.held.size(), std::size_t(0));
+}
+
+void AIUsageModelTests::dropsAWishDuringAPass() {
+  model->refresh();
+  model->refresh();
+  QCOMPARE(background.held.size(), std::size_t(1));
+  model->start();  // sets the timer, and waits for the pass that is under way
+  QCOMPARE(background.held.size(), std::size_t(1));
+  background.letGo();
+  QCOMPARE(background.held.size(), std::size_t(0));
+  model->refresh();
+  QCOMPARE(background.held.size(), std::size_t(1));
+}
+
+void AIUsageModelTests::publishesWhatItFinds() {
+  QCOMPARE(model->claudeTile()->value(), QStringLiteral("Reading logs…"));
+  QCOMPARE(model->codexTile()->value(), QStringLiteral("Reading logs…"));
+  QSignalSpy loaded(model.get(), &AIUsageModel::hasLoadedChanged);
+  model->refresh();
+  QVERIFY(!model->hasLoaded());
+  background.letGo();
+  QVERIFY(model->hasLoaded());
+  QCOMPARE(model->claudeTile()->value(), QStringLiteral("No open window"));
+  QCOMPARE(model->codexTile()->value(), QStringLiteral("No use this week"));
+
+  write(".claude/projects/p/a.jsonl", replies);
+  write(".codex/sessions/a.jsonl", codexEntry);
+  QSignalSpy claude(model.get(), &AIUsageModel::claudeChanged), codex(model.get(), &AIUsageModel::codexChanged);
+  pass();
+  QCOMPARE(claude.count(), 1);
+  QCOMPARE(codex.count(), 1);
+  QCOMPARE(loaded.count(), 1);
+  QCOMPARE(model->claude().block->tokens, 1500);
+  QCOMPARE(model->claudeTile()->value(), QStringLiteral("1.5K"));
+  QCOMPARE(model->codexTile()->value(), QStringLiteral("90%"));
+  QVERIFY(model->codexTile()->isHigh());
+}
+
+void AIUsageModelTests::wakesNobodyForTheSame() {
+  write(".claude/projects/p/a.jsonl", replies);
+  write(".codex/sessions/a.jsonl", codexEntry);
+  pass();
+  QSignalSpy claude(model.get(), &AIUsageModel::claudeChanged), codex(model.get(), &AIUsageModel::codexChanged),
+      limits(model.get(), &AIUsageModel::claudeLimitsChanged), claudeText(model->claudeTile(), &UsageTileText::changed),
+      codexText(model->codexTile(), &UsageTileText::changed);
+  pass();
+  QCOMPARE(claude.count() + codex.count() + limits.count() + claudeText.count() + codexText.count(), 0);
+  // The readings stay, their age and the share of the block do not.
+  now += std::chrono::minutes(5);
+  pass();
+  QCOMPARE(claude.count() + codex.count() + limits.count(), 0);
+  QCOMPARE(claudeText.count(), 1);
+  QCOMPARE(codexText.count(), 1);
+}
+
+void AIUsageModelTests::followsTheConnectionOfTheHook() {
+  const ClaudeStatusLine::Files files(home->path(), home->path() / "data");
+  write("data/claude-status.json", snapshot);
+  QSignalSpy limits(model.get(), &AIUsageModel::claudeLimitsChanged);
+  pass();
+  QVERIFY(!model->claudeLimits());
+  ClaudeStatusLine::install(files);
+  pass();
+  QCOMPARE(model->claudeLimits()->session->usedPercent, 40.0);
+  QCOMPARE(model->claudeTile()->value(), QStringLiteral("40%"));
+  ClaudeStatusLine::remove(files);
+  pass();
+  QVERIFY(!model->claudeLimits());
+  QCOMPARE(limits.count(), 2);
+}
+
+void AIUsageModelTests::aLatePassAfterTheModelHasGoneDoesNoHarm() {
+  model->refresh();
+  const auto work = background.held.front().first;
+  model.reset();
+  work();  // its result is not delivered: see Background
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::AIUsageModelTests)
+#include "AIUsageModelTests.moc"
