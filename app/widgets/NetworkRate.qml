@@ -24,7 +24,7 @@ Row {
         id: amount
 
         text: root.figure
-        widest: root.isNarrow ? "" : "88.8"
+        widest: root.isNarrow ? "" : "888"
         font: Theme.rowTitle.font
         color: Theme.ink
         height: Theme.rowTitle.line

@@ -11,7 +11,7 @@ TileFrame {
     readonly property string spokenRates: isKnown ? qsTr("up %1 %2, down %3 %4").arg(system.uploadFigure).arg(system.uploadUnit).arg(system.downloadFigure).arg(system.downloadUnit) : qsTr("measuring")
 
     name: qsTr("Network")
-    symbol: "network"
+    symbol: "arrow.up.arrow.down"
     label: name + ", " + spokenRates
     tip: qsTr("Network: %1").arg(spokenRates)
     value: isKnown ? "" : "–"
