@@ -18,7 +18,7 @@ Popover {
     LiveTimeline {
         schedule: root.reminder.isOn ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
-        onTicked: Qt.callLater(root.reminder.update) // qmllint disable use-proper-function
+        onTicked: Qt.callLater(root.reminder.update) // qmllint disable
     }
 
     Section {

@@ -36,6 +36,6 @@ RingValueTile {
     LiveTimeline {
         schedule: root.isIdle || root.reminder.isDue ? LiveTimeline.Never : LiveTimeline.EverySecond
         active: root.live
-        onTicked: Qt.callLater(root.reminder.update) // qmllint disable use-proper-function
+        onTicked: Qt.callLater(root.reminder.update) // qmllint disable
     }
 }

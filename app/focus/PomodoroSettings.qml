@@ -17,7 +17,7 @@ Popover {
     LiveTimeline {
         schedule: root.pomodoro.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
-        onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable use-proper-function
+        onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable
     }
 
     headerItems: Label {

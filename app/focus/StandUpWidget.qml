@@ -24,6 +24,6 @@ RingValueTile {
     LiveTimeline {
         schedule: !root.reminder.isOn || root.reminder.isDue ? LiveTimeline.Never : LiveTimeline.EverySecond
         active: root.live
-        onTicked: Qt.callLater(root.reminder.update) // qmllint disable use-proper-function
+        onTicked: Qt.callLater(root.reminder.update) // qmllint disable
     }
 }

@@ -17,7 +17,7 @@ Popover {
     LiveTimeline {
         schedule: root.stopwatch.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
-        onTicked: Qt.callLater(root.stopwatch.update) // qmllint disable use-proper-function
+        onTicked: Qt.callLater(root.stopwatch.update) // qmllint disable
     }
 
     TickingText {

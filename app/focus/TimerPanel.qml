@@ -18,7 +18,7 @@ Popover {
     LiveTimeline {
         schedule: root.timer.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
-        onTicked: Qt.callLater(root.timer.update) // qmllint disable use-proper-function
+        onTicked: Qt.callLater(root.timer.update) // qmllint disable
     }
 
     headerItems: Label {

@@ -24,6 +24,6 @@ RingValueTile {
     LiveTimeline {
         schedule: root.timer.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
-        onTicked: Qt.callLater(root.timer.update) // qmllint disable use-proper-function
+        onTicked: Qt.callLater(root.timer.update) // qmllint disable
     }
 }
