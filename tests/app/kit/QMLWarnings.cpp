@@ -25,7 +25,9 @@ QStringList QMLWarnings::take() {
 }
 
 void QMLWarnings::handle(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (type == QtWarningMsg || type == QtCriticalMsg) {
+  // What the offscreen platform cannot do is no fault of ours.
+  const bool isOurs = !text.startsWith(QLatin1String("This plugin does not support"));
+  if (isOurs && (type == QtWarningMsg || type == QtCriticalMsg)) {
     const QMutexLocker lock(&mutex);
     collected << text;
   }
