@@ -55,7 +55,7 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
     // A bar that no longer always stands goes by the pointer, as if it had just been revealed.
     if (!settings_.barAlwaysVisible()) reveal_.reveal();
     apply();
-    schedule(seams_.now());
+    tick(seams_.now());
   });
   connect(context_.model(), &AppModel::activeProfileChanged, this, [this] { updatePosition(); });
   seams_.windowStyle.setCompositingHandler([this](bool) { updatePosition(); });
@@ -70,7 +70,7 @@ void DockPanelController::start() {
   makeWindow();
   apply();
   watchPointer();
-  schedule(seams_.now());
+  tick(seams_.now());
 }
 
 void DockPanelController::makeWindow() {
@@ -119,6 +119,10 @@ void DockPanelController::updatePosition() {
     window_->setPanelFrame(toRect(placement_.frame, seams_.screens.mainHeight()),
                            toRect(screen->frame, seams_.screens.mainHeight()));
   Q_EMIT layoutChanged();
+  if (!window_) return;
+  // A bar that has moved may have left a pointer that rests.
+  restingTicks_ = 0;
+  schedule(seams_.now());
 }
 
 void DockPanelController::apply() {
@@ -133,13 +137,13 @@ void DockPanelController::apply() {
 void DockPanelController::peek(Seconds length) {
   reveal_.peek(length, seams_.now());
   apply();
-  schedule(seams_.now());
+  tick(seams_.now());
 }
 
 void DockPanelController::reveal() {
   reveal_.reveal();
   apply();
-  schedule(seams_.now());
+  tick(seams_.now());
 }
 
 void DockPanelController::revealForKeyboard() {
@@ -154,12 +158,12 @@ void DockPanelController::revealForKeyboard() {
 void DockPanelController::leaveKeyboard() {
   if (!std::exchange(hasKeyboard_, false) || !window_) return;
   window_->setFlag(Qt::WindowDoesNotAcceptFocus, true);
-  schedule(seams_.now());
+  tick(seams_.now());
 }
 
 void DockPanelController::holdingChanged() {
   apply();
-  schedule(seams_.now());
+  tick(seams_.now());
 }
 
 BarSurroundings DockPanelController::surroundings(Point pointer) const {

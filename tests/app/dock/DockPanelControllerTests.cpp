@@ -1,0 +1,448 @@
+#include <QAbstractItemModelTester>
+#include <QQuickItem>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/dock/DockPanelController.h"
+#include "app/dock/PanelWindow.h"
+#include "tests/app/dock/BarFixture.h"
+#include "tests/app/kit/QMLWarnings.h"
+
+namespace ambrel {
+
+class DockPanelControllerTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() { warnings_ = std::make_unique<QMLWarnings>(); }
+  void cleanup() {
+    const QStringList left = warnings_->take();
+    warnings_.reset();
+    QCOMPARE(left, QStringList());
+  }
+
+  void theEdgeRevealsIt_data();
+  void theEdgeRevealsIt();
+  void itLeavesHalfASecondAfterThePointer();
+  void aPointerThatReturnsInTimeKeepsIt();
+  void aPeekEndsByItself();
+  void aPeekLeavesTheBarToThePointerThatIsOverIt();
+  void aPanelHoldsItOpen();
+  void aBarThatIsRevealedOverARestingPointerLeaves();
+  void alwaysVisibleItStaysAndThenGoesByThePointer();
+  void theKeyboardHoldsIt();
+  void aPointerThatRestsCostsNothing();
+  void withoutAnnouncementsItLooksByItself();
+  void itsWindowComesAndGoesInSteps();
+  void itStandsAtItsEdge_data();
+  void itStandsAtItsEdge();
+  void itStandsAboveWhatOthersReserve();
+  void itFollowsItsScreen();
+  void withoutAScreenNothingChanges();
+  void anEdgeThatMovesAwayFromARestingPointerLetsItGo();
+  void theLongestLengthIsReported();
+  void aShortScreenMakesItScroll();
+  void theWindowLeavesItsMarginToOthers();
+  void withoutACompositorTheWindowIsCut();
+  void aPanelOpensAtItsTile();
+  void aScrolledTileAnchorsWhereItIsSeen();
+  void theTilesFollowTheProfile();
+  void theTextScaleEnlargesIt();
+
+ private:
+  std::unique_ptr<QMLWarnings> warnings_;
+};
+
+void DockPanelControllerTests::theEdgeRevealsIt_data() {
+  QTest::addColumn<DockEdge>("edge");
+  QTest::addColumn<Point>("pointer");
+  QTest::addColumn<bool>("isRevealed");
+  QTest::newRow("bottom, at 2") << DockEdge::bottom << Point{30, 2} << true;
+  QTest::newRow("bottom, at 2.1") << DockEdge::bottom << Point{30, 2.1} << false;
+  QTest::newRow("bottom, at the left") << DockEdge::bottom << Point{0, 450} << false;
+  QTest::newRow("bottom, on another screen") << DockEdge::bottom << Point{1700, 0} << false;
+  QTest::newRow("left, at 2") << DockEdge::left << Point{2, 450} << true;
+  QTest::newRow("left, at 2.1") << DockEdge::left << Point{2.1, 450} << false;
+  QTest::newRow("right, at 2") << DockEdge::right << Point{1598, 450} << true;
+  QTest::newRow("right, at 2.1") << DockEdge::right << Point{1597.9, 450} << false;
+}
+
+void DockPanelControllerTests::theEdgeRevealsIt() {
+  QFETCH(DockEdge, edge);
+  QFETCH(Point, pointer);
+  QFETCH(bool, isRevealed);
+  BarFixture f;
+  f.settings.setDockEdge(edge);
+  f.bar.start();
+  QVERIFY(!f.isShown());
+  f.pointer.move(pointer);
+  QCOMPARE(f.isShown(), isRevealed);
+}
+
+void DockPanelControllerTests::itLeavesHalfASecondAfterThePointer() {
+  BarFixture f;
+  f.bar.start();
+  f.pointer.move({800, 0});
+  f.pass(10);
+  QVERIFY(f.isShown());
+  f.pointer.move(BarFixture::away);
+  f.pass(0.4);
+  QVERIFY(f.isShown());
+  f.pass(0.2);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aPointerThatReturnsInTimeKeepsIt() {
+  BarFixture f;
+  f.bar.start();
+  f.pointer.move({800, 0});
+  f.pointer.move(BarFixture::away);
+  f.pass(0.4);
+  f.pointer.at = BarFixture::onBar;
+  f.pass(0.4);
+  f.pointer.move(BarFixture::away);
+  f.pass(0.4);
+  QVERIFY(f.isShown());
+  f.pass(0.2);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aPeekEndsByItself() {
+  BarFixture f;
+  f.bar.start();
+  f.pass(1);
+  f.bar.peek(Seconds(6));
+  QVERIFY(f.isShown());
+  QVERIFY(f.bar.presentation().isPeeking());
+  f.pass(5.9);
+  QVERIFY(f.bar.presentation().isPeeking());
+  f.pass(0.4);
+  QVERIFY(f.isShown());
+  QVERIFY(!f.bar.presentation().isPeeking());
+  f.pass(0.4);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aPeekLeavesTheBarToThePointerThatIsOverIt() {
+  BarFixture f;
+  f.bar.start();
+  f.bar.peek(Seconds(6));
+  f.pass(3);
+  f.pointer.move(BarFixture::onBar);
+  f.pass(30);
+  QVERIFY(f.isShown());
+  f.pointer.move(BarFixture::away);
+  f.pass(0.6);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aPanelHoldsItOpen() {
+  BarFixture f;
+  f.bar.start();
+  f.isHeld = true;
+  f.bar.holdingChanged();
+  QVERIFY(f.isShown());
+  f.isHeld = false;
+  f.bar.holdingChanged();
+  QVERIFY(!f.isShown());
+
+  // Revealed and then held, with a pointer that rests elsewhere.
+  f.bar.reveal();
+  f.isHeld = true;
+  f.bar.holdingChanged();
+  f.pass(60);
+  QVERIFY(f.isShown());
+  f.isHeld = false;
+  f.bar.holdingChanged();
+  f.pass(0.4);
+  QVERIFY(f.isShown());
+  f.pass(0.2);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aBarThatIsRevealedOverARestingPointerLeaves() {
+  BarFixture f;
+  f.bar.start();
+  f.pass(60);
+  f.bar.reveal();
+  f.pass(0.4);
+  QVERIFY(f.isShown());
+  f.pass(0.2);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::alwaysVisibleItStaysAndThenGoesByThePointer() {
+  BarFixture f;
+  f.settings.setBarAlwaysVisible(true);
+  f.bar.start();
+  f.pass(60);
+  QVERIFY(f.isShown());
+  f.pointer.move({0, 0});
+  f.pass(60);
+  QVERIFY(f.isShown());
+  f.pointer.move(BarFixture::away);
+  f.pass(1);
+  f.settings.setBarAlwaysVisible(false);
+  QVERIFY(f.isShown());
+  f.pass(0.6);
+  QVERIFY(!f.isShown());
+  f.settings.setBarAlwaysVisible(true);
+  QVERIFY(f.isShown());
+}
+
+void DockPanelControllerTests::theKeyboardHoldsIt() {
+  BarFixture f;
+  f.bar.start();
+  f.bar.revealForKeyboard();
+  f.pass(60);
+  QVERIFY(f.isShown());
+  f.bar.leaveKeyboard();
+  f.pass(0.6);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aPointerThatRestsCostsNothing() {
+  BarFixture f;
+  f.bar.start();
+  f.pass(1);
+  QVERIFY(!f.bar.isTicking());
+  QVERIFY(f.pointer.isWaiting());
+  f.pointer.move({700, 400});
+  QVERIFY(f.bar.isTicking());
+  for (int i = 0; i < 30; ++i) {
+    f.pointer.at = Point{700.0 + i, 400};
+    f.pass(1.0 / 30);
+    QVERIFY(f.bar.isTicking());
+  }
+  f.pass(1);
+  QVERIFY(!f.bar.isTicking());
+  QVERIFY(f.pointer.isWaiting());
+  const int looks = f.pointer.looks;
+  f.pass(60);
+  QCOMPARE(f.pointer.looks, looks);
+  // Nor over a bar that is out.
+  f.pointer.move({800, 0});
+  f.pass(1);
+  QVERIFY(f.isShown());
+  QVERIFY(!f.bar.isTicking());
+}
+
+void DockPanelControllerTests::withoutAnnouncementsItLooksByItself() {
+  BarFixture f;
+  f.pointer.canWake = false;
+  f.bar.start();
+  f.pass(1);
+  QVERIFY(!f.bar.isTicking());
+  f.pointer.at = Point{800, 0};
+  QTRY_VERIFY(f.isShown());
+}
+
+void DockPanelControllerTests::itsWindowComesAndGoesInSteps() {
+  BarFixture f;
+  f.bar.start();
+  QVERIFY(f.bar.window());
+  QVERIFY(!f.bar.window()->isVisible());
+  QVERIFY(!f.context.widgetsActive());
+  f.bar.reveal();
+  QVERIFY(f.bar.window()->isVisible());
+  QVERIFY(!f.bar.isContentShown());
+  QVERIFY(f.context.widgetsActive());
+  f.pass(0.1);
+  QVERIFY(f.bar.isContentShown());
+  f.pass(0.45);
+  QVERIFY(!f.isShown() && !f.bar.isContentShown());
+  QVERIFY(f.bar.window()->isVisible());
+  f.pass(0.4);
+  QVERIFY(!f.bar.window()->isVisible());
+  QVERIFY(!f.context.widgetsActive());
+}
+
+void DockPanelControllerTests::itStandsAtItsEdge_data() {
+  QTest::addColumn<DockEdge>("edge");
+  QTest::newRow("bottom") << DockEdge::bottom;
+  QTest::newRow("left") << DockEdge::left;
+  QTest::newRow("right") << DockEdge::right;
+}
+
+void DockPanelControllerTests::itStandsAtItsEdge() {
+  QFETCH(DockEdge, edge);
+  BarFixture f;
+  // Below the main screen's upper edge, to the right of the window system's left edge.
+  f.screens.screens = {{"DP-1", {200, 0, 1600, 900}, {200, 0, 1600, 900}, false}};
+  f.putOnBar({"cpu", "memory"});
+  f.settings.setDockEdge(edge);
+  f.bar.start();
+  const QRect frame = f.frame();
+  switch (edge) {
+    case DockEdge::bottom:
+      QCOMPARE(frame.y() + frame.height(), 892);
+      QVERIFY(std::abs(frame.center().x() - 1000) <= 1);
+      QCOMPARE(frame.height(), 80);
+      break;
+    case DockEdge::left:
+      QCOMPARE(frame.x(), 208);
+      QVERIFY(std::abs(frame.center().y() - 450) <= 1);
+      QCOMPARE(frame.height(), 8 + 64 + 8 + 64 + 8);
+      break;
+    case DockEdge::right:
+      QCOMPARE(frame.x() + frame.width(), 1792);
+      QVERIFY(std::abs(frame.center().y() - 450) <= 1);
+      break;
+  }
+  QCOMPARE(f.bar.edgeName(), QString(QTest::currentDataTag()));
+}
+
+void DockPanelControllerTests::itStandsAboveWhatOthersReserve() {
+  BarFixture f;
+  f.screens.screens = {{"DP-1", {0, 0, 1600, 900}, {0, 48, 1600, 852}, false}};
+  f.bar.start();
+  QCOMPARE(f.frame().y() + f.frame().height(), 900 - 48 - 8);
+}
+
+void DockPanelControllerTests::itFollowsItsScreen() {
+  BarFixture f;
+  f.bar.start();
+  QSignalSpy layout(&f.bar, &DockPanelController::layoutChanged);
+  f.screens.screens = {{"DP-2", {0, 0, 2560, 1440}, {0, 0, 2560, 1440}, false}};
+  f.bar.updatePosition();
+  QVERIFY(layout.count() > 0);
+  QVERIFY(std::abs(f.frame().center().x() - 1280) <= 1);
+  QCOMPARE(f.frame().y() + f.frame().height(), 1432);
+  // The edge is where the new screen has it.
+  f.pointer.move({2000, 1});
+  QVERIFY(f.isShown());
+}
+
+void DockPanelControllerTests::withoutAScreenNothingChanges() {
+  BarFixture f;
+  f.bar.start();
+  f.pointer.move({800, 0});
+  f.pass(1);
+  const QRect frame = f.frame();
+  f.screens.screens.clear();
+  f.bar.updatePosition();
+  QCOMPARE(static_cast<PanelWindow*>(f.bar.window())->panelFrame(), frame);
+  f.pointer.move(BarFixture::away);
+  f.pass(10);
+  QVERIFY(f.isShown());
+  QVERIFY(!f.bar.isTicking());
+  f.screens.screens = FakeScreens().screens;
+  f.bar.updatePosition();
+  QCOMPARE(f.frame(), frame);
+  f.pass(0.7);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::anEdgeThatMovesAwayFromARestingPointerLetsItGo() {
+  BarFixture f;
+  f.bar.start();
+  f.pointer.move({800, 0});
+  f.pass(10);
+  f.settings.setDockEdge(DockEdge::left);
+  f.pass(1);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::theLongestLengthIsReported() {
+  BarFixture f;
+  f.screens.screens = {{"DP-1", {0, 0, 1600, 900}, {0, 48, 1500, 800}, false}};
+  f.bar.start();
+  QCOMPARE(f.maxLengths.back(), 1460.0);
+  f.settings.setDockEdge(DockEdge::right);
+  QCOMPARE(f.maxLengths.back(), 760.0);
+}
+
+void DockPanelControllerTests::aShortScreenMakesItScroll() {
+  BarFixture f;
+  f.putOnBar({"cpu", "memory", "disk", "network", "clock", "date"});
+  f.bar.start();
+  QVERIFY(!f.bar.isScrolling());
+  const double whole = f.bar.slab().width();
+  f.screens.screens = {{"DP-1", {0, 0, 400, 900}, {0, 0, 400, 900}, false}};
+  f.bar.updatePosition();
+  QVERIFY(f.bar.slab().width() <= 360);
+  QVERIFY(f.bar.isScrolling());
+  QVERIFY(f.bar.contentLength() > 360);
+  QVERIFY(f.bar.contentLength() <= whole);
+}
+
+void DockPanelControllerTests::theWindowLeavesItsMarginToOthers() {
+  BarFixture f;
+  f.bar.start();
+  QVERIFY((f.windowStyle.prepared == std::vector<std::pair<QWindow*, WindowRole>>{{f.bar.window(), WindowRole::dock}}));
+  const Rect input = f.windowStyle.inputs.back();
+  QCOMPARE(QRectF(input.x, input.y, input.width, input.height), f.bar.slab());
+  const QRect window = f.bar.window()->geometry();
+  QCOMPARE(f.frame(), f.bar.slab().toRect().translated(window.topLeft()));
+  QCOMPARE(f.frame().y() - window.y(), 48);
+  // The window stays on its screen.
+  QCOMPARE(window.y() + window.height(), 900);
+}
+
+void DockPanelControllerTests::withoutACompositorTheWindowIsCut() {
+  BarFixture f;
+  f.bar.start();
+  QVERIFY(f.windowStyle.masks.back().second <= 0);
+  f.windowStyle.changeCompositing(false);
+  QVERIFY(!f.bar.isCompositing());
+  const auto [mask, radius] = f.windowStyle.masks.back();
+  QVERIFY(radius > 0);
+  QCOMPARE(QRectF(mask.x, mask.y, mask.width, mask.height), f.bar.slab());
+}
+
+void DockPanelControllerTests::aPanelOpensAtItsTile() {
+  BarFixture f;
+  f.putOnBar({"cpu", "memory"});
+  f.bar.start();
+  const PanelAnchor first = f.bar.anchor(f.item(0)), second = f.bar.anchor(f.item(1));
+  QCOMPARE(first.tile.topLeft(), f.frame().topLeft() + QPoint(8, 8));
+  QCOMPARE(first.tile.height(), 64);
+  QCOMPARE(second.tile.x(), first.tile.x() + first.tile.width() + 8);
+  QVERIFY(f.frame().contains(second.tile));
+  QCOMPARE(first.screen, QRect(0, 0, 1600, 900));
+  QVERIFY(f.bar.anchor("no such slot").tile.isEmpty());
+}
+
+void DockPanelControllerTests::aScrolledTileAnchorsWhereItIsSeen() {
+  BarFixture f;
+  f.screens.screens = {{"DP-1", {0, 0, 400, 900}, {0, 0, 400, 900}, false}};
+  f.putOnBar({"cpu", "memory", "disk", "network", "clock", "date"});
+  f.bar.start();
+  const QRect before = f.bar.anchor(f.item(2)).tile;
+  f.bar.setProperty("scrollOffset", 50);
+  QCOMPARE(f.bar.anchor(f.item(2)).tile, before.translated(-50, 0));
+  // Cut to what of it is on the bar.
+  QVERIFY(f.bar.anchor(f.item(0)).tile.width() < before.width());
+  QVERIFY(f.frame().contains(f.bar.anchor(f.item(0)).tile));
+}
+
+void DockPanelControllerTests::theTilesFollowTheProfile() {
+  BarFixture f;
+  QAbstractItemModelTester tester(f.bar.tiles(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+  f.putOnBar({"cpu", "memory"});
+  f.bar.start();
+  QCOMPARE(f.bar.tiles()->rowCount(), 2);
+  const double width = f.bar.slab().width();
+  f.putOnBar({"cpu", "memory", "disk"});
+  QCOMPARE(f.bar.tiles()->rowCount(), 3);
+  QVERIFY(f.bar.slab().width() > width);
+  QVERIFY(!f.bar.isEmpty());
+  f.putOnBar({});
+  QVERIFY(f.bar.isEmpty());
+  QVERIFY(f.bar.slab().width() > 100);
+}
+
+void DockPanelControllerTests::theTextScaleEnlargesIt() {
+  BarFixture f;
+  f.putOnBar({"cpu", "memory"});
+  f.bar.start();
+  const QSizeF before = f.bar.slab().size();
+  f.bar.setScale(1.5);
+  QCOMPARE(f.bar.slab().size(), before * 1.5);
+  QCOMPARE(f.bar.anchor(f.item(0)).tile.height(), 96);
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::DockPanelControllerTests)
+#include "DockPanelControllerTests.moc"
