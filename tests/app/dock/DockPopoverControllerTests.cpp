@@ -1,0 +1,197 @@
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/dock/DockPopoverController.h"
+#include "app/dock/PanelWindow.h"
+#include "app/dock/ToastController.h"
+#include "tests/app/dock/BarFixture.h"
+#include "tests/app/kit/QMLWarnings.h"
+
+namespace ambrel {
+namespace {
+
+const QSize menuSize(216, 147);
+
+// The menu of a tile, as a panel like every other.
+struct Fixture : ContextFixture {
+  QMLWarnings warnings;
+  QQmlEngine engine;
+  FakeWindowStyle windowStyle;
+  DelayedSteps steps{now};
+  PanelAnchor anchor{.tile = QRect(700, 820, 64, 64),
+                     .bar = QRect(600, 812, 400, 80),
+                     .screen = QRect(0, 0, 1600, 900),
+                     .edge = DockEdge::bottom};
+  std::unique_ptr<DockPopoverController> panel;
+  int made = 0;
+  QObject* content = nullptr;
+
+  Fixture() {
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    panel = std::make_unique<DockPopoverController>(
+        engine, windowStyle, steps.later(),
+        PanelContent{QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TileMenuView.qml")),
+                     {{QStringLiteral("model"), QVariant::fromValue(&model)}},
+                     menuSize});
+    panel->onContentMade = [this](QObject& object) {
+      ++made;
+      content = &object;
+    };
+  }
+  void pass(double seconds) {
+    now = advanced(now, Seconds(seconds));
+    steps.runDue();
+  }
+  QRect frame() const { return static_cast<PanelWindow*>(panel->window())->panelFrame(); }
+};
+
+}  // namespace
+
+class DockPopoverControllerTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void itIsMadeAtItsFirstOpening();
+  void itOpensBesideItsTile_data();
+  void itOpensBesideItsTile();
+  void itComesAndGoesInSteps();
+  void propertiesReachWhatIsShown();
+  void escapeAndAClickBesideItCloseIt();
+  void itsContentClosesIt();
+  void aToastStandsAboveTheBarUntilItsTimeIsOver();
+};
+
+void DockPopoverControllerTests::itIsMadeAtItsFirstOpening() {
+  Fixture f;
+  QVERIFY(!f.panel->window());
+  f.panel->close();
+  QVERIFY(!f.panel->window());
+  f.panel->toggle(f.anchor);
+  QVERIFY(f.panel->isShown());
+  QCOMPARE(f.made, 1);
+  QVERIFY(f.content);
+  f.panel->toggle(f.anchor);
+  QVERIFY(!f.panel->isShown());
+  f.panel->toggle(f.anchor);
+  QCOMPARE(f.made, 1);
+  QVERIFY(
+      (f.windowStyle.prepared == std::vector<std::pair<QWindow*, WindowRole>>{{f.panel->window(), WindowRole::panel}}));
+  QCOMPARE(f.warnings.take(), QStringList());
+}
+
+void DockPopoverControllerTests::itOpensBesideItsTile_data() {
+  QTest::addColumn<PanelAnchor>("anchor");
+  QTest::addColumn<QPoint>("corner");
+  const QRect screen(0, 0, 1600, 900);
+  QTest::newRow("above its tile") << PanelAnchor{QRect(700, 820, 64, 64), QRect(600, 812, 400, 80), screen,
+                                                 DockEdge::bottom}
+                                  << QPoint(732 - 108, 812 - 8 - 147);
+  QTest::newRow("above the middle of the bar")
+      << PanelAnchor{QRect(), QRect(600, 812, 400, 80), screen, DockEdge::bottom} << QPoint(800 - 108, 812 - 8 - 147);
+  QTest::newRow("moved to stay on the screen")
+      << PanelAnchor{QRect(10, 820, 64, 64), QRect(8, 812, 400, 80), screen, DockEdge::bottom}
+      << QPoint(8, 812 - 8 - 147);
+  QTest::newRow("right of a bar at the left")
+      << PanelAnchor{QRect(16, 300, 112, 64), QRect(8, 200, 128, 400), screen, DockEdge::left}
+      << QPoint(8 + 128 + 8, 332 - 73);
+}
+
+void DockPopoverControllerTests::itOpensBesideItsTile() {
+  QFETCH(PanelAnchor, anchor);
+  QFETCH(QPoint, corner);
+  Fixture f;
+  f.panel->open(anchor);
+  QCOMPARE(f.frame().size(), menuSize);
+  const QPoint off = f.frame().topLeft() - corner;
+  QVERIFY2(off.manhattanLength() <= 1, qPrintable(QStringLiteral("off by %1, %2").arg(off.x()).arg(off.y())));
+  QVERIFY(anchor.screen.contains(f.panel->window()->geometry()));
+}
+
+void DockPopoverControllerTests::itComesAndGoesInSteps() {
+  Fixture f;
+  QSignalSpy shown(f.panel.get(), &DockPopoverController::shownChanged);
+  f.panel->open(f.anchor);
+  QCOMPARE(shown.count(), 1);
+  QVERIFY(f.panel->window()->isVisible());
+  QVERIFY(!f.content->property("open").toBool());
+  f.pass(0.07);
+  QVERIFY(f.content->property("open").toBool());
+  QCOMPARE(shown.count(), 1);
+  f.panel->close();
+  QCOMPARE(shown.count(), 2);
+  QVERIFY(!f.content->property("open").toBool());
+  QVERIFY(f.panel->window()->isVisible());
+  f.pass(0.36);
+  QVERIFY(!f.panel->window()->isVisible());
+  QCOMPARE(shown.count(), 2);
+  // Opened again while it goes, it stays.
+  f.panel->open(f.anchor);
+  f.panel->close();
+  f.panel->open(f.anchor);
+  f.pass(1);
+  QVERIFY(f.panel->window()->isVisible());
+  QVERIFY(f.content->property("open").toBool());
+}
+
+void DockPopoverControllerTests::propertiesReachWhatIsShown() {
+  Fixture f;
+  f.panel->setProperty("item", "before");
+  f.panel->open(f.anchor);
+  QCOMPARE(f.content->property("item").toString(), QString("before"));
+  f.panel->setProperty("item", "after");
+  QCOMPARE(f.content->property("item").toString(), QString("after"));
+}
+
+void DockPopoverControllerTests::escapeAndAClickBesideItCloseIt() {
+  Fixture f;
+  f.panel->open(f.anchor);
+  f.pass(0.07);
+  QVERIFY(QTest::qWaitForWindowActive(f.panel->window()));
+  QTest::keyClick(f.panel->window(), Qt::Key_Escape);
+  QVERIFY(!f.panel->isShown());
+  f.panel->open(f.anchor);
+  f.pass(1);
+  const Rect input = f.windowStyle.inputs.back();
+  QTest::mouseClick(f.panel->window(), Qt::LeftButton, {}, QPoint(int(input.x) + 20, int(input.y) + 3));
+  QVERIFY(f.panel->isShown());
+  QTest::mouseClick(f.panel->window(), Qt::LeftButton, {}, QPoint(int(input.x) - 20, int(input.y) + 3));
+  QVERIFY(!f.panel->isShown());
+}
+
+void DockPopoverControllerTests::itsContentClosesIt() {
+  Fixture f;
+  f.panel->open(f.anchor);
+  QMetaObject::invokeMethod(f.content, "closeRequested");
+  QVERIFY(!f.panel->isShown());
+}
+
+void DockPopoverControllerTests::aToastStandsAboveTheBarUntilItsTimeIsOver() {
+  Fixture f;
+  ToastController toast(f.steps.later());
+  toast.show("Lost", "", "trash");
+  QVERIFY(!toast.window());
+  toast.attach(f.engine, f.windowStyle, [&] { return f.anchor; });
+  toast.show("Copied", "Hello", "doc.on.clipboard");
+  QVERIFY(toast.window() && toast.window()->isVisible());
+  QVERIFY(f.windowStyle.prepared.back().second == WindowRole::bubble);
+  const Rect input = f.windowStyle.inputs.back();
+  QCOMPARE(toast.window()->y() + int(input.y + input.height), f.anchor.bar.y() - 8);
+  toast.close();
+  QVERIFY(toast.window()->isVisible());
+  // A newer message is not taken away with the old one.
+  toast.show("Copied", "Again", "doc.on.clipboard");
+  f.pass(1);
+  QVERIFY(toast.window()->isVisible());
+  toast.close();
+  f.pass(1);
+  QVERIFY(!toast.window()->isVisible());
+  QCOMPARE(f.warnings.take(), QStringList());
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::DockPopoverControllerTests)
+#include "DockPopoverControllerTests.moc"
