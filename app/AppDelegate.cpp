@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "app/base/Log.h"
+#include "app/base/QmlObjects.h"
 #include "app/kit/Theme.h"
 #include "app/menu/StatusIcon.h"
 #include "core/base/Files.h"
@@ -17,13 +18,6 @@ namespace {
 
 constexpr const char* bundleIdentifier = "dev.qorvin.ambrel";
 constexpr const char* purchasePage = "https://tilebay.example/pro";
-
-QVariant toVariant(auto& object) { return QVariant::fromValue(&object); }
-
-// What belongs to us stays ours when QML has seen it.
-void keep(std::initializer_list<QObject*> objects) {
-  for (QObject* object : objects) QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
-}
 
 UserDefaults migratedDefaults(const Surroundings& surroundings) {
   UserDefaults defaults(surroundings.defaultsFile);
@@ -58,6 +52,7 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
                .notifications = desktop_.notifications,
                .workspace = desktop_.workspace,
                .now = surroundings_.now}),
+      due_(desktop_.wallClock),
       appearanceSettings_(defaults_, preparedTheme()),
       gallery_(model_) {
   keep({&settings_, &model_, &license_, &agents_, &appearanceSettings_, &gallery_});
@@ -95,6 +90,7 @@ void AppDelegate::launch() {
   makePeeker();
   registerHotKeys();
   startTimers();
+  handleNotifications();
   license_.onBecamePro = [this] { startProServices(); };
   startProServices();
   makeStatusItem();
@@ -104,15 +100,21 @@ void AppDelegate::launch() {
 void AppDelegate::makeContext() {
   system_ = std::make_unique<SystemMonitor>(desktop_.readings, background_, surroundings_.calendar);
   clock_ = std::make_unique<ClockModel>(surroundings_.calendar);
+  makeUsage();
   context_ = std::make_unique<WidgetContext>(WidgetContext::Models{
-      .model = model_, .settings = settings_, .agents = agents_, .system = *system_, .clock = *clock_});
+      .model = model_,
+                                                                  .settings = settings_,
+                                                                  .agents = agents_,
+                                                                  .system = *system_,
+                                                                  .clock = *clock_,
+                                                                  .usage = usage_.get()});
   keep({system_.get(), clock_.get(), context_.get()});
   context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
     toast_.show(title, detail, symbol);
   };
-  context_->onToggleAgents = [this] {
-    if (permits(ProFeature::agentTracking)) toggle(agentsPanel_.get(), context_->itemOf(QStringLiteral("agents")));
-  };
+  context_->setClickAction(QStringLiteral("agents"), [this](const QString& item) {
+    if (permits(ProFeature::agentTracking)) toggle(agentsPanel_.get(), item);
+  });
   context_->onToggleCustomize = [this] { toggle(customizePanel_.get()); };
   context_->onOpenTileMenu = [this](const QString& item) { openTileMenu(item); };
 }
@@ -128,6 +130,45 @@ std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source
   return panel;
 }
 
+DockPopoverController& AppDelegate::addTilePanel(std::initializer_list<const char*> widgets, const char* source,
+                                                 QVariantMap properties, QSize size) {
+  DockPopoverController& panel = *tilePanels_.emplace_back(makePanel(source, std::move(properties), size));
+  for (const char* widget : widgets)
+    context_->setClickAction(QString::fromLatin1(widget),
+                             [this, &panel](const QString& item) { toggle(&panel, item); });
+  return panel;
+}
+
+DockPopoverController& AppDelegate::addTileSettings(std::initializer_list<const char*> widgets, const char* source,
+                                                    QVariantMap properties, QSize size) {
+  DockPopoverController& panel = *tilePanels_.emplace_back(makePanel(source, std::move(properties), size));
+  for (const char* widget : widgets)
+    context_->setSettingsAction(QString::fromLatin1(widget),
+                                [this, &panel](const QString& item) { toggle(&panel, item); });
+  return panel;
+}
+
+void AppDelegate::addToSettingsPage(const QString& tab, const QString& property, QObject& object) {
+  QVariantMap page = settingsPages_.value(tab).toMap();
+  page.insert(property, toVariant(object));
+  settingsPages_.insert(tab, page);
+}
+
+void AppDelegate::answerNotifications(const std::string& identifier, NotificationAnswer answer) {
+  notificationAnswers_[identifier] = std::move(answer);
+}
+
+void AppDelegate::handleNotifications() {
+  const auto answer = [this](const std::string& identifier, const std::string& action) {
+    if (const auto found = notificationAnswers_.find(identifier); found != notificationAnswers_.end())
+      found->second(action);
+    else
+      agents_.openSession(QString::fromStdString(identifier));
+  };
+  desktop_.notifications.setActivationHandler([answer](const std::string& identifier) { answer(identifier, ""); });
+  desktop_.notifications.setActionHandler(answer);
+}
+
 void AppDelegate::makePanels() {
   const auto customizes = [this](QObject& content, const char* signal) {
     connect(&content, signal, this, SLOT(openCustomize()));
@@ -140,6 +181,7 @@ void AppDelegate::makePanels() {
 
   settingsPanel_ = makePanel("Panels/SettingsView.qml",
                              {{QStringLiteral("settings"), toVariant(settings_)},
+                              {QStringLiteral("pages"), settingsPages_},
                               {QStringLiteral("appearance"), toVariant(appearanceSettings_)},
                               {QStringLiteral("tab"), QString::fromStdString(settingsTab())},
                               {QStringLiteral("version"), QStringLiteral(AMBREL_VERSION)}},
@@ -228,10 +270,9 @@ void AppDelegate::startTimers() {
 void AppDelegate::startProServices() {
   if (proServicesStarted_ || !context_ || !license_.allows(ProFeature::agentTracking)) return;
   proServicesStarted_ = true;
-  desktop_.notifications.setActivationHandler(
-      [this](const std::string& identifier) { agents_.openSession(QString::fromStdString(identifier)); });
   agents_.refresh();
   every(AgentsModel::pollInterval, [this] { agents_.refresh(); });
+  usage_->start();
   if (settings_.agentNotifications()) desktop_.notifications.requestAuthorization({});
 }
 
@@ -317,6 +358,7 @@ std::vector<DockPopoverController*> AppDelegate::panels() const {
   for (auto* panel : {upsellPanel_.get(), settingsPanel_.get(), welcomePanel_.get(), agentsPanel_.get(),
                       customizePanel_.get(), tileMenu_.get()})
     if (panel) made.push_back(panel);
+  for (const auto& panel : tilePanels_) made.push_back(panel.get());
   return made;
 }
 
@@ -382,7 +424,10 @@ void AppDelegate::carryOut(const Wish& wish) {
     toast_.show(tr("%1 is not here yet").arg(what), tr("A later version brings it."), QStringLiteral("hourglass"));
   };
   std::visit(Overloaded{[this](const wish::Reveal&) { dock_->reveal(); },
-                        [this](const wish::ToggleAgents&) { context_->toggleAgents(); },
+                        [this](const wish::ToggleAgents&) {
+                          const auto agents = QStringLiteral("agents");
+                          context_->activate(agents, context_->itemOf(agents));
+                        },
                         [this](const wish::Settings&) { toggle(settingsPanel_.get()); },
                         [](const wish::Quit&) { QCoreApplication::quit(); },
                         [&](const wish::ToggleClipboard&) { notYet(tr("The clipboard shelf")); },

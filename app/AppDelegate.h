@@ -6,11 +6,13 @@
 #include <QQmlEngine>
 #include <QTimer>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
 #include "app/Surroundings.h"
 #include "app/agents/AgentsModel.h"
+#include "app/base/DueTimer.h"
 #include "app/context/WidgetContext.h"
 #include "app/dock/ContextPeeker.h"
 #include "app/dock/DockPanelController.h"
@@ -25,6 +27,8 @@
 #include "app/model/LicenseManager.h"
 #include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
+#include "app/usage/AIUsageModel.h"
+#include "app/usage/ClaudeStatusLineModel.h"
 #include "app/widgets/ClockModel.h"
 #include "app/widgets/SystemMonitor.h"
 #include "core/base/UserDefaults.h"
@@ -63,6 +67,9 @@ class AppDelegate : public QObject {
   void chooseSettingsTab(const QString& tab);
 
  private:
+  // The models of one area each, before the context that holds them; app/wiring has a source for each area.
+  void makeUsage();
+
   void makeContext();
   void makePanels();
   void makeDock();
@@ -75,6 +82,18 @@ class AppDelegate : public QObject {
   void firstRun();
 
   std::unique_ptr<DockPopoverController> makePanel(const char* source, QVariantMap properties, QSize size);
+  // A panel that a click on any of the widgets opens beside it. `source` as in "Focus/WaterSettings.qml".
+  DockPopoverController& addTilePanel(std::initializer_list<const char*> widgets, const char* source,
+                                      QVariantMap properties, QSize size);
+  // The same for widgets whose click does something else: the panel opens when they ask for their settings.
+  DockPopoverController& addTileSettings(std::initializer_list<const char*> widgets, const char* source,
+                                         QVariantMap properties, QSize size);
+  // Handed to one page of the settings, beside the settings themselves.
+  void addToSettingsPage(const QString& tab, const QString& property, QObject& object);
+  // Who is told of a click on a notification and of its buttons; the agents' sessions get what nobody asked for.
+  using NotificationAnswer = std::function<void(const std::string& action)>;  // "": the notification itself
+  void answerNotifications(const std::string& identifier, NotificationAnswer answer);
+  void handleNotifications();
   std::vector<DockPopoverController*> panels() const;
   bool isAnyPanelOpen() const;
   // Closes the other panels, and opens or closes this one beside the tile of a slot (empty: the middle of the bar).
@@ -102,13 +121,19 @@ class AppDelegate : public QObject {
   AgentsModel agents_;
   DesktopAppearance appearance_;
   QQmlEngine engine_;
+  DueTimer due_;
   AppearanceSettings appearanceSettings_;
   GalleryModel gallery_;
   std::unique_ptr<SystemMonitor> system_;
   std::unique_ptr<ClockModel> clock_;
+  std::unique_ptr<AIUsageModel> usage_;
+  std::unique_ptr<ClaudeStatusLineModel> statusLine_;
   std::unique_ptr<WidgetContext> context_;
   std::unique_ptr<DockPopoverController> upsellPanel_, settingsPanel_, welcomePanel_, agentsPanel_, customizePanel_,
       tileMenu_;
+  std::vector<std::unique_ptr<DockPopoverController>> tilePanels_;
+  QVariantMap settingsPages_;  // tab to the properties of its page
+  std::map<std::string, NotificationAnswer> notificationAnswers_;
   std::unique_ptr<DockPanelController> dock_;
   std::unique_ptr<TipController> tips_;
   std::unique_ptr<ContextPeeker> peeker_;

@@ -5,7 +5,9 @@
 #include "platform/Notifications.h"
 #include "platform/Pointer.h"
 #include "platform/Screens.h"
+#include "platform/Sounds.h"
 #include "platform/SystemReadings.h"
+#include "platform/WallClock.h"
 #include "platform/WindowStyle.h"
 #include "platform/Workspace.h"
 
@@ -20,6 +22,8 @@ struct Desktop {
   HotKeys& hotKeys;
   Notifications& notifications;
   const SystemReadings& readings;
+  WallClock& wallClock;
+  Sounds& sounds;
 };
 
 }  // namespace ambrel

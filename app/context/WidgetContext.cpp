@@ -1,6 +1,13 @@
 #include "app/context/WidgetContext.h"
 
 namespace ambrel {
+namespace {
+
+void carryOut(const std::map<QString, WidgetContext::TileAction>& actions, const QString& widget, const QString& item) {
+  if (const auto found = actions.find(widget); found != actions.end()) found->second(item);
+}
+
+}  // namespace
 
 WidgetContext::WidgetContext(const Models& models, QObject* parent) : QObject(parent), models_(models) {}
 
@@ -14,16 +21,24 @@ void WidgetContext::showToast(const QString& title, const QString& detail, const
   if (onShowToast) onShowToast(title, detail, symbol);
 }
 
-void WidgetContext::toggleAgents() const {
-  if (onToggleAgents) onToggleAgents();
-}
-
 void WidgetContext::toggleCustomize() const {
   if (onToggleCustomize) onToggleCustomize();
 }
 
+void WidgetContext::setClickAction(const QString& widget, TileAction action) {
+  clickActions_[widget] = std::move(action);
+}
+
+void WidgetContext::setSettingsAction(const QString& widget, TileAction action) {
+  settingsActions_[widget] = std::move(action);
+}
+
+void WidgetContext::activate(const QString& widget, const QString& item) const {
+  carryOut(clickActions_, widget, item);
+}
+
 void WidgetContext::openSettings(const QString& widget, const QString& item) const {
-  if (onOpenSettings) onOpenSettings(widget, item);
+  carryOut(settingsActions_, widget, item);
 }
 
 void WidgetContext::openTileMenu(const QString& item) const {

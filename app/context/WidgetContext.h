@@ -4,11 +4,13 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
+#include <map>
 
 #include "app/agents/AgentsModel.h"
 #include "app/context/BarLimits.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
+#include "app/usage/AIUsageModel.h"
 #include "app/widgets/ClockModel.h"
 #include "app/widgets/SystemMonitor.h"
 
@@ -24,6 +26,7 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::AgentsModel* agents READ agents CONSTANT)
   Q_PROPERTY(ambrel::SystemMonitor* system READ system CONSTANT)
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT)
+  Q_PROPERTY(ambrel::AIUsageModel* usage READ usage CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
   // Whether the tiles are on screen: what is not seen need not be kept current.
   Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
@@ -35,6 +38,8 @@ class WidgetContext : public QObject {
     AgentsModel& agents;
     SystemMonitor& system;
     ClockModel& clock;
+    // Each of these serves tiles of its own alone; without it none of them may stand on the bar.
+    AIUsageModel* usage = nullptr;
   };
   explicit WidgetContext(const Models& models, QObject* parent = nullptr);
 
@@ -43,23 +48,27 @@ class WidgetContext : public QObject {
   AgentsModel* agents() const { return &models_.agents; }
   SystemMonitor* system() const { return &models_.system; }
   ClockModel* clock() const { return &models_.clock; }
+  AIUsageModel* usage() const { return models_.usage; }
   BarLimits* barLimits() { return &barLimits_; }
   bool widgetsActive() const { return widgetsActive_; }
   void setWidgetsActive(bool active);
 
   // Assigned by the delegate when what they lead to exists; until then a call does nothing.
   std::function<void(const QString& title, const QString& detail, const QString& symbol)> onShowToast;
-  std::function<void()> onToggleAgents;
   std::function<void()> onToggleCustomize;
   std::function<void(const QString& item)> onOpenTileMenu;
-  std::function<void(const QString& widget, const QString& item)> onOpenSettings;
+  // What a click on a widget leads to, and what its wish for settings does; `item` is the slot it stands in, empty
+  // when the wish comes from elsewhere.
+  using TileAction = std::function<void(const QString& item)>;
+  void setClickAction(const QString& widget, TileAction action);
+  void setSettingsAction(const QString& widget, TileAction action);
 
   Q_INVOKABLE void showToast(const QString& title, const QString& detail, const QString& symbol) const;
-  Q_INVOKABLE void toggleAgents() const;
   Q_INVOKABLE void toggleCustomize() const;
   // What can be done with the tile of a slot.
   Q_INVOKABLE void openTileMenu(const QString& item) const;
-  // The settings of one widget; `item` is the slot it stands in.
+  // Carries out what was set for the widget; nothing when nothing was.
+  Q_INVOKABLE void activate(const QString& widget, const QString& item) const;
   Q_INVOKABLE void openSettings(const QString& widget, const QString& item) const;
 
   // The first slot of the active profile that holds the widget; empty when none does.
@@ -71,6 +80,7 @@ class WidgetContext : public QObject {
  private:
   Models models_;
   BarLimits barLimits_;
+  std::map<QString, TileAction> clickActions_, settingsActions_;
   bool widgetsActive_ = false;
 };
 

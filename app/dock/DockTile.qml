@@ -1,15 +1,14 @@
 import QtQuick
-import Ambrel.Agents
 import Ambrel.Context
 import Ambrel.Dock
 import Ambrel.Kit
-import Ambrel.Widgets
 
 // One slot of the bar: the tile of its widget, in the place that the layout gives it.
 Item {
     id: root
 
     required property WidgetContext context
+    required property TileRegistry registry
     required property string item
     required property string widget
     required property string title
@@ -35,66 +34,6 @@ Item {
         }
     }
 
-    readonly property var registry: ({
-            "agents": agentsTile,
-            "clock": clockTile,
-            "cpu": cpuTile,
-            "date": dateTile,
-            "disk": diskTile,
-            "memory": memoryTile,
-            "network": networkTile
-        })
-
-    Component {
-        id: agentsTile
-
-        AgentsWidget {
-            agents: root.context.agents
-            onClicked: root.context.toggleAgents()
-        }
-    }
-    Component {
-        id: clockTile
-
-        ClockTile {
-            clock: root.context.clock
-        }
-    }
-    Component {
-        id: cpuTile
-
-        CpuTile {
-            system: root.context.system
-        }
-    }
-    Component {
-        id: dateTile
-
-        DateTile {
-            clock: root.context.clock
-        }
-    }
-    Component {
-        id: diskTile
-
-        DiskTile {
-            system: root.context.system
-        }
-    }
-    Component {
-        id: memoryTile
-
-        MemoryTile {
-            system: root.context.system
-        }
-    }
-    Component {
-        id: networkTile
-
-        NetworkTile {
-            system: root.context.system
-        }
-    }
     Component {
         id: placeholderTile
 
@@ -109,7 +48,7 @@ Item {
         id: loader
 
         anchors.fill: parent
-        sourceComponent: root.registry[root.widget] || placeholderTile
+        sourceComponent: root.registry.tiles[root.widget] || placeholderTile
         onLoaded: item.span = Qt.binding(() => root.span)
     }
 
@@ -117,6 +56,12 @@ Item {
         target: loader.item
         ignoreUnknownSignals: true
 
+        function onClicked() {
+            root.context.activate(root.widget, root.item);
+        }
+        function onSettingsRequested() {
+            root.context.openSettings(root.widget, root.item);
+        }
         function onMenuRequested() {
             Tips.leave(loader.item as Item);
             root.context.openTileMenu(root.item);

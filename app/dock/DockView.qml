@@ -14,6 +14,11 @@ FocusScope {
     // How far the slab has to go to be beyond the edge.
     readonly property real hiddenOffset: isRow ? height - slabFrame.y : controller.edge === "left" ? -(slabFrame.x + slabFrame.width) : width - slabFrame.x
 
+    TileRegistry {
+        id: tileRegistry
+        context: root.context
+    }
+
     Accessible.role: Accessible.ToolBar
     Accessible.name: qsTr("Tilebay")
 
@@ -104,6 +109,7 @@ FocusScope {
 
                 DockTile {
                     context: root.context
+                    registry: tileRegistry
                     onRevealAsked: frame => {
                         if (root.isRow)
                             flick.contentX = Math.max(Math.min(flick.contentX, frame.x - Theme.space2), frame.x + frame.width + Theme.space2 - flick.width);

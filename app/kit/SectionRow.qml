@@ -7,6 +7,7 @@ Item {
 
     property string title
     property string detail
+    property color detailColor: Theme.ink2
     default property alias control: slot.data
 
     width: parent ? parent.width : implicitWidth
@@ -37,7 +38,7 @@ Item {
             visible: root.detail !== ""
             text: root.detail
             role: Theme.subLine
-            color: Theme.ink2
+            color: root.detailColor
             wrapMode: Text.WordWrap
         }
     }

@@ -1,9 +1,12 @@
 import QtQuick
 import Ambrel.Kit
+import Ambrel.Panels
+import Ambrel.Usage
 
 SettingsPage {
     id: root
 
+    property ClaudeStatusLineModel statusLine: null
     readonly property var categories: [
         {
             name: "agents",
@@ -98,6 +101,18 @@ SettingsPage {
                 label: qsTr("Quiet to")
                 hour: root.stored.quietEndHour
                 onChosen: hour => root.settings.quietEndHour = hour
+            }
+        }
+    }
+    Section {
+        width: parent.width
+        visible: root.statusLine !== null
+
+        Loader {
+            width: parent.width
+            active: root.statusLine !== null
+            sourceComponent: ClaudeLimitsRow {
+                statusLine: root.statusLine
             }
         }
     }

@@ -12,6 +12,8 @@ Popover {
     // The name of the tab that is shown; `tabChosen` asks for another.
     property string tab: "general"
     property string version
+    // Tab name to what its page takes besides the settings.
+    property var pages: ({})
 
     readonly property var tabs: [
         {
@@ -117,9 +119,9 @@ Popover {
     onIndexChanged: showPage()
 
     function showPage() {
-        const properties = {
+        const properties = Object.assign({
             settings: root.settings
-        };
+        }, root.pages[tabs[index].name]);
         if (tabs[index].name === "appearance")
             properties.appearance = root.appearance;
         if (tabs[index].name === "about")

@@ -2,58 +2,24 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Usage
 
-// The settings row "Claude's own percentages".
-Item {
+// The settings row that connects Claude Code's own percentages.
+SectionRow {
     id: root
 
     required property ClaudeStatusLineModel statusLine
+    readonly property bool hasProblem: statusLine.problem !== ""
 
-    implicitWidth: 480
-    implicitHeight: Math.max(texts.height, button.height)
-    Accessible.role: Accessible.Grouping
-    Accessible.name: title.text
+    title: qsTr("Claude's own percentages")
+    detail: hasProblem ? statusLine.problem : statusLine.text
+    detailColor: hasProblem ? Theme.red.text : Theme.ink2
+    Accessible.role: hasProblem ? Accessible.AlertMessage : Accessible.Grouping
+    Accessible.name: hasProblem ? detail : title
     onVisibleChanged: if (visible)
         statusLine.look()
 
-    Column {
-        id: texts
-        spacing: 2
-        anchors {
-            left: parent.left
-            right: button.left
-            rightMargin: Theme.space4
-            verticalCenter: parent.verticalCenter
-        }
-
-        Label {
-            id: title
-            width: parent.width
-            text: qsTr("Claude's own percentages")
-            role: Theme.rowTitle
-        }
-        Label {
-            width: parent.width
-            text: root.statusLine.text
-            role: Theme.small
-            color: Theme.ink2
-            wrapMode: Text.WordWrap
-        }
-        Label {
-            visible: text !== ""
-            width: parent.width
-            text: root.statusLine.problem
-            role: Theme.small
-            color: Theme.red.text
-            wrapMode: Text.WordWrap
-            Accessible.role: Accessible.AlertMessage
-        }
-    }
     Button {
-        id: button
-        anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
         text: root.statusLine.isConnected ? qsTr("Disconnect") : qsTr("Connect")
-        label: text + ", " + title.text
+        label: text + ", " + root.title
         onClicked: root.statusLine.isConnected ? root.statusLine.remove() : root.statusLine.install()
     }
 }

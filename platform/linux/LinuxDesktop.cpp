@@ -1,10 +1,12 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include "platform/linux/CanberraSounds.h"
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
 #include "platform/linux/InstalledPrograms.h"
 #include "platform/linux/ProcReadings.h"
 #include "platform/linux/SessionBus.h"
+#include "platform/linux/TimerfdClock.h"
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11Pointer.h"
@@ -35,6 +37,8 @@ struct LinuxDesktop::Parts {
   X11HotKeys hotKeys;
   DBusNotifications notifications;
   ProcReadings readings;
+  TimerfdClock wallClock;
+  CanberraSounds sounds;
   DBusSessionService session;
 };
 
@@ -48,7 +52,9 @@ Desktop LinuxDesktop::seams() {
           .workspace = parts_->workspace,
           .hotKeys = parts_->hotKeys,
           .notifications = parts_->notifications,
-          .readings = parts_->readings};
+          .readings = parts_->readings,
+          .wallClock = parts_->wallClock,
+          .sounds = parts_->sounds};
 }
 
 SessionService& LinuxDesktop::session() { return parts_->session; }

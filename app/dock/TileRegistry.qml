@@ -1,0 +1,21 @@
+import QtQuick
+import Ambrel.Context
+import Ambrel.Dock
+
+// Which component draws which widget; made once for the whole bar.
+QtObject {
+    id: root
+
+    required property WidgetContext context
+
+    readonly property TileSet agents: AgentTiles {
+        context: root.context
+    }
+    readonly property TileSet system: SystemTiles {
+        context: root.context
+    }
+    readonly property TileSet time: TimeTiles {
+        context: root.context
+    }
+    readonly property var tiles: Object.assign({}, agents.tiles, system.tiles, time.tiles)
+}
