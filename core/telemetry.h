@@ -1,8 +1,8 @@
 #pragma once
 // System readings: the kernel's texts turned into counters, and counters into rates.
 //
-// A first reading publishes no rate. A counter that went backwards was reset, and counts as unknown for that round:
-// never as a wrap, which would be a spike.
+// A first reading publishes no rate. A counter that went backwards was reset, and counts as unknown for that round; as
+// a wrap only where that is certain, since a wrap that was none would be a spike.
 
 #include <array>
 #include <cstdint>
@@ -15,6 +15,14 @@
 
 #include "core/base/Calendar.h"
 #include "core/base/Instant.h"
+#include "core/telemetry/Activity.h"
+#include "core/telemetry/Conditions.h"
+#include "core/telemetry/CounterRate.h"
+#include "core/telemetry/DisplayText.h"
+#include "core/telemetry/Latency.h"
+#include "core/telemetry/Power.h"
+#include "core/telemetry/Volumes.h"
+#include "core/telemetry/WiFi.h"
 
 namespace ambrel {
 
@@ -57,10 +65,8 @@ struct NetworkRates {
   friend bool operator==(const NetworkRates&, const NetworkRates&) = default;
 };
 // Summed over the interfaces that both readings hold, so that one that has just been plugged in only primes.
-// elapsed: since boot, not by the wall clock; 0 or less: absent. A gap of more than `longestGap` seconds (the
-// computer slept) gives no rate either.
+// elapsed: since boot, not by the wall clock; 0 or less, or more than `longestGap`: absent.
 std::optional<NetworkRates> networkRates(const NetworkCounters& before, const NetworkCounters& now, Seconds elapsed);
-inline constexpr Seconds longestGap{20};
 
 struct VolumeSizes {
   std::int64_t freeBytes = 0;

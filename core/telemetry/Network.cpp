@@ -32,13 +32,9 @@ std::optional<NetworkRates> networkRates(const NetworkCounters& before, const Ne
   for (const auto& [name, bytes] : now) {
     const auto earlier = before.find(name);
     if (earlier == before.end()) continue;
-    if (bytes.received >= earlier->second.received)
-      rates.receivedPerSecond += static_cast<double>(bytes.received - earlier->second.received);
-    if (bytes.sent >= earlier->second.sent)
-      rates.sentPerSecond += static_cast<double>(bytes.sent - earlier->second.sent);
+    rates.receivedPerSecond += CounterRate::perSecond(earlier->second.received, bytes.received, elapsed).value_or(0);
+    rates.sentPerSecond += CounterRate::perSecond(earlier->second.sent, bytes.sent, elapsed).value_or(0);
   }
-  rates.receivedPerSecond /= elapsed.count();
-  rates.sentPerSecond /= elapsed.count();
   return rates;
 }
 

@@ -1,0 +1,178 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/telemetry.h"
+
+namespace ambrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint64_t second = 1'000'000'000;
+constexpr std::uint64_t MiB = 1 << 20;
+
+TEST(CounterRate, ACounterThatStepsBackIsUnknownUnlessItCertainlyWrapped) {
+  const std::uint64_t top = 1ull << 32;
+  const struct {
+    const char* what;
+    std::uint64_t before, now;
+    std::optional<std::uint64_t> range, expected;
+  } cases[] = {
+      {"forwards", 100, 350, {}, 250},
+      {"stood still", 100, 100, {}, 0},
+      {"began anew", 5'000'000, 10, {}, {}},
+      {"over the end of 32 bits", top - 4000, 1000, {}, 5000},
+      {"the last value of 32 bits", top - 1, 0, {}, 1},
+      {"over the edge by more than a reset may look like", top - 100 * MiB, 1000, {}, {}},
+      {"near the end of 32 bits, but far from their beginning", top - 4000, 65 * MiB, {}, {}},
+      {"a 64-bit counter that began anew", top + 4000, 1000, {}, {}},
+      {"an energy counter over the end of its range", 262'143'000'000, 1'000'000, 262'143'328'850, 1'328'850},
+      {"beyond its own range", 300, 10, 200, {}},
+  };
+  for (const auto& c : cases) EXPECT_EQ(CounterRate::difference(c.before, c.now, c.range), c.expected) << c.what;
+}
+
+TEST(CounterRate, NeedsTimeBetweenTheReadings) {
+  EXPECT_EQ(CounterRate::perSecond(100, 600, Seconds(2)), 250);
+  EXPECT_EQ(CounterRate::perSecond(100, 100, Seconds(2)), 0);
+  for (const double elapsed : {0.0, -1.0, 20.5, std::nan("")})
+    EXPECT_EQ(CounterRate::perSecond(100, 600, Seconds(elapsed)), std::nullopt) << elapsed;
+  EXPECT_EQ(CounterRate::perSecond(600, 100, Seconds(2)), std::nullopt);
+}
+
+TEST(Ticks, BecomeNanoseconds) {
+  const struct {
+    std::uint64_t ticks;
+    std::uint32_t numerator, denominator;
+    std::uint64_t expected;
+  } cases[] = {
+      {7, 0, 0, 7},  // no denominator: as they are
+      {24, 125, 3, 1000},
+      {1, 1, 2, 1},  // halves away from zero
+      {5, 1, 2, 3},
+      {1, 1, 3, 0},
+      {250, 1'000'000'000, 100, 2'500'000'000},
+      {UINT64_MAX, 1'000'000'000, 1, UINT64_MAX},
+      {0, 125, 3, 0},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(nanosecondsFromTicks(c.ticks, c.numerator, c.denominator), c.expected) << c.ticks;
+}
+
+TEST(DiskRates, ComeFromTwoReadings) {
+  const DiskCounters before{.read = 1000, .written = 500, .uptimeNanoseconds = 10 * second};
+  EXPECT_EQ(diskRates(std::nullopt, before), std::nullopt);
+  EXPECT_EQ(diskRates(before, {5000, 1500, 14 * second}), (DiskRates{1000, 250}));
+  EXPECT_EQ(diskRates(before, {5000, 1500, 10 * second}), std::nullopt);
+  EXPECT_EQ(diskRates(before, {5000, 1500, 9 * second}), std::nullopt);
+  EXPECT_EQ(diskRates(before, {5000, 1500, 3600 * second}), std::nullopt) << "the computer slept";
+  EXPECT_EQ(diskRates(before, {900, 1500, 14 * second}), std::nullopt) << "a disk was pulled";
+}
+
+TEST(ProcessRanking, RanksByTheTimeUsedSince) {
+  const std::unordered_map<std::int32_t, ProcessSample> before{{1, {1, "init", 100}},
+                                                               {20, {20, "equal", 0}},
+                                                               {3, {3, "equal too", 1000}},
+                                                               {4, {4, "busy", 500}},
+                                                               {5, {5, "its number went to another", 900}},
+                                                               {6, {6, "idle", 70}},
+                                                               {7, {7, "ended", 10}}};
+  const std::vector<ProcessSample> now{{20, "equal", 500}, {1, "init", 101},     {3, "equal too", 1500},
+                                       {4, "busy", 2500},  {5, "newcomer", 899}, {6, "idle", 70},
+                                       {8, "new", 100000}};
+  EXPECT_THAT(ProcessRanking::usage(before, now, 1000),
+              ElementsAre(ProcessUsage{4, "busy", 2.0}, ProcessUsage{3, "equal too", 0.5},
+                          ProcessUsage{20, "equal", 0.5}, ProcessUsage{1, "init", 0.001}));
+  EXPECT_THAT(ProcessRanking::usage(before, now, 0), IsEmpty());
+}
+
+TEST(ProcessRanking, OfSnapshotsNeedsTwoThatAreNotFarApart) {
+  const ProcessSnapshot first{{{1, "a", 0}}, 5 * second}, next{{{1, "a", second}}, 7 * second};
+  EXPECT_EQ(ProcessRanking::usage(std::nullopt, first), std::nullopt);
+  EXPECT_THAT(ProcessRanking::usage(first, next).value(), ElementsAre(ProcessUsage{1, "a", 0.5}));
+  EXPECT_EQ(ProcessRanking::usage(next, first), std::nullopt);
+  EXPECT_EQ(ProcessRanking::usage(first, ProcessSnapshot{next.samples, 900 * second}), std::nullopt);
+}
+
+TEST(PowerText, SaysHowThePowerStands) {
+  using Minutes = std::optional<int>;
+  const struct {
+    bool isOnAdapter, isCharging, isCharged;
+    Minutes toEmpty, toFull;
+    const char* expected;
+  } cases[] = {
+      {true, false, false, {}, {}, "Not charging"},
+      {true, false, true, {}, {}, "Fully charged"},
+      {true, true, true, {}, 5, "Fully charged"},
+      {true, true, false, {}, {}, "Calculating…"},
+      {true, true, false, {}, 0, "Calculating…"},
+      {true, true, false, 90, 1, "Full in 0:01"},
+      {true, true, false, {}, 65, "Full in 1:05"},
+      {false, false, false, {}, 65, "Calculating…"},
+      {false, false, false, 0, {}, "Calculating…"},
+      {false, false, false, -1, {}, "Calculating…"},
+      {false, false, false, 600, {}, "10:00 left"},
+      {false, true, true, 59, 1, "0:59 left"},  // on battery nothing else counts
+  };
+  for (const auto& c : cases) {
+    const PowerReading reading{.isOnAdapter = c.isOnAdapter,
+                               .isCharging = c.isCharging,
+                               .isCharged = c.isCharged,
+                               .minutesToEmpty = c.toEmpty,
+                               .minutesToFull = c.toFull};
+    EXPECT_EQ(PowerText::stateLine(reading), c.expected);
+  }
+}
+
+TEST(LatencyStats, CountsWhatWasAnsweredAndWhatWasNot) {
+  EXPECT_EQ(LatencyStats::of({}), LatencyStats{});
+  EXPECT_EQ(LatencyStats::of({std::nullopt, std::nullopt}), LatencyStats{.failures = 2});
+  EXPECT_EQ(LatencyStats::of({30}), (LatencyStats{.last = 30, .minimum = 30, .average = 30, .maximum = 30}));
+  EXPECT_EQ(LatencyStats::of({30, std::nullopt, 50, 10, std::nullopt}),
+            (LatencyStats{.last = 10, .minimum = 10, .average = 30, .maximum = 50, .jitter = 30, .failures = 2}));
+}
+
+TEST(LatencyStats, HasFourLevels) {
+  const std::pair<double, int> cases[] = {{0, 0},   {39.999, 0}, {40, 1},  {99.9, 1},
+                                          {100, 2}, {249.9, 2},  {250, 3}, {9000, 3}};
+  for (const auto& [milliseconds, level] : cases) EXPECT_EQ(LatencyStats::level(milliseconds), level) << milliseconds;
+}
+
+TEST(DisplayText, ShowsRateAndScale) {
+  const std::pair<double, const char*> rates[] = {
+      {0, "—"}, {-1, "—"}, {std::nan(""), "—"}, {59.94, "60 Hz"}, {143.856, "144 Hz"}, {0.2, "0 Hz"}, {60.5, "61 Hz"}};
+  for (const auto& [hertz, text] : rates) EXPECT_EQ(DisplayText::refreshRate(hertz), text) << hertz;
+  const std::pair<double, const char*> scales[] = {
+      {1, "@1x"}, {2, "@2x"}, {1.5, "@1.5x"}, {1.25, "@1.3x"}, {1.333, "@1.3x"}};
+  for (const auto& [scale, text] : scales) EXPECT_EQ(DisplayText::scale(scale), text) << scale;
+}
+
+TEST(WiFi, BarsFollowTheSignal) {
+  const std::pair<int, int> cases[] = {{-30, 4}, {-55, 4}, {-56, 3}, {-67, 3}, {-68, 2},
+                                       {-75, 2}, {-76, 1}, {-95, 1}, {0, 0}};
+  for (const auto& [rssi, bars] : cases) EXPECT_EQ((WiFiReading{.isOn = true, .rssi = rssi}.bars()), bars) << rssi;
+  EXPECT_EQ((WiFiReading{.isOn = false, .rssi = -40}.bars()), 0);
+  EXPECT_EQ((WiFiReading{.isOn = true, .rssi = -60, .noise = -90}.signalToNoise()), 30);
+  EXPECT_EQ((WiFiReading{.isOn = true, .rssi = -60}.signalToNoise()), std::nullopt);
+  EXPECT_EQ((WiFiReading{.isOn = true, .noise = -90}.signalToNoise()), std::nullopt);
+}
+
+TEST(Addresses, TheOneThatLeadsOutComesFirst) {
+  const NetworkAddress wifi{"wlan0", "192.168.1.20", false, true}, wifi6{"wlan0", "2001:db8::7", true, true},
+      cable{"eth0", "10.0.0.4", false, false}, bridge{"docker0", "172.17.0.1", false, false};
+  EXPECT_THAT(rankedAddresses({{"lo", "127.0.0.1"},
+                               {"lo", "::1", true},
+                               bridge,
+                               cable,
+                               wifi6,
+                               {"wlan0", "fe80::1", true, true},
+                               {"eth1", "169.254.7.7"},
+                               wifi}),
+              ElementsAre(wifi, wifi6, cable));
+  EXPECT_THAT(rankedAddresses({bridge}), ElementsAre(bridge));
+  EXPECT_THAT(rankedAddresses({{"lo", "127.0.0.1"}}), IsEmpty());
+}
+
+}  // namespace
+}  // namespace ambrel
