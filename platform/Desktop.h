@@ -1,12 +1,18 @@
 #pragma once
 // All that the program asks of a desktop, in one place.
 
+#include "platform/Bluetooth.h"
 #include "platform/HotKeys.h"
+#include "platform/KeepAwake.h"
+#include "platform/LatencyProbe.h"
 #include "platform/Notifications.h"
 #include "platform/Pointer.h"
 #include "platform/Screens.h"
+#include "platform/SoundControl.h"
 #include "platform/Sounds.h"
 #include "platform/SystemReadings.h"
+#include "platform/Telemetry.h"
+#include "platform/Volumes.h"
 #include "platform/WallClock.h"
 #include "platform/WindowStyle.h"
 #include "platform/Workspace.h"
@@ -24,6 +30,12 @@ struct Desktop {
   const SystemReadings& readings;
   WallClock& wallClock;
   Sounds& sounds;
+  Telemetry& telemetry;
+  LatencyProbe& latency;
+  SoundControl& soundControl;
+  Bluetooth& bluetooth;
+  Volumes& volumes;
+  KeepAwake& keepAwake;
 };
 
 }  // namespace ambrel

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include "platform/linux/AbsentParts.h"
 #include "platform/linux/CanberraSounds.h"
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
@@ -39,6 +40,12 @@ struct LinuxDesktop::Parts {
   ProcReadings readings;
   TimerfdClock wallClock;
   CanberraSounds sounds;
+  AbsentTelemetry telemetry;
+  AbsentLatencyProbe latency;
+  AbsentSoundControl soundControl;
+  AbsentBluetooth bluetooth;
+  AbsentVolumes volumes;
+  AbsentKeepAwake keepAwake;
   DBusSessionService session;
 };
 
@@ -54,7 +61,13 @@ Desktop LinuxDesktop::seams() {
           .notifications = parts_->notifications,
           .readings = parts_->readings,
           .wallClock = parts_->wallClock,
-          .sounds = parts_->sounds};
+          .sounds = parts_->sounds,
+          .telemetry = parts_->telemetry,
+          .latency = parts_->latency,
+          .soundControl = parts_->soundControl,
+          .bluetooth = parts_->bluetooth,
+          .volumes = parts_->volumes,
+          .keepAwake = parts_->keepAwake};
 }
 
 SessionService& LinuxDesktop::session() { return parts_->session; }
