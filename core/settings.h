@@ -6,36 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "core/base/EnumText.h"
 #include "core/base/UserDefaults.h"
+#include "core/buddy/BuddyChoices.h"
 #include "core/dock/DockEdge.h"
 
 namespace ambrel {
-
-// Which of Buddy's notices are shown.
-enum class BuddyLevel { all, important, off };
-
-template <>
-struct EnumText<BuddyLevel> {
-  static constexpr std::array table{
-      std::pair{BuddyLevel::all, std::string_view("all")},
-      std::pair{BuddyLevel::important, std::string_view("important")},
-      std::pair{BuddyLevel::off, std::string_view("off")},
-  };
-};
-
-enum class BuddyCategory { agents, meetings, limits, system, health };
-
-template <>
-struct EnumText<BuddyCategory> {
-  static constexpr std::array table{
-      std::pair{BuddyCategory::agents, std::string_view("agents")},
-      std::pair{BuddyCategory::meetings, std::string_view("meetings")},
-      std::pair{BuddyCategory::limits, std::string_view("limits")},
-      std::pair{BuddyCategory::system, std::string_view("system")},
-      std::pair{BuddyCategory::health, std::string_view("health")},
-  };
-};
 
 // Each field is stored under its own name.
 struct SettingsValues {

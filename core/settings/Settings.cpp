@@ -1,5 +1,7 @@
 #include "core/settings.h"
 
+#include "core/base/EnumText.h"
+
 namespace ambrel {
 namespace {
 

@@ -1,0 +1,23 @@
+#pragma once
+// The notices of this session of the program.
+
+#include "core/buddy.h"
+
+namespace ambrel {
+
+struct BuddyInbox {
+  static constexpr std::size_t capacity = 200;
+
+  std::vector<BuddyNotice> recent;  // newest first; what goes beyond the capacity falls off the end
+
+  // In the order in which they were said. One that came back from a snooze moves to the front; it is not listed twice.
+  void add(const std::vector<BuddyNotice>& notices);
+  void clear() { recent.clear(); }
+
+  friend bool operator==(const BuddyInbox&, const BuddyInbox&) = default;
+};
+
+// Names one entry of the inbox for as long as it is there; a notice's own id recurs when it comes again.
+std::string inboxKey(const BuddyNotice& notice);
+
+}  // namespace ambrel

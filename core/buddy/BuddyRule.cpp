@@ -1,0 +1,137 @@
+#include <fmt/format.h>
+
+#include "core/base/LocalText.h"
+#include "core/buddy.h"
+#include "core/buddy/Thresholds.h"
+
+namespace ambrel {
+namespace {
+
+struct Row {
+  BuddyRule rule;
+  BuddyPriority priority;
+  BuddyCategory category;
+  BuddyTrigger trigger;
+  double cooldown;
+  bool isLasting;
+};
+
+constexpr bool lasting = true, oneShot = false;
+
+constexpr std::array rows = [] {
+  using enum BuddyRule;
+  using enum BuddyPriority;
+  using enum BuddyCategory;
+  using T = BuddyTrigger;
+  return std::array{
+      Row{agentNeedsInput, urgent, agents, T::startle, 120, lasting},
+      Row{agentFinished, important, agents, T::highFive, 0, oneShot},
+      Row{agentStopped, important, agents, T::shake, 0, oneShot},
+      Row{agentStillWorking, info, agents, T::typing, 0, lasting},
+      Row{awayDigest, important, agents, T::wave, 0, oneShot},
+      Row{meetingSoon, important, meetings, T::lookAround, 0, lasting},
+      Row{meetingStart, urgent, meetings, T::jump, 0, lasting},
+      Row{claudeLimit, important, limits, T::peek, 0, lasting},
+      Row{codexSession, important, limits, T::peek, 0, lasting},
+      Row{codexWeek, important, limits, T::peek, 0, lasting},
+      Row{batteryLow, important, system, T::stretch, 1800, lasting},
+      Row{batteryCritical, urgent, system, T::sneeze, 1800, lasting},
+      Row{diskLow, important, system, T::lookAround, 21600, lasting},
+      Row{cpuHigh, info, system, T::typing, 1800, lasting},
+      Row{water, info, health, T::drink, 0, lasting},
+      Row{focusEnded, info, health, T::dance, 0, oneShot},
+      Row{breakOver, info, health, T::sip, 0, oneShot},
+      Row{daySummary, info, health, T::love, 0, oneShot},
+  };
+}();
+
+constexpr bool isInOrder() {
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    if (rows[i].rule != static_cast<BuddyRule>(i)) return false;
+  return rows.size() == EnumText<BuddyRule>::table.size();
+}
+static_assert(isInOrder());
+
+const Row& row(BuddyRule rule) { return rows[static_cast<std::size_t>(rule)]; }
+
+// As the settings call it.
+std::string_view settingsName(BuddyCategory category) {
+  switch (category) {
+    case BuddyCategory::agents:
+      return "Agents";
+    case BuddyCategory::meetings:
+      return "Meetings";
+    case BuddyCategory::limits:
+      return "Limits";
+    case BuddyCategory::system:
+      return "System";
+    case BuddyCategory::health:
+      return "Health";
+  }
+  return {};
+}
+
+std::string ruleInWords(BuddyRule rule, const Calendar& calendar) {
+  using namespace BuddyThresholds;
+  const auto minutes = [](Seconds span) { return static_cast<int>(span.count()) / 60; };
+  switch (rule) {
+    case BuddyRule::agentNeedsInput:
+      return "An agent waits for your answer.";
+    case BuddyRule::agentFinished:
+      return fmt::format("An agent finished after a run of {} minutes or more.", minutes(shortestRun));
+    case BuddyRule::agentStopped:
+      return fmt::format("An agent that was at work has not stirred for {} minutes.",
+                         minutes(AgentTiming::workingTimeout));
+    case BuddyRule::agentStillWorking:
+      return fmt::format("An agent has worked for another {} minutes. This comes to the inbox only.",
+                         minutes(stillWorkingStep));
+    case BuddyRule::awayDigest:
+      return fmt::format("You came back to an agent after {} minutes or more, and others had news.",
+                         minutes(awayThreshold));
+    case BuddyRule::meetingSoon:
+      return fmt::format("A meeting starts within {} minutes.", minutes(meetingLead));
+    case BuddyRule::meetingStart:
+      return "A meeting starts.";
+    case BuddyRule::claudeLimit:
+      return fmt::format("{}% or more of a Claude limit is used.", limitPercent);
+    case BuddyRule::codexSession:
+      return fmt::format("{}% or more of the 5-hour limit of Codex is used.", limitPercent);
+    case BuddyRule::codexWeek:
+      return fmt::format("{}% or more of the weekly limit of Codex is used.", limitPercent);
+    case BuddyRule::batteryLow:
+      return fmt::format("The battery is below {}% and not charging.", lowBattery);
+    case BuddyRule::batteryCritical:
+      return fmt::format("The battery is below {}% and not charging.", criticalBattery);
+    case BuddyRule::diskLow:
+      return fmt::format("Less than {} of the disk is free.", fileSize(calendar, lowDisk));
+    case BuddyRule::cpuHigh:
+      return fmt::format("The processor has been above {:.0f}% for {} minutes.", highLoad * 100,
+                         minutes(highLoadLasts));
+    case BuddyRule::water:
+      return "The next glass of water is due.";
+    case BuddyRule::focusEnded:
+      return "A session of the focus timer ended.";
+    case BuddyRule::breakOver:
+      return "A break of the focus timer ended.";
+    case BuddyRule::daySummary:
+      return fmt::format("Once a day, from {} on.", shortTime(calendar, calendar.instant(2000, 1, 3, summaryHour)));
+  }
+  return {};
+}
+
+}  // namespace
+
+BuddyPriority priority(BuddyRule rule) { return row(rule).priority; }
+BuddyCategory category(BuddyRule rule) { return row(rule).category; }
+BuddyTrigger trigger(BuddyRule rule) { return row(rule).trigger; }
+Seconds cooldown(BuddyRule rule) { return Seconds(row(rule).cooldown); }
+bool isLasting(BuddyRule rule) { return row(rule).isLasting; }
+
+BuddyReason reason(BuddyRule rule, const Calendar& calendar) {
+  const bool alsoByLevel = priority(rule) == BuddyPriority::info;
+  return {.rule = ruleInWords(rule, calendar),
+          .setting = fmt::format("To turn this off, take {} out of Speaks about in Settings › Buddy{}.",
+                                 settingsName(category(rule)), alsoByLevel ? ", or choose If important there" : "")};
+}
+
+}  // namespace ambrel

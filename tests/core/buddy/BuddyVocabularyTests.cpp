@@ -1,0 +1,191 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/buddy.h"
+
+namespace ambrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+Instant at(std::string_view text) { return parseISO8601(text).value(); }
+
+struct RuleRow {
+  std::string_view name;
+  BuddyPriority priority;
+  BuddyCategory category;
+  BuddyTrigger trigger;
+  double cooldown;
+  bool isLasting;
+};
+
+TEST(BuddyRules, HavePriorityCategoryReactionCooldownAndKindOfTheirOwn) {
+  using P = BuddyPriority;
+  using C = BuddyCategory;
+  using T = BuddyTrigger;
+  const RuleRow expected[] = {
+      {"agentNeedsInput", P::urgent, C::agents, T::startle, 120, true},
+      {"agentFinished", P::important, C::agents, T::highFive, 0, false},
+      {"agentStopped", P::important, C::agents, T::shake, 0, false},
+      {"agentStillWorking", P::info, C::agents, T::typing, 0, true},
+      {"awayDigest", P::important, C::agents, T::wave, 0, false},
+      {"meetingSoon", P::important, C::meetings, T::lookAround, 0, true},
+      {"meetingStart", P::urgent, C::meetings, T::jump, 0, true},
+      {"claudeLimit", P::important, C::limits, T::peek, 0, true},
+      {"codexSession", P::important, C::limits, T::peek, 0, true},
+      {"codexWeek", P::important, C::limits, T::peek, 0, true},
+      {"batteryLow", P::important, C::system, T::stretch, 1800, true},
+      {"batteryCritical", P::urgent, C::system, T::sneeze, 1800, true},
+      {"diskLow", P::important, C::system, T::lookAround, 21600, true},
+      {"cpuHigh", P::info, C::system, T::typing, 1800, true},
+      {"water", P::info, C::health, T::drink, 0, true},
+      {"focusEnded", P::info, C::health, T::dance, 0, false},
+      {"breakOver", P::info, C::health, T::sip, 0, false},
+      {"daySummary", P::info, C::health, T::love, 0, false},
+  };
+  const auto rules = allCases<BuddyRule>();
+  ASSERT_EQ(rules.size(), std::size(expected));
+  for (std::size_t i = 0; i < rules.size(); ++i) {
+    SCOPED_TRACE(expected[i].name);
+    EXPECT_EQ(nameOf(rules[i]), expected[i].name);
+    EXPECT_EQ(priority(rules[i]), expected[i].priority);
+    EXPECT_EQ(category(rules[i]), expected[i].category);
+    EXPECT_EQ(trigger(rules[i]), expected[i].trigger);
+    EXPECT_EQ(cooldown(rules[i]), Seconds(expected[i].cooldown));
+    EXPECT_EQ(isLasting(rules[i]), expected[i].isLasting);
+  }
+}
+
+TEST(BuddyRules, ComeInAscendingPriorities) {
+  EXPECT_LT(BuddyPriority::info, BuddyPriority::important);
+  EXPECT_LT(BuddyPriority::important, BuddyPriority::urgent);
+}
+
+TEST(BuddyRules, NameTheirReactionsInTheOrderOfTheCharacter) {
+  std::vector<std::string_view> names;
+  for (const BuddyTrigger trigger : allCases<BuddyTrigger>()) names.push_back(nameOf(trigger));
+  EXPECT_THAT(names,
+              ElementsAre("celebrate", "wave", "jump", "spin", "dance", "nod", "shake", "stretch", "wink", "love",
+                          "startle", "peek", "sip", "typing", "highFive", "drink", "sneeze", "lookAround"));
+}
+
+TEST(BuddyRules, SayWhyANoticeCameAndWhatTurnsItOff) {
+  const Calendar american("UTC", "en_US"), german("UTC", "de_DE");
+  for (const BuddyRule rule : allCases<BuddyRule>()) {
+    SCOPED_TRACE(nameOf(rule));
+    const BuddyReason why = reason(rule, american);
+    EXPECT_TRUE(why.rule.ends_with('.'));
+    EXPECT_THAT(why.setting, HasSubstr("Settings › Buddy"));
+    EXPECT_EQ(why.setting.find("If important") != std::string::npos, priority(rule) == BuddyPriority::info);
+  }
+  EXPECT_EQ(reason(BuddyRule::batteryLow, american),
+            (BuddyReason{"The battery is below 20% and not charging.",
+                         "To turn this off, take System out of Speaks about in Settings › Buddy."}));
+  EXPECT_EQ(reason(BuddyRule::water, american),
+            (BuddyReason{"The next glass of water is due.",
+                         "To turn this off, take Health out of Speaks about in Settings › Buddy, or choose If "
+                         "important there."}));
+  EXPECT_EQ(reason(BuddyRule::daySummary, american).rule, "Once a day, from 6:00\u202fPM on.");
+  EXPECT_EQ(reason(BuddyRule::daySummary, german).rule, "Once a day, from 18:00 on.");
+  EXPECT_EQ(reason(BuddyRule::diskLow, american).rule, "Less than 10 GB of the disk is free.");
+  EXPECT_EQ(reason(BuddyRule::cpuHigh, american).rule, "The processor has been above 90% for 2 minutes.");
+}
+
+TEST(BuddyNotices, KeepTheFirstTwoOfTheirActions) {
+  using namespace BuddyActions;
+  const BuddyNotice notice("a", BuddyRule::diskLow, "Title", "Detail", at("2026-11-21T09:00:00Z"),
+                           {OpenDiskCleanup{}, Snooze{60}, OpenInbox{}});
+  EXPECT_THAT(notice.actions, ElementsAre(BuddyAction(OpenDiskCleanup{}), BuddyAction(Snooze{60})));
+}
+
+TEST(BuddyActions, HaveAButtonText) {
+  using namespace BuddyActions;
+  EXPECT_EQ(buttonText(Join{"https://meet.example/x"}), "Join");
+  EXPECT_EQ(buttonText(OpenAgent{AgentKind::codex}), "Show");
+  EXPECT_EQ(buttonText(Snooze{15}), "Snooze 15 min");
+  EXPECT_EQ(buttonText(Snooze{60}), "Snooze 60 min");
+  EXPECT_EQ(buttonText(OpenDiskCleanup{}), "Clean Up");
+  EXPECT_EQ(buttonText(OpenInbox{}), "Open");
+}
+
+TEST(BuddyActions, OpenLinksOfTheWebAlone) {
+  for (const std::string_view url : {"https://meet.example/abc", "http://meet.example", "HTTPS://meet.example:443/?a#b",
+                                     "https://mira@meet.example/x", "https://[::1]/x"})
+    EXPECT_TRUE(isOpenableLink(url)) << url;
+  for (const std::string_view url :
+       {"", "meet.example", "file:///etc/passwd", "javascript:alert(1)", "https:", "https://", "https:///x",
+        "https://?x", "https://mira@/x", "https://:80/", "https://meet.example/a b", "https://meet.example/\n",
+        " https://meet.example", "zoommtg://join", "https//meet.example", "httpsx://meet.example"})
+    EXPECT_FALSE(isOpenableLink(url)) << url;
+}
+
+TEST(QuietHours, LastOverMidnightFromALaterHourToAnEarlierOne) {
+  const Calendar calendar("Europe/Berlin", "en_US");  // an hour ahead of UTC in November
+  struct Row {
+    QuietHours hours;
+    std::string_view time;
+    bool isQuiet;
+  };
+  const Row rows[] = {
+      {{22, 7}, "2026-11-21T20:59:59Z", false}, {{22, 7}, "2026-11-21T21:00:00Z", true},
+      {{22, 7}, "2026-11-21T22:00:00Z", true},  {{22, 7}, "2026-11-21T23:30:00Z", true},
+      {{22, 7}, "2026-11-21T05:59:59Z", true},  {{22, 7}, "2026-11-21T06:00:00Z", false},
+      {{22, 7}, "2026-11-21T11:00:00Z", false}, {{9, 17}, "2026-11-21T07:59:00Z", false},
+      {{9, 17}, "2026-11-21T08:00:00Z", true},  {{9, 17}, "2026-11-21T15:59:59Z", true},
+      {{9, 17}, "2026-11-21T16:00:00Z", false}, {{9, 9}, "2026-11-21T08:30:00Z", false},
+      {{0, 0}, "2026-11-20T23:30:00Z", false},  {{23, 0}, "2026-11-21T22:30:00Z", true},
+      {{23, 0}, "2026-11-21T23:00:00Z", false}, {{0, 23}, "2026-11-20T23:00:00Z", true},
+  };
+  for (const Row& row : rows)
+    EXPECT_EQ(row.hours.contains(at(row.time), calendar), row.isQuiet)
+        << row.hours.startHour << " to " << row.hours.endHour << " at " << row.time;
+}
+
+TEST(QuietHours, AreNoneBetweenEqualHours) {
+  const Calendar calendar("UTC", "en_US");
+  for (int start = 0; start < 24; ++start)
+    for (int hour = 0; hour < 24; ++hour)
+      EXPECT_FALSE((QuietHours{start, start}.contains(calendar.instant(2026, 11, 21, hour), calendar)));
+}
+
+TEST(QuietHours, FollowTheLocalClockOnTheDaysOnWhichItChanges) {
+  const Calendar calendar("Europe/Berlin", "en_US");
+  const QuietHours hours{2, 3};
+  // The hour from 2 to 3 does not occur on 29 March, and twice on 25 October.
+  EXPECT_FALSE(hours.contains(at("2026-03-29T00:59:59Z"), calendar));
+  EXPECT_FALSE(hours.contains(at("2026-03-29T01:00:00Z"), calendar));
+  EXPECT_TRUE(hours.contains(at("2026-10-25T00:30:00Z"), calendar));
+  EXPECT_TRUE(hours.contains(at("2026-10-25T01:30:00Z"), calendar));
+  EXPECT_FALSE(hours.contains(at("2026-10-25T02:00:00Z"), calendar));
+}
+
+TEST(BuddyPolicy, DropsEverythingWhenBuddyIsOff) {
+  BuddyPolicy policy;
+  policy.level = BuddyLevel::off;
+  for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_FALSE(policy.allows(rule)) << nameOf(rule);
+}
+
+TEST(BuddyPolicy, DropsWhatOnlyInformsAtTheLevelImportant) {
+  BuddyPolicy policy;
+  policy.level = BuddyLevel::important;
+  std::vector<std::string_view> dropped;
+  for (const BuddyRule rule : allCases<BuddyRule>())
+    if (!policy.allows(rule)) dropped.push_back(nameOf(rule));
+  EXPECT_THAT(dropped, ElementsAre("agentStillWorking", "cpuHigh", "water", "focusEnded", "breakOver", "daySummary"));
+}
+
+TEST(BuddyPolicy, AllowsTheCategoriesThatAreOn) {
+  for (const BuddyCategory chosen : allCases<BuddyCategory>()) {
+    BuddyPolicy policy;
+    policy.categories = {chosen};
+    for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_EQ(policy.allows(rule), category(rule) == chosen);
+  }
+  BuddyPolicy all;
+  for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_TRUE(all.allows(rule));
+  all.categories.clear();
+  for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_FALSE(all.allows(rule));
+}
+
+}  // namespace
+}  // namespace ambrel
