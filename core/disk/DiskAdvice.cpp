@@ -165,4 +165,15 @@ std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findin
   return text + "Buddy does not know this item. Open it in Finder to check before you move it to the Trash.";
 }
 
+TrashMessage message(const TrashReport& report, const Calendar& calendar) {
+  // Of a folder's contents some can have gone although the rest stayed.
+  if (report.moved.empty() && report.bytesMoved <= 0)
+    return {.title = "Nothing was moved", .body = "The items are in use or protected.", .isMoved = false};
+  return {.title = fmt::format("Moved {} to the Trash", fileSize(calendar, report.bytesMoved)),
+          .body = report.failed.empty()
+                      ? "To undo, use Put Back in the Trash."
+                      : fmt::format("{} items were in use or protected and stayed.", report.failed.size()),
+          .isMoved = true};
+}
+
 }  // namespace ambrel::DiskAdvice

@@ -51,4 +51,12 @@ using TrashMove = std::function<void(const TrashRequest&)>;
 // `bytes` of a moved item is what it took at the act.
 TrashReport moveToTrash(const std::vector<CleanupItem>& items, const std::string& home, const TrashMove& move);
 
+// What a move came to, in words: "Moved 1.2 GB to the Trash", and how to take it back or what stayed.
+struct TrashMessage {
+  std::string title, body;
+  bool isMoved = false;  // anything at all
+  friend bool operator==(const TrashMessage&, const TrashMessage&) = default;
+};
+TrashMessage message(const TrashReport& report, const Calendar& calendar);
+
 }  // namespace ambrel::DiskAdvice

@@ -122,6 +122,29 @@ DiskTree makeTree(DiskItem root) {
   return tree;
 }
 
+DiskItem outline(const DiskItem& item, int levels, std::int64_t minItemSize) {
+  DiskItem copy(std::string(item.kind_ == DiskItem::Kind::smallItems ? std::string_view() : item.name()), item.kind_);
+  copy.size_ = item.size_;
+  copy.fileCount_ = item.fileCount_;
+  copy.modified_ = item.modified_;
+  copy.accessed_ = item.accessed_;
+  if (levels <= 0) return copy;
+  DiskItem small({}, DiskItem::Kind::smallItems);
+  for (const DiskItem& child : item.children_) {
+    if (child.size_ >= minItemSize && child.kind_ != DiskItem::Kind::smallItems) {
+      copy.children_.push_back(outline(child, levels - 1, minItemSize));
+      continue;
+    }
+    small.size_ += child.size_;
+    small.fileCount_ += child.fileCount_;
+    small.modified_ = std::max(small.modified_, child.modified_);
+  }
+  if (small.fileCount_ > 0) copy.children_.push_back(std::move(small));
+  std::stable_sort(copy.children_.begin(), copy.children_.end(),
+                   [](const DiskItem& a, const DiskItem& b) { return a.size() > b.size(); });
+  return copy;
+}
+
 DiskTree shared(const DiskTree& tree, const DiskItem& node) { return DiskTree(tree, &node); }
 
 const DiskItem* find(const DiskItem& root, std::string_view path) {

@@ -56,6 +56,7 @@ class DiskItem {
  private:
   friend class DiskFolderBuilder;
   friend std::shared_ptr<const DiskItem> makeTree(DiskItem root);
+  friend DiskItem outline(const DiskItem& item, int levels, std::int64_t minItemSize);
   DiskItem(std::string name, Kind kind) : name_(std::move(name)), kind_(kind) {}
 
   std::string name_;  // of a root: its whole path
@@ -100,6 +101,9 @@ class DiskFolderBuilder {
 
 // Ties the nodes to their parents. `root` must not have been part of another tree.
 DiskTree makeTree(DiskItem root);
+
+// A copy that reaches `levels` below `item`, with children below `minItemSize` folded. It has no parent.
+DiskItem outline(const DiskItem& item, int levels, std::int64_t minItemSize);
 
 // A node of the tree, together with a share in the whole.
 DiskTree shared(const DiskTree& tree, const DiskItem& node);

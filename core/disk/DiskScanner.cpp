@@ -20,22 +20,25 @@ constexpr unsigned wantedFields = STATX_TYPE | STATX_BLOCKS | STATX_MTIME | STAT
 
 // What all tasks of one scan share.
 struct ScanState {
-  ScanState(const DiskScanner& scanner, std::function<void(const DiskScanProgress&)> report, std::stop_token token)
-      : settings(scanner), progress(std::move(report)), stop(std::move(token)) {}
+  ScanState(const DiskScanner& scanner, const DiskScanWatch& watcher, std::stop_token token)
+      : settings(scanner), watch(watcher), stop(std::move(token)) {}
 
   const DiskScanner& settings;
-  const std::function<void(const DiskScanProgress&)> progress;
+  const DiskScanWatch& watch;
   const std::stop_token stop;
   std::atomic<std::int64_t> files = 0;
   std::atomic<std::int64_t> bytes = 0;
+  std::atomic<double> share = 0;
+  std::atomic<bool> passedVolume = false;
   std::mutex lock;
   std::vector<std::string> skipped;
 
   void count(std::int64_t size) {
     const std::int64_t total = bytes.fetch_add(size, std::memory_order_relaxed) + size;
     const std::int64_t seen = files.fetch_add(1, std::memory_order_relaxed) + 1;
-    if (seen % 500 == 0 && progress) progress({.files = seen, .bytes = total});
+    if (seen % 500 == 0 && watch.progress) watch.progress({.files = seen, .bytes = total}, share);
   }
+  void see(double part) { share.fetch_add(part, std::memory_order_relaxed); }
   void skip(std::string path) {
     const std::scoped_lock hold(lock);
     skipped.push_back(std::move(path));
@@ -67,6 +70,7 @@ struct OpenFolder {
   DiskFolderBuilder builder;
   std::vector<PendingFolder> pending;
   std::size_t next = 0;
+  double childShare = 0;
 
   DiskItem build() && { return std::move(builder).build(isPackage ? DiskItem::Kind::package : DiskItem::Kind::folder); }
 };
@@ -84,8 +88,10 @@ class AppFolderSigns {
   bool hasStarter_ = false, hasDescription_ = false;
 };
 
-// Lists one open folder: files go into its builder, subfolders become pending.
-void list(ScanState& state, FolderReader& reader, const Volume& volume, const std::string& path, OpenFolder& folder) {
+// Lists one open folder: files go into its builder, subfolders become pending. The folder itself and each subfolder
+// take an equal part of its share.
+void list(ScanState& state, FolderReader& reader, const Volume& volume, const std::string& path, double share,
+          OpenFolder& folder) {
   AppFolderSigns signs;
   const bool isWhole = reader.read(folder.fd, [&](const char* name, unsigned char type) {
     if (type != DT_REG && type != DT_DIR && type != DT_UNKNOWN) {
@@ -99,7 +105,11 @@ void list(ScanState& state, FolderReader& reader, const Volume& volume, const st
       folder.builder.addFile(name, size, disk::instantOf(info.stx_mtime), disk::instantOf(info.stx_atime));
       state.count(size);
       signs.see(name);
-    } else if (S_ISDIR(info.stx_mode) && disk::volumeOf(info) == volume) {
+    } else if (S_ISDIR(info.stx_mode)) {
+      if (disk::volumeOf(info) != volume) {
+        state.passedVolume = true;
+        return;
+      }
       folder.pending.push_back({.name = name,
                                 .inode = info.stx_ino,
                                 .modified = disk::instantOf(info.stx_mtime),
@@ -110,18 +120,23 @@ void list(ScanState& state, FolderReader& reader, const Volume& volume, const st
   std::erase_if(folder.pending,
                 [&](const PendingFolder& child) { return state.excludes(joinedPath(path, child.name)); });
   if (!isWhole) state.skip(path);
+  folder.childShare = share / static_cast<double>(folder.pending.size() + 1);
+  state.see(folder.childShare);
 }
 
 // Opens and lists a subfolder. A folder that may not be read is recorded and gives an empty node; one that is gone,
 // or is no folder any more, gives nothing.
 std::optional<OpenFolder> enter(ScanState& state, FolderReader& reader, const Volume& volume, int parent,
-                                const std::string& path, const PendingFolder& pending) {
+                                const std::string& path, double share, const PendingFolder& pending) {
   if (state.stop.stop_requested()) throw Cancelled();
   FileDescriptor fd = disk::openFolderAt(parent, pending.name.c_str());
-  if (!fd && (errno == ENOENT || errno == ENOTDIR || errno == ELOOP)) return std::nullopt;
+  if (!fd) {
+    state.see(share);
+    if (errno == ENOENT || errno == ENOTDIR || errno == ELOOP) return std::nullopt;
+  }
   OpenFolder folder(std::move(fd), pending, pending.name, state.settings.minItemSize);
   if (folder.fd) {
-    list(state, reader, volume, path, folder);
+    list(state, reader, volume, path, share, folder);
   } else {
     state.skip(path);
   }
@@ -134,8 +149,8 @@ class SequentialWalk {
   SequentialWalk(ScanState& state, const Volume& volume, std::string path)
       : state_(state), volume_(volume), path_(std::move(path)) {}
 
-  std::optional<DiskItem> walk(int parent, const PendingFolder& first) {
-    auto folder = enter(state_, reader_, volume_, parent, path_, first);
+  std::optional<DiskItem> walk(int parent, double share, const PendingFolder& first) {
+    auto folder = enter(state_, reader_, volume_, parent, path_, share, first);
     if (!folder) return std::nullopt;
     stack_.push_back(std::move(*folder));
     for (;;) {
@@ -156,10 +171,11 @@ class SequentialWalk {
     path_ += child.name;
     if (!top.fd) {
       state_.skip(path_);
+      state_.see(top.childShare);
       path_.resize(length);
       return;
     }
-    auto folder = enter(state_, reader_, volume_, top.fd.get(), path_, child);
+    auto folder = enter(state_, reader_, volume_, top.fd.get(), path_, top.childShare, child);
     if (!folder) {
       path_.resize(length);
       return;
@@ -206,7 +222,8 @@ class ParallelWalk {
 
   DiskItem walk(OpenFolder root, const std::string& path) {
     FolderReader reader;
-    list(state_, reader, volume_, path, root);
+    list(state_, reader, volume_, path, 1, root);
+    announce(root);
     for (const PendingFolder& child : root.pending)
       group_.run([this, &root, &child, childPath = joinedPath(path, child.name)] {
         finishing([&] { walkUpper(root, child, childPath); });
@@ -234,9 +251,16 @@ class ParallelWalk {
     }
   }
 
+  void announce(const OpenFolder& root) const {
+    if (!state_.watch.listed) return;
+    std::vector<std::string> names;
+    for (const PendingFolder& child : root.pending) names.push_back(child.name);
+    state_.watch.listed(names);
+  }
+
   void walkUpper(OpenFolder& root, const PendingFolder& pending, const std::string& path) {
     FolderReader reader;
-    auto opened = enter(state_, reader, volume_, root.fd.get(), path, pending);
+    auto opened = enter(state_, reader, volume_, root.fd.get(), path, root.childShare, pending);
     if (!opened) return;
     const auto branch = std::make_shared<Branch>(std::move(*opened), root);
     branch->remaining = branch->folder.pending.size();
@@ -248,7 +272,7 @@ class ParallelWalk {
       group_.run([this, branch, &child, childPath = joinedPath(path, child.name)] {
         finishing([&] {
           SequentialWalk walk(state_, volume_, childPath);
-          auto item = walk.walk(branch->folder.fd.get(), child);
+          auto item = walk.walk(branch->folder.fd.get(), branch->folder.childShare, child);
           const std::scoped_lock hold(branch->lock);
           if (item) branch->folder.builder.add(std::move(*item));
           if (--branch->remaining == 0) finish(*branch);
@@ -259,6 +283,7 @@ class ParallelWalk {
   void finish(Branch& branch) {
     branch.folder.fd.reset();
     DiskItem item = std::move(branch.folder).build();
+    if (state_.watch.finished) state_.watch.finished(item);
     const std::scoped_lock hold(rootLock_);
     branch.parent.builder.add(std::move(item));
   }
@@ -295,34 +320,41 @@ bool hasPackageExtension(std::string_view name) {
 
 DiskScanResult DiskScanner::scan(const std::string& root, const std::function<void(const DiskScanProgress&)>& progress,
                                  std::stop_token stop) const {
+  DiskScanWatch watch;
+  if (progress) watch.progress = [&](const DiskScanProgress& seen, double) { progress(seen); };
+  return scan(root, watch, std::move(stop));
+}
+
+DiskScanResult DiskScanner::scan(const std::string& root, const DiskScanWatch& watch, std::stop_token stop) const {
   const std::string path = standardizedPath(root);
   FileDescriptor fd(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   struct statx info;
   if (!fd || !disk::entryStatus(fd.get(), "", wantedFields, info)) throw FileError("cannot read", path, errno);
 
   if (stop.stop_requested()) throw Cancelled();
-  ScanState state(*this, progress, std::move(stop));
+  ScanState state(*this, watch, std::move(stop));
   const PendingFolder top{.name = path,
                           .inode = info.stx_ino,
                           .modified = disk::instantOf(info.stx_mtime),
                           .isPackage = hasPackageExtension(path)};
   ParallelWalk walk(state, disk::volumeOf(info));
   DiskTree tree = makeTree(walk.walk(OpenFolder(std::move(fd), top, path, minItemSize), path));
-  if (progress) progress({.files = state.files, .bytes = state.bytes});
+  if (watch.progress) watch.progress({.files = state.files, .bytes = state.bytes}, 1);
   return {.root = std::move(tree), .skipped = std::move(state.skipped)};
 }
 
-std::optional<std::int64_t> allocatedBytes(const FileDescriptor& folder, const std::string& name) {
+std::optional<AllocatedSpace> allocatedSpace(const FileDescriptor& folder, const std::string& name) {
   struct statx info;
   if (!disk::entryStatus(folder.get(), name.c_str(), wantedFields, info)) return std::nullopt;
-  if (S_ISREG(info.stx_mode)) return static_cast<std::int64_t>(info.stx_blocks) * 512;
-  if (!S_ISDIR(info.stx_mode)) return 0;
+  if (S_ISREG(info.stx_mode)) return AllocatedSpace{.bytes = static_cast<std::int64_t>(info.stx_blocks) * 512};
+  if (!S_ISDIR(info.stx_mode)) return AllocatedSpace{};
   const DiskScanner scanner{.minItemSize = std::numeric_limits<std::int64_t>::max()};
-  ScanState state(scanner, {}, {});
+  const DiskScanWatch nobody;
+  ScanState state(scanner, nobody, {});
   SequentialWalk walk(state, disk::volumeOf(info), name);
-  const auto item = walk.walk(folder.get(), {.name = name, .inode = info.stx_ino});
-  if (!item || !state.skipped.empty()) return std::nullopt;
-  return item->size();
+  const auto item = walk.walk(folder.get(), 1, {.name = name, .inode = info.stx_ino});
+  if (!item) return std::nullopt;
+  return AllocatedSpace{.bytes = item->size(), .isWhole = state.skipped.empty(), .holdsVolume = state.passedVolume};
 }
 
 }  // namespace ambrel

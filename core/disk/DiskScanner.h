@@ -32,6 +32,18 @@ class Cancelled : public std::runtime_error {
 // The paths that no scan enters, compared with the whole path of a folder.
 const std::set<std::string, std::less<>>& fixedExclusions();
 
+// How a scan is followed from outside. All are called from any of the worker threads, and calls can overtake each
+// other.
+struct DiskScanWatch {
+  // Whenever the count of files reaches a multiple of 500, and a last time at the end. `share`, 0 to 1: how much of
+  // the tree has been seen, an estimate in which the subfolders of one folder count alike.
+  std::function<void(const DiskScanProgress&, double share)> progress = {};
+  // The names of the folders directly below the root, before they are entered.
+  std::function<void(const std::vector<std::string>&)> listed = {};
+  // One of them, when all that is in it has been read. It has no parent yet.
+  std::function<void(const DiskItem&)> finished = {};
+};
+
 struct DiskScanner {
   // Further paths that are not entered, compared like the fixed ones.
   std::set<std::string, std::less<>> excluded = {};
@@ -41,16 +53,20 @@ struct DiskScanner {
   // `root` is absolute; a symbolic link at its end is followed, none below it is. Other volumes and bind mounts
   // below it are not entered. A file with two names counts twice.
   //
-  // `progress` is called from any of the worker threads, whenever the count of files reaches a multiple of 500, and
-  // a last time at the end; calls can overtake each other. Throws FileError when the root cannot be listed and
-  // Cancelled when `stop` was requested.
+  // Throws FileError when the root cannot be listed and Cancelled when `stop` was requested.
+  DiskScanResult scan(const std::string& root, const DiskScanWatch& watch, std::stop_token stop = {}) const;
   DiskScanResult scan(const std::string& root, const std::function<void(const DiskScanProgress&)>& progress = {},
                       std::stop_token stop = {}) const;
 };
 
-// Bytes on disk of the file or folder `name` in an open folder, counted as a scan does. A symbolic link is 0.
-// Absent when there is nothing of that name, or a folder in it cannot be read.
-std::optional<std::int64_t> allocatedBytes(const FileDescriptor& folder, const std::string& name);
+// What a file or folder takes, counted as a scan does.
+struct AllocatedSpace {
+  std::int64_t bytes = 0;
+  bool isWhole = true;       // every folder in it could be read
+  bool holdsVolume = false;  // another volume is mounted in it, which is not counted
+};
+// Of `name` in an open folder; a symbolic link takes 0. Absent when there is nothing of that name.
+std::optional<AllocatedSpace> allocatedSpace(const FileDescriptor& folder, const std::string& name);
 
 // Whether the desktop shows a folder of that name as one file.
 bool hasPackageExtension(std::string_view name);

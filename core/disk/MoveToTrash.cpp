@@ -36,6 +36,13 @@ bool isStillThere(const CleanupItem& item, const std::optional<FileIdentity>& no
   return item.contentsOnly ? item.identity->isSameFile(*now) : *item.identity == *now;
 }
 
+// One copy stays whatever was chosen: a file, or a folder with it, that was kept when its duplicates went.
+bool isLastCopy(const CleanupItem& item, const std::vector<KeptCopy>& kept) {
+  return std::any_of(kept.begin(), kept.end(), [&](const KeptCopy& copy) {
+    return isWithin(copy.url, item.url) || (item.identity && item.identity->isSameFile(copy.identity));
+  });
+}
+
 bool isKeptCopyIntact(const CleanupItem& item) {
   return !item.kept || identityOf(item.kept->url) == item.kept->identity;
 }
@@ -67,9 +74,10 @@ Outcome moveContents(const CleanupItem& item, const TrashMove& move) {
     if (item.keeping.contains(name)) continue;
     const auto child = identityAt(folder, name);
     if (!child) continue;  // Gone by itself meanwhile, as caches do.
-    const auto bytes = allocatedBytes(folder, name);
-    if (tryMove(move, {.url = joinedPath(item.url, name), .identity = *child, .folder = identity})) {
-      outcome.bytes += bytes.value_or(0);
+    const auto space = allocatedSpace(folder, name);
+    const bool mayGo = space && !space->holdsVolume;
+    if (mayGo && tryMove(move, {.url = joinedPath(item.url, name), .identity = *child, .folder = identity})) {
+      outcome.bytes += space->bytes;
     } else {
       outcome.isMoved = false;
     }
@@ -80,8 +88,10 @@ Outcome moveContents(const CleanupItem& item, const TrashMove& move) {
 Outcome moveWhole(const CleanupItem& item, const TrashMove& move) {
   const Place place = placeOf(item.url);
   if (!place || !isStillThere(item, identityAt(place.folder, place.name)) || !isKeptCopyIntact(item)) return {};
-  // Of a folder, the dates say little about what lies deeper; its size does.
-  if (allocatedBytes(place.folder, place.name) != item.bytes) return {};
+  // Of a folder, the dates say little about what lies deeper; its size does. A volume that is mounted in it would
+  // go along, and be emptied with the Trash.
+  const auto space = allocatedSpace(place.folder, place.name);
+  if (!space || !space->isWhole || space->holdsVolume || space->bytes != item.bytes) return {};
   if (!tryMove(move, {.url = item.url, .identity = *item.identity})) return {};
   return {.isMoved = true, .bytes = item.bytes};
 }
@@ -106,12 +116,13 @@ bool isMainFolder(const std::string& url, const std::string& home) {
 
 TrashReport moveToTrash(const std::vector<CleanupItem>& items, const std::string& home, const TrashMove& move) {
   TrashReport report;
+  std::vector<KeptCopy> kept;
   for (const CleanupItem& item : items) {
     // `.cache` is emptied and never moved itself: running applications expect it.
     const bool isWholeCache = !item.contentsOnly && standardizedPath(item.url) == joinedPath(home, ".cache");
-    const Outcome outcome = isMainFolder(item.url, home) || isWholeCache ? Outcome{}
-                            : item.contentsOnly                          ? moveContents(item, move)
-                                                                         : moveWhole(item, move);
+    const bool stays = isMainFolder(item.url, home) || isWholeCache || isLastCopy(item, kept);
+    const Outcome outcome = stays ? Outcome{} : item.contentsOnly ? moveContents(item, move) : moveWhole(item, move);
+    if (outcome.isMoved && item.kept) kept.push_back(*item.kept);
     report.bytesMoved += outcome.bytes;
     auto& list = outcome.isMoved ? report.moved : report.failed;
     list.push_back(item);

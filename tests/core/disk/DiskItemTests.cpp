@@ -2,6 +2,7 @@
 #include <random>
 
 #include "core/disk/DiskItem.h"
+#include "tests/core/disk/SyntheticTree.h"
 #include "tests/core/disk/Tree.h"
 
 namespace ambrel {
@@ -126,6 +127,22 @@ TEST(DiskItem, FindsNodesByPath) {
       EXPECT_EQ(node->url(), standardizedPath(c.path));
     }
   }
+}
+
+TEST(DiskItem, AnOutlineHasFewerNodesAndTheSameTotals) {
+  const DiskTree tree =
+      test::treeOf("/base", {{"a/b/c/deep", 500}, {"a/b/near", 300}, {"a/tiny", 5}, {"a/small", 7}, {"top", 50}},
+                   /*minItemSize=*/6);
+  const DiskTree copy = makeTree(outline(*find(*tree, "/base/a"), 1, 10));
+  EXPECT_EQ(copy->name(), "a");
+  EXPECT_EQ(copy->size(), 812);
+  EXPECT_EQ(copy->fileCount(), 4);
+  ASSERT_EQ(copy->children().size(), 2u);
+  EXPECT_EQ(copy->children()[0].name(), "b");
+  EXPECT_EQ(copy->children()[0].size(), 800);
+  EXPECT_TRUE(copy->children()[0].children().empty());
+  EXPECT_EQ(copy->children()[1].kind(), Kind::smallItems);
+  EXPECT_EQ(copy->children()[1].size(), 12);
 }
 
 TEST(DiskItem, ANodeKeepsItsTreeAlive) {

@@ -69,5 +69,31 @@ TEST_F(DiskMounts, AMainFolderIsKnownUnderABindMount) {
   EXPECT_EQ(umount2((tree / "elsewhere").c_str(), MNT_DETACH), 0);
 }
 
+// It would go along with the folder, and be emptied with the Trash.
+TEST_F(DiskMounts, AFolderThatHoldsAVolumeStays) {
+  test::Tree tree;
+  tree.fill("home/web/node_modules/a", 5000);
+  tree.fill("home/.cache/app/b", 5000);
+  tree.fill("home/.cache/other", 5000);
+  CleanupItem whole, contents;
+  whole.url = tree / "home/web/node_modules";
+  whole.bytes = test::Tree::space(whole.url);
+  contents.url = tree / "home/.cache";
+  contents.contentsOnly = true;
+  for (const char* place : {"home/web/node_modules/volume", "home/.cache/app/deep/volume"}) {
+    tree.folder(place);
+    ASSERT_EQ(mount("none", (tree / place).c_str(), "tmpfs", 0, nullptr), 0);
+  }
+  whole.identity = identityOf(whole.url);
+  contents.identity = identityOf(contents.url);
+  std::vector<std::string> asked;
+  const auto report = DiskAdvice::moveToTrash(
+      {whole, contents}, tree / "home", [&](const DiskAdvice::TrashRequest& request) { asked.push_back(request.url); });
+  EXPECT_EQ(report.failed.size(), 2u);
+  EXPECT_EQ(asked, std::vector<std::string>{tree / "home/.cache/other"});
+  for (const char* place : {"home/web/node_modules/volume", "home/.cache/app/deep/volume"})
+    EXPECT_EQ(umount2((tree / place).c_str(), MNT_DETACH), 0);
+}
+
 }  // namespace
 }  // namespace ambrel

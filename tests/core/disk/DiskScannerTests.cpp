@@ -1,5 +1,6 @@
 #include <atomic>
 #include <gmock/gmock.h>
+#include <map>
 #include <mutex>
 #include <thread>
 
@@ -220,6 +221,55 @@ TEST(DiskScanner, ReportsAtEveryFiveHundredFilesAndAtTheEnd) {
   EXPECT_EQ(reports.back(), (DiskScanProgress{.files = 1200, .bytes = result.root->size()}));
 }
 
+// A whole tree is one, however its folders lie and whatever could not be entered.
+TEST(DiskScanner, TheShareThatWasSeenGrowsToOne) {
+  Tree tree;
+  for (int i = 0; i < 3000; ++i)
+    tree.write("f" + std::to_string(i % 3) + "/g" + std::to_string(i % 5) + "/h" + std::to_string(i % 7) + "/" +
+                   std::to_string(i),
+               "");
+  tree.folder("empty");
+  tree.folder("closed");
+  chmod((tree / "closed").c_str(), 0);
+  std::mutex lock;
+  std::vector<double> shares;
+  {
+    const test::Unprivileged drop;
+    DiskScanner{}.scan(tree.path(), DiskScanWatch{.progress = [&](const DiskScanProgress&, double share) {
+                         const std::scoped_lock hold(lock);
+                         shares.push_back(share);
+                       }});
+  }
+  chmod((tree / "closed").c_str(), 0755);
+  ASSERT_EQ(shares.size(), 7u);
+  EXPECT_EQ(shares.back(), 1);
+  for (std::size_t i = 0; i + 1 < shares.size(); ++i) {
+    EXPECT_GT(shares[i], 0);
+    EXPECT_LE(shares[i], 1 + 1e-9);
+  }
+}
+
+TEST(DiskScanner, NamesItsUpperFoldersAndShowsEachWhenItIsRead) {
+  Tree tree;
+  tree.fill("a/deep/er/file", 20'000);
+  tree.fill("b/file", 10'000);
+  tree.folder("empty");
+  tree.fill("file", 5000);
+  std::mutex lock;
+  std::vector<std::string> listed;
+  std::map<std::string, std::int64_t> finished;
+  const DiskScanResult result = DiskScanner{}.scan(
+      tree.path(), DiskScanWatch{.listed = [&](const std::vector<std::string>& names) { listed = names; },
+                                 .finished =
+                                     [&](const DiskItem& folder) {
+                                       const std::scoped_lock hold(lock);
+                                       EXPECT_FALSE(listed.empty());
+                                       finished[std::string(folder.name())] = folder.size();
+                                     }});
+  EXPECT_THAT(listed, UnorderedElementsAre("a", "b", "empty"));
+  for (const std::string& name : listed) EXPECT_EQ(finished.at(name), find(*result.root, tree / name)->size()) << name;
+}
+
 TEST(DiskScanner, CancellingThrowsAndEntersNoFurtherFolder) {
   Tree tree;
   for (int folder = 0; folder < 40; ++folder)
@@ -270,18 +320,32 @@ TEST(DiskScanner, RootsAreSpelledInManyWays) {
     EXPECT_EQ(scan(path).root->url(), tree.path()) << path;
 }
 
-TEST(AllocatedBytes, AgreesWithAScan) {
+TEST(AllocatedSpace, AgreesWithAScan) {
   Tree tree;
   tree.fill("folder/a", 10'000);
   tree.fill("folder/b/c", 50'000);
   tree.link("folder/link", "/usr");
-  const FileDescriptor base = openFolder(tree.path());
-  EXPECT_EQ(allocatedBytes(base, "folder"), find(*scan(tree.path()).root, tree / "folder")->size());
+  EXPECT_EQ(Tree::space(tree / "folder"), find(*scan(tree.path()).root, tree / "folder")->size());
   tree.fill("file", 12'345);
-  EXPECT_EQ(allocatedBytes(base, "file"), Tree::allocated(tree / "file"));
+  EXPECT_EQ(Tree::space(tree / "file"), Tree::allocated(tree / "file"));
   tree.link("link", tree / "folder");
-  EXPECT_EQ(allocatedBytes(base, "link"), 0);
-  EXPECT_EQ(allocatedBytes(base, "missing"), std::nullopt);
+  EXPECT_EQ(Tree::space(tree / "link"), 0);
+  EXPECT_FALSE(allocatedSpace(openFolder(tree.path()), "missing"));
+}
+
+TEST(AllocatedSpace, SaysWhenItIsNotWhole) {
+  Tree tree;
+  tree.fill("folder/closed/secret", 1000);
+  tree.fill("folder/open", 1000);
+  chmod((tree / "folder/closed").c_str(), 0);
+  {
+    const test::Unprivileged drop;
+    const auto space = allocatedSpace(openFolder(tree.path()), "folder");
+    ASSERT_TRUE(space);
+    EXPECT_FALSE(space->isWhole);
+    EXPECT_EQ(space->bytes, Tree::allocated(tree / "folder/open"));
+  }
+  chmod((tree / "folder/closed").c_str(), 0755);
 }
 
 }  // namespace

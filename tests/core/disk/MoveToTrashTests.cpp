@@ -14,10 +14,9 @@ using testing::UnorderedElementsAre;
 
 CleanupItem itemAt(const std::string& path, bool contentsOnly = false,
                    std::set<std::string, std::less<>> keeping = {}) {
-  const Place place = placeOf(path);
   return {.url = path,
           .title = "t",
-          .bytes = allocatedBytes(place.folder, place.name).value_or(0),
+          .bytes = std::max<std::int64_t>(Tree::space(path), 0),
           .modified = {},
           .contentsOnly = contentsOnly,
           .keeping = std::move(keeping),
@@ -190,6 +189,19 @@ TEST_F(MoveToTrash, ADuplicateGoesOnlyWhileTheKeptCopyIsWhatItWas) {
   item = withKept();
   while (identityOf(tree / "home/kept") == item.kept->identity) tree.fill("home/kept", 9000, 3);
   EXPECT_EQ(move({item}).failed.size(), 1u);
+}
+
+// Also when both were found, one as a duplicate and its kept copy by another rule, and both were chosen.
+TEST_F(MoveToTrash, OfEqualFilesOneStaysAlthoughAllWereChosen) {
+  tree.fill("home/archive/kept", 9000);
+  tree.fill("home/copy", 9000);
+  tree.fill("home/another copy", 9000);
+  CleanupItem copy = itemAt(tree / "home/copy"), another = itemAt(tree / "home/another copy");
+  copy.kept = another.kept =
+      KeptCopy{.url = tree / "home/archive/kept", .identity = *identityOf(tree / "home/archive/kept")};
+  const CleanupItem kept = itemAt(tree / "home/archive/kept"), holder = itemAt(tree / "home/archive");
+  EXPECT_THAT(move({copy, another, kept, holder}).failed, ElementsAre(kept, holder));
+  EXPECT_THAT(recorder.asked, ElementsAre(copy.url, another.url));
 }
 
 // A link inside a cache goes as the link that it is.

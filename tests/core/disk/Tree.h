@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/disk.h"
+#include "core/disk/Handles.h"
 
 namespace ambrel::test {
 
@@ -77,6 +78,12 @@ class Tree {
       c = static_cast<char>(state >> 56 | 1);
     }
     return out;
+  }
+  // Of a file or of all that is in a folder; negative when there is no such thing.
+  static std::int64_t space(const std::string& path) {
+    const Place place = placeOf(path);
+    const auto space = place ? allocatedSpace(place.folder, place.name) : std::nullopt;
+    return space ? space->bytes : -1;
   }
   static std::int64_t allocated(const std::string& path) {
     struct stat info;

@@ -190,7 +190,7 @@ TEST_F(FreedesktopTrashTest, ServesTheGuardedMove) {
     const Place place = placeOf(tree / path);
     return CleanupItem{.url = tree / path,
                        .title = "",
-                       .bytes = *allocatedBytes(place.folder, place.name),
+                       .bytes = allocatedSpace(place.folder, place.name)->bytes,
                        .modified = {},
                        .contentsOnly = contentsOnly,
                        .identity = identityOf(tree / path)};
