@@ -83,6 +83,8 @@ void Pomodoro::countSession(Instant now, const Calendar& calendar) {
 
 std::optional<Pomodoro::Ended> Pomodoro::tick(Instant now, const Calendar& calendar) {
   if (!endDate || now < *endDate) return std::nullopt;
+  // Told that late, because the machine slept, the user has not come back for the next phase yet.
+  const bool isMissed = secondsBetween(*endDate, now) >= Seconds(60);
   reset();
   Ended ended{phase, {"pomodoro", "Break is over", "Ready for the next focus session."}};
   if (phase == PomodoroPhase::focus) {
@@ -94,7 +96,7 @@ std::optional<Pomodoro::Ended> Pomodoro::tick(Instant now, const Calendar& calen
   } else {
     phase = PomodoroPhase::focus;
   }
-  if (settings.startsNextPhase) start(now);
+  if (settings.startsNextPhase && !isMissed) start(now);
   return ended;
 }
 

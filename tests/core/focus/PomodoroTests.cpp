@@ -129,8 +129,14 @@ TEST(Pomodoro, StartsTheNextPhaseByItselfIfAskedTo) {
   Pomodoro timer;
   timer.settings.startsNextPhase = true;
   timer.start(morning);
-  ASSERT_TRUE(timer.tick(morning + minutes(26), berlin));
-  EXPECT_EQ(timer.endDate, morning + minutes(31)) << "a late end does not shorten the break";
+  const Instant late = morning + minutes(25) + seconds(30);
+  ASSERT_TRUE(timer.tick(late, berlin));
+  EXPECT_EQ(timer.endDate, late + minutes(5)) << "a late end does not shorten the break";
+  // The lid was closed in the break, and opened in the morning.
+  timer.slept(hours(9));
+  ASSERT_TRUE(timer.tick(late + hours(9), berlin));
+  EXPECT_EQ(timer.phase, PomodoroPhase::focus);
+  EXPECT_FALSE(timer.isRunning()) << "nobody is at work yet";
 }
 
 TEST(Pomodoro, TakesSleepForNoWorkAndForRest) {
