@@ -33,6 +33,15 @@ std::optional<WeatherPlace> decodedPlace(std::string_view json);
 // "London, United Kingdom"
 std::string placeLabel(const WeatherPlace& place);
 
+// What a search finds: a place, and the region that tells it from its namesakes.
+struct FoundPlace {
+  WeatherPlace place;
+  std::optional<std::string> region;
+  friend bool operator==(const FoundPlace&, const FoundPlace&) = default;
+};
+// "Massachusetts, United States"; "" when nothing is known.
+std::string regionLabel(const FoundPlace& found);
+
 struct WeatherHour {
   Instant date;
   double temperature = 0;
@@ -123,7 +132,7 @@ struct Decoded {
 Decoded<Forecast> decodeForecast(std::string_view json);
 Decoded<AirQuality> decodeAirQuality(std::string_view json);
 // At most six.
-Decoded<std::vector<WeatherPlace>> decodePlaces(std::string_view json);
+Decoded<std::vector<FoundPlace>> decodePlaces(std::string_view json);
 
 // Path and query of each request.
 std::string forecastRequest(const WeatherPlace& place, bool usesFahrenheit);

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (decoded.value.has_value() != decoded.problem.empty()) std::abort();
   if (decoded.value) {
     if (decoded.value->size() > 6) std::abort();
-    for (const auto& place : *decoded.value) {
+    for (const auto& [place, region] : *decoded.value) {
       if (decodedPlace(encodedPlace(place)) != place) std::abort();
       if (forecastRequest(place, false).find_first_of(" \n\"<>") != std::string::npos) std::abort();
     }

@@ -1,6 +1,7 @@
 #include "app/weather/WeatherModel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/base/StoredValue.h"
 
@@ -33,10 +34,15 @@ WeatherModel::WeatherModel(Setting setting, WeatherService& service, UserDefault
   publish(now_());
 }
 
-void WeatherModel::begin(Instant now) { refresh(now); }
+void WeatherModel::setWanted(bool isWanted, Instant now) {
+  if (isWanted == isWanted_) return;
+  isWanted_ = isWanted;
+  if (isWanted_ && (!forecastAt_ || *forecastAt_ <= now)) refresh(now);
+  publish(now);
+}
 
 void WeatherModel::refresh(Instant now) {
-  if (isOnline_) {
+  if (mayAsk()) {
     askForecast(now);
     if (isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) askAirQuality(now);
   } else {
@@ -92,10 +98,11 @@ void WeatherModel::airQualityAnswered(const std::optional<QByteArray>& body, con
   if (decoded.value) {
     airFailures_ = 0;
     reading_.airQuality = std::move(decoded.value);
+    reading_.airUpdatedAt = now;
   } else {
     ++airFailures_;
-    if (!reading_.airQuality) airAt_ = now + retryPause(airFailures_, false);
   }
+  airAt_ = airQualityFetchedAt_.value_or(now) + retryPause(airFailures_, reading_.airQuality.has_value());
   publish(now);
 }
 
@@ -104,8 +111,8 @@ std::optional<Instant> WeatherModel::due() const {
   const auto take = [&](const std::optional<Instant>& time) {
     if (time && (!first || *time < *first)) first = time;
   };
-  // Offline nothing is due; what was due by then is, as soon as the machine is online.
-  if (isOnline_) {
+  // What came due meanwhile is so as soon as it may be asked for.
+  if (mayAsk()) {
     take(forecastAt_);
     take(airAt_);
   }
@@ -114,8 +121,8 @@ std::optional<Instant> WeatherModel::due() const {
 
 void WeatherModel::tick(Instant now) {
   if (searchAt_ && now >= *searchAt_) askPlaces();
-  if (isOnline_ && forecastAt_ && now >= *forecastAt_) refresh(now);
-  if (isOnline_ && airAt_ && now >= *airAt_) {
+  if (mayAsk() && forecastAt_ && now >= *forecastAt_) refresh(now);
+  if (mayAsk() && airAt_ && now >= *airAt_) {
     airAt_.reset();
     if (isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) askAirQuality(now);
   }
@@ -132,7 +139,8 @@ void WeatherModel::slept(Seconds, Instant now) {
 }
 
 void WeatherModel::clockMoved(Seconds by, Instant now) {
-  for (auto* time : {&forecastAt_, &airAt_, &airQualityFetchedAt_, &searchAt_, &reading_.updatedAt})
+  for (auto* time :
+       {&forecastAt_, &airAt_, &airQualityFetchedAt_, &searchAt_, &reading_.updatedAt, &reading_.airUpdatedAt})
     if (*time) *time = advanced(**time, by);
   publish(now);
 }
@@ -167,59 +175,78 @@ void WeatherModel::setAirQualityScale(const QString& name) {
 
 void WeatherModel::choose(int result) {
   if (result >= 0 && static_cast<std::size_t>(result) < found_.size())
-    choose(Place(found_[static_cast<std::size_t>(result)]));
+    choose(Place(found_[static_cast<std::size_t>(result)].place));
+}
+
+void WeatherModel::chooseFirst() {
+  takesFirst_ = searchAt_ || isSearching_;
+  if (searchAt_) askPlaces();
+  if (!takesFirst_ && searchNote_.isEmpty()) choose(0);
 }
 
 void WeatherModel::choose(const Place& place) {
   place_ = place;
   store(defaults_, setting_.placeKey, DefaultsValue{DefaultsData{encodedPlace(place_)}});
-  // The old place's weather is not the new one's.
+  // The old place's weather is not the new one's, and neither is what is still on its way.
+  ++generation_;
   reading_.forecast.reset();
   reading_.updatedAt.reset();
   reading_.airQuality.reset();
+  reading_.airUpdatedAt.reset();
   airQualityFetchedAt_.reset();
   airAt_.reset();
   forecastFailures_ = airFailures_ = 0;
   const Instant now = now_();
   refresh(now);
   publish(now);
+  Q_EMIT placeChosen();
 }
 
 void WeatherModel::search(const QString& text) {
   searchText_ = text.trimmed();
   ++searchGeneration_;
+  isSearching_ = takesFirst_ = false;
   if (searchText_.size() >= fewestLetters) {
     searchAt_ = now_() + typingPause;
+    // What stands there meanwhile stays, for those who type on.
+    if (found_.empty()) searchNote_ = tr("Searching…");
   } else {
     searchAt_.reset();
     found_.clear();
-    searchProblem_.clear();
-    Q_EMIT searchChanged();
+    searchNote_ = searchText_.isEmpty() ? QString() : tr("Type at least two letters");
   }
+  Q_EMIT searchChanged();
   announceDue();
 }
 
 void WeatherModel::askPlaces() {
   searchAt_.reset();
-  const auto answered = [this, asked = searchGeneration_](const std::optional<QByteArray>& body, const QString& why) {
-    if (asked != searchGeneration_) return;
-    auto decoded = body ? decodePlaces(bytesOf(*body)) : Decoded<std::vector<Place>>{std::nullopt, why.toStdString()};
-    if (decoded.value) {
-      found_ = std::move(*decoded.value);
-      searchProblem_ = found_.empty() ? tr("No place of that name") : QString();
-    } else {
-      searchProblem_ = tr("The search does not answer");
-    }
-    Q_EMIT searchChanged();
-  };
-  service_.get(WeatherService::Kind::geocoding, geocodingRequest(searchText_.toStdString()), this, answered);
+  isSearching_ = true;
+  service_.get(WeatherService::Kind::geocoding, geocodingRequest(searchText_.toStdString()), this,
+               [this, asked = searchGeneration_](const auto& body, const QString& problem) {
+                 if (asked == searchGeneration_) placesAnswered(body, problem);
+               });
+}
+
+void WeatherModel::placesAnswered(const std::optional<QByteArray>& body, const QString& problem) {
+  isSearching_ = false;
+  auto decoded =
+      body ? decodePlaces(bytesOf(*body)) : Decoded<std::vector<FoundPlace>>{std::nullopt, problem.toStdString()};
+  if (decoded.value) {
+    found_ = std::move(*decoded.value);
+    searchNote_ = found_.empty() ? tr("No place of that name") : QString();
+  } else {
+    searchNote_ = tr("The search does not answer");
+  }
+  Q_EMIT searchChanged();
+  if (std::exchange(takesFirst_, false) && searchNote_.isEmpty()) choose(0);
 }
 
 QVariantList WeatherModel::searchResults() const {
   QVariantList list;
-  for (const Place& place : found_)
-    list.append(QVariantMap{{QStringLiteral("name"), QString::fromStdString(place.name)},
-                            {QStringLiteral("detail"), QString::fromStdString(place.country.value_or(""))}});
+  for (const FoundPlace& found : found_)
+    list.append(QVariantMap{{QStringLiteral("name"), QString::fromStdString(found.place.name)},
+                            {QStringLiteral("detail"), QString::fromStdString(regionLabel(found))}});
   return list;
 }
 

@@ -23,10 +23,11 @@ class WeatherModel : public TimedModel {
   Q_PROPERTY(bool usesFahrenheit READ usesFahrenheit WRITE setUsesFahrenheit NOTIFY usesFahrenheitChanged FINAL)
   // "us" or "european"
   Q_PROPERTY(QString airQualityScale READ airQualityScale WRITE setAirQualityScale NOTIFY changed FINAL)
-  // {"name": "Springfield", "detail": "United States"}, to be chosen by their index.
+  // {"name": "Springfield", "detail": "Illinois, United States"}, to be chosen by their index.
   Q_PROPERTY(QVariantList searchResults READ searchResults NOTIFY searchChanged FINAL)
-  // "No place of that name", "The search does not answer"; empty while there are results or nothing is asked.
-  Q_PROPERTY(QString searchProblem READ searchProblem NOTIFY searchChanged FINAL)
+  // Why there are none, or why they are not what is typed: "Type at least two letters", "Searching…", "No place of that
+  // name", "The search does not answer"; empty when they are.
+  Q_PROPERTY(QString searchNote READ searchNote NOTIFY searchChanged FINAL)
 
  public:
   using Place = WeatherPlace;
@@ -42,9 +43,10 @@ class WeatherModel : public TimedModel {
   WeatherModel(Setting setting, WeatherService& service, UserDefaults& defaults, Calendar calendar,
                std::function<Instant()> now, QObject* parent = nullptr);
 
-  // The first requests go out from here on.
-  void begin(Instant now);
-  // Asks for the forecast and, if due, for the air quality. Not while the machine is offline: then once it is back.
+  // Whether anybody looks at this place's weather. Requests go out only then: at once if one is due.
+  void setWanted(bool isWanted, Instant now);
+  // Asks for the forecast and, if due, for the air quality. While the machine is offline or nobody wants them, that
+  // waits.
   void refresh(Instant now);
   void setOnline(bool isOnline, Instant now);
   // A change of the unit at `other` is a change here.
@@ -58,11 +60,13 @@ class WeatherModel : public TimedModel {
   QString airQualityScale() const;
   void setAirQualityScale(const QString& name);
   QVariantList searchResults() const;
-  QString searchProblem() const { return searchProblem_; }
+  QString searchNote() const { return searchNote_; }
 
   // Waits for a pause in the typing.
   Q_INVOKABLE void search(const QString& text);
   Q_INVOKABLE void choose(int result);
+  // The first result for what is typed, once it is there.
+  Q_INVOKABLE void chooseFirst();
   void choose(const Place& place);
   // Brings ages and times up to date, while somebody looks.
   Q_INVOKABLE void update();
@@ -79,6 +83,7 @@ class WeatherModel : public TimedModel {
   void changed();
   void usesFahrenheitChanged();
   void searchChanged();
+  void placeChosen();
 
  private:
   void askForecast(Instant now);
@@ -86,6 +91,8 @@ class WeatherModel : public TimedModel {
   void askAirQuality(Instant now);
   void airQualityAnswered(const std::optional<QByteArray>& body, const QString& problem);
   void askPlaces();
+  void placesAnswered(const std::optional<QByteArray>& body, const QString& problem);
+  bool mayAsk() const { return isOnline_ && isWanted_; }
   void applyUnit(bool uses, Instant now);
   void publish(Instant now);
 
@@ -96,7 +103,7 @@ class WeatherModel : public TimedModel {
   std::function<Instant()> now_;
   Place place_;
   bool usesFahrenheit_;
-  bool isOnline_ = true;
+  bool isOnline_ = true, isWanted_ = false;
   WeatherReading reading_;
   WeatherTexts texts_;
   QString problem_;
@@ -104,12 +111,13 @@ class WeatherModel : public TimedModel {
   int generation_ = 0, searchGeneration_ = 0;
   int forecastFailures_ = 0, airFailures_ = 0;
   std::optional<Instant> forecastAt_;  // when to ask next
-  std::optional<Instant> airAt_;       // when to ask again before the next forecast
+  std::optional<Instant> airAt_;
   std::optional<Instant> airQualityFetchedAt_;
   QString searchText_;
   std::optional<Instant> searchAt_;
-  std::vector<Place> found_;
-  QString searchProblem_;
+  bool isSearching_ = false, takesFirst_ = false;
+  std::vector<FoundPlace> found_;
+  QString searchNote_;
 };
 
 }  // namespace ambrel

@@ -70,11 +70,11 @@ WeatherHosts weatherHosts(const UserDefaults& defaults) {
 }
 
 WeatherService::WeatherService(WeatherHosts hosts, WeatherLimits limits, QObject* parent)
-    : QObject(parent), hosts_(std::move(hosts)), limits_(limits) {
-  network_.setAutoDeleteReplies(false);
-}
+    : QObject(parent), hosts_(std::move(hosts)), limits_(limits) {}
 
 void WeatherService::get(Kind kind, const std::string& request, QObject* receiver, Answer answered) {
+  // It brings threads and memory of its own, which a bar without weather does without.
+  if (!network_) network_ = new QNetworkAccessManager(this);
   const QUrl& host = kind == Kind::forecast     ? hosts_.forecast
                      : kind == Kind::airQuality ? hosts_.airQuality
                                                 : hosts_.geocoding;
@@ -88,7 +88,7 @@ void WeatherService::get(Kind kind, const std::string& request, QObject* receive
   ask.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
   ask.setMaximumRedirectsAllowed(limits_.redirections);
   ask.setDecompressedSafetyCheckThreshold(limits_.bytes);
-  new Fetch(network_.get(ask), limits_, receiver, std::move(answered));
+  new Fetch(network_->get(ask), limits_, receiver, std::move(answered));
 }
 
 }  // namespace ambrel

@@ -45,7 +45,7 @@ class WeatherService : public QObject {
   void get(Kind kind, const std::string& request, QObject* receiver, Answer answered);
 
  private:
-  QNetworkAccessManager network_;
+  QNetworkAccessManager* network_ = nullptr;
   WeatherHosts hosts_;
   WeatherLimits limits_;
 };

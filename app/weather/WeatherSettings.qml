@@ -15,6 +15,18 @@ Popover {
     implicitWidth: 340
     implicitHeight: 420
 
+    onOpenChanged: if (open)
+        field.text = ""
+
+    Connections {
+        target: root.weather
+
+        function onPlaceChosen() {
+            if (root.open)
+                root.closeRequested();
+        }
+    }
+
     Field {
         id: field
         x: Theme.space4
@@ -25,18 +37,11 @@ Popover {
         maximumLength: 100
         focus: true
         onTextChanged: root.weather.search(text)
-        onAccepted: if (root.found > 0)
-            list.take(0)
+        onAccepted: root.weather.chooseFirst()
     }
 
     Column {
         id: list
-
-        function take(index: int) {
-            root.weather.choose(index);
-            field.text = "";
-            root.closeRequested();
-        }
 
         visible: field.text !== ""
         x: Theme.space2
@@ -55,14 +60,14 @@ Popover {
                 symbol: "mappin"
                 title: modelData.name
                 detail: modelData.detail
-                onClicked: list.take(index)
+                onClicked: root.weather.choose(index)
             }
         }
         Label {
-            visible: root.found === 0
+            visible: text !== ""
             x: Theme.space2
             width: parent.width - 2 * Theme.space2
-            text: root.weather.searchProblem !== "" ? root.weather.searchProblem : qsTr("Type at least two letters")
+            text: root.weather.searchNote
             role: Theme.small
             color: Theme.ink2
             wrapMode: Text.WordWrap

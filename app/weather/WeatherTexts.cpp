@@ -18,9 +18,14 @@ QString joined(const QStringList& parts, const QString& separator = QStringLiter
   return present.join(separator);
 }
 
-void fillAir(const WeatherReading& reading, const Calendar& calendar, WeatherTexts& out) {
+QString ageIfStale(std::optional<Instant> updatedAt, const Calendar& calendar, Instant now) {
+  return updatedAt && isWeatherStale(*updatedAt, now) ? toQString(relativeAge(calendar, *updatedAt, now)) : QString();
+}
+
+void fillAir(const WeatherReading& reading, const Calendar& calendar, Instant now, WeatherTexts& out) {
   out.airScale = toQString(label(reading.scale));
   if (!reading.airQuality) return;
+  out.airStaleSince = ageIfStale(reading.airUpdatedAt, calendar, now);
   if (const auto value = airQualityValue(*reading.airQuality, reading.scale)) {
     out.airBand = airQualityBand(reading.scale, *value);
     out.airValue = toQString(decimal(calendar, std::round(*value), 0));
@@ -139,7 +144,7 @@ WeatherTexts weatherTexts(const WeatherPlace& placeOf, const WeatherReading& rea
                           Instant now) {
   WeatherTexts out;
   out.place = toQString(placeOf.name);
-  fillAir(reading, calendar, out);
+  fillAir(reading, calendar, now, out);
   const Forecast none;
   const Forecast& forecast = reading.forecast ? *reading.forecast : none;
   const auto rain = RainSoon::summary(forecast.rainSlots, forecast.rainChances, now, RainSoon::usualHorizon);
@@ -152,11 +157,8 @@ WeatherTexts weatherTexts(const WeatherPlace& placeOf, const WeatherReading& rea
   fillNow(forecast, reading, calendar, place, now, out);
   fillSun(forecast, place, now, out);
   fillLists(forecast, calendar, place, now, out);
-  if (reading.updatedAt) {
-    out.updated = tr("Updated %1").arg(toQString(shortTime(calendar, *reading.updatedAt)));
-    if (isWeatherStale(*reading.updatedAt, now))
-      out.staleSince = toQString(relativeAge(calendar, *reading.updatedAt, now));
-  }
+  if (reading.updatedAt) out.updated = tr("Updated %1").arg(toQString(shortTime(calendar, *reading.updatedAt)));
+  out.staleSince = ageIfStale(reading.updatedAt, calendar, now);
   fillSummaries(toQString(placeLabel(placeOf)), out);
   return out;
 }

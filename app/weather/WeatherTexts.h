@@ -52,6 +52,7 @@ struct WeatherTexts {
   Q_PROPERTY(QVariantList hours MEMBER hours FINAL)
   Q_PROPERTY(QVariantList days MEMBER days FINAL)
   Q_PROPERTY(QString staleSince MEMBER staleSince FINAL)
+  Q_PROPERTY(QString airStaleSince MEMBER airStaleSince FINAL)
   Q_PROPERTY(QString updated MEMBER updated FINAL)
 
  public:
@@ -74,6 +75,7 @@ struct WeatherTexts {
   QVariantList details;      // {"name", "value"}: readings that no tile has room for
   QVariantList hours, days;  // {"time" or "day", "symbol", "condition", "temperature" or "high" and "low"}
   QString staleSince;        // "46 min ago"; empty while fresh
+  QString airStaleSince;     // the air quality has an answer of its own
   QString updated;           // "Updated 10:41"
 
   bool operator==(const WeatherTexts&) const = default;
@@ -84,6 +86,7 @@ struct WeatherReading {
   bool usesFahrenheit = false;  // what the forecast was asked for in
   std::optional<Instant> updatedAt;
   std::optional<AirQuality> airQuality;
+  std::optional<Instant> airUpdatedAt;
   AirQualityScale scale = AirQualityScale::us;
 };
 

@@ -37,16 +37,23 @@ std::string placeLabel(const WeatherPlace& place) {
   return place.country && !place.country->empty() ? place.name + ", " + *place.country : place.name;
 }
 
-Decoded<std::vector<WeatherPlace>> decodePlaces(std::string_view json) {
+std::string regionLabel(const FoundPlace& found) {
+  const std::string region = found.region.value_or(""), country = found.place.country.value_or("");
+  // A city that is a region of its own, as Singapore is, needs no second mention.
+  if (region.empty() || region == found.place.name) return country;
+  return country.empty() ? region : region + ", " + country;
+}
+
+Decoded<std::vector<FoundPlace>> decodePlaces(std::string_view json) {
   const Answer answer(json);
   if (!answer.problem.empty()) return {std::nullopt, answer.problem};
-  std::vector<WeatherPlace> places;
+  std::vector<FoundPlace> places;
   // Without a match the service leaves the list out.
   const JSON* results = arrayField(answer.root, "results");
   for (std::size_t i = 0; results && i < results->size() && places.size() < mostPlaces; ++i) {
     auto place = placeFrom((*results)[i]);
     if (!place) return {std::nullopt, "a place lacks its name or its coordinates"};
-    places.push_back(std::move(*place));
+    places.push_back({std::move(*place), stringField((*results)[i], "admin1")});
   }
   return {std::move(places), {}};
 }

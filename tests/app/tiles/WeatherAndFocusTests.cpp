@@ -78,7 +78,7 @@ struct Models {
         secondCity(WeatherModel::secondCitySetting(), room.service, room.defaults, room.seams().calendar, room.now),
         pomodoro(room.seams()),
         stopwatch(room.now),
-        water(room.seams()),
+        water(room.seams(), nullptr),
         timer(room.seams()),
         alarm(room.seams(), nullptr),
         eyeBreak(BreakKind::eyes, room.seams(), nullptr),
@@ -178,8 +178,8 @@ QString WeatherAndFocusTests::spoken(QQuickView& view, const char* name) {
 void WeatherAndFocusTests::everyTileShowsItsModel() {
   Morning room;
   Models models(room);
-  models.weather.begin(room.clock.now());
-  models.secondCity.begin(room.clock.now());
+  models.weather.setWanted(true, room.clock.now());
+  models.secondCity.setWanted(true, room.clock.now());
   QVERIFY(QTest::qWaitFor(
       [&] {
         return models.weather.problem().isEmpty() && models.secondCity.problem().isEmpty() &&
@@ -242,7 +242,7 @@ void WeatherAndFocusTests::tilesWithoutDataSayWhy() {
 void WeatherAndFocusTests::oldWeatherSaysItsAge() {
   Morning room;
   Models models(room);
-  models.weather.begin(room.clock.now());
+  models.weather.setWanted(true, room.clock.now());
   QVERIFY(QTest::qWaitFor([&] { return models.weather.problem().isEmpty(); }, 15000));
   room.clock.pass(minutes(95));
   models.weather.update();
@@ -289,7 +289,7 @@ void WeatherAndFocusTests::ringsActAndTilesAsk() {
 void WeatherAndFocusTests::everyPanelCanBeUsedByKeyboard() {
   Morning room;
   Models models(room);
-  models.weather.begin(room.clock.now());
+  models.weather.setWanted(true, room.clock.now());
   QVERIFY(QTest::qWaitFor([&] { return models.weather.problem().isEmpty(); }, 15000));
   QQuickView view;
   load(view, models, "WeatherAndFocusPanels.qml");

@@ -80,9 +80,12 @@ class WeatherModelTests : public QObject {
   void aBadAnswerLeavesTheOldValuesWithTheirAge();
   void withNothingToShowItTriesAgainEverLater();
   void offlineItAsksForNothing();
+  void unwantedItAsksForNothing();
   void afterASleepItWaitsForTheNetwork();
   void aMissingAirReadingIsAskedForAgainByItself();
+  void theAirHasAnAgeOfItsOwn();
   void aPlaceIsSearchedForAfterAPause();
+  void returnTakesTheFirstPlaceForWhatIsTyped();
   void aChosenPlaceIsStoredAndAskedForAtOnce();
   void anOlderAnswerIsNotLookedAt();
   void aStoredPlaceThatIsNoneIsPassedOver();
@@ -95,7 +98,7 @@ void WeatherModelTests::showsWhatTheServicesAnswer() {
   WeatherModel model = room.make();
   QCOMPARE(model.problem(), QStringLiteral("Waiting for data"));
   QCOMPARE(model.texts().rainTitle, QStringLiteral("No forecast"));
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   QVERIFY(until(model, [&] { return model.problem().isEmpty() && !model.texts().airValue.isEmpty(); }));
   const WeatherTexts& texts = model.texts();
   QCOMPARE(texts.place, QStringLiteral("London"));
@@ -123,7 +126,7 @@ void WeatherModelTests::showsWhatTheServicesAnswer() {
 void WeatherModelTests::asksForBothAndThenEveryHalfHour() {
   Room room;
   WeatherModel model = room.make();
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   QVERIFY(room.settled(2));
   QCOMPARE(room.server.targets[0], QByteArray(forecastRequest(defaultPlace(), false).c_str()));
   QCOMPARE(room.server.targets[1], QByteArray(airQualityRequest(defaultPlace()).c_str()));
@@ -163,7 +166,7 @@ void WeatherModelTests::aBadAnswerLeavesTheOldValuesWithTheirAge() {
   QFETCH(QByteArray, body);
   Room room;
   WeatherModel model = room.make();
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   QVERIFY(until(model, [&] { return model.problem().isEmpty() && !model.texts().airValue.isEmpty(); }));
   const WeatherReading before = model.reading();
   room.forecast = room.air = {.status = status, .body = body};
@@ -191,7 +194,7 @@ void WeatherModelTests::withNothingToShowItTriesAgainEverLater() {
   Room room;
   room.forecast = room.air = {.status = 503, .body = "busy"};
   WeatherModel model = room.make();
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   int requests = 2;
   QVERIFY(room.settled(requests));
   QVERIFY(until(model, [&] { return model.problem() == QStringLiteral("No answer yet"); }));
@@ -209,7 +212,7 @@ void WeatherModelTests::offlineItAsksForNothing() {
   WeatherModel model = room.make();
   model.setOnline(false, room.clock.now());
   QCOMPARE(model.problem(), QStringLiteral("Offline"));
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   QVERIFY(!model.due());
   room.clock.pass(hours(3));
   model.tick(room.clock.now());
@@ -224,10 +227,33 @@ void WeatherModelTests::offlineItAsksForNothing() {
   QVERIFY2(*model.due() == room.clock.now() + minutes(25), "a network that comes and goes asks no more often");
 }
 
+void WeatherModelTests::unwantedItAsksForNothing() {
+  Room room;
+  WeatherModel model = room.make();
+  QVERIFY(!model.due());
+  model.setUsesFahrenheit(true);
+  model.choose(WeatherPlace{"Springfield", std::nullopt, 42.1, -72.5});
+  QVERIFY(room.settled(0));
+  model.setWanted(true, room.clock.now());
+  QVERIFY(room.settled(2));
+  QVERIFY(room.server.targets[0].startsWith("/v1/forecast?latitude=42.1&longitude=-72.5&"));
+
+  // Taken off the bar and put back, it asks again only for what has come due.
+  model.setWanted(false, room.clock.now());
+  QVERIFY(!model.due());
+  room.clock.pass(minutes(10));
+  model.setWanted(true, room.clock.now());
+  QVERIFY(room.settled(2));
+  model.setWanted(false, room.clock.now());
+  room.clock.pass(hours(3));
+  model.setWanted(true, room.clock.now());
+  QVERIFY(room.settled(4));
+}
+
 void WeatherModelTests::afterASleepItWaitsForTheNetwork() {
   Room room;
   WeatherModel model = room.make();
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   QVERIFY(room.settled(2));
   room.clock.sleep(hours(8));
   model.slept(hours(8), room.clock.now());
@@ -242,7 +268,7 @@ void WeatherModelTests::aMissingAirReadingIsAskedForAgainByItself() {
   Room room;
   room.air = {.status = 500, .body = {}};
   WeatherModel model = room.make();
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   QVERIFY(room.settled(2));
   QVERIFY(QTest::qWaitFor([&] { return model.due() == room.clock.now() + seconds(60); }, 15000));
   room.air = {.body = sample("air-gaps.json")};
@@ -254,6 +280,23 @@ void WeatherModelTests::aMissingAirReadingIsAskedForAgainByItself() {
   QVERIFY2(model.texts().airValue.isEmpty(), "the US index is a gap in this answer");
   model.setAirQualityScale(QStringLiteral("european"));
   QCOMPARE(model.texts().airValue + model.texts().airLabel, QStringLiteral("58Moderate"));
+}
+
+void WeatherModelTests::theAirHasAnAgeOfItsOwn() {
+  Room room;
+  WeatherModel model = room.make();
+  model.setWanted(true, room.clock.now());
+  QVERIFY(room.settled(2));
+  room.air = {.status = 500, .body = {}};
+  for (int i = 1; i <= 3; ++i) {
+    QVERIFY(model.due() == room.clock.now() + minutes(30));
+    room.clock.pass(minutes(30));
+    model.tick(room.clock.now());
+    QVERIFY(room.settled(2 + 2 * i));
+  }
+  QVERIFY(model.texts().staleSince.isEmpty());
+  QCOMPARE(model.texts().airStaleSince, QStringLiteral("1 hr ago"));
+  QVERIFY(!model.texts().airValue.isEmpty());
 }
 
 void WeatherModelTests::aPlaceIsSearchedForAfterAPause() {
@@ -272,18 +315,47 @@ void WeatherModelTests::aPlaceIsSearchedForAfterAPause() {
   room.clock.pass(Seconds(0.3));
   model.tick(room.clock.now());
   QVERIFY(QTest::qWaitFor([&] { return model.searchResults().isEmpty(); }, 15000));
-  QCOMPARE(model.searchProblem(), QStringLiteral("No place of that name"));
+  QCOMPARE(model.searchNote(), QStringLiteral("No place of that name"));
 
   model.search(QStringLiteral(" x "));
-  QVERIFY(model.searchProblem().isEmpty());
+  QCOMPARE(model.searchNote(), QStringLiteral("Type at least two letters"));
   QVERIFY(!model.due());
   QCOMPARE(room.server.targets.size(), 2);
+}
+
+void WeatherModelTests::returnTakesTheFirstPlaceForWhatIsTyped() {
+  Room room;
+  WeatherModel model = room.make();
+  QSignalSpy chosen(&model, &WeatherModel::placeChosen);
+  model.search(QStringLiteral("Spring"));
+  QCOMPARE(model.searchNote(), QStringLiteral("Searching…"));
+  model.chooseFirst();
+  QCOMPARE(chosen.count(), 0);
+  QVERIFY(chosen.wait(15000));
+  QCOMPARE(model.placeLabel(), QStringLiteral("Springfield, United States"));
+  QCOMPARE(model.searchResults().at(1).toMap().value(QStringLiteral("detail")).toString(),
+           QStringLiteral("Massachusetts, United States"));
+
+  // What stands there is for an older text.
+  room.places = {.body = sample("places-none.json")};
+  model.search(QStringLiteral("Springfielx"));
+  QCOMPARE(model.searchResults().size(), 6);
+  model.chooseFirst();
+  QVERIFY(QTest::qWaitFor([&] { return model.searchResults().isEmpty(); }, 15000));
+  model.chooseFirst();
+  room.places = {.status = 500, .body = {}};
+  model.search(QStringLiteral("Springfield"));
+  model.chooseFirst();
+  QVERIFY(QTest::qWaitFor([&] { return model.searchNote() == QStringLiteral("The search does not answer"); }, 15000));
+  model.search(QStringLiteral(""));
+  model.chooseFirst();
+  QCOMPARE(chosen.count(), 1);
 }
 
 void WeatherModelTests::aChosenPlaceIsStoredAndAskedForAtOnce() {
   Room room;
   WeatherModel model = room.make();
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   QVERIFY(until(model, [&] { return model.problem().isEmpty(); }));
   QVERIFY(room.settled(2));
   model.search(QStringLiteral("Springfield"));
@@ -312,7 +384,7 @@ void WeatherModelTests::anOlderAnswerIsNotLookedAt() {
     return target.startsWith("/v1/forecast?latitude=51.5074") ? Reply{.body = sample("london.json")}
                                                               : Reply{.status = 500, .body = {}};
   };
-  model.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
   model.choose(WeatherPlace{"Springfield", std::nullopt, 42.1, -72.5});
   QVERIFY(room.settled(4));
   QVERIFY2(!model.reading().forecast, "London's weather has come, and is not Springfield's");
@@ -331,8 +403,8 @@ void WeatherModelTests::theUnitIsAskedOfTheServiceForBothPlaces() {
   WeatherModel model = room.make();
   WeatherModel second = room.make(WeatherModel::secondCitySetting());
   second.followUnitOf(model);
-  model.begin(room.clock.now());
-  second.begin(room.clock.now());
+  model.setWanted(true, room.clock.now());
+  second.setWanted(true, room.clock.now());
   QVERIFY(room.settled(4));
   QVERIFY(until(model, [&] { return model.problem().isEmpty(); }));
   room.forecast = {.status = 500, .body = {}};

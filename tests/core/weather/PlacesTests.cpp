@@ -23,8 +23,12 @@ TEST(Places, AreFoundByName) {
   const auto found = decodePlaces(sample("places-springfield.json"));
   ASSERT_TRUE(found.value) << found.problem;
   ASSERT_EQ(found.value->size(), 6u) << "the service gave seven";
-  EXPECT_EQ((*found.value)[1], (WeatherPlace{"Springfield", "United States", 42.10148, -72.58981}));
-  EXPECT_EQ(placeLabel((*found.value)[1]), "Springfield, United States");
+  EXPECT_EQ((*found.value)[1].place, (WeatherPlace{"Springfield", "United States", 42.10148, -72.58981}));
+  EXPECT_EQ(placeLabel((*found.value)[1].place), "Springfield, United States");
+  EXPECT_EQ(regionLabel((*found.value)[1]), "Massachusetts, United States") << "or nobody could tell one from another";
+  EXPECT_EQ(regionLabel({{"Singapore", "Singapore", 1.3, 103.9}, "Singapore"}), "Singapore");
+  EXPECT_EQ(regionLabel({{"Null Island", std::nullopt, 0, 0}, std::nullopt}), "");
+  EXPECT_EQ(regionLabel({{"Ramallah", std::nullopt, 31.9, 35.2}, "West Bank"}), "West Bank");
   EXPECT_EQ(placeLabel({"Null Island", std::nullopt, 0, 0}), "Null Island");
 
   const auto none = decodePlaces(sample("places-none.json"));
