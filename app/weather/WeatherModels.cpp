@@ -1,0 +1,54 @@
+#include "app/weather/WeatherModels.h"
+
+#include <QQmlEngine>
+
+namespace ambrel {
+
+WeatherModels::WeatherModels(UserDefaults& defaults, Calendar calendar, std::function<Instant()> now, DueTimer& due,
+                             QObject* parent)
+    : QObject(parent),
+      defaults_(defaults),
+      calendar_(std::move(calendar)),
+      now_(std::move(now)),
+      due_(due),
+      service_(weatherHosts(defaults)),
+      main_(WeatherModel::mainSetting(), service_, defaults_, calendar_, now_) {
+  add(main_);
+}
+
+void WeatherModels::add(WeatherModel& model) {
+  QQmlEngine::setObjectOwnership(&model, QQmlEngine::CppOwnership);
+  due_.add(model);
+}
+
+WeatherModel* WeatherModels::second() {
+  if (!second_) {
+    second_ = std::make_unique<WeatherModel>(WeatherModel::secondCitySetting(), service_, defaults_, calendar_, now_);
+    // The two have one unit, whichever of them it is changed at.
+    second_->followUnitOf(main_);
+    main_.followUnitOf(*second_);
+    if (reachability_) second_->setOnline(reachability_->isOnline(), now_());
+    add(*second_);
+  }
+  return second_.get();
+}
+
+void WeatherModels::setWanted(bool isMainWanted, bool isSecondWanted) {
+  if (isMainWanted || isSecondWanted) watchNetwork();
+  main_.setWanted(isMainWanted, now_());
+  if (second_ || isSecondWanted) second()->setWanted(isSecondWanted, now_());
+}
+
+// Whoever never looks at the weather does without the network's service.
+void WeatherModels::watchNetwork() {
+  if (reachability_) return;
+  reachability_ = std::make_unique<Reachability>();
+  const auto tell = [this](bool isOnline) {
+    main_.setOnline(isOnline, now_());
+    if (second_) second_->setOnline(isOnline, now_());
+  };
+  connect(reachability_.get(), &Reachability::changed, this, tell);
+  tell(reachability_->isOnline());
+}
+
+}  // namespace ambrel

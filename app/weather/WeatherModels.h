@@ -1,0 +1,47 @@
+#pragma once
+// The weather of the two places, from one service.
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+#include <functional>
+#include <memory>
+
+#include "app/base/DueTimer.h"
+#include "app/weather/Reachability.h"
+#include "app/weather/WeatherModel.h"
+
+namespace ambrel {
+
+class WeatherModels : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::WeatherModel* main READ main CONSTANT FINAL)
+  // Made when it is first asked for.
+  Q_PROPERTY(ambrel::WeatherModel* second READ second CONSTANT FINAL)
+
+ public:
+  // defaults and due outlive it.
+  WeatherModels(UserDefaults& defaults, Calendar calendar, std::function<Instant()> now, DueTimer& due,
+                QObject* parent = nullptr);
+
+  WeatherModel* main() { return &main_; }
+  WeatherModel* second();
+  // Which of the two somebody looks at; nothing is asked for the other.
+  void setWanted(bool isMainWanted, bool isSecondWanted);
+
+ private:
+  void add(WeatherModel& model);
+  void watchNetwork();
+
+  UserDefaults& defaults_;
+  Calendar calendar_;
+  std::function<Instant()> now_;
+  DueTimer& due_;
+  WeatherService service_;
+  WeatherModel main_;
+  std::unique_ptr<WeatherModel> second_;
+  std::unique_ptr<Reachability> reachability_;
+};
+
+}  // namespace ambrel
