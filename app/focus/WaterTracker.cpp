@@ -12,7 +12,8 @@ constexpr int mostGlasses = 30, shortestInterval = 5, longestInterval = 480;
 
 }  // namespace
 
-WaterTracker::WaterTracker(FocusSeams seams, QObject* parent) : TimedModel(parent), seams_(std::move(seams)) {
+WaterTracker::WaterTracker(FocusSeams seams, IsEnabled isEnabled, QObject* parent)
+    : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
   water_ = {.glasses = storedDayCount(seams_.defaults, "waterCount", "waterDay"),
             .lastDrinkAt = seams_.defaults.date("waterLastDrink"),
             .goal = storedInteger(seams_.defaults, "waterGoal", 8, 1, mostGlasses),
@@ -68,16 +69,27 @@ void WaterTracker::acted(Instant now) {
   publish(now);
 }
 
+std::optional<Instant> WaterTracker::waterDueAt(Instant now) const {
+  return isEnabled_ && !isEnabled_() ? std::nullopt : water_.dueAt(now, seams_.calendar);
+}
+
 std::optional<Instant> WaterTracker::due() const { return reminder_ ? std::min(*reminder_, dayEnds_) : dayEnds_; }
 
 void WaterTracker::tick(Instant now) {
-  if (reminder_ && now >= *reminder_) {
-    reminder_.reset();
-    Notification notification = notificationOf(water_.notice(now, seams_.calendar));
-    notification.sound = true;
-    seams_.notifications.post(notification);
-  }
+  if (reminder_ && now >= *reminder_) remind(now);
   publish(now);
+}
+
+void WaterTracker::remind(Instant now) {
+  // Passed over for an interval, as a break is.
+  if (isEnabled_ && !isEnabled_()) {
+    reminder_ = now + std::chrono::minutes(water_.intervalMinutes);
+    return;
+  }
+  reminder_.reset();
+  Notification notification = notificationOf(water_.notice(now, seams_.calendar));
+  notification.sound = true;
+  seams_.notifications.post(notification);
 }
 
 void WaterTracker::clockMoved(Seconds by, Instant now) {

@@ -24,7 +24,7 @@ class WaterTracker : public TimedModel {
   Q_PROPERTY(QString nextText READ nextText NOTIFY changed FINAL)
 
  public:
-  explicit WaterTracker(FocusSeams seams, QObject* parent = nullptr);
+  WaterTracker(FocusSeams seams, IsEnabled isEnabled, QObject* parent = nullptr);
 
   int count() const { return shown_.count; }
   int goal() const { return water_.goal; }
@@ -41,8 +41,8 @@ class WaterTracker : public TimedModel {
   Q_INVOKABLE void remove();
 
   const Water& value() const { return water_; }
-  // When the next glass is due, for whoever else reminds; absent without reminders.
-  std::optional<Instant> waterDueAt(Instant now) const { return water_.dueAt(now, seams_.calendar); }
+  // When the next glass is due, for whoever else reminds; absent without reminders, and where they are not wanted.
+  std::optional<Instant> waterDueAt(Instant now) const;
 
   std::optional<Instant> due() const override;
   void tick(Instant now) override;
@@ -59,9 +59,11 @@ class WaterTracker : public TimedModel {
     bool operator==(const Shown&) const = default;
   };
   void acted(Instant now);
+  void remind(Instant now);
   void publish(Instant now);
 
   FocusSeams seams_;
+  IsEnabled isEnabled_;
   Water water_;
   Shown shown_;
   std::optional<Instant> reminder_;

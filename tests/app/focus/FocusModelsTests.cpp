@@ -29,6 +29,7 @@ class FocusModelsTests : public QObject {
   void lengthsAreStoredWithinTheirLimits();
   void aGlassMovesTheOneReminder();
   void aReminderThatWasDueComesAMinuteAfterTheStart();
+  void waterWithoutATileRemindsNobody();
   void theStopwatchShowsWholeSeconds();
   void theQuickTimerTellsOnce();
   void aBreakThatIsNotWantedIsPassedOver();
@@ -143,7 +144,7 @@ void FocusModelsTests::lengthsAreStoredWithinTheirLimits() {
 
 void FocusModelsTests::aGlassMovesTheOneReminder() {
   FocusRoom room;
-  WaterTracker water(room.seams());
+  WaterTracker water(room.seams(), nullptr);
   QVERIFY(water.nextText().isEmpty());
   water.add();
   QVERIFY(water.due() == room.clock.now() + minutes(30));
@@ -181,9 +182,24 @@ void FocusModelsTests::aReminderThatWasDueComesAMinuteAfterTheStart() {
   room.defaults.set("waterLastDrink", DefaultsValue{room.clock.now() - hours(14)});
   room.defaults.set("waterCount", DefaultsValue{std::int64_t{8}});
   room.defaults.set("waterDay", DefaultsValue{std::string("2026-11-19")});
-  WaterTracker water(room.seams());
+  WaterTracker water(room.seams(), nullptr);
   QCOMPARE(water.count(), 0);
   QVERIFY(water.due() == room.clock.now() + seconds(60));
+}
+
+void FocusModelsTests::waterWithoutATileRemindsNobody() {
+  FocusRoom room;
+  room.defaults.set("waterLastDrink", DefaultsValue{room.clock.now() - hours(14)});
+  bool isOnBar = false;
+  WaterTracker water(room.seams(), [&] { return isOnBar; });
+  passUntilDue(room, water);
+  QVERIFY(room.notifications.posted.empty());
+  QVERIFY(!water.waterDueAt(room.clock.now()));
+  QVERIFY(water.due() == room.clock.now() + minutes(30));
+  isOnBar = true;
+  QVERIFY(water.waterDueAt(room.clock.now()).has_value());
+  passUntilDue(room, water);
+  QCOMPARE(room.notifications.posted.size(), 1u);
 }
 
 void FocusModelsTests::theStopwatchShowsWholeSeconds() {

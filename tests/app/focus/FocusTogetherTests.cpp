@@ -1,0 +1,119 @@
+#include <QCoreApplication>
+#include <QTest>
+
+#include "app/focus/FocusModels.h"
+#include "tests/app/focus/FocusRoom.h"
+
+namespace ambrel {
+namespace {
+
+using std::chrono::minutes;
+using std::chrono::seconds;
+
+// The models with the one timer that wakes them, as on the bar.
+struct Together : FocusRoom {
+  explicit Together(const char* start = "2026-11-20T09:00:00Z") : FocusRoom(start) {}
+
+  // Goes from one wake-up to the next until the time has come.
+  void runUntil(Instant end) {
+    for (;;) {
+      QCoreApplication::processEvents();
+      if (!clock.wakeTime || *clock.wakeTime > end) break;
+      clock.pass(std::max(Seconds(0), secondsBetween(clock.now(), *clock.wakeTime)));
+      clock.ring();
+    }
+    clock.pass(secondsBetween(clock.now(), end));
+  }
+  std::vector<std::string> told() const {
+    std::vector<std::string> identifiers;
+    for (const Notification& notification : notifications.posted) identifiers.push_back(notification.identifier);
+    return identifiers;
+  }
+
+  DueTimer due{clock};
+  std::vector<std::string> present{"water", "alarm", "eyeBreak", "standUp"};
+  FocusPresence presence() {
+    const auto stands = [this](const char* name) {
+      return [this, name] { return std::find(present.begin(), present.end(), name) != present.end(); };
+    };
+    return {.water = stands("water"),
+            .alarm = stands("alarm"),
+            .eyeBreak = stands("eyeBreak"),
+            .standUp = stands("standUp")};
+  }
+};
+
+}  // namespace
+
+class FocusTogetherTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void oneTimerWakesThemAll();
+  void onlyWhatHasATileDisturbs();
+  void sleepIsToldToAllOfThem();
+};
+
+void FocusTogetherTests::oneTimerWakesThemAll() {
+  Together room("2026-11-20T22:20:00Z");  // 23:20 in Berlin
+  FocusModels models(room.seams(), room.folder / "Ambrel/habits.json", room.presence(), room.due);
+  models.eyeBreak()->setIsOn(false);
+  models.standUp()->setIsOn(false);
+  models.water()->add();
+  models.timer()->start(300);
+  models.alarm()->set(23, 40);
+  models.pomodoro()->start();
+  models.breathing()->start();
+  models.habits()->add(QStringLiteral("Walk"));
+  models.habits()->toggleToday(QString::fromStdString(models.habits()->items()[0].id.text()));
+  models.mood()->setToday(4);
+  room.runUntil(*parseISO8601("2026-11-20T22:59:00Z"));
+  QVERIFY(room.told() == (std::vector<std::string>{"timer", "alarm", "pomodoro", "water"}));
+  QVERIFY(!models.breathing()->isRunning());
+  QCOMPARE(models.pomodoro()->sessionsToday(), 1);
+  room.runUntil(*parseISO8601("2026-11-20T23:00:01Z"));
+  QCOMPARE(models.pomodoro()->sessionsToday() + models.water()->count() + models.habits()->doneToday() +
+               models.mood()->today(),
+           0);
+}
+
+void FocusTogetherTests::onlyWhatHasATileDisturbs() {
+  const std::pair<const char*, std::vector<std::string>> rows[] = {
+      {"water", {"water"}}, {"alarm", {"alarm"}}, {"eyeBreak", {"eyeBreak"}}, {"standUp", {"standUp"}}};
+  for (const auto& [present, told] : rows) {
+    Together room;
+    room.present = {present};
+    FocusModels models(room.seams(), room.folder / "Ambrel/habits.json", room.presence(), room.due);
+    for (auto* reminder : {models.eyeBreak(), models.standUp()}) reminder->setIntervalMinutes(20);
+    models.water()->add();
+    models.alarm()->set(10, 25);  // 25 minutes from now in Berlin
+    room.runUntil(room.clock.now() + minutes(31));
+    QVERIFY2(room.told() == told, present);
+  }
+}
+
+void FocusTogetherTests::sleepIsToldToAllOfThem() {
+  Together room;
+  FocusModels models(room.seams(), room.folder / "Ambrel/habits.json", room.presence(), room.due);
+  models.pomodoro()->start();
+  models.timer()->start(3600);
+  models.stopwatch()->start();
+  models.breathing()->start();
+  room.runUntil(room.clock.now() + seconds(2));
+  room.clock.sleep(minutes(30));
+  room.clock.ring();
+  models.stopwatch()->update();
+  models.timer()->update();
+  QCOMPARE(models.pomodoro()->remaining(), QStringLiteral("24:58"));
+  QCOMPARE(models.eyeBreak()->countdown(), QStringLiteral("20:00"));
+  QCOMPARE(models.standUp()->countdown(), QStringLiteral("45:00"));
+  QCOMPARE(models.timer()->remaining(), QStringLiteral("29:58"));
+  QCOMPARE(models.stopwatch()->elapsed(), QStringLiteral("30:02"));
+  QVERIFY(!models.breathing()->isRunning());
+  QVERIFY2(room.told().empty(), "nothing falls due in the moment of waking");
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::FocusTogetherTests)
+#include "FocusTogetherTests.moc"
