@@ -95,6 +95,8 @@ struct SearchFolding {
   // From an ICU or POSIX locale name ("tr_TR.UTF-8").
   static SearchFolding forLocale(std::string_view locale);
   std::string folded(std::string_view text) const;
+  // Whether the text can be searched as it is (ClipQuery::matchesASCII): folding changes no more than its capitals.
+  bool leavesSearchable(std::string_view text) const;
 
   friend bool operator==(const SearchFolding&, const SearchFolding&) = default;
 };
@@ -109,6 +111,8 @@ class ClipQuery {
   bool matches(const ClipItem& item) const;
   // The same for a text that was folded beforehand, with the same folding.
   bool matchesFolded(std::string_view foldedText) const;
+  // The same for a text that SearchFolding::leavesSearchable.
+  bool matchesASCII(std::string_view text) const;
 
  private:
   SearchFolding folding_;

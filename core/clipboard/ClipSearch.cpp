@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <string.h>
 #include <unicode/normalizer2.h>
 #include <unicode/unistr.h>
@@ -15,6 +16,18 @@ bool isASCII(std::string_view text) {
   unsigned char bits = 0;
   for (const char c : text) bits |= static_cast<unsigned char>(c);
   return bits < 0x80;
+}
+
+void lowerASCII(std::string_view text, char* out) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    out[i] = static_cast<char>(c + (c >= 'A' && c <= 'Z' ? 'a' - 'A' : 0));
+  }
+}
+
+// string_view::find looks for the first byte alone and is several times slower on ordinary text.
+bool contains(std::string_view text, std::string_view needle) {
+  return memmem(text.data(), text.size(), needle.data(), needle.size()) != nullptr;
 }
 
 // Marks that people leave out when they type: accents, Hebrew points, Arabic vowel signs. Marks that make another
@@ -40,10 +53,12 @@ SearchFolding SearchFolding::forLocale(std::string_view locale) {
   return {.hasDotlessI = language == "tr" || language == "az"};
 }
 
+bool SearchFolding::leavesSearchable(std::string_view text) const { return !hasDotlessI && isASCII(text); }
+
 std::string SearchFolding::folded(std::string_view text) const {
-  if (isASCII(text) && !hasDotlessI) {
-    std::string out(text);
-    for (char& c : out) c = static_cast<char>(c + (c >= 'A' && c <= 'Z' ? 'a' - 'A' : 0));
+  if (leavesSearchable(text)) {
+    std::string out(text.size(), '\0');
+    lowerASCII(text, out.data());
     return out;
   }
   UErrorCode error = U_ZERO_ERROR;
@@ -71,13 +86,23 @@ ClipQuery::ClipQuery(std::string_view typed, SearchFolding folding)
 
 bool ClipQuery::matches(const ClipItem& item) const {
   if (isEmpty()) return true;
-  return item.text && matchesFolded(folding_.folded(*item.text));
+  if (!item.text) return false;
+  return folding_.leavesSearchable(*item.text) ? matchesASCII(*item.text) : matchesFolded(folding_.folded(*item.text));
 }
 
-bool ClipQuery::matchesFolded(std::string_view foldedText) const {
-  if (folded_.size() > foldedText.size()) return false;
-  // string_view::find looks for the first byte alone and is several times slower on ordinary text.
-  return memmem(foldedText.data(), foldedText.size(), folded_.data(), folded_.size()) != nullptr;
+bool ClipQuery::matchesFolded(std::string_view foldedText) const { return contains(foldedText, folded_); }
+
+bool ClipQuery::matchesASCII(std::string_view text) const {
+  // Through a window that stays in the processor's cache, so that no text is copied as a whole.
+  std::array<char, 8192> window;
+  if (folded_.size() > window.size() / 2) return contains(folding_.folded(text), folded_);
+  const std::size_t step = window.size() - folded_.size() + 1;
+  for (std::size_t begin = 0; begin + folded_.size() <= text.size(); begin += step) {
+    const std::string_view piece = text.substr(begin, window.size());
+    lowerASCII(piece, window.data());
+    if (contains({window.data(), piece.size()}, folded_)) return true;
+  }
+  return false;
 }
 
 std::vector<ClipItem> ClipboardLibrary::filtered(std::span<const ClipItem> items, const ClipFilter& filter,

@@ -1,0 +1,49 @@
+#include "core/clipboard/ClipIndex.h"
+
+#include <unordered_set>
+
+namespace ambrel {
+
+ClipFacts factsOf(const ClipItem& item, SearchFolding folding) {
+  ClipFacts facts;
+  if (item.kind == ClipKind::text && item.text) facts.isSensitive = SensitiveText::isSensitive(*item.text);
+  facts.preview = previewOf(item, facts.isSensitive);
+  if (item.text && !folding.leavesSearchable(*item.text)) facts.foldedText = folding.folded(*item.text);
+  return facts;
+}
+
+const ClipFacts* ClipIndex::find(const UUID& id) const {
+  const auto found = facts_.find(id);
+  return found == facts_.end() ? nullptr : &found->second;
+}
+
+const ClipFacts& ClipIndex::of(const ClipItem& item) {
+  const auto found = facts_.find(item.id);
+  if (found != facts_.end()) return found->second;
+  return facts_.emplace(item.id, factsOf(item, folding_)).first->second;
+}
+
+void ClipIndex::retain(std::span<const ClipItem> items, std::span<const ClipItem> andThese) {
+  std::unordered_set<UUID> kept;
+  for (const auto& list : {items, andThese})
+    for (const ClipItem& item : list) kept.insert(item.id);
+  std::erase_if(facts_, [&](const auto& entry) { return !kept.contains(entry.first); });
+}
+
+std::vector<std::size_t> ClipIndex::matches(std::span<const ClipItem> items, const ClipFilter& filter,
+                                            std::string_view query) const {
+  const ClipQuery search(query, folding_);
+  const auto admits = [&](const ClipItem& item) {
+    if (search.isEmpty()) return true;
+    const ClipFacts* facts = find(item.id);
+    if (facts == nullptr) return search.matches(item);
+    if (facts->foldedText) return search.matchesFolded(*facts->foldedText);
+    return item.text && search.matchesASCII(*item.text);
+  };
+  std::vector<std::size_t> found;
+  for (std::size_t i = 0; i < items.size(); ++i)
+    if (filter.admits(items[i]) && admits(items[i])) found.push_back(i);
+  return found;
+}
+
+}  // namespace ambrel
