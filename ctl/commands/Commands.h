@@ -6,6 +6,7 @@
 namespace ambrel {
 
 Command agentsCommand();
+Command clipsCommand();
 Command diskCommand();
 Command profilesCommand();
 Command statusLineCommand();

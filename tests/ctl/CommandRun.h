@@ -17,7 +17,9 @@ namespace ambrel {
 // A process of tilebayctl with its output and error as pipes.
 class CommandRun {
  public:
-  CommandRun(std::vector<std::string> arguments, std::vector<std::string> environment) {
+  // `input`: the file that it has as standard input.
+  CommandRun(std::vector<std::string> arguments, std::vector<std::string> environment,
+             const std::string& input = "/dev/null") {
     int out[2], error[2];
     if (pipe2(out, O_CLOEXEC) != 0 || pipe2(error, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     arguments.insert(arguments.begin(), AMBREL_TILEBAYCTL);
@@ -28,7 +30,7 @@ class CommandRun {
     envp.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, 0, input.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, out[1], 1);
     posix_spawn_file_actions_adddup2(&actions, error[1], 2);
     const int failure = posix_spawn(&child_, AMBREL_TILEBAYCTL, &actions, nullptr, argv.data(), envp.data());
@@ -106,8 +108,9 @@ struct CommandResult {
   std::string out, error;
 };
 
-inline CommandResult runCommand(std::vector<std::string> arguments, std::vector<std::string> environment = {}) {
-  CommandRun run(std::move(arguments), std::move(environment));
+inline CommandResult runCommand(std::vector<std::string> arguments, std::vector<std::string> environment = {},
+                                const std::string& input = "/dev/null") {
+  CommandRun run(std::move(arguments), std::move(environment), input);
   CommandResult result;
   result.out = run.restOfOutput();
   result.error = run.restOfError();
