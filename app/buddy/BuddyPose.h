@@ -1,0 +1,113 @@
+#pragma once
+// How the character stands and looks in each of his moods and reactions.
+//
+// All figures are in his own box of 64 x 64 units, y downwards, his feet at y 60.
+
+#include <QPointF>
+#include <optional>
+
+#include "core/base/EnumText.h"
+
+class QPainter;
+
+namespace ambrel {
+
+struct BuddyColors;
+
+// His moods, then his reactions, which bear the names of the triggers that play them.
+enum class BuddyPose {
+  idle,
+  asleep,
+  thinking,
+  happy,
+  error,
+  celebrate,
+  wave,
+  jump,
+  spin,
+  dance,
+  nod,
+  shake,
+  stretch,
+  wink,
+  love,
+  startle,
+  peek,
+  sip,
+  typing,
+  highFive,
+  drink,
+  sneeze,
+  lookAround,
+};
+
+template <>
+struct EnumText<BuddyPose> {
+  static constexpr std::array table{
+      std::pair{BuddyPose::idle, std::string_view("idle")},
+      std::pair{BuddyPose::asleep, std::string_view("asleep")},
+      std::pair{BuddyPose::thinking, std::string_view("thinking")},
+      std::pair{BuddyPose::happy, std::string_view("happy")},
+      std::pair{BuddyPose::error, std::string_view("error")},
+      std::pair{BuddyPose::celebrate, std::string_view("celebrate")},
+      std::pair{BuddyPose::wave, std::string_view("wave")},
+      std::pair{BuddyPose::jump, std::string_view("jump")},
+      std::pair{BuddyPose::spin, std::string_view("spin")},
+      std::pair{BuddyPose::dance, std::string_view("dance")},
+      std::pair{BuddyPose::nod, std::string_view("nod")},
+      std::pair{BuddyPose::shake, std::string_view("shake")},
+      std::pair{BuddyPose::stretch, std::string_view("stretch")},
+      std::pair{BuddyPose::wink, std::string_view("wink")},
+      std::pair{BuddyPose::love, std::string_view("love")},
+      std::pair{BuddyPose::startle, std::string_view("startle")},
+      std::pair{BuddyPose::peek, std::string_view("peek")},
+      std::pair{BuddyPose::sip, std::string_view("sip")},
+      std::pair{BuddyPose::typing, std::string_view("typing")},
+      std::pair{BuddyPose::highFive, std::string_view("highFive")},
+      std::pair{BuddyPose::drink, std::string_view("drink")},
+      std::pair{BuddyPose::sneeze, std::string_view("sneeze")},
+      std::pair{BuddyPose::lookAround, std::string_view("lookAround")},
+  };
+};
+
+// Turns and stretches him about the point between his feet, (32, 57).
+struct BuddyStance {
+  double angle = 0;  // degrees, clockwise
+  double width = 1, height = 1;
+  double right = 0, up = 0;
+  QPointF leftHand{9, 48}, rightHand{55, 48};
+};
+
+// What is added to the stance in full swing; a reaction swings to and fro a few times and comes to rest.
+struct BuddySwing {
+  double angle = 0, width = 0, height = 0, up = 0;
+  QPointF leftHand = {}, rightHand = {};
+  double times = 0;
+};
+
+enum class BuddyEye { open, small, shut, happy, squeezed, startled, heart };
+enum class BuddyMouth { none, smile, smirk, frown, flat, open, round };
+
+struct BuddyLook {
+  BuddyStance stance = {};
+  BuddyEye leftEye = BuddyEye::open, rightEye = BuddyEye::open;
+  QPointF glance = {};
+  BuddyMouth mouth = BuddyMouth::smile;
+  bool hasCheeks = true;
+  // He holds something before him, so his arms are drawn over his body, from these shoulders.
+  struct Hold {
+    QPointF leftShoulder, rightShoulder;
+    bool isLeftFree = false;  // hangs behind the body all the same
+  };
+  std::optional<Hold> hold = {};
+  double shadow = 1;                        // its width
+  std::optional<double> cutBelow = {};      // he stands behind something whose upper edge is here
+  void (*held)(QPainter&, const BuddyColors&) = nullptr;    // turns with him; below the arms that hold it
+  void (*around)(QPainter&, const BuddyColors&) = nullptr;  // stands still about him
+  double seconds = 0.5;                     // until he has come to rest
+  BuddySwing swing = {};
+};
+
+const BuddyLook& lookOf(BuddyPose pose);
+
+}  // namespace ambrel
