@@ -2,11 +2,11 @@
 
 #include <QPainter>
 #include <QPen>
+#include <algorithm>
 
 namespace ambrel {
 namespace {
 
-constexpr QPointF leftShoulder{13, 42}, rightShoulder{51, 42};
 constexpr QPointF leftEye{23, 35}, rightEye{41, 35};
 constexpr double pivotX = 32, pivotY = 57;
 
@@ -38,6 +38,12 @@ void strokeArc(QPainter& painter, const QPen& pen, QPointF from, QPointF bend, Q
 void drawArm(QPainter& painter, const BuddyColors& colors, QPointF shoulder, QPointF hand) {
   painter.setPen(buddyPen(colors.limbs, 6));
   painter.drawLine(shoulder, hand);
+}
+
+// The higher the hand, the further the shoulder is drawn in, or a raised arm would run along the body's side.
+QPointF shoulderOf(QPointF hand, bool isLeft) {
+  const double drawnIn = 4 * std::clamp((42 - hand.y()) / 22, 0.0, 1.0);
+  return {isLeft ? 13 + drawnIn : 51 - drawnIn, 42};
 }
 
 void drawEye(QPainter& painter, const BuddyColors& colors, BuddyEye eye, QPointF at, bool isLeft) {
@@ -181,8 +187,8 @@ void drawBuddy(QPainter& painter, const BuddyLook& look, const BuddyStance& stan
   painter.translate(-pivotX, -pivotY);
 
   const bool holdsLeft = look.hold && !look.hold->isLeftFree;
-  if (!holdsLeft) drawArm(painter, colors, leftShoulder, stance.leftHand);
-  if (!look.hold) drawArm(painter, colors, rightShoulder, stance.rightHand);
+  if (!holdsLeft) drawArm(painter, colors, shoulderOf(stance.leftHand, true), stance.leftHand);
+  if (!look.hold) drawArm(painter, colors, shoulderOf(stance.rightHand, false), stance.rightHand);
   fillEllipse(painter, colors.limbs, {24, 57}, 12, 7.2);
   fillEllipse(painter, colors.limbs, {40, 57}, 12, 7.2);
   painter.fillPath(bodyPath(), colors.body);

@@ -39,8 +39,8 @@ void sleepSigns(QPainter& painter, const BuddyColors& colors) {
     strokePath(painter, buddyPen(colors.line, line),
                {at, at + QPointF(width, 0), at + QPointF(0, height), at + QPointF(width, height)});
   };
-  letter({51.6, 10.6}, 3.6, 3.6, 1.5);
-  letter({58, 0.4}, 5, 5.2, 1.9);
+  letter({51.6, 10.4}, 3.6, 3.6, 1.3);
+  letter({58, 0.4}, 5, 5.4, 1.6);
 }
 
 void thoughts(QPainter& painter, const BuddyColors& colors) {
