@@ -53,6 +53,8 @@ class AppDelegate : public QObject {
   AppModel& model() { return model_; }
   AppSettings& settings() { return settings_; }
   AgentsModel& agents() { return agents_; }
+  LicenseManager& license() { return license_; }
+  bool isAnyPanelOpen() const;
   DockPanelController* dock() { return dock_.get(); }
   DockPopoverController* agentsPanel() { return agentsPanel_.get(); }
   DockPopoverController* customizePanel() { return customizePanel_.get(); }
@@ -95,7 +97,6 @@ class AppDelegate : public QObject {
   void answerNotifications(const std::string& identifier, NotificationAnswer answer);
   void handleNotifications();
   std::vector<DockPopoverController*> panels() const;
-  bool isAnyPanelOpen() const;
   // Closes the other panels, and opens or closes this one beside the tile of a slot (empty: the middle of the bar).
   void toggle(DockPopoverController* panel, const QString& item = {});
   void openTileMenu(const QString& item);

@@ -26,7 +26,8 @@ QStringList QMLWarnings::take() {
 
 void QMLWarnings::handle(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   // What the offscreen platform cannot do is no fault of ours.
-  const bool isOurs = !text.startsWith(QLatin1String("This plugin does not support"));
+  const bool isOurs = !text.startsWith(QLatin1String("This plugin does not support")) &&
+                      !text.contains(QLatin1String("No such signal QPlatformNativeInterface::"));
   if (isOurs && (type == QtWarningMsg || type == QtCriticalMsg)) {
     const QMutexLocker lock(&mutex);
     collected << text;

@@ -1,0 +1,113 @@
+#include <QApplication>
+#include <QTest>
+
+#include "core/workspace/Wish.h"
+#include "tests/app/delegate/Program.h"
+
+namespace ambrel {
+namespace {
+
+using PanelOf = DockPopoverController* (*)(AppDelegate&);
+
+}  // namespace
+
+class AppDelegateTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void itComesUpWithTheBar();
+  void theFirstRunWelcomes();
+  void wishesOpenAndCloseTheirPanels_data();
+  void wishesOpenAndCloseTheirPanels();
+  void onePanelIsOpenAtATime();
+  void theKeysAreTaken();
+  void aKeyOfAnotherProgramIsNoFault();
+  void aClickOnANotificationLeadsToItsSession();
+  void withoutALicenceAPanelSaysWhatItGives();
+};
+
+void AppDelegateTests::itComesUpWithTheBar() {
+  Program program;
+  program.delegate->launch();
+  QVERIFY(program.delegate->dock()->presentation().isShown());
+  QVERIFY(!program.slotsOfBar().empty());
+  QVERIFY(!program.delegate->welcomePanel()->isShown());
+  QTest::qWait(0);
+  QCOMPARE(program.warnings.take(), QStringList());
+}
+
+void AppDelegateTests::theFirstRunWelcomes() {
+  {
+    Program program(true);
+    program.delegate->launch();
+    QTRY_VERIFY(program.delegate->welcomePanel()->isShown());
+    QCOMPARE(UserDefaults(program.folder / "defaults.json").boolean("welcomeDone"), true);
+  }
+}
+
+void AppDelegateTests::wishesOpenAndCloseTheirPanels_data() {
+  QTest::addColumn<Wish>("wish");
+  QTest::addColumn<PanelOf>("panel");
+  QTest::newRow("agents") << Wish(wish::ToggleAgents{}) << PanelOf([](AppDelegate& it) { return it.agentsPanel(); });
+  QTest::newRow("settings") << Wish(wish::Settings{}) << PanelOf([](AppDelegate& it) { return it.settingsPanel(); });
+}
+
+void AppDelegateTests::wishesOpenAndCloseTheirPanels() {
+  QFETCH(Wish, wish);
+  QFETCH(PanelOf, panel);
+  Program program;
+  program.delegate->launch();
+  DockPopoverController* opened = panel(*program.delegate);
+  program.delegate->carryOut(wish);
+  QVERIFY(opened->isShown());
+  program.delegate->carryOut(wish);
+  QVERIFY(!opened->isShown());
+  QCOMPARE(program.warnings.take(), QStringList());
+}
+
+void AppDelegateTests::onePanelIsOpenAtATime() {
+  Program program;
+  program.delegate->launch();
+  program.delegate->carryOut(wish::ToggleAgents{});
+  program.delegate->carryOut(wish::Settings{});
+  QVERIFY(!program.delegate->agentsPanel()->isShown());
+  QVERIFY(program.delegate->settingsPanel()->isShown());
+}
+
+void AppDelegateTests::theKeysAreTaken() {
+  Program program;
+  program.delegate->launch();
+  QVERIFY(program.desktop.hotKeys.press({.key = 'd', .command = true, .option = true, .control = true}));
+  QVERIFY(program.delegate->dock()->presentation().isShown());
+}
+
+void AppDelegateTests::aKeyOfAnotherProgramIsNoFault() {
+  Program program;
+  program.desktop.hotKeys.takenByOthers = {{.key = 'd', .command = true, .option = true, .control = true}};
+  program.delegate->launch();
+  QVERIFY(program.delegate->dock()->presentation().isShown());
+}
+
+void AppDelegateTests::aClickOnANotificationLeadsToItsSession() {
+  Program program;
+  program.delegate->launch();
+  // Of a session that is gone, or of nobody: nothing comes forward, and nothing fails.
+  program.desktop.notifications.click("agent-of-yesterday");
+  program.desktop.notifications.press("agent-of-yesterday", "snooze");
+  QVERIFY(program.desktop.workspace.activated.empty());
+  QCOMPARE(program.warnings.take(), QStringList());
+}
+
+void AppDelegateTests::withoutALicenceAPanelSaysWhatItGives() {
+  Program program;
+  program.delegate->launch();
+  program.delegate->license().setCheck([](ProFeature feature) { return feature != ProFeature::agentTracking; });
+  program.delegate->carryOut(wish::ToggleAgents{});
+  QVERIFY(!program.delegate->agentsPanel()->isShown());
+  QVERIFY(program.delegate->isAnyPanelOpen());
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::AppDelegateTests)
+#include "AppDelegateTests.moc"

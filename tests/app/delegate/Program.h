@@ -1,0 +1,62 @@
+#pragma once
+// The whole program on a desktop that the test plays, with a home of its own.
+
+#include <QQuickItem>
+#include <QQuickView>
+
+#include "app/AppDelegate.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/app/kit/QMLWarnings.h"
+#include "tests/fakes/FakeDesktop.h"
+
+namespace ambrel {
+
+struct Program {
+  explicit Program(bool isFirstRun = false) {
+    UserDefaults defaults(folder / "defaults.json");
+    if (!isFirstRun) defaults.set("welcomeDone", DefaultsValue{true});
+    defaults.set("barAlwaysVisible", DefaultsValue{true});
+    // Nothing listens there: no test reaches the network.
+    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
+      defaults.set(host, DefaultsValue{std::string("http://127.0.0.1:1/")});
+    delegate = std::make_unique<AppDelegate>(Surroundings{.home = folder / "home",
+                                                          .dataFolder = folder / "data",
+                                                          .defaultsFile = folder / "defaults.json",
+                                                          .calendar = Calendar{"UTC", "en_US"},
+                                                          .now = [this] { return desktop.clock.now(); }},
+                                             desktop.seams());
+  }
+
+  void putOnBar(const std::vector<std::string>& widgets) {
+    Profile profile = *delegate->model().activeProfile();
+    profile.items.clear();
+    for (const std::string& widget : widgets) profile.items.push_back(DockItem::holding(widget));
+    delegate->model().setProfiles({profile});
+  }
+  QQuickItem* bar() const {
+    auto* window = qobject_cast<QQuickWindow*>(delegate->dock()->window());
+    return window ? window->contentItem() : nullptr;
+  }
+  // The slots of the bar that show a widget, in no particular order.
+  std::vector<QQuickItem*> slotsOfBar() const {
+    std::vector<QQuickItem*> found;
+    if (QQuickItem* root = bar()) collect(root, found);
+    return found;
+  }
+
+  TemporaryFolder folder;
+  QMLWarnings warnings;
+  FakeDesktop desktop{parseISO8601("2026-11-21T09:41:00Z").value()};
+  std::unique_ptr<AppDelegate> delegate;
+
+ private:
+  static void collect(QQuickItem* item, std::vector<QQuickItem*>& found) {
+    if (item->inherits("QQuickItem") && item->property("widget").isValid() && item->property("frame").isValid()) {
+      found.push_back(item);
+      return;
+    }
+    for (QQuickItem* child : item->childItems()) collect(child, found);
+  }
+};
+
+}  // namespace ambrel

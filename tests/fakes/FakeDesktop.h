@@ -1,0 +1,50 @@
+#pragma once
+// A whole desktop, played by the test.
+
+#include "platform/Desktop.h"
+#include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakePlatform.h"
+#include "tests/fakes/FakeReadings.h"
+#include "tests/fakes/FakeTelemetry.h"
+
+namespace ambrel {
+
+struct FakeDesktop {
+  explicit FakeDesktop(Instant now) : clock(now) {}
+
+  Desktop seams() {
+    return {.pointer = pointer,
+            .screens = screens,
+            .windowStyle = windowStyle,
+            .workspace = workspace,
+            .hotKeys = hotKeys,
+            .notifications = notifications,
+            .readings = readings,
+            .wallClock = clock,
+            .sounds = sounds,
+            .telemetry = telemetry,
+            .latency = latency,
+            .soundControl = soundControl,
+            .bluetooth = bluetooth,
+            .volumes = volumes,
+            .keepAwake = keepAwake};
+  }
+
+  FakePointer pointer;
+  FakeScreens screens;
+  FakeWindowStyle windowStyle;
+  FakeWorkspace workspace;
+  FakeHotKeys hotKeys;
+  FakeNotifications notifications;
+  FakeReadings readings;
+  FakeClock clock;
+  FakeSounds sounds;
+  FakeTelemetry telemetry;
+  FakeLatencyProbe latency;
+  FakeSoundControl soundControl;
+  FakeBluetooth bluetooth;
+  FakeVolumes volumes;
+  FakeKeepAwake keepAwake;
+};
+
+}  // namespace ambrel
