@@ -1,0 +1,207 @@
+#include "app/telemetry/LiveModels.h"
+
+#include <QMetaProperty>
+#include <QQmlEngine>
+#include <algorithm>
+#include <utility>
+
+#include "app/base/StoredValue.h"
+
+namespace ambrel {
+namespace {
+
+// Multiples of the tick, so that nothing wakes up for a sampler alone.
+constexpr Seconds often{2}, usual{4}, leisurely{6}, seldom{600};
+constexpr Seconds latencyInterval{30};
+// 80 seconds of the graphics processor.
+constexpr std::size_t gpuLength = 20;
+// Ten minutes of probes.
+constexpr std::size_t latencyLength = 20;
+constexpr std::size_t shownPrograms = 3, listedPrograms = 12;
+
+template <typename Raw, typename Value>
+Sampled<Value> sampled(const Sampler<Raw, Value>& sampler) {
+  return {sampler.value(), sampler.isUnavailable()};
+}
+
+}  // namespace
+
+LiveModels::LiveModels(LiveSeams seams, QObject* parent)
+    : QObject(parent),
+      seams_(std::move(seams)),
+      gpu_({.interval = usual, .historyLength = gpuLength, .read = [&t = seams_.telemetry] { return t.gpu(); }},
+           seams_.background),
+      pressure_({.interval = usual, .read = [&t = seams_.telemetry] { return t.pressure(); }}, gathered()),
+      diskActivity_({.interval = often,
+                     .read = [&t = seams_.telemetry] { return t.diskCounters(); },
+                     .combine = diskRates},
+                    gathered()),
+      topApps_({.interval = usual,
+                .read = [&t = seams_.telemetry] { return t.processes(); },
+                .combine = [](const std::optional<ProcessSnapshot>& previous,
+                              const ProcessSnapshot& current) { return ProcessRanking::usage(previous, current); }},
+               gathered()),
+      batteryHealth_({.interval = seldom, .read = [&t = seams_.telemetry] { return t.batteryHealth(); }},
+                     seams_.background),
+      power_({.interval = usual, .read = [&t = seams_.telemetry] { return t.power(); }}, seams_.background),
+      wifi_({.interval = leisurely, .read = [&t = seams_.telemetry] { return t.wifi(); }}, seams_.background),
+      latency_({.interval = latencyInterval,
+                .historyLength = latencyLength,
+                .read = [&l = seams_.latency] { return std::optional(l.probe()); },
+                .keepsHistory = true},
+               seams_.background),
+      volumes_({.interval = usual, .read = [&t = seams_.telemetry] { return t.volumes(); }}, seams_.background),
+      thermal_({.interval = leisurely, .read = [&t = seams_.telemetry] { return t.thermal(); }}, gathered()),
+      addresses_({.interval = leisurely, .read = [&t = seams_.telemetry] { return std::optional(t.addresses()); }},
+                 gathered()),
+      bluetooth_(seams_.bluetooth, seams_.calendar),
+      sound_(seams_.sound, seams_.calendar),
+      keepAwake_(seams_.keepAwake) {
+  using enum DockWidget;
+  const Calendar& calendar = seams_.calendar;
+  follow(gpu_, {gpu}, [&] { gpuText_.set(gpuTile(calendar, sampled(gpu_), gpu_.history())); });
+  follow(pressure_, {memoryPressure}, [&] { pressureText_.set(pressureTile(calendar, sampled(pressure_))); });
+  follow(diskActivity_, {diskActivity},
+         [&] { diskActivityText_.set(diskActivityTile(calendar, sampled(diskActivity_))); });
+  follow(topApps_, {topApps}, [&] {
+    topAppsText_.set(topAppsTile(calendar, sampled(topApps_)));
+    const auto usage = topApps_.value().value_or(std::vector<ProcessUsage>{});
+    topThree_.set(processRows(calendar, usage, shownPrograms));
+    topAppRows_.set(processRows(calendar, usage, listedPrograms));
+  });
+  follow(batteryHealth_, {batteryHealth}, [this] { publishPower(); });
+  follow(power_, {battery, power}, [this] { publishPower(); });
+  follow(wifi_, {wifi}, [&] {
+    wifiText_.set(wifiTile(calendar, sampled(wifi_)));
+    wifiRows_.set(ambrel::wifiRows(calendar, wifi_.value().value_or(WiFiReading{})));
+  });
+  follow(latency_, {latency}, [&] {
+    latencyText_.set(latencyTile(calendar, sampled(latency_), latency_.history()));
+    latencyRows_.set(ambrel::latencyRows(calendar, latency_.history()));
+  });
+  follow(volumes_, {volumes}, [this] { publishVolumes(); });
+  follow(thermal_, {thermal}, [&] { thermalText_.set(thermalTile(calendar, sampled(thermal_))); });
+  follow(addresses_, {ipAddress}, [&] {
+    addressText_.set(addressTile(sampled(addresses_)));
+    addressRows_.set(ambrel::addressRows(addresses_.value().value_or(std::vector<NetworkAddress>{})));
+  });
+  publishUptime(seams_.now());
+  setDisplay(std::nullopt);
+  const QMetaObject& meta = *metaObject();
+  for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
+    QQmlEngine::setObjectOwnership(meta.property(i).read(this).value<QObject*>(), QQmlEngine::CppOwnership);
+}
+
+LiveModels::~LiveModels() = default;
+
+void LiveModels::follow(SamplerBase& sampler, std::vector<DockWidget> widgets, std::function<void()> publish) {
+  entries_.push_back({&sampler, std::move(widgets), {}});
+  publish();
+  connect(&sampler, &SamplerBase::sampled, this, std::move(publish));
+}
+
+Background LiveModels::gathered() {
+  return [this](std::function<void()> work, std::function<void()> done) {
+    gathered_.emplace_back(std::move(work), std::move(done));
+  };
+}
+
+void LiveModels::flush() {
+  if (gathered_.empty()) return;
+  auto jobs = std::make_shared<decltype(gathered_)>(std::exchange(gathered_, {}));
+  seams_.background(
+      [jobs] {
+        for (const auto& job : *jobs) job.first();
+      },
+      [jobs] {
+        for (const auto& job : *jobs) job.second();
+      });
+}
+
+std::optional<Seconds> LiveModels::rhythm(Entry& entry) const {
+  std::optional<Seconds> shortest;
+  const bool isShown = areActive_ && std::ranges::any_of(entry.widgets, [this](auto w) { return isOnBar(w); });
+  if (isShown) shortest = entry.sampler->interval();
+  std::erase_if(entry.needs, [](const auto& need) { return need.expired(); });
+  for (const auto& held : entry.needs)
+    if (const Need need = held.lock()) shortest = shortest ? std::min(*shortest, *need) : *need;
+  return shortest;
+}
+
+void LiveModels::tick(Instant now) {
+  for (Entry& entry : entries_)
+    if (const auto interval = rhythm(entry)) entry.sampler->poll(now, *interval);
+  flush();
+  if (areActive_ && isOnBar(DockWidget::uptime)) publishUptime(now);
+}
+
+void LiveModels::setShown(std::set<DockWidget> widgets, bool areActive, Instant now) {
+  widgets_ = std::move(widgets);
+  areActive_ = areActive;
+  // These speak up by themselves, so that being out of sight costs nothing.
+  sound_.setListening(isOnBar(DockWidget::volume) || isOnBar(DockWidget::micMute));
+  bluetooth_.setListening(isOnBar(DockWidget::bluetooth));
+  if (keepAwake_.isOn() && !isOnBar(DockWidget::keepAwake)) keepAwake_.release();
+  tick(now);
+}
+
+LiveModels::Need LiveModels::require(SamplerBase& sampler, Seconds interval) {
+  auto need = std::make_shared<const Seconds>(interval);
+  for (Entry& entry : entries_)
+    if (entry.sampler == &sampler) entry.needs.push_back(need);
+  sampler.poll(seams_.now(), interval);
+  flush();
+  return need;
+}
+
+void LiveModels::publishPower() {
+  const Calendar& calendar = seams_.calendar;
+  batteryText_.set(batteryTile(calendar, sampled(power_)));
+  powerText_.set(powerTile(calendar, sampled(power_)));
+  batteryHealthText_.set(batteryHealthTile(calendar, sampled(batteryHealth_)));
+  powerRows_.set(ambrel::powerRows(calendar, power_.value(), batteryHealth_.value()));
+}
+
+void LiveModels::publishVolumes() {
+  const auto list = volumes_.value().value_or(std::vector<VolumeInfo>{});
+  // What has gone needs no word any more.
+  std::erase_if(ejects_, [&](const auto& eject) {
+    return !eject.second.isUnderWay && std::ranges::find(list, eject.first, &VolumeInfo::url) == list.end();
+  });
+  volumesText_.set(volumesTile(seams_.calendar, sampled(volumes_)));
+  volumeRows_.set(ambrel::volumeRows(seams_.calendar, list, ejects_));
+}
+
+void LiveModels::publishUptime(Instant now) {
+  const Seconds sinceBoot = seams_.readings.sinceBoot();
+  const auto minutes = static_cast<long long>(sinceBoot.count() / 60);
+  if (uptimeMinutes_ == minutes) return;
+  uptimeMinutes_ = minutes;
+  uptimeText_.set(uptimeTile(seams_.calendar, sinceBoot, now));
+}
+
+void LiveModels::eject(const QString& url) {
+  const std::string key = url.toStdString();
+  const auto& list = volumes_.value();
+  if (!list) return;
+  const auto volume = std::ranges::find(*list, key, &VolumeInfo::url);
+  if (volume == list->end() || ejects_[key].isUnderWay) return;
+  ejects_[key] = {.isUnderWay = true, .result = std::nullopt};
+  publishVolumes();
+  seams_.volumes.eject(key, [self = QPointer(this), key, name = toQString(volume->name)](const EjectResult& result) {
+    if (!self) return;
+    self->ejects_[key] = {.isUnderWay = false, .result = result};
+    self->publishVolumes();
+    self->volumes_.refresh(self->seams_.now());
+    if (self->onEjected) self->onEjected(name, result);
+  });
+}
+
+void LiveModels::refreshLatency() { latency_.refresh(seams_.now()); }
+
+QString LiveModels::addressToCopy() const {
+  const auto& list = addresses_.value();
+  return list && !list->empty() ? toQString(list->front().text) : QString();
+}
+
+}  // namespace ambrel

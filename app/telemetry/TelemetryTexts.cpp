@@ -1,0 +1,219 @@
+#include "app/telemetry/TelemetryTexts.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cmath>
+
+#include "app/base/StoredValue.h"
+#include "app/telemetry/TelemetryWords.h"
+#include "core/base/LocalText.h"
+
+namespace ambrel {
+
+using namespace words;
+
+namespace {
+
+TileReading measuring() { return {.value = QStringLiteral("–"), .subLine = tr("Measuring…")}; }
+
+TileReading saying(const QString& message, const QString& shortMessage, const QString& tip = {}) {
+  return {.message = message, .shortMessage = shortMessage, .tip = tip.isEmpty() ? message : message + u'\n' + tip};
+}
+
+// The figures first, what they mean below.
+QString explained(const QString& figures, const QString& help) {
+  return figures.isEmpty() ? help : figures + u'\n' + help;
+}
+
+QList<qreal> percentages(const std::deque<double>& shares) {
+  QList<qreal> list;
+  for (const double share : shares) list.append(share * 100);
+  return list;
+}
+
+}  // namespace
+
+TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const std::deque<double>& history) {
+  const QString help = tr("Graphics processor load over the last 80 seconds");
+  if (gpu.isUnavailable) return saying(tr("No GPU statistics"), tr("No data"), help);
+  if (!gpu.value) return measuring();
+  TileReading tile{.value = number(calendar, *gpu.value * 100),
+                   .unit = QStringLiteral("%"),
+                   .tip = help,
+                   .percent = *gpu.value * 100,
+                   .history = percentages(history)};
+  if (!history.empty()) tile.subLine = tr("max %1").arg(percent(calendar, *std::ranges::max_element(history)));
+  return tile;
+}
+
+TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading>& pressure) {
+  if (pressure.isUnavailable) return saying(tr("No memory statistics"), tr("No data"));
+  if (!pressure.value) return measuring();
+  const PressureReading& reading = *pressure.value;
+  const QString swap = tr("Swap %1").arg(size(calendar, reading.swapUsedBytes));
+  TileReading tile{.subLine = swap, .percent = (1 - reading.fraction) * 100};
+  switch (reading.level) {
+    case MemoryPressure::normal:
+      tile.value = tr("Normal");
+      break;
+    case MemoryPressure::warning:
+      tile.value = tr("Warning");
+      tile.level = 1;
+      break;
+    case MemoryPressure::critical:
+      tile.value = tr("Critical");
+      tile.level = 2;
+      break;
+  }
+  tile.tip = explained(joined({tile.value, swap}),
+                       tr("Memory pressure, as Activity Monitor shows it. Swap is memory that macOS moved to the "
+                          "disk."));
+  return tile;
+}
+
+TileReading diskActivityTile(const Calendar& calendar, const Sampled<DiskRates>& rates) {
+  const QString help = tr("Read (blue) and write (purple) speed of all disks");
+  if (rates.isUnavailable) return saying(tr("No disk statistics"), tr("No data"), help);
+  if (!rates.value) return measuring();
+  const RateText read = rateText(calendar, rates.value->readPerSecond);
+  const RateText written = rateText(calendar, rates.value->writePerSecond);
+  return {.value = toQString(read.figure),
+          .unit = toQString(read.unit),
+          .secondValue = toQString(written.figure),
+          .secondUnit = toQString(written.unit),
+          .tip = help};
+}
+
+TileReading topAppsTile(const Calendar& calendar, const Sampled<std::vector<ProcessUsage>>& usage) {
+  if (usage.isUnavailable) return saying(tr("No process statistics"), tr("No data"));
+  if (!usage.value) return measuring();
+  if (usage.value->empty()) return saying(tr("Nothing is busy"), tr("Quiet"));
+  const ProcessUsage& first = usage.value->front();
+  QStringList lines;
+  for (std::size_t i = 0; i < std::min<std::size_t>(3, usage.value->size()); ++i)
+    lines.append(oneLine((*usage.value)[i].name) + u' ' + coresText(calendar, (*usage.value)[i].cores));
+  return {.value = coresText(calendar, first.cores), .subLine = oneLine(first.name), .tip = lines.join(u'\n')};
+}
+
+TileReading thermalTile(const Calendar& calendar, const Sampled<ThermalReading>& thermal) {
+  const QString help =
+      tr("The thermal state macOS reports. From Serious on, macOS slows the processor down to cool the Mac.");
+  if (thermal.isUnavailable) return saying(tr("No sensor found"), tr("No sensor"), help);
+  if (!thermal.value) return measuring();
+  const ThermalReading& reading = *thermal.value;
+  const QString state = thermalName(reading.level);
+  const QString degrees = reading.celsius ? number(calendar, *reading.celsius) : QString();
+  const QString warmth = degrees.isEmpty() ? QString() : degrees + QStringLiteral(" °C");
+  const QString tip = explained(joined({state, warmth}), help);
+  if (reading.level == ThermalLevel::serious || reading.level == ThermalLevel::critical)
+    return {.message = tr("Slowing down to cool"),
+            .shortMessage = warmth.isEmpty() ? state : warmth,
+            .tip = tip,
+            .level = reading.level == ThermalLevel::critical ? 2 : 1};
+  return {.value = degrees.isEmpty() ? state : degrees,
+          .unit = degrees.isEmpty() ? QString() : QStringLiteral("°C"),
+          .subLine = tr("Normal"),
+          .tip = tip};
+}
+
+TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& check,
+                        const std::deque<LatencyCheck>& history) {
+  const QString help = tr("Time to reach the internet, every 30 seconds");
+  if (!check.value) return measuring();
+  std::vector<std::optional<double>> results;
+  TileReading tile;
+  for (const LatencyCheck& past : history) {
+    results.push_back(past.milliseconds);
+    tile.history.append(past.milliseconds.value_or(qQNaN()));
+  }
+  const LatencyStats stats = LatencyStats::of(results);
+  if (!check.value->milliseconds) {
+    tile.message = tr("No answer");
+    tile.shortMessage = tr("Failed");
+    tile.level = 2;
+    tile.tip = explained(tile.message, help);
+    return tile;
+  }
+  const double last = *check.value->milliseconds;
+  tile.value = number(calendar, last);
+  tile.unit = tr("ms");
+  tile.level = std::max(0, LatencyStats::level(last) - 1);
+  tile.subLine = results.size() > 1 ? tr("avg %1").arg(number(calendar, stats.average)) : QString();
+  tile.tip = explained(stats.failures > 0 ? tr("%1 of %2 without an answer").arg(stats.failures).arg(results.size())
+                                          : QString(),
+                       help);
+  return tile;
+}
+
+TileReading wifiTile(const Calendar& calendar, const Sampled<WiFiReading>& wifi) {
+  if (wifi.isUnavailable) return saying(tr("This Mac has no Wi-Fi"), tr("No Wi-Fi"));
+  if (!wifi.value) return measuring();
+  const WiFiReading& reading = *wifi.value;
+  if (!reading.isOn) return saying(tr("Wi-Fi is turned off"), tr("Off"));
+  if (!reading.isConnected()) return saying(tr("Not connected"), tr("None"));
+  const QString signal = dbm(calendar, reading.rssi);
+  const QString noise = reading.signalToNoise() ? tr("SNR %1 dB").arg(*reading.signalToNoise()) : QString();
+  const QString name = oneLine(reading.networkName.value_or(""));
+  return {.value = name.isEmpty() ? tr("Connected") : name,
+          .subLine = signal,
+          .tip = explained(joined({name, signal, noise}),
+                           tr("Signal strength (RSSI) and signal to noise (SNR). 25 dB SNR or more is good for "
+                              "calls.")),
+          .percent = reading.bars() * 25,
+          .level = reading.bars() <= 1 ? 1 : 0};
+}
+
+TileReading addressTile(const Sampled<std::vector<NetworkAddress>>& addresses) {
+  if (!addresses.value && !addresses.isUnavailable) return measuring();
+  if (!addresses.value || addresses.value->empty()) return saying(tr("Not connected"), tr("Offline"));
+  const NetworkAddress& first = addresses.value->front();
+  const QString text = toQString(first.text), interface = oneLine(first.interface);
+  return {.value = text, .subLine = interface, .tip = explained(text, tr("Click to copy it"))};
+}
+
+TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<VolumeInfo>>& volumes) {
+  const QString invitation = tr("Connect a drive to see it here");
+  if (!volumes.value && !volumes.isUnavailable) return measuring();
+  if (!volumes.value || volumes.value->empty()) return saying(tr("No external drives"), tr("None"), invitation);
+  const VolumeInfo& first = volumes.value->front();
+  const auto more = static_cast<int>(volumes.value->size()) - 1;
+  TileReading tile{.value = oneLine(first.name),
+                   .subLine = tr("%1 free").arg(size(calendar, static_cast<std::uint64_t>(first.freeBytes))),
+                   .fact = more > 0 ? QStringLiteral("+%1").arg(more) : QString(),
+                   .percent = usedPercent(first)};
+  QStringList lines;
+  for (const VolumeInfo& volume : *volumes.value)
+    lines.append(oneLine(volume.name) + QStringLiteral(", ") + spaceText(calendar, volume));
+  tile.tip = lines.join(u'\n');
+  return tile;
+}
+
+TileReading uptimeTile(const Calendar& calendar, Seconds sinceBoot, Instant now) {
+  if (sinceBoot.count() <= 0) return measuring();
+  const auto minutes = static_cast<long long>(sinceBoot.count() / 60);
+  const auto hours = minutes / 60, days = hours / 24;
+  const QString text = days > 0    ? tr("%1 d %2 h").arg(days).arg(hours % 24)
+                       : hours > 0 ? tr("%1 h %2 min").arg(hours).arg(minutes % 60)
+                                   : tr("%1 min").arg(minutes);
+  const Instant start = advanced(now, -sinceBoot);
+  // The time alone on the day itself; within a week the weekday is enough.
+  const bool isToday = calendar.dayKey(start) == calendar.dayKey(now);
+  const std::string since = isToday    ? shortTime(calendar, start)
+                            : days < 6 ? formattedDate(calendar, start, "EEEjmm")
+                                       : formattedDate(calendar, start, "dMMM");
+  return {.value = text,
+          .subLine = tr("since %1").arg(toQString(since)),
+          .tip = tr("Started %1").arg(toQString(formattedDate(calendar, start, "EEEEdMMMMjmm")))};
+}
+
+TileReading displayTile(const std::optional<DisplayReading>& display) {
+  if (!display) return saying(tr("No display"), tr("None"));
+  const QString rate = toQString(DisplayText::refreshRate(display->refreshRate));
+  const QString scale = toQString(DisplayText::scale(display->scale));
+  const QString resolution = QStringLiteral("%1 × %2").arg(display->width).arg(display->height);
+  return {.value = resolution,
+          .subLine = rate + u' ' + scale,
+          .tip = explained(oneLine(display->name), joined({resolution, rate, scale}))};
+}
+
+}  // namespace ambrel

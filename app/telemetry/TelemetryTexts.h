@@ -1,0 +1,74 @@
+#pragma once
+// What the tiles and panels of the computer's parts say, from the records alone.
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/telemetry/LiveRows.h"
+#include "app/telemetry/LiveText.h"
+#include "core/base/Calendar.h"
+#include "core/telemetry.h"
+#include "platform/Bluetooth.h"
+#include "platform/SoundControl.h"
+#include "platform/Volumes.h"
+
+namespace ambrel {
+
+// What a sampler has: nothing yet, a value, or no such part.
+template <typename Value>
+struct Sampled {
+  std::optional<Value> value;
+  bool isUnavailable = false;
+};
+
+// `history` in shares of one, oldest first.
+TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const std::deque<double>& history);
+TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading>& pressure);
+TileReading diskActivityTile(const Calendar& calendar, const Sampled<DiskRates>& rates);
+TileReading topAppsTile(const Calendar& calendar, const Sampled<std::vector<ProcessUsage>>& usage);
+TileReading thermalTile(const Calendar& calendar, const Sampled<ThermalReading>& thermal);
+TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& check,
+                        const std::deque<LatencyCheck>& history);
+TileReading wifiTile(const Calendar& calendar, const Sampled<WiFiReading>& wifi);
+TileReading addressTile(const Sampled<std::vector<NetworkAddress>>& addresses);
+TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<VolumeInfo>>& volumes);
+
+TileReading batteryTile(const Calendar& calendar, const Sampled<PowerReading>& power);
+TileReading powerTile(const Calendar& calendar, const Sampled<PowerReading>& power);
+TileReading batteryHealthTile(const Calendar& calendar, const Sampled<BatteryHealthReading>& health);
+
+TileReading volumeTile(const Calendar& calendar, const std::optional<SoundLevel>& output);
+TileReading microphoneTile(const std::optional<SoundLevel>& microphone);
+TileReading bluetoothTile(const Calendar& calendar, const std::optional<BluetoothReading>& bluetooth);
+TileReading keepAwakeTile(bool isHeld, bool hasFailed);
+TileReading uptimeTile(const Calendar& calendar, Seconds sinceBoot, Instant now);
+
+struct DisplayReading {
+  std::string name;
+  int width = 0, height = 0;  // device pixels
+  double refreshRate = 0;     // hertz; 0 while unknown
+  double scale = 1;
+  friend bool operator==(const DisplayReading&, const DisplayReading&) = default;
+};
+TileReading displayTile(const std::optional<DisplayReading>& display);
+
+// The lists behind the tiles.
+std::vector<LiveRow> processRows(const Calendar& calendar, const std::vector<ProcessUsage>& usage, std::size_t most);
+struct Eject {
+  bool isUnderWay = false;
+  std::optional<EjectResult> result;  // a refusal
+};
+// `ejects` by url.
+std::vector<LiveRow> volumeRows(const Calendar& calendar, const std::vector<VolumeInfo>& volumes,
+                                const std::map<std::string, Eject>& ejects);
+std::vector<LiveRow> bluetoothRows(const Calendar& calendar, const std::vector<BluetoothDevice>& devices);
+std::vector<LiveRow> addressRows(const std::vector<NetworkAddress>& addresses);
+std::vector<LiveRow> latencyRows(const Calendar& calendar, const std::deque<LatencyCheck>& history);
+std::vector<LiveRow> wifiRows(const Calendar& calendar, const WiFiReading& wifi);
+std::vector<LiveRow> powerRows(const Calendar& calendar, const std::optional<PowerReading>& power,
+                               const std::optional<BatteryHealthReading>& health);
+
+}  // namespace ambrel

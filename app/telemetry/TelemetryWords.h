@@ -1,0 +1,82 @@
+#pragma once
+// The small forms that the texts of the computer's parts are made of.
+
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+#include <cmath>
+
+#include "app/base/StoredValue.h"
+#include "core/base/LocalText.h"
+#include "core/telemetry.h"
+
+namespace ambrel::words {
+
+inline QString tr(const char* text) { return QCoreApplication::translate("Telemetry", text); }
+
+inline QString number(const Calendar& calendar, double value) {
+  // No "-0".
+  return toQString(decimal(calendar, std::round(value) + 0.0, 0));
+}
+
+// "23 %" of a share of one.
+inline QString percent(const Calendar& calendar, double share) {
+  return number(calendar, share * 100) + QStringLiteral(" %");
+}
+
+// Of one core: "142 %", "0.4 %".
+inline QString coresText(const Calendar& calendar, double cores) {
+  const double value = cores * 100;
+  return toQString(decimal(calendar, value, value < 9.95 ? 1 : 0)) + QStringLiteral(" %");
+}
+
+inline QString size(const Calendar& calendar, std::uint64_t bytes) {
+  return toQString(fileSize(calendar, static_cast<std::int64_t>(bytes)));
+}
+
+inline QString dbm(const Calendar& calendar, int value) { return number(calendar, value) + QStringLiteral(" dBm"); }
+
+// Names come from others: whatever would break the line becomes a blank.
+inline QString oneLine(const std::string& name) {
+  QString text = toQString(name);
+  for (QChar& character : text)
+    if (character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
+        character == QChar::ParagraphSeparator)
+      character = u' ';
+  return text.simplified();
+}
+
+inline QString joined(const QStringList& parts) {
+  QStringList present;
+  for (const QString& part : parts)
+    if (!part.isEmpty()) present.append(part);
+  return present.join(QStringLiteral(", "));
+}
+
+inline QString thermalName(ThermalLevel level) {
+  switch (level) {
+    case ThermalLevel::nominal:
+      return tr("Nominal");
+    case ThermalLevel::fair:
+      return tr("Fair");
+    case ThermalLevel::serious:
+      return tr("Serious");
+    case ThermalLevel::critical:
+      return tr("Critical");
+  }
+  return {};
+}
+
+inline std::optional<double> usedPercent(const VolumeInfo& volume) {
+  if (volume.totalBytes <= 0) return std::nullopt;
+  return 100.0 * static_cast<double>(volume.totalBytes - volume.freeBytes) / static_cast<double>(volume.totalBytes);
+}
+
+// "12 GB of 64 GB free"
+inline QString spaceText(const Calendar& calendar, const VolumeInfo& volume) {
+  return tr("%1 of %2 free")
+      .arg(size(calendar, static_cast<std::uint64_t>(volume.freeBytes)),
+           size(calendar, static_cast<std::uint64_t>(volume.totalBytes)));
+}
+
+}  // namespace ambrel::words

@@ -1,0 +1,202 @@
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/telemetry/Sampler.h"
+#include "tests/fakes/HeldWork.h"
+
+namespace ambrel {
+namespace {
+
+constexpr Instant start = Instant(std::chrono::seconds(1'800'000'000));
+Instant at(double seconds) { return advanced(start, Seconds(seconds)); }
+
+// A counter whose growth is published, read every 4 seconds; the newest three values are kept.
+struct Fixture {
+  std::optional<int> counter = 100;
+  int reads = 0;
+  HeldWork held;
+  Sampler<int, int> sampler{{.interval = Seconds(4),
+                             .historyLength = 3,
+                             .read =
+                                 [this] {
+                                   ++reads;
+                                   return counter;
+                                 },
+                             .combine =
+                                 [](const std::optional<int>& previous, const int& current) {
+                                   return previous && current >= *previous ? std::optional(current - *previous)
+                                                                           : std::nullopt;
+                                 }},
+                            held.background()};
+
+  void sample(double seconds, std::optional<int> reading) {
+    counter = reading;
+    sampler.poll(at(seconds));
+    held.letGo();
+  }
+};
+
+}  // namespace
+
+class SamplerTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void aFirstReadingOfACounterIsNotPublished();
+  void readsAreSpacedByTheInterval_data();
+  void readsAreSpacedByTheInterval();
+  void oneReadIsInFlightAtATime();
+  void theHistoryHoldsTheNewestValues();
+  void aReaderThatGivesNothingMakesItUnavailable();
+  void aPauseStartsAnew();
+  void aHistoryThatIsNoTimeAxisOutlivesAPause();
+  void aCounterThatIsResetKeepsTheLastValue();
+  void aReadingWithoutACombinationIsPublishedAsItIs();
+  void aReadThatComesBackAfterItsSamplerIsDropped();
+};
+
+void SamplerTests::aFirstReadingOfACounterIsNotPublished() {
+  Fixture f;
+  QSignalSpy sampled(&f.sampler, &SamplerBase::sampled);
+  QVERIFY(!f.sampler.lastRun());
+  f.sample(0, 100);
+  QVERIFY(!f.sampler.value());
+  QVERIFY(!f.sampler.isUnavailable());
+  QVERIFY(f.sampler.history().empty());
+  QCOMPARE(f.sampler.previous(), std::optional(100));
+  f.sample(4, 130);
+  QCOMPARE(f.sampler.value(), std::optional(30));
+  QCOMPARE(f.sampler.history(), std::deque<int>{30});
+  QCOMPARE(sampled.count(), 2);
+}
+
+void SamplerTests::readsAreSpacedByTheInterval_data() {
+  QTest::addColumn<double>("seconds");
+  QTest::addColumn<bool>("isRead");
+  QTest::newRow("at once again") << 0.0 << false;
+  QTest::newRow("at the tick before") << 2.0 << false;
+  QTest::newRow("too early") << 3.7 << false;
+  QTest::newRow("by a timer that is a little early") << 3.8 << true;
+  QTest::newRow("in time") << 4.0 << true;
+  QTest::newRow("late") << 9.0 << true;
+  QTest::newRow("after the clock was set back") << -3600.0 << true;
+}
+
+void SamplerTests::readsAreSpacedByTheInterval() {
+  QFETCH(double, seconds);
+  QFETCH(bool, isRead);
+  Fixture f;
+  f.sample(0, 100);
+  f.sample(seconds, 100);
+  QCOMPARE(f.reads, isRead ? 2 : 1);
+  QCOMPARE(f.sampler.lastRun(), std::optional(at(isRead ? seconds : 0)));
+}
+
+void SamplerTests::oneReadIsInFlightAtATime() {
+  Fixture f;
+  f.sampler.poll(at(0));
+  QVERIFY(f.sampler.isRunning());
+  f.sampler.poll(at(40));
+  QCOMPARE(f.held.waiting.size(), 1u);
+  // One that is asked for meanwhile comes right after.
+  f.sampler.refresh(at(41));
+  f.sampler.refresh(at(42));
+  QCOMPARE(f.held.waiting.size(), 1u);
+  f.held.letGo();
+  QVERIFY(f.sampler.isRunning());
+  QCOMPARE(f.held.waiting.size(), 1u);
+  f.held.letGo();
+  QVERIFY(!f.sampler.isRunning());
+  QCOMPARE(f.reads, 2);
+}
+
+void SamplerTests::theHistoryHoldsTheNewestValues() {
+  Fixture f;
+  for (int i = 0; i <= 5; ++i) f.sample(4.0 * i, i * i);
+  QCOMPARE(f.sampler.history(), (std::deque<int>{5, 7, 9}));
+  QCOMPARE(f.sampler.historyLength(), 3u);
+}
+
+void SamplerTests::aReaderThatGivesNothingMakesItUnavailable() {
+  Fixture f;
+  f.sample(0, 100);
+  f.sample(4, 110);
+  f.sample(8, std::nullopt);
+  QVERIFY(f.sampler.isUnavailable());
+  QVERIFY(!f.sampler.value());
+  QVERIFY(!f.sampler.previous());
+  // What comes back primes anew.
+  f.sample(12, 5000);
+  QVERIFY(!f.sampler.isUnavailable());
+  QVERIFY(!f.sampler.value());
+  f.sample(16, 5004);
+  QCOMPARE(f.sampler.value(), std::optional(4));
+}
+
+void SamplerTests::aPauseStartsAnew() {
+  Fixture f;
+  f.sample(0, 100);
+  f.sample(4, 110);
+  f.sample(24, 130);
+  QCOMPARE(f.sampler.history(), (std::deque<int>{10, 20}));
+  // The bar was hidden, or the computer slept.
+  f.sample(45, 9000);
+  QVERIFY(!f.sampler.value());
+  QVERIFY(f.sampler.history().empty());
+  f.sample(49, 9007);
+  QCOMPARE(f.sampler.value(), std::optional(7));
+  QCOMPARE(f.sampler.history(), std::deque<int>{7});
+}
+
+void SamplerTests::aHistoryThatIsNoTimeAxisOutlivesAPause() {
+  HeldWork held;
+  int reading = 1;
+  Sampler<int> sampler({.interval = Seconds(30),
+                        .historyLength = 5,
+                        .read = [&] { return std::optional(reading++); },
+                        .keepsHistory = true},
+                       held.background());
+  for (const double seconds : {0.0, 30.0, 4000.0}) {
+    sampler.poll(at(seconds));
+    held.letGo();
+  }
+  QCOMPARE(sampler.history(), (std::deque<int>{1, 2, 3}));
+}
+
+void SamplerTests::aCounterThatIsResetKeepsTheLastValue() {
+  Fixture f;
+  f.sample(0, 100);
+  f.sample(4, 110);
+  f.sample(8, 3);
+  QCOMPARE(f.sampler.value(), std::optional(10));
+  QCOMPARE(f.sampler.history(), std::deque<int>{10});
+  f.sample(12, 8);
+  QCOMPARE(f.sampler.value(), std::optional(5));
+}
+
+void SamplerTests::aReadingWithoutACombinationIsPublishedAsItIs() {
+  HeldWork held;
+  Sampler<int> sampler({.interval = Seconds(2), .historyLength = 0, .read = [] { return std::optional(7); }},
+                       held.background());
+  sampler.poll(at(0));
+  held.letGo();
+  QCOMPARE(sampler.value(), std::optional(7));
+  QVERIFY(sampler.history().empty());
+}
+
+void SamplerTests::aReadThatComesBackAfterItsSamplerIsDropped() {
+  HeldWork held;
+  int reads = 0;
+  {
+    Sampler<int> sampler({.interval = Seconds(2), .read = [&reads] { return std::optional(++reads); }},
+                         held.background());
+    sampler.poll(at(0));
+  }
+  held.letGo();
+  QCOMPARE(reads, 1);
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::SamplerTests)
+#include "SamplerTests.moc"
