@@ -101,13 +101,17 @@ void AppDelegate::makeContext() {
   system_ = std::make_unique<SystemMonitor>(desktop_.readings, background_, surroundings_.calendar);
   clock_ = std::make_unique<ClockModel>(surroundings_.calendar);
   makeUsage();
+  makeFocus();
+  makeWeather();
   context_ = std::make_unique<WidgetContext>(WidgetContext::Models{
       .model = model_,
                                                                   .settings = settings_,
                                                                   .agents = agents_,
                                                                   .system = *system_,
                                                                   .clock = *clock_,
-                                                                  .usage = usage_.get()});
+                                                                  .usage = usage_.get(),
+                                                                  .focus = focus_.get(),
+                                                                  .weather = weather_.get()});
   keep({system_.get(), clock_.get(), context_.get()});
   context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
     toast_.show(title, detail, symbol);
@@ -206,7 +210,12 @@ void AppDelegate::makePanels() {
       {{QStringLiteral("model"), toVariant(model_)}, {QStringLiteral("gallery"), toVariant(gallery_)}}, {760, 480});
 
   tileMenu_ = makePanel("Dock/TileMenuView.qml", {{QStringLiteral("model"), toVariant(model_)}}, {216, 147});
-  tileMenu_->onContentMade = [customizes](QObject& content) { customizes(content, SIGNAL(customizeAsked())); };
+  tileMenu_->onContentMade = [this, customizes](QObject& content) {
+    customizes(content, SIGNAL(customizeAsked()));
+    connect(&content, SIGNAL(ownChosen()), this, SLOT(chooseTileCommand()));
+  };
+  addFocusPanels();
+  addWeatherPanels();
 }
 
 void AppDelegate::makeDock() {
@@ -235,6 +244,9 @@ void AppDelegate::makeDock() {
 
 void AppDelegate::makePeeker() {
   peeker_ = std::make_unique<ContextPeeker>(agents_, settings_, [this](Seconds length) { dock_->peek(length); });
+  peeker_->gatherMore = [this](PeekSignals& signals) {
+    signals.waterDue = focus_->water()->waterDueAt(surroundings_.now());
+  };
   every(ContextPeeker::interval, [this] { peeker_->check(surroundings_.now()); });
 }
 
@@ -340,9 +352,10 @@ void AppDelegate::openPurchasePage() { QDesktopServices::openUrl(QUrl(QString::f
 void AppDelegate::openTileMenu(const QString& item) {
   const Profile* profile = model_.activeProfile();
   if (!profile) return;
-  QString previous, next;
+  QString previous, next, widget;
   for (std::size_t i = 0; i < profile->items.size(); ++i) {
     if (QString::fromStdString(profile->items[i].id.text()) != item) continue;
+    widget = QString::fromStdString(profile->items[i].widget.value_or(""));
     if (i > 0) previous = QString::fromStdString(profile->items[i - 1].id.text());
     if (i + 1 < profile->items.size()) next = QString::fromStdString(profile->items[i + 1].id.text());
   }
@@ -350,7 +363,16 @@ void AppDelegate::openTileMenu(const QString& item) {
   tileMenu_->setProperty(QStringLiteral("item"), item);
   tileMenu_->setProperty(QStringLiteral("previousItem"), previous);
   tileMenu_->setProperty(QStringLiteral("nextItem"), next);
+  const WidgetContext::MenuCommand* own = context_->menuCommand(widget);
+  tileMenu_->setProperty(QStringLiteral("ownText"), own ? own->text() : QString());
+  tileMenu_->setProperty(QStringLiteral("ownSymbol"), own ? own->symbol : QString());
+  tileMenu_->setSize({216, own ? 188 : 147});
+  tileCommand_ = own ? [action = own->action, item] { action(item); } : std::function<void()>();
   toggle(tileMenu_.get(), item);
+}
+
+void AppDelegate::chooseTileCommand() {
+  if (tileCommand_) tileCommand_();
 }
 
 std::vector<DockPopoverController*> AppDelegate::panels() const {

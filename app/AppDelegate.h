@@ -67,10 +67,16 @@ class AppDelegate : public QObject {
   void openAgentSettings();
   void openPurchasePage();
   void chooseSettingsTab(const QString& tab);
+  void chooseTileCommand();
 
  private:
   // The models of one area each, before the context that holds them; app/wiring has a source for each area.
   void makeUsage();
+  void makeFocus();
+  void makeWeather();
+  // Their panels.
+  void addFocusPanels();
+  void addWeatherPanels();
 
   void makeContext();
   void makePanels();
@@ -129,10 +135,13 @@ class AppDelegate : public QObject {
   std::unique_ptr<ClockModel> clock_;
   std::unique_ptr<AIUsageModel> usage_;
   std::unique_ptr<ClaudeStatusLineModel> statusLine_;
+  std::unique_ptr<FocusModels> focus_;
+  std::unique_ptr<WeatherModels> weather_;
   std::unique_ptr<WidgetContext> context_;
   std::unique_ptr<DockPopoverController> upsellPanel_, settingsPanel_, welcomePanel_, agentsPanel_, customizePanel_,
       tileMenu_;
   std::vector<std::unique_ptr<DockPopoverController>> tilePanels_;
+  std::function<void()> tileCommand_;  // of the tile whose menu was opened last
   QVariantMap settingsPages_;  // tab to the properties of its page
   std::map<std::string, NotificationAnswer> notificationAnswers_;
   std::unique_ptr<DockPanelController> dock_;

@@ -33,6 +33,15 @@ void WidgetContext::setSettingsAction(const QString& widget, TileAction action) 
   settingsActions_[widget] = std::move(action);
 }
 
+void WidgetContext::setMenuCommand(const QString& widget, MenuCommand command) {
+  menuCommands_[widget] = std::move(command);
+}
+
+const WidgetContext::MenuCommand* WidgetContext::menuCommand(const QString& widget) const {
+  const auto found = menuCommands_.find(widget);
+  return found == menuCommands_.end() ? nullptr : &found->second;
+}
+
 void WidgetContext::activate(const QString& widget, const QString& item) const {
   carryOut(clickActions_, widget, item);
 }

@@ -8,9 +8,11 @@
 
 #include "app/agents/AgentsModel.h"
 #include "app/context/BarLimits.h"
+#include "app/focus/FocusModels.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
 #include "app/usage/AIUsageModel.h"
+#include "app/weather/WeatherModels.h"
 #include "app/widgets/ClockModel.h"
 #include "app/widgets/SystemMonitor.h"
 
@@ -27,6 +29,8 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::SystemMonitor* system READ system CONSTANT)
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT)
   Q_PROPERTY(ambrel::AIUsageModel* usage READ usage CONSTANT)
+  Q_PROPERTY(ambrel::FocusModels* focus READ focus CONSTANT)
+  Q_PROPERTY(ambrel::WeatherModels* weather READ weather CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
   // Whether the tiles are on screen: what is not seen need not be kept current.
   Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
@@ -40,6 +44,8 @@ class WidgetContext : public QObject {
     ClockModel& clock;
     // Each of these serves tiles of its own alone; without it none of them may stand on the bar.
     AIUsageModel* usage = nullptr;
+    FocusModels* focus = nullptr;
+    WeatherModels* weather = nullptr;
   };
   explicit WidgetContext(const Models& models, QObject* parent = nullptr);
 
@@ -49,6 +55,8 @@ class WidgetContext : public QObject {
   SystemMonitor* system() const { return &models_.system; }
   ClockModel* clock() const { return &models_.clock; }
   AIUsageModel* usage() const { return models_.usage; }
+  FocusModels* focus() const { return models_.focus; }
+  WeatherModels* weather() const { return models_.weather; }
   BarLimits* barLimits() { return &barLimits_; }
   bool widgetsActive() const { return widgetsActive_; }
   void setWidgetsActive(bool active);
@@ -62,6 +70,14 @@ class WidgetContext : public QObject {
   using TileAction = std::function<void(const QString& item)>;
   void setClickAction(const QString& widget, TileAction action);
   void setSettingsAction(const QString& widget, TileAction action);
+  // A command of the widget's own in its tile's menu.
+  struct MenuCommand {
+    std::function<QString()> text;
+    QString symbol;
+    TileAction action;
+  };
+  void setMenuCommand(const QString& widget, MenuCommand command);
+  const MenuCommand* menuCommand(const QString& widget) const;
 
   Q_INVOKABLE void showToast(const QString& title, const QString& detail, const QString& symbol) const;
   Q_INVOKABLE void toggleCustomize() const;
@@ -81,6 +97,7 @@ class WidgetContext : public QObject {
   Models models_;
   BarLimits barLimits_;
   std::map<QString, TileAction> clickActions_, settingsActions_;
+  std::map<QString, MenuCommand> menuCommands_;
   bool widgetsActive_ = false;
 };
 

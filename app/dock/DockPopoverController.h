@@ -47,6 +47,8 @@ class DockPopoverController : public QObject {
   void close();
   void toggle(const PanelAnchor& anchor);
 
+  // From the next opening on.
+  void setSize(QSize size) { content_.size = size; }
   // Changes a property of what is shown, now or at the first opening.
   void setProperty(const QString& name, const QVariant& value);
 

@@ -12,9 +12,13 @@ Menu {
     property string item
     property string previousItem
     property string nextItem
+    // A command of the widget's own; "" when it has none.
+    property string ownText
+    property string ownSymbol
     property bool open: false
 
     signal customizeAsked
+    signal ownChosen
 
     opacity: open ? 1 : 0
     onOpenChanged: if (open)
@@ -25,6 +29,20 @@ Menu {
         root.closeRequested();
     }
 
+    MenuRow {
+        visible: root.ownText !== ""
+        height: visible ? implicitHeight : 0
+        text: root.ownText
+        symbol: root.ownSymbol
+        onClicked: {
+            root.closeRequested();
+            root.ownChosen();
+        }
+    }
+    MenuRule {
+        visible: root.ownText !== ""
+        height: visible ? implicitHeight : 0
+    }
     MenuRow {
         text: qsTr("Move Back")
         symbol: "chevron.left"

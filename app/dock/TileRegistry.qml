@@ -11,11 +11,18 @@ QtObject {
     readonly property TileSet agents: AgentTiles {
         context: root.context
     }
+    readonly property TileSet focus: FocusTiles {
+        context: root.context
+    }
     readonly property TileSet system: SystemTiles {
         context: root.context
     }
     readonly property TileSet time: TimeTiles {
         context: root.context
     }
-    readonly property var tiles: Object.assign({}, agents.tiles, system.tiles, time.tiles)
+    readonly property TileSet weather: WeatherTiles {
+        context: root.context
+    }
+    // A family without its models is passed over.
+    readonly property var tiles: Object.assign({}, agents.tiles, context.focus ? focus.tiles : {}, system.tiles, time.tiles, context.weather ? weather.tiles : {})
 }

@@ -8,15 +8,9 @@ RingValueTile {
 
     required property BreakReminder reminder
     property bool live: false
-    // The tile's entry in its context menu.
-    readonly property string menuText: reminder.isOn ? qsTr("Pause Eye Breaks") : qsTr("Resume Eye Breaks")
     readonly property bool isIdle: !reminder.isOn && !reminder.isOnBreak
 
     signal settingsRequested
-
-    function chooseMenu() {
-        reminder.isOn = !reminder.isOn;
-    }
 
     name: qsTr("Eye Break")
     symbol: "eye"
@@ -24,13 +18,20 @@ RingValueTile {
     percent: isIdle ? 0 : reminder.isDue ? 100 : reminder.percentLeft
     tone: reminder.isDue ? Theme.orange : reminder.isOnBreak ? Theme.green : Theme.teal
     control: reminder.isOnBreak ? "xmark" : isIdle ? "play.fill" : "eye"
-    controlLabel: reminder.isOnBreak ? qsTr("Click to end the break") : isIdle ? menuText : qsTr("Take the break now")
+    controlLabel: reminder.isOnBreak ? qsTr("Click to end the break") : isIdle ? qsTr("Resume Eye Breaks") : qsTr("Take the break now")
     figure: isIdle ? qsTr("Paused") : reminder.isDue ? qsTr("Look away") : reminder.countdown
     widestFigure: isIdle || reminder.isDue ? "" : reminder.countdown.replace(/[0-9]/g, "0")
     ink: reminder.isDue ? Theme.orange.text : isIdle ? Theme.ink2 : Theme.ink
     detail: reminder.isOnBreak ? qsTr("Click to end the break") : isIdle ? qsTr("no eye breaks") : reminder.isDue ? qsTr("for 20 seconds") : qsTr("until an eye break")
     tip: isIdle || reminder.isOnBreak || reminder.isDue ? label : label + ". " + qsTr("%1 today").arg(reminder.countToday)
-    onControlPressed: reminder.isOnBreak ? reminder.endBreak() : isIdle ? chooseMenu() : reminder.takeBreak()
+    onControlPressed: {
+        if (reminder.isOnBreak)
+            reminder.endBreak();
+        else if (isIdle)
+            reminder.isOn = true;
+        else
+            reminder.takeBreak();
+    }
     onClicked: reminder.isOnBreak ? reminder.endBreak() : reminder.isDue ? reminder.takeBreak() : root.settingsRequested()
 
     LiveTimeline {

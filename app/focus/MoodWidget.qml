@@ -7,13 +7,7 @@ TileFrame {
     id: root
 
     required property MoodLog mood
-    // The tile's entry in its context menu.
-    readonly property string menuText: qsTr("Change Today's Mood")
     readonly property bool isSmall: span === TileFrame.Small
-
-    function chooseMenu() {
-        root.clicked();
-    }
 
     name: isSmall ? qsTr("Mood") : qsTr("Mood · last 7 days")
     symbol: "face.smiling"
