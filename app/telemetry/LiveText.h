@@ -44,6 +44,10 @@ class LiveText : public QObject {
   Q_PROPERTY(QString shortMessage READ shortMessage NOTIFY changed FINAL)
   Q_PROPERTY(QString symbol READ symbol NOTIFY changed FINAL)
   Q_PROPERTY(QString tip READ tip NOTIFY changed FINAL)
+  // All of it in one line, for who cannot see it.
+  Q_PROPERTY(QString spoken READ spoken NOTIFY changed FINAL)
+  // The value with its unit, where they stand in one text.
+  Q_PROPERTY(QString figure READ figure NOTIFY changed FINAL)
   // 0 to 100; not a number while unknown.
   Q_PROPERTY(qreal percent READ percent NOTIFY changed FINAL)
   Q_PROPERTY(int level READ level NOTIFY changed FINAL)
@@ -70,6 +74,8 @@ class LiveText : public QObject {
   QString shortMessage() const { return reading_.shortMessage; }
   QString symbol() const { return reading_.symbol; }
   QString tip() const { return reading_.tip; }
+  QString spoken() const;
+  QString figure() const { return reading_.unit.isEmpty() ? reading_.value : reading_.value + u' ' + reading_.unit; }
   qreal percent() const { return reading_.percent.value_or(qQNaN()); }
   int level() const { return reading_.level; }
   bool isOn() const { return reading_.isOn; }
@@ -81,5 +87,14 @@ class LiveText : public QObject {
  private:
   TileReading reading_;
 };
+
+inline QString LiveText::spoken() const {
+  if (!reading_.message.isEmpty()) return reading_.message;
+  QString text = figure();
+  const QString second = reading_.secondValue + u' ' + reading_.secondUnit;
+  for (const QString& part : {reading_.secondValue.isEmpty() ? QString() : second, reading_.subLine})
+    if (!part.isEmpty()) text += (text.isEmpty() ? QString() : QStringLiteral(", ")) + part;
+  return text;
+}
 
 }  // namespace ambrel

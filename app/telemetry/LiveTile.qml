@@ -9,17 +9,18 @@ TileFrame {
     required property LiveText reading
     readonly property bool isSmall: span === TileFrame.Small
     readonly property bool hasMessage: reading.message !== ""
+    // The value in the colour of its level.
     readonly property color levelColor: reading.level === 0 ? Theme.ink : reading.level === 1 ? Theme.orange.text : Theme.red.text
-    // A tile that draws its figures itself leaves them out here.
+    // Off where a tile draws its figures itself.
     property bool hasFigures: true
 
-    value: hasMessage ? (isSmall ? reading.shortMessage : "") : !hasFigures ? "" : isSmall && reading.unit !== "" ? reading.value + " " + reading.unit : reading.value
-    unit: hasMessage || isSmall || !hasFigures ? "" : reading.unit
-    valueColor: hasMessage ? Theme.ink2 : levelColor
+    value: hasMessage ? (isSmall ? reading.shortMessage : "") : !hasFigures ? "" : isSmall ? reading.figure : reading.value
+    unit: hasMessage || !hasFigures ? "" : reading.unit
+    valueColor: hasMessage && reading.level === 0 ? Theme.ink2 : levelColor
     subLine: hasMessage || !hasFigures ? "" : reading.subLine
     fact: reading.fact
     tip: reading.tip
-    label: name + ", " + (hasMessage ? reading.message : [reading.value + (reading.unit === "" ? "" : " " + reading.unit), reading.subLine].filter(part => part !== "").join(", "))
+    label: name + ", " + reading.spoken
 
     Label {
         visible: root.hasMessage && !root.isSmall
