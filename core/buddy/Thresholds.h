@@ -1,13 +1,14 @@
 #pragma once
 // When the rules apply.
 
+#include <cstddef>
+
 #include "core/base/Instant.h"
 
 namespace ambrel::BuddyThresholds {
 
 inline constexpr Seconds shortestRun{300};       // a shorter run ends without a word
 inline constexpr Seconds stillWorkingStep{900};  // and again after as long
-inline constexpr Seconds awayThreshold{120};     // away from an agent for as long, and the digest tells of the others
 inline constexpr Seconds meetingLead{300};       // `meetingSoon` from here to the start
 inline constexpr Seconds meetingGrace{300};      // `meetingStart` from the start on
 inline constexpr int limitPercent = 80;
@@ -20,5 +21,15 @@ inline constexpr Seconds highLoadLasts{120};
 inline constexpr Seconds highLoadExpires{600};
 inline constexpr int summaryHour = 18;
 inline constexpr Seconds firedKept{86400};
+
+// Agents in view, and what happened to the others.
+inline constexpr Seconds inViewGrace{20};     // an agent is in view for so long after it left the front
+inline constexpr Seconds awayThreshold{120};  // away for as long, and coming back is told of
+inline constexpr Seconds logKept{21600};
+
+// The bubble.
+inline constexpr Seconds mergeSpan{30};
+inline constexpr Seconds pendingLifetime{300};
+inline constexpr std::ptrdiff_t pendingCapacity = 5;
 
 }  // namespace ambrel::BuddyThresholds

@@ -1,0 +1,19 @@
+#include "core/buddy/BuddyInbox.h"
+
+#include "core/buddy/BuddyText.h"
+
+namespace ambrel {
+
+void BuddyInbox::add(const std::vector<BuddyNotice>& notices) {
+  const std::size_t skipped = notices.size() > capacity ? notices.size() - capacity : 0;
+  for (std::size_t i = skipped; i < notices.size(); ++i) {
+    const BuddyNotice& notice = notices[i];
+    std::erase_if(recent, [&](const BuddyNotice& other) { return other.date == notice.date && other.id == notice.id; });
+    recent.insert(recent.begin(), notice);
+  }
+  if (recent.size() > capacity) recent.erase(recent.begin() + capacity, recent.end());
+}
+
+std::string inboxKey(const BuddyNotice& notice) { return notice.id + "@" + idTime(notice.date); }
+
+}  // namespace ambrel
