@@ -17,8 +17,8 @@ namespace {
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
 std::vector<Command> allCommands() {
-  return {agentsCommand(), usageCommand(),    statusLineCommand(), clipsCommand(),
-          diskCommand(),   profilesCommand(), weatherCommand(),    widgetsCommand()};
+  return {agentsCommand(),  usageCommand(),    statusLineCommand(), clipsCommand(),  diskCommand(),
+          noticesCommand(), profilesCommand(), weatherCommand(),    widgetsCommand()};
 }
 
 std::string variable(const char* name) {

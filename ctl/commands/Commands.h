@@ -8,6 +8,7 @@ namespace ambrel {
 Command agentsCommand();
 Command clipsCommand();
 Command diskCommand();
+Command noticesCommand();
 Command profilesCommand();
 Command statusLineCommand();
 Command usageCommand();
