@@ -1,0 +1,45 @@
+#include "app/disk/DiskCleaner.h"
+
+#include "app/disk/DiskTexts.h"
+
+namespace ambrel {
+
+DiskCleaner::DiskCleaner(Seams seams, std::string home, QObject* parent)
+    : QObject(parent), seams_(std::move(seams)), home_(std::move(home)) {}
+
+void DiskCleaner::setTrashing(bool isTrashing) {
+  if (isTrashing == isTrashing_) return;
+  isTrashing_ = isTrashing;
+  Q_EMIT isTrashingChanged();
+}
+
+void DiskCleaner::setFreeableBytes(std::optional<std::int64_t> bytes) {
+  if (bytes == freeableBytes_) return;
+  freeableBytes_ = bytes;
+  Q_EMIT freeableChanged();
+}
+
+QString DiskCleaner::freeableText() const {
+  return freeableBytes_.value_or(0) > 0 ? tr("%1 can go").arg(shownSize(seams_.calendar, *freeableBytes_)) : QString();
+}
+
+bool DiskCleaner::trash(std::vector<CleanupItem> items, std::function<void(const DiskAdvice::TrashReport&)> done) {
+  if (isTrashing_) return false;
+  setTrashing(true);
+  const auto report = std::make_shared<DiskAdvice::TrashReport>();
+  seams_.background(
+      [report, items = std::move(items), home = home_, now = seams_.now, &trash = seams_.trash] {
+        *report = DiskAdvice::moveToTrash(items, home,
+                                          [&](const DiskAdvice::TrashRequest& request) { trash.move(request, now()); });
+      },
+      [this, report, done = std::move(done)] {
+        setTrashing(false);
+        done(*report);
+        const DiskAdvice::TrashMessage message = DiskAdvice::message(*report, seams_.calendar);
+        if (onFinish) onFinish(QString::fromStdString(message.title), QString::fromStdString(message.body));
+        if (onOutcome) onOutcome(message.isMoved);
+      });
+  return true;
+}
+
+}  // namespace ambrel

@@ -1,0 +1,280 @@
+#include "app/disk/DiskDoctor.h"
+
+#include <QQmlEngine>
+#include <algorithm>
+
+#include "app/disk/DiskTexts.h"
+#include "app/disk/ScanNews.h"
+#include "core/disk/DiskPrompts.h"
+
+namespace ambrel {
+namespace {
+
+constexpr std::int64_t smallestListed = 1'000'000;
+constexpr std::size_t namedFolders = 12;
+
+}  // namespace
+
+struct DiskDoctor::ScanOutcome {
+  std::optional<DiskScanResult> result;
+};
+
+DiskDoctor::DiskDoctor(std::string home, DiskCleaner& disk, Seams seams, QObject* parent)
+    : QObject(parent),
+      home_(std::move(home)),
+      disk_(disk),
+      seams_(std::move(seams)),
+      explorer_(seams_.calendar),
+      findings_(home_, seams_.calendar, seams_.now),
+      question_({.model = seams_.model, .now = seams_.now, .calendar = seams_.calendar, .home = home_}),
+      review_(disk_, home_, seams_.calendar) {
+  for (QObject* part :
+       std::initializer_list<QObject*>{&progress_, &explorer_, &findings_, &question_, &review_, &disk_})
+    QQmlEngine::setObjectOwnership(part, QQmlEngine::CppOwnership);
+  findings_.onOpened = [this](FindingRule rule) { explain(rule); };
+  review_.onReport = [this](const DiskAdvice::TrashReport& report) { takeReport(report); };
+}
+
+DiskDoctor::~DiskDoctor() { cancelWork(); }
+
+void DiskDoctor::cancelWork() {
+  ++generation_;
+  scanTask_.request_stop();
+  scanTask_ = {};
+  if (news_) news_->close();
+  news_.reset();
+}
+
+void DiskDoctor::clear() {
+  explorer_.clear();
+  findings_.setFindings({});
+  question_.close();
+  review_.clear();
+  skipped_.clear();
+  progress_.set({}, {}, {}, 0);
+  headline_.clear();
+  summary_.clear();
+  summaryIsAI_ = false;
+  Q_EMIT wordsChanged();
+}
+
+void DiskDoctor::setPhase(Phase phase, bool isAnalyzing, const QString& message) {
+  phase_ = phase;
+  isAnalyzing_ = isAnalyzing;
+  message_ = message;
+  Q_EMIT phaseChanged();
+}
+
+QString DiskDoctor::skippedText() const {
+  if (skipped_.empty()) return {};
+  return tr("%1 protected folders were skipped. Full Disk Access lets Buddy read them.")
+      .arg(shownCount(seams_.calendar, static_cast<std::int64_t>(skipped_.size())));
+}
+
+QString DiskDoctor::skippedFolders() const {
+  QStringList lines;
+  for (const std::string& folder : skipped_) {
+    if (lines.size() == static_cast<qsizetype>(namedFolders)) {
+      lines << QStringLiteral("…");
+      break;
+    }
+    lines << shownPath(folder, home_);
+  }
+  return lines.join(u'\n');
+}
+
+void DiskDoctor::scanHome() { start({.url = home_, .title = tr("Home")}); }
+
+void DiskDoctor::scan(const std::string& folder) {
+  const std::string path = standardizedPath(folder);
+  if (path == home_) return scanHome();
+  const auto slash = path.rfind('/');
+  start({.url = path, .title = shownName(path.size() > 1 ? path.substr(slash + 1) : path)});
+}
+
+void DiskDoctor::scanAgain() {
+  if (source_) start(*source_);
+}
+
+void DiskDoctor::chooseFolder() {
+  if (onChooseFolder) onChooseFolder([this](const std::string& folder) { scan(folder); });
+}
+
+void DiskDoctor::retryAccess() {
+  if (phase_ == Phase::Access) scanAgain();
+}
+
+void DiskDoctor::skipAccess() {
+  skipsAccess_ = true;
+  retryAccess();
+}
+
+void DiskDoctor::start(Source source) {
+  if (disk_.isTrashing()) return;
+  cancelWork();
+  clear();
+  source_ = std::move(source);
+  const bool isGuarded = seams_.hasAccess && source_->url == home_ && !skipsAccess_ && !seams_.hasAccess();
+  if (isGuarded)
+    setPhase(Phase::Access, false);
+  else
+    beginScan();
+}
+
+void DiskDoctor::beginScan() {
+  news_ = std::make_shared<ScanNews>(*this, seams_.now, [this] { showNews(); });
+  setPhase(Phase::Scanning, false);
+  showNews();
+  const auto outcome = std::make_shared<ScanOutcome>();
+  seams_.background(
+      [outcome, url = source_->url, watch = news_->watch(), stop = scanTask_.get_token()] {
+        try {
+          outcome->result = DiskScanner{.minItemSize = smallestListed}.scan(url, watch, stop);
+        } catch (const FileError&) {
+        } catch (const Cancelled&) {
+        }
+      },
+      [this, outcome, generation = generation_] {
+        if (generation == generation_) finishScan(*outcome);
+      });
+}
+
+void DiskDoctor::showNews() {
+  if (!news_) return;
+  const ScanNews::Snapshot news = news_->take();
+  if (isAnalyzing_) {
+    const bool compares = news.compared.expected > 0;
+    const double share =
+        compares ? static_cast<double>(news.compared.bytes) / static_cast<double>(news.compared.expected) : 0;
+    progress_.set(tr("Looking for what can go"),
+                  compares ? tr("%1 of %2 compared")
+                                 .arg(shownSize(seams_.calendar, news.compared.bytes),
+                                      shownSize(seams_.calendar, news.compared.expected))
+                           : QString(),
+                  compares ? shownShare(share) : QString(), share * 100);
+    return;
+  }
+  progress_.set(tr("Scanning"),
+                tr("%1 · %2 files · %3")
+                    .arg(sourceTitle(), shownCount(seams_.calendar, news.progress.files),
+                         shownSize(seams_.calendar, news.progress.bytes)),
+                shownShare(news.share), news.share * 100);
+  DiskFolderBuilder builder(source_->url, distantPast, 0);
+  std::vector<std::string> missing = news.folders;
+  for (const DiskTree& folder : news.finished) {
+    std::erase(missing, folder->name());
+    builder.add(outline(*folder, 2, 0));
+  }
+  explorer_.showUnfinished(makeTree(std::move(builder).build(DiskItem::Kind::folder)), sourceTitle(), news.share,
+                           missing);
+}
+
+void DiskDoctor::finishScan(ScanOutcome& outcome) {
+  if (!outcome.result) {
+    cancelWork();
+    clear();
+    setPhase(Phase::Start, false, tr("Buddy could not read %1").arg(sourceTitle()));
+    return;
+  }
+  skipped_ = std::move(outcome.result->skipped);
+  std::sort(skipped_.begin(), skipped_.end());
+  explorer_.show(std::move(outcome.result->root), sourceTitle());
+  setPhase(Phase::Scanning, true);
+  showNews();
+  analyze();
+}
+
+void DiskDoctor::analyze() {
+  const auto findings = std::make_shared<std::optional<std::vector<DiskFinding>>>();
+  seams_.background(
+      [findings, root = explorer_.root(), home = home_, runtimes = seams_.runtimes, now = seams_.now(),
+       calendar = seams_.calendar,
+       control = AnalysisControl{.stop = scanTask_.get_token(), .progress = news_->compareProgress()}] {
+        try {
+          *findings = DiskAnalyzer{}.analyze(*root, home, runtimes ? runtimes() : std::vector<SimulatorRuntime>(), now,
+                                             calendar, control);
+        } catch (const Cancelled&) {
+        }
+      },
+      [this, findings, generation = generation_] {
+        if (generation == generation_ && *findings) finishAnalysis(std::move(**findings));
+      });
+}
+
+void DiskDoctor::finishAnalysis(std::vector<DiskFinding> findings) {
+  const DiskItem& root = *explorer_.root();
+  headline_ = QString::fromStdString(DiskAdvice::headline(findings));
+  summary_ = shownName(DiskAdvice::summary(root, findings, seams_.calendar));
+  summaryIsAI_ = false;
+  disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings));
+  findings_.setFindings(std::move(findings));
+  if (news_) news_->close();
+  news_.reset();
+  Q_EMIT wordsChanged();
+  setPhase(Phase::Done, false);
+  if (onScanFinished) onScanFinished(root.size());
+  askForHeadline();
+}
+
+void DiskDoctor::askForHeadline() {
+  if (!usesLiveBuddy()) return;
+  seams_.model->respond(
+      {.instructions = std::string(DiskPrompts::systemText()),
+       .prompt = DiskPrompts::summaryPrompt(*explorer_.root(), findings_.findings(), seams_.calendar)},
+      scanTask_.get_token(), [this, generation = generation_](std::optional<std::string> answer) {
+        if (generation != generation_ || !answer || answer->empty()) return;
+        headline_ = shownName(*answer);
+        summaryIsAI_ = true;
+        Q_EMIT wordsChanged();
+      });
+}
+
+void DiskDoctor::explain(FindingRule rule) {
+  if (!usesLiveBuddy() || findings_.isExplained(rule)) return;
+  for (const DiskFinding& finding : findings_.findings()) {
+    if (finding.rule != rule) continue;
+    seams_.model->respond({.instructions = std::string(DiskPrompts::systemText()),
+                           .prompt = DiskPrompts::findingPrompt(finding, seams_.calendar)},
+                          scanTask_.get_token(),
+                          [this, rule, generation = generation_](std::optional<std::string> answer) {
+                            if (generation != generation_ || !answer || answer->empty()) return;
+                            findings_.setExplanation(rule, shownName(*answer));
+                          });
+    return;
+  }
+}
+
+void DiskDoctor::stop() {
+  if (phase_ != Phase::Scanning) return;
+  cancelWork();
+  clear();
+  setPhase(Phase::Start, false, tr("The scan was stopped. Nothing was changed."));
+}
+
+void DiskDoctor::askAbout(const QString& id) {
+  if (phase_ != Phase::Done) return;
+  if (const DiskItem* item = explorer_.node(id)) question_.pick(shared(explorer_.root(), *item), findings_.findings());
+}
+
+void DiskDoctor::reviewSelection() {
+  if (phase_ != Phase::Done) return;
+  question_.close();
+  review_.begin(findings_.selectedItems());
+}
+
+void DiskDoctor::showInFolder(const QString& id) {
+  if (const DiskItem* item = explorer_.node(id); item && onShowInFolder) onShowInFolder(item->url());
+}
+
+void DiskDoctor::takeReport(const DiskAdvice::TrashReport& report) {
+  if (report.moved.empty()) return;
+  findings_.removeItems(report.moved);
+  disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings_.findings()));
+  headline_ = QString::fromStdString(DiskAdvice::headline(findings_.findings()));
+  summary_ = tr("%1. Scan again to see what is left.")
+                 .arg(QString::fromStdString(DiskAdvice::message(report, seams_.calendar).title));
+  summaryIsAI_ = false;
+  Q_EMIT wordsChanged();
+}
+
+}  // namespace ambrel

@@ -1,0 +1,158 @@
+#pragma once
+// Disk Doctor from the choice of a folder to the report of a move: it runs the scan and the rules off the main thread,
+// and holds what they found.
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "app/base/Background.h"
+#include "app/disk/DiskCleaner.h"
+#include "app/disk/DiskExplorer.h"
+#include "app/disk/DiskProgress.h"
+#include "app/disk/DiskQuestion.h"
+#include "app/disk/DiskReview.h"
+#include "app/disk/FindingListModel.h"
+#include "core/disk.h"
+#include "platform/LanguageModel.h"
+
+namespace ambrel {
+
+class ScanNews;
+
+class DiskDoctor : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(Phase phase READ phase NOTIFY phaseChanged)
+  // The folders are read, and copies are still looked for.
+  Q_PROPERTY(bool isAnalyzing READ isAnalyzing NOTIFY phaseChanged)
+  Q_PROPERTY(QString sourceTitle READ sourceTitle NOTIFY phaseChanged)
+  // Why there is no result: a folder that could not be read, a scan that was stopped.
+  Q_PROPERTY(QString message READ message NOTIFY phaseChanged)
+  Q_PROPERTY(QString headline READ headline NOTIFY wordsChanged)
+  Q_PROPERTY(QString summary READ summary NOTIFY wordsChanged)
+  Q_PROPERTY(bool summaryIsAI READ summaryIsAI NOTIFY wordsChanged)
+  Q_PROPERTY(QString skippedText READ skippedText NOTIFY phaseChanged)
+  Q_PROPERTY(QString skippedFolders READ skippedFolders NOTIFY phaseChanged)
+  Q_PROPERTY(ambrel::DiskProgress* progress READ progress CONSTANT)
+  Q_PROPERTY(ambrel::DiskExplorer* explorer READ explorer CONSTANT)
+  Q_PROPERTY(ambrel::FindingListModel* findings READ findings CONSTANT)
+  Q_PROPERTY(ambrel::DiskQuestion* question READ question CONSTANT)
+  Q_PROPERTY(ambrel::DiskReview* review READ review CONSTANT)
+  Q_PROPERTY(ambrel::DiskCleaner* disk READ disk CONSTANT)
+
+ public:
+  // Names are capitalised because QML asks for it.
+  enum class Phase { Start, Access, Scanning, Done };
+  Q_ENUM(Phase)
+
+  struct Source {
+    std::string url;
+    QString title;
+  };
+
+  struct Seams {
+    Background background;
+    std::function<Instant()> now;
+    Calendar calendar;
+    // Absent: the words of the rules stand.
+    LanguageModel* model = nullptr;
+    // Whether the home may be read; asked before it is scanned. Empty where nothing guards it.
+    std::function<bool()> hasAccess = {};
+    // Called off the main thread. Empty where no tool has runtimes.
+    std::function<std::vector<SimulatorRuntime>()> runtimes = {};
+  };
+
+  // `home`: with its links resolved.
+  DiskDoctor(std::string home, DiskCleaner& disk, Seams seams, QObject* parent = nullptr);
+  ~DiskDoctor() override;
+
+  Phase phase() const { return phase_; }
+  bool isAnalyzing() const { return isAnalyzing_; }
+  QString sourceTitle() const { return source_ ? source_->title : QString(); }
+  QString message() const { return message_; }
+  QString headline() const { return headline_; }
+  QString summary() const { return summary_; }
+  bool summaryIsAI() const { return summaryIsAI_; }
+  bool usesLiveBuddy() const { return seams_.model && seams_.model->isAvailable(); }
+  const std::vector<std::string>& skipped() const { return skipped_; }
+  QString skippedText() const;
+  QString skippedFolders() const;
+  DiskProgress* progress() { return &progress_; }
+  DiskExplorer* explorer() { return &explorer_; }
+  FindingListModel* findings() { return &findings_; }
+  DiskQuestion* question() { return &question_; }
+  DiskReview* review() { return &review_; }
+  DiskCleaner* disk() { return &disk_; }
+  int generation() const { return generation_; }
+
+  // Scans a folder; a scan that is under way gives way. Refused while a list is being moved.
+  void scan(const std::string& folder);
+  Q_INVOKABLE void scanHome();
+  // The same folder again.
+  Q_INVOKABLE void scanAgain();
+  Q_INVOKABLE void chooseFolder();
+  // From the phase `access`: look again, or go on without.
+  Q_INVOKABLE void retryAccess();
+  Q_INVOKABLE void skipAccess();
+  // Ends the scan or the search for copies; nothing of it is kept.
+  Q_INVOKABLE void stop();
+
+  // By a node of the tree, or by an item of a finding.
+  Q_INVOKABLE void askAbout(const QString& id);
+  Q_INVOKABLE void reviewSelection();
+  Q_INVOKABLE void showInFolder(const QString& id);
+
+  // The bytes that were scanned.
+  std::function<void(std::int64_t)> onScanFinished;
+  std::function<void(std::function<void(const std::string& folder)> chosen)> onChooseFolder;
+  std::function<void(const std::string& path)> onShowInFolder;
+
+ Q_SIGNALS:
+  void phaseChanged();
+  void wordsChanged();
+
+ private:
+  struct ScanOutcome;
+
+  void start(Source source);
+  void cancelWork();
+  void clear();
+  void setPhase(Phase phase, bool isAnalyzing, const QString& message = {});
+  void beginScan();
+  void showNews();
+  void finishScan(ScanOutcome& outcome);
+  void analyze();
+  void finishAnalysis(std::vector<DiskFinding> findings);
+  void askForHeadline();
+  void explain(FindingRule rule);
+  void takeReport(const DiskAdvice::TrashReport& report);
+
+  std::string home_;
+  DiskCleaner& disk_;
+  Seams seams_;
+  Phase phase_ = Phase::Start;
+  bool isAnalyzing_ = false;
+  bool skipsAccess_ = false;
+  std::optional<Source> source_;
+  QString message_, headline_, summary_;
+  bool summaryIsAI_ = false;
+  std::vector<std::string> skipped_;
+  DiskProgress progress_;
+  DiskExplorer explorer_;
+  FindingListModel findings_;
+  DiskQuestion question_;
+  DiskReview review_;
+  // Everything that comes back later belongs to the generation that it began under, or is dropped.
+  int generation_ = 0;
+  std::stop_source scanTask_;
+  std::shared_ptr<ScanNews> news_;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,99 @@
+#pragma once
+// The size tree of a folder as three rings around a middle. Pointer and keyboard walk through it.
+
+#include <QColor>
+#include <QList>
+#include <QQuickPaintedItem>
+#include <vector>
+
+#include "app/disk/DiskNode.h"
+#include "core/disk/Sunburst.h"
+
+class QPainterPath;
+
+namespace ambrel {
+
+// What is pointed at is not kept here: `hovered` says what should be, and `highlightedID` shows it.
+// Left and Right go round a ring, Up and Down outwards and inwards, Return drills in, Backspace goes up, Space asks.
+class SunburstChart : public QQuickPaintedItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(ambrel::DiskNode center READ center WRITE setCenter NOTIFY centerChanged FINAL)
+  Q_PROPERTY(QString highlightedID READ highlightedID WRITE setHighlightedID NOTIFY highlightedChanged FINAL)
+  Q_PROPERTY(QList<QColor> colors READ colors WRITE setColors NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor ground READ ground WRITE setGround NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor ink READ ink WRITE setInk NOTIFY styleChanged FINAL)
+  // Of what is not known yet.
+  Q_PROPERTY(QColor trackColor READ trackColor WRITE setTrackColor NOTIFY styleChanged FINAL)
+  // Of the space in the middle, for a text.
+  Q_PROPERTY(qreal holeDiameter READ holeDiameter NOTIFY holeChanged FINAL)
+
+ public:
+  explicit SunburstChart(QQuickItem* parent = nullptr);
+
+  DiskNode center() const { return center_; }
+  void setCenter(const DiskNode& center);
+  QString highlightedID() const { return highlightedID_; }
+  void setHighlightedID(const QString& id);
+  QList<QColor> colors() const { return colors_; }
+  void setColors(const QList<QColor>& colors);
+  QColor ground() const { return ground_; }
+  void setGround(const QColor& color);
+  QColor ink() const { return ink_; }
+  void setInk(const QColor& color);
+  QColor trackColor() const { return trackColor_; }
+  void setTrackColor(const QColor& color);
+  qreal holeDiameter() const;
+
+  const std::vector<SunburstSegment>& segments() const { return segments_; }
+  // The middle of a segment's arc, for those who point at it.
+  QPointF middleOf(const SunburstSegment& segment) const;
+  // The id of what lies at a point: "" beside the chart and on its gaps.
+  QString idAt(QPointF point) const;
+
+  void paint(QPainter* painter) override;
+
+ Q_SIGNALS:
+  void centerChanged();
+  void highlightedChanged();
+  void styleChanged();
+  void holeChanged();
+  void hovered(const QString& id);
+  // A folder or a file was clicked, or Return was pressed on it.
+  void entered(const QString& id);
+  void upAsked();
+  void asked(const QString& id);
+
+ protected:
+  void hoverMoveEvent(QHoverEvent* event) override;
+  void hoverLeaveEvent(QHoverEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+
+ private:
+  enum class Step { clockwise, counterclockwise, outwards, inwards };
+
+  const SunburstSegment* segmentOf(const QString& id) const;
+  const SunburstSegment* segmentUnder(QPointF point) const;
+  bool isInHole(QPointF point) const;
+  const SunburstSegment* neighbour(const SunburstSegment& from, Step step) const;
+  void walk(Step step);
+  qreal scale() const;
+  qreal innerRadius(int ring) const;
+  qreal outerRadius(int ring) const;
+  QPainterPath outline(const SunburstSegment& segment) const;
+  QColor colorOf(const SunburstSegment& segment) const;
+
+  DiskNode center_;
+  std::vector<SunburstSegment> segments_;
+  std::vector<int> branchColors_;
+  QString highlightedID_;
+  QString pressedID_;
+  bool isHolePressed_ = false;
+  QList<QColor> colors_;
+  QColor ground_, ink_, trackColor_;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,514 @@
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+#include <algorithm>
+
+#include "app/disk/SimulatorTool.h"
+#include "tests/app/disk/DiskHome.h"
+
+namespace ambrel {
+namespace {
+
+using Phase = DiskDoctor::Phase;
+using Stage = DiskReview::Stage;
+
+QStringList named(const std::vector<std::string>& paths) {
+  QStringList names;
+  for (const std::string& path : paths) names << shownName(path.substr(path.rfind('/') + 1));
+  return names;
+}
+
+// Nothing is closed to root: gives its privileges up for a while, and lets everyone into the test's folder.
+class Unprivileged {
+ public:
+  explicit Unprivileged(const std::filesystem::path& folder) : isRoot_(geteuid() == 0) {
+    using std::filesystem::perms;
+    std::filesystem::permissions(folder, perms::owner_all | perms::group_all | perms::others_all);
+    if (isRoot_ && seteuid(65534) != 0) qFatal("cannot drop privileges");
+  }
+  ~Unprivileged() {
+    if (isRoot_ && seteuid(0) != 0) qFatal("cannot take privileges back");
+  }
+
+ private:
+  bool isRoot_;
+};
+
+}  // namespace
+
+class DiskDoctorTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void aScanGoesFromStartToDone();
+  void aSecondScanLeavesOnlyItsOwnResult();
+  void aFolderThatCannotBeReadIsNamed();
+  void aStoppedScanKeepsNothing();
+  void skippedFoldersAreCounted();
+  void theHomeIsAskedForFirst();
+  void missingToolsLeaveTheOtherRules();
+  void runtimesComeFromTheTool_data();
+  void runtimesComeFromTheTool();
+  void theListThatWasReviewedMoves();
+  void aSecondConfirmationMovesNothing();
+  void whatChangedStaysAndIsReported();
+  void whatWasNeverFoundCannotBeMoved();
+  void namesAreBytes();
+  void oneListMovesAtATime();
+  void aMoveIsAnnounced_data();
+  void aMoveIsAnnounced();
+  void whatCanGoIsKnownToTheTile();
+  void withoutAModelTheRulesAnswer();
+  void theModelWritesTheHeadline();
+  void lateAnswersAreDropped();
+  void rulesAreExplainedOnce();
+  void theModelIsToldTheVerdict();
+};
+
+void DiskDoctorTests::aScanGoesFromStartToDone() {
+  DiskHome desk;
+  DiskDoctor& doctor = desk.doctor();
+  std::int64_t scanned = 0;
+  doctor.onScanFinished = [&](std::int64_t bytes) { scanned = bytes; };
+  QCOMPARE(doctor.phase(), Phase::Start);
+
+  doctor.scanHome();
+  QCOMPARE(doctor.phase(), Phase::Scanning);
+  QVERIFY(!doctor.isAnalyzing());
+  QCOMPARE(doctor.progress()->title(), "Scanning");
+  desk.held.letGo();
+  QCOMPARE(doctor.phase(), Phase::Scanning);
+  QVERIFY(doctor.isAnalyzing());
+  QCOMPARE(doctor.explorer()->name(), "Home");
+  QVERIFY(!doctor.findings()->hasFindings());
+  desk.held.letGo();
+  QCOMPARE(doctor.phase(), Phase::Done);
+  QVERIFY(!doctor.isAnalyzing());
+  QCOMPARE(scanned, doctor.explorer()->root()->size());
+  QCOMPARE(doctor.headline(), "Mostly Developer junk and Old downloads");
+  QVERIFY2(doctor.summary().startsWith("home uses 24 MB. Most of it is in "), qPrintable(doctor.summary()));
+  QVERIFY2(doctor.summary().endsWith(" The Trash holds 2 MB."), qPrintable(doctor.summary()));
+  QVERIFY(!doctor.summaryIsAI());
+  QCOMPARE(doctor.findings()->selectedCount(), 0);
+}
+
+void DiskDoctorTests::aSecondScanLeavesOnlyItsOwnResult() {
+  DiskHome desk;
+  desk.fill("other/file", 1);
+  DiskDoctor& doctor = desk.doctor();
+  doctor.scanHome();
+  auto first = std::move(desk.held.waiting.front());
+  desk.held.waiting.clear();
+  first.first();  // read to its end, and not yet told
+  doctor.scan(desk.home + "/other/");
+  QCOMPARE(doctor.sourceTitle(), "other");
+  auto second = std::move(desk.held.waiting.front());
+  desk.held.waiting.clear();
+  second.first();
+  second.second();
+  first.second();  // overtaken
+  QCOMPARE(doctor.explorer()->root()->url(), desk.home + "/other");
+  desk.held.letGo();
+  QCOMPARE(doctor.phase(), Phase::Done);
+  QCOMPARE(doctor.explorer()->name(), "other");
+  // The first one's rules were never asked for.
+  QVERIFY(desk.held.waiting.empty());
+}
+
+void DiskDoctorTests::aFolderThatCannotBeReadIsNamed() {
+  DiskHome desk;
+  DiskDoctor& doctor = desk.doctor();
+  doctor.scan(desk.home + "/missing");
+  desk.held.letGo();
+  QCOMPARE(doctor.phase(), Phase::Start);
+  QCOMPARE(doctor.message(), "Buddy could not read missing");
+  doctor.scanHome();
+  QCOMPARE(doctor.message(), "");
+}
+
+void DiskDoctorTests::aStoppedScanKeepsNothing() {
+  for (const int steps : {0, 1}) {
+    DiskHome desk;
+    DiskDoctor& doctor = desk.doctor();
+    doctor.scanHome();
+    for (int i = 0; i < steps; ++i) desk.held.letGo();
+    QCOMPARE(doctor.phase(), Phase::Scanning);
+    doctor.stop();
+    QCOMPARE(doctor.phase(), Phase::Start);
+    desk.finishScan();
+    QCOMPARE(doctor.phase(), Phase::Start);
+    QCOMPARE(doctor.message(), "The scan was stopped. Nothing was changed.");
+    QVERIFY(!doctor.explorer()->root());
+    QVERIFY(!doctor.findings()->hasFindings());
+  }
+}
+
+void DiskDoctorTests::skippedFoldersAreCounted() {
+  DiskHome desk;
+  desk.fill("closed/file", 1);
+  std::filesystem::permissions(desk.home + "/closed", std::filesystem::perms::none);
+  desk.doctor().scanHome();
+  {
+    const Unprivileged nobody(desk.folder.path());
+    desk.held.letGo();
+  }
+  desk.held.letGo();
+  QCOMPARE(desk.doctor().skippedText(), "1 protected folders were skipped. Full Disk Access lets Buddy read them.");
+  QCOMPARE(desk.doctor().skippedFolders(), "~/closed");
+}
+
+void DiskDoctorTests::theHomeIsAskedForFirst() {
+  DiskHome desk;
+  bool hasAccess = false;
+  auto seams = desk.seams();
+  seams.hasAccess = [&] { return hasAccess; };
+  desk.make(seams);
+  DiskDoctor& doctor = desk.doctor();
+  doctor.scanHome();
+  QCOMPARE(doctor.phase(), Phase::Access);
+  doctor.retryAccess();
+  QCOMPARE(doctor.phase(), Phase::Access);
+  hasAccess = true;
+  doctor.retryAccess();
+  QCOMPARE(doctor.phase(), Phase::Scanning);
+  // Other folders are no matter of the home's guard, and who has passed it by is not asked again.
+  hasAccess = false;
+  doctor.scan(desk.home + "/Documents");
+  QCOMPARE(doctor.phase(), Phase::Scanning);
+  doctor.scanHome();
+  doctor.skipAccess();
+  QCOMPARE(doctor.phase(), Phase::Scanning);
+  doctor.scanHome();
+  QCOMPARE(doctor.phase(), Phase::Scanning);
+}
+
+void DiskDoctorTests::missingToolsLeaveTheOtherRules() {
+  DiskHome desk;
+  auto seams = desk.seams();
+  seams.runtimes = [] { return readRuntimes({.program = "/nowhere/tool", .signs = {"/"}}); };
+  desk.make(seams);
+  desk.scanHome();
+  QCOMPARE(desk.doctor().phase(), Phase::Done);
+  QVERIFY(desk.doctor().findings()->hasFindings());
+}
+
+void DiskDoctorTests::runtimesComeFromTheTool_data() {
+  QTest::addColumn<QByteArray>("script");
+  QTest::addColumn<bool>("isInstalled");
+  QTest::addColumn<int>("count");
+  const QByteArray list = "echo '{\"a\":{\"identifier\":\"i\",\"version\":\"17.2\",\"sizeBytes\":7}}'";
+  const QByteArray check = "[ \"$*\" = 'simctl runtime list -j' ] || exit 1\n";
+  QTest::newRow("a list") << check + list << true << 1;
+  QTest::newRow("without a sign of it the tool is not started") << check + list << false << 0;
+  QTest::newRow("a failure") << list + "\nexit 3" << true << 0;
+  QTest::newRow("something else") << QByteArray("echo no list") << true << 0;
+  QTest::newRow("a tool that does not end") << list + "\nexec sleep 600" << true << 0;
+}
+
+void DiskDoctorTests::runtimesComeFromTheTool() {
+  QFETCH(QByteArray, script);
+  QFETCH(bool, isInstalled);
+  QFETCH(int, count);
+  TemporaryFolder folder;
+  const auto tool = folder.write("tool", "#!/bin/sh\n" + script.toStdString() + "\n");
+  std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
+  const auto runtimes = readRuntimes({.program = tool,
+                                      .signs = {isInstalled ? tool.string() : "/nowhere", "/nowhere/else"},
+                                      .timeout = std::chrono::milliseconds(script.contains("sleep") ? 50 : 15'000)});
+  QCOMPARE(static_cast<int>(runtimes.size()), count);
+}
+
+// Whatever is chosen, hovered, entered or opened after the review has begun.
+void DiskDoctorTests::theListThatWasReviewedMoves() {
+  DiskHome desk;
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  desk.choose("Downloads/old.iso");
+  desk.choose("src/web/node_modules");
+  doctor.reviewSelection();
+  QCOMPARE(doctor.review()->stage(), Stage::Reviewing);
+  QCOMPARE(doctor.review()->title(), "Move 2 items to the Trash?");
+  QCOMPARE(doctor.review()->items()->rowCount(), 2);
+
+  doctor.findings()->setSelected("group:developerJunk", true);
+  doctor.findings()->setSelected(desk.idOf("Downloads/old.iso"), false);
+  doctor.explorer()->enter(desk.idOf("src"));
+  doctor.explorer()->setHoveredID(desk.idOf("src/web"));
+  doctor.askAbout(desk.idOf("Documents"));
+  doctor.review()->confirm();
+  QCOMPARE(doctor.review()->stage(), Stage::Moving);
+  desk.held.letGo();
+
+  auto asked = desk.trash.asked;
+  std::sort(asked.begin(), asked.end());
+  QCOMPARE(named(asked), QStringList({"old.iso", "node_modules"}));
+  QVERIFY(desk.exists("src/web/package.json"));
+  QVERIFY(desk.exists("Downloads/older.zip"));
+  QVERIFY(desk.exists("Documents/thesis.pdf"));
+  QCOMPARE(doctor.review()->stage(), Stage::Reported);
+  QCOMPARE(doctor.review()->report()->moved.size(), 2u);
+}
+
+// After a move, its list is used up: no folder above it and no neighbour takes its place.
+void DiskDoctorTests::aSecondConfirmationMovesNothing() {
+  DiskHome desk;
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  desk.choose("Downloads/old.iso");
+  doctor.reviewSelection();
+  doctor.review()->confirm();
+  doctor.review()->confirm();
+  desk.held.letGo();
+  QCOMPARE(desk.trash.asked.size(), 1u);
+  QVERIFY(doctor.findings()->selection().empty());
+  for (int i = 0; i < 2; ++i) {
+    doctor.review()->confirm();
+    doctor.review()->close();
+    doctor.reviewSelection();
+    QCOMPARE(doctor.review()->stage(), Stage::Closed);
+  }
+  QVERIFY(desk.held.waiting.empty());
+  QCOMPARE(desk.trash.asked.size(), 1u);
+  // What has gone is offered no more, and what is left is.
+  doctor.findings()->setSelected("group:oldDownloads", true);
+  QCOMPARE(doctor.findings()->selectedItems().size(), 1u);
+  QCOMPARE(doctor.findings()->selectedItems().front().url, desk.home + "/Downloads/older.zip");
+}
+
+void DiskDoctorTests::whatChangedStaysAndIsReported() {
+  DiskHome desk;
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  desk.choose("Downloads/old.iso");
+  desk.choose("Downloads/older.zip");
+  desk.choose("src/web/node_modules");
+  doctor.reviewSelection();
+  // While the list is looked at.
+  desk.fill("Downloads/old.iso", 5);
+  std::filesystem::rename(desk.home + "/src/web/node_modules", desk.home + "/src/web/kept");
+  std::filesystem::create_directory_symlink(desk.home + "/Documents", desk.home + "/src/web/node_modules");
+  doctor.review()->confirm();
+  desk.held.letGo();
+  QCOMPARE(named(desk.trash.asked), QStringList("older.zip"));
+  QVERIFY(desk.exists("Documents/thesis.pdf"));
+  QCOMPARE(doctor.review()->title(), "Moved 2 MB to the Trash");
+  QCOMPARE(doctor.review()->detail(), "2 items were in use or protected and stayed.");
+  int stayed = 0;
+  const CleanupListModel& rows = *doctor.review()->items();
+  for (int i = 0; i < rows.rowCount(); ++i)
+    stayed += rows.data(rows.index(i), CleanupListModel::HasStayedRole).toBool();
+  QCOMPARE(stayed, 2);
+  QCOMPARE(doctor.headline(), "Mostly Developer junk and Old downloads");
+  QCOMPARE(doctor.summary(), "Moved 2 MB to the Trash. Scan again to see what is left.");
+}
+
+// Neither the Trash nor what no rule has listed, by whatever id it is asked for.
+void DiskDoctorTests::whatWasNeverFoundCannotBeMoved() {
+  DiskHome desk;
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  for (const char* path :
+       {"", "Documents", "Documents/thesis.pdf", "Downloads", ".local/share/Trash", ".cache/pip/wheels"})
+    desk.choose(path);
+  for (const char* id : {"", "/", "group:trash", "rule:trash", "group:", "group:ungrouped", "reason:duplicates"})
+    doctor.findings()->setSelected(id, true);
+  QCOMPARE(doctor.findings()->selectedCount(), 0);
+  doctor.reviewSelection();
+  QCOMPARE(doctor.review()->stage(), Stage::Closed);
+}
+
+void DiskDoctorTests::namesAreBytes() {
+  DiskHome desk;
+  const std::string odd = "caf\xe9 \xff\n\xe2\x80\xae.iso";
+  desk.fill("Downloads/" + odd, 2);
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  doctor.findings()->toggleOpen("rule:oldInstallers");
+  QString shown;
+  const FindingListModel& rows = *doctor.findings();
+  for (const FindingRow& row : rows.rows())
+    if (row.id.ends_with(odd)) shown = row.title;
+  QCOMPARE(shown, QString(u8"caf\uFFFD \uFFFD \uFFFD.iso"));
+  QCOMPARE(pathOf(desk.idOf("Downloads/" + odd)), desk.home + "/Downloads/" + odd);
+  desk.choose("Downloads/" + odd);
+  doctor.askAbout(desk.idOf("Downloads/" + odd));
+  QCOMPARE(doctor.question()->name(), shown);
+  doctor.reviewSelection();
+  doctor.review()->confirm();
+  desk.held.letGo();
+  QCOMPARE(desk.trash.asked, std::vector<std::string>{desk.home + "/Downloads/" + odd});
+  QVERIFY(!desk.exists("Downloads/" + odd));
+}
+
+void DiskDoctorTests::oneListMovesAtATime() {
+  DiskHome desk;
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  desk.choose("Downloads/old.iso");
+  doctor.reviewSelection();
+  doctor.review()->confirm();
+  QVERIFY(desk.cleaner.isTrashing());
+  QVERIFY(!desk.cleaner.trash({}, {}));
+  doctor.review()->close();
+  doctor.reviewSelection();
+  QCOMPARE(doctor.review()->stage(), Stage::Moving);
+  // Nor is the list scanned away under it.
+  doctor.scanAgain();
+  QCOMPARE(doctor.phase(), Phase::Done);
+  desk.held.letGo();
+  QVERIFY(!desk.cleaner.isTrashing());
+  QCOMPARE(desk.trash.asked.size(), 1u);
+  doctor.scanAgain();
+  QCOMPARE(doctor.phase(), Phase::Scanning);
+  QCOMPARE(doctor.review()->stage(), Stage::Closed);
+}
+
+void DiskDoctorTests::aMoveIsAnnounced_data() {
+  QTest::addColumn<QStringList>("refused");
+  QTest::addColumn<QString>("title");
+  QTest::addColumn<QString>("body");
+  QTest::addColumn<bool>("hasMoved");
+  QTest::newRow("all") << QStringList() << "Moved 6 MB to the Trash"
+                       << "To undo, use Put Back in the Trash." << true;
+  QTest::newRow("some") << QStringList("old.iso") << "Moved 2 MB to the Trash"
+                        << "1 items were in use or protected and stayed." << true;
+  QTest::newRow("none") << QStringList({"old.iso", "older.zip"}) << "Nothing was moved"
+                        << "The items are in use or protected." << false;
+}
+
+void DiskDoctorTests::aMoveIsAnnounced() {
+  QFETCH(QStringList, refused);
+  QFETCH(QString, title);
+  QFETCH(QString, body);
+  QFETCH(bool, hasMoved);
+  DiskHome desk;
+  for (const QString& name : refused) desk.trash.refused.insert(desk.home + "/Downloads/" + name.toStdString());
+  QStringList told;
+  std::optional<bool> outcome;
+  desk.cleaner.onFinish = [&](const QString& first, const QString& second) { told << first << second; };
+  desk.cleaner.onOutcome = [&](bool moved) { outcome = moved; };
+  desk.scanHome();
+  desk.doctor().findings()->setSelected("rule:oldInstallers", true);
+  desk.doctor().reviewSelection();
+  desk.doctor().review()->confirm();
+  desk.held.letGo();
+  QCOMPARE(told, QStringList({title, body}));
+  QCOMPARE(outcome, std::optional(hasMoved));
+}
+
+void DiskDoctorTests::whatCanGoIsKnownToTheTile() {
+  DiskHome desk;
+  QCOMPARE(desk.cleaner.freeableText(), "");
+  desk.scanHome();
+  const std::int64_t before = *desk.cleaner.freeableBytes();
+  QCOMPARE(before, DiskAdvice::freeableBytes(desk.doctor().findings()->findings()));
+  QCOMPARE(desk.cleaner.freeableText(), "16 MB can go");
+  desk.choose("Downloads/old.iso");
+  desk.doctor().reviewSelection();
+  desk.doctor().review()->confirm();
+  desk.held.letGo();
+  QCOMPARE(*desk.cleaner.freeableBytes(), before - desk.doctor().review()->report()->bytesMoved);
+}
+
+void DiskDoctorTests::withoutAModelTheRulesAnswer() {
+  DiskHome desk;
+  desk.scanHome();
+  DiskQuestion& question = *desk.doctor().question();
+  desk.doctor().askAbout(desk.idOf("Downloads/old.iso"));
+  QVERIFY(question.isOpen());
+  QCOMPARE(question.question(), "Is it safe to delete this?");
+  QVERIFY2(question.answer().contains("Probably, but look first. It is in old installers in Downloads."),
+           qPrintable(question.answer()));
+  QVERIFY(!question.isAnswering());
+  QVERIFY(!question.takesQuestions());
+  desk.doctor().askAbout(desk.idOf("Documents"));
+  QVERIFY2(question.answer().contains("Documents is a main folder of your Mac."), qPrintable(question.answer()));
+  desk.doctor().askAbout("/nowhere");
+  QCOMPARE(question.name(), "Documents");
+  question.close();
+  QVERIFY(!question.isOpen());
+}
+
+void DiskDoctorTests::theModelWritesTheHeadline() {
+  DiskHome desk(true);
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  QCOMPARE(desk.model.asked.size(), 1u);
+  const auto& asked = desk.model.asked.front();
+  QVERIFY(asked.request.instructions.starts_with("You are Buddy, the helper in Disk Doctor"));
+  QVERIFY(asked.request.prompt.starts_with("Write one short sentence, at most 15 words"));
+  const QString rules = doctor.headline();
+  asked.done(std::nullopt);
+  QCOMPARE(doctor.headline(), rules);
+  QVERIFY(!doctor.summaryIsAI());
+  asked.done("Your caches can go.");
+  QCOMPARE(doctor.headline(), "Your caches can go.");
+  QVERIFY(doctor.summaryIsAI());
+}
+
+void DiskDoctorTests::lateAnswersAreDropped() {
+  DiskHome desk(true);
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  doctor.askAbout(desk.idOf("Documents"));
+  doctor.findings()->toggleOpen("rule:oldInstallers");
+  QCOMPARE(desk.model.asked.size(), 3u);
+  const auto asked = desk.model.asked;
+  doctor.scanAgain();
+  desk.finishScan();
+  for (const auto& request : asked) {
+    QVERIFY(request.stop.stop_requested());
+    request.done("From another time");
+  }
+  QVERIFY(!doctor.summaryIsAI());
+  QCOMPARE(doctor.question()->answer(), "");
+  QVERIFY(!doctor.findings()->isExplained(FindingRule::oldInstallers));
+}
+
+void DiskDoctorTests::rulesAreExplainedOnce() {
+  DiskHome desk(true);
+  desk.scanHome();
+  FindingListModel& findings = *desk.doctor().findings();
+  findings.toggleOpen("rule:oldInstallers");
+  QCOMPARE(desk.model.asked.size(), 2u);
+  QVERIFY(desk.model.asked[1].request.prompt.starts_with("Explain to a non-technical user"));
+  desk.model.asked[1].done("Things you installed long ago.");
+  const auto reason = [&] {
+    for (const FindingRow& row : findings.rows())
+      if (row.kind == FindingRow::Kind::reason) return row.detail;
+    return QString();
+  };
+  QCOMPARE(reason(), "Things you installed long ago.");
+  findings.toggleOpen("rule:oldInstallers");
+  QCOMPARE(reason(), "");
+  findings.toggleOpen("rule:oldInstallers");
+  QCOMPARE(reason(), "Things you installed long ago.");
+  QCOMPARE(desk.model.asked.size(), 2u);
+}
+
+void DiskDoctorTests::theModelIsToldTheVerdict() {
+  DiskHome desk(true);
+  desk.scanHome();
+  DiskQuestion& question = *desk.doctor().question();
+  desk.doctor().askAbout(desk.idOf("Documents"));
+  const QString verdict = question.answer();
+  QVERIFY(question.isAnswering());
+  QVERIFY(QString::fromStdString(desk.model.asked.back().request.prompt).endsWith(verdict));
+  question.ask("What is it?");
+  QVERIFY(desk.model.asked[1].stop.stop_requested());
+  desk.model.asked[1].done("An answer to the first question");
+  QCOMPARE(question.answer(), verdict);
+  desk.model.asked.back().done(std::nullopt);
+  QVERIFY(!question.isAnswering());
+  QCOMPARE(question.answer(), verdict);
+  question.ask("And now?");
+  desk.model.asked.back().done("Your own folder.");
+  QCOMPARE(question.answer(), "Your own folder.");
+  question.ask("  ");
+  QCOMPARE(question.question(), "And now?");
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::DiskDoctorTests)
+#include "DiskDoctorTests.moc"
