@@ -25,7 +25,7 @@ struct BatteryHealth {
   BatteryCondition condition = BatteryCondition::normal;
   friend bool operator==(const BatteryHealth&, const BatteryHealth&) = default;
 };
-// From this capacity down a battery should be looked after.
+// Below this capacity a battery should be looked after.
 inline constexpr int serviceCapacity = 80;
 
 struct BatteryHealthReading {
