@@ -3,31 +3,10 @@
 
 #include "platform/Bluetooth.h"
 #include "platform/KeepAwake.h"
-#include "platform/LatencyProbe.h"
 #include "platform/SoundControl.h"
-#include "platform/Telemetry.h"
 #include "platform/Volumes.h"
 
 namespace ambrel {
-
-class AbsentTelemetry : public Telemetry {
- public:
-  std::optional<double> gpu() override { return std::nullopt; }
-  std::optional<PressureReading> pressure() override { return std::nullopt; }
-  std::optional<DiskCounters> diskCounters() override { return std::nullopt; }
-  std::optional<ProcessSnapshot> processes() override { return std::nullopt; }
-  std::optional<BatteryHealthReading> batteryHealth() override { return std::nullopt; }
-  std::optional<PowerReading> power() override { return std::nullopt; }
-  std::optional<ThermalReading> thermal() override { return std::nullopt; }
-  std::optional<WiFiReading> wifi() override { return std::nullopt; }
-  std::optional<std::vector<VolumeInfo>> volumes() override { return std::nullopt; }
-  std::vector<NetworkAddress> addresses() override { return {}; }
-};
-
-class AbsentLatencyProbe : public LatencyProbe {
- public:
-  LatencyCheck probe() override { return {}; }
-};
 
 class AbsentSoundControl : public SoundControl {
  public:

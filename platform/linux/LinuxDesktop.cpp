@@ -14,6 +14,8 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "platform/linux/X11Workspace.h"
+#include "platform/linux/telemetry/LinuxTelemetry.h"
+#include "platform/linux/telemetry/TCPLatencyProbe.h"
 
 namespace ambrel {
 
@@ -40,8 +42,8 @@ struct LinuxDesktop::Parts {
   ProcReadings readings;
   TimerfdClock wallClock;
   CanberraSounds sounds;
-  AbsentTelemetry telemetry;
-  AbsentLatencyProbe latency;
+  LinuxTelemetry telemetry{LinuxTelemetry::runningSystem()};
+  TCPLatencyProbe latency;
   AbsentSoundControl soundControl;
   AbsentBluetooth bluetooth;
   AbsentVolumes volumes;

@@ -1,0 +1,167 @@
+// Four computers, read as a whole.
+
+#include <gmock/gmock.h>
+
+#include "platform/linux/ProcReadings.h"
+#include "tests/platform/linux/telemetry/TelemetryFixture.h"
+
+namespace ambrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
+
+std::vector<std::string> interfaces(const Machine& machine) {
+  std::vector<std::string> names;
+  for (const auto& [name, bytes] : ProcReadings(machine.tree.path()).network()) names.push_back(name);
+  return names;
+}
+
+TEST(Machines, ALaptopOnItsTwoBatteries) {
+  Machine laptop("laptop");
+  LinuxTelemetry& telemetry = laptop.telemetry;
+  EXPECT_EQ(telemetry.power(), (PowerReading{.isOnAdapter = false, .percent = 31, .minutesToEmpty = 150}));
+  EXPECT_EQ(telemetry.batteryHealth(), (BatteryHealthReading{{{480, 83, BatteryCondition::normal}}}));
+  EXPECT_EQ(laptop.supplyQuestions, 0);
+  const auto pressure = telemetry.pressure().value();
+  EXPECT_EQ(pressure.level, MemoryPressure::warning);
+  EXPECT_NEAR(pressure.fraction, 0.6, 1e-6);
+  EXPECT_EQ(pressure.swapUsedBytes, 256u << 20);
+  EXPECT_EQ(telemetry.diskCounters(), (DiskCounters{5'122'048'000, 4'097'024'000, laptop.now}));
+  EXPECT_EQ(telemetry.thermal(), (ThermalReading{ThermalLevel::fair, 88}));
+  // Without the kernel's wireless interface the older file has to do.
+  EXPECT_EQ(telemetry.wifi(), (WiFiReading{.isOn = true, .rssi = -56}));
+  EXPECT_THAT(interfaces(laptop), ElementsAre("enp0s31f6", "wlp4s0"));
+
+  const auto volumes = telemetry.volumes().value();
+  ASSERT_EQ(volumes.size(), 2u);
+  EXPECT_EQ(volumes[0].url, "file:///media/anna/HOLIDAY%202026");
+  EXPECT_EQ(volumes[0].name, "HOLIDAY 2026");
+  EXPECT_GT(volumes[0].totalBytes, 0);
+  EXPECT_EQ(volumes[1], (VolumeInfo{"file:///mnt/nas", "nas", 0, 0}));
+}
+
+TEST(Machines, ALaptopsProcesses) {
+  Machine laptop("laptop");
+  laptop.tree.write("proc/3301/cmdline", std::string_view("/usr/bin/gnome-system-monitor\0--new\0", 36));
+  const auto processes = laptop.telemetry.processes().value();
+  constexpr std::uint64_t tick = 10'000'000;
+  EXPECT_THAT(processes.samples, testing::UnorderedElementsAre(
+                                     ProcessSample{1, "systemd", 200 * tick}, ProcessSample{2, "kthreadd", 3 * tick},
+                                     ProcessSample{812, "kworker/u8:2-events_unbound", 77 * tick},
+                                     ProcessSample{2210, "tmux: server", 1800 * tick},
+                                     ProcessSample{3301, "gnome-system-monitor", 4800 * tick},
+                                     ProcessSample{3400, "a) b (c) S 1", 30 * tick}));
+  EXPECT_EQ(processes.uptimeNanoseconds, laptop.now);
+
+  // The number of a process that has ended may go to another at once.
+  laptop.tree.write("proc/3301/stat",
+                    "3301 (Isolated Web Co) R 1 1 1 0 -1 4194304 0 0 0 0 1 1 0 0 20 0 5 0 999999 0 0 0 1 1\n");
+  laptop.tree.write("proc/3301/cmdline", std::string_view("/usr/lib/firefox/firefox\0-contentproc\0", 38));
+  EXPECT_THAT(laptop.telemetry.processes()->samples,
+              testing::Contains(ProcessSample{3301, "Isolated Web Co", 2 * tick}));
+}
+
+TEST(Machines, ADesktopComputer) {
+  Machine desktop("desktop");
+  LinuxTelemetry& telemetry = desktop.telemetry;
+  EXPECT_EQ(telemetry.power(), (PowerReading{.isOnAdapter = true})) << "a keyboard's battery is not the computer's";
+  EXPECT_EQ(telemetry.batteryHealth(), BatteryHealthReading{});
+  const auto pressure = telemetry.pressure().value();
+  EXPECT_EQ(pressure.level, MemoryPressure::warning) << "eight percent are left";
+  EXPECT_EQ(pressure.swapUsedBytes, 0u);
+  EXPECT_EQ(telemetry.diskCounters(), (DiskCounters{2'560'000'000, 2'048'000'000, desktop.now}));
+  EXPECT_EQ(telemetry.thermal(), (ThermalReading{ThermalLevel::nominal, 70}));
+  EXPECT_EQ(telemetry.wifi(), std::nullopt);
+  EXPECT_EQ(telemetry.gpu(), 0.07);
+  EXPECT_THAT(telemetry.volumes().value(), IsEmpty());
+  EXPECT_THAT(interfaces(desktop), ElementsAre("enp5s0"));
+}
+
+TEST(Machines, AVirtualMachine) {
+  Machine machine("virtual");
+  LinuxTelemetry& telemetry = machine.telemetry;
+  EXPECT_EQ(telemetry.power(), (PowerReading{.isOnAdapter = true}));
+  EXPECT_EQ(telemetry.batteryHealth(), BatteryHealthReading{});
+  const auto pressure = telemetry.pressure().value();
+  EXPECT_EQ(pressure.level, MemoryPressure::critical);
+  EXPECT_EQ(pressure.swapUsedBytes, 1'048'576u * 1024);
+  EXPECT_EQ(telemetry.diskCounters(), (DiskCounters{2'799'786 * 512ull, 5'763'072 * 512ull, machine.now}));
+  EXPECT_EQ(telemetry.thermal(), std::nullopt);
+  EXPECT_EQ(telemetry.gpu(), std::nullopt);
+  EXPECT_EQ(telemetry.wifi(), std::nullopt);
+}
+
+TEST(Machines, AHotBoardThatIsCharging) {
+  Machine board("board");
+  LinuxTelemetry& telemetry = board.telemetry;
+  // 1.5 of 3 Ah at 4 V, charged with 1.5 A.
+  EXPECT_EQ(
+      telemetry.power(),
+      (PowerReading{.adapterWatts = 15, .isOnAdapter = true, .isCharging = true, .percent = 50, .minutesToFull = 60}));
+  EXPECT_EQ(telemetry.batteryHealth(), (BatteryHealthReading{{{0, 75, BatteryCondition::serviceRecommended}}}));
+  EXPECT_EQ(telemetry.thermal(), (ThermalReading{ThermalLevel::serious, 81.2}));
+  EXPECT_EQ(telemetry.gpu(), 0.12);
+  EXPECT_EQ(telemetry.wifi(), WiFiReading{.isOn = false});
+  EXPECT_EQ(telemetry.diskCounters(), (DiskCounters{204'800'000, 30'720'000, board.now}));
+  EXPECT_EQ(telemetry.pressure()->level, MemoryPressure::normal);
+}
+
+TEST(Machines, AMachineWithNothingSaysNothing) {
+  Machine nothing;
+  LinuxTelemetry& telemetry = nothing.telemetry;
+  EXPECT_EQ(telemetry.gpu(), std::nullopt);
+  EXPECT_EQ(telemetry.pressure(), std::nullopt);
+  EXPECT_EQ(telemetry.diskCounters(), std::nullopt);
+  EXPECT_EQ(telemetry.processes(), std::nullopt);
+  EXPECT_EQ(telemetry.batteryHealth(), std::nullopt);
+  EXPECT_EQ(telemetry.power(), std::nullopt);
+  EXPECT_EQ(telemetry.thermal(), std::nullopt);
+  EXPECT_EQ(telemetry.wifi(), std::nullopt);
+  EXPECT_EQ(telemetry.volumes(), std::nullopt);
+}
+
+TEST(Machines, AServiceTellsOfTheBatteryThatTheKernelHides) {
+  Machine machine("virtual");
+  machine.otherSupplies = {{.kind = PowerSupply::Kind::battery,
+                            .status = PowerSupply::Status::discharging,
+                            .percent = 40,
+                            .energy = 20,
+                            .energyFull = 50,
+                            .energyDesign = 50,
+                            .rate = 10,
+                            .cycles = 3}};
+  EXPECT_EQ(machine.telemetry.power(), (PowerReading{.percent = 40, .minutesToEmpty = 120}));
+  EXPECT_EQ(machine.telemetry.batteryHealth(), (BatteryHealthReading{{{3, 100, BatteryCondition::normal}}}));
+}
+
+TEST(Machines, AServiceTellsHowLongABatteryLastsThatGivesNoRate) {
+  Machine laptop("laptop");
+  laptop.tree.write("sys/class/power_supply/BAT1/uevent",
+                    "POWER_SUPPLY_NAME=BAT1\nPOWER_SUPPLY_TYPE=Battery\nPOWER_SUPPLY_STATUS=Discharging\n"
+                    "POWER_SUPPLY_ENERGY_FULL=60000000\nPOWER_SUPPLY_ENERGY_NOW=6000000\n");
+  laptop.otherSupplies = {{.kind = PowerSupply::Kind::battery,
+                           .status = PowerSupply::Status::discharging,
+                           .percent = 99,
+                           .secondsToEmpty = 5400}};
+  EXPECT_EQ(laptop.telemetry.power(), (PowerReading{.percent = 31, .minutesToEmpty = 90}));
+}
+
+TEST(MachineHere, TheRunningSystemIsReadWithoutAHitch) {
+  LinuxTelemetry telemetry(LinuxTelemetry::runningSystem());
+  const auto processes = telemetry.processes();
+  ASSERT_TRUE(processes);
+  EXPECT_THAT(processes->samples, testing::Contains(Field(&ProcessSample::pid, static_cast<std::int32_t>(getpid()))));
+  EXPECT_TRUE(telemetry.pressure());
+  EXPECT_TRUE(telemetry.volumes());
+  telemetry.gpu();
+  telemetry.power();
+  telemetry.batteryHealth();
+  telemetry.thermal();
+  telemetry.wifi();
+  telemetry.addresses();
+}
+
+}  // namespace
+}  // namespace ambrel
