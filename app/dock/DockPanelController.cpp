@@ -13,7 +13,7 @@ namespace {
 constexpr int restingAfter = 4;
 // A pointer that a program moves is not announced; a look now and then finds it. Without announcements at all the
 // look has to be quicker.
-constexpr int slowLookInterval = 1000, blindLookInterval = 150;
+constexpr int slowLookInterval = 3000, blindLookInterval = 150;
 
 QRect toRect(const Rect& rect, double mainHeight) {
   const Rect down = flipped(rect, mainHeight);

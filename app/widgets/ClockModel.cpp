@@ -7,6 +7,9 @@ namespace ambrel {
 ClockModel::ClockModel(Calendar calendar, QObject* parent) : QObject(parent), calendar_(std::move(calendar)) {}
 
 void ClockModel::tick(Instant now) {
+  const auto minute = std::chrono::floor<std::chrono::minutes>(now);
+  if (minute == minute_) return;
+  minute_ = minute;
   const auto formatted = [&](const char* skeleton) {
     return QString::fromStdString(formattedDate(calendar_, now, skeleton));
   };

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
+#include <chrono>
+#include <optional>
 
 #include "core/base/Calendar.h"
 
@@ -42,6 +44,7 @@ class ClockModel : public QObject {
 
  private:
   Calendar calendar_;
+  std::optional<std::chrono::sys_time<std::chrono::minutes>> minute_;  // that the texts stand for
   QString time_, shortDate_, day_, weekday_, month_, fullDate_;
 };
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "core/agents/ToolStore.h"
 #include "core/base/JSON.h"
 #include "core/base/Text.h"
 
@@ -60,18 +59,20 @@ std::vector<AgentSession> AntigravityReader::sessions(const std::filesystem::pat
       std::chrono::floor<std::chrono::seconds>(advanced(now, -AgentTiming::recentWindow)).time_since_epoch().count())};
   std::vector<AgentSession> sessions;
   for (const char* store : stores) {
-    auto found = queryRows(home / store, query, cutOff, [&](const StoreRow& row) {
-      return antigravitySession({.conversationId = row.text(0),
-                                 .title = row.text(1),
-                                 .status = row.text(2),
-                                 .notFullyIdle = row.integer(3) != 0,
-                                 .killed = row.integer(4) != 0,
-                                 .stepCount = row.integer(5),
-                                 .workspaceURIs = row.text(6),
-                                 .modified = row.integer(7)},
-                                now);
-    });
-    sessions.insert(sessions.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+    for (const StoreRow& row : *cache_->rows(home / store, query, cutOff)) {
+      // A row that was kept may have grown too old meanwhile.
+      if (row.integer(7) <= cutOff.front()) continue;
+      auto session = antigravitySession({.conversationId = row.text(0),
+                                         .title = row.text(1),
+                                         .status = row.text(2),
+                                         .notFullyIdle = row.integer(3) != 0,
+                                         .killed = row.integer(4) != 0,
+                                         .stepCount = row.integer(5),
+                                         .workspaceURIs = row.text(6),
+                                         .modified = row.integer(7)},
+                                        now);
+      if (session) sessions.push_back(std::move(*session));
+    }
   }
   return sessions;
 }

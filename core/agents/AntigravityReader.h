@@ -2,6 +2,7 @@
 // Antigravity: a database of summaries for the application and another one for its command-line tool.
 
 #include "core/agents.h"
+#include "core/agents/ToolStore.h"
 
 namespace ambrel {
 
@@ -9,6 +10,9 @@ class AntigravityReader : public AgentSessionReader {
  public:
   // The application's conversations first; one that is in both stores is listed twice.
   std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const override;
+
+ private:
+  std::shared_ptr<StoreCache> cache_ = std::make_shared<StoreCache>();
 };
 
 struct AntigravityRow {

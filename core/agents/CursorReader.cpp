@@ -5,7 +5,6 @@
 #include <cmath>
 #include <fmt/format.h>
 
-#include "core/agents/ToolStore.h"
 #include "core/base/Files.h"
 #include "core/base/Text.h"
 
@@ -18,7 +17,7 @@ constexpr std::array<const char*, 2> stores{
 };
 
 constexpr const char* query =
-    "SELECT composerId, value FROM composerHeaders\n"
+    "SELECT composerId, value, lastUpdatedAt FROM composerHeaders\n"
     "WHERE isArchived = 0 AND isSubagent = 0 AND lastUpdatedAt > ?\n"
     "ORDER BY lastUpdatedAt DESC\n"
     "LIMIT 50";
@@ -76,11 +75,14 @@ std::vector<AgentSession> CursorReader::sessions(const std::filesystem::path& ho
     const auto path = home / store;
     if (!fileStatus(path)) continue;
     LineParser parser;
-    return queryRows(path, query, cutOff, [&](const StoreRow& row) -> std::optional<AgentSession> {
+    std::vector<AgentSession> sessions;
+    for (const StoreRow& row : *cache_->rows(path, query, cutOff)) {
       const auto composerId = row.text(0), value = row.text(1);
-      if (!composerId || !value) return std::nullopt;
-      return cursorSession(*composerId, *value, now, parser);
-    });
+      // A row that was kept may have grown too old meanwhile.
+      if (!composerId || !value || row.integer(2) <= cutOff.front()) continue;
+      if (auto session = cursorSession(*composerId, *value, now, parser)) sessions.push_back(std::move(*session));
+    }
+    return sessions;
   }
   return {};
 }

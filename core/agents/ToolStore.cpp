@@ -116,36 +116,72 @@ Database openStore(const std::filesystem::path& given) {
   return database;
 }
 
-}  // namespace
+struct StoreResult {
+  std::vector<StoreRow> rows;
+  bool isWhole = false;
+};
 
-std::optional<std::string_view> StoreRow::text(int column) const {
-  const unsigned char* text = sqlite3_column_text(statement_, column);
-  if (!text) return std::nullopt;
-  return std::string_view(reinterpret_cast<const char*>(text),
-                          static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
-}
-
-std::int64_t StoreRow::integer(int column) const { return sqlite3_column_int64(statement_, column); }
-
-std::vector<AgentSession> queryRows(const std::filesystem::path& path, const char* sql,
-                                    std::span<const std::int64_t> bindings,
-                                    const std::function<std::optional<AgentSession>(const StoreRow&)>& row) {
-  std::vector<AgentSession> sessions;
+StoreResult queryStore(const std::filesystem::path& path, const char* sql, std::span<const std::int64_t> bindings) {
+  StoreResult result;
   const Database database = openStore(path);
-  if (!database) return sessions;
+  if (!database) return result;
 
   int checksLeft = checksBeforeGivingUp;
   const auto isTooMuch = [](void* left) { return --*static_cast<int*>(left) < 0 ? 1 : 0; };
   sqlite3_progress_handler(database.get(), stepsBetweenChecks, isTooMuch, &checksLeft);
 
   sqlite3_stmt* prepared = nullptr;
-  const int result = sqlite3_prepare_v2(database.get(), sql, -1, &prepared, nullptr);
+  const int status = sqlite3_prepare_v2(database.get(), sql, -1, &prepared, nullptr);
   const Statement statement(prepared);
-  if (result != SQLITE_OK || !prepared) return sessions;
+  if (status != SQLITE_OK || !prepared) return result;
   for (std::size_t i = 0; i < bindings.size(); ++i) sqlite3_bind_int64(prepared, static_cast<int>(i) + 1, bindings[i]);
-  while (sqlite3_step(prepared) == SQLITE_ROW)
-    if (auto session = row(StoreRow(prepared))) sessions.push_back(std::move(*session));
-  return sessions;
+
+  int step = SQLITE_ROW;
+  while ((step = sqlite3_step(prepared)) == SQLITE_ROW) {
+    std::vector<StoreRow::Value> values(static_cast<std::size_t>(sqlite3_column_count(prepared)));
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      const int column = static_cast<int>(i);
+      values[i].integer = sqlite3_column_int64(prepared, column);
+      if (const unsigned char* text = sqlite3_column_text(prepared, column))
+        values[i].text.emplace(reinterpret_cast<const char*>(text),
+                               static_cast<std::size_t>(sqlite3_column_bytes(prepared, column)));
+    }
+    result.rows.emplace_back(std::move(values));
+  }
+  result.isWhole = step == SQLITE_DONE;
+  return result;
+}
+
+}  // namespace
+
+StoreCache::Stamp StoreCache::stampOf(const std::filesystem::path& path) {
+  // A link is followed to its end, as it is when the store is opened.
+  std::error_code error;
+  const auto target = std::filesystem::canonical(path, error);
+  if (error) return {};
+  return {fileStatus(target), fileStatus(target.native() + "-wal")};
+}
+
+StoreCache::Rows StoreCache::rows(const std::filesystem::path& path, const char* sql,
+                                  std::span<const std::int64_t> bindings) {
+  // Asked before the store is read: what changes meanwhile is seen the next time.
+  const Stamp stamp = stampOf(path);
+  bool isConfirmed = false;
+  {
+    const std::lock_guard lock(lock_);
+    if (const auto found = entries_.find(path.native()); found != entries_.end() && found->second.stamp == stamp) {
+      if (found->second.isConfirmed) return found->second.rows;
+      isConfirmed = true;
+    }
+  }
+  auto result = stamp.store ? queryStore(path, sql, bindings) : StoreResult{};
+  const auto rows = std::make_shared<const std::vector<StoreRow>>(std::move(result.rows));
+  const std::lock_guard lock(lock_);
+  if (result.isWhole)
+    entries_[path.native()] = {stamp, isConfirmed, rows};
+  else
+    entries_.erase(path.native());
+  return rows;
 }
 
 }  // namespace ambrel

@@ -10,35 +10,64 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
-#include "core/agents.h"
-
-struct sqlite3_stmt;
+#include "core/base/Files.h"
 
 namespace ambrel {
 
-// One row of a result; its texts live until the next row.
+// One row of a result. Columns count from 0.
 class StoreRow {
  public:
-  explicit StoreRow(sqlite3_stmt* statement) : statement_(statement) {}
-  // Columns count from 0. Absent for NULL.
-  std::optional<std::string_view> text(int column) const;
-  // 0 for NULL and for what is no number.
-  std::int64_t integer(int column) const;
+  struct Value {
+    std::optional<std::string> text;  // absent for NULL
+    std::int64_t integer = 0;         // 0 for NULL and for what is no number
+  };
+  explicit StoreRow(std::vector<Value> values) : values_(std::move(values)) {}
+
+  std::optional<std::string_view> text(std::size_t column) const {
+    const auto& text = values_[column].text;
+    return text ? std::optional<std::string_view>(*text) : std::nullopt;
+  }
+  std::int64_t integer(std::size_t column) const { return values_[column].integer; }
 
  private:
-  sqlite3_stmt* statement_;
+  std::vector<Value> values_;
 };
 
-// The sessions that `row` makes of the result; rows without one are dropped. `bindings` are the parameters 1, 2, ...
-// Every failure gives fewer rows: no such file, another schema, a store that stays locked, a query without an end.
-std::vector<AgentSession> queryRows(const std::filesystem::path& path, const char* sql,
-                                    std::span<const std::int64_t> bindings,
-                                    const std::function<std::optional<AgentSession>(const StoreRow&)>& row);
+// The rows of stores as they were last read. A store whose files have the sizes and dates that they had at the two
+// reads before is not opened: a change within the grain of a file's date shows by the second read at the latest.
+class StoreCache {
+ public:
+  using Rows = std::shared_ptr<const std::vector<StoreRow>>;  // never null
+
+  // `bindings` are the parameters 1, 2, ...; rows that were kept are those of earlier bindings. Every failure gives
+  // fewer rows, and those are not kept: no such file, another schema, a store that stays locked, a query without an
+  // end.
+  Rows rows(const std::filesystem::path& path, const char* sql, std::span<const std::int64_t> bindings);
+
+ private:
+  // Of the store and of its write-ahead log.
+  struct Stamp {
+    std::optional<FileStatus> store, log;
+    bool operator==(const Stamp&) const = default;
+  };
+  static Stamp stampOf(const std::filesystem::path& path);
+
+  struct Entry {
+    Stamp stamp;
+    bool isConfirmed = false;
+    Rows rows;
+  };
+  std::mutex lock_;
+  std::unordered_map<std::string, Entry> entries_;
+};
 
 }  // namespace ambrel

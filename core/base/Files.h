@@ -54,6 +54,7 @@ struct FileStatus {
   bool isFolder = false;
   std::uint64_t size = 0;
   Instant modified;
+  friend bool operator==(const FileStatus&, const FileStatus&) = default;
 };
 // Follows symbolic links. Absent when there is nothing or it cannot be asked.
 std::optional<FileStatus> fileStatus(const std::filesystem::path& path);

@@ -247,6 +247,71 @@ TEST(AgentSessionJSON, ReadsBackWhatItWrites) {
   EXPECT_EQ(JSON(session).get<AgentSession>(), session);
 }
 
+// What a store holds is changed under the date that it had: only a reader that opens it can know.
+TEST(StoreReaders, OpenNoStoreThatHasNotChanged) {
+  TemporaryFolder home;
+  const auto store = home / antigravityStore;
+  writeStore(store, schema + conversation("a"));
+  const AntigravityReader reader;
+  for (int i = 0; i < 2; ++i) EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:a"));
+
+  const auto date = std::filesystem::last_write_time(store);
+  writeStore(store, "UPDATE conversation_summaries SET conversation_id = 'b'");
+  std::filesystem::last_write_time(store, date);
+  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:a"));
+
+  std::filesystem::last_write_time(store, date + std::chrono::milliseconds(1));
+  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:b"));
+}
+
+TEST(StoreReaders, ReadAgainWhatMayHaveChangedWithinTheGrainOfADate) {
+  TemporaryFolder home;
+  const auto store = home / antigravityStore;
+  writeStore(store, schema + conversation("a"));
+  const AntigravityReader reader;
+  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:a"));
+  const auto date = std::filesystem::last_write_time(store);
+  writeStore(store, "UPDATE conversation_summaries SET conversation_id = 'b'");
+  std::filesystem::last_write_time(store, date);
+  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:b"));
+}
+
+TEST(StoreReaders, SeeWhatStandsInTheLogAlone) {
+  TemporaryFolder home;
+  const auto store = home / antigravityStore;
+  WritableStore writer(store);
+  writer.run("PRAGMA journal_mode = WAL; PRAGMA wal_autocheckpoint = 0;" + schema + conversation("a"));
+  const AntigravityReader reader;
+  for (int i = 0; i < 3; ++i) EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:a"));
+  writer.run(conversation("b"));
+  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), testing::UnorderedElementsAre("antigravity:a", "antigravity:b"));
+}
+
+TEST(StoreReaders, LetWhatTheyKeptGrowOld) {
+  TemporaryFolder home;
+  writeStore(home / antigravityStore, schema + conversation("a"));
+  const AntigravityReader reader;
+  for (int i = 0; i < 2; ++i) EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:a"));
+  const auto later = reader.sessions(home.path(), advanced(noon, Seconds(7300)));
+  ASSERT_EQ(later.size(), 1u);
+  EXPECT_EQ(later.front().status, AgentStatus::idle);
+  EXPECT_THAT(reader.sessions(home.path(), advanced(noon, AgentTiming::recentWindow)), IsEmpty());
+}
+
+TEST(StoreReaders, KeepNothingOfAStoreThatCouldNotBeRead) {
+  TemporaryFolder home;
+  const auto store = home / antigravityStore;
+  std::filesystem::create_directories(store.parent_path());
+  writeAtomically(store, "no database");
+  const AntigravityReader reader;
+  for (int i = 0; i < 3; ++i) EXPECT_THAT(reader.sessions(home.path(), noon), IsEmpty());
+  const auto date = std::filesystem::last_write_time(store);
+  std::filesystem::remove(store);
+  writeStore(store, schema + conversation("a"));
+  std::filesystem::last_write_time(store, date);
+  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:a"));
+}
+
 TEST(AgentSessionJSON, SaysWhatIsMissing) {
   const struct {
     const char* text;
