@@ -298,6 +298,7 @@ void AppDelegate::makeStatusItem() {
   connect(&model_, &AppModel::displaysChanged, this, update);
   connect(&agents_, &AgentsModel::sessionsChanged, this, update);
   connect(&license_, &LicenseManager::changed, this, update);
+  connect(&themeOf(engine_), &Theme::schemeChanged, this, [this] { statusItem_->redrawIcon(); });
   updateStatusItem();
 }
 

@@ -51,6 +51,10 @@ void StatusItem::update(const MenuModel& menu) {
   if (isFirst) tray_.show();
 }
 
+void StatusItem::redrawIcon() {
+  if (shown_) tray_.setIcon(icon_(shown_->attention));
+}
+
 void StatusItem::fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
   QActionGroup* choices = nullptr;
   for (const MenuEntry& entry : entries) {

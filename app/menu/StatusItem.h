@@ -23,6 +23,8 @@ class StatusItem : public QObject {
   StatusItem(Icon icon, Handler handler);
 
   void update(const MenuModel& menu);
+  // What the icon is drawn from has changed, such as the colours of the desktop.
+  void redrawIcon();
   static bool isTrayAvailable() { return QSystemTrayIcon::isSystemTrayAvailable(); }
 
   const QMenu& menu() const { return menu_; }

@@ -72,6 +72,17 @@ class StatusItemTests : public QObject {
     QCOMPARE(item.trayIcon().toolTip(), QStringLiteral("Tilebay"));
   }
 
+  void drawsTheSameIconAnewWhenColoursChange() {
+    StatusItem item = makeItem();
+    item.redrawIcon();
+    QVERIFY(icons_.empty());
+    MenuModel menu = model();
+    menu.attention = 3;
+    item.update(menu);
+    item.redrawIcon();
+    QCOMPARE(icons_, (std::vector<int>{3, 3}));
+  }
+
   void givesBackTheCommandAndTheProfile() {
     StatusItem item = makeItem();
     item.update(model());
