@@ -218,7 +218,7 @@ struct BuddySignals {
     std::string id;
     std::string title;
     Instant start;
-    std::optional<std::string> url;
+    std::optional<std::string> url = {};
     friend bool operator==(const Meeting&, const Meeting&) = default;
   };
   struct Battery {

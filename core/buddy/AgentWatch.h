@@ -13,12 +13,12 @@ struct AgentWatch {
   struct Change {
     std::string sessionID;
     AgentKind kind = AgentKind::claudeCode;
-    std::optional<std::string> project;
+    std::optional<std::string> project = {};
     AgentStatus from = AgentStatus::idle;
     AgentStatus to = AgentStatus::idle;
-    std::optional<std::string> detail;
-    std::optional<Seconds> ranFor;  // of a run that ended with it
-    Instant at;
+    std::optional<std::string> detail = {};
+    std::optional<Seconds> ranFor = {};  // of a run that ended with it
+    Instant at = {};
     friend bool operator==(const Change&, const Change&) = default;
   };
   struct DigestEntry {
@@ -29,12 +29,12 @@ struct AgentWatch {
     friend bool operator==(const DigestEntry&, const DigestEntry&) = default;
   };
 
-  Instant lastLookAt = {};                             // the digest covers what came after it; begin with the start
-  std::vector<Change> log;                             // of the last 6 hours, oldest first
-  std::optional<AgentKind> front;                      // the agent whose application is in front
-  std::map<AgentKind, Instant> lastFront;              // when each last left the front
-  std::unordered_map<std::string, AgentSession> last;  // by session id, as last seen
-  std::unordered_map<std::string, Instant> runStart;   // by session id, of the present run
+  Instant lastLookAt = {};              // the digest covers what came after it; begin with the start of the program
+  std::vector<Change> log = {};         // of the last 6 hours, oldest first
+  std::optional<AgentKind> front = {};  // the agent whose application is in front
+  std::map<AgentKind, Instant> lastFront = {};              // when each last left the front
+  std::unordered_map<std::string, AgentSession> last = {};  // by session id, as last seen
+  std::unordered_map<std::string, Instant> runStart = {};   // by session id, of the present run
 
   // True when the user has just come back to an agent after two minutes or more.
   bool setFront(std::optional<AgentKind> kind, Instant now);

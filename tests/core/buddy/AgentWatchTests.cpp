@@ -1,0 +1,259 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/buddy/AgentWatch.h"
+
+namespace ambrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using enum AgentStatus;
+using enum AgentKind;
+
+const Instant start = instantFromUnixSeconds(1'795'251'600);
+Instant after(double seconds) { return advanced(start, Seconds(seconds)); }
+
+AgentSession session(std::string id, AgentKind kind, AgentStatus status, std::optional<std::string> detail = {}) {
+  return {.id = std::move(id),
+          .kind = kind,
+          .title = "Fix the login",
+          .project = "web-shop",
+          .detail = std::move(detail),
+          .status = status,
+          .updatedAt = start};
+}
+
+AgentWatch watch() { return {.lastLookAt = start}; }
+
+TEST(AgentWatch, KnowsAReturnAfterTwoMinutesAway) {
+  struct Row {
+    double away;
+    bool isReturn;
+  };
+  for (const Row row : {Row{0, false}, Row{119, false}, Row{119.999999, false}, Row{120, true}, Row{7200, true}}) {
+    AgentWatch watch;
+    EXPECT_FALSE(watch.setFront(codex, after(0))) << "a first visit is no return";
+    EXPECT_FALSE(watch.setFront(std::nullopt, after(10)));
+    EXPECT_EQ(watch.setFront(codex, after(10 + row.away)), row.isReturn) << row.away;
+  }
+}
+
+TEST(AgentWatch, CountsTheTimeAwayForEachAgent) {
+  AgentWatch watch;
+  watch.setFront(codex, after(0));
+  watch.setFront(cursor, after(100));
+  EXPECT_FALSE(watch.setFront(codex, after(200)));
+  watch.setFront(cursor, after(210));
+  EXPECT_FALSE(watch.setFront(std::nullopt, after(400))) << "nobody came back to an agent";
+  EXPECT_TRUE(watch.setFront(codex, after(410)));
+}
+
+TEST(AgentWatch, TakesAnAgentThatComesForwardAgainAsNotAway) {
+  AgentWatch watch;
+  watch.setFront(codex, after(0));
+  EXPECT_FALSE(watch.setFront(codex, after(500)));
+  EXPECT_EQ(watch.front, codex);
+}
+
+TEST(AgentWatch, HasAnAgentInViewWhileItIsInFrontAnd20SecondsAfter) {
+  AgentWatch watch;
+  EXPECT_THAT(watch.focused(after(0)), IsEmpty());
+  watch.setFront(codex, after(0));
+  EXPECT_THAT(watch.focused(after(9000)), ElementsAre(codex));
+  watch.setFront(cursor, after(9000));
+  EXPECT_THAT(watch.focused(after(9020)), ElementsAre(codex, cursor));
+  EXPECT_THAT(watch.focused(after(9020.001)), ElementsAre(cursor));
+  watch.setFront(std::nullopt, after(9100));
+  EXPECT_THAT(watch.focused(after(9120)), ElementsAre(cursor));
+  EXPECT_THAT(watch.focused(after(9121)), IsEmpty());
+}
+
+TEST(AgentWatch, LogsNothingAtFirstSight) {
+  AgentWatch watch;
+  watch.update({session("a", codex, finished), session("b", codex, working)}, after(0));
+  EXPECT_THAT(watch.log, IsEmpty());
+  watch.update({session("a", codex, finished, "Done"), session("b", codex, working, "Bash")}, after(10));
+  EXPECT_THAT(watch.log, IsEmpty()) << "another detail is no change";
+  EXPECT_EQ(watch.last.at("b").detail, "Bash");
+}
+
+TEST(AgentWatch, MeasuresARunFromItsFirstSightThroughEveryWait) {
+  AgentWatch watch;
+  watch.update({session("a", codex, needsInput, "Allow?")}, after(0));
+  watch.update({session("a", codex, working, "Bash")}, after(60));
+  watch.update({session("a", codex, finished)}, after(500));
+  ASSERT_THAT(watch.log, SizeIs(2));
+  EXPECT_EQ(watch.log[0], (AgentWatch::Change{.sessionID = "a",
+                                              .kind = codex,
+                                              .project = "web-shop",
+                                              .from = needsInput,
+                                              .to = working,
+                                              .detail = "Bash",
+                                              .ranFor = {},
+                                              .at = after(60)}));
+  EXPECT_EQ(watch.log[1], (AgentWatch::Change{.sessionID = "a",
+                                              .kind = codex,
+                                              .project = "web-shop",
+                                              .from = working,
+                                              .to = finished,
+                                              .detail = "Bash",
+                                              .ranFor = Seconds(500),
+                                              .at = after(500)}));
+}
+
+TEST(AgentWatch, GivesThreeLinesToAWaitARunAndItsEnd) {
+  AgentWatch watch;
+  watch.lastLookAt = after(-1);
+  watch.update({session("a", codex, idle)}, after(0));
+  watch.update({session("a", codex, needsInput, "Allow?")}, after(60));
+  watch.update({session("a", codex, working, "Bash")}, after(120));
+  watch.update({session("a", codex, finished)}, after(60 + 12 * 60));
+  EXPECT_THAT(
+      watch.digest(after(900)),
+      ElementsAre(AgentWatch::DigestEntry{
+          "a", codex, "web-shop", {"Waiting for you · Allow?", "Started working · Bash", "Finished after 12 min"}}));
+}
+
+TEST(AgentWatch, BeginsANewRunAfterTheEndOfAnother) {
+  AgentWatch watch;
+  watch.update({session("a", codex, working)}, after(0));
+  watch.update({session("a", codex, finished)}, after(600));
+  watch.update({session("a", codex, idle)}, after(7800));
+  watch.update({session("a", codex, working)}, after(8000));
+  watch.update({session("a", codex, idle)}, after(8700));
+  ASSERT_THAT(watch.log, SizeIs(4));
+  EXPECT_EQ(watch.log[0].ranFor, Seconds(600));
+  EXPECT_EQ(watch.log[1].ranFor, std::nullopt) << "a finished session that ages has no run";
+  EXPECT_EQ(watch.log[3].ranFor, Seconds(700));
+}
+
+TEST(AgentWatch, KeepsChangesForSixHours) {
+  AgentWatch watch;
+  watch.update({session("a", codex, working), session("b", codex, working)}, after(0));
+  watch.update({session("a", codex, finished), session("b", codex, working)}, after(10));
+  watch.update({session("a", codex, finished), session("b", codex, finished)}, after(20));
+  watch.update({}, after(21610));
+  EXPECT_THAT(watch.log, SizeIs(2));
+  watch.update({}, after(21610.5));
+  ASSERT_THAT(watch.log, SizeIs(1));
+  EXPECT_EQ(watch.log[0].sessionID, "b");
+}
+
+TEST(AgentWatch, WordsAChange) {
+  struct Row {
+    AgentStatus from, to;
+    std::optional<std::string> detail;
+    std::optional<Seconds> ranFor;
+    std::optional<std::string> line;
+  };
+  const Row rows[] = {
+      {working, needsInput, "Allow?", {}, "Waiting for you · Allow?"},
+      {working, needsInput, {}, {}, "Waiting for you"},
+      {idle, working, "Bash", {}, "Started working · Bash"},
+      {finished, working, {}, {}, "Started working"},
+      {working, finished, "Done", Seconds(725), "Finished after 12 min"},
+      {working, finished, {}, Seconds(59), "Finished after 1 min"},
+      {working, finished, {}, Seconds(0), "Finished after 1 min"},
+      {working, finished, {}, Seconds(119.9), "Finished after 1 min"},
+      {idle, finished, "Done", {}, "Finished"},
+      {working, idle, "Bash", Seconds(1260), "Stopped after 21 min: no activity for 10 min"},
+      {needsInput, idle, {}, {}, "Stopped: no activity for 10 min"},
+      {finished, idle, "Done", {}, {}},
+      {idle, idle, {}, {}, {}},
+  };
+  for (const Row& row : rows)
+    EXPECT_EQ(AgentWatch::line({.sessionID = "a",
+                                .kind = codex,
+                                .project = {},
+                                .from = row.from,
+                                .to = row.to,
+                                .detail = row.detail,
+                                .ranFor = row.ranFor,
+                                .at = start}),
+              row.line)
+        << nameOf(row.from) << " to " << nameOf(row.to);
+}
+
+TEST(AgentWatch, TellsOfTheOthersInTheOrderOfTheirFirstNews) {
+  AgentWatch watch = ambrel::watch();
+  watch.update({session("c", claudeCode, working), session("x", codex, working), session("y", cursor, working)},
+               after(0));
+  watch.update({session("c", claudeCode, working), session("x", codex, working), session("y", cursor, finished)},
+               after(60));
+  watch.update(
+      {session("c", claudeCode, finished), session("x", codex, needsInput, "Allow?"), session("y", cursor, finished)},
+      after(120));
+  watch.update({session("c", claudeCode, finished), session("x", codex, needsInput, "Allow?"),
+                session("y", cursor, working, "Read")},
+               after(180));
+  watch.setFront(claudeCode, after(200));
+  EXPECT_THAT(
+      watch.digest(after(200)),
+      ElementsAre(AgentWatch::DigestEntry{"y", cursor, "web-shop", {"Finished after 1 min", "Started working · Read"}},
+                  AgentWatch::DigestEntry{"x", codex, "web-shop", {"Waiting for you · Allow?"}}));
+}
+
+TEST(AgentWatch, TellsOnlyOfWhatCameAfterTheLastLook) {
+  AgentWatch watch = ambrel::watch();
+  watch.update({session("a", codex, working), session("b", codex, working)}, after(0));
+  watch.update({session("a", codex, finished), session("b", codex, working)}, after(60));
+  watch.update({session("a", codex, finished), session("b", codex, finished)}, after(120));
+  watch.lastLookAt = after(60);
+  const auto digest = watch.digest(after(200));
+  ASSERT_THAT(digest, SizeIs(1));
+  EXPECT_EQ(digest[0].sessionID, "b");
+  watch.lastLookAt = after(120);
+  EXPECT_THAT(watch.digest(after(200)), IsEmpty());
+}
+
+TEST(AgentWatch, LeavesOutAgentsInViewAndChangesWithoutALine) {
+  AgentWatch watch = ambrel::watch();
+  watch.update({session("a", codex, working), session("b", cursor, finished)}, after(0));
+  watch.update({session("a", codex, finished), session("b", cursor, idle)}, after(60));
+  watch.setFront(codex, after(100));
+  EXPECT_THAT(watch.digest(after(200)), IsEmpty());
+  watch.setFront(std::nullopt, after(300));
+  EXPECT_THAT(watch.digest(after(320)), IsEmpty());
+  EXPECT_THAT(watch.digest(after(321)), SizeIs(1));
+}
+
+TEST(AgentWatch, SumsUpADigestInOneNotice) {
+  using Entry = AgentWatch::DigestEntry;
+  const Entry first{"a", codex, "web-shop", {"Started working", "Finished after 12 min"}};
+  const Entry second{"b", claudeCode, {}, {"Waiting for you · Allow?"}};
+  const Entry third{"c", cursor, {}, {"Finished"}};
+  const Instant now = after(0.5);
+  EXPECT_EQ(awayNotice({first}, now), BuddyNotice("away:1795251600.5", BuddyRule::awayDigest, "While you were away",
+                                                  "Codex: Finished after 12 min", now, {BuddyActions::OpenInbox{}}));
+  EXPECT_EQ(awayNotice({first, second}, now).detail,
+            "Codex: Finished after 12 min · Claude Code: Waiting for you · Allow?");
+  EXPECT_EQ(awayNotice({first, second, third}, now).detail,
+            "Codex: Finished after 12 min · Claude Code: Waiting for you · Allow? · +1 more");
+  EXPECT_EQ(awayNotice({first, second, third, third, third}, after(0)).detail,
+            "Codex: Finished after 12 min · Claude Code: Waiting for you · Allow? · +3 more");
+  EXPECT_EQ(awayNotice({first}, after(0)).id, "away:1795251600.0");
+}
+
+TEST(AgentWatch, MovesWithAClockThatIsSet) {
+  for (const double by : {-7200.0, 86400.0}) {
+    AgentWatch watch = ambrel::watch();
+    watch.setFront(cursor, after(0));
+    watch.update({session("a", codex, working), session("b", codex, working)}, after(0));
+    watch.update({session("a", codex, finished), session("b", codex, working)}, after(60));
+    watch.lastLookAt = after(60);
+    watch.setFront(std::nullopt, after(100));
+    watch.clockMoved(Seconds(by));
+
+    EXPECT_THAT(watch.focused(after(by + 120)), ElementsAre(cursor));
+    EXPECT_THAT(watch.focused(after(by + 121)), IsEmpty());
+    watch.update({session("a", codex, finished), session("b", codex, finished)}, after(by + 600));
+    EXPECT_THAT(watch.digest(after(by + 600)),
+                ElementsAre(AgentWatch::DigestEntry{"b", codex, "web-shop", {"Finished after 10 min"}}));
+    EXPECT_TRUE(watch.setFront(cursor, after(by + 220)));
+  }
+}
+
+}  // namespace
+}  // namespace ambrel

@@ -1,0 +1,199 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/buddy/BuddyBubbleQueue.h"
+#include "core/buddy/BuddyInbox.h"
+
+namespace ambrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using enum BuddyRule;
+
+const Instant start = instantFromUnixSeconds(1'795'251'600);
+Instant after(double seconds) { return advanced(start, Seconds(seconds)); }
+
+BuddyNotice notice(std::string id, BuddyRule rule, double seconds = 0, std::optional<std::string> session = {},
+                   std::optional<Instant> expiresAt = {}) {
+  const std::string title = "Title " + id, detail = "Detail " + id + ".";
+  return BuddyNotice(std::move(id), rule, title, detail, after(seconds), {BuddyActions::Snooze{15}}, std::move(session),
+                     expiresAt);
+}
+
+std::vector<std::string> ids(const std::vector<BuddyNotice>& notices) {
+  std::vector<std::string> ids;
+  for (const BuddyNotice& notice : notices) ids.push_back(notice.id);
+  return ids;
+}
+
+std::string currentID(const BuddyBubbleQueue& queue) { return queue.current ? queue.current->id : ""; }
+
+TEST(BuddyBubbleQueue, ShowsTheFirstNoticeAndLetsTheOthersWait) {
+  BuddyBubbleQueue queue;
+  EXPECT_FALSE(queue.offer(notice("a", diskLow)));
+  EXPECT_FALSE(queue.offer(notice("b", diskLow)));
+  EXPECT_FALSE(queue.offer(notice("c", water)));
+  EXPECT_FALSE(queue.offer(notice("d", batteryLow)));
+  EXPECT_EQ(currentID(queue), "a");
+  EXPECT_THAT(ids(queue.pending), ElementsAre("b", "d", "c"));
+}
+
+TEST(BuddyBubbleQueue, GivesWayToWhatIsMoreUrgent) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("info", water));
+  EXPECT_FALSE(queue.offer(notice("urgent", agentNeedsInput, 0, "s")));
+  EXPECT_EQ(currentID(queue), "urgent");
+  EXPECT_THAT(ids(queue.pending), ElementsAre("info"));
+  queue.offer(notice("also urgent", batteryCritical));
+  EXPECT_EQ(currentID(queue), "urgent") << "an equal one waits";
+  EXPECT_THAT(ids(queue.pending), ElementsAre("also urgent", "info"));
+}
+
+TEST(BuddyBubbleQueue, PutsADisplacedNoticeBehindItsEquals) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("first", diskLow));
+  queue.offer(notice("second", batteryLow));
+  queue.offer(notice("urgent", batteryCritical));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("second", "first"));
+}
+
+TEST(BuddyBubbleQueue, HoldsFiveAtMostAndDropsTheLeast) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("current", agentNeedsInput));
+  for (const char* id : {"1", "2", "3", "4", "5"}) queue.offer(notice(id, diskLow));
+  queue.offer(notice("low", water));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("1", "2", "3", "4", "5"));
+  queue.offer(notice("sixth", batteryLow));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("1", "2", "3", "4", "5"));
+  queue.offer(notice("urgent", meetingStart));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("urgent", "1", "2", "3", "4"));
+}
+
+TEST(BuddyBubbleQueue, SpeaksOnceOfASessionWithinHalfAMinute) {
+  struct Row {
+    double first, second;
+    bool isMerged;
+  };
+  for (const Row row :
+       {Row{0, 0, true}, Row{0, 30, true}, Row{30, 0, true}, Row{0, 30.001, false}, Row{31, 0, false}}) {
+    BuddyBubbleQueue queue;
+    queue.offer(notice("a", agentFinished, row.first, "s"));
+    EXPECT_EQ(queue.offer(notice("b", agentStopped, row.second, "s")), row.isMerged);
+    EXPECT_THAT(queue.pending, SizeIs(row.isMerged ? 0 : 1));
+    EXPECT_EQ(queue.current->detail, row.isMerged ? "Detail a. Also: Title b." : "Detail a.");
+  }
+}
+
+TEST(BuddyBubbleQueue, MergesWithWhatWaitsToo) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("urgent", batteryCritical));
+  queue.offer(notice("other", agentFinished, 0, "t"));
+  queue.offer(notice("a", agentFinished, 0, "s"));
+  EXPECT_FALSE(queue.offer(notice("b", agentNeedsInput, 20, "s")));
+  EXPECT_EQ(currentID(queue), "urgent");
+  // What has waited keeps its place, however urgent it has become.
+  EXPECT_THAT(ids(queue.pending), ElementsAre("other", "b"));
+  EXPECT_EQ(queue.pending[1].detail, "Detail b. Also: Title a.");
+}
+
+TEST(BuddyBubbleQueue, NeverMergesNoticesOfDifferentSessionsOrOfNone) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("a", agentFinished, 0, "s"));
+  EXPECT_FALSE(queue.offer(notice("b", agentFinished, 0, "t")));
+  EXPECT_FALSE(queue.offer(notice("c", diskLow)));
+  EXPECT_FALSE(queue.offer(notice("d", diskLow)));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("b", "c", "d"));
+}
+
+TEST(BuddyBubbleQueue, MergesUnderTheLeadOfTheFirstUnlessTheSecondIsMoreUrgent) {
+  const BuddyNotice a = notice("a", agentFinished, 20, "s", after(100));
+  BuddyNotice b = notice("b", agentStopped, 10, "s");
+  b.actions = {BuddyActions::OpenAgent{AgentKind::codex}};
+
+  BuddyNotice expected = a;
+  expected.detail = "Detail a. Also: Title b.";
+  EXPECT_EQ(BuddyBubbleQueue::merged(a, b), expected);
+
+  b.rule = agentNeedsInput;
+  expected = b;
+  expected.detail = "Detail b. Also: Title a.";
+  expected.date = after(20);
+  EXPECT_EQ(BuddyBubbleQueue::merged(a, b), expected);
+
+  EXPECT_EQ(BuddyBubbleQueue::merged(b, a), expected) << "the more urgent one leads from either side";
+}
+
+TEST(BuddyBubbleQueue, ForgetsWhatWaitedForFiveMinutesOrHasExpired) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("current", agentNeedsInput, -9000));
+  queue.offer(notice("old", diskLow, 0));
+  queue.offer(notice("expiring", meetingSoon, 100, {}, after(300)));
+  queue.offer(notice("later", meetingSoon, 100, {}, after(301)));
+  queue.offer(notice("new", water, 100));
+  queue.prune(after(299));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("old", "expiring", "later", "new"));
+  queue.prune(after(300));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("old", "later", "new"));
+  queue.prune(after(300.001));
+  EXPECT_THAT(ids(queue.pending), ElementsAre("later", "new"));
+  EXPECT_EQ(currentID(queue), "current") << "what is shown stays";
+}
+
+TEST(BuddyBubbleQueue, GoesOnToWhatIsStillWorthIt) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("current", agentNeedsInput));
+  queue.offer(notice("old", diskLow, -400));
+  queue.offer(notice("next", batteryLow));
+  queue.offer(notice("last", water));
+  queue.advance(after(10));
+  EXPECT_EQ(currentID(queue), "next");
+  EXPECT_THAT(ids(queue.pending), ElementsAre("last"));
+  queue.advance(after(20));
+  EXPECT_EQ(currentID(queue), "last");
+  queue.advance(after(30));
+  EXPECT_EQ(currentID(queue), "");
+  queue.advance(after(40));
+  EXPECT_EQ(queue, BuddyBubbleQueue{});
+}
+
+TEST(BuddyBubbleQueue, MovesWithAClockThatIsSet) {
+  BuddyBubbleQueue queue;
+  queue.offer(notice("current", agentFinished, 0, "s"));
+  queue.offer(notice("waiting", diskLow, 0));
+  queue.clockMoved(Seconds(86400));
+  queue.prune(after(86400 + 299));
+  EXPECT_THAT(queue.pending, SizeIs(1));
+  EXPECT_TRUE(queue.offer(notice("more", agentStopped, 86400 + 20, "s")));
+}
+
+TEST(BuddyInbox, ListsTheNewestFirstAndKeepsTwoHundred) {
+  BuddyInbox inbox;
+  for (int i = 0; i < 250; ++i) inbox.add({notice(std::to_string(i), water, i)});
+  ASSERT_THAT(inbox.recent, SizeIs(200));
+  EXPECT_EQ(inbox.recent.front().id, "249");
+  EXPECT_EQ(inbox.recent.back().id, "50");
+
+  std::vector<BuddyNotice> many;
+  for (int i = 0; i < 3000; ++i) many.push_back(notice("many " + std::to_string(i), water, 1000));
+  inbox.add(many);
+  ASSERT_THAT(inbox.recent, SizeIs(200));
+  EXPECT_EQ(inbox.recent.front().id, "many 2999");
+  EXPECT_EQ(inbox.recent.back().id, "many 2800");
+  inbox.clear();
+  EXPECT_THAT(inbox.recent, IsEmpty());
+}
+
+TEST(BuddyInbox, MovesANoticeThatCameBackToTheFront) {
+  BuddyInbox inbox;
+  inbox.add({notice("battery.low", batteryLow), notice("disk.low", diskLow)});
+  inbox.add({notice("battery.low", batteryLow)});
+  EXPECT_THAT(ids(inbox.recent), ElementsAre("battery.low", "disk.low"));
+  inbox.add({notice("battery.low", batteryLow, 3600)});
+  EXPECT_THAT(ids(inbox.recent), ElementsAre("battery.low", "battery.low", "disk.low")) << "a new spell is listed anew";
+  EXPECT_NE(inboxKey(inbox.recent[0]), inboxKey(inbox.recent[1]));
+}
+
+}  // namespace
+}  // namespace ambrel

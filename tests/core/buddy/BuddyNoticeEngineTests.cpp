@@ -1,0 +1,214 @@
+// What the replay cases cannot show: the engine's memory, many sessions at once, and clocks that are set.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/buddy/BuddyBubbleQueue.h"
+#include "core/buddy/BuddyInbox.h"
+#include "core/buddy/BuddyNoticeEngine.h"
+
+namespace ambrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::UnorderedElementsAre;
+using enum AgentStatus;
+
+const Instant start = instantFromUnixSeconds(1'795'251'600);  // 2026-11-21T09:00:00Z
+Instant after(double seconds) { return advanced(start, Seconds(seconds)); }
+
+AgentSession session(std::string id, AgentStatus status) {
+  return {.id = std::move(id), .kind = AgentKind::codex, .title = "t", .status = status, .updatedAt = start};
+}
+
+BuddySignals sessions(int count, AgentStatus status) {
+  BuddySignals signals;
+  for (int i = 0; i < count; ++i) signals.agents.push_back(session("codex:" + std::to_string(i), status));
+  return signals;
+}
+
+struct Bench {
+  Calendar calendar{"UTC", "en_US"};
+  BuddyNoticeEngine engine;
+
+  std::vector<BuddyNotice> evaluate(const BuddySignals& signals, double seconds, const BuddyPolicy& policy = {}) {
+    return engine.evaluate(signals, policy, after(seconds), calendar);
+  }
+};
+
+std::vector<std::string> ids(const std::vector<BuddyNotice>& notices) {
+  std::vector<std::string> ids;
+  for (const BuddyNotice& notice : notices) ids.push_back(notice.id);
+  return ids;
+}
+
+TEST(BuddyNoticeEngine, RemembersTheIDsOfWhatLastsAndNotOfEvents) {
+  Bench bench;
+  BuddySignals signals = sessions(1, needsInput);
+  signals.phaseEnded = BuddySignals::PhaseEnd::focus;
+  bench.evaluate(signals, 0);
+  EXPECT_THAT(bench.engine.active, UnorderedElementsAre("needsInput:codex:0"));
+  EXPECT_THAT(bench.engine.lastFired, SizeIs(2));
+  bench.evaluate({}, 10);
+  EXPECT_THAT(bench.engine.active, IsEmpty());
+}
+
+TEST(BuddyNoticeEngine, RemembersWhatItSaidForADay) {
+  Bench bench;
+  BuddySignals signals;
+  signals.battery = BuddySignals::Battery{15, false};
+  bench.evaluate(signals, 0);
+  bench.evaluate({}, 86399.999);
+  EXPECT_EQ(bench.engine.lastFired.count("battery.low"), 1u);
+  bench.evaluate({}, 86400);
+  EXPECT_EQ(bench.engine.lastFired.count("battery.low"), 0u);
+}
+
+TEST(BuddyNoticeEngine, GivesTheSameNoticesForTheSameState) {
+  Bench one, two;
+  const BuddySignals signals = sessions(3, needsInput);
+  EXPECT_EQ(one.evaluate(signals, 0), two.evaluate(signals, 0));
+  EXPECT_EQ(one.engine, two.engine);
+}
+
+TEST(BuddyNoticeEngine, RunsTheRulesWithoutAnyFilter) {
+  Bench bench;
+  BuddySignals signals = sessions(1, needsInput);
+  for (int i = 0; i < 3; ++i)
+    EXPECT_THAT(ids(bench.engine.candidates(signals, false, start, bench.calendar)), ElementsAre("needsInput:codex:0"));
+  signals.focusedAgents = {AgentKind::codex};
+  EXPECT_THAT(bench.engine.candidates(signals, true, start, bench.calendar), IsEmpty());
+  EXPECT_THAT(bench.engine.candidates(signals, false, start, bench.calendar), SizeIs(1));
+}
+
+TEST(BuddyNoticeEngine, KeepsTheSummaryOfADayThatWasRestored) {
+  Bench bench;
+  bench.engine.lastSummaryDay = "2026-11-21";
+  EXPECT_THAT(bench.evaluate({}, 10 * 3600), IsEmpty());
+  EXPECT_THAT(ids(bench.evaluate({}, 34 * 3600)), ElementsAre("summary:2026-11-22"));
+  EXPECT_EQ(bench.engine.lastSummaryDay, "2026-11-22");
+}
+
+TEST(BuddyNoticeEngine, KeepsAtMostWhatTheSessionsNeed) {
+  Bench bench;
+  bench.evaluate(sessions(2000, working), 0);
+  EXPECT_THAT(bench.engine.workingSince, SizeIs(2000));
+  bench.evaluate({}, 10);
+  EXPECT_THAT(bench.engine.workingSince, IsEmpty());
+}
+
+TEST(BuddyNoticeEngine, SaysEachThingOfThousandsOfSessionsOnce) {
+  Bench bench;
+  const BuddySignals waiting = sessions(5000, needsInput);
+  EXPECT_THAT(bench.evaluate(waiting, 0), SizeIs(5000));
+  for (int tick = 1; tick < 30; ++tick) EXPECT_THAT(bench.evaluate(waiting, tick * 10), IsEmpty());
+}
+
+TEST(BuddyNoticeEngine, ShowsFewBubblesHoweverManySessionsWait) {
+  Bench bench;
+  BuddyBubbleQueue queue;
+  BuddyInbox inbox;
+  const auto notices = bench.evaluate(sessions(5000, needsInput), 0);
+  for (const BuddyNotice& notice : notices) queue.offer(notice);
+  inbox.add(notices);
+  EXPECT_THAT(queue.pending, SizeIs(5));
+  EXPECT_THAT(inbox.recent, SizeIs(200));
+}
+
+TEST(BuddyNoticeEngine, StaysQuietWhenSessionsFlickerBetweenStates) {
+  Bench bench;
+  int said = 0;
+  for (int tick = 0; tick < 60; ++tick)
+    said += static_cast<int>(bench.evaluate(sessions(1, tick % 2 == 0 ? needsInput : working), tick * 10).size());
+  EXPECT_EQ(said, 5) << "at 0, 120, 240, 360 and 480 seconds";
+}
+
+TEST(BuddyNoticeEngine, WakesFromALongSleepWithOneNoticeForEachSession) {
+  Bench bench;
+  bench.evaluate(sessions(1000, working), 0);
+  EXPECT_THAT(bench.evaluate(sessions(1000, working), 5 * 3600), SizeIs(1000));
+  EXPECT_THAT(bench.evaluate(sessions(1000, working), 5 * 3600 + 10), IsEmpty());
+}
+
+TEST(BuddyNoticeEngine, RepeatsNothingWhileTheClockJumpsBackAndForth) {
+  Bench bench;
+  BuddySignals signals = sessions(100, needsInput);
+  signals.battery = BuddySignals::Battery{5, false};
+  signals.diskFreeBytes = 1;
+  signals.waterDueAt = after(-7200);
+  EXPECT_THAT(bench.evaluate(signals, 0), SizeIs(103));
+  for (const double seconds : {-3600.0, 3600.0, -7200.0, 7200.0, 0.0, -1.0, 30000.0})
+    EXPECT_THAT(bench.evaluate(signals, seconds), IsEmpty()) << seconds;
+}
+
+// By so much the clock was set; what was said stays said, and what is to come comes in its time.
+class BuddyClock : public testing::TestWithParam<double> {};
+
+TEST_P(BuddyClock, IsFollowedByTheLengthOfARun) {
+  Bench bench;
+  bench.evaluate(sessions(1, working), 0);
+  bench.engine.clockMoved(Seconds(GetParam()));
+  EXPECT_THAT(bench.evaluate(sessions(1, working), GetParam() + 899), IsEmpty());
+  const auto still = bench.evaluate(sessions(1, working), GetParam() + 900);
+  ASSERT_THAT(still, SizeIs(1));
+  EXPECT_EQ(still[0].detail, "15 min so far.");
+  const auto finish = bench.evaluate(sessions(1, finished), GetParam() + 1260);
+  ASSERT_THAT(finish, SizeIs(1));
+  EXPECT_EQ(finish[0].detail, "A 21-minute run.");
+}
+
+TEST_P(BuddyClock, RepeatsNothingThatLasts) {
+  Bench bench;
+  BuddySignals signals = sessions(1, working);
+  signals.battery = BuddySignals::Battery{15, false};
+  bench.evaluate(signals, 0);
+  EXPECT_THAT(bench.evaluate(signals, 900), SizeIs(1));
+  bench.engine.clockMoved(Seconds(GetParam()));
+  EXPECT_THAT(bench.evaluate(signals, GetParam() + 910), IsEmpty());
+  EXPECT_THAT(bench.evaluate(signals, GetParam() + 1800), SizeIs(1));
+}
+
+TEST_P(BuddyClock, IsFollowedByCooldowns) {
+  Bench bench;
+  bench.evaluate(sessions(1, needsInput), 0);
+  bench.evaluate({}, 10);
+  bench.engine.clockMoved(Seconds(GetParam()));
+  EXPECT_THAT(bench.evaluate(sessions(1, needsInput), GetParam() + 100), IsEmpty());
+  bench.evaluate({}, GetParam() + 110);
+  EXPECT_THAT(bench.evaluate(sessions(1, needsInput), GetParam() + 121), SizeIs(1));
+}
+
+TEST_P(BuddyClock, IsFollowedBySnoozesAndSpellsOfLoad) {
+  Bench bench;
+  BuddySignals signals;
+  signals.battery = BuddySignals::Battery{15, false};
+  signals.cpuUsage = 0.95;
+  const auto notices = bench.evaluate(signals, 0);
+  ASSERT_THAT(notices, SizeIs(1));
+  bench.engine.snooze(notices[0], 15, after(0));
+  bench.engine.clockMoved(Seconds(GetParam()));
+  EXPECT_THAT(bench.evaluate(signals, GetParam() + 119), IsEmpty());
+  EXPECT_THAT(ids(bench.evaluate(signals, GetParam() + 120)), ElementsAre("cpu.high"));
+  EXPECT_THAT(bench.evaluate(signals, GetParam() + 899), IsEmpty());
+  EXPECT_THAT(ids(bench.evaluate(signals, GetParam() + 900)), ElementsAre("battery.low"));
+}
+
+TEST_P(BuddyClock, KeepsWhatAFocusSessionHolds) {
+  Bench bench;
+  BuddySignals signals = sessions(1, working);
+  bench.evaluate(signals, 0);
+  signals.isFocusRunning = true;
+  EXPECT_THAT(bench.evaluate(signals, 900), IsEmpty());
+  bench.engine.clockMoved(Seconds(GetParam()));
+  signals.isFocusRunning = false;
+  const auto said = bench.evaluate(signals, GetParam() + 1000);
+  ASSERT_THAT(said, SizeIs(1));
+  EXPECT_EQ(said[0].detail, "15 min so far.");
+}
+
+INSTANTIATE_TEST_SUITE_P(Set, BuddyClock, testing::Values(-7200.0, -1.5, 0.25, 3600.0, 7200.0));
+
+}  // namespace
+}  // namespace ambrel
