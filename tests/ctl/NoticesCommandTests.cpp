@@ -1,0 +1,90 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/TemporaryFolder.h"
+#include "tests/core/buddy/NoticeCases.h"
+#include "tests/ctl/CommandRun.h"
+
+namespace ambrel {
+namespace {
+
+using ::testing::SizeIs;
+
+TEST(NoticesCommand, ReplaysEachCaseInItsZoneAndLocale) {
+  for (const NoticeCase& one : noticeCases()) {
+    SCOPED_TRACE(one.name);
+    const auto result =
+        runCommand({"notices"}, {"HOME=/", "TZ=" + one.zone, "LC_ALL=" + one.locale + ".UTF-8"}, one.input.string());
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.error, "");
+    const auto answers = linesOf(result.out);
+    ASSERT_THAT(answers, SizeIs(one.expected.size()));
+    for (std::size_t i = 0; i < answers.size(); ++i)
+      EXPECT_EQ(difference(one.expected[i], parseJSON(answers[i]).value()), "") << "line " << i + 1;
+  }
+}
+
+class NoticesCommandLines : public testing::Test {
+ protected:
+  CommandResult run(const std::string& lines, std::vector<std::string> words = {"notices"}) {
+    folder.write("lines", lines);
+    return runCommand(std::move(words), {"HOME=/"}, folder.path() / "lines");
+  }
+  TemporaryFolder folder;
+};
+
+TEST_F(NoticesCommandLines, GiveOneLineEachWithOrWithoutTheJSONOption) {
+  const std::string lines = R"({"now":"2026-11-21T09:00:00Z","signals":{"battery":{"percent":5}}})"
+                            "\n\n  \r\n"
+                            R"({"now":"2026-11-21T09:00:10Z"})";
+  const auto result = run(lines);
+  EXPECT_EQ(linesOf(result.out).size(), 2u);
+  EXPECT_EQ(run(lines, {"--json", "notices"}).out, result.out);
+  EXPECT_EQ(run("").out, "");
+}
+
+TEST_F(NoticesCommandLines, EndAtTheFirstThatIsWrong) {
+  const auto result = run(R"({"now":"2026-11-21T09:00:00Z"})"
+                          "\n"
+                          R"({"now":"2026-11-21T09:00:10Z","policy":{"level":"loud"}})"
+                          "\n"
+                          R"({"now":"2026-11-21T09:00:20Z"})"
+                          "\n");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.out, "[]\n");
+  EXPECT_EQ(result.error, "tilebayctl: line 2: \"loud\" is no case of \"level\" of \"policy\"\n");
+}
+
+TEST_F(NoticesCommandLines, AreRemarkedUponOnStandardErrorAlone) {
+  const auto result = run(R"({"now":"2026-11-21T09:00:00Z","sinals":{},"\u001b[2J":1})"
+                          "\n"
+                          R"({"now":"2026-11-21T09:00:00Z","snooze":{"id":"disk.low","minutes":15}})"
+                          "\n");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.out, "[]\n[]\n");
+  EXPECT_EQ(result.error,
+            "tilebayctl: line 1: the line has an unknown field \" [2J\"\n"
+            "tilebayctl: line 1: the line has an unknown field \"sinals\"\n"
+            "tilebayctl: line 2: no notice was returned under the id \"disk.low\"\n");
+}
+
+TEST_F(NoticesCommandLines, AreAnsweredOneByOne) {
+  ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+  // Opened for both, so that neither side waits for the other to open.
+  const int pipe = open((folder.path() / "pipe").c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_GE(pipe, 0);
+  CommandRun command({"notices"}, {"HOME=/"}, folder.path() / "pipe");
+  for (int i = 0; i < 3; ++i) {
+    const std::string line = R"({"now":"2026-11-21T09:00:00Z"})"
+                             "\n";
+    ASSERT_EQ(write(pipe, line.data(), line.size()), static_cast<ssize_t>(line.size()));
+    EXPECT_EQ(command.line(), "[]");
+  }
+  close(pipe);
+}
+
+}  // namespace
+}  // namespace ambrel
