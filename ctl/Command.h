@@ -56,6 +56,7 @@ struct Command {
   // Exactly one of the two is given: commands of its own ("statusline install"), or what carries it out.
   std::vector<Command> commands;
   std::function<void(const Arguments&, Context&)> run;
+  std::string details = {};  // printed below the options by --help
 };
 
 }  // namespace ambrel

@@ -93,6 +93,7 @@ class Parser {
       CLI::App* app = parent.add_subcommand(command.name, command.summary);
       app->allow_extras();
       app->fallthrough();
+      app->footer(command.details);
       Slot& slot = slots_.emplace_back();
       slot.command = &command;
       slot.app = app;

@@ -11,6 +11,12 @@
 namespace ambrel {
 namespace {
 
+constexpr auto details =
+    R"(Lines in, an evaluation or a snooze each:
+  {"now":INSTANT,"signals":{...},"policy":{...}}
+  {"now":INSTANT,"snooze":{"id":NOTICE-ID,"minutes":15}}
+Lines out: the array of notices that are to be shown then. The man page names the fields.)";
+
 void run(const Arguments&, Context& context) {
   NoticeReplay replay(context.calendar);
   std::string line;
@@ -36,7 +42,8 @@ Command noticesCommand() {
           .summary = "Replays lines of JSON from standard input: signals in, Buddy's notices out",
           .options = {},
           .commands = {},
-          .run = run};
+          .run = run,
+          .details = details};
 }
 
 }  // namespace ambrel
