@@ -2,11 +2,12 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Widgets
 
-// One line of the network tile: an arrow, the figure in a box of its own width, the unit.
+// One line of a tile of two rates: an arrow or a letter, the figure in a box of its own width, the unit.
 Row {
     id: root
 
-    required property string symbol
+    property string symbol
+    property string letter
     required property Tone tone
     required property string figure
     required property string unit
@@ -15,10 +16,22 @@ Row {
     spacing: 4
 
     Symbol {
+        visible: root.symbol !== ""
         name: root.symbol
         size: 14
         color: root.tone.mark
         anchors.verticalCenter: parent.verticalCenter
+    }
+    Label {
+        visible: root.letter !== ""
+        text: root.letter
+        role: Theme.captionStrong
+        color: root.tone.text
+        width: 14
+        horizontalAlignment: Text.AlignHCenter
+        hasTip: false
+        anchors.baseline: amount.baseline
+        Accessible.ignored: true
     }
     TickingText {
         id: amount

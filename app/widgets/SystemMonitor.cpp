@@ -1,5 +1,7 @@
 #include "app/widgets/SystemMonitor.h"
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 
@@ -8,6 +10,8 @@
 namespace ambrel {
 namespace {
 
+// Bytes a second that fill a chart: what little a network at rest carries is drawn as little.
+constexpr double quietNetwork = 10'000;
 constexpr qreal unknown = std::numeric_limits<qreal>::quiet_NaN();
 
 QList<qreal> list(const History& history) {
@@ -22,6 +26,9 @@ SystemMonitor::SystemMonitor(const SystemReadings& readings, Background backgrou
     : QObject(parent), readings_(readings), background_(std::move(background)), calendar_(std::move(calendar)) {}
 
 void SystemMonitor::tick(Instant now) {
+  const Seconds at = readings_.sinceBoot();
+  if (lastTick_ && at - *lastTick_ > longestGap) forget();
+  lastTick_ = at;
   const auto ticks = readings_.processor();
   if (ticks && lastTicks_) {
     // Two readings within one clock tick of the kernel say nothing; the last share stands.
@@ -33,13 +40,21 @@ void SystemMonitor::tick(Instant now) {
   if (!ticks) cpuUsage_.reset();
   lastTicks_ = ticks;
   memory_ = readings_.memory();
-  sampleNetwork();
+  sampleNetwork(at);
   sampleDisk(now);
   Q_EMIT ticked();
 }
 
-void SystemMonitor::sampleNetwork() {
-  NetworkSample sample{readings_.network(), readings_.sinceBoot()};
+// The computer slept: what was before is no part of the last minute, and nothing to reckon with.
+void SystemMonitor::forget() {
+  lastTicks_.reset();
+  lastNetwork_.reset();
+  cpuUsage_.reset();
+  cpuHistory_ = downloadHistory_ = uploadHistory_ = History(historyLength);
+}
+
+void SystemMonitor::sampleNetwork(Seconds at) {
+  NetworkSample sample{readings_.network(), at};
   network_ = lastNetwork_ && !sample.counters.empty()
                  ? networkRates(lastNetwork_->counters, sample.counters, sample.at - lastNetwork_->at)
                  : std::nullopt;
@@ -79,6 +94,22 @@ qreal SystemMonitor::diskPercent() const {
 QList<qreal> SystemMonitor::cpuHistory() const { return list(cpuHistory_); }
 QList<qreal> SystemMonitor::downloadHistory() const { return list(downloadHistory_); }
 QList<qreal> SystemMonitor::uploadHistory() const { return list(uploadHistory_); }
+
+qreal SystemMonitor::networkCeiling() const {
+  double ceiling = quietNetwork;
+  for (const History* history : {&downloadHistory_, &uploadHistory_})
+    for (const double rate : history->values()) ceiling = std::max(ceiling, rate);
+  return ceiling;
+}
+
+QString SystemMonitor::percentText(qreal percent) const {
+  return std::isnan(percent) ? QString()
+                             : QString::fromStdString(decimal(calendar_, std::round(percent), 0)) +
+                                   QStringLiteral(" %");
+}
+
+QString SystemMonitor::cpuText() const { return percentText(cpuPercent()); }
+QString SystemMonitor::memoryPercentText() const { return percentText(memoryPercent()); }
 
 QString SystemMonitor::memoryText() const {
   if (!memory_) return {};

@@ -27,7 +27,13 @@ class SystemMonitor : public QObject {
   Q_PROPERTY(QList<qreal> cpuHistory READ cpuHistory NOTIFY ticked)
   Q_PROPERTY(QList<qreal> downloadHistory READ downloadHistory NOTIFY ticked)
   Q_PROPERTY(QList<qreal> uploadHistory READ uploadHistory NOTIFY ticked)
+  // How many values a full history has.
+  Q_PROPERTY(int historyCapacity READ historyCapacity CONSTANT)
+  // The top of a chart that holds both histories of the network.
+  Q_PROPERTY(qreal networkCeiling READ networkCeiling NOTIFY ticked)
   // As they are shown; "" while unknown.
+  Q_PROPERTY(QString cpuText READ cpuText NOTIFY ticked)
+  Q_PROPERTY(QString memoryPercentText READ memoryPercentText NOTIFY ticked)
   Q_PROPERTY(QString memoryText READ memoryText NOTIFY ticked)
   Q_PROPERTY(QString diskText READ diskText NOTIFY diskChanged)
   // The same in a word: what is used, and what is free.
@@ -62,6 +68,10 @@ class SystemMonitor : public QObject {
   QList<qreal> cpuHistory() const;
   QList<qreal> downloadHistory() const;
   QList<qreal> uploadHistory() const;
+  static int historyCapacity() { return static_cast<int>(historyLength); }
+  qreal networkCeiling() const;
+  QString cpuText() const;
+  QString memoryPercentText() const;
   QString memoryText() const;
   QString diskText() const;
   QString memoryUsedText() const;
@@ -76,7 +86,9 @@ class SystemMonitor : public QObject {
   void diskChanged();
 
  private:
-  void sampleNetwork();
+  void forget();
+  QString percentText(qreal percent) const;
+  void sampleNetwork(Seconds at);
   void sampleDisk(Instant now);
 
   const SystemReadings& readings_;
@@ -87,6 +99,7 @@ class SystemMonitor : public QObject {
   std::optional<VolumeSizes> disk_;
   std::optional<NetworkRates> network_;
   History cpuHistory_{historyLength}, downloadHistory_{historyLength}, uploadHistory_{historyLength};
+  std::optional<Seconds> lastTick_;  // since boot
   std::optional<ProcessorTicks> lastTicks_;
   struct NetworkSample {
     NetworkCounters counters;
