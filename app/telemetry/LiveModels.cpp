@@ -168,7 +168,7 @@ void LiveModels::publishVolumes() {
   std::erase_if(ejects_, [&](const auto& eject) {
     return !eject.second.isUnderWay && std::ranges::find(list, eject.first, &VolumeInfo::url) == list.end();
   });
-  volumesText_.set(volumesTile(seams_.calendar, sampled(volumes_)));
+  volumesText_.set(volumesTile(seams_.calendar, sampled(volumes_), ejects_));
   volumeRows_.set(ambrel::volumeRows(seams_.calendar, list, ejects_));
 }
 
@@ -195,6 +195,10 @@ void LiveModels::eject(const QString& url) {
     self->volumes_.refresh(self->seams_.now());
     if (self->onEjected) self->onEjected(name, result);
   });
+}
+
+void LiveModels::ejectFirst() {
+  if (const auto& list = volumes_.value(); list && !list->empty()) eject(toQString(list->front().url));
 }
 
 void LiveModels::refreshLatency() { latency_.refresh(seams_.now()); }

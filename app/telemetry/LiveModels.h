@@ -85,6 +85,8 @@ class LiveModels : public QObject {
 
   // Unmounts and powers down the drive with this row; what came of it stands in the row.
   Q_INVOKABLE void eject(const QString& url);
+  // That of the first row, which the tile shows.
+  Q_INVOKABLE void ejectFirst();
   // Asks again now, whatever the rhythm.
   Q_INVOKABLE void refreshLatency();
   // The address to copy; empty while there is none.
@@ -153,7 +155,7 @@ class LiveModels : public QObject {
   std::vector<Entry> entries_;
   // Reads of one tick that are quick run as one piece of work.
   std::vector<std::pair<std::function<void()>, std::function<void()>>> gathered_;
-  std::map<std::string, Eject> ejects_;
+  Ejects ejects_;
   std::optional<long long> uptimeMinutes_;
 
   Sampler<double> gpu_;

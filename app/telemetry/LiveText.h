@@ -19,7 +19,9 @@ struct TileReading {
   // In place of all figures: why there are none, or what state counts more; and the same in a word or two.
   QString message{}, shortMessage{};
   QString symbol{};
+  // What is shown by the pointer over the tile: the whole, and `help` below it, which says what the figures mean.
   QString tip{};
+  QString help{};
   std::optional<double> percent{};
   // 0 as usual, 1 worth a look, 2 bad.
   int level = 0;
@@ -44,6 +46,7 @@ class LiveText : public QObject {
   Q_PROPERTY(QString shortMessage READ shortMessage NOTIFY changed FINAL)
   Q_PROPERTY(QString symbol READ symbol NOTIFY changed FINAL)
   Q_PROPERTY(QString tip READ tip NOTIFY changed FINAL)
+  Q_PROPERTY(QString help READ help NOTIFY changed FINAL)
   // All of it in one line, for who cannot see it.
   Q_PROPERTY(QString spoken READ spoken NOTIFY changed FINAL)
   // The value with its unit, where they stand in one text.
@@ -73,7 +76,12 @@ class LiveText : public QObject {
   QString message() const { return reading_.message; }
   QString shortMessage() const { return reading_.shortMessage; }
   QString symbol() const { return reading_.symbol; }
-  QString tip() const { return reading_.tip; }
+  QString tip() const {
+    return reading_.help.isEmpty() ? reading_.tip
+           : reading_.tip.isEmpty() ? reading_.help
+                                    : reading_.tip + u'\n' + reading_.help;
+  }
+  QString help() const { return reading_.help; }
   QString spoken() const;
   QString figure() const { return reading_.unit.isEmpty() ? reading_.value : reading_.value + u' ' + reading_.unit; }
   qreal percent() const { return reading_.percent.value_or(qQNaN()); }

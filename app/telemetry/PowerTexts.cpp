@@ -62,6 +62,7 @@ TileReading batteryTile(const Calendar& calendar, const Sampled<PowerReading>& p
   return {.value = number(calendar, *reading.percent),
           .unit = QStringLiteral("%"),
           .subLine = state,
+          .fact = reading.isCharging ? tr("Charging") : QString(),
           .symbol = batterySymbol(reading),
           .tip = joined({percent(calendar, *reading.percent / 100.0), state}),
           .percent = *reading.percent,
@@ -105,7 +106,8 @@ TileReading batteryHealthTile(const Calendar& calendar, const Sampled<BatteryHea
   const bool needsService = battery.condition == BatteryCondition::serviceRecommended;
   const QString state = needsService ? tr("Service recommended") : tr("Battery · Normal");
   TileReading tile{.symbol = QStringLiteral("heart"),
-                   .tip = joined({state, capacity, cycles}) + u'\n' + help,
+                   .tip = joined({state, capacity, cycles}),
+                   .help = help,
                    .level = needsService ? 1 : 0};
   if (battery.maximumCapacity) tile.percent = *battery.maximumCapacity;
   if (needsService) {

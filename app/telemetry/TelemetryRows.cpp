@@ -7,6 +7,12 @@ using namespace words;
 
 namespace {
 
+QString milliseconds(const Calendar& calendar, double value) {
+  return toQString(decimal(calendar, value, value < 9.95 ? 1 : 0)) + QStringLiteral(" ms");
+}
+
+}  // namespace
+
 QString refusal(const EjectResult& result) {
   switch (result.outcome) {
     case EjectOutcome::ejected:
@@ -20,12 +26,6 @@ QString refusal(const EjectResult& result) {
   }
   return result.reason.empty() ? tr("It could not be ejected") : oneLine(result.reason);
 }
-
-QString milliseconds(const Calendar& calendar, double value) {
-  return toQString(decimal(calendar, value, value < 9.95 ? 1 : 0)) + QStringLiteral(" ms");
-}
-
-}  // namespace
 
 std::vector<LiveRow> processRows(const Calendar& calendar, const std::vector<ProcessUsage>& usage, std::size_t most) {
   std::vector<LiveRow> rows;
@@ -41,7 +41,7 @@ std::vector<LiveRow> processRows(const Calendar& calendar, const std::vector<Pro
 }
 
 std::vector<LiveRow> volumeRows(const Calendar& calendar, const std::vector<VolumeInfo>& volumes,
-                                const std::map<std::string, Eject>& ejects) {
+                                const Ejects& ejects) {
   std::vector<LiveRow> rows;
   for (const VolumeInfo& volume : volumes) {
     LiveRow row{.id = toQString(volume.url),

@@ -16,13 +16,8 @@ namespace {
 
 TileReading measuring() { return {.value = QStringLiteral("–"), .subLine = tr("Measuring…")}; }
 
-TileReading saying(const QString& message, const QString& shortMessage, const QString& tip = {}) {
-  return {.message = message, .shortMessage = shortMessage, .tip = tip.isEmpty() ? message : message + u'\n' + tip};
-}
-
-// The figures first, what they mean below.
-QString explained(const QString& figures, const QString& help) {
-  return figures.isEmpty() ? help : figures + u'\n' + help;
+TileReading saying(const QString& message, const QString& shortMessage, const QString& help = {}) {
+  return {.message = message, .shortMessage = shortMessage, .tip = message, .help = help};
 }
 
 QList<qreal> percentages(const std::deque<double>& shares) {
@@ -39,7 +34,7 @@ TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const 
   if (!gpu.value) return measuring();
   TileReading tile{.value = number(calendar, *gpu.value * 100),
                    .unit = QStringLiteral("%"),
-                   .tip = help,
+                   .help = help,
                    .percent = *gpu.value * 100,
                    .history = percentages(history)};
   if (!history.empty()) tile.subLine = tr("max %1").arg(percent(calendar, *std::ranges::max_element(history)));
@@ -47,11 +42,13 @@ TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const 
 }
 
 TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading>& pressure) {
-  if (pressure.isUnavailable) return saying(tr("No memory statistics"), tr("No data"));
+  const QString help =
+      tr("Memory pressure, as Activity Monitor shows it. Swap is memory that macOS moved to the disk.");
+  if (pressure.isUnavailable) return saying(tr("No memory statistics"), tr("No data"), help);
   if (!pressure.value) return measuring();
   const PressureReading& reading = *pressure.value;
   const QString swap = tr("Swap %1").arg(size(calendar, reading.swapUsedBytes));
-  TileReading tile{.subLine = swap, .percent = (1 - reading.fraction) * 100};
+  TileReading tile{.subLine = swap, .help = help, .percent = (1 - reading.fraction) * 100};
   switch (reading.level) {
     case MemoryPressure::normal:
       tile.value = tr("Normal");
@@ -65,9 +62,7 @@ TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading
       tile.level = 2;
       break;
   }
-  tile.tip = explained(joined({tile.value, swap}),
-                       tr("Memory pressure, as Activity Monitor shows it. Swap is memory that macOS moved to the "
-                          "disk."));
+  tile.tip = joined({tile.value, swap});
   return tile;
 }
 
@@ -81,7 +76,7 @@ TileReading diskActivityTile(const Calendar& calendar, const Sampled<DiskRates>&
           .unit = toQString(read.unit),
           .secondValue = toQString(written.figure),
           .secondUnit = toQString(written.unit),
-          .tip = help};
+          .help = help};
 }
 
 TileReading topAppsTile(const Calendar& calendar, const Sampled<std::vector<ProcessUsage>>& usage) {
@@ -104,16 +99,18 @@ TileReading thermalTile(const Calendar& calendar, const Sampled<ThermalReading>&
   const QString state = thermalName(reading.level);
   const QString degrees = reading.celsius ? number(calendar, *reading.celsius) : QString();
   const QString warmth = degrees.isEmpty() ? QString() : degrees + QStringLiteral(" °C");
-  const QString tip = explained(joined({state, warmth}), help);
+  const QString tip = joined({state, warmth});
   if (reading.level == ThermalLevel::serious || reading.level == ThermalLevel::critical)
     return {.message = tr("Slowing down to cool"),
             .shortMessage = warmth.isEmpty() ? state : warmth,
             .tip = tip,
+            .help = help,
             .level = reading.level == ThermalLevel::critical ? 2 : 1};
   return {.value = degrees.isEmpty() ? state : degrees,
           .unit = degrees.isEmpty() ? QString() : QStringLiteral("°C"),
           .subLine = tr("Normal"),
-          .tip = tip};
+          .tip = tip,
+          .help = help};
 }
 
 TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& check,
@@ -121,7 +118,7 @@ TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& c
   const QString help = tr("Time to reach the internet, every 30 seconds");
   if (!check.value) return measuring();
   std::vector<std::optional<double>> results;
-  TileReading tile;
+  TileReading tile{.help = help};
   for (const LatencyCheck& past : history) {
     results.push_back(past.milliseconds);
     tile.history.append(past.milliseconds.value_or(qQNaN()));
@@ -131,7 +128,7 @@ TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& c
     tile.message = tr("No answer");
     tile.shortMessage = tr("Failed");
     tile.level = 2;
-    tile.tip = explained(tile.message, help);
+    tile.tip = tile.message;
     return tile;
   }
   const double last = *check.value->milliseconds;
@@ -139,9 +136,7 @@ TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& c
   tile.unit = tr("ms");
   tile.level = std::max(0, LatencyStats::level(last) - 1);
   tile.subLine = results.size() > 1 ? tr("avg %1").arg(number(calendar, stats.average)) : QString();
-  tile.tip = explained(stats.failures > 0 ? tr("%1 of %2 without an answer").arg(stats.failures).arg(results.size())
-                                          : QString(),
-                       help);
+  if (stats.failures > 0) tile.tip = tr("%1 of %2 without an answer").arg(stats.failures).arg(results.size());
   return tile;
 }
 
@@ -156,9 +151,8 @@ TileReading wifiTile(const Calendar& calendar, const Sampled<WiFiReading>& wifi)
   const QString name = oneLine(reading.networkName.value_or(""));
   return {.value = name.isEmpty() ? tr("Connected") : name,
           .subLine = signal,
-          .tip = explained(joined({name, signal, noise}),
-                           tr("Signal strength (RSSI) and signal to noise (SNR). 25 dB SNR or more is good for "
-                              "calls.")),
+          .tip = joined({name, signal, noise}),
+          .help = tr("Signal strength (RSSI) and signal to noise (SNR). 25 dB SNR or more is good for calls."),
           .percent = reading.bars() * 25,
           .level = reading.bars() <= 1 ? 1 : 0};
 }
@@ -168,22 +162,25 @@ TileReading addressTile(const Sampled<std::vector<NetworkAddress>>& addresses) {
   if (!addresses.value || addresses.value->empty()) return saying(tr("Not connected"), tr("Offline"));
   const NetworkAddress& first = addresses.value->front();
   const QString text = toQString(first.text), interface = oneLine(first.interface);
-  return {.value = text, .subLine = interface, .tip = explained(text, tr("Click to copy it"))};
+  return {.value = text, .subLine = interface, .tip = text, .help = tr("Click to copy it")};
 }
 
-TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<VolumeInfo>>& volumes) {
+TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<VolumeInfo>>& volumes,
+                        const Ejects& ejects) {
   const QString invitation = tr("Connect a drive to see it here");
   if (!volumes.value && !volumes.isUnavailable) return measuring();
   if (!volumes.value || volumes.value->empty()) return saying(tr("No external drives"), tr("None"), invitation);
   const VolumeInfo& first = volumes.value->front();
-  const auto more = static_cast<int>(volumes.value->size()) - 1;
-  TileReading tile{.value = oneLine(first.name),
-                   .subLine = tr("%1 free").arg(size(calendar, static_cast<std::uint64_t>(first.freeBytes))),
-                   .fact = more > 0 ? QStringLiteral("+%1").arg(more) : QString(),
-                   .percent = usedPercent(first)};
+  const std::vector<LiveRow> rows = volumeRows(calendar, *volumes.value, ejects);
+  const bool isAsUsual = !rows.front().isBusy && !rows.front().hasFailed;
+  TileReading tile{.value = rows.front().title,
+                   .subLine = isAsUsual ? tr("%1 free").arg(size(calendar, static_cast<std::uint64_t>(first.freeBytes)))
+                                        : rows.front().detail,
+                   .fact = rows.size() > 1 ? QStringLiteral("+%1").arg(rows.size() - 1) : QString(),
+                   .percent = rows.front().percent.value_or(0),
+                   .isOn = rows.front().isBusy};
   QStringList lines;
-  for (const VolumeInfo& volume : *volumes.value)
-    lines.append(oneLine(volume.name) + QStringLiteral(", ") + spaceText(calendar, volume));
+  for (const LiveRow& row : rows) lines.append(joined({row.title, row.detail}));
   tile.tip = lines.join(u'\n');
   return tile;
 }
@@ -213,7 +210,7 @@ TileReading displayTile(const std::optional<DisplayReading>& display) {
   const QString resolution = QStringLiteral("%1 × %2").arg(display->width).arg(display->height);
   return {.value = resolution,
           .subLine = rate + u' ' + scale,
-          .tip = explained(oneLine(display->name), joined({resolution, rate, scale}))};
+          .tip = joined({oneLine(display->name), resolution, rate, scale})};
 }
 
 }  // namespace ambrel

@@ -34,7 +34,6 @@ TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& c
                         const std::deque<LatencyCheck>& history);
 TileReading wifiTile(const Calendar& calendar, const Sampled<WiFiReading>& wifi);
 TileReading addressTile(const Sampled<std::vector<NetworkAddress>>& addresses);
-TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<VolumeInfo>>& volumes);
 
 TileReading batteryTile(const Calendar& calendar, const Sampled<PowerReading>& power);
 TileReading powerTile(const Calendar& calendar, const Sampled<PowerReading>& power);
@@ -55,15 +54,19 @@ struct DisplayReading {
 };
 TileReading displayTile(const std::optional<DisplayReading>& display);
 
-// The lists behind the tiles.
-std::vector<LiveRow> processRows(const Calendar& calendar, const std::vector<ProcessUsage>& usage, std::size_t most);
 struct Eject {
   bool isUnderWay = false;
-  std::optional<EjectResult> result;  // a refusal
+  std::optional<EjectResult> result;  // what came of the last try
 };
-// `ejects` by url.
-std::vector<LiveRow> volumeRows(const Calendar& calendar, const std::vector<VolumeInfo>& volumes,
-                                const std::map<std::string, Eject>& ejects);
+using Ejects = std::map<std::string, Eject>;  // by url
+// Why the drive is still there, in words.
+QString refusal(const EjectResult& result);
+TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<VolumeInfo>>& volumes,
+                        const Ejects& ejects);
+
+// The lists behind the tiles.
+std::vector<LiveRow> processRows(const Calendar& calendar, const std::vector<ProcessUsage>& usage, std::size_t most);
+std::vector<LiveRow> volumeRows(const Calendar& calendar, const std::vector<VolumeInfo>& volumes, const Ejects& ejects);
 std::vector<LiveRow> bluetoothRows(const Calendar& calendar, const std::vector<BluetoothDevice>& devices);
 std::vector<LiveRow> addressRows(const std::vector<NetworkAddress>& addresses);
 std::vector<LiveRow> latencyRows(const Calendar& calendar, const std::deque<LatencyCheck>& history);

@@ -1,0 +1,41 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+
+// A tile of a share: a ring with its name under it, or beside the figure where there is room.
+LiveTile {
+    id: root
+
+    property Tone tone: Theme.teal
+    // Under the small ring.
+    property string shortName: name
+    readonly property bool hasRing: !hasMessage && !isNaN(reading.percent)
+
+    hasHeader: !isSmall
+    hasFigures: !(isSmall && hasRing)
+    reserved: isSmall ? 0 : 36
+
+    Ring {
+        visible: root.hasRing
+        x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
+        y: root.isSmall ? 0 : parent.height - height
+        width: root.isSmall ? 36 : 32
+        height: width
+        value: root.reading.percent
+        figure: root.isSmall ? root.reading.value : ""
+        symbol: root.isSmall ? "" : root.reading.symbol
+        tone: root.tone
+        Accessible.ignored: true
+    }
+    Label {
+        visible: root.isSmall && root.hasRing
+        x: (parent.width - width) / 2
+        y: 38
+        width: Math.min(implicitWidth, parent.width)
+        text: root.shortName
+        role: Theme.caption
+        color: Theme.ink2
+        hasTip: false
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,58 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+import Ambrel.Widgets
+
+// Memory in use, and how hard it is pressed.
+Popover {
+    id: root
+
+    required property SystemMonitor system
+    required property LiveModels live
+
+    title: qsTr("Memory")
+    symbol: "memorychip"
+    implicitWidth: 340
+    implicitHeight: column.y + column.height + Theme.space4 + 48
+
+    headerItems: Label {
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.live.pressure.message === "" ? root.live.pressure.value : root.live.pressure.message
+        role: Theme.small
+        color: root.live.pressure.level === 0 ? Theme.ink2 : root.live.pressure.level === 1 ? Theme.orange.text : Theme.red.text
+    }
+
+    Column {
+        id: column
+        x: Theme.space4
+        y: Theme.space3
+        width: parent.width - 2 * Theme.space4
+        spacing: Theme.space2
+
+        Meter {
+            width: parent.width
+            thickness: 6
+            value: root.system.memoryPercent
+            tone: Theme.gaugeTone(root.system.memoryPercent, Theme.violet)
+            figure: root.system.memoryPercentText
+        }
+        Label {
+            width: parent.width
+            text: root.system.memoryText
+            role: Theme.body
+        }
+        Label {
+            width: parent.width
+            visible: text !== ""
+            text: root.live.pressure.subLine
+            role: Theme.body
+        }
+        Label {
+            width: parent.width
+            text: root.live.pressure.help
+            role: Theme.small
+            color: Theme.ink2
+            wrapMode: Text.WordWrap
+        }
+    }
+}

@@ -1,0 +1,124 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+import Ambrel.Widgets
+
+// The processor's last minute, and who keeps it busy.
+Popover {
+    id: root
+
+    required property SystemMonitor system
+    required property LiveModels live
+
+    title: qsTr("Processor")
+    symbol: "cpu"
+    implicitWidth: 340
+    implicitHeight: 420
+
+    headerItems: Label {
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.system.cpuText
+        role: Theme.small
+        color: Theme.ink2
+    }
+
+    Sparkline {
+        id: chart
+        x: Theme.space4
+        y: Theme.space2
+        width: parent.width - 2 * Theme.space4
+        height: 72
+        capacity: root.system.historyCapacity
+        values: root.system.cpuHistory
+    }
+    Label {
+        id: heading
+        x: Theme.space4
+        anchors.top: chart.bottom
+        anchors.topMargin: Theme.space3
+        text: qsTr("Top Apps")
+        role: Theme.captionStrong
+        color: Theme.ink2
+        Accessible.role: Accessible.Heading
+    }
+    Label {
+        x: Theme.space4
+        width: parent.width - 2 * Theme.space4
+        anchors.top: heading.bottom
+        anchors.topMargin: Theme.space2
+        visible: root.live.topAppRows.count === 0
+        text: root.live.topApps.message === "" ? qsTr("Measuring…") : root.live.topApps.message
+        role: Theme.body
+        color: Theme.ink2
+    }
+    ListView {
+        id: list
+        anchors {
+            left: parent.left
+            right: parent.right
+            top: heading.bottom
+            topMargin: Theme.space1
+            bottom: parent.bottom
+            bottomMargin: Theme.space2
+        }
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        activeFocusOnTab: true
+        focus: true
+        model: root.live.topAppRows
+        Accessible.role: Accessible.List
+        Accessible.name: heading.text
+
+        delegate: Item {
+            id: line
+
+            required property string title
+            required property string detail
+            required property string figure
+            required property double percent
+
+            width: list.width
+            height: 26
+            Accessible.role: Accessible.ListItem
+            Accessible.name: title + ", " + figure
+
+            Label {
+                x: Theme.space4
+                width: bar.x - x - Theme.space2
+                anchors.verticalCenter: parent.verticalCenter
+                text: line.title
+                role: Theme.listName
+                Accessible.ignored: true
+            }
+            MeterBar {
+                id: bar
+                width: 72
+                height: 4
+                anchors.right: amount.left
+                anchors.verticalCenter: parent.verticalCenter
+                value: line.percent
+                color: Theme.blue.mark
+                trackColor: Theme.track
+            }
+            Label {
+                id: amount
+                width: Math.round(52 * Theme.textScale)
+                anchors.right: parent.right
+                anchors.rightMargin: Theme.space4
+                anchors.verticalCenter: parent.verticalCenter
+                text: line.figure
+                role: Theme.captionStrong
+                horizontalAlignment: Text.AlignRight
+                Accessible.ignored: true
+            }
+        }
+        ScrollBar {
+            view: list
+            anchors {
+                right: parent.right
+                top: parent.top
+                bottom: parent.bottom
+            }
+        }
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+
+// A tile that is a switch: its symbol in a disc, which is filled while the switch is on.
+LiveTile {
+    id: root
+
+    // What the disc is filled with when on, and when off; a neutral one is plain.
+    property Tone onTone: Theme.blue
+    property Tone offTone: Theme.neutral
+    readonly property Tone tone: reading.isOn ? onTone : offTone
+    readonly property bool isPlain: tone === Theme.neutral
+
+    span: TileFrame.Small
+    hasHeader: !isSmall
+    hasFigures: !isSmall
+    accessibleRole: Accessible.CheckBox
+    Accessible.checkable: true
+    Accessible.checked: reading.isOn
+    reserved: isSmall ? 0 : 40
+
+    Rectangle {
+        visible: !(root.hasMessage && root.isSmall)
+        x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
+        y: root.isSmall ? 0 : parent.height - height + 2
+        width: root.isSmall ? 36 : 32
+        height: width
+        radius: width / 2
+        color: root.isPlain ? Theme.greySoft : root.tone.soft
+
+        Symbol {
+            anchors.centerIn: parent
+            name: root.reading.symbol === "" ? root.symbol : root.reading.symbol
+            size: 20
+            color: root.isPlain ? Theme.ink2 : root.tone.text
+        }
+    }
+    Label {
+        visible: root.isSmall && !root.hasMessage
+        x: (parent.width - width) / 2
+        y: 38
+        width: Math.min(implicitWidth, parent.width)
+        text: root.reading.value
+        role: Theme.caption
+        color: Theme.ink2
+        hasTip: false
+        Accessible.ignored: true
+    }
+}

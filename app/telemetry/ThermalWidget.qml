@@ -1,0 +1,8 @@
+import QtQuick
+import Ambrel.Telemetry
+
+// How warm the computer runs.
+LiveTile {
+    name: qsTr("Thermal")
+    symbol: "thermometer.medium"
+}

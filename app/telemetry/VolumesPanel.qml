@@ -1,0 +1,101 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+
+// External drives, each with its Eject button and what came of it.
+Popover {
+    id: root
+
+    required property LiveModels live
+
+    title: qsTr("Volumes")
+    symbol: "externaldrive"
+    implicitWidth: 340
+    implicitHeight: 276
+
+    EmptyState {
+        width: parent.width
+        anchors.centerIn: parent
+        visible: root.live.volumeRows.count === 0
+        symbol: "externaldrive"
+        title: qsTr("No external drives")
+        sentence: qsTr("Connect a drive to see it here")
+    }
+    ListView {
+        id: list
+        anchors.fill: parent
+        anchors.margins: Theme.space2
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: root.live.volumeRows
+
+        delegate: Item {
+            id: row
+
+            required property string rowId
+            required property string title
+            required property string detail
+            required property string symbol
+            required property double percent
+            required property bool isBusy
+            required property bool hasFailed
+
+            width: list.width
+            height: 64
+            Accessible.role: Accessible.ListItem
+            Accessible.name: title + ", " + detail
+
+            Symbol {
+                id: icon
+                x: Theme.space2
+                y: 12
+                name: row.symbol
+                size: 20
+                color: Theme.ink2
+            }
+            Column {
+                anchors {
+                    left: icon.right
+                    leftMargin: Theme.space3
+                    right: button.left
+                    rightMargin: Theme.space3
+                    verticalCenter: parent.verticalCenter
+                }
+                spacing: 2
+
+                Label {
+                    width: parent.width
+                    text: row.title
+                    role: Theme.rowTitle
+                    Accessible.ignored: true
+                }
+                Label {
+                    width: parent.width
+                    text: row.detail
+                    role: Theme.small
+                    color: row.hasFailed ? Theme.red.text : Theme.ink2
+                    Accessible.ignored: true
+                }
+                MeterBar {
+                    width: parent.width
+                    height: 4
+                    value: row.percent
+                    color: Theme.gaugeTone(row.percent, Theme.teal).mark
+                    trackColor: Theme.track
+                }
+            }
+            Button {
+                id: button
+                anchors.right: parent.right
+                anchors.rightMargin: Theme.space2
+                anchors.verticalCenter: parent.verticalCenter
+                size: 28
+                symbol: "eject"
+                text: qsTr("Eject")
+                label: qsTr("Eject %1").arg(row.title)
+                enabled: !row.isBusy
+                onClicked: root.live.eject(row.rowId)
+            }
+        }
+    }
+}

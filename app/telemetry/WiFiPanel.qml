@@ -1,0 +1,42 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+
+// The connection's figures.
+Popover {
+    id: root
+
+    required property LiveModels live
+
+    title: qsTr("Wi-Fi")
+    symbol: "wifi"
+    implicitWidth: 340
+    implicitHeight: 248
+
+    EmptyState {
+        width: parent.width
+        anchors.centerIn: parent
+        visible: root.live.wifiRows.count === 0
+        symbol: "wifi.slash"
+        title: root.live.wifi.message
+        sentence: qsTr("The signal appears here once there is a connection.")
+    }
+    DetailRows {
+        id: details
+        x: Theme.space4
+        y: Theme.space3
+        width: parent.width - 2 * Theme.space4
+        rows: root.live.wifiRows
+    }
+    Label {
+        x: Theme.space4
+        width: parent.width - 2 * Theme.space4
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.space3
+        visible: details.rows.count > 0
+        text: root.live.wifi.help
+        role: Theme.small
+        color: Theme.ink2
+        wrapMode: Text.WordWrap
+    }
+}
