@@ -102,6 +102,7 @@ void AppDelegate::makeContext() {
   clock_ = std::make_unique<ClockModel>(surroundings_.calendar);
   makeUsage();
   makeFocus();
+  makeTelemetry();
   makeWeather();
   context_ = std::make_unique<WidgetContext>(WidgetContext::Models{
       .model = model_,
@@ -111,6 +112,7 @@ void AppDelegate::makeContext() {
                                                                   .clock = *clock_,
                                                                   .usage = usage_.get(),
                                                                   .focus = focus_.get(),
+                                                                  .live = live_.get(),
                                                                   .weather = weather_.get()});
   keep({system_.get(), clock_.get(), context_.get()});
   context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
@@ -215,6 +217,7 @@ void AppDelegate::makePanels() {
     connect(&content, SIGNAL(ownChosen()), this, SLOT(chooseTileCommand()));
   };
   addFocusPanels();
+  addTelemetryPanels();
   addWeatherPanels();
 }
 
@@ -263,6 +266,7 @@ void AppDelegate::registerHotKeys() {
 void AppDelegate::startTimers() {
   every(SystemMonitor::tickInterval, [this] {
     system_->tick(surroundings_.now());
+    live_->tick(surroundings_.now());
     // After a sleep the minute's own timer is late.
     clock_->tick(surroundings_.now());
   });

@@ -27,6 +27,7 @@
 #include "app/model/LicenseManager.h"
 #include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
+#include "app/telemetry/LiveModels.h"
 #include "app/usage/AIUsageModel.h"
 #include "app/usage/ClaudeStatusLineModel.h"
 #include "app/widgets/ClockModel.h"
@@ -68,14 +69,18 @@ class AppDelegate : public QObject {
   void openPurchasePage();
   void chooseSettingsTab(const QString& tab);
   void chooseTileCommand();
+  // Puts it on the pasteboard and says so.
+  void copyText(const QString& text);
 
  private:
   // The models of one area each, before the context that holds them; app/wiring has a source for each area.
   void makeUsage();
   void makeFocus();
+  void makeTelemetry();
   void makeWeather();
   // Their panels.
   void addFocusPanels();
+  void addTelemetryPanels();
   void addWeatherPanels();
 
   void makeContext();
@@ -136,6 +141,7 @@ class AppDelegate : public QObject {
   std::unique_ptr<AIUsageModel> usage_;
   std::unique_ptr<ClaudeStatusLineModel> statusLine_;
   std::unique_ptr<FocusModels> focus_;
+  std::unique_ptr<LiveModels> live_;
   std::unique_ptr<WeatherModels> weather_;
   std::unique_ptr<WidgetContext> context_;
   std::unique_ptr<DockPopoverController> upsellPanel_, settingsPanel_, welcomePanel_, agentsPanel_, customizePanel_,

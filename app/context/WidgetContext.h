@@ -11,6 +11,7 @@
 #include "app/focus/FocusModels.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
+#include "app/telemetry/LiveModels.h"
 #include "app/usage/AIUsageModel.h"
 #include "app/weather/WeatherModels.h"
 #include "app/widgets/ClockModel.h"
@@ -30,6 +31,7 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT)
   Q_PROPERTY(ambrel::AIUsageModel* usage READ usage CONSTANT)
   Q_PROPERTY(ambrel::FocusModels* focus READ focus CONSTANT)
+  Q_PROPERTY(ambrel::LiveModels* live READ live CONSTANT)
   Q_PROPERTY(ambrel::WeatherModels* weather READ weather CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
   // Whether the tiles are on screen: what is not seen need not be kept current.
@@ -45,6 +47,7 @@ class WidgetContext : public QObject {
     // Each of these serves tiles of its own alone; without it none of them may stand on the bar.
     AIUsageModel* usage = nullptr;
     FocusModels* focus = nullptr;
+    LiveModels* live = nullptr;
     WeatherModels* weather = nullptr;
   };
   explicit WidgetContext(const Models& models, QObject* parent = nullptr);
@@ -56,6 +59,7 @@ class WidgetContext : public QObject {
   ClockModel* clock() const { return &models_.clock; }
   AIUsageModel* usage() const { return models_.usage; }
   FocusModels* focus() const { return models_.focus; }
+  LiveModels* live() const { return models_.live; }
   WeatherModels* weather() const { return models_.weather; }
   BarLimits* barLimits() { return &barLimits_; }
   bool widgetsActive() const { return widgetsActive_; }
