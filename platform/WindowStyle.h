@@ -10,6 +10,7 @@ namespace ambrel {
 enum class WindowRole {
   dock,    // the bar: above others, never focused, no place in task lists
   panel,   // opens from the bar and takes keys
+  window,  // an ordinary window of its own, whose frame we draw
   bubble,  // a short message of our own: above others, never focused
 };
 
@@ -32,6 +33,9 @@ class WindowStyle {
   // Lets clicks through everywhere but in this rectangle, in points from the window's upper left corner: the margin
   // in which a shadow lies is not ours to take clicks in. Before it is shown or after.
   virtual void setInputRect(QWindow& window, double x, double y, double width, double height) = 0;
+
+  // How much of the window, on each side, is shadow: window managers align what lies within. In points.
+  virtual void setShadowMargin(QWindow& window, double margin) = 0;
 };
 
 }  // namespace ambrel

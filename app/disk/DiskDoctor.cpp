@@ -266,6 +266,10 @@ void DiskDoctor::showInFolder(const QString& id) {
   if (const DiskItem* item = explorer_.node(id); item && onShowInFolder) onShowInFolder(item->url());
 }
 
+void DiskDoctor::openTrash() {
+  if (onOpenTrash) onOpenTrash();
+}
+
 void DiskDoctor::takeReport(const DiskAdvice::TrashReport& report) {
   if (report.moved.empty()) return;
   findings_.removeItems(report.moved);

@@ -108,11 +108,13 @@ class DiskDoctor : public QObject {
   Q_INVOKABLE void askAbout(const QString& id);
   Q_INVOKABLE void reviewSelection();
   Q_INVOKABLE void showInFolder(const QString& id);
+  Q_INVOKABLE void openTrash();
 
   // The bytes that were scanned.
   std::function<void(std::int64_t)> onScanFinished;
   std::function<void(std::function<void(const std::string& folder)> chosen)> onChooseFolder;
   std::function<void(const std::string& path)> onShowInFolder;
+  std::function<void()> onOpenTrash;
 
  Q_SIGNALS:
   void phaseChanged();

@@ -37,6 +37,14 @@ QString kindName(Kind kind) {
   return {};
 }
 
+// What a screen reader says to a row.
+QString labelOf(const FindingRow& row) {
+  QStringList words{row.title};
+  for (const QString& word : {row.detail, row.risk ? text(label(*row.risk)) : QString(), row.size})
+    if (!word.isEmpty()) words << word;
+  return words.join(QStringLiteral(", "));
+}
+
 struct GroupedFindings {
   std::optional<FindingGroup> group;
   std::vector<const DiskFinding*> findings;
@@ -281,6 +289,8 @@ QVariant FindingListModel::data(const QModelIndex& index, int role) const {
       return entry->isSelectable;
     case IsOpenRole:
       return entry->isOpen;
+    case LabelRole:
+      return labelOf(*entry);
     default:
       return {};
   }
@@ -297,7 +307,8 @@ QHash<int, QByteArray> FindingListModel::roleNames() const {
           {RiskNameRole, "riskName"},
           {CheckStateRole, "checkState"},
           {IsSelectableRole, "isSelectable"},
-          {IsOpenRole, "isOpen"}};
+          {IsOpenRole, "isOpen"},
+          {LabelRole, "label"}};
 }
 
 }  // namespace ambrel

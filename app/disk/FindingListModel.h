@@ -51,7 +51,8 @@ class FindingListModel : public RecordListModel<FindingRow, std::string> {
     RiskNameRole,
     CheckStateRole,
     IsSelectableRole,
-    IsOpenRole
+    IsOpenRole,
+    LabelRole
   };
   Q_ENUM(Role)
 

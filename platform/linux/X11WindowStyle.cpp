@@ -14,6 +14,7 @@ namespace {
 
 // What the toolkit's X11 plug-in reads when it creates the window (_NET_WM_WINDOW_TYPE).
 constexpr const char* windowTypeProperty = "_q_xcb_wm_window_type";
+constexpr int normalType = 0x1;
 constexpr int dockType = 0x4;
 constexpr int utilityType = 0x20;
 constexpr int notificationType = 0x800;
@@ -24,6 +25,8 @@ int typeOf(WindowRole role) {
       return dockType;
     case WindowRole::panel:
       return utilityType;
+    case WindowRole::window:
+      return normalType;
     case WindowRole::bubble:
       return notificationType;
   }
@@ -37,6 +40,8 @@ Qt::WindowFlags flagsOf(WindowRole role) {
       return common | Qt::Window | Qt::WindowDoesNotAcceptFocus;
     case WindowRole::panel:
       return common | Qt::Tool;
+    case WindowRole::window:
+      return Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
     case WindowRole::bubble:
       return common | Qt::Tool | Qt::WindowDoesNotAcceptFocus;
   }
@@ -104,12 +109,24 @@ void X11WindowStyle::setInputRect(QWindow& window, double x, double y, double wi
   const double scale = window.devicePixelRatio();
   const auto pixels = [scale](double points) { return std::lround(points * scale); };
   const xcb_rectangle_t rectangle{static_cast<std::int16_t>(pixels(x)), static_cast<std::int16_t>(pixels(y)),
-                                  static_cast<std::uint16_t>(pixels(width)), static_cast<std::uint16_t>(pixels(height))};
+                                  static_cast<std::uint16_t>(pixels(width)),
+                                  static_cast<std::uint16_t>(pixels(height))};
   const auto id = static_cast<xcb_window_t>(window.winId());
   const xcb_xfixes_region_t region = xcb_generate_id(xcb);
   xcb_xfixes_create_region(xcb, region, 1, &rectangle);
   xcb_xfixes_set_window_shape_region(xcb, id, XCB_SHAPE_SK_INPUT, 0, 0, region);
   xcb_xfixes_destroy_region(xcb, region);
+  xcb_flush(xcb);
+}
+
+void X11WindowStyle::setShadowMargin(QWindow& window, double margin) {
+  const auto* toolkit = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  xcb_connection_t* xcb = toolkit ? toolkit->connection() : nullptr;
+  if (!xcb || !connection_) return;
+  const auto pixels = static_cast<std::uint32_t>(std::lround(margin * window.devicePixelRatio()));
+  const std::uint32_t extents[] = {pixels, pixels, pixels, pixels};
+  xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window.winId()),
+                      connection_->atom("_GTK_FRAME_EXTENTS"), XCB_ATOM_CARDINAL, 32, 4, extents);
   xcb_flush(xcb);
 }
 

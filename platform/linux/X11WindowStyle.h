@@ -16,6 +16,7 @@ class X11WindowStyle : public WindowStyle {
   void setCompositingHandler(std::function<void(bool isCompositing)> handler) override;
   void setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) override;
   void setInputRect(QWindow& window, double x, double y, double width, double height) override;
+  void setShadowMargin(QWindow& window, double margin) override;
 
  private:
   bool askForCompositor() const;

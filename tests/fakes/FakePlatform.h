@@ -171,6 +171,7 @@ class FakeWindowStyle : public WindowStyle {
   void setInputRect(QWindow&, double x, double y, double width, double height) override {
     inputs.push_back({x, y, width, height});
   }
+  void setShadowMargin(QWindow&, double margin) override { margins.push_back(margin); }
 
   void changeCompositing(bool is) {
     compositing = is;
@@ -181,6 +182,7 @@ class FakeWindowStyle : public WindowStyle {
   std::vector<std::pair<QWindow*, WindowRole>> prepared;
   std::vector<std::pair<Rect, double>> masks;
   std::vector<Rect> inputs;
+  std::vector<double> margins;
 
  private:
   std::function<void(bool)> handler_;

@@ -51,15 +51,17 @@ QImage pictureOf(const QImage& scene, const QQuickItem* item) {
   return scene.copy(shownBox(item).toAlignedRect().intersected(scene.rect()));
 }
 
-QStringList faultsOf(Scene& scene) {
+QStringList faultsOf(Scene& scene) { return faultsOf(scene.window(), scene.root()); }
+
+QStringList faultsOf(QQuickWindow& window, QQuickItem* root) {
   QStringList faults;
-  const QImage image = scene.grab();
+  const QImage image = window.grabWindow();
   // To see what the tests saw.
   if (const QString folder = qEnvironmentVariable("AMBREL_SHOTS"); !folder.isEmpty()) {
     QString name = QLatin1String(QTest::currentDataTag());
     image.save(folder + u'/' + name.replace(QLatin1String(", "), QLatin1String("-")) + QStringLiteral(".png"));
   }
-  visitShown(scene.root(), [&](QQuickItem* item) {
+  visitShown(root, [&](QQuickItem* item) {
     const QImage picture = pictureOf(image, item);
     if (!item->objectName().isEmpty() && isBlank(picture)) faults << item->objectName() + " is blank";
     if (!item->inherits("QQuickText") || item->property("text").toString().isEmpty()) return;

@@ -6,6 +6,7 @@
 #include <functional>
 
 class QQuickItem;
+class QQuickWindow;
 
 namespace ambrel {
 
@@ -18,5 +19,6 @@ QImage pictureOf(const QImage& scene, const QQuickItem* item);
 // In words, empty when all is well. Items with an object name must not be blank; texts must fit or end in an
 // ellipsis; the texts of what is not switched off must reach a contrast of 4.5.
 QStringList faultsOf(Scene& scene);
+QStringList faultsOf(QQuickWindow& window, QQuickItem* root);
 
 }  // namespace ambrel

@@ -1,0 +1,46 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// One step of the way down; the last one is where one stands.
+Pressable {
+    id: root
+
+    required property int index
+    required property string partId
+    required property string name
+    property bool isLast: false
+    property real maximumWidth: 200
+
+    label: name
+    accessibleRole: isLast ? Accessible.StaticText : Accessible.Link
+    activeFocusOnTab: !isLast
+    enabled: !isLast
+    implicitWidth: (index > 0 ? arrow.width : 0) + word.width + 8
+
+    Symbol {
+        id: arrow
+
+        visible: root.index > 0
+        anchors.verticalCenter: parent.verticalCenter
+        name: "chevron.right"
+        size: 18
+        color: Theme.ink3
+    }
+    Label {
+        id: word
+
+        x: (root.index > 0 ? arrow.width : 0) + 4
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.min(Math.ceil(implicitWidth), root.maximumWidth)
+        text: root.name
+        role: root.isLast ? Theme.rowTitle : Theme.body
+        color: root.isLast || root.hovered ? Theme.ink : Theme.ink2
+        Accessible.ignored: true
+    }
+    FocusRing {
+        anchors.topMargin: 2
+        anchors.bottomMargin: 2
+        targetRadius: Theme.radiusHighlight
+    }
+}

@@ -1,0 +1,65 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// One thing on the list that moves, or what became of it.
+Item {
+    id: root
+
+    required property string title
+    required property string detail
+    required property string size
+    required property string outcomeSymbol
+    required property bool hasStayed
+
+    implicitHeight: 44
+    Accessible.role: Accessible.ListItem
+    Accessible.name: title + ", " + detail + ", " + size
+
+    Symbol {
+        id: icon
+
+        x: Theme.space6
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.outcomeSymbol !== ""
+        name: root.outcomeSymbol
+        size: 18
+        color: root.hasStayed ? Theme.orange.text : Theme.green.text
+    }
+    Column {
+        anchors {
+            left: parent.left
+            leftMargin: icon.visible ? 54 : Theme.space6
+            right: amount.left
+            rightMargin: Theme.space3
+            verticalCenter: parent.verticalCenter
+        }
+
+        Label {
+            width: parent.width
+            text: root.title
+            role: Theme.listName
+            elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+        Label {
+            width: parent.width
+            text: root.detail
+            role: Theme.small
+            color: Theme.ink2
+            elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+    }
+    Label {
+        id: amount
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space6
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.size
+        role: Theme.listName
+        color: root.hasStayed ? Theme.ink2 : Theme.ink
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Frame
+import Ambrel.Kit
+
+// The window of Disk Doctor: what to scan, what was found, and the last look before something moves.
+WindowFrame {
+    id: root
+
+    required property DiskDoctor doctor
+    readonly property bool isReviewing: doctor.review.stage !== DiskReview.Closed
+    readonly property bool hasTree: doctor.phase === DiskDoctor.Scanning || doctor.phase === DiskDoctor.Done
+
+    title: qsTr("Disk Doctor")
+    symbol: "chart.pie.fill"
+
+    StartPane {
+        anchors.fill: parent
+        visible: !root.hasTree
+        doctor: root.doctor
+    }
+
+    Item {
+        anchors.fill: parent
+        visible: root.hasTree
+        // The keyboard stays in the sheet that lies above.
+        enabled: !root.isReviewing
+
+        DiskHeader {
+            id: header
+
+            width: parent.width
+            height: 81
+            doctor: root.doctor
+        }
+        ExplorerPane {
+            id: explorer
+
+            anchors {
+                left: parent.left
+                top: header.bottom
+                bottom: footer.top
+            }
+            width: 399
+            doctor: root.doctor
+        }
+        Rectangle {
+            anchors {
+                left: explorer.right
+                top: header.bottom
+                bottom: footer.top
+            }
+            width: 1
+            color: Theme.over(Theme.line, Theme.panel)
+        }
+        FindingsPane {
+            id: findings
+
+            anchors {
+                left: explorer.right
+                leftMargin: 1
+                right: parent.right
+                top: header.bottom
+                bottom: footer.top
+            }
+            doctor: root.doctor
+        }
+        AnswerCard {
+            anchors {
+                left: findings.left
+                right: findings.right
+                bottom: findings.bottom
+                margins: Theme.space3
+            }
+            question: root.doctor.question
+            onShowAsked: id => root.doctor.showInFolder(id)
+        }
+        DiskFooter {
+            id: footer
+
+            width: parent.width
+            height: 64
+            anchors.bottom: parent.bottom
+            doctor: root.doctor
+        }
+    }
+
+    ReviewSheet {
+        anchors.fill: parent
+        visible: root.isReviewing
+        doctor: root.doctor
+    }
+}

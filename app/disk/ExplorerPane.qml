@@ -1,0 +1,85 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// Where the space goes: the way to the folder that is shown, its chart, and the largest of what is in it.
+Item {
+    id: root
+
+    required property DiskDoctor doctor
+    readonly property DiskExplorer explorer: doctor.explorer
+    readonly property bool isWhole: doctor.phase === DiskDoctor.Done || doctor.isAnalyzing
+
+    Breadcrumb {
+        anchors {
+            left: parent.left
+            leftMargin: Theme.space6
+            right: askButton.left
+            rightMargin: Theme.space2
+            top: parent.top
+            topMargin: 10
+        }
+        height: 32
+        parts: root.explorer.path
+        onChosen: id => root.explorer.enter(id)
+    }
+    IconButton {
+        id: askButton
+
+        anchors {
+            right: parent.right
+            rightMargin: Theme.space5
+            top: parent.top
+            topMargin: Theme.space3
+        }
+        visible: root.doctor.phase === DiskDoctor.Done
+        label: qsTr("Is it safe to delete this?")
+        symbol: "questionmark.circle"
+        onClicked: root.doctor.askAbout(root.explorer.center.id)
+    }
+
+    SunburstPane {
+        anchors {
+            top: parent.top
+            topMargin: 52
+            bottom: legend.top
+            bottomMargin: Theme.space5
+            horizontalCenter: parent.horizontalCenter
+        }
+        width: Math.min(height, root.width - 2 * Theme.space6)
+        doctor: root.doctor
+    }
+
+    Grid {
+        id: legend
+
+        anchors {
+            left: parent.left
+            leftMargin: Theme.space6
+            right: parent.right
+            rightMargin: Theme.space6
+            bottom: parent.bottom
+            bottomMargin: 30
+        }
+        columns: 2
+        columnSpacing: 2 * Theme.space4
+        height: 3 * Math.max(24, Theme.body.line + 6)
+
+        Repeater {
+            model: root.explorer.legend
+
+            LegendRow {
+                width: (legend.width - legend.columnSpacing) / 2
+                height: legend.height / 3
+                canChoose: root.isWhole
+                onHoveredChanged: root.explorer.hoveredID = hovered ? partId : ""
+                onClicked: {
+                    if (isFolder)
+                        root.explorer.enter(partId);
+                    else
+                        root.doctor.askAbout(partId);
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,60 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// One thing that a rule found. A click asks about it.
+FindingRowGround {
+    id: root
+
+    implicitHeight: 44
+
+    RowCheck {
+        x: 78
+        y: root.middle - height / 2
+        row: root.row
+    }
+    Column {
+        anchors {
+            left: parent.left
+            leftMargin: 108
+            right: amount.left
+            rightMargin: Theme.space3
+            verticalCenter: parent.verticalCenter
+        }
+
+        Label {
+            width: parent.width
+            text: root.row.title
+            role: Theme.body
+            height: Theme.listName.line
+            elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+        Label {
+            width: parent.width
+            text: root.row.detail
+            role: Theme.small
+            color: Theme.ink2
+            elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+    }
+    Label {
+        id: amount
+
+        anchors.right: parent.right
+        anchors.rightMargin: 54
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.row.size
+        Accessible.ignored: true
+    }
+    Symbol {
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space6
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.hovered
+        name: "questionmark.circle"
+        size: 18
+        color: Theme.ink3
+    }
+}

@@ -1,0 +1,37 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// Why a rule lists what it lists, and what Buddy adds to it.
+FindingRowGround {
+    id: root
+
+    canPress: false
+    implicitHeight: words.height + Theme.space3
+
+    Column {
+        id: words
+
+        x: 108
+        width: root.width - x - 54
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.space1
+
+        Label {
+            width: parent.width
+            text: root.row.title
+            role: Theme.small
+            color: Theme.ink2
+            wrapMode: Text.WordWrap
+            Accessible.ignored: true
+        }
+        Label {
+            width: parent.width
+            visible: root.row.detail !== ""
+            text: root.row.detail
+            role: Theme.small
+            wrapMode: Text.WordWrap
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,77 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// What can go. Up and Down walk along the rows, Space chooses one, Return opens it or asks about it.
+FocusScope {
+    id: root
+
+    required property DiskDoctor doctor
+    readonly property FindingListModel findings: doctor.findings
+    readonly property bool isDone: doctor.phase === DiskDoctor.Done
+
+    LoadingRows {
+        anchors.fill: parent
+        visible: !root.isDone
+    }
+    EmptyState {
+        anchors.centerIn: parent
+        visible: root.isDone && !root.findings.hasFindings
+        symbol: "checkmark.circle"
+        title: qsTr("Nothing to clean up")
+        sentence: qsTr("No caches, old downloads or copies worth a move were found here.")
+    }
+
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        visible: root.isDone
+        model: root.findings
+        clip: true
+        focus: true
+        activeFocusOnTab: true
+        topMargin: Theme.space2
+        bottomMargin: Theme.space3
+        boundsBehavior: Flickable.StopAtBounds
+        highlightMoveDuration: 0
+        currentIndex: -1
+        cacheBuffer: 400
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Findings")
+        onActiveFocusChanged: if (activeFocus && currentIndex < 0)
+            currentIndex = 0
+        Keys.onPressed: event => {
+            const row = currentItem as FindingDelegate;
+            if (row)
+                event.accepted = row.entry.pressKey(event.key);
+        }
+
+        delegate: FindingDelegate {
+            width: ListView.view.width
+            isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
+            entry.onPointed: list.currentIndex = index
+            entry.onSelectAsked: isSelected => root.findings.setSelected(rowId, isSelected)
+            entry.onOpenAsked: root.findings.toggleOpen(rowId)
+            entry.onAsked: root.doctor.askAbout(rowId)
+        }
+
+        footer: SkippedNote {
+            width: ListView.view ? ListView.view.width : 0
+            text: root.doctor.skippedText
+            folders: root.doctor.skippedFolders
+        }
+    }
+    ScrollBar {
+        view: list
+        visible: list.visible && ratio > 0 && ratio < 1
+        anchors {
+            right: parent.right
+            rightMargin: 1
+            top: parent.top
+            bottom: parent.bottom
+            topMargin: Theme.space2
+            bottomMargin: Theme.space2
+        }
+    }
+}

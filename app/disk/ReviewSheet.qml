@@ -1,0 +1,161 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// The last look: exactly what will move, and after the move what became of each. Escape and the first button leave
+// everything as it is.
+FocusScope {
+    id: root
+
+    required property DiskDoctor doctor
+    readonly property DiskReview review: doctor.review
+    readonly property bool isReviewing: review.stage === DiskReview.Reviewing
+    readonly property bool isReported: review.stage === DiskReview.Reported
+
+    function takeFocus() {
+        if (isReviewing)
+            keep.forceActiveFocus();
+        else if (isReported)
+            done.forceActiveFocus();
+    }
+
+    Accessible.role: Accessible.Dialog
+    Accessible.name: review.title
+    Keys.onEscapePressed: root.review.close()
+    onIsReviewingChanged: takeFocus()
+    onIsReportedChanged: takeFocus()
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.panel
+        opacity: 0.75
+        radius: Theme.radiusTile
+    }
+    // Nothing below can be clicked.
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    PanelGround {
+        id: sheet
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.verticalCenter: parent.verticalCenter
+        width: 600
+        height: Math.min(parent.height - 2 * Theme.space5, head.height + list.contentHeight + buttons.height + 2 * Theme.space5 + 2 * Theme.space4)
+
+        Column {
+            id: head
+
+            x: Theme.space6
+            y: Theme.space5
+            width: parent.width - 2 * Theme.space6
+            spacing: Theme.space1
+
+            Label {
+                width: parent.width
+                text: root.review.title
+                role: Theme.title
+                Accessible.role: Accessible.Heading
+            }
+            Label {
+                width: parent.width
+                text: root.review.detail
+                color: Theme.ink2
+                wrapMode: Text.WordWrap
+            }
+        }
+        ListView {
+            id: list
+
+            anchors {
+                left: parent.left
+                right: parent.right
+                top: head.bottom
+                topMargin: Theme.space4
+                bottom: buttons.top
+                bottomMargin: Theme.space4
+            }
+            model: root.review.items
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            activeFocusOnTab: contentHeight > height
+            Accessible.role: Accessible.List
+            Accessible.name: root.review.title
+            Keys.onUpPressed: contentY = Math.max(originY, contentY - 40)
+            Keys.onDownPressed: contentY = Math.max(originY, Math.min(originY + contentHeight - height, contentY + 40))
+
+            delegate: CleanupItemRow {
+                width: ListView.view.width
+            }
+
+            FocusRing {
+                anchors.margins: 2
+                targetRadius: Theme.radiusSmall
+            }
+        }
+        ScrollBar {
+            view: list
+            anchors {
+                right: parent.right
+                rightMargin: 2
+                top: list.top
+                bottom: list.bottom
+            }
+        }
+        Row {
+            id: buttons
+
+            anchors {
+                right: parent.right
+                rightMargin: Theme.space6
+                bottom: parent.bottom
+                bottomMargin: Theme.space5
+            }
+            height: 36
+            spacing: Theme.space2
+
+            Button {
+                id: keep
+
+                visible: root.isReviewing
+                size: 36
+                focus: true
+                text: qsTr("Leave everything")
+                onClicked: root.review.close()
+            }
+            Button {
+                visible: root.isReviewing
+                kind: Button.Primary
+                size: 36
+                text: qsTr("Move to the Trash")
+                symbol: "trash.fill"
+                onClicked: root.review.confirm()
+            }
+            Button {
+                visible: root.isReported
+                size: 36
+                text: qsTr("Open the Trash")
+                onClicked: root.doctor.openTrash()
+            }
+            Button {
+                visible: root.isReported
+                size: 36
+                text: qsTr("Scan again")
+                symbol: "arrow.clockwise"
+                onClicked: root.doctor.scanAgain()
+            }
+            Button {
+                id: done
+
+                visible: root.isReported
+                kind: Button.Primary
+                size: 36
+                text: qsTr("Done")
+                onClicked: root.review.close()
+            }
+        }
+    }
+}

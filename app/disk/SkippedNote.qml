@@ -1,0 +1,41 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// Folders that could not be read; the tip names them.
+Item {
+    id: root
+
+    property string text
+    property string folders
+
+    visible: text !== ""
+    height: visible ? words.height + Theme.space5 : 0
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+    Accessible.description: folders
+
+    Symbol {
+        x: Theme.space6
+        y: words.y
+        name: "lock"
+        size: 18
+        color: Theme.ink3
+    }
+    Label {
+        id: words
+
+        x: 54
+        y: Theme.space3
+        width: root.width - x - Theme.space6
+        text: root.text
+        role: Theme.small
+        color: Theme.ink2
+        wrapMode: Text.WordWrap
+        hasTip: false
+        Accessible.ignored: true
+    }
+    HoverHandler {
+        onHoveredChanged: hovered ? Tips.enter(root, root.folders) : Tips.leave(root)
+    }
+}

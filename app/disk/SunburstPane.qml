@@ -1,0 +1,68 @@
+import QtQuick
+import Ambrel.Disk
+import Ambrel.Kit
+
+// The chart, and in its middle the size of what is pointed at.
+Item {
+    id: root
+
+    required property DiskDoctor doctor
+    readonly property DiskExplorer explorer: doctor.explorer
+
+    SunburstChart {
+        id: chart
+
+        anchors.fill: parent
+        center: root.explorer.center
+        highlightedID: root.explorer.hoveredID
+        colors: Theme.sunburst
+        ground: Theme.panel
+        ink: Theme.ink
+        trackColor: Theme.card
+        Accessible.role: Accessible.Chart
+        Accessible.name: root.explorer.description
+        Accessible.focusable: true
+        onHovered: id => root.explorer.hoveredID = id
+        onEntered: id => {
+            if (!root.explorer.enter(id))
+                root.doctor.askAbout(id);
+        }
+        onUpAsked: root.explorer.goUp()
+        onAsked: id => root.doctor.askAbout(id)
+
+        FocusRing {
+            targetRadius: width / 2
+        }
+    }
+
+    Column {
+        anchors.centerIn: parent
+        width: chart.holeDiameter - Theme.space3
+
+        Label {
+            width: parent.width
+            text: root.explorer.size
+            role: Theme.figure
+            horizontalAlignment: Text.AlignHCenter
+            hasTip: false
+            Accessible.ignored: true
+        }
+        Label {
+            width: parent.width
+            text: root.explorer.name
+            role: Theme.small
+            color: Theme.ink2
+            horizontalAlignment: Text.AlignHCenter
+            elide: Text.ElideMiddle
+            hasTip: false
+            Accessible.ignored: true
+        }
+        Symbol {
+            visible: root.explorer.canGoUp
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: "chevron.up"
+            size: 16
+            color: Theme.ink3
+        }
+    }
+}

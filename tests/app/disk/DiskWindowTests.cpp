@@ -1,0 +1,341 @@
+#include <QQmlEngine>
+#include <QQmlError>
+#include <QQuickItem>
+#include <QTest>
+
+#include "app/disk/DiskDoctorController.h"
+#include "app/kit/Theme.h"
+#include "tests/app/disk/DiskHome.h"
+#include "tests/app/kit/Looks.h"
+#include "tests/app/kit/QMLWarnings.h"
+#include "tests/fakes/FakePlatform.h"
+
+namespace ambrel {
+namespace {
+
+using Phase = DiskDoctor::Phase;
+using Stage = DiskReview::Stage;
+
+// The window on a home of its own.
+struct Room {
+  QMLWarnings warnings;
+  DiskHome desk;
+  QQmlEngine engine;
+  FakeWindowStyle style;
+  std::unique_ptr<DiskDoctorController> controller;
+
+  explicit Room(Theme::Choice choice = Theme::Choice::Dark, bool hasModel = false) : desk(hasModel) {
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    themeOf(engine).setAlwaysReducesMotion(true);
+    themeOf(engine).setChoice(choice);
+    style.compositing = false;
+    controller = std::make_unique<DiskDoctorController>(engine, style, desk.doctor());
+  }
+  bool open() {
+    controller->open();
+    if (!root()) {
+      qWarning() << window().status() << window().source();
+      for (const QQmlError& error : window().errors()) qWarning() << error.toString();
+      return false;
+    }
+    return QTest::qWaitForWindowActive(&window());
+  }
+  FramedWindow& window() { return *controller->window(); }
+  QQuickItem* root() { return window().rootObject(); }
+  DiskDoctor& doctor() { return desk.doctor(); }
+
+  // The first shown item with that label or text.
+  QQuickItem* labelled(const QString& label) {
+    QQuickItem* found = nullptr;
+    visitShown(root(), [&](QQuickItem* item) {
+      const bool fits = item->property("label").toString() == label || item->property("title").toString() == label;
+      if (!found && fits) found = item;
+    });
+    return found;
+  }
+  bool hasText(const QString& text) {
+    bool found = false;
+    visitShown(root(), [&](QQuickItem* item) { found = found || item->property("text").toString() == text; });
+    return found;
+  }
+  bool click(const QString& label, Qt::MouseButton button = Qt::LeftButton) {
+    QQuickItem* item = labelled(label);
+    if (!item || !item->isEnabled()) return false;
+    QTest::mouseClick(&window(), button, {}, item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
+    return true;
+  }
+  void press(Qt::Key key) { QTest::keyClick(&window(), key); }
+  QString focused() {
+    const QQuickItem* item = window().activeFocusItem();
+    return item ? item->property("label").toString() : QString();
+  }
+};
+
+// Brings the window into one of its states.
+void bring(Room& room, const QString& state) {
+  DiskDoctor& doctor = room.doctor();
+  if (state == "start") return;
+  if (state == "message") {
+    doctor.scan(room.desk.home + "/missing");
+    room.desk.held.letGo();
+    return;
+  }
+  if (state == "scanning") {
+    doctor.scanHome();
+    const std::string base = room.desk.home;
+    doctor.explorer()->showUnfinished(DiskScanner{}.scan(base + "/src").root, QString("Home"), 0.4,
+                                      {"Documents", "Downloads", "Music"});
+    return;
+  }
+  if (state == "empty") {
+    doctor.scan(room.desk.home + "/Documents");
+    room.desk.finishScan();
+    return;
+  }
+  doctor.scanHome();
+  room.desk.held.letGo();
+  if (state == "analysing") return;
+  room.desk.held.letGo();
+  if (state == "done") return;
+  if (state == "question") return doctor.askAbout(room.desk.idOf("Downloads/old.iso"));
+  doctor.findings()->toggleOpen("rule:oldInstallers");
+  doctor.findings()->setSelected("rule:oldInstallers", true);
+  doctor.findings()->setSelected("rule:developerCaches", true);
+  if (state == "chosen") return;
+  doctor.explorer()->enter(room.desk.idOf("src/web/node_modules"));
+  if (state == "drilled") return;
+  doctor.reviewSelection();
+  if (state == "review") return;
+  room.desk.trash.refused.insert(room.desk.home + "/Downloads/old.iso");
+  doctor.review()->confirm();
+  room.desk.held.letGo();
+}
+
+}  // namespace
+
+class DiskWindowTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void everyStateLooksRight_data();
+  void everyStateLooksRight();
+  void itFitsTheSmallestSize();
+  void aScanBeginsAndStops();
+  void theHomeMayBeGuarded();
+  void whatIsSafeMovesByThreeClicks();
+  void leavingIsTheFirstButton();
+  void theListWorksFromTheKeyboard();
+  void aClickOnAnItemAsksAboutIt();
+  void theChartIsReachedByTab();
+  void theTitleBarHasItsButtons();
+  void closingEndsTheScanAndKeepsTheResult();
+  void itIsAWindowOfItsOwn();
+};
+
+void DiskWindowTests::everyStateLooksRight_data() {
+  QTest::addColumn<QString>("state");
+  QTest::addColumn<Theme::Choice>("choice");
+  for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light})
+    for (const char* state : {"start", "message", "scanning", "analysing", "empty", "done", "question", "chosen",
+                              "drilled", "review", "report"})
+      QTest::addRow("disk, %s, %s", state, choice == Theme::Choice::Dark ? "dark" : "light") << state << choice;
+}
+
+void DiskWindowTests::everyStateLooksRight() {
+  QFETCH(QString, state);
+  QFETCH(Theme::Choice, choice);
+  Room room(choice);
+  QVERIFY(room.open());
+  bring(room, state);
+  QCOMPARE(room.window().size(), QSize(980, 640));
+  // Colours fade in.
+  QTRY_COMPARE(faultsOf(room.window(), room.root()).join("; "), "");
+  int texts = 0;
+  visitShown(room.root(), [&](QQuickItem* item) { texts += item->inherits("QQuickText"); });
+  QVERIFY(texts > 4);
+  QCOMPARE(room.warnings.take().join("; "), "");
+}
+
+void DiskWindowTests::itFitsTheSmallestSize() {
+  Room room;
+  QVERIFY(room.open());
+  bring(room, "chosen");
+  room.window().resize(room.window().minimumSize());
+  QTRY_COMPARE(faultsOf(room.window(), room.root()).join("; "), "");
+  QCOMPARE(room.warnings.take().join("; "), "");
+}
+
+void DiskWindowTests::aScanBeginsAndStops() {
+  Room room;
+  QVERIFY(room.open());
+  QVERIFY(room.click("Scan Home"));
+  QCOMPARE(room.doctor().phase(), Phase::Scanning);
+  QVERIFY(room.hasText("Reading only. Nothing is changed while it scans."));
+  QVERIFY(!room.labelled("Move to the Trash")->isEnabled());
+  QVERIFY(room.click("Stop"));
+  QCOMPARE(room.doctor().phase(), Phase::Start);
+  bool hasAsked = false;
+  room.doctor().onChooseFolder = [&](const auto&) { hasAsked = true; };
+  QVERIFY(room.click("Choose a folder…"));
+  QVERIFY(hasAsked);
+}
+
+void DiskWindowTests::theHomeMayBeGuarded() {
+  Room room;
+  auto seams = room.desk.seams();
+  seams.hasAccess = [] { return false; };
+  room.controller.reset();
+  room.desk.make(seams);
+  room.controller = std::make_unique<DiskDoctorController>(room.engine, room.style, room.doctor());
+  QVERIFY(room.open());
+  QVERIFY(room.click("Scan Home"));
+  QVERIFY(room.hasText("Your home cannot be read"));
+  QVERIFY(room.click("Look again"));
+  QCOMPARE(room.doctor().phase(), Phase::Access);
+  QVERIFY(room.click("Scan anyway"));
+  QCOMPARE(room.doctor().phase(), Phase::Scanning);
+  QCOMPARE(room.warnings.take().join("; "), "");
+}
+
+void DiskWindowTests::whatIsSafeMovesByThreeClicks() {
+  Room room;
+  QVERIFY(room.open());
+  bring(room, "done");
+  QVERIFY(room.click("Choose what is safe"));
+  QVERIFY(room.click("Move 7 MB to the Trash"));
+  QCOMPARE(room.doctor().review()->stage(), Stage::Reviewing);
+  // What lies below is out of reach.
+  QVERIFY(!room.click("Scan again"));
+  QVERIFY(room.click("Move to the Trash"));
+  room.desk.held.letGo();
+  QCOMPARE(room.doctor().review()->stage(), Stage::Reported);
+  QVERIFY(room.hasText("Moved 7 MB to the Trash"));
+  QVERIFY(room.click("Done"));
+  QCOMPARE(room.doctor().review()->stage(), Stage::Closed);
+  QVERIFY(room.desk.exists("Downloads/old.iso"));
+  QVERIFY(!room.desk.exists("src/web/node_modules"));
+  QCOMPARE(room.warnings.take().join("; "), "");
+}
+
+void DiskWindowTests::leavingIsTheFirstButton() {
+  for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+    Room room;
+    QVERIFY(room.open());
+    bring(room, "review");
+    QTRY_COMPARE(room.focused(), "Leave everything");
+    room.press(key);
+    QCOMPARE(room.doctor().review()->stage(), Stage::Closed);
+    QVERIFY(room.desk.held.waiting.empty());
+    QVERIFY(room.desk.trash.asked.empty());
+  }
+}
+
+void DiskWindowTests::theListWorksFromTheKeyboard() {
+  Room room;
+  QVERIFY(room.open());
+  bring(room, "done");
+  QQuickItem* list = nullptr;
+  visitShown(room.root(), [&](QQuickItem* item) {
+    if (!list && item->inherits("QQuickListView")) list = item;
+  });
+  QVERIFY(list);
+  list->forceActiveFocus(Qt::TabFocusReason);
+  FindingListModel& findings = *room.doctor().findings();
+  QCOMPARE(list->property("currentIndex").toInt(), 0);
+  room.press(Qt::Key_Down);
+  QCOMPARE(findings.rows()[1].id, "rule:developerCaches");
+  room.press(Qt::Key_Space);
+  QCOMPARE(findings.selectedCount(), 1);
+  room.press(Qt::Key_Space);
+  QCOMPARE(findings.selectedCount(), 0);
+  room.press(Qt::Key_Return);
+  QCOMPARE(findings.rows()[2].id, "reason:developerCaches");
+  room.press(Qt::Key_Left);
+  QCOMPARE(findings.rows()[2].id, "rule:appCaches");
+  room.press(Qt::Key_Right);
+  room.press(Qt::Key_Down);
+  room.press(Qt::Key_Down);
+  room.press(Qt::Key_Return);
+  QCOMPARE(room.doctor().question()->name(), "pip");
+  QCOMPARE(room.warnings.take().join("; "), "");
+}
+
+void DiskWindowTests::aClickOnAnItemAsksAboutIt() {
+  Room room;
+  QVERIFY(room.open());
+  bring(room, "chosen");
+  QTRY_VERIFY(room.click("old.iso"));
+  QVERIFY(room.doctor().question()->isOpen());
+  QVERIFY(room.hasText("Is it safe to delete this?"));
+  std::string shown;
+  room.doctor().onShowInFolder = [&](const std::string& path) { shown = path; };
+  QVERIFY(room.click("Show in Files"));
+  QCOMPARE(shown, room.desk.home + "/Downloads/old.iso");
+  QCOMPARE(room.doctor().findings()->selectedCount(), 3);
+}
+
+void DiskWindowTests::theChartIsReachedByTab() {
+  Room room;
+  QVERIFY(room.open());
+  bring(room, "done");
+  for (int i = 0; i < 20 && !room.window().activeFocusItem()->inherits("ambrel::SunburstChart"); ++i)
+    room.press(Qt::Key_Tab);
+  QVERIFY(room.window().activeFocusItem()->inherits("ambrel::SunburstChart"));
+  room.press(Qt::Key_Right);
+  const QString first = room.doctor().explorer()->hoveredID();
+  QVERIFY(!first.isEmpty());
+  room.press(Qt::Key_Return);
+  QVERIFY(room.doctor().explorer()->canGoUp() || room.doctor().question()->isOpen());
+}
+
+void DiskWindowTests::theTitleBarHasItsButtons() {
+  Room room;
+  QVERIFY(room.open());
+  QVERIFY(room.click("Maximise"));
+  QTRY_VERIFY(room.window().isFilling());
+  QTRY_VERIFY(room.labelled("Restore"));
+  QVERIFY(room.click("Restore"));
+  QTRY_VERIFY(!room.window().isFilling());
+  QVERIFY(room.click("Minimise"));
+  QTRY_VERIFY(room.window().windowStates() & Qt::WindowMinimized);
+  room.controller->open();
+  QTRY_VERIFY(!(room.window().windowStates() & Qt::WindowMinimized));
+  QVERIFY(room.click("Close"));
+  QVERIFY(!room.controller->isShown());
+}
+
+void DiskWindowTests::closingEndsTheScanAndKeepsTheResult() {
+  Room room;
+  QVERIFY(room.open());
+  bring(room, "done");
+  room.window().close();
+  QVERIFY(!room.controller->isShown());
+  QVERIFY(room.open());
+  QCOMPARE(room.doctor().phase(), Phase::Done);
+  QVERIFY(room.labelled("Scan again"));
+  room.doctor().scanAgain();
+  room.controller->close();
+  QCOMPARE(room.doctor().phase(), Phase::Start);
+  // A second one does nothing.
+  room.controller->close();
+}
+
+void DiskWindowTests::itIsAWindowOfItsOwn() {
+  Room room;
+  room.style.compositing = true;
+  QVERIFY(room.open());
+  QCOMPARE(room.style.prepared.size(), 1u);
+  QCOMPARE(room.style.prepared.front().second, WindowRole::window);
+  // The shadow lies around the frame and takes no clicks.
+  QCOMPARE(room.window().margin(), 48);
+  QCOMPARE(room.window().size(), QSize(980 + 96, 640 + 96));
+  QCOMPARE(room.style.margins.back(), 48.0);
+  QCOMPARE(room.style.inputs.back(), (Rect{43, 43, 990, 650}));
+  room.controller->open();
+  QCOMPARE(room.style.prepared.size(), 1u);
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::DiskWindowTests)
+#include "DiskWindowTests.moc"
