@@ -1,6 +1,5 @@
 #include "platform/linux/LinuxDesktop.h"
 
-#include "platform/linux/AbsentParts.h"
 #include "platform/linux/CanberraSounds.h"
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
@@ -14,25 +13,45 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "platform/linux/X11Workspace.h"
+#include "platform/linux/services/BlueZBluetooth.h"
+#include "platform/linux/services/PulseSoundControl.h"
+#include "platform/linux/services/SystemKeepAwake.h"
+#include "platform/linux/services/UDisksVolumes.h"
+#include "platform/linux/services/UPowerSupplies.h"
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
 
 namespace ambrel {
 
+namespace {
+
+LinuxTelemetry::Sources telemetrySources(const QDBusConnection& systemBus) {
+  LinuxTelemetry::Sources sources = LinuxTelemetry::runningSystem();
+  sources.otherSupplies = [systemBus] { return readUPower(systemBus); };
+  return sources;
+}
+
+}  // namespace
+
 struct LinuxDesktop::Parts {
   explicit Parts(const std::string& display)
       : connection(display.empty() ? nullptr : X11Connection::open(display)),
         bus(openSessionBus()),
+        systemBus(openSystemBus()),
         pointer(connection.get()),
         screens(connection.get()),
         windowStyle(connection.get()),
         workspace(connection.get(), "/proc", ProgramFolders::ofThisSession()),
         hotKeys(connection.get()),
         notifications(bus),
+        telemetry(telemetrySources(systemBus)),
+        bluetooth(systemBus),
+        volumes(systemBus),
+        keepAwake(systemBus, bus),
         session(bus) {}
 
   std::unique_ptr<X11Connection> connection;
-  QDBusConnection bus;
+  QDBusConnection bus, systemBus;
   X11Pointer pointer;
   X11Screens screens;
   X11WindowStyle windowStyle;
@@ -42,12 +61,12 @@ struct LinuxDesktop::Parts {
   ProcReadings readings;
   TimerfdClock wallClock;
   CanberraSounds sounds;
-  LinuxTelemetry telemetry{LinuxTelemetry::runningSystem()};
+  LinuxTelemetry telemetry;
   TCPLatencyProbe latency;
-  AbsentSoundControl soundControl;
-  AbsentBluetooth bluetooth;
-  AbsentVolumes volumes;
-  AbsentKeepAwake keepAwake;
+  PulseSoundControl soundControl;
+  BlueZBluetooth bluetooth;
+  UDisksVolumes volumes;
+  SystemKeepAwake keepAwake;
   DBusSessionService session;
 };
 

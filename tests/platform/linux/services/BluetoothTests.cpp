@@ -1,0 +1,156 @@
+#include "platform/linux/services/BlueZBluetooth.h"
+#include "tests/platform/linux/services/BusTest.h"
+
+namespace ambrel {
+namespace {
+
+const QString adapterPath = QStringLiteral("/org/bluez/hci0");
+const QString headset = QStringLiteral("/org/bluez/hci0/dev_AA");
+const QString mouse = QStringLiteral("/org/bluez/hci0/dev_BB");
+
+class BluetoothOnBus : public BusTest {
+ protected:
+  void SetUp() override {
+    BusTest::SetUp();
+    if (IsSkipped()) return;
+    bluez_ = service("org.bluez");
+    bluez_->objects = {
+        {QDBusObjectPath(QStringLiteral("/org/bluez")), {{QStringLiteral("org.bluez.AgentManager1"), {}}}},
+        {QDBusObjectPath(adapterPath), {{QStringLiteral("org.bluez.Adapter1"), {{QStringLiteral("Powered"), true}}}}},
+        {QDBusObjectPath(headset),
+         {{QStringLiteral("org.bluez.Device1"),
+           {{QStringLiteral("Connected"), true},
+            {QStringLiteral("Alias"), QStringLiteral("WH-1000")},
+            {QStringLiteral("Icon"), QStringLiteral("audio-headset")}}},
+          {QStringLiteral("org.bluez.Battery1"), {{QStringLiteral("Percentage"), QVariant::fromValue(uchar(70))}}}}},
+        {QDBusObjectPath(mouse),
+         {{QStringLiteral("org.bluez.Device1"),
+           {{QStringLiteral("Connected"), false}, {QStringLiteral("Alias"), QStringLiteral("arc mouse")}}}}}};
+    connection_.emplace(bus_.connection());
+    bluetooth_ = std::make_unique<BlueZBluetooth>(*connection_, std::chrono::milliseconds(0));
+  }
+  void listen() {
+    bluetooth_->setChangeHandler([this] { ++changes_; });
+  }
+  // Until the next change.
+  bool changes() {
+    const int before = changes_;
+    return happens([&] { return changes_ > before; });
+  }
+
+  // Everything that was sent until now has been heard and answered.
+  void allIsHeard() {
+    for (int i = 0; i < 3; ++i) {
+      connection_->interface()->isServiceRegistered(QStringLiteral("org.bluez"));
+      QCoreApplication::processEvents();
+    }
+  }
+
+  std::unique_ptr<FakeService> bluez_;
+  std::optional<QDBusConnection> connection_;
+  std::unique_ptr<BlueZBluetooth> bluetooth_;
+  int changes_ = 0;
+};
+
+const BluetoothDevice wh{headset.toStdString(), "WH-1000", "audio-headset", 70};
+
+TEST_F(BluetoothOnBus, AsksOnlyWhileSomebodyListens) {
+  EXPECT_EQ(bluetooth_->reading(), std::nullopt);
+  EXPECT_TRUE(bluez_->calls.empty());
+  listen();
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(bluetooth_->reading(), (BluetoothReading{true, {wh}}));
+  bluetooth_->setChangeHandler(nullptr);
+  EXPECT_EQ(bluetooth_->reading(), std::nullopt);
+  const auto asked = bluez_->calls.size();
+  bluez_->set(headset, QStringLiteral("org.bluez.Battery1"), QStringLiteral("Percentage"),
+              QVariant::fromValue(uchar(5)));
+  allIsHeard();
+  EXPECT_EQ(bluez_->calls.size(), asked);
+}
+
+TEST_F(BluetoothOnBus, FollowsDevicesAndTheirBatteries) {
+  listen();
+  ASSERT_TRUE(changes());
+  bluez_->set(headset, QStringLiteral("org.bluez.Battery1"), QStringLiteral("Percentage"),
+              QVariant::fromValue(uchar(69)));
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(bluetooth_->reading()->devices.front().batteryPercent, 69);
+  bluez_->set(mouse, QStringLiteral("org.bluez.Device1"), QStringLiteral("Connected"), true);
+  ASSERT_TRUE(changes());
+  ASSERT_EQ(bluetooth_->reading()->devices.size(), 2u);
+  EXPECT_EQ(bluetooth_->reading()->devices[0], (BluetoothDevice{mouse.toStdString(), "arc mouse", "", std::nullopt}));
+  bluez_->objects.remove(QDBusObjectPath(headset));
+  bluez_->announce(QStringLiteral("InterfacesRemoved"),
+                   {QVariant::fromValue(QDBusObjectPath(headset)), QStringList{QStringLiteral("org.bluez.Device1")}});
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(bluetooth_->reading()->devices.size(), 1u);
+}
+
+TEST_F(BluetoothOnBus, SignalStrengthsAreNoNews) {
+  listen();
+  ASSERT_TRUE(changes());
+  const auto asked = bluez_->calls.size();
+  bluez_->set(mouse, QStringLiteral("org.bluez.Device1"), QStringLiteral("RSSI"), QVariant::fromValue(short(-40)));
+  allIsHeard();
+  EXPECT_EQ(bluez_->calls.size(), asked);
+}
+
+TEST_F(BluetoothOnBus, TheAdapterIsSwitched) {
+  bluez_->answer = [this](const QDBusMessage& message) {
+    bluez_->set(message.path(), message.arguments()[0].toString(), message.arguments()[1].toString(),
+                message.arguments()[2].value<QDBusVariant>().variant());
+    return message.createReply();
+  };
+  listen();
+  ASSERT_TRUE(changes());
+  bluetooth_->setOn(false);
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(bluetooth_->reading(), BluetoothReading{.isOn = false});
+  bluetooth_->setOn(true);
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(bluetooth_->reading(), (BluetoothReading{true, {wh}}));
+}
+
+TEST_F(BluetoothOnBus, ARefusedSwitchIsTold) {
+  bluez_->answer = [](const QDBusMessage& message) {
+    return message.createErrorReply(QStringLiteral("org.bluez.Error.Blocked"),
+                                    QStringLiteral("Blocked through rfkill"));
+  };
+  listen();
+  ASSERT_TRUE(changes());
+  bluetooth_->setOn(false);
+  ASSERT_TRUE(changes());
+  EXPECT_TRUE(bluetooth_->reading()->isOn);
+}
+
+TEST_F(BluetoothOnBus, TheServiceComesAndGoes) {
+  bluez_->stop();
+  listen();
+  allIsHeard();
+  EXPECT_EQ(bluetooth_->reading(), std::nullopt);
+  bluez_->start();
+  ASSERT_TRUE(changes());
+  EXPECT_TRUE(bluetooth_->reading());
+  bluez_->stop();
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(bluetooth_->reading(), std::nullopt);
+}
+
+TEST(Bluetooth, WithoutABusIsAbsent) {
+  BlueZBluetooth bluetooth(QDBusConnection(QStringLiteral("none")));
+  bluetooth.setChangeHandler([] { FAIL(); });
+  bluetooth.setOn(true);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(bluetooth.reading(), std::nullopt);
+}
+
+TEST(Bluetooth, WithoutAnAdapterIsAbsent) {
+  EXPECT_EQ(bluetoothReading({}), std::nullopt);
+  EXPECT_EQ(bluetoothReading({{QDBusObjectPath(headset),
+                               {{QStringLiteral("org.bluez.Device1"), {{QStringLiteral("Connected"), true}}}}}}),
+            std::nullopt);
+}
+
+}  // namespace
+}  // namespace ambrel
