@@ -221,7 +221,8 @@ PowerReading powerReading(const std::vector<PowerSupply>& supplies) {
   if (!reading.isOnAdapter)
     reading.minutesToEmpty = minutesToGo(batteries, energy, Status::discharging, &PowerSupply::secondsToEmpty);
   if (reading.isCharging) {
-    const auto missing = energy && full ? std::optional(*full - *energy) : std::nullopt;
+    std::optional<double> missing;
+    if (energy && full) missing.emplace(*full - *energy);
     reading.minutesToFull = minutesToGo(batteries, missing, Status::charging, &PowerSupply::secondsToFull);
   }
   return reading;
