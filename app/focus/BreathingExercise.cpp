@@ -11,8 +11,27 @@ BreathingExercise::BreathingExercise(std::function<Instant()> now, QObject* pare
 
 QString BreathingExercise::title() const { return step_ ? toQString(ambrel::title(step_->kind)) : tr("Breathe"); }
 
+QString BreathingExercise::shortTitle() const {
+  if (!step_) return tr("Breathe");
+  switch (step_->kind) {
+    case BreathingStep::Kind::breatheIn:
+      return tr("In");
+    case BreathingStep::Kind::hold:
+      return tr("Hold");
+    case BreathingStep::Kind::breatheOut:
+      return tr("Out");
+    case BreathingStep::Kind::done:
+      return tr("Done");
+  }
+  return {};
+}
+
 QString BreathingExercise::detail() const {
   return isRunning() && step_ ? tr("Round %1 of %2").arg(step_->round).arg(breathingRounds) : tr("A minute of calm");
+}
+
+QString BreathingExercise::shortDetail() const {
+  return isRunning() && step_ ? tr("%1 of %2").arg(step_->round).arg(breathingRounds) : tr("1 minute");
 }
 
 qreal BreathingExercise::target() const {

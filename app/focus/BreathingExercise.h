@@ -17,8 +17,12 @@ class BreathingExercise : public TimedModel {
   Q_PROPERTY(bool isRunning READ isRunning NOTIFY changed FINAL)
   // "Breathe in", "Hold", "Breathe out", "Well done"; "Breathe" before the first exercise.
   Q_PROPERTY(QString title READ title NOTIFY changed FINAL)
+  // The same for a tile without room: "In", "Hold", "Out", "Done", "Breathe"
+  Q_PROPERTY(QString shortTitle READ shortTitle NOTIFY changed FINAL)
   // "Round 2 of 5", "A minute of calm"
   Q_PROPERTY(QString detail READ detail NOTIFY changed FINAL)
+  // "2 of 5", "1 minute"
+  Q_PROPERTY(QString shortDetail READ shortDetail NOTIFY changed FINAL)
   // How full the lungs are at the end of the step, 0 to 1, and how long it takes to get there.
   Q_PROPERTY(qreal target READ target NOTIFY changed FINAL)
   Q_PROPERTY(int stepMilliseconds READ stepMilliseconds NOTIFY changed FINAL)
@@ -28,7 +32,9 @@ class BreathingExercise : public TimedModel {
 
   bool isRunning() const { return startedAt_.has_value(); }
   QString title() const;
+  QString shortTitle() const;
   QString detail() const;
+  QString shortDetail() const;
   qreal target() const;
   int stepMilliseconds() const;
 

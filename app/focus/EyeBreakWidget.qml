@@ -8,6 +8,7 @@ RingValueTile {
 
     required property BreakReminder reminder
     property bool live: false
+    readonly property bool isWide: span === TileFrame.Large || span === TileFrame.ExtraLarge
     readonly property bool isIdle: !reminder.isOn && !reminder.isOnBreak
 
     signal settingsRequested
@@ -19,10 +20,16 @@ RingValueTile {
     tone: reminder.isDue ? Theme.orange : reminder.isOnBreak ? Theme.green : Theme.teal
     control: reminder.isOnBreak ? "xmark" : isIdle ? "play.fill" : "eye"
     controlLabel: reminder.isOnBreak ? qsTr("Click to end the break") : isIdle ? qsTr("Resume Eye Breaks") : qsTr("Take the break now")
-    figure: isIdle ? qsTr("Paused") : reminder.isDue ? qsTr("Look away") : reminder.countdown
+    figure: isIdle ? qsTr("Paused") : reminder.isDue ? (isWide ? qsTr("Look away") : qsTr("Now")) : reminder.countdown
     widestFigure: isIdle || reminder.isDue ? "" : reminder.countdown.replace(/[0-9]/g, "0")
     ink: reminder.isDue ? Theme.orange.text : isIdle ? Theme.ink2 : Theme.ink
-    detail: reminder.isOnBreak ? qsTr("Click to end the break") : isIdle ? qsTr("no eye breaks") : reminder.isDue ? qsTr("for 20 seconds") : qsTr("until an eye break")
+    detail: {
+        if (reminder.isOnBreak)
+            return isWide ? qsTr("Click to end the break") : qsTr("Click to end");
+        if (!isWide)
+            return qsTr("%1 today").arg(reminder.countToday);
+        return isIdle ? qsTr("no eye breaks") : reminder.isDue ? qsTr("for 20 seconds") : qsTr("until an eye break");
+    }
     tip: isIdle || reminder.isOnBreak || reminder.isDue ? label : label + ". " + qsTr("%1 today").arg(reminder.countToday)
     onControlPressed: {
         if (reminder.isOnBreak)

@@ -8,19 +8,19 @@ TileFrame {
 
     required property PomodoroTimer pomodoro
 
-    name: qsTr("Focus Stats")
+    name: span === TileFrame.Small ? qsTr("Focus") : qsTr("Focus Stats")
     symbol: "chart.bar"
     span: TileFrame.Large
     value: pomodoro.weekTotal
     subLine: qsTr("this week")
-    reserved: span === TileFrame.Small ? 0 : span === TileFrame.Medium ? 40 : 92
+    reserved: span === TileFrame.Small ? 0 : span === TileFrame.Medium ? 34 : 92
     tip: pomodoro.weekText
 
     WeekBars {
         visible: root.span !== TileFrame.Small
         week: root.pomodoro.week
         hasLetters: root.span !== TileFrame.Medium
-        width: root.span === TileFrame.Medium ? 40 : 92
+        width: root.span === TileFrame.Medium ? 34 : 92
         spacing: root.span === TileFrame.Medium ? 2 : 4
         height: 34
         anchors.right: parent.right

@@ -8,9 +8,10 @@ TileFrame {
 
     required property MoodLog mood
     readonly property bool isSmall: span === TileFrame.Small
+    readonly property bool isMedium: span === TileFrame.Medium
 
-    name: isSmall ? qsTr("Mood") : qsTr("Mood · last 7 days")
-    symbol: "face.smiling"
+    name: isSmall || isMedium ? qsTr("Mood") : qsTr("Mood · last 7 days")
+    symbol: isSmall && mood.today > 0 ? "mood." + mood.today : "face.smiling"
     span: TileFrame.Large
     label: name + ", " + (mood.today === 0 ? qsTr("How do you feel today?") : qsTr("today %1").arg(mood.todayName))
     tip: mood.today === 0 ? qsTr("How do you feel today?") : mood.weekText
@@ -23,6 +24,8 @@ TileFrame {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
+        anchors.leftMargin: root.isMedium ? -6 : 0
+        anchors.rightMargin: anchors.leftMargin
 
         Repeater {
             model: root.mood.week
@@ -34,12 +37,12 @@ TileFrame {
                 required property int index
 
                 width: days.width / 7
-                spacing: 1
+                spacing: root.isMedium ? 4 : 1
 
                 MoodFace {
                     anchors.horizontalCenter: parent.horizontalCenter
                     mood: day.modelData.mood
-                    size: 18
+                    size: root.isMedium ? 13 : 18
                 }
                 Label {
                     width: parent.width

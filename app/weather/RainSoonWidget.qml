@@ -5,6 +5,9 @@ import Ambrel.Kit
 WeatherFrame {
     id: root
 
+    // A narrow tile needs its width for the words.
+    readonly property bool hasDrop: weather.texts.isWet && (span === TileFrame.Large || span === TileFrame.ExtraLarge)
+
     name: qsTr("Rain Soon")
     symbol: "umbrella"
     span: TileFrame.Large
@@ -14,10 +17,10 @@ WeatherFrame {
     valueRole: Theme.rowTitle
     valueColor: weather.texts.isWet ? Theme.blue.text : Theme.ink
     subLine: weather.texts.rainDetail
-    reserved: weather.texts.isWet && span !== TileFrame.Small ? 26 : 0
+    reserved: hasDrop ? 26 : 0
 
     Symbol {
-        visible: root.weather.texts.isWet && root.span !== TileFrame.Small
+        visible: root.hasDrop
         name: "drop.fill"
         size: 22
         color: Theme.blue.mark

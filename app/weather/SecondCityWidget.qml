@@ -5,18 +5,31 @@ import Ambrel.Kit
 WeatherFrame {
     id: root
 
+    readonly property bool isSmall: span === TileFrame.Small
+    readonly property bool isWide: span === TileFrame.Large || span === TileFrame.ExtraLarge
+
     name: weather.texts.place
-    symbol: "building.2"
+    symbol: isSmall && !isUnavailable ? "" : "building.2"
     span: TileFrame.Large
-    fact: span === TileFrame.Small ? "" : weather.texts.localTime
+    fact: isWide ? weather.texts.localTime : ""
     value: weather.texts.temperature
     valueRole: Theme.clock
-    subLine: weather.texts.condition
+    // The picture speaks of the sky where there is no room for both.
+    subLine: isWide ? weather.texts.condition : weather.texts.localTime
     reserved: span === TileFrame.Small || span === TileFrame.Medium ? 0 : 28
     tip: isUnavailable ? "" : weather.texts.summary
 
+    // In a small tile it stands in for the symbol.
     WeatherPicture {
-        visible: root.span !== TileFrame.Small
+        visible: root.isSmall
+        name: root.weather.texts.symbol
+        size: 22
+        opacity: root.markOpacity
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: -2
+    }
+    WeatherPicture {
+        visible: !root.isSmall
         name: root.weather.texts.symbol
         opacity: root.markOpacity
         anchors.right: parent.right

@@ -5,8 +5,10 @@ import Ambrel.Kit
 WeatherFrame {
     id: root
 
+    readonly property bool isSmall: span === TileFrame.Small
+
     name: span === TileFrame.Medium || span === TileFrame.Small ? qsTr("Weather") : weather.texts.place
-    symbol: "mappin"
+    symbol: isSmall && !isUnavailable ? "" : "mappin"
     fact: span === TileFrame.Large || span === TileFrame.ExtraLarge ? weather.texts.highLow : ""
     value: weather.texts.temperature
     valueRole: Theme.clock
@@ -14,8 +16,17 @@ WeatherFrame {
     reserved: span === TileFrame.Small || span === TileFrame.Medium ? 0 : 28
     tip: isUnavailable ? "" : weather.texts.summary
 
+    // In a small tile it stands in for the symbol.
     WeatherPicture {
-        visible: root.span !== TileFrame.Small
+        visible: root.isSmall
+        name: root.weather.texts.symbol
+        size: 22
+        opacity: root.markOpacity
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: -2
+    }
+    WeatherPicture {
+        visible: !root.isSmall
         name: root.weather.texts.symbol
         opacity: root.markOpacity
         anchors.right: parent.right
