@@ -21,7 +21,11 @@ FocusScope {
         width: root.window.panelRect.width
         height: root.window.panelRect.height
         focus: true
-        onLoaded: item.open = Qt.binding(() => root.presentation.isContentShown)
+        onLoaded: {
+            // What the panel would have the keyboard on gets it.
+            item.focus = true;
+            item.open = Qt.binding(() => root.presentation.isContentShown);
+        }
         Component.onCompleted: setSource(root.contentSource, root.contentProperties)
     }
 

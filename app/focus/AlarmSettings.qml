@@ -37,6 +37,7 @@ Popover {
             value: root.alarm.hour
             from: 0
             to: 23
+            wraps: true
             onStepped: value => root.alarm.set(value, root.alarm.minute)
         }
         StepperRow {
@@ -44,7 +45,7 @@ Popover {
             value: root.alarm.minute
             from: 0
             to: 59
-            step: 5
+            wraps: true
             onStepped: value => root.alarm.set(root.alarm.hour, value)
         }
         StepperRow {
@@ -55,7 +56,19 @@ Popover {
             onStepped: value => root.alarm.snoozeMinutes = value
         }
     }
+    Label {
+        visible: !buttons.visible
+        x: Theme.space4
+        width: parent.width - 2 * Theme.space4
+        anchors.top: section.bottom
+        anchors.topMargin: Theme.space3
+        text: qsTr("It rings every day, for five minutes at most.")
+        role: Theme.small
+        color: Theme.ink2
+        wrapMode: Text.WordWrap
+    }
     Row {
+        id: buttons
         x: Theme.space4
         anchors.top: section.bottom
         anchors.topMargin: Theme.space3

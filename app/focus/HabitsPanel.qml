@@ -53,7 +53,7 @@ Popover {
             required property string streakText
 
             width: list.width
-            symbol: isDone ? "checkmark.circle.fill" : "circle.dotted"
+            symbol: isDone ? "checkmark.circle.fill" : "circle"
             symbolTone: isDone ? Theme.green : null
             title: name
             detail: streakText

@@ -12,7 +12,7 @@ Popover {
     title: pomodoro.phaseTitle
     symbol: "timer"
     implicitWidth: 340
-    implicitHeight: 420
+    implicitHeight: 394
 
     LiveTimeline {
         schedule: root.pomodoro.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never

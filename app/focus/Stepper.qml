@@ -1,7 +1,8 @@
 import QtQuick
 import Ambrel.Kit
 
-// A whole number with a button on each side. Up and Down change it too; `stepped` says which is wanted.
+// A whole number with a button on each side, which repeats while it is held. Up and Down change it too; `stepped` says
+// which is wanted.
 FocusScope {
     id: root
 
@@ -9,6 +10,8 @@ FocusScope {
     property int from: 0
     property int to: 100
     property int step: 1
+    // After the last comes the first again.
+    property bool wraps: false
     property string unit
     required property string label
 
@@ -16,7 +19,8 @@ FocusScope {
 
     function move(by: int) {
         // From a number between the steps it goes to the next step.
-        const wanted = Math.max(from, Math.min(to, by > 0 ? (Math.floor(value / step) + 1) * step : (Math.ceil(value / step) - 1) * step));
+        const next = by > 0 ? (Math.floor(value / step) + 1) * step : (Math.ceil(value / step) - 1) * step;
+        const wanted = !wraps ? Math.max(from, Math.min(to, next)) : next > to ? from : next < from ? to : next;
         if (wanted !== value)
             stepped(wanted);
     }
@@ -32,19 +36,38 @@ FocusScope {
     Keys.onUpPressed: root.move(1)
     Keys.onDownPressed: root.move(-1)
 
+    Timer {
+        id: held
+
+        // What the press has done already, so that its end does not count once more.
+        property bool hasMoved: false
+
+        interval: hasMoved ? 90 : 450
+        repeat: true
+        running: less.down || more.down
+        onRunningChanged: if (running)
+            hasMoved = false
+        onTriggered: {
+            hasMoved = true;
+            root.move(more.down ? 1 : -1);
+        }
+    }
+
     Row {
         id: row
         height: root.height
         spacing: 2
 
         IconButton {
+            id: less
             symbol: "minus"
             label: qsTr("Less")
             tip: ""
             activeFocusOnTab: false
-            enabled: root.value > root.from
+            enabled: root.wraps || root.value > root.from
             anchors.verticalCenter: parent.verticalCenter
-            onClicked: root.move(-1)
+            onClicked: if (!held.hasMoved)
+                root.move(-1)
         }
         Label {
             width: 78
@@ -55,13 +78,15 @@ FocusScope {
             Accessible.ignored: true
         }
         IconButton {
+            id: more
             symbol: "plus"
             label: qsTr("More")
             tip: ""
             activeFocusOnTab: false
-            enabled: root.value < root.to
+            enabled: root.wraps || root.value < root.to
             anchors.verticalCenter: parent.verticalCenter
-            onClicked: root.move(1)
+            onClicked: if (!held.hasMoved)
+                root.move(1)
         }
     }
     FocusRing {

@@ -9,6 +9,7 @@ SectionRow {
     property int from: 1
     property int to: 100
     property int step: 1
+    property bool wraps: false
     property string unit
 
     signal stepped(int value)
@@ -19,6 +20,7 @@ SectionRow {
         from: root.from
         to: root.to
         step: root.step
+        wraps: root.wraps
         unit: root.unit
         onStepped: value => root.stepped(value)
     }

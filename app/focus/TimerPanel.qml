@@ -13,7 +13,7 @@ Popover {
     title: qsTr("Timer")
     symbol: "hourglass"
     implicitWidth: 340
-    implicitHeight: 304
+    implicitHeight: 284
 
     LiveTimeline {
         schedule: root.timer.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never

@@ -11,7 +11,7 @@ Popover {
     title: qsTr("Drink Water")
     symbol: "drop.fill"
     implicitWidth: 340
-    implicitHeight: 330
+    implicitHeight: 302
 
     Meter {
         id: meter

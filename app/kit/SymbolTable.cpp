@@ -71,7 +71,7 @@ constexpr SymbolGlyph glyphs[] = {
     {"chevron.left.forwardslash.chevron.right", 0xE86F},  // code
     {"chevron.right", 0xE5CC},                            // chevron_right
     {"chevron.up", 0xE5CE},                               // expand_less
-    {"circle", 0xEF4A},                                   // circle
+    {"circle", 0xE836},                                   // radio_button_unchecked
     {"circle.dotted", 0xE9C1},                            // motion_photos_on
     {"circle.fill", 0xEF4A},                              // circle
     {"circle.grid.3x3", 0xE5C3},                          // apps

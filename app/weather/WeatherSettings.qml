@@ -15,8 +15,10 @@ Popover {
     implicitWidth: 340
     implicitHeight: 420
 
-    onOpenChanged: if (open)
-        field.text = ""
+    onOpenChanged: if (open) {
+        field.text = "";
+        field.forceActiveFocus();
+    }
 
     Connections {
         target: root.weather

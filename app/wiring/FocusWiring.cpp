@@ -32,14 +32,14 @@ void AppDelegate::makeFocus() {
 
 void AppDelegate::addFocusPanels() {
   const auto pomodoro = [this] { return QVariantMap{{QStringLiteral("pomodoro"), toVariant(*focus_->pomodoro())}}; };
-  addTilePanel({"pomodoro"}, "Focus/PomodoroSettings.qml", pomodoro(), {340, 420});
+  addTilePanel({"pomodoro"}, "Focus/PomodoroSettings.qml", pomodoro(), {340, 394});
   addTilePanel({"focusStats"}, "Focus/FocusStatsPanel.qml", pomodoro(), {340, 236});
   addTilePanel({"stopwatch"}, "Focus/StopwatchPanel.qml",
                {{QStringLiteral("stopwatch"), toVariant(*focus_->stopwatch())}}, {340, 164});
   addTilePanel({"water"}, "Focus/WaterSettings.qml", {{QStringLiteral("water"), toVariant(*focus_->water())}},
-               {340, 330});
+               {340, 302});
   addTilePanel({"timer"}, "Focus/TimerPanel.qml", {{QStringLiteral("timer"), toVariant(*focus_->timer())}},
-               {340, 304});
+               {340, 284});
   addTilePanel({"alarm"}, "Focus/AlarmSettings.qml", {{QStringLiteral("alarm"), toVariant(*focus_->alarm())}},
                {340, 340});
   addTilePanel({"habits"}, "Focus/HabitsPanel.qml", {{QStringLiteral("habits"), toVariant(*focus_->habits())}},
