@@ -59,7 +59,8 @@ std::vector<AgentSession> AntigravityReader::sessions(const std::filesystem::pat
       std::chrono::floor<std::chrono::seconds>(advanced(now, -AgentTiming::recentWindow)).time_since_epoch().count())};
   std::vector<AgentSession> sessions;
   for (const char* store : stores) {
-    for (const StoreRow& row : *cache_->rows(home / store, query, cutOff)) {
+    const auto rows = cache_->rows(home / store, query, cutOff);
+    for (const StoreRow& row : *rows) {
       // A row that was kept may have grown too old meanwhile.
       if (row.integer(7) <= cutOff.front()) continue;
       auto session = antigravitySession({.conversationId = row.text(0),

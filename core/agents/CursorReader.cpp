@@ -76,7 +76,8 @@ std::vector<AgentSession> CursorReader::sessions(const std::filesystem::path& ho
     if (!fileStatus(path)) continue;
     LineParser parser;
     std::vector<AgentSession> sessions;
-    for (const StoreRow& row : *cache_->rows(path, query, cutOff)) {
+    const auto rows = cache_->rows(path, query, cutOff);
+    for (const StoreRow& row : *rows) {
       const auto composerId = row.text(0), value = row.text(1);
       // A row that was kept may have grown too old meanwhile.
       if (!composerId || !value || row.integer(2) <= cutOff.front()) continue;
