@@ -11,6 +11,9 @@
 namespace ambrel {
 
 Theme::Theme(QObject* parent) : QObject(parent), palette_(darkPalette()) {
+  // What a call returns would otherwise belong to whoever called, and be deleted with the garbage.
+  for (Tone* tone : {&neutral_, &orange_, &blue_, &green_, &red_, &teal_, &violet_, &yellow_})
+    QQmlEngine::setObjectOwnership(tone, QQmlEngine::CppOwnership);
   applyPalette();
   applyType();
 }

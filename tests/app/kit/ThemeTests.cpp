@@ -26,6 +26,7 @@ class ThemeTests : public QObject {
   void gaugeTurnsOrangeThenRed_data();
   void gaugeTurnsOrangeThenRed();
   void qmlFollowsTheScheme();
+  void tonesOutliveTheirUse();
 };
 
 void ThemeTests::textReachesItsContrast_data() {
@@ -196,6 +197,20 @@ void ThemeTests::qmlFollowsTheScheme() {
   QCOMPARE(item->property("size").toInt(), 27);
   auto* label = item->property("label").value<QObject*>();
   QCOMPARE(label->property("height").toReal(), 21.0);
+}
+
+void ThemeTests::tonesOutliveTheirUse() {
+  QQmlEngine engine;
+  engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  Theme& theme = themeOf(engine);
+  QQmlComponent component(&engine);
+  component.setData("import QtQml\nimport Ambrel.Kit\n"
+                    "QtObject { Component.onCompleted: Theme.gaugeTone(80, Theme.blue).mark }", {});
+  delete component.create();
+  QVERIFY2(!component.isError(), qPrintable(component.errorString()));
+  engine.collectGarbage();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QCOMPARE(theme.orange()->mark(), theme.palette().orange.mark);
 }
 
 }  // namespace ambrel
