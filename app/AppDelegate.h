@@ -56,6 +56,8 @@ class AppDelegate : public QObject {
   AgentsModel& agents() { return agents_; }
   LicenseManager& license() { return license_; }
   bool isAnyPanelOpen() const;
+  WidgetContext* context() { return context_.get(); }
+  ContextPeeker* peeker() { return peeker_.get(); }
   DockPanelController* dock() { return dock_.get(); }
   DockPopoverController* agentsPanel() { return agentsPanel_.get(); }
   DockPopoverController* customizePanel() { return customizePanel_.get(); }

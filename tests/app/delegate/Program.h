@@ -12,13 +12,15 @@
 namespace ambrel {
 
 struct Program {
-  explicit Program(bool isFirstRun = false) {
+  // Nothing listens there: no test reaches the network.
+  static constexpr const char* unreachable = "http://127.0.0.1:1/";
+
+  explicit Program(bool isFirstRun = false, const std::string& weatherServer = unreachable) {
     UserDefaults defaults(folder / "defaults.json");
     if (!isFirstRun) defaults.set("welcomeDone", DefaultsValue{true});
     defaults.set("barAlwaysVisible", DefaultsValue{true});
-    // Nothing listens there: no test reaches the network.
     for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
-      defaults.set(host, DefaultsValue{std::string("http://127.0.0.1:1/")});
+      defaults.set(host, DefaultsValue{weatherServer});
     delegate = std::make_unique<AppDelegate>(Surroundings{.home = folder / "home",
                                                           .dataFolder = folder / "data",
                                                           .defaultsFile = folder / "defaults.json",

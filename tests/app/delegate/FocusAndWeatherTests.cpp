@@ -1,0 +1,238 @@
+#include <QApplication>
+#include <QTest>
+
+#include "tests/app/delegate/Program.h"
+#include "tests/fakes/LoopbackServer.h"
+
+namespace ambrel {
+namespace {
+
+using std::chrono::hours;
+using std::chrono::minutes;
+using std::chrono::seconds;
+
+// The program with its bar, clicked and typed at.
+struct Desk : Program {
+  explicit Desk(const std::vector<std::string>& widgets, const std::string& weatherServer = unreachable)
+      : Program(false, weatherServer) {
+    delegate->launch();
+    putOnBar(widgets);
+  }
+
+  QQuickItem* tile(const char* widget) const {
+    for (QQuickItem* slot : slotsOfBar())
+      if (slot->property("widget").toString() == QLatin1String(widget)) return slot;
+    return nullptr;
+  }
+  // Beside what may be a button of its own.
+  void click(const char* widget, Qt::MouseButton button = Qt::LeftButton) const {
+    QQuickItem* slot = tile(widget);
+    QTest::mouseClick(slot->window(), button, {}, slot->mapToScene({slot->width() - 6, 6}).toPoint());
+  }
+  // What the panel shows that is open.
+  QQuickItem* panel() const {
+    for (QWindow* window : QGuiApplication::topLevelWindows()) {
+      auto* view = qobject_cast<QQuickView*>(window);
+      if (!view || !view->rootObject() || !view->rootObject()->property("content").isValid()) continue;
+      auto* content = view->rootObject()->property("content").value<QQuickItem*>();
+      if (content && content->property("open").toBool()) return content;
+    }
+    return nullptr;
+  }
+  // Lets time pass, with whoever asked for it being woken.
+  void pass(Seconds span) {
+    const Instant end = advanced(desktop.clock.now(), span);
+    for (;;) {
+      QCoreApplication::processEvents();
+      if (!desktop.clock.wakeTime || *desktop.clock.wakeTime > end) break;
+      desktop.clock.pass(std::max(Seconds(0), secondsBetween(desktop.clock.now(), *desktop.clock.wakeTime)));
+      desktop.clock.ring();
+    }
+    desktop.clock.pass(secondsBetween(desktop.clock.now(), end));
+  }
+  std::vector<std::string> told() const {
+    std::vector<std::string> identifiers;
+    for (const Notification& notification : desktop.notifications.posted)
+      identifiers.push_back(notification.identifier);
+    return identifiers;
+  }
+  FocusModels& focus() const { return *delegate->context()->focus(); }
+};
+
+}  // namespace
+
+class FocusAndWeatherTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void aClickOpensThePanelOfTheTile_data();
+  void aClickOpensThePanelOfTheTile();
+  void whatIsTypedGoesToTheSearch();
+  void theMenuHasTheTilesOwnCommand();
+  void theAlarmIsAnsweredOnItsNotification();
+  void theAlarmRingsWhateverProfileIsOnTheBar();
+  void aNotificationLeadsToItsTile();
+  void breaksDisturbOnlyFromTheBar();
+  void theBarPeeksForWater();
+  void theWeatherOfATileIsAskedForWhileItStands();
+};
+
+void FocusAndWeatherTests::aClickOpensThePanelOfTheTile_data() {
+  QTest::addColumn<QString>("title");
+  const std::pair<const char*, const char*> rows[] = {
+      {"pomodoro", "Focus"},
+      {"stopwatch", "Stopwatch"},
+      {"water", "Drink Water"},
+      {"timer", "Timer"},
+      {"alarm", "Alarm"},
+      {"eyeBreak", "Eye Break"},
+      {"standUp", "Stand Up"},
+      {"habits", "Habits"},
+      {"mood", "How do you feel today?"},
+      {"focusStats", "Focus Stats"},
+      {"weather", "London, United Kingdom"},
+      {"hourly", "London, United Kingdom"},
+      {"sun", "London, United Kingdom"},
+      {"wind", "London, United Kingdom"},
+      {"rainSoon", "London, United Kingdom"},
+      {"uvIndex", "London, United Kingdom"},
+      {"airQuality", "London, United Kingdom"},
+      {"dailyForecast", "London, United Kingdom"},
+      {"feelsLike", "London, United Kingdom"},
+      {"secondCity", "New York, United States"},
+  };
+  for (const auto& [widget, title] : rows) QTest::newRow(widget) << QString::fromUtf8(title);
+}
+
+void FocusAndWeatherTests::aClickOpensThePanelOfTheTile() {
+  QFETCH(QString, title);
+  const char* widget = QTest::currentDataTag();
+  Desk desk({widget});
+  desk.click(widget);
+  QTRY_VERIFY(desk.panel());
+  QCOMPARE(desk.panel()->property("title").toString(), title);
+  // The panel is as tall as what it shows.
+  QCOMPARE(desk.panel()->height(), desk.panel()->implicitHeight());
+  desk.click(widget);
+  QTRY_VERIFY(!desk.panel());
+  QCOMPARE(desk.warnings.take(), QStringList());
+}
+
+void FocusAndWeatherTests::whatIsTypedGoesToTheSearch() {
+  Desk desk({"weather"});
+  for (int opening = 1; opening <= 2; ++opening) {
+    desk.click("weather");
+    QTRY_VERIFY(desk.panel());
+    QVERIFY(QTest::qWaitForWindowActive(desk.panel()->window()));
+    QTRY_VERIFY(desk.panel()->window()->activeFocusItem());
+    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), QString());
+    for (const char letter : {'L', 'o', 'n'}) QTest::keyClick(desk.panel()->window(), letter);
+    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), QStringLiteral("Lon"));
+    desk.click("weather");
+    QTRY_VERIFY(!desk.panel());
+  }
+}
+
+void FocusAndWeatherTests::theMenuHasTheTilesOwnCommand() {
+  Desk desk({"eyeBreak", "mood", "water"});
+  for (const char* text : {"Pause Eye Breaks", "Resume Eye Breaks"}) {
+    desk.click("eyeBreak", Qt::RightButton);
+    QTRY_VERIFY(desk.panel());
+    QCOMPARE(desk.panel()->property("ownText").toString(), QLatin1String(text));
+    QTest::mouseClick(desk.panel()->window(), Qt::LeftButton, {}, desk.panel()->mapToScene({100, 20}).toPoint());
+    QTRY_VERIFY(!desk.panel());
+  }
+  QVERIFY(desk.focus().eyeBreak()->isOn());
+  desk.click("water", Qt::RightButton);
+  QTRY_VERIFY(desk.panel());
+  QCOMPARE(desk.panel()->property("ownText").toString(), QString());
+  desk.click("mood", Qt::RightButton);
+  QTRY_COMPARE(desk.panel() ? desk.panel()->property("ownText").toString() : QString(),
+               QStringLiteral("Change Today's Mood"));
+  QTest::mouseClick(desk.panel()->window(), Qt::LeftButton, {}, desk.panel()->mapToScene({100, 20}).toPoint());
+  QTRY_COMPARE(desk.panel() ? desk.panel()->property("title").toString() : QString(),
+               QStringLiteral("How do you feel today?"));
+}
+
+void FocusAndWeatherTests::theAlarmIsAnsweredOnItsNotification() {
+  Desk desk({"alarm"});
+  desk.focus().alarm()->set(10, 0);
+  desk.pass(minutes(20));
+  QVERIFY(desk.focus().alarm()->isRinging());
+  QVERIFY(desk.desktop.sounds.heard == std::vector<std::string>{"loop alarm-clock-elapsed"});
+  desk.desktop.notifications.press("alarm", "snooze");
+  QVERIFY(desk.focus().alarm()->isSnoozed());
+  QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
+  desk.pass(minutes(10));
+  QVERIFY(desk.focus().alarm()->isRinging());
+  desk.desktop.notifications.click("alarm");
+  QVERIFY(!desk.focus().alarm()->isRinging() && !desk.focus().alarm()->isSnoozed());
+  QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
+  QVERIFY(!desk.panel());
+}
+
+void FocusAndWeatherTests::theAlarmRingsWhateverProfileIsOnTheBar() {
+  Desk desk({"clock"});
+  desk.focus().alarm()->set(10, 0);
+  desk.pass(hours(1));
+  QVERIFY2(desk.told().empty(), "there is no tile to stop it at");
+  Profile night = desk.delegate->model().profiles().front();
+  night.id = UUID::random();
+  night.items = {DockItem::holding("alarm")};
+  auto profiles = desk.delegate->model().profiles();
+  profiles.push_back(night);
+  desk.delegate->model().setProfiles(profiles);
+  desk.pass(hours(24));
+  QVERIFY(desk.told() == std::vector<std::string>{"alarm"});
+}
+
+void FocusAndWeatherTests::aNotificationLeadsToItsTile() {
+  Desk desk({"pomodoro", "eyeBreak"});
+  desk.focus().pomodoro()->setFocusMinutes(1);
+  desk.focus().pomodoro()->start();
+  desk.pass(minutes(20) + seconds(1));
+  QVERIFY(desk.told() == (std::vector<std::string>{"pomodoro", "eyeBreak"}));
+  desk.desktop.notifications.click("eyeBreak");
+  QVERIFY(desk.focus().eyeBreak()->isOnBreak());
+  desk.desktop.notifications.click("pomodoro");
+  QTRY_VERIFY(desk.panel());
+  QCOMPARE(desk.panel()->property("title").toString(), QStringLiteral("Break"));
+}
+
+void FocusAndWeatherTests::breaksDisturbOnlyFromTheBar() {
+  Desk desk({"clock"});
+  desk.focus().water()->add();
+  desk.pass(hours(2));
+  QVERIFY(desk.told().empty());
+  desk.putOnBar({"eyeBreak", "standUp", "water"});
+  desk.pass(minutes(50));
+  for (const char* identifier : {"eyeBreak", "standUp", "water"}) {
+    const auto told = desk.told();
+    QVERIFY2(std::find(told.begin(), told.end(), identifier) != told.end(), identifier);
+  }
+}
+
+void FocusAndWeatherTests::theBarPeeksForWater() {
+  Desk desk({"water"});
+  desk.focus().water()->add();
+  PeekSignals signals;
+  desk.delegate->peeker()->gatherMore(signals);
+  QVERIFY(signals.waterDue == desk.desktop.clock.now() + minutes(30));
+}
+
+void FocusAndWeatherTests::theWeatherOfATileIsAskedForWhileItStands() {
+  LoopbackServer server;
+  Desk desk({"clock"}, server.url().toString().toStdString());
+  QTest::qWait(0);
+  desk.putOnBar({"feelsLike", "clock"});
+  QTRY_COMPARE(server.targets.size(), 2);
+  QVERIFY(server.targets[0].startsWith("/v1/forecast?latitude=51.5074"));
+  desk.putOnBar({"secondCity"});
+  QTRY_COMPARE(server.targets.size(), 4);
+  QVERIFY(server.targets[2].startsWith("/v1/forecast?latitude=40.7128"));
+}
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::FocusAndWeatherTests)
+#include "FocusAndWeatherTests.moc"
