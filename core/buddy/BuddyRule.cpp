@@ -93,7 +93,7 @@ std::string ruleInWords(BuddyRule rule, const Calendar& calendar) {
     case BuddyRule::meetingStart:
       return "A meeting starts.";
     case BuddyRule::claudeLimit:
-      return fmt::format("{}% or more of a Claude limit is used.", limitPercent);
+      return fmt::format("{}% or more of a Claude limit, or of your own budget, is used.", limitPercent);
     case BuddyRule::codexSession:
       return fmt::format("{}% or more of the 5-hour limit of Codex is used.", limitPercent);
     case BuddyRule::codexWeek:
