@@ -44,9 +44,10 @@ endfunction()
 
 # A QML module: a static library of C++ types and QML files under one URI. Programs and tests that use it link it
 # through ambrel_qml_program or ambrel_qt_test, which add the module's plugin as well.
-# ambrel_qml_module(NAME URI a.b [QML FILES...] [SOURCES...] [RESOURCES...] [LINK PUBLIC_LIBRARIES...] [PRIVATE...])
+# ambrel_qml_module(NAME URI a.b [QML FILES...] [SOURCES...] [RESOURCES...] [LINK PUBLIC_LIBRARIES...] [PRIVATE...]
+#                   [DEPENDS URIS...])  DEPENDS: the modules whose types its own C++ types have as properties
 function(ambrel_qml_module name)
-  cmake_parse_arguments(ARG "" "URI" "QML;SOURCES;RESOURCES;LINK;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "" "URI" "QML;SOURCES;RESOURCES;LINK;PRIVATE;DEPENDS" ${ARGN})
   string(REPLACE "." "/" _path ${ARG_URI})
   set(_cache "")
   if(NOT AMBREL_QML_CACHE)
@@ -56,7 +57,7 @@ function(ambrel_qml_module name)
   # Without the dependency on QtQuick and the import path, qmllint knows neither painted items nor our other modules.
   qt_add_qml_module(${name}
     URI ${ARG_URI} VERSION 1.0
-    DEPENDENCIES QtQuick
+    DEPENDENCIES QtQuick ${ARG_DEPENDS}
     IMPORT_PATH ${PROJECT_BINARY_DIR}/qml
     RESOURCE_PREFIX /qt/qml
     OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml/${_path}
