@@ -58,7 +58,7 @@ Column {
         Bubble {
             objectName: "bubble"
             width: 250
-            tailX: 48
+            tailAt: 48
 
             Column {
                 width: parent.width
