@@ -86,12 +86,13 @@ void AppDelegate::launch() {
   // Disk Doctor comes here.
   makePanels();
   makeDock();
-  // Buddy's notices come here.
+  startBuddy();
   makePeeker();
   registerHotKeys();
   startTimers();
   handleNotifications();
   license_.onBecamePro = [this] { startProServices(); };
+  addBuddyOnce();
   startProServices();
   makeStatusItem();
   firstRun();
@@ -104,16 +105,17 @@ void AppDelegate::makeContext() {
   makeFocus();
   makeTelemetry();
   makeWeather();
-  context_ = std::make_unique<WidgetContext>(WidgetContext::Models{
-      .model = model_,
-                                                                  .settings = settings_,
-                                                                  .agents = agents_,
-                                                                  .system = *system_,
-                                                                  .clock = *clock_,
-                                                                  .usage = usage_.get(),
-                                                                  .focus = focus_.get(),
-                                                                  .live = live_.get(),
-                                                                  .weather = weather_.get()});
+  makeBuddy();
+  context_ = std::make_unique<WidgetContext>(WidgetContext::Models{.model = model_,
+                                                                   .settings = settings_,
+                                                                   .agents = agents_,
+                                                                   .system = *system_,
+                                                                   .clock = *clock_,
+                                                                   .usage = usage_.get(),
+                                                                   .focus = focus_.get(),
+                                                                   .live = live_.get(),
+                                                                   .weather = weather_.get(),
+                                                                   .notices = notices_.get()});
   keep({system_.get(), clock_.get(), context_.get()});
   context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
     toast_.show(title, detail, symbol);
@@ -132,6 +134,7 @@ std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source
                    size});
   connect(panel.get(), &DockPopoverController::shownChanged, this, [this] {
     if (dock_) dock_->holdingChanged();
+    if (notices_) notices_->panelsChanged();
   });
   return panel;
 }
@@ -216,6 +219,7 @@ void AppDelegate::makePanels() {
     customizes(content, SIGNAL(customizeAsked()));
     connect(&content, SIGNAL(ownChosen()), this, SLOT(chooseTileCommand()));
   };
+  addBuddyPanels();
   addFocusPanels();
   addTelemetryPanels();
   addWeatherPanels();
@@ -229,7 +233,7 @@ void AppDelegate::makeDock() {
                                                                            .now = surroundings_.now,
                                                                            .later = later()});
   keep({dock_.get()});
-  dock_->isHoldingOpen = [this] { return isAnyPanelOpen(); };
+  dock_->isHoldingOpen = [this] { return isAnyPanelOpen() || notices_->hasBubble(); };
   dock_->onMaxLength = [this](qreal length) { context_->barLimits()->setMaxLength(length); };
   desktop_.screens.setChangeHandler([this] {
     model_.refreshDisplays();

@@ -13,7 +13,9 @@
 #include "app/Surroundings.h"
 #include "app/agents/AgentsModel.h"
 #include "app/base/DueTimer.h"
+#include "app/buddy/BuddyNoticeCenter.h"
 #include "app/context/WidgetContext.h"
+#include "app/dock/BubbleController.h"
 #include "app/dock/ContextPeeker.h"
 #include "app/dock/DockPanelController.h"
 #include "app/dock/DockPopoverController.h"
@@ -63,11 +65,14 @@ class AppDelegate : public QObject {
   DockPopoverController* customizePanel() { return customizePanel_.get(); }
   DockPopoverController* welcomePanel() { return welcomePanel_.get(); }
   DockPopoverController* settingsPanel() { return settingsPanel_.get(); }
+  BuddyNoticeCenter* notices() { return notices_.get(); }
+  DockPopoverController* inboxPanel() { return inboxPanel_; }
   QQmlEngine& engine() { return engine_; }
 
  private Q_SLOTS:
   void openCustomize();
   void openAgentSettings();
+  void openBuddySettings();
   void openPurchasePage();
   void chooseSettingsTab(const QString& tab);
   void chooseTileCommand();
@@ -76,11 +81,13 @@ class AppDelegate : public QObject {
 
  private:
   // The models of one area each, before the context that holds them; app/wiring has a source for each area.
+  void makeBuddy();
   void makeUsage();
   void makeFocus();
   void makeTelemetry();
   void makeWeather();
   // Their panels.
+  void addBuddyPanels();
   void addFocusPanels();
   void addTelemetryPanels();
   void addWeatherPanels();
@@ -88,12 +95,14 @@ class AppDelegate : public QObject {
   void makeContext();
   void makePanels();
   void makeDock();
+  void startBuddy();
   void makePeeker();
   void registerHotKeys();
   void startTimers();
   void startProServices();
   void makeStatusItem();
   void updateStatusItem();
+  void addBuddyOnce();
   void firstRun();
 
   std::unique_ptr<DockPopoverController> makePanel(const char* source, QVariantMap properties, QSize size);
@@ -145,14 +154,17 @@ class AppDelegate : public QObject {
   std::unique_ptr<FocusModels> focus_;
   std::unique_ptr<LiveModels> live_;
   std::unique_ptr<WeatherModels> weather_;
+  std::unique_ptr<BuddyNoticeCenter> notices_;
   std::unique_ptr<WidgetContext> context_;
   std::unique_ptr<DockPopoverController> upsellPanel_, settingsPanel_, welcomePanel_, agentsPanel_, customizePanel_,
       tileMenu_;
   std::vector<std::unique_ptr<DockPopoverController>> tilePanels_;
   std::function<void()> tileCommand_;  // of the tile whose menu was opened last
-  QVariantMap settingsPages_;  // tab to the properties of its page
+  QVariantMap settingsPages_;          // tab to the properties of its page
   std::map<std::string, NotificationAnswer> notificationAnswers_;
+  DockPopoverController* inboxPanel_ = nullptr;  // one of the tile panels
   std::unique_ptr<DockPanelController> dock_;
+  std::unique_ptr<BubbleController> bubble_;
   std::unique_ptr<TipController> tips_;
   std::unique_ptr<ContextPeeker> peeker_;
   std::unique_ptr<StatusItem> statusItem_;

@@ -12,9 +12,7 @@ namespace {
 
 constexpr qreal box = 64;
 
-bool hasOpenEyes(const BuddyLook& look) {
-  return look.leftEye == BuddyEye::open || look.rightEye == BuddyEye::open;
-}
+bool hasOpenEyes(const BuddyLook& look) { return look.leftEye == BuddyEye::open || look.rightEye == BuddyEye::open; }
 
 }  // namespace
 

@@ -61,9 +61,9 @@ void confetti(QPainter& painter, const BuddyColors& colors) {
     double angle;
     QColor color;
   };
-  const Snippet snippets[] = {{{3, 22}, 35, colors.blue},       {{6, 10}, 15, colors.orange},
-                              {{14, 3}, -30, colors.blue},      {{24, 0}, 8, colors.red},
-                              {{51.8, 2}, 38, colors.yellow},   {{58.8, 10}, -14, colors.violet},
+  const Snippet snippets[] = {{{3, 22}, 35, colors.blue},     {{6, 10}, 15, colors.orange},
+                              {{14, 3}, -30, colors.blue},    {{24, 0}, 8, colors.red},
+                              {{51.8, 2}, 38, colors.yellow}, {{58.8, 10}, -14, colors.violet},
                               {{60.8, 22}, 30, colors.orange}};
   for (const Snippet& each : snippets) {
     painter.save();
@@ -81,8 +81,7 @@ void waveLines(QPainter& painter, const BuddyColors& colors) {
 }
 
 void jumpLines(QPainter& painter, const BuddyColors& colors) {
-  strokeLines(painter, buddyPen(colors.line, airLine),
-              {{20, 55, 20, 59.4}, {32, 54, 32, 59.4}, {44, 55, 44, 59.4}});
+  strokeLines(painter, buddyPen(colors.line, airLine), {{20, 55, 20, 59.4}, {32, 54, 32, 59.4}, {44, 55, 44, 59.4}});
 }
 
 void spinLines(QPainter& painter, const BuddyColors& colors) {
@@ -122,8 +121,10 @@ void shakeLines(QPainter& painter, const BuddyColors& colors) {
 void sparkle(QPainter& painter, const BuddyColors& colors) {
   const QPointF middle(57.2, 23.4);
   QPainterPath path(middle + QPointF(0, -5.6));
-  for (const auto& [waist, tip] : {std::pair{QPointF(1.1, -1.1), QPointF(5.6, 0)}, {QPointF(1.1, 1.1), QPointF(0, 5.6)},
-                                   {QPointF(-1.1, 1.1), QPointF(-5.6, 0)}, {QPointF(-1.1, -1.1), QPointF(0, -5.6)}})
+  for (const auto& [waist, tip] : {std::pair{QPointF(1.1, -1.1), QPointF(5.6, 0)},
+                                   {QPointF(1.1, 1.1), QPointF(0, 5.6)},
+                                   {QPointF(-1.1, 1.1), QPointF(-5.6, 0)},
+                                   {QPointF(-1.1, -1.1), QPointF(0, -5.6)}})
     path.quadTo(middle + waist, middle + tip);
   painter.fillPath(path, colors.yellow);
 }
@@ -226,7 +227,11 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .seconds = 0.8,
         .swing = {.up = 3, .times = 2}}},
       {BuddyPose::error,
-       {.leftEye = small, .rightEye = small, .mouth = Mouth::frown, .around = alarmSign, .seconds = 0.8,
+       {.leftEye = small,
+        .rightEye = small,
+        .mouth = Mouth::frown,
+        .around = alarmSign,
+        .seconds = 0.8,
         .swing = {.angle = 4, .times = 3}}},
       {BuddyPose::celebrate,
        {.stance = {.up = 3, .leftHand = leftHigh, .rightHand = rightHigh},
@@ -289,7 +294,11 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .swing = {.height = 0.04, .times = 1}}},
       {BuddyPose::wink, {.rightEye = happy, .mouth = Mouth::smirk, .around = sparkle, .seconds = 0.6}},
       {BuddyPose::love,
-       {.leftEye = heart, .rightEye = heart, .mouth = Mouth::open, .around = hearts, .seconds = 1.0,
+       {.leftEye = heart,
+        .rightEye = heart,
+        .mouth = Mouth::open,
+        .around = hearts,
+        .seconds = 1.0,
         .swing = {.up = 2, .times = 2}}},
       {BuddyPose::startle,
        {.stance = {.up = 4, .leftHand = leftOut, .rightHand = rightOut},
@@ -350,7 +359,10 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .seconds = 0.8,
         .swing = {.angle = -10, .times = 1}}},
       {BuddyPose::lookAround,
-       {.glance = {-4, 0.2}, .mouth = Mouth::flat, .around = chevrons, .seconds = 1.2,
+       {.glance = {-4, 0.2},
+        .mouth = Mouth::flat,
+        .around = chevrons,
+        .seconds = 1.2,
         .swing = {.angle = 5, .times = 2}}},
   };
 }

@@ -100,11 +100,11 @@ struct BuddyLook {
     bool isLeftFree = false;  // hangs behind the body all the same
   };
   std::optional<Hold> hold = {};
-  double shadow = 1;                        // its width
-  std::optional<double> cutBelow = {};      // he stands behind something whose upper edge is here
+  double shadow = 1;                                        // its width
+  std::optional<double> cutBelow = {};                      // he stands behind something whose upper edge is here
   void (*held)(QPainter&, const BuddyColors&) = nullptr;    // turns with him; below the arms that hold it
   void (*around)(QPainter&, const BuddyColors&) = nullptr;  // stands still about him
-  double seconds = 0.5;                     // until he has come to rest
+  double seconds = 0.5;                                     // until he has come to rest
   BuddySwing swing = {};
 };
 

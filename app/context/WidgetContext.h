@@ -7,6 +7,7 @@
 #include <map>
 
 #include "app/agents/AgentsModel.h"
+#include "app/buddy/BuddyNoticeCenter.h"
 #include "app/context/BarLimits.h"
 #include "app/focus/FocusModels.h"
 #include "app/model/AppModel.h"
@@ -33,6 +34,7 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::FocusModels* focus READ focus CONSTANT)
   Q_PROPERTY(ambrel::LiveModels* live READ live CONSTANT)
   Q_PROPERTY(ambrel::WeatherModels* weather READ weather CONSTANT)
+  Q_PROPERTY(ambrel::BuddyNoticeCenter* notices READ notices CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
   // Whether the tiles are on screen: what is not seen need not be kept current.
   Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
@@ -49,6 +51,7 @@ class WidgetContext : public QObject {
     FocusModels* focus = nullptr;
     LiveModels* live = nullptr;
     WeatherModels* weather = nullptr;
+    BuddyNoticeCenter* notices = nullptr;
   };
   explicit WidgetContext(const Models& models, QObject* parent = nullptr);
 
@@ -61,6 +64,9 @@ class WidgetContext : public QObject {
   FocusModels* focus() const { return models_.focus; }
   LiveModels* live() const { return models_.live; }
   WeatherModels* weather() const { return models_.weather; }
+  BuddyNoticeCenter* notices() const { return models_.notices; }
+  // The character.
+  Buddy* buddy() const { return models_.notices ? models_.notices->buddy() : nullptr; }
   BarLimits* barLimits() { return &barLimits_; }
   bool widgetsActive() const { return widgetsActive_; }
   void setWidgetsActive(bool active);

@@ -11,6 +11,9 @@ QtObject {
     readonly property TileSet agents: AgentTiles {
         context: root.context
     }
+    readonly property TileSet buddy: BuddyTiles {
+        context: root.context
+    }
     readonly property TileSet focus: FocusTiles {
         context: root.context
     }
@@ -24,5 +27,5 @@ QtObject {
         context: root.context
     }
     // A family without its models is passed over.
-    readonly property var tiles: Object.assign({}, agents.tiles, context.focus ? focus.tiles : {}, system.tiles, time.tiles, context.weather ? weather.tiles : {})
+    readonly property var tiles: Object.assign({}, agents.tiles, context.notices ? buddy.tiles : {}, context.focus ? focus.tiles : {}, system.tiles, time.tiles, context.weather ? weather.tiles : {})
 }

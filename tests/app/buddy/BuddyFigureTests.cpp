@@ -67,9 +67,10 @@ void BuddyFigureTests::everyPoseCanBeToldFromEveryOther() {
   for (std::size_t i = 0; i < pictures.size(); ++i) {
     for (std::size_t j = i + 1; j < pictures.size(); ++j) {
       const int points = difference(pictures[i].second, pictures[j].second);
-      QVERIFY2(points >= 40, qPrintable(QStringLiteral("%1 and %2 differ in %3 points")
-                                            .arg(pictures[i].first, pictures[j].first)
-                                            .arg(points)));
+      QVERIFY2(
+          points >= 40,
+          qPrintable(
+              QStringLiteral("%1 and %2 differ in %3 points").arg(pictures[i].first, pictures[j].first).arg(points)));
     }
   }
 }
@@ -100,8 +101,7 @@ void BuddyFigureTests::aStanceIsReachedThroughASpringAndHeld() {
 
 void BuddyFigureTests::reactionsComeToRest_data() {
   QTest::addColumn<int>("pose");
-  for (const BuddyPose pose : allCases<BuddyPose>())
-    QTest::newRow(qPrintable(textOf(pose))) << static_cast<int>(pose);
+  for (const BuddyPose pose : allCases<BuddyPose>()) QTest::newRow(qPrintable(textOf(pose))) << static_cast<int>(pose);
 }
 
 void BuddyFigureTests::reactionsComeToRest() {

@@ -8,11 +8,11 @@
 namespace ambrel {
 namespace {
 
-// What a tile says to the eye: its texts, painted or typed, and its figures.
+// What a tile says to the eye: its texts, painted or typed, its figures, and how a character stands.
 QStringList textsOf(QQuickItem* tile) {
   QStringList texts;
   visitShown(tile, [&](QQuickItem* item) {
-    for (const char* name : {"text", "figure"})
+    for (const char* name : {"text", "figure", "pose"})
       if (const QString text = item->property(name).toString(); !text.isEmpty()) texts << text;
   });
   return texts;
@@ -54,7 +54,8 @@ void TileRegistryTests::everyWidgetSaysSomethingInEverySize() {
   QVERIFY(tile);
   QVERIFY2(!tile->property("label").toString().isEmpty(), "it has no accessible name");
   QVERIFY2(tile->activeFocusOnTab(), "the keyboard does not reach it");
-  for (const auto& [span, width] : std::initializer_list<std::pair<int, qreal>>{{0, 64}, {1, 112}, {2, 176}, {3, 240}}) {
+  for (const auto& [span, width] :
+       std::initializer_list<std::pair<int, qreal>>{{0, 64}, {1, 112}, {2, 176}, {3, 240}}) {
     found.front()->setWidth(width);
     tile->setProperty("span", span);
     const QStringList texts = textsOf(tile);
@@ -62,8 +63,9 @@ void TileRegistryTests::everyWidgetSaysSomethingInEverySize() {
     visitShown(tile, [&](QQuickItem* item) {
       if (!item->inherits("QQuickText") || item->property("text").toString().isEmpty()) return;
       const QRectF box = item->mapRectToItem(tile, QRectF(0, 0, item->width(), item->height()));
-      QVERIFY2(box.left() >= -0.5 && box.right() <= width + 0.5,
-               qPrintable(QStringLiteral("\"%1\" leaves the tile of %2").arg(item->property("text").toString()).arg(width)));
+      QVERIFY2(
+          box.left() >= -0.5 && box.right() <= width + 0.5,
+          qPrintable(QStringLiteral("\"%1\" leaves the tile of %2").arg(item->property("text").toString()).arg(width)));
     });
   }
   QCOMPARE(program.warnings.take(), QStringList());

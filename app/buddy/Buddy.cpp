@@ -1,0 +1,83 @@
+#include "app/buddy/Buddy.h"
+
+#include <QPointer>
+
+#include "app/base/StoredValue.h"
+
+namespace ambrel {
+
+BuddyPose poseOf(BuddyTrigger trigger) { return fromName<BuddyPose>(nameOf(trigger)).value_or(BuddyPose::idle); }
+
+Buddy::Buddy(DelayedStep later, QObject* parent) : QObject(parent), later_(std::move(later)) {}
+
+void Buddy::setAsleep(bool asleep) {
+  if (asleep == isAsleep_) return;
+  isAsleep_ = asleep;
+  update();
+}
+
+void Buddy::setThinking(bool thinking) {
+  if (thinking == isThinking_) return;
+  isThinking_ = thinking;
+  update();
+}
+
+void Buddy::showHappy(Seconds length) {
+  error_.isOn = false;
+  begin(happy_, length);
+}
+
+void Buddy::showError(Seconds length) {
+  happy_.isOn = false;
+  begin(error_, length);
+}
+
+void Buddy::play(BuddyTrigger trigger, Seconds length) {
+  reactionPose_ = poseOf(trigger);
+  isAsleep_ = false;
+  begin(reaction_, length);
+}
+
+void Buddy::begin(Spell& spell, Seconds length) {
+  spell.isOn = true;
+  const int generation = ++spell.generation;
+  later_(length, [self = QPointer(this), &spell, generation] {
+    if (!self || spell.generation != generation) return;
+    spell.isOn = false;
+    self->update();
+  });
+  update();
+}
+
+BuddyPose Buddy::mood() const {
+  if (error_.isOn) return BuddyPose::error;
+  if (isThinking_) return BuddyPose::thinking;
+  if (happy_.isOn) return BuddyPose::happy;
+  return isAsleep_ ? BuddyPose::asleep : BuddyPose::idle;
+}
+
+void Buddy::update() {
+  const BuddyPose pose = reaction_.isOn ? reactionPose_ : mood();
+  if (pose == pose_) return;
+  pose_ = pose;
+  Q_EMIT poseChanged();
+}
+
+QString Buddy::poseName() const { return toQString(nameOf(pose_)); }
+
+QString Buddy::moodText() const {
+  switch (mood()) {
+    case BuddyPose::asleep:
+      return tr("Asleep");
+    case BuddyPose::thinking:
+      return tr("Thinking");
+    case BuddyPose::happy:
+      return tr("Happy");
+    case BuddyPose::error:
+      return tr("Something went wrong");
+    default:
+      return tr("Awake");
+  }
+}
+
+}  // namespace ambrel

@@ -1,0 +1,123 @@
+import QtQuick
+import Ambrel.Buddy
+import Ambrel.Kit
+
+// One notice as Buddy says it. A click beside its buttons answers it as its first button does.
+Bubble {
+    id: root
+
+    required property BuddyNoticeCenter center
+    property bool open: true
+    readonly property int more: center.bubbleMore
+    readonly property int actionCount: center.bubble.actions.length
+    // Of the bubble without its tail.
+    readonly property real panelWidth: Math.round(320 * Theme.textScale)
+    readonly property real panelHeight: words.height + 2 * padding
+    property real presence: open ? 1 : 0
+
+    opacity: presence
+    visible: open || presence > 0
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: center.bubble.spoken
+
+    Behavior on presence {
+        NumberAnimation {
+            duration: root.open ? Theme.openDuration : Theme.closeDuration
+            easing.type: root.open ? Easing.OutCubic : Easing.InCubic
+        }
+    }
+    transform: Translate {
+        y: root.tailSide === "left" || root.tailSide === "right" ? 0 : (1 - root.presence) * Theme.travel
+        x: root.tailSide === "left" ? -(1 - root.presence) * Theme.travel : root.tailSide === "right" ? (1 - root.presence) * Theme.travel : 0
+    }
+
+    HoverHandler {
+        onHoveredChanged: root.center.setPointed(hovered)
+    }
+    TapHandler {
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: root.center.answerBubble()
+    }
+
+    Column {
+        id: words
+
+        width: root.panelWidth - 2 * root.padding
+        spacing: Theme.space1
+
+        Item {
+            width: parent.width
+            height: Math.max(title.height, close.height)
+
+            Label {
+                id: title
+
+                anchors.left: parent.left
+                anchors.right: more.visible ? more.left : close.left
+                anchors.rightMargin: Theme.space2
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.center.bubble.title
+                role: Theme.panelTitle
+                Accessible.role: Accessible.Heading
+            }
+            MorePill {
+                id: more
+
+                visible: root.more > 0
+                anchors.right: close.left
+                anchors.rightMargin: Theme.space1
+                anchors.verticalCenter: parent.verticalCenter
+                count: root.more
+                isChosen: visible && root.center.choice === root.actionCount
+                onClicked: root.center.openInbox()
+            }
+            IconButton {
+                id: close
+
+                anchors.right: parent.right
+                anchors.rightMargin: -6
+                anchors.verticalCenter: parent.verticalCenter
+                symbol: "xmark"
+                label: qsTr("Close")
+                onClicked: root.center.closeBubble()
+
+                FocusRing {
+                    shown: root.center.choice === root.actionCount + (root.more > 0 ? 1 : 0)
+                    targetRadius: Theme.radiusSmall
+                }
+            }
+        }
+        Label {
+            width: parent.width
+            visible: text !== ""
+            text: root.center.bubble.detail
+            color: Theme.ink2
+            wrapMode: Text.Wrap
+            maximumLineCount: 6
+        }
+        Item {
+            width: parent.width
+            height: actions.visible ? actions.height + Theme.space2 : age.height
+
+            NoticeActions {
+                id: actions
+
+                visible: root.actionCount > 0
+                anchors.bottom: parent.bottom
+                actions: root.center.bubble.actions
+                choice: root.center.choice
+                onPerform: action => root.center.performInBubble(action)
+            }
+            Label {
+                id: age
+
+                anchors.right: actions.visible ? parent.right : undefined
+                anchors.verticalCenter: actions.verticalCenter
+                text: root.center.bubble.age
+                role: Theme.small
+                color: Theme.ink2
+                hasTip: false
+            }
+        }
+    }
+}

@@ -1,0 +1,69 @@
+#include "app/dock/BubbleController.h"
+
+#include <QQmlEngine>
+#include <QQuickItem>
+
+#include "app/base/QmlObjects.h"
+#include "app/base/StoredValue.h"
+#include "app/buddy/BuddyNoticeCenter.h"
+#include "app/dock/DockPopoverController.h"
+#include "app/dock/PanelWindow.h"
+
+namespace ambrel {
+
+BubbleController::BubbleController(QQmlEngine& engine, WindowStyle& style, DelayedStep later, BuddyNoticeCenter& center,
+                                   std::function<PanelAnchor()> anchor, QObject* parent)
+    : QObject(parent),
+      engine_(engine),
+      style_(style),
+      center_(center),
+      anchor_(std::move(anchor)),
+      presentation_(std::move(later)) {
+  keep({this, &presentation_});
+  connect(&center_, &BuddyNoticeCenter::bubbleChanged, this, &BubbleController::update);
+  connect(&presentation_, &Presentation::orderOut, this, [this] {
+    if (window_) window_->hide();
+  });
+}
+
+BubbleController::~BubbleController() = default;
+
+QWindow* BubbleController::window() const { return window_.get(); }
+
+void BubbleController::makeWindow() {
+  window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::bubble);
+  window_->setInitialProperties({{QStringLiteral("window"), toVariant(*window_)},
+                                 {QStringLiteral("controller"), toVariant(*this)},
+                                 {QStringLiteral("center"), toVariant(center_)},
+                                 {QStringLiteral("presentation"), toVariant(presentation_)}});
+  window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/BubbleView.qml")));
+}
+
+void BubbleController::update() {
+  if (!center_.hasBubble()) {
+    presentation_.hide();
+    return;
+  }
+  if (!window_) makeWindow();
+  place();
+  if (presentation_.isShown()) return;
+  window_->show();
+  window_->raise();
+  presentation_.show();
+}
+
+void BubbleController::place() {
+  if (!window_ || !window_->rootObject() || !center_.hasBubble()) return;
+  const auto* panel = window_->rootObject()->property("panel").value<QQuickItem*>();
+  if (!panel) return;
+  PanelAnchor anchor = anchor_();
+  // Without a compositor the window is cut to one rectangle, and a tail would stand in a black strip.
+  if (!style_.isCompositing()) anchor.tile = {};
+  const QSize size(qCeil(panel->property("panelWidth").toReal()), qCeil(panel->property("panelHeight").toReal()));
+  placement_ = placedBubble(size, anchor.tile, anchor.bar, anchor.screen, anchor.edge);
+  tailSide_ = placement_.hasTail ? toQString(nameOf(anchor.edge)) : QString();
+  Q_EMIT placed();
+  window_->setPanelFrame(placement_.frame, roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
+}
+
+}  // namespace ambrel

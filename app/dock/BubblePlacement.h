@@ -1,0 +1,25 @@
+#pragma once
+// Where Buddy's bubble stands beside the bar. Qt's coordinates: y grows downwards; logical pixels.
+
+#include <QRect>
+
+#include "core/dock.h"
+
+namespace ambrel {
+
+// How far the tail reaches beyond the bubble, and how far from its corners it has to begin.
+inline constexpr int tailReach = 13, tailClearance = 30;
+
+struct BubblePlacement {
+  QRect frame;  // with the tail
+  bool hasTail = false;
+  int tailAt = 0;  // where it points: from the frame's left edge, or from its upper one beside an upright bar
+  friend bool operator==(const BubblePlacement&, const BubblePlacement&) = default;
+};
+
+// A bubble of `size`, without its tail, between the bar and the rest of `screen`. It lies over the bar rather than
+// beyond its ends, as near to the middle of `tile` as that and the screen allow. Without a tile to point at (empty)
+// it stands over the bar's middle and has no tail; nor has it one when the tile is out of the tail's reach.
+BubblePlacement placedBubble(QSize size, const QRect& tile, const QRect& bar, const QRect& screen, DockEdge edge);
+
+}  // namespace ambrel

@@ -1,0 +1,134 @@
+#pragma once
+// Buddy on a desktop that the test plays: the sessions, the window in front, the time.
+
+#include <deque>
+
+#include "app/agents/AgentsModel.h"
+#include "app/buddy/BuddyNoticeCenter.h"
+#include "app/model/AppSettings.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/fakes/FakePlatform.h"
+#include "tests/fakes/HeldWork.h"
+
+namespace ambrel {
+
+struct BuddyRoom {
+  // 09:41 on a Saturday.
+  explicit BuddyRoom(const std::string& start = "2026-11-21T09:41:00Z") : now(parseISO8601(start).value()) {
+    restart();
+  }
+
+  // The program is started anew; what is stored stays.
+  void restart() {
+    center.reset();
+    steps_.clear();
+    settings = std::make_unique<AppSettings>(defaults);
+    agents = std::make_unique<AgentsModel>(*settings, readers(), folder.path(), calendar,
+                                           AgentsModel::Seams{.background = held.background(),
+                                                              .notifications = notifications,
+                                                              .workspace = workspace,
+                                                              .now = [this] { return now; }});
+    center = std::make_unique<BuddyNoticeCenter>(BuddyNoticeCenter::Seams{
+        .agents = *agents,
+        .settings = *settings,
+        .defaults = defaults,
+        .workspace = workspace,
+        .calendar = calendar,
+        .now = [this] { return now; },
+        .later = [this](Seconds delay,
+                        std::function<void()> step) { steps_.emplace_back(advanced(now, delay), std::move(step)); }});
+    center->addSignals([this](BuddySignals& signals) {
+      signals.battery = battery;
+      signals.isFocusRunning = isFocusRunning;
+      signals.waterDueAt = waterDueAt;
+      signals.meetings = meetings;
+    });
+    center->isOtherPanelOpen = [this] { return isPanelOpen; };
+    center->peekBar = [this](Seconds length) { peeks.push_back(length.count()); };
+    center->showInbox = [this] {
+      ++inboxes;
+      center->inboxOpened();
+    };
+    center->openDiskCleanup = [this] { ++cleanups; };
+    center->openLink = [this](const QString& url) { links << url; };
+    center->onProblem = [this](const QString& title, const QString&) { problems << title; };
+  }
+
+  // Time passes second by second, as the program's timers would find it.
+  void pass(double seconds) {
+    const Instant end = advanced(now, Seconds(seconds));
+    while (now < end) {
+      now = std::min(end, advanced(now, Seconds(1)));
+      runDue();
+      if (*center->due() <= now) center->tick(now);
+    }
+  }
+  void tick() { center->tick(now); }
+  void poll(std::vector<AgentSession> list) {
+    sessions = std::move(list);
+    agents->refresh();
+    held.letGo();
+  }
+  // The titles of the inbox, newest first.
+  QStringList inbox() const {
+    QStringList titles;
+    for (const BuddyNotice& notice : center->recent().recent) titles << QString::fromStdString(notice.title);
+    return titles;
+  }
+  QString bubble() const { return center->hasBubble() ? center->bubbleText().title : QString(); }
+
+  TemporaryFolder folder;
+  UserDefaults defaults{folder / "defaults.json"};
+  HeldWork held;
+  FakeNotifications notifications;
+  FakeWorkspace workspace;
+  Calendar calendar{"UTC", "en_GB"};
+  Instant now;
+  std::vector<AgentSession> sessions;
+  std::optional<BuddySignals::Battery> battery;
+  std::optional<Instant> waterDueAt;
+  std::vector<BuddySignals::Meeting> meetings;
+  bool isFocusRunning = false, isPanelOpen = false;
+  std::vector<double> peeks;
+  int inboxes = 0, cleanups = 0;
+  QStringList links, problems;
+  std::unique_ptr<AppSettings> settings;
+  std::unique_ptr<AgentsModel> agents;
+  std::unique_ptr<BuddyNoticeCenter> center;
+
+ private:
+  class ListReader : public AgentSessionReader {
+   public:
+    explicit ListReader(const std::vector<AgentSession>& list) : list_(list) {}
+    std::vector<AgentSession> sessions(const std::filesystem::path&, Instant) const override { return list_; }
+
+   private:
+    const std::vector<AgentSession>& list_;
+  };
+  AgentReaders readers() {
+    AgentReaders list;
+    list.push_back(std::make_unique<ListReader>(sessions));
+    return list;
+  }
+  void runDue() {
+    for (auto& [due, step] : std::exchange(steps_, {})) {
+      if (due <= now)
+        step();
+      else
+        steps_.emplace_back(due, std::move(step));
+    }
+  }
+  std::deque<std::pair<Instant, std::function<void()>>> steps_;
+};
+
+inline AgentSession agentSession(std::string id, AgentKind kind, AgentStatus status, std::string project = "web-shop") {
+  return {.id = std::move(id),
+          .kind = kind,
+          .title = "Mend the build",
+          .project = std::move(project),
+          .detail = {},
+          .status = status,
+          .updatedAt = {}};
+}
+
+}  // namespace ambrel
