@@ -27,6 +27,8 @@ class Workspace {
   virtual bool isRunning(std::string_view bundleID) const = 0;
   // Brings the topmost window of the program forward; false when it has none.
   virtual bool activate(std::string_view bundleID) = 0;
+  // The program's name as people know it: its desktop entry's, or one made of the identifier.
+  virtual std::string nameOf(std::string_view bundleID) const = 0;
   // Starts the program through its desktop entry; false when it is not installed or cannot be started.
   virtual bool open(std::string_view bundleID) = 0;
 };

@@ -32,11 +32,28 @@ constexpr std::array antigravityClasses{string_view("antigravity"), string_view(
                                         string_view("antigravity-ide")};
 constexpr std::array antigravityCommands{string_view("agy")};
 
+// What stands in for the programs that the clipboard passes over unless it is told otherwise.
+constexpr std::array onePasswordEntries{string_view("1password"), string_view("com.onepassword.OnePassword")};
+constexpr std::array onePasswordClasses{string_view("1password")};
+constexpr std::array bitwardenEntries{string_view("bitwarden"), string_view("com.bitwarden.desktop")};
+constexpr std::array bitwardenClasses{string_view("bitwarden"), string_view("com.bitwarden.desktop")};
+constexpr std::array keyringEntries{string_view("org.gnome.seahorse.Application"),
+                                    string_view("org.kde.kwalletmanager5"), string_view("org.kde.kwalletmanager")};
+constexpr std::array keyringClasses{string_view("org.gnome.seahorse.application"),
+                                    string_view("seahorse"),
+                                    string_view("kwalletmanager5"),
+                                    string_view("kwalletmanager"),
+                                    string_view("org.kde.kwalletmanager5"),
+                                    string_view("org.kde.kwalletmanager")};
+
 constexpr std::array applications{
     KnownApplication{"com.anthropic.claudefordesktop", claudeEntries, claudeClasses, claudeCommands, claudeScripts},
     KnownApplication{"com.openai.codex", codexEntries, codexClasses, codexCommands, codexScripts},
     KnownApplication{"com.todesktop.230313mzl4w4u92", cursorEntries, cursorClasses, cursorCommands, {}},
     KnownApplication{"com.google.antigravity", antigravityEntries, antigravityClasses, antigravityCommands, {}},
+    KnownApplication{"com.1password.1password", onePasswordEntries, onePasswordClasses, {}, {}},
+    KnownApplication{"com.bitwarden.desktop", bitwardenEntries, bitwardenClasses, {}, {}},
+    KnownApplication{"com.apple.keychainaccess", keyringEntries, keyringClasses, {}, {}},
 };
 
 constexpr std::array interpreters{string_view("node"), string_view("nodejs"), string_view("bun"),  string_view("deno"),
@@ -144,6 +161,20 @@ std::string applicationOf(const WindowRecord& window, const std::vector<DesktopE
       return entry.id;
   }
   return className.empty() ? instance : className;
+}
+
+std::string applicationName(string_view bundleID, const std::vector<DesktopEntry>& entries) {
+  const auto named = [&](string_view id) {
+    const auto entry = std::ranges::find_if(entries, [&](const DesktopEntry& one) { return one.id == id; });
+    return entry == entries.end() || entry->isHidden ? string_view() : string_view(entry->name);
+  };
+  if (const string_view name = named(bundleID); !name.empty()) return std::string(name);
+  if (const KnownApplication* known = findApplication(bundleID))
+    for (const string_view id : known->entries)
+      if (const string_view name = named(id); !name.empty()) return std::string(name);
+  std::string name(bundleID.substr(bundleID.rfind('.') + 1));
+  if (!name.empty() && name.front() >= 'a' && name.front() <= 'z') name.front() -= 'a' - 'A';
+  return name;
 }
 
 std::vector<std::string> agentsIn(const WindowRecord& window, const std::vector<WindowRecord>& windows,

@@ -45,6 +45,9 @@ struct WindowRecord {
 // class in lower case; empty when it has none.
 std::string applicationOf(const WindowRecord& window, const std::vector<DesktopEntry>& entries);
 
+// The name of a program as people know it: that of its desktop entry, else the last part of its identifier.
+std::string applicationName(std::string_view bundleID, const std::vector<DesktopEntry>& entries);
+
 // The identifiers of the agents whose command runs in the window, in the order of the table. Several windows may
 // belong to one process (a terminal server): a command that knows its window by WINDOWID counts for that one alone.
 std::vector<std::string> agentsIn(const WindowRecord& window, const std::vector<WindowRecord>& windows,

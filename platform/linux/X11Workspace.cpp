@@ -75,6 +75,10 @@ bool X11Workspace::activate(std::string_view bundleID) {
   return true;
 }
 
+std::string X11Workspace::nameOf(std::string_view bundleID) const {
+  return applicationName(bundleID, programs_.entries());
+}
+
 bool X11Workspace::open(std::string_view bundleID) {
   const KnownApplication* known = findApplication(bundleID);
   if (!known) {

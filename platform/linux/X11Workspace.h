@@ -19,6 +19,7 @@ class X11Workspace : public Workspace {
   void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   bool isRunning(std::string_view bundleID) const override;
   bool activate(std::string_view bundleID) override;
+  std::string nameOf(std::string_view bundleID) const override;
   bool open(std::string_view bundleID) override;
 
  private:

@@ -2,6 +2,7 @@
 // Stand-ins for the seam: they record what was asked of them, and the test plays the desktop.
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 #include <utility>
@@ -74,6 +75,10 @@ class FakeWorkspace : public Workspace {
     activated.emplace_back(bundleID);
     return true;
   }
+  std::string nameOf(std::string_view bundleID) const override {
+    const auto found = names.find(bundleID);
+    return found == names.end() ? std::string(bundleID) : found->second;
+  }
   bool open(std::string_view bundleID) override {
     if (!installed.contains(bundleID)) return false;
     opened.emplace_back(bundleID);
@@ -86,6 +91,7 @@ class FakeWorkspace : public Workspace {
   }
 
   std::vector<std::string> inFront;
+  std::map<std::string, std::string, std::less<>> names;
   std::set<std::string, std::less<>> running;
   std::set<std::string, std::less<>> installed;
   std::vector<std::string> activated;

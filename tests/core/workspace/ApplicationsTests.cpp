@@ -77,6 +77,9 @@ TEST(Applications, IdentifiersOfWindows) {
       {{1, 1, "cursor", "Cursor"}, "com.todesktop.230313mzl4w4u92"},
       {{1, 1, "claude", "Claude"}, std::string(claude)},
       {{1, 1, "konsole", "konsole"}, "org.kde.konsole"},
+      {{1, 1, "1password", "1Password"}, "com.1password.1password"},
+      {{1, 1, "bitwarden", "Bitwarden"}, "com.bitwarden.desktop"},
+      {{1, 1, "seahorse", "Org.gnome.seahorse.Application"}, "com.apple.keychainaccess"},
       {{1, 1, "navigator", "Firefox"}, "Web Browser"},
       {{1, 1, "xterm", "XTerm"}, "org.example.shell"},
       {{1, 1, "gone", "Gone"}, "gone"},
@@ -85,6 +88,25 @@ TEST(Applications, IdentifiersOfWindows) {
       {{1, 1, "", ""}, ""},
   };
   for (const auto& [window, expected] : cases) EXPECT_EQ(applicationOf(window, entries), expected) << expected;
+}
+
+TEST(Applications, HaveTheNamesThatPeopleKnow) {
+  std::vector<DesktopEntry> entries(3);
+  entries[0].id = "org.kde.konsole";
+  entries[0].name = "Konsole";
+  entries[1].id = "bitwarden";
+  entries[1].name = "Bitwarden Vault";
+  entries[2].id = "org.gone.thing";
+  entries[2].name = "Thing that was";
+  entries[2].isHidden = true;
+  const std::vector<std::pair<std::string, std::string>> cases{{"org.kde.konsole", "Konsole"},
+                                                               {"com.bitwarden.desktop", "Bitwarden Vault"},
+                                                               {"org.gone.thing", "Thing"},
+                                                               {"xterm", "Xterm"},
+                                                               {"org.example.Mail", "Mail"},
+                                                               {"", ""},
+                                                               {"élan", "élan"}};
+  for (const auto& [id, expected] : cases) EXPECT_EQ(applicationName(id, entries), expected) << id;
 }
 
 TEST(Applications, ATerminalCountsAsTheAgentsInIt) {
@@ -146,8 +168,9 @@ TEST(Applications, TheTableIsSound) {
     for (const std::string_view name : application.classes)
       EXPECT_EQ(std::ranges::count_if(name, [](char c) { return c >= 'A' && c <= 'Z'; }), 0) << name;
   }
-  EXPECT_EQ(ids,
-            (std::set<std::string_view>{claude, codex, "com.todesktop.230313mzl4w4u92", "com.google.antigravity"}));
+  EXPECT_EQ(ids, (std::set<std::string_view>{claude, codex, "com.todesktop.230313mzl4w4u92", "com.google.antigravity",
+                                             "com.1password.1password", "com.bitwarden.desktop",
+                                             "com.apple.keychainaccess"}));
   EXPECT_EQ(findApplication("com.example.none"), nullptr);
 }
 
