@@ -35,6 +35,7 @@ class ClipboardHistory {
   const std::optional<UUID>& currentItemID() const { return currentItemID_; }
   std::int64_t lastChangeCount() const { return lastChangeCount_; }
   std::size_t undoableCount() const { return removedForUndo_.size(); }
+  std::span<const ClipItem> undoableItems() const { return removedForUndo_; }
 
   // Takes notice of the pasteboard's change count. True when the change is new and is to be read: capture is on and
   // the application in front is not ignored.

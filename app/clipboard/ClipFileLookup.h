@@ -1,0 +1,44 @@
+#pragma once
+// What the files of a clip are: folders or not, and how much they hold. Looked up when a card shows them, since a
+// path may lie on a disk that answers late or never.
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "app/base/Background.h"
+#include "core/clipboard.h"
+
+namespace ambrel {
+
+struct ClipFiles {
+  std::vector<bool> isFolder;          // of the first files
+  std::optional<std::uint64_t> bytes;  // of all of them; absent when one is a folder or has gone
+
+  friend bool operator==(const ClipFiles&, const ClipFiles&) = default;
+};
+
+// Asks the file system. At most a thousand files are looked at.
+ClipFiles filesOf(const ClipItem& item);
+
+class ClipFileLookup {
+ public:
+  // `background` is not to hold up anything else.
+  ClipFileLookup(Background background, std::function<void(const UUID&)> changed);
+
+  // Looks again at each call; one at a time for each clip.
+  void lookAt(const ClipItem& item);
+  const ClipFiles* find(const UUID& id) const;
+  void forget(const UUID& id) { found_.erase(id); }
+
+ private:
+  Background background_;
+  std::function<void(const UUID&)> changed_;
+  std::unordered_map<UUID, ClipFiles> found_;
+  std::unordered_set<UUID> underWay_;
+};
+
+}  // namespace ambrel

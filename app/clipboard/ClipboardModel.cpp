@@ -1,0 +1,315 @@
+#include "app/clipboard/ClipboardModel.h"
+
+#include <QColor>
+#include <QPointer>
+#include <algorithm>
+#include <utility>
+
+#include "app/base/StoredValue.h"
+#include "app/model/AppSettings.h"
+#include "core/base/LocalText.h"
+#include "core/clipboard/Whitespace.h"
+
+namespace ambrel {
+
+ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path folder, Calendar calendar, Seams seams,
+                               QObject* parent)
+    : QObject(parent),
+      settings_(settings),
+      calendar_(std::move(calendar)),
+      seams_(std::move(seams)),
+      folding_(SearchFolding::forLocale(calendar_.locale())),
+      storage_(std::move(folder), seams_.background, [this] { return history_.library(); }),
+      capture_(storage_, seams_.background, folding_),
+      index_(folding_),
+      history_({}, seams_.pasteboard.changeCount()),
+      files_(seams_.fileBackground, [this](const UUID& id) { items_.refresh(id); }),
+      items_({.index = index_,
+              .calendar = calendar_,
+              .programName = [this](const std::string& bundleID) { return programName(bundleID); },
+              .pictureSize = [this](const std::string& name) -> std::optional<PictureSize> {
+                const auto found = pictureSizes_.find(name);
+                return found == pictureSizes_.end() ? std::nullopt : std::optional(found->second);
+              },
+              .files = [this](const UUID& id) { return files_.find(id); },
+              .sensitiveAge = [this] { return captureSettings().sensitiveAge(); }}) {
+  capture_.onCaptured = [this](CapturedClip clip) { add(std::move(clip)); };
+  capture_.onPictureLost = [this](std::int64_t changeCount, ClipOrigin origin) {
+    if (changeCount == history_.lastChangeCount()) read(false, std::move(origin));
+  };
+  storage_.picturesInUse = [this] {
+    auto names = history_.usedImages();
+    names.merge(capture_.waitingPictures());
+    return names;
+  };
+  connect(&settings_, &AppSettings::clipboardForgetSensitiveChanged, &items_, &ClipListModel::refreshAll);
+}
+
+ClipboardModel::~ClipboardModel() {
+  seams_.pasteboard.setChangeHandler(nullptr);
+  seams_.pasteboard.setOwnerGoneHandler(nullptr);
+}
+
+void ClipboardModel::start() {
+  storage_.load(folding_, [this](ClipboardStorage::Loaded loaded) { begin(std::move(loaded)); });
+}
+
+void ClipboardModel::begin(ClipboardStorage::Loaded loaded) {
+  isLoaded_ = true;
+  index_ = std::move(loaded.index);
+  pictureSizes_ = std::move(loaded.pictureSizes);
+  history_ = ClipboardHistory(std::move(loaded.library), history_.lastChangeCount());
+  seams_.pasteboard.setChangeHandler([this] { poll(); });
+  seams_.pasteboard.setOwnerGoneHandler([this] { restoreCurrent(); });
+  refreshAges();
+  publish();
+  poll();
+}
+
+CaptureSettings ClipboardModel::captureSettings() const {
+  return {.isEnabled = settings_.clipboardEnabled(),
+          .limit = settings_.clipboardLimit(),
+          .maxAgeDays = settings_.clipboardMaxAgeDays(),
+          .forgetsSensitive = settings_.clipboardForgetSensitive(),
+          .ignoredBundleIDs = settings_.ignoredBundleIDs()};
+}
+
+void ClipboardModel::poll() {
+  if (!isLoaded_) return;
+  const Instant now = seams_.now();
+  apply(history_.sweep(now, captureSettings(), [this](const ClipItem& item) { return index_.of(item).isSensitive; }));
+  const std::int64_t change = seams_.pasteboard.changeCount();
+  if (change == history_.lastChangeCount()) return;
+
+  const CaptureSettings settings = captureSettings();
+  const std::vector<std::string> front = seams_.workspace.frontmost();
+  const auto ignored = std::ranges::find_first_of(front, settings.ignoredBundleIDs);
+  std::optional<std::string> source;
+  if (ignored != front.end())
+    source = *ignored;
+  else if (!front.empty())
+    source = front.front();
+
+  ownerlessChange_.reset();
+  const bool isWanted = history_.noticeChange(change, settings, source);
+  publish();
+  if (isWanted) read(true, {.id = UUID::random(), .now = now, .sourceBundleID = std::move(source)});
+}
+
+void ClipboardModel::read(bool wantsPicture, ClipOrigin origin) {
+  seams_.pasteboard.read(wantsPicture, [self = QPointer(this), origin = std::move(origin)](PasteboardReading reading) {
+    // What was copied since is read by itself.
+    if (!self || reading.changeCount != self->history_.lastChangeCount()) return;
+    self->capture_.take(std::move(reading.contents), reading.changeCount, origin);
+  });
+}
+
+void ClipboardModel::add(CapturedClip clip) {
+  const auto current = history_.currentItemID();
+  if (clip.pictureSize) pictureSizes_[*clip.item.imageFileName] = *clip.pictureSize;
+  const UUID fresh = clip.item.id;
+  const HistoryEffects effects = history_.add(std::move(clip.item), captureSettings());
+  // A second copy of the same content keeps its identity, and so its facts.
+  const UUID id = library().items.empty() ? fresh : library().items.front().id;
+  index_.put(id, std::move(clip.facts));
+  files_.forget(id);
+  if (clip.changeCount != history_.lastChangeCount()) history_.noticeOwnWrite(history_.lastChangeCount(), current);
+  apply(effects);
+  publish();
+  if (ownerlessChange_ == clip.changeCount) restoreCurrent();
+}
+
+// The application that owned the copy has ended; what it copied can still be pasted.
+void ClipboardModel::restoreCurrent() {
+  if (seams_.pasteboard.changeCount() != history_.lastChangeCount()) return;
+  const auto& current = history_.currentItemID();
+  if (!current)
+    ownerlessChange_ = history_.lastChangeCount();
+  else if (const ClipItem* item = history_.item(*current))
+    copy(*item);
+}
+
+void ClipboardModel::write(std::vector<Representation> representations, std::optional<UUID> id) {
+  ++writeGeneration_;
+  ownerlessChange_.reset();
+  history_.noticeOwnWrite(seams_.pasteboard.write(std::move(representations)), id);
+  publish();
+}
+
+void ClipboardModel::copy(const ClipItem& item) {
+  if (item.kind != ClipKind::image || !item.imageFileName) return write(representations(item, std::nullopt), item.id);
+  storage_.readPicture(*item.imageFileName, [this, item, generation = ++writeGeneration_,
+                                             change = seams_.pasteboard.changeCount()](auto bytes) {
+    // Something else was copied meanwhile.
+    if (generation != writeGeneration_ || change != seams_.pasteboard.changeCount()) return;
+    write(representations(item, std::move(bytes)), item.id);
+  });
+}
+
+void ClipboardModel::copyText(std::string_view text) {
+  const std::string_view trimmed = trimmedOfWhitespace(text);
+  if (trimmed.empty()) return;
+  auto item = textItem(std::string(trimmed),
+                       {.id = UUID::random(), .now = seams_.now(), .sourceBundleID = std::string(ownBundleID)});
+  if (!item) return;
+  if (!isLoaded_) return write(representations(*item, std::nullopt), std::nullopt);
+  ClipFacts facts = factsOf(*item, folding_);
+  add({.item = std::move(*item),
+       .facts = std::move(facts),
+       .pictureSize = {},
+       .changeCount = history_.lastChangeCount()});
+  if (library().items.empty()) return;
+  const ClipItem own = library().items.front();
+  copy(own);
+  setFocusedItemID(own.id);
+}
+
+void ClipboardModel::copyColor(const QColor& color) {
+  const QColor plain = color.toRgb();
+  copyText(hexColor(plain.redF(), plain.greenF(), plain.blueF()));
+}
+
+void ClipboardModel::copySecret(std::string_view text) { write(textRepresentations(text, true), std::nullopt); }
+
+std::optional<QString> ClipboardModel::copyPinned(int number) {
+  const ClipItem* item = history_.pinnedItem(number);
+  if (!item) return std::nullopt;
+  copy(*item);
+  return index_.of(*item).isSensitive ? tr("Secret") : toQString(clipName(*item));
+}
+
+std::optional<std::string> ClipboardModel::currentText() const {
+  const auto& current = history_.currentItemID();
+  const ClipItem* item = current ? history_.item(*current) : nullptr;
+  return item ? item->text : std::nullopt;
+}
+
+std::vector<ClipItem> ClipboardModel::visibleItems() const {
+  std::vector<ClipItem> found;
+  for (const std::size_t position : index_.matches(library().items, filter_, query_.toStdString()))
+    found.push_back(library().items[position]);
+  return found;
+}
+
+std::vector<ClipItem> ClipboardModel::pinnedItems() const {
+  return ClipboardLibrary::filtered(library().items, {ClipFilter::Pinned{}}, "", folding_);
+}
+
+void ClipboardModel::apply(const HistoryEffects& effects) {
+  if (effects.needsSave) storage_.save();
+  if (!effects.unusedImages.empty()) storage_.removePictures(effects.unusedImages);
+  if (effects.needsSave || !effects.unusedImages.empty()) {
+    forgetUnneeded();
+    publish();
+  }
+}
+
+void ClipboardModel::forgetUnneeded() {
+  constexpr std::size_t leftovers = 64;
+  if (index_.size() < library().items.size() + history_.undoableCount() + leftovers) return;
+  index_.retain(library().items, history_.undoableItems());
+  const auto used = history_.usedImages();
+  std::erase_if(pictureSizes_, [&](const auto& entry) { return !used.contains(entry.first); });
+}
+
+void ClipboardModel::togglePin(const UUID& id) { apply(history_.togglePin(id)); }
+
+void ClipboardModel::toggleCollection(const UUID& item, const UUID& collection) {
+  apply(history_.toggleCollection(item, collection));
+}
+
+void ClipboardModel::createCollection(std::string_view name) {
+  if (isLoaded_) apply(history_.createCollection(UUID::random(), name));
+}
+
+void ClipboardModel::renameCollection(const UUID& id, std::string_view name) {
+  apply(history_.renameCollection(id, name));
+}
+
+void ClipboardModel::deleteCollection(const UUID& id) {
+  if (!isLoaded_) return;
+  if (filter_ == ClipFilter{ClipFilter::Collection{id}}) setFilter({ClipFilter::All{}});
+  apply(history_.deleteCollection(id));
+}
+
+void ClipboardModel::remove(std::span<const UUID> ids, bool undoable) {
+  if (focusedItemID_ && std::ranges::find(ids, *focusedItemID_) != ids.end()) setFocusedItemID(std::nullopt);
+  const int before = count();
+  const HistoryEffects effects = history_.remove(ids, undoable);
+  if (!effects.needsSave) return;
+  apply(effects);
+  if (!undoable) return;
+  Q_EMIT undoableCountChanged();
+  Q_EMIT removed(before - count());
+  seams_.later(undoWindow, [self = QPointer(this), generation = ++undoGeneration_] {
+    if (!self || generation != self->undoGeneration_) return;
+    self->apply(self->history_.endUndo());
+    Q_EMIT self->undoableCountChanged();
+  });
+}
+
+void ClipboardModel::undoRemove() {
+  const HistoryEffects effects = history_.undoRemove();
+  if (!effects.needsSave) return;
+  ++undoGeneration_;
+  apply(effects);
+  Q_EMIT undoableCountChanged();
+}
+
+void ClipboardModel::clearHistory() {
+  const auto focused = focusedItemID_;
+  apply(history_.clear());
+  if (focused && !history_.item(*focused)) setFocusedItemID(std::nullopt);
+}
+
+void ClipboardModel::setFilter(const ClipFilter& filter) {
+  if (filter == filter_) return;
+  filter_ = filter;
+  Q_EMIT filterChanged();
+  publishRows();
+}
+
+void ClipboardModel::setQuery(const QString& query) {
+  if (query == query_) return;
+  query_ = query;
+  Q_EMIT queryChanged();
+  publishRows();
+}
+
+void ClipboardModel::setFocusedItemID(std::optional<UUID> id) {
+  if (id == focusedItemID_) return;
+  focusedItemID_ = id;
+  Q_EMIT focusedItemIDChanged();
+}
+
+void ClipboardModel::publish() {
+  collections_.setRows(library().collections);
+  publishRows();
+  Q_EMIT libraryChanged();
+  Q_EMIT currentItemIDChanged();
+}
+
+void ClipboardModel::publishRows() {
+  constexpr int mostPinNumbers = 9;
+  std::unordered_map<UUID, int> pinNumbers;
+  for (int number = 1; number <= mostPinNumbers; ++number)
+    if (const ClipItem* item = history_.pinnedItem(number)) pinNumbers.emplace(item->id, number);
+  std::vector<ClipRow> rows;
+  for (const std::size_t position : index_.matches(library().items, filter_, query_.toStdString())) {
+    const ClipItem& item = library().items[position];
+    const auto number = pinNumbers.find(item.id);
+    rows.push_back({.id = item.id,
+                    .kind = item.kind,
+                    .createdAt = item.createdAt,
+                    .imageFileName = item.imageFileName.value_or(""),
+                    .source = item.sourceBundleID.value_or(""),
+                    .isPinned = item.isPinned,
+                    .isKept = item.isProtected(),
+                    .isCurrent = item.id == history_.currentItemID(),
+                    .pinNumber = number == pinNumbers.end() ? 0 : number->second});
+  }
+  items_.show(std::move(rows));
+  Q_EMIT visibleItemsChanged();
+}
+
+}  // namespace ambrel

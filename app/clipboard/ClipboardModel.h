@@ -1,0 +1,200 @@
+#pragma once
+// The clipboard history: notices copies, keeps them, and puts them back.
+
+#include <QObject>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "app/base/Background.h"
+#include "app/base/Presentation.h"
+#include "app/clipboard/ClipCapture.h"
+#include "app/clipboard/ClipCollectionModel.h"
+#include "app/clipboard/ClipFileLookup.h"
+#include "app/clipboard/ClipListModel.h"
+#include "app/clipboard/ClipboardStorage.h"
+#include "core/base/Calendar.h"
+#include "core/clipboard/ClipIndex.h"
+#include "core/clipboard/ClipboardHistory.h"
+#include "platform/Pasteboard.h"
+#include "platform/Workspace.h"
+
+namespace ambrel {
+
+class AppSettings;
+
+// Saving and whatever is slow happen off the main thread. For QML, items and collections are the texts of their ids,
+// a filter is "all", "pinned", "kind:KIND" or "collection:ID"; an id that is none changes nothing.
+class ClipboardModel : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  // What the filter and the search admit.
+  Q_PROPERTY(ambrel::ClipListModel* items READ items CONSTANT)
+  Q_PROPERTY(ambrel::ClipCollectionModel* collections READ collections CONSTANT)
+  Q_PROPERTY(QString filter READ filterText WRITE setFilterText NOTIFY filterChanged)
+  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
+  Q_PROPERTY(QString focusedItem READ focusedItemText WRITE setFocusedItemText NOTIFY focusedItemIDChanged)
+  Q_PROPERTY(int undoableCount READ undoableCount NOTIFY undoableCountChanged)
+  Q_PROPERTY(int count READ count NOTIFY libraryChanged)
+  Q_PROPERTY(int visibleCount READ visibleCount NOTIFY visibleItemsChanged)
+  // "128 items · 3 pinned"
+  Q_PROPERTY(QString summary READ summary NOTIFY libraryChanged)
+  // For the tile: the newest clip in a few words, a secret by its kind alone.
+  Q_PROPERTY(QString latestText READ latestText NOTIFY libraryChanged)
+  Q_PROPERTY(QString latestAge READ latestAge NOTIFY latestAgeChanged)
+
+ public:
+  struct Seams {
+    Pasteboard& pasteboard;
+    Workspace& workspace;
+    Background background;
+    // For looking at files that may lie on a disk that never answers.
+    Background fileBackground;
+    DelayedStep later;
+    std::function<Instant()> now;
+  };
+  static constexpr Seconds pollInterval{0.5};
+  static constexpr Seconds undoWindow{6};
+  static constexpr const char* ownBundleID = "dev.qorvin.ambrel";
+
+  // What lies on the pasteboard by then is not recorded.
+  ClipboardModel(AppSettings& settings, std::filesystem::path folder, Calendar calendar, Seams seams,
+                 QObject* parent = nullptr);
+  ~ClipboardModel() override;
+
+  // Loads the library and then begins to watch. Until it is there, nothing is recorded or changed.
+  void start();
+  // One tick: sweeps when it is time, and reads a copy that is new.
+  void poll();
+
+  const ClipboardLibrary& library() const { return history_.library(); }
+  const std::optional<UUID>& currentItemID() const { return history_.currentItemID(); }
+  std::int64_t lastChangeCount() const { return history_.lastChangeCount(); }
+  // The text on the pasteboard, as far as the history knows it.
+  std::optional<std::string> currentText() const;
+  const ClipItem* item(const UUID& id) const { return history_.item(id); }
+  std::vector<ClipItem> visibleItems() const;
+  std::vector<ClipItem> pinnedItems() const;
+  std::optional<int> pinNumber(const ClipItem& item) const { return history_.pinNumber(item.id); }
+  std::filesystem::path picturesFolder() const { return storage_.picturesFolder(); }
+
+  // Writes the item to the pasteboard; the history keeps its order. A picture is read first.
+  void copy(const ClipItem& item);
+  // Records a text, or the colour as "#2F7F86", and writes it. White space at both ends goes.
+  void copyText(std::string_view text);
+  void copyColor(const QColor& color);
+  // Writes a text that no history is to keep.
+  void copySecret(std::string_view text);
+  // The name of what was copied; absent when there is no such pinned clip. 1 to 9.
+  std::optional<QString> copyPinned(int number);
+
+  void togglePin(const UUID& id);
+  void toggleCollection(const UUID& item, const UUID& collection);
+  void createCollection(std::string_view name);
+  void renameCollection(const UUID& id, std::string_view name);
+  void deleteCollection(const UUID& id);
+  void remove(std::span<const UUID> ids, bool undoable);
+  void undoRemove();
+  // Everything that is not protected, for good.
+  void clearHistory();
+
+  const ClipFilter& filter() const { return filter_; }
+  void setFilter(const ClipFilter& filter);
+  const QString& query() const { return query_; }
+  void setQuery(const QString& query);
+  const std::optional<UUID>& focusedItemID() const { return focusedItemID_; }
+  void setFocusedItemID(std::optional<UUID> id);
+
+  ClipListModel* items() { return &items_; }
+  ClipCollectionModel* collections() { return &collections_; }
+  QString filterText() const;
+  void setFilterText(const QString& text);
+  QString focusedItemText() const;
+  void setFocusedItemText(const QString& id);
+  int undoableCount() const { return static_cast<int>(history_.undoableCount()); }
+  int count() const { return static_cast<int>(library().items.size()); }
+  int visibleCount() const { return items_.rowCount(); }
+  QString summary() const;
+  QString latestText() const;
+  QString latestAge() const { return latestAge_; }
+
+  // For the shelf.
+  Q_INVOKABLE void togglePin(const QString& id);
+  Q_INVOKABLE void toggleCollection(const QString& item, const QString& collection);
+  Q_INVOKABLE bool isIn(const QString& item, const QString& collection) const;
+  // Puts an item, if one is named, into the new collection.
+  Q_INVOKABLE void createCollection(const QString& name, const QString& item);
+  Q_INVOKABLE void renameCollection(const QString& id, const QString& name);
+  Q_INVOKABLE void deleteCollection(const QString& id);
+  Q_INVOKABLE void remove(const QString& id);
+  // What a cleanup could take, each with {key, title, count}; only those that would take something.
+  Q_INVOKABLE QVariantList cleanups() const;
+  Q_INVOKABLE void cleanUp(const QString& key);
+  Q_INVOKABLE void clear() { clearHistory(); }
+  Q_INVOKABLE void undo() { undoRemove(); }
+  // The beginning of its text, as much as a preview can show.
+  Q_INVOKABLE QString textOf(const QString& id) const;
+  // A card shows the item's files.
+  Q_INVOKABLE void lookAtFiles(const QString& id);
+  // Brings the ages up to date.
+  Q_INVOKABLE void refreshAges();
+
+ Q_SIGNALS:
+  void libraryChanged();
+  void visibleItemsChanged();
+  void currentItemIDChanged();
+  void filterChanged();
+  void queryChanged();
+  void focusedItemIDChanged();
+  void undoableCountChanged();
+  void latestAgeChanged();
+  // So many items went, and can come back for a while.
+  void removed(int count);
+
+ private:
+  void begin(ClipboardStorage::Loaded loaded);
+  void read(bool wantsPicture, ClipOrigin origin);
+  void add(CapturedClip clip);
+  void restoreCurrent();
+  void write(std::vector<Representation> representations, std::optional<UUID> id);
+  void recordOwn(std::string text);
+  void apply(const HistoryEffects& effects);
+  void publish();
+  void publishRows();
+  CaptureSettings captureSettings() const;
+  QString programName(const std::string& bundleID);
+  void forgetUnneeded();
+
+  AppSettings& settings_;
+  Calendar calendar_;
+  Seams seams_;
+  SearchFolding folding_;
+  ClipboardStorage storage_;
+  ClipCapture capture_;
+  ClipIndex index_;
+  ClipboardHistory history_;
+  ClipFileLookup files_;
+  ClipListModel items_;
+  ClipCollectionModel collections_;
+  ClipFilter filter_;
+  QString query_;
+  std::optional<UUID> focusedItemID_;
+  std::unordered_map<std::string, PictureSize> pictureSizes_;
+  std::map<std::string, QString> programNames_;
+  QString latestAge_;
+  bool isLoaded_ = false;
+  // The change whose owner has gone before its contents had become a clip.
+  std::optional<std::int64_t> ownerlessChange_;
+  int undoGeneration_ = 0;
+  int writeGeneration_ = 0;
+};
+
+}  // namespace ambrel

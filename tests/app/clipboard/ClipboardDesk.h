@@ -1,0 +1,114 @@
+#pragma once
+// The clipboard's model on a desktop that the test plays: other applications, time, and when slow work gets done.
+
+#include <QAbstractItemModelTester>
+#include <deque>
+#include <memory>
+
+#include "app/clipboard/ClipboardModel.h"
+#include "app/model/AppSettings.h"
+#include "core/base/Files.h"
+#include "core/base/JSONFileStore.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/fakes/FakePasteboard.h"
+#include "tests/fakes/FakePlatform.h"
+#include "tests/fakes/HeldWork.h"
+
+namespace ambrel {
+
+struct ClipboardDesk {
+  TemporaryFolder folder;
+  UserDefaults defaults{folder / "defaults.json"};
+  AppSettings settings{defaults};
+  FakePasteboard pasteboard;
+  FakeWorkspace workspace;
+  HeldWork held, heldFiles;
+  Instant now = *parseISO8601("2026-11-21T09:00:00Z");
+  std::deque<std::pair<Instant, std::function<void()>>> steps;
+  std::unique_ptr<ClipboardModel> model;
+  std::unique_ptr<QAbstractItemModelTester> tester;
+
+  // Started and loaded, unless told otherwise.
+  explicit ClipboardDesk(bool isStarted = true) {
+    if (isStarted) start();
+  }
+  void make() {
+    model = std::make_unique<ClipboardModel>(
+        settings, path(), Calendar("UTC", "en_US"),
+        ClipboardModel::Seams{
+            .pasteboard = pasteboard,
+            .workspace = workspace,
+            .background = held.background(),
+            .fileBackground = heldFiles.background(),
+            .later = [this](Seconds delay, auto step) { steps.emplace_back(advanced(now, delay), std::move(step)); },
+            .now = [this] { return now; }});
+    tester = std::make_unique<QAbstractItemModelTester>(model->items(),
+                                                        QAbstractItemModelTester::FailureReportingMode::QtTest);
+  }
+  void start() {
+    make();
+    model->start();
+    work();
+  }
+  // The program ends and is started again.
+  void restart() {
+    tester.reset();
+    model.reset();
+    held.waiting.clear();
+    steps.clear();
+    start();
+  }
+  // All that waits off the main thread gets done.
+  void work() {
+    while (!held.waiting.empty()) held.letGo();
+  }
+  void pass(Seconds span) {
+    now = advanced(now, span);
+    for (auto& [due, step] : std::exchange(steps, {})) {
+      if (due <= now)
+        step();
+      else
+        steps.emplace_back(due, std::move(step));
+    }
+  }
+  void copy(const std::string& text) {
+    pasteboard.copy(text);
+    work();
+  }
+  void copyPicture(std::string bytes, const std::string& type = "image/png") {
+    pasteboard.put({.filePaths = {}, .picture = Representation{type, std::move(bytes)}, .text = {}}, {type});
+    pasteboard.answer();
+    work();
+  }
+
+  std::filesystem::path path() const { return folder / "Clipboard"; }
+  // The library as it is on the disk.
+  ClipboardLibrary stored() const {
+    return JSONFileStore<ClipboardLibrary>{path() / "library.json"}.load().value_or(ClipboardLibrary{});
+  }
+  int pictureCount() const {
+    std::error_code ignored;
+    int count = 0;
+    for (std::filesystem::directory_iterator file(path() / "Images", ignored), end; !ignored && file != end; ++file)
+      ++count;
+    return count;
+  }
+  std::vector<std::string> texts() const {
+    std::vector<std::string> list;
+    for (const ClipItem& item : model->library().items) list.push_back(item.text.value_or("(picture)"));
+    return list;
+  }
+  const ClipItem& item(std::size_t position) const { return model->library().items.at(position); }
+  QString id(std::size_t position) const { return QString::fromStdString(item(position).id.text()); }
+  std::optional<std::string> currentText() const { return model->currentText(); }
+};
+
+// The smallest bytes that are taken for a PNG of this size; the last byte tells pictures apart.
+inline std::string pngBytes(char mark, int width = 2, int height = 3) {
+  std::string bytes("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\0\0\0\0\0", 24);
+  bytes[19] = static_cast<char>(width);
+  bytes[23] = static_cast<char>(height);
+  return bytes + mark;
+}
+
+}  // namespace ambrel
