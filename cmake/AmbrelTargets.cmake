@@ -65,6 +65,12 @@ function(ambrel_qml_module name)
     SOURCES ${ARG_SOURCES}
     RESOURCES ${ARG_RESOURCES}
     ${_cache})
+  # A file of compiled QML is a page of data under a long list of headers: many to a translation unit build several
+  # times faster. Everything else stays by itself.
+  get_target_property(_sources ${name} SOURCES)
+  list(FILTER _sources EXCLUDE REGEX "/qmlcache/.*_qml\\.cpp$")
+  set_source_files_properties(${_sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
   # The generated type registration includes the module's headers by their bare names.
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} Qt6::Quick PRIVATE ambrel_flags ${ARG_PRIVATE})
