@@ -108,11 +108,11 @@ void AlarmClock::clockMoved(Seconds by, Instant now) {
   publish(now);
 }
 
-QString AlarmClock::detailAt(Instant now) const {
+QString AlarmClock::detailAt(Instant now, const QString& snoozed) const {
   if (alarm_.isRinging) return tr("Ringing");
   const auto ring = alarm_.nextRing(seams_.calendar);
   if (!ring) return tr("Off");
-  if (alarm_.snoozedUntil) return tr("Snoozed until %1").arg(toQString(shortTime(seams_.calendar, *ring)));
+  if (alarm_.snoozedUntil) return snoozed.arg(toQString(shortTime(seams_.calendar, *ring)));
   return *ring < seams_.calendar.startOfDay(now, 1) ? tr("Today") : tr("Tomorrow");
 }
 
@@ -120,7 +120,10 @@ void AlarmClock::publish(Instant now) {
   dayEnds_ = seams_.calendar.startOfDay(now, 1);
   const auto day = seams_.calendar.fields(now);
   const Instant time = seams_.calendar.instant(day.year, day.month, day.day, alarm_.hour, alarm_.minute);
-  Shown next{.alarm = alarm_, .time = toQString(shortTime(seams_.calendar, time)), .detail = detailAt(now)};
+  Shown next{.alarm = alarm_,
+             .time = toQString(shortTime(seams_.calendar, time)),
+             .detail = detailAt(now, tr("Snoozed until %1")),
+             .shortDetail = detailAt(now, tr("Until %1"))};
   if (next != shown_) {
     shown_ = std::move(next);
     Q_EMIT changed();

@@ -23,6 +23,8 @@ class AlarmClock : public TimedModel {
   Q_PROPERTY(QString time READ time NOTIFY changed FINAL)
   // "Tomorrow", "Today", "Ringing", "Snoozed until 7:40 AM", "Off"
   Q_PROPERTY(QString detail READ detail NOTIFY changed FINAL)
+  // The same for a tile without room: "Until 7:40 AM"
+  Q_PROPERTY(QString shortDetail READ shortDetail NOTIFY changed FINAL)
 
  public:
   AlarmClock(FocusSeams seams, IsEnabled isEnabled, QObject* parent = nullptr);
@@ -35,6 +37,7 @@ class AlarmClock : public TimedModel {
   bool isSnoozed() const { return shown_.alarm.snoozedUntil.has_value(); }
   QString time() const { return shown_.time; }
   QString detail() const { return shown_.detail; }
+  QString shortDetail() const { return shown_.shortDetail; }
   void setIsOn(bool on);
   void setSnoozeMinutes(int minutes);
 
@@ -58,10 +61,11 @@ class AlarmClock : public TimedModel {
  private:
   struct Shown {
     Alarm alarm;
-    QString time, detail;
+    QString time, detail, shortDetail;
     bool operator==(const Shown&) const = default;
   };
-  QString detailAt(Instant now) const;
+  // What the alarm does next; `snoozed` is the phrase for that case.
+  QString detailAt(Instant now, const QString& snoozed) const;
   void silence();
   void publish(Instant now);
 

@@ -318,6 +318,7 @@ void FocusModelsTests::theAlarmRingsUntilItIsSnoozed() {
   QCOMPARE(room.sounds.heard.back(), std::string("stop"));
   QCOMPARE(room.notifications.withdrawn.back(), std::string("alarm"));
   QCOMPARE(alarm.detail(), QStringLiteral("Snoozed until 06:55"));
+  QCOMPARE(alarm.shortDetail(), QStringLiteral("Until 06:55"));
   passUntilDue(room, alarm);
   QCOMPARE(rang, 2);
   const Notification& last = room.notifications.posted.back();
