@@ -37,8 +37,6 @@ std::optional<ProcessorTicks> parseProcStat(std::string_view text);
 // The busy share of all cores between two readings, 0 to 1. Waiting for a disk is no work. Each column is taken by
 // itself, since idle and iowait may step back; without any progress: absent.
 std::optional<double> processorUsage(const ProcessorTicks& before, const ProcessorTicks& now);
-// The same `elapsed` apart, since boot. Absent after a gap: idle time jumps when the computer wakes up.
-std::optional<double> processorUsage(const ProcessorTicks& before, const ProcessorTicks& now, Seconds elapsed);
 
 struct MemoryReading {
   std::uint64_t totalBytes = 0;

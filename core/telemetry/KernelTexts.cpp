@@ -108,22 +108,31 @@ std::vector<BlockDevice> parseDiskstats(std::string_view text) {
 }
 
 std::optional<ProcessTimes> parseProcessTimes(std::string_view text) {
-  // Behind the name: state (field 3 of proc(5)), parent ... flags (9) ... utime (14), stime (15) ... starttime (22).
-  constexpr std::size_t flags = 9 - 3, userTime = 14 - 3, systemTime = 15 - 3, startTime = 22 - 3;
+  // Behind the name: state (field 3 of proc(5)), parent ... Read for every process, so nothing is taken apart that is
+  // not wanted.
+  constexpr int flags = 9, userTime = 14, systemTime = 15, startTime = 22;
   constexpr std::uint64_t kernelThread = 0x0020'0000;
   const auto open = text.find('('), close = text.rfind(')');
   if (open == text.npos || close == text.npos || close < open) return std::nullopt;
   const auto pid = whole<std::int32_t>(trimmed(text.substr(0, open)));
-  const auto parts = fields(trimmed(text.substr(close + 1)));
-  if (!pid || parts.size() <= startTime) return std::nullopt;
-  const auto flag = whole<std::uint64_t>(parts[flags]), user = whole<std::uint64_t>(parts[userTime]),
-             system = whole<std::uint64_t>(parts[systemTime]), start = whole<std::uint64_t>(parts[startTime]);
-  if (!flag || !user || !system || !start) return std::nullopt;
-  return ProcessTimes{.pid = *pid,
-                      .name = std::string(text.substr(open + 1, close - open - 1)),
-                      .isKernelThread = (*flag & kernelThread) != 0,
-                      .cpuTicks = *user + *system,
-                      .startTicks = *start};
+  if (!pid) return std::nullopt;
+  ProcessTimes process{.pid = *pid, .name = std::string(text.substr(open + 1, close - open - 1))};
+  std::string_view rest = text.substr(close + 1);
+  for (int field = 3; field <= startTime; ++field) {
+    const std::size_t begin = rest.find_first_not_of(' ');
+    if (begin == rest.npos) return std::nullopt;
+    rest.remove_prefix(begin);
+    if (field == flags || field == userTime || field == systemTime || field == startTime) {
+      const auto value = takeNumber(rest);
+      if (!value || (!rest.empty() && rest.front() != ' ')) return std::nullopt;
+      if (field == flags) process.isKernelThread = (*value & kernelThread) != 0;
+      if (field == userTime || field == systemTime) process.cpuTicks += *value;
+      if (field == startTime) process.startTicks = *value;
+    } else {
+      rest.remove_prefix(std::min(rest.find(' '), rest.size()));
+    }
+  }
+  return process;
 }
 
 std::string wholeName(std::string_view name, std::string_view commandLine) {

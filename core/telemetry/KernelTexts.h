@@ -33,7 +33,7 @@ std::vector<BlockDevice> parseDiskstats(std::string_view text);
 // /proc/PID/stat: who it is, and the processor time it has used.
 struct ProcessTimes {
   std::int32_t pid = 0;
-  std::string name;  // at most 15 bytes, which may be anything but NUL
+  std::string name = {};  // at most 15 bytes, which may be anything but NUL
   bool isKernelThread = false;
   std::uint64_t cpuTicks = 0;
   std::uint64_t startTicks = 0;  // since boot; with the pid it names a process for good

@@ -37,10 +37,6 @@ std::optional<double> processorUsage(const ProcessorTicks& before, const Process
   return busy / total;
 }
 
-std::optional<double> processorUsage(const ProcessorTicks& before, const ProcessorTicks& now, Seconds elapsed) {
-  return elapsed > Seconds(0) && elapsed <= longestGap ? processorUsage(before, now) : std::nullopt;
-}
-
 std::optional<MemoryReading> parseMeminfo(std::string_view text) {
   std::map<std::string_view, std::uint64_t> bytes;
   eachLine(text, [&](std::string_view line) {

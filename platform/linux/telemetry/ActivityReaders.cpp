@@ -89,6 +89,7 @@ std::optional<ProcessSnapshot> ProcessTimesReader::read() {
   for (auto& [pid, name] : names_) name.isAlive = false;
   ProcessSnapshot snapshot;
   snapshot.uptimeNanoseconds = clock_();
+  snapshot.samples.reserve(names_.size() + names_.size() / 8);
   std::array<char, 4096> buffer;
   std::string path;
   while (const dirent* entry = readdir(stream.get())) {
