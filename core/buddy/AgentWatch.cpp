@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
 
 #include "core/buddy/BuddyText.h"
 #include "core/buddy/Thresholds.h"
@@ -56,6 +57,7 @@ void AgentWatch::update(const std::vector<AgentSession>& sessions, Instant now) 
     if (before != session) before = session;
   }
   std::erase_if(log, [&](const Change& change) { return secondsBetween(change.at, now) > logKept; });
+  if (std::ssize(log) > logCapacity) log.erase(log.begin(), log.end() - logCapacity);
 }
 
 std::optional<std::string> AgentWatch::line(const Change& change) {

@@ -26,6 +26,7 @@ inline constexpr Seconds firedKept{86400};
 inline constexpr Seconds inViewGrace{20};     // an agent is in view for so long after it left the front
 inline constexpr Seconds awayThreshold{120};  // away for as long, and coming back is told of
 inline constexpr Seconds logKept{21600};
+inline constexpr std::ptrdiff_t logCapacity = 10'000;  // the newest; sessions that flicker for hours fill no memory
 
 // The bubble.
 inline constexpr Seconds mergeSpan{30};

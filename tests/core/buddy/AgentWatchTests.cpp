@@ -141,6 +141,20 @@ TEST(AgentWatch, KeepsChangesForSixHours) {
   EXPECT_EQ(watch.log[0].sessionID, "b");
 }
 
+TEST(AgentWatch, KeepsTheNewestOfAFloodOfChanges) {
+  AgentWatch watch;
+  for (int round = 0; round < 13; ++round) {
+    std::vector<AgentSession> sessions;
+    for (int i = 0; i < 1000; ++i)
+      sessions.push_back(session(std::to_string(i), codex, round % 2 == 0 ? working : needsInput));
+    watch.update(sessions, after(round * 10));
+  }
+  ASSERT_THAT(watch.log, SizeIs(10'000));
+  EXPECT_EQ(watch.log.front().at, after(30));
+  EXPECT_EQ(watch.log.back().at, after(120));
+  EXPECT_EQ(watch.log.back().sessionID, "999");
+}
+
 TEST(AgentWatch, WordsAChange) {
   struct Row {
     AgentStatus from, to;
