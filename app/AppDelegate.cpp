@@ -83,7 +83,6 @@ void AppDelegate::every(Seconds interval, std::function<void()> action) {
 void AppDelegate::launch() {
   // The clipboard's shelf comes here.
   makeContext();
-  // Disk Doctor comes here.
   makePanels();
   makeDock();
   startBuddy();
@@ -102,6 +101,7 @@ void AppDelegate::makeContext() {
   system_ = std::make_unique<SystemMonitor>(desktop_.readings, background_, surroundings_.calendar);
   clock_ = std::make_unique<ClockModel>(surroundings_.calendar);
   makeUsage();
+  makeDisk();
   makeFocus();
   makeTelemetry();
   makeWeather();
@@ -115,7 +115,8 @@ void AppDelegate::makeContext() {
                                                                    .focus = focus_.get(),
                                                                    .live = live_.get(),
                                                                    .weather = weather_.get(),
-                                                                   .notices = notices_.get()});
+                                                                   .notices = notices_.get(),
+                                                                   .disk = disk_.get()});
   keep({system_.get(), clock_.get(), context_.get()});
   context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
     toast_.show(title, detail, symbol);
@@ -123,6 +124,7 @@ void AppDelegate::makeContext() {
   context_->setClickAction(QStringLiteral("agents"), [this](const QString& item) {
     if (permits(ProFeature::agentTracking)) toggle(agentsPanel_.get(), item);
   });
+  context_->setClickAction(QStringLiteral("disk"), [this](const QString&) { diskDoctor_->open(); });
   context_->onToggleCustomize = [this] { toggle(customizePanel_.get()); };
   context_->onOpenTileMenu = [this](const QString& item) { openTileMenu(item); };
 }
@@ -465,7 +467,7 @@ void AppDelegate::carryOut(const Wish& wish) {
                         [&](const wish::CopyPinned&) { notYet(tr("The clipboard shelf")); },
                         [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },
                         [&](const wish::Ask&) { notYet(tr("Ask Buddy")); },
-                        [&](const wish::OpenDiskDoctor&) { notYet(tr("Disk Doctor")); }},
+                        [this](const wish::OpenDiskDoctor&) { diskDoctor_->open(); }},
              wish);
 }
 

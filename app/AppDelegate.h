@@ -15,6 +15,7 @@
 #include "app/base/DueTimer.h"
 #include "app/buddy/BuddyNoticeCenter.h"
 #include "app/context/WidgetContext.h"
+#include "app/disk/DiskDoctorController.h"
 #include "app/dock/BubbleController.h"
 #include "app/dock/ContextPeeker.h"
 #include "app/dock/DockPanelController.h"
@@ -67,6 +68,7 @@ class AppDelegate : public QObject {
   DockPopoverController* settingsPanel() { return settingsPanel_.get(); }
   BuddyNoticeCenter* notices() { return notices_.get(); }
   DockPopoverController* inboxPanel() { return inboxPanel_; }
+  DiskDoctorController* diskDoctor() { return diskDoctor_.get(); }
   QQmlEngine& engine() { return engine_; }
 
  private Q_SLOTS:
@@ -83,6 +85,7 @@ class AppDelegate : public QObject {
   // The models of one area each, before the context that holds them; app/wiring has a source for each area.
   void makeBuddy();
   void makeUsage();
+  void makeDisk();
   void makeFocus();
   void makeTelemetry();
   void makeWeather();
@@ -155,6 +158,9 @@ class AppDelegate : public QObject {
   std::unique_ptr<LiveModels> live_;
   std::unique_ptr<WeatherModels> weather_;
   std::unique_ptr<BuddyNoticeCenter> notices_;
+  std::unique_ptr<DiskCleaner> disk_;
+  std::unique_ptr<DiskDoctor> diskDoctorModel_;
+  std::unique_ptr<DiskDoctorController> diskDoctor_;
   std::unique_ptr<WidgetContext> context_;
   std::unique_ptr<DockPopoverController> upsellPanel_, settingsPanel_, welcomePanel_, agentsPanel_, customizePanel_,
       tileMenu_;

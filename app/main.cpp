@@ -43,7 +43,9 @@ int main(int argc, char** argv) {
   // Closing the settings window does not end the bar.
   QApplication::setQuitOnLastWindowClosed(false);
 
-  LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string());
+  const Surroundings& surroundings = environment.surroundings;
+  LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
+                       surroundings.dataFolder.parent_path(), surroundings.calendar);
   switch (desktop.session().start(commandLine.wish)) {
     case SessionRole::handedOver:
       return 0;
@@ -58,7 +60,7 @@ int main(int argc, char** argv) {
   // There was nothing to quit.
   if (commandLine.wish && std::holds_alternative<wish::Quit>(*commandLine.wish)) return 0;
 
-  AppDelegate delegate(environment.surroundings, desktop.seams());
+  AppDelegate delegate(surroundings, desktop.seams());
   desktop.session().setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
   delegate.launch();
   if (commandLine.wish) delegate.carryOut(*commandLine.wish);

@@ -12,6 +12,7 @@
 #include "platform/Sounds.h"
 #include "platform/SystemReadings.h"
 #include "platform/Telemetry.h"
+#include "platform/Trash.h"
 #include "platform/Volumes.h"
 #include "platform/WallClock.h"
 #include "platform/WindowStyle.h"
@@ -36,6 +37,7 @@ struct Desktop {
   Bluetooth& bluetooth;
   Volumes& volumes;
   KeepAwake& keepAwake;
+  Trash& trash;
 };
 
 }  // namespace ambrel

@@ -9,6 +9,7 @@
 #include "app/agents/AgentsModel.h"
 #include "app/buddy/BuddyNoticeCenter.h"
 #include "app/context/BarLimits.h"
+#include "app/disk/DiskCleaner.h"
 #include "app/focus/FocusModels.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
@@ -35,6 +36,7 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::LiveModels* live READ live CONSTANT)
   Q_PROPERTY(ambrel::WeatherModels* weather READ weather CONSTANT)
   Q_PROPERTY(ambrel::BuddyNoticeCenter* notices READ notices CONSTANT)
+  Q_PROPERTY(ambrel::DiskCleaner* disk READ disk CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
   // Whether the tiles are on screen: what is not seen need not be kept current.
   Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
@@ -52,6 +54,7 @@ class WidgetContext : public QObject {
     LiveModels* live = nullptr;
     WeatherModels* weather = nullptr;
     BuddyNoticeCenter* notices = nullptr;
+    DiskCleaner* disk = nullptr;
   };
   explicit WidgetContext(const Models& models, QObject* parent = nullptr);
 
@@ -67,6 +70,7 @@ class WidgetContext : public QObject {
   BuddyNoticeCenter* notices() const { return models_.notices; }
   // The character.
   Buddy* buddy() const { return models_.notices ? models_.notices->buddy() : nullptr; }
+  DiskCleaner* disk() const { return models_.disk; }
   BarLimits* barLimits() { return &barLimits_; }
   bool widgetsActive() const { return widgetsActive_; }
   void setWidgetsActive(bool active);

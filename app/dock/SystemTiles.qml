@@ -41,6 +41,7 @@ TileSet {
     }
     readonly property Component diskTile: DiskTile {
         system: root.context.system
+        freeable: root.context.disk ? root.context.disk.freeableText : ""
     }
     readonly property Component memoryTile: MemoryTile {
         system: root.context.system

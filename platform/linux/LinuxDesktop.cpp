@@ -1,8 +1,11 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include <unistd.h>
+
 #include "platform/linux/CanberraSounds.h"
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
+#include "platform/linux/FreedesktopTrash.h"
 #include "platform/linux/InstalledPrograms.h"
 #include "platform/linux/ProcReadings.h"
 #include "platform/linux/SessionBus.h"
@@ -34,7 +37,7 @@ LinuxTelemetry::Sources telemetrySources(const QDBusConnection& systemBus) {
 }  // namespace
 
 struct LinuxDesktop::Parts {
-  explicit Parts(const std::string& display)
+  Parts(const std::string& display, const std::string& dataHome, const Calendar& calendar)
       : connection(display.empty() ? nullptr : X11Connection::open(display)),
         bus(openSessionBus()),
         systemBus(openSystemBus()),
@@ -48,6 +51,7 @@ struct LinuxDesktop::Parts {
         bluetooth(systemBus),
         volumes(systemBus),
         keepAwake(systemBus, bus),
+        trash(dataHome, getuid(), calendar),
         session(bus) {}
 
   std::unique_ptr<X11Connection> connection;
@@ -67,10 +71,12 @@ struct LinuxDesktop::Parts {
   BlueZBluetooth bluetooth;
   UDisksVolumes volumes;
   SystemKeepAwake keepAwake;
+  FreedesktopTrash trash;
   DBusSessionService session;
 };
 
-LinuxDesktop::LinuxDesktop(const std::string& display) : parts_(std::make_unique<Parts>(display)) {}
+LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const Calendar& calendar)
+    : parts_(std::make_unique<Parts>(display, dataHome, calendar)) {}
 LinuxDesktop::~LinuxDesktop() = default;
 
 Desktop LinuxDesktop::seams() {
@@ -88,7 +94,8 @@ Desktop LinuxDesktop::seams() {
           .soundControl = parts_->soundControl,
           .bluetooth = parts_->bluetooth,
           .volumes = parts_->volumes,
-          .keepAwake = parts_->keepAwake};
+          .keepAwake = parts_->keepAwake,
+          .trash = parts_->trash};
 }
 
 SessionService& LinuxDesktop::session() { return parts_->session; }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "core/base/Calendar.h"
 #include "platform/Desktop.h"
 #include "platform/SessionService.h"
 
@@ -13,7 +14,8 @@ namespace ambrel {
 class LinuxDesktop {
  public:
   // display: as in DISPLAY; empty for none. After the toolkit's application object.
-  explicit LinuxDesktop(const std::string& display);
+  // dataHome: $XDG_DATA_HOME, which holds the Trash. calendar: for the dates that others read.
+  LinuxDesktop(const std::string& display, const std::string& dataHome, const Calendar& calendar);
   ~LinuxDesktop();
 
   Desktop seams();

@@ -6,6 +6,7 @@
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/FakeReadings.h"
 #include "tests/fakes/FakeTelemetry.h"
+#include "tests/fakes/FakeTrash.h"
 
 namespace ambrel {
 
@@ -27,7 +28,8 @@ struct FakeDesktop {
             .soundControl = soundControl,
             .bluetooth = bluetooth,
             .volumes = volumes,
-            .keepAwake = keepAwake};
+            .keepAwake = keepAwake,
+            .trash = trash};
   }
 
   FakePointer pointer;
@@ -45,6 +47,7 @@ struct FakeDesktop {
   FakeBluetooth bluetooth;
   FakeVolumes volumes;
   FakeKeepAwake keepAwake;
+  FakeTrash trash;
 };
 
 }  // namespace ambrel

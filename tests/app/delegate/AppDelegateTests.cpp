@@ -19,6 +19,7 @@ class AppDelegateTests : public QObject {
   void theFirstRunWelcomes();
   void wishesOpenAndCloseTheirPanels_data();
   void wishesOpenAndCloseTheirPanels();
+  void diskDoctorOpensFromItsTileAndByWish();
   void onePanelIsOpenAtATime();
   void theKeysAreTaken();
   void aKeyOfAnotherProgramIsNoFault();
@@ -62,6 +63,25 @@ void AppDelegateTests::wishesOpenAndCloseTheirPanels() {
   QVERIFY(opened->isShown());
   program.delegate->carryOut(wish);
   QVERIFY(!opened->isShown());
+  QCOMPARE(program.warnings.take(), QStringList());
+}
+
+void AppDelegateTests::diskDoctorOpensFromItsTileAndByWish() {
+  Program program;
+  program.putOnBar({"disk"});
+  program.delegate->launch();
+  QTRY_COMPARE(program.slotsOfBar().size(), 1u);
+  QQuickItem* slot = program.slotsOfBar().front();
+  QTest::mouseClick(slot->window(), Qt::LeftButton, {},
+                    slot->mapToScene({slot->width() / 2, slot->height() / 2}).toPoint());
+  QVERIFY(program.delegate->diskDoctor()->isShown());
+  program.delegate->diskDoctor()->close();
+  program.delegate->carryOut(wish::OpenDiskDoctor{});
+  QVERIFY(program.delegate->diskDoctor()->isShown());
+  // It is a window and no panel: panels come and go beside it.
+  program.delegate->carryOut(wish::Settings{});
+  QVERIFY(program.delegate->settingsPanel()->isShown());
+  QVERIFY(program.delegate->diskDoctor()->isShown());
   QCOMPARE(program.warnings.take(), QStringList());
 }
 

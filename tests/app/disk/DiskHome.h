@@ -4,7 +4,6 @@
 #include <QTest>
 #include <fcntl.h>
 #include <filesystem>
-#include <set>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -12,23 +11,10 @@
 #include "app/disk/DiskDoctor.h"
 #include "app/disk/DiskTexts.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/fakes/FakeTrash.h"
 #include "tests/fakes/HeldWork.h"
 
 namespace ambrel {
-
-// Takes what still is what was asked for, and puts it into a folder of its own.
-class FakeTrash : public Trash {
- public:
-  void move(const DiskAdvice::TrashRequest& request, Instant) override {
-    asked.push_back(request.url);
-    if (refused.contains(request.url)) throw TrashError("in use");
-    std::filesystem::rename(request.url, folder / std::to_string(asked.size()));
-  }
-
-  TemporaryFolder folder;
-  std::vector<std::string> asked;
-  std::set<std::string> refused;
-};
 
 // Answers when the test says so.
 class FakeModel : public LanguageModel {
