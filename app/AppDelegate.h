@@ -89,6 +89,8 @@ class AppDelegate : public QObject {
   void makeFocus();
   void makeTelemetry();
   void makeWeather();
+  // What a scan has found, in Buddy's words.
+  void tellOfDiskScan();
   // Their panels.
   void addBuddyPanels();
   void addFocusPanels();

@@ -15,6 +15,7 @@
 #include "app/disk/FolderDialog.h"
 #include "app/disk/SimulatorTool.h"
 #include "app/kit/Theme.h"
+#include "core/base/LocalText.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
@@ -52,6 +53,8 @@ QPalette dialogPalette(const Palette& colors) {
   return palette;
 }
 
+constexpr Seconds celebration{6};
+
 }  // namespace
 
 void AppDelegate::makeDisk() {
@@ -64,6 +67,9 @@ void AppDelegate::makeDisk() {
                                                            .now = surroundings_.now,
                                                            .calendar = surroundings_.calendar},
                                         home);
+  disk_->onOutcome = [this](bool hasMoved) {
+    if (hasMoved) notices_->buddy()->play(BuddyTrigger::celebrate, celebration);
+  };
   disk_->onFinish = [this](const QString& title, const QString& body) {
     toast_.show(title, body, QStringLiteral("trash.fill"));
   };
@@ -80,8 +86,25 @@ void AppDelegate::makeDisk() {
     chooseFolder(diskDoctor_->window(), tr("Choose a folder for Disk Doctor to scan."), QString::fromStdString(home),
                  dialogPalette(themeOf(engine_).palette()), std::move(chosen));
   };
+  diskDoctorModel_->onScanFinished = [this](std::int64_t) { tellOfDiskScan(); };
+  connect(diskDoctorModel_->question(), &DiskQuestion::answerChanged, this, [this] {
+    if (diskDoctorModel_->question()->isAnswering()) notices_->buddy()->play(BuddyTrigger::typing);
+  });
   diskDoctorModel_->onShowInFolder = [this](const std::string& path) { showInFileManager(path, *this); };
   diskDoctorModel_->onOpenTrash = [] { QDesktopServices::openUrl(QUrl(QStringLiteral("trash:///"))); };
+}
+
+void AppDelegate::tellOfDiskScan() {
+  const std::int64_t bytes = disk_->freeableBytes().value_or(0);
+  if (bytes <= 0) return;
+  const Instant now = surroundings_.now();
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(now).time_since_epoch().count();
+  notices_->post({"disk.found:" + std::to_string(seconds),
+                  BuddyRule::diskLow,
+                  "I found " + fileSize(surroundings_.calendar, bytes) + " you can free",
+                  diskDoctorModel_->headline().toStdString(),
+                  now,
+                  {BuddyActions::OpenDiskCleanup{}}});
 }
 
 }  // namespace ambrel
