@@ -88,6 +88,15 @@ INSERT OR REPLACE INTO conversation_summaries VALUES
 SQL
 }
 
+_day() { date -d "$1 days ago" +%F; }
+
+# Members of the defaults: a week of focus sessions, three glasses of water today.
+demo_focus_defaults() {
+  printf '"pomodoroHistory": {"%s": 5, "%s": 3, "%s": 6, "%s": 3}, "pomodoroDone": 3, "pomodoroDoneDay": "%s", ' \
+    "$(_day 3)" "$(_day 2)" "$(_day 1)" "$(_day 0)" "$(_day 0)"
+  printf '"waterCount": 3, "waterDay": "%s", "waterLastDrink": {"$date": "%s"}' "$(_day 0)" "$(_minutes_ago 12)"
+}
+
 # demo_defaults HOME MEMBERS: the choices of somebody who has seen the welcome guide, and these members of a JSON object.
 demo_defaults() {
   mkdir -p "$1/.config/Ambrel"
