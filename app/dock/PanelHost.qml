@@ -13,6 +13,8 @@ FocusScope {
     required property var contentProperties
     readonly property Item content: loader.item as Item
 
+    focus: true
+
     Loader {
         id: loader
 

@@ -67,7 +67,8 @@ class FocusAndWeatherTests : public QObject {
  private Q_SLOTS:
   void aClickOpensThePanelOfTheTile_data();
   void aClickOpensThePanelOfTheTile();
-  void whatIsTypedGoesToTheSearch();
+  void whatIsTypedGoesToTheField_data();
+  void whatIsTypedGoesToTheField();
   void theMenuHasTheTilesOwnCommand();
   void theAlarmIsAnsweredOnItsNotification();
   void theAlarmRingsWhateverProfileIsOnTheBar();
@@ -118,17 +119,25 @@ void FocusAndWeatherTests::aClickOpensThePanelOfTheTile() {
   QCOMPARE(desk.warnings.take(), QStringList());
 }
 
-void FocusAndWeatherTests::whatIsTypedGoesToTheSearch() {
-  Desk desk({"weather"});
-  for (int opening = 1; opening <= 2; ++opening) {
-    desk.click("weather");
+void FocusAndWeatherTests::whatIsTypedGoesToTheField_data() {
+  QTest::addColumn<bool>("isEmptyAgain");
+  QTest::newRow("weather") << true;
+  QTest::newRow("habits") << false;
+}
+
+void FocusAndWeatherTests::whatIsTypedGoesToTheField() {
+  QFETCH(bool, isEmptyAgain);
+  const char* widget = QTest::currentDataTag();
+  Desk desk({widget});
+  for (const QString& before : {QString(), isEmptyAgain ? QString() : QStringLiteral("Lon")}) {
+    desk.click(widget);
     QTRY_VERIFY(desk.panel());
     QVERIFY(QTest::qWaitForWindowActive(desk.panel()->window()));
     QTRY_VERIFY(desk.panel()->window()->activeFocusItem());
-    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), QString());
+    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), before);
     for (const char letter : {'L', 'o', 'n'}) QTest::keyClick(desk.panel()->window(), letter);
-    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), QStringLiteral("Lon"));
-    desk.click("weather");
+    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), before + QStringLiteral("Lon"));
+    desk.click(widget);
     QTRY_VERIFY(!desk.panel());
   }
 }
