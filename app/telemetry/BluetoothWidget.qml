@@ -5,10 +5,12 @@ import Ambrel.Telemetry
 // Connected devices and their charge.
 LiveTile {
     required property BluetoothModel bluetooth
+    readonly property bool hasDevice: !hasMessage && reading.symbol !== ""
 
     reading: bluetooth.text
-    name: qsTr("Bluetooth")
-    symbol: "dot.radiowaves.right"
-    valueRole: Theme.rowTitle
+    name: isSmall && hasDevice ? reading.value : qsTr("Bluetooth")
+    label: qsTr("Bluetooth, %1").arg(reading.spoken)
+    symbol: isSmall && hasDevice ? reading.symbol : "dot.radiowaves.right"
+    valueRole: Theme.smallStrong
     valueColor: hasMessage ? Theme.ink2 : Theme.ink
 }

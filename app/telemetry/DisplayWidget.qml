@@ -7,4 +7,5 @@ LiveTile {
     name: qsTr("Display")
     symbol: "display"
     valueRole: Theme.rowTitle
+    wrapsInSmall: true
 }

@@ -8,7 +8,7 @@ LiveTile {
 
     name: qsTr("GPU")
     symbol: "cpu.fill"
-    reserved: isSmall ? 0 : 42
+    reserved: isSmall || reading.history.length === 0 ? 0 : 42
 
     Sparkline {
         visible: !root.isSmall && !root.hasMessage

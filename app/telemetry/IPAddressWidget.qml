@@ -6,5 +6,7 @@ import Ambrel.Telemetry
 LiveTile {
     name: qsTr("IP Address")
     symbol: "network"
-    valueRole: Theme.rowTitle
+    // A whole address fits the narrowest tile that has a caption.
+    valueRole: span === TileFrame.Medium ? Theme.captionStrong : Theme.rowTitle
+    wrapsInSmall: true
 }

@@ -9,5 +9,5 @@ SwitchTile {
     reading: keepAwake.text
     name: qsTr("Keep Awake")
     symbol: "cup.and.heat.waves"
-    offTone: reading.level > 0 ? Theme.orange : Theme.neutral
+    unlitTone: reading.level > 0 ? Theme.orange : Theme.neutral
 }

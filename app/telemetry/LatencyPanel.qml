@@ -28,7 +28,7 @@ Popover {
         width: parent.width - 2 * Theme.space4
         height: 72
         capacity: 20
-        maximum: 0
+        maximum: root.live.latency.ceiling
         values: root.live.latency.history
     }
     DetailRows {

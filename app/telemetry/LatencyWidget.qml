@@ -8,14 +8,14 @@ LiveTile {
 
     name: qsTr("Latency")
     symbol: "waveform.path.ecg"
-    reserved: isSmall ? 0 : 42
+    reserved: isSmall || reading.history.length === 0 ? 0 : 42
 
     Sparkline {
         visible: !root.isSmall && !root.hasMessage
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        capacity: 20
-        maximum: 0
+        capacity: 12
+        maximum: root.reading.ceiling
         values: root.reading.history
         tone: root.reading.level === 0 ? Theme.blue : root.reading.level === 1 ? Theme.orange : Theme.red
     }

@@ -32,10 +32,9 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
       gpu_({.interval = usual, .historyLength = gpuLength, .read = [&t = seams_.telemetry] { return t.gpu(); }},
            seams_.background),
       pressure_({.interval = usual, .read = [&t = seams_.telemetry] { return t.pressure(); }}, gathered()),
-      diskActivity_({.interval = often,
-                     .read = [&t = seams_.telemetry] { return t.diskCounters(); },
-                     .combine = diskRates},
-                    gathered()),
+      diskActivity_(
+          {.interval = often, .read = [&t = seams_.telemetry] { return t.diskCounters(); }, .combine = diskRates},
+          gathered()),
       topApps_({.interval = usual,
                 .read = [&t = seams_.telemetry] { return t.processes(); },
                 .combine = [](const std::optional<ProcessSnapshot>& previous,

@@ -13,13 +13,12 @@ LiveTile {
 
     hasHeader: !isSmall
     hasFigures: !(isSmall && hasRing)
-    reserved: isSmall ? 0 : 36
 
     Ring {
         visible: root.hasRing
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
-        y: root.isSmall ? 0 : parent.height - height
-        width: root.isSmall ? 36 : 32
+        y: 0
+        width: root.isSmall ? 36 : 28
         height: width
         value: root.reading.percent
         figure: root.isSmall ? root.reading.value : ""

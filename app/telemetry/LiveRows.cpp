@@ -29,8 +29,8 @@ QVariant LiveRows::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> LiveRows::roleNames() const {
-  return {{IDRole, "rowId"},       {TitleRole, "title"},     {DetailRole, "detail"}, {FigureRole, "figure"},
-          {SymbolRole, "symbol"},  {PercentRole, "percent"}, {BusyRole, "isBusy"},   {FailedRole, "hasFailed"}};
+  return {{IDRole, "rowId"},      {TitleRole, "title"},     {DetailRole, "detail"}, {FigureRole, "figure"},
+          {SymbolRole, "symbol"}, {PercentRole, "percent"}, {BusyRole, "isBusy"},   {FailedRole, "hasFailed"}};
 }
 
 }  // namespace ambrel

@@ -16,8 +16,10 @@ struct TileReading {
   QString secondValue{}, secondUnit{};
   // At the right edge of the caption.
   QString fact{};
-  // In place of all figures: why there are none, or what state counts more; and the same in a word or two.
-  QString message{}, shortMessage{};
+  // In place of all figures: why there are none, or what state counts more.
+  QString message{};
+  // What a small tile says in place of the value, or of the message.
+  QString shortMessage{};
   QString symbol{};
   // What is shown by the pointer over the tile: the whole, and `help` below it, which says what the figures mean.
   QString tip{};
@@ -28,6 +30,8 @@ struct TileReading {
   // Such as a switch that is on, or a battery that is being charged.
   bool isOn = false;
   QList<qreal> history{};
+  // The top of the history's chart.
+  qreal ceiling = 100;
 
   friend bool operator==(const TileReading&, const TileReading&) = default;
 };
@@ -56,6 +60,7 @@ class LiveText : public QObject {
   Q_PROPERTY(int level READ level NOTIFY changed FINAL)
   Q_PROPERTY(bool isOn READ isOn NOTIFY changed FINAL)
   Q_PROPERTY(QList<qreal> history READ history NOTIFY changed FINAL)
+  Q_PROPERTY(qreal ceiling READ ceiling NOTIFY changed FINAL)
 
  public:
   using QObject::QObject;
@@ -77,7 +82,7 @@ class LiveText : public QObject {
   QString shortMessage() const { return reading_.shortMessage; }
   QString symbol() const { return reading_.symbol; }
   QString tip() const {
-    return reading_.help.isEmpty() ? reading_.tip
+    return reading_.help.isEmpty()  ? reading_.tip
            : reading_.tip.isEmpty() ? reading_.help
                                     : reading_.tip + u'\n' + reading_.help;
   }
@@ -88,6 +93,7 @@ class LiveText : public QObject {
   int level() const { return reading_.level; }
   bool isOn() const { return reading_.isOn; }
   QList<qreal> history() const { return reading_.history; }
+  qreal ceiling() const { return reading_.ceiling; }
 
  Q_SIGNALS:
   void changed();

@@ -14,14 +14,38 @@ TileFrame {
     // Off where a tile draws its figures itself.
     property bool hasFigures: true
 
-    value: hasMessage ? (isSmall ? reading.shortMessage : "") : !hasFigures ? "" : isSmall ? reading.figure : reading.value
+    // In a small tile the value stands in two lines under the symbol.
+    property bool wrapsInSmall: false
+    readonly property bool isWrapped: isSmall && wrapsInSmall && !hasMessage && reading.shortMessage !== ""
+
+    value: isWrapped ? "" : hasMessage ? (isSmall ? reading.shortMessage : "") : !hasFigures ? "" : !isSmall ? reading.value : reading.shortMessage !== "" ? reading.shortMessage : reading.figure
     unit: hasMessage || !hasFigures ? "" : reading.unit
     valueColor: hasMessage && reading.level === 0 ? Theme.ink2 : levelColor
-    subLine: hasMessage || !hasFigures ? "" : reading.subLine
+    subLine: hasMessage || !hasFigures || isWrapped ? "" : reading.subLine
     fact: reading.fact
     tip: reading.tip
     label: name + ", " + reading.spoken
 
+    Symbol {
+        visible: root.isWrapped
+        name: root.symbol
+        size: 18
+        color: Theme.ink2
+        anchors.horizontalCenter: parent.horizontalCenter
+    }
+    Label {
+        visible: root.isWrapped
+        y: 20
+        width: parent.width
+        height: 2 * Theme.captionStrong.line
+        text: root.reading.shortMessage
+        role: Theme.captionStrong
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        horizontalAlignment: Text.AlignHCenter
+        hasTip: false
+        Accessible.ignored: true
+    }
     Label {
         visible: root.hasMessage && !root.isSmall
         y: Theme.caption.line + 1

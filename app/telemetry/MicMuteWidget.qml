@@ -9,7 +9,7 @@ SwitchTile {
     reading: sound.microphone
     name: qsTr("Mic Mute")
     symbol: "mic"
-    onTone: Theme.neutral
-    offTone: Theme.red
+    litTone: Theme.neutral
+    unlitTone: Theme.red
     Accessible.checked: sound.isMicrophoneMuted
 }

@@ -45,7 +45,7 @@ TileFrame {
         visible: root.isKnown && !root.isSmall
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        width: parent.width - (root.isWide ? 80 : 46)
+        width: parent.width - (root.isWide ? 84 : 58)
         height: Theme.value.line + Theme.subLine.line
         system: root.system
     }

@@ -70,6 +70,8 @@ Popover {
             id: row
 
             required property string rowId
+            required title
+            required detail
 
             width: list.width
             symbol: "network"

@@ -13,11 +13,13 @@ namespace {
 
 constexpr int lowPercent = 20, emptyPercent = 10;
 
-TileReading measuring() { return {.value = QStringLiteral("–"), .subLine = tr("Measuring…")}; }
+TileReading measuring(const char* symbol) {
+  return {.value = QStringLiteral("–"), .subLine = tr("Measuring…"), .symbol = QLatin1String(symbol)};
+}
 
 TileReading noBattery() {
   const QString text = tr("This Mac runs on power");
-  return {.message = text, .shortMessage = tr("No battery"), .symbol = QStringLiteral("bolt"), .tip = text};
+  return {.message = text, .shortMessage = tr("None"), .symbol = QStringLiteral("bolt"), .tip = text};
 }
 
 QString batterySymbol(const PowerReading& power) {
@@ -54,7 +56,7 @@ QString batteryText(const Calendar& calendar, const BluetoothDevice& device) {
 }  // namespace
 
 TileReading batteryTile(const Calendar& calendar, const Sampled<PowerReading>& power) {
-  if (!power.value) return power.isUnavailable ? noBattery() : measuring();
+  if (!power.value) return power.isUnavailable ? noBattery() : measuring("battery.75percent");
   const PowerReading& reading = *power.value;
   if (!reading.percent) return noBattery();
   const QString state = toQString(PowerText::stateLine(reading));
@@ -74,7 +76,7 @@ TileReading batteryTile(const Calendar& calendar, const Sampled<PowerReading>& p
 }
 
 TileReading powerTile(const Calendar& calendar, const Sampled<PowerReading>& power) {
-  if (!power.value) return power.isUnavailable ? noBattery() : measuring();
+  if (!power.value) return power.isUnavailable ? noBattery() : measuring("bolt");
   const PowerReading& reading = *power.value;
   if (!reading.percent) return noBattery();
   TileReading tile = batteryTile(calendar, power);
@@ -95,7 +97,7 @@ TileReading powerTile(const Calendar& calendar, const Sampled<PowerReading>& pow
 }
 
 TileReading batteryHealthTile(const Calendar& calendar, const Sampled<BatteryHealthReading>& health) {
-  if (!health.value) return health.isUnavailable ? noBattery() : measuring();
+  if (!health.value) return health.isUnavailable ? noBattery() : measuring("heart");
   if (!health.value->health) return noBattery();
   const BatteryHealth& battery = *health.value->health;
   const QString capacity = battery.maximumCapacity ? percent(calendar, *battery.maximumCapacity / 100.0) : QString();
@@ -158,9 +160,7 @@ TileReading microphoneTile(const std::optional<SoundLevel>& microphone) {
 
 TileReading keepAwakeTile(bool isHeld, bool hasFailed) {
   if (hasFailed)
-    return {.value = tr("Failed"),
-            .tip = tr("The session does not let programs keep it awake"),
-            .level = 1};
+    return {.value = tr("Failed"), .tip = tr("The session does not let programs keep it awake"), .level = 1};
   return {.value = isHeld ? tr("Awake") : tr("Off"),
           .tip = isHeld ? tr("The computer stays awake. Click to switch") : tr("Keeps the Mac awake. Click to switch"),
           .isOn = isHeld};
@@ -173,15 +173,16 @@ TileReading bluetoothTile(const Calendar& calendar, const std::optional<Bluetoot
     return {.message = tr("Bluetooth is turned off"), .shortMessage = tr("Off"), .tip = tr("Bluetooth is turned off")};
   if (bluetooth->devices.empty())
     return {.message = tr("No devices connected"),
-            .shortMessage = tr("No device"),
+            .shortMessage = tr("None"),
             .tip = tr("No devices connected"),
             .isOn = true};
   const BluetoothDevice& first = bluetooth->devices.front();
   const auto more = static_cast<int>(bluetooth->devices.size()) - 1;
   const QString charge = batteryText(calendar, first);
+  const QString state = charge.isEmpty() ? tr("Connected") : charge;
   TileReading tile{.value = oneLine(first.name),
-                   .subLine = charge.isEmpty() ? tr("Connected") : charge,
-                   .fact = more > 0 ? QStringLiteral("+%1").arg(more) : QString(),
+                   .subLine = more > 0 ? tr("%1, %2 more").arg(state).arg(more) : state,
+                   .shortMessage = state,
                    .symbol = deviceSymbol(first.icon),
                    .isOn = true};
   if (first.batteryPercent) {

@@ -7,9 +7,9 @@ LiveTile {
     id: root
 
     // What the disc is filled with when on, and when off; a neutral one is plain.
-    property Tone onTone: Theme.blue
-    property Tone offTone: Theme.neutral
-    readonly property Tone tone: reading.isOn ? onTone : offTone
+    property Tone litTone: Theme.blue
+    property Tone unlitTone: Theme.neutral
+    readonly property Tone tone: reading.isOn ? litTone : unlitTone
     readonly property bool isPlain: tone === Theme.neutral
 
     span: TileFrame.Small
@@ -18,10 +18,11 @@ LiveTile {
     accessibleRole: Accessible.CheckBox
     Accessible.checkable: true
     Accessible.checked: reading.isOn
-    reserved: isSmall ? 0 : 40
+    valueRole: Theme.rowTitle
+    reserved: isSmall || hasMessage ? 0 : 40
 
     Rectangle {
-        visible: !(root.hasMessage && root.isSmall)
+        visible: !root.hasMessage
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
         y: root.isSmall ? 0 : parent.height - height + 2
         width: root.isSmall ? 36 : 32

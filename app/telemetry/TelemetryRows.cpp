@@ -89,8 +89,7 @@ std::vector<LiveRow> latencyRows(const Calendar& calendar, const std::deque<Late
     add("jitter", tr("Jitter"), milliseconds(calendar, stats.jitter));
   }
   if (!results.empty())
-    add("failures", tr("Without an answer"),
-        tr("%1 of %2").arg(stats.failures).arg(static_cast<int>(results.size())));
+    add("failures", tr("Without an answer"), tr("%1 of %2").arg(stats.failures).arg(static_cast<int>(results.size())));
   return rows;
 }
 

@@ -26,6 +26,12 @@ QList<qreal> percentages(const std::deque<double>& shares) {
   return list;
 }
 
+// "23" and "ms", "1.2" and "s"
+std::pair<QString, QString> span(const Calendar& calendar, double milliseconds) {
+  if (milliseconds < 999.5) return {number(calendar, milliseconds), tr("ms")};
+  return {toQString(decimal(calendar, milliseconds / 1000, 1)), tr("s")};
+}
+
 }  // namespace
 
 TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const std::deque<double>& history) {
@@ -37,7 +43,7 @@ TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const 
                    .help = help,
                    .percent = *gpu.value * 100,
                    .history = percentages(history)};
-  if (!history.empty()) tile.subLine = tr("max %1").arg(percent(calendar, *std::ranges::max_element(history)));
+  if (!history.empty()) tile.subLine = tr("max %1").arg(number(calendar, *std::ranges::max_element(history) * 100));
   return tile;
 }
 
@@ -93,7 +99,7 @@ TileReading topAppsTile(const Calendar& calendar, const Sampled<std::vector<Proc
 TileReading thermalTile(const Calendar& calendar, const Sampled<ThermalReading>& thermal) {
   const QString help =
       tr("The thermal state macOS reports. From Serious on, macOS slows the processor down to cool the Mac.");
-  if (thermal.isUnavailable) return saying(tr("No sensor found"), tr("No sensor"), help);
+  if (thermal.isUnavailable) return saying(tr("No sensor found"), tr("None"), help);
   if (!thermal.value) return measuring();
   const ThermalReading& reading = *thermal.value;
   const QString state = thermalName(reading.level);
@@ -132,10 +138,14 @@ TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& c
     return tile;
   }
   const double last = *check.value->milliseconds;
-  tile.value = number(calendar, last);
-  tile.unit = tr("ms");
+  const auto [figure, unit] = span(calendar, last);
+  tile.value = figure;
+  tile.unit = unit;
+  // What is quick lies low.
+  tile.ceiling = std::max(100.0, stats.maximum);
   tile.level = std::max(0, LatencyStats::level(last) - 1);
-  tile.subLine = results.size() > 1 ? tr("avg %1").arg(number(calendar, stats.average)) : QString();
+  const auto [average, averageUnit] = span(calendar, stats.average);
+  if (results.size() > 1) tile.subLine = tr("avg %1").arg(averageUnit == unit ? average : average + u' ' + averageUnit);
   if (stats.failures > 0) tile.tip = tr("%1 of %2 without an answer").arg(stats.failures).arg(results.size());
   return tile;
 }
@@ -162,7 +172,10 @@ TileReading addressTile(const Sampled<std::vector<NetworkAddress>>& addresses) {
   if (!addresses.value || addresses.value->empty()) return saying(tr("Not connected"), tr("Offline"));
   const NetworkAddress& first = addresses.value->front();
   const QString text = toQString(first.text), interface = oneLine(first.interface);
-  return {.value = text, .subLine = interface, .tip = text, .help = tr("Click to copy it")};
+  // In a narrow tile it breaks behind a dot or a colon.
+  QString breakable = text;
+  breakable.replace(u'.', QStringLiteral(".\u200b")).replace(u':', QStringLiteral(":\u200b"));
+  return {.value = text, .subLine = interface, .shortMessage = breakable, .tip = text, .help = tr("Click to copy it")};
 }
 
 TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<VolumeInfo>>& volumes,
@@ -177,6 +190,7 @@ TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<Volu
                    .subLine = isAsUsual ? tr("%1 free").arg(size(calendar, static_cast<std::uint64_t>(first.freeBytes)))
                                         : rows.front().detail,
                    .fact = rows.size() > 1 ? QStringLiteral("+%1").arg(rows.size() - 1) : QString(),
+                   .shortMessage = size(calendar, static_cast<std::uint64_t>(first.freeBytes)),
                    .percent = rows.front().percent.value_or(0),
                    .isOn = rows.front().isBusy};
   QStringList lines;
@@ -200,6 +214,9 @@ TileReading uptimeTile(const Calendar& calendar, Seconds sinceBoot, Instant now)
                                        : formattedDate(calendar, start, "dMMM");
   return {.value = text,
           .subLine = tr("since %1").arg(toQString(since)),
+          .shortMessage = days > 0    ? tr("%1 d").arg(days)
+                          : hours > 0 ? tr("%1 h").arg(hours)
+                                      : tr("%1 min").arg(minutes),
           .tip = tr("Started %1").arg(toQString(formattedDate(calendar, start, "EEEEdMMMMjmm")))};
 }
 
@@ -210,6 +227,7 @@ TileReading displayTile(const std::optional<DisplayReading>& display) {
   const QString resolution = QStringLiteral("%1 × %2").arg(display->width).arg(display->height);
   return {.value = resolution,
           .subLine = rate + u' ' + scale,
+          .shortMessage = resolution,
           .tip = joined({oneLine(display->name), resolution, rate, scale})};
 }
 

@@ -9,7 +9,7 @@ LiveTile {
     required property LiveRows rows
     readonly property bool hasList: !isSmall && !hasMessage && rows.count > 0
 
-    name: isSmall && !hasMessage && reading.subLine !== "" ? reading.subLine : qsTr("Top Apps")
+    name: isSmall && !hasMessage && rows.count > 0 ? reading.subLine : qsTr("Top Apps")
     symbol: "list.number"
     span: TileFrame.Large
     hasHeader: !isSmall && !hasList

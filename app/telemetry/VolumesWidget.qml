@@ -10,7 +10,8 @@ LiveTile {
 
     signal ejectAsked
 
-    name: qsTr("Volumes")
+    name: isSmall && hasDrive ? reading.value : qsTr("Volumes")
+    label: qsTr("Volumes, %1").arg(reading.spoken)
     symbol: "externaldrive"
     valueRole: Theme.rowTitle
     reserved: isSmall || !hasDrive ? 0 : 32

@@ -11,14 +11,14 @@ TileFrame {
 
     name: qsTr("CPU")
     symbol: "cpu"
-    value: isKnown ? Math.round(system.cpuPercent) : "–"
+    value: !isKnown ? "–" : span === TileFrame.Small ? system.cpuText : Math.round(system.cpuPercent)
     unit: isKnown ? "%" : ""
     subLine: isKnown ? system.coreCount === 1 ? qsTr("1 core") : qsTr("%1 cores").arg(system.coreCount) : qsTr("Measuring…")
-    reserved: span === TileFrame.Small ? 0 : 42
+    reserved: span === TileFrame.Small || !isKnown ? 0 : 42
     tip: isKnown ? qsTr("Processor load: %1 %").arg(Math.round(system.cpuPercent)) : ""
 
     Sparkline {
-        visible: root.span !== TileFrame.Small
+        visible: root.span !== TileFrame.Small && root.isKnown
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         values: root.system.cpuHistory

@@ -13,7 +13,7 @@ Row {
     required property string unit
     property bool isNarrow: false
 
-    spacing: 4
+    spacing: isNarrow ? 2 : 4
 
     Symbol {
         visible: root.symbol !== ""
@@ -37,15 +37,15 @@ Row {
         id: amount
 
         text: root.figure
-        widest: root.isNarrow ? "" : "888"
+        widest: root.isNarrow ? "" : "88.8"
         font: Theme.rowTitle.font
         color: Theme.ink
         height: Theme.rowTitle.line
         width: implicitWidth
     }
     Label {
-        visible: !root.isNarrow
-        text: root.unit
+        // "M" for "MB/s": the tip has it whole.
+        text: root.isNarrow ? root.unit.charAt(0) : root.unit
         role: Theme.subLine
         color: Theme.ink2
         hasTip: false

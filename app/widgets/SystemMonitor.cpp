@@ -103,9 +103,9 @@ qreal SystemMonitor::networkCeiling() const {
 }
 
 QString SystemMonitor::percentText(qreal percent) const {
-  return std::isnan(percent) ? QString()
-                             : QString::fromStdString(decimal(calendar_, std::round(percent), 0)) +
-                                   QStringLiteral(" %");
+  return std::isnan(percent)
+             ? QString()
+             : QString::fromStdString(decimal(calendar_, std::round(percent), 0)) + QStringLiteral(" %");
 }
 
 QString SystemMonitor::cpuText() const { return percentText(cpuPercent()); }
