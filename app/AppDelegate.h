@@ -159,6 +159,7 @@ class AppDelegate : public QObject {
   std::unique_ptr<FocusModels> focus_;
   std::unique_ptr<LiveModels> live_;
   std::unique_ptr<WeatherModels> weather_;
+  LiveModels::Need batteryNeed_, busiestNeed_;  // of the rules
   std::unique_ptr<BuddyNoticeCenter> notices_;
   std::unique_ptr<DiskCleaner> disk_;
   std::unique_ptr<DiskDoctor> diskDoctorModel_;

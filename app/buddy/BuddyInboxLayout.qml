@@ -64,6 +64,7 @@ Popover {
             if (!root.presentation.isShown)
                 return;
             list.positionViewAtBeginning();
+            root.chosenKey = root.inbox.keyToShow();
         }
     }
 

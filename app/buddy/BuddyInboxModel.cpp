@@ -54,6 +54,12 @@ void BuddyInboxModel::showDigest(const std::vector<AgentWatch::DigestEntry>& dig
   Q_EMIT digestChanged();
 }
 
+QString BuddyInboxModel::keyToShow() const {
+  for (const InboxRecord& record : rows())
+    if (record.isNew && !record.notice.actions.empty()) return record.key;
+  return {};
+}
+
 const BuddyNotice* BuddyInboxModel::noticeOf(const QString& key) const {
   for (const InboxRecord& record : rows())
     if (record.key == key) return &record.notice;

@@ -60,6 +60,8 @@ class BuddyInboxModel : public RecordListModel<InboxRecord, QString> {
   int newCount() const { return newCount_; }
   QVariantList digest() const { return digest_; }
   QString digestSince() const { return digestSince_; }
+  // Of the newest notice that is new and offers something; empty when there is none.
+  Q_INVOKABLE QString keyToShow() const;
   // Null when it is there no more.
   const BuddyNotice* noticeOf(const QString& key) const;
 

@@ -51,14 +51,39 @@ TileFrame {
     BuddyFace {
         id: face
 
-        x: root.isSmall ? Math.round((parent.width - width) / 2) : 0
+        x: words.visible || count.visible ? 0 : Math.round((parent.width - width) / 2)
         anchors.verticalCenter: parent.verticalCenter
         size: Math.round(50 * Theme.textScale)
         pose: root.center.buddy.pose
         live: root.live
     }
     Column {
-        visible: !root.isSmall
+        id: count
+
+        visible: root.span === TileFrame.Medium && root.newCount > 0
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+
+        Label {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.newCount
+            role: Theme.value
+            hasTip: false
+            Accessible.ignored: true
+        }
+        Label {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: qsTr("new")
+            role: Theme.subLine
+            color: Theme.ink2
+            hasTip: false
+            Accessible.ignored: true
+        }
+    }
+    Column {
+        id: words
+
+        visible: root.span === TileFrame.Large || root.span === TileFrame.ExtraLarge
         anchors.left: face.right
         anchors.leftMargin: Theme.space2
         anchors.right: parent.right

@@ -44,7 +44,7 @@ SettingsPage {
 
         SettingChoice {
             title: qsTr("Buddy speaks up")
-            detail: qsTr("During a focus session, notes that can wait come at the break. Buddy sleeps when nothing happens.")
+            detail: qsTr("Buddy speaks up when an agent needs you, a meeting starts or a limit is near.")
             options: [qsTr("Always"), qsTr("If important"), qsTr("Never")]
             values: ["all", "important", "off"]
             value: root.settings.buddyLevel
@@ -68,10 +68,15 @@ SettingsPage {
         }
         SettingSwitch {
             title: qsTr("Only agents out of view")
-            detail: qsTr("Stays quiet about the agent in front of you")
+            detail: qsTr("An agent is in view while its app is in front, and for 20 seconds after. When you come back to an agent after 2 minutes, Buddy's notes list what the others did meanwhile.")
             enabled: root.settings.buddyLevel !== "off"
             checked: root.settings.buddyOnlyUnfocusedAgents
             onToggled: checked => root.settings.buddyOnlyUnfocusedAgents = checked
+        }
+        SectionRow {
+            title: qsTr("Focus sessions")
+            detail: qsTr("During a focus session, notes that can wait come at the break. Buddy sleeps when nothing happens.")
+            enabled: root.settings.buddyLevel !== "off"
         }
     }
     Section {

@@ -4,12 +4,14 @@
 
 #include "app/AppDelegate.h"
 #include "app/base/QmlObjects.h"
-#include "app/base/StoredValue.h"
+#include "core/buddy/Thresholds.h"
 
 namespace ambrel {
 namespace {
 
 const QString widget = QStringLiteral("buddy");
+// How often the battery is looked at while no tile shows it, and the busiest program while the load is high.
+constexpr Seconds batteryRhythm{30}, busiestRhythm{5};
 
 }  // namespace
 
@@ -29,6 +31,20 @@ void AppDelegate::makeBuddy() {
     signals.codex = usage_->codex();
     signals.cpuUsage = system_->cpuUsage();
     if (const auto disk = system_->disk()) signals.diskFreeBytes = disk->freeBytes;
+  });
+  batteryNeed_ = live_->require(live_->power(), batteryRhythm);
+  notices_->addSignals([this](BuddySignals& signals) {
+    const auto& power = live_->power().value();
+    // At the mains it may rest without charging, and then there is no charger to look for.
+    if (power && power->percent)
+      signals.battery = {.percent = *power->percent, .isCharging = power->isCharging || power->isOnAdapter};
+    if (!signals.cpuUsage || *signals.cpuUsage <= BuddyThresholds::highLoad) {
+      busiestNeed_.reset();
+      return;
+    }
+    if (!busiestNeed_) busiestNeed_ = live_->require(live_->topApps(), busiestRhythm);
+    const auto& busiest = live_->topApps().value();
+    if (busiest && !busiest->empty()) signals.topProcess = busiest->front().name;
   });
   notices_->addSignals([this](BuddySignals& signals) {
     const Instant now = surroundings_.now();
