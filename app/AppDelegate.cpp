@@ -236,6 +236,7 @@ void AppDelegate::makeDock() {
                                                                            .later = later()});
   keep({dock_.get()});
   dock_->isHoldingOpen = [this] { return isAnyPanelOpen() || notices_->hasBubble(); };
+  dock_->onKeyboardLeft = [this] { desktop_.workspace.activateLast(); };
   dock_->onMaxLength = [this](qreal length) { context_->barLimits()->setMaxLength(length); };
   desktop_.screens.setChangeHandler([this] {
     model_.refreshDisplays();

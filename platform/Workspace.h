@@ -29,6 +29,8 @@ class Workspace {
   virtual bool activate(std::string_view bundleID) = 0;
   // The program's name as people know it: its desktop entry's, or one made of the identifier.
   virtual std::string nameOf(std::string_view bundleID) const = 0;
+  // Gives the front back to the window that had it before one of our own; nothing when that has gone.
+  virtual void activateLast() = 0;
   // Starts the program through its desktop entry; false when it is not installed or cannot be started.
   virtual bool open(std::string_view bundleID) = 0;
 };

@@ -157,7 +157,11 @@ void DockPanelController::revealForKeyboard() {
 
 void DockPanelController::leaveKeyboard() {
   if (!std::exchange(hasKeyboard_, false) || !window_) return;
+  const bool wasActive = window_->isActive();
+  if (window_->rootObject()) window_->rootObject()->setFocus(false);
   window_->setFlag(Qt::WindowDoesNotAcceptFocus, true);
+  // Another window that has come to the front keeps it.
+  if (wasActive && onKeyboardLeft) onKeyboardLeft();
   tick(seams_.now());
 }
 

@@ -58,6 +58,8 @@ class DockPanelController : public QObject {
 
   // True while a panel that is anchored to the bar is open.
   std::function<bool()> isHoldingOpen;
+  // Called when the user is done with the keyboard here, and whoever had it before may have it back.
+  std::function<void()> onKeyboardLeft;
   // Told the longest that the bar may be, whenever the placement is reckoned.
   std::function<void(qreal)> onMaxLength;
 

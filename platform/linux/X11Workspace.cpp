@@ -24,11 +24,13 @@ std::vector<int> pidsOf(const std::vector<WindowRecord>& windows) {
 
 }  // namespace
 
-X11Workspace::X11Workspace(X11Connection* connection, std::filesystem::path proc, ProgramFolders folders)
-    : connection_(connection), proc_(std::move(proc)), programs_(std::move(folders)) {
+X11Workspace::X11Workspace(X11Connection* connection, std::filesystem::path proc, ProgramFolders folders,
+                           int ownProcess)
+    : connection_(connection), proc_(std::move(proc)), programs_(std::move(folders)), ownProcess_(ownProcess) {
   if (!connection_) return;
   connection_->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
   lastActive_ = activeWindow();
+  if (!isOwn(lastActive_)) lastForeign_ = lastActive_;
   const xcb_atom_t active = connection_->atom("_NET_ACTIVE_WINDOW");
   watch_ = connection_->watch([this, active](const xcb_generic_event_t& event) {
     if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY) return;
@@ -37,6 +39,7 @@ X11Workspace::X11Workspace(X11Connection* connection, std::filesystem::path proc
     const xcb_window_t now = activeWindow();
     if (now == lastActive_) return;
     lastActive_ = now;
+    if (now != XCB_WINDOW_NONE && !isOwn(now)) lastForeign_ = now;
     if (handler_) handler_();
   });
 }
@@ -60,10 +63,27 @@ bool X11Workspace::isRunning(std::string_view bundleID) const { return findWindo
 bool X11Workspace::activate(std::string_view bundleID) {
   const auto window = findWindow(bundleID);
   if (!window) return false;
+  bringForward(*window);
+  return true;
+}
+
+void X11Workspace::activateLast() {
+  if (!isConnected() || lastForeign_ == XCB_WINDOW_NONE) return;
+  const auto all = windows();
+  if (std::ranges::find(all, lastForeign_, &WindowRecord::id) != all.end()) bringForward(lastForeign_);
+}
+
+bool X11Workspace::isOwn(xcb_window_t window) const {
+  if (window == XCB_WINDOW_NONE) return false;
+  const auto pid = connection_->numbers(window, connection_->atom("_NET_WM_PID"));
+  return !pid.empty() && static_cast<int>(pid.front()) == ownProcess_;
+}
+
+void X11Workspace::bringForward(xcb_window_t window) {
   xcb_client_message_event_t message{};
   message.response_type = XCB_CLIENT_MESSAGE;
   message.format = 32;
-  message.window = *window;
+  message.window = window;
   message.type = connection_->atom("_NET_ACTIVE_WINDOW");
   message.data.data32[0] = 2;  // at the user's wish, through a panel
   message.data.data32[1] = connection_->serverTime();
@@ -72,7 +92,6 @@ bool X11Workspace::activate(std::string_view bundleID) {
                  XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                  reinterpret_cast<const char*>(&message));
   connection_->flush();
-  return true;
 }
 
 std::string X11Workspace::nameOf(std::string_view bundleID) const {

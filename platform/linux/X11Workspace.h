@@ -2,6 +2,7 @@
 // Other programs under X11: the window manager's properties (EWMH), /proc and desktop entries.
 
 #include <filesystem>
+#include <unistd.h>
 
 #include "core/workspace/Applications.h"
 #include "platform/Workspace.h"
@@ -13,18 +14,23 @@ namespace ambrel {
 class X11Workspace : public Workspace {
  public:
   // Without a connection nothing is in front and nothing runs; programs can still be opened.
-  X11Workspace(X11Connection* connection, std::filesystem::path proc, ProgramFolders folders);
+  // `ownProcess` is whose windows are our own.
+  X11Workspace(X11Connection* connection, std::filesystem::path proc, ProgramFolders folders,
+               int ownProcess = getpid());
 
   std::vector<std::string> frontmost() const override;
   void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   bool isRunning(std::string_view bundleID) const override;
   bool activate(std::string_view bundleID) override;
+  void activateLast() override;
   std::string nameOf(std::string_view bundleID) const override;
   bool open(std::string_view bundleID) override;
 
  private:
   bool isConnected() const { return connection_ && !connection_->isBroken(); }
   xcb_window_t activeWindow() const;
+  bool isOwn(xcb_window_t window) const;
+  void bringForward(xcb_window_t window);
   // From the bottom to the top.
   std::vector<WindowRecord> windows() const;
   std::optional<std::uint32_t> findWindow(std::string_view bundleID) const;
@@ -33,7 +39,9 @@ class X11Workspace : public Workspace {
   X11Connection* connection_;
   std::filesystem::path proc_;
   mutable InstalledPrograms programs_;
+  int ownProcess_;
   xcb_window_t lastActive_ = XCB_WINDOW_NONE;
+  xcb_window_t lastForeign_ = XCB_WINDOW_NONE;
   std::function<void()> handler_;
   X11Watch watch_;
 };

@@ -38,6 +38,7 @@ class Client {
     process_.waitForStarted();
   }
   ~Client() { stop(); }
+  int pid() const { return static_cast<int>(process_.processId()); }
   void stop() {
     if (process_.state() == QProcess::NotRunning) return;
     process_.terminate();

@@ -82,6 +82,25 @@ TEST_F(WorkspaceOnX11, AnAgentThatEndsIsNoLongerRunning) {
   EXPECT_TRUE(waitFor([&] { return !workspace_->isRunning(claude); }));
 }
 
+TEST_F(WorkspaceOnX11, TheFrontGoesBackToWhoHadIt) {
+  const Client other("xterm", {"-e", file("claude"), "60"});
+  ASSERT_TRUE(isInFront({"test.Terminal", claude}));
+  const Client ours("xterm", {"-class", "Cursor", "-e", "sleep", "60"});
+  ASSERT_TRUE(isInFront({"com.todesktop.230313mzl4w4u92"}));
+  X11Workspace workspace(connection_.get(), "/proc", {}, ours.pid());
+  workspace.activateLast();
+  EXPECT_TRUE(isInFront({"com.todesktop.230313mzl4w4u92"})) << "nobody is known to have had it";
+  int changes = 0;
+  workspace.setFrontmostHandler([&] { ++changes; });
+  for (const std::string& next : {claude, std::string("com.todesktop.230313mzl4w4u92")}) {
+    const int before = changes;
+    ASSERT_TRUE(workspace_->activate(next));
+    ASSERT_TRUE(waitFor([&] { return changes > before; }));
+  }
+  workspace.activateLast();
+  EXPECT_TRUE(isInFront({"test.Terminal", claude}));
+}
+
 TEST_F(WorkspaceOnX11, AWindowClassIsEnough) {
   const Client editor("xterm", {"-class", "Cursor", "-e", "sleep", "60"});
   EXPECT_TRUE(isInFront({"com.todesktop.230313mzl4w4u92"}));

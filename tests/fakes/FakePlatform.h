@@ -79,6 +79,7 @@ class FakeWorkspace : public Workspace {
     const auto found = names.find(bundleID);
     return found == names.end() ? std::string(bundleID) : found->second;
   }
+  void activateLast() override { ++givenBack; }
   bool open(std::string_view bundleID) override {
     if (!installed.contains(bundleID)) return false;
     opened.emplace_back(bundleID);
@@ -96,6 +97,7 @@ class FakeWorkspace : public Workspace {
   std::set<std::string, std::less<>> installed;
   std::vector<std::string> activated;
   std::vector<std::string> opened;
+  int givenBack = 0;
 
  private:
   std::function<void()> handler_;

@@ -31,6 +31,7 @@ class DockPanelControllerTests : public QObject {
   void aBarThatIsRevealedOverARestingPointerLeaves();
   void alwaysVisibleItStaysAndThenGoesByThePointer();
   void theKeyboardHoldsIt();
+  void aWindowThatTakesTheKeyboardKeepsIt();
   void aPointerThatRestsCostsNothing();
   void withoutAnnouncementsItLooksByItself();
   void itsWindowComesAndGoesInSteps();
@@ -194,11 +195,33 @@ void DockPanelControllerTests::theKeyboardHoldsIt() {
   BarFixture f;
   f.bar.start();
   f.bar.revealForKeyboard();
+  int givenBack = 0;
+  f.bar.onKeyboardLeft = [&] { ++givenBack; };
+  QVERIFY(QTest::qWaitForWindowActive(f.bar.window()));
   f.pass(60);
   QVERIFY(f.isShown());
   f.bar.leaveKeyboard();
+  QCOMPARE(givenBack, 1);
+  const auto* window = qobject_cast<QQuickWindow*>(f.bar.window());
+  QVERIFY(!window->activeFocusItem() || window->activeFocusItem() == window->contentItem());
   f.pass(0.6);
   QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aWindowThatTakesTheKeyboardKeepsIt() {
+  BarFixture f;
+  f.bar.start();
+  f.bar.revealForKeyboard();
+  int givenBack = 0;
+  f.bar.onKeyboardLeft = [&] { ++givenBack; };
+  QVERIFY(QTest::qWaitForWindowActive(f.bar.window()));
+  QWindow other;
+  other.show();
+  other.requestActivate();
+  QVERIFY(QTest::qWaitForWindowActive(&other));
+  f.pass(0.6);
+  QVERIFY(!f.isShown());
+  QCOMPARE(givenBack, 0);
 }
 
 void DockPanelControllerTests::aPointerThatRestsCostsNothing() {

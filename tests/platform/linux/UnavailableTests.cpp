@@ -38,6 +38,7 @@ TEST(WithoutXServer, NothingIsInFrontAndNothingRuns) {
   X11Workspace workspace(nullptr, "/proc", {});
   EXPECT_TRUE(workspace.frontmost().empty());
   EXPECT_FALSE(workspace.isRunning("com.openai.codex"));
+  workspace.activateLast();
   EXPECT_FALSE(workspace.activate("com.openai.codex"));
   EXPECT_FALSE(workspace.open("com.openai.codex"));
 }
