@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "app/dock/PanelWindow.h"
+#include "app/kit/KeyboardFocus.h"
 
 namespace ambrel {
 namespace {
@@ -150,6 +151,7 @@ void DockPanelController::revealForKeyboard() {
   reveal();
   if (!window_) return;
   hasKeyboard_ = true;
+  keyboardFocusOf(engine_).setIsShown(true);
   window_->setFlag(Qt::WindowDoesNotAcceptFocus, false);
   window_->requestActivate();
   if (window_->rootObject()) window_->rootObject()->forceActiveFocus(Qt::TabFocusReason);

@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// The ring around its parent while the keyboard stands on it.
+// The ring around its parent while the keyboard stands on it and is used.
 Rectangle {
     id: root
 
@@ -14,5 +14,5 @@ Rectangle {
     color: "transparent"
     border.width: 2
     border.color: Theme.accent
-    visible: shown
+    visible: shown && KeyboardFocus.isShown
 }

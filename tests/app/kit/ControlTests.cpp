@@ -20,6 +20,7 @@ class ControlTests : public QObject {
   void everyControlHasANameAndARole_data();
   void everyControlHasANameAndARole();
   void menuWalks();
+  void theRingShowsForTheKeyboardAlone();
   void panelClosesOnEscape();
   void fieldClearsBeforeItCloses();
   void toastGoesAfterItsTime();
@@ -187,6 +188,24 @@ void ControlTests::menuWalks() {
   QCOMPARE(focused(), QString("a"));
   QTest::keyClick(&scene.window(), Qt::Key_Escape);
   QCOMPARE(scene.root()->property("last").toString(), QString("closed"));
+}
+
+void ControlTests::theRingShowsForTheKeyboardAlone() {
+  Scene scene;
+  QVERIFY(scene.load(page("Button { objectName: 'one'; focus: true; text: 'Go' }\n"
+                          "Button { objectName: 'two'; y: 50; text: 'Stop' }")));
+  const auto ringed = [&](const char* name) {
+    for (QQuickItem* child : scene.find(QLatin1String(name))->childItems())
+      if (child->inherits("QQuickRectangle") && child->isVisible() && child->x() < 0) return true;
+    return false;
+  };
+  QVERIFY(scene.find("one")->hasActiveFocus());
+  QVERIFY2(!ringed("one"), "nobody has touched a key yet");
+  QTest::keyClick(&scene.window(), Qt::Key_Tab);
+  QVERIFY(ringed("two"));
+  QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {150, 90});
+  QVERIFY(scene.find("two")->hasActiveFocus());
+  QVERIFY(!ringed("two"));
 }
 
 void ControlTests::panelClosesOnEscape() {
