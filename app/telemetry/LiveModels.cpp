@@ -17,6 +17,8 @@ constexpr Seconds latencyInterval{30};
 constexpr std::size_t gpuLength = 20;
 // Ten minutes of probes.
 constexpr std::size_t latencyLength = 20;
+// How long a row says why its drive was not ejected.
+constexpr Seconds refusalStays{30};
 constexpr std::size_t shownPrograms = 3, listedPrograms = 12;
 
 template <typename Raw, typename Value>
@@ -163,9 +165,13 @@ void LiveModels::publishPower() {
 
 void LiveModels::publishVolumes() {
   const auto list = volumes_.value().value_or(std::vector<VolumeInfo>{});
-  // What has gone needs no word any more.
-  std::erase_if(ejects_, [&](const auto& eject) {
-    return !eject.second.isUnderWay && std::ranges::find(list, eject.first, &VolumeInfo::url) == list.end();
+  // What has gone needs no word any more, and after a while what has stayed does not either.
+  const Instant now = seams_.now();
+  std::erase_if(ejects_, [&](const auto& entry) {
+    const auto& [url, eject] = entry;
+    if (eject.isUnderWay) return false;
+    return std::ranges::find(list, url, &VolumeInfo::url) == list.end() ||
+           secondsBetween(eject.endedAt, now) > refusalStays;
   });
   volumesText_.set(volumesTile(seams_.calendar, sampled(volumes_), ejects_));
   volumeRows_.set(ambrel::volumeRows(seams_.calendar, list, ejects_));
@@ -185,11 +191,11 @@ void LiveModels::eject(const QString& url) {
   if (!list) return;
   const auto volume = std::ranges::find(*list, key, &VolumeInfo::url);
   if (volume == list->end() || ejects_[key].isUnderWay) return;
-  ejects_[key] = {.isUnderWay = true, .result = std::nullopt};
+  ejects_[key] = {.isUnderWay = true};
   publishVolumes();
   seams_.volumes.eject(key, [self = QPointer(this), key, name = toQString(volume->name)](const EjectResult& result) {
     if (!self) return;
-    self->ejects_[key] = {.isUnderWay = false, .result = result};
+    self->ejects_[key] = {.isUnderWay = false, .result = result, .endedAt = self->seams_.now()};
     self->publishVolumes();
     self->volumes_.refresh(self->seams_.now());
     if (self->onEjected) self->onEjected(name, result);

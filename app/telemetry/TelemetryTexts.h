@@ -56,7 +56,8 @@ TileReading displayTile(const std::optional<DisplayReading>& display);
 
 struct Eject {
   bool isUnderWay = false;
-  std::optional<EjectResult> result;  // what came of the last try
+  std::optional<EjectResult> result{};  // what came of the last try
+  Instant endedAt{};
 };
 using Ejects = std::map<std::string, Eject>;  // by url
 // Why the drive is still there, in words.

@@ -34,13 +34,25 @@ Age ageIn(double seconds) {
   return {std::floor(seconds / 86400), UDAT_REL_UNIT_DAY, icu::MeasureUnit::getDay()};
 }
 
-std::string nowWord(const Calendar& calendar) {
+// What `write` makes of the locale's words for ages; empty when it has none.
+template <typename Write>
+std::string inWords(const Calendar& calendar, Write write) {
+  const Calendar::Impl& impl = calendar.impl();
+  const std::scoped_lock lock(impl.mutex);
   UErrorCode error = U_ZERO_ERROR;
-  const icu::RelativeDateTimeFormatter format(calendar.impl().locale, nullptr, UDAT_STYLE_NARROW,
-                                              UDISPCTX_CAPITALIZATION_NONE, error);
+  if (!impl.ages)
+    impl.ages = std::make_unique<icu::RelativeDateTimeFormatter>(impl.locale, nullptr, UDAT_STYLE_NARROW,
+                                                                 UDISPCTX_CAPITALIZATION_NONE, error);
   icu::UnicodeString out;
-  format.format(UDAT_DIRECTION_PLAIN, UDAT_ABSOLUTE_NOW, out, error);
-  return U_SUCCESS(error) ? utf8(out) : "now";
+  write(*impl.ages, out, error);
+  return U_SUCCESS(error) ? utf8(out) : std::string();
+}
+
+std::string nowWord(const Calendar& calendar) {
+  const std::string word = inWords(calendar, [](const auto& format, icu::UnicodeString& out, UErrorCode& error) {
+    format.format(UDAT_DIRECTION_PLAIN, UDAT_ABSOLUTE_NOW, out, error);
+  });
+  return word.empty() ? "now" : word;
 }
 
 }  // namespace
@@ -74,67 +86,95 @@ std::string relativeAge(const Calendar& calendar, Instant instant, Instant now) 
   const double seconds = secondsBetween(instant, now).count();
   if (seconds < 1) return nowWord(calendar);
   const Age age = ageIn(seconds);
-  UErrorCode error = U_ZERO_ERROR;
-  const icu::RelativeDateTimeFormatter format(calendar.impl().locale, nullptr, UDAT_STYLE_NARROW,
-                                              UDISPCTX_CAPITALIZATION_NONE, error);
-  icu::UnicodeString out;
-  format.formatNumeric(-age.count, age.relative, out, error);
-  return U_SUCCESS(error) ? utf8(out) : std::string{};
+  return inWords(calendar, [&](const auto& format, icu::UnicodeString& out, UErrorCode& error) {
+    format.formatNumeric(-age.count, age.relative, out, error);
+  });
 }
+
+namespace {
+
+// `shape` completes the format the first time. A format may be used by several threads once it is made.
+template <typename Shape>
+const icu::number::LocalizedNumberFormatter& numberFormat(const Calendar& calendar, Calendar::Impl::NumberKind kind,
+                                                          int variant, Shape shape) {
+  const Calendar::Impl& impl = calendar.impl();
+  const std::scoped_lock lock(impl.mutex);
+  const auto key = std::pair(kind, variant);
+  const auto found = impl.numbers.find(key);
+  if (found != impl.numbers.end()) return found->second;
+  return impl.numbers.emplace(key, shape(icu::number::NumberFormatter::withLocale(impl.locale))).first->second;
+}
+
+using NumberKind = Calendar::Impl::NumberKind;
+constexpr int anyFraction = -1;
+
+std::string compact(const Calendar& calendar, std::int64_t count, int fraction) {
+  UErrorCode error = U_ZERO_ERROR;
+  return utf8(numberFormat(calendar, NumberKind::compact, fraction,
+                           [&](const auto& format) {
+                             const auto brief = format.notation(icu::number::Notation::compactShort());
+                             return fraction == anyFraction
+                                        ? brief
+                                        : brief.precision(icu::number::Precision::maxFraction(fraction));
+                           })
+                  .formatInt(count, error)
+                  .toString(error));
+}
+
+}  // namespace
 
 std::string shortAge(const Calendar& calendar, Instant instant, Instant now) {
   const double seconds = secondsBetween(instant, now).count();
   if (seconds < 60) return nowWord(calendar);
   const Age age = ageIn(seconds);
   UErrorCode error = U_ZERO_ERROR;
-  const auto text = icu::number::NumberFormatter::withLocale(calendar.impl().locale)
-                        .unit(age.measure)
-                        .unitWidth(UNUM_UNIT_WIDTH_SHORT)
-                        .precision(icu::number::Precision::integer())
+  const auto text = numberFormat(calendar, NumberKind::age, age.relative,
+                                 [&](const auto& format) {
+                                   return format.unit(age.measure)
+                                       .unitWidth(UNUM_UNIT_WIDTH_SHORT)
+                                       .precision(icu::number::Precision::integer());
+                                 })
                         .formatDouble(age.count, error)
                         .toString(error);
   return U_SUCCESS(error) ? utf8(text) : std::string{};
 }
 
-std::string compactCount(const Calendar& calendar, std::int64_t count) {
-  UErrorCode error = U_ZERO_ERROR;
-  const auto format = icu::number::NumberFormatter::withLocale(calendar.impl().locale)
-                          .notation(icu::number::Notation::compactShort());
-  return utf8(format.formatInt(count, error).toString(error));
-}
+std::string compactCount(const Calendar& calendar, std::int64_t count) { return compact(calendar, count, anyFraction); }
 
 std::string compactCount(const Calendar& calendar, std::int64_t count, int fraction) {
-  UErrorCode error = U_ZERO_ERROR;
-  return utf8(icu::number::NumberFormatter::withLocale(calendar.impl().locale)
-                  .notation(icu::number::Notation::compactShort())
-                  .precision(icu::number::Precision::maxFraction(fraction))
-                  .formatInt(count, error)
-                  .toString(error));
+  return compact(calendar, count, fraction);
 }
 
 std::string fileSize(const Calendar& calendar, std::int64_t bytes) {
   UErrorCode error = U_ZERO_ERROR;
-  const icu::MeasureUnit units[] = {icu::MeasureUnit::getByte(), icu::MeasureUnit::getKilobyte(),
-                                    icu::MeasureUnit::getMegabyte(), icu::MeasureUnit::getGigabyte(),
-                                    icu::MeasureUnit::getTerabyte()};
+  constexpr int largest = 4;
   auto value = static_cast<double>(bytes);
-  std::size_t unit = 0;
-  while (std::abs(value) >= 999.5 && unit + 1 < std::size(units)) {
+  int unit = 0;
+  while (std::abs(value) >= 999.5 && unit < largest) {
     value /= 1000;
     ++unit;
   }
-  return utf8(icu::number::NumberFormatter::withLocale(calendar.impl().locale)
-                  .unit(units[unit])
-                  .unitWidth(unit == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT)
-                  .precision(icu::number::Precision::maxFraction(unit < 2 ? 0 : unit == 2 ? 1 : 2))
+  return utf8(numberFormat(calendar, NumberKind::size, unit,
+                           [&](const auto& format) {
+                             const icu::MeasureUnit units[] = {
+                                 icu::MeasureUnit::getByte(), icu::MeasureUnit::getKilobyte(),
+                                 icu::MeasureUnit::getMegabyte(), icu::MeasureUnit::getGigabyte(),
+                                 icu::MeasureUnit::getTerabyte()};
+                             return format.unit(units[unit])
+                                 .unitWidth(unit == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT)
+                                 .precision(
+                                     icu::number::Precision::maxFraction(unit < 2 ? 0 : unit == 2 ? 1 : 2));
+                           })
                   .formatDouble(value, error)
                   .toString(error));
 }
 
 std::string decimal(const Calendar& calendar, double value, int fraction) {
   UErrorCode error = U_ZERO_ERROR;
-  return utf8(icu::number::NumberFormatter::withLocale(calendar.impl().locale)
-                  .precision(icu::number::Precision::maxFraction(fraction))
+  return utf8(numberFormat(calendar, NumberKind::decimal, fraction,
+                           [&](const auto& format) {
+                             return format.precision(icu::number::Precision::maxFraction(fraction));
+                           })
                   .formatDouble(value, error)
                   .toString(error));
 }

@@ -1,0 +1,264 @@
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "tests/app/telemetry/Computer.h"
+
+namespace ambrel {
+
+using enum DockWidget;
+
+class LiveModelsTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void onlyWhatIsShownIsRead_data();
+  void onlyWhatIsShownIsRead();
+  void nothingIsReadOutOfSight();
+  void aNeedKeepsASamplerReadingInItsOwnRhythm();
+  void comingIntoSightReadsAtOnce();
+  void theLatencyIsProbedEveryThirtySeconds();
+  void whatSpeaksUpByItselfIsListenedToWhileItsTileStands();
+  void textsAreAnnouncedOnlyWhenTheyDiffer();
+  void theThreeBusiestMoveWithoutAReset();
+  void aDriveIsEjectedOnceAndSaysWhatCameOfIt();
+  void beingKeptAwakeEndsWithItsTile();
+  void aRefusalToStayAwakeIsSaid();
+  void theUptimeIsTheTimeSinceBoot();
+};
+
+void LiveModelsTests::onlyWhatIsShownIsRead_data() {
+  QTest::addColumn<int>("widget");
+  QTest::addColumn<QStringList>("running");
+  const auto row = [](DockWidget widget, const QStringList& running) {
+    QTest::newRow(nameOf(widget).data()) << static_cast<int>(widget) << running;
+  };
+  row(cpu, {});
+  row(DockWidget::gpu, {"gpu"});
+  row(memoryPressure, {"pressure"});
+  row(diskActivity, {"diskActivity"});
+  row(topApps, {"topApps"});
+  row(batteryHealth, {"batteryHealth"});
+  row(power, {"power"});
+  row(battery, {"power"});
+  row(wifi, {"wifi"});
+  row(latency, {"latency"});
+  row(DockWidget::volumes, {"volumes"});
+  row(thermal, {"thermal"});
+  row(ipAddress, {"addresses"});
+  row(uptime, {});
+}
+
+void LiveModelsTests::onlyWhatIsShownIsRead() {
+  QFETCH(int, widget);
+  QFETCH(QStringList, running);
+  Computer computer;
+  computer.show({static_cast<DockWidget>(widget)});
+  LiveModels& live = computer.live;
+  QStringList ran;
+  for (const auto& [name, sampler] : std::initializer_list<std::pair<const char*, SamplerBase*>>{
+           {"gpu", &live.gpu()},
+           {"pressure", &live.pressure()},
+           {"diskActivity", &live.diskActivity()},
+           {"topApps", &live.topApps()},
+           {"batteryHealth", &live.batteryHealth()},
+           {"power", &live.power()},
+           {"wifi", &live.wifi()},
+           {"latency", &live.latency()},
+           {"volumes", &live.volumes()},
+           {"thermal", &live.thermal()},
+           {"addresses", &live.addresses()}})
+    if (sampler->lastRun()) ran << QLatin1String(name);
+  QCOMPARE(ran, running);
+}
+
+void LiveModelsTests::nothingIsReadOutOfSight() {
+  Computer computer;
+  computer.show(Computer::everything(), false);
+  computer.pass(30);
+  QCOMPARE(computer.telemetry.reads, 0);
+  QCOMPARE(computer.probe.probes, 0);
+}
+
+void LiveModelsTests::aNeedKeepsASamplerReadingInItsOwnRhythm() {
+  Computer computer;
+  computer.bePlentiful();
+  LiveModels::Need need = computer.live.require(computer.live.topApps(), Seconds(10));
+  computer.held.letGo();
+  QCOMPARE(computer.telemetry.reads, 1);
+  computer.pass(15);
+  QCOMPARE(computer.telemetry.reads, 4);
+  QCOMPARE(computer.live.topApps().value()->front().name, std::string("cc1plus"));
+  // A tile that shows it as well reads as often as it needs.
+  computer.show({topApps});
+  computer.pass(10);
+  QCOMPARE(computer.telemetry.reads, 9);
+  computer.show({});
+  need.reset();
+  computer.pass(10);
+  QCOMPARE(computer.telemetry.reads, 9);
+}
+
+void LiveModelsTests::comingIntoSightReadsAtOnce() {
+  Computer computer;
+  computer.bePlentiful();
+  computer.show({memoryPressure});
+  QCOMPARE(computer.live.pressureText()->value(), QStringLiteral("Normal"));
+  computer.show({memoryPressure}, false);
+  computer.pass(100);
+  computer.telemetry.pressureReading->level = MemoryPressure::warning;
+  computer.show({memoryPressure});
+  QCOMPARE(computer.live.pressureText()->value(), QStringLiteral("Warning"));
+}
+
+void LiveModelsTests::theLatencyIsProbedEveryThirtySeconds() {
+  Computer computer;
+  computer.show({latency});
+  computer.pass(60);
+  QCOMPARE(computer.probe.probes, 5);
+  // One that hangs is not joined by a second.
+  computer.live.refreshLatency();
+  computer.live.tick(computer.now + std::chrono::minutes(2));
+  QCOMPARE(computer.held.waiting.size(), 1u);
+}
+
+void LiveModelsTests::whatSpeaksUpByItselfIsListenedToWhileItsTileStands() {
+  Computer computer;
+  computer.bePlentiful();
+  QVERIFY(!computer.sound.isListenedTo() && !computer.bluetooth.isListenedTo());
+  computer.show({micMute, bluetooth}, false);
+  QVERIFY(computer.sound.isListenedTo() && computer.bluetooth.isListenedTo());
+  QSignalSpy changed(computer.live.sound()->microphone(), &LiveText::changed);
+  computer.sound.change([&] { computer.sound.mic->isMuted = true; });
+  QCOMPARE(changed.count(), 1);
+  QCOMPARE(computer.live.sound()->microphone()->value(), QStringLiteral("Muted"));
+  computer.bluetooth.change([&] { computer.bluetooth.present->devices.clear(); });
+  QCOMPARE(computer.live.bluetooth()->text()->message(), QStringLiteral("No devices connected"));
+  computer.show({cpu});
+  QVERIFY(!computer.sound.isListenedTo() && !computer.bluetooth.isListenedTo());
+}
+
+void LiveModelsTests::textsAreAnnouncedOnlyWhenTheyDiffer() {
+  Computer computer;
+  computer.bePlentiful();
+  computer.everyTick = nullptr;
+  computer.show();
+  computer.pass(1);
+  std::vector<std::unique_ptr<QSignalSpy>> spies;
+  for (LiveText* text : {computer.live.pressureText(), computer.live.powerText(), computer.live.wifiText(),
+                         computer.live.volumesText(), computer.live.thermalText(), computer.live.addressText()})
+    spies.push_back(std::make_unique<QSignalSpy>(text, &LiveText::changed));
+  computer.pass(8);
+  for (const auto& spy : spies) QCOMPARE(spy->count(), 0);
+}
+
+void LiveModelsTests::theThreeBusiestMoveWithoutAReset() {
+  Computer computer;
+  computer.bePlentiful();
+  QAbstractItemModelTester tester(computer.live.topThree(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+  QSignalSpy reset(computer.live.topThree(), &QAbstractItemModel::modelReset);
+  computer.show({topApps});
+  computer.pass(4);
+  const auto names = [&] {
+    QStringList list;
+    for (const LiveRow& row : computer.live.topThree()->rows()) list << row.title + u' ' + row.figure;
+    return list;
+  };
+  QCOMPARE(names(), (QStringList{"cc1plus 98 %", "firefox 30 %", "Web Content 4.5 %"}));
+  // The compiler ends, and the browser goes on.
+  computer.telemetry.snapshot->samples.erase(computer.telemetry.snapshot->samples.begin() + 2);
+  computer.telemetry.snapshot->samples.push_back({500, "ld", 0});
+  computer.everyTick = [&] {
+    computer.telemetry.snapshot->uptimeNanoseconds += 2'000'000'000;
+    computer.telemetry.snapshot->samples[0].cpuNanoseconds += 600'000'000;
+    computer.telemetry.snapshot->samples[3].cpuNanoseconds += 3'000'000'000;
+  };
+  computer.pass(4);
+  QCOMPARE(names(), (QStringList{"ld 150 %", "firefox 30 %"}));
+  QCOMPARE(reset.count(), 0);
+}
+
+void LiveModelsTests::aDriveIsEjectedOnceAndSaysWhatCameOfIt() {
+  Computer computer;
+  computer.bePlentiful();
+  QList<QPair<QString, EjectOutcome>> told;
+  computer.live.onEjected = [&](const QString& name, const EjectResult& result) {
+    told.append({name, result.outcome});
+  };
+  computer.show({DockWidget::volumes});
+  const auto detail = [&](int row) {
+    const auto* rows = computer.live.volumeRows();
+    return rows->data(rows->index(row, 0), LiveRows::DetailRole).toString();
+  };
+  const QString stick = QStringLiteral("file:///media/anna/STICK");
+  computer.live.eject(QStringLiteral("file:///etc"));
+  QVERIFY(computer.volumes.asked.empty());
+  computer.live.eject(stick);
+  computer.live.eject(stick);
+  QCOMPARE(computer.volumes.asked.size(), 1u);
+  QCOMPARE(detail(0), QStringLiteral("Ejecting…"));
+  QCOMPARE(detail(1), QStringLiteral("900 GB of 4 TB free"));
+
+  computer.volumes.answer({.outcome = EjectOutcome::busy, .reason = "target is busy"});
+  QCOMPARE(detail(0), QStringLiteral("A program still uses it"));
+  QCOMPARE(computer.live.volumesText()->subLine(), QStringLiteral("A program still uses it"));
+  computer.pass(20);
+  QCOMPARE(detail(0), QStringLiteral("12 GB of 64 GB free"));
+  computer.live.eject(stick);
+  QCOMPARE(computer.volumes.asked.size(), 2u);
+  computer.telemetry.drives->erase(computer.telemetry.drives->begin());
+  computer.volumes.answer({.outcome = EjectOutcome::ejected});
+  computer.held.letGo();
+  QCOMPARE(computer.live.volumesText()->value(), QStringLiteral("Archive"));
+  QCOMPARE(told, (QList<QPair<QString, EjectOutcome>>{{"STICK", EjectOutcome::busy}, {"STICK", EjectOutcome::ejected}}));
+  // The same stick again: what went wrong once is no longer said.
+  computer.telemetry.drives->insert(computer.telemetry.drives->begin(),
+                                    {.url = stick.toStdString(), .name = "STICK", .freeBytes = 1, .totalBytes = 2});
+  computer.pass(2);
+  QCOMPARE(detail(0), QStringLiteral("1 byte of 2 bytes free"));
+}
+
+void LiveModelsTests::beingKeptAwakeEndsWithItsTile() {
+  Computer computer;
+  computer.show({keepAwake});
+  computer.live.keepAwake()->toggle();
+  QVERIFY(computer.keepAwake.isHeld());
+  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Awake"));
+  // Out of sight is not gone.
+  computer.show({keepAwake}, false);
+  QVERIFY(computer.keepAwake.isHeld());
+  computer.show({cpu});
+  QVERIFY(!computer.keepAwake.isHeld());
+  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Off"));
+}
+
+void LiveModelsTests::aRefusalToStayAwakeIsSaid() {
+  Computer computer;
+  computer.keepAwake.canHold = false;
+  computer.show({keepAwake});
+  computer.live.keepAwake()->toggle();
+  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Failed"));
+  computer.keepAwake.canHold = true;
+  computer.live.keepAwake()->toggle();
+  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Awake"));
+}
+
+void LiveModelsTests::theUptimeIsTheTimeSinceBoot() {
+  Computer computer;
+  computer.readings.boot = Seconds(59 * 60);
+  computer.show({uptime});
+  QCOMPARE(computer.live.uptimeText()->value(), QStringLiteral("59 min"));
+  QSignalSpy changed(computer.live.uptimeText(), &LiveText::changed);
+  computer.pass(29);
+  QCOMPARE(changed.count(), 0);
+  computer.pass(1);
+  QCOMPARE(computer.live.uptimeText()->value(), QStringLiteral("1 h 0 min"));
+  computer.readings.boot = Seconds(3 * 86400 + 5 * 3600);
+  computer.pass(1);
+  QCOMPARE(computer.live.uptimeText()->value(), QStringLiteral("3 d 5 h"));
+}
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::LiveModelsTests)
+#include "LiveModelsTests.moc"
