@@ -165,8 +165,11 @@ void DiskDoctor::showNews() {
     std::erase(missing, folder->name());
     builder.add(outline(*folder, 2, 0));
   }
-  explorer_.showUnfinished(makeTree(std::move(builder).build(DiskItem::Kind::folder)), sourceTitle(), news.share,
-                           missing);
+  explorer_.showUnfinished({.root = makeTree(std::move(builder).build(DiskItem::Kind::folder)),
+                            .share = news.share,
+                            .bytes = news.progress.bytes,
+                            .missing = std::move(missing)},
+                           sourceTitle());
 }
 
 void DiskDoctor::finishScan(ScanOutcome& outcome) {

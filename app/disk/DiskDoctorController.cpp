@@ -38,7 +38,8 @@ void DiskDoctorController::close() {
   doctor_.review()->close();
   window_->hide();
   closed_ = std::move(window_);
-  QMetaObject::invokeMethod(this, [this] { closed_.reset(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { closed_.reset(); }, Qt::QueuedConnection);
 }
 
 }  // namespace ambrel

@@ -33,7 +33,7 @@ void DiskExplorer::show(DiskTree root, const QString& title) {
   root_ = std::move(root);
   title_ = title;
   missing_.clear();
-  isUnfinished_ = false;
+  bytesSoFar_.reset();
   center_ = {.item = root_, .share = 1};
   updatePath();
   updateLegend();
@@ -41,13 +41,12 @@ void DiskExplorer::show(DiskTree root, const QString& title) {
   Q_EMIT shownChanged();
 }
 
-void DiskExplorer::showUnfinished(DiskTree root, const QString& title, double share,
-                                  const std::vector<std::string>& missing) {
-  root_ = std::move(root);
+void DiskExplorer::showUnfinished(Unfinished state, const QString& title) {
+  root_ = std::move(state.root);
   title_ = title;
-  missing_ = missing;
-  isUnfinished_ = true;
-  center_ = {.item = root_, .share = share};
+  missing_ = std::move(state.missing);
+  bytesSoFar_ = state.bytes;
+  center_ = {.item = root_, .share = state.share};
   updatePath();
   updateLegend();
   Q_EMIT centerChanged();
@@ -83,13 +82,14 @@ const DiskItem* DiskExplorer::shown() const {
 
 QString DiskExplorer::size() const {
   const DiskItem* item = shown();
-  return item ? shownSize(calendar_, item->size()) : QString();
+  if (!item) return {};
+  return shownSize(calendar_, bytesSoFar_ && item == root_.get() ? *bytesSoFar_ : item->size());
 }
 
 QString DiskExplorer::name() const {
   const DiskItem* item = shown();
   if (!item) return {};
-  return isUnfinished_ && item == root_.get() ? tr("so far") : nameOf(*item);
+  return bytesSoFar_ && item == root_.get() ? tr("so far") : nameOf(*item);
 }
 
 QString DiskExplorer::description() const {
@@ -111,7 +111,7 @@ void DiskExplorer::setHoveredID(const QString& id) {
 
 bool DiskExplorer::enter(const QString& id) {
   const DiskItem* item = node(id);
-  if (!item || isUnfinished_ || item->children().empty() || item == center_.item.get()) return false;
+  if (!item || bytesSoFar_ || item->children().empty() || item == center_.item.get()) return false;
   stand(*item);
   return true;
 }
@@ -151,10 +151,13 @@ void DiskExplorer::updatePath() {
 void DiskExplorer::updateLegend() {
   std::vector<DiskPart> parts;
   std::vector<const DiskItem*> others;
+  // Half of the places are kept for what is still to come.
+  const std::size_t known = sunburstColorCount - std::min<std::size_t>(missing_.size(), sunburstColorCount / 2);
   if (center_.item) {
     const auto colors = sunburstColors(*center_.item);
     std::size_t rank = 0;
     for (const DiskItem& child : center_.item->children()) {
+      if (bytesSoFar_ && (parts.size() >= known || child.size() == 0)) break;
       if (const int color = colors[rank++]; color < otherColor)
         parts.push_back(part(child, color));
       else
@@ -166,8 +169,7 @@ void DiskExplorer::updateLegend() {
   } else if (!others.empty()) {
     std::int64_t bytes = 0;
     for (const DiskItem* item : others) bytes += item->size();
-    parts.push_back(
-        {.id = {}, .name = tr("Everything else"), .size = shownSize(calendar_, bytes), .color = otherColor});
+    parts.push_back({.id = {}, .name = tr("Others"), .size = shownSize(calendar_, bytes), .color = otherColor});
   }
   for (const std::string& name : missing_) {
     if (parts.size() >= sunburstColorCount) break;
@@ -182,7 +184,7 @@ DiskPart DiskExplorer::part(const DiskItem& item, int color) const {
           .name = nameOf(item),
           .size = shownSize(calendar_, item.size()),
           .color = color,
-          .isFolder = !item.children().empty() && !isUnfinished_,
+          .isFolder = !item.children().empty() && !bytesSoFar_,
           .isHighlighted = pathID(id) == hoveredID_};
 }
 

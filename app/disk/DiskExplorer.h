@@ -38,8 +38,15 @@ class DiskExplorer : public QObject {
 
   // `title` stands for the root's own name. Begins at the root again.
   void show(DiskTree root, const QString& title);
-  // While the tree is still being read: what of it is known, its share, and the upper folders that are still to come.
-  void showUnfinished(DiskTree root, const QString& title, double share, const std::vector<std::string>& missing);
+  // While the tree is still being read: the upper folders that are known, their share of the circle, the bytes that
+  // were seen in all, and the upper folders that are still to come.
+  struct Unfinished {
+    DiskTree root;
+    double share = 0;
+    std::int64_t bytes = 0;
+    std::vector<std::string> missing;
+  };
+  void showUnfinished(Unfinished state, const QString& title);
   void clear();
 
   const DiskTree& root() const { return root_; }
@@ -78,7 +85,8 @@ class DiskExplorer : public QObject {
   QString title_;
   DiskNode center_;
   std::vector<std::string> missing_;
-  bool isUnfinished_ = false;
+  // Present while the tree is still being read.
+  std::optional<std::int64_t> bytesSoFar_;
   DiskPartListModel path_, legend_;
   QString hoveredID_;
 };

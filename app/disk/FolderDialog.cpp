@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QFont>
 #include <QPalette>
 #include <QWindow>
 
@@ -14,6 +15,7 @@ void chooseFolder(QWindow* parent, const QString& title, const QString& start, c
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
   dialog->setPalette(palette);
+  dialog->setFont(QFont(QStringLiteral("Inter"), dialog->font().pointSize()));
   dialog->winId();
   if (parent && dialog->windowHandle()) {
     dialog->windowHandle()->setTransientParent(parent);

@@ -20,8 +20,8 @@ constexpr qreal room = 138;  // with the line around what is pointed at
 constexpr qreal gap = 1.5, highlightWidth = 2;
 // Of the colour of the ground in each ring.
 constexpr std::array<qreal, rings> groundShares{0, 0.28, 0.52};
-// In turns; about two pixels of the outer ring.
-constexpr double smallestArc = 0.0025;
+// In turns; about four pixels of the outer ring, so that the gaps do not outweigh what is between them.
+constexpr double smallestArc = 0.005;
 
 qreal degrees(double turns) { return turns * 360; }
 
@@ -153,10 +153,13 @@ void SunburstChart::walk(Step step) {
   if (to) Q_EMIT hovered(pathID(to->item->id()));
 }
 
-void SunburstChart::hoverMoveEvent(QHoverEvent* event) {
-  const QString id = idAt(event->position());
+void SunburstChart::pointAt(QPointF point) {
+  const QString id = idAt(point);
   if (id != highlightedID_) Q_EMIT hovered(id);
 }
+
+void SunburstChart::hoverEnterEvent(QHoverEvent* event) { pointAt(event->position()); }
+void SunburstChart::hoverMoveEvent(QHoverEvent* event) { pointAt(event->position()); }
 
 void SunburstChart::hoverLeaveEvent(QHoverEvent*) {
   if (!highlightedID_.isEmpty()) Q_EMIT hovered({});

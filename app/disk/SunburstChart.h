@@ -65,6 +65,7 @@ class SunburstChart : public QQuickPaintedItem {
   void asked(const QString& id);
 
  protected:
+  void hoverEnterEvent(QHoverEvent* event) override;
   void hoverMoveEvent(QHoverEvent* event) override;
   void hoverLeaveEvent(QHoverEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -80,6 +81,7 @@ class SunburstChart : public QQuickPaintedItem {
   bool isInHole(QPointF point) const;
   const SunburstSegment* neighbour(const SunburstSegment& from, Step step) const;
   void walk(Step step);
+  void pointAt(QPointF point);
   qreal scale() const;
   qreal innerRadius(int ring) const;
   qreal outerRadius(int ring) const;

@@ -83,8 +83,11 @@ void bring(Room& room, const QString& state) {
   if (state == "scanning") {
     doctor.scanHome();
     const std::string base = room.desk.home;
-    doctor.explorer()->showUnfinished(DiskScanner{}.scan(base + "/src").root, QString("Home"), 0.4,
-                                      {"Documents", "Downloads", "Music"});
+    doctor.explorer()->showUnfinished({.root = DiskScanner{}.scan(base + "/src").root,
+                                       .share = 0.4,
+                                       .bytes = 7'000'000,
+                                       .missing = {"Documents", "Downloads", "Music"}},
+                                      "Home");
     return;
   }
   if (state == "empty") {

@@ -178,14 +178,26 @@ void FindingListModelTests::hoveringSurvivesNothingThatIsGone() {
 
 void FindingListModelTests::aHalfReadTreeSaysWhatIsMissing() {
   DiskExplorer explorer(Calendar("UTC", "en_US"));
-  explorer.showUnfinished(test::treeOf("/home/u", {{"src/a", 5'000'000}}), "Home", 0.4, {"Documents", "bad\xff"});
+  const auto show = [&](std::vector<std::string> missing) {
+    explorer.showUnfinished(
+        {.root = test::treeOf("/home/u",
+                              {{"src/a", 5'000'000}, {"b/b", 4'000'000}, {"c/c", 3'000'000}, {"d/d", 2'000'000}}),
+         .share = 0.4,
+         .bytes = 19'000'000,
+         .missing = std::move(missing)},
+        "Home");
+  };
+  show({"Documents", "bad\xff", "Music", "Videos"});
   QCOMPARE(explorer.center().share, 0.4);
   QCOMPARE(explorer.name(), "so far");
+  // With what has been seen of folders that are not finished.
+  QCOMPARE(explorer.size(), "19 MB");
   const auto& parts = explorer.legend()->rows();
-  QCOMPARE(parts.size(), 3u);
-  QCOMPARE(parts[1].size, "not yet");
-  QVERIFY(parts[1].color < 0);
-  QCOMPARE(parts[2].name, QString(u8"bad\uFFFD"));
+  QStringList shown;
+  for (const DiskPart& part : parts) shown << part.name + ": " + part.size;
+  QCOMPARE(shown, QStringList({"src: 5 MB", "b: 4 MB", "c: 3 MB", "Documents: not yet", u8"bad\uFFFD: not yet",
+                               "Music: not yet"}));
+  QVERIFY(parts[3].color < 0);
   // What is still growing cannot be entered.
   QVERIFY(!parts[0].isFolder);
   QVERIFY(!explorer.enter("/home/u/src"));

@@ -69,6 +69,7 @@ class SunburstChartTests : public QObject {
   void theMiddleLeadsUp();
   void aClickNeedsItsPressOnTheSameSegment();
   void theOtherButtonAsks();
+  void thePointerLightsUpWhatItIsOn();
   void theKeyboardWalksAround();
   void itDrawsWhatItKnows();
   void thousandsOfChildrenAreNoBurden();
@@ -137,6 +138,19 @@ void SunburstChartTests::theOtherButtonAsks() {
   QTest::mouseClick(&fixture.window, Qt::RightButton, {}, fixture.point("/base/a/x"));
   QCOMPARE(fixture.last(fixture.asked), "/base/a/x");
   QCOMPARE(fixture.entered.count(), 0);
+}
+
+void SunburstChartTests::thePointerLightsUpWhatItIsOn() {
+  Fixture fixture;
+  QVERIFY(QTest::qWaitForWindowExposed(&fixture.window));
+  QTest::mouseMove(&fixture.window, {1, 1});
+  // The pointer comes in by one jump.
+  QTest::mouseMove(&fixture.window, fixture.point("/base/b"));
+  QTRY_COMPARE(fixture.chart.highlightedID(), "/base/b");
+  QTest::mouseMove(&fixture.window, fixture.point("/base/a/x"));
+  QTRY_COMPARE(fixture.chart.highlightedID(), "/base/a/x");
+  QTest::mouseMove(&fixture.window, {138, 138});
+  QTRY_COMPARE(fixture.chart.highlightedID(), "");
 }
 
 void SunburstChartTests::theKeyboardWalksAround() {
