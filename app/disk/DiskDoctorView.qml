@@ -13,6 +13,10 @@ WindowFrame {
 
     title: qsTr("Disk Doctor")
     symbol: "chart.pie.fill"
+    Keys.onEscapePressed: event => {
+        event.accepted = doctor.question.isOpen;
+        doctor.question.close();
+    }
 
     StartPane {
         anchors.fill: parent
@@ -41,7 +45,7 @@ WindowFrame {
                 top: header.bottom
                 bottom: footer.top
             }
-            width: 399
+            width: Math.round(Math.min(640, Math.max(399, root.width * 0.36)))
             doctor: root.doctor
         }
         Rectangle {
@@ -64,8 +68,11 @@ WindowFrame {
                 bottom: footer.top
             }
             doctor: root.doctor
+            covered: card.visible ? card.height + Theme.space3 : 0
         }
         AnswerCard {
+            id: card
+
             anchors {
                 left: findings.left
                 right: findings.right

@@ -9,6 +9,15 @@ FocusScope {
     required property DiskDoctor doctor
     readonly property FindingListModel findings: doctor.findings
     readonly property bool isDone: doctor.phase === DiskDoctor.Done
+    // What lies over the lower end of the list; the row that was asked about stays above it.
+    property real covered: 0
+
+    onCoveredChanged: {
+        const row = list.currentItem;
+        const excess = row ? row.y + row.height - list.contentY - (list.height - covered) : 0;
+        if (covered > 0 && excess > 0)
+            list.contentY += excess;
+    }
 
     LoadingRows {
         anchors.fill: parent
@@ -32,7 +41,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         topMargin: Theme.space2
-        bottomMargin: Theme.space3
+        bottomMargin: Theme.space3 + root.covered
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: 0
         currentIndex: -1

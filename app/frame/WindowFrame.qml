@@ -12,6 +12,8 @@ FocusScope {
     readonly property int margin: window.margin
     default property alias content: body.data
 
+    focus: true
+
     PanelGround {
         id: ground
 

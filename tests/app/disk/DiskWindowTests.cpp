@@ -275,6 +275,16 @@ void DiskWindowTests::aClickOnAnItemAsksAboutIt() {
   QVERIFY(room.click("Show in Files"));
   QCOMPARE(shown, room.desk.home + "/Downloads/old.iso");
   QCOMPARE(room.doctor().findings()->selectedCount(), 3);
+  // The answer does not lie on what it is about.
+  QQuickItem* card = nullptr;
+  visitShown(room.root(), [&](QQuickItem* item) {
+    if (QByteArray(item->metaObject()->className()).startsWith("AnswerCard")) card = item;
+  });
+  QVERIFY(card);
+  QQuickItem* row = room.labelled("old.iso");
+  QTRY_VERIFY(row->mapToScene({0, row->height()}).y() <= card->mapToScene({0, 0}).y());
+  room.press(Qt::Key_Escape);
+  QVERIFY(!room.doctor().question()->isOpen());
 }
 
 void DiskWindowTests::theChartIsReachedByTab() {
