@@ -13,6 +13,7 @@
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11Pointer.h"
+#include "platform/linux/X11ScreenSaver.h"
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "platform/linux/X11Workspace.h"
@@ -50,7 +51,8 @@ struct LinuxDesktop::Parts {
         telemetry(telemetrySources(systemBus)),
         bluetooth(systemBus),
         volumes(systemBus),
-        keepAwake(systemBus, bus),
+        screenSaver(connection.get()),
+        keepAwake(systemBus, bus, [this](bool isHeld) { return screenSaver.suspend(isHeld); }),
         trash(dataHome, getuid(), calendar),
         session(bus) {}
 
@@ -70,6 +72,7 @@ struct LinuxDesktop::Parts {
   PulseSoundControl soundControl;
   BlueZBluetooth bluetooth;
   UDisksVolumes volumes;
+  X11ScreenSaver screenSaver;
   SystemKeepAwake keepAwake;
   FreedesktopTrash trash;
   DBusSessionService session;

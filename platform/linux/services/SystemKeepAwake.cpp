@@ -25,8 +25,9 @@ QDBusMessage screenSaverCall(const QString& method, const QVariantList& argument
 
 }  // namespace
 
-SystemKeepAwake::SystemKeepAwake(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
-    : systemBus_(systemBus), sessionBus_(sessionBus) {}
+SystemKeepAwake::SystemKeepAwake(const QDBusConnection& systemBus, const QDBusConnection& sessionBus,
+                                 std::function<bool(bool)> holdScreens)
+    : systemBus_(systemBus), sessionBus_(sessionBus), holdScreens_(std::move(holdScreens)) {}
 
 SystemKeepAwake::~SystemKeepAwake() { release(); }
 
@@ -45,6 +46,7 @@ void SystemKeepAwake::take(std::function<void(bool)> done) {
 }
 
 void SystemKeepAwake::ask() {
+  holdsScreens_ = holdScreens_ && holdScreens_(true);
   const auto answered = [this, generation = generation_](const QDBusMessage& answer) { granted(generation, answer); };
   if (systemBus_.isConnected()) {
     ++openQuestions_;
@@ -80,6 +82,7 @@ void SystemKeepAwake::release() {
   ++generation_;
   openQuestions_ = 0;
   inhibitor_ = QDBusUnixFileDescriptor();
+  if (std::exchange(holdsScreens_, false)) holdScreens_(false);
   if (cookie_) sessionBus_.asyncCall(screenSaverCall(QStringLiteral("UnInhibit"), {*cookie_}));
   cookie_.reset();
   if (!waiting_.empty()) QMetaObject::invokeMethod(this, &SystemKeepAwake::finish, Qt::QueuedConnection);

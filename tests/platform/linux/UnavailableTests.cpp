@@ -10,6 +10,7 @@
 #include "platform/linux/SessionBus.h"
 #include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11Pointer.h"
+#include "platform/linux/X11ScreenSaver.h"
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "platform/linux/X11Workspace.h"
@@ -42,6 +43,8 @@ TEST(WithoutXServer, NothingIsInFrontAndNothingRuns) {
   EXPECT_FALSE(workspace.activate("com.openai.codex"));
   EXPECT_FALSE(workspace.open("com.openai.codex"));
 }
+
+TEST(WithoutXServer, NoScreenSaverIsStopped) { EXPECT_FALSE(X11ScreenSaver(nullptr).suspend(true)); }
 
 TEST(WithoutXServer, TheToolkitsScreensAreThere) {
   const X11Screens screens(nullptr);

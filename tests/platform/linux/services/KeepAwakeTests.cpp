@@ -103,9 +103,28 @@ TEST_F(KeepAwakeOnBus, ARefusalIsTold) {
   EXPECT_FALSE(keepAwake_->isHeld());
 }
 
+TEST(KeepAwake, WithoutABusTheWindowSystemHasToDo) {
+  const QDBusConnection none(QStringLiteral("none"));
+  std::vector<bool> asked;
+  SystemKeepAwake keepAwake(none, none, [&](bool isHeld) {
+    asked.push_back(isHeld);
+    return true;
+  });
+  bool isHeld = false;
+  keepAwake.take([&](bool is) { isHeld = is; });
+  keepAwake.take({});
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(isHeld);
+  EXPECT_TRUE(keepAwake.isHeld());
+  keepAwake.release();
+  keepAwake.release();
+  EXPECT_FALSE(keepAwake.isHeld());
+  EXPECT_EQ(asked, (std::vector<bool>{true, false}));
+}
+
 TEST(KeepAwake, WithoutABusCannotBeHeld) {
   const QDBusConnection none(QStringLiteral("none"));
-  SystemKeepAwake keepAwake(none, none);
+  SystemKeepAwake keepAwake(none, none, [](bool) { return false; });
   int told = 0;
   keepAwake.take([&](bool isHeld) { told += isHeld ? 100 : 1; });
   QCoreApplication::processEvents();
