@@ -47,7 +47,7 @@ static_assert(isInOrder());
 
 BuddyNoticeText noticeText(const BuddyNotice& notice, const Calendar& calendar, Instant now) {
   const Mark& mark = marks[static_cast<std::size_t>(notice.rule)];
-  const BuddyReason why = reason(notice.rule, calendar);
+  const BuddyReason why = reason(notice, calendar);
   BuddyNoticeText text{.title = toQString(notice.title),
                        .detail = toQString(notice.detail),
                        .age = toQString(shortAge(calendar, notice.date, now)),

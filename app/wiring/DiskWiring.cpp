@@ -15,7 +15,6 @@
 #include "app/disk/FolderDialog.h"
 #include "app/disk/SimulatorTool.h"
 #include "app/kit/Theme.h"
-#include "core/base/LocalText.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
@@ -97,14 +96,8 @@ void AppDelegate::makeDisk() {
 void AppDelegate::tellOfDiskScan() {
   const std::int64_t bytes = disk_->freeableBytes().value_or(0);
   if (bytes <= 0) return;
-  const Instant now = surroundings_.now();
-  const auto seconds = std::chrono::floor<std::chrono::seconds>(now).time_since_epoch().count();
-  notices_->post({"disk.found:" + std::to_string(seconds),
-                  BuddyRule::diskLow,
-                  "I found " + fileSize(surroundings_.calendar, bytes) + " you can free",
-                  diskDoctorModel_->headline().toStdString(),
-                  now,
-                  {BuddyActions::OpenDiskCleanup{}}});
+  notices_->post(
+      diskFoundNotice(bytes, diskDoctorModel_->headline().toStdString(), surroundings_.now(), surroundings_.calendar));
 }
 
 }  // namespace ambrel

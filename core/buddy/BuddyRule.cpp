@@ -2,6 +2,7 @@
 
 #include "core/base/LocalText.h"
 #include "core/buddy.h"
+#include "core/buddy/BuddyText.h"
 #include "core/buddy/Thresholds.h"
 
 namespace ambrel {
@@ -15,6 +16,8 @@ struct Row {
   double cooldown;
   bool isLasting;
 };
+
+const std::string diskFoundPrefix = "disk.found:";
 
 constexpr bool lasting = true, oneShot = false;
 
@@ -126,6 +129,18 @@ BuddyCategory category(BuddyRule rule) { return row(rule).category; }
 BuddyTrigger trigger(BuddyRule rule) { return row(rule).trigger; }
 Seconds cooldown(BuddyRule rule) { return Seconds(row(rule).cooldown); }
 bool isLasting(BuddyRule rule) { return row(rule).isLasting; }
+
+BuddyNotice diskFoundNotice(std::int64_t bytes, std::string detail, Instant now, const Calendar& calendar) {
+  return BuddyNotice(diskFoundPrefix + idTime(now), BuddyRule::diskLow,
+                     "I found " + fileSize(calendar, bytes) + " you can free", std::move(detail), now,
+                     {BuddyActions::OpenDiskCleanup{}});
+}
+
+BuddyReason reason(const BuddyNotice& notice, const Calendar& calendar) {
+  BuddyReason why = reason(notice.rule, calendar);
+  if (notice.id.starts_with(diskFoundPrefix)) why.rule = "A scan of Disk Doctor found something that can go.";
+  return why;
+}
 
 BuddyReason reason(BuddyRule rule, const Calendar& calendar) {
   const bool alsoByLevel = priority(rule) == BuddyPriority::info;

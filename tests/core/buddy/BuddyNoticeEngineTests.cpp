@@ -103,7 +103,7 @@ TEST(BuddyNoticeEngine, SaysEachThingOfThousandsOfSessionsOnce) {
   Bench bench;
   const BuddySignals waiting = sessions(5000, needsInput);
   EXPECT_THAT(bench.evaluate(waiting, 0), SizeIs(5000));
-  for (int tick = 1; tick < 30; ++tick) EXPECT_THAT(bench.evaluate(waiting, tick * 10), IsEmpty());
+  for (int tick = 1; tick <= 5; ++tick) EXPECT_THAT(bench.evaluate(waiting, tick * 10), IsEmpty());
 }
 
 TEST(BuddyNoticeEngine, ShowsFewBubblesHoweverManySessionsWait) {

@@ -92,6 +92,21 @@ TEST(BuddyRules, SayWhyANoticeCameAndWhatTurnsItOff) {
   EXPECT_EQ(reason(BuddyRule::cpuHigh, american).rule, "The processor has been above 90% for 2 minutes.");
 }
 
+TEST(BuddyNotices, TellWhatAScanFoundAndWhy) {
+  using namespace BuddyActions;
+  const Calendar american("UTC", "en_US"), german("UTC", "de_DE");
+  const Instant now = at("2026-11-21T09:00:00.5Z");
+  const BuddyNotice found = diskFoundNotice(5'600'000'000, "Mostly caches.", now, american);
+  EXPECT_EQ(found, BuddyNotice("disk.found:1795251600.5", BuddyRule::diskLow, "I found 5.6 GB you can free",
+                               "Mostly caches.", now, {OpenDiskCleanup{}}));
+  EXPECT_EQ(diskFoundNotice(5'600'000'000, "", now, german).title, "I found 5,6\u00a0GB you can free");
+  EXPECT_EQ(diskFoundNotice(1, "", at("2026-11-21T09:00:00Z"), american).id, "disk.found:1795251600.0");
+  EXPECT_EQ(reason(found, american).rule, "A scan of Disk Doctor found something that can go.");
+  EXPECT_EQ(reason(found, american).setting, reason(BuddyRule::diskLow, american).setting);
+  const BuddyNotice low("disk.low", BuddyRule::diskLow, "Disk almost full", "", now);
+  EXPECT_EQ(reason(low, american), reason(BuddyRule::diskLow, american));
+}
+
 TEST(BuddyNotices, KeepTheFirstTwoOfTheirActions) {
   using namespace BuddyActions;
   const BuddyNotice notice("a", BuddyRule::diskLow, "Title", "Detail", at("2026-11-21T09:00:00Z"),
