@@ -10,23 +10,20 @@ Popover {
     property bool hasScale: true
     readonly property int found: weather.searchResults.length
 
+    function leave() {
+        if (open)
+            closeRequested();
+    }
+
     title: weather.placeLabel
     symbol: "mappin"
     implicitWidth: 340
     implicitHeight: 420
 
+    Component.onCompleted: weather.placeChosen.connect(leave)
     onOpenChanged: if (open) {
         field.text = "";
         field.forceActiveFocus();
-    }
-
-    Connections {
-        target: root.weather
-
-        function onPlaceChosen() {
-            if (root.open)
-                root.closeRequested();
-        }
     }
 
     Field {

@@ -69,6 +69,7 @@ class FocusAndWeatherTests : public QObject {
   void aClickOpensThePanelOfTheTile();
   void whatIsTypedGoesToTheField_data();
   void whatIsTypedGoesToTheField();
+  void aChosenPlaceClosesThePanel();
   void theMenuHasTheTilesOwnCommand();
   void theAlarmIsAnsweredOnItsNotification();
   void theAlarmRingsWhateverProfileIsOnTheBar();
@@ -138,6 +139,18 @@ void FocusAndWeatherTests::whatIsTypedGoesToTheField() {
     for (const char letter : {'L', 'o', 'n'}) QTest::keyClick(desk.panel()->window(), letter);
     QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), before + QStringLiteral("Lon"));
     desk.click(widget);
+    QTRY_VERIFY(!desk.panel());
+  }
+}
+
+void FocusAndWeatherTests::aChosenPlaceClosesThePanel() {
+  Desk desk({"weather", "secondCity"});
+  for (const char* widget : {"weather", "secondCity"}) {
+    desk.click(widget);
+    QTRY_VERIFY(desk.panel());
+    auto* weather = desk.delegate->context()->weather();
+    (widget == std::string("weather") ? weather->main() : weather->second())
+        ->choose(WeatherPlace{"Tokyo", "Japan", 35.7, 139.7});
     QTRY_VERIFY(!desk.panel());
   }
 }
