@@ -54,8 +54,10 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
                .now = surroundings_.now}),
       due_(desktop_.wallClock),
       appearanceSettings_(defaults_, preparedTheme()),
-      gallery_(model_) {
+      gallery_(model_),
+      pointers_(desktop_.pointer) {
   keep({&settings_, &model_, &license_, &agents_, &appearanceSettings_, &gallery_});
+  makeClipboard();
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -81,7 +83,7 @@ void AppDelegate::every(Seconds interval, std::function<void()> action) {
 }
 
 void AppDelegate::launch() {
-  // The clipboard's shelf comes here.
+  makeShelf();
   makeContext();
   makePanels();
   makeDock();
@@ -116,7 +118,8 @@ void AppDelegate::makeContext() {
                                                                    .live = live_.get(),
                                                                    .weather = weather_.get(),
                                                                    .notices = notices_.get(),
-                                                                   .disk = disk_.get()});
+                                                                   .disk = disk_.get(),
+                                                                   .clipboard = clipboard_.get()});
   keep({system_.get(), clock_.get(), context_.get()});
   context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
     toast_.show(title, detail, symbol);
@@ -125,6 +128,7 @@ void AppDelegate::makeContext() {
     if (permits(ProFeature::agentTracking)) toggle(agentsPanel_.get(), item);
   });
   context_->setClickAction(QStringLiteral("disk"), [this](const QString&) { diskDoctor_->open(); });
+  context_->setClickAction(QStringLiteral("clipboard"), [this](const QString&) { shelf_->toggle(); });
   context_->onToggleCustomize = [this] { toggle(customizePanel_.get()); };
   context_->onOpenTileMenu = [this](const QString& item) { openTileMenu(item); };
 }
@@ -134,11 +138,13 @@ std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source
       engine_, desktop_.windowStyle, later(),
       PanelContent{QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/") + QString::fromLatin1(source)), std::move(properties),
                    size});
-  connect(panel.get(), &DockPopoverController::shownChanged, this, [this] {
-    if (dock_) dock_->holdingChanged();
-    if (notices_) notices_->panelsChanged();
-  });
+  connect(panel.get(), &DockPopoverController::shownChanged, this, &AppDelegate::panelsChanged);
   return panel;
+}
+
+void AppDelegate::panelsChanged() {
+  if (dock_) dock_->holdingChanged();
+  if (notices_) notices_->panelsChanged();
 }
 
 DockPopoverController& AppDelegate::addTilePanel(std::initializer_list<const char*> widgets, const char* source,
@@ -228,8 +234,9 @@ void AppDelegate::makePanels() {
 }
 
 void AppDelegate::makeDock() {
+  dockPointer_ = pointers_.monitor();
   dock_ = std::make_unique<DockPanelController>(engine_, *context_,
-                                                DockPanelController::Seams{.pointer = desktop_.pointer,
+                                                DockPanelController::Seams{.pointer = *dockPointer_,
                                                                            .screens = desktop_.screens,
                                                                            .windowStyle = desktop_.windowStyle,
                                                                            .now = surroundings_.now,
@@ -260,17 +267,22 @@ void AppDelegate::makePeeker() {
   every(ContextPeeker::interval, [this] { peeker_->check(surroundings_.now()); });
 }
 
+void AppDelegate::addHotKey(const KeyCombination& keys, const std::string& what, std::function<void()> action) {
+  if (desktop_.hotKeys.add(keys, std::move(action)) == HotKeyResult::taken)
+    logLine("the key for " + what + " is taken by another program");
+}
+
 void AppDelegate::registerHotKeys() {
-  const auto add = [this](const KeyCombination& keys, const std::string& what, std::function<void()> action) {
-    if (desktop_.hotKeys.add(keys, std::move(action)) == HotKeyResult::taken)
-      logLine("the key for " + what + " is taken by another program");
-  };
-  // Those of the clipboard, the notes and the pinned clips come with them.
-  add({.key = 'd', .command = true, .option = true, .control = true}, "the bar",
-      [this] { dock_->revealForKeyboard(); });
+  // That of the notes comes with them.
+  registerClipboardKeys();
+  addHotKey({.key = 'd', .command = true, .option = true, .control = true}, "the bar",
+            [this] { dock_->revealForKeyboard(); });
 }
 
 void AppDelegate::startTimers() {
+  // Copies announce themselves; this is for the sweeps, and in case that one does not.
+  clipboard_->start();
+  every(ClipboardModel::pollInterval, [this] { clipboard_->poll(); });
   every(SystemMonitor::tickInterval, [this] {
     system_->tick(surroundings_.now());
     live_->tick(surroundings_.now());
@@ -398,13 +410,14 @@ std::vector<DockPopoverController*> AppDelegate::panels() const {
 
 bool AppDelegate::isAnyPanelOpen() const {
   const auto made = panels();
-  return std::any_of(made.begin(), made.end(), [](const auto* panel) { return panel->isShown(); });
+  return shelf_->isShown() || std::any_of(made.begin(), made.end(), [](const auto* panel) { return panel->isShown(); });
 }
 
 void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
   if (!panel || !dock_) return;
   for (DockPopoverController* other : panels())
     if (other != panel && other->isShown()) other->close();
+  if (shelf_->isShown()) shelf_->close();
   if (!panel->isShown()) dock_->reveal();
   panel->toggle(dock_->anchor(item));
 }
@@ -464,8 +477,8 @@ void AppDelegate::carryOut(const Wish& wish) {
                         },
                         [this](const wish::Settings&) { toggle(settingsPanel_.get()); },
                         [](const wish::Quit&) { QCoreApplication::quit(); },
-                        [&](const wish::ToggleClipboard&) { notYet(tr("The clipboard shelf")); },
-                        [&](const wish::CopyPinned&) { notYet(tr("The clipboard shelf")); },
+                        [this](const wish::ToggleClipboard&) { shelf_->toggle(); },
+                        [this](const wish::CopyPinned& pinned) { shelf_->copyPinned(pinned.number); },
                         [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },
                         [&](const wish::Ask&) { notYet(tr("Ask Buddy")); },
                         [this](const wish::OpenDiskDoctor&) { diskDoctor_->open(); }},

@@ -13,7 +13,9 @@
 #include "app/Surroundings.h"
 #include "app/agents/AgentsModel.h"
 #include "app/base/DueTimer.h"
+#include "app/base/PointerRelay.h"
 #include "app/buddy/BuddyNoticeCenter.h"
+#include "app/clipboard/ClipboardModel.h"
 #include "app/context/WidgetContext.h"
 #include "app/disk/DiskDoctorController.h"
 #include "app/dock/BubbleController.h"
@@ -30,6 +32,7 @@
 #include "app/model/LicenseManager.h"
 #include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
+#include "app/shelf/ShelfPanelController.h"
 #include "app/telemetry/LiveModels.h"
 #include "app/usage/AIUsageModel.h"
 #include "app/usage/ClaudeStatusLineModel.h"
@@ -57,6 +60,8 @@ class AppDelegate : public QObject {
   AppModel& model() { return model_; }
   AppSettings& settings() { return settings_; }
   AgentsModel& agents() { return agents_; }
+  ClipboardModel& clipboard() { return *clipboard_; }
+  ShelfPanelController* shelf() { return shelf_.get(); }
   LicenseManager& license() { return license_; }
   bool isAnyPanelOpen() const;
   WidgetContext* context() { return context_.get(); }
@@ -75,6 +80,7 @@ class AppDelegate : public QObject {
   void openCustomize();
   void openAgentSettings();
   void openBuddySettings();
+  void openClipboardSettings();
   void openPurchasePage();
   void chooseSettingsTab(const QString& tab);
   void chooseTileCommand();
@@ -84,6 +90,7 @@ class AppDelegate : public QObject {
  private:
   // The models of one area each, before the context that holds them; app/wiring has a source for each area.
   void makeBuddy();
+  void makeClipboard();
   void makeUsage();
   void makeDisk();
   void makeFocus();
@@ -97,12 +104,15 @@ class AppDelegate : public QObject {
   void addTelemetryPanels();
   void addWeatherPanels();
 
+  void makeShelf();
   void makeContext();
   void makePanels();
   void makeDock();
   void startBuddy();
   void makePeeker();
   void registerHotKeys();
+  void registerClipboardKeys();
+  void addHotKey(const KeyCombination& keys, const std::string& what, std::function<void()> action);
   void startTimers();
   void startProServices();
   void makeStatusItem();
@@ -124,6 +134,8 @@ class AppDelegate : public QObject {
   void answerNotifications(const std::string& identifier, NotificationAnswer answer);
   void handleNotifications();
   std::vector<DockPopoverController*> panels() const;
+  // One of them, or the shelf, has opened or closed.
+  void panelsChanged();
   // Closes the other panels, and opens or closes this one beside the tile of a slot (empty: the middle of the bar).
   void toggle(DockPopoverController* panel, const QString& item = {});
   void openTileMenu(const QString& item);
@@ -147,6 +159,7 @@ class AppDelegate : public QObject {
   AppModel model_;
   Background background_;
   AgentsModel agents_;
+  std::unique_ptr<ClipboardModel> clipboard_;
   DesktopAppearance appearance_;
   QQmlEngine engine_;
   DueTimer due_;
@@ -172,6 +185,9 @@ class AppDelegate : public QObject {
   QVariantMap settingsPages_;          // tab to the properties of its page
   std::map<std::string, NotificationAnswer> notificationAnswers_;
   DockPopoverController* inboxPanel_ = nullptr;  // one of the tile panels
+  PointerRelay pointers_;
+  std::unique_ptr<PointerMonitor> dockPointer_, shelfPointer_;
+  std::unique_ptr<ShelfPanelController> shelf_;
   std::unique_ptr<DockPanelController> dock_;
   std::unique_ptr<BubbleController> bubble_;
   std::unique_ptr<TipController> tips_;

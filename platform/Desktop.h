@@ -6,6 +6,7 @@
 #include "platform/KeepAwake.h"
 #include "platform/LatencyProbe.h"
 #include "platform/Notifications.h"
+#include "platform/Pasteboard.h"
 #include "platform/Pointer.h"
 #include "platform/Screens.h"
 #include "platform/SoundControl.h"
@@ -28,6 +29,7 @@ struct Desktop {
   Workspace& workspace;
   HotKeys& hotKeys;
   Notifications& notifications;
+  Pasteboard& pasteboard;
   const SystemReadings& readings;
   WallClock& wallClock;
   Sounds& sounds;

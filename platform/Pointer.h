@@ -15,6 +15,9 @@ class PointerMonitor {
   // With y upwards, wherever on the desktop the pointer is; absent when it cannot be told.
   virtual std::optional<Point> location() const = 0;
 
+  // Whether a button is held down.
+  virtual bool isPressed() const = 0;
+
   // Calls `onMove` once, on the main thread, at the next movement of a pointing device; then it is quiet until
   // asked again. A newer call replaces an older one. While nothing is asked, a moving pointer costs nothing.
   // Answers false when movements cannot be watched: the caller then has to look at `location` by itself.

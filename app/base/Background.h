@@ -13,4 +13,8 @@ using Background = std::function<void(std::function<void()> work, std::function<
 // A small pool of low-priority threads that belongs to `context`; nothing is `done` after `context` has gone.
 Background makeBackground(QObject& context);
 
+// One thread, which the end of the program does not wait for: for work that may hang, as on a network disk that does
+// not answer. It holds up only what comes after it here.
+Background makeDetachedBackground(QObject& context);
+
 }  // namespace ambrel

@@ -143,7 +143,8 @@ QString ClipListModel::forgetting(const ClipRow& row, const ClipFacts& facts) co
   const auto age = sources_.sensitiveAge();
   if (!facts.isSensitive || row.isKept || !age) return {};
   const double minutes = std::ceil((*age - secondsBetween(row.createdAt, now_)).count() / 60);
-  return minutes < 1 ? tr("forgotten soon") : tr("forgotten in %1 min").arg(static_cast<int>(minutes));
+  // "in 42 min" stays together when the card breaks the line.
+  return minutes < 1 ? tr("forgotten soon") : tr("forgotten in\u00A0%1\u00A0min").arg(static_cast<int>(minutes));
 }
 
 QString ClipListModel::spoken(const ClipRow& row, const ClipFacts& facts) const {

@@ -42,6 +42,7 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
     names.merge(capture_.waitingPictures());
     return names;
   };
+  connect(&settings_, &AppSettings::clipboardEnabledChanged, this, &ClipboardModel::visibleItemsChanged);
   connect(&settings_, &AppSettings::clipboardForgetSensitiveChanged, &items_, &ClipListModel::refreshAll);
 }
 
@@ -61,7 +62,6 @@ void ClipboardModel::begin(ClipboardStorage::Loaded loaded) {
   history_ = ClipboardHistory(std::move(loaded.library), history_.lastChangeCount());
   seams_.pasteboard.setChangeHandler([this] { poll(); });
   seams_.pasteboard.setOwnerGoneHandler([this] { restoreCurrent(); });
-  refreshAges();
   publish();
   poll();
 }
@@ -78,6 +78,8 @@ void ClipboardModel::poll() {
   if (!isLoaded_) return;
   const Instant now = seams_.now();
   apply(history_.sweep(now, captureSettings(), [this](const ClipItem& item) { return index_.of(item).isSensitive; }));
+  const auto minute = std::chrono::floor<std::chrono::minutes>(now).time_since_epoch().count();
+  if (std::exchange(lastMinute_, minute) != minute) refreshAges();
   const std::int64_t change = seams_.pasteboard.changeCount();
   if (change == history_.lastChangeCount()) return;
 
@@ -285,6 +287,7 @@ void ClipboardModel::setFocusedItemID(std::optional<UUID> id) {
 void ClipboardModel::publish() {
   collections_.setRows(library().collections);
   publishRows();
+  refreshAges();
   Q_EMIT libraryChanged();
   Q_EMIT currentItemIDChanged();
 }

@@ -47,9 +47,14 @@ class ClipboardModel : public QObject {
   Q_PROPERTY(int visibleCount READ visibleCount NOTIFY visibleItemsChanged)
   // "128 items · 3 pinned"
   Q_PROPERTY(QString summary READ summary NOTIFY libraryChanged)
+  // Why there is nothing to show, and what would change that.
+  Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY visibleItemsChanged)
+  Q_PROPERTY(QString emptySentence READ emptySentence NOTIFY visibleItemsChanged)
   // For the tile: the newest clip in a few words, a secret by its kind alone.
   Q_PROPERTY(QString latestText READ latestText NOTIFY libraryChanged)
   Q_PROPERTY(QString latestAge READ latestAge NOTIFY latestAgeChanged)
+  // "Last copy 2m ago"
+  Q_PROPERTY(QString latestLine READ latestLine NOTIFY latestAgeChanged)
 
  public:
   struct Seams {
@@ -123,12 +128,20 @@ class ClipboardModel : public QObject {
   int count() const { return static_cast<int>(library().items.size()); }
   int visibleCount() const { return items_.rowCount(); }
   QString summary() const;
+  QString emptyTitle() const;
+  QString emptySentence() const;
   QString latestText() const;
   QString latestAge() const { return latestAge_; }
+  QString latestLine() const { return latestLine_; }
 
   // For the shelf.
   Q_INVOKABLE void togglePin(const QString& id);
   Q_INVOKABLE void toggleCollection(const QString& item, const QString& collection);
+  Q_INVOKABLE bool isPinned(const QString& id) const;
+  Q_INVOKABLE bool isCode(const QString& id) const;
+  // The name of its picture's file; empty when it has none.
+  Q_INVOKABLE QString pictureOf(const QString& id) const;
+  Q_INVOKABLE QString collectionName(const QString& id) const;
   Q_INVOKABLE bool isIn(const QString& item, const QString& collection) const;
   // Puts an item, if one is named, into the new collection.
   Q_INVOKABLE void createCollection(const QString& name, const QString& item);
@@ -171,6 +184,7 @@ class ClipboardModel : public QObject {
   void publishRows();
   CaptureSettings captureSettings() const;
   QString programName(const std::string& bundleID);
+  const ClipItem* itemOf(const QString& id) const;
   void forgetUnneeded();
 
   AppSettings& settings_;
@@ -189,7 +203,8 @@ class ClipboardModel : public QObject {
   std::optional<UUID> focusedItemID_;
   std::unordered_map<std::string, PictureSize> pictureSizes_;
   std::map<std::string, QString> programNames_;
-  QString latestAge_;
+  QString latestAge_, latestLine_;
+  std::int64_t lastMinute_ = 0;
   bool isLoaded_ = false;
   // The change whose owner has gone before its contents had become a clip.
   std::optional<std::int64_t> ownerlessChange_;

@@ -6,6 +6,7 @@
 
 #include "app/base/StoredValue.h"
 #include "app/clipboard/ClipboardModel.h"
+#include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
 #include "core/base/Overloaded.h"
 
@@ -77,6 +78,22 @@ QString ClipboardModel::summary() const {
   return pinned == 0 ? items : tr("%1 · %2 pinned").arg(items).arg(pinned);
 }
 
+QString ClipboardModel::emptyTitle() const {
+  if (!query_.trimmed().isEmpty()) return tr("No matches");
+  if (count() > 0) return tr("Nothing here yet");
+  return settings_.clipboardEnabled() ? tr("Nothing copied yet") : tr("The clipboard history is off");
+}
+
+QString ClipboardModel::emptySentence() const {
+  if (!query_.trimmed().isEmpty()) return tr("No clip here has this text.");
+  if (std::holds_alternative<ClipFilter::Pinned>(filter_.value)) return tr("Pin a clip with the star on its card.");
+  if (std::holds_alternative<ClipFilter::Collection>(filter_.value))
+    return tr("Put clips into this collection from their menus.");
+  if (count() > 0) return tr("There is no clip of this kind.");
+  return settings_.clipboardEnabled() ? tr("What you copy in any program appears here.")
+                                      : tr("Switch it on in the clipboard settings.");
+}
+
 QString ClipboardModel::latestText() const {
   if (library().items.empty()) return {};
   const ClipItem& latest = library().items.front();
@@ -89,9 +106,14 @@ void ClipboardModel::refreshAges() {
   const Instant now = seams_.now();
   items_.setNow(now);
   const auto& all = library().items;
-  const QString age = all.empty() ? QString() : toQString(shortAge(calendar_, all.front().createdAt, now));
-  if (age == latestAge_) return;
+  QString age, line;
+  if (!all.empty()) {
+    age = toQString(shortAge(calendar_, all.front().createdAt, now));
+    line = tr("Last copy %1").arg(toQString(relativeAge(calendar_, all.front().createdAt, now)));
+  }
+  if (age == latestAge_ && line == latestLine_) return;
   latestAge_ = age;
+  latestLine_ = line;
   Q_EMIT latestAgeChanged();
 }
 
@@ -111,9 +133,37 @@ void ClipboardModel::toggleCollection(const QString& item, const QString& collec
   if (itemID && collectionID) toggleCollection(*itemID, *collectionID);
 }
 
+const ClipItem* ClipboardModel::itemOf(const QString& id) const {
+  const auto parsed = idOf(id);
+  return parsed ? history_.item(*parsed) : nullptr;
+}
+
+bool ClipboardModel::isPinned(const QString& id) const {
+  const ClipItem* item = itemOf(id);
+  return item && item->isPinned;
+}
+
+bool ClipboardModel::isCode(const QString& id) const {
+  const ClipItem* item = itemOf(id);
+  const ClipFacts* facts = item ? index_.find(item->id) : nullptr;
+  return facts && (facts->preview.look == ClipLook::code || facts->preview.look == ClipLook::secret);
+}
+
+QString ClipboardModel::pictureOf(const QString& id) const {
+  const ClipItem* item = itemOf(id);
+  return item && item->imageFileName ? toQString(*item->imageFileName) : QString();
+}
+
+QString ClipboardModel::collectionName(const QString& id) const {
+  const auto wanted = idOf(id);
+  const auto& all = library().collections;
+  const auto found = std::ranges::find_if(all, [&](const ClipCollection& one) { return one.id == wanted; });
+  return found == all.end() ? QString() : toQString(found->name);
+}
+
 bool ClipboardModel::isIn(const QString& item, const QString& collection) const {
-  const auto itemID = idOf(item), collectionID = idOf(collection);
-  const ClipItem* found = itemID ? history_.item(*itemID) : nullptr;
+  const auto collectionID = idOf(collection);
+  const ClipItem* found = itemOf(item);
   return found && collectionID && found->collectionIDs.contains(*collectionID);
 }
 
@@ -159,16 +209,14 @@ void ClipboardModel::cleanUp(const QString& key) {
 }
 
 QString ClipboardModel::textOf(const QString& id) const {
-  const auto itemID = idOf(id);
-  const ClipItem* item = itemID ? history_.item(*itemID) : nullptr;
+  const ClipItem* item = itemOf(id);
   if (!item || !item->text) return {};
   // A character that is cut in two shows as a replacement; it is far beyond what anybody reads here.
   return toQString(std::string_view(*item->text).substr(0, mostPreviewText));
 }
 
 void ClipboardModel::lookAtFiles(const QString& id) {
-  const auto itemID = idOf(id);
-  const ClipItem* item = itemID ? history_.item(*itemID) : nullptr;
+  const ClipItem* item = itemOf(id);
   if (item && item->kind == ClipKind::file) files_.lookAt(*item);
 }
 

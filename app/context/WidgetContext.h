@@ -8,6 +8,7 @@
 
 #include "app/agents/AgentsModel.h"
 #include "app/buddy/BuddyNoticeCenter.h"
+#include "app/clipboard/ClipboardModel.h"
 #include "app/context/BarLimits.h"
 #include "app/disk/DiskCleaner.h"
 #include "app/focus/FocusModels.h"
@@ -37,6 +38,7 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::WeatherModels* weather READ weather CONSTANT)
   Q_PROPERTY(ambrel::BuddyNoticeCenter* notices READ notices CONSTANT)
   Q_PROPERTY(ambrel::DiskCleaner* disk READ disk CONSTANT)
+  Q_PROPERTY(ambrel::ClipboardModel* clipboard READ clipboard CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
   // Whether the tiles are on screen: what is not seen need not be kept current.
   Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
@@ -55,6 +57,7 @@ class WidgetContext : public QObject {
     WeatherModels* weather = nullptr;
     BuddyNoticeCenter* notices = nullptr;
     DiskCleaner* disk = nullptr;
+    ClipboardModel* clipboard = nullptr;
   };
   explicit WidgetContext(const Models& models, QObject* parent = nullptr);
 
@@ -71,6 +74,7 @@ class WidgetContext : public QObject {
   // The character.
   Buddy* buddy() const { return models_.notices ? models_.notices->buddy() : nullptr; }
   DiskCleaner* disk() const { return models_.disk; }
+  ClipboardModel* clipboard() const { return models_.clipboard; }
   BarLimits* barLimits() { return &barLimits_; }
   bool widgetsActive() const { return widgetsActive_; }
   void setWidgetsActive(bool active);

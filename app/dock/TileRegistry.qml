@@ -14,6 +14,9 @@ QtObject {
     readonly property TileSet buddy: BuddyTiles {
         context: root.context
     }
+    readonly property TileSet clipboard: ClipboardTiles {
+        context: root.context
+    }
     readonly property TileSet focus: FocusTiles {
         context: root.context
     }
@@ -27,5 +30,5 @@ QtObject {
         context: root.context
     }
     // A family without its models is passed over.
-    readonly property var tiles: Object.assign({}, agents.tiles, context.notices ? buddy.tiles : {}, context.focus ? focus.tiles : {}, system.tiles, time.tiles, context.weather ? weather.tiles : {})
+    readonly property var tiles: Object.assign({}, agents.tiles, context.notices ? buddy.tiles : {}, context.clipboard ? clipboard.tiles : {}, context.focus ? focus.tiles : {}, system.tiles, time.tiles, context.weather ? weather.tiles : {})
 }

@@ -12,6 +12,8 @@ namespace {
 
 // A little more than the toast takes to fade.
 constexpr Seconds fade{0.2};
+// Between a toast and what it stands below.
+constexpr int toastGap = 16;
 
 }  // namespace
 
@@ -30,7 +32,11 @@ void ToastController::attach(QQmlEngine& engine, WindowStyle& style, std::functi
 }
 
 void ToastController::show(const QString& title, const QString& detail, const QString& symbol) {
-  if (!engine_) return;
+  show({.title = title, .detail = detail, .symbol = symbol, .action = {}, .onAction = {}, .above = {}, .screen = {}});
+}
+
+int ToastController::show(ToastMessage message) {
+  if (!engine_) return 0;
   if (!window_) {
     window_ = std::make_unique<PanelWindow>(*engine_, *style_, WindowRole::bubble);
     window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())},
@@ -39,15 +45,36 @@ void ToastController::show(const QString& title, const QString& detail, const QS
   }
   QQuickItem* root = window_->rootObject();
   auto* toast = root ? root->property("toast").value<QQuickItem*>() : nullptr;
-  if (!toast) return;
+  if (!toast) return 0;
   ++generation_;
-  QMetaObject::invokeMethod(root, "present", Q_ARG(QString, title), Q_ARG(QString, detail), Q_ARG(QString, symbol));
-  const PanelAnchor anchor = anchor_();
+  onAction_ = std::move(message.onAction);
+  QMetaObject::invokeMethod(root, "present", Q_ARG(QString, message.title), Q_ARG(QString, message.detail),
+                            Q_ARG(QString, message.symbol), Q_ARG(QString, message.action));
   const QSize size(qCeil(toast->implicitWidth()), qCeil(toast->implicitHeight()));
-  window_->setPanelFrame(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),
-                         roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
+  if (message.above.isEmpty()) {
+    const PanelAnchor anchor = anchor_();
+    window_->setPanelFrame(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),
+                           roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
+  } else {
+    const QRect& above = message.above;
+    const QPoint place(above.x() + (above.width() - size.width()) / 2, above.y() + above.height() + toastGap);
+    QRect room = message.screen;
+    // Clicks on what it belongs to are not for its margin.
+    room.setTop(above.y() + above.height());
+    window_->setPanelFrame({place, size}, room);
+  }
   window_->show();
   window_->raise();
+  return ++number_;
+}
+
+void ToastController::withdraw(int number) {
+  if (number == 0 || number != number_ || !window_ || !window_->rootObject()) return;
+  QMetaObject::invokeMethod(window_->rootObject(), "dismiss");
+}
+
+void ToastController::act() {
+  if (const auto act = std::exchange(onAction_, nullptr)) act();
 }
 
 void ToastController::close() {

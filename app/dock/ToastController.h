@@ -2,6 +2,7 @@
 // One short message above the bar. A new one takes the place of the old.
 
 #include <QObject>
+#include <QRect>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
@@ -17,6 +18,17 @@ namespace ambrel {
 class PanelWindow;
 struct PanelAnchor;
 
+struct ToastMessage {
+  QString title;
+  QString detail;
+  QString symbol;
+  QString action;  // the word on its button; empty without one
+  std::function<void()> onAction;
+  // What it stands below, on this screen; empty: above the bar.
+  QRect above;
+  QRect screen;
+};
+
 class ToastController : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -29,9 +41,14 @@ class ToastController : public QObject {
   // What it is shown with, once there is a bar to show it above. Before that a message is lost.
   void attach(QQmlEngine& engine, WindowStyle& style, std::function<PanelAnchor()> anchor);
   void show(const QString& title, const QString& detail, const QString& symbol);
+  // The message's number, by which it can be withdrawn; 0 when it is lost.
+  int show(ToastMessage message);
+  // Takes the message away if no newer one has come.
+  void withdraw(int number);
 
-  // The message has had its time and fades.
+  // For the view: the message has had its time and fades; its button was pressed.
   Q_INVOKABLE void close();
+  Q_INVOKABLE void act();
 
   QWindow* window() const;
 
@@ -41,6 +58,8 @@ class ToastController : public QObject {
   WindowStyle* style_ = nullptr;
   std::function<PanelAnchor()> anchor_;
   std::unique_ptr<PanelWindow> window_;
+  std::function<void()> onAction_;
+  int number_ = 0;
   // A late step acts only if no newer message has come.
   int generation_ = 0;
 };

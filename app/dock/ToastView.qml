@@ -10,8 +10,11 @@ Item {
     required property ToastController controller
     readonly property alias toast: toast
 
-    function present(title: string, detail: string, symbol: string) {
-        toast.show(title, detail, symbol, "");
+    function present(title: string, detail: string, symbol: string, action: string) {
+        toast.show(title, detail, symbol, action);
+    }
+    function dismiss() {
+        toast.hide();
     }
 
     Toast {
@@ -20,5 +23,6 @@ Item {
         x: root.window.panelRect.x
         y: root.window.panelRect.y
         onClosed: root.controller.close()
+        onActionChosen: root.controller.act()
     }
 }

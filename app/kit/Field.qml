@@ -12,9 +12,13 @@ FocusScope {
     property bool isSecret: false
     property alias maximumLength: input.maximumLength
     property alias input: input
+    // Left and Right, Up and Down leave the text: they walk through what it has found.
+    property bool walks: false
 
     // Return was pressed.
     signal accepted
+    // One of these keys was pressed.
+    signal walked(int key)
 
     function selectAll() {
         input.selectAll();
@@ -65,6 +69,12 @@ FocusScope {
             event.accepted = root.isSearch && text !== "";
             if (event.accepted)
                 text = "";
+        }
+        Keys.onPressed: event => {
+            const isWalk = [Qt.Key_Left, Qt.Key_Right, Qt.Key_Up, Qt.Key_Down].indexOf(event.key) >= 0;
+            event.accepted = root.walks && isWalk && event.modifiers === Qt.NoModifier;
+            if (event.accepted)
+                root.walked(event.key);
         }
         onAccepted: root.accepted()
         cursorDelegate: Rectangle {

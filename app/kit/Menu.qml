@@ -15,10 +15,16 @@ FocusScope {
         if (first)
             first.forceActiveFocus(Qt.TabFocusReason);
     }
+    function holds(item: Item): bool {
+        for (let above = item; above; above = above.parent)
+            if (above === column)
+                return true;
+        return false;
+    }
     function walk(forward: bool) {
         const now = Window.activeFocusItem;
         const next = (now ?? column).nextItemInFocusChain(forward);
-        if (next && next.parent === column)
+        if (next && root.holds(next))
             next.forceActiveFocus(Qt.TabFocusReason);
     }
 

@@ -1,6 +1,5 @@
 // The computer's parts: when they are read, their panels, and what a click does.
 
-#include <QClipboard>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -115,12 +114,6 @@ void AppDelegate::addTelemetryPanels() {
                 isOut ? QString() : refusal(result),
                 isOut ? QStringLiteral("eject") : QStringLiteral("exclamationmark.triangle"));
   };
-}
-
-void AppDelegate::copyText(const QString& text) {
-  if (text.isEmpty()) return;
-  QGuiApplication::clipboard()->setText(text);
-  toast_.show(tr("Copied"), text, QStringLiteral("doc.on.doc"));
 }
 
 }  // namespace ambrel

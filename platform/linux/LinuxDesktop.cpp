@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include <QCoreApplication>
 #include <unistd.h>
 
 #include "platform/linux/CanberraSounds.h"
@@ -17,6 +18,7 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "platform/linux/X11Workspace.h"
+#include "platform/linux/pasteboard/X11Pasteboard.h"
 #include "platform/linux/services/BlueZBluetooth.h"
 #include "platform/linux/services/PulseSoundControl.h"
 #include "platform/linux/services/SystemKeepAwake.h"
@@ -35,6 +37,28 @@ LinuxTelemetry::Sources telemetrySources(const QDBusConnection& systemBus) {
   return sources;
 }
 
+// Where there is no window system, nothing is ever copied.
+class NoPasteboard : public Pasteboard {
+ public:
+  std::int64_t changeCount() const override { return count_; }
+  void setChangeHandler(std::function<void()>) override {}
+  void setOwnerGoneHandler(std::function<void()>) override {}
+  void read(bool, std::function<void(PasteboardReading)>) override {}
+  std::int64_t write(std::vector<Representation>) override { return ++count_; }
+
+ private:
+  std::int64_t count_ = 0;
+};
+
+std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
+  const auto post = [](std::function<void()> task) {
+    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
+  };
+  if (!display.empty())
+    if (auto pasteboard = X11Pasteboard::open(display, post)) return pasteboard;
+  return std::make_unique<NoPasteboard>();
+}
+
 }  // namespace
 
 struct LinuxDesktop::Parts {
@@ -48,6 +72,7 @@ struct LinuxDesktop::Parts {
         workspace(connection.get(), "/proc", ProgramFolders::ofThisSession()),
         hotKeys(connection.get()),
         notifications(bus),
+        pasteboard(openPasteboard(display)),
         telemetry(telemetrySources(systemBus)),
         bluetooth(systemBus),
         volumes(systemBus),
@@ -64,6 +89,7 @@ struct LinuxDesktop::Parts {
   X11Workspace workspace;
   X11HotKeys hotKeys;
   DBusNotifications notifications;
+  std::unique_ptr<Pasteboard> pasteboard;
   ProcReadings readings;
   TimerfdClock wallClock;
   CanberraSounds sounds;
@@ -89,6 +115,7 @@ Desktop LinuxDesktop::seams() {
           .workspace = parts_->workspace,
           .hotKeys = parts_->hotKeys,
           .notifications = parts_->notifications,
+          .pasteboard = *parts_->pasteboard,
           .readings = parts_->readings,
           .wallClock = parts_->wallClock,
           .sounds = parts_->sounds,

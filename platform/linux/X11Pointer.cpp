@@ -47,6 +47,15 @@ std::optional<Point> X11Pointer::location() const {
   return flipped(Point{double(position.x()), double(position.y())}, frame.y() + frame.height());
 }
 
+bool X11Pointer::isPressed() const {
+  if (!connection_ || connection_->isBroken()) return false;
+  const XcbPtr<xcb_query_pointer_reply_t> reply(
+      xcb_query_pointer_reply(connection_->xcb(), xcb_query_pointer(connection_->xcb(), connection_->root()), nullptr));
+  connection_->repliesWereRead();
+  constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+  return reply && (reply->mask & buttons) != 0;
+}
+
 bool X11Pointer::wakeOnMove(std::function<void()> onMove) {
   if (extension_ == 0 || connection_->isBroken()) return false;
   if (!std::exchange(onMove_, std::move(onMove))) listen(true);

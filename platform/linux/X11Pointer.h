@@ -15,6 +15,7 @@ class X11Pointer : public PointerMonitor {
   explicit X11Pointer(X11Connection* connection);
 
   std::optional<Point> location() const override;
+  bool isPressed() const override;
   bool wakeOnMove(std::function<void()> onMove) override;
   void stopWaiting() override;
 

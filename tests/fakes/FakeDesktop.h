@@ -3,6 +3,7 @@
 
 #include "platform/Desktop.h"
 #include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/FakeReadings.h"
 #include "tests/fakes/FakeTelemetry.h"
@@ -20,6 +21,7 @@ struct FakeDesktop {
             .workspace = workspace,
             .hotKeys = hotKeys,
             .notifications = notifications,
+            .pasteboard = pasteboard,
             .readings = readings,
             .wallClock = clock,
             .sounds = sounds,
@@ -38,6 +40,7 @@ struct FakeDesktop {
   FakeWorkspace workspace;
   FakeHotKeys hotKeys;
   FakeNotifications notifications;
+  FakePasteboard pasteboard;
   FakeReadings readings;
   FakeClock clock;
   FakeSounds sounds;

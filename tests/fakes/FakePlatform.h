@@ -24,6 +24,7 @@ class FakePointer : public PointerMonitor {
     ++looks;
     return at;
   }
+  bool isPressed() const override { return pressed; }
   bool wakeOnMove(std::function<void()> onMove) override {
     if (!canWake) return false;
     ++arms;
@@ -41,6 +42,7 @@ class FakePointer : public PointerMonitor {
 
   std::optional<Point> at = Point{};
   bool canWake = true;
+  bool pressed = false;
   int arms = 0;
   mutable int looks = 0;
 

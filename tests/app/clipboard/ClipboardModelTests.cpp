@@ -554,7 +554,7 @@ class ClipboardModelTests : public QObject {
     desk.pass(Seconds(18 * 60));
     desk.model->refreshAges();
     QCOMPARE(row.data(ClipListModel::LookRole).toString(), QStringLiteral("secret"));
-    QCOMPARE(forgetting(), QStringLiteral("forgotten in 42 min"));
+    QCOMPARE(forgetting(), QStringLiteral("forgotten in\u00A042\u00A0min"));
     QVERIFY(!row.data(ClipListModel::SpokenRole).toString().contains("ghp_"));
     QCOMPARE(desk.model->latestText(), QStringLiteral("Secret"));
     desk.pass(Seconds(43 * 60));

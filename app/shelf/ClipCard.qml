@@ -1,0 +1,229 @@
+import QtQuick
+import Ambrel.Clipboard
+import Ambrel.Kit
+import Ambrel.Shelf
+
+// One clip, drawn after its kind. A click picks it, dragging it down takes it along.
+Item {
+    id: root
+
+    required property ClipboardModel clipboard
+    required property string clipId
+    required property string look
+    required property string kindText
+    required property string title
+    required property string detail
+    required property color swatch
+    required property var files
+    required property string moreFiles
+    required property string picture
+    required property string foot
+    required property string age
+    required property int pinNumber
+    required property bool isPinned
+    required property bool isCurrent
+    required property string forgetting
+    required property string spoken
+    property bool isUnderKeyboard: false
+    // A secret may be seen; the pointer reveals it too.
+    property bool isRevealed: false
+
+    readonly property bool isHovered: hover.hovered
+    readonly property var widths: ({
+            text: 148,
+            code: 160,
+            link: 136,
+            color: 96,
+            image: 120,
+            files: 120,
+            secret: 120
+        })
+    readonly property var symbols: ({
+            text: "text.alignleft",
+            code: "chevron.left.forwardslash.chevron.right",
+            link: "link",
+            color: "paintpalette",
+            image: "photo",
+            files: "doc",
+            secret: "lock.fill"
+        })
+    readonly property var bodies: ({
+            text: textBody,
+            code: codeBody,
+            link: linkBody,
+            color: colorBody,
+            image: pictureBody,
+            files: filesBody,
+            secret: secretBody
+        })
+
+    signal picked
+    signal menuAsked(real x, real y)
+    signal dragAsked(Item card)
+
+    width: Math.round((widths[look] ?? 148) * Theme.textScale)
+    Accessible.role: Accessible.ListItem
+    Accessible.name: spoken
+    Accessible.onPressAction: root.picked()
+    onLookChanged: lookAtFiles()
+    onClipIdChanged: lookAtFiles()
+
+    function lookAtFiles() {
+        if (look === "files")
+            clipboard.lookAtFiles(clipId);
+    }
+
+    Rectangle {
+        id: ground
+
+        anchors.fill: parent
+        radius: Theme.radiusCard
+        color: root.isHovered ? Theme.cardHover : Theme.card
+        border.width: 1
+        border.color: Theme.over(root.isHovered ? Theme.lineStrong : Theme.line, color)
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Theme.hoverDuration
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+    ClipCardHead {
+        id: head
+
+        width: parent.width
+        symbol: root.symbols[root.look] ?? "text.alignleft"
+        text: root.kindText
+        pinNumber: root.pinNumber
+        isPinned: root.isPinned
+        isCurrent: root.isCurrent
+        isActive: root.isHovered
+        onPinToggled: root.clipboard.togglePin(root.clipId)
+    }
+    Loader {
+        anchors {
+            left: parent.left
+            right: parent.right
+            top: head.bottom
+            bottom: footRow.top
+        }
+        sourceComponent: root.bodies[root.look] ?? textBody
+    }
+    Item {
+        id: footRow
+
+        anchors {
+            left: parent.left
+            right: parent.right
+            bottom: parent.bottom
+            leftMargin: Theme.space3
+            rightMargin: Theme.space3
+        }
+        height: Math.round(32 * Theme.textScale)
+
+        Label {
+            anchors {
+                left: parent.left
+                right: ageLabel.left
+                rightMargin: Theme.space1
+                verticalCenter: parent.verticalCenter
+            }
+            visible: root.look !== "color"
+            text: root.foot
+            role: Theme.subLine
+            color: Theme.ink2
+            Accessible.ignored: true
+        }
+        Label {
+            id: ageLabel
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.age
+            role: Theme.subLine
+            color: Theme.ink2
+            hasTip: false
+            Accessible.ignored: true
+        }
+    }
+    FocusRing {
+        shown: root.isUnderKeyboard
+        targetRadius: Theme.radiusCard
+    }
+
+    HoverHandler {
+        id: hover
+    }
+    TapHandler {
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: root.picked()
+    }
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => root.menuAsked(eventPoint.position.x, eventPoint.position.y)
+    }
+    // Along the row is for scrolling; out of it, for taking the clip along.
+    DragHandler {
+        target: null
+        xAxis.enabled: false
+        onActiveChanged: if (active)
+            root.dragAsked(root)
+    }
+
+    Component {
+        id: textBody
+
+        TextBody {
+            text: root.title
+        }
+    }
+    Component {
+        id: codeBody
+
+        CodeBody {
+            text: root.title
+        }
+    }
+    Component {
+        id: linkBody
+
+        LinkBody {
+            host: root.title
+            rest: root.detail
+        }
+    }
+    Component {
+        id: colorBody
+
+        ColorBody {
+            swatch: root.swatch
+            notation: root.title
+            components: root.detail
+        }
+    }
+    Component {
+        id: pictureBody
+
+        PictureBody {
+            picture: root.picture
+        }
+    }
+    Component {
+        id: filesBody
+
+        FilesBody {
+            files: root.files
+            more: root.moreFiles
+        }
+    }
+    Component {
+        id: secretBody
+
+        SecretBody {
+            text: root.title
+            forgetting: root.forgetting
+            isRevealed: root.isRevealed || root.isHovered
+        }
+    }
+}

@@ -1,0 +1,60 @@
+import QtQuick
+import Ambrel.Clipboard
+import Ambrel.Kit
+import Ambrel.Shelf
+
+// What can be done with one clip.
+Menu {
+    id: root
+
+    required property ClipboardModel clipboard
+    required property string clipId
+    readonly property bool isCentred: false
+    readonly property bool hangsLeft: false
+
+    signal picked
+    signal previewAsked
+    signal collectionsAsked
+
+    function begin() {
+        root.focusFirst();
+    }
+
+    MenuRow {
+        text: qsTr("Copy")
+        symbol: "doc.on.doc"
+        keys: qsTr("Enter")
+        onClicked: root.picked()
+    }
+    MenuRow {
+        text: root.clipboard.isPinned(root.clipId) ? qsTr("Unpin") : qsTr("Pin")
+        symbol: root.clipboard.isPinned(root.clipId) ? "star.fill" : "star"
+        keys: qsTr("Ctrl P")
+        onClicked: {
+            root.clipboard.togglePin(root.clipId);
+            root.closeRequested();
+        }
+    }
+    MenuRow {
+        text: qsTr("Collections…")
+        symbol: "folder"
+        onClicked: root.collectionsAsked()
+    }
+    MenuRow {
+        text: qsTr("Preview")
+        symbol: "eye"
+        keys: qsTr("Space")
+        onClicked: root.previewAsked()
+    }
+    MenuRule {}
+    MenuRow {
+        text: qsTr("Delete")
+        symbol: "trash"
+        keys: qsTr("Delete")
+        isCareful: true
+        onClicked: {
+            root.clipboard.remove(root.clipId);
+            root.closeRequested();
+        }
+    }
+}

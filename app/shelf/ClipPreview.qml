@@ -1,0 +1,86 @@
+import QtQuick
+import Ambrel.Clipboard
+import Ambrel.Kit
+import Ambrel.Shelf
+
+// One clip as large as the shelf allows. Space and Escape close it, Return picks the clip.
+FocusScope {
+    id: root
+
+    required property ClipboardModel clipboard
+    required property string clipId
+    readonly property bool isCentred: true
+    readonly property bool hangsLeft: false
+    readonly property string picture: clipboard.pictureOf(clipId)
+    readonly property string text: clipboard.textOf(clipId)
+
+    function begin() {
+        root.forceActiveFocus();
+    }
+
+    signal picked
+    signal closeRequested
+
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Space || event.key === Qt.Key_Escape)
+            root.closeRequested();
+        else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
+            root.picked();
+        else
+            return;
+        event.accepted = true;
+    }
+    Accessible.role: Accessible.Dialog
+    Accessible.name: qsTr("Preview")
+
+    PanelGround {
+        anchors.fill: parent
+        radius: Theme.radiusTile
+        shadow: "floating"
+    }
+    MouseArea {
+        anchors.fill: parent
+    }
+    Image {
+        anchors.fill: parent
+        anchors.margins: Theme.space3
+        visible: root.picture !== ""
+        source: root.picture === "" ? "" : "image://ambrel.clip/whole/" + root.picture
+        sourceSize.width: Math.round(width * Screen.devicePixelRatio)
+        sourceSize.height: Math.round(height * Screen.devicePixelRatio)
+        fillMode: Image.PreserveAspectFit
+        asynchronous: true
+        cache: false
+    }
+    ScrollView {
+        anchors.fill: parent
+        anchors.margins: Theme.space1
+        padding: Theme.space3
+        visible: root.picture === ""
+        focus: true
+
+        TextEdit {
+            width: parent.width - Theme.space6
+            text: root.text
+            font: root.clipboard.isCode(root.clipId) ? Theme.code.font : Theme.body.font
+            color: Theme.ink
+            selectionColor: Theme.accent
+            selectedTextColor: Theme.onAccent
+            textFormat: TextEdit.PlainText
+            wrapMode: TextEdit.Wrap
+            readOnly: true
+            selectByMouse: true
+            activeFocusOnPress: false
+        }
+    }
+    IconButton {
+        anchors {
+            right: parent.right
+            top: parent.top
+            margins: Theme.space2
+        }
+        symbol: "xmark"
+        label: qsTr("Close the preview")
+        onClicked: root.closeRequested()
+    }
+}

@@ -1,0 +1,177 @@
+import QtQuick
+import Ambrel.Clipboard
+import Ambrel.Kit
+import Ambrel.Shelf
+
+// The cards in a row, newest first. The arrows walk, Return picks, Delete removes, Space previews; letters search.
+FocusScope {
+    id: root
+
+    required property ClipboardModel clipboard
+    // The keyboard stands in the search and acts on the present card.
+    property bool isSearching: false
+    // Room around the cards for the ring of the keyboard.
+    readonly property int margin: 8
+    // A secret under the keyboard is shown when the user has walked there, not when the shelf has just been opened.
+    property bool hasWalked: false
+    readonly property string currentId: clipboard.focusedItem
+
+    signal picked(string id)
+    signal previewAsked(string id)
+    signal menuAsked(string id, real x, real y)
+    signal typed(string text)
+    signal searchAsked
+    signal dragAsked(string id, Item card)
+
+    function begin() {
+        hasWalked = false;
+        goTo(0);
+        list.positionViewAtBeginning();
+        forceActiveFocus();
+    }
+    function goTo(row: int) {
+        const last = root.clipboard.visibleCount - 1;
+        const next = Math.max(0, Math.min(last, row));
+        list.currentIndex = last < 0 ? -1 : next;
+        root.clipboard.focusedItem = root.clipboard.items.idAt(list.currentIndex);
+    }
+    function step(by: int) {
+        hasWalked = true;
+        goTo(list.currentIndex + by);
+    }
+    function pickCurrent() {
+        if (currentId !== "")
+            picked(currentId);
+    }
+    // After the rows have changed: the same clip, or the one in its place.
+    function settle() {
+        const row = root.clipboard.items.rowOf(root.clipboard.focusedItem);
+        if (row >= 0)
+            list.currentIndex = row;
+        else
+            goTo(Math.max(0, list.currentIndex));
+    }
+    function openMenu() {
+        const card = list.currentItem;
+        if (!card)
+            return;
+        const place = card.mapToItem(root, card.width / 2, card.height / 3);
+        root.menuAsked(root.currentId, place.x, place.y);
+    }
+    function act(event: var): bool {
+        const control = event.modifiers === Qt.ControlModifier;
+        const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.KeypadModifier;
+        if (plain && event.key === Qt.Key_Left)
+            step(-1);
+        else if (plain && event.key === Qt.Key_Right)
+            step(1);
+        else if (plain && event.key === Qt.Key_Up)
+            root.searchAsked();
+        else if (plain && event.key === Qt.Key_PageUp)
+            step(-6);
+        else if (plain && event.key === Qt.Key_PageDown)
+            step(6);
+        else if (plain && event.key === Qt.Key_Home)
+            step(-root.clipboard.visibleCount);
+        else if (plain && event.key === Qt.Key_End)
+            step(root.clipboard.visibleCount);
+        else if (plain && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) || control && event.key === Qt.Key_C)
+            pickCurrent();
+        else if (plain && event.key === Qt.Key_Delete)
+            root.clipboard.remove(root.currentId);
+        else if (plain && event.key === Qt.Key_Space)
+            root.previewAsked(root.currentId);
+        else if (control && event.key === Qt.Key_P)
+            root.clipboard.togglePin(root.currentId);
+        else if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
+            openMenu();
+        else if (event.key === Qt.Key_Backspace && root.clipboard.query !== "")
+            root.searchAsked();
+        else if ((plain || event.modifiers === Qt.ShiftModifier) && event.text.length > 0 && event.text > " " && event.key !== Qt.Key_Escape && event.key !== Qt.Key_Backspace)
+            root.typed(event.text);
+        else
+            return false;
+        return true;
+    }
+
+    implicitHeight: Math.round(184 * Theme.textScale) + 2 * margin
+    activeFocusOnTab: true
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Clips")
+    Keys.onPressed: event => event.accepted = root.act(event)
+
+    Connections {
+        target: root.clipboard
+
+        function onVisibleItemsChanged() {
+            root.settle();
+        }
+        function onQueryChanged() {
+            root.hasWalked = false;
+            list.currentIndex = 0;
+            root.clipboard.focusedItem = "";
+        }
+        function onFilterChanged() {
+            root.hasWalked = false;
+            list.currentIndex = 0;
+            root.clipboard.focusedItem = "";
+            list.positionViewAtBeginning();
+        }
+    }
+
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        clip: true
+        orientation: ListView.Horizontal
+        model: root.clipboard.items
+        spacing: Theme.space2
+        leftMargin: Theme.space4
+        rightMargin: Theme.space4
+        cacheBuffer: 320
+        reuseItems: true
+        keyNavigationEnabled: false
+        boundsBehavior: Flickable.StopAtBounds
+        highlightMoveDuration: Theme.reducedMotion ? 0 : Theme.hoverDuration
+        highlightMoveVelocity: -1
+        preferredHighlightBegin: Theme.space4
+        preferredHighlightEnd: width - Theme.space4
+        highlightRangeMode: ListView.ApplyRange
+
+        delegate: ClipCard {
+            y: root.margin
+            height: root.height - 2 * root.margin
+            isUnderKeyboard: ListView.isCurrentItem && (root.activeFocus || root.isSearching)
+            isRevealed: isUnderKeyboard && root.hasWalked
+            clipboard: root.clipboard
+            onPicked: root.picked(clipId)
+            onMenuAsked: (x, y) => {
+                const place = mapToItem(root, x, y);
+                root.menuAsked(clipId, place.x, place.y);
+            }
+            onDragAsked: card => root.dragAsked(clipId, card)
+        }
+
+        WheelHandler {
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            orientation: Qt.Vertical
+            onWheel: event => scroll.by(-event.angleDelta.y)
+        }
+    }
+    SmoothScroll {
+        id: scroll
+        view: list
+    }
+    ScrollTrack {
+        view: list
+        anchors {
+            left: parent.left
+            right: parent.right
+            bottom: parent.bottom
+            leftMargin: Theme.space4
+            rightMargin: Theme.space4
+            bottomMargin: -Theme.space1
+        }
+    }
+}

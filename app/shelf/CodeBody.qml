@@ -1,0 +1,38 @@
+import QtQuick
+import Ambrel.Kit
+
+// Code in a fixed face; long lines go on beyond the edge.
+Item {
+    id: root
+
+    property alias text: label.text
+
+    Rectangle {
+        anchors {
+            fill: parent
+            leftMargin: Theme.space2
+            rightMargin: Theme.space2
+        }
+        radius: Theme.radiusSmall
+        color: Theme.field
+        clip: true
+
+        Text {
+            id: label
+
+            x: Theme.space2
+            y: Theme.space2
+            width: parent.width - Theme.space2 - 2
+            text: ""
+            font: Theme.code.font
+            lineHeight: Theme.code.line
+            lineHeightMode: Text.FixedHeight
+            color: Theme.ink
+            textFormat: Text.PlainText
+            wrapMode: Text.NoWrap
+            maximumLineCount: Math.max(1, Math.floor((parent.height - Theme.space2) / lineHeight))
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+    }
+}

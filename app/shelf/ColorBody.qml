@@ -1,0 +1,42 @@
+import QtQuick
+import Ambrel.Kit
+
+// A colour, as it is written and as it looks.
+Item {
+    id: root
+
+    property color swatch
+    property string notation
+    property string components
+
+    Rectangle {
+        id: field
+
+        x: Theme.space3
+        width: parent.width - 2 * Theme.space3
+        height: Math.round(64 * Theme.textScale)
+        radius: Theme.radiusButton
+        color: root.swatch
+        border.width: 1
+        border.color: Theme.line
+    }
+    Label {
+        id: name
+
+        x: Theme.space3
+        y: field.height + Theme.space2
+        width: field.width
+        text: root.notation
+        role: Theme.rowTitle
+        Accessible.ignored: true
+    }
+    Label {
+        x: Theme.space3
+        y: name.y + name.height + 1
+        width: field.width
+        text: root.components
+        role: Theme.subLine
+        color: Theme.ink2
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,38 @@
+import QtQuick
+import Ambrel.Kit
+
+// Where a link leads: its host, and what follows.
+Item {
+    id: root
+
+    property string host
+    property string rest
+
+    Column {
+        x: Theme.space3
+        width: parent.width - 2 * Theme.space3
+        spacing: Theme.space1
+
+        Label {
+            width: parent.width
+            text: root.host
+            role: Theme.rowTitle
+            lineHeight: 18 * Theme.textScale
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            hasTip: false
+            Accessible.ignored: true
+        }
+        Label {
+            width: parent.width
+            visible: root.rest !== ""
+            text: root.rest
+            role: Theme.small
+            color: Theme.blue.text
+            wrapMode: Text.WrapAnywhere
+            maximumLineCount: 4
+            hasTip: false
+            Accessible.ignored: true
+        }
+    }
+}

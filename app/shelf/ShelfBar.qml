@@ -1,0 +1,71 @@
+import QtQuick
+import Ambrel.Clipboard
+import Ambrel.Kit
+import Ambrel.Shelf
+
+// The upper line of the shelf: the search, the choice of what is shown, and the menu.
+FocusScope {
+    id: root
+
+    required property ClipboardModel clipboard
+    readonly property bool isSearching: search.input.activeFocus
+
+    // An arrow key in the search.
+    signal walked(int key)
+    // Return in the search.
+    signal accepted
+    signal menuAsked
+
+    function focusSearch() {
+        search.input.forceActiveFocus(Qt.ShortcutFocusReason);
+        search.selectAll();
+    }
+    // What was typed elsewhere goes on here.
+    function type(text: string) {
+        search.input.forceActiveFocus(Qt.OtherFocusReason);
+        search.input.insert(search.input.length, text);
+    }
+
+    implicitHeight: Math.max(36, search.implicitHeight)
+
+    Field {
+        id: search
+
+        width: Math.round(232 * Theme.textScale)
+        anchors.verticalCenter: parent.verticalCenter
+        isSearch: true
+        walks: true
+        hint: qsTr("Search the clipboard")
+        onTextChanged: root.clipboard.query = text
+        onWalked: key => root.walked(key)
+        onAccepted: root.accepted()
+
+        Connections {
+            target: root.clipboard
+
+            function onQueryChanged() {
+                if (search.text !== root.clipboard.query)
+                    search.text = root.clipboard.query;
+            }
+        }
+    }
+    FilterChips {
+        anchors {
+            left: search.right
+            leftMargin: Theme.space5
+            right: menuButton.left
+            rightMargin: Theme.space3
+            verticalCenter: parent.verticalCenter
+        }
+        clipboard: root.clipboard
+    }
+    IconButton {
+        id: menuButton
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: "ellipsis"
+        label: qsTr("Clean up and collections")
+        onClicked: root.menuAsked()
+    }
+}

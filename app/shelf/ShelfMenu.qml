@@ -1,0 +1,65 @@
+import QtQuick
+import Ambrel.Clipboard
+import Ambrel.Kit
+import Ambrel.Shelf
+
+// What can be done with the history as a whole, and with the collection that is shown.
+Menu {
+    id: root
+
+    required property ClipboardModel clipboard
+    readonly property bool isCentred: false
+    readonly property bool hangsLeft: true
+    readonly property string collectionId: clipboard.filter.startsWith("collection:") ? clipboard.filter.substring(11) : ""
+
+    signal cleanupAsked
+    signal nameAsked
+    signal renameAsked(string id)
+    signal clearAsked
+    signal settingsAsked
+
+    function begin() {
+        root.focusFirst();
+    }
+
+    MenuRow {
+        text: qsTr("Clean up…")
+        symbol: "wand.and.stars"
+        enabled: root.clipboard.count > 0
+        onClicked: root.cleanupAsked()
+    }
+    MenuRow {
+        text: qsTr("New collection…")
+        symbol: "plus"
+        onClicked: root.nameAsked()
+    }
+    MenuRow {
+        visible: root.collectionId !== ""
+        text: qsTr("Rename this collection…")
+        symbol: "pencil"
+        onClicked: root.renameAsked(root.collectionId)
+    }
+    MenuRow {
+        visible: root.collectionId !== ""
+        text: qsTr("Delete this collection")
+        symbol: "folder"
+        isCareful: true
+        onClicked: {
+            root.clipboard.deleteCollection(root.collectionId);
+            root.closeRequested();
+        }
+    }
+    MenuRule {}
+    MenuRow {
+        text: qsTr("Clear clipboard history…")
+        symbol: "trash"
+        isCareful: true
+        enabled: root.clipboard.count > 0
+        onClicked: root.clearAsked()
+    }
+    MenuRow {
+        text: qsTr("Clipboard settings…")
+        symbol: "gearshape.fill"
+        onClicked: root.settingsAsked()
+    }
+}

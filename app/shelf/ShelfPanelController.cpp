@@ -1,0 +1,231 @@
+#include "app/shelf/ShelfPanelController.h"
+
+#include <QDrag>
+#include <QMimeData>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickItemGrabResult>
+#include <QUrl>
+#include <QtMath>
+#include <algorithm>
+
+#include "app/base/StoredValue.h"
+#include "app/dock/PanelWindow.h"
+#include "app/dock/ToastController.h"
+#include "app/model/AppSettings.h"
+#include "app/shelf/EdgeSensor.h"
+#include "core/base/Files.h"
+#include "core/base/Text.h"
+
+namespace ambrel {
+namespace {
+
+QRect toRect(const Rect& rect, double mainHeight) {
+  const Rect down = flipped(rect, mainHeight);
+  return {qRound(down.x), qRound(down.y), qRound(down.width), qRound(down.height)};
+}
+
+// What another application gets when the clip is dropped on it.
+std::unique_ptr<QMimeData> mimeData(const std::vector<Representation>& representations) {
+  auto data = std::make_unique<QMimeData>();
+  for (const Representation& one : representations) {
+    const auto bytes = QByteArray::fromStdString(one.bytes);
+    if (one.type.starts_with("text/plain"))
+      data->setText(QString::fromUtf8(bytes));
+    else
+      data->setData(toQString(one.type), bytes);
+  }
+  return data;
+}
+
+}  // namespace
+
+ShelfPanelController::ShelfPanelController(QQmlEngine& engine, ClipboardModel& clipboard, AppSettings& settings,
+                                           ToastController& toast, Seams seams, QObject* parent)
+    : QObject(parent),
+      engine_(engine),
+      clipboard_(clipboard),
+      settings_(settings),
+      toast_(toast),
+      seams_(std::move(seams)),
+      presentation_(seams_.later),
+      sensor_(std::make_unique<EdgeSensor>(seams_.pointer, seams_.screens, seams_.now)) {
+  QQmlEngine::setObjectOwnership(&presentation_, QQmlEngine::CppOwnership);
+  connect(&presentation_, &Presentation::changed, this, [this] {
+    if (std::exchange(wasShown_, isShown()) == isShown()) return;
+    updateSensor();
+    Q_EMIT shownChanged();
+  });
+  connect(&presentation_, &Presentation::orderOut, this, [this] {
+    if (window_) window_->hide();
+  });
+  connect(&clipboard_, &ClipboardModel::removed, this, &ShelfPanelController::showUndo);
+  connect(&clipboard_, &ClipboardModel::undoableCountChanged, this, [this] {
+    if (clipboard_.undoableCount() == 0) toast_.withdraw(std::exchange(undoToast_, 0));
+  });
+  connect(&settings_, &AppSettings::shelfOpensOnHoverChanged, this, &ShelfPanelController::updateSensor);
+  sensor_->onEnter = [this] { openByPointer(); };
+  updateSensor();
+}
+
+ShelfPanelController::~ShelfPanelController() = default;
+
+QWindow* ShelfPanelController::window() const { return window_.get(); }
+
+void ShelfPanelController::updateSensor() { sensor_->setActive(settings_.shelfOpensOnHover() && !isShown()); }
+
+void ShelfPanelController::makeWindow() {
+  window_ = std::make_unique<PanelWindow>(engine_, seams_.windowStyle, WindowRole::panel);
+  window_->setTitle(tr("Clipboard"));
+  connect(window_.get(), &PanelWindow::leaveAsked, this, &ShelfPanelController::close);
+  connect(window_.get(), &QWindow::activeChanged, this, [this] {
+    // A click has given it the keyboard; from here on it stays until it loses it.
+    if (window_->isActive()) isPointers_ = false;
+  });
+  window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())},
+                                 {QStringLiteral("presentation"), QVariant::fromValue(&presentation_)},
+                                 {QStringLiteral("clipboard"), QVariant::fromValue(&clipboard_)},
+                                 {QStringLiteral("controller"), QVariant::fromValue(this)}});
+  window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Shelf/ShelfView.qml")));
+}
+
+QRect ShelfPanelController::screenFrame() const {
+  const auto screens = seams_.screens.list();
+  if (screens.empty()) return {};
+  const auto pointer = seams_.pointer.location();
+  const auto under = std::ranges::find_if(
+      screens, [&](const ScreenInfo& one) { return pointer && one.frame.contains(*pointer, true); });
+  const ScreenInfo& screen = under == screens.end() ? screens.front() : *under;
+  // Below what other programs keep at the upper edge.
+  Rect frame = screen.frame;
+  frame.height = screen.visibleFrame.maxY() - frame.y;
+  return toRect(frame, seams_.screens.mainHeight());
+}
+
+QRect ShelfPanelController::panelFrame(const QRect& screen) const {
+  const QSize size(std::min(qRound(width * scale_), screen.width()),
+                   std::min(qRound(height * scale_), screen.height()) + overhang);
+  return {QPoint(screen.x() + (screen.width() - size.width()) / 2, screen.y() - overhang), size};
+}
+
+void ShelfPanelController::show(bool takesKeys) {
+  const QRect screen = screenFrame();
+  if (screen.isEmpty()) return;
+  const bool isNew = !isShown();
+  if (!window_) makeWindow();
+  if (isNew) {
+    isPointers_ = !takesKeys;
+    ++leaveGeneration_;
+    clipboard_.setQuery({});
+    clipboard_.setFilter({ClipFilter::All{}});
+    clipboard_.refreshAges();
+    Q_EMIT opened();
+  }
+  window_->setPanelFrame(panelFrame(screen), screen);
+  // What the toolkit's X11 plug-in reads: a window that comes by itself must not take the keys away.
+  window_->setProperty("_q_showWithoutActivating", !takesKeys);
+  window_->show();
+  window_->raise();
+  if (takesKeys) window_->requestActivate();
+  presentation_.show();
+}
+
+void ShelfPanelController::open() { show(true); }
+
+void ShelfPanelController::openByPointer() {
+  if (!isShown()) show(false);
+}
+
+void ShelfPanelController::close() {
+  isPointers_ = false;
+  presentation_.hide();
+}
+
+void ShelfPanelController::toggle() {
+  if (isShown())
+    close();
+  else
+    open();
+}
+
+void ShelfPanelController::setPointerInside(bool isInside) {
+  const int generation = ++leaveGeneration_;
+  if (isInside || !isPointers_ || !isShown()) return;
+  seams_.later(leaveDelay, [self = QPointer(this), generation] {
+    if (self && generation == self->leaveGeneration_ && self->isPointers_) self->close();
+  });
+}
+
+void ShelfPanelController::pick(const QString& id) {
+  const auto parsed = UUID::parse(id.toStdString());
+  const ClipItem* item = parsed ? clipboard_.item(*parsed) : nullptr;
+  if (!item) return;
+  clipboard_.copy(*item);
+  close();
+}
+
+void ShelfPanelController::pickPinned(int number) {
+  if (copyPinned(number)) close();
+}
+
+bool ShelfPanelController::copyPinned(int number) {
+  const auto name = clipboard_.copyPinned(number);
+  if (!name) return false;
+  toast_.show(tr("Copied pinned %1").arg(number), *name, QStringLiteral("star.fill"));
+  return true;
+}
+
+void ShelfPanelController::showUndo(int count) {
+  ToastMessage message{.title = count == 1 ? tr("1 item removed") : tr("%1 items removed").arg(count),
+                       .detail = {},
+                       .symbol = {},
+                       .action = tr("Undo"),
+                       .onAction =
+                           [self = QPointer(this)] {
+                             if (self) self->clipboard_.undoRemove();
+                           },
+                       .above = {},
+                       .screen = {}};
+  if (isShown() && window_) {
+    message.above = window_->panelFrame();
+    message.screen = screenFrame();
+  }
+  undoToast_ = toast_.show(std::move(message));
+}
+
+void ShelfPanelController::dragOut(const QString& id, QQuickItem* card) {
+  const auto parsed = UUID::parse(id.toStdString());
+  const ClipItem* item = parsed ? clipboard_.item(*parsed) : nullptr;
+  if (!item || !card) return;
+  std::optional<std::string> picture;
+  if (item->imageFileName) {
+    // A few milliseconds at the beginning of a gesture; the data must be there before it starts.
+    picture = readFile(clipboard_.picturesFolder() / *item->imageFileName, CaptureLimits::picture);
+    if (!picture) return;
+  }
+  const auto grab = card->grabToImage();
+  if (!grab) return;
+  // The drag runs an event loop of its own, which must not begin inside the item's handler.
+  connect(
+      grab.get(), &QQuickItemGrabResult::ready, this,
+      [this, grab, item = *item, picture, card = QPointer(card)] { runDrag(item, picture, grab->image(), card); },
+      Qt::QueuedConnection);
+}
+
+void ShelfPanelController::runDrag(const ClipItem& item, const std::optional<std::string>& picture, const QImage& image,
+                                   QQuickItem* card) {
+  if (!window_ || !isShown()) return;
+  auto* drag = new QDrag(window_.get());
+  auto data = mimeData(representations(item, picture));
+  if (item.imageFileName)
+    data->setUrls({QUrl::fromLocalFile(QString::fromStdString(clipboard_.picturesFolder() / *item.imageFileName))});
+  drag->setMimeData(data.release());
+  QPixmap pixmap = QPixmap::fromImage(image);
+  pixmap.setDevicePixelRatio(window_->devicePixelRatio());
+  drag->setPixmap(pixmap);
+  drag->setHotSpot(card ? QPoint(qRound(card->width() / 2), qRound(card->height() / 3)) : QPoint());
+  // Dropped somewhere else, the shelf has done its work.
+  if (drag->exec(Qt::CopyAction) != Qt::IgnoreAction) close();
+}
+
+}  // namespace ambrel

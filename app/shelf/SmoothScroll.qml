@@ -1,0 +1,29 @@
+import QtQuick
+import Ambrel.Kit
+
+// Turns of the wheel move a row of cards along, a little longer than they last.
+NumberAnimation {
+    id: root
+
+    required property ListView view
+
+    // In eighths of a degree, as wheels tell it: 120 is one click.
+    function by(angle: real) {
+        const from = running ? to : view.contentX;
+        const first = view.originX - view.leftMargin;
+        const last = Math.max(first, view.originX + view.contentWidth + view.rightMargin - view.width);
+        const next = Math.max(first, Math.min(last, from + angle));
+        stop();
+        if (Theme.reducedMotion) {
+            view.contentX = next;
+            return;
+        }
+        to = next;
+        start();
+    }
+
+    target: view
+    property: "contentX"
+    duration: Theme.hoverDuration
+    easing.type: Easing.OutCubic
+}

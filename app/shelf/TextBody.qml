@@ -1,0 +1,24 @@
+import QtQuick
+import Ambrel.Kit
+
+// The beginning of a text.
+Item {
+    property alias text: label.text
+
+    clip: label.implicitHeight > height
+
+    Label {
+        id: label
+
+        x: Theme.space3
+        width: parent.width - 2 * Theme.space3
+        height: parent.height
+        role: Theme.small
+        lineHeight: 18 * Theme.textScale
+        wrapMode: Text.Wrap
+        elide: Text.ElideRight
+        maximumLineCount: Math.max(1, Math.floor(parent.height / lineHeight))
+        hasTip: false
+        Accessible.ignored: true
+    }
+}

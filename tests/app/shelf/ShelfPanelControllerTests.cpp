@@ -1,0 +1,164 @@
+#include <QSignalSpy>
+
+#include "tests/app/shelf/ShelfRoom.h"
+
+namespace ambrel {
+
+class ShelfPanelControllerTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void itDropsFromTheTopOfThePointersScreen_data() {
+    QTest::addColumn<QPointF>("pointer");
+    QTest::addColumn<int>("reserved");
+    QTest::addColumn<QRect>("frame");
+    // The second screen stands to the right of the first, 100 higher.
+    QTest::newRow("main screen") << QPointF(200, 300) << 0 << QRect(310, -20, 980, 320);
+    QTest::newRow("other screen") << QPointF(2000, 300) << 0 << QRect(1750, -120, 980, 320);
+    QTest::newRow("nowhere") << QPointF(-900, 300) << 0 << QRect(310, -20, 980, 320);
+    QTest::newRow("below a panel") << QPointF(200, 300) << 30 << QRect(310, 10, 980, 320);
+  }
+  void itDropsFromTheTopOfThePointersScreen() {
+    QFETCH(QPointF, pointer);
+    QFETCH(int, reserved);
+    QFETCH(QRect, frame);
+    ShelfRoom room;
+    room.screens.screens = {{"A", {0, 0, 1600, 900}, {0, 0, 1600, 900.0 - reserved}, false},
+                            {"B", {1600, 0, 1280, 1000}, {1600, 0, 1280, 1000}, false}};
+    room.pointer.at = Point{pointer.x(), pointer.y()};
+    room.shelf->open();
+    QCOMPARE(room.frame(), frame);
+  }
+
+  void aSmallScreenMakesItSmaller() {
+    ShelfRoom room;
+    room.screens.screens = {{"A", {0, 0, 800, 600}, {0, 0, 800, 600}, false}};
+    room.shelf->open();
+    QCOMPARE(room.frame(), QRect(0, -20, 800, 320));
+  }
+
+  void itComesAndGoes() {
+    ShelfRoom room;
+    QSignalSpy shown(room.shelf.get(), &ShelfPanelController::shownChanged);
+    QVERIFY(!room.shelf->window());
+    QVERIFY(room.open());
+    QVERIFY(room.shelf->isShown());
+    room.shelf->toggle();
+    QVERIFY(!room.shelf->isShown());
+    QVERIFY(room.window().isVisible());
+    room.desk.pass(Seconds(0.5));
+    QVERIFY(!room.window().isVisible());
+    QCOMPARE(shown.count(), 2);
+    room.shelf->toggle();
+    QVERIFY(room.window().isVisible());
+    // Whatever takes the keyboard away closes it.
+    Q_EMIT static_cast<PanelWindow&>(room.window()).leaveAsked();
+    QVERIFY(!room.shelf->isShown());
+    QCOMPARE(room.warnings.take(), QStringList());
+  }
+
+  void aShelfThatThePointerOpenedGoesWithIt() {
+    ShelfRoom room;
+    room.shelf->openByPointer();
+    QVERIFY(room.shelf->isShown());
+    QVERIFY(room.window().property("_q_showWithoutActivating").toBool());
+    room.desk.pass(Seconds(0.1));
+    // Where the test's platform hands the keys out all the same.
+    if (room.window().isActive()) QSKIP("this platform activates every window");
+    room.shelf->setPointerInside(true);
+    room.shelf->setPointerInside(false);
+    room.desk.pass(Seconds(0.4));
+    room.shelf->setPointerInside(true);
+    room.desk.pass(Seconds(2));
+    QVERIFY(room.shelf->isShown());
+    room.shelf->setPointerInside(false);
+    room.desk.pass(Seconds(0.6));
+    QVERIFY(!room.shelf->isShown());
+  }
+
+  void aShelfThatWasOpenedByKeyStaysWithoutThePointer() {
+    ShelfRoom room;
+    QVERIFY(room.open());
+    room.shelf->setPointerInside(true);
+    room.shelf->setPointerInside(false);
+    room.desk.pass(Seconds(5));
+    QVERIFY(room.shelf->isShown());
+  }
+
+  void theSensorIsOnWhileItIsWanted() {
+    ShelfRoom room;
+    QVERIFY(room.shelf->sensor().isActive());
+    room.shelf->open();
+    QVERIFY(!room.shelf->sensor().isActive());
+    room.shelf->close();
+    QVERIFY(room.shelf->sensor().isActive());
+    room.desk.settings.setShelfOpensOnHover(false);
+    QVERIFY(!room.shelf->sensor().isActive());
+    QVERIFY(!room.pointer.isWaiting());
+  }
+
+  void aPinnedClipIsCopiedWithAWord() {
+    ShelfRoom room;
+    room.attachToast();
+    room.desk.copy("  first line\nsecond");
+    QVERIFY(!room.shelf->copyPinned(1));
+    QVERIFY(room.desk.pasteboard.written.empty());
+    room.desk.model->togglePin(room.desk.item(0).id);
+    QVERIFY(room.shelf->copyPinned(1));
+    QCOMPARE(room.desk.pasteboard.writtenText(), "  first line\nsecond");
+    const QObject* toast =
+        static_cast<QQuickView*>(room.toast.window())->rootObject()->property("toast").value<QObject*>();
+    QCOMPARE(toast->property("title").toString(), QStringLiteral("Copied pinned 1"));
+    QCOMPARE(toast->property("detail").toString(), QStringLiteral("first line"));
+    QCOMPARE(toast->property("symbol").toString(), QStringLiteral("star.fill"));
+    QVERIFY(!room.shelf->copyPinned(2));
+  }
+
+  void removedClipsCanBeBroughtBackFromTheToast() {
+    ShelfRoom room;
+    room.attachToast();
+    for (const char* text : {"a", "b", "c"}) room.desk.copy(text);
+    QVERIFY(room.open());
+    room.desk.model->cleanUp("kind:text");
+    auto* window = static_cast<PanelWindow*>(room.toast.window());
+    QVERIFY(window);
+    QObject* toast = window->rootObject()->property("toast").value<QObject*>();
+    QCOMPARE(toast->property("title").toString(), QStringLiteral("3 items removed"));
+    QCOMPARE(toast->property("action").toString(), QStringLiteral("Undo"));
+    // Below the shelf, and in its middle.
+    QCOMPARE(window->panelFrame().y(), 316);
+    QVERIFY(std::abs(window->panelFrame().center().x() - room.frame().center().x()) <= 1);
+    QMetaObject::invokeMethod(toast, "actionChosen");
+    QCOMPARE(room.desk.model->count(), 3);
+    QVERIFY(!toast->property("isShown").toBool());
+  }
+
+  void theToastGoesWithTheLastChanceToUndo() {
+    ShelfRoom room;
+    room.attachToast();
+    room.desk.copy("a");
+    room.desk.model->remove(room.desk.id(0));
+    QObject* toast = static_cast<QQuickView*>(room.toast.window())->rootObject()->property("toast").value<QObject*>();
+    QVERIFY(toast->property("isShown").toBool());
+    QCOMPARE(toast->property("title").toString(), QStringLiteral("1 item removed"));
+    room.desk.pass(Seconds(6));
+    QVERIFY(!toast->property("isShown").toBool());
+  }
+
+  void aToastThatIsNotItsOwnStays() {
+    ShelfRoom room;
+    room.attachToast();
+    room.desk.copy("a");
+    room.desk.model->remove(room.desk.id(0));
+    room.toast.show("Something else", {}, {});
+    room.desk.pass(Seconds(6));
+    const QObject* toast =
+        static_cast<QQuickView*>(room.toast.window())->rootObject()->property("toast").value<QObject*>();
+    QVERIFY(toast->property("isShown").toBool());
+  }
+};
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::ShelfPanelControllerTests)
+#include "ShelfPanelControllerTests.moc"

@@ -1,0 +1,118 @@
+#pragma once
+// The shelf over a clipboard that the test plays.
+
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QTest>
+
+#include "app/clipboard/ClipPictures.h"
+#include "app/dock/DockPopoverController.h"
+#include "app/dock/PanelWindow.h"
+#include "app/dock/ToastController.h"
+#include "app/kit/Theme.h"
+#include "app/shelf/EdgeSensor.h"
+#include "app/shelf/ShelfPanelController.h"
+#include "tests/app/clipboard/ClipboardDesk.h"
+#include "tests/app/kit/QMLWarnings.h"
+
+namespace ambrel {
+
+struct ShelfRoom {
+  QMLWarnings warnings;
+  ClipboardDesk desk;
+  QQmlEngine engine;
+  FakePointer pointer;
+  FakeScreens screens;
+  FakeWindowStyle windowStyle;
+  ToastController toast{later()};
+  std::unique_ptr<ShelfPanelController> shelf;
+
+  explicit ShelfRoom(Theme::Choice choice = Theme::Choice::Dark) {
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    themeOf(engine).setChoice(choice);
+    themeOf(engine).setAlwaysReducesMotion(true);
+    engine.addImageProvider(QString::fromLatin1(ClipPictures::id), new ClipPictures(desk.model->picturesFolder()));
+    for (QObject* object : std::initializer_list<QObject*>{desk.model.get(), desk.model->items(),
+                                                           desk.model->collections(), &toast, &desk.settings})
+      QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+    screens.screens = {{"FAKE-1", {0, 0, 1600, 900}, {0, 0, 1600, 900}, false}};
+    pointer.at = Point{800, 450};
+    shelf = std::make_unique<ShelfPanelController>(
+        engine, *desk.model, desk.settings, toast,
+        ShelfPanelController::Seams{
+            .pointer = pointer, .screens = screens, .windowStyle = windowStyle, .later = later(), .now = [this] {
+              return desk.now;
+            }});
+    QQmlEngine::setObjectOwnership(shelf.get(), QQmlEngine::CppOwnership);
+  }
+
+  DelayedStep later() {
+    return [this](Seconds delay, std::function<void()> step) {
+      desk.steps.emplace_back(advanced(desk.now, delay), std::move(step));
+    };
+  }
+  // Messages are lost without this. With it their window takes the keyboard, on a platform that knows no flags.
+  void attachToast() {
+    toast.attach(engine, windowStyle, [] {
+      return PanelAnchor{
+          .tile = {}, .bar = {300, 812, 1000, 80}, .screen = {0, 0, 1600, 900}, .edge = DockEdge::bottom};
+    });
+  }
+  // Opened, with its keyboard.
+  bool open() {
+    shelf->open();
+    desk.pass(Seconds(0.1));
+    return QTest::qWaitForWindowActive(shelf->window()) && QTest::qWaitFor([this] { return panel()->isVisible(); });
+  }
+  QQuickWindow& window() const { return *static_cast<PanelWindow*>(shelf->window()); }
+  QRect frame() const { return static_cast<PanelWindow*>(shelf->window())->panelFrame(); }
+  QQuickItem* root() const { return static_cast<PanelWindow*>(shelf->window())->rootObject(); }
+  QQuickItem* panel() const { return root()->childItems().first(); }
+
+  void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&window(), static_cast<Qt::Key>(key), modifiers);
+  }
+  void type(const QString& text) {
+    for (const QChar c : text) QTest::keyClick(&window(), c.toLatin1());
+  }
+  // The text of the clip that the keyboard stands on.
+  std::string current() const {
+    const auto& id = desk.model->focusedItemID();
+    const ClipItem* item = id ? desk.model->item(*id) : nullptr;
+    return item ? item->text.value_or("(picture)") : "";
+  }
+  // Items below the root that are shown and of which `wanted` holds.
+  std::vector<QQuickItem*> shown(const std::function<bool(QQuickItem*)>& wanted) const {
+    std::vector<QQuickItem*> found;
+    collect(root(), wanted, found);
+    return found;
+  }
+  bool isShown(const QString& text) const {
+    const auto says = [&](QQuickItem* item) {
+      return item->inherits("QQuickText") && item->property("text").toString() == text;
+    };
+    return !shown(says).empty();
+  }
+  QQuickItem* card(std::size_t position) const {
+    const QString id = desk.id(position);
+    const auto cards = shown([&](QQuickItem* item) { return item->property("clipId").toString() == id; });
+    return cards.empty() ? nullptr : cards.front();
+  }
+  void click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(&window(), button, {}, middleOf(item));
+  }
+  static QPoint middleOf(QQuickItem* item) {
+    return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+  }
+
+ private:
+  static void collect(QQuickItem* item, const std::function<bool(QQuickItem*)>& wanted,
+                      std::vector<QQuickItem*>& found) {
+    if (!item->isVisible()) return;
+    if (wanted(item)) found.push_back(item);
+    for (QQuickItem* child : item->childItems()) collect(child, wanted, found);
+  }
+};
+
+}  // namespace ambrel
