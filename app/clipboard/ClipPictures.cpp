@@ -21,8 +21,10 @@ QRect centred(QSize inner, QSize outer) {
 
 }  // namespace
 
-QImage pictureOf(const std::filesystem::path& file, QSize size, PictureFit fit) {
-  QImageReader reader(QFile::decodeName(file.c_str()), "png");
+QImage pictureOf(const std::filesystem::path& path, QSize size, PictureFit fit) {
+  QFile file(QFile::decodeName(path.c_str()));
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  QImageReader reader(&file, "png");
   reader.setAutoDetectImageFormat(false);
   const QSize natural = reader.size();
   size = size.boundedTo({largestSide, largestSide});

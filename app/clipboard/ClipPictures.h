@@ -20,7 +20,7 @@ enum class PictureFit {
 };
 
 // Null when it cannot be read.
-QImage pictureOf(const std::filesystem::path& file, QSize size, PictureFit fit);
+QImage pictureOf(const std::filesystem::path& path, QSize size, PictureFit fit);
 
 // Serves "image://ambrel.clip/card/NAME" and "image://ambrel.clip/whole/NAME" at the size that the item asks for, in
 // pixels of the screen.

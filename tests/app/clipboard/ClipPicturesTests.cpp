@@ -97,5 +97,5 @@ class ClipPicturesTests : public QObject {
 
 }  // namespace ambrel
 
-QTEST_GUILESS_MAIN(ambrel::ClipPicturesTests)
+QTEST_MAIN(ambrel::ClipPicturesTests)
 #include "ClipPicturesTests.moc"
