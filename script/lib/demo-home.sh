@@ -88,6 +88,43 @@ INSERT OR REPLACE INTO conversation_summaries VALUES
 SQL
 }
 
+# _file HOME PATH MEGABYTES DAYS: takes that much of the disk, and was changed that long ago
+_file() {
+  mkdir -p "$(dirname "$1/$2")"
+  fallocate -l "${3}M" "$1/$2"
+  touch -d "$4 days ago" "$1/$2"
+}
+
+# demo_disk HOME: what a disk fills with: films, pictures, projects, caches, old downloads and a copy. About 2 GB.
+demo_disk() {
+  local home="$1" number year project
+  for number in 1 2 3 4 5; do _file "$home" "Videos/holiday-$number.mp4" $((30 + 22 * number)) 200; done
+  for number in 1 2 3; do _file "$home" "Videos/raw/clip-$number.mov" $((30 + 8 * number)) 30; done
+  for year in 2023 2024 2025; do
+    for number in 1 2 3 4; do _file "$home" "Pictures/$year/$number/photos.tar" $((12 + 3 * number)) 100; done
+  done
+  for project in web-shop report-tool mobile-app; do
+    _file "$home" "src/$project/node_modules/lib/bundle.js" 34 90
+    _file "$home" "src/$project/media/intro.webm" 14 90
+    echo '{}' >"$home/src/$project/package.json"
+    touch -d '90 days ago' "$home/src/$project/package.json" "$home/src/$project/media"
+  done
+  for number in 22.04 24.04 26.04; do _file "$home" "Downloads/ubuntu-$number.iso" 66 120; done
+  _file "$home" Downloads/drivers.zip 41 60
+  _file "$home" Documents/thesis/data.csv 58 40
+  _file "$home" Documents/archive/2019.tar 77 400
+  _file "$home" .cache/pip/http/wheels 62 9
+  _file "$home" .cache/mozilla/firefox/cache2 98 1
+  _file "$home" .cache/thumbnails/large/all 17 3
+  _file "$home" .npm/_cacache/content 84 12
+  _file "$home" .cargo/registry/cache/crates 45 20
+  _file "$home" .local/share/Trash/files/old.mkv 35 8
+  mkdir -p "$home/Documents/backup"
+  head -c 110M /dev/urandom >"$home/Videos/interview.mkv"
+  cp "$home/Videos/interview.mkv" "$home/Documents/backup/interview.mkv"
+  touch -d '50 days ago' "$home/Videos/interview.mkv"
+}
+
 _day() { date -d "$1 days ago" +%F; }
 
 # Members of the defaults: a week of focus sessions, three glasses of water today.
