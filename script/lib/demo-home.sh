@@ -134,10 +134,11 @@ demo_focus_defaults() {
   printf '"waterCount": 3, "waterDay": "%s", "waterLastDrink": {"$date": "%s"}' "$(_day 0)" "$(_minutes_ago 12)"
 }
 
-# demo_defaults HOME MEMBERS: the choices of somebody who has seen the welcome guide, and these members of a JSON object.
+# demo_defaults HOME MEMBERS: the choices of somebody who has seen the welcome guide and met Buddy, and these members of
+# a JSON object.
 demo_defaults() {
   mkdir -p "$1/.config/Ambrel"
-  printf '{"welcomeDone": true, "migratedFromLegacyBundleID": true, %s}\n' "$2" >"$1/.config/Ambrel/defaults.json"
+  printf '{"welcomeDone": true, "migratedFromLegacyBundleID": true, "buddyAdded": true, %s}\n' "$2" >"$1/.config/Ambrel/defaults.json"
 }
 
 # demo_profile HOME WIDGET...: one profile, "Desk", with these widgets.
