@@ -222,7 +222,11 @@ void BuddyNoticeCenter::inboxOpened() {
   lastStir_ = seams_.now();
   buddy_.setAsleep(false);
   inboxModel_.refresh(seams_.now());
-  // All that waits can be read there.
+  forgetBubbles();
+}
+
+// All that waits could be read in the inbox.
+void BuddyNoticeCenter::forgetBubbles() {
   queue_ = {};
   currentWasShown_ = false;
   hideBubble();
@@ -230,6 +234,7 @@ void BuddyNoticeCenter::inboxOpened() {
 
 void BuddyNoticeCenter::inboxClosed() {
   isInboxOpen_ = false;
+  forgetBubbles();
   markRead();
 }
 

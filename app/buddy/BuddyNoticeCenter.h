@@ -124,6 +124,7 @@ class BuddyNoticeCenter : public TimedModel {
   void say(const BuddyNotice& first);
   void showBubble();
   void hideBubble();
+  void forgetBubbles();
   void advance();
   void hideLater(Seconds length);
   void chooseFirst();

@@ -25,6 +25,9 @@ class AppDelegateTests : public QObject {
   void aKeyOfAnotherProgramIsNoFault();
   void aClickOnANotificationLeadsToItsSession();
   void withoutALicenceAPanelSaysWhatItGives();
+  void buddyIsPutOnEveryBarOnce();
+  void buddysTileOpensHisInbox();
+  void whileBuddySpeaksTheBarStays();
 };
 
 void AppDelegateTests::itComesUpWithTheBar() {
@@ -130,6 +133,59 @@ void AppDelegateTests::withoutALicenceAPanelSaysWhatItGives() {
   program.delegate->carryOut(wish::ToggleAgents{});
   QVERIFY(!program.delegate->agentsPanel()->isShown());
   QVERIFY(program.delegate->isAnyPanelOpen());
+}
+
+void AppDelegateTests::buddyIsPutOnEveryBarOnce() {
+  Program program;
+  const auto isFirst = [&](const Profile& profile) { return profile.items.front().widget == "buddy"; };
+  program.delegate->launch();
+  const auto& profiles = program.delegate->model().profiles();
+  QVERIFY(profiles.size() > 1);
+  QVERIFY(std::all_of(profiles.begin(), profiles.end(), isFirst));
+  QCOMPARE(UserDefaults(program.folder / "defaults.json").boolean("buddyAdded"), true);
+
+  // Whoever has taken him away is not given him back.
+  program.putOnBar({"clock"});
+  program.restart();
+  program.delegate->launch();
+  QVERIFY(!program.delegate->model().isOnBar("buddy"));
+}
+
+void AppDelegateTests::buddysTileOpensHisInbox() {
+  Program program;
+  program.delegate->launch();
+  WidgetContext& context = *program.delegate->context();
+  context.activate("buddy", context.itemOf("buddy"));
+  QVERIFY(program.delegate->inboxPanel()->isShown());
+  // What he would say meanwhile can be read there.
+  program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+  QVERIFY(!program.delegate->notices()->hasBubble());
+  context.activate("buddy", context.itemOf("buddy"));
+  QVERIFY(!program.delegate->inboxPanel()->isShown());
+  QCOMPARE(program.delegate->notices()->inbox()->newCount(), 0);
+  QCOMPARE(program.warnings.take(), QStringList());
+}
+
+void AppDelegateTests::whileBuddySpeaksTheBarStays() {
+  Program program;
+  program.delegate->launch();
+  program.desktop.pointer.at = Point{800, 450};
+  program.delegate->settings().setBarAlwaysVisible(false);
+  DockPanelController& bar = *program.delegate->dock();
+  program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+  QVERIFY(program.delegate->notices()->hasBubble());
+  const auto pass = [&](double seconds) {
+    for (int i = 0; i < seconds * 10; ++i) {
+      program.desktop.clock.pass(Seconds(0.1));
+      bar.tick(program.desktop.clock.now());
+    }
+  };
+  pass(30);
+  QVERIFY(bar.presentation().isShown());
+  program.delegate->notices()->closeBubble();
+  pass(1);
+  QVERIFY(!bar.presentation().isShown());
+  QCOMPARE(program.warnings.take(), QStringList());
 }
 
 }  // namespace ambrel

@@ -21,6 +21,12 @@ struct Program {
     defaults.set("barAlwaysVisible", DefaultsValue{true});
     for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
       defaults.set(host, DefaultsValue{weatherServer});
+    restart();
+  }
+
+  // What is stored stays.
+  void restart() {
+    delegate.reset();
     delegate = std::make_unique<AppDelegate>(Surroundings{.home = folder / "home",
                                                           .dataFolder = folder / "data",
                                                           .defaultsFile = folder / "defaults.json",
