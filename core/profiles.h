@@ -87,6 +87,8 @@ bool removeItem(std::vector<Profile>& profiles, const UUID& itemID, const UUID& 
 UUID addProfile(std::vector<Profile>& profiles, std::string name, std::optional<DisplayContext> trigger);
 // The last profile stays: false.
 bool deleteProfile(std::vector<Profile>& profiles, const UUID& id);
+// White space around a name does not count; an empty one and an unknown id change nothing.
+bool renameProfile(std::vector<Profile>& profiles, const UUID& id, std::string_view name);
 
 // What an older version has left behind, brought up to date.
 struct UpdatedProfiles {

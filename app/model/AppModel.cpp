@@ -134,6 +134,11 @@ void AppModel::deleteProfile(const UUID& id) {
   if (pinnedProfileID_ == id) setPinnedProfileID(std::nullopt);
 }
 
+void AppModel::renameProfile(const UUID& id, const std::string& name) {
+  auto profiles = profiles_;
+  if (ambrel::renameProfile(profiles, id, name)) edited(std::move(profiles));
+}
+
 void AppModel::refreshDisplays() {
   auto displays = listDisplays_();
   if (displays.empty() || displays == displays_) return;
@@ -166,6 +171,10 @@ QString AppModel::addProfile(const QString& name, const QString& trigger) {
 
 void AppModel::deleteProfile(const QString& id) {
   if (const auto profile = parsed(id)) deleteProfile(*profile);
+}
+
+void AppModel::renameProfile(const QString& id, const QString& name) {
+  if (const auto profile = parsed(id)) renameProfile(*profile, name.toStdString());
 }
 
 bool AppModel::isOnBar(const QString& widget) const {

@@ -60,6 +60,8 @@ class AppModel : public QObject {
   void removeItem(const UUID& itemID, const UUID& profileID);
   UUID addProfile(std::string name, std::optional<DisplayContext> trigger);
   void deleteProfile(const UUID& id);
+  // An empty name changes nothing.
+  void renameProfile(const UUID& id, const std::string& name);
   // To be called at each change of the screens. No screens at all are a passing state and change nothing.
   void refreshDisplays();
 
@@ -71,6 +73,7 @@ class AppModel : public QObject {
   // Gives the new profile's id.
   Q_INVOKABLE QString addProfile(const QString& name, const QString& trigger);
   Q_INVOKABLE void deleteProfile(const QString& id);
+  Q_INVOKABLE void renameProfile(const QString& id, const QString& name);
   // Whether a widget stands in the active profile.
   Q_INVOKABLE bool isOnBar(const QString& widget) const;
 

@@ -45,6 +45,7 @@ FocusScope {
                     width: parent.width
                     canBeRemoved: rows.count > 1
                     onClicked: root.model.pinnedProfileID = isPinned ? "" : profile
+                    onRenamed: name => root.model.renameProfile(profile, name)
                     onRemovalWanted: root.model.deleteProfile(profile)
                 }
             }

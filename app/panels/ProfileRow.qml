@@ -14,7 +14,23 @@ Pressable {
     property bool canBeRemoved: true
     readonly property color ink: isActive ? Theme.blue.text : Theme.ink2
 
+    // Its name is being typed anew.
+    property bool isRenaming: false
+
     signal removalWanted
+    signal renamed(string name)
+
+    function rename() {
+        isRenaming = true;
+        field.text = name;
+        field.selectAll();
+        field.input.forceActiveFocus();
+    }
+    function settle(name: string) {
+        if (isRenaming && name !== "" && name !== root.name)
+            renamed(name);
+        isRenaming = false;
+    }
 
     label: name + ", " + detail.text
     tip: isPinned ? qsTr("Chosen by hand until the program starts again") : trigger === "builtinOnly" ? qsTr("Chosen with the built-in display alone") : trigger === "external" ? qsTr("Chosen with an external display") : qsTr("Chosen by hand only")
@@ -24,6 +40,12 @@ Pressable {
     implicitHeight: Math.max(48, words.height + Theme.space3)
     Keys.onDeletePressed: if (root.canBeRemoved)
         root.removalWanted()
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_F2)
+            return;
+        root.rename();
+        event.accepted = true;
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -41,8 +63,36 @@ Pressable {
         size: 18
         color: root.ink
     }
+    Field {
+        id: field
+        visible: root.isRenaming
+        anchors {
+            left: icon.right
+            leftMargin: Theme.space1
+            right: parent.right
+            rightMargin: Theme.space3
+            verticalCenter: parent.verticalCenter
+        }
+        hint: qsTr("Name")
+        maximumLength: 40
+        onAccepted: {
+            root.settle(text);
+            root.forceActiveFocus();
+        }
+        input.onActiveFocusChanged: if (!input.activeFocus)
+            root.settle(text)
+        // What the text has no use for is not for the row either, which would be chosen or deleted.
+        Keys.onPressed: event => {
+            event.accepted = event.key !== Qt.Key_Tab && event.key !== Qt.Key_Backtab;
+            if (event.key !== Qt.Key_Escape)
+                return;
+            root.isRenaming = false;
+            root.forceActiveFocus();
+        }
+    }
     Column {
         id: words
+        visible: !root.isRenaming
         anchors {
             left: icon.right
             leftMargin: Theme.space2
@@ -69,10 +119,21 @@ Pressable {
     }
     Row {
         id: marks
+        visible: !root.isRenaming
         anchors.right: parent.right
         anchors.rightMargin: 14
         height: parent.height
 
+        IconButton {
+            visible: root.hovered || root.activeFocus || activeFocus
+            size: 24
+            symbolSize: 16
+            symbol: "pencil"
+            label: qsTr("Rename %1").arg(root.name)
+            tipKeys: qsTr("F2")
+            anchors.verticalCenter: parent.verticalCenter
+            onClicked: root.rename()
+        }
         IconButton {
             visible: root.canBeRemoved && (root.hovered || root.activeFocus || activeFocus)
             size: 24

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/base/Text.h"
 #include "core/profiles.h"
 
 namespace ambrel {
@@ -106,6 +107,14 @@ UUID addProfile(std::vector<Profile>& profiles, std::string name, std::optional<
 bool deleteProfile(std::vector<Profile>& profiles, const UUID& id) {
   if (profiles.size() < 2) return false;
   return std::erase_if(profiles, [&](const Profile& profile) { return profile.id == id; }) > 0;
+}
+
+bool renameProfile(std::vector<Profile>& profiles, const UUID& id, std::string_view name) {
+  Profile* profile = profileWith(profiles, id);
+  const auto text = trimmed(name);
+  if (!profile || text.empty()) return false;
+  profile->name = text;
+  return true;
 }
 
 UpdatedProfiles updated(std::vector<Profile> loaded, const std::optional<std::vector<std::string>>& dockWidgets) {

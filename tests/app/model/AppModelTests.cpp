@@ -190,6 +190,9 @@ void AppModelTests::editsAreSavedAtOnce() {
   QCOMPARE(widgetsOf(f.stored()[0]), (std::vector<std::string>{"weather", "disk", "clock", "clipboard"}));
   const QString added = f.model->addProfile(QStringLiteral("Away"), QStringLiteral("external"));
   QCOMPARE(f.stored()[2].trigger, std::optional(DisplayContext::external));
+  f.model->renameProfile(added, QStringLiteral("Train"));
+  QCOMPARE(f.stored()[2].name, std::string("Train"));
+  QCOMPARE(f.model->profileList()->index(2).data().toString(), QStringLiteral("Train"));
   f.model->deleteProfile(added);
   QCOMPARE(f.stored().size(), 2u);
   QVERIFY(f.stored() == f.model->profiles());
@@ -221,6 +224,7 @@ void AppModelTests::anUnknownIdDoesNothingAtAll() {
                       QString::fromStdString(before[0].items[1].id.text()), id);
     f.model->removeItem(QString::fromStdString(before[0].items[0].id.text()), id);
     f.model->deleteProfile(id);
+    f.model->renameProfile(id, QStringLiteral("Train"));
   }
   QVERIFY(f.model->profiles() == before);
   QCOMPARE(profiles.count(), 0);

@@ -72,6 +72,7 @@ class PanelTests : public QObject {
   void galleryTogglesByClickAndKey();
   void searchNarrowsTheGallery();
   void profilesAreChosenAddedAndDeleted();
+  void aProfileIsRenamed();
   void aGivenPreviewTakesTheCardsPlace();
   void settingsAreWritten_data();
   void settingsAreWritten();
@@ -166,6 +167,31 @@ void PanelTests::profilesAreChosenAddedAndDeleted() {
   stage.labelled("train, 5 tiles")->forceActiveFocus();
   QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
   QCOMPARE(stage.model.profiles().size(), 2u);
+  QCOMPARE(stage.scene.warnings().take(), QStringList());
+}
+
+void PanelTests::aProfileIsRenamed() {
+  Stage stage;
+  QVERIFY(stage.open("CustomizeView"));
+  const auto type = [&](const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(&stage.scene.window(), letter.toLatin1());
+  };
+  stage.labelled("Desk, 7 tiles")->forceActiveFocus();
+  QTest::keyClick(&stage.scene.window(), Qt::Key_F2);
+  type("my office");
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+  QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
+  QVERIFY2(stage.model.pinnedProfileID() == std::nullopt, "Return has named it, and not chosen it");
+
+  // With the pointer, and a change of mind.
+  QTest::mouseMove(&stage.scene.window(), stage.scene.centerOf(stage.labelled("my office, 7 tiles")));
+  QTRY_VERIFY(stage.labelled("Rename my office"));
+  QVERIFY(stage.click("Rename my office"));
+  type("elsewhere");
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+  QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
+  QVERIFY(stage.labelled("my office, 7 tiles")->hasActiveFocus());
   QCOMPARE(stage.scene.warnings().take(), QStringList());
 }
 

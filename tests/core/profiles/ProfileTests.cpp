@@ -137,6 +137,7 @@ TEST_F(Edits, AnUnknownProfileIsLeftAloneAndNotSaved) {
   EXPECT_FALSE(moveItem(profiles_, idOf(11), idOf(12), idOf(9)));
   EXPECT_FALSE(removeItem(profiles_, idOf(11), idOf(9)));
   EXPECT_FALSE(deleteProfile(profiles_, idOf(9)));
+  EXPECT_FALSE(renameProfile(profiles_, idOf(9), "Away"));
   EXPECT_EQ(profiles_, before_);
 }
 
@@ -167,6 +168,13 @@ TEST_F(Edits, ANewProfileStandsLastAndHoldsTheDefaultWidgets) {
   EXPECT_EQ(profiles_[2].name, "C");
   EXPECT_EQ(profiles_[2].trigger, external);
   EXPECT_THAT(widgetsOf(profiles_[2]), ElementsAre("clipboard", "weather", "disk", "cpu", "clock"));
+}
+
+TEST_F(Edits, RenamesAProfileThatGetsAName) {
+  EXPECT_TRUE(renameProfile(profiles_, idOf(1), "  Train "));
+  EXPECT_EQ(profiles_[0].name, "Train");
+  EXPECT_FALSE(renameProfile(profiles_, idOf(1), " \t"));
+  EXPECT_EQ(profiles_[0].name, "Train");
 }
 
 TEST_F(Edits, TheLastProfileCannotBeDeleted) {
