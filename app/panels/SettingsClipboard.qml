@@ -1,12 +1,16 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
+import Ambrel.Panels
 
 SettingsPage {
     id: root
 
+    property ClipboardModel clipboard: null
     // Untyped: the lint knows neither 64-bit integers nor the script methods of lists of strings.
     readonly property var stored: settings
     readonly property var ignored: settings.ignoredBundleIDs
+    property bool asksToClear: false
 
     function ignore(name) {
         const trimmed = name.trim();
@@ -26,8 +30,8 @@ SettingsPage {
         SettingChoice {
             title: qsTr("Items to keep")
             enabled: root.settings.clipboardEnabled
-            options: ["100", "300", "1000"]
-            values: [100, 300, 1000]
+            options: ["100", "300", "1000", "10000"]
+            values: [100, 300, 1000, 10000]
             value: root.stored.clipboardLimit
             onChosen: value => root.settings.clipboardLimit = value
         }
@@ -42,10 +46,31 @@ SettingsPage {
         }
         SettingSwitch {
             title: qsTr("Forget secrets soon")
-            detail: qsTr("Passwords, keys and card numbers")
+            detail: qsTr("One-time codes, keys and card numbers, after an hour")
             enabled: root.settings.clipboardEnabled
             checked: root.settings.clipboardForgetSensitive
             onToggled: checked => root.settings.clipboardForgetSensitive = checked
+        }
+        SectionRow {
+            visible: root.clipboard !== null
+            title: root.asksToClear ? qsTr("Clear clipboard history?") : qsTr("Clear the history")
+            detail: root.asksToClear ? qsTr("Pinned items and items in collections stay.") : root.clipboard ? root.clipboard.summary : ""
+
+            Button {
+                visible: root.asksToClear
+                text: qsTr("Cancel")
+                onClicked: root.asksToClear = false
+            }
+            Button {
+                text: root.asksToClear ? qsTr("Clear") : qsTr("Clear…")
+                isCareful: true
+                enabled: root.clipboard !== null && root.clipboard.count > 0
+                onClicked: {
+                    if (root.asksToClear)
+                        root.clipboard.clear();
+                    root.asksToClear = !root.asksToClear;
+                }
+            }
         }
     }
     Section {
