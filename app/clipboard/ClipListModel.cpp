@@ -132,7 +132,7 @@ QVariantList ClipListModel::files(const ClipRow& row, const ClipFacts& facts) co
 QString ClipListModel::foot(const ClipRow& row, const ClipFacts& facts) const {
   if (facts.preview.look == ClipLook::image)
     if (const auto size = sources_.pictureSize(row.imageFileName))
-      return QStringLiteral("%1 × %2").arg(size->width).arg(size->height);
+      return QStringLiteral("%1\u2009×\u2009%2").arg(size->width).arg(size->height);
   if (facts.preview.look == ClipLook::files)
     if (const ClipFiles* known = sources_.files(row.id); known && known->bytes)
       return toQString(fileSize(sources_.calendar, static_cast<std::int64_t>(*known->bytes)));

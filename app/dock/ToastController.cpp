@@ -50,22 +50,30 @@ int ToastController::show(ToastMessage message) {
   onAction_ = std::move(message.onAction);
   QMetaObject::invokeMethod(root, "present", Q_ARG(QString, message.title), Q_ARG(QString, message.detail),
                             Q_ARG(QString, message.symbol), Q_ARG(QString, message.action));
-  const QSize size(qCeil(toast->implicitWidth()), qCeil(toast->implicitHeight()));
-  if (message.above.isEmpty()) {
-    const PanelAnchor anchor = anchor_();
-    window_->setPanelFrame(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),
-                           roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
-  } else {
-    const QRect& above = message.above;
-    const QPoint place(above.x() + (above.width() - size.width()) / 2, above.y() + above.height() + toastGap);
-    QRect room = message.screen;
-    // Clicks on what it belongs to are not for its margin.
-    room.setTop(above.y() + above.height());
-    window_->setPanelFrame({place, size}, room);
-  }
+  above_ = message.above;
+  screen_ = message.screen;
+  place();
   window_->show();
   window_->raise();
   return ++number_;
+}
+
+void ToastController::place() {
+  const QQuickItem* root = window_ ? window_->rootObject() : nullptr;
+  const auto* toast = root ? root->property("toast").value<QQuickItem*>() : nullptr;
+  if (!toast) return;
+  const QSize size(qCeil(toast->implicitWidth()), qCeil(toast->implicitHeight()));
+  if (above_.isEmpty()) {
+    const PanelAnchor anchor = anchor_();
+    window_->setPanelFrame(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),
+                           roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
+    return;
+  }
+  QRect room = screen_;
+  // Clicks on what it belongs to are not for its margin.
+  room.setTop(above_.y() + above_.height());
+  const QPoint corner(above_.x() + (above_.width() - size.width()) / 2, room.y() + toastGap);
+  window_->setPanelFrame({corner, size}, room);
 }
 
 void ToastController::withdraw(int number) {

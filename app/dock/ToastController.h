@@ -49,6 +49,8 @@ class ToastController : public QObject {
   // For the view: the message has had its time and fades; its button was pressed.
   Q_INVOKABLE void close();
   Q_INVOKABLE void act();
+  // Its text has been laid out anew.
+  Q_INVOKABLE void place();
 
   QWindow* window() const;
 
@@ -59,6 +61,7 @@ class ToastController : public QObject {
   std::function<PanelAnchor()> anchor_;
   std::unique_ptr<PanelWindow> window_;
   std::function<void()> onAction_;
+  QRect above_, screen_;  // as in the message
   int number_ = 0;
   // A late step acts only if no newer message has come.
   int generation_ = 0;

@@ -22,6 +22,9 @@ Item {
 
         x: root.window.panelRect.x
         y: root.window.panelRect.y
+        // Its texts are laid out when it is next drawn.
+        onImplicitWidthChanged: root.controller.place()
+        onImplicitHeightChanged: root.controller.place()
         onClosed: root.controller.close()
         onActionChosen: root.controller.act()
     }

@@ -128,13 +128,13 @@ class ClipListModelTests : public QObject {
                     {"color", "Color", "#2F7F86", "47 127 134", "<mail>"},
                     {"files", "Files", "", "", "<mail>"},
                     {"code", "Code", "for x in y:\n  return x", "", "<mail>"},
-                    {"image", "Image", "", "", "1280 × 960"}};
+                    {"image", "Image", "", "", "1280\u2009×\u2009960"}};
     for (int row = 0; row < 6; ++row) {
       QCOMPARE(list.data(row, ClipListModel::LookRole).toString(), QString(expected[row].look));
       QCOMPARE(list.data(row, ClipListModel::KindRole).toString(), QString(expected[row].kind));
       QCOMPARE(list.data(row, ClipListModel::TitleRole).toString(), QString(expected[row].title));
       QCOMPARE(list.data(row, ClipListModel::DetailRole).toString(), QString(expected[row].detail));
-      QCOMPARE(list.data(row, ClipListModel::FootRole).toString(), QString(expected[row].foot));
+      QCOMPARE(list.data(row, ClipListModel::FootRole).toString(), QString::fromUtf8(expected[row].foot));
       QCOMPARE(list.data(row, ClipListModel::AgeRole).toString(), QStringLiteral("1 min"));
     }
     QCOMPARE(list.data(2, ClipListModel::ColorRole).value<QColor>(), QColor(0x2F, 0x7F, 0x86));

@@ -124,7 +124,7 @@ class ClipboardModelTests : public QObject {
     QCOMPARE(permissionsOf(desk.path() / "Images" / name), 0600);
     QCOMPARE(permissionsOf(desk.path() / "Images"), 0700);
     const QModelIndex row = desk.model->items()->index(0);
-    QCOMPARE(row.data(ClipListModel::FootRole).toString(), QStringLiteral("2 × 3"));
+    QCOMPARE(row.data(ClipListModel::FootRole).toString(), QStringLiteral("2\u2009×\u20093"));
   }
 
   void picturesOfOtherFormatsAreConverted_data() {
