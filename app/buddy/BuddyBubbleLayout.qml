@@ -111,8 +111,8 @@ Bubble {
             Label {
                 id: age
 
-                anchors.right: actions.visible ? parent.right : undefined
-                anchors.verticalCenter: actions.verticalCenter
+                x: actions.visible ? parent.width - width : 0
+                y: parent.height - height - (actions.visible ? Math.round((actions.height - height) / 2) : 0)
                 text: root.center.bubble.age
                 role: Theme.small
                 color: Theme.ink2
