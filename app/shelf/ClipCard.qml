@@ -34,7 +34,7 @@ Item {
             code: 160,
             link: 136,
             color: 96,
-            image: 120,
+            image: 128,
             files: 120,
             secret: 120
         })

@@ -1,0 +1,152 @@
+#include <QGuiApplication>
+#include <QImage>
+#include <gtest/gtest.h>
+
+#include "app/clipboard/ClipboardModel.h"
+#include "app/model/AppSettings.h"
+#include "core/base/Files.h"
+#include "platform/linux/pasteboard/X11Pasteboard.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/e2e/Desktop.h"
+#include "tests/e2e/pasteboard/SelectionClients.h"
+#include "tests/fakes/FakePlatform.h"
+
+namespace ambrel {
+namespace {
+
+Offer whole(std::string bytes) { return {.manner = Manner::whole, .bytes = std::move(bytes)}; }
+
+// The history over the X server's clipboard, and real programs that copy and paste.
+class ClipboardOnX11 : public testing::Test {
+ protected:
+  void SetUp() override {
+    pasteboard = X11Pasteboard::open("", [](auto task) {
+      QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
+    });
+    ASSERT_TRUE(pasteboard);
+    model = std::make_unique<ClipboardModel>(
+        settings, folder / "Clipboard", Calendar("UTC", "en_US"),
+        ClipboardModel::Seams{.pasteboard = *pasteboard,
+                              .workspace = workspace,
+                              .background = makeBackground(context),
+                              .fileBackground = makeDetachedBackground(context),
+                              .later = [](Seconds, const std::function<void()>&) {},
+                              .now = [] { return instantFromUnixSeconds(1'795'262'400); }});
+    QObject::connect(model.get(), &ClipboardModel::libraryChanged, &context, [&] { isLoaded = true; });
+    model->start();
+    ASSERT_TRUE(waitFor([&] { return isLoaded; }));
+  }
+
+  // Copied by xclip, which goes on offering it until somebody else copies.
+  std::unique_ptr<Client> xclip(const QString& file, const QString& type = QStringLiteral("UTF8_STRING")) {
+    return std::make_unique<Client>(QStringLiteral("xclip"),
+                                    QStringList{"-quiet", "-selection", "clipboard", "-t", type, "-i", file});
+  }
+  std::string pasted(const QString& type = QStringLiteral("UTF8_STRING")) {
+    return run(QStringLiteral("xclip"), {"-selection", "clipboard", "-t", type, "-o"}).output;
+  }
+  bool arrives(int count) {
+    return waitFor([&] { return model->count() == count; });
+  }
+  const ClipItem& newest() const { return model->library().items.front(); }
+  QString file(const std::string& name, const std::string& bytes) const {
+    return QString::fromStdString(folder.write(name, bytes));
+  }
+
+  TemporaryFolder folder;
+  UserDefaults defaults{folder / "defaults.json"};
+  AppSettings settings{defaults};
+  FakeWorkspace workspace;
+  std::unique_ptr<X11Pasteboard> pasteboard;
+  std::unique_ptr<ClipboardModel> model;
+  bool isLoaded = false;
+  QObject context;
+};
+
+TEST_F(ClipboardOnX11, KeepsWhatProgramsCopy) {
+  const auto text = xclip(file("text", "Meeting moved\n"));
+  ASSERT_TRUE(arrives(1));
+  EXPECT_EQ(newest().text, "Meeting moved\n");
+  const auto link = xclip(file("link", "https://example.org/"));
+  ASSERT_TRUE(arrives(2));
+  EXPECT_EQ(newest().kind, ClipKind::link);
+  const auto files = xclip(file("uris", "file:///tmp/a%20b.pdf\r\nfile:///tmp/c\r\n"), "text/uri-list");
+  ASSERT_TRUE(arrives(3));
+  EXPECT_EQ(newest().text, "/tmp/a b.pdf\n/tmp/c");
+}
+
+TEST_F(ClipboardOnX11, KeepsAPictureInTheFormatThatItNeeds) {
+  QImage image(320, 200, QImage::Format_RGB32);
+  image.fill(Qt::darkCyan);
+  const QString png = QString::fromStdString(folder / "shot.png"), bmp = QString::fromStdString(folder / "shot.bmp");
+  ASSERT_TRUE(image.save(png));
+  image.fill(Qt::darkRed);
+  ASSERT_TRUE(image.save(bmp));
+  const auto first = xclip(png, "image/png");
+  ASSERT_TRUE(arrives(1));
+  EXPECT_EQ(readFile(folder / "Clipboard/Images" / *newest().imageFileName), readFile(png.toStdString()));
+  const auto second = xclip(bmp, "image/bmp");
+  ASSERT_TRUE(arrives(2));
+  const auto converted = readFile(folder / "Clipboard/Images" / *newest().imageFileName);
+  ASSERT_TRUE(converted);
+  EXPECT_EQ(pngSize(*converted), (PictureSize{320, 200}));
+}
+
+TEST_F(ClipboardOnX11, TakesTwentyMegabytesInPieces) {
+  std::string text;
+  for (int i = 0; text.size() < 20'000'000; ++i) text += "line " + std::to_string(i) + "\n";
+  const auto client = xclip(file("long", text));
+  ASSERT_TRUE(arrives(1));
+  EXPECT_TRUE(newest().text == text);
+  client->stop();
+  EXPECT_TRUE(waitFor([&] { return pasted() == text; }));
+}
+
+TEST_F(ClipboardOnX11, ChoosesAmongTheTypesOfABrowserAndAFileManager) {
+  OwnerClient browser({{"text/html", whole("<b>words</b>")}, {"UTF8_STRING", whole("words")}, {"STRING", whole("w")}});
+  browser.copy();
+  ASSERT_TRUE(arrives(1));
+  EXPECT_EQ(newest().text, "words");
+  OwnerClient fileManager({{"x-special/gnome-copied-files", whole("copy\nfile:///tmp/plan.pdf")},
+                           {"text/uri-list", whole("file:///tmp/plan.pdf\r\n")},
+                           {"UTF8_STRING", whole("/tmp/plan.pdf")}});
+  fileManager.copy();
+  ASSERT_TRUE(arrives(2));
+  EXPECT_EQ(newest().kind, ClipKind::file);
+  OwnerClient passwords({{"UTF8_STRING", whole("hunter2")}, {"x-kde-passwordManagerHint", whole("secret")}});
+  passwords.copy();
+  ASSERT_TRUE(waitFor([&] { return !model->currentItemID(); }));
+  OwnerClient after({{"UTF8_STRING", whole("after")}});
+  after.copy();
+  ASSERT_TRUE(arrives(3));
+  EXPECT_EQ(newest().text, "after");
+}
+
+TEST_F(ClipboardOnX11, WhatIsPickedCanBePastedAndIsNoNewCopy) {
+  const auto first = xclip(file("a", "first"));
+  ASSERT_TRUE(arrives(1));
+  const auto second = xclip(file("b", "second"));
+  ASSERT_TRUE(arrives(2));
+  model->copy(ClipItem(model->library().items.back()));
+  EXPECT_TRUE(waitFor([&] { return pasted() == "first"; }));
+  model->poll();
+  EXPECT_EQ(model->count(), 2);
+  EXPECT_EQ(newest().text, "second");
+}
+
+TEST_F(ClipboardOnX11, TheLastCopyOutlivesItsProgram) {
+  auto client = xclip(file("a", "still here"));
+  ASSERT_TRUE(arrives(1));
+  client->stop();
+  ASSERT_TRUE(waitFor([&] { return pasted() == "still here"; }));
+  EXPECT_EQ(model->count(), 1);
+}
+
+}  // namespace
+}  // namespace ambrel
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
