@@ -2,6 +2,7 @@
 #include <QQuickItem>
 #include <QTest>
 
+#include "app/buddy/Buddy.h"
 #include "app/buddy/BuddyFigure.h"
 #include "app/buddy/BuddyMotion.h"
 #include "tests/app/kit/Scene.h"
@@ -38,6 +39,7 @@ class BuddyFigureTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  void everyTriggerHasItsPose();
   void everyPoseCanBeToldFromEveryOther();
   void theGalleryIsDrawnInBothSchemes();
   void aStanceIsReachedThroughASpringAndHeld();
@@ -53,6 +55,16 @@ class BuddyFigureTests : public QObject {
       "import Ambrel.Buddy\nItem { width: 80; height: 80; BuddyFace { objectName: 'face'; size: 50; "
       "anchors.centerIn: parent } }";
 };
+
+void BuddyFigureTests::everyTriggerHasItsPose() {
+  QCOMPARE(allCases<BuddyTrigger>().size(), std::size_t(18));
+  for (const BuddyTrigger trigger : allCases<BuddyTrigger>()) {
+    QVERIFY(nameOf(poseOf(trigger)) == nameOf(trigger));
+    Buddy buddy([](Seconds, std::function<void()>) {});
+    buddy.play(trigger);
+    QCOMPARE(buddy.poseName(), textOf(poseOf(trigger)));
+  }
+}
 
 void BuddyFigureTests::everyPoseCanBeToldFromEveryOther() {
   Scene scene;
