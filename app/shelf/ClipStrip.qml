@@ -127,8 +127,15 @@ FocusScope {
         orientation: ListView.Horizontal
         model: root.clipboard.items
         spacing: Theme.space2
-        leftMargin: Theme.space4
-        rightMargin: Theme.space4
+        // Margins would not count when the view goes to its beginning.
+        header: Item {
+            width: Theme.space4
+            height: 1
+        }
+        footer: Item {
+            width: Theme.space4
+            height: 1
+        }
         cacheBuffer: 320
         reuseItems: true
         keyNavigationEnabled: false

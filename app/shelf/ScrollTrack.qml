@@ -31,7 +31,7 @@ Item {
         function follow(x: real) {
             const room = root.width - handle.width;
             const share = room > 0 ? Math.max(0, Math.min(1, (x - grip) / room)) : 0;
-            root.view.contentX = root.view.originX - root.view.leftMargin + share * (root.view.contentWidth + root.view.leftMargin + root.view.rightMargin - root.view.width);
+            root.view.contentX = root.view.originX + share * (root.view.contentWidth - root.view.width);
         }
 
         anchors.fill: parent

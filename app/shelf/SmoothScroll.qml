@@ -10,8 +10,8 @@ NumberAnimation {
     // In eighths of a degree, as wheels tell it: 120 is one click.
     function by(angle: real) {
         const from = running ? to : view.contentX;
-        const first = view.originX - view.leftMargin;
-        const last = Math.max(first, view.originX + view.contentWidth + view.rightMargin - view.width);
+        const first = view.originX;
+        const last = Math.max(first, view.originX + view.contentWidth - view.width);
         const next = Math.max(first, Math.min(last, from + angle));
         stop();
         if (Theme.reducedMotion) {
