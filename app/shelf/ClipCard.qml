@@ -31,10 +31,10 @@ Item {
     readonly property bool isHovered: hover.hovered
     readonly property var widths: ({
             text: 148,
-            code: 160,
+            code: 156,
             link: 136,
             color: 96,
-            image: 128,
+            image: 124,
             files: 120,
             secret: 120
         })
