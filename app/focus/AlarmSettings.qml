@@ -11,7 +11,7 @@ Popover {
     title: qsTr("Alarm")
     symbol: "alarm"
     implicitWidth: 340
-    implicitHeight: 340
+    implicitHeight: 324
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter

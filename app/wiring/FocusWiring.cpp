@@ -41,7 +41,7 @@ void AppDelegate::addFocusPanels() {
   addTilePanel({"timer"}, "Focus/TimerPanel.qml", {{QStringLiteral("timer"), toVariant(*focus_->timer())}},
                {340, 284});
   addTilePanel({"alarm"}, "Focus/AlarmSettings.qml", {{QStringLiteral("alarm"), toVariant(*focus_->alarm())}},
-               {340, 340});
+               {340, 324});
   addTilePanel({"habits"}, "Focus/HabitsPanel.qml", {{QStringLiteral("habits"), toVariant(*focus_->habits())}},
                {340, 420});
   addTilePanel({"mood"}, "Focus/MoodPanel.qml", {{QStringLiteral("mood"), toVariant(*focus_->mood())}}, {340, 150});
