@@ -37,6 +37,9 @@ class Pasteboard {
   // Puts the representations on the pasteboard and answers later requests for them; with none, clears it. Returns
   // the change count that stands for this write.
   virtual std::int64_t write(std::vector<Representation> representations) = 0;
+  // As `write`, but only while nobody owns the pasteboard: what another application copies in the meantime stays, and
+  // is told as a change.
+  virtual std::int64_t restore(std::vector<Representation> representations) = 0;
 };
 
 }  // namespace ambrel

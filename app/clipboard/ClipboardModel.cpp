@@ -128,23 +128,28 @@ void ClipboardModel::restoreCurrent() {
   if (!current)
     ownerlessChange_ = history_.lastChangeCount();
   else if (const ClipItem* item = history_.item(*current))
-    copy(*item);
+    put(*item, Purpose::restore);
 }
 
-void ClipboardModel::write(std::vector<Representation> representations, std::optional<UUID> id) {
+void ClipboardModel::write(std::vector<Representation> representations, std::optional<UUID> id, Purpose purpose) {
   ++writeGeneration_;
   ownerlessChange_.reset();
-  history_.noticeOwnWrite(seams_.pasteboard.write(std::move(representations)), id);
+  history_.noticeOwnWrite(purpose == Purpose::restore ? seams_.pasteboard.restore(std::move(representations))
+                                                      : seams_.pasteboard.write(std::move(representations)),
+                          id);
   publish();
 }
 
-void ClipboardModel::copy(const ClipItem& item) {
-  if (item.kind != ClipKind::image || !item.imageFileName) return write(representations(item, std::nullopt), item.id);
-  storage_.readPicture(*item.imageFileName, [this, item, generation = ++writeGeneration_,
+void ClipboardModel::copy(const ClipItem& item) { put(item, Purpose::copy); }
+
+void ClipboardModel::put(const ClipItem& item, Purpose purpose) {
+  if (item.kind != ClipKind::image || !item.imageFileName)
+    return write(representations(item, std::nullopt), item.id, purpose);
+  storage_.readPicture(*item.imageFileName, [this, item, purpose, generation = ++writeGeneration_,
                                              change = seams_.pasteboard.changeCount()](auto bytes) {
     // Something else was copied meanwhile.
     if (generation != writeGeneration_ || change != seams_.pasteboard.changeCount()) return;
-    write(representations(item, std::move(bytes)), item.id);
+    write(representations(item, std::move(bytes)), item.id, purpose);
   });
 }
 
@@ -154,7 +159,7 @@ void ClipboardModel::copyText(std::string_view text) {
   auto item = textItem(std::string(trimmed),
                        {.id = UUID::random(), .now = seams_.now(), .sourceBundleID = std::string(ownBundleID)});
   if (!item) return;
-  if (!isLoaded_) return write(representations(*item, std::nullopt), std::nullopt);
+  if (!isLoaded_) return write(representations(*item, std::nullopt), std::nullopt, Purpose::copy);
   ClipFacts facts = factsOf(*item, folding_);
   add({.item = std::move(*item),
        .facts = std::move(facts),
@@ -171,7 +176,9 @@ void ClipboardModel::copyColor(const QColor& color) {
   copyText(hexColor(plain.redF(), plain.greenF(), plain.blueF()));
 }
 
-void ClipboardModel::copySecret(std::string_view text) { write(textRepresentations(text, true), std::nullopt); }
+void ClipboardModel::copySecret(std::string_view text) {
+  write(textRepresentations(text, true), std::nullopt, Purpose::copy);
+}
 
 std::optional<QString> ClipboardModel::copyPinned(int number) {
   const ClipItem* item = history_.pinnedItem(number);

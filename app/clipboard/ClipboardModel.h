@@ -177,7 +177,10 @@ class ClipboardModel : public QObject {
   void read(bool wantsPicture, ClipOrigin origin);
   void add(CapturedClip clip);
   void restoreCurrent();
-  void write(std::vector<Representation> representations, std::optional<UUID> id);
+  // What is restored yields to what another application has copied.
+  enum class Purpose { copy, restore };
+  void put(const ClipItem& item, Purpose purpose);
+  void write(std::vector<Representation> representations, std::optional<UUID> id, Purpose purpose);
   void recordOwn(std::string text);
   void apply(const HistoryEffects& effects);
   void publish();

@@ -45,6 +45,7 @@ class NoPasteboard : public Pasteboard {
   void setOwnerGoneHandler(std::function<void()>) override {}
   void read(bool, std::function<void(PasteboardReading)>) override {}
   std::int64_t write(std::vector<Representation>) override { return ++count_; }
+  std::int64_t restore(std::vector<Representation>) override { return ++count_; }
 
  private:
   std::int64_t count_ = 0;

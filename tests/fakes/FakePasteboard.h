@@ -29,6 +29,11 @@ class FakePasteboard : public Pasteboard {
     return ++count;
   }
 
+  std::int64_t restore(std::vector<Representation> representations) override {
+    ++restored;
+    return write(std::move(representations));
+  }
+
   // An application copies; whoever reads gets it when the test lets it answer.
   void put(PasteboardContents what, std::vector<std::string> offered = {"UTF8_STRING"}) {
     contents = std::move(what);
@@ -70,6 +75,7 @@ class FakePasteboard : public Pasteboard {
   std::vector<std::string> types;
   std::vector<std::vector<Representation>> written;
   int reads = 0;
+  int restored = 0;
 
  private:
   std::function<void()> changed_, ownerGone_;

@@ -38,8 +38,9 @@ SelectionServer::SelectionServer(SelectionConnection& connection) : connection_(
   pieceSize_ = std::min(mostPieceSize, mostRequest - requestHead);
 }
 
-void SelectionServer::offer(std::vector<Representation> representations) {
+void SelectionServer::offer(std::vector<Representation> representations, bool isRestoring) {
   pending_ = std::move(representations);
+  isRestoring_ = isRestoring;
   // A selection is taken as of a time of the server's, which a change of a property tells.
   xcb_change_property(connection_.xcb(), XCB_PROP_MODE_APPEND, connection_.window(), connection_.atoms().clock,
                       XCB_ATOM_INTEGER, 32, 0, nullptr);
@@ -48,10 +49,18 @@ void SelectionServer::offer(std::vector<Representation> representations) {
 void SelectionServer::acquire(xcb_timestamp_t time) {
   const auto offer = makeOffer(time);
   pending_.reset();
-  if (!offer) clearTime_ = time;
   const xcb_atom_t clipboard = connection_.atoms().clipboard;
+  // Between the look and the taking nobody else may take it.
+  if (isRestoring_) xcb_grab_server(connection_.xcb());
+  hasYielded_ = isRestoring_ && connection_.owner(clipboard) != XCB_WINDOW_NONE;
+  if (hasYielded_) {
+    xcb_ungrab_server(connection_.xcb());
+    return;
+  }
+  if (!offer) clearTime_ = time;
   xcb_set_selection_owner(connection_.xcb(), offer ? connection_.window() : xcb_window_t{XCB_WINDOW_NONE}, clipboard,
                           time);
+  if (isRestoring_) xcb_ungrab_server(connection_.xcb());
   offer_ = offer && connection_.owner(clipboard) == connection_.window() ? offer : nullptr;
 }
 

@@ -20,7 +20,10 @@ class SelectionServer {
   explicit SelectionServer(SelectionConnection& connection);
 
   // Takes the clipboard; with nothing to offer, clears it. It happens with the server's next answer.
-  void offer(std::vector<Representation> representations);
+  // When restoring, an owner that there is by then keeps it.
+  void offer(std::vector<Representation> representations, bool isRestoring);
+  // The last offer was not made, since another had taken the clipboard before it.
+  bool hasYielded() const { return hasYielded_; }
   bool isOwner() const { return offer_ != nullptr; }
   // The server's time of the last clearing of our own.
   std::optional<xcb_timestamp_t> clearTime() const { return clearTime_; }
@@ -66,6 +69,8 @@ class SelectionServer {
   SelectionConnection& connection_;
   std::size_t pieceSize_;
   std::optional<std::vector<Representation>> pending_;
+  bool isRestoring_ = false;
+  bool hasYielded_ = false;
   std::shared_ptr<const Offer> offer_;
   std::optional<xcb_timestamp_t> clearTime_;
   std::list<Transfer> transfers_;

@@ -30,6 +30,7 @@ struct ReadCommand {
 };
 struct WriteCommand {
   std::vector<Representation> representations;
+  bool isRestoring = false;
 };
 struct StopCommand {};
 using Command = std::variant<ReadCommand, WriteCommand, StopCommand>;
@@ -138,7 +139,7 @@ class X11Pasteboard::Worker {
 
   void carryOut(WriteCommand& command) {
     reader_.cancel();
-    server_.offer(std::move(command.representations));
+    server_.offer(std::move(command.representations), command.isRestoring);
     ++offersUnderWay_;
   }
 
@@ -184,6 +185,8 @@ class X11Pasteboard::Worker {
     if (wasTaking && isClock) {
       shared_->pendingWrites -= offersUnderWay_;
       offersUnderWay_ = 0;
+      // Its copy came while changes were taken for our own.
+      if (server_.hasYielded()) announceChange();
     }
   }
 
@@ -285,12 +288,20 @@ void X11Pasteboard::read(bool wantsPicture, std::function<void(PasteboardReading
 }
 
 std::int64_t X11Pasteboard::write(std::vector<Representation> representations) {
+  return give(std::move(representations), false);
+}
+
+std::int64_t X11Pasteboard::restore(std::vector<Representation> representations) {
+  return give(std::move(representations), true);
+}
+
+std::int64_t X11Pasteboard::give(std::vector<Representation> representations, bool isRestoring) {
   ++shared_->pendingWrites;
   // A reading under way is of what lies there no longer.
   shared_->readDone = nullptr;
   ++shared_->readNumber;
   const std::int64_t count = ++shared_->changeCount;
-  shared_->give(WriteCommand{std::move(representations)});
+  shared_->give(WriteCommand{std::move(representations), isRestoring});
   return count;
 }
 

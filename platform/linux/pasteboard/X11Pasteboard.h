@@ -28,11 +28,13 @@ class X11Pasteboard : public Pasteboard {
   void setOwnerGoneHandler(std::function<void()> handler) override;
   void read(bool wantsPicture, std::function<void(PasteboardReading)> done) override;
   std::int64_t write(std::vector<Representation> representations) override;
+  std::int64_t restore(std::vector<Representation> representations) override;
 
   class Worker;
   struct Shared;
 
  private:
+  std::int64_t give(std::vector<Representation> representations, bool isRestoring);
   X11Pasteboard(std::shared_ptr<Shared> shared, std::unique_ptr<Worker> worker);
 
   std::shared_ptr<Shared> shared_;

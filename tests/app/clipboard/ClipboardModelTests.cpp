@@ -263,6 +263,7 @@ class ClipboardModelTests : public QObject {
     desk.copy("words");
     desk.pasteboard.ownerGoes();
     QCOMPARE(desk.pasteboard.writtenText(), "words");
+    QCOMPARE(desk.pasteboard.restored, 1);
     QCOMPARE(desk.model->currentItemID(), desk.item(0).id);
     QCOMPARE(desk.model->count(), 1);
 
@@ -272,6 +273,7 @@ class ClipboardModelTests : public QObject {
     desk.pasteboard.ownerGoes();
     desk.work();
     QCOMPARE(desk.pasteboard.written.back().front().type, "image/png");
+    QCOMPARE(desk.pasteboard.restored, 2);
   }
 
   void whatWasNotRecordedIsNotBroughtBack() {

@@ -139,11 +139,24 @@ TEST_F(PasteboardWriteTest, WhatWasCopiedCanBePastedAfterItsApplicationHasQuit) 
   const auto text = read().contents.text;
   pasteboard->setOwnerGoneHandler([&] {
     ++ownersGone;
-    write(textRepresentations(*text));
+    pasteboard->restore(textRepresentations(*text));
   });
   owner.quit();
   ASSERT_TRUE(main.runUntil([&] { return ownersGone == 1; }));
-  EXPECT_EQ(pasted(requestor, "UTF8_STRING"), "words");
+  EXPECT_TRUE(eventually([&] { return pasted(requestor, "UTF8_STRING") == "words"; }));
+}
+
+TEST_F(PasteboardWriteTest, WhatIsRestoredYieldsToANewCopy) {
+  OwnerClient other({{"UTF8_STRING", whole("new")}});
+  copy(other);
+  ASSERT_TRUE(main.runUntil([&] { return changes == 1; }));
+  pasteboard->restore(textRepresentations("old"));
+  ASSERT_TRUE(main.runUntil([&] { return changes == 2; }));
+  EXPECT_EQ(read().contents.text, "new");
+  EXPECT_EQ(pasted(requestor, "UTF8_STRING"), "new");
+  // What is meant to take its place does.
+  write(textRepresentations("mine"));
+  EXPECT_EQ(pasted(requestor, "UTF8_STRING"), "mine");
 }
 
 TEST_F(PasteboardWriteTest, AnsweringGoesOnWhileAnotherOwnerHangs) {
