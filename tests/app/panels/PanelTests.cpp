@@ -187,11 +187,15 @@ void PanelTests::aProfileIsRenamed() {
   // With the pointer, and a change of mind.
   QTest::mouseMove(&stage.scene.window(), stage.scene.centerOf(stage.labelled("my office, 7 tiles")));
   QTRY_VERIFY(stage.labelled("Rename my office"));
+  // The buttons have come with the pointer: a picture is drawn when they have their places.
+  stage.scene.grab();
   QVERIFY(stage.click("Rename my office"));
   type("elsewhere");
   QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
   QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
-  QVERIFY(stage.labelled("my office, 7 tiles")->hasActiveFocus());
+  QQuickItem* row = stage.labelled("my office, 7 tiles");
+  QVERIFY(row);
+  QVERIFY(row->hasActiveFocus());
   QCOMPARE(stage.scene.warnings().take(), QStringList());
 }
 
