@@ -59,6 +59,8 @@ struct Room {
     return found;
   }
   bool click(const QString& label, Qt::MouseButton button = Qt::LeftButton) {
+    // What has just come finds its place when a picture is drawn.
+    window().grabWindow();
     QQuickItem* item = labelled(label);
     if (!item || !item->isEnabled()) return false;
     QTest::mouseClick(&window(), button, {}, item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
