@@ -53,7 +53,7 @@ TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading
   if (pressure.isUnavailable) return saying(tr("No memory statistics"), tr("No data"), help);
   if (!pressure.value) return measuring();
   const PressureReading& reading = *pressure.value;
-  const QString swap = tr("Swap %1").arg(size(calendar, reading.swapUsedBytes));
+  const QString swap = tr("Swap %1").arg(briefSize(calendar, reading.swapUsedBytes));
   TileReading tile{.subLine = swap, .help = help, .percent = (1 - reading.fraction) * 100};
   switch (reading.level) {
     case MemoryPressure::normal:
@@ -187,10 +187,11 @@ TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<Volu
   const std::vector<LiveRow> rows = volumeRows(calendar, *volumes.value, ejects);
   const bool isAsUsual = !rows.front().isBusy && !rows.front().hasFailed;
   TileReading tile{.value = rows.front().title,
-                   .subLine = isAsUsual ? tr("%1 free").arg(size(calendar, static_cast<std::uint64_t>(first.freeBytes)))
-                                        : rows.front().detail,
+                   .subLine = isAsUsual
+                                  ? tr("%1 free").arg(briefSize(calendar, static_cast<std::uint64_t>(first.freeBytes)))
+                                  : rows.front().detail,
                    .fact = rows.size() > 1 ? QStringLiteral("+%1").arg(rows.size() - 1) : QString(),
-                   .shortMessage = size(calendar, static_cast<std::uint64_t>(first.freeBytes)),
+                   .shortMessage = briefSize(calendar, static_cast<std::uint64_t>(first.freeBytes)),
                    .percent = rows.front().percent.value_or(0),
                    .isOn = rows.front().isBusy};
   QStringList lines;

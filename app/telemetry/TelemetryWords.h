@@ -34,6 +34,10 @@ inline QString size(const Calendar& calendar, std::uint64_t bytes) {
   return toQString(fileSize(calendar, static_cast<std::int64_t>(bytes)));
 }
 
+inline QString briefSize(const Calendar& calendar, std::uint64_t bytes) {
+  return toQString(briefFileSize(calendar, static_cast<std::int64_t>(bytes)));
+}
+
 inline QString dbm(const Calendar& calendar, int value) { return number(calendar, value) + QStringLiteral(" dBm"); }
 
 // Names come from others: whatever would break the line becomes a blank.

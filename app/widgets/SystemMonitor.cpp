@@ -126,12 +126,12 @@ QString SystemMonitor::diskText() const {
 }
 
 QString SystemMonitor::memoryUsedText() const {
-  return memory_ ? QString::fromStdString(fileSize(calendar_, static_cast<std::int64_t>(memory_->usedBytes())))
+  return memory_ ? QString::fromStdString(briefFileSize(calendar_, static_cast<std::int64_t>(memory_->usedBytes())))
                  : QString();
 }
 
 QString SystemMonitor::diskFreeText() const {
-  return disk_ ? QString::fromStdString(fileSize(calendar_, disk_->freeBytes)) : QString();
+  return disk_ ? QString::fromStdString(briefFileSize(calendar_, disk_->freeBytes)) : QString();
 }
 
 QString SystemMonitor::downloadFigure() const {

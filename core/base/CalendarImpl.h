@@ -1,14 +1,13 @@
 #pragma once
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
 #include <unicode/basictz.h>
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
 #include <unicode/reldatefmt.h>
 #include <unicode/smpdtfmt.h>
-
-#include <map>
-#include <memory>
-#include <mutex>
-#include <string>
 #include <utility>
 
 #include "core/base/Calendar.h"
@@ -24,7 +23,7 @@ struct Calendar::Impl {
   mutable std::mutex mutex;
   mutable std::map<std::string, std::unique_ptr<icu::SimpleDateFormat>> formats;
   mutable std::unique_ptr<icu::RelativeDateTimeFormatter> ages;
-  enum class NumberKind { age, compact, size, decimal };
+  enum class NumberKind { age, compact, size, briefSize, decimal };
   mutable std::map<std::pair<NumberKind, int>, icu::number::LocalizedNumberFormatter> numbers;
 };
 

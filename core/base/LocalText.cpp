@@ -1,12 +1,11 @@
 #include "core/base/LocalText.h"
 
+#include <cmath>
+#include <iterator>
 #include <unicode/dtptngen.h>
 #include <unicode/measunit.h>
 #include <unicode/numberformatter.h>
 #include <unicode/reldatefmt.h>
-
-#include <cmath>
-#include <iterator>
 
 #include "core/base/CalendarImpl.h"
 
@@ -145,7 +144,9 @@ std::string compactCount(const Calendar& calendar, std::int64_t count, int fract
   return compact(calendar, count, fraction);
 }
 
-std::string fileSize(const Calendar& calendar, std::int64_t bytes) {
+namespace {
+
+std::string sizeText(const Calendar& calendar, std::int64_t bytes, NumberKind kind) {
   UErrorCode error = U_ZERO_ERROR;
   constexpr int largest = 4;
   auto value = static_cast<double>(bytes);
@@ -154,7 +155,7 @@ std::string fileSize(const Calendar& calendar, std::int64_t bytes) {
     value /= 1000;
     ++unit;
   }
-  return utf8(numberFormat(calendar, NumberKind::size, unit,
+  return utf8(numberFormat(calendar, kind, unit,
                            [&](const auto& format) {
                              const icu::MeasureUnit units[] = {
                                  icu::MeasureUnit::getByte(), icu::MeasureUnit::getKilobyte(),
@@ -162,21 +163,33 @@ std::string fileSize(const Calendar& calendar, std::int64_t bytes) {
                                  icu::MeasureUnit::getTerabyte()};
                              return format.unit(units[unit])
                                  .unitWidth(unit == 0 ? UNUM_UNIT_WIDTH_FULL_NAME : UNUM_UNIT_WIDTH_SHORT)
-                                 .precision(
-                                     icu::number::Precision::maxFraction(unit < 2 ? 0 : unit == 2 ? 1 : 2));
+                                 .precision(kind == NumberKind::briefSize
+                                                ? icu::number::Precision::maxSignificantDigits(3)
+                                                : icu::number::Precision::maxFraction(unit < 2    ? 0
+                                                                                      : unit == 2 ? 1
+                                                                                                  : 2));
                            })
                   .formatDouble(value, error)
                   .toString(error));
 }
 
+}  // namespace
+
+std::string fileSize(const Calendar& calendar, std::int64_t bytes) {
+  return sizeText(calendar, bytes, NumberKind::size);
+}
+
+std::string briefFileSize(const Calendar& calendar, std::int64_t bytes) {
+  return sizeText(calendar, bytes, NumberKind::briefSize);
+}
+
 std::string decimal(const Calendar& calendar, double value, int fraction) {
   UErrorCode error = U_ZERO_ERROR;
-  return utf8(numberFormat(calendar, NumberKind::decimal, fraction,
-                           [&](const auto& format) {
-                             return format.precision(icu::number::Precision::maxFraction(fraction));
-                           })
-                  .formatDouble(value, error)
-                  .toString(error));
+  return utf8(
+      numberFormat(calendar, NumberKind::decimal, fraction,
+                   [&](const auto& format) { return format.precision(icu::number::Precision::maxFraction(fraction)); })
+          .formatDouble(value, error)
+          .toString(error));
 }
 
 }  // namespace ambrel

@@ -26,6 +26,8 @@ std::string compactCount(const Calendar& calendar, std::int64_t count);
 std::string compactCount(const Calendar& calendar, std::int64_t count, int fraction);
 // Decimal units: "999 bytes", "1.2 MB", "5.6 GB"
 std::string fileSize(const Calendar& calendar, std::int64_t bytes);
+// The same for narrow places, in three digits: "889 GB", "5.64 GB"
+std::string briefFileSize(const Calendar& calendar, std::int64_t bytes);
 // A decimal number with at most `fraction` digits behind the locale's mark.
 std::string decimal(const Calendar& calendar, double value, int fraction);
 

@@ -71,6 +71,18 @@ TEST(LocalText, WritesCountsAndSizes) {
                      {-1'240'000, "-1.2 MB"}};
   for (const auto& each : sizes) EXPECT_EQ(fileSize(english, each.bytes), each.text) << each.bytes;
   EXPECT_EQ(fileSize(german, 1'240'000), "1,2 MB");
+  const struct {
+    std::int64_t bytes;
+    const char* text;
+  } briefSizes[] = {{0, "0 bytes"},
+                    {999, "999 bytes"},
+                    {12'345, "12.3 kB"},
+                    {888'880'000'000, "889 GB"},
+                    {5'643'000'000, "5.64 GB"},
+                    {999'499'999'999, "999 GB"},
+                    {999'500'000'000, "1 TB"}};
+  for (const auto& each : briefSizes) EXPECT_EQ(briefFileSize(english, each.bytes), each.text) << each.bytes;
+  EXPECT_EQ(briefFileSize(german, 5'643'000'000), "5,64\u00a0GB");
   EXPECT_EQ(decimal(english, 1234.567, 1), "1,234.6");
   EXPECT_EQ(decimal(german, 1.25, 2), "1,25");
   EXPECT_EQ(decimal(english, 3.0, 2), "3");
