@@ -8,6 +8,9 @@
 namespace ambrel {
 namespace {
 
+// Of the size: as close as letters stand without touching.
+constexpr qreal tightSpacing = -0.035;
+
 bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
 
 qreal digitWidth(const QFontMetricsF& metrics) {
@@ -62,6 +65,22 @@ void TickingText::setFont(const QFont& font) {
   Q_EMIT styleChanged();
 }
 
+void TickingText::setRoom(qreal room) {
+  if (room_ == room) return;
+  room_ = room;
+  measure();
+  update();
+  Q_EMIT styleChanged();
+}
+
+void TickingText::setLeastSize(int size) {
+  if (leastSize_ == size) return;
+  leastSize_ = size;
+  measure();
+  update();
+  Q_EMIT styleChanged();
+}
+
 void TickingText::setColor(const QColor& color) {
   if (color_ == color) return;
   color_ = color;
@@ -78,35 +97,46 @@ void TickingText::setAlignment(Qt::Alignment alignment) {
 
 bool TickingText::truncated() const { return widthOf(text_) > width() + 0.5; }
 
-qreal TickingText::widthOf(const QString& text) const {
+qreal TickingText::widthIn(const QFont& font, const QString& text) const {
   qreal width = 0;
-  eachCell(text, QFontMetricsF(font_), isFixed(), [&](const QString&, qreal cell) { width += cell; });
+  eachCell(text, QFontMetricsF(font), isFixed(), [&](const QString&, qreal cell) { width += cell; });
   return width;
 }
 
+qreal TickingText::widthOf(const QString& text) const { return widthIn(shownFont_, text); }
+
 void TickingText::geometryChange(const QRectF& now, const QRectF& before) {
   if (now.size() != before.size()) {
-    setBaselineOffset((now.height() - QFontMetricsF(font_).height()) / 2 + QFontMetricsF(font_).ascent());
+    const QFontMetricsF metrics(shownFont_);
+    setBaselineOffset((now.height() - metrics.height()) / 2 + metrics.ascent());
     Q_EMIT textChanged();
   }
   QQuickPaintedItem::geometryChange(now, before);
 }
 
 void TickingText::measure() {
-  const QFontMetricsF metrics(font_);
+  shownFont_ = font_;
+  const auto fits = [this](const QFont& font) {
+    return room_ < 0 || std::ceil(std::max(widthIn(font, text_), widthIn(font, widest_))) <= room_;
+  };
+  QFont font = font_;
+  while (!fits(font) && font.pixelSize() > leastSize_) font.setPixelSize(font.pixelSize() - 1);
+  if (!fits(font)) font.setLetterSpacing(QFont::AbsoluteSpacing, tightSpacing * font.pixelSize());
+  if (fits(font)) shownFont_ = font;
+  const QFontMetricsF metrics(shownFont_);
   setImplicitSize(std::ceil(std::max(widthOf(text_), widthOf(widest_))), std::ceil(metrics.height()));
   setBaselineOffset((height() - metrics.height()) / 2 + metrics.ascent());
 }
 
 void TickingText::paint(QPainter* painter) {
-  const QFontMetricsF metrics(font_);
+  const QFontMetricsF metrics(shownFont_);
   const QString shown = truncated() ? metrics.elidedText(text_, Qt::ElideRight, width()) : text_;
   qreal x = 0;
   const qreal spare = width() - widthOf(shown);
   if (alignment_ & Qt::AlignRight) x = std::max(0.0, spare);
   if (alignment_ & Qt::AlignHCenter) x = std::max(0.0, spare / 2);
   painter->setRenderHint(QPainter::TextAntialiasing);
-  painter->setFont(font_);
+  painter->setFont(shownFont_);
   painter->setPen(color_);
   const qreal baseline = baselineOffset();
   eachCell(shown, metrics, isFixed(), [&](const QString& part, qreal cell) {

@@ -1,6 +1,7 @@
 #pragma once
 // A line of text that ticks: with `widest` given, its digits all have the same width and its box is as wide as the
-// widest text, so that nothing moves but the figures.
+// widest text, so that nothing moves but the figures. With `room` given, a text that is too wide for it is set smaller,
+// down to `leastSize`, and then tighter, where that makes it fit.
 
 #include <QFont>
 #include <QQuickPaintedItem>
@@ -13,6 +14,8 @@ class TickingText : public QQuickPaintedItem {
   Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged FINAL)
   Q_PROPERTY(QString widest READ widest WRITE setWidest NOTIFY styleChanged FINAL)
   Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY styleChanged FINAL)
+  Q_PROPERTY(qreal room READ room WRITE setRoom NOTIFY styleChanged FINAL)
+  Q_PROPERTY(int leastSize READ leastSize WRITE setLeastSize NOTIFY styleChanged FINAL)
   Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY styleChanged FINAL)
   Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment NOTIFY styleChanged FINAL)
   Q_PROPERTY(bool truncated READ truncated NOTIFY textChanged FINAL)
@@ -27,6 +30,12 @@ class TickingText : public QQuickPaintedItem {
   void setWidest(const QString& widest);
   QFont font() const { return font_; }
   void setFont(const QFont& font);
+  // Logical pixels; negative while there is no limit.
+  qreal room() const { return room_; }
+  void setRoom(qreal room);
+  // Pixels of the font.
+  int leastSize() const { return leastSize_; }
+  void setLeastSize(int size);
   QColor color() const { return color_; }
   void setColor(const QColor& color);
   Qt::Alignment alignment() const { return alignment_; }
@@ -46,10 +55,14 @@ class TickingText : public QQuickPaintedItem {
 
  private:
   void measure();
+  qreal widthIn(const QFont& font, const QString& text) const;
   bool isFixed() const { return !widest_.isEmpty(); }
 
   QString text_, widest_;
   QFont font_;
+  QFont shownFont_;  // `font_`, or a smaller one
+  qreal room_ = -1;
+  int leastSize_ = 11;
   QColor color_ = Qt::black;
   Qt::Alignment alignment_ = Qt::AlignLeft;
 };

@@ -36,7 +36,9 @@ Item {
         y: root.isSmall ? 19 : Theme.caption.line
         x: root.isSmall ? Math.round((root.width - width) / 2) : 0
         height: root.isSmall ? Theme.rowTitle.line : root.isUnavailable ? Theme.value.line : root.valueRole.line
-        width: Math.max(0, Math.min(implicitWidth, root.width - (root.isSmall || root.isUnavailable ? 0 : root.reserved + measure.space)))
+        width: Math.min(implicitWidth, room)
+        room: Math.max(0, root.width - (root.isSmall || root.isUnavailable ? 0 : root.reserved + measure.space))
+        leastSize: Theme.captionStrong.font.pixelSize
         alignment: root.isSmall ? Qt.AlignHCenter : Qt.AlignLeft
         text: root.isUnavailable ? qsTr("Not available") : root.value
         widest: root.isUnavailable ? "" : root.widestValue

@@ -24,6 +24,7 @@ class GaugeTests : public QObject {
   void sparklineHasGaps();
   void sparklineShowsTheLatest();
   void tickingTextKeepsItsWidth();
+  void tickingTextIsSetSmallerWhereThatMakesItFit();
 };
 
 constexpr QColor ink(255, 0, 0);
@@ -217,6 +218,29 @@ void GaugeTests::tickingTextKeepsItsWidth() {
   text.setWidest({});
   text.setText("11");
   QVERIFY(text.implicitWidth() < width);
+}
+
+void GaugeTests::tickingTextIsSetSmallerWhereThatMakesItFit() {
+  QFont font("Inter");
+  font.setPixelSize(18);
+  TickingText text;
+  text.setFont(font);
+  text.setText("10:58 PM");
+  const qreal whole = text.implicitWidth();
+  for (const double share : {1.0, 0.9, 0.7}) {
+    text.setRoom(whole * share);
+    text.setWidth(whole * share);
+    QVERIFY2(!text.truncated(), qPrintable(QString::number(share)));
+    QVERIFY(text.implicitWidth() <= whole * share);
+  }
+  // Where nothing helps, it keeps its size and ends in an ellipsis.
+  text.setRoom(whole * 0.3);
+  text.setWidth(whole * 0.3);
+  QVERIFY(text.truncated());
+  QCOMPARE(text.implicitWidth(), whole);
+  // With more room it grows back.
+  text.setRoom(whole);
+  QCOMPARE(text.implicitWidth(), whole);
 }
 
 }  // namespace ambrel
