@@ -29,7 +29,7 @@ Item {
         color: Theme.ink2
         anchors.left: icon.right
         anchors.leftMargin: root.symbol === "" ? 0 : 4
-        width: Math.min(Math.ceil(implicitWidth), root.width - x - (note.visible ? note.width + Theme.space2 : 0)
+        width: Math.min(Math.ceil(implicitWidth), root.width - x - (note.visible ? note.width + Theme.space1 : 0)
                         - (clock.visible ? clock.width + Theme.space1 : 0))
         Accessible.ignored: true
     }

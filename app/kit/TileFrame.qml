@@ -28,6 +28,7 @@ Pressable {
     // Free space at the right of value and sub-line, for a child that stands there.
     property real reserved: 0
     property bool hasHeader: span !== TileFrame.Small
+    property bool hasCaptionSymbol: true
     // Why there is nothing to show, in words; empty when there is.
     property string problem
     // How old what is shown is, in words; empty when it is fresh.
@@ -106,7 +107,7 @@ Pressable {
             right: area.right
             top: area.top
         }
-        symbol: root.symbol
+        symbol: root.hasCaptionSymbol ? root.symbol : ""
         name: root.name
         fact: root.isUnavailable ? "" : root.fact
         isStale: root.isStale

@@ -9,10 +9,10 @@ LiveTile {
 
     readonly property bool hasRates: !hasMessage && reading.unit !== ""
 
-    name: qsTr("Disk Activity")
+    name: isSmall ? qsTr("Activity") : qsTr("Disk Activity")
     symbol: "internaldrive.fill"
     hasFigures: !hasRates
-    label: hasRates ? qsTr("%1, read %2 %3, written %4 %5").arg(name).arg(reading.value).arg(reading.unit).arg(reading.secondValue).arg(reading.secondUnit) : name + ", " + reading.spoken
+    label: hasRates ? qsTr("%1, read %2 %3, written %4 %5").arg(qsTr("Disk Activity")).arg(reading.value).arg(reading.unit).arg(reading.secondValue).arg(reading.secondUnit) : qsTr("Disk Activity, %1").arg(reading.spoken)
 
     Column {
         visible: root.hasRates

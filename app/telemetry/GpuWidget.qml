@@ -14,6 +14,8 @@ LiveTile {
         visible: !root.isSmall && !root.hasMessage
         anchors.right: parent.right
         anchors.bottom: parent.bottom
+        // "100 %" stands beside it.
+        width: root.span === TileFrame.Medium ? 40 : 44
         capacity: 20
         values: root.reading.history
     }

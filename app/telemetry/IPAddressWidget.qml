@@ -7,6 +7,6 @@ LiveTile {
     name: qsTr("IP Address")
     symbol: "network"
     // A whole address fits the narrowest tile that has a caption.
-    valueRole: span === TileFrame.Medium ? Theme.captionStrong : Theme.rowTitle
+    valueRole: span === TileFrame.Medium ? Theme.caption : Theme.rowTitle
     wrapsInSmall: true
 }

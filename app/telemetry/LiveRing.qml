@@ -12,6 +12,8 @@ LiveTile {
     readonly property bool hasRing: !hasMessage && !isNaN(reading.percent)
 
     hasHeader: !isSmall
+    // The ring beside the caption has the symbol in it.
+    hasCaptionSymbol: !hasRing
     hasFigures: !(isSmall && hasRing)
 
     Ring {

@@ -14,7 +14,7 @@ LiveTile {
     label: qsTr("Volumes, %1").arg(reading.spoken)
     symbol: "externaldrive"
     valueRole: Theme.rowTitle
-    reserved: isSmall || !hasDrive ? 0 : 32
+    reserved: isSmall || !hasDrive ? 0 : 26
 
     IconButton {
         visible: root.hasDrive && !root.isSmall

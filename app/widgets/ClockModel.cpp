@@ -18,6 +18,7 @@ void ClockModel::tick(Instant now) {
   time_ = time;
   fullDate_ = fullDate;
   shortDate_ = formatted("EEEdMMM");
+  shortWeekday_ = formatted("EEE");
   day_ = formatted("d");
   weekday_ = formatted("EEEE");
   month_ = formatted("yMMMM");

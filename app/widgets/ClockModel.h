@@ -18,6 +18,8 @@ class ClockModel : public QObject {
   Q_PROPERTY(QString time READ time NOTIFY changed)
   // "Sat, Nov 21"
   Q_PROPERTY(QString shortDate READ shortDate NOTIFY changed)
+  // "Sat"
+  Q_PROPERTY(QString shortWeekday READ shortWeekday NOTIFY changed)
   // "21", "Saturday", "November 2026"
   Q_PROPERTY(QString day READ day NOTIFY changed)
   Q_PROPERTY(QString weekday READ weekday NOTIFY changed)
@@ -34,6 +36,7 @@ class ClockModel : public QObject {
 
   QString time() const { return time_; }
   QString shortDate() const { return shortDate_; }
+  QString shortWeekday() const { return shortWeekday_; }
   QString day() const { return day_; }
   QString weekday() const { return weekday_; }
   QString month() const { return month_; }
@@ -45,7 +48,7 @@ class ClockModel : public QObject {
  private:
   Calendar calendar_;
   std::optional<std::chrono::sys_time<std::chrono::minutes>> minute_;  // that the texts stand for
-  QString time_, shortDate_, day_, weekday_, month_, fullDate_;
+  QString time_, shortDate_, shortWeekday_, day_, weekday_, month_, fullDate_;
 };
 
 }  // namespace ambrel

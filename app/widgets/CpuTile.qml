@@ -21,6 +21,8 @@ TileFrame {
         visible: root.span !== TileFrame.Small && root.isKnown
         anchors.right: parent.right
         anchors.bottom: parent.bottom
+        // "100 %" stands beside it.
+        width: root.span === TileFrame.Medium ? 40 : 44
         values: root.system.cpuHistory
         opacity: root.markOpacity
     }

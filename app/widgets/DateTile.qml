@@ -5,7 +5,7 @@ import Ambrel.Widgets
 TileFrame {
     required property ClockModel clock
 
-    name: clock.weekday
+    name: span === TileFrame.Small ? clock.shortWeekday : clock.weekday
     symbol: "calendar"
     label: clock.fullDate
     value: clock.day

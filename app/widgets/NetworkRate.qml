@@ -39,6 +39,7 @@ Row {
         text: root.figure
         widest: root.isNarrow ? "" : "88.8"
         font: Theme.rowTitle.font
+        alignment: Qt.AlignRight
         color: Theme.ink
         height: Theme.rowTitle.line
         width: implicitWidth

@@ -20,10 +20,11 @@ TileFrame {
     tip: isKnown ? name + ": " + details : ""
     value: isSmall ? "" : rounded
     unit: isSmall || !isKnown ? "" : "%"
-    subLine: isSmall ? "" : shortDetails
-    reserved: isSmall ? 0 : 36
+    subLine: isSmall ? "" : !isKnown ? qsTr("Measuring…") : span === TileFrame.ExtraLarge ? details : shortDetails
+    reserved: isSmall || !isKnown ? 0 : 36
 
     Ring {
+        visible: root.isSmall || root.isKnown
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
         y: root.isSmall ? 0 : parent.height - height
         width: root.isSmall ? 36 : 32

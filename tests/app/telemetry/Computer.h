@@ -4,6 +4,7 @@
 #include <QQmlEngine>
 
 #include "app/telemetry/LiveModels.h"
+#include "app/widgets/ClockModel.h"
 #include "app/widgets/SystemMonitor.h"
 #include "core/widgets/DockWidget.h"
 #include "tests/fakes/FakeReadings.h"
@@ -13,8 +14,8 @@
 namespace ambrel {
 
 struct Computer {
-  Computer() {
-    for (QObject* object : std::initializer_list<QObject*>{&live, &system})
+  explicit Computer(const std::string& locale = "en_US") : calendar("UTC", locale) {
+    for (QObject* object : std::initializer_list<QObject*>{&live, &system, &clock})
       QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
   }
 
@@ -37,6 +38,12 @@ struct Computer {
       live.tick(now);
       held.letGo();
     }
+  }
+  // As the tiles want them.
+  QVariantMap models() {
+    return {{QStringLiteral("live"), QVariant::fromValue(&live)},
+            {QStringLiteral("system"), QVariant::fromValue(&system)},
+            {QStringLiteral("clock"), QVariant::fromValue(&clock)}};
   }
   // A laptop in use, with everything that can be read.
   void bePlentiful() {
@@ -98,6 +105,7 @@ struct Computer {
   FakeReadings readings;
   HeldWork held;
   std::function<void()> everyTick;
+  Calendar calendar;
   LiveModels live{{.telemetry = telemetry,
                    .latency = probe,
                    .sound = sound,
@@ -106,9 +114,10 @@ struct Computer {
                    .keepAwake = keepAwake,
                    .readings = readings,
                    .background = held.background(),
-                   .calendar = Calendar("UTC", "en_US"),
+                   .calendar = calendar,
                    .now = [this] { return now; }}};
-  SystemMonitor system{readings, held.background(), Calendar("UTC", "en_US")};
+  SystemMonitor system{readings, held.background(), calendar};
+  ClockModel clock{calendar};
 };
 
 }  // namespace ambrel

@@ -3,15 +3,16 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 import Ambrel.Widgets
 
-// Every system tile in three sizes.
+// Every system tile in every size.
 Rectangle {
     id: root
 
     required property LiveModels live
     required property SystemMonitor system
+    required property ClockModel clock
 
-    width: 1216
-    height: 600
+    width: 1264
+    height: 968
     color: Theme.bar
 
     component Spans: Row {
@@ -23,7 +24,7 @@ Rectangle {
         spacing: 8
 
         Repeater {
-            model: 3
+            model: 4
 
             Loader {
                 id: loader
@@ -33,7 +34,7 @@ Rectangle {
                 sourceComponent: spans.tile
                 onLoaded: {
                     item.span = index;
-                    item.objectName = spans.widget + ["Small", "Medium", "Large"][index];
+                    item.objectName = spans.widget + ["Small", "Medium", "Large", "ExtraLarge"][index];
                 }
             }
         }
@@ -44,6 +45,18 @@ Rectangle {
         anchors.margins: 12
         spacing: 8
 
+        Spans {
+            widget: "clock"
+            tile: ClockTile {
+                clock: root.clock
+            }
+        }
+        Spans {
+            widget: "date"
+            tile: DateTile {
+                clock: root.clock
+            }
+        }
         Spans {
             widget: "gpu"
             tile: GpuWidget {

@@ -16,8 +16,9 @@ QString file(const char* name) {
 }
 
 bool load(Scene& scene, Computer& computer, const char* name) {
-  return scene.loadFile(file(name), {{QStringLiteral("live"), QVariant::fromValue(&computer.live)},
-                                     {QStringLiteral("system"), QVariant::fromValue(&computer.system)}});
+  QVariantMap models = computer.models();
+  if (QLatin1String(name) == QLatin1String("LivePanels.qml")) models.remove(QStringLiteral("clock"));
+  return scene.loadFile(file(name), models);
 }
 
 QString spoken(Scene& scene, const QString& tile) {

@@ -26,6 +26,7 @@ void ClockModelTests::showsTheUsersOwnForms() {
   QCOMPARE(clock.shortDate(), QStringLiteral("Sat, Nov 21"));
   QCOMPARE(clock.day(), QStringLiteral("21"));
   QCOMPARE(clock.weekday(), QStringLiteral("Saturday"));
+  QCOMPARE(clock.shortWeekday(), QStringLiteral("Sat"));
   QCOMPARE(clock.month(), QStringLiteral("November 2026"));
   QCOMPARE(clock.fullDate(), QStringLiteral("Saturday, November 21, 2026"));
   ClockModel german(Calendar("Europe/Berlin", "de_DE"));
