@@ -11,7 +11,7 @@ namespace ambrel {
 namespace {
 
 // Multiples of the tick, so that nothing wakes up for a sampler alone.
-constexpr Seconds often{2}, usual{4}, leisurely{6}, seldom{600};
+constexpr Seconds often{2}, usual{4}, leisurely{6}, seldom{30};
 constexpr Seconds latencyInterval{30};
 // 80 seconds of the graphics processor.
 constexpr std::size_t gpuLength = 20;
@@ -71,7 +71,10 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
     topAppRows_.set(processRows(calendar, usage, listedPrograms));
   });
   follow(batteryHealth_, {batteryHealth}, [this] { publishPower(); });
-  follow(power_, {battery, power}, [this] { publishPower(); });
+  follow(power_, {battery, power}, [this] {
+    publishPower();
+    noticeBattery();
+  });
   follow(wifi_, {wifi}, [&] {
     wifiText_.set(wifiTile(calendar, sampled(wifi_)));
     wifiRows_.set(ambrel::wifiRows(calendar, wifi_.value().value_or(WiFiReading{})));
@@ -161,6 +164,14 @@ void LiveModels::publishPower() {
   powerText_.set(powerTile(calendar, sampled(power_)));
   batteryHealthText_.set(batteryHealthTile(calendar, sampled(batteryHealth_)));
   powerRows_.set(ambrel::powerRows(calendar, power_.value(), batteryHealth_.value()));
+}
+
+// What is said of a battery's health goes with the battery.
+void LiveModels::noticeBattery() {
+  if (!power_.lastRun()) return;
+  const bool hasBattery = power_.value() && power_.value()->percent;
+  const auto had = std::exchange(hadBattery_, hasBattery);
+  if (had && *had != hasBattery && batteryHealth_.lastRun()) batteryHealth_.refresh(seams_.now());
 }
 
 void LiveModels::publishVolumes() {

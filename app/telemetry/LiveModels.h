@@ -147,6 +147,7 @@ class LiveModels : public QObject {
   void flush();
   void publishVolumes();
   void publishPower();
+  void noticeBattery();
   void publishUptime(Instant now);
 
   LiveSeams seams_;
@@ -157,6 +158,7 @@ class LiveModels : public QObject {
   std::vector<std::pair<std::function<void()>, std::function<void()>>> gathered_;
   Ejects ejects_;
   std::optional<long long> uptimeMinutes_;
+  std::optional<bool> hadBattery_;  // at the last reading of the power
 
   Sampler<double> gpu_;
   Sampler<PressureReading> pressure_;

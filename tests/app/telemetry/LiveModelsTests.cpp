@@ -18,6 +18,8 @@ class LiveModelsTests : public QObject {
   void aNeedKeepsASamplerReadingInItsOwnRhythm();
   void comingIntoSightReadsAtOnce();
   void theLatencyIsProbedEveryThirtySeconds();
+  void theHealthGoesWithTheBattery_data();
+  void theHealthGoesWithTheBattery();
   void whatSpeaksUpByItselfIsListenedToWhileItsTileStands();
   void textsAreAnnouncedOnlyWhenTheyDiffer();
   void theThreeBusiestMoveWithoutAReset();
@@ -56,18 +58,18 @@ void LiveModelsTests::onlyWhatIsShownIsRead() {
   computer.show({static_cast<DockWidget>(widget)});
   LiveModels& live = computer.live;
   QStringList ran;
-  for (const auto& [name, sampler] : std::initializer_list<std::pair<const char*, SamplerBase*>>{
-           {"gpu", &live.gpu()},
-           {"pressure", &live.pressure()},
-           {"diskActivity", &live.diskActivity()},
-           {"topApps", &live.topApps()},
-           {"batteryHealth", &live.batteryHealth()},
-           {"power", &live.power()},
-           {"wifi", &live.wifi()},
-           {"latency", &live.latency()},
-           {"volumes", &live.volumes()},
-           {"thermal", &live.thermal()},
-           {"addresses", &live.addresses()}})
+  for (const auto& [name, sampler] :
+       std::initializer_list<std::pair<const char*, SamplerBase*>>{{"gpu", &live.gpu()},
+                                                                   {"pressure", &live.pressure()},
+                                                                   {"diskActivity", &live.diskActivity()},
+                                                                   {"topApps", &live.topApps()},
+                                                                   {"batteryHealth", &live.batteryHealth()},
+                                                                   {"power", &live.power()},
+                                                                   {"wifi", &live.wifi()},
+                                                                   {"latency", &live.latency()},
+                                                                   {"volumes", &live.volumes()},
+                                                                   {"thermal", &live.thermal()},
+                                                                   {"addresses", &live.addresses()}})
     if (sampler->lastRun()) ran << QLatin1String(name);
   QCOMPARE(ran, running);
 }
@@ -120,6 +122,36 @@ void LiveModelsTests::theLatencyIsProbedEveryThirtySeconds() {
   computer.live.refreshLatency();
   computer.live.tick(computer.now + std::chrono::minutes(2));
   QCOMPARE(computer.held.waiting.size(), 1u);
+}
+
+void LiveModelsTests::theHealthGoesWithTheBattery_data() {
+  QTest::addColumn<bool>("isPowerShown");
+  QTest::addColumn<int>("ticks");
+  QTest::newRow("beside the charge") << true << 2;
+  QTest::newRow("alone") << false << 15;
+}
+
+void LiveModelsTests::theHealthGoesWithTheBattery() {
+  QFETCH(bool, isPowerShown);
+  QFETCH(int, ticks);
+  Computer computer;
+  computer.bePlentiful();
+  computer.show(isPowerShown ? std::set{batteryHealth, power} : std::set{batteryHealth});
+  LiveText* text = computer.live.batteryHealthText();
+  QCOMPARE(text->value(), QStringLiteral("91"));
+  // The battery is taken out, or the service that told of it ends; later it is back.
+  const auto healthWas = computer.telemetry.health;
+  const auto powerWas = computer.telemetry.powerReading;
+  computer.telemetry.health = BatteryHealthReading{};
+  computer.telemetry.powerReading = PowerReading{.isOnAdapter = true};
+  computer.pass(ticks);
+  computer.held.letGo();
+  QCOMPARE(text->message(), QStringLiteral("This Mac runs on power"));
+  computer.telemetry.health = healthWas;
+  computer.telemetry.powerReading = powerWas;
+  computer.pass(ticks);
+  computer.held.letGo();
+  QCOMPARE(text->value(), QStringLiteral("91"));
 }
 
 void LiveModelsTests::whatSpeaksUpByItselfIsListenedToWhileItsTileStands() {
@@ -210,7 +242,8 @@ void LiveModelsTests::aDriveIsEjectedOnceAndSaysWhatCameOfIt() {
   computer.volumes.answer({.outcome = EjectOutcome::ejected});
   computer.held.letGo();
   QCOMPARE(computer.live.volumesText()->value(), QStringLiteral("Archive"));
-  QCOMPARE(told, (QList<QPair<QString, EjectOutcome>>{{"STICK", EjectOutcome::busy}, {"STICK", EjectOutcome::ejected}}));
+  QCOMPARE(told,
+           (QList<QPair<QString, EjectOutcome>>{{"STICK", EjectOutcome::busy}, {"STICK", EjectOutcome::ejected}}));
   // The same stick again: what went wrong once is no longer said.
   computer.telemetry.drives->insert(computer.telemetry.drives->begin(),
                                     {.url = stick.toStdString(), .name = "STICK", .freeBytes = 1, .totalBytes = 2});
