@@ -175,6 +175,10 @@ void AppDelegate::answerNotifications(const std::string& identifier, Notificatio
   notificationAnswers_[identifier] = std::move(answer);
 }
 
+void AppDelegate::followDismissal(const std::string& identifier, std::function<void()> dismissed) {
+  dismissals_[identifier] = std::move(dismissed);
+}
+
 void AppDelegate::handleNotifications() {
   const auto answer = [this](const std::string& identifier, const std::string& action) {
     if (const auto found = notificationAnswers_.find(identifier); found != notificationAnswers_.end())
@@ -184,6 +188,9 @@ void AppDelegate::handleNotifications() {
   };
   desktop_.notifications.setActivationHandler([answer](const std::string& identifier) { answer(identifier, ""); });
   desktop_.notifications.setActionHandler(answer);
+  desktop_.notifications.setDismissalHandler([this](const std::string& identifier) {
+    if (const auto found = dismissals_.find(identifier); found != dismissals_.end()) found->second();
+  });
 }
 
 void AppDelegate::makePanels() {

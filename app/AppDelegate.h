@@ -132,6 +132,8 @@ class AppDelegate : public QObject {
   // Who is told of a click on a notification and of its buttons; the agents' sessions get what nobody asked for.
   using NotificationAnswer = std::function<void(const std::string& action)>;  // "": the notification itself
   void answerNotifications(const std::string& identifier, NotificationAnswer answer);
+  // Who is told that the user has put a notification away.
+  void followDismissal(const std::string& identifier, std::function<void()> dismissed);
   void handleNotifications();
   std::vector<DockPopoverController*> panels() const;
   // One of them, or the shelf, has opened or closed.
@@ -184,6 +186,7 @@ class AppDelegate : public QObject {
   std::function<void()> tileCommand_;  // of the tile whose menu was opened last
   QVariantMap settingsPages_;          // tab to the properties of its page
   std::map<std::string, NotificationAnswer> notificationAnswers_;
+  std::map<std::string, std::function<void()>> dismissals_;
   DockPopoverController* inboxPanel_ = nullptr;  // one of the tile panels
   PointerRelay pointers_;
   std::unique_ptr<PointerMonitor> dockPointer_, shelfPointer_;

@@ -16,17 +16,16 @@ void AppDelegate::makeFocus() {
     return std::any_of(model_.profiles().begin(), model_.profiles().end(),
                        [](const Profile& profile) { return profile.contains("alarm"); });
   };
-  focus_ = std::make_unique<FocusModels>(FocusSeams{.defaults = defaults_,
-                                                    .calendar = surroundings_.calendar,
-                                                    .notifications = desktop_.notifications,
-                                                    .sounds = desktop_.sounds,
-                                                    .now = surroundings_.now},
-                                         surroundings_.dataFolder / "habits.json",
-                                         FocusPresence{.water = onBar("water"),
-                                                       .alarm = inAnyProfile,
-                                                       .eyeBreak = onBar("eyeBreak"),
-                                                       .standUp = onBar("standUp")},
-                                         due_);
+  focus_ = std::make_unique<FocusModels>(
+      FocusSeams{.defaults = defaults_,
+                 .calendar = surroundings_.calendar,
+                 .notifications = desktop_.notifications,
+                 .sounds = desktop_.sounds,
+                 .now = surroundings_.now},
+      surroundings_.dataFolder / "habits.json",
+      FocusPresence{
+          .water = onBar("water"), .alarm = inAnyProfile, .eyeBreak = onBar("eyeBreak"), .standUp = onBar("standUp")},
+      due_);
   keep({focus_.get()});
 }
 
@@ -38,8 +37,7 @@ void AppDelegate::addFocusPanels() {
                {{QStringLiteral("stopwatch"), toVariant(*focus_->stopwatch())}}, {340, 164});
   addTilePanel({"water"}, "Focus/WaterSettings.qml", {{QStringLiteral("water"), toVariant(*focus_->water())}},
                {340, 302});
-  addTilePanel({"timer"}, "Focus/TimerPanel.qml", {{QStringLiteral("timer"), toVariant(*focus_->timer())}},
-               {340, 284});
+  addTilePanel({"timer"}, "Focus/TimerPanel.qml", {{QStringLiteral("timer"), toVariant(*focus_->timer())}}, {340, 284});
   addTilePanel({"alarm"}, "Focus/AlarmSettings.qml", {{QStringLiteral("alarm"), toVariant(*focus_->alarm())}},
                {340, 324});
   addTilePanel({"habits"}, "Focus/HabitsPanel.qml", {{QStringLiteral("habits"), toVariant(*focus_->habits())}},
@@ -51,22 +49,19 @@ void AppDelegate::addFocusPanels() {
                {{QStringLiteral("reminder"), toVariant(*focus_->standUp())}, {QStringLiteral("isForEyes"), false}},
                {340, 226});
 
-  context_->setMenuCommand(QStringLiteral("eyeBreak"),
-                           {.text = [this] {
-                              return focus_->eyeBreak()->isOn() ? tr("Pause Eye Breaks") : tr("Resume Eye Breaks");
-                            },
-                            .symbol = QStringLiteral("eye"),
-                            .action = [this](const QString&) {
-                              focus_->eyeBreak()->setIsOn(!focus_->eyeBreak()->isOn());
-                            }});
-  context_->setMenuCommand(QStringLiteral("mood"),
-                           {.text = [] { return tr("Change Today's Mood"); },
-                            .symbol = QStringLiteral("face.smiling"),
-                            .action = [this](const QString& item) {
-                              context_->activate(QStringLiteral("mood"), item);
-                            }});
+  context_->setMenuCommand(
+      QStringLiteral("eyeBreak"),
+      {.text = [this] { return focus_->eyeBreak()->isOn() ? tr("Pause Eye Breaks") : tr("Resume Eye Breaks"); },
+       .symbol = QStringLiteral("eye"),
+       .action = [this](const QString&) { focus_->eyeBreak()->setIsOn(!focus_->eyeBreak()->isOn()); }});
+  context_->setMenuCommand(
+      QStringLiteral("mood"),
+      {.text = [] { return tr("Change Today's Mood"); },
+       .symbol = QStringLiteral("face.smiling"),
+       .action = [this](const QString& item) { context_->activate(QStringLiteral("mood"), item); }});
 
   answerNotifications("alarm", [this](const std::string& action) { focus_->alarm()->answer(action); });
+  followDismissal("alarm", [this] { focus_->alarm()->answer("stop"); });
   answerNotifications("eyeBreak", [this](const std::string&) {
     if (focus_->eyeBreak()->isDue()) focus_->eyeBreak()->takeBreak();
   });

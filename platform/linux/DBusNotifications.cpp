@@ -22,6 +22,9 @@ constexpr int startMilliseconds = 25000;
 constexpr int callMilliseconds = 5000;
 constexpr auto keptWithoutService = 60s;
 
+// Of the reasons of NotificationClosed; the others: expired, withdrawn, not said.
+constexpr uint dismissedByUser = 2;
+
 QDBusMessage call(const QString& method, const QVariantList& arguments = {}) {
   QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
   message.setArguments(arguments);
@@ -105,6 +108,10 @@ void DBusNotifications::setActivationHandler(std::function<void(const std::strin
 
 void DBusNotifications::setActionHandler(std::function<void(const std::string&, const std::string&)> handler) {
   action_ = std::move(handler);
+}
+
+void DBusNotifications::setDismissalHandler(std::function<void(const std::string&)> handler) {
+  dismissal_ = std::move(handler);
 }
 
 void DBusNotifications::setAvailabilityHandler(std::function<void(bool)> handler) {
@@ -225,12 +232,15 @@ std::map<std::string, DBusNotifications::Shown>::iterator DBusNotifications::fin
   return entry;
 }
 
-void DBusNotifications::closed(uint id, uint) {
+void DBusNotifications::closed(uint id, uint reason) {
   const auto entry = find(id);
   if (entry == shown_.end()) return;
   // A replacement that is under way may come as a new notification, whose id its answer tells.
   entry->second.id = 0;
-  if (!entry->second.isUnderWay && !entry->second.next) shown_.erase(entry);
+  if (entry->second.isUnderWay || entry->second.next) return;
+  const std::string identifier = entry->first;
+  shown_.erase(entry);
+  if (reason == dismissedByUser && dismissal_) dismissal_(identifier);
 }
 
 void DBusNotifications::actionInvoked(uint id, const QString& action) {

@@ -27,6 +27,7 @@ class DBusNotifications : public QObject, public Notifications {
   void withdraw(std::string_view identifier) override;
   void setActivationHandler(std::function<void(const std::string&)> handler) override;
   void setActionHandler(std::function<void(const std::string&, const std::string&)> handler) override;
+  void setDismissalHandler(std::function<void(const std::string&)> handler) override;
   void setAvailabilityHandler(std::function<void(bool)> handler) override;
 
  private Q_SLOTS:
@@ -65,6 +66,7 @@ class DBusNotifications : public QObject, public Notifications {
   QTimer patience_;  // how long what cannot be shown is kept
   std::function<void(const std::string&)> activation_;
   std::function<void(const std::string&, const std::string&)> action_;
+  std::function<void(const std::string&)> dismissal_;
   std::function<void(bool)> availability_;
 };
 

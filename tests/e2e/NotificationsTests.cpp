@@ -1,5 +1,6 @@
 // Notifications over a real bus: against a service of our own, and against dunst.
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -75,9 +76,8 @@ TEST_F(NotificationsOnBus, TheSameIdentifierReplaces) {
 TEST_F(NotificationsOnBus, ButtonsAndUrgencyReachTheService) {
   FakeNotificationDaemon daemon(everything);
   std::vector<std::pair<std::string, std::string>> pressed;
-  notifications_.setActionHandler([&](const std::string& identifier, const std::string& action) {
-    pressed.emplace_back(identifier, action);
-  });
+  notifications_.setActionHandler(
+      [&](const std::string& identifier, const std::string& action) { pressed.emplace_back(identifier, action); });
   notifications_.post({.identifier = "alarm",
                        .title = "Alarm",
                        .body = "",
@@ -114,6 +114,33 @@ TEST_F(NotificationsOnBus, AClosedOneIsNotReplacedAnyMore) {
   notifications_.post({"s1", "again", "", true});
   ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 3; }));
   EXPECT_EQ(daemon.calls.back().replaces, 0u);
+}
+
+TEST_F(NotificationsOnBus, TellsWhatTheUserHasPutAway) {
+  FakeNotificationDaemon daemon(everything);
+  std::vector<std::string> dismissed;
+  int clicks = 0;
+  notifications_.setDismissalHandler([&](const std::string& identifier) { dismissed.push_back(identifier); });
+  notifications_.setActivationHandler([&](const std::string&) { ++clicks; });
+  for (const char* identifier : {"expired", "withdrawn", "dismissed"})
+    notifications_.post({identifier, identifier, "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 3; }));
+  const auto idOf = [&](const char* title) {
+    const auto call = std::ranges::find(daemon.calls, QString::fromLatin1(title), &NotifyCall::title);
+    return 41 + static_cast<uint>(call - daemon.calls.begin());
+  };
+  // Their ids are known once the last of them can be clicked.
+  ASSERT_TRUE(waitFor([&] {
+    daemon.click(43);
+    return clicks > 0;
+  }));
+  daemon.expire(idOf("expired"));
+  notifications_.withdraw("withdrawn");
+  ASSERT_TRUE(waitFor([&] { return !daemon.closed.empty(); }));
+  daemon.dismiss(999);
+  daemon.dismiss(idOf("dismissed"));
+  ASSERT_TRUE(waitFor([&] { return !dismissed.empty(); }));
+  EXPECT_EQ(dismissed, std::vector<std::string>{"dismissed"});
 }
 
 TEST_F(NotificationsOnBus, WithdrawsWhatIsShownAndWhatIsUnderWay) {

@@ -42,6 +42,7 @@ class FakeNotificationDaemon : public QObject {
   void click(uint id) { Q_EMIT ActionInvoked(id, QStringLiteral("default")); }
   void press(uint id, const QString& action) { Q_EMIT ActionInvoked(id, action); }
   void dismiss(uint id) { Q_EMIT NotificationClosed(id, 2); }
+  void expire(uint id) { Q_EMIT NotificationClosed(id, 1); }
 
   bool isRegistered = false;
   std::vector<NotifyCall> calls;

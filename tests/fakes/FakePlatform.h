@@ -147,6 +147,13 @@ class FakeNotifications : public Notifications {
     action_ = std::move(handler);
   }
 
+  void setDismissalHandler(std::function<void(const std::string&)> handler) override {
+    dismissal_ = std::move(handler);
+  }
+
+  void dismiss(const std::string& identifier) {
+    if (dismissal_) dismissal_(identifier);
+  }
   void press(const std::string& identifier, const std::string& action) {
     if (action_) action_(identifier, action);
   }
@@ -164,7 +171,7 @@ class FakeNotifications : public Notifications {
   std::vector<std::string> withdrawn;
 
  private:
-  std::function<void(const std::string&)> activation_;
+  std::function<void(const std::string&)> activation_, dismissal_;
   std::function<void(const std::string&, const std::string&)> action_;
   std::function<void(bool)> availability_;
 };

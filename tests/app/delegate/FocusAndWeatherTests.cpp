@@ -72,6 +72,7 @@ class FocusAndWeatherTests : public QObject {
   void aChosenPlaceClosesThePanel();
   void theMenuHasTheTilesOwnCommand();
   void theAlarmIsAnsweredOnItsNotification();
+  void theAlarmStopsWithItsNotification();
   void theAlarmRingsWhateverProfileIsOnTheBar();
   void aNotificationLeadsToItsTile();
   void breaksDisturbOnlyFromTheBar();
@@ -191,6 +192,17 @@ void FocusAndWeatherTests::theAlarmIsAnsweredOnItsNotification() {
   QVERIFY(!desk.focus().alarm()->isRinging() && !desk.focus().alarm()->isSnoozed());
   QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
   QVERIFY(!desk.panel());
+}
+
+void FocusAndWeatherTests::theAlarmStopsWithItsNotification() {
+  Desk desk({"alarm"});
+  desk.focus().alarm()->set(10, 0);
+  desk.pass(minutes(20));
+  desk.desktop.notifications.dismiss("timer");
+  QVERIFY(desk.focus().alarm()->isRinging());
+  desk.desktop.notifications.dismiss("alarm");
+  QVERIFY(!desk.focus().alarm()->isRinging() && !desk.focus().alarm()->isSnoozed());
+  QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
 }
 
 void FocusAndWeatherTests::theAlarmRingsWhateverProfileIsOnTheBar() {
