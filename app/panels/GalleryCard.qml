@@ -10,7 +10,7 @@ TileFrame {
     property string description
 
     name: title
-    hasHeader: span !== TileFrame.Small
+    hasHeader: false
 
     Column {
         visible: root.span === TileFrame.Small
@@ -35,15 +35,37 @@ TileFrame {
             hasTip: false
         }
     }
-    Label {
+    Symbol {
         visible: root.span !== TileFrame.Small
-        y: root.valueTop + 3
-        width: parent.width
-        text: root.description
-        role: Theme.subLine
+        name: root.symbol
+        size: 14
         color: Theme.ink2
-        wrapMode: Text.Wrap
-        maximumLineCount: 2
-        hasTip: false
+    }
+    // A title that is too long for a line takes one from the description, which the tip has whole.
+    Column {
+        visible: root.span !== TileFrame.Small
+        width: parent.width
+        spacing: 3
+
+        Label {
+            id: heading
+            x: 18
+            width: parent.width - x
+            text: root.title
+            role: Theme.caption
+            color: Theme.ink2
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            hasTip: false
+        }
+        Label {
+            width: parent.width
+            text: root.description
+            role: Theme.subLine
+            color: Theme.ink2
+            wrapMode: Text.Wrap
+            maximumLineCount: 3 - heading.lineCount
+            hasTip: false
+        }
     }
 }

@@ -16,7 +16,8 @@ namespace ambrel {
 class Scene {
  public:
   Scene() { engine_.addImportPath(QStringLiteral("qrc:/qt/qml")); }
-  ~Scene() { root_.reset(); }
+  ~Scene() { close(); }
+  void close() { root_.reset(); }
 
   // QML text, without its imports.
   bool load(const QString& qml) {

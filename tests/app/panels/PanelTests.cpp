@@ -28,6 +28,9 @@ struct Stage {
     scene.theme().setChoice(choice);
   }
 
+  // What is shown goes before what it shows.
+  ~Stage() { scene.close(); }
+
   bool open(const QString& view, QVariantMap more = {}) {
     if (view == "CustomizeView") {
       more.insert("model", QVariant::fromValue(&model));
@@ -69,6 +72,7 @@ class PanelTests : public QObject {
   void panelsLookRight();
   void panelsHaveTheirSizes_data();
   void panelsHaveTheirSizes();
+  void everyTitleOfTheGalleryIsWhole();
   void galleryTogglesByClickAndKey();
   void searchNarrowsTheGallery();
   void profilesAreChosenAddedAndDeleted();
@@ -122,6 +126,27 @@ void PanelTests::panelsHaveTheirSizes() {
   Stage stage;
   QVERIFY(stage.open(view));
   QCOMPARE(stage.scene.root()->size(), size);
+}
+
+void PanelTests::everyTitleOfTheGalleryIsWhole() {
+  Stage stage;
+  QVERIFY(stage.open("CustomizeView"));
+  // All of it at once.
+  stage.scene.root()->setHeight(6000);
+  stage.scene.window().resize(760, 6000);
+  QStringList titles, cut;
+  for (const DockWidget widget : allCases<DockWidget>()) titles << QString::fromStdString(std::string(title(widget)));
+  int seen = 0;
+  QTRY_VERIFY((seen = 0,
+               visitShown(stage.scene.root(),
+                          [&](QQuickItem* item) {
+                            if (!item->inherits("QQuickText") || !titles.contains(item->property("text").toString()))
+                              return;
+                            ++seen;
+                            if (item->property("truncated").toBool()) cut << item->property("text").toString();
+                          }),
+               seen >= titles.size()));
+  QCOMPARE(cut, QStringList());
 }
 
 void PanelTests::galleryTogglesByClickAndKey() {
