@@ -176,6 +176,7 @@ class AppDelegate : public QObject {
   std::unique_ptr<WeatherModels> weather_;
   LiveModels::Need batteryNeed_, busiestNeed_;  // of the rules
   std::unique_ptr<BuddyNoticeCenter> notices_;
+  Instant bubblePeek_{};  // until when the bubble's peek lasts
   std::unique_ptr<DiskCleaner> disk_;
   std::unique_ptr<DiskDoctor> diskDoctorModel_;
   std::unique_ptr<DiskDoctorController> diskDoctor_;

@@ -72,7 +72,10 @@ struct BarReveal {
   // or a panel opens or closes. To be asked after a tick with the same surroundings.
   std::optional<Instant> waitsUntil(const BarSurroundings& around) const;
 
-  void peek(Seconds length, Instant now);
+  // The instant at which it ends.
+  Instant peek(Seconds length, Instant now);
+  // Ends the peek that was to last until then, unless another one has taken its place. True when it was running.
+  bool endPeek(Instant until);
   void reveal();
   // Opens the bar to stay, or hides it when it was opened that way.
   void toggle();

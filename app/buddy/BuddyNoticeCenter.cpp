@@ -180,6 +180,7 @@ void BuddyNoticeCenter::hideBubble() {
   if (!std::exchange(isShown_, false)) return;
   isPointed_ = false;
   chooseFirst();
+  if (endPeek) endPeek();
   Q_EMIT bubbleChanged();
 }
 

@@ -65,6 +65,7 @@ class BuddyNoticeCenter : public TimedModel {
   std::function<bool()> isAllowed;         // by the licence
   std::function<bool()> isOtherPanelOpen;  // the bubble waits
   std::function<void(Seconds)> peekBar;    // so that his tile is there to point at
+  std::function<void()> endPeek;           // that peek, when its bubble has gone
   std::function<void()> showInbox;
   std::function<void()> openDiskCleanup;
   std::function<void(const QString& url)> openLink;

@@ -135,10 +135,15 @@ void DockPanelController::apply() {
     presentation_.hide();
 }
 
-void DockPanelController::peek(Seconds length) {
-  reveal_.peek(length, seams_.now());
+Instant DockPanelController::peek(Seconds length) {
+  const Instant until = reveal_.peek(length, seams_.now());
   apply();
   tick(seams_.now());
+  return until;
+}
+
+void DockPanelController::endPeek(Instant until) {
+  if (reveal_.endPeek(until)) tick(seams_.now());
 }
 
 void DockPanelController::reveal() {

@@ -68,7 +68,10 @@ class DockPanelController : public QObject {
 
   // Shows or hides by the present state.
   void apply();
-  void peek(Seconds length);
+  // The instant at which the peek ends.
+  Instant peek(Seconds length);
+  // Ends that peek, unless another one has taken its place. The bar hides as it does at the end of a peek.
+  void endPeek(Instant until);
   // Comes out, and stays as a hovered bar does; a panel may open from it.
   void reveal();
   // As reveal, and takes the keyboard: arrows move between the tiles, Escape gives it back.

@@ -88,7 +88,8 @@ void AppDelegate::startBuddy() {
   connect(dock_.get(), &DockPanelController::layoutChanged, bubble_.get(), &BubbleController::place);
 
   notices_->isOtherPanelOpen = [this] { return isAnyPanelOpen(); };
-  notices_->peekBar = [this](Seconds length) { dock_->peek(length); };
+  notices_->peekBar = [this](Seconds length) { bubblePeek_ = dock_->peek(length); };
+  notices_->endPeek = [this] { dock_->endPeek(bubblePeek_); };
   notices_->showInbox = [this] {
     if (!inboxPanel_->isShown()) toggle(inboxPanel_, context_->itemOf(widget));
   };

@@ -77,9 +77,17 @@ std::optional<Instant> BarReveal::waitsUntil(const BarSurroundings& around) cons
   return std::nullopt;
 }
 
-void BarReveal::peek(Seconds length, Instant now) {
-  peekUntil = advanced(now, length);
+Instant BarReveal::peek(Seconds length, Instant now) {
+  const Instant until = advanced(now, length);
+  peekUntil = until;
   reveal();
+  return until;
+}
+
+bool BarReveal::endPeek(Instant until) {
+  if (peekUntil != until) return false;
+  peekUntil.reset();
+  return true;
 }
 
 void BarReveal::reveal() {

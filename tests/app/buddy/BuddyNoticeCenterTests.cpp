@@ -68,8 +68,10 @@ void BuddyNoticeCenterTests::anUrgentNoticeStaysUntilItIsAnswered() {
   QCOMPARE(room.peeks, std::vector<double>{8});
   room.pass(600);
   QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
+  QVERIFY(room.isPeeking);
   room.center->closeBubble();
   QCOMPARE(room.bubble(), QString());
+  QVERIFY2(!room.isPeeking, "the bar came out for the bubble alone");
   // Closed, it is not said again while it lasts.
   room.pass(600);
   QCOMPARE(room.bubble(), QString());
@@ -98,10 +100,12 @@ void BuddyNoticeCenterTests::theNextOneComesWhenTheFirstGoes() {
   room.center->closeBubble();
   QCOMPARE(room.bubble(), QStringLiteral("Battery 15%"));
   QCOMPARE(room.center->bubbleMore(), 1);
+  QVERIFY(room.isPeeking);
   room.pass(8);
   QCOMPARE(room.bubble(), QStringLiteral("Time for some water"));
   room.pass(8);
   QCOMPARE(room.bubble(), QString());
+  QVERIFY(!room.isPeeking);
   // Each of them brings the bar out.
   QCOMPARE(room.peeks.size(), std::size_t(3));
 }

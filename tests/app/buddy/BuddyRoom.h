@@ -44,7 +44,11 @@ struct BuddyRoom {
       signals.meetings = meetings;
     });
     center->isOtherPanelOpen = [this] { return isPanelOpen; };
-    center->peekBar = [this](Seconds length) { peeks.push_back(length.count()); };
+    center->peekBar = [this](Seconds length) {
+      peeks.push_back(length.count());
+      isPeeking = true;
+    };
+    center->endPeek = [this] { isPeeking = false; };
     center->showInbox = [this] {
       ++inboxes;
       center->inboxOpened();
@@ -88,7 +92,7 @@ struct BuddyRoom {
   std::optional<BuddySignals::Battery> battery;
   std::optional<Instant> waterDueAt;
   std::vector<BuddySignals::Meeting> meetings;
-  bool isFocusRunning = false, isPanelOpen = false;
+  bool isFocusRunning = false, isPanelOpen = false, isPeeking = false;
   std::vector<double> peeks;
   int inboxes = 0, cleanups = 0;
   QStringList links, problems;

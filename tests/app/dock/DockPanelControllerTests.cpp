@@ -26,6 +26,7 @@ class DockPanelControllerTests : public QObject {
   void itLeavesHalfASecondAfterThePointer();
   void aPointerThatReturnsInTimeKeepsIt();
   void aPeekEndsByItself();
+  void aPeekIsEndedEarly();
   void aPeekLeavesTheBarToThePointerThatIsOverIt();
   void aPanelHoldsItOpen();
   void aBarThatIsRevealedOverARestingPointerLeaves();
@@ -121,6 +122,18 @@ void DockPanelControllerTests::aPeekEndsByItself() {
   QVERIFY(f.isShown());
   QVERIFY(!f.bar.presentation().isPeeking());
   f.pass(0.4);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aPeekIsEndedEarly() {
+  BarFixture f;
+  f.bar.start();
+  const Instant until = f.bar.peek(Seconds(8));
+  f.pass(1);
+  f.bar.endPeek(until);
+  QVERIFY(!f.bar.presentation().isPeeking());
+  QVERIFY(f.isShown());
+  f.pass(0.6);
   QVERIFY(!f.isShown());
 }
 

@@ -114,6 +114,21 @@ TEST(BarReveal, APeekEndsByItselfUnlessThePointerIsOverTheBar) {
   EXPECT_TRUE(reveal.isRevealed);
 }
 
+TEST(BarReveal, APeekIsEndedByWhoAskedForIt) {
+  BarReveal reveal;
+  const Instant first = reveal.peek(Seconds(8), at(0));
+  EXPECT_TRUE(reveal.endPeek(first));
+  EXPECT_FALSE(reveal.endPeek(first));
+  EXPECT_FALSE(reveal.tick(around(far), at(1)));
+  EXPECT_TRUE(reveal.tick(around(far), at(1.5)));
+  EXPECT_FALSE(reveal.isRevealed);
+
+  const Instant earlier = reveal.peek(Seconds(8), at(10));
+  reveal.peek(Seconds(6), at(11));
+  EXPECT_FALSE(reveal.endPeek(earlier)) << "another one has taken its place";
+  EXPECT_TRUE(reveal.isPeeking(at(12)));
+}
+
 TEST(BarReveal, APeekOfARevealedBarForgetsThatThePointerHasLeft) {
   BarReveal reveal;
   reveal.tick(around(edge), at(0));
