@@ -71,14 +71,16 @@ FocusScope {
         Flickable {
             id: flick
 
+            // The tiles that scroll are cut off where the round ends have not begun to close in on them yet.
+            readonly property real inset: root.controller.isScrolling ? Theme.space1 : 0
+
             anchors.fill: parent
-            // Nothing shows through the round corners while the tiles scroll.
-            anchors.margins: root.controller.isScrolling ? 1 : 0
+            anchors.margins: inset
             clip: root.controller.isScrolling
             interactive: root.controller.isScrolling
             boundsBehavior: Flickable.StopAtBounds
-            contentWidth: root.isRow ? root.controller.contentLength : width
-            contentHeight: root.isRow ? height : root.controller.contentLength
+            contentWidth: root.isRow ? root.controller.contentLength - 2 * inset : width
+            contentHeight: root.isRow ? height : root.controller.contentLength - 2 * inset
             flickableDirection: root.isRow ? Flickable.HorizontalFlick : Flickable.VerticalFlick
             onContentXChanged: root.controller.scrollOffset = root.isRow ? contentX : contentY
             onContentYChanged: root.controller.scrollOffset = root.isRow ? contentX : contentY
@@ -104,17 +106,25 @@ FocusScope {
                 }
             }
 
-            Repeater {
-                model: root.controller.tiles
+            // In the slab's measures, as the frames of the tiles are.
+            Item {
+                x: -flick.inset
+                y: -flick.inset
+                width: slab.width
+                height: slab.height
 
-                DockTile {
-                    context: root.context
-                    registry: tileRegistry
-                    onRevealAsked: frame => {
-                        if (root.isRow)
-                            flick.contentX = Math.max(Math.min(flick.contentX, frame.x - Theme.space2), frame.x + frame.width + Theme.space2 - flick.width);
-                        else
-                            flick.contentY = Math.max(Math.min(flick.contentY, frame.y - Theme.space2), frame.y + frame.height + Theme.space2 - flick.height);
+                Repeater {
+                    model: root.controller.tiles
+
+                    DockTile {
+                        context: root.context
+                        registry: tileRegistry
+                        onRevealAsked: frame => {
+                            if (root.isRow)
+                                flick.contentX = Math.max(Math.min(flick.contentX, frame.x - Theme.space2), frame.x + frame.width + Theme.space2 - slab.width);
+                            else
+                                flick.contentY = Math.max(Math.min(flick.contentY, frame.y - Theme.space2), frame.y + frame.height + Theme.space2 - slab.height);
+                        }
                     }
                 }
             }
