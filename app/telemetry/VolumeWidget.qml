@@ -23,8 +23,26 @@ LiveTile {
         trackColor: Theme.track
         duration: Theme.valueDuration
     }
+    // A tile that slides under the pointer while the bar is scrolled does not take the wheel from it.
+    HoverHandler {
+        id: pointer
+
+        property point entered
+        property bool hasMoved: false
+
+        onHoveredChanged: {
+            entered = point.scenePosition;
+            hasMoved = false;
+        }
+        onPointChanged: {
+            const at = point.scenePosition;
+            if (hovered && (Math.abs(at.x - entered.x) > 2 || Math.abs(at.y - entered.y) > 2))
+                hasMoved = true;
+        }
+    }
     WheelHandler {
         target: null
+        enabled: pointer.hasMoved && !root.hasMessage
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         onWheel: event => root.sound.step(event.angleDelta.y / 120)
     }

@@ -61,6 +61,7 @@ class LiveTilesTests : public QObject {
   void tilesSayThatTheyMeasure();
   void tilesRaiseTheirVoice();
   void clicksSwitchAndEject();
+  void theWheelTurnsTheVolumeOnceThePointerHasMovedThere();
   void panelsShowTheDetails();
   void panelsWithoutAPartSayWhy();
   void everyControlOfAPanelIsReachedByTab();
@@ -216,9 +217,25 @@ void LiveTilesTests::clicksSwitchAndEject() {
   click("volumesMedium", {30, 20});
   QCOMPARE(opened.count(), 1);
 
-  const QPointF wheel = scene.find("volumeMedium")->mapToScene({40, 30});
-  QWheelEvent up(wheel, scene.window().mapToGlobal(wheel), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-  QCoreApplication::sendEvent(&scene.window(), &up);
+  QCOMPARE(scene.warnings().take(), QStringList());
+}
+
+void LiveTilesTests::theWheelTurnsTheVolumeOnceThePointerHasMovedThere() {
+  Computer computer;
+  computer.bePlentiful();
+  computer.show();
+  Scene scene;
+  QVERIFY(load(scene, computer, "LiveTiles.qml"));
+  const QPointF at = scene.find("volumeMedium")->mapToScene({40, 30});
+  const auto turn = [&] {
+    QWheelEvent up(at, scene.window().mapToGlobal(at), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&scene.window(), &up);
+  };
+  QTest::mouseMove(&scene.window(), at.toPoint());
+  turn();
+  QVERIFY2(computer.sound.speaker->volume == 0.64, "the bar was scrolled, and the tile came under the pointer");
+  QTest::mouseMove(&scene.window(), at.toPoint() + QPoint(6, 2));
+  turn();
   QCOMPARE(computer.sound.speaker->volume, 0.69);
   QCOMPARE(scene.warnings().take(), QStringList());
 }
