@@ -8,7 +8,7 @@ namespace ambrel {
 namespace {
 
 // While there is no server: it may start later in the session.
-constexpr std::chrono::milliseconds longestRetry{60'000};
+constexpr std::chrono::milliseconds longestRetry{10'000};
 constexpr const char* present = "@DEFAULT_SINK@";
 constexpr const char* presentInput = "@DEFAULT_SOURCE@";
 // What the server makes up while no device is connected.

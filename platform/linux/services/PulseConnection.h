@@ -19,8 +19,8 @@ class PulseConnection {
     friend bool operator==(const State&, const State&) = default;
   };
 
-  // retry: until the first new attempt while there is no server; each further one takes twice as long, up to a minute.
-  // `changed` is called on the thread of the connection.
+  // retry: until the first new attempt while there is no server; each further one takes twice as long, up to ten
+  // seconds. `changed` is called on the thread of the connection.
   PulseConnection(std::string server, std::chrono::milliseconds retry, std::function<void()> changed);
   ~PulseConnection();
   PulseConnection(const PulseConnection&) = delete;
