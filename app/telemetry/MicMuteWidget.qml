@@ -8,7 +8,7 @@ SwitchTile {
 
     reading: sound.microphone
     name: qsTr("Mic Mute")
-    symbol: "mic"
+    symbol: hasMessage ? "mic.slash" : "mic"
     litTone: Theme.neutral
     unlitTone: Theme.red
     Accessible.checked: sound.isMicrophoneMuted

@@ -26,8 +26,9 @@ QList<qreal> percentages(const std::deque<double>& shares) {
   return list;
 }
 
-// "23" and "ms", "1.2" and "s"
+// "0.4", "23" and "ms", "1.2" and "s"
 std::pair<QString, QString> span(const Calendar& calendar, double milliseconds) {
+  if (milliseconds < 0.95) return {toQString(decimal(calendar, milliseconds, 1)), tr("ms")};
   if (milliseconds < 999.5) return {number(calendar, milliseconds), tr("ms")};
   return {toQString(decimal(calendar, milliseconds / 1000, 1)), tr("s")};
 }

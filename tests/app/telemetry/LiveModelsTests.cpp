@@ -118,6 +118,10 @@ void LiveModelsTests::theLatencyIsProbedEveryThirtySeconds() {
   computer.show({latency});
   computer.pass(60);
   QCOMPARE(computer.probe.probes, 5);
+  // What is near is no 0.
+  computer.probe.check = {.milliseconds = 0.38};
+  computer.pass(15);
+  QCOMPARE(computer.live.latencyText()->figure(), QStringLiteral("0.4 ms"));
   // One that hangs is not joined by a second.
   computer.live.refreshLatency();
   computer.live.tick(computer.now + std::chrono::minutes(2));
