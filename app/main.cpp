@@ -8,10 +8,12 @@
 
 #include "app/AppDelegate.h"
 #include "app/Environment.h"
+#include "app/base/Heap.h"
 #include "platform/linux/LinuxDesktop.h"
 
 int main(int argc, char** argv) {
   using namespace ambrel;
+  returnLargeBlocks();
   const Environment environment = environmentOf([](const char* name) { return std::getenv(name); });
 
   const std::vector<std::string> arguments(argv + 1, argv + argc);

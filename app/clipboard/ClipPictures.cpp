@@ -34,13 +34,16 @@ QImage pictureOf(const std::filesystem::path& path, QSize size, PictureFit fit) 
     if (!isSmall) reader.setScaledSize(natural.scaled(size, Qt::KeepAspectRatio).expandedTo({1, 1}));
     return reader.read();
   }
+  // What is larger in both directions is made smaller while it is read: a screen takes 32 MB, a card 60 KB.
+  const bool isLarge = natural.width() > size.width() && natural.height() > size.height();
+  if (isLarge) reader.setScaledSize(natural.scaled(size, Qt::KeepAspectRatioByExpanding));
   const QImage whole = reader.read();
   if (whole.isNull()) return {};
   QImage card(size, QImage::Format_ARGB32_Premultiplied);
   card.fill(Qt::transparent);
   QPainter painter(&card);
-  if (isSmall) {
-    painter.drawImage(centred(natural, size).topLeft(), whole);
+  if (isSmall || isLarge) {
+    painter.drawImage(centred(whole.size(), size).topLeft(), whole);
   } else {
     // Long and narrow pictures are enlarged no further than they must be to fill the card's shorter side.
     const QSize cut = size.scaled(natural, Qt::KeepAspectRatio).expandedTo({1, 1}).boundedTo(natural);

@@ -6,6 +6,7 @@
 #include <mutex>
 #include <utility>
 
+#include "app/base/Heap.h"
 #include "app/base/Log.h"
 #include "core/base/Files.h"
 #include "core/clipboard/ClipboardFolder.h"
@@ -148,8 +149,13 @@ void ClipboardStorage::next() {
 
 void ClipboardStorage::load(SearchFolding folding, std::function<void(Loaded)> done) {
   auto result = std::make_shared<Loaded>();
-  enqueue([shared = shared_, folding, result] { *result = shared->load(folding); },
-          [result, done = std::move(done)] { done(std::move(*result)); });
+  enqueue(
+      [shared = shared_, folding, result] {
+        *result = shared->load(folding);
+        // The document's tree was several times as large as what is kept of it.
+        returnFreedMemory();
+      },
+      [result, done = std::move(done)] { done(std::move(*result)); });
 }
 
 void ClipboardStorage::save() {

@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/clipboard/ClipboardJSON.h"
+
 namespace ambrel {
 namespace {
 
@@ -63,7 +65,7 @@ ClipboardLibrary ClipboardFolder::load() {
 void ClipboardFolder::save(const ClipboardLibrary& library) {
   makePrivate();
   if (isUnreadable_) setAside();
-  store_.save(library);
+  writeAtomically(store_.url, fileText(library));
   isUnreadable_ = false;
 }
 

@@ -1,5 +1,6 @@
+#include "core/clipboard/ClipboardJSON.h"
+
 #include "core/base/JSON.h"
-#include "core/clipboard.h"
 
 namespace ambrel {
 namespace {
@@ -9,6 +10,23 @@ std::optional<std::string> optionalText(const JSON& json, const char* key) {
   const auto found = json.find(key);
   if (found == json.end() || found->is_null()) return std::nullopt;
   return found->get<std::string>();
+}
+
+// The elements of an array that is a member of the document, as prettyJSON indents them.
+template <typename Record>
+void appendElements(std::string& out, const std::vector<Record>& records) {
+  out += '[';
+  for (const Record& record : records) {
+    out += &record == &records.front() ? "\n" : ",\n";
+    const std::string text = prettyJSON(JSON(record));
+    // A newline inside of a text is escaped, so that each of these ends a line.
+    for (std::size_t begin = 0, end = 0; begin < text.size(); begin = end + 1) {
+      end = text.find('\n', begin);
+      if (begin > 0) out += '\n';
+      out.append("    ").append(text, begin, end - begin);
+    }
+  }
+  out += records.empty() ? "]" : "\n  ]";
 }
 
 }  // namespace
@@ -48,6 +66,14 @@ void from_json(const JSON& json, ClipCollection& collection) {
 
 void to_json(JSON& json, const ClipboardLibrary& library) {
   json = {{"items", library.items}, {"collections", library.collections}};
+}
+
+std::string fileText(const ClipboardLibrary& library) {
+  std::string out = "{\n  \"collections\": ";
+  appendElements(out, library.collections);
+  out += ",\n  \"items\": ";
+  appendElements(out, library.items);
+  return out += "\n}\n";
 }
 
 void from_json(const JSON& json, ClipboardLibrary& library) {

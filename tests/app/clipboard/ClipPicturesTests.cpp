@@ -1,3 +1,4 @@
+#include <QImageReader>
 #include <QPainter>
 #include <QQuickImageResponse>
 #include <QTest>
@@ -48,6 +49,20 @@ class ClipPicturesTests : public QObject {
     const QImage card = pictureOf(folder / name.toStdString(), {100, 100}, PictureFit::card);
     QCOMPARE(card.size(), QSize(100, 100));
     for (const int x : {2, 50, 97}) QCOMPARE(card.pixelColor(x, 50), QColor(Qt::green));
+  }
+
+  void aLargePictureIsNeverInMemoryAsAWhole() {
+    const TemporaryFolder folder;
+    const QString name = write(folder, {3000, 1000});
+    const int before = QImageReader::allocationLimit();
+    // Megabytes; the picture as it is takes twelve.
+    QImageReader::setAllocationLimit(1);
+    const QImage card = pictureOf(folder / name.toStdString(), {100, 100}, PictureFit::card);
+    const QImage preview = pictureOf(folder / name.toStdString(), {600, 300}, PictureFit::whole);
+    QImageReader::setAllocationLimit(before);
+    QCOMPARE(card.size(), QSize(100, 100));
+    for (const int x : {2, 50, 97}) QCOMPARE(card.pixelColor(x, 50), QColor(Qt::green));
+    QCOMPARE(preview.size(), QSize(600, 200));
   }
 
   void aSmallPictureStandsInTheMiddleUnenlarged() {

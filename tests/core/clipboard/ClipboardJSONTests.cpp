@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/base/JSON.h"
-#include "core/clipboard.h"
+#include "core/clipboard/ClipboardJSON.h"
 #include "tests/core/clipboard/Clips.h"
 
 namespace ambrel {
@@ -23,6 +23,16 @@ TEST(ClipboardJSON, HasTheKeysOfTheFile) {
        "createdAt": "2027-01-15T08:00:00Z", "isPinned": false, "collectionIDs": []}]})");
   EXPECT_EQ(JSON(library), *expected);
   EXPECT_EQ(expected->get<ClipboardLibrary>(), library);
+}
+
+TEST(ClipboardJSON, TheFileIsTheSameToTheByteAsTheWholeTreeGives) {
+  const ClipItem hostile = collected(text(3, "quoted \"{\"\n  [],\r\n\t\xff\xfe and \u2028 tr\u00e8s\n"), 71);
+  const ClipboardLibrary rows[] = {
+      {},
+      {.items = {text(1, "words")}, .collections = {}},
+      {.items = {}, .collections = {{id(70), "Recipes\nand \"more\""}, {id(71), ""}}},
+      {.items = {collected(hostile, 70), image(2, "ab.png"), text(4, "")}, .collections = {{id(70), "Recipes"}}}};
+  for (const ClipboardLibrary& library : rows) EXPECT_EQ(fileText(library), prettyJSON(JSON(library)));
 }
 
 TEST(ClipboardJSON, OneItemWithoutARequiredKeySpoilsTheLibrary) {
