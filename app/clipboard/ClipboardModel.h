@@ -1,6 +1,7 @@
 #pragma once
 // The clipboard history: notices copies, keeps them, and puts them back.
 
+#include <QColor>
 #include <QObject>
 #include <QVariantList>
 #include <QtQml/qqmlregistration.h>
@@ -44,6 +45,8 @@ class ClipboardModel : public QObject {
   Q_PROPERTY(QString focusedItem READ focusedItemText WRITE setFocusedItemText NOTIFY focusedItemIDChanged)
   Q_PROPERTY(int undoableCount READ undoableCount NOTIFY undoableCountChanged)
   Q_PROPERTY(int count READ count NOTIFY libraryChanged)
+  // In the user's own form: "9,901"
+  Q_PROPERTY(QString countText READ countText NOTIFY libraryChanged)
   Q_PROPERTY(int visibleCount READ visibleCount NOTIFY visibleItemsChanged)
   // "128 items · 3 pinned"
   Q_PROPERTY(QString summary READ summary NOTIFY libraryChanged)
@@ -126,6 +129,7 @@ class ClipboardModel : public QObject {
   void setFocusedItemText(const QString& id);
   int undoableCount() const { return static_cast<int>(history_.undoableCount()); }
   int count() const { return static_cast<int>(library().items.size()); }
+  QString countText() const;
   int visibleCount() const { return items_.rowCount(); }
   QString summary() const;
   QString emptyTitle() const;
@@ -139,6 +143,9 @@ class ClipboardModel : public QObject {
   Q_INVOKABLE void toggleCollection(const QString& item, const QString& collection);
   Q_INVOKABLE bool isPinned(const QString& id) const;
   Q_INVOKABLE bool isCode(const QString& id) const;
+  // Code for a text of the style StyledText, its words in these colours.
+  Q_INVOKABLE QString codeMarkup(const QString& code, const QColor& keyword, const QColor& assigned,
+                                 const QColor& quoted, const QColor& comment) const;
   // The name of its picture's file; empty when it has none.
   Q_INVOKABLE QString pictureOf(const QString& id) const;
   Q_INVOKABLE QString collectionName(const QString& id) const;
@@ -148,7 +155,7 @@ class ClipboardModel : public QObject {
   Q_INVOKABLE void renameCollection(const QString& id, const QString& name);
   Q_INVOKABLE void deleteCollection(const QString& id);
   Q_INVOKABLE void remove(const QString& id);
-  // What a cleanup could take, each with {key, title, count}; only those that would take something.
+  // What a cleanup could take, each with {key, title, count} as texts; only those that would take something.
   Q_INVOKABLE QVariantList cleanups() const;
   Q_INVOKABLE void cleanUp(const QString& key);
   Q_INVOKABLE void clear() { clearHistory(); }

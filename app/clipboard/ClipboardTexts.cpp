@@ -1,5 +1,6 @@
 // The clipboard's model as QML sees it: identities and filters as texts, and what is said of the history in words.
 
+#include <QColor>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,6 +10,7 @@
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
 #include "core/base/Overloaded.h"
+#include "core/clipboard/CodeWords.h"
 
 namespace ambrel {
 namespace {
@@ -72,10 +74,12 @@ QString ClipboardModel::focusedItemText() const { return focusedItemID_ ? textOf
 
 void ClipboardModel::setFocusedItemText(const QString& id) { setFocusedItemID(idOf(id)); }
 
+QString ClipboardModel::countText() const { return toQString(decimal(calendar_, count(), 0)); }
+
 QString ClipboardModel::summary() const {
   const auto pinned = std::ranges::count_if(library().items, &ClipItem::isPinned);
-  const QString items = count() == 1 ? tr("1 item") : tr("%1 items").arg(count());
-  return pinned == 0 ? items : tr("%1 · %2 pinned").arg(items).arg(pinned);
+  const QString items = count() == 1 ? tr("1 item") : tr("%1 items").arg(countText());
+  return pinned == 0 ? items : tr("%1 · %2 pinned").arg(items, toQString(decimal(calendar_, double(pinned), 0)));
 }
 
 QString ClipboardModel::emptyTitle() const {
@@ -149,6 +153,38 @@ bool ClipboardModel::isCode(const QString& id) const {
   return facts && (facts->preview.look == ClipLook::code || facts->preview.look == ClipLook::secret);
 }
 
+QString ClipboardModel::codeMarkup(const QString& code, const QColor& keyword, const QColor& assigned,
+                                   const QColor& quoted, const QColor& comment) const {
+  const std::string bytes = code.toStdString();
+  QString markup;
+  for (const CodePiece& piece : codePieces(bytes)) {
+    QString text = toQString(piece.text).toHtmlEscaped();
+    text.replace(u'\t', QStringLiteral("    ")).replace(u' ', QStringLiteral("&nbsp;"));
+    text.replace(u'\n', QStringLiteral("<br/>"));
+    const auto add = [&](const QColor& color) {
+      markup += QStringLiteral("<font color=\"%1\">%2</font>").arg(color.name(), text);
+    };
+    switch (piece.word) {
+      case CodeWord::plain:
+        markup += text;
+        break;
+      case CodeWord::keyword:
+        add(keyword);
+        break;
+      case CodeWord::assigned:
+        add(assigned);
+        break;
+      case CodeWord::quoted:
+        add(quoted);
+        break;
+      case CodeWord::comment:
+        add(comment);
+        break;
+    }
+  }
+  return markup;
+}
+
 QString ClipboardModel::pictureOf(const QString& id) const {
   const ClipItem* item = itemOf(id);
   return item && item->imageFileName ? toQString(*item->imageFileName) : QString();
@@ -193,7 +229,7 @@ QVariantList ClipboardModel::cleanups() const {
     if (targets.empty()) continue;
     choices.append(QVariantMap{{QStringLiteral("key"), QString::fromLatin1(one.key)},
                                {QStringLiteral("title"), tr(one.title)},
-                               {QStringLiteral("count"), static_cast<int>(targets.size())}});
+                               {QStringLiteral("count"), toQString(decimal(calendar_, double(targets.size()), 0))}});
   }
   return choices;
 }

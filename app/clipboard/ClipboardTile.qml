@@ -15,7 +15,7 @@ TileFrame {
     name: qsTr("Clipboard")
     symbol: "doc.on.clipboard"
     fact: showsLatest ? clipboard.latestAge : ""
-    value: showsLatest ? "" : !isOn ? qsTr("Off") : isEmpty ? qsTr("Empty") : clipboard.count
+    value: showsLatest ? "" : !isOn ? qsTr("Off") : isEmpty ? qsTr("Empty") : clipboard.countText
     unit: showsLatest || !isOn || isEmpty || span === TileFrame.Small ? "" : clipboard.count === 1 ? qsTr("clip") : qsTr("clips")
     valueColor: isOn && !isEmpty ? Theme.ink : Theme.ink2
     subLine: showsLatest ? "" : !isOn ? qsTr("Nothing is kept") : isEmpty ? qsTr("Copy something") : clipboard.latestLine

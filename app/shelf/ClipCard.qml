@@ -3,7 +3,7 @@ import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// One clip, drawn after its kind. A click picks it, dragging it down takes it along.
+// One clip, drawn after its kind. A click picks it, dragging it takes it along.
 Item {
     id: root
 
@@ -61,7 +61,10 @@ Item {
     signal menuAsked(real x, real y)
     signal dragAsked(Item card)
 
-    width: Math.round((widths[look] ?? 148) * Theme.textScale)
+    // The size of a picture is read in full, however long the language's ages are.
+    readonly property real footWidth: look === "image" ? footLabel.implicitWidth + ageLabel.implicitWidth + Theme.space1 + 2 * Theme.space3 : 0
+
+    width: Math.ceil(Math.max((widths[look] ?? 148) * Theme.textScale, Math.min(footWidth, 160 * Theme.textScale)))
     Accessible.role: Accessible.ListItem
     Accessible.name: spoken
     Accessible.onPressAction: root.picked()
@@ -123,6 +126,8 @@ Item {
         height: Math.round(32 * Theme.textScale)
 
         Label {
+            id: footLabel
+
             anchors {
                 left: parent.left
                 right: ageLabel.left
@@ -163,9 +168,16 @@ Item {
         acceptedButtons: Qt.RightButton
         onTapped: eventPoint => root.menuAsked(eventPoint.position.x, eventPoint.position.y)
     }
-    // Along the row is for scrolling; out of it, for taking the clip along.
+    // The mouse has the wheel for scrolling and takes the clip along wherever it goes; a finger scrolls along the row.
     DragHandler {
         target: null
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        onActiveChanged: if (active)
+            root.dragAsked(root)
+    }
+    DragHandler {
+        target: null
+        acceptedDevices: PointerDevice.TouchScreen | PointerDevice.Stylus
         xAxis.enabled: false
         onActiveChanged: if (active)
             root.dragAsked(root)
@@ -182,7 +194,7 @@ Item {
         id: codeBody
 
         CodeBody {
-            text: root.title
+            markup: root.clipboard.codeMarkup(root.title, Theme.violet.text, Theme.blue.text, Theme.green.text, Theme.ink2)
         }
     }
     Component {

@@ -1,11 +1,11 @@
 import QtQuick
 import Ambrel.Kit
 
-// Code in a fixed face; long lines go on beyond the edge.
+// Code in a fixed face, its words coloured; long lines go on beyond the edge.
 Item {
     id: root
 
-    property alias text: label.text
+    property alias markup: label.text
 
     Rectangle {
         anchors {
@@ -28,7 +28,7 @@ Item {
             lineHeight: Theme.code.line
             lineHeightMode: Text.FixedHeight
             color: Theme.ink
-            textFormat: Text.PlainText
+            textFormat: Text.StyledText
             wrapMode: Text.NoWrap
             maximumLineCount: Math.max(1, Math.floor((parent.height - Theme.space2) / lineHeight))
             elide: Text.ElideRight

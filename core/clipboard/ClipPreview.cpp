@@ -133,19 +133,28 @@ std::string withoutSharedIndentation(const std::vector<std::string_view>& lines)
 
 // A line that only a programmer, or a program, would write.
 bool isCodeLine(std::string_view line) {
-  constexpr std::array<std::string_view, 34> openings{
-      "#include", "#!/",     "def ",   "for ",   "if (",  "if(",  "while (",  "while(", "return ",
-      "return;",  "import ", "from ",  "const ", "let ",  "var ", "function", "class ", "public ",
-      "private ", "static ", "struct", "fn ",    "func ", "pub ", "void ",    "using ", "namespace ",
-      "SELECT ",  "<div",    "</",     "sudo ",  "git ",  "$ ",   "//"};
+  // Words that open no sentence, and words that do, whose lines must go on as code does.
+  constexpr std::array<std::string_view, 18> openings{"#include", "#!/",     "def ",    "if (",  "if(",  "while (",
+                                                      "while(",   "return ", "return;", "fn ",   "pub ", "void ",
+                                                      "SELECT ",  "<div",    "</",      "sudo ", "git ", "$ "};
+  constexpr std::array<std::string_view, 15> ambiguous{"for ",    "import ",  "from ",  "const ",  "let ",
+                                                       "var ",    "function", "class ", "public ", "private ",
+                                                       "static ", "struct",   "func ",  "using ",  "namespace "};
+  constexpr std::string_view brackets = "(){}[]<>=;:";
   constexpr std::array<std::string_view, 12> signs{
       "=>", "->", "::", "()", "==", "!=", "+=", "&&", "||", "</", "/>", " = "};
   constexpr std::string_view endings = "{};";
   line = trimmedOfWhitespace(line);
   if (line.empty()) return false;
   if (endings.find(line.back()) != std::string_view::npos) return true;
-  // Prose may open with "for" or "from"; code that does goes on with signs.
-  const auto opens = std::ranges::any_of(openings, [&](std::string_view opening) { return line.starts_with(opening); });
+  const auto opensWith = [&](const auto& words) {
+    return std::ranges::any_of(words, [&](std::string_view word) { return line.starts_with(word); });
+  };
+  // "import sys", "class Clip", but not "for Anna" or "from home".
+  const bool isShort = std::ranges::count(line, ' ') <= 1 && !line.starts_with("for ") && !line.starts_with("from ");
+  const bool opens = opensWith(openings) || line.starts_with("//") ||
+                     (opensWith(ambiguous) && (isShort || line.find_first_of(brackets) != std::string_view::npos ||
+                                               line.find(" import ") != std::string_view::npos));
   const auto hasSign =
       std::ranges::any_of(signs, [&](std::string_view sign) { return line.find(sign) != std::string_view::npos; });
   return hasSign || (opens && line.back() != '.' && line.back() != ',' && line.find(". ") == std::string_view::npos);

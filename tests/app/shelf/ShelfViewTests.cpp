@@ -285,6 +285,52 @@ class ShelfViewTests : public QObject {
     QCOMPARE(room.current(), "c");
   }
 
+  void aHeldArrowKeepsItsCardInView() {
+    ShelfRoom room;
+    for (int i = 0; i < 60; ++i) room.desk.copy("clip " + std::to_string(i));
+    themeOf(room.engine).setAlwaysReducesMotion(false);
+    QVERIFY(room.open());
+    for (int i = 0; i < 40; ++i) {
+      QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, QString(), true);
+      QCoreApplication::sendEvent(&room.window(), &repeated);
+    }
+    QCOMPARE(room.current(), "clip 19");
+    QVERIFY(room.card(40));
+    const QRectF card = room.card(40)->mapRectToItem(room.panel(), room.card(40)->boundingRect());
+    QVERIFY(QRectF(QPointF(), room.panel()->size()).contains(card));
+  }
+
+  void nothingSlidesWhereTheScreenDoesNotShowThrough() {
+    for (const bool isCompositing : {true, false}) {
+      ShelfRoom room;
+      room.windowStyle.compositing = isCompositing;
+      themeOf(room.engine).setAlwaysReducesMotion(false);
+      room.desk.copy("a");
+      room.shelf->open();
+      const auto isInPlace = [&] { return room.panel()->isVisible() && room.panel()->y() >= room.frame().y(); };
+      QCOMPARE(isInPlace(), !isCompositing);
+      QVERIFY(room.open());
+      QTRY_VERIFY(isInPlace());
+    }
+  }
+
+  void codeIsColouredAndWhatItHoldsIsNoMarkup() {
+    ShelfRoom room;
+    room.desk.copy("if (a < b) {\n\treturn \"<b>&amp;\";  // x\n}");
+    QVERIFY(room.open());
+    const auto codes = room.shown([](QQuickItem* item) {
+      return item->inherits("QQuickText") && item->property("text").toString().contains("return");
+    });
+    QCOMPARE(codes.size(), 1U);
+    const QString markup = codes.front()->property("text").toString();
+    Theme& theme = themeOf(room.engine);
+    for (const auto& [color, text] :
+         {std::pair{theme.violet()->text(), "return"},
+          std::pair{theme.green()->text(), "&quot;&lt;b&gt;&amp;amp;&quot;"}, std::pair{theme.ink2(), "//&nbsp;x"}})
+      QVERIFY(markup.contains(QStringLiteral("<font color=\"%1\">%2</font>").arg(color.name(), QLatin1String(text))));
+    QVERIFY(markup.contains("a&nbsp;&lt;&nbsp;b)&nbsp;{<br/>&nbsp;&nbsp;&nbsp;&nbsp;<font"));
+  }
+
   void manyClipsMakeFewCards() {
     ShelfRoom room;
     ClipboardLibrary library;
