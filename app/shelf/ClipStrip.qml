@@ -10,6 +10,8 @@ FocusScope {
     required property ClipboardModel clipboard
     // The keyboard stands in the search and acts on the present card.
     property bool isSearching: false
+    // The keys come faster than the row glides: it follows at once, or the present card would be out of view.
+    property bool isHurried: false
     // Room around the cards for the ring of the keyboard.
     readonly property int margin: 8
     // A secret under the keyboard is shown when the user has walked there, not when the shelf has just been opened.
@@ -38,6 +40,8 @@ FocusScope {
     function step(by: int) {
         hasWalked = true;
         goTo(list.currentIndex + by);
+        if (isHurried)
+            list.positionViewAtIndex(list.currentIndex, ListView.Contain);
     }
     function pickCurrent() {
         if (currentId !== "")
@@ -61,6 +65,7 @@ FocusScope {
     function act(event: var): bool {
         const control = event.modifiers === Qt.ControlModifier;
         const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.KeypadModifier;
+        isHurried = event.isAutoRepeat;
         if (plain && event.key === Qt.Key_Left)
             step(-1);
         else if (plain && event.key === Qt.Key_Right)
@@ -139,8 +144,10 @@ FocusScope {
         cacheBuffer: 320
         reuseItems: true
         keyNavigationEnabled: false
+        // Drawn along by a finger; the mouse takes cards away.
+        interactive: !mouse.hovered
         boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: Theme.reducedMotion ? 0 : Theme.hoverDuration
+        highlightMoveDuration: Theme.reducedMotion || root.isHurried ? 0 : Theme.hoverDuration
         highlightMoveVelocity: -1
         preferredHighlightBegin: Theme.space4
         preferredHighlightEnd: width - Theme.space4
@@ -164,6 +171,16 @@ FocusScope {
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             orientation: Qt.Vertical
             onWheel: event => scroll.by(-event.angleDelta.y)
+        }
+        WheelHandler {
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            orientation: Qt.Horizontal
+            onWheel: event => scroll.by(-event.angleDelta.x)
+        }
+        HoverHandler {
+            id: mouse
+
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         }
     }
     SmoothScroll {

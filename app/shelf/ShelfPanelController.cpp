@@ -2,6 +2,7 @@
 
 #include <QDrag>
 #include <QMimeData>
+#include <QPainter>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickItemGrabResult>
@@ -12,6 +13,7 @@
 #include "app/base/StoredValue.h"
 #include "app/dock/PanelWindow.h"
 #include "app/dock/ToastController.h"
+#include "app/kit/Theme.h"
 #include "app/model/AppSettings.h"
 #include "app/shelf/EdgeSensor.h"
 #include "core/base/Files.h"
@@ -220,7 +222,10 @@ void ShelfPanelController::runDrag(const ClipItem& item, const std::optional<std
   if (item.imageFileName)
     data->setUrls({QUrl::fromLocalFile(QString::fromStdString(clipboard_.picturesFolder() / *item.imageFileName))});
   drag->setMimeData(data.release());
-  QPixmap pixmap = QPixmap::fromImage(image);
+  // Where nothing shows through, what is clear would be white.
+  QPixmap pixmap(image.size());
+  pixmap.fill(isCompositing() ? QColor(Qt::transparent) : themeOf(engine_).panel());
+  QPainter(&pixmap).drawImage(0, 0, image);
   pixmap.setDevicePixelRatio(window_->devicePixelRatio());
   drag->setPixmap(pixmap);
   drag->setHotSpot(card ? QPoint(qRound(card->width() / 2), qRound(card->height() / 3)) : QPoint());

@@ -29,6 +29,8 @@ class ShelfPanelController : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
+  // Whether the screen shows through where nothing is drawn; elsewhere that is black.
+  Q_PROPERTY(bool isCompositing READ isCompositing NOTIFY opened)
 
  public:
   struct Seams {
@@ -49,6 +51,7 @@ class ShelfPanelController : public QObject {
                        Seams seams, QObject* parent = nullptr);
   ~ShelfPanelController() override;
 
+  bool isCompositing() const { return seams_.windowStyle.isCompositing(); }
   // Shown, or about to be.
   bool isShown() const { return presentation_.isShown(); }
   // With the keyboard.

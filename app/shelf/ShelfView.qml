@@ -15,6 +15,7 @@ FocusScope {
     required property ShelfPanelController controller
     readonly property bool isOpen: presentation.isContentShown
     readonly property real unit: Theme.textScale
+    readonly property bool slides: controller.isCompositing && !Theme.reducedMotion
     // 0 beyond the edge, 1 in place.
     property real presence: isOpen ? 1 : 0
 
@@ -58,11 +59,11 @@ FocusScope {
         readonly property real overhang: Math.max(0, -root.window.panelRect.y)
 
         x: root.window.panelRect.x
-        y: root.window.panelRect.y - (Theme.reducedMotion ? 0 : (1 - root.presence) * height)
+        y: root.window.panelRect.y - (root.slides ? (1 - root.presence) * height : 0)
         width: root.window.panelRect.width
         height: root.window.panelRect.height
-        opacity: Theme.reducedMotion ? root.presence : 1
-        visible: root.presence > 0
+        opacity: root.slides || !root.controller.isCompositing ? 1 : root.presence
+        visible: root.presence > 0 || !root.controller.isCompositing
         Accessible.role: Accessible.Dialog
         Accessible.name: qsTr("Clipboard")
 
