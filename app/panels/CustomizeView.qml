@@ -80,7 +80,4 @@ Popover {
             onClicked: root.closeRequested()
         }
     }
-    TipLayer {
-        anchors.fill: parent
-    }
 }

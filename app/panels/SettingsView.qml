@@ -136,7 +136,4 @@ Popover {
             root.customizeWanted();
         }
     }
-    TipLayer {
-        anchors.fill: parent
-    }
 }

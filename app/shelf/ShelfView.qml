@@ -137,8 +137,5 @@ FocusScope {
             onPicked: id => root.controller.pick(id)
             onClosed: strip.forceActiveFocus()
         }
-        TipLayer {
-            anchors.fill: parent
-        }
     }
 }

@@ -192,8 +192,9 @@ void ControlTests::menuWalks() {
 
 void ControlTests::theRingShowsForTheKeyboardAlone() {
   Scene scene;
-  QVERIFY(scene.load(page("Button { objectName: 'one'; focus: true; text: 'Go' }\n"
-                          "Button { objectName: 'two'; y: 50; text: 'Stop' }")));
+  QVERIFY(
+      scene.load(page("Button { objectName: 'one'; focus: true; text: 'Go' }\n"
+                      "Button { objectName: 'two'; y: 50; text: 'Stop' }")));
   const auto ringed = [&](const char* name) {
     for (QQuickItem* child : scene.find(QLatin1String(name))->childItems())
       if (child->inherits("QQuickRectangle") && child->isVisible() && child->x() < 0) return true;
@@ -270,8 +271,7 @@ void ControlTests::scrollViewFollowsTheKeyboard() {
 
 void ControlTests::tipComesAfterTheDelay() {
   Scene scene;
-  QVERIFY(scene.load(
-      page("IconButton { objectName: 'button'; label: 'Close'; tipKeys: 'Esc' } TipLayer { anchors.fill: parent }")));
+  QVERIFY(scene.load(page("IconButton { objectName: 'button'; label: 'Close'; tipKeys: 'Esc' }")));
   auto* tips = scene.engine().singletonInstance<Tips*>(qmlTypeId("Ambrel.Kit", 1, 0, "Tips"));
   QVERIFY(tips);
   tips->setDelay(0);
