@@ -201,10 +201,11 @@ class ClipboardModel : public QObject {
   Calendar calendar_;
   Seams seams_;
   SearchFolding folding_;
+  // Goes after the storage, which saves it once more at the end.
+  ClipboardHistory history_;
   ClipboardStorage storage_;
   ClipCapture capture_;
   ClipIndex index_;
-  ClipboardHistory history_;
   ClipFileLookup files_;
   ClipListModel items_;
   ClipCollectionModel collections_;
