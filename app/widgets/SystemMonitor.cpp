@@ -39,18 +39,33 @@ void SystemMonitor::tick(Instant now) {
   }
   if (!ticks) cpuUsage_.reset();
   lastTicks_ = ticks;
-  memory_ = readings_.memory();
-  sampleNetwork(at);
+  if (wanted_.memory) memory_ = readings_.memory();
+  if (wanted_.network) sampleNetwork(at);
   sampleDisk(now);
+  Q_EMIT ticked();
+}
+
+void SystemMonitor::setWanted(const Wanted& wanted) {
+  if (wanted == wanted_) return;
+  wanted_ = wanted;
+  // What comes on the bar now need not wait for the next tick, as far as one reading tells anything.
+  memory_ = wanted.memory ? readings_.memory() : std::nullopt;
+  if (!wanted.network) forgetNetwork();
   Q_EMIT ticked();
 }
 
 // The computer slept: what was before is no part of the last minute, and nothing to reckon with.
 void SystemMonitor::forget() {
   lastTicks_.reset();
-  lastNetwork_.reset();
   cpuUsage_.reset();
-  cpuHistory_ = downloadHistory_ = uploadHistory_ = History(historyLength);
+  cpuHistory_ = History(historyLength);
+  forgetNetwork();
+}
+
+void SystemMonitor::forgetNetwork() {
+  network_.reset();
+  lastNetwork_.reset();
+  downloadHistory_ = uploadHistory_ = History(historyLength);
 }
 
 void SystemMonitor::sampleNetwork(Seconds at) {

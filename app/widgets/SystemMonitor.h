@@ -1,5 +1,5 @@
 #pragma once
-// The readings that the bar always has: processor, memory, start-up volume, network.
+// The readings of the whole computer: processor, memory, start-up volume, network.
 
 #include <QList>
 #include <QObject>
@@ -55,6 +55,14 @@ class SystemMonitor : public QObject {
 
   void tick(Instant now);
 
+  // What somebody looks at or decides by; the rest is not read, and unknown. At first everything is wanted.
+  struct Wanted {
+    bool memory = true;
+    bool network = true;
+    friend bool operator==(const Wanted&, const Wanted&) = default;
+  };
+  void setWanted(const Wanted& wanted);
+
   // 0 to 1.
   std::optional<double> cpuUsage() const { return cpuUsage_; }
   std::optional<MemoryReading> memory() const { return memory_; }
@@ -87,11 +95,13 @@ class SystemMonitor : public QObject {
 
  private:
   void forget();
+  void forgetNetwork();
   QString percentText(qreal percent) const;
   void sampleNetwork(Seconds at);
   void sampleDisk(Instant now);
 
   const SystemReadings& readings_;
+  Wanted wanted_;
   Background background_;
   Calendar calendar_;
   std::optional<double> cpuUsage_;

@@ -61,7 +61,10 @@ void AppDelegate::makeTelemetry() {
 
 void AppDelegate::addTelemetryPanels() {
   const auto follow = [this] {
-    live_->setShown(widgetsOf(model_.activeProfile()), context_->widgetsActive(), surroundings_.now());
+    const auto shown = widgetsOf(model_.activeProfile());
+    live_->setShown(shown, context_->widgetsActive(), surroundings_.now());
+    system_->setWanted({.memory = shown.contains(DockWidget::memory) || shown.contains(DockWidget::memoryPressure),
+                        .network = shown.contains(DockWidget::network) || shown.contains(DockWidget::networkChart)});
   };
   connect(&model_, &AppModel::activeProfileChanged, live_.get(), follow);
   connect(context_.get(), &WidgetContext::widgetsActiveChanged, live_.get(), follow);

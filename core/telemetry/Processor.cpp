@@ -1,3 +1,6 @@
+#include <array>
+#include <utility>
+
 #include "core/telemetry.h"
 #include "core/telemetry/ProcText.h"
 
@@ -38,23 +41,28 @@ std::optional<double> processorUsage(const ProcessorTicks& before, const Process
 }
 
 std::optional<MemoryReading> parseMeminfo(std::string_view text) {
-  std::map<std::string_view, std::uint64_t> bytes;
+  std::optional<std::uint64_t> total, available, free, buffers, cached, swapTotal, swapFree;
+  const std::array<std::pair<std::string_view, std::optional<std::uint64_t>*>, 7> wanted{{{"MemTotal:", &total},
+                                                                                          {"MemAvailable:", &available},
+                                                                                          {"MemFree:", &free},
+                                                                                          {"Buffers:", &buffers},
+                                                                                          {"Cached:", &cached},
+                                                                                          {"SwapTotal:", &swapTotal},
+                                                                                          {"SwapFree:", &swapFree}}};
   eachLine(text, [&](std::string_view line) {
-    const std::size_t colon = line.find(':');
-    if (colon == std::string_view::npos) return;
-    std::string_view rest = line.substr(colon + 1);
-    if (const auto kibibytes = takeNumber(rest)) bytes[line.substr(0, colon)] = *kibibytes * 1024;
+    for (const auto& [key, field] : wanted) {
+      if (!line.starts_with(key)) continue;
+      line.remove_prefix(key.size());
+      if (const auto kibibytes = takeNumber(line)) *field = *kibibytes * 1024;
+      return;
+    }
   });
-  const auto total = bytes.find("MemTotal");
-  if (total == bytes.end() || total->second == 0) return std::nullopt;
-  const auto available = bytes.find("MemAvailable");
-  MemoryReading reading{.totalBytes = total->second,
-                        .availableBytes = available != bytes.end()
-                                              ? available->second
-                                              : bytes["MemFree"] + bytes["Buffers"] + bytes["Cached"]};
-  reading.swapTotalBytes = bytes["SwapTotal"];
-  reading.swapFreeBytes = bytes["SwapFree"];
-  return reading;
+  if (total.value_or(0) == 0) return std::nullopt;
+  return MemoryReading{
+      .totalBytes = *total,
+      .availableBytes = available.value_or(free.value_or(0) + buffers.value_or(0) + cached.value_or(0)),
+      .swapTotalBytes = swapTotal.value_or(0),
+      .swapFreeBytes = swapFree.value_or(0)};
 }
 
 void History::append(double value) {

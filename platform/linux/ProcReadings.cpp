@@ -1,9 +1,10 @@
 #include "platform/linux/ProcReadings.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <sys/statvfs.h>
 #include <time.h>
-
-#include "core/base/Files.h"
+#include <unistd.h>
 
 namespace ambrel {
 namespace {
@@ -17,29 +18,67 @@ bool isThere(const fs::path& path) {
 
 }  // namespace
 
+std::optional<std::string_view> KeptText::read(std::size_t limit) {
+  if (!file_) file_ = openForReading(path_);
+  if (!file_) return std::nullopt;
+  std::size_t filled = 0;
+  // A short read is no end: the kernel gives whole lines.
+  while (filled < limit) {
+    if (buffer_.size() == filled) buffer_.resize(std::min(limit, std::max<std::size_t>(4096, 2 * filled)));
+    const ssize_t got = pread(file_.get(), buffer_.data() + filled, std::min(limit, buffer_.size()) - filled,
+                              static_cast<off_t>(filled));
+    if (got == 0) break;
+    if (got < 0 && errno != EINTR) {
+      file_.reset();
+      return std::nullopt;
+    }
+    if (got > 0) filled += static_cast<std::size_t>(got);
+  }
+  return std::string_view(buffer_).substr(0, filled);
+}
+
+ProcReadings::ProcReadings(std::filesystem::path root)
+    : root_(std::move(root)),
+      stat_(root_ / "proc/stat"),
+      meminfo_(root_ / "proc/meminfo"),
+      networkDevices_(root_ / "proc/net/dev") {}
+
 std::optional<ProcessorTicks> ProcReadings::processor() const {
-  const auto text = readFile(root_ / "proc/stat");
-  return text ? parseProcStat(*text) : std::nullopt;
+  // The sum of all processors is the first line; what follows grows with the computer.
+  constexpr std::size_t firstLine = 512;
+  const auto text = stat_.read(firstLine);
+  return text ? parseProcStat(text->substr(0, text->find('\n'))) : std::nullopt;
 }
 
 std::optional<MemoryReading> ProcReadings::memory() const {
-  const auto text = readFile(root_ / "proc/meminfo");
+  const auto text = meminfo_.read();
   return text ? parseMeminfo(*text) : std::nullopt;
 }
 
+ProcReadings::Interface ProcReadings::kindOf(const std::string& name) const {
+  const fs::path folder = root_ / "sys/class/net" / name;
+  if (isThere(folder / "device")) return Interface::hardware;
+  if (name == "lo" || isThere(folder / "bridge") || isThere(folder / "tun_flags")) return Interface::countedElsewhere;
+  return Interface::other;
+}
+
 NetworkCounters ProcReadings::network() const {
-  const auto text = readFile(root_ / "proc/net/dev");
+  const auto text = networkDevices_.read();
   if (!text) return {};
-  NetworkCounters hardware, others;
-  for (auto& [name, bytes] : parseNetDev(*text)) {
-    const fs::path folder = root_ / "sys/class/net" / name;
-    if (isThere(folder / "device"))
-      hardware.emplace(name, bytes);
-    else if (name != "lo" && !isThere(folder / "bridge") && !isThere(folder / "tun_flags"))
-      others.emplace(name, bytes);
+  NetworkCounters all = parseNetDev(*text);
+  // What an interface is changes only when interfaces come or go.
+  if (!std::ranges::equal(all, interfaces_, {}, &NetworkCounters::value_type::first,
+                          &decltype(interfaces_)::value_type::first)) {
+    interfaces_.clear();
+    for (const auto& [name, bytes] : all) interfaces_.emplace(name, kindOf(name));
   }
+  const bool hasHardware =
+      std::ranges::any_of(interfaces_, [](const auto& entry) { return entry.second == Interface::hardware; });
   // In a container no interface is hardware; then what is left over stands for the network.
-  return hardware.empty() ? others : hardware;
+  std::erase_if(all, [&](const auto& entry) {
+    return interfaces_.at(entry.first) != (hasHardware ? Interface::hardware : Interface::other);
+  });
+  return all;
 }
 
 std::optional<VolumeSizes> ProcReadings::startUpVolume() const {

@@ -30,7 +30,34 @@ class SystemMonitorTests : public QObject {
   void aReaderThatFailsLeavesTheValueUnknown();
   void aNetworkThatComesBackGivesNoSpike();
   void theVolumeIsReadOffTheMainThreadAtMostOnceAMinute();
+  void whatNobodyLooksAtIsUnknownAndComesBackWithoutASpike();
 };
+
+void SystemMonitorTests::whatNobodyLooksAtIsUnknownAndComesBackWithoutASpike() {
+  Fixture f;
+  f.monitor.tick(at(0));
+  f.readings.pass(2, 1, 1);
+  f.monitor.tick(at(2));
+  QVERIFY(f.monitor.network());
+  f.monitor.setWanted({.memory = false, .network = false});
+  QCOMPARE(f.monitor.memoryText(), QString());
+  QVERIFY(!f.monitor.network());
+  f.readings.pass(2, 1, 1);
+  f.monitor.tick(at(4));
+  QVERIFY(!f.monitor.memory());
+  QVERIFY(f.monitor.cpuUsage());
+  f.readings.counters["eth0"].received += 9'000'000'000;
+  f.monitor.setWanted({});
+  QCOMPARE(f.monitor.memoryPercent(), 75.0);
+  f.readings.pass(2, 1, 1);
+  f.monitor.tick(at(6));
+  QVERIFY(!f.monitor.network());
+  f.readings.pass(2, 1, 1);
+  f.readings.counters["eth0"].received += 4000;
+  f.monitor.tick(at(8));
+  QCOMPARE(f.monitor.network()->receivedPerSecond, 2000.0);
+  QCOMPARE(f.monitor.downloadHistory().size(), 1);
+}
 
 void SystemMonitorTests::aFirstReadingPublishesNoRate() {
   Fixture f;
