@@ -1,16 +1,17 @@
 #include "app/kit/SparklineCurve.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
+
+#include "app/kit/CurveRaster.h"
 
 namespace ambrel {
 namespace {
 
 constexpr qreal lineWidth = 1.5;
 constexpr qreal dotRadius = 2.5;
-constexpr float fillAlpha = 0.16F;
+constexpr qreal fillAlpha = 0.16;
 
 }  // namespace
 
@@ -55,30 +56,21 @@ void SparklineCurve::paint(QPainter* painter) {
     return QPointF(right - step * static_cast<qreal>(count - 1 - i), floor - share * (floor - ceiling));
   };
 
-  painter->setRenderHint(QPainter::Antialiasing);
-  QColor fill = color_;
-  fill.setAlphaF(fill.alphaF() * fillAlpha);
-  const QPen pen(color_, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+  // Pixel by pixel on what is painted on, which may have more of them than the item has units.
+  const qreal scale = painter->device()->devicePixelRatioF();
+  CurveRaster raster((size() * scale).toSize());
   for (qsizetype i = 0; i < count;) {
-    if (!std::isfinite(recent[i])) {
-      ++i;
-      continue;
-    }
     QPolygonF run;
-    while (i < count && std::isfinite(recent[i])) run << point(i++);
-    QPolygonF ground = run;
-    ground << QPointF(run.last().x(), height()) << QPointF(run.first().x(), height());
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(fill);
-    painter->drawPolygon(ground);
-    painter->setPen(pen);
-    painter->drawPolyline(run);
+    for (; i < count && std::isfinite(recent[i]); ++i) run << point(i) * scale;
+    if (run.isEmpty())
+      ++i;
+    else
+      raster.addRun(run, lineWidth * scale);
   }
-  if (marksLast_ && std::isfinite(recent.last())) {
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(color_);
-    painter->drawEllipse(point(count - 1), dotRadius, dotRadius);
-  }
+  if (marksLast_ && std::isfinite(recent.last())) raster.addDot(point(count - 1) * scale, dotRadius * scale);
+  QImage image = raster.image(color_, fillAlpha);
+  image.setDevicePixelRatio(scale);
+  painter->drawImage(QPointF(0, 0), image);
 }
 
 }  // namespace ambrel
