@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace ambrel {
 namespace {
@@ -13,34 +14,44 @@ constexpr qreal tightSpacing = -0.035;
 
 bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
 
-qreal digitWidth(const QFontMetricsF& metrics) {
-  qreal widest = 0;
-  for (char16_t digit = u'0'; digit <= u'9'; ++digit) widest = std::max(widest, metrics.horizontalAdvance(digit));
-  return widest;
-}
-
-// Calls `place(part, cell)` with the width of its cell: for each digit and each run between digits, or, when the
-// digits keep their own widths, once for the whole.
-template <typename Place>
-void eachCell(const QString& text, const QFontMetricsF& metrics, bool isFixed, const Place& place) {
-  if (!isFixed) {
-    place(text, metrics.horizontalAdvance(text));
-    return;
-  }
-  const qreal digit = digitWidth(metrics);
-  for (qsizetype i = 0; i < text.size();) {
-    qsizetype end = i + 1;
-    if (!isDigit(text[i]))
-      while (end < text.size() && !isDigit(text[end])) ++end;
-    const QString part = text.mid(i, end - i);
-    place(part, isDigit(text[i]) ? digit : metrics.horizontalAdvance(part));
-    i = end;
-  }
-}
-
 }  // namespace
 
+TickingText::Ruler::Ruler(const QFont& of) : font(of) {
+  const QFontMetricsF metrics(font);
+  height = metrics.height();
+  ascent = metrics.ascent();
+  for (std::size_t digit = 0; digit < digits.size(); ++digit)
+    digits[digit] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(u'0' + digit)));
+  widestDigit = *std::ranges::max_element(digits);
+}
+
 TickingText::TickingText(QQuickItem* parent) : QQuickPaintedItem(parent) { measure(); }
+
+// For each digit and each run between digits one cell, or, when the digits keep their own widths, one for the whole.
+QList<TickingText::Cell> TickingText::cellsOf(const Ruler& ruler, const QString& text) const {
+  const QFontMetricsF metrics(ruler.font);
+  if (!isFixed()) return {{text, 0, metrics.horizontalAdvance(text)}};
+  QList<Cell> cells;
+  for (qsizetype i = 0; i < text.size();) {
+    qsizetype end = i + 1;
+    const bool isFigure = isDigit(text[i]);
+    if (!isFigure)
+      while (end < text.size() && !isDigit(text[end])) ++end;
+    const QString part = text.mid(i, end - i);
+    const qreal advance =
+        isFigure ? ruler.digits[static_cast<std::size_t>(text[i].unicode() - u'0')] : metrics.horizontalAdvance(part);
+    const qreal width = isFigure ? ruler.widestDigit : advance;
+    cells.append({part, (width - advance) / 2, width});
+    i = end;
+  }
+  return cells;
+}
+
+qreal TickingText::widthOf(const QList<Cell>& cells) {
+  return std::accumulate(cells.begin(), cells.end(), 0.0, [](qreal sum, const Cell& cell) { return sum + cell.width; });
+}
+
+qreal TickingText::widthOf(const QString& text) const { return widthOf(cellsOf(shown_, text)); }
 
 void TickingText::setText(const QString& text) {
   if (text_ == text) return;
@@ -53,6 +64,7 @@ void TickingText::setText(const QString& text) {
 void TickingText::setWidest(const QString& widest) {
   if (widest_ == widest) return;
   widest_ = widest;
+  widestWidth_ = widthOf(cellsOf(own_, widest_));
   measure();
   Q_EMIT styleChanged();
 }
@@ -60,6 +72,9 @@ void TickingText::setWidest(const QString& widest) {
 void TickingText::setFont(const QFont& font) {
   if (font_ == font) return;
   font_ = font;
+  // What depends on the font alone is asked once: a text that ticks is measured at each tick.
+  own_ = Ruler(font_);
+  widestWidth_ = widthOf(cellsOf(own_, widest_));
   measure();
   update();
   Q_EMIT styleChanged();
@@ -95,55 +110,58 @@ void TickingText::setAlignment(Qt::Alignment alignment) {
   Q_EMIT styleChanged();
 }
 
-bool TickingText::truncated() const { return widthOf(text_) > width() + 0.5; }
-
-qreal TickingText::widthIn(const QFont& font, const QString& text) const {
-  qreal width = 0;
-  eachCell(text, QFontMetricsF(font), isFixed(), [&](const QString&, qreal cell) { width += cell; });
-  return width;
-}
-
-qreal TickingText::widthOf(const QString& text) const { return widthIn(shownFont_, text); }
+bool TickingText::truncated() const { return textWidth_ > width() + 0.5; }
 
 void TickingText::geometryChange(const QRectF& now, const QRectF& before) {
   if (now.size() != before.size()) {
-    const QFontMetricsF metrics(shownFont_);
-    setBaselineOffset((now.height() - metrics.height()) / 2 + metrics.ascent());
+    placeBaseline();
     Q_EMIT textChanged();
   }
   QQuickPaintedItem::geometryChange(now, before);
 }
 
 void TickingText::measure() {
-  shownFont_ = font_;
-  const auto fits = [this](const QFont& font) {
-    return room_ < 0 || std::ceil(std::max(widthIn(font, text_), widthIn(font, widest_))) <= room_;
-  };
-  QFont font = font_;
-  while (!fits(font) && font.pixelSize() > leastSize_) font.setPixelSize(font.pixelSize() - 1);
-  if (!fits(font)) font.setLetterSpacing(QFont::AbsoluteSpacing, tightSpacing * font.pixelSize());
-  if (fits(font)) shownFont_ = font;
-  const QFontMetricsF metrics(shownFont_);
-  setImplicitSize(std::ceil(std::max(widthOf(text_), widthOf(widest_))), std::ceil(metrics.height()));
-  setBaselineOffset((height() - metrics.height()) / 2 + metrics.ascent());
+  shown_ = own_;
+  cells_ = cellsOf(own_, text_);
+  textWidth_ = widthOf(cells_);
+  qreal width = std::max(textWidth_, widestWidth_);
+  const auto fits = [this](qreal each) { return room_ < 0 || std::ceil(each) <= room_; };
+  if (!fits(width)) {
+    QFont font = font_;
+    const auto widthIn = [this](const QFont& each) {
+      const Ruler ruler(each);
+      return std::max(widthOf(cellsOf(ruler, text_)), widthOf(cellsOf(ruler, widest_)));
+    };
+    while (!fits(widthIn(font)) && font.pixelSize() > leastSize_) font.setPixelSize(font.pixelSize() - 1);
+    if (!fits(widthIn(font))) font.setLetterSpacing(QFont::AbsoluteSpacing, tightSpacing * font.pixelSize());
+    if (const qreal smaller = widthIn(font); fits(smaller)) {
+      width = smaller;
+      shown_ = Ruler(font);
+      cells_ = cellsOf(shown_, text_);
+      textWidth_ = widthOf(cells_);
+    }
+  }
+  setImplicitSize(std::ceil(width), std::ceil(shown_.height));
+  placeBaseline();
 }
 
+void TickingText::placeBaseline() { setBaselineOffset((height() - shown_.height) / 2 + shown_.ascent); }
+
 void TickingText::paint(QPainter* painter) {
-  const QFontMetricsF metrics(shownFont_);
-  const QString shown = truncated() ? metrics.elidedText(text_, Qt::ElideRight, width()) : text_;
+  const bool isCut = truncated();
+  const QList<Cell> cells =
+      isCut ? cellsOf(shown_, QFontMetricsF(shown_.font).elidedText(text_, Qt::ElideRight, width())) : cells_;
   qreal x = 0;
-  const qreal spare = width() - widthOf(shown);
+  const qreal spare = width() - (isCut ? widthOf(cells) : textWidth_);
   if (alignment_ & Qt::AlignRight) x = std::max(0.0, spare);
   if (alignment_ & Qt::AlignHCenter) x = std::max(0.0, spare / 2);
   painter->setRenderHint(QPainter::TextAntialiasing);
-  painter->setFont(shownFont_);
+  painter->setFont(shown_.font);
   painter->setPen(color_);
-  const qreal baseline = baselineOffset();
-  eachCell(shown, metrics, isFixed(), [&](const QString& part, qreal cell) {
-    const qreal inset = isFixed() && isDigit(part[0]) ? (cell - metrics.horizontalAdvance(part)) / 2 : 0;
-    painter->drawText(QPointF(x + inset, baseline), part);
-    x += cell;
-  });
+  for (const Cell& cell : cells) {
+    painter->drawText(QPointF(x + cell.inset, baselineOffset()), cell.text);
+    x += cell.width;
+  }
 }
 
 }  // namespace ambrel

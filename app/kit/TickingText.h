@@ -5,6 +5,7 @@
 
 #include <QFont>
 #include <QQuickPaintedItem>
+#include <array>
 
 namespace ambrel {
 
@@ -54,13 +55,29 @@ class TickingText : public QQuickPaintedItem {
   void geometryChange(const QRectF& now, const QRectF& before) override;
 
  private:
+  // What a font says of itself, asked once.
+  struct Ruler {
+    explicit Ruler(const QFont& of = {});
+    QFont font;
+    qreal height = 0, ascent = 0;
+    std::array<qreal, 10> digits{};
+    qreal widestDigit = 0;
+  };
+  struct Cell {
+    QString text;
+    qreal inset, width;
+  };
+  QList<Cell> cellsOf(const Ruler& ruler, const QString& text) const;
+  static qreal widthOf(const QList<Cell>& cells);
   void measure();
-  qreal widthIn(const QFont& font, const QString& text) const;
+  void placeBaseline();
   bool isFixed() const { return !widest_.isEmpty(); }
 
   QString text_, widest_;
   QFont font_;
-  QFont shownFont_;  // `font_`, or a smaller one
+  Ruler own_, shown_;                      // of `font_`; of that, or of a smaller one
+  QList<Cell> cells_;                      // of the text as it is shown
+  qreal textWidth_ = 0, widestWidth_ = 0;  // as shown; in `font_`
   qreal room_ = -1;
   int leastSize_ = 11;
   QColor color_ = Qt::black;
