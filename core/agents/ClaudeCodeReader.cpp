@@ -57,8 +57,8 @@ std::optional<AgentSession> claudeSession(std::string_view identifier, const Rec
 std::vector<AgentSession> ClaudeCodeReader::sessions(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   std::vector<SessionFile> files;
-  for (const std::string& folder : possibleFolders(home / ".claude/projects")) {
-    auto recent = recentSessionFiles(folder, since, false);
+  for (const std::string& folder : possibleFolders(home / ".claude/projects", *listings_)) {
+    auto recent = recentSessionFiles(folder, since, false, listings_.get());
     files.insert(files.end(), std::make_move_iterator(recent.begin()), std::make_move_iterator(recent.end()));
   }
   LineParser parser;

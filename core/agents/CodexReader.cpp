@@ -45,7 +45,7 @@ AgentSession codexSession(std::string_view identifier, std::optional<std::string
 std::vector<AgentSession> CodexReader::sessions(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   LineParser parser;
-  return cache_->sessions(recentSessionFiles(home / ".codex/sessions", since, true), now,
+  return cache_->sessions(recentSessionFiles(home / ".codex/sessions", since, true, listings_.get()), now,
                           [&](const SessionFile& file, Instant written) {
                             const FileDescriptor opened = openForReading(file.path);
                             const auto first = firstRecord(opened, headBytes, parser);

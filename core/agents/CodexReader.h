@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "core/agents.h"
+#include "core/agents/FolderListings.h"
 #include "core/agents/SessionCache.h"
 
 namespace ambrel {
@@ -13,6 +14,7 @@ class CodexReader : public AgentSessionReader {
   std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const override;
 
  private:
+  std::shared_ptr<FolderListings> listings_ = std::make_shared<FolderListings>();
   std::shared_ptr<SessionCache> cache_ = std::make_shared<SessionCache>();
 };
 

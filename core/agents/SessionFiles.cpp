@@ -3,26 +3,16 @@
 #include <algorithm>
 #include <array>
 #include <dirent.h>
-#include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 
+#include "core/agents/FolderListings.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
 
 constexpr std::string_view logSuffix = ".jsonl";
-constexpr int deepest = 64;  // each level of the walk holds a descriptor
-
-using Folder = std::unique_ptr<DIR, int (*)(DIR*)>;
-
-Folder openFolder(int parent, const char* name, int flags) {
-  FileDescriptor fd(openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags));
-  Folder folder(fd ? fdopendir(fd.get()) : nullptr, closedir);
-  if (folder) fd.release();
-  return folder;
-}
+constexpr int deepest = 64;
 
 bool isPackage(std::string_view name) {
   static constexpr std::array<std::string_view, 8> extensions{".app",  ".appex",  ".bundle", ".framework",
@@ -33,23 +23,23 @@ bool isPackage(std::string_view name) {
   return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
 
-bool isLogName(std::string_view name) { return name.size() > logSuffix.size() && name.ends_with(logSuffix); }
-
 class Walk {
  public:
-  Walk(Instant since, bool recursive) : since_(since), recursive_(recursive) {}
+  Walk(FolderListings& listings, Instant since, bool recursive)
+      : listings_(listings), since_(since), recursive_(recursive) {}
 
-  void list(DIR* folder, std::string& path, int depth) {
+  void list(std::string& path, bool followsLink, int depth) {
+    const FolderListings::Entries entries = listings_.entries(path, followsLink);
+    if (!entries) return;
     const std::size_t length = path.size();
-    while (const dirent* entry = readdir(folder)) {
-      const std::string_view name = entry->d_name;
-      if (name == "." || name == "..") continue;
-      const unsigned char type = entry->d_type;
-      if (type == DT_DIR) {
-        if (recursive_) enter(folder, name, path, depth);
-      } else if (type == DT_REG || type == DT_UNKNOWN) {
-        if (isLogName(name) || (type == DT_UNKNOWN && recursive_)) look(folder, name, path, depth);
-      }
+    for (const auto& [name, type] : *entries) {
+      if (type == DT_LNK || (type == DT_DIR && !recursive_)) continue;
+      if (type == DT_UNKNOWN && !recursive_ && !isLogName(name)) continue;
+      path.append(1, '/').append(name);
+      if (type == DT_DIR)
+        enter(name, path, depth);
+      else
+        look(name, path, depth);
       path.resize(length);
     }
   }
@@ -57,19 +47,15 @@ class Walk {
   std::vector<SessionFile> found;
 
  private:
-  void enter(DIR* parent, std::string_view name, std::string& path, int depth) {
-    if (depth == deepest || isPackage(name)) return;
-    const Folder folder = openFolder(dirfd(parent), name.data(), O_NOFOLLOW);
-    if (!folder) return;
-    path.append(1, '/').append(name);
-    list(folder.get(), path, depth + 1);
+  void enter(std::string_view name, std::string& path, int depth) {
+    if (depth < deepest && !isPackage(name)) list(path, false, depth + 1);
   }
 
   // Some file systems do not say what an entry is before it is asked for.
-  void look(DIR* folder, std::string_view name, std::string& path, int depth) {
+  void look(std::string_view name, std::string& path, int depth) {
     struct stat info;
-    if (fstatat(dirfd(folder), name.data(), &info, AT_SYMLINK_NOFOLLOW) != 0) return;
-    if (S_ISDIR(info.st_mode) && recursive_) return enter(folder, name, path, depth);
+    if (lstat(path.c_str(), &info) != 0) return;
+    if (S_ISDIR(info.st_mode) && recursive_) return enter(name, path, depth);
     if (!S_ISREG(info.st_mode) || !isLogName(name)) return;
 
     using namespace std::chrono;
@@ -81,36 +67,34 @@ class Walk {
     file.modifiedRest = static_cast<std::uint16_t>(info.st_mtim.tv_nsec % 1000);
     if (file.modified < since_ || (file.modified == since_ && file.modifiedRest == 0)) return;
     file.size = static_cast<std::uint64_t>(info.st_size);
-    file.path.reserve(path.size() + 1 + name.size());
-    file.path.append(path).append(1, '/').append(name);
+    file.path = path;
     found.push_back(std::move(file));
   }
 
+  FolderListings& listings_;
   Instant since_;
   bool recursive_;
 };
 
 }  // namespace
 
-std::vector<SessionFile> recentSessionFiles(const std::filesystem::path& folder, Instant since, bool recursive) {
-  Walk walk(since, recursive);
-  if (const Folder opened = openFolder(AT_FDCWD, folder.c_str(), 0)) {
-    std::string path = folder.string();
-    walk.list(opened.get(), path, 0);
-  }
+bool isLogName(std::string_view name) { return name.size() > logSuffix.size() && name.ends_with(logSuffix); }
+
+std::vector<SessionFile> recentSessionFiles(const std::filesystem::path& folder, Instant since, bool recursive,
+                                            FolderListings* listings) {
+  FolderListings none;
+  Walk walk(listings ? *listings : none, since, recursive);
+  std::string path = folder.string();
+  walk.list(path, true, 0);
   return std::move(walk.found);
 }
 
-std::vector<std::string> possibleFolders(const std::filesystem::path& folder) {
+std::vector<std::string> possibleFolders(const std::filesystem::path& folder, FolderListings& listings) {
   std::vector<std::string> paths;
-  const Folder opened = openFolder(AT_FDCWD, folder.c_str(), 0);
-  if (!opened) return paths;
-  while (const dirent* entry = readdir(opened.get())) {
-    const std::string_view name = entry->d_name;
-    const unsigned char type = entry->d_type;
-    if (name == "." || name == ".." || (type != DT_DIR && type != DT_LNK && type != DT_UNKNOWN)) continue;
-    paths.push_back(folder.string().append(1, '/').append(name));
-  }
+  const FolderListings::Entries entries = listings.entries(folder.string(), true);
+  if (!entries) return paths;
+  for (const auto& [name, type] : *entries)
+    if (type != DT_REG) paths.push_back(folder.string().append(1, '/').append(name));
   return paths;
 }
 

@@ -15,6 +15,8 @@
 
 namespace ambrel {
 
+class FolderListings;
+
 struct SessionFile {
   std::string path;
   Instant modified;  // whole microseconds
@@ -31,11 +33,15 @@ struct SessionFile {
 // The regular files named *.jsonl that changed strictly later than `since`, in the order in which the file system
 // lists them. Recursive: folders first met are walked depth first, at most 64 deep, without following symbolic links
 // and without entering packages (folders named *.app and the like); a folder that cannot be read is passed over.
-// Opens folders only; each *.jsonl entry costs one call.
-std::vector<SessionFile> recentSessionFiles(const std::filesystem::path& folder, Instant since, bool recursive);
+// Opens folders only, and with `listings` only those that changed; each *.jsonl entry costs one call.
+std::vector<SessionFile> recentSessionFiles(const std::filesystem::path& folder, Instant since, bool recursive,
+                                            FolderListings* listings = nullptr);
 
-// The paths of what may be a folder in a folder: folders, and links, which may lead to one. Nothing is opened or asked.
-std::vector<std::string> possibleFolders(const std::filesystem::path& folder);
+// The paths of what may be a folder in a folder: folders, and links, which may lead to one. They are not asked.
+std::vector<std::string> possibleFolders(const std::filesystem::path& folder, FolderListings& listings);
+
+// "*.jsonl" with something before the dot.
+bool isLogName(std::string_view name);
 
 // The file's name without its extension, as valid UTF-8: what the tools use as the identifier of a conversation.
 std::string sessionIdentifier(std::string_view path);

@@ -157,7 +157,8 @@ StoreResult queryStore(const std::filesystem::path& path, const char* sql, std::
 StoreCache::Stamp StoreCache::stampOf(const std::filesystem::path& path) {
   // A link is followed to its end, as it is when the store is opened.
   std::error_code error;
-  const auto target = std::filesystem::canonical(path, error);
+  const bool isLink = std::filesystem::is_symlink(path, error);
+  const auto target = isLink ? std::filesystem::canonical(path, error) : path;
   if (error) return {};
   return {fileStatus(target), fileStatus(target.native() + "-wal")};
 }

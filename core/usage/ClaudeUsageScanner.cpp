@@ -8,6 +8,7 @@
 #include <thread>
 #include <unordered_map>
 
+#include "core/agents/FolderListings.h"
 #include "core/agents/SessionFiles.h"
 #include "core/usage.h"
 #include "core/usage/TokenSum.h"
@@ -45,10 +46,11 @@ struct ClaudeUsageScanner::Impl {
   std::mutex mutex;
   std::unordered_map<std::string, Log> logs;
   std::vector<TokenUsage> uses;  // in order of their dates
+  FolderListings listings;
 
-  std::vector<Task> changedLogs(const std::filesystem::path& root, Instant cutOff) const {
+  std::vector<Task> changedLogs(const std::filesystem::path& root, Instant cutOff) {
     std::vector<Task> tasks;
-    for (SessionFile& file : recentSessionFiles(root, cutOff, true)) {
+    for (SessionFile& file : recentSessionFiles(root, cutOff, true, &listings)) {
       const auto known = logs.find(file.path);
       if (known == logs.end()) {
         tasks.push_back({std::move(file)});

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/agents/FolderListings.h"
 #include "core/agents/SessionFiles.h"
 #include "core/base/Instant.h"
 #include "tests/TemporaryFolder.h"
@@ -91,6 +92,41 @@ TEST(RecentSessionFiles, SurvivesAFolderNestedTooDeep) {
   root.write(deep + "deep.jsonl", "{}", noon);
   root.write("d/d/near.jsonl", "{}", noon);
   EXPECT_THAT(names(recentSessionFiles(root.path(), since, true), root.path()), ElementsAre("d/d/near.jsonl"));
+}
+
+TEST(FolderListings, SeeWhatComesAndGoes) {
+  TemporaryFolder root;
+  FolderListings listings;
+  const auto look = [&] { return names(recentSessionFiles(root.path(), since, true, &listings), root.path()); };
+  root.write("day/a.jsonl", "{}", noon);
+  EXPECT_THAT(look(), UnorderedElementsAre("day/a.jsonl"));
+  // Within the grain of the folder's date.
+  root.write("day/b.jsonl", "{}", noon);
+  look();
+  EXPECT_THAT(look(), UnorderedElementsAre("day/a.jsonl", "day/b.jsonl"));
+  look();
+  root.write("other day/c.jsonl", "{}", noon);
+  root.write("day/d.jsonl", "{}", noon);
+  EXPECT_THAT(look(), UnorderedElementsAre("day/a.jsonl", "day/b.jsonl", "day/d.jsonl", "other day/c.jsonl"));
+  std::filesystem::remove(root / "day/a.jsonl");
+  std::filesystem::remove_all(root / "other day");
+  EXPECT_THAT(look(), UnorderedElementsAre("day/b.jsonl", "day/d.jsonl"));
+  std::filesystem::remove_all(root / "day");
+  EXPECT_THAT(look(), IsEmpty());
+}
+
+TEST(FolderListings, OpenNoFolderThatHasNotChanged) {
+  TemporaryFolder root;
+  FolderListings listings;
+  root.write("a.jsonl", "{}", noon);
+  const auto entries = [&] { return listings.entries(root.path().string(), true); };
+  const auto first = entries(), second = entries();
+  EXPECT_NE(first, second);
+  EXPECT_EQ(second, entries());
+  EXPECT_EQ(listings.entries((root / "a.jsonl").string(), true), nullptr);
+  std::filesystem::create_directory_symlink(root.path(), root / "loop");
+  EXPECT_EQ(listings.entries((root / "loop").string(), false), nullptr);
+  EXPECT_NE(listings.entries((root / "loop").string(), true), nullptr);
 }
 
 TEST(RecordTail, SkipsWhatIsNoObjectAndEmptyLines) {
