@@ -87,11 +87,18 @@ void AgentsModel::apply(std::vector<AgentSession> sessions, Instant now) {
 }
 
 void AgentsModel::publish(std::vector<AgentSession> sessions, Instant now) {
+  const bool isSame = sessions == sessions_;
+  // Ages stand for a minute and longer; a clock that was set back may need others.
+  if (isSame && now >= publishedAt_ && now < nextAgeAt_) return;
+  publishedAt_ = now;
+  nextAgeAt_ = Instant::max();
   std::vector<AgentRecord> records;
-  for (const AgentSession& session : sessions)
+  for (const AgentSession& session : sessions) {
     records.push_back({session, text(relativeAge(calendar_, session.updatedAt, now))});
+    nextAgeAt_ = std::min(nextAgeAt_, relativeAgeChange(session.updatedAt, now));
+  }
   setRows(records);
-  if (sessions == sessions_) return;
+  if (isSame) return;
   sessions_ = std::move(sessions);
   counts_ = agentCounts(sessions_);
   Q_EMIT sessionsChanged();

@@ -100,6 +100,8 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
   Calendar calendar_;
   Seams seams_;
   std::vector<AgentSession> sessions_;
+  // When the rows were made, and when the age in one of them changes.
+  Instant publishedAt_ = Instant::min(), nextAgeAt_ = Instant::min();
   AgentCounts counts_;
   bool isRefreshing_ = false;
   bool hasLoadedOnce_ = false;

@@ -81,6 +81,13 @@ std::string weekdayTime(const Calendar& calendar, Instant instant) {
   return formattedDate(calendar, instant, "EEEEjmm");
 }
 
+Instant relativeAgeChange(Instant instant, Instant now) {
+  const double seconds = secondsBetween(instant, now).count();
+  if (seconds < 1) return advanced(instant, Seconds(1));
+  const double unit = seconds < 60 ? 1 : seconds < 3600 ? 60 : seconds < 86400 ? 3600 : 86400;
+  return advanced(instant, Seconds((std::floor(seconds / unit) + 1) * unit));
+}
+
 std::string relativeAge(const Calendar& calendar, Instant instant, Instant now) {
   const double seconds = secondsBetween(instant, now).count();
   if (seconds < 1) return nowWord(calendar);

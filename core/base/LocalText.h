@@ -20,6 +20,8 @@ std::string weekdayTime(const Calendar& calendar, Instant instant);
 std::string relativeAge(const Calendar& calendar, Instant instant, Instant now);
 // The same without the word for the past: "2 min", "3 hr", "1 day"; "now" under a minute.
 std::string shortAge(const Calendar& calendar, Instant instant, Instant now);
+// When the text of `relativeAge` changes next.
+Instant relativeAgeChange(Instant instant, Instant now);
 // 999 "999", 1234 "1.2K", 1234567 "1.2M"
 std::string compactCount(const Calendar& calendar, std::int64_t count);
 // With at most `fraction` digits behind the locale's mark, however many stand before it: with one, 12345 is "12.3K".

@@ -26,6 +26,17 @@ TEST(LocalText, WritesTimesInTheLocalesHabit) {
   EXPECT_EQ(formattedDate(Calendar("UTC", "de_DE"), now, "EEEdMMM"), "Sa., 21. Nov.");
 }
 
+TEST(RelativeAge, StandsUntilTheInstantOfItsChange) {
+  const Calendar english("UTC", "en_US");
+  for (const double age : {-5.0, 0.2, 1.0, 59.9, 60.0, 61.5, 3599.0, 3600.0, 86399.5, 86400.0, 400'000.0}) {
+    const Instant written = before(age), change = relativeAgeChange(written, now);
+    EXPECT_GT(change, now) << age;
+    EXPECT_EQ(relativeAge(english, written, change - std::chrono::microseconds(1)), relativeAge(english, written, now))
+        << age;
+    EXPECT_NE(relativeAge(english, written, change), relativeAge(english, written, now)) << age;
+  }
+}
+
 TEST(LocalText, WritesAges) {
   const Calendar english("UTC", "en_US"), german("UTC", "de_DE");
   struct {
