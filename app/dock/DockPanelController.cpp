@@ -216,6 +216,12 @@ void DockPanelController::schedule(Instant now) {
 }
 
 void DockPanelController::watchPointer() {
+  // A bar that always stands has nothing to do by the pointer, unless it makes room for the system's.
+  if (settings_.barAlwaysVisible() && !systemDock_.isPresent()) {
+    seams_.pointer.stopWaiting();
+    slowLook_.stop();
+    return;
+  }
   const bool isAnnounced = seams_.pointer.wakeOnMove([this] {
     restingTicks_ = 0;
     tick(seams_.now());

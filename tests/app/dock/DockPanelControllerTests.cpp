@@ -191,6 +191,11 @@ void DockPanelControllerTests::alwaysVisibleItStaysAndThenGoesByThePointer() {
   f.bar.start();
   f.pass(60);
   QVERIFY(f.isShown());
+  // Meanwhile nobody asks where the pointer is.
+  QVERIFY(!f.pointer.isWaiting());
+  const int looks = f.pointer.looks;
+  f.pass(60);
+  QCOMPARE(f.pointer.looks, looks);
   f.pointer.move({0, 0});
   f.pass(60);
   QVERIFY(f.isShown());
@@ -198,6 +203,7 @@ void DockPanelControllerTests::alwaysVisibleItStaysAndThenGoesByThePointer() {
   f.pass(1);
   f.settings.setBarAlwaysVisible(false);
   QVERIFY(f.isShown());
+  QVERIFY(f.pointer.isWaiting() || f.pointer.looks > looks);
   f.pass(0.6);
   QVERIFY(!f.isShown());
   f.settings.setBarAlwaysVisible(true);
