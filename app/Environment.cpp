@@ -1,8 +1,12 @@
 #include "app/Environment.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <pwd.h>
 #include <unistd.h>
+
+#include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
@@ -17,6 +21,13 @@ fs::path homeFolder(const std::string& home) {
 
 fs::path folder(const std::string& configured, const fs::path& standard) {
   return !configured.empty() && configured.front() == '/' ? fs::path(configured) : standard;
+}
+
+bool takesGTKTheme(const std::string& theme, const std::string& desktop) {
+  if (!theme.empty()) return asciiLower(theme).find("gtk") != std::string::npos;
+  constexpr std::array madeWithGTK{"gnome", "unity", "cinnamon", "mate", "xfce", "lxde", "pantheon", "budgie"};
+  const std::string name = asciiLower(desktop);
+  return std::ranges::any_of(madeWithGTK, [&](const char* each) { return name.find(each) != std::string::npos; });
 }
 
 }  // namespace
@@ -37,7 +48,8 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
           .display = display,
           .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
           .choosesPlatform = !platform.empty(),
-          .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty()};
+          .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty(),
+          .takesGTKTheme = takesGTKTheme(text("QT_QPA_PLATFORMTHEME"), text("XDG_CURRENT_DESKTOP"))};
 }
 
 }  // namespace ambrel
