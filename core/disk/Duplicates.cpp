@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <fcntl.h>
+#include <iterator>
 #include <map>
 #include <sys/stat.h>
 #include <tbb/enumerable_thread_specific.h>
@@ -16,34 +17,42 @@ namespace ambrel {
 namespace {
 
 constexpr std::int64_t reportEvery = 1 << 22;
+// How many bytes of files are kept in memory to be compared with each other; two groups at a time.
+constexpr std::uint64_t keptBytes = 1 << 22;
 
 struct ComparedFile {
   const DuplicateCandidate* candidate = nullptr;
+  std::int64_t space = 0;
   FileIdentity identity;
   bool isUsable = false;
   bool hasOtherNames = false;
   bool mayHaveHoles = false;
+  std::string_view content = {};  // of a small file, while its group is compared
   Digest head{}, tail{}, middle{};
-
-  std::int64_t space() const { return candidate->node->size(); }
 };
 
 using Group = std::vector<ComparedFile*>;
 
+auto lengthOf(const ComparedFile& file) { return std::pair(file.space, file.identity.size); }
+
 // Splits by `key`, larger files first; keeps groups of two or more.
 template <typename Key>
-std::vector<Group> grouped(const std::vector<ComparedFile*>& files, const Key& key) {
-  std::map<decltype(key(*files.front())), Group> byKey;
-  for (ComparedFile* file : files)
-    if (file->isUsable) byKey[key(*file)].push_back(file);
+std::vector<Group> grouped(Group files, const Key& key) {
+  std::erase_if(files, [](const ComparedFile* file) { return !file->isUsable; });
+  std::stable_sort(files.begin(), files.end(),
+                   [&](const ComparedFile* a, const ComparedFile* b) { return key(*b) < key(*a); });
   std::vector<Group> groups;
-  for (auto it = byKey.rbegin(); it != byKey.rend(); ++it)
-    if (it->second.size() > 1) groups.push_back(std::move(it->second));
+  for (auto first = files.begin(); first != files.end();) {
+    const auto last =
+        std::find_if(first, files.end(), [&](const ComparedFile* file) { return key(*file) != key(**first); });
+    if (last - first > 1) groups.emplace_back(first, last);
+    first = last;
+  }
   return groups;
 }
 
-std::vector<ComparedFile*> joined(const std::vector<Group>& groups) {
-  std::vector<ComparedFile*> files;
+Group joined(const std::vector<Group>& groups) {
+  Group files;
   for (const Group& group : groups) files.insert(files.end(), group.begin(), group.end());
   return files;
 }
@@ -53,35 +62,41 @@ class Comparison {
   Comparison(std::int64_t window, const AnalysisControl& control)
       : window_(static_cast<std::uint64_t>(std::max<std::int64_t>(window, 0))), control_(control) {}
 
-  // Groups of equal files.
+  // Groups of equal files, larger ones first.
   std::vector<Group> run(std::vector<ComparedFile>& files) {
-    std::vector<ComparedFile*> all;
+    Group all;
     all.reserve(files.size());
     for (ComparedFile& file : files) all.push_back(&file);
-    each(all, [](ComparedFile& file, ContentHasher&) { ask(file); });
+    each(all.size(), [&](std::size_t i, Worker&) { ask(*all[i]); });
     keepOneNameOfEach(all);
-    auto rest = joined(grouped(all, [](const ComparedFile& f) { return std::pair(f.space(), f.identity.size); }));
 
-    for (const ComparedFile* file : rest) expected_ += file->space();
-    each(rest, [this](ComparedFile& file, ContentHasher& hasher) { readEnds(file, hasher); });
-    const auto ends = [](const ComparedFile& f) { return std::tuple(f.space(), f.identity.size, f.head, f.tail); };
-    std::vector<ComparedFile*> alike = joined(grouped(rest, ends));
-    expected_ = bytes_.load();
-    for (const ComparedFile* file : alike) expected_ += middleOf(*file).second - middleOf(*file).first;
-
-    each(alike, [this](ComparedFile& file, ContentHasher& hasher) { readMiddle(file, hasher); });
-    return grouped(alike, [&](const ComparedFile& f) { return std::tuple_cat(ends(f), std::tuple(f.middle)); });
+    std::vector<Group> small, large;
+    for (Group& group : grouped(std::move(all), lengthOf)) {
+      expected_ += group.front()->space * static_cast<std::int64_t>(group.size());
+      (isKeptInMemory(group) ? small : large).push_back(std::move(group));
+    }
+    std::vector<Group> equal = compareContents(std::move(small));
+    for (Group& group : compareDigests(joined(large))) equal.push_back(std::move(group));
+    std::stable_sort(equal.begin(), equal.end(),
+                     [](const Group& a, const Group& b) { return lengthOf(*b.front()) < lengthOf(*a.front()); });
+    return equal;
   }
 
  private:
+  struct Worker {
+    ContentHasher hasher;
+    std::vector<char> contents;
+  };
+
+  // Calls work(index, worker) for each index below `count`, two at a time.
   template <typename Work>
-  void each(const std::vector<ComparedFile*>& files, const Work& work) {
+  void each(std::size_t count, const Work& work) {
     arena_.execute([&] {
       tbb::parallel_for(
-          std::size_t{0}, files.size(),
+          std::size_t{0}, count,
           [&](std::size_t i) {
             if (control_.stop.stop_requested()) throw Cancelled();
-            work(*files[i], hashers_.local());
+            work(i, workers_.local());
           },
           tbb::simple_partitioner());
     });
@@ -99,7 +114,7 @@ class Comparison {
     file.mayHaveHoles = info.st_blocks * 512 < info.st_size;
   }
 
-  static void keepOneNameOfEach(const std::vector<ComparedFile*>& files) {
+  static void keepOneNameOfEach(const Group& files) {
     std::set<std::pair<std::uint64_t, std::uint64_t>> seen;
     for (ComparedFile* file : files)
       if (file->isUsable && file->hasOtherNames)
@@ -114,15 +129,66 @@ class Comparison {
     return {std::min(window_, file.identity.size), tailStart(file)};
   }
 
-  void readEnds(ComparedFile& file, ContentHasher& hasher) {
-    file.isUsable = false;
-    const FileDescriptor handle = openQuietly(file.candidate->path);
+  // Files that would be read whole in any case, few enough to be held side by side. Holes are left to the digests.
+  bool isKeptInMemory(const Group& group) const {
+    const auto [from, to] = middleOf(*group.front());
+    return from >= to && group.front()->identity.size <= keptBytes / group.size() &&
+           std::none_of(group.begin(), group.end(), [](const ComparedFile* file) { return file->mayHaveHoles; });
+  }
+
+  // By the bytes themselves, since a small file's digest costs more than all else that is done with it.
+  std::vector<Group> compareContents(std::vector<Group> sameLength) {
+    std::vector<std::vector<Group>> splits(sameLength.size());
+    each(sameLength.size(), [&](std::size_t i, Worker& worker) {
+      Group& group = sameLength[i];
+      const std::size_t length = group.front()->identity.size;
+      worker.contents.resize(std::max(worker.contents.size(), length * group.size()));
+      char* place = worker.contents.data();
+      for (ComparedFile* file : group) {
+        readWhole(*file, place);
+        place += length;
+      }
+      splits[i] = grouped(std::move(group), [](const ComparedFile& file) { return file.content; });
+    });
+    std::vector<Group> equal;
+    for (std::vector<Group>& split : splits) std::move(split.begin(), split.end(), std::back_inserter(equal));
+    return equal;
+  }
+
+  std::vector<Group> compareDigests(Group files) {
+    each(files.size(), [&](std::size_t i, Worker& worker) { readEnds(*files[i], worker.hasher); });
+    const auto ends = [](const ComparedFile& f) { return std::tuple(lengthOf(f), f.head, f.tail); };
+    Group alike = joined(grouped(std::move(files), ends));
+    expected_ = bytes_.load();
+    for (const ComparedFile* file : alike) expected_ += middleOf(*file).second - middleOf(*file).first;
+
+    each(alike.size(), [&](std::size_t i, Worker& worker) { readMiddle(*alike[i], worker.hasher); });
+    return grouped(std::move(alike), [&](const ComparedFile& f) { return std::tuple(ends(f), f.middle); });
+  }
+
+  // Empty when it is not the file any more that was asked about, or shares its blocks.
+  static FileDescriptor openAsAsked(ComparedFile& file) {
+    FileDescriptor handle = openQuietly(file.candidate->path);
     const auto identity = handle ? identityOf(handle) : std::nullopt;
-    if (!identity || !identity->isSameFile(file.identity) || identity->size != file.identity.size) return;
-    if (sharesBlocks(handle)) return;
+    if (!identity || !identity->isSameFile(file.identity) || identity->size != file.identity.size ||
+        sharesBlocks(handle))
+      return {};
     file.identity = *identity;
-    file.isUsable = read(file, handle, hasher, 0, std::min(window_, identity->size), file.head) &&
-                    read(file, handle, hasher, tailStart(file), identity->size, file.tail) && isUnchanged(file, handle);
+    return handle;
+  }
+
+  void readWhole(ComparedFile& file, char* place) {
+    const FileDescriptor handle = openAsAsked(file);
+    file.isUsable = handle && readFully(handle, place, file.identity.size, 0) && isUnchanged(file, handle);
+    file.content = {place, file.identity.size};
+    if (file.isUsable) report(static_cast<std::int64_t>(file.identity.size));
+  }
+
+  void readEnds(ComparedFile& file, ContentHasher& hasher) {
+    const FileDescriptor handle = openAsAsked(file);
+    file.isUsable = handle && read(file, handle, hasher, 0, std::min(window_, file.identity.size), file.head) &&
+                    read(file, handle, hasher, tailStart(file), file.identity.size, file.tail) &&
+                    isUnchanged(file, handle);
   }
 
   void readMiddle(ComparedFile& file, ContentHasher& hasher) {
@@ -159,7 +225,7 @@ class Comparison {
   std::atomic<std::int64_t> bytes_ = 0;
   std::int64_t expected_ = 0;
   tbb::task_arena arena_{2};
-  tbb::enumerable_thread_specific<ContentHasher> hashers_;
+  tbb::enumerable_thread_specific<Worker> workers_;
 };
 
 bool isOlder(const ComparedFile* a, const ComparedFile* b) {
@@ -196,6 +262,7 @@ std::vector<CleanupItem> findDuplicates(const std::vector<DuplicateCandidate>& c
     for (const DuplicateCandidate* candidate : same) {
       files.emplace_back();
       files.back().candidate = candidate;
+      files.back().space = size;
     }
   }
   std::vector<CleanupItem> items;

@@ -54,6 +54,19 @@ bool sharesBlocks(const FileDescriptor& file) {
   }
 }
 
+bool readFully(const FileDescriptor& file, void* bytes, std::size_t count, std::uint64_t from) {
+  auto* place = static_cast<char*>(bytes);
+  while (count > 0) {
+    const ssize_t read = pread(file.get(), place, count, static_cast<off_t>(from));
+    if (read < 0 && errno == EINTR) continue;
+    if (read <= 0) return false;
+    place += read;
+    from += static_cast<std::uint64_t>(read);
+    count -= static_cast<std::size_t>(read);
+  }
+  return true;
+}
+
 struct ContentHasher::State {
   std::unique_ptr<EVP_MD, FreeDigest> method{EVP_MD_fetch(nullptr, "SHA256", nullptr)};
   std::unique_ptr<EVP_MD_CTX, FreeDigest> context{EVP_MD_CTX_new()};
@@ -91,17 +104,10 @@ std::optional<Digest> ContentHasher::digest(const FileDescriptor& file, std::uin
       if (at >= to) break;
     }
     const std::size_t wanted = std::min<std::uint64_t>(to - at, chunkBytes);
-    std::size_t filled = 0;
-    while (filled < wanted) {
-      const ssize_t count =
-          pread(file.get(), state.buffer.get() + filled, wanted - filled, static_cast<off_t>(at + filled));
-      if (count < 0 && errno == EINTR) continue;
-      if (count <= 0) return std::nullopt;
-      filled += static_cast<std::size_t>(count);
-    }
-    if (!state.addChunk(state.buffer.get(), filled, at)) return std::nullopt;
-    if (read) read(static_cast<std::int64_t>(filled));
-    at += filled;
+    if (!readFully(file, state.buffer.get(), wanted, at) || !state.addChunk(state.buffer.get(), wanted, at))
+      return std::nullopt;
+    if (read) read(static_cast<std::int64_t>(wanted));
+    at += wanted;
   }
   Digest digest;
   unsigned length = 0;

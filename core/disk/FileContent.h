@@ -1,5 +1,5 @@
 #pragma once
-// What the duplicate rule asks of an open file: its content's digest, and whether its blocks are its own.
+// What the duplicate rule asks of an open file: its content or the digest of it, and whether its blocks are its own.
 
 #include <array>
 #include <functional>
@@ -20,6 +20,9 @@ FileDescriptor openQuietly(const std::string& path);
 // True when other files share some of the file's blocks, so that moving it frees less than its size. False when the
 // file system cannot tell.
 bool sharesBlocks(const FileDescriptor& file);
+
+// Fills `bytes` with what begins at `from`. False when a byte cannot be read.
+bool readFully(const FileDescriptor& file, void* bytes, std::size_t count, std::uint64_t from);
 
 // SHA-256 of ranges of files. Keeps its buffer; one for each thread.
 class ContentHasher {

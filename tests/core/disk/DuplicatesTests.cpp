@@ -1,4 +1,5 @@
 #include <atomic>
+#include <cstring>
 #include <gmock/gmock.h>
 
 #include "core/disk/Duplicates.h"
@@ -82,6 +83,25 @@ TEST(Duplicates, OneDifferentByteAnywhereTellsFilesApart) {
     }
 }
 
+// More of them than are held in memory, so that digests decide.
+TEST(Duplicates, OneDifferentByteTellsFilesApartInACrowd) {
+  for (const std::size_t size : {std::size_t{window / 2}, std::size_t{window + 4096}, std::size_t{2 * window}})
+    for (const std::size_t place : {std::size_t{0}, size / 2, size - 1}) {
+      Tree tree;
+      std::string bytes = Tree::noise(size, 3);
+      tree.write("one", bytes);
+      tree.write("same", bytes);
+      bytes[place] = static_cast<char>(bytes[place] ^ 0x40);
+      tree.write("other", bytes);
+      for (unsigned i = 0; i <= (1 << 22) / size; ++i) {
+        std::memcpy(bytes.data(), &i, sizeof i);
+        tree.write("crowd/" + std::to_string(i), bytes);
+      }
+      EXPECT_THAT(urls(duplicatesIn(tree)), ElementsAre(testing::AnyOf(tree / "one", tree / "same")))
+          << size << " " << place;
+    }
+}
+
 TEST(Duplicates, LengthsThatShareTheirBlocksAreNoCopies) {
   Tree tree;
   tree.write("zeros", std::string(5000, '\0'));
@@ -152,6 +172,39 @@ TEST(Duplicates, HolesAreNotReadAndCompareAsZeros) {
   EXPECT_EQ(duplicatesIn(tree).size(), 1u);
 }
 
+TEST(Duplicates, HolesOfSmallFilesAreNotReadEither) {
+  Tree tree;
+  for (const char* name : {"one", "two"}) {
+    tree.fill(name, 8192);
+    ASSERT_EQ(truncate((tree / name).c_str(), 1 << 21), 0);
+  }
+  AnalysisControl control;
+  control.progress = [](const CompareProgress& progress) { ADD_FAILURE() << progress.bytes << " bytes were read"; };
+  EXPECT_EQ(findDuplicates(Scanned(tree).candidates, 1 << 21, control).size(), 1u);
+}
+
+TEST(Duplicates, FilesThatDifferAtTheirEndsAreNotReadWhole) {
+  Tree tree;
+  for (unsigned i = 0; i < 4; ++i) tree.fill(std::to_string(i), 1 << 20, i);
+  AnalysisControl control;
+  control.progress = [](const CompareProgress& progress) { ADD_FAILURE() << progress.bytes << " bytes were read"; };
+  EXPECT_THAT(duplicatesIn(tree, control), IsEmpty());
+}
+
+TEST(Duplicates, LargerCopiesComeFirst) {
+  Tree tree;
+  for (const std::size_t size :
+       {std::size_t{90'000}, std::size_t{5'000}, std::size_t{10 * window}, std::size_t{20'000}})
+    for (const char* copy : {" a", " b"}) {
+      tree.fill(std::to_string(size) + copy, size, static_cast<unsigned>(size));
+      tree.date(std::to_string(size) + copy, test::someDay);
+    }
+  // Many in one length, so that a digest decides about small ones too.
+  for (unsigned i = 0; i <= (1 << 22) / 20'000; ++i) tree.fill("crowd/" + std::to_string(i), 20'000, 100'000 + i);
+  EXPECT_THAT(urls(duplicatesIn(tree)),
+              ElementsAre(tree / "655360 b", tree / "90000 b", tree / "20000 b", tree / "5000 b"));
+}
+
 TEST(Duplicates, NoByteIsReadTwice) {
   Tree tree;
   std::int64_t total = 0;
@@ -161,6 +214,10 @@ TEST(Duplicates, NoByteIsReadTwice) {
       tree.fill(std::to_string(size) + copy, size, static_cast<unsigned>(size));
       total += static_cast<std::int64_t>(size);
     }
+  // Further names of a file, which is read once. It is the oldest, so that the others are the copies.
+  const std::string named = std::to_string(40 * window) + "a";
+  tree.date(named, test::daysBefore(test::someDay, 5));
+  for (const char* name : {"second name", "third name"}) std::filesystem::create_hard_link(tree / named, tree / name);
   // Same blocks, other content: their ends are read and nothing else.
   tree.fill("alone", 40 * window, 99);
   total += 2 * window;
@@ -181,6 +238,14 @@ TEST(Duplicates, NoByteIsReadTwice) {
 TEST(Duplicates, CanBeCancelledWhileAFileIsRead) {
   Tree tree;
   for (const char* name : {"one", "two"}) tree.fill(name, 12 << 20);
+  std::stop_source stop;
+  AnalysisControl control{.stop = stop.get_token(), .progress = [&](const CompareProgress&) { stop.request_stop(); }};
+  EXPECT_THROW(duplicatesIn(tree, control), Cancelled);
+}
+
+TEST(Duplicates, CanBeCancelledWhileSmallFilesAreRead) {
+  Tree tree;
+  for (unsigned i = 0; i < 240; ++i) tree.fill(std::to_string(i), 50'000 + i / 20, i);
   std::stop_source stop;
   AnalysisControl control{.stop = stop.get_token(), .progress = [&](const CompareProgress&) { stop.request_stop(); }};
   EXPECT_THROW(duplicatesIn(tree, control), Cancelled);
