@@ -19,6 +19,8 @@ namespace {
 constexpr std::int64_t reportEvery = 1 << 22;
 // How many bytes of files are kept in memory to be compared with each other; two groups at a time.
 constexpr std::uint64_t keptBytes = 1 << 22;
+// Of each file, when a few large ones are read side by side.
+constexpr std::uint64_t chunkBytes = 1 << 18;
 
 struct ComparedFile {
   const DuplicateCandidate* candidate = nullptr;
@@ -27,7 +29,8 @@ struct ComparedFile {
   bool isUsable = false;
   bool hasOtherNames = false;
   bool mayHaveHoles = false;
-  std::string_view content = {};  // of a small file, while its group is compared
+  std::string_view content = {};  // what was read last, while its group is compared by bytes
+  FileDescriptor handle = {};     // while its group is read side by side
   Digest head{}, tail{}, middle{};
 };
 
@@ -49,6 +52,18 @@ std::vector<Group> grouped(Group files, const Key& key) {
     first = last;
   }
   return groups;
+}
+
+std::vector<Group> groupedByContent(Group files) {
+  return grouped(std::move(files), [](const ComparedFile& file) { return file.content; });
+}
+
+bool mayHaveHoles(const Group& group) {
+  return std::any_of(group.begin(), group.end(), [](const ComparedFile* file) { return file->mayHaveHoles; });
+}
+
+void append(std::vector<Group>& groups, std::vector<Group> more) {
+  std::move(more.begin(), more.end(), std::back_inserter(groups));
 }
 
 Group joined(const std::vector<Group>& groups) {
@@ -75,8 +90,9 @@ class Comparison {
       expected_ += group.front()->space * static_cast<std::int64_t>(group.size());
       (isKeptInMemory(group) ? small : large).push_back(std::move(group));
     }
-    std::vector<Group> equal = compareContents(std::move(small));
-    for (Group& group : compareDigests(joined(large))) equal.push_back(std::move(group));
+    std::vector<Group> equal =
+        splitEach(std::move(small), [this](const Group& group, Worker& worker) { return compareWhole(group, worker); });
+    append(equal, compareLarge(joined(large)));
     std::stable_sort(equal.begin(), equal.end(),
                      [](const Group& a, const Group& b) { return lengthOf(*b.front()) < lengthOf(*a.front()); });
     return equal;
@@ -86,6 +102,11 @@ class Comparison {
   struct Worker {
     ContentHasher hasher;
     std::vector<char> contents;
+
+    char* room(std::size_t count) {
+      if (contents.size() < count) contents.resize(count);
+      return contents.data();
+    }
   };
 
   // Calls work(index, worker) for each index below `count`, two at a time.
@@ -129,41 +150,91 @@ class Comparison {
     return {std::min(window_, file.identity.size), tailStart(file)};
   }
 
+  // The groups that split(group, worker) makes of each.
+  template <typename Split>
+  std::vector<Group> splitEach(std::vector<Group> groups, const Split& split) {
+    std::vector<std::vector<Group>> parts(groups.size());
+    each(groups.size(), [&](std::size_t i, Worker& worker) { parts[i] = split(groups[i], worker); });
+    std::vector<Group> all;
+    for (std::vector<Group>& part : parts) append(all, std::move(part));
+    return all;
+  }
+
   // Files that would be read whole in any case, few enough to be held side by side. Holes are left to the digests.
   bool isKeptInMemory(const Group& group) const {
     const auto [from, to] = middleOf(*group.front());
-    return from >= to && group.front()->identity.size <= keptBytes / group.size() &&
-           std::none_of(group.begin(), group.end(), [](const ComparedFile* file) { return file->mayHaveHoles; });
+    return from >= to && group.front()->identity.size <= keptBytes / group.size() && !mayHaveHoles(group);
   }
 
   // By the bytes themselves, since a small file's digest costs more than all else that is done with it.
-  std::vector<Group> compareContents(std::vector<Group> sameLength) {
-    std::vector<std::vector<Group>> splits(sameLength.size());
-    each(sameLength.size(), [&](std::size_t i, Worker& worker) {
-      Group& group = sameLength[i];
-      const std::size_t length = group.front()->identity.size;
-      worker.contents.resize(std::max(worker.contents.size(), length * group.size()));
-      char* place = worker.contents.data();
-      for (ComparedFile* file : group) {
-        readWhole(*file, place);
-        place += length;
-      }
-      splits[i] = grouped(std::move(group), [](const ComparedFile& file) { return file.content; });
-    });
-    std::vector<Group> equal;
-    for (std::vector<Group>& split : splits) std::move(split.begin(), split.end(), std::back_inserter(equal));
+  std::vector<Group> compareWhole(const Group& group, Worker& worker) {
+    const std::size_t length = group.front()->identity.size;
+    char* place = worker.room(length * group.size());
+    for (ComparedFile* file : group) {
+      readWhole(*file, place);
+      place += length;
+    }
+    return groupedByContent(group);
+  }
+
+  // The ends by digests, as many files may share a length and most differ there; then what lies between.
+  std::vector<Group> compareLarge(Group files) {
+    each(files.size(), [&](std::size_t i, Worker& worker) { readEnds(*files[i], worker.hasher); });
+    const auto ends = [](const ComparedFile& f) { return std::tuple(lengthOf(f), f.head, f.tail); };
+    expected_ = bytes_.load();
+    std::vector<Group> few, many;
+    for (Group& group : grouped(std::move(files), ends)) {
+      const auto [from, to] = middleOf(*group.front());
+      expected_ += static_cast<std::int64_t>((to - from) * group.size());
+      const bool isFew = group.size() <= keptBytes / chunkBytes && !mayHaveHoles(group);
+      (isFew ? few : many).push_back(std::move(group));
+    }
+    std::vector<Group> equal =
+        splitEach(std::move(few), [this](const Group& group, Worker& worker) { return compareMiddles(group, worker); });
+    Group rest = joined(many);
+    each(rest.size(), [&](std::size_t i, Worker& worker) { readMiddle(*rest[i], worker.hasher); });
+    append(equal, grouped(std::move(rest), [&](const ComparedFile& f) { return std::tuple(ends(f), f.middle); }));
     return equal;
   }
 
-  std::vector<Group> compareDigests(Group files) {
-    each(files.size(), [&](std::size_t i, Worker& worker) { readEnds(*files[i], worker.hasher); });
-    const auto ends = [](const ComparedFile& f) { return std::tuple(lengthOf(f), f.head, f.tail); };
-    Group alike = joined(grouped(std::move(files), ends));
-    expected_ = bytes_.load();
-    for (const ComparedFile* file : alike) expected_ += middleOf(*file).second - middleOf(*file).first;
+  // Chunk by chunk and side by side, each file only as far as another one is like it.
+  std::vector<Group> compareMiddles(const Group& group, Worker& worker) {
+    const auto [from, to] = middleOf(*group.front());
+    if (from >= to) return {group};
+    for (ComparedFile* file : group) {
+      file->handle = openQuietly(file->candidate->path);
+      file->isUsable = file->handle && isUnchanged(*file, file->handle);
+    }
+    std::vector<Group> alike = grouped(group, lengthOf);
+    for (std::uint64_t at = from; at < to && !alike.empty(); at += chunkBytes) {
+      const std::uint64_t count = std::min(chunkBytes, to - at);
+      std::vector<Group> next;
+      for (const Group& files : alike) {
+        readChunks(files, at, count, worker);
+        std::vector<Group> parts = groupedByContent(files);
+        const std::size_t dropped = files.size() - joined(parts).size();
+        expected_ -= static_cast<std::int64_t>(dropped * (to - at - count));
+        append(next, std::move(parts));
+      }
+      alike = std::move(next);
+    }
+    for (ComparedFile* file : group) {
+      file->isUsable = file->isUsable && isUnchanged(*file, file->handle);
+      file->handle.reset();
+    }
+    std::vector<Group> equal;
+    for (Group& files : alike) append(equal, grouped(std::move(files), lengthOf));
+    return equal;
+  }
 
-    each(alike.size(), [&](std::size_t i, Worker& worker) { readMiddle(*alike[i], worker.hasher); });
-    return grouped(std::move(alike), [&](const ComparedFile& f) { return std::tuple(ends(f), f.middle); });
+  void readChunks(const Group& files, std::uint64_t from, std::uint64_t count, Worker& worker) {
+    char* place = worker.room(count * files.size());
+    for (ComparedFile* file : files) {
+      file->isUsable = readFully(file->handle, place, count, from);
+      file->content = {place, count};
+      if (file->isUsable) report(static_cast<std::int64_t>(count));
+      place += count;
+    }
   }
 
   // Empty when it is not the file any more that was asked about, or shares its blocks.
@@ -223,7 +294,7 @@ class Comparison {
   const std::uint64_t window_;
   const AnalysisControl& control_;
   std::atomic<std::int64_t> bytes_ = 0;
-  std::int64_t expected_ = 0;
+  std::atomic<std::int64_t> expected_ = 0;
   tbb::task_arena arena_{2};
   tbb::enumerable_thread_specific<Worker> workers_;
 };

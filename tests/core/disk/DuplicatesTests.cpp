@@ -68,7 +68,7 @@ TEST(Duplicates, CopiesOfOneDateKeepTheShorterName) {
 // Files of one size that differ in a single byte, at every place where one stage ends and another begins.
 TEST(Duplicates, OneDifferentByteAnywhereTellsFilesApart) {
   for (const std::size_t size : {std::size_t{5'000}, std::size_t{window}, std::size_t{window + 4096},
-                                 std::size_t{2 * window}, std::size_t{5 * window + 77}})
+                                 std::size_t{2 * window}, std::size_t{5 * window + 77}, std::size_t{14 * window + 77}})
     for (const std::size_t place :
          {std::size_t{0}, size / 2, size - 1, std::min<std::size_t>(window - 1, size - 1),
           std::min<std::size_t>(window, size - 1), size - std::min<std::size_t>(window + 1, size)}) {
@@ -85,7 +85,8 @@ TEST(Duplicates, OneDifferentByteAnywhereTellsFilesApart) {
 
 // More of them than are held in memory, so that digests decide.
 TEST(Duplicates, OneDifferentByteTellsFilesApartInACrowd) {
-  for (const std::size_t size : {std::size_t{window / 2}, std::size_t{window + 4096}, std::size_t{2 * window}})
+  for (const std::size_t size :
+       {std::size_t{window / 2}, std::size_t{window + 4096}, std::size_t{2 * window}, std::size_t{5 * window}})
     for (const std::size_t place : {std::size_t{0}, size / 2, size - 1}) {
       Tree tree;
       std::string bytes = Tree::noise(size, 3);
@@ -93,8 +94,8 @@ TEST(Duplicates, OneDifferentByteTellsFilesApartInACrowd) {
       tree.write("same", bytes);
       bytes[place] = static_cast<char>(bytes[place] ^ 0x40);
       tree.write("other", bytes);
-      for (unsigned i = 0; i <= (1 << 22) / size; ++i) {
-        std::memcpy(bytes.data(), &i, sizeof i);
+      for (unsigned i = 0; i < 20 + (1 << 22) / size; ++i) {
+        std::memcpy(bytes.data() + size / 2 - sizeof i, &i, sizeof i);
         tree.write("crowd/" + std::to_string(i), bytes);
       }
       EXPECT_THAT(urls(duplicatesIn(tree)), ElementsAre(testing::AnyOf(tree / "one", tree / "same")))
@@ -188,6 +189,31 @@ TEST(Duplicates, FilesThatDifferAtTheirEndsAreNotReadWhole) {
   for (unsigned i = 0; i < 4; ++i) tree.fill(std::to_string(i), 1 << 20, i);
   AnalysisControl control;
   control.progress = [](const CompareProgress& progress) { ADD_FAILURE() << progress.bytes << " bytes were read"; };
+  EXPECT_THAT(duplicatesIn(tree, control), IsEmpty());
+}
+
+TEST(Duplicates, SeveralGroupsMayShareLengthAndEnds) {
+  Tree tree;
+  std::string bytes = Tree::noise(14 * window, 3);
+  for (const char* kind : {"x", "y", "z"}) {
+    bytes[9 * window] = kind[0];
+    for (const char* copy : {"1", "2", "3"}) {
+      const std::string name = std::string(kind) + copy;
+      tree.write(name, bytes);
+      tree.date(name, test::daysBefore(test::someDay, '9' - copy[0]));
+    }
+  }
+  bytes[4 * window] = static_cast<char>(bytes[4 * window] ^ 1);
+  tree.write("alone", bytes);
+  EXPECT_THAT(urls(duplicatesIn(tree)),
+              UnorderedElementsAre(tree / "x2", tree / "x3", tree / "y2", tree / "y3", tree / "z2", tree / "z3"));
+}
+
+TEST(Duplicates, AFileThatIsWrittenToMeanwhileDropsOut) {
+  Tree tree;
+  for (const char* name : {"one", "two"}) tree.fill(name, 12 << 20);
+  AnalysisControl control;
+  control.progress = [&](const CompareProgress&) { tree.date("one", test::someDay); };
   EXPECT_THAT(duplicatesIn(tree, control), IsEmpty());
 }
 
