@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <utility>
 
 #include "core/base/LocalText.h"
 
@@ -29,29 +30,45 @@ void SystemMonitor::tick(Instant now) {
   const Seconds at = readings_.sinceBoot();
   if (lastTick_ && at - *lastTick_ > longestGap) forget();
   lastTick_ = at;
+  sampleProcessor();
+  if (wanted_.memory) sampleMemory();
+  if (wanted_.network) sampleNetwork(at);
+  sampleDisk(now);
+}
+
+void SystemMonitor::sampleProcessor() {
+  const auto percent = [this] { return cpuUsage_ ? std::optional(std::lround(*cpuUsage_ * 100)) : std::nullopt; };
+  const auto before = percent();
   const auto ticks = readings_.processor();
   if (ticks && lastTicks_) {
     // Two readings within one clock tick of the kernel say nothing; the last share stands.
     if (const auto usage = processorUsage(*lastTicks_, *ticks)) {
       cpuUsage_ = usage;
       cpuHistory_.append(*usage * 100);
+      Q_EMIT cpuHistoryChanged();
     }
   }
   if (!ticks) cpuUsage_.reset();
   lastTicks_ = ticks;
-  if (wanted_.memory) memory_ = readings_.memory();
-  if (wanted_.network) sampleNetwork(at);
-  sampleDisk(now);
-  Q_EMIT ticked();
+  if (percent() != before) Q_EMIT cpuChanged();
+}
+
+void SystemMonitor::sampleMemory() {
+  const auto before = std::exchange(memory_, readings_.memory());
+  if (memory_ != before) Q_EMIT memoryChanged();
 }
 
 void SystemMonitor::setWanted(const Wanted& wanted) {
   if (wanted == wanted_) return;
   wanted_ = wanted;
   // What comes on the bar now need not wait for the next tick, as far as one reading tells anything.
-  memory_ = wanted.memory ? readings_.memory() : std::nullopt;
+  if (wanted.memory) {
+    sampleMemory();
+  } else {
+    memory_.reset();
+    Q_EMIT memoryChanged();
+  }
   if (!wanted.network) forgetNetwork();
-  Q_EMIT ticked();
 }
 
 // The computer slept: what was before is no part of the last minute, and nothing to reckon with.
@@ -59,6 +76,8 @@ void SystemMonitor::forget() {
   lastTicks_.reset();
   cpuUsage_.reset();
   cpuHistory_ = History(historyLength);
+  Q_EMIT cpuChanged();
+  Q_EMIT cpuHistoryChanged();
   forgetNetwork();
 }
 
@@ -66,6 +85,7 @@ void SystemMonitor::forgetNetwork() {
   network_.reset();
   lastNetwork_.reset();
   downloadHistory_ = uploadHistory_ = History(historyLength);
+  Q_EMIT networkChanged();
 }
 
 void SystemMonitor::sampleNetwork(Seconds at) {
@@ -78,6 +98,7 @@ void SystemMonitor::sampleNetwork(Seconds at) {
     uploadHistory_.append(network_->sentPerSecond);
   }
   lastNetwork_ = std::move(sample);
+  Q_EMIT networkChanged();
 }
 
 void SystemMonitor::sampleDisk(Instant now) {
@@ -94,7 +115,7 @@ void SystemMonitor::sampleDisk(Instant now) {
               });
 }
 
-qreal SystemMonitor::cpuPercent() const { return cpuUsage_ ? *cpuUsage_ * 100 : unknown; }
+qreal SystemMonitor::cpuPercent() const { return cpuUsage_ ? std::round(*cpuUsage_ * 100) : unknown; }
 
 qreal SystemMonitor::memoryPercent() const {
   return memory_ ? 100.0 * static_cast<qreal>(memory_->usedBytes()) / static_cast<qreal>(memory_->totalBytes) : unknown;

@@ -20,29 +20,29 @@ class SystemMonitor : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  // Percent, for rings and charts; not a number while unknown.
-  Q_PROPERTY(qreal cpuPercent READ cpuPercent NOTIFY ticked)
-  Q_PROPERTY(qreal memoryPercent READ memoryPercent NOTIFY ticked)
+  // Percent, for rings and charts; not a number while unknown. Whole percents of the processor: nobody sees less.
+  Q_PROPERTY(qreal cpuPercent READ cpuPercent NOTIFY cpuChanged)
+  Q_PROPERTY(qreal memoryPercent READ memoryPercent NOTIFY memoryChanged)
   Q_PROPERTY(qreal diskPercent READ diskPercent NOTIFY diskChanged)
-  Q_PROPERTY(QList<qreal> cpuHistory READ cpuHistory NOTIFY ticked)
-  Q_PROPERTY(QList<qreal> downloadHistory READ downloadHistory NOTIFY ticked)
-  Q_PROPERTY(QList<qreal> uploadHistory READ uploadHistory NOTIFY ticked)
+  Q_PROPERTY(QList<qreal> cpuHistory READ cpuHistory NOTIFY cpuHistoryChanged)
+  Q_PROPERTY(QList<qreal> downloadHistory READ downloadHistory NOTIFY networkChanged)
+  Q_PROPERTY(QList<qreal> uploadHistory READ uploadHistory NOTIFY networkChanged)
   // How many values a full history has.
   Q_PROPERTY(int historyCapacity READ historyCapacity CONSTANT)
   // The top of a chart that holds both histories of the network.
-  Q_PROPERTY(qreal networkCeiling READ networkCeiling NOTIFY ticked)
+  Q_PROPERTY(qreal networkCeiling READ networkCeiling NOTIFY networkChanged)
   // As they are shown; "" while unknown.
-  Q_PROPERTY(QString cpuText READ cpuText NOTIFY ticked)
-  Q_PROPERTY(QString memoryPercentText READ memoryPercentText NOTIFY ticked)
-  Q_PROPERTY(QString memoryText READ memoryText NOTIFY ticked)
+  Q_PROPERTY(QString cpuText READ cpuText NOTIFY cpuChanged)
+  Q_PROPERTY(QString memoryPercentText READ memoryPercentText NOTIFY memoryChanged)
+  Q_PROPERTY(QString memoryText READ memoryText NOTIFY memoryChanged)
   Q_PROPERTY(QString diskText READ diskText NOTIFY diskChanged)
   // The same in a word: what is used, and what is free.
-  Q_PROPERTY(QString memoryUsedText READ memoryUsedText NOTIFY ticked)
+  Q_PROPERTY(QString memoryUsedText READ memoryUsedText NOTIFY memoryChanged)
   Q_PROPERTY(QString diskFreeText READ diskFreeText NOTIFY diskChanged)
-  Q_PROPERTY(QString downloadFigure READ downloadFigure NOTIFY ticked)
-  Q_PROPERTY(QString downloadUnit READ downloadUnit NOTIFY ticked)
-  Q_PROPERTY(QString uploadFigure READ uploadFigure NOTIFY ticked)
-  Q_PROPERTY(QString uploadUnit READ uploadUnit NOTIFY ticked)
+  Q_PROPERTY(QString downloadFigure READ downloadFigure NOTIFY networkChanged)
+  Q_PROPERTY(QString downloadUnit READ downloadUnit NOTIFY networkChanged)
+  Q_PROPERTY(QString uploadFigure READ uploadFigure NOTIFY networkChanged)
+  Q_PROPERTY(QString uploadUnit READ uploadUnit NOTIFY networkChanged)
   Q_PROPERTY(int coreCount READ coreCount CONSTANT)
 
  public:
@@ -90,13 +90,18 @@ class SystemMonitor : public QObject {
   QString uploadUnit() const;
 
  Q_SIGNALS:
-  void ticked();
+  void cpuChanged();
+  void cpuHistoryChanged();
+  void memoryChanged();
+  void networkChanged();
   void diskChanged();
 
  private:
   void forget();
   void forgetNetwork();
   QString percentText(qreal percent) const;
+  void sampleProcessor();
+  void sampleMemory();
   void sampleNetwork(Seconds at);
   void sampleDisk(Instant now);
 

@@ -31,7 +31,32 @@ class SystemMonitorTests : public QObject {
   void aNetworkThatComesBackGivesNoSpike();
   void theVolumeIsReadOffTheMainThreadAtMostOnceAMinute();
   void whatNobodyLooksAtIsUnknownAndComesBackWithoutASpike();
+  void aShareThatStaysIsNotAnnounced();
 };
+
+void SystemMonitorTests::aShareThatStaysIsNotAnnounced() {
+  Fixture f;
+  QSignalSpy share(&f.monitor, &SystemMonitor::cpuChanged), history(&f.monitor, &SystemMonitor::cpuHistoryChanged);
+  QSignalSpy memory(&f.monitor, &SystemMonitor::memoryChanged);
+  f.monitor.tick(at(0));
+  QCOMPARE(memory.count(), 1);
+  f.readings.pass(2, 101, 899);
+  f.monitor.tick(at(2));
+  f.readings.pass(2, 102, 898);
+  f.monitor.tick(at(4));
+  QCOMPARE(f.monitor.cpuText(), QStringLiteral("10 %"));
+  QCOMPARE(share.count(), 1);
+  QCOMPARE(history.count(), 2);
+  QCOMPARE(memory.count(), 1);
+  f.readings.pass(2, 120, 880);
+  f.monitor.tick(at(6));
+  QCOMPARE(share.count(), 2);
+  // A sleep leaves nothing known.
+  f.readings.pass(3600, 1, 1);
+  f.monitor.tick(at(3606));
+  QVERIFY(std::isnan(f.monitor.cpuPercent()));
+  QCOMPARE(share.count(), 3);
+}
 
 void SystemMonitorTests::whatNobodyLooksAtIsUnknownAndComesBackWithoutASpike() {
   Fixture f;
