@@ -50,7 +50,7 @@ void SparklineCurve::paint(QPainter* painter) {
   const qreal right = width() - (marksLast_ ? dotRadius : lineWidth / 2);
   const qreal step = (right - lineWidth / 2) / (capacity_ - 1);
   const qreal ceiling = dotRadius;
-  const qreal floor = height() - lineWidth / 2;
+  const qreal floor = height() - (marksLast_ ? dotRadius : lineWidth / 2);
   const auto point = [&](qsizetype i) {
     const qreal share = top > 0 ? std::clamp(recent[i] / top, 0.0, 1.0) : 0;
     return QPointF(right - step * static_cast<qreal>(count - 1 - i), floor - share * (floor - ceiling));
