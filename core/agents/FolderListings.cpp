@@ -30,27 +30,17 @@ FolderListings::Entries listed(const std::string& folder, bool followsLink) {
 FolderListings::Entries FolderListings::entries(const std::string& folder, bool followsLink) {
   struct stat info;
   if (fstatat(AT_FDCWD, folder.c_str(), &info, followsLink ? 0 : AT_SYMLINK_NOFOLLOW) != 0 || !S_ISDIR(info.st_mode)) {
-    const std::lock_guard lock(lock_);
-    looks_.erase(folder);
+    looks_.forget(folder);
     return nullptr;
   }
-  // Asked before the folder is read: what changes meanwhile is seen the next time.
   const Stamp stamp{info.st_dev, info.st_ino, info.st_mtim};
-  bool isConfirmed = false;
-  {
-    const std::lock_guard lock(lock_);
-    if (const auto found = looks_.find(folder); found != looks_.end() && found->second.stamp == stamp) {
-      if (found->second.isConfirmed) return found->second.entries;
-      isConfirmed = true;
-    }
-  }
-  Entries entries = listed(folder, followsLink);
-  const std::lock_guard lock(lock_);
-  if (entries)
-    looks_[folder] = {stamp, isConfirmed, entries};
-  else
-    looks_.erase(folder);
-  return entries;
+  return looks_
+      .get(folder, stamp,
+           [&] {
+             Entries entries = listed(folder, followsLink);
+             return entries ? std::optional(std::move(entries)) : std::nullopt;
+           })
+      .value_or(nullptr);
 }
 
 }  // namespace ambrel

@@ -3,17 +3,16 @@
 
 #include <ctime>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
-#include <unordered_map>
 #include <vector>
+
+#include "core/base/StampedCache.h"
 
 namespace ambrel {
 
-// A folder whose date is what it was at the two looks before is not opened again: a change within the grain of its date
-// shows by the second look at the latest. May be used from several threads.
+// A folder whose date is what it was at the two looks before is not opened again. May be used from several threads.
 class FolderListings {
  public:
   struct Entry {
@@ -36,13 +35,7 @@ class FolderListings {
              modified.tv_nsec == other.modified.tv_nsec;
     }
   };
-  struct Look {
-    Stamp stamp;
-    bool isConfirmed = false;
-    Entries entries;
-  };
-  std::mutex lock_;
-  std::unordered_map<std::string, Look> looks_;
+  StampedCache<Stamp, Entries> looks_;
 };
 
 }  // namespace ambrel

@@ -165,24 +165,14 @@ StoreCache::Stamp StoreCache::stampOf(const std::filesystem::path& path) {
 
 StoreCache::Rows StoreCache::rows(const std::filesystem::path& path, const char* sql,
                                   std::span<const std::int64_t> bindings) {
-  // Asked before the store is read: what changes meanwhile is seen the next time.
   const Stamp stamp = stampOf(path);
-  bool isConfirmed = false;
-  {
-    const std::lock_guard lock(lock_);
-    if (const auto found = entries_.find(path.native()); found != entries_.end() && found->second.stamp == stamp) {
-      if (found->second.isConfirmed) return found->second.rows;
-      isConfirmed = true;
-    }
-  }
-  auto result = stamp.store ? queryStore(path, sql, bindings) : StoreResult{};
-  const auto rows = std::make_shared<const std::vector<StoreRow>>(std::move(result.rows));
-  const std::lock_guard lock(lock_);
-  if (result.isWhole)
-    entries_[path.native()] = {stamp, isConfirmed, rows};
-  else
-    entries_.erase(path.native());
-  return rows;
+  Rows rows;
+  const auto kept = entries_.get(path.native(), stamp, [&] {
+    auto result = stamp.store ? queryStore(path, sql, bindings) : StoreResult{};
+    rows = std::make_shared<const std::vector<StoreRow>>(std::move(result.rows));
+    return result.isWhole ? std::optional(rows) : std::nullopt;
+  });
+  return kept.value_or(rows);
 }
 
 }  // namespace ambrel

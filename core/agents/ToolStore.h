@@ -11,15 +11,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "core/base/Files.h"
+#include "core/base/StampedCache.h"
 
 namespace ambrel {
 
@@ -61,13 +60,7 @@ class StoreCache {
   };
   static Stamp stampOf(const std::filesystem::path& path);
 
-  struct Entry {
-    Stamp stamp;
-    bool isConfirmed = false;
-    Rows rows;
-  };
-  std::mutex lock_;
-  std::unordered_map<std::string, Entry> entries_;
+  StampedCache<Stamp, Rows> entries_;
 };
 
 }  // namespace ambrel
