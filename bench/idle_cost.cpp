@@ -1,7 +1,10 @@
 // What programs cost while nothing happens: starts them together, lets them settle, and measures each with its
 // children for a while. The first is the floor; the rest are printed as ratios to it.
 //
-//   idle_cost [--seconds N] [--settle N] NAME=COMMAND...      COMMAND is split at blanks and started without a shell
+//   idle_cost [--seconds N] [--settle N] [--budget NAME PROCESSOR WAKES MEMORY] NAME=COMMAND...
+//
+// COMMAND is split at blanks and started without a shell. The budget of a program is the ratio of its processor time,
+// its wake-ups a second and the ratio of its memory; it ends with 1 when one of them is missed.
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +12,7 @@
 #include <fcntl.h>
 #include <fstream>
 #include <map>
+#include <optional>
 #include <signal.h>
 #include <sstream>
 #include <string>
@@ -84,6 +88,25 @@ Cost measured(int root) {
   return cost;
 }
 
+struct Budget {
+  std::string name;
+  double processorRatio = 0, wakeUpsPerSecond = 0, memoryRatio = 0;
+
+  // Says what was missed.
+  bool isKept(const Cost& cost, const Cost& floor, int seconds) const {
+    bool kept = true;
+    const auto check = [&](const char* what, double measured, double budget) {
+      if (measured <= budget) return;
+      kept = false;
+      std::printf("%s: %s %.2f, budget %.2f: missed\n", name.c_str(), what, measured, budget);
+    };
+    check("processor ratio", cost.cpuSeconds / floor.cpuSeconds, processorRatio);
+    check("wakes/s", cost.wakeUps / seconds, wakeUpsPerSecond);
+    check("memory ratio", cost.proportionalKiB / floor.proportionalKiB, memoryRatio);
+    return kept;
+  }
+};
+
 pid_t started(const Program& program) {
   const pid_t pid = fork();
   if (pid != 0) return pid;
@@ -103,6 +126,7 @@ pid_t started(const Program& program) {
 
 int main(int count, char** words) {
   int seconds = 60, settle = 8;
+  Budget budget;
   std::vector<Program> programs;
   for (int i = 1; i < count; ++i) {
     const std::string word = words[i];
@@ -110,6 +134,9 @@ int main(int count, char** words) {
       seconds = std::atoi(words[++i]);
     } else if (word == "--settle" && i + 1 < count) {
       settle = std::atoi(words[++i]);
+    } else if (word == "--budget" && i + 4 < count) {
+      budget = {words[i + 1], std::atof(words[i + 2]), std::atof(words[i + 3]), std::atof(words[i + 4])};
+      i += 4;
     } else {
       Program program{word.substr(0, word.find('=')), {}, -1};
       std::istringstream rest(word.substr(std::min(word.size(), word.find('=') + 1)));
@@ -117,7 +144,10 @@ int main(int count, char** words) {
       if (!program.words.empty()) programs.push_back(program);
     }
   }
-  if (programs.empty()) return std::fputs("usage: idle_cost [--seconds N] NAME=COMMAND...\n", stderr), 2;
+  if (programs.empty())
+    return std::fputs("usage: idle_cost [--seconds N] [--settle N] [--budget NAME CPU WAKES PSS] NAME=COMMAND...\n",
+                      stderr),
+           2;
 
   for (Program& program : programs) program.pid = started(program);
   std::this_thread::sleep_for(std::chrono::seconds(settle));
@@ -128,6 +158,7 @@ int main(int count, char** words) {
   std::printf("%-12s %10s %8s %10s %8s %9s %8s\n", "program", "CPU ms", "ratio", "wakes/s", "ratio", "PSS MiB",
               "ratio");
   Cost floor;
+  std::optional<Cost> judged;
   for (std::size_t i = 0; i < programs.size(); ++i) {
     if (waitpid(programs[i].pid, nullptr, WNOHANG) != 0) {
       std::printf("%-12s ended by itself; not measured\n", programs[i].name.c_str());
@@ -137,6 +168,7 @@ int main(int count, char** words) {
     cost.cpuSeconds -= before[i].cpuSeconds;
     cost.wakeUps -= before[i].wakeUps;
     if (i == 0) floor = cost;
+    if (programs[i].name == budget.name) judged = cost;
     std::printf("%-12s %10.1f %8.2f %10.2f %8.2f %9.1f %8.2f\n", programs[i].name.c_str(), cost.cpuSeconds * 1000,
                 cost.cpuSeconds / floor.cpuSeconds, cost.wakeUps / seconds, cost.wakeUps / floor.wakeUps,
                 cost.proportionalKiB / 1024, cost.proportionalKiB / floor.proportionalKiB);
@@ -144,5 +176,5 @@ int main(int count, char** words) {
   for (const Program& program : programs) kill(-program.pid, SIGTERM);
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   for (const Program& program : programs) kill(-program.pid, SIGKILL);
-  return 0;
+  return budget.name.empty() || (judged && budget.isKept(*judged, floor, seconds)) ? 0 : 1;
 }
