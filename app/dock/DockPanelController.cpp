@@ -6,6 +6,7 @@
 
 #include "app/dock/PanelWindow.h"
 #include "app/kit/KeyboardFocus.h"
+#include "app/kit/Theme.h"
 
 namespace ambrel {
 namespace {
@@ -76,6 +77,7 @@ void DockPanelController::start() {
 
 void DockPanelController::makeWindow() {
   window_ = std::make_unique<PanelWindow>(engine_, seams_.windowStyle, WindowRole::dock);
+  window_->setCornerRadius(Theme::radiusBar);
   window_->setInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(this)},
                                  {QStringLiteral("context"), QVariant::fromValue(&context_)}});
   window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/DockView.qml")));

@@ -3,16 +3,12 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "app/kit/Theme.h"
+
 namespace ambrel {
-namespace {
-
-// The corners of a panel, for displays on which nothing may be clear.
-constexpr double panelRadius = 16;
-
-}  // namespace
 
 PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role)
-    : QQuickView(&engine, nullptr), style_(style) {
+    : QQuickView(&engine, nullptr), style_(style), cornerRadius_(Theme::radiusPanel) {
   setColor(Qt::transparent);
   setResizeMode(QQuickView::SizeRootObjectToView);
   setPersistentGraphics(false);
@@ -34,10 +30,16 @@ void PanelWindow::setPanelFrame(const QRect& frame, const QRect& screen) {
   Q_EMIT panelRectChanged();
 }
 
+void PanelWindow::setCornerRadius(int radius) {
+  if (cornerRadius_ == radius) return;
+  cornerRadius_ = radius;
+  if (!panelFrame_.isNull()) updateShape();
+}
+
 void PanelWindow::updateShape() {
   const QRect panel = panelRect();
   style_.setRoundedMask(*this, panel.x(), panel.y(), panel.width(), panel.height(),
-                        style_.isCompositing() ? 0 : panelRadius);
+                        style_.isCompositing() ? 0 : cornerRadius_);
   if (!flags().testFlag(Qt::WindowTransparentForInput))
     style_.setInputRect(*this, panel.x(), panel.y(), panel.width(), panel.height());
 }

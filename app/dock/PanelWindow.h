@@ -25,6 +25,9 @@ class PanelWindow : public QQuickView {
   // Where the panel itself stands, in the window system's coordinates. The window does not leave `screen`, so near an
   // edge its margin is narrower.
   void setPanelFrame(const QRect& frame, const QRect& screen);
+  // That of what is drawn, in pixels of the toolkit; a panel's at first. Where nothing may be clear, because there is
+  // no compositor, the window is cut to it.
+  void setCornerRadius(int radius);
   QRect panelFrame() const { return panelFrame_; }
   // The panel within the window.
   QRect panelRect() const { return panelFrame_.translated(-windowFrame_.topLeft()); }
@@ -43,6 +46,7 @@ class PanelWindow : public QQuickView {
 
   WindowStyle& style_;
   QRect panelFrame_, windowFrame_;
+  int cornerRadius_;
   bool wasActive_ = false;
 };
 

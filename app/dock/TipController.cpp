@@ -5,6 +5,7 @@
 #include <QScreen>
 
 #include "app/dock/PanelWindow.h"
+#include "app/kit/Theme.h"
 #include "app/kit/Tips.h"
 
 namespace ambrel {
@@ -31,6 +32,7 @@ void TipController::update() {
   }
   if (!window_) {
     window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::bubble);
+    window_->setCornerRadius(Theme::radiusSmall);
     // No business of the window manager's: its frame would take the pointer from what the tip speaks of.
     window_->setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput |
                       Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);

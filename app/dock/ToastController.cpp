@@ -3,9 +3,11 @@
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <algorithm>
 
 #include "app/dock/DockPopoverController.h"
 #include "app/dock/PanelWindow.h"
+#include "app/kit/Theme.h"
 
 namespace ambrel {
 namespace {
@@ -63,6 +65,7 @@ void ToastController::place() {
   const auto* toast = root ? root->property("toast").value<QQuickItem*>() : nullptr;
   if (!toast) return;
   const QSize size(qCeil(toast->implicitWidth()), qCeil(toast->implicitHeight()));
+  window_->setCornerRadius(std::min(Theme::radiusBar, size.height() / 2));
   if (above_.isEmpty()) {
     const PanelAnchor anchor = anchor_();
     window_->setPanelFrame(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),

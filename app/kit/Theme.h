@@ -218,6 +218,8 @@ class Theme : public QObject {
   // How far panels and toasts rise while they open, and how small a pressed thing becomes.
   qreal travel() const { return reducedMotion() ? 0 : 12; }
   qreal pressScale() const { return reducedMotion() ? 1 : 0.97; }
+  static constexpr int radiusBar = 20, radiusPanel = 16, radiusTile = 14, radiusCard = 12, radiusButton = 10;
+  static constexpr int radiusSmall = 8, radiusHighlight = 6, radiusCheck = 5;
 
  Q_SIGNALS:
   void choiceChanged();
@@ -227,8 +229,6 @@ class Theme : public QObject {
 
  private:
   static constexpr int space1 = 4, space2 = 8, space3 = 12, space4 = 16, space5 = 20, space6 = 24;
-  static constexpr int radiusBar = 20, radiusPanel = 16, radiusTile = 14, radiusCard = 12, radiusButton = 10;
-  static constexpr int radiusSmall = 8, radiusHighlight = 6, radiusCheck = 5;
   static constexpr int toastStay = 6000, tipDelay = 600;
 
   int scaled(int size) const;

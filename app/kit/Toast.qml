@@ -33,7 +33,7 @@ PanelGround {
 
     implicitWidth: content.width + 2 * (Theme.space4 + 2)
     implicitHeight: Math.max(40, content.height + Theme.space3)
-    radius: Math.round(Math.min(20, height / 2))
+    radius: Math.min(Theme.radiusBar, Math.floor(height / 2))
     shadow: "floating"
     opacity: presence
     visible: isShown || presence > 0
