@@ -23,11 +23,11 @@ fs::path folder(const std::string& configured, const fs::path& standard) {
   return !configured.empty() && configured.front() == '/' ? fs::path(configured) : standard;
 }
 
-bool takesGTKTheme(const std::string& theme, const std::string& desktop) {
-  if (!theme.empty()) return asciiLower(theme).find("gtk") != std::string::npos;
-  constexpr std::array madeWithGTK{"gnome", "unity", "cinnamon", "mate", "xfce", "lxde", "pantheon", "budgie"};
-  const std::string name = asciiLower(desktop);
-  return std::ranges::any_of(madeWithGTK, [&](const char* each) { return name.find(each) != std::string::npos; });
+// `names`: of the theme and of the desktop.
+bool takesGTKTheme(const std::string& names) {
+  constexpr std::array marks{"gtk", "gnome", "unity", "cinnamon", "mate", "xfce", "lxde", "pantheon", "budgie"};
+  const std::string lower = asciiLower(names);
+  return std::ranges::any_of(marks, [&](const char* mark) { return lower.find(mark) != std::string::npos; });
 }
 
 }  // namespace
@@ -49,7 +49,8 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
           .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
           .choosesPlatform = !platform.empty(),
           .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty(),
-          .takesGTKTheme = takesGTKTheme(text("QT_QPA_PLATFORMTHEME"), text("XDG_CURRENT_DESKTOP"))};
+          .takesGTKTheme = takesGTKTheme(text("QT_QPA_PLATFORMTHEME") + ':' + text("XDG_CURRENT_DESKTOP") + ':' +
+                                         text("DESKTOP_SESSION"))};
 }
 
 }  // namespace ambrel

@@ -17,7 +17,7 @@ struct Environment {
   // The user has chosen a renderer (QT_QUICK_BACKEND or QSG_RHI_BACKEND); ours does not override it.
   bool choosesRenderer = false;
   // The toolkit may take GTK's theme and its dialogs, which run on GLib's event loop: the user asked for it
-  // (QT_QPA_PLATFORMTHEME) or the desktop (XDG_CURRENT_DESKTOP) is one of those made with GTK.
+  // (QT_QPA_PLATFORMTHEME) or the desktop (XDG_CURRENT_DESKTOP, DESKTOP_SESSION) is one of those made with GTK.
   bool takesGTKTheme = false;
 };
 

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QTest>
 
+#include "app/Environment.h"
 #include "core/workspace/Wish.h"
 #include "tests/app/delegate/Program.h"
 
@@ -16,6 +17,7 @@ class AppDelegateTests : public QObject {
 
  private Q_SLOTS:
   void itComesUpWithTheBar();
+  void desktopsMadeWithGTKAreKnown();
   void theFirstRunWelcomes();
   void wishesOpenAndCloseTheirPanels_data();
   void wishesOpenAndCloseTheirPanels();
@@ -29,6 +31,24 @@ class AppDelegateTests : public QObject {
   void buddysTileOpensHisInbox();
   void whileBuddySpeaksTheBarStays();
 };
+
+void AppDelegateTests::desktopsMadeWithGTKAreKnown() {
+  const struct {
+    const char *variable, *value;
+    bool takesGTK;
+  } cases[] = {{"XDG_CURRENT_DESKTOP", "ubuntu:GNOME", true},
+               {"XDG_CURRENT_DESKTOP", "X-Cinnamon", true},
+               {"DESKTOP_SESSION", "xfce", true},
+               {"QT_QPA_PLATFORMTHEME", "gtk3", true},
+               {"XDG_CURRENT_DESKTOP", "KDE", false},
+               {"QT_QPA_PLATFORMTHEME", "qt6ct", false},
+               {"HOME", "/home/gnome", false}};
+  for (const auto& each : cases) {
+    const Environment environment =
+        environmentOf([&](const char* name) { return std::string_view(name) == each.variable ? each.value : nullptr; });
+    QVERIFY2(environment.takesGTKTheme == each.takesGTK, each.value);
+  }
+}
 
 void AppDelegateTests::itComesUpWithTheBar() {
   Program program;
