@@ -46,7 +46,7 @@ int main(int argc, char** argv) {
   // What changes at rest is a few kilobytes of pixels. Through the socket they cost less than shared memory, of which
   // each frame asks the server whether it is free again.
   choose("QT_XCB_NO_MITSHM", "1");
-  // The toolkit's own event loop needs half as long for a wake-up as GLib's.
+  // A wake-up costs less in the toolkit's own event loop than in GLib's.
   if (!environment.takesGTKTheme) choose("QT_NO_GLIB", "1");
   QQuickWindow::setDefaultAlphaBuffer(true);
   QApplication::setDesktopFileName(QStringLiteral("tilebay"));

@@ -1,5 +1,5 @@
 #pragma once
-// A short curve, pixel by pixel: what ticks every few seconds is drawn so in a tenth of the time that a path takes.
+// A short curve, pixel by pixel: what ticks every few seconds costs so a quarter of what a path does.
 
 #include <QImage>
 #include <QList>
