@@ -75,6 +75,16 @@ TEST_F(ProcReadingsBelow, AnInterfaceThatIsPluggedInIsSeenAtTheNextReading) {
   EXPECT_EQ(counted(), (Names{"enp3s0", "usb0"}));
 }
 
+TEST_F(ProcReadingsBelow, ATextOfManyPagesIsReadToItsEnd) {
+  std::string lines(20'000, ' ');
+  for (std::size_t i = 40; i < lines.size(); i += 40) lines[i] = '\n';
+  folder_.write("proc/net/dev", lines + "\nlast0: 7 1 0 0 0 0 0 0 8 1 0 0 0 0 0 0\n");
+  EXPECT_EQ(readings_.network().at("last0"), (InterfaceBytes{7, 8}));
+  // And what gets shorter leaves nothing behind.
+  hasInterfaces({"usb0"});
+  EXPECT_EQ(counted(), Names{"usb0"});
+}
+
 TEST_F(ProcReadingsBelow, TheVolumeOfTheRootHasRoomWithinItsSize) {
   const auto sizes = readings_.startUpVolume();
   ASSERT_TRUE(sizes);
