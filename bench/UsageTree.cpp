@@ -37,14 +37,14 @@ void appendText(std::string& out, std::size_t length, Dice& dice) {
   static constexpr std::array<const char*, 24> words{
       "the",  "file",  "reads",          "value",          "in",      "of",           "returns",  "line",      "error",
       "test", "build", "usage",          "token",          "\\n    ", "\\\"key\\\":", "{ return", "std::move", "const",
-      "{\\n", "}\\n",  "/home/ada/work", "\\\"usage\\\":", "0x7f3a",  "message"};
+      "{\\n", "}\\n",  "/home/ada/code", "\\\"usage\\\":", "0x7f3a",  "message"};
   const std::size_t end = out.size() + length;
   while (out.size() < end) out.append(words[dice.below(words.size())]).append(1, ' ');
 }
 
 constexpr const char* head =
     R"({{"parentUuid":"5a3d4c0e-3f8e-4f5b-9a3e-0c2b7d1f6e11","isSidechain":false,"userType":"external",)"
-    R"("cwd":"/home/ada/work/engine","sessionId":"0b54c9de-6aa1-4f29-9a61-7f34a8d5f9ad","version":"2.1.233",)"
+    R"("cwd":"/home/ada/code/engine","sessionId":"0b54c9de-6aa1-4f29-9a61-7f34a8d5f9ad","version":"2.1.233",)"
     R"("gitBranch":"main","type":"{}",)";
 constexpr const char* tail = R"("uuid":"e7d0a9c4-11b2-4c37-8f0d-2f6f8f1a9b55","timestamp":"{}"}})"
                              "\n";
@@ -53,7 +53,7 @@ void appendReply(std::string& out, Dice& dice, const std::string& date, UsageTre
   const std::uint32_t input = dice.below(20), output = dice.below(2000), written = dice.below(9000);
   out += fmt::format(head, "assistant");
   out += R"("message":{"model":"claude-opus","id":"msg_01AbC","type":"message","role":"assistant","content":[)"
-         R"({"type":"tool_use","id":"toolu_01AbC","name":"Edit","input":{"file_path":"/home/ada/work/x","text":")";
+         R"({"type":"tool_use","id":"toolu_01AbC","name":"Edit","input":{"file_path":"/home/ada/code/x","text":")";
   appendText(out, dice.length(700, 40'000), dice);
   out += fmt::format(R"("}}}}],"stop_reason":"tool_use","stop_sequence":null,"usage":{{"input_tokens":{},)"
                      R"("cache_creation_input_tokens":{},"cache_read_input_tokens":{},"cache_creation":)"
