@@ -31,13 +31,21 @@ function(ambrel_core_library name)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
 endfunction()
 
-# A GoogleTest program of the core. Paths to the test data come as AMBREL_CASES.
-# ambrel_core_test(NAME SOURCES... LINK...)
+# Tests that read the test data are told with CASES where it is, as AMBREL_CASES. The others are compiled alike in every
+# checkout, so that a compiler cache serves them all.
+function(ambrel_test_data name)
+  target_compile_definitions(${name} PRIVATE AMBREL_CASES="${PROJECT_SOURCE_DIR}/tests/cases")
+endfunction()
+
+# A GoogleTest program of the core.
+# ambrel_core_test(NAME [CASES] SOURCES... LINK...)
 function(ambrel_core_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "CASES" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ambrel_strict ${ARG_LINK} GTest::gmock GTest::gtest_main)
-  target_compile_definitions(${name} PRIVATE AMBREL_CASES="${PROJECT_SOURCE_DIR}/tests/cases")
+  if(ARG_CASES)
+    ambrel_test_data(${name})
+  endif()
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
 endfunction()
@@ -93,13 +101,15 @@ endfunction()
 
 # A QTest program, run without a display and without a session bus. One test class a source file, which includes its
 # own .moc.
-# ambrel_qt_test(NAME SOURCES... [LINK LIBRARIES...] [MODULES QML_MODULES...])
+# ambrel_qt_test(NAME [CASES] SOURCES... [LINK LIBRARIES...] [MODULES QML_MODULES...])
 function(ambrel_qt_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;MODULES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "CASES" "" "SOURCES;MODULES;LINK" ${ARGN})
   qt_add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE ambrel_flags ${ARG_LINK} Qt6::Test)
-  target_compile_definitions(${name} PRIVATE AMBREL_CASES="${PROJECT_SOURCE_DIR}/tests/cases")
+  if(ARG_CASES)
+    ambrel_test_data(${name})
+  endif()
   ambrel_link_qml_modules(${name} ${ARG_MODULES})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT
