@@ -20,7 +20,8 @@ class LineParser {
   LineParser(LineParser&&) noexcept;
   LineParser& operator=(LineParser&&) noexcept;
 
-  // Absent when the line is no JSON object, is not valid UTF-8, holds a lone surrogate or nests too deep.
+  // Absent when the line is no JSON object, is not valid UTF-8 or nests too deep. Half a surrogate pair, as programs
+  // leave that cut a text short, reads as U+FFFD; a number that no `double` holds reads as null.
   std::optional<LineObject> parse(std::string_view line);
   // The same without a copy, for a line behind which `padding` more bytes can be read; what they hold does not matter.
   static constexpr std::size_t padding = 64;

@@ -120,13 +120,42 @@ TEST(LineJSON, ReadsFieldsWhereTheyLieAndForgives) {
 TEST(LineJSON, ABadLineIsAbsentAndTheNextOneIsRead) {
   LineParser parser;
   for (const auto& bad : {std::string(), std::string("[1]"), std::string("\"text\""), std::string("{\"a\":1"),
-                          std::string("{\"a\":\"\xff\"}"), std::string("{\"a\":\"\\ud800\"}"),
+                          std::string("{\"a\":\"\xff\"}"), std::string("{\"a\":18446744073709551616x}"),
                           "{\"a\":" + nested(5000) + "}", std::string("{\"a\":1}{\"b\":2}")}) {
     EXPECT_FALSE(parser.parse(bad)) << bad.substr(0, 20);
     const auto good = parser.parse(R"({"a":1})");
     ASSERT_TRUE(good);
     EXPECT_EQ(good->integer("a"), 1);
   }
+}
+
+// JSON sets no limit to a number, and programs that cut a text in the middle of an emoji write half of its pair.
+TEST(LineJSON, LosesNoLineToOneValueThatItCannotHold) {
+  struct Row {
+    const char* value;
+    std::optional<double> number;
+  };
+  const Row rows[] = {{"18446744073709551615", 18446744073709551615.0},
+                      {"18446744073709551616", 18446744073709551616.0},
+                      {"-9223372036854775809", -9223372036854775809.0},
+                      {"123456789012345678901234567890", 1.2345678901234568e29},
+                      {"1e400", std::nullopt},
+                      {"-1e400", std::nullopt}};
+  LineParser parser;
+  for (const Row& row : rows) {
+    const auto line = parser.parse(std::string(R"({"t":"8\"1e400","v":)") + row.value + R"(,"o":{"i":7}})");
+    ASSERT_TRUE(line) << row.value;
+    EXPECT_EQ(line->number("v"), row.number);
+    EXPECT_EQ(line->text("t"), "8\"1e400");
+    EXPECT_EQ(line->object("o")->integer("i"), 7);
+  }
+  const auto line =
+      parser.parse(R"({"cut":"a\ud83d","low":"\ude00\ud83d\u0041","pair":"\ud83d\ude00","slash":"\\ud83d"})");
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->text("cut"), "a\ufffd");
+  EXPECT_EQ(line->text("low"), "\ufffd\ufffdA");
+  EXPECT_EQ(line->text("pair"), "\U0001F600");
+  EXPECT_EQ(line->text("slash"), "\\ud83d");
 }
 
 TEST(LineJSON, ReadsAnArrayOfTexts) {
