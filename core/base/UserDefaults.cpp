@@ -1,6 +1,10 @@
 #include "core/base/UserDefaults.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
@@ -13,8 +17,12 @@ namespace {
 JSON encoded(const DefaultsDictionary& dictionary);
 
 JSON encoded(const DefaultsValue& value) {
-  return std::visit(Overloaded{[](const DefaultsData& data) { return JSON{{"$data", base64Encoded(data.bytes)}}; },
-                               [](const Instant& date) { return JSON{{"$date", iso8601(date)}}; },
+  return std::visit(Overloaded{[](const DefaultsData& data) {
+                                 return JSON{{"$data", base64Encoded(data.bytes)}};
+                               },
+                               [](const Instant& date) {
+                                 return JSON{{"$date", iso8601(date)}};
+                               },
                                [](const DefaultsArray& array) {
                                  JSON out = JSON::array();
                                  for (const auto& element : array) out.push_back(encoded(element));
@@ -59,23 +67,29 @@ DefaultsValue decodedObject(const JSON& json) {
 // Absent for null, which the defaults do not know.
 std::optional<DefaultsValue> decoded(const JSON& json) {
   switch (json.type()) {
-    case JSON::value_t::boolean: return DefaultsValue{json.get<bool>()};
-    case JSON::value_t::number_integer: return DefaultsValue{json.get<std::int64_t>()};
+    case JSON::value_t::boolean:
+      return DefaultsValue{json.get<bool>()};
+    case JSON::value_t::number_integer:
+      return DefaultsValue{json.get<std::int64_t>()};
     case JSON::value_t::number_unsigned:
       if (json.get<std::uint64_t>() > static_cast<std::uint64_t>(INT64_MAX)) return DefaultsValue{json.get<double>()};
       return DefaultsValue{json.get<std::int64_t>()};
-    case JSON::value_t::number_float: return DefaultsValue{json.get<double>()};
-    case JSON::value_t::string: return DefaultsValue{json.get<std::string>()};
+    case JSON::value_t::number_float:
+      return DefaultsValue{json.get<double>()};
+    case JSON::value_t::string:
+      return DefaultsValue{json.get<std::string>()};
     case JSON::value_t::array: {
       DefaultsArray array;
       for (const auto& element : json)
         if (auto value = decoded(element)) array.push_back(std::move(*value));
       return DefaultsValue{std::move(array)};
     }
-    case JSON::value_t::object: return decodedObject(json);
+    case JSON::value_t::object:
+      return decodedObject(json);
     case JSON::value_t::null:
     case JSON::value_t::binary:
-    case JSON::value_t::discarded: return std::nullopt;
+    case JSON::value_t::discarded:
+      return std::nullopt;
   }
   return std::nullopt;
 }
@@ -94,12 +108,61 @@ std::optional<T> copied(const DefaultsValue* value) {
 }  // namespace
 
 UserDefaults::UserDefaults(std::filesystem::path file) : file_(std::move(file)) {
+  seen_ = fileStatus(file_);
+  if (auto values = read())
+    values_ = std::move(*values);
+  else
+    isUnreadable_ = seen_.has_value();
+}
+
+std::optional<DefaultsDictionary> UserDefaults::read() {
   const auto bytes = readFile(file_);
   const auto json = bytes ? parseJSON(*bytes) : std::nullopt;
-  if (json && json->is_object())
-    values_ = decodedDictionary(*json);
-  else
-    isUnreadable_ = access(file_.c_str(), F_OK) == 0;
+  if (!json || !json->is_object()) return std::nullopt;
+  return decodedDictionary(*json);
+}
+
+void UserDefaults::refresh() {
+  const auto present = fileStatus(file_);
+  if (!present || present == seen_) return;
+  seen_ = present;
+  auto values = read();
+  const bool wasUnreadable = std::exchange(isUnreadable_, !values);
+  if (!values) {
+    if (!wasUnreadable && onUnreadable) onUnreadable();
+    return;
+  }
+  std::set<std::string> keys;
+  const auto compare = [&](const DefaultsDictionary& some, const DefaultsDictionary& others) {
+    for (const auto& [key, value] : some)
+      if (const auto found = others.find(key); found == others.end() || found->second != value) keys.insert(key);
+  };
+  compare(*values, values_);
+  compare(values_, *values);
+  values_ = std::move(*values);
+  if (!keys.empty() && onRefreshed) onRefreshed(keys);
+}
+
+std::optional<std::filesystem::path> UserDefaults::setAside() {
+  if (!isUnreadable_) return std::nullopt;
+  for (int number = 1;; ++number) {
+    auto copy = file_;
+    copy += ".unreadable";
+    if (number > 1) copy += "-" + std::to_string(number);
+    // A copy that is kept already stays; some file systems cannot promise that in one step.
+    int failed = renameat2(AT_FDCWD, file_.c_str(), AT_FDCWD, copy.c_str(), RENAME_NOREPLACE);
+    if (failed != 0 && errno == EINVAL) {
+      if (faccessat(AT_FDCWD, copy.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) continue;
+      failed = rename(file_.c_str(), copy.c_str());
+    }
+    if (failed != 0 && errno == EEXIST) continue;
+    if (failed != 0 && errno != ENOENT) throw FileError("cannot set aside", file_, errno);
+    isUnreadable_ = false;
+    seen_.reset();
+    if (failed != 0) return std::nullopt;
+    if (onSetAside) onSetAside(copy);
+    return copy;
+  }
 }
 
 const DefaultsValue* UserDefaults::object(const std::string& key) const {
@@ -146,6 +209,7 @@ const DefaultsDictionary* UserDefaults::dictionary(const std::string& key) const
 }
 
 void UserDefaults::set(const std::string& key, DefaultsValue value) {
+  refresh();
   const auto found = values_.find(key);
   if (found != values_.end() && found->second == value) return;
   values_.insert_or_assign(key, std::move(value));
@@ -159,24 +223,22 @@ void UserDefaults::set(const std::string& key, const std::vector<std::string>& s
 }
 
 void UserDefaults::set(DefaultsDictionary values) {
+  refresh();
   const DefaultsDictionary before = values_;
   for (auto& [key, value] : values) values_.insert_or_assign(key, std::move(value));
   if (values_ != before) save();
 }
 
 void UserDefaults::remove(const std::string& key) {
+  refresh();
   if (values_.erase(key) > 0) save();
 }
 
 void UserDefaults::save() {
   makeFolders(file_.parent_path());
-  if (isUnreadable_) {
-    auto aside = file_;
-    aside += ".unreadable";
-    if (rename(file_.c_str(), aside.c_str()) != 0 && errno != ENOENT) throw FileError("cannot set aside", file_, errno);
-    isUnreadable_ = false;
-  }
-  writeAtomically(file_, prettyJSON(encoded(values_)));
+  setAside();
+  rewriteAtomically(file_, prettyJSON(encoded(values_)));
+  seen_ = fileStatus(file_);
 }
 
 }  // namespace ambrel

@@ -3,12 +3,15 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <variant>
 #include <vector>
 
+#include "core/base/Files.h"
 #include "core/base/Instant.h"
 
 namespace ambrel {
@@ -27,11 +30,12 @@ struct DefaultsValue {
   friend bool operator==(const DefaultsValue&, const DefaultsValue&) = default;
 };
 
-// Holds the whole document in memory; every change is written at once and atomically.
+// Holds the whole document in memory; every change is written at once and atomically. What others write meanwhile is
+// read before that, so that neither is lost; a symbolic link stays one.
 //
 // In the file, data and dates are objects of one key, {"$data": BASE64} and {"$date": ISO8601}; a dictionary whose
-// only key begins with "$" is wrapped as {"$dictionary": {...}}. A file that cannot be read or decoded counts as
-// empty and is set aside as "<name>.unreadable" before the first change replaces it.
+// only key begins with "$" is wrapped as {"$dictionary": {...}}. A file that cannot be read or decoded changes nothing
+// in memory, and is set aside as "<name>.unreadable", "<name>.unreadable-2" and so on before a change replaces it.
 class UserDefaults {
  public:
   explicit UserDefaults(std::filesystem::path file);
@@ -60,11 +64,27 @@ class UserDefaults {
 
   const std::filesystem::path& file() const { return file_; }
 
+  // Reads the file if it is another than was read or written last. A missing file changes nothing.
+  void refresh();
+  // The keys that a refresh has found changed.
+  std::function<void(const std::set<std::string>& keys)> onRefreshed;
+
+  // The file as it is now cannot be read or decoded.
+  bool isUnreadable() const { return isUnreadable_; }
+  // Moves such a file out of the way now; returns where it is kept. Throws FileError.
+  std::optional<std::filesystem::path> setAside();
+  // A file was found to be unreadable; it was set aside there.
+  std::function<void()> onUnreadable;
+  std::function<void(const std::filesystem::path& copy)> onSetAside;
+
  private:
+  // What is in the file; absent when that cannot be read.
+  std::optional<DefaultsDictionary> read();
   void save();
 
   std::filesystem::path file_;
   DefaultsDictionary values_;
+  std::optional<FileStatus> seen_;  // the file that was read or written last
   bool isUnreadable_ = false;
 };
 

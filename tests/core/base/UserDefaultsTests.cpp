@@ -110,21 +110,65 @@ TEST_F(Defaults, AFailedWriteThrowsAndTheChangeStandsInMemory) {
   EXPECT_EQ(readFile(folder_ / "Ambrel"), "a file where the folder should be");
 }
 
-TEST_F(Defaults, WhatCannotBeReadIsSetAsideBeforeItIsReplaced) {
+TEST_F(Defaults, WhatCannotBeReadIsSetAsideBeforeItIsReplacedAndNoCopyIsLost) {
+  int copies = 0;
   for (const std::string& bytes :
        {std::string("{\"a\": tru"), std::string("[1]"), std::string("\"text\""), std::string(), std::string("\xff\xfe"),
         std::string(5000, '['), std::string("{\"a\":") + std::string(5000, '{')}) {
     SCOPED_TRACE(bytes.substr(0, 20));
     auto defaults = holding(bytes);
+    EXPECT_TRUE(defaults.isUnreadable());
     EXPECT_TRUE(defaults.all().empty());
     EXPECT_EQ(readFile(file_), bytes);
+    std::vector<std::filesystem::path> kept;
+    defaults.onSetAside = [&](const auto& copy) { kept.push_back(copy); };
     defaults.set("b", DefaultsValue{true});
     defaults.set("c", DefaultsValue{true});
     auto aside = file_;
-    aside += ".unreadable";
+    aside += ++copies == 1 ? ".unreadable" : ".unreadable-" + std::to_string(copies);
+    EXPECT_THAT(kept, testing::ElementsAre(aside));
     EXPECT_EQ(readFile(aside), bytes);
     EXPECT_EQ(opened().all().size(), 2u);
   }
+  EXPECT_EQ(readFile(file_.string() + ".unreadable"), "{\"a\": tru");
+}
+
+TEST_F(Defaults, WhatOthersWriteMeanwhileIsTakenOverAndNotLost) {
+  auto defaults = holding(R"({"mine": 1, "theirs": 1, "gone": true})");
+  std::vector<std::set<std::string>> told;
+  defaults.onRefreshed = [&](const auto& keys) { told.push_back(keys); };
+  defaults.refresh();
+  EXPECT_TRUE(told.empty());
+  folder_.write("Ambrel/defaults.json", R"({"mine": 1, "theirs": 2, "new": "x"})");
+  defaults.set("mine", DefaultsValue{std::int64_t{5}});
+  EXPECT_THAT(told, testing::ElementsAre(std::set<std::string>{"gone", "new", "theirs"}));
+  EXPECT_EQ(opened().integer("theirs"), 2);
+  EXPECT_EQ(opened().integer("mine"), 5);
+  EXPECT_EQ(defaults.object("gone"), nullptr);
+  defaults.refresh();
+  EXPECT_EQ(told.size(), 1u) << "what we wrote ourselves is no news";
+
+  // A slip of the pen resets nothing, and what was meant is not lost either.
+  int slips = 0;
+  defaults.onUnreadable = [&] { ++slips; };
+  folder_.write("Ambrel/defaults.json", R"({"mine": 5, "theirs": 3,})");
+  defaults.refresh();
+  defaults.refresh();
+  EXPECT_EQ(slips, 1);
+  EXPECT_EQ(defaults.integer("theirs"), 2);
+  defaults.set("mine", DefaultsValue{std::int64_t{6}});
+  EXPECT_EQ(readFile(file_.string() + ".unreadable"), R"({"mine": 5, "theirs": 3,})");
+  EXPECT_EQ(opened().integer("theirs"), 2);
+}
+
+TEST_F(Defaults, ALinkStaysALink) {
+  folder_.write("dotfiles/defaults.json", R"({"a": 1})");
+  std::filesystem::create_directories(file_.parent_path());
+  std::filesystem::create_symlink(folder_ / "dotfiles/defaults.json", file_);
+  auto defaults = opened();
+  defaults.set("b", DefaultsValue{true});
+  EXPECT_TRUE(std::filesystem::is_symlink(file_));
+  EXPECT_EQ(UserDefaults(folder_ / "dotfiles/defaults.json").all().size(), 2u);
 }
 
 TEST_F(Defaults, KeysOfOtherVersionsStay) {
