@@ -91,6 +91,7 @@ void AppDelegate::launch() {
   makePeeker();
   registerHotKeys();
   startTimers();
+  followZone();
   handleNotifications();
   license_.onBecamePro = [this] { startProServices(); };
   addBuddyOnce();
@@ -307,6 +308,15 @@ void AppDelegate::startTimers() {
     clockTimer_.start(untilNextMinute());
   });
   clockTimer_.start(untilNextMinute());
+}
+
+void AppDelegate::followZone() {
+  desktop_.timeZone.setChangeHandler([this] {
+    surroundings_.calendar.replace(Calendar(desktop_.timeZone.name(), surroundings_.calendar().locale()));
+    clock_->zoneChanged(surroundings_.now());
+    due_.zoneChanged();
+    usage_->refresh();
+  });
 }
 
 void AppDelegate::startProServices() {

@@ -150,6 +150,7 @@ class AppDelegate : public QObject {
   void remember(const std::string& key, DefaultsValue value);
   Theme& preparedTheme();
   void every(Seconds interval, std::function<void()> action);
+  void followZone();
   DelayedStep later();
 
   Surroundings surroundings_;

@@ -38,6 +38,11 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
     return std::string(value ? value : "");
   };
   const fs::path home = homeFolder(text("HOME"));
+  std::string zone = text("TZ");
+  if (zone.starts_with(':')) zone.erase(0, 1);
+  const fs::path zoneFile = zone.empty()          ? fs::path("/etc/localtime")
+                            : zone.front() == '/' ? fs::path(zone)
+                                                  : fs::path();
   const std::string display = text("DISPLAY"), platform = text("QT_QPA_PLATFORM");
   return {.surroundings =
               {.home = home,
@@ -45,6 +50,7 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
                .defaultsFile = folder(text("XDG_CONFIG_HOME"), home / ".config") / "Ambrel/defaults.json",
                .calendar = Calendar::fromVariables(text("TZ"), text("LC_ALL"), text("LC_TIME"), text("LANG")),
                .now = [] { return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now()); }},
+          .zoneFile = zoneFile,
           .display = display,
           .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
           .choosesPlatform = !platform.empty(),

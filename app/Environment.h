@@ -10,6 +10,8 @@ namespace ambrel {
 
 struct Environment {
   Surroundings surroundings;
+  // The link that names the zone, /etc/localtime or a path that TZ holds; empty when TZ names the zone itself.
+  std::filesystem::path zoneFile;
   std::string display;
   bool hasDisplay = false;
   // The user has chosen the toolkit's platform (QT_QPA_PLATFORM).

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "core/base/Calendar.h"
+#include "core/base/PresentCalendar.h"
 
 namespace ambrel {
 
@@ -12,7 +12,7 @@ struct Surroundings {
   std::filesystem::path home;
   std::filesystem::path dataFolder;    // the folder "Ambrel" itself
   std::filesystem::path defaultsFile;  // defaults.json
-  Calendar calendar;
+  PresentCalendar calendar;
   std::function<Instant()> now;
 };
 

@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
 
   const Surroundings& surroundings = environment.surroundings;
   LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
-                       surroundings.dataFolder.parent_path(), surroundings.calendar);
+                       surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
   switch (desktop.session().start(commandLine.wish)) {
     case SessionRole::handedOver:
       return 0;

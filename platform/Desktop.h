@@ -13,6 +13,7 @@
 #include "platform/Sounds.h"
 #include "platform/SystemReadings.h"
 #include "platform/Telemetry.h"
+#include "platform/TimeZone.h"
 #include "platform/Trash.h"
 #include "platform/Volumes.h"
 #include "platform/WallClock.h"
@@ -32,6 +33,7 @@ struct Desktop {
   Pasteboard& pasteboard;
   const SystemReadings& readings;
   WallClock& wallClock;
+  TimeZone& timeZone;
   Sounds& sounds;
   Telemetry& telemetry;
   LatencyProbe& latency;

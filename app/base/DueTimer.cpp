@@ -33,6 +33,11 @@ void DueTimer::wake() {
   scheduleLater();
 }
 
+void DueTimer::zoneChanged() {
+  const Instant now = clock_.read().now;
+  for (TimedModel* model : models_) model->zoneChanged(now);
+}
+
 // Several changes in a row set the timer once.
 void DueTimer::scheduleLater() {
   if (isScheduled_) return;

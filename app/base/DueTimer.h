@@ -18,6 +18,8 @@ class DueTimer : public QObject {
   explicit DueTimer(WallClock& clock, QObject* parent = nullptr);
 
   void add(TimedModel& model);
+  // Tells every model.
+  void zoneChanged();
 
  private:
   void wake();

@@ -5,7 +5,7 @@
 
 namespace ambrel {
 
-BuddyInboxModel::BuddyInboxModel(Calendar calendar, QObject* parent)
+BuddyInboxModel::BuddyInboxModel(PresentCalendar calendar, QObject* parent)
     : RecordListModel(parent), calendar_(std::move(calendar)) {}
 
 void BuddyInboxModel::show(const BuddyInbox& inbox, const std::vector<BuddyNotice>& arrived, Instant now) {

@@ -7,6 +7,7 @@
 
 #include "app/base/RecordListModel.h"
 #include "app/buddy/BuddyNoticeText.h"
+#include "core/base/PresentCalendar.h"
 #include "core/buddy/AgentWatch.h"
 #include "core/buddy/BuddyInbox.h"
 
@@ -47,10 +48,12 @@ class BuddyInboxModel : public RecordListModel<InboxRecord, QString> {
   };
   Q_ENUM(Role)
 
-  explicit BuddyInboxModel(Calendar calendar, QObject* parent = nullptr);
+  explicit BuddyInboxModel(PresentCalendar calendar, QObject* parent = nullptr);
 
   // `arrived` of its notices have come, or come back; they are new again.
   void show(const BuddyInbox& inbox, const std::vector<BuddyNotice>& arrived, Instant now);
+  // Brings the texts of what is shown up to date.
+  void update(Instant now);
   // Brings the ages up to date.
   void refresh(Instant now) { update(now); }
   void markRead(Instant now);
@@ -76,9 +79,7 @@ class BuddyInboxModel : public RecordListModel<InboxRecord, QString> {
   QString keyOf(const InboxRecord& record) const override { return record.key; }
 
  private:
-  void update(Instant now);
-
-  Calendar calendar_;
+  PresentCalendar calendar_;
   BuddyInbox inbox_;
   std::set<QString> read_;
   int newCount_ = 0;

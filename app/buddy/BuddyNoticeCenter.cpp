@@ -95,6 +95,12 @@ void BuddyNoticeCenter::clockMoved(Seconds by, Instant) {
   announceDue();
 }
 
+void BuddyNoticeCenter::zoneChanged(Instant now) {
+  inboxModel_.update(now);
+  updateQuietText(now);
+  if (shown_) Q_EMIT bubbleChanged();
+}
+
 void BuddyNoticeCenter::storeSummaryDay() {
   if (!engine_.lastSummaryDay || engine_.lastSummaryDay == seams_.defaults.string(summaryDayKey)) return;
   store(seams_.defaults, summaryDayKey, DefaultsValue{*engine_.lastSummaryDay});
@@ -364,7 +370,7 @@ void BuddyNoticeCenter::updateSleep(const BuddySignals& signals, Instant now) {
 void BuddyNoticeCenter::updateQuietText(Instant now) {
   const BuddyPolicy present = policy();
   const auto time = [&](int hour) {
-    return toQString(shortTime(seams_.calendar, seams_.calendar.instant(2000, 1, 3, hour)));
+    return toQString(shortTime(seams_.calendar, seams_.calendar().instant(2000, 1, 3, hour)));
   };
   QString text;
   if (present.level == BuddyLevel::off)

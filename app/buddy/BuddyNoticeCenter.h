@@ -9,6 +9,7 @@
 #include "app/base/TimedModel.h"
 #include "app/buddy/Buddy.h"
 #include "app/buddy/BuddyInboxModel.h"
+#include "core/base/PresentCalendar.h"
 #include "core/buddy/BuddyBubbleQueue.h"
 #include "core/buddy/BuddyNoticeEngine.h"
 
@@ -48,7 +49,7 @@ class BuddyNoticeCenter : public TimedModel {
     AppSettings& settings;
     UserDefaults& defaults;
     Workspace& workspace;
-    Calendar calendar;
+    PresentCalendar calendar;
     std::function<Instant()> now;
     DelayedStep later;
   };
@@ -109,6 +110,7 @@ class BuddyNoticeCenter : public TimedModel {
   std::optional<Instant> due() const override { return next_; }
   void tick(Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
+  void zoneChanged(Instant now) override;
 
  Q_SIGNALS:
   void bubbleChanged();

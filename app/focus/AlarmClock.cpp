@@ -113,15 +113,21 @@ QString AlarmClock::detailAt(Instant now, const QString& snoozed) const {
   const auto ring = alarm_.nextRing(seams_.calendar);
   if (!ring) return tr("Off");
   if (alarm_.snoozedUntil) return snoozed.arg(toQString(shortTime(seams_.calendar, *ring)));
-  return *ring < seams_.calendar.startOfDay(now, 1) ? tr("Today") : tr("Tomorrow");
+  return *ring < seams_.calendar().startOfDay(now, 1) ? tr("Today") : tr("Tomorrow");
 }
 
 void AlarmClock::publish(Instant now) {
-  dayEnds_ = seams_.calendar.startOfDay(now, 1);
-  const auto day = seams_.calendar.fields(now);
-  const Instant time = seams_.calendar.instant(day.year, day.month, day.day, alarm_.hour, alarm_.minute);
+  dayEnds_ = seams_.calendar().startOfDay(now, 1);
+  const auto day = seams_.calendar().fields(now);
+  const Instant time = seams_.calendar().instant(day.year, day.month, day.day, alarm_.hour, alarm_.minute);
   Shown next{.alarm = alarm_,
              .time = toQString(shortTime(seams_.calendar, time)),
+void AlarmClock::zoneChanged(Instant now) {
+  // What has passed by the new zone's clock alone was not missed.
+  alarm_.watchedFrom = std::max(alarm_.watchedFrom, now);
+  publish(now);
+}
+
              .detail = detailAt(now, tr("Snoozed until %1")),
              .shortDetail = detailAt(now, tr("Until %1"))};
   if (next != shown_) {

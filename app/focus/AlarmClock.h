@@ -56,6 +56,7 @@ class AlarmClock : public TimedModel {
   void clockMoved(Seconds by, Instant now) override;
 
  Q_SIGNALS:
+  void zoneChanged(Instant now) override;
   void changed();
 
  private:

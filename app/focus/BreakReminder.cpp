@@ -78,7 +78,7 @@ void BreakReminder::clockMoved(Seconds by, Instant now) {
 }
 
 void BreakReminder::publish(Instant now) {
-  dayEnds_ = seams_.calendar.startOfDay(now, 1);
+  dayEnds_ = seams_.calendar().startOfDay(now, 1);
   // The first time it only writes what it has read, which writes nothing.
   if (shown_.timer.taken != timer_.taken) store(seams_.defaults, key("Count"), key("Day"), timer_.taken);
   if (shown_.timer.isDue && !timer_.isDue) seams_.notifications.withdraw(timer_.notice().identifier);
@@ -89,7 +89,7 @@ void BreakReminder::publish(Instant now) {
   Shown next{.timer = timer_,
              .countdown = timer_.isOn || timer_.breakEnds ? toQString(countdownText(left)) : QString(),
              .percentLeft = std::clamp(100.0 * left.count() / whole.count(), 0.0, 100.0),
-             .countToday = timer_.taken.today(seams_.calendar.dayKey(now))};
+             .countToday = timer_.taken.today(seams_.calendar().dayKey(now))};
   if (next != shown_) {
     shown_ = std::move(next);
     Q_EMIT changed();

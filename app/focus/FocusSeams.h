@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "core/base/Calendar.h"
+#include "core/base/PresentCalendar.h"
 #include "core/base/UserDefaults.h"
 #include "core/focus.h"
 #include "platform/Notifications.h"
@@ -13,7 +13,7 @@ namespace ambrel {
 // What the models of focus and wellbeing are given. All of it outlives them.
 struct FocusSeams {
   UserDefaults& defaults;
-  Calendar calendar;
+  PresentCalendar calendar;
   Notifications& notifications;
   Sounds& sounds;
   std::function<Instant()> now;

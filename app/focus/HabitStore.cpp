@@ -33,7 +33,8 @@ QHash<int, QByteArray> HabitListModel::roleNames() const {
   return {{HabitId, "habitId"}, {Name, "name"}, {IsDone, "isDone"}, {StreakText, "streakText"}};
 }
 
-HabitStore::HabitStore(std::filesystem::path file, Calendar calendar, std::function<Instant()> now, QObject* parent)
+HabitStore::HabitStore(std::filesystem::path file, PresentCalendar calendar, std::function<Instant()> now,
+                       QObject* parent)
     : TimedModel(parent), file_(std::move(file)), calendar_(std::move(calendar)), now_(std::move(now)) {
   try {
     if (auto stored = JSONFileStore<HabitList>{file_}.load()) items_ = std::move(stored->items);
@@ -64,7 +65,7 @@ void HabitStore::toggleToday(const QString& id) {
   const auto habit = std::find_if(items_.begin(), items_.end(), [&](const Habit& one) { return one.id == parsed; });
   if (habit == items_.end()) return;
   const Instant now = now_();
-  const std::string today = calendar_.dayKey(now);
+  const std::string today = calendar_().dayKey(now);
   if (habit->days.erase(today) == 0) habit->days.insert(today);
   save();
   publish(now);
@@ -79,8 +80,8 @@ void HabitStore::save() {
 }
 
 void HabitStore::publish(Instant now) {
-  dayEnds_ = calendar_.startOfDay(now, 1);
-  const std::string today = calendar_.dayKey(now);
+  dayEnds_ = calendar_().startOfDay(now, 1);
+  const std::string today = calendar_().dayKey(now);
   std::vector<HabitRow> rows;
   doneToday_ = bestStreak_ = 0;
   for (const auto& habit : items_) {

@@ -8,6 +8,7 @@
 
 #include "app/base/RecordListModel.h"
 #include "app/base/TimedModel.h"
+#include "core/base/PresentCalendar.h"
 #include "core/focus/HabitList.h"
 
 namespace ambrel {
@@ -46,7 +47,8 @@ class HabitStore : public TimedModel {
   Q_PROPERTY(int bestStreak READ bestStreak NOTIFY changed FINAL)
 
  public:
-  HabitStore(std::filesystem::path file, Calendar calendar, std::function<Instant()> now, QObject* parent = nullptr);
+  HabitStore(std::filesystem::path file, PresentCalendar calendar, std::function<Instant()> now,
+             QObject* parent = nullptr);
 
   const std::vector<Habit>& items() const { return items_; }
   QAbstractListModel* habits() { return &rows_; }
@@ -72,7 +74,7 @@ class HabitStore : public TimedModel {
   void publish(Instant now);
 
   std::filesystem::path file_;
-  Calendar calendar_;
+  PresentCalendar calendar_;
   std::function<Instant()> now_;
   std::vector<Habit> items_;
   HabitListModel rows_;

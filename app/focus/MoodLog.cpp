@@ -5,7 +5,7 @@
 
 namespace ambrel {
 
-MoodLog::MoodLog(UserDefaults& defaults, Calendar calendar, std::function<Instant()> now, bool persists,
+MoodLog::MoodLog(UserDefaults& defaults, PresentCalendar calendar, std::function<Instant()> now, bool persists,
                  QObject* parent)
     : TimedModel(parent),
       defaults_(defaults),
@@ -23,7 +23,7 @@ QString MoodLog::nameOf(int mood) { return toQString(Mood::name(mood)); }
 void MoodLog::setToday(int mood) {
   if (mood < Mood::worst || mood > Mood::best) return;
   const Instant now = now_();
-  const std::string key = calendar_.dayKey(now);
+  const std::string key = calendar_().dayKey(now);
   if (const auto found = days_.find(key); found != days_.end() && found->second == mood)
     days_.erase(found);
   else
@@ -34,7 +34,7 @@ void MoodLog::setToday(int mood) {
 }
 
 void MoodLog::publish(Instant now) {
-  dayEnds_ = calendar_.startOfDay(now, 1);
+  dayEnds_ = calendar_().startOfDay(now, 1);
   const auto moodOf = [&](const std::string& key) {
     const auto found = days_.find(key);
     return found == days_.end() ? 0 : found->second;
@@ -43,7 +43,7 @@ void MoodLog::publish(Instant now) {
   week_.clear();
   QStringList words;
   for (int i = 0; i < 7; ++i) {
-    const Instant day = calendar_.startOfDay(now, i - 6);
+    const Instant day = calendar_().startOfDay(now, i - 6);
     const int mood = moodOf(keys[static_cast<std::size_t>(i)]);
     const QString name = toQString(formattedDate(calendar_, day, "EEEE"));
     if (mood != 0) words.append(name + QStringLiteral(": ") + nameOf(mood));

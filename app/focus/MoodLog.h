@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "app/base/TimedModel.h"
+#include "core/base/PresentCalendar.h"
 #include "core/base/UserDefaults.h"
 #include "core/focus.h"
 
@@ -27,7 +28,7 @@ class MoodLog : public TimedModel {
 
  public:
   // persists: whether the log is kept in the defaults, or for this run alone.
-  MoodLog(UserDefaults& defaults, Calendar calendar, std::function<Instant()> now, bool persists,
+  MoodLog(UserDefaults& defaults, PresentCalendar calendar, std::function<Instant()> now, bool persists,
           QObject* parent = nullptr);
 
   int today() const { return today_; }
@@ -51,7 +52,7 @@ class MoodLog : public TimedModel {
   void publish(Instant now);
 
   UserDefaults& defaults_;
-  Calendar calendar_;
+  PresentCalendar calendar_;
   std::function<Instant()> now_;
   bool persists_;
   DayCounts days_;

@@ -137,7 +137,7 @@ void PomodoroTimer::publish(Instant now) {
              .remaining = toQString(countdownText(left)),
              .lengthMinutes = static_cast<int>(length.count() / 60),
              .percentLeft = std::clamp(100.0 * left.count() / length.count(), 0.0, 100.0),
-             .sessionsToday = timer_.completed.today(seams_.calendar.dayKey(now))};
+             .sessionsToday = timer_.completed.today(seams_.calendar().dayKey(now))};
   if (next != shown_) {
     shown_ = std::move(next);
     Q_EMIT changed();
@@ -146,9 +146,9 @@ void PomodoroTimer::publish(Instant now) {
 }
 
 void PomodoroTimer::publishWeek(Instant now) {
-  dayEnds_ = seams_.calendar.startOfDay(now, 1);
+  dayEnds_ = seams_.calendar().startOfDay(now, 1);
   const auto week = FocusStats::week(timer_.history, now, seams_.calendar);
-  const std::string today = seams_.calendar.dayKey(now);
+  const std::string today = seams_.calendar().dayKey(now);
   int most = 1;
   for (const auto& day : week) most = std::max(most, day.count);
   week_.clear();
@@ -160,7 +160,7 @@ void PomodoroTimer::publishWeek(Instant now) {
                              {QStringLiteral("name"), name},
                              {QStringLiteral("count"), day.count},
                              {QStringLiteral("percent"), 100.0 * day.count / most},
-                             {QStringLiteral("isToday"), seams_.calendar.dayKey(day.date) == today}});
+                             {QStringLiteral("isToday"), seams_.calendar().dayKey(day.date) == today}});
   }
   weekTotal_ = FocusStats::total(week);
   weekText_ = weekTotal_ == 0 ? tr("No focus sessions this week yet")

@@ -98,8 +98,8 @@ void WaterTracker::clockMoved(Seconds by, Instant now) {
 }
 
 void WaterTracker::publish(Instant now) {
-  dayEnds_ = seams_.calendar.startOfDay(now, 1);
-  Shown next{.count = water_.glasses.today(seams_.calendar.dayKey(now)), .nextText = {}, .settings = water_};
+  dayEnds_ = seams_.calendar().startOfDay(now, 1);
+  Shown next{.count = water_.glasses.today(seams_.calendar().dayKey(now)), .nextText = {}, .settings = water_};
   if (reminder_) next.nextText = tr("Next glass at %1").arg(toQString(shortTime(seams_.calendar, *reminder_)));
   if (next != shown_) {
     shown_ = std::move(next);

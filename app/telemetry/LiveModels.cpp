@@ -59,7 +59,7 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
       sound_(seams_.sound, seams_.calendar),
       keepAwake_(seams_.keepAwake) {
   using enum DockWidget;
-  const Calendar& calendar = seams_.calendar;
+  const PresentCalendar& calendar = seams_.calendar;
   follow(gpu_, {gpu}, [&] { gpuText_.set(gpuTile(calendar, sampled(gpu_), gpu_.history())); });
   follow(pressure_, {memoryPressure}, [&] { pressureText_.set(pressureTile(calendar, sampled(pressure_))); });
   follow(diskActivity_, {diskActivity},
@@ -159,7 +159,7 @@ LiveModels::Need LiveModels::require(SamplerBase& sampler, Seconds interval) {
 }
 
 void LiveModels::publishPower() {
-  const Calendar& calendar = seams_.calendar;
+  const PresentCalendar& calendar = seams_.calendar;
   batteryText_.set(batteryTile(calendar, sampled(power_)));
   powerText_.set(powerTile(calendar, sampled(power_)));
   batteryHealthText_.set(batteryHealthTile(calendar, sampled(batteryHealth_)));
@@ -191,9 +191,11 @@ void LiveModels::publishVolumes() {
 void LiveModels::publishUptime(Instant now) {
   const Seconds sinceBoot = seams_.readings.sinceBoot();
   const auto minutes = static_cast<long long>(sinceBoot.count() / 60);
-  if (uptimeMinutes_ == minutes) return;
+  const Calendar calendar = seams_.calendar();
+  if (uptimeMinutes_ == minutes && uptimeZone_ == calendar.zone()) return;
   uptimeMinutes_ = minutes;
-  uptimeText_.set(uptimeTile(seams_.calendar, sinceBoot, now));
+  uptimeZone_ = calendar.zone();
+  uptimeText_.set(uptimeTile(calendar, sinceBoot, now));
 }
 
 void LiveModels::eject(const QString& url) {

@@ -17,6 +17,7 @@
 #include "app/telemetry/Sampler.h"
 #include "app/telemetry/SoundModel.h"
 #include "app/telemetry/TelemetryTexts.h"
+#include "core/base/PresentCalendar.h"
 #include "core/widgets/DockWidget.h"
 #include "platform/LatencyProbe.h"
 #include "platform/SystemReadings.h"
@@ -35,7 +36,7 @@ struct LiveSeams {
   KeepAwake& keepAwake;
   const SystemReadings& readings;
   Background background;
-  Calendar calendar;
+  PresentCalendar calendar;
   std::function<Instant()> now;
 };
 
@@ -158,6 +159,7 @@ class LiveModels : public QObject {
   std::vector<std::pair<std::function<void()>, std::function<void()>>> gathered_;
   Ejects ejects_;
   std::optional<long long> uptimeMinutes_;
+  std::string uptimeZone_;
   std::optional<bool> hadBattery_;  // at the last reading of the power
 
   Sampler<double> gpu_;

@@ -10,6 +10,7 @@
 
 #include "app/base/Background.h"
 #include "app/usage/UsageTileText.h"
+#include "core/base/PresentCalendar.h"
 #include "core/usage.h"
 
 namespace ambrel {
@@ -26,7 +27,7 @@ class AIUsageModel : public QObject {
   struct Seams {
     Background background;
     std::function<Instant()> now;
-    std::function<Calendar()> calendar;
+    PresentCalendar calendar;
   };
 
   // dataFolder: where the program keeps its own files.

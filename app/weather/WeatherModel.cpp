@@ -17,7 +17,7 @@ std::string_view bytesOf(const QByteArray& body) { return {body.constData(), sta
 
 }  // namespace
 
-WeatherModel::WeatherModel(Setting setting, WeatherService& service, UserDefaults& defaults, Calendar calendar,
+WeatherModel::WeatherModel(Setting setting, WeatherService& service, UserDefaults& defaults, PresentCalendar calendar,
                            std::function<Instant()> now, QObject* parent)
     : TimedModel(parent),
       setting_(std::move(setting)),

@@ -8,6 +8,7 @@
 #include "app/base/TimedModel.h"
 #include "app/weather/WeatherService.h"
 #include "app/weather/WeatherTexts.h"
+#include "core/base/PresentCalendar.h"
 #include "core/base/UserDefaults.h"
 
 namespace ambrel {
@@ -40,7 +41,7 @@ class WeatherModel : public TimedModel {
   static Setting mainSetting() { return {"weatherPlace", ambrel::defaultPlace()}; }
   static Setting secondCitySetting() { return {"secondCityPlace", defaultSecondPlace()}; }
 
-  WeatherModel(Setting setting, WeatherService& service, UserDefaults& defaults, Calendar calendar,
+  WeatherModel(Setting setting, WeatherService& service, UserDefaults& defaults, PresentCalendar calendar,
                std::function<Instant()> now, QObject* parent = nullptr);
 
   // Whether anybody looks at this place's weather. Requests go out only then: at once if one is due.
@@ -99,7 +100,7 @@ class WeatherModel : public TimedModel {
   Setting setting_;
   WeatherService& service_;
   UserDefaults& defaults_;
-  Calendar calendar_;
+  PresentCalendar calendar_;
   std::function<Instant()> now_;
   Place place_;
   bool usesFahrenheit_;

@@ -4,8 +4,8 @@
 
 namespace ambrel {
 
-WeatherModels::WeatherModels(UserDefaults& defaults, Calendar calendar, std::function<Instant()> now, DueTimer& due,
-                             QObject* parent)
+WeatherModels::WeatherModels(UserDefaults& defaults, PresentCalendar calendar, std::function<Instant()> now,
+                             DueTimer& due, QObject* parent)
     : QObject(parent),
       defaults_(defaults),
       calendar_(std::move(calendar)),

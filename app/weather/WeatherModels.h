@@ -11,6 +11,7 @@
 #include "app/weather/WeatherModel.h"
 
 namespace ambrel {
+#include "core/base/PresentCalendar.h"
 
 class WeatherModels : public QObject {
   Q_OBJECT
@@ -22,7 +23,7 @@ class WeatherModels : public QObject {
 
  public:
   // defaults and due outlive it.
-  WeatherModels(UserDefaults& defaults, Calendar calendar, std::function<Instant()> now, DueTimer& due,
+  WeatherModels(UserDefaults& defaults, PresentCalendar calendar, std::function<Instant()> now, DueTimer& due,
                 QObject* parent = nullptr);
 
   WeatherModel* main() { return &main_; }
@@ -35,7 +36,7 @@ class WeatherModels : public QObject {
   void watchNetwork();
 
   UserDefaults& defaults_;
-  Calendar calendar_;
+  PresentCalendar calendar_;
   std::function<Instant()> now_;
   DueTimer& due_;
   WeatherService service_;

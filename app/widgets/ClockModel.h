@@ -7,7 +7,7 @@
 #include <chrono>
 #include <optional>
 
-#include "core/base/Calendar.h"
+#include "core/base/PresentCalendar.h"
 
 namespace ambrel {
 
@@ -28,9 +28,11 @@ class ClockModel : public QObject {
   Q_PROPERTY(QString fullDate READ fullDate NOTIFY changed)
 
  public:
-  explicit ClockModel(Calendar calendar, QObject* parent = nullptr);
+  explicit ClockModel(PresentCalendar calendar, QObject* parent = nullptr);
 
   void tick(Instant now);
+  // The zone is another.
+  void zoneChanged(Instant now);
   // When the texts change next: the turn of the minute.
   static Instant nextTick(Instant now);
 
@@ -46,7 +48,7 @@ class ClockModel : public QObject {
   void changed();
 
  private:
-  Calendar calendar_;
+  PresentCalendar calendar_;
   std::optional<std::chrono::sys_time<std::chrono::minutes>> minute_;  // that the texts stand for
   QString time_, shortDate_, shortWeekday_, day_, weekday_, month_, fullDate_;
 };

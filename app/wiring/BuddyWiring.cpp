@@ -50,7 +50,7 @@ void AppDelegate::makeBuddy() {
     const Instant now = surroundings_.now();
     const PomodoroTimer& pomodoro = *focus_->pomodoro();
     signals.isFocusRunning = pomodoro.isFocusRunning();
-    signals.focusSessionsToday = pomodoro.value().completed.today(surroundings_.calendar.dayKey(now));
+    signals.focusSessionsToday = pomodoro.value().completed.today(surroundings_.calendar().dayKey(now));
     const WaterTracker& water = *focus_->water();
     signals.waterGlassesToday = water.count();
     // Who has no tile to count glasses at is not asked to drink.

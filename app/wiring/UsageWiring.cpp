@@ -6,12 +6,11 @@
 namespace ambrel {
 
 void AppDelegate::makeUsage() {
-  usage_ = std::make_unique<AIUsageModel>(surroundings_.home, surroundings_.dataFolder,
-                                          AIUsageModel::Seams{.background = background_,
-                                                              .now = surroundings_.now,
-                                                              .calendar = [this] { return surroundings_.calendar; }});
-  statusLine_ = std::make_unique<ClaudeStatusLineModel>(
-      ClaudeStatusLine::Files(surroundings_.home, surroundings_.dataFolder));
+  usage_ = std::make_unique<AIUsageModel>(
+      surroundings_.home, surroundings_.dataFolder,
+      AIUsageModel::Seams{.background = background_, .now = surroundings_.now, .calendar = surroundings_.calendar});
+  statusLine_ =
+      std::make_unique<ClaudeStatusLineModel>(ClaudeStatusLine::Files(surroundings_.home, surroundings_.dataFolder));
   keep({usage_.get(), usage_->claudeTile(), usage_->codexTile(), statusLine_.get()});
   connect(statusLine_.get(), &ClaudeStatusLineModel::connectionChanged, usage_.get(), &AIUsageModel::refresh);
   addToSettingsPage(QStringLiteral("buddy"), QStringLiteral("statusLine"), *statusLine_);

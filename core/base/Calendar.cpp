@@ -5,6 +5,7 @@
 #include <unicode/timezone.h>
 
 #include "core/base/CalendarImpl.h"
+#include "core/base/ZoneFile.h"
 
 namespace ambrel {
 namespace {
@@ -37,7 +38,7 @@ std::unique_ptr<icu::BasicTimeZone> makeZone(const std::string& name) {
 // "de_DE.UTF-8@euro" -> "de_DE"
 std::string localeId(std::string name) {
   name.erase(std::min(name.find('.'), name.find('@')) == std::string::npos ? name.size()
-                                                                            : std::min(name.find('.'), name.find('@')));
+                                                                           : std::min(name.find('.'), name.find('@')));
   return name.empty() || name == "C" || name == "POSIX" ? "en_US" : name;
 }
 
@@ -61,7 +62,29 @@ Calendar Calendar::fromVariables(const std::string& tz, const std::string& lcAll
                                  const std::string& lang) {
   const std::string& locale = !lcAll.empty() ? lcAll : !lcTime.empty() ? lcTime : lang;
   // POSIX allows a leading colon before a zone's file name.
-  return Calendar(tz.starts_with(':') ? tz.substr(1) : tz, locale);
+  std::string zone = tz.starts_with(':') ? tz.substr(1) : tz;
+  if (zone.empty() || zone.starts_with('/')) zone = zoneOfFile(zone.empty() ? "/etc/localtime" : zone);
+  return Calendar(zone, locale);
+}
+
+std::string zoneOfFile(const std::filesystem::path& file) {
+  constexpr std::string_view database = "/zoneinfo/";
+  constexpr int mostLinks = 16;
+  std::filesystem::path path = file.lexically_normal();
+  for (int i = 0; i < mostLinks; ++i) {
+    const std::string text = path.string();
+    if (const auto at = text.find(database); at != text.npos) {
+      const std::string name = text.substr(at + database.size());
+      for (const std::string_view variant : {"posix/", "right/"})
+        if (name.starts_with(variant)) return name.substr(variant.size());
+      return name;
+    }
+    std::error_code error;
+    const auto target = std::filesystem::read_symlink(path, error);
+    if (error) return {};
+    path = (path.parent_path() / target).lexically_normal();
+  }
+  return {};
 }
 
 seconds Calendar::offset(Instant instant) const {

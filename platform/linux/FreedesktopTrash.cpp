@@ -86,7 +86,7 @@ struct FreedesktopTrash::Target {
   }
 };
 
-FreedesktopTrash::FreedesktopTrash(std::string dataHome, uid_t user, Calendar calendar)
+FreedesktopTrash::FreedesktopTrash(std::string dataHome, uid_t user, PresentCalendar calendar)
     : dataHome_(std::move(dataHome)), user_(user), calendar_(std::move(calendar)) {}
 
 FreedesktopTrash::Target FreedesktopTrash::homeTrash() const {
@@ -136,7 +136,7 @@ FreedesktopTrash::Target FreedesktopTrash::volumeTrash(const std::string& url, i
 
 // Writes the information file, which reserves the name.
 std::string FreedesktopTrash::reserve(const Target& target, const std::string& name, Instant now) const {
-  const auto local = calendar_.fields(now);
+  const auto local = calendar_().fields(now);
   const std::string text = fmt::format("[Trash Info]\nPath={}\nDeletionDate={:04}-{:02}-{:02}T{:02}:{:02}:{:02}\n",
                                        percentEncodedPath(target.path), local.year, local.month, local.day, local.hour,
                                        local.minute, local.second);

@@ -7,7 +7,7 @@
 #include <string>
 #include <sys/types.h>
 
-#include "core/base/Calendar.h"
+#include "core/base/PresentCalendar.h"
 #include "platform/Trash.h"
 
 namespace ambrel {
@@ -15,7 +15,7 @@ namespace ambrel {
 class FreedesktopTrash : public Trash {
  public:
   // `dataHome`: $XDG_DATA_HOME, made when it is missing. `calendar`: deletion dates are local times.
-  FreedesktopTrash(std::string dataHome, uid_t user, Calendar calendar);
+  FreedesktopTrash(std::string dataHome, uid_t user, PresentCalendar calendar);
 
   void move(const DiskAdvice::TrashRequest& request, Instant now) override;
 
@@ -27,7 +27,7 @@ class FreedesktopTrash : public Trash {
 
   std::string dataHome_;
   uid_t user_;
-  Calendar calendar_;
+  PresentCalendar calendar_;
 };
 
 }  // namespace ambrel

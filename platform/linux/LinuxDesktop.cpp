@@ -10,6 +10,7 @@
 #include "platform/linux/InstalledPrograms.h"
 #include "platform/linux/ProcReadings.h"
 #include "platform/linux/SessionBus.h"
+#include "platform/linux/SystemTimeZone.h"
 #include "platform/linux/TimerfdClock.h"
 #include "platform/linux/X11Connection.h"
 #include "platform/linux/X11HotKeys.h"
@@ -63,7 +64,8 @@ std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
 }  // namespace
 
 struct LinuxDesktop::Parts {
-  Parts(const std::string& display, const std::string& dataHome, const Calendar& calendar)
+  Parts(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
+        const std::filesystem::path& zoneFile)
       : connection(display.empty() ? nullptr : X11Connection::open(display)),
         bus(openSessionBus()),
         systemBus(openSystemBus()),
@@ -74,6 +76,7 @@ struct LinuxDesktop::Parts {
         hotKeys(connection.get()),
         notifications(bus),
         pasteboard(openPasteboard(display)),
+        timeZone(zoneFile, systemBus),
         telemetry(telemetrySources(systemBus)),
         bluetooth(systemBus),
         volumes(systemBus),
@@ -93,6 +96,7 @@ struct LinuxDesktop::Parts {
   std::unique_ptr<Pasteboard> pasteboard;
   ProcReadings readings;
   TimerfdClock wallClock;
+  SystemTimeZone timeZone;
   CanberraSounds sounds;
   LinuxTelemetry telemetry;
   TCPLatencyProbe latency;
@@ -105,8 +109,9 @@ struct LinuxDesktop::Parts {
   DBusSessionService session;
 };
 
-LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const Calendar& calendar)
-    : parts_(std::make_unique<Parts>(display, dataHome, calendar)) {}
+LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
+                           const std::filesystem::path& zoneFile)
+    : parts_(std::make_unique<Parts>(display, dataHome, calendar, zoneFile)) {}
 LinuxDesktop::~LinuxDesktop() = default;
 
 Desktop LinuxDesktop::seams() {
@@ -119,6 +124,7 @@ Desktop LinuxDesktop::seams() {
           .pasteboard = *parts_->pasteboard,
           .readings = parts_->readings,
           .wallClock = parts_->wallClock,
+          .timeZone = parts_->timeZone,
           .sounds = parts_->sounds,
           .telemetry = parts_->telemetry,
           .latency = parts_->latency,

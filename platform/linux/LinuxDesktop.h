@@ -2,10 +2,11 @@
 // The desktop that the program runs on, made of what this session has: X11 where there is an X server, D-Bus where
 // there is a session bus. What is missing says so to those who ask; nothing here fails.
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
-#include "core/base/Calendar.h"
+#include "core/base/PresentCalendar.h"
 #include "platform/Desktop.h"
 #include "platform/SessionService.h"
 
@@ -14,8 +15,10 @@ namespace ambrel {
 class LinuxDesktop {
  public:
   // display: as in DISPLAY; empty for none. After the toolkit's application object.
-  // dataHome: $XDG_DATA_HOME, which holds the Trash. calendar: for the dates that others read.
-  LinuxDesktop(const std::string& display, const std::string& dataHome, const Calendar& calendar);
+  // dataHome: $XDG_DATA_HOME, which holds the Trash. calendar: for the dates that others read. zoneFile: see
+  // SystemTimeZone.
+  LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
+               const std::filesystem::path& zoneFile);
   ~LinuxDesktop();
 
   Desktop seams();

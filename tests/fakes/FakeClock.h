@@ -6,9 +6,24 @@
 #include <vector>
 
 #include "platform/Sounds.h"
+#include "platform/TimeZone.h"
 #include "platform/WallClock.h"
 
 namespace ambrel {
+
+class FakeTimeZone : public TimeZone {
+ public:
+  std::string name() const override { return zone_; }
+  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
+  void set(std::string zone) {
+    zone_ = std::move(zone);
+    if (handler_) handler_();
+  }
+
+ private:
+  std::string zone_ = "UTC";
+  std::function<void()> handler_;
+};
 
 class FakeClock : public WallClock {
  public:

@@ -24,6 +24,7 @@ struct FakeDesktop {
             .pasteboard = pasteboard,
             .readings = readings,
             .wallClock = clock,
+            .timeZone = timeZone,
             .sounds = sounds,
             .telemetry = telemetry,
             .latency = latency,
@@ -43,6 +44,7 @@ struct FakeDesktop {
   FakePasteboard pasteboard;
   FakeReadings readings;
   FakeClock clock;
+  FakeTimeZone timeZone;
   FakeSounds sounds;
   FakeTelemetry telemetry;
   FakeLatencyProbe latency;

@@ -77,6 +77,7 @@ class FocusAndWeatherTests : public QObject {
   void aNotificationLeadsToItsTile();
   void breaksDisturbOnlyFromTheBar();
   void theBarPeeksForWater();
+  void aChangedZoneIsFollowed();
   void theWeatherOfATileIsAskedForWhileItStands();
 };
 
@@ -244,6 +245,27 @@ void FocusAndWeatherTests::breaksDisturbOnlyFromTheBar() {
     const auto told = desk.told();
     QVERIFY2(std::find(told.begin(), told.end(), identifier) != told.end(), identifier);
   }
+}
+
+// At 09:41 by Greenwich, on a Saturday.
+void FocusAndWeatherTests::aChangedZoneIsFollowed() {
+  Desk desk({"clock", "alarm", "water", "mood"});
+  desk.focus().alarm()->set(7, 30);
+  desk.focus().water()->add();
+  desk.focus().mood()->setToday(4);
+  QCOMPARE(desk.focus().alarm()->detail(), QStringLiteral("Tomorrow"));
+
+  desk.desktop.timeZone.set("America/New_York");
+  QCOMPARE(desk.delegate->context()->clock()->time(), QStringLiteral("4:41\u202fAM"));
+  QCOMPARE(desk.focus().alarm()->detail(), QStringLiteral("Today"));
+  QCOMPARE(desk.focus().water()->nextText(), QStringLiteral("Next glass at 5:11\u202fAM"));
+
+  desk.desktop.timeZone.set("Pacific/Kiritimati");
+  QCOMPARE(desk.delegate->context()->clock()->weekday(), QStringLiteral("Saturday"));
+  desk.desktop.clock.pass(minutes(30));
+  desk.desktop.timeZone.set("Pacific/Kiritimati");
+  QCOMPARE(desk.focus().mood()->today(), 0);
+  QCOMPARE(desk.focus().water()->count(), 0);
 }
 
 void FocusAndWeatherTests::theBarPeeksForWater() {

@@ -39,6 +39,7 @@ class FocusModelsTests : public QObject {
   void aMissedAlarmMakesNoSound();
   void breathingGoesStepByStep();
   void habitsAreKeptInTheirFile();
+  void anAlarmThatOnlyTheNewZoneHasPassedIsNotMissed();
   void aDamagedHabitFileIsLogged();
   void moodsAreKeptByTheDay();
 };
@@ -379,6 +380,22 @@ void FocusModelsTests::habitsAreKeptInTheirFile() {
   const QString read = QString::fromStdString(store.items()[0].id.text());
   QSignalSpy moved(store.habits(), &QAbstractItemModel::dataChanged);
   QSignalSpy reset(store.habits(), &QAbstractItemModel::modelReset);
+void FocusModelsTests::anAlarmThatOnlyTheNewZoneHasPassedIsNotMissed() {
+  FocusRoom room;
+  FocusSeams seams = room.seams();
+  AlarmClock alarm(seams, nullptr);
+  alarm.set(7, 30);
+  room.clock.set(*parseISO8601("2026-11-21T03:00:00Z"));
+  seams.calendar.replace(Calendar("Asia/Tokyo", "en_GB"));
+  alarm.zoneChanged(room.clock.now());
+  alarm.tick(room.clock.now());
+  QVERIFY(room.notifications.posted.empty());
+  passUntilDue(room, alarm);  // midnight
+  passUntilDue(room, alarm);
+  QVERIFY(room.clock.now() == *parseISO8601("2026-11-21T22:30:00Z"));
+  QVERIFY(alarm.isRinging());
+}
+
   store.toggleToday(read);
   QCOMPARE(moved.count(), 1);
   QCOMPARE(reset.count(), 0);
