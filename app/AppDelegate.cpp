@@ -262,7 +262,7 @@ void AppDelegate::makeDock() {
   connect(&theme, &Theme::textScaleChanged, dock_.get(), [this, &theme] { dock_->setScale(theme.textScale()); });
   toast_.attach(engine_, desktop_.windowStyle, [this] { return dock_->anchor({}); });
   tips_ = std::make_unique<TipController>(engine_, desktop_.windowStyle);
-  system_->tick(surroundings_.now());
+  system_->tick();
   clock_->tick(surroundings_.now());
   dock_->start();
 }
@@ -292,7 +292,7 @@ void AppDelegate::startTimers() {
   clipboard_->start();
   every(ClipboardModel::pollInterval, [this] { clipboard_->poll(); });
   every(SystemMonitor::tickInterval, [this] {
-    system_->tick(surroundings_.now());
+    system_->tick();
     live_->tick(surroundings_.now());
     // After a sleep the minute's own timer is late.
     clock_->tick(surroundings_.now());

@@ -68,11 +68,16 @@ struct NetworkRates {
 // elapsed: since boot, not by the wall clock; 0 or less, or more than `longestGap`: absent.
 std::optional<NetworkRates> networkRates(const NetworkCounters& before, const NetworkCounters& now, Seconds elapsed);
 
+// What a file system says of itself. Some of it may be reserved for root, which is neither free nor used.
 struct VolumeSizes {
-  std::int64_t freeBytes = 0;
+  std::int64_t freeBytes = 0;  // for those who are not root
   std::int64_t totalBytes = 0;
+  std::int64_t usedBytes = 0;
   friend bool operator==(const VolumeSizes&, const VolumeSizes&) = default;
 };
+
+// Of what can be used, as df has it; absent when nothing is known.
+std::optional<double> usedPercent(std::int64_t usedBytes, std::int64_t freeBytes);
 
 // The newest values of a chart, oldest first.
 class History {

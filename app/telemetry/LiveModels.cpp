@@ -134,7 +134,7 @@ std::optional<Seconds> LiveModels::rhythm(Entry& entry) const {
 
 void LiveModels::tick(Instant now) {
   for (Entry& entry : entries_)
-    if (const auto interval = rhythm(entry)) entry.sampler->poll(now, *interval);
+    if (const auto interval = rhythm(entry)) entry.sampler->poll(seams_.readings.sinceBoot(), *interval);
   flush();
   if (areActive_ && isOnBar(DockWidget::uptime)) publishUptime(now);
 }
@@ -153,7 +153,7 @@ LiveModels::Need LiveModels::require(SamplerBase& sampler, Seconds interval) {
   auto need = std::make_shared<const Seconds>(interval);
   for (Entry& entry : entries_)
     if (entry.sampler == &sampler) entry.needs.push_back(need);
-  sampler.poll(seams_.now(), interval);
+  sampler.poll(seams_.readings.sinceBoot(), interval);
   flush();
   return need;
 }
@@ -171,18 +171,17 @@ void LiveModels::noticeBattery() {
   if (!power_.lastRun()) return;
   const bool hasBattery = power_.value() && power_.value()->percent;
   const auto had = std::exchange(hadBattery_, hasBattery);
-  if (had && *had != hasBattery && batteryHealth_.lastRun()) batteryHealth_.refresh(seams_.now());
+  if (had && *had != hasBattery && batteryHealth_.lastRun()) batteryHealth_.refresh(seams_.readings.sinceBoot());
 }
 
 void LiveModels::publishVolumes() {
   const auto list = volumes_.value().value_or(std::vector<VolumeInfo>{});
   // What has gone needs no word any more, and after a while what has stayed does not either.
-  const Instant now = seams_.now();
+  const Seconds now = seams_.readings.sinceBoot();
   std::erase_if(ejects_, [&](const auto& entry) {
     const auto& [url, eject] = entry;
     if (eject.isUnderWay) return false;
-    return std::ranges::find(list, url, &VolumeInfo::url) == list.end() ||
-           secondsBetween(eject.endedAt, now) > refusalStays;
+    return std::ranges::find(list, url, &VolumeInfo::url) == list.end() || now - eject.endedAt > refusalStays;
   });
   volumesText_.set(volumesTile(seams_.calendar, sampled(volumes_), ejects_));
   volumeRows_.set(ambrel::volumeRows(seams_.calendar, list, ejects_));
@@ -203,14 +202,14 @@ void LiveModels::eject(const QString& url) {
   const auto& list = volumes_.value();
   if (!list) return;
   const auto volume = std::ranges::find(*list, key, &VolumeInfo::url);
-  if (volume == list->end() || ejects_[key].isUnderWay) return;
+  if (volume == list->end() || volume->isRemote || ejects_[key].isUnderWay) return;
   ejects_[key] = {.isUnderWay = true};
   publishVolumes();
   seams_.volumes.eject(key, [self = QPointer(this), key, name = toQString(volume->name)](const EjectResult& result) {
     if (!self) return;
-    self->ejects_[key] = {.isUnderWay = false, .result = result, .endedAt = self->seams_.now()};
+    self->ejects_[key] = {.isUnderWay = false, .result = result, .endedAt = self->seams_.readings.sinceBoot()};
     self->publishVolumes();
-    self->volumes_.refresh(self->seams_.now());
+    self->volumes_.refresh(self->seams_.readings.sinceBoot());
     if (self->onEjected) self->onEjected(name, result);
   });
 }
@@ -219,7 +218,7 @@ void LiveModels::ejectFirst() {
   if (const auto& list = volumes_.value(); list && !list->empty()) eject(toQString(list->front().url));
 }
 
-void LiveModels::refreshLatency() { latency_.refresh(seams_.now()); }
+void LiveModels::refreshLatency() { latency_.refresh(seams_.readings.sinceBoot()); }
 
 QString LiveModels::addressToCopy() const {
   const auto& list = addresses_.value();

@@ -23,14 +23,17 @@ QVariant LiveRows::data(const QModelIndex& index, int role) const {
       return live->isBusy;
     case FailedRole:
       return live->hasFailed;
+    case ActionRole:
+      return live->hasAction;
     default:
       return {};
   }
 }
 
 QHash<int, QByteArray> LiveRows::roleNames() const {
-  return {{IDRole, "rowId"},      {TitleRole, "title"},     {DetailRole, "detail"}, {FigureRole, "figure"},
-          {SymbolRole, "symbol"}, {PercentRole, "percent"}, {BusyRole, "isBusy"},   {FailedRole, "hasFailed"}};
+  return {{IDRole, "rowId"},      {TitleRole, "title"},      {DetailRole, "detail"},
+          {FigureRole, "figure"}, {SymbolRole, "symbol"},    {PercentRole, "percent"},
+          {BusyRole, "isBusy"},   {FailedRole, "hasFailed"}, {ActionRole, "hasAction"}};
 }
 
 }  // namespace ambrel

@@ -15,6 +15,8 @@ struct LiveRow {
   bool isBusy = false;
   // The detail says what went wrong.
   bool hasFailed = false;
+  // Something can be done with it.
+  bool hasAction = false;
   friend bool operator==(const LiveRow&, const LiveRow&) = default;
 };
 
@@ -25,7 +27,17 @@ class LiveRows : public RecordListModel<LiveRow, QString> {
   Q_PROPERTY(int count READ count NOTIFY countChanged FINAL)
 
  public:
-  enum Role { IDRole = Qt::UserRole, TitleRole, DetailRole, FigureRole, SymbolRole, PercentRole, BusyRole, FailedRole };
+  enum Role {
+    IDRole = Qt::UserRole,
+    TitleRole,
+    DetailRole,
+    FigureRole,
+    SymbolRole,
+    PercentRole,
+    BusyRole,
+    FailedRole,
+    ActionRole
+  };
 
   explicit LiveRows(QObject* parent = nullptr) : RecordListModel(parent) {}
 

@@ -13,21 +13,20 @@ Seconds longestPause(Seconds interval) { return std::max(longestGap, interval * 
 
 }  // namespace
 
-void SamplerBase::poll(Instant now, Seconds interval) {
+void SamplerBase::poll(Seconds now, Seconds interval) {
   if (isRunning_) return;
-  const Seconds since = lastRun_ ? secondsBetween(*lastRun_, now) : interval;
-  if (since.count() < 0 || since + tolerance >= interval) run(now, interval);
+  if (!lastRun_ || now - *lastRun_ + tolerance >= interval) run(now, interval);
 }
 
-void SamplerBase::refresh(Instant now) {
+void SamplerBase::refresh(Seconds now) {
   if (isRunning_)
     isWanted_ = true;
   else
     run(now, interval_);
 }
 
-void SamplerBase::run(Instant now, Seconds interval) {
-  if (lastRun_ && secondsBetween(*lastRun_, now) > longestPause(interval)) forget();
+void SamplerBase::run(Seconds now, Seconds interval) {
+  if (lastRun_ && now - *lastRun_ > longestPause(interval)) forget();
   lastRun_ = now;
   isRunning_ = true;
   isWanted_ = false;

@@ -22,16 +22,16 @@ class SamplerBase : public QObject {
  public:
   bool isUnavailable() const { return isUnavailable_; }
   bool isRunning() const { return isRunning_; }
-  std::optional<Instant> lastRun() const { return lastRun_; }
+  // Times are since boot: the wall clock can be set.
+  std::optional<Seconds> lastRun() const { return lastRun_; }
   Seconds interval() const { return interval_; }
 
-  // Reads when the interval has passed since the last time and no read is in flight. A clock that was set back does
-  // not put the next read off.
-  void poll(Instant now) { poll(now, interval_); }
+  // Reads when the interval has passed since the last time and no read is in flight.
+  void poll(Seconds now) { poll(now, interval_); }
   // The same in another rhythm.
-  void poll(Instant now, Seconds interval);
+  void poll(Seconds now, Seconds interval);
   // Reads now; with a read in flight, as soon as that has come back.
-  void refresh(Instant now);
+  void refresh(Seconds now);
 
  Q_SIGNALS:
   // A read has come back.
@@ -42,18 +42,18 @@ class SamplerBase : public QObject {
 
   // Starts a read, whose end calls `finish`.
   virtual void start() = 0;
-  // The reading before is too old to reckon with, and what was drawn of it has a hole.
+  // The reading before is too old to compare with, and what was drawn of it has a hole.
   virtual void forget() = 0;
   void finish(bool isThere);
 
  private:
-  void run(Instant now, Seconds interval);
+  void run(Seconds now, Seconds interval);
 
   Seconds interval_;
   bool isUnavailable_ = false;
   bool isRunning_ = false;
   bool isWanted_ = false;
-  std::optional<Instant> lastRun_;
+  std::optional<Seconds> lastRun_;
 };
 
 // `Raw` is what the reader gives, `Value` what is published. `read` runs off the main thread; when it gives nothing,

@@ -48,7 +48,8 @@ std::vector<LiveRow> volumeRows(const Calendar& calendar, const std::vector<Volu
                 .title = oneLine(volume.name),
                 .detail = spaceText(calendar, volume),
                 .symbol = QStringLiteral("externaldrive"),
-                .percent = usedPercent(volume)};
+                .percent = usedPercent(volume.usedBytes, volume.freeBytes),
+                .hasAction = !volume.isRemote};
     if (const auto eject = ejects.find(volume.url); eject != ejects.end()) {
       row.isBusy = eject->second.isUnderWay;
       if (row.isBusy) {

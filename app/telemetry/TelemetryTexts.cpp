@@ -187,14 +187,17 @@ TileReading volumesTile(const Calendar& calendar, const Sampled<std::vector<Volu
   const VolumeInfo& first = volumes.value->front();
   const std::vector<LiveRow> rows = volumeRows(calendar, *volumes.value, ejects);
   const bool isAsUsual = !rows.front().isBusy && !rows.front().hasFailed;
+  const QString free =
+      first.totalBytes > 0 ? briefSize(calendar, static_cast<std::uint64_t>(first.freeBytes)) : QString();
   TileReading tile{.value = rows.front().title,
-                   .subLine = isAsUsual
-                                  ? tr("%1 free").arg(briefSize(calendar, static_cast<std::uint64_t>(first.freeBytes)))
-                                  : rows.front().detail,
+                   .subLine = isAsUsual && !free.isEmpty() ? tr("%1 free").arg(free) : rows.front().detail,
                    .fact = rows.size() > 1 ? QStringLiteral("+%1").arg(rows.size() - 1) : QString(),
-                   .shortMessage = briefSize(calendar, static_cast<std::uint64_t>(first.freeBytes)),
-                   .percent = rows.front().percent.value_or(0),
+                   .shortMessage = !free.isEmpty()  ? free
+                                   : first.isRemote ? tr("Network")
+                                                    : tr("Unknown"),
                    .isOn = rows.front().isBusy};
+  // Without a share there is nothing to eject.
+  if (!first.isRemote) tile.percent = rows.front().percent.value_or(0);
   QStringList lines;
   for (const LiveRow& row : rows) lines.append(joined({row.title, row.detail}));
   tile.tip = lines.join(u'\n');

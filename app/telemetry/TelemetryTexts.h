@@ -57,7 +57,7 @@ TileReading displayTile(const std::optional<DisplayReading>& display);
 struct Eject {
   bool isUnderWay = false;
   std::optional<EjectResult> result{};  // what came of the last try
-  Instant endedAt{};
+  Seconds endedAt{0};                   // since boot
 };
 using Ejects = std::map<std::string, Eject>;  // by url
 // Why the drive is still there, in words.

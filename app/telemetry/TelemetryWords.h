@@ -71,13 +71,10 @@ inline QString thermalName(ThermalLevel level) {
   return {};
 }
 
-inline std::optional<double> usedPercent(const VolumeInfo& volume) {
-  if (volume.totalBytes <= 0) return std::nullopt;
-  return 100.0 * static_cast<double>(volume.totalBytes - volume.freeBytes) / static_cast<double>(volume.totalBytes);
-}
-
 // "12 GB of 64 GB free"
 inline QString spaceText(const Calendar& calendar, const VolumeInfo& volume) {
+  if (volume.isRemote) return tr("Network folder");
+  if (volume.totalBytes <= 0) return tr("Size unknown");
   return tr("%1 of %2 free")
       .arg(size(calendar, static_cast<std::uint64_t>(volume.freeBytes)),
            size(calendar, static_cast<std::uint64_t>(volume.totalBytes)));

@@ -39,6 +39,7 @@ Popover {
             required property double percent
             required property bool isBusy
             required property bool hasFailed
+            required property bool hasAction
 
             width: list.width
             height: 64
@@ -77,6 +78,7 @@ Popover {
                     Accessible.ignored: true
                 }
                 MeterBar {
+                    visible: !isNaN(row.percent)
                     width: parent.width
                     height: 4
                     value: row.percent
@@ -93,6 +95,7 @@ Popover {
                 symbol: "eject"
                 text: qsTr("Eject")
                 label: qsTr("Eject %1").arg(row.title)
+                visible: row.hasAction
                 enabled: !row.isBusy
                 onClicked: root.live.eject(row.rowId)
             }

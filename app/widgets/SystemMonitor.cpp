@@ -26,14 +26,14 @@ QList<qreal> list(const History& history) {
 SystemMonitor::SystemMonitor(const SystemReadings& readings, Background background, Calendar calendar, QObject* parent)
     : QObject(parent), readings_(readings), background_(std::move(background)), calendar_(std::move(calendar)) {}
 
-void SystemMonitor::tick(Instant now) {
+void SystemMonitor::tick() {
   const Seconds at = readings_.sinceBoot();
   if (lastTick_ && at - *lastTick_ > longestGap) forget();
   lastTick_ = at;
   sampleProcessor();
   if (wanted_.memory) sampleMemory();
   if (wanted_.network) sampleNetwork(at);
-  sampleDisk(now);
+  sampleDisk(at);
 }
 
 void SystemMonitor::sampleProcessor() {
@@ -101,9 +101,9 @@ void SystemMonitor::sampleNetwork(Seconds at) {
   Q_EMIT networkChanged();
 }
 
-void SystemMonitor::sampleDisk(Instant now) {
-  if (isReadingDisk_ || (lastDiskSample_ && secondsBetween(*lastDiskSample_, now) < diskInterval)) return;
-  lastDiskSample_ = now;
+void SystemMonitor::sampleDisk(Seconds at) {
+  if (isReadingDisk_ || (lastDiskSample_ && at - *lastDiskSample_ < diskInterval)) return;
+  lastDiskSample_ = at;
   isReadingDisk_ = true;
   auto result = std::make_shared<std::optional<VolumeSizes>>();
   background_([&readings = readings_, result] { *result = readings.startUpVolume(); },
@@ -122,9 +122,7 @@ qreal SystemMonitor::memoryPercent() const {
 }
 
 qreal SystemMonitor::diskPercent() const {
-  return disk_ && disk_->totalBytes > 0
-             ? 100.0 * static_cast<qreal>(disk_->totalBytes - disk_->freeBytes) / static_cast<qreal>(disk_->totalBytes)
-             : unknown;
+  return disk_ ? usedPercent(disk_->usedBytes, disk_->freeBytes).value_or(unknown) : unknown;
 }
 
 QList<qreal> SystemMonitor::cpuHistory() const { return list(cpuHistory_); }

@@ -53,7 +53,7 @@ class SystemMonitor : public QObject {
 
   SystemMonitor(const SystemReadings& readings, Background background, Calendar calendar, QObject* parent = nullptr);
 
-  void tick(Instant now);
+  void tick();
 
   // What somebody looks at or decides by; the rest is not read, and unknown. At first everything is wanted.
   struct Wanted {
@@ -103,7 +103,7 @@ class SystemMonitor : public QObject {
   void sampleProcessor();
   void sampleMemory();
   void sampleNetwork(Seconds at);
-  void sampleDisk(Instant now);
+  void sampleDisk(Seconds at);
 
   const SystemReadings& readings_;
   Wanted wanted_;
@@ -121,7 +121,7 @@ class SystemMonitor : public QObject {
     Seconds at;
   };
   std::optional<NetworkSample> lastNetwork_;
-  std::optional<Instant> lastDiskSample_;
+  std::optional<Seconds> lastDiskSample_;  // since boot
   bool isReadingDisk_ = false;
 };
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/telemetry.h"
+
 namespace ambrel {
 namespace {
 
@@ -20,6 +22,11 @@ bool isInner(const NetworkAddress& address) {
 }
 
 }  // namespace
+
+std::optional<double> usedPercent(std::int64_t usedBytes, std::int64_t freeBytes) {
+  if (usedBytes < 0 || freeBytes < 0 || usedBytes + freeBytes <= 0) return std::nullopt;
+  return 100.0 * static_cast<double>(usedBytes) / static_cast<double>(usedBytes + freeBytes);
+}
 
 std::vector<NetworkAddress> rankedAddresses(std::vector<NetworkAddress> addresses) {
   std::erase_if(addresses, leadsNowhere);

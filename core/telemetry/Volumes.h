@@ -8,10 +8,14 @@
 namespace ambrel {
 
 struct VolumeInfo {
-  std::string url = {};   // of the mount point: "file:///media/anna/STICK"
-  std::string name = {};  // valid UTF-8
-  std::int64_t freeBytes = 0;
-  std::int64_t totalBytes = 0;
+  std::string url = {};         // of the mount point: "file:///media/anna/STICK"
+  std::string name = {};        // valid UTF-8
+  std::int64_t freeBytes = 0;   // for those who are not root
+  std::int64_t totalBytes = 0;  // 0 while unknown
+  std::int64_t usedBytes = 0;   // without what is reserved for root
+  // A folder of another computer. Its sizes are unknown, as asking for them may wait without end, and there is no
+  // drive to eject.
+  bool isRemote = false;
   friend bool operator==(const VolumeInfo&, const VolumeInfo&) = default;
 };
 

@@ -18,6 +18,14 @@ bool isThere(const fs::path& path) {
 
 }  // namespace
 
+VolumeSizes volumeSizes(const struct statvfs& info) {
+  const auto unit = static_cast<std::int64_t>(info.f_frsize);
+  const auto bytes = [unit](fsblkcnt_t blocks) { return static_cast<std::int64_t>(blocks) * unit; };
+  return {.freeBytes = bytes(info.f_bavail),
+          .totalBytes = bytes(info.f_blocks),
+          .usedBytes = bytes(info.f_blocks - std::min(info.f_bfree, info.f_blocks))};
+}
+
 std::optional<std::string_view> KeptText::read(std::size_t limit) {
   if (!file_) file_ = openForReading(path_);
   if (!file_) return std::nullopt;
@@ -84,9 +92,7 @@ NetworkCounters ProcReadings::network() const {
 std::optional<VolumeSizes> ProcReadings::startUpVolume() const {
   struct statvfs info;
   if (statvfs(root_.c_str(), &info) != 0 || info.f_blocks == 0) return std::nullopt;
-  const auto unit = static_cast<std::int64_t>(info.f_frsize);
-  return VolumeSizes{.freeBytes = static_cast<std::int64_t>(info.f_bavail) * unit,
-                     .totalBytes = static_cast<std::int64_t>(info.f_blocks) * unit};
+  return volumeSizes(info);
 }
 
 Seconds ProcReadings::sinceBoot() const {

@@ -7,7 +7,11 @@
 #include "core/base/Files.h"
 #include "platform/SystemReadings.h"
 
+struct statvfs;
+
 namespace ambrel {
+
+VolumeSizes volumeSizes(const struct statvfs& info);
 
 // A file of /proc that is read again and again: it stays open, and its text is made anew at each read from its start.
 class KeptText {

@@ -26,7 +26,8 @@ class FakeReadings : public SystemReadings {
   std::optional<MemoryReading> memoryReading =
       MemoryReading{.totalBytes = 16'000'000'000, .availableBytes = 4'000'000'000};
   NetworkCounters counters{{"eth0", {1'000, 500}}};
-  std::optional<VolumeSizes> volume = VolumeSizes{.freeBytes = 250'000'000'000, .totalBytes = 1'000'000'000'000};
+  std::optional<VolumeSizes> volume =
+      VolumeSizes{.freeBytes = 250'000'000'000, .totalBytes = 1'000'000'000'000, .usedBytes = 375'000'000'000};
   Seconds boot{1000};
   mutable int volumeReads = 0;
 };

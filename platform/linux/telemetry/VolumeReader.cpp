@@ -10,6 +10,7 @@
 
 #include "core/base/Text.h"
 #include "core/telemetry/KernelTexts.h"
+#include "platform/linux/ProcReadings.h"
 #include "platform/linux/telemetry/SmallFiles.h"
 
 namespace ambrel {
@@ -19,16 +20,19 @@ std::optional<std::vector<VolumeInfo>> readVolumes(const std::filesystem::path& 
   if (!text) return std::nullopt;
   std::vector<VolumeInfo> volumes;
   for (const Mount& mount : externalMounts(parseMountinfo(*text))) {
-    VolumeInfo volume{.url = "file://" + percentEncodedPath(mount.path), .name = volumeName(mount)};
+    VolumeInfo volume{
+        .url = "file://" + percentEncodedPath(mount.path), .name = volumeName(mount), .isRemote = isRemote(mount)};
     struct statvfs info {};
-    if (!isRemote(mount) && statvfs((root / std::filesystem::path(mount.path).relative_path()).c_str(), &info) == 0) {
-      const auto unit = static_cast<std::int64_t>(info.f_frsize);
-      volume.freeBytes = static_cast<std::int64_t>(info.f_bavail) * unit;
-      volume.totalBytes = static_cast<std::int64_t>(info.f_blocks) * unit;
+    if (!volume.isRemote && statvfs((root / std::filesystem::path(mount.path).relative_path()).c_str(), &info) == 0) {
+      const VolumeSizes sizes = volumeSizes(info);
+      volume.freeBytes = sizes.freeBytes;
+      volume.totalBytes = sizes.totalBytes;
+      volume.usedBytes = sizes.usedBytes;
     }
     volumes.push_back(std::move(volume));
   }
-  std::ranges::stable_sort(volumes, {}, [](const VolumeInfo& volume) { return asciiLower(volume.name); });
+  std::ranges::stable_sort(
+      volumes, {}, [](const VolumeInfo& volume) { return std::pair(volume.isRemote, asciiLower(volume.name)); });
   return volumes;
 }
 

@@ -9,7 +9,7 @@
 
 namespace ambrel {
 
-// Sizes are 0 for folders of other computers: asking those may wait without end.
+// Drives by name, then the folders of other computers.
 std::optional<std::vector<VolumeInfo>> readVolumes(const std::filesystem::path& root);
 // The addresses are those of this computer; which interface leads out is read below `root`.
 std::vector<NetworkAddress> readAddresses(const std::filesystem::path& root);

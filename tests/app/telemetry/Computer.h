@@ -34,7 +34,7 @@ struct Computer {
       now += std::chrono::seconds(2);
       readings.pass(2, 46, 154);
       if (everyTick) everyTick();
-      system.tick(now);
+      system.tick();
       live.tick(now);
       held.letGo();
     }
@@ -61,12 +61,16 @@ struct Computer {
     telemetry.thermalReading = {.level = ThermalLevel::nominal, .celsius = 54.3};
     telemetry.wifiReading = {
         .isOn = true, .rssi = -58, .noise = -94, .networkName = "Lighthouse", .megabitsPerSecond = 866};
-    telemetry.drives = {
-        {.url = "file:///media/anna/STICK", .name = "STICK", .freeBytes = 12'000'000'000, .totalBytes = 64'000'000'000},
-        {.url = "file:///media/anna/Archive",
-         .name = "Archive",
-         .freeBytes = 900'000'000'000,
-         .totalBytes = 4'000'000'000'000}};
+    telemetry.drives = {{.url = "file:///media/anna/STICK",
+                         .name = "STICK",
+                         .freeBytes = 12'000'000'000,
+                         .totalBytes = 64'000'000'000,
+                         .usedBytes = 52'000'000'000},
+                        {.url = "file:///media/anna/Archive",
+                         .name = "Archive",
+                         .freeBytes = 900'000'000'000,
+                         .totalBytes = 4'000'000'000'000,
+                         .usedBytes = 3'100'000'000'000}};
     telemetry.networkAddresses = {
         {.interface = "wlp3s0", .text = "192.168.178.120", .isDefault = true},
         {.interface = "wlp3s0", .text = "2001:db8::17:4cff:fe08:1a2b", .isIPv6 = true, .isDefault = true}};

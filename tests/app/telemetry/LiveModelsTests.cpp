@@ -1,6 +1,7 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
+#include <cmath>
 
 #include "tests/app/telemetry/Computer.h"
 
@@ -24,6 +25,7 @@ class LiveModelsTests : public QObject {
   void textsAreAnnouncedOnlyWhenTheyDiffer();
   void theThreeBusiestMoveWithoutAReset();
   void aDriveIsEjectedOnceAndSaysWhatCameOfIt();
+  void aNetworkFolderHasNoSizeAndIsNotEjected();
   void beingKeptAwakeEndsWithItsTile();
   void aRefusalToStayAwakeIsSaid();
   void theUptimeIsTheTimeSinceBoot();
@@ -253,6 +255,19 @@ void LiveModelsTests::aDriveIsEjectedOnceAndSaysWhatCameOfIt() {
                                     {.url = stick.toStdString(), .name = "STICK", .freeBytes = 1, .totalBytes = 2});
   computer.pass(2);
   QCOMPARE(detail(0), QStringLiteral("1 byte of 2 bytes free"));
+}
+
+void LiveModelsTests::aNetworkFolderHasNoSizeAndIsNotEjected() {
+  Computer computer;
+  computer.telemetry.drives = {{.url = "file:///mnt/nas", .name = "nas", .isRemote = true}};
+  computer.show({DockWidget::volumes});
+  const auto* rows = computer.live.volumeRows();
+  QCOMPARE(rows->data(rows->index(0, 0), LiveRows::DetailRole).toString(), QStringLiteral("Network folder"));
+  QVERIFY(!rows->data(rows->index(0, 0), LiveRows::ActionRole).toBool());
+  QCOMPARE(computer.live.volumesText()->subLine(), QStringLiteral("Network folder"));
+  QVERIFY(std::isnan(computer.live.volumesText()->percent()));
+  computer.live.ejectFirst();
+  QVERIFY(computer.volumes.asked.empty());
 }
 
 void LiveModelsTests::beingKeptAwakeEndsWithItsTile() {

@@ -70,7 +70,7 @@ class LiveTilesTests : public QObject {
 void LiveTilesTests::tilesShowWhatIsRead() {
   Computer computer;
   computer.bePlentiful();
-  computer.system.tick(computer.now);
+  computer.system.tick();
   computer.show();
   computer.pass(40);
   Scene scene;
@@ -170,7 +170,7 @@ void LiveTilesTests::tilesRaiseTheirVoice() {
   computer.live.setDisplay(
       DisplayReading{.name = "DP-1", .width = 15360, .height = 8640, .refreshRate = 143.98, .scale = 1.25});
   computer.readings.boot = std::chrono::hours(24 * 412 + 23);
-  computer.system.tick(computer.now);
+  computer.system.tick();
   computer.show();
   computer.pass(40);
   Scene scene;
@@ -243,7 +243,7 @@ void LiveTilesTests::theWheelTurnsTheVolumeOnceThePointerHasMovedThere() {
 void LiveTilesTests::panelsShowTheDetails() {
   Computer computer;
   computer.bePlentiful();
-  computer.system.tick(computer.now);
+  computer.system.tick();
   computer.show();
   computer.pass(40);
   computer.live.eject(QStringLiteral("file:///media/anna/STICK"));

@@ -7,8 +7,8 @@
 namespace ambrel {
 namespace {
 
-constexpr Instant start = Instant(std::chrono::seconds(1'800'000'000));
-Instant at(double seconds) { return advanced(start, Seconds(seconds)); }
+// Since boot.
+Seconds at(double seconds) { return Seconds(1000 + seconds); }
 
 // A counter whose growth is published, read every 4 seconds; the newest three values are kept.
 struct Fixture {
@@ -79,7 +79,6 @@ void SamplerTests::readsAreSpacedByTheInterval_data() {
   QTest::newRow("by a timer that is a little early") << 3.8 << true;
   QTest::newRow("in time") << 4.0 << true;
   QTest::newRow("late") << 9.0 << true;
-  QTest::newRow("after the clock was set back") << -3600.0 << true;
 }
 
 void SamplerTests::readsAreSpacedByTheInterval() {
