@@ -75,8 +75,8 @@ struct Pomodoro {
   PomodoroPhase phase = PomodoroPhase::focus;
   DayCount completed;
   DayCounts history;
-  std::optional<Instant> endDate;  // while it runs
-  Seconds pausedRemaining{0};      // while it is paused
+  std::optional<Instant> endDate;      // while it runs
+  Seconds pausedRemaining{0};          // while it is paused
   std::optional<Seconds> begunLength;  // of a phase that has begun; new settings are for the next
 
   bool isRunning() const { return endDate.has_value(); }
@@ -113,6 +113,9 @@ struct Water {
   int intervalMinutes = 30;  // 5...480
   bool remindersOn = true;
 
+  // After a day whose goal was met, no glass is due before this hour.
+  static constexpr int morningHour = 8;
+
   void add(Instant now, const Calendar& calendar);
   void remove(Instant now, const Calendar& calendar);
   bool isGoalMet(Instant now, const Calendar& calendar) const;
@@ -122,6 +125,7 @@ struct Water {
   // When to remind, if `now` something has changed: `dueAt`, but at least a minute ahead.
   std::optional<Instant> reminderAt(Instant now, const Calendar& calendar) const;
   FocusNotice notice(Instant now, const Calendar& calendar) const;
+  void clockMoved(Seconds by);
 
   friend bool operator==(const Water&, const Water&) = default;
 };
@@ -287,8 +291,9 @@ struct Mood {
 // The day keys of the last seven days, today last.
 std::array<std::string, 7> lastSevenDays(Instant now, const Calendar& calendar);
 
-// What is kept of a log by day: today and the year before it.
-DayCounts recentDays(const DayCounts& counts, Instant now, const Calendar& calendar);
+// What is kept of a log by day: the newest days, as many as a year has. The present day does not come into it, as a
+// clock that is wrong for once would empty the log.
+DayCounts newestDays(DayCounts counts);
 
 // "18:24", "1:02:05": to whole seconds, upwards, so that a timer shows 0:00 only at its end.
 std::string countdownText(Seconds left);

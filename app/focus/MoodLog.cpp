@@ -28,7 +28,7 @@ void MoodLog::setToday(int mood) {
     days_.erase(found);
   else
     days_[key] = mood;
-  days_ = recentDays(days_, now, calendar_);
+  days_ = newestDays(std::move(days_));
   if (persists_) store(defaults_, "moodLog", days_);
   publish(now);
 }

@@ -14,14 +14,26 @@ constexpr int mostGlasses = 30, shortestInterval = 5, longestInterval = 480;
 
 WaterTracker::WaterTracker(FocusSeams seams, IsEnabled isEnabled, QObject* parent)
     : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
+  load();
+  const Instant now = seams_.now();
+  reminder_ = water_.reminderAt(now, seams_.calendar);
+  publish(now);
+}
+
+void WaterTracker::load() {
   water_ = {.glasses = storedDayCount(seams_.defaults, "waterCount", "waterDay"),
             .lastDrinkAt = seams_.defaults.date("waterLastDrink"),
             .goal = storedInteger(seams_.defaults, "waterGoal", 8, 1, mostGlasses),
             .intervalMinutes = storedInteger(seams_.defaults, "waterInterval", 30, shortestInterval, longestInterval),
             .remindersOn = seams_.defaults.boolean("waterReminders").value_or(true)};
-  const Instant now = seams_.now();
-  reminder_ = water_.reminderAt(now, seams_.calendar);
-  publish(now);
+  // The clock was wrong then; to wait for that time could take years.
+  if (water_.lastDrinkAt) water_.lastDrinkAt = std::min(*water_.lastDrinkAt, seams_.now());
+}
+
+void WaterTracker::reload() {
+  const Water before = water_;
+  load();
+  if (water_ != before) acted(seams_.now());
 }
 
 void WaterTracker::add() {
@@ -62,7 +74,7 @@ void WaterTracker::setRemindersOn(bool on) {
   acted(seams_.now());
 }
 
-// Each change makes the one pending reminder anew; what an earlier one has said is no longer so.
+// Each change replaces the one pending reminder; what an earlier one has said is out of date.
 void WaterTracker::acted(Instant now) {
   seams_.notifications.withdraw("water");
   reminder_ = water_.reminderAt(now, seams_.calendar);
@@ -75,7 +87,13 @@ std::optional<Instant> WaterTracker::waterDueAt(Instant now) const {
 
 std::optional<Instant> WaterTracker::due() const { return reminder_ ? std::min(*reminder_, dayEnds_) : dayEnds_; }
 
+// Met on the day before, the goal is to be reached again.
+void WaterTracker::followDay(Instant now) {
+  if (isGoalMet() && !water_.isGoalMet(now, seams_.calendar)) reminder_ = water_.reminderAt(now, seams_.calendar);
+}
+
 void WaterTracker::tick(Instant now) {
+  followDay(now);
   if (reminder_ && now >= *reminder_) remind(now);
   publish(now);
 }
@@ -94,6 +112,11 @@ void WaterTracker::remind(Instant now) {
 
 void WaterTracker::clockMoved(Seconds by, Instant now) {
   if (reminder_) reminder_ = advanced(*reminder_, by);
+  if (water_.lastDrinkAt && by != Seconds(0)) {
+    water_.clockMoved(by);
+    store(seams_.defaults, "waterLastDrink", DefaultsValue{*water_.lastDrinkAt});
+  }
+  followDay(now);
   publish(now);
 }
 

@@ -44,6 +44,8 @@ class WaterTracker : public TimedModel {
   // When the next glass is due, for whoever else reminds; absent without reminders, and where they are not wanted.
   std::optional<Instant> waterDueAt(Instant now) const;
 
+  // The defaults have been changed by others.
+  void reload();
   std::optional<Instant> due() const override;
   void tick(Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
@@ -60,6 +62,8 @@ class WaterTracker : public TimedModel {
   };
   void acted(Instant now);
   void remind(Instant now);
+  void followDay(Instant now);
+  void load();
   void publish(Instant now);
 
   FocusSeams seams_;

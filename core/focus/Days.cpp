@@ -42,9 +42,11 @@ std::array<std::string, 7> lastSevenDays(Instant now, const Calendar& calendar) 
   return keys;
 }
 
-DayCounts recentDays(const DayCounts& counts, Instant now, const Calendar& calendar) {
+DayCounts newestDays(DayCounts counts) {
+  constexpr std::size_t most = 367;
   // Keys of one form sort as their days do.
-  return {counts.lower_bound(calendar.dayKey(calendar.startOfDay(now, -366))), counts.end()};
+  while (counts.size() > most) counts.erase(counts.begin());
+  return counts;
 }
 
 std::optional<std::vector<Habit>> addingHabit(std::vector<Habit> habits, std::string_view name, UUID id) {

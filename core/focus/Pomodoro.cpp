@@ -78,7 +78,7 @@ void Pomodoro::countSession(Instant now, const Calendar& calendar) {
   const std::string today = calendar.dayKey(now);
   completed.add(1, today);
   ++history[today];
-  history = recentDays(history, now, calendar);
+  history = newestDays(std::move(history));
 }
 
 std::optional<Pomodoro::Ended> Pomodoro::tick(Instant now, const Calendar& calendar) {

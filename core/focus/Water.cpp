@@ -18,13 +18,21 @@ bool Water::isGoalMet(Instant now, const Calendar& calendar) const {
 
 std::optional<Instant> Water::dueAt(Instant now, const Calendar& calendar) const {
   if (!remindersOn || !lastDrinkAt || isGoalMet(now, calendar)) return std::nullopt;
-  return *lastDrinkAt + std::chrono::minutes(intervalMinutes);
+  const Instant due = *lastDrinkAt + std::chrono::minutes(intervalMinutes);
+  if (glasses.count < goal) return due;
+  // The goal of an earlier day was met, and nobody wants to drink at midnight.
+  const auto last = calendar.fields(*lastDrinkAt);
+  return std::max(due, calendar.instant(last.year, last.month, last.day + 1, morningHour));
 }
 
 std::optional<Instant> Water::reminderAt(Instant now, const Calendar& calendar) const {
   const auto due = dueAt(now, calendar);
   if (!due) return std::nullopt;
   return std::max<Instant>(*due, now + std::chrono::seconds(60));
+}
+
+void Water::clockMoved(Seconds by) {
+  if (lastDrinkAt) lastDrinkAt = advanced(*lastDrinkAt, by);
 }
 
 FocusNotice Water::notice(Instant now, const Calendar& calendar) const {

@@ -29,6 +29,8 @@ class FocusModelsTests : public QObject {
   void lengthsAreStoredWithinTheirLimits();
   void aGlassMovesTheOneReminder();
   void aReminderThatWasDueComesAMinuteAfterTheStart();
+  void aMetGoalIsRemindedOfAgainTheNextMorning();
+  void aClockThatIsSetMovesTheLastGlassToo();
   void waterWithoutATileRemindsNobody();
   void theStopwatchShowsWholeSeconds();
   void theQuickTimerTellsOnce();
@@ -37,9 +39,9 @@ class FocusModelsTests : public QObject {
   void anEyeBreakIsCountedAndStored();
   void theAlarmRingsUntilItIsSnoozed();
   void aMissedAlarmMakesNoSound();
+  void anAlarmThatOnlyTheNewZoneHasPassedIsNotMissed();
   void breathingGoesStepByStep();
   void habitsAreKeptInTheirFile();
-  void anAlarmThatOnlyTheNewZoneHasPassedIsNotMissed();
   void aDamagedHabitFileIsLogged();
   void moodsAreKeptByTheDay();
 };
@@ -186,6 +188,37 @@ void FocusModelsTests::aReminderThatWasDueComesAMinuteAfterTheStart() {
   WaterTracker water(room.seams(), nullptr);
   QCOMPARE(water.count(), 0);
   QVERIFY(water.due() == room.clock.now() + seconds(60));
+}
+
+void FocusModelsTests::aMetGoalIsRemindedOfAgainTheNextMorning() {
+  FocusRoom room;
+  WaterTracker water(room.seams(), nullptr);
+  water.setGoal(1);
+  water.add();
+  passUntilDue(room, water);
+  QVERIFY(room.clock.now() == *parseISO8601("2026-11-20T23:00:00Z"));
+  QVERIFY(room.notifications.posted.empty());
+  QVERIFY2(water.waterDueAt(room.clock.now()) > room.clock.now(), "whoever else reminds waits too");
+  passUntilDue(room, water);
+  QVERIFY(room.clock.now() == *parseISO8601("2026-11-21T07:00:00Z"));
+  QCOMPARE(room.notifications.posted.size(), 1u);
+  passUntilDue(room, water);
+  QCOMPARE(room.notifications.posted.size(), 1u);
+}
+
+void FocusModelsTests::aClockThatIsSetMovesTheLastGlassToo() {
+  FocusRoom room;
+  WaterTracker water(room.seams(), nullptr);
+  water.add();
+  room.clock.pass(-hours(5));
+  water.clockMoved(-hours(5), room.clock.now());
+  QVERIFY(water.due() == room.clock.now() + minutes(30));
+  QVERIFY(water.waterDueAt(room.clock.now()) == room.clock.now() + minutes(30));
+  QVERIFY(room.stored().date("waterLastDrink") == room.clock.now());
+  // The clock was set back while the program did not run.
+  room.clock.pass(-hours(1000));
+  const WaterTracker next(room.seams(), nullptr);
+  QVERIFY(next.due() == room.clock.now() + minutes(30));
 }
 
 void FocusModelsTests::waterWithoutATileRemindsNobody() {
@@ -347,6 +380,22 @@ void FocusModelsTests::aMissedAlarmMakesNoSound() {
   QVERIFY(!alarm.isRinging());
 }
 
+void FocusModelsTests::anAlarmThatOnlyTheNewZoneHasPassedIsNotMissed() {
+  FocusRoom room;
+  FocusSeams seams = room.seams();
+  AlarmClock alarm(seams, nullptr);
+  alarm.set(7, 30);
+  room.clock.set(*parseISO8601("2026-11-21T03:00:00Z"));
+  seams.calendar.replace(Calendar("Asia/Tokyo", "en_GB"));
+  alarm.zoneChanged(room.clock.now());
+  alarm.tick(room.clock.now());
+  QVERIFY(room.notifications.posted.empty());
+  passUntilDue(room, alarm);  // midnight
+  passUntilDue(room, alarm);
+  QVERIFY(room.clock.now() == *parseISO8601("2026-11-21T22:30:00Z"));
+  QVERIFY(alarm.isRinging());
+}
+
 void FocusModelsTests::breathingGoesStepByStep() {
   FocusRoom room;
   BreathingExercise breathing([&] { return room.clock.now(); });
@@ -380,22 +429,6 @@ void FocusModelsTests::habitsAreKeptInTheirFile() {
   const QString read = QString::fromStdString(store.items()[0].id.text());
   QSignalSpy moved(store.habits(), &QAbstractItemModel::dataChanged);
   QSignalSpy reset(store.habits(), &QAbstractItemModel::modelReset);
-void FocusModelsTests::anAlarmThatOnlyTheNewZoneHasPassedIsNotMissed() {
-  FocusRoom room;
-  FocusSeams seams = room.seams();
-  AlarmClock alarm(seams, nullptr);
-  alarm.set(7, 30);
-  room.clock.set(*parseISO8601("2026-11-21T03:00:00Z"));
-  seams.calendar.replace(Calendar("Asia/Tokyo", "en_GB"));
-  alarm.zoneChanged(room.clock.now());
-  alarm.tick(room.clock.now());
-  QVERIFY(room.notifications.posted.empty());
-  passUntilDue(room, alarm);  // midnight
-  passUntilDue(room, alarm);
-  QVERIFY(room.clock.now() == *parseISO8601("2026-11-21T22:30:00Z"));
-  QVERIFY(alarm.isRinging());
-}
-
   store.toggleToday(read);
   QCOMPARE(moved.count(), 1);
   QCOMPARE(reset.count(), 0);

@@ -75,11 +75,19 @@ TEST(Streak, WalksBackByTheCalendar) {
     EXPECT_EQ(Streak::length(row.days, at(row.now), Calendar(row.zone, "en_US")), row.length) << row.what;
 }
 
-TEST(DayLogs, KeepAYear) {
+TEST(DayLogs, KeepWhatIsNewest) {
   const Calendar utc("UTC", "en_US");
-  const DayCounts counts{{"1999-01-01", 1}, {"2025-11-19", 2}, {"2025-11-20", 3}, {"2026-11-21", 4}, {"2026-11-22", 5}};
-  EXPECT_EQ(recentDays(counts, at("2026-11-21T12:00:00Z"), utc),
-            (DayCounts{{"2025-11-20", 3}, {"2026-11-21", 4}, {"2026-11-22", 5}}));
+  const DayCounts few{{"1999-01-01", 1}, {"2026-11-21", 4}, {"2036-11-22", 5}};
+  EXPECT_EQ(newestDays(few), few);
+  DayCounts many;
+  for (int i = 0; i < 400; ++i) many[utc.dayKey(utc.startOfDay(at("2026-11-21T12:00:00Z"), -i))] = 1;
+  const DayCounts kept = newestDays(many);
+  EXPECT_EQ(kept.size(), 367u);
+  EXPECT_EQ(kept.begin()->first, "2025-11-20");
+  EXPECT_EQ(kept.rbegin()->first, "2026-11-21");
+}
+
+TEST(DayLogs, ShowTheLastSevenDays) {
   const auto keys = lastSevenDays(at("2026-03-02T00:30:00Z"), Calendar("America/New_York", "en_US"));
   EXPECT_EQ(keys.front(), "2026-02-23");
   EXPECT_EQ(keys.back(), "2026-03-01");

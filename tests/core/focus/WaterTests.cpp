@@ -47,8 +47,11 @@ TEST(Water, IsSilentOnceTheGoalIsMetUntilTheNextDay) {
   water.add(noon, utc);
   EXPECT_TRUE(water.isGoalMet(noon, utc));
   EXPECT_EQ(water.reminderAt(noon, utc), std::nullopt);
-  const Instant tomorrow = at("2026-11-22T07:00:00Z");
-  EXPECT_EQ(water.reminderAt(tomorrow, utc), tomorrow + seconds(60));
+  const Instant midnight = at("2026-11-22T00:00:00Z"), morning = at("2026-11-22T08:00:00Z");
+  EXPECT_EQ(water.dueAt(midnight, utc), morning);
+  EXPECT_EQ(water.reminderAt(midnight, utc), morning);
+  EXPECT_EQ(water.reminderAt(morning + minutes(5), utc), morning + minutes(6));
+  EXPECT_EQ(water.dueAt(at("2026-11-25T00:00:00Z"), utc), morning) << "once, not each day";
 }
 
 TEST(Water, SaysHowMuchIsDrunk) {
