@@ -54,6 +54,7 @@ struct WeatherDay {
   double high = 0;
   double low = 0;
   int code = 0;
+  std::optional<double> uvMax{};
   friend bool operator==(const WeatherDay&, const WeatherDay&) = default;
 };
 
@@ -108,7 +109,7 @@ struct Forecast {
   std::optional<double> apparentTemperature;
   std::optional<double> humidity;  // per cent
   std::optional<double> dewPoint;
-  std::optional<double> uvIndex, uvMax;
+  std::optional<double> uvIndex, uvMax;    // now; today's greatest
   std::optional<Instant> sunrise, sunset;  // today's
   std::vector<WeatherHour> hourly;
   std::vector<WeatherDay> daily;
@@ -182,12 +183,12 @@ Calendar placeCalendar(const Forecast& forecast, const Calendar& user);
 std::vector<WeatherHour> upcomingHours(const Forecast& forecast, Instant now);
 // From the place's present day on. An answer may be from yesterday.
 std::vector<WeatherDay> upcomingDays(const Forecast& forecast, const Calendar& place, Instant now);
-// High and low of the place's present day; absent when the forecast does not reach it.
-struct TemperatureRange {
-  std::optional<double> high, low;
-  friend bool operator==(const TemperatureRange&, const TemperatureRange&) = default;
+// What is forecast for the place's present day; absent when the forecast does not reach it.
+struct DayRange {
+  std::optional<double> high{}, low{}, uvMax{};
+  friend bool operator==(const DayRange&, const DayRange&) = default;
 };
-TemperatureRange todaysRange(const Forecast& forecast, const Calendar& place, Instant now);
+DayRange todaysRange(const Forecast& forecast, const Calendar& place, Instant now);
 
 // What the sun does next at the place.
 struct SunSummary {

@@ -18,9 +18,12 @@ WeatherFrame {
         anchors.fill: parent
         anchors.leftMargin: -6
         anchors.rightMargin: -6
+        anchors.topMargin: -3
+        anchors.bottomMargin: -3
         entries: root.weather.texts.days
         timeKey: "day"
         figureKey: "high"
+        lowKey: "low"
         staleSince: root.staleSince
         markOpacity: root.markOpacity
     }

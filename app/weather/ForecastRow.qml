@@ -1,14 +1,15 @@
 import QtQuick
 import Ambrel.Kit
 
-// A forecast as columns of time, picture and temperature; as many as fit. An old one says its age beside them.
+// A forecast as columns of time, picture and temperature, or high and low; as many as fit. An old one says its age beside them.
 Item {
     id: root
 
-    // {"symbol", "condition"} and what `timeKey` and `figureKey` name.
+    // {"symbol", "condition"} and what `timeKey`, `figureKey` and `lowKey` name.
     required property var entries
     required property string timeKey
     required property string figureKey
+    property string lowKey: ""
     required property string staleSince
     required property real markOpacity
     readonly property real columnWidth: 31
@@ -39,16 +40,29 @@ Item {
                 }
                 WeatherPicture {
                     name: column.modelData.symbol
-                    size: 18
+                    size: root.lowKey === "" ? 18 : 16
                     opacity: root.markOpacity
                     anchors.horizontalCenter: parent.horizontalCenter
-                    y: (parent.height - height) / 2
+                    y: root.lowKey === "" ? (parent.height - height) / 2 : low.height - 2
                 }
                 Label {
                     width: parent.width
                     text: column.modelData[root.figureKey]
                     role: Theme.captionStrong
                     color: root.staleSince === "" ? Theme.ink : Theme.ink2
+                    horizontalAlignment: Text.AlignHCenter
+                    anchors.bottom: root.lowKey === "" ? parent.bottom : low.top
+                    anchors.bottomMargin: root.lowKey === "" ? 0 : -2
+                    hasTip: false
+                    Accessible.ignored: true
+                }
+                Label {
+                    id: low
+                    visible: root.lowKey !== ""
+                    width: parent.width
+                    text: visible ? column.modelData[root.lowKey] : ""
+                    role: Theme.subLine
+                    color: Theme.ink2
                     horizontalAlignment: Text.AlignHCenter
                     anchors.bottom: parent.bottom
                     hasTip: false

@@ -92,7 +92,7 @@ void fillNow(const Forecast& f, const WeatherReading& reading, const Calendar& c
     out.uvBand = UVScale::band(*f.uvIndex);
     out.uvLabel = toQString(UVScale::label(out.uvBand));
   }
-  if (f.uvMax) out.uvMax = tr("Up to %1 today").arg(toQString(decimal(calendar, std::round(*f.uvMax), 0)));
+  if (range.uvMax) out.uvMax = tr("Up to %1 today").arg(toQString(decimal(calendar, std::round(*range.uvMax), 0)));
   out.localTime = toQString(shortTime(place, now));
 }
 

@@ -95,13 +95,15 @@ void readDaily(const JSON& daily, const JSON* highs, const JSON* lows, const JSO
 
   const JSON* times = arrayField(daily, "time");
   const JSON* codes = arrayField(daily, "weather_code");
+  const JSON* uvMaxima = arrayField(daily, "uv_index_max");
   for (std::size_t i = 0; times && i < times->size(); ++i) {
     const auto text = textValue((*times)[i]);
     const auto noon = text ? localInstant(std::string(*text) + "T12:00", offset) : std::nullopt;
     const auto high = readAtIndex(highs, i, realNumber);
     const auto low = readAtIndex(lows, i, realNumber);
     const auto code = readAtIndex(codes, i, wholeNumber);
-    if (noon && high && low && code) out.daily.push_back({*noon, *high, *low, *code});
+    if (noon && high && low && code)
+      out.daily.push_back({*noon, *high, *low, *code, readAtIndex(uvMaxima, i, realNumber)});
   }
 }
 

@@ -85,12 +85,12 @@ std::vector<WeatherDay> upcomingDays(const Forecast& forecast, const Calendar& p
   return out;
 }
 
-TemperatureRange todaysRange(const Forecast& forecast, const Calendar& place, Instant now) {
+DayRange todaysRange(const Forecast& forecast, const Calendar& place, Instant now) {
   // Without dated days the answer's first entry is all there is.
-  if (forecast.daily.empty()) return {forecast.high, forecast.low};
+  if (forecast.daily.empty()) return {forecast.high, forecast.low, forecast.uvMax};
   const std::string today = place.dayKey(now);
   for (const auto& day : forecast.daily)
-    if (place.dayKey(day.date) == today) return {day.high, day.low};
+    if (place.dayKey(day.date) == today) return {day.high, day.low, day.uvMax};
   return {};
 }
 

@@ -29,7 +29,7 @@ TEST(Forecast, PublishesWhatTheServiceAnswered) {
   ASSERT_EQ(f.hourly.size(), 7u);
   EXPECT_EQ(f.hourly[3], (WeatherHour{at("2026-07-14T12:00:00Z"), 24.3, 61}));
   ASSERT_EQ(f.daily.size(), 7u);
-  EXPECT_EQ(f.daily[1], (WeatherDay{at("2026-07-15T11:00:00Z"), 25.2, 14.2, 61}));
+  EXPECT_EQ(f.daily[1], (WeatherDay{at("2026-07-15T11:00:00Z"), 25.2, 14.2, 61, 6.75}));
   ASSERT_EQ(f.rainSlots.size(), 9u);
   EXPECT_EQ(f.rainSlots[4], (RainSoon::Slot{at("2026-07-14T10:30:00Z"), 0.63}));
   ASSERT_EQ(f.rainChances.size(), 7u);
@@ -236,7 +236,7 @@ TEST(Forecast, ShowsThePresentDayOfThePlaceAndNotTheFirstEntry) {
     const char* file;
     const char* now;
     std::size_t daysLeft, hoursLeft;
-    TemperatureRange range;
+    DayRange range;
   };
   const Row rows[] = {
       {"london.json", "2026-07-14T09:41:00Z", 7, 7, {25.0, 14.0}},
@@ -262,6 +262,11 @@ TEST(Forecast, ShowsThePresentDayOfThePlaceAndNotTheFirstEntry) {
       EXPECT_NEAR(*range.low, *row.range.low, 0.3);
     }
   }
+  const Forecast f = forecastOf("london.json");
+  const Calendar place = placeCalendar(f, user);
+  EXPECT_EQ(todaysRange(f, place, at("2026-07-14T22:59:59Z")).uvMax, 6.9);
+  EXPECT_EQ(todaysRange(f, place, at("2026-07-14T23:00:00Z")).uvMax, 6.75);
+  EXPECT_EQ(todaysRange(f, place, at("2026-07-20T23:00:00Z")).uvMax, std::nullopt);
 }
 
 }  // namespace
