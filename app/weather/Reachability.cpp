@@ -12,7 +12,6 @@ Reachability::Reachability(QObject* parent) : QObject(parent) {
 
 void Reachability::update() {
   const auto reach = QNetworkInformation::instance()->reachability();
-  // A network without a way out may still lead to a server of one's own.
   const bool isOnline = reach != QNetworkInformation::Reachability::Disconnected;
   if (isOnline == isOnline_) return;
   isOnline_ = isOnline;

@@ -5,7 +5,8 @@
 
 namespace ambrel {
 
-// Without such a service the machine counts as online: a request then finds out.
+// A hint, no more. Without such a service the machine counts as online; and what the toolkit takes for one where no
+// service runs may say "offline" at the start and then nothing ever again. A request finds out.
 class Reachability : public QObject {
   Q_OBJECT
 

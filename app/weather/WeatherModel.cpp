@@ -27,11 +27,30 @@ WeatherModel::WeatherModel(Setting setting, WeatherService& service, UserDefault
       now_(std::move(now)),
       place_(setting_.defaultPlace),
       usesFahrenheit_(defaults.boolean("weatherFahrenheit").value_or(false)) {
+  loadPlace();
+  publish(now_());
+}
+
+void WeatherModel::loadPlace() {
+  place_ = setting_.defaultPlace;
   if (const auto stored = defaults_.data(setting_.placeKey))
     if (auto place = decodedPlace(*stored)) place_ = std::move(*place);
-  if (const auto name = defaults_.string("airQualityScale"))
-    reading_.scale = fromName<AirQualityScale>(*name).value_or(AirQualityScale::us);
-  publish(now_());
+  reading_.scale =
+      fromName<AirQualityScale>(defaults_.string("airQualityScale").value_or("")).value_or(AirQualityScale::us);
+}
+
+void WeatherModel::reload(bool hasNewHosts) {
+  const Place before = place_;
+  loadPlace();
+  const bool uses = defaults_.boolean("weatherFahrenheit").value_or(false);
+  if (place_ != before || hasNewHosts) {
+    usesFahrenheit_ = uses;
+    Q_EMIT usesFahrenheitChanged();
+    usePlace();
+  } else {
+    applyUnit(uses, now_());
+    publish(now_());
+  }
 }
 
 void WeatherModel::setWanted(bool isWanted, Instant now) {
@@ -42,9 +61,10 @@ void WeatherModel::setWanted(bool isWanted, Instant now) {
 }
 
 void WeatherModel::refresh(Instant now) {
-  if (mayAsk()) {
+  if (isWanted_) {
     askForecast(now);
-    if (isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) askAirQuality(now);
+    const bool isPutOff = airFailures_.count > 0 && airAt_ && *airAt_ > now;
+    if (!isPutOff && isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) askAirQuality(now);
   } else {
     forecastAt_ = now;
   }
@@ -54,31 +74,42 @@ void WeatherModel::refresh(Instant now) {
 void WeatherModel::setOnline(bool isOnline, Instant now) {
   if (isOnline == isOnline_) return;
   isOnline_ = isOnline;
+  if (isOnline_) {
+    const auto waits = [](const Failures& failures) {
+      return failures.count > 0 && failures.last == WeatherFailure::unreached;
+    };
+    if (waits(forecastFailures_)) forecastAt_ = now;
+    if (waits(airFailures_)) airAt_ = now;
+  }
   publish(now);
 }
 
+Seconds WeatherModel::failed(Failures& failures, const WeatherProblem& problem, bool hasAnswer) const {
+  // A server that was not reached and one that refuses are different stories.
+  failures.count = failures.last == problem.kind ? failures.count + 1 : 1;
+  failures.last = problem.kind;
+  return service_.spread(std::max<Seconds>(problem.wait, retryPause(failures.count, failures.last, hasAnswer)));
+}
+
 void WeatherModel::askForecast(Instant now) {
-  forecastAt_ = now + weatherInterval;
+  forecastAt_ = advanced(now, service_.spread(weatherInterval));
   service_.get(WeatherService::Kind::forecast, forecastRequest(place_, usesFahrenheit_), this,
-               [this, asked = ++generation_, uses = usesFahrenheit_](const auto& body, const QString& problem) {
+               [this, asked = ++generation_, uses = usesFahrenheit_](const auto& body, const WeatherProblem& problem) {
                  if (asked == generation_) forecastAnswered(body, uses, problem);
                });
 }
 
 void WeatherModel::forecastAnswered(const std::optional<QByteArray>& body, bool usedFahrenheit,
-                                    const QString& problem) {
+                                    const WeatherProblem& problem) {
   const Instant now = now_();
-  auto decoded = body ? decodeForecast(bytesOf(*body)) : Decoded<Forecast>{std::nullopt, problem.toStdString()};
+  auto decoded = body ? decodeForecast(bytesOf(*body)) : Decoded<Forecast>{};
   if (decoded.value) {
-    forecastFailures_ = 0;
+    forecastFailures_ = {};
     reading_.forecast = std::move(decoded.value);
     reading_.usesFahrenheit = usedFahrenheit;
     reading_.updatedAt = now;
   } else {
-    ++forecastFailures_;
-    // The regular request stands; only with nothing to show the next try comes sooner.
-    forecastAt_ = std::min(forecastAt_.value_or(now + weatherInterval),
-                           Instant(now + retryPause(forecastFailures_, reading_.forecast.has_value())));
+    forecastAt_ = advanced(now, failed(forecastFailures_, problem, reading_.forecast.has_value()));
   }
   publish(now);
 }
@@ -87,22 +118,23 @@ void WeatherModel::askAirQuality(Instant now) {
   airQualityFetchedAt_ = now;
   airAt_.reset();
   service_.get(WeatherService::Kind::airQuality, airQualityRequest(place_), this,
-               [this, asked = place_](const auto& body, const QString& problem) {
+               [this, asked = place_](const auto& body, const WeatherProblem& problem) {
                  if (asked == place_) airQualityAnswered(body, problem);
                });
 }
 
-void WeatherModel::airQualityAnswered(const std::optional<QByteArray>& body, const QString& problem) {
+void WeatherModel::airQualityAnswered(const std::optional<QByteArray>& body, const WeatherProblem& problem) {
   const Instant now = now_();
-  auto decoded = body ? decodeAirQuality(bytesOf(*body)) : Decoded<AirQuality>{std::nullopt, problem.toStdString()};
+  auto decoded = body ? decodeAirQuality(bytesOf(*body)) : Decoded<AirQuality>{};
+  Seconds pause = service_.spread(weatherInterval);
   if (decoded.value) {
-    airFailures_ = 0;
+    airFailures_ = {};
     reading_.airQuality = std::move(decoded.value);
     reading_.airUpdatedAt = now;
   } else {
-    ++airFailures_;
+    pause = failed(airFailures_, problem, reading_.airQuality.has_value());
   }
-  airAt_ = airQualityFetchedAt_.value_or(now) + retryPause(airFailures_, reading_.airQuality.has_value());
+  airAt_ = advanced(airQualityFetchedAt_.value_or(now), pause);
   publish(now);
 }
 
@@ -111,8 +143,8 @@ std::optional<Instant> WeatherModel::due() const {
   const auto take = [&](const std::optional<Instant>& time) {
     if (time && (!first || *time < *first)) first = time;
   };
-  // What came due meanwhile is so as soon as it may be asked for.
-  if (mayAsk()) {
+  // What came due meanwhile is so as soon as it is wanted.
+  if (isWanted_) {
     take(forecastAt_);
     take(airAt_);
   }
@@ -121,10 +153,14 @@ std::optional<Instant> WeatherModel::due() const {
 
 void WeatherModel::tick(Instant now) {
   if (searchAt_ && now >= *searchAt_) askPlaces();
-  if (mayAsk() && forecastAt_ && now >= *forecastAt_) refresh(now);
-  if (mayAsk() && airAt_ && now >= *airAt_) {
+  if (isWanted_ && forecastAt_ && now >= *forecastAt_) refresh(now);
+  if (isWanted_ && airAt_ && now >= *airAt_) {
     airAt_.reset();
-    if (isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) askAirQuality(now);
+    if (isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) {
+      askAirQuality(now);
+    } else {
+      airAt_ = airQualityDueAt(reading_.airQuality, airQualityFetchedAt_.value_or(now));
+    }
   }
   publish(now);
 }
@@ -187,6 +223,11 @@ void WeatherModel::chooseFirst() {
 void WeatherModel::choose(const Place& place) {
   place_ = place;
   store(defaults_, setting_.placeKey, DefaultsValue{DefaultsData{encodedPlace(place_)}});
+  usePlace();
+  Q_EMIT placeChosen();
+}
+
+void WeatherModel::usePlace() {
   // The old place's weather is not the new one's, and neither is what is still on its way.
   ++generation_;
   reading_.forecast.reset();
@@ -195,11 +236,10 @@ void WeatherModel::choose(const Place& place) {
   reading_.airUpdatedAt.reset();
   airQualityFetchedAt_.reset();
   airAt_.reset();
-  forecastFailures_ = airFailures_ = 0;
+  forecastFailures_ = airFailures_ = {};
   const Instant now = now_();
   refresh(now);
   publish(now);
-  Q_EMIT placeChosen();
 }
 
 void WeatherModel::search(const QString& text) {
@@ -223,15 +263,14 @@ void WeatherModel::askPlaces() {
   searchAt_.reset();
   isSearching_ = true;
   service_.get(WeatherService::Kind::geocoding, geocodingRequest(searchText_.toStdString()), this,
-               [this, asked = searchGeneration_](const auto& body, const QString& problem) {
-                 if (asked == searchGeneration_) placesAnswered(body, problem);
+               [this, asked = searchGeneration_](const auto& body, const WeatherProblem&) {
+                 if (asked == searchGeneration_) placesAnswered(body);
                });
 }
 
-void WeatherModel::placesAnswered(const std::optional<QByteArray>& body, const QString& problem) {
+void WeatherModel::placesAnswered(const std::optional<QByteArray>& body) {
   isSearching_ = false;
-  auto decoded =
-      body ? decodePlaces(bytesOf(*body)) : Decoded<std::vector<FoundPlace>>{std::nullopt, problem.toStdString()};
+  auto decoded = body ? decodePlaces(bytesOf(*body)) : Decoded<std::vector<FoundPlace>>{};
   if (decoded.value) {
     found_ = std::move(*decoded.value);
     searchNote_ = found_.empty() ? tr("No place of that name") : QString();
@@ -257,8 +296,10 @@ QString WeatherModel::problem() const { return problem_; }
 void WeatherModel::publish(Instant now) {
   WeatherTexts texts = weatherTexts(place_, reading_, calendar_, now);
   QString problem;
-  if (!reading_.forecast)
-    problem = !isOnline_ ? tr("Offline") : forecastFailures_ > 0 ? tr("No answer yet") : tr("Waiting for data");
+  if (!reading_.forecast && forecastFailures_.count > 0)
+    problem = !isOnline_ && forecastFailures_.last == WeatherFailure::unreached ? tr("Offline") : tr("No answer yet");
+  else if (!reading_.forecast)
+    problem = tr("Waiting for data");
   if (texts != texts_ || problem != problem_) {
     texts_ = std::move(texts);
     problem_ = std::move(problem);

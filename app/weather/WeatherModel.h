@@ -46,10 +46,13 @@ class WeatherModel : public TimedModel {
 
   // Whether anybody looks at this place's weather. Requests go out only then: at once if one is due.
   void setWanted(bool isWanted, Instant now);
-  // Asks for the forecast and, if due, for the air quality. While the machine is offline or nobody wants them, that
-  // waits.
+  // Asks for the forecast and, if due, for the air quality. While nobody wants them, that waits.
   void refresh(Instant now);
+  // What the desktop says of the network. It may be wrong, and it may never say anything again: requests go out
+  // whatever it says, and a network that comes back only brings those that have failed sooner.
   void setOnline(bool isOnline, Instant now);
+  // The defaults have been changed by others; `hasNewHosts`: what was asked of the old servers does not count.
+  void reload(bool hasNewHosts);
   // A change of the unit at `other` is a change here.
   void followUnitOf(WeatherModel& other);
 
@@ -88,12 +91,13 @@ class WeatherModel : public TimedModel {
 
  private:
   void askForecast(Instant now);
-  void forecastAnswered(const std::optional<QByteArray>& body, bool usedFahrenheit, const QString& problem);
+  void forecastAnswered(const std::optional<QByteArray>& body, bool usedFahrenheit, const WeatherProblem& problem);
   void askAirQuality(Instant now);
-  void airQualityAnswered(const std::optional<QByteArray>& body, const QString& problem);
+  void airQualityAnswered(const std::optional<QByteArray>& body, const WeatherProblem& problem);
   void askPlaces();
-  void placesAnswered(const std::optional<QByteArray>& body, const QString& problem);
-  bool mayAsk() const { return isOnline_ && isWanted_; }
+  void placesAnswered(const std::optional<QByteArray>& body);
+  void loadPlace();
+  void usePlace();
   void applyUnit(bool uses, Instant now);
   void publish(Instant now);
 
@@ -110,7 +114,14 @@ class WeatherModel : public TimedModel {
   QString problem_;
   // An answer to an older question than the present one is not looked at.
   int generation_ = 0, searchGeneration_ = 0;
-  int forecastFailures_ = 0, airFailures_ = 0;
+  // Those in a row, and the kind of the last.
+  struct Failures {
+    int count = 0;
+    WeatherFailure last = WeatherFailure::bad;
+  };
+  // Counts one more; returns how long to wait.
+  Seconds failed(Failures& failures, const WeatherProblem& problem, bool hasAnswer) const;
+  Failures forecastFailures_, airFailures_;
   std::optional<Instant> forecastAt_;  // when to ask next
   std::optional<Instant> airAt_;
   std::optional<Instant> airQualityFetchedAt_;

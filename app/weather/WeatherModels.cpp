@@ -1,6 +1,7 @@
 #include "app/weather/WeatherModels.h"
 
 #include <QQmlEngine>
+#include <algorithm>
 
 namespace ambrel {
 
@@ -37,6 +38,15 @@ void WeatherModels::setWanted(bool isMainWanted, bool isSecondWanted) {
   if (isMainWanted || isSecondWanted) watchNetwork();
   main_.setWanted(isMainWanted, now_());
   if (second_ || isSecondWanted) second()->setWanted(isSecondWanted, now_());
+}
+
+void WeatherModels::reload(const std::set<std::string>& keys) {
+  const bool hasNewHosts = std::any_of(keys.begin(), keys.end(), [](const std::string& key) {
+    return key.starts_with("weather") && key.ends_with("URL");
+  });
+  if (hasNewHosts) service_.setHosts(weatherHosts(defaults_));
+  main_.reload(hasNewHosts);
+  if (second_) second_->reload(hasNewHosts);
 }
 
 // Whoever never looks at the weather does without the network's service.

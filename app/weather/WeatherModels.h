@@ -5,13 +5,15 @@
 #include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <memory>
+#include <set>
+#include <string>
 
 #include "app/base/DueTimer.h"
 #include "app/weather/Reachability.h"
 #include "app/weather/WeatherModel.h"
+#include "core/base/PresentCalendar.h"
 
 namespace ambrel {
-#include "core/base/PresentCalendar.h"
 
 class WeatherModels : public QObject {
   Q_OBJECT
@@ -30,6 +32,8 @@ class WeatherModels : public QObject {
   WeatherModel* second();
   // Which of the two somebody looks at; nothing is asked for the other.
   void setWanted(bool isMainWanted, bool isSecondWanted);
+  // The defaults have been changed by others.
+  void reload(const std::set<std::string>& keys);
 
  private:
   void add(WeatherModel& model);

@@ -2,7 +2,9 @@
 
 #include <QNetworkReply>
 #include <QPointer>
+#include <QRandomGenerator>
 #include <QTimer>
+#include <algorithm>
 
 namespace ambrel {
 namespace {
@@ -13,6 +15,13 @@ QUrl hostFrom(const UserDefaults& defaults, const char* key, const QUrl& fallbac
   const QUrl url(QString::fromStdString(*text), QUrl::StrictMode);
   const bool isHTTP = url.scheme() == QStringLiteral("https") || url.scheme() == QStringLiteral("http");
   return url.isValid() && isHTTP && !url.host().isEmpty() ? url : fallback;
+}
+
+// No server may keep the program away for more than a day.
+std::chrono::seconds askedToWait(const QNetworkReply& reply) {
+  bool isNumber = false;
+  const int seconds = reply.rawHeader("Retry-After").trimmed().toInt(&isNumber);
+  return std::chrono::seconds(isNumber ? std::clamp(seconds, 0, 86400) : 0);
 }
 
 // One request under way: collects the body within its limits and answers once.
@@ -46,10 +55,15 @@ class Fetch : public QObject {
     if (problem_.isEmpty() && reply_->error() != QNetworkReply::NoError) problem_ = reply_->errorString();
     if (problem_.isEmpty() && status != 200) problem_ = QStringLiteral("the server says %1").arg(status);
     if (!receiver_) return;
-    if (problem_.isEmpty())
+    if (problem_.isEmpty()) {
       answered_(std::move(body_), {});
-    else
-      answered_(std::nullopt, problem_);
+      return;
+    }
+    constexpr int tooManyRequests = 429;
+    const auto kind = status == 0                 ? WeatherFailure::unreached
+                      : status == tooManyRequests ? WeatherFailure::refused
+                                                  : WeatherFailure::bad;
+    answered_(std::nullopt, {problem_, kind, askedToWait(*reply_)});
   }
 
   QNetworkReply* reply_;
@@ -71,6 +85,10 @@ WeatherHosts weatherHosts(const UserDefaults& defaults) {
 
 WeatherService::WeatherService(WeatherHosts hosts, WeatherLimits limits, QObject* parent)
     : QObject(parent), hosts_(std::move(hosts)), limits_(limits) {}
+
+Seconds WeatherService::spread(Seconds pause) const {
+  return pause * (1 + limits_.jitter * QRandomGenerator::global()->generateDouble());
+}
 
 void WeatherService::get(Kind kind, const std::string& request, QObject* receiver, Answer answered) {
   // It brings threads and memory of its own, which a bar without weather does without.

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "core/base/UserDefaults.h"
+#include "core/weather.h"
 
 namespace ambrel {
 
@@ -29,6 +30,16 @@ struct WeatherLimits {
   std::chrono::milliseconds time{20000};  // for the whole answer
   qint64 bytes = 1 << 20;
   int redirections = 3;
+  // The share by which a pause between two requests is lengthened at most, at random: the programs that start at nine
+  // are not to ask all at once for the rest of the day.
+  double jitter = 0.05;
+};
+
+// Why there is no answer, and how long the server wants to be left alone (0: it does not say).
+struct WeatherProblem {
+  QString text;
+  WeatherFailure kind = WeatherFailure::bad;
+  std::chrono::seconds wait{0};
 };
 
 class WeatherService : public QObject {
@@ -37,12 +48,15 @@ class WeatherService : public QObject {
  public:
   enum class Kind { forecast, airQuality, geocoding };
   // The body of a good answer, or nothing and why.
-  using Answer = std::function<void(std::optional<QByteArray> body, const QString& problem)>;
+  using Answer = std::function<void(std::optional<QByteArray> body, const WeatherProblem& problem)>;
 
   explicit WeatherService(WeatherHosts hosts, WeatherLimits limits = {}, QObject* parent = nullptr);
 
   // `answered` is called once, later and on this thread, as long as `receiver` lives.
   void get(Kind kind, const std::string& request, QObject* receiver, Answer answered);
+  void setHosts(WeatherHosts hosts) { hosts_ = std::move(hosts); }
+  // The pause with this program's own jitter.
+  Seconds spread(Seconds pause) const;
 
  private:
   QNetworkAccessManager* network_ = nullptr;

@@ -59,6 +59,7 @@ class LoopbackServer : public QTcpServer {
     if (reply.manner == Reply::Manner::silent) return;
     QByteArray head = "HTTP/1.1 " + QByteArray::number(reply.status) + " X\r\nContent-Type: " + reply.type +
                       "\r\nConnection: close\r\n";
+    if (reply.status == 429) head += "Retry-After: 7200\r\n";
     if (!reply.location.isEmpty()) head += "Location: " + reply.location + "\r\n";
     if (reply.manner != Reply::Manner::dripping)
       head += "Content-Length: " + QByteArray::number(reply.body.size()) + "\r\n";

@@ -24,14 +24,16 @@ class WeatherServiceTests : public QObject {
  private:
   // The body, or the problem after a "!".
   QString get(LoopbackServer& server, WeatherLimits limits = {.time = std::chrono::seconds(10)});
+  WeatherProblem problem;  // of the last
 };
 
 QString WeatherServiceTests::get(LoopbackServer& server, WeatherLimits limits) {
   WeatherService service({server.url(), server.url(), server.url()}, limits);
   QObject receiver;
   std::optional<QString> answer;
-  service.get(WeatherService::Kind::forecast, "/v1/forecast?x=1", &receiver, [&](const auto& body, const QString& why) {
-    answer = body ? QString::fromUtf8(*body) : QLatin1Char('!') + why;
+  service.get(WeatherService::Kind::forecast, "/v1/forecast?x=1", &receiver, [&](const auto& body, const auto& why) {
+    answer = body ? QString::fromUtf8(*body) : QLatin1Char('!') + why.text;
+    problem = why;
   });
   return QTest::qWaitFor([&] { return answer.has_value(); }, 15000) ? *answer : QStringLiteral("nothing came");
 }
@@ -73,6 +75,9 @@ void WeatherServiceTests::aBadAnswerIsNoAnswer() {
   const QString answer = get(server, {.time = limit});
   QVERIFY2(answer.startsWith(QLatin1Char('!')) && answer.size() > 1, qPrintable(answer.left(80)));
   QVERIFY2(server.targets.size() <= 4, "a circle is left after three turns");
+  QVERIFY((problem.kind == WeatherFailure::refused) == (status == 429));
+  QVERIFY((problem.kind == WeatherFailure::unreached) == (manner == static_cast<int>(Reply::Manner::silent)));
+  QCOMPARE(problem.wait.count(), status == 429 ? 7200 : 0);
 }
 
 void WeatherServiceTests::aGoodAnswerIsGivenWhateverItsTypeSays() {
@@ -96,13 +101,12 @@ void WeatherServiceTests::anAnswerForNobodyIsDropped() {
   WeatherService service({server.url(), server.url(), server.url()});
   auto receiver = std::make_unique<QObject>();
   bool called = false;
-  service.get(WeatherService::Kind::geocoding, "/a", receiver.get(),
-              [&](const auto&, const QString&) { called = true; });
+  service.get(WeatherService::Kind::geocoding, "/a", receiver.get(), [&](const auto&, const auto&) { called = true; });
   receiver.reset();
   bool second = false;
   QObject other;
   QVERIFY(QTest::qWaitFor([&] { return !server.targets.isEmpty(); }, 15000));
-  service.get(WeatherService::Kind::geocoding, "/b", &other, [&](const auto&, const QString&) { second = true; });
+  service.get(WeatherService::Kind::geocoding, "/b", &other, [&](const auto&, const auto&) { second = true; });
   QVERIFY(QTest::qWaitFor([&] { return second; }, 15000));
   QVERIFY(!called);
 }
@@ -130,7 +134,7 @@ void WeatherServiceTests::aServerOfOnesOwnMayHaveAPath() {
   QObject receiver;
   bool answered = false;
   service.get(WeatherService::Kind::geocoding, "/v1/search?name=a%26b%2Fc&count=6", &receiver,
-              [&](const auto&, const QString&) { answered = true; });
+              [&](const auto&, const auto&) { answered = true; });
   QVERIFY(QTest::qWaitFor([&] { return answered; }, 15000));
   QCOMPARE(server.targets, QByteArrayList{"/meteo/v1/search?name=a%26b%2Fc&count=6"});
 }

@@ -68,12 +68,18 @@ TEST(AirQuality, IsAskedForSoonAgainWithoutAReading) {
 }
 
 TEST(Requests, WaitLongerAfterEveryFailureWhileThereIsNothingToShow) {
-  const int pauses[] = {1800, 60, 120, 240, 480, 960, 1800, 1800};
+  const int bad[] = {1800, 60, 120, 240, 480, 960, 1800, 1800};
+  const int unreached[] = {1800, 60, 120, 240, 300, 300, 300, 300};
+  const int refused[] = {1800, 1800, 3600, 7200, 14400, 14400, 14400, 14400};
   for (int failures = 0; failures < 8; ++failures) {
-    EXPECT_EQ(retryPause(failures, false).count(), pauses[failures]) << failures;
-    EXPECT_EQ(retryPause(failures, true).count(), 1800) << failures;
+    EXPECT_EQ(retryPause(failures, WeatherFailure::bad, false).count(), bad[failures]) << failures;
+    EXPECT_EQ(retryPause(failures, WeatherFailure::bad, true).count(), 1800) << failures;
+    for (const bool hasAnswer : {false, true}) {
+      EXPECT_EQ(retryPause(failures, WeatherFailure::unreached, hasAnswer).count(), unreached[failures]) << failures;
+      EXPECT_EQ(retryPause(failures, WeatherFailure::refused, hasAnswer).count(), refused[failures]) << failures;
+    }
   }
-  EXPECT_EQ(retryPause(1'000'000, false).count(), 1800);
+  EXPECT_EQ(retryPause(1'000'000, WeatherFailure::bad, false).count(), 1800);
   const Instant updated = at("2026-11-21T09:00:00Z");
   EXPECT_FALSE(isWeatherStale(updated, updated + std::chrono::minutes(45)));
   EXPECT_TRUE(isWeatherStale(updated, updated + std::chrono::minutes(46)));
