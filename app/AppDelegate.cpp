@@ -19,8 +19,14 @@ namespace {
 constexpr const char* bundleIdentifier = "dev.qorvin.ambrel";
 constexpr const char* purchasePage = "https://tilebay.example/pro";
 
-UserDefaults migratedDefaults(const Surroundings& surroundings) {
+// `kept`: where a file that cannot be read is kept now.
+UserDefaults migratedDefaults(const Surroundings& surroundings, std::optional<std::filesystem::path>& kept) {
   UserDefaults defaults(surroundings.defaultsFile);
+  try {
+    kept = defaults.setAside();
+  } catch (const std::exception& error) {
+    logLine(error.what());
+  }
   for (const std::string& line :
        migrateFromSandbox({surroundings.home, surroundings.dataFolder, bundleIdentifier}, defaults))
     logLine(line);
@@ -42,7 +48,8 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
       surroundings_(std::move(surroundings)),
       desktop_(desktop),
       toast_(later()),
-      defaults_(migratedDefaults(surroundings_)),
+      defaults_(migratedDefaults(surroundings_, keptDefaults_)),
+      defaultsWatcher_(defaults_),
       settings_(defaults_),
       model_(surroundings_.dataFolder / "profiles.json", defaults_, license_,
              [this] { return displaysOf(desktop_.screens); }),
@@ -92,6 +99,7 @@ void AppDelegate::launch() {
   registerHotKeys();
   startTimers();
   followZone();
+  followDefaults();
   handleNotifications();
   license_.onBecamePro = [this] { startProServices(); };
   addBuddyOnce();
@@ -308,6 +316,31 @@ void AppDelegate::startTimers() {
     clockTimer_.start(untilNextMinute());
   });
   clockTimer_.start(untilNextMinute());
+}
+
+void AppDelegate::tellOfKeptDefaults(const std::filesystem::path& copy) {
+  logLine("the settings could not be read; the file is kept as " + copy.string());
+  toast_.show(tr("The settings could not be read"),
+              tr("The file is kept as %1").arg(QString::fromStdString(copy.filename().string())),
+              QStringLiteral("exclamationmark.triangle"));
+}
+
+void AppDelegate::followDefaults() {
+  defaults_.onSetAside = [this](const std::filesystem::path& copy) { tellOfKeptDefaults(copy); };
+  defaults_.onUnreadable = [this] {
+    logLine(defaults_.file().string() + " is no JSON; what was set before stands");
+    toast_.show(tr("The settings cannot be read"),
+                tr("There is a mistake in defaults.json. What was set before stands."),
+                QStringLiteral("exclamationmark.triangle"));
+  };
+  connect(&defaultsWatcher_, &DefaultsWatcher::changed, this, [this](const std::set<std::string>& keys) {
+    settings_.reload();
+    appearanceSettings_.reload();
+    focus_->reload();
+    weather_->reload(keys);
+  });
+  defaultsWatcher_.start();
+  if (keptDefaults_) tellOfKeptDefaults(*keptDefaults_);
 }
 
 void AppDelegate::followZone() {

@@ -29,6 +29,7 @@
 #include "app/menu/StatusItem.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
+#include "app/model/DefaultsWatcher.h"
 #include "app/model/LicenseManager.h"
 #include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
@@ -151,12 +152,16 @@ class AppDelegate : public QObject {
   Theme& preparedTheme();
   void every(Seconds interval, std::function<void()> action);
   void followZone();
+  void followDefaults();
+  void tellOfKeptDefaults(const std::filesystem::path& copy);
   DelayedStep later();
 
   Surroundings surroundings_;
   Desktop desktop_;
   ToastController toast_;
+  std::optional<std::filesystem::path> keptDefaults_;  // a damaged file of theirs, found at the start
   UserDefaults defaults_;
+  DefaultsWatcher defaultsWatcher_;
   AppSettings settings_;
   LicenseManager license_;
   AppModel model_;

@@ -17,6 +17,20 @@ AlarmClock::AlarmClock(FocusSeams seams, IsEnabled isEnabled, QObject* parent)
   publish(now);
 }
 
+void AlarmClock::reload() {
+  const Instant now = seams_.now();
+  const bool isOn = seams_.defaults.boolean("alarmOn").value_or(false);
+  const int hour = storedInteger(seams_.defaults, "alarmHour", 7, 0, 23);
+  const int minute = storedInteger(seams_.defaults, "alarmMinute", 30, 0, 59);
+  if (isOn != alarm_.isOn || hour != alarm_.hour || minute != alarm_.minute) {
+    if (alarm_.isRinging) silence();
+    alarm_.turn(isOn, now);
+    alarm_.set(hour, minute, now);
+  }
+  alarm_.snoozeMinutes = storedInteger(seams_.defaults, "alarmSnooze", 10, 1, 60);
+  publish(now);
+}
+
 void AlarmClock::setIsOn(bool on) {
   if (on == alarm_.isOn) return;
   const Instant now = seams_.now();
@@ -108,6 +122,12 @@ void AlarmClock::clockMoved(Seconds by, Instant now) {
   publish(now);
 }
 
+void AlarmClock::zoneChanged(Instant now) {
+  // What has passed by the new zone's clock alone was not missed.
+  alarm_.watchedFrom = std::max(alarm_.watchedFrom, now);
+  publish(now);
+}
+
 QString AlarmClock::detailAt(Instant now, const QString& snoozed) const {
   if (alarm_.isRinging) return tr("Ringing");
   const auto ring = alarm_.nextRing(seams_.calendar);
@@ -122,12 +142,6 @@ void AlarmClock::publish(Instant now) {
   const Instant time = seams_.calendar().instant(day.year, day.month, day.day, alarm_.hour, alarm_.minute);
   Shown next{.alarm = alarm_,
              .time = toQString(shortTime(seams_.calendar, time)),
-void AlarmClock::zoneChanged(Instant now) {
-  // What has passed by the new zone's clock alone was not missed.
-  alarm_.watchedFrom = std::max(alarm_.watchedFrom, now);
-  publish(now);
-}
-
              .detail = detailAt(now, tr("Snoozed until %1")),
              .shortDetail = detailAt(now, tr("Until %1"))};
   if (next != shown_) {

@@ -51,12 +51,14 @@ class AlarmClock : public TimedModel {
   const Alarm& value() const { return alarm_; }
   std::function<void()> onRing;
 
+  // The defaults have been changed by others.
+  void reload();
   std::optional<Instant> due() const override;
   void tick(Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
+  void zoneChanged(Instant now) override;
 
  Q_SIGNALS:
-  void zoneChanged(Instant now) override;
   void changed();
 
  private:

@@ -18,6 +18,15 @@ BreakReminder::BreakReminder(BreakKind kind, FocusSeams seams, IsEnabled isEnabl
 
 std::string BreakReminder::key(const char* suffix) const { return std::string(keyPrefix(timer_.kind)) + suffix; }
 
+void BreakReminder::reload() {
+  const Instant now = seams_.now();
+  timer_.turn(seams_.defaults.boolean(key("On")).value_or(true), now);
+  const int minutes = storedInteger(seams_.defaults, key("Interval"), defaultIntervalMinutes(timer_.kind), 1, 240);
+  if (minutes != timer_.intervalMinutes) timer_.setInterval(minutes, now);
+  timer_.taken = storedDayCount(seams_.defaults, key("Count"), key("Day"));
+  publish(now);
+}
+
 void BreakReminder::setIsOn(bool on) {
   if (on == timer_.isOn) return;
   const Instant now = seams_.now();

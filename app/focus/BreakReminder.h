@@ -45,6 +45,8 @@ class BreakReminder : public TimedModel {
   const BreakTimer& value() const { return timer_; }
   std::function<void()> onDue;
 
+  // The defaults have been changed by others.
+  void reload();
   std::optional<Instant> due() const override;
   void tick(Instant now) override;
   void slept(Seconds span, Instant now) override;

@@ -24,4 +24,13 @@ FocusModels::FocusModels(const FocusSeams& seams, std::filesystem::path habitsFi
   }
 }
 
+void FocusModels::reload() {
+  pomodoro_.reload();
+  water_.reload();
+  alarm_.reload();
+  eyeBreak_.reload();
+  standUp_.reload();
+  mood_.reload();
+}
+
 }  // namespace ambrel

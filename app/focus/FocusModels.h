@@ -42,6 +42,9 @@ class FocusModels : public QObject {
   FocusModels(const FocusSeams& seams, std::filesystem::path habitsFile, const FocusPresence& presence, DueTimer& due,
               QObject* parent = nullptr);
 
+  // The defaults have been changed by others.
+  void reload();
+
   PomodoroTimer* pomodoro() { return &pomodoro_; }
   WaterTracker* water() { return &water_; }
   Stopwatch* stopwatch() { return &stopwatch_; }

@@ -16,6 +16,12 @@ MoodLog::MoodLog(UserDefaults& defaults, PresentCalendar calendar, std::function
   publish(now_());
 }
 
+void MoodLog::reload() {
+  if (!persists_) return;
+  days_ = storedDayCounts(defaults_, "moodLog", Mood::worst, Mood::best);
+  publish(now_());
+}
+
 QString MoodLog::todayName() const { return nameOf(today_); }
 
 QString MoodLog::nameOf(int mood) { return toQString(Mood::name(mood)); }

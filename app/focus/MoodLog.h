@@ -41,6 +41,8 @@ class MoodLog : public TimedModel {
   Q_INVOKABLE void setToday(int mood);
   Q_INVOKABLE static QString nameOf(int mood);
 
+  // The defaults have been changed by others.
+  void reload();
   std::optional<Instant> due() const override { return dayEnds_; }
   void tick(Instant now) override { publish(now); }
   void clockMoved(Seconds, Instant now) override { publish(now); }

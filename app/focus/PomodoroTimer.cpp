@@ -8,6 +8,13 @@
 namespace ambrel {
 
 PomodoroTimer::PomodoroTimer(FocusSeams seams, QObject* parent) : TimedModel(parent), seams_(std::move(seams)) {
+  load();
+  const Instant now = seams_.now();
+  publish(now);
+  publishWeek(now);
+}
+
+void PomodoroTimer::load() {
   const auto stored = [&](const char* key, int fallback) {
     return storedInteger(seams_.defaults, key, fallback, 0, 100000);
   };
@@ -19,6 +26,13 @@ PomodoroTimer::PomodoroTimer(FocusSeams seams, QObject* parent) : TimedModel(par
                         .clamped();
   timer_.completed = storedDayCount(seams_.defaults, "pomodoroDone", "pomodoroDoneDay");
   timer_.history = storedDayCounts(seams_.defaults, "pomodoroHistory", 0, 100000);
+}
+
+void PomodoroTimer::reload() {
+  const Pomodoro before = timer_;
+  load();
+  if (timer_ == before) return;
+  Q_EMIT settingsChanged();
   const Instant now = seams_.now();
   publish(now);
   publishWeek(now);

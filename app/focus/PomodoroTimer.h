@@ -83,6 +83,8 @@ class PomodoroTimer : public TimedModel {
   // Told after a phase has ended by itself.
   std::function<void(PomodoroPhase ended)> onPhaseEnded;
 
+  // The defaults have been changed by others.
+  void reload();
   std::optional<Instant> due() const override;
   void tick(Instant now) override;
   void slept(Seconds span, Instant now) override;
@@ -105,6 +107,7 @@ class PomodoroTimer : public TimedModel {
   };
   void change(PomodoroSettings settings);
   void storeCounts();
+  void load();
   void publish(Instant now);
   void publishWeek(Instant now);
 

@@ -1,5 +1,7 @@
 #include "app/model/AppSettings.h"
 
+#include <utility>
+
 #include "app/base/Log.h"
 
 namespace ambrel {
@@ -22,7 +24,7 @@ void AppSettings::change(T SettingsValues::*field, T value, const char* key, voi
   } catch (const std::exception& error) {
     logLine(std::string("cannot save settings: ") + error.what());
   }
-  Q_EMIT (this->*changed)();
+  Q_EMIT(this->*changed)();
 }
 
 using Values = SettingsValues;
@@ -87,6 +89,32 @@ void AppSettings::setClaudeBudgetTokens(qint64 value) {
 void AppSettings::setBuddyOnlyUnfocusedAgents(bool value) {
   change(&Values::buddyOnlyUnfocusedAgents, value, "buddyOnlyUnfocusedAgents",
          &AppSettings::buddyOnlyUnfocusedAgentsChanged);
+}
+
+void AppSettings::reload() {
+  const Values before = std::exchange(values_, loadSettings(defaults_));
+  const auto tell = [&](auto field, void (AppSettings::*changed)()) {
+    if (before.*field != values_.*field) Q_EMIT(this->*changed)();
+  };
+  tell(&Values::dockEdge, &AppSettings::dockEdgeChanged);
+  tell(&Values::barAlwaysVisible, &AppSettings::barAlwaysVisibleChanged);
+  tell(&Values::barPeeksForContext, &AppSettings::barPeeksForContextChanged);
+  tell(&Values::shelfOpensOnHover, &AppSettings::shelfOpensOnHoverChanged);
+  tell(&Values::clipboardPreviewInBar, &AppSettings::clipboardPreviewInBarChanged);
+  tell(&Values::clipboardEnabled, &AppSettings::clipboardEnabledChanged);
+  tell(&Values::clipboardLimit, &AppSettings::clipboardLimitChanged);
+  tell(&Values::clipboardMaxAgeDays, &AppSettings::clipboardMaxAgeDaysChanged);
+  tell(&Values::clipboardForgetSensitive, &AppSettings::clipboardForgetSensitiveChanged);
+  tell(&Values::ignoredBundleIDs, &AppSettings::ignoredBundleIDsChanged);
+  tell(&Values::agentsEnabled, &AppSettings::agentsEnabledChanged);
+  tell(&Values::agentNotifications, &AppSettings::agentNotificationsChanged);
+  tell(&Values::buddyLevel, &AppSettings::buddyLevelChanged);
+  tell(&Values::buddyCategories, &AppSettings::buddyCategoriesChanged);
+  tell(&Values::quietHoursOn, &AppSettings::quietHoursOnChanged);
+  tell(&Values::quietStartHour, &AppSettings::quietStartHourChanged);
+  tell(&Values::quietEndHour, &AppSettings::quietEndHourChanged);
+  tell(&Values::claudeBudgetTokens, &AppSettings::claudeBudgetTokensChanged);
+  tell(&Values::buddyOnlyUnfocusedAgents, &AppSettings::buddyOnlyUnfocusedAgentsChanged);
 }
 
 QString AppSettings::dockEdgeName() const { return text(nameOf(values_.dockEdge)); }

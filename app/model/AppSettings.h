@@ -47,6 +47,9 @@ class AppSettings : public QObject {
   // `defaults` outlives the settings.
   explicit AppSettings(UserDefaults& defaults, QObject* parent = nullptr);
 
+  // The defaults have been changed by others.
+  void reload();
+
   const SettingsValues& values() const { return values_; }
 
   DockEdge dockEdge() const { return values_.dockEdge; }

@@ -23,8 +23,14 @@ constexpr auto motionKey = "reduceMotion";
 
 AppearanceSettings::AppearanceSettings(UserDefaults& defaults, Theme& theme, QObject* parent)
     : QObject(parent), defaults_(defaults), theme_(theme) {
+  reload();
+}
+
+void AppearanceSettings::reload() {
   theme_.setChoice(fromName<Theme::Choice>(defaults_.string(themeKey).value_or("")).value_or(Theme::Choice::System));
   theme_.setAlwaysReducesMotion(defaults_.boolean(motionKey).value_or(false));
+  Q_EMIT themeChanged();
+  Q_EMIT reducesMotionChanged();
 }
 
 QString AppearanceSettings::theme() const {

@@ -22,6 +22,9 @@ class AppearanceSettings : public QObject {
   // Puts what is stored on `theme`. Both outlive the settings.
   AppearanceSettings(UserDefaults& defaults, Theme& theme, QObject* parent = nullptr);
 
+  // The defaults have been changed by others.
+  void reload();
+
   QString theme() const;
   // A name that is none of the three changes nothing.
   void setTheme(const QString& name);

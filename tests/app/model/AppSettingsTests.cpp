@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "app/model/AppSettings.h"
+#include "app/model/DefaultsWatcher.h"
 #include "core/base/Files.h"
 #include "tests/TemporaryFolder.h"
 
@@ -19,6 +20,8 @@ class AppSettingsTests : public QObject {
   void anEqualValueIsNeitherWrittenNorAnnounced();
   void aNameThatIsNoCaseChangesNothing();
   void aFailedWriteIsLoggedAndTheValueStands();
+  void whatIsEditedByHandTakesEffect_data();
+  void whatIsEditedByHandTakesEffect();
 };
 
 void AppSettingsTests::everyPropertyIsStoredUnderItsNameAndNotifiesOnce_data() {
@@ -113,6 +116,41 @@ void AppSettingsTests::aFailedWriteIsLoggedAndTheValueStands() {
   QCOMPARE(settings.dockEdge(), DockEdge::left);
   QCOMPARE(spy.count(), 1);
   QCOMPARE(readFile(folder / "file").value_or(""), std::string("in the way"));
+}
+
+void AppSettingsTests::whatIsEditedByHandTakesEffect_data() {
+  QTest::addColumn<bool>("isReplaced");
+  QTest::newRow("a file that is replaced") << true;
+  QTest::newRow("a file that is written in place") << false;
+}
+
+void AppSettingsTests::whatIsEditedByHandTakesEffect() {
+  QFETCH(bool, isReplaced);
+  TemporaryFolder folder;
+  UserDefaults defaults(folder / "defaults.json");
+  AppSettings settings(defaults);
+  DefaultsWatcher watcher(defaults);
+  connect(&watcher, &DefaultsWatcher::changed, &settings, &AppSettings::reload);
+  watcher.start();
+  settings.setBarAlwaysVisible(true);
+  QSignalSpy edge(&settings, &AppSettings::dockEdgeChanged), visible(&settings, &AppSettings::barAlwaysVisibleChanged);
+  const auto edit = [&](std::string_view text) {
+    if (isReplaced)
+      writeAtomically(folder / "defaults.json", text);
+    else
+      folder.write("defaults.json", text);
+  };
+  edit(R"({"barAlwaysVisible": true, "dockEdge": "left"})");
+  QVERIFY(QTest::qWaitFor([&] { return settings.dockEdge() == DockEdge::left; }, 15000));
+  QCOMPARE(edge.count(), 1);
+  QCOMPARE(visible.count(), 0);
+  // In the moment between the edit and the look at it, a choice is made here.
+  edit(R"({"barAlwaysVisible": true, "dockEdge": "right"})");
+  settings.setQuietHoursOn(false);
+  QVERIFY(QTest::qWaitFor([&] { return settings.dockEdge() == DockEdge::right; }, 15000));
+  QVERIFY(!settings.quietHoursOn());
+  const UserDefaults stored(folder / "defaults.json");
+  QVERIFY(stored.string("dockEdge") == "right" && stored.boolean("quietHoursOn") == false);
 }
 
 }  // namespace ambrel

@@ -1,0 +1,37 @@
+#pragma once
+// Follows the file of the defaults, so that what is edited by hand takes effect while the program runs.
+
+#include <QFileSystemWatcher>
+#include <QObject>
+#include <QTimer>
+#include <set>
+#include <string>
+
+#include "core/base/UserDefaults.h"
+
+namespace ambrel {
+
+// `defaults` outlives it; it takes over their `onRefreshed`.
+class DefaultsWatcher : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit DefaultsWatcher(UserDefaults& defaults, QObject* parent = nullptr);
+
+  void start();
+
+ Q_SIGNALS:
+  // Told later, when whoever was about to store something has done so.
+  void changed(const std::set<std::string>& keys);
+
+ private:
+  void watch();
+  void tell();
+
+  UserDefaults& defaults_;
+  QFileSystemWatcher watcher_;
+  QTimer pause_;
+  std::set<std::string> keys_;
+};
+
+}  // namespace ambrel
