@@ -11,10 +11,11 @@ Item {
     required property string size
     required property string outcomeSymbol
     required property bool hasStayed
+    required property string note
 
-    implicitHeight: 44
+    implicitHeight: Math.max(44, words.height + Theme.space2)
     Accessible.role: Accessible.ListItem
-    Accessible.name: title + ", " + detail + ", " + size
+    Accessible.name: [title, note, detail, size].filter(word => word !== "").join(", ")
 
     Symbol {
         id: icon
@@ -27,6 +28,8 @@ Item {
         color: root.hasStayed ? Theme.orange.text : Theme.green.text
     }
     Column {
+        id: words
+
         anchors {
             left: parent.left
             leftMargin: icon.visible ? 54 : Theme.space6
@@ -48,6 +51,15 @@ Item {
             role: Theme.small
             color: Theme.ink2
             elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+        Label {
+            width: parent.width
+            visible: root.note !== ""
+            text: root.note
+            role: Theme.small
+            color: Theme.orange.text
+            wrapMode: Text.WordWrap
             Accessible.ignored: true
         }
     }

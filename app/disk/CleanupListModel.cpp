@@ -31,17 +31,17 @@ QVariant CleanupListModel::data(const QModelIndex& index, int role) const {
       return symbolOf(entry->outcome);
     case HasStayedRole:
       return entry->outcome == CleanupRow::Outcome::stayed;
+    case NoteRole:
+      return entry->note;
     default:
       return {};
   }
 }
 
 QHash<int, QByteArray> CleanupListModel::roleNames() const {
-  return {{TitleRole, "title"},
-          {DetailRole, "detail"},
-          {SizeRole, "size"},
-          {OutcomeSymbolRole, "outcomeSymbol"},
-          {HasStayedRole, "hasStayed"}};
+  return {{TitleRole, "title"},         {DetailRole, "detail"},
+          {SizeRole, "size"},           {OutcomeSymbolRole, "outcomeSymbol"},
+          {HasStayedRole, "hasStayed"}, {NoteRole, "note"}};
 }
 
 }  // namespace ambrel

@@ -15,6 +15,8 @@ struct CleanupRow {
 
   std::string path;
   QString title, detail, size;
+  // Why it stayed, or why it is worth a look before it goes.
+  QString note;
   Outcome outcome = Outcome::pending;
   friend bool operator==(const CleanupRow&, const CleanupRow&) = default;
 };
@@ -26,7 +28,7 @@ class CleanupListModel : public RecordListModel<CleanupRow, std::string> {
 
  public:
   // `outcomeSymbol` is empty while a thing has not been moved.
-  enum Role { TitleRole = Qt::UserRole, DetailRole, SizeRole, OutcomeSymbolRole, HasStayedRole };
+  enum Role { TitleRole = Qt::UserRole, DetailRole, SizeRole, OutcomeSymbolRole, HasStayedRole, NoteRole };
   Q_ENUM(Role)
 
   using RecordListModel::RecordListModel;

@@ -1,5 +1,8 @@
 #include "app/disk/DiskCleaner.h"
 
+#include <algorithm>
+#include <set>
+
 #include "app/disk/DiskTexts.h"
 
 namespace ambrel {
@@ -23,14 +26,29 @@ QString DiskCleaner::freeableText() const {
   return freeableBytes_.value_or(0) > 0 ? tr("%1 can go").arg(shownSize(seams_.calendar, *freeableBytes_)) : QString();
 }
 
+DiskCleaner::Places DiskCleaner::placesFor(const std::vector<CleanupItem>& items) const {
+  Places result;
+  // All that is on one volume goes to one Trash.
+  std::set<std::uint64_t> seen;
+  for (const CleanupItem& item : items) {
+    if (!item.identity || !seen.insert(item.identity->device).second) continue;
+    auto place = seams_.trash.placeFor(item.url);
+    if (!place)
+      result.isWhole = false;
+    else if (std::find(result.places.begin(), result.places.end(), *place) == result.places.end())
+      result.places.push_back(std::move(*place));
+  }
+  return result;
+}
+
 bool DiskCleaner::trash(std::vector<CleanupItem> items, std::function<void(const DiskAdvice::TrashReport&)> done) {
   if (isTrashing_) return false;
   setTrashing(true);
   const auto report = std::make_shared<DiskAdvice::TrashReport>();
   seams_.background(
-      [report, items = std::move(items), home = home_, now = seams_.now, &trash = seams_.trash] {
-        *report = DiskAdvice::moveToTrash(items, home,
-                                          [&](const DiskAdvice::TrashRequest& request) { trash.move(request, now()); });
+      [report, items = std::move(items), home = home_, kept = kept_, now = seams_.now, &trash = seams_.trash] {
+        *report = DiskAdvice::moveToTrash(
+            items, home, kept, [&](const DiskAdvice::TrashRequest& request) { return trash.move(request, now()); });
       },
       [this, report, done = std::move(done)] {
         setTrashing(false);

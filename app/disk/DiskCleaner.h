@@ -38,6 +38,16 @@ class DiskCleaner : public QObject {
   void setFreeableBytes(std::optional<std::int64_t> bytes);
   QString freeableText() const;
 
+  // The copies that no move may take while their scan is the last one, whatever has moved since.
+  void setKept(std::vector<KeptCopy> kept) { kept_ = std::move(kept); }
+
+  // Where these items would go, each Trash once. `isWhole`: every one of them has a Trash to go to.
+  struct Places {
+    std::vector<TrashPlace> places;
+    bool isWhole = true;
+  };
+  Places placesFor(const std::vector<CleanupItem>& items) const;
+
   // Moves exactly these items, each if it is still what was found. False, and nothing happens, while another list is
   // on its way. `done` is called on the main thread.
   bool trash(std::vector<CleanupItem> items, std::function<void(const DiskAdvice::TrashReport&)> done);
@@ -55,6 +65,7 @@ class DiskCleaner : public QObject {
 
   Seams seams_;
   std::string home_;
+  std::vector<KeptCopy> kept_;
   bool isTrashing_ = false;
   std::optional<std::int64_t> freeableBytes_;
 };

@@ -2,6 +2,7 @@
 
 #include <QQmlEngine>
 #include <algorithm>
+#include <filesystem>
 
 #include "app/disk/DiskTexts.h"
 #include "app/disk/ScanNews.h"
@@ -17,6 +18,11 @@ constexpr std::size_t namedFolders = 12;
 
 struct DiskDoctor::ScanOutcome {
   std::optional<DiskScanResult> result;
+};
+
+struct DiskDoctor::AnalysisOutcome {
+  std::optional<std::vector<DiskFinding>> findings;
+  bool knowsAccess = true;
 };
 
 DiskDoctor::DiskDoctor(std::string home, DiskCleaner& disk, Seams seams, QObject* parent)
@@ -51,6 +57,8 @@ void DiskDoctor::clear() {
   question_.close();
   review_.clear();
   skipped_.clear();
+  knowsAccess_ = true;
+  disk_.setKept({});
   progress_.set({}, {}, {}, 0);
   headline_.clear();
   summary_.clear();
@@ -83,10 +91,19 @@ QString DiskDoctor::skippedFolders() const {
   return lines.join(u'\n');
 }
 
+QString DiskDoctor::unknownText() const {
+  return knowsAccess_ ? QString()
+                      : tr("This volume does not note when files are opened. Large files that nobody uses cannot be "
+                           "told from others here.");
+}
+
 void DiskDoctor::scanHome() { start({.url = home_, .title = tr("Home")}); }
 
 void DiskDoctor::scan(const std::string& folder) {
-  const std::string path = standardizedPath(folder);
+  // Nothing can move by a path that a link is part of.
+  std::error_code error;
+  const std::string resolved = std::filesystem::canonical(folder, error).string();
+  const std::string path = error ? standardizedPath(folder) : resolved;
   if (path == home_) return scanHome();
   const auto slash = path.rfind('/');
   start({.url = path, .title = shownName(path.size() > 1 ? path.substr(slash + 1) : path)});
@@ -188,28 +205,32 @@ void DiskDoctor::finishScan(ScanOutcome& outcome) {
 }
 
 void DiskDoctor::analyze() {
-  const auto findings = std::make_shared<std::optional<std::vector<DiskFinding>>>();
+  const auto outcome = std::make_shared<AnalysisOutcome>();
   seams_.background(
-      [findings, root = explorer_.root(), home = home_, runtimes = seams_.runtimes, now = seams_.now(),
+      [outcome, root = explorer_.root(), home = home_, runtimes = seams_.runtimes, now = seams_.now(),
        calendar = seams_.calendar,
        control = AnalysisControl{.stop = scanTask_.get_token(), .progress = news_->compareProgress()}] {
         try {
-          *findings = DiskAnalyzer{}.analyze(*root, home, runtimes ? runtimes() : std::vector<SimulatorRuntime>(), now,
-                                             calendar, control);
+          outcome->knowsAccess = ambrel::knowsAccess(*root);
+          outcome->findings = DiskAnalyzer{}.analyze(
+              *root, home, runtimes ? runtimes() : std::vector<SimulatorRuntime>(), now, calendar, control);
         } catch (const Cancelled&) {
         }
       },
-      [this, findings, generation = generation_] {
-        if (generation == generation_ && *findings) finishAnalysis(std::move(**findings));
+      [this, outcome, generation = generation_] {
+        if (generation == generation_ && outcome->findings) finishAnalysis(*outcome);
       });
 }
 
-void DiskDoctor::finishAnalysis(std::vector<DiskFinding> findings) {
+void DiskDoctor::finishAnalysis(AnalysisOutcome& outcome) {
   const DiskItem& root = *explorer_.root();
+  std::vector<DiskFinding>& findings = *outcome.findings;
+  knowsAccess_ = outcome.knowsAccess;
   headline_ = QString::fromStdString(DiskAdvice::headline(findings));
   summary_ = shownName(DiskAdvice::summary(root, findings, seams_.calendar));
   summaryIsAI_ = false;
   disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings));
+  disk_.setKept(DiskAdvice::keptCopies(findings));
   findings_.setFindings(std::move(findings));
   if (news_) news_->close();
   news_.reset();
@@ -274,9 +295,9 @@ void DiskDoctor::openTrash() {
 }
 
 void DiskDoctor::takeReport(const DiskAdvice::TrashReport& report) {
-  if (report.moved.empty()) return;
-  findings_.removeItems(report.moved);
+  findings_.takeReport(report);
   disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings_.findings()));
+  if (report.bytesMoved <= 0) return;
   headline_ = QString::fromStdString(DiskAdvice::headline(findings_.findings()));
   summary_ = tr("%1. Scan again to see what is left.")
                  .arg(QString::fromStdString(DiskAdvice::message(report, seams_.calendar).title));

@@ -40,6 +40,8 @@ class DiskDoctor : public QObject {
   Q_PROPERTY(bool summaryIsAI READ summaryIsAI NOTIFY wordsChanged)
   Q_PROPERTY(QString skippedText READ skippedText NOTIFY phaseChanged)
   Q_PROPERTY(QString skippedFolders READ skippedFolders NOTIFY phaseChanged)
+  // What the rules could not tell on this volume; empty where they could tell all.
+  Q_PROPERTY(QString unknownText READ unknownText NOTIFY phaseChanged)
   Q_PROPERTY(ambrel::DiskProgress* progress READ progress CONSTANT)
   Q_PROPERTY(ambrel::DiskExplorer* explorer READ explorer CONSTANT)
   Q_PROPERTY(ambrel::FindingListModel* findings READ findings CONSTANT)
@@ -84,6 +86,7 @@ class DiskDoctor : public QObject {
   const std::vector<std::string>& skipped() const { return skipped_; }
   QString skippedText() const;
   QString skippedFolders() const;
+  QString unknownText() const;
   DiskProgress* progress() { return &progress_; }
   DiskExplorer* explorer() { return &explorer_; }
   FindingListModel* findings() { return &findings_; }
@@ -92,7 +95,7 @@ class DiskDoctor : public QObject {
   DiskCleaner* disk() { return &disk_; }
   int generation() const { return generation_; }
 
-  // Scans a folder; a scan that is under way gives way. Refused while a list is being moved.
+  // Scans a folder, or what a link leads to; a scan that is under way gives way. Refused while a list is being moved.
   void scan(const std::string& folder);
   Q_INVOKABLE void scanHome();
   // The same folder again.
@@ -122,6 +125,7 @@ class DiskDoctor : public QObject {
 
  private:
   struct ScanOutcome;
+  struct AnalysisOutcome;
 
   void start(Source source);
   void cancelWork();
@@ -131,7 +135,7 @@ class DiskDoctor : public QObject {
   void showNews();
   void finishScan(ScanOutcome& outcome);
   void analyze();
-  void finishAnalysis(std::vector<DiskFinding> findings);
+  void finishAnalysis(AnalysisOutcome& outcome);
   void askForHeadline();
   void explain(FindingRule rule);
   void takeReport(const DiskAdvice::TrashReport& report);
@@ -146,6 +150,7 @@ class DiskDoctor : public QObject {
   QString message_, headline_, summary_;
   bool summaryIsAI_ = false;
   std::vector<std::string> skipped_;
+  bool knowsAccess_ = true;
   DiskProgress progress_;
   DiskExplorer explorer_;
   FindingListModel findings_;

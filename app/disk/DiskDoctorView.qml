@@ -96,5 +96,6 @@ WindowFrame {
         anchors.fill: parent
         visible: root.isReviewing
         doctor: root.doctor
+        clearance: footer.height + Theme.space3
     }
 }

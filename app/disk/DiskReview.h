@@ -21,6 +21,8 @@ class DiskReview : public QObject {
   Q_PROPERTY(Stage stage READ stage NOTIFY changed)
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString detail READ detail NOTIFY changed)
+  // The items have a Trash to go to.
+  Q_PROPERTY(bool canMove READ canMove NOTIFY changed)
   Q_PROPERTY(ambrel::CleanupListModel* items READ items CONSTANT)
 
  public:
@@ -33,6 +35,7 @@ class DiskReview : public QObject {
   Stage stage() const { return stage_; }
   QString title() const { return title_; }
   QString detail() const { return detail_; }
+  bool canMove() const { return canMove_; }
   CleanupListModel* items() { return &rows_; }
   const std::vector<CleanupItem>& frozen() const { return frozen_; }
   const std::optional<DiskAdvice::TrashReport>& report() const { return report_; }
@@ -59,6 +62,7 @@ class DiskReview : public QObject {
   std::string home_;
   Calendar calendar_;
   Stage stage_ = Stage::Closed;
+  bool canMove_ = false;
   QString title_, detail_;
   std::vector<CleanupItem> frozen_;
   std::optional<DiskAdvice::TrashReport> report_;

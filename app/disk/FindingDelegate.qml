@@ -18,6 +18,8 @@ Item {
     required property bool isSelectable
     required property bool isOpen
     required property string label
+    required property string note
+    required property bool hasStayed
     property bool isCurrent: false
     readonly property alias entry: entry
 
@@ -46,6 +48,8 @@ Item {
         isSelectable: root.isSelectable
         isOpen: root.isOpen
         isCurrent: root.isCurrent
+        note: root.note
+        hasStayed: root.hasStayed
     }
 
     Component {

@@ -15,6 +15,8 @@ QtObject {
     required property bool isSelectable
     required property bool isOpen
     required property bool isCurrent
+    required property string note
+    required property bool hasStayed
     readonly property bool opens: kind === "group" || kind === "finding"
 
     signal pointed

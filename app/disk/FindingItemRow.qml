@@ -6,7 +6,9 @@ import Ambrel.Kit
 FindingRowGround {
     id: root
 
-    implicitHeight: 44
+    readonly property bool needsCare: row.riskName !== ""
+
+    implicitHeight: Math.max(44, words.height + Theme.space2)
 
     RowCheck {
         x: 78
@@ -14,10 +16,12 @@ FindingRowGround {
         row: root.row
     }
     Column {
+        id: words
+
         anchors {
             left: parent.left
             leftMargin: 108
-            right: amount.left
+            right: pill.visible ? pill.left : amount.left
             rightMargin: Theme.space3
             verticalCenter: parent.verticalCenter
         }
@@ -38,6 +42,27 @@ FindingRowGround {
             elide: Text.ElideMiddle
             Accessible.ignored: true
         }
+        Label {
+            width: parent.width
+            visible: root.row.note !== ""
+            text: root.row.note
+            role: Theme.small
+            color: root.row.hasStayed || root.needsCare ? Theme.orange.text : Theme.ink2
+            wrapMode: Text.WordWrap
+            Accessible.ignored: true
+        }
+    }
+    Pill {
+        id: pill
+
+        anchors.left: parent.right
+        anchors.leftMargin: -206
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.needsCare
+        text: root.row.risk
+        symbol: "eye"
+        tone: Theme.orange
+        Accessible.ignored: true
     }
     Label {
         id: amount

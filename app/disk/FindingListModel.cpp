@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "app/disk/DiskTexts.h"
@@ -40,9 +41,21 @@ QString kindName(Kind kind) {
 // What a screen reader says to a row.
 QString labelOf(const FindingRow& row) {
   QStringList words{row.title};
-  for (const QString& word : {row.detail, row.risk ? text(label(*row.risk)) : QString(), row.size})
+  for (const QString& word : {row.detail, row.note, row.risk ? text(label(*row.risk)) : QString(), row.size})
     if (!word.isEmpty()) words << word;
   return words.join(QStringLiteral(", "));
+}
+
+bool isSafe(const CleanupItem& item, FindingRule rule) {
+  return isMovable(rule) && riskOf(item, rule) == CleanupRisk::safe;
+}
+
+// Why it stayed comes first: it is what happened last.
+QString noteOf(const CleanupItem& item) {
+  QStringList sentences;
+  if (item.stayed) sentences << text(explanation(*item.stayed)) + u'.';
+  if (!item.detail.empty()) sentences << text(item.detail);
+  return sentences.join(u' ');
 }
 
 struct GroupedFindings {
@@ -88,13 +101,25 @@ void FindingListModel::setFindings(std::vector<DiskFinding> findings) {
   Q_EMIT selectionChanged();
 }
 
-void FindingListModel::removeItems(const std::vector<CleanupItem>& gone) {
-  std::unordered_set<std::string> paths;
-  for (const CleanupItem& item : gone) paths.insert(item.url);
-  for (DiskFinding& finding : findings_)
-    std::erase_if(finding.items, [&](const CleanupItem& item) { return paths.contains(item.url); });
+void FindingListModel::takeReport(const DiskAdvice::TrashReport& report) {
+  std::unordered_map<std::string, const CleanupItem*> left;
+  std::unordered_set<std::string> gone;
+  for (const CleanupItem& item : report.moved) gone.insert(item.url);
+  for (const CleanupItem& item : report.failed) {
+    if (item.bytes > 0)
+      left[item.url] = &item;
+    else
+      gone.insert(item.url);
+  }
+  for (DiskFinding& finding : findings_) {
+    std::erase_if(finding.items, [&](const CleanupItem& item) { return gone.contains(item.url); });
+    for (CleanupItem& item : finding.items)
+      if (const auto entry = left.find(item.url); entry != left.end()) item = *entry->second;
+    std::stable_sort(finding.items.begin(), finding.items.end(),
+                     [](const CleanupItem& a, const CleanupItem& b) { return a.bytes > b.bytes; });
+  }
   std::erase_if(findings_, [](const DiskFinding& finding) { return finding.items.empty(); });
-  std::erase_if(selection_, [&](const std::string& path) { return paths.contains(path); });
+  std::erase_if(selection_, [&](const std::string& path) { return gone.contains(path) || left.contains(path); });
   update();
   Q_EMIT findingsChanged();
   Q_EMIT selectionChanged();
@@ -115,7 +140,8 @@ std::vector<CleanupItem> FindingListModel::selectedItems() const {
 
 bool FindingListModel::hasSafeItems() const {
   return std::any_of(findings_.begin(), findings_.end(), [](const DiskFinding& finding) {
-    return isMovable(finding.rule) && risk(finding.rule) == CleanupRisk::safe;
+    return std::any_of(finding.items.begin(), finding.items.end(),
+                       [&](const CleanupItem& item) { return isSafe(item, finding.rule); });
   });
 }
 
@@ -166,7 +192,8 @@ void FindingListModel::setSelected(const QString& id, bool isSelected) {
 
 void FindingListModel::selectSafe() {
   for (const DiskFinding& finding : findings_)
-    if (risk(finding.rule) == CleanupRisk::safe) select(finding, true);
+    for (const CleanupItem& item : finding.items)
+      if (isSafe(item, finding.rule)) selection_.insert(item.url);
   update();
   Q_EMIT selectionChanged();
 }
@@ -209,7 +236,8 @@ void FindingListModel::addFinding(const DiskFinding& finding, Instant now, std::
                   .detail = tr("%1: %2").arg(count, names.join(QStringLiteral(", "))),
                   .size = shownSize(calendar_, finding.bytes()),
                   .symbol = text(symbol(finding.rule)),
-                  .risk = risk(finding.rule),
+                  .note = {},
+                  .risk = finding.risk(),
                   .checkState = checkState({&finding}),
                   .isSelectable = isMovable(finding.rule),
                   .isOpen = isOpen});
@@ -221,6 +249,7 @@ void FindingListModel::addFinding(const DiskFinding& finding, Instant now, std::
                   .detail = explanation == explanations_.end() ? QString() : explanation->second,
                   .size = {},
                   .symbol = {},
+                  .note = {},
                   .risk = {}});
   for (const CleanupItem& item : finding.items) {
     const auto slash = item.url.rfind('/');
@@ -233,9 +262,11 @@ void FindingListModel::addFinding(const DiskFinding& finding, Instant now, std::
                     .detail = place,
                     .size = shownSize(calendar_, item.bytes),
                     .symbol = {},
-                    .risk = {},
+                    .note = noteOf(item),
+                    .risk = item.ownRisk,
                     .checkState = selection_.contains(item.url) ? Qt::Checked : Qt::Unchecked,
-                    .isSelectable = isMovable(finding.rule)});
+                    .isSelectable = isMovable(finding.rule),
+                    .hasStayed = item.stayed.has_value()});
   }
 }
 
@@ -253,6 +284,7 @@ void FindingListModel::update() {
                     .detail = {},
                     .size = shownSize(calendar_, bytesOf(entry.findings)),
                     .symbol = {},
+                    .note = {},
                     .risk = {},
                     .checkState = checkState(entry.findings),
                     .isSelectable = isSelectable,
@@ -289,6 +321,10 @@ QVariant FindingListModel::data(const QModelIndex& index, int role) const {
       return entry->isSelectable;
     case IsOpenRole:
       return entry->isOpen;
+    case NoteRole:
+      return entry->note;
+    case HasStayedRole:
+      return entry->hasStayed;
     case LabelRole:
       return labelOf(*entry);
     default:
@@ -308,6 +344,8 @@ QHash<int, QByteArray> FindingListModel::roleNames() const {
           {CheckStateRole, "checkState"},
           {IsSelectableRole, "isSelectable"},
           {IsOpenRole, "isOpen"},
+          {NoteRole, "note"},
+          {HasStayedRole, "hasStayed"},
           {LabelRole, "label"}};
 }
 

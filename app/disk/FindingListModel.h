@@ -21,10 +21,13 @@ struct FindingRow {
   std::string id;  // of an item its path
   Kind kind = Kind::group;
   QString title, detail, size, symbol;
+  // Of an item: why it stayed, what it is, or why it needs more care than its rule says.
+  QString note;
   std::optional<CleanupRisk> risk;
   Qt::CheckState checkState = Qt::Unchecked;
   bool isSelectable = false;
   bool isOpen = false;
+  bool hasStayed = false;
   friend bool operator==(const FindingRow&, const FindingRow&) = default;
 };
 
@@ -52,6 +55,8 @@ class FindingListModel : public RecordListModel<FindingRow, std::string> {
     CheckStateRole,
     IsSelectableRole,
     IsOpenRole,
+    NoteRole,
+    HasStayedRole,
     LabelRole
   };
   Q_ENUM(Role)
@@ -61,8 +66,9 @@ class FindingListModel : public RecordListModel<FindingRow, std::string> {
   const std::vector<DiskFinding>& findings() const { return findings_; }
   // Nothing is chosen afterwards, and no rule is open.
   void setFindings(std::vector<DiskFinding> findings);
-  // Items that are no longer there; what else was chosen stays so.
-  void removeItems(const std::vector<CleanupItem>& gone);
+  // What went is no longer listed; what is left is, with its bytes and its reason, and is chosen no more. What else was
+  // chosen stays so.
+  void takeReport(const DiskAdvice::TrashReport& report);
   // A longer explanation of a rule, shown under its reason.
   void setExplanation(FindingRule rule, const QString& text);
   bool isExplained(FindingRule rule) const { return explanations_.contains(rule); }

@@ -65,10 +65,19 @@ FocusScope {
             entry.onAsked: root.doctor.askAbout(rowId)
         }
 
-        footer: SkippedNote {
+        footer: Column {
             width: ListView.view ? ListView.view.width : 0
-            text: root.doctor.skippedText
-            folders: root.doctor.skippedFolders
+
+            SkippedNote {
+                width: parent.width
+                text: root.doctor.skippedText
+                folders: root.doctor.skippedFolders
+            }
+            SkippedNote {
+                width: parent.width
+                symbol: "clock"
+                text: root.doctor.unknownText
+            }
         }
     }
     ScrollBar {

@@ -11,8 +11,15 @@ FocusScope {
     readonly property DiskReview review: doctor.review
     readonly property bool isReviewing: review.stage === DiskReview.Reviewing
     readonly property bool isReported: review.stage === DiskReview.Reported
+    // Kept free above and below, so that no button of the sheet is where a click was that opened it.
+    required property real clearance
+    // The second click of a double click belongs to what was there before. Nothing acts until the sheet has been in
+    // view for half a second.
+    property bool isArmed: false
 
-    function takeFocus() {
+    function begin() {
+        isArmed = false;
+        arming.stop();
         if (isReviewing)
             keep.forceActiveFocus();
         else if (isReported)
@@ -22,8 +29,24 @@ FocusScope {
     Accessible.role: Accessible.Dialog
     Accessible.name: review.title
     Keys.onEscapePressed: root.review.close()
-    onIsReviewingChanged: takeFocus()
-    onIsReportedChanged: takeFocus()
+    onIsReviewingChanged: begin()
+    onIsReportedChanged: begin()
+
+    // From the first picture on: a long list may take its time to draw.
+    Connections {
+        target: root.Window.window
+        enabled: (root.isReviewing || root.isReported) && !root.isArmed && !arming.running
+
+        function onAfterAnimating() {
+            arming.start();
+        }
+    }
+    Timer {
+        id: arming
+
+        interval: 500
+        onTriggered: root.isArmed = true
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -44,7 +67,7 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
         width: 600
-        height: Math.min(parent.height - 2 * Theme.space5, head.height + list.contentHeight + buttons.height + 2 * Theme.space5 + 2 * Theme.space4)
+        height: Math.min(parent.height - 2 * root.clearance, head.height + list.contentHeight + buttons.height + 2 * Theme.space5 + 2 * Theme.space4)
 
         Column {
             id: head
@@ -124,10 +147,12 @@ FocusScope {
                 size: 36
                 focus: true
                 text: qsTr("Leave everything")
-                onClicked: root.review.close()
+                onClicked: if (root.isArmed)
+                    root.review.close()
             }
             Button {
                 visible: root.isReviewing
+                enabled: root.isArmed && root.review.canMove
                 kind: Button.Primary
                 size: 36
                 text: qsTr("Move to the Trash")
@@ -138,14 +163,16 @@ FocusScope {
                 visible: root.isReported
                 size: 36
                 text: qsTr("Open the Trash")
-                onClicked: root.doctor.openTrash()
+                onClicked: if (root.isArmed)
+                    root.doctor.openTrash()
             }
             Button {
                 visible: root.isReported
                 size: 36
                 text: qsTr("Scan again")
                 symbol: "arrow.clockwise"
-                onClicked: root.doctor.scanAgain()
+                onClicked: if (root.isArmed)
+                    root.doctor.scanAgain()
             }
             Button {
                 id: done
@@ -154,7 +181,8 @@ FocusScope {
                 kind: Button.Primary
                 size: 36
                 text: qsTr("Done")
-                onClicked: root.review.close()
+                onClicked: if (root.isArmed)
+                    root.review.close()
             }
         }
     }

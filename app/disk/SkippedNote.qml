@@ -2,12 +2,13 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// Folders that could not be read; the tip names them.
+// What a scan could not see or tell; the tip has the particulars.
 Item {
     id: root
 
     property string text
     property string folders
+    property string symbol: "lock"
 
     visible: text !== ""
     height: visible ? words.height + Theme.space5 : 0
@@ -18,7 +19,7 @@ Item {
     Symbol {
         x: Theme.space6
         y: words.y
-        name: "lock"
+        name: root.symbol
         size: 18
         color: Theme.ink3
     }
@@ -36,6 +37,6 @@ Item {
         Accessible.ignored: true
     }
     HoverHandler {
-        onHoveredChanged: hovered ? Tips.enter(root, root.folders) : Tips.leave(root)
+        onHoveredChanged: hovered && root.folders !== "" ? Tips.enter(root, root.folders) : Tips.leave(root)
     }
 }

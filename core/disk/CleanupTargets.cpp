@@ -64,8 +64,9 @@ constexpr std::array linuxDeveloper{
     tool("gradleWrapper", "Gradle Distributions", "Gradle versions the wrapper downloads again.",
          ".gradle/wrapper/dists"),
     // https://maven.apache.org/guides/introduction/introduction-to-repositories.html
-    tool("maven", "Maven Repository", "Dependencies Maven downloads again. Your own installed builds need a new build.",
-         ".m2/repository"),
+    CleanupTarget{"maven", "Maven Repository",
+                  "Dependencies Maven downloads again. Builds you installed there yourself do not come back.",
+                  ".m2/repository", review, "shippingbox"},
     // https://ccache.dev/manual/latest.html
     tool("ccache", "ccache", "Compiler results ccache stores again.", ".cache/ccache"),
     tool("ccacheOld", "ccache", "Compiler results ccache stores again.", ".ccache")};

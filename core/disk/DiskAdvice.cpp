@@ -37,6 +37,8 @@ std::string joinedByAnd(const Range& range, const Name& name) {
   return out;
 }
 
+constexpr std::string_view lookFirst = "Look at the list before you move them.";
+
 std::string_view nextStep(FindingRule rule) {
   switch (rule) {
     case FindingRule::developerCaches:
@@ -49,7 +51,7 @@ std::string_view nextStep(FindingRule rule) {
     case FindingRule::duplicates:
     case FindingRule::oldArchives:
     case FindingRule::oldScreenshots:
-      return "Look at the list before you move them.";
+      return lookFirst;
     case FindingRule::oldSimulatorRuntimes:
       return "Buddy only shows them.";
     case FindingRule::largeOldFiles:
@@ -70,7 +72,13 @@ std::string_view answer(CleanupRisk risk) {
   return {};
 }
 
-const DiskFinding* findingOf(const std::string& path, const std::vector<DiskFinding>& findings) {
+struct Found {
+  const DiskFinding* finding = nullptr;
+  const CleanupItem* item = nullptr;
+  explicit operator bool() const { return finding; }
+};
+
+Found findingOf(const std::string& path, const std::vector<DiskFinding>& findings) {
   for (const DiskFinding& finding : findings)
     for (const CleanupItem& item : finding.items) {
       if (item.url.empty() || !isWithin(path, item.url)) continue;
@@ -79,9 +87,9 @@ const DiskFinding* findingOf(const std::string& path, const std::vector<DiskFind
         const std::string_view below = std::string_view(path).substr(item.url.size() + 1);
         if (item.keeping.contains(below.substr(0, below.find('/')))) continue;
       }
-      return &finding;
+      return {&finding, &item};
     }
-  return nullptr;
+  return {};
 }
 
 // Where applications keep their data here, as "Library" is on the original desktop.
@@ -132,21 +140,36 @@ std::string summary(const DiskItem& root, const std::vector<DiskFinding>& findin
   return text;
 }
 
-std::string findingLine(FindingRule rule, std::size_t count, std::int64_t bytes, const Calendar& calendar) {
+namespace {
+
+std::string line(FindingRule rule, std::size_t count, std::int64_t bytes, std::string_view step,
+                 const Calendar& calendar) {
   const std::string items = count == 1 ? "1 item" : fmt::format("{} items", count);
-  return fmt::format("{} {}, {}. {}", title(rule), items, fileSize(calendar, bytes), nextStep(rule));
+  return fmt::format("{} {}, {}. {}", title(rule), items, fileSize(calendar, bytes), step);
+}
+
+}  // namespace
+
+std::string findingLine(FindingRule rule, std::size_t count, std::int64_t bytes, const Calendar& calendar) {
+  return line(rule, count, bytes, nextStep(rule), calendar);
+}
+
+std::string findingLine(const DiskFinding& finding, const Calendar& calendar) {
+  const bool needsMoreCare = isMovable(finding.rule) && finding.risk() > risk(finding.rule);
+  return line(finding.rule, finding.items.size(), finding.bytes(), needsMoreCare ? lookFirst : nextStep(finding.rule),
+              calendar);
 }
 
 std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findings, const std::string& home,
                     Instant now, const Calendar& calendar) {
   const std::string path = standardizedPath(item.url());
   const std::string base = standardizedPath(home);
-  const DiskFinding* finding = findingOf(path, findings);
+  const Found found = findingOf(path, findings);
   std::string text = fmt::format("It takes {} and changed {}. ", fileSize(calendar, item.size()),
                                  relativeAge(calendar, item.modified(), now));
   if (isMainFolder(path, base))
     return text + repairedUTF8(item.name()) + " is a main folder of your Mac. Clean what is inside it instead.";
-  if (!finding) {
+  if (!found) {
     if (isWithin(path, joinedPath(base, "Library")))
       return text +
              "Be careful. This is app data in your Library. Delete it only when you know which app made it and "
@@ -157,22 +180,63 @@ std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findin
                         "app made it and you no longer use that app.",
                         *folder);
   }
-  if (finding)
-    return text + fmt::format("{} It is in {}. {}", answer(risk(finding->rule)), inMidSentence(title(finding->rule)),
-                              finding->reason);
+  if (found) {
+    const auto& [finding, entry] = found;
+    text += fmt::format("{} It is in {}. {}", answer(riskOf(*entry, finding->rule)),
+                        inMidSentence(title(finding->rule)), finding->reason);
+    return entry->ownRisk ? text + " " + entry->detail : text;
+  }
   if (item.kind() == DiskItem::Kind::package && asciiLower(item.name()).ends_with(".app"))
     return text + "If you no longer use this app, you can move it to the Trash. Its settings stay in your Library.";
   return text + "Buddy does not know this item. Open it in Finder to check before you move it to the Trash.";
 }
 
+namespace {
+
+// What those that have a name of their own are said to have met; the others "were in use or protected".
+std::string_view namedObstacle(StayReason reason) {
+  if (reason == StayReason::noTrash) return "because their volume has no Trash";
+  if (reason == StayReason::readOnly) return "because their volume is read-only";
+  if (reason == StayReason::diskFull) return "because the disk is full";
+  return {};
+}
+
+std::string whyTheyStayed(const std::vector<CleanupItem>& failed) {
+  std::size_t others = 0;
+  std::map<std::string_view, std::size_t> named;
+  for (const CleanupItem& item : failed) {
+    const std::string_view obstacle = namedObstacle(item.stayed.value_or(StayReason::inUse));
+    ++(obstacle.empty() ? others : named[obstacle]);
+  }
+  std::string text = others > 0 ? fmt::format("{} items were in use or protected and stayed.", others) : "";
+  for (const auto& [obstacle, count] : named)
+    text += fmt::format("{}{} {} stayed {}.", text.empty() ? "" : " ", count, count == 1 ? "item" : "items", obstacle);
+  return text;
+}
+
+// How what moved comes back.
+std::string wayBack(const std::vector<std::string>& unlisted) {
+  if (unlisted.empty()) return "To undo, use Put Back in the Trash.";
+  return fmt::format("The file manager does not show this Trash. To undo, move things back from {}.",
+                     joinedByAnd(unlisted, [](const std::string& folder) { return repairedUTF8(folder) + "/files"; }));
+}
+
+}  // namespace
+
 TrashMessage message(const TrashReport& report, const Calendar& calendar) {
   // Of a folder's contents some can have gone although the rest stayed.
-  if (report.moved.empty() && report.bytesMoved <= 0)
-    return {.title = "Nothing was moved", .body = "The items are in use or protected.", .isMoved = false};
+  if (report.moved.empty() && report.bytesMoved <= 0) {
+    const bool isNamed = std::any_of(report.failed.begin(), report.failed.end(), [](const CleanupItem& item) {
+      return item.stayed && !namedObstacle(*item.stayed).empty();
+    });
+    return {.title = "Nothing was moved",
+            .body = isNamed ? whyTheyStayed(report.failed) : "The items are in use or protected.",
+            .isMoved = false};
+  }
+  std::string body = report.failed.empty() ? wayBack(report.unlisted) : whyTheyStayed(report.failed);
+  if (!report.failed.empty() && !report.unlisted.empty()) body += " " + wayBack(report.unlisted);
   return {.title = fmt::format("Moved {} to the Trash", fileSize(calendar, report.bytesMoved)),
-          .body = report.failed.empty()
-                      ? "To undo, use Put Back in the Trash."
-                      : fmt::format("{} items were in use or protected and stayed.", report.failed.size()),
+          .body = std::move(body),
           .isMoved = true};
 }
 

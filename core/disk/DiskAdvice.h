@@ -2,6 +2,7 @@
 // Plain words about a scan, and the move to the Trash with its last guard. Works without any language model.
 
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ std::string headline(const std::vector<DiskFinding>& findings);
 std::string summary(const DiskItem& root, const std::vector<DiskFinding>& findings, const Calendar& calendar);
 // "Duplicate files 3 items, 1.2 GB. Look at the list before you move them."
 std::string findingLine(FindingRule rule, std::size_t count, std::int64_t bytes, const Calendar& calendar);
+// The same of a finding. One with items that need more care than its rule asks for is not called safe.
+std::string findingLine(const DiskFinding& finding, const Calendar& calendar);
 // The answer to "Is it safe to delete this?"
 std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findings, const std::string& home,
                     Instant now, const Calendar& calendar);
@@ -36,20 +39,45 @@ struct TrashRequest {
   std::optional<FileIdentity> folder = {};
 };
 
+// Where a thing went.
+struct TrashPlace {
+  std::string folder;    // the Trash, absolute
+  bool isListed = true;  // file managers show what is in it, and put it back
+  friend bool operator==(const TrashPlace&, const TrashPlace&) = default;
+};
+
+// Nothing has moved. Says what and why.
+class TrashError : public std::runtime_error {
+ public:
+  TrashError(StayReason reason, const std::string& text) : std::runtime_error(text), reason_(reason) {}
+  StayReason reason() const { return reason_; }
+
+ private:
+  StayReason reason_;
+};
+
 struct TrashReport {
+  // `bytes` of a moved item is what it took at the act; of a failed one what is left of it, and `stayed` is set.
   std::vector<CleanupItem> moved, failed;
   // What really went, in bytes on disk at the act; with the parts of failed items that went.
   std::int64_t bytesMoved = 0;
+  // The folders of Trashes that took something and that no file manager shows, each once.
+  std::vector<std::string> unlisted = {};
   friend bool operator==(const TrashReport&, const TrashReport&) = default;
 };
 
-// Moves one thing to the Trash, or throws and leaves it.
-using TrashMove = std::function<void(const TrashRequest&)>;
+// Moves one thing to the Trash, or throws and leaves it; anything but a TrashError counts as `inUse`.
+using TrashMove = std::function<TrashPlace(const TrashRequest&)>;
 
-// Moves the items in order. An item stays, and is reported as failed, when it is a main folder or has changed since it
-// was found: another file, other dates, another size, or the copy that was to be kept is not what it was.
-// `bytes` of a moved item is what it took at the act.
-TrashReport moveToTrash(const std::vector<CleanupItem>& items, const std::string& home, const TrashMove& move);
+// The copies that stay while the items of these findings may go. Hold on to them for as long as items of the same scan
+// can be moved, also when the findings that named them have gone.
+std::vector<KeptCopy> keptCopies(const std::vector<DiskFinding>& findings);
+
+// Moves the items in order. An item stays, and is reported as failed, when it is a main folder, is in a Trash, or has
+// changed since it was found: another file, other dates, another size, or the copy that was to be kept is not what it
+// was or was deleted. So does what is one of the `kept` copies, or holds one.
+TrashReport moveToTrash(const std::vector<CleanupItem>& items, const std::string& home,
+                        const std::vector<KeptCopy>& kept, const TrashMove& move);
 
 // What a move came to, in words: "Moved 1.2 GB to the Trash", and how to take it back or what stayed.
 struct TrashMessage {

@@ -7,18 +7,16 @@
 
 #include "core/base/LocalText.h"
 #include "core/base/Text.h"
+#include "core/disk/BuildFolders.h"
 #include "core/disk/Duplicates.h"
 #include "core/disk/Handles.h"
+#include "core/disk/TrashFolders.h"
 #include "core/disk/UserFolders.h"
 
 namespace ambrel {
 namespace {
 
 using Kind = DiskItem::Kind;
-
-// Folders that a build makes, and the file that proves a project around them.
-const std::map<std::string_view, std::string_view> buildFolders{
-    {"node_modules", "package.json"}, {"Pods", "Podfile"}, {".build", "Package.swift"}, {"target", "Cargo.toml"}};
 
 const std::set<std::string, std::less<>> installerExtensions{"dmg", "pkg", "mpkg", "zip", "xip",
                                                              // This system's own.
@@ -75,7 +73,9 @@ class Analysis {
         calendar_(calendar),
         control_(control),
         protected_(protectedPaths(home_)),
-        userFolders_(readUserFolders(home_)) {}
+        userFolders_(readUserFolders(home_)),
+        trashes_(home_),
+        isInTrash_(trashes_.holds(root.url())) {}
 
   std::vector<DiskFinding> run(const std::vector<SimulatorRuntime>& runtimes) {
     developerCaches();
@@ -109,7 +109,9 @@ class Analysis {
     return all;
   }
 
-  bool isBarred(const std::string& path) const { return protected_.contains(path) || claims_.contains(path); }
+  bool isBarred(const DiskItem& node, const std::string& path) const {
+    return isInTrash_ || protected_.contains(path) || claims_.contains(path) || trashes_.isTrash(node, path);
+  }
   // Also when a folder above is claimed.
   bool isClaimed(std::string path) const {
     for (; path.size() > 1; path.resize(std::max<std::size_t>(path.rfind('/'), 1)))
@@ -124,10 +126,11 @@ class Analysis {
   CleanupItem item(const DiskItem& node, std::string title) const {
     return {.url = node.url(), .title = std::move(title), .bytes = node.size(), .modified = known(node.modified())};
   }
-  CleanupItem contents(const FoundTarget& target, std::string_view title) const {
-    CleanupItem entry = item(*target.node, std::string(title));
-    if (!target.place.empty()) entry.title += " (" + target.place + ")";
+  CleanupItem contents(const CleanupTarget& target, const FoundTarget& found) const {
+    CleanupItem entry = item(*found.node, std::string(target.title));
+    if (!found.place.empty()) entry.title += " (" + found.place + ")";
     entry.contentsOnly = true;
+    entry.detail = target.detail;
     return entry;
   }
 
@@ -148,11 +151,18 @@ class Analysis {
     std::vector<CleanupItem> items;
     const auto take = [&](std::span<const CleanupTarget> targets) {
       for (const CleanupTarget& target : targets) {
-        if (target.kind != CleanupTarget::Kind::rebuildable || target.id == "appCaches") continue;
-        for (const FoundTarget& place : found(target)) items.push_back(contents(place, target.title));
+        if (target.id == "appCaches") continue;
+        for (const FoundTarget& place : found(target)) {
+          items.push_back(contents(target, place));
+          if (target.kind == CleanupTarget::Kind::review) items.back().ownRisk = CleanupRisk::review;
+        }
       }
     };
-    take(cleanupTargets());
+    // Those of the first table that are worth a look have rules of their own.
+    std::vector<CleanupTarget> rebuilt;
+    for (const CleanupTarget& target : cleanupTargets())
+      if (target.kind == CleanupTarget::Kind::rebuildable) rebuilt.push_back(target);
+    take(rebuilt);
     take(packageManagerTargets());
     take(linuxDeveloperTargets());
     add(FindingRule::developerCaches, std::move(items),
@@ -174,13 +184,13 @@ class Analysis {
     for (const CleanupTarget& target : cleanupTargets()) {
       if (target.id != "appCaches") continue;
       for (const FoundTarget& place : found(target)) {
-        items.push_back(contents(place, target.title));
+        items.push_back(contents(target, place));
         leaveOut(items.back(), target.relativePath, packageManagerTargets());
       }
     }
     for (const CleanupTarget& target : linuxApplicationTargets())
       for (const FoundTarget& place : found(target)) {
-        items.push_back(contents(place, target.title));
+        items.push_back(contents(target, place));
         leaveOut(items.back(), target.relativePath, linuxDeveloperTargets());
         leaveOut(items.back(), target.relativePath, linuxApplicationTargets());
       }
@@ -241,7 +251,7 @@ class Analysis {
   static Instant newestSource(const DiskItem& project) {
     Instant newest = distantPast;
     for (const DiskItem& child : project.children())
-      if (!buildFolders.contains(child.name())) newest = std::max(newest, child.modified());
+      if (!projectMarker(child.name())) newest = std::max(newest, child.modified());
     return newest;
   }
 
@@ -256,13 +266,14 @@ class Analysis {
       if (newest >= cutoff(settings_.staleProjectDays)) return;
       items.push_back(item(folder, std::string(project->name()) + "/" + std::string(folder.name())));
       items.back().modified = known(newest);
+      items.back().detail = doubtAbout(project->url(), folder.name(), home_);
+      if (!items.back().detail.empty()) items.back().ownRisk = CleanupRisk::review;
     };
     walk(root_, [&](const DiskItem& node, const std::string& path) {
-      if (node.kind() != Kind::folder || isBarred(path)) return false;
-      const auto entry = buildFolders.find(node.name());
-      if (entry == buildFolders.end()) return true;
-      test(node, entry->second);
-      return false;
+      if (node.kind() != Kind::folder || isBarred(node, path)) return false;
+      const auto marker = projectMarker(node.name());
+      if (marker) test(node, *marker);
+      return !marker;
     });
     add(FindingRule::staleBuildFolders, std::move(items),
         fmt::format("Projects you have not changed for {} days. Tools such as npm install or pod install make these "
@@ -310,7 +321,7 @@ class Analysis {
   template <typename Visit>
   void eachFreeFile(const Visit& visit) const {
     walk(root_, [&](const DiskItem& node, const std::string& path) {
-      if (isBarred(path)) return false;
+      if (isBarred(node, path)) return false;
       if (node.kind() == Kind::file) visit(node, path);
       return node.kind() == Kind::folder;
     });
@@ -322,11 +333,16 @@ class Analysis {
     eachFreeFile([&](const DiskItem& node, const std::string& path) {
       if (node.size() >= settings_.duplicateMinBytes) candidates.push_back({&node, path});
     });
-    add(FindingRule::duplicates, findDuplicates(candidates, settings_.hashWindow, control_),
+    std::vector<CleanupItem> items = findDuplicates(candidates, settings_.hashWindow, control_);
+    // What stays for the sake of its copies is not offered by another rule.
+    for (const CleanupItem& copy : items) claims_.insert(copy.kept->url);
+    add(FindingRule::duplicates, std::move(items),
         "Files with exactly the same content as another file. Buddy keeps the oldest copy of each.");
   }
 
   void largeOldFiles() {
+    // Where nobody notes when files are opened, nobody can say that one was not.
+    if (!knowsAccess(root_)) return;
     std::vector<CleanupItem> items;
     eachFreeFile([&](const DiskItem& node, const std::string&) {
       const Instant lastTouch = std::max(node.modified(), node.accessed().value_or(distantPast));
@@ -349,6 +365,8 @@ class Analysis {
   const AnalysisControl& control_;
   const std::set<std::string, std::less<>> protected_;
   const UserFolders userFolders_;
+  const TrashFolders trashes_;
+  const bool isInTrash_;  // the tree itself
   // Walks never enter a claimed folder, so that what is below one needs no entry of its own.
   std::unordered_set<std::string> claims_;
   std::vector<DiskFinding> findings_;
@@ -365,6 +383,11 @@ std::set<std::string, std::less<>> protectedPaths(const std::string& home) {
                                       ".thunderbird", ".steam", ".wine", ".gnupg", ".ssh", "snap"})
     paths.insert(joinedPath(home, name));
   return paths;
+}
+
+bool knowsAccess(const DiskItem& root) {
+  const FileDescriptor folder = openFolder(root.url());
+  return !folder || recordsAccess(folder);
 }
 
 std::vector<DiskFinding> DiskAnalyzer::analyze(const DiskItem& root, const std::string& home,

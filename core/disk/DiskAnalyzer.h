@@ -38,7 +38,8 @@ struct DiskAnalyzer {
 
   // Findings in the order of evaluation: developerCaches, appCaches, oldArchives, oldSimulatorRuntimes, trash,
   // staleBuildFolders, oldInstallers, oldScreenshots, duplicates, largeOldFiles. Only nodes of the tree are listed,
-  // so nothing below the scan's threshold is. Contents are read by the duplicate rule alone.
+  // so nothing below the scan's threshold is. Contents are read by the duplicate rule alone. What is in a Trash is no
+  // copy of anything, and a copy that is kept is not offered by another rule.
   // Throws Cancelled when asked to stop.
   std::vector<DiskFinding> analyze(const DiskItem& root, const std::string& home,
                                    const std::vector<SimulatorRuntime>& runtimes, Instant now, const Calendar& calendar,
@@ -53,6 +54,10 @@ struct DiskAnalyzer {
 
 // The folders that walking rules neither list nor enter: the system's, and where applications keep their data.
 std::set<std::string, std::less<>> protectedPaths(const std::string& home);
+
+// Whether the volume of a tree notes when files are opened; true when it cannot be asked. Where it does not, no file is
+// listed as one that nobody opened.
+bool knowsAccess(const DiskItem& root);
 
 // "17.2" before "17.10": runs of digits compare by value. Below, above or equal to zero.
 int compareNumerically(std::string_view a, std::string_view b);

@@ -45,7 +45,7 @@ class DiskItem {
   std::int64_t fileCount() const { return fileCount_; }
   // Last change of the content; for a folder the newest of its own and its children's. `distantPast` when unknown.
   Instant modified() const { return modified_; }
-  // Last access to the content, of files alone.
+  // Last access to the content, of files alone; absent on a volume that does not note it.
   std::optional<Instant> accessed() const { return accessed_; }
   // Largest first.
   std::span<const DiskItem> children() const { return children_; }

@@ -37,9 +37,8 @@ std::string summaryPrompt(const DiskItem& root, const std::vector<DiskFinding>& 
     if (child.kind() != DiskItem::Kind::smallItems && named++ < namedAtMost)
       text += fmt::format("\n{}, {}", oneLine(child.name()), fileSize(calendar, child.size()));
   for (const DiskFinding& finding : findings)
-    text += fmt::format("\n{}, risk {}{}",
-                        DiskAdvice::findingLine(finding.rule, finding.items.size(), finding.bytes(), calendar),
-                        label(risk(finding.rule)), isMovable(finding.rule) ? "" : ", shown only");
+    text += fmt::format("\n{}, risk {}{}", DiskAdvice::findingLine(finding, calendar), label(finding.risk()),
+                        isMovable(finding.rule) ? "" : ", shown only");
   return text;
 }
 
@@ -47,7 +46,7 @@ std::string findingPrompt(const DiskFinding& finding, const Calendar& calendar) 
   std::string text = "Explain to a non-technical user what these items are and whether removing them is safe.\n";
   for (std::size_t i = 0; i < finding.items.size() && i < namedAtMost; ++i)
     text += oneLine(finding.items[i].title) + "\n";
-  return text + DiskAdvice::findingLine(finding.rule, finding.items.size(), finding.bytes(), calendar);
+  return text + DiskAdvice::findingLine(finding, calendar);
 }
 
 std::string itemPrompt(const DiskItem& item, const std::string& question, const std::string& verdict, Instant now,

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <limits>
 #include <mutex>
+#include <sys/statvfs.h>
 #include <tbb/task_group.h>
 
 #include "core/base/Text.h"
@@ -20,11 +21,12 @@ constexpr unsigned wantedFields = STATX_TYPE | STATX_BLOCKS | STATX_MTIME | STAT
 
 // What all tasks of one scan share.
 struct ScanState {
-  ScanState(const DiskScanner& scanner, const DiskScanWatch& watcher, std::stop_token token)
-      : settings(scanner), watch(watcher), stop(std::move(token)) {}
+  ScanState(const DiskScanner& scanner, const DiskScanWatch& watcher, bool hasAccessTimes, std::stop_token token)
+      : settings(scanner), watch(watcher), knowsAccess(hasAccessTimes), stop(std::move(token)) {}
 
   const DiskScanner& settings;
   const DiskScanWatch& watch;
+  const bool knowsAccess;
   const std::stop_token stop;
   std::atomic<std::int64_t> files = 0;
   std::atomic<std::int64_t> bytes = 0;
@@ -101,8 +103,14 @@ void list(ScanState& state, FolderReader& reader, const Volume& volume, const st
     struct statx info;
     if (!disk::entryStatus(folder.fd.get(), name, wantedFields, info)) return;
     if (S_ISREG(info.stx_mode)) {
+      // One that is mounted here belongs to another place.
+      if (volume.mount && disk::volumeOf(info).mount != volume.mount) {
+        state.passedVolume = true;
+        return;
+      }
       const auto size = static_cast<std::int64_t>(info.stx_blocks) * 512;
-      folder.builder.addFile(name, size, disk::instantOf(info.stx_mtime), disk::instantOf(info.stx_atime));
+      const auto accessed = state.knowsAccess ? std::optional(disk::instantOf(info.stx_atime)) : std::nullopt;
+      folder.builder.addFile(name, size, disk::instantOf(info.stx_mtime), accessed);
       state.count(size);
       signs.see(name);
     } else if (S_ISDIR(info.stx_mode)) {
@@ -305,6 +313,11 @@ const std::set<std::string, std::less<>>& fixedExclusions() {
   return paths;
 }
 
+bool recordsAccess(const FileDescriptor& folder) {
+  struct statvfs volume;
+  return fstatvfs(folder.get(), &volume) != 0 || !(volume.f_flag & ST_NOATIME);
+}
+
 bool hasPackageExtension(std::string_view name) {
   static const std::set<std::string, std::less<>> extensions{
       "app",           "bundle",     "kext",          "plugin",       "xcodeproj",    "xcworkspace",
@@ -332,7 +345,7 @@ DiskScanResult DiskScanner::scan(const std::string& root, const DiskScanWatch& w
   if (!fd || !disk::entryStatus(fd.get(), "", wantedFields, info)) throw FileError("cannot read", path, errno);
 
   if (stop.stop_requested()) throw Cancelled();
-  ScanState state(*this, watch, std::move(stop));
+  ScanState state(*this, watch, recordsAccess(fd), std::move(stop));
   const PendingFolder top{.name = path,
                           .inode = info.stx_ino,
                           .modified = disk::instantOf(info.stx_mtime),
@@ -345,16 +358,23 @@ DiskScanResult DiskScanner::scan(const std::string& root, const DiskScanWatch& w
 
 std::optional<AllocatedSpace> allocatedSpace(const FileDescriptor& folder, const std::string& name) {
   struct statx info;
-  if (!disk::entryStatus(folder.get(), name.c_str(), wantedFields, info)) return std::nullopt;
-  if (S_ISREG(info.stx_mode)) return AllocatedSpace{.bytes = static_cast<std::int64_t>(info.stx_blocks) * 512};
-  if (!S_ISDIR(info.stx_mode)) return AllocatedSpace{};
+  struct statx holder;
+  if (!disk::entryStatus(folder.get(), name.c_str(), wantedFields, info) ||
+      !disk::entryStatus(folder.get(), "", wantedFields, holder))
+    return std::nullopt;
+  const auto place = disk::volumeOf(holder);
+  const bool isMounted = place.mount && disk::volumeOf(info).mount != place.mount;
+  if (S_ISREG(info.stx_mode))
+    return AllocatedSpace{.bytes = static_cast<std::int64_t>(info.stx_blocks) * 512, .holdsVolume = isMounted};
+  if (!S_ISDIR(info.stx_mode)) return AllocatedSpace{.holdsVolume = isMounted};
   const DiskScanner scanner{.minItemSize = std::numeric_limits<std::int64_t>::max()};
   const DiskScanWatch nobody;
-  ScanState state(scanner, nobody, {});
+  ScanState state(scanner, nobody, false, {});
   SequentialWalk walk(state, disk::volumeOf(info), name);
   const auto item = walk.walk(folder.get(), 1, {.name = name, .inode = info.stx_ino});
   if (!item) return std::nullopt;
-  return AllocatedSpace{.bytes = item->size(), .isWhole = state.skipped.empty(), .holdsVolume = state.passedVolume};
+  return AllocatedSpace{
+      .bytes = item->size(), .isWhole = state.skipped.empty(), .holdsVolume = isMounted || state.passedVolume};
 }
 
 }  // namespace ambrel

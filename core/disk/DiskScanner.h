@@ -51,7 +51,7 @@ struct DiskScanner {
   std::int64_t minItemSize = 0;
 
   // `root` is absolute; a symbolic link at its end is followed, none below it is. Other volumes and bind mounts
-  // below it are not entered. A file with two names counts twice.
+  // below it are not entered, and files that are mounted below it do not count. A file with two names counts twice.
   //
   // Throws FileError when the root cannot be listed and Cancelled when `stop` was requested.
   DiskScanResult scan(const std::string& root, const DiskScanWatch& watch, std::stop_token stop = {}) const;
@@ -63,10 +63,13 @@ struct DiskScanner {
 struct AllocatedSpace {
   std::int64_t bytes = 0;
   bool isWhole = true;       // every folder in it could be read
-  bool holdsVolume = false;  // another volume is mounted in it, which is not counted
+  bool holdsVolume = false;  // something is mounted on it or in it; what is in it is not counted
 };
 // Of `name` in an open folder; a symbolic link takes 0. Absent when there is nothing of that name.
 std::optional<AllocatedSpace> allocatedSpace(const FileDescriptor& folder, const std::string& name);
+
+// Whether the volume notes when files are opened. Mounted "noatime", it does not; "relatime" is exact to a day.
+bool recordsAccess(const FileDescriptor& folder);
 
 // Whether the desktop shows a folder of that name as one file.
 bool hasPackageExtension(std::string_view name);

@@ -1,5 +1,6 @@
 #include "core/disk/Findings.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace ambrel {
@@ -54,6 +55,36 @@ std::string_view label(CleanupRisk risk) {
   return {};
 }
 
+std::string_view explanation(StayReason reason) {
+  switch (reason) {
+    case StayReason::inUse:
+      return "In use or protected";
+    case StayReason::changed:
+      return "Changed since the scan";
+    case StayReason::gone:
+      return "Not there any more";
+    case StayReason::mainFolder:
+      return "A folder that never moves as a whole";
+    case StayReason::keptCopy:
+      return "The copy that stays";
+    case StayReason::noCopy:
+      return "The copy that was to stay has changed or was deleted";
+    case StayReason::holdsMount:
+      return "Something is mounted in it";
+    case StayReason::unreadable:
+      return "Not all of it can be read";
+    case StayReason::isDeleted:
+      return "In the Trash already";
+    case StayReason::noTrash:
+      return "Its volume has no Trash";
+    case StayReason::readOnly:
+      return "Its volume is read-only";
+    case StayReason::diskFull:
+      return "The disk is full";
+  }
+  return {};
+}
+
 std::string_view title(FindingGroup group) {
   switch (group) {
     case FindingGroup::developerJunk:
@@ -87,6 +118,14 @@ std::vector<FindingRule> rules(FindingGroup group) {
 std::int64_t DiskFinding::bytes() const {
   return std::accumulate(items.begin(), items.end(), std::int64_t{0},
                          [](std::int64_t sum, const CleanupItem& item) { return sum + item.bytes; });
+}
+
+CleanupRisk riskOf(const CleanupItem& item, FindingRule rule) { return item.ownRisk.value_or(risk(rule)); }
+
+CleanupRisk DiskFinding::risk() const {
+  CleanupRisk greatest = ambrel::risk(rule);
+  for (const CleanupItem& item : items) greatest = std::max(greatest, riskOf(item, rule));
+  return greatest;
 }
 
 }  // namespace ambrel

@@ -11,7 +11,7 @@
 
 namespace ambrel {
 
-// A folder under the home that a tool fills again by itself, or that is worth a look.
+// A folder under the home that a tool fills again by itself, or that is worth a look since not all of it comes back.
 struct CleanupTarget {
   enum class Kind { rebuildable, review };
 
@@ -31,6 +31,24 @@ std::span<const CleanupTarget> linuxDeveloperTargets();
 std::span<const CleanupTarget> linuxApplicationTargets();
 
 enum class CleanupRisk { safe, review, careful };
+
+// Why a thing that was to move stayed where it is.
+enum class StayReason {
+  inUse,       // the system refused, and says no more than that
+  changed,     // it is not what was found any more
+  gone,        // there is nothing under its name
+  mainFolder,  // a folder that never moves as a whole
+  keptCopy,    // it is, or holds, the copy that stays when its duplicates go
+  noCopy,      // the copy that was to stay is not what it was, or was deleted itself
+  holdsMount,  // something is mounted on it or in it
+  unreadable,  // not all of it could be looked at
+  isDeleted,   // it is in a Trash already
+  noTrash,     // its volume has no Trash, and none can be made
+  readOnly,    // its volume takes no changes
+  diskFull     // the Trash has no room for the note that says where it came from
+};
+// "The disk is full", without a full stop.
+std::string_view explanation(StayReason reason);
 
 enum class FindingGroup { developerJunk, oldDownloads, bigOldFiles, duplicates, trash };
 
@@ -81,6 +99,7 @@ struct KeptCopy {
 struct CleanupItem {
   std::string url;
   std::string title;
+  // Bytes on disk; once a part of it has moved, of what is left.
   std::int64_t bytes = 0;
   std::optional<Instant> modified;
   // Move what is inside the folder, and not the folder itself.
@@ -91,6 +110,12 @@ struct CleanupItem {
   std::optional<FileIdentity> identity = {};
   // Of a duplicate: the copy that stays.
   std::optional<KeptCopy> kept = {};
+  // When it needs more care than its rule says.
+  std::optional<CleanupRisk> ownRisk = {};
+  // What it is, or why it needs that care: a sentence or two. Empty when the rule says it all.
+  std::string detail = {};
+  // Why it stayed when it was to move.
+  std::optional<StayReason> stayed = {};
 
   friend bool operator==(const CleanupItem&, const CleanupItem&) = default;
 };
@@ -101,8 +126,13 @@ struct DiskFinding {
   std::string reason;
 
   std::int64_t bytes() const;
+  // The greatest among its items, which together take what that risk asks for.
+  CleanupRisk risk() const;
   friend bool operator==(const DiskFinding&, const DiskFinding&) = default;
 };
+
+// The item's own, or its rule's.
+CleanupRisk riskOf(const CleanupItem& item, FindingRule rule);
 
 // A platform that a developer's tool simulates devices with.
 struct SimulatorRuntime {

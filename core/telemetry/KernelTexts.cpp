@@ -151,7 +151,8 @@ std::vector<Mount> parseMountinfo(std::string_view text) {
     mounts.push_back({.device = std::string(parts[2]),
                       .path = withoutOctals(parts[4]),
                       .type = std::string(dash[1]),
-                      .source = withoutOctals(dash[2])});
+                      .source = withoutOctals(dash[2]),
+                      .root = withoutOctals(parts[3])});
   });
   // The last one at a path lies on top.
   std::set<std::string> covered;

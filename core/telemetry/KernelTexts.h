@@ -47,8 +47,9 @@ std::string wholeName(std::string_view name, std::string_view commandLine);
 struct Mount {
   std::string device;  // "8:17"
   std::string path;
-  std::string type;    // "ext4"
-  std::string source;  // "/dev/sdb1", "nas:/films"
+  std::string type;        // "ext4"
+  std::string source;      // "/dev/sdb1", "nas:/films"
+  std::string root = "/";  // which folder of the file system is mounted: "/" but for bind mounts and subvolumes
   friend bool operator==(const Mount&, const Mount&) = default;
 };
 // In order. What is mounted over is left out. Blanks and the like are written as octal escapes.

@@ -149,9 +149,7 @@ void printForPeople(const DiskScanResult& result, const std::vector<DiskFinding>
   context.out << table(rows, 1, context);
   for (const DiskFinding& finding : findings) {
     context.out << "\n"
-                << context.styled("1", DiskAdvice::findingLine(finding.rule, finding.items.size(), finding.bytes(),
-                                                               context.calendar))
-                << "\n"
+                << context.styled("1", DiskAdvice::findingLine(finding, context.calendar)) << "\n"
                 << finding.reason << "\n";
     std::vector<std::vector<Cell>> items;
     for (std::size_t i = 0; i < finding.items.size() && i < shownOfEach; ++i)
@@ -159,6 +157,9 @@ void printForPeople(const DiskScanResult& result, const std::vector<DiskFinding>
                        {finding.items[i].title},
                        {repairedUTF8(finding.items[i].url), "90"}});
     context.out << table(items, 2, context);
+    for (std::size_t i = 0; i < finding.items.size() && i < shownOfEach; ++i)
+      if (finding.items[i].ownRisk)
+        context.out << printable("  " + finding.items[i].title + ": " + finding.items[i].detail) << "\n";
     if (finding.items.size() > shownOfEach)
       context.out << "  " << std::to_string(finding.items.size() - shownOfEach) << " more\n";
   }

@@ -58,6 +58,9 @@ class DiskDoctorTests : public QObject {
   void aMoveIsAnnounced_data();
   void aMoveIsAnnounced();
   void whatCanGoIsKnownToTheTile();
+  void afterAPartialMoveTheRestIsSaid();
+  void aFolderChosenThroughALinkCanBeCleaned();
+  void theWayBackIsToldAsItIs();
   void withoutAModelTheRulesAnswer();
   void theModelWritesTheHeadline();
   void lateAnswersAreDropped();
@@ -408,6 +411,69 @@ void DiskDoctorTests::whatCanGoIsKnownToTheTile() {
   desk.doctor().review()->confirm();
   desk.held.letGo();
   QCOMPARE(*desk.cleaner.freeableBytes(), before - desk.doctor().review()->report()->bytesMoved);
+}
+
+// Of a cache a part can go although the rest stays.
+void DiskDoctorTests::afterAPartialMoveTheRestIsSaid() {
+  DiskHome desk;
+  desk.fill(".cache/pip/http", 3);
+  desk.trash.refused.insert(desk.home + "/.cache/pip/wheels");
+  desk.trash.reason = StayReason::diskFull;
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  const std::int64_t before = *desk.cleaner.freeableBytes();
+  desk.choose(".cache/pip");
+  QCOMPARE(doctor.findings()->moveTitle(), "Move 5 MB to the Trash");
+  doctor.reviewSelection();
+  doctor.review()->confirm();
+  desk.held.letGo();
+  QCOMPARE(doctor.review()->title(), "Moved 3 MB to the Trash");
+  QCOMPARE(doctor.review()->detail(), "1 item stayed because the disk is full.");
+  QCOMPARE(doctor.review()->items()->rows().front().size, "2 MB");
+  QCOMPARE(doctor.review()->items()->rows().front().note, "The disk is full");
+  QCOMPARE(doctor.findings()->moveTitle(), "Move to the Trash");
+  QCOMPARE(doctor.summary(), "Moved 3 MB to the Trash. Scan again to see what is left.");
+  const std::int64_t moved = doctor.review()->report()->bytesMoved;
+  QVERIFY(moved >= 3'000'000);
+  QCOMPARE(*desk.cleaner.freeableBytes(), before - moved);
+}
+
+void DiskDoctorTests::aFolderChosenThroughALinkCanBeCleaned() {
+  DiskHome desk;
+  std::filesystem::create_directory_symlink(desk.home, desk.home + "/src/shortcut");
+  DiskDoctor& doctor = desk.doctor();
+  doctor.scan(desk.home + "/src/shortcut/Downloads/");
+  desk.finishScan();
+  QCOMPARE(doctor.sourceTitle(), "Downloads");
+  doctor.findings()->setSelected("rule:oldInstallers", true);
+  doctor.reviewSelection();
+  doctor.review()->confirm();
+  desk.held.letGo();
+  QCOMPARE(doctor.review()->report()->moved.size(), 2u);
+  doctor.scan(desk.home + "/src/shortcut");
+  QCOMPARE(doctor.sourceTitle(), "Home");
+}
+
+// No promise that the desktop does not keep.
+void DiskDoctorTests::theWayBackIsToldAsItIs() {
+  DiskHome desk;
+  desk.scanHome();
+  DiskDoctor& doctor = desk.doctor();
+  desk.choose("Downloads/old.iso");
+  desk.trash.place.reset();
+  doctor.reviewSelection();
+  QVERIFY(!doctor.review()->canMove());
+  doctor.review()->confirm();
+  QVERIFY(desk.held.waiting.empty());
+  doctor.review()->close();
+  desk.trash.place = TrashPlace{.folder = "/mnt/ram/.Trash-1000", .isListed = false};
+  doctor.reviewSelection();
+  QVERIFY2(doctor.review()->detail().contains("take things back from /mnt/ram/.Trash-1000/files"),
+           qPrintable(doctor.review()->detail()));
+  doctor.review()->confirm();
+  desk.held.letGo();
+  QVERIFY2(doctor.review()->detail().contains("move things back from /mnt/ram/.Trash-1000/files"),
+           qPrintable(doctor.review()->detail()));
 }
 
 void DiskDoctorTests::withoutAModelTheRulesAnswer() {

@@ -53,6 +53,7 @@ class DiskHome {
     fill("Downloads/older.zip", 2);
     fill("src/web/node_modules/lib", 5);
     folder.write("home/src/web/package.json", "{}");
+    folder.write("home/src/web/package-lock.json", "{}");
     fill(".local/share/Trash/files/gone", 2);
     fill("Documents/thesis.pdf", 6);
   }

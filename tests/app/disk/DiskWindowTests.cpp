@@ -67,6 +67,16 @@ struct Room {
     return true;
   }
   void press(Qt::Key key) { QTest::keyClick(&window(), key); }
+  QRectF placeOf(const QString& label) {
+    const QQuickItem* item = labelled(label);
+    return item ? item->mapRectToScene({0, 0, item->width(), item->height()}) : QRectF();
+  }
+  // The sheet takes clicks once it has been in view for a while.
+  bool isSheetArmed() {
+    bool isArmed = false;
+    visitShown(root(), [&](QQuickItem* item) { isArmed = isArmed || item->property("isArmed").toBool(); });
+    return isArmed;
+  }
   QString focused() {
     const QQuickItem* item = window().activeFocusItem();
     return item ? item->property("label").toString() : QString();
@@ -128,6 +138,8 @@ class DiskWindowTests : public QObject {
   void aScanBeginsAndStops();
   void theHomeMayBeGuarded();
   void whatIsSafeMovesByThreeClicks();
+  void aDoubleClickOnlyOpensTheSheet_data();
+  void aDoubleClickOnlyOpensTheSheet();
   void leavingIsTheFirstButton();
   void theListWorksFromTheKeyboard();
   void aClickOnAnItemAsksAboutIt();
@@ -211,15 +223,55 @@ void DiskWindowTests::whatIsSafeMovesByThreeClicks() {
   QCOMPARE(room.doctor().review()->stage(), Stage::Reviewing);
   // What lies below is out of reach.
   QVERIFY(!room.click("Scan again"));
+  QTRY_VERIFY(room.isSheetArmed());
   QVERIFY(room.click("Move to the Trash"));
   room.desk.held.letGo();
   QCOMPARE(room.doctor().review()->stage(), Stage::Reported);
   QVERIFY(room.hasText("Moved 7 MB to the Trash"));
+  // Nor does a second click on the same place put the report away unread.
+  QVERIFY(room.click("Done"));
+  QCOMPARE(room.doctor().review()->stage(), Stage::Reported);
+  QTRY_VERIFY(room.isSheetArmed());
   QVERIFY(room.click("Done"));
   QCOMPARE(room.doctor().review()->stage(), Stage::Closed);
   QVERIFY(room.desk.exists("Downloads/old.iso"));
   QVERIFY(!room.desk.exists("src/web/node_modules"));
   QCOMPARE(room.warnings.take().join("; "), "");
+}
+
+void DiskWindowTests::aDoubleClickOnlyOpensTheSheet_data() {
+  QTest::addColumn<QSize>("size");
+  QTest::addColumn<bool>("isLong");
+  for (const bool isLong : {false, true})
+    for (const QSize size : {QSize(860, 560), QSize(860, 1000), QSize(980, 640), QSize(1240, 580), QSize(1920, 1080)})
+      QTest::addRow("%d x %d, %s list", size.width(), size.height(), isLong ? "long" : "short") << size << isLong;
+}
+
+void DiskWindowTests::aDoubleClickOnlyOpensTheSheet() {
+  QFETCH(QSize, size);
+  QFETCH(bool, isLong);
+  Room room;
+  for (int i = 0; i < (isLong ? 30 : 0); ++i) room.desk.fill("Downloads/more" + std::to_string(i) + ".zip", 1);
+  QVERIFY(room.open());
+  room.window().resize(size);
+  QTRY_COMPARE(room.root()->size().toSize(), size);
+  bring(room, "chosen");
+  room.window().grabWindow();
+  const QString move = room.doctor().findings()->moveTitle();
+  const QRectF opener = room.placeOf(move);
+  QVERIFY(!opener.isEmpty());
+  QTest::mouseDClick(&room.window(), Qt::LeftButton, {}, opener.center().toPoint());
+  QCOMPARE(room.doctor().review()->stage(), Stage::Reviewing);
+  // Nor do impatient clicks on the button itself count.
+  room.window().grabWindow();
+  const QRectF confirm = room.placeOf("Move to the Trash");
+  QVERIFY(!confirm.isEmpty() && !confirm.intersects(opener));
+  QTest::mouseDClick(&room.window(), Qt::LeftButton, {}, confirm.center().toPoint());
+  QCOMPARE(room.doctor().review()->stage(), Stage::Reviewing);
+  QVERIFY(room.desk.held.waiting.empty());
+  QTRY_VERIFY(room.isSheetArmed());
+  QVERIFY(room.click("Move to the Trash"));
+  QCOMPARE(room.doctor().review()->stage(), Stage::Moving);
 }
 
 void DiskWindowTests::leavingIsTheFirstButton() {
@@ -228,6 +280,7 @@ void DiskWindowTests::leavingIsTheFirstButton() {
     QVERIFY(room.open());
     bring(room, "review");
     QTRY_COMPARE(room.focused(), "Leave everything");
+    QTRY_VERIFY(room.isSheetArmed());
     room.press(key);
     QCOMPARE(room.doctor().review()->stage(), Stage::Closed);
     QVERIFY(room.desk.held.waiting.empty());

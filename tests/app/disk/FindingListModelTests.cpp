@@ -56,7 +56,7 @@ class FindingListModelTests : public QObject {
   void groupsStandForWhatIsInThem();
   void onlyWhatIsSafeIsChosenAtOnce();
   void rowsThatOpenChangeNoOthers();
-  void removedItemsTakeTheirChoiceWithThem();
+  void aReportLeavesWhatIsLeft();
   void explorerGoesDownAndUp();
   void hoveringSurvivesNothingThatIsGone();
   void aHalfReadTreeSaysWhatIsMissing();
@@ -105,6 +105,14 @@ void FindingListModelTests::onlyWhatIsSafeIsChosenAtOnce() {
   QVERIFY(fixture.model.hasSafeItems());
   fixture.model.selectSafe();
   QCOMPARE(fixture.model.selection(), std::set<std::string>({"/home/u/.npm", "/home/u/.cargo"}));
+
+  // One that needs more care than its rule says is left out, and the rule says so before it is opened.
+  std::vector<DiskFinding> list = findings();
+  list[1].items[1].ownRisk = CleanupRisk::review;
+  fixture.model.setFindings(list);
+  fixture.model.selectSafe();
+  QCOMPARE(fixture.model.selection(), std::set<std::string>({"/home/u/.npm"}));
+  QCOMPARE(fixture.model.rows()[1].risk, CleanupRisk::review);
 }
 
 void FindingListModelTests::rowsThatOpenChangeNoOthers() {
@@ -126,14 +134,31 @@ void FindingListModelTests::rowsThatOpenChangeNoOthers() {
   QCOMPARE(model.selection(), std::set<std::string>({"/home/u/film.mkv"}));
 }
 
-void FindingListModelTests::removedItemsTakeTheirChoiceWithThem() {
+void FindingListModelTests::aReportLeavesWhatIsLeft() {
   Fixture fixture;
   FindingListModel& model = fixture.model;
   model.setSelected("rule:developerCaches", true);
   model.setSelected("rule:largeOldFiles", true);
-  model.removeItems({item("/home/u/.npm", 20), item("/home/u/film.mkv", 900)});
+  model.setSelected("rule:appCaches", true);
+  QCOMPARE(model.moveTitle(), "Move 960 bytes to the Trash");
+  DiskAdvice::TrashReport report{.moved = {item("/home/u/film.mkv", 900)}, .failed = {}, .bytesMoved = 915};
+  report.failed = {item("/home/u/.npm", 5), item("/home/u/.cache", 0)};
+  report.failed[0].stayed = StayReason::diskFull;
+  report.failed[1].stayed = StayReason::gone;
+  model.takeReport(report);
+  // What is left is chosen no more, and what was not asked for still is.
   QCOMPARE(model.selection(), std::set<std::string>({"/home/u/.cargo"}));
+  QCOMPARE(model.moveTitle(), "Move 10 bytes to the Trash");
   QVERIFY(!fixture.titles().contains("Big old files"));
+  QVERIFY(!fixture.titles().contains("App caches"));
+  QCOMPARE(DiskAdvice::freeableBytes(model.findings()), 15);
+  model.toggleOpen("rule:developerCaches");
+  for (const FindingRow& row : model.rows())
+    if (row.id == "/home/u/.npm") {
+      QCOMPARE(row.size, "5 bytes");
+      QCOMPARE(row.note, "The disk is full.");
+      QVERIFY(row.hasStayed);
+    }
 }
 
 void FindingListModelTests::explorerGoesDownAndUp() {

@@ -155,6 +155,20 @@ TEST_F(Verdict, AppsCanGo) {
                        "stay in your Library."));
 }
 
+// What a rule calls safe can hold something that nothing makes again.
+TEST(FindingLine, IsNotSafeWhenOneOfItsItemsIsNot) {
+  DiskFinding caches = finding(FindingRule::developerCaches, giga);
+  EXPECT_THAT(DiskAdvice::findingLine(caches, calendar), EndsWith("Safe to move to the Trash."));
+  caches.items.push_back(caches.items.front());
+  caches.items.back().url = home + "/.m2/repository";
+  caches.items.back().ownRisk = CleanupRisk::review;
+  caches.items.back().detail = "Not all of it comes back.";
+  EXPECT_THAT(DiskAdvice::findingLine(caches, calendar), EndsWith("Look at the list before you move them."));
+  const DiskTree tree = treeOf(home, {{".m2/repository/a", giga, threeDaysAgo}});
+  EXPECT_THAT(DiskAdvice::verdict(*find(*tree, home + "/.m2/repository"), {caches}, home, now, calendar),
+              testing::AllOf(HasSubstr("Probably, but look first."), EndsWith("Not all of it comes back.")));
+}
+
 TEST(FreeableBytes, CountMovableFindingsAlone) {
   EXPECT_EQ(
       DiskAdvice::freeableBytes({finding(FindingRule::trash, giga), finding(FindingRule::oldSimulatorRuntimes, giga),
@@ -164,6 +178,11 @@ TEST(FreeableBytes, CountMovableFindingsAlone) {
 
 TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
   const std::vector<CleanupItem> two(2), one(1);
+  const auto stayed = [](StayReason reason) {
+    CleanupItem item;
+    item.stayed = reason;
+    return item;
+  };
   struct Case {
     DiskAdvice::TrashReport report;
     std::string title, body;
@@ -173,6 +192,13 @@ TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
       {{one, two, 4'000'000}, "Moved 4 MB to the Trash", "2 items were in use or protected and stayed."},
       {{{}, one, 4'000'000}, "Moved 4 MB to the Trash", "1 items were in use or protected and stayed."},
       {{{}, two, 0}, "Nothing was moved", "The items are in use or protected."},
+      {{{}, {stayed(StayReason::diskFull)}, 0}, "Nothing was moved", "1 item stayed because the disk is full."},
+      {{one, {stayed(StayReason::noTrash), stayed(StayReason::changed), stayed(StayReason::noTrash)}, 5'000'000},
+       "Moved 5 MB to the Trash",
+       "1 items were in use or protected and stayed. 2 items stayed because their volume has no Trash."},
+      {{two, {}, 5'000'000, {"/mnt/ram/.Trash-1000"}},
+       "Moved 5 MB to the Trash",
+       "The file manager does not show this Trash. To undo, move things back from /mnt/ram/.Trash-1000/files."},
   };
   for (const Case& c : cases) {
     const auto message = DiskAdvice::message(c.report, calendar);

@@ -216,6 +216,84 @@ TEST_F(StaleBuildFolders, InProtectedFoldersAndPackagesAreLeftAlone) {
   EXPECT_THAT(run(), ElementsAre("home/code/tool/node_modules"));
 }
 
+// An extension or an unpacked program holds such folders too, and no tool fills them again.
+TEST_F(StaleBuildFolders, AreSafeOnlyWhereAToolMakesThemAgain) {
+  struct Case {
+    std::string path, file, package;
+    bool isSafe;
+  };
+  const std::string extension = R"({"engines":{"vscode":"^1.60.0"}})";
+  const Case cases[] = {{"home/code/locked", "package-lock.json", "{}", true},
+                        {"home/code/own extension", ".git/HEAD", extension, true},
+                        {"home/code/many/.git", "HEAD", "", true},
+                        {"home/code/many/web", "src/a", "{}", true},
+                        {"home/code/bare", "src/a", "{}", false},
+                        {"home/.editor/extensions/lint", "package-lock.json", extension, false},
+                        {"home/portable/extensions/lint", "yarn.lock", extension, false},
+                        {"home/Chat/resources/app", "package-lock.json", "{}", false}};
+  tree.write("home/.git", "of the user's dotfiles");
+  for (const Case& c : cases) {
+    tree.write(c.path + "/" + c.file, "");
+    if (c.package.empty()) continue;
+    project(c.path, "package.json", "node_modules", 500);
+    tree.write(c.path + "/package.json", c.package);
+    tree.dateAll(c.path, longAgo);
+  }
+  project("home/.editor/native", "Cargo.toml", "target", 500);
+  run();
+  std::set<std::string> safe, doubtful;
+  for (const CleanupItem& item : findingOf(findings, FindingRule::staleBuildFolders)->items) {
+    EXPECT_EQ(item.detail.empty(), !item.ownRisk) << item.url;
+    (item.ownRisk ? doubtful : safe).insert(item.url.substr(tree.path().size() + 1));
+  }
+  std::set<std::string> expected;
+  for (const Case& c : cases)
+    if (c.isSafe && !c.package.empty()) expected.insert(c.path + "/node_modules");
+  EXPECT_EQ(safe, expected);
+  EXPECT_EQ(doubtful.size(), 5u);
+  EXPECT_TRUE(doubtful.contains("home/.editor/native/target"));
+}
+
+// The only live copy would go, and the other one when the Trash is emptied.
+TEST(Trashes, HoldNoCopiesAndNothingToFind) {
+  test::Tree tree;
+  tree.folder("home/.local/share/Trash/info");
+  for (const char* path : {"home/film.mov", "home/.Trash-1000/files/film.mov", "home/data/Trash/files/film.mov",
+                           "home/shared/.Trash/1000/files/film.mov"})
+    tree.fill(path, 60'000);
+  tree.folder("home/data/Trash/info");
+  tree.fill("home/.local/share/Trash/files/film.mov", 60'000);
+  tree.dateAll("home", longAgo);
+  tree.date("home/film.mov", daysBefore(now, 100));
+  DiskAnalyzer analyzer;
+  analyzer.duplicateMinBytes = analyzer.largeFileBytes = 55'000;
+  const auto found = [&](const std::string& place, FindingRule rule) {
+    const auto findings = analyzer.analyze(*DiskScanner{}.scan(tree / place).root, tree / "home", {}, now, calendar);
+    return pathsOf(findingOf(findings, rule));
+  };
+  EXPECT_THAT(found("home", FindingRule::duplicates), IsEmpty());
+  EXPECT_THAT(found("home", FindingRule::largeOldFiles), ElementsAre(tree / "home/film.mov"));
+  for (const char* place : {"home/.local/share/Trash", "home/data/Trash/files", "home/shared/.Trash/1000/files"})
+    EXPECT_THAT(found(place, FindingRule::largeOldFiles), IsEmpty()) << place;
+}
+
+// It stays for the sake of its copies, however large and old it is.
+TEST(Duplicates, TheKeptCopyIsNotOfferedByAnotherRule) {
+  test::Tree tree;
+  for (const char* path : {"one.mov", "two.mov", "three.mov"}) {
+    tree.fill(path, 60'000);
+    tree.date(path, longAgo);
+  }
+  tree.fill("other.mov", 70'000);
+  tree.date("other.mov", longAgo);
+  DiskAnalyzer analyzer;
+  analyzer.duplicateMinBytes = analyzer.largeFileBytes = 55'000;
+  const auto findings = analyzer.analyze(*DiskScanner{}.scan(tree.path()).root, home, {}, now, calendar);
+  EXPECT_THAT(pathsOf(findingOf(findings, FindingRule::duplicates)),
+              UnorderedElementsAre(tree / "three.mov", tree / "two.mov"));
+  EXPECT_THAT(pathsOf(findingOf(findings, FindingRule::largeOldFiles)), ElementsAre(tree / "other.mov"));
+}
+
 TEST_F(StaleBuildFolders, AFileInOneIsNotOfferedAgain) {
   project("web", "package.json", "node_modules", 100);
   tree.fill("web/node_modules/huge.bin", 60'000);

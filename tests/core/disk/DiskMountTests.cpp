@@ -72,6 +72,7 @@ TEST_F(DiskMounts, AMainFolderIsKnownUnderABindMount) {
 // It would go along with the folder, and be emptied with the Trash.
 TEST_F(DiskMounts, AFolderThatHoldsAVolumeStays) {
   test::Tree tree;
+  tree.fill("home/own/file", 5000);
   tree.fill("home/web/node_modules/a", 5000);
   tree.fill("home/.cache/app/b", 5000);
   tree.fill("home/.cache/other", 5000);
@@ -84,15 +85,48 @@ TEST_F(DiskMounts, AFolderThatHoldsAVolumeStays) {
     tree.folder(place);
     ASSERT_EQ(mount("none", (tree / place).c_str(), "tmpfs", 0, nullptr), 0);
   }
+  // A single file can be mounted too, in a folder and as a child of the cache.
+  CleanupItem holder;
+  holder.url = tree.folder("home/web/target");
+  for (const char* place : {"home/web/target/file", "home/.cache/file"}) {
+    tree.fill(place, 1000);
+    ASSERT_EQ(mount((tree / "home/own/file").c_str(), (tree / place).c_str(), nullptr, MS_BIND, nullptr), 0);
+  }
+  holder.bytes = test::Tree::space(holder.url);
+  holder.identity = identityOf(holder.url);
   whole.identity = identityOf(whole.url);
   contents.identity = identityOf(contents.url);
   std::vector<std::string> asked;
-  const auto report = DiskAdvice::moveToTrash(
-      {whole, contents}, tree / "home", [&](const DiskAdvice::TrashRequest& request) { asked.push_back(request.url); });
-  EXPECT_EQ(report.failed.size(), 2u);
+  const auto report = DiskAdvice::moveToTrash({whole, holder, contents}, tree / "home", {},
+                                              [&](const DiskAdvice::TrashRequest& request) {
+                                                asked.push_back(request.url);
+                                                return DiskAdvice::TrashPlace{};
+                                              });
+  EXPECT_EQ(report.failed.size(), 3u);
+  for (const CleanupItem& item : report.failed) EXPECT_EQ(item.stayed, StayReason::holdsMount) << item.url;
   EXPECT_EQ(asked, std::vector<std::string>{tree / "home/.cache/other"});
-  for (const char* place : {"home/web/node_modules/volume", "home/.cache/app/deep/volume"})
+  for (const char* place :
+       {"home/web/node_modules/volume", "home/.cache/app/deep/volume", "home/web/target/file", "home/.cache/file"})
     EXPECT_EQ(umount2((tree / place).c_str(), MNT_DETACH), 0);
+}
+
+// Its dates of opening are those of its making.
+TEST_F(DiskMounts, WhereOpeningIsNotNotedNoFileIsCalledUnused) {
+  test::Tree tree;
+  tree.folder("volume");
+  const Instant now = test::someDay, longAgo = test::daysBefore(now, 500);
+  DiskAnalyzer analyzer;
+  analyzer.largeFileBytes = 10'000;
+  for (const unsigned long flag : {MS_RELATIME, MS_NOATIME}) {
+    ASSERT_EQ(mount("none", (tree / "volume").c_str(), "tmpfs", flag, nullptr), 0);
+    tree.fill("volume/film", 20'000);
+    tree.date("volume/film", longAgo);
+    const DiskTree root = DiskScanner{}.scan(tree / "volume").root;
+    const auto findings = analyzer.analyze(*root, tree / "home", {}, now, Calendar("UTC", "en_US"));
+    EXPECT_EQ(findings.size(), flag == MS_NOATIME ? 0u : 1u);
+    EXPECT_EQ(find(*root, tree / "volume/film")->accessed().has_value(), flag != MS_NOATIME);
+    EXPECT_EQ(umount2((tree / "volume").c_str(), MNT_DETACH), 0);
+  }
 }
 
 }  // namespace

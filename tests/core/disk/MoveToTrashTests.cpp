@@ -34,6 +34,7 @@ struct Recorder {
       asked.push_back(request.url);
       requests.push_back(request);
       if (refused.contains(request.url)) throw std::runtime_error("busy");
+      return DiskAdvice::TrashPlace{};
     };
   }
 };
@@ -42,7 +43,12 @@ class MoveToTrash : public testing::Test {
  protected:
   MoveToTrash() : home(tree.folder("home")) {}
   DiskAdvice::TrashReport move(const std::vector<CleanupItem>& items) {
-    return DiskAdvice::moveToTrash(items, home, recorder.move());
+    return DiskAdvice::moveToTrash(items, home, {}, recorder.move());
+  }
+  static std::vector<std::pair<std::string, StayReason>> stayed(const DiskAdvice::TrashReport& report) {
+    std::vector<std::pair<std::string, StayReason>> out;
+    for (const CleanupItem& item : report.failed) out.emplace_back(item.url, item.stayed.value());
+    return out;
   }
   Tree tree;
   std::string home;
@@ -58,7 +64,7 @@ TEST_F(MoveToTrash, MovesItemsInOrderAndReportsTheirBytes) {
   const auto report = move(items);
   EXPECT_THAT(recorder.asked, ElementsAre(tree / "home/d", tree / "home/b", tree / "home/a"));
   EXPECT_THAT(report.moved, ElementsAre(items[0], items[2]));
-  EXPECT_THAT(report.failed, ElementsAre(items[1]));
+  EXPECT_THAT(stayed(report), ElementsAre(std::pair(items[1].url, StayReason::inUse)));
   EXPECT_EQ(report.bytesMoved, items[0].bytes + items[2].bytes);
   EXPECT_EQ(recorder.requests[0].identity, items[0].identity);
 }
@@ -67,7 +73,9 @@ TEST_F(MoveToTrash, WhatIsGoneStays) {
   tree.fill("home/a", 1000);
   const CleanupItem item = itemAt(tree / "home/a");
   std::filesystem::remove(tree / "home/a");
-  EXPECT_THAT(move({item}).failed, ElementsAre(item));
+  const auto report = move({item});
+  EXPECT_THAT(stayed(report), ElementsAre(std::pair(item.url, StayReason::gone)));
+  EXPECT_EQ(report.failed.front().bytes, 0);
   EXPECT_THAT(recorder.asked, IsEmpty());
 }
 
@@ -90,8 +98,9 @@ TEST_F(MoveToTrash, AChildThatStaysFailsTheItemAndTheRestStillCounts) {
   const auto report = move({itemAt(tree / "home/.cache", true)});
   EXPECT_THAT(recorder.asked, ElementsAre(tree / "home/.cache/a", tree / "home/.cache/b"));
   EXPECT_THAT(report.moved, IsEmpty());
-  EXPECT_EQ(report.failed.size(), 1u);
+  EXPECT_THAT(stayed(report), ElementsAre(std::pair(tree / "home/.cache", StayReason::inUse)));
   EXPECT_EQ(report.bytesMoved, Tree::allocated(tree / "home/.cache/a"));
+  EXPECT_EQ(report.failed.front().bytes, Tree::allocated(tree / "home/.cache/b"));
 }
 
 TEST_F(MoveToTrash, ACacheThatGrewIsStillEmptied) {
@@ -147,7 +156,7 @@ TEST_F(MoveToTrash, WhatChangedSinceItWasFoundStays) {
     tree.date("home/file", test::someDay);
     const CleanupItem item = itemAt(tree / "home/file");
     c.change();
-    EXPECT_THAT(move({item}).failed, ElementsAre(item));
+    EXPECT_THAT(stayed(move({item})), ElementsAre(std::pair(item.url, StayReason::changed)));
     EXPECT_THAT(recorder.asked, IsEmpty());
     std::filesystem::remove(tree / "home/file");
     std::filesystem::remove(tree / "home/elsewhere");
@@ -158,7 +167,7 @@ TEST_F(MoveToTrash, AFolderThatChangedDeepWithinStays) {
   tree.fill("home/web/node_modules/a/b/c", 5000);
   const CleanupItem item = itemAt(tree / "home/web/node_modules");
   tree.fill("home/web/node_modules/a/b/d", 5000);
-  EXPECT_THAT(move({item}).failed, ElementsAre(item));
+  EXPECT_THAT(stayed(move({item})), ElementsAre(std::pair(item.url, StayReason::changed)));
   EXPECT_THAT(recorder.asked, IsEmpty());
 }
 
@@ -191,6 +200,35 @@ TEST_F(MoveToTrash, ADuplicateGoesOnlyWhileTheKeptCopyIsWhatItWas) {
   EXPECT_EQ(move({item}).failed.size(), 1u);
 }
 
+// Wherever a Trash is, and by whatever path it is reached: what is in one goes when it is emptied.
+TEST_F(MoveToTrash, ADeletedFileIsNoCopyThatStays) {
+  for (const char* place : {"home/.local/share/Trash/files", "home/.Trash", "stick/.Trash-1000/files/sub",
+                            "stick/.Trash/1000/files", "elsewhere/share/Trash/files", "renamed/files/deep/er"}) {
+    SCOPED_TRACE(place);
+    tree.folder("elsewhere/share/Trash/info");
+    tree.write("renamed/info/kept.trashinfo", "[Trash Info]");
+    const std::string keptPath = tree.fill(place + std::string("/kept"), 9000);
+    tree.fill("home/copy", 9000);
+    CleanupItem copy = itemAt(tree / "home/copy");
+    copy.kept = KeptCopy{.url = keptPath, .identity = *identityOf(keptPath)};
+    EXPECT_THAT(stayed(move({copy})), ElementsAre(std::pair(copy.url, StayReason::noCopy)));
+    // Nor is it moved from one Trash to another.
+    EXPECT_THAT(stayed(move({itemAt(keptPath)})), ElementsAre(std::pair(keptPath, StayReason::isDeleted)));
+    EXPECT_THAT(recorder.asked, IsEmpty());
+  }
+}
+
+// Also when its duplicates went some time ago, and nothing but a folder with it is chosen now.
+TEST_F(MoveToTrash, AKeptCopyStaysThroughAllMovesOfItsScan) {
+  tree.fill("home/archive/kept", 9000);
+  const KeptCopy kept{.url = tree / "home/archive/kept", .identity = *identityOf(tree / "home/archive/kept")};
+  const auto report =
+      DiskAdvice::moveToTrash({itemAt(tree / "home/archive"), itemAt(kept.url)}, home, {kept}, recorder.move());
+  EXPECT_THAT(stayed(report), ElementsAre(std::pair(tree / "home/archive", StayReason::keptCopy),
+                                          std::pair(kept.url, StayReason::keptCopy)));
+  EXPECT_THAT(recorder.asked, IsEmpty());
+}
+
 // Also when both were found, one as a duplicate and its kept copy by another rule, and both were chosen.
 TEST_F(MoveToTrash, OfEqualFilesOneStaysAlthoughAllWereChosen) {
   tree.fill("home/archive/kept", 9000);
@@ -200,7 +238,8 @@ TEST_F(MoveToTrash, OfEqualFilesOneStaysAlthoughAllWereChosen) {
   copy.kept = another.kept =
       KeptCopy{.url = tree / "home/archive/kept", .identity = *identityOf(tree / "home/archive/kept")};
   const CleanupItem kept = itemAt(tree / "home/archive/kept"), holder = itemAt(tree / "home/archive");
-  EXPECT_THAT(move({copy, another, kept, holder}).failed, ElementsAre(kept, holder));
+  EXPECT_THAT(stayed(move({kept, copy, another, holder})),
+              ElementsAre(std::pair(kept.url, StayReason::keptCopy), std::pair(holder.url, StayReason::keptCopy)));
   EXPECT_THAT(recorder.asked, ElementsAre(copy.url, another.url));
 }
 
@@ -239,6 +278,22 @@ TEST_F(MoveToTrash, MainFoldersFailWithNoAttempt) {
   EXPECT_EQ(report.failed.size(), items.size());
   EXPECT_THAT(recorder.asked, IsEmpty());
   EXPECT_EQ(move({itemAt(tree / "home/Downloads/a.zip")}).moved.size(), 1u);
+}
+
+// What cannot be looked at may have something mounted in it, which would be emptied with the Trash.
+TEST_F(MoveToTrash, WhatCannotBeLookedAtStaysAlsoInACache) {
+  tree.fill("home/.cache/app/locked/file", 5000);
+  tree.fill("home/.cache/other", 5000);
+  chmod((tree / "home/.cache/app/locked").c_str(), 0);
+  const CleanupItem item = itemAt(tree / "home/.cache", true);
+  DiskAdvice::TrashReport report;
+  {
+    const test::Unprivileged drop;
+    report = move({item});
+  }
+  chmod((tree / "home/.cache/app/locked").c_str(), 0755);
+  EXPECT_THAT(recorder.asked, ElementsAre(tree / "home/.cache/other"));
+  EXPECT_THAT(stayed(report), ElementsAre(std::pair(item.url, StayReason::unreadable)));
 }
 
 class MainFolders : public testing::Test {

@@ -76,15 +76,15 @@ TEST(Mountinfo, KeepsWhatLiesOnTopAndItsTrueName) {
       "28 1 8:2 / / rw shared:1 - ext4 /dev/sda2 rw\n"
       "60 28 8:17 / /media/a/My\\040\\134Stick\\011 rw - vfat /dev/sdb1 rw\n"
       "61 28 8:33 / /mnt/x rw shared:3 master:1 - ext4 /dev/sdc1 rw\n"
-      "62 28 8:49 / /mnt/x rw - ext4 /dev/sdd1 rw\n"
+      "62 28 8:49 /sub\\040folder /mnt/x rw - ext4 /dev/sdd1 rw\n"
       "63 28 0:50 / /mnt/odd\\9 rw - fuse.sshfs u@h:/ rw\n"
       "64 28 0:51 / /broken rw\n"
       "65 - ext4 x\n"
       "- - -\n");
-  EXPECT_THAT(
-      mounts,
-      ElementsAre(Mount{"8:2", "/", "ext4", "/dev/sda2"}, Mount{"8:17", "/media/a/My \\Stick\t", "vfat", "/dev/sdb1"},
-                  Mount{"8:49", "/mnt/x", "ext4", "/dev/sdd1"}, Mount{"0:50", "/mnt/odd\\9", "fuse.sshfs", "u@h:/"}));
+  EXPECT_THAT(mounts, ElementsAre(Mount{"8:2", "/", "ext4", "/dev/sda2"},
+                                  Mount{"8:17", "/media/a/My \\Stick\t", "vfat", "/dev/sdb1"},
+                                  Mount{"8:49", "/mnt/x", "ext4", "/dev/sdd1", "/sub folder"},
+                                  Mount{"0:50", "/mnt/odd\\9", "fuse.sshfs", "u@h:/"}));
   EXPECT_EQ(volumeName(mounts[1]), "My \\Stick\t");
   EXPECT_TRUE(isRemote(mounts[3]));
   EXPECT_FALSE(isRemote(mounts[2]));

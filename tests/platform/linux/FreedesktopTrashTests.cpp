@@ -101,6 +101,17 @@ TEST_F(FreedesktopTrashTest, LongNamesLeaveRoomForTheInformation) {
   }
 }
 
+// Bytes that are no text at all, and nowhere the beginning of a character.
+TEST_F(FreedesktopTrashTest, TheLongestNameMayBeNoText) {
+  const std::string name(255, '\x80');
+  tree.fill("home/" + name, 10);
+  move("home/" + name);
+  const auto files = names("data/Trash/files");
+  ASSERT_EQ(files.size(), 1u);
+  EXPECT_GT(files.front().size(), 200u);
+  EXPECT_THAT(names("data/Trash/info"), UnorderedElementsAre(files.front() + ".trashinfo"));
+}
+
 TEST_F(FreedesktopTrashTest, PathsMayBeLongerThanTheSystemsLimit) {
   const std::string name(200, 'd');
   std::string path = tree.path();
@@ -136,7 +147,7 @@ TEST_F(FreedesktopTrashTest, WhatIsNotWhatWasAskedForStays) {
          tree.fill("home/sub/new", 1000);
          std::filesystem::rename(tree / "home/sub/new", tree / "home/sub/file");
        }},
-      {"gone", "or gone", [&](auto&) { std::filesystem::remove(tree / "home/sub/file"); }},
+      {"gone", "it is gone", [&](auto&) { std::filesystem::remove(tree / "home/sub/file"); }},
       {"a folder on the way became a link", "Not a directory",
        [&](auto&) {
          std::filesystem::rename(tree / "home/sub", tree / "home/real");
@@ -198,7 +209,7 @@ TEST_F(FreedesktopTrashTest, ServesTheGuardedMove) {
   const std::vector<CleanupItem> items{item("home/.cache/app", true), item("home/Downloads/old.zip", false),
                                        item("home/Downloads", false)};
   const auto report = DiskAdvice::moveToTrash(
-      items, tree / "home", [&](const DiskAdvice::TrashRequest& request) { trash.move(request, now); });
+      items, tree / "home", {}, [&](const DiskAdvice::TrashRequest& request) { return trash.move(request, now); });
   EXPECT_EQ(report.moved.size(), 2u);
   EXPECT_EQ(report.failed.size(), 1u);
   EXPECT_THAT(names("data/Trash/files"), UnorderedElementsAre("a", "b", "old.zip"));
