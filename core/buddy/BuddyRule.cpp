@@ -98,9 +98,8 @@ std::string ruleInWords(BuddyRule rule, const Calendar& calendar) {
     case BuddyRule::claudeLimit:
       return fmt::format("{}% or more of a Claude limit, or of your own budget, is used.", limitPercent);
     case BuddyRule::codexSession:
-      return fmt::format("{}% or more of the 5-hour limit of Codex is used.", limitPercent);
     case BuddyRule::codexWeek:
-      return fmt::format("{}% or more of the weekly limit of Codex is used.", limitPercent);
+      return fmt::format("{}% or more of a Codex limit is used.", limitPercent);
     case BuddyRule::batteryLow:
       return fmt::format("The battery is below {}% and not charging.", lowBattery);
     case BuddyRule::batteryCritical:

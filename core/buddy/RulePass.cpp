@@ -7,6 +7,7 @@
 #include "core/base/LocalText.h"
 #include "core/buddy/BuddyText.h"
 #include "core/buddy/Thresholds.h"
+#include "core/usage/WindowName.h"
 
 namespace ambrel {
 namespace {
@@ -141,17 +142,18 @@ void RulePass::meetings() {
 void RulePass::raiseLimit(const LimitWords& words, const CodexUsage::Window& window) {
   if (now_ >= window.resetsAt || !(window.usedPercent >= limitPercent)) return;
   const std::string when =
-      words.isWeek ? weekdayTime(calendar_, window.resetsAt) : "at " + shortTime(calendar_, window.resetsAt);
-  notices_.emplace_back(fmt::format("{}:{}", words.id, idTime(window.resetsAt)), words.rule,
-                        fmt::format("{} at {}% of the {}", words.tool, wholePercent(window.usedPercent), words.limit),
-                        "It resets " + when + ".", now_, std::vector<BuddyAction>{}, std::nullopt, window.resetsAt);
+      words.isLong ? weekdayTime(calendar_, window.resetsAt) : "at " + shortTime(calendar_, window.resetsAt);
+  notices_.emplace_back(
+      fmt::format("{}:{}", words.id, idTime(window.resetsAt)), words.rule,
+      fmt::format("{} at {}% of the {} limit", words.tool, wholePercent(window.usedPercent), words.limit),
+      "It resets " + when + ".", now_, std::vector<BuddyAction>{}, std::nullopt, window.resetsAt);
 }
 
 void RulePass::claude() {
   if (!signals_.claudeLimits) return claudeBudget();
   const auto& [session, week, asOf] = *signals_.claudeLimits;
-  if (session) raiseLimit({BuddyRule::claudeLimit, "claude.session", "Claude", "session limit", false}, *session);
-  if (week) raiseLimit({BuddyRule::claudeLimit, "claude.week", "Claude", "weekly limit", true}, *week);
+  if (session) raiseLimit({BuddyRule::claudeLimit, "claude.session", "Claude", "session", false}, *session);
+  if (week) raiseLimit({BuddyRule::claudeLimit, "claude.week", "Claude", "weekly", true}, *week);
 }
 
 void RulePass::claudeBudget() {
@@ -165,11 +167,16 @@ void RulePass::claudeBudget() {
                         std::vector<BuddyAction>{}, std::nullopt, block.end);
 }
 
+// Either window may have any length, and the words follow it. Without one they are those of its usual length.
 void RulePass::codex() {
   if (!signals_.codex) return;
+  const auto raise = [this](BuddyRule rule, std::string_view id, const CodexUsage::Window& window, bool isUsuallyWeek) {
+    const std::string limit = windowAdjective(window, isUsuallyWeek ? "weekly" : "5-hour");
+    raiseLimit({rule, id, "Codex", limit, window.windowMinutes > 0 ? isLong(window) : isUsuallyWeek}, window);
+  };
   const auto& [session, week, asOf] = *signals_.codex;
-  raiseLimit({BuddyRule::codexSession, "codex.session", "Codex", "5-hour limit", false}, session);
-  if (week) raiseLimit({BuddyRule::codexWeek, "codex.week", "Codex", "weekly limit", true}, *week);
+  raise(BuddyRule::codexSession, "codex.session", session, false);
+  if (week) raise(BuddyRule::codexWeek, "codex.week", *week, true);
 }
 
 void RulePass::battery() {

@@ -33,7 +33,7 @@ class RulePass {
   struct LimitWords {
     BuddyRule rule;
     std::string_view id, tool, limit;
-    bool isWeek;
+    bool isLong;  // its reset is told with the weekday
   };
   void raiseLimit(const LimitWords& words, const CodexUsage::Window& window);
 

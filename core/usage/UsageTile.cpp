@@ -1,11 +1,11 @@
 #include "core/usage/UsageTile.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
 
 #include "core/base/LocalText.h"
+#include "core/usage/WindowName.h"
 
 namespace ambrel {
 namespace {
@@ -13,16 +13,10 @@ namespace {
 constexpr double highPercent = 85;
 // A limit is reported with each turn of the agent; after this long without one the report is marked as old.
 constexpr Seconds staleAge{3600};
-constexpr std::int64_t sessionMinutes = 300, weekMinutes = 10080;
 
 std::string percentText(double percent) { return fmt::format("{:.0f}%", std::round(percent) + 0.0); }
 
 UsageBar percentBar(double percent) { return {std::clamp(percent / 100, 0.0, 1.0), percent > highPercent}; }
-
-// Reports of old versions are a minute off.
-bool lasts(const CodexUsage::Window& window, std::int64_t minutes) {
-  return window.windowMinutes >= minutes - 1 && window.windowMinutes <= minutes + 1;
-}
 
 void setSession(UsageTile& tile, const CodexUsage::Window& session, Instant now) {
   const double percent = usedPercent(session, now);
@@ -37,7 +31,7 @@ void setWeek(UsageTile& tile, const std::optional<CodexUsage::Window>& week, Ins
     return;
   }
   const double percent = usedPercent(*week, now);
-  tile.line = "week " + percentText(percent);
+  tile.line = windowName(*week, "week") + " " + percentText(percent);
   tile.lineBar = percentBar(percent);
 }
 
@@ -66,23 +60,10 @@ std::string claudeLimitsHelp(const ClaudeLimits::Limits& limits, Instant now, co
   return help;
 }
 
-// "5 h", "week", "2 d", "90 min"
-std::string windowName(const CodexUsage::Window& window) {
-  const std::int64_t minutes = window.windowMinutes;
-  if (lasts(window, sessionMinutes)) return "5 h";
-  if (lasts(window, weekMinutes)) return "week";
-  if (minutes > 0 && minutes % 1440 == 0) return fmt::format("{} d", minutes / 1440);
-  if (minutes > 0 && minutes % 60 == 0) return fmt::format("{} h", minutes / 60);
-  return fmt::format("{} min", minutes);
-}
-
 std::string codexHelp(const CodexUsage::Limits& limits, const Calendar& calendar) {
-  const std::string name = lasts(limits.session, sessionMinutes) ? "5-hour"
-                           : lasts(limits.session, weekMinutes)  ? "Weekly"
-                                                                 : windowName(limits.session);
-  const Instant reset = limits.session.resetsAt;
+  const std::string name = isWeek(limits.session) ? "Weekly" : windowAdjective(limits.session, "5-hour");
   return "Codex limits as of " + formattedDate(calendar, limits.asOf, "yMMMdjmm") + ". " + name + " window resets " +
-         (limits.session.windowMinutes > 1440 ? weekdayTime(calendar, reset) : shortTime(calendar, reset)) + ".";
+         resetTime(limits.session, calendar) + ".";
 }
 
 }  // namespace
@@ -129,9 +110,9 @@ UsageTile codexLimitsTile(const std::optional<CodexUsage::Limits>& limits, bool 
                           const Calendar& calendar) {
   UsageTile tile;
   if (limits) {
-    tile.caption = "Codex · " + windowName(limits->session);
+    tile.caption = "Codex · " + windowName(limits->session, "5 h");
     setSession(tile, limits->session, now);
-    if (!limits->week && lasts(limits->session, weekMinutes))
+    if (!limits->week && isWeek(limits->session))
       tile.line = "5 h not reported";
     else
       setWeek(tile, limits->week, now);

@@ -1,5 +1,4 @@
 #include "core/usage/UsageTile.h"
-
 #include "tests/core/usage/UsageCases.h"
 
 namespace ambrel {
@@ -151,10 +150,10 @@ TEST(CodexLimitsTile, NeverPassesAnotherWindowOffAsFiveHours) {
   const Case cases[] = {{299, "Codex · 5 h", "week not reported", "5-hour window resets 16:00."},
                         {10080, "Codex · week", "5 h not reported", "Weekly window resets Saturday 16:00."},
                         {10079, "Codex · week", "5 h not reported", "Weekly window resets Saturday 16:00."},
-                        {43200, "Codex · 30 d", "week not reported", "30 d window resets Saturday 16:00."},
-                        {120, "Codex · 2 h", "week not reported", "2 h window resets 16:00."},
-                        {95, "Codex · 95 min", "week not reported", "95 min window resets 16:00."},
-                        {0, "Codex · 0 min", "week not reported", "0 min window resets 16:00."}};
+                        {43200, "Codex · 30 d", "week not reported", "30-day window resets Saturday 16:00."},
+                        {120, "Codex · 2 h", "week not reported", "2-hour window resets 16:00."},
+                        {95, "Codex · 95 min", "week not reported", "95-minute window resets 16:00."},
+                        {0, "Codex · 5 h", "week not reported", "5-hour window resets 16:00."}};
   for (const Case& test : cases) {
     const UsageTile tile =
         codex(CodexUsage::Limits{window(10, "2026-11-21T15:00:00Z", test.minutes), std::nullopt, now});
@@ -162,6 +161,7 @@ TEST(CodexLimitsTile, NeverPassesAnotherWindowOffAsFiveHours) {
     EXPECT_EQ(tile.line, test.line);
     EXPECT_TRUE(tile.help.ends_with(". " + test.help)) << tile.help;
   }
+  EXPECT_EQ(codex(CodexUsage::Limits{session, window(20, "2026-11-21T15:00:00Z", 2880), now}).line, "2 d 20%");
 }
 
 TEST(UsageTile, UsesTheFormsOfTheLocale) {
