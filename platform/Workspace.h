@@ -20,6 +20,10 @@ class Workspace {
   // The identifiers of the frontmost window: the program itself first, then the agents that run in it. Empty when
   // nothing is in front or it cannot be told. Reads the process table, so it is asked when needed, not at 30 Hz.
   virtual std::vector<std::string> frontmost() const = 0;
+  // The agents whose work the frontmost window shows: the program itself if it is one, those that run in its terminal,
+  // and those in the panes of a terminal multiplexer that it shows. It may ask the multiplexer, which takes a few
+  // milliseconds, and a fraction of a second when that does not answer.
+  virtual std::vector<std::string> agentsInFront() const = 0;
   // `handler` is called on the main thread when another window has come to the front.
   virtual void setFrontmostHandler(std::function<void()> handler) = 0;
 
@@ -29,6 +33,8 @@ class Workspace {
   virtual bool activate(std::string_view bundleID) = 0;
   // The program's name as people know it: its desktop entry's, or one made of the identifier.
   virtual std::string nameOf(std::string_view bundleID) const = 0;
+  // The icon of its desktop entry, a name or an absolute path; empty when it has none.
+  virtual std::string iconOf(std::string_view bundleID) const = 0;
   // Gives the front back to the window that had it before one of our own; nothing when that has gone.
   virtual void activateLast() = 0;
   // Starts the program through its desktop entry; false when it is not installed or cannot be started.

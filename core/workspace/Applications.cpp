@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "core/base/Text.h"
 
@@ -104,10 +105,6 @@ bool runs(string_view bundleID, const WindowRecord& window, const std::vector<Wi
                              [&](const std::string& agent) { return agent == bundleID; });
 }
 
-bool isMultiplexerClient(const ProcessRecord& process) {
-  return process.name == "tmux: client" || process.name == "screen" || process.name == "zellij";
-}
-
 bool runsInMultiplexer(string_view bundleID, const std::vector<ProcessRecord>& processes) {
   for (const ProcessRecord& server : processes) {
     if (!isMultiplexerServer(server)) continue;
@@ -163,32 +160,62 @@ std::string applicationOf(const WindowRecord& window, const std::vector<DesktopE
   return className.empty() ? instance : className;
 }
 
-std::string applicationName(string_view bundleID, const std::vector<DesktopEntry>& entries) {
-  const auto named = [&](string_view id) {
+namespace {
+
+// The first entry of the program that says it; empty when none does.
+std::string saidByEntry(string_view bundleID, const std::vector<DesktopEntry>& entries,
+                        std::string DesktopEntry::*field) {
+  const auto said = [&](string_view id) {
     const auto entry = std::ranges::find_if(entries, [&](const DesktopEntry& one) { return one.id == id; });
-    return entry == entries.end() || entry->isHidden ? string_view() : string_view(entry->name);
+    return entry == entries.end() || entry->isHidden ? std::string() : (*entry).*field;
   };
-  if (const string_view name = named(bundleID); !name.empty()) return std::string(name);
+  if (std::string text = said(bundleID); !text.empty()) return text;
   if (const KnownApplication* known = findApplication(bundleID))
     for (const string_view id : known->entries)
-      if (const string_view name = named(id); !name.empty()) return std::string(name);
+      if (std::string text = said(id); !text.empty()) return text;
+  return {};
+}
+
+}  // namespace
+
+std::string applicationIcon(string_view bundleID, const std::vector<DesktopEntry>& entries) {
+  return saidByEntry(bundleID, entries, &DesktopEntry::icon);
+}
+
+std::string applicationName(string_view bundleID, const std::vector<DesktopEntry>& entries) {
+  if (std::string name = saidByEntry(bundleID, entries, &DesktopEntry::name); !name.empty()) return name;
   std::string name(bundleID.substr(bundleID.rfind('.') + 1));
   if (!name.empty() && name.front() >= 'a' && name.front() <= 'z') name.front() -= 'a' - 'A';
   return name;
 }
 
+std::vector<const ProcessRecord*> processesIn(const WindowRecord& window, const std::vector<WindowRecord>& windows,
+                                              const std::vector<ProcessRecord>& processes) {
+  std::vector<const ProcessRecord*> found;
+  if (!window.pid) return found;
+  std::set<int> hidden;
+  for (const ProcessRecord* process : processTree(processes, *window.pid)) {
+    // The tree comes with parents before their children.
+    if (hidden.contains(process->parent) || (isMultiplexer(*process) && isMultiplexerServer(*process)))
+      hidden.insert(process->pid);
+    else if (isInWindow(*process, window, windows))
+      found.push_back(process);
+  }
+  return found;
+}
+
+std::vector<std::string> agentsAmong(const std::vector<const ProcessRecord*>& processes) {
+  std::set<const KnownApplication*> agents;
+  for (const ProcessRecord* process : processes) agents.insert(agentOf(*process));
+  std::vector<std::string> found;
+  for (const KnownApplication& application : applications)
+    if (agents.contains(&application)) found.emplace_back(application.bundleID);
+  return found;
+}
+
 std::vector<std::string> agentsIn(const WindowRecord& window, const std::vector<WindowRecord>& windows,
                                   const std::vector<ProcessRecord>& processes) {
-  std::vector<std::string> found;
-  if (!window.pid) return found;
-  std::vector<const KnownApplication*> agents;
-  for (const ProcessRecord* process : processTree(processes, *window.pid)) {
-    const KnownApplication* agent = agentOf(*process);
-    if (agent && isInWindow(*process, window, windows)) agents.push_back(agent);
-  }
-  for (const KnownApplication& application : applications)
-    if (std::ranges::find(agents, &application) != agents.end()) found.emplace_back(application.bundleID);
-  return found;
+  return agentsAmong(processesIn(window, windows, processes));
 }
 
 std::optional<std::uint32_t> windowOf(string_view bundleID, const std::vector<WindowRecord>& windows,
@@ -198,10 +225,8 @@ std::optional<std::uint32_t> windowOf(string_view bundleID, const std::vector<Wi
     if (applicationOf(*window, entries) == bundleID || runs(bundleID, *window, windows, processes)) return window->id;
   if (!runsInMultiplexer(bundleID, processes)) return std::nullopt;
   for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
-    if (!window->pid) continue;
-    const auto tree = processTree(processes, *window->pid);
-    if (std::ranges::any_of(tree, [](const ProcessRecord* process) { return isMultiplexerClient(*process); }))
-      return window->id;
+    const auto isClient = [](const ProcessRecord* process) { return isMultiplexer(*process); };
+    if (std::ranges::any_of(processesIn(*window, windows, processes), isClient)) return window->id;
   }
   return std::nullopt;
 }

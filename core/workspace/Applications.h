@@ -47,9 +47,18 @@ std::string applicationOf(const WindowRecord& window, const std::vector<DesktopE
 
 // The name of a program as people know it: that of its desktop entry, else the last part of its identifier.
 std::string applicationName(std::string_view bundleID, const std::vector<DesktopEntry>& entries);
+// Its icon, as the desktop entry has it: a name in the icon theme or an absolute path; empty when it has none.
+std::string applicationIcon(std::string_view bundleID, const std::vector<DesktopEntry>& entries);
 
-// The identifiers of the agents whose command runs in the window, in the order of the table. Several windows may
-// belong to one process (a terminal server): a command that knows its window by WINDOWID counts for that one alone.
+// What runs in the window. Several windows may belong to one process (a terminal server): a command that knows its
+// window by WINDOWID counts for that one alone. What a terminal multiplexer's server runs is in its panes, and not
+// here, even if the server was started from this window.
+std::vector<const ProcessRecord*> processesIn(const WindowRecord& window, const std::vector<WindowRecord>& windows,
+                                              const std::vector<ProcessRecord>& processes);
+
+// The identifiers of the agents whose commands these are, in the order of the table.
+std::vector<std::string> agentsAmong(const std::vector<const ProcessRecord*>& processes);
+// Of those that run in the window.
 std::vector<std::string> agentsIn(const WindowRecord& window, const std::vector<WindowRecord>& windows,
                                   const std::vector<ProcessRecord>& processes);
 

@@ -1,5 +1,6 @@
 #include "core/workspace/Processes.h"
 
+#include <algorithm>
 #include <charconv>
 #include <unordered_map>
 #include <unordered_set>
@@ -68,8 +69,28 @@ std::vector<const ProcessRecord*> processTree(const std::vector<ProcessRecord>& 
   return tree;
 }
 
+std::map<std::string, std::string, std::less<>> parseMultiplexerVariables(std::string_view environment) {
+  std::map<std::string, std::string, std::less<>> variables;
+  for (const std::string_view entry : split(environment, '\0')) {
+    const auto equals = entry.find('=');
+    if (equals == entry.npos) continue;
+    const std::string_view name = entry.substr(0, equals);
+    if (std::ranges::find(multiplexerVariables, name) != multiplexerVariables.end())
+      variables.emplace(name, entry.substr(equals + 1));
+  }
+  return variables;
+}
+
+bool isMultiplexer(const ProcessRecord& process) {
+  return process.name.starts_with("tmux: ") || process.name == "screen" || process.name == "zellij";
+}
+
 bool isMultiplexerServer(const ProcessRecord& process) {
-  return process.name == "tmux: server" || process.name == "screen" || process.name == "zellij";
+  if (process.name == "tmux: server") return true;
+  const auto& arguments = process.arguments;
+  // A screen that has become the server names itself in capitals.
+  if (process.name == "screen") return !arguments.empty() && arguments.front().ends_with("SCREEN");
+  return process.name == "zellij" && std::ranges::find(arguments, "--server") != arguments.end();
 }
 
 }  // namespace ambrel

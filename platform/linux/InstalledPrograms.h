@@ -1,6 +1,7 @@
 #pragma once
 // The desktop entries of this machine, and starting programs without a shell.
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -47,6 +48,10 @@ class InstalledPrograms {
   std::vector<std::string> seenFolders_;  // with their times of change
   bool isRead_ = false;
 };
+
+// What a program prints, given no input; absent when it does not end with success in time, and then it is ended. The
+// caller waits for it.
+std::optional<std::string> outputOf(const std::vector<std::string>& command, std::chrono::milliseconds patience);
 
 // Starts a program that outlives us, with these arguments, in this folder (empty: the home folder).
 bool startDetached(const std::vector<std::string>& command, const std::string& folder);

@@ -36,13 +36,15 @@ std::vector<ProcessRecord> readProcesses(const std::filesystem::path& proc, cons
   for (const int root : roots)
     if (!wanted.contains(root)) want(root);
   for (const ProcessRecord& process : table)
-    if (isMultiplexerServer(process)) want(process.pid);
+    if (isMultiplexer(process)) want(process.pid);
 
   for (ProcessRecord& process : table) {
     if (!wanted.contains(process.pid)) continue;
     const auto folder = proc / std::to_string(process.pid);
     process.arguments = parseProcessArguments(beginning(folder / "cmdline", 64 * 1024));
-    process.windowID = parseWindowID(beginning(folder / "environ", 256 * 1024));
+    const std::string environment = beginning(folder / "environ", 256 * 1024);
+    process.windowID = parseWindowID(environment);
+    process.variables = parseMultiplexerVariables(environment);
   }
   return table;
 }

@@ -44,18 +44,58 @@ X11Workspace::X11Workspace(X11Connection* connection, std::filesystem::path proc
   });
 }
 
+std::optional<X11Workspace::Front> X11Workspace::front() const {
+  if (!isConnected()) return std::nullopt;
+  const xcb_window_t active = activeWindow();
+  std::vector<WindowRecord> all = windows();
+  const auto window = std::ranges::find(all, active, &WindowRecord::id);
+  if (active == XCB_WINDOW_NONE || window == all.end()) return std::nullopt;
+  return Front{*window, std::move(all)};
+}
+
 std::vector<std::string> X11Workspace::frontmost() const {
   std::vector<std::string> found;
-  if (!isConnected()) return found;
-  const xcb_window_t active = activeWindow();
-  const auto all = windows();
-  const auto window = std::ranges::find(all, active, &WindowRecord::id);
-  if (active == XCB_WINDOW_NONE || window == all.end()) return found;
-  if (std::string own = applicationOf(*window, programs_.entries()); !own.empty()) found.push_back(std::move(own));
-  if (!window->pid) return found;
-  for (std::string& agent : agentsIn(*window, all, readProcesses(proc_, {*window->pid})))
+  const auto inFront = front();
+  if (!inFront) return found;
+  const auto& [window, all] = *inFront;
+  if (std::string own = applicationOf(window, programs_.entries()); !own.empty()) found.push_back(std::move(own));
+  if (!window.pid) return found;
+  for (std::string& agent : agentsIn(window, all, readProcesses(proc_, {*window.pid})))
     if (std::ranges::find(found, agent) == found.end()) found.push_back(std::move(agent));
   return found;
+}
+
+std::vector<std::string> X11Workspace::agentsInFront() const {
+  const auto inFront = front();
+  if (!inFront) return {};
+  const auto& [window, all] = *inFront;
+  std::vector<std::string> found;
+  if (window.pid) {
+    const auto processes = readProcesses(proc_, {*window.pid});
+    auto shown = processesIn(window, all, processes);
+    for (const PaneQuestion& question : paneQuestions(window, all, processes)) {
+      const auto inPanes = shownInPanes(question, answer(question), processes);
+      shown.insert(shown.end(), inPanes.begin(), inPanes.end());
+    }
+    found = agentsAmong(shown);
+  }
+  if (std::string own = applicationOf(window, {}); findApplication(own)) found.push_back(std::move(own));
+  return found;
+}
+
+std::string X11Workspace::answer(const PaneQuestion& question) const {
+  using namespace std::chrono_literals;
+  constexpr std::chrono::milliseconds patience = 200ms, pause = 60s;
+  const auto now = std::chrono::steady_clock::now();
+  std::erase_if(silentUntil_, [&](const auto& entry) { return entry.second <= now; });
+  if (silentUntil_.contains(question.server)) return {};
+  const auto program = programs_.command(question.command.front());
+  if (!program) return {};
+  std::vector<std::string> command = question.command;
+  command.front() = program->string();
+  auto printed = outputOf(command, patience);
+  if (!printed) silentUntil_[question.server] = now + pause;
+  return std::move(printed).value_or(std::string());
 }
 
 bool X11Workspace::isRunning(std::string_view bundleID) const { return findWindow(bundleID).has_value(); }
@@ -96,6 +136,10 @@ void X11Workspace::bringForward(xcb_window_t window) {
 
 std::string X11Workspace::nameOf(std::string_view bundleID) const {
   return applicationName(bundleID, programs_.entries());
+}
+
+std::string X11Workspace::iconOf(std::string_view bundleID) const {
+  return applicationIcon(bundleID, programs_.entries());
 }
 
 bool X11Workspace::open(std::string_view bundleID) {

@@ -1,10 +1,13 @@
 #pragma once
 // Other programs under X11: the window manager's properties (EWMH), /proc and desktop entries.
 
+#include <chrono>
 #include <filesystem>
+#include <map>
 #include <unistd.h>
 
 #include "core/workspace/Applications.h"
+#include "core/workspace/Multiplexers.h"
 #include "platform/Workspace.h"
 #include "platform/linux/InstalledPrograms.h"
 #include "platform/linux/X11Connection.h"
@@ -19,16 +22,25 @@ class X11Workspace : public Workspace {
                int ownProcess = getpid());
 
   std::vector<std::string> frontmost() const override;
+  std::vector<std::string> agentsInFront() const override;
   void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   bool isRunning(std::string_view bundleID) const override;
   bool activate(std::string_view bundleID) override;
   void activateLast() override;
   std::string nameOf(std::string_view bundleID) const override;
+  std::string iconOf(std::string_view bundleID) const override;
   bool open(std::string_view bundleID) override;
 
  private:
   bool isConnected() const { return connection_ && !connection_->isBroken(); }
   xcb_window_t activeWindow() const;
+  struct Front {
+    WindowRecord window;
+    std::vector<WindowRecord> all;
+  };
+  std::optional<Front> front() const;
+  // What the multiplexer prints; empty when it does not answer in time, and for a while after that.
+  std::string answer(const PaneQuestion& question) const;
   bool isOwn(xcb_window_t window) const;
   void bringForward(xcb_window_t window);
   // From the bottom to the top.
@@ -40,6 +52,7 @@ class X11Workspace : public Workspace {
   std::filesystem::path proc_;
   mutable InstalledPrograms programs_;
   int ownProcess_;
+  mutable std::map<int, std::chrono::steady_clock::time_point> silentUntil_;  // by a multiplexer's process
   xcb_window_t lastActive_ = XCB_WINDOW_NONE;
   xcb_window_t lastForeign_ = XCB_WINDOW_NONE;
   std::function<void()> handler_;

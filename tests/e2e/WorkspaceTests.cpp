@@ -1,5 +1,6 @@
 // Real terminals under a real window manager, with programs of our own in the place of the agents.
 
+#include <QStandardPaths>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -73,6 +74,30 @@ TEST_F(WorkspaceOnX11, ATerminalIsTheAgentThatRunsInIt) {
   const auto stack = connection_->numbers(connection_->root(), connection_->atom("_NET_CLIENT_LIST_STACKING"));
   const auto active = connection_->numbers(connection_->root(), connection_->atom("_NET_ACTIVE_WINDOW"));
   EXPECT_EQ(stack.back(), active.front()) << "not on top";
+}
+
+TEST_F(WorkspaceOnX11, InTmuxTheAgentsOfThePanesOnTheScreenAreInFront) {
+  if (QStandardPaths::findExecutable("tmux").isEmpty()) GTEST_SKIP() << "no tmux";
+  const QString socket = file("a b,c");
+  const auto tmux = [&](QStringList arguments) { return run("tmux", QStringList{"-S", socket} + arguments).status; };
+  const auto isShown = [&](const Identifiers& agents) {
+    return waitFor([&] { return workspace_->agentsInFront() == agents; });
+  };
+  const Client terminal("xterm", {"-e", "tmux", "-S", socket, "-f", "/dev/null", "new-session", file("claude"), "600"});
+  EXPECT_TRUE(isShown({claude}));
+  // What is in a pane does not make the terminal that program's window.
+  EXPECT_EQ(workspace_->frontmost(), Identifiers{"test.Terminal"});
+  ASSERT_EQ(tmux({"split-window", file("codex")}), 0);
+  EXPECT_TRUE(isShown({claude, codex})) << "both panes are on the screen";
+  ASSERT_EQ(tmux({"resize-pane", "-Z"}), 0);
+  EXPECT_TRUE(isShown({codex})) << "a zoomed pane hides the other";
+  ASSERT_EQ(tmux({"new-window", "sleep", "600"}), 0);
+  EXPECT_TRUE(isShown({}));
+  ASSERT_EQ(tmux({"last-window"}), 0);
+  EXPECT_TRUE(isShown({codex}));
+  const Client plain("xterm", {"-e", "sleep", "60"});
+  EXPECT_TRUE(isShown({})) << "another window is in front";
+  tmux({"kill-server"});
 }
 
 TEST_F(WorkspaceOnX11, AnAgentThatEndsIsNoLongerRunning) {

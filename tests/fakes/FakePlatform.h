@@ -70,6 +70,7 @@ class FakeScreens : public Screens {
 class FakeWorkspace : public Workspace {
  public:
   std::vector<std::string> frontmost() const override { return inFront; }
+  std::vector<std::string> agentsInFront() const override { return inFront; }
   void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   bool isRunning(std::string_view bundleID) const override { return running.contains(bundleID); }
   bool activate(std::string_view bundleID) override {
@@ -80,6 +81,10 @@ class FakeWorkspace : public Workspace {
   std::string nameOf(std::string_view bundleID) const override {
     const auto found = names.find(bundleID);
     return found == names.end() ? std::string(bundleID) : found->second;
+  }
+  std::string iconOf(std::string_view bundleID) const override {
+    const auto found = icons.find(bundleID);
+    return found == icons.end() ? std::string() : found->second;
   }
   void activateLast() override { ++givenBack; }
   bool open(std::string_view bundleID) override {
@@ -94,7 +99,7 @@ class FakeWorkspace : public Workspace {
   }
 
   std::vector<std::string> inFront;
-  std::map<std::string, std::string, std::less<>> names;
+  std::map<std::string, std::string, std::less<>> names, icons;
   std::set<std::string, std::less<>> running;
   std::set<std::string, std::less<>> installed;
   std::vector<std::string> activated;

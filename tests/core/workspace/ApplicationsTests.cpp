@@ -107,6 +107,9 @@ TEST(Applications, HaveTheNamesThatPeopleKnow) {
                                                                {"", ""},
                                                                {"élan", "élan"}};
   for (const auto& [id, expected] : cases) EXPECT_EQ(applicationName(id, entries), expected) << id;
+  entries[1].icon = entries[2].icon = "the-vault";
+  EXPECT_EQ(applicationIcon("com.bitwarden.desktop", entries), "the-vault");
+  EXPECT_EQ(applicationIcon("org.gone.thing", entries), "");
 }
 
 TEST(Applications, ATerminalCountsAsTheAgentsInIt) {
@@ -150,13 +153,18 @@ TEST(Applications, TheTopmostWindowComesForward) {
 }
 
 TEST(Applications, AMultiplexerLeadsToItsTerminal) {
-  const std::vector<ProcessRecord> table{process(10, 1, "xterm"), process(11, 10, "tmux: client"),
-                                         process(20, 1, "xterm"), process(40, 1, "tmux: server"),
-                                         process(41, 40, "bash"), process(42, 41, "claude")};
+  std::vector<ProcessRecord> table{process(10, 1, "xterm"),
+                                   process(11, 10, "tmux: client"),
+                                   process(20, 1, "xterm"),
+                                   process(40, 1, "tmux: server"),
+                                   process(41, 40, "bash"),
+                                   process(42, 41, "claude"),
+                                   process(12, 10, "screen", {"SCREEN"}),
+                                   process(13, 12, "codex")};
   const std::vector<WindowRecord> windows{{100, 10, "xterm", "XTerm"}, {200, 20, "xterm", "XTerm"}};
   EXPECT_EQ(windowOf(claude, windows, table, {}), 100u);
-  EXPECT_FALSE(windowOf(codex, windows, table, {}));
-  // It is not known which of its panes is in view, so the terminal does not count as the agent.
+  EXPECT_FALSE(windowOf("com.google.antigravity", windows, table, {}));
+  // What a server runs is in its panes, also when it was started from this very terminal.
   EXPECT_TRUE(agentsIn(windows[0], windows, table).empty());
 }
 
