@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(!compactJSON(answer.notices).empty());
     for (const BuddyNotice& notice : answer.notices) queue.offer(notice);
     require(queue.pending.size() <= 5 && (queue.current || queue.pending.empty()));
-    inbox.add(answer.notices);
+    inbox.add(answer.notices, answer.notices.empty() ? Instant{} : answer.notices.front().date);
     require(inbox.recent.size() <= BuddyInbox::capacity);
     if (!answer.notices.empty()) queue.prune(answer.notices.front().date);
   }

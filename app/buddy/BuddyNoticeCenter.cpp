@@ -1,7 +1,7 @@
 #include "app/buddy/BuddyNoticeCenter.h"
 
-#include <QPointer>
 #include <algorithm>
+#include <set>
 
 #include "app/agents/AgentsModel.h"
 #include "app/base/QmlObjects.h"
@@ -17,14 +17,13 @@ namespace {
 
 constexpr const char* summaryDayKey = "buddySummaryDay";
 
-std::optional<AgentKind> agentAmong(const std::vector<std::string>& identifiers) {
+std::set<AgentKind> agentsAmong(const std::vector<std::string>& identifiers) {
+  std::set<AgentKind> kinds;
   for (const std::string& identifier : identifiers)
     for (const AgentKind kind : allCases<AgentKind>())
-      if (bundleIdentifier(kind) == identifier) return kind;
-  return std::nullopt;
+      if (bundleIdentifier(kind) == identifier) kinds.insert(kind);
+  return kinds;
 }
-
-bool isUrgent(const BuddyNotice& notice) { return priority(notice.rule) == BuddyPriority::urgent; }
 
 }  // namespace
 
@@ -41,6 +40,8 @@ BuddyNoticeCenter::BuddyNoticeCenter(Seams seams, QObject* parent)
   for (const auto changed : {&AppSettings::quietHoursOnChanged, &AppSettings::quietStartHourChanged,
                              &AppSettings::quietEndHourChanged, &AppSettings::buddyLevelChanged})
     connect(&seams_.settings, changed, this, [this] { updateQuietText(seams_.now()); });
+  for (const auto changed : {&AppSettings::buddyLevelChanged, &AppSettings::buddyCategoriesChanged})
+    connect(&seams_.settings, changed, this, [this] { change([this] { bubble_.apply(policy(), seams_.now()); }); });
 }
 
 BuddyPolicy BuddyNoticeCenter::policy() const {
@@ -65,23 +66,38 @@ BuddySignals BuddyNoticeCenter::gathered(Instant now) {
   return signals;
 }
 
+std::optional<Instant> BuddyNoticeCenter::due() const {
+  return bubble_.closesAt ? std::min(*bubble_.closesAt, next_) : next_;
+}
+
 void BuddyNoticeCenter::tick(Instant now) {
+  change([&] { bubble_.tick(now); });
+  if (now >= next_) evaluate(now);
+}
+
+void BuddyNoticeCenter::evaluate(Instant now) {
   next_ = advanced(now, interval);
   announceDue();
   if (isAllowed && !isAllowed()) return;
   watch_.update(seams_.agents.sessions(), now);
+  // Looked at only while there is an agent to be in view: it takes a walk through the process table.
+  if (!seams_.agents.sessions().empty()) lookAtFront(now);
   const BuddySignals signals = gathered(now);
-  const auto before = engine_.active;
-  std::vector<BuddyNotice> notices = engine_.evaluate(signals, policy(), now, seams_.calendar);
+  const BuddyPolicy present = policy();
+  std::vector<BuddyNotice> notices = engine_.evaluate(signals, present, now, seams_.calendar);
   storeSummaryDay();
-  inbox_.add(notices);
+  // What waited for the break is asked again: the user may have switched it off meanwhile.
+  std::erase_if(notices, [&](const BuddyNotice& notice) { return !present.allows(notice.rule); });
+  inbox_.add(notices, now);
+  // What waited is said now, and has its whole time to be seen.
+  for (BuddyNotice& notice : notices) notice.date = now;
   inboxModel_.show(inbox_, notices, now);
-  withdraw(before, now);
   // That one still works is for the inbox alone.
   std::erase_if(notices, [](const BuddyNotice& notice) { return notice.rule == BuddyRule::agentStillWorking; });
-  if (!notices.empty()) say(notices.front());
-  for (const BuddyNotice& notice : notices) offer(notice);
-  showBubble();
+  change([&] {
+    bubble_.withdraw(engine_.ended, now);
+    offer(notices, now);
+  });
   updateSleep(signals, now);
   updateQuietText(now);
 }
@@ -89,7 +105,7 @@ void BuddyNoticeCenter::tick(Instant now) {
 void BuddyNoticeCenter::clockMoved(Seconds by, Instant) {
   engine_.clockMoved(by);
   watch_.clockMoved(by);
-  queue_.clockMoved(by);
+  bubble_.clockMoved(by);
   next_ = advanced(next_, by);
   lastStir_ = advanced(lastStir_, by);
   announceDue();
@@ -106,19 +122,27 @@ void BuddyNoticeCenter::storeSummaryDay() {
   store(seams_.defaults, summaryDayKey, DefaultsValue{*engine_.lastSummaryDay});
 }
 
+void BuddyNoticeCenter::sessionFinished() {
+  if (isAllowed && !isAllowed()) return;
+  lastStir_ = seams_.now();
+  buddy_.setAsleep(false);
+  buddy_.showHappy(reactionLength);
+}
+
 void BuddyNoticeCenter::post(const BuddyNotice& notice) {
-  inbox_.add({notice});
-  inboxModel_.show(inbox_, {notice}, seams_.now());
-  if (!policy().allows(notice.rule)) return;
-  say(notice);
-  offer(notice);
-  showBubble();
+  const Instant now = seams_.now();
+  inbox_.add({notice}, now);
+  inboxModel_.show(inbox_, {notice}, now);
+  if (policy().allows(notice.rule)) change([&] { offer({notice}, now); });
 }
 
 void BuddyNoticeCenter::frontChanged() {
   if (isAllowed && !isAllowed()) return;
-  const Instant now = seams_.now();
-  if (!watch_.setFront(agentAmong(seams_.workspace.frontmost()), now)) return;
+  lookAtFront(seams_.now());
+}
+
+void BuddyNoticeCenter::lookAtFront(Instant now) {
+  if (!watch_.setFront(agentsAmong(seams_.workspace.agentsInFront()), now)) return;
   const auto digest = watch_.digest(now);
   if (digest.empty()) return;
   digest_ = digest;
@@ -126,122 +150,47 @@ void BuddyNoticeCenter::frontChanged() {
   watch_.lastLookAt = now;
   inboxModel_.showDigest(digest_, digestSince_);
   const BuddyNotice notice = awayNotice(digest_, now);
-  if (!policy().allows(notice.rule)) return;
-  say(notice);
-  offer(notice);
-  showBubble();
+  if (policy().allows(notice.rule)) change([&] { offer({notice}, now); });
 }
 
-void BuddyNoticeCenter::say(const BuddyNotice& first) {
-  lastStir_ = seams_.now();
-  buddy_.play(trigger(first.rule), reactionLength);
-}
-
-void BuddyNoticeCenter::withdraw(const std::unordered_set<std::string>& before, Instant now) {
-  const auto hasPassed = [&](const BuddyNotice& notice) {
-    return isLasting(notice.rule) && before.contains(notice.id) && !engine_.active.contains(notice.id);
-  };
-  std::erase_if(queue_.pending, hasPassed);
-  queue_.prune(now);
-  if (queue_.current && hasPassed(*queue_.current) && !isPointed_ && !isReached_) advance();
-}
-
-void BuddyNoticeCenter::offer(const BuddyNotice& notice) {
-  const auto before = queue_.current;
-  if (queue_.offer(notice)) {
-    if (!isShown_) return;
-    // The bubble says more now, and has its time anew.
-    shown_ = queue_.current;
-    hideLater(bubbleLength);
-    Q_EMIT bubbleChanged();
-  } else if (queue_.current != before) {
-    currentWasShown_ = false;
+void BuddyNoticeCenter::offer(const std::vector<BuddyNotice>& notices, Instant now) {
+  if (!notices.empty()) {
+    lastStir_ = now;
+    buddy_.play(trigger(notices.front().rule), reactionLength);
   }
+  for (const BuddyNotice& notice : notices) bubble_.offer(notice, now);
+  bubble_.present(now);
 }
 
-void BuddyNoticeCenter::showBubble() {
-  const Instant now = seams_.now();
-  while (queue_.current && !currentWasShown_ && queue_.current->expiresAt && *queue_.current->expiresAt <= now)
-    queue_.advance(now);
-  if (!queue_.current) {
-    hideBubble();
-    return;
-  }
-  if (currentWasShown_) {
-    if (isShown_) Q_EMIT bubbleChanged();
-    return;
-  }
-  if (isInboxOpen_ || (isOtherPanelOpen && isOtherPanelOpen())) return;
-  currentWasShown_ = true;
-  isShown_ = true;
-  shown_ = queue_.current;
-  if (peekBar) peekBar(peekLength);
-  chooseFirst();
+void BuddyNoticeCenter::change(const std::function<void()>& act) {
+  const BuddyBubble before = bubble_;
+  bubble_.setPanelOpen(isOtherPanelOpen && isOtherPanelOpen(), seams_.now());
+  act();
+  if (bubble_ == before) return;
+  if (bubble_.showings != before.showings && peekBar) peekBar(peekLength);
+  if (before.isShown && !bubble_.isShown && endPeek) endPeek();
+  if (bubble_.choice != before.choice) Q_EMIT choiceChanged();
   Q_EMIT bubbleChanged();
-  hideLater(bubbleLength);
-}
-
-void BuddyNoticeCenter::hideBubble() {
-  ++hideGeneration_;
-  if (!std::exchange(isShown_, false)) return;
-  isPointed_ = false;
-  chooseFirst();
-  if (endPeek) endPeek();
-  Q_EMIT bubbleChanged();
-}
-
-void BuddyNoticeCenter::hideLater(Seconds length) {
-  ++hideGeneration_;
-  if (isPointed_ || isReached_ || !shown_ || isUrgent(*shown_)) return;
-  seams_.later(length, [self = QPointer(this), generation = hideGeneration_] {
-    if (self && generation == self->hideGeneration_) self->closeBubble();
-  });
-}
-
-void BuddyNoticeCenter::advance() {
-  queue_.advance(seams_.now());
-  currentWasShown_ = false;
-  if (queue_.current) {
-    showBubble();
-    if (currentWasShown_) return;
-  }
-  hideBubble();
+  announceDue();
 }
 
 void BuddyNoticeCenter::closeBubble() {
-  if (!isShown_) return;
-  advance();
+  change([this] { bubble_.close(seams_.now()); });
 }
 
 void BuddyNoticeCenter::panelsChanged() {
-  const bool isOtherOpen = isOtherPanelOpen && isOtherPanelOpen();
-  if (isOtherOpen && isShown_) {
-    // It comes again when the panel has gone.
-    currentWasShown_ = false;
-    hideBubble();
-  } else if (!isOtherOpen && queue_.current && !currentWasShown_) {
-    showBubble();
-  }
+  change([] {});
 }
 
 void BuddyNoticeCenter::inboxOpened() {
-  isInboxOpen_ = true;
   lastStir_ = seams_.now();
   buddy_.setAsleep(false);
   inboxModel_.refresh(seams_.now());
-  forgetBubbles();
-}
-
-// All that waits could be read in the inbox.
-void BuddyNoticeCenter::forgetBubbles() {
-  queue_ = {};
-  currentWasShown_ = false;
-  hideBubble();
+  change([this] { bubble_.setInboxOpen(true, seams_.now()); });
 }
 
 void BuddyNoticeCenter::inboxClosed() {
-  isInboxOpen_ = false;
-  forgetBubbles();
+  change([this] { bubble_.setInboxOpen(false, seams_.now()); });
   markRead();
 }
 
@@ -265,8 +214,8 @@ void BuddyNoticeCenter::perform(const BuddyAction& action, const BuddyNotice& no
   };
   // By value: closing the bubble may end the notice's life.
   const BuddyNotice about = notice;
-  if (isShown_ && shown_ && shown_->id == about.id && !std::holds_alternative<BuddyActions::OpenInbox>(action))
-    advance();
+  if (bubble_.isShown && bubble_.shown->id == about.id && !std::holds_alternative<BuddyActions::OpenInbox>(action))
+    closeBubble();
   std::visit(
       Overloaded{[&](const BuddyActions::Join& join) {
                    if (isOpenableLink(join.url) && openLink)
@@ -289,8 +238,8 @@ void BuddyNoticeCenter::perform(const BuddyAction& action, const BuddyNotice& no
 }
 
 void BuddyNoticeCenter::performInBubble(int action) {
-  if (!isShown_ || !shown_ || action < 0 || action >= static_cast<int>(shown_->actions.size())) return;
-  const BuddyNotice notice = *shown_;
+  if (!bubble_.isShown || action < 0 || action >= static_cast<int>(bubble_.shown->actions.size())) return;
+  const BuddyNotice notice = *bubble_.shown;
   perform(notice.actions[static_cast<std::size_t>(action)], notice);
 }
 
@@ -302,64 +251,45 @@ void BuddyNoticeCenter::performInInbox(const QString& key, int action) {
 }
 
 void BuddyNoticeCenter::answerBubble() {
-  if (!isShown_ || !shown_) return;
-  for (std::size_t i = 0; i < shown_->actions.size(); ++i) {
-    if (std::holds_alternative<BuddyActions::Snooze>(shown_->actions[i])) continue;
-    performInBubble(static_cast<int>(i));
-    return;
-  }
+  if (!bubble_.isShown) return;
+  const std::vector<BuddyAction>& actions = bubble_.shown->actions;
+  for (std::size_t i = 0; i < actions.size(); ++i)
+    if (!std::holds_alternative<BuddyActions::Snooze>(actions[i])) return performInBubble(static_cast<int>(i));
   openInbox();
 }
 
 void BuddyNoticeCenter::setPointed(bool pointed) {
-  if (pointed == isPointed_) return;
-  isPointed_ = pointed;
-  if (isShown_) hideLater(graceLength);
+  change([&] { bubble_.setPointed(pointed, seams_.now()); });
 }
 
 void BuddyNoticeCenter::setReached(bool reached) {
-  if (reached == isReached_) return;
-  isReached_ = reached;
-  chooseFirst();
-  if (isShown_) hideLater(graceLength);
-}
-
-int BuddyNoticeCenter::choiceCount() const {
-  return isShown_ && shown_ ? static_cast<int>(shown_->actions.size()) + (bubbleMore() > 0 ? 1 : 0) + 1 : 0;
-}
-
-void BuddyNoticeCenter::chooseFirst() {
-  const int choice = isReached_ && isShown_ ? 0 : -1;
-  if (choice == choice_) return;
-  choice_ = choice;
-  Q_EMIT choiceChanged();
+  change([&] { bubble_.setReached(reached, seams_.now()); });
 }
 
 void BuddyNoticeCenter::moveChoice(int by) {
-  const int count = choiceCount();
-  if (choice_ < 0 || count == 0) return;
-  choice_ = (choice_ + by % count + count) % count;
-  Q_EMIT choiceChanged();
+  change([&] { bubble_.moveChoice(by); });
 }
 
 void BuddyNoticeCenter::performChoice() {
-  const int count = choiceCount();
-  if (choice_ < 0 || choice_ >= count) return;
-  const int actions = static_cast<int>(shown_->actions.size());
-  if (choice_ < actions)
-    performInBubble(choice_);
-  else if (choice_ == count - 1)
-    closeBubble();
-  else
-    openInbox();
+  const auto choices = bubble_.choices();
+  if (!bubble_.choice || *bubble_.choice >= choices.size()) return;
+  const BuddyBubble::Choice choice = choices[*bubble_.choice];
+  switch (choice.kind) {
+    case BuddyBubble::Choice::Kind::action:
+      return performInBubble(static_cast<int>(choice.action));
+    case BuddyBubble::Choice::Kind::more:
+      return openInbox();
+    case BuddyBubble::Choice::Kind::close:
+      return closeBubble();
+  }
 }
 
 BuddyNoticeText BuddyNoticeCenter::bubbleText() const {
-  return shown_ ? noticeText(*shown_, seams_.calendar, seams_.now()) : BuddyNoticeText();
+  return bubble_.shown ? noticeText(*bubble_.shown, seams_.calendar, seams_.now()) : BuddyNoticeText();
 }
 
 void BuddyNoticeCenter::updateSleep(const BuddySignals& signals, Instant now) {
-  const bool isBusy = isShown_ || isInboxOpen_ || signals.isFocusRunning ||
+  const bool isBusy = bubble_.isShown || bubble_.isInboxOpen() || signals.isFocusRunning ||
                       std::ranges::any_of(signals.agents, [](const AgentSession& session) {
                         return session.status == AgentStatus::needsInput || session.status == AgentStatus::working;
                       });

@@ -10,7 +10,9 @@
 #include "app/buddy/Buddy.h"
 #include "app/buddy/BuddyInboxModel.h"
 #include "core/base/PresentCalendar.h"
-#include "core/buddy/BuddyBubbleQueue.h"
+#include "core/buddy/AgentWatch.h"
+#include "core/buddy/BuddyBubble.h"
+#include "core/buddy/BuddyInbox.h"
 #include "core/buddy/BuddyNoticeEngine.h"
 
 namespace ambrel {
@@ -38,9 +40,7 @@ class BuddyNoticeCenter : public TimedModel {
 
  public:
   static constexpr Seconds interval{10};
-  static constexpr Seconds peekLength{8}, bubbleLength{8}, reactionLength{6};
-  // A bubble that the pointer or the keyboard has held stays as long again as it takes to come back.
-  static constexpr Seconds graceLength{2};
+  static constexpr Seconds peekLength{8}, reactionLength{6};
   // Without anything happening he falls asleep.
   static constexpr Seconds sleepsAfter{300};
 
@@ -59,6 +59,8 @@ class BuddyNoticeCenter : public TimedModel {
   void addSignals(std::function<void(BuddySignals&)> gather) { gatherers_.push_back(std::move(gather)); }
   // A phase of the focus timer ended; the next evaluation tells of it.
   void phaseEnded(BuddySignals::PhaseEnd phase) { pendingPhaseEnd_ = phase; }
+  // An agent has finished: he is pleased, whether or not there is something to say.
+  void sessionFinished();
   // Something else that happened, for the bubble and the inbox alike.
   void post(const BuddyNotice& notice);
 
@@ -85,11 +87,11 @@ class BuddyNoticeCenter : public TimedModel {
   const BuddyInbox& recent() const { return inbox_; }
   const std::vector<AgentWatch::DigestEntry>& digest() const { return digest_; }
   std::optional<Instant> digestSince() const { return digestSince_; }
-  bool hasBubble() const { return isShown_; }
-  const std::optional<BuddyNotice>& bubble() const { return shown_; }
+  bool hasBubble() const { return bubble_.isShown; }
+  const std::optional<BuddyNotice>& bubble() const { return bubble_.shown; }
   BuddyNoticeText bubbleText() const;
-  int bubbleMore() const { return static_cast<int>(queue_.pending.size()); }
-  int choice() const { return choice_; }
+  int bubbleMore() const { return static_cast<int>(bubble_.queue.pending.size()); }
+  int choice() const { return bubble_.choice ? static_cast<int>(*bubble_.choice) : -1; }
   QString quietText() const { return quietText_; }
 
   // The buttons of the bubble and of a row of the inbox, by their place.
@@ -107,7 +109,10 @@ class BuddyNoticeCenter : public TimedModel {
   Q_INVOKABLE void moveChoice(int by);
   Q_INVOKABLE void performChoice();
 
-  std::optional<Instant> due() const override { return next_; }
+  // One evaluation of the rules, and what comes of it.
+  void evaluate(Instant now);
+
+  std::optional<Instant> due() const override;
   void tick(Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
   void zoneChanged(Instant now) override;
@@ -120,18 +125,11 @@ class BuddyNoticeCenter : public TimedModel {
  private:
   BuddySignals gathered(Instant now);
   void frontChanged();
+  void lookAtFront(Instant now);
   void storeSummaryDay();
-  // Takes away what has passed since it was said.
-  void withdraw(const std::unordered_set<std::string>& before, Instant now);
-  void offer(const BuddyNotice& notice);
-  void say(const BuddyNotice& first);
-  void showBubble();
-  void hideBubble();
-  void forgetBubbles();
-  void advance();
-  void hideLater(Seconds length);
-  void chooseFirst();
-  int choiceCount() const;
+  void offer(const std::vector<BuddyNotice>& notices, Instant now);
+  // Whatever happens to the bubble happens in here: what differs afterwards is carried out and told.
+  void change(const std::function<void()>& act);
   void updateSleep(const BuddySignals& signals, Instant now);
   void updateQuietText(Instant now);
 
@@ -140,20 +138,12 @@ class BuddyNoticeCenter : public TimedModel {
   BuddyInboxModel inboxModel_;
   BuddyNoticeEngine engine_;
   AgentWatch watch_;
-  BuddyBubbleQueue queue_;
+  BuddyBubble bubble_;
   BuddyInbox inbox_;
   std::vector<AgentWatch::DigestEntry> digest_;
   std::optional<Instant> digestSince_;
   std::optional<BuddySignals::PhaseEnd> pendingPhaseEnd_;
   std::vector<std::function<void(BuddySignals&)>> gatherers_;
-  // queue_.current has reached the screen.
-  bool currentWasShown_ = false;
-  bool isShown_ = false, isInboxOpen_ = false;
-  bool isPointed_ = false, isReached_ = false;
-  std::optional<BuddyNotice> shown_;
-  int choice_ = -1;
-  // A late hiding acts only if nothing has been shown or held since.
-  int hideGeneration_ = 0;
   Instant next_, lastStir_;
   QString quietText_;
 };

@@ -56,6 +56,7 @@ void AppDelegate::makeBuddy() {
     // Who has no tile to count glasses at is not asked to drink.
     if (model_.isOnBar(QStringLiteral("water"))) signals.waterDueAt = water.waterDueAt(now);
   });
+  agents_.onSessionFinished = [this] { notices_->sessionFinished(); };
   focus_->pomodoro()->onPhaseEnded = [this](PomodoroPhase ended) {
     notices_->phaseEnded(ended == PomodoroPhase::focus ? BuddySignals::PhaseEnd::focus
                                                        : BuddySignals::PhaseEnd::breakTime);

@@ -16,19 +16,19 @@ bool isRunning(AgentStatus status) { return status == AgentStatus::needsInput ||
 
 }  // namespace
 
-bool AgentWatch::setFront(std::optional<AgentKind> kind, Instant now) {
-  if (front) lastFront[*front] = now;
-  front = kind;
-  if (!kind) return false;
-  const auto left = lastFront.find(*kind);
-  return left != lastFront.end() && secondsBetween(left->second, now) >= awayThreshold;
+bool AgentWatch::setFront(std::set<AgentKind> kinds, Instant now) {
+  for (const AgentKind kind : front) lastFront[kind] = now;
+  front = std::move(kinds);
+  return std::any_of(front.begin(), front.end(), [&](AgentKind kind) {
+    const auto left = lastFront.find(kind);
+    return left != lastFront.end() && secondsBetween(left->second, now) >= awayThreshold;
+  });
 }
 
 std::set<AgentKind> AgentWatch::focused(Instant now) const {
-  std::set<AgentKind> kinds;
+  std::set<AgentKind> kinds = front;
   for (const auto& [kind, left] : lastFront)
     if (secondsBetween(left, now) <= inViewGrace) kinds.insert(kind);
-  if (front) kinds.insert(*front);
   return kinds;
 }
 

@@ -29,15 +29,16 @@ struct AgentWatch {
     friend bool operator==(const DigestEntry&, const DigestEntry&) = default;
   };
 
-  Instant lastLookAt = {};              // the digest covers what came after it; begin with the start of the program
-  std::vector<Change> log = {};         // of the last 6 hours, oldest first
-  std::optional<AgentKind> front = {};  // the agent whose application is in front
+  Instant lastLookAt = {};         // the digest covers what came after it; begin with the start of the program
+  std::vector<Change> log = {};    // of the last 6 hours, oldest first
+  std::set<AgentKind> front = {};  // the agents in the window in front: a terminal may show several
   std::map<AgentKind, Instant> lastFront = {};              // when each last left the front
   std::unordered_map<std::string, AgentSession> last = {};  // by session id, as last seen
   std::unordered_map<std::string, Instant> runStart = {};   // by session id, of the present run
 
-  // True when the user has just come back to an agent after two minutes or more.
-  bool setFront(std::optional<AgentKind> kind, Instant now);
+  // What is in front now, told as often as it is looked at. True when the user has just come back to an agent after two
+  // minutes or more.
+  bool setFront(std::set<AgentKind> kinds, Instant now);
   // In view: in front, or there 20 seconds ago or less.
   std::set<AgentKind> focused(Instant now) const;
   void update(const std::vector<AgentSession>& sessions, Instant now);

@@ -4,12 +4,12 @@
 
 namespace ambrel {
 
-void BuddyInbox::add(const std::vector<BuddyNotice>& notices) {
+void BuddyInbox::add(const std::vector<BuddyNotice>& notices, Instant now) {
   const std::size_t skipped = notices.size() > capacity ? notices.size() - capacity : 0;
   for (std::size_t i = skipped; i < notices.size(); ++i) {
     const BuddyNotice& notice = notices[i];
     std::erase_if(recent, [&](const BuddyNotice& other) { return other.date == notice.date && other.id == notice.id; });
-    recent.insert(recent.begin(), notice);
+    recent.insert(recent.begin(), notice)->date = now;
   }
   if (recent.size() > capacity) recent.erase(recent.begin() + capacity, recent.end());
 }

@@ -10,8 +10,9 @@ struct BuddyInbox {
 
   std::vector<BuddyNotice> recent;  // newest first; what goes beyond the capacity falls off the end
 
-  // In the order in which they were said. One that came back from a snooze moves to the front; it is not listed twice.
-  void add(const std::vector<BuddyNotice>& notices);
+  // In the order in which they are said, which is now. One that comes back from a snooze, with the date at which it was
+  // first said, moves to the front; it is not listed twice.
+  void add(const std::vector<BuddyNotice>& notices, Instant now);
   void clear() { recent.clear(); }
 
   friend bool operator==(const BuddyInbox&, const BuddyInbox&) = default;

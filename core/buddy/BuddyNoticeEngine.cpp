@@ -41,6 +41,8 @@ std::vector<BuddyNotice> BuddyNoticeEngine::candidates(const BuddySignals& signa
 
 std::vector<BuddyNotice> BuddyNoticeEngine::evaluate(const BuddySignals& signals, const BuddyPolicy& policy,
                                                      Instant now, const Calendar& calendar) {
+  ended = active;
+  ended.insert(waitingInView.begin(), waitingInView.end());
   std::vector<BuddyNotice> raised = candidates(signals, policy.onlyUnfocusedAgents, now, calendar);
   const bool isQuiet = policy.quietHours && policy.quietHours->contains(now, calendar);
   const Gate gate(signals, policy, isQuiet, held);
@@ -57,6 +59,7 @@ std::vector<BuddyNotice> BuddyNoticeEngine::evaluate(const BuddySignals& signals
     gate.pass(std::move(notice), result);
   }
   active = std::move(raisedLasting);
+  std::erase_if(ended, [this](const std::string& id) { return active.count(id) != 0 || waitingInView.count(id) != 0; });
   const auto isStillTrue = [&](const BuddyNotice& notice) {
     return (!isLasting(notice.rule) || active.count(notice.id) != 0) && !isExpired(notice, now);
   };

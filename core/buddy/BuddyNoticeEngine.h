@@ -26,6 +26,10 @@ struct BuddyNoticeEngine {
   std::unordered_set<std::string> active;                 // ids of lasting notices, raised on the latest evaluation
   std::unordered_map<std::string, Instant> lastFired;     // by notice id, when it last passed the cooldown
   std::map<std::string, Snoozed> snoozed;                 // by notice id
+  // Ids of `agentNeedsInput` left out on the latest evaluation, because the agent that waits is in view.
+  std::unordered_set<std::string> waitingInView;
+  // Ids of lasting notices whose condition has ended with the latest evaluation. Being in view is no end.
+  std::unordered_set<std::string> ended;
 
   // What to show now, the most urgent first.
   std::vector<BuddyNotice> evaluate(const BuddySignals& signals, const BuddyPolicy& policy, Instant now,

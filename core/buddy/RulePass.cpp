@@ -60,6 +60,7 @@ std::vector<BuddyNotice> RulePass::run() {
 }
 
 void RulePass::agents() {
+  engine_.waitingInView.clear();
   for (const AgentSession& session : signals_.agents) agent(session);
   forgetGoneAgents();
 }
@@ -74,7 +75,9 @@ void RulePass::agent(const AgentSession& session) {
 
   switch (session.status) {
     case AgentStatus::needsInput:
-      if (!isSilent)
+      if (isSilent)
+        engine_.waitingInView.insert("needsInput:" + session.id);
+      else
         raiseAgent(BuddyRule::agentNeedsInput, "needsInput:" + session.id, "needs you",
                    "Waiting for your answer" + inProject(session) + ".", session);
       if (!since) runs.emplace(session.id, now_);

@@ -32,6 +32,11 @@ class BuddyNoticeCenterTests : public QObject {
   void othersGoAfterEightSeconds();
   void theNextOneComesWhenTheFirstGoes();
   void whatHasPassedIsTakenBack();
+  void aGlanceAtTheAgentIsNoAnswer();
+  void whatIsInFrontIsLookedAtAtEachTick();
+  void whatWaitedForTheBreakIsSaidOneAfterTheOther();
+  void neverSilencesWhatWaitsToo();
+  void heIsPleasedWhenAnAgentFinishes();
   void theBubbleWaitsForOtherPanels();
   void theBubbleStaysWhileItIsPointedAt();
   void theKeyboardChoosesInTheBubble();
@@ -123,6 +128,86 @@ void BuddyNoticeCenterTests::whatHasPassedIsTakenBack() {
   room.pass(10);
   QCOMPARE(room.bubble(), QString());
   QCOMPARE(room.inbox().size(), 2);
+}
+
+void BuddyNoticeCenterTests::aGlanceAtTheAgentIsNoAnswer() {
+  BuddyRoom room;
+  room.poll({codex(needsInput), claude(needsInput)});
+  room.pass(200);
+  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
+  // Five seconds at the one, five at the other, and away for good.
+  for (const char* glance : {"com.openai.codex", "com.anthropic.claudefordesktop"}) {
+    room.workspace.bringToFront({"org.kde.konsole", glance});
+    room.pass(5);
+  }
+  room.workspace.bringToFront({"org.mozilla.firefox"});
+  room.pass(300);
+  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
+  QCOMPARE(room.center->bubbleMore(), 1);
+  QCOMPARE(room.peeks.size(), std::size_t(1));
+  room.poll({codex(working), claude(needsInput)});
+  room.pass(10);
+  QCOMPARE(room.bubble(), QStringLiteral("Claude Code needs you"));
+}
+
+void BuddyNoticeCenterTests::whatIsInFrontIsLookedAtAtEachTick() {
+  BuddyRoom room;
+  // An agent starts in the terminal that has been in front all along, beside another one.
+  room.workspace.inFront = {"org.kde.konsole", "com.openai.codex", "com.anthropic.claudefordesktop"};
+  room.poll({codex(needsInput), claude(needsInput)});
+  room.pass(30);
+  QVERIFY(room.inbox().isEmpty());
+  // One of them ends there, while the other tool's sessions wait elsewhere.
+  room.workspace.inFront = {"org.kde.konsole", "com.anthropic.claudefordesktop"};
+  room.pass(40);
+  QCOMPARE(room.inbox(), QStringList{QStringLiteral("Codex needs you")});
+}
+
+void BuddyNoticeCenterTests::whatWaitedForTheBreakIsSaidOneAfterTheOther() {
+  BuddyRoom room;
+  room.isFocusRunning = true;
+  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
+  room.waterDueAt = room.now;
+  room.poll({codex(working)});
+  room.tick();
+  room.pass(400);
+  room.poll({codex(finished)});
+  room.pass(1100);
+  QVERIFY(!room.center->hasBubble());
+  room.isFocusRunning = false;
+  room.tick();
+  QStringList said;
+  for (; room.center->hasBubble(); room.pass(8)) {
+    said << room.bubble();
+    QVERIFY(room.center->bubble()->date == advanced(room.now, Seconds(-8.0 * static_cast<double>(said.size() - 1))));
+  }
+  QCOMPARE(said, (QStringList{QStringLiteral("Battery 15%"), QStringLiteral("Codex finished"),
+                              QStringLiteral("Time for some water")}));
+}
+
+void BuddyNoticeCenterTests::neverSilencesWhatWaitsToo() {
+  BuddyRoom room;
+  room.isFocusRunning = true;
+  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
+  room.poll({codex(needsInput, "codex:a"), codex(needsInput, "codex:b")});
+  room.tick();
+  QCOMPARE(room.center->bubbleMore(), 1);
+  room.settings->setBuddyLevel(BuddyLevel::off);
+  QVERIFY(!room.center->hasBubble());
+  room.isFocusRunning = false;
+  room.pass(60);
+  QVERIFY(!room.center->hasBubble());
+  QCOMPARE(room.inbox(), (QStringList{QStringLiteral("Codex needs you"), QStringLiteral("Codex needs you")}));
+}
+
+void BuddyNoticeCenterTests::heIsPleasedWhenAnAgentFinishes() {
+  BuddyRoom room;
+  room.pass(400);
+  QVERIFY(room.center->buddy()->isAsleep());
+  room.center->sessionFinished();
+  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("happy"));
+  room.pass(10);
+  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("idle"));
 }
 
 void BuddyNoticeCenterTests::theBubbleWaitsForOtherPanels() {

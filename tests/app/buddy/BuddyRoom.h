@@ -67,7 +67,7 @@ struct BuddyRoom {
       if (*center->due() <= now) center->tick(now);
     }
   }
-  void tick() { center->tick(now); }
+  void tick() { center->evaluate(now); }
   void poll(std::vector<AgentSession> list) {
     sessions = std::move(list);
     agents->refresh();

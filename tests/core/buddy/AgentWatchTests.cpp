@@ -34,38 +34,50 @@ TEST(AgentWatch, KnowsAReturnAfterTwoMinutesAway) {
   };
   for (const Row row : {Row{0, false}, Row{119, false}, Row{119.999999, false}, Row{120, true}, Row{7200, true}}) {
     AgentWatch watch;
-    EXPECT_FALSE(watch.setFront(codex, after(0))) << "a first visit is no return";
-    EXPECT_FALSE(watch.setFront(std::nullopt, after(10)));
-    EXPECT_EQ(watch.setFront(codex, after(10 + row.away)), row.isReturn) << row.away;
+    EXPECT_FALSE(watch.setFront({codex}, after(0))) << "a first visit is no return";
+    EXPECT_FALSE(watch.setFront({}, after(10)));
+    EXPECT_EQ(watch.setFront({codex}, after(10 + row.away)), row.isReturn) << row.away;
   }
 }
 
 TEST(AgentWatch, CountsTheTimeAwayForEachAgent) {
   AgentWatch watch;
-  watch.setFront(codex, after(0));
-  watch.setFront(cursor, after(100));
-  EXPECT_FALSE(watch.setFront(codex, after(200)));
-  watch.setFront(cursor, after(210));
-  EXPECT_FALSE(watch.setFront(std::nullopt, after(400))) << "nobody came back to an agent";
-  EXPECT_TRUE(watch.setFront(codex, after(410)));
+  watch.setFront({codex}, after(0));
+  watch.setFront({cursor}, after(100));
+  EXPECT_FALSE(watch.setFront({codex}, after(200)));
+  watch.setFront({cursor}, after(210));
+  EXPECT_FALSE(watch.setFront({}, after(400))) << "nobody came back to an agent";
+  EXPECT_TRUE(watch.setFront({codex}, after(410)));
 }
 
 TEST(AgentWatch, TakesAnAgentThatComesForwardAgainAsNotAway) {
   AgentWatch watch;
-  watch.setFront(codex, after(0));
-  EXPECT_FALSE(watch.setFront(codex, after(500)));
-  EXPECT_EQ(watch.front, codex);
+  watch.setFront({codex}, after(0));
+  EXPECT_FALSE(watch.setFront({codex}, after(500)));
+  EXPECT_THAT(watch.front, ElementsAre(codex));
+}
+
+TEST(AgentWatch, KnowsSeveralAgentsInOneWindow) {
+  AgentWatch watch;
+  watch.setFront({codex, cursor}, after(0));
+  EXPECT_THAT(watch.focused(after(0)), ElementsAre(codex, cursor));
+  // One of them ends, or its pane is left: it was in view until then, however long ago the window came forward.
+  watch.setFront({codex, cursor}, after(3600));
+  watch.setFront({codex}, after(3610));
+  EXPECT_THAT(watch.focused(after(3630)), ElementsAre(codex, cursor));
+  EXPECT_THAT(watch.focused(after(3631)), ElementsAre(codex));
+  EXPECT_TRUE(watch.setFront({codex, cursor}, after(3800))) << "it was away for three minutes";
 }
 
 TEST(AgentWatch, HasAnAgentInViewWhileItIsInFrontAnd20SecondsAfter) {
   AgentWatch watch;
   EXPECT_THAT(watch.focused(after(0)), IsEmpty());
-  watch.setFront(codex, after(0));
+  watch.setFront({codex}, after(0));
   EXPECT_THAT(watch.focused(after(9000)), ElementsAre(codex));
-  watch.setFront(cursor, after(9000));
+  watch.setFront({cursor}, after(9000));
   EXPECT_THAT(watch.focused(after(9020)), ElementsAre(codex, cursor));
   EXPECT_THAT(watch.focused(after(9020.001)), ElementsAre(cursor));
-  watch.setFront(std::nullopt, after(9100));
+  watch.setFront({}, after(9100));
   EXPECT_THAT(watch.focused(after(9120)), ElementsAre(cursor));
   EXPECT_THAT(watch.focused(after(9121)), IsEmpty());
 }
@@ -202,7 +214,7 @@ TEST(AgentWatch, TellsOfTheOthersInTheOrderOfTheirFirstNews) {
   watch.update({session("c", claudeCode, finished), session("x", codex, needsInput, "Allow?"),
                 session("y", cursor, working, "Read")},
                after(180));
-  watch.setFront(claudeCode, after(200));
+  watch.setFront({claudeCode}, after(200));
   EXPECT_THAT(
       watch.digest(after(200)),
       ElementsAre(AgentWatch::DigestEntry{"y", cursor, "web-shop", {"Finished after 1 min", "Started working · Read"}},
@@ -226,9 +238,9 @@ TEST(AgentWatch, LeavesOutAgentsInViewAndChangesWithoutALine) {
   AgentWatch watch = ambrel::watch();
   watch.update({session("a", codex, working), session("b", cursor, finished)}, after(0));
   watch.update({session("a", codex, finished), session("b", cursor, idle)}, after(60));
-  watch.setFront(codex, after(100));
+  watch.setFront({codex}, after(100));
   EXPECT_THAT(watch.digest(after(200)), IsEmpty());
-  watch.setFront(std::nullopt, after(300));
+  watch.setFront({}, after(300));
   EXPECT_THAT(watch.digest(after(320)), IsEmpty());
   EXPECT_THAT(watch.digest(after(321)), SizeIs(1));
 }
@@ -253,11 +265,11 @@ TEST(AgentWatch, SumsUpADigestInOneNotice) {
 TEST(AgentWatch, MovesWithAClockThatIsSet) {
   for (const double by : {-7200.0, 86400.0}) {
     AgentWatch watch = ambrel::watch();
-    watch.setFront(cursor, after(0));
+    watch.setFront({cursor}, after(0));
     watch.update({session("a", codex, working), session("b", codex, working)}, after(0));
     watch.update({session("a", codex, finished), session("b", codex, working)}, after(60));
     watch.lastLookAt = after(60);
-    watch.setFront(std::nullopt, after(100));
+    watch.setFront({}, after(100));
     watch.clockMoved(Seconds(by));
 
     EXPECT_THAT(watch.focused(after(by + 120)), ElementsAre(cursor));
@@ -265,7 +277,7 @@ TEST(AgentWatch, MovesWithAClockThatIsSet) {
     watch.update({session("a", codex, finished), session("b", codex, finished)}, after(by + 600));
     EXPECT_THAT(watch.digest(after(by + 600)),
                 ElementsAre(AgentWatch::DigestEntry{"b", codex, "web-shop", {"Finished after 10 min"}}));
-    EXPECT_TRUE(watch.setFront(cursor, after(by + 220)));
+    EXPECT_TRUE(watch.setFront({cursor}, after(by + 220)));
   }
 }
 

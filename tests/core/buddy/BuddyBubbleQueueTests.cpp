@@ -170,14 +170,14 @@ TEST(BuddyBubbleQueue, MovesWithAClockThatIsSet) {
 
 TEST(BuddyInbox, ListsTheNewestFirstAndKeepsTwoHundred) {
   BuddyInbox inbox;
-  for (int i = 0; i < 250; ++i) inbox.add({notice(std::to_string(i), water, i)});
+  for (int i = 0; i < 250; ++i) inbox.add({notice(std::to_string(i), water)}, after(i));
   ASSERT_THAT(inbox.recent, SizeIs(200));
   EXPECT_EQ(inbox.recent.front().id, "249");
   EXPECT_EQ(inbox.recent.back().id, "50");
 
   std::vector<BuddyNotice> many;
   for (int i = 0; i < 3000; ++i) many.push_back(notice("many " + std::to_string(i), water, 1000));
-  inbox.add(many);
+  inbox.add(many, after(1000));
   ASSERT_THAT(inbox.recent, SizeIs(200));
   EXPECT_EQ(inbox.recent.front().id, "many 2999");
   EXPECT_EQ(inbox.recent.back().id, "many 2800");
@@ -185,13 +185,14 @@ TEST(BuddyInbox, ListsTheNewestFirstAndKeepsTwoHundred) {
   EXPECT_THAT(inbox.recent, IsEmpty());
 }
 
-TEST(BuddyInbox, MovesANoticeThatCameBackToTheFront) {
+TEST(BuddyInbox, MovesANoticeThatCameBackToTheFrontUnderThePresentTime) {
   BuddyInbox inbox;
-  inbox.add({notice("battery.low", batteryLow), notice("disk.low", diskLow)});
-  inbox.add({notice("battery.low", batteryLow)});
+  inbox.add({notice("battery.low", batteryLow), notice("disk.low", diskLow)}, after(0));
+  inbox.add({notice("battery.low", batteryLow)}, after(900));
   EXPECT_THAT(ids(inbox.recent), ElementsAre("battery.low", "disk.low"));
-  inbox.add({notice("battery.low", batteryLow, 3600)});
-  EXPECT_THAT(ids(inbox.recent), ElementsAre("battery.low", "battery.low", "disk.low")) << "a new spell is listed anew";
+  EXPECT_EQ(inbox.recent.front().date, after(900));
+  inbox.add({notice("battery.low", batteryLow, 3600)}, after(3600));
+  EXPECT_THAT(ids(inbox.recent), ElementsAre("battery.low", "battery.low", "disk.low")) << "a new spell is listed too";
   EXPECT_NE(inboxKey(inbox.recent[0]), inboxKey(inbox.recent[1]));
 }
 

@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/buddy/BuddyBubbleQueue.h"
-#include "core/buddy/BuddyInbox.h"
 #include "core/buddy/BuddyNoticeEngine.h"
 
 namespace ambrel {
@@ -106,15 +104,25 @@ TEST(BuddyNoticeEngine, SaysEachThingOfThousandsOfSessionsOnce) {
   for (int tick = 1; tick <= 5; ++tick) EXPECT_THAT(bench.evaluate(waiting, tick * 10), IsEmpty());
 }
 
-TEST(BuddyNoticeEngine, ShowsFewBubblesHoweverManySessionsWait) {
+TEST(BuddyNoticeEngine, TakesAnAgentThatIsLookedAtAsWaitingStill) {
   Bench bench;
-  BuddyBubbleQueue queue;
-  BuddyInbox inbox;
-  const auto notices = bench.evaluate(sessions(5000, needsInput), 0);
-  for (const BuddyNotice& notice : notices) queue.offer(notice);
-  inbox.add(notices);
-  EXPECT_THAT(queue.pending, SizeIs(5));
-  EXPECT_THAT(inbox.recent, SizeIs(200));
+  BuddySignals waiting = sessions(1, needsInput);
+  const std::string id = bench.evaluate(waiting, 0).at(0).id;
+  BuddySignals lookedAt = waiting;
+  lookedAt.focusedAgents = {lookedAt.agents[0].kind};
+  BuddyPolicy policy;
+  policy.onlyUnfocusedAgents = true;
+  EXPECT_THAT(bench.evaluate(lookedAt, 10, policy), IsEmpty());
+  EXPECT_THAT(bench.engine.ended, IsEmpty());
+  bench.evaluate(waiting, 40, policy);
+  EXPECT_THAT(bench.engine.ended, IsEmpty());
+  // It is answered while it is looked at.
+  bench.evaluate(lookedAt, 50, policy);
+  lookedAt.agents[0].status = working;
+  bench.evaluate(lookedAt, 60, policy);
+  EXPECT_THAT(bench.engine.ended, ElementsAre(id));
+  bench.evaluate(lookedAt, 70, policy);
+  EXPECT_THAT(bench.engine.ended, IsEmpty());
 }
 
 TEST(BuddyNoticeEngine, StaysQuietWhenSessionsFlickerBetweenStates) {
