@@ -36,6 +36,7 @@
 #include "app/shelf/ShelfPanelController.h"
 #include "app/telemetry/LiveModels.h"
 #include "app/usage/AIUsageModel.h"
+#include "app/usage/ClaudeBudgetModel.h"
 #include "app/usage/ClaudeStatusLineModel.h"
 #include "app/widgets/ClockModel.h"
 #include "app/widgets/SystemMonitor.h"
@@ -177,6 +178,7 @@ class AppDelegate : public QObject {
   std::unique_ptr<ClockModel> clock_;
   std::unique_ptr<AIUsageModel> usage_;
   std::unique_ptr<ClaudeStatusLineModel> statusLine_;
+  std::unique_ptr<ClaudeBudgetModel> claudeBudget_;
   std::unique_ptr<FocusModels> focus_;
   std::unique_ptr<LiveModels> live_;
   std::unique_ptr<WeatherModels> weather_;

@@ -7,6 +7,9 @@ SettingsPage {
     id: root
 
     property ClaudeStatusLineModel statusLine: null
+    property ClaudeBudgetModel budget: null
+    // Nothing tells of meetings yet.
+    property bool hasCalendar: false
     readonly property var categories: [
         {
             name: "agents",
@@ -55,7 +58,7 @@ SettingsPage {
             enabled: root.settings.buddyLevel !== "off"
 
             Repeater {
-                model: root.categories
+                model: root.categories.filter(category => category.name !== "meetings" || root.hasCalendar)
 
                 Chip {
                     required property var modelData
@@ -111,13 +114,20 @@ SettingsPage {
     }
     Section {
         width: parent.width
-        visible: root.statusLine !== null
+        visible: root.statusLine !== null || root.budget !== null
 
         Loader {
             width: parent.width
             active: root.statusLine !== null
             sourceComponent: ClaudeLimitsRow {
                 statusLine: root.statusLine
+            }
+        }
+        Loader {
+            width: parent.width
+            active: root.budget !== null
+            sourceComponent: ClaudeBudgetRow {
+                budget: root.budget
             }
         }
     }

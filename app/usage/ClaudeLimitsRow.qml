@@ -14,6 +14,8 @@ SectionRow {
     detailColor: hasProblem ? Theme.red.text : Theme.ink2
     Accessible.role: hasProblem ? Accessible.AlertMessage : Accessible.Grouping
     Accessible.name: hasProblem ? detail : title
+    // The page is made while it can be seen already.
+    Component.onCompleted: statusLine.look()
     onVisibleChanged: if (visible)
         statusLine.look()
 

@@ -1,11 +1,34 @@
 #include "app/usage/ClaudeStatusLineModel.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 #include "app/base/Log.h"
 
 namespace ambrel {
 
 ClaudeStatusLineModel::ClaudeStatusLineModel(ClaudeStatusLine::Files files, QObject* parent)
-    : QObject(parent), files_(std::move(files)), isConnected_(ClaudeStatusLine::isConnected(files_)) {}
+    : QObject(parent), files_(std::move(files)), isConnected_(ClaudeStatusLine::isConnected(files_)) {
+  for (const auto changed : {&QFileSystemWatcher::fileChanged, &QFileSystemWatcher::directoryChanged})
+    connect(&watcher_, changed, this, [this] {
+      watch();
+      look();
+    });
+  watch();
+}
+
+void ClaudeStatusLineModel::watch() {
+  const QFileInfo file(QFile::decodeName(files_.settings.c_str()));
+  const QString folder = file.absolutePath();
+  const bool hasFolder = QFileInfo::exists(folder);
+  QStringList wanted{hasFolder ? folder : QFileInfo(folder).absolutePath()};
+  if (file.exists()) wanted << file.absoluteFilePath();
+  QStringList old;
+  for (const QString& path : watcher_.files() + watcher_.directories())
+    if (!wanted.removeOne(path)) old << path;
+  if (!old.isEmpty()) watcher_.removePaths(old);
+  if (!wanted.isEmpty()) watcher_.addPaths(wanted);
+}
 
 QString ClaudeStatusLineModel::text() const {
   return isConnected_ ? tr("Connected. The session and week update each time Claude Code replies in the terminal. Your "

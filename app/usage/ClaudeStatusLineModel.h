@@ -1,6 +1,7 @@
 #pragma once
 // The settings row that connects Claude Code's own percentages.
 
+#include <QFileSystemWatcher>
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
@@ -26,7 +27,7 @@ class ClaudeStatusLineModel : public QObject {
   QString text() const;
   QString problem() const { return problem_; }
 
-  // The settings may have been changed by hand since they were last looked at.
+  // The settings may have been changed by hand. They are also looked at whenever their file changes.
   Q_INVOKABLE void look();
   // Not named connect and disconnect, which QObject has already.
   Q_INVOKABLE void install();
@@ -40,10 +41,13 @@ class ClaudeStatusLineModel : public QObject {
  private:
   void perform(void (*action)(const ClaudeStatusLine::Files&));
   void update(bool isConnected, const QString& problem);
+  // The file, and its folder for as long as it can be replaced or made; the home while there is no folder.
+  void watch();
 
   ClaudeStatusLine::Files files_;
   bool isConnected_;
   QString problem_;
+  QFileSystemWatcher watcher_;
 };
 
 }  // namespace ambrel

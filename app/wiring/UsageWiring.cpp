@@ -11,9 +11,11 @@ void AppDelegate::makeUsage() {
       AIUsageModel::Seams{.background = background_, .now = surroundings_.now, .calendar = surroundings_.calendar});
   statusLine_ =
       std::make_unique<ClaudeStatusLineModel>(ClaudeStatusLine::Files(surroundings_.home, surroundings_.dataFolder));
-  keep({usage_.get(), usage_->claudeTile(), usage_->codexTile(), statusLine_.get()});
+  claudeBudget_ = std::make_unique<ClaudeBudgetModel>(settings_, surroundings_.calendar);
+  keep({usage_.get(), usage_->claudeTile(), usage_->codexTile(), statusLine_.get(), claudeBudget_.get()});
   connect(statusLine_.get(), &ClaudeStatusLineModel::connectionChanged, usage_.get(), &AIUsageModel::refresh);
   addToSettingsPage(QStringLiteral("buddy"), QStringLiteral("statusLine"), *statusLine_);
+  addToSettingsPage(QStringLiteral("buddy"), QStringLiteral("budget"), *claudeBudget_);
 }
 
 }  // namespace ambrel

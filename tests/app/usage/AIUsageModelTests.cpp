@@ -1,8 +1,8 @@
-#include "app/usage/AIUsageModel.h"
-
 #include <QSignalSpy>
 #include <QTest>
 
+#include "app/usage/AIUsageModel.h"
+#include "app/usage/ClaudeStatusLineModel.h"
 #include "core/usage/ClaudeStatusLine.h"
 #include "tests/TemporaryFolder.h"
 
@@ -49,6 +49,7 @@ class AIUsageModelTests : public QObject {
   void publishesWhatItFinds();
   void wakesNobodyForTheSame();
   void followsTheConnectionOfTheHook();
+  void theRowSeesWhenAnotherHandConnectsTheHook();
   void aLatePassAfterTheModelHasGoneDoesNoHarm();
 
  private:
@@ -156,6 +157,20 @@ void AIUsageModelTests::followsTheConnectionOfTheHook() {
   pass();
   QVERIFY(!model->claudeLimits());
   QCOMPARE(limits.count(), 2);
+}
+
+void AIUsageModelTests::theRowSeesWhenAnotherHandConnectsTheHook() {
+  const ClaudeStatusLine::Files files(home->path(), home->path() / "data");
+  ClaudeStatusLineModel row(files);
+  QSignalSpy connections(&row, &ClaudeStatusLineModel::connectionChanged);
+  // At first there is not even a folder; later the file is replaced each time.
+  for (int round = 0; round < 2; ++round) {
+    ClaudeStatusLine::install(files);
+    QTRY_VERIFY(row.isConnected());
+    ClaudeStatusLine::remove(files);
+    QTRY_VERIFY(!row.isConnected());
+  }
+  QCOMPARE(connections.count(), 4);
 }
 
 void AIUsageModelTests::aLatePassAfterTheModelHasGoneDoesNoHarm() {

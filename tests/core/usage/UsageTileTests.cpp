@@ -1,3 +1,4 @@
+#include "core/usage/TokenBudget.h"
 #include "core/usage/UsageTile.h"
 #include "tests/core/usage/UsageCases.h"
 
@@ -162,6 +163,19 @@ TEST(CodexLimitsTile, NeverPassesAnotherWindowOffAsFiveHours) {
     EXPECT_TRUE(tile.help.ends_with(". " + test.help)) << tile.help;
   }
   EXPECT_EQ(codex(CodexUsage::Limits{session, window(20, "2026-11-21T15:00:00Z", 2880), now}).line, "2 d 20%");
+}
+
+TEST(TokenBudget, StepsFromAnyNumberToTheNextRoundOne) {
+  EXPECT_EQ(steppedBudget(0, 1), 10'000);
+  EXPECT_EQ(steppedBudget(10'000, -1), 0);
+  EXPECT_EQ(steppedBudget(0, -1), 0);
+  EXPECT_EQ(steppedBudget(-5, 1), 0);
+  EXPECT_EQ(steppedBudget(220'000, 1), 300'000);
+  EXPECT_EQ(steppedBudget(220'000, -1), 200'000);
+  EXPECT_EQ(steppedBudget(700'000'000, 1), 1'000'000'000);
+  EXPECT_EQ(steppedBudget(1'000'000'000, 1), 1'000'000'000);
+  EXPECT_EQ(steppedBudget(5'000'000'000, 1), 5'000'000'000);
+  EXPECT_EQ(steppedBudget(5'000'000'000, -1), 1'000'000'000);
 }
 
 TEST(UsageTile, UsesTheFormsOfTheLocale) {
