@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "app/agents/ProgramIcons.h"
 #include "app/base/Log.h"
 #include "app/base/QmlObjects.h"
 #include "app/kit/Theme.h"
@@ -58,12 +59,17 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
               {.background = background_,
                .notifications = desktop_.notifications,
                .workspace = desktop_.workspace,
-               .now = surroundings_.now}),
+               .now = surroundings_.now,
+               .icon =
+                   [this](std::string_view bundleID) {
+                     return ProgramIcons::source(QString::fromStdString(desktop_.workspace.iconOf(bundleID)));
+                   }}),
       due_(desktop_.wallClock),
       appearanceSettings_(defaults_, preparedTheme()),
       gallery_(model_),
       pointers_(desktop_.pointer) {
   keep({&settings_, &model_, &license_, &agents_, &appearanceSettings_, &gallery_});
+  engine_.addImageProvider(QLatin1String(ProgramIcons::id), new ProgramIcons);
   makeClipboard();
 }
 

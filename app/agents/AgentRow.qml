@@ -9,6 +9,7 @@ Pressable {
     required property string sessionId
     required property string kind
     required property string symbol
+    required property string icon
     required property string title
     required property string subtitle
     required property string status
@@ -33,25 +34,14 @@ Pressable {
         }
     }
 
-    Rectangle {
+    AgentIcon {
         id: box
 
         anchors.left: parent.left
         anchors.leftMargin: Theme.space2
         anchors.verticalCenter: parent.verticalCenter
-        width: 32
-        height: 32
-        radius: Theme.radiusButton
-        color: Theme.card
-        border.width: 1
-        border.color: Theme.line
-
-        Symbol {
-            anchors.centerIn: parent
-            name: root.symbol
-            size: 18
-            color: Theme.ink2
-        }
+        symbol: root.symbol
+        icon: root.icon
     }
 
     Column {

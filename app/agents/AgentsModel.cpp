@@ -1,52 +1,11 @@
 #include "app/agents/AgentsModel.h"
 
+#include <map>
+
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
 
 namespace ambrel {
-namespace {
-
-QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
-
-QString statusText(AgentStatus status) {
-  switch (status) {
-    case AgentStatus::needsInput:
-      return QStringLiteral("Needs you");
-    case AgentStatus::working:
-      return QStringLiteral("Working");
-    case AgentStatus::finished:
-      return QStringLiteral("Done");
-    case AgentStatus::idle:
-      return QStringLiteral("Idle");
-  }
-  return {};
-}
-
-QString kindSymbol(AgentKind kind) {
-  switch (kind) {
-    case AgentKind::claudeCode:
-      return QStringLiteral("terminal");
-    case AgentKind::codex:
-      return QStringLiteral("chevron.left.forwardslash.chevron.right");
-    case AgentKind::cursor:
-      return QStringLiteral("cursorarrow");
-    case AgentKind::antigravity:
-      return QStringLiteral("brain");
-  }
-  return {};
-}
-
-// "web-shop · Bash"; the tool's name when the title says the project already and there is nothing else to say.
-QString subtitle(const AgentSession& session) {
-  QStringList parts;
-  if (session.project && *session.project != session.title) parts << text(*session.project);
-  if (session.detail) parts << text(*session.detail);
-  if (parts.isEmpty() || session.title == session.project) parts.prepend(text(displayName(session.kind)));
-  return parts.join(QStringLiteral(" · "));
-}
-
-}  // namespace
-
 AgentsModel::AgentsModel(AppSettings& settings, AgentReaders readers, std::filesystem::path home, Calendar calendar,
                          Seams seams, QObject* parent)
     : RecordListModel(parent),
@@ -92,12 +51,17 @@ void AgentsModel::publish(std::vector<AgentSession> sessions, Instant now) {
   if (isSame && now >= publishedAt_ && now < nextAgeAt_) return;
   publishedAt_ = now;
   nextAgeAt_ = Instant::max();
-  std::vector<AgentRecord> records;
+  std::map<AgentKind, QString> icons;
+  for (const AgentSession& session : sessions)
+    if (seams_.icon && !icons.contains(session.kind)) icons[session.kind] = seams_.icon(bundleIdentifier(session.kind));
+  std::vector<AgentFace> faces;
   for (const AgentSession& session : sessions) {
-    records.push_back({session, text(relativeAge(calendar_, session.updatedAt, now))});
+    faces.push_back(agentFace(session, icons[session.kind], now, calendar_));
     nextAgeAt_ = std::min(nextAgeAt_, relativeAgeChange(session.updatedAt, now));
   }
-  setRows(records);
+  setRows(faces);
+  first_ = faces.empty() ? AgentFace() : faces.front();
+  Q_EMIT firstChanged();
   if (isSame) return;
   sessions_ = std::move(sessions);
   counts_ = agentCounts(sessions_);
@@ -125,35 +89,37 @@ void AgentsModel::openSession(const QString& id) {
 }
 
 QVariant AgentsModel::data(const QModelIndex& index, int role) const {
-  const AgentRecord* record = row(index);
-  if (!record) return {};
-  const AgentSession& session = record->session;
+  const AgentFace* face = row(index);
+  if (!face) return {};
   switch (role) {
     case IdRole:
-      return text(session.id);
+      return face->id;
     case KindRole:
-      return text(displayName(session.kind));
+      return face->kind;
     case SymbolRole:
-      return kindSymbol(session.kind);
+      return face->symbol;
+    case IconRole:
+      return face->icon;
     case Qt::DisplayRole:
     case TitleRole:
-      return text(session.title);
+      return face->title;
     case SubtitleRole:
-      return subtitle(session);
+      return face->subtitle;
     case StatusRole:
-      return text(nameOf(session.status));
+      return face->status;
     case StatusTextRole:
-      return statusText(session.status);
+      return face->statusText;
     case AgeRole:
-      return record->age;
+      return face->age;
     default:
       return {};
   }
 }
 
 QHash<int, QByteArray> AgentsModel::roleNames() const {
-  return {{IdRole, "sessionId"},      {KindRole, "kind"},     {SymbolRole, "symbol"},         {TitleRole, "title"},
-          {SubtitleRole, "subtitle"}, {StatusRole, "status"}, {StatusTextRole, "statusText"}, {AgeRole, "age"}};
+  return {{IdRole, "sessionId"}, {KindRole, "kind"},         {SymbolRole, "symbol"}, {IconRole, "icon"},
+          {TitleRole, "title"},  {SubtitleRole, "subtitle"}, {StatusRole, "status"}, {StatusTextRole, "statusText"},
+          {AgeRole, "age"}};
 }
 
 }  // namespace ambrel

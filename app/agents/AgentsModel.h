@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include "app/agents/AgentFace.h"
 #include "app/base/Background.h"
 #include "app/base/RecordListModel.h"
 #include "core/agents.h"
@@ -18,14 +19,7 @@ namespace ambrel {
 
 class AppSettings;
 
-// A session and its age as it is shown.
-struct AgentRecord {
-  AgentSession session;
-  QString age;
-  friend bool operator==(const AgentRecord&, const AgentRecord&) = default;
-};
-
-class AgentsModel : public RecordListModel<AgentRecord, std::string> {
+class AgentsModel : public RecordListModel<AgentFace, QString> {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -34,6 +28,8 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
   Q_PROPERTY(int finishedCount READ finishedCount NOTIFY sessionsChanged)
   Q_PROPERTY(int count READ count NOTIFY sessionsChanged)
   Q_PROPERTY(bool hasLoadedOnce READ hasLoadedOnce NOTIFY loaded)
+  // The session that comes first: the most urgent one, and of these the newest.
+  Q_PROPERTY(ambrel::AgentFace first READ first NOTIFY firstChanged)
   // One sentence for a tooltip and a screen reader.
   Q_PROPERTY(QString summary READ summary NOTIFY sessionsChanged)
 
@@ -42,6 +38,7 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
     IdRole = Qt::UserRole,
     KindRole,
     SymbolRole,
+    IconRole,
     TitleRole,
     SubtitleRole,
     StatusRole,
@@ -57,6 +54,8 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
     Notifications& notifications;
     Workspace& workspace;
     std::function<Instant()> now;
+    // Where the picture of the kind's application is; empty when it has none.
+    std::function<QString(std::string_view bundleID)> icon = {};
   };
 
   AgentsModel(AppSettings& settings, AgentReaders readers, std::filesystem::path home, Calendar calendar, Seams seams,
@@ -71,6 +70,7 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
   int finishedCount() const { return counts_.finished; }
   int count() const { return static_cast<int>(sessions_.size()); }
   bool hasLoadedOnce() const { return hasLoadedOnce_; }
+  AgentFace first() const { return first_; }
   QString summary() const;
 
   // Called for each session that went from working to finished.
@@ -84,10 +84,11 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
 
  Q_SIGNALS:
   void sessionsChanged();
+  void firstChanged();
   void loaded();
 
  protected:
-  std::string keyOf(const AgentRecord& record) const override { return record.session.id; }
+  QString keyOf(const AgentFace& face) const override { return face.id; }
 
  private:
   void apply(std::vector<AgentSession> sessions, Instant now);
@@ -103,6 +104,7 @@ class AgentsModel : public RecordListModel<AgentRecord, std::string> {
   // When the rows were made, and when the age in one of them changes.
   Instant publishedAt_ = Instant::min(), nextAgeAt_ = Instant::min();
   AgentCounts counts_;
+  AgentFace first_;
   bool isRefreshing_ = false;
   bool hasLoadedOnce_ = false;
 };

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Agents
 import Ambrel.Kit
 
-// How many sessions need the user, work and are done; only counts above 0 stand there.
+// How many sessions need the user, work and are done; only counts above 0 are shown. A single one is shown itself.
 TileFrame {
     id: root
 
@@ -12,7 +12,8 @@ TileFrame {
     readonly property bool hasWaiting: agents.needsInputCount > 0
     readonly property bool hasWorking: agents.workingCount > 0
     readonly property bool hasFinished: agents.finishedCount > 0
-    readonly property bool isQuiet: !hasWaiting && !hasWorking && !hasFinished
+    readonly property bool isAlone: agents.count === 1 && !isNarrow
+    readonly property bool isQuiet: !hasWaiting && !hasWorking && !hasFinished && !isAlone
 
     name: qsTr("AI Agents")
     symbol: "sparkles"
@@ -22,13 +23,21 @@ TileFrame {
     valueColor: Theme.ink2
     subLine: !isQuiet ? "" : agents.count === 0 ? qsTr("No agent activity") : agents.count === 1 ? qsTr("1 session") : qsTr("%1 sessions").arg(agents.count)
 
+    AgentTile {
+        visible: root.isAlone
+        y: root.valueTop + 1
+        width: parent.width
+        height: 34
+        session: root.agents.first
+        onAction: root.agents.openSession(session.id)
+    }
     Row {
         id: row
 
         readonly property int shown: (waiting.visible ? 1 : 0) + (working.visible ? 1 : 0) + (finished.visible ? 1 : 0)
         readonly property real used: (waiting.visible ? waiting.width : 0) + (working.visible ? working.width : 0) + (finished.visible ? finished.width : 0)
 
-        visible: !root.isQuiet
+        visible: !root.isQuiet && !root.isAlone
         y: root.hasHeader ? Theme.caption.line : 8
         spacing: shown > 1 ? Math.max(Theme.space2, Math.min(40, (parent.width - used) / (shown - 1))) : 0
 

@@ -77,9 +77,11 @@ struct Fixture {
     return list;
   }
   AgentsModel::Seams seams() {
-    return {.background = held.background(), .notifications = notifications, .workspace = workspace, .now = [this] {
-              return now;
-            }};
+    return {.background = held.background(),
+            .notifications = notifications,
+            .workspace = workspace,
+            .now = [this] { return now; },
+            .icon = [this](std::string_view bundleID) { return QString::fromStdString(workspace.iconOf(bundleID)); }};
   }
   // A whole poll that finds these sessions.
   void poll(std::vector<AgentSession> sessions) {
@@ -118,6 +120,7 @@ class AgentsModelTests : public QObject {
   void rowsSayWhatIsShown();
   void theSubtitleNamesTheToolWhenThereIsNothingElse_data();
   void theSubtitleNamesTheToolWhenThereIsNothingElse();
+  void theIconComesWithTheProgram();
   void countsAndSummary();
   void openingBringsTheToolForwardOrOpensIt_data();
   void openingBringsTheToolForwardOrOpensIt();
@@ -358,6 +361,17 @@ void AgentsModelTests::theSubtitleNamesTheToolWhenThereIsNothingElse() {
   one.detail = detail.isNull() ? std::nullopt : std::optional(detail.toStdString());
   f.poll({one});
   QCOMPARE(f.shown(0, AgentsModel::SubtitleRole).toString(), subtitle);
+}
+
+void AgentsModelTests::theIconComesWithTheProgram() {
+  Fixture f;
+  f.poll({session("codex:a", needsInput)});
+  QCOMPARE(f.model.first().icon, QString());
+  // It is installed while the bar runs; the next change of the list shows it.
+  f.workspace.icons["com.openai.codex"] = "codex";
+  f.poll({session("codex:b", needsInput, 1), session("codex:a", needsInput)});
+  QCOMPARE(f.shown(1, AgentsModel::IconRole).toString(), QStringLiteral("codex"));
+  QCOMPARE(f.model.first().id, QStringLiteral("codex:b"));
 }
 
 void AgentsModelTests::countsAndSummary() {
