@@ -34,6 +34,8 @@ FocusScope {
     ListView {
         id: list
 
+        readonly property var currentRow: currentItem
+
         anchors.fill: parent
         visible: root.isDone
         model: root.findings
@@ -51,9 +53,8 @@ FocusScope {
         onActiveFocusChanged: if (activeFocus && currentIndex < 0)
             currentIndex = 0
         Keys.onPressed: event => {
-            const row = currentItem as FindingDelegate;
-            if (row)
-                event.accepted = row.entry.pressKey(event.key);
+            if (currentRow)
+                event.accepted = currentRow.entry.pressKey(event.key);
         }
 
         delegate: FindingDelegate {

@@ -16,6 +16,7 @@ Item {
     required property string description
     required property rect frame
     required property int span
+    readonly property Item tile: loader.item as Item
 
     // The keyboard has come to a tile that may be scrolled out of sight.
     signal revealAsked(rect frame)
@@ -63,12 +64,11 @@ Item {
             root.context.openSettings(root.widget, root.item);
         }
         function onMenuRequested() {
-            Tips.leave(loader.item as Item);
+            Tips.leave(root.tile);
             root.context.openTileMenu(root.item);
         }
         function onActiveFocusChanged() {
-            const tile = loader.item as TileFrame;
-            if (tile && tile.activeFocus)
+            if (root.tile.activeFocus)
                 root.revealAsked(root.frame);
         }
     }

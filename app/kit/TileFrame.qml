@@ -54,10 +54,10 @@ Pressable {
                 text += (part === unit ? " " : ", ") + part;
         return text;
     }
-    readonly property TileRows textRows: rows.item as TileRows
+    property bool areRowsElided: false
 
     label: spoken
-    tip: textRows && textRows.isElided || header.isElided ? spoken : ""
+    tip: areRowsElided || header.isElided ? spoken : ""
     width: implicitWidth
     height: implicitHeight
     implicitHeight: Theme.tileHeight
@@ -130,6 +130,8 @@ Pressable {
             problem: root.problem
             staleSince: root.isStale ? root.staleSince : ""
             reserved: root.reserved
+            onIsElidedChanged: root.areRowsElided = isElided
+            Component.onDestruction: root.areRowsElided = false
         }
     }
 
