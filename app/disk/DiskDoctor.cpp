@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "app/base/StoredValue.h"
 #include "app/disk/DiskTexts.h"
 #include "app/disk/ScanNews.h"
+#include "core/base/PlatformWords.h"
 #include "core/disk/DiskPrompts.h"
 
 namespace ambrel {
@@ -75,7 +77,7 @@ void DiskDoctor::setPhase(Phase phase, bool isAnalyzing, const QString& message)
 
 QString DiskDoctor::skippedText() const {
   if (skipped_.empty()) return {};
-  return tr("%1 protected folders were skipped. Full Disk Access lets Buddy read them.")
+  return toQString("%1 protected folders were skipped. {fullDiskAccess} lets Buddy read them."_local)
       .arg(shownCount(seams_.calendar, static_cast<std::int64_t>(skipped_.size())));
 }
 

@@ -4,6 +4,7 @@
 
 #include "app/telemetry/TelemetryTexts.h"
 #include "app/telemetry/TelemetryWords.h"
+#include "core/base/PlatformWords.h"
 
 namespace ambrel {
 
@@ -18,7 +19,7 @@ TileReading measuring(const char* symbol) {
 }
 
 TileReading noBattery() {
-  const QString text = tr("This Mac runs on power");
+  const QString text = toQString("This {machine} runs on power"_local);
   return {.message = text, .shortMessage = tr("None"), .symbol = QStringLiteral("bolt"), .tip = text};
 }
 
@@ -162,7 +163,8 @@ TileReading keepAwakeTile(bool isHeld, bool hasFailed) {
   if (hasFailed)
     return {.value = tr("Failed"), .tip = tr("The session does not let programs keep it awake"), .level = 1};
   return {.value = isHeld ? tr("Awake") : tr("Off"),
-          .tip = isHeld ? tr("The computer stays awake. Click to switch") : tr("Keeps the Mac awake. Click to switch"),
+          .tip = isHeld ? toQString("The {machine} stays awake. Click to switch"_local)
+                        : toQString("Keeps the {machine} awake. Click to switch"_local),
           .isOn = isHeld};
 }
 

@@ -7,6 +7,7 @@
 #include "app/base/StoredValue.h"
 #include "app/telemetry/TelemetryWords.h"
 #include "core/base/LocalText.h"
+#include "core/base/PlatformWords.h"
 
 namespace ambrel {
 
@@ -49,8 +50,8 @@ TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const 
 }
 
 TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading>& pressure) {
-  const QString help =
-      tr("Memory pressure, as Activity Monitor shows it. Swap is memory that macOS moved to the disk.");
+  const QString help = toQString(
+      "Memory pressure, as {activityMonitor} shows it. Swap is memory that {system} moved to the disk."_local);
   if (pressure.isUnavailable) return saying(tr("No memory statistics"), tr("No data"), help);
   if (!pressure.value) return measuring();
   const PressureReading& reading = *pressure.value;
@@ -98,8 +99,8 @@ TileReading topAppsTile(const Calendar& calendar, const Sampled<std::vector<Proc
 }
 
 TileReading thermalTile(const Calendar& calendar, const Sampled<ThermalReading>& thermal) {
-  const QString help =
-      tr("The thermal state macOS reports. From Serious on, macOS slows the processor down to cool the Mac.");
+  const QString help = toQString(
+      "The thermal state {system} reports. From Serious on, {system} slows the processor down to cool the {machine}."_local);
   if (thermal.isUnavailable) return saying(tr("No sensor found"), tr("None"), help);
   if (!thermal.value) return measuring();
   const ThermalReading& reading = *thermal.value;
@@ -152,7 +153,7 @@ TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& c
 }
 
 TileReading wifiTile(const Calendar& calendar, const Sampled<WiFiReading>& wifi) {
-  if (wifi.isUnavailable) return saying(tr("This Mac has no Wi-Fi"), tr("No Wi-Fi"));
+  if (wifi.isUnavailable) return saying(toQString("This {machine} has no Wi-Fi"_local), tr("No Wi-Fi"));
   if (!wifi.value) return measuring();
   const WiFiReading& reading = *wifi.value;
   if (!reading.isOn) return saying(tr("Wi-Fi is turned off"), tr("Off"));

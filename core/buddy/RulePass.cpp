@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "core/base/LocalText.h"
+#include "core/base/PlatformWords.h"
 #include "core/buddy/BuddyText.h"
 #include "core/buddy/Thresholds.h"
 #include "core/usage/WindowName.h"
@@ -209,7 +210,7 @@ void RulePass::processor() {
   if (!since) since = now_;
   if (secondsBetween(*since, now_) < highLoadLasts) return;
   notices_.emplace_back(
-      "cpu.high", BuddyRule::cpuHigh, "Your Mac is working hard",
+      "cpu.high", BuddyRule::cpuHigh, std::string("Your {machine} is working hard"_local),
       "CPU above 90% for 2 minutes." + (signals_.topProcess ? " Mostly " + *signals_.topProcess + "." : ""), now_,
       std::vector<BuddyAction>{}, std::nullopt, advanced(now_, highLoadExpires));
 }

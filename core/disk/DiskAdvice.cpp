@@ -5,6 +5,7 @@
 #include <map>
 
 #include "core/base/LocalText.h"
+#include "core/base/PlatformWords.h"
 #include "core/base/Text.h"
 
 namespace ambrel::DiskAdvice {
@@ -105,7 +106,7 @@ std::string headline(const std::vector<DiskFinding>& findings) {
   std::map<FindingGroup, std::int64_t> totals;
   for (const DiskFinding& finding : findings)
     if (const auto place = group(finding.rule)) totals[*place] += finding.bytes();
-  if (totals.empty()) return "Your Mac looks tidy.";
+  if (totals.empty()) return std::string("Your {machine} looks tidy."_local);
   return "Mostly " + joinedByAnd(largest(totals), [](FindingGroup entry) { return std::string(title(entry)); });
 }
 
@@ -168,7 +169,8 @@ std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findin
   std::string text = fmt::format("It takes {} and changed {}. ", fileSize(calendar, item.size()),
                                  relativeAge(calendar, item.modified(), now));
   if (isMainFolder(path, base))
-    return text + repairedUTF8(item.name()) + " is a main folder of your Mac. Clean what is inside it instead.";
+    return (text + repairedUTF8(item.name()))
+        .append(" is a main folder of your {machine}. Clean what is inside it instead."_local);
   if (!found) {
     if (isWithin(path, joinedPath(base, "Library")))
       return text +
@@ -188,7 +190,8 @@ std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findin
   }
   if (item.kind() == DiskItem::Kind::package && asciiLower(item.name()).ends_with(".app"))
     return text + "If you no longer use this app, you can move it to the Trash. Its settings stay in your Library.";
-  return text + "Buddy does not know this item. Open it in Finder to check before you move it to the Trash.";
+  return text.append(
+      "Buddy does not know this item. Open it in {fileManager} to check before you move it to the Trash."_local);
 }
 
 namespace {

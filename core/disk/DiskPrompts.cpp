@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "core/base/LocalText.h"
+#include "core/base/PlatformWords.h"
 #include "core/base/Text.h"
 #include "core/disk/DiskAdvice.h"
 
@@ -22,11 +23,11 @@ std::string oneLine(std::string_view name) {
 }  // namespace
 
 std::string_view systemText() {
-  return "You are Buddy, the helper in Disk Doctor, a disk cleanup tool in Tilebay for macOS.\n"
+  return "You are Buddy, the helper in Disk Doctor, a disk cleanup tool in Tilebay for {system}.\n"
          "You only get metadata: names, paths, sizes, dates and the app's own rules. You never see file contents.\n"
          "Answer in plain words, in two or three short sentences, without lists or markdown.\n"
          "You never delete, move or select files, and you never say that you will. The user decides and confirms.\n"
-         "When you are not sure, tell the user to check the item in Finder first.";
+         "When you are not sure, tell the user to check the item in {fileManager} first."_local;
 }
 
 std::string summaryPrompt(const DiskItem& root, const std::vector<DiskFinding>& findings, const Calendar& calendar) {

@@ -1,3 +1,4 @@
+#include "core/base/PlatformWords.h"
 #include "core/base/Text.h"
 #include "core/widgets.h"
 
@@ -26,17 +27,17 @@ constexpr std::array catalogue{
     Entry{DockWidget::codexLimits, "Codex Limits", "chevron.left.forwardslash.chevron.right", WidgetGroup::developer, extraLarge, medium, ProFeature::agentTracking,
           "Codex 5-hour and weekly limits, as OpenAI reports them"},
     Entry{DockWidget::clipboard, "Clipboard", "doc.on.clipboard", WidgetGroup::productivity, large, medium, std::nullopt,
-          "Clipboard history (⌥⌘V)"},
+          "Clipboard history ({shelfKeys})"_local},
     Entry{DockWidget::downloads, "Downloads", "arrow.down.circle", WidgetGroup::productivity, large, medium, std::nullopt,
           "The newest files in Downloads. Click one to open it"},
     Entry{DockWidget::screenshot, "Screenshot", "camera.viewfinder", WidgetGroup::productivity, small, small, std::nullopt,
           "Opens the Screenshot tool"},
     Entry{DockWidget::screenNotes, "Screen Notes", "mappin.and.ellipse", WidgetGroup::productivity, small, small, ProFeature::screenNotes,
-          "Capture the screen and pin numbered notes on it, to send as a review (⌃⌥⌘N)"},
+          "Capture the screen and pin numbered notes on it, to send as a review ({notesKeys})"_local},
     Entry{DockWidget::translate, "Quick Translate", "translate", WidgetGroup::textTools, small, small, ProFeature::translate,
-          "Translates the text on the clipboard, on this Mac"},
+          "Translates the text on the clipboard, on this {machine}"_local},
     Entry{DockWidget::keepAwake, "Keep Awake", "cup.and.heat.waves", WidgetGroup::system, small, small, std::nullopt,
-          "Keeps the Mac awake. Click to switch"},
+          "Keeps the {machine} awake. Click to switch"_local},
     Entry{DockWidget::colorPicker, "Color Picker", "eyedropper", WidgetGroup::productivity, small, small, std::nullopt,
           "Picks a color from anywhere on the screen and copies it. Click to pick"},
     Entry{DockWidget::emoji, "Emoji", "face.smiling.inverse", WidgetGroup::textTools, small, small, std::nullopt,

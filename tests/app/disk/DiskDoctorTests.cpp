@@ -156,7 +156,7 @@ void DiskDoctorTests::skippedFoldersAreCounted() {
     desk.held.letGo();
   }
   desk.held.letGo();
-  QCOMPARE(desk.doctor().skippedText(), "1 protected folders were skipped. Full Disk Access lets Buddy read them.");
+  QCOMPARE(desk.doctor().skippedText(), "1 protected folders were skipped. Read permission lets Buddy read them.");
   QCOMPARE(desk.doctor().skippedFolders(), "~/closed");
 }
 
@@ -488,7 +488,7 @@ void DiskDoctorTests::withoutAModelTheRulesAnswer() {
   QVERIFY(!question.isAnswering());
   QVERIFY(!question.takesQuestions());
   desk.doctor().askAbout(desk.idOf("Documents"));
-  QVERIFY2(question.answer().contains("Documents is a main folder of your Mac."), qPrintable(question.answer()));
+  QVERIFY2(question.answer().contains("Documents is a main folder of your computer."), qPrintable(question.answer()));
   desk.doctor().askAbout("/nowhere");
   QCOMPARE(question.name(), "Documents");
   question.close();

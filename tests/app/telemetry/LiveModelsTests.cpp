@@ -152,7 +152,7 @@ void LiveModelsTests::theHealthGoesWithTheBattery() {
   computer.telemetry.powerReading = PowerReading{.isOnAdapter = true};
   computer.pass(ticks);
   computer.held.letGo();
-  QCOMPARE(text->message(), QStringLiteral("This Mac runs on power"));
+  QCOMPARE(text->message(), QStringLiteral("This computer runs on power"));
   computer.telemetry.health = healthWas;
   computer.telemetry.powerReading = powerWas;
   computer.pass(ticks);

@@ -60,10 +60,10 @@ TEST(Catalogue, KeepsTheSettledTextsToTheLetter) {
   const Row rows[] = {
       {DockWidget::buddy, "Dock Buddy", "face.smiling",
        "A little character that watches your work and tells you what matters. Click for its notes and Ask Buddy"},
-      {DockWidget::clipboard, "Clipboard", "doc.on.clipboard", "Clipboard history (⌥⌘V)"},
+      {DockWidget::clipboard, "Clipboard", "doc.on.clipboard", "Clipboard history (Super+Alt+V)"},
       {DockWidget::screenNotes, "Screen Notes", "mappin.and.ellipse",
-       "Capture the screen and pin numbered notes on it, to send as a review (⌃⌥⌘N)"},
-      {DockWidget::keepAwake, "Keep Awake", "cup.and.heat.waves", "Keeps the Mac awake. Click to switch"},
+       "Capture the screen and pin numbered notes on it, to send as a review (Ctrl+Super+Alt+N)"},
+      {DockWidget::keepAwake, "Keep Awake", "cup.and.heat.waves", "Keeps the computer awake. Click to switch"},
       {DockWidget::weather, "Weather", "cloud.sun", "Current weather. Click to choose a city"},
       {DockWidget::disk, "Disk", "internaldrive", "Free space. Click for Disk Doctor: Buddy finds what you can clean"},
       {DockWidget::standUp, "Stand Up", "figure.stand",
@@ -122,7 +122,7 @@ TEST(Gallery, FindsByTitleAndDescriptionWhateverTheCase) {
   EXPECT_THAT(widgetsMatching("hacker n"), ElementsAre(DockWidget::hackerNews));
   // In the description alone.
   EXPECT_THAT(widgetsMatching("disk DOCTOR"), ElementsAre(DockWidget::disk));
-  EXPECT_THAT(widgetsMatching("⌥⌘V"), ElementsAre(DockWidget::clipboard));
+  EXPECT_THAT(widgetsMatching("super+alt+v"), ElementsAre(DockWidget::clipboard));
   EXPECT_THAT(widgetsMatching(" clock "),
               ElementsAre(DockWidget::clock, DockWidget::analogClock, DockWidget::worldClock, DockWidget::flipClock,
                           DockWidget::binaryClock));
