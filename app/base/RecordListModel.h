@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "app/base/RowChanges.h"
+
 namespace ambrel {
 
 // `Record` has ==. `Key` is ordered; `keyOf` gives it. Keys may repeat; equal keys are matched in their order.
@@ -30,53 +32,74 @@ class RecordListModel : public QAbstractListModel {
   // Says whether anything changed.
   bool setRows(const std::vector<Record>& next) {
     if (next == rows_) return false;
-    removeMissing(next);
-    for (std::size_t i = 0; i < next.size(); ++i) place(next[i], i);
+    Numbers numbers;
+    const std::vector<int> before = numbered(rows_, numbers), after = numbered(next, numbers);
+    for (const RowChange& step : rowChanges<int>(before, after, mostSteps)) carryOut(step, next);
+    announceChanges(next);
     return true;
   }
 
  private:
-  void removeMissing(const std::vector<Record>& next) {
-    std::map<Key, int> wanted;
-    for (const Record& record : next) ++wanted[keyOf(record)];
-    std::vector<bool> stays;
-    for (const Record& record : rows_) stays.push_back(wanted[keyOf(record)]-- > 0);
-    for (std::size_t end = rows_.size(); end > 0;) {
-      if (stays[end - 1]) {
-        --end;
-        continue;
+  // More steps than this cost more than they keep.
+  static constexpr std::size_t mostSteps = 256;
+
+  // A number for the first row of a key, another for its second, and so on; the same in both lists.
+  using Numbers = std::map<std::pair<Key, int>, int>;
+  std::vector<int> numbered(const std::vector<Record>& rows, Numbers& numbers) const {
+    std::map<Key, int> seen;
+    std::vector<int> list;
+    list.reserve(rows.size());
+    for (const Record& record : rows) {
+      const Key key = keyOf(record);
+      const int place = seen[key]++;
+      list.push_back(numbers.try_emplace({key, place}, static_cast<int>(numbers.size())).first->second);
+    }
+    return list;
+  }
+
+  void carryOut(const RowChange& step, const std::vector<Record>& next) {
+    const int first = step.first, last = step.last;
+    switch (step.kind) {
+      case RowChange::Kind::remove:
+        beginRemoveRows({}, first, last);
+        rows_.erase(at(first), at(last + 1));
+        endRemoveRows();
+        break;
+      case RowChange::Kind::insert: {
+        // Insertions come last and in order, so that their rows are already those of the new list.
+        const auto from = next.begin() + first;
+        beginInsertRows({}, first, last);
+        rows_.insert(at(first), from, from + (last - first + 1));
+        endInsertRows();
+        break;
       }
-      std::size_t begin = end;
-      while (begin > 0 && !stays[begin - 1]) --begin;
-      beginRemoveRows({}, static_cast<int>(begin), static_cast<int>(end) - 1);
-      rows_.erase(at(begin), at(end));
-      endRemoveRows();
-      end = begin;
+      case RowChange::Kind::move:
+        beginMoveRows({}, first, first, {}, last > first ? last + 1 : last);
+        if (last > first)
+          std::rotate(at(first), at(first + 1), at(last + 1));
+        else
+          std::rotate(at(last), at(first), at(first + 1));
+        endMoveRows();
+        break;
     }
   }
 
-  // Brings the record to row `i`; the rows before it are in place already.
-  void place(const Record& record, std::size_t i) {
-    const Key key = keyOf(record);
-    std::size_t from = i;
-    while (from < rows_.size() && keyOf(rows_[from]) != key) ++from;
-    if (from == rows_.size()) {
-      beginInsertRows({}, static_cast<int>(i), static_cast<int>(i));
-      rows_.insert(at(i), record);
-      endInsertRows();
-      return;
+  // The keys are in place; neighbours that differ are announced together.
+  void announceChanges(const std::vector<Record>& next) {
+    const std::size_t count = rows_.size();
+    for (std::size_t first = 0; first < count; ++first) {
+      std::size_t end = first;
+      while (end < count && !(rows_[end] == next[end])) {
+        rows_[end] = next[end];
+        ++end;
+      }
+      if (end == first) continue;
+      Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(end) - 1));
+      first = end;
     }
-    if (from != i) {
-      beginMoveRows({}, static_cast<int>(from), static_cast<int>(from), {}, static_cast<int>(i));
-      std::rotate(at(i), at(from), at(from + 1));
-      endMoveRows();
-    }
-    if (rows_[i] == record) return;
-    rows_[i] = record;
-    Q_EMIT dataChanged(index(static_cast<int>(i)), index(static_cast<int>(i)));
   }
 
-  auto at(std::size_t position) { return rows_.begin() + static_cast<std::ptrdiff_t>(position); }
+  auto at(int position) { return rows_.begin() + position; }
 
   std::vector<Record> rows_;
 };

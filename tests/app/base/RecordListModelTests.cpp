@@ -22,7 +22,13 @@ class Rows : public RecordListModel<Row, int> {
   }
 
  protected:
-  int keyOf(const Row& row) const override { return row.key; }
+  int keyOf(const Row& row) const override {
+    ++lookups;
+    return row.key;
+  }
+
+ public:
+  mutable std::size_t lookups = 0;
 };
 
 std::vector<Row> keys(std::initializer_list<int> list) {
@@ -66,6 +72,23 @@ class RecordListModelTests : public QObject {
     QCOMPARE(inserted.size(), 1);
     QCOMPARE(removed.size(), 1);
     QCOMPARE(reset.size(), 0);
+  }
+
+  void thousandsOfRowsComeAtTheCostOfTheirNumber() {
+    constexpr int count = 8000;
+    std::vector<Row> all, reversed;
+    for (int key = 0; key < count; ++key) all.push_back({key, key});
+    reversed.assign(all.rbegin(), all.rend());
+    Rows model;
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted), changed(&model, &QAbstractItemModel::dataChanged);
+    model.setRows(all);
+    QCOMPARE(inserted.size(), 1);
+    for (Row& row : all) row.value = -1;
+    model.setRows(all);
+    QCOMPARE(changed.size(), 1);
+    model.setRows(reversed);
+    QVERIFY(model.rows() == reversed);
+    QVERIFY(model.lookups <= 6 * count);
   }
 };
 
