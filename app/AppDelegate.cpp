@@ -231,7 +231,12 @@ void AppDelegate::makePanels() {
   };
 
   welcomePanel_ = makePanel("Panels/WelcomeView.qml", {}, {480, 500});
-  welcomePanel_->onContentMade = [customizes](QObject& content) { customizes(content, SIGNAL(customizeWanted())); };
+  welcomePanel_->setStays(true);
+  welcomePanel_->onContentMade = [this, customizes](QObject& content) {
+    connect(&content, SIGNAL(closeRequested()), this, SLOT(finishWelcome()));
+    connect(&content, SIGNAL(customizeWanted()), this, SLOT(finishWelcome()));
+    customizes(content, SIGNAL(customizeWanted()));
+  };
 
   agentsPanel_ = makePanel("Agents/AgentsPanelView.qml", {{QStringLiteral("agents"), toVariant(agents_)}}, {620, 320});
   agentsPanel_->setProperty(QStringLiteral("presentation"), toVariant(agentsPanel_->presentation()));
@@ -382,7 +387,9 @@ void AppDelegate::makeStatusItem() {
 }
 
 void AppDelegate::updateStatusItem() {
+  const Profile* active = model_.activeProfile();
   statusItem_->update(menuModel({.profiles = model_.profiles(),
+                                 .activeProfileID = active ? std::optional(active->id) : std::nullopt,
                                  .pinnedProfileID = model_.pinnedProfileID(),
                                  .displays = model_.displays(),
                                  .workingCount = agents_.workingCount(),
@@ -393,15 +400,10 @@ void AppDelegate::updateStatusItem() {
 
 void AppDelegate::firstRun() {
   if (defaults_.boolean("welcomeDone").value_or(false)) return;
-  later()(Seconds(0.6), [this] {
-    if (!welcomePanel_->isShown()) openWelcome();
-  });
+  later()(Seconds(0.6), [this] { show(welcomePanel_.get()); });
 }
 
-void AppDelegate::openWelcome() {
-  toggle(welcomePanel_.get());
-  remember("welcomeDone", {true});
-}
+void AppDelegate::finishWelcome() { remember("welcomeDone", {true}); }
 
 void AppDelegate::remember(const std::string& key, DefaultsValue value) {
   try {
@@ -418,13 +420,11 @@ void AppDelegate::chooseSettingsTab(const QString& tab) {
   remember("settingsTab", {tab.toStdString()});
 }
 
-void AppDelegate::openCustomize() {
-  if (!customizePanel_->isShown()) toggle(customizePanel_.get());
-}
+void AppDelegate::openCustomize() { show(customizePanel_.get()); }
 
 void AppDelegate::openAgentSettings() {
   chooseSettingsTab(QStringLiteral("agents"));
-  if (!settingsPanel_->isShown()) toggle(settingsPanel_.get());
+  show(settingsPanel_.get());
 }
 
 void AppDelegate::openPurchasePage() { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); }
@@ -478,6 +478,13 @@ void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
   panel->toggle(dock_->anchor(item));
 }
 
+void AppDelegate::show(DockPopoverController* panel) {
+  if (!panel->isShown())
+    toggle(panel);
+  else if (QWindow* window = panel->window())
+    window->requestActivate();
+}
+
 bool AppDelegate::permits(ProFeature feature) {
   if (license_.allows(feature)) return true;
   license_.showUpsell();
@@ -487,7 +494,7 @@ bool AppDelegate::permits(ProFeature feature) {
 void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profile) {
   switch (command) {
     case MenuCommand::pinProfile:
-      if (permits(ProFeature::profileSwitching)) model_.setPinnedProfileID(profile);
+      if (!profile || permits(ProFeature::profileSwitching)) model_.setPinnedProfileID(profile);
       break;
     case MenuCommand::toggleAgents:
       carryOut(wish::ToggleAgents{});
@@ -496,7 +503,7 @@ void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profi
       toggle(customizePanel_.get());
       break;
     case MenuCommand::openWelcomeGuide:
-      openWelcome();
+      show(welcomePanel_.get());
       break;
     case MenuCommand::buyPro:
       openPurchasePage();
@@ -531,7 +538,7 @@ void AppDelegate::carryOut(const Wish& wish) {
                           const auto agents = QStringLiteral("agents");
                           context_->activate(agents, context_->itemOf(agents));
                         },
-                        [this](const wish::Settings&) { toggle(settingsPanel_.get()); },
+                        [this](const wish::Settings&) { show(settingsPanel_.get()); },
                         [](const wish::Quit&) { QCoreApplication::quit(); },
                         [this](const wish::ToggleClipboard&) { shelf_->toggle(); },
                         [this](const wish::CopyPinned& pinned) { shelf_->copyPinned(pinned.number); },

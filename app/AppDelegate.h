@@ -57,6 +57,7 @@ class AppDelegate : public QObject {
   void launch();
 
   void carryOut(const Wish& wish);
+  void carryOut(MenuCommand command, const std::optional<UUID>& profile);
 
   // Reached by the tests and by the menu.
   AppModel& model() { return model_; }
@@ -80,6 +81,8 @@ class AppDelegate : public QObject {
 
  private Q_SLOTS:
   void openCustomize();
+  // The user has gone through the guide, which is then not shown at the next start.
+  void finishWelcome();
   void openAgentSettings();
   void openBuddySettings();
   void openClipboardSettings();
@@ -142,11 +145,11 @@ class AppDelegate : public QObject {
   void panelsChanged();
   // Closes the other panels, and opens or closes this one beside the tile of a slot (empty: the middle of the bar).
   void toggle(DockPopoverController* panel, const QString& item = {});
+  // Opens it in the middle of the bar; one that is open gets the keyboard.
+  void show(DockPopoverController* panel);
   void openTileMenu(const QString& item);
-  void openWelcome();
   // Whether the licence allows the feature; if not, it says what the licence would give.
   bool permits(ProFeature feature);
-  void carryOut(MenuCommand command, const std::optional<UUID>& profile);
   std::string settingsTab() const;
   // The value stands in memory even when it cannot be written.
   void remember(const std::string& key, DefaultsValue value);

@@ -25,7 +25,7 @@ QWindow* DockPopoverController::window() const { return window_.get(); }
 
 void DockPopoverController::makeWindow() {
   window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::panel);
-  connect(window_.get(), &PanelWindow::leaveAsked, &presentation_, &Presentation::dismiss);
+  if (!stays_) connect(window_.get(), &PanelWindow::leaveAsked, &presentation_, &Presentation::dismiss);
   window_->setInitialProperties({{QStringLiteral("presentation"), QVariant::fromValue(&presentation_)},
                                  {QStringLiteral("window"), QVariant::fromValue(window_.get())},
                                  {QStringLiteral("contentSource"), content_.source},

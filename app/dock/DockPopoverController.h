@@ -47,6 +47,9 @@ class DockPopoverController : public QObject {
   void close();
   void toggle(const PanelAnchor& anchor);
 
+  // Whether it stays when another window takes the keyboard, until its content asks to be closed. Before the first
+  // opening.
+  void setStays(bool stays) { stays_ = stays; }
   // From the next opening on.
   void setSize(QSize size) { content_.size = size; }
   // Changes a property of what is shown, now or at the first opening.
@@ -69,7 +72,7 @@ class DockPopoverController : public QObject {
   PanelContent content_;
   Presentation presentation_;
   std::unique_ptr<PanelWindow> window_;
-  bool wasShown_ = false;
+  bool wasShown_ = false, stays_ = false;
 };
 
 }  // namespace ambrel

@@ -14,6 +14,7 @@ Item {
     required property string title
     required property string symbol
     required property string description
+    required property bool isKnown
     required property rect frame
     required property int span
     readonly property Item tile: loader.item as Item
@@ -42,6 +43,7 @@ Item {
             name: root.title
             symbol: root.symbol
             description: root.description
+            isKnown: root.isKnown
         }
     }
 

@@ -2,22 +2,24 @@ import QtQuick
 import Ambrel.Dock
 import Ambrel.Kit
 
-// Stands calmly for a widget that has nothing to show yet.
+// Stands for a widget that has nothing to show yet, or that this version does not know.
 TileFrame {
     id: root
 
     required property string description
+    required property bool isKnown
     readonly property bool isSmall: span === TileFrame.Small
 
     label: name + ", " + description
     tip: description
+    problem: isKnown ? "" : description
     hasHeader: !isSmall
     value: isSmall ? "" : qsTr("Soon")
     valueColor: Theme.ink3
     subLine: isSmall ? "" : description
 
     Symbol {
-        visible: root.isSmall
+        visible: root.isSmall && root.isKnown
         anchors.horizontalCenter: parent.horizontalCenter
         y: 6
         name: root.symbol
@@ -25,7 +27,7 @@ TileFrame {
         color: Theme.ink3
     }
     Label {
-        visible: root.isSmall
+        visible: root.isSmall && root.isKnown
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
         width: Math.min(implicitWidth, parent.width)

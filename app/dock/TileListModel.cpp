@@ -19,6 +19,7 @@ TileRecord tileOf(const DockItem& item, const std::string& widgetID) {
     tile.title = tile.widget;
     tile.symbol = QStringLiteral("questionmark.circle");
     tile.description = QStringLiteral("This version does not know this widget");
+    tile.isKnown = false;
   }
   return tile;
 }
@@ -50,6 +51,8 @@ QVariant TileListModel::data(const QModelIndex& index, int role) const {
       return tile->symbol;
     case DescriptionRole:
       return tile->description;
+    case KnownRole:
+      return tile->isKnown;
     case FrameRole:
       return tile->frame;
     case SpanRole:
@@ -60,8 +63,13 @@ QVariant TileListModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> TileListModel::roleNames() const {
-  return {{ItemRole, "item"},     {WidgetRole, "widget"},           {TitleRole, "title"},
-          {SymbolRole, "symbol"}, {DescriptionRole, "description"}, {FrameRole, "frame"},
+  return {{ItemRole, "item"},
+          {WidgetRole, "widget"},
+          {TitleRole, "title"},
+          {SymbolRole, "symbol"},
+          {DescriptionRole, "description"},
+          {KnownRole, "isKnown"},
+          {FrameRole, "frame"},
           {SpanRole, "span"}};
 }
 

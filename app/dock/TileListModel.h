@@ -16,8 +16,9 @@ struct TileRecord {
   QString title;
   QString symbol;
   QString description;
-  QRectF frame;  // from the slab's upper left corner, before any scrolling
-  int span = 0;  // 0 to 3, from the narrowest width to the widest
+  bool isKnown = true;  // to this version
+  QRectF frame;         // from the slab's upper left corner, before any scrolling
+  int span = 0;         // 0 to 3, from the narrowest width to the widest
   friend bool operator==(const TileRecord&, const TileRecord&) = default;
 };
 
@@ -27,7 +28,16 @@ class TileListModel : public RecordListModel<TileRecord, QString> {
   QML_UNCREATABLE("belongs to the bar")
 
  public:
-  enum Role { ItemRole = Qt::UserRole, WidgetRole, TitleRole, SymbolRole, DescriptionRole, FrameRole, SpanRole };
+  enum Role {
+    ItemRole = Qt::UserRole,
+    WidgetRole,
+    TitleRole,
+    SymbolRole,
+    DescriptionRole,
+    KnownRole,
+    FrameRole,
+    SpanRole
+  };
   Q_ENUM(Role)
   using RecordListModel::RecordListModel;
 

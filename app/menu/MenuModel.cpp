@@ -41,7 +41,8 @@ MenuModel menuModel(const MenuState& state) {
   MenuModel menu;
   menu.attention = state.isAgentTrackingAllowed ? std::max(0, state.needsInputCount) : 0;
   auto& entries = menu.entries;
-  if (const Profile* active = resolve(state.profiles, state.displays, state.pinnedProfileID))
+  if (const auto active = std::ranges::find(state.profiles, state.activeProfileID, &Profile::id);
+      active != state.profiles.end())
     entries.push_back(text("Active: " + active->name));
   entries.push_back(text(displayContext(state.displays) == DisplayContext::external ? "External display connected"
                                                                                     : "Built-in display only"));

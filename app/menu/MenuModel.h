@@ -42,6 +42,7 @@ struct MenuModel {
 // What the menu tells about.
 struct MenuState {
   std::vector<Profile> profiles;
+  std::optional<UUID> activeProfileID;
   std::optional<UUID> pinnedProfileID;
   std::vector<DisplaySnapshot> displays;
   int workingCount = 0;

@@ -12,7 +12,7 @@ FocusScope {
     function add(name, trigger) {
         const trimmed = name.trim();
         if (trimmed !== "")
-            model.pinnedProfileID = model.addProfile(trimmed, trigger);
+            model.addProfile(trimmed, trigger);
         isNaming = false;
     }
 

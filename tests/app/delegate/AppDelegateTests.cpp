@@ -6,11 +6,6 @@
 #include "tests/app/delegate/Program.h"
 
 namespace ambrel {
-namespace {
-
-using PanelOf = DockPopoverController* (*)(AppDelegate&);
-
-}  // namespace
 
 class AppDelegateTests : public QObject {
   Q_OBJECT
@@ -19,14 +14,15 @@ class AppDelegateTests : public QObject {
   void itComesUpWithTheBar();
   void desktopsMadeWithGTKAreKnown();
   void theFirstRunWelcomes();
-  void wishesOpenAndCloseTheirPanels_data();
-  void wishesOpenAndCloseTheirPanels();
+  void theAgentsWishClosesWhatItOpened();
+  void theSettingsWishNeverClosesThem();
   void diskDoctorOpensFromItsTileAndByWish();
   void onePanelIsOpenAtATime();
   void theKeysAreTaken();
   void aKeyOfAnotherProgramIsNoFault();
   void aClickOnANotificationLeadsToItsSession();
   void withoutALicenceAPanelSaysWhatItGives();
+  void theDisplaysMayChooseWithoutALicence();
   void buddyIsPutOnEveryBarOnce();
   void buddysTileOpensHisInbox();
   void whileBuddySpeaksTheBarStays();
@@ -61,31 +57,44 @@ void AppDelegateTests::itComesUpWithTheBar() {
 }
 
 void AppDelegateTests::theFirstRunWelcomes() {
-  {
-    Program program(true);
-    program.delegate->launch();
-    QTRY_VERIFY(program.delegate->welcomePanel()->isShown());
-    QCOMPARE(UserDefaults(program.folder / "defaults.json").boolean("welcomeDone"), true);
-  }
+  Program program(true);
+  program.delegate->launch();
+  DockPopoverController* guide = program.delegate->welcomePanel();
+  const auto isDone = [&] { return UserDefaults(program.folder / "defaults.json").boolean("welcomeDone").has_value(); };
+  QTRY_VERIFY(guide->isShown());
+  // A program that comes to the front does not end it.
+  QTRY_VERIFY(guide->window()->isActive());
+  QWindow other;
+  other.show();
+  other.requestActivate();
+  QTRY_VERIFY(!guide->window()->isActive());
+  QVERIFY(guide->isShown());
+  QVERIFY(!isDone());
+
+  guide->window()->requestActivate();
+  QTRY_VERIFY(guide->window()->isActive());
+  QTest::keyClick(guide->window(), Qt::Key_Return);
+  QVERIFY(!guide->isShown());
+  QVERIFY(isDone());
+  QCOMPARE(program.warnings.take(), QStringList());
 }
 
-void AppDelegateTests::wishesOpenAndCloseTheirPanels_data() {
-  QTest::addColumn<Wish>("wish");
-  QTest::addColumn<PanelOf>("panel");
-  QTest::newRow("agents") << Wish(wish::ToggleAgents{}) << PanelOf([](AppDelegate& it) { return it.agentsPanel(); });
-  QTest::newRow("settings") << Wish(wish::Settings{}) << PanelOf([](AppDelegate& it) { return it.settingsPanel(); });
-}
-
-void AppDelegateTests::wishesOpenAndCloseTheirPanels() {
-  QFETCH(Wish, wish);
-  QFETCH(PanelOf, panel);
+void AppDelegateTests::theAgentsWishClosesWhatItOpened() {
   Program program;
   program.delegate->launch();
-  DockPopoverController* opened = panel(*program.delegate);
-  program.delegate->carryOut(wish);
-  QVERIFY(opened->isShown());
-  program.delegate->carryOut(wish);
-  QVERIFY(!opened->isShown());
+  program.delegate->carryOut(wish::ToggleAgents{});
+  QVERIFY(program.delegate->agentsPanel()->isShown());
+  program.delegate->carryOut(wish::ToggleAgents{});
+  QVERIFY(!program.delegate->agentsPanel()->isShown());
+  QCOMPARE(program.warnings.take(), QStringList());
+}
+
+void AppDelegateTests::theSettingsWishNeverClosesThem() {
+  Program program;
+  program.delegate->launch();
+  program.delegate->carryOut(wish::Settings{});
+  program.delegate->carryOut(wish::Settings{});
+  QVERIFY(program.delegate->settingsPanel()->isShown());
   QCOMPARE(program.warnings.take(), QStringList());
 }
 
@@ -153,6 +162,19 @@ void AppDelegateTests::withoutALicenceAPanelSaysWhatItGives() {
   program.delegate->carryOut(wish::ToggleAgents{});
   QVERIFY(!program.delegate->agentsPanel()->isShown());
   QVERIFY(program.delegate->isAnyPanelOpen());
+}
+
+void AppDelegateTests::theDisplaysMayChooseWithoutALicence() {
+  Program program;
+  program.delegate->launch();
+  AppModel& model = program.delegate->model();
+  model.setPinnedProfileID(model.profiles().back().id);
+  program.delegate->license().setCheck([](ProFeature) { return false; });
+  program.delegate->carryOut(MenuCommand::pinProfile, model.profiles().front().id);
+  QCOMPARE(model.pinnedProfileID(), std::optional(model.profiles().back().id));
+  QVERIFY(program.delegate->isAnyPanelOpen());
+  program.delegate->carryOut(MenuCommand::pinProfile, std::nullopt);
+  QVERIFY(!model.pinnedProfileID());
 }
 
 void AppDelegateTests::buddyIsPutOnEveryBarOnce() {
