@@ -73,7 +73,11 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
   makeClipboard();
 }
 
-AppDelegate::~AppDelegate() = default;
+// Windows end before the engine that drives them, and before what they show.
+AppDelegate::~AppDelegate() {
+  toast_.end();
+  diskDoctor_.reset();
+}
 
 Theme& AppDelegate::preparedTheme() {
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -539,7 +543,7 @@ void AppDelegate::carryOut(const Wish& wish) {
                           context_->activate(agents, context_->itemOf(agents));
                         },
                         [this](const wish::Settings&) { show(settingsPanel_.get()); },
-                        [](const wish::Quit&) { QCoreApplication::quit(); },
+                        [](const wish::Quit&) { QCoreApplication::exit(); },
                         [this](const wish::ToggleClipboard&) { shelf_->toggle(); },
                         [this](const wish::CopyPinned& pinned) { shelf_->copyPinned(pinned.number); },
                         [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },

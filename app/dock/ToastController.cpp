@@ -33,6 +33,12 @@ void ToastController::attach(QQmlEngine& engine, WindowStyle& style, std::functi
   anchor_ = std::move(anchor);
 }
 
+void ToastController::end() {
+  engine_ = nullptr;
+  onAction_ = nullptr;
+  window_.reset();
+}
+
 void ToastController::show(const QString& title, const QString& detail, const QString& symbol) {
   show({.title = title, .detail = detail, .symbol = symbol, .action = {}, .onAction = {}, .above = {}, .screen = {}});
 }

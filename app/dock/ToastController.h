@@ -40,6 +40,8 @@ class ToastController : public QObject {
 
   // What it is shown with, once there is a bar to show it above. Before that a message is lost.
   void attach(QQmlEngine& engine, WindowStyle& style, std::function<PanelAnchor()> anchor);
+  // Takes the window away for good; what comes after that is lost. Before the engine ends.
+  void end();
   void show(const QString& title, const QString& detail, const QString& symbol);
   // The message's number, by which it can be withdrawn; 0 when it is lost.
   int show(ToastMessage message);
