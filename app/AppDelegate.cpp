@@ -8,6 +8,7 @@
 #include "app/agents/ProgramIcons.h"
 #include "app/base/Log.h"
 #include "app/base/QmlObjects.h"
+#include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
 #include "app/menu/StatusIcon.h"
 #include "core/base/Files.h"
@@ -158,6 +159,12 @@ std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source
       PanelContent{QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/") + QString::fromLatin1(source)), std::move(properties),
                    size});
   connect(panel.get(), &DockPopoverController::shownChanged, this, &AppDelegate::panelsChanged);
+  connect(panel.get(), &DockPopoverController::shownChanged, this, [this, shown = panel.get()] {
+    // A panel that was left for another window has lost the keyboard already.
+    if (!shown->isShown() && std::exchange(returnsKeyboard_, false) && shown->window()->isActive() &&
+        keyboardFocusOf(engine_).isShown())
+      dock_->revealForKeyboard();
+  });
   return panel;
 }
 
@@ -475,11 +482,14 @@ bool AppDelegate::isAnyPanelOpen() const {
 
 void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
   if (!panel || !dock_) return;
+  const bool comesFromBar = dock_->hasKeyboard() || returnsKeyboard_;
+  returnsKeyboard_ = false;
   for (DockPopoverController* other : panels())
     if (other != panel && other->isShown()) other->close();
   if (shelf_->isShown()) shelf_->close();
   if (!panel->isShown()) dock_->reveal();
   panel->toggle(dock_->anchor(item));
+  returnsKeyboard_ = comesFromBar && panel->isShown();
 }
 
 void AppDelegate::show(DockPopoverController* panel) {

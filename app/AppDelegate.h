@@ -200,6 +200,7 @@ class AppDelegate : public QObject {
   std::map<std::string, NotificationAnswer> notificationAnswers_;
   std::map<std::string, std::function<void()>> dismissals_;
   DockPopoverController* inboxPanel_ = nullptr;  // one of the tile panels
+  bool returnsKeyboard_ = false;                 // to the bar, when the open panel closes
   PointerRelay pointers_;
   std::unique_ptr<PointerMonitor> dockPointer_, shelfPointer_;
   std::unique_ptr<ShelfPanelController> shelf_;

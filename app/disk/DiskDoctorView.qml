@@ -13,9 +13,11 @@ WindowFrame {
 
     title: qsTr("Disk Doctor")
     symbol: "chart.pie.fill"
-    Keys.onEscapePressed: event => {
-        event.accepted = doctor.question.isOpen;
-        doctor.question.close();
+    Keys.onEscapePressed: {
+        if (doctor.question.isOpen)
+            doctor.question.close();
+        else if (doctor.phase !== DiskDoctor.Scanning)
+            window.closeAsked();
     }
 
     StartPane {

@@ -77,6 +77,7 @@ class DockPanelController : public QObject {
   // As reveal, and takes the keyboard: arrows move between the tiles, Escape gives it back.
   void revealForKeyboard();
   Q_INVOKABLE void leaveKeyboard();
+  bool hasKeyboard() const { return hasKeyboard_; }
   void updatePosition();
   // A panel has opened or closed.
   void holdingChanged();
