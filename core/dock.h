@@ -65,6 +65,9 @@ struct BarReveal {
   bool isToggledOpen = false;
   // When the pointer left the hover zone.
   std::optional<Instant> outsideSince{};
+  // The bar has left a pointer that runs along the edge beyond the bar's ends. It comes out again after the pointer
+  // has left the edge or has come to where the bar stands.
+  bool isEdgeSpent = false;
 
   // True when the bar is to be shown or hidden anew.
   bool tick(const BarSurroundings& around, Instant now);

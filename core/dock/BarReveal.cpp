@@ -47,7 +47,9 @@ Rect hoverZone(const Rect& bar, const Rect& screen, DockEdge edge) {
 bool BarReveal::tick(const BarSurroundings& around, Instant now) {
   if (around.isAlwaysVisible) return false;
   bool isDue = false;
-  if (!isRevealed && isOnScreen(around) && edgeDistance(around) <= revealDistance) {
+  const bool isAtEdge = isOnScreen(around) && edgeDistance(around) <= revealDistance;
+  if (!isAtEdge || isInZone(around)) isEdgeSpent = false;
+  if (!isRevealed && isAtEdge && !isEdgeSpent) {
     reveal();
     isDue = true;
   }
@@ -66,6 +68,7 @@ bool BarReveal::tick(const BarSurroundings& around, Instant now) {
   if (!outsideSince) outsideSince = now;
   if (secondsBetween(*outsideSince, now) < hideDelay) return isDue;
   isRevealed = false;
+  isEdgeSpent = isAtEdge;
   outsideSince.reset();
   return true;
 }

@@ -71,6 +71,22 @@ TEST(BarReveal, LeavesHalfASecondAfterThePointer) {
   EXPECT_FALSE(reveal.tick(around(far), at(2)));
 }
 
+TEST(BarReveal, APointerThatRunsAlongTheEdgeBesideTheBarBringsItOutOnce) {
+  const Point beside{40, 0}, further{120, 1};
+  BarReveal reveal;
+  EXPECT_TRUE(reveal.tick(around(beside), at(0)));
+  EXPECT_TRUE(reveal.tick(around(further), at(0.5)));
+  for (int i = 1; i < 60; ++i) EXPECT_FALSE(reveal.tick(around(i % 2 ? beside : further), at(0.5 + i / 30.0)));
+  EXPECT_FALSE(reveal.isRevealed);
+  EXPECT_TRUE(reveal.tick(around(edge), at(3))) << "the pointer has come to the bar";
+
+  reveal = {};
+  reveal.tick(around(beside), at(10));
+  reveal.tick(around(beside), at(10.5));
+  reveal.tick(around(far), at(11));
+  EXPECT_TRUE(reveal.tick(around(beside), at(11.1))) << "it comes to the edge a second time";
+}
+
 TEST(BarReveal, AShortTripOutsideKeepsTheBar) {
   BarReveal reveal;
   reveal.tick(around(edge), at(0));
