@@ -44,4 +44,19 @@ Insets reservedEdges(const Rect& screen, double desktopWidth, double desktopHeig
   return insets;
 }
 
+Insets outsideWorkArea(const Rect& screen, const Rect& area) {
+  Insets insets;
+  if (!screen.contains({area.midX(), area.midY()}, true)) return insets;
+  reserve(insets.left, area.minX() - screen.minX(), screen.width);
+  reserve(insets.right, screen.maxX() - area.maxX(), screen.width);
+  reserve(insets.top, area.minY() - screen.minY(), screen.height);
+  reserve(insets.bottom, screen.maxY() - area.maxY(), screen.height);
+  return insets;
+}
+
+Insets combined(const Insets& one, const Insets& other) {
+  return {std::max(one.left, other.left), std::max(one.top, other.top), std::max(one.right, other.right),
+          std::max(one.bottom, other.bottom)};
+}
+
 }  // namespace ambrel

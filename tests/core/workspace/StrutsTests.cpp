@@ -35,6 +35,13 @@ TEST(Struts, TwelveNumbersOrFour) {
   EXPECT_FALSE(parseStrut(std::span(twelve).first(3)));
 }
 
+TEST(Struts, AWorkAreaCountsForTheScreenItBelongsTo) {
+  const Rect screen{1600, 0, 1280, 800};
+  EXPECT_EQ(outsideWorkArea(screen, {1600, 32, 1280, 700}), (Insets{0, 32, 0, 68}));
+  EXPECT_EQ(outsideWorkArea(screen, {0, 32, 1600, 868}), Insets{}) << "of the screen beside it";
+  EXPECT_EQ(combined({1, 20, 3, 4}, {10, 2, 30, 0}), (Insets{10, 20, 30, 4}));
+}
+
 // Two screens side by side; the second is lower and ends above the lower edge of the desktop.
 constexpr Rect first{0, 0, 1600, 900};
 constexpr Rect second{1600, 100, 1280, 720};
