@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "app/agents/ProgramIcons.h"
 #include "app/base/Log.h"
@@ -84,6 +86,9 @@ Theme& AppDelegate::preparedTheme() {
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   Theme& theme = themeOf(engine_);
   theme.follow(appearance_);
+  const auto takeName = [this] { appearance_.setThemeName(QString::fromStdString(desktop_.theme.name())); };
+  desktop_.theme.setChangeHandler(takeName);
+  takeName();
   return theme;
 }
 
@@ -169,8 +174,23 @@ std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source
 }
 
 void AppDelegate::panelsChanged() {
+  // A click elsewhere closes a panel, also where nothing takes the keyboard from it, as on an empty desktop.
+  const bool isOpen = isAnyPanelOpen();
+  if (std::exchange(followsPresses_, isOpen) != isOpen)
+    desktop_.pointer.setPressHandler(isOpen ? [this] { pressedSomewhere(); } : std::function<void()>());
   if (dock_) dock_->holdingChanged();
   if (notices_) notices_->panelsChanged();
+}
+
+void AppDelegate::pressedSomewhere() {
+  const auto pointer = desktop_.pointer.location();
+  if (!pointer) return;
+  const Point at = flipped(*pointer, desktop_.screens.mainHeight());
+  // Presses on windows of our own are theirs.
+  if (QGuiApplication::topLevelAt(QPoint(qRound(at.x), qRound(at.y)))) return;
+  for (DockPopoverController* panel : panels())
+    if (panel->isShown()) panel->close();
+  if (shelf_->isShown()) shelf_->close();
 }
 
 DockPopoverController& AppDelegate::addTilePanel(std::initializer_list<const char*> widgets, const char* source,
@@ -286,6 +306,12 @@ void AppDelegate::makeDock() {
   desktop_.screens.setChangeHandler([this] {
     model_.refreshDisplays();
     dock_->updatePosition();
+    shelf_->place();
+  });
+  // An open panel goes with its bar.
+  connect(dock_.get(), &DockPanelController::layoutChanged, this, [this] {
+    for (DockPopoverController* panel : panels())
+      if (panel->isShown()) panel->place(dock_->anchor(panelItem_));
   });
   Theme& theme = themeOf(engine_);
   dock_->setScale(theme.textScale());
@@ -395,6 +421,8 @@ void AppDelegate::makeStatusItem() {
   connect(&license_, &LicenseManager::changed, this, update);
   connect(&themeOf(engine_), &Theme::schemeChanged, this, [this] { statusItem_->redrawIcon(); });
   updateStatusItem();
+  // For task lists, in which Disk Doctor stands.
+  QGuiApplication::setWindowIcon(statusIcon(0, themeOf(engine_).palette()));
 }
 
 void AppDelegate::updateStatusItem() {
@@ -488,6 +516,7 @@ void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
     if (other != panel && other->isShown()) other->close();
   if (shelf_->isShown()) shelf_->close();
   if (!panel->isShown()) dock_->reveal();
+  panelItem_ = item;
   panel->toggle(dock_->anchor(item));
   returnsKeyboard_ = comesFromBar && panel->isShown();
 }
@@ -547,7 +576,7 @@ void AppDelegate::carryOut(const Wish& wish) {
     dock_->reveal();
     toast_.show(tr("%1 is not here yet").arg(what), tr("A later version brings it."), QStringLiteral("hourglass"));
   };
-  std::visit(Overloaded{[this](const wish::Reveal&) { dock_->reveal(); },
+  std::visit(Overloaded{[this](const wish::Reveal&) { dock_->revealForKeyboard(); },
                         [this](const wish::ToggleAgents&) {
                           const auto agents = QStringLiteral("agents");
                           context_->activate(agents, context_->itemOf(agents));

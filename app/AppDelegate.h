@@ -143,6 +143,7 @@ class AppDelegate : public QObject {
   std::vector<DockPopoverController*> panels() const;
   // One of them, or the shelf, has opened or closed.
   void panelsChanged();
+  void pressedSomewhere();
   // Closes the other panels, and opens or closes this one beside the tile of a slot (empty: the middle of the bar).
   void toggle(DockPopoverController* panel, const QString& item = {});
   // Opens it in the middle of the bar; one that is open gets the keyboard.
@@ -211,6 +212,8 @@ class AppDelegate : public QObject {
   std::unique_ptr<StatusItem> statusItem_;
   QTimer clockTimer_;
   bool proServicesStarted_ = false;
+  bool followsPresses_ = false;
+  QString panelItem_;  // the slot of the panel that was opened last
 };
 
 }  // namespace ambrel

@@ -2,6 +2,7 @@
 // All that the program asks of a desktop, in one place.
 
 #include "platform/Bluetooth.h"
+#include "platform/DesktopTheme.h"
 #include "platform/HotKeys.h"
 #include "platform/KeepAwake.h"
 #include "platform/LatencyProbe.h"
@@ -27,6 +28,7 @@ struct Desktop {
   PointerMonitor& pointer;
   Screens& screens;
   WindowStyle& windowStyle;
+  DesktopTheme& theme;
   Workspace& workspace;
   HotKeys& hotKeys;
   Notifications& notifications;

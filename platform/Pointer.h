@@ -23,6 +23,8 @@ class PointerMonitor {
   // Answers false when movements cannot be watched: the caller then has to look at `location` by itself.
   // Movements that a program makes (a warped pointer) are not seen; a slow look now and then covers them.
   virtual bool wakeOnMove(std::function<void()> onMove) = 0;
+  // `onPress` is called on the main thread at each press of a button, wherever it is, until null takes its place.
+  virtual void setPressHandler(std::function<void()> onPress) = 0;
   // Forgets what `wakeOnMove` asked.
   virtual void stopWaiting() = 0;
 };

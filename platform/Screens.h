@@ -14,6 +14,8 @@ struct ScreenInfo {
   Rect frame;              // y upwards, in points
   Rect visibleFrame;       // without what the docks and panels of others reserve on this screen
   bool isBuiltin = false;  // a panel of the computer itself: eDP, LVDS or DSI
+  // A dock of another program stands at its lower edge and reserves nothing there: one that hides by itself.
+  bool hasHidingDock = false;
   bool operator==(const ScreenInfo&) const = default;
 };
 

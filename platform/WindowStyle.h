@@ -3,15 +3,16 @@
 
 #include <functional>
 
+class QRect;
 class QWindow;
 
 namespace ambrel {
 
 enum class WindowRole {
-  dock,    // the bar: above others, never focused, no place in task lists
-  panel,   // opens from the bar and takes keys
+  dock,    // the bar: above others, on every workspace, no place in task lists, focused by key alone
+  panel,   // opens from the bar and takes keys; otherwise like the bar
   window,  // an ordinary window of its own, whose frame we draw
-  bubble,  // a short message of our own: above others, never focused
+  bubble,  // a short message of our own: above others, never focused, no business of the window manager's
 };
 
 class WindowStyle {
@@ -20,6 +21,18 @@ class WindowStyle {
 
   // Before the window is shown for the first time: its type, its place above others, whether it takes focus.
   virtual void prepare(QWindow& window, WindowRole role) = 0;
+
+  // Where a bar, a panel or a bubble is to be, in the window system's coordinates. A window manager that would put
+  // it elsewhere or give it a frame is not asked.
+  virtual void place(QWindow& window, const QRect& frame) = 0;
+
+  // Whether a window may have the keyboard. One that may not does not get it by being shown or clicked.
+  virtual void setTakesKeys(QWindow& window, bool takesKeys) = 0;
+  // Brings the keyboard to a window that takes keys and is shown, or about to be: at the user's wish alone. `done`
+  // is called later, with whether the window has got it; not when the window has gone or is asked again meanwhile.
+  virtual void activate(QWindow& window, std::function<void(bool isActive)> done = {}) = 0;
+  // The user is done with a window that stays on the screen: the window that had the keyboard before gets it back.
+  virtual void giveBack(QWindow& window) = 0;
 
   // Whether windows may be translucent. Without a compositor what is meant to be clear is black.
   virtual bool isCompositing() const = 0;

@@ -38,6 +38,10 @@ class PointerRelay {
       this->onMove = std::move(onMove);
       return relay_.update();
     }
+    // There is one for all.
+    void setPressHandler(std::function<void()> onPress) override {
+      relay_.pointer_.setPressHandler(std::move(onPress));
+    }
     void stopWaiting() override {
       onMove = nullptr;
       relay_.update();

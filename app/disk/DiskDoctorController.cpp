@@ -28,7 +28,7 @@ void DiskDoctorController::open() {
   else
     window_->show();
   window_->raise();
-  window_->requestActivate();
+  style_.activate(*window_);
 }
 
 void DiskDoctorController::close() {

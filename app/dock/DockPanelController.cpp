@@ -1,5 +1,6 @@
 #include "app/dock/DockPanelController.h"
 
+#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <cmath>
@@ -52,6 +53,10 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
           [this] { context_.setWidgetsActive(presentation_.isOnScreen()); });
   connect(&presentation_, &Presentation::changed, this, &DockPanelController::presentationChanged);
   systemDock_.onChange = [this](bool) { updatePosition(); };
+  systemDock_.isPresent = [this] {
+    const auto screen = mainScreen();
+    return screen && screen->hasHidingDock;
+  };
   connect(&settings_, &AppSettings::dockEdgeChanged, this, [this] { updatePosition(); });
   connect(&settings_, &AppSettings::barAlwaysVisibleChanged, this, [this] {
     // A bar that no longer always stands goes by the pointer, as if it had just been revealed.
@@ -83,6 +88,8 @@ void DockPanelController::makeWindow() {
   window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/DockView.qml")));
   window_->setTitle(QStringLiteral("Tilebay"));
   connect(window_.get(), &PanelWindow::leaveAsked, this, &DockPanelController::leaveKeyboard);
+  // While it moves.
+  connect(window_.get(), &PanelWindow::panelRectChanged, this, &DockPanelController::layoutChanged);
   connect(window_.get(), &QWindow::activeChanged, this, [this] {
     if (!window_->isActive()) leaveKeyboard();
   });
@@ -119,8 +126,8 @@ void DockPanelController::updatePosition() {
   updateTiles();
   placement_ = placed();
   if (window_)
-    window_->setPanelFrame(toRect(placement_.frame, seams_.screens.mainHeight()),
-                           toRect(screen->frame, seams_.screens.mainHeight()));
+    window_->movePanelFrame(toRect(placement_.frame, seams_.screens.mainHeight()),
+                            toRect(screen->frame, seams_.screens.mainHeight()));
   Q_EMIT layoutChanged();
   if (!window_) return;
   // A bar that has moved may have left a pointer that rests.
@@ -158,9 +165,20 @@ void DockPanelController::revealForKeyboard() {
   reveal();
   if (!window_) return;
   hasKeyboard_ = true;
+  seams_.windowStyle.activate(*window_, [self = QPointer(this)](bool isActive) {
+    if (self) self->keyboardAnswered(isActive);
+  });
+}
+
+void DockPanelController::keyboardAnswered(bool isActive) {
+  if (!hasKeyboard_) return;
+  if (!isActive) {
+    // Whoever asked for the bar can still look at it, and use it by the pointer.
+    leaveKeyboard();
+    peek(PeekMemory::peekLength);
+    return;
+  }
   keyboardFocusOf(engine_).setIsShown(true);
-  window_->setFlag(Qt::WindowDoesNotAcceptFocus, false);
-  window_->requestActivate();
   if (window_->rootObject()) window_->rootObject()->forceActiveFocus(Qt::TabFocusReason);
 }
 
@@ -168,9 +186,12 @@ void DockPanelController::leaveKeyboard() {
   if (!std::exchange(hasKeyboard_, false) || !window_) return;
   const bool wasActive = window_->isActive();
   if (window_->rootObject()) window_->rootObject()->setFocus(false);
-  window_->setFlag(Qt::WindowDoesNotAcceptFocus, true);
+  seams_.windowStyle.setTakesKeys(*window_, false);
   // Another window that has come to the front keeps it.
-  if (wasActive && onKeyboardLeft) onKeyboardLeft();
+  if (wasActive) {
+    seams_.windowStyle.giveBack(*window_);
+    if (onKeyboardLeft) onKeyboardLeft();
+  }
   tick(seams_.now());
 }
 

@@ -74,7 +74,8 @@ class DockPanelController : public QObject {
   void endPeek(Instant until);
   // Comes out, and stays as a hovered bar does; a panel may open from it.
   void reveal();
-  // As reveal, and takes the keyboard: arrows move between the tiles, Escape gives it back.
+  // As reveal, and takes the keyboard: arrows move between the tiles, Escape gives it back. Where the keyboard is
+  // refused, the bar peeks.
   void revealForKeyboard();
   Q_INVOKABLE void leaveKeyboard();
   bool hasKeyboard() const { return hasKeyboard_; }
@@ -109,6 +110,7 @@ class DockPanelController : public QObject {
 
  private:
   void makeWindow();
+  void keyboardAnswered(bool isActive);
   void updateTiles();
   BarSurroundings surroundings(Point pointer) const;
   std::optional<ScreenInfo> mainScreen() const;
@@ -133,7 +135,7 @@ class DockPanelController : public QObject {
   int restingTicks_ = 0;
   qreal scale_ = 1;
   qreal scrollOffset_ = 0;
-  bool hasKeyboard_ = false;
+  bool hasKeyboard_ = false;  // or has just asked for it
 };
 
 }  // namespace ambrel

@@ -35,13 +35,18 @@ void DockPopoverController::makeWindow() {
   if (auto* content = window_->rootObject()->property("content").value<QObject*>()) onContentMade(*content);
 }
 
-void DockPopoverController::open(const PanelAnchor& anchor) {
-  if (!window_) makeWindow();
+void DockPopoverController::place(const PanelAnchor& anchor) {
+  if (!window_) return;
   window_->setPanelFrame(panelFrame(content_.size, anchor.tile, anchor.bar, anchor.screen, anchor.edge),
                          roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
+}
+
+void DockPopoverController::open(const PanelAnchor& anchor) {
+  if (!window_) makeWindow();
+  place(anchor);
   window_->show();
   window_->raise();
-  window_->requestActivate();
+  style_.activate(*window_);
   presentation_.show();
 }
 

@@ -44,6 +44,8 @@ class DockPopoverController : public QObject {
   // Shown, or about to be.
   bool isShown() const { return presentation_.isShown(); }
   void open(const PanelAnchor& anchor);
+  // The bar, its tile or the screen has moved.
+  void place(const PanelAnchor& anchor);
   void close();
   void toggle(const PanelAnchor& anchor);
 

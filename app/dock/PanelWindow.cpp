@@ -6,6 +6,11 @@
 #include "app/kit/Theme.h"
 
 namespace ambrel {
+namespace {
+
+constexpr int moveDuration = 250;
+
+}  // namespace
 
 PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role)
     : QQuickView(&engine, nullptr), style_(style), cornerRadius_(Theme::radiusPanel) {
@@ -13,6 +18,13 @@ PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role
   setResizeMode(QQuickView::SizeRootObjectToView);
   setPersistentGraphics(false);
   style_.prepare(*this, role);
+  move_.setDuration(moveDuration);
+  move_.setEasingCurve(QEasingCurve::InOutQuad);
+  connect(&move_, &QVariantAnimation::valueChanged, this, [this](const QVariant& corner) {
+    // New ends give a new value, too.
+    if (move_.state() == QAbstractAnimation::Running)
+      setPanelFrame(QRect(corner.toPoint(), panelFrame_.size()), screen_);
+  });
   if (role != WindowRole::panel) return;
   connect(this, &QWindow::activeChanged, this, [this] {
     if (isActive())
@@ -22,10 +34,25 @@ PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role
   });
 }
 
+void PanelWindow::movePanelFrame(const QRect& frame, const QRect& screen) {
+  const bool isMoving = move_.state() == QAbstractAnimation::Running;
+  if (!isVisible() || screen != screen_ || frame.size() != panelFrame_.size() || themeOf(*engine()).reducedMotion()) {
+    move_.stop();
+    setPanelFrame(frame, screen);
+    return;
+  }
+  if (frame.topLeft() == (isMoving ? move_.endValue().toPoint() : panelFrame_.topLeft())) return;
+  move_.stop();
+  move_.setStartValue(panelFrame_.topLeft());
+  move_.setEndValue(frame.topLeft());
+  move_.start();
+}
+
 void PanelWindow::setPanelFrame(const QRect& frame, const QRect& screen) {
   panelFrame_ = frame;
+  screen_ = screen;
   windowFrame_ = frame.adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin).intersected(screen);
-  if (geometry() != windowFrame_) setGeometry(windowFrame_);
+  style_.place(*this, windowFrame_);
   updateShape();
   Q_EMIT panelRectChanged();
 }
@@ -54,6 +81,7 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
   QQuickView::mousePressEvent(event);
+  Q_EMIT pressed();
   if (!panelRect().contains(event->position().toPoint())) Q_EMIT leaveAsked();
 }
 

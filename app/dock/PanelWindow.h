@@ -2,6 +2,7 @@
 // The window of one panel: clear, frameless, and a margin wider than the panel for its shadow.
 
 #include <QQuickView>
+#include <QVariantAnimation>
 #include <QtQml/qqmlregistration.h>
 
 #include "platform/WindowStyle.h"
@@ -25,6 +26,8 @@ class PanelWindow : public QQuickView {
   // Where the panel itself stands, in the window system's coordinates. The window does not leave `screen`, so near an
   // edge its margin is narrower.
   void setPanelFrame(const QRect& frame, const QRect& screen);
+  // As setPanelFrame; a window that can be seen goes there instead of jumping, unless its size or its screen changes.
+  void movePanelFrame(const QRect& frame, const QRect& screen);
   // That of what is drawn, in pixels of the toolkit; a panel's at first. Where nothing may be clear, because there is
   // no compositor, the window is cut to it.
   void setCornerRadius(int radius);
@@ -35,6 +38,7 @@ class PanelWindow : public QQuickView {
  Q_SIGNALS:
   // Escape, a click beside the panel, or another window has taken the keys.
   void leaveAsked();
+  void pressed();
   void panelRectChanged();
 
  protected:
@@ -45,7 +49,8 @@ class PanelWindow : public QQuickView {
   void updateShape();
 
   WindowStyle& style_;
-  QRect panelFrame_, windowFrame_;
+  QRect panelFrame_, windowFrame_, screen_;
+  QVariantAnimation move_;
   int cornerRadius_;
   bool wasActive_ = false;
 };

@@ -33,9 +33,8 @@ void TipController::update() {
   if (!window_) {
     window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::bubble);
     window_->setCornerRadius(Theme::radiusSmall);
-    // No business of the window manager's: its frame would take the pointer from what the tip speaks of.
-    window_->setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput |
-                      Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
+    // It may lie over what it speaks of, which is not to lose the pointer.
+    window_->setFlag(Qt::WindowTransparentForInput);
     window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())}});
     window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TipView.qml")));
   }

@@ -42,6 +42,9 @@ class ToastController : public QObject {
   void attach(QQmlEngine& engine, WindowStyle& style, std::function<PanelAnchor()> anchor);
   // Takes the window away for good; what comes after that is lost. Before the engine ends.
   void end();
+  // Where it must not lie, as another message's window; empty for nowhere.
+  std::function<QRect()> occupied;
+
   void show(const QString& title, const QString& detail, const QString& symbol);
   // The message's number, by which it can be withdrawn; 0 when it is lost.
   int show(ToastMessage message);

@@ -1,6 +1,7 @@
 #include "app/frame/FramedWindow.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 
 namespace ambrel {
 namespace {
@@ -19,8 +20,11 @@ FramedWindow::FramedWindow(QQmlEngine& engine, WindowStyle& style, const QString
   setPersistentGraphics(false);
   style_.prepare(*this, WindowRole::window);
   margin_ = style_.isCompositing() ? shadowMargin : 0;
+  // The frame is never larger than the screen, however small or scaled that is; the shadow may be.
+  const QSize room = screen()->availableSize();
+  smallest_ = smallest_.boundedTo(room);
   setMinimumSize(smallest_.grownBy({margin_, margin_, margin_, margin_}));
-  resize(size.grownBy({margin_, margin_, margin_, margin_}));
+  resize(size.boundedTo(room).grownBy({margin_, margin_, margin_, margin_}));
   connect(this, &QWindow::windowStateChanged, this, &FramedWindow::updateFrame);
 }
 

@@ -1,13 +1,16 @@
 #include "app/kit/DesktopAppearance.h"
 
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
+#include <utility>
 
 namespace ambrel {
 namespace {
@@ -32,16 +35,26 @@ DesktopAppearance::DesktopAppearance(QObject* parent) : QObject(parent) {
   if (qGuiApp) qGuiApp->installEventFilter(this);
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
-  bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-              SLOT(settingChanged(QString, QString, QDBusVariant)));
+  // The bus knows the types of a signal's arguments by their registration, which nothing else has done yet.
+  qDBusRegisterMetaType<QDBusVariant>();
+  // Without the name of the service: naming it would make the library ask the bus and wait.
+  if (!bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
+                   SLOT(settingChanged(QString, QString, QDBusVariant))))
+    qWarning("changes of the desktop's colour scheme cannot be followed: %s", qPrintable(bus.lastError().message()));
   ask(appearance, colorScheme);
   ask(desktopInterface, enableAnimations);
 }
 
 bool DesktopAppearance::isDark() const {
   if (asksForDark_) return *asksForDark_;
+  if (hasDarkTheme_) return true;
   const QPalette palette = QGuiApplication::palette();
   return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+void DesktopAppearance::setThemeName(const QString& name) {
+  const bool isDark = name.contains(QLatin1String("dark"), Qt::CaseInsensitive);
+  if (std::exchange(hasDarkTheme_, isDark) != isDark && !asksForDark_) Q_EMIT changed();
 }
 
 void DesktopAppearance::take(const QString& group, const QString& key, const QVariant& wrapped) {

@@ -9,7 +9,7 @@ class QDBusVariant;
 namespace ambrel {
 
 // Asks the settings portal of the session bus and follows its changes. Until it has answered, and where there is
-// none, the scheme is read off the palette that the platform gives its programs.
+// none, a theme whose name says that it is dark decides, and else the palette that the platform gives its programs.
 class DesktopAppearance : public QObject {
   Q_OBJECT
 
@@ -19,6 +19,8 @@ class DesktopAppearance : public QObject {
   bool isDark() const;
   bool reducesMotion() const { return reducesMotion_; }
 
+  // As in "Adwaita-dark"; empty for none.
+  void setThemeName(const QString& name);
   // One setting as the portal names it; other settings and values of another type are passed over.
   void take(const QString& group, const QString& key, const QVariant& value);
 
@@ -33,6 +35,7 @@ class DesktopAppearance : public QObject {
   void ask(const QString& group, const QString& key);
 
   std::optional<bool> asksForDark_;
+  bool hasDarkTheme_ = false;
   bool reducesMotion_ = false;
 };
 

@@ -84,6 +84,9 @@ void ShelfPanelController::makeWindow() {
     // A click has given it the keyboard; from here on it stays until it loses it.
     if (window_->isActive()) isPointers_ = false;
   });
+  connect(window_.get(), &PanelWindow::pressed, this, [this] {
+    if (isPointers_) seams_.windowStyle.activate(*window_);
+  });
   window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())},
                                  {QStringLiteral("presentation"), QVariant::fromValue(&presentation_)},
                                  {QStringLiteral("clipboard"), QVariant::fromValue(&clipboard_)},
@@ -110,6 +113,11 @@ QRect ShelfPanelController::panelFrame(const QRect& screen) const {
   return {QPoint(screen.x() + (screen.width() - size.width()) / 2, screen.y() - overhang), size};
 }
 
+void ShelfPanelController::place() {
+  const QRect screen = screenFrame();
+  if (window_ && isShown() && !screen.isEmpty()) window_->setPanelFrame(panelFrame(screen), screen);
+}
+
 void ShelfPanelController::show(bool takesKeys) {
   const QRect screen = screenFrame();
   if (screen.isEmpty()) return;
@@ -124,11 +132,11 @@ void ShelfPanelController::show(bool takesKeys) {
     Q_EMIT opened();
   }
   window_->setPanelFrame(panelFrame(screen), screen);
-  // What the toolkit's X11 plug-in reads: a window that comes by itself must not take the keys away.
-  window_->setProperty("_q_showWithoutActivating", !takesKeys);
+  // A window that comes by itself must not take the keys away.
+  seams_.windowStyle.setTakesKeys(*window_, takesKeys);
   window_->show();
   window_->raise();
-  if (takesKeys) window_->requestActivate();
+  if (takesKeys) seams_.windowStyle.activate(*window_);
   presentation_.show();
 }
 

@@ -60,6 +60,8 @@ class ShelfPanelController : public QObject {
   void toggle();
   // The pointer has opened it: it takes no keys until it is clicked, and goes when the pointer does.
   void openByPointer();
+  // The screens have changed.
+  void place();
   void setScale(qreal scale) { scale_ = scale; }
 
   // For the view.

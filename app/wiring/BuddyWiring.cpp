@@ -87,6 +87,8 @@ void AppDelegate::startBuddy() {
   bubble_ = std::make_unique<BubbleController>(engine_, desktop_.windowStyle, later(), *notices_, anchor);
   connect(notices_.get(), &BuddyNoticeCenter::bubbleChanged, dock_.get(), &DockPanelController::holdingChanged);
   connect(dock_.get(), &DockPanelController::layoutChanged, bubble_.get(), &BubbleController::place);
+  toast_.occupied = [this] { return bubble_->presentation().isShown() ? bubble_->placement().frame : QRect(); };
+  connect(bubble_.get(), &BubbleController::placed, &toast_, &ToastController::place);
 
   notices_->isOtherPanelOpen = [this] { return isAnyPanelOpen(); };
   notices_->peekBar = [this](Seconds length) { bubblePeek_ = dock_->peek(length); };

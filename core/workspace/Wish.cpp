@@ -21,7 +21,8 @@ struct Option {
 Wish copyPinned(const std::string& argument) { return wish::CopyPinned{argument.front() - '0'}; }
 
 constexpr std::array options{
-    Option{"--reveal", Argument::none, "show the bar", [](const std::string&) -> Wish { return wish::Reveal{}; }},
+    Option{"--reveal", Argument::none, "show the bar and give it the keyboard",
+           [](const std::string&) -> Wish { return wish::Reveal{}; }},
     Option{"--toggle-clipboard", Argument::none, "open or close the clipboard shelf",
            [](const std::string&) -> Wish { return wish::ToggleClipboard{}; }},
     Option{"--toggle-agents", Argument::none, "open or close the agents panel",

@@ -1,5 +1,6 @@
 #include "platform/linux/DBusNotifications.h"
 
+#include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
@@ -63,8 +64,12 @@ DBusNotifications::DBusNotifications(const QDBusConnection& bus) : bus_(bus) {
   connect(watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
           [this](const QString&, const QString&, const QString& newOwner) { ownerChanged(newOwner); });
   // Without the name of the service: naming it would make the library ask the bus and wait.
-  bus_.connect(QString(), path, interface, QStringLiteral("NotificationClosed"), this, SLOT(closed(uint, uint)));
-  bus_.connect(QString(), path, interface, QStringLiteral("ActionInvoked"), this, SLOT(actionInvoked(uint, QString)));
+  const auto follow = [this](const char* signal, const char* slot) {
+    if (!bus_.connect(QString(), path, interface, QString::fromLatin1(signal), this, slot))
+      qWarning("the bus does not tell of %s: %s", signal, qPrintable(bus_.lastError().message()));
+  };
+  follow("NotificationClosed", SLOT(closed(uint, uint)));
+  follow("ActionInvoked", SLOT(actionInvoked(uint, QString)));
 }
 
 void DBusNotifications::requestAuthorization(std::function<void(bool)> done) {
@@ -194,7 +199,7 @@ void DBusNotifications::send(const std::string& identifier) {
   const bool readsMarkup = capabilities_.contains(QStringLiteral("body-markup"));
   const QVariantList arguments{QStringLiteral("Tilebay"),
                                shown.id,
-                               QString(),
+                               QStringLiteral("utilities-system-monitor"),  // as in our desktop entry
                                QString::fromStdString(notification.title),
                                notificationBody(notification.body, readsMarkup),
                                actions,

@@ -13,6 +13,7 @@
 #include "platform/linux/SystemTimeZone.h"
 #include "platform/linux/TimerfdClock.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11DesktopTheme.h"
 #include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11Pointer.h"
 #include "platform/linux/X11ScreenSaver.h"
@@ -72,6 +73,7 @@ struct LinuxDesktop::Parts {
         pointer(connection.get()),
         screens(connection.get()),
         windowStyle(connection.get()),
+        theme(connection.get()),
         workspace(connection.get(), "/proc", ProgramFolders::ofThisSession()),
         hotKeys(connection.get()),
         notifications(bus),
@@ -90,6 +92,7 @@ struct LinuxDesktop::Parts {
   X11Pointer pointer;
   X11Screens screens;
   X11WindowStyle windowStyle;
+  X11DesktopTheme theme;
   X11Workspace workspace;
   X11HotKeys hotKeys;
   DBusNotifications notifications;
@@ -118,6 +121,7 @@ Desktop LinuxDesktop::seams() {
   return {.pointer = parts_->pointer,
           .screens = parts_->screens,
           .windowStyle = parts_->windowStyle,
+          .theme = parts_->theme,
           .workspace = parts_->workspace,
           .hotKeys = parts_->hotKeys,
           .notifications = parts_->notifications,

@@ -30,11 +30,19 @@ X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
   watch_ = connection_->watch([this](const xcb_generic_event_t& event) {
     if ((event.response_type & 0x7f) != XCB_GE_GENERIC) return;
     const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
-    if (generic.extension != extension_ || generic.event_type != XCB_INPUT_RAW_MOTION) return;
+    if (generic.extension != extension_) return;
+    if (generic.event_type == XCB_INPUT_RAW_BUTTON_PRESS) {
+      const auto& press = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+      // Those after the third are the wheel's.
+      const auto onPress = onPress_;
+      if (onPress && press.detail <= 3) onPress();
+      return;
+    }
+    if (generic.event_type != XCB_INPUT_RAW_MOTION) return;
     // Those that were on their way when listening stopped find nobody waiting.
     auto onMove = std::exchange(onMove_, nullptr);
     if (!onMove) return;
-    listen(false);
+    listen();
     onMove();
   });
 }
@@ -58,19 +66,26 @@ bool X11Pointer::isPressed() const {
 
 bool X11Pointer::wakeOnMove(std::function<void()> onMove) {
   if (extension_ == 0 || connection_->isBroken()) return false;
-  if (!std::exchange(onMove_, std::move(onMove))) listen(true);
+  if (!std::exchange(onMove_, std::move(onMove))) listen();
   return true;
 }
 
 void X11Pointer::stopWaiting() {
-  if (std::exchange(onMove_, nullptr)) listen(false);
+  if (std::exchange(onMove_, nullptr)) listen();
 }
 
-void X11Pointer::listen(bool isOn) {
+void X11Pointer::setPressHandler(std::function<void()> onPress) {
+  onPress_ = std::move(onPress);
+  if (extension_ != 0 && !connection_->isBroken()) listen();
+}
+
+void X11Pointer::listen() {
+  const std::uint32_t motion = onMove_ ? XCB_INPUT_XI_EVENT_MASK_RAW_MOTION : 0,
+                      press = onPress_ ? XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS : 0;
   struct {
     xcb_input_event_mask_t head;
     std::uint32_t mask;
-  } request{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, isOn ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_MOTION} : 0u};
+  } request{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, motion | press};
   xcb_input_xi_select_events(connection_->xcb(), connection_->root(), 1, &request.head);
   connection_->flush();
 }

@@ -1,5 +1,5 @@
 #pragma once
-// The pointer under X11: raw motion of XInput2, listened to only while somebody waits for it.
+// The pointer under X11: raw motion and raw presses of XInput2, listened to only while somebody waits for it.
 
 #include <cstdint>
 #include <functional>
@@ -17,14 +17,16 @@ class X11Pointer : public PointerMonitor {
   std::optional<Point> location() const override;
   bool isPressed() const override;
   bool wakeOnMove(std::function<void()> onMove) override;
+  void setPressHandler(std::function<void()> onPress) override;
   void stopWaiting() override;
 
  private:
-  void listen(bool isOn);
+  // To what is waited for.
+  void listen();
 
   X11Connection* connection_;
   std::uint8_t extension_ = 0;  // the major opcode of XInput; 0 without raw motion
-  std::function<void()> onMove_;
+  std::function<void()> onMove_, onPress_;
   X11Watch watch_;
 };
 

@@ -3,7 +3,9 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
+#include <array>
 #include <unistd.h>
+#include <xcb/randr.h>
 
 #include "core/base/Text.h"
 #include "core/workspace/Struts.h"
@@ -11,19 +13,45 @@
 namespace ambrel {
 namespace {
 
-// The struts of all managed windows but our own.
-std::vector<Strut> othersStruts(X11Connection& connection) {
-  const auto clients = connection.numbers(connection.root(), connection.atom("_NET_CLIENT_LIST"));
-  const auto partial = connection.properties(clients, connection.atom("_NET_WM_STRUT_PARTIAL"));
-  const auto simple = connection.properties(clients, connection.atom("_NET_WM_STRUT"));
+// Less is a dock that shows a line of itself while it hides.
+constexpr std::uint32_t leastReserved = 5;
+
+std::vector<xcb_window_t> clientsOf(X11Connection& connection) {
+  return connection.numbers(connection.root(), connection.atom("_NET_CLIENT_LIST"));
+}
+
+// One for each window; all zero for one that reserves nothing.
+std::vector<Strut> strutsOf(X11Connection& connection, const std::vector<xcb_window_t>& windows) {
+  const auto partial = connection.properties(windows, connection.atom("_NET_WM_STRUT_PARTIAL"));
+  const auto simple = connection.properties(windows, connection.atom("_NET_WM_STRUT"));
   std::vector<Strut> struts;
-  for (std::size_t i = 0; i < clients.size(); ++i) {
-    const auto strut = parseStrut(numbersFromBytes(partial[i].empty() ? simple[i] : partial[i]));
-    if (!strut || *strut == Strut{}) continue;
-    const auto pid = connection.numbers(clients[i], connection.atom("_NET_WM_PID"));
-    if (pid.empty() || pid.front() != static_cast<std::uint32_t>(getpid())) struts.push_back(*strut);
-  }
+  for (std::size_t i = 0; i < windows.size(); ++i)
+    struts.push_back(parseStrut(numbersFromBytes(partial[i].empty() ? simple[i] : partial[i])).value_or(Strut{}));
   return struts;
+}
+
+Rect placeOf(X11Connection& connection, xcb_window_t window) {
+  xcb_connection_t* xcb = connection.xcb();
+  const auto asked = xcb_get_geometry(xcb, window);
+  const auto corner = xcb_translate_coordinates(xcb, window, connection.root(), 0, 0);
+  const XcbPtr<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(xcb, asked, nullptr));
+  const XcbPtr<xcb_translate_coordinates_reply_t> at(xcb_translate_coordinates_reply(xcb, corner, nullptr));
+  connection.repliesWereRead();
+  if (!size || !at) return {};
+  return {double(at->dst_x), double(at->dst_y), double(size->width), double(size->height)};
+}
+
+// In pixels, y downwards.
+bool standsAtLowerEdge(const Rect& dock, const Rect& screen) {
+  return dock.width > dock.height && dock.height < screen.height / 2 && dock.minX() < screen.maxX() &&
+         dock.maxX() > screen.minX() && std::abs(dock.maxY() - screen.maxY()) <= leastReserved;
+}
+
+// The toolkit keeps the upper left corner of a screen in pixels and scales its size.
+Rect pixelsOf(const QScreen& screen) {
+  const QRect frame = screen.geometry();
+  const double scale = screen.devicePixelRatio();
+  return {double(frame.x()), double(frame.y()), frame.width() * scale, frame.height() * scale};
 }
 
 // In pixels; nothing without a server.
@@ -63,13 +91,30 @@ X11Screens::X11Screens(X11Connection* connection) : connection_(connection) {
   connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Screens::plan);
   connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Screens::plan);
   if (connection_) {
+    const auto* extension = xcb_get_extension_data(connection_->xcb(), &xcb_randr_id);
+    if (extension && extension->present) {
+      const XcbPtr<xcb_randr_query_version_reply_t> version(xcb_randr_query_version_reply(
+          connection_->xcb(), xcb_randr_query_version(connection_->xcb(), 1, 5), nullptr));
+      asksForMonitors_ = version && (version->major_version > 1 || version->minor_version >= 5);
+    }
     connection_->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
-    const xcb_atom_t clients = connection_->atom("_NET_CLIENT_LIST");
-    const xcb_atom_t workArea = connection_->atom("_NET_WORKAREA");
-    watch_ = connection_->watch([this, clients, workArea](const xcb_generic_event_t& event) {
-      if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY) return;
-      const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-      if (change.window == connection_->root() && (change.atom == clients || change.atom == workArea)) plan();
+    const std::array watched{connection_->atom("_NET_CLIENT_LIST"), connection_->atom("_NET_WORKAREA"),
+                             connection_->atom("_GTK_WORKAREAS_D0"), connection_->atom("_NET_CURRENT_DESKTOP")};
+    watch_ = connection_->watch([this, watched](const xcb_generic_event_t& event) {
+      switch (event.response_type & 0x7f) {
+        case XCB_PROPERTY_NOTIFY: {
+          const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+          if (change.window == connection_->root() && std::ranges::find(watched, change.atom) != watched.end()) plan();
+          return;
+        }
+        case XCB_CONFIGURE_NOTIFY: {
+          const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+          if (hidingDocks_.contains(change.window)) plan();
+          return;
+        }
+        default:
+          return;
+      }
     });
   }
   list_ = read();
@@ -96,15 +141,78 @@ void X11Screens::refresh() {
   if (handler_) handler_();
 }
 
-std::vector<ScreenInfo> X11Screens::read() const {
+// When the last screen goes, the toolkit keeps a stand-in for it.
+bool X11Screens::hasMonitors() const {
+  if (!asksForMonitors_) return true;
+  const XcbPtr<xcb_randr_get_monitors_reply_t> monitors(xcb_randr_get_monitors_reply(
+      connection_->xcb(), xcb_randr_get_monitors(connection_->xcb(), connection_->root(), 1), nullptr));
+  connection_->repliesWereRead();
+  return !monitors || monitors->nMonitors > 0;
+}
+
+// Those of the present workspace, in pixels, y downwards. The standard's is one rectangle for all screens together,
+// which says nothing of any one of several.
+std::vector<Rect> X11Screens::workAreas() const {
+  const auto desktop = connection_->numbers(connection_->root(), connection_->atom("_NET_CURRENT_DESKTOP"));
+  const std::size_t current = desktop.empty() ? 0 : desktop.front();
+  const std::string each = "_GTK_WORKAREAS_D" + std::to_string(current);
+  auto numbers = connection_->numbers(connection_->root(), connection_->atom(each.c_str()));
+  if (numbers.empty() && QGuiApplication::screens().size() == 1) {
+    numbers = connection_->numbers(connection_->root(), connection_->atom("_NET_WORKAREA"));
+    const std::size_t first = numbers.size() >= 4 * (current + 1) ? 4 * current : 0;
+    numbers.erase(numbers.begin(), numbers.begin() + static_cast<std::ptrdiff_t>(first));
+    if (numbers.size() > 4) numbers.resize(4);
+  }
+  std::vector<Rect> areas;
+  for (std::size_t i = 0; i + 4 <= numbers.size(); i += 4)
+    areas.push_back({double(numbers[i]), double(numbers[i + 1]), double(numbers[i + 2]), double(numbers[i + 3])});
+  return areas;
+}
+
+void X11Screens::findHidingDocks() {
+  const auto clients = clientsOf(*connection_);
+  std::erase_if(hidingDocks_,
+                [&](const auto& dock) { return std::ranges::find(clients, dock.first) == clients.end(); });
+  const auto types = connection_->properties(clients, connection_->atom("_NET_WM_WINDOW_TYPE"));
+  const auto struts = strutsOf(*connection_, clients);
+  const xcb_atom_t dockType = connection_->atom("_NET_WM_WINDOW_TYPE_DOCK");
+  for (std::size_t i = 0; i < clients.size(); ++i) {
+    const auto kinds = numbersFromBytes(types[i]);
+    if (std::ranges::find(kinds, dockType) == kinds.end()) continue;
+    const auto pid = connection_->numbers(clients[i], connection_->atom("_NET_WM_PID"));
+    if (!pid.empty() && pid.front() == static_cast<std::uint32_t>(getpid())) continue;
+    const Strut& strut = struts[i];
+    if (std::max({strut.left, strut.right, strut.top, strut.bottom}) >= leastReserved) {
+      hidingDocks_.erase(clients[i]);
+      continue;
+    }
+    const auto [dock, isNew] = hidingDocks_.try_emplace(clients[i]);
+    if (isNew) {
+      const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+      xcb_change_window_attributes(connection_->xcb(), clients[i], XCB_CW_EVENT_MASK, &events);
+    }
+    const Rect place = placeOf(*connection_, clients[i]);
+    for (const QScreen* screen : QGuiApplication::screens())
+      if (standsAtLowerEdge(place, pixelsOf(*screen))) dock->second = screen->name().toStdString();
+  }
+  connection_->flush();
+}
+
+std::vector<ScreenInfo> X11Screens::read() {
   std::vector<ScreenInfo> list;
   QList<QScreen*> screens = QGuiApplication::screens();
   QScreen* main = QGuiApplication::primaryScreen();
-  if (!main) return list;
+  const bool hasServer = connection_ && !connection_->isBroken();
+  if (!main || (hasServer && !hasMonitors())) return list;
   std::ranges::stable_partition(screens, [main](const QScreen* screen) { return screen == main; });
 
   std::vector<Strut> struts;
-  if (connection_ && !connection_->isBroken()) struts = othersStruts(*connection_);
+  std::vector<Rect> areas;
+  if (hasServer) {
+    struts = strutsOf(*connection_, clientsOf(*connection_));
+    areas = workAreas();
+    findHidingDocks();
+  }
   const auto [desktopWidth, desktopHeight] = desktopSize(connection_);
   const double lowerEdge = lowerEdgeOf(main);
   for (const QScreen* screen : screens) {
@@ -112,9 +220,9 @@ std::vector<ScreenInfo> X11Screens::read() const {
     const double scale = screen->devicePixelRatio();
     Insets insets;
     if (desktopWidth > 0) {
-      // The toolkit keeps the upper left corner of a screen in pixels and scales its size.
-      const Rect pixels{double(frame.x()), double(frame.y()), frame.width() * scale, frame.height() * scale};
+      const Rect pixels = pixelsOf(*screen);
       insets = reservedEdges(pixels, desktopWidth, desktopHeight, struts);
+      for (const Rect& area : areas) insets = combined(insets, outsideWorkArea(pixels, area));
     } else {
       const QRect free = screen->availableGeometry();
       insets = {(free.left() - frame.left()) * scale, (free.top() - frame.top()) * scale,
@@ -129,6 +237,7 @@ std::vector<ScreenInfo> X11Screens::read() const {
     info.frame = flipped(logical, lowerEdge);
     info.visibleFrame = flipped(visible, lowerEdge);
     info.isBuiltin = isBuiltinConnector(info.name);
+    info.hasHidingDock = std::ranges::any_of(hidingDocks_, [&](const auto& dock) { return dock.second == info.name; });
     list.push_back(std::move(info));
   }
   return list;

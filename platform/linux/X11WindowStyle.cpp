@@ -9,6 +9,9 @@
 #include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
+#include "platform/linux/ToolkitX11.h"
+#include "platform/linux/X11Window.h"
+
 namespace ambrel {
 namespace {
 
@@ -39,19 +42,26 @@ Qt::WindowFlags flagsOf(WindowRole role) {
     case WindowRole::dock:
       return common | Qt::Window | Qt::WindowDoesNotAcceptFocus;
     case WindowRole::panel:
-      return common | Qt::Tool;
+      // Not a tool window: that is tied to another one, and some window managers then keep it on one workspace.
+      return common | Qt::Window;
     case WindowRole::window:
       return Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
     case WindowRole::bubble:
-      return common | Qt::Tool | Qt::WindowDoesNotAcceptFocus;
+      // As notification daemons do: on every workspace, above full screens, in no list, and nothing to be focused.
+      return common | Qt::Window | Qt::WindowDoesNotAcceptFocus | Qt::X11BypassWindowManagerHint;
   }
   return common;
 }
 
 }  // namespace
 
-X11WindowStyle::X11WindowStyle(X11Connection* connection) : connection_(connection) {
+X11WindowStyle::X11WindowStyle(X11Connection* connection) : connection_(connection), manager_(connection) {
   if (!connection_) return;
+  manager_.setChangeHandler([] {
+    const auto windows = QGuiApplication::allWindows();
+    for (QWindow* window : windows)
+      if (X11Window* ours = X11Window::of(*window)) ours->managerChanged();
+  });
   const std::string name = "_NET_WM_CM_S" + std::to_string(connection_->screenNumber());
   selection_ = connection_->atom(name.c_str());
   isCompositing_ = askForCompositor();
@@ -77,6 +87,26 @@ X11WindowStyle::X11WindowStyle(X11Connection* connection) : connection_(connecti
 void X11WindowStyle::prepare(QWindow& window, WindowRole role) {
   window.setProperty(windowTypeProperty, typeOf(role));
   window.setFlags(flagsOf(role));
+  new X11Window(window, role, connection_, manager_);
+}
+
+void X11WindowStyle::place(QWindow& window, const QRect& frame) {
+  if (X11Window* ours = X11Window::of(window))
+    ours->place(frame);
+  else
+    window.setGeometry(frame);
+}
+
+void X11WindowStyle::setTakesKeys(QWindow& window, bool takesKeys) {
+  if (X11Window* ours = X11Window::of(window)) ours->setTakesKeys(takesKeys);
+}
+
+void X11WindowStyle::activate(QWindow& window, std::function<void(bool)> done) {
+  if (X11Window* ours = X11Window::of(window)) ours->activate(std::move(done));
+}
+
+void X11WindowStyle::giveBack(QWindow& window) {
+  if (X11Window* ours = X11Window::of(window)) ours->giveBack();
 }
 
 void X11WindowStyle::setCompositingHandler(std::function<void(bool)> handler) { handler_ = std::move(handler); }
@@ -102,9 +132,7 @@ void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double 
 }
 
 void X11WindowStyle::setInputRect(QWindow& window, double x, double y, double width, double height) {
-  // By the toolkit's connection: on ours the request could overtake the window's creation.
-  const auto* toolkit = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  xcb_connection_t* xcb = toolkit ? toolkit->connection() : nullptr;
+  xcb_connection_t* xcb = toolkitConnection();
   if (!xcb || firstEvent_ == 0) return;
   const double scale = window.devicePixelRatio();
   const auto pixels = [scale](double points) { return std::lround(points * scale); };

@@ -3,6 +3,7 @@
 
 #include "platform/WindowStyle.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11WindowManager.h"
 
 namespace ambrel {
 
@@ -12,6 +13,10 @@ class X11WindowStyle : public WindowStyle {
   explicit X11WindowStyle(X11Connection* connection);
 
   void prepare(QWindow& window, WindowRole role) override;
+  void place(QWindow& window, const QRect& frame) override;
+  void setTakesKeys(QWindow& window, bool takesKeys) override;
+  void activate(QWindow& window, std::function<void(bool isActive)> done = {}) override;
+  void giveBack(QWindow& window) override;
   bool isCompositing() const override { return isCompositing_; }
   void setCompositingHandler(std::function<void(bool isCompositing)> handler) override;
   void setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) override;
@@ -23,6 +28,7 @@ class X11WindowStyle : public WindowStyle {
   void refresh();
 
   X11Connection* connection_;
+  X11WindowManager manager_;
   xcb_atom_t selection_ = XCB_ATOM_NONE;
   int firstEvent_ = 0;  // of XFixes
   bool isCompositing_ = false;

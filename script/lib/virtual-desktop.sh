@@ -11,7 +11,8 @@
 #   --compositor              with picom, for translucent windows
 #   --notifications           with dunst as the notification daemon
 #   --panel                   with tint2 at the lower edge, which has a tray
-#   --no-wm                   without openbox
+#   --wm NAME                 the window manager: openbox (the usual one), xfwm4, marco, i3, awesome or bspwm
+#   --no-wm                   without a window manager
 #   --wallpaper COLOR[,COLOR] the root window's colour, or a gradient of two
 #   --activation              D-Bus may start services by their names (not for tests: it would start what is installed)
 
@@ -112,8 +113,43 @@ EOF
   vd_wait 10 vd_has_panel || vd_fail "tint2 did not start"
 }
 
+vd_xfconfd() { ls /usr/lib/*/xfce4/xfconf/xfconfd /usr/libexec/xfce4/xfconf/xfconfd 2>/dev/null | head -n 1; }
+
+# With a folder of its own for what it keeps, so that nothing of the user's decides.
+vd_start_wm() {
+  local command=()
+  mkdir -p "$vd_folder/wm/config"
+  case "$1" in
+    openbox) command=(openbox --sm-disable) ;;
+    xfwm4)
+      command=(xfwm4 --compositor=off)
+      vd_spawn xfconf env HOME="$vd_folder/wm" XDG_CONFIG_HOME="$vd_folder/wm/config" "$(vd_xfconfd)"
+      vd_wait 10 vd_has_name org.xfce.Xfconf || { vd_fail "xfconfd did not start"; return 1; }
+      ;;
+    marco) command=(marco --no-composite --sm-disable) ;;
+    i3)
+      printf 'font pango:monospace 10\n' >"$vd_folder/wm/i3"
+      command=(i3 -c "$vd_folder/wm/i3")
+      ;;
+    awesome) command=(awesome) ;;
+    bspwm)
+      printf '#!/bin/sh\nbspc monitor -d 1 2\n' >"$vd_folder/wm/bspwmrc"
+      chmod +x "$vd_folder/wm/bspwmrc"
+      command=(bspwm -c "$vd_folder/wm/bspwmrc")
+      ;;
+    *) echo "virtual desktop: unknown window manager '$1'" >&2; return 2 ;;
+  esac
+  if ! command -v "$1" >/dev/null; then
+    vd_fail "$1 is not installed (script/bootstrap desktop installs it)"
+    return 77
+  fi
+  vd_spawn wm env HOME="$vd_folder/wm" XDG_CONFIG_HOME="$vd_folder/wm/config" XDG_DATA_HOME="$vd_folder/wm/data" \
+    XDG_CACHE_HOME="$vd_folder/wm/cache" GSETTINGS_BACKEND=memory NO_AT_BRIDGE=1 "${command[@]}"
+  vd_wait 20 vd_has_wm || vd_fail "$1 did not start: $(tail -n 1 "$vd_folder/wm.log")"
+}
+
 vd_start() {
-  local geometry=1600x900 scale=1 compositor= notifications= panel= wm=1 wallpaper='#22304a,#5b4a78' activation=
+  local geometry=1600x900 scale=1 compositor= notifications= panel= wm=openbox wallpaper='#22304a,#5b4a78' activation=
   while [ $# -gt 0 ]; do
     case "$1" in
       --geometry) geometry=$2; shift 2 ;;
@@ -123,6 +159,7 @@ vd_start() {
       --notifications) notifications=1; shift ;;
       --panel) panel=1; shift ;;
       --activation) activation=1; shift ;;
+      --wm) wm=$2; shift 2 ;;
       --no-wm) wm=; shift ;;
       *) echo "virtual desktop: unknown option '$1'" >&2; return 2 ;;
     esac
@@ -149,10 +186,7 @@ vd_start() {
 
   vd_start_server || return 1
   vd_start_bus "$activation" || return 1
-  if [ -n "$wm" ]; then
-    vd_spawn openbox openbox --sm-disable
-    vd_wait 10 vd_has_wm || { vd_fail "openbox did not start"; return 1; }
-  fi
+  if [ -n "$wm" ]; then vd_start_wm "$wm" || return; fi
   if command -v hsetroot >/dev/null; then
     case "$wallpaper" in
       *,*) hsetroot -add "${wallpaper%,*}" -add "${wallpaper#*,}" -gradient 145 >/dev/null 2>&1 || true ;;
@@ -201,7 +235,7 @@ if [ "${BASH_SOURCE[0]}" = "$0" ]; then
     shift
   done
   if [ $# -lt 2 ]; then
-    sed -n '2,18s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,19s/^# \{0,1\}//p' "$0" >&2
     exit 2
   fi
   shift

@@ -49,26 +49,43 @@ TEST_F(ScreensOnX11, APanelOfAnotherProgramTakesItsEdge) {
   EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == whole; }));
 }
 
-TEST_F(ScreensOnX11, OurOwnWindowsTakeNothing) {
+// As under desktops that draw their panels themselves.
+TEST_F(ScreensOnX11, AWorkAreaTakesItsEdges) {
+  X11Screens screens(connection_.get());
+  const Rect whole = screens.list().front().frame;
+  run("xprop", {"-root", "-f", "_GTK_WORKAREAS_D0", "32c", "-set", "_GTK_WORKAREAS_D0", "0, 32, 1600, 820"});
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == Rect{0, 48, 1600, 820}; }));
+  run("xprop", {"-root", "-remove", "_GTK_WORKAREAS_D0"});
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == whole; }));
+}
+
+TEST_F(ScreensOnX11, ADockThatHidesIsTold) {
   X11Screens screens(connection_.get());
   X11WindowStyle style(connection_.get());
-  QWindow window;
-  style.prepare(window, WindowRole::dock);
-  window.setGeometry(0, 800, 1600, 100);
-  window.create();
-  const std::uint32_t strut[12] = {0, 0, 0, 100, 0, 0, 0, 0, 0, 0, 0, 1599};
-  xcb_change_property(connection_->xcb(), XCB_PROP_MODE_REPLACE, xcb_window_t(window.winId()),
-                      connection_->atom("_NET_WM_STRUT_PARTIAL"), XCB_ATOM_CARDINAL, 32, 12, strut);
-  connection_->flush();
-  window.show();
-  // The window manager counts it; we do not.
-  const xcb_atom_t workArea = connection_->atom("_NET_WORKAREA");
-  ASSERT_TRUE(waitFor([&] {
-    const auto area = connection_->numbers(connection_->root(), workArea);
-    return area.size() >= 4 && area[3] == 800;
-  }));
-  QCoreApplication::processEvents();
-  EXPECT_EQ(screens.list().front().visibleFrame, (Rect{0, 0, 1600, 900}));
+  QWindow own;
+  style.prepare(own, WindowRole::dock);
+  style.place(own, QRect(300, 800, 1000, 100));
+  own.show();
+  ASSERT_TRUE(waitFor([&] { return own.isExposed(); }));
+  writeFile(folder_.filePath("hiding"),
+            "panel_items = S\npanel_position = bottom center horizontal\npanel_size = 60% 40\n"
+            "strut_policy = none\nautohide = 1\nautohide_height = 2\n");
+  EXPECT_FALSE(screens.list().front().hasHidingDock);
+  Client dock("tint2", {"-c", folder_.filePath("hiding")});
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().hasHidingDock; }));
+  EXPECT_EQ(screens.list().front().visibleFrame, screens.list().front().frame);
+  dock.stop();
+  EXPECT_TRUE(waitFor([&] { return !screens.list().front().hasHidingDock; }));
+}
+
+TEST_F(ScreensOnX11, WithoutAScreenThereIsNoStandIn) {
+  X11Screens screens(connection_.get());
+  ASSERT_EQ(screens.list().size(), 1u);
+  const ScreenInfo before = screens.list().front();
+  run("xrandr", {"--output", "screen", "--off"});
+  EXPECT_TRUE(waitFor([&] { return screens.list().empty(); }));
+  ASSERT_EQ(run("xrandr", {"--output", "screen", "--auto"}).status, 0);
+  EXPECT_TRUE(waitFor([&] { return screens.list().size() == 1 && screens.list().front() == before; }));
 }
 
 TEST_F(ScreensOnX11, ScreensComeAndGo) {

@@ -18,6 +18,7 @@ struct FakeDesktop {
     return {.pointer = pointer,
             .screens = screens,
             .windowStyle = windowStyle,
+            .theme = theme,
             .workspace = workspace,
             .hotKeys = hotKeys,
             .notifications = notifications,
@@ -38,6 +39,7 @@ struct FakeDesktop {
   FakePointer pointer;
   FakeScreens screens;
   FakeWindowStyle windowStyle;
+  FakeDesktopTheme theme;
   FakeWorkspace workspace;
   FakeHotKeys hotKeys;
   FakeNotifications notifications;

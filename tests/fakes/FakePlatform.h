@@ -1,6 +1,8 @@
 #pragma once
 // Stand-ins for the seam: they record what was asked of them, and the test plays the desktop.
 
+#include <QRect>
+#include <QWindow>
 #include <algorithm>
 #include <map>
 #include <set>
@@ -8,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/DesktopTheme.h"
 #include "platform/HotKeys.h"
 #include "platform/Notifications.h"
 #include "platform/Pointer.h"
@@ -31,6 +34,7 @@ class FakePointer : public PointerMonitor {
     waiting_ = std::move(onMove);
     return true;
   }
+  void setPressHandler(std::function<void()> onPress) override { this->onPress = std::move(onPress); }
   void stopWaiting() override { waiting_ = nullptr; }
 
   bool isWaiting() const { return waiting_ != nullptr; }
@@ -43,6 +47,7 @@ class FakePointer : public PointerMonitor {
   std::optional<Point> at = Point{};
   bool canWake = true;
   bool pressed = false;
+  std::function<void()> onPress;
   int arms = 0;
   mutable int looks = 0;
 
@@ -184,6 +189,17 @@ class FakeNotifications : public Notifications {
 class FakeWindowStyle : public WindowStyle {
  public:
   void prepare(QWindow& window, WindowRole role) override { prepared.emplace_back(&window, role); }
+  void place(QWindow& window, const QRect& frame) override { window.setGeometry(frame); }
+  void setTakesKeys(QWindow& window, bool takesKeys) override {
+    window.setFlag(Qt::WindowDoesNotAcceptFocus, !takesKeys);
+    window.setProperty("_q_showWithoutActivating", !takesKeys);
+  }
+  void activate(QWindow& window, std::function<void(bool)> done) override {
+    setTakesKeys(window, grantsKeys);
+    if (grantsKeys) window.requestActivate();
+    if (done) done(grantsKeys);
+  }
+  void giveBack(QWindow& window) override { givenBack.push_back(&window); }
   bool isCompositing() const override { return compositing; }
   void setCompositingHandler(std::function<void(bool)> handler) override { handler_ = std::move(handler); }
   void setRoundedMask(QWindow&, double x, double y, double width, double height, double radius) override {
@@ -201,6 +217,8 @@ class FakeWindowStyle : public WindowStyle {
   }
 
   bool compositing = true;
+  bool grantsKeys = true;
+  std::vector<QWindow*> givenBack;
   std::vector<std::pair<QWindow*, WindowRole>> prepared;
   std::vector<std::pair<Rect, double>> masks;
   std::vector<Rect> inputs;
@@ -208,6 +226,21 @@ class FakeWindowStyle : public WindowStyle {
 
  private:
   std::function<void(bool)> handler_;
+};
+
+class FakeDesktopTheme : public DesktopTheme {
+ public:
+  std::string name() const override { return theme; }
+  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
+  void change(std::string to) {
+    theme = std::move(to);
+    if (handler_) handler_();
+  }
+
+  std::string theme;
+
+ private:
+  std::function<void()> handler_;
 };
 
 class FakeSessionService : public SessionService {

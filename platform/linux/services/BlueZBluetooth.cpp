@@ -1,5 +1,6 @@
 #include "platform/linux/services/BlueZBluetooth.h"
 
+#include <QDBusError>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <algorithm>
@@ -72,10 +73,12 @@ void BlueZBluetooth::watch(bool isWatched) {
   const auto connection = [&](const QString& path, const QString& interface, const char* signal,
                               const QStringList& arguments, const char* slot) {
     // Without the name of the service: naming it would make the library ask the bus and wait.
-    if (isWatched)
-      bus_.connect(QString(), path, interface, QString::fromLatin1(signal), arguments, QString(), this, slot);
-    else
+    if (isWatched) {
+      if (!bus_.connect(QString(), path, interface, QString::fromLatin1(signal), arguments, QString(), this, slot))
+        qWarning("the bus does not tell of %s: %s", signal, qPrintable(bus_.lastError().message()));
+    } else {
       bus_.disconnect(QString(), path, interface, QString::fromLatin1(signal), arguments, QString(), this, slot);
+    }
   };
   for (const char* signal : {"InterfacesAdded", "InterfacesRemoved"})
     connection(QStringLiteral("/"), manager, signal, {}, SLOT(objectsChanged()));

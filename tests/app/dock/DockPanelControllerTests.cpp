@@ -33,6 +33,7 @@ class DockPanelControllerTests : public QObject {
   void aBarThatIsRevealedOverARestingPointerLeaves();
   void alwaysVisibleItStaysAndThenGoesByThePointer();
   void theKeyboardHoldsIt();
+  void aKeyboardThatIsRefusedDoesNotHoldIt();
   void aWindowThatTakesTheKeyboardKeepsIt();
   void aPointerThatRestsCostsNothing();
   void withoutAnnouncementsItLooksByItself();
@@ -225,6 +226,17 @@ void DockPanelControllerTests::theKeyboardHoldsIt() {
   const auto* window = qobject_cast<QQuickWindow*>(f.bar.window());
   QVERIFY(!window->activeFocusItem() || window->activeFocusItem() == window->contentItem());
   f.pass(0.6);
+  QVERIFY(!f.isShown());
+}
+
+void DockPanelControllerTests::aKeyboardThatIsRefusedDoesNotHoldIt() {
+  BarFixture f;
+  f.windowStyle.grantsKeys = false;
+  f.bar.start();
+  f.bar.revealForKeyboard();
+  f.pass(5);
+  QVERIFY(f.isShown());
+  f.pass(2);
   QVERIFY(!f.isShown());
 }
 

@@ -1,0 +1,304 @@
+#include "platform/linux/X11Window.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QVariant>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+#include "platform/linux/ToolkitX11.h"
+#include "platform/linux/X11WindowManager.h"
+
+namespace ambrel {
+namespace {
+
+// By then a window manager that moves or frames a window has done so.
+constexpr int placeCheckDelay = 150;
+// Scales that are no whole numbers round.
+constexpr int placeTolerance = 2;
+constexpr int focusInterval = 25, focusTurns = 6, viewableTurns = 20;
+constexpr std::uint32_t everyDesktop = 0xffffffff, mostProtocols = 32;
+// What the toolkit's X11 plug-in reads at each showing: the window does not ask for the keyboard.
+constexpr const char* showsQuietly = "_q_showWithoutActivating";
+
+void changeProperty(xcb_connection_t* xcb, xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                    const std::vector<std::uint32_t>& values) {
+  xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, window, property, type, 32, static_cast<std::uint32_t>(values.size()),
+                      values.data());
+}
+
+}  // namespace
+
+X11Window::X11Window(QWindow& window, WindowRole role, X11Connection* connection, X11WindowManager& manager)
+    : QObject(&window),
+      window_(window),
+      role_(role),
+      connection_(connection),
+      manager_(manager),
+      takesKeys_(role == WindowRole::panel || role == WindowRole::window) {
+  window_.setProperty(showsQuietly, !takesKeys_);
+  window_.installEventFilter(this);
+  placeTimer_.setSingleShot(true);
+  placeTimer_.setInterval(placeCheckDelay);
+  connect(&placeTimer_, &QTimer::timeout, this, &X11Window::checkPlace);
+}
+
+X11Window* X11Window::of(QWindow& window) {
+  for (QObject* child : window.children())
+    if (auto* found = dynamic_cast<X11Window*>(child)) return found;
+  return nullptr;
+}
+
+X11Window* X11Window::ownWindow(xcb_window_t id) {
+  for (QWindow* window : QGuiApplication::allWindows())
+    if (window->handle() && static_cast<xcb_window_t>(window->winId()) == id) return of(*window);
+  return nullptr;
+}
+
+xcb_window_t X11Window::id() const { return static_cast<xcb_window_t>(window_.winId()); }
+
+bool X11Window::isBypassing() const { return window_.flags().testFlag(Qt::X11BypassWindowManagerHint); }
+
+void X11Window::place(const QRect& frame) {
+  asked_ = frame;
+  if (window_.geometry() != frame) window_.setGeometry(frame);
+}
+
+bool X11Window::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::Show:
+      beforeShow();
+      break;
+    case QEvent::Hide:
+      afterHide();
+      break;
+    case QEvent::Expose:
+      if (window_.isExposed() && !isBypassing()) placeTimer_.start();
+      break;
+    case QEvent::MouseButtonPress:
+      // Nobody else gives the keyboard to a window that the window manager does not know.
+      if (takesKeys_ && isBypassing() && !window_.isActive()) activate({});
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+// The window exists and is not mapped yet.
+void X11Window::beforeShow() {
+  if (role_ == WindowRole::window) return;
+  const bool bypasses = !manager_.leavesAlone(role_);
+  if (bypasses != isBypassing()) {
+    window_.setFlag(Qt::X11BypassWindowManagerHint, bypasses);
+    if (asked_) window_.setGeometry(*asked_);
+  }
+  xcb_connection_t* xcb = toolkitConnection();
+  if (!xcb || !canAsk()) return;
+  writeProtocols();
+  // A window manager forgets both when the window is hidden. The toolkit adds its own states to these.
+  changeProperty(xcb, id(), connection_->atom("_NET_WM_STATE"), XCB_ATOM_ATOM, wantedStates());
+  changeProperty(xcb, id(), connection_->atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, {everyDesktop});
+  xcb_flush(xcb);
+}
+
+std::vector<std::uint32_t> X11Window::wantedStates() const {
+  return {connection_->atom("_NET_WM_STATE_STICKY"), connection_->atom("_NET_WM_STATE_SKIP_TASKBAR"),
+          connection_->atom("_NET_WM_STATE_SKIP_PAGER"), connection_->atom("_NET_WM_STATE_ABOVE")};
+}
+
+void X11Window::tellManager(const char* what, const std::array<std::uint32_t, 5>& values) {
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = id();
+  message.type = connection_->atom(what);
+  std::ranges::copy(values, message.data.data32);
+  xcb_send_event(connection_->xcb(), 0, connection_->root(),
+                 XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&message));
+  connection_->flush();
+}
+
+// A window that is shown soon after it was hidden may be forgotten only then.
+void X11Window::checkStates() {
+  constexpr std::uint32_t add = 1, fromPanel = 2;
+  const auto states = connection_->numbers(id(), connection_->atom("_NET_WM_STATE"));
+  for (const std::uint32_t state : wantedStates())
+    if (std::ranges::find(states, state) == states.end()) tellManager("_NET_WM_STATE", {add, state, 0, fromPanel, 0});
+  const auto desktop = connection_->numbers(id(), connection_->atom("_NET_WM_DESKTOP"));
+  if (!desktop.empty() && desktop.front() != everyDesktop)
+    tellManager("_NET_WM_DESKTOP", {everyDesktop, fromPanel, 0, 0, 0});
+}
+
+void X11Window::afterHide() {
+  placeTimer_.stop();
+  if (done_) finish(false);
+  if (previousFocus_ == XCB_WINDOW_NONE || !canAsk()) return;
+  // The server gives the keyboard of a window that goes to the root window, where keys are lost.
+  const xcb_window_t now = focused();
+  if (now == XCB_WINDOW_NONE || now == XCB_INPUT_FOCUS_POINTER_ROOT || now == connection_->root() || now == id())
+    giveBack();
+  previousFocus_ = XCB_WINDOW_NONE;
+}
+
+void X11Window::setTakesKeys(bool takesKeys) {
+  if (takesKeys == takesKeys_) return;
+  takesKeys_ = takesKeys;
+  window_.setProperty(showsQuietly, !takesKeys);
+  window_.setFlag(Qt::WindowDoesNotAcceptFocus, !takesKeys);
+  if (window_.handle()) writeProtocols();
+}
+
+// The toolkit offers every window for the keyboard, also those that do not accept it; some window managers then take
+// it from the window that has it.
+void X11Window::writeProtocols() {
+  xcb_connection_t* xcb = toolkitConnection();
+  if (!xcb || !canAsk()) return;
+  const xcb_atom_t protocols = connection_->atom("WM_PROTOCOLS"), takeFocus = connection_->atom("WM_TAKE_FOCUS");
+  const XcbPtr<xcb_get_property_reply_t> reply(
+      xcb_get_property_reply(xcb, xcb_get_property(xcb, 0, id(), protocols, XCB_ATOM_ATOM, 0, mostProtocols), nullptr));
+  std::vector<std::uint32_t> offered;
+  if (reply) {
+    const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    offered.assign(first, first + xcb_get_property_value_length(reply.get()) / 4);
+  }
+  std::erase(offered, takeFocus);
+  if (takesKeys_) offered.push_back(takeFocus);
+  changeProperty(xcb, id(), protocols, XCB_ATOM_ATOM, offered);
+  xcb_flush(xcb);
+}
+
+void X11Window::writeUserTime(xcb_timestamp_t time) {
+  xcb_connection_t* xcb = toolkitConnection();
+  if (!xcb) return;
+  const xcb_atom_t userTime = connection_->atom("_NET_WM_USER_TIME");
+  changeProperty(xcb, id(), userTime, XCB_ATOM_CARDINAL, {time});
+  const auto other = connection_->numbers(id(), connection_->atom("_NET_WM_USER_TIME_WINDOW"));
+  if (!other.empty() && other.front() != XCB_WINDOW_NONE)
+    changeProperty(xcb, other.front(), userTime, XCB_ATOM_CARDINAL, {time});
+  xcb_flush(xcb);
+}
+
+void X11Window::checkPlace() {
+  if (!asked_ || !window_.isVisible() || isBypassing() || !canAsk()) return;
+  const QRect now = window_.geometry();
+  const XcbPtr<xcb_get_geometry_reply_t> geometry(
+      xcb_get_geometry_reply(connection_->xcb(), xcb_get_geometry(connection_->xcb(), id()), nullptr));
+  connection_->repliesWereRead();
+  const bool isThere = std::abs(now.x() - asked_->x()) <= placeTolerance &&
+                       std::abs(now.y() - asked_->y()) <= placeTolerance &&
+                       std::abs(now.width() - asked_->width()) <= placeTolerance &&
+                       std::abs(now.height() - asked_->height()) <= placeTolerance;
+  if (!isThere || (geometry && geometry->border_width != 0) || !window_.frameMargins().isNull())
+    manager_.meddled(role_);
+  else
+    checkStates();
+}
+
+void X11Window::managerChanged() {
+  if (role_ == WindowRole::window || !window_.isVisible() || isBypassing() == !manager_.leavesAlone(role_)) return;
+  // One in use is left where it is, until it is shown again.
+  if (window_.isActive()) return;
+  window_.hide();
+  window_.show();
+  window_.raise();
+}
+
+bool X11Window::isViewable(xcb_window_t window) const {
+  const XcbPtr<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+      connection_->xcb(), xcb_get_window_attributes(connection_->xcb(), window), nullptr));
+  connection_->repliesWereRead();
+  return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+xcb_window_t X11Window::focused() const {
+  const XcbPtr<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection_->xcb(), xcb_get_input_focus(connection_->xcb()), nullptr));
+  connection_->repliesWereRead();
+  return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+void X11Window::later(int milliseconds, int attempt, std::function<void()> step) {
+  QTimer::singleShot(milliseconds, this, [this, attempt, step = std::move(step)] {
+    if (attempt == attempt_) step();
+  });
+}
+
+void X11Window::activate(std::function<void(bool)> done) {
+  const int attempt = ++attempt_;
+  done_ = std::move(done);
+  setTakesKeys(true);
+  if (toolkitConnection() && canAsk()) {
+    askForFocus(attempt, 0);
+    return;
+  }
+  window_.requestActivate();
+  later(focusInterval, attempt, [this] { finish(window_.isActive()); });
+}
+
+void X11Window::askForFocus(int attempt, int turn) {
+  if (!window_.isVisible() || turn > viewableTurns) {
+    later(0, attempt, [this] { finish(false); });
+    return;
+  }
+  if (!isViewable(id())) {
+    later(focusInterval, attempt, [this, attempt, turn] { askForFocus(attempt, turn + 1); });
+    return;
+  }
+  const xcb_timestamp_t time = connection_->serverTime();
+  writeUserTime(time);
+  if (const xcb_window_t before = focused(); before != id()) {
+    const X11Window* ours = ownWindow(before);
+    // The bar no longer wants the keyboard when a panel has opened from it.
+    previousFocus_ = ours && ours->previousFocus_ != XCB_WINDOW_NONE ? ours->previousFocus_ : before;
+  }
+  if (isBypassing() || !manager_.supports("_NET_ACTIVE_WINDOW")) {
+    takeFocus(attempt);
+    return;
+  }
+  // 2: at the user's wish, through a panel.
+  tellManager("_NET_ACTIVE_WINDOW", {2, time, 0, 0, 0});
+  // Docks are refused by some; they may take the keyboard themselves.
+  awaitFocus(attempt, 0, [this, attempt] { takeFocus(attempt); });
+}
+
+void X11Window::takeFocus(int attempt) {
+  if (!isViewable(id())) {
+    later(0, attempt, [this] { finish(false); });
+    return;
+  }
+  xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_PARENT, id(), connection_->serverTime());
+  connection_->flush();
+  awaitFocus(attempt, 0, [this] { finish(false); });
+}
+
+void X11Window::awaitFocus(int attempt, int turn, std::function<void()> otherwise) {
+  later(focusInterval, attempt, [this, attempt, turn, otherwise = std::move(otherwise)] {
+    // The toolkit hears of it a little later than the server says it.
+    if (focused() == id() && window_.isActive())
+      finish(true);
+    else if (turn + 1 < focusTurns)
+      awaitFocus(attempt, turn + 1, otherwise);
+    else
+      otherwise();
+  });
+}
+
+void X11Window::finish(bool isActive) {
+  ++attempt_;
+  if (!isActive) previousFocus_ = XCB_WINDOW_NONE;
+  if (const auto done = std::exchange(done_, nullptr)) done(isActive);
+}
+
+void X11Window::giveBack() {
+  ++attempt_;
+  done_ = nullptr;
+  const xcb_window_t to = std::exchange(previousFocus_, xcb_window_t{XCB_WINDOW_NONE});
+  if (to == XCB_WINDOW_NONE || to == XCB_INPUT_FOCUS_POINTER_ROOT || !canAsk() || !isViewable(to)) return;
+  xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, to, connection_->serverTime());
+  connection_->flush();
+}
+
+}  // namespace ambrel

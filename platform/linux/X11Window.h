@@ -1,0 +1,73 @@
+#pragma once
+// One window of ours under X11: what the window manager reads of it, and how it comes by the keyboard.
+
+#include <QObject>
+#include <QRect>
+#include <QTimer>
+#include <array>
+#include <functional>
+#include <optional>
+
+#include "platform/WindowStyle.h"
+#include "platform/linux/X11Connection.h"
+
+class QWindow;
+
+namespace ambrel {
+
+class X11WindowManager;
+
+// Belongs to its window and ends with it.
+class X11Window : public QObject {
+ public:
+  X11Window(QWindow& window, WindowRole role, X11Connection* connection, X11WindowManager& manager);
+
+  // Null for a window that has none.
+  static X11Window* of(QWindow& window);
+
+  void place(const QRect& frame);
+  void setTakesKeys(bool takesKeys);
+  void activate(std::function<void(bool)> done);
+  void giveBack();
+  // What is known of the window manager has changed.
+  void managerChanged();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  static X11Window* ownWindow(xcb_window_t id);
+  xcb_window_t id() const;
+  bool isBypassing() const;
+  bool canAsk() const { return connection_ && !connection_->isBroken(); }
+  void beforeShow();
+  void afterHide();
+  std::vector<std::uint32_t> wantedStates() const;
+  // By a message to the root window, as those to window managers are.
+  void tellManager(const char* what, const std::array<std::uint32_t, 5>& values);
+  void checkStates();
+  void writeProtocols();
+  void writeUserTime(xcb_timestamp_t time);
+  void checkPlace();
+  bool isViewable(xcb_window_t window) const;
+  xcb_window_t focused() const;
+  // The steps of `activate`; each gives up when a newer call has come.
+  void askForFocus(int attempt, int turn);
+  void takeFocus(int attempt);
+  void awaitFocus(int attempt, int turn, std::function<void()> otherwise);
+  void finish(bool isActive);
+  void later(int milliseconds, int attempt, std::function<void()> step);
+
+  QWindow& window_;
+  WindowRole role_;
+  X11Connection* connection_;
+  X11WindowManager& manager_;
+  bool takesKeys_;
+  std::optional<QRect> asked_;
+  QTimer placeTimer_;
+  int attempt_ = 0;
+  std::function<void(bool)> done_;
+  xcb_window_t previousFocus_ = XCB_WINDOW_NONE;  // who had the keyboard before; none when nothing is to be given back
+};
+
+}  // namespace ambrel
