@@ -13,17 +13,24 @@ Bubble {
     // Of the bubble without its tail.
     readonly property real panelWidth: Math.round(320 * Theme.textScale)
     readonly property real panelHeight: words.height + 2 * padding
-    property real presence: open ? 1 : 0
+    readonly property real presence: spring.value
 
-    opacity: presence
-    visible: open || presence > 0
+    opacity: open ? Math.min(1, presence) : 0
+    visible: open || opacity > 0
     Accessible.role: Accessible.AlertMessage
     Accessible.name: center.bubble.spoken
 
-    Behavior on presence {
+    PresenceSpring {
+        id: spring
+
+        isIn: root.open
+    }
+    Behavior on opacity {
+        enabled: !root.open
+
         NumberAnimation {
-            duration: root.open ? Theme.openDuration : Theme.closeDuration
-            easing.type: root.open ? Easing.OutCubic : Easing.InCubic
+            duration: 100
+            easing.type: Easing.OutCubic
         }
     }
     transform: Translate {

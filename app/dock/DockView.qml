@@ -11,6 +11,7 @@ FocusScope {
     required property WidgetContext context
     readonly property bool isRow: controller.edge === "bottom"
     readonly property rect slabFrame: controller.slab
+    readonly property real offset: (1 - spring.value) * hiddenOffset
     // How far the slab has to go to be beyond the edge.
     readonly property real hiddenOffset: isRow ? height - slabFrame.y : controller.edge === "left" ? -(slabFrame.x + slabFrame.width) : width - slabFrame.x
 
@@ -34,22 +35,17 @@ FocusScope {
         event.accepted = true;
     }
 
-    SpringValue {
-        id: slide
+    PresenceSpring {
+        id: spring
 
-        readonly property bool isIn: root.controller.isContentShown
-
-        isInstant: Theme.reducedMotion
-        response: isIn ? 0.44 : 0.3
-        damping: isIn ? 0.86 : 1
-        target: isIn ? 0 : root.hiddenOffset
+        isIn: root.controller.isContentShown
     }
 
     Item {
         id: slab
 
-        x: root.slabFrame.x + (root.isRow ? 0 : slide.value)
-        y: root.slabFrame.y + (root.isRow ? slide.value : 0)
+        x: root.slabFrame.x + (root.isRow ? 0 : root.offset)
+        y: root.slabFrame.y + (root.isRow ? root.offset : 0)
         width: root.slabFrame.width
         height: root.slabFrame.height
 

@@ -28,7 +28,10 @@ FocusScope {
             item.focus = true;
             item.open = Qt.binding(() => root.presentation.isContentShown);
         }
-        Component.onCompleted: setSource(root.contentSource, root.contentProperties)
+        // Closed at first, so that it does not come in before the window is there.
+        Component.onCompleted: setSource(root.contentSource, Object.assign({
+            open: false
+        }, root.contentProperties))
     }
 
     Connections {

@@ -14,8 +14,8 @@ FocusScope {
     property int headerHeight: 48
     property int radius: Theme.radiusPanel
     readonly property int shadowMargin: 48
-    // 0 while closed, 1 while open, between them while it moves.
-    property real presence: open ? 1 : 0
+    // 0 while closed, 1 while open, between them while it moves; a little more where the spring swings over.
+    readonly property real presence: spring.value
     readonly property bool isSettled: presence === (open ? 1 : 0)
     readonly property alias header: header
     property alias headerItems: header.trailing
@@ -25,14 +25,21 @@ FocusScope {
 
     Accessible.role: Accessible.Dialog
     Accessible.name: title
-    opacity: presence
-    visible: open || presence > 0
+    opacity: open ? Math.min(1, presence) : 0
+    visible: open || opacity > 0
     Keys.onEscapePressed: root.closeRequested()
 
-    Behavior on presence {
+    PresenceSpring {
+        id: spring
+
+        isIn: root.open
+    }
+    Behavior on opacity {
+        enabled: !root.open
+
         NumberAnimation {
-            duration: root.open ? Theme.openDuration : Theme.closeDuration
-            easing.type: root.open ? Easing.OutCubic : Easing.InCubic
+            duration: 100
+            easing.type: Easing.OutCubic
         }
     }
     transform: Translate {

@@ -17,13 +17,12 @@ FocusScope {
     readonly property real unit: Theme.textScale
     readonly property bool slides: controller.isCompositing && !Theme.reducedMotion
     // 0 beyond the edge, 1 in place.
-    property real presence: isOpen ? 1 : 0
+    readonly property real presence: spring.value
 
-    Behavior on presence {
-        NumberAnimation {
-            duration: root.isOpen ? Theme.shelfOpenDuration : Theme.shelfCloseDuration
-            easing.type: root.isOpen ? Easing.OutCubic : Easing.InCubic
-        }
+    PresenceSpring {
+        id: spring
+
+        isIn: root.isOpen
     }
 
     Keys.onPressed: event => {
@@ -59,10 +58,10 @@ FocusScope {
         readonly property real overhang: Math.max(0, -root.window.panelRect.y)
 
         x: root.window.panelRect.x
-        y: root.window.panelRect.y - (root.slides ? (1 - root.presence) * height : 0)
+        y: root.window.panelRect.y - (root.slides ? Math.max(0, 1 - root.presence) * height : 0)
         width: root.window.panelRect.width
         height: root.window.panelRect.height
-        opacity: root.slides || !root.controller.isCompositing ? 1 : root.presence
+        opacity: root.slides || !root.controller.isCompositing ? 1 : Math.min(1, root.presence)
         visible: root.presence > 0 || !root.controller.isCompositing
         Accessible.role: Accessible.Dialog
         Accessible.name: qsTr("Clipboard")

@@ -1,4 +1,4 @@
-#include "app/dock/SpringValue.h"
+#include "app/kit/SpringValue.h"
 
 #include <QTest>
 
