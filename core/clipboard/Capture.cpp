@@ -27,8 +27,9 @@ constexpr std::array<std::string_view, 7> privateMarkers{
 constexpr std::array<std::string_view, 2> fileTypes{"text/uri-list", "x-special/gnome-copied-files"};
 constexpr std::array<std::string_view, 6> pictureTypes{"image/png",   "image/tiff", "image/bmp",
                                                        "image/x-bmp", "image/jpeg", "image/webp"};
+// UTF8_STRING first: GTK 3 writes CR LF at the end of each line of the MIME types.
 constexpr std::array<std::string_view, 6> textTypes{
-    "text/plain;charset=utf-8", "text/plain;charset=UTF-8", "UTF8_STRING", "text/plain", "STRING", "TEXT"};
+    "UTF8_STRING", "text/plain;charset=utf-8", "text/plain;charset=UTF-8", "text/plain", "STRING", "TEXT"};
 // An owner that fails to deliver is not asked for every other form of the same thing.
 constexpr int attempts = 2;
 

@@ -86,8 +86,14 @@ TEST(Capture, FilesComeBeforePicturesAndPicturesBeforeText) {
       {"text that never comes",
        {"STRING", "UTF8_STRING", "text/plain", "text/plain;charset=utf-8"},
        {},
-       {"text/plain;charset=utf-8", "UTF8_STRING"},
+       {"UTF8_STRING", "text/plain;charset=utf-8"},
        {}},
+      // GTK 3 gives the MIME type other line ends than the text has.
+      {"text with two ends of a line",
+       {"TARGETS", "text/plain;charset=utf-8", "UTF8_STRING", "TEXT"},
+       {{"text/plain;charset=utf-8", "one\r\ntwo"}, {"UTF8_STRING", "one\ntwo"}},
+       {"UTF8_STRING"},
+       {{}, {}, "one\ntwo"}},
       {"nothing of use", {"TARGETS", "text/html"}, {{"text/html", "<b>"}}, {}, {}},
   };
   for (const auto& row : rows) {
