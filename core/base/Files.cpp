@@ -1,13 +1,15 @@
 #include "core/base/Files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
+
+#include "core/base/StoredFile.h"
 
 namespace ambrel {
 namespace {
@@ -27,6 +29,8 @@ class TemporaryFile {
       : name_(target.parent_path() / ("." + target.filename().string() + ".XXXXXX")) {
     fd_ = FileDescriptor(mkostemp(name_.data(), O_CLOEXEC));
     if (!fd_) throw FileError("cannot write", target, errno);
+    // So that removeLeftovers can tell that it is in use.
+    flock(fd_.get(), LOCK_EX | LOCK_NB);
   }
   TemporaryFile(const TemporaryFile&) = delete;
   ~TemporaryFile() {
@@ -34,6 +38,7 @@ class TemporaryFile {
   }
 
   int fd() const { return fd_.get(); }
+  const FileDescriptor& descriptor() const { return fd_; }
   void renameTo(const std::filesystem::path& target) {
     if (rename(name_.c_str(), target.c_str()) != 0) throw FileError("cannot replace", target, errno);
     isRenamed_ = true;
@@ -45,33 +50,9 @@ class TemporaryFile {
   bool isRenamed_ = false;
 };
 
-// Where a chain of symbolic links ends; what stands there need not exist.
-std::filesystem::path linkTarget(std::filesystem::path path) {
-  constexpr int longestChain = 40;  // as the kernel has it
-  for (int i = 0; i < longestChain; ++i) {
-    std::error_code error;
-    if (!std::filesystem::is_symlink(std::filesystem::symlink_status(path, error))) return path;
-    const auto target = std::filesystem::read_symlink(path, error);
-    if (error) throw FileError("cannot follow the link", path, error.value());
-    path = path.parent_path() / target;
-  }
-  throw FileError("cannot follow the link", path, ELOOP);
-}
-
-void writeAll(int fd, std::string_view bytes, const std::filesystem::path& target) {
-  while (!bytes.empty()) {
-    const ssize_t count = write(fd, bytes.data(), bytes.size());
-    if (count < 0) {
-      if (errno == EINTR) continue;
-      throw FileError("cannot write", target, errno);
-    }
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-}
-
 void replaceFile(const std::filesystem::path& path, std::string_view bytes, mode_t mode, const struct stat* owner) {
   TemporaryFile file(path);
-  writeAll(file.fd(), bytes, path);
+  writeAll(file.descriptor(), bytes, path);
   // Someone who may not give a file away keeps it.
   if (owner && fchown(file.fd(), owner->st_uid, owner->st_gid) != 0) errno = 0;
   if (fchmod(file.fd(), mode) != 0) throw FileError("cannot set the permissions of", path, errno);
@@ -171,7 +152,7 @@ void makeFolders(const std::filesystem::path& folder, mode_t mode) {
 }
 
 void writeAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode) {
-  replaceFile(path, bytes, mode, nullptr);
+  replaceFile(linkTarget(path), bytes, mode, nullptr);
 }
 
 void rewriteAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode) {

@@ -66,12 +66,12 @@ std::optional<std::string> readFile(const std::filesystem::path& path, std::uint
 // The folder with all its parents; those that are made get `mode`. Throws FileError.
 void makeFolders(const std::filesystem::path& folder, mode_t mode = 0700);
 
-// Writes beside the target, flushes to the disk and renames over it: a crash at any instant leaves the old
-// file or the new one. The parent folder must exist. `mode` is exact, whatever the umask. Throws FileError.
+// Writes beside the target, flushes to the disk and renames over it: a crash at any instant leaves the old file or the
+// new one, and a symbolic link stays one. The parent folder must exist. `mode` is exact. Throws FileError.
 void writeAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode = 0600);
 
-// The same for a file that belongs to someone else: a symbolic link is followed and stays a link, and the file keeps
-// its permissions and, where the system allows it, its owner. `mode` is for a file that does not exist yet.
+// The same for a file that belongs to someone else: it keeps its permissions and, where the system allows it, its
+// owner. `mode` is for a file that does not exist yet.
 void rewriteAtomically(const std::filesystem::path& path, std::string_view bytes, mode_t mode = 0600);
 
 }  // namespace ambrel

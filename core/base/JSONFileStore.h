@@ -6,6 +6,7 @@
 
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "core/base/StoredFile.h"
 
 namespace ambrel {
 
@@ -15,8 +16,9 @@ struct JSONFileStore {
   std::filesystem::path url;
 
   // No value when the file does not exist. Throws FileError when it cannot be read and DecodingError when it
-  // holds something else; the file stays as it is.
+  // holds something else; the file stays as it is. What an interrupted save left beside it goes.
   std::optional<Value> load() const {
+    removeLeftovers(url);
     if (!std::filesystem::exists(std::filesystem::symlink_status(url))) return std::nullopt;
     errno = 0;
     const auto bytes = readFile(url);

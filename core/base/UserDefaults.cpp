@@ -10,6 +10,7 @@
 #include "core/base/JSON.h"
 #include "core/base/Overloaded.h"
 #include "core/base/Text.h"
+#include "core/base/StoredFile.h"
 
 namespace ambrel {
 namespace {
@@ -108,6 +109,7 @@ std::optional<T> copied(const DefaultsValue* value) {
 }  // namespace
 
 UserDefaults::UserDefaults(std::filesystem::path file) : file_(std::move(file)) {
+  removeLeftovers(file_);
   seen_ = fileStatus(file_);
   if (auto values = read())
     values_ = std::move(*values);

@@ -5,6 +5,7 @@
 
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "core/base/StoredFile.h"
 #include "core/base/Text.h"
 
 namespace ambrel::ClaudeStatusLine {
@@ -44,6 +45,7 @@ SettingsFile readSettings(const Files& files) {
 
 void writeSettings(const Files& files, const SettingsFile& old, const ForeignJSON& settings) {
   makeFolders(files.settings.parent_path());
+  removeLeftovers(files.settings);
   if (old.bytes && !std::filesystem::exists(std::filesystem::symlink_status(files.backup))) {
     const auto permissions = std::filesystem::status(files.settings).permissions();
     writeAtomically(files.backup, *old.bytes, static_cast<mode_t>(permissions) & 07777);

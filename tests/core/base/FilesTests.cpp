@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "core/base/Files.h"
+#include "core/base/StoredFile.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
@@ -50,6 +51,18 @@ TEST_F(Files, WhatIsNoRegularFileIsAbsentAndNeverWaitedFor) {
   EXPECT_EQ(fileStatus(at("missing")), std::nullopt);
   // These say that they are empty, and are not.
   EXPECT_GT(readFile("/proc/self/status").value_or("").size(), 10u);
+}
+
+TEST_F(Files, WhatAKilledWriteLeftIsSweptAndOneUnderWayIsNot) {
+  folder_.write("f", "whole");
+  folder_.write(".f.aB3xyZ", "half");
+  folder_.write(".f.notes", "mine");
+  folder_.write(".fg.aB3xyZ", "another's");
+  const auto underWay = FileLock::tryAcquire(folder_.write(".f.cD4uvW", "writing"));
+  removeLeftovers(at("f"));
+  EXPECT_FALSE(std::filesystem::exists(at(".f.aB3xyZ")));
+  EXPECT_EQ(count(folder_.path()), 4u);
+  removeLeftovers(at("missing/f"));
 }
 
 TEST_F(Files, StatusFollowsLinksAndKnowsTheTimeToTheMicrosecond) {

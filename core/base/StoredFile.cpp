@@ -1,0 +1,74 @@
+#include "core/base/StoredFile.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <string>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace ambrel {
+
+std::filesystem::path linkTarget(std::filesystem::path path) {
+  constexpr int longestChain = 40;  // as the kernel has it
+  for (int i = 0; i < longestChain; ++i) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(std::filesystem::symlink_status(path, error))) return path;
+    const auto target = std::filesystem::read_symlink(path, error);
+    if (error) throw FileError("cannot follow the link", path, error.value());
+    path = path.parent_path() / target;
+  }
+  throw FileError("cannot follow the link", path, ELOOP);
+}
+
+void writeAll(const FileDescriptor& file, std::string_view bytes, const std::filesystem::path& target) {
+  while (!bytes.empty()) {
+    const ssize_t count = write(file.get(), bytes.data(), bytes.size());
+    if (count < 0) {
+      if (errno == EINTR) continue;
+      throw FileError("cannot write", target, errno);
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+}
+
+void appendToFile(const std::filesystem::path& path, std::string_view bytes) {
+  const FileDescriptor file(open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+  if (!file) throw FileError("cannot write", path, errno);
+  const auto before = fileStatus(file);
+  try {
+    writeAll(file, bytes, path);
+    if (fdatasync(file.get()) != 0) throw FileError("cannot write", path, errno);
+  } catch (const FileError&) {
+    if (before && ftruncate(file.get(), static_cast<off_t>(before->size)) != 0) errno = 0;
+    throw;
+  }
+}
+
+void removeLeftovers(const std::filesystem::path& path) {
+  std::error_code error;
+  std::filesystem::path target;
+  try {
+    target = linkTarget(path);
+  } catch (const FileError&) {
+    return;
+  }
+  const std::string prefix = "." + target.filename().string() + ".";
+  constexpr std::size_t suffixLength = 6;
+  const auto folder = target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name.size() != prefix.size() + suffixLength || !name.starts_with(prefix)) continue;
+    const FileDescriptor file(open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    const auto status = file ? fileStatus(file) : std::nullopt;
+    if (status && status->isRegular && flock(file.get(), LOCK_EX | LOCK_NB) == 0) unlink(entry->path().c_str());
+  }
+}
+
+std::optional<FileLock> FileLock::tryAcquire(const std::filesystem::path& path) {
+  FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+  if (!file) throw FileError("cannot lock", path, errno);
+  if (flock(file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return std::nullopt;
+  return FileLock(std::move(file));
+}
+
+}  // namespace ambrel

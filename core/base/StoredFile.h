@@ -1,0 +1,39 @@
+#pragma once
+// What a store needs of its file besides reading and replacing it.
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "core/base/Files.h"
+
+namespace ambrel {
+
+// Adds the bytes to the end of the file and flushes them to the disk; makes it (0600) when there is none. Throws
+// FileError; then none of them are in the file, as far as that could be undone.
+void appendToFile(const std::filesystem::path& path, std::string_view bytes);
+
+// Removes what writes of this file left beside it when they were killed. A write that is under way in any process
+// keeps its own. Failures are ignored.
+void removeLeftovers(const std::filesystem::path& path);
+
+// A file that one holder at a time may have, in this process or another. Given back at the end of either.
+class FileLock {
+ public:
+  // Makes the file (0600) when there is none; the parent folder must exist. Absent while another holder has it. A
+  // file system without locks gives everybody one. Throws FileError.
+  static std::optional<FileLock> tryAcquire(const std::filesystem::path& path);
+
+ private:
+  explicit FileLock(FileDescriptor file) : file_(std::move(file)) {}
+  FileDescriptor file_;
+};
+
+// Where a chain of symbolic links ends; what is there need not exist. Throws FileError.
+std::filesystem::path linkTarget(std::filesystem::path path);
+
+// Throws FileError, which names `target`.
+void writeAll(const FileDescriptor& file, std::string_view bytes, const std::filesystem::path& target);
+
+}  // namespace ambrel
