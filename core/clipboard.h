@@ -42,7 +42,7 @@ struct ClipItem {
   UUID id;  // survives a second copy of the same content
   ClipKind kind = ClipKind::text;
   // As copied, UTF-8. For `file`, one path a line; a path that a line cannot hold (a newline, bytes that are no
-  // UTF-8) stands there as its file URI. Absent for `image`.
+  // UTF-8) stands there as its file URI. For `image`, the text that was offered beside the picture, if any.
   std::optional<std::string> text;
   std::optional<std::string> imageFileName;   // for `image`: the name in the image folder
   std::optional<std::string> sourceBundleID;  // the application in front when the copy happened
@@ -126,6 +126,9 @@ struct ClipboardLibrary {
   // Puts the item first. A clip of the same content gives it its identity, pin and collections and goes. Beyond
   // `limit` unprotected items the oldest of them are evicted; they are returned, oldest first.
   std::vector<ClipItem> add(ClipItem item, std::int64_t limit);
+
+  // The clip of the same content; null without one.
+  const ClipItem* itemLike(const ClipItem& item) const;
 
   // What takes the texts of the unprotected items above `bytes`, oldest first: those longer than a mebibyte, then
   // any. The first item stays. The items are removed and returned.

@@ -23,6 +23,10 @@ struct SettingsValues {
   std::int64_t clipboardLimit = 300;
   std::int64_t clipboardMaxAgeDays = 0;  // 0: clips never expire
   bool clipboardForgetSensitive = true;
+  // The largest copy that is kept, in MiB.
+  std::int64_t clipboardTextMegabytes = 32;
+  std::int64_t clipboardPictureMegabytes = 64;
+  std::int64_t clipboardListMegabytes = 4;
   // Programs whose copies are not kept.
   std::vector<std::string> ignoredBundleIDs{"com.1password.1password", "com.agilebits.onepassword7",
                                             "com.bitwarden.desktop", "com.apple.keychainaccess"};

@@ -10,7 +10,13 @@
 
 namespace ambrel {
 
-// What was found on the pasteboard; empty when it is private, empty, or its owner did not answer in time.
+// What is to be fetched of a copy.
+struct ReadingWish {
+  bool wantsPicture = true;
+  CaptureLimits limits = {};
+};
+
+// What was found on the pasteboard; empty when it is private or empty.
 struct PasteboardReading {
   std::int64_t changeCount = 0;  // the change that was read
   std::vector<std::string> types;
@@ -32,7 +38,7 @@ class Pasteboard {
 
   // Fetches what is worth keeping and hands it over later. A new call, or a change meanwhile, abandons the one
   // before; its `done` is never called then.
-  virtual void read(bool wantsPicture, std::function<void(PasteboardReading)> done) = 0;
+  virtual void read(ReadingWish wish, std::function<void(PasteboardReading)> done) = 0;
 
   // Puts the representations on the pasteboard and answers later requests for them; with none, clears it. Returns
   // the change count that stands for this write.

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "core/clipboard/Whitespace.h"
+
 namespace ambrel {
 namespace {
 
@@ -51,7 +53,7 @@ std::set<std::string> ClipCapture::waitingPictures() const {
 void ClipCapture::take(PasteboardContents contents, std::int64_t changeCount, ClipOrigin origin) {
   if (contents.isEmpty()) return;
   if (contents.filePaths.empty() && contents.picture)
-    return takePicture(std::move(*contents.picture), changeCount, std::move(origin));
+    return takePicture(std::move(contents), changeCount, std::move(origin));
   const auto slot = newSlot();
   if (!contents.text || contents.text->size() <= shortText)
     return fill(slot, clipOf(std::move(contents), folding_, changeCount, std::move(origin)));
@@ -62,14 +64,16 @@ void ClipCapture::take(PasteboardContents contents, std::int64_t changeCount, Cl
               [this, slot, clip] { fill(slot, std::move(*clip)); });
 }
 
-void ClipCapture::takePicture(Representation picture, std::int64_t changeCount, ClipOrigin origin) {
-  storage_.savePicture(std::move(picture), [this, slot = newSlot(), changeCount,
+void ClipCapture::takePicture(PasteboardContents contents, std::int64_t changeCount, ClipOrigin origin) {
+  auto picture = std::move(*contents.picture);
+  contents.picture.reset();
+  auto text = std::make_shared<PasteboardContents>(std::move(contents));
+  storage_.savePicture(std::move(picture), [this, slot = newSlot(), text, changeCount,
                                             origin](const std::optional<ClipboardStorage::SavedPicture>& saved) {
-    if (!saved) {
-      fill(slot, std::nullopt);
-      return onPictureLost(changeCount, origin);
-    }
+    // A picture that cannot be kept yields to the text beside it.
+    if (!saved) return fill(slot, clipOf(std::move(*text), folding_, changeCount, origin));
     ClipItem item = imageItem(saved->name, origin);
+    if (text->text && !trimmedOfWhitespace(*text->text).empty()) item.text = std::move(text->text);
     ClipFacts facts = factsOf(item, folding_);
     fill(slot, CapturedClip{.item = std::move(item),
                             .facts = std::move(facts),

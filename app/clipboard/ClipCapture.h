@@ -28,8 +28,6 @@ class ClipCapture {
 
   // Called for each copy that holds something to keep.
   std::function<void(CapturedClip)> onCaptured;
-  // A picture could not be kept; the text beside it may still be.
-  std::function<void(std::int64_t changeCount, ClipOrigin origin)> onPictureLost;
 
   // The pictures of clips that are ready and wait for an earlier one.
   std::set<std::string> waitingPictures() const;
@@ -44,7 +42,7 @@ class ClipCapture {
   };
   std::shared_ptr<Slot> newSlot();
   void fill(const std::shared_ptr<Slot>& slot, std::optional<CapturedClip> clip);
-  void takePicture(Representation picture, std::int64_t changeCount, ClipOrigin origin);
+  void takePicture(PasteboardContents contents, std::int64_t changeCount, ClipOrigin origin);
 
   ClipboardStorage& storage_;
   Background background_;

@@ -2,7 +2,9 @@
 
 #include <QColor>
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "app/base/RowChanges.h"
 #include "app/base/StoredValue.h"
@@ -86,6 +88,35 @@ void ClipListModel::show(std::vector<ClipRow> next) {
   }
 }
 
+void ClipListModel::put(ClipRow row) {
+  const std::array<UUID, 1> id{row.id};
+  drop(id);
+  positions_.clear();
+  beginInsertRows({}, 0, 0);
+  rows_.insert(rows_.begin(), std::move(row));
+  endInsertRows();
+}
+
+void ClipListModel::drop(std::span<const UUID> ids) {
+  // What is evicted is at the end.
+  for (std::size_t i = rows_.size(); i-- > 0;) {
+    if (std::ranges::find(ids, rows_[i].id) == ids.end()) continue;
+    positions_.clear();
+    beginRemoveRows({}, static_cast<int>(i), static_cast<int>(i));
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(i));
+    endRemoveRows();
+  }
+}
+
+void ClipListModel::setCurrent(const std::optional<UUID>& id) {
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    const bool isCurrent = rows_[i].id == id;
+    if (std::exchange(rows_[i].isCurrent, isCurrent) == isCurrent) continue;
+    const QModelIndex changed = index(static_cast<int>(i));
+    Q_EMIT dataChanged(changed, changed, {CurrentRole, SpokenRole});
+  }
+}
+
 void ClipListModel::setNow(Instant now) {
   if (now == now_) return;
   now_ = now;
@@ -163,6 +194,7 @@ QString ClipListModel::spoken(const ClipRow& row, const ClipFacts& facts) const 
 QVariant ClipListModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const ClipRow& row = rows_[static_cast<std::size_t>(index.row())];
+  if (row.lost) return lostData(row, role);
   static const ClipFacts none;
   const ClipFacts* found = sources_.index.find(row.id);
   const ClipFacts& facts = found ? *found : none;
@@ -206,6 +238,46 @@ QVariant ClipListModel::data(const QModelIndex& index, int role) const {
       return spoken(row, facts);
     default:
       return {};
+  }
+}
+
+QVariant ClipListModel::lostData(const ClipRow& row, int role) const {
+  const auto title = [&] {
+    if (row.lost->reason == LostCopy::Reason::noAnswer) return tr("The program did not hand its copy over.");
+    const QString what = row.kind == ClipKind::image  ? tr("A picture")
+                         : row.kind == ClipKind::file ? tr("A list of files")
+                                                      : tr("A text");
+    return tr("%1 of %2: too large to keep")
+        .arg(what, toQString(fileSize(sources_.calendar, static_cast<std::int64_t>(row.lost->bytes))));
+  };
+  const auto foot = [&] { return row.source.empty() ? QString() : sources_.programName(row.source); };
+  switch (role) {
+    case IdRole:
+      return idText(row.id);
+    case LookRole:
+      return QStringLiteral("lost");
+    case KindRole:
+      return tr("Not kept");
+    case Qt::DisplayRole:
+    case TitleRole:
+      return title();
+    case FootRole:
+      return foot();
+    case AgeRole:
+      return toQString(shortAge(sources_.calendar, row.createdAt, now_));
+    case SpokenRole:
+      return QStringList{tr("Not kept"), title(), foot()}.join(QStringLiteral(", "));
+    case ColorRole:
+      return QColor(Qt::transparent);
+    case FilesRole:
+      return QVariantList();
+    case PinNumberRole:
+      return 0;
+    case PinnedRole:
+    case CurrentRole:
+      return false;
+    default:
+      return role >= Qt::UserRole ? QVariant(QString()) : QVariant();
   }
 }
 

@@ -5,6 +5,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -24,9 +25,10 @@ struct ClipRow {
   std::string imageFileName = {};
   std::string source = {};  // the stored identifier of the program; empty when unknown
   bool isPinned = false;
-  bool isKept = false;     // no sweep takes it
-  bool isCurrent = false;  // on the pasteboard now
-  int pinNumber = 0;       // 0 without one
+  bool isKept = false;                // no sweep takes it
+  bool isCurrent = false;             // on the pasteboard now
+  int pinNumber = 0;                  // 0 without one
+  std::optional<LostCopy> lost = {};  // no clip, but a copy that could not be taken over
   friend bool operator==(const ClipRow&, const ClipRow&) = default;
 };
 
@@ -39,7 +41,7 @@ class ClipListModel : public QAbstractListModel {
  public:
   enum Role {
     IdRole = Qt::UserRole,
-    LookRole,    // "text", "code", "link", "color", "image", "files", "secret"
+    LookRole,    // "text", "code", "link", "color", "image", "files", "secret"; "lost" for what is no clip
     KindRole,    // in words: "Text", "Files"
     TitleRole,   // ClipPreview::title
     DetailRole,  // ClipPreview::detail
@@ -69,6 +71,11 @@ class ClipListModel : public QAbstractListModel {
   explicit ClipListModel(Sources sources, QObject* parent = nullptr);
 
   void show(std::vector<ClipRow> rows);
+  // A single step of the same: the row comes first, and leaves its former place; these rows go.
+  void put(ClipRow row);
+  void drop(std::span<const UUID> ids);
+  // Which clip is on the pasteboard now.
+  void setCurrent(const std::optional<UUID>& id);
   // Ages are reckoned from here.
   void setNow(Instant now);
   // What the card says of the row besides its record has changed.
@@ -91,6 +98,7 @@ class ClipListModel : public QAbstractListModel {
   QString foot(const ClipRow& row, const ClipFacts& facts) const;
   QString forgetting(const ClipRow& row, const ClipFacts& facts) const;
   QString spoken(const ClipRow& row, const ClipFacts& facts) const;
+  QVariant lostData(const ClipRow& row, int role) const;
 
   Sources sources_;
   std::vector<ClipRow> rows_;

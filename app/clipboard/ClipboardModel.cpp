@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/base/Log.h"
 #include "app/base/StoredValue.h"
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
@@ -20,7 +21,7 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
       seams_(std::move(seams)),
       folding_(SearchFolding::forLocale(calendar_.locale())),
       history_({}, seams_.pasteboard.changeCount()),
-      storage_(std::move(folder), seams_.background, [this] { return history_.library(); }),
+      storage_(std::move(folder), seams_.background, seams_.later, [this] { return history_.library(); }),
       capture_(storage_, seams_.background, folding_),
       index_(folding_),
       files_(seams_.fileBackground, [this](const UUID& id) { items_.refresh(id); }),
@@ -34,8 +35,8 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
               .files = [this](const UUID& id) { return files_.find(id); },
               .sensitiveAge = [this] { return captureSettings().sensitiveAge(); }}) {
   capture_.onCaptured = [this](CapturedClip clip) { add(std::move(clip)); };
-  capture_.onPictureLost = [this](std::int64_t changeCount, ClipOrigin origin) {
-    if (changeCount == history_.lastChangeCount()) read(false, std::move(origin));
+  storage_.onSaveFailed = [this](const std::string& reason) {
+    Q_EMIT troubled(tr("The clipboard history cannot be saved"), toQString(reason));
   };
   storage_.picturesInUse = [this] {
     auto names = history_.usedImages();
@@ -57,6 +58,9 @@ void ClipboardModel::start() {
 
 void ClipboardModel::begin(ClipboardStorage::Loaded loaded) {
   isLoaded_ = true;
+  if (std::exchange(isReadOnly_, loaded.isReadOnly) != isReadOnly_ && isReadOnly_)
+    Q_EMIT troubled(tr("The clipboard history is read-only"),
+                    tr("Another Tilebay of yours keeps it. Copies stay out."));
   index_ = std::move(loaded.index);
   pictureSizes_ = std::move(loaded.pictureSizes);
   history_ = ClipboardHistory(std::move(loaded.library), history_.lastChangeCount());
@@ -77,47 +81,90 @@ CaptureSettings ClipboardModel::captureSettings() const {
 void ClipboardModel::poll() {
   if (!isLoaded_) return;
   const Instant now = seams_.now();
-  apply(history_.sweep(now, captureSettings(), [this](const ClipItem& item) { return index_.of(item).isSensitive; }));
+  if (!isReadOnly_)
+    apply(history_.sweep(now, captureSettings(), [this](const ClipItem& item) { return index_.of(item).isSensitive; }));
   const auto minute = std::chrono::floor<std::chrono::minutes>(now).time_since_epoch().count();
-  if (std::exchange(lastMinute_, minute) != minute) refreshAges();
+  if (std::exchange(lastMinute_, minute) != minute) {
+    refreshAges();
+    if (isReadOnly_) tryToTakeOver();
+  }
   const std::int64_t change = seams_.pasteboard.changeCount();
   if (change == history_.lastChangeCount()) return;
 
-  const CaptureSettings settings = captureSettings();
+  CaptureSettings settings = captureSettings();
   const std::vector<std::string> front = seams_.workspace.frontmost();
-  const auto ignored = std::ranges::find_first_of(front, settings.ignoredBundleIDs);
+  const auto ignored =
+      std::ranges::find_if(front, [&](const std::string& id) { return isIgnored(id, settings.ignoredBundleIDs); });
   std::optional<std::string> source;
   if (ignored != front.end())
-    source = *ignored;
+    settings.ignoredBundleIDs.push_back(source.emplace(*ignored));
   else if (!front.empty())
     source = front.front();
 
   ownerlessChange_.reset();
   const bool isWanted = history_.noticeChange(change, settings, source);
-  publish();
-  if (isWanted) read(true, {.id = UUID::random(), .now = now, .sourceBundleID = std::move(source)});
+  publishCurrent();
+  if (isWanted && !isReadOnly_) read({.id = UUID::random(), .now = now, .sourceBundleID = std::move(source)});
 }
 
-void ClipboardModel::read(bool wantsPicture, ClipOrigin origin) {
-  seams_.pasteboard.read(wantsPicture, [self = QPointer(this), origin = std::move(origin)](PasteboardReading reading) {
-    // What was copied since is read by itself.
-    if (!self || reading.changeCount != self->history_.lastChangeCount()) return;
-    self->capture_.take(std::move(reading.contents), reading.changeCount, origin);
+// By its stored identifier, or by the name that the cards show.
+bool ClipboardModel::isIgnored(const std::string& bundleID, const std::vector<std::string>& ignored) {
+  return std::ranges::any_of(ignored, [&](const std::string& entry) {
+    return entry == bundleID || toQString(entry).compare(programName(bundleID), Qt::CaseInsensitive) == 0;
   });
+}
+
+void ClipboardModel::tryToTakeOver() {
+  storage_.tryLock([this](bool isOurs) {
+    if (isOurs) start();
+  });
+}
+
+void ClipboardModel::read(ClipOrigin origin) {
+  constexpr std::size_t megabyte = 1 << 20;
+  const auto bytes = [](qint64 megabytes) {
+    return static_cast<std::size_t>(std::clamp<qint64>(megabytes, 1, 1024)) * megabyte;
+  };
+  const CaptureLimits limits{.text = bytes(settings_.clipboardTextMegabytes()),
+                             .picture = bytes(settings_.clipboardPictureMegabytes()),
+                             .fileList = bytes(settings_.clipboardListMegabytes())};
+  seams_.pasteboard.read({.wantsPicture = true, .limits = limits},
+                         [self = QPointer(this), origin = std::move(origin)](PasteboardReading reading) {
+                           // What was copied since is read by itself.
+                           if (!self || reading.changeCount != self->history_.lastChangeCount()) return;
+                           if (reading.contents.lost) return self->addLost(*reading.contents.lost, origin);
+                           self->capture_.take(std::move(reading.contents), reading.changeCount, origin);
+                         });
+}
+
+void ClipboardModel::addLost(const LostCopy& lost, const ClipOrigin& origin) {
+  constexpr std::size_t mostLost = 8;
+  logLine(lost.reason == LostCopy::Reason::tooLarge ? "a copy is too large to keep" : "a copy was not handed over");
+  // A program that fails again and again has one card.
+  std::erase_if(lost_, [&](const ClipRow& row) {
+    return row.source == origin.sourceBundleID.value_or("") && row.lost->reason == lost.reason;
+  });
+  lost_.insert(lost_.begin(), {.id = origin.id,
+                               .kind = lost.kind,
+                               .createdAt = origin.now,
+                               .source = origin.sourceBundleID.value_or(""),
+                               .lost = lost});
+  if (lost_.size() > mostLost) lost_.pop_back();
+  publishRows();
 }
 
 void ClipboardModel::add(CapturedClip clip) {
   const auto current = history_.currentItemID();
   if (clip.pictureSize) pictureSizes_[*clip.item.imageFileName] = *clip.pictureSize;
-  const UUID fresh = clip.item.id;
   const HistoryEffects effects = history_.add(std::move(clip.item), captureSettings());
-  // A second copy of the same content keeps its identity, and so its facts.
-  const UUID id = library().items.empty() ? fresh : library().items.front().id;
-  index_.put(id, std::move(clip.facts));
-  files_.forget(id);
+  // A second copy of the same content keeps its identity, and so its facts. None is current when the limit leaves no
+  // room for it.
+  if (const auto id = history_.currentItemID()) {
+    index_.put(*id, std::move(clip.facts));
+    files_.forget(*id);
+  }
   if (clip.changeCount != history_.lastChangeCount()) history_.noticeOwnWrite(history_.lastChangeCount(), current);
   apply(effects);
-  publish();
   if (ownerlessChange_ == clip.changeCount) restoreCurrent();
 }
 
@@ -137,7 +184,7 @@ void ClipboardModel::write(std::vector<Representation> representations, std::opt
   history_.noticeOwnWrite(purpose == Purpose::restore ? seams_.pasteboard.restore(std::move(representations))
                                                       : seams_.pasteboard.write(std::move(representations)),
                           id);
-  publish();
+  publishCurrent();
 }
 
 void ClipboardModel::copy(const ClipItem& item) { put(item, Purpose::copy); }
@@ -159,16 +206,16 @@ void ClipboardModel::copyText(std::string_view text) {
   auto item = textItem(std::string(trimmed),
                        {.id = UUID::random(), .now = seams_.now(), .sourceBundleID = std::string(ownBundleID)});
   if (!item) return;
-  if (!isLoaded_) return write(representations(*item, std::nullopt), std::nullopt, Purpose::copy);
+  if (!isLoaded_ || isReadOnly_) return write(representations(*item, std::nullopt), std::nullopt, Purpose::copy);
   ClipFacts facts = factsOf(*item, folding_);
+  const ClipItem own = *item;
   add({.item = std::move(*item),
        .facts = std::move(facts),
        .pictureSize = {},
        .changeCount = history_.lastChangeCount()});
-  if (library().items.empty()) return;
-  const ClipItem own = library().items.front();
-  copy(own);
-  setFocusedItemID(own.id);
+  const ClipItem* kept = library().itemLike(own);
+  write(representations(own, std::nullopt), kept ? std::optional(kept->id) : std::nullopt, Purpose::copy);
+  if (kept) setFocusedItemID(kept->id);
 }
 
 void ClipboardModel::copyColor(const QColor& color) {
@@ -205,11 +252,11 @@ std::vector<ClipItem> ClipboardModel::pinnedItems() const {
 }
 
 void ClipboardModel::apply(const HistoryEffects& effects) {
-  if (effects.needsSave) storage_.save();
+  if (effects.needsSave) storage_.save(effects.changes);
   if (!effects.unusedImages.empty()) storage_.removePictures(effects.unusedImages);
   if (effects.needsSave || !effects.unusedImages.empty()) {
     forgetUnneeded();
-    publish();
+    if (!publishChanges(effects.changes)) publish();
   }
 }
 
@@ -221,27 +268,38 @@ void ClipboardModel::forgetUnneeded() {
   std::erase_if(pictureSizes_, [&](const auto& entry) { return !used.contains(entry.first); });
 }
 
-void ClipboardModel::togglePin(const UUID& id) { apply(history_.togglePin(id)); }
+void ClipboardModel::togglePin(const UUID& id) {
+  if (!isReadOnly_) apply(history_.togglePin(id));
+}
 
 void ClipboardModel::toggleCollection(const UUID& item, const UUID& collection) {
-  apply(history_.toggleCollection(item, collection));
+  if (!isReadOnly_) apply(history_.toggleCollection(item, collection));
 }
 
 void ClipboardModel::createCollection(std::string_view name) {
-  if (isLoaded_) apply(history_.createCollection(UUID::random(), name));
+  if (isLoaded_ && !isReadOnly_) apply(history_.createCollection(UUID::random(), name));
 }
 
 void ClipboardModel::renameCollection(const UUID& id, std::string_view name) {
-  apply(history_.renameCollection(id, name));
+  if (!isReadOnly_) apply(history_.renameCollection(id, name));
 }
 
 void ClipboardModel::deleteCollection(const UUID& id) {
-  if (!isLoaded_) return;
+  if (!isLoaded_ || isReadOnly_) return;
+  const auto found = std::ranges::find(library().collections, id, &ClipCollection::id);
+  if (found == library().collections.end()) return;
+  const std::string name = found->name;
   if (filter_ == ClipFilter{ClipFilter::Collection{id}}) setFilter({ClipFilter::All{}});
   apply(history_.deleteCollection(id));
+  Q_EMIT undoableCountChanged();
+  Q_EMIT collectionDeleted(toQString(name));
+  endUndoLater();
 }
 
 void ClipboardModel::remove(std::span<const UUID> ids, bool undoable) {
+  if (std::erase_if(lost_, [&](const ClipRow& row) { return std::ranges::find(ids, row.id) != ids.end(); }) > 0)
+    publishRows();
+  if (isReadOnly_) return;
   if (focusedItemID_ && std::ranges::find(ids, *focusedItemID_) != ids.end()) setFocusedItemID(std::nullopt);
   const int before = count();
   const HistoryEffects effects = history_.remove(ids, undoable);
@@ -250,6 +308,10 @@ void ClipboardModel::remove(std::span<const UUID> ids, bool undoable) {
   if (!undoable) return;
   Q_EMIT undoableCountChanged();
   Q_EMIT removed(before - count());
+  endUndoLater();
+}
+
+void ClipboardModel::endUndoLater() {
   seams_.later(undoWindow, [self = QPointer(this), generation = ++undoGeneration_] {
     if (!self || generation != self->undoGeneration_) return;
     self->apply(self->history_.endUndo());
@@ -258,6 +320,7 @@ void ClipboardModel::remove(std::span<const UUID> ids, bool undoable) {
 }
 
 void ClipboardModel::undoRemove() {
+  if (isReadOnly_) return;
   const HistoryEffects effects = history_.undoRemove();
   if (!effects.needsSave) return;
   ++undoGeneration_;
@@ -266,7 +329,9 @@ void ClipboardModel::undoRemove() {
 }
 
 void ClipboardModel::clearHistory() {
+  if (isReadOnly_) return;
   const auto focused = focusedItemID_;
+  lost_.clear();
   apply(history_.clear());
   if (focused && !history_.item(*focused)) setFocusedItemID(std::nullopt);
 }
@@ -299,25 +364,54 @@ void ClipboardModel::publish() {
   Q_EMIT currentItemIDChanged();
 }
 
+void ClipboardModel::publishCurrent() {
+  items_.setCurrent(history_.currentItemID());
+  Q_EMIT currentItemIDChanged();
+}
+
+ClipRow ClipboardModel::rowOf(const ClipItem& item) const {
+  return {.id = item.id,
+          .kind = item.kind,
+          .createdAt = item.createdAt,
+          .imageFileName = item.imageFileName.value_or(""),
+          .source = item.sourceBundleID.value_or(""),
+          .isPinned = item.isPinned,
+          .isKept = item.isProtected(),
+          .isCurrent = item.id == history_.currentItemID()};
+}
+
+// A copy costs the rows that it changes, however many there are. False when all rows are to be looked through.
+bool ClipboardModel::publishChanges(std::span<const LibraryChange> changes) {
+  const bool showsAll = filter_ == ClipFilter{} && query_.trimmed().isEmpty() && lost_.empty();
+  const auto* put = changes.empty() ? nullptr : std::get_if<LibraryChange::Put>(&changes.front().value);
+  // The numbers of the pins follow their order.
+  if (!showsAll || !put || put->item.isPinned) return false;
+  items_.put(rowOf(put->item));
+  for (const LibraryChange& change : changes)
+    if (const auto* drop = std::get_if<LibraryChange::Drop>(&change.value)) items_.drop(drop->ids);
+  publishCurrent();
+  refreshAges();
+  Q_EMIT visibleItemsChanged();
+  Q_EMIT libraryChanged();
+  return true;
+}
+
 void ClipboardModel::publishRows() {
   constexpr int mostPinNumbers = 9;
   std::unordered_map<UUID, int> pinNumbers;
   for (int number = 1; number <= mostPinNumbers; ++number)
     if (const ClipItem* item = history_.pinnedItem(number)) pinNumbers.emplace(item->id, number);
   std::vector<ClipRow> rows;
+  const bool showsLost = filter_ == ClipFilter{} && query_.trimmed().isEmpty();
+  auto lost = showsLost ? lost_.begin() : lost_.end();
   for (const std::size_t position : index_.matches(library().items, filter_, query_.toStdString())) {
     const ClipItem& item = library().items[position];
-    const auto number = pinNumbers.find(item.id);
-    rows.push_back({.id = item.id,
-                    .kind = item.kind,
-                    .createdAt = item.createdAt,
-                    .imageFileName = item.imageFileName.value_or(""),
-                    .source = item.sourceBundleID.value_or(""),
-                    .isPinned = item.isPinned,
-                    .isKept = item.isProtected(),
-                    .isCurrent = item.id == history_.currentItemID(),
-                    .pinNumber = number == pinNumbers.end() ? 0 : number->second});
+    while (lost != lost_.end() && lost->createdAt >= item.createdAt) rows.push_back(*lost++);
+    rows.push_back(rowOf(item));
+    if (const auto number = pinNumbers.find(item.id); number != pinNumbers.end())
+      rows.back().pinNumber = number->second;
   }
+  rows.insert(rows.end(), lost, lost_.end());
   items_.show(std::move(rows));
   Q_EMIT visibleItemsChanged();
 }

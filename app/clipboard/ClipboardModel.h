@@ -53,6 +53,8 @@ class ClipboardModel : public QObject {
   // Why there is nothing to show, and what would change that.
   Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY visibleItemsChanged)
   Q_PROPERTY(QString emptySentence READ emptySentence NOTIFY visibleItemsChanged)
+  // Where copies came from lately, newest first: {id, name}. None that is ignored.
+  Q_PROPERTY(QVariantList recentPrograms READ recentPrograms NOTIFY libraryChanged)
   // For the tile: the newest clip in a few words, a secret by its kind alone.
   Q_PROPERTY(QString latestText READ latestText NOTIFY libraryChanged)
   Q_PROPERTY(QString latestAge READ latestAge NOTIFY latestAgeChanged)
@@ -127,6 +129,8 @@ class ClipboardModel : public QObject {
   void setFilterText(const QString& text);
   QString focusedItemText() const;
   void setFocusedItemText(const QString& id);
+  // Whether items or a collection can still come back.
+  bool canUndo() const { return history_.undoableCount() > 0 || history_.canUndoCollection(); }
   int undoableCount() const { return static_cast<int>(history_.undoableCount()); }
   int count() const { return static_cast<int>(library().items.size()); }
   QString countText() const;
@@ -134,6 +138,7 @@ class ClipboardModel : public QObject {
   QString summary() const;
   QString emptyTitle() const;
   QString emptySentence() const;
+  QVariantList recentPrograms();
   QString latestText() const;
   QString latestAge() const { return latestAge_; }
   QString latestLine() const { return latestLine_; }
@@ -160,6 +165,14 @@ class ClipboardModel : public QObject {
   Q_INVOKABLE void cleanUp(const QString& key);
   Q_INVOKABLE void clear() { clearHistory(); }
   Q_INVOKABLE void undo() { undoRemove(); }
+  // The name of a program by what is stored of it.
+  Q_INVOKABLE QString nameOfProgram(const QString& id) { return programName(id.toStdString()); }
+  // Whether a picture came with a text.
+  Q_INVOKABLE bool hasTextBeside(const QString& id) const;
+  // Puts the text of the clip on the pasteboard, also that beside a picture.
+  Q_INVOKABLE void copyAsText(const QString& id);
+  // Records a part of a clip and puts it on the pasteboard.
+  Q_INVOKABLE void copyPart(const QString& text) { copyText(text.toStdString()); }
   // The beginning of its text, as much as a preview can show.
   Q_INVOKABLE QString textOf(const QString& id) const;
   // A card shows the item's files.
@@ -178,11 +191,19 @@ class ClipboardModel : public QObject {
   void latestAgeChanged();
   // So many items went, and can come back for a while.
   void removed(int count);
+  // The same for a collection.
+  void collectionDeleted(const QString& name);
+  // Something that the user has to know, once: the history is not saved, or not this bar's.
+  void troubled(const QString& title, const QString& detail);
 
  private:
   void begin(ClipboardStorage::Loaded loaded);
-  void read(bool wantsPicture, ClipOrigin origin);
+  void read(ClipOrigin origin);
   void add(CapturedClip clip);
+  void addLost(const LostCopy& lost, const ClipOrigin& origin);
+  bool isIgnored(const std::string& bundleID, const std::vector<std::string>& ignored);
+  void tryToTakeOver();
+  void endUndoLater();
   void restoreCurrent();
   // What is restored yields to what another application has copied.
   enum class Purpose { copy, restore };
@@ -192,6 +213,9 @@ class ClipboardModel : public QObject {
   void apply(const HistoryEffects& effects);
   void publish();
   void publishRows();
+  void publishCurrent();
+  bool publishChanges(std::span<const LibraryChange> changes);
+  ClipRow rowOf(const ClipItem& item) const;
   CaptureSettings captureSettings() const;
   QString programName(const std::string& bundleID);
   const ClipItem* itemOf(const QString& id) const;
@@ -217,6 +241,9 @@ class ClipboardModel : public QObject {
   QString latestAge_, latestLine_;
   std::int64_t lastMinute_ = 0;
   bool isLoaded_ = false;
+  bool isReadOnly_ = false;  // another bar keeps the history
+  // Copies that could not be taken over, newest first; until the program ends.
+  std::vector<ClipRow> lost_;
   // The change whose owner has gone before its contents had become a clip.
   std::optional<std::int64_t> ownerlessChange_;
   int undoGeneration_ = 0;

@@ -3,6 +3,9 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageReader>
+#include <algorithm>
+#include <atomic>
+#include <iterator>
 #include <mutex>
 #include <utility>
 
@@ -16,6 +19,9 @@ namespace {
 
 // Of a picture that comes in another format than PNG; its pixels may need four bytes each.
 constexpr int mostDecodedMegabytes = 256;
+
+// After a save that failed: a disk that is full or away may be back by then.
+constexpr Seconds retryDelay{30};
 
 // The decoder for a type; a picture is never taken for another format than its owner says.
 const char* formatOf(std::string_view type) {
@@ -56,22 +62,45 @@ std::optional<PictureSize> sizeOf(const std::filesystem::path& picture) {
 struct ClipboardStorage::Shared {
   explicit Shared(const std::filesystem::path& path) : folder(path) {}
 
-  bool save(const ClipboardLibrary& library, bool isLast = false) {
+  // Why it failed; absent when it is saved.
+  using Failure = std::optional<std::string>;
+
+  Failure save(const ClipboardLibrary& library, bool isLast = false) {
+    return write(isLast, [&] { folder.save(library); });
+  }
+  Failure append(std::span<const LibraryChange> changes) {
+    return write(false, [&] { folder.append(changes); });
+  }
+  Failure write(bool isLast, const std::function<void()>& work) {
     const std::scoped_lock lock(mutex);
     // An older library must not come after the last one.
-    if (std::exchange(isClosed, isClosed || isLast)) return false;
+    if (std::exchange(isClosed, isClosed || isLast)) return std::nullopt;
+    Failure failure;
     try {
-      folder.save(library);
-      return true;
+      work();
     } catch (const std::exception& error) {
-      logLine(std::string("cannot save clipboard library: ") + error.what());
-      return false;
+      failure = error.what();
+    }
+    wantsWhole = folder.wantsWhole();
+    isAtRest = folder.isAtRest();
+    return failure;
+  }
+
+  // A folder that cannot be locked is not one that another bar has.
+  bool tryLock() {
+    const std::scoped_lock lock(mutex);
+    try {
+      return folder.lock();
+    } catch (const std::exception& error) {
+      logLine(std::string("cannot lock the clipboard library: ") + error.what());
+      return true;
     }
   }
 
   Loaded load(SearchFolding folding) {
-    const std::scoped_lock lock(mutex);
     Loaded loaded;
+    loaded.isReadOnly = !tryLock();
+    const std::scoped_lock lock(mutex);
     loaded.index = ClipIndex(folding);
     try {
       loaded.library = folder.load();
@@ -86,7 +115,9 @@ struct ClipboardStorage::Shared {
       if (const auto size = sizeOf(folder.imagePath(*item.imageFileName)))
         loaded.pictureSizes.emplace(*item.imageFileName, *size);
     }
-    folder.sweepOrphans(names);
+    if (!loaded.isReadOnly) folder.sweepOrphans(names);
+    wantsWhole = folder.wantsWhole();
+    isAtRest = folder.isAtRest();
     return loaded;
   }
 
@@ -106,19 +137,22 @@ struct ClipboardStorage::Shared {
   std::mutex mutex;
   ClipboardFolder folder;
   bool isClosed = false;
+  std::atomic<bool> wantsWhole = true, isAtRest = true;  // of the folder, as of the last job
 };
 
-ClipboardStorage::ClipboardStorage(std::filesystem::path folder, Background background,
+ClipboardStorage::ClipboardStorage(std::filesystem::path folder, Background background, DelayedStep later,
                                    std::function<ClipboardLibrary()> snapshot)
     : folder_(std::move(folder)),
       background_(std::move(background)),
+      later_(std::move(later)),
       snapshot_(std::move(snapshot)),
       shared_(std::make_shared<Shared>(folder_)) {
   QImageReader::setAllocationLimit(mostDecodedMegabytes);
 }
 
 ClipboardStorage::~ClipboardStorage() {
-  if (isDirty_) shared_->save(snapshot_(), true);
+  if (!isLoaded_ || isReadOnly_ || (!isDirty() && !hasFailed_ && shared_->isAtRest)) return;
+  if (const auto failure = shared_->save(snapshot_(), true)) logLine("cannot save clipboard library: " + *failure);
 }
 
 std::filesystem::path ClipboardStorage::picturesFolder() const { return shared_->folder.imagePath(""); }
@@ -131,7 +165,7 @@ void ClipboardStorage::enqueue(std::function<void()> work, std::function<void()>
 void ClipboardStorage::next() {
   if (isWorking_) return;
   if (jobs_.empty()) {
-    if (isDirty_)
+    if (isDirty())
       startSave();
     else if (!unused_.empty())
       startRemoval();
@@ -155,20 +189,62 @@ void ClipboardStorage::load(SearchFolding folding, std::function<void(Loaded)> d
         // The document's tree was several times as large as what is kept of it.
         returnFreedMemory();
       },
-      [result, done = std::move(done)] { done(std::move(*result)); });
+      [this, result, done = std::move(done)] {
+        isLoaded_ = true;
+        isReadOnly_ = result->isReadOnly;
+        // A journal that a crash has left goes into the library.
+        if (!shared_->isAtRest) needsWhole_ = !isReadOnly_;
+        done(std::move(*result));
+      });
 }
 
-void ClipboardStorage::save() {
-  isDirty_ = true;
+void ClipboardStorage::tryLock(std::function<void(bool)> done) {
+  auto isOurs = std::make_shared<bool>(false);
+  enqueue([shared = shared_, isOurs] { *isOurs = shared->tryLock(); },
+          [isOurs, done = std::move(done)] { done(*isOurs); });
+}
+
+void ClipboardStorage::save(std::vector<LibraryChange> changes) {
+  if (isReadOnly_) return;
+  if (changes.empty()) needsWhole_ = true;
+  std::ranges::move(changes, std::back_inserter(changes_));
   next();
 }
 
 void ClipboardStorage::startSave() {
-  isDirty_ = false;
-  auto library = std::make_shared<const ClipboardLibrary>(snapshot_());
-  auto isSaved = std::make_shared<bool>(false);
-  enqueue([shared = shared_, library, isSaved] { *isSaved = shared->save(*library); },
-          [this, isSaved] { wasSaved_ = *isSaved; });
+  const auto failure = std::make_shared<Shared::Failure>();
+  const bool isWhole = std::exchange(needsWhole_, false) || hasFailed_ || shared_->wantsWhole;
+  const auto changes = std::make_shared<const std::vector<LibraryChange>>(std::exchange(changes_, {}));
+  if (isWhole) {
+    const auto library = std::make_shared<const ClipboardLibrary>(snapshot_());
+    enqueue([shared = shared_, library, failure] { *failure = shared->save(*library); },
+            [this, failure] { saved(*failure, true); });
+  } else {
+    enqueue([shared = shared_, changes, failure] { *failure = shared->append(*changes); },
+            [this, failure] { saved(*failure, false); });
+  }
+}
+
+void ClipboardStorage::saved(const std::optional<std::string>& failure, bool wasWhole) {
+  if (failure && !wasWhole) {
+    // What could not be added goes with the whole.
+    needsWhole_ = true;
+    return;
+  }
+  const bool hadFailed = std::exchange(hasFailed_, failure.has_value());
+  ++retryGeneration_;
+  if (!failure) return;
+  logLine("cannot save clipboard library: " + *failure);
+  retryLater();
+  if (!hadFailed && onSaveFailed) onSaveFailed(*failure);
+}
+
+void ClipboardStorage::retryLater() {
+  later_(retryDelay, [this, life = std::weak_ptr(life_), generation = retryGeneration_] {
+    if (life.expired() || generation != retryGeneration_) return;
+    needsWhole_ = true;
+    next();
+  });
 }
 
 void ClipboardStorage::savePicture(Representation picture, std::function<void(std::optional<SavedPicture>)> done) {
@@ -180,7 +256,7 @@ void ClipboardStorage::savePicture(Representation picture, std::function<void(st
 
 void ClipboardStorage::readPicture(const std::string& name, std::function<void(std::optional<std::string>)> done) {
   auto result = std::make_shared<std::optional<std::string>>();
-  enqueue([path = shared_->folder.imagePath(name), result] { *result = readFile(path, CaptureLimits::picture * 4); },
+  enqueue([path = shared_->folder.imagePath(name), result] { *result = readFile(path); },
           [result, done = std::move(done)] { done(std::move(*result)); });
 }
 

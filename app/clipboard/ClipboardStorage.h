@@ -13,30 +13,40 @@
 #include <vector>
 
 #include "app/base/Background.h"
+#include "app/base/Presentation.h"
 #include "core/clipboard/Capture.h"
 #include "core/clipboard/ClipIndex.h"
+#include "core/clipboard/LibraryChange.h"
 
 namespace ambrel {
 
 class ClipboardStorage {
  public:
-  // `snapshot` gives the library when a save of it begins.
-  ClipboardStorage(std::filesystem::path folder, Background background, std::function<ClipboardLibrary()> snapshot);
-  // Writes what has not been saved yet.
+  // `snapshot` gives the library when a save of it as a whole begins.
+  ClipboardStorage(std::filesystem::path folder, Background background, DelayedStep later,
+                   std::function<ClipboardLibrary()> snapshot);
+  // Writes what has not been saved yet, and leaves the library in its file alone.
   ~ClipboardStorage();
   ClipboardStorage(const ClipboardStorage&) = delete;
   ClipboardStorage& operator=(const ClipboardStorage&) = delete;
 
   struct Loaded {
     ClipboardLibrary library;  // empty when it could not be read; that is logged
+    bool isReadOnly = false;   // another bar keeps this history
     ClipIndex index;
     std::unordered_map<std::string, PictureSize> pictureSizes;
   };
   // Pictures that the library does not name are removed on the way.
   void load(SearchFolding folding, std::function<void(Loaded)> done);
 
-  // Saves the library soon; changes that come before the save begins go into the same one. Failures are logged.
-  void save();
+  // Saves the library soon; what comes before the save begins goes into the same one. Without changes, it is the
+  // whole library. A save that fails is tried again after a while, at the next change and at the end. Nothing is saved
+  // while the history is read-only.
+  void save(std::vector<LibraryChange> changes);
+  // A save has failed, and the one before had not; `reason` is the system's.
+  std::function<void(std::string reason)> onSaveFailed;
+  // Whether the other bar has let go of the history; it is loaded again then.
+  void tryLock(std::function<void(bool)> done);
 
   // A picture as a PNG file of our own, converted if it is in another format; absent when it cannot be kept.
   struct SavedPicture {
@@ -62,17 +72,26 @@ class ClipboardStorage {
   void enqueue(std::function<void()> work, std::function<void()> done);
   void next();
   void startSave();
+  void saved(const std::optional<std::string>& failure, bool wasWhole);
+  void retryLater();
   void startRemoval();
-  bool isLibraryOnDisk() const { return !isDirty_ && wasSaved_; }
+  bool isDirty() const { return needsWhole_ || !changes_.empty(); }
+  bool isLibraryOnDisk() const { return !isDirty() && !hasFailed_; }
 
   std::filesystem::path folder_;
   Background background_;
+  DelayedStep later_;
   std::function<ClipboardLibrary()> snapshot_;
   std::shared_ptr<Shared> shared_;
   std::deque<Job> jobs_;
   bool isWorking_ = false;
-  bool isDirty_ = false;          // the library has changed since the last save began
-  bool wasSaved_ = true;          // the last save succeeded
+  bool isLoaded_ = false, isReadOnly_ = true;
+  // What has changed since the last save began.
+  std::vector<LibraryChange> changes_;
+  bool needsWhole_ = false;
+  bool hasFailed_ = false;  // the last save
+  int retryGeneration_ = 0;
+  std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
   std::set<std::string> unused_;  // pictures to be removed
 };
 

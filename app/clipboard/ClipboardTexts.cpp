@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <set>
 
 #include "app/base/StoredValue.h"
 #include "app/clipboard/ClipboardModel.h"
@@ -78,7 +79,8 @@ QString ClipboardModel::countText() const { return toQString(decimal(calendar_, 
 
 QString ClipboardModel::summary() const {
   const auto pinned = std::ranges::count_if(library().items, &ClipItem::isPinned);
-  const QString items = count() == 1 ? tr("1 item") : tr("%1 items").arg(countText());
+  const QString counted = count() == 1 ? tr("1 item") : tr("%1 items").arg(countText());
+  const QString items = isReadOnly_ ? tr("%1 · read-only, another Tilebay keeps them").arg(counted) : counted;
   return pinned == 0 ? items : tr("%1 · %2 pinned").arg(items, toQString(decimal(calendar_, double(pinned), 0)));
 }
 
@@ -96,6 +98,30 @@ QString ClipboardModel::emptySentence() const {
   if (count() > 0) return tr("There is no clip of this kind.");
   return settings_.clipboardEnabled() ? tr("What you copy in any program appears here.")
                                       : tr("Switch it on in the clipboard settings.");
+}
+
+QVariantList ClipboardModel::recentPrograms() {
+  constexpr qsizetype most = 6;
+  QVariantList list;
+  std::set<std::string> seen{ownBundleID};
+  for (const ClipItem& item : library().items) {
+    if (list.size() == most) break;
+    if (!item.sourceBundleID || !seen.insert(*item.sourceBundleID).second) continue;
+    if (isIgnored(*item.sourceBundleID, settings_.ignoredBundleIDs())) continue;
+    list.append(QVariantMap{{QStringLiteral("id"), toQString(*item.sourceBundleID)},
+                            {QStringLiteral("name"), programName(*item.sourceBundleID)}});
+  }
+  return list;
+}
+
+bool ClipboardModel::hasTextBeside(const QString& id) const {
+  const ClipItem* item = itemOf(id);
+  return item && item->kind == ClipKind::image && item->text;
+}
+
+void ClipboardModel::copyAsText(const QString& id) {
+  const ClipItem* item = itemOf(id);
+  if (item && item->text) write(textRepresentations(*item->text), item->id, Purpose::copy);
 }
 
 QString ClipboardModel::latestText() const {

@@ -18,7 +18,7 @@ TileFrame {
     value: showsLatest ? "" : !isOn ? qsTr("Off") : isEmpty ? qsTr("Empty") : clipboard.countText
     unit: showsLatest || !isOn || isEmpty || span === TileFrame.Small ? "" : clipboard.count === 1 ? qsTr("clip") : qsTr("clips")
     valueColor: isOn && !isEmpty ? Theme.ink : Theme.ink2
-    subLine: showsLatest ? "" : !isOn ? qsTr("Nothing is kept") : isEmpty ? qsTr("Copy something") : clipboard.latestLine
+    subLine: showsLatest ? "" : !isOn ? isEmpty ? qsTr("Nothing is kept") : qsTr("%1 kept from before").arg(clipboard.countText) : isEmpty ? qsTr("Copy something") : clipboard.latestLine
     label: name + ", " + (showsLatest ? clipboard.latestText + ", " + clipboard.latestAge : value + " " + unit + ", " + subLine)
     tip: showsLatest && latest.truncated ? clipboard.latestText : ""
     tipKeys: qsTr("Super Alt V")

@@ -58,6 +58,18 @@ void AppSettings::setClipboardForgetSensitive(bool value) {
   change(&Values::clipboardForgetSensitive, value, "clipboardForgetSensitive",
          &AppSettings::clipboardForgetSensitiveChanged);
 }
+void AppSettings::setClipboardTextMegabytes(qint64 value) {
+  change<std::int64_t>(&Values::clipboardTextMegabytes, value, "clipboardTextMegabytes",
+                       &AppSettings::clipboardTextMegabytesChanged);
+}
+void AppSettings::setClipboardPictureMegabytes(qint64 value) {
+  change<std::int64_t>(&Values::clipboardPictureMegabytes, value, "clipboardPictureMegabytes",
+                       &AppSettings::clipboardPictureMegabytesChanged);
+}
+void AppSettings::setClipboardListMegabytes(qint64 value) {
+  change<std::int64_t>(&Values::clipboardListMegabytes, value, "clipboardListMegabytes",
+                       &AppSettings::clipboardListMegabytesChanged);
+}
 void AppSettings::setIgnoredBundleIDs(std::vector<std::string> value) {
   change(&Values::ignoredBundleIDs, std::move(value), "ignoredBundleIDs", &AppSettings::ignoredBundleIDsChanged);
 }

@@ -27,6 +27,12 @@ class AppSettings : public QObject {
                  clipboardMaxAgeDaysChanged)
   Q_PROPERTY(bool clipboardForgetSensitive READ clipboardForgetSensitive WRITE setClipboardForgetSensitive NOTIFY
                  clipboardForgetSensitiveChanged)
+  Q_PROPERTY(qint64 clipboardTextMegabytes READ clipboardTextMegabytes WRITE setClipboardTextMegabytes NOTIFY
+                 clipboardTextMegabytesChanged)
+  Q_PROPERTY(qint64 clipboardPictureMegabytes READ clipboardPictureMegabytes WRITE setClipboardPictureMegabytes NOTIFY
+                 clipboardPictureMegabytesChanged)
+  Q_PROPERTY(qint64 clipboardListMegabytes READ clipboardListMegabytes WRITE setClipboardListMegabytes NOTIFY
+                 clipboardListMegabytesChanged)
   Q_PROPERTY(
       QStringList ignoredBundleIDs READ ignoredBundleIDList WRITE setIgnoredBundleIDList NOTIFY ignoredBundleIDsChanged)
   Q_PROPERTY(bool agentsEnabled READ agentsEnabled WRITE setAgentsEnabled NOTIFY agentsEnabledChanged)
@@ -61,6 +67,9 @@ class AppSettings : public QObject {
   qint64 clipboardLimit() const { return values_.clipboardLimit; }
   qint64 clipboardMaxAgeDays() const { return values_.clipboardMaxAgeDays; }
   bool clipboardForgetSensitive() const { return values_.clipboardForgetSensitive; }
+  qint64 clipboardTextMegabytes() const { return values_.clipboardTextMegabytes; }
+  qint64 clipboardPictureMegabytes() const { return values_.clipboardPictureMegabytes; }
+  qint64 clipboardListMegabytes() const { return values_.clipboardListMegabytes; }
   const std::vector<std::string>& ignoredBundleIDs() const { return values_.ignoredBundleIDs; }
   bool agentsEnabled() const { return values_.agentsEnabled; }
   bool agentNotifications() const { return values_.agentNotifications; }
@@ -81,6 +90,9 @@ class AppSettings : public QObject {
   void setClipboardLimit(qint64 value);
   void setClipboardMaxAgeDays(qint64 value);
   void setClipboardForgetSensitive(bool value);
+  void setClipboardTextMegabytes(qint64 value);
+  void setClipboardPictureMegabytes(qint64 value);
+  void setClipboardListMegabytes(qint64 value);
   void setIgnoredBundleIDs(std::vector<std::string> value);
   void setAgentsEnabled(bool value);
   void setAgentNotifications(bool value);
@@ -112,6 +124,9 @@ class AppSettings : public QObject {
   void clipboardLimitChanged();
   void clipboardMaxAgeDaysChanged();
   void clipboardForgetSensitiveChanged();
+  void clipboardTextMegabytesChanged();
+  void clipboardPictureMegabytesChanged();
+  void clipboardListMegabytesChanged();
   void ignoredBundleIDsChanged();
   void agentsEnabledChanged();
   void agentNotificationsChanged();

@@ -13,6 +13,7 @@
 #include "app/base/StoredValue.h"
 #include "app/dock/PanelWindow.h"
 #include "app/dock/ToastController.h"
+#include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
 #include "app/model/AppSettings.h"
 #include "app/shelf/EdgeSensor.h"
@@ -61,9 +62,15 @@ ShelfPanelController::ShelfPanelController(QQmlEngine& engine, ClipboardModel& c
   connect(&presentation_, &Presentation::orderOut, this, [this] {
     if (window_) window_->hide();
   });
-  connect(&clipboard_, &ClipboardModel::removed, this, &ShelfPanelController::showUndo);
+  connect(&clipboard_, &ClipboardModel::removed, this,
+          [this](int count) { showUndo(count == 1 ? tr("1 item removed") : tr("%1 items removed").arg(count)); });
+  connect(&clipboard_, &ClipboardModel::collectionDeleted, this,
+          [this](const QString& name) { showUndo(tr("Collection “%1” deleted").arg(name)); });
   connect(&clipboard_, &ClipboardModel::undoableCountChanged, this, [this] {
-    if (clipboard_.undoableCount() == 0) toast_.withdraw(std::exchange(undoToast_, 0));
+    if (!clipboard_.canUndo()) toast_.withdraw(std::exchange(undoToast_, 0));
+  });
+  connect(&clipboard_, &ClipboardModel::troubled, this, [this](const QString& title, const QString& detail) {
+    toast_.show(title, detail, QStringLiteral("exclamationmark.triangle"));
   });
   connect(&settings_, &AppSettings::shelfOpensOnHoverChanged, this, &ShelfPanelController::updateSensor);
   sensor_->onEnter = [this] { openByPointer(); };
@@ -136,7 +143,11 @@ void ShelfPanelController::show(bool takesKeys) {
   seams_.windowStyle.setTakesKeys(*window_, takesKeys);
   window_->show();
   window_->raise();
-  if (takesKeys) seams_.windowStyle.activate(*window_);
+  if (takesKeys) {
+    // The keys are for the card with the ring, although no key has come to this window yet.
+    if (isNew) keyboardFocusOf(engine_).setIsShown(true);
+    seams_.windowStyle.activate(*window_);
+  }
   presentation_.show();
 }
 
@@ -185,8 +196,8 @@ bool ShelfPanelController::copyPinned(int number) {
   return true;
 }
 
-void ShelfPanelController::showUndo(int count) {
-  ToastMessage message{.title = count == 1 ? tr("1 item removed") : tr("%1 items removed").arg(count),
+void ShelfPanelController::showUndo(const QString& what) {
+  ToastMessage message{.title = what,
                        .detail = {},
                        .symbol = {},
                        .action = tr("Undo"),
@@ -210,7 +221,7 @@ void ShelfPanelController::dragOut(const QString& id, QQuickItem* card) {
   std::optional<std::string> picture;
   if (item->imageFileName) {
     // A few milliseconds at the beginning of a gesture; the data must be there before it starts.
-    picture = readFile(clipboard_.picturesFolder() / *item->imageFileName, CaptureLimits::picture);
+    picture = readFile(clipboard_.picturesFolder() / *item->imageFileName);
     if (!picture) return;
   }
   const auto grab = card->grabToImage();

@@ -92,7 +92,7 @@ class ShelfPanelController : public QObject {
   void makeWindow();
   QRect screenFrame() const;
   QRect panelFrame(const QRect& screen) const;
-  void showUndo(int count);
+  void showUndo(const QString& what);
   void updateSensor();
   void runDrag(const ClipItem& item, const std::optional<std::string>& picture, const QImage& image, QQuickItem* card);
 

@@ -3,10 +3,12 @@
 #include "app/AppDelegate.h"
 #include "app/base/QmlObjects.h"
 #include "app/clipboard/ClipPictures.h"
+#include "app/clipboard/QuietClipboard.h"
 
 namespace ambrel {
 
 void AppDelegate::makeClipboard() {
+  keepCopiesFromTextFields();
   clipboard_ =
       std::make_unique<ClipboardModel>(settings_, surroundings_.dataFolder / "Clipboard", surroundings_.calendar,
                                        ClipboardModel::Seams{.pasteboard = desktop_.pasteboard,

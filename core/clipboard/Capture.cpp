@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <fmt/core.h>
+#include <iterator>
 #include <unicode/unistr.h>
 
 #include "core/base/Text.h"
@@ -109,6 +110,19 @@ bool isOfUse(const Fetched& attempt) {
   return true;
 }
 
+ClipKind kindOf(std::string_view type) {
+  if (isOneOf(fileTypes, type)) return ClipKind::file;
+  return isOneOf(pictureTypes, type) ? ClipKind::image : ClipKind::text;
+}
+
+std::optional<LostCopy> lostOf(std::span<const Fetched> fetched) {
+  for (const Fetched& one : fetched)
+    if (one.excess) return LostCopy{LostCopy::Reason::tooLarge, kindOf(one.type), *one.excess};
+  for (const Fetched& one : fetched)
+    if (one.isLate) return LostCopy{LostCopy::Reason::noAnswer, kindOf(one.type), 0};
+  return std::nullopt;
+}
+
 // A path as a line of a `file` item's text.
 std::string lineOf(const std::string& path) {
   if (path.find('\n') == std::string::npos && isValidUTF8(path)) return path;
@@ -142,10 +156,17 @@ bool isPrivate(std::span<const std::string> types) {
 
 std::optional<std::string> nextType(std::span<const std::string> types, std::span<const Fetched> fetched,
                                     bool wantsPicture) {
-  if (isPrivate(types) || std::ranges::any_of(fetched, isOfUse)) return std::nullopt;
+  const auto isDone = [](const Fetched& one) { return isOfUse(one) && !isOneOf(pictureTypes, one.type); };
+  if (isPrivate(types) || std::ranges::any_of(fetched, isDone)) return std::nullopt;
+  const bool hasPicture = std::ranges::any_of(fetched, isOfUse);
   const auto nextOf = [&](std::span<const std::string_view> group) -> std::optional<std::string> {
     if (std::ranges::count_if(fetched, [&](const Fetched& one) { return isOneOf(group, one.type); }) >= attempts)
       return std::nullopt;
+    // A list or a text is as large in its other forms.
+    const auto isTooLarge = [&](const Fetched& one) {
+      return one.excess && isOneOf(group, one.type) && !isOneOf(pictureTypes, one.type);
+    };
+    if (std::ranges::any_of(fetched, isTooLarge)) return std::nullopt;
     for (const std::string_view type : group) {
       const bool isOffered = std::ranges::find(types, type) != types.end();
       const bool wasTried = std::ranges::any_of(fetched, [&](const Fetched& one) { return one.type == type; });
@@ -153,15 +174,17 @@ std::optional<std::string> nextType(std::span<const std::string> types, std::spa
     }
     return std::nullopt;
   };
-  if (auto type = nextOf(fileTypes)) return type;
-  if (wantsPicture)
-    if (auto type = nextOf(pictureTypes)) return type;
+  if (!hasPicture) {
+    if (auto type = nextOf(fileTypes)) return type;
+    if (wantsPicture)
+      if (auto type = nextOf(pictureTypes)) return type;
+  }
   return nextOf(textTypes);
 }
 
-std::size_t limitOf(std::string_view type) {
-  if (isOneOf(fileTypes, type)) return CaptureLimits::fileList;
-  return isOneOf(pictureTypes, type) ? CaptureLimits::picture : CaptureLimits::text;
+std::size_t CaptureLimits::of(std::string_view type) const {
+  if (isOneOf(fileTypes, type)) return fileList;
+  return isOneOf(pictureTypes, type) ? picture : text;
 }
 
 PasteboardContents contentsOf(std::vector<Fetched> fetched) {
@@ -174,8 +197,8 @@ PasteboardContents contentsOf(std::vector<Fetched> fetched) {
       contents.picture = Representation{std::move(attempt.type), std::move(*attempt.bytes)};
     else
       contents.text = decodedText(attempt.type, std::move(*attempt.bytes));
-    break;
   }
+  if (contents.isEmpty()) contents.lost = lostOf(fetched);
   return contents;
 }
 
@@ -260,6 +283,16 @@ std::vector<Representation> textRepresentations(std::string_view text, bool isCo
   return list;
 }
 
+namespace {
+
+std::vector<Representation> withText(Representation picture, const std::optional<std::string>& text) {
+  std::vector<Representation> list{std::move(picture)};
+  if (text) std::ranges::move(textRepresentations(*text), std::back_inserter(list));
+  return list;
+}
+
+}  // namespace
+
 std::vector<Representation> representations(const ClipItem& item, std::optional<std::string> imageBytes) {
   switch (item.kind) {
     case ClipKind::text:
@@ -268,7 +301,7 @@ std::vector<Representation> representations(const ClipItem& item, std::optional<
       return textRepresentations(item.text.value_or(""));
     case ClipKind::image:
       if (!imageBytes) return {};
-      return {{"image/png", std::move(*imageBytes)}};
+      return withText({"image/png", std::move(*imageBytes)}, item.text);
     case ClipKind::file: {
       const std::vector<std::string> paths = filePaths(item);
       std::vector<std::string> uris;

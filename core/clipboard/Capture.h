@@ -13,13 +13,17 @@
 
 namespace ambrel {
 
-// The most that is taken over from another application, in bytes. What is larger counts as not offered.
+// The most that is taken over from another application, in bytes.
 struct CaptureLimits {
-  static constexpr std::size_t text = 32u << 20;
-  static constexpr std::size_t picture = 64u << 20;
-  static constexpr std::size_t fileList = 4u << 20;
+  std::size_t text = 32u << 20;
+  std::size_t picture = 64u << 20;
+  std::size_t fileList = 4u << 20;
   // Texts of all unprotected clips together (ClipboardLibrary::evictBeyond).
   static constexpr std::size_t libraryText = 128u << 20;
+
+  // For a type of the pasteboard.
+  std::size_t of(std::string_view type) const;
+  friend bool operator==(const CaptureLimits&, const CaptureLimits&) = default;
 };
 
 // The options that capture heeds; read anew at each use.
@@ -48,20 +52,34 @@ bool isPrivate(std::span<const std::string> types);
 struct Fetched {
   std::string type;
   std::optional<std::string> bytes;
+  std::optional<std::uint64_t> excess = {};  // the size in bytes, when that is beyond the limit
+  bool isLate = false;                       // the owner did not answer in time
+};
+
+// A copy that was noticed and could not be taken over.
+struct LostCopy {
+  enum class Reason {
+    tooLarge,
+    noAnswer,  // its owner did not hand it over in time, or ended first
+  };
+  Reason reason = Reason::noAnswer;
+  ClipKind kind = ClipKind::text;  // text, image or file; of no meaning without an answer
+  std::uint64_t bytes = 0;         // how much there was, of what is too large
+  friend bool operator==(const LostCopy&, const LostCopy&) = default;
 };
 
 // The type to fetch next, given the attempts so far: files, then pictures, then text, each until one attempt has
-// given something to keep. Absent when there is nothing more to ask for. A private copy is never asked.
+// given something to keep; beside a picture its text is fetched too. Absent when there is nothing more to ask for. A
+// private copy is never asked.
 std::optional<std::string> nextType(std::span<const std::string> types, std::span<const Fetched> fetched,
                                     bool wantsPicture = true);
-// The most bytes of a type that are worth fetching.
-std::size_t limitOf(std::string_view type);
 
-// What came of the fetching; at most one of the three is there.
+// What came of the fetching: files, a picture with the text beside it, a text, or why there is nothing to keep.
 struct PasteboardContents {
   std::vector<std::string> filePaths;     // absolute; any bytes but NUL
   std::optional<Representation> picture;  // in the format of its type, not yet decoded
   std::optional<std::string> text;        // UTF-8
+  std::optional<LostCopy> lost = {};      // only without all of these
 
   bool isEmpty() const { return filePaths.empty() && !picture && !text; }
   friend bool operator==(const PasteboardContents&, const PasteboardContents&) = default;

@@ -232,6 +232,8 @@ ClipPreview previewOf(const ClipItem& item, bool isSensitive) {
       break;
     case ClipKind::image:
       preview.look = ClipLook::image;
+      if (const auto lines = firstLines(text); !lines.empty())
+        preview.detail = beginning(trimmedOfWhitespace(lines.front()), mostNameBytes);
       break;
     case ClipKind::file: {
       preview.look = ClipLook::files;
@@ -250,7 +252,7 @@ std::string clipName(const ClipItem& item) {
     const std::vector<std::string> paths = filePaths(item);
     if (!paths.empty()) return fileName(paths.front());
   }
-  if (!item.text) return "Image";
+  if (!item.text || item.kind == ClipKind::image) return "Image";
   const auto lines = firstLines(*item.text);
   return lines.empty() ? std::string() : std::string(beginning(trimmedOfWhitespace(lines.front()), mostNameBytes));
 }

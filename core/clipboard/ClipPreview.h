@@ -38,7 +38,7 @@ struct ClipPreview {
   // Text and code: the first lines, without blank lines before them and without the indentation that they share.
   // Link: the host. Colour: the notation. Files: nothing. Secret: the first line, to be shown only on demand.
   std::string title;
-  // Link: what follows the host. Colour: its components, "47 127 134".
+  // Link: what follows the host. Colour: its components, "47 127 134". Image: the first line of the text beside it.
   std::string detail;
   std::optional<ClipColor> color;
   std::vector<std::string> fileNames;  // the first few

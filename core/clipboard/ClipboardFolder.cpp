@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/base/Text.h"
 #include "core/clipboard/ClipboardJSON.h"
 
 namespace ambrel {
@@ -52,21 +53,70 @@ bool isImageName(std::string_view name) {
 }
 
 ClipboardFolder::ClipboardFolder(std::filesystem::path folder)
-    : folder_(std::move(folder)), store_{folder_ / "library.json"} {}
+    : folder_(std::move(folder)), store_{folder_ / "library.json"}, journal_(folder_ / "library.journal") {}
+
+bool ClipboardFolder::lock() {
+  if (lock_) return true;
+  makePrivate();
+  lock_ = FileLock::tryAcquire(folder_ / "library.lock");
+  return lock_.has_value();
+}
 
 ClipboardLibrary ClipboardFolder::load() {
   // Until it has been read, the file counts as one that must not be lost.
   isUnreadable_ = true;
+  wantsWhole_ = true;
+  // First the journal: when its owner writes the library in between, changes that are in both do no harm.
+  const std::vector<LibraryChange> changes = readJournal();
   auto library = store_.load();
   isUnreadable_ = false;
-  return library.value_or(ClipboardLibrary{});
+  // A journal without its library is what is left when the user has deleted the history.
+  if (!library) return {};
+  librarySize_ = fileStatus(store_.url).value_or(FileStatus{}).size;
+  wantsWhole_ = !isAtRest();
+  carryOut(changes, *library);
+  return std::move(*library);
+}
+
+std::vector<LibraryChange> ClipboardFolder::readJournal() {
+  journalSize_ = 0;
+  errno = 0;
+  const auto journal = readFile(journal_);
+  if (!journal && errno == ENOENT) return {};
+  if (!journal) throw FileError("cannot read", journal_, errno == 0 ? EINVAL : errno);
+  journalSize_ = journal->size();
+  std::vector<LibraryChange> changes;
+  for (const std::string_view line : split(*journal, '\n'))
+    // The last line may have been cut by a crash.
+    if (auto change = parseJournalLine(line)) changes.push_back(std::move(*change));
+  return changes;
 }
 
 void ClipboardFolder::save(const ClipboardLibrary& library) {
   makePrivate();
   if (isUnreadable_) setAside();
-  writeAtomically(store_.url, fileText(library));
+  wantsWhole_ = true;
+  const std::string bytes = fileText(library);
+  writeAtomically(store_.url, bytes);
   isUnreadable_ = false;
+  if (unlink(journal_.c_str()) != 0 && errno != ENOENT) throw FileError("cannot remove", journal_, errno);
+  librarySize_ = bytes.size();
+  journalSize_ = 0;
+  wantsWhole_ = false;
+}
+
+void ClipboardFolder::append(std::span<const LibraryChange> changes) {
+  constexpr std::uint64_t shortJournal = 1 << 20;
+  // Without its library the journal would be taken for that of a history that was deleted.
+  const auto library = fileStatus(store_.url);
+  if (!library || !library->isRegular) wantsWhole_ = true;
+  if (wantsWhole_) throw FileError("cannot add to", journal_, ENOENT);
+  std::string lines;
+  for (const LibraryChange& change : changes) lines += journalLine(change);
+  wantsWhole_ = true;
+  appendToFile(journal_, lines);
+  journalSize_ += lines.size();
+  wantsWhole_ = journalSize_ > std::max(librarySize_, shortJournal);
 }
 
 std::string ClipboardFolder::saveImage(std::string_view png) {
@@ -110,13 +160,19 @@ void ClipboardFolder::setAside() const {
   constexpr int most = 99;
   for (int number = 1; number <= most; ++number) {
     const std::filesystem::path aside = asideName(store_.url, number);
-    if (link(store_.url.c_str(), aside.c_str()) == 0 || errno == ENOENT) return;
-    if (errno == EEXIST) continue;
-    // A file system without hard links.
-    if (rename(store_.url.c_str(), aside.c_str()) == 0) return;
-    throw FileError("cannot set aside", store_.url, errno);
+    if (link(store_.url.c_str(), aside.c_str()) != 0 && errno != ENOENT) {
+      if (errno == EEXIST) continue;
+      // A file system without hard links.
+      if (rename(store_.url.c_str(), aside.c_str()) != 0) throw FileError("cannot set aside", store_.url, errno);
+    }
+    const std::filesystem::path journal = asideName(journal_, number);
+    if (rename(journal_.c_str(), journal.c_str()) != 0 && errno != ENOENT)
+      throw FileError("cannot set aside", journal_, errno);
+    return;
   }
   throw FileError("cannot set aside", store_.url, EEXIST);
 }
+
+ClipboardLibrary readLibrary(const std::filesystem::path& folder) { return ClipboardFolder(folder).load(); }
 
 }  // namespace ambrel

@@ -1,7 +1,14 @@
 #pragma once
-// The clipboard's folder: the library, and the pictures below "Images". The folder is 0700, its files 0600.
+// The clipboard's folder: the library, the journal of its latest changes, and the pictures below "Images". The folder
+// is 0700, its files 0600.
+//
+// "library.json" has all clips whenever the journal is not there. A copy costs a line of "library.journal", however
+// large the library is; when the journal has grown as long as the library, and at the end of the program, the library
+// is written as a whole and the journal goes.
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -9,6 +16,7 @@
 
 #include "core/base/JSONFileStore.h"
 #include "core/clipboard.h"
+#include "core/clipboard/LibraryChange.h"
 
 namespace ambrel {
 
@@ -16,11 +24,21 @@ class ClipboardFolder {
  public:
   explicit ClipboardFolder(std::filesystem::path folder);
 
-  // An absent library is empty. Throws FileError or DecodingError when it cannot be read; the file stays, and the
-  // next save sets it aside as "library.json.unreadable" (numbered, if there is one) before it writes.
+  // Makes this the one that may write here, until it ends; another process, or another object, may only read
+  // meanwhile. False while there is such a one. Throws FileError.
+  bool lock();
+
+  // The library with what its journal says; an absent one is empty. Throws FileError or DecodingError when it cannot
+  // be read; the files stay, and the next save sets them aside as "library.json.unreadable" and
+  // "library.journal.unreadable" (numbered, if there are such) before it writes.
   ClipboardLibrary load();
-  // Throws FileError; the old library stays.
+  // The library as a whole. Throws FileError; what was there stays.
   void save(const ClipboardLibrary& library);
+  // Adds to the journal. Throws FileError; then, and whenever `wantsWhole`, the library is to be saved as a whole.
+  void append(std::span<const LibraryChange> changes);
+  bool wantsWhole() const { return wantsWhole_; }
+  // Whether the library is in its file alone.
+  bool isAtRest() const { return journalSize_ == 0; }
 
   // Named by the SHA-256 of the bytes, so that the same picture is kept once. It is on the disk when this returns.
   // Throws FileError.
@@ -37,11 +55,19 @@ class ClipboardFolder {
  private:
   void makePrivate() const;
   void setAside() const;
+  std::vector<LibraryChange> readJournal();
 
   std::filesystem::path folder_;
   JSONFileStore<ClipboardLibrary> store_;
+  std::filesystem::path journal_;
+  std::optional<FileLock> lock_;
   bool isUnreadable_ = false;
+  bool wantsWhole_ = true;  // until it is known that there is a library which a journal may go with
+  std::uint64_t librarySize_ = 0, journalSize_ = 0;
 };
+
+// For those who only look: the library with its journal. Throws as ClipboardFolder::load.
+ClipboardLibrary readLibrary(const std::filesystem::path& folder);
 
 // "<64 hexadecimal digits>.png"
 std::string imageName(std::string_view png);

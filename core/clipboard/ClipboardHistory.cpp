@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 #include "core/clipboard/Whitespace.h"
 
@@ -10,6 +11,12 @@ namespace {
 
 constexpr int mostPinNumbers = 9;
 constexpr Seconds sweepInterval{300};
+
+HistoryEffects marked(const ClipItem& item) {
+  HistoryEffects effects{.needsSave = true, .changes = {}, .unusedImages = {}};
+  effects.changes.push_back(LibraryChange::mark(item));
+  return effects;
+}
 
 }  // namespace
 
@@ -43,11 +50,17 @@ void ClipboardHistory::noticeOwnWrite(std::int64_t changeCount, std::optional<UU
 }
 
 HistoryEffects ClipboardHistory::add(ClipItem item, const CaptureSettings& settings) {
+  const ClipItem* same = library_.itemLike(item);
+  const UUID id = same == nullptr ? item.id : same->id;
   std::vector<ClipItem> evicted = library_.add(std::move(item), settings.limit);
   for (ClipItem& large : library_.evictBeyond(CaptureLimits::libraryText)) evicted.push_back(std::move(large));
-  currentItemID_.reset();
-  if (!library_.items.empty()) currentItemID_ = library_.items.front().id;
-  return {.needsSave = true, .unusedImages = unusedImages(evicted)};
+  // With a limit of 0 it has gone already.
+  const bool isKept = !library_.items.empty() && library_.items.front().id == id;
+  currentItemID_ = isKept ? std::optional(id) : std::nullopt;
+  HistoryEffects effects{.needsSave = true, .changes = {}, .unusedImages = unusedImages(evicted)};
+  if (isKept) effects.changes.push_back(LibraryChange::put(library_.items.front()));
+  if (!evicted.empty()) effects.changes.push_back(LibraryChange::drop(evicted));
+  return effects;
 }
 
 std::optional<int> ClipboardHistory::pinNumber(const UUID& id) const {
@@ -71,34 +84,41 @@ HistoryEffects ClipboardHistory::togglePin(const UUID& id) {
   ClipItem* item = find(id);
   if (item == nullptr) return {};
   item->isPinned = !item->isPinned;
-  return {.needsSave = true, .unusedImages = {}};
+  return marked(*item);
 }
 
 HistoryEffects ClipboardHistory::toggleCollection(const UUID& itemID, const UUID& collection) {
   ClipItem* item = find(itemID);
   if (item == nullptr) return {};
   if (item->collectionIDs.erase(collection) == 0) item->collectionIDs.insert(collection);
-  return {.needsSave = true, .unusedImages = {}};
+  return marked(*item);
 }
 
 HistoryEffects ClipboardHistory::createCollection(const UUID& id, std::string_view name) {
   name = trimmedOfBlanks(name);
   if (name.empty()) return {};
   library_.collections.push_back({.id = id, .name = std::string(name)});
-  return {.needsSave = true, .unusedImages = {}};
+  return {.needsSave = true, .changes = {}, .unusedImages = {}};
 }
 
 HistoryEffects ClipboardHistory::renameCollection(const UUID& id, std::string_view name) {
   const auto found = std::ranges::find(library_.collections, id, &ClipCollection::id);
   if (found == library_.collections.end()) return {};
   found->name = name;
-  return {.needsSave = true, .unusedImages = {}};
+  return {.needsSave = true, .changes = {}, .unusedImages = {}};
 }
 
 HistoryEffects ClipboardHistory::deleteCollection(const UUID& id) {
-  std::erase_if(library_.collections, [&](const ClipCollection& collection) { return collection.id == id; });
-  for (ClipItem& item : library_.items) item.collectionIDs.erase(id);
-  return {.needsSave = true, .unusedImages = {}};
+  HistoryEffects effects = endUndo();
+  const auto found = std::ranges::find(library_.collections, id, &ClipCollection::id);
+  if (found == library_.collections.end()) return effects;
+  deletedCollection_ = {
+      .collection = *found, .position = static_cast<std::size_t>(found - library_.collections.begin()), .items = {}};
+  library_.collections.erase(found);
+  for (ClipItem& item : library_.items)
+    if (item.collectionIDs.erase(id) > 0) deletedCollection_->items.push_back(item.id);
+  effects.needsSave = true;
+  return effects;
 }
 
 HistoryEffects ClipboardHistory::remove(std::span<const UUID> ids, bool isUndoable) {
@@ -110,8 +130,9 @@ HistoryEffects ClipboardHistory::remove(std::span<const UUID> ids, bool isUndoab
   library_.items = std::move(kept);
   if (removed.empty()) return {};
   if (currentItemID_ && wanted.contains(*currentItemID_)) currentItemID_.reset();
-  HistoryEffects effects{.needsSave = true, .unusedImages = {}};
+  HistoryEffects effects{.needsSave = true, .changes = {}, .unusedImages = {}};
   if (isUndoable) {
+    deletedCollection_.reset();
     const std::vector<ClipItem> earlier = std::exchange(removedForUndo_, std::move(removed));
     effects.unusedImages = unusedImages(earlier);
   } else {
@@ -121,6 +142,7 @@ HistoryEffects ClipboardHistory::remove(std::span<const UUID> ids, bool isUndoab
 }
 
 HistoryEffects ClipboardHistory::undoRemove() {
+  if (deletedCollection_) return undoDeleteCollection();
   if (removedForUndo_.empty()) return {};
   for (ClipItem& item : removedForUndo_) {
     // The same content may have been copied anew meanwhile; there is still only one clip of it.
@@ -135,12 +157,22 @@ HistoryEffects ClipboardHistory::undoRemove() {
   }
   removedForUndo_.clear();
   std::ranges::stable_sort(library_.items, std::ranges::greater(), &ClipItem::createdAt);
-  return {.needsSave = true, .unusedImages = {}};
+  return {.needsSave = true, .changes = {}, .unusedImages = {}};
+}
+
+HistoryEffects ClipboardHistory::undoDeleteCollection() {
+  const DeletedCollection deleted = *std::exchange(deletedCollection_, std::nullopt);
+  auto& all = library_.collections;
+  all.insert(all.begin() + static_cast<std::ptrdiff_t>(std::min(deleted.position, all.size())), deleted.collection);
+  for (const UUID& id : deleted.items)
+    if (ClipItem* item = find(id)) item->collectionIDs.insert(deleted.collection.id);
+  return {.needsSave = true, .changes = {}, .unusedImages = {}};
 }
 
 HistoryEffects ClipboardHistory::endUndo() {
+  deletedCollection_.reset();
   const std::vector<ClipItem> ended = std::exchange(removedForUndo_, {});
-  return {.needsSave = false, .unusedImages = unusedImages(ended)};
+  return {.needsSave = false, .changes = {}, .unusedImages = unusedImages(ended)};
 }
 
 HistoryEffects ClipboardHistory::clear() {

@@ -10,6 +10,7 @@
 
 #include "core/clipboard.h"
 #include "core/clipboard/Capture.h"
+#include "core/clipboard/LibraryChange.h"
 
 namespace ambrel {
 
@@ -17,6 +18,9 @@ namespace ambrel {
 // the two then leaves pictures that nothing names, never names without pictures.
 struct HistoryEffects {
   bool needsSave = false;
+  // What has changed, when that is all there is to save; empty when the whole library is to be saved. What the user
+  // deletes is one of these cases: its text must not stay in the file.
+  std::vector<LibraryChange> changes = {};
   std::vector<std::string> unusedImages;  // file names that no live and no undoable item uses
 
   friend bool operator==(const HistoryEffects&, const HistoryEffects&) = default;
@@ -35,6 +39,7 @@ class ClipboardHistory {
   const std::optional<UUID>& currentItemID() const { return currentItemID_; }
   std::int64_t lastChangeCount() const { return lastChangeCount_; }
   std::size_t undoableCount() const { return removedForUndo_.size(); }
+  bool canUndoCollection() const { return deletedCollection_.has_value(); }
   std::span<const ClipItem> undoableItems() const { return removedForUndo_; }
 
   // Takes notice of the pasteboard's change count. True when the change is new and is to be read: capture is on and
@@ -56,11 +61,12 @@ class ClipboardHistory {
   // A name of nothing but blanks makes none.
   HistoryEffects createCollection(const UUID& id, std::string_view name);
   HistoryEffects renameCollection(const UUID& id, std::string_view name);
-  // Its items stay.
+  // Its items stay. It is held until endUndo; what is held earlier ends.
   HistoryEffects deleteCollection(const UUID& id);
 
   // With `isUndoable` the items are held until endUndo; an earlier batch ends.
   HistoryEffects remove(std::span<const UUID> ids, bool isUndoable);
+  // Brings back what is held: the items, or the collection with the items that were in it.
   HistoryEffects undoRemove();
   HistoryEffects endUndo();
   // All unprotected items, at once and for good.
@@ -75,12 +81,19 @@ class ClipboardHistory {
 
  private:
   ClipItem* find(const UUID& id);
+  HistoryEffects undoDeleteCollection();
   std::vector<std::string> unusedImages(std::span<const ClipItem> dropped) const;
 
   ClipboardLibrary library_;
   std::optional<UUID> currentItemID_;
   std::int64_t lastChangeCount_ = 0;
   std::vector<ClipItem> removedForUndo_;
+  struct DeletedCollection {
+    ClipCollection collection;
+    std::size_t position = 0;
+    std::vector<UUID> items;
+  };
+  std::optional<DeletedCollection> deletedCollection_;
   std::optional<Instant> lastExpiryCheck_;
 };
 

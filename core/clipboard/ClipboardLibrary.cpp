@@ -47,6 +47,11 @@ bool ClipFilter::admits(const ClipItem& item) const {
                     value);
 }
 
+const ClipItem* ClipboardLibrary::itemLike(const ClipItem& item) const {
+  const auto same = std::ranges::find_if(items, [&](const ClipItem& other) { return other.hasSameContent(item); });
+  return same == items.end() ? nullptr : &*same;
+}
+
 std::vector<ClipItem> ClipboardLibrary::add(ClipItem item, std::int64_t limit) {
   const auto same = std::ranges::find_if(items, [&](const ClipItem& other) { return other.hasSameContent(item); });
   if (same != items.end()) {

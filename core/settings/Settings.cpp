@@ -42,6 +42,9 @@ SettingsValues loadSettings(const UserDefaults& defaults) {
   read(defaults, "clipboardLimit", values.clipboardLimit);
   read(defaults, "clipboardMaxAgeDays", values.clipboardMaxAgeDays);
   read(defaults, "clipboardForgetSensitive", values.clipboardForgetSensitive);
+  read(defaults, "clipboardTextMegabytes", values.clipboardTextMegabytes);
+  read(defaults, "clipboardPictureMegabytes", values.clipboardPictureMegabytes);
+  read(defaults, "clipboardListMegabytes", values.clipboardListMegabytes);
   read(defaults, "ignoredBundleIDs", values.ignoredBundleIDs);
   read(defaults, "agentsEnabled", values.agentsEnabled);
   read(defaults, "agentNotifications", values.agentNotifications);

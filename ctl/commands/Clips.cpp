@@ -3,10 +3,10 @@
 #include <iterator>
 
 #include "core/base/JSON.h"
-#include "core/base/JSONFileStore.h"
 #include "core/base/LocalText.h"
 #include "core/clipboard.h"
 #include "core/clipboard/ClipPreview.h"
+#include "core/clipboard/ClipboardFolder.h"
 #include "ctl/Table.h"
 #include "ctl/commands/Commands.h"
 
@@ -45,8 +45,7 @@ std::string collectionsText(const ClipItem& item, const ClipboardLibrary& librar
 }
 
 void list(const Arguments& arguments, Context& context) {
-  const JSONFileStore<ClipboardLibrary> store{context.data / "Clipboard/library.json"};
-  const ClipboardLibrary library = store.load().value_or(ClipboardLibrary{});
+  const ClipboardLibrary library = readLibrary(context.data / "Clipboard");
   const auto folding = SearchFolding::forLocale(context.calendar.locale());
   const std::vector<ClipItem> items = ClipboardLibrary::filtered(library.items, filterOf(arguments, library),
                                                                  arguments.value("--query").value_or(""), folding);

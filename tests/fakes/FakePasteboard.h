@@ -16,9 +16,10 @@ class FakePasteboard : public Pasteboard {
   std::int64_t changeCount() const override { return count; }
   void setChangeHandler(std::function<void()> handler) override { changed_ = std::move(handler); }
   void setOwnerGoneHandler(std::function<void()> handler) override { ownerGone_ = std::move(handler); }
-  void read(bool wantsPicture, std::function<void(PasteboardReading)> done) override {
+  void read(ReadingWish wish, std::function<void(PasteboardReading)> done) override {
     ++reads;
-    wanted_ = wantsPicture;
+    wanted_ = wish.wantsPicture;
+    limits = wish.limits;
     done_ = std::move(done);
   }
   std::int64_t write(std::vector<Representation> representations) override {
@@ -74,6 +75,7 @@ class FakePasteboard : public Pasteboard {
   PasteboardContents contents;
   std::vector<std::string> types;
   std::vector<std::vector<Representation>> written;
+  CaptureLimits limits;  // of the last reading
   int reads = 0;
   int restored = 0;
 

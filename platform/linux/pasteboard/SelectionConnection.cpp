@@ -113,8 +113,11 @@ SelectionConnection::Property SelectionConnection::takeProperty(xcb_atom_t prope
       return {};
     }
     const auto length = static_cast<std::size_t>(std::max(xcb_get_property_value_length(reply.get()), 0));
-    if (taken.bytes.size() + length > limit) {
-      xcb_delete_property(connection_, window_, property);
+    taken.size += length;
+    if (taken.size > limit) {
+      taken.size += reply->bytes_after;
+      // What has been read to its end is deleted already; the owner may have sent its next piece.
+      if (reply->bytes_after > 0) xcb_delete_property(connection_, window_, property);
       taken.bytes.clear();
       taken.isTooLarge = true;
       return taken;
@@ -123,6 +126,14 @@ SelectionConnection::Property SelectionConnection::takeProperty(xcb_atom_t prope
     if (reply->bytes_after == 0 || length == 0) return taken;
     offset += pieceWords;
   }
+}
+
+SelectionConnection::Property SelectionConnection::dropProperty(xcb_atom_t property) {
+  const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      connection_, xcb_get_property(connection_, 0, window_, property, XCB_GET_PROPERTY_TYPE_ANY, 0, 0), nullptr));
+  if (!reply || reply->type == XCB_ATOM_NONE) return {};
+  xcb_delete_property(connection_, window_, property);
+  return {.type = reply->type, .format = reply->format, .bytes = {}, .isTooLarge = false, .size = reply->bytes_after};
 }
 
 }  // namespace ambrel

@@ -51,10 +51,13 @@ class SelectionConnection {
     std::uint8_t format = 0;
     std::string bytes;
     bool isTooLarge = false;  // more than the limit; the bytes are dropped
+    std::uint64_t size = 0;   // in bytes, of what is dropped too
   };
   // The property of our window, which is deleted. Fetched in pieces, so that neither a reply nor what is kept grows
   // beyond `limit` by more than a mebibyte.
   Property takeProperty(xcb_atom_t property, std::size_t limit);
+  // Deletes the property of our window without fetching it; tells its type and size.
+  Property dropProperty(xcb_atom_t property);
 
  private:
   explicit SelectionConnection(xcb_connection_t* connection) : connection_(connection) {}

@@ -13,17 +13,17 @@ constexpr std::size_t mostTypes = 1024;
 }  // namespace
 
 SelectionReader::SelectionReader(SelectionConnection& connection, SelectionPatience patience)
-    : connection_(connection), patience_(patience) {
+    : connection_(connection), patience_(patience), drain_(connection) {
   for (int i = 0; i < propertyCount; ++i)
     properties_.push_back(connection.atom("AMBREL_SELECTION_" + std::to_string(i)));
 }
 
-void SelectionReader::start(xcb_timestamp_t time, bool wantsPicture, SteadyTime now,
-                            std::function<void(Outcome)> done) {
+void SelectionReader::start(xcb_timestamp_t time, ReadingWish wish, SteadyTime now, std::function<void(Outcome)> done) {
   cancel();
   time_ = time;
-  wantsPicture_ = wantsPicture;
+  wish_ = wish;
   done_ = std::move(done);
+  lost_.reset();
   hasAskedTwice_ = false;
   wholeDeadline_ = now + patience_.whole;
   step_ = Step::targets;
@@ -31,7 +31,7 @@ void SelectionReader::start(xcb_timestamp_t time, bool wantsPicture, SteadyTime 
 }
 
 void SelectionReader::cancel() {
-  if (step_ != Step::idle) xcb_delete_property(connection_.xcb(), connection_.window(), property_);
+  leave();
   step_ = Step::idle;
   done_ = nullptr;
   pieces_ = {};
@@ -39,8 +39,22 @@ void SelectionReader::cancel() {
   fetched_.clear();
 }
 
+// What is under way comes to its end without us.
+void SelectionReader::leave() {
+  if (step_ == Step::targets || step_ == Step::data)
+    drain_.followRequest(property_, target_, requestTime_);
+  else if (step_ == Step::pieces || step_ == Step::excess)
+    drain_.followPieces(property_);
+}
+
 void SelectionReader::ownerIsGone() {
-  if (isReading()) finish();
+  if (!isReading()) return;
+  if (step_ == Step::targets)
+    lost_ = LostCopy{};
+  else
+    fetched_.push_back({.type = type_, .bytes = {}, .isLate = true});
+  step_ = Step::idle;
+  finish();
 }
 
 std::optional<SteadyTime> SelectionReader::deadline() const {
@@ -49,27 +63,40 @@ std::optional<SteadyTime> SelectionReader::deadline() const {
 }
 
 void SelectionReader::checkDeadline(SteadyTime now) {
-  if (!isReading()) return;
-  if (now >= wholeDeadline_) return finish();
-  if (now < stepDeadline_) return;
-  // An owner that does not even say what it has is not asked further.
-  if (step_ == Step::targets) return finish();
-  fetched(std::nullopt, now);
+  if (!isReading() || now < std::min(stepDeadline_, wholeDeadline_)) return;
+  const bool isWaiting = step_ == Step::targets || step_ == Step::data;
+  if (isWaiting && !hasAskedTwice_ && now < wholeDeadline_) return askAgain(now);
+  if (step_ == Step::targets) {
+    lost_ = LostCopy{};
+    return finish();
+  }
+  leave();
+  if (step_ == Step::excess) return fetched({.type = type_, .bytes = {}, .excess = excess_}, now);
+  fetched({.type = type_, .bytes = {}, .isLate = true}, now);
+}
+
+void SelectionReader::askAgain(SteadyTime now) {
+  leave();
+  hasAskedTwice_ = true;
+  convert(target_, patience_.again, now);
 }
 
 void SelectionReader::convert(xcb_atom_t target, std::chrono::milliseconds patience, SteadyTime now) {
   target_ = target;
-  property_ = properties_[turn_++ % properties_.size()];
+  requestTime_ = time_;
+  const auto isFree = [&](xcb_atom_t property) { return !drain_.uses(property); };
+  std::ranges::rotate(properties_, properties_.begin() + 1);
+  const auto free = std::ranges::find_if(properties_, isFree);
+  property_ = free == properties_.end() ? drain_.releaseOldest() : *free;
   stepDeadline_ = now + patience;
   xcb_delete_property(connection_.xcb(), connection_.window(), property_);
   xcb_convert_selection(connection_.xcb(), connection_.window(), connection_.atoms().clipboard, target_, property_,
-                        time_);
+                        requestTime_);
 }
 
 void SelectionReader::handle(const xcb_selection_notify_event_t& event, SteadyTime now) {
-  const bool isAwaited = event.selection == connection_.atoms().clipboard && event.target == target_ &&
-                         (event.property == property_ || event.property == XCB_ATOM_NONE);
-  if (!isAwaited) return;
+  if (event.selection != connection_.atoms().clipboard || drain_.handle(event)) return;
+  if (event.target != target_ || (event.property != property_ && event.property != XCB_ATOM_NONE)) return;
   if (step_ == Step::targets)
     takeTargets(event, now);
   else if (step_ == Step::data)
@@ -84,7 +111,15 @@ void SelectionReader::takeTargets(const xcb_selection_notify_event_t& event, Ste
     return fetchNext(now);
   }
   const auto list = connection_.takeProperty(property_, mostTypes * sizeof(xcb_atom_t) * 4);
-  if (list.format != 32 || list.isTooLarge) return finish();
+  if (list.type == connection_.atoms().incr) {
+    // Nobody offers so much that its list has to come in pieces.
+    step_ = Step::pieces;
+    return finish();
+  }
+  if (list.format != 32 || list.isTooLarge) {
+    step_ = Step::idle;
+    return finish();
+  }
   std::vector<xcb_atom_t> atoms(std::min(list.bytes.size() / sizeof(xcb_atom_t), mostTypes));
   if (!atoms.empty()) std::memcpy(atoms.data(), list.bytes.data(), atoms.size() * sizeof(xcb_atom_t));
   types_ = connection_.names(atoms);
@@ -92,8 +127,8 @@ void SelectionReader::takeTargets(const xcb_selection_notify_event_t& event, Ste
 }
 
 void SelectionReader::takeData(const xcb_selection_notify_event_t& event, SteadyTime now) {
-  if (event.property == XCB_ATOM_NONE) return fetched(std::nullopt, now);
-  auto data = connection_.takeProperty(property_, limitOf(type_));
+  if (event.property == XCB_ATOM_NONE) return fetched({.type = type_, .bytes = {}}, now);
+  auto data = connection_.takeProperty(property_, wish_.limits.of(type_));
   if (data.type == connection_.atoms().incr) {
     // Taking the property has told the owner to begin. The size that it announces is not relied on.
     pieces_.clear();
@@ -101,38 +136,66 @@ void SelectionReader::takeData(const xcb_selection_notify_event_t& event, Steady
     stepDeadline_ = now + patience_.data;
     return;
   }
-  if (data.format != 8 || data.isTooLarge) return fetched(std::nullopt, now);
-  fetched(std::move(data.bytes), now);
+  if (data.isTooLarge) return fetched({.type = type_, .bytes = {}, .excess = data.size}, now);
+  if (data.format != 8) return fetched({.type = type_, .bytes = {}}, now);
+  fetched({.type = type_, .bytes = std::move(data.bytes)}, now);
 }
 
 void SelectionReader::handle(const xcb_property_notify_event_t& event, SteadyTime now) {
-  if (step_ != Step::pieces || event.atom != property_ || event.state != XCB_PROPERTY_NEW_VALUE) return;
-  const std::size_t limit = limitOf(type_);
-  auto piece = connection_.takeProperty(property_, limit - pieces_.size());
+  if (event.window != connection_.window() || drain_.handle(event)) return;
+  if (event.atom != property_ || event.state != XCB_PROPERTY_NEW_VALUE) return;
+  if (step_ == Step::pieces)
+    takePiece(now);
+  else if (step_ == Step::excess)
+    countPiece(now);
+}
+
+void SelectionReader::takePiece(SteadyTime now) {
+  auto piece = connection_.takeProperty(property_, wish_.limits.of(type_) - pieces_.size());
   // Two pieces may have been taken at once; the second message then finds nothing.
   if (piece.type == XCB_ATOM_NONE) return;
-  if (piece.isTooLarge || (piece.format != 8 && !piece.bytes.empty())) return fetched(std::nullopt, now);
-  if (piece.bytes.empty()) return fetched(std::exchange(pieces_, {}), now);
+  if (piece.isTooLarge) {
+    excess_ = pieces_.size() + piece.size;
+    pieces_ = {};
+    step_ = Step::excess;
+    stepDeadline_ = now + patience_.excess;
+    return;
+  }
+  if (piece.format != 8 && !piece.bytes.empty()) {
+    leave();
+    return fetched({.type = type_, .bytes = {}}, now);
+  }
+  if (piece.bytes.empty()) return fetched({.type = type_, .bytes = std::exchange(pieces_, {})}, now);
   pieces_ += piece.bytes;
   stepDeadline_ = now + patience_.piece;
 }
 
-void SelectionReader::fetched(std::optional<std::string> bytes, SteadyTime now) {
+void SelectionReader::countPiece(SteadyTime now) {
+  const auto piece = connection_.dropProperty(property_);
+  if (piece.type == XCB_ATOM_NONE) return;
+  excess_ += piece.size;
+  if (piece.size == 0) fetched({.type = type_, .bytes = {}, .excess = excess_}, now);
+}
+
+void SelectionReader::fetched(Fetched attempt, SteadyTime now) {
   pieces_ = {};
-  fetched_.push_back({type_, std::move(bytes)});
+  fetched_.push_back(std::move(attempt));
   fetchNext(now);
 }
 
 void SelectionReader::fetchNext(SteadyTime now) {
-  auto type = nextType(types_, fetched_, wantsPicture_);
+  auto type = now < wholeDeadline_ ? nextType(types_, fetched_, wish_.wantsPicture) : std::nullopt;
+  step_ = Step::idle;
   if (!type) return finish();
   type_ = std::move(*type);
+  hasAskedTwice_ = false;
   step_ = Step::data;
   convert(connection_.atom(type_), patience_.data, now);
 }
 
 void SelectionReader::finish() {
   Outcome outcome{std::move(types_), contentsOf(std::move(fetched_))};
+  if (lost_) outcome.contents.lost = lost_;
   const auto done = std::move(done_);
   cancel();
   if (done) done(std::move(outcome));

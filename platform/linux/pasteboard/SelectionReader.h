@@ -8,8 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "core/clipboard/Capture.h"
+#include "platform/Pasteboard.h"
 #include "platform/linux/pasteboard/SelectionConnection.h"
+#include "platform/linux/pasteboard/SelectionDrain.h"
 
 namespace ambrel {
 
@@ -19,8 +20,10 @@ using SteadyTime = std::chrono::steady_clock::time_point;
 struct SelectionPatience {
   std::chrono::milliseconds targets{1000};  // until it says what it offers
   std::chrono::milliseconds data{3000};     // until the data, or their first piece, are there
-  std::chrono::milliseconds piece{2000};    // between two pieces
-  std::chrono::milliseconds whole{20000};   // for everything together
+  std::chrono::milliseconds again{15000};   // for either, when it is asked a second time
+  std::chrono::milliseconds piece{5000};    // between two pieces
+  std::chrono::milliseconds excess{3000};   // to learn the size of what is too large
+  std::chrono::milliseconds whole{60000};   // for everything together
 };
 
 class SelectionReader {
@@ -32,10 +35,13 @@ class SelectionReader {
 
   SelectionReader(SelectionConnection& connection, SelectionPatience patience);
 
-  // Begins anew; an unfinished reading is abandoned. `time` is when the owner took the selection.
-  void start(xcb_timestamp_t time, bool wantsPicture, SteadyTime now, std::function<void(Outcome)> done);
+  // Starts again; an unfinished reading is abandoned. `time` is when the owner took the selection.
+  void start(xcb_timestamp_t time, ReadingWish wish, SteadyTime now, std::function<void(Outcome)> done);
+  // Nobody wants the outcome any more. A transfer that has begun is still taken to its end.
   void cancel();
   bool isReading() const { return step_ != Step::idle; }
+  // Whether pieces of abandoned transfers still come.
+  bool isDraining() const { return drain_.isTaking(); }
   // The owner has taken the selection again; it is asked as of then.
   void ownerTookAnew(xcb_timestamp_t time) { time_ = time; }
   // The owner has gone: what has not come yet will not come.
@@ -52,28 +58,36 @@ class SelectionReader {
     targets,  // the list of types was asked for
     data,     // a type was asked for
     pieces,   // it comes in pieces
+    excess,   // it comes in pieces beyond the limit, which are counted
   };
 
   void convert(xcb_atom_t target, std::chrono::milliseconds patience, SteadyTime now);
   void takeTargets(const xcb_selection_notify_event_t& event, SteadyTime now);
   void takeData(const xcb_selection_notify_event_t& event, SteadyTime now);
-  void fetched(std::optional<std::string> bytes, SteadyTime now);
+  void takePiece(SteadyTime now);
+  void countPiece(SteadyTime now);
+  void askAgain(SteadyTime now);
+  void leave();
+  void fetched(Fetched attempt, SteadyTime now);
   void fetchNext(SteadyTime now);
   void finish();
 
   SelectionConnection& connection_;
   SelectionPatience patience_;
   std::vector<xcb_atom_t> properties_;  // taken in turn, so that a late answer is not mistaken for a new one
-  std::size_t turn_ = 0;
 
   Step step_ = Step::idle;
-  xcb_timestamp_t time_ = XCB_CURRENT_TIME;
-  bool wantsPicture_ = true;
+  xcb_timestamp_t time_ = XCB_CURRENT_TIME;  // when the owner took the selection
+  xcb_timestamp_t requestTime_ = XCB_CURRENT_TIME;
+  ReadingWish wish_;
   bool hasAskedTwice_ = false;
+  std::optional<LostCopy> lost_;
+  SelectionDrain drain_;
   SteadyTime stepDeadline_, wholeDeadline_;
   xcb_atom_t target_ = XCB_ATOM_NONE, property_ = XCB_ATOM_NONE;
   std::string type_;
   std::string pieces_;
+  std::uint64_t excess_ = 0;
   std::vector<std::string> types_;
   std::vector<Fetched> fetched_;
   std::function<void(Outcome)> done_;

@@ -25,7 +25,7 @@ constexpr std::chrono::milliseconds savePatience{300};
 constexpr int mostEchoes = 5;
 
 struct ReadCommand {
-  bool wantsPicture = true;
+  ReadingWish wish;
   std::uint64_t number = 0;
 };
 struct WriteCommand {
@@ -130,11 +130,10 @@ class X11Pasteboard::Worker {
     // What we have written ourselves is no news to anyone here.
     if (server_.isOwner() || shared_->pendingWrites > 0) return deliver(command.number, {});
     hasEcho_ = false;
-    reader_.start(ownerTime_, command.wantsPicture, now(),
-                  [this, number = command.number](SelectionReader::Outcome outcome) {
-                    deliver(number, std::move(outcome));
-                    if (std::exchange(hasEcho_, false)) announceChange();
-                  });
+    reader_.start(ownerTime_, command.wish, now(), [this, number = command.number](SelectionReader::Outcome outcome) {
+      deliver(number, std::move(outcome));
+      if (std::exchange(hasEcho_, false)) announceChange();
+    });
   }
 
   void carryOut(WriteCommand& command) {
@@ -234,9 +233,11 @@ class X11Pasteboard::Worker {
   }
 
   void saveAtEnd() {
-    if (connection_->isBroken() || !server_.askManagerToSave()) return;
+    if (connection_->isBroken()) return;
+    reader_.cancel();
+    isSaved_ = !server_.askManagerToSave();
     const SteadyTime end = now() + savePatience;
-    while (!isSaved_ && now() < end && !connection_->isBroken()) {
+    while ((!isSaved_ || reader_.isDraining()) && now() < end && !connection_->isBroken()) {
       step();
       wait(end);
     }
@@ -282,9 +283,9 @@ void X11Pasteboard::setOwnerGoneHandler(std::function<void()> handler) {
   shared_->ownerGoneHandler = std::move(handler);
 }
 
-void X11Pasteboard::read(bool wantsPicture, std::function<void(PasteboardReading)> done) {
+void X11Pasteboard::read(ReadingWish wish, std::function<void(PasteboardReading)> done) {
   shared_->readDone = std::move(done);
-  shared_->give(ReadCommand{wantsPicture, ++shared_->readNumber});
+  shared_->give(ReadCommand{wish, ++shared_->readNumber});
 }
 
 std::int64_t X11Pasteboard::write(std::vector<Representation> representations) {

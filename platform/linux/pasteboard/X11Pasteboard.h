@@ -26,7 +26,7 @@ class X11Pasteboard : public Pasteboard {
   std::int64_t changeCount() const override;
   void setChangeHandler(std::function<void()> handler) override;
   void setOwnerGoneHandler(std::function<void()> handler) override;
-  void read(bool wantsPicture, std::function<void(PasteboardReading)> done) override;
+  void read(ReadingWish wish, std::function<void(PasteboardReading)> done) override;
   std::int64_t write(std::vector<Representation> representations) override;
   std::int64_t restore(std::vector<Representation> representations) override;
 

@@ -8,7 +8,7 @@
 #include "app/clipboard/ClipboardModel.h"
 #include "app/model/AppSettings.h"
 #include "core/base/Files.h"
-#include "core/base/JSONFileStore.h"
+#include "core/clipboard/ClipboardFolder.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePlatform.h"
@@ -83,9 +83,7 @@ struct ClipboardDesk {
 
   std::filesystem::path path() const { return folder / "Clipboard"; }
   // The library as it is on the disk.
-  ClipboardLibrary stored() const {
-    return JSONFileStore<ClipboardLibrary>{path() / "library.json"}.load().value_or(ClipboardLibrary{});
-  }
+  ClipboardLibrary stored() const { return readLibrary(path()); }
   int pictureCount() const {
     std::error_code ignored;
     int count = 0;

@@ -151,9 +151,98 @@ class ClipboardModelTests : public QObject {
     desk.pasteboard.put({.filePaths = {}, .picture = Representation{"image/bmp", "no picture"}, .text = "its words"});
     desk.pasteboard.answer();
     desk.work();
-    QVERIFY(desk.pasteboard.isAsked());
-    desk.pasteboard.answer();
     QCOMPARE(desk.texts(), Texts{"its words"});
+  }
+
+  void aSpreadsheetsPictureKeepsItsText() {
+    ClipboardDesk desk;
+    desk.pasteboard.put({.filePaths = {}, .picture = Representation{"image/png", pngBytes('a')}, .text = "1\t2\n3\t4"});
+    desk.pasteboard.answer();
+    desk.work();
+    QCOMPARE(desk.item(0).kind, ClipKind::image);
+    QVERIFY(desk.model->hasTextBeside(desk.id(0)));
+    QCOMPARE(desk.model->textOf(desk.id(0)), "1\t2\n3\t4");
+    desk.model->copyAsText(desk.id(0));
+    QCOMPARE(desk.pasteboard.writtenText(), "1\t2\n3\t4");
+    QCOMPARE(desk.pasteboard.written.back().front().type, "text/plain;charset=utf-8");
+  }
+
+  void aCopyThatCannotBeTakenOverHasACardUntilItIsRemoved() {
+    ClipboardDesk desk;
+    desk.copy("before");
+    desk.pass(Seconds(1));
+    desk.pasteboard.put({.filePaths = {},
+                         .picture = {},
+                         .text = {},
+                         .lost = LostCopy{LostCopy::Reason::tooLarge, ClipKind::text, 52'428'800}});
+    desk.pasteboard.answer();
+    QCOMPARE(desk.model->count(), 1);
+    QCOMPARE(desk.model->visibleCount(), 2);
+    const QModelIndex card = desk.model->items()->index(0);
+    QCOMPARE(card.data(ClipListModel::LookRole).toString(), "lost");
+    QVERIFY(card.data(ClipListModel::TitleRole).toString().contains("too large to keep"));
+    desk.pass(Seconds(1));
+    desk.copy("after");
+    QCOMPARE(desk.model->items()->index(1).data(ClipListModel::LookRole).toString(), "lost");
+    desk.model->remove(desk.model->items()->idAt(1));
+    QCOMPARE(desk.model->visibleCount(), 2);
+  }
+
+  void aProgramIsIgnoredByTheNameThatItsCardsShow() {
+    ClipboardDesk desk;
+    desk.workspace.inFront = {"org.example.vault"};
+    desk.settings.setIgnoredBundleIDs(
+        {QString(desk.model->nameOfProgram("org.example.vault")).toUpper().toStdString()});
+    desk.copy("hunter2");
+    QCOMPARE(desk.model->count(), 0);
+  }
+
+  void aSaveThatFailsIsTriedAgainAndToldOnce() {
+    ClipboardDesk desk;
+    QSignalSpy troubles(desk.model.get(), &ClipboardModel::troubled);
+    desk.copy("before");
+    std::filesystem::remove(desk.path() / "library.json");
+    std::filesystem::create_directory(desk.path() / "library.json");
+    desk.copy("first");
+    desk.copy("second");
+    QCOMPARE(troubles.count(), 1);
+    desk.pass(Seconds(31));
+    desk.work();
+    QCOMPARE(troubles.count(), 1);
+    std::filesystem::remove(desk.path() / "library.json");
+    desk.pass(Seconds(31));
+    desk.work();
+    QCOMPARE(desk.stored(), desk.model->library());
+  }
+
+  void aSecondBarOnTheSameHomeOnlyReads() {
+    ClipboardDesk desk;
+    desk.copy("mine");
+    ClipboardDesk second(false);
+    std::filesystem::remove_all(second.path());
+    std::filesystem::create_directory_symlink(desk.path(), second.path());
+    second.make();
+    QSignalSpy troubles(second.model.get(), &ClipboardModel::troubled);
+    second.model->start();
+    second.work();
+    QCOMPARE(troubles.count(), 1);
+    QCOMPARE(second.texts(), Texts{"mine"});
+    second.copy("not kept");
+    second.model->remove(second.id(0));
+    second.model->clearHistory();
+    QCOMPARE(second.texts(), Texts{"mine"});
+    desk.copy("mine too");
+    const ClipboardLibrary kept = desk.model->library();
+    desk.tester.reset();
+    desk.model.reset();
+    QCOMPARE(desk.stored(), kept);
+    // The first has ended; the second takes over.
+    second.pass(Seconds(61));
+    second.model->poll();
+    second.work();
+    QCOMPARE(second.texts(), (Texts{"mine too", "mine"}));
+    second.copy("kept");
+    QCOMPARE(desk.stored().items.size(), 3u);
   }
 
   void slowCopiesKeepTheirOrder() {

@@ -71,13 +71,13 @@ TEST(Capture, FilesComeBeforePicturesAndPicturesBeforeText) {
       {"a picture in two forms",
        {"TARGETS", "image/tiff", "image/png", "UTF8_STRING"},
        {{"image/png", picture}, {"image/tiff", "II"}, {"UTF8_STRING", "x"}},
-       {"image/png"},
-       {{}, Representation{"image/png", picture}, {}}},
+       {"image/png", "UTF8_STRING"},
+       {{}, Representation{"image/png", picture}, "x"}},
       {"a picture that is none",
        {"image/png", "image/tiff", "UTF8_STRING"},
        {{"image/png", "no picture"}, {"image/tiff", "II"}, {"UTF8_STRING", "x"}},
-       {"image/png", "image/tiff"},
-       {{}, Representation{"image/tiff", "II"}, {}}},
+       {"image/png", "image/tiff", "UTF8_STRING"},
+       {{}, Representation{"image/tiff", "II"}, "x"}},
       {"pictures that never come",
        {"image/png", "image/tiff", "image/bmp", "UTF8_STRING"},
        {{"UTF8_STRING", "x"}},
@@ -108,6 +108,12 @@ TEST(Capture, WithoutThePictureTheTextIsAskedFor) {
       fetchFrom({"image/png", "UTF8_STRING"}, {{"image/png", png(1, 1)}, {"UTF8_STRING", "x"}}, false);
   EXPECT_EQ(course.asked, (Types{"UTF8_STRING"}));
   EXPECT_EQ(course.contents.text, "x");
+}
+
+TEST(Capture, ATextThatIsTooLargeIsNotAskedForInItsOtherForms) {
+  const std::vector<Fetched> fetched{{.type = "UTF8_STRING", .bytes = {}, .excess = 50'000'000}};
+  EXPECT_EQ(nextType(Types{"UTF8_STRING", "text/plain"}, fetched), std::nullopt);
+  EXPECT_EQ(contentsOf(fetched).lost, (LostCopy{LostCopy::Reason::tooLarge, ClipKind::text, 50'000'000}));
 }
 
 TEST(Capture, OnlyPathsOfFilesAreFiles) {

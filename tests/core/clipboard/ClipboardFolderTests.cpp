@@ -65,6 +65,72 @@ TEST(ClipboardFolder, AnUnreadableLibraryIsSetAsideBeforeTheFirstSave) {
   EXPECT_EQ(ClipboardFolder(home.path()).load().items.size(), 1u);
 }
 
+TEST(ClipboardFolder, WhatIsAppendedIsThereAfterACrash) {
+  TemporaryFolder home;
+  ClipboardLibrary library{.items = {text(1, "one"), text(2, "two"), text(3, "three")}, .collections = {}};
+  ClipboardFolder folder(home.path());
+  folder.save(library);
+  const auto whole = readFile(home / "library.json");
+  ClipItem again = text(2, "two"), pinned = text(1, "one");
+  pinned.isPinned = true;
+  const ClipItem large = text(4, std::string(300'000, 'x') + "\n\"\x01");
+  const std::vector<LibraryChange> first{LibraryChange::put(again), LibraryChange::mark(pinned)};
+  const std::vector<LibraryChange> second{LibraryChange::put(large),
+                                          LibraryChange::drop(std::vector{text(3, "three")})};
+  folder.append(first);
+  folder.append(second);
+  EXPECT_EQ(readFile(home / "library.json"), whole);
+  EXPECT_EQ(modeOf(home / "library.journal"), 0600);
+  library.items = {large, again, pinned};
+  EXPECT_EQ(readLibrary(home.path()), library);
+  // The crash cut the last line, and it came between the library and the end of its journal.
+  home.write("library.journal", *readFile(home / "library.journal") + "{\"put\":{\"id\"");
+  EXPECT_EQ(readLibrary(home.path()), library);
+  const auto journal = *readFile(home / "library.journal");
+  folder.save(library);
+  EXPECT_FALSE(std::filesystem::exists(home / "library.journal"));
+  home.write("library.journal", journal);
+  EXPECT_EQ(readLibrary(home.path()), library);
+}
+
+TEST(ClipboardFolder, TheJournalGrowsNoLongerThanTheLibraryAndIsNothingWithoutIt) {
+  TemporaryFolder home;
+  ClipboardFolder folder(home.path());
+  const std::vector<LibraryChange> change{LibraryChange::put(text(1, std::string(600'000, 'x')))};
+  EXPECT_THROW(folder.append(change), FileError);
+  folder.save({});
+  folder.append(change);
+  EXPECT_FALSE(folder.wantsWhole());
+  folder.append(change);
+  EXPECT_TRUE(folder.wantsWhole());
+  // The user has deleted the history.
+  std::filesystem::remove(home / "library.json");
+  EXPECT_EQ(readLibrary(home.path()), ClipboardLibrary{});
+  EXPECT_THROW(folder.append(change), FileError);
+}
+
+TEST(ClipboardFolder, OneAtATimeMayWrite) {
+  TemporaryFolder home;
+  std::optional<ClipboardFolder> first(home / "Clipboard");
+  ClipboardFolder second(home / "Clipboard");
+  EXPECT_TRUE(first->lock());
+  EXPECT_TRUE(first->lock());
+  EXPECT_FALSE(second.lock());
+  first.reset();
+  EXPECT_TRUE(second.lock());
+}
+
+TEST(ClipboardFolder, ALinkedLibraryStaysALink) {
+  TemporaryFolder home;
+  const auto target = home.write("synced/clips.json", "");
+  std::filesystem::create_directories(home / "Clipboard");
+  std::filesystem::create_symlink("../synced/clips.json", home / "Clipboard/library.json");
+  ClipboardFolder(home / "Clipboard").save({.items = {text(1, "words")}, .collections = {}});
+  EXPECT_TRUE(std::filesystem::is_symlink(home / "Clipboard/library.json"));
+  EXPECT_EQ(readLibrary(home / "Clipboard").items.size(), 1u);
+  EXPECT_EQ(std::filesystem::file_size(target), std::filesystem::file_size(home / "Clipboard/library.json"));
+}
+
 TEST(ClipboardFolder, ASaveThatFailsLeavesTheOldLibrary) {
   TemporaryFolder home;
   ClipboardFolder folder(home / "Clipboard");

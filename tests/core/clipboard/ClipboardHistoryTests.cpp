@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <random>
 
 #include "core/clipboard/ClipboardHistory.h"
 #include "tests/core/clipboard/Clips.h"
@@ -121,6 +122,63 @@ TEST(ClipboardHistory, CollectionsAreMadeRenamedAndDeleted) {
   EXPECT_EQ(library.collections, (std::vector<ClipCollection>{{id(71), " Home "}, {id(73), "\n"}}));
   ASSERT_EQ(library.items.size(), 1u);
   EXPECT_FALSE(library.items[0].isProtected());
+}
+
+TEST(ClipboardHistory, ADeletedCollectionComesBackWithItsItems) {
+  ClipboardHistory history = historyOf({collected(text(2, "b"), 70), text(1, "a")});
+  history.createCollection(id(71), "Notes");
+  history.deleteCollection(id(70));
+  EXPECT_TRUE(history.undoRemove().needsSave);
+  EXPECT_EQ(history.library().collections.front(), (ClipCollection{id(70), "Recipes"}));
+  EXPECT_EQ(history.item(id(2))->collectionIDs, std::set<UUID>{id(70)});
+  EXPECT_FALSE(history.undoRemove().needsSave);
+  // Only what was done last can be undone.
+  history.deleteCollection(id(70));
+  history.remove(std::vector{id(1)}, true);
+  history.undoRemove();
+  EXPECT_EQ(history.library().collections.size(), 1u);
+  EXPECT_NE(history.item(id(1)), nullptr);
+}
+
+TEST(ClipboardHistory, AClipThatTheLimitLeavesNoRoomForIsNotTheCurrentOne) {
+  CaptureSettings none = settings;
+  none.limit = 0;
+  ClipboardHistory history = historyOf({pinned(text(1, "kept"))});
+  history.add(text(2, "gone"), none);
+  EXPECT_EQ(history.currentItemID(), std::nullopt);
+  EXPECT_EQ(numbers(history.library().items), Numbers{1});
+}
+
+// Whatever is done, the steps that it names lead from one library to the next.
+TEST(ClipboardHistory, ItsChangesAreAllThatHasChanged) {
+  std::mt19937 random(7);
+  const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+  CaptureSettings five = settings;
+  five.limit = 5;
+  ClipboardHistory history = historyOf({});
+  ClipboardLibrary saved = history.library();
+  int steps = 0;
+  for (int i = 0; i < 2000; ++i) {
+    HistoryEffects effects;
+    const int act = any(8);
+    if (act < 4)
+      effects = history.add(text(100 + i, std::to_string(any(12)), i), five);
+    else if (!history.library().items.empty()) {
+      const UUID chosen =
+          history.library().items[static_cast<std::size_t>(any(static_cast<int>(history.library().items.size())))].id;
+      effects = act == 4   ? history.togglePin(chosen)
+                : act == 5 ? history.toggleCollection(chosen, id(70))
+                : act == 6 ? history.remove(std::vector{chosen}, true)
+                           : history.undoRemove();
+    }
+    if (!effects.needsSave) continue;
+    if (effects.changes.empty())
+      saved = history.library();
+    else
+      carryOut(effects.changes, saved), ++steps;
+    ASSERT_EQ(saved, history.library()) << i;
+  }
+  EXPECT_GT(steps, 500);
 }
 
 TEST(ClipboardHistory, RemovedItemsComeBackBetweenTheirNeighbours) {

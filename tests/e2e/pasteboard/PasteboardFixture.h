@@ -72,17 +72,19 @@ class PasteboardTest : public testing::Test {
     return true;
   }
 
-  PasteboardReading read(bool wantsPicture = true) {
+  PasteboardReading read(ReadingWish wish = {}) {
     std::optional<PasteboardReading> reading;
-    pasteboard->read(wantsPicture, [&](PasteboardReading one) { reading = std::move(one); });
+    pasteboard->read(wish, [&](PasteboardReading one) { reading = std::move(one); });
     EXPECT_TRUE(main.runUntil([&] { return reading.has_value(); }));
     return reading.value_or(PasteboardReading{});
   }
 
   MainThread main;
-  SelectionPatience patience{.targets = std::chrono::milliseconds(150),
-                             .data = std::chrono::milliseconds(150),
-                             .piece = std::chrono::milliseconds(150),
+  SelectionPatience patience{.targets = std::chrono::milliseconds(300),
+                             .data = std::chrono::milliseconds(300),
+                             .again = std::chrono::milliseconds(300),
+                             .piece = std::chrono::milliseconds(300),
+                             .excess = std::chrono::milliseconds(1000),
                              .whole = std::chrono::milliseconds(3000)};
   std::unique_ptr<X11Pasteboard> pasteboard;
   int changes = 0, ownersGone = 0;

@@ -55,8 +55,10 @@ TEST_F(PasteboardReadTest, FilesAndPicturesAreReadAsTheyAre) {
   EXPECT_THAT(read().contents.filePaths, ElementsAre("/a b"));
   OwnerClient picture({{"image/png", whole(png)}, {"UTF8_STRING", whole("a picture")}});
   copy(picture);
-  EXPECT_EQ(read().contents.picture, (Representation{"image/png", png}));
-  EXPECT_EQ(read(false).contents.text, "a picture");
+  const auto both = read();
+  EXPECT_EQ(both.contents.picture, (Representation{"image/png", png}));
+  EXPECT_EQ(both.contents.text, "a picture");
+  EXPECT_EQ(read({.wantsPicture = false}).contents.text, "a picture");
 }
 
 TEST_F(PasteboardReadTest, TwentyMegabytesComeInPieces) {
@@ -107,8 +109,46 @@ TEST_F(PasteboardReadTest, AnOwnerThatDoesNotSayWhatItHasIsNotAskedFurther) {
   owner.targetsManner = Manner::silent;
   copy(owner);
   EXPECT_TRUE(read().contents.isEmpty());
-  EXPECT_THAT(owner.asked(), ElementsAre("TARGETS"));
+  EXPECT_THAT(owner.asked(), ElementsAre("TARGETS", "TARGETS"));
   expectWorkingStill();
+}
+
+TEST_F(PasteboardReadTest, AnOwnerThatMissesARequestIsAskedAgain) {
+  OwnerClient owner({{"UTF8_STRING", {.manner = Manner::silentFirst, .bytes = "words"}}});
+  owner.targetsManner = Manner::silentFirst;
+  copy(owner);
+  EXPECT_EQ(read().contents.text, "words");
+}
+
+TEST_F(PasteboardReadTest, WhatCouldNotBeTakenOverIsTold) {
+  OwnerClient hangs({{"UTF8_STRING", {.manner = Manner::silent}}});
+  copy(hangs);
+  EXPECT_EQ(read().contents.lost, (LostCopy{LostCopy::Reason::noAnswer, ClipKind::text, 0}));
+  hangs.targetsManner = Manner::silent;
+  copy(hangs);
+  EXPECT_EQ(read().contents.lost, LostCopy{});
+  OwnerClient large({{"UTF8_STRING", whole(numberedText(300'000))}});
+  copy(large);
+  EXPECT_EQ(read({.limits = {.text = 200'000}}).contents.lost,
+            (LostCopy{LostCopy::Reason::tooLarge, ClipKind::text, 300'000}));
+}
+
+TEST_F(PasteboardReadTest, ATransferThatIsTooLargeIsTakenToItsEnd) {
+  OwnerClient owner({{"UTF8_STRING", {.manner = Manner::pieces, .bytes = numberedText(5'000'000)}}});
+  copy(owner);
+  EXPECT_EQ(read({.limits = {.text = 1'000'000}}).contents.lost,
+            (LostCopy{LostCopy::Reason::tooLarge, ClipKind::text, 5'000'000}));
+  EXPECT_EQ(owner.openTransfers(), 0);
+}
+
+TEST_F(PasteboardReadTest, ATransferThatIsOvertakenByAnotherCopyIsTakenToItsEnd) {
+  OwnerClient overtaken(
+      {{"UTF8_STRING", {.manner = Manner::pieces, .bytes = numberedText(6'000'000), .pieceSize = 20'000}}});
+  copy(overtaken);
+  pasteboard->read({}, [](const PasteboardReading&) {});
+  ASSERT_TRUE(eventually([&] { return overtaken.openTransfers() == 1; }));
+  expectWorkingStill();
+  EXPECT_TRUE(eventually([&] { return overtaken.openTransfers() == 0; }));
 }
 
 TEST_F(PasteboardReadTest, AnOwnerThatIsBusyAtFirstIsAskedAgain) {
@@ -138,7 +178,7 @@ TEST_F(PasteboardReadTest, ANewCopyEndsTheReadingOfTheOldOne) {
   OwnerClient hangs({{"UTF8_STRING", {.manner = Manner::silent}}});
   copy(hangs);
   bool isRead = false;
-  pasteboard->read(true, [&](const PasteboardReading&) { isRead = true; });
+  pasteboard->read({}, [&](const PasteboardReading&) { isRead = true; });
   ASSERT_TRUE(eventually([&] { return hangs.asked().size() == 2; }));
   OwnerClient next({{"UTF8_STRING", whole("next")}});
   copy(next);
@@ -152,7 +192,7 @@ TEST_F(PasteboardReadTest, AnOwnerThatCopiesAnewWhenAskedMakesNoEndlessLoop) {
   int reads = 0;
   pasteboard->setChangeHandler([&] {
     ++changes;
-    pasteboard->read(true, [&](const PasteboardReading&) { ++reads; });
+    pasteboard->read({}, [&](const PasteboardReading&) { ++reads; });
   });
   copy(owner);
   // Each reading brings another change; they are announced a few times only.

@@ -162,7 +162,7 @@ TEST_F(PasteboardWriteTest, WhatIsRestoredYieldsToANewCopy) {
 TEST_F(PasteboardWriteTest, AnsweringGoesOnWhileAnotherOwnerHangs) {
   OwnerClient hangs({{"UTF8_STRING", {.manner = Manner::silent}}});
   copy(hangs);
-  pasteboard->read(true, [](const PasteboardReading&) {});
+  pasteboard->read({}, [](const PasteboardReading&) {});
   write(textRepresentations("mine"));
   EXPECT_EQ(pasted(requestor, "UTF8_STRING"), "mine");
 }

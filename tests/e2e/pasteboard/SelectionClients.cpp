@@ -136,6 +136,7 @@ struct OwnerClient::Impl {
     const auto found = offers.find(target);
     Manner manner = isTargets ? settings.targetsManner : found == offers.end() ? Manner::refuses : found->second.manner;
     if (manner == Manner::emptyFirst) manner = refusedOnce.insert(target).second ? Manner::refuses : Manner::whole;
+    if (manner == Manner::silentFirst) manner = refusedOnce.insert(target).second ? Manner::silent : Manner::whole;
     if (manner == Manner::silent) return;
     xcb_selection_notify_event_t reply{};
     reply.response_type = XCB_SELECTION_NOTIFY;
@@ -178,6 +179,7 @@ struct OwnerClient::Impl {
                           &offer.announced);
       transfers.push_back({event.requestor, event.property, event.target, offer});
       transfers.back().offer.manner = manner;
+      ++openTransfers;
     }
   }
 
@@ -192,6 +194,7 @@ struct OwnerClient::Impl {
       xcb_change_property(client->connection, XCB_PROP_MODE_REPLACE, one.requestor, one.property, one.type, 8,
                           static_cast<std::uint32_t>(piece.size()), piece.data());
       one.sent += piece.size();
+      if (piece.empty()) --openTransfers;
       return;
     }
   }
@@ -207,6 +210,7 @@ struct OwnerClient::Impl {
   std::vector<std::function<void()>> orders;
   mutable std::mutex askedMutex;
   std::vector<std::string> asked;
+  std::atomic<int> openTransfers{0};
   bool isStopping = false;
   std::thread thread;
 };
@@ -235,6 +239,8 @@ std::vector<std::string> OwnerClient::asked() const {
   const std::scoped_lock lock(impl_->askedMutex);
   return impl_->asked;
 }
+
+int OwnerClient::openTransfers() const { return impl_->openTransfers; }
 
 struct RequestorClient::Impl {
   // The next event that `isWanted` accepts; null when none comes in time.

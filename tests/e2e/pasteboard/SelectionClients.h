@@ -24,6 +24,7 @@ enum class Manner {
   neverEnds,     // in pieces without end
   wrongFormat,   // as 32-bit numbers
   emptyFirst,    // refuses the first time
+  silentFirst,   // does not answer the first time
 };
 
 struct Offer {
@@ -52,6 +53,8 @@ class OwnerClient {
   void quit();
   // The types it was asked for, in order.
   std::vector<std::string> asked() const;
+  // The transfers in pieces that it has begun and not brought to their end.
+  int openTransfers() const;
 
  private:
   struct Impl;

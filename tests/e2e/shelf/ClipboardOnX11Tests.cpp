@@ -1,8 +1,11 @@
 #include <QGuiApplication>
 #include <QImage>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <gtest/gtest.h>
 
 #include "app/clipboard/ClipboardModel.h"
+#include "app/clipboard/QuietClipboard.h"
 #include "app/model/AppSettings.h"
 #include "core/base/Files.h"
 #include "platform/linux/pasteboard/X11Pasteboard.h"
@@ -102,6 +105,14 @@ TEST_F(ClipboardOnX11, TakesTwentyMegabytesInPieces) {
   EXPECT_TRUE(waitFor([&] { return pasted() == text; }));
 }
 
+TEST_F(ClipboardOnX11, ATextThatIsTooLargeHasACardAndCanStillBePasted) {
+  const std::string text(50'000'000, 'x');
+  const auto client = xclip(file("huge", text));
+  ASSERT_TRUE(waitFor([&] { return model->visibleCount() == 1; }));
+  EXPECT_EQ(model->count(), 0);
+  EXPECT_TRUE(pasted() == text);
+}
+
 TEST_F(ClipboardOnX11, ChoosesAmongTheTypesOfABrowserAndAFileManager) {
   OwnerClient browser({{"text/html", whole("<b>words</b>")}, {"UTF8_STRING", whole("words")}, {"STRING", whole("w")}});
   browser.copy();
@@ -132,6 +143,28 @@ TEST_F(ClipboardOnX11, WhatIsPickedCanBePastedAndIsNoNewCopy) {
   model->poll();
   EXPECT_EQ(model->count(), 2);
   EXPECT_EQ(newest().text, "second");
+}
+
+TEST_F(ClipboardOnX11, ATextFieldAsksNobodyUntilTheUserPastes) {
+  keepCopiesFromTextFields();
+  QQmlEngine engine;
+  engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  QQmlComponent component(&engine);
+  component.setData(
+      "import QtQuick\nimport Ambrel.Kit\nWindow { visible: true; Field { focus: true }\n"
+      "TextEdit { text: 'words'; readOnly: true } }",
+      {});
+  const std::unique_ptr<QObject> window(component.create());
+  ASSERT_TRUE(window) << component.errorString().toStdString();
+  OwnerClient hangs({{"UTF8_STRING", {.manner = Manner::silent}}});
+  hangs.targetsManner = Manner::silent;
+  hangs.copy();
+  ASSERT_TRUE(waitFor([&] { return !hangs.asked().empty(); }));
+  OwnerClient next({{"UTF8_STRING", whole("next")}});
+  next.copy();
+  ASSERT_TRUE(arrives(1));
+  EXPECT_EQ(hangs.asked(), std::vector<std::string>{"TARGETS"});
+  EXPECT_EQ(next.asked(), (std::vector<std::string>{"TARGETS", "UTF8_STRING"}));
 }
 
 TEST_F(ClipboardOnX11, TheLastCopyOutlivesItsProgram) {
