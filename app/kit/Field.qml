@@ -12,13 +12,15 @@ FocusScope {
     property bool isSecret: false
     property alias maximumLength: input.maximumLength
     property alias input: input
-    // Left and Right, Up and Down leave the text: they walk through what it has found.
+    // Left and Right, Up and Down leave the text: they walk through what it has found. Without a text, Delete, Space
+    // and Control+P act on it.
     property bool walks: false
 
     // Return was pressed.
     signal accepted
     // One of these keys was pressed.
     signal walked(int key)
+    signal acted(int key)
 
     function selectAll() {
         input.selectAll();
@@ -72,8 +74,13 @@ FocusScope {
         }
         Keys.onPressed: event => {
             const isWalk = [Qt.Key_Left, Qt.Key_Right, Qt.Key_Up, Qt.Key_Down].indexOf(event.key) >= 0;
-            event.accepted = root.walks && isWalk && event.modifiers === Qt.NoModifier;
-            if (event.accepted)
+            const isPlain = event.modifiers === Qt.NoModifier;
+            const isAct = isPlain && (event.key === Qt.Key_Delete || event.key === Qt.Key_Space) || event.modifiers === Qt.ControlModifier && event.key === Qt.Key_P;
+            const isFree = isAct && text === "" && preeditText === "";
+            event.accepted = root.walks && (isWalk && isPlain || isFree);
+            if (event.accepted && isFree)
+                root.acted(event.key);
+            else if (event.accepted)
                 root.walked(event.key);
         }
         onAccepted: root.accepted()

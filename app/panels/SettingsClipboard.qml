@@ -51,6 +51,31 @@ SettingsPage {
             checked: root.settings.clipboardForgetSensitive
             onToggled: checked => root.settings.clipboardForgetSensitive = checked
         }
+        SettingChoice {
+            title: qsTr("Largest text")
+            detail: qsTr("What is larger gets a card that says so")
+            enabled: root.settings.clipboardEnabled
+            options: [qsTr("1 MB"), qsTr("32 MB"), qsTr("128 MB")]
+            values: [1, 32, 128]
+            value: root.stored.clipboardTextMegabytes
+            onChosen: value => root.settings.clipboardTextMegabytes = value
+        }
+        SettingChoice {
+            title: qsTr("Largest picture")
+            enabled: root.settings.clipboardEnabled
+            options: [qsTr("16 MB"), qsTr("64 MB"), qsTr("256 MB")]
+            values: [16, 64, 256]
+            value: root.stored.clipboardPictureMegabytes
+            onChosen: value => root.settings.clipboardPictureMegabytes = value
+        }
+        SettingChoice {
+            title: qsTr("Longest list of files")
+            enabled: root.settings.clipboardEnabled
+            options: [qsTr("1 MB"), qsTr("4 MB"), qsTr("16 MB")]
+            values: [1, 4, 16]
+            value: root.stored.clipboardListMegabytes
+            onChosen: value => root.settings.clipboardListMegabytes = value
+        }
         SectionRow {
             visible: root.clipboard !== null
             title: root.asksToClear ? qsTr("Clear clipboard history?") : qsTr("Clear the history")
@@ -83,11 +108,33 @@ SettingsPage {
             Field {
                 id: name
                 width: 200
-                hint: qsTr("Name of a program")
+                hint: qsTr("Name, as on its cards")
                 symbol: "plus"
                 onAccepted: {
                     root.ignore(text);
                     text = "";
+                }
+            }
+        }
+        SectionRow {
+            visible: recent.count > 0
+            title: qsTr("Copied from lately")
+
+            Flow {
+                width: 420
+                spacing: Theme.space1
+                layoutDirection: Qt.RightToLeft
+
+                Repeater {
+                    id: recent
+                    model: root.clipboard ? root.clipboard.recentPrograms : []
+
+                    Chip {
+                        required property var modelData
+                        text: modelData.name
+                        symbol: "plus"
+                        onClicked: root.ignore(modelData.id)
+                    }
                 }
             }
         }
@@ -97,11 +144,11 @@ SettingsPage {
             SectionRow {
                 id: row
                 required property string modelData
-                title: modelData
+                title: root.clipboard ? root.clipboard.nameOfProgram(modelData) : modelData
 
                 IconButton {
                     symbol: "xmark"
-                    label: qsTr("Keep copies of %1").arg(row.modelData)
+                    label: qsTr("Keep copies of %1").arg(row.title)
                     onClicked: root.settings.ignoredBundleIDs = root.ignored.filter(other => other !== row.modelData)
                 }
             }

@@ -36,7 +36,8 @@ Item {
             color: 96,
             image: 124,
             files: 120,
-            secret: 120
+            secret: 120,
+            lost: 148
         })
     readonly property var symbols: ({
             text: "text.alignleft",
@@ -45,7 +46,8 @@ Item {
             color: "paintpalette",
             image: "photo",
             files: "doc",
-            secret: "lock.fill"
+            secret: "lock.fill",
+            lost: "exclamationmark.triangle"
         })
     readonly property var bodies: ({
             text: textBody,
@@ -54,8 +56,12 @@ Item {
             color: colorBody,
             image: pictureBody,
             files: filesBody,
-            secret: secretBody
+            secret: secretBody,
+            lost: lostBody
         })
+
+    // A copy that could not be taken over: there is nothing to pick.
+    readonly property bool isLost: look === "lost"
 
     signal picked
     signal menuAsked(real x, real y)
@@ -101,7 +107,7 @@ Item {
         pinNumber: root.pinNumber
         isPinned: root.isPinned
         isCurrent: root.isCurrent
-        isActive: root.isHovered
+        isActive: root.isHovered && !root.isLost
         onPinToggled: root.clipboard.togglePin(root.clipId)
     }
     Loader {
@@ -166,6 +172,7 @@ Item {
     }
     TapHandler {
         acceptedButtons: Qt.RightButton
+        enabled: !root.isLost
         onTapped: eventPoint => root.menuAsked(eventPoint.position.x, eventPoint.position.y)
     }
     // The mouse has the wheel for scrolling and takes the clip along wherever it goes; a finger scrolls along the row.
@@ -219,6 +226,7 @@ Item {
 
         PictureBody {
             picture: root.picture
+            text: root.detail
         }
     }
     Component {
@@ -227,6 +235,14 @@ Item {
         FilesBody {
             files: root.files
             more: root.moreFiles
+        }
+    }
+    Component {
+        id: lostBody
+
+        TextBody {
+            text: root.title
+            color: Theme.ink2
         }
     }
     Component {

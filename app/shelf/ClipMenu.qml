@@ -13,6 +13,7 @@ Menu {
     readonly property bool hangsLeft: false
 
     signal picked
+    signal textPicked
     signal previewAsked
     signal collectionsAsked
 
@@ -25,6 +26,12 @@ Menu {
         symbol: "doc.on.doc"
         keys: qsTr("Enter")
         onClicked: root.picked()
+    }
+    MenuRow {
+        visible: root.clipboard.hasTextBeside(root.clipId)
+        text: qsTr("Copy as text")
+        symbol: "text.alignleft"
+        onClicked: root.textPicked()
     }
     MenuRow {
         text: root.clipboard.isPinned(root.clipId) ? qsTr("Unpin") : qsTr("Pin")

@@ -3,7 +3,8 @@ import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// One clip as large as the shelf allows. Space and Escape close it, Return picks the clip.
+// One clip as large as the shelf allows; a picture beside the text that it came with. Space and Escape close it, Return
+// picks the clip, Control+C copies what is selected.
 FocusScope {
     id: root
 
@@ -13,12 +14,21 @@ FocusScope {
     readonly property bool hangsLeft: false
     readonly property string picture: clipboard.pictureOf(clipId)
     readonly property string text: clipboard.textOf(clipId)
+    readonly property bool hasBoth: picture !== "" && text !== ""
 
     function begin() {
         root.forceActiveFocus();
     }
 
+    function copySelection() {
+        if (words.selectedText === "")
+            root.picked();
+        else
+            root.clipboard.copyPart(words.selectedText);
+    }
+
     signal picked
+    signal textPicked
     signal closeRequested
 
     Keys.onPressed: event => {
@@ -26,6 +36,10 @@ FocusScope {
             root.closeRequested();
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
             root.picked();
+        else if (event.key === Qt.Key_C && event.modifiers === Qt.ControlModifier)
+            root.copySelection();
+        else if (event.key === Qt.Key_A && event.modifiers === Qt.ControlModifier)
+            words.selectAll();
         else
             return;
         event.accepted = true;
@@ -44,6 +58,7 @@ FocusScope {
     Image {
         anchors.fill: parent
         anchors.margins: Theme.space3
+        anchors.rightMargin: root.hasBoth ? parent.width / 2 : Theme.space3
         visible: root.picture !== ""
         source: root.picture === "" ? "" : "image://ambrel.clip/whole/" + root.picture
         sourceSize.width: Math.round(width * Screen.devicePixelRatio)
@@ -55,11 +70,15 @@ FocusScope {
     ScrollView {
         anchors.fill: parent
         anchors.margins: Theme.space1
+        anchors.leftMargin: root.hasBoth ? parent.width / 2 : Theme.space1
+        anchors.bottomMargin: root.hasBoth ? copyText.height + 2 * Theme.space2 : Theme.space1
         padding: Theme.space3
-        visible: root.picture === ""
+        visible: root.text !== ""
         focus: true
 
         TextEdit {
+            id: words
+
             width: parent.width - Theme.space6
             text: root.text
             font: root.clipboard.isCode(root.clipId) ? Theme.code.font : Theme.body.font
@@ -72,6 +91,18 @@ FocusScope {
             selectByMouse: true
             activeFocusOnPress: false
         }
+    }
+    Button {
+        id: copyText
+
+        anchors {
+            right: parent.right
+            bottom: parent.bottom
+            margins: Theme.space2
+        }
+        visible: root.hasBoth
+        text: qsTr("Copy as text")
+        onClicked: root.textPicked()
     }
     IconButton {
         anchors {

@@ -62,6 +62,14 @@ FocusScope {
         const place = card.mapToItem(root, card.width / 2, card.height / 3);
         root.menuAsked(root.currentId, place.x, place.y);
     }
+    function actOn(key: int) {
+        if (key === Qt.Key_Delete)
+            root.clipboard.remove(root.currentId);
+        else if (key === Qt.Key_Space)
+            root.previewAsked(root.currentId);
+        else
+            root.clipboard.togglePin(root.currentId);
+    }
     function act(event: var): bool {
         const control = event.modifiers === Qt.ControlModifier;
         const plain = event.modifiers === Qt.NoModifier || event.modifiers === Qt.KeypadModifier;
@@ -82,12 +90,8 @@ FocusScope {
             step(root.clipboard.visibleCount);
         else if (plain && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) || control && event.key === Qt.Key_C)
             pickCurrent();
-        else if (plain && event.key === Qt.Key_Delete)
-            root.clipboard.remove(root.currentId);
-        else if (plain && event.key === Qt.Key_Space)
-            root.previewAsked(root.currentId);
-        else if (control && event.key === Qt.Key_P)
-            root.clipboard.togglePin(root.currentId);
+        else if (plain && (event.key === Qt.Key_Delete || event.key === Qt.Key_Space) || control && event.key === Qt.Key_P)
+            actOn(event.key);
         else if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
             openMenu();
         else if (event.key === Qt.Key_Backspace && root.clipboard.query !== "")

@@ -6,6 +6,8 @@ Item {
     id: root
 
     property string picture
+    // Of what came beside the picture, the beginning.
+    property string text
 
     Rectangle {
         x: 1
@@ -29,6 +31,30 @@ Item {
             sourceSize.height: Math.round(height * Screen.devicePixelRatio)
             asynchronous: true
             cache: false
+            Accessible.ignored: true
+        }
+        Rectangle {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            height: label.height + Theme.space2
+            visible: root.text !== ""
+            color: Theme.card
+            opacity: 0.9
+        }
+        Label {
+            id: label
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.leftMargin: Theme.space3
+            anchors.rightMargin: Theme.space3
+            anchors.bottomMargin: Theme.space1
+            visible: root.text !== ""
+            text: root.text
+            role: Theme.subLine
+            hasTip: false
             Accessible.ignored: true
         }
     }

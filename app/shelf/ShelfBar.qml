@@ -14,6 +14,8 @@ FocusScope {
     signal walked(int key)
     // Return in the search.
     signal accepted
+    // A key that means nothing to an empty search, but something to the card with the ring.
+    signal acted(int key)
     signal menuAsked
 
     function focusSearch() {
@@ -39,6 +41,7 @@ FocusScope {
         onTextChanged: root.clipboard.query = text
         onWalked: key => root.walked(key)
         onAccepted: root.accepted()
+        onActed: key => root.acted(key)
 
         Connections {
             target: root.clipboard

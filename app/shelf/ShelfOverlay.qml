@@ -16,6 +16,7 @@ FocusScope {
     readonly property var content: loader.item
 
     signal picked(string id)
+    signal textPicked(string id)
     signal settingsAsked
     signal closed
 
@@ -111,6 +112,7 @@ FocusScope {
             clipId: root.clipId
             onCloseRequested: root.close()
             onPicked: root.picked(root.clipId)
+            onTextPicked: root.textPicked(root.clipId)
             onPreviewAsked: root.show(preview)
             onCollectionsAsked: root.show(collections)
         }
@@ -163,6 +165,7 @@ FocusScope {
             height: root.height - 2 * Theme.space3
             onCloseRequested: root.close()
             onPicked: root.picked(root.clipId)
+            onTextPicked: root.textPicked(root.clipId)
         }
     }
 }

@@ -92,6 +92,7 @@ FocusScope {
                     strip.forceActiveFocus(Qt.TabFocusReason);
             }
             onAccepted: strip.pickCurrent()
+            onActed: key => strip.actOn(key)
             onMenuAsked: overlay.openMenu(panel.width - Theme.space4, bar.y + bar.height + Theme.space1)
         }
         ClipStrip {
@@ -134,6 +135,10 @@ FocusScope {
             clipboard: root.clipboard
             onSettingsAsked: root.controller.askForSettings()
             onPicked: id => root.controller.pick(id)
+            onTextPicked: id => {
+                root.clipboard.copyAsText(id);
+                root.controller.dismiss();
+            }
             onClosed: strip.forceActiveFocus()
         }
     }

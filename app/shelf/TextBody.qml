@@ -4,6 +4,7 @@ import Ambrel.Kit
 // The beginning of a text.
 Item {
     property alias text: label.text
+    property alias color: label.color
 
     clip: label.implicitHeight > height
 

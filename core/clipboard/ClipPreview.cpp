@@ -234,6 +234,7 @@ ClipPreview previewOf(const ClipItem& item, bool isSensitive) {
       preview.look = ClipLook::image;
       if (const auto lines = firstLines(text); !lines.empty())
         preview.detail = beginning(trimmedOfWhitespace(lines.front()), mostNameBytes);
+      std::ranges::replace(preview.detail, '\t', ' ');
       break;
     case ClipKind::file: {
       preview.look = ClipLook::files;
