@@ -1,6 +1,7 @@
 #include <QBuffer>
 #include <QImage>
 
+#include "app/kit/KeyboardFocus.h"
 #include "tests/app/kit/Looks.h"
 #include "tests/app/shelf/ShelfRoom.h"
 
@@ -105,6 +106,39 @@ class ShelfViewTests : public QObject {
     room.press(Qt::Key_Return);
     room.press(Qt::Key_Space);
     QCOMPARE(room.warnings.take(), QStringList());
+  }
+
+  void theRingIsThereAtTheFirstOpeningAndKeysOfAnEmptySearchAreForItsCard() {
+    ShelfRoom room;
+    for (const char* text : {"c", "b", "a"}) room.desk.copy(text);
+    keyboardFocusOf(room.engine).setIsShown(false);
+    QVERIFY(room.open());
+    const auto isRing = [](QQuickItem* item) { return item->property("targetRadius").isValid(); };
+    QTRY_VERIFY(!room.shown(isRing).empty());
+    room.press(Qt::Key_F, Qt::ControlModifier);
+    room.press(Qt::Key_Delete);
+    QCOMPARE(room.desk.texts(), (Texts{"b", "c"}));
+    room.press(Qt::Key_P, Qt::ControlModifier);
+    QVERIFY(room.desk.item(0).isPinned);
+    // In a text they are the text's.
+    room.type("b");
+    room.press(Qt::Key_Home);
+    room.press(Qt::Key_Delete);
+    QCOMPARE(room.desk.model->query(), QString());
+    QCOMPARE(room.desk.texts(), (Texts{"b", "c"}));
+  }
+
+  void whatIsSelectedInThePreviewIsCopied() {
+    ShelfRoom room;
+    room.desk.copy("one two");
+    QVERIFY(room.open());
+    room.press(Qt::Key_Space);
+    room.press(Qt::Key_A, Qt::ControlModifier);
+    for (QQuickItem* item : room.shown([](QQuickItem* one) { return one->inherits("QQuickTextEdit"); }))
+      QMetaObject::invokeMethod(item, "select", Q_ARG(int, 4), Q_ARG(int, 7));
+    room.press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(room.desk.pasteboard.writtenText(), "two");
+    QVERIFY(room.shelf->isShown());
   }
 
   void typingSearchesAndEscapeGoesBackStepByStep() {
