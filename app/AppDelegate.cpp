@@ -189,7 +189,7 @@ void AppDelegate::pressedSomewhere() {
   // Presses on windows of our own are theirs.
   if (QGuiApplication::topLevelAt(QPoint(qRound(at.x), qRound(at.y)))) return;
   for (DockPopoverController* panel : panels())
-    if (panel->isShown()) panel->close();
+    if (panel->isShown() && !panel->stays()) panel->close();
   if (shelf_->isShown()) shelf_->close();
 }
 

@@ -52,6 +52,7 @@ class DockPopoverController : public QObject {
   // Whether it stays when another window takes the keyboard, until its content asks to be closed. Before the first
   // opening.
   void setStays(bool stays) { stays_ = stays; }
+  bool stays() const { return stays_; }
   // From the next opening on.
   void setSize(QSize size) { content_.size = size; }
   // Changes a property of what is shown, now or at the first opening.
