@@ -1,7 +1,6 @@
-#include <re2/re2.h>
-
 #include "core/base/Text.h"
 #include "core/clipboard.h"
+#include "core/clipboard/Expressions.h"
 #include "core/clipboard/Whitespace.h"
 
 namespace ambrel {
@@ -15,7 +14,8 @@ struct ColorPatterns {
 
 bool isColor(std::string_view text) {
   static const ColorPatterns patterns;
-  return RE2::FullMatch(text, patterns.hexadecimal) || RE2::FullMatch(text, patterns.functional);
+  const re2::StringPiece input = expressionInput(text);
+  return RE2::FullMatch(input, patterns.hexadecimal) || RE2::FullMatch(input, patterns.functional);
 }
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }

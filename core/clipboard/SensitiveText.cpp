@@ -1,12 +1,12 @@
 #include <array>
 #include <cmath>
 #include <memory>
-#include <re2/re2.h>
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 #include <vector>
 
 #include "core/clipboard.h"
+#include "core/clipboard/Expressions.h"
 #include "core/clipboard/Whitespace.h"
 
 namespace ambrel {
@@ -59,7 +59,8 @@ bool SensitiveText::isSensitive(std::string_view text) {
   static const std::vector<CompiledPattern> patterns = compiled();
   const std::string_view whole = trimmedOfWhitespace(text);
   for (const CompiledPattern& pattern : patterns)
-    if (whole.find(pattern.literal) != std::string_view::npos && RE2::PartialMatch(whole, *pattern.expression))
+    if (whole.find(pattern.literal) != std::string_view::npos &&
+        RE2::PartialMatch(expressionInput(whole), *pattern.expression))
       return true;
   return isCardNumber(whole);
 }
