@@ -40,10 +40,14 @@ bool sharesBlocks(const FileDescriptor& file) {
   alignas(fiemap) char memory[sizeof(fiemap) + batch * sizeof(fiemap_extent)];
   std::uint64_t start = 0;
   for (;;) {
-    auto* map = new (memory) fiemap{};
+    // Field by field: clang refuses to initialise a struct with a flexible array.
+    auto* map = new (memory) fiemap;
     map->fm_start = start;
     map->fm_length = FIEMAP_MAX_OFFSET - start;
+    map->fm_flags = 0;
+    map->fm_mapped_extents = 0;
     map->fm_extent_count = batch;
+    map->fm_reserved = 0;
     if (ioctl(file.get(), FS_IOC_FIEMAP, map) != 0 || map->fm_mapped_extents == 0) return false;
     for (unsigned i = 0; i < map->fm_mapped_extents; ++i) {
       const fiemap_extent& extent = map->fm_extents[i];
