@@ -114,7 +114,7 @@ void BuddyNoticeCenter::clockMoved(Seconds by, Instant) {
 void BuddyNoticeCenter::zoneChanged(Instant now) {
   inboxModel_.update(now);
   updateQuietText(now);
-  if (shown_) Q_EMIT bubbleChanged();
+  if (bubble_.shown) Q_EMIT bubbleChanged();
 }
 
 void BuddyNoticeCenter::storeSummaryDay() {

@@ -45,7 +45,7 @@ class NoPasteboard : public Pasteboard {
   std::int64_t changeCount() const override { return count_; }
   void setChangeHandler(std::function<void()>) override {}
   void setOwnerGoneHandler(std::function<void()>) override {}
-  void read(bool, std::function<void(PasteboardReading)>) override {}
+  void read(ReadingWish, std::function<void(PasteboardReading)>) override {}
   std::int64_t write(std::vector<Representation>) override { return ++count_; }
   std::int64_t restore(std::vector<Representation>) override { return ++count_; }
 
