@@ -89,6 +89,8 @@ Theme& AppDelegate::preparedTheme() {
   const auto takeName = [this] { appearance_.setThemeName(QString::fromStdString(desktop_.theme.name())); };
   desktop_.theme.setChangeHandler(takeName);
   takeName();
+  // From the start, so that the first key counts.
+  keyboardFocusOf(engine_);
   return theme;
 }
 
@@ -165,10 +167,13 @@ std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source
                    size});
   connect(panel.get(), &DockPopoverController::shownChanged, this, &AppDelegate::panelsChanged);
   connect(panel.get(), &DockPopoverController::shownChanged, this, [this, shown = panel.get()] {
+    if (shown->isShown() || !returnsKeyboard_) return;
     // A panel that was left for another window has lost the keyboard already.
-    if (!shown->isShown() && std::exchange(returnsKeyboard_, false) && shown->window()->isActive() &&
-        keyboardFocusOf(engine_).isShown())
-      dock_->revealForKeyboard();
+    returnsKeyboard_ = shown->window()->isActive() && keyboardFocusOf(engine_).isShown();
+    // A menu's row may open another panel right after this.
+    QTimer::singleShot(0, this, [this] {
+      if (!isAnyPanelOpen() && std::exchange(returnsKeyboard_, false)) dock_->revealForKeyboard();
+    });
   });
   return panel;
 }
