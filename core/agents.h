@@ -18,16 +18,6 @@ namespace ambrel {
 
 enum class AgentKind { claudeCode, codex, cursor, antigravity };
 
-template <>
-struct EnumText<AgentKind> {
-  static constexpr std::array table{
-      std::pair{AgentKind::claudeCode, std::string_view("claudeCode")},
-      std::pair{AgentKind::codex, std::string_view("codex")},
-      std::pair{AgentKind::cursor, std::string_view("cursor")},
-      std::pair{AgentKind::antigravity, std::string_view("antigravity")},
-  };
-};
-
 // "Claude Code"
 std::string_view displayName(AgentKind kind);
 // The application that comes forward for the kind: "com.openai.codex". The desktop maps it to what runs here.
@@ -39,16 +29,6 @@ enum class AgentStatus {
   working,     // active a moment ago
   finished,    // the last turn ended, not long ago
   idle,        // nothing for a while, or killed
-};
-
-template <>
-struct EnumText<AgentStatus> {
-  static constexpr std::array table{
-      std::pair{AgentStatus::needsInput, std::string_view("needsInput")},
-      std::pair{AgentStatus::working, std::string_view("working")},
-      std::pair{AgentStatus::finished, std::string_view("finished")},
-      std::pair{AgentStatus::idle, std::string_view("idle")},
-  };
 };
 
 // What a list shows: "Needs you", "Working", "Done", "Idle".

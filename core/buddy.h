@@ -20,15 +20,6 @@ namespace ambrel {
 // In ascending order.
 enum class BuddyPriority { info, important, urgent };
 
-template <>
-struct EnumText<BuddyPriority> {
-  static constexpr std::array table{
-      std::pair{BuddyPriority::info, std::string_view("info")},
-      std::pair{BuddyPriority::important, std::string_view("important")},
-      std::pair{BuddyPriority::urgent, std::string_view("urgent")},
-  };
-};
-
 // The character's one-shot reactions.
 enum class BuddyTrigger {
   celebrate,
@@ -51,31 +42,6 @@ enum class BuddyTrigger {
   lookAround,
 };
 
-template <>
-struct EnumText<BuddyTrigger> {
-  using enum BuddyTrigger;
-  static constexpr std::array table{
-      std::pair{celebrate, std::string_view("celebrate")},
-      std::pair{wave, std::string_view("wave")},
-      std::pair{jump, std::string_view("jump")},
-      std::pair{spin, std::string_view("spin")},
-      std::pair{dance, std::string_view("dance")},
-      std::pair{nod, std::string_view("nod")},
-      std::pair{shake, std::string_view("shake")},
-      std::pair{stretch, std::string_view("stretch")},
-      std::pair{wink, std::string_view("wink")},
-      std::pair{love, std::string_view("love")},
-      std::pair{startle, std::string_view("startle")},
-      std::pair{peek, std::string_view("peek")},
-      std::pair{sip, std::string_view("sip")},
-      std::pair{typing, std::string_view("typing")},
-      std::pair{highFive, std::string_view("highFive")},
-      std::pair{drink, std::string_view("drink")},
-      std::pair{sneeze, std::string_view("sneeze")},
-      std::pair{lookAround, std::string_view("lookAround")},
-  };
-};
-
 enum class BuddyRule {
   agentNeedsInput,
   agentFinished,
@@ -95,31 +61,6 @@ enum class BuddyRule {
   focusEnded,
   breakOver,
   daySummary,
-};
-
-template <>
-struct EnumText<BuddyRule> {
-  using enum BuddyRule;
-  static constexpr std::array table{
-      std::pair{agentNeedsInput, std::string_view("agentNeedsInput")},
-      std::pair{agentFinished, std::string_view("agentFinished")},
-      std::pair{agentStopped, std::string_view("agentStopped")},
-      std::pair{agentStillWorking, std::string_view("agentStillWorking")},
-      std::pair{awayDigest, std::string_view("awayDigest")},
-      std::pair{meetingSoon, std::string_view("meetingSoon")},
-      std::pair{meetingStart, std::string_view("meetingStart")},
-      std::pair{claudeLimit, std::string_view("claudeLimit")},
-      std::pair{codexSession, std::string_view("codexSession")},
-      std::pair{codexWeek, std::string_view("codexWeek")},
-      std::pair{batteryLow, std::string_view("batteryLow")},
-      std::pair{batteryCritical, std::string_view("batteryCritical")},
-      std::pair{diskLow, std::string_view("diskLow")},
-      std::pair{cpuHigh, std::string_view("cpuHigh")},
-      std::pair{water, std::string_view("water")},
-      std::pair{focusEnded, std::string_view("focusEnded")},
-      std::pair{breakOver, std::string_view("breakOver")},
-      std::pair{daySummary, std::string_view("daySummary")},
-  };
 };
 
 BuddyPriority priority(BuddyRule rule);
@@ -251,14 +192,6 @@ struct BuddySignals {
   std::optional<PhaseEnd> phaseEnded;  // since the last evaluation
 
   friend bool operator==(const BuddySignals&, const BuddySignals&) = default;
-};
-
-template <>
-struct EnumText<BuddySignals::PhaseEnd> {
-  static constexpr std::array table{
-      std::pair{BuddySignals::PhaseEnd::focus, std::string_view("focus")},
-      std::pair{BuddySignals::PhaseEnd::breakTime, std::string_view("breakTime")},
-  };
 };
 
 }  // namespace ambrel

@@ -1,6 +1,6 @@
 #pragma once
 // The clipboard history: what a clip is, what kind of thing a copied text is, which texts are secrets, and which
-// clips a limit, an expiry sweep or a cleanup takes away. Capture and storage lie in core/clipboard/.
+// clips a limit, an expiry sweep or a cleanup takes away. Capture and storage are in core/clipboard/.
 
 #include <cstdint>
 #include <functional>
@@ -27,14 +27,6 @@ enum class ClipKind {
   file,   // one or more paths
 };
 
-template <>
-struct EnumText<ClipKind> {
-  static constexpr std::array table{
-      std::pair{ClipKind::text, std::string_view("text")}, std::pair{ClipKind::link, std::string_view("link")},
-      std::pair{ClipKind::color, std::string_view("color")}, std::pair{ClipKind::image, std::string_view("image")},
-      std::pair{ClipKind::file, std::string_view("file")}};
-};
-
 // What a copied text is: `text`, `link` or `color`. One pass over the text.
 ClipKind classify(std::string_view text);
 
@@ -42,7 +34,7 @@ struct ClipItem {
   UUID id;  // survives a second copy of the same content
   ClipKind kind = ClipKind::text;
   // As copied, UTF-8. For `file`, one path a line; a path that a line cannot hold (a newline, bytes that are no
-  // UTF-8) stands there as its file URI. For `image`, the text that was offered beside the picture, if any.
+  // UTF-8) is given as its file URI. For `image`, the text that was offered beside the picture, if any.
   std::optional<std::string> text;
   std::optional<std::string> imageFileName;   // for `image`: the name in the image folder
   std::optional<std::string> sourceBundleID;  // the application in front when the copy happened
@@ -168,7 +160,7 @@ struct ClipCleanup {
   static std::vector<ClipItem> targets(std::span<const ClipItem> items, const ClipCleanup& cleanup, Instant now);
 
   // What is older than `maxAge`, and plain texts with a secret that are older than `sensitiveAge`; absent ages
-  // take nothing. `isSensitive` stands for SensitiveText::isSensitive of the item's text, so that a caller may
+  // take nothing. `isSensitive` is SensitiveText::isSensitive of the item's text, so that a caller may
   // remember its answers.
   static std::vector<ClipItem> expired(std::span<const ClipItem> items, Instant now, std::optional<Seconds> maxAge,
                                        std::optional<Seconds> sensitiveAge,

@@ -42,7 +42,7 @@ struct SystemDockRule {
 struct BarSurroundings {
   Point pointer{};
   Rect screen{};
-  // Where the bar stands when it is shown.
+  // Where the bar is when it is shown.
   Rect bar{};
   DockEdge edge = DockEdge::bottom;
   bool isAlwaysVisible = false;
@@ -69,7 +69,7 @@ struct BarReveal {
   // has left the edge or has come to where the bar stands.
   bool isEdgeSpent = false;
 
-  // True when the bar is to be shown or hidden anew.
+  // True when the bar is to be shown or hidden again.
   bool tick(const BarSurroundings& around, Instant now);
   // When a tick has something to do although nothing around the bar changes; absent: not before the pointer moves
   // or a panel opens or closes. To be asked after a tick with the same surroundings.
@@ -111,7 +111,7 @@ BarPlacement placedBar(const ScreenFrames& screen, DockEdge edge, double width, 
                        bool isSystemDockShowing);
 
 // The steps of showing and hiding a panel. Each delayed step is carried out after its delay, and does nothing when
-// the panel has been shown or hidden anew since.
+// the panel has been shown or hidden again since.
 struct PresentationStep {
   enum class Kind { showContent, leaveScreen };
   Kind kind = Kind::showContent;
@@ -175,7 +175,7 @@ struct TileLayout {
   static constexpr double padding = 8, gap = 8, tileHeight = 64;
 
   // From the bar's lower left corner, in bar order: from left to right at the bottom, from top to bottom at the
-  // sides. What lies beyond the bar's length is scrolled to.
+  // sides. What is beyond the bar's length is scrolled to.
   std::vector<Rect> tiles{};
   // Of the bar.
   double width = 0, height = 0;

@@ -43,12 +43,6 @@ struct FocusNotice {
 // --- Focus timer -----------------------------------------------------------------------------------------------
 
 enum class PomodoroPhase { focus, shortBreak, longBreak };
-template <>
-struct EnumText<PomodoroPhase> {
-  static constexpr std::array table{std::pair{PomodoroPhase::focus, std::string_view("focus")},
-                                    std::pair{PomodoroPhase::shortBreak, std::string_view("shortBreak")},
-                                    std::pair{PomodoroPhase::longBreak, std::string_view("longBreak")}};
-};
 // "Focus", "Break", "Long Break"
 std::string_view title(PomodoroPhase phase);
 
@@ -163,11 +157,6 @@ struct QuickTimerValue {
 // --- Breaks ----------------------------------------------------------------------------------------------------
 
 enum class BreakKind { eyes, stand };
-template <>
-struct EnumText<BreakKind> {
-  static constexpr std::array table{std::pair{BreakKind::eyes, std::string_view("eyes")},
-                                    std::pair{BreakKind::stand, std::string_view("stand")}};
-};
 // "eyeBreak", "standUp": the prefix of the kind's stored keys and its notification's identifier.
 std::string_view keyPrefix(BreakKind kind);
 int defaultIntervalMinutes(BreakKind kind);

@@ -16,14 +16,6 @@ namespace ambrel {
 
 enum class DisplayContext { builtinOnly, external };
 
-template <>
-struct EnumText<DisplayContext> {
-  static constexpr std::array table{
-      std::pair{DisplayContext::builtinOnly, std::string_view("builtinOnly")},
-      std::pair{DisplayContext::external, std::string_view("external")},
-  };
-};
-
 struct DisplaySnapshot {
   std::string name;
   bool isBuiltin = false;
@@ -98,7 +90,7 @@ struct UpdatedProfiles {
   // Differs from what is stored, so it is to be saved.
   bool isChanged = false;
 };
-// `dockWidgets`: the old global list; absent, the default widgets stand in for it. It counts only while no item
+// `dockWidgets`: the old global list; absent, the default widgets replace it. It counts only while no item
 // of any profile holds a widget. Slots that hold an application are removed.
 UpdatedProfiles updated(std::vector<Profile> loaded, const std::optional<std::vector<std::string>>& dockWidgets);
 
@@ -106,7 +98,7 @@ UpdatedProfiles updated(std::vector<Profile> loaded, const std::optional<std::ve
 
 struct LoadedProfiles {
   std::vector<Profile> profiles;
-  // Why the defaults stand in for a file that is there: the line to log. The file stays as it is.
+  // Why the defaults replace a file that is there: the line to log. The file stays as it is.
   std::optional<std::string> problem;
 };
 // The defaults for a file that does not exist, cannot be read or does not decode. Keys that are not known are

@@ -91,7 +91,7 @@ class History {
   std::deque<double> values_;
 };
 
-// A rate as it stands on a tile: "8.4" and "MB/s", with the locale's decimal mark. Decimal units; three figures at
+// A rate as a tile shows it: "8.4" and "MB/s", with the locale's decimal mark. Decimal units; three figures at
 // most; below 1000 in whole bytes.
 struct RateText {
   std::string figure;

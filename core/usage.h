@@ -55,7 +55,7 @@ namespace ClaudeUsage {
 inline constexpr Seconds blockLength{18000};
 
 // One decoded line of a log; absent for every line but an assistant's reply with a usage object and a date.
-// A reply that stands on two lines counts twice.
+// A reply that is on two lines counts twice.
 std::optional<TokenUsage> parseLine(const LineObject& line);
 
 // The block that is open at `now`; a reply dated later than `now` can open it, but is not counted.

@@ -160,11 +160,6 @@ std::chrono::seconds retryPause(int failures, WeatherFailure last, bool hasAnswe
 bool isWeatherStale(Instant updatedAt, Instant now);
 
 enum class AirQualityScale { us, european };
-template <>
-struct EnumText<AirQualityScale> {
-  static constexpr std::array table{std::pair{AirQualityScale::us, std::string_view("us")},
-                                    std::pair{AirQualityScale::european, std::string_view("european")}};
-};
 // "US AQI", "EU AQI"
 std::string_view label(AirQualityScale scale);
 // 0, the best, to 5.

@@ -13,32 +13,8 @@ namespace ambrel {
 // In the order of the gallery.
 enum class WidgetGroup { system, productivity, weather, textTools, focus, developer, infoAndFun, media };
 
-template <>
-struct EnumText<WidgetGroup> {
-  using enum WidgetGroup;
-  static constexpr std::array table{
-      std::pair{system, std::string_view("system")},         std::pair{productivity, std::string_view("productivity")},
-      std::pair{weather, std::string_view("weather")},       std::pair{textTools, std::string_view("textTools")},
-      std::pair{focus, std::string_view("focus")},           std::pair{developer, std::string_view("developer")},
-      std::pair{infoAndFun, std::string_view("infoAndFun")}, std::pair{media, std::string_view("media")},
-  };
-};
-
 // What a licence may be asked for.
 enum class ProFeature { agentTracking, askBuddy, proactiveBuddy, screenNotes, translate, profileSwitching };
-
-template <>
-struct EnumText<ProFeature> {
-  using enum ProFeature;
-  static constexpr std::array table{
-      std::pair{agentTracking, std::string_view("agentTracking")},
-      std::pair{askBuddy, std::string_view("askBuddy")},
-      std::pair{proactiveBuddy, std::string_view("proactiveBuddy")},
-      std::pair{screenNotes, std::string_view("screenNotes")},
-      std::pair{translate, std::string_view("translate")},
-      std::pair{profileSwitching, std::string_view("profileSwitching")},
-  };
-};
 
 // The widths that a tile comes in; all are 64 tall.
 enum class TileSize { small, medium, large, extraLarge };
@@ -60,6 +36,8 @@ constexpr double width(TileSize size) {
 
 // The catalogue. Texts are UTF-8 and live as long as the program; none is empty.
 std::string_view title(DockWidget widget);
+// For a tile of the two smaller sizes.
+std::string_view shortTitle(DockWidget widget);
 std::string_view description(DockWidget widget);
 std::string_view symbol(DockWidget widget);
 WidgetGroup group(DockWidget widget);

@@ -41,35 +41,6 @@ enum class BuddyPose {
   lookAround,
 };
 
-template <>
-struct EnumText<BuddyPose> {
-  static constexpr std::array table{
-      std::pair{BuddyPose::idle, std::string_view("idle")},
-      std::pair{BuddyPose::asleep, std::string_view("asleep")},
-      std::pair{BuddyPose::thinking, std::string_view("thinking")},
-      std::pair{BuddyPose::happy, std::string_view("happy")},
-      std::pair{BuddyPose::error, std::string_view("error")},
-      std::pair{BuddyPose::celebrate, std::string_view("celebrate")},
-      std::pair{BuddyPose::wave, std::string_view("wave")},
-      std::pair{BuddyPose::jump, std::string_view("jump")},
-      std::pair{BuddyPose::spin, std::string_view("spin")},
-      std::pair{BuddyPose::dance, std::string_view("dance")},
-      std::pair{BuddyPose::nod, std::string_view("nod")},
-      std::pair{BuddyPose::shake, std::string_view("shake")},
-      std::pair{BuddyPose::stretch, std::string_view("stretch")},
-      std::pair{BuddyPose::wink, std::string_view("wink")},
-      std::pair{BuddyPose::love, std::string_view("love")},
-      std::pair{BuddyPose::startle, std::string_view("startle")},
-      std::pair{BuddyPose::peek, std::string_view("peek")},
-      std::pair{BuddyPose::sip, std::string_view("sip")},
-      std::pair{BuddyPose::typing, std::string_view("typing")},
-      std::pair{BuddyPose::highFive, std::string_view("highFive")},
-      std::pair{BuddyPose::drink, std::string_view("drink")},
-      std::pair{BuddyPose::sneeze, std::string_view("sneeze")},
-      std::pair{BuddyPose::lookAround, std::string_view("lookAround")},
-  };
-};
-
 // Turns and stretches him about the point between his feet, (32, 57).
 struct BuddyStance {
   double angle = 0;  // degrees, clockwise

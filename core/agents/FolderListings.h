@@ -1,5 +1,5 @@
 #pragma once
-// What stands in folders, remembered between looks.
+// The contents of folders, remembered between looks.
 
 #include <ctime>
 #include <memory>

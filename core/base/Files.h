@@ -1,14 +1,13 @@
 #pragma once
 // Files: bounded reads that never throw, and writes that replace a file whole or not at all.
 
-#include <sys/types.h>
-
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 
 #include "core/base/Instant.h"
 

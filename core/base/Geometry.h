@@ -1,6 +1,6 @@
 #pragma once
-// Points and rectangles in device-independent points. The core and the seam reckon with y upwards from the
-// lower edge of the main screen; window systems reckon downwards from the top. `flipped` goes either way; x stays.
+// Points and rectangles in device-independent points. The core and the seam count y upwards from the
+// lower edge of the main screen; window systems count downwards from the top. `flipped` goes either way; x stays.
 
 namespace ambrel {
 

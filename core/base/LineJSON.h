@@ -1,5 +1,5 @@
 #pragma once
-// One JSON object of another tool's log, read where it lies. Every look-up forgives: a missing key and a value
+// One JSON object of another tool's log, read in place. Every look-up forgives: a missing key and a value
 // of another type are both absent.
 
 #include <cstdint>

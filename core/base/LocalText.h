@@ -24,7 +24,7 @@ std::string shortAge(const Calendar& calendar, Instant instant, Instant now);
 Instant relativeAgeChange(Instant instant, Instant now);
 // 999 "999", 1234 "1.2K", 1234567 "1.2M"
 std::string compactCount(const Calendar& calendar, std::int64_t count);
-// With at most `fraction` digits behind the locale's mark, however many stand before it: with one, 12345 is "12.3K".
+// With at most `fraction` digits behind the locale's mark, however many are before it: with one, 12345 is "12.3K".
 std::string compactCount(const Calendar& calendar, std::int64_t count, int fraction);
 // Decimal units: "999 bytes", "1.2 MB", "5.6 GB"
 std::string fileSize(const Calendar& calendar, std::int64_t bytes);

@@ -55,7 +55,7 @@ class UserDefaults {
   const DefaultsDictionary& all() const { return values_; }
 
   // Setting an equal value writes nothing. Throws FileError when the file cannot be written; the change
-  // stands in memory.
+  // is kept in memory.
   void set(const std::string& key, DefaultsValue value);
   void set(const std::string& key, const std::vector<std::string>& strings);
   // All of them in one write.

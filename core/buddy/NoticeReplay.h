@@ -2,7 +2,7 @@
 // The engine fed from lines of JSON, to try rules out and to keep them from changing unseen.
 //
 //   {"now":INSTANT,"signals":{...},"policy":{...}}          an evaluation
-//   {"now":INSTANT,"snooze":{"id":NOTICE-ID,"minutes":15}}  the user puts away the notice last returned under that id
+//   {"now":INSTANT,"snooze":{"id":NOTICE-ID,"minutes":15}}  the user snoozes the notice last returned under that id
 //
 // Keys are the fields' names, cases go by name; what is left out of the signals is absent, empty, zero or false, and of
 // the policy: everything allowed, no quiet hours.

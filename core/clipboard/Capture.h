@@ -1,5 +1,5 @@
 #pragma once
-// How what lies on the pasteboard becomes a clip: which types are asked for in which order, what makes a copy
+// How the contents of the pasteboard become a clip: which types are asked for in which order, what makes a copy
 // private, and what the bytes mean. The bytes themselves are fetched elsewhere, one type at a time.
 
 #include <cstddef>
@@ -26,7 +26,7 @@ struct CaptureLimits {
   friend bool operator==(const CaptureLimits&, const CaptureLimits&) = default;
 };
 
-// The options that capture heeds; read anew at each use.
+// The options of capture, read at each use.
 struct CaptureSettings {
   bool isEnabled = true;
   std::int64_t limit = 300;

@@ -13,15 +13,6 @@ namespace ambrel {
 
 enum class ClipLook { text, code, link, color, image, files, secret };
 
-template <>
-struct EnumText<ClipLook> {
-  static constexpr std::array table{
-      std::pair{ClipLook::text, std::string_view("text")},    std::pair{ClipLook::code, std::string_view("code")},
-      std::pair{ClipLook::link, std::string_view("link")},    std::pair{ClipLook::color, std::string_view("color")},
-      std::pair{ClipLook::image, std::string_view("image")},  std::pair{ClipLook::files, std::string_view("files")},
-      std::pair{ClipLook::secret, std::string_view("secret")}};
-};
-
 struct ClipColor {
   std::uint8_t red = 0, green = 0, blue = 0, alpha = 255;
   friend bool operator==(const ClipColor&, const ClipColor&) = default;

@@ -47,7 +47,7 @@ class ClipboardFolder {
   // Names that saveImage cannot have given are passed over; failures are ignored.
   void removeImages(std::span<const std::string> names);
   // Removes the pictures that a crash left behind: those that `used` does not name. Does nothing as long as an
-  // unreadable library lies here, since that one may name them. The number of files removed.
+  // unreadable library is here, since that one may name them. The number of files removed.
   int sweepOrphans(const std::set<std::string>& used);
 
   const std::filesystem::path& path() const { return folder_; }

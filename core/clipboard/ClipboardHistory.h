@@ -29,7 +29,7 @@ struct HistoryEffects {
 class ClipboardHistory {
  public:
   ClipboardHistory() = default;
-  // The first item of the library is taken to be what is on the pasteboard; what lies there at `changeCount` is
+  // The first item of the library is taken to be what is on the pasteboard; what is there at `changeCount` is
   // not recorded.
   ClipboardHistory(ClipboardLibrary library, std::int64_t changeCount);
 

@@ -26,8 +26,8 @@ std::string verdict(const DiskItem& item, const std::vector<DiskFinding>& findin
 // The movable bytes among the findings.
 std::int64_t freeableBytes(const std::vector<DiskFinding>& findings);
 
-// Whether a path is one that never moves as a whole: the root, the home and what it lies in, the home's own folders,
-// the folders that no scan enters. Judged by spelling, with "." and ".." and slashes resolved, and by what the
+// Whether a path is one that never moves as a whole: the root, the home and the folders above it, the home's own
+// folders, the folders that no scan enters. Judged by spelling, with "." and ".." and slashes resolved, and by what the
 // system says the path leads to, so that links and other spellings of the same folder count too.
 bool isMainFolder(const std::string& url, const std::string& home);
 

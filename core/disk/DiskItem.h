@@ -14,7 +14,7 @@
 
 namespace ambrel {
 
-// 0001-01-01T00:00:00Z: stands for a date that is not known.
+// 0001-01-01T00:00:00Z: a date that is not known.
 inline constexpr Instant distantPast{std::chrono::sys_days(std::chrono::year(1) / 1 / 1)};
 
 // One node. A tree is immutable once built and is shared whole: hold the pointer to the root, or one from `shared`,
@@ -71,14 +71,6 @@ class DiskItem {
 
 using DiskTree = std::shared_ptr<const DiskItem>;
 
-template <>
-struct EnumText<DiskItem::Kind> {
-  static constexpr std::array table{std::pair{DiskItem::Kind::file, std::string_view("file")},
-                                    std::pair{DiskItem::Kind::folder, std::string_view("folder")},
-                                    std::pair{DiskItem::Kind::package, std::string_view("package")},
-                                    std::pair{DiskItem::Kind::smallItems, std::string_view("smallItems")}};
-};
-
 // Gathers the children of one folder. Files below the threshold never become nodes; they survive in the sums.
 class DiskFolderBuilder {
  public:
@@ -108,13 +100,13 @@ DiskItem outline(const DiskItem& item, int levels, std::int64_t minItemSize);
 // A node of the tree, together with a share in the whole.
 DiskTree shared(const DiskTree& tree, const DiskItem& node);
 
-// The node at `path`, absent when it lies outside the tree, was folded away or does not exist. "." and ".." and
+// The node at `path`, absent when it is outside the tree, was folded away or does not exist. "." and ".." and
 // doubled slashes are resolved by their spelling; symbolic links are not looked at.
 const DiskItem* find(const DiskItem& root, std::string_view path);
 
 // `path` without ".", "..", doubled and trailing slashes, by spelling alone. "" stays "".
 std::string standardizedPath(std::string_view path);
-// True when `path` is `folder` or lies under it. Both standardized.
+// True when `path` is `folder` or is under it. Both standardized.
 bool isWithin(std::string_view path, std::string_view folder);
 // `folder` and `name` with one slash between them.
 std::string joinedPath(std::string_view folder, std::string_view name);

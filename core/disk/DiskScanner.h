@@ -64,6 +64,7 @@ struct AllocatedSpace {
   std::int64_t bytes = 0;
   bool isWhole = true;       // every folder in it could be read
   bool holdsVolume = false;  // something is mounted on it or in it; what is in it is not counted
+  bool isFolder = false;
 };
 // Of `name` in an open folder; a symbolic link takes 0. Absent when there is nothing of that name.
 std::optional<AllocatedSpace> allocatedSpace(const FileDescriptor& folder, const std::string& name);

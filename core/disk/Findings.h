@@ -16,7 +16,7 @@ struct CleanupTarget {
   enum class Kind { rebuildable, review };
 
   std::string_view id, title, detail;
-  // Relative to the home. A component "*" stands for every folder at that place.
+  // Relative to the home. A component "*" matches every folder at that place.
   std::string_view relativePath;
   Kind kind;
   std::string_view symbol;
@@ -142,37 +142,6 @@ struct SimulatorRuntime {
   bool isDeletable = false;
   std::string path;
   friend bool operator==(const SimulatorRuntime&, const SimulatorRuntime&) = default;
-};
-
-template <>
-struct EnumText<FindingRule> {
-  static constexpr std::array table{
-      std::pair{FindingRule::developerCaches, std::string_view("developerCaches")},
-      std::pair{FindingRule::appCaches, std::string_view("appCaches")},
-      std::pair{FindingRule::staleBuildFolders, std::string_view("staleBuildFolders")},
-      std::pair{FindingRule::oldInstallers, std::string_view("oldInstallers")},
-      std::pair{FindingRule::largeOldFiles, std::string_view("largeOldFiles")},
-      std::pair{FindingRule::duplicates, std::string_view("duplicates")},
-      std::pair{FindingRule::oldArchives, std::string_view("oldArchives")},
-      std::pair{FindingRule::oldSimulatorRuntimes, std::string_view("oldSimulatorRuntimes")},
-      std::pair{FindingRule::oldScreenshots, std::string_view("oldScreenshots")},
-      std::pair{FindingRule::trash, std::string_view("trash")}};
-};
-
-template <>
-struct EnumText<FindingGroup> {
-  static constexpr std::array table{std::pair{FindingGroup::developerJunk, std::string_view("developerJunk")},
-                                    std::pair{FindingGroup::oldDownloads, std::string_view("oldDownloads")},
-                                    std::pair{FindingGroup::bigOldFiles, std::string_view("bigOldFiles")},
-                                    std::pair{FindingGroup::duplicates, std::string_view("duplicates")},
-                                    std::pair{FindingGroup::trash, std::string_view("trash")}};
-};
-
-template <>
-struct EnumText<CleanupRisk> {
-  static constexpr std::array table{std::pair{CleanupRisk::safe, std::string_view("safe")},
-                                    std::pair{CleanupRisk::review, std::string_view("review")},
-                                    std::pair{CleanupRisk::careful, std::string_view("careful")}};
 };
 
 }  // namespace ambrel

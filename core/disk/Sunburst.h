@@ -1,5 +1,5 @@
 #pragma once
-// How a size tree lies around a centre: rings of arcs, each as long as its share.
+// A size tree around a centre: rings of arcs, each as long as its share.
 
 #include <vector>
 

@@ -12,7 +12,7 @@ struct UserFolders {
   std::vector<std::string> all;                 // every folder that the desktop names, absolute
 };
 
-// `text`: a user-dirs.dirs document. Entries that are the home itself or lie outside it mean nothing.
+// `text`: a user-dirs.dirs document. Entries that are the home itself or are outside it mean nothing.
 UserFolders parseUserFolders(std::string_view text, const std::string& home);
 // From the home's own file, if there is one.
 UserFolders readUserFolders(const std::string& home);

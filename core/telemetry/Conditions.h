@@ -11,13 +11,6 @@
 namespace ambrel {
 
 enum class MemoryPressure { normal, warning, critical };
-template <>
-struct EnumText<MemoryPressure> {
-  static constexpr std::array table{std::pair{MemoryPressure::normal, std::string_view("normal")},
-                                    std::pair{MemoryPressure::warning, std::string_view("warning")},
-                                    std::pair{MemoryPressure::critical, std::string_view("critical")}};
-};
-
 struct PressureReading {
   MemoryPressure level = MemoryPressure::normal;
   double fraction = 0;  // of the memory that is free to use, 0 to 1
@@ -26,14 +19,6 @@ struct PressureReading {
 };
 
 enum class ThermalLevel { nominal, fair, serious, critical };  // from serious on the processor is slowed down
-template <>
-struct EnumText<ThermalLevel> {
-  static constexpr std::array table{std::pair{ThermalLevel::nominal, std::string_view("nominal")},
-                                    std::pair{ThermalLevel::fair, std::string_view("fair")},
-                                    std::pair{ThermalLevel::serious, std::string_view("serious")},
-                                    std::pair{ThermalLevel::critical, std::string_view("critical")}};
-};
-
 struct ThermalReading {
   ThermalLevel level = ThermalLevel::nominal;
   std::optional<double> celsius = {};  // of the hottest sensor that counts

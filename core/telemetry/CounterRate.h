@@ -15,7 +15,7 @@ namespace CounterRate {
 
 // How far the counter went. One that went backwards was reset, and is unknown for that round; it counts as a wrap only
 // where that is certain: `range`, the number of values it can take, is known (an energy counter tells it), or both
-// readings lie within 64 MiB of the end and the beginning of 32 bits (byte counters of small boards).
+// readings are within 64 MiB of the end and the beginning of 32 bits (byte counters of small boards).
 std::optional<std::uint64_t> difference(std::uint64_t before, std::uint64_t now,
                                         std::optional<std::uint64_t> range = std::nullopt);
 // elapsed: since boot, sleep included; 0 or less, or longer than `longestGap`: absent.

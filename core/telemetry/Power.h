@@ -11,13 +11,6 @@
 namespace ambrel {
 
 enum class BatteryCondition { normal, serviceRecommended };
-template <>
-struct EnumText<BatteryCondition> {
-  static constexpr std::array table{
-      std::pair{BatteryCondition::normal, std::string_view("normal")},
-      std::pair{BatteryCondition::serviceRecommended, std::string_view("serviceRecommended")}};
-};
-
 // Of all batteries of the computer together.
 struct BatteryHealth {
   int cycleCount = 0;                       // of the battery that has the most; 0 where none counts them

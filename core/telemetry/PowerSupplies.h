@@ -32,7 +32,7 @@ struct PowerSupply {
 };
 
 // The file "uevent" of /sys/class/power_supply/NAME, whose lines read POWER_SUPPLY_KEY=value, in millionths of the
-// units above. Older kernels keep the type and the scope in files of their own, which stand in where it lacks them.
+// units above. Older kernels keep the type and the scope in files of their own, which are read where it lacks them.
 // A battery that counts charge instead of energy is taken at its nominal voltage. Absent without a type.
 std::optional<PowerSupply> parsePowerSupply(std::string_view uevent, std::string_view type = {},
                                             std::string_view scope = {});

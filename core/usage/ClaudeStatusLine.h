@@ -42,7 +42,7 @@ Installed install(ForeignJSON settings, const std::filesystem::path& scriptFile)
 ForeignJSON remove(ForeignJSON settings, const std::filesystem::path& scriptFile,
                    const std::optional<std::string>& original);
 
-// As the settings stand in the file now; settings that cannot be read are not connected.
+// As the settings are in the file now; settings that cannot be read are not connected.
 bool isConnected(const Files& files);
 // These change files, each whole or not at all, and throw FileError or DecodingError; settings that are no JSON object
 // stay as they are. Installing again repairs a script that was lost. Both do nothing to settings that are as wanted.

@@ -1,5 +1,5 @@
 #pragma once
-// Where the bytes of a key stand in a log.
+// Where the bytes of a key are in a log.
 
 #include <string_view>
 
