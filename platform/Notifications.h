@@ -40,8 +40,8 @@ class Notifications {
   // `handler` gets the identifier of a notification and the id of its button that the user has pressed.
   virtual void setActionHandler(
       std::function<void(const std::string& identifier, const std::string& action)> handler) = 0;
-  // `handler` gets the identifier of a notification that the user has put away without an answer. What has expired, and
-  // what was withdrawn, is not reported.
+  // `handler` gets the identifier of a notification that the user has dismissed without an answer. What has expired,
+  // and what was withdrawn, is not reported.
   virtual void setDismissalHandler(std::function<void(const std::string& identifier)> handler) = 0;
   // `handler` is told when the service goes missing and when it is there again; not again while nothing changes.
   virtual void setAvailabilityHandler(std::function<void(bool isAvailable)> handler) = 0;

@@ -41,7 +41,7 @@ class Pasteboard {
   virtual void read(ReadingWish wish, std::function<void(PasteboardReading)> done) = 0;
 
   // Puts the representations on the pasteboard and answers later requests for them; with none, clears it. Returns
-  // the change count that stands for this write.
+  // the change count that belongs to this write.
   virtual std::int64_t write(std::vector<Representation> representations) = 0;
   // As `write`, but only while nobody owns the pasteboard: what another application copies in the meantime stays, and
   // is told as a change.

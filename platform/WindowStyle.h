@@ -44,11 +44,17 @@ class WindowStyle {
   virtual void setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) = 0;
 
   // Lets clicks through everywhere but in this rectangle, in points from the window's upper left corner: the margin
-  // in which a shadow lies is not ours to take clicks in. Before it is shown or after.
+  // that holds a shadow is not ours to take clicks in. Before it is shown or after.
   virtual void setInputRect(QWindow& window, double x, double y, double width, double height) = 0;
 
-  // How much of the window, on each side, is shadow: window managers align what lies within. In points.
+  // How much of the window, on each side, is shadow: window managers align what is inside. In points.
   virtual void setShadowMargin(QWindow& window, double margin) = 0;
+
+  // Whether a button of the mouse is held now. What the toolkit says of it is as old as its last event.
+  virtual bool isPressed() const = 0;
+  // Ends a move or a change of size that the window manager has begun. Some never end it by themselves when the
+  // button was released before they took the pointer.
+  virtual void endMove(QWindow& window) = 0;
 };
 
 }  // namespace ambrel

@@ -35,7 +35,7 @@ class Workspace {
   virtual std::string nameOf(std::string_view bundleID) const = 0;
   // The icon of its desktop entry, a name or an absolute path; empty when it has none.
   virtual std::string iconOf(std::string_view bundleID) const = 0;
-  // Gives the front back to the window that had it before one of our own; nothing when that has gone.
+  // Gives the front back to the window that had it before one of our own; nothing when that is closed.
   virtual void activateLast() = 0;
   // Starts the program through its desktop entry; false when it is not installed or cannot be started.
   virtual bool open(std::string_view bundleID) = 0;

@@ -15,7 +15,7 @@ Item {
 
     implicitHeight: Math.max(44, words.height + Theme.space2)
     Accessible.role: Accessible.ListItem
-    Accessible.name: [title, note, detail, size].filter(word => word !== "").join(", ")
+    Accessible.name: title + (note === "" ? "" : ", " + note) + (detail === "" ? "" : ", " + detail) + ", " + size
 
     Symbol {
         id: icon

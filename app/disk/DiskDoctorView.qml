@@ -29,7 +29,7 @@ WindowFrame {
     Item {
         anchors.fill: parent
         visible: root.hasTree
-        // The keyboard stays in the sheet that lies above.
+        // The keyboard stays in the sheet above.
         enabled: !root.isReviewing
 
         DiskHeader {

@@ -141,7 +141,7 @@ void DiskExplorer::updatePath() {
     parts.push_back({.id = item->id(), .name = nameOf(*item), .size = {}, .isFolder = true});
   std::reverse(parts.begin(), parts.end());
   if (parts.size() > longestPath) {
-    // The one before the last three stands for all that are left out, and leads to the nearest of them.
+    // The one before the last three represents all that are left out, and leads to the nearest of them.
     parts.erase(parts.begin() + 1, parts.end() - 3);
     parts[1].name = QStringLiteral("…");
   }

@@ -1,5 +1,5 @@
 #pragma once
-// Where the user stands in the size tree: the folder in the middle of the chart, the way to it, and what is pointed at.
+// Where the user is in the size tree: the folder in the middle of the chart, the way to it, and what is pointed at.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -36,7 +36,7 @@ class DiskExplorer : public QObject {
  public:
   explicit DiskExplorer(Calendar calendar, QObject* parent = nullptr);
 
-  // `title` stands for the root's own name. Begins at the root again.
+  // `title` is shown as the root's name. Starts at the root again.
   void show(DiskTree root, const QString& title);
   // While the tree is still being read: the upper folders that are known, their share of the circle, the bytes that
   // were seen in all, and the upper folders that are still to come.
@@ -63,7 +63,7 @@ class DiskExplorer : public QObject {
   // A node of the tree; null when there is none of that id.
   const DiskItem* node(const QString& id) const;
 
-  // Drills into a folder, wherever it lies. False when it has nothing to show.
+  // Drills into a folder, wherever it is. False when it has nothing to show.
   Q_INVOKABLE bool enter(const QString& id);
   Q_INVOKABLE void goUp();
 

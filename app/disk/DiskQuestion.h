@@ -20,7 +20,7 @@ class DiskQuestion : public QObject {
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(bool isOpen READ isOpen NOTIFY pickedChanged)
   Q_PROPERTY(QString name READ name NOTIFY pickedChanged)
-  // Its size and where it lies.
+  // Its size and its place.
   Q_PROPERTY(QString detail READ detail NOTIFY pickedChanged)
   Q_PROPERTY(QString itemID READ itemID NOTIFY pickedChanged)
   Q_PROPERTY(QString question READ question NOTIFY answerChanged)

@@ -82,7 +82,7 @@ class FindingListModel : public RecordListModel<FindingRow, std::string> {
   bool hasFindings() const { return !findings_.empty(); }
   bool hasSafeItems() const;
 
-  // By the id of a row; a group or a rule stands for all its items. Rows that cannot be chosen stay as they are.
+  // By the id of a row; a group or a rule means all its items. Rows that cannot be chosen stay as they are.
   Q_INVOKABLE void setSelected(const QString& id, bool isSelected);
   Q_INVOKABLE void selectSafe();
   Q_INVOKABLE void selectNone();

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// What every row of the findings lies on: it lights up under the pointer and shows where the keyboard stands.
+// The background of every row of the findings: it lights up under the pointer and shows the keyboard focus.
 Item {
     id: root
 

@@ -9,7 +9,7 @@ FocusScope {
     required property DiskDoctor doctor
     readonly property FindingListModel findings: doctor.findings
     readonly property bool isDone: doctor.phase === DiskDoctor.Done
-    // What lies over the lower end of the list; the row that was asked about stays above it.
+    // What covers the lower end of the list; the row that was asked about stays above it.
     property real covered: 0
 
     onCoveredChanged: {

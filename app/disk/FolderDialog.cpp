@@ -22,9 +22,12 @@ void chooseFolder(QWindow* parent, const QString& title, const QString& start, c
     QObject::connect(parent, &QObject::destroyed, dialog, &QObject::deleteLater);
   }
   dialog->setWindowModality(Qt::WindowModal);
-  QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [chosen = std::move(chosen)](const QString& folder) {
-    chosen(QFile::encodeName(folder).toStdString());
-  });
+  // The toolkit's own dialog adds a path that is typed to the folder that it stood for on the way: the last one is
+  // meant, and `fileSelected` comes for none of two.
+  QObject::connect(dialog, &QFileDialog::filesSelected, dialog,
+                   [chosen = std::move(chosen)](const QStringList& folders) {
+                     if (!folders.isEmpty()) chosen(QFile::encodeName(folders.last()).toStdString());
+                   });
   dialog->open();
 }
 

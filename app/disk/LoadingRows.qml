@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// Still bars in the place of what will stand there.
+// Still bars in the place of rows to come.
 Item {
     id: root
 

@@ -48,7 +48,7 @@ class SunburstChart : public QQuickPaintedItem {
   const std::vector<SunburstSegment>& segments() const { return segments_; }
   // The middle of a segment's arc, for those who point at it.
   QPointF middleOf(const SunburstSegment& segment) const;
-  // The id of what lies at a point: "" beside the chart and on its gaps.
+  // The id of what is at a point: "" beside the chart and on its gaps.
   QString idAt(QPointF point) const;
 
   void paint(QPainter* painter) override;

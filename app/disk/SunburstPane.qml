@@ -43,6 +43,9 @@ Item {
             width: parent.width
             text: root.explorer.size
             role: Theme.figure
+            // The hole of a small window's chart is narrower than some figures.
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 11
             horizontalAlignment: Text.AlignHCenter
             hasTip: false
             Accessible.ignored: true

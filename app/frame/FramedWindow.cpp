@@ -1,7 +1,9 @@
 #include "app/frame/FramedWindow.h"
 
 #include <QCloseEvent>
+#include <QMouseEvent>
 #include <QScreen>
+#include <chrono>
 
 namespace ambrel {
 namespace {
@@ -9,6 +11,8 @@ namespace {
 constexpr double cornerRadius = 14;
 // Beyond the frame, where the pointer can still take hold of an edge.
 constexpr int grip = 5;
+// How often we look, while the window manager moves the window, whether the button is still held.
+constexpr std::chrono::milliseconds releaseInterval{100};
 
 }  // namespace
 
@@ -26,6 +30,12 @@ FramedWindow::FramedWindow(QQmlEngine& engine, WindowStyle& style, const QString
   setMinimumSize(smallest_.grownBy({margin_, margin_, margin_, margin_}));
   resize(size.boundedTo(room).grownBy({margin_, margin_, margin_, margin_}));
   connect(this, &QWindow::windowStateChanged, this, &FramedWindow::updateFrame);
+  release_.setInterval(releaseInterval);
+  connect(&release_, &QTimer::timeout, this, [this] {
+    if (style_.isPressed()) return;
+    release_.stop();
+    style_.endMove(*this);
+  });
 }
 
 void FramedWindow::toggleMaximized() {
@@ -33,6 +43,35 @@ void FramedWindow::toggleMaximized() {
     showNormal();
   else
     showMaximized();
+}
+
+void FramedWindow::startMove() {
+  if (!isFilling_)
+    held_ = pressed_;
+  else if (style_.isPressed() && startSystemMove())
+    release_.start();
+}
+
+void FramedWindow::startResize(int edges) {
+  // A quick drag can be over when we hear of it; the edge would follow the pointer until the next click.
+  if (style_.isPressed() && startSystemResize(Qt::Edges(edges))) release_.start();
+}
+
+void FramedWindow::mousePressEvent(QMouseEvent* event) {
+  pressed_ = event->globalPosition().toPoint() - position();
+  QQuickView::mousePressEvent(event);
+}
+
+void FramedWindow::mouseMoveEvent(QMouseEvent* event) {
+  QQuickView::mouseMoveEvent(event);
+  if (!event->buttons().testFlag(Qt::LeftButton)) held_.reset();
+  if (held_) setPosition(event->globalPosition().toPoint() - *held_);
+}
+
+void FramedWindow::mouseReleaseEvent(QMouseEvent* event) {
+  if (held_) setPosition(event->globalPosition().toPoint() - *held_);
+  held_.reset();
+  QQuickView::mouseReleaseEvent(event);
 }
 
 bool FramedWindow::event(QEvent* event) {

@@ -3,7 +3,9 @@
 // plain rectangle with cut corners where there is none.
 
 #include <QQuickView>
+#include <QTimer>
 #include <QtQml/qqmlregistration.h>
+#include <optional>
 
 #include "platform/WindowStyle.h"
 
@@ -13,7 +15,7 @@ class FramedWindow : public QQuickView {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by its controller")
-  // What is left free around the frame; the shadow lies in it.
+  // What is left free around the frame; the shadow is drawn in it.
   Q_PROPERTY(int margin READ margin NOTIFY frameChanged)
   // Maximised or full screen: there is no room for a shadow or for round corners.
   Q_PROPERTY(bool isFilling READ isFilling NOTIFY frameChanged)
@@ -29,9 +31,10 @@ class FramedWindow : public QQuickView {
 
   Q_INVOKABLE void minimize() { showMinimized(); }
   Q_INVOKABLE void toggleMaximized();
-  // The pointer is pressed: the window manager moves the window, or the edges, with it.
-  Q_INVOKABLE void startMove() { startSystemMove(); }
-  Q_INVOKABLE void startResize(int edges) { startSystemResize(Qt::Edges(edges)); }
+  // The pointer is pressed: the window moves with it until it is released. We move it ourselves: some window managers
+  // move none, and others miss the release of a quick drag and go on. They restore a maximised window, and move edges.
+  Q_INVOKABLE void startMove();
+  Q_INVOKABLE void startResize(int edges);
 
  Q_SIGNALS:
   void frameChanged();
@@ -41,6 +44,9 @@ class FramedWindow : public QQuickView {
   bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   void updateFrame();
@@ -50,6 +56,10 @@ class FramedWindow : public QQuickView {
   QSize smallest_;
   int margin_ = 0;
   bool isFilling_ = false;
+  QTimer release_;
+  // From the window's corner to the pointer: where it was pressed last, and while it moves the window.
+  QPoint pressed_;
+  std::optional<QPoint> held_;
 };
 
 }  // namespace ambrel

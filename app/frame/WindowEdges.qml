@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Frame
 
-// Where the pointer takes hold of a window's edges and corners. It lies around the frame and reaches a little into it.
+// Where the pointer takes hold of a window's edges and corners. It surrounds the frame and reaches a little into it.
 Item {
     id: root
 

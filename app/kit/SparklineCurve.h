@@ -5,7 +5,7 @@
 
 namespace ambrel {
 
-// The newest value stands at the right edge; `capacity` values fill the width, fewer leave the left side empty.
+// The newest value is at the right edge; `capacity` values fill the width, fewer leave the left side empty.
 // Values that are no numbers are gaps. With a `maximum` of 0 the largest value reaches the top.
 class SparklineCurve : public QQuickPaintedItem {
   Q_OBJECT

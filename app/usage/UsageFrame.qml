@@ -8,17 +8,26 @@ TileFrame {
 
     required property UsageTileText text
     // The bars begin in one column, clear of the texts at their left.
-    readonly property real barStart: Math.max(72, valueBar.sharesRow ? figure.x + figure.width + unit.space : 0, lineBar.visible ? line.implicitWidth : 0) + Theme.space2
+    readonly property real barStart: Math.max(isNarrow ? 0 : 72, valueBar.sharesRow ? figure.x + figure.width + unit.space : 0, lineBar.visible ? line.implicitWidth : 0) + Theme.space2
 
-    span: TileFrame.ExtraLarge
-    name: text.caption
-    fact: text.age
+    // A narrow tile has the age in the lower line, and a unit that is too long for the row of its figure.
+    readonly property bool isAgeBelow: isNarrow && isStale
+    readonly property bool hasRoomForUnit: figure.implicitWidth + 4 + unit.implicitWidth <= inner.width
+    readonly property string lowerText: isAgeBelow ? text.age : text.line !== "" ? text.line : hasRoomForUnit ? "" : text.unit
+
+    name: captionSize.advanceWidth + 18 <= inner.width ? text.caption : shortTitle
+    fact: isNarrow ? "" : text.age
     staleSince: text.isStale ? text.age : ""
     label: text.spoken
     tip: text.help
 
+    TextMetrics {
+        id: captionSize
+        font: Theme.caption.font
+        text: root.text.caption
+    }
     Label {
-        visible: root.isStale
+        visible: root.isStale && !root.isAgeBelow
         text: root.text.age
         role: Theme.subLine
         color: Theme.orange.text
@@ -30,7 +39,7 @@ TileFrame {
     Label {
         id: figure
         y: Theme.caption.line
-        width: Math.min(implicitWidth, root.area.width - unit.space)
+        width: Math.min(implicitWidth, root.inner.width - unit.space)
         // Words in place of a figure need less weight.
         role: isNaN(root.text.percent) && root.text.unit === "" ? Theme.panelTitle : Theme.value
         text: root.text.value
@@ -41,7 +50,7 @@ TileFrame {
     Label {
         id: unit
         readonly property real space: visible ? implicitWidth + 4 : 0
-        visible: text !== ""
+        visible: text !== "" && root.hasRoomForUnit
         text: root.text.unit
         role: Theme.unit
         color: Theme.ink2
@@ -53,12 +62,12 @@ TileFrame {
     }
     MeterBar {
         id: valueBar
-        readonly property bool sharesRow: visible && root.text.line !== ""
+        readonly property bool sharesRow: visible && root.lowerText !== ""
         visible: !isNaN(root.text.percent)
         // Without a line beneath there is the whole row for it.
         x: sharesRow ? root.barStart : 0
         y: sharesRow ? figure.y + (figure.height - height) / 2 : line.y + (line.height - height) / 2
-        width: root.area.width - x
+        width: root.inner.width - x
         height: 4
         value: root.text.percent
         color: root.text.isHigh ? Theme.red.mark : Theme.teal.mark
@@ -69,20 +78,20 @@ TileFrame {
     Label {
         id: line
         y: Theme.caption.line + Theme.value.line
-        width: Math.min(implicitWidth, root.area.width)
+        width: Math.min(implicitWidth, root.inner.width)
         height: Theme.subLine.line
-        text: root.text.line
+        text: root.lowerText
         role: Theme.subLine
-        color: Theme.ink2
+        color: root.isAgeBelow ? Theme.orange.text : Theme.ink2
         hasTip: false
         Accessible.ignored: true
     }
     MeterBar {
         id: lineBar
-        visible: !isNaN(root.text.linePercent)
+        visible: !isNaN(root.text.linePercent) && !root.isAgeBelow
         x: root.barStart
         y: line.y + (line.height - height) / 2
-        width: root.area.width - x
+        width: root.inner.width - x
         height: 4
         value: root.text.linePercent
         color: root.text.isLineHigh ? Theme.red.mark : Theme.teal.mark

@@ -82,7 +82,7 @@ std::vector<AgentSession> mergedSessions(const AgentReaders& readers, const std:
   for (const auto& reader : readers) found.push_back(reader->sessions(home, now));
   for (auto& sessions : found)
     for (AgentSession& session : sessions) order.push_back(&session);
-  // Records are heavy to move: only where they lie is sorted.
+  // Records are heavy to move: only their positions are sorted.
   std::stable_sort(order.begin(), order.end(), [](const AgentSession* a, const AgentSession* b) {
     return a->status != b->status ? a->status < b->status : a->updatedAt > b->updatedAt;
   });

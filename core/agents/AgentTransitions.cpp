@@ -30,10 +30,18 @@ AgentCounts agentCounts(const std::vector<AgentSession>& sessions) {
   AgentCounts counts;
   for (const AgentSession& session : sessions) {
     switch (session.status) {
-      case AgentStatus::needsInput: ++counts.needsInput; break;
-      case AgentStatus::working: ++counts.working; break;
-      case AgentStatus::finished: ++counts.finished; break;
-      case AgentStatus::idle: ++counts.idle; break;
+      case AgentStatus::needsInput:
+        ++counts.needsInput;
+        break;
+      case AgentStatus::working:
+        ++counts.working;
+        break;
+      case AgentStatus::finished:
+        ++counts.finished;
+        break;
+      case AgentStatus::idle:
+        ++counts.idle;
+        break;
     }
   }
   return counts;

@@ -87,7 +87,7 @@ struct Close {
 using Database = std::unique_ptr<sqlite3, Close>;
 using Statement = std::unique_ptr<sqlite3_stmt, Close>;
 
-// Byte 18 of the header is the version that a writer needs: 2 stands for write-ahead mode.
+// Byte 18 of the header is the version that a writer needs: 2 means write-ahead mode.
 bool isInWriteAheadMode(const std::filesystem::path& path) {
   const FileDescriptor file = openForReading(path);
   const auto version = file ? readAt(file, 18, 1) : std::nullopt;

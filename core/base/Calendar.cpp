@@ -137,7 +137,7 @@ Instant Calendar::startOfHour(Instant value) const {
   const LocalTime local = localTime(*this, value);
   const Instant start = value - (local - floor<hours>(local));
   if (offset(start) == offset(value)) return start;
-  // A change of clocks by less than an hour lies inside this one.
+  // A change of clocks by less than an hour is inside this one.
   const Fields f = fields(value);
   return instant(f.year, f.month, f.day, f.hour);
 }

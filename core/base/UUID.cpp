@@ -1,9 +1,8 @@
 #include "core/base/UUID.h"
 
-#include <sys/random.h>
-
 #include <charconv>
 #include <stdexcept>
+#include <sys/random.h>
 
 namespace ambrel {
 namespace {

@@ -9,8 +9,8 @@
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
 #include "core/base/Overloaded.h"
-#include "core/base/Text.h"
 #include "core/base/StoredFile.h"
+#include "core/base/Text.h"
 
 namespace ambrel {
 namespace {

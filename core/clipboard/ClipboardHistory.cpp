@@ -145,7 +145,7 @@ HistoryEffects ClipboardHistory::undoRemove() {
   if (deletedCollection_) return undoDeleteCollection();
   if (removedForUndo_.empty()) return {};
   for (ClipItem& item : removedForUndo_) {
-    // The same content may have been copied anew meanwhile; there is still only one clip of it.
+    // The same content may have been copied again meanwhile; there is still only one clip of it.
     const auto same =
         std::ranges::find_if(library_.items, [&](const ClipItem& other) { return other.hasSameContent(item); });
     if (same == library_.items.end()) {

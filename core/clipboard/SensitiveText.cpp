@@ -45,7 +45,7 @@ std::vector<CompiledPattern> compiled() {
   return list;
 }
 
-// The whole number that a character stands for ("7", "٧", "⑦"); absent for fractions and for no numbers.
+// The whole number that a character means ("7", "٧", "⑦"); absent for fractions and for no numbers.
 std::optional<std::int64_t> wholeNumber(UChar32 character) {
   if (character >= '0' && character <= '9') return character - '0';
   const double value = u_getNumericValue(character);

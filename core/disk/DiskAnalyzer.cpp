@@ -169,7 +169,7 @@ class Analysis {
         "Build files and downloads that Xcode, npm and other tools make again when they need them.");
   }
 
-  // The folder without those of `others` that lie directly in it and are offered on their own.
+  // The folder without those of `others` that are directly in it and are offered on their own.
   void leaveOut(CleanupItem& entry, std::string_view relativePath, std::span<const CleanupTarget> others) const {
     const std::string prefix = std::string(relativePath) + "/";
     for (const CleanupTarget& other : others) {
@@ -287,7 +287,7 @@ class Analysis {
     for (const std::string& downloads : userFolders_.downloads)
       if (const DiskItem* folder = find(root_, downloads); folder && !isClaimed(downloads))
         walk(*folder, [&](const DiskItem& node, const std::string& path) {
-          // One of the folders may lie in the other.
+          // One of the folders may be inside the other.
           if (claims_.contains(path) || !seen.insert(path).second) return false;
           if (node.kind() == Kind::file && installerExtensions.contains(asciiLower(extensionOf(node.name()))) &&
               node.modified() < cutoff(settings_.installerDays))

@@ -373,8 +373,10 @@ std::optional<AllocatedSpace> allocatedSpace(const FileDescriptor& folder, const
   SequentialWalk walk(state, disk::volumeOf(info), name);
   const auto item = walk.walk(folder.get(), 1, {.name = name, .inode = info.stx_ino});
   if (!item) return std::nullopt;
-  return AllocatedSpace{
-      .bytes = item->size(), .isWhole = state.skipped.empty(), .holdsVolume = isMounted || state.passedVolume};
+  return AllocatedSpace{.bytes = item->size(),
+                        .isWhole = state.skipped.empty(),
+                        .holdsVolume = isMounted || state.passedVolume,
+                        .isFolder = true};
 }
 
 }  // namespace ambrel

@@ -177,7 +177,7 @@ class Comparison {
     return groupedByContent(group);
   }
 
-  // The ends by digests, as many files may share a length and most differ there; then what lies between.
+  // The ends by digests, as many files may share a length and most differ there; then what is between.
   std::vector<Group> compareLarge(Group files) {
     each(files.size(), [&](std::size_t i, Worker& worker) { readEnds(*files[i], worker.hasher); });
     const auto ends = [](const ComparedFile& f) { return std::tuple(lengthOf(f), f.head, f.tail); };

@@ -154,7 +154,7 @@ std::vector<Mount> parseMountinfo(std::string_view text) {
                       .source = withoutOctals(dash[2]),
                       .root = withoutOctals(parts[3])});
   });
-  // The last one at a path lies on top.
+  // The last one at a path is on top.
   std::set<std::string> covered;
   std::vector<Mount> visible;
   for (auto mount = mounts.rbegin(); mount != mounts.rend(); ++mount)

@@ -1,5 +1,4 @@
 #include <sys/stat.h>
-
 #include <utility>
 
 #include "core/usage.h"
@@ -29,7 +28,7 @@ std::optional<FileStamp> stampOf(const std::filesystem::path& path) {
 template <typename Value>
 class Remembered {
  public:
-  // `absent` stands for a file that is not there.
+  // `absent` means a file that is not there.
   template <typename Read>
   const Value& value(const std::filesystem::path& path, const Value& absent, Read read) {
     const auto stamp = stampOf(path);

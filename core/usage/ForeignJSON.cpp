@@ -1,9 +1,8 @@
 #include "core/usage/ForeignJSON.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cstdint>
+#include <fmt/format.h>
 #include <numeric>
 
 #include "core/base/JSON.h"

@@ -1,10 +1,9 @@
 #include "core/usage/UsageLog.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstring>
 #include <string_view>
+#include <unistd.h>
 
 #include "core/base/Files.h"
 #include "core/usage/KeySearch.h"

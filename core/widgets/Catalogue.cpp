@@ -12,6 +12,7 @@ struct Entry {
   TileSize size, smallest;
   std::optional<ProFeature> feature;
   std::string_view description;
+  std::string_view shortTitle{};  // empty: the title is short enough
 };
 
 using enum TileSize;
@@ -23,9 +24,9 @@ constexpr std::array catalogue{
     Entry{DockWidget::agents, "AI Agents", "sparkles", WidgetGroup::developer, large, medium, ProFeature::agentTracking,
           "Live Claude Code, Codex, Cursor and Antigravity sessions"},
     Entry{DockWidget::claudeUsage, "Claude Usage", "sparkle", WidgetGroup::developer, extraLarge, medium, ProFeature::agentTracking,
-          "Claude session and weekly limits, and when they reset"},
+          "Claude session and weekly limits, and when they reset", "Claude"},
     Entry{DockWidget::codexLimits, "Codex Limits", "chevron.left.forwardslash.chevron.right", WidgetGroup::developer, extraLarge, medium, ProFeature::agentTracking,
-          "Codex 5-hour and weekly limits, as OpenAI reports them"},
+          "Codex 5-hour and weekly limits, as OpenAI reports them", "Codex"},
     Entry{DockWidget::clipboard, "Clipboard", "doc.on.clipboard", WidgetGroup::productivity, large, medium, std::nullopt,
           "Clipboard history ({shelfKeys})"_local},
     Entry{DockWidget::downloads, "Downloads", "arrow.down.circle", WidgetGroup::productivity, large, medium, std::nullopt,
@@ -65,9 +66,9 @@ constexpr std::array catalogue{
     Entry{DockWidget::weather, "Weather", "cloud.sun", WidgetGroup::weather, medium, small, std::nullopt,
           "Current weather. Click to choose a city"},
     Entry{DockWidget::hourly, "Hourly Forecast", "chart.line.flattrend.xyaxis", WidgetGroup::weather, extraLarge, medium, std::nullopt,
-          "Temperature and sky over the next hours"},
+          "Temperature and sky over the next hours", "Hourly"},
     Entry{DockWidget::sun, "Sunrise & Sunset", "sunrise", WidgetGroup::weather, medium, small, std::nullopt,
-          "When the sun rises and sets today"},
+          "When the sun rises and sets today", "Sun"},
     Entry{DockWidget::wind, "Wind", "wind", WidgetGroup::weather, medium, small, std::nullopt,
           "Wind speed and direction"},
     Entry{DockWidget::pomodoro, "Focus Timer", "timer", WidgetGroup::focus, medium, small, std::nullopt,
@@ -79,7 +80,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::cpu, "CPU", "cpu", WidgetGroup::system, medium, small, std::nullopt,
           "Processor load"},
     Entry{DockWidget::cpuChart, "CPU Chart", "chart.bar.xaxis", WidgetGroup::system, large, medium, std::nullopt,
-          "Processor load over the last minute"},
+          "Processor load over the last minute", "CPU"},
     Entry{DockWidget::memory, "Memory", "memorychip", WidgetGroup::system, small, small, std::nullopt,
           "Memory in use"},
     Entry{DockWidget::disk, "Disk", "internaldrive", WidgetGroup::system, small, small, std::nullopt,
@@ -87,7 +88,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::network, "Network", "arrow.up.arrow.down", WidgetGroup::system, medium, medium, std::nullopt,
           "Download and upload speed"},
     Entry{DockWidget::networkChart, "Network Chart", "chart.xyaxis.line", WidgetGroup::system, large, medium, std::nullopt,
-          "Download and upload speed over the last minute"},
+          "Download and upload speed over the last minute", "Network"},
     Entry{DockWidget::battery, "Battery", "battery.75percent", WidgetGroup::system, small, small, std::nullopt,
           "Charge level"},
     Entry{DockWidget::uptime, "Uptime", "clock.arrow.circlepath", WidgetGroup::system, medium, small, std::nullopt,
@@ -155,7 +156,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::meetingPlanner, "Meeting Planner", "person.2", WidgetGroup::productivity, extraLarge, medium, std::nullopt,
           "Working hours in several cities side by side. Click to choose them"},
     Entry{DockWidget::focusStats, "Focus Stats", "chart.bar", WidgetGroup::focus, large, small, std::nullopt,
-          "Focus sessions of this week, day by day"},
+          "Focus sessions of this week, day by day", "Focus"},
     Entry{DockWidget::monthCalendar, "Month Calendar", "calendar.badge.checkmark", WidgetGroup::productivity, medium, small, std::nullopt,
           "This month, with today marked. Click to see it whole"},
     Entry{DockWidget::alarm, "Alarm", "alarm", WidgetGroup::focus, medium, small, std::nullopt,
@@ -179,7 +180,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::rainSoon, "Rain Soon", "umbrella", WidgetGroup::weather, large, large, std::nullopt,
           "When rain starts or stops in the next two hours"},
     Entry{DockWidget::dailyForecast, "7-Day Forecast", "calendar.day.timeline.leading", WidgetGroup::weather, extraLarge, medium, std::nullopt,
-          "High, low and sky of the next seven days"},
+          "High, low and sky of the next seven days", "7 Days"},
     Entry{DockWidget::feelsLike, "Feels Like", "thermometer.sun", WidgetGroup::weather, medium, small, std::nullopt,
           "Temperature as it feels, with the wind and the damp"},
     Entry{DockWidget::secondCity, "Second City", "building.2", WidgetGroup::weather, large, small, std::nullopt,
@@ -201,13 +202,13 @@ constexpr std::array catalogue{
     Entry{DockWidget::gpu, "GPU", "cpu.fill", WidgetGroup::system, medium, small, std::nullopt,
           "Graphics processor load over the last 80 seconds"},
     Entry{DockWidget::memoryPressure, "Memory Pressure", "gauge.medium", WidgetGroup::system, medium, small, std::nullopt,
-          "How hard memory is pressed, and the swap in use"},
+          "How hard memory is pressed, and the swap in use", "Pressure"},
     Entry{DockWidget::diskActivity, "Disk Activity", "internaldrive.fill", WidgetGroup::system, medium, medium, std::nullopt,
-          "Read (blue) and write (purple) speed of all disks"},
+          "Read (blue) and write (purple) speed of all disks", "Activity"},
     Entry{DockWidget::topApps, "Top Apps", "list.number", WidgetGroup::system, large, medium, std::nullopt,
           "The three programs that use the processor most"},
     Entry{DockWidget::batteryHealth, "Battery Health", "battery.100percent", WidgetGroup::system, medium, small, std::nullopt,
-          "Charge the battery still holds, and its cycles"},
+          "Charge the battery still holds, and its cycles", "Health"},
     Entry{DockWidget::power, "Power", "bolt", WidgetGroup::system, medium, small, std::nullopt,
           "Adapter, charging and the time left"},
     Entry{DockWidget::bluetooth, "Bluetooth", "dot.radiowaves.right", WidgetGroup::system, medium, medium, std::nullopt,
@@ -246,6 +247,10 @@ const Entry& entryOf(DockWidget widget) { return catalogue[indexOf(widget)]; }
 }  // namespace
 
 std::string_view title(DockWidget widget) { return entryOf(widget).title; }
+std::string_view shortTitle(DockWidget widget) {
+  const Entry& entry = entryOf(widget);
+  return entry.shortTitle.empty() ? entry.title : entry.shortTitle;
+}
 std::string_view description(DockWidget widget) { return entryOf(widget).description; }
 std::string_view symbol(DockWidget widget) { return entryOf(widget).symbol; }
 WidgetGroup group(DockWidget widget) { return entryOf(widget).group; }

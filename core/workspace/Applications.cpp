@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <set>
+#include <utility>
 
 #include "core/base/Text.h"
 
@@ -33,7 +34,7 @@ constexpr std::array antigravityClasses{string_view("antigravity"), string_view(
                                         string_view("antigravity-ide")};
 constexpr std::array antigravityCommands{string_view("agy")};
 
-// What stands in for the programs that the clipboard passes over unless it is told otherwise.
+// The local counterparts of the programs that the clipboard passes over unless it is told otherwise.
 constexpr std::array onePasswordEntries{string_view("1password"), string_view("com.onepassword.OnePassword")};
 constexpr std::array onePasswordClasses{string_view("1password")};
 constexpr std::array bitwardenEntries{string_view("bitwarden"), string_view("com.bitwarden.desktop")};
@@ -56,6 +57,14 @@ constexpr std::array applications{
     KnownApplication{"com.bitwarden.desktop", bitwardenEntries, bitwardenClasses, {}, {}},
     KnownApplication{"com.apple.keychainaccess", keyringEntries, keyringClasses, {}, {}},
 };
+
+// What a stored identifier is called where no desktop entry says it; its last part alone would mislead.
+constexpr std::array<std::pair<string_view, string_view>, 4> storedNames{{
+    {"com.1password.1password", "1Password"},
+    {"com.agilebits.onepassword7", "1Password 7"},
+    {"com.bitwarden.desktop", "Bitwarden"},
+    {"com.apple.keychainaccess", "Passwords and keys"},
+}};
 
 constexpr std::array interpreters{string_view("node"), string_view("nodejs"), string_view("bun"),  string_view("deno"),
                                   string_view("sh"),   string_view("bash"),   string_view("dash"), string_view("zsh")};
@@ -184,6 +193,8 @@ std::string applicationIcon(string_view bundleID, const std::vector<DesktopEntry
 
 std::string applicationName(string_view bundleID, const std::vector<DesktopEntry>& entries) {
   if (std::string name = saidByEntry(bundleID, entries, &DesktopEntry::name); !name.empty()) return name;
+  const auto stored = std::ranges::find(storedNames, bundleID, &std::pair<string_view, string_view>::first);
+  if (stored != storedNames.end()) return std::string(stored->second);
   std::string name(bundleID.substr(bundleID.rfind('.') + 1));
   if (!name.empty() && name.front() >= 'a' && name.front() <= 'z') name.front() -= 'a' - 'A';
   return name;

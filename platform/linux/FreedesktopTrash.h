@@ -1,6 +1,6 @@
 #pragma once
 // The Trash of freedesktop.org (https://specifications.freedesktop.org/trash-spec/latest/): the home's own for what
-// lies on its volume, the volume's own for everything else.
+// is on its volume, the volume's own for everything else.
 //
 // Works on handles of folders from end to end, so that a path which is swapped for a link meanwhile is not followed.
 

@@ -82,7 +82,7 @@ NetworkCounters ProcReadings::network() const {
   }
   const bool hasHardware =
       std::ranges::any_of(interfaces_, [](const auto& entry) { return entry.second == Interface::hardware; });
-  // In a container no interface is hardware; then what is left over stands for the network.
+  // In a container no interface is hardware; then the remaining ones count as the network.
   std::erase_if(all, [&](const auto& entry) {
     return interfaces_.at(entry.first) != (hasHardware ? Interface::hardware : Interface::other);
   });

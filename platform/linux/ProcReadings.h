@@ -13,7 +13,8 @@ namespace ambrel {
 
 VolumeSizes volumeSizes(const struct statvfs& info);
 
-// A file of /proc that is read again and again: it stays open, and its text is made anew at each read from its start.
+// A file of /proc that is read again and again: it stays open, and the kernel makes its text again at each read from
+// the start.
 class KeptText {
  public:
   explicit KeptText(std::filesystem::path path) : path_(std::move(path)) {}

@@ -70,7 +70,7 @@ std::vector<std::string> X11Connection::properties(const std::vector<xcb_window_
   std::vector<std::string> values;
   values.reserve(windows.size());
   for (const auto cookie : cookies) {
-    // A window that has gone meanwhile gives an error instead of a reply.
+    // A window that was closed meanwhile gives an error instead of a reply.
     xcb_generic_error_t* error = nullptr;
     const XcbPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, &error));
     std::free(error);

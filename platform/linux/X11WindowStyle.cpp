@@ -158,6 +158,32 @@ void X11WindowStyle::setShadowMargin(QWindow& window, double margin) {
   xcb_flush(xcb);
 }
 
+bool X11WindowStyle::isPressed() const {
+  if (!connection_ || connection_->isBroken()) return false;
+  const XcbPtr<xcb_query_pointer_reply_t> reply(
+      xcb_query_pointer_reply(connection_->xcb(), xcb_query_pointer(connection_->xcb(), connection_->root()), nullptr));
+  connection_->repliesWereRead();
+  return reply && (reply->mask & (XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3)) != 0;
+}
+
+void X11WindowStyle::endMove(QWindow& window) {
+  // On the connection that asked for the move, so that this comes after it.
+  xcb_connection_t* xcb = toolkitConnection();
+  if (!xcb || !connection_) return;
+  constexpr std::uint32_t cancel = 11;  // _NET_WM_MOVERESIZE_CANCEL
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = static_cast<xcb_window_t>(window.winId());
+  message.type = connection_->atom("_NET_WM_MOVERESIZE");
+  message.data.data32[2] = cancel;
+  message.data.data32[3] = XCB_BUTTON_INDEX_1;
+  message.data.data32[4] = 1;  // an ordinary program asks
+  xcb_send_event(xcb, 0, connection_->root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&message));
+  xcb_flush(xcb);
+}
+
 bool X11WindowStyle::askForCompositor() const {
   const XcbPtr<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
       connection_->xcb(), xcb_get_selection_owner(connection_->xcb(), selection_), nullptr));

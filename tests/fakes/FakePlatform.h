@@ -210,6 +210,8 @@ class FakeWindowStyle : public WindowStyle {
     inputs.push_back({x, y, width, height});
   }
   void setShadowMargin(QWindow&, double margin) override { margins.push_back(margin); }
+  bool isPressed() const override { return false; }
+  void endMove(QWindow&) override {}
 
   void changeCompositing(bool is) {
     compositing = is;

@@ -44,7 +44,7 @@ class SelectionReader {
   bool isDraining() const { return drain_.isTaking(); }
   // The owner has taken the selection again; it is asked as of then.
   void ownerTookAnew(xcb_timestamp_t time) { time_ = time; }
-  // The owner has gone: what has not come yet will not come.
+  // The owner is gone: what has not arrived will not arrive.
   void ownerIsGone();
 
   void handle(const xcb_selection_notify_event_t& event, SteadyTime now);

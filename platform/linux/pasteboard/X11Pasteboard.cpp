@@ -20,7 +20,7 @@ namespace {
 // How long the end of the program may wait for a clipboard manager.
 constexpr std::chrono::milliseconds savePatience{300};
 
-// Some applications take the clipboard anew whenever they are asked for it, and each change brings another reading.
+// Some applications take the clipboard again whenever they are asked for it, and each change brings another reading.
 // After this many such changes in a row they count no longer.
 constexpr int mostEchoes = 5;
 
@@ -298,7 +298,7 @@ std::int64_t X11Pasteboard::restore(std::vector<Representation> representations)
 
 std::int64_t X11Pasteboard::give(std::vector<Representation> representations, bool isRestoring) {
   ++shared_->pendingWrites;
-  // A reading under way is of what lies there no longer.
+  // A reading under way is of contents that are no longer there.
   shared_->readDone = nullptr;
   ++shared_->readNumber;
   const std::int64_t count = ++shared_->changeCount;

@@ -33,7 +33,7 @@ QList<QByteArray> mountPoints(const Interfaces& interfaces) {
   return paths;
 }
 
-// The drive that a block device lies on; what an encrypted one was opened to has none of its own.
+// The drive that a block device is on; what an encrypted one was opened to has none of its own.
 QString driveOf(const ManagedObjects& objects, const Interfaces& interfaces) {
   const QVariantMap block = interfaces.value(blockInterface);
   const QString backing = pathProperty(block, QStringLiteral("CryptoBackingDevice"));

@@ -16,7 +16,7 @@ namespace ambrel {
 
 using BootClock = std::function<std::uint64_t()>;  // nanoseconds
 
-// Adds up what every whole disk has read and written: no partitions, and nothing that lies on top of disks (device
+// Adds up what every whole disk has read and written: no partitions, and nothing on top of disks (device
 // mapper, RAID, loop, compressed memory). The sum never falls: a disk that is pulled leaves its share, one that is
 // plugged in counts from then on.
 class DiskCounterReader {

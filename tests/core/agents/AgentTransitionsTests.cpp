@@ -1,7 +1,7 @@
-#include "core/agents/AgentTransitions.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "core/agents/AgentTransitions.h"
 
 namespace ambrel {
 namespace {
@@ -9,8 +9,13 @@ namespace {
 using enum AgentStatus;
 
 AgentSession session(const std::string& id, AgentStatus status) {
-  return {.id = id, .kind = AgentKind::codex, .title = "t", .project = std::nullopt, .detail = std::nullopt,
-          .status = status, .updatedAt = Instant{}};
+  return {.id = id,
+          .kind = AgentKind::codex,
+          .title = "t",
+          .project = std::nullopt,
+          .detail = std::nullopt,
+          .status = status,
+          .updatedAt = Instant{}};
 }
 
 TEST(AgentTransitions, OnlyWorkThatEndedOrWaitsIsNews) {
@@ -18,8 +23,8 @@ TEST(AgentTransitions, OnlyWorkThatEndedOrWaitsIsNews) {
     AgentStatus before, after;
     bool isNews;
   } cases[] = {
-      {working, finished, true},     {working, needsInput, true},   {working, idle, false},
-      {working, working, false},     {idle, needsInput, false},     {finished, needsInput, false},
+      {working, finished, true},     {working, needsInput, true}, {working, idle, false},
+      {working, working, false},     {idle, needsInput, false},   {finished, needsInput, false},
       {needsInput, finished, false}, {finished, finished, false},
   };
   for (const auto& c : cases)

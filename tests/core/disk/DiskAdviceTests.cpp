@@ -108,7 +108,8 @@ class Verdict : public testing::Test {
 TEST_F(Verdict, StartsWithSizeAndAge) { EXPECT_THAT(of("movie.mov"), StartsWith("It takes 2 GB and changed 3")); }
 
 TEST_F(Verdict, MainFoldersAreNotToBeMoved) {
-  EXPECT_THAT(of("Documents"), EndsWith("Documents is a main folder of your computer. Clean what is inside it instead."));
+  EXPECT_THAT(of("Documents"),
+              EndsWith("Documents is a main folder of your computer. Clean what is inside it instead."));
   EXPECT_THAT(DiskAdvice::verdict(*tree, {}, home, now, calendar),
               EndsWith("nobody-here is a main folder of your computer. Clean what is inside it instead."));
 }

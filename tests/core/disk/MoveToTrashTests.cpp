@@ -69,6 +69,15 @@ TEST_F(MoveToTrash, MovesItemsInOrderAndReportsTheirBytes) {
   EXPECT_EQ(recorder.requests[0].identity, items[0].identity);
 }
 
+TEST_F(MoveToTrash, AFileWhoseSpaceTheFileSystemSettledAfterTheScanGoes) {
+  tree.fill("home/a", 10'000);
+  CleanupItem item = itemAt(tree / "home/a");
+  item.bytes -= 4096;
+  const auto report = move({item});
+  EXPECT_EQ(report.moved.size(), 1u);
+  EXPECT_EQ(report.bytesMoved, item.bytes + 4096);
+}
+
 TEST_F(MoveToTrash, WhatIsGoneStays) {
   tree.fill("home/a", 1000);
   const CleanupItem item = itemAt(tree / "home/a");

@@ -1,6 +1,6 @@
-#include "core/telemetry.h"
-
 #include <gtest/gtest.h>
+
+#include "core/telemetry.h"
 
 namespace ambrel {
 namespace {
@@ -61,7 +61,10 @@ TEST(Network, NoSpikeFromHotPlugResetWrapOrSleep) {
     std::optional<NetworkRates> expected;
   } cases[] = {
       {"plain", {{"a", {3000, 500}}}, 2, NetworkRates{1000, 200}},
-      {"an interface that was plugged in only primes", {{"a", {1000, 100}}, {"b", {5000000, 1}}}, 2, NetworkRates{0, 0}},
+      {"an interface that was plugged in only primes",
+       {{"a", {1000, 100}}, {"b", {5000000, 1}}},
+       2,
+       NetworkRates{0, 0}},
       {"a reset counter counts as nothing", {{"a", {10, 300}}}, 2, NetworkRates{0, 100}},
       {"no time has passed", {{"a", {3000, 500}}}, 0, std::nullopt},
       {"time went backwards", {{"a", {3000, 500}}}, -1, std::nullopt},

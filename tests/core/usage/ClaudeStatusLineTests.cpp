@@ -1,13 +1,10 @@
-#include "core/usage/ClaudeStatusLine.h"
-
+#include <algorithm>
+#include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
-
 #include "core/base/JSON.h"
+#include "core/usage/ClaudeStatusLine.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/usage/UsageCases.h"
 

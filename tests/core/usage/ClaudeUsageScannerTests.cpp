@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-
 #include <thread>
 
 #include "core/usage/UsageLog.h"

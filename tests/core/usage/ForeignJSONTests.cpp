@@ -1,8 +1,7 @@
-#include "core/usage/ForeignJSON.h"
-
 #include <gtest/gtest.h>
 
 #include "core/base/JSON.h"
+#include "core/usage/ForeignJSON.h"
 
 namespace ambrel {
 namespace {

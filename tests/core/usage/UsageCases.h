@@ -3,7 +3,6 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
-
 #include <string>
 
 #include "core/base/Files.h"

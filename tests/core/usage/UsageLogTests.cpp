@@ -1,10 +1,8 @@
-#include "core/usage/UsageLog.h"
-
 #include <gmock/gmock.h>
-
 #include <random>
 
 #include "core/usage/KeySearch.h"
+#include "core/usage/UsageLog.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/usage/UsageCases.h"
 

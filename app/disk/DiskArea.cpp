@@ -1,0 +1,108 @@
+#include "app/disk/DiskArea.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDesktopServices>
+#include <QPalette>
+#include <QUrl>
+#include <filesystem>
+#include <unistd.h>
+
+#include "app/base/QmlObjects.h"
+#include "app/disk/DiskTexts.h"
+#include "app/disk/FolderDialog.h"
+#include "app/disk/SimulatorTool.h"
+#include "app/kit/Theme.h"
+#include "core/base/Text.h"
+
+namespace ambrel {
+namespace {
+
+// A path may hold any bytes; its URL does not.
+QUrl urlOf(const std::string& path) {
+  return QUrl::fromEncoded(QByteArray::fromStdString("file://" + percentEncodedPath(path)));
+}
+
+// The file manager shows the folder with the thing in it chosen; where none listens for that, just the folder.
+void showInFileManager(const std::string& path, QObject& context) {
+  auto message = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
+      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+  message << QStringList(QString::fromLatin1(urlOf(path).toEncoded())) << QString();
+  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), &context);
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [watcher, path] {
+    watcher->deleteLater();
+    if (watcher->isError()) QDesktopServices::openUrl(urlOf(path.substr(0, path.rfind('/') + 1)));
+  });
+}
+
+QPalette dialogPalette(const Palette& colors) {
+  QPalette palette(colors.card, colors.panel);
+  palette.setColor(QPalette::Base, colors.field);
+  palette.setColor(QPalette::AlternateBase, colors.card);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(role, colors.ink);
+    palette.setColor(QPalette::Disabled, role, colors.ink3);
+  }
+  palette.setColor(QPalette::PlaceholderText, colors.ink3);
+  palette.setColor(QPalette::Highlight, colors.accent);
+  palette.setColor(QPalette::HighlightedText, colors.onAccent);
+  return palette;
+}
+
+constexpr Seconds celebration{6};
+
+std::string withLinksResolved(const std::filesystem::path& path) {
+  std::error_code error;
+  return std::filesystem::weakly_canonical(path, error).string();
+}
+
+}  // namespace
+
+DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell, QObject* parent)
+    : Area(QStringLiteral("Disk"), parent),
+      seams_(std::move(seams)),
+      shell_(shell),
+      home_(withLinksResolved(home)),
+      // A scan takes its time, and a second one may begin before the first has noticed: others are not kept waiting.
+      background_(makeBackground(*this)),
+      cleaner_({.trash = seams_.trash, .background = background_, .now = seams_.now, .calendar = seams_.calendar},
+               home_),
+      doctor_(home_, cleaner_,
+              DiskDoctor::Seams{.background = background_,
+                                .now = seams_.now,
+                                .calendar = seams_.calendar,
+                                .hasAccess = [home = home_] { return access(home.c_str(), R_OK | X_OK) == 0; },
+                                .runtimes = [] { return readRuntimes(SimulatorTool{}); }}),
+      window_(seams_.engine, seams_.windowStyle, doctor_) {
+  keep({this, &cleaner_, &doctor_});
+  cleaner_.onOutcome = [this](bool hasMoved) {
+    if (hasMoved) Q_EMIT buddyTriggered(BuddyTrigger::celebrate, celebration);
+  };
+  cleaner_.onFinish = [this](const QString& title, const QString& body) {
+    shell_.showToast(title, body, QStringLiteral("trash.fill"));
+  };
+  doctor_.onChooseFolder = [this](std::function<void(const std::string&)> chosen) {
+    chooseFolder(window_.window(), tr("Choose a folder for Disk Doctor to scan."), QString::fromStdString(home_),
+                 dialogPalette(themeOf(seams_.engine).palette()), std::move(chosen));
+  };
+  doctor_.onScanFinished = [this](std::int64_t) {
+    const std::int64_t bytes = cleaner_.freeableBytes().value_or(0);
+    if (bytes > 0)
+      Q_EMIT noticed(diskFoundNotice(bytes, doctor_.headline().toStdString(), seams_.now(), seams_.calendar));
+  };
+  connect(doctor_.question(), &DiskQuestion::answerChanged, this, [this] {
+    if (doctor_.question()->isAnswering()) Q_EMIT buddyTriggered(BuddyTrigger::typing, std::nullopt);
+  });
+  doctor_.onShowInFolder = [this](const std::string& path) { showInFileManager(path, *this); };
+  doctor_.onOpenTrash = [] { QDesktopServices::openUrl(QUrl(QStringLiteral("trash:///"))); };
+}
+
+bool DiskArea::carryOut(const Wish& wish) {
+  if (!std::holds_alternative<wish::OpenDiskDoctor>(wish)) return false;
+  open();
+  return true;
+}
+
+}  // namespace ambrel
