@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QWindow>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -10,6 +11,10 @@
 #include "app/agents/ProgramIcons.h"
 #include "app/base/Log.h"
 #include "app/base/QmlObjects.h"
+#include "app/base/StoredValue.h"
+#include "app/base/TileSources.h"
+#include "app/clipboard/ClipPictures.h"
+#include "app/clipboard/QuietClipboard.h"
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
 #include "app/menu/StatusIcon.h"
@@ -43,10 +48,20 @@ std::vector<DisplaySnapshot> displaysOf(const Screens& screens) {
   return displays;
 }
 
+std::set<DockWidget> widgetsOf(const Profile* profile) {
+  std::set<DockWidget> widgets;
+  if (!profile) return widgets;
+  for (const DockItem& item : profile->items)
+    if (const auto widget = fromName<DockWidget>(item.widget.value_or(""))) widgets.insert(*widget);
+  return widgets;
+}
+
+QString idOf(DockWidget widget) { return toQString(nameOf(widget)); }
+
 }  // namespace
 
 // The order of construction is that of the members: the toast first, then the migration, before anything reads the
-// defaults or the files, then settings, profiles and agents.
+// defaults or the files, then settings, profiles, agents and clipboard.
 AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* parent)
     : QObject(parent),
       surroundings_(std::move(surroundings)),
@@ -58,7 +73,7 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
       model_(surroundings_.dataFolder / "profiles.json", defaults_, license_,
              [this] { return displaysOf(desktop_.screens); }),
       background_(makeBackground(*this)),
-      agents_(settings_, makeAgentReaders(), surroundings_.home, surroundings_.calendar,
+      agents_(settings_, surroundings_.home, surroundings_.calendar,
               {.background = background_,
                .notifications = desktop_.notifications,
                .workspace = desktop_.workspace,
@@ -67,19 +82,31 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
                    [this](std::string_view bundleID) {
                      return ProgramIcons::source(QString::fromStdString(desktop_.workspace.iconOf(bundleID)));
                    }}),
+      clipboard_(settings_, surroundings_.dataFolder / "Clipboard", surroundings_.calendar,
+                 {.pasteboard = desktop_.pasteboard,
+                  .workspace = desktop_.workspace,
+                  .background = background_,
+                  .fileBackground = makeDetachedBackground(*this),
+                  .later = later(),
+                  .now = surroundings_.now}),
       due_(desktop_.wallClock),
       appearanceSettings_(defaults_, preparedTheme()),
       gallery_(model_),
       pointers_(desktop_.pointer) {
-  keep({&settings_, &model_, &license_, &agents_, &appearanceSettings_, &gallery_});
+  keepCopiesFromTextFields();
+  keep({&settings_, &model_, &license_, &appearanceSettings_, &gallery_});
   engine_.addImageProvider(QLatin1String(ProgramIcons::id), new ProgramIcons);
-  makeClipboard();
+  engine_.addImageProvider(QString::fromLatin1(ClipPictures::id),
+                           new ClipPictures(clipboard_.clipboard()->picturesFolder()));
 }
 
-// Windows end before the engine that drives them, and before what they show.
+// Windows end before the engine that drives them; all but the toast's are destroyed before it anyway. A tile that has
+// the keyboard loses it then, and what that changes is of no interest to the bar any more.
 AppDelegate::~AppDelegate() {
   toast_.end();
-  diskDoctor_.reset();
+  if (!dock_) return;
+  disconnect(notices(), nullptr, dock_.get(), nullptr);
+  dock_->isHoldingOpen = nullptr;
 }
 
 Theme& AppDelegate::preparedTheme() {
@@ -109,12 +136,13 @@ void AppDelegate::every(Seconds interval, std::function<void()> action) {
 
 void AppDelegate::launch() {
   makeShelf();
+  makeAreas();
   makeContext();
-  makePanels();
   makeDock();
-  startBuddy();
+  makePanels();
+  makeBubble();
   makePeeker();
-  registerHotKeys();
+  registerKeys();
   startTimers();
   followZone();
   followDefaults();
@@ -126,174 +154,128 @@ void AppDelegate::launch() {
   firstRun();
 }
 
+void AppDelegate::makeShelf() {
+  shelfPointer_ = pointers_.monitor();
+  shelf_ = std::make_unique<ShelfPanelController>(engine_, *clipboard_.clipboard(), settings_, toast_,
+                                                  ShelfPanelController::Seams{.pointer = *shelfPointer_,
+                                                                              .screens = desktop_.screens,
+                                                                              .windowStyle = desktop_.windowStyle,
+                                                                              .later = later(),
+                                                                              .now = surroundings_.now});
+  keep({shelf_.get()});
+  Theme& theme = themeOf(engine_);
+  shelf_->setScale(theme.textScale());
+  connect(&theme, &Theme::textScaleChanged, shelf_.get(), [this, &theme] { shelf_->setScale(theme.textScale()); });
+  connect(shelf_.get(), &ShelfPanelController::settingsAsked, this,
+          [this] { openSettings(QStringLiteral("clipboard")); });
+  connect(&clipboard_, &ClipboardArea::shelfAsked, shelf_.get(), &ShelfPanelController::toggle);
+  connect(&clipboard_, &ClipboardArea::pinnedAsked, shelf_.get(), &ShelfPanelController::copyPinned);
+}
+
+void AppDelegate::makeAreas() {
+  Shell& shell = *this;
+  const auto now = surroundings_.now;
+  const PresentCalendar& calendar = surroundings_.calendar;
+  time_ = std::make_unique<TimeArea>(calendar);
+  telemetry_ = std::make_unique<TelemetryArea>(LiveSeams{.telemetry = desktop_.telemetry,
+                                                         .latency = desktop_.latency,
+                                                         .sound = desktop_.soundControl,
+                                                         .bluetooth = desktop_.bluetooth,
+                                                         .volumes = desktop_.volumes,
+                                                         .keepAwake = desktop_.keepAwake,
+                                                         .readings = desktop_.readings,
+                                                         .background = makeBackground(*this),
+                                                         .calendar = calendar,
+                                                         .now = now},
+                                               background_, shell);
+  usage_ =
+      std::make_unique<UsageArea>(settings_, surroundings_.home, surroundings_.dataFolder,
+                                  AIUsageModel::Seams{.background = background_, .now = now, .calendar = calendar});
+  disk_ = std::make_unique<DiskArea>(surroundings_.home,
+                                     DiskArea::Seams{.engine = engine_,
+                                                     .windowStyle = desktop_.windowStyle,
+                                                     .trash = desktop_.trash,
+                                                     .calendar = calendar,
+                                                     .now = now},
+                                     shell);
+  focus_ = std::make_unique<FocusArea>(FocusSeams{.defaults = defaults_,
+                                                  .calendar = calendar,
+                                                  .notifications = desktop_.notifications,
+                                                  .sounds = desktop_.sounds,
+                                                  .now = now},
+                                       surroundings_.dataFolder / "habits.json", due_, shell);
+  weather_ = std::make_unique<WeatherArea>(defaults_, calendar, now, due_);
+  buddy_ = std::make_unique<BuddyArea>(BuddyNoticeCenter::Seams{.agents = *agents_.agents(),
+                                                                .settings = settings_,
+                                                                .defaults = defaults_,
+                                                                .workspace = desktop_.workspace,
+                                                                .calendar = calendar,
+                                                                .now = now,
+                                                                .later = later()});
+  areas_ = {time_.get(),    telemetry_.get(), usage_.get(), disk_.get(), focus_.get(),
+            weather_.get(), &clipboard_,      buddy_.get(), &agents_};
+  for (Area* area : areas_) buddy_->follow(*area);
+  agents().onSessionFinished = [this] { notices()->sessionFinished(); };
+  connect(focus_.get(), &FocusArea::phaseEnded, buddy_.get(), [this](PomodoroPhase ended) {
+    notices()->phaseEnded(ended == PomodoroPhase::focus ? BuddySignals::PhaseEnd::focus
+                                                        : BuddySignals::PhaseEnd::breakTime);
+  });
+}
+
 void AppDelegate::makeContext() {
-  system_ = std::make_unique<SystemMonitor>(desktop_.readings, background_, surroundings_.calendar);
-  clock_ = std::make_unique<ClockModel>(surroundings_.calendar);
-  makeUsage();
-  makeDisk();
-  makeFocus();
-  makeTelemetry();
-  makeWeather();
-  makeBuddy();
   context_ = std::make_unique<WidgetContext>(WidgetContext::Models{.model = model_,
                                                                    .settings = settings_,
-                                                                   .agents = agents_,
-                                                                   .system = *system_,
-                                                                   .clock = *clock_,
-                                                                   .usage = usage_.get(),
+                                                                   .agents = *agents_.agents(),
+                                                                   .system = *telemetry_->system(),
+                                                                   .clock = *time_->clock(),
+                                                                   .usage = usage_->usage(),
                                                                    .focus = focus_.get(),
-                                                                   .live = live_.get(),
+                                                                   .live = telemetry_->live(),
                                                                    .weather = weather_.get(),
-                                                                   .notices = notices_.get(),
-                                                                   .disk = disk_.get(),
-                                                                   .clipboard = clipboard_.get()});
-  keep({system_.get(), clock_.get(), context_.get()});
-  context_->onShowToast = [this](const QString& title, const QString& detail, const QString& symbol) {
-    toast_.show(title, detail, symbol);
+                                                                   .notices = notices(),
+                                                                   .disk = disk_->cleaner(),
+                                                                   .clipboard = clipboard_.clipboard()});
+  keep({context_.get()});
+  for (Area* area : areas_) context_->addArea(*area);
+  const auto lock = [this] {
+    QStringList locked;
+    for (const DockWidget widget : allCases<DockWidget>())
+      if (const auto feature = requiredFeature(widget); feature && !license_.allows(*feature)) locked << idOf(widget);
+    context_->setLockedWidgets(locked);
   };
-  context_->setClickAction(QStringLiteral("agents"), [this](const QString& item) {
-    if (permits(ProFeature::agentTracking)) toggle(agentsPanel_.get(), item);
-  });
-  context_->setClickAction(QStringLiteral("disk"), [this](const QString&) { diskDoctor_->open(); });
-  context_->setClickAction(QStringLiteral("clipboard"), [this](const QString&) { shelf_->toggle(); });
-  context_->onToggleCustomize = [this] { toggle(customizePanel_.get()); };
-  context_->onOpenTileMenu = [this](const QString& item) { openTileMenu(item); };
+  connect(&license_, &LicenseManager::changed, context_.get(), lock);
+  lock();
+  connect(&model_, &AppModel::activeProfileChanged, this, &AppDelegate::widgetsChanged);
+  connect(context_.get(), &WidgetContext::widgetsActiveChanged, this, &AppDelegate::widgetsChanged);
+  widgetsChanged();
+
+  context_->actions = {
+      .showToast = [this](const QString& title, const QString& detail,
+                          const QString& symbol) { showToast(title, detail, symbol); },
+      .copyText = [this](const QString& text) { copyText(text); },
+      .openCustomize = [this] { panels_->open(*customizePanel()); },
+      .openPanel =
+          [this](const QString& widget, const QString& item, const QUrl& source, const QVariantMap& properties) {
+            const Area* area = context_->area(tileSources().at(widget).area);
+            // Panels with properties of their own are not shared by the tiles that open them.
+            DockPopoverController& panel =
+                panels_->panel(source.toString() + (properties.isEmpty() ? QString() : u'#' + widget),
+                               {.source = source, .models = {area, context_.get()}, .properties = properties});
+            for (auto it = properties.begin(); it != properties.end(); ++it) panel.setProperty(it.key(), it.value());
+            panels_->toggle(panel, item);
+          },
+      .openTileMenu = [this](const QString& item, const QString& ownText,
+                             const QString& ownSymbol) { openTileMenu(item, ownText, ownSymbol); },
+      .unlock = [this](const QString&) { license_.showUpsell(); },
+      .openSettings = [this](const QString& tab) { openSettings(tab); },
+      .chooseSettingsTab = [this](const QString& tab) { chooseSettingsTab(tab); },
+      .openPurchasePage = [] { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); },
+      .finishWelcome = [this] { remember("welcomeDone", {true}); }};
 }
 
-std::unique_ptr<DockPopoverController> AppDelegate::makePanel(const char* source, QVariantMap properties, QSize size) {
-  auto panel = std::make_unique<DockPopoverController>(
-      engine_, desktop_.windowStyle, later(),
-      PanelContent{QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/") + QString::fromLatin1(source)), std::move(properties),
-                   size});
-  connect(panel.get(), &DockPopoverController::shownChanged, this, &AppDelegate::panelsChanged);
-  connect(panel.get(), &DockPopoverController::shownChanged, this, [this, shown = panel.get()] {
-    if (shown->isShown() || !returnsKeyboard_) return;
-    // A panel that was left for another window has lost the keyboard already.
-    returnsKeyboard_ = shown->window()->isActive() && keyboardFocusOf(engine_).isShown();
-    // A menu's row may open another panel right after this.
-    QTimer::singleShot(0, this, [this] {
-      if (!isAnyPanelOpen() && std::exchange(returnsKeyboard_, false)) dock_->revealForKeyboard();
-    });
-  });
-  return panel;
-}
-
-void AppDelegate::panelsChanged() {
-  // A click elsewhere closes a panel, also where nothing takes the keyboard from it, as on an empty desktop.
-  const bool isOpen = isAnyPanelOpen();
-  if (std::exchange(followsPresses_, isOpen) != isOpen)
-    desktop_.pointer.setPressHandler(isOpen ? [this] { pressedSomewhere(); } : std::function<void()>());
-  if (dock_) dock_->holdingChanged();
-  if (notices_) notices_->panelsChanged();
-}
-
-void AppDelegate::pressedSomewhere() {
-  const auto pointer = desktop_.pointer.location();
-  if (!pointer) return;
-  const Point at = flipped(*pointer, desktop_.screens.mainHeight());
-  // Presses on windows of our own are theirs.
-  if (QGuiApplication::topLevelAt(QPoint(qRound(at.x), qRound(at.y)))) return;
-  for (DockPopoverController* panel : panels())
-    if (panel->isShown() && !panel->stays()) panel->close();
-  if (shelf_->isShown()) shelf_->close();
-}
-
-DockPopoverController& AppDelegate::addTilePanel(std::initializer_list<const char*> widgets, const char* source,
-                                                 QVariantMap properties, QSize size) {
-  DockPopoverController& panel = *tilePanels_.emplace_back(makePanel(source, std::move(properties), size));
-  for (const char* widget : widgets)
-    context_->setClickAction(QString::fromLatin1(widget),
-                             [this, &panel](const QString& item) { toggle(&panel, item); });
-  return panel;
-}
-
-DockPopoverController& AppDelegate::addTileSettings(std::initializer_list<const char*> widgets, const char* source,
-                                                    QVariantMap properties, QSize size) {
-  DockPopoverController& panel = *tilePanels_.emplace_back(makePanel(source, std::move(properties), size));
-  for (const char* widget : widgets)
-    context_->setSettingsAction(QString::fromLatin1(widget),
-                                [this, &panel](const QString& item) { toggle(&panel, item); });
-  return panel;
-}
-
-void AppDelegate::addToSettingsPage(const QString& tab, const QString& property, QObject& object) {
-  QVariantMap page = settingsPages_.value(tab).toMap();
-  page.insert(property, toVariant(object));
-  settingsPages_.insert(tab, page);
-}
-
-void AppDelegate::answerNotifications(const std::string& identifier, NotificationAnswer answer) {
-  notificationAnswers_[identifier] = std::move(answer);
-}
-
-void AppDelegate::followDismissal(const std::string& identifier, std::function<void()> dismissed) {
-  dismissals_[identifier] = std::move(dismissed);
-}
-
-void AppDelegate::handleNotifications() {
-  const auto answer = [this](const std::string& identifier, const std::string& action) {
-    if (const auto found = notificationAnswers_.find(identifier); found != notificationAnswers_.end())
-      found->second(action);
-    else
-      agents_.openSession(QString::fromStdString(identifier));
-  };
-  desktop_.notifications.setActivationHandler([answer](const std::string& identifier) { answer(identifier, ""); });
-  desktop_.notifications.setActionHandler(answer);
-  desktop_.notifications.setDismissalHandler([this](const std::string& identifier) {
-    if (const auto found = dismissals_.find(identifier); found != dismissals_.end()) found->second();
-  });
-}
-
-void AppDelegate::makePanels() {
-  const auto customizes = [this](QObject& content, const char* signal) {
-    connect(&content, signal, this, SLOT(openCustomize()));
-  };
-  upsellPanel_ = makePanel("Panels/UpsellView.qml", {}, {400, 336});
-  upsellPanel_->onContentMade = [this](QObject& content) {
-    connect(&content, SIGNAL(purchaseWanted()), this, SLOT(openPurchasePage()));
-  };
-  license_.showUpsell = [this] { toggle(upsellPanel_.get()); };
-
-  settingsPanel_ = makePanel("Panels/SettingsView.qml",
-                             {{QStringLiteral("settings"), toVariant(settings_)},
-                              {QStringLiteral("pages"), settingsPages_},
-                              {QStringLiteral("appearance"), toVariant(appearanceSettings_)},
-                              {QStringLiteral("tab"), QString::fromStdString(settingsTab())},
-                              {QStringLiteral("version"), QStringLiteral(AMBREL_VERSION)}},
-                             {760, 480});
-  settingsPanel_->onContentMade = [this, customizes](QObject& content) {
-    connect(&content, SIGNAL(tabChosen(QString)), this, SLOT(chooseSettingsTab(QString)));
-    customizes(content, SIGNAL(customizeWanted()));
-  };
-
-  welcomePanel_ = makePanel("Panels/WelcomeView.qml", {}, {480, 500});
-  welcomePanel_->setStays(true);
-  welcomePanel_->onContentMade = [this, customizes](QObject& content) {
-    connect(&content, SIGNAL(closeRequested()), this, SLOT(finishWelcome()));
-    connect(&content, SIGNAL(customizeWanted()), this, SLOT(finishWelcome()));
-    customizes(content, SIGNAL(customizeWanted()));
-  };
-
-  agentsPanel_ = makePanel("Agents/AgentsPanelView.qml", {{QStringLiteral("agents"), toVariant(agents_)}}, {620, 320});
-  agentsPanel_->setProperty(QStringLiteral("presentation"), toVariant(agentsPanel_->presentation()));
-
-  agentsPanel_->onContentMade = [this](QObject& content) {
-    connect(&content, SIGNAL(settingsAsked()), this, SLOT(openAgentSettings()));
-  };
-
-  customizePanel_ = makePanel(
-      "Panels/CustomizeView.qml",
-      {{QStringLiteral("model"), toVariant(model_)}, {QStringLiteral("gallery"), toVariant(gallery_)}}, {760, 480});
-
-  tileMenu_ = makePanel("Dock/TileMenuView.qml", {{QStringLiteral("model"), toVariant(model_)}}, {216, 147});
-  tileMenu_->onContentMade = [this, customizes](QObject& content) {
-    customizes(content, SIGNAL(customizeAsked()));
-    connect(&content, SIGNAL(ownChosen()), this, SLOT(chooseTileCommand()));
-  };
-  addBuddyPanels();
-  addFocusPanels();
-  addTelemetryPanels();
-  addWeatherPanels();
+void AppDelegate::widgetsChanged() {
+  const auto widgets = widgetsOf(model_.activeProfile());
+  for (Area* area : areas_) area->widgetsChanged(widgets, context_->widgetsActive(), surroundings_.now());
 }
 
 void AppDelegate::makeDock() {
@@ -305,7 +287,13 @@ void AppDelegate::makeDock() {
                                                                            .now = surroundings_.now,
                                                                            .later = later()});
   keep({dock_.get()});
-  dock_->isHoldingOpen = [this] { return isAnyPanelOpen() || notices_->hasBubble(); };
+  panels_ = std::make_unique<BarPanels>(engine_, *context_, desktop_.windowStyle, later(),
+                                        [this](const QString& item) { return dock_->anchor(item); });
+  panels_->hasBarKeyboard = [this] { return dock_->hasKeyboard(); };
+  panels_->giveKeyboardBack = [this] {
+    if (!isAnyPanelOpen() && keyboardFocusOf(engine_).isShown()) dock_->revealForKeyboard();
+  };
+  dock_->isHoldingOpen = [this] { return isAnyPanelOpen() || notices()->hasBubble(); };
   dock_->onKeyboardLeft = [this] { desktop_.workspace.activateLast(); };
   dock_->onMaxLength = [this](qreal length) { context_->barLimits()->setMaxLength(length); };
   desktop_.screens.setChangeHandler([this] {
@@ -314,49 +302,135 @@ void AppDelegate::makeDock() {
     shelf_->place();
   });
   // An open panel goes with its bar.
-  connect(dock_.get(), &DockPanelController::layoutChanged, this, [this] {
-    for (DockPopoverController* panel : panels())
-      if (panel->isShown()) panel->place(dock_->anchor(panelItem_));
-  });
+  connect(dock_.get(), &DockPanelController::layoutChanged, panels_.get(), &BarPanels::place);
   Theme& theme = themeOf(engine_);
   dock_->setScale(theme.textScale());
   connect(&theme, &Theme::textScaleChanged, dock_.get(), [this, &theme] { dock_->setScale(theme.textScale()); });
   toast_.attach(engine_, desktop_.windowStyle, [this] { return dock_->anchor({}); });
   tips_ = std::make_unique<TipController>(engine_, desktop_.windowStyle);
-  system_->tick();
-  clock_->tick(surroundings_.now());
+  for (Area* area : areas_) area->tick(surroundings_.now());
   dock_->start();
 }
 
+void AppDelegate::makePanels() {
+  const auto panelsChanged = [this] {
+    // A click elsewhere closes a panel, also where nothing takes the keyboard from it, as on an empty desktop.
+    const bool isOpen = isAnyPanelOpen();
+    if (std::exchange(followsPresses_, isOpen) != isOpen)
+      desktop_.pointer.setPressHandler(isOpen ? [this] { pressedSomewhere(); } : std::function<void()>());
+    dock_->holdingChanged();
+    notices()->panelsChanged();
+  };
+  connect(panels_.get(), &BarPanels::changed, this, panelsChanged);
+  connect(panels_.get(), &BarPanels::opening, this, [this] {
+    shelf_->close();
+    dock_->reveal();
+  });
+  connect(shelf_.get(), &ShelfPanelController::shownChanged, this, [this, panelsChanged] {
+    if (shelf_->isShown()) panels_->closeAll();
+    panelsChanged();
+  });
+  license_.showUpsell = [this] { panels_->toggle(panel("UpsellView")); };
+  connect(inboxPanel(), &DockPopoverController::shownChanged, notices(), [this] {
+    if (inboxPanel()->isShown())
+      notices()->inboxOpened();
+    else
+      notices()->inboxClosed();
+  });
+  welcomePanel()->setStays(true);
+}
+
+void AppDelegate::pressedSomewhere() {
+  const auto pointer = desktop_.pointer.location();
+  if (!pointer) return;
+  const Point at = flipped(*pointer, desktop_.screens.mainHeight());
+  // Presses on windows of our own are theirs.
+  if (QGuiApplication::topLevelAt(QPoint(qRound(at.x), qRound(at.y)))) return;
+  panels_->leave();
+  shelf_->close();
+}
+
+DockPopoverController& AppDelegate::areaPanel(Area& area, const char* file) {
+  const QUrl source(QStringLiteral("qrc:/qt/qml/Ambrel/%1/%2.qml").arg(area.name(), QLatin1String(file)));
+  return panels_->panel(source.toString(), {.source = source, .models = {&area, context_.get()}});
+}
+
+DockPopoverController& AppDelegate::panel(const char* file, QVariantMap properties) {
+  return panels_->panel(QLatin1String(file),
+                        {.source = QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Panels/%1.qml").arg(QLatin1String(file))),
+                         .models = {context_.get()},
+                         .properties = std::move(properties)});
+}
+
+DockPopoverController* AppDelegate::welcomePanel() { return &panel("WelcomeView"); }
+
+DockPopoverController* AppDelegate::customizePanel() {
+  return &panel("CustomizeView", {{QStringLiteral("gallery"), toVariant(gallery_)}});
+}
+
+DockPopoverController* AppDelegate::settingsPanel() {
+  const QVariantMap pages{
+      {QStringLiteral("clipboard"), QVariantMap{{QStringLiteral("clipboard"), toVariant(*clipboard_.clipboard())}}},
+      {QStringLiteral("buddy"), QVariantMap{{QStringLiteral("statusLine"), toVariant(*usage_->statusLine())},
+                                            {QStringLiteral("budget"), toVariant(*usage_->budget())}}}};
+  return &panel("SettingsView",
+                {{QStringLiteral("pages"), pages},
+                 {QStringLiteral("appearance"), toVariant(appearanceSettings_)},
+                 {QStringLiteral("tab"), QString::fromStdString(defaults_.string("settingsTab").value_or("general"))},
+                 {QStringLiteral("version"), QStringLiteral(AMBREL_VERSION)}});
+}
+
+void AppDelegate::makeBubble() {
+  const QString buddy = idOf(DockWidget::buddy);
+  const auto anchor = [this, buddy] { return dock_->anchor(context_->itemOf(buddy)); };
+  bubble_ = std::make_unique<BubbleController>(engine_, desktop_.windowStyle, later(), *notices(), anchor);
+  connect(notices(), &BuddyNoticeCenter::bubbleChanged, dock_.get(), &DockPanelController::holdingChanged);
+  connect(dock_.get(), &DockPanelController::layoutChanged, bubble_.get(), &BubbleController::place);
+  connect(dock_.get(), &DockPanelController::keyboardTaken, notices(), [this] {
+    if (notices()->hasBubble()) Q_EMIT notices()->keyboardOffered();
+  });
+  toast_.occupied = [this] { return bubble_->presentation().isShown() ? bubble_->placement().frame : QRect(); };
+  connect(bubble_.get(), &BubbleController::placed, &toast_, &ToastController::place);
+
+  notices()->isAllowed = [this] { return license_.allows(ProFeature::proactiveBuddy); };
+  notices()->isOtherPanelOpen = [this] { return isAnyPanelOpen(); };
+  notices()->peekBar = [this](Seconds length) { bubblePeek_ = dock_->peek(length); };
+  notices()->endPeek = [this] { dock_->endPeek(bubblePeek_); };
+  notices()->showInbox = [this, buddy] { panels_->open(*inboxPanel(), context_->itemOf(buddy)); };
+  notices()->openLink = [](const QString& url) { QDesktopServices::openUrl(QUrl(url)); };
+  notices()->openDiskCleanup = [this] { disk_->open(); };
+  notices()->onProblem = [this](const QString& title, const QString& detail) {
+    toast_.show(title, detail, QStringLiteral("exclamationmark.triangle"));
+  };
+  due_.add(*notices());
+}
+
 void AppDelegate::makePeeker() {
-  peeker_ = std::make_unique<ContextPeeker>(agents_, settings_, [this](Seconds length) { dock_->peek(length); });
+  peeker_ = std::make_unique<ContextPeeker>(agents(), settings_, [this](Seconds length) { dock_->peek(length); });
   peeker_->gatherMore = [this](PeekSignals& signals) {
     signals.waterDue = focus_->water()->waterDueAt(surroundings_.now());
   };
   every(ContextPeeker::interval, [this] { peeker_->check(surroundings_.now()); });
 }
 
-void AppDelegate::addHotKey(const KeyCombination& keys, const std::string& what, std::function<void()> action) {
-  if (desktop_.hotKeys.add(keys, std::move(action)) == HotKeyResult::taken)
-    logLine("the key for " + what + " is taken by another program");
-}
-
-void AppDelegate::registerHotKeys() {
-  // That of the notes comes with them.
-  registerClipboardKeys();
-  addHotKey({.key = 'd', .command = true, .option = true, .control = true}, "the bar",
-            [this] { dock_->revealForKeyboard(); });
+void AppDelegate::registerKeys() {
+  const auto add = [this](const AreaKey& key) {
+    if (desktop_.hotKeys.add(key.keys, key.action) == HotKeyResult::taken)
+      logLine("the key for " + key.what + " is taken by another program");
+  };
+  for (Area* area : areas_)
+    for (const AreaKey& key : area->keys()) add(key);
+  add({{.key = 'd', .command = true, .option = true, .control = true}, "the bar", [this] {
+         dock_->revealForKeyboard();
+       }});
 }
 
 void AppDelegate::startTimers() {
   // Copies announce themselves; this is for the sweeps, and in case that one does not.
-  clipboard_->start();
-  every(ClipboardModel::pollInterval, [this] { clipboard_->poll(); });
+  clipboard().start();
+  every(ClipboardModel::pollInterval, [this] { clipboard().poll(); });
   every(SystemMonitor::tickInterval, [this] {
-    system_->tick();
-    live_->tick(surroundings_.now());
-    // After a sleep the minute's own timer is late.
-    clock_->tick(surroundings_.now());
+    for (Area* area : areas_) area->tick(surroundings_.now());
   });
   clockTimer_.setSingleShot(true);
   clockTimer_.setTimerType(Qt::PreciseTimer);
@@ -365,7 +439,7 @@ void AppDelegate::startTimers() {
     return std::chrono::ceil<std::chrono::milliseconds>(ClockModel::nextTick(now) - now);
   };
   connect(&clockTimer_, &QTimer::timeout, this, [this, untilNextMinute] {
-    clock_->tick(surroundings_.now());
+    time_->tick(surroundings_.now());
     clockTimer_.start(untilNextMinute());
   });
   clockTimer_.start(untilNextMinute());
@@ -381,16 +455,15 @@ void AppDelegate::tellOfKeptDefaults(const std::filesystem::path& copy) {
 void AppDelegate::followDefaults() {
   defaults_.onSetAside = [this](const std::filesystem::path& copy) { tellOfKeptDefaults(copy); };
   defaults_.onUnreadable = [this] {
-    logLine(defaults_.file().string() + " is no JSON; what was set before stands");
+    logLine(defaults_.file().string() + " is no JSON; the settings stay as they were");
     toast_.show(tr("The settings cannot be read"),
-                tr("There is a mistake in defaults.json. What was set before stands."),
+                tr("There is a mistake in defaults.json. The settings stay as they were."),
                 QStringLiteral("exclamationmark.triangle"));
   };
   connect(&defaultsWatcher_, &DefaultsWatcher::changed, this, [this](const std::set<std::string>& keys) {
     settings_.reload();
     appearanceSettings_.reload();
-    focus_->reload();
-    weather_->reload(keys);
+    for (Area* area : areas_) area->defaultsChanged(keys);
   });
   defaultsWatcher_.start();
   if (keptDefaults_) tellOfKeptDefaults(*keptDefaults_);
@@ -399,18 +472,17 @@ void AppDelegate::followDefaults() {
 void AppDelegate::followZone() {
   desktop_.timeZone.setChangeHandler([this] {
     surroundings_.calendar.replace(Calendar(desktop_.timeZone.name(), surroundings_.calendar().locale()));
-    clock_->zoneChanged(surroundings_.now());
+    for (Area* area : areas_) area->zoneChanged(surroundings_.now());
     due_.zoneChanged();
-    usage_->refresh();
   });
 }
 
 void AppDelegate::startProServices() {
   if (proServicesStarted_ || !context_ || !license_.allows(ProFeature::agentTracking)) return;
   proServicesStarted_ = true;
-  agents_.refresh();
-  every(AgentsModel::pollInterval, [this] { agents_.refresh(); });
-  usage_->start();
+  agents().refresh();
+  every(AgentsModel::pollInterval, [this] { agents().refresh(); });
+  usage_->usage()->start();
   if (settings_.agentNotifications()) desktop_.notifications.requestAuthorization({});
 }
 
@@ -422,11 +494,11 @@ void AppDelegate::makeStatusItem() {
   connect(&model_, &AppModel::profilesChanged, this, update);
   connect(&model_, &AppModel::pinnedProfileIDChanged, this, update);
   connect(&model_, &AppModel::displaysChanged, this, update);
-  connect(&agents_, &AgentsModel::sessionsChanged, this, update);
+  connect(&agents(), &AgentsModel::sessionsChanged, this, update);
   connect(&license_, &LicenseManager::changed, this, update);
   connect(&themeOf(engine_), &Theme::schemeChanged, this, [this] { statusItem_->redrawIcon(); });
   updateStatusItem();
-  // For task lists, in which Disk Doctor stands.
+  // For task lists, in which Disk Doctor is.
   QGuiApplication::setWindowIcon(statusIcon(0, themeOf(engine_).palette()));
 }
 
@@ -436,18 +508,41 @@ void AppDelegate::updateStatusItem() {
                                  .activeProfileID = active ? std::optional(active->id) : std::nullopt,
                                  .pinnedProfileID = model_.pinnedProfileID(),
                                  .displays = model_.displays(),
-                                 .workingCount = agents_.workingCount(),
-                                 .needsInputCount = agents_.needsInputCount(),
+                                 .workingCount = agents().workingCount(),
+                                 .needsInputCount = agents().needsInputCount(),
                                  .isAgentTrackingAllowed = license_.allows(ProFeature::agentTracking),
                                  .isPro = license_.isPro()}));
 }
 
-void AppDelegate::firstRun() {
-  if (defaults_.boolean("welcomeDone").value_or(false)) return;
-  later()(Seconds(0.6), [this] { show(welcomePanel_.get()); });
+void AppDelegate::handleNotifications() {
+  const auto answer = [this](const std::string& identifier, const std::string& action) {
+    for (Area* area : areas_)
+      if (area->answerNotification(identifier, action)) return;
+  };
+  desktop_.notifications.setActivationHandler([answer](const std::string& identifier) { answer(identifier, ""); });
+  desktop_.notifications.setActionHandler(answer);
+  desktop_.notifications.setDismissalHandler([this](const std::string& identifier) {
+    for (Area* area : areas_) area->notificationDismissed(identifier);
+  });
 }
 
-void AppDelegate::finishWelcome() { remember("welcomeDone", {true}); }
+void AppDelegate::addBuddyOnce() {
+  if (!license_.allows(ProFeature::proactiveBuddy) || defaults_.boolean("buddyAdded").value_or(false)) return;
+  const std::vector<Profile> profiles = model_.profiles();
+  for (const Profile& profile : profiles) {
+    const std::optional<UUID> first = profile.items.empty() ? std::nullopt : std::optional(profile.items.front().id);
+    // After the settings were lost, a profile without Buddy is the user's choice.
+    if (!keptDefaults_ && !profile.contains("buddy")) model_.addWidget("buddy", profile.id, first);
+  }
+  remember("buddyAdded", {true});
+}
+
+void AppDelegate::firstRun() {
+  if (defaults_.boolean("welcomeDone").value_or(false)) return;
+  // Only what says so was lost, and the guide would cover the toast that tells of it.
+  if (keptDefaults_) return remember("welcomeDone", {true});
+  later()(Seconds(0.6), [this] { panels_->open(*welcomePanel()); });
+}
 
 void AppDelegate::remember(const std::string& key, DefaultsValue value) {
   try {
@@ -457,86 +552,64 @@ void AppDelegate::remember(const std::string& key, DefaultsValue value) {
   }
 }
 
-std::string AppDelegate::settingsTab() const { return defaults_.string("settingsTab").value_or("general"); }
-
 void AppDelegate::chooseSettingsTab(const QString& tab) {
-  settingsPanel_->setProperty(QStringLiteral("tab"), tab);
+  settingsPanel()->setProperty(QStringLiteral("tab"), tab);
   remember("settingsTab", {tab.toStdString()});
 }
 
-void AppDelegate::openCustomize() { show(customizePanel_.get()); }
-
-void AppDelegate::openAgentSettings() {
-  chooseSettingsTab(QStringLiteral("agents"));
-  show(settingsPanel_.get());
+void AppDelegate::openSettings(const QString& tab) {
+  chooseSettingsTab(tab);
+  panels_->open(*settingsPanel());
 }
 
-void AppDelegate::openPurchasePage() { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); }
-
-void AppDelegate::openTileMenu(const QString& item) {
+void AppDelegate::openTileMenu(const QString& item, const QString& ownText, const QString& ownSymbol) {
   const Profile* profile = model_.activeProfile();
   if (!profile) return;
-  QString previous, next, widget;
+  QString previous, next;
   for (std::size_t i = 0; i < profile->items.size(); ++i) {
     if (QString::fromStdString(profile->items[i].id.text()) != item) continue;
-    widget = QString::fromStdString(profile->items[i].widget.value_or(""));
     if (i > 0) previous = QString::fromStdString(profile->items[i - 1].id.text());
     if (i + 1 < profile->items.size()) next = QString::fromStdString(profile->items[i + 1].id.text());
   }
-  if (tileMenu_->isShown()) tileMenu_->close();
-  tileMenu_->setProperty(QStringLiteral("item"), item);
-  tileMenu_->setProperty(QStringLiteral("previousItem"), previous);
-  tileMenu_->setProperty(QStringLiteral("nextItem"), next);
-  const WidgetContext::MenuCommand* own = context_->menuCommand(widget);
-  tileMenu_->setProperty(QStringLiteral("ownText"), own ? own->text() : QString());
-  tileMenu_->setProperty(QStringLiteral("ownSymbol"), own ? own->symbol : QString());
-  tileMenu_->setSize({216, own ? 188 : 147});
-  tileCommand_ = own ? [action = own->action, item] { action(item); } : std::function<void()>();
-  toggle(tileMenu_.get(), item);
+  DockPopoverController& menu = panels_->panel(
+      QStringLiteral("TileMenu"),
+      {.source = QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TileMenuView.qml")), .models = {context_.get()}});
+  menu.close();
+  menu.setProperty(QStringLiteral("item"), item);
+  menu.setProperty(QStringLiteral("previousItem"), previous);
+  menu.setProperty(QStringLiteral("nextItem"), next);
+  menu.setProperty(QStringLiteral("ownText"), ownText);
+  menu.setProperty(QStringLiteral("ownSymbol"), ownSymbol);
+  panels_->open(menu, item);
 }
 
-void AppDelegate::chooseTileCommand() {
-  if (tileCommand_) tileCommand_();
-}
-
-std::vector<DockPopoverController*> AppDelegate::panels() const {
-  std::vector<DockPopoverController*> made;
-  for (auto* panel : {upsellPanel_.get(), settingsPanel_.get(), welcomePanel_.get(), agentsPanel_.get(),
-                      customizePanel_.get(), tileMenu_.get()})
-    if (panel) made.push_back(panel);
-  for (const auto& panel : tilePanels_) made.push_back(panel.get());
-  return made;
-}
-
-bool AppDelegate::isAnyPanelOpen() const {
-  const auto made = panels();
-  return shelf_->isShown() || std::any_of(made.begin(), made.end(), [](const auto* panel) { return panel->isShown(); });
-}
-
-void AppDelegate::toggle(DockPopoverController* panel, const QString& item) {
-  if (!panel || !dock_) return;
-  const bool comesFromBar = dock_->hasKeyboard() || returnsKeyboard_;
-  returnsKeyboard_ = false;
-  for (DockPopoverController* other : panels())
-    if (other != panel && other->isShown()) other->close();
-  if (shelf_->isShown()) shelf_->close();
-  if (!panel->isShown()) dock_->reveal();
-  panelItem_ = item;
-  panel->toggle(dock_->anchor(item));
-  returnsKeyboard_ = comesFromBar && panel->isShown();
-}
-
-void AppDelegate::show(DockPopoverController* panel) {
-  if (!panel->isShown())
-    toggle(panel);
-  else if (QWindow* window = panel->window())
-    window->requestActivate();
-}
+bool AppDelegate::isAnyPanelOpen() const { return shelf_->isShown() || panels_->isAnyShown(); }
 
 bool AppDelegate::permits(ProFeature feature) {
   if (license_.allows(feature)) return true;
   license_.showUpsell();
   return false;
+}
+
+void AppDelegate::showToast(const QString& title, const QString& detail, const QString& symbol) {
+  toast_.show(title, detail, symbol);
+}
+
+void AppDelegate::copyText(const QString& text) {
+  if (text.trimmed().isEmpty()) return;
+  clipboard().copyText(text.toStdString());
+  toast_.show(tr("Copied"), text, QStringLiteral("doc.on.doc"));
+}
+
+bool AppDelegate::isOnBar(DockWidget widget) const { return model_.isOnBar(idOf(widget)); }
+
+bool AppDelegate::isInAnyProfile(DockWidget widget) const {
+  return std::any_of(model_.profiles().begin(), model_.profiles().end(),
+                     [widget](const Profile& profile) { return profile.contains(std::string(nameOf(widget))); });
+}
+
+void AppDelegate::activate(DockWidget widget) {
+  if (const QString item = context_->itemOf(idOf(widget)); !item.isEmpty()) Q_EMIT context_->activationAsked(item);
 }
 
 void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profile) {
@@ -548,13 +621,13 @@ void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profi
       carryOut(wish::ToggleAgents{});
       break;
     case MenuCommand::customizeDock:
-      toggle(customizePanel_.get());
+      panels_->toggle(*customizePanel());
       break;
     case MenuCommand::openWelcomeGuide:
-      show(welcomePanel_.get());
+      panels_->open(*welcomePanel());
       break;
     case MenuCommand::buyPro:
-      openPurchasePage();
+      context_->openPurchasePage();
       break;
     case MenuCommand::openSettings:
       carryOut(wish::Settings{});
@@ -576,6 +649,8 @@ void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profi
 }
 
 void AppDelegate::carryOut(const Wish& wish) {
+  for (Area* area : areas_)
+    if (area->carryOut(wish)) return;
   // What a later part of the program brings is named, so that a key that was bound early is not simply dead.
   const auto notYet = [this](const QString& what) {
     dock_->reveal();
@@ -583,16 +658,15 @@ void AppDelegate::carryOut(const Wish& wish) {
   };
   std::visit(Overloaded{[this](const wish::Reveal&) { dock_->revealForKeyboard(); },
                         [this](const wish::ToggleAgents&) {
-                          const auto agents = QStringLiteral("agents");
-                          context_->activate(agents, context_->itemOf(agents));
+                          if (permits(ProFeature::agentTracking))
+                            panels_->toggle(*agentsPanel(), context_->itemOf(idOf(DockWidget::agents)));
                         },
-                        [this](const wish::Settings&) { show(settingsPanel_.get()); },
+                        [this](const wish::Settings&) { panels_->open(*settingsPanel()); },
                         [](const wish::Quit&) { QCoreApplication::exit(); },
-                        [this](const wish::ToggleClipboard&) { shelf_->toggle(); },
-                        [this](const wish::CopyPinned& pinned) { shelf_->copyPinned(pinned.number); },
                         [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },
                         [&](const wish::Ask&) { notYet(tr("Ask Buddy")); },
-                        [this](const wish::OpenDiskDoctor&) { diskDoctor_->open(); }},
+                        // The areas' own.
+                        [](const auto&) {}},
              wish);
 }
 

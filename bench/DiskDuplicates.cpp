@@ -133,7 +133,7 @@ class Lockstep {
     return duplicates;
   }
 
-  // Where the next chunk lies that is no hole in every file.
+  // Where the next chunk is that is no hole in every file.
   static off_t nextData(const std::vector<Member>& members, off_t at, off_t size) {
     off_t next = size;
     for (const Member& member : members) {

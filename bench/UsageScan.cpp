@@ -4,20 +4,18 @@
 //
 // Everything is warm; floor and scan take turns, and the medians are compared. Ends with 1 when a budget is missed.
 
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
+#include <fmt/format.h>
 #include <functional>
 #include <string>
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 #include "bench/UsageTree.h"

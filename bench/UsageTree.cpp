@@ -1,17 +1,15 @@
 #include "bench/UsageTree.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <fcntl.h>
+#include <fmt/format.h>
 #include <fstream>
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <sys/stat.h>
 
 namespace ambrel {
 namespace {

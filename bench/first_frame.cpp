@@ -5,26 +5,25 @@
 //
 // The first frame is when a window that is mapped and at least 100 by 40 pixels large is damaged for the first time.
 // Best without a window manager, whose frames would be drawn first.
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#include <xcb/damage.h>
-#include <xcb/xcb.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <memory>
 #include <optional>
+#include <poll.h>
 #include <set>
+#include <signal.h>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
+#include <xcb/damage.h>
+#include <xcb/xcb.h>
 
 namespace {
 
@@ -70,8 +69,7 @@ class Screen {
       while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_), &std::free}) {
         const int type = event->response_type & 0x7F;
         if (type == XCB_MAP_NOTIFY) watch(reinterpret_cast<xcb_map_notify_event_t*>(event.get())->window);
-        if (type == damaged_ &&
-            isLarge(reinterpret_cast<xcb_damage_notify_event_t*>(event.get())->drawable))
+        if (type == damaged_ && isLarge(reinterpret_cast<xcb_damage_notify_event_t*>(event.get())->drawable))
           return true;
       }
       pollfd wait{xcb_get_file_descriptor(connection_), POLLIN, 0};

@@ -12,7 +12,7 @@
 
 namespace ambrel {
 
-// The reader of the answer has gone: end quietly.
+// The reader of the output is closed: end quietly.
 class ClosedPipe {};
 
 // Standard output: gathered, and written when a document is whole.

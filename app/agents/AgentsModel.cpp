@@ -47,7 +47,7 @@ void AgentsModel::apply(std::vector<AgentSession> sessions, Instant now) {
 
 void AgentsModel::publish(std::vector<AgentSession> sessions, Instant now) {
   const bool isSame = sessions == sessions_;
-  // Ages stand for a minute and longer; a clock that was set back may need others.
+  // Ages hold for a minute or longer; a clock that was set back may need others.
   if (isSame && now >= publishedAt_ && now < nextAgeAt_) return;
   publishedAt_ = now;
   nextAgeAt_ = Instant::max();

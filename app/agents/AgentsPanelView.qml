@@ -10,8 +10,10 @@ Popover {
     required property AgentsModel agents
     required property Presentation presentation
 
-    signal settingsAsked
+    signal settingsAsked(string tab)
 
+    implicitWidth: 620
+    implicitHeight: 320
     title: qsTr("AI Agents")
     symbol: "sparkles"
 
@@ -24,7 +26,7 @@ Popover {
             anchors.verticalCenter: parent.verticalCenter
             label: qsTr("Agent settings")
             symbol: "gearshape.fill"
-            onClicked: root.settingsAsked()
+            onClicked: root.settingsAsked("agents")
         }
     ]
 

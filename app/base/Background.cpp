@@ -17,7 +17,7 @@ struct Queue {
   std::mutex mutex;
   std::condition_variable changed;
   std::deque<std::pair<std::function<void()>, std::function<void()>>> jobs;
-  QObject* context = nullptr;  // null when it has gone
+  QObject* context = nullptr;  // null once it is destroyed
   bool isRunning = false;
 
   void run() {

@@ -10,7 +10,7 @@ namespace ambrel {
 // Runs `work` off the main thread, and then `done` on it. Tests pass one that waits until they let it go.
 using Background = std::function<void(std::function<void()> work, std::function<void()> done)>;
 
-// A small pool of low-priority threads that belongs to `context`; nothing is `done` after `context` has gone.
+// A small pool of low-priority threads that belongs to `context`; nothing is `done` after `context` is destroyed.
 Background makeBackground(QObject& context);
 
 // One thread, which the end of the program does not wait for: for work that may hang, as on a network disk that does

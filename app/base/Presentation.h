@@ -36,7 +36,7 @@ class Presentation : public QObject {
   void hide();
   void setPeeking(bool isPeeking);
 
-  // For the view: closes the panel it stands in.
+  // For the view: closes its own panel.
   Q_INVOKABLE void dismiss();
   std::function<void()> onDismiss;
 

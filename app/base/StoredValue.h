@@ -12,7 +12,7 @@ inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// A failure is logged, and the value stands in memory.
+// A failure is logged, and the value is kept in memory.
 void store(UserDefaults& defaults, const std::string& key, DefaultsValue value);
 inline void store(UserDefaults& defaults, const std::string& key, int value) {
   store(defaults, key, DefaultsValue{static_cast<std::int64_t>(value)});

@@ -15,9 +15,9 @@ namespace ambrel {
 class BuddyFigure : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT
-  // The name of a pose; one that is none stands for "idle".
+  // The name of a pose; an unknown name means "idle".
   Q_PROPERTY(QString pose READ pose WRITE setPose NOTIFY poseChanged FINAL)
-  // Of the box that he stands in, in logical pixels. The item is larger by what he waves about.
+  // Of the box around him, in logical pixels. The item is larger by what he waves about.
   Q_PROPERTY(qreal boxSize READ boxSize WRITE setBoxSize NOTIFY styleChanged FINAL)
   Q_PROPERTY(bool dark READ isDark WRITE setDark NOTIFY styleChanged FINAL)
   // Reduced motion: a pose is taken at once, and he does not blink.

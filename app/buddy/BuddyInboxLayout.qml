@@ -17,9 +17,11 @@ Popover {
     readonly property bool hasDigest: inbox.digest.length > 0
     readonly property bool isEmpty: inbox.count === 0 && !hasDigest
 
-    signal settingsAsked
+    signal settingsAsked(string tab)
     signal ask(string question)
 
+    implicitWidth: 360
+    implicitHeight: 480
     title: qsTr("Inbox")
     headerHeight: 56
     header.titleInset: 40
@@ -146,7 +148,7 @@ Popover {
                 list.currentIndex = index
             onChosen: root.chosenKey = isChosen ? "" : key
             onPerform: action => root.center.performInInbox(key, action)
-            onSettingsAsked: root.settingsAsked()
+            onSettingsAsked: root.settingsAsked("buddy")
         }
     }
     ScrollBar {
@@ -220,7 +222,7 @@ Popover {
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
                 text: qsTr("Change")
-                onClicked: root.settingsAsked()
+                onClicked: root.settingsAsked("buddy")
             }
         }
     }

@@ -33,7 +33,7 @@ class BuddyNoticeCenter : public TimedModel {
   Q_PROPERTY(ambrel::BuddyNoticeText bubble READ bubbleText NOTIFY bubbleChanged FINAL)
   // How many notices wait behind it.
   Q_PROPERTY(int bubbleMore READ bubbleMore NOTIFY bubbleChanged FINAL)
-  // What the keyboard stands on in the bubble: its actions, then "more" if there are more, then closing; else -1.
+  // What has the keyboard focus in the bubble: its actions, then "more" if there are more, then closing; else -1.
   Q_PROPERTY(int choice READ choice NOTIFY choiceChanged FINAL)
   // When Buddy is quiet, and what he holds back: for the foot of the inbox.
   Q_PROPERTY(QString quietText READ quietText NOTIFY quietTextChanged FINAL)
@@ -68,7 +68,7 @@ class BuddyNoticeCenter : public TimedModel {
   std::function<bool()> isAllowed;         // by the licence
   std::function<bool()> isOtherPanelOpen;  // the bubble waits
   std::function<void(Seconds)> peekBar;    // so that his tile is there to point at
-  std::function<void()> endPeek;           // that peek, when its bubble has gone
+  std::function<void()> endPeek;           // that peek, when its bubble is closed
   std::function<void()> showInbox;
   std::function<void()> openDiskCleanup;
   std::function<void(const QString& url)> openLink;
@@ -121,6 +121,8 @@ class BuddyNoticeCenter : public TimedModel {
   void bubbleChanged();
   void choiceChanged();
   void quietTextChanged();
+  // The keyboard has come to the bar while a bubble shows: its tile takes it.
+  void keyboardOffered();
 
  private:
   BuddySignals gathered(Instant now);

@@ -7,7 +7,7 @@ Row {
     id: root
 
     required property var actions
-    // The one that the keyboard stands on from afar; -1 for none.
+    // The one that the keyboard chooses from the tile; -1 for none.
     property int choice: -1
     property int size: 32
 

@@ -1,6 +1,6 @@
 #pragma once
 // What the files of a clip are: folders or not, and how much they hold. Looked up when a card shows them, since a
-// path may lie on a disk that answers late or never.
+// path may be on a disk that answers late or never.
 
 #include <cstdint>
 #include <functional>
@@ -16,7 +16,7 @@ namespace ambrel {
 
 struct ClipFiles {
   std::vector<bool> isFolder;          // of the first files
-  std::optional<std::uint64_t> bytes;  // of all of them; absent when one is a folder or has gone
+  std::optional<std::uint64_t> bytes;  // of all of them; absent when one is a folder or is missing
 
   friend bool operator==(const ClipFiles&, const ClipFiles&) = default;
 };

@@ -17,7 +17,7 @@
 
 namespace ambrel {
 
-// What may change of a clip, and what tells one from another. The rest stands in the index.
+// What may change of a clip, and what tells one from another. The rest is in the index.
 struct ClipRow {
   UUID id;
   ClipKind kind = ClipKind::text;

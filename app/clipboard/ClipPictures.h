@@ -15,7 +15,7 @@ namespace ambrel {
 
 // How a picture is brought to the size that is asked for.
 enum class PictureFit {
-  card,   // exactly that size; a larger picture is cut, a smaller one stands in the middle
+  card,   // exactly that size; a larger picture is cut, a smaller one is centred
   whole,  // all of it, no larger than it is and than that size
 };
 

@@ -66,7 +66,7 @@ class ClipboardModel : public QObject {
     Pasteboard& pasteboard;
     Workspace& workspace;
     Background background;
-    // For looking at files that may lie on a disk that never answers.
+    // For looking at files that may be on a disk that never answers.
     Background fileBackground;
     DelayedStep later;
     std::function<Instant()> now;
@@ -75,7 +75,7 @@ class ClipboardModel : public QObject {
   static constexpr Seconds undoWindow{6};
   static constexpr const char* ownBundleID = "dev.qorvin.ambrel";
 
-  // What lies on the pasteboard by then is not recorded.
+  // What is on the pasteboard by then is not recorded.
   ClipboardModel(AppSettings& settings, std::filesystem::path folder, Calendar calendar, Seams seams,
                  QObject* parent = nullptr);
   ~ClipboardModel() override;
@@ -244,7 +244,7 @@ class ClipboardModel : public QObject {
   bool isReadOnly_ = false;  // another bar keeps the history
   // Copies that could not be taken over, newest first; until the program ends.
   std::vector<ClipRow> lost_;
-  // The change whose owner has gone before its contents had become a clip.
+  // The change whose owner quit before its contents became a clip.
   std::optional<std::int64_t> ownerlessChange_;
   int undoGeneration_ = 0;
   int writeGeneration_ = 0;

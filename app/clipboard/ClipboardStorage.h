@@ -54,7 +54,7 @@ class ClipboardStorage {
     PictureSize size;
   };
   void savePicture(Representation picture, std::function<void(std::optional<SavedPicture>)> done);
-  // The bytes of a picture; absent when the file has gone.
+  // The bytes of a picture; absent when the file is missing.
   void readPicture(const std::string& name, std::function<void(std::optional<std::string>)> done);
   // Deletes pictures that the library does not name any more, as soon as that library is on the disk. Those that
   // are in use again by then stay.

@@ -1,19 +1,20 @@
 import QtQuick
 import Ambrel.Clipboard
 import Ambrel.Kit
+import Ambrel.Model
 
 // How much the history holds, or the last copy in a few words. A click opens the shelf.
 TileFrame {
     id: root
 
     required property ClipboardModel clipboard
-    property bool hasPreview: false
-    property bool isOn: true
+    required property AppSettings settings
+    required property ClipboardArea area
+    readonly property bool isOn: settings.clipboardEnabled
     readonly property bool isEmpty: clipboard.count === 0
-    readonly property bool showsLatest: hasPreview && isOn && !isEmpty && span !== TileFrame.Small
+    readonly property bool showsLatest: settings.clipboardPreviewInBar && isOn && !isEmpty && span !== TileFrame.Small
 
-    name: qsTr("Clipboard")
-    symbol: "doc.on.clipboard"
+    onActivated: area.toggleShelf()
     fact: showsLatest ? clipboard.latestAge : ""
     value: showsLatest ? "" : !isOn ? qsTr("Off") : isEmpty ? qsTr("Empty") : clipboard.countText
     unit: showsLatest || !isOn || isEmpty || span === TileFrame.Small ? "" : clipboard.count === 1 ? qsTr("clip") : qsTr("clips")

@@ -1,13 +1,6 @@
 #include "app/context/WidgetContext.h"
 
 namespace ambrel {
-namespace {
-
-void carryOut(const std::map<QString, WidgetContext::TileAction>& actions, const QString& widget, const QString& item) {
-  if (const auto found = actions.find(widget); found != actions.end()) found->second(item);
-}
-
-}  // namespace
 
 WidgetContext::WidgetContext(const Models& models, QObject* parent) : QObject(parent), models_(models) {}
 
@@ -17,41 +10,56 @@ void WidgetContext::setWidgetsActive(bool active) {
   Q_EMIT widgetsActiveChanged();
 }
 
+Area* WidgetContext::area(const QString& name) const {
+  const auto found = areas_.find(name);
+  return found == areas_.end() ? nullptr : found->second;
+}
+
+void WidgetContext::setLockedWidgets(const QStringList& widgets) {
+  if (widgets == lockedWidgets_) return;
+  lockedWidgets_ = widgets;
+  Q_EMIT lockedWidgetsChanged();
+}
+
 void WidgetContext::showToast(const QString& title, const QString& detail, const QString& symbol) const {
-  if (onShowToast) onShowToast(title, detail, symbol);
+  if (actions.showToast) actions.showToast(title, detail, symbol);
 }
 
-void WidgetContext::toggleCustomize() const {
-  if (onToggleCustomize) onToggleCustomize();
+void WidgetContext::copyText(const QString& text) const {
+  if (actions.copyText) actions.copyText(text);
 }
 
-void WidgetContext::setClickAction(const QString& widget, TileAction action) {
-  clickActions_[widget] = std::move(action);
+void WidgetContext::openCustomize() const {
+  if (actions.openCustomize) actions.openCustomize();
 }
 
-void WidgetContext::setSettingsAction(const QString& widget, TileAction action) {
-  settingsActions_[widget] = std::move(action);
+void WidgetContext::openSettings(const QString& tab) const {
+  if (actions.openSettings) actions.openSettings(tab);
 }
 
-void WidgetContext::setMenuCommand(const QString& widget, MenuCommand command) {
-  menuCommands_[widget] = std::move(command);
+void WidgetContext::chooseSettingsTab(const QString& tab) const {
+  if (actions.chooseSettingsTab) actions.chooseSettingsTab(tab);
 }
 
-const WidgetContext::MenuCommand* WidgetContext::menuCommand(const QString& widget) const {
-  const auto found = menuCommands_.find(widget);
-  return found == menuCommands_.end() ? nullptr : &found->second;
+void WidgetContext::openPurchasePage() const {
+  if (actions.openPurchasePage) actions.openPurchasePage();
 }
 
-void WidgetContext::activate(const QString& widget, const QString& item) const {
-  carryOut(clickActions_, widget, item);
+void WidgetContext::openPanel(const QString& widget, const QString& item, const QUrl& source,
+                              const QVariantMap& properties) const {
+  if (actions.openPanel) actions.openPanel(widget, item, source, properties);
 }
 
-void WidgetContext::openSettings(const QString& widget, const QString& item) const {
-  carryOut(settingsActions_, widget, item);
+void WidgetContext::openTileMenu(const QString& item, const QString& ownText, const QString& ownSymbol) const {
+  if (actions.openTileMenu) actions.openTileMenu(item, ownText, ownSymbol);
 }
 
-void WidgetContext::openTileMenu(const QString& item) const {
-  if (onOpenTileMenu) onOpenTileMenu(item);
+void WidgetContext::unlock(const QString& widget) const {
+  if (actions.unlock) actions.unlock(widget);
+}
+
+void WidgetContext::finishWelcome() const {
+  if (actions.finishWelcome) actions.finishWelcome();
 }
 
 QString WidgetContext::itemOf(const QString& widget) const {

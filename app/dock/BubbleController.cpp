@@ -57,7 +57,7 @@ void BubbleController::place() {
   const auto* panel = window_->rootObject()->property("panel").value<QQuickItem*>();
   if (!panel) return;
   PanelAnchor anchor = anchor_();
-  // Without a compositor the window is cut to one rectangle, and a tail would stand in a black strip.
+  // Without a compositor the window is cut to one rectangle, and a tail would be in a black strip.
   if (!style_.isCompositing()) anchor.tile = {};
   const QSize size(qCeil(panel->property("panelWidth").toReal()), qCeil(panel->property("panelHeight").toReal()));
   placement_ = placedBubble(size, anchor.tile, anchor.bar, anchor.screen, anchor.edge);

@@ -1,5 +1,5 @@
 #pragma once
-// Where Buddy's bubble stands beside the bar. Qt's coordinates: y grows downwards; logical pixels.
+// Where Buddy's bubble is placed beside the bar. Qt's coordinates: y grows downwards; logical pixels.
 
 #include <QRect>
 
@@ -17,9 +17,9 @@ struct BubblePlacement {
   friend bool operator==(const BubblePlacement&, const BubblePlacement&) = default;
 };
 
-// A bubble of `size`, without its tail, between the bar and the rest of `screen`. It lies over the bar rather than
+// A bubble of `size`, without its tail, between the bar and the rest of `screen`. It covers the bar rather than
 // beyond its ends, as near to the middle of `tile` as that and the screen allow. Without a tile to point at (empty)
-// it stands over the bar's middle and has no tail; nor has it one when the tile is out of the tail's reach.
+// it is placed over the bar's middle and has no tail; nor has it one when the tile is out of the tail's reach.
 BubblePlacement placedBubble(QSize size, const QRect& tile, const QRect& bar, const QRect& screen, DockEdge edge);
 
 }  // namespace ambrel

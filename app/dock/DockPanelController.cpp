@@ -165,6 +165,10 @@ void DockPanelController::revealForKeyboard() {
   reveal();
   if (!window_) return;
   hasKeyboard_ = true;
+  if (window_->isActive()) {
+    keyboardAnswered(true);
+    return;
+  }
   seams_.windowStyle.activate(*window_, [self = QPointer(this)](bool isActive) {
     if (self) self->keyboardAnswered(isActive);
   });
@@ -180,6 +184,7 @@ void DockPanelController::keyboardAnswered(bool isActive) {
   }
   keyboardFocusOf(engine_).setIsShown(true);
   if (window_->rootObject()) window_->rootObject()->forceActiveFocus(Qt::TabFocusReason);
+  Q_EMIT keyboardTaken();
 }
 
 void DockPanelController::leaveKeyboard() {

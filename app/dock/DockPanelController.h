@@ -84,7 +84,7 @@ class DockPanelController : public QObject {
   void holdingChanged();
   void setScale(qreal scale);
 
-  // For a panel that belongs to a slot; an empty id stands for the middle of the bar.
+  // For a panel that belongs to a slot; an empty id means the middle of the bar.
   PanelAnchor anchor(const QString& item) const;
 
   TileListModel* tiles() { return &tiles_; }
@@ -107,6 +107,8 @@ class DockPanelController : public QObject {
  Q_SIGNALS:
   void layoutChanged();
   void presentationChanged();
+  // The user has brought the keyboard to the bar, or has asked for it again.
+  void keyboardTaken();
 
  private:
   void makeWindow();

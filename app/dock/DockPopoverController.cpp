@@ -3,19 +3,32 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 
+#include "app/base/ItemMaker.h"
 #include "app/dock/PanelWindow.h"
 
 namespace ambrel {
 
-DockPopoverController::DockPopoverController(QQmlEngine& engine, WindowStyle& style, DelayedStep later,
-                                             PanelContent content, QObject* parent)
-    : QObject(parent), engine_(engine), style_(style), content_(std::move(content)), presentation_(std::move(later)) {
+DockPopoverController::DockPopoverController(QQmlEngine& engine, WidgetContext& context, WindowStyle& style,
+                                             DelayedStep later, PanelContent content, QObject* parent)
+    : QObject(parent),
+      engine_(engine),
+      context_(context),
+      style_(style),
+      content_(std::move(content)),
+      later_(std::move(later)),
+      presentation_(later_) {
   QQmlEngine::setObjectOwnership(&presentation_, QQmlEngine::CppOwnership);
   connect(&presentation_, &Presentation::changed, this, [this] {
     if (std::exchange(wasShown_, isShown()) != isShown()) Q_EMIT shownChanged();
   });
   connect(&presentation_, &Presentation::orderOut, this, [this] {
-    if (window_) window_->hide();
+    if (!window_) return;
+    window_->hide();
+    later_(keptFor, [this, generation = presentation_.generation()] {
+      if (generation != presentation_.generation() || isShown()) return;
+      item_.reset();
+      window_.reset();
+    });
   });
 }
 
@@ -24,20 +37,34 @@ DockPopoverController::~DockPopoverController() = default;
 QWindow* DockPopoverController::window() const { return window_.get(); }
 
 void DockPopoverController::makeWindow() {
+  QVariantMap properties = content_.properties;
+  properties.insert(QStringLiteral("presentation"), QVariant::fromValue(&presentation_));
+  // Closed at first, so that it does not come in before the window is there.
+  properties.insert(QStringLiteral("open"), false);
+  item_.reset(makeItem(engine_, content_.source, content_.models, properties));
+  // Some of what it shows comes only once it is open.
+  const auto follow = [this] {
+    if (isShown()) place(PanelAnchor(anchor_));
+  };
+  connect(item_.get(), &QQuickItem::implicitWidthChanged, this, follow);
+  connect(item_.get(), &QQuickItem::implicitHeightChanged, this, follow);
   window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::panel);
   if (!stays_) connect(window_.get(), &PanelWindow::leaveAsked, &presentation_, &Presentation::dismiss);
   window_->setInitialProperties({{QStringLiteral("presentation"), QVariant::fromValue(&presentation_)},
                                  {QStringLiteral("window"), QVariant::fromValue(window_.get())},
-                                 {QStringLiteral("contentSource"), content_.source},
-                                 {QStringLiteral("contentProperties"), content_.properties}});
+                                 {QStringLiteral("context"), QVariant::fromValue(&context_)},
+                                 {QStringLiteral("content"), QVariant::fromValue(item_.get())}});
   window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/PanelHost.qml")));
-  if (!onContentMade || !window_->rootObject()) return;
-  if (auto* content = window_->rootObject()->property("content").value<QObject*>()) onContentMade(*content);
+}
+
+QSize DockPopoverController::size() const {
+  return item_ ? QSizeF(item_->implicitWidth(), item_->implicitHeight()).toSize() : QSize();
 }
 
 void DockPopoverController::place(const PanelAnchor& anchor) {
+  anchor_ = anchor;
   if (!window_) return;
-  window_->setPanelFrame(panelFrame(content_.size, anchor.tile, anchor.bar, anchor.screen, anchor.edge),
+  window_->setPanelFrame(panelFrame(size(), anchor.tile, anchor.bar, anchor.screen, anchor.edge),
                          roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
 }
 
@@ -61,9 +88,7 @@ void DockPopoverController::toggle(const PanelAnchor& anchor) {
 
 void DockPopoverController::setProperty(const QString& name, const QVariant& value) {
   content_.properties[name] = value;
-  if (!window_ || !window_->rootObject()) return;
-  if (auto* content = window_->rootObject()->property("content").value<QObject*>())
-    content->setProperty(name.toUtf8().constData(), value);
+  if (item_) item_->setProperty(name.toUtf8().constData(), value);
 }
 
 }  // namespace ambrel

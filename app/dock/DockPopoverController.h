@@ -6,22 +6,26 @@
 #include <QVariantMap>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "app/base/Presentation.h"
+#include "app/context/WidgetContext.h"
 #include "app/dock/PanelGeometry.h"
 #include "platform/WindowStyle.h"
 
 class QQmlEngine;
+class QQuickItem;
 
 namespace ambrel {
 
 class PanelWindow;
 
-// What a panel shows. The properties are handed to the component, besides `presentation`.
+// What a panel shows. The component gets its models from the first of `models` that has a property of the wanted name,
+// then `properties`, and `presentation` if it asks for it. Its implicit size is that of the panel.
 struct PanelContent {
   QUrl source;
-  QVariantMap properties;
-  QSize size;
+  std::vector<const QObject*> models{};
+  QVariantMap properties{};
 };
 
 // Where it opens, in the window system's coordinates.
@@ -32,13 +36,15 @@ struct PanelAnchor {
   DockEdge edge = DockEdge::bottom;
 };
 
-// The window and what is in it are made at the first opening.
+// The window and what is in it are made when it opens, and freed when it has been closed for a while.
 class DockPopoverController : public QObject {
   Q_OBJECT
 
  public:
-  DockPopoverController(QQmlEngine& engine, WindowStyle& style, DelayedStep later, PanelContent content,
-                        QObject* parent = nullptr);
+  static constexpr Seconds keptFor{60};
+
+  DockPopoverController(QQmlEngine& engine, WidgetContext& context, WindowStyle& style, DelayedStep later,
+                        PanelContent content, QObject* parent = nullptr);
   ~DockPopoverController() override;
 
   // Shown, or about to be.
@@ -53,28 +59,31 @@ class DockPopoverController : public QObject {
   // opening.
   void setStays(bool stays) { stays_ = stays; }
   bool stays() const { return stays_; }
-  // From the next opening on.
-  void setSize(QSize size) { content_.size = size; }
   // Changes a property of what is shown, now or at the first opening.
   void setProperty(const QString& name, const QVariant& value);
 
-  // Called once with what the panel shows, when it has been made: the place to connect its signals.
-  std::function<void(QObject& content)> onContentMade;
-
   Presentation& presentation() { return presentation_; }
   QWindow* window() const;
+  // What it shows; null while there is no window.
+  QQuickItem* content() const { return item_.get(); }
 
  Q_SIGNALS:
   void shownChanged();
 
  private:
   void makeWindow();
+  QSize size() const;
 
   QQmlEngine& engine_;
+  WidgetContext& context_;
   WindowStyle& style_;
   PanelContent content_;
+  PanelAnchor anchor_;
+  DelayedStep later_;
   Presentation presentation_;
   std::unique_ptr<PanelWindow> window_;
+  // In the window, and to go before it.
+  std::unique_ptr<QQuickItem> item_;
   bool wasShown_ = false, stays_ = false;
 };
 

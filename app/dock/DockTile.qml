@@ -8,7 +8,6 @@ Item {
     id: root
 
     required property WidgetContext context
-    required property TileRegistry registry
     required property string item
     required property string widget
     required property string title
@@ -17,7 +16,9 @@ Item {
     required property bool isKnown
     required property rect frame
     required property int span
-    readonly property Item tile: loader.item as Item
+    // Untyped: the lint knows neither the script methods of lists of strings nor what only a tile has.
+    readonly property var lockedWidgets: context.lockedWidgets
+    readonly property var tile: host.tile
 
     // The keyboard has come to a tile that may be scrolled out of sight.
     signal revealAsked(rect frame)
@@ -36,42 +37,72 @@ Item {
         }
     }
 
-    Component {
-        id: placeholderTile
+    TileHost {
+        id: host
 
-        PlaceholderTile {
+        anchors.fill: parent
+        context: root.context
+        widget: root.widget
+        span: root.span
+        live: root.context.widgetsActive
+        isLocked: root.lockedWidgets.includes(root.widget)
+    }
+    Loader {
+        anchors.fill: parent
+        active: host.tile === null
+        sourceComponent: PlaceholderTile {
+            id: standIn
+
             name: root.title
             symbol: root.symbol
             description: root.description
             isKnown: root.isKnown
+            span: root.span
+            onMenuRequested: {
+                Tips.leave(standIn);
+                root.context.openTileMenu(root.item, "", "");
+            }
+            onActiveFocusChanged: if (activeFocus)
+                root.revealAsked(root.frame)
         }
-    }
-
-    Loader {
-        id: loader
-
-        anchors.fill: parent
-        sourceComponent: root.registry.tiles[root.widget] || placeholderTile
-        onLoaded: item.span = Qt.binding(() => root.span)
     }
 
     Connections {
-        target: loader.item
+        target: host.tile
         ignoreUnknownSignals: true
 
-        function onClicked() {
-            root.context.activate(root.widget, root.item);
+        function onPanelAsked() {
+            root.context.openPanel(root.widget, root.item, root.tile.panel, root.tile.panelProperties);
         }
-        function onSettingsRequested() {
-            root.context.openSettings(root.widget, root.item);
+        function onSettingsAsked() {
+            root.context.openPanel(root.widget, root.item, root.tile.settingsPanel, root.tile.panelProperties);
+        }
+        function onUnlockAsked() {
+            root.context.unlock(root.widget);
+        }
+        function onCopyAsked(text: string) {
+            root.context.copyText(text);
         }
         function onMenuRequested() {
-            Tips.leave(root.tile);
-            root.context.openTileMenu(root.item);
+            Tips.leave(host.tile);
+            root.context.openTileMenu(root.item, root.tile.menuText, root.tile.menuSymbol);
         }
         function onActiveFocusChanged() {
             if (root.tile.activeFocus)
                 root.revealAsked(root.frame);
+        }
+    }
+    Connections {
+        target: root.context
+
+        // Somebody else does what a click would.
+        function onActivationAsked(item: string) {
+            if (item === root.item && root.tile)
+                root.tile.clicked();
+        }
+        function onMenuCommandChosen(item: string) {
+            if (item === root.item && root.tile)
+                root.tile.menuChosen();
         }
     }
 }

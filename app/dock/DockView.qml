@@ -11,14 +11,10 @@ FocusScope {
     required property WidgetContext context
     readonly property bool isRow: controller.edge === "bottom"
     readonly property rect slabFrame: controller.slab
-    readonly property real offset: (1 - spring.value) * hiddenOffset
+    // Without a compositor the ground that the slab leaves free would be black: the bar is there, or it is not.
+    readonly property real offset: controller.isCompositing ? (1 - spring.value) * hiddenOffset : 0
     // How far the slab has to go to be beyond the edge.
     readonly property real hiddenOffset: isRow ? height - slabFrame.y : controller.edge === "left" ? -(slabFrame.x + slabFrame.width) : width - slabFrame.x
-
-    TileRegistry {
-        id: tileRegistry
-        context: root.context
-    }
 
     Accessible.role: Accessible.ToolBar
     Accessible.name: qsTr("Tilebay")
@@ -81,7 +77,7 @@ FocusScope {
             onContentXChanged: root.controller.scrollOffset = root.isRow ? contentX : contentY
             onContentYChanged: root.controller.scrollOffset = root.isRow ? contentX : contentY
 
-            opacity: root.controller.isContentShown || !root.controller.isOnScreen ? 1 : 0
+            opacity: root.controller.isContentShown || !root.controller.isOnScreen || !root.controller.isCompositing ? 1 : 0
 
             Behavior on opacity {
                 NumberAnimation {
@@ -114,7 +110,6 @@ FocusScope {
 
                     DockTile {
                         context: root.context
-                        registry: tileRegistry
                         onRevealAsked: frame => {
                             if (root.isRow)
                                 flick.contentX = Math.max(Math.min(flick.contentX, frame.x - Theme.space2), frame.x + frame.width + Theme.space2 - slab.width);

@@ -22,6 +22,6 @@ Row {
     Button {
         anchors.verticalCenter: parent.verticalCenter
         text: qsTr("Customize…")
-        onClicked: root.context.toggleCustomize()
+        onClicked: root.context.openCustomize()
     }
 }

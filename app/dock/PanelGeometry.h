@@ -1,5 +1,5 @@
 #pragma once
-// Where a panel stands beside the bar. Qt's coordinates: y grows downwards; logical pixels.
+// Where a panel is placed beside the bar. Qt's coordinates: y grows downwards; logical pixels.
 
 #include <QRect>
 

@@ -1,45 +1,79 @@
 import QtQuick
 import Ambrel.Base
+import Ambrel.Context
 import Ambrel.Dock
 
-// Puts what a panel shows where the panel stands in its window. The content is a Popover: it moves in and out by
-// its `open`, and asks to be closed.
+// Puts what a panel shows at the panel's place in its window, and carries out what it asks for. The content is a
+// Popover or a menu: it moves in and out by its `open`, and asks to be closed.
 FocusScope {
     id: root
 
     required property PanelWindow window
     required property Presentation presentation
-    required property url contentSource
-    required property var contentProperties
-    readonly property Item content: loader.item as Item
+    required property WidgetContext context
+    required property Item content
 
     focus: true
 
-    Loader {
-        id: loader
+    FocusScope {
+        id: place
 
         x: root.window.panelRect.x
         y: root.window.panelRect.y
         width: root.window.panelRect.width
         height: root.window.panelRect.height
         focus: true
-        onLoaded: {
-            // What the panel would have the keyboard on gets it.
-            item.focus = true;
-            item.open = Qt.binding(() => root.presentation.isContentShown);
-        }
-        // Closed at first, so that it does not come in before the window is there.
-        Component.onCompleted: setSource(root.contentSource, Object.assign({
-            open: false
-        }, root.contentProperties))
+        data: root.content ? [root.content] : []
+    }
+    Binding {
+        target: root.content
+        property: "width"
+        value: place.width
+    }
+    Binding {
+        target: root.content
+        property: "height"
+        value: place.height
+    }
+    Binding {
+        target: root.content
+        property: "open"
+        value: root.presentation.isContentShown
+    }
+    // What the panel would have the keyboard on gets it.
+    Binding {
+        target: root.content
+        property: "focus"
+        value: true
     }
 
     Connections {
-        target: loader.item
+        target: root.content
         ignoreUnknownSignals: true
 
         function onCloseRequested() {
             root.presentation.dismiss();
+        }
+        function onCopyAsked(text: string) {
+            root.context.copyText(text);
+        }
+        function onCustomizeAsked() {
+            root.context.openCustomize();
+        }
+        function onSettingsAsked(tab: string) {
+            root.context.openSettings(tab);
+        }
+        function onPurchaseAsked() {
+            root.context.openPurchasePage();
+        }
+        function onFinished() {
+            root.context.finishWelcome();
+        }
+        function onTabChosen(tab: string) {
+            root.context.chooseSettingsTab(tab);
+        }
+        function onCommandChosen(item: string) {
+            root.context.menuCommandChosen(item);
         }
     }
 }

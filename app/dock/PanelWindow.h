@@ -18,7 +18,7 @@ class PanelWindow : public QQuickView {
   Q_PROPERTY(QRect panelRect READ panelRect NOTIFY panelRectChanged)
 
  public:
-  // Around the panel; the shadow lies in it and clicks go through.
+  // Around the panel; the shadow is in it and clicks go through.
   static constexpr int shadowMargin = 48;
 
   PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role);

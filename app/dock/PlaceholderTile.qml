@@ -6,9 +6,7 @@ import Ambrel.Kit
 TileFrame {
     id: root
 
-    required property string description
     required property bool isKnown
-    readonly property bool isSmall: span === TileFrame.Small
 
     label: name + ", " + description
     tip: description

@@ -83,7 +83,7 @@ BarContent barContent(const std::vector<DockItem>& items, DockEdge edge, double 
   }
   const TileLayout layout = fittedTiles(requests, edge, maxLength / scale);
   for (std::size_t i = 0; i < layout.tiles.size(); ++i) {
-    // The layout reckons from the lower left corner.
+    // The layout counts from the lower left corner.
     const Rect& tile = layout.tiles[i];
     const double y = layout.height - tile.maxY();
     content.tiles[i].frame = {tile.x * scale, y * scale, tile.width * scale, tile.height * scale};

@@ -17,8 +17,10 @@ Menu {
     property string ownSymbol
     property bool open: false
 
+    implicitWidth: 216
+
     signal customizeAsked
-    signal ownChosen
+    signal commandChosen(string item)
 
     opacity: open ? 1 : 0
     onOpenChanged: if (open)
@@ -36,7 +38,7 @@ Menu {
         symbol: root.ownSymbol
         onClicked: {
             root.closeRequested();
-            root.ownChosen();
+            root.commandChosen(root.item);
         }
     }
     MenuRule {

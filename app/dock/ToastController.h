@@ -54,7 +54,7 @@ class ToastController : public QObject {
   // For the view: the message has had its time and fades; its button was pressed.
   Q_INVOKABLE void close();
   Q_INVOKABLE void act();
-  // Its text has been laid out anew.
+  // Its text was laid out again.
   Q_INVOKABLE void place();
 
   QWindow* window() const;

@@ -19,7 +19,7 @@ struct FocusSeams {
   std::function<Instant()> now;
 };
 
-// Asked before a reminder disturbs, as whether its tile stands on the bar.
+// Asked before a reminder disturbs, such as whether its tile is on the bar.
 using IsEnabled = std::function<bool()>;
 
 // Without a sound: the models sound by themselves.

@@ -13,7 +13,6 @@ TileFrame {
     property string widestFigure
     property color ink: Theme.ink
     property string detail
-    readonly property bool isSmall: span === TileFrame.Small
 
     signal controlPressed
 

@@ -80,7 +80,7 @@ Popover {
         }
         Button {
             visible: root.timer.isRunning || root.timer.isFinished
-            text: root.timer.isRunning ? qsTr("Cancel the timer") : qsTr("Put the timer away")
+            text: root.timer.isRunning ? qsTr("Cancel the timer") : qsTr("Clear the timer")
             onClicked: root.timer.cancel()
         }
     }

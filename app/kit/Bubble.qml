@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// What Buddy says: a panel whose tail points at the middle of his tile. Its children lie inside the padding.
+// What Buddy says: a panel whose tail points at the middle of his tile. Its children are inside the padding.
 FocusScope {
     id: root
 
@@ -11,7 +11,7 @@ FocusScope {
     property real tailAt: (tailSide === "bottom" ? width : height) / 2
     property int padding: Theme.space4
     readonly property int shadowMargin: 48
-    // How far it reaches beyond the panel, on whose line it lies.
+    // How far it reaches beyond the panel, whose border it continues.
     readonly property int tailReach: 13
     readonly property bool isTailBelow: tailSide === "bottom"
     readonly property bool isTailBeside: tailSide === "left" || tailSide === "right"

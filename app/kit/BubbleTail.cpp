@@ -40,7 +40,7 @@ void BubbleTail::setLineColor(const QColor& color) {
 void BubbleTail::paint(QPainter* painter) {
   painter->setRenderHint(QPainter::Antialiasing);
   painter->scale(width() / implicitWidth(), height() / implicitHeight());
-  // The upper edge, which lies on the bubble, comes to its right or its left.
+  // The upper edge, which touches the bubble, comes to its right or its left.
   if (side_ == QLatin1String("left"))
     painter->setTransform(QTransform(0, 1, -1, 0, depth, 0), true);
   else if (side_ == QLatin1String("right"))

@@ -60,7 +60,7 @@ void CurveRaster::addGround(const QList<QPointF>& points) {
   qsizetype segment = 0;
   const int last = std::min(width_ - 1, static_cast<int>(end));
   for (int x = std::max(0, static_cast<int>(begin)); x <= last; ++x) {
-    // The column is cut where the run begins or ends, and stands for what is in its middle.
+    // The column is cut where the run begins or ends, and represents what is in its middle.
     const qreal from = std::max<qreal>(x, begin), to = std::min<qreal>(x + 1, end);
     const int width = covered(static_cast<float>(to - from));
     if (width <= ground_[x].width) continue;

@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// The ring around its parent while the keyboard stands on it and is used.
+// The ring around its parent while it has the keyboard focus and the keyboard is used.
 Rectangle {
     id: root
 

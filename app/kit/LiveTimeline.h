@@ -36,7 +36,7 @@ class LiveTimeline : public QObject {
   QDateTime now() const { return now_; }
   void setClock(Clock clock) { clock_ = std::move(clock); }
 
-  // Ticks and sets the timer anew, as after a change of the clock or of the time zone.
+  // Ticks and restarts the timer, as after a change of the clock or of the time zone.
   Q_INVOKABLE void refresh();
   // How long the timer still runs, in milliseconds; absent when none does.
   std::optional<int> remaining() const;

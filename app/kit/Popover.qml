@@ -51,7 +51,7 @@ FocusScope {
         radius: root.radius
     }
 
-    // A click on the panel must not fall through to what lies below it.
+    // A click on the panel must not fall through to what is below it.
     TapHandler {
         gesturePolicy: TapHandler.ReleaseWithinBounds
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// Content taller than its place. It scrolls by wheel, by its bar, by keys, and to what the keyboard stands on.
+// Content taller than its place. It scrolls by wheel, by its bar, by keys, and to what has the keyboard focus.
 FocusScope {
     id: root
 

@@ -96,7 +96,7 @@ QImage shadowPatch(const ShadowKind& kind, QSize boxSize, int radius, bool dark)
     Mask blurred = boxMask(size, box.translated(0, layer.offset), radius);
     blur(blurred, gaussian(layer.blur / 2.0));
     const auto share = static_cast<float>(dark ? layer.darkAlpha : layer.lightAlpha);
-    // Layers lie over one another.
+    // Layers overlap.
     for (std::size_t i = 0; i < shadow.values.size(); ++i)
       shadow.values[i] += (1 - shadow.values[i]) * blurred.values[i] * share;
   }

@@ -30,7 +30,7 @@ struct ShadowKind {
 std::optional<ShadowKind> shadowKind(const QString& name);
 
 // The shadow around a box with corners of `radius`, `margin` pixels larger than the box on each side and empty where
-// the box itself lies. A side of `box` that is 0 may be of any length from 2 * `inset` + 1 on: the picture then has
+// the box itself is. A side of `box` that is 0 may be of any length from 2 * `inset` + 1 on: the picture then has
 // one pixel in its middle that is to be stretched.
 QImage shadowPatch(const ShadowKind& kind, QSize box, int radius, bool dark);
 

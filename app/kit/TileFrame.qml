@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Kit
 
 // A tile of the bar: its ground, its states and its rows. A tile of text needs its properties alone; what else it
-// shows, a sparkline or a ring, goes into it as children, which lie over the padded area.
+// shows, a sparkline or a ring, goes into it as children, on the padded area.
 Pressable {
     id: root
 
@@ -13,9 +13,34 @@ Pressable {
         ExtraLarge
     }
 
+    // What the catalogue says of the widget; the bar sets it.
+    property string title
+    property string shortTitle: title
+    property string description
+    property string widgetSymbol
+    property string symbol: widgetSymbol
     property int span: TileFrame.Medium
-    property string symbol
-    property string name
+    readonly property bool isSmall: span === TileFrame.Small
+    readonly property bool isMedium: span === TileFrame.Medium
+    readonly property bool isNarrow: isSmall || isMedium
+    readonly property bool isWide: !isNarrow
+    readonly property string caption: isNarrow ? shortTitle : title
+    property string name: caption
+    // Whether somebody can see the tile.
+    property bool live: false
+
+    // What a click opens, and what the settings of the tile are: `Qt.resolvedUrl("WaterPanel.qml")`. A panel takes its
+    // models from the tile's area by their names, and what `panelProperties` adds. A tile that has neither answers
+    // `activated`.
+    property url panel
+    property url settingsPanel
+    property var panelProperties: ({})
+    // A command of its own in the tile's menu.
+    property string menuText
+    property string menuSymbol
+    // Needs a licence that is not there.
+    property bool isLocked: false
+
     // At the right edge of the caption, such as an age.
     property string fact
     property string value
@@ -25,9 +50,9 @@ Pressable {
     property TextRole valueRole: Theme.value
     property color valueColor: Theme.ink
     property string subLine
-    // Free space at the right of value and sub-line, for a child that stands there.
+    // Free space at the right of value and sub-line, for a child to use.
     property real reserved: 0
-    property bool hasHeader: span !== TileFrame.Small
+    property bool hasHeader: !isSmall
     property bool hasCaptionSymbol: true
     // Why there is nothing to show, in words; empty when there is.
     property string problem
@@ -37,13 +62,29 @@ Pressable {
     readonly property bool isStale: staleSince !== "" && !isUnavailable
     readonly property real markOpacity: isStale ? 0.5 : 1
     readonly property color figureColor: isStale ? Theme.ink2 : Theme.ink
-    // Where the value and the sub-line stand in the area, for what takes their place.
+    // Where the value and the sub-line are in the area, for what takes their place.
     readonly property real valueTop: Theme.caption.line
     readonly property real subLineTop: Theme.caption.line + Theme.value.line
-    readonly property alias area: area
+    readonly property alias inner: area
     default property alias content: area.data
 
     signal menuRequested(real x, real y)
+    signal activated
+    signal panelAsked
+    signal settingsAsked
+    signal unlockAsked
+    signal menuChosen
+    // A text for the clipboard.
+    signal copyAsked(string text)
+
+    onClicked: {
+        if (isLocked)
+            unlockAsked();
+        else if (String(panel) !== "")
+            panelAsked();
+        else
+            activated();
+    }
 
     readonly property string spoken: {
         let text = name;
@@ -61,7 +102,7 @@ Pressable {
     width: implicitWidth
     height: implicitHeight
     implicitHeight: Theme.tileHeight
-    implicitWidth: span === TileFrame.Small ? Theme.tileSmall : span === TileFrame.Medium ? Theme.tileMedium : span === TileFrame.Large ? Theme.tileLarge : Theme.tileExtraLarge
+    implicitWidth: isSmall ? Theme.tileSmall : span === TileFrame.Medium ? Theme.tileMedium : span === TileFrame.Large ? Theme.tileLarge : Theme.tileExtraLarge
     scale: down ? Theme.pressScale : 1
 
     Keys.onPressed: event => {
@@ -118,7 +159,7 @@ Pressable {
         anchors.fill: area
         active: root.isUnavailable || root.value !== "" || root.subLine !== ""
         sourceComponent: TileRows {
-            isSmall: root.span === TileFrame.Small
+            isSmall: root.isSmall
             symbol: root.symbol
             name: root.name
             value: root.value
@@ -140,9 +181,9 @@ Pressable {
         visible: !root.isUnavailable
         anchors {
             fill: parent
-            leftMargin: root.span === TileFrame.Small ? Theme.space1 : Theme.space3
+            leftMargin: root.isSmall ? Theme.space1 : Theme.space3
             rightMargin: anchors.leftMargin
-            topMargin: Math.round((parent.height - Theme.caption.line * 2 - Theme.value.line) / 2) - (root.span === TileFrame.Small ? 2 : 0)
+            topMargin: Math.round((parent.height - Theme.caption.line * 2 - Theme.value.line) / 2) - (root.isSmall ? 2 : 0)
             bottomMargin: anchors.topMargin
         }
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// The value and the sub-line of a tile, or in their place what is wrong and why. In a small tile they stand in the
+// The value and the sub-line of a tile, or in their place what is wrong and why. In a small tile they are in the
 // middle, under the symbol.
 Item {
     id: root

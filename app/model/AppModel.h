@@ -1,5 +1,5 @@
 #pragma once
-// The profiles, the displays, and which profile stands on the bar.
+// The profiles, the displays, and which profile is on the bar.
 
 #include <QObject>
 #include <QString>
@@ -16,7 +16,7 @@
 
 namespace ambrel {
 
-// Every edit is saved at once; a save that fails is logged, and the change stands in memory. Ids travel to and from
+// Every edit is saved at once; a save that fails is logged, and the change is kept in memory. Ids travel to and from
 // QML as texts; one that is no id matches nothing.
 class AppModel : public QObject {
   Q_OBJECT
@@ -65,7 +65,7 @@ class AppModel : public QObject {
   // To be called at each change of the screens. No screens at all are a passing state and change nothing.
   void refreshDisplays();
 
-  // For QML. An empty `beforeItemID` stands for the end, an empty trigger for never.
+  // For QML. An empty `beforeItemID` means the end, an empty trigger means never.
   Q_INVOKABLE void addWidget(const QString& widget, const QString& profileID, const QString& beforeItemID = {});
   Q_INVOKABLE void removeWidget(const QString& widget, const QString& profileID);
   Q_INVOKABLE void moveItem(const QString& itemID, const QString& targetID, const QString& profileID);
@@ -74,7 +74,7 @@ class AppModel : public QObject {
   Q_INVOKABLE QString addProfile(const QString& name, const QString& trigger);
   Q_INVOKABLE void deleteProfile(const QString& id);
   Q_INVOKABLE void renameProfile(const QString& id, const QString& name);
-  // Whether a widget stands in the active profile.
+  // Whether a widget is in the active profile.
   Q_INVOKABLE bool isOnBar(const QString& widget) const;
 
   ProfileListModel* profileList() { return &profileList_; }

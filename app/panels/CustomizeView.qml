@@ -9,7 +9,7 @@ Popover {
 
     required property AppModel model
     required property GalleryModel gallery
-    // Makes a tile for { widget, span }; without one, cards with symbol and title stand in the gallery.
+    // Makes a tile for { widget, span }; without one, the gallery shows cards with symbol and title.
     property Component tilePreview: null
     property string hint: qsTr("Click a tile to put it on the bar or to take it off.")
 

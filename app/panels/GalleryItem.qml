@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// One widget of the gallery: its tile as it stands on the bar, or a card in its place, and the mark that says whether
+// One widget of the gallery: its tile as it is on the bar, or a card in its place, and the mark that says whether
 // it is on the bar. A click toggles it.
 Pressable {
     id: root

@@ -14,7 +14,7 @@ Pressable {
     property bool canBeRemoved: true
     readonly property color ink: isActive ? Theme.blue.text : Theme.ink2
 
-    // Its name is being typed anew.
+    // Its name is being edited.
     property bool isRenaming: false
 
     signal removalWanted

@@ -9,7 +9,7 @@ SettingsPage {
 
         SettingChoice {
             title: qsTr("Edge of the screen")
-            detail: qsTr("Where the bar stands")
+            detail: qsTr("Where the bar is")
             options: [qsTr("Left"), qsTr("Bottom"), qsTr("Right")]
             values: ["left", "bottom", "right"]
             value: root.settings.dockEdge
@@ -17,7 +17,7 @@ SettingsPage {
         }
         SettingSwitch {
             title: qsTr("Always show the bar")
-            detail: qsTr("Off, it comes when the pointer reaches its edge")
+            detail: qsTr("When off, it appears when the pointer reaches its edge")
             checked: root.settings.barAlwaysVisible
             onToggled: checked => root.settings.barAlwaysVisible = checked
         }

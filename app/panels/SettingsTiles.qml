@@ -4,19 +4,19 @@ import Ambrel.Kit
 SettingsPage {
     id: root
 
-    signal customizeWanted
+    signal customizeAsked
 
     Section {
         width: parent.width
 
         SectionRow {
             title: qsTr("Tiles and profiles")
-            detail: qsTr("Choose what stands on the bar, and when")
+            detail: qsTr("Choose what is on the bar, and when")
 
             Button {
                 text: qsTr("Customize…")
                 symbol: "square.grid.2x2"
-                onClicked: root.customizeWanted()
+                onClicked: root.customizeAsked()
             }
         }
         SettingSwitch {

@@ -62,7 +62,7 @@ Popover {
     readonly property int index: Math.max(0, tabs.findIndex(entry => entry.name === root.tab))
 
     signal tabChosen(string tab)
-    signal customizeWanted
+    signal customizeAsked
 
     implicitWidth: 760
     implicitHeight: 480
@@ -132,8 +132,8 @@ Popover {
         target: page.item
         ignoreUnknownSignals: true
 
-        function onCustomizeWanted() {
-            root.customizeWanted();
+        function onCustomizeAsked() {
+            root.customizeAsked();
         }
     }
 }

@@ -5,7 +5,7 @@ import Ambrel.Kit
 Popover {
     id: root
 
-    signal purchaseWanted
+    signal purchaseAsked
 
     implicitWidth: 400
     implicitHeight: 336
@@ -84,7 +84,7 @@ Popover {
             focus: true
             kind: Button.Primary
             text: qsTr("Buy Tilebay Pro…")
-            onClicked: root.purchaseWanted()
+            onClicked: root.purchaseAsked()
         }
     }
 }

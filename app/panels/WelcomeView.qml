@@ -5,7 +5,12 @@ import Ambrel.Kit
 Popover {
     id: root
 
-    signal customizeWanted
+    signal customizeAsked
+    // The user has gone through it.
+    signal finished
+
+    onCloseRequested: finished()
+    onCustomizeAsked: finished()
 
     implicitWidth: 480
     implicitHeight: 500
@@ -82,7 +87,7 @@ Popover {
             size: 36
             kind: Button.Quiet
             text: qsTr("Choose tiles…")
-            onClicked: root.customizeWanted()
+            onClicked: root.customizeAsked()
         }
         Button {
             size: 36

@@ -8,7 +8,7 @@ FocusScope {
     id: root
 
     required property ClipboardModel clipboard
-    // The keyboard stands in the search and acts on the present card.
+    // The keyboard focus is in the search and acts on the present card.
     property bool isSearching: false
     // The keys come faster than the row glides: it follows at once, or the present card would be out of view.
     property bool isHurried: false

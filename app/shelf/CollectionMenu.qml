@@ -12,7 +12,7 @@ Menu {
     readonly property bool isCentred: false
     readonly property bool hangsLeft: false
     readonly property int mostShown: 5
-    // Counts up when a collection was chosen, so that the check marks are asked for anew.
+    // Counts up when a collection was chosen, so that the check marks are read again.
     property int turn: 0
 
     signal nameAsked

@@ -14,7 +14,7 @@ bool isInZone(Point pointer, const std::vector<ScreenInfo>& screens) {
   const auto screen =
       std::ranges::find_if(screens, [&](const ScreenInfo& one) { return one.frame.contains(pointer, true); });
   if (screen == screens.end()) return false;
-  // Another program's panel stands at that edge, and has its own use for a pointer there.
+  // Another program's panel is at that edge, and has its own use for a pointer there.
   if (screen->visibleFrame.maxY() < screen->frame.maxY()) return false;
   const double reach = screen->frame.width * EdgeDwell::share / 2;
   return screen->frame.maxY() - pointer.y <= EdgeDwell::depth && std::abs(pointer.x - screen->frame.midX()) <= reach;

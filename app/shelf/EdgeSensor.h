@@ -1,6 +1,6 @@
 #pragma once
-// Notices a pointer that rests at the middle of a screen's upper edge. No window stands there, so clicks reach what
-// lies below.
+// Notices a pointer that rests at the middle of a screen's upper edge. There is no window, so clicks reach what
+// is below.
 
 #include <QObject>
 #include <QTimer>

@@ -84,7 +84,7 @@ class ShelfPanelController : public QObject {
  Q_SIGNALS:
   void shownChanged();
   void settingsAsked();
-  // It has just been opened: the view begins anew.
+  // It has just been opened: the view starts over.
   void opened();
 
  private:

@@ -5,7 +5,7 @@ import Ambrel.Dock
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// The shelf: it slides out of the upper edge of the screen. The keyboard stands on a card; what is typed searches.
+// The shelf: it slides out of the upper edge of the screen. The keyboard focus is on a card; what is typed searches.
 FocusScope {
     id: root
 
@@ -54,7 +54,7 @@ FocusScope {
     Item {
         id: panel
 
-        // The part of the ground that lies beyond the edge of the screen.
+        // The part of the ground beyond the edge of the screen.
         readonly property real overhang: Math.max(0, -root.window.panelRect.y)
 
         x: root.window.panelRect.x
@@ -73,7 +73,7 @@ FocusScope {
         HoverHandler {
             onHoveredChanged: root.controller.setPointerInside(hovered)
         }
-        // A click on the panel must not fall through to what lies below it.
+        // A click on the panel must not fall through to what is below it.
         TapHandler {
             gesturePolicy: TapHandler.ReleaseWithinBounds
         }

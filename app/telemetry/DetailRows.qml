@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Telemetry
 
-// Names at the left, what they stand for at the right.
+// Names at the left, their values at the right.
 Column {
     id: root
 

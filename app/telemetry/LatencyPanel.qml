@@ -6,7 +6,7 @@ import Ambrel.Telemetry
 Popover {
     id: root
 
-    required property LiveModels live
+    required property LiveModels readings
 
     title: qsTr("Latency")
     symbol: "waveform.path.ecg"
@@ -18,7 +18,7 @@ Popover {
         label: qsTr("Ask again")
         symbol: "arrow.clockwise"
         focus: true
-        onClicked: root.live.refreshLatency()
+        onClicked: root.readings.refreshLatency()
     }
 
     Sparkline {
@@ -28,8 +28,8 @@ Popover {
         width: parent.width - 2 * Theme.space4
         height: 72
         capacity: 20
-        maximum: root.live.latency.ceiling
-        values: root.live.latency.history
+        maximum: root.readings.latency.ceiling
+        values: root.readings.latency.history
     }
     DetailRows {
         id: details
@@ -37,7 +37,7 @@ Popover {
         width: parent.width - 2 * Theme.space4
         anchors.top: chart.bottom
         anchors.topMargin: Theme.space3
-        rows: root.live.latencyRows
+        rows: root.readings.latencyRows
     }
     Label {
         x: Theme.space4

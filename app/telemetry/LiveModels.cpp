@@ -149,6 +149,17 @@ void LiveModels::setShown(std::set<DockWidget> widgets, bool areActive, Instant 
   tick(now);
 }
 
+SamplerBase* LiveModels::sampler(const QString& part) {
+  const std::pair<const char*, SamplerBase*> parts[] = {{"topApps", &topApps_},
+                                                        {"pressure", &pressure_},
+                                                        {"addresses", &addresses_},
+                                                        {"power", &power_},
+                                                        {"batteryHealth", &batteryHealth_}};
+  for (const auto& [name, sampler] : parts)
+    if (part == QLatin1String(name)) return sampler;
+  return nullptr;
+}
+
 LiveModels::Need LiveModels::require(SamplerBase& sampler, Seconds interval) {
   auto need = std::make_shared<const Seconds>(interval);
   for (Entry& entry : entries_)
@@ -176,7 +187,7 @@ void LiveModels::noticeBattery() {
 
 void LiveModels::publishVolumes() {
   const auto list = volumes_.value().value_or(std::vector<VolumeInfo>{});
-  // What has gone needs no word any more, and after a while what has stayed does not either.
+  // A drive that is gone needs no message, and after a while neither does one that stayed.
   const Seconds now = seams_.readings.sinceBoot();
   std::erase_if(ejects_, [&](const auto& entry) {
     const auto& [url, eject] = entry;

@@ -40,7 +40,7 @@ struct LiveSeams {
   std::function<Instant()> now;
 };
 
-// `tick` is called every 2 seconds. A sampler reads while a tile that shows it stands on the bar and can be seen, or
+// `tick` is called every 2 seconds. A sampler reads while a tile that shows it is on the bar and can be seen, or
 // while somebody holds a need for it; otherwise its part is left alone.
 class LiveModels : public QObject {
   Q_OBJECT
@@ -82,16 +82,18 @@ class LiveModels : public QObject {
   // Keeps a sampler reading, tile or none, as long as the need is held: for rules, and for panels.
   using Need = std::shared_ptr<const Seconds>;
   [[nodiscard]] Need require(SamplerBase& sampler, Seconds interval);
+  // Those that a panel may need, by the name of their function here; null for another name.
+  SamplerBase* sampler(const QString& part);
   void setDisplay(const std::optional<DisplayReading>& display) { displayText_.set(displayTile(display)); }
 
-  // Unmounts and powers down the drive with this row; what came of it stands in the row.
+  // Unmounts and powers down the drive with this row; the result is shown in the row.
   Q_INVOKABLE void eject(const QString& url);
   // That of the first row, which the tile shows.
   Q_INVOKABLE void ejectFirst();
   // Asks again now, whatever the rhythm.
   Q_INVOKABLE void refreshLatency();
   // The address to copy; empty while there is none.
-  QString addressToCopy() const;
+  Q_INVOKABLE QString addressToCopy() const;
   // An eject came to an end, well or not; for what speaks of it beyond the row.
   std::function<void(const QString& name, const EjectResult& result)> onEjected;
 

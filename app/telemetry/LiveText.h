@@ -53,7 +53,7 @@ class LiveText : public QObject {
   Q_PROPERTY(QString help READ help NOTIFY changed FINAL)
   // All of it in one line, for who cannot see it.
   Q_PROPERTY(QString spoken READ spoken NOTIFY changed FINAL)
-  // The value with its unit, where they stand in one text.
+  // The value with its unit, where they are one text.
   Q_PROPERTY(QString figure READ figure NOTIFY changed FINAL)
   // 0 to 100; not a number while unknown.
   Q_PROPERTY(qreal percent READ percent NOTIFY changed FINAL)

@@ -2,19 +2,18 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Telemetry
 
-// A tile of one live reading. Where there are no figures, what it says instead stands in two lines under the caption.
+// A tile of one live reading. Where there are no figures, its message takes two lines under the caption.
 TileFrame {
     id: root
 
-    required property LiveText reading
-    readonly property bool isSmall: span === TileFrame.Small
+    property LiveText reading
     readonly property bool hasMessage: reading.message !== ""
     // The value in the colour of its level.
     readonly property color levelColor: reading.level === 0 ? Theme.ink : reading.level === 1 ? Theme.orange.text : Theme.red.text
     // Off where a tile draws its figures itself.
     property bool hasFigures: true
 
-    // In a small tile the value stands in two lines under the symbol.
+    // In a small tile the value takes two lines under the symbol.
     property bool wrapsInSmall: false
     readonly property bool isWrapped: isSmall && wrapsInSmall && !hasMessage && reading.shortMessage !== ""
 
@@ -24,7 +23,7 @@ TileFrame {
     subLine: hasMessage || !hasFigures || isWrapped ? "" : reading.subLine
     fact: reading.fact
     tip: reading.tip
-    label: name + ", " + reading.spoken
+    label: title + ", " + reading.spoken
 
     Symbol {
         visible: root.isWrapped
@@ -49,8 +48,8 @@ TileFrame {
     Label {
         visible: root.hasMessage && !root.isSmall
         y: Theme.caption.line + 1
-        width: root.area.width
-        height: root.area.height - y
+        width: root.inner.width
+        height: root.inner.height - y
         text: root.reading.message
         role: Theme.smallMedium
         color: root.reading.level === 0 ? Theme.ink2 : root.levelColor

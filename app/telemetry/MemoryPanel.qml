@@ -1,14 +1,13 @@
 import QtQuick
 import Ambrel.Kit
 import Ambrel.Telemetry
-import Ambrel.Widgets
 
 // Memory in use, and how hard it is pressed.
 Popover {
     id: root
 
     required property SystemMonitor system
-    required property LiveModels live
+    required property LiveModels readings
 
     title: qsTr("Memory")
     symbol: "memorychip"
@@ -17,11 +16,16 @@ Popover {
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: root.live.pressure.message === "" ? root.live.pressure.value : root.live.pressure.message
+        text: root.readings.pressure.message === "" ? root.readings.pressure.value : root.readings.pressure.message
         role: Theme.small
-        color: root.live.pressure.level === 0 ? Theme.ink2 : root.live.pressure.level === 1 ? Theme.orange.text : Theme.red.text
+        color: root.readings.pressure.level === 0 ? Theme.ink2 : root.readings.pressure.level === 1 ? Theme.orange.text : Theme.red.text
     }
 
+    LiveNeed {
+        readings: root.readings
+        parts: ["pressure"]
+        active: root.open
+    }
     Column {
         id: column
         x: Theme.space4
@@ -44,12 +48,12 @@ Popover {
         Label {
             width: parent.width
             visible: text !== ""
-            text: root.live.pressure.subLine
+            text: root.readings.pressure.subLine
             role: Theme.body
         }
         Label {
             width: parent.width
-            text: root.live.pressure.help
+            text: root.readings.pressure.help
             role: Theme.small
             color: Theme.ink2
             wrapMode: Text.WordWrap

@@ -1,6 +1,6 @@
 import QtQuick
 import Ambrel.Kit
-import Ambrel.Widgets
+import Ambrel.Telemetry
 
 // Both directions of the network on one scale.
 Item {

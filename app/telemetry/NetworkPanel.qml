@@ -1,14 +1,13 @@
 import QtQuick
 import Ambrel.Kit
 import Ambrel.Telemetry
-import Ambrel.Widgets
 
 // The network's last minute, and the addresses of this computer.
 Popover {
     id: root
 
     required property SystemMonitor system
-    required property LiveModels live
+    required property LiveModels readings
 
     signal copyAsked(text: string)
 
@@ -36,6 +35,11 @@ Popover {
         }
     }
 
+    LiveNeed {
+        readings: root.readings
+        parts: ["addresses"]
+        active: root.open
+    }
     NetworkCurves {
         id: chart
         x: Theme.space4
@@ -48,7 +52,7 @@ Popover {
         width: parent.width
         anchors.top: chart.bottom
         anchors.topMargin: Theme.space4
-        visible: root.live.addressRows.count === 0
+        visible: root.readings.addressRows.count === 0
         symbol: "network"
         title: qsTr("Not connected")
         sentence: qsTr("The addresses of this computer appear here.")
@@ -64,7 +68,7 @@ Popover {
         }
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: root.live.addressRows
+        model: root.readings.addressRows
 
         delegate: ListRow {
             id: row

@@ -6,14 +6,19 @@ import Ambrel.Telemetry
 Popover {
     id: root
 
-    required property LiveModels live
-    readonly property LiveText battery: live.battery
+    required property LiveModels readings
+    readonly property LiveText battery: readings.battery
 
     title: qsTr("Power")
     symbol: "bolt.fill"
     implicitWidth: 340
     implicitHeight: 288
 
+    LiveNeed {
+        readings: root.readings
+        parts: ["power", "batteryHealth"]
+        active: root.open
+    }
     Meter {
         id: meter
         visible: !isNaN(root.battery.percent)
@@ -39,15 +44,15 @@ Popover {
         visible: meter.visible
         anchors.top: meter.bottom
         anchors.topMargin: Theme.space3
-        rows: root.live.powerRows
+        rows: root.readings.powerRows
     }
     Label {
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.space3
-        visible: meter.visible && root.live.batteryHealth.help !== ""
-        text: root.live.batteryHealth.help
+        visible: meter.visible && root.readings.batteryHealth.help !== ""
+        text: root.readings.batteryHealth.help
         role: Theme.small
         color: Theme.ink2
         wrapMode: Text.WordWrap

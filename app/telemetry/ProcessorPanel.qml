@@ -1,14 +1,13 @@
 import QtQuick
 import Ambrel.Kit
 import Ambrel.Telemetry
-import Ambrel.Widgets
 
 // The processor's last minute, and who keeps it busy.
 Popover {
     id: root
 
     required property SystemMonitor system
-    required property LiveModels live
+    required property LiveModels readings
 
     title: qsTr("Processor")
     symbol: "cpu"
@@ -22,6 +21,11 @@ Popover {
         color: Theme.ink2
     }
 
+    LiveNeed {
+        readings: root.readings
+        parts: ["topApps"]
+        active: root.open
+    }
     Sparkline {
         id: chart
         x: Theme.space4
@@ -46,8 +50,8 @@ Popover {
         width: parent.width - 2 * Theme.space4
         anchors.top: heading.bottom
         anchors.topMargin: Theme.space2
-        visible: root.live.topAppRows.count === 0
-        text: root.live.topApps.message === "" ? qsTr("Measuring…") : root.live.topApps.message
+        visible: root.readings.topAppRows.count === 0
+        text: root.readings.topApps.message === "" ? qsTr("Measuring…") : root.readings.topApps.message
         role: Theme.body
         color: Theme.ink2
     }
@@ -65,7 +69,7 @@ Popover {
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         focus: true
-        model: root.live.topAppRows
+        model: root.readings.topAppRows
         Accessible.role: Accessible.List
         Accessible.name: heading.text
 

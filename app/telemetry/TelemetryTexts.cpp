@@ -143,7 +143,7 @@ TileReading latencyTile(const Calendar& calendar, const Sampled<LatencyCheck>& c
   const auto [figure, unit] = span(calendar, last);
   tile.value = figure;
   tile.unit = unit;
-  // What is quick lies low.
+  // Quick answers are low in the curve.
   tile.ceiling = std::max(100.0, stats.maximum);
   tile.level = std::max(0, LatencyStats::level(last) - 1);
   const auto [average, averageUnit] = span(calendar, stats.average);

@@ -6,7 +6,7 @@ import Ambrel.Telemetry
 Popover {
     id: root
 
-    required property LiveModels live
+    required property LiveModels readings
 
     title: qsTr("Volumes")
     symbol: "externaldrive"
@@ -16,7 +16,7 @@ Popover {
     EmptyState {
         width: parent.width
         anchors.centerIn: parent
-        visible: root.live.volumeRows.count === 0
+        visible: root.readings.volumeRows.count === 0
         symbol: "externaldrive"
         title: qsTr("No external drives")
         sentence: qsTr("Connect a drive to see it here")
@@ -27,7 +27,7 @@ Popover {
         anchors.margins: Theme.space2
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: root.live.volumeRows
+        model: root.readings.volumeRows
 
         delegate: Item {
             id: row
@@ -97,7 +97,7 @@ Popover {
                 label: qsTr("Eject %1").arg(row.title)
                 visible: row.hasAction
                 enabled: !row.isBusy
-                onClicked: root.live.eject(row.rowId)
+                onClicked: root.readings.eject(row.rowId)
             }
         }
     }

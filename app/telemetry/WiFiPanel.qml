@@ -6,7 +6,7 @@ import Ambrel.Telemetry
 Popover {
     id: root
 
-    required property LiveModels live
+    required property LiveModels readings
 
     title: qsTr("Wi-Fi")
     symbol: "wifi"
@@ -16,9 +16,9 @@ Popover {
     EmptyState {
         width: parent.width
         anchors.centerIn: parent
-        visible: root.live.wifiRows.count === 0
+        visible: root.readings.wifiRows.count === 0
         symbol: "wifi.slash"
-        title: root.live.wifi.message
+        title: root.readings.wifi.message
         sentence: qsTr("The signal appears here once there is a connection.")
     }
     DetailRows {
@@ -26,7 +26,7 @@ Popover {
         x: Theme.space4
         y: Theme.space3
         width: parent.width - 2 * Theme.space4
-        rows: root.live.wifiRows
+        rows: root.readings.wifiRows
     }
     Label {
         x: Theme.space4
@@ -34,7 +34,7 @@ Popover {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.space3
         visible: details.rows.count > 0
-        text: root.live.wifi.help
+        text: root.readings.wifi.help
         role: Theme.small
         color: Theme.ink2
         wrapMode: Text.WordWrap

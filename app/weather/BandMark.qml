@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// Where a reading stands on a scale of bands: as many small bars as there are bands, lit up to its own.
+// Where a reading is on a scale of bands: as many small bars as there are bands, lit up to its own.
 Row {
     id: root
 

@@ -6,9 +6,13 @@ import Ambrel.Weather
 TileFrame {
     id: root
 
-    required property WeatherModel weather
-    // Whether somebody can see the tile.
-    property bool live: false
+    required property WeatherArea area
+    property WeatherModel weather: area.main
+
+    panel: Qt.resolvedUrl("WeatherPanel.qml")
+    panelProperties: ({
+            weather: weather
+        })
 
     problem: weather.problem
     staleSince: weather.texts.staleSince

@@ -248,7 +248,7 @@ void WeatherModel::search(const QString& text) {
   isSearching_ = takesFirst_ = false;
   if (searchText_.size() >= fewestLetters) {
     searchAt_ = now_() + typingPause;
-    // What stands there meanwhile stays, for those who type on.
+    // The present results stay meanwhile, for those who type on.
     if (found_.empty()) searchNote_ = tr("Searching…");
   } else {
     searchAt_.reset();

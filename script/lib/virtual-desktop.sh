@@ -194,7 +194,7 @@ vd_start() {
     esac
   fi
   if [ -n "$compositor" ]; then
-    # A file of our own: picom starts anew whenever its configuration is written to, and everybody writes to /dev/null.
+    # A file of our own: picom restarts whenever its configuration is written to, and everybody writes to /dev/null.
     : >"$vd_folder/picom.conf"
     vd_spawn picom picom --backend xrender --config "$vd_folder/picom.conf"
     vd_wait 10 vd_has_compositor || { vd_fail "picom did not start"; return 1; }

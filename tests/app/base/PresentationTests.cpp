@@ -1,8 +1,8 @@
-#include "app/base/Presentation.h"
-
 #include <QSignalSpy>
 #include <QTest>
 #include <deque>
+
+#include "app/base/Presentation.h"
 
 namespace ambrel {
 

@@ -1,8 +1,8 @@
-#include "app/base/RecordListModel.h"
-
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
+
+#include "app/base/RecordListModel.h"
 
 namespace ambrel {
 namespace {

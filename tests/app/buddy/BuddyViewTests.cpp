@@ -45,8 +45,11 @@ class BuddyViewTests : public QObject {
 
  private:
   static bool loadTile(Scene& scene, BuddyRoom& room) {
-    return scene.loadFile(QStringLiteral("qrc:/qt/qml/Ambrel/Buddy/BuddyWidget.qml"),
-                          {{QStringLiteral("center"), toVariant(*room.center)}, {QStringLiteral("span"), 0}});
+    return scene.loadFile(QStringLiteral("qrc:/qt/qml/Ambrel/Buddy/BuddyTile.qml"),
+                          {{QStringLiteral("center"), toVariant(*room.center)},
+                           {QStringLiteral("settings"), toVariant(*room.settings)},
+                           {QStringLiteral("title"), QStringLiteral("Dock Buddy")},
+                           {QStringLiteral("span"), 0}});
   }
   static bool loadBubble(Scene& scene, BuddyRoom& room) {
     keep({room.center.get()});
@@ -208,7 +211,7 @@ void BuddyViewTests::theInboxShowsWhyEachNoteCame() {
                            "Time for some water", "2 hrs"})
     QVERIFY2(texts.contains(QString::fromUtf8(text)), qPrintable(texts.join(u'|')));
   QVERIFY(!texts.contains(QStringLiteral("Why: The next glass of water is due.")));
-  QSignalSpy settings(scene.root(), SIGNAL(settingsAsked()));
+  QSignalSpy settings(scene.root(), SIGNAL(settingsAsked(QString)));
   click(scene, control(scene.root(), QStringLiteral("Change")));
   QCOMPARE(settings.count(), 1);
   click(scene, control(scene.root(), QStringLiteral("Mark all as read")));

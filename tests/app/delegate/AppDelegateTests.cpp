@@ -197,12 +197,12 @@ void AppDelegateTests::buddysTileOpensHisInbox() {
   Program program;
   program.delegate->launch();
   WidgetContext& context = *program.delegate->context();
-  context.activate("buddy", context.itemOf("buddy"));
+  Q_EMIT context.activationAsked(context.itemOf("buddy"));
   QVERIFY(program.delegate->inboxPanel()->isShown());
   // What he would say meanwhile can be read there.
   program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
   QVERIFY(!program.delegate->notices()->hasBubble());
-  context.activate("buddy", context.itemOf("buddy"));
+  Q_EMIT context.activationAsked(context.itemOf("buddy"));
   QVERIFY(!program.delegate->inboxPanel()->isShown());
   QCOMPARE(program.delegate->notices()->inbox()->newCount(), 0);
   QCOMPARE(program.warnings.take(), QStringList());

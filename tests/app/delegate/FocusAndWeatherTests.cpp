@@ -56,7 +56,7 @@ struct Desk : Program {
       identifiers.push_back(notification.identifier);
     return identifiers;
   }
-  FocusModels& focus() const { return *delegate->context()->focus(); }
+  FocusArea& focus() const { return *delegate->context()->focus(); }
 };
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
@@ -26,20 +27,12 @@ struct Fixture : ContextFixture {
                      .screen = QRect(0, 0, 1600, 900),
                      .edge = DockEdge::bottom};
   std::unique_ptr<DockPopoverController> panel;
-  int made = 0;
-  QObject* content = nullptr;
 
   Fixture() {
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     panel = std::make_unique<DockPopoverController>(
-        engine, windowStyle, steps.later(),
-        PanelContent{QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TileMenuView.qml")),
-                     {{QStringLiteral("model"), QVariant::fromValue(&model)}},
-                     menuSize});
-    panel->onContentMade = [this](QObject& object) {
-      ++made;
-      content = &object;
-    };
+        engine, context, windowStyle, steps.later(),
+        PanelContent{.source = QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TileMenuView.qml")), .models = {&context}});
   }
   void pass(double seconds) {
     now = advanced(now, Seconds(seconds));
@@ -54,7 +47,7 @@ class DockPopoverControllerTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void itIsMadeAtItsFirstOpening();
+  void itIsMadeAtItsOpeningAndFreedWhenItWasClosedForAWhile();
   void itOpensBesideItsTile_data();
   void itOpensBesideItsTile();
   void itComesAndGoesInSteps();
@@ -64,21 +57,33 @@ class DockPopoverControllerTests : public QObject {
   void aToastStandsAboveTheBarUntilItsTimeIsOver();
 };
 
-void DockPopoverControllerTests::itIsMadeAtItsFirstOpening() {
+void DockPopoverControllerTests::itIsMadeAtItsOpeningAndFreedWhenItWasClosedForAWhile() {
   Fixture f;
   QVERIFY(!f.panel->window());
   f.panel->close();
   QVERIFY(!f.panel->window());
   f.panel->toggle(f.anchor);
   QVERIFY(f.panel->isShown());
-  QCOMPARE(f.made, 1);
-  QVERIFY(f.content);
+  const QPointer<QQuickItem> first = f.panel->content();
+  QVERIFY(first);
   f.panel->toggle(f.anchor);
   QVERIFY(!f.panel->isShown());
+  f.pass(1);
+  f.pass(DockPopoverController::keptFor.count() - 2);
   f.panel->toggle(f.anchor);
-  QCOMPARE(f.made, 1);
+  QCOMPARE(f.panel->content(), first.data());
   QVERIFY(
       (f.windowStyle.prepared == std::vector<std::pair<QWindow*, WindowRole>>{{f.panel->window(), WindowRole::panel}}));
+  // Opened again, it outlives the time of the closing before.
+  f.pass(3);
+  QVERIFY(first);
+  f.panel->close();
+  f.pass(1);
+  f.pass(DockPopoverController::keptFor.count());
+  QVERIFY(!first);
+  QVERIFY(!f.panel->window());
+  f.panel->open(f.anchor);
+  QVERIFY(f.panel->content());
   QCOMPARE(f.warnings.take(), QStringList());
 }
 
@@ -116,13 +121,13 @@ void DockPopoverControllerTests::itComesAndGoesInSteps() {
   f.panel->open(f.anchor);
   QCOMPARE(shown.count(), 1);
   QVERIFY(f.panel->window()->isVisible());
-  QVERIFY(!f.content->property("open").toBool());
+  QVERIFY(!f.panel->content()->property("open").toBool());
   f.pass(0.07);
-  QVERIFY(f.content->property("open").toBool());
+  QVERIFY(f.panel->content()->property("open").toBool());
   QCOMPARE(shown.count(), 1);
   f.panel->close();
   QCOMPARE(shown.count(), 2);
-  QVERIFY(!f.content->property("open").toBool());
+  QVERIFY(!f.panel->content()->property("open").toBool());
   QVERIFY(f.panel->window()->isVisible());
   f.pass(0.36);
   QVERIFY(!f.panel->window()->isVisible());
@@ -133,16 +138,16 @@ void DockPopoverControllerTests::itComesAndGoesInSteps() {
   f.panel->open(f.anchor);
   f.pass(1);
   QVERIFY(f.panel->window()->isVisible());
-  QVERIFY(f.content->property("open").toBool());
+  QVERIFY(f.panel->content()->property("open").toBool());
 }
 
 void DockPopoverControllerTests::propertiesReachWhatIsShown() {
   Fixture f;
   f.panel->setProperty("item", "before");
   f.panel->open(f.anchor);
-  QCOMPARE(f.content->property("item").toString(), QString("before"));
+  QCOMPARE(f.panel->content()->property("item").toString(), QString("before"));
   f.panel->setProperty("item", "after");
-  QCOMPARE(f.content->property("item").toString(), QString("after"));
+  QCOMPARE(f.panel->content()->property("item").toString(), QString("after"));
 }
 
 void DockPopoverControllerTests::escapeAndAClickBesideItCloseIt() {
@@ -164,7 +169,7 @@ void DockPopoverControllerTests::escapeAndAClickBesideItCloseIt() {
 void DockPopoverControllerTests::itsContentClosesIt() {
   Fixture f;
   f.panel->open(f.anchor);
-  QMetaObject::invokeMethod(f.content, "closeRequested");
+  QMetaObject::invokeMethod(f.panel->content(), "closeRequested");
   QVERIFY(!f.panel->isShown());
 }
 

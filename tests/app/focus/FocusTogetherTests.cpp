@@ -1,8 +1,9 @@
 #include <QCoreApplication>
 #include <QTest>
 
-#include "app/focus/FocusModels.h"
+#include "app/focus/FocusArea.h"
 #include "tests/app/focus/FocusRoom.h"
+#include "tests/fakes/FakeShell.h"
 
 namespace ambrel {
 namespace {
@@ -12,7 +13,10 @@ using std::chrono::seconds;
 
 // The models with the one timer that wakes them, as on the bar.
 struct Together : FocusRoom {
-  explicit Together(const char* start = "2026-11-20T09:00:00Z") : FocusRoom(start) {}
+  explicit Together(const char* start = "2026-11-20T09:00:00Z") : FocusRoom(start) {
+    using enum DockWidget;
+    shell.onBar = {water, alarm, eyeBreak, standUp};
+  }
 
   // Goes from one wake-up to the next until the time has come.
   void runUntil(Instant end) {
@@ -31,16 +35,7 @@ struct Together : FocusRoom {
   }
 
   DueTimer due{clock};
-  std::vector<std::string> present{"water", "alarm", "eyeBreak", "standUp"};
-  FocusPresence presence() {
-    const auto stands = [this](const char* name) {
-      return [this, name] { return std::find(present.begin(), present.end(), name) != present.end(); };
-    };
-    return {.water = stands("water"),
-            .alarm = stands("alarm"),
-            .eyeBreak = stands("eyeBreak"),
-            .standUp = stands("standUp")};
-  }
+  FakeShell shell;
 };
 
 }  // namespace
@@ -56,7 +51,7 @@ class FocusTogetherTests : public QObject {
 
 void FocusTogetherTests::oneTimerWakesThemAll() {
   Together room("2026-11-20T22:20:00Z");  // 23:20 in Berlin
-  FocusModels models(room.seams(), room.folder / "Ambrel/habits.json", room.presence(), room.due);
+  FocusArea models(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell);
   models.eyeBreak()->setIsOn(false);
   models.standUp()->setIsOn(false);
   models.water()->add();
@@ -82,8 +77,8 @@ void FocusTogetherTests::onlyWhatHasATileDisturbs() {
       {"water", {"water"}}, {"alarm", {"alarm"}}, {"eyeBreak", {"eyeBreak"}}, {"standUp", {"standUp"}}};
   for (const auto& [present, told] : rows) {
     Together room;
-    room.present = {present};
-    FocusModels models(room.seams(), room.folder / "Ambrel/habits.json", room.presence(), room.due);
+    room.shell.onBar = {*fromName<DockWidget>(present)};
+    FocusArea models(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell);
     for (auto* reminder : {models.eyeBreak(), models.standUp()}) reminder->setIntervalMinutes(20);
     models.water()->add();
     models.alarm()->set(10, 25);  // 25 minutes from now in Berlin
@@ -94,7 +89,7 @@ void FocusTogetherTests::onlyWhatHasATileDisturbs() {
 
 void FocusTogetherTests::sleepIsToldToAllOfThem() {
   Together room;
-  FocusModels models(room.seams(), room.folder / "Ambrel/habits.json", room.presence(), room.due);
+  FocusArea models(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell);
   models.pomodoro()->start();
   models.timer()->start(3600);
   models.stopwatch()->start();

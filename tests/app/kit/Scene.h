@@ -30,6 +30,13 @@ class Scene {
     return show(component, properties);
   }
 
+  // An item that is made already.
+  bool show(std::unique_ptr<QQuickItem> item) {
+    root_ = std::move(item);
+    window_.setColor(themeOf(engine_).palette().bar);
+    return showRoot();
+  }
+
   QQuickItem* root() { return root_.get(); }
   QQuickWindow& window() { return window_; }
   QQmlEngine& engine() { return engine_; }
@@ -56,6 +63,10 @@ class Scene {
       qWarning() << component.errorString();
       return false;
     }
+    return showRoot();
+  }
+
+  bool showRoot() {
     root_->setParentItem(window_.contentItem());
     window_.resize(root_->size().toSize().expandedTo({200, 100}));
     window_.show();

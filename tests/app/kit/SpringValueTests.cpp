@@ -1,6 +1,6 @@
-#include "app/kit/SpringValue.h"
-
 #include <QTest>
+
+#include "app/kit/SpringValue.h"
 
 namespace ambrel {
 

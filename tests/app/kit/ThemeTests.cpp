@@ -204,8 +204,10 @@ void ThemeTests::tonesOutliveTheirUse() {
   engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
   Theme& theme = themeOf(engine);
   QQmlComponent component(&engine);
-  component.setData("import QtQml\nimport Ambrel.Kit\n"
-                    "QtObject { Component.onCompleted: Theme.gaugeTone(80, Theme.blue).mark }", {});
+  component.setData(
+      "import QtQml\nimport Ambrel.Kit\n"
+      "QtObject { Component.onCompleted: Theme.gaugeTone(80, Theme.blue).mark }",
+      {});
   delete component.create();
   QVERIFY2(!component.isError(), qPrintable(component.errorString()));
   engine.collectGarbage();

@@ -19,7 +19,7 @@ struct Fixture {
   QStringList shown() const {
     QStringList names;
     for (const GalleryGroupModel* group : gallery.groups())
-      for (const GalleryRow& row : group->rows()) names << QString::fromUtf8(nameOf(row.widget).data());
+      for (const GalleryRow& row : group->rows()) names << QString::fromStdString(std::string(nameOf(row.widget)));
     return names;
   }
 };

@@ -3,21 +3,18 @@
 
 #include <QQmlEngine>
 
-#include "app/telemetry/LiveModels.h"
-#include "app/widgets/ClockModel.h"
-#include "app/widgets/SystemMonitor.h"
+#include "app/telemetry/TelemetryArea.h"
+#include "app/time/TimeArea.h"
 #include "core/widgets/DockWidget.h"
 #include "tests/fakes/FakeReadings.h"
+#include "tests/fakes/FakeShell.h"
 #include "tests/fakes/FakeTelemetry.h"
 #include "tests/fakes/HeldWork.h"
 
 namespace ambrel {
 
 struct Computer {
-  explicit Computer(const std::string& locale = "en_US") : calendar("UTC", locale) {
-    for (QObject* object : std::initializer_list<QObject*>{&live, &system, &clock})
-      QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
-  }
+  explicit Computer(const std::string& locale = "en_US") : calendar("UTC", locale) {}
 
   static std::set<DockWidget> everything() {
     std::set<DockWidget> widgets;
@@ -38,12 +35,6 @@ struct Computer {
       live.tick(now);
       held.letGo();
     }
-  }
-  // As the tiles want them.
-  QVariantMap models() {
-    return {{QStringLiteral("live"), QVariant::fromValue(&live)},
-            {QStringLiteral("system"), QVariant::fromValue(&system)},
-            {QStringLiteral("clock"), QVariant::fromValue(&clock)}};
   }
   // A laptop in use, with everything that can be read.
   void bePlentiful() {
@@ -110,18 +101,23 @@ struct Computer {
   HeldWork held;
   std::function<void()> everyTick;
   Calendar calendar;
-  LiveModels live{{.telemetry = telemetry,
-                   .latency = probe,
-                   .sound = sound,
-                   .bluetooth = bluetooth,
-                   .volumes = volumes,
-                   .keepAwake = keepAwake,
-                   .readings = readings,
-                   .background = held.background(),
-                   .calendar = calendar,
-                   .now = [this] { return now; }}};
-  SystemMonitor system{readings, held.background(), calendar};
-  ClockModel clock{calendar};
+  FakeShell shell;
+  TelemetryArea area{{.telemetry = telemetry,
+                      .latency = probe,
+                      .sound = sound,
+                      .bluetooth = bluetooth,
+                      .volumes = volumes,
+                      .keepAwake = keepAwake,
+                      .readings = readings,
+                      .background = held.background(),
+                      .calendar = calendar,
+                      .now = [this] { return now; }},
+                     held.background(),
+                     shell};
+  TimeArea time{calendar};
+  LiveModels& live = *area.live();
+  SystemMonitor& system = *area.system();
+  ClockModel& clock = *time.clock();
 };
 
 }  // namespace ambrel

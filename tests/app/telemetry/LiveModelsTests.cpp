@@ -35,7 +35,7 @@ void LiveModelsTests::onlyWhatIsShownIsRead_data() {
   QTest::addColumn<int>("widget");
   QTest::addColumn<QStringList>("running");
   const auto row = [](DockWidget widget, const QStringList& running) {
-    QTest::newRow(nameOf(widget).data()) << static_cast<int>(widget) << running;
+    QTest::newRow(std::string(nameOf(widget)).c_str()) << static_cast<int>(widget) << running;
   };
   row(cpu, {});
   row(DockWidget::gpu, {"gpu"});

@@ -8,18 +8,12 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/focus/AlarmClock.h"
-#include "app/focus/BreakReminder.h"
-#include "app/focus/BreathingExercise.h"
-#include "app/focus/HabitStore.h"
-#include "app/focus/MoodLog.h"
-#include "app/focus/PomodoroTimer.h"
-#include "app/focus/QuickTimer.h"
-#include "app/focus/Stopwatch.h"
-#include "app/focus/WaterTracker.h"
+#include "app/focus/FocusArea.h"
 #include "app/kit/Theme.h"
-#include "app/weather/WeatherModel.h"
+#include "app/weather/WeatherArea.h"
 #include "tests/app/focus/FocusRoom.h"
+#include "tests/app/kit/TileBoard.h"
+#include "tests/fakes/FakeShell.h"
 #include "tests/fakes/LoopbackServer.h"
 
 // With AMBREL_PICTURES=FOLDER the pictures that are looked at are kept there.
@@ -31,12 +25,6 @@ using std::chrono::hours;
 using std::chrono::minutes;
 using std::chrono::seconds;
 
-QStringList warnings;
-
-void collect(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (type != QtDebugMsg && type != QtInfoMsg) warnings.append(text);
-}
-
 QByteArray sample(const char* name) {
   QFile file(QStringLiteral(AMBREL_CASES "/weather/") + QLatin1String(name));
   if (!file.open(QIODevice::ReadOnly)) qFatal("no sample %s", name);
@@ -46,6 +34,7 @@ QByteArray sample(const char* name) {
 // A working morning: weather from the loopback server, timers under way, a week of history.
 struct Morning : FocusRoom {
   Morning() : FocusRoom("2026-07-14T09:41:00Z") {
+    shell.onBar = {DockWidget::alarm};
     server.answer = [](const QByteArray& target) -> LoopbackServer::Reply {
       if (target.startsWith("/v1/air-quality?")) return {.body = sample("air-london.json")};
       return {.body = sample(target.contains("latitude=40.7128") ? "kiritimati.json" : "london.json")};
@@ -65,49 +54,39 @@ struct Morning : FocusRoom {
     defaults.set("waterLastDrink", DefaultsValue{clock.now() - minutes(12)});
     defaults.set("waterCount", DefaultsValue{std::int64_t{3}});
     defaults.set("waterDay", DefaultsValue{std::string("2026-07-14")});
+    for (const char* key : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
+      defaults.set(key, DefaultsValue{server.url().toString().toStdString()});
   }
   std::function<Instant()> now = [this] { return clock.now(); };
 
   LoopbackServer server;
-  WeatherService service{{server.url(), server.url(), server.url()}};
+  FakeShell shell;
+  DueTimer due{clock};
 };
 
 struct Models {
   explicit Models(Morning& room)
-      : weather(WeatherModel::mainSetting(), room.service, room.defaults, room.seams().calendar, room.now),
-        secondCity(WeatherModel::secondCitySetting(), room.service, room.defaults, room.seams().calendar, room.now),
-        pomodoro(room.seams()),
-        stopwatch(room.now),
-        water(room.seams(), nullptr),
-        timer(room.seams()),
-        alarm(room.seams(), nullptr),
-        eyeBreak(BreakKind::eyes, room.seams(), nullptr),
-        standUp(BreakKind::stand, room.seams(), nullptr),
-        breathing(room.now),
-        habits(room.folder / "Ambrel/habits.json", room.seams().calendar, room.now),
-        mood(room.defaults, room.seams().calendar, room.now, true) {
+      : weatherArea(room.defaults, room.seams().calendar, room.now, room.due),
+        focus(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell) {
+    HabitStore& habits = *focus.habits();
     habits.add(QStringLiteral("Read for half an hour"));
     habits.add(QStringLiteral("Walk"));
     habits.add(QStringLiteral("Inbox zero"));
     habits.toggleToday(QString::fromStdString(habits.items()[0].id.text()));
-    for (const auto& [name, model] : list()) QQmlEngine::setObjectOwnership(model, QQmlEngine::CppOwnership);
-  }
-  std::vector<std::pair<const char*, QObject*>> list() {
-    return {{"weather", &weather}, {"secondCity", &secondCity}, {"pomodoro", &pomodoro}, {"stopwatch", &stopwatch},
-            {"water", &water},     {"timer", &timer},           {"alarm", &alarm},       {"eyeBreak", &eyeBreak},
-            {"standUp", &standUp}, {"breathing", &breathing},   {"habits", &habits},     {"mood", &mood}};
   }
 
-  WeatherModel weather, secondCity;
-  PomodoroTimer pomodoro;
-  Stopwatch stopwatch;
-  WaterTracker water;
-  QuickTimer timer;
-  AlarmClock alarm;
-  BreakReminder eyeBreak, standUp;
-  BreathingExercise breathing;
-  HabitStore habits;
-  MoodLog mood;
+  WeatherArea weatherArea;
+  FocusArea focus;
+  WeatherModel& weather = *weatherArea.main();
+  WeatherModel& secondCity = *weatherArea.second();
+  PomodoroTimer& pomodoro = *focus.pomodoro();
+  Stopwatch& stopwatch = *focus.stopwatch();
+  WaterTracker& water = *focus.water();
+  QuickTimer& timer = *focus.timer();
+  AlarmClock& alarm = *focus.alarm();
+  BreakReminder& eyeBreak = *focus.eyeBreak();
+  BreakReminder& standUp = *focus.standUp();
+  BreathingExercise& breathing = *focus.breathing();
 };
 
 }  // namespace
@@ -116,46 +95,49 @@ class WeatherAndFocusTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase();
-  void init() { warnings.clear(); }
-  void cleanup() { QCOMPARE(warnings, QStringList()); }
   void everyTileShowsItsModel();
   void tilesWithoutDataSayWhy();
   void oldWeatherSaysItsAge();
   void ringsActAndTilesAsk();
   void everyPanelCanBeUsedByKeyboard();
-
- private:
-  void load(QQuickView& view, Models& models, const char* file);
-  void keep(QQuickView& view, const QString& name);
-  QQuickItem* find(QQuickView& view, const char* name);
-  QString spoken(QQuickView& view, const char* name);
 };
 
-void WeatherAndFocusTests::initTestCase() { qInstallMessageHandler(collect); }
+namespace {
 
-void WeatherAndFocusTests::load(QQuickView& view, Models& models, const char* file) {
-  view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
-  QVariantMap properties;
-  for (const auto& [name, model] : models.list()) properties[QLatin1String(name)] = QVariant::fromValue(model);
-  if (qstrcmp(file, "WeatherAndFocusPanels.qml") == 0)
-    for (const char* unused : {"secondCity", "breathing"}) properties.remove(QLatin1String(unused));
-  view.setInitialProperties(properties);
-  view.setSource(QUrl::fromLocalFile(QStringLiteral(TILES_FOLDER "/") + QLatin1String(file)));
-  QVERIFY(view.rootObject());
-  view.show();
-  QVERIFY(QTest::qWaitForWindowExposed(&view));
+// Every tile in the size that it has on a bar with room, and some small ones.
+bool loadTiles(Scene& scene, Models& models) {
+  auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&models.weatherArea, &models.focus});
+  for (const DockWidget widget : board->widgets()) {
+    const TileSize size = defaultSize(widget);
+    if (QQuickItem* tile = board->add(widget, size)) tile->setObjectName(toQString(nameOf(widget)));
+    if (size != smallestSize(widget)) board->add(widget, smallestSize(widget));
+  }
+  return scene.show(std::move(board));
+}
+
+bool loadPanels(Scene& scene, Models& models) {
+  auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&models.weatherArea, &models.focus});
+  board->addPanel(QStringLiteral("Weather/WeatherPanel.qml"),
+                  {{QStringLiteral("weather"), QVariant::fromValue(&models.weather)}});
+  for (const char* panel : {"Pomodoro", "Mood", "Water", "Alarm", "Timer", "Habits", "FocusStats", "Stopwatch"})
+    board->addPanel(QStringLiteral("Focus/%1Panel.qml").arg(QLatin1String(panel)));
+  board->addPanel(QStringLiteral("Focus/BreakPanel.qml"),
+                  {{QStringLiteral("reminder"), QVariant::fromValue(&models.eyeBreak)}});
+  board->addPanel(
+      QStringLiteral("Focus/BreakPanel.qml"),
+      {{QStringLiteral("reminder"), QVariant::fromValue(&models.standUp)}, {QStringLiteral("isForEyes"), false}});
+  return scene.show(std::move(board));
 }
 
 // Both schemes are drawn, so that a warning in either is seen.
-void WeatherAndFocusTests::keep(QQuickView& view, const QString& name) {
+void keep(Scene& scene, const QString& name) {
   for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
-    themeOf(*view.engine()).setChoice(choice);
+    scene.theme().setChoice(choice);
     // Colours ease into the other scheme.
     QImage image, before;
     int alike = 0;
     QVERIFY(QTest::qWaitFor([&] {
-      before = std::exchange(image, view.grabWindow());
+      before = std::exchange(image, scene.grab());
       alike = image == before ? alike + 1 : 0;
       return alike == 12;
     }));
@@ -164,16 +146,15 @@ void WeatherAndFocusTests::keep(QQuickView& view, const QString& name) {
     const char* scheme = choice == Theme::Choice::Dark ? "dark" : "light";
     QVERIFY(image.save(QStringLiteral("%1/%2-%3.png").arg(folder, name, QLatin1String(scheme))));
   }
+  QCOMPARE(scene.warnings().take(), QStringList());
 }
 
-QQuickItem* WeatherAndFocusTests::find(QQuickView& view, const char* name) {
-  return view.rootObject()->findChild<QQuickItem*>(QLatin1String(name));
-}
-
-QString WeatherAndFocusTests::spoken(QQuickView& view, const char* name) {
-  QQuickItem* item = find(view, name);
+QString spoken(Scene& scene, const char* name) {
+  QQuickItem* item = scene.find(QLatin1String(name));
   return item ? item->property("label").toString() : QStringLiteral("no such tile");
 }
+
+}  // namespace
 
 void WeatherAndFocusTests::everyTileShowsItsModel() {
   Morning room;
@@ -190,12 +171,13 @@ void WeatherAndFocusTests::everyTileShowsItsModel() {
   models.timer.start(600);
   models.stopwatch.start();
   room.clock.pass(minutes(6) + seconds(36));
-  for (const auto& [name, model] : models.list())
-    if (model->metaObject()->indexOfMethod("update()") >= 0) QMetaObject::invokeMethod(model, "update");
+  for (QObject* model : std::initializer_list<QObject*>{&models.pomodoro, &models.stopwatch, &models.timer,
+                                                        &models.eyeBreak, &models.standUp, &models.weather})
+    QMetaObject::invokeMethod(model, "update");
 
-  QQuickView view;
-  load(view, models, "WeatherAndFocusTiles.qml");
-  keep(view, QStringLiteral("tiles"));
+  Scene scene;
+  QVERIFY(loadTiles(scene, models));
+  keep(scene, QStringLiteral("tiles"));
   const std::pair<const char*, const char*> rows[] = {
       {"weather", "Weather, 22°, Partly cloudy"},
       {"hourly",
@@ -219,8 +201,8 @@ void WeatherAndFocusTests::everyTileShowsItsModel() {
       {"habits", "Habits, 1 of 3, done today"},
       {"focusStats", "Focus Stats, 9, this week"},
   };
-  for (const auto& [name, text] : rows) QCOMPARE(spoken(view, name), QString::fromUtf8(text));
-  for (const auto* tile : find(view, "weather")->parentItem()->childItems()) {
+  for (const auto& [name, text] : rows) QCOMPARE(spoken(scene, name), QString::fromUtf8(text));
+  for (const auto* tile : scene.find(QStringLiteral("weather"))->parentItem()->childItems()) {
     QVERIFY2(!tile->property("label").toString().isEmpty(), qPrintable(tile->objectName()));
     QVERIFY2(tile->activeFocusOnTab(), qPrintable(tile->objectName()));
     QCOMPARE(tile->height(), 64.0);
@@ -230,13 +212,13 @@ void WeatherAndFocusTests::everyTileShowsItsModel() {
 void WeatherAndFocusTests::tilesWithoutDataSayWhy() {
   Morning room;
   Models models(room);
-  QQuickView view;
-  load(view, models, "WeatherAndFocusTiles.qml");
-  keep(view, QStringLiteral("tiles-without-data"));
+  Scene scene;
+  QVERIFY(loadTiles(scene, models));
+  keep(scene, QStringLiteral("tiles-without-data"));
   for (const char* name : {"weather", "hourly", "sun", "wind", "uvIndex", "airQuality", "dailyForecast", "feelsLike"})
-    QVERIFY2(spoken(view, name).endsWith(QStringLiteral("Not available, Waiting for data")),
-             qPrintable(spoken(view, name)));
-  QCOMPARE(spoken(view, "rainSoon"), QStringLiteral("Rain Soon, No forecast, Waiting for data"));
+    QVERIFY2(spoken(scene, name).endsWith(QStringLiteral("Not available, Waiting for data")),
+             qPrintable(spoken(scene, name)));
+  QCOMPARE(spoken(scene, "rainSoon"), QStringLiteral("Rain Soon, No forecast, Waiting for data"));
 }
 
 void WeatherAndFocusTests::oldWeatherSaysItsAge() {
@@ -246,22 +228,22 @@ void WeatherAndFocusTests::oldWeatherSaysItsAge() {
   QVERIFY(QTest::qWaitFor([&] { return models.weather.problem().isEmpty(); }, 15000));
   room.clock.pass(minutes(95));
   models.weather.update();
-  QQuickView view;
-  load(view, models, "WeatherAndFocusTiles.qml");
-  keep(view, QStringLiteral("tiles-stale"));
+  Scene scene;
+  QVERIFY(loadTiles(scene, models));
+  keep(scene, QStringLiteral("tiles-stale"));
   for (const char* name : {"weather", "hourly", "sun", "wind", "rainSoon", "uvIndex", "dailyForecast", "feelsLike"})
-    QVERIFY2(spoken(view, name).contains(QStringLiteral("1 hr ago")), qPrintable(spoken(view, name)));
+    QVERIFY2(spoken(scene, name).contains(QStringLiteral("1 hr ago")), qPrintable(spoken(scene, name)));
 }
 
 void WeatherAndFocusTests::ringsActAndTilesAsk() {
   Morning room;
   Models models(room);
-  QQuickView view;
-  load(view, models, "WeatherAndFocusTiles.qml");
+  Scene scene;
+  QVERIFY(loadTiles(scene, models));
   const auto click = [&](const char* name, QPointF at) {
-    QTest::mouseClick(&view, Qt::LeftButton, {}, find(view, name)->mapToScene(at).toPoint());
+    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, scene.find(QLatin1String(name))->mapToScene(at).toPoint());
   };
-  QSignalSpy asked(find(view, "water"), SIGNAL(clicked()));
+  QSignalSpy asked(scene.find(QStringLiteral("water")), SIGNAL(clicked()));
   click("pomodoro", {28, 41});
   QVERIFY(models.pomodoro.isRunning());
   click("water", {28, 41});
@@ -291,17 +273,15 @@ void WeatherAndFocusTests::everyPanelCanBeUsedByKeyboard() {
   Models models(room);
   models.weather.setWanted(true, room.clock.now());
   QVERIFY(QTest::qWaitFor([&] { return models.weather.problem().isEmpty(); }, 15000));
-  QQuickView view;
-  load(view, models, "WeatherAndFocusPanels.qml");
-  keep(view, QStringLiteral("panels"));
-  view.requestActivate();
-  QVERIFY(QTest::qWaitForWindowActive(&view));
+  Scene scene;
+  QVERIFY(loadPanels(scene, models));
+  keep(scene, QStringLiteral("panels"));
 
   // Tab goes through every control once, and each of them has a name.
   QStringList names;
   for (int i = 0; i < 200; ++i) {
-    QTest::keyClick(&view, Qt::Key_Tab);
-    QQuickItem* item = view.activeFocusItem();
+    QTest::keyClick(&scene.window(), Qt::Key_Tab);
+    QQuickItem* item = scene.window().activeFocusItem();
     QVERIFY(item);
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item);
     const QString name = interface ? interface->text(QAccessible::Name) : QString();

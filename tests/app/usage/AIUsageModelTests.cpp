@@ -71,7 +71,7 @@ void AIUsageModelTests::init() {
   background.held.clear();
   model = std::make_unique<AIUsageModel>(
       home->path(), home->path() / "data",
-      AIUsageModel::Seams{background.background(), [this] { return now; }, [] { return Calendar("UTC", "en_GB"); }});
+      AIUsageModel::Seams{background.background(), [this] { return now; }, Calendar("UTC", "en_GB")});
 }
 
 void AIUsageModelTests::cleanup() {

@@ -70,9 +70,9 @@ void UsageWidgetTests::init() {
     work();
     done();
   };
-  usage = std::make_unique<AIUsageModel>(home->path(), home->path() / "data",
-                                         AIUsageModel::Seams{background, [] { return at("2026-11-21T12:00:00Z"); },
-                                                             [] { return Calendar("UTC", "en_US"); }});
+  usage = std::make_unique<AIUsageModel>(
+      home->path(), home->path() / "data",
+      AIUsageModel::Seams{background, [] { return at("2026-11-21T12:00:00Z"); }, Calendar("UTC", "en_US")});
 }
 
 void UsageWidgetTests::cleanup() {
@@ -86,8 +86,10 @@ void UsageWidgetTests::cleanup() {
 }
 
 bool UsageWidgetTests::show(const QString& type, const QVariantMap& properties) {
+  QVariantMap wide = properties;
+  wide.insert(QStringLiteral("span"), 3);
   QQmlComponent component(view->engine(), QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Usage/%1.qml").arg(type)));
-  item.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties)));
+  item.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(wide)));
   if (!item) {
     qWarning() << component.errorString();
     return false;
@@ -144,7 +146,7 @@ void UsageWidgetTests::textsFitAndDoNotOverlap() {
   theme.setTextScale(textScale);
   theme.setChoice(textScale > 1 ? Theme::Choice::Light : Theme::Choice::Dark);
   view->setColor(theme.panel());
-  QVERIFY(show(QStringLiteral("ClaudeUsageWidget"), {{QStringLiteral("usage"), QVariant::fromValue(usage.get())}}));
+  QVERIFY(show(QStringLiteral("ClaudeUsageTile"), {{QStringLiteral("usage"), QVariant::fromValue(usage.get())}}));
   usage->claudeTile()->set(tile);
   QVERIFY(QTest::qWaitForWindowExposed(view.get()));
 
@@ -163,7 +165,7 @@ void UsageWidgetTests::textsFitAndDoNotOverlap() {
     // Lines of text stand close; what is drawn is less tall than its line.
     places.append(place.adjusted(0, 2, 0, -2));
   }
-  for (QQuickItem* child : item->property("area").value<QQuickItem*>()->childItems())
+  for (QQuickItem* child : item->property("inner").value<QQuickItem*>()->childItems())
     if (child->inherits("ambrel::MeterBar") && child->isVisible()) {
       places.append(child->mapRectToItem(item.get(), QRectF(0, 0, child->width(), child->height())));
       QVERIFY(child->width() >= 40);
@@ -176,7 +178,7 @@ void UsageWidgetTests::textsFitAndDoNotOverlap() {
 }
 
 void UsageWidgetTests::readsOutWhatItShows() {
-  QVERIFY(show(QStringLiteral("CodexLimitsWidget"), {{QStringLiteral("usage"), QVariant::fromValue(usage.get())}}));
+  QVERIFY(show(QStringLiteral("CodexLimitsTile"), {{QStringLiteral("usage"), QVariant::fromValue(usage.get())}}));
   usage->refresh();
   const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item.get());
   QVERIFY(interface);

@@ -1,0 +1,19 @@
+#include "app/agents/AgentsArea.h"
+
+#include "app/base/QmlObjects.h"
+
+namespace ambrel {
+
+AgentsArea::AgentsArea(AppSettings& settings, std::filesystem::path home, Calendar calendar, AgentsModel::Seams seams,
+                       QObject* parent)
+    : Area(QStringLiteral("Agents"), parent),
+      agents_(settings, makeAgentReaders(), std::move(home), std::move(calendar), std::move(seams)) {
+  keep({this, &agents_});
+}
+
+bool AgentsArea::answerNotification(const std::string& identifier, const std::string& /*action*/) {
+  agents_.openSession(QString::fromStdString(identifier));
+  return true;
+}
+
+}  // namespace ambrel

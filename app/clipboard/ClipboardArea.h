@@ -1,0 +1,34 @@
+#pragma once
+// The clipboard's history. Its shelf is a window of its own, beyond the bar.
+
+#include "app/base/Area.h"
+#include "app/clipboard/ClipboardModel.h"
+
+namespace ambrel {
+
+class ClipboardArea : public Area {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::ClipboardModel* clipboard READ clipboard CONSTANT FINAL)
+
+ public:
+  ClipboardArea(AppSettings& settings, std::filesystem::path folder, Calendar calendar, ClipboardModel::Seams seams,
+                QObject* parent = nullptr);
+
+  ClipboardModel* clipboard() { return &clipboard_; }
+  Q_INVOKABLE void toggleShelf() { Q_EMIT shelfAsked(); }
+  bool carryOut(const Wish& wish) override;
+  std::vector<AreaKey> keys() override;
+
+ Q_SIGNALS:
+  // Open it, or close it.
+  void shelfAsked();
+  // 1 to 9
+  void pinnedAsked(int number);
+
+ private:
+  ClipboardModel clipboard_;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,56 @@
+#pragma once
+// The panels that open beside the bar. At most one of them is open.
+
+#include <QObject>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "app/dock/DockPopoverController.h"
+
+namespace ambrel {
+
+class BarPanels : public QObject {
+  Q_OBJECT
+
+ public:
+  // All outlive the panels. `anchor` gives the place of a slot's tile; for an empty id, the middle of the bar.
+  BarPanels(QQmlEngine& engine, WidgetContext& context, WindowStyle& style, DelayedStep later,
+            std::function<PanelAnchor(const QString& item)> anchor, QObject* parent = nullptr);
+
+  // The one panel of this name; `content` counts when it is first asked for.
+  DockPopoverController& panel(const QString& name, const PanelContent& content);
+  // Null while nobody has asked for it.
+  DockPopoverController* find(const QString& name) const;
+
+  // Opens it beside the tile of a slot, or closes it. The others close.
+  void toggle(DockPopoverController& panel, const QString& item = {});
+  void open(DockPopoverController& panel, const QString& item = {});
+  void closeAll();
+  // The user is at something else: those that stay remain open.
+  void leave();
+  // The bar, a tile or the screen has moved.
+  void place();
+  bool isAnyShown() const;
+
+  // A panel that was opened from the bar by keyboard gives the keyboard back when it closes. Assigned by the program.
+  std::function<bool()> hasBarKeyboard;
+  std::function<void()> giveKeyboardBack;
+
+ Q_SIGNALS:
+  void changed();
+  // One is about to open.
+  void opening();
+
+ private:
+  QQmlEngine& engine_;
+  WidgetContext& context_;
+  WindowStyle& style_;
+  DelayedStep later_;
+  std::function<PanelAnchor(const QString& item)> anchor_;
+  bool returnsKeyboard_ = false;
+  QString item_;  // the slot of the panel that was opened last
+  std::map<QString, std::unique_ptr<DockPopoverController>> panels_;
+};
+
+}  // namespace ambrel

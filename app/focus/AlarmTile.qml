@@ -1,0 +1,47 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// The alarm. While it rings, its buttons snooze it and stop it.
+TileFrame {
+    id: root
+
+    required property AlarmClock alarm
+    // In a narrow tile the time goes up into the caption, and the buttons take its place.
+    readonly property bool isCrowded: alarm.isRinging && span === TileFrame.Medium
+
+    panel: Qt.resolvedUrl("AlarmPanel.qml")
+    name: isCrowded ? alarm.time : caption
+    label: title + ", " + alarm.time + ", " + alarm.detail
+    value: isCrowded ? "" : alarm.time
+    valueRole: Theme.timer
+    valueColor: alarm.isRinging ? Theme.orange.text : alarm.isOn ? Theme.ink : Theme.ink3
+    subLine: isCrowded ? "" : span === TileFrame.Medium ? alarm.shortDetail : alarm.detail
+    reserved: alarm.isRinging && span !== TileFrame.Small ? buttons.width : 0
+
+    Row {
+        id: buttons
+
+        visible: root.alarm.isRinging && root.span !== TileFrame.Small
+        spacing: Theme.space1
+        x: root.isCrowded ? -6 : parent.width - width + 4
+        y: parent.height - height + 2
+
+        IconButton {
+            size: 32
+            symbolSize: 20
+            symbol: "zzz"
+            label: qsTr("Snooze")
+            ink: Theme.orange.text
+            onClicked: root.alarm.snooze()
+        }
+        IconButton {
+            size: 32
+            symbolSize: 20
+            symbol: "stop.fill"
+            label: qsTr("Stop the alarm")
+            ink: Theme.orange.text
+            onClicked: root.alarm.stop()
+        }
+    }
+}

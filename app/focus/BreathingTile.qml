@@ -1,0 +1,36 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// A minute of slow breathing, with a disc to breathe with. A click starts and stops it.
+TileFrame {
+    id: root
+
+    required property BreathingExercise breathing
+
+    label: name + ", " + breathing.title + ", " + breathing.detail
+    value: isSmall ? "" : isMedium ? breathing.shortTitle : breathing.title
+    valueRole: Theme.rowTitle
+    subLine: isSmall ? "" : isMedium ? breathing.shortDetail : breathing.detail
+    reserved: isSmall ? 0 : isMedium ? 36 : 48
+    tip: breathing.isRunning ? qsTr("Click to stop") : qsTr("Click to breathe with the disc")
+    onActivated: breathing.toggle()
+
+    BreathingDisc {
+        breathing: root.breathing
+        size: root.isSmall || root.isMedium ? 34 : 44
+        x: root.isSmall ? (parent.width - width) / 2 : parent.width - width + (root.isMedium ? 4 : 0)
+        y: root.isSmall ? 0 : root.isMedium ? parent.height - height + 2 : (parent.height - height) / 2
+    }
+    Label {
+        visible: root.isSmall
+        text: root.breathing.shortTitle
+        role: Theme.subLine
+        color: Theme.ink2
+        width: parent.width
+        horizontalAlignment: Text.AlignHCenter
+        anchors.bottom: parent.bottom
+        hasTip: false
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,71 @@
+#include "app/focus/FocusArea.h"
+
+#include <algorithm>
+
+#include "app/base/QmlObjects.h"
+
+namespace ambrel {
+
+FocusArea::FocusArea(const FocusSeams& seams, std::filesystem::path habitsFile, DueTimer& due, Shell& shell,
+                     QObject* parent)
+    : Area(QStringLiteral("Focus"), parent),
+      shell_(shell),
+      calendar_(seams.calendar),
+      pomodoro_(seams),
+      water_(seams, [&shell] { return shell.isOnBar(DockWidget::water); }),
+      stopwatch_(seams.now),
+      timer_(seams),
+      alarm_(seams, [&shell] { return shell.isInAnyProfile(DockWidget::alarm); }),
+      eyeBreak_(BreakKind::eyes, seams, [&shell] { return shell.isOnBar(DockWidget::eyeBreak); }),
+      standUp_(BreakKind::stand, seams, [&shell] { return shell.isOnBar(DockWidget::standUp); }),
+      breathing_(seams.now),
+      habits_(std::move(habitsFile), seams.calendar, seams.now),
+      mood_(seams.defaults, seams.calendar, seams.now, true) {
+  keep({this});
+  for (TimedModel* model : std::initializer_list<TimedModel*>{&pomodoro_, &water_, &stopwatch_, &timer_, &alarm_,
+                                                              &eyeBreak_, &standUp_, &breathing_, &habits_, &mood_}) {
+    keep({model});
+    due.add(*model);
+  }
+  pomodoro_.onPhaseEnded = [this](PomodoroPhase ended) { Q_EMIT phaseEnded(ended); };
+}
+
+void FocusArea::defaultsChanged(const std::set<std::string>& /*keys*/) {
+  pomodoro_.reload();
+  water_.reload();
+  alarm_.reload();
+  eyeBreak_.reload();
+  standUp_.reload();
+  mood_.reload();
+}
+
+void FocusArea::addSignals(BuddySignals& signals, Instant now) {
+  signals.isFocusRunning = pomodoro_.isFocusRunning();
+  signals.focusSessionsToday = pomodoro_.value().completed.today(calendar_().dayKey(now));
+  signals.waterGlassesToday = water_.count();
+  signals.waterDueAt = water_.waterDueAt(now);
+}
+
+bool FocusArea::answerNotification(const std::string& identifier, const std::string& action) {
+  if (identifier == "alarm") {
+    alarm_.answer(action);
+    return true;
+  }
+  if (identifier == "eyeBreak") {
+    if (eyeBreak_.isDue()) eyeBreak_.takeBreak();
+    return true;
+  }
+  using enum DockWidget;
+  for (const DockWidget widget : {pomodoro, water, timer, standUp})
+    if (identifier == nameOf(widget)) {
+      shell_.activate(widget);
+      return true;
+    }
+  return false;
+}
+
+void FocusArea::notificationDismissed(const std::string& identifier) {
+  if (identifier == "alarm") alarm_.answer("stop");
+}
+
+}  // namespace ambrel

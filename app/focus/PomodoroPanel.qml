@@ -1,0 +1,112 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// The focus timer's controls and lengths.
+Popover {
+    id: root
+
+    required property PomodoroTimer pomodoro
+    property bool live: true
+
+    title: pomodoro.phaseTitle
+    symbol: "timer"
+    implicitWidth: 340
+    implicitHeight: 394
+
+    LiveTimeline {
+        schedule: root.pomodoro.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        active: root.live
+        onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable
+    }
+
+    headerItems: Label {
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("%1 today").arg(root.pomodoro.sessionsToday)
+        role: Theme.small
+        color: Theme.ink2
+    }
+
+    Row {
+        id: controls
+        x: Theme.space4
+        y: Theme.space2
+        width: parent.width - 2 * Theme.space4
+        spacing: Theme.space2
+
+        TickingText {
+            width: parent.width - start.width - skip.width - reset.width - 3 * parent.spacing
+            height: 32
+            text: root.pomodoro.remaining
+            widest: root.pomodoro.remaining.replace(/[0-9]/g, "0")
+            font: Theme.headline.font
+            color: Theme.ink
+        }
+        Button {
+            id: start
+            kind: Button.Primary
+            text: root.pomodoro.isRunning ? qsTr("Pause") : root.pomodoro.isPaused ? qsTr("Resume") : qsTr("Start")
+            onClicked: root.pomodoro.toggle()
+        }
+        IconButton {
+            id: skip
+            size: 32
+            symbol: "forward.fill"
+            label: qsTr("Skip to the next phase")
+            onClicked: root.pomodoro.skip()
+        }
+        IconButton {
+            id: reset
+            size: 32
+            symbol: "arrow.counterclockwise"
+            label: qsTr("Restart the phase")
+            onClicked: root.pomodoro.reset()
+        }
+    }
+
+    ScrollView {
+        anchors.fill: parent
+        anchors.topMargin: controls.y + controls.height + Theme.space3
+        padding: Theme.space4
+
+        Section {
+            width: parent.width
+
+            StepperRow {
+                title: qsTr("Focus")
+                value: root.pomodoro.focusMinutes
+                to: 180
+                step: 5
+                unit: qsTr("min")
+                onStepped: value => root.pomodoro.focusMinutes = value
+            }
+            StepperRow {
+                title: qsTr("Break")
+                value: root.pomodoro.breakMinutes
+                to: 180
+                unit: qsTr("min")
+                onStepped: value => root.pomodoro.breakMinutes = value
+            }
+            StepperRow {
+                title: qsTr("Long Break")
+                value: root.pomodoro.longBreakMinutes
+                to: 180
+                step: 5
+                unit: qsTr("min")
+                onStepped: value => root.pomodoro.longBreakMinutes = value
+            }
+            StepperRow {
+                title: qsTr("Long break after")
+                value: root.pomodoro.sessionsUntilLongBreak
+                to: 12
+                unit: qsTr("sessions")
+                onStepped: value => root.pomodoro.sessionsUntilLongBreak = value
+            }
+            SwitchRow {
+                title: qsTr("Start the next phase by itself")
+                checked: root.pomodoro.startsNextPhase
+                onToggled: checked => root.pomodoro.startsNextPhase = checked
+            }
+        }
+    }
+}

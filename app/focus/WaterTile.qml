@@ -1,0 +1,17 @@
+import QtQuick
+import Ambrel.Focus
+import Ambrel.Kit
+
+// Today's glasses of water. The ring adds one.
+RingValueTile {
+    required property WaterTracker water
+
+    panel: Qt.resolvedUrl("WaterPanel.qml")
+    percent: Math.min(100, water.percent)
+    tone: water.isGoalMet ? Theme.green : Theme.blue
+    control: "plus"
+    controlLabel: qsTr("Add a glass")
+    figure: qsTr("%1 of %2").arg(water.count).arg(water.goal)
+    detail: water.isGoalMet ? qsTr("goal met") : qsTr("glasses")
+    onControlPressed: water.add()
+}

@@ -1,0 +1,12 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+
+// Keeps the computer awake while it is on.
+SwitchTile {
+    required property KeepAwakeModel keepAwake
+
+    onActivated: keepAwake.toggle()
+    reading: keepAwake.text
+    unlitTone: reading.level > 0 ? Theme.orange : Theme.neutral
+}

@@ -1,0 +1,15 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+
+// Mutes the microphone.
+SwitchTile {
+    required property SoundModel sound
+
+    onActivated: sound.toggleMicrophone()
+    reading: sound.microphone
+    symbol: hasMessage ? "mic.slash" : "mic"
+    litTone: Theme.neutral
+    unlitTone: Theme.red
+    Accessible.checked: sound.isMicrophoneMuted
+}

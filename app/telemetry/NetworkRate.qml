@@ -1,0 +1,55 @@
+import QtQuick
+import Ambrel.Kit
+
+// One line of a tile of two rates: an arrow or a letter, the figure in a box of its own width, the unit.
+Row {
+    id: root
+
+    property string symbol
+    property string letter
+    required property Tone tone
+    required property string figure
+    required property string unit
+    property bool isNarrow: false
+
+    spacing: isNarrow ? 2 : 4
+
+    Symbol {
+        visible: root.symbol !== ""
+        name: root.symbol
+        size: 14
+        color: root.tone.mark
+        anchors.verticalCenter: parent.verticalCenter
+    }
+    Label {
+        visible: root.letter !== ""
+        text: root.letter
+        role: Theme.captionStrong
+        color: root.tone.text
+        width: 14
+        horizontalAlignment: Text.AlignHCenter
+        hasTip: false
+        anchors.baseline: amount.baseline
+        Accessible.ignored: true
+    }
+    TickingText {
+        id: amount
+
+        text: root.figure
+        widest: root.isNarrow ? "" : "88.8"
+        font: Theme.rowTitle.font
+        alignment: Qt.AlignRight
+        color: Theme.ink
+        height: Theme.rowTitle.line
+        width: implicitWidth
+    }
+    Label {
+        // "M" for "MB/s": the tip has it whole.
+        text: root.isNarrow ? root.unit.charAt(0) : root.unit
+        role: Theme.subLine
+        color: Theme.ink2
+        hasTip: false
+        anchors.baseline: amount.baseline
+        Accessible.ignored: true
+    }
+}

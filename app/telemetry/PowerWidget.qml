@@ -1,8 +1,0 @@
-import QtQuick
-import Ambrel.Telemetry
-
-// The adapter, charging, and the time left.
-LiveTile {
-    name: qsTr("Power")
-    symbol: reading.symbol
-}

@@ -1,8 +1,0 @@
-import QtQuick
-import Ambrel.Telemetry
-
-// How warm the computer runs.
-LiveTile {
-    name: qsTr("Thermal")
-    symbol: "thermometer.medium"
-}

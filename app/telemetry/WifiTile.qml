@@ -1,0 +1,38 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Telemetry
+
+// The wireless network and its signal.
+LiveTile {
+    id: root
+
+    required property LiveModels readings
+    readonly property bool hasSignal: !hasMessage && !isNaN(reading.percent)
+
+    reading: readings.wifi
+    panel: Qt.resolvedUrl("WiFiPanel.qml")
+    symbol: hasMessage ? "wifi.slash" : "wifi"
+    valueRole: Theme.rowTitle
+    valueColor: hasMessage ? Theme.ink2 : Theme.ink
+    hasFigures: !(isSmall && hasSignal)
+    hasHeader: !isSmall
+
+    SignalBars {
+        visible: root.hasSignal
+        x: root.isSmall ? Math.round((parent.width - width) / 2) : parent.width - width
+        y: root.isSmall ? 9 : parent.height - height
+        percent: root.reading.percent
+        color: root.reading.level > 0 ? Theme.orange.mark : Theme.blue.mark
+    }
+    Label {
+        visible: root.isSmall && root.hasSignal
+        y: 38
+        width: parent.width
+        text: root.reading.value
+        role: Theme.caption
+        color: Theme.ink2
+        horizontalAlignment: Text.AlignHCenter
+        hasTip: false
+        Accessible.ignored: true
+    }
+}

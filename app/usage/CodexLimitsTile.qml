@@ -1,0 +1,10 @@
+import Ambrel.Usage
+
+// The limits that Codex reports.
+UsageFrame {
+    id: root
+
+    required property AIUsageModel usage
+
+    text: usage.codexTile
+}

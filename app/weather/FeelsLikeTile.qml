@@ -1,0 +1,11 @@
+import QtQuick
+import Ambrel.Kit
+
+// The temperature as it feels.
+WeatherFrame {
+    value: weather.texts.feelsLike
+    valueRole: Theme.clock
+    subLine: weather.texts.feelsLikeDetail
+    problem: weather.problem !== "" ? weather.problem : value === "" ? qsTr("No reading") : ""
+    tip: isUnavailable ? "" : weather.texts.feelsLikeSummary
+}

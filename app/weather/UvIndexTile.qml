@@ -1,0 +1,23 @@
+import QtQuick
+import Ambrel.Kit
+
+// The UV index and what it means.
+WeatherFrame {
+    id: root
+
+    value: weather.texts.uvIndex
+    subLine: weather.texts.uvLabel
+    reserved: span === TileFrame.Small ? 0 : 32
+    problem: weather.problem !== "" ? weather.problem : value === "" ? qsTr("No reading") : ""
+    tip: isUnavailable ? "" : weather.texts.uvSummary
+
+    BandMark {
+        visible: root.span !== TileFrame.Small && band >= 0
+        band: root.weather.texts.uvBand
+        count: 5
+        opacity: root.markOpacity
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 3
+    }
+}

@@ -1,0 +1,27 @@
+import QtQuick
+import Ambrel.Kit
+
+// How strong the wind is, and where it comes from; the arrow points to where it blows.
+WeatherFrame {
+    id: root
+
+    readonly property bool hasDirection: weather.texts.windFrom !== ""
+
+    value: weather.texts.wind
+    unit: weather.texts.windUnit
+    subLine: hasDirection ? qsTr("from %1").arg(weather.texts.windFrom) : ""
+    reserved: span === TileFrame.Small || !hasDirection ? 0 : 20
+    problem: weather.problem !== "" ? weather.problem : value === "" ? qsTr("No reading") : ""
+
+    Symbol {
+        visible: root.hasDirection && root.span !== TileFrame.Small
+        name: "location.north.fill"
+        size: 18
+        color: Theme.blue.mark
+        opacity: root.markOpacity
+        rotation: root.weather.texts.windDegrees + 180
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 2
+    }
+}
