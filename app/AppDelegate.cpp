@@ -107,6 +107,10 @@ AppDelegate::~AppDelegate() {
   if (!dock_) return;
   disconnect(notices(), nullptr, dock_.get(), nullptr);
   dock_->isHoldingOpen = nullptr;
+  notices()->isOtherPanelOpen = nullptr;
+  notices()->peekBar = nullptr;
+  notices()->endPeek = nullptr;
+  notices()->showInbox = nullptr;
 }
 
 Theme& AppDelegate::preparedTheme() {
