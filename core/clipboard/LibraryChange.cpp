@@ -32,7 +32,7 @@ LibraryChange LibraryChange::mark(const ClipItem& item) {
 }
 
 void carryOut(std::vector<LibraryChange> changes, ClipboardLibrary& library) {
-  // Newest last, so that a new one costs no move of the others; what has gone leaves a gap.
+  // Newest last, so that a new one costs no move of the others; a removed one leaves a gap.
   std::vector<std::optional<ClipItem>> items;
   std::unordered_map<UUID, std::size_t> positions;
   const auto put = [&](ClipItem item) {
