@@ -13,17 +13,19 @@
 namespace ambrel {
 
 // `Record` has ==. `Key` is ordered; `keyOf` gives it. Keys may repeat; equal keys are matched in their order.
-template <typename Record, typename Key>
-class RecordListModel : public QAbstractListModel {
+template <typename Record, typename Key, typename Base = QAbstractListModel>
+class RecordListModel : public Base {
  public:
-  using QAbstractListModel::QAbstractListModel;
+  using Base::Base;
 
   int rowCount(const QModelIndex& parent = {}) const override {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
   }
   const std::vector<Record>& rows() const { return rows_; }
   const Record* row(const QModelIndex& index) const {
-    return checkIndex(index, CheckIndexOption::IndexIsValid) ? &rows_[static_cast<std::size_t>(index.row())] : nullptr;
+    return this->checkIndex(index, QAbstractItemModel::CheckIndexOption::IndexIsValid)
+               ? &rows_[static_cast<std::size_t>(index.row())]
+               : nullptr;
   }
 
  protected:
@@ -61,25 +63,25 @@ class RecordListModel : public QAbstractListModel {
     const int first = step.first, last = step.last;
     switch (step.kind) {
       case RowChange::Kind::remove:
-        beginRemoveRows({}, first, last);
+        this->beginRemoveRows({}, first, last);
         rows_.erase(at(first), at(last + 1));
-        endRemoveRows();
+        this->endRemoveRows();
         break;
       case RowChange::Kind::insert: {
         // Insertions come last and in order, so that their rows are already those of the new list.
         const auto from = next.begin() + first;
-        beginInsertRows({}, first, last);
+        this->beginInsertRows({}, first, last);
         rows_.insert(at(first), from, from + (last - first + 1));
-        endInsertRows();
+        this->endInsertRows();
         break;
       }
       case RowChange::Kind::move:
-        beginMoveRows({}, first, first, {}, last > first ? last + 1 : last);
+        this->beginMoveRows({}, first, first, {}, last > first ? last + 1 : last);
         if (last > first)
           std::rotate(at(first), at(first + 1), at(last + 1));
         else
           std::rotate(at(last), at(first), at(first + 1));
-        endMoveRows();
+        this->endMoveRows();
         break;
     }
   }
@@ -94,7 +96,7 @@ class RecordListModel : public QAbstractListModel {
         ++end;
       }
       if (end == first) continue;
-      Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(end) - 1));
+      Q_EMIT this->dataChanged(this->index(static_cast<int>(first)), this->index(static_cast<int>(end) - 1));
       first = end;
     }
   }

@@ -2,7 +2,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/base/RecordListModel.h"
+#include "app/base/GadgetListModel.h"
 
 namespace ambrel {
 namespace {
@@ -29,6 +29,18 @@ class Rows : public RecordListModel<Row, int> {
 
  public:
   mutable std::size_t lookups = 0;
+};
+
+struct Drive {
+  Q_GADGET
+  Q_PROPERTY(QString rowId MEMBER id FINAL)
+  Q_PROPERTY(QString size READ size FINAL)
+
+ public:
+  QString id;
+  int bytes = 0;
+  QString size() const { return QStringLiteral("%1 B").arg(bytes); }
+  bool operator==(const Drive&) const = default;
 };
 
 std::vector<Row> keys(std::initializer_list<int> list) {
@@ -89,6 +101,24 @@ class RecordListModelTests : public QObject {
     model.setRows(reversed);
     QVERIFY(model.rows() == reversed);
     QVERIFY(model.lookups <= 6 * count);
+  }
+
+  void aGadgetsPropertiesAreTheRoles() {
+    GadgetListModel<Drive> drives;
+    QAbstractItemModelTester tester(&drives, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy counted(&drives, &RowList::countChanged);
+    drives.setRows({{"b", 2}, {"a", 1}});
+    QCOMPARE(counted.size(), 1);
+    const QHash<int, QByteArray> names = drives.roleNames();
+    QCOMPARE(names.size(), 2);
+    QCOMPARE(drives.data(drives.index(0), names.key("rowId")), QVariant("b"));
+    QCOMPARE(drives.data(drives.index(1), drives.role("size")), QVariant("1 B"));
+    QVERIFY(!drives.data(drives.index(0), Qt::DisplayRole).isValid());
+    QVERIFY(!drives.data(drives.index(0), Qt::UserRole + 2).isValid());
+
+    drives.setRows({{"a", 1}, {"b", 3}});
+    QCOMPARE(counted.size(), 1);
+    QCOMPARE(drives.data(drives.index(1), drives.role("size")), QVariant("3 B"));
   }
 };
 
