@@ -56,6 +56,18 @@ std::set<DockWidget> widgetsOf(const Profile* profile) {
   return widgets;
 }
 
+Theme::Choice themeChoice(ThemeChoice choice) {
+  switch (choice) {
+    case ThemeChoice::system:
+      return Theme::Choice::System;
+    case ThemeChoice::dark:
+      return Theme::Choice::Dark;
+    case ThemeChoice::light:
+      return Theme::Choice::Light;
+  }
+  return Theme::Choice::System;
+}
+
 QString idOf(DockWidget widget) { return toQString(nameOf(widget)); }
 
 }  // namespace
@@ -90,11 +102,11 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
                   .later = later(),
                   .now = surroundings_.now}),
       due_(desktop_.wallClock),
-      appearanceSettings_(defaults_, preparedTheme()),
       gallery_(model_),
       pointers_(desktop_.pointer) {
+  prepareTheme();
   keepCopiesFromTextFields();
-  keep({&settings_, &model_, &license_, &appearanceSettings_, &gallery_});
+  keep({&settings_, &model_, &license_, &gallery_});
   engine_.addImageProvider(QLatin1String(ProgramIcons::id), new ProgramIcons);
   engine_.addImageProvider(QString::fromLatin1(ClipPictures::id),
                            new ClipPictures(clipboard_.clipboard()->picturesFolder()));
@@ -113,16 +125,22 @@ AppDelegate::~AppDelegate() {
   notices()->showInbox = nullptr;
 }
 
-Theme& AppDelegate::preparedTheme() {
+void AppDelegate::prepareTheme() {
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   Theme& theme = themeOf(engine_);
   theme.follow(appearance_);
   const auto takeName = [this] { appearance_.setThemeName(QString::fromStdString(desktop_.theme.name())); };
   desktop_.theme.setChangeHandler(takeName);
   takeName();
+  const auto takeChoices = [this, &theme] {
+    theme.setChoice(themeChoice(settings_.theme()));
+    theme.setAlwaysReducesMotion(settings_.reduceMotion());
+  };
+  connect(&settings_, &AppSettings::themeChanged, this, takeChoices);
+  connect(&settings_, &AppSettings::reduceMotionChanged, this, takeChoices);
+  takeChoices();
   // From the start, so that the first key counts.
   keyboardFocusOf(engine_);
-  return theme;
 }
 
 DelayedStep AppDelegate::later() {
@@ -274,7 +292,7 @@ void AppDelegate::makeContext() {
       .openSettings = [this](const QString& tab) { openSettings(tab); },
       .chooseSettingsTab = [this](const QString& tab) { chooseSettingsTab(tab); },
       .openPurchasePage = [] { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); },
-      .finishWelcome = [this] { remember("welcomeDone", {true}); }};
+      .finishWelcome = [this] { store(defaults_, "welcomeDone", true); }};
 }
 
 void AppDelegate::widgetsChanged() {
@@ -379,7 +397,6 @@ DockPopoverController* AppDelegate::settingsPanel() {
                                             {QStringLiteral("budget"), toVariant(*usage_->budget())}}}};
   return &panel("SettingsView",
                 {{QStringLiteral("pages"), pages},
-                 {QStringLiteral("appearance"), toVariant(appearanceSettings_)},
                  {QStringLiteral("tab"), QString::fromStdString(defaults_.string("settingsTab").value_or("general"))},
                  {QStringLiteral("version"), QStringLiteral(AMBREL_VERSION)}});
 }
@@ -466,7 +483,6 @@ void AppDelegate::followDefaults() {
   };
   connect(&defaultsWatcher_, &DefaultsWatcher::changed, this, [this](const std::set<std::string>& keys) {
     settings_.reload();
-    appearanceSettings_.reload();
     for (Area* area : areas_) area->defaultsChanged(keys);
   });
   defaultsWatcher_.start();
@@ -538,27 +554,19 @@ void AppDelegate::addBuddyOnce() {
     // After the settings were lost, a profile without Buddy is the user's choice.
     if (!keptDefaults_ && !profile.contains("buddy")) model_.addWidget("buddy", profile.id, first);
   }
-  remember("buddyAdded", {true});
+  store(defaults_, "buddyAdded", true);
 }
 
 void AppDelegate::firstRun() {
   if (defaults_.boolean("welcomeDone").value_or(false)) return;
   // Only what says so was lost, and the guide would cover the toast that tells of it.
-  if (keptDefaults_) return remember("welcomeDone", {true});
+  if (keptDefaults_) return store(defaults_, "welcomeDone", true);
   later()(Seconds(0.6), [this] { panels_->open(*welcomePanel()); });
-}
-
-void AppDelegate::remember(const std::string& key, DefaultsValue value) {
-  try {
-    defaults_.set(key, std::move(value));
-  } catch (const FileError& error) {
-    logLine(std::string("cannot save settings: ") + error.what());
-  }
 }
 
 void AppDelegate::chooseSettingsTab(const QString& tab) {
   settingsPanel()->setProperty(QStringLiteral("tab"), tab);
-  remember("settingsTab", {tab.toStdString()});
+  store(defaults_, "settingsTab", DefaultsValue{tab.toStdString()});
 }
 
 void AppDelegate::openSettings(const QString& tab) {

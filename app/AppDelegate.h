@@ -31,7 +31,6 @@
 #include "app/model/AppSettings.h"
 #include "app/model/DefaultsWatcher.h"
 #include "app/model/LicenseManager.h"
-#include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
 #include "app/shelf/ShelfPanelController.h"
 #include "app/telemetry/TelemetryArea.h"
@@ -104,8 +103,7 @@ class AppDelegate : public QObject, private Shell {
   // Whether the licence allows the feature; if not, it says what the licence would give.
   bool permits(ProFeature feature);
   // The value is kept in memory even when it cannot be written.
-  void remember(const std::string& key, DefaultsValue value);
-  Theme& preparedTheme();
+  void prepareTheme();
   void every(Seconds interval, std::function<void()> action);
   void followZone();
   void followDefaults();
@@ -134,7 +132,6 @@ class AppDelegate : public QObject, private Shell {
   DesktopAppearance appearance_;
   QQmlEngine engine_;
   DueTimer due_;
-  AppearanceSettings appearanceSettings_;
   GalleryModel gallery_;
   std::unique_ptr<TimeArea> time_;
   std::unique_ptr<TelemetryArea> telemetry_;

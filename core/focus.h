@@ -53,8 +53,6 @@ struct PomodoroSettings {
   int sessionsUntilLongBreak = 4;
   bool startsNextPhase = false;
 
-  // Lengths to 1...180 minutes, the sessions to 1...12.
-  PomodoroSettings clamped() const;
   friend bool operator==(const PomodoroSettings&, const PomodoroSettings&) = default;
 };
 
@@ -157,9 +155,8 @@ struct QuickTimerValue {
 // --- Breaks ----------------------------------------------------------------------------------------------------
 
 enum class BreakKind { eyes, stand };
-// "eyeBreak", "standUp": the prefix of the kind's stored keys and its notification's identifier.
+// "eyeBreak", "standUp": the prefix of the keys of its count, and its notification's identifier.
 std::string_view keyPrefix(BreakKind kind);
-int defaultIntervalMinutes(BreakKind kind);
 
 struct BreakTimer {
   static constexpr Seconds eyeBreakLength{20};

@@ -26,6 +26,10 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// For the end of a UsageError about a word that is not among `known`: "; did you mean 'agents'?", else where the list
+// of them is.
+std::string hint(std::string_view word, const std::vector<std::string>& known, const std::string& list);
+
 struct CommandOption {
   enum class Kind { flag, value, values, positional, optionalPositional };
   Kind kind = Kind::flag;

@@ -1,7 +1,6 @@
 #include "ctl/CommandLine.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <deque>
 #include <sstream>
 
@@ -15,31 +14,6 @@ struct Slot {
   std::deque<bool> flags;
   std::deque<std::vector<std::string>> values;
 };
-
-std::size_t editDistance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
-    }
-  }
-  return row.back();
-}
-
-// "; did you mean 'agents'?", or where to look.
-std::string hint(std::string_view word, const std::vector<std::string>& known, const std::string& helpCommand) {
-  const auto nearest = std::min_element(known.begin(), known.end(), [&](const auto& a, const auto& b) {
-    return editDistance(word, a) < editDistance(word, b);
-  });
-  if (nearest != known.end() && word.size() <= 40 && editDistance(word, *nearest) <= 2)
-    return "; did you mean '" + *nearest + "'?";
-  return "; see '" + helpCommand + " --help'";
-}
 
 class Parser {
  public:
@@ -144,12 +118,12 @@ class Parser {
       for (const CLI::App* from = &app; from; from = from->get_parent())
         for (const CLI::Option* option : from->get_options())
           for (const std::string& name : option->get_lnames()) known.push_back("--" + name);
-      throw UsageError("unknown option '" + word + "'" + hint(word, known, helpCommand()));
+      throw UsageError("unknown option '" + word + "'" + hint(word, known, "'" + helpCommand() + " --help'"));
     }
     for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
       known.push_back(command->get_name());
     throw UsageError((known.empty() ? "unexpected argument '" : "unknown command '") + word + "'" +
-                     hint(word, known, helpCommand()));
+                     hint(word, known, "'" + helpCommand() + " --help'"));
   }
 
   GlobalOptions globalOptions() const {

@@ -40,6 +40,7 @@ class Context {
  public:
   std::filesystem::path home;
   std::filesystem::path data;
+  std::filesystem::path config;  // the folder of the choices
   std::function<Instant()> now;  // stands still when an instant was given
   Calendar calendar;
   bool json = false;

@@ -17,8 +17,8 @@ namespace {
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
 std::vector<Command> allCommands() {
-  return {agentsCommand(),  usageCommand(),    statusLineCommand(), clipsCommand(),  diskCommand(),
-          noticesCommand(), profilesCommand(), weatherCommand(),    widgetsCommand()};
+  return {agentsCommand(),  usageCommand(),    statusLineCommand(), clipsCommand(),   diskCommand(),
+          noticesCommand(), profilesCommand(), settingsCommand(),   weatherCommand(), widgetsCommand()};
 }
 
 std::string variable(const char* name) {
@@ -32,10 +32,11 @@ std::filesystem::path userHome() {
   throw CommandError("there is no home folder: HOME is not set");
 }
 
-std::filesystem::path dataFolder() {
+// Our own folder below the one that a variable names, else below `fallback` in the home folder.
+std::filesystem::path folder(const char* name, const char* fallback) {
   // A relative path there counts as none.
-  if (const std::filesystem::path folder = variable("XDG_DATA_HOME"); folder.is_absolute()) return folder / "Ambrel";
-  return userHome() / ".local/share/Ambrel";
+  if (const std::filesystem::path given = variable(name); given.is_absolute()) return given / "Ambrel";
+  return userHome() / fallback / "Ambrel";
 }
 
 Instant clockTime() {
@@ -57,7 +58,8 @@ void runCommand(int count, const char* const* words, Output& out) {
   const GlobalOptions& global = parsed.global;
   Context context{
       .home = global.home ? std::filesystem::path(*global.home) : userHome(),
-      .data = global.data ? std::filesystem::path(*global.data) : dataFolder(),
+      .data = global.data ? std::filesystem::path(*global.data) : folder("XDG_DATA_HOME", ".local/share"),
+      .config = folder("XDG_CONFIG_HOME", ".config"),
       .now = clockTime,
       .calendar = Calendar::fromVariables(variable("TZ"), variable("LC_ALL"), variable("LC_TIME"), variable("LANG")),
       .json = global.json,

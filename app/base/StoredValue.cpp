@@ -4,12 +4,24 @@
 
 namespace ambrel {
 
-void store(UserDefaults& defaults, const std::string& key, DefaultsValue value) {
+namespace {
+
+void report(const auto& change) {
   try {
-    defaults.set(key, std::move(value));
+    change();
   } catch (const std::exception& error) {
     logLine(std::string("cannot save settings: ") + error.what());
   }
+}
+
+}  // namespace
+
+void store(UserDefaults& defaults, const std::string& key, DefaultsValue value) {
+  report([&] { defaults.set(key, std::move(value)); });
+}
+
+void removeStored(UserDefaults& defaults, const std::string& key) {
+  report([&] { defaults.remove(key); });
 }
 
 }  // namespace ambrel

@@ -12,8 +12,9 @@ inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// A failure is logged, and the value is kept in memory.
+// The one place that reports a failed write: it is logged, and the change is kept in memory.
 void store(UserDefaults& defaults, const std::string& key, DefaultsValue value);
+void removeStored(UserDefaults& defaults, const std::string& key);
 inline void store(UserDefaults& defaults, const std::string& key, int value) {
   store(defaults, key, DefaultsValue{static_cast<std::int64_t>(value)});
 }

@@ -122,9 +122,7 @@ void ClipboardModel::tryToTakeOver() {
 
 void ClipboardModel::read(ClipOrigin origin) {
   constexpr std::size_t megabyte = 1 << 20;
-  const auto bytes = [](qint64 megabytes) {
-    return static_cast<std::size_t>(std::clamp<qint64>(megabytes, 1, 1024)) * megabyte;
-  };
+  const auto bytes = [](std::int64_t megabytes) { return static_cast<std::size_t>(megabytes) * megabyte; };
   const CaptureLimits limits{.text = bytes(settings_.clipboardTextMegabytes()),
                              .picture = bytes(settings_.clipboardPictureMegabytes()),
                              .fileList = bytes(settings_.clipboardListMegabytes())};

@@ -10,24 +10,23 @@ namespace ambrel {
 AlarmClock::AlarmClock(FocusSeams seams, IsEnabled isEnabled, QObject* parent)
     : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
   const Instant now = seams_.now();
-  alarm_.isOn = seams_.defaults.boolean("alarmOn").value_or(false);
-  alarm_.set(storedInteger(seams_.defaults, "alarmHour", 7, 0, 23),
-             storedInteger(seams_.defaults, "alarmMinute", 30, 0, 59), now);
-  alarm_.snoozeMinutes = storedInteger(seams_.defaults, "alarmSnooze", 10, 1, 60);
+  alarm_.isOn = valueOf(seams_.defaults, setting::alarmOn);
+  alarm_.set(valueOf(seams_.defaults, setting::alarmHour), valueOf(seams_.defaults, setting::alarmMinute), now);
+  alarm_.snoozeMinutes = valueOf(seams_.defaults, setting::alarmSnooze);
   publish(now);
 }
 
 void AlarmClock::reload() {
   const Instant now = seams_.now();
-  const bool isOn = seams_.defaults.boolean("alarmOn").value_or(false);
-  const int hour = storedInteger(seams_.defaults, "alarmHour", 7, 0, 23);
-  const int minute = storedInteger(seams_.defaults, "alarmMinute", 30, 0, 59);
+  const bool isOn = valueOf(seams_.defaults, setting::alarmOn);
+  const int hour = valueOf(seams_.defaults, setting::alarmHour);
+  const int minute = valueOf(seams_.defaults, setting::alarmMinute);
   if (isOn != alarm_.isOn || hour != alarm_.hour || minute != alarm_.minute) {
     if (alarm_.isRinging) silence();
     alarm_.turn(isOn, now);
     alarm_.set(hour, minute, now);
   }
-  alarm_.snoozeMinutes = storedInteger(seams_.defaults, "alarmSnooze", 10, 1, 60);
+  alarm_.snoozeMinutes = valueOf(seams_.defaults, setting::alarmSnooze);
   publish(now);
 }
 
@@ -36,13 +35,13 @@ void AlarmClock::setIsOn(bool on) {
   const Instant now = seams_.now();
   if (alarm_.isRinging) silence();
   alarm_.turn(on, now);
-  store(seams_.defaults, "alarmOn", on);
+  store(seams_.defaults, setting::alarmOn.key, on);
   publish(now);
 }
 
 void AlarmClock::setSnoozeMinutes(int minutes) {
-  alarm_.snoozeMinutes = std::clamp(minutes, 1, 60);
-  store(seams_.defaults, "alarmSnooze", alarm_.snoozeMinutes);
+  alarm_.snoozeMinutes = clamped(setting::alarmSnooze, minutes);
+  store(seams_.defaults, setting::alarmSnooze.key, alarm_.snoozeMinutes);
   publish(seams_.now());
 }
 
@@ -51,9 +50,9 @@ void AlarmClock::set(int hour, int minute) {
   if (alarm_.isRinging) silence();
   alarm_.turn(true, now);
   alarm_.set(hour, minute, now);
-  store(seams_.defaults, "alarmOn", true);
-  store(seams_.defaults, "alarmHour", alarm_.hour);
-  store(seams_.defaults, "alarmMinute", alarm_.minute);
+  store(seams_.defaults, setting::alarmOn.key, true);
+  store(seams_.defaults, setting::alarmHour.key, alarm_.hour);
+  store(seams_.defaults, setting::alarmMinute.key, alarm_.minute);
   publish(now);
 }
 

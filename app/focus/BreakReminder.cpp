@@ -6,12 +6,23 @@
 
 namespace ambrel {
 
+namespace {
+
+const Setting<bool>& isOnSetting(BreakKind kind) {
+  return kind == BreakKind::eyes ? setting::eyeBreakOn : setting::standUpOn;
+}
+const Setting<std::int64_t>& intervalSetting(BreakKind kind) {
+  return kind == BreakKind::eyes ? setting::eyeBreakInterval : setting::standUpInterval;
+}
+
+}  // namespace
+
 BreakReminder::BreakReminder(BreakKind kind, FocusSeams seams, IsEnabled isEnabled, QObject* parent)
     : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
   const Instant now = seams_.now();
   timer_.kind = kind;
-  timer_.isOn = seams_.defaults.boolean(key("On")).value_or(true);
-  timer_.setInterval(storedInteger(seams_.defaults, key("Interval"), defaultIntervalMinutes(kind), 1, 240), now);
+  timer_.isOn = valueOf(seams_.defaults, isOnSetting(kind));
+  timer_.setInterval(valueOf(seams_.defaults, intervalSetting(kind)), now);
   timer_.taken = storedDayCount(seams_.defaults, key("Count"), key("Day"));
   publish(now);
 }
@@ -20,8 +31,8 @@ std::string BreakReminder::key(const char* suffix) const { return std::string(ke
 
 void BreakReminder::reload() {
   const Instant now = seams_.now();
-  timer_.turn(seams_.defaults.boolean(key("On")).value_or(true), now);
-  const int minutes = storedInteger(seams_.defaults, key("Interval"), defaultIntervalMinutes(timer_.kind), 1, 240);
+  timer_.turn(valueOf(seams_.defaults, isOnSetting(timer_.kind)), now);
+  const int minutes = valueOf(seams_.defaults, intervalSetting(timer_.kind));
   if (minutes != timer_.intervalMinutes) timer_.setInterval(minutes, now);
   timer_.taken = storedDayCount(seams_.defaults, key("Count"), key("Day"));
   publish(now);
@@ -31,7 +42,7 @@ void BreakReminder::setIsOn(bool on) {
   if (on == timer_.isOn) return;
   const Instant now = seams_.now();
   timer_.turn(on, now);
-  store(seams_.defaults, key("On"), on);
+  store(seams_.defaults, isOnSetting(timer_.kind).key, on);
   publish(now);
 }
 
@@ -39,7 +50,7 @@ void BreakReminder::setIntervalMinutes(int minutes) {
   if (minutes == timer_.intervalMinutes) return;
   const Instant now = seams_.now();
   timer_.setInterval(minutes, now);
-  store(seams_.defaults, key("Interval"), timer_.intervalMinutes);
+  store(seams_.defaults, intervalSetting(timer_.kind).key, timer_.intervalMinutes);
   publish(now);
 }
 

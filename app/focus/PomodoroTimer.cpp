@@ -15,15 +15,11 @@ PomodoroTimer::PomodoroTimer(FocusSeams seams, QObject* parent) : TimedModel(par
 }
 
 void PomodoroTimer::load() {
-  const auto stored = [&](const char* key, int fallback) {
-    return storedInteger(seams_.defaults, key, fallback, 0, 100000);
-  };
-  timer_.settings = PomodoroSettings{.focusMinutes = stored("pomodoroFocus", 25),
-                                     .breakMinutes = stored("pomodoroBreak", 5),
-                                     .longBreakMinutes = stored("pomodoroLongBreak", 15),
-                                     .sessionsUntilLongBreak = stored("pomodoroSessions", 4),
-                                     .startsNextPhase = seams_.defaults.boolean("pomodoroAutoStart").value_or(false)}
-                        .clamped();
+  timer_.settings = PomodoroSettings{.focusMinutes = valueOf(seams_.defaults, setting::pomodoroFocus),
+                                     .breakMinutes = valueOf(seams_.defaults, setting::pomodoroBreak),
+                                     .longBreakMinutes = valueOf(seams_.defaults, setting::pomodoroLongBreak),
+                                     .sessionsUntilLongBreak = valueOf(seams_.defaults, setting::pomodoroSessions),
+                                     .startsNextPhase = valueOf(seams_.defaults, setting::pomodoroAutoStart)};
   timer_.completed = storedDayCount(seams_.defaults, "pomodoroDone", "pomodoroDoneDay");
   timer_.history = storedDayCounts(seams_.defaults, "pomodoroHistory", 0, 100000);
 }
@@ -44,25 +40,25 @@ QString PomodoroTimer::lengthText() const { return tr("of %1 min").arg(shown_.le
 
 void PomodoroTimer::setFocusMinutes(int minutes) {
   auto settings = timer_.settings;
-  settings.focusMinutes = minutes;
+  settings.focusMinutes = clamped(setting::pomodoroFocus, minutes);
   change(settings);
 }
 
 void PomodoroTimer::setBreakMinutes(int minutes) {
   auto settings = timer_.settings;
-  settings.breakMinutes = minutes;
+  settings.breakMinutes = clamped(setting::pomodoroBreak, minutes);
   change(settings);
 }
 
 void PomodoroTimer::setLongBreakMinutes(int minutes) {
   auto settings = timer_.settings;
-  settings.longBreakMinutes = minutes;
+  settings.longBreakMinutes = clamped(setting::pomodoroLongBreak, minutes);
   change(settings);
 }
 
 void PomodoroTimer::setSessionsUntilLongBreak(int sessions) {
   auto settings = timer_.settings;
-  settings.sessionsUntilLongBreak = sessions;
+  settings.sessionsUntilLongBreak = clamped(setting::pomodoroSessions, sessions);
   change(settings);
 }
 
@@ -72,15 +68,14 @@ void PomodoroTimer::setStartsNextPhase(bool starts) {
   change(settings);
 }
 
-void PomodoroTimer::change(PomodoroSettings settings) {
-  settings = settings.clamped();
+void PomodoroTimer::change(const PomodoroSettings& settings) {
   if (settings == timer_.settings) return;
   timer_.settings = settings;
-  store(seams_.defaults, "pomodoroFocus", settings.focusMinutes);
-  store(seams_.defaults, "pomodoroBreak", settings.breakMinutes);
-  store(seams_.defaults, "pomodoroLongBreak", settings.longBreakMinutes);
-  store(seams_.defaults, "pomodoroSessions", settings.sessionsUntilLongBreak);
-  store(seams_.defaults, "pomodoroAutoStart", settings.startsNextPhase);
+  store(seams_.defaults, setting::pomodoroFocus.key, settings.focusMinutes);
+  store(seams_.defaults, setting::pomodoroBreak.key, settings.breakMinutes);
+  store(seams_.defaults, setting::pomodoroLongBreak.key, settings.longBreakMinutes);
+  store(seams_.defaults, setting::pomodoroSessions.key, settings.sessionsUntilLongBreak);
+  store(seams_.defaults, setting::pomodoroAutoStart.key, settings.startsNextPhase);
   Q_EMIT settingsChanged();
   publish(seams_.now());
 }

@@ -105,7 +105,7 @@ class PomodoroTimer : public TimedModel {
     int sessionsToday = 0;
     bool operator==(const Shown&) const = default;
   };
-  void change(PomodoroSettings settings);
+  void change(const PomodoroSettings& settings);
   void storeCounts();
   void load();
   void publish(Instant now);

@@ -4,13 +4,10 @@
 
 namespace ambrel {
 
-int storedInteger(const UserDefaults& defaults, const std::string& key, int fallback, int least, int most) {
-  const auto stored = defaults.integer(key);
-  return stored ? static_cast<int>(std::clamp<std::int64_t>(*stored, least, most)) : fallback;
-}
-
 DayCount storedDayCount(const UserDefaults& defaults, const std::string& countKey, const std::string& dayKey) {
-  return {storedInteger(defaults, countKey, 0, 0, 100000), defaults.string(dayKey)};
+  constexpr std::int64_t most = 100000;
+  return {static_cast<int>(std::clamp<std::int64_t>(defaults.integer(countKey).value_or(0), 0, most)),
+          defaults.string(dayKey)};
 }
 
 void store(UserDefaults& defaults, const std::string& countKey, const std::string& dayKey, const DayCount& count) {

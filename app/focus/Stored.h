@@ -6,11 +6,15 @@
 #include "app/base/StoredValue.h"
 #include "core/base/UserDefaults.h"
 #include "core/focus.h"
+#include "core/settings.h"
 
 namespace ambrel {
 
-// Within least and most; `fallback` for a missing key and another type.
-int storedInteger(const UserDefaults& defaults, const std::string& key, int fallback, int least, int most);
+inline int valueOf(const UserDefaults& defaults, const Setting<std::int64_t>& setting) {
+  return static_cast<int>(valueOf<std::int64_t>(defaults, setting));
+}
+// What the setting takes that is nearest to `value`.
+inline int clamped(const Setting<std::int64_t>& setting, int value) { return static_cast<int>(setting.clamped(value)); }
 
 // A count under PREFIX-key and its day; never below zero.
 DayCount storedDayCount(const UserDefaults& defaults, const std::string& countKey, const std::string& dayKey);

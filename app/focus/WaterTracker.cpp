@@ -6,12 +6,6 @@
 #include "core/base/LocalText.h"
 
 namespace ambrel {
-namespace {
-
-constexpr int mostGlasses = 30, shortestInterval = 5, longestInterval = 480;
-
-}  // namespace
-
 WaterTracker::WaterTracker(FocusSeams seams, IsEnabled isEnabled, QObject* parent)
     : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
   load();
@@ -23,9 +17,9 @@ WaterTracker::WaterTracker(FocusSeams seams, IsEnabled isEnabled, QObject* paren
 void WaterTracker::load() {
   water_ = {.glasses = storedDayCount(seams_.defaults, "waterCount", "waterDay"),
             .lastDrinkAt = seams_.defaults.date("waterLastDrink"),
-            .goal = storedInteger(seams_.defaults, "waterGoal", 8, 1, mostGlasses),
-            .intervalMinutes = storedInteger(seams_.defaults, "waterInterval", 30, shortestInterval, longestInterval),
-            .remindersOn = seams_.defaults.boolean("waterReminders").value_or(true)};
+            .goal = valueOf(seams_.defaults, setting::waterGoal),
+            .intervalMinutes = valueOf(seams_.defaults, setting::waterInterval),
+            .remindersOn = valueOf(seams_.defaults, setting::waterReminders)};
   // The clock was wrong then; to wait for that time could take years.
   if (water_.lastDrinkAt) water_.lastDrinkAt = std::min(*water_.lastDrinkAt, seams_.now());
 }
@@ -52,25 +46,25 @@ void WaterTracker::remove() {
 }
 
 void WaterTracker::setGoal(int glasses) {
-  glasses = std::clamp(glasses, 1, mostGlasses);
+  glasses = clamped(setting::waterGoal, glasses);
   if (glasses == water_.goal) return;
   water_.goal = glasses;
-  store(seams_.defaults, "waterGoal", glasses);
+  store(seams_.defaults, setting::waterGoal.key, glasses);
   acted(seams_.now());
 }
 
 void WaterTracker::setIntervalMinutes(int minutes) {
-  minutes = std::clamp(minutes, shortestInterval, longestInterval);
+  minutes = clamped(setting::waterInterval, minutes);
   if (minutes == water_.intervalMinutes) return;
   water_.intervalMinutes = minutes;
-  store(seams_.defaults, "waterInterval", minutes);
+  store(seams_.defaults, setting::waterInterval.key, minutes);
   acted(seams_.now());
 }
 
 void WaterTracker::setRemindersOn(bool on) {
   if (on == water_.remindersOn) return;
   water_.remindersOn = on;
-  store(seams_.defaults, "waterReminders", on);
+  store(seams_.defaults, setting::waterReminders.key, on);
   acted(seams_.now());
 }
 

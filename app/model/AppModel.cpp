@@ -3,6 +3,7 @@
 #include <QQmlEngine>
 
 #include "app/base/Log.h"
+#include "app/base/StoredValue.h"
 
 namespace ambrel {
 namespace {
@@ -34,12 +35,7 @@ void AppModel::load() {
   auto brought = updated(std::move(loaded.profiles), defaults_.strings("dockWidgets"));
   profiles_ = std::move(brought.profiles);
   if (brought.isChanged) save();
-  if (!brought.isConverted) return;
-  try {
-    defaults_.remove("dockWidgets");
-  } catch (const std::exception& error) {
-    logLine(std::string("cannot save settings: ") + error.what());
-  }
+  if (brought.isConverted) removeStored(defaults_, "dockWidgets");
 }
 
 void AppModel::save() {

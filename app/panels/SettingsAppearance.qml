@@ -1,11 +1,8 @@
 import QtQuick
 import Ambrel.Kit
-import Ambrel.Panels
 
 SettingsPage {
     id: root
-
-    required property AppearanceSettings appearance
 
     Section {
         width: parent.width
@@ -15,16 +12,16 @@ SettingsPage {
             detail: qsTr("Follows the desktop unless you choose one")
             options: [qsTr("System"), qsTr("Dark"), qsTr("Light")]
             values: ["system", "dark", "light"]
-            value: root.appearance.theme
-            onChosen: value => root.appearance.theme = value
+            value: root.settings.theme
+            onChosen: value => root.settings.theme = value
         }
         SettingChoice {
             title: qsTr("Motion")
             detail: qsTr("Reduced swaps movement for a short fade")
             options: [qsTr("Full"), qsTr("Reduced")]
             values: [false, true]
-            value: root.appearance.reducesMotion
-            onChosen: value => root.appearance.reducesMotion = value
+            value: root.settings.reduceMotion
+            onChosen: value => root.settings.reduceMotion = value
         }
     }
 }

@@ -33,8 +33,7 @@ SettingsPage {
         }
     ]
 
-    // Untyped: the lint knows neither 64-bit integers nor the script methods of lists of strings.
-    readonly property var stored: settings
+    // Untyped: the lint does not know the script methods of lists of strings.
     readonly property var chosen: settings.buddyCategories
 
     function setCategory(name: string, isOn: bool) {
@@ -97,7 +96,7 @@ SettingsPage {
 
             HourStepper {
                 label: qsTr("Quiet from")
-                hour: root.stored.quietStartHour
+                hour: root.settings.quietStartHour
                 onChosen: hour => root.settings.quietStartHour = hour
             }
         }
@@ -107,7 +106,7 @@ SettingsPage {
 
             HourStepper {
                 label: qsTr("Quiet to")
-                hour: root.stored.quietEndHour
+                hour: root.settings.quietEndHour
                 onChosen: hour => root.settings.quietEndHour = hour
             }
         }

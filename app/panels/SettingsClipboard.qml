@@ -7,8 +7,7 @@ SettingsPage {
     id: root
 
     property ClipboardModel clipboard: null
-    // Untyped: the lint knows neither 64-bit integers nor the script methods of lists of strings.
-    readonly property var stored: settings
+    // Untyped: the lint does not know the script methods of lists of strings.
     readonly property var ignored: settings.ignoredBundleIDs
     property bool asksToClear: false
 
@@ -32,7 +31,7 @@ SettingsPage {
             enabled: root.settings.clipboardEnabled
             options: ["100", "300", "1000", "10000"]
             values: [100, 300, 1000, 10000]
-            value: root.stored.clipboardLimit
+            value: root.settings.clipboardLimit
             onChosen: value => root.settings.clipboardLimit = value
         }
         SettingChoice {
@@ -41,7 +40,7 @@ SettingsPage {
             enabled: root.settings.clipboardEnabled
             options: [qsTr("Never"), qsTr("1 day"), qsTr("7 days"), qsTr("30 days")]
             values: [0, 1, 7, 30]
-            value: root.stored.clipboardMaxAgeDays
+            value: root.settings.clipboardMaxAgeDays
             onChosen: value => root.settings.clipboardMaxAgeDays = value
         }
         SettingSwitch {
@@ -57,7 +56,7 @@ SettingsPage {
             enabled: root.settings.clipboardEnabled
             options: [qsTr("1 MB"), qsTr("32 MB"), qsTr("128 MB")]
             values: [1, 32, 128]
-            value: root.stored.clipboardTextMegabytes
+            value: root.settings.clipboardTextMegabytes
             onChosen: value => root.settings.clipboardTextMegabytes = value
         }
         SettingChoice {
@@ -65,7 +64,7 @@ SettingsPage {
             enabled: root.settings.clipboardEnabled
             options: [qsTr("16 MB"), qsTr("64 MB"), qsTr("256 MB")]
             values: [16, 64, 256]
-            value: root.stored.clipboardPictureMegabytes
+            value: root.settings.clipboardPictureMegabytes
             onChosen: value => root.settings.clipboardPictureMegabytes = value
         }
         SettingChoice {
@@ -73,7 +72,7 @@ SettingsPage {
             enabled: root.settings.clipboardEnabled
             options: [qsTr("1 MB"), qsTr("4 MB"), qsTr("16 MB")]
             values: [1, 4, 16]
-            value: root.stored.clipboardListMegabytes
+            value: root.settings.clipboardListMegabytes
             onChosen: value => root.settings.clipboardListMegabytes = value
         }
         SectionRow {

@@ -8,7 +8,6 @@ Popover {
     id: root
 
     required property AppSettings settings
-    required property AppearanceSettings appearance
     // The name of the tab that is shown; `tabChosen` asks for another.
     property string tab: "general"
     property string version
@@ -122,8 +121,6 @@ Popover {
         const properties = Object.assign({
             settings: root.settings
         }, root.pages[tabs[index].name]);
-        if (tabs[index].name === "appearance")
-            properties.appearance = root.appearance;
         if (tabs[index].name === "about")
             properties.version = root.version;
         page.setSource(tabs[index].page, properties);

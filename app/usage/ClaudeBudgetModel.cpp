@@ -19,7 +19,7 @@ QString ClaudeBudgetModel::text() const {
 }
 
 void ClaudeBudgetModel::step(int by) {
-  settings_.setClaudeBudgetTokens(steppedBudget(settings_.claudeBudgetTokens(), by));
+  settings_.set(setting::claudeBudgetTokens, steppedBudget(settings_.claudeBudgetTokens(), by));
 }
 
 }  // namespace ambrel

@@ -26,7 +26,7 @@ WeatherModel::WeatherModel(Setting setting, WeatherService& service, UserDefault
       calendar_(std::move(calendar)),
       now_(std::move(now)),
       place_(setting_.defaultPlace),
-      usesFahrenheit_(defaults.boolean("weatherFahrenheit").value_or(false)) {
+      usesFahrenheit_(valueOf(defaults, setting::weatherFahrenheit)) {
   loadPlace();
   publish(now_());
 }
@@ -35,14 +35,13 @@ void WeatherModel::loadPlace() {
   place_ = setting_.defaultPlace;
   if (const auto stored = defaults_.data(setting_.placeKey))
     if (auto place = decodedPlace(*stored)) place_ = std::move(*place);
-  reading_.scale =
-      fromName<AirQualityScale>(defaults_.string("airQualityScale").value_or("")).value_or(AirQualityScale::us);
+  reading_.scale = valueOf(defaults_, setting::airQualityScale);
 }
 
 void WeatherModel::reload(bool hasNewHosts) {
   const Place before = place_;
   loadPlace();
-  const bool uses = defaults_.boolean("weatherFahrenheit").value_or(false);
+  const bool uses = valueOf(defaults_, setting::weatherFahrenheit);
   if (place_ != before || hasNewHosts) {
     usesFahrenheit_ = uses;
     Q_EMIT usesFahrenheitChanged();
@@ -183,7 +182,7 @@ void WeatherModel::clockMoved(Seconds by, Instant now) {
 
 void WeatherModel::setUsesFahrenheit(bool uses) {
   if (uses == usesFahrenheit_) return;
-  store(defaults_, "weatherFahrenheit", uses);
+  store(defaults_, setting::weatherFahrenheit.key, uses);
   applyUnit(uses, now_());
 }
 
@@ -205,7 +204,7 @@ void WeatherModel::setAirQualityScale(const QString& name) {
   const auto scale = fromName<AirQualityScale>(name.toStdString());
   if (!scale || *scale == reading_.scale) return;
   reading_.scale = *scale;
-  store(defaults_, "airQualityScale", DefaultsValue{std::string(nameOf(*scale))});
+  store(defaults_, setting::airQualityScale.key, DefaultsValue{std::string(nameOf(*scale))});
   publish(now_());
 }
 

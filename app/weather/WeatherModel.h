@@ -9,7 +9,7 @@
 #include "app/weather/WeatherService.h"
 #include "app/weather/WeatherTexts.h"
 #include "core/base/PresentCalendar.h"
-#include "core/base/UserDefaults.h"
+#include "core/settings.h"
 
 namespace ambrel {
 

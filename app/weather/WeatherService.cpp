@@ -9,12 +9,9 @@
 namespace ambrel {
 namespace {
 
-QUrl hostFrom(const UserDefaults& defaults, const char* key, const QUrl& fallback) {
-  const auto text = defaults.string(key);
-  if (!text) return fallback;
-  const QUrl url(QString::fromStdString(*text), QUrl::StrictMode);
-  const bool isHTTP = url.scheme() == QStringLiteral("https") || url.scheme() == QStringLiteral("http");
-  return url.isValid() && isHTTP && !url.host().isEmpty() ? url : fallback;
+QUrl hostFrom(const UserDefaults& defaults, const Setting<std::string>& setting, const QUrl& fallback) {
+  const QUrl url(QString::fromStdString(valueOf(defaults, setting)), QUrl::StrictMode);
+  return url.isValid() && !url.host().isEmpty() ? url : fallback;
 }
 
 // No server may keep the program away for more than a day.
@@ -78,9 +75,9 @@ class Fetch : public QObject {
 
 WeatherHosts weatherHosts(const UserDefaults& defaults) {
   const WeatherHosts open;
-  return {hostFrom(defaults, "weatherForecastURL", open.forecast),
-          hostFrom(defaults, "weatherAirQualityURL", open.airQuality),
-          hostFrom(defaults, "weatherGeocodingURL", open.geocoding)};
+  return {hostFrom(defaults, setting::weatherForecastURL, open.forecast),
+          hostFrom(defaults, setting::weatherAirQualityURL, open.airQuality),
+          hostFrom(defaults, setting::weatherGeocodingURL, open.geocoding)};
 }
 
 WeatherService::WeatherService(WeatherHosts hosts, WeatherLimits limits, QObject* parent)

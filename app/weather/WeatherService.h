@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "core/base/UserDefaults.h"
+#include "core/settings.h"
 #include "core/weather.h"
 
 namespace ambrel {

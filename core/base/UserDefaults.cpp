@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #include <utility>
 
@@ -105,6 +106,23 @@ std::optional<T> copied(const DefaultsValue* value) {
   const T* found = held<T>(value);
   return found ? std::optional<T>(*found) : std::nullopt;
 }
+
+// Two programs that change the file at the same time take turns. One that holds it for long keeps nobody waiting.
+class Turn {
+ public:
+  explicit Turn(const std::filesystem::path& folder)
+      : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    constexpr int mostTries = 100;
+    constexpr useconds_t pause = 2000;
+    for (int tries = 0; folder_ && flock(folder_.get(), LOCK_EX | LOCK_NB) != 0 && tries < mostTries; ++tries) {
+      if (errno != EWOULDBLOCK) return;  // a file system without locks
+      usleep(pause);
+    }
+  }
+
+ private:
+  FileDescriptor folder_;
+};
 
 }  // namespace
 
@@ -211,6 +229,7 @@ const DefaultsDictionary* UserDefaults::dictionary(const std::string& key) const
 }
 
 void UserDefaults::set(const std::string& key, DefaultsValue value) {
+  const Turn turn(file_.parent_path());
   refresh();
   const auto found = values_.find(key);
   if (found != values_.end() && found->second == value) return;
@@ -225,6 +244,7 @@ void UserDefaults::set(const std::string& key, const std::vector<std::string>& s
 }
 
 void UserDefaults::set(DefaultsDictionary values) {
+  const Turn turn(file_.parent_path());
   refresh();
   const DefaultsDictionary before = values_;
   for (auto& [key, value] : values) values_.insert_or_assign(key, std::move(value));
@@ -232,6 +252,7 @@ void UserDefaults::set(DefaultsDictionary values) {
 }
 
 void UserDefaults::remove(const std::string& key) {
+  const Turn turn(file_.parent_path());
   refresh();
   if (values_.erase(key) > 0) save();
 }

@@ -31,7 +31,8 @@ struct DefaultsValue {
 };
 
 // Holds the whole document in memory; every change is written at once and atomically. What others write meanwhile is
-// read before that, so that neither is lost; a symbolic link stays one.
+// read before that, so that neither is lost, and programs that write at the same time take turns; a symbolic link
+// stays one.
 //
 // In the file, data and dates are objects of one key, {"$data": BASE64} and {"$date": ISO8601}; a dictionary whose
 // only key begins with "$" is wrapped as {"$dictionary": {...}}. A file that cannot be read or decoded changes nothing

@@ -16,16 +16,6 @@ std::string_view keyPrefix(BreakKind kind) {
   return {};
 }
 
-int defaultIntervalMinutes(BreakKind kind) {
-  switch (kind) {
-    case BreakKind::eyes:
-      return 20;
-    case BreakKind::stand:
-      return 45;
-  }
-  return 0;
-}
-
 void BreakTimer::beginInterval(Instant now) {
   isDue = false;
   nextDue = now + minutes(intervalMinutes);

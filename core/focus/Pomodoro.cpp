@@ -23,12 +23,6 @@ std::string_view title(PomodoroPhase phase) {
   return {};
 }
 
-PomodoroSettings PomodoroSettings::clamped() const {
-  const auto length = [](int value) { return std::clamp(value, 1, 180); };
-  return {length(focusMinutes), length(breakMinutes), length(longBreakMinutes),
-          std::clamp(sessionsUntilLongBreak, 1, 12), startsNextPhase};
-}
-
 Seconds Pomodoro::length() const {
   if (begunLength) return *begunLength;
   switch (phase) {

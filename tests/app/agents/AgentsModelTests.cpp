@@ -192,12 +192,12 @@ void AgentsModelTests::aSessionThatGoesAwayIsNotAnnounced() {
 void AgentsModelTests::withNotificationsOffTheFinishIsStillReported() {
   Fixture f;
   f.poll({session("codex:a", working)});
-  f.settings.setAgentNotifications(false);
+  f.settings.set(setting::agentNotifications, false);
   f.poll({session("codex:a", finished)});
   QCOMPARE(announced(f.notifications), QStringList());
   QCOMPARE(f.finished, 1);
   // Read at each transition: no restart is needed.
-  f.settings.setAgentNotifications(true);
+  f.settings.set(setting::agentNotifications, true);
   f.poll({session("codex:a", working)});
   f.poll({session("codex:a", finished)});
   QCOMPARE(announced(f.notifications).size(), 1);
@@ -248,7 +248,7 @@ void AgentsModelTests::refreshDuringARunningPollDoesNothing() {
 void AgentsModelTests::switchedOffTheListIsEmpty() {
   Fixture f;
   f.poll({session("codex:a", working)});
-  f.settings.setAgentsEnabled(false);
+  f.settings.set(setting::agentsEnabled, false);
   f.model.refresh();
   QCOMPARE(f.held.waiting.size(), 0u);
   QCOMPARE(f.ids(), QStringList());
@@ -262,14 +262,14 @@ void AgentsModelTests::switchedOffDuringAPollItsResultIsDropped() {
   f.poll({session("codex:a", working)});
   f.desk.sessions = {session("codex:a", finished)};
   f.model.refresh();
-  f.settings.setAgentsEnabled(false);
+  f.settings.set(setting::agentsEnabled, false);
   f.model.refresh();
   QCOMPARE(f.ids(), QStringList());
   f.held.letGo();
   QCOMPARE(f.ids(), QStringList());
   QCOMPARE(announced(f.notifications), QStringList());
   // The poll that was dropped is over: the next one starts.
-  f.settings.setAgentsEnabled(true);
+  f.settings.set(setting::agentsEnabled, true);
   f.poll({session("codex:a", finished)});
   QCOMPARE(f.ids(), QStringList("codex:a"));
 }
@@ -277,9 +277,9 @@ void AgentsModelTests::switchedOffDuringAPollItsResultIsDropped() {
 void AgentsModelTests::switchedOnAgainNothingOldIsAnnounced() {
   Fixture f;
   f.poll({session("codex:a", working)});
-  f.settings.setAgentsEnabled(false);
+  f.settings.set(setting::agentsEnabled, false);
   f.model.refresh();
-  f.settings.setAgentsEnabled(true);
+  f.settings.set(setting::agentsEnabled, true);
   f.poll({session("codex:a", needsInput)});
   QCOMPARE(announced(f.notifications), QStringList());
 }

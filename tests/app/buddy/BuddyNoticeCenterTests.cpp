@@ -192,7 +192,7 @@ void BuddyNoticeCenterTests::neverSilencesWhatWaitsToo() {
   room.poll({codex(needsInput, "codex:a"), codex(needsInput, "codex:b")});
   room.tick();
   QCOMPARE(room.center->bubbleMore(), 1);
-  room.settings->setBuddyLevel(BuddyLevel::off);
+  room.settings->set(setting::buddyLevel, BuddyLevel::off);
   QVERIFY(!room.center->hasBubble());
   room.isFocusRunning = false;
   room.pass(60);
@@ -331,7 +331,7 @@ void BuddyNoticeCenterTests::aFocusSessionHoldsWhatCanWait() {
 
 void BuddyNoticeCenterTests::quietHoursLetOnlyWhatIsUrgentThrough() {
   BuddyRoom room("2026-11-21T23:30:00Z");
-  room.settings->setQuietHoursOn(true);
+  room.settings->set(setting::quietHoursOn, true);
   room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
   room.tick();
   QVERIFY(!room.center->hasBubble());
@@ -345,16 +345,16 @@ void BuddyNoticeCenterTests::theSettingsAreThePolicy() {
   BuddyRoom room;
   QCOMPARE(room.center->policy(),
            (BuddyPolicy{.quietHours = QuietHours{.startHour = 22, .endHour = 8}, .onlyUnfocusedAgents = true}));
-  room.settings->setBuddyLevel(BuddyLevel::important);
-  room.settings->setBuddyCategories({BuddyCategory::limits});
-  room.settings->setQuietStartHour(20);
-  room.settings->setQuietEndHour(6);
-  room.settings->setBuddyOnlyUnfocusedAgents(false);
+  room.settings->set(setting::buddyLevel, BuddyLevel::important);
+  room.settings->set(setting::buddyCategories, {BuddyCategory::limits});
+  room.settings->set(setting::quietStartHour, 20);
+  room.settings->set(setting::quietEndHour, 6);
+  room.settings->set(setting::buddyOnlyUnfocusedAgents, false);
   QCOMPARE(room.center->policy(), (BuddyPolicy{.level = BuddyLevel::important,
                                                .categories = {BuddyCategory::limits},
                                                .quietHours = QuietHours{.startHour = 20, .endHour = 6},
                                                .onlyUnfocusedAgents = false}));
-  room.settings->setQuietHoursOn(false);
+  room.settings->set(setting::quietHoursOn, false);
   QVERIFY(!room.center->policy().quietHours);
 }
 
@@ -627,13 +627,13 @@ void BuddyNoticeCenterTests::thousandsOfSessionsAreNoFlood() {
 void BuddyNoticeCenterTests::theFootSaysWhenHeIsQuiet() {
   BuddyRoom room;
   QCOMPARE(room.center->quietText(), QStringLiteral("Quiet from 22:00 to 08:00"));
-  room.settings->setQuietStartHour(8);
+  room.settings->set(setting::quietStartHour, 8);
   QCOMPARE(room.center->quietText(), QStringLiteral("No quiet hours"));
-  room.settings->setQuietEndHour(11);
+  room.settings->set(setting::quietEndHour, 11);
   QCOMPARE(room.center->quietText(), QStringLiteral("Quiet until 11:00"));
-  room.settings->setQuietHoursOn(false);
+  room.settings->set(setting::quietHoursOn, false);
   QCOMPARE(room.center->quietText(), QStringLiteral("No quiet hours"));
-  room.settings->setBuddyLevel(BuddyLevel::off);
+  room.settings->set(setting::buddyLevel, BuddyLevel::off);
   QCOMPARE(room.center->quietText(), QStringLiteral("Buddy says nothing"));
 }
 

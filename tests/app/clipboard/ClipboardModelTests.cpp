@@ -75,7 +75,7 @@ class ClipboardModelTests : public QObject {
     const auto reads = desk.pasteboard.reads;
     PasteboardContents contents{.filePaths = {}, .picture = {}, .text = "not kept"};
     std::vector<std::string> types{"UTF8_STRING"};
-    if (why == "switched off") desk.settings.setClipboardEnabled(false);
+    if (why == "switched off") desk.settings.set(setting::clipboardEnabled, false);
     if (why == "ignored program") desk.workspace.inFront = {"terminal", "com.bitwarden.desktop"};
     if (why == "private") types.emplace_back("x-kde-passwordManagerHint");
     if (why == "blank") contents.text = " \n\t";
@@ -88,7 +88,7 @@ class ClipboardModelTests : public QObject {
     QCOMPARE(desk.model->lastChangeCount(), desk.pasteboard.count);
     QVERIFY(!desk.model->currentItemID());
     // What was copied meanwhile does not come in later.
-    desk.settings.setClipboardEnabled(true);
+    desk.settings.set(setting::clipboardEnabled, true);
     desk.workspace.inFront.clear();
     desk.model->poll();
     desk.pasteboard.answer();
@@ -191,8 +191,8 @@ class ClipboardModelTests : public QObject {
   void aProgramIsIgnoredByTheNameThatItsCardsShow() {
     ClipboardDesk desk;
     desk.workspace.inFront = {"org.example.vault"};
-    desk.settings.setIgnoredBundleIDs(
-        {QString(desk.model->nameOfProgram("org.example.vault")).toUpper().toStdString()});
+    desk.settings.set(setting::ignoredBundleIDs,
+                      {QString(desk.model->nameOfProgram("org.example.vault")).toUpper().toStdString()});
     desk.copy("hunter2");
     QCOMPARE(desk.model->count(), 0);
   }
@@ -430,7 +430,7 @@ class ClipboardModelTests : public QObject {
 
   void aPictureThatIsCopiedAgainIsNotDeleted() {
     ClipboardDesk desk;
-    desk.settings.setClipboardLimit(1);
+    desk.settings.set(setting::clipboardLimit, 1);
     desk.copyPicture(pngBytes('a'));
     desk.copy("pushes the picture out");
     QCOMPARE(desk.pictureCount(), 0);
@@ -493,7 +493,7 @@ class ClipboardModelTests : public QObject {
 
   void secretsAndOldClipsAreSweptEveryFiveMinutes() {
     ClipboardDesk desk;
-    desk.settings.setClipboardMaxAgeDays(1);
+    desk.settings.set(setting::clipboardMaxAgeDays, 1);
     desk.copy("123456");
     desk.copy("words");
     desk.copy("654321");
@@ -539,7 +539,7 @@ class ClipboardModelTests : public QObject {
 
   void collectionsHoldAndProtectClips() {
     ClipboardDesk desk;
-    desk.settings.setClipboardLimit(1);
+    desk.settings.set(setting::clipboardLimit, 1);
     desk.copy("recipe");
     desk.model->createCollection("  ", desk.id(0));
     QCOMPARE(desk.model->collections()->rowCount(), 0);
@@ -652,10 +652,10 @@ class ClipboardModelTests : public QObject {
     desk.model->refreshAges();
     QCOMPARE(forgetting(), QStringLiteral("forgotten soon"));
     QSignalSpy changed(desk.model->items(), &ClipListModel::dataChanged);
-    desk.settings.setClipboardForgetSensitive(false);
+    desk.settings.set(setting::clipboardForgetSensitive, false);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(forgetting(), QString());
-    desk.settings.setClipboardForgetSensitive(true);
+    desk.settings.set(setting::clipboardForgetSensitive, true);
     desk.model->togglePin(desk.id(0));
     QCOMPARE(forgetting(), QString());
     QCOMPARE(desk.model->copyPinned(1), QStringLiteral("Secret"));

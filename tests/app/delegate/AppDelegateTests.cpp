@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "app/Environment.h"
+#include "app/kit/Theme.h"
 #include "core/workspace/Wish.h"
 #include "tests/app/delegate/Program.h"
 
@@ -26,6 +27,7 @@ class AppDelegateTests : public QObject {
   void buddyIsPutOnEveryBarOnce();
   void buddysTileOpensHisInbox();
   void whileBuddySpeaksTheBarStays();
+  void theLookFollowsTheSettingsAndTheirFile();
 };
 
 void AppDelegateTests::desktopsMadeWithGTKAreKnown() {
@@ -212,7 +214,7 @@ void AppDelegateTests::whileBuddySpeaksTheBarStays() {
   Program program;
   program.delegate->launch();
   program.desktop.pointer.at = Point{800, 450};
-  program.delegate->settings().setBarAlwaysVisible(false);
+  program.delegate->settings().set(setting::barAlwaysVisible, false);
   DockPanelController& bar = *program.delegate->dock();
   program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
   QVERIFY(program.delegate->notices()->hasBubble());
@@ -228,6 +230,20 @@ void AppDelegateTests::whileBuddySpeaksTheBarStays() {
   pass(1);
   QVERIFY(!bar.presentation().isShown());
   QCOMPARE(program.warnings.take(), QStringList());
+}
+
+void AppDelegateTests::theLookFollowsTheSettingsAndTheirFile() {
+  Program program;
+  program.delegate->settings().set(setting::theme, ThemeChoice::light);
+  program.restart();
+  program.delegate->launch();
+  const Theme& theme = themeOf(program.delegate->engine());
+  QVERIFY(!theme.dark());
+  program.delegate->settings().set(setting::theme, ThemeChoice::dark);
+  QVERIFY(theme.dark() && !theme.alwaysReducesMotion());
+  // As from an editor or tilebayctl.
+  UserDefaults(program.folder / "defaults.json").set("reduceMotion", DefaultsValue{true});
+  QTRY_VERIFY(theme.alwaysReducesMotion());
 }
 
 }  // namespace ambrel

@@ -61,10 +61,10 @@ void ContextPeekerTests::otherStatusesDoNotPeek() {
 
 void ContextPeekerTests::whileOffReasonsAreRemembered() {
   Fixture f;
-  f.settings.setBarPeeksForContext(false);
+  f.settings.set(setting::barPeeksForContext, false);
   f.pollAgents({session("codex:a", AgentStatus::needsInput)});
   QCOMPARE(f.check(), 0);
-  f.settings.setBarPeeksForContext(true);
+  f.settings.set(setting::barPeeksForContext, true);
   QCOMPARE(f.check(), 0);
   f.pollAgents({session("codex:b", AgentStatus::needsInput)});
   QCOMPARE(f.check(), 1);

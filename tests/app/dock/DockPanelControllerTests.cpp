@@ -76,7 +76,7 @@ void DockPanelControllerTests::theEdgeRevealsIt() {
   QFETCH(Point, pointer);
   QFETCH(bool, isRevealed);
   BarFixture f;
-  f.settings.setDockEdge(edge);
+  f.settings.set(setting::dockEdge, edge);
   f.bar.start();
   QVERIFY(!f.isShown());
   f.pointer.move(pointer);
@@ -189,7 +189,7 @@ void DockPanelControllerTests::aBarThatIsRevealedOverARestingPointerLeaves() {
 
 void DockPanelControllerTests::alwaysVisibleItStaysAndThenGoesByThePointer() {
   BarFixture f;
-  f.settings.setBarAlwaysVisible(true);
+  f.settings.set(setting::barAlwaysVisible, true);
   f.bar.start();
   f.pass(60);
   QVERIFY(f.isShown());
@@ -203,12 +203,12 @@ void DockPanelControllerTests::alwaysVisibleItStaysAndThenGoesByThePointer() {
   QVERIFY(f.isShown());
   f.pointer.move(BarFixture::away);
   f.pass(1);
-  f.settings.setBarAlwaysVisible(false);
+  f.settings.set(setting::barAlwaysVisible, false);
   QVERIFY(f.isShown());
   QVERIFY(f.pointer.isWaiting() || f.pointer.looks > looks);
   f.pass(0.6);
   QVERIFY(!f.isShown());
-  f.settings.setBarAlwaysVisible(true);
+  f.settings.set(setting::barAlwaysVisible, true);
   QVERIFY(f.isShown());
 }
 
@@ -325,7 +325,7 @@ void DockPanelControllerTests::itStandsAtItsEdge() {
   // Below the main screen's upper edge, to the right of the window system's left edge.
   f.screens.screens = {{"DP-1", {200, 0, 1600, 900}, {200, 0, 1600, 900}, false}};
   f.putOnBar({"cpu", "memory"});
-  f.settings.setDockEdge(edge);
+  f.settings.set(setting::dockEdge, edge);
   f.bar.start();
   const QRect frame = f.frame();
   switch (edge) {
@@ -393,7 +393,7 @@ void DockPanelControllerTests::anEdgeThatMovesAwayFromARestingPointerLetsItGo() 
   f.bar.start();
   f.pointer.move({800, 0});
   f.pass(10);
-  f.settings.setDockEdge(DockEdge::left);
+  f.settings.set(setting::dockEdge, DockEdge::left);
   f.pass(1);
   QVERIFY(!f.isShown());
 }
@@ -403,7 +403,7 @@ void DockPanelControllerTests::theLongestLengthIsReported() {
   f.screens.screens = {{"DP-1", {0, 0, 1600, 900}, {0, 48, 1500, 800}, false}};
   f.bar.start();
   QCOMPARE(f.maxLengths.back(), 1460.0);
-  f.settings.setDockEdge(DockEdge::right);
+  f.settings.set(setting::dockEdge, DockEdge::right);
   QCOMPARE(f.maxLengths.back(), 760.0);
 }
 

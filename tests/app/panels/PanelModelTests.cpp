@@ -2,7 +2,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
 #include "tests/TemporaryFolder.h"
 
@@ -37,10 +36,6 @@ class PanelModelTests : public QObject {
   void rowsFollowTheActiveProfile();
   void whatTheLicenceDeniesShowsTheUpsell();
   void anUnknownWidgetDoesNothing();
-  void appearanceIsStoredAndLoaded_data();
-  void appearanceIsStoredAndLoaded();
-  void appearanceReachesTheThemeAndTheFile();
-  void anUnwritableFileKeepsTheChoice();
 };
 
 void PanelModelTests::theWholeCatalogueStandsInItsGroups() {
@@ -150,53 +145,6 @@ void PanelModelTests::anUnknownWidgetDoesNothing() {
   f.gallery.toggle("nothing");
   f.gallery.toggle("");
   QVERIFY(f.model.profiles() == before);
-}
-
-void PanelModelTests::appearanceIsStoredAndLoaded_data() {
-  QTest::addColumn<QString>("stored");
-  QTest::addColumn<QString>("theme");
-  for (const char* name : {"system", "dark", "light"}) QTest::newRow(name) << QString(name) << QString(name);
-  QTest::newRow("unknown") << "pink"
-                           << "system";
-}
-
-void PanelModelTests::appearanceIsStoredAndLoaded() {
-  QFETCH(QString, stored);
-  QFETCH(QString, theme);
-  Fixture f;
-  f.defaults.set("theme", DefaultsValue{stored.toStdString()});
-  Theme drawn(nullptr);
-  const AppearanceSettings settings(f.defaults, drawn);
-  QCOMPARE(settings.theme(), theme);
-  QVERIFY(!settings.reducesMotion());
-}
-
-void PanelModelTests::appearanceReachesTheThemeAndTheFile() {
-  Fixture f;
-  Theme drawn(nullptr);
-  AppearanceSettings settings(f.defaults, drawn);
-  QSignalSpy spy(&settings, &AppearanceSettings::themeChanged);
-  settings.setTheme("light");
-  settings.setTheme("light");
-  settings.setTheme("pink");
-  QCOMPARE(spy.count(), 1);
-  QVERIFY(!drawn.dark());
-  settings.setReducesMotion(true);
-  QVERIFY(drawn.reducedMotion());
-  const UserDefaults again(f.folder / "defaults.json");
-  QCOMPARE(again.string("theme"), std::optional<std::string>("light"));
-  QCOMPARE(again.boolean("reduceMotion"), std::optional<bool>(true));
-}
-
-void PanelModelTests::anUnwritableFileKeepsTheChoice() {
-  const TemporaryFolder folder;
-  folder.write("in the way", "");
-  UserDefaults defaults(folder / "in the way/defaults.json");
-  Theme drawn(nullptr);
-  AppearanceSettings settings(defaults, drawn);
-  settings.setTheme("light");
-  QVERIFY(!drawn.dark());
-  QCOMPARE(settings.theme(), QString("light"));
 }
 
 }  // namespace ambrel

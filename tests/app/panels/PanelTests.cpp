@@ -2,7 +2,6 @@
 #include <QTest>
 
 #include "app/model/AppSettings.h"
-#include "app/panels/AppearanceSettings.h"
 #include "app/panels/GalleryModel.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/kit/Looks.h"
@@ -20,10 +19,8 @@ struct Stage {
   GalleryModel gallery{model};
   AppSettings settings{defaults};
   Scene scene;
-  std::unique_ptr<AppearanceSettings> appearance;
 
   explicit Stage(Theme::Choice choice = Theme::Choice::Dark) {
-    appearance = std::make_unique<AppearanceSettings>(defaults, scene.theme());
     scene.theme().setAlwaysReducesMotion(true);
     scene.theme().setChoice(choice);
   }
@@ -38,7 +35,6 @@ struct Stage {
     }
     if (view == "SettingsView") {
       more.insert("settings", QVariant::fromValue(&settings));
-      more.insert("appearance", QVariant::fromValue(appearance.get()));
       more.insert("version", "0.1.0");
     }
     if (!scene.loadFile("qrc:/qt/qml/Ambrel/Panels/" + view + ".qml", more)) return false;

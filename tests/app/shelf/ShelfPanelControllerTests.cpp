@@ -92,7 +92,7 @@ class ShelfPanelControllerTests : public QObject {
     QVERIFY(!room.shelf->sensor().isActive());
     room.shelf->close();
     QVERIFY(room.shelf->sensor().isActive());
-    room.desk.settings.setShelfOpensOnHover(false);
+    room.desk.settings.set(setting::shelfOpensOnHover, false);
     QVERIFY(!room.shelf->sensor().isActive());
     QVERIFY(!room.pointer.isWaiting());
   }

@@ -19,7 +19,7 @@ BreakTimer eyes() {
 BreakTimer stand() {
   BreakTimer timer;
   timer.kind = BreakKind::stand;
-  timer.intervalMinutes = defaultIntervalMinutes(BreakKind::stand);
+  timer.intervalMinutes = 45;
   timer.nextDue = noon + minutes(45);
   return timer;
 }

@@ -164,13 +164,5 @@ TEST(Pomodoro, DoesNotCareWhatTheClockIsSetTo) {
   EXPECT_EQ(timer.remaining(morning - hours(2) + minutes(5)), minutes(20));
 }
 
-TEST(Pomodoro, ClampsWhatWasStored) {
-  EXPECT_EQ((PomodoroSettings{0, -5, 100000, 0, true}.clamped()), (PomodoroSettings{1, 1, 180, 1, true}));
-  EXPECT_EQ(PomodoroSettings{}.clamped(), PomodoroSettings{});
-  EXPECT_EQ(title(PomodoroPhase::focus), "Focus");
-  EXPECT_EQ(title(PomodoroPhase::shortBreak), "Break");
-  EXPECT_EQ(title(PomodoroPhase::longBreak), "Long Break");
-}
-
 }  // namespace
 }  // namespace ambrel

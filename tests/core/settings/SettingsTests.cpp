@@ -11,15 +11,12 @@ using testing::ElementsAre;
 
 class Settings : public testing::Test {
  protected:
-  SettingsValues holding(std::string_view json) {
-    return loadSettings(UserDefaults(folder_.write("defaults.json", json)));
-  }
+  UserDefaults holding(std::string_view json) { return UserDefaults(folder_.write("defaults.json", json)); }
   TemporaryFolder folder_;
 };
 
 TEST_F(Settings, HaveTheirDefaultsAtAFirstRun) {
   const auto values = loadSettings(UserDefaults(folder_ / "missing.json"));
-  EXPECT_EQ(values, SettingsValues{});
   EXPECT_EQ(values.dockEdge, DockEdge::bottom);
   EXPECT_FALSE(values.barAlwaysVisible || values.clipboardPreviewInBar);
   EXPECT_TRUE(values.barPeeksForContext && values.shelfOpensOnHover && values.clipboardEnabled &&
@@ -36,71 +33,80 @@ TEST_F(Settings, HaveTheirDefaultsAtAFirstRun) {
   EXPECT_EQ(values.claudeBudgetTokens, 0);
 }
 
-TEST_F(Settings, AreReadFromTheirOwnKeys) {
-  const auto values = holding(R"({"dockEdge":"right","barAlwaysVisible":true,"barPeeksForContext":false,
-    "shelfOpensOnHover":false,"clipboardPreviewInBar":true,"clipboardEnabled":false,"clipboardLimit":50,
-    "clipboardMaxAgeDays":7,"clipboardForgetSensitive":false,"ignoredBundleIDs":[],"agentsEnabled":false,
-    "agentNotifications":false,"buddyLevel":"important","buddyCategories":["health"],"quietHoursOn":false,
-    "quietStartHour":20,"quietEndHour":6,"claudeBudgetTokens":5000000000,"buddyOnlyUnfocusedAgents":false})");
-  const SettingsValues expected{.dockEdge = DockEdge::right,
-                                .barAlwaysVisible = true,
-                                .barPeeksForContext = false,
-                                .shelfOpensOnHover = false,
-                                .clipboardPreviewInBar = true,
-                                .clipboardEnabled = false,
-                                .clipboardLimit = 50,
-                                .clipboardMaxAgeDays = 7,
-                                .clipboardForgetSensitive = false,
-                                .ignoredBundleIDs = {},
-                                .agentsEnabled = false,
-                                .agentNotifications = false,
-                                .buddyLevel = BuddyLevel::important,
-                                .buddyCategories = {BuddyCategory::health},
-                                .quietHoursOn = false,
-                                .quietStartHour = 20,
-                                .quietEndHour = 6,
-                                .claudeBudgetTokens = 5'000'000'000,
-                                .buddyOnlyUnfocusedAgents = false};
-  EXPECT_EQ(values, expected);
+TEST_F(Settings, EachTakesItsDefaultAndWhatItWritesItself) {
+  std::set<std::string> keys;
+  for (const SettingRow* row : allSettings()) {
+    SCOPED_TRACE(row->key);
+    EXPECT_TRUE(keys.insert(row->key).second);
+    EXPECT_EQ(findSetting(row->key), row);
+    const DefaultsValue standard = standardValue(*row);
+    EXPECT_EQ(accepted(*row, standard), standard);
+    EXPECT_EQ(parseSetting(*row, settingText(standard)), standard);
+    EXPECT_FALSE(row->description.empty() || row->description.ends_with('.'));
+  }
+  EXPECT_EQ(findSetting("welcomeDone"), nullptr) << "what a model keeps for itself";
 }
 
 TEST_F(Settings, AValueOfAnotherTypeGivesTheDefault) {
-  const auto values = holding(R"({"dockEdge":"top","barAlwaysVisible":1,"barPeeksForContext":"false",
-    "shelfOpensOnHover":[],"clipboardPreviewInBar":"yes","clipboardEnabled":0,"clipboardLimit":"50",
-    "clipboardMaxAgeDays":7.5,"clipboardForgetSensitive":0,"ignoredBundleIDs":"com.example","agentsEnabled":{},
-    "agentNotifications":"no","buddyLevel":2,"buddyCategories":["health",3],"quietHoursOn":0,
-    "quietStartHour":true,"quietEndHour":"6","claudeBudgetTokens":"9","buddyOnlyUnfocusedAgents":null})");
-  EXPECT_EQ(values, SettingsValues{});
-  EXPECT_EQ(holding("not json"), SettingsValues{});
+  const std::vector<DefaultsValue> values{{true},
+                                          {std::int64_t{1}},
+                                          {7.5},
+                                          {std::string("1")},
+                                          {DefaultsArray{{std::string("x")}, {true}}},
+                                          {DefaultsDictionary{}}};
+  for (const SettingRow* row : allSettings()) {
+    UserDefaults defaults(folder_ / "defaults.json");
+    for (const DefaultsValue& value : values) {
+      if (value.value.index() == standardValue(*row).value.index() &&
+          !std::holds_alternative<DefaultsArray>(value.value) && !std::holds_alternative<std::string>(value.value))
+        continue;
+      defaults.set(row->key, value);
+      EXPECT_EQ(presentValue(defaults, *row), standardValue(*row)) << row->key << " " << value.value.index();
+    }
+  }
+  EXPECT_EQ(valueOf(holding(R"({"clipboardLimit":"50"})"), setting::clipboardLimit), 300);
+  EXPECT_EQ(valueOf(holding(R"({"dockEdge":"top"})"), setting::dockEdge), DockEdge::bottom);
+  EXPECT_EQ(valueOf(holding(R"({"weatherForecastURL":"ftp://x"})"), setting::weatherForecastURL), "");
+}
+
+TEST_F(Settings, ANumberIsKeptWithinItsRange) {
+  EXPECT_EQ(valueOf(holding(R"({"quietStartHour":-1})"), setting::quietStartHour), 0);
+  EXPECT_EQ(valueOf(holding(R"({"quietStartHour":24})"), setting::quietStartHour), 23);
+  EXPECT_EQ(valueOf(holding(R"({"clipboardLimit":9223372036854775807})"), setting::clipboardLimit), 100000);
+  EXPECT_EQ(valueOf(holding(R"({"claudeBudgetTokens":5000000000})"), setting::claudeBudgetTokens), 5'000'000'000);
 }
 
 TEST_F(Settings, OfTheStoredCategoriesTheKnownOnesCount) {
-  EXPECT_TRUE(holding(R"({"buddyCategories":[]})").buddyCategories.empty());
-  EXPECT_THAT(holding(R"({"buddyCategories":["health","gossip","agents","health"]})").buddyCategories,
+  const auto categories = [&](std::string_view json) { return valueOf(holding(json), setting::buddyCategories); };
+  EXPECT_TRUE(categories(R"({"buddyCategories":[]})").empty());
+  EXPECT_THAT(categories(R"({"buddyCategories":["health","gossip","agents","health"]})"),
               ElementsAre(BuddyCategory::agents, BuddyCategory::health));
-  EXPECT_TRUE(holding(R"({"buddyCategories":["gossip"]})").buddyCategories.empty());
+  EXPECT_TRUE(categories(R"({"buddyCategories":["gossip"]})").empty());
+  EXPECT_EQ(categories(R"({"buddyCategories":["health",3]})").size(), 5u);
 }
 
-TEST_F(Settings, WhatIsStoredIsRead) {
-  UserDefaults defaults(folder_ / "defaults.json");
-  for (const DockEdge edge : allCases<DockEdge>()) {
-    defaults.set("dockEdge", storedForm(edge));
-    EXPECT_EQ(loadSettings(defaults).dockEdge, edge);
-  }
-  for (const BuddyLevel level : allCases<BuddyLevel>()) {
-    defaults.set("buddyLevel", storedForm(level));
-    EXPECT_EQ(loadSettings(defaults).buddyLevel, level);
-  }
-  const std::set categories{BuddyCategory::limits, BuddyCategory::system};
-  defaults.set("buddyCategories", storedForm(categories));
-  defaults.set("ignoredBundleIDs", storedForm(std::vector<std::string>{"a", "b"}));
-  defaults.set("clipboardLimit", storedForm(std::int64_t{9}));
-  defaults.set("quietHoursOn", storedForm(false));
-  const auto values = loadSettings(UserDefaults(folder_ / "defaults.json"));
-  EXPECT_EQ(values.buddyCategories, categories);
-  EXPECT_THAT(values.ignoredBundleIDs, ElementsAre("a", "b"));
-  EXPECT_EQ(values.clipboardLimit, 9);
-  EXPECT_FALSE(values.quietHoursOn);
+TEST_F(Settings, WhatAPersonWritesIsReadBackAsItWas) {
+  const std::vector<std::string> texts{"", "a,b", "[c", "d"};
+  const DefaultsValue stored = storedForm(setting::ignoredBundleIDs, texts);
+  EXPECT_EQ(parseSetting(setting::ignoredBundleIDs, settingText(stored)), stored);
+  EXPECT_EQ(settingText(parseSetting(setting::ignoredBundleIDs, " a , b ")), "a,b");
+  EXPECT_EQ(settingText(parseSetting(setting::ignoredBundleIDs, "")), "");
+  EXPECT_EQ(settingText(parseSetting(setting::buddyCategories, "health,agents")), "agents,health");
+}
+
+TEST_F(Settings, ASlipOfAPersonIsRefusedAndNotCorrected) {
+  const std::pair<const SettingRow*, const char*> slips[] = {{&setting::barAlwaysVisible, "yes"},
+                                                             {&setting::quietStartHour, "24"},
+                                                             {&setting::quietStartHour, "8.5"},
+                                                             {&setting::quietStartHour, ""},
+                                                             {&setting::dockEdge, "top"},
+                                                             {&setting::dockEdge, "Left"},
+                                                             {&setting::buddyCategories, "agents,x"},
+                                                             {&setting::buddyCategories, "agents,"},
+                                                             {&setting::ignoredBundleIDs, "[1]"},
+                                                             {&setting::ignoredBundleIDs, "[\"a\""},
+                                                             {&setting::weatherForecastURL, "https://"}};
+  for (const auto& [row, text] : slips) EXPECT_THROW(parseSetting(*row, text), SettingError) << row->key << " " << text;
 }
 
 }  // namespace
