@@ -16,8 +16,6 @@ QColor withAlpha(unsigned value, double alpha) {
 
 ToneColors tone(unsigned text, unsigned soft, unsigned mark) { return {rgb(text), rgb(soft), rgb(mark)}; }
 
-QList<QColor> pinGrounds() { return {rgb(0xD2392F), rgb(0x2F6BE8), rgb(0x1A7F43), rgb(0x8257D6)}; }
-
 double luminance(const QColor& color) {
   const auto linear = [](double part) {
     return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -42,7 +40,6 @@ Palette darkPalette() {
       .line = withAlpha(0xFFFFFF, 0.10),
       .lineStrong = withAlpha(0xFFFFFF, 0.16),
       .track = rgb(0x3A414D),
-      .chatMine = rgb(0x2B3B5E),
       .accent = rgb(0x7DA7FF),
       .accentHover = rgb(0x97B9FF),
       .accentPressed = rgb(0x6690EA),
@@ -50,6 +47,8 @@ Palette darkPalette() {
       .ink = rgb(0xF3F5F8),
       .ink2 = rgb(0xBAC2CE),
       .ink3 = rgb(0x9BA5B4),
+      .weatherSun = rgb(0xF3B73E),
+      .weatherCloud = rgb(0xD5DAE4),
       .neutral = tone(0xBAC2CE, 0x333945, 0x9BA5B4),
       .orange = tone(0xFFB266, 0x43331F, 0xFFB266),
       .blue = tone(0x8FB4FF, 0x27344F, 0x7DA7FF),
@@ -58,10 +57,7 @@ Palette darkPalette() {
       .teal = tone(0x62D2C3, 0x333945, 0x5FD0BF),
       .violet = tone(0xBDA8FF, 0x333945, 0xB39BFF),
       .yellow = tone(0xF0CE62, 0x333945, 0xF0CE62),
-      .weatherSun = rgb(0xF3B73E),
-      .weatherCloud = rgb(0xD5DAE4),
       .sunburst = {rgb(0x6F9BF5), rgb(0x5FC7B8), rgb(0xF0A95C), rgb(0xB08CF0), rgb(0xE8807A), rgb(0x8C9AAE)},
-      .pins = pinGrounds(),
   };
 }
 
@@ -80,7 +76,6 @@ Palette lightPalette() {
       .line = withAlpha(0x141C2A, 0.11),
       .lineStrong = withAlpha(0x141C2A, 0.20),
       .track = rgb(0xDDE2EA),
-      .chatMine = rgb(0xE1EAFD),
       .accent = rgb(0x2458D3),
       .accentHover = rgb(0x1E4BB8),
       .accentPressed = rgb(0x193F9C),
@@ -88,6 +83,8 @@ Palette lightPalette() {
       .ink = rgb(0x161B23),
       .ink2 = rgb(0x454E5D),
       .ink3 = rgb(0x586271),
+      .weatherSun = rgb(0xF3B73E),
+      .weatherCloud = rgb(0x9FAEC2),
       .neutral = tone(0x454E5D, 0xE6EAF0, 0x586271),
       .orange = tone(0x954300, 0xFDEBDA, 0xC2630A),
       .blue = tone(0x2151C4, 0xE1EAFD, 0x2F6BE8),
@@ -96,10 +93,7 @@ Palette lightPalette() {
       .teal = tone(0x0A6A62, 0xE6EAF0, 0x0F8F82),
       .violet = tone(0x6338C4, 0xE6EAF0, 0x7A52DE),
       .yellow = tone(0x7A5A00, 0xE6EAF0, 0xA07600),
-      .weatherSun = rgb(0xF3B73E),
-      .weatherCloud = rgb(0x9FAEC2),
       .sunburst = {rgb(0x3F74DE), rgb(0x1E9485), rgb(0xCC7A1E), rgb(0x8257D6), rgb(0xCF5048), rgb(0x6B788B)},
-      .pins = pinGrounds(),
   };
 }
 

@@ -4,6 +4,8 @@
 #include <QColor>
 #include <QList>
 
+#include "app/kit/Tokens.h"
+
 namespace ambrel {
 
 // One hue in its three duties: `text` for words and counts, `soft` as the ground of a pill, `mark` for rings,
@@ -16,19 +18,14 @@ struct ToneColors {
   friend bool operator==(const ToneColors&, const ToneColors&) = default;
 };
 
-// Grounds are opaque but for `bar`, `barLine`, `line` and `lineStrong`. `ink`, `ink2` and `ink3` reach 4.5:1 on
-// every ground, each tone's text on `tile`, `panel` and its own `soft`.
 struct Palette {
-  QColor bar, barLine;
-  QColor tile, tileHover, tilePressed;
-  QColor panel, card, cardHover, field, greySoft;
-  QColor line, lineStrong, track, chatMine;
-  QColor accent, accentHover, accentPressed, onAccent;
-  QColor ink, ink2, ink3;
-  ToneColors neutral, orange, blue, green, red, teal, violet, yellow;
-  QColor weatherSun, weatherCloud;
+#define AMBREL_COLOR(NAME) QColor NAME;
+#define AMBREL_TONE(NAME) ToneColors NAME;
+  AMBREL_COLORS(AMBREL_COLOR)
+  AMBREL_TONES(AMBREL_TONE)
+#undef AMBREL_COLOR
+#undef AMBREL_TONE
   QList<QColor> sunburst;  // the inner ring, in the order of the largest folders
-  QList<QColor> pins;      // grounds of numbered pins, white figures on them
 };
 
 Palette darkPalette();

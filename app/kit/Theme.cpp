@@ -12,8 +12,8 @@ namespace ambrel {
 
 Theme::Theme(QObject* parent) : QObject(parent), palette_(darkPalette()) {
   // What a call returns would otherwise belong to whoever called, and be deleted with the garbage.
-  for (Tone* tone : {&neutral_, &orange_, &blue_, &green_, &red_, &teal_, &violet_, &yellow_})
-    QQmlEngine::setObjectOwnership(tone, QQmlEngine::CppOwnership);
+#define AMBREL_KEEP(NAME) QQmlEngine::setObjectOwnership(&tones_.NAME, QQmlEngine::CppOwnership);
+  AMBREL_TONES(AMBREL_KEEP)
   applyPalette();
   applyType();
 }
@@ -39,7 +39,6 @@ void Theme::follow(const DesktopAppearance& desktop) {
 void Theme::setChoice(Choice choice) {
   if (choice_ == choice) return;
   choice_ = choice;
-  Q_EMIT choiceChanged();
   applyScheme();
 }
 
@@ -57,15 +56,11 @@ void Theme::setTextScale(qreal scale) {
   Q_EMIT textScaleChanged();
 }
 
-Tone* Theme::gaugeTone(qreal percent, Tone* own, qreal alarmAbove) {
-  if (percent > alarmAbove) return &red_;
-  return percent >= 75 ? &orange_ : own;
-}
+Tone* Theme::levelTone(int level, Tone* own) { return level == 0 ? own : level == 1 ? &tones_.orange : &tones_.red; }
 
-Tone* Theme::chargeTone(qreal percent) {
-  if (percent < 10) return &red_;
-  return percent < 20 ? &orange_ : &green_;
-}
+Tone* Theme::gaugeTone(qreal percent, Tone* own) { return levelTone(percent > 90 ? 2 : percent >= 75 ? 1 : 0, own); }
+
+Tone* Theme::chargeTone(qreal percent) { return levelTone(percent < 10 ? 2 : percent < 20 ? 1 : 0, &tones_.green); }
 
 int Theme::scaled(int size) const { return qRound(size * textScale_); }
 
@@ -79,37 +74,14 @@ void Theme::applyScheme() {
 }
 
 void Theme::applyPalette() {
-  neutral_.set(palette_.neutral);
-  orange_.set(palette_.orange);
-  blue_.set(palette_.blue);
-  green_.set(palette_.green);
-  red_.set(palette_.red);
-  teal_.set(palette_.teal);
-  violet_.set(palette_.violet);
-  yellow_.set(palette_.yellow);
+#define AMBREL_SET(NAME) tones_.NAME.set(palette_.NAME);
+  AMBREL_TONES(AMBREL_SET)
 }
 
 void Theme::applyType() {
   const TypeScale scale = typeScale(textScale_);
-  headline_.set(scale.headline);
-  figure_.set(scale.figure);
-  title_.set(scale.title);
-  panelTitle_.set(scale.panelTitle);
-  rowTitle_.set(scale.rowTitle);
-  listName_.set(scale.listName);
-  body_.set(scale.body);
-  small_.set(scale.small);
-  smallMedium_.set(scale.smallMedium);
-  smallStrong_.set(scale.smallStrong);
-  caption_.set(scale.caption);
-  captionStrong_.set(scale.captionStrong);
-  subLine_.set(scale.subLine);
-  code_.set(scale.code);
-  value_.set(scale.value);
-  clock_.set(scale.clock);
-  timer_.set(scale.timer);
-  unit_.set(scale.unit);
-  ringFigure_.set(scale.ringFigure);
+#define AMBREL_SIZE(NAME) roles_.NAME.set(scale.NAME);
+  AMBREL_TEXT_ROLES(AMBREL_SIZE)
 }
 
 Theme& themeOf(QQmlEngine& engine) {

@@ -22,64 +22,20 @@ class Theme : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_SINGLETON
-  Q_PROPERTY(Choice choice READ choice WRITE setChoice NOTIFY choiceChanged FINAL)
   Q_PROPERTY(bool dark READ dark NOTIFY schemeChanged FINAL)
   Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY motionChanged FINAL)
-  Q_PROPERTY(bool alwaysReducesMotion READ alwaysReducesMotion WRITE setAlwaysReducesMotion NOTIFY motionChanged FINAL)
   Q_PROPERTY(qreal textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged FINAL)
 
-  Q_PROPERTY(QColor bar READ bar NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor barLine READ barLine NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor tile READ tile NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor tileHover READ tileHover NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor tilePressed READ tilePressed NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor panel READ panel NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor card READ card NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor cardHover READ cardHover NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor field READ field NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor greySoft READ greySoft NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor line READ line NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor lineStrong READ lineStrong NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor track READ track NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor chatMine READ chatMine NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor accent READ accent NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor accentHover READ accentHover NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor accentPressed READ accentPressed NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor onAccent READ onAccent NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor ink READ ink NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor ink2 READ ink2 NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor ink3 READ ink3 NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor weatherSun READ weatherSun NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QColor weatherCloud READ weatherCloud NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(ambrel::Tone* neutral READ neutral CONSTANT FINAL)
-  Q_PROPERTY(ambrel::Tone* orange READ orange CONSTANT FINAL)
-  Q_PROPERTY(ambrel::Tone* blue READ blue CONSTANT FINAL)
-  Q_PROPERTY(ambrel::Tone* green READ green CONSTANT FINAL)
-  Q_PROPERTY(ambrel::Tone* red READ red CONSTANT FINAL)
-  Q_PROPERTY(ambrel::Tone* teal READ teal CONSTANT FINAL)
-  Q_PROPERTY(ambrel::Tone* violet READ violet CONSTANT FINAL)
-  Q_PROPERTY(ambrel::Tone* yellow READ yellow CONSTANT FINAL)
+#define AMBREL_COLOR(NAME) Q_PROPERTY(QColor NAME READ NAME NOTIFY schemeChanged FINAL)
+#define AMBREL_TONE(NAME) Q_PROPERTY(ambrel::Tone* NAME READ NAME CONSTANT FINAL)
+#define AMBREL_ROLE(NAME) Q_PROPERTY(ambrel::TextRole* NAME READ NAME CONSTANT FINAL)
+  AMBREL_COLORS(AMBREL_COLOR)
+  AMBREL_TONES(AMBREL_TONE)
+  AMBREL_TEXT_ROLES(AMBREL_ROLE)
+#undef AMBREL_COLOR
+#undef AMBREL_TONE
+#undef AMBREL_ROLE
   Q_PROPERTY(QList<QColor> sunburst READ sunburst NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(QList<QColor> pins READ pins NOTIFY schemeChanged FINAL)
-  Q_PROPERTY(ambrel::TextRole* headline READ headline CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* figure READ figure CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* title READ title CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* panelTitle READ panelTitle CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* rowTitle READ rowTitle CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* listName READ listName CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* body READ body CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* small READ small CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* smallMedium READ smallMedium CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* smallStrong READ smallStrong CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* caption READ caption CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* captionStrong READ captionStrong CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* subLine READ subLine CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* code READ code CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* value READ value CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* clock READ clock CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* timer READ timer CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* unit READ unit CONSTANT FINAL)
-  Q_PROPERTY(ambrel::TextRole* ringFigure READ ringFigure CONSTANT FINAL)
 
   Q_PROPERTY(int space1 MEMBER space1 CONSTANT FINAL)
   Q_PROPERTY(int space2 MEMBER space2 CONSTANT FINAL)
@@ -105,12 +61,8 @@ class Theme : public QObject {
   Q_PROPERTY(int pressDuration READ pressDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int releaseDuration READ releaseDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int openDuration READ openDuration NOTIFY motionChanged FINAL)
-  Q_PROPERTY(int closeDuration READ closeDuration NOTIFY motionChanged FINAL)
-  Q_PROPERTY(int shelfOpenDuration READ shelfOpenDuration NOTIFY motionChanged FINAL)
-  Q_PROPERTY(int shelfCloseDuration READ shelfCloseDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int valueDuration READ valueDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int toastStay MEMBER toastStay CONSTANT FINAL)
-  Q_PROPERTY(int tipDelay MEMBER tipDelay CONSTANT FINAL)
   Q_PROPERTY(qreal travel READ travel NOTIFY motionChanged FINAL)
   Q_PROPERTY(qreal pressScale READ pressScale NOTIFY motionChanged FINAL)
 
@@ -141,65 +93,28 @@ class Theme : public QObject {
 
   const Palette& palette() const { return palette_; }
 
-  // The colour of a gauge: its own below 75, orange up to `alarmAbove`, red beyond.
-  Q_INVOKABLE ambrel::Tone* gaugeTone(qreal percent, ambrel::Tone* own, qreal alarmAbove = 90);
+  // The colour of a level: its own at 0, orange at 1, red beyond.
+  Q_INVOKABLE ambrel::Tone* levelTone(int level, ambrel::Tone* own);
+  // The colour of a gauge: its own below 75, orange up to 90, red beyond.
+  Q_INVOKABLE ambrel::Tone* gaugeTone(qreal percent, ambrel::Tone* own);
   // `top` laid over the opaque `ground`: for lines, which must not let through what is below their ground.
   Q_INVOKABLE QColor over(const QColor& top, const QColor& ground) const { return laidOver(top, ground); }
   // The colour of a charge: red below 10, orange below 20, else green.
   Q_INVOKABLE ambrel::Tone* chargeTone(qreal percent);
 
-  QColor bar() const { return palette_.bar; }
-  QColor barLine() const { return palette_.barLine; }
-  QColor tile() const { return palette_.tile; }
-  QColor tileHover() const { return palette_.tileHover; }
-  QColor tilePressed() const { return palette_.tilePressed; }
-  QColor panel() const { return palette_.panel; }
-  QColor card() const { return palette_.card; }
-  QColor cardHover() const { return palette_.cardHover; }
-  QColor field() const { return palette_.field; }
-  QColor greySoft() const { return palette_.greySoft; }
-  QColor line() const { return palette_.line; }
-  QColor lineStrong() const { return palette_.lineStrong; }
-  QColor track() const { return palette_.track; }
-  QColor chatMine() const { return palette_.chatMine; }
-  QColor accent() const { return palette_.accent; }
-  QColor accentHover() const { return palette_.accentHover; }
-  QColor accentPressed() const { return palette_.accentPressed; }
-  QColor onAccent() const { return palette_.onAccent; }
-  QColor ink() const { return palette_.ink; }
-  QColor ink2() const { return palette_.ink2; }
-  QColor ink3() const { return palette_.ink3; }
-  QColor weatherSun() const { return palette_.weatherSun; }
-  QColor weatherCloud() const { return palette_.weatherCloud; }
-  Tone* neutral() { return &neutral_; }
-  Tone* orange() { return &orange_; }
-  Tone* blue() { return &blue_; }
-  Tone* green() { return &green_; }
-  Tone* red() { return &red_; }
-  Tone* teal() { return &teal_; }
-  Tone* violet() { return &violet_; }
-  Tone* yellow() { return &yellow_; }
+#define AMBREL_COLOR(NAME) \
+  QColor NAME() const { return palette_.NAME; }
+#define AMBREL_TONE(NAME) \
+  Tone* NAME() { return &tones_.NAME; }
+#define AMBREL_ROLE(NAME) \
+  TextRole* NAME() { return &roles_.NAME; }
+  AMBREL_COLORS(AMBREL_COLOR)
+  AMBREL_TONES(AMBREL_TONE)
+  AMBREL_TEXT_ROLES(AMBREL_ROLE)
+#undef AMBREL_COLOR
+#undef AMBREL_TONE
+#undef AMBREL_ROLE
   QList<QColor> sunburst() const { return palette_.sunburst; }
-  QList<QColor> pins() const { return palette_.pins; }
-  TextRole* headline() { return &headline_; }
-  TextRole* figure() { return &figure_; }
-  TextRole* title() { return &title_; }
-  TextRole* panelTitle() { return &panelTitle_; }
-  TextRole* rowTitle() { return &rowTitle_; }
-  TextRole* listName() { return &listName_; }
-  TextRole* body() { return &body_; }
-  TextRole* small() { return &small_; }
-  TextRole* smallMedium() { return &smallMedium_; }
-  TextRole* smallStrong() { return &smallStrong_; }
-  TextRole* caption() { return &caption_; }
-  TextRole* captionStrong() { return &captionStrong_; }
-  TextRole* subLine() { return &subLine_; }
-  TextRole* code() { return &code_; }
-  TextRole* value() { return &value_; }
-  TextRole* clock() { return &clock_; }
-  TextRole* timer() { return &timer_; }
-  TextRole* unit() { return &unit_; }
-  TextRole* ringFigure() { return &ringFigure_; }
 
   int tileHeight() const { return scaled(64); }
   int tileSmall() const { return scaled(64); }
@@ -211,9 +126,6 @@ class Theme : public QObject {
   int pressDuration() const { return motion(80); }
   int releaseDuration() const { return 120; }
   int openDuration() const { return motion(200); }
-  int closeDuration() const { return 120; }
-  int shelfOpenDuration() const { return motion(220); }
-  int shelfCloseDuration() const { return motion(140); }
   int valueDuration() const { return reducedMotion() ? 0 : 300; }
   // How far panels and toasts rise while they open, and how small a pressed thing becomes.
   qreal travel() const { return reducedMotion() ? 0 : 12; }
@@ -222,14 +134,13 @@ class Theme : public QObject {
   static constexpr int radiusSmall = 8, radiusHighlight = 6, radiusCheck = 5;
 
  Q_SIGNALS:
-  void choiceChanged();
   void schemeChanged();
   void motionChanged();
   void textScaleChanged();
 
  private:
   static constexpr int space1 = 4, space2 = 8, space3 = 12, space4 = 16, space5 = 20, space6 = 24;
-  static constexpr int toastStay = 6000, tipDelay = 600;
+  static constexpr int toastStay = 6000;
 
   int scaled(int size) const;
   int motion(int duration) const { return reducedMotion() ? 120 : duration; }
@@ -238,9 +149,16 @@ class Theme : public QObject {
   void applyType();
 
   Palette palette_;
-  Tone neutral_, orange_, blue_, green_, red_, teal_, violet_, yellow_;
-  TextRole headline_, figure_, title_, panelTitle_, rowTitle_, listName_, body_, small_, smallMedium_, smallStrong_;
-  TextRole caption_, captionStrong_, subLine_, code_, value_, clock_, timer_, unit_, ringFigure_;
+  struct Tones {
+#define AMBREL_TONE(NAME) Tone NAME;
+    AMBREL_TONES(AMBREL_TONE)
+#undef AMBREL_TONE
+  } tones_;
+  struct Roles {
+#define AMBREL_ROLE(NAME) TextRole NAME;
+    AMBREL_TEXT_ROLES(AMBREL_ROLE)
+#undef AMBREL_ROLE
+  } roles_;
   Choice choice_ = Choice::System;
   qreal textScale_ = 1;
   bool dark_ = true;

@@ -3,6 +3,8 @@
 
 #include <QFont>
 
+#include "app/kit/Tokens.h"
+
 namespace ambrel {
 
 struct TextStyle {
@@ -13,25 +15,9 @@ struct TextStyle {
 };
 
 struct TypeScale {
-  TextStyle headline;  // of a window
-  TextStyle figure;    // the total in the middle of a sunburst
-  TextStyle title;
-  TextStyle panelTitle;
-  TextStyle rowTitle;  // list titles, group heads, buttons
-  TextStyle listName;
-  TextStyle body;
-  TextStyle small;
-  TextStyle smallMedium;  // chips
-  TextStyle smallStrong;  // small buttons
-  TextStyle caption;
-  TextStyle captionStrong;  // pills
-  TextStyle subLine;
-  TextStyle code;
-  TextStyle value;
-  TextStyle clock;  // also temperatures
-  TextStyle timer;
-  TextStyle unit;
-  TextStyle ringFigure;
+#define AMBREL_ROLE(NAME) TextStyle NAME;
+  AMBREL_TEXT_ROLES(AMBREL_ROLE)
+#undef AMBREL_ROLE
 };
 
 // `scale` multiplies sizes and lines, which are rounded to whole pixels.
