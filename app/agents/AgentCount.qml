@@ -14,14 +14,12 @@ Column {
         text: root.count
         role: Theme.value
         color: root.tone.text
-        hasTip: false
         Accessible.ignored: true
     }
     Label {
         text: root.word
         role: Theme.subLine
         color: Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
 }

@@ -51,13 +51,13 @@ Pressable {
         anchors.rightMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.title
             role: Theme.rowTitle
             Accessible.ignored: true
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.subtitle
             role: Theme.small
@@ -77,7 +77,7 @@ Pressable {
         Accessible.ignored: true
     }
 
-    Label {
+    TipLabel {
         id: ageLabel
 
         anchors.right: parent.right

@@ -43,7 +43,6 @@ Pressable {
             width: parent.width
             text: root.session.title
             role: Theme.smallMedium
-            hasTip: false
             Accessible.ignored: true
         }
         Label {
@@ -51,7 +50,6 @@ Pressable {
             text: root.session.statusText
             role: Theme.subLine
             color: root.tone.text
-            hasTip: false
             Accessible.ignored: true
         }
     }

@@ -56,7 +56,7 @@ Bubble {
             width: parent.width
             height: Math.max(title.height, close.height)
 
-            Label {
+            TipLabel {
                 id: title
 
                 anchors.left: parent.left
@@ -94,7 +94,7 @@ Bubble {
                 }
             }
         }
-        Label {
+        TipLabel {
             width: parent.width
             visible: text !== ""
             text: root.center.bubble.detail
@@ -123,7 +123,6 @@ Bubble {
                 text: root.center.bubble.age
                 role: Theme.small
                 color: Theme.ink2
-                hasTip: false
             }
         }
     }

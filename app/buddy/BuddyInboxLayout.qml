@@ -206,7 +206,7 @@ Popover {
                 size: 16
                 color: Theme.ink2
             }
-            Label {
+            TipLabel {
                 anchors.left: moon.right
                 anchors.leftMargin: Theme.space2
                 anchors.right: change.left

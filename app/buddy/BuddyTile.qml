@@ -71,7 +71,6 @@ TileFrame {
             anchors.horizontalCenter: parent.horizontalCenter
             text: root.newCount
             role: Theme.value
-            hasTip: false
             Accessible.ignored: true
         }
         Label {
@@ -79,7 +78,6 @@ TileFrame {
             text: qsTr("new")
             role: Theme.subLine
             color: Theme.ink2
-            hasTip: false
             Accessible.ignored: true
         }
     }
@@ -96,7 +94,6 @@ TileFrame {
             width: parent.width
             text: qsTr("Buddy")
             role: Theme.rowTitle
-            hasTip: false
             Accessible.ignored: true
         }
         Label {
@@ -104,7 +101,6 @@ TileFrame {
             text: root.news
             role: Theme.subLine
             color: Theme.ink2
-            hasTip: false
             Accessible.ignored: true
         }
     }

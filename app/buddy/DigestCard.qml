@@ -33,7 +33,7 @@ Rectangle {
                 role: Theme.rowTitle
                 Accessible.role: Accessible.Heading
             }
-            Label {
+            TipLabel {
                 anchors.right: parent.right
                 text: qsTr("since %1").arg(root.inbox.digestSince)
                 role: Theme.small
@@ -52,7 +52,7 @@ Rectangle {
                 Accessible.role: Accessible.StaticText
                 Accessible.name: modelData.title + ", " + modelData.text
 
-                Label {
+                TipLabel {
                     width: parent.width
                     text: entry.modelData.title
                     role: Theme.smallMedium

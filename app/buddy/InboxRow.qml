@@ -96,7 +96,7 @@ FocusScope {
                 width: parent.width
                 height: title.height
 
-                Label {
+                TipLabel {
                     id: title
 
                     width: Math.min(Math.ceil(implicitWidth), parent.width - ageLabel.width - Theme.space3 - (dot.visible ? 16 : 0))
@@ -123,7 +123,6 @@ FocusScope {
                     text: root.age
                     role: Theme.small
                     color: Theme.ink2
-                    hasTip: false
                     Accessible.ignored: true
                 }
             }

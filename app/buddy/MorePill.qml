@@ -28,7 +28,6 @@ Pressable {
         text: qsTr("+%1 more").arg(root.count)
         role: Theme.captionStrong
         color: Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
     FocusRing {

@@ -36,7 +36,6 @@ TileFrame {
         lineHeight: 16 * Theme.textScale
         wrapMode: Text.Wrap
         maximumLineCount: 2
-        hasTip: false
         Accessible.ignored: true
     }
 }

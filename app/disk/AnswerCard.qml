@@ -37,13 +37,13 @@ FocusScope {
         Column {
             width: parent.width - close.width - Theme.space2
 
-            Label {
+            TipLabel {
                 width: parent.width
                 text: root.question.name
                 role: Theme.rowTitle
                 elide: Text.ElideMiddle
             }
-            Label {
+            TipLabel {
                 width: parent.width
                 text: root.question.detail
                 role: Theme.small
@@ -51,7 +51,7 @@ FocusScope {
                 elide: Text.ElideMiddle
             }
         }
-        Label {
+        TipLabel {
             width: parent.width
             visible: !root.question.takesQuestions
             text: root.question.question
@@ -66,7 +66,7 @@ FocusScope {
             hint: qsTr("Ask about it")
             onAccepted: root.question.ask(text)
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.question.answer
             wrapMode: Text.WordWrap

@@ -27,7 +27,7 @@ Pressable {
         size: 18
         color: Theme.ink3
     }
-    Label {
+    TipLabel {
         id: word
 
         x: (root.index > 0 ? arrow.width : 0) + 4

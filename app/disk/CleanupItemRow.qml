@@ -38,14 +38,14 @@ Item {
             verticalCenter: parent.verticalCenter
         }
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.title
             role: Theme.listName
             elide: Text.ElideMiddle
             Accessible.ignored: true
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.detail
             role: Theme.small
@@ -63,7 +63,7 @@ Item {
             Accessible.ignored: true
         }
     }
-    Label {
+    TipLabel {
         id: amount
 
         anchors.right: parent.right

@@ -25,12 +25,12 @@ Item {
             verticalCenter: parent.verticalCenter
         }
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.findings.selectionTitle
             role: Theme.rowTitle
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.isDone ? qsTr("You can take everything back until the Trash is emptied.") : qsTr("Reading only. Nothing is changed while it scans.")
             role: Theme.small

@@ -32,13 +32,13 @@ Item {
         }
         visible: !root.isScanning
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.doctor.headline
             role: Theme.headline
             Accessible.role: Accessible.Heading
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.doctor.summary
             color: Theme.ink2

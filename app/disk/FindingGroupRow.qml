@@ -22,7 +22,7 @@ FindingRowGround {
         role: Theme.rowTitle
         Accessible.ignored: true
     }
-    Label {
+    TipLabel {
         anchors.right: parent.right
         anchors.rightMargin: 54
         y: root.middle - height / 2

@@ -26,7 +26,7 @@ FindingRowGround {
             verticalCenter: parent.verticalCenter
         }
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.row.title
             role: Theme.body
@@ -34,7 +34,7 @@ FindingRowGround {
             elide: Text.ElideMiddle
             Accessible.ignored: true
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.row.detail
             role: Theme.small
@@ -64,7 +64,7 @@ FindingRowGround {
         tone: Theme.orange
         Accessible.ignored: true
     }
-    Label {
+    TipLabel {
         id: amount
 
         anchors.right: parent.right

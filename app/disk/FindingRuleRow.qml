@@ -33,13 +33,13 @@ FindingRowGround {
             verticalCenter: parent.verticalCenter
         }
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.row.title
             role: Theme.listName
             Accessible.ignored: true
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.row.detail
             role: Theme.small
@@ -59,7 +59,7 @@ FindingRowGround {
         tone: root.tone
         Accessible.ignored: true
     }
-    Label {
+    TipLabel {
         anchors.right: parent.right
         anchors.rightMargin: 54
         anchors.verticalCenter: parent.verticalCenter

@@ -48,7 +48,6 @@ Pressable {
         }
         text: root.name
         color: root.isKnown ? Theme.ink2 : Theme.ink3
-        hasTip: false
         Accessible.ignored: true
     }
     Label {
@@ -59,7 +58,6 @@ Pressable {
         text: root.size
         role: Theme.rowTitle
         color: root.isKnown ? Theme.ink : Theme.ink3
-        hasTip: false
         Accessible.ignored: true
     }
     FocusRing {

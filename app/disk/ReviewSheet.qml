@@ -77,7 +77,7 @@ FocusScope {
             width: parent.width - 2 * Theme.space6
             spacing: Theme.space1
 
-            Label {
+            TipLabel {
                 width: parent.width
                 text: root.review.title
                 role: Theme.title

@@ -24,7 +24,7 @@ Column {
             role: Theme.headline
             Accessible.ignored: true
         }
-        Label {
+        TipLabel {
             anchors {
                 left: title.right
                 leftMargin: Theme.space3
@@ -36,7 +36,7 @@ Column {
             color: Theme.ink2
             Accessible.ignored: true
         }
-        Label {
+        TipLabel {
             id: figure
 
             anchors.right: parent.right

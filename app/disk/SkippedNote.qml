@@ -33,7 +33,6 @@ Item {
         role: Theme.small
         color: Theme.ink2
         wrapMode: Text.WordWrap
-        hasTip: false
         Accessible.ignored: true
     }
     HoverHandler {

@@ -47,7 +47,6 @@ Item {
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 11
             horizontalAlignment: Text.AlignHCenter
-            hasTip: false
             Accessible.ignored: true
         }
         Label {
@@ -57,7 +56,6 @@ Item {
             color: Theme.ink2
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideMiddle
-            hasTip: false
             Accessible.ignored: true
         }
         Symbol {

@@ -32,7 +32,6 @@ TileFrame {
         text: root.name
         role: Theme.caption
         color: Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
 }

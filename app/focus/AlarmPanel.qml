@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Alarm")
     symbol: "alarm"
-    implicitWidth: 340
     implicitHeight: 324
 
     headerItems: Label {

@@ -12,7 +12,6 @@ Popover {
 
     title: isForEyes ? qsTr("Eye Break") : qsTr("Stand Up")
     symbol: isForEyes ? "eye" : "figure.stand"
-    implicitWidth: 340
     implicitHeight: 226
 
     LiveTimeline {

@@ -30,7 +30,6 @@ TileFrame {
         width: parent.width
         horizontalAlignment: Text.AlignHCenter
         anchors.bottom: parent.bottom
-        hasTip: false
         Accessible.ignored: true
     }
 }

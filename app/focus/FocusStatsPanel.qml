@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Focus Stats")
     symbol: "chart.bar"
-    implicitWidth: 340
     implicitHeight: 236
 
     headerItems: Label {
@@ -29,7 +28,7 @@ Popover {
         spacing: 12
         week: root.pomodoro.week
     }
-    Label {
+    TipLabel {
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.top: bars.bottom

@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Habits")
     symbol: "checklist"
-    implicitWidth: 340
     implicitHeight: 420
 
     Field {

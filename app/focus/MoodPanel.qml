@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("How do you feel today?")
     symbol: "face.smiling"
-    implicitWidth: 340
     implicitHeight: 150
 
     Row {
@@ -58,7 +57,6 @@ Popover {
                     role: Theme.subLine
                     color: choice.isChosen ? Theme.blue.text : Theme.ink2
                     horizontalAlignment: Text.AlignHCenter
-                    hasTip: false
                     Accessible.ignored: true
                 }
                 FocusRing {

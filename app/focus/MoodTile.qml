@@ -51,7 +51,6 @@ TileFrame {
                     role: Theme.subLine
                     color: day.index === 6 ? Theme.ink : Theme.ink2
                     horizontalAlignment: Text.AlignHCenter
-                    hasTip: false
                     Accessible.ignored: true
                 }
             }

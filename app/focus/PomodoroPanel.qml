@@ -11,7 +11,6 @@ Popover {
 
     title: pomodoro.phaseTitle
     symbol: "timer"
-    implicitWidth: 340
     implicitHeight: 394
 
     LiveTimeline {

@@ -54,7 +54,6 @@ TileFrame {
         role: Theme.subLine
         color: Theme.ink2
         horizontalAlignment: root.isSmall ? Text.AlignHCenter : Text.AlignLeft
-        hasTip: false
         Accessible.ignored: true
     }
 }

@@ -11,7 +11,6 @@ Popover {
 
     title: qsTr("Stopwatch")
     symbol: "stopwatch"
-    implicitWidth: 340
     implicitHeight: 164
 
     LiveTimeline {

@@ -12,7 +12,6 @@ Popover {
 
     title: qsTr("Timer")
     symbol: "hourglass"
-    implicitWidth: 340
     implicitHeight: 284
 
     LiveTimeline {

@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Drink Water")
     symbol: "drop.fill"
-    implicitWidth: 340
     implicitHeight: 302
 
     Meter {

@@ -39,7 +39,6 @@ Row {
                 color: day.modelData.isToday ? Theme.ink : Theme.ink2
                 horizontalAlignment: Text.AlignHCenter
                 anchors.bottom: parent.bottom
-                hasTip: false
                 Accessible.ignored: true
             }
         }

@@ -37,7 +37,7 @@ Item {
         size: 18
         color: Theme.ink2
     }
-    Label {
+    TipLabel {
         anchors {
             left: icon.right
             leftMargin: Theme.space2

@@ -84,7 +84,6 @@ Pressable {
             color: root.ink
             width: Math.min(implicitWidth, root.width - 2 * Theme.space3 - (root.symbol === "" ? 0 : icon.width + 6))
             anchors.verticalCenter: parent.verticalCenter
-            hasTip: false
             Accessible.ignored: true
         }
     }

@@ -25,7 +25,6 @@ Item {
         id: title
         text: root.name
         role: Theme.caption
-        hasTip: false
         color: Theme.ink2
         anchors.left: icon.right
         anchors.leftMargin: root.symbol === "" ? 0 : 4
@@ -38,7 +37,6 @@ Item {
         text: root.fact
         visible: root.fact !== "" && !root.isStale
         role: Theme.subLine
-        hasTip: false
         color: Theme.ink2
         anchors.right: parent.right
         width: Math.min(Math.ceil(implicitWidth), root.width * 0.55)

@@ -53,7 +53,6 @@ Pressable {
             text: root.text
             role: root.isChosen ? Theme.smallStrong : Theme.smallMedium
             color: root.ink
-            hasTip: false
             anchors.verticalCenter: parent.verticalCenter
             Accessible.ignored: true
         }

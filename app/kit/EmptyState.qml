@@ -38,7 +38,7 @@ Item {
             width: 1
             height: Theme.space1
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.title
             role: Theme.panelTitle

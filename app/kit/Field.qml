@@ -96,7 +96,6 @@ FocusScope {
             visible: input.text === "" && input.preeditText === ""
             text: root.hint
             color: Theme.ink3
-            hasTip: false
             Accessible.ignored: true
         }
     }

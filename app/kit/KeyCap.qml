@@ -20,6 +20,5 @@ Rectangle {
         anchors.centerIn: parent
         text: root.text
         role: Theme.caption
-        hasTip: false
     }
 }

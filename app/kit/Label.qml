@@ -2,13 +2,11 @@ import QtQuick
 import Ambrel.Kit
 
 // Text in one role of the type scale. One line is as tall as its role says; wrapped text grows. What does not fit
-// ends in an ellipsis, and the tip has the whole.
+// ends in an ellipsis; where a text can be longer than its place, use TipLabel, or the tip of the control around it.
 Text {
     id: root
 
     property TextRole role: Theme.body
-    // Off where the control around it has a tip of its own.
-    property bool hasTip: true
     readonly property bool wraps: wrapMode !== Text.NoWrap
 
     color: Theme.ink
@@ -21,9 +19,4 @@ Text {
     textFormat: Text.PlainText
     Accessible.role: Accessible.StaticText
     Accessible.name: text
-
-    HoverHandler {
-        enabled: root.hasTip && root.truncated
-        onHoveredChanged: hovered ? Tips.enter(root, root.text) : Tips.leave(root)
-    }
 }

@@ -17,7 +17,6 @@ Pressable {
         text: root.text
         role: Theme.rowTitle
         color: !root.enabled ? Theme.ink3 : root.hovered ? Theme.ink : Theme.blue.text
-        hasTip: false
         Accessible.ignored: true
     }
     FocusRing {

@@ -59,7 +59,6 @@ Pressable {
             width: parent.width
             text: root.title
             role: root.isStrong ? Theme.rowTitle : Theme.listName
-            hasTip: false
             Accessible.ignored: true
         }
         Label {
@@ -69,7 +68,6 @@ Pressable {
             text: root.detail
             role: Theme.small
             color: Theme.ink2
-            hasTip: false
             Accessible.ignored: true
         }
     }

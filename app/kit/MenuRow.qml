@@ -34,7 +34,7 @@ Pressable {
         color: root.isCareful ? root.ink : root.enabled ? Theme.ink2 : Theme.ink3
         anchors.verticalCenter: parent.verticalCenter
     }
-    Label {
+    TipLabel {
         id: title
         anchors {
             left: icon.right
@@ -57,7 +57,6 @@ Pressable {
         text: root.keys
         role: Theme.subLine
         color: Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
 }

@@ -20,7 +20,7 @@ Item {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: label === "" ? figure : label + ", " + figure
 
-    Label {
+    TipLabel {
         id: caption
         text: root.label
         role: Theme.subLine
@@ -44,7 +44,7 @@ Item {
         duration: Theme.valueDuration
         opacity: root.markOpacity
     }
-    Label {
+    TipLabel {
         id: amount
         text: root.figure
         role: Theme.captionStrong

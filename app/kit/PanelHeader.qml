@@ -31,7 +31,7 @@ Item {
             color: Theme.ink
             anchors.verticalCenter: parent.verticalCenter
         }
-        Label {
+        TipLabel {
             text: root.title
             role: Theme.panelTitle
             width: Math.min(Math.ceil(implicitWidth), Math.max(0, extras.x - titleRow.x - 30 - Theme.space3))

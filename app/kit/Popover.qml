@@ -23,6 +23,8 @@ FocusScope {
 
     signal closeRequested
 
+    // Of a tile's panel; larger ones say their own.
+    implicitWidth: 340
     Accessible.role: Accessible.Dialog
     Accessible.name: title
     opacity: open ? Math.min(1, presence) : 0

@@ -28,7 +28,7 @@ Item {
         width: slot.x - x - Theme.space4
         anchors.verticalCenter: parent.verticalCenter
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.title
             role: Theme.listName

@@ -70,7 +70,6 @@ FocusScope {
                     text: segment.modelData
                     role: root.hasSmallType ? (segment.isChosen ? Theme.captionStrong : Theme.caption) : segment.isChosen ? Theme.rowTitle : Theme.listName
                     color: segment.isChosen || hover.hovered ? Theme.ink : Theme.ink2
-                    hasTip: false
                     Accessible.role: Accessible.RadioButton
                     Accessible.onPressAction: root.chosen(segment.index)
                 }

@@ -52,7 +52,6 @@ Item {
         text: root.unit
         role: Theme.unit
         color: Theme.ink2
-        hasTip: false
         anchors.left: figure.right
         anchors.leftMargin: 2
         anchors.baseline: figure.baseline
@@ -67,7 +66,6 @@ Item {
         role: Theme.subLine
         color: root.isStale ? Theme.orange.text : Theme.ink2
         horizontalAlignment: root.isSmall ? Text.AlignHCenter : Text.AlignLeft
-        hasTip: false
         Accessible.ignored: true
     }
     Label {
@@ -80,7 +78,6 @@ Item {
         wrapMode: Text.WordWrap
         maximumLineCount: 2
         horizontalAlignment: Text.AlignHCenter
-        hasTip: false
         Accessible.ignored: true
     }
 }

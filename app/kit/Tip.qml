@@ -26,7 +26,6 @@ PanelGround {
             role: Theme.small
             wrapMode: Text.Wrap
             width: Math.min(Math.ceil(implicitWidth), root.maximumWidth)
-            hasTip: false
             anchors.verticalCenter: parent.verticalCenter
             Accessible.ignored: true
         }

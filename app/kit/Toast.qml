@@ -72,13 +72,13 @@ PanelGround {
         Column {
             anchors.verticalCenter: parent.verticalCenter
 
-            Label {
+            TipLabel {
                 text: root.title
                 role: root.detail === "" ? Theme.body : Theme.listName
                 width: Math.min(Math.ceil(implicitWidth), 420)
                 Accessible.ignored: true
             }
-            Label {
+            TipLabel {
                 visible: root.detail !== ""
                 text: root.detail
                 role: Theme.subLine

@@ -62,7 +62,7 @@ Popover {
             height: 1
             color: Theme.over(Theme.line, Theme.panel)
         }
-        Label {
+        TipLabel {
             x: Theme.space4
             width: done.x - x - Theme.space4
             anchors.verticalCenter: parent.verticalCenter

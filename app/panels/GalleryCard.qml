@@ -32,7 +32,6 @@ TileFrame {
             wrapMode: Text.Wrap
             maximumLineCount: 2
             horizontalAlignment: Text.AlignHCenter
-            hasTip: false
         }
     }
     Symbol {
@@ -56,7 +55,6 @@ TileFrame {
             color: Theme.ink2
             wrapMode: Text.Wrap
             maximumLineCount: 2
-            hasTip: false
         }
         Label {
             width: parent.width
@@ -65,7 +63,6 @@ TileFrame {
             color: Theme.ink2
             wrapMode: Text.Wrap
             maximumLineCount: 3 - heading.lineCount
-            hasTip: false
         }
     }
 }

@@ -104,7 +104,6 @@ Pressable {
             width: parent.width
             text: root.name
             role: Theme.listName
-            hasTip: false
             Accessible.ignored: true
         }
         Label {
@@ -113,7 +112,6 @@ Pressable {
             text: root.tileCount === 1 ? qsTr("1 tile") : qsTr("%1 tiles").arg(root.tileCount)
             role: Theme.subLine
             color: Theme.ink2
-            hasTip: false
             Accessible.ignored: true
         }
     }

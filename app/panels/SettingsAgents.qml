@@ -7,13 +7,13 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Follow AI agents")
             detail: qsTr("Reads only metadata: status, tool name, project folder, timestamps. Sessions from the last 6 hours are listed.")
             checked: root.settings.agentsEnabled
             onToggled: checked => root.settings.agentsEnabled = checked
         }
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Notifications")
             detail: qsTr("When an agent needs you or has finished")
             enabled: root.settings.agentsEnabled

@@ -36,6 +36,12 @@ SettingsPage {
     // Untyped: the lint does not know the script methods of lists of strings.
     readonly property var chosen: settings.buddyCategories
 
+    // Without seconds, which some locales' short times have.
+    readonly property string timeFormat: Qt.locale().timeFormat(Locale.ShortFormat).replace(":ss", "")
+
+    function timeOf(hour: int): string {
+        return new Date(2000, 0, 1, hour, 0).toLocaleTimeString(Qt.locale(), timeFormat);
+    }
     function setCategory(name: string, isOn: bool) {
         const others = chosen.filter(other => other !== name);
         settings.buddyCategories = isOn ? others.concat([name]) : others;
@@ -68,7 +74,7 @@ SettingsPage {
                 }
             }
         }
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Only agents out of view")
             detail: qsTr("An agent is in view while its app is in front, and for 20 seconds after. When you come back to an agent after 2 minutes, Buddy's notes list what the others did meanwhile.")
             enabled: root.settings.buddyLevel !== "off"
@@ -84,31 +90,33 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Quiet hours")
             detail: qsTr("Only what is urgent comes through")
             checked: root.settings.quietHoursOn
             onToggled: checked => root.settings.quietHoursOn = checked
         }
-        SectionRow {
+        StepperRow {
             title: qsTr("From")
+            label: qsTr("Quiet from")
             enabled: root.settings.quietHoursOn
-
-            HourStepper {
-                label: qsTr("Quiet from")
-                hour: root.settings.quietStartHour
-                onChosen: hour => root.settings.quietStartHour = hour
-            }
+            value: root.settings.quietStartHour
+            from: 0
+            to: 23
+            wraps: true
+            text: root.timeOf(value)
+            onStepped: hour => root.settings.quietStartHour = hour
         }
-        SectionRow {
+        StepperRow {
             title: qsTr("To")
+            label: qsTr("Quiet to")
             enabled: root.settings.quietHoursOn
-
-            HourStepper {
-                label: qsTr("Quiet to")
-                hour: root.settings.quietEndHour
-                onChosen: hour => root.settings.quietEndHour = hour
-            }
+            value: root.settings.quietEndHour
+            from: 0
+            to: 23
+            wraps: true
+            text: root.timeOf(value)
+            onStepped: hour => root.settings.quietEndHour = hour
         }
     }
     Section {

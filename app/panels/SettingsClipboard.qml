@@ -20,7 +20,7 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Keep a clipboard history")
             detail: qsTr("It stays on this computer")
             checked: root.settings.clipboardEnabled
@@ -43,7 +43,7 @@ SettingsPage {
             value: root.settings.clipboardMaxAgeDays
             onChosen: value => root.settings.clipboardMaxAgeDays = value
         }
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Forget secrets soon")
             detail: qsTr("One-time codes, keys and card numbers, after an hour")
             enabled: root.settings.clipboardEnabled

@@ -15,13 +15,13 @@ SettingsPage {
             value: root.settings.dockEdge
             onChosen: value => root.settings.dockEdge = value
         }
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Always show the bar")
             detail: qsTr("When off, it appears when the pointer reaches its edge")
             checked: root.settings.barAlwaysVisible
             onToggled: checked => root.settings.barAlwaysVisible = checked
         }
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Peek when something needs you")
             detail: qsTr("The bar comes out for a few seconds")
             checked: root.settings.barPeeksForContext
@@ -31,7 +31,7 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Open the clipboard shelf by hovering")
             detail: qsTr("Rest the pointer at the top centre of the screen")
             checked: root.settings.shelfOpensOnHover

@@ -36,7 +36,6 @@ Pressable {
         text: root.text
         role: root.isChosen ? Theme.captionStrong : Theme.caption
         color: root.ink
-        hasTip: false
         Accessible.ignored: true
     }
     FocusRing {

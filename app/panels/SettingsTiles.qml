@@ -19,7 +19,7 @@ SettingsPage {
                 onClicked: root.customizeAsked()
             }
         }
-        SettingSwitch {
+        SwitchRow {
             title: qsTr("Show the last copy on the bar")
             detail: qsTr("In the clipboard tile; secrets stay hidden")
             checked: root.settings.clipboardPreviewInBar

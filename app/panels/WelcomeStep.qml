@@ -35,7 +35,7 @@ Item {
             verticalCenter: parent.verticalCenter
         }
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.title
             role: Theme.rowTitle

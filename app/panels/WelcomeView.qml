@@ -40,7 +40,7 @@ Popover {
             width: 1
             height: Theme.space1
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.title
             role: Theme.headline

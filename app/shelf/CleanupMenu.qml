@@ -28,7 +28,6 @@ Menu {
             anchors.verticalCenter: parent.verticalCenter
             text: root.choices.length > 0 ? qsTr("Remove") : qsTr("Nothing to remove")
             role: Theme.rowTitle
-            hasTip: false
         }
         Label {
             anchors.right: parent.right
@@ -37,7 +36,6 @@ Menu {
             text: qsTr("Pinned items and collections stay")
             role: Theme.subLine
             color: Theme.ink2
-            hasTip: false
         }
     }
     Grid {

@@ -131,7 +131,7 @@ Item {
         }
         height: Math.round(32 * Theme.textScale)
 
-        Label {
+        TipLabel {
             id: footLabel
 
             anchors {
@@ -154,7 +154,6 @@ Item {
             text: root.age
             role: Theme.subLine
             color: Theme.ink2
-            hasTip: false
             Accessible.ignored: true
         }
     }

@@ -39,7 +39,6 @@ Item {
         text: root.text
         role: Theme.caption
         color: Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
     Row {
@@ -85,7 +84,6 @@ Item {
                 text: root.pinNumber
                 role: Theme.captionStrong
                 color: Theme.onAccent
-                hasTip: false
                 Accessible.ignored: true
             }
         }

@@ -20,7 +20,7 @@ Item {
         border.width: 1
         border.color: Theme.line
     }
-    Label {
+    TipLabel {
         id: name
 
         x: Theme.space3
@@ -30,7 +30,7 @@ Item {
         role: Theme.rowTitle
         Accessible.ignored: true
     }
-    Label {
+    TipLabel {
         x: Theme.space3
         y: name.y + name.height + 1
         width: field.width

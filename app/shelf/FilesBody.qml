@@ -32,7 +32,7 @@ Item {
                     color: Theme.ink2
                     anchors.verticalCenter: parent.verticalCenter
                 }
-                Label {
+                TipLabel {
                     anchors {
                         left: icon.right
                         leftMargin: 6
@@ -52,7 +52,6 @@ Item {
             text: root.more
             role: Theme.subLine
             color: Theme.ink2
-            hasTip: false
             Accessible.ignored: true
         }
     }

@@ -20,7 +20,6 @@ Item {
             lineHeight: 18 * Theme.textScale
             wrapMode: Text.Wrap
             maximumLineCount: 2
-            hasTip: false
             Accessible.ignored: true
         }
         Label {
@@ -31,7 +30,6 @@ Item {
             color: Theme.blue.text
             wrapMode: Text.WrapAnywhere
             maximumLineCount: 4
-            hasTip: false
             Accessible.ignored: true
         }
     }

@@ -54,7 +54,6 @@ Item {
             visible: root.text !== ""
             text: root.text
             role: Theme.subLine
-            hasTip: false
             Accessible.ignored: true
         }
     }

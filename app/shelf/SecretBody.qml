@@ -45,7 +45,6 @@ Item {
                 text: qsTr("masked")
                 role: Theme.subLine
                 color: Theme.ink2
-                hasTip: false
                 Accessible.ignored: true
             }
         }
@@ -56,7 +55,6 @@ Item {
             role: Theme.code
             wrapMode: Text.WrapAnywhere
             maximumLineCount: 4
-            hasTip: false
             Accessible.ignored: true
         }
     }
@@ -70,7 +68,6 @@ Item {
         color: Theme.orange.text
         wrapMode: Text.WordWrap
         maximumLineCount: 2
-        hasTip: false
         Accessible.ignored: true
     }
 }

@@ -43,7 +43,7 @@ PanelGround {
         width: parent.width - 2 * Theme.space4
         spacing: Theme.space2
 
-        Label {
+        TipLabel {
             width: parent.width
             text: root.title
             role: Theme.panelTitle

@@ -56,7 +56,6 @@ Item {
                     text: hint.modelData.text
                     role: Theme.subLine
                     color: Theme.ink2
-                    hasTip: false
                     anchors.verticalCenter: parent.verticalCenter
                 }
             }
@@ -68,6 +67,5 @@ Item {
         text: root.summary
         role: Theme.subLine
         color: Theme.ink2
-        hasTip: false
     }
 }

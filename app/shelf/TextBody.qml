@@ -19,7 +19,6 @@ Item {
         wrapMode: Text.Wrap
         elide: Text.ElideRight
         maximumLineCount: Math.max(1, Math.floor(parent.height / lineHeight))
-        hasTip: false
         Accessible.ignored: true
     }
 }

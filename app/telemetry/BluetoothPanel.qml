@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Bluetooth")
     symbol: "dot.radiowaves.right"
-    implicitWidth: 340
     implicitHeight: 276
 
     headerItems: Switch {
@@ -69,13 +68,13 @@ Popover {
                     verticalCenter: parent.verticalCenter
                 }
 
-                Label {
+                TipLabel {
                     width: parent.width
                     text: row.title
                     role: Theme.rowTitle
                     Accessible.ignored: true
                 }
-                Label {
+                TipLabel {
                     width: parent.width
                     text: row.detail
                     role: Theme.small

@@ -8,5 +8,5 @@ SwitchTile {
 
     onActivated: keepAwake.toggle()
     reading: keepAwake.text
-    unlitTone: reading.level > 0 ? Theme.orange : Theme.neutral
+    unlitTone: Theme.levelTone(reading.level, Theme.neutral)
 }

@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Latency")
     symbol: "waveform.path.ecg"
-    implicitWidth: 340
     implicitHeight: 338
 
     headerItems: IconButton {
@@ -37,7 +36,7 @@ Popover {
         width: parent.width - 2 * Theme.space4
         anchors.top: chart.bottom
         anchors.topMargin: Theme.space3
-        rows: root.readings.latencyRows
+        model: root.readings.latencyRows
     }
     Label {
         x: Theme.space4

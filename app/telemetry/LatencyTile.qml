@@ -20,6 +20,6 @@ LiveTile {
         capacity: 12
         maximum: root.reading.ceiling
         values: root.reading.history
-        tone: root.reading.level === 0 ? Theme.blue : root.reading.level === 1 ? Theme.orange : Theme.red
+        tone: Theme.levelTone(root.reading.level, Theme.blue)
     }
 }

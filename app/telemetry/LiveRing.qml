@@ -36,7 +36,6 @@ LiveTile {
         text: root.shortName
         role: Theme.caption
         color: Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
 }

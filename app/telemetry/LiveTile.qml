@@ -9,7 +9,7 @@ TileFrame {
     property LiveText reading
     readonly property bool hasMessage: reading.message !== ""
     // The value in the colour of its level.
-    readonly property color levelColor: reading.level === 0 ? Theme.ink : reading.level === 1 ? Theme.orange.text : Theme.red.text
+    readonly property color levelColor: reading.level === 0 ? Theme.ink : Theme.levelTone(reading.level, Theme.neutral).text
     // Off where a tile draws its figures itself.
     property bool hasFigures: true
 
@@ -42,7 +42,6 @@ TileFrame {
         wrapMode: Text.Wrap
         maximumLineCount: 2
         horizontalAlignment: Text.AlignHCenter
-        hasTip: false
         Accessible.ignored: true
     }
     Label {
@@ -55,7 +54,6 @@ TileFrame {
         color: root.reading.level === 0 ? Theme.ink2 : root.levelColor
         wrapMode: Text.WordWrap
         maximumLineCount: 2
-        hasTip: false
         Accessible.ignored: true
     }
 }

@@ -11,14 +11,13 @@ Popover {
 
     title: qsTr("Memory")
     symbol: "memorychip"
-    implicitWidth: 340
     implicitHeight: column.y + column.height + Theme.space4 + 48
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
         text: root.readings.pressure.message === "" ? root.readings.pressure.value : root.readings.pressure.message
         role: Theme.small
-        color: root.readings.pressure.level === 0 ? Theme.ink2 : root.readings.pressure.level === 1 ? Theme.orange.text : Theme.red.text
+        color: root.readings.pressure.level === 0 ? Theme.ink2 : Theme.levelTone(root.readings.pressure.level, Theme.neutral).text
     }
 
     LiveNeed {
@@ -40,12 +39,12 @@ Popover {
             tone: Theme.gaugeTone(root.system.memoryPercent, Theme.violet)
             figure: root.system.memoryPercentText
         }
-        Label {
+        TipLabel {
             width: parent.width
             text: root.system.memoryText
             role: Theme.body
         }
-        Label {
+        TipLabel {
             width: parent.width
             visible: text !== ""
             text: root.readings.pressure.subLine

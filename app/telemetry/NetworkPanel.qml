@@ -13,7 +13,6 @@ Popover {
 
     title: qsTr("Network")
     symbol: "arrow.up.arrow.down"
-    implicitWidth: 340
     implicitHeight: 330
 
     headerItems: Row {

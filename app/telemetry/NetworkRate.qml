@@ -28,7 +28,6 @@ Row {
         color: root.tone.text
         width: 14
         horizontalAlignment: Text.AlignHCenter
-        hasTip: false
         anchors.baseline: amount.baseline
         Accessible.ignored: true
     }
@@ -48,7 +47,6 @@ Row {
         text: root.isNarrow ? root.unit.charAt(0) : root.unit
         role: Theme.subLine
         color: Theme.ink2
-        hasTip: false
         anchors.baseline: amount.baseline
         Accessible.ignored: true
     }

@@ -11,7 +11,6 @@ Popover {
 
     title: qsTr("Power")
     symbol: "bolt.fill"
-    implicitWidth: 340
     implicitHeight: 288
 
     LiveNeed {
@@ -44,7 +43,7 @@ Popover {
         visible: meter.visible
         anchors.top: meter.bottom
         anchors.topMargin: Theme.space3
-        rows: root.readings.powerRows
+        model: root.readings.powerRows
     }
     Label {
         x: Theme.space4

@@ -11,7 +11,6 @@ Popover {
 
     title: qsTr("Processor")
     symbol: "cpu"
-    implicitWidth: 340
     implicitHeight: 420
 
     headerItems: Label {
@@ -45,7 +44,7 @@ Popover {
         color: Theme.ink2
         Accessible.role: Accessible.Heading
     }
-    Label {
+    TipLabel {
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.top: heading.bottom
@@ -86,7 +85,7 @@ Popover {
             Accessible.role: Accessible.ListItem
             Accessible.name: title + ", " + figure
 
-            Label {
+            TipLabel {
                 x: Theme.space4
                 width: bar.x - x - Theme.space2
                 anchors.verticalCenter: parent.verticalCenter
@@ -104,7 +103,7 @@ Popover {
                 color: Theme.blue.mark
                 trackColor: Theme.track
             }
-            Label {
+            TipLabel {
                 id: amount
                 width: Math.round(52 * Theme.textScale)
                 anchors.right: parent.right

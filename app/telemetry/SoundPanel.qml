@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Volume")
     symbol: sound.volume.symbol
-    implicitWidth: 340
     implicitHeight: 224
 
     Row {
@@ -39,7 +38,7 @@ Popover {
             value: root.sound.percent
             onMoved: value => root.sound.percent = value
         }
-        Label {
+        TipLabel {
             id: figure
             width: Math.round(44 * Theme.textScale)
             anchors.verticalCenter: parent.verticalCenter
@@ -54,27 +53,19 @@ Popover {
         anchors.top: level.bottom
         anchors.topMargin: Theme.space3
 
-        SectionRow {
+        SwitchRow {
             title: qsTr("Output")
             detail: root.sound.hasOutput ? "" : root.sound.volume.message
-
-            Switch {
-                enabled: root.sound.hasOutput
-                label: qsTr("Output")
-                checked: root.sound.hasOutput && !root.sound.isMuted
-                onToggled: checked => root.sound.isMuted = !checked
-            }
+            enabled: root.sound.hasOutput
+            checked: root.sound.hasOutput && !root.sound.isMuted
+            onToggled: checked => root.sound.isMuted = !checked
         }
-        SectionRow {
+        SwitchRow {
             title: qsTr("Microphone")
             detail: root.sound.hasMicrophone ? "" : root.sound.microphone.message
-
-            Switch {
-                enabled: root.sound.hasMicrophone
-                label: qsTr("Microphone")
-                checked: root.sound.hasMicrophone && !root.sound.isMicrophoneMuted
-                onToggled: checked => root.sound.isMicrophoneMuted = !checked
-            }
+            enabled: root.sound.hasMicrophone
+            checked: root.sound.hasMicrophone && !root.sound.isMicrophoneMuted
+            onToggled: checked => root.sound.isMicrophoneMuted = !checked
         }
     }
 }

@@ -45,7 +45,6 @@ LiveTile {
         text: root.reading.value
         role: Theme.caption
         color: Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
 }

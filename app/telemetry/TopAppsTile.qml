@@ -38,7 +38,6 @@ LiveTile {
                     height: parent.height
                     text: line.title
                     role: Theme.smallMedium
-                    hasTip: false
                     Accessible.ignored: true
                 }
                 Label {
@@ -48,7 +47,6 @@ LiveTile {
                     text: line.figure
                     role: Theme.small
                     color: Theme.ink2
-                    hasTip: false
                     Accessible.ignored: true
                 }
             }

@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Volumes")
     symbol: "externaldrive"
-    implicitWidth: 340
     implicitHeight: 276
 
     EmptyState {
@@ -64,13 +63,13 @@ Popover {
                 }
                 spacing: 2
 
-                Label {
+                TipLabel {
                     width: parent.width
                     text: row.title
                     role: Theme.rowTitle
                     Accessible.ignored: true
                 }
-                Label {
+                TipLabel {
                     width: parent.width
                     text: row.detail
                     role: Theme.small

@@ -10,7 +10,6 @@ Popover {
 
     title: qsTr("Wi-Fi")
     symbol: "wifi"
-    implicitWidth: 340
     implicitHeight: 248
 
     EmptyState {
@@ -22,18 +21,17 @@ Popover {
         sentence: qsTr("The signal appears here once there is a connection.")
     }
     DetailRows {
-        id: details
         x: Theme.space4
         y: Theme.space3
         width: parent.width - 2 * Theme.space4
-        rows: root.readings.wifiRows
+        model: root.readings.wifiRows
     }
     Label {
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.space3
-        visible: details.rows.count > 0
+        visible: root.readings.wifiRows.count > 0
         text: root.readings.wifi.help
         role: Theme.small
         color: Theme.ink2

@@ -22,7 +22,7 @@ LiveTile {
         x: root.isSmall ? Math.round((parent.width - width) / 2) : parent.width - width
         y: root.isSmall ? 9 : parent.height - height
         percent: root.reading.percent
-        color: root.reading.level > 0 ? Theme.orange.mark : Theme.blue.mark
+        color: Theme.levelTone(root.reading.level, Theme.blue).mark
     }
     Label {
         visible: root.isSmall && root.hasSignal
@@ -32,7 +32,6 @@ LiveTile {
         role: Theme.caption
         color: Theme.ink2
         horizontalAlignment: Text.AlignHCenter
-        hasTip: false
         Accessible.ignored: true
     }
 }

@@ -11,23 +11,14 @@ SectionRow {
     title: qsTr("Your own Claude budget")
     detail: qsTr("Without Claude's own percentages, Buddy speaks up when a 5-hour window has used 80% of it.")
 
-    IconButton {
-        symbol: "minus"
-        label: qsTr("%1: less").arg(root.title)
-        enabled: !root.budget.isOff
-        onClicked: root.budget.step(-1)
-    }
-    Label {
-        width: Math.round(96 * Theme.textScale)
-        anchors.verticalCenter: parent.verticalCenter
+    // The model has the steps, which grow with the budget.
+    Stepper {
+        label: root.title
+        value: 0
+        from: root.budget.isOff ? 0 : -1
+        to: 1
         text: root.budget.text
-        role: Theme.listName
-        horizontalAlignment: Text.AlignHCenter
-        Accessible.name: root.title + ", " + text
-    }
-    IconButton {
-        symbol: "plus"
-        label: qsTr("%1: more").arg(root.title)
-        onClicked: root.budget.step(1)
+        textWidth: 96
+        onStepped: by => root.budget.step(by)
     }
 }

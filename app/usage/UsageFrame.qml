@@ -31,7 +31,6 @@ TileFrame {
         text: root.text.age
         role: Theme.subLine
         color: Theme.orange.text
-        hasTip: false
         anchors.right: parent.right
         anchors.rightMargin: 18
         Accessible.ignored: true
@@ -44,7 +43,6 @@ TileFrame {
         role: isNaN(root.text.percent) && root.text.unit === "" ? Theme.panelTitle : Theme.value
         text: root.text.value
         color: root.figureColor
-        hasTip: false
         Accessible.ignored: true
     }
     Label {
@@ -54,7 +52,6 @@ TileFrame {
         text: root.text.unit
         role: Theme.unit
         color: Theme.ink2
-        hasTip: false
         anchors.left: figure.right
         anchors.leftMargin: 4
         anchors.baseline: figure.baseline
@@ -83,7 +80,6 @@ TileFrame {
         text: root.lowerText
         role: Theme.subLine
         color: root.isAgeBelow ? Theme.orange.text : Theme.ink2
-        hasTip: false
         Accessible.ignored: true
     }
     MeterBar {

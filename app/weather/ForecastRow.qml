@@ -35,7 +35,6 @@ Item {
                     role: Theme.subLine
                     color: Theme.ink2
                     horizontalAlignment: Text.AlignHCenter
-                    hasTip: false
                     Accessible.ignored: true
                 }
                 WeatherPicture {
@@ -53,7 +52,6 @@ Item {
                     horizontalAlignment: Text.AlignHCenter
                     anchors.bottom: root.lowKey === "" ? parent.bottom : low.top
                     anchors.bottomMargin: root.lowKey === "" ? 0 : -2
-                    hasTip: false
                     Accessible.ignored: true
                 }
                 Label {
@@ -65,7 +63,6 @@ Item {
                     color: Theme.ink2
                     horizontalAlignment: Text.AlignHCenter
                     anchors.bottom: parent.bottom
-                    hasTip: false
                     Accessible.ignored: true
                 }
             }
@@ -94,7 +91,6 @@ Item {
             wrapMode: Text.WordWrap
             maximumLineCount: 2
             horizontalAlignment: Text.AlignHCenter
-            hasTip: false
             Accessible.ignored: true
         }
     }

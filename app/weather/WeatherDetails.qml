@@ -13,24 +13,11 @@ Column {
     Repeater {
         model: root.weather.texts.details
 
-        Item {
-            id: line
-
+        DetailRow {
             required property var modelData
-
-            width: root.width
-            height: Theme.small.line
-
-            Label {
-                text: line.modelData.name
-                role: Theme.small
-                color: Theme.ink2
-            }
-            Label {
-                text: line.modelData.value
-                role: Theme.small
-                anchors.right: parent.right
-            }
+            title: modelData.name
+            figure: modelData.value
+            role: Theme.small
         }
     }
 }

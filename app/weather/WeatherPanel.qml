@@ -17,7 +17,6 @@ Popover {
 
     title: weather.placeLabel
     symbol: "mappin"
-    implicitWidth: 340
     implicitHeight: 420
 
     Component.onCompleted: weather.placeChosen.connect(leave)
@@ -112,7 +111,7 @@ Popover {
         }
     }
 
-    Label {
+    TipLabel {
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.bottom: parent.bottom

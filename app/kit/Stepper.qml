@@ -13,6 +13,9 @@ FocusScope {
     // After the last comes the first again.
     property bool wraps: false
     property string unit
+    // What is shown for the value, and how much room it has.
+    property string text: unit === "" ? value : value + " " + unit
+    property int textWidth: 78
     required property string label
 
     signal stepped(int value)
@@ -29,7 +32,7 @@ FocusScope {
     implicitHeight: 32
     activeFocusOnTab: true
     Accessible.role: Accessible.SpinBox
-    Accessible.name: label + ", " + value + (unit === "" ? "" : " " + unit)
+    Accessible.name: label + ", " + text
     Accessible.focusable: true
     Accessible.onIncreaseAction: root.move(1)
     Accessible.onDecreaseAction: root.move(-1)
@@ -69,9 +72,9 @@ FocusScope {
             onClicked: if (!held.hasMoved)
                 root.move(-1)
         }
-        Label {
-            width: 78
-            text: root.unit === "" ? root.value : root.value + " " + root.unit
+        TipLabel {
+            width: Math.round(root.textWidth * Theme.textScale)
+            text: root.text
             role: Theme.rowTitle
             horizontalAlignment: Text.AlignHCenter
             anchors.verticalCenter: parent.verticalCenter

@@ -10,18 +10,20 @@ SectionRow {
     property int to: 100
     property int step: 1
     property bool wraps: false
-    property string unit
+    property alias unit: control.unit
+    property alias text: control.text
+    property alias label: control.label
 
     signal stepped(int value)
 
     Stepper {
+        id: control
         label: root.title
         value: root.value
         from: root.from
         to: root.to
         step: root.step
         wraps: root.wraps
-        unit: root.unit
         onStepped: value => root.stepped(value)
     }
 }

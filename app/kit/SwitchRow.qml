@@ -1,17 +1,17 @@
 import QtQuick
 import Ambrel.Kit
 
-// A setting that is on or off.
+// A setting that is on or off. `toggled` says what is wanted.
 SectionRow {
     id: root
 
-    required property bool checked
+    property alias checked: control.checked
 
     signal toggled(bool checked)
 
     Switch {
+        id: control
         label: root.title
-        checked: root.checked
         onToggled: checked => root.toggled(checked)
     }
 }
