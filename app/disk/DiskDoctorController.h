@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "app/disk/DiskDoctor.h"
-#include "app/frame/FramedWindow.h"
+#include "app/window/FramedWindow.h"
 
 class QQmlEngine;
 

@@ -1,6 +1,6 @@
 import QtQuick
 import Ambrel.Disk
-import Ambrel.Frame
+import Ambrel.Window
 import Ambrel.Kit
 
 // The window of Disk Doctor: what to scan, what was found, and the last look before something moves.

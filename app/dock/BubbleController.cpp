@@ -7,7 +7,7 @@
 #include "app/base/StoredValue.h"
 #include "app/buddy/BuddyNoticeCenter.h"
 #include "app/dock/DockPopoverController.h"
-#include "app/dock/PanelWindow.h"
+#include "app/window/PanelWindow.h"
 
 namespace ambrel {
 
@@ -53,8 +53,8 @@ void BubbleController::update() {
 }
 
 void BubbleController::place() {
-  if (!window_ || !window_->rootObject() || !center_.hasBubble()) return;
-  const auto* panel = window_->rootObject()->property("panel").value<QQuickItem*>();
+  if (!window_ || !center_.hasBubble()) return;
+  const QQuickItem* panel = window_->part("panel");
   if (!panel) return;
   PanelAnchor anchor = anchor_();
   // Without a compositor the window is cut to one rectangle, and a tail would be in a black strip.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/dock/PanelGeometry.h"
+#include "app/window/PanelGeometry.h"
 
 namespace ambrel {
 namespace {

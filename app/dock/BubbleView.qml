@@ -2,6 +2,7 @@ import QtQuick
 import Ambrel.Base
 import Ambrel.Buddy
 import Ambrel.Dock
+import Ambrel.Window
 
 // The bubble in its window.
 Item {

@@ -5,9 +5,9 @@
 #include <QQuickItem>
 #include <cmath>
 
-#include "app/dock/PanelWindow.h"
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
+#include "app/window/PanelWindow.h"
 
 namespace ambrel {
 namespace {
@@ -17,11 +17,6 @@ constexpr int restingAfter = 4;
 // A pointer that a program moves is not announced; a look now and then finds it. Without announcements at all the
 // look has to be quicker.
 constexpr int slowLookInterval = 3000, blindLookInterval = 150;
-
-QRect toRect(const Rect& rect, double mainHeight) {
-  const Rect down = flipped(rect, mainHeight);
-  return QRectF(down.x, down.y, down.width, down.height).toAlignedRect();
-}
 
 }  // namespace
 

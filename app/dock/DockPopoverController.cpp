@@ -4,7 +4,7 @@
 #include <QQuickItem>
 
 #include "app/base/ItemMaker.h"
-#include "app/dock/PanelWindow.h"
+#include "app/window/PanelWindow.h"
 
 namespace ambrel {
 

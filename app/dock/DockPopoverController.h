@@ -10,7 +10,7 @@
 
 #include "app/base/Presentation.h"
 #include "app/context/WidgetContext.h"
-#include "app/dock/PanelGeometry.h"
+#include "app/window/PanelGeometry.h"
 #include "platform/WindowStyle.h"
 
 class QQmlEngine;
@@ -26,14 +26,6 @@ struct PanelContent {
   QUrl source;
   std::vector<const QObject*> models{};
   QVariantMap properties{};
-};
-
-// Where it opens, in the window system's coordinates.
-struct PanelAnchor {
-  QRect tile;  // empty: the middle of the bar
-  QRect bar;
-  QRect screen;
-  DockEdge edge = DockEdge::bottom;
 };
 
 // The window and what is in it are made when it opens, and freed when it has been closed for a while.

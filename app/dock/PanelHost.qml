@@ -2,6 +2,7 @@ import QtQuick
 import Ambrel.Base
 import Ambrel.Context
 import Ambrel.Dock
+import Ambrel.Window
 
 // Puts what a panel shows at the panel's place in its window, and carries out what it asks for. The content is a
 // Popover or a menu: it moves in and out by its `open`, and asks to be closed.

@@ -11,22 +11,18 @@
 #include <algorithm>
 
 #include "app/base/StoredValue.h"
-#include "app/dock/PanelWindow.h"
-#include "app/dock/ToastController.h"
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
 #include "app/model/AppSettings.h"
 #include "app/shelf/EdgeSensor.h"
+#include "app/window/PanelGeometry.h"
+#include "app/window/PanelWindow.h"
+#include "app/window/ToastController.h"
 #include "core/base/Files.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
-
-QRect toRect(const Rect& rect, double mainHeight) {
-  const Rect down = flipped(rect, mainHeight);
-  return {qRound(down.x), qRound(down.y), qRound(down.width), qRound(down.height)};
-}
 
 // What another application gets when the clip is dropped on it.
 std::unique_ptr<QMimeData> mimeData(const std::vector<Representation>& representations) {

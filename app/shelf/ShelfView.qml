@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Base
 import Ambrel.Clipboard
-import Ambrel.Dock
+import Ambrel.Window
 import Ambrel.Kit
 import Ambrel.Shelf
 

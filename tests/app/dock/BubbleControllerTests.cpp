@@ -6,8 +6,8 @@
 #include "app/base/QmlObjects.h"
 #include "app/dock/BubbleController.h"
 #include "app/dock/DockPopoverController.h"
-#include "app/dock/PanelGeometry.h"
-#include "app/dock/PanelWindow.h"
+#include "app/window/PanelGeometry.h"
+#include "app/window/PanelWindow.h"
 #include "tests/app/buddy/BuddyRoom.h"
 #include "tests/app/kit/QMLWarnings.h"
 

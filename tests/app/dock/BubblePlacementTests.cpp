@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "app/dock/BubblePlacement.h"
-#include "app/dock/PanelGeometry.h"
+#include "app/window/PanelGeometry.h"
 
 namespace ambrel {
 

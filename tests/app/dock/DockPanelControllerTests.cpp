@@ -4,7 +4,7 @@
 #include <QTest>
 
 #include "app/dock/DockPanelController.h"
-#include "app/dock/PanelWindow.h"
+#include "app/window/PanelWindow.h"
 #include "app/kit/Theme.h"
 #include "tests/app/dock/BarFixture.h"
 #include "tests/app/kit/QMLWarnings.h"

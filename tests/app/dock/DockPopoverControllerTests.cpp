@@ -6,8 +6,8 @@
 #include <QTest>
 
 #include "app/dock/DockPopoverController.h"
-#include "app/dock/PanelWindow.h"
-#include "app/dock/ToastController.h"
+#include "app/window/PanelWindow.h"
+#include "app/window/ToastController.h"
 #include "tests/app/dock/BarFixture.h"
 #include "tests/app/kit/QMLWarnings.h"
 

@@ -8,8 +8,8 @@
 
 #include "app/clipboard/ClipPictures.h"
 #include "app/dock/DockPopoverController.h"
-#include "app/dock/PanelWindow.h"
-#include "app/dock/ToastController.h"
+#include "app/window/PanelWindow.h"
+#include "app/window/ToastController.h"
 #include "app/kit/Theme.h"
 #include "app/shelf/EdgeSensor.h"
 #include "app/shelf/ShelfPanelController.h"

@@ -1,13 +1,13 @@
-#include "app/dock/ToastController.h"
+#include "app/window/ToastController.h"
 
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <algorithm>
 
-#include "app/dock/DockPopoverController.h"
-#include "app/dock/PanelWindow.h"
 #include "app/kit/Theme.h"
+#include "app/window/PanelGeometry.h"
+#include "app/window/PanelWindow.h"
 
 namespace ambrel {
 namespace {
@@ -49,11 +49,10 @@ int ToastController::show(ToastMessage message) {
     window_ = std::make_unique<PanelWindow>(*engine_, *style_, WindowRole::bubble);
     window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())},
                                    {QStringLiteral("controller"), QVariant::fromValue(this)}});
-    window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/ToastView.qml")));
+    window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Window/ToastView.qml")));
   }
   QQuickItem* root = window_->rootObject();
-  auto* toast = root ? root->property("toast").value<QQuickItem*>() : nullptr;
-  if (!toast) return 0;
+  if (!root) return 0;
   ++generation_;
   onAction_ = std::move(message.onAction);
   QMetaObject::invokeMethod(root, "present", Q_ARG(QString, message.title), Q_ARG(QString, message.detail),
@@ -67,8 +66,7 @@ int ToastController::show(ToastMessage message) {
 }
 
 void ToastController::place() {
-  const QQuickItem* root = window_ ? window_->rootObject() : nullptr;
-  const auto* toast = root ? root->property("toast").value<QQuickItem*>() : nullptr;
+  const QQuickItem* toast = window_ ? window_->part("toast") : nullptr;
   if (!toast) return;
   const QSize size(qCeil(toast->implicitWidth()), qCeil(toast->implicitHeight()));
   window_->setCornerRadius(std::min(Theme::radiusBar, size.height() / 2));

@@ -1,4 +1,4 @@
-#include "app/frame/FramedWindow.h"
+#include "app/window/FramedWindow.h"
 
 #include <QCloseEvent>
 #include <QMouseEvent>

@@ -1,6 +1,6 @@
 #include <QTest>
 
-#include "app/dock/PanelGeometry.h"
+#include "app/window/PanelGeometry.h"
 
 namespace ambrel {
 

@@ -1,5 +1,5 @@
 import QtQuick
-import Ambrel.Frame
+import Ambrel.Window
 import Ambrel.Kit
 
 // The frame of a window: its ground and shadow, a title bar to move it by, edges to drag, and what is in it.

@@ -7,6 +7,17 @@
 
 namespace ambrel {
 
+// From core's coordinates, in which y grows upwards from the lower edge of a main screen of that height.
+QRect toRect(const Rect& rect, double mainHeight);
+
+// What a panel opens beside.
+struct PanelAnchor {
+  QRect tile;  // empty: the middle of the bar
+  QRect bar;
+  QRect screen;
+  DockEdge edge = DockEdge::bottom;
+};
+
 // Free between the bar and a panel, and between a panel and the edges of its screen.
 inline constexpr int panelGap = 8;
 

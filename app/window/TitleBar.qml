@@ -1,5 +1,5 @@
 import QtQuick
-import Ambrel.Frame
+import Ambrel.Window
 import Ambrel.Kit
 
 // Symbol, title and the three buttons of a window. It is dragged to move the window, and clicked twice to fill the

@@ -1,5 +1,5 @@
 import QtQuick
-import Ambrel.Dock
+import Ambrel.Window
 import Ambrel.Kit
 
 // The tip that is wanted at this moment.

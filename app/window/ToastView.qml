@@ -1,5 +1,5 @@
 import QtQuick
-import Ambrel.Dock
+import Ambrel.Window
 import Ambrel.Kit
 
 // The toast in its window. It goes by itself; the controller then takes the window away.

@@ -1,7 +1,8 @@
-#include "app/dock/PanelWindow.h"
+#include "app/window/PanelWindow.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QQuickItem>
 
 #include "app/kit/Theme.h"
 
@@ -32,6 +33,10 @@ PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role
     else if (std::exchange(wasActive_, false))
       Q_EMIT leaveAsked();
   });
+}
+
+QQuickItem* PanelWindow::part(const char* name) const {
+  return rootObject() ? rootObject()->property(name).value<QQuickItem*>() : nullptr;
 }
 
 void PanelWindow::movePanelFrame(const QRect& frame, const QRect& screen) {

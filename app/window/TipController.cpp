@@ -1,12 +1,12 @@
-#include "app/dock/TipController.h"
+#include "app/window/TipController.h"
 
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QScreen>
 
-#include "app/dock/PanelWindow.h"
 #include "app/kit/Theme.h"
 #include "app/kit/Tips.h"
+#include "app/window/PanelWindow.h"
 
 namespace ambrel {
 namespace {
@@ -36,9 +36,9 @@ void TipController::update() {
     // It may lie over what it speaks of, which is not to lose the pointer.
     window_->setFlag(Qt::WindowTransparentForInput);
     window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())}});
-    window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TipView.qml")));
+    window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Window/TipView.qml")));
   }
-  auto* tip = window_->rootObject() ? window_->rootObject()->property("tip").value<QQuickItem*>() : nullptr;
+  const QQuickItem* tip = window_->part("tip");
   if (!tip) return;
   const QSize size(qCeil(tip->implicitWidth()), qCeil(tip->implicitHeight()));
   const QRect about(item->mapToGlobal(QPointF(0, 0)).toPoint(), item->size().toSize());

@@ -1,5 +1,5 @@
 import QtQuick
-import Ambrel.Frame
+import Ambrel.Window
 
 // Where the pointer takes hold of a window's edges and corners. It surrounds the frame and reaches a little into it.
 Item {

@@ -31,6 +31,8 @@ class PanelWindow : public QQuickView {
   // That of what is drawn, in pixels of the toolkit; a panel's at first. Where nothing may be clear, because there is
   // no compositor, the window is cut to it.
   void setCornerRadius(int radius);
+  // What the content has as a property of that name; null without.
+  QQuickItem* part(const char* name) const;
   QRect panelFrame() const { return panelFrame_; }
   // The panel within the window.
   QRect panelRect() const { return panelFrame_.translated(-windowFrame_.topLeft()); }

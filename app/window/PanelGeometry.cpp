@@ -1,4 +1,4 @@
-#include "app/dock/PanelGeometry.h"
+#include "app/window/PanelGeometry.h"
 
 #include <algorithm>
 
@@ -11,6 +11,11 @@ int centred(int middle, int length, int low, int high) {
 }
 
 }  // namespace
+
+QRect toRect(const Rect& rect, double mainHeight) {
+  const Rect down = flipped(rect, mainHeight);
+  return QRectF(down.x, down.y, down.width, down.height).toAlignedRect();
+}
 
 QRect roomBesideBar(const QRect& bar, const QRect& screen, DockEdge edge) {
   QRect room = screen;
