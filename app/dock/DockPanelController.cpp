@@ -106,7 +106,7 @@ void DockPanelController::updateTiles() {
   const auto profile = context_.model()->activeProfile();
   content_ = barContent(profile ? profile->items : std::vector<DockItem>{}, settings_.dockEdge(), placement_.maxLength,
                         scale_);
-  tiles_.show(content_.tiles);
+  tiles_.setRows(content_.tiles);
 }
 
 void DockPanelController::updatePosition() {

@@ -9,11 +9,12 @@
 #include <memory>
 #include <optional>
 
+#include "app/base/GadgetListModel.h"
 #include "app/base/Presentation.h"
 #include "app/context/WidgetContext.h"
+#include "app/dock/BarContent.h"
 #include "app/dock/DockPopoverController.h"
 #include "app/dock/SystemDockWatcher.h"
-#include "app/dock/TileListModel.h"
 #include "core/dock.h"
 #include "platform/Pointer.h"
 #include "platform/Screens.h"
@@ -30,7 +31,7 @@ class DockPanelController : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(ambrel::TileListModel* tiles READ tiles CONSTANT)
+  Q_PROPERTY(ambrel::RowList* tiles READ tiles CONSTANT)
   Q_PROPERTY(bool isContentShown READ isContentShown NOTIFY presentationChanged)
   Q_PROPERTY(bool isOnScreen READ isOnScreen NOTIFY presentationChanged)
   Q_PROPERTY(QString edge READ edgeName NOTIFY layoutChanged)
@@ -87,7 +88,7 @@ class DockPanelController : public QObject {
   // For a panel that belongs to a slot; an empty id means the middle of the bar.
   PanelAnchor anchor(const QString& item) const;
 
-  TileListModel* tiles() { return &tiles_; }
+  RowList* tiles() { return &tiles_; }
   const Presentation& presentation() const { return presentation_; }
   bool isContentShown() const { return presentation_.isContentShown(); }
   bool isOnScreen() const { return presentation_.isOnScreen(); }
@@ -124,7 +125,7 @@ class DockPanelController : public QObject {
   WidgetContext& context_;
   Seams seams_;
   AppSettings& settings_;
-  TileListModel tiles_;
+  GadgetListModel<TileRecord, &TileRecord::item> tiles_;
   Presentation presentation_;
   SystemDockWatcher systemDock_;
   BarReveal reveal_;

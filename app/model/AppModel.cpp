@@ -71,7 +71,7 @@ void AppModel::update() {
                     .isActive = &profile == active,
                     .isPinned = profile.id == pinnedProfileID_});
   }
-  profileList_.show(rows);
+  profileList_.setRows(rows);
   const auto shown = active ? std::optional(*active) : std::nullopt;
   if (shown == shownProfile_) return;
   shownProfile_ = shown;
@@ -83,12 +83,6 @@ void AppModel::setPinnedProfileID(const std::optional<UUID>& id) {
   pinnedProfileID_ = id;
   Q_EMIT pinnedProfileIDChanged();
   update();
-}
-
-void AppModel::setIsEditingDock(bool isEditing) {
-  if (isEditing == isEditingDock_) return;
-  isEditingDock_ = isEditing;
-  Q_EMIT isEditingDockChanged();
 }
 
 const Profile* AppModel::activeProfile() const {
@@ -181,11 +175,6 @@ bool AppModel::isOnBar(const QString& widget) const {
 QString AppModel::activeProfileID() const {
   const Profile* active = activeProfile();
   return active ? text(active->id) : QString();
-}
-
-QString AppModel::activeProfileName() const {
-  const Profile* active = activeProfile();
-  return active ? QString::fromStdString(active->name) : QString();
 }
 
 QString AppModel::pinnedProfileText() const { return pinnedProfileID_ ? text(*pinnedProfileID_) : QString(); }

@@ -9,8 +9,9 @@
 #include <optional>
 #include <vector>
 
+#include "app/base/GadgetListModel.h"
 #include "app/model/LicenseManager.h"
-#include "app/model/ProfileListModel.h"
+#include "app/model/ProfileRow.h"
 #include "core/base/UserDefaults.h"
 #include "core/profiles.h"
 
@@ -22,14 +23,11 @@ class AppModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(ambrel::ProfileListModel* profileList READ profileList CONSTANT)
+  Q_PROPERTY(ambrel::RowList* profileList READ profileList CONSTANT)
   // "" without a profile.
   Q_PROPERTY(QString activeProfileID READ activeProfileID NOTIFY activeProfileChanged)
-  Q_PROPERTY(QString activeProfileName READ activeProfileName NOTIFY activeProfileChanged)
   // "" while the displays choose.
   Q_PROPERTY(QString pinnedProfileID READ pinnedProfileText WRITE setPinnedProfileText NOTIFY pinnedProfileIDChanged)
-  Q_PROPERTY(bool isExternalDisplayConnected READ isExternalDisplayConnected NOTIFY displaysChanged)
-  Q_PROPERTY(bool isEditingDock READ isEditingDock WRITE setIsEditingDock NOTIFY isEditingDockChanged)
 
  public:
   using ListDisplays = std::function<std::vector<DisplaySnapshot>()>;
@@ -46,8 +44,6 @@ class AppModel : public QObject {
   // Held in memory alone: after a restart the displays choose again.
   void setPinnedProfileID(const std::optional<UUID>& id);
   const std::vector<DisplaySnapshot>& displays() const { return displays_; }
-  bool isEditingDock() const { return isEditingDock_; }
-  void setIsEditingDock(bool isEditing);
   LicenseManager& license() const { return license_; }
 
   // Null when there are no profiles. Lives until the next change.
@@ -77,18 +73,16 @@ class AppModel : public QObject {
   // Whether a widget is in the active profile.
   Q_INVOKABLE bool isOnBar(const QString& widget) const;
 
-  ProfileListModel* profileList() { return &profileList_; }
+  // Rows are ProfileRow, in the user's order.
+  RowList* profileList() { return &profileList_; }
   QString activeProfileID() const;
-  QString activeProfileName() const;
   QString pinnedProfileText() const;
   void setPinnedProfileText(const QString& id);
-  bool isExternalDisplayConnected() const { return displayContext(displays_) == DisplayContext::external; }
 
  Q_SIGNALS:
   void profilesChanged();
   void pinnedProfileIDChanged();
   void displaysChanged();
-  void isEditingDockChanged();
   // Another profile is active, or the active one has changed.
   void activeProfileChanged();
 
@@ -106,10 +100,9 @@ class AppModel : public QObject {
   std::vector<Profile> profiles_;
   std::optional<UUID> pinnedProfileID_;
   std::vector<DisplaySnapshot> displays_;
-  bool isEditingDock_ = false;
   // What the last `activeProfileChanged` spoke of.
   std::optional<Profile> shownProfile_;
-  ProfileListModel profileList_;
+  GadgetListModel<ProfileRow, &ProfileRow::profile> profileList_;
 };
 
 }  // namespace ambrel

@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Panels
 
@@ -29,11 +30,11 @@ FocusScope {
         delegate: Item {
             id: group
 
-            required property GalleryGroupModel modelData
+            required property GalleryGroup modelData
 
             width: list.width
-            height: modelData.count === 0 ? 0 : tiles.y + tiles.height + Theme.space4
-            visible: modelData.count > 0
+            height: modelData.rows.count === 0 ? 0 : tiles.y + tiles.height + Theme.space4
+            visible: modelData.rows.count > 0
 
             Label {
                 id: head
@@ -56,7 +57,7 @@ FocusScope {
                 spacing: Theme.space3
 
                 Repeater {
-                    model: group.modelData
+                    model: group.modelData.rows
 
                     GalleryItem {
                         preview: root.preview

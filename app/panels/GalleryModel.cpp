@@ -1,16 +1,22 @@
 #include "app/panels/GalleryModel.h"
 
-#include <QQmlEngine>
 #include <algorithm>
 #include <map>
 
+#include "app/base/QmlObjects.h"
+#include "app/base/StoredValue.h"
+#include "core/widgets.h"
+
 namespace ambrel {
+
+GalleryGroup::GalleryGroup(WidgetGroup group, QObject* parent) : QObject(parent), group_(group) {}
+
+QString GalleryGroup::title() const { return toQString(ambrel::title(group_)); }
 
 GalleryModel::GalleryModel(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
   for (const WidgetGroup group : allCases<WidgetGroup>()) {
-    auto* rows = new GalleryGroupModel(group, this);
-    QQmlEngine::setObjectOwnership(rows, QQmlEngine::CppOwnership);
-    groups_ << rows;
+    groups_ << new GalleryGroup(group, this);
+    keep({groups_.back(), groups_.back()->rows()});
   }
   connect(&model_, &AppModel::activeProfileChanged, this, &GalleryModel::update);
   connect(&model_.license(), &LicenseManager::changed, this, &GalleryModel::update);
@@ -25,7 +31,7 @@ void GalleryModel::setQuery(const QString& query) {
 }
 
 bool GalleryModel::isEmpty() const {
-  return std::ranges::all_of(groups_, [](const GalleryGroupModel* group) { return group->count() == 0; });
+  return std::ranges::all_of(groups_, [](GalleryGroup* group) { return group->rows()->count() == 0; });
 }
 
 void GalleryModel::toggle(const QString& name) {
@@ -50,11 +56,15 @@ void GalleryModel::update() {
   std::map<WidgetGroup, std::vector<GalleryRow>> rows;
   for (const DockWidget widget : widgetsMatching(query_.toStdString())) {
     const auto feature = requiredFeature(widget);
-    rows[group(widget)].push_back({.widget = widget,
+    rows[group(widget)].push_back({.widget = toQString(nameOf(widget)),
+                                   .title = toQString(title(widget)),
+                                   .description = toQString(description(widget)),
+                                   .symbol = toQString(symbol(widget)),
+                                   .span = static_cast<int>(defaultSize(widget)),
                                    .isOnBar = profile && profile->contains(nameOf(widget)),
                                    .isAllowed = !feature || model_.license().allows(*feature)});
   }
-  for (GalleryGroupModel* shown : groups_) shown->show(rows[shown->group()]);
+  for (GalleryGroup* shown : groups_) shown->rows()->setRows(rows[shown->group()]);
   Q_EMIT changed();
 }
 

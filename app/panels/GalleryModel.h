@@ -4,13 +4,50 @@
 #include <QObject>
 #include <QQmlListProperty>
 #include <QtQml/qqmlregistration.h>
-#include <memory>
-#include <vector>
 
+#include "app/base/GadgetListModel.h"
 #include "app/model/AppModel.h"
-#include "app/panels/GalleryGroupModel.h"
 
 namespace ambrel {
+
+struct GalleryRow {
+  Q_GADGET
+  Q_PROPERTY(QString widget MEMBER widget FINAL)
+  Q_PROPERTY(QString title MEMBER title FINAL)
+  Q_PROPERTY(QString description MEMBER description FINAL)
+  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
+  Q_PROPERTY(int span MEMBER span FINAL)
+  Q_PROPERTY(bool isOnBar MEMBER isOnBar FINAL)
+  Q_PROPERTY(bool isAllowed MEMBER isAllowed FINAL)
+
+ public:
+  QString widget;  // its id
+  QString title, description, symbol;
+  int span = 0;  // the default size as TileFrame counts it, 0 to 3
+  bool isOnBar = false;
+  bool isAllowed = true;
+  friend bool operator==(const GalleryRow&, const GalleryRow&) = default;
+};
+
+// Its widgets that match the query; rows are GalleryRow.
+class GalleryGroup : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("belongs to the gallery")
+  Q_PROPERTY(QString title READ title CONSTANT)
+  Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT)
+
+ public:
+  GalleryGroup(WidgetGroup group, QObject* parent);
+
+  WidgetGroup group() const { return group_; }
+  QString title() const;
+  auto* rows() { return &rows_; }
+
+ private:
+  WidgetGroup group_;
+  GadgetListModel<GalleryRow, &GalleryRow::widget> rows_;
+};
 
 class GalleryModel : public QObject {
   Q_OBJECT
@@ -18,7 +55,7 @@ class GalleryModel : public QObject {
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
   // All groups in the catalogue's order, also those that a query empties.
-  Q_PROPERTY(QQmlListProperty<ambrel::GalleryGroupModel> groups READ groupList CONSTANT)
+  Q_PROPERTY(QQmlListProperty<ambrel::GalleryGroup> groups READ groupList CONSTANT)
   Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
 
  public:
@@ -27,8 +64,8 @@ class GalleryModel : public QObject {
 
   QString query() const { return query_; }
   void setQuery(const QString& query);
-  const QList<GalleryGroupModel*>& groups() const { return groups_; }
-  QQmlListProperty<GalleryGroupModel> groupList() { return {this, &groups_}; }
+  const QList<GalleryGroup*>& groups() const { return groups_; }
+  QQmlListProperty<GalleryGroup> groupList() { return {this, &groups_}; }
   bool isEmpty() const;
 
   // Puts the widget on the bar, at its end, or takes it off. One that the licence denies shows what it would give.
@@ -43,7 +80,7 @@ class GalleryModel : public QObject {
 
   AppModel& model_;
   QString query_;
-  QList<GalleryGroupModel*> groups_;
+  QList<GalleryGroup*> groups_;
 };
 
 }  // namespace ambrel

@@ -1,6 +1,6 @@
 #include <QTest>
 
-#include "app/dock/TileListModel.h"
+#include "app/dock/BarContent.h"
 
 namespace ambrel {
 namespace {

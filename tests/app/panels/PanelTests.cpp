@@ -173,18 +173,18 @@ void PanelTests::searchNarrowsTheGallery() {
 void PanelTests::profilesAreChosenAddedAndDeleted() {
   Stage stage;
   QVERIFY(stage.open("CustomizeView"));
-  QCOMPARE(stage.model.activeProfileName(), QString("Laptop"));
+  QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
   QVERIFY(stage.click("Desk, 7 tiles"));
-  QCOMPARE(stage.model.activeProfileName(), QString("Desk"));
+  QCOMPARE(stage.model.activeProfile()->name, std::string("Desk"));
   QVERIFY(stage.click("Auto (by display)"));
-  QCOMPARE(stage.model.activeProfileName(), QString("Laptop"));
+  QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
 
   QVERIFY(stage.click("New profile"));
   for (const char key : {'t', 'r', 'a', 'i', 'n'}) QTest::keyClick(&stage.scene.window(), key);
   QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
   QCOMPARE(stage.model.profiles().size(), 3u);
   // The displays go on choosing.
-  QCOMPARE(stage.model.activeProfileName(), QString("Laptop"));
+  QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
 
   stage.labelled("train, 5 tiles")->forceActiveFocus();
   QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);

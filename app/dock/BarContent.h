@@ -1,16 +1,28 @@
 #pragma once
-// The tiles of the bar in order, each with its place on the slab.
+// What is on the bar: its tiles in order, each with its place on the slab.
 
+#include <QObject>
 #include <QRectF>
-#include <QtQml/qqmlregistration.h>
+#include <QString>
+#include <vector>
 
-#include "app/base/RecordListModel.h"
 #include "core/dock.h"
 #include "core/profiles.h"
 
 namespace ambrel {
 
 struct TileRecord {
+  Q_GADGET
+  Q_PROPERTY(QString item MEMBER item FINAL)
+  Q_PROPERTY(QString widget MEMBER widget FINAL)
+  Q_PROPERTY(QString title MEMBER title FINAL)
+  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
+  Q_PROPERTY(QString description MEMBER description FINAL)
+  Q_PROPERTY(bool isKnown MEMBER isKnown FINAL)
+  Q_PROPERTY(QRectF frame MEMBER frame FINAL)
+  Q_PROPERTY(int span MEMBER span FINAL)
+
+ public:
   QString item;    // the slot
   QString widget;  // the name that the profile stores
   QString title;
@@ -20,34 +32,6 @@ struct TileRecord {
   QRectF frame;         // from the slab's upper left corner, before any scrolling
   int span = 0;         // 0 to 3, from the narrowest width to the widest
   friend bool operator==(const TileRecord&, const TileRecord&) = default;
-};
-
-class TileListModel : public RecordListModel<TileRecord, QString> {
-  Q_OBJECT
-  QML_ELEMENT
-  QML_UNCREATABLE("belongs to the bar")
-
- public:
-  enum Role {
-    ItemRole = Qt::UserRole,
-    WidgetRole,
-    TitleRole,
-    SymbolRole,
-    DescriptionRole,
-    KnownRole,
-    FrameRole,
-    SpanRole
-  };
-  Q_ENUM(Role)
-  using RecordListModel::RecordListModel;
-
-  void show(const std::vector<TileRecord>& tiles) { setRows(tiles); }
-
-  QVariant data(const QModelIndex& index, int role) const override;
-  QHash<int, QByteArray> roleNames() const override;
-
- protected:
-  QString keyOf(const TileRecord& tile) const override { return tile.item; }
 };
 
 // The slab and its tiles for the items of a profile. `scale` enlarges everything; maxLength is in logical pixels.

@@ -1,20 +1,19 @@
-#include "app/dock/TileListModel.h"
+#include "app/dock/BarContent.h"
 
+#include "app/base/StoredValue.h"
 #include "core/widgets.h"
 
 namespace ambrel {
 namespace {
 
-QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
-
 TileRecord tileOf(const DockItem& item, const std::string& widgetID) {
   TileRecord tile;
-  tile.item = text(item.id.text());
-  tile.widget = text(widgetID);
+  tile.item = toQString(item.id.text());
+  tile.widget = toQString(widgetID);
   if (const auto widget = fromName<DockWidget>(widgetID)) {
-    tile.title = text(title(*widget));
-    tile.symbol = text(symbol(*widget));
-    tile.description = text(description(*widget));
+    tile.title = toQString(title(*widget));
+    tile.symbol = toQString(symbol(*widget));
+    tile.description = toQString(description(*widget));
   } else {
     tile.title = tile.widget;
     tile.symbol = QStringLiteral("questionmark.circle");
@@ -35,43 +34,6 @@ int spanOf(double length) {
 }
 
 }  // namespace
-
-QVariant TileListModel::data(const QModelIndex& index, int role) const {
-  const TileRecord* tile = row(index);
-  if (!tile) return {};
-  switch (role) {
-    case ItemRole:
-      return tile->item;
-    case WidgetRole:
-      return tile->widget;
-    case Qt::DisplayRole:
-    case TitleRole:
-      return tile->title;
-    case SymbolRole:
-      return tile->symbol;
-    case DescriptionRole:
-      return tile->description;
-    case KnownRole:
-      return tile->isKnown;
-    case FrameRole:
-      return tile->frame;
-    case SpanRole:
-      return tile->span;
-    default:
-      return {};
-  }
-}
-
-QHash<int, QByteArray> TileListModel::roleNames() const {
-  return {{ItemRole, "item"},
-          {WidgetRole, "widget"},
-          {TitleRole, "title"},
-          {SymbolRole, "symbol"},
-          {DescriptionRole, "description"},
-          {KnownRole, "isKnown"},
-          {FrameRole, "frame"},
-          {SpanRole, "span"}};
-}
 
 BarContent barContent(const std::vector<DockItem>& items, DockEdge edge, double maxLength, double scale) {
   BarContent content;
