@@ -61,8 +61,6 @@ struct BarReveal {
   // The pointer or a command has revealed the bar.
   bool isRevealed = false;
   std::optional<Instant> peekUntil{};
-  // Opened by the user's explicit toggle: hovering neither keeps nor hides it.
-  bool isToggledOpen = false;
   // When the pointer left the hover zone.
   std::optional<Instant> outsideSince{};
   // The bar has left a pointer that runs along the edge beyond the bar's ends. It comes out again after the pointer
@@ -80,8 +78,6 @@ struct BarReveal {
   // Ends the peek that was to last until then, unless another one has taken its place. True when it was running.
   bool endPeek(Instant until);
   void reveal();
-  // Opens the bar to stay, or hides it when it was opened that way.
-  void toggle();
 
   bool shouldShow(bool isAlwaysVisible, bool isHeldOpen) const { return isAlwaysVisible || isRevealed || isHeldOpen; }
   // The peek that is running keeps the bar out.

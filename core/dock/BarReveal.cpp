@@ -53,7 +53,7 @@ bool BarReveal::tick(const BarSurroundings& around, Instant now) {
     reveal();
     isDue = true;
   }
-  if (!isRevealed || isToggledOpen) {
+  if (!isRevealed) {
     outsideSince.reset();
     return isDue;
   }
@@ -74,7 +74,7 @@ bool BarReveal::tick(const BarSurroundings& around, Instant now) {
 }
 
 std::optional<Instant> BarReveal::waitsUntil(const BarSurroundings& around) const {
-  if (around.isAlwaysVisible || !isRevealed || isToggledOpen) return std::nullopt;
+  if (around.isAlwaysVisible || !isRevealed) return std::nullopt;
   if (peekUntil) return peekUntil;
   if (outsideSince) return advanced(*outsideSince, hideDelay);
   return std::nullopt;
@@ -96,13 +96,6 @@ bool BarReveal::endPeek(Instant until) {
 void BarReveal::reveal() {
   isRevealed = true;
   outsideSince.reset();
-}
-
-void BarReveal::toggle() {
-  isToggledOpen = !isToggledOpen;
-  isRevealed = isToggledOpen;
-  outsideSince.reset();
-  if (!isToggledOpen) peekUntil.reset();
 }
 
 std::optional<Instant> nextTick(Instant lastTick, bool isPointerMoving,

@@ -21,7 +21,6 @@ class BarContentTests : public QObject {
  private Q_SLOTS:
   void theTilesStandInOrderOnTheSlab_data();
   void theTilesStandInOrderOnTheSlab();
-  void tooLongABarStepsDownAndThenScrolls();
   void anUnknownWidgetIsShownAsSuch();
   void slotsWithoutAWidgetTakeNoRoom();
   void anEmptyBarHasRoomForASentence();
@@ -57,19 +56,6 @@ void BarContentTests::theTilesStandInOrderOnTheSlab() {
   const double along = edge == DockEdge::bottom ? next.x() : next.y();
   QCOMPARE(content.contentLength, along);
   QCOMPARE(edge == DockEdge::bottom ? content.slab.width() : content.slab.height(), along);
-}
-
-void BarContentTests::tooLongABarStepsDownAndThenScrolls() {
-  const auto items = holding(six);
-  const BarContent whole = barContent(items, DockEdge::bottom, 2000, 1);
-  const BarContent narrower = barContent(items, DockEdge::bottom, whole.contentLength - 1, 1);
-  QVERIFY(!narrower.isScrolling);
-  QVERIFY(narrower.contentLength < whole.contentLength);
-  QCOMPARE(narrower.tiles.size(), whole.tiles.size());
-  const BarContent scrolling = barContent(items, DockEdge::bottom, 200, 1);
-  QVERIFY(scrolling.isScrolling);
-  QCOMPARE(scrolling.slab.width(), 200.0);
-  QCOMPARE(scrolling.contentLength, scrolling.tiles.back().frame.right() + 8);
 }
 
 void BarContentTests::anUnknownWidgetIsShownAsSuch() {

@@ -4,8 +4,8 @@
 #include <QTest>
 
 #include "app/dock/DockPanelController.h"
-#include "app/window/PanelWindow.h"
 #include "app/kit/Theme.h"
+#include "app/window/PanelWindow.h"
 #include "tests/app/dock/BarFixture.h"
 #include "tests/app/kit/QMLWarnings.h"
 
@@ -22,15 +22,9 @@ class DockPanelControllerTests : public QObject {
     QCOMPARE(left, QStringList());
   }
 
-  void theEdgeRevealsIt_data();
-  void theEdgeRevealsIt();
   void itLeavesHalfASecondAfterThePointer();
-  void aPointerThatReturnsInTimeKeepsIt();
   void aPeekEndsByItself();
-  void aPeekIsEndedEarly();
-  void aPeekLeavesTheBarToThePointerThatIsOverIt();
   void aPanelHoldsItOpen();
-  void aBarThatIsRevealedOverARestingPointerLeaves();
   void alwaysVisibleItStaysAndThenGoesByThePointer();
   void theKeyboardHoldsIt();
   void aKeyboardThatIsRefusedDoesNotHoldIt();
@@ -57,53 +51,12 @@ class DockPanelControllerTests : public QObject {
   std::unique_ptr<QMLWarnings> warnings_;
 };
 
-void DockPanelControllerTests::theEdgeRevealsIt_data() {
-  QTest::addColumn<DockEdge>("edge");
-  QTest::addColumn<Point>("pointer");
-  QTest::addColumn<bool>("isRevealed");
-  QTest::newRow("bottom, at 2") << DockEdge::bottom << Point{30, 2} << true;
-  QTest::newRow("bottom, at 2.1") << DockEdge::bottom << Point{30, 2.1} << false;
-  QTest::newRow("bottom, at the left") << DockEdge::bottom << Point{0, 450} << false;
-  QTest::newRow("bottom, on another screen") << DockEdge::bottom << Point{1700, 0} << false;
-  QTest::newRow("left, at 2") << DockEdge::left << Point{2, 450} << true;
-  QTest::newRow("left, at 2.1") << DockEdge::left << Point{2.1, 450} << false;
-  QTest::newRow("right, at 2") << DockEdge::right << Point{1598, 450} << true;
-  QTest::newRow("right, at 2.1") << DockEdge::right << Point{1597.9, 450} << false;
-}
-
-void DockPanelControllerTests::theEdgeRevealsIt() {
-  QFETCH(DockEdge, edge);
-  QFETCH(Point, pointer);
-  QFETCH(bool, isRevealed);
-  BarFixture f;
-  f.settings.set(setting::dockEdge, edge);
-  f.bar.start();
-  QVERIFY(!f.isShown());
-  f.pointer.move(pointer);
-  QCOMPARE(f.isShown(), isRevealed);
-}
-
 void DockPanelControllerTests::itLeavesHalfASecondAfterThePointer() {
   BarFixture f;
   f.bar.start();
   f.pointer.move({800, 0});
   f.pass(10);
   QVERIFY(f.isShown());
-  f.pointer.move(BarFixture::away);
-  f.pass(0.4);
-  QVERIFY(f.isShown());
-  f.pass(0.2);
-  QVERIFY(!f.isShown());
-}
-
-void DockPanelControllerTests::aPointerThatReturnsInTimeKeepsIt() {
-  BarFixture f;
-  f.bar.start();
-  f.pointer.move({800, 0});
-  f.pointer.move(BarFixture::away);
-  f.pass(0.4);
-  f.pointer.at = BarFixture::onBar;
-  f.pass(0.4);
   f.pointer.move(BarFixture::away);
   f.pass(0.4);
   QVERIFY(f.isShown());
@@ -127,31 +80,6 @@ void DockPanelControllerTests::aPeekEndsByItself() {
   QVERIFY(!f.isShown());
 }
 
-void DockPanelControllerTests::aPeekIsEndedEarly() {
-  BarFixture f;
-  f.bar.start();
-  const Instant until = f.bar.peek(Seconds(8));
-  f.pass(1);
-  f.bar.endPeek(until);
-  QVERIFY(!f.bar.presentation().isPeeking());
-  QVERIFY(f.isShown());
-  f.pass(0.6);
-  QVERIFY(!f.isShown());
-}
-
-void DockPanelControllerTests::aPeekLeavesTheBarToThePointerThatIsOverIt() {
-  BarFixture f;
-  f.bar.start();
-  f.bar.peek(Seconds(6));
-  f.pass(3);
-  f.pointer.move(BarFixture::onBar);
-  f.pass(30);
-  QVERIFY(f.isShown());
-  f.pointer.move(BarFixture::away);
-  f.pass(0.6);
-  QVERIFY(!f.isShown());
-}
-
 void DockPanelControllerTests::aPanelHoldsItOpen() {
   BarFixture f;
   f.bar.start();
@@ -170,17 +98,6 @@ void DockPanelControllerTests::aPanelHoldsItOpen() {
   QVERIFY(f.isShown());
   f.isHeld = false;
   f.bar.holdingChanged();
-  f.pass(0.4);
-  QVERIFY(f.isShown());
-  f.pass(0.2);
-  QVERIFY(!f.isShown());
-}
-
-void DockPanelControllerTests::aBarThatIsRevealedOverARestingPointerLeaves() {
-  BarFixture f;
-  f.bar.start();
-  f.pass(60);
-  f.bar.reveal();
   f.pass(0.4);
   QVERIFY(f.isShown());
   f.pass(0.2);

@@ -156,19 +156,6 @@ TEST(BarReveal, APeekOfARevealedBarForgetsThatThePointerHasLeft) {
   EXPECT_TRUE(reveal.tick(around(far), at(7.7)));
 }
 
-TEST(BarReveal, AToggledBarIgnoresHoveringUntilItIsToggledAgain) {
-  BarReveal reveal;
-  reveal.toggle();
-  EXPECT_TRUE(isShown(reveal, around(far)));
-  EXPECT_FALSE(reveal.tick(around(far), at(0)));
-  EXPECT_FALSE(reveal.tick(around(far), at(3600)));
-  EXPECT_TRUE(reveal.isRevealed);
-  reveal.peek(Seconds(6), at(3600));
-  reveal.toggle();
-  EXPECT_EQ(reveal, BarReveal{});
-  EXPECT_FALSE(isShown(reveal, around(far)));
-}
-
 TEST(BarReveal, ABarThatIsAlwaysVisibleNeedsNoTick) {
   BarReveal reveal;
   auto surroundings = around(edge);
@@ -214,10 +201,6 @@ TEST(BarRevealWaiting, ARestingPointerNeedsNoTickButForADeadline) {
   EXPECT_EQ(reveal.waitsUntil(around(far)), at(8));
   reveal.tick(around(far), at(8));
   EXPECT_EQ(reveal.waitsUntil(around(far)), at(8.5));
-
-  BarReveal toggled;
-  toggled.toggle();
-  EXPECT_EQ(toggled.waitsUntil(around(far)), std::nullopt);
 }
 
 // Thirty ticks a second and ticks at the deadlines alone end alike, whatever happens before the pointer rests.
