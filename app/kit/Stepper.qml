@@ -14,7 +14,7 @@ FocusScope {
     property bool wraps: false
     property string unit
     // What is shown for the value, and how much room it has.
-    property string text: unit === "" ? value : value + " " + unit
+    property string text: value + (unit === "" ? "" : " " + unit)
     property int textWidth: 78
     required property string label
 
