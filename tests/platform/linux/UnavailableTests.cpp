@@ -49,7 +49,7 @@ TEST(WithoutXServer, NoScreenSaverIsStopped) { EXPECT_FALSE(X11ScreenSaver(nullp
 TEST(WithoutXServer, TheToolkitsScreensAreThere) {
   const X11Screens screens(nullptr);
   ASSERT_EQ(screens.list().size(), 1u);
-  const ScreenInfo& screen = screens.list().front();
+  const ScreenInfo screen = screens.list().front();
   EXPECT_EQ(screen.frame, (Rect{0, 0, 800, 800}));
   EXPECT_EQ(screen.visibleFrame, screen.frame);
   EXPECT_EQ(screens.mainHeight(), 800);
