@@ -14,7 +14,7 @@ Popover {
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: root.alarm.isOn ? root.alarm.time : ""
+        text: root.alarm.face.isOn ? root.alarm.face.time : ""
         role: Theme.small
         color: Theme.ink2
     }
@@ -27,32 +27,32 @@ Popover {
 
         SwitchRow {
             title: qsTr("Alarm")
-            detail: root.alarm.detail
-            checked: root.alarm.isOn
-            onToggled: checked => root.alarm.isOn = checked
+            detail: root.alarm.face.detail
+            checked: root.alarm.face.isOn
+            onToggled: checked => root.alarm.setIsOn(checked)
         }
         StepperRow {
             title: qsTr("Hour")
-            value: root.alarm.hour
+            value: root.alarm.face.hour
             from: 0
             to: 23
             wraps: true
-            onStepped: value => root.alarm.set(value, root.alarm.minute)
+            onStepped: value => root.alarm.set(value, root.alarm.face.minute)
         }
         StepperRow {
             title: qsTr("Minute")
-            value: root.alarm.minute
+            value: root.alarm.face.minute
             from: 0
             to: 59
             wraps: true
-            onStepped: value => root.alarm.set(root.alarm.hour, value)
+            onStepped: value => root.alarm.set(root.alarm.face.hour, value)
         }
         StepperRow {
             title: qsTr("Snooze for")
-            value: root.alarm.snoozeMinutes
+            value: root.alarm.face.snoozeMinutes
             to: 60
             unit: qsTr("min")
-            onStepped: value => root.alarm.snoozeMinutes = value
+            onStepped: value => root.alarm.setSnoozeMinutes(value)
         }
     }
     Label {
@@ -72,11 +72,11 @@ Popover {
         anchors.top: section.bottom
         anchors.topMargin: Theme.space3
         spacing: Theme.space2
-        visible: root.alarm.isRinging || root.alarm.isSnoozed
+        visible: root.alarm.face.isRinging || root.alarm.face.isSnoozed
 
         Button {
             kind: Button.Primary
-            visible: root.alarm.isRinging
+            visible: root.alarm.face.isRinging
             text: qsTr("Snooze")
             onClicked: root.alarm.snooze()
         }

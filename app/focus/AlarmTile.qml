@@ -8,21 +8,21 @@ TileFrame {
 
     required property AlarmClock alarm
     // In a narrow tile the time goes up into the caption, and the buttons take its place.
-    readonly property bool isCrowded: alarm.isRinging && span === TileFrame.Medium
+    readonly property bool isCrowded: alarm.face.isRinging && span === TileFrame.Medium
 
     panel: Qt.resolvedUrl("AlarmPanel.qml")
-    name: isCrowded ? alarm.time : caption
-    label: title + ", " + alarm.time + ", " + alarm.detail
-    value: isCrowded ? "" : alarm.time
+    name: isCrowded ? alarm.face.time : caption
+    label: title + ", " + alarm.face.time + ", " + alarm.face.detail
+    value: isCrowded ? "" : alarm.face.time
     valueRole: Theme.timer
-    valueColor: alarm.isRinging ? Theme.orange.text : alarm.isOn ? Theme.ink : Theme.ink3
-    subLine: isCrowded ? "" : span === TileFrame.Medium ? alarm.shortDetail : alarm.detail
-    reserved: alarm.isRinging && span !== TileFrame.Small ? buttons.width : 0
+    valueColor: alarm.face.isRinging ? Theme.orange.text : alarm.face.isOn ? Theme.ink : Theme.ink3
+    subLine: isCrowded ? "" : span === TileFrame.Medium ? alarm.face.shortDetail : alarm.face.detail
+    reserved: alarm.face.isRinging && span !== TileFrame.Small ? buttons.width : 0
 
     Row {
         id: buttons
 
-        visible: root.alarm.isRinging && root.span !== TileFrame.Small
+        visible: root.alarm.face.isRinging && root.span !== TileFrame.Small
         spacing: Theme.space1
         x: root.isCrowded ? -6 : parent.width - width + 4
         y: parent.height - height + 2

@@ -15,7 +15,7 @@ Popover {
     implicitHeight: 226
 
     LiveTimeline {
-        schedule: root.reminder.isOn ? LiveTimeline.EverySecond : LiveTimeline.Never
+        schedule: root.reminder.face.isOn ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
         onTicked: Qt.callLater(root.reminder.update) // qmllint disable
     }
@@ -28,17 +28,17 @@ Popover {
 
         SwitchRow {
             title: qsTr("Reminders")
-            detail: root.reminder.isOn ? qsTr("%1 left").arg(root.reminder.countdown) : ""
-            checked: root.reminder.isOn
-            onToggled: checked => root.reminder.isOn = checked
+            detail: root.reminder.face.isOn ? qsTr("%1 left").arg(root.reminder.face.countdown) : ""
+            checked: root.reminder.face.isOn
+            onToggled: checked => root.reminder.setIsOn(checked)
         }
         StepperRow {
             title: qsTr("Every")
-            value: root.reminder.intervalMinutes
+            value: root.reminder.face.intervalMinutes
             to: 240
             step: 5
             unit: qsTr("min")
-            onStepped: value => root.reminder.intervalMinutes = value
+            onStepped: value => root.reminder.setIntervalMinutes(value)
         }
     }
     Row {
@@ -51,11 +51,11 @@ Popover {
         Button {
             kind: Button.Primary
             focus: true
-            text: root.reminder.isOnBreak ? qsTr("End the break") : root.isForEyes ? qsTr("Take the break now") : qsTr("I stood up")
-            onClicked: root.reminder.isOnBreak ? root.reminder.endBreak() : root.reminder.takeBreak()
+            text: root.reminder.face.isOnBreak ? qsTr("End the break") : root.isForEyes ? qsTr("Take the break now") : qsTr("I stood up")
+            onClicked: root.reminder.face.isOnBreak ? root.reminder.endBreak() : root.reminder.takeBreak()
         }
         Label {
-            text: qsTr("%1 today").arg(root.reminder.countToday)
+            text: qsTr("%1 today").arg(root.reminder.face.countToday)
             role: Theme.small
             color: Theme.ink2
             anchors.verticalCenter: parent.verticalCenter

@@ -23,7 +23,7 @@ Item {
         id: disc
 
         // Under reduced motion the words alone say what to do.
-        property real share: 0.32 + 0.63 * (Theme.reducedMotion ? 0.5 : root.breathing.target)
+        property real share: 0.32 + 0.63 * (Theme.reducedMotion ? 0.5 : root.breathing.face.target)
 
         anchors.centerIn: parent
         width: root.size * share
@@ -35,7 +35,7 @@ Item {
             enabled: !Theme.reducedMotion
 
             NumberAnimation {
-                duration: root.breathing.stepMilliseconds
+                duration: root.breathing.face.stepMilliseconds
                 easing.type: Easing.InOutSine
             }
         }

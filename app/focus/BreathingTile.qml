@@ -8,12 +8,12 @@ TileFrame {
 
     required property BreathingExercise breathing
 
-    label: name + ", " + breathing.title + ", " + breathing.detail
-    value: isSmall ? "" : isMedium ? breathing.shortTitle : breathing.title
+    label: name + ", " + breathing.face.title + ", " + breathing.face.detail
+    value: isSmall ? "" : isMedium ? breathing.face.shortTitle : breathing.face.title
     valueRole: Theme.rowTitle
-    subLine: isSmall ? "" : isMedium ? breathing.shortDetail : breathing.detail
+    subLine: isSmall ? "" : isMedium ? breathing.face.shortDetail : breathing.face.detail
     reserved: isSmall ? 0 : isMedium ? 36 : 48
-    tip: breathing.isRunning ? qsTr("Click to stop") : qsTr("Click to breathe with the disc")
+    tip: breathing.face.isRunning ? qsTr("Click to stop") : qsTr("Click to breathe with the disc")
     onActivated: breathing.toggle()
 
     BreathingDisc {
@@ -24,7 +24,7 @@ TileFrame {
     }
     Label {
         visible: root.isSmall
-        text: root.breathing.shortTitle
+        text: root.breathing.face.shortTitle
         role: Theme.subLine
         color: Theme.ink2
         width: parent.width

@@ -8,42 +8,42 @@ RingValueTile {
 
     required property BreakReminder eyeBreak
     readonly property BreakReminder reminder: eyeBreak
-    readonly property bool isIdle: !reminder.isOn && !reminder.isOnBreak
+    readonly property bool isIdle: !reminder.face.isOn && !reminder.face.isOnBreak
 
     settingsPanel: Qt.resolvedUrl("BreakPanel.qml")
     panelProperties: ({
             reminder: reminder
         })
-    menuText: reminder.isOn ? qsTr("Pause Eye Breaks") : qsTr("Resume Eye Breaks")
+    menuText: reminder.face.isOn ? qsTr("Pause Eye Breaks") : qsTr("Resume Eye Breaks")
     menuSymbol: "eye"
-    onMenuChosen: reminder.isOn = !reminder.isOn
-    percent: isIdle ? 0 : reminder.isDue ? 100 : reminder.percentLeft
-    tone: reminder.isDue ? Theme.orange : reminder.isOnBreak ? Theme.green : Theme.teal
-    control: reminder.isOnBreak ? "xmark" : isIdle ? "play.fill" : "eye"
-    controlLabel: reminder.isOnBreak ? qsTr("Click to end the break") : isIdle ? qsTr("Resume Eye Breaks") : qsTr("Take the break now")
-    figure: isIdle ? qsTr("Paused") : reminder.isDue ? (isWide ? qsTr("Look away") : qsTr("Now")) : reminder.countdown
-    widestFigure: isIdle || reminder.isDue ? "" : reminder.countdown.replace(/[0-9]/g, "0")
-    ink: reminder.isDue ? Theme.orange.text : isIdle ? Theme.ink2 : Theme.ink
+    onMenuChosen: reminder.setIsOn(!reminder.face.isOn)
+    percent: isIdle ? 0 : reminder.face.isDue ? 100 : reminder.face.percentLeft
+    tone: reminder.face.isDue ? Theme.orange : reminder.face.isOnBreak ? Theme.green : Theme.teal
+    control: reminder.face.isOnBreak ? "xmark" : isIdle ? "play.fill" : "eye"
+    controlLabel: reminder.face.isOnBreak ? qsTr("Click to end the break") : isIdle ? qsTr("Resume Eye Breaks") : qsTr("Take the break now")
+    figure: isIdle ? qsTr("Paused") : reminder.face.isDue ? (isWide ? qsTr("Look away") : qsTr("Now")) : reminder.face.countdown
+    widestFigure: isIdle || reminder.face.isDue ? "" : reminder.face.countdown.replace(/[0-9]/g, "0")
+    ink: reminder.face.isDue ? Theme.orange.text : isIdle ? Theme.ink2 : Theme.ink
     detail: {
-        if (reminder.isOnBreak)
+        if (reminder.face.isOnBreak)
             return isWide ? qsTr("Click to end the break") : qsTr("Click to end");
         if (!isWide)
-            return qsTr("%1 today").arg(reminder.countToday);
-        return isIdle ? qsTr("no eye breaks") : reminder.isDue ? qsTr("for 20 seconds") : qsTr("until an eye break");
+            return qsTr("%1 today").arg(reminder.face.countToday);
+        return isIdle ? qsTr("no eye breaks") : reminder.face.isDue ? qsTr("for 20 seconds") : qsTr("until an eye break");
     }
-    tip: isIdle || reminder.isOnBreak || reminder.isDue ? label : label + ". " + qsTr("%1 today").arg(reminder.countToday)
+    tip: isIdle || reminder.face.isOnBreak || reminder.face.isDue ? label : label + ". " + qsTr("%1 today").arg(reminder.face.countToday)
     onControlPressed: {
-        if (reminder.isOnBreak)
+        if (reminder.face.isOnBreak)
             reminder.endBreak();
         else if (isIdle)
-            reminder.isOn = true;
+            reminder.setIsOn(true);
         else
             reminder.takeBreak();
     }
-    onActivated: reminder.isOnBreak ? reminder.endBreak() : reminder.isDue ? reminder.takeBreak() : root.settingsAsked()
+    onActivated: reminder.face.isOnBreak ? reminder.endBreak() : reminder.face.isDue ? reminder.takeBreak() : root.settingsAsked()
 
     LiveTimeline {
-        schedule: root.isIdle || root.reminder.isDue ? LiveTimeline.Never : LiveTimeline.EverySecond
+        schedule: root.isIdle || root.reminder.face.isDue ? LiveTimeline.Never : LiveTimeline.EverySecond
         active: root.live
         onTicked: Qt.callLater(root.reminder.update) // qmllint disable
     }

@@ -20,14 +20,13 @@ FocusArea::FocusArea(const FocusSeams& seams, std::filesystem::path habitsFile, 
       standUp_(BreakKind::stand, seams, [&shell] { return shell.isOnBar(DockWidget::standUp); }),
       breathing_(seams.now),
       habits_(std::move(habitsFile), seams.calendar, seams.now),
-      mood_(seams.defaults, seams.calendar, seams.now, true) {
+      mood_(seams.defaults, seams.calendar, seams.now) {
   keep({this});
   for (TimedModel* model : std::initializer_list<TimedModel*>{&pomodoro_, &water_, &stopwatch_, &timer_, &alarm_,
                                                               &eyeBreak_, &standUp_, &breathing_, &habits_, &mood_}) {
     keep({model});
     due.add(*model);
   }
-  pomodoro_.onPhaseEnded = [this](PomodoroPhase ended) { Q_EMIT phaseEnded(ended); };
 }
 
 void FocusArea::defaultsChanged(const std::set<std::string>& /*keys*/) {
@@ -40,9 +39,9 @@ void FocusArea::defaultsChanged(const std::set<std::string>& /*keys*/) {
 }
 
 void FocusArea::addSignals(BuddySignals& signals, Instant now) {
-  signals.isFocusRunning = pomodoro_.isFocusRunning();
+  signals.isFocusRunning = pomodoro_.value().isFocusRunning();
   signals.focusSessionsToday = pomodoro_.value().completed.today(calendar_().dayKey(now));
-  signals.waterGlassesToday = water_.count();
+  signals.waterGlassesToday = water_.face().count;
   signals.waterDueAt = water_.waterDueAt(now);
 }
 
@@ -52,7 +51,7 @@ bool FocusArea::answerNotification(const std::string& identifier, const std::str
     return true;
   }
   if (identifier == "eyeBreak") {
-    if (eyeBreak_.isDue()) eyeBreak_.takeBreak();
+    if (eyeBreak_.face().isDue) eyeBreak_.takeBreak();
     return true;
   }
   using enum DockWidget;

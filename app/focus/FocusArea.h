@@ -55,9 +55,6 @@ class FocusArea : public Area {
   bool answerNotification(const std::string& identifier, const std::string& action) override;
   void notificationDismissed(const std::string& identifier) override;
 
- Q_SIGNALS:
-  void phaseEnded(ambrel::PomodoroPhase phase);
-
  private:
   Shell& shell_;
   PresentCalendar calendar_;

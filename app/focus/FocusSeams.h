@@ -4,7 +4,7 @@
 
 #include "core/base/PresentCalendar.h"
 #include "core/base/UserDefaults.h"
-#include "core/focus.h"
+#include "core/focus/FocusNotice.h"
 #include "platform/Notifications.h"
 #include "platform/Sounds.h"
 
@@ -25,6 +25,19 @@ using IsEnabled = std::function<bool()>;
 // Without a sound: the models sound by themselves.
 inline Notification notificationOf(const FocusNotice& notice) {
   return {.identifier = notice.identifier, .title = notice.title, .body = notice.body, .sound = false};
+}
+
+// The next of a change that may come, and the end of the day, at which counts begin again.
+inline Instant earlier(const std::optional<Instant>& change, Instant dayEnds) {
+  return change ? std::min(*change, dayEnds) : dayEnds;
+}
+
+// Says whether what is shown differs now.
+template <typename Face>
+bool show(Face& shown, Face next) {
+  if (next == shown) return false;
+  shown = std::move(next);
+  return true;
 }
 
 }  // namespace ambrel

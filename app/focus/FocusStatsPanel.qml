@@ -14,7 +14,7 @@ Popover {
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: qsTr("%1 this week").arg(root.pomodoro.weekTotal)
+        text: qsTr("%1 this week").arg(root.pomodoro.week.total)
         role: Theme.small
         color: Theme.ink2
     }
@@ -26,14 +26,14 @@ Popover {
         width: parent.width - 2 * Theme.space4
         height: 120
         spacing: 12
-        week: root.pomodoro.week
+        week: root.pomodoro.week.days
     }
     TipLabel {
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.top: bars.bottom
         anchors.topMargin: Theme.space3
-        text: root.pomodoro.streak > 1 ? qsTr("%1 today, %2 days in a row").arg(root.pomodoro.sessionsToday).arg(root.pomodoro.streak) : qsTr("%1 today").arg(root.pomodoro.sessionsToday)
+        text: root.pomodoro.week.streak > 1 ? qsTr("%1 today, %2 days in a row").arg(root.pomodoro.face.sessionsToday).arg(root.pomodoro.week.streak) : qsTr("%1 today").arg(root.pomodoro.face.sessionsToday)
         role: Theme.small
         color: Theme.ink2
     }

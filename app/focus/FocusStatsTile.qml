@@ -9,14 +9,14 @@ TileFrame {
     required property PomodoroTimer pomodoro
 
     panel: Qt.resolvedUrl("FocusStatsPanel.qml")
-    value: pomodoro.weekTotal
+    value: pomodoro.week.total
     subLine: qsTr("this week")
     reserved: span === TileFrame.Small ? 0 : span === TileFrame.Medium ? 34 : 92
-    tip: pomodoro.weekText
+    tip: pomodoro.week.text
 
     WeekBars {
         visible: root.span !== TileFrame.Small
-        week: root.pomodoro.week
+        week: root.pomodoro.week.days
         hasLetters: root.span !== TileFrame.Medium
         width: root.span === TileFrame.Medium ? 34 : 92
         spacing: root.span === TileFrame.Medium ? 2 : 4

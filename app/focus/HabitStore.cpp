@@ -3,35 +3,25 @@
 #include <algorithm>
 
 #include "app/base/Log.h"
-#include "app/focus/Stored.h"
+#include "app/base/StoredValue.h"
 #include "core/base/JSONFileStore.h"
 
 namespace ambrel {
 namespace {
 
-enum Role { HabitId = Qt::UserRole, Name, IsDone, StreakText };
+std::vector<HabitRow> rowsOf(const std::vector<Habit>& habits, const Calendar& calendar, Instant now) {
+  std::vector<HabitRow> rows;
+  for (const Habit& habit : habits) {
+    const int streak = Streak::length(habit.days, now, calendar);
+    rows.push_back({.id = toQString(habit.id.text()),
+                    .name = toQString(habit.name),
+                    .isDone = habit.days.contains(calendar.dayKey(now)),
+                    .streakText = streak < 2 ? QString() : QObject::tr("%1 days in a row").arg(streak)});
+  }
+  return rows;
+}
 
 }  // namespace
-
-QVariant HabitListModel::data(const QModelIndex& index, int role) const {
-  const HabitRow* habit = row(index);
-  if (!habit) return {};
-  switch (role) {
-    case HabitId:
-      return toQString(habit->id.text());
-    case Name:
-      return toQString(habit->name);
-    case IsDone:
-      return habit->isDone;
-    case StreakText:
-      return habit->streak < 2 ? QString() : tr("%1 days in a row").arg(habit->streak);
-  }
-  return {};
-}
-
-QHash<int, QByteArray> HabitListModel::roleNames() const {
-  return {{HabitId, "habitId"}, {Name, "name"}, {IsDone, "isDone"}, {StreakText, "streakText"}};
-}
 
 HabitStore::HabitStore(std::filesystem::path file, PresentCalendar calendar, std::function<Instant()> now,
                        QObject* parent)
@@ -49,26 +39,20 @@ bool HabitStore::add(const QString& name) {
   if (!next) return false;
   items_ = std::move(*next);
   save();
-  publish(now_());
   return true;
 }
 
 void HabitStore::remove(const QString& id) {
   const auto parsed = UUID::parse(id.toStdString());
-  if (std::erase_if(items_, [&](const Habit& habit) { return habit.id == parsed; }) == 0) return;
-  save();
-  publish(now_());
+  if (std::erase_if(items_, [&](const Habit& habit) { return habit.id == parsed; }) != 0) save();
 }
 
 void HabitStore::toggleToday(const QString& id) {
-  const auto parsed = UUID::parse(id.toStdString());
-  const auto habit = std::find_if(items_.begin(), items_.end(), [&](const Habit& one) { return one.id == parsed; });
+  const auto habit = std::ranges::find(items_, UUID::parse(id.toStdString()), &Habit::id);
   if (habit == items_.end()) return;
-  const Instant now = now_();
-  const std::string today = calendar_().dayKey(now);
+  const std::string today = calendar_().dayKey(now_());
   if (habit->days.erase(today) == 0) habit->days.insert(today);
   save();
-  publish(now);
 }
 
 void HabitStore::save() {
@@ -77,20 +61,13 @@ void HabitStore::save() {
   } catch (const std::exception& error) {
     logLine(std::string("cannot save habits: ") + error.what());
   }
+  publish(now_());
 }
 
 void HabitStore::publish(Instant now) {
   dayEnds_ = calendar_().startOfDay(now, 1);
-  const std::string today = calendar_().dayKey(now);
-  std::vector<HabitRow> rows;
-  doneToday_ = bestStreak_ = 0;
-  for (const auto& habit : items_) {
-    rows.push_back({habit.id, habit.name, habit.days.contains(today), Streak::length(habit.days, now, calendar_)});
-    doneToday_ += rows.back().isDone ? 1 : 0;
-    bestStreak_ = std::max(bestStreak_, rows.back().streak);
-  }
-  rows_.setRows(rows);
-  Q_EMIT changed();
+  rows_.setRows(rowsOf(items_, calendar_, now));
+  if (show(face_, habitsFace(items_, calendar_, now))) Q_EMIT changed();
   announceDue();
 }
 

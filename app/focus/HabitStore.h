@@ -1,61 +1,45 @@
 #pragma once
-// The habits, kept in a file of their own.
 
-#include <QString>
 #include <QtQml/qqmlregistration.h>
 #include <filesystem>
-#include <functional>
 
-#include "app/base/RecordListModel.h"
+#include "app/base/GadgetListModel.h"
 #include "app/base/TimedModel.h"
-#include "core/base/PresentCalendar.h"
-#include "core/focus/HabitList.h"
+#include "app/focus/FocusFaces.h"
+#include "app/focus/FocusSeams.h"
 
 namespace ambrel {
 
 struct HabitRow {
-  UUID id;
-  std::string name;
+  Q_GADGET
+  Q_PROPERTY(QString habitId MEMBER id FINAL)
+  Q_PROPERTY(QString name MEMBER name FINAL)
+  Q_PROPERTY(bool isDone MEMBER isDone FINAL)
+  Q_PROPERTY(QString streakText MEMBER streakText FINAL)
+
+ public:
+  QString id, name;
   bool isDone = false;  // today
-  int streak = 0;       // days
+  QString streakText;   // "5 days in a row"; empty below 2
+
   bool operator==(const HabitRow&) const = default;
 };
 
-// Roles: habitId, name, isDone, streakText ("5 days in a row", empty below 2).
-class HabitListModel : public RecordListModel<HabitRow, UUID> {
-  Q_OBJECT
-
- public:
-  using RecordListModel::RecordListModel;
-  using RecordListModel::setRows;
-  QVariant data(const QModelIndex& index, int role) const override;
-  QHash<int, QByteArray> roleNames() const override;
-
- protected:
-  UUID keyOf(const HabitRow& row) const override { return row.id; }
-};
-
+// The habits, kept in a file of their own.
 class HabitStore : public TimedModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(QAbstractListModel* habits READ habits CONSTANT FINAL)
-  Q_PROPERTY(int count READ count NOTIFY changed FINAL)
-  Q_PROPERTY(int doneToday READ doneToday NOTIFY changed FINAL)
-  Q_PROPERTY(bool isFull READ isFull NOTIFY changed FINAL)
-  // The longest run of any habit, in days.
-  Q_PROPERTY(int bestStreak READ bestStreak NOTIFY changed FINAL)
+  Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT FINAL)
+  Q_PROPERTY(ambrel::HabitsFace face READ face NOTIFY changed FINAL)
 
  public:
   HabitStore(std::filesystem::path file, PresentCalendar calendar, std::function<Instant()> now,
              QObject* parent = nullptr);
 
   const std::vector<Habit>& items() const { return items_; }
-  QAbstractListModel* habits() { return &rows_; }
-  int count() const { return static_cast<int>(items_.size()); }
-  int doneToday() const { return doneToday_; }
-  bool isFull() const { return items_.size() >= mostHabits; }
-  int bestStreak() const { return bestStreak_; }
+  RowList* rows() { return &rows_; }
+  const HabitsFace& face() const { return face_; }
 
   // Says whether it was taken: a name, and room for one more.
   Q_INVOKABLE bool add(const QString& name);
@@ -77,8 +61,8 @@ class HabitStore : public TimedModel {
   PresentCalendar calendar_;
   std::function<Instant()> now_;
   std::vector<Habit> items_;
-  HabitListModel rows_;
-  int doneToday_ = 0, bestStreak_ = 0;
+  GadgetListModel<HabitRow> rows_;
+  HabitsFace face_;
   Instant dayEnds_;
 };
 

@@ -18,8 +18,8 @@ Popover {
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
         symbol: "plus"
-        hint: root.habits.isFull ? qsTr("There is no room for more") : qsTr("Add a habit")
-        enabled: !root.habits.isFull
+        hint: root.habits.face.isFull ? qsTr("There is no room for more") : qsTr("Add a habit")
+        enabled: !root.habits.face.isFull
         maximumLength: 60
         focus: true
         onAccepted: if (root.habits.add(text))
@@ -28,7 +28,7 @@ Popover {
     EmptyState {
         anchors.centerIn: parent
         width: parent.width
-        visible: root.habits.count === 0
+        visible: root.habits.face.count === 0
         symbol: "checklist"
         title: qsTr("No habits yet")
         sentence: qsTr("Type one above and press Return. Tick it off each day, and see how long you keep it up.")
@@ -40,7 +40,7 @@ Popover {
         anchors.leftMargin: Theme.space2
         anchors.rightMargin: Theme.space2
         clip: true
-        model: root.habits.habits
+        model: root.habits.rows
         boundsBehavior: Flickable.StopAtBounds
 
         delegate: ListRow {

@@ -25,7 +25,7 @@ Popover {
 
                 required property int index
                 readonly property int value: index + 1
-                readonly property bool isChosen: root.mood.today === value
+                readonly property bool isChosen: root.mood.week.today === value
 
                 label: root.mood.nameOf(value)
                 accessibleRole: Accessible.RadioButton

@@ -13,10 +13,10 @@ TileFrame {
     menuSymbol: "face.smiling"
     onMenuChosen: panelAsked()
     name: isNarrow ? title : qsTr("Mood · last 7 days")
-    symbol: isSmall && mood.today > 0 ? "mood." + mood.today : "face.smiling"
-    label: name + ", " + (mood.today === 0 ? qsTr("How do you feel today?") : qsTr("today %1").arg(mood.todayName))
-    tip: mood.today === 0 ? qsTr("How do you feel today?") : mood.weekText
-    value: isSmall ? (mood.today === 0 ? "?" : mood.todayName) : ""
+    symbol: isSmall && mood.week.today > 0 ? "mood." + mood.week.today : "face.smiling"
+    label: name + ", " + (mood.week.today === 0 ? qsTr("How do you feel today?") : qsTr("today %1").arg(mood.week.todayName))
+    tip: mood.week.today === 0 ? qsTr("How do you feel today?") : mood.week.text
+    value: isSmall ? (mood.week.today === 0 ? "?" : mood.week.todayName) : ""
 
     Row {
         id: days
@@ -29,7 +29,7 @@ TileFrame {
         anchors.rightMargin: anchors.leftMargin
 
         Repeater {
-            model: root.mood.week
+            model: root.mood.week.days
 
             Column {
                 id: day

@@ -9,19 +9,19 @@ Popover {
     required property PomodoroTimer pomodoro
     property bool live: true
 
-    title: pomodoro.phaseTitle
+    title: pomodoro.face.phaseTitle
     symbol: "timer"
     implicitHeight: 394
 
     LiveTimeline {
-        schedule: root.pomodoro.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        schedule: root.pomodoro.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
         onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable
     }
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: qsTr("%1 today").arg(root.pomodoro.sessionsToday)
+        text: qsTr("%1 today").arg(root.pomodoro.face.sessionsToday)
         role: Theme.small
         color: Theme.ink2
     }
@@ -36,15 +36,15 @@ Popover {
         TickingText {
             width: parent.width - start.width - skip.width - reset.width - 3 * parent.spacing
             height: 32
-            text: root.pomodoro.remaining
-            widest: root.pomodoro.remaining.replace(/[0-9]/g, "0")
+            text: root.pomodoro.face.remaining
+            widest: root.pomodoro.face.remaining.replace(/[0-9]/g, "0")
             font: Theme.headline.font
             color: Theme.ink
         }
         Button {
             id: start
             kind: Button.Primary
-            text: root.pomodoro.isRunning ? qsTr("Pause") : root.pomodoro.isPaused ? qsTr("Resume") : qsTr("Start")
+            text: root.pomodoro.face.isRunning ? qsTr("Pause") : root.pomodoro.face.isPaused ? qsTr("Resume") : qsTr("Start")
             onClicked: root.pomodoro.toggle()
         }
         IconButton {
@@ -73,38 +73,38 @@ Popover {
 
             StepperRow {
                 title: qsTr("Focus")
-                value: root.pomodoro.focusMinutes
+                value: root.pomodoro.face.focusMinutes
                 to: 180
                 step: 5
                 unit: qsTr("min")
-                onStepped: value => root.pomodoro.focusMinutes = value
+                onStepped: value => root.pomodoro.setFocusMinutes(value)
             }
             StepperRow {
                 title: qsTr("Break")
-                value: root.pomodoro.breakMinutes
+                value: root.pomodoro.face.breakMinutes
                 to: 180
                 unit: qsTr("min")
-                onStepped: value => root.pomodoro.breakMinutes = value
+                onStepped: value => root.pomodoro.setBreakMinutes(value)
             }
             StepperRow {
                 title: qsTr("Long Break")
-                value: root.pomodoro.longBreakMinutes
+                value: root.pomodoro.face.longBreakMinutes
                 to: 180
                 step: 5
                 unit: qsTr("min")
-                onStepped: value => root.pomodoro.longBreakMinutes = value
+                onStepped: value => root.pomodoro.setLongBreakMinutes(value)
             }
             StepperRow {
                 title: qsTr("Long break after")
-                value: root.pomodoro.sessionsUntilLongBreak
+                value: root.pomodoro.face.sessionsUntilLongBreak
                 to: 12
                 unit: qsTr("sessions")
-                onStepped: value => root.pomodoro.sessionsUntilLongBreak = value
+                onStepped: value => root.pomodoro.setSessionsUntilLongBreak(value)
             }
             SwitchRow {
                 title: qsTr("Start the next phase by itself")
-                checked: root.pomodoro.startsNextPhase
-                onToggled: checked => root.pomodoro.startsNextPhase = checked
+                checked: root.pomodoro.face.startsNextPhase
+                onToggled: checked => root.pomodoro.setStartsNextPhase(checked)
             }
         }
     }

@@ -9,18 +9,18 @@ RingValueTile {
     required property PomodoroTimer pomodoro
 
     panel: Qt.resolvedUrl("PomodoroPanel.qml")
-    name: pomodoro.isFocus ? caption : pomodoro.phaseTitle
-    percent: pomodoro.percentLeft
-    tone: pomodoro.isFocus ? Theme.orange : Theme.green
-    control: pomodoro.isRunning ? "pause.fill" : "play.fill"
-    controlLabel: pomodoro.isRunning ? qsTr("Pause") : pomodoro.isPaused ? qsTr("Resume") : qsTr("Start")
-    figure: pomodoro.remaining
-    widestFigure: pomodoro.remaining.length > 5 ? "0:00:00" : "00:00"
-    detail: pomodoro.isPaused ? qsTr("Paused") : pomodoro.lengthText
+    name: pomodoro.face.isFocus ? caption : pomodoro.face.phaseTitle
+    percent: pomodoro.face.percentLeft
+    tone: pomodoro.face.isFocus ? Theme.orange : Theme.green
+    control: pomodoro.face.isRunning ? "pause.fill" : "play.fill"
+    controlLabel: pomodoro.face.isRunning ? qsTr("Pause") : pomodoro.face.isPaused ? qsTr("Resume") : qsTr("Start")
+    figure: pomodoro.face.remaining
+    widestFigure: pomodoro.face.remaining.length > 5 ? "0:00:00" : "00:00"
+    detail: pomodoro.face.isPaused ? qsTr("Paused") : pomodoro.face.lengthText
     onControlPressed: pomodoro.toggle()
 
     LiveTimeline {
-        schedule: root.pomodoro.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        schedule: root.pomodoro.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
         onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable
     }

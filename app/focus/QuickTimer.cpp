@@ -1,8 +1,5 @@
 #include "app/focus/QuickTimer.h"
 
-#include "app/base/StoredValue.h"
-#include "core/base/LocalText.h"
-
 namespace ambrel {
 
 QuickTimer::QuickTimer(FocusSeams seams, QObject* parent) : TimedModel(parent), seams_(std::move(seams)) {}
@@ -17,18 +14,14 @@ void QuickTimer::start(int seconds) {
 void QuickTimer::cancel() {
   seams_.notifications.withdraw("timer");
   timer_.cancel();
-  publish(seams_.now());
+  update();
 }
 
-void QuickTimer::update() { publish(seams_.now()); }
-
 void QuickTimer::tick(Instant now) {
-  if (timer_.tick(now)) {
-    seams_.sounds.play("alarm-clock-elapsed");
-    seams_.notifications.post(notificationOf(timer_.notice()));
-    publish(now);
-    if (onDone) onDone();
-  }
+  if (!timer_.tick(now)) return;
+  seams_.sounds.play("alarm-clock-elapsed");
+  seams_.notifications.post(notificationOf(timer_.notice()));
+  publish(now);
 }
 
 void QuickTimer::clockMoved(Seconds by, Instant now) {
@@ -37,19 +30,7 @@ void QuickTimer::clockMoved(Seconds by, Instant now) {
 }
 
 void QuickTimer::publish(Instant now) {
-  Shown next{.timer = timer_, .remaining = {}, .detail = {}, .percentLeft = 0};
-  if (timer_.endDate) {
-    next.remaining = toQString(countdownText(timer_.remaining(now)));
-    next.detail = tr("until %1").arg(toQString(shortTime(seams_.calendar, *timer_.endDate)));
-    next.percentLeft = 100.0 * timer_.remaining(now).count() / timer_.duration.count();
-  } else if (timer_.finishedAt) {
-    next.remaining = toQString(countdownText(Seconds(0)));
-    next.detail = tr("finished at %1").arg(toQString(shortTime(seams_.calendar, *timer_.finishedAt)));
-  }
-  if (next != shown_) {
-    shown_ = std::move(next);
-    Q_EMIT changed();
-  }
+  if (show(face_, timerFace(timer_, seams_.calendar, now))) Q_EMIT changed();
   announceDue();
 }
 

@@ -14,18 +14,18 @@ RingValueTile {
             reminder: reminder,
             isForEyes: false
         })
-    percent: !reminder.isOn ? 0 : reminder.isDue ? 100 : reminder.percentLeft
-    tone: reminder.isDue ? Theme.orange : Theme.teal
+    percent: !reminder.face.isOn ? 0 : reminder.face.isDue ? 100 : reminder.face.percentLeft
+    tone: reminder.face.isDue ? Theme.orange : Theme.teal
     control: "figure.stand"
     controlLabel: qsTr("I stood up")
-    figure: !reminder.isOn ? qsTr("Off") : reminder.isDue ? qsTr("Now") : reminder.countdown
-    widestFigure: reminder.isOn && !reminder.isDue ? reminder.countdown.replace(/[0-9]/g, "0") : ""
-    ink: reminder.isDue ? Theme.orange.text : reminder.isOn ? Theme.ink : Theme.ink2
-    detail: qsTr("%1 today").arg(reminder.countToday)
+    figure: !reminder.face.isOn ? qsTr("Off") : reminder.face.isDue ? qsTr("Now") : reminder.face.countdown
+    widestFigure: reminder.face.isOn && !reminder.face.isDue ? reminder.face.countdown.replace(/[0-9]/g, "0") : ""
+    ink: reminder.face.isDue ? Theme.orange.text : reminder.face.isOn ? Theme.ink : Theme.ink2
+    detail: qsTr("%1 today").arg(reminder.face.countToday)
     onControlPressed: reminder.takeBreak()
 
     LiveTimeline {
-        schedule: !root.reminder.isOn || root.reminder.isDue ? LiveTimeline.Never : LiveTimeline.EverySecond
+        schedule: !root.reminder.face.isOn || root.reminder.face.isDue ? LiveTimeline.Never : LiveTimeline.EverySecond
         active: root.live
         onTicked: Qt.callLater(root.reminder.update) // qmllint disable
     }

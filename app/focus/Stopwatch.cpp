@@ -1,44 +1,29 @@
 #include "app/focus/Stopwatch.h"
 
-#include "app/base/StoredValue.h"
-
 namespace ambrel {
 
-Stopwatch::Stopwatch(std::function<Instant()> now, QObject* parent)
-    : TimedModel(parent), now_(std::move(now)), elapsed_(toQString(elapsedText(Seconds(0)))) {}
-
-void Stopwatch::start() {
-  const auto before = watch_;
-  const Instant now = now_();
-  watch_.start(now);
-  publish(before, now);
+Stopwatch::Stopwatch(std::function<Instant()> now, QObject* parent) : TimedModel(parent), now_(std::move(now)) {
+  update();
 }
 
-void Stopwatch::stop() {
-  const auto before = watch_;
+void Stopwatch::toggle() {
   const Instant now = now_();
-  watch_.stop(now);
-  publish(before, now);
+  watch_.startedAt ? watch_.stop(now) : watch_.start(now);
+  publish(now);
 }
 
 void Stopwatch::reset() {
-  const auto before = watch_;
   watch_.reset();
-  publish(before, now_());
+  update();
 }
-
-void Stopwatch::update() { publish(watch_, now_()); }
 
 void Stopwatch::clockMoved(Seconds by, Instant now) {
   watch_.clockMoved(by);
-  publish(watch_, now);
+  publish(now);
 }
 
-void Stopwatch::publish(const StopwatchValue& before, Instant now) {
-  const QString elapsed = toQString(elapsedText(watch_.elapsed(now)));
-  if (before == watch_ && elapsed == elapsed_) return;
-  elapsed_ = elapsed;
-  Q_EMIT changed();
+void Stopwatch::publish(Instant now) {
+  if (show(face_, stopwatchFace(watch_, now))) Q_EMIT changed();
 }
 
 }  // namespace ambrel

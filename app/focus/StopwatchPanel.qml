@@ -14,7 +14,7 @@ Popover {
     implicitHeight: 164
 
     LiveTimeline {
-        schedule: root.stopwatch.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        schedule: root.stopwatch.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
         onTicked: Qt.callLater(root.stopwatch.update) // qmllint disable
     }
@@ -25,8 +25,8 @@ Popover {
         width: parent.width
         height: 36
         alignment: Qt.AlignHCenter
-        text: root.stopwatch.elapsed
-        widest: root.stopwatch.elapsed.replace(/[0-9]/g, "0")
+        text: root.stopwatch.face.elapsed
+        widest: root.stopwatch.face.elapsed.replace(/[0-9]/g, "0")
         font: Theme.headline.font
         color: Theme.ink
     }
@@ -39,12 +39,12 @@ Popover {
         Button {
             kind: Button.Primary
             focus: true
-            text: root.stopwatch.isRunning ? qsTr("Stop") : qsTr("Start")
+            text: root.stopwatch.face.isRunning ? qsTr("Stop") : qsTr("Start")
             onClicked: root.stopwatch.toggle()
         }
         Button {
             text: qsTr("Reset")
-            enabled: !root.stopwatch.isZero
+            enabled: !root.stopwatch.face.isZero
             onClicked: root.stopwatch.reset()
         }
     }

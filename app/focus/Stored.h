@@ -5,7 +5,7 @@
 
 #include "app/base/StoredValue.h"
 #include "core/base/UserDefaults.h"
-#include "core/focus.h"
+#include "core/focus/Days.h"
 #include "core/settings.h"
 
 namespace ambrel {
@@ -16,7 +16,7 @@ inline int valueOf(const UserDefaults& defaults, const Setting<std::int64_t>& se
 // What the setting takes that is nearest to `value`.
 inline int clamped(const Setting<std::int64_t>& setting, int value) { return static_cast<int>(setting.clamped(value)); }
 
-// A count under PREFIX-key and its day; never below zero.
+// A count and the day that it is valid for; never below zero.
 DayCount storedDayCount(const UserDefaults& defaults, const std::string& countKey, const std::string& dayKey);
 void store(UserDefaults& defaults, const std::string& countKey, const std::string& dayKey, const DayCount& count);
 

@@ -15,14 +15,14 @@ Popover {
     implicitHeight: 284
 
     LiveTimeline {
-        schedule: root.timer.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        schedule: root.timer.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
         onTicked: Qt.callLater(root.timer.update) // qmllint disable
     }
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: root.timer.isRunning ? root.timer.remaining : root.timer.detail
+        text: root.timer.face.isRunning ? root.timer.face.remaining : root.timer.face.detail
         role: Theme.small
         color: Theme.ink2
     }
@@ -78,8 +78,8 @@ Popover {
             }
         }
         Button {
-            visible: root.timer.isRunning || root.timer.isFinished
-            text: root.timer.isRunning ? qsTr("Cancel the timer") : qsTr("Clear the timer")
+            visible: root.timer.face.isRunning || root.timer.face.isFinished
+            text: root.timer.face.isRunning ? qsTr("Cancel the timer") : qsTr("Clear the timer")
             onClicked: root.timer.cancel()
         }
     }

@@ -9,18 +9,18 @@ RingValueTile {
     required property QuickTimer timer
 
     panel: Qt.resolvedUrl("TimerPanel.qml")
-    percent: timer.isRunning ? timer.percentLeft : timer.isFinished ? 100 : 0
-    tone: timer.isFinished ? Theme.green : Theme.violet
-    control: timer.isRunning ? "xmark" : timer.isFinished ? "checkmark" : "play.fill"
-    controlLabel: timer.isRunning ? qsTr("Cancel the timer") : timer.isFinished ? qsTr("Clear the timer") : qsTr("Choose a time")
-    figure: timer.isRunning ? timer.remaining : timer.isFinished ? qsTr("Done") : qsTr("Set")
-    widestFigure: timer.isRunning ? timer.remaining.replace(/[0-9]/g, "0") : ""
-    ink: timer.isFinished ? Theme.green.text : Theme.ink
-    detail: timer.detail !== "" ? timer.detail : qsTr("Off")
-    onControlPressed: timer.isRunning || timer.isFinished ? timer.cancel() : root.clicked()
+    percent: timer.face.isRunning ? timer.face.percentLeft : timer.face.isFinished ? 100 : 0
+    tone: timer.face.isFinished ? Theme.green : Theme.violet
+    control: timer.face.isRunning ? "xmark" : timer.face.isFinished ? "checkmark" : "play.fill"
+    controlLabel: timer.face.isRunning ? qsTr("Cancel the timer") : timer.face.isFinished ? qsTr("Clear the timer") : qsTr("Choose a time")
+    figure: timer.face.isRunning ? timer.face.remaining : timer.face.isFinished ? qsTr("Done") : qsTr("Set")
+    widestFigure: timer.face.isRunning ? timer.face.remaining.replace(/[0-9]/g, "0") : ""
+    ink: timer.face.isFinished ? Theme.green.text : Theme.ink
+    detail: timer.face.detail !== "" ? timer.face.detail : qsTr("Off")
+    onControlPressed: timer.face.isRunning || timer.face.isFinished ? timer.cancel() : root.clicked()
 
     LiveTimeline {
-        schedule: root.timer.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
+        schedule: root.timer.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
         onTicked: Qt.callLater(root.timer.update) // qmllint disable
     }

@@ -17,10 +17,10 @@ Popover {
         x: Theme.space4
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
-        value: Math.min(100, root.water.percent)
-        tone: root.water.isGoalMet ? Theme.green : Theme.blue
+        value: Math.min(100, root.water.face.percent)
+        tone: root.water.face.isGoalMet ? Theme.green : Theme.blue
         thickness: 6
-        figure: qsTr("%1 of %2").arg(root.water.count).arg(root.water.goal)
+        figure: qsTr("%1 of %2").arg(root.water.face.count).arg(root.water.face.goal)
         figureWidth: 56
     }
     Row {
@@ -40,7 +40,7 @@ Popover {
         Button {
             symbol: "minus"
             text: qsTr("Remove one")
-            enabled: root.water.count > 0
+            enabled: root.water.face.count > 0
             onClicked: root.water.remove()
         }
     }
@@ -53,27 +53,27 @@ Popover {
 
         StepperRow {
             title: qsTr("Goal")
-            value: root.water.goal
+            value: root.water.face.goal
             to: 30
             unit: qsTr("glasses")
-            onStepped: value => root.water.goal = value
+            onStepped: value => root.water.setGoal(value)
         }
         SwitchRow {
             title: qsTr("Reminders")
-            detail: root.water.nextText
-            checked: root.water.remindersOn
-            onToggled: checked => root.water.remindersOn = checked
+            detail: root.water.face.nextText
+            checked: root.water.face.remindersOn
+            onToggled: checked => root.water.setRemindersOn(checked)
         }
         StepperRow {
             title: qsTr("Remind after")
-            visible: root.water.remindersOn
+            visible: root.water.face.remindersOn
             height: visible ? implicitHeight : 0
-            value: root.water.intervalMinutes
+            value: root.water.face.intervalMinutes
             from: 5
             to: 480
             step: 5
             unit: qsTr("min")
-            onStepped: value => root.water.intervalMinutes = value
+            onStepped: value => root.water.setIntervalMinutes(value)
         }
     }
 }

@@ -1,52 +1,36 @@
 #pragma once
-// Glasses of water by the day, and the reminder of the next.
 
-#include <QString>
 #include <QtQml/qqmlregistration.h>
 
 #include "app/base/TimedModel.h"
+#include "app/focus/FocusFaces.h"
 #include "app/focus/FocusSeams.h"
 
 namespace ambrel {
 
+// Glasses of water by the day, and the reminder of the next.
 class WaterTracker : public TimedModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(int count READ count NOTIFY changed FINAL)
-  Q_PROPERTY(int goal READ goal WRITE setGoal NOTIFY changed FINAL)
-  Q_PROPERTY(int intervalMinutes READ intervalMinutes WRITE setIntervalMinutes NOTIFY changed FINAL)
-  Q_PROPERTY(bool remindersOn READ remindersOn WRITE setRemindersOn NOTIFY changed FINAL)
-  // Of the goal; may exceed a hundred.
-  Q_PROPERTY(qreal percent READ percent NOTIFY changed FINAL)
-  Q_PROPERTY(bool isGoalMet READ isGoalMet NOTIFY changed FINAL)
-  // "Next glass at 14:30"; empty without a reminder.
-  Q_PROPERTY(QString nextText READ nextText NOTIFY changed FINAL)
+  Q_PROPERTY(ambrel::WaterFace face READ face NOTIFY changed FINAL)
 
  public:
   WaterTracker(FocusSeams seams, IsEnabled isEnabled, QObject* parent = nullptr);
 
-  int count() const { return shown_.count; }
-  int goal() const { return water_.goal; }
-  int intervalMinutes() const { return water_.intervalMinutes; }
-  bool remindersOn() const { return water_.remindersOn; }
-  qreal percent() const { return 100.0 * shown_.count / water_.goal; }
-  bool isGoalMet() const { return shown_.count >= water_.goal; }
-  QString nextText() const { return shown_.nextText; }
-  void setGoal(int glasses);
-  void setIntervalMinutes(int minutes);
-  void setRemindersOn(bool on);
+  const WaterFace& face() const { return face_; }
+  // When the next glass is due, for others that remind; absent without reminders, and where they are not wanted.
+  std::optional<Instant> waterDueAt(Instant now) const;
 
   Q_INVOKABLE void add();
   Q_INVOKABLE void remove();
-
-  const Water& value() const { return water_; }
-  // When the next glass is due, for whoever else reminds; absent without reminders, and where they are not wanted.
-  std::optional<Instant> waterDueAt(Instant now) const;
+  Q_INVOKABLE void setGoal(int glasses);
+  Q_INVOKABLE void setIntervalMinutes(int minutes);
+  Q_INVOKABLE void setRemindersOn(bool on);
 
   // The defaults have been changed by others.
   void reload();
-  std::optional<Instant> due() const override;
+  std::optional<Instant> due() const override { return earlier(water_.reminder, dayEnds_); }
   void tick(Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
 
@@ -54,23 +38,15 @@ class WaterTracker : public TimedModel {
   void changed();
 
  private:
-  struct Shown {
-    int count = 0;
-    QString nextText;
-    Water settings;
-    bool operator==(const Shown&) const = default;
-  };
+  // The reminder that was posted does not hold any more, and another one is waited for.
   void acted(Instant now);
-  void remind(Instant now);
-  void followDay(Instant now);
   void load();
   void publish(Instant now);
 
   FocusSeams seams_;
   IsEnabled isEnabled_;
   Water water_;
-  Shown shown_;
-  std::optional<Instant> reminder_;
+  WaterFace face_;
   Instant dayEnds_;
 };
 

@@ -1,7 +1,8 @@
+#include "core/focus/Alarm.h"
+
 #include <algorithm>
 
 #include "core/base/LocalText.h"
-#include "core/focus.h"
 
 namespace ambrel {
 
@@ -63,6 +64,13 @@ Alarm::Event Alarm::tick(Instant now, const Calendar& calendar, bool isEnabled) 
   isRinging = true;
   silenceAt = advanced(*ring, ringsFor);
   return Event::rings;
+}
+
+void Alarm::zoneChanged(Instant now) { watchedFrom = std::max(watchedFrom, now); }
+
+void Alarm::clockMoved(Seconds by) {
+  if (snoozedUntil) snoozedUntil = advanced(*snoozedUntil, by);
+  if (silenceAt) silenceAt = advanced(*silenceAt, by);
 }
 
 FocusNotice Alarm::notice(bool isMissed, const Calendar& calendar) const {

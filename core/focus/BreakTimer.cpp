@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "core/focus/BreakTimer.h"
 
-#include "core/focus.h"
+#include <algorithm>
 
 namespace ambrel {
 
@@ -49,6 +49,12 @@ void BreakTimer::endBreak(Instant now) {
   breakEnds.reset();
   beginInterval(now);
 }
+
+Seconds BreakTimer::left(Instant now) const {
+  return std::max(Seconds(0), secondsBetween(now, breakEnds.value_or(nextDue)));
+}
+
+Seconds BreakTimer::length() const { return breakEnds ? eyeBreakLength : Seconds(minutes(intervalMinutes)); }
 
 std::optional<Instant> BreakTimer::nextChange() const {
   if (breakEnds) return breakEnds;

@@ -1,9 +1,14 @@
+#include "core/focus/Days.h"
+
+#include <algorithm>
 #include <numeric>
 
-#include "core/base/Text.h"
-#include "core/focus.h"
-
 namespace ambrel {
+
+void DayCount::add(int difference, const std::string& todayKey) {
+  count = std::max(0, today(todayKey) + difference);
+  day = todayKey;
+}
 
 std::array<FocusStats::Day, 7> FocusStats::week(const DayCounts& history, Instant date, const Calendar& calendar) {
   const int sinceFirst = (calendar.fields(date).weekday - calendar.firstWeekday() + 7) % 7;
@@ -47,13 +52,6 @@ DayCounts newestDays(DayCounts counts) {
   // Keys of one form sort as their days do.
   while (counts.size() > most) counts.erase(counts.begin());
   return counts;
-}
-
-std::optional<std::vector<Habit>> addingHabit(std::vector<Habit> habits, std::string_view name, UUID id) {
-  const auto text = trimmed(name);
-  if (text.empty() || habits.size() >= mostHabits) return std::nullopt;
-  habits.push_back({id, std::string(text), {}});
-  return habits;
 }
 
 std::string_view Mood::name(int mood) {

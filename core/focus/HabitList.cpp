@@ -1,8 +1,16 @@
 #include "core/focus/HabitList.h"
 
 #include "core/base/JSON.h"
+#include "core/base/Text.h"
 
 namespace ambrel {
+
+std::optional<std::vector<Habit>> addingHabit(std::vector<Habit> habits, std::string_view name, UUID id) {
+  const auto text = trimmed(name);
+  if (text.empty() || habits.size() >= mostHabits) return std::nullopt;
+  habits.push_back({id, std::string(text), {}});
+  return habits;
+}
 
 void to_json(JSON& json, const HabitList& habits) {
   json = JSON::array();

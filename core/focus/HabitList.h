@@ -1,12 +1,26 @@
 #pragma once
-// The document of the habits: an array of {"id","name","days":[DAY KEY...]}.
+// The habits, and their document: an array of {"id","name","days":[DAY KEY...]}.
 
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
 #include <vector>
 
-#include "core/focus.h"
+#include "core/base/UUID.h"
 
 namespace ambrel {
+
+struct Habit {
+  UUID id;
+  std::string name;
+  std::set<std::string> days;  // the keys of those on which it was done
+  friend bool operator==(const Habit&, const Habit&) = default;
+};
+inline constexpr std::size_t mostHabits = 12;
+// White space around a name does not count. Absent when the name is empty or there are as many as there may be.
+std::optional<std::vector<Habit>> addingHabit(std::vector<Habit> habits, std::string_view name, UUID id);
 
 struct HabitList {
   std::vector<Habit> items;

@@ -1,15 +1,10 @@
-#include <algorithm>
+#include "core/focus/Pomodoro.h"
 
-#include "core/focus.h"
+#include <algorithm>
 
 namespace ambrel {
 
 using std::chrono::minutes;
-
-void DayCount::add(int difference, const std::string& todayKey) {
-  count = std::max(0, today(todayKey) + difference);
-  day = todayKey;
-}
 
 std::string_view title(PomodoroPhase phase) {
   switch (phase) {

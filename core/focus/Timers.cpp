@@ -1,8 +1,9 @@
+#include "core/focus/Timers.h"
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <fmt/format.h>
-
-#include "core/focus.h"
 
 namespace ambrel {
 namespace {
@@ -106,6 +107,20 @@ std::string_view title(BreathingStep::Kind kind) {
       return "Breathe out";
     case BreathingStep::Kind::done:
       return "Well done";
+  }
+  return {};
+}
+
+std::string_view shortTitle(BreathingStep::Kind kind) {
+  switch (kind) {
+    case BreathingStep::Kind::breatheIn:
+      return "In";
+    case BreathingStep::Kind::hold:
+      return "Hold";
+    case BreathingStep::Kind::breatheOut:
+      return "Out";
+    case BreathingStep::Kind::done:
+      return "Done";
   }
   return {};
 }

@@ -166,7 +166,7 @@ void FocusAndWeatherTests::theMenuHasTheTilesOwnCommand() {
     QTest::mouseClick(desk.panel()->window(), Qt::LeftButton, {}, desk.panel()->mapToScene({100, 20}).toPoint());
     QTRY_VERIFY(!desk.panel());
   }
-  QVERIFY(desk.focus().eyeBreak()->isOn());
+  QVERIFY(desk.focus().eyeBreak()->face().isOn);
   desk.click("water", Qt::RightButton);
   QTRY_VERIFY(desk.panel());
   QCOMPARE(desk.panel()->property("ownText").toString(), QString());
@@ -182,15 +182,15 @@ void FocusAndWeatherTests::theAlarmIsAnsweredOnItsNotification() {
   Desk desk({"alarm"});
   desk.focus().alarm()->set(10, 0);
   desk.pass(minutes(20));
-  QVERIFY(desk.focus().alarm()->isRinging());
+  QVERIFY(desk.focus().alarm()->face().isRinging);
   QVERIFY(desk.desktop.sounds.heard == std::vector<std::string>{"loop alarm-clock-elapsed"});
   desk.desktop.notifications.press("alarm", "snooze");
-  QVERIFY(desk.focus().alarm()->isSnoozed());
+  QVERIFY(desk.focus().alarm()->face().isSnoozed);
   QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
   desk.pass(minutes(10));
-  QVERIFY(desk.focus().alarm()->isRinging());
+  QVERIFY(desk.focus().alarm()->face().isRinging);
   desk.desktop.notifications.click("alarm");
-  QVERIFY(!desk.focus().alarm()->isRinging() && !desk.focus().alarm()->isSnoozed());
+  QVERIFY(!desk.focus().alarm()->face().isRinging && !desk.focus().alarm()->face().isSnoozed);
   QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
   QVERIFY(!desk.panel());
 }
@@ -200,9 +200,9 @@ void FocusAndWeatherTests::theAlarmStopsWithItsNotification() {
   desk.focus().alarm()->set(10, 0);
   desk.pass(minutes(20));
   desk.desktop.notifications.dismiss("timer");
-  QVERIFY(desk.focus().alarm()->isRinging());
+  QVERIFY(desk.focus().alarm()->face().isRinging);
   desk.desktop.notifications.dismiss("alarm");
-  QVERIFY(!desk.focus().alarm()->isRinging() && !desk.focus().alarm()->isSnoozed());
+  QVERIFY(!desk.focus().alarm()->face().isRinging && !desk.focus().alarm()->face().isSnoozed);
   QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
 }
 
@@ -224,11 +224,11 @@ void FocusAndWeatherTests::theAlarmRingsWhateverProfileIsOnTheBar() {
 void FocusAndWeatherTests::aNotificationLeadsToItsTile() {
   Desk desk({"pomodoro", "eyeBreak"});
   desk.focus().pomodoro()->setFocusMinutes(1);
-  desk.focus().pomodoro()->start();
+  desk.focus().pomodoro()->toggle();
   desk.pass(minutes(20) + seconds(1));
   QVERIFY(desk.told() == (std::vector<std::string>{"pomodoro", "eyeBreak"}));
   desk.desktop.notifications.click("eyeBreak");
-  QVERIFY(desk.focus().eyeBreak()->isOnBreak());
+  QVERIFY(desk.focus().eyeBreak()->face().isOnBreak);
   desk.desktop.notifications.click("pomodoro");
   QTRY_VERIFY(desk.panel());
   QCOMPARE(desk.panel()->property("title").toString(), QStringLiteral("Break"));
@@ -253,19 +253,19 @@ void FocusAndWeatherTests::aChangedZoneIsFollowed() {
   desk.focus().alarm()->set(7, 30);
   desk.focus().water()->add();
   desk.focus().mood()->setToday(4);
-  QCOMPARE(desk.focus().alarm()->detail(), QStringLiteral("Tomorrow"));
+  QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Tomorrow"));
 
   desk.desktop.timeZone.set("America/New_York");
   QCOMPARE(desk.delegate->context()->clock()->time(), QStringLiteral("4:41\u202fAM"));
-  QCOMPARE(desk.focus().alarm()->detail(), QStringLiteral("Today"));
-  QCOMPARE(desk.focus().water()->nextText(), QStringLiteral("Next glass at 5:11\u202fAM"));
+  QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Today"));
+  QCOMPARE(desk.focus().water()->face().nextText, QStringLiteral("Next glass at 5:11\u202fAM"));
 
   desk.desktop.timeZone.set("Pacific/Kiritimati");
   QCOMPARE(desk.delegate->context()->clock()->weekday(), QStringLiteral("Saturday"));
   desk.desktop.clock.pass(minutes(30));
   desk.desktop.timeZone.set("Pacific/Kiritimati");
-  QCOMPARE(desk.focus().mood()->today(), 0);
-  QCOMPARE(desk.focus().water()->count(), 0);
+  QCOMPARE(desk.focus().mood()->week().today, 0);
+  QCOMPARE(desk.focus().water()->face().count, 0);
 }
 
 void FocusAndWeatherTests::theBarPeeksForWater() {

@@ -57,18 +57,18 @@ void FocusTogetherTests::oneTimerWakesThemAll() {
   models.water()->add();
   models.timer()->start(300);
   models.alarm()->set(23, 40);
-  models.pomodoro()->start();
-  models.breathing()->start();
+  models.pomodoro()->toggle();
+  models.breathing()->toggle();
   models.habits()->add(QStringLiteral("Walk"));
   models.habits()->toggleToday(QString::fromStdString(models.habits()->items()[0].id.text()));
   models.mood()->setToday(4);
   room.runUntil(*parseISO8601("2026-11-20T22:59:00Z"));
   QVERIFY(room.told() == (std::vector<std::string>{"timer", "alarm", "pomodoro", "water"}));
-  QVERIFY(!models.breathing()->isRunning());
-  QCOMPARE(models.pomodoro()->sessionsToday(), 1);
+  QVERIFY(!models.breathing()->face().isRunning);
+  QCOMPARE(models.pomodoro()->face().sessionsToday, 1);
   room.runUntil(*parseISO8601("2026-11-20T23:00:01Z"));
-  QCOMPARE(models.pomodoro()->sessionsToday() + models.water()->count() + models.habits()->doneToday() +
-               models.mood()->today(),
+  QCOMPARE(models.pomodoro()->face().sessionsToday + models.water()->face().count + models.habits()->face().doneToday +
+               models.mood()->week().today,
            0);
 }
 
@@ -90,21 +90,21 @@ void FocusTogetherTests::onlyWhatHasATileDisturbs() {
 void FocusTogetherTests::sleepIsToldToAllOfThem() {
   Together room;
   FocusArea models(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell);
-  models.pomodoro()->start();
+  models.pomodoro()->toggle();
   models.timer()->start(3600);
-  models.stopwatch()->start();
-  models.breathing()->start();
+  models.stopwatch()->toggle();
+  models.breathing()->toggle();
   room.runUntil(room.clock.now() + seconds(2));
   room.clock.sleep(minutes(30));
   room.clock.ring();
   models.stopwatch()->update();
   models.timer()->update();
-  QCOMPARE(models.pomodoro()->remaining(), QStringLiteral("24:58"));
-  QCOMPARE(models.eyeBreak()->countdown(), QStringLiteral("20:00"));
-  QCOMPARE(models.standUp()->countdown(), QStringLiteral("45:00"));
-  QCOMPARE(models.timer()->remaining(), QStringLiteral("29:58"));
-  QCOMPARE(models.stopwatch()->elapsed(), QStringLiteral("30:02"));
-  QVERIFY(!models.breathing()->isRunning());
+  QCOMPARE(models.pomodoro()->face().remaining, QStringLiteral("24:58"));
+  QCOMPARE(models.eyeBreak()->face().countdown, QStringLiteral("20:00"));
+  QCOMPARE(models.standUp()->face().countdown, QStringLiteral("45:00"));
+  QCOMPARE(models.timer()->face().remaining, QStringLiteral("29:58"));
+  QCOMPARE(models.stopwatch()->face().elapsed, QStringLiteral("30:02"));
+  QVERIFY(!models.breathing()->face().isRunning);
   QVERIFY2(room.told().empty(), "nothing falls due in the moment of waking");
 }
 

@@ -100,6 +100,7 @@ class WeatherAndFocusTests : public QObject {
   void oldWeatherSaysItsAge();
   void ringsActAndTilesAsk();
   void everyPanelCanBeUsedByKeyboard();
+  void whatIsChangedInAPanelIsStored();
 };
 
 namespace {
@@ -154,6 +155,11 @@ QString spoken(Scene& scene, const char* name) {
   return item ? item->property("label").toString() : QStringLiteral("no such tile");
 }
 
+QString nameOf(QQuickItem* item) {
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item);
+  return interface ? interface->text(QAccessible::Name) : QString();
+}
+
 }  // namespace
 
 void WeatherAndFocusTests::everyTileShowsItsModel() {
@@ -167,9 +173,9 @@ void WeatherAndFocusTests::everyTileShowsItsModel() {
                !models.weather.texts().airValue.isEmpty();
       },
       15000));
-  models.pomodoro.start();
+  models.pomodoro.toggle();
   models.timer.start(600);
-  models.stopwatch.start();
+  models.stopwatch.toggle();
   room.clock.pass(minutes(6) + seconds(36));
   for (QObject* model : std::initializer_list<QObject*>{&models.pomodoro, &models.stopwatch, &models.timer,
                                                         &models.eyeBreak, &models.standUp, &models.weather})
@@ -245,27 +251,27 @@ void WeatherAndFocusTests::ringsActAndTilesAsk() {
   };
   QSignalSpy asked(scene.find(QStringLiteral("water")), SIGNAL(clicked()));
   click("pomodoro", {28, 41});
-  QVERIFY(models.pomodoro.isRunning());
+  QVERIFY(models.pomodoro.face().isRunning);
   click("water", {28, 41});
-  QCOMPARE(models.water.count(), 4);
+  QCOMPARE(models.water.face().count, 4);
   QCOMPARE(asked.count(), 0);
   click("water", {90, 30});
   QCOMPARE(asked.count(), 1);
-  QCOMPARE(models.water.count(), 4);
+  QCOMPARE(models.water.face().count, 4);
 
   click("eyeBreak", {28, 41});
-  QVERIFY(models.eyeBreak.isOnBreak());
+  QVERIFY(models.eyeBreak.face().isOnBreak);
   click("eyeBreak", {120, 30});
-  QVERIFY(!models.eyeBreak.isOnBreak());
+  QVERIFY(!models.eyeBreak.face().isOnBreak);
   click("breathing", {30, 30});
-  QVERIFY(models.breathing.isRunning());
+  QVERIFY(models.breathing.face().isRunning);
 
   models.alarm.set(12, 0);
   room.clock.set(*models.alarm.due());
   models.alarm.tick(room.clock.now());
-  QVERIFY(models.alarm.isRinging());
+  QVERIFY(models.alarm.face().isRinging);
   click("alarm", {58, 42});
-  QVERIFY(!models.alarm.isRinging());
+  QVERIFY(!models.alarm.face().isRinging);
 }
 
 void WeatherAndFocusTests::everyPanelCanBeUsedByKeyboard() {
@@ -283,13 +289,56 @@ void WeatherAndFocusTests::everyPanelCanBeUsedByKeyboard() {
     QTest::keyClick(&scene.window(), Qt::Key_Tab);
     QQuickItem* item = scene.window().activeFocusItem();
     QVERIFY(item);
-    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item);
-    const QString name = interface ? interface->text(QAccessible::Name) : QString();
+    const QString name = nameOf(item);
     if (names.contains(name + QString::number(quintptr(item)))) break;
     QVERIFY2(!name.isEmpty(), item->metaObject()->className());
     names.append(name + QString::number(quintptr(item)));
   }
   QVERIFY2(names.size() >= 40, qPrintable(QString::number(names.size())));
+}
+
+void WeatherAndFocusTests::whatIsChangedInAPanelIsStored() {
+  Morning room;
+  Models models(room);
+  Scene scene;
+  QVERIFY(loadPanels(scene, models));
+  const struct {
+    const char* control;
+    Qt::Key key;
+    const char* stored;
+    int value;
+  } rows[] = {
+      {"Focus, 25 min", Qt::Key_Up, "pomodoroFocus", 30},
+      {"Break, 5 min", Qt::Key_Down, "pomodoroBreak", 4},
+      {"Long Break, 15 min", Qt::Key_Up, "pomodoroLongBreak", 20},
+      {"Long break after, 4 sessions", Qt::Key_Up, "pomodoroSessions", 5},
+      {"Start the next phase by itself", Qt::Key_Space, "pomodoroAutoStart", 1},
+      {"Add a glass", Qt::Key_Space, "waterCount", 4},
+      {"Remove one", Qt::Key_Space, "waterCount", 3},
+      {"Goal, 8 glasses", Qt::Key_Up, "waterGoal", 9},
+      {"Remind after, 30 min", Qt::Key_Up, "waterInterval", 35},
+      {"Reminders", Qt::Key_Space, "waterReminders", 0},
+      {"Hour, 7", Qt::Key_Down, "alarmHour", 6},
+      {"Minute, 30", Qt::Key_Up, "alarmMinute", 31},
+      {"Snooze for, 10 min", Qt::Key_Up, "alarmSnooze", 11},
+      {"Alarm", Qt::Key_Space, "alarmOn", 0},
+      {"Every, 20 min", Qt::Key_Up, "eyeBreakInterval", 25},
+      {"Every, 45 min", Qt::Key_Up, "standUpInterval", 50},
+      {"I stood up", Qt::Key_Space, "standUpCount", 1},
+  };
+  for (const auto& row : rows) {
+    const auto isReached = [&] {
+      QQuickItem* item = scene.window().activeFocusItem();
+      return item && nameOf(item) == QLatin1String(row.control);
+    };
+    for (int i = 0; i < 200 && !isReached(); ++i) QTest::keyClick(&scene.window(), Qt::Key_Tab);
+    QVERIFY2(isReached(), row.control);
+    QTest::keyClick(&scene.window(), row.key);
+    const UserDefaults stored = room.stored();
+    const auto flag = stored.boolean(row.stored);
+    QVERIFY2((flag ? std::int64_t(*flag) : stored.integer(row.stored)) == row.value, row.control);
+  }
+  QCOMPARE(scene.warnings().take(), QStringList());
 }
 
 }  // namespace ambrel

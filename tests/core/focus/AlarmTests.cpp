@@ -1,3 +1,4 @@
+#include "core/focus/Alarm.h"
 #include "tests/core/focus/FocusSamples.h"
 
 namespace ambrel {
@@ -92,6 +93,15 @@ TEST(Alarm, IsPassedOverWhileUnwanted) {
   EXPECT_EQ(a.tick(ring, berlin, false), Event::none);
   EXPECT_FALSE(a.isRinging);
   EXPECT_EQ(a.nextRing(berlin), ring + hours(24));
+}
+
+TEST(Alarm, IsNotMissedWhenOnlyAnotherZoneHasPassedItsTime) {
+  Alarm a = alarm(7, 30, at("2026-11-21T05:00:00Z"));
+  const Calendar tokyo("Asia/Tokyo", "en_US");
+  const Instant now = at("2026-11-21T06:00:00Z");
+  a.zoneChanged(now);
+  EXPECT_EQ(a.tick(now, tokyo, true), Event::none);
+  EXPECT_EQ(a.nextRing(tokyo), at("2026-11-21T22:30:00Z"));
 }
 
 TEST(Alarm, ForgetsAFutureThatAClockSetBackHasTaken) {

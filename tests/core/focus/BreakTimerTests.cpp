@@ -1,3 +1,4 @@
+#include "core/focus/BreakTimer.h"
 #include "tests/core/focus/FocusSamples.h"
 
 namespace ambrel {
@@ -86,7 +87,7 @@ TEST(BreakTimer, TakesSleepForRest) {
   struct Row {
     BreakTimer timer;
     Seconds slept;
-    bool beginsAnew;
+    bool beginsAgain;
   };
   for (const Row& row :
        {Row{eyes(), Seconds(19), false}, Row{eyes(), Seconds(20), true}, Row{stand(), Seconds(59), false},
@@ -94,7 +95,7 @@ TEST(BreakTimer, TakesSleepForRest) {
     BreakTimer timer = row.timer;
     const Instant woken = noon + minutes(50);
     timer.slept(row.slept, woken);
-    EXPECT_EQ(timer.tick(woken, utc, true), !row.beginsAnew) << nameOf(timer.kind) << row.slept.count();
+    EXPECT_EQ(timer.tick(woken, utc, true), !row.beginsAgain) << nameOf(timer.kind) << row.slept.count();
   }
   // A due reminder is answered by it as well, and a break that ran out meanwhile counts.
   BreakTimer timer = eyes();
@@ -108,12 +109,6 @@ TEST(BreakTimer, TakesSleepForRest) {
   EXPECT_EQ(timer.nextDue, noon + hours(17) + minutes(20));
   timer.clockMoved(-hours(1));
   EXPECT_EQ(timer.nextDue, noon + hours(16) + minutes(20));
-}
-
-TEST(BreakTimer, SaysWhatToDo) {
-  EXPECT_EQ(eyes().notice().identifier, "eyeBreak");
-  EXPECT_EQ(stand().notice().identifier, "standUp");
-  EXPECT_EQ(stand().notice().title, "Time to stand up");
 }
 
 }  // namespace

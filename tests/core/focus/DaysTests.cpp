@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "core/base/JSON.h"
+#include "core/focus/Days.h"
 #include "core/focus/HabitList.h"
 #include "tests/core/focus/FocusSamples.h"
 
@@ -91,12 +92,6 @@ TEST(DayLogs, ShowTheLastSevenDays) {
   const auto keys = lastSevenDays(at("2026-03-02T00:30:00Z"), Calendar("America/New_York", "en_US"));
   EXPECT_EQ(keys.front(), "2026-02-23");
   EXPECT_EQ(keys.back(), "2026-03-01");
-}
-
-TEST(Moods, HaveNames) {
-  for (int mood = Mood::worst; mood <= Mood::best; ++mood) EXPECT_NE(Mood::name(mood), "");
-  EXPECT_EQ(Mood::name(0), "");
-  EXPECT_EQ(Mood::name(6), "");
 }
 
 const UUID id = *UUID::parse("6F9619FF-8B86-D011-B42D-00C04FC964FF");

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-#include "core/focus.h"
+#include "core/base/Instant.h"
 
 namespace ambrel {
 

@@ -1,3 +1,4 @@
+#include "core/focus/Pomodoro.h"
 #include "tests/core/focus/FocusSamples.h"
 
 namespace ambrel {

@@ -1,3 +1,4 @@
+#include "core/focus/Timers.h"
 #include "tests/core/focus/FocusSamples.h"
 
 namespace ambrel {

@@ -1,3 +1,4 @@
+#include "core/focus/Water.h"
 #include "tests/core/focus/FocusSamples.h"
 
 namespace ambrel {
@@ -24,34 +25,59 @@ TEST(Water, CountsGlassesByTheDay) {
   EXPECT_EQ(water.glasses, (DayCount{1, "2026-11-22"}));
 }
 
-TEST(Water, RemindsAnIntervalAfterTheLastGlass) {
+TEST(Water, RemindsOnceAnIntervalAfterTheLastGlass) {
   Water water;
-  EXPECT_EQ(water.reminderAt(noon, utc), std::nullopt) << "nobody has used it yet";
+  water.settle(noon, utc);
+  EXPECT_EQ(water.reminder, std::nullopt) << "nobody has used it yet";
   water.add(noon, utc);
-  EXPECT_EQ(water.dueAt(noon, utc), noon + minutes(30));
-  EXPECT_EQ(water.reminderAt(noon, utc), noon + minutes(30));
-  EXPECT_EQ(water.reminderAt(noon + minutes(29) + seconds(30), utc), noon + minutes(30) + seconds(30));
-  const Instant late = noon + minutes(300);
-  EXPECT_EQ(water.reminderAt(late, utc), late + seconds(60));
-  EXPECT_EQ(water.dueAt(late, utc), noon + minutes(30)) << "it is due since then";
+  EXPECT_EQ(water.reminder, noon + minutes(30));
+  EXPECT_FALSE(water.tick(noon + minutes(30) - seconds(1), true));
+  EXPECT_TRUE(water.tick(noon + minutes(30), true));
+  EXPECT_EQ(water.reminder, std::nullopt) << "it comes once, until something changes";
+  EXPECT_EQ(water.dueAt(noon + minutes(300), utc), noon + minutes(30)) << "it is due since then";
+
+  for (const auto& [since, reminds] :
+       {std::pair{minutes(29), minutes(30)}, {minutes(30), minutes(31)}, {minutes(300), minutes(301)}}) {
+    water.settle(noon + since, utc);
+    EXPECT_EQ(water.reminder, noon + reminds) << "at least a minute ahead";
+  }
   water.remindersOn = false;
-  EXPECT_EQ(water.reminderAt(late, utc), std::nullopt);
-  EXPECT_EQ(water.dueAt(late, utc), std::nullopt);
+  water.settle(noon, utc);
+  EXPECT_EQ(water.reminder, std::nullopt);
+  EXPECT_EQ(water.dueAt(noon, utc), std::nullopt);
 }
 
-TEST(Water, IsSilentOnceTheGoalIsMetUntilTheNextDay) {
+TEST(Water, IsPassedOverForAnIntervalWhereItIsNotWanted) {
+  Water water;
+  water.add(noon, utc);
+  EXPECT_FALSE(water.tick(noon + minutes(30), false));
+  EXPECT_EQ(water.reminder, noon + minutes(60));
+}
+
+TEST(Water, IsSilentOnceTheGoalIsMetUntilTheNextMorning) {
   Water water;
   water.goal = 2;
   water.add(noon, utc);
   EXPECT_FALSE(water.isGoalMet(noon, utc));
   water.add(noon, utc);
   EXPECT_TRUE(water.isGoalMet(noon, utc));
-  EXPECT_EQ(water.reminderAt(noon, utc), std::nullopt);
-  const Instant midnight = at("2026-11-22T00:00:00Z"), morning = at("2026-11-22T08:00:00Z");
-  EXPECT_EQ(water.dueAt(midnight, utc), morning);
-  EXPECT_EQ(water.reminderAt(midnight, utc), morning);
-  EXPECT_EQ(water.reminderAt(morning + minutes(5), utc), morning + minutes(6));
+  EXPECT_EQ(water.dueAt(noon, utc), std::nullopt);
+  const Instant morning = at("2026-11-22T08:00:00Z");
+  EXPECT_EQ(water.reminder, morning);
+  EXPECT_EQ(water.dueAt(at("2026-11-22T00:00:00Z"), utc), morning);
+  EXPECT_TRUE(water.tick(morning, true));
   EXPECT_EQ(water.dueAt(at("2026-11-25T00:00:00Z"), utc), morning) << "once, not each day";
+  // The program was not running in the morning.
+  water.settle(morning + minutes(5), utc);
+  EXPECT_EQ(water.reminder, morning + minutes(6));
+}
+
+TEST(Water, FollowsAClockThatIsSet) {
+  Water water;
+  water.add(noon, utc);
+  water.clockMoved(-minutes(60));
+  EXPECT_EQ(water.reminder, noon - minutes(30));
+  EXPECT_EQ(water.dueAt(noon - minutes(60), utc), noon - minutes(30));
 }
 
 TEST(Water, SaysHowMuchIsDrunk) {
