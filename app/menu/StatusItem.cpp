@@ -76,6 +76,8 @@ void StatusItem::fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
     if (!entry.command) continue;
     connect(action, &QAction::triggered, this, [this, command = *entry.command, profile = entry.profile] {
       if (handler_) handler_(command, profile);
+      // The toolkit has marked what was clicked; what the model says counts, which may have refused it.
+      rewrite(menu_, shown_->entries);
     });
   }
 }

@@ -72,7 +72,7 @@ class StatusItemTests : public QObject {
     QCOMPARE(item.trayIcon().toolTip(), QStringLiteral("Tilebay"));
   }
 
-  void drawsTheSameIconAnewWhenColoursChange() {
+  void drawsTheSameIconAgainWhenColoursChange() {
     StatusItem item = makeItem();
     item.redrawIcon();
     QVERIFY(icons_.empty());
@@ -91,6 +91,9 @@ class StatusItemTests : public QObject {
     QCOMPARE(chosen_.size(), std::size_t{2});
     QVERIFY(chosen_[0] == std::pair(MenuCommand::openSettings, std::optional<UUID>()));
     QVERIFY(chosen_[1] == std::pair(MenuCommand::pinProfile, std::optional(second_)));
+    // Nobody has taken the choice over, as without a licence.
+    QVERIFY(item.menu().actions()[1]->menu()->actions()[0]->isChecked());
+    QVERIFY(!item.menu().actions()[1]->menu()->actions()[1]->isChecked());
   }
 
   void changesTextsInPlaceWhileItMayBeOpen() {
@@ -109,7 +112,7 @@ class StatusItemTests : public QObject {
     QVERIFY(choices[1]->isChecked());
   }
 
-  void buildsAnewWhenTheShapeChanges() {
+  void buildsAnotherMenuWhenTheShapeChanges() {
     StatusItem item = makeItem();
     MenuModel menu = model();
     item.update(menu);
