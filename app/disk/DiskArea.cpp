@@ -4,6 +4,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QPalette>
 #include <QUrl>
 #include <filesystem>
@@ -88,15 +89,24 @@ DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell,
                  dialogPalette(themeOf(seams_.engine).palette()), std::move(chosen));
   };
   doctor_.onScanFinished = [this](std::int64_t) {
-    const std::int64_t bytes = cleaner_.freeableBytes().value_or(0);
-    if (bytes > 0)
-      Q_EMIT noticed(diskFoundNotice(bytes, doctor_.headline().toStdString(), seams_.now(), seams_.calendar));
+    hasNews_ = true;
+    tellOfScan();
   };
+  connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DiskArea::tellOfScan);
   connect(doctor_.question(), &DiskQuestion::answerChanged, this, [this] {
     if (doctor_.question()->isAnswering()) Q_EMIT buddyTriggered(BuddyTrigger::typing, std::nullopt);
   });
   doctor_.onShowInFolder = [this](const std::string& path) { showInFileManager(path, *this); };
   doctor_.onOpenTrash = [] { QDesktopServices::openUrl(QUrl(QStringLiteral("trash:///"))); };
+}
+
+void DiskArea::tellOfScan() {
+  const QWindow* window = window_.window();
+  if (!hasNews_ || (window && window->isActive())) return;
+  hasNews_ = false;
+  const std::int64_t bytes = cleaner_.freeableBytes().value_or(0);
+  if (bytes > 0)
+    Q_EMIT noticed(diskFoundNotice(bytes, doctor_.headline().toStdString(), seams_.now(), seams_.calendar));
 }
 
 bool DiskArea::carryOut(const Wish& wish) {

@@ -16,6 +16,7 @@ class DiskArea : public Area {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::DiskCleaner* disk READ cleaner CONSTANT FINAL)
 
  public:
   struct Seams {
@@ -35,6 +36,10 @@ class DiskArea : public Area {
   bool carryOut(const Wish& wish) override;
 
  private:
+  // Buddy tells of what a scan found, once nobody looks at Disk Doctor: it is said there, and the bubble would cover
+  // its buttons.
+  void tellOfScan();
+
   Seams seams_;
   Shell& shell_;
   std::string home_;
@@ -42,6 +47,7 @@ class DiskArea : public Area {
   DiskCleaner cleaner_;
   DiskDoctor doctor_;
   DiskDoctorController window_;
+  bool hasNews_ = false;
 };
 
 }  // namespace ambrel
