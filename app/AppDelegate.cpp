@@ -12,35 +12,16 @@
 #include "app/base/Log.h"
 #include "app/base/QmlObjects.h"
 #include "app/base/StoredValue.h"
-#include "app/base/TileSources.h"
 #include "app/clipboard/ClipPictures.h"
 #include "app/clipboard/QuietClipboard.h"
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
-#include "app/menu/StatusIcon.h"
-#include "core/base/Files.h"
 #include "core/base/Overloaded.h"
-#include "core/settings/SandboxMigration.h"
 
 namespace ambrel {
 namespace {
 
-constexpr const char* bundleIdentifier = "dev.qorvin.ambrel";
 constexpr const char* purchasePage = "https://tilebay.example/pro";
-
-// `kept`: where a file that cannot be read is kept now.
-UserDefaults migratedDefaults(const Surroundings& surroundings, std::optional<std::filesystem::path>& kept) {
-  UserDefaults defaults(surroundings.defaultsFile);
-  try {
-    kept = defaults.setAside();
-  } catch (const std::exception& error) {
-    logLine(error.what());
-  }
-  for (const std::string& line :
-       migrateFromSandbox({surroundings.home, surroundings.dataFolder, bundleIdentifier}, defaults))
-    logLine(line);
-  return defaults;
-}
 
 std::vector<DisplaySnapshot> displaysOf(const Screens& screens) {
   std::vector<DisplaySnapshot> displays;
@@ -79,8 +60,7 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
       surroundings_(std::move(surroundings)),
       desktop_(desktop),
       toast_(later()),
-      defaults_(migratedDefaults(surroundings_, keptDefaults_)),
-      defaultsWatcher_(defaults_),
+      stored_(surroundings_),
       settings_(defaults_),
       model_(surroundings_.dataFolder / "profiles.json", defaults_, license_,
              [this] { return displaysOf(desktop_.screens); }),
@@ -112,17 +92,10 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
                            new ClipPictures(clipboard_.clipboard()->picturesFolder()));
 }
 
-// Windows end before the engine that drives them; all but the toast's are destroyed before it anyway. A tile that has
-// the keyboard loses it then, and what that changes is of no interest to the bar any more.
+// Windows end before the engine that drives them; all but the toast's are destroyed before it anyway.
 AppDelegate::~AppDelegate() {
   toast_.end();
-  if (!dock_) return;
-  disconnect(notices(), nullptr, dock_.get(), nullptr);
-  dock_->isHoldingOpen = nullptr;
-  notices()->isOtherPanelOpen = nullptr;
-  notices()->peekBar = nullptr;
-  notices()->endPeek = nullptr;
-  notices()->showInbox = nullptr;
+  if (dock_) dock_->isHoldingOpen = nullptr;
 }
 
 void AppDelegate::prepareTheme() {
@@ -162,6 +135,7 @@ void AppDelegate::launch() {
   makeContext();
   makeDock();
   makePanels();
+  followContext();
   makeBubble();
   makePeeker();
   registerKeys();
@@ -172,7 +146,9 @@ void AppDelegate::launch() {
   license_.onBecamePro = [this] { startProServices(); };
   addBuddyOnce();
   startProServices();
-  makeStatusItem();
+  tray_ = std::make_unique<TrayMenu>(
+      model_, agents(), license_, themeOf(engine_),
+      [this](MenuCommand command, const std::optional<UUID>& profile) { carryOut(command, profile); });
   firstRun();
 }
 
@@ -237,62 +213,43 @@ void AppDelegate::makeAreas() {
   areas_ = {time_.get(),    telemetry_.get(), usage_.get(), disk_.get(), focus_.get(),
             weather_.get(), &clipboard_,      buddy_.get(), &agents_};
   for (Area* area : areas_) buddy_->follow(*area);
-  agents().onSessionFinished = [this] { notices()->sessionFinished(); };
-  connect(focus_.get(), &FocusArea::phaseEnded, buddy_.get(), [this](PomodoroPhase ended) {
+  connect(&agents(), &AgentsModel::sessionFinished, notices(), &BuddyNoticeCenter::sessionFinished);
+  connect(focus_->pomodoro(), &PomodoroTimer::phaseEnded, notices(), [this](PomodoroPhase ended) {
     notices()->phaseEnded(ended == PomodoroPhase::focus ? BuddySignals::PhaseEnd::focus
                                                         : BuddySignals::PhaseEnd::breakTime);
   });
 }
 
 void AppDelegate::makeContext() {
-  context_ = std::make_unique<WidgetContext>(WidgetContext::Models{.model = model_,
-                                                                   .settings = settings_,
-                                                                   .agents = *agents_.agents(),
-                                                                   .system = *telemetry_->system(),
-                                                                   .clock = *time_->clock(),
-                                                                   .usage = usage_->usage(),
-                                                                   .focus = focus_.get(),
-                                                                   .live = telemetry_->live(),
-                                                                   .weather = weather_.get(),
-                                                                   .notices = notices(),
-                                                                   .disk = disk_->cleaner(),
-                                                                   .clipboard = clipboard_.clipboard()});
+  context_ = std::make_unique<WidgetContext>(model_, settings_);
   keep({context_.get()});
   for (Area* area : areas_) context_->addArea(*area);
-  const auto lock = [this] {
+  const auto follow = [this] {
     QStringList locked;
     for (const DockWidget widget : allCases<DockWidget>())
       if (const auto feature = requiredFeature(widget); feature && !license_.allows(*feature)) locked << idOf(widget);
     context_->setLockedWidgets(locked);
+    notices()->setAllowed(license_.allows(ProFeature::proactiveBuddy));
   };
-  connect(&license_, &LicenseManager::changed, context_.get(), lock);
-  lock();
+  connect(&license_, &LicenseManager::changed, context_.get(), follow);
+  follow();
   connect(&model_, &AppModel::activeProfileChanged, this, &AppDelegate::widgetsChanged);
   connect(context_.get(), &WidgetContext::widgetsActiveChanged, this, &AppDelegate::widgetsChanged);
   widgetsChanged();
+}
 
-  context_->actions = {
-      .showToast = [this](const QString& title, const QString& detail,
-                          const QString& symbol) { showToast(title, detail, symbol); },
-      .copyText = [this](const QString& text) { copyText(text); },
-      .openCustomize = [this] { panels_->open(*customizePanel()); },
-      .openPanel =
-          [this](const QString& widget, const QString& item, const QUrl& source, const QVariantMap& properties) {
-            const Area* area = context_->area(tileSources().at(widget).area);
-            // Panels with properties of their own are not shared by the tiles that open them.
-            DockPopoverController& panel =
-                panels_->panel(source.toString() + (properties.isEmpty() ? QString() : u'#' + widget),
-                               {.source = source, .models = {area, context_.get()}, .properties = properties});
-            for (auto it = properties.begin(); it != properties.end(); ++it) panel.setProperty(it.key(), it.value());
-            panels_->toggle(panel, item);
-          },
-      .openTileMenu = [this](const QString& item, const QString& ownText,
-                             const QString& ownSymbol) { openTileMenu(item, ownText, ownSymbol); },
-      .unlock = [this](const QString&) { license_.showUpsell(); },
-      .openSettings = [this](const QString& tab) { openSettings(tab); },
-      .chooseSettingsTab = [this](const QString& tab) { chooseSettingsTab(tab); },
-      .openPurchasePage = [] { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); },
-      .finishWelcome = [this] { store(defaults_, "welcomeDone", true); }};
+void AppDelegate::followContext() {
+  const auto on = [this](auto signal, auto act) { connect(context_.get(), signal, wiring_.get(), std::move(act)); };
+  on(&WidgetContext::showToast, [this](const QString& title, const QString& detail, const QString& symbol) {
+    toast_.show(title, detail, symbol);
+  });
+  on(&WidgetContext::copyText, [this](const QString& text) { copyText(text); });
+  on(&WidgetContext::openCustomize, [this] { panels_->open(*customizePanel()); });
+  on(&WidgetContext::openSettings, [this](const QString& tab) { openSettings(tab); });
+  on(&WidgetContext::chooseSettingsTab, [this](const QString& tab) { chooseSettingsTab(tab); });
+  on(&WidgetContext::openPurchasePage, [] { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); });
+  on(&WidgetContext::finishWelcome, [this] { store(defaults_, "welcomeDone", true); });
+  on(&WidgetContext::unlock, [this] { license_.showUpsell(); });
 }
 
 void AppDelegate::widgetsChanged() {
@@ -335,31 +292,28 @@ void AppDelegate::makeDock() {
 }
 
 void AppDelegate::makePanels() {
-  const auto panelsChanged = [this] {
-    // A click elsewhere closes a panel, also where nothing takes the keyboard from it, as on an empty desktop.
-    const bool isOpen = isAnyPanelOpen();
-    if (std::exchange(followsPresses_, isOpen) != isOpen)
-      desktop_.pointer.setPressHandler(isOpen ? [this] { pressedSomewhere(); } : std::function<void()>());
-    dock_->holdingChanged();
-    notices()->panelsChanged();
-  };
-  connect(panels_.get(), &BarPanels::changed, this, panelsChanged);
-  connect(panels_.get(), &BarPanels::opening, this, [this] {
+  connect(panels_.get(), &BarPanels::changed, wiring_.get(), [this] { panelsChanged(); });
+  connect(panels_.get(), &BarPanels::opening, wiring_.get(), [this] {
     shelf_->close();
     dock_->reveal();
   });
-  connect(shelf_.get(), &ShelfPanelController::shownChanged, this, [this, panelsChanged] {
+  connect(shelf_.get(), &ShelfPanelController::shownChanged, wiring_.get(), [this] {
     if (shelf_->isShown()) panels_->closeAll();
     panelsChanged();
   });
-  license_.showUpsell = [this] { panels_->toggle(panel("UpsellView")); };
-  connect(inboxPanel(), &DockPopoverController::shownChanged, notices(), [this] {
-    if (inboxPanel()->isShown())
-      notices()->inboxOpened();
-    else
-      notices()->inboxClosed();
-  });
+  license_.showUpsell = [this] { panels_->toggle(panel("Panels", "UpsellView")); };
+  connect(inboxPanel(), &DockPopoverController::shownChanged, wiring_.get(),
+          [this] { notices()->setInboxOpen(inboxPanel()->isShown()); });
   welcomePanel()->setStays(true);
+}
+
+void AppDelegate::panelsChanged() {
+  // A click elsewhere closes a panel, also where nothing takes the keyboard from it, as on an empty desktop.
+  const bool isOpen = isAnyPanelOpen();
+  if (std::exchange(followsPresses_, isOpen) != isOpen)
+    desktop_.pointer.setPressHandler(isOpen ? [this] { pressedSomewhere(); } : std::function<void()>());
+  dock_->holdingChanged();
+  notices()->setPanelOpen(isOpen);
 }
 
 void AppDelegate::pressedSomewhere() {
@@ -372,22 +326,12 @@ void AppDelegate::pressedSomewhere() {
   shelf_->close();
 }
 
-DockPopoverController& AppDelegate::areaPanel(Area& area, const char* file) {
-  const QUrl source(QStringLiteral("qrc:/qt/qml/Ambrel/%1/%2.qml").arg(area.name(), QLatin1String(file)));
-  return panels_->panel(source.toString(), {.source = source, .models = {&area, context_.get()}});
+DockPopoverController& AppDelegate::panel(const char* module, const char* file, const QVariantMap& properties) {
+  return panels_->panel(QLatin1String(module), QLatin1String(file), properties);
 }
-
-DockPopoverController& AppDelegate::panel(const char* file, QVariantMap properties) {
-  return panels_->panel(QLatin1String(file),
-                        {.source = QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Panels/%1.qml").arg(QLatin1String(file))),
-                         .models = {context_.get()},
-                         .properties = std::move(properties)});
-}
-
-DockPopoverController* AppDelegate::welcomePanel() { return &panel("WelcomeView"); }
 
 DockPopoverController* AppDelegate::customizePanel() {
-  return &panel("CustomizeView", {{QStringLiteral("gallery"), toVariant(gallery_)}});
+  return &panel("Panels", "CustomizeView", {{QStringLiteral("gallery"), toVariant(gallery_)}});
 }
 
 DockPopoverController* AppDelegate::settingsPanel() {
@@ -395,7 +339,7 @@ DockPopoverController* AppDelegate::settingsPanel() {
       {QStringLiteral("clipboard"), QVariantMap{{QStringLiteral("clipboard"), toVariant(*clipboard_.clipboard())}}},
       {QStringLiteral("buddy"), QVariantMap{{QStringLiteral("statusLine"), toVariant(*usage_->statusLine())},
                                             {QStringLiteral("budget"), toVariant(*usage_->budget())}}}};
-  return &panel("SettingsView",
+  return &panel("Panels", "SettingsView",
                 {{QStringLiteral("pages"), pages},
                  {QStringLiteral("tab"), QString::fromStdString(defaults_.string("settingsTab").value_or("general"))},
                  {QStringLiteral("version"), QStringLiteral(AMBREL_VERSION)}});
@@ -405,7 +349,6 @@ void AppDelegate::makeBubble() {
   const QString buddy = idOf(DockWidget::buddy);
   const auto anchor = [this, buddy] { return dock_->anchor(context_->itemOf(buddy)); };
   bubble_ = std::make_unique<BubbleController>(engine_, desktop_.windowStyle, later(), *notices(), anchor);
-  connect(notices(), &BuddyNoticeCenter::bubbleChanged, dock_.get(), &DockPanelController::holdingChanged);
   connect(dock_.get(), &DockPanelController::layoutChanged, bubble_.get(), &BubbleController::place);
   connect(dock_.get(), &DockPanelController::keyboardTaken, notices(), [this] {
     if (notices()->hasBubble()) Q_EMIT notices()->keyboardOffered();
@@ -413,16 +356,15 @@ void AppDelegate::makeBubble() {
   toast_.occupied = [this] { return bubble_->presentation().isShown() ? bubble_->placement().frame : QRect(); };
   connect(bubble_.get(), &BubbleController::placed, &toast_, &ToastController::place);
 
-  notices()->isAllowed = [this] { return license_.allows(ProFeature::proactiveBuddy); };
-  notices()->isOtherPanelOpen = [this] { return isAnyPanelOpen(); };
-  notices()->peekBar = [this](Seconds length) { bubblePeek_ = dock_->peek(length); };
-  notices()->endPeek = [this] { dock_->endPeek(bubblePeek_); };
-  notices()->showInbox = [this, buddy] { panels_->open(*inboxPanel(), context_->itemOf(buddy)); };
-  notices()->openLink = [](const QString& url) { QDesktopServices::openUrl(QUrl(url)); };
-  notices()->openDiskCleanup = [this] { disk_->open(); };
-  notices()->onProblem = [this](const QString& title, const QString& detail) {
-    toast_.show(title, detail, QStringLiteral("exclamationmark.triangle"));
-  };
+  const auto on = [this](auto signal, auto act) { connect(notices(), signal, wiring_.get(), std::move(act)); };
+  using Center = BuddyNoticeCenter;
+  on(&Center::bubbleChanged, [this] { dock_->holdingChanged(); });
+  on(&Center::peekAsked, [this](Seconds length) { bubblePeek_ = dock_->peek(length); });
+  on(&Center::peekOver, [this] { dock_->endPeek(bubblePeek_); });
+  on(&Center::inboxAsked, [this, buddy] { panels_->open(*inboxPanel(), context_->itemOf(buddy)); });
+  on(&Center::linkAsked, [](const QString& url) { QDesktopServices::openUrl(QUrl(url)); });
+  on(&Center::diskCleanupAsked, [this] { disk_->open(); });
+  connect(notices(), &Center::problemFound, this, &AppDelegate::warn);
   due_.add(*notices());
 }
 
@@ -466,27 +408,13 @@ void AppDelegate::startTimers() {
   clockTimer_.start(untilNextMinute());
 }
 
-void AppDelegate::tellOfKeptDefaults(const std::filesystem::path& copy) {
-  logLine("the settings could not be read; the file is kept as " + copy.string());
-  toast_.show(tr("The settings could not be read"),
-              tr("The file is kept as %1").arg(QString::fromStdString(copy.filename().string())),
-              QStringLiteral("exclamationmark.triangle"));
-}
-
 void AppDelegate::followDefaults() {
-  defaults_.onSetAside = [this](const std::filesystem::path& copy) { tellOfKeptDefaults(copy); };
-  defaults_.onUnreadable = [this] {
-    logLine(defaults_.file().string() + " is no JSON; the settings stay as they were");
-    toast_.show(tr("The settings cannot be read"),
-                tr("There is a mistake in defaults.json. The settings stay as they were."),
-                QStringLiteral("exclamationmark.triangle"));
-  };
-  connect(&defaultsWatcher_, &DefaultsWatcher::changed, this, [this](const std::set<std::string>& keys) {
+  connect(&stored_, &StoredDefaults::problemFound, this, &AppDelegate::warn);
+  connect(&stored_, &StoredDefaults::changed, this, [this](const std::set<std::string>& keys) {
     settings_.reload();
     for (Area* area : areas_) area->defaultsChanged(keys);
   });
-  defaultsWatcher_.start();
-  if (keptDefaults_) tellOfKeptDefaults(*keptDefaults_);
+  stored_.follow();
 }
 
 void AppDelegate::followZone() {
@@ -504,34 +432,6 @@ void AppDelegate::startProServices() {
   every(AgentsModel::pollInterval, [this] { agents().refresh(); });
   usage_->usage()->start();
   if (settings_.agentNotifications()) desktop_.notifications.requestAuthorization({});
-}
-
-void AppDelegate::makeStatusItem() {
-  statusItem_ = std::make_unique<StatusItem>(
-      [this](int attention) { return statusIcon(attention, themeOf(engine_).palette()); },
-      [this](MenuCommand command, const std::optional<UUID>& profile) { carryOut(command, profile); });
-  const auto update = [this] { updateStatusItem(); };
-  connect(&model_, &AppModel::profilesChanged, this, update);
-  connect(&model_, &AppModel::pinnedProfileIDChanged, this, update);
-  connect(&model_, &AppModel::displaysChanged, this, update);
-  connect(&agents(), &AgentsModel::sessionsChanged, this, update);
-  connect(&license_, &LicenseManager::changed, this, update);
-  connect(&themeOf(engine_), &Theme::schemeChanged, this, [this] { statusItem_->redrawIcon(); });
-  updateStatusItem();
-  // For task lists, in which Disk Doctor is.
-  QGuiApplication::setWindowIcon(statusIcon(0, themeOf(engine_).palette()));
-}
-
-void AppDelegate::updateStatusItem() {
-  const Profile* active = model_.activeProfile();
-  statusItem_->update(menuModel({.profiles = model_.profiles(),
-                                 .activeProfileID = active ? std::optional(active->id) : std::nullopt,
-                                 .pinnedProfileID = model_.pinnedProfileID(),
-                                 .displays = model_.displays(),
-                                 .workingCount = agents().workingCount(),
-                                 .needsInputCount = agents().needsInputCount(),
-                                 .isAgentTrackingAllowed = license_.allows(ProFeature::agentTracking),
-                                 .isPro = license_.isPro()}));
 }
 
 void AppDelegate::handleNotifications() {
@@ -552,7 +452,7 @@ void AppDelegate::addBuddyOnce() {
   for (const Profile& profile : profiles) {
     const std::optional<UUID> first = profile.items.empty() ? std::nullopt : std::optional(profile.items.front().id);
     // After the settings were lost, a profile without Buddy is the user's choice.
-    if (!keptDefaults_ && !profile.contains("buddy")) model_.addWidget("buddy", profile.id, first);
+    if (!stored_.wereLost() && !profile.contains("buddy")) model_.addWidget("buddy", profile.id, first);
   }
   store(defaults_, "buddyAdded", true);
 }
@@ -560,7 +460,7 @@ void AppDelegate::addBuddyOnce() {
 void AppDelegate::firstRun() {
   if (defaults_.boolean("welcomeDone").value_or(false)) return;
   // Only what says so was lost, and the guide would cover the toast that tells of it.
-  if (keptDefaults_) return store(defaults_, "welcomeDone", true);
+  if (stored_.wereLost()) return store(defaults_, "welcomeDone", true);
   later()(Seconds(0.6), [this] { panels_->open(*welcomePanel()); });
 }
 
@@ -574,33 +474,16 @@ void AppDelegate::openSettings(const QString& tab) {
   panels_->open(*settingsPanel());
 }
 
-void AppDelegate::openTileMenu(const QString& item, const QString& ownText, const QString& ownSymbol) {
-  const Profile* profile = model_.activeProfile();
-  if (!profile) return;
-  QString previous, next;
-  for (std::size_t i = 0; i < profile->items.size(); ++i) {
-    if (QString::fromStdString(profile->items[i].id.text()) != item) continue;
-    if (i > 0) previous = QString::fromStdString(profile->items[i - 1].id.text());
-    if (i + 1 < profile->items.size()) next = QString::fromStdString(profile->items[i + 1].id.text());
-  }
-  DockPopoverController& menu = panels_->panel(
-      QStringLiteral("TileMenu"),
-      {.source = QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TileMenuView.qml")), .models = {context_.get()}});
-  menu.close();
-  menu.setProperty(QStringLiteral("item"), item);
-  menu.setProperty(QStringLiteral("previousItem"), previous);
-  menu.setProperty(QStringLiteral("nextItem"), next);
-  menu.setProperty(QStringLiteral("ownText"), ownText);
-  menu.setProperty(QStringLiteral("ownSymbol"), ownSymbol);
-  panels_->open(menu, item);
-}
-
 bool AppDelegate::isAnyPanelOpen() const { return shelf_->isShown() || panels_->isAnyShown(); }
 
 bool AppDelegate::permits(ProFeature feature) {
   if (license_.allows(feature)) return true;
   license_.showUpsell();
   return false;
+}
+
+void AppDelegate::warn(const QString& title, const QString& detail) {
+  toast_.show(title, detail, QStringLiteral("exclamationmark.triangle"));
 }
 
 void AppDelegate::showToast(const QString& title, const QString& detail, const QString& symbol) {

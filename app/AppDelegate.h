@@ -9,7 +9,8 @@
 #include <memory>
 #include <vector>
 
-#include "app/Surroundings.h"
+#include "app/StoredDefaults.h"
+#include "app/TrayMenu.h"
 #include "app/agents/AgentsArea.h"
 #include "app/base/DueTimer.h"
 #include "app/base/PointerRelay.h"
@@ -23,11 +24,8 @@
 #include "app/dock/DockPanelController.h"
 #include "app/focus/FocusArea.h"
 #include "app/kit/DesktopAppearance.h"
-#include "app/menu/MenuModel.h"
-#include "app/menu/StatusItem.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
-#include "app/model/DefaultsWatcher.h"
 #include "app/model/LicenseManager.h"
 #include "app/panels/GalleryModel.h"
 #include "app/shelf/ShelfPanelController.h"
@@ -37,7 +35,6 @@
 #include "app/weather/WeatherArea.h"
 #include "app/window/TipController.h"
 #include "app/window/ToastController.h"
-#include "core/base/UserDefaults.h"
 #include "core/workspace/Wish.h"
 #include "platform/Desktop.h"
 
@@ -67,12 +64,15 @@ class AppDelegate : public QObject, private Shell {
   WidgetContext* context() { return context_.get(); }
   ContextPeeker* peeker() { return peeker_.get(); }
   DockPanelController* dock() { return dock_.get(); }
-  DockPopoverController* agentsPanel() { return &areaPanel(agents_, "AgentsPanelView"); }
-  DockPopoverController* inboxPanel() { return &areaPanel(*buddy_, "BuddyInboxLayout"); }
+  DockPopoverController* agentsPanel() { return &panel("Agents", "AgentsPanelView"); }
+  DockPopoverController* inboxPanel() { return &panel("Buddy", "BuddyInboxLayout"); }
   DockPopoverController* customizePanel();
-  DockPopoverController* welcomePanel();
+  DockPopoverController* welcomePanel() { return &panel("Panels", "WelcomeView"); }
   DockPopoverController* settingsPanel();
   BuddyNoticeCenter* notices() { return buddy_->center(); }
+  FocusArea& focus() { return *focus_; }
+  WeatherArea& weather() { return *weather_; }
+  ClockModel& clock() { return *time_->clock(); }
   DiskDoctorController* diskDoctor() { return &disk_->window(); }
   QQmlEngine& engine() { return engine_; }
 
@@ -80,6 +80,7 @@ class AppDelegate : public QObject, private Shell {
   void makeShelf();
   void makeAreas();
   void makeContext();
+  void followContext();
   void makeDock();
   void makePanels();
   void makeBubble();
@@ -87,27 +88,23 @@ class AppDelegate : public QObject, private Shell {
   void registerKeys();
   void startTimers();
   void startProServices();
-  void makeStatusItem();
-  void updateStatusItem();
   void handleNotifications();
   void addBuddyOnce();
   void firstRun();
   void widgetsChanged();
+  void panelsChanged();
   void pressedSomewhere();
 
-  DockPopoverController& areaPanel(Area& area, const char* file);
-  DockPopoverController& panel(const char* file, QVariantMap properties = {});
-  void openTileMenu(const QString& item, const QString& ownText, const QString& ownSymbol);
+  DockPopoverController& panel(const char* module, const char* file, const QVariantMap& properties = {});
   void openSettings(const QString& tab);
   void chooseSettingsTab(const QString& tab);
   // Whether the licence allows the feature; if not, it says what the licence would give.
   bool permits(ProFeature feature);
-  // The value is kept in memory even when it cannot be written.
   void prepareTheme();
   void every(Seconds interval, std::function<void()> action);
   void followZone();
   void followDefaults();
-  void tellOfKeptDefaults(const std::filesystem::path& copy);
+  void warn(const QString& title, const QString& detail);
   DelayedStep later();
 
   // What areas ask for.
@@ -120,9 +117,8 @@ class AppDelegate : public QObject, private Shell {
   Surroundings surroundings_;
   Desktop desktop_;
   ToastController toast_;
-  std::optional<std::filesystem::path> keptDefaults_;  // a damaged file of theirs, found at the start
-  UserDefaults defaults_;
-  DefaultsWatcher defaultsWatcher_;
+  StoredDefaults stored_;
+  UserDefaults& defaults_ = stored_.values();
   AppSettings settings_;
   LicenseManager license_;
   AppModel model_;
@@ -151,10 +147,13 @@ class AppDelegate : public QObject, private Shell {
   std::unique_ptr<BubbleController> bubble_;
   std::unique_ptr<TipController> tips_;
   std::unique_ptr<ContextPeeker> peeker_;
-  std::unique_ptr<StatusItem> statusItem_;
+  std::unique_ptr<TrayMenu> tray_;
   QTimer clockTimer_;
   bool proServicesStarted_ = false;
   bool followsPresses_ = false;
+  // What the connections between the areas and the bar belong to. It ends first: a tile that has the keyboard loses it
+  // when the bar's window ends, and that is of no interest any more.
+  std::unique_ptr<QObject> wiring_ = std::make_unique<QObject>();
 };
 
 }  // namespace ambrel

@@ -8,6 +8,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/Environment.h"
+#include "app/QuitSignals.h"
 #include "app/base/Heap.h"
 #include "platform/linux/LinuxDesktop.h"
 
@@ -75,6 +76,7 @@ int main(int argc, char** argv) {
   // There was nothing to quit.
   if (commandLine.wish && std::holds_alternative<wish::Quit>(*commandLine.wish)) return 0;
 
+  const QuitSignals signals([] { QCoreApplication::exit(); });
   AppDelegate delegate(surroundings, desktop.seams());
   desktop.session().setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
   delegate.launch();

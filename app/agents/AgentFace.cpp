@@ -45,4 +45,18 @@ AgentFace agentFace(const AgentSession& session, QString icon, Instant now, cons
           .age = toQString(relativeAge(calendar, session.updatedAt, now))};
 }
 
+AgentsFace agentsFace(const AgentCounts& counts, const std::vector<AgentFace>& sessions) {
+  QStringList parts;
+  if (counts.needsInput > 0) parts << QObject::tr("%1 need you").arg(counts.needsInput);
+  if (counts.working > 0) parts << QObject::tr("%1 working").arg(counts.working);
+  if (counts.finished > 0) parts << QObject::tr("%1 done").arg(counts.finished);
+  if (counts.idle > 0) parts << QObject::tr("%1 idle").arg(counts.idle);
+  return {.needsInput = counts.needsInput,
+          .working = counts.working,
+          .finished = counts.finished,
+          .count = static_cast<int>(sessions.size()),
+          .summary = parts.isEmpty() ? QObject::tr("No agent activity") : parts.join(QStringLiteral(", ")),
+          .first = sessions.empty() ? AgentFace() : sessions.front()};
+}
+
 }  // namespace ambrel

@@ -20,7 +20,7 @@ FocusScope {
         id: list
 
         anchors.fill: parent
-        model: root.agents
+        model: root.agents.rows
         clip: true
         focus: true
         topMargin: 4

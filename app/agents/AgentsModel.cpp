@@ -2,18 +2,23 @@
 
 #include <map>
 
+#include "app/base/QmlObjects.h"
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
 
 namespace ambrel {
+
 AgentsModel::AgentsModel(AppSettings& settings, AgentReaders readers, std::filesystem::path home, Calendar calendar,
                          Seams seams, QObject* parent)
-    : RecordListModel(parent),
+    : QObject(parent),
       settings_(settings),
       readers_(std::make_shared<const AgentReaders>(std::move(readers))),
       home_(std::move(home)),
       calendar_(std::move(calendar)),
-      seams_(std::move(seams)) {}
+      seams_(std::move(seams)),
+      face_(agentsFace({}, {})) {
+  keep({&rows_});
+}
 
 void AgentsModel::refresh() {
   if (!settings_.agentsEnabled()) {
@@ -35,14 +40,14 @@ void AgentsModel::refresh() {
 void AgentsModel::apply(std::vector<AgentSession> sessions, Instant now) {
   if (hasLoadedOnce_) {
     for (const AgentSession& session : agentTransitions(sessions_, sessions)) {
-      if (session.status == AgentStatus::finished && onSessionFinished) onSessionFinished();
+      if (session.status == AgentStatus::finished) Q_EMIT sessionFinished();
       if (!settings_.agentNotifications()) continue;
       const AgentAnnouncement news = announcement(session);
       seams_.notifications.post({.identifier = news.identifier, .title = news.title, .body = news.body, .sound = true});
     }
   }
+  hasLoadedOnce_ = true;
   publish(std::move(sessions), now);
-  if (!std::exchange(hasLoadedOnce_, true)) Q_EMIT loaded();
 }
 
 void AgentsModel::publish(std::vector<AgentSession> sessions, Instant now) {
@@ -59,23 +64,12 @@ void AgentsModel::publish(std::vector<AgentSession> sessions, Instant now) {
     faces.push_back(agentFace(session, icons[session.kind], now, calendar_));
     nextAgeAt_ = std::min(nextAgeAt_, relativeAgeChange(session.updatedAt, now));
   }
-  setRows(faces);
-  first_ = faces.empty() ? AgentFace() : faces.front();
-  Q_EMIT firstChanged();
+  rows_.setRows(faces);
+  face_ = agentsFace(agentCounts(sessions), faces);
+  Q_EMIT changed();
   if (isSame) return;
   sessions_ = std::move(sessions);
-  counts_ = agentCounts(sessions_);
   Q_EMIT sessionsChanged();
-}
-
-QString AgentsModel::summary() const {
-  if (sessions_.empty()) return QStringLiteral("No agent activity");
-  QStringList parts;
-  if (counts_.needsInput > 0) parts << QStringLiteral("%1 need you").arg(counts_.needsInput);
-  if (counts_.working > 0) parts << QStringLiteral("%1 working").arg(counts_.working);
-  if (counts_.finished > 0) parts << QStringLiteral("%1 done").arg(counts_.finished);
-  if (counts_.idle > 0) parts << QStringLiteral("%1 idle").arg(counts_.idle);
-  return parts.join(QStringLiteral(", "));
 }
 
 void AgentsModel::openSession(const QString& id) {
@@ -86,40 +80,6 @@ void AgentsModel::openSession(const QString& id) {
     if (!seams_.workspace.activate(bundle)) seams_.workspace.open(bundle);
     return;
   }
-}
-
-QVariant AgentsModel::data(const QModelIndex& index, int role) const {
-  const AgentFace* face = row(index);
-  if (!face) return {};
-  switch (role) {
-    case IdRole:
-      return face->id;
-    case KindRole:
-      return face->kind;
-    case SymbolRole:
-      return face->symbol;
-    case IconRole:
-      return face->icon;
-    case Qt::DisplayRole:
-    case TitleRole:
-      return face->title;
-    case SubtitleRole:
-      return face->subtitle;
-    case StatusRole:
-      return face->status;
-    case StatusTextRole:
-      return face->statusText;
-    case AgeRole:
-      return face->age;
-    default:
-      return {};
-  }
-}
-
-QHash<int, QByteArray> AgentsModel::roleNames() const {
-  return {{IdRole, "sessionId"}, {KindRole, "kind"},         {SymbolRole, "symbol"}, {IconRole, "icon"},
-          {TitleRole, "title"},  {SubtitleRole, "subtitle"}, {StatusRole, "status"}, {StatusTextRole, "statusText"},
-          {AgeRole, "age"}};
 }
 
 }  // namespace ambrel

@@ -8,7 +8,7 @@
 
 #include "app/agents/AgentFace.h"
 #include "app/base/Background.h"
-#include "app/base/RecordListModel.h"
+#include "app/base/GadgetListModel.h"
 #include "core/agents.h"
 #include "core/agents/AgentTransitions.h"
 #include "core/base/Calendar.h"
@@ -19,34 +19,14 @@ namespace ambrel {
 
 class AppSettings;
 
-class AgentsModel : public RecordListModel<AgentFace, QString> {
+class AgentsModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(int needsInputCount READ needsInputCount NOTIFY sessionsChanged)
-  Q_PROPERTY(int workingCount READ workingCount NOTIFY sessionsChanged)
-  Q_PROPERTY(int finishedCount READ finishedCount NOTIFY sessionsChanged)
-  Q_PROPERTY(int count READ count NOTIFY sessionsChanged)
-  Q_PROPERTY(bool hasLoadedOnce READ hasLoadedOnce NOTIFY loaded)
-  // The session that comes first: the most urgent one, and of these the newest.
-  Q_PROPERTY(ambrel::AgentFace first READ first NOTIFY firstChanged)
-  // One sentence for a tooltip and a screen reader.
-  Q_PROPERTY(QString summary READ summary NOTIFY sessionsChanged)
+  Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT FINAL)
+  Q_PROPERTY(ambrel::AgentsFace face READ face NOTIFY changed FINAL)
 
  public:
-  enum Role {
-    IdRole = Qt::UserRole,
-    KindRole,
-    SymbolRole,
-    IconRole,
-    TitleRole,
-    SubtitleRole,
-    StatusRole,
-    StatusTextRole,
-    AgeRole
-  };
-  Q_ENUM(Role)
-
   static constexpr Seconds pollInterval{3};
 
   struct Seams {
@@ -65,30 +45,18 @@ class AgentsModel : public RecordListModel<AgentFace, QString> {
   void refresh();
 
   const std::vector<AgentSession>& sessions() const { return sessions_; }
-  int needsInputCount() const { return counts_.needsInput; }
-  int workingCount() const { return counts_.working; }
-  int finishedCount() const { return counts_.finished; }
-  int count() const { return static_cast<int>(sessions_.size()); }
-  bool hasLoadedOnce() const { return hasLoadedOnce_; }
-  AgentFace first() const { return first_; }
-  QString summary() const;
-
-  // Called for each session that went from working to finished.
-  std::function<void()> onSessionFinished;
+  RowList* rows() { return &rows_; }
+  const AgentsFace& face() const { return face_; }
 
   // Brings the session's tool forward, or opens it; the conversation itself is not addressed.
   Q_INVOKABLE void openSession(const QString& id);
 
-  QVariant data(const QModelIndex& index, int role) const override;
-  QHash<int, QByteArray> roleNames() const override;
-
  Q_SIGNALS:
+  // What is shown, and the sessions themselves.
+  void changed();
   void sessionsChanged();
-  void firstChanged();
-  void loaded();
-
- protected:
-  QString keyOf(const AgentFace& face) const override { return face.id; }
+  // A session went from working to finished.
+  void sessionFinished();
 
  private:
   void apply(std::vector<AgentSession> sessions, Instant now);
@@ -103,8 +71,8 @@ class AgentsModel : public RecordListModel<AgentFace, QString> {
   std::vector<AgentSession> sessions_;
   // When the rows were made, and when the age in one of them changes.
   Instant publishedAt_ = Instant::min(), nextAgeAt_ = Instant::min();
-  AgentCounts counts_;
-  AgentFace first_;
+  GadgetListModel<AgentFace> rows_;
+  AgentsFace face_;
   bool isRefreshing_ = false;
   bool hasLoadedOnce_ = false;
 };

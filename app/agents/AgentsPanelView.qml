@@ -32,7 +32,7 @@ Popover {
 
     EmptyState {
         anchors.centerIn: parent
-        visible: root.agents.count === 0
+        visible: root.agents.face.count === 0
         symbol: "sparkles"
         title: qsTr("No agent activity")
         sentence: qsTr("Sessions from the last 6 hours appear here.")
@@ -40,7 +40,7 @@ Popover {
 
     AgentsList {
         anchors.fill: parent
-        visible: root.agents.count > 0
+        visible: root.agents.face.count > 0
         agents: root.agents
         isShown: root.presentation.isShown
         onSessionChosen: id => {

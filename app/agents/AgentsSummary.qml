@@ -11,20 +11,20 @@ Row {
     spacing: 10
 
     Pill {
-        visible: root.agents.needsInputCount > 0
-        text: qsTr("%1 need you").arg(root.agents.needsInputCount)
+        visible: root.agents.face.needsInput > 0
+        text: qsTr("%1 need you").arg(root.agents.face.needsInput)
         symbol: "hand.raised.fill"
         tone: Theme.orange
     }
     Pill {
-        visible: root.agents.workingCount > 0
-        text: qsTr("%1 working").arg(root.agents.workingCount)
+        visible: root.agents.face.working > 0
+        text: qsTr("%1 working").arg(root.agents.face.working)
         symbol: "circle.dotted"
         tone: Theme.blue
     }
     Pill {
-        visible: root.agents.finishedCount > 0
-        text: qsTr("%1 done").arg(root.agents.finishedCount)
+        visible: root.agents.face.finished > 0
+        text: qsTr("%1 done").arg(root.agents.face.finished)
         symbol: "checkmark.circle.fill"
         tone: Theme.green
     }

@@ -7,26 +7,26 @@ TileFrame {
     id: root
 
     required property AgentsModel agents
-    readonly property bool hasWaiting: agents.needsInputCount > 0
-    readonly property bool hasWorking: agents.workingCount > 0
-    readonly property bool hasFinished: agents.finishedCount > 0
-    readonly property bool isAlone: agents.count === 1 && !isNarrow
+    readonly property bool hasWaiting: agents.face.needsInput > 0
+    readonly property bool hasWorking: agents.face.working > 0
+    readonly property bool hasFinished: agents.face.finished > 0
+    readonly property bool isAlone: agents.face.count === 1 && !isNarrow
     readonly property bool isQuiet: !hasWaiting && !hasWorking && !hasFinished && !isAlone
 
     panel: Qt.resolvedUrl("AgentsPanelView.qml")
-    label: name + ", " + agents.summary
-    tip: agents.summary
-    value: isQuiet ? (agents.count > 0 ? qsTr("Idle") : qsTr("Quiet")) : ""
+    label: name + ", " + agents.face.summary
+    tip: agents.face.summary
+    value: isQuiet ? (agents.face.count > 0 ? qsTr("Idle") : qsTr("Quiet")) : ""
     valueColor: Theme.ink2
-    subLine: !isQuiet ? "" : agents.count === 0 ? qsTr("No agent activity") : agents.count === 1 ? qsTr("1 session") : qsTr("%1 sessions").arg(agents.count)
+    subLine: !isQuiet ? "" : agents.face.count === 0 ? qsTr("No agent activity") : agents.face.count === 1 ? qsTr("1 session") : qsTr("%1 sessions").arg(agents.face.count)
 
     AgentTile {
         visible: root.isAlone
         y: root.valueTop + 1
         width: parent.width
         height: 34
-        session: root.agents.first
-        onAction: root.agents.openSession(session.id)
+        session: root.agents.face.first
+        onAction: root.agents.openSession(session.sessionId)
     }
     Row {
         id: row
@@ -42,7 +42,7 @@ TileFrame {
             id: waiting
 
             visible: root.hasWaiting
-            count: root.agents.needsInputCount
+            count: root.agents.face.needsInput
             word: qsTr("need you")
             tone: Theme.orange
         }
@@ -50,7 +50,7 @@ TileFrame {
             id: working
 
             visible: root.hasWorking && !(root.isNarrow && root.hasWaiting)
-            count: root.agents.workingCount
+            count: root.agents.face.working
             word: qsTr("working")
             tone: Theme.blue
         }
@@ -58,7 +58,7 @@ TileFrame {
             id: finished
 
             visible: root.hasFinished && !(root.isNarrow && (root.hasWaiting || root.hasWorking))
-            count: root.agents.finishedCount
+            count: root.agents.face.finished
             word: qsTr("done")
             tone: Theme.green
         }

@@ -16,21 +16,7 @@ void Buddy::setAsleep(bool asleep) {
   update();
 }
 
-void Buddy::setThinking(bool thinking) {
-  if (thinking == isThinking_) return;
-  isThinking_ = thinking;
-  update();
-}
-
-void Buddy::showHappy(Seconds length) {
-  error_.isOn = false;
-  begin(happy_, length);
-}
-
-void Buddy::showError(Seconds length) {
-  happy_.isOn = false;
-  begin(error_, length);
-}
+void Buddy::showHappy(Seconds length) { begin(happy_, length); }
 
 void Buddy::play(BuddyTrigger trigger, Seconds length) {
   reactionPose_ = poseOf(trigger);
@@ -50,8 +36,6 @@ void Buddy::begin(Spell& spell, Seconds length) {
 }
 
 BuddyPose Buddy::mood() const {
-  if (error_.isOn) return BuddyPose::error;
-  if (isThinking_) return BuddyPose::thinking;
   if (happy_.isOn) return BuddyPose::happy;
   return isAsleep_ ? BuddyPose::asleep : BuddyPose::idle;
 }
@@ -66,18 +50,8 @@ void Buddy::update() {
 QString Buddy::poseName() const { return toQString(nameOf(pose_)); }
 
 QString Buddy::moodText() const {
-  switch (mood()) {
-    case BuddyPose::asleep:
-      return tr("Asleep");
-    case BuddyPose::thinking:
-      return tr("Thinking");
-    case BuddyPose::happy:
-      return tr("Happy");
-    case BuddyPose::error:
-      return tr("Something went wrong");
-    default:
-      return tr("Awake");
-  }
+  if (happy_.isOn) return tr("Happy");
+  return isAsleep_ ? tr("Asleep") : tr("Awake");
 }
 
 }  // namespace ambrel

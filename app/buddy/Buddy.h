@@ -18,7 +18,7 @@ class Buddy : public QObject {
   QML_UNCREATABLE("built by the program")
   // The name of what he shows.
   Q_PROPERTY(QString pose READ poseName NOTIFY poseChanged FINAL)
-  // "Asleep", "Thinking"; a reaction has no words of its own.
+  // "Asleep", "Happy"; a reaction has no words of its own.
   Q_PROPERTY(QString moodText READ moodText NOTIFY poseChanged FINAL)
 
  public:
@@ -28,9 +28,7 @@ class Buddy : public QObject {
   explicit Buddy(DelayedStep later, QObject* parent = nullptr);
 
   void setAsleep(bool asleep);
-  void setThinking(bool thinking);
   void showHappy(Seconds length);
-  void showError(Seconds length);
   // Wakes him.
   void play(BuddyTrigger trigger, Seconds length = briefly);
 
@@ -53,9 +51,8 @@ class Buddy : public QObject {
   BuddyPose mood() const;
 
   DelayedStep later_;
-  Spell happy_, error_, reaction_;
+  Spell happy_, reaction_;
   BuddyPose reactionPose_ = BuddyPose::idle;
-  bool isThinking_ = false;
   bool isAsleep_ = false;
   BuddyPose pose_ = BuddyPose::idle;
 };

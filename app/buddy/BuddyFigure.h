@@ -24,7 +24,7 @@ class BuddyFigure : public QQuickPaintedItem {
   Q_PROPERTY(bool still READ isStill WRITE setStill NOTIFY styleChanged FINAL)
   // On screen: only then does he move and blink.
   Q_PROPERTY(bool live READ isLive WRITE setLive NOTIFY styleChanged FINAL)
-  // Of strokes in the air, of what he thinks and stands behind, and of what is on that.
+  // Of strokes in the air, of what he thinks and looks over, and of what is on that.
   Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor NOTIFY styleChanged FINAL)
   Q_PROPERTY(QColor boardColor READ boardColor WRITE setBoardColor NOTIFY styleChanged FINAL)
   Q_PROPERTY(QColor inkColor READ inkColor WRITE setInkColor NOTIFY styleChanged FINAL)

@@ -13,9 +13,8 @@ Popover {
     property bool canAsk: false
     // The row that is spread out.
     property string chosenKey
-    readonly property BuddyInboxModel inbox: center.inbox
-    readonly property bool hasDigest: inbox.digest.length > 0
-    readonly property bool isEmpty: inbox.count === 0 && !hasDigest
+    readonly property bool hasDigest: center.inbox.digest.length > 0
+    readonly property bool isEmpty: center.notes.count === 0 && !hasDigest
 
     signal settingsAsked(string tab)
     signal ask(string question)
@@ -29,8 +28,8 @@ Popover {
     headerItems: [
         Pill {
             anchors.verticalCenter: parent.verticalCenter
-            visible: root.inbox.newCount > 0
-            text: qsTr("%1 new").arg(root.inbox.newCount)
+            visible: root.center.inbox.newCount > 0
+            text: qsTr("%1 new").arg(root.center.inbox.newCount)
             hasDot: false
             tone: Theme.blue
         },
@@ -38,7 +37,7 @@ Popover {
             anchors.verticalCenter: parent.verticalCenter
             label: qsTr("Mark all as read")
             symbol: "checkmark.double"
-            enabled: root.inbox.newCount > 0
+            enabled: root.center.inbox.newCount > 0
             onClicked: root.center.markRead()
         },
         IconButton {
@@ -66,7 +65,7 @@ Popover {
             if (!root.presentation.isShown)
                 return;
             list.positionViewAtBeginning();
-            root.chosenKey = root.inbox.keyToShow();
+            root.chosenKey = root.center.inbox.keyToShow;
         }
     }
 
@@ -88,7 +87,7 @@ Popover {
         anchors.top: parent.top
         anchors.bottom: foot.top
         visible: !root.isEmpty
-        model: root.inbox
+        model: root.center.notes
         clip: true
         focus: true
         topMargin: Theme.space1
@@ -112,7 +111,7 @@ Popover {
                 y: Theme.space2
                 width: list.width - 2 * x
                 height: implicitHeight
-                inbox: root.inbox
+                center: root.center
             }
         }
 
@@ -212,7 +211,7 @@ Popover {
                 anchors.right: change.left
                 anchors.rightMargin: Theme.space2
                 anchors.verticalCenter: parent.verticalCenter
-                text: root.center.quietText
+                text: root.center.inbox.quietText
                 role: Theme.small
                 color: Theme.ink2
             }

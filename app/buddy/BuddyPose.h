@@ -1,5 +1,5 @@
 #pragma once
-// How the character stands and looks in each of his moods and reactions.
+// The posture and the look of the character in each of his moods and reactions.
 //
 // All figures are in his own box of 64 x 64 units, y downwards, his feet at y 60.
 
@@ -72,9 +72,9 @@ struct BuddyLook {
   };
   std::optional<Hold> hold = {};
   double shadow = 1;                                        // its width
-  std::optional<double> cutBelow = {};                      // he stands behind something whose upper edge is here
+  std::optional<double> cutBelow = {};                      // he is behind something whose upper edge is here
   void (*held)(QPainter&, const BuddyColors&) = nullptr;    // turns with him; below the arms that hold it
-  void (*around)(QPainter&, const BuddyColors&) = nullptr;  // stands still about him
+  void (*around)(QPainter&, const BuddyColors&) = nullptr;  // does not move with him
   double seconds = 0.5;                                     // until he has come to rest
   BuddySwing swing = {};
 };

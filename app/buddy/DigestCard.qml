@@ -6,7 +6,7 @@ import Ambrel.Kit
 Rectangle {
     id: root
 
-    required property BuddyInboxModel inbox
+    required property BuddyNoticeCenter center
 
     implicitHeight: column.height + 2 * Theme.space3
     radius: Theme.radiusCard
@@ -35,13 +35,13 @@ Rectangle {
             }
             TipLabel {
                 anchors.right: parent.right
-                text: qsTr("since %1").arg(root.inbox.digestSince)
+                text: qsTr("since %1").arg(root.center.inbox.digestSince)
                 role: Theme.small
                 color: Theme.ink2
             }
         }
         Repeater {
-            model: root.inbox.digest
+            model: root.center.inbox.digest
 
             Column {
                 id: entry

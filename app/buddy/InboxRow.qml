@@ -7,24 +7,16 @@ FocusScope {
     id: root
 
     required property string key
-    required property string title
-    required property string detail
-    required property string age
-    required property string symbol
-    required property string tone
-    required property var actions
-    required property string why
-    required property string setting
-    required property string spoken
-    required property string section
+    required property bool isNew
+    // A buddyNoticeText.
+    required property var note
     property bool isChosen: false
-    readonly property bool isNew: section === qsTr("New")
     readonly property Tone colors: ({
             orange: Theme.orange,
             blue: Theme.blue,
             green: Theme.green,
             red: Theme.red
-        })[tone] || Theme.neutral
+        })[note.tone] || Theme.neutral
 
     signal chosen
     signal perform(int action)
@@ -51,7 +43,7 @@ FocusScope {
 
         anchors.fill: parent
         focus: true
-        label: root.spoken + ", " + root.age + (root.isNew ? ", " + qsTr("new") : "")
+        label: root.note.spoken + ", " + root.note.age + (root.isNew ? ", " + qsTr("new") : "")
         accessibleRole: Accessible.ListItem
         onClicked: root.chosen()
 
@@ -73,7 +65,7 @@ FocusScope {
 
         Symbol {
             anchors.centerIn: parent
-            name: root.symbol
+            name: root.note.symbol
             size: 18
             color: root.colors.text
         }
@@ -100,7 +92,7 @@ FocusScope {
                     id: title
 
                     width: Math.min(Math.ceil(implicitWidth), parent.width - ageLabel.width - Theme.space3 - (dot.visible ? 16 : 0))
-                    text: root.title
+                    text: root.note.title
                     role: Theme.rowTitle
                     Accessible.ignored: true
                 }
@@ -120,7 +112,7 @@ FocusScope {
                     id: ageLabel
 
                     anchors.right: parent.right
-                    text: root.age
+                    text: root.note.age
                     role: Theme.small
                     color: Theme.ink2
                     Accessible.ignored: true
@@ -128,7 +120,7 @@ FocusScope {
             }
             Label {
                 width: parent.width
-                text: root.detail
+                text: root.note.detail
                 role: Theme.small
                 color: Theme.ink2
                 wrapMode: root.isChosen ? Text.Wrap : Text.NoWrap
@@ -136,16 +128,16 @@ FocusScope {
             }
         }
         NoticeActions {
-            visible: root.isChosen && root.actions.length > 0
-            actions: root.actions
+            visible: root.isChosen && root.note.actions.length > 0
+            actions: root.note.actions
             size: 28
             onPerform: action => root.perform(action)
         }
         WhyText {
             visible: root.isChosen
             width: parent.width
-            why: root.why
-            setting: root.setting
+            why: root.note.why
+            setting: root.note.setting
             onSettingsAsked: root.settingsAsked()
         }
     }

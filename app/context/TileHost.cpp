@@ -29,8 +29,7 @@ void TileHost::make() {
   tile_.reset();
   if (const Area* area =
           widget && source != tileSources().end() && context_ ? context_->area(source->second.area) : nullptr) {
-    const QObject* const models[] = {area, context_};
-    tile_.reset(makeItem(*qmlEngine(this), source->second.url, models,
+    tile_.reset(makeItem(*qmlEngine(this), source->second.url, context_->modelsFor(area),
                          {{QStringLiteral("title"), toQString(title(*widget))},
                           {QStringLiteral("shortTitle"), toQString(shortTitle(*widget))},
                           {QStringLiteral("description"), toQString(description(*widget))},

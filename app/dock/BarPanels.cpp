@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/base/TileSources.h"
+
 namespace ambrel {
 
 BarPanels::BarPanels(QQmlEngine& engine, WidgetContext& context, WindowStyle& style, DelayedStep later,
@@ -14,12 +16,23 @@ BarPanels::BarPanels(QQmlEngine& engine, WidgetContext& context, WindowStyle& st
       context_(context),
       style_(style),
       later_(std::move(later)),
-      anchor_(std::move(anchor)) {}
+      anchor_(std::move(anchor)) {
+  connect(&context_, &WidgetContext::openPanel, this, &BarPanels::openPanel);
+  connect(&context_, &WidgetContext::openTileMenu, this, &BarPanels::openTileMenu);
+}
 
-DockPopoverController& BarPanels::panel(const QString& name, const PanelContent& content) {
+DockPopoverController& BarPanels::panel(const QString& module, const QString& file, const QVariantMap& properties) {
+  const QUrl source(QStringLiteral("qrc:/qt/qml/Ambrel/%1/%2.qml").arg(module, file));
+  return named(source.toString(), module, source, properties);
+}
+
+DockPopoverController& BarPanels::named(const QString& name, const QString& module, const QUrl& source,
+                                        const QVariantMap& properties) {
   auto& panel = panels_[name];
   if (!panel) {
-    panel = std::make_unique<DockPopoverController>(engine_, context_, style_, later_, content);
+    panel = std::make_unique<DockPopoverController>(
+        engine_, context_, style_, later_,
+        PanelContent{.source = source, .models = context_.modelsFor(context_.area(module)), .properties = properties});
     connect(panel.get(), &DockPopoverController::shownChanged, this, &BarPanels::changed);
     connect(panel.get(), &DockPopoverController::shownChanged, this, [this, shown = panel.get()] {
       if (shown->isShown() || !returnsKeyboard_) return;
@@ -34,9 +47,31 @@ DockPopoverController& BarPanels::panel(const QString& name, const PanelContent&
   return *panel;
 }
 
-DockPopoverController* BarPanels::find(const QString& name) const {
-  const auto found = panels_.find(name);
-  return found == panels_.end() ? nullptr : found->second.get();
+void BarPanels::openPanel(const QString& widget, const QString& item, const QUrl& source,
+                          const QVariantMap& properties) {
+  // Panels with properties of their own are not shared by the tiles that open them.
+  const QString name = source.toString() + (properties.isEmpty() ? QString() : u'#' + widget);
+  DockPopoverController& panel = named(name, tileSources().at(widget).area, source, properties);
+  for (auto it = properties.begin(); it != properties.end(); ++it) panel.setProperty(it.key(), it.value());
+  toggle(panel, item);
+}
+
+void BarPanels::openTileMenu(const QString& item, const QString& ownText, const QString& ownSymbol) {
+  const Profile* profile = context_.model()->activeProfile();
+  if (!profile) return;
+  const auto& items = profile->items;
+  const auto at = std::ranges::find(items, UUID::parse(item.toStdString()), &DockItem::id);
+  const auto idOf = [](const DockItem& neighbour) { return QString::fromStdString(neighbour.id.text()); };
+  DockPopoverController& menu = panel(QStringLiteral("Dock"), QStringLiteral("TileMenuView"));
+  menu.close();
+  menu.setProperty(QStringLiteral("item"), item);
+  menu.setProperty(QStringLiteral("previousItem"),
+                   at == items.begin() || at == items.end() ? QString() : idOf(*std::prev(at)));
+  menu.setProperty(QStringLiteral("nextItem"),
+                   at == items.end() || std::next(at) == items.end() ? QString() : idOf(*std::next(at)));
+  menu.setProperty(QStringLiteral("ownText"), ownText);
+  menu.setProperty(QStringLiteral("ownSymbol"), ownSymbol);
+  open(menu, item);
 }
 
 void BarPanels::toggle(DockPopoverController& panel, const QString& item) {

@@ -1,7 +1,8 @@
 #pragma once
-// The panels that open beside the bar. At most one of them is open.
+// The panels that open beside the bar, those that tiles ask for among them. At most one of them is open.
 
 #include <QObject>
+#include <QUrl>
 #include <functional>
 #include <map>
 #include <memory>
@@ -18,10 +19,9 @@ class BarPanels : public QObject {
   BarPanels(QQmlEngine& engine, WidgetContext& context, WindowStyle& style, DelayedStep later,
             std::function<PanelAnchor(const QString& item)> anchor, QObject* parent = nullptr);
 
-  // The one panel of this name; `content` counts when it is first asked for.
-  DockPopoverController& panel(const QString& name, const PanelContent& content);
-  // Null while nobody has asked for it.
-  DockPopoverController* find(const QString& name) const;
+  // The one panel that shows this file of a module: ("Agents", "AgentsPanelView"). `properties` count when it is first
+  // asked for.
+  DockPopoverController& panel(const QString& module, const QString& file, const QVariantMap& properties = {});
 
   // Opens it beside the tile of a slot, or closes it. The others close.
   void toggle(DockPopoverController& panel, const QString& item = {});
@@ -43,6 +43,11 @@ class BarPanels : public QObject {
   void opening();
 
  private:
+  DockPopoverController& named(const QString& name, const QString& module, const QUrl& source,
+                               const QVariantMap& properties);
+  void openPanel(const QString& widget, const QString& item, const QUrl& source, const QVariantMap& properties);
+  void openTileMenu(const QString& item, const QString& ownText, const QString& ownSymbol);
+
   QQmlEngine& engine_;
   WidgetContext& context_;
   WindowStyle& style_;

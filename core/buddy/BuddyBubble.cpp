@@ -5,7 +5,7 @@
 namespace ambrel {
 
 void BuddyBubble::offer(const BuddyNotice& notice, Instant now) {
-  // It was out of sight for a while, as an agent in view is, and is raised again while its first notice still stands.
+  // It was out of sight for a while, as an agent in view is, and is raised again while its first notice still holds.
   const auto isSame = [&](const BuddyNotice& other) { return other.id == notice.id; };
   if (queue.current && isSame(*queue.current)) {
     queue.current->date = notice.date;
@@ -120,7 +120,7 @@ void BuddyBubble::setReached(bool isReached, Instant now) {
 
 void BuddyBubble::resetChoice() { choice = isReached_ && isShown ? std::optional<std::size_t>(0) : std::nullopt; }
 
-// With nothing left behind it there is no "more" to stand on.
+// With nothing left behind it there is no "more" to choose.
 void BuddyBubble::keepChoice() {
   if (choice) choice = std::min(*choice, std::max<std::size_t>(choices().size(), 1) - 1);
 }

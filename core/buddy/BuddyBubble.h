@@ -1,6 +1,6 @@
 #pragma once
-// The one speech bubble: what it shows, when it closes, and what the keyboard stands on in it. It keeps no timer and
-// draws nothing: whoever owns it compares it before and after, and calls `tick` at `closesAt`.
+// The one speech bubble: what it shows, when it closes, and which of its choices the keyboard is on. It keeps no timer
+// and draws nothing: its owner compares it before and after, and calls `tick` at `closesAt`.
 
 #include <unordered_set>
 

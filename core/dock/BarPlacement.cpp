@@ -5,7 +5,7 @@
 namespace ambrel {
 namespace {
 
-// The line that the bar at the bottom stands above.
+// The bar at the bottom is above this line.
 double baseLine(const ScreenFrames& screen, bool isSystemDockShowing) {
   // Less is no Dock but a rounding of the screen's scale.
   constexpr double leastReserved = 4.0;

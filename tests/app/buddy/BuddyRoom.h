@@ -18,7 +18,7 @@ struct BuddyRoom {
     restart();
   }
 
-  // The program is started anew; what is stored stays.
+  // The program is started again; what is stored stays.
   void restart() {
     center.reset();
     steps_.clear();
@@ -43,19 +43,19 @@ struct BuddyRoom {
       signals.waterDueAt = waterDueAt;
       signals.meetings = meetings;
     });
-    center->isOtherPanelOpen = [this] { return isPanelOpen; };
-    center->peekBar = [this](Seconds length) {
+    const auto on = [this](auto signal, auto act) { QObject::connect(center.get(), signal, center.get(), act); };
+    on(&BuddyNoticeCenter::peekAsked, [this](Seconds length) {
       peeks.push_back(length.count());
       isPeeking = true;
-    };
-    center->endPeek = [this] { isPeeking = false; };
-    center->showInbox = [this] {
+    });
+    on(&BuddyNoticeCenter::peekOver, [this] { isPeeking = false; });
+    on(&BuddyNoticeCenter::inboxAsked, [this] {
       ++inboxes;
-      center->inboxOpened();
-    };
-    center->openDiskCleanup = [this] { ++cleanups; };
-    center->openLink = [this](const QString& url) { links << url; };
-    center->onProblem = [this](const QString& title, const QString&) { problems << title; };
+      center->setInboxOpen(true);
+    });
+    on(&BuddyNoticeCenter::diskCleanupAsked, [this] { ++cleanups; });
+    on(&BuddyNoticeCenter::linkAsked, [this](const QString& url) { links << url; });
+    on(&BuddyNoticeCenter::problemFound, [this](const QString& title) { problems << title; });
   }
 
   // Time passes second by second, as the program's timers would find it.
@@ -76,7 +76,7 @@ struct BuddyRoom {
   // The titles of the inbox, newest first.
   QStringList inbox() const {
     QStringList titles;
-    for (const BuddyNotice& notice : center->recent().recent) titles << QString::fromStdString(notice.title);
+    for (const BuddyNotice& notice : center->speech().inbox.recent) titles << QString::fromStdString(notice.title);
     return titles;
   }
   QString bubble() const { return center->hasBubble() ? center->bubbleText().title : QString(); }
@@ -92,7 +92,7 @@ struct BuddyRoom {
   std::optional<BuddySignals::Battery> battery;
   std::optional<Instant> waterDueAt;
   std::vector<BuddySignals::Meeting> meetings;
-  bool isFocusRunning = false, isPanelOpen = false, isPeeking = false;
+  bool isFocusRunning = false, isPeeking = false;
   std::vector<double> peeks;
   int inboxes = 0, cleanups = 0;
   QStringList links, problems;

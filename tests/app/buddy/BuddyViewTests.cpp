@@ -215,9 +215,9 @@ void BuddyViewTests::theInboxShowsWhyEachNoteCame() {
   click(scene, control(scene.root(), QStringLiteral("Change")));
   QCOMPARE(settings.count(), 1);
   click(scene, control(scene.root(), QStringLiteral("Mark all as read")));
-  QCOMPARE(room.center->inbox()->newCount(), 0);
+  QCOMPARE(room.center->inbox().newCount, 0);
   click(scene, control(scene.root(), QStringLiteral("Clear all")));
-  QCOMPARE(room.center->inbox()->count(), 0);
+  QCOMPARE(room.center->notes()->count(), 0);
   QCOMPARE(scene.warnings().take(), QStringList());
 }
 
@@ -249,7 +249,8 @@ void BuddyViewTests::theInboxIsUsedByKeyboard() {
   QTest::keyClick(&scene.window(), Qt::Key_Down);
   QCOMPARE(nameOf(scene.window().activeFocusItem()), QStringLiteral("Two. 8 GB free., now, new"));
   QTest::keyClick(&scene.window(), Qt::Key_Return);
-  QCOMPARE(scene.root()->property("chosenKey").toString(), room.center->inbox()->rows()[1].key);
+  QCOMPARE(scene.root()->property("chosenKey").toString(),
+           QString::fromStdString(inboxKey(room.center->speech().inbox.recent[1])));
   QTest::keyClick(&scene.window(), Qt::Key_Return);
   QCOMPARE(scene.root()->property("chosenKey").toString(), QString());
   QSignalSpy closed(scene.root(), SIGNAL(closeRequested()));

@@ -1,8 +1,10 @@
 #include <QApplication>
 #include <QTest>
+#include <csignal>
 
 #include "app/Environment.h"
 #include "app/kit/Theme.h"
+#include "app/QuitSignals.h"
 #include "core/workspace/Wish.h"
 #include "tests/app/delegate/Program.h"
 
@@ -28,6 +30,7 @@ class AppDelegateTests : public QObject {
   void buddysTileOpensHisInbox();
   void whileBuddySpeaksTheBarStays();
   void theLookFollowsTheSettingsAndTheirFile();
+  void signalsEndItAsItsMenuDoes();
 };
 
 void AppDelegateTests::desktopsMadeWithGTKAreKnown() {
@@ -206,7 +209,7 @@ void AppDelegateTests::buddysTileOpensHisInbox() {
   QVERIFY(!program.delegate->notices()->hasBubble());
   Q_EMIT context.activationAsked(context.itemOf("buddy"));
   QVERIFY(!program.delegate->inboxPanel()->isShown());
-  QCOMPARE(program.delegate->notices()->inbox()->newCount(), 0);
+  QCOMPARE(program.delegate->notices()->inbox().newCount, 0);
   QCOMPARE(program.warnings.take(), QStringList());
 }
 
@@ -244,6 +247,16 @@ void AppDelegateTests::theLookFollowsTheSettingsAndTheirFile() {
   // As from an editor or tilebayctl.
   UserDefaults(program.folder / "defaults.json").set("reduceMotion", DefaultsValue{true});
   QTRY_VERIFY(theme.alwaysReducesMotion());
+}
+
+void AppDelegateTests::signalsEndItAsItsMenuDoes() {
+  int quits = 0;
+  const QuitSignals signals([&] { ++quits; });
+  int raised = 0;
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    raise(signal);
+    QTRY_COMPARE(quits, ++raised);
+  }
 }
 
 }  // namespace ambrel

@@ -56,7 +56,7 @@ struct Desk : Program {
       identifiers.push_back(notification.identifier);
     return identifiers;
   }
-  FocusArea& focus() const { return *delegate->context()->focus(); }
+  FocusArea& focus() const { return delegate->focus(); }
 };
 
 }  // namespace
@@ -150,7 +150,7 @@ void FocusAndWeatherTests::aChosenPlaceClosesThePanel() {
   for (const char* widget : {"weather", "secondCity"}) {
     desk.click(widget);
     QTRY_VERIFY(desk.panel());
-    auto* weather = desk.delegate->context()->weather();
+    auto* weather = &desk.delegate->weather();
     (widget == std::string("weather") ? weather->main() : weather->second())
         ->choose(WeatherPlace{"Tokyo", "Japan", 35.7, 139.7});
     QTRY_VERIFY(!desk.panel());
@@ -256,12 +256,12 @@ void FocusAndWeatherTests::aChangedZoneIsFollowed() {
   QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Tomorrow"));
 
   desk.desktop.timeZone.set("America/New_York");
-  QCOMPARE(desk.delegate->context()->clock()->time(), QStringLiteral("4:41\u202fAM"));
+  QCOMPARE(desk.delegate->clock().time(), QStringLiteral("4:41\u202fAM"));
   QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Today"));
   QCOMPARE(desk.focus().water()->face().nextText, QStringLiteral("Next glass at 5:11\u202fAM"));
 
   desk.desktop.timeZone.set("Pacific/Kiritimati");
-  QCOMPARE(desk.delegate->context()->clock()->weekday(), QStringLiteral("Saturday"));
+  QCOMPARE(desk.delegate->clock().weekday(), QStringLiteral("Saturday"));
   desk.desktop.clock.pass(minutes(30));
   desk.desktop.timeZone.set("Pacific/Kiritimati");
   QCOMPARE(desk.focus().mood()->week().today, 0);

@@ -4,10 +4,11 @@
 #include <QQmlEngine>
 #include <deque>
 
+#include "app/agents/AgentsModel.h"
+#include "app/base/QmlObjects.h"
 #include "app/dock/DockPanelController.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fakes/FakePlatform.h"
-#include "tests/fakes/FakeReadings.h"
 #include "tests/fakes/HeldWork.h"
 
 namespace ambrel {
@@ -63,16 +64,9 @@ struct ContextFixture {
                                         .notifications = notifications,
                                         .workspace = workspace,
                                         .now = [this] { return now; }}};
-  FakeReadings readings;
-  SystemMonitor system{readings, held.background(), calendar};
-  ClockModel clock{calendar};
-  WidgetContext context{{.model = model, .settings = settings, .agents = agents, .system = system, .clock = clock}};
+  WidgetContext context{model, settings};
 
-  ContextFixture() {
-    for (QObject* object :
-         std::initializer_list<QObject*>{&settings, &model, &license, &agents, &system, &clock, &context})
-      QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
-  }
+  ContextFixture() { keep({&settings, &model, &license, &agents, &context}); }
   // The active profile holds these widgets and nothing else.
   void putOnBar(const std::vector<std::string>& widgets) {
     Profile profile = *model.activeProfile();
@@ -114,7 +108,7 @@ struct BarFixture : ContextFixture {
 
   BarFixture() {
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    QQmlEngine::setObjectOwnership(&bar, QQmlEngine::CppOwnership);
+    keep({&bar});
     pointer.at = away;
     bar.isHoldingOpen = [this] { return isHeld; };
     bar.onMaxLength = [this](qreal length) { maxLengths.push_back(length); };

@@ -1,0 +1,36 @@
+#pragma once
+// The user's choices as the program finds them: carried over from an older release, kept when their file is damaged,
+// and followed while others edit it.
+
+#include <optional>
+
+#include "app/Surroundings.h"
+#include "app/model/DefaultsWatcher.h"
+
+namespace ambrel {
+
+class StoredDefaults : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit StoredDefaults(const Surroundings& surroundings);
+
+  UserDefaults& values() { return defaults_; }
+  // A file that could not be read was found at the start: what it said is lost to the program.
+  bool wereLost() const { return kept_.has_value(); }
+  // From now on changes and problems are told, what was found at the start among them.
+  void follow();
+
+ Q_SIGNALS:
+  void changed(const std::set<std::string>& keys);
+  void problemFound(const QString& title, const QString& detail);
+
+ private:
+  void tellOfKept(const std::filesystem::path& copy);
+
+  UserDefaults defaults_;
+  DefaultsWatcher watcher_;
+  std::optional<std::filesystem::path> kept_;  // where it is kept
+};
+
+}  // namespace ambrel

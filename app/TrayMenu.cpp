@@ -1,0 +1,41 @@
+#include "app/TrayMenu.h"
+
+#include <QGuiApplication>
+
+#include "app/agents/AgentsModel.h"
+#include "app/kit/Theme.h"
+#include "app/menu/StatusIcon.h"
+#include "app/model/AppModel.h"
+#include "app/model/LicenseManager.h"
+
+namespace ambrel {
+
+TrayMenu::TrayMenu(const AppModel& model, const AgentsModel& agents, const LicenseManager& license, const Theme& theme,
+                   StatusItem::Handler handler)
+    : model_(model),
+      agents_(agents),
+      license_(license),
+      item_([&theme](int attention) { return statusIcon(attention, theme.palette()); }, std::move(handler)) {
+  for (const auto changed : {&AppModel::profilesChanged, &AppModel::pinnedProfileIDChanged, &AppModel::displaysChanged})
+    connect(&model, changed, this, &TrayMenu::update);
+  connect(&agents, &AgentsModel::sessionsChanged, this, &TrayMenu::update);
+  connect(&license, &LicenseManager::changed, this, &TrayMenu::update);
+  connect(&theme, &Theme::schemeChanged, this, [this] { item_.redrawIcon(); });
+  update();
+  // For task lists, in which Disk Doctor is.
+  QGuiApplication::setWindowIcon(statusIcon(0, theme.palette()));
+}
+
+void TrayMenu::update() {
+  const Profile* active = model_.activeProfile();
+  item_.update(menuModel({.profiles = model_.profiles(),
+                          .activeProfileID = active ? std::optional(active->id) : std::nullopt,
+                          .pinnedProfileID = model_.pinnedProfileID(),
+                          .displays = model_.displays(),
+                          .workingCount = agents_.face().working,
+                          .needsInputCount = agents_.face().needsInput,
+                          .isAgentTrackingAllowed = license_.allows(ProFeature::agentTracking),
+                          .isPro = license_.isPro()}));
+}
+
+}  // namespace ambrel

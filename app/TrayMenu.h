@@ -1,0 +1,30 @@
+#pragma once
+// The item in the tray, kept up to date with the profiles, the displays, the agents and the licence.
+
+#include "app/menu/StatusItem.h"
+
+namespace ambrel {
+
+class AgentsModel;
+class AppModel;
+class LicenseManager;
+class Theme;
+
+class TrayMenu : public QObject {
+  Q_OBJECT
+
+ public:
+  // All outlive it.
+  TrayMenu(const AppModel& model, const AgentsModel& agents, const LicenseManager& license, const Theme& theme,
+           StatusItem::Handler handler);
+
+ private:
+  void update();
+
+  const AppModel& model_;
+  const AgentsModel& agents_;
+  const LicenseManager& license_;
+  StatusItem item_;
+};
+
+}  // namespace ambrel
