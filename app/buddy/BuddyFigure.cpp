@@ -18,6 +18,7 @@ bool hasOpenEyes(const BuddyLook& look) { return look.leftEye == BuddyEye::open 
 
 BuddyFigure::BuddyFigure(QQuickItem* parent) : QQuickPaintedItem(parent), stance_(lookOf(pose_).stance) {
   setImplicitSize(box + 2 * margin, box + 2 * margin);
+  connect(this, &BuddyFigure::styleChanged, this, &BuddyFigure::followStyle);
   blinkTimer_.setSingleShot(true);
   blinkTimer_.setTimerType(Qt::CoarseTimer);
   connect(&blinkTimer_, &QTimer::timeout, this, [this] {
@@ -60,6 +61,7 @@ void BuddyFigure::setPose(const QString& name) {
     update();
   }
   isBlinking_ = false;
+  blinkTimer_.stop();
   waitForBlink();
   Q_EMIT poseChanged();
 }
@@ -71,36 +73,12 @@ void BuddyFigure::rest() {
   update();
 }
 
-template <typename Field>
-bool BuddyFigure::setStyle(Field& field, const Field& value) {
-  if (field == value) return false;
-  field = value;
-  update();
-  Q_EMIT styleChanged();
-  return true;
-}
-
-void BuddyFigure::setBoxSize(qreal size) {
-  if (!setStyle(boxSize_, size)) return;
-  const qreal whole = size * (box + 2 * margin) / box;
+void BuddyFigure::followStyle() {
+  const qreal whole = boxSize_ * (box + 2 * margin) / box;
   setImplicitSize(whole, whole);
-}
-
-void BuddyFigure::setDark(bool dark) { setStyle(isDark_, dark); }
-void BuddyFigure::setLineColor(const QColor& color) { setStyle(lineColor_, color); }
-void BuddyFigure::setBoardColor(const QColor& color) { setStyle(boardColor_, color); }
-void BuddyFigure::setInkColor(const QColor& color) { setStyle(inkColor_, color); }
-
-void BuddyFigure::setStill(bool still) {
-  if (!setStyle(isStill_, still)) return;
-  if (still) rest();
+  if (isStill_ || !isLive_) rest();
   waitForBlink();
-}
-
-void BuddyFigure::setLive(bool live) {
-  if (!setStyle(isLive_, live)) return;
-  if (!live) rest();
-  waitForBlink();
+  update();
 }
 
 bool BuddyFigure::isSeen() const { return isLive_ && isVisible() && window() && window()->isVisible(); }
@@ -113,7 +91,7 @@ void BuddyFigure::waitForBlink() {
     if (std::exchange(isBlinking_, false)) update();
     return;
   }
-  if (isBlinking_) return;
+  if (isBlinking_ || blinkTimer_.isActive()) return;
   blinkTimer_.start(QRandomGenerator::global()->bounded(shortestBlinkWait, longestBlinkWait + 1));
 }
 

@@ -18,16 +18,16 @@ class BuddyFigure : public QQuickPaintedItem {
   // The name of a pose; an unknown name means "idle".
   Q_PROPERTY(QString pose READ pose WRITE setPose NOTIFY poseChanged FINAL)
   // Of the box around him, in logical pixels. The item is larger by what he waves about.
-  Q_PROPERTY(qreal boxSize READ boxSize WRITE setBoxSize NOTIFY styleChanged FINAL)
-  Q_PROPERTY(bool dark READ isDark WRITE setDark NOTIFY styleChanged FINAL)
+  Q_PROPERTY(qreal boxSize MEMBER boxSize_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(bool dark MEMBER isDark_ NOTIFY styleChanged FINAL)
   // Reduced motion: a pose is taken at once, and he does not blink.
-  Q_PROPERTY(bool still READ isStill WRITE setStill NOTIFY styleChanged FINAL)
+  Q_PROPERTY(bool still MEMBER isStill_ NOTIFY styleChanged FINAL)
   // On screen: only then does he move and blink.
-  Q_PROPERTY(bool live READ isLive WRITE setLive NOTIFY styleChanged FINAL)
+  Q_PROPERTY(bool live MEMBER isLive_ NOTIFY styleChanged FINAL)
   // Of strokes in the air, of what he thinks and looks over, and of what is on that.
-  Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor NOTIFY styleChanged FINAL)
-  Q_PROPERTY(QColor boardColor READ boardColor WRITE setBoardColor NOTIFY styleChanged FINAL)
-  Q_PROPERTY(QColor inkColor READ inkColor WRITE setInkColor NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor lineColor MEMBER lineColor_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor boardColor MEMBER boardColor_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor inkColor MEMBER inkColor_ NOTIFY styleChanged FINAL)
 
  public:
   // Around the box of 64, in its units.
@@ -39,20 +39,6 @@ class BuddyFigure : public QQuickPaintedItem {
 
   QString pose() const;
   void setPose(const QString& name);
-  qreal boxSize() const { return boxSize_; }
-  void setBoxSize(qreal size);
-  bool isDark() const { return isDark_; }
-  void setDark(bool dark);
-  bool isStill() const { return isStill_; }
-  void setStill(bool still);
-  bool isLive() const { return isLive_; }
-  void setLive(bool live);
-  QColor lineColor() const { return lineColor_; }
-  void setLineColor(const QColor& color);
-  QColor boardColor() const { return boardColor_; }
-  void setBoardColor(const QColor& color);
-  QColor inkColor() const { return inkColor_; }
-  void setInkColor(const QColor& color);
 
   bool isMoving() const { return motion_ && motion_->state() == QAbstractAnimation::Running; }
   bool isBlinking() const { return isBlinking_; }
@@ -75,8 +61,7 @@ class BuddyFigure : public QQuickPaintedItem {
   bool mayBlink() const;
   void waitForBlink();
   void rest();
-  template <typename Field>
-  bool setStyle(Field& field, const Field& value);
+  void followStyle();
 
   BuddyPose pose_ = BuddyPose::idle;
   BuddyStance start_, stance_;

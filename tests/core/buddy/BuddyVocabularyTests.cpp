@@ -11,65 +11,6 @@ using ::testing::HasSubstr;
 
 Instant at(std::string_view text) { return parseISO8601(text).value(); }
 
-struct RuleRow {
-  std::string_view name;
-  BuddyPriority priority;
-  BuddyCategory category;
-  BuddyTrigger trigger;
-  double cooldown;
-  bool isLasting;
-};
-
-TEST(BuddyRules, HavePriorityCategoryReactionCooldownAndKindOfTheirOwn) {
-  using P = BuddyPriority;
-  using C = BuddyCategory;
-  using T = BuddyTrigger;
-  const RuleRow expected[] = {
-      {"agentNeedsInput", P::urgent, C::agents, T::startle, 120, true},
-      {"agentFinished", P::important, C::agents, T::highFive, 0, false},
-      {"agentStopped", P::important, C::agents, T::shake, 0, false},
-      {"agentStillWorking", P::info, C::agents, T::typing, 0, true},
-      {"awayDigest", P::important, C::agents, T::wave, 0, false},
-      {"meetingSoon", P::important, C::meetings, T::lookAround, 0, true},
-      {"meetingStart", P::urgent, C::meetings, T::jump, 0, true},
-      {"claudeLimit", P::important, C::limits, T::peek, 0, true},
-      {"codexSession", P::important, C::limits, T::peek, 0, true},
-      {"codexWeek", P::important, C::limits, T::peek, 0, true},
-      {"batteryLow", P::important, C::system, T::stretch, 1800, true},
-      {"batteryCritical", P::urgent, C::system, T::sneeze, 1800, true},
-      {"diskLow", P::important, C::system, T::lookAround, 21600, true},
-      {"cpuHigh", P::info, C::system, T::typing, 1800, true},
-      {"water", P::info, C::health, T::drink, 0, true},
-      {"focusEnded", P::info, C::health, T::dance, 0, false},
-      {"breakOver", P::info, C::health, T::sip, 0, false},
-      {"daySummary", P::info, C::health, T::love, 0, false},
-  };
-  const auto rules = allCases<BuddyRule>();
-  ASSERT_EQ(rules.size(), std::size(expected));
-  for (std::size_t i = 0; i < rules.size(); ++i) {
-    SCOPED_TRACE(expected[i].name);
-    EXPECT_EQ(nameOf(rules[i]), expected[i].name);
-    EXPECT_EQ(priority(rules[i]), expected[i].priority);
-    EXPECT_EQ(category(rules[i]), expected[i].category);
-    EXPECT_EQ(trigger(rules[i]), expected[i].trigger);
-    EXPECT_EQ(cooldown(rules[i]), Seconds(expected[i].cooldown));
-    EXPECT_EQ(isLasting(rules[i]), expected[i].isLasting);
-  }
-}
-
-TEST(BuddyRules, ComeInAscendingPriorities) {
-  EXPECT_LT(BuddyPriority::info, BuddyPriority::important);
-  EXPECT_LT(BuddyPriority::important, BuddyPriority::urgent);
-}
-
-TEST(BuddyRules, NameTheirReactionsInTheOrderOfTheCharacter) {
-  std::vector<std::string_view> names;
-  for (const BuddyTrigger trigger : allCases<BuddyTrigger>()) names.push_back(nameOf(trigger));
-  EXPECT_THAT(names,
-              ElementsAre("celebrate", "wave", "jump", "spin", "dance", "nod", "shake", "stretch", "wink", "love",
-                          "startle", "peek", "sip", "typing", "highFive", "drink", "sneeze", "lookAround"));
-}
-
 TEST(BuddyRules, SayWhyANoticeCameAndWhatTurnsItOff) {
   const Calendar american("UTC", "en_US"), german("UTC", "de_DE");
   for (const BuddyRule rule : allCases<BuddyRule>()) {
@@ -112,16 +53,6 @@ TEST(BuddyNotices, KeepTheFirstTwoOfTheirActions) {
   const BuddyNotice notice("a", BuddyRule::diskLow, "Title", "Detail", at("2026-11-21T09:00:00Z"),
                            {OpenDiskCleanup{}, Snooze{60}, OpenInbox{}});
   EXPECT_THAT(notice.actions, ElementsAre(BuddyAction(OpenDiskCleanup{}), BuddyAction(Snooze{60})));
-}
-
-TEST(BuddyActions, HaveAButtonText) {
-  using namespace BuddyActions;
-  EXPECT_EQ(buttonText(Join{"https://meet.example/x"}), "Join");
-  EXPECT_EQ(buttonText(OpenAgent{AgentKind::codex}), "Show");
-  EXPECT_EQ(buttonText(Snooze{15}), "Snooze 15 min");
-  EXPECT_EQ(buttonText(Snooze{60}), "Snooze 60 min");
-  EXPECT_EQ(buttonText(OpenDiskCleanup{}), "Clean Up");
-  EXPECT_EQ(buttonText(OpenInbox{}), "Open");
 }
 
 TEST(BuddyActions, OpenLinksOfTheWebAlone) {
