@@ -6,7 +6,7 @@
 namespace ambrel {
 namespace {
 
-constexpr const char* bundleIdentifier = "dev.qorvin.ambrel";
+constexpr const char* ownIdentifier = "dev.qorvin.ambrel";
 
 }  // namespace
 
@@ -18,7 +18,7 @@ StoredDefaults::StoredDefaults(const Surroundings& surroundings)
     logLine(error.what());
   }
   for (const std::string& line :
-       migrateFromSandbox({surroundings.home, surroundings.dataFolder, bundleIdentifier}, defaults_))
+       migrateFromSandbox({surroundings.home, surroundings.dataFolder, ownIdentifier}, defaults_))
     logLine(line);
   connect(&watcher_, &DefaultsWatcher::changed, this, &StoredDefaults::changed);
 }
