@@ -54,6 +54,9 @@ class ClipPicturesTests : public QObject {
   void aLargePictureIsNeverInMemoryAsAWhole() {
     const TemporaryFolder folder;
     const QString name = write(folder, {3000, 1000});
+    if (!QImageReader(QString::fromStdString((folder / name.toStdString()).string()))
+             .supportsOption(QImageIOHandler::ScaledSize))
+      QSKIP("this release of Qt decodes every PNG as a whole");
     const int before = QImageReader::allocationLimit();
     // Megabytes; the picture as it is takes twelve.
     QImageReader::setAllocationLimit(1);
