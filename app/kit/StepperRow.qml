@@ -10,15 +10,16 @@ SectionRow {
     property int to: 100
     property int step: 1
     property bool wraps: false
+    // What is spoken of it.
+    property string label: title
     property alias unit: control.unit
     property alias text: control.text
-    property alias label: control.label
 
     signal stepped(int value)
 
     Stepper {
         id: control
-        label: root.title
+        label: root.label
         value: root.value
         from: root.from
         to: root.to

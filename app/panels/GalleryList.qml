@@ -1,5 +1,4 @@
 import QtQuick
-import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Panels
 
