@@ -8,11 +8,11 @@
 
 #include "app/clipboard/ClipPictures.h"
 #include "app/dock/DockPopoverController.h"
-#include "app/window/PanelWindow.h"
-#include "app/window/ToastController.h"
 #include "app/kit/Theme.h"
 #include "app/shelf/EdgeSensor.h"
 #include "app/shelf/ShelfPanelController.h"
+#include "app/window/PanelWindow.h"
+#include "app/window/ToastController.h"
 #include "tests/app/clipboard/ClipboardDesk.h"
 #include "tests/app/kit/QMLWarnings.h"
 
