@@ -84,10 +84,9 @@ class Parser {
     }
     CLI::Option* added = app.add_option(option.name, slot.values.emplace_back(), option.help);
     if (!option.placeholder.empty()) added->type_name(option.placeholder);
-    if (option.kind == values)
-      added->allow_extra_args(false);  // one value each time that it is given
-    else
-      added->expected(1);
+    // One value each time that it is given: a positional would take the one behind it, too.
+    added->allow_extra_args(false);
+    if (option.kind != values) added->expected(1);
     if (option.kind == positional) added->required();
   }
 
