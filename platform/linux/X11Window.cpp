@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QThread>
 #include <QVariant>
 #include <QWindow>
 #include <algorithm>
@@ -17,6 +18,10 @@ namespace {
 constexpr int placeCheckDelay = 150;
 // Scales that are no whole numbers round.
 constexpr int placeTolerance = 2;
+// How long a window manager may take to let go of a window that it will not see again.
+constexpr int releaseInterval = 5, releaseTurns = 50;
+// Of WM_STATE.
+constexpr std::uint32_t withdrawn = 0;
 constexpr int focusInterval = 25, focusTurns = 6, viewableTurns = 20;
 constexpr std::uint32_t everyDesktop = 0xffffffff, mostProtocols = 32;
 // What the toolkit's X11 plug-in reads at each showing: the window does not ask for the keyboard.
@@ -91,6 +96,7 @@ void X11Window::beforeShow() {
   if (role_ == WindowRole::window) return;
   const bool bypasses = !manager_.leavesAlone(role_);
   if (bypasses != isBypassing()) {
+    if (bypasses) awaitRelease();
     window_.setFlag(Qt::X11BypassWindowManagerHint, bypasses);
     if (asked_) window_.setGeometry(*asked_);
   }
@@ -101,6 +107,19 @@ void X11Window::beforeShow() {
   changeProperty(xcb, id(), connection_->atom("_NET_WM_STATE"), XCB_ATOM_ATOM, wantedStates());
   changeProperty(xcb, id(), connection_->atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, {everyDesktop});
   xcb_flush(xcb);
+}
+
+// A window that was hidden a moment ago is still the window manager's, which then unmaps it and puts it where it had
+// it, shown again or not.
+void X11Window::awaitRelease() {
+  if (!canAsk()) return;
+  const xcb_atom_t state = connection_->atom("WM_STATE");
+  for (int turn = 0; turn < releaseTurns; ++turn) {
+    const auto states = connection_->numbers(id(), state);
+    const bool isKept = !states.empty() && states.front() != withdrawn;
+    if (!isKept && isAtRoot(id())) return;
+    QThread::msleep(releaseInterval);
+  }
 }
 
 std::vector<std::uint32_t> X11Window::wantedStates() const {
@@ -181,17 +200,23 @@ void X11Window::writeUserTime(xcb_timestamp_t time) {
   xcb_flush(xcb);
 }
 
+bool X11Window::isFramed(const QWindow& window, X11Connection* connection) {
+  if (!window.frameMargins().isNull()) return true;
+  if (!connection || connection->isBroken() || !window.handle()) return false;
+  const XcbPtr<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(
+      connection->xcb(), xcb_get_geometry(connection->xcb(), static_cast<xcb_window_t>(window.winId())), nullptr));
+  connection->repliesWereRead();
+  return geometry && geometry->border_width != 0;
+}
+
 void X11Window::checkPlace() {
   if (!asked_ || !window_.isVisible() || isBypassing() || !canAsk()) return;
   const QRect now = window_.geometry();
-  const XcbPtr<xcb_get_geometry_reply_t> geometry(
-      xcb_get_geometry_reply(connection_->xcb(), xcb_get_geometry(connection_->xcb(), id()), nullptr));
-  connection_->repliesWereRead();
   const bool isThere = std::abs(now.x() - asked_->x()) <= placeTolerance &&
                        std::abs(now.y() - asked_->y()) <= placeTolerance &&
                        std::abs(now.width() - asked_->width()) <= placeTolerance &&
                        std::abs(now.height() - asked_->height()) <= placeTolerance;
-  if (!isThere || (geometry && geometry->border_width != 0) || !window_.frameMargins().isNull())
+  if (!isThere || isFramed(window_, connection_))
     manager_.meddled(role_);
   else
     checkStates();
@@ -201,9 +226,12 @@ void X11Window::managerChanged() {
   if (role_ == WindowRole::window || !window_.isVisible() || isBypassing() == !manager_.leavesAlone(role_)) return;
   // One in use is left where it is, until it is shown again.
   if (window_.isActive()) return;
+  ++attempt_;
+  auto asked = std::exchange(done_, nullptr);
   window_.hide();
   window_.show();
   window_.raise();
+  if (asked) activate(std::move(asked));
 }
 
 bool X11Window::isViewable(xcb_window_t window) const {
@@ -211,6 +239,13 @@ bool X11Window::isViewable(xcb_window_t window) const {
       connection_->xcb(), xcb_get_window_attributes(connection_->xcb(), window), nullptr));
   connection_->repliesWereRead();
   return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool X11Window::isAtRoot(xcb_window_t window) const {
+  const XcbPtr<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(connection_->xcb(), xcb_query_tree(connection_->xcb(), window), nullptr));
+  connection_->repliesWereRead();
+  return !tree || tree->parent == tree->root;
 }
 
 xcb_window_t X11Window::focused() const {
@@ -228,7 +263,7 @@ void X11Window::later(int milliseconds, int attempt, std::function<void()> step)
 
 void X11Window::activate(std::function<void(bool)> done) {
   const int attempt = ++attempt_;
-  done_ = std::move(done);
+  done_ = done ? std::move(done) : [](bool) {};
   setTakesKeys(true);
   if (toolkitConnection() && canAsk()) {
     askForFocus(attempt, 0);

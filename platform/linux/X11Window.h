@@ -24,6 +24,8 @@ class X11Window : public QObject {
 
   // Null for a window that has none.
   static X11Window* of(QWindow& window);
+  // A border counts, too.
+  static bool isFramed(const QWindow& window, X11Connection* connection);
 
   void place(const QRect& frame);
   void setTakesKeys(bool takesKeys);
@@ -41,6 +43,7 @@ class X11Window : public QObject {
   bool isBypassing() const;
   bool canAsk() const { return connection_ && !connection_->isBroken(); }
   void beforeShow();
+  void awaitRelease();
   void afterHide();
   std::vector<std::uint32_t> wantedStates() const;
   // By a message to the root window, as those to window managers are.
@@ -50,6 +53,7 @@ class X11Window : public QObject {
   void writeUserTime(xcb_timestamp_t time);
   void checkPlace();
   bool isViewable(xcb_window_t window) const;
+  bool isAtRoot(xcb_window_t window) const;
   xcb_window_t focused() const;
   // The steps of `activate`; each gives up when a newer call has come.
   void askForFocus(int attempt, int turn);
@@ -66,7 +70,7 @@ class X11Window : public QObject {
   std::optional<QRect> asked_;
   QTimer placeTimer_;
   int attempt_ = 0;
-  std::function<void(bool)> done_;
+  std::function<void(bool)> done_;                // set as long as the keyboard is asked for
   xcb_window_t previousFocus_ = XCB_WINDOW_NONE;  // who had the keyboard before; none when nothing is to be given back
 };
 
