@@ -93,7 +93,7 @@ std::optional<Instant> nextTick(Instant lastTick, bool isPointerMoving,
 
 struct BarPlacement {
   static constexpr double margin = 8;
-  // Above a system Dock that has just been revealed.
+  // Above a system Dock that has just been revealed, where it is not known how high that is.
   static constexpr double systemDockHeight = 76;
 
   // The longest that the bar may be along its edge; 0 or more.
@@ -102,9 +102,9 @@ struct BarPlacement {
 
   friend bool operator==(const BarPlacement&, const BarPlacement&) = default;
 };
-// width, height: of the bar. isSystemDockShowing: what SystemDockRule says.
-BarPlacement placedBar(const ScreenFrames& screen, DockEdge edge, double width, double height,
-                       bool isSystemDockShowing);
+// width, height: of the bar. isSystemDockShowing: what SystemDockRule says of one that hides.
+BarPlacement placedBar(const ScreenFrames& screen, DockEdge edge, double width, double height, bool isSystemDockShowing,
+                       double systemDockHeight = BarPlacement::systemDockHeight);
 
 // The steps of showing and hiding a panel. Each delayed step is carried out after its delay, and does nothing when
 // the panel has been shown or hidden again since.

@@ -2,6 +2,7 @@
 // The connected screens.
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,9 @@ struct ScreenInfo {
   Rect frame;              // y upwards, in points
   Rect visibleFrame;       // without what the docks and panels of others reserve on this screen
   bool isBuiltin = false;  // a panel of the computer itself: eDP, LVDS or DSI
-  // A dock of another program stands at its lower edge and reserves nothing there: one that hides by itself.
-  bool hasHidingDock = false;
+  // A dock of another program that reserves nothing at its lower edge, as one that hides by itself does: how high it
+  // is when it can be seen. While it can, the visible frame ends above it.
+  std::optional<double> hidingDockHeight;
   bool operator==(const ScreenInfo&) const = default;
 };
 

@@ -50,7 +50,7 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
   systemDock_.onChange = [this](bool) { updatePosition(); };
   systemDock_.isPresent = [this] {
     const auto screen = mainScreen();
-    return screen && screen->hasHidingDock;
+    return screen && screen->hidingDockHeight;
   };
   connect(&settings_, &AppSettings::dockEdgeChanged, this, [this] { updatePosition(); });
   connect(&settings_, &AppSettings::barAlwaysVisibleChanged, this, [this] {
@@ -114,7 +114,8 @@ void DockPanelController::updatePosition() {
   if (!screen) return;
   const auto placed = [&] {
     return placedBar({screen->frame, screen->visibleFrame}, settings_.dockEdge(), content_.slab.width(),
-                     content_.slab.height(), systemDock_.isShowing());
+                     content_.slab.height(), systemDock_.isShowing(),
+                     screen->hidingDockHeight.value_or(BarPlacement::systemDockHeight));
   };
   placement_ = placed();
   if (onMaxLength) onMaxLength(placement_.maxLength);

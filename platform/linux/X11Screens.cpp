@@ -3,8 +3,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
-#include <array>
-#include <unistd.h>
 #include <xcb/randr.h>
 
 #include "core/base/Text.h"
@@ -12,40 +10,6 @@
 
 namespace ambrel {
 namespace {
-
-// Less is a dock that shows a line of itself while it hides.
-constexpr std::uint32_t leastReserved = 5;
-
-std::vector<xcb_window_t> clientsOf(X11Connection& connection) {
-  return connection.numbers(connection.root(), connection.atom("_NET_CLIENT_LIST"));
-}
-
-// One for each window; all zero for one that reserves nothing.
-std::vector<Strut> strutsOf(X11Connection& connection, const std::vector<xcb_window_t>& windows) {
-  const auto partial = connection.properties(windows, connection.atom("_NET_WM_STRUT_PARTIAL"));
-  const auto simple = connection.properties(windows, connection.atom("_NET_WM_STRUT"));
-  std::vector<Strut> struts;
-  for (std::size_t i = 0; i < windows.size(); ++i)
-    struts.push_back(parseStrut(numbersFromBytes(partial[i].empty() ? simple[i] : partial[i])).value_or(Strut{}));
-  return struts;
-}
-
-Rect placeOf(X11Connection& connection, xcb_window_t window) {
-  xcb_connection_t* xcb = connection.xcb();
-  const auto asked = xcb_get_geometry(xcb, window);
-  const auto corner = xcb_translate_coordinates(xcb, window, connection.root(), 0, 0);
-  const XcbPtr<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(xcb, asked, nullptr));
-  const XcbPtr<xcb_translate_coordinates_reply_t> at(xcb_translate_coordinates_reply(xcb, corner, nullptr));
-  connection.repliesWereRead();
-  if (!size || !at) return {};
-  return {double(at->dst_x), double(at->dst_y), double(size->width), double(size->height)};
-}
-
-// In pixels, y downwards.
-bool standsAtLowerEdge(const Rect& dock, const Rect& screen) {
-  return dock.width > dock.height && dock.height < screen.height / 2 && dock.minX() < screen.maxX() &&
-         dock.maxX() > screen.minX() && std::abs(dock.maxY() - screen.maxY()) <= leastReserved;
-}
 
 // The toolkit keeps the upper left corner of a screen in pixels and scales its size.
 Rect pixelsOf(const QScreen& screen) {
@@ -97,25 +61,7 @@ X11Screens::X11Screens(X11Connection* connection) : connection_(connection) {
           connection_->xcb(), xcb_randr_query_version(connection_->xcb(), 1, 5), nullptr));
       asksForMonitors_ = version && (version->major_version > 1 || version->minor_version >= 5);
     }
-    connection_->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
-    const std::array watched{connection_->atom("_NET_CLIENT_LIST"), connection_->atom("_NET_WORKAREA"),
-                             connection_->atom("_GTK_WORKAREAS_D0"), connection_->atom("_NET_CURRENT_DESKTOP")};
-    watch_ = connection_->watch([this, watched](const xcb_generic_event_t& event) {
-      switch (event.response_type & 0x7f) {
-        case XCB_PROPERTY_NOTIFY: {
-          const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-          if (change.window == connection_->root() && std::ranges::find(watched, change.atom) != watched.end()) plan();
-          return;
-        }
-        case XCB_CONFIGURE_NOTIFY: {
-          const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-          if (hidingDocks_.contains(change.window)) plan();
-          return;
-        }
-        default:
-          return;
-      }
-    });
+    panels_ = std::make_unique<X11Panels>(*connection_, [this] { plan(); });
   }
   list_ = read();
 }
@@ -169,35 +115,6 @@ std::vector<Rect> X11Screens::workAreas() const {
   return areas;
 }
 
-void X11Screens::findHidingDocks() {
-  const auto clients = clientsOf(*connection_);
-  std::erase_if(hidingDocks_,
-                [&](const auto& dock) { return std::ranges::find(clients, dock.first) == clients.end(); });
-  const auto types = connection_->properties(clients, connection_->atom("_NET_WM_WINDOW_TYPE"));
-  const auto struts = strutsOf(*connection_, clients);
-  const xcb_atom_t dockType = connection_->atom("_NET_WM_WINDOW_TYPE_DOCK");
-  for (std::size_t i = 0; i < clients.size(); ++i) {
-    const auto kinds = numbersFromBytes(types[i]);
-    if (std::ranges::find(kinds, dockType) == kinds.end()) continue;
-    const auto pid = connection_->numbers(clients[i], connection_->atom("_NET_WM_PID"));
-    if (!pid.empty() && pid.front() == static_cast<std::uint32_t>(getpid())) continue;
-    const Strut& strut = struts[i];
-    if (std::max({strut.left, strut.right, strut.top, strut.bottom}) >= leastReserved) {
-      hidingDocks_.erase(clients[i]);
-      continue;
-    }
-    const auto [dock, isNew] = hidingDocks_.try_emplace(clients[i]);
-    if (isNew) {
-      const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-      xcb_change_window_attributes(connection_->xcb(), clients[i], XCB_CW_EVENT_MASK, &events);
-    }
-    const Rect place = placeOf(*connection_, clients[i]);
-    for (const QScreen* screen : QGuiApplication::screens())
-      if (standsAtLowerEdge(place, pixelsOf(*screen))) dock->second = screen->name().toStdString();
-  }
-  connection_->flush();
-}
-
 std::vector<ScreenInfo> X11Screens::read() {
   std::vector<ScreenInfo> list;
   QList<QScreen*> screens = QGuiApplication::screens();
@@ -209,20 +126,28 @@ std::vector<ScreenInfo> X11Screens::read() {
   std::vector<Strut> struts;
   std::vector<Rect> areas;
   if (hasServer) {
-    struts = strutsOf(*connection_, clientsOf(*connection_));
+    std::vector<X11Panels::Screen> frames;
+    for (const QScreen* screen : screens) frames.push_back({screen->name().toStdString(), pixelsOf(*screen)});
+    panels_->read(frames);
+    struts = panels_->struts();
     areas = workAreas();
-    findHidingDocks();
   }
   const auto [desktopWidth, desktopHeight] = desktopSize(connection_);
   const double lowerEdge = lowerEdgeOf(main);
   for (const QScreen* screen : screens) {
     const QRect frame = screen->geometry();
     const double scale = screen->devicePixelRatio();
+    ScreenInfo info;
+    info.name = screen->name().toStdString();
     Insets insets;
     if (desktopWidth > 0) {
       const Rect pixels = pixelsOf(*screen);
       insets = reservedEdges(pixels, desktopWidth, desktopHeight, struts);
       for (const Rect& area : areas) insets = combined(insets, outsideWorkArea(pixels, area));
+      if (const auto dock = panels_->dockAt(info.name)) {
+        info.hidingDockHeight = dock->height / scale;
+        if (dock->isOut) insets.bottom = std::max(insets.bottom, dock->height);
+      }
     } else {
       const QRect free = screen->availableGeometry();
       insets = {(free.left() - frame.left()) * scale, (free.top() - frame.top()) * scale,
@@ -232,12 +157,9 @@ std::vector<ScreenInfo> X11Screens::read() {
     const Rect visible{logical.x + insets.left / scale, logical.y + insets.top / scale,
                        logical.width - (insets.left + insets.right) / scale,
                        logical.height - (insets.top + insets.bottom) / scale};
-    ScreenInfo info;
-    info.name = screen->name().toStdString();
     info.frame = flipped(logical, lowerEdge);
     info.visibleFrame = flipped(visible, lowerEdge);
     info.isBuiltin = isBuiltinConnector(info.name);
-    info.hasHidingDock = std::ranges::any_of(hidingDocks_, [&](const auto& dock) { return dock.second == info.name; });
     list.push_back(std::move(info));
   }
   return list;

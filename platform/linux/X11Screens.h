@@ -3,12 +3,12 @@
 // window manager announces. Works without X11 too, with the toolkit's own visible frame.
 
 #include <QObject>
-#include <cstdint>
-#include <map>
+#include <memory>
 #include <string>
 
 #include "platform/Screens.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11Panels.h"
 
 class QScreen;
 
@@ -29,17 +29,13 @@ class X11Screens : public QObject, public Screens {
   std::vector<ScreenInfo> read();
   bool hasMonitors() const;
   std::vector<Rect> workAreas() const;
-  void findHidingDocks();
 
   X11Connection* connection_;
   std::vector<ScreenInfo> list_;
   bool asksForMonitors_ = false;
-  // Docks that reserve nothing, and the screen at whose lower edge each was seen; "" as long as it was not. One that
-  // hides may be anywhere.
-  std::map<xcb_window_t, std::string> hidingDocks_;
+  std::unique_ptr<X11Panels> panels_;  // null without a server
   bool isPlanned_ = false;
   std::function<void()> handler_;
-  X11Watch watch_;
 };
 
 // Whether a connector of this name belongs to a panel of the computer itself.

@@ -70,12 +70,35 @@ TEST_F(ScreensOnX11, ADockThatHidesIsTold) {
   writeFile(folder_.filePath("hiding"),
             "panel_items = S\npanel_position = bottom center horizontal\npanel_size = 60% 40\n"
             "strut_policy = none\nautohide = 1\nautohide_height = 2\n");
-  EXPECT_FALSE(screens.list().front().hasHidingDock);
+  EXPECT_FALSE(screens.list().front().hidingDockHeight);
+  run("xdotool", {"mousemove", "800", "890"});
   Client dock("tint2", {"-c", folder_.filePath("hiding")});
-  EXPECT_TRUE(waitFor([&] { return screens.list().front().hasHidingDock; }));
-  EXPECT_EQ(screens.list().front().visibleFrame, screens.list().front().frame);
+  // While the pointer is on it, it is out.
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().hidingDockHeight == 40.0; }));
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == Rect{0, 40, 1600, 860}; }));
+  run("xdotool", {"mousemove", "800", "300"});
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == screens.list().front().frame; }));
+  EXPECT_EQ(screens.list().front().hidingDockHeight, 40.0);
   dock.stop();
-  EXPECT_TRUE(waitFor([&] { return !screens.list().front().hasHidingDock; }));
+  EXPECT_TRUE(waitFor([&] { return !screens.list().front().hidingDockHeight; }));
+}
+
+// As the bars of tiling window managers.
+TEST_F(ScreensOnX11, APanelThatNoWindowManagerListsTakesItsEdge) {
+  run("xprop", {"-root", "-remove", "_NET_WORKAREA"});
+  X11Screens screens(connection_.get());
+  QWindow panel;
+  panel.setFlags(Qt::X11BypassWindowManagerHint | Qt::FramelessWindowHint);
+  panel.setGeometry(0, 870, 1600, 30);
+  panel.create();
+  const std::uint32_t strut[] = {0, 0, 0, 30, 0, 0, 0, 0, 0, 0, 0, 1599};
+  xcb_change_property(connection_->xcb(), XCB_PROP_MODE_REPLACE, xcb_window_t(panel.winId()),
+                      connection_->atom("_NET_WM_STRUT_PARTIAL"), XCB_ATOM_CARDINAL, 32, 12, strut);
+  connection_->flush();
+  panel.show();
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == Rect{0, 30, 1600, 870}; }));
+  panel.hide();
+  EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == screens.list().front().frame; }));
 }
 
 TEST_F(ScreensOnX11, WithoutAScreenThereIsNoStandIn) {

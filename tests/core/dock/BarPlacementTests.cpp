@@ -27,6 +27,8 @@ TEST(BarPlacement, StandsEightFromItsEdgeInTheMiddleOfIt) {
       {"a panel at the side", {whole, {64, 0, 1536, 900}}, DockEdge::bottom, false, 1496, {400, 8}},
       {"the left edge", {whole, {0, 60, 1600, 810}}, DockEdge::left, true, 770, {8, 410}},
       {"the right edge", {whole, {0, 60, 1600, 810}}, DockEdge::right, false, 770, {792, 410}},
+      {"a panel at the left edge", {whole, {64, 0, 1536, 900}}, DockEdge::left, false, 860, {72, 410}},
+      {"a panel at the right edge", {whole, {0, 0, 1536, 900}}, DockEdge::right, false, 860, {728, 410}},
       {"another origin",
        {{-1920, 300, 1920, 1080}, {-1920, 340, 1920, 1040}},
        DockEdge::bottom,
@@ -47,6 +49,7 @@ TEST(BarPlacement, StandsEightFromItsEdgeInTheMiddleOfIt) {
     EXPECT_EQ(placed.maxLength, each.maxLength);
     EXPECT_EQ(placed.frame, (Rect{each.origin.x, each.origin.y, 800, 80}));
   }
+  EXPECT_EQ(placedBar({whole, whole}, DockEdge::bottom, 800, 80, true, 48).frame.y, 56) << "above a Dock that was seen";
 }
 
 }  // namespace
