@@ -56,11 +56,11 @@ void BubbleController::place() {
   if (!window_ || !center_.hasBubble()) return;
   const QQuickItem* panel = window_->part("panel");
   if (!panel) return;
-  PanelAnchor anchor = anchor_();
+  const PanelAnchor anchor = anchor_();
   // Without a compositor the window is cut to one rectangle, and a tail would be in a black strip.
-  if (!style_.isCompositing()) anchor.tile = {};
+  const BubbleTail tail = style_.isCompositing() ? BubbleTail::pointing : BubbleTail::none;
   const QSize size(qCeil(panel->property("panelWidth").toReal()), qCeil(panel->property("panelHeight").toReal()));
-  placement_ = placedBubble(size, anchor.tile, anchor.bar, anchor.screen, anchor.edge);
+  placement_ = placedBubble(size, anchor.tile, anchor.bar, anchor.screen, anchor.edge, tail);
   tailSide_ = placement_.hasTail ? toQString(nameOf(anchor.edge)) : QString();
   Q_EMIT placed();
   window_->setPanelFrame(placement_.frame, roomBesideBar(anchor.bar, anchor.screen, anchor.edge));

@@ -23,7 +23,8 @@ int centred(int middle, int length, Span room) {
 
 }  // namespace
 
-BubblePlacement placedBubble(QSize size, const QRect& tile, const QRect& bar, const QRect& screen, DockEdge edge) {
+BubblePlacement placedBubble(QSize size, const QRect& tile, const QRect& bar, const QRect& screen, DockEdge edge,
+                             BubbleTail tail) {
   const bool isRow = edge == DockEdge::bottom;
   const Span screenSpan = isRow ? across(screen) : down(screen), barSpan = isRow ? across(bar) : down(bar);
   const Span room{screenSpan.low + panelGap, screenSpan.high - panelGap};
@@ -36,7 +37,8 @@ BubblePlacement placedBubble(QSize size, const QRect& tile, const QRect& bar, co
 
   BubblePlacement placed;
   placed.tailAt = middle - start;
-  placed.hasTail = !tile.isEmpty() && placed.tailAt >= tailClearance && placed.tailAt <= length - tailClearance;
+  placed.hasTail = tail == BubbleTail::pointing && !tile.isEmpty() && placed.tailAt >= tailClearance &&
+                   placed.tailAt <= length - tailClearance;
   if (!placed.hasTail) placed.tailAt = 0;
   const int reach = placed.hasTail ? tailReach : 0;
   if (isRow) {

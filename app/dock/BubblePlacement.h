@@ -17,9 +17,13 @@ struct BubblePlacement {
   friend bool operator==(const BubblePlacement&, const BubblePlacement&) = default;
 };
 
+// Whether a bubble has a tail, where there is a tile to point at.
+enum class BubbleTail { pointing, none };
+
 // A bubble of `size`, without its tail, between the bar and the rest of `screen`. It covers the bar rather than
-// beyond its ends, as near to the middle of `tile` as that and the screen allow. Without a tile to point at (empty)
-// it is placed over the bar's middle and has no tail; nor has it one when the tile is out of the tail's reach.
-BubblePlacement placedBubble(QSize size, const QRect& tile, const QRect& bar, const QRect& screen, DockEdge edge);
+// beyond its ends, as near to the middle of `tile` as that and the screen allow. Without a tile (empty) it is placed
+// over the bar's middle and has no tail; nor has it one when the tile is out of the tail's reach.
+BubblePlacement placedBubble(QSize size, const QRect& tile, const QRect& bar, const QRect& screen, DockEdge edge,
+                             BubbleTail tail = BubbleTail::pointing);
 
 }  // namespace ambrel

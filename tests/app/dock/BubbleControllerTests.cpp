@@ -122,11 +122,12 @@ void BubbleControllerTests::itFollowsTheBar() {
 void BubbleControllerTests::withoutATileOrACompositorItHasNoTail() {
   Fixture f;
   f.say("8.2 GB free.");
-  const int withTail = f.frame().height();
+  const QRect withTail = f.frame();
   f.style.compositing = false;
   f.bubble->place();
   QCOMPARE(f.bubble->tailSide(), QString());
-  QCOMPARE(f.frame().height(), withTail - tailReach);
+  QCOMPARE(f.frame().height(), withTail.height() - tailReach);
+  QCOMPARE(f.frame().x(), withTail.x());
   f.style.compositing = true;
   f.anchor.tile = {};
   f.bubble->place();
