@@ -82,6 +82,7 @@ void ShelfPanelController::updateSensor() { sensor_->setActive(settings_.shelfOp
 void ShelfPanelController::makeWindow() {
   window_ = std::make_unique<PanelWindow>(engine_, seams_.windowStyle, WindowRole::panel);
   window_->setTitle(tr("Clipboard"));
+  window_->setCornerRadius(Theme::radiusBar);
   connect(window_.get(), &PanelWindow::leaveAsked, this, &ShelfPanelController::close);
   connect(window_.get(), &QWindow::activeChanged, this, [this] {
     // A click has given it the keyboard; from here on it stays until it loses it.
