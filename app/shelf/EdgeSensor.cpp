@@ -10,26 +10,31 @@ constexpr int movingInterval = 100;
 // Where movements are not announced.
 constexpr int blindInterval = 250;
 
-bool isInZone(Point pointer, const std::vector<ScreenInfo>& screens) {
+// How long a pointer has to rest where it is; nothing outside the zone.
+std::optional<Seconds> neededRest(Point pointer, const std::vector<ScreenInfo>& screens) {
   const auto screen =
       std::ranges::find_if(screens, [&](const ScreenInfo& one) { return one.frame.contains(pointer, true); });
-  if (screen == screens.end()) return false;
-  // Another program's panel is at that edge, and has its own use for a pointer there.
-  if (screen->visibleFrame.maxY() < screen->frame.maxY()) return false;
+  if (screen == screens.end()) return std::nullopt;
   const double reach = screen->frame.width * EdgeDwell::share / 2;
-  return screen->frame.maxY() - pointer.y <= EdgeDwell::depth && std::abs(pointer.x - screen->frame.midX()) <= reach;
+  if (std::abs(pointer.x - screen->frame.midX()) > reach) return std::nullopt;
+  const double upper = screen->visibleFrame.maxY();
+  const bool hasPanel = upper < screen->frame.maxY();
+  const double depth = hasPanel ? EdgeDwell::depthBelowPanel : EdgeDwell::depth;
+  if (pointer.y > upper || upper - pointer.y > depth) return std::nullopt;
+  return hasPanel ? EdgeDwell::dwellBelowPanel : EdgeDwell::dwell;
 }
 
 }  // namespace
 
 bool EdgeDwell::update(std::optional<Point> pointer, const std::vector<ScreenInfo>& screens, Instant now) {
-  if (!pointer || !isInZone(*pointer, screens)) {
+  const auto needed = pointer ? neededRest(*pointer, screens) : std::nullopt;
+  if (!needed) {
     since_.reset();
     hasAsked_ = false;
     return false;
   }
   if (!since_) since_ = now;
-  if (hasAsked_ || secondsBetween(*since_, now) < dwell) return false;
+  if (hasAsked_ || secondsBetween(*since_, now) < *needed) return false;
   hasAsked_ = true;
   return true;
 }

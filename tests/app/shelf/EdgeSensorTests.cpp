@@ -37,7 +37,10 @@ class EdgeSensorTests : public QObject {
   }
 
   void anotherProgramsPanelKeepsItsEdge() {
-    QVERIFY(!asks(Point{800, 900}, 1, {{"A", {0, 0, 1600, 900}, {0, 0, 1600, 870}, false}}));
+    const std::vector<ScreenInfo> below{{"A", {0, 0, 1600, 900}, {0, 0, 1600, 870}, false}};
+    for (const double y : {900.0, 870.5, 865.5}) QVERIFY(!asks(Point{800, y}, 1, below));
+    QVERIFY(asks(Point{800, 868}, 0.5, below));
+    QVERIFY(!asks(Point{800, 868}, 0.49, below));
     QVERIFY(asks(Point{800, 900}, 1, {{"A", {0, 0, 1600, 900}, {0, 40, 1600, 860}, false}}));
   }
 
