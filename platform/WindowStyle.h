@@ -50,6 +50,9 @@ class WindowStyle {
   // How much of the window, on each side, is shadow: window managers align what is inside. In points.
   virtual void setShadowMargin(QWindow& window, double margin) = 0;
 
+  // Whether the window manager has put a frame round a window that is shown, although it asks for none.
+  virtual bool isFramed(const QWindow& window) const = 0;
+
   // Whether a button of the mouse is held now. What the toolkit says of it is as old as its last event.
   virtual bool isPressed() const = 0;
   // Ends a move or a change of size that the window manager has begun. Some never end it by themselves when the

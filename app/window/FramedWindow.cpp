@@ -3,7 +3,9 @@
 #include <QCloseEvent>
 #include <QMouseEvent>
 #include <QScreen>
+#include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace ambrel {
 namespace {
@@ -13,6 +15,8 @@ constexpr double cornerRadius = 14;
 constexpr int grip = 5;
 // How often we look, while the window manager moves the window, whether the button is still held.
 constexpr std::chrono::milliseconds releaseInterval{100};
+// By then a window manager that frames every window has done so.
+constexpr std::chrono::milliseconds frameCheckDelay{150};
 
 }  // namespace
 
@@ -36,6 +40,13 @@ FramedWindow::FramedWindow(QQmlEngine& engine, WindowStyle& style, const QString
     release_.stop();
     style_.endMove(*this);
   });
+  frameCheck_.setSingleShot(true);
+  frameCheck_.setInterval(frameCheckDelay);
+  connect(&frameCheck_, &QTimer::timeout, this, [this] {
+    if (isFramed_ == style_.isFramed(*this)) return;
+    isFramed_ = !isFramed_;
+    updateFrame();
+  });
 }
 
 void FramedWindow::toggleMaximized() {
@@ -47,30 +58,43 @@ void FramedWindow::toggleMaximized() {
 
 void FramedWindow::startMove() {
   if (!isFilling_)
-    held_ = pressed_;
+    drag_ = {{}, geometry()};
   else if (style_.isPressed() && startSystemMove())
     release_.start();
 }
 
 void FramedWindow::startResize(int edges) {
-  // A quick drag can be over when we hear of it; the edge would follow the pointer until the next click.
-  if (style_.isPressed() && startSystemResize(Qt::Edges(edges))) release_.start();
+  if (!isFilling_) drag_ = {Qt::Edges(edges), geometry()};
+}
+
+void FramedWindow::follow(QPoint pointer) {
+  if (!drag_) return;
+  const QPoint way = pointer - pressed_;
+  QRect frame = drag_->start;
+  if (!drag_->edges) frame.translate(way);
+  if (drag_->edges & Qt::LeftEdge) frame.setLeft(std::min(frame.left() + way.x(), frame.right() + 1 - minimumWidth()));
+  if (drag_->edges & Qt::RightEdge)
+    frame.setRight(std::max(frame.right() + way.x(), frame.left() - 1 + minimumWidth()));
+  if (drag_->edges & Qt::TopEdge) frame.setTop(std::min(frame.top() + way.y(), frame.bottom() + 1 - minimumHeight()));
+  if (drag_->edges & Qt::BottomEdge)
+    frame.setBottom(std::max(frame.bottom() + way.y(), frame.top() - 1 + minimumHeight()));
+  setGeometry(frame);
 }
 
 void FramedWindow::mousePressEvent(QMouseEvent* event) {
-  pressed_ = event->globalPosition().toPoint() - position();
+  pressed_ = event->globalPosition().toPoint();
   QQuickView::mousePressEvent(event);
 }
 
 void FramedWindow::mouseMoveEvent(QMouseEvent* event) {
   QQuickView::mouseMoveEvent(event);
-  if (!event->buttons().testFlag(Qt::LeftButton)) held_.reset();
-  if (held_) setPosition(event->globalPosition().toPoint() - *held_);
+  if (!event->buttons().testFlag(Qt::LeftButton)) drag_.reset();
+  follow(event->globalPosition().toPoint());
 }
 
 void FramedWindow::mouseReleaseEvent(QMouseEvent* event) {
-  if (held_) setPosition(event->globalPosition().toPoint() - *held_);
-  held_.reset();
+  follow(event->globalPosition().toPoint());
+  drag_.reset();
   QQuickView::mouseReleaseEvent(event);
 }
 
@@ -94,17 +118,25 @@ void FramedWindow::showEvent(QShowEvent* event) {
   updateFrame();
 }
 
+void FramedWindow::exposeEvent(QExposeEvent* event) {
+  QQuickView::exposeEvent(event);
+  if (isExposed()) frameCheck_.start();
+}
+
 void FramedWindow::updateFrame() {
   isFilling_ = windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen);
-  margin_ = !isFilling_ && style_.isCompositing() ? shadowMargin : 0;
+  const int before = std::exchange(margin_, !isSquare() && style_.isCompositing() ? shadowMargin : 0);
   setMinimumSize(smallest_.grownBy({margin_, margin_, margin_, margin_}));
+  // What is inside stays where it is.
+  if (const int less = before - margin_; less != 0 && !isFilling_ && isFramed_)
+    setGeometry(geometry().adjusted(less, less, -less, -less));
   style_.setShadowMargin(*this, margin_);
   updateShape();
   Q_EMIT frameChanged();
 }
 
 void FramedWindow::updateShape() {
-  const double corner = isFilling_ || style_.isCompositing() ? 0 : cornerRadius;
+  const double corner = isSquare() || style_.isCompositing() ? 0 : cornerRadius;
   style_.setRoundedMask(*this, 0, 0, width(), height(), corner);
   const int free = std::max(margin_ - grip, 0);
   style_.setInputRect(*this, free, free, width() - 2 * free, height() - 2 * free);

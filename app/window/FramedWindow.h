@@ -19,6 +19,8 @@ class FramedWindow : public QQuickView {
   Q_PROPERTY(int margin READ margin NOTIFY frameChanged)
   // Maximised or full screen: there is no room for a shadow or for round corners.
   Q_PROPERTY(bool isFilling READ isFilling NOTIFY frameChanged)
+  // Filling, or in a frame of the window manager's.
+  Q_PROPERTY(bool isSquare READ isSquare NOTIFY frameChanged)
 
  public:
   static constexpr int shadowMargin = 48;
@@ -28,11 +30,13 @@ class FramedWindow : public QQuickView {
 
   int margin() const { return margin_; }
   bool isFilling() const { return isFilling_; }
+  bool isSquare() const { return isFilling_ || isFramed_; }
 
   Q_INVOKABLE void minimize() { showMinimized(); }
   Q_INVOKABLE void toggleMaximized();
-  // The pointer is pressed: the window moves with it until it is released. We move it ourselves: some window managers
-  // move none, and others miss the release of a quick drag and go on. They restore a maximised window, and move edges.
+  // The pointer is pressed: the window, or these edges of it, move with it until it is released. We move them
+  // ourselves: some window managers do not, and others miss the release of a quick drag and go on. They restore a
+  // maximised window.
   Q_INVOKABLE void startMove();
   Q_INVOKABLE void startResize(int edges);
 
@@ -44,6 +48,7 @@ class FramedWindow : public QQuickView {
   bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void exposeEvent(QExposeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -51,15 +56,20 @@ class FramedWindow : public QQuickView {
  private:
   void updateFrame();
   void updateShape();
+  void follow(QPoint pointer);
 
   WindowStyle& style_;
   QSize smallest_;
   int margin_ = 0;
   bool isFilling_ = false;
-  QTimer release_;
-  // From the window's corner to the pointer: where it was pressed last, and while it moves the window.
-  QPoint pressed_;
-  std::optional<QPoint> held_;
+  bool isFramed_ = false;
+  QTimer release_, frameCheck_;
+  QPoint pressed_;  // the pointer on the screen, when it was pressed last
+  struct Drag {
+    Qt::Edges edges;  // none: the whole window
+    QRect start;
+  };
+  std::optional<Drag> drag_;
 };
 
 }  // namespace ambrel

@@ -6,6 +6,8 @@ Item {
     id: root
 
     readonly property int grip: 8
+    // Without a compositor the window ends at the arc of its corner.
+    readonly property int cornerGrip: 20
 
     signal resizeAsked(int edges)
 
@@ -52,11 +54,12 @@ Item {
             readonly property bool isRight: edges & Qt.RightEdge
             readonly property bool isTop: edges & Qt.TopEdge
             readonly property bool isBottom: edges & Qt.BottomEdge
+            readonly property int depth: (isLeft || isRight) && (isTop || isBottom) ? root.cornerGrip : root.grip
 
-            x: isRight ? root.width - root.grip : 0
-            y: isBottom ? root.height - root.grip : 0
-            width: isLeft || isRight ? root.grip : root.width
-            height: isTop || isBottom ? root.grip : root.height
+            x: isRight ? root.width - depth : 0
+            y: isBottom ? root.height - depth : 0
+            width: isLeft || isRight ? depth : root.width
+            height: isTop || isBottom ? depth : root.height
             cursorShape: modelData.cursor
             onPressed: root.resizeAsked(edges)
         }

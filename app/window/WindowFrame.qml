@@ -19,7 +19,7 @@ FocusScope {
 
         anchors.fill: parent
         anchors.margins: root.margin
-        radius: root.window.isFilling ? 0 : Theme.radiusTile
+        radius: root.window.isSquare ? 0 : Theme.radiusTile
         shadow: "raised"
     }
 

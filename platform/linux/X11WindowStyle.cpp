@@ -158,6 +158,8 @@ void X11WindowStyle::setShadowMargin(QWindow& window, double margin) {
   xcb_flush(xcb);
 }
 
+bool X11WindowStyle::isFramed(const QWindow& window) const { return X11Window::isFramed(window, connection_); }
+
 bool X11WindowStyle::isPressed() const {
   if (!connection_ || connection_->isBroken()) return false;
   const XcbPtr<xcb_query_pointer_reply_t> reply(

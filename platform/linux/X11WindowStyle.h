@@ -22,6 +22,7 @@ class X11WindowStyle : public WindowStyle {
   void setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) override;
   void setInputRect(QWindow& window, double x, double y, double width, double height) override;
   void setShadowMargin(QWindow& window, double margin) override;
+  bool isFramed(const QWindow& window) const override;
   bool isPressed() const override;
   void endMove(QWindow& window) override;
 

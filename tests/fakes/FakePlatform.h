@@ -210,6 +210,7 @@ class FakeWindowStyle : public WindowStyle {
     inputs.push_back({x, y, width, height});
   }
   void setShadowMargin(QWindow&, double margin) override { margins.push_back(margin); }
+  bool isFramed(const QWindow&) const override { return false; }
   bool isPressed() const override { return false; }
   void endMove(QWindow&) override {}
 
