@@ -23,6 +23,27 @@ add_library(ambrel_strict INTERFACE)
 target_link_libraries(ambrel_strict INTERFACE ambrel_flags)
 target_compile_options(ambrel_strict INTERFACE -Wpedantic -Wshadow -Wnon-virtual-dtor -Wextra-semi)
 
+# Tests are built more often than they run for long. Programs and libraries use one set of precompiled headers, which
+# asks for one kind of code.
+add_library(ambrel_quick_build INTERFACE)
+target_compile_options(ambrel_quick_build INTERFACE -fPIC $<$<STREQUAL:"${AMBREL_SANITIZE}","">:-O0>)
+
+# Headers that are parsed once for all targets that name their set: that takes longer than the rest of most files.
+# ambrel_precompiled_headers(NAME HEADERS... LINK LIBRARIES...)
+function(ambrel_precompiled_headers name)
+  cmake_parse_arguments(ARG "" "" "HEADERS;LINK" ${ARGN})
+  add_library(${name} STATIC EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/cmake/Precompiled.cpp)
+  target_link_libraries(${name} PRIVATE ${ARG_LINK})
+  target_precompile_headers(${name} PRIVATE <algorithm> <filesystem> <functional> <map> <memory> <optional> <set> <string>
+    <variant> <vector> ${ARG_HEADERS})
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+endfunction()
+function(ambrel_precompile name headers)
+  if(TARGET ${headers} AND AMBREL_PRECOMPILE)
+    target_precompile_headers(${name} REUSE_FROM ${headers})
+  endif()
+endfunction()
+
 # ambrel_core_library(NAME SOURCES... [LINK PUBLIC_LIBRARIES...] [PRIVATE PRIVATE_LIBRARIES...])
 function(ambrel_core_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE" ${ARGN})
@@ -43,7 +64,8 @@ function(ambrel_core_test name)
   cmake_parse_arguments(ARG "CASES" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC OFF)
-  target_link_libraries(${name} PRIVATE ambrel_strict ${ARG_LINK} GTest::gmock GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE ambrel_strict ambrel_quick_build ${ARG_LINK} GTest::gmock GTest::gtest_main)
+  ambrel_precompile(${name} ambrel_core_test_headers)
   if(ARG_CASES)
     ambrel_test_data(${name})
   endif()
@@ -51,8 +73,8 @@ function(ambrel_core_test name)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
 endfunction()
 
-# A QML module: a static library of C++ types and QML files under one URI. Programs and tests that use it link it
-# through ambrel_qml_program or ambrel_qt_test, which add the module's plugin as well.
+# A QML module: a static library of C++ types and QML files under one URI; whoever uses it links it. It has no plugin: its
+# registrations are asked for by name, so that the linker takes them out of the library.
 # ambrel_qml_module(NAME URI a.b [QML FILES...] [SOURCES...] [RESOURCES...] [LINK PUBLIC_LIBRARIES...] [PRIVATE...]
 #                   [DEPENDS URIS...])  DEPENDS: the modules whose types its own C++ types have as properties
 function(ambrel_qml_module name)
@@ -62,7 +84,19 @@ function(ambrel_qml_module name)
   if(NOT AMBREL_QML_CACHE)
     set(_cache NO_CACHEGEN)
   endif()
+  string(REPLACE "." "_" _registration "qml_register_types_${ARG_URI}")
+  set(_cached "qInitResources_qmlcache_${name}")
+  set(_symbols "")
+  foreach(_symbol IN ITEMS ${_registration} ${_cached})
+    string(LENGTH ${_symbol} _length)
+    list(APPEND _symbols "LINKER:--undefined=_Z${_length}${_symbol}v")
+  endforeach()
+  if(NOT AMBREL_QML_CACHE)
+    list(POP_BACK _symbols)
+  endif()
   qt_add_library(${name} STATIC)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_options(${name} INTERFACE ${_symbols})
   # Without the dependency on QtQuick and the import path, qmllint knows neither painted items nor our other modules.
   qt_add_qml_module(${name}
     URI ${ARG_URI} VERSION 1.0
@@ -73,6 +107,7 @@ function(ambrel_qml_module name)
     QML_FILES ${ARG_QML}
     SOURCES ${ARG_SOURCES}
     RESOURCES ${ARG_RESOURCES}
+    NO_PLUGIN
     ${_cache})
   # A file of compiled QML is a page of data under a long list of headers: many to a translation unit build several
   # times faster. Everything else stays by itself.
@@ -83,13 +118,7 @@ function(ambrel_qml_module name)
   # The generated type registration includes the module's headers by their bare names.
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} Qt6::Quick PRIVATE ambrel_flags ${ARG_PRIVATE})
-endfunction()
-
-# Links QML modules and their plugins to a program; the engine needs addImportPath("qrc:/qt/qml").
-function(ambrel_link_qml_modules name)
-  foreach(_module IN LISTS ARGN)
-    target_link_libraries(${name} PRIVATE ${_module} ${_module}plugin)
-  endforeach()
+  ambrel_precompile(${name} ambrel_qt_headers)
 endfunction()
 
 # ambrel_qml_program(NAME SOURCES... MODULES QML_MODULES... LINK LIBRARIES...)
@@ -97,7 +126,7 @@ function(ambrel_qml_program name)
   cmake_parse_arguments(ARG "" "" "SOURCES;MODULES;LINK" ${ARGN})
   qt_add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ambrel_flags ${ARG_LINK} Qt6::Quick)
-  ambrel_link_qml_modules(${name} ${ARG_MODULES})
+  target_link_libraries(${name} PRIVATE ${ARG_MODULES})
 endfunction()
 
 # A QTest program, run without a display and without a session bus. One test class a source file, which includes its
@@ -107,11 +136,12 @@ function(ambrel_qt_test name)
   cmake_parse_arguments(ARG "CASES" "" "SOURCES;MODULES;LINK" ${ARGN})
   qt_add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_link_libraries(${name} PRIVATE ambrel_flags ${ARG_LINK} Qt6::Test)
+  target_link_libraries(${name} PRIVATE ambrel_flags ambrel_quick_build ${ARG_LINK} Qt6::Test)
   if(ARG_CASES)
     ambrel_test_data(${name})
   endif()
-  ambrel_link_qml_modules(${name} ${ARG_MODULES})
+  target_link_libraries(${name} PRIVATE ${ARG_MODULES})
+  ambrel_precompile(${name} ambrel_qt_test_headers)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8;TZ=UTC;DBUS_SESSION_BUS_ADDRESS=disabled:")
