@@ -34,6 +34,28 @@ enum class AgentStatus {
 // What a list shows: "Needs you", "Working", "Done", "Idle".
 std::string_view displayName(AgentStatus status);
 
+// What an agent that is blocked asks for, and how that is known.
+struct AgentWait {
+  enum class Reason {
+    permission,  // to run a tool
+    question,
+    plan,  // whether to carry a plan out
+    other,
+  };
+  enum class Source {
+    hook,      // the tool called our hook
+    registry,  // the tool's own list of running sessions
+    log,       // an open question in the conversation's log
+    store,     // the tool's database
+  };
+  Reason reason = Reason::other;
+  std::optional<std::string> detail = {};  // one line: the question, "Bash: make test"; at most 120 characters
+  Instant since = {};
+  Source source = Source::log;
+
+  friend bool operator==(const AgentWait&, const AgentWait&) = default;
+};
+
 // One conversation. Texts are valid UTF-8.
 struct AgentSession {
   std::string id;  // a prefix for the kind and the tool's own identifier: "claude:0b54c9de-..."
@@ -42,7 +64,8 @@ struct AgentSession {
   std::optional<std::string> project = {};  // last component of the working folder
   std::optional<std::string> detail = {};   // what it does now: a tool's name, "Thinking", "Done", "12 steps"
   AgentStatus status = AgentStatus::idle;
-  Instant updatedAt = {};  // the file's modification date, or the store's own time stamp
+  Instant updatedAt = {};              // the file's modification date, or the store's own time stamp
+  std::optional<AgentWait> wait = {};  // only with needsInput
 
   friend bool operator==(const AgentSession&, const AgentSession&) = default;
 };
@@ -70,6 +93,8 @@ AgentReaders makeAgentReaders();
 
 // What all readers give: the most urgent status first, in one status the newest first, then in the readers' order.
 std::vector<AgentSession> mergedSessions(const AgentReaders& readers, const std::filesystem::path& home, Instant now);
+// The same order for what the readers gave.
+std::vector<AgentSession> mergedSessions(std::vector<std::vector<AgentSession>> found);
 
 // The last component of a path or of a "file://" URL; absent for no text, an empty one and a broken URL.
 // A slash at the end does not count; "/" gives "/".

@@ -78,8 +78,12 @@ AgentReaders makeAgentReaders() {
 
 std::vector<AgentSession> mergedSessions(const AgentReaders& readers, const std::filesystem::path& home, Instant now) {
   std::vector<std::vector<AgentSession>> found;
-  std::vector<AgentSession*> order;
   for (const auto& reader : readers) found.push_back(reader->sessions(home, now));
+  return mergedSessions(std::move(found));
+}
+
+std::vector<AgentSession> mergedSessions(std::vector<std::vector<AgentSession>> found) {
+  std::vector<AgentSession*> order;
   for (auto& sessions : found)
     for (AgentSession& session : sessions) order.push_back(&session);
   // Records are heavy to move: only their positions are sorted.

@@ -29,6 +29,11 @@ void to_json(nlohmann::json& json, const AgentSession& session) {
           {"updatedAt", session.updatedAt}};
   if (session.project) json["project"] = *session.project;
   if (session.detail) json["detail"] = *session.detail;
+  if (const auto& wait = session.wait) {
+    JSON& entry =
+        json["wait"] = {{"reason", nameOf(wait->reason)}, {"since", wait->since}, {"source", nameOf(wait->source)}};
+    if (wait->detail) entry["detail"] = *wait->detail;
+  }
 }
 
 void from_json(const nlohmann::json& json, AgentSession& session) {
@@ -40,6 +45,13 @@ void from_json(const nlohmann::json& json, AgentSession& session) {
   session.detail = stringField(json, "detail");
   session.status = requiredCase<AgentStatus>(json, "status");
   session.updatedAt = json.contains("updatedAt") ? json.at("updatedAt").get<Instant>() : Instant{};
+  if (const JSON* wait = objectField(json, "wait")) {
+    AgentWait& read = session.wait.emplace();
+    read.reason = requiredCase<AgentWait::Reason>(*wait, "reason");
+    read.source = requiredCase<AgentWait::Source>(*wait, "source");
+    read.detail = stringField(*wait, "detail");
+    read.since = wait->contains("since") ? wait->at("since").get<Instant>() : Instant{};
+  }
 }
 
 }  // namespace ambrel

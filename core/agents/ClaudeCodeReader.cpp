@@ -55,6 +55,10 @@ std::optional<AgentSession> claudeSession(std::string_view identifier, const Rec
 }
 
 std::vector<AgentSession> ClaudeCodeReader::sessions(const std::filesystem::path& home, Instant now) const {
+  return withoutLogs(logged(home, now));
+}
+
+std::vector<LoggedSession> ClaudeCodeReader::logged(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   std::vector<SessionFile> files;
   for (const std::string& folder : possibleFolders(home / ".claude/projects", *listings_)) {
@@ -62,7 +66,7 @@ std::vector<AgentSession> ClaudeCodeReader::sessions(const std::filesystem::path
     files.insert(files.end(), std::make_move_iterator(recent.begin()), std::make_move_iterator(recent.end()));
   }
   LineParser parser;
-  return cache_->sessions(files, now, [&](const SessionFile& file, Instant written) {
+  return cache_->sessions(std::move(files), now, [&](const SessionFile& file, Instant written) {
     return claudeSession(sessionIdentifier(file.path), tailRecords(file.path, tailBytes), file.modified, written,
                          parser);
   });

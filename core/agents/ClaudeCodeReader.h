@@ -12,6 +12,8 @@ namespace ambrel {
 class ClaudeCodeReader : public AgentSessionReader {
  public:
   std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const override;
+  // The same, each with its log.
+  std::vector<LoggedSession> logged(const std::filesystem::path& home, Instant now) const;
 
  private:
   std::shared_ptr<FolderListings> listings_ = std::make_shared<FolderListings>();

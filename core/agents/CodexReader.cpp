@@ -43,6 +43,10 @@ AgentSession codexSession(std::string_view identifier, std::optional<std::string
 }
 
 std::vector<AgentSession> CodexReader::sessions(const std::filesystem::path& home, Instant now) const {
+  return withoutLogs(logged(home, now));
+}
+
+std::vector<LoggedSession> CodexReader::logged(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   LineParser parser;
   return cache_->sessions(recentSessionFiles(home / ".codex/sessions", since, true, listings_.get()), now,

@@ -2,8 +2,14 @@
 
 namespace ambrel {
 
-std::vector<AgentSession> SessionCache::sessions(const std::vector<SessionFile>& files, Instant now,
-                                                 const Parse& parse) {
+std::vector<AgentSession> withoutLogs(std::vector<LoggedSession> logged) {
+  std::vector<AgentSession> sessions;
+  sessions.reserve(logged.size());
+  for (LoggedSession& each : logged) sessions.push_back(std::move(each.session));
+  return sessions;
+}
+
+std::vector<LoggedSession> SessionCache::sessions(std::vector<SessionFile> files, Instant now, const Parse& parse) {
   std::shared_ptr<const Entries> known;
   {
     const std::lock_guard guard(lock_);
@@ -38,12 +44,12 @@ std::vector<AgentSession> SessionCache::sessions(const std::vector<SessionFile>&
     }
   }
 
-  std::vector<AgentSession> sessions;
+  std::vector<LoggedSession> sessions;
   sessions.reserve(files.size());
-  for (const Entry* entry : found) {
-    if (!entry->session) continue;
-    sessions.push_back(*entry->session);
-    sessions.back().status = AgentTiming::aged(entry->session->status, secondsBetween(entry->modified, now));
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    if (!found[i]->session) continue;
+    AgentSession& session = sessions.emplace_back(LoggedSession{*found[i]->session, std::move(files[i])}).session;
+    session.status = AgentTiming::aged(session.status, secondsBetween(found[i]->modified, now));
   }
 
   if (fresh) {

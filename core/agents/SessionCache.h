@@ -14,6 +14,13 @@
 
 namespace ambrel {
 
+// A conversation and the log that it was read from.
+struct LoggedSession {
+  AgentSession session;
+  SessionFile file;
+};
+std::vector<AgentSession> withoutLogs(std::vector<LoggedSession> logged);
+
 class SessionCache {
  public:
   // `now` is the file's own date: what is kept is the session as it stood when its file was last written.
@@ -22,7 +29,7 @@ class SessionCache {
   // The sessions in the order of the files, aged to `now`. A file whose date is exactly the remembered one is not
   // parsed again, even if it held nothing usable; files that are no longer given are forgotten.
   // Parsing happens outside the lock; of two overlapping calls the later one is remembered.
-  std::vector<AgentSession> sessions(const std::vector<SessionFile>& files, Instant now, const Parse& parse);
+  std::vector<LoggedSession> sessions(std::vector<SessionFile> files, Instant now, const Parse& parse);
 
  private:
   struct Entry {

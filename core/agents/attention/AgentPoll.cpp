@@ -1,0 +1,154 @@
+#include "core/agents/attention/AgentPoll.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "core/agents/AntigravityReader.h"
+#include "core/agents/ClaudeCodeReader.h"
+#include "core/agents/CodexReader.h"
+#include "core/agents/CursorReader.h"
+#include "core/agents/attention/Attention.h"
+#include "core/agents/attention/HookStore.h"
+#include "core/agents/attention/TitleSearch.h"
+
+namespace ambrel {
+namespace {
+
+constexpr std::size_t tailBytes = 262144;
+constexpr Seconds hooksAreKept{86400};
+
+// The signs of each log, read again when it changed.
+class SignsCache {
+ public:
+  void beginLook() {
+    former_ = std::move(present_);
+    present_.clear();
+  }
+
+  const LogSigns& signs(AgentKind kind, const SessionFile& file, LineParser& parser) {
+    Entry& entry = present_[file.path];
+    if (const auto known = former_.find(file.path); known != former_.end()) entry = std::move(known->second);
+    if (!entry.isRead || !entry.file.hasSameDate(file) || entry.file.size != file.size) {
+      const RecordTail tail = tailRecords(file.path, tailBytes);
+      const bool isWhole = file.size <= tailBytes;
+      entry.signs = kind == AgentKind::codex ? codexSigns(tail, isWhole, parser) : claudeSigns(tail, isWhole, parser);
+      entry.file = file;
+      entry.isRead = true;
+    }
+    return entry.signs;
+  }
+
+ private:
+  struct Entry {
+    SessionFile file;
+    LogSigns signs;
+    bool isRead = false;
+  };
+  std::unordered_map<std::string, Entry> present_, former_;
+};
+
+}  // namespace
+
+struct AgentPoll::Impl {
+  Impl(const std::filesystem::path& data, std::filesystem::path proc) : processes(std::move(proc)), files(data) {}
+
+  std::filesystem::path processes;
+  ClaudeCodeReader claude;
+  CodexReader codex;
+  CursorReader cursor;
+  AntigravityReader antigravity;
+
+  LiveRegistry registry;
+  std::unordered_multimap<std::string, LiveRecord> live;  // by the conversation
+  HookStoreFiles files;
+  HookStoreReader store;
+  std::unordered_map<std::string, HookState> hooks;  // by the tool and the conversation
+  SignsCache logs;
+  TitleSearch titles;
+  LineParser parser;
+
+  // Codex names the conversation or its log, whose name ends with the conversation's.
+  static std::string hookKey(AgentKind kind, std::string_view session) {
+    constexpr std::size_t length = 36;
+    if (kind == AgentKind::codex && session.size() > length) session.remove_prefix(session.size() - length);
+    return std::string(nameOf(kind)) + ":" + std::string(session);
+  }
+
+  void readHooks(Instant now) {
+    bool hasNew = false;
+    store.readNew(files, [&](const HookEvent& event) {
+      hooks[hookKey(event.kind, event.session)].take(event);
+      hasNew = true;
+    });
+    if (hasNew)
+      std::erase_if(hooks, [&](const auto& each) { return secondsBetween(each.second.lastAt, now) > hooksAreKept; });
+  }
+
+  AgentSession attend(LoggedSession each, Instant now) {
+    const std::string name = sessionIdentifier(each.file.path);
+    const LogSigns& signs = logs.signs(each.session.kind, each.file, parser);
+    AttentionSigns all{.log = &signs};
+    if (each.session.kind == AgentKind::claudeCode) {
+      all.customTitle = titles.title(each.file, tailBytes, signs.customTitle, parser);
+      all.hasRegistry = !live.empty();
+      const auto [first, last] = live.equal_range(name);
+      for (auto record = first; record != last; ++record) all.live.push_back(record->second);
+    }
+    const auto hook = hooks.find(hookKey(each.session.kind, name));
+    all.hook = hook == hooks.end() ? nullptr : &hook->second;
+    if (all.hook && all.hook->process.pid > 0) {
+      const ToolProcess& tool = all.hook->process;
+      using enum AttentionSigns::ToolState;
+      all.tool = isSameProcess(processes, tool.pid, tool.start) ? runs : ended;
+      if (!all.hook->open.empty() && all.hook->open.front().ticks > 0)
+        all.hasToolGoneOn = hasChildSince(processes, tool.pid, all.hook->open.front().ticks);
+    }
+    return attended(std::move(each.session), all, now);
+  }
+
+  std::vector<AgentSession> attendAll(std::vector<LoggedSession> sessions, Instant now) {
+    std::vector<AgentSession> all;
+    all.reserve(sessions.size());
+    for (LoggedSession& each : sessions) all.push_back(attend(std::move(each), now));
+    return all;
+  }
+};
+
+AgentPoll::AgentPoll(std::filesystem::path data, std::filesystem::path processes)
+    : impl_(std::make_unique<Impl>(data, std::move(processes))) {}
+AgentPoll::~AgentPoll() = default;
+
+std::vector<AgentSession> AgentPoll::sessions(const std::filesystem::path& home, Instant now) const {
+  Impl& all = *impl_;
+  std::vector<std::vector<AgentSession>> found;
+  auto claude = all.claude.logged(home, now), codex = all.codex.logged(home, now);
+  all.live.clear();
+  for (LiveRecord& record : all.registry.records(home, all.processes)) {
+    std::string session = record.sessionId;
+    all.live.emplace(std::move(session), std::move(record));
+  }
+  all.readHooks(now);
+  if (all.live.empty() && !all.store.exists()) {
+    found.push_back(withoutLogs(std::move(claude)));
+    found.push_back(withoutLogs(std::move(codex)));
+  } else {
+    all.logs.beginLook();
+    all.titles.beginLook();
+    found.push_back(all.attendAll(std::move(claude), now));
+    found.push_back(all.attendAll(std::move(codex), now));
+  }
+  found.push_back(all.cursor.sessions(home, now));
+  for (AgentSession& session : found.back())
+    if (session.status == AgentStatus::needsInput)
+      session.wait = AgentWait{.since = session.updatedAt, .source = AgentWait::Source::store};
+  found.push_back(all.antigravity.sessions(home, now));
+  return mergedSessions(std::move(found));
+}
+
+AgentReaders makeAttentiveReaders(const std::filesystem::path& data) {
+  AgentReaders readers;
+  readers.push_back(std::make_unique<AgentPoll>(data));
+  return readers;
+}
+
+}  // namespace ambrel
