@@ -57,7 +57,7 @@ struct Command {
   std::string name;
   std::string summary;
   std::vector<CommandOption> options;
-  // Exactly one of the two is given: commands of its own ("statusline install"), or what carries it out.
+  // Commands of its own ("statusline install"), what carries it out without one of them, or both.
   std::vector<Command> commands;
   std::function<void(const Arguments&, Context&)> run;
   std::string details = {};  // printed below the options by --help

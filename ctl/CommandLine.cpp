@@ -45,7 +45,7 @@ class Parser {
     refuseExtras();
 
     const Slot* slot = chosen();
-    if (!slot || !slot->command->commands.empty())
+    if (!slot || !slot->command->run)
       throw UsageError(std::string(slot ? "this command needs one of its own" : "no command is given") + "; see '" +
                        helpCommand() + " --help'");
     parsed.command = slot->command;
@@ -121,7 +121,8 @@ class Parser {
     }
     for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
       known.push_back(command->get_name());
-    throw UsageError((known.empty() ? "unexpected argument '" : "unknown command '") + word + "'" +
+    const bool takesNone = known.empty() || (slot && slot->command->run);
+    throw UsageError((takesNone ? "unexpected argument '" : "unknown command '") + word + "'" +
                      hint(word, known, "'" + helpCommand() + " --help'"));
   }
 

@@ -9,6 +9,7 @@
 
 #include "ctl/CommandLine.h"
 #include "ctl/Context.h"
+#include "ctl/HookCall.h"
 #include "ctl/commands/Commands.h"
 
 namespace ambrel {
@@ -39,6 +40,8 @@ std::filesystem::path folder(const char* name, const char* fallback) {
   return userHome() / fallback / "Ambrel";
 }
 
+std::filesystem::path dataFolder() { return folder("XDG_DATA_HOME", ".local/share"); }
+
 Instant clockTime() {
   using namespace std::chrono;
   return time_point_cast<microseconds>(system_clock::now());
@@ -58,7 +61,7 @@ void runCommand(int count, const char* const* words, Output& out) {
   const GlobalOptions& global = parsed.global;
   Context context{
       .home = global.home ? std::filesystem::path(*global.home) : userHome(),
-      .data = global.data ? std::filesystem::path(*global.data) : folder("XDG_DATA_HOME", ".local/share"),
+      .data = global.data ? std::filesystem::path(*global.data) : dataFolder(),
       .config = folder("XDG_CONFIG_HOME", ".config"),
       .now = clockTime,
       .calendar = Calendar::fromVariables(variable("TZ"), variable("LC_ALL"), variable("LC_TIME"), variable("LANG")),
@@ -80,6 +83,10 @@ int complain(ExitStatus status, const char* text) {
 
 int main(int count, char** words) {
   using namespace ambrel;
+  if (const auto call = hookCall({words + 1, words + count})) {
+    keepHookEvent(*call, [&] { return call->data.empty() ? dataFolder() : std::filesystem::path(call->data); });
+    return done;
+  }
   std::signal(SIGPIPE, SIG_IGN);
   Output out(STDOUT_FILENO);
   try {

@@ -1,6 +1,7 @@
 #include "core/agents.h"
 
 #include "core/agents/AgentSessionJSON.h"
+#include "core/agents/attention/AgentPoll.h"
 #include "core/base/JSON.h"
 #include "core/base/LocalText.h"
 #include "ctl/Table.h"
@@ -43,12 +44,12 @@ std::string asTable(const std::vector<AgentSession>& sessions, const Context& co
 
 void run(const Arguments& arguments, Context& context) {
   const auto interval = watchInterval(arguments, pollInterval);
-  const AgentReaders readers = makeAgentReaders();
+  const AgentPoll poll(context.data);
   std::optional<std::vector<AgentSession>> last;
   std::string text;
   printWatching(context, interval, [&] {
     const Instant now = context.now();
-    auto sessions = mergedSessions(readers, context.home, now);
+    auto sessions = poll.sessions(context.home, now);
     // Between two changes only a terminal is kept up to date with the ages.
     if (last == sessions && !context.out.isTerminal()) return text;
     text = context.json ? compactJSON(JSON(sessions)) + "\n" : asTable(sessions, context, now);
@@ -64,7 +65,7 @@ Command agentsCommand() {
       .name = "agents",
       .summary = "The sessions of the coding agents, the most urgent first",
       .options = {watchOption("Print the list again whenever it changes"), everyOption("Time between two looks [3]")},
-      .commands = {},
+      .commands = agentHookCommands(),
       .run = run};
 }
 

@@ -16,4 +16,7 @@ Command usageCommand();
 Command weatherCommand();
 Command widgetsCommand();
 
+// Below "agents".
+std::vector<Command> agentHookCommands();
+
 }  // namespace ambrel

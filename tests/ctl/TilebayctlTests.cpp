@@ -46,7 +46,8 @@ TEST(Tilebayctl, PrintsTheSessionsAsJSON) {
   EXPECT_EQ(result.error, "");
   const auto expected = parseJSON(R"([
     {"id":"cursor:c1","kind":"cursor","title":"Ask\u001b[31m me","detail":"+0 −0 · 2 files","status":"needsInput",
-     "updatedAt":"2026-11-21T11:58:00Z"},
+     "updatedAt":"2026-11-21T11:58:00Z",
+     "wait":{"reason":"other","since":"2026-11-21T11:58:00Z","source":"store"}},
     {"id":"claude:0b54","kind":"claudeCode","title":"tilebay","project":"tilebay","detail":"Thinking",
      "status":"working","updatedAt":"2026-11-21T11:59:00Z"},
     {"id":"codex:rollout-1","kind":"codex","title":"weather","project":"weather","detail":"Done",
