@@ -4,7 +4,8 @@
 
 #include <QAbstractListModel>
 #include <algorithm>
-#include <map>
+#include <iterator>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -34,11 +35,36 @@ class RecordListModel : public Base {
   // Says whether anything changed.
   bool setRows(const std::vector<Record>& next) {
     if (next == rows_) return false;
-    Numbers numbers;
-    const std::vector<int> before = numbered(rows_, numbers), after = numbered(next, numbers);
-    for (const RowChange& step : rowChanges<int>(before, after, mostSteps)) carryOut(step, next);
+    const auto hasSameKey = [this](const Record& a, const Record& b) { return keyOf(a) == keyOf(b); };
+    const auto head = std::mismatch(rows_.begin(), rows_.end(), next.begin(), next.end(), hasSameKey);
+    const auto tail = std::mismatch(rows_.rbegin(), std::make_reverse_iterator(head.first), next.rbegin(),
+                                    std::make_reverse_iterator(head.second), hasSameKey);
+    const auto first = static_cast<int>(head.first - rows_.begin());
+    const auto [before, after] = numbered({head.first, tail.first.base()}, {head.second, tail.second.base()});
+    for (RowChange step : rowChanges<int>(before, after, mostSteps)) {
+      step.first += first;
+      step.last += first;
+      carryOut(step, next);
+    }
     announceChanges(next);
     return true;
+  }
+
+  // Single steps of the same, for those who know what changes: they cost as little however many rows there are.
+  void insertRecord(int position, Record record) {
+    this->beginInsertRows({}, position, position);
+    rows_.insert(at(position), std::move(record));
+    this->endInsertRows();
+  }
+  void removeRecord(int position) {
+    this->beginRemoveRows({}, position, position);
+    rows_.erase(at(position));
+    this->endRemoveRows();
+  }
+  template <typename Change>
+  void changeRecord(int position, const Change& change) {
+    change(rows_[static_cast<std::size_t>(position)]);
+    Q_EMIT this->dataChanged(this->index(position), this->index(position));
   }
 
  private:
@@ -46,17 +72,26 @@ class RecordListModel : public Base {
   static constexpr std::size_t mostSteps = 256;
 
   // A number for the first row of a key, another for its second, and so on; the same in both lists.
-  using Numbers = std::map<std::pair<Key, int>, int>;
-  std::vector<int> numbered(const std::vector<Record>& rows, Numbers& numbers) const {
-    std::map<Key, int> seen;
-    std::vector<int> list;
-    list.reserve(rows.size());
-    for (const Record& record : rows) {
-      const Key key = keyOf(record);
-      const int place = seen[key]++;
-      list.push_back(numbers.try_emplace({key, place}, static_cast<int>(numbers.size())).first->second);
+  std::pair<std::vector<int>, std::vector<int>> numbered(std::span<const Record> before,
+                                                         std::span<const Record> after) const {
+    struct Place {
+      Key key;
+      bool isAfter;
+      std::size_t row;
+    };
+    std::vector<Place> places;
+    places.reserve(before.size() + after.size());
+    for (std::size_t i = 0; i < before.size(); ++i) places.push_back({keyOf(before[i]), false, i});
+    for (std::size_t i = 0; i < after.size(); ++i) places.push_back({keyOf(after[i]), true, i});
+    std::stable_sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.key < b.key; });
+    std::pair numbers{std::vector<int>(before.size()), std::vector<int>(after.size())};
+    int ofBefore = 0, ofAfter = 0;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+      if (i > 0 && places[i - 1].key < places[i].key) ofBefore = ofAfter = std::max(ofBefore, ofAfter);
+      const Place& place = places[i];
+      (place.isAfter ? numbers.second : numbers.first)[place.row] = place.isAfter ? ofAfter++ : ofBefore++;
     }
-    return list;
+    return numbers;
   }
 
   void carryOut(const RowChange& step, const std::vector<Record>& next) {
