@@ -11,5 +11,6 @@
 #include "core/disk/DiskAnalyzer.h"
 #include "core/disk/DiskItem.h"
 #include "core/disk/DiskScanner.h"
+#include "core/disk/FindingSelection.h"
 #include "core/disk/Findings.h"
 #include "core/disk/Sunburst.h"

@@ -10,10 +10,10 @@ FocusScope {
 
     signal showAsked(string id)
 
-    visible: question.isOpen
+    visible: question.face.isOpen
     implicitHeight: words.height + 2 * Theme.space4
     Accessible.role: Accessible.Dialog
-    Accessible.name: question.name
+    Accessible.name: question.face.name
     Keys.onEscapePressed: root.question.close()
 
     PanelGround {
@@ -39,13 +39,13 @@ FocusScope {
 
             TipLabel {
                 width: parent.width
-                text: root.question.name
+                text: root.question.face.name
                 role: Theme.rowTitle
                 elide: Text.ElideMiddle
             }
             TipLabel {
                 width: parent.width
-                text: root.question.detail
+                text: root.question.face.detail
                 role: Theme.small
                 color: Theme.ink2
                 elide: Text.ElideMiddle
@@ -53,25 +53,25 @@ FocusScope {
         }
         TipLabel {
             width: parent.width
-            visible: !root.question.takesQuestions
-            text: root.question.question
+            visible: !root.question.face.takesQuestions
+            text: root.question.face.question
             role: Theme.listName
         }
         Field {
             id: field
 
             width: parent.width
-            visible: root.question.takesQuestions
-            text: root.question.question
+            visible: root.question.face.takesQuestions
+            text: root.question.face.question
             hint: qsTr("Ask about it")
             onAccepted: root.question.ask(text)
         }
         TipLabel {
             width: parent.width
-            text: root.question.answer
+            text: root.question.face.answer
             wrapMode: Text.WordWrap
             maximumLineCount: 7
-            color: root.question.isAnswering ? Theme.ink2 : Theme.ink
+            color: root.question.face.isAnswering ? Theme.ink2 : Theme.ink
         }
         Item {
             width: parent.width
@@ -79,7 +79,7 @@ FocusScope {
 
             Label {
                 anchors.verticalCenter: parent.verticalCenter
-                visible: root.question.isAnswering
+                visible: root.question.face.isAnswering
                 text: qsTr("Buddy is thinking")
                 role: Theme.small
                 color: Theme.ink2
@@ -91,7 +91,7 @@ FocusScope {
                 size: 28
                 text: qsTr("Show in Files")
                 symbol: "folder"
-                onClicked: root.showAsked(root.question.itemID)
+                onClicked: root.showAsked(root.question.face.itemID)
             }
         }
     }

@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Disk
 import Ambrel.Kit
 
@@ -6,7 +7,7 @@ import Ambrel.Kit
 Item {
     id: root
 
-    required property DiskPartListModel parts
+    required property RowList parts
 
     signal chosen(string id)
 

@@ -9,7 +9,7 @@ Item {
     required property string title
     required property string detail
     required property string size
-    required property string outcomeSymbol
+    required property bool hasMoved
     required property bool hasStayed
     required property string note
 
@@ -22,8 +22,8 @@ Item {
 
         x: Theme.space6
         anchors.verticalCenter: parent.verticalCenter
-        visible: root.outcomeSymbol !== ""
-        name: root.outcomeSymbol
+        visible: root.hasMoved || root.hasStayed
+        name: root.hasStayed ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
         size: 18
         color: root.hasStayed ? Theme.orange.text : Theme.green.text
     }

@@ -93,8 +93,8 @@ DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell,
     tellOfScan();
   };
   connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DiskArea::tellOfScan);
-  connect(doctor_.question(), &DiskQuestion::answerChanged, this, [this] {
-    if (doctor_.question()->isAnswering()) Q_EMIT buddyTriggered(BuddyTrigger::typing, std::nullopt);
+  connect(doctor_.question(), &DiskQuestion::faceChanged, this, [this] {
+    if (doctor_.question()->face().isAnswering) Q_EMIT buddyTriggered(BuddyTrigger::typing, std::nullopt);
   });
   doctor_.onShowInFolder = [this](const std::string& path) { showInFileManager(path, *this); };
   doctor_.onOpenTrash = [] { QDesktopServices::openUrl(QUrl(QStringLiteral("trash:///"))); };
@@ -106,7 +106,7 @@ void DiskArea::tellOfScan() {
   hasNews_ = false;
   const std::int64_t bytes = cleaner_.freeableBytes().value_or(0);
   if (bytes > 0)
-    Q_EMIT noticed(diskFoundNotice(bytes, doctor_.headline().toStdString(), seams_.now(), seams_.calendar));
+    Q_EMIT noticed(diskFoundNotice(bytes, doctor_.face().headline.toStdString(), seams_.now(), seams_.calendar));
 }
 
 bool DiskArea::carryOut(const Wish& wish) {

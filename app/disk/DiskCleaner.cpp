@@ -10,12 +10,6 @@ namespace ambrel {
 DiskCleaner::DiskCleaner(Seams seams, std::string home, QObject* parent)
     : QObject(parent), seams_(std::move(seams)), home_(std::move(home)) {}
 
-void DiskCleaner::setTrashing(bool isTrashing) {
-  if (isTrashing == isTrashing_) return;
-  isTrashing_ = isTrashing;
-  Q_EMIT isTrashingChanged();
-}
-
 void DiskCleaner::setFreeableBytes(std::optional<std::int64_t> bytes) {
   if (bytes == freeableBytes_) return;
   freeableBytes_ = bytes;
@@ -43,7 +37,7 @@ DiskCleaner::Places DiskCleaner::placesFor(const std::vector<CleanupItem>& items
 
 bool DiskCleaner::trash(std::vector<CleanupItem> items, std::function<void(const DiskAdvice::TrashReport&)> done) {
   if (isTrashing_) return false;
-  setTrashing(true);
+  isTrashing_ = true;
   const auto report = std::make_shared<DiskAdvice::TrashReport>();
   seams_.background(
       [report, items = std::move(items), home = home_, kept = kept_, now = seams_.now, &trash = seams_.trash] {
@@ -51,7 +45,7 @@ bool DiskCleaner::trash(std::vector<CleanupItem> items, std::function<void(const
             items, home, kept, [&](const DiskAdvice::TrashRequest& request) { return trash.move(request, now()); });
       },
       [this, report, done = std::move(done)] {
-        setTrashing(false);
+        isTrashing_ = false;
         done(*report);
         const DiskAdvice::TrashMessage message = DiskAdvice::message(*report, seams_.calendar);
         if (onFinish) onFinish(QString::fromStdString(message.title), QString::fromStdString(message.body));

@@ -19,9 +19,8 @@ class DiskCleaner : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(bool isTrashing READ isTrashing NOTIFY isTrashingChanged)
   // "3.2 GB can go"; empty while nothing is known.
-  Q_PROPERTY(QString freeableText READ freeableText NOTIFY freeableChanged)
+  Q_PROPERTY(QString freeableText READ freeableText NOTIFY freeableChanged FINAL)
 
  public:
   struct Seams {
@@ -57,12 +56,9 @@ class DiskCleaner : public QObject {
   std::function<void(bool hasMoved)> onOutcome;
 
  Q_SIGNALS:
-  void isTrashingChanged();
   void freeableChanged();
 
  private:
-  void setTrashing(bool isTrashing);
-
   Seams seams_;
   std::string home_;
   std::vector<KeptCopy> kept_;

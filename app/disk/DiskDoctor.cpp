@@ -36,8 +36,7 @@ DiskDoctor::DiskDoctor(std::string home, DiskCleaner& disk, Seams seams, QObject
       findings_(home_, seams_.calendar, seams_.now),
       question_({.model = seams_.model, .now = seams_.now, .calendar = seams_.calendar, .home = home_}),
       review_(disk_, home_, seams_.calendar) {
-  for (QObject* part :
-       std::initializer_list<QObject*>{&progress_, &explorer_, &findings_, &question_, &review_, &disk_})
+  for (QObject* part : std::initializer_list<QObject*>{&explorer_, &findings_, &question_, &review_})
     QQmlEngine::setObjectOwnership(part, QQmlEngine::CppOwnership);
   findings_.onOpened = [this](FindingRule rule) { explain(rule); };
   review_.onReport = [this](const DiskAdvice::TrashReport& report) { takeReport(report); };
@@ -57,46 +56,37 @@ void DiskDoctor::clear() {
   explorer_.clear();
   findings_.setFindings({});
   question_.close();
-  review_.clear();
-  skipped_.clear();
-  knowsAccess_ = true;
+  review_.close();
   disk_.setKept({});
-  progress_.set({}, {}, {}, 0);
-  headline_.clear();
-  summary_.clear();
-  summaryIsAI_ = false;
-  Q_EMIT wordsChanged();
+  setProgress({});
+  face_ = {};
 }
 
 void DiskDoctor::setPhase(Phase phase, bool isAnalyzing, const QString& message) {
   phase_ = phase;
-  isAnalyzing_ = isAnalyzing;
-  message_ = message;
-  Q_EMIT phaseChanged();
+  face_.isGuarded = phase == Phase::access;
+  face_.isScanning = phase == Phase::scanning;
+  face_.isAnalyzing = isAnalyzing;
+  face_.isDone = phase == Phase::done;
+  face_.message = message;
+  Q_EMIT faceChanged();
 }
 
-QString DiskDoctor::skippedText() const {
-  if (skipped_.empty()) return {};
-  return toQString("%1 protected folders were skipped. {fullDiskAccess} lets Buddy read them."_local)
-      .arg(shownCount(seams_.calendar, static_cast<std::int64_t>(skipped_.size())));
+void DiskDoctor::setProgress(DiskProgress progress) {
+  if (progress == progress_) return;
+  progress_ = std::move(progress);
+  Q_EMIT progressChanged();
 }
 
-QString DiskDoctor::skippedFolders() const {
+void DiskDoctor::tellWhatWasSkipped(std::vector<std::string> skipped) {
+  if (skipped.empty()) return;
+  std::sort(skipped.begin(), skipped.end());
   QStringList lines;
-  for (const std::string& folder : skipped_) {
-    if (lines.size() == static_cast<qsizetype>(namedFolders)) {
-      lines << QStringLiteral("…");
-      break;
-    }
-    lines << shownPath(folder, home_);
-  }
-  return lines.join(u'\n');
-}
-
-QString DiskDoctor::unknownText() const {
-  return knowsAccess_ ? QString()
-                      : tr("This volume does not note when files are opened. Large files that nobody uses cannot be "
-                           "told from others here.");
+  for (std::size_t i = 0; i < std::min(skipped.size(), namedFolders); ++i) lines << shownPath(skipped[i], home_);
+  if (skipped.size() > namedFolders) lines << QStringLiteral("…");
+  face_.skippedFolders = lines.join(u'\n');
+  face_.skippedText = toQString("%1 protected folders were skipped. {fullDiskAccess} lets Buddy read them."_local)
+                          .arg(shownCount(seams_.calendar, static_cast<std::int64_t>(skipped.size())));
 }
 
 void DiskDoctor::scanHome() { start({.url = home_, .title = tr("Home")}); }
@@ -120,7 +110,7 @@ void DiskDoctor::chooseFolder() {
 }
 
 void DiskDoctor::retryAccess() {
-  if (phase_ == Phase::Access) scanAgain();
+  if (phase_ == Phase::access) scanAgain();
 }
 
 void DiskDoctor::skipAccess() {
@@ -135,14 +125,14 @@ void DiskDoctor::start(Source source) {
   source_ = std::move(source);
   const bool isGuarded = seams_.hasAccess && source_->url == home_ && !skipsAccess_ && !seams_.hasAccess();
   if (isGuarded)
-    setPhase(Phase::Access, false);
+    setPhase(Phase::access);
   else
     beginScan();
 }
 
 void DiskDoctor::beginScan() {
   news_ = std::make_shared<ScanNews>(*this, seams_.now, [this] { showNews(); });
-  setPhase(Phase::Scanning, false);
+  setPhase(Phase::scanning);
   showNews();
   const auto outcome = std::make_shared<ScanOutcome>();
   seams_.background(
@@ -161,23 +151,8 @@ void DiskDoctor::beginScan() {
 void DiskDoctor::showNews() {
   if (!news_) return;
   const ScanNews::Snapshot news = news_->take();
-  if (isAnalyzing_) {
-    const bool compares = news.compared.expected > 0;
-    const double share =
-        compares ? static_cast<double>(news.compared.bytes) / static_cast<double>(news.compared.expected) : 0;
-    progress_.set(tr("Looking for what can go"),
-                  compares ? tr("%1 of %2 compared")
-                                 .arg(shownSize(seams_.calendar, news.compared.bytes),
-                                      shownSize(seams_.calendar, news.compared.expected))
-                           : QString(),
-                  compares ? shownShare(share) : QString(), share * 100);
-    return;
-  }
-  progress_.set(tr("Scanning"),
-                tr("%1 · %2 files · %3")
-                    .arg(sourceTitle(), shownCount(seams_.calendar, news.progress.files),
-                         shownSize(seams_.calendar, news.progress.bytes)),
-                shownShare(news.share), news.share * 100);
+  if (face_.isAnalyzing) return setProgress(compareProgress(news.compared, seams_.calendar));
+  setProgress(scanProgress(news, sourceTitle(), seams_.calendar));
   DiskFolderBuilder builder(source_->url, distantPast, 0);
   std::vector<std::string> missing = news.folders;
   for (const DiskTree& folder : news.finished) {
@@ -195,13 +170,12 @@ void DiskDoctor::finishScan(ScanOutcome& outcome) {
   if (!outcome.result) {
     cancelWork();
     clear();
-    setPhase(Phase::Start, false, tr("Buddy could not read %1").arg(sourceTitle()));
+    setPhase(Phase::start, false, tr("Buddy could not read %1").arg(sourceTitle()));
     return;
   }
-  skipped_ = std::move(outcome.result->skipped);
-  std::sort(skipped_.begin(), skipped_.end());
+  tellWhatWasSkipped(std::move(outcome.result->skipped));
   explorer_.show(std::move(outcome.result->root), sourceTitle());
-  setPhase(Phase::Scanning, true);
+  setPhase(Phase::scanning, true);
   showNews();
   analyze();
 }
@@ -227,17 +201,18 @@ void DiskDoctor::analyze() {
 void DiskDoctor::finishAnalysis(AnalysisOutcome& outcome) {
   const DiskItem& root = *explorer_.root();
   std::vector<DiskFinding>& findings = *outcome.findings;
-  knowsAccess_ = outcome.knowsAccess;
-  headline_ = QString::fromStdString(DiskAdvice::headline(findings));
-  summary_ = shownName(DiskAdvice::summary(root, findings, seams_.calendar));
-  summaryIsAI_ = false;
+  if (!outcome.knowsAccess)
+    face_.unknownText =
+        tr("This volume does not note when files are opened. Large files that nobody uses cannot be "
+           "told from others here.");
+  face_.headline = QString::fromStdString(DiskAdvice::headline(findings));
+  face_.summary = shownName(DiskAdvice::summary(root, findings, seams_.calendar));
   disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings));
   disk_.setKept(DiskAdvice::keptCopies(findings));
   findings_.setFindings(std::move(findings));
   if (news_) news_->close();
   news_.reset();
-  Q_EMIT wordsChanged();
-  setPhase(Phase::Done, false);
+  setPhase(Phase::done);
   if (onScanFinished) onScanFinished(root.size());
   askForHeadline();
 }
@@ -249,9 +224,8 @@ void DiskDoctor::askForHeadline() {
        .prompt = DiskPrompts::summaryPrompt(*explorer_.root(), findings_.findings(), seams_.calendar)},
       scanTask_.get_token(), [this, generation = generation_](std::optional<std::string> answer) {
         if (generation != generation_ || !answer || answer->empty()) return;
-        headline_ = shownName(*answer);
-        summaryIsAI_ = true;
-        Q_EMIT wordsChanged();
+        face_.headline = shownName(*answer);
+        Q_EMIT faceChanged();
       });
 }
 
@@ -271,21 +245,21 @@ void DiskDoctor::explain(FindingRule rule) {
 }
 
 void DiskDoctor::stop() {
-  if (phase_ != Phase::Scanning) return;
+  if (phase_ != Phase::scanning) return;
   cancelWork();
   clear();
-  setPhase(Phase::Start, false, tr("The scan was stopped. Nothing was changed."));
+  setPhase(Phase::start, false, tr("The scan was stopped. Nothing was changed."));
 }
 
 void DiskDoctor::askAbout(const QString& id) {
-  if (phase_ != Phase::Done) return;
+  if (phase_ != Phase::done) return;
   if (const DiskItem* item = explorer_.node(id)) question_.pick(shared(explorer_.root(), *item), findings_.findings());
 }
 
 void DiskDoctor::reviewSelection() {
-  if (phase_ != Phase::Done) return;
+  if (phase_ != Phase::done) return;
   question_.close();
-  review_.begin(findings_.selectedItems());
+  review_.begin(findings_.selection().items());
 }
 
 void DiskDoctor::showInFolder(const QString& id) {
@@ -300,11 +274,10 @@ void DiskDoctor::takeReport(const DiskAdvice::TrashReport& report) {
   findings_.takeReport(report);
   disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings_.findings()));
   if (report.bytesMoved <= 0) return;
-  headline_ = QString::fromStdString(DiskAdvice::headline(findings_.findings()));
-  summary_ = tr("%1. Scan again to see what is left.")
-                 .arg(QString::fromStdString(DiskAdvice::message(report, seams_.calendar).title));
-  summaryIsAI_ = false;
-  Q_EMIT wordsChanged();
+  face_.headline = QString::fromStdString(DiskAdvice::headline(findings_.findings()));
+  face_.summary = tr("%1. Scan again to see what is left.")
+                      .arg(QString::fromStdString(DiskAdvice::message(report, seams_.calendar).title));
+  Q_EMIT faceChanged();
 }
 
 }  // namespace ambrel

@@ -25,34 +25,46 @@ namespace ambrel {
 
 class ScanNews;
 
+// What the window shows of the scan, in words.
+struct DiskFace {
+  Q_GADGET
+  QML_VALUE_TYPE(diskFace)
+  Q_PROPERTY(bool isGuarded MEMBER isGuarded FINAL)
+  Q_PROPERTY(bool isScanning MEMBER isScanning FINAL)
+  Q_PROPERTY(bool isAnalyzing MEMBER isAnalyzing FINAL)
+  Q_PROPERTY(bool isDone MEMBER isDone FINAL)
+  Q_PROPERTY(QString message MEMBER message FINAL)
+  Q_PROPERTY(QString headline MEMBER headline FINAL)
+  Q_PROPERTY(QString summary MEMBER summary FINAL)
+  Q_PROPERTY(QString skippedText MEMBER skippedText FINAL)
+  Q_PROPERTY(QString skippedFolders MEMBER skippedFolders FINAL)
+  Q_PROPERTY(QString unknownText MEMBER unknownText FINAL)
+
+ public:
+  bool isGuarded = false;    // the home may not be read
+  bool isScanning = false;   // until the result is there
+  bool isAnalyzing = false;  // the folders are read, and copies are still looked for
+  bool isDone = false;
+  QString message;  // why there is no result: a folder that could not be read, a scan that was stopped
+  QString headline, summary;
+  QString skippedText, skippedFolders;
+  QString unknownText;  // what the rules could not tell on this volume; empty where they could tell all
+  friend bool operator==(const DiskFace&, const DiskFace&) = default;
+};
+
 class DiskDoctor : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(Phase phase READ phase NOTIFY phaseChanged)
-  // The folders are read, and copies are still looked for.
-  Q_PROPERTY(bool isAnalyzing READ isAnalyzing NOTIFY phaseChanged)
-  Q_PROPERTY(QString sourceTitle READ sourceTitle NOTIFY phaseChanged)
-  // Why there is no result: a folder that could not be read, a scan that was stopped.
-  Q_PROPERTY(QString message READ message NOTIFY phaseChanged)
-  Q_PROPERTY(QString headline READ headline NOTIFY wordsChanged)
-  Q_PROPERTY(QString summary READ summary NOTIFY wordsChanged)
-  Q_PROPERTY(bool summaryIsAI READ summaryIsAI NOTIFY wordsChanged)
-  Q_PROPERTY(QString skippedText READ skippedText NOTIFY phaseChanged)
-  Q_PROPERTY(QString skippedFolders READ skippedFolders NOTIFY phaseChanged)
-  // What the rules could not tell on this volume; empty where they could tell all.
-  Q_PROPERTY(QString unknownText READ unknownText NOTIFY phaseChanged)
-  Q_PROPERTY(ambrel::DiskProgress* progress READ progress CONSTANT)
-  Q_PROPERTY(ambrel::DiskExplorer* explorer READ explorer CONSTANT)
-  Q_PROPERTY(ambrel::FindingListModel* findings READ findings CONSTANT)
-  Q_PROPERTY(ambrel::DiskQuestion* question READ question CONSTANT)
-  Q_PROPERTY(ambrel::DiskReview* review READ review CONSTANT)
-  Q_PROPERTY(ambrel::DiskCleaner* disk READ disk CONSTANT)
+  Q_PROPERTY(ambrel::DiskFace face READ face NOTIFY faceChanged FINAL)
+  Q_PROPERTY(ambrel::DiskProgress progress READ progress NOTIFY progressChanged FINAL)
+  Q_PROPERTY(ambrel::DiskExplorer* explorer READ explorer CONSTANT FINAL)
+  Q_PROPERTY(ambrel::FindingListModel* findings READ findings CONSTANT FINAL)
+  Q_PROPERTY(ambrel::DiskQuestion* question READ question CONSTANT FINAL)
+  Q_PROPERTY(ambrel::DiskReview* review READ review CONSTANT FINAL)
 
  public:
-  // Names are capitalised because QML asks for it.
-  enum class Phase { Start, Access, Scanning, Done };
-  Q_ENUM(Phase)
+  enum class Phase { start, access, scanning, done };
 
   struct Source {
     std::string url;
@@ -76,24 +88,13 @@ class DiskDoctor : public QObject {
   ~DiskDoctor() override;
 
   Phase phase() const { return phase_; }
-  bool isAnalyzing() const { return isAnalyzing_; }
   QString sourceTitle() const { return source_ ? source_->title : QString(); }
-  QString message() const { return message_; }
-  QString headline() const { return headline_; }
-  QString summary() const { return summary_; }
-  bool summaryIsAI() const { return summaryIsAI_; }
-  bool usesLiveBuddy() const { return seams_.model && seams_.model->isAvailable(); }
-  const std::vector<std::string>& skipped() const { return skipped_; }
-  QString skippedText() const;
-  QString skippedFolders() const;
-  QString unknownText() const;
-  DiskProgress* progress() { return &progress_; }
+  const DiskFace& face() const { return face_; }
+  const DiskProgress& progress() const { return progress_; }
   DiskExplorer* explorer() { return &explorer_; }
   FindingListModel* findings() { return &findings_; }
   DiskQuestion* question() { return &question_; }
   DiskReview* review() { return &review_; }
-  DiskCleaner* disk() { return &disk_; }
-  int generation() const { return generation_; }
 
   // Scans a folder, or what a link leads to; a scan that is under way gives way. Refused while a list is being moved.
   void scan(const std::string& folder);
@@ -120,8 +121,8 @@ class DiskDoctor : public QObject {
   std::function<void()> onOpenTrash;
 
  Q_SIGNALS:
-  void phaseChanged();
-  void wordsChanged();
+  void faceChanged();
+  void progressChanged();
 
  private:
   struct ScanOutcome;
@@ -130,7 +131,10 @@ class DiskDoctor : public QObject {
   void start(Source source);
   void cancelWork();
   void clear();
-  void setPhase(Phase phase, bool isAnalyzing, const QString& message = {});
+  void setPhase(Phase phase, bool isAnalyzing = false, const QString& message = {});
+  void setProgress(DiskProgress progress);
+  void tellWhatWasSkipped(std::vector<std::string> skipped);
+  bool usesLiveBuddy() const { return seams_.model && seams_.model->isAvailable(); }
   void beginScan();
   void showNews();
   void finishScan(ScanOutcome& outcome);
@@ -143,14 +147,10 @@ class DiskDoctor : public QObject {
   std::string home_;
   DiskCleaner& disk_;
   Seams seams_;
-  Phase phase_ = Phase::Start;
-  bool isAnalyzing_ = false;
+  Phase phase_ = Phase::start;
   bool skipsAccess_ = false;
   std::optional<Source> source_;
-  QString message_, headline_, summary_;
-  bool summaryIsAI_ = false;
-  std::vector<std::string> skipped_;
-  bool knowsAccess_ = true;
+  DiskFace face_;
   DiskProgress progress_;
   DiskExplorer explorer_;
   FindingListModel findings_;

@@ -8,15 +8,15 @@ WindowFrame {
     id: root
 
     required property DiskDoctor doctor
-    readonly property bool isReviewing: doctor.review.stage !== DiskReview.Closed
-    readonly property bool hasTree: doctor.phase === DiskDoctor.Scanning || doctor.phase === DiskDoctor.Done
+    readonly property bool isReviewing: doctor.review.face.isOpen
+    readonly property bool hasTree: doctor.face.isScanning || doctor.face.isDone
 
     title: qsTr("Disk Doctor")
     symbol: "chart.pie.fill"
     Keys.onEscapePressed: {
-        if (doctor.question.isOpen)
+        if (doctor.question.face.isOpen)
             doctor.question.close();
-        else if (doctor.phase !== DiskDoctor.Scanning)
+        else if (!doctor.face.isScanning)
             window.closeAsked();
     }
 

@@ -35,10 +35,7 @@ void DiskExplorer::show(DiskTree root, const QString& title) {
   missing_.clear();
   bytesSoFar_.reset();
   center_ = {.item = root_, .share = 1};
-  updatePath();
-  updateLegend();
-  Q_EMIT centerChanged();
-  Q_EMIT shownChanged();
+  update();
 }
 
 void DiskExplorer::showUnfinished(Unfinished state, const QString& title) {
@@ -47,16 +44,21 @@ void DiskExplorer::showUnfinished(Unfinished state, const QString& title) {
   missing_ = std::move(state.missing);
   bytesSoFar_ = state.bytes;
   center_ = {.item = root_, .share = state.share};
-  updatePath();
-  updateLegend();
-  Q_EMIT centerChanged();
-  Q_EMIT shownChanged();
+  update();
 }
 
 void DiskExplorer::clear() {
-  hoveredID_.clear();
-  Q_EMIT hoveredChanged();
+  setHoveredID({});
   show({}, {});
+}
+
+void DiskExplorer::update() {
+  path_.setRows(wayDown());
+  legend_.setRows(parts());
+  DiskSpot spot = spotNow();
+  if (spot == spot_) return;
+  spot_ = std::move(spot);
+  Q_EMIT spotChanged();
 }
 
 QString DiskExplorer::nameOf(const DiskItem& item) const {
@@ -75,80 +77,59 @@ const DiskItem* DiskExplorer::node(const QString& id) const {
   return folded != children.end() && folded->id() == path ? &*folded : nullptr;
 }
 
-const DiskItem* DiskExplorer::shown() const {
+DiskSpot DiskExplorer::spotNow() const {
   const DiskItem* hovered = node(hoveredID_);
-  return hovered ? hovered : center_.item.get();
-}
-
-QString DiskExplorer::size() const {
-  const DiskItem* item = shown();
-  if (!item) return {};
-  return shownSize(calendar_, bytesSoFar_ && item == root_.get() ? *bytesSoFar_ : item->size());
-}
-
-QString DiskExplorer::name() const {
-  const DiskItem* item = shown();
-  if (!item) return {};
-  return bytesSoFar_ && item == root_.get() ? tr("so far") : nameOf(*item);
-}
-
-QString DiskExplorer::description() const {
-  const DiskItem* item = shown();
-  if (!item) return {};
+  const DiskItem* item = hovered ? hovered : center_.item.get();
+  DiskSpot spot{.center = center_, .canGoUp = canGoUp(), .size = {}, .name = {}, .description = {}};
+  if (!item) return spot;
+  const bool isSoFar = bytesSoFar_ && item == root_.get();
+  spot.size = shownSize(calendar_, isSoFar ? *bytesSoFar_ : item->size());
+  spot.name = isSoFar ? tr("so far") : nameOf(*item);
   const QString files =
       item->fileCount() == 1 ? tr("1 file") : tr("%1 files").arg(shownCount(calendar_, item->fileCount()));
-  return item->kind() == Kind::file ? tr("%1, %2").arg(nameOf(*item), size())
-                                    : tr("%1, %2, %3").arg(nameOf(*item), size(), files);
+  spot.description = item->kind() == Kind::file ? tr("%1, %2").arg(nameOf(*item), spot.size)
+                                                : tr("%1, %2, %3").arg(nameOf(*item), spot.size, files);
+  return spot;
 }
 
 void DiskExplorer::setHoveredID(const QString& id) {
   if (id == hoveredID_) return;
   hoveredID_ = id;
-  updateLegend();
+  update();
   Q_EMIT hoveredChanged();
-  Q_EMIT shownChanged();
 }
 
 bool DiskExplorer::enter(const QString& id) {
   const DiskItem* item = node(id);
   if (!item || bytesSoFar_ || item->children().empty() || item == center_.item.get()) return false;
-  stand(*item);
+  center_ = {.item = shared(root_, *item), .share = 1};
+  update();
+  setHoveredID({});
   return true;
 }
 
 void DiskExplorer::goUp() {
   if (!canGoUp()) return;
-  const DiskItem& left = *center_.item;
-  const QString id = pathID(left.id());
-  stand(*left.parent());
+  const QString left = pathID(center_.item->id());
+  enter(pathID(center_.item->parent()->id()));
   // So that one sees where one has been, and the keyboard goes on from there.
-  setHoveredID(id);
+  setHoveredID(left);
 }
 
-void DiskExplorer::stand(const DiskItem& folder) {
-  center_ = {.item = shared(root_, folder), .share = 1};
-  hoveredID_.clear();
-  updatePath();
-  updateLegend();
-  Q_EMIT centerChanged();
-  Q_EMIT hoveredChanged();
-  Q_EMIT shownChanged();
-}
-
-void DiskExplorer::updatePath() {
+std::vector<DiskPart> DiskExplorer::wayDown() const {
   std::vector<DiskPart> parts;
   for (const DiskItem* item = center_.item.get(); item; item = item->parent())
-    parts.push_back({.id = item->id(), .name = nameOf(*item), .size = {}, .isFolder = true});
+    parts.push_back({.id = pathID(item->id()), .name = nameOf(*item), .isFolder = true});
   std::reverse(parts.begin(), parts.end());
   if (parts.size() > longestPath) {
     // The one before the last three represents all that are left out, and leads to the nearest of them.
     parts.erase(parts.begin() + 1, parts.end() - 3);
     parts[1].name = QStringLiteral("…");
   }
-  path_.setRows(parts);
+  return parts;
 }
 
-void DiskExplorer::updateLegend() {
+std::vector<DiskPart> DiskExplorer::parts() const {
   std::vector<DiskPart> parts;
   std::vector<const DiskItem*> others;
   // Half of the places are kept for what is still to come.
@@ -173,19 +154,19 @@ void DiskExplorer::updateLegend() {
   }
   for (const std::string& name : missing_) {
     if (parts.size() >= sunburstColorCount) break;
-    parts.push_back({.id = name, .name = shownName(name), .size = tr("not yet"), .color = -1});
+    parts.push_back({.id = pathID(name), .name = shownName(name), .size = tr("not yet"), .color = -1});
   }
-  legend_.setRows(parts);
+  return parts;
 }
 
 DiskPart DiskExplorer::part(const DiskItem& item, int color) const {
-  const std::string id = item.id();
+  const QString id = pathID(item.id());
   return {.id = id,
           .name = nameOf(item),
           .size = shownSize(calendar_, item.size()),
           .color = color,
           .isFolder = !item.children().empty() && !bytesSoFar_,
-          .isHighlighted = pathID(id) == hoveredID_};
+          .isHighlighted = id == hoveredID_};
 }
 
 }  // namespace ambrel

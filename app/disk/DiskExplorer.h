@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "app/base/GadgetListModel.h"
 #include "app/disk/DiskNode.h"
-#include "app/disk/DiskPartListModel.h"
 #include "core/base/Calendar.h"
 
 namespace ambrel {
@@ -18,20 +18,52 @@ inline constexpr int sunburstColorCount = 6;
 // For each child of the chart's middle, by its rank.
 std::vector<int> sunburstColors(const DiskItem& center);
 
+// A part of the disk by name and size: in the legend of the chart, or on the way down to a folder.
+struct DiskPart {
+  Q_GADGET
+  Q_PROPERTY(QString partId MEMBER id FINAL)
+  Q_PROPERTY(QString name MEMBER name FINAL)
+  Q_PROPERTY(QString size MEMBER size FINAL)
+  Q_PROPERTY(int colorRank MEMBER color FINAL)
+  Q_PROPERTY(bool isFolder MEMBER isFolder FINAL)
+  Q_PROPERTY(bool isHighlighted MEMBER isHighlighted FINAL)
+
+ public:
+  QString id;  // what is behind it; empty for what was put together
+  QString name;
+  QString size = {};
+  int color = 0;          // the chart's; negative for what has not been read yet
+  bool isFolder = false;  // it can be entered
+  bool isHighlighted = false;
+  friend bool operator==(const DiskPart&, const DiskPart&) = default;
+};
+
+// What the chart shows, and what is written in its middle: of what is pointed at, else of the folder itself.
+struct DiskSpot {
+  Q_GADGET
+  QML_VALUE_TYPE(diskSpot)
+  Q_PROPERTY(ambrel::DiskNode center MEMBER center FINAL)
+  Q_PROPERTY(bool canGoUp MEMBER canGoUp FINAL)
+  Q_PROPERTY(QString size MEMBER size FINAL)
+  Q_PROPERTY(QString name MEMBER name FINAL)
+  Q_PROPERTY(QString description MEMBER description FINAL)
+
+ public:
+  DiskNode center;
+  bool canGoUp = false;
+  QString size, name;
+  QString description;  // one sentence for screen readers
+  friend bool operator==(const DiskSpot&, const DiskSpot&) = default;
+};
+
 class DiskExplorer : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(ambrel::DiskNode center READ center NOTIFY centerChanged)
-  Q_PROPERTY(ambrel::DiskPartListModel* path READ path CONSTANT)
-  Q_PROPERTY(ambrel::DiskPartListModel* legend READ legend CONSTANT)
-  Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY centerChanged)
-  Q_PROPERTY(QString hoveredID READ hoveredID WRITE setHoveredID NOTIFY hoveredChanged)
-  // Of what is pointed at, else of the middle.
-  Q_PROPERTY(QString size READ size NOTIFY shownChanged)
-  Q_PROPERTY(QString name READ name NOTIFY shownChanged)
-  // One sentence for screen readers.
-  Q_PROPERTY(QString description READ description NOTIFY shownChanged)
+  Q_PROPERTY(ambrel::DiskSpot spot READ spot NOTIFY spotChanged FINAL)
+  Q_PROPERTY(ambrel::RowList* path READ path CONSTANT FINAL)
+  Q_PROPERTY(ambrel::RowList* legend READ legend CONSTANT FINAL)
+  Q_PROPERTY(QString hoveredID READ hoveredID WRITE setHoveredID NOTIFY hoveredChanged FINAL)
 
  public:
   explicit DiskExplorer(Calendar calendar, QObject* parent = nullptr);
@@ -50,15 +82,11 @@ class DiskExplorer : public QObject {
   void clear();
 
   const DiskTree& root() const { return root_; }
-  DiskNode center() const { return center_; }
-  DiskPartListModel* path() { return &path_; }
-  DiskPartListModel* legend() { return &legend_; }
-  bool canGoUp() const { return center_.item && root_ && center_.item != root_; }
+  const DiskSpot& spot() const { return spot_; }
+  GadgetListModel<DiskPart>* path() { return &path_; }
+  GadgetListModel<DiskPart>* legend() { return &legend_; }
   QString hoveredID() const { return hoveredID_; }
   void setHoveredID(const QString& id);
-  QString size() const;
-  QString name() const;
-  QString description() const;
 
   // A node of the tree; null when there is none of that id.
   const DiskItem* node(const QString& id) const;
@@ -68,17 +96,17 @@ class DiskExplorer : public QObject {
   Q_INVOKABLE void goUp();
 
  Q_SIGNALS:
-  void centerChanged();
+  void spotChanged();
   void hoveredChanged();
-  void shownChanged();
 
  private:
-  void stand(const DiskItem& folder);
-  void updatePath();
-  void updateLegend();
+  bool canGoUp() const { return center_.item && root_ && center_.item != root_; }
+  void update();
+  std::vector<DiskPart> wayDown() const;
+  std::vector<DiskPart> parts() const;
+  DiskSpot spotNow() const;
   DiskPart part(const DiskItem& item, int color) const;
   QString nameOf(const DiskItem& item) const;
-  const DiskItem* shown() const;
 
   Calendar calendar_;
   DiskTree root_;
@@ -87,8 +115,9 @@ class DiskExplorer : public QObject {
   std::vector<std::string> missing_;
   // Present while the tree is still being read.
   std::optional<std::int64_t> bytesSoFar_;
-  DiskPartListModel path_, legend_;
+  GadgetListModel<DiskPart> path_, legend_;
   QString hoveredID_;
+  DiskSpot spot_;
 };
 
 }  // namespace ambrel

@@ -8,8 +8,8 @@ Item {
 
     required property DiskDoctor doctor
     readonly property FindingListModel findings: doctor.findings
-    readonly property bool isDone: doctor.phase === DiskDoctor.Done
-    readonly property bool hasChosen: findings.selectedCount > 0
+    readonly property bool isDone: doctor.face.isDone
+    readonly property bool hasChosen: findings.choice.hasChosen
 
     Rectangle {
         width: parent.width
@@ -27,7 +27,7 @@ Item {
 
         TipLabel {
             width: parent.width
-            text: root.findings.selectionTitle
+            text: root.findings.choice.title
             role: Theme.rowTitle
         }
         TipLabel {
@@ -55,7 +55,7 @@ Item {
         }
         Button {
             anchors.verticalCenter: parent.verticalCenter
-            visible: root.isDone && !root.hasChosen && root.findings.hasSafeItems
+            visible: root.isDone && !root.hasChosen && root.findings.choice.hasSafeItems
             kind: Button.Quiet
             size: 36
             text: qsTr("Choose what is safe")
@@ -66,7 +66,7 @@ Item {
             kind: Button.Primary
             size: 36
             enabled: root.isDone && root.hasChosen
-            text: root.findings.moveTitle
+            text: root.findings.choice.moveTitle
             symbol: "trash.fill"
             onClicked: root.doctor.reviewSelection()
         }

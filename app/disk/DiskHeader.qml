@@ -7,7 +7,7 @@ Item {
     id: root
 
     required property DiskDoctor doctor
-    readonly property bool isScanning: doctor.phase === DiskDoctor.Scanning
+    readonly property bool isScanning: doctor.face.isScanning
 
     ScanProgress {
         anchors {
@@ -18,8 +18,11 @@ Item {
             verticalCenter: parent.verticalCenter
         }
         visible: root.isScanning
-        progress: root.doctor.progress
-        hasShare: !root.doctor.isAnalyzing || root.doctor.progress.figure !== ""
+        title: root.doctor.progress.title
+        detail: root.doctor.progress.detail
+        figure: root.doctor.progress.figure
+        percent: root.doctor.progress.percent
+        hasShare: !root.doctor.face.isAnalyzing || root.doctor.progress.figure !== ""
     }
 
     Column {
@@ -34,13 +37,13 @@ Item {
 
         TipLabel {
             width: parent.width
-            text: root.doctor.headline
+            text: root.doctor.face.headline
             role: Theme.headline
             Accessible.role: Accessible.Heading
         }
         TipLabel {
             width: parent.width
-            text: root.doctor.summary
+            text: root.doctor.face.summary
             color: Theme.ink2
             wrapMode: Text.WordWrap
             maximumLineCount: 2

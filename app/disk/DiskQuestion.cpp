@@ -9,19 +9,15 @@ DiskQuestion::DiskQuestion(Seams seams, QObject* parent) : QObject(parent), seam
 
 DiskQuestion::~DiskQuestion() { asking_.request_stop(); }
 
-QString DiskQuestion::name() const { return picked_ ? shownName(picked_->name()) : QString(); }
-
-QString DiskQuestion::detail() const {
-  if (!picked_) return {};
-  return tr("%1 · %2").arg(shownSize(seams_.calendar, picked_->size()), shownPath(picked_->url(), seams_.home));
-}
-
-QString DiskQuestion::itemID() const { return picked_ ? pathID(picked_->id()) : QString(); }
-
 void DiskQuestion::pick(DiskTree item, std::vector<DiskFinding> findings) {
   picked_ = std::move(item);
   findings_ = std::move(findings);
-  Q_EMIT pickedChanged();
+  face_ = {
+      .isOpen = true,
+      .itemID = pathID(picked_->id()),
+      .name = shownName(picked_->name()),
+      .detail = tr("%1 · %2").arg(shownSize(seams_.calendar, picked_->size()), shownPath(picked_->url(), seams_.home)),
+      .takesQuestions = seams_.model && seams_.model->isAvailable()};
   ask(QStringLiteral("Is it safe to delete this?"));
 }
 
@@ -29,35 +25,32 @@ void DiskQuestion::ask(const QString& question) {
   if (!picked_ || question.trimmed().isEmpty()) return;
   asking_.request_stop();
   asking_ = {};
-  question_ = question;
   const Instant now = seams_.now();
   const std::string verdict = DiskAdvice::verdict(*picked_, findings_, seams_.home, now, seams_.calendar);
+  face_.question = question;
   // What the rules say stands until the model has a better answer, and when it has none.
-  answer_ = shownName(verdict);
-  isAnswering_ = takesQuestions();
-  Q_EMIT answerChanged();
-  if (!isAnswering_) return;
+  face_.answer = shownName(verdict);
+  face_.isAnswering = face_.takesQuestions;
+  Q_EMIT faceChanged();
+  if (!face_.isAnswering) return;
   seams_.model->respond(
       {.instructions = std::string(DiskPrompts::systemText()),
        .prompt = DiskPrompts::itemPrompt(*picked_, question.toStdString(), verdict, now, seams_.calendar)},
       asking_.get_token(), [this, stop = asking_.get_token()](std::optional<std::string> answer) {
         if (stop.stop_requested()) return;
-        isAnswering_ = false;
-        if (answer && !answer->empty()) answer_ = QString::fromStdString(*answer);
-        Q_EMIT answerChanged();
+        face_.isAnswering = false;
+        if (answer && !answer->empty()) face_.answer = QString::fromStdString(*answer);
+        Q_EMIT faceChanged();
       });
 }
 
 void DiskQuestion::close() {
   asking_.request_stop();
-  isAnswering_ = false;
   if (!picked_) return;
   picked_ = nullptr;
   findings_.clear();
-  question_.clear();
-  answer_.clear();
-  Q_EMIT pickedChanged();
-  Q_EMIT answerChanged();
+  face_ = {};
+  Q_EMIT faceChanged();
 }
 
 }  // namespace ambrel

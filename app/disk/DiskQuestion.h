@@ -2,6 +2,7 @@
 // One thing on the disk that the user asks about, and what Buddy says to it.
 
 #include <QObject>
+#include <QString>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <stop_token>
@@ -14,20 +15,33 @@
 
 namespace ambrel {
 
+struct DiskAnswer {
+  Q_GADGET
+  QML_VALUE_TYPE(diskAnswer)
+  Q_PROPERTY(bool isOpen MEMBER isOpen FINAL)
+  Q_PROPERTY(QString itemID MEMBER itemID FINAL)
+  Q_PROPERTY(QString name MEMBER name FINAL)
+  Q_PROPERTY(QString detail MEMBER detail FINAL)
+  Q_PROPERTY(QString question MEMBER question FINAL)
+  Q_PROPERTY(QString answer MEMBER answer FINAL)
+  Q_PROPERTY(bool isAnswering MEMBER isAnswering FINAL)
+  Q_PROPERTY(bool takesQuestions MEMBER takesQuestions FINAL)
+
+ public:
+  bool isOpen = false;
+  QString itemID, name;
+  QString detail;  // its size and its place
+  QString question = {}, answer = {};
+  bool isAnswering = false;
+  bool takesQuestions = false;  // questions of one's own get answers of their own
+  friend bool operator==(const DiskAnswer&, const DiskAnswer&) = default;
+};
+
 class DiskQuestion : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(bool isOpen READ isOpen NOTIFY pickedChanged)
-  Q_PROPERTY(QString name READ name NOTIFY pickedChanged)
-  // Its size and its place.
-  Q_PROPERTY(QString detail READ detail NOTIFY pickedChanged)
-  Q_PROPERTY(QString itemID READ itemID NOTIFY pickedChanged)
-  Q_PROPERTY(QString question READ question NOTIFY answerChanged)
-  Q_PROPERTY(QString answer READ answer NOTIFY answerChanged)
-  Q_PROPERTY(bool isAnswering READ isAnswering NOTIFY answerChanged)
-  // Whether questions of one's own get answers of their own.
-  Q_PROPERTY(bool takesQuestions READ takesQuestions NOTIFY pickedChanged)
+  Q_PROPERTY(ambrel::DiskAnswer face READ face NOTIFY faceChanged FINAL)
 
  public:
   struct Seams {
@@ -39,15 +53,7 @@ class DiskQuestion : public QObject {
   explicit DiskQuestion(Seams seams, QObject* parent = nullptr);
   ~DiskQuestion() override;
 
-  bool isOpen() const { return picked_ != nullptr; }
-  const DiskTree& picked() const { return picked_; }
-  QString name() const;
-  QString detail() const;
-  QString itemID() const;
-  QString question() const { return question_; }
-  QString answer() const { return answer_; }
-  bool isAnswering() const { return isAnswering_; }
-  bool takesQuestions() const { return seams_.model && seams_.model->isAvailable(); }
+  const DiskAnswer& face() const { return face_; }
 
   // Asks "Is it safe to delete this?" at once.
   void pick(DiskTree item, std::vector<DiskFinding> findings);
@@ -55,15 +61,13 @@ class DiskQuestion : public QObject {
   Q_INVOKABLE void close();
 
  Q_SIGNALS:
-  void pickedChanged();
-  void answerChanged();
+  void faceChanged();
 
  private:
   Seams seams_;
   DiskTree picked_;
   std::vector<DiskFinding> findings_;
-  QString question_, answer_;
-  bool isAnswering_ = false;
+  DiskAnswer face_;
   std::stop_source asking_;
 };
 

@@ -5,90 +5,99 @@
 #include "app/disk/DiskTexts.h"
 
 namespace ambrel {
+namespace {
+
+enum class Outcome { pending, moved, stayed };
+using Stage = ReviewFace::Stage;
+
+CleanupRow rowOf(const CleanupItem& item, Outcome outcome, const std::string& home, const Calendar& calendar) {
+  QString detail = shownPath(item.url, home), note;
+  if (item.contentsOnly && outcome == Outcome::pending)
+    detail = DiskReview::tr("What is in %1; the folder stays").arg(detail);
+  if (item.stayed)
+    note = QString::fromStdString(std::string(explanation(*item.stayed)));
+  else if (item.ownRisk && outcome == Outcome::pending)
+    note = QString::fromStdString(item.detail);
+  return {.path = item.url,
+          .title = shownName(item.title),
+          .detail = detail,
+          .size = shownSize(calendar, item.bytes),
+          .note = note,
+          .hasMoved = outcome == Outcome::moved,
+          .hasStayed = outcome == Outcome::stayed};
+}
+
+// What is asked before these items go where they would go.
+ReviewFace questionOf(const std::vector<CleanupItem>& items, const DiskCleaner::Places& places, const std::string& home,
+                      const Calendar& calendar) {
+  if (places.places.empty() && !places.isWhole)
+    return {.stage = Stage::reviewing,
+            .title = DiskReview::tr("Nothing can move to the Trash"),
+            .detail = DiskReview::tr("The volume of these items has no Trash, and none can be made on it.")};
+  std::int64_t bytes = 0;
+  for (const CleanupItem& item : items) bytes += item.bytes;
+  const QString count =
+      items.size() == 1 ? DiskReview::tr("1 item") : DiskReview::tr("%1 items").arg(static_cast<int>(items.size()));
+  QString way = DiskReview::tr("You can put it back until the Trash is emptied.");
+  for (const TrashPlace& place : places.places)
+    if (!place.isListed)
+      way = (places.places.size() == 1
+                 ? DiskReview::tr("The file manager does not show this Trash: take things back from %1.")
+                 : DiskReview::tr("The file manager does not show all of it: take the rest back from %1."))
+                .arg(shownPath(place.folder + "/files", home));
+  return {.stage = Stage::reviewing,
+          .canMove = true,
+          .title = DiskReview::tr("Move %1 to the Trash?").arg(count),
+          .detail = DiskReview::tr("%1, exactly what is listed here. %2").arg(shownSize(calendar, bytes), way)};
+}
+
+}  // namespace
 
 DiskReview::DiskReview(DiskCleaner& cleaner, std::string home, Calendar calendar, QObject* parent)
     : QObject(parent), cleaner_(cleaner), home_(std::move(home)), calendar_(std::move(calendar)) {
   QQmlEngine::setObjectOwnership(&rows_, QQmlEngine::CppOwnership);
 }
 
-void DiskReview::set(Stage stage, const QString& title, const QString& detail) {
-  stage_ = stage;
-  title_ = title;
-  detail_ = detail;
-  Q_EMIT changed();
-}
-
-CleanupRow DiskReview::row(const CleanupItem& item, CleanupRow::Outcome outcome) const {
-  QString detail = shownPath(item.url, home_), note;
-  if (item.contentsOnly && outcome == CleanupRow::Outcome::pending)
-    detail = tr("What is in %1; the folder stays").arg(detail);
-  if (item.stayed)
-    note = QString::fromStdString(std::string(explanation(*item.stayed)));
-  else if (item.ownRisk && outcome == CleanupRow::Outcome::pending)
-    note = QString::fromStdString(item.detail);
-  return {.path = item.url,
-          .title = shownName(item.title),
-          .detail = detail,
-          .size = shownSize(calendar_, item.bytes),
-          .note = note,
-          .outcome = outcome};
+void DiskReview::show(ReviewFace face) {
+  face_ = std::move(face);
+  Q_EMIT faceChanged();
 }
 
 void DiskReview::begin(std::vector<CleanupItem> items) {
-  if (items.empty() || stage_ == Stage::Moving || cleaner_.isTrashing()) return;
+  if (items.empty() || face_.stage == Stage::moving || cleaner_.isTrashing()) return;
   frozen_ = std::move(items);
-  report_.reset();
-  std::int64_t bytes = 0;
   std::vector<CleanupRow> rows;
-  for (const CleanupItem& item : frozen_) {
-    bytes += item.bytes;
-    rows.push_back(row(item, CleanupRow::Outcome::pending));
-  }
+  for (const CleanupItem& item : frozen_) rows.push_back(rowOf(item, Outcome::pending, home_, calendar_));
   rows_.setRows(rows);
-  const QString count = frozen_.size() == 1 ? tr("1 item") : tr("%1 items").arg(static_cast<int>(frozen_.size()));
-  const DiskCleaner::Places places = cleaner_.placesFor(frozen_);
-  canMove_ = !places.places.empty() || places.isWhole;
-  if (!canMove_)
-    return set(Stage::Reviewing, tr("Nothing can move to the Trash"),
-               tr("The volume of these items has no Trash, and none can be made on it."));
-  QString way = tr("You can put it back until the Trash is emptied.");
-  for (const TrashPlace& place : places.places)
-    if (!place.isListed)
-      way = tr("The file manager does not show this Trash: take things back from %1.")
-                .arg(shownPath(place.folder + "/files", home_));
-  set(Stage::Reviewing, tr("Move %1 to the Trash?").arg(count),
-      tr("%1, exactly what is listed here. %2").arg(shownSize(calendar_, bytes), way));
+  show(questionOf(frozen_, cleaner_.placesFor(frozen_), home_, calendar_));
 }
 
 void DiskReview::confirm() {
-  if (stage_ != Stage::Reviewing || !canMove_) return;
+  if (!face_.isReviewing() || !face_.canMove) return;
   const std::vector<CleanupItem> items = std::exchange(frozen_, {});
   if (!cleaner_.trash(items, [this](const DiskAdvice::TrashReport& report) { setReport(report); })) return;
-  set(Stage::Moving, tr("Moving to the Trash"), tr("Each item is looked at once more before it goes."));
+  show({.stage = Stage::moving,
+        .title = tr("Moving to the Trash"),
+        .detail = tr("Each item is looked at once more before it goes.")});
 }
 
 void DiskReview::setReport(const DiskAdvice::TrashReport& report) {
-  report_ = report;
   std::vector<CleanupRow> rows;
-  for (const CleanupItem& item : report.failed) rows.push_back(row(item, CleanupRow::Outcome::stayed));
-  for (const CleanupItem& item : report.moved) rows.push_back(row(item, CleanupRow::Outcome::moved));
+  for (const CleanupItem& item : report.failed) rows.push_back(rowOf(item, Outcome::stayed, home_, calendar_));
+  for (const CleanupItem& item : report.moved) rows.push_back(rowOf(item, Outcome::moved, home_, calendar_));
   rows_.setRows(rows);
   const DiskAdvice::TrashMessage message = DiskAdvice::message(report, calendar_);
-  set(Stage::Reported, QString::fromStdString(message.title), QString::fromStdString(message.body));
+  show({.stage = Stage::reported,
+        .title = QString::fromStdString(message.title),
+        .detail = QString::fromStdString(message.body)});
   if (onReport) onReport(report);
 }
 
 void DiskReview::close() {
-  if (stage_ == Stage::Moving) return;
-  clear();
-}
-
-void DiskReview::clear() {
-  if (stage_ == Stage::Closed || stage_ == Stage::Moving) return;
+  if (!face_.isOpen() || face_.stage == Stage::moving) return;
   frozen_.clear();
-  report_.reset();
   rows_.setRows({});
-  set(Stage::Closed, {}, {});
+  show({});
 }
 
 }  // namespace ambrel

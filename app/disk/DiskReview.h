@@ -5,40 +5,69 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "app/disk/CleanupListModel.h"
+#include "app/base/GadgetListModel.h"
 #include "app/disk/DiskCleaner.h"
 
 namespace ambrel {
+
+// A thing that is about to go to the Trash, or what became of it.
+struct CleanupRow {
+  Q_GADGET
+  Q_PROPERTY(QString title MEMBER title FINAL)
+  Q_PROPERTY(QString detail MEMBER detail FINAL)
+  Q_PROPERTY(QString size MEMBER size FINAL)
+  Q_PROPERTY(QString note MEMBER note FINAL)
+  Q_PROPERTY(bool hasMoved MEMBER hasMoved FINAL)
+  Q_PROPERTY(bool hasStayed MEMBER hasStayed FINAL)
+
+ public:
+  std::string path;
+  QString title, detail, size;
+  QString note;  // why it stayed, or why it is worth a look before it goes
+  bool hasMoved = false, hasStayed = false;
+  friend bool operator==(const CleanupRow&, const CleanupRow&) = default;
+};
+
+struct ReviewFace {
+  Q_GADGET
+  QML_VALUE_TYPE(reviewFace)
+  Q_PROPERTY(bool isOpen READ isOpen FINAL)
+  Q_PROPERTY(bool isReviewing READ isReviewing FINAL)
+  Q_PROPERTY(bool isReported READ isReported FINAL)
+  Q_PROPERTY(bool canMove MEMBER canMove FINAL)
+  Q_PROPERTY(QString title MEMBER title FINAL)
+  Q_PROPERTY(QString detail MEMBER detail FINAL)
+
+ public:
+  enum class Stage { closed, reviewing, moving, reported };
+
+  Stage stage = Stage::closed;
+  bool canMove = false;  // the items have a Trash to go to
+  QString title = {}, detail = {};
+
+  bool isOpen() const { return stage != Stage::closed; }
+  bool isReviewing() const { return stage == Stage::reviewing; }
+  bool isReported() const { return stage == Stage::reported; }
+  friend bool operator==(const ReviewFace&, const ReviewFace&) = default;
+};
 
 class DiskReview : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(Stage stage READ stage NOTIFY changed)
-  Q_PROPERTY(QString title READ title NOTIFY changed)
-  Q_PROPERTY(QString detail READ detail NOTIFY changed)
-  // The items have a Trash to go to.
-  Q_PROPERTY(bool canMove READ canMove NOTIFY changed)
-  Q_PROPERTY(ambrel::CleanupListModel* items READ items CONSTANT)
+  Q_PROPERTY(ambrel::ReviewFace face READ face NOTIFY faceChanged FINAL)
+  Q_PROPERTY(ambrel::RowList* items READ items CONSTANT FINAL)
 
  public:
-  // Names are capitalised because QML asks for it.
-  enum class Stage { Closed, Reviewing, Moving, Reported };
-  Q_ENUM(Stage)
+  using Rows = GadgetListModel<CleanupRow, &CleanupRow::path>;
 
   DiskReview(DiskCleaner& cleaner, std::string home, Calendar calendar, QObject* parent = nullptr);
 
-  Stage stage() const { return stage_; }
-  QString title() const { return title_; }
-  QString detail() const { return detail_; }
-  bool canMove() const { return canMove_; }
-  CleanupListModel* items() { return &rows_; }
-  const std::vector<CleanupItem>& frozen() const { return frozen_; }
-  const std::optional<DiskAdvice::TrashReport>& report() const { return report_; }
+  const ReviewFace& face() const { return face_; }
+  Rows* items() { return &rows_; }
 
   // Nothing happens without items, and while a list is on its way.
   void begin(std::vector<CleanupItem> items);
@@ -46,27 +75,22 @@ class DiskReview : public QObject {
   Q_INVOKABLE void confirm();
   // Puts the review or the report away.
   Q_INVOKABLE void close();
-  void clear();
 
   std::function<void(const DiskAdvice::TrashReport&)> onReport;
 
  Q_SIGNALS:
-  void changed();
+  void faceChanged();
 
  private:
-  void set(Stage stage, const QString& title, const QString& detail);
+  void show(ReviewFace face);
   void setReport(const DiskAdvice::TrashReport& report);
-  CleanupRow row(const CleanupItem& item, CleanupRow::Outcome outcome) const;
 
   DiskCleaner& cleaner_;
   std::string home_;
   Calendar calendar_;
-  Stage stage_ = Stage::Closed;
-  bool canMove_ = false;
-  QString title_, detail_;
+  ReviewFace face_;
   std::vector<CleanupItem> frozen_;
-  std::optional<DiskAdvice::TrashReport> report_;
-  CleanupListModel rows_;
+  Rows rows_;
 };
 
 }  // namespace ambrel

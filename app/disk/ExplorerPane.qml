@@ -8,7 +8,7 @@ Item {
 
     required property DiskDoctor doctor
     readonly property DiskExplorer explorer: doctor.explorer
-    readonly property bool isWhole: doctor.phase === DiskDoctor.Done || doctor.isAnalyzing
+    readonly property bool isWhole: doctor.face.isDone || doctor.face.isAnalyzing
 
     Breadcrumb {
         anchors {
@@ -32,10 +32,10 @@ Item {
             top: parent.top
             topMargin: Theme.space3
         }
-        visible: root.doctor.phase === DiskDoctor.Done
+        visible: root.doctor.face.isDone
         label: qsTr("Is it safe to delete this?")
         symbol: "questionmark.circle"
-        onClicked: root.doctor.askAbout(root.explorer.center.id)
+        onClicked: root.doctor.askAbout(root.explorer.spot.center.id)
     }
 
     SunburstPane {

@@ -8,7 +8,7 @@ FocusScope {
 
     required property DiskDoctor doctor
     readonly property FindingListModel findings: doctor.findings
-    readonly property bool isDone: doctor.phase === DiskDoctor.Done
+    readonly property bool isDone: doctor.face.isDone
     // What covers the lower end of the list; the row that was asked about stays above it.
     property real covered: 0
 
@@ -25,7 +25,7 @@ FocusScope {
     }
     EmptyState {
         anchors.centerIn: parent
-        visible: root.isDone && !root.findings.hasFindings
+        visible: root.isDone && !root.findings.choice.hasFindings
         symbol: "checkmark.circle"
         title: qsTr("Nothing to clean up")
         sentence: qsTr("No caches, old downloads or copies worth a move were found here.")
@@ -71,13 +71,13 @@ FocusScope {
 
             SkippedNote {
                 width: parent.width
-                text: root.doctor.skippedText
-                folders: root.doctor.skippedFolders
+                text: root.doctor.face.skippedText
+                folders: root.doctor.face.skippedFolders
             }
             SkippedNote {
                 width: parent.width
                 symbol: "clock"
-                text: root.doctor.unknownText
+                text: root.doctor.face.unknownText
             }
         }
     }

@@ -9,8 +9,8 @@ FocusScope {
 
     required property DiskDoctor doctor
     readonly property DiskReview review: doctor.review
-    readonly property bool isReviewing: review.stage === DiskReview.Reviewing
-    readonly property bool isReported: review.stage === DiskReview.Reported
+    readonly property bool isReviewing: review.face.isReviewing
+    readonly property bool isReported: review.face.isReported
     // Kept free above and below, so that no button of the sheet is where a click was that opened it.
     required property real clearance
     // The second click of a double click belongs to what was there before. Nothing acts until the sheet has been in
@@ -27,7 +27,7 @@ FocusScope {
     }
 
     Accessible.role: Accessible.Dialog
-    Accessible.name: review.title
+    Accessible.name: review.face.title
     Keys.onEscapePressed: root.review.close()
     onIsReviewingChanged: begin()
     onIsReportedChanged: begin()
@@ -79,13 +79,13 @@ FocusScope {
 
             TipLabel {
                 width: parent.width
-                text: root.review.title
+                text: root.review.face.title
                 role: Theme.title
                 Accessible.role: Accessible.Heading
             }
             Label {
                 width: parent.width
-                text: root.review.detail
+                text: root.review.face.detail
                 color: Theme.ink2
                 wrapMode: Text.WordWrap
             }
@@ -106,7 +106,7 @@ FocusScope {
             boundsBehavior: Flickable.StopAtBounds
             activeFocusOnTab: contentHeight > height
             Accessible.role: Accessible.List
-            Accessible.name: root.review.title
+            Accessible.name: root.review.face.title
             Keys.onUpPressed: contentY = Math.max(originY, contentY - 40)
             Keys.onDownPressed: contentY = Math.max(originY, Math.min(originY + contentHeight - height, contentY + 40))
 
@@ -152,7 +152,7 @@ FocusScope {
             }
             Button {
                 visible: root.isReviewing
-                enabled: root.isArmed && root.review.canMove
+                enabled: root.isArmed && root.review.face.canMove
                 kind: Button.Primary
                 size: 36
                 text: qsTr("Move to the Trash")

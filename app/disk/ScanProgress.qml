@@ -6,42 +6,45 @@ import Ambrel.Kit
 Column {
     id: root
 
-    required property DiskProgress progress
+    property string title
+    property string detail
+    property string figure
+    property real percent: 0
     property bool hasShare: true
 
     spacing: Theme.space2
     Accessible.role: Accessible.ProgressBar
-    Accessible.name: progress.title + ", " + progress.detail
+    Accessible.name: title + ", " + detail
 
     Item {
         width: parent.width
-        height: title.height
+        height: heading.height
 
         Label {
-            id: title
+            id: heading
 
-            text: root.progress.title
+            text: root.title
             role: Theme.headline
             Accessible.ignored: true
         }
         TipLabel {
             anchors {
-                left: title.right
+                left: heading.right
                 leftMargin: Theme.space3
-                right: figure.left
+                right: share.left
                 rightMargin: Theme.space3
-                baseline: title.baseline
+                baseline: heading.baseline
             }
-            text: root.progress.detail
+            text: root.detail
             color: Theme.ink2
             Accessible.ignored: true
         }
         TipLabel {
-            id: figure
+            id: share
 
             anchors.right: parent.right
-            anchors.baseline: title.baseline
-            text: root.progress.figure
+            anchors.baseline: heading.baseline
+            text: root.figure
             role: Theme.rowTitle
             Accessible.ignored: true
         }
@@ -50,7 +53,7 @@ Column {
         width: parent.width
         height: 6
         visible: root.hasShare
-        value: root.progress.percent
+        value: root.percent
         color: Theme.teal.mark
         trackColor: Theme.track
         duration: 0

@@ -7,7 +7,7 @@ Item {
     id: root
 
     required property DiskDoctor doctor
-    readonly property bool isGuarded: doctor.phase === DiskDoctor.Access
+    readonly property bool isGuarded: doctor.face.isGuarded
 
     Column {
         anchors.centerIn: parent
@@ -23,7 +23,7 @@ Item {
         Pill {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: text !== ""
-            text: root.doctor.message
+            text: root.doctor.face.message
             symbol: "info.circle"
             tone: Theme.orange
         }

@@ -31,6 +31,7 @@ SunburstChart::SunburstChart(QQuickItem* parent) : QQuickPaintedItem(parent) {
   setAcceptHoverEvents(true);
   setAcceptedMouseButtons(Qt::LeftButton | Qt::RightButton);
   setActiveFocusOnTab(true);
+  connect(this, &SunburstChart::styleChanged, this, [this] { update(); });
 }
 
 void SunburstChart::setCenter(const DiskNode& center) {
@@ -52,34 +53,6 @@ void SunburstChart::setHighlightedID(const QString& id) {
   highlightedID_ = id;
   update();
   Q_EMIT highlightedChanged();
-}
-
-void SunburstChart::setColors(const QList<QColor>& colors) {
-  if (colors == colors_) return;
-  colors_ = colors;
-  update();
-  Q_EMIT styleChanged();
-}
-
-void SunburstChart::setGround(const QColor& color) {
-  if (color == ground_) return;
-  ground_ = color;
-  update();
-  Q_EMIT styleChanged();
-}
-
-void SunburstChart::setInk(const QColor& color) {
-  if (color == ink_) return;
-  ink_ = color;
-  update();
-  Q_EMIT styleChanged();
-}
-
-void SunburstChart::setTrackColor(const QColor& color) {
-  if (color == trackColor_) return;
-  trackColor_ = color;
-  update();
-  Q_EMIT styleChanged();
 }
 
 qreal SunburstChart::scale() const { return std::min(width(), height()) / 2 / room; }

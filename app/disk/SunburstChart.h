@@ -20,11 +20,11 @@ class SunburstChart : public QQuickPaintedItem {
   QML_ELEMENT
   Q_PROPERTY(ambrel::DiskNode center READ center WRITE setCenter NOTIFY centerChanged FINAL)
   Q_PROPERTY(QString highlightedID READ highlightedID WRITE setHighlightedID NOTIFY highlightedChanged FINAL)
-  Q_PROPERTY(QList<QColor> colors READ colors WRITE setColors NOTIFY styleChanged FINAL)
-  Q_PROPERTY(QColor ground READ ground WRITE setGround NOTIFY styleChanged FINAL)
-  Q_PROPERTY(QColor ink READ ink WRITE setInk NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QList<QColor> colors MEMBER colors_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor ground MEMBER ground_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor ink MEMBER ink_ NOTIFY styleChanged FINAL)
   // Of what is not known yet.
-  Q_PROPERTY(QColor trackColor READ trackColor WRITE setTrackColor NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor trackColor MEMBER trackColor_ NOTIFY styleChanged FINAL)
   // Of the space in the middle, for a text.
   Q_PROPERTY(qreal holeDiameter READ holeDiameter NOTIFY holeChanged FINAL)
 
@@ -35,14 +35,6 @@ class SunburstChart : public QQuickPaintedItem {
   void setCenter(const DiskNode& center);
   QString highlightedID() const { return highlightedID_; }
   void setHighlightedID(const QString& id);
-  QList<QColor> colors() const { return colors_; }
-  void setColors(const QList<QColor>& colors);
-  QColor ground() const { return ground_; }
-  void setGround(const QColor& color);
-  QColor ink() const { return ink_; }
-  void setInk(const QColor& color);
-  QColor trackColor() const { return trackColor_; }
-  void setTrackColor(const QColor& color);
   qreal holeDiameter() const;
 
   const std::vector<SunburstSegment>& segments() const { return segments_; }

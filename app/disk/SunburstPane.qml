@@ -13,14 +13,14 @@ Item {
         id: chart
 
         anchors.fill: parent
-        center: root.explorer.center
+        center: root.explorer.spot.center
         highlightedID: root.explorer.hoveredID
         colors: Theme.sunburst
         ground: Theme.panel
         ink: Theme.ink
         trackColor: Theme.card
         Accessible.role: Accessible.Chart
-        Accessible.name: root.explorer.description
+        Accessible.name: root.explorer.spot.description
         Accessible.focusable: true
         onHovered: id => root.explorer.hoveredID = id
         onEntered: id => {
@@ -41,7 +41,7 @@ Item {
 
         Label {
             width: parent.width
-            text: root.explorer.size
+            text: root.explorer.spot.size
             role: Theme.figure
             // The hole of a small window's chart is narrower than some figures.
             fontSizeMode: Text.HorizontalFit
@@ -51,7 +51,7 @@ Item {
         }
         Label {
             width: parent.width
-            text: root.explorer.name
+            text: root.explorer.spot.name
             role: Theme.small
             color: Theme.ink2
             horizontalAlignment: Text.AlignHCenter
@@ -59,7 +59,7 @@ Item {
             Accessible.ignored: true
         }
         Symbol {
-            visible: root.explorer.canGoUp
+            visible: root.explorer.spot.canGoUp
             anchors.horizontalCenter: parent.horizontalCenter
             name: "chevron.up"
             size: 16

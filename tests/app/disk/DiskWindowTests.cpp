@@ -14,7 +14,7 @@ namespace ambrel {
 namespace {
 
 using Phase = DiskDoctor::Phase;
-using Stage = DiskReview::Stage;
+using Stage = ReviewFace::Stage;
 
 // The window on a home of its own.
 struct Room {
@@ -186,11 +186,11 @@ void DiskWindowTests::aScanBeginsAndStops() {
   Room room;
   QVERIFY(room.open());
   QVERIFY(room.click("Scan Home"));
-  QCOMPARE(room.doctor().phase(), Phase::Scanning);
+  QCOMPARE(room.doctor().phase(), Phase::scanning);
   QVERIFY(room.hasText("Reading only. Nothing is changed while it scans."));
   QVERIFY(!room.labelled("Move to the Trash")->isEnabled());
   QVERIFY(room.click("Stop"));
-  QCOMPARE(room.doctor().phase(), Phase::Start);
+  QCOMPARE(room.doctor().phase(), Phase::start);
   bool hasAsked = false;
   room.doctor().onChooseFolder = [&](const auto&) { hasAsked = true; };
   QVERIFY(room.click("Choose a folder…"));
@@ -208,9 +208,9 @@ void DiskWindowTests::theHomeMayBeGuarded() {
   QVERIFY(room.click("Scan Home"));
   QVERIFY(room.hasText("Your home cannot be read"));
   QVERIFY(room.click("Look again"));
-  QCOMPARE(room.doctor().phase(), Phase::Access);
+  QCOMPARE(room.doctor().phase(), Phase::access);
   QVERIFY(room.click("Scan anyway"));
-  QCOMPARE(room.doctor().phase(), Phase::Scanning);
+  QCOMPARE(room.doctor().phase(), Phase::scanning);
   QCOMPARE(room.warnings.take().join("; "), "");
 }
 
@@ -220,20 +220,20 @@ void DiskWindowTests::whatIsSafeMovesByThreeClicks() {
   bring(room, "done");
   QVERIFY(room.click("Choose what is safe"));
   QVERIFY(room.click("Move 7 MB to the Trash"));
-  QCOMPARE(room.doctor().review()->stage(), Stage::Reviewing);
+  QCOMPARE(room.doctor().review()->face().stage, Stage::reviewing);
   // What lies below is out of reach.
   QVERIFY(!room.click("Scan again"));
   QTRY_VERIFY(room.isSheetArmed());
   QVERIFY(room.click("Move to the Trash"));
   room.desk.held.letGo();
-  QCOMPARE(room.doctor().review()->stage(), Stage::Reported);
+  QCOMPARE(room.doctor().review()->face().stage, Stage::reported);
   QVERIFY(room.hasText("Moved 7 MB to the Trash"));
   // Nor does a second click on the same place put the report away unread.
   QVERIFY(room.click("Done"));
-  QCOMPARE(room.doctor().review()->stage(), Stage::Reported);
+  QCOMPARE(room.doctor().review()->face().stage, Stage::reported);
   QTRY_VERIFY(room.isSheetArmed());
   QVERIFY(room.click("Done"));
-  QCOMPARE(room.doctor().review()->stage(), Stage::Closed);
+  QCOMPARE(room.doctor().review()->face().stage, Stage::closed);
   QVERIFY(room.desk.exists("Downloads/old.iso"));
   QVERIFY(!room.desk.exists("src/web/node_modules"));
   QCOMPARE(room.warnings.take().join("; "), "");
@@ -257,21 +257,21 @@ void DiskWindowTests::aDoubleClickOnlyOpensTheSheet() {
   QTRY_COMPARE(room.root()->size().toSize(), size);
   bring(room, "chosen");
   room.window().grabWindow();
-  const QString move = room.doctor().findings()->moveTitle();
+  const QString move = room.doctor().findings()->choice().moveTitle;
   const QRectF opener = room.placeOf(move);
   QVERIFY(!opener.isEmpty());
   QTest::mouseDClick(&room.window(), Qt::LeftButton, {}, opener.center().toPoint());
-  QCOMPARE(room.doctor().review()->stage(), Stage::Reviewing);
+  QCOMPARE(room.doctor().review()->face().stage, Stage::reviewing);
   // Nor do impatient clicks on the button itself count.
   room.window().grabWindow();
   const QRectF confirm = room.placeOf("Move to the Trash");
   QVERIFY(!confirm.isEmpty() && !confirm.intersects(opener));
   QTest::mouseDClick(&room.window(), Qt::LeftButton, {}, confirm.center().toPoint());
-  QCOMPARE(room.doctor().review()->stage(), Stage::Reviewing);
+  QCOMPARE(room.doctor().review()->face().stage, Stage::reviewing);
   QVERIFY(room.desk.held.waiting.empty());
   QTRY_VERIFY(room.isSheetArmed());
   QVERIFY(room.click("Move to the Trash"));
-  QCOMPARE(room.doctor().review()->stage(), Stage::Moving);
+  QCOMPARE(room.doctor().review()->face().stage, Stage::moving);
 }
 
 void DiskWindowTests::leavingIsTheFirstButton() {
@@ -282,7 +282,7 @@ void DiskWindowTests::leavingIsTheFirstButton() {
     QTRY_COMPARE(room.focused(), "Leave everything");
     QTRY_VERIFY(room.isSheetArmed());
     room.press(key);
-    QCOMPARE(room.doctor().review()->stage(), Stage::Closed);
+    QCOMPARE(room.doctor().review()->face().stage, Stage::closed);
     QVERIFY(room.desk.held.waiting.empty());
     QVERIFY(room.desk.trash.asked.empty());
   }
@@ -303,9 +303,9 @@ void DiskWindowTests::theListWorksFromTheKeyboard() {
   room.press(Qt::Key_Down);
   QCOMPARE(findings.rows()[1].id, "rule:developerCaches");
   room.press(Qt::Key_Space);
-  QCOMPARE(findings.selectedCount(), 1);
+  QCOMPARE(findings.selection().paths().size(), 1u);
   room.press(Qt::Key_Space);
-  QCOMPARE(findings.selectedCount(), 0);
+  QCOMPARE(findings.selection().paths().size(), 0u);
   room.press(Qt::Key_Return);
   QCOMPARE(findings.rows()[2].id, "reason:developerCaches");
   room.press(Qt::Key_Left);
@@ -314,7 +314,7 @@ void DiskWindowTests::theListWorksFromTheKeyboard() {
   room.press(Qt::Key_Down);
   room.press(Qt::Key_Down);
   room.press(Qt::Key_Return);
-  QCOMPARE(room.doctor().question()->name(), "pip");
+  QCOMPARE(room.doctor().question()->face().name, "pip");
   QCOMPARE(room.warnings.take().join("; "), "");
 }
 
@@ -323,13 +323,13 @@ void DiskWindowTests::aClickOnAnItemAsksAboutIt() {
   QVERIFY(room.open());
   bring(room, "chosen");
   QTRY_VERIFY(room.click("old.iso"));
-  QVERIFY(room.doctor().question()->isOpen());
+  QVERIFY(room.doctor().question()->face().isOpen);
   QVERIFY(room.hasText("Is it safe to delete this?"));
   std::string shown;
   room.doctor().onShowInFolder = [&](const std::string& path) { shown = path; };
   QVERIFY(room.click("Show in Files"));
   QCOMPARE(shown, room.desk.home + "/Downloads/old.iso");
-  QCOMPARE(room.doctor().findings()->selectedCount(), 3);
+  QCOMPARE(room.doctor().findings()->selection().paths().size(), 3u);
   // The answer does not lie on what it is about.
   QQuickItem* card = nullptr;
   visitShown(room.root(), [&](QQuickItem* item) {
@@ -339,7 +339,7 @@ void DiskWindowTests::aClickOnAnItemAsksAboutIt() {
   QQuickItem* row = room.labelled("old.iso");
   QTRY_VERIFY(row->mapToScene({0, row->height()}).y() <= card->mapToScene({0, 0}).y());
   room.press(Qt::Key_Escape);
-  QVERIFY(!room.doctor().question()->isOpen());
+  QVERIFY(!room.doctor().question()->face().isOpen);
 }
 
 void DiskWindowTests::theChartIsReachedByTab() {
@@ -353,7 +353,7 @@ void DiskWindowTests::theChartIsReachedByTab() {
   const QString first = room.doctor().explorer()->hoveredID();
   QVERIFY(!first.isEmpty());
   room.press(Qt::Key_Return);
-  QVERIFY(room.doctor().explorer()->canGoUp() || room.doctor().question()->isOpen());
+  QVERIFY(room.doctor().explorer()->spot().canGoUp || room.doctor().question()->face().isOpen);
 }
 
 void DiskWindowTests::theTitleBarHasItsButtons() {
@@ -379,11 +379,11 @@ void DiskWindowTests::closingEndsTheScanAndKeepsTheResult() {
   room.window().close();
   QVERIFY(!room.controller->isShown());
   QVERIFY(room.open());
-  QCOMPARE(room.doctor().phase(), Phase::Done);
+  QCOMPARE(room.doctor().phase(), Phase::done);
   QVERIFY(room.labelled("Scan again"));
   room.doctor().scanAgain();
   room.controller->close();
-  QCOMPARE(room.doctor().phase(), Phase::Start);
+  QCOMPARE(room.doctor().phase(), Phase::start);
   // A second one does nothing.
   room.controller->close();
 }

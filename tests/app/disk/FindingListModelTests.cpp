@@ -1,6 +1,7 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 
 #include "app/disk/DiskExplorer.h"
 #include "app/disk/DiskTexts.h"
@@ -39,11 +40,6 @@ struct Fixture {
     for (const FindingRow& row : model.rows()) out << row.title;
     return out;
   }
-  Qt::CheckState check(const std::string& id) const {
-    for (const FindingRow& row : model.rows())
-      if (row.id == id) return row.checkState;
-    return Qt::Unchecked;
-  }
 };
 
 }  // namespace
@@ -52,11 +48,8 @@ class FindingListModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void rowsFollowGroupsAndRules();
-  void groupsStandForWhatIsInThem();
-  void onlyWhatIsSafeIsChosenAtOnce();
+  void rowsSayWhatWasFoundAndChosen();
   void rowsThatOpenChangeNoOthers();
-  void aReportLeavesWhatIsLeft();
   void explorerGoesDownAndUp();
   void hoveringSurvivesNothingThatIsGone();
   void aHalfReadTreeSaysWhatIsMissing();
@@ -66,53 +59,32 @@ class FindingListModelTests : public QObject {
   void shownTextsHideNothing();
 };
 
-void FindingListModelTests::rowsFollowGroupsAndRules() {
+void FindingListModelTests::rowsSayWhatWasFoundAndChosen() {
   Fixture fixture;
+  FindingListModel& model = fixture.model;
   QCOMPARE(fixture.titles(), QStringList({"Developer junk", "Developer caches", "App caches", "Big old files",
                                           "Large files you have not opened", "Trash", "The Trash", "Only shown",
                                           "Old simulator runtimes"}));
-  QCOMPARE(fixture.model.rows()[1].detail, "2 items: .npm, .cargo");
-  QCOMPARE(fixture.model.rows()[1].size, "30 bytes");
-  QVERIFY(fixture.model.rows()[0].isSelectable);
-  for (const int row : {5, 6, 7, 8}) QVERIFY(!fixture.model.rows()[static_cast<std::size_t>(row)].isSelectable);
-  QCOMPARE(fixture.model.data(fixture.model.index(4), FindingListModel::RiskRole).toString(), "Careful");
-}
-
-void FindingListModelTests::groupsStandForWhatIsInThem() {
-  Fixture fixture;
-  FindingListModel& model = fixture.model;
-  QSignalSpy changes(&model, &FindingListModel::selectionChanged);
+  QCOMPARE(model.rows()[1].label(), "Developer caches, 2 items: .npm, .cargo, Safe, 30 bytes");
+  QVERIFY(model.rows()[0].isSelectable && !model.rows()[5].isSelectable && !model.rows()[7].isSelectable);
+  QCOMPARE(model.index(4).data(FindingListModel::role("risk")).toString(), "Careful");
+  QCOMPARE(model.choice().title, "Nothing chosen yet");
+  QSignalSpy changes(&model, &FindingListModel::choiceChanged);
   model.setSelected("/home/u/.npm", true);
-  QCOMPARE(fixture.check("group:developerJunk"), Qt::PartiallyChecked);
-  QCOMPARE(fixture.check("rule:developerCaches"), Qt::PartiallyChecked);
-  QCOMPARE(model.selectionTitle(), "1 of 4 chosen");
-  QCOMPARE(model.moveTitle(), "Move 20 bytes to the Trash");
-  model.setSelected("group:developerJunk", true);
-  QCOMPARE(fixture.check("group:developerJunk"), Qt::Checked);
-  QCOMPARE(model.selectedItems().size(), 3u);
-  model.setSelected("rule:appCaches", false);
-  QCOMPARE(fixture.check("group:developerJunk"), Qt::PartiallyChecked);
-  QCOMPARE(changes.count(), 3);
-  model.setSelected("rule:appCaches", false);
-  QCOMPARE(changes.count(), 3);
-  model.selectNone();
-  QCOMPARE(model.selectionTitle(), "Nothing chosen yet");
-  QCOMPARE(model.moveTitle(), "Move to the Trash");
-}
-
-void FindingListModelTests::onlyWhatIsSafeIsChosenAtOnce() {
-  Fixture fixture;
-  QVERIFY(fixture.model.hasSafeItems());
-  fixture.model.selectSafe();
-  QCOMPARE(fixture.model.selection(), std::set<std::string>({"/home/u/.npm", "/home/u/.cargo"}));
-
-  // One that needs more care than its rule says is left out, and the rule says so before it is opened.
-  std::vector<DiskFinding> list = findings();
-  list[1].items[1].ownRisk = CleanupRisk::review;
-  fixture.model.setFindings(list);
-  fixture.model.selectSafe();
-  QCOMPARE(fixture.model.selection(), std::set<std::string>({"/home/u/.npm"}));
-  QCOMPARE(fixture.model.rows()[1].risk, CleanupRisk::review);
+  QCOMPARE(model.rows()[0].checkState, Qt::PartiallyChecked);
+  QCOMPARE(model.rows()[1].checkState, Qt::PartiallyChecked);
+  QCOMPARE(model.choice().title, "1 of 4 chosen");
+  QCOMPARE(model.choice().moveTitle, "Move 20 bytes to the Trash");
+  model.setSelected("/home/u/.npm", true);
+  QCOMPARE(changes.count(), 1);
+  DiskAdvice::TrashReport report{.moved = {}, .failed = {item("/home/u/.npm", 5)}, .bytesMoved = 15};
+  report.failed[0].stayed = StayReason::diskFull;
+  model.toggleOpen("rule:developerCaches");
+  model.takeReport(report);
+  const auto stayed = std::ranges::find(model.rows(), "/home/u/.npm", &FindingRow::id);
+  QCOMPARE(stayed->size, "5 bytes");
+  QCOMPARE(stayed->note, "The disk is full.");
+  QVERIFY(stayed->hasStayed && stayed->checkState == Qt::Unchecked);
 }
 
 void FindingListModelTests::rowsThatOpenChangeNoOthers() {
@@ -131,34 +103,7 @@ void FindingListModelTests::rowsThatOpenChangeNoOthers() {
   model.toggleOpen("group:developerJunk");
   QCOMPARE(model.rows()[3].id, "/home/u/.npm");
   QCOMPARE(resets.count(), 0);
-  QCOMPARE(model.selection(), std::set<std::string>({"/home/u/film.mkv"}));
-}
-
-void FindingListModelTests::aReportLeavesWhatIsLeft() {
-  Fixture fixture;
-  FindingListModel& model = fixture.model;
-  model.setSelected("rule:developerCaches", true);
-  model.setSelected("rule:largeOldFiles", true);
-  model.setSelected("rule:appCaches", true);
-  QCOMPARE(model.moveTitle(), "Move 960 bytes to the Trash");
-  DiskAdvice::TrashReport report{.moved = {item("/home/u/film.mkv", 900)}, .failed = {}, .bytesMoved = 915};
-  report.failed = {item("/home/u/.npm", 5), item("/home/u/.cache", 0)};
-  report.failed[0].stayed = StayReason::diskFull;
-  report.failed[1].stayed = StayReason::gone;
-  model.takeReport(report);
-  // What is left is chosen no more, and what was not asked for still is.
-  QCOMPARE(model.selection(), std::set<std::string>({"/home/u/.cargo"}));
-  QCOMPARE(model.moveTitle(), "Move 10 bytes to the Trash");
-  QVERIFY(!fixture.titles().contains("Big old files"));
-  QVERIFY(!fixture.titles().contains("App caches"));
-  QCOMPARE(DiskAdvice::freeableBytes(model.findings()), 15);
-  model.toggleOpen("rule:developerCaches");
-  for (const FindingRow& row : model.rows())
-    if (row.id == "/home/u/.npm") {
-      QCOMPARE(row.size, "5 bytes");
-      QCOMPARE(row.note, "The disk is full.");
-      QVERIFY(row.hasStayed);
-    }
+  QCOMPARE(model.selection().paths(), std::set<std::string>({"/home/u/film.mkv"}));
 }
 
 void FindingListModelTests::explorerGoesDownAndUp() {
@@ -166,26 +111,26 @@ void FindingListModelTests::explorerGoesDownAndUp() {
   const DiskTree tree = test::treeOf(
       "/home/u", {{"src/web/a", 5'000'000}, {"src/web/b", 3'000'000}, {"src/tiny", 10}, {"film.mkv", 9'000'000}});
   explorer.show(tree, "Home");
-  QCOMPARE(explorer.name(), "Home");
-  QCOMPARE(explorer.size(), "17 MB");
-  QVERIFY(!explorer.canGoUp());
+  QCOMPARE(explorer.spot().name, "Home");
+  QCOMPARE(explorer.spot().size, "17 MB");
+  QVERIFY(!explorer.spot().canGoUp);
   QVERIFY(!explorer.enter("/home/u/film.mkv"));
   QVERIFY(!explorer.enter("/home/u"));
   QVERIFY(!explorer.enter("/home/elsewhere"));
   QVERIFY(explorer.enter("/home/u/src/web"));
-  QCOMPARE(explorer.center().item->url(), "/home/u/src/web");
+  QCOMPARE(explorer.spot().center.item->url(), "/home/u/src/web");
   QCOMPARE(explorer.path()->rowCount(), 3);
   explorer.goUp();
-  QCOMPARE(explorer.center().item->url(), "/home/u/src");
+  QCOMPARE(explorer.spot().center.item->url(), "/home/u/src");
   // One sees where one has been.
   QCOMPARE(explorer.hoveredID(), "/home/u/src/web");
-  QCOMPARE(explorer.size(), "8 MB");
+  QCOMPARE(explorer.spot().size, "8 MB");
   explorer.setHoveredID(pathID("/home/u/src/\x01small"));
-  QCOMPARE(explorer.name(), "Smaller items");
+  QCOMPARE(explorer.spot().name, "Smaller items");
   QCOMPARE(explorer.legend()->rows().back().name, "Smaller items");
   QVERIFY(explorer.legend()->rows().back().isHighlighted);
   QVERIFY(explorer.enter("/home/u"));
-  QVERIFY(!explorer.canGoUp());
+  QVERIFY(!explorer.spot().canGoUp);
 }
 
 void FindingListModelTests::hoveringSurvivesNothingThatIsGone() {
@@ -193,10 +138,10 @@ void FindingListModelTests::hoveringSurvivesNothingThatIsGone() {
   explorer.show(test::treeOf("/base", {{"a", 5'000'000}}), "Base");
   explorer.setHoveredID("/base/a");
   explorer.show(test::treeOf("/base", {{"b", 7'000'000}}), "Base");
-  QCOMPARE(explorer.size(), "7 MB");
+  QCOMPARE(explorer.spot().size, "7 MB");
   explorer.clear();
-  QCOMPARE(explorer.size(), "");
-  QCOMPARE(explorer.name(), "");
+  QCOMPARE(explorer.spot().size, "");
+  QCOMPARE(explorer.spot().name, "");
   QVERIFY(!explorer.enter("/base/b"));
   explorer.goUp();
 }
@@ -213,10 +158,10 @@ void FindingListModelTests::aHalfReadTreeSaysWhatIsMissing() {
         "Home");
   };
   show({"Documents", "bad\xff", "Music", "Videos"});
-  QCOMPARE(explorer.center().share, 0.4);
-  QCOMPARE(explorer.name(), "so far");
+  QCOMPARE(explorer.spot().center.share, 0.4);
+  QCOMPARE(explorer.spot().name, "so far");
   // With what has been seen of folders that are not finished.
-  QCOMPARE(explorer.size(), "19 MB");
+  QCOMPARE(explorer.spot().size, "19 MB");
   const auto& parts = explorer.legend()->rows();
   QStringList shown;
   for (const DiskPart& part : parts) shown << part.name + ": " + part.size;
@@ -236,8 +181,8 @@ void FindingListModelTests::longWaysShowTheirEnds() {
   for (const DiskPart& part : explorer.path()->rows()) names << part.name;
   QCOMPARE(names, QStringList({"R", "…", "d", "e"}));
   // The one that stands for those left out leads to the nearest of them.
-  QVERIFY(explorer.enter(pathID(explorer.path()->rows()[1].id)));
-  QCOMPARE(explorer.center().item->url(), "/r/a/b/c");
+  QVERIFY(explorer.enter(explorer.path()->rows()[1].id));
+  QCOMPARE(explorer.spot().center.item->url(), "/r/a/b/c");
 }
 
 void FindingListModelTests::newsIsFetchedTenTimesASecond() {

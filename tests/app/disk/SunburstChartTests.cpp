@@ -30,10 +30,11 @@ struct Fixture {
   explicit Fixture(DiskTree tree = someTree(), double share = 1) {
     window.resize(276, 276);
     chart.setSize({276, 276});
-    chart.setColors({Qt::red, Qt::green, Qt::blue, Qt::yellow, Qt::cyan, Qt::gray});
-    chart.setGround(Qt::black);
-    chart.setInk(Qt::white);
-    chart.setTrackColor(Qt::darkGray);
+    chart.setProperty("colors",
+                      QVariant::fromValue(QList<QColor>{Qt::red, Qt::green, Qt::blue, Qt::yellow, Qt::cyan, Qt::gray}));
+    chart.setProperty("ground", QColor(Qt::black));
+    chart.setProperty("ink", QColor(Qt::white));
+    chart.setProperty("trackColor", QColor(Qt::darkGray));
     chart.setCenter({.item = std::move(tree), .share = share});
     // As the view does.
     QObject::connect(&chart, &SunburstChart::hovered, &chart, &SunburstChart::setHighlightedID);
