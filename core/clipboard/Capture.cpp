@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <fmt/core.h>
 #include <iterator>
 #include <unicode/unistr.h>
 
@@ -267,20 +265,8 @@ std::vector<std::string> filePaths(const ClipItem& item) {
   return paths;
 }
 
-std::string hexColor(double red, double green, double blue) {
-  const auto byte = [](double component) {
-    return static_cast<int>(std::lround(std::clamp(std::isnan(component) ? 0.0 : component, 0.0, 1.0) * 255));
-  };
-  return fmt::format("#{:02X}{:02X}{:02X}", byte(red), byte(green), byte(blue));
-}
-
-std::vector<Representation> textRepresentations(std::string_view text, bool isConcealed) {
-  std::vector<Representation> list{{"text/plain;charset=utf-8", std::string(text)}};
-  if (isConcealed) {
-    list.push_back({"x-kde-passwordManagerHint", "secret"});
-    list.push_back({"org.nspasteboard.ConcealedType", ""});
-  }
-  return list;
+std::vector<Representation> textRepresentations(std::string_view text) {
+  return {{"text/plain;charset=utf-8", std::string(text)}};
 }
 
 namespace {

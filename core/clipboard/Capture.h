@@ -108,12 +108,8 @@ std::optional<ClipItem> fileItem(std::span<const std::string> paths, ClipOrigin 
 // The paths of a `file` item's text.
 std::vector<std::string> filePaths(const ClipItem& item);
 
-// "#2F7F86" from sRGB components between 0 and 1; others are clamped.
-std::string hexColor(double red, double green, double blue);
-
 // What is written to put an item back: nothing for a picture without its bytes.
 std::vector<Representation> representations(const ClipItem& item, std::optional<std::string> imageBytes);
-// A text; concealed from histories when it must not be kept.
-std::vector<Representation> textRepresentations(std::string_view text, bool isConcealed = false);
+std::vector<Representation> textRepresentations(std::string_view text);
 
 }  // namespace ambrel

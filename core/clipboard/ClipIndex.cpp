@@ -32,13 +32,17 @@ void ClipIndex::retain(std::span<const ClipItem> items, std::span<const ClipItem
 
 std::vector<std::size_t> ClipIndex::matches(std::span<const ClipItem> items, const ClipFilter& filter,
                                             std::string_view query) const {
+  // To look a short text through takes less time than to find its facts, which are anywhere in memory.
+  constexpr std::size_t shortText = 2048;
   const ClipQuery search(query, folding_);
   const auto admits = [&](const ClipItem& item) {
     if (search.isEmpty()) return true;
+    if (!item.text) return false;
+    const bool isShort = item.text->size() <= shortText;
+    if (isShort && folding_.leavesSearchable(*item.text)) return search.matchesASCII(*item.text);
     const ClipFacts* facts = find(item.id);
     if (facts == nullptr) return search.matches(item);
-    if (facts->foldedText) return search.matchesFolded(*facts->foldedText);
-    return item.text && search.matchesASCII(*item.text);
+    return facts->foldedText ? search.matchesFolded(*facts->foldedText) : search.matchesASCII(*item.text);
   };
   std::vector<std::size_t> found;
   for (std::size_t i = 0; i < items.size(); ++i)

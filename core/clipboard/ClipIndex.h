@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/clipboard.h"
+#include "core/clipboard/Capture.h"
 #include "core/clipboard/ClipPreview.h"
 
 namespace ambrel {
@@ -17,6 +18,7 @@ namespace ambrel {
 struct ClipFacts {
   bool isSensitive = false;  // plain texts alone ever are
   ClipPreview preview;
+  std::optional<PictureSize> pictureSize;  // of an image, as far as whoever has its file has said
   // Absent when the text is ASCII, which is searched as it is.
   std::optional<std::string> foldedText;
 

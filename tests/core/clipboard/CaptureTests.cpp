@@ -193,24 +193,12 @@ TEST(Capture, AnItemIsWrittenBackAfterItsKind) {
   EXPECT_EQ(files[2], (Representation{"text/plain;charset=utf-8", "/a b\n/c"}));
 }
 
-TEST(Capture, AConcealedTextIsPrivateToOthersAndToUs) {
-  Types types;
-  for (const Representation& one : textRepresentations("secret", true)) types.push_back(one.type);
-  EXPECT_TRUE(isPrivate(types));
-  EXPECT_EQ(textRepresentations("plain").size(), 1u);
-}
-
 TEST(Capture, PictureSizesComeFromTheHead) {
   EXPECT_EQ(pngSize(png(1280, 960)), (PictureSize{1280, 960}));
   EXPECT_EQ(pngSize(png(0, 960)), std::nullopt);
   EXPECT_EQ(pngSize(png(-1, 960)), std::nullopt);
   EXPECT_EQ(pngSize(png(1, 1).substr(0, 23)), std::nullopt);
   EXPECT_EQ(pngSize("GIF89a                    "), std::nullopt);
-}
-
-TEST(Capture, ColorsAreWrittenInCapitals) {
-  EXPECT_EQ(hexColor(47 / 255.0, 127 / 255.0, 134 / 255.0), "#2F7F86");
-  EXPECT_EQ(hexColor(-1, 2, 0.5), "#00FF80");
 }
 
 TEST(Capture, AgesFollowTheSettings) {
