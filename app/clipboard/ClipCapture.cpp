@@ -19,8 +19,7 @@ std::optional<CapturedClip> clipOf(PasteboardContents contents, SearchFolding fo
     item = textItem(std::move(*contents.text), std::move(origin));
   if (!item) return std::nullopt;
   ClipFacts facts = factsOf(*item, folding);
-  return CapturedClip{
-      .item = std::move(*item), .facts = std::move(facts), .pictureSize = {}, .changeCount = changeCount};
+  return CapturedClip{.item = std::move(*item), .facts = std::move(facts), .changeCount = changeCount};
 }
 
 }  // namespace
@@ -75,10 +74,8 @@ void ClipCapture::takePicture(PasteboardContents contents, std::int64_t changeCo
     ClipItem item = imageItem(saved->name, origin);
     if (text->text && !trimmedOfWhitespace(*text->text).empty()) item.text = std::move(text->text);
     ClipFacts facts = factsOf(item, folding_);
-    fill(slot, CapturedClip{.item = std::move(item),
-                            .facts = std::move(facts),
-                            .pictureSize = saved->size,
-                            .changeCount = changeCount});
+    facts.pictureSize = saved->size;
+    fill(slot, CapturedClip{.item = std::move(item), .facts = std::move(facts), .changeCount = changeCount});
   });
 }
 

@@ -18,7 +18,6 @@ namespace ambrel {
 struct CapturedClip {
   ClipItem item;
   ClipFacts facts;
-  std::optional<PictureSize> pictureSize;
   std::int64_t changeCount = 0;  // the copy that it was
 };
 

@@ -35,21 +35,18 @@ ClipFiles filesOf(const ClipItem& item) {
 ClipFileLookup::ClipFileLookup(Background background, std::function<void(const UUID&)> changed)
     : background_(std::move(background)), changed_(std::move(changed)) {}
 
-void ClipFileLookup::lookAt(const ClipItem& item) {
-  if (!underWay_.insert(item.id).second) return;
-  auto files = std::make_shared<ClipFiles>();
-  background_([item, files] { *files = filesOf(item); },
-              [this, id = item.id, files] {
-                underWay_.erase(id);
-                auto& known = found_[id];
-                if (known == *files) return;
-                known = std::move(*files);
-                changed_(id);
-              });
-}
-
-const ClipFiles* ClipFileLookup::find(const UUID& id) const {
-  const auto found = found_.find(id);
+const ClipFiles* ClipFileLookup::lookAt(const ClipItem& item) {
+  if (fresh_.insert(item.id).second) {
+    auto files = std::make_shared<ClipFiles>();
+    background_([item, files] { *files = filesOf(item); },
+                [this, id = item.id, files] {
+                  auto& known = found_[id];
+                  if (known == *files) return;
+                  known = std::move(*files);
+                  changed_(id);
+                });
+  }
+  const auto found = found_.find(item.id);
   return found == found_.end() ? nullptr : &found->second;
 }
 

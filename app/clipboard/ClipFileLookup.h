@@ -29,16 +29,17 @@ class ClipFileLookup {
   // `background` is not to hold up anything else.
   ClipFileLookup(Background background, std::function<void(const UUID&)> changed);
 
-  // Looks again at each call; one at a time for each clip.
-  void lookAt(const ClipItem& item);
-  const ClipFiles* find(const UUID& id) const;
-  void forget(const UUID& id) { found_.erase(id); }
+  // What is known; null while nothing is. Looks at them, if that was not done since the last `expire`.
+  const ClipFiles* lookAt(const ClipItem& item);
+  // The files may have changed.
+  void expire() { fresh_.clear(); }
+  void expire(const UUID& id) { fresh_.erase(id); }
 
  private:
   Background background_;
   std::function<void(const UUID&)> changed_;
   std::unordered_map<UUID, ClipFiles> found_;
-  std::unordered_set<UUID> underWay_;
+  std::unordered_set<UUID> fresh_;  // looked at, or about to be
 };
 
 }  // namespace ambrel

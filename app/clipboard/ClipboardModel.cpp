@@ -1,6 +1,5 @@
 #include "app/clipboard/ClipboardModel.h"
 
-#include <QColor>
 #include <QPointer>
 #include <algorithm>
 #include <utility>
@@ -25,15 +24,10 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
       capture_(storage_, seams_.background, folding_),
       index_(folding_),
       files_(seams_.fileBackground, [this](const UUID& id) { items_.refresh(id); }),
-      items_({.index = index_,
-              .calendar = calendar_,
-              .programName = [this](const std::string& bundleID) { return programName(bundleID); },
-              .pictureSize = [this](const std::string& name) -> std::optional<PictureSize> {
-                const auto found = pictureSizes_.find(name);
-                return found == pictureSizes_.end() ? std::nullopt : std::optional(found->second);
-              },
-              .files = [this](const UUID& id) { return files_.find(id); },
-              .sensitiveAge = [this] { return captureSettings().sensitiveAge(); }}) {
+      items_(index_, calendar_, [this](const UUID& id) {
+        const ClipItem* item = history_.item(id);
+        return item ? files_.lookAt(*item) : nullptr;
+      }) {
   capture_.onCaptured = [this](CapturedClip clip) { add(std::move(clip)); };
   storage_.onSaveFailed = [this](const std::string& reason) {
     Q_EMIT troubled(tr("The clipboard history cannot be saved"), toQString(reason));
@@ -43,8 +37,11 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
     names.merge(capture_.waitingPictures());
     return names;
   };
-  connect(&settings_, &AppSettings::clipboardEnabledChanged, this, &ClipboardModel::visibleItemsChanged);
-  connect(&settings_, &AppSettings::clipboardForgetSensitiveChanged, &items_, &ClipListModel::refreshAll);
+  connect(&settings_, &AppSettings::clipboardEnabledChanged, this, &ClipboardModel::publishFace);
+  const auto setSensitiveAge = [this] { items_.setSensitiveAge(captureSettings().sensitiveAge()); };
+  connect(&settings_, &AppSettings::clipboardForgetSensitiveChanged, this, setSensitiveAge);
+  setSensitiveAge();
+  publishFace();
 }
 
 ClipboardModel::~ClipboardModel() {
@@ -62,7 +59,6 @@ void ClipboardModel::begin(ClipboardStorage::Loaded loaded) {
     Q_EMIT troubled(tr("The clipboard history is read-only"),
                     tr("Another Tilebay of yours keeps it. Copies stay out."));
   index_ = std::move(loaded.index);
-  pictureSizes_ = std::move(loaded.pictureSizes);
   history_ = ClipboardHistory(std::move(loaded.library), history_.lastChangeCount());
   seams_.pasteboard.setChangeHandler([this] { poll(); });
   seams_.pasteboard.setOwnerGoneHandler([this] { restoreCurrent(); });
@@ -138,28 +134,23 @@ void ClipboardModel::read(ClipOrigin origin) {
 void ClipboardModel::addLost(const LostCopy& lost, const ClipOrigin& origin) {
   constexpr std::size_t mostLost = 8;
   logLine(lost.reason == LostCopy::Reason::tooLarge ? "a copy is too large to keep" : "a copy was not handed over");
+  const QString program = programName(origin.sourceBundleID.value_or(""));
   // A program that fails again and again has one card.
-  std::erase_if(lost_, [&](const ClipRow& row) {
-    return row.source == origin.sourceBundleID.value_or("") && row.lost->reason == lost.reason;
-  });
-  lost_.insert(lost_.begin(), {.id = origin.id,
-                               .kind = lost.kind,
-                               .createdAt = origin.now,
-                               .source = origin.sourceBundleID.value_or(""),
-                               .lost = lost});
+  std::erase_if(lost_, [&](const ClipRow& row) { return row.program == program && row.lost->reason == lost.reason; });
+  lost_.insert(lost_.begin(),
+               {.id = origin.id, .kind = lost.kind, .createdAt = origin.now, .program = program, .lost = lost});
   if (lost_.size() > mostLost) lost_.pop_back();
   publishRows();
 }
 
 void ClipboardModel::add(CapturedClip clip) {
   const auto current = history_.currentItemID();
-  if (clip.pictureSize) pictureSizes_[*clip.item.imageFileName] = *clip.pictureSize;
   const HistoryEffects effects = history_.add(std::move(clip.item), captureSettings());
   // A second copy of the same content keeps its identity, and so its facts. None is current when the limit leaves no
   // room for it.
   if (const auto id = history_.currentItemID()) {
     index_.put(*id, std::move(clip.facts));
-    files_.forget(*id);
+    files_.expire(*id);
   }
   if (clip.changeCount != history_.lastChangeCount()) history_.noticeOwnWrite(history_.lastChangeCount(), current);
   apply(effects);
@@ -207,22 +198,10 @@ void ClipboardModel::copyText(std::string_view text) {
   if (!isLoaded_ || isReadOnly_) return write(representations(*item, std::nullopt), std::nullopt, Purpose::copy);
   ClipFacts facts = factsOf(*item, folding_);
   const ClipItem own = *item;
-  add({.item = std::move(*item),
-       .facts = std::move(facts),
-       .pictureSize = {},
-       .changeCount = history_.lastChangeCount()});
+  add({.item = std::move(*item), .facts = std::move(facts), .changeCount = history_.lastChangeCount()});
   const ClipItem* kept = library().itemLike(own);
   write(representations(own, std::nullopt), kept ? std::optional(kept->id) : std::nullopt, Purpose::copy);
   if (kept) setFocusedItemID(kept->id);
-}
-
-void ClipboardModel::copyColor(const QColor& color) {
-  const QColor plain = color.toRgb();
-  copyText(hexColor(plain.redF(), plain.greenF(), plain.blueF()));
-}
-
-void ClipboardModel::copySecret(std::string_view text) {
-  write(textRepresentations(text, true), std::nullopt, Purpose::copy);
 }
 
 std::optional<QString> ClipboardModel::copyPinned(int number) {
@@ -238,17 +217,6 @@ std::optional<std::string> ClipboardModel::currentText() const {
   return item ? item->text : std::nullopt;
 }
 
-std::vector<ClipItem> ClipboardModel::visibleItems() const {
-  std::vector<ClipItem> found;
-  for (const std::size_t position : index_.matches(library().items, filter_, query_.toStdString()))
-    found.push_back(library().items[position]);
-  return found;
-}
-
-std::vector<ClipItem> ClipboardModel::pinnedItems() const {
-  return ClipboardLibrary::filtered(library().items, {ClipFilter::Pinned{}}, "", folding_);
-}
-
 void ClipboardModel::apply(const HistoryEffects& effects) {
   if (effects.needsSave) storage_.save(effects.changes);
   if (!effects.unusedImages.empty()) storage_.removePictures(effects.unusedImages);
@@ -262,36 +230,6 @@ void ClipboardModel::forgetUnneeded() {
   constexpr std::size_t leftovers = 64;
   if (index_.size() < library().items.size() + history_.undoableCount() + leftovers) return;
   index_.retain(library().items, history_.undoableItems());
-  const auto used = history_.usedImages();
-  std::erase_if(pictureSizes_, [&](const auto& entry) { return !used.contains(entry.first); });
-}
-
-void ClipboardModel::togglePin(const UUID& id) {
-  if (!isReadOnly_) apply(history_.togglePin(id));
-}
-
-void ClipboardModel::toggleCollection(const UUID& item, const UUID& collection) {
-  if (!isReadOnly_) apply(history_.toggleCollection(item, collection));
-}
-
-void ClipboardModel::createCollection(std::string_view name) {
-  if (isLoaded_ && !isReadOnly_) apply(history_.createCollection(UUID::random(), name));
-}
-
-void ClipboardModel::renameCollection(const UUID& id, std::string_view name) {
-  if (!isReadOnly_) apply(history_.renameCollection(id, name));
-}
-
-void ClipboardModel::deleteCollection(const UUID& id) {
-  if (!isLoaded_ || isReadOnly_) return;
-  const auto found = std::ranges::find(library().collections, id, &ClipCollection::id);
-  if (found == library().collections.end()) return;
-  const std::string name = found->name;
-  if (filter_ == ClipFilter{ClipFilter::Collection{id}}) setFilter({ClipFilter::All{}});
-  apply(history_.deleteCollection(id));
-  Q_EMIT undoableCountChanged();
-  Q_EMIT collectionDeleted(toQString(name));
-  endUndoLater();
 }
 
 void ClipboardModel::remove(std::span<const UUID> ids, bool undoable) {
@@ -355,11 +293,36 @@ void ClipboardModel::setFocusedItemID(std::optional<UUID> id) {
 }
 
 void ClipboardModel::publish() {
-  collections_.setRows(library().collections);
+  std::vector<CollectionRow> collections;
+  for (const ClipCollection& one : library().collections)
+    collections.push_back({.id = toQString(one.id.text()), .name = toQString(one.name)});
+  collections_.setRows(collections);
+  items_.setNow(seams_.now());
   publishRows();
-  refreshAges();
   Q_EMIT libraryChanged();
   Q_EMIT currentItemIDChanged();
+}
+
+void ClipboardModel::publishFace() {
+  ClipboardFace face = clipboardFace(library(), index_,
+                                     {.isOn = settings_.clipboardEnabled(),
+                                      .isReadOnly = isReadOnly_,
+                                      .filter = filter_,
+                                      .isSearching = !query_.trimmed().isEmpty()},
+                                     seams_.now(), calendar_);
+  if (face == face_) return;
+  face_ = std::move(face);
+  Q_EMIT faceChanged();
+}
+
+void ClipboardModel::refreshAges() {
+  items_.setNow(seams_.now());
+  publishFace();
+}
+
+void ClipboardModel::refresh() {
+  files_.expire();
+  refreshAges();
 }
 
 void ClipboardModel::publishCurrent() {
@@ -367,12 +330,13 @@ void ClipboardModel::publishCurrent() {
   Q_EMIT currentItemIDChanged();
 }
 
-ClipRow ClipboardModel::rowOf(const ClipItem& item) const {
+ClipRow ClipboardModel::rowOf(const ClipItem& item) {
   return {.id = item.id,
           .kind = item.kind,
           .createdAt = item.createdAt,
           .imageFileName = item.imageFileName.value_or(""),
-          .source = item.sourceBundleID.value_or(""),
+          .program = programName(item.sourceBundleID.value_or("")),
+          .hasTextBeside = item.kind == ClipKind::image && item.text.has_value(),
           .isPinned = item.isPinned,
           .isKept = item.isProtected(),
           .isCurrent = item.id == history_.currentItemID()};
@@ -410,7 +374,8 @@ void ClipboardModel::publishRows() {
       rows.back().pinNumber = number->second;
   }
   rows.insert(rows.end(), lost, lost_.end());
-  items_.show(std::move(rows));
+  items_.show(rows);
+  publishFace();
   Q_EMIT visibleItemsChanged();
 }
 

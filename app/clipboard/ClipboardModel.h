@@ -1,13 +1,11 @@
 #pragma once
 // The clipboard history: notices copies, keeps them, and puts them back.
 
-#include <QColor>
 #include <QObject>
 #include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -17,9 +15,9 @@
 #include "app/base/Background.h"
 #include "app/base/Presentation.h"
 #include "app/clipboard/ClipCapture.h"
-#include "app/clipboard/ClipCollectionModel.h"
 #include "app/clipboard/ClipFileLookup.h"
 #include "app/clipboard/ClipListModel.h"
+#include "app/clipboard/ClipboardFace.h"
 #include "app/clipboard/ClipboardStorage.h"
 #include "core/base/Calendar.h"
 #include "core/clipboard/ClipIndex.h"
@@ -31,6 +29,16 @@ namespace ambrel {
 
 class AppSettings;
 
+struct CollectionRow {
+  Q_GADGET
+  Q_PROPERTY(QString collectionId MEMBER id FINAL)
+  Q_PROPERTY(QString name MEMBER name FINAL)
+
+ public:
+  QString id, name;
+  friend bool operator==(const CollectionRow&, const CollectionRow&) = default;
+};
+
 // Saving and whatever is slow happen off the main thread. For QML, items and collections are the texts of their ids,
 // a filter is "all", "pinned", "kind:KIND" or "collection:ID"; an id that is none changes nothing.
 class ClipboardModel : public QObject {
@@ -38,28 +46,14 @@ class ClipboardModel : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   // What the filter and the search admit.
-  Q_PROPERTY(ambrel::ClipListModel* items READ items CONSTANT)
-  Q_PROPERTY(ambrel::ClipCollectionModel* collections READ collections CONSTANT)
-  Q_PROPERTY(QString filter READ filterText WRITE setFilterText NOTIFY filterChanged)
-  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
-  Q_PROPERTY(QString focusedItem READ focusedItemText WRITE setFocusedItemText NOTIFY focusedItemIDChanged)
-  Q_PROPERTY(int undoableCount READ undoableCount NOTIFY undoableCountChanged)
-  Q_PROPERTY(int count READ count NOTIFY libraryChanged)
-  // In the user's own form: "9,901"
-  Q_PROPERTY(QString countText READ countText NOTIFY libraryChanged)
-  Q_PROPERTY(int visibleCount READ visibleCount NOTIFY visibleItemsChanged)
-  // "128 items · 3 pinned"
-  Q_PROPERTY(QString summary READ summary NOTIFY libraryChanged)
-  // Why there is nothing to show, and what would change that.
-  Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY visibleItemsChanged)
-  Q_PROPERTY(QString emptySentence READ emptySentence NOTIFY visibleItemsChanged)
+  Q_PROPERTY(ambrel::ClipListModel* items READ items CONSTANT FINAL)
+  Q_PROPERTY(ambrel::RowList* collections READ collections CONSTANT FINAL)
+  Q_PROPERTY(ambrel::ClipboardFace face READ face NOTIFY faceChanged FINAL)
+  Q_PROPERTY(QString filter READ filterText WRITE setFilterText NOTIFY filterChanged FINAL)
+  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged FINAL)
+  Q_PROPERTY(QString focusedItem READ focusedItemText WRITE setFocusedItemText NOTIFY focusedItemIDChanged FINAL)
   // Where copies came from lately, newest first: {id, name}. None that is ignored.
-  Q_PROPERTY(QVariantList recentPrograms READ recentPrograms NOTIFY libraryChanged)
-  // For the tile: the newest clip in a few words, a secret by its kind alone.
-  Q_PROPERTY(QString latestText READ latestText NOTIFY libraryChanged)
-  Q_PROPERTY(QString latestAge READ latestAge NOTIFY latestAgeChanged)
-  // "Last copy 2m ago"
-  Q_PROPERTY(QString latestLine READ latestLine NOTIFY latestAgeChanged)
+  Q_PROPERTY(QVariantList recentPrograms READ recentPrograms NOTIFY libraryChanged FINAL)
 
  public:
   struct Seams {
@@ -91,26 +85,15 @@ class ClipboardModel : public QObject {
   // The text on the pasteboard, as far as the history knows it.
   std::optional<std::string> currentText() const;
   const ClipItem* item(const UUID& id) const { return history_.item(id); }
-  std::vector<ClipItem> visibleItems() const;
-  std::vector<ClipItem> pinnedItems() const;
-  std::optional<int> pinNumber(const ClipItem& item) const { return history_.pinNumber(item.id); }
   std::filesystem::path picturesFolder() const { return storage_.picturesFolder(); }
 
   // Writes the item to the pasteboard; the history keeps its order. A picture is read first.
   void copy(const ClipItem& item);
   // Records a text, or the colour as "#2F7F86", and writes it. White space at both ends goes.
   void copyText(std::string_view text);
-  void copyColor(const QColor& color);
-  // Writes a text that no history is to keep.
-  void copySecret(std::string_view text);
   // The name of what was copied; absent when there is no such pinned clip. 1 to 9.
   std::optional<QString> copyPinned(int number);
 
-  void togglePin(const UUID& id);
-  void toggleCollection(const UUID& item, const UUID& collection);
-  void createCollection(std::string_view name);
-  void renameCollection(const UUID& id, std::string_view name);
-  void deleteCollection(const UUID& id);
   void remove(std::span<const UUID> ids, bool undoable);
   void undoRemove();
   // Everything that is not protected, for good.
@@ -124,35 +107,20 @@ class ClipboardModel : public QObject {
   void setFocusedItemID(std::optional<UUID> id);
 
   ClipListModel* items() { return &items_; }
-  ClipCollectionModel* collections() { return &collections_; }
+  GadgetListModel<CollectionRow>* collections() { return &collections_; }
+  const ClipboardFace& face() const { return face_; }
   QString filterText() const;
   void setFilterText(const QString& text);
   QString focusedItemText() const;
   void setFocusedItemText(const QString& id);
   // Whether items or a collection can still come back.
-  bool canUndo() const { return history_.undoableCount() > 0 || history_.canUndoCollection(); }
-  int undoableCount() const { return static_cast<int>(history_.undoableCount()); }
   int count() const { return static_cast<int>(library().items.size()); }
-  QString countText() const;
-  int visibleCount() const { return items_.rowCount(); }
-  QString summary() const;
-  QString emptyTitle() const;
-  QString emptySentence() const;
+  bool canUndo() const { return history_.undoableCount() > 0 || history_.canUndoCollection(); }
   QVariantList recentPrograms();
-  QString latestText() const;
-  QString latestAge() const { return latestAge_; }
-  QString latestLine() const { return latestLine_; }
 
   // For the shelf.
   Q_INVOKABLE void togglePin(const QString& id);
   Q_INVOKABLE void toggleCollection(const QString& item, const QString& collection);
-  Q_INVOKABLE bool isPinned(const QString& id) const;
-  Q_INVOKABLE bool isCode(const QString& id) const;
-  // Code for a text of the style StyledText, its words in these colours.
-  Q_INVOKABLE QString codeMarkup(const QString& code, const QColor& keyword, const QColor& assigned,
-                                 const QColor& quoted, const QColor& comment) const;
-  // The name of its picture's file; empty when it has none.
-  Q_INVOKABLE QString pictureOf(const QString& id) const;
   Q_INVOKABLE QString collectionName(const QString& id) const;
   Q_INVOKABLE bool isIn(const QString& item, const QString& collection) const;
   // Puts an item, if one is named, into the new collection.
@@ -167,28 +135,24 @@ class ClipboardModel : public QObject {
   Q_INVOKABLE void undo() { undoRemove(); }
   // The name of a program by what is stored of it.
   Q_INVOKABLE QString nameOfProgram(const QString& id) { return programName(id.toStdString()); }
-  // Whether a picture came with a text.
-  Q_INVOKABLE bool hasTextBeside(const QString& id) const;
   // Puts the text of the clip on the pasteboard, also that beside a picture.
   Q_INVOKABLE void copyAsText(const QString& id);
   // Records a part of a clip and puts it on the pasteboard.
   Q_INVOKABLE void copyPart(const QString& text) { copyText(text.toStdString()); }
   // The beginning of its text, as much as a preview can show.
   Q_INVOKABLE QString textOf(const QString& id) const;
-  // A card shows the item's files.
-  Q_INVOKABLE void lookAtFiles(const QString& id);
-  // Brings the ages up to date.
-  Q_INVOKABLE void refreshAges();
+  // Brings the ages up to date, and what is known of files.
+  void refresh();
 
  Q_SIGNALS:
   void libraryChanged();
+  void faceChanged();
   void visibleItemsChanged();
   void currentItemIDChanged();
   void filterChanged();
   void queryChanged();
   void focusedItemIDChanged();
   void undoableCountChanged();
-  void latestAgeChanged();
   // So many items went, and can come back for a while.
   void removed(int count);
   // The same for a collection.
@@ -215,11 +179,13 @@ class ClipboardModel : public QObject {
   void publishRows();
   void publishCurrent();
   bool publishChanges(std::span<const LibraryChange> changes);
-  ClipRow rowOf(const ClipItem& item) const;
+  ClipRow rowOf(const ClipItem& item);
   CaptureSettings captureSettings() const;
   QString programName(const std::string& bundleID);
   const ClipItem* itemOf(const QString& id) const;
   void forgetUnneeded();
+  void refreshAges();
+  void publishFace();
 
   AppSettings& settings_;
   Calendar calendar_;
@@ -232,13 +198,12 @@ class ClipboardModel : public QObject {
   ClipIndex index_;
   ClipFileLookup files_;
   ClipListModel items_;
-  ClipCollectionModel collections_;
+  GadgetListModel<CollectionRow> collections_;
+  ClipboardFace face_;
   ClipFilter filter_;
   QString query_;
   std::optional<UUID> focusedItemID_;
-  std::unordered_map<std::string, PictureSize> pictureSizes_;
-  std::map<std::string, QString> programNames_;
-  QString latestAge_, latestLine_;
+  std::unordered_map<std::string, QString> programNames_;
   std::int64_t lastMinute_ = 0;
   bool isLoaded_ = false;
   bool isReadOnly_ = false;  // another bar keeps the history

@@ -109,11 +109,12 @@ struct ClipboardStorage::Shared {
     }
     std::set<std::string> names;
     for (const ClipItem& item : loaded.library.items) {
-      loaded.index.of(item);
-      if (!item.imageFileName) continue;
-      names.insert(*item.imageFileName);
-      if (const auto size = sizeOf(folder.imagePath(*item.imageFileName)))
-        loaded.pictureSizes.emplace(*item.imageFileName, *size);
+      ClipFacts facts = factsOf(item, folding);
+      if (item.imageFileName) {
+        names.insert(*item.imageFileName);
+        facts.pictureSize = sizeOf(folder.imagePath(*item.imageFileName));
+      }
+      loaded.index.put(item.id, std::move(facts));
     }
     if (!loaded.isReadOnly) folder.sweepOrphans(names);
     wantsWhole = folder.wantsWhole();

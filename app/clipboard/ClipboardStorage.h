@@ -9,7 +9,6 @@
 #include <optional>
 #include <set>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "app/base/Background.h"
@@ -34,7 +33,6 @@ class ClipboardStorage {
     ClipboardLibrary library;  // empty when it could not be read; that is logged
     bool isReadOnly = false;   // another bar keeps this history
     ClipIndex index;
-    std::unordered_map<std::string, PictureSize> pictureSizes;
   };
   // Pictures that the library does not name are removed on the way.
   void load(SearchFolding folding, std::function<void(Loaded)> done);

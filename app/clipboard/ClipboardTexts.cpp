@@ -1,9 +1,7 @@
 // The clipboard's model as QML sees it: identities and filters as texts, and what is said of the history in words.
 
-#include <QColor>
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <set>
 
 #include "app/base/StoredValue.h"
@@ -11,7 +9,6 @@
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
 #include "core/base/Overloaded.h"
-#include "core/clipboard/CodeWords.h"
 
 namespace ambrel {
 namespace {
@@ -75,31 +72,6 @@ QString ClipboardModel::focusedItemText() const { return focusedItemID_ ? textOf
 
 void ClipboardModel::setFocusedItemText(const QString& id) { setFocusedItemID(idOf(id)); }
 
-QString ClipboardModel::countText() const { return toQString(decimal(calendar_, count(), 0)); }
-
-QString ClipboardModel::summary() const {
-  const auto pinned = std::ranges::count_if(library().items, &ClipItem::isPinned);
-  const QString counted = count() == 1 ? tr("1 item") : tr("%1 items").arg(countText());
-  const QString items = isReadOnly_ ? tr("%1 · read-only, another Tilebay keeps them").arg(counted) : counted;
-  return pinned == 0 ? items : tr("%1 · %2 pinned").arg(items, toQString(decimal(calendar_, double(pinned), 0)));
-}
-
-QString ClipboardModel::emptyTitle() const {
-  if (!query_.trimmed().isEmpty()) return tr("No matches");
-  if (count() > 0) return tr("Nothing here yet");
-  return settings_.clipboardEnabled() ? tr("Nothing copied yet") : tr("The clipboard history is off");
-}
-
-QString ClipboardModel::emptySentence() const {
-  if (!query_.trimmed().isEmpty()) return tr("No clip here has this text.");
-  if (std::holds_alternative<ClipFilter::Pinned>(filter_.value)) return tr("Pin a clip with the star on its card.");
-  if (std::holds_alternative<ClipFilter::Collection>(filter_.value))
-    return tr("Put clips into this collection from their menus.");
-  if (count() > 0) return tr("There is no clip of this kind.");
-  return settings_.clipboardEnabled() ? tr("What you copy in any program appears here.")
-                                      : tr("Switch it on in the clipboard settings.");
-}
-
 QVariantList ClipboardModel::recentPrograms() {
   constexpr qsizetype most = 6;
   QVariantList list;
@@ -114,40 +86,13 @@ QVariantList ClipboardModel::recentPrograms() {
   return list;
 }
 
-bool ClipboardModel::hasTextBeside(const QString& id) const {
-  const ClipItem* item = itemOf(id);
-  return item && item->kind == ClipKind::image && item->text;
-}
-
 void ClipboardModel::copyAsText(const QString& id) {
   const ClipItem* item = itemOf(id);
   if (item && item->text) write(textRepresentations(*item->text), item->id, Purpose::copy);
 }
 
-QString ClipboardModel::latestText() const {
-  if (library().items.empty()) return {};
-  const ClipItem& latest = library().items.front();
-  const ClipFacts* facts = index_.find(latest.id);
-  if (facts && facts->isSensitive) return tr("Secret");
-  return toQString(clipName(latest));
-}
-
-void ClipboardModel::refreshAges() {
-  const Instant now = seams_.now();
-  items_.setNow(now);
-  const auto& all = library().items;
-  QString age, line;
-  if (!all.empty()) {
-    age = toQString(shortAge(calendar_, all.front().createdAt, now));
-    line = tr("Last copy %1").arg(toQString(relativeAge(calendar_, all.front().createdAt, now)));
-  }
-  if (age == latestAge_ && line == latestLine_) return;
-  latestAge_ = age;
-  latestLine_ = line;
-  Q_EMIT latestAgeChanged();
-}
-
 QString ClipboardModel::programName(const std::string& bundleID) {
+  if (bundleID.empty()) return {};
   if (bundleID == ownBundleID) return QStringLiteral("Tilebay");
   auto& name = programNames_[bundleID];
   if (name.isEmpty()) name = toQString(seams_.workspace.nameOf(bundleID));
@@ -155,65 +100,18 @@ QString ClipboardModel::programName(const std::string& bundleID) {
 }
 
 void ClipboardModel::togglePin(const QString& id) {
-  if (const auto item = idOf(id)) togglePin(*item);
+  const auto item = idOf(id);
+  if (item && !isReadOnly_) apply(history_.togglePin(*item));
 }
 
 void ClipboardModel::toggleCollection(const QString& item, const QString& collection) {
   const auto itemID = idOf(item), collectionID = idOf(collection);
-  if (itemID && collectionID) toggleCollection(*itemID, *collectionID);
+  if (itemID && collectionID && !isReadOnly_) apply(history_.toggleCollection(*itemID, *collectionID));
 }
 
 const ClipItem* ClipboardModel::itemOf(const QString& id) const {
   const auto parsed = idOf(id);
   return parsed ? history_.item(*parsed) : nullptr;
-}
-
-bool ClipboardModel::isPinned(const QString& id) const {
-  const ClipItem* item = itemOf(id);
-  return item && item->isPinned;
-}
-
-bool ClipboardModel::isCode(const QString& id) const {
-  const ClipItem* item = itemOf(id);
-  const ClipFacts* facts = item ? index_.find(item->id) : nullptr;
-  return facts && (facts->preview.look == ClipLook::code || facts->preview.look == ClipLook::secret);
-}
-
-QString ClipboardModel::codeMarkup(const QString& code, const QColor& keyword, const QColor& assigned,
-                                   const QColor& quoted, const QColor& comment) const {
-  const std::string bytes = code.toStdString();
-  QString markup;
-  for (const CodePiece& piece : codePieces(bytes)) {
-    QString text = toQString(piece.text).toHtmlEscaped();
-    text.replace(u'\t', QStringLiteral("    ")).replace(u' ', QStringLiteral("&nbsp;"));
-    text.replace(u'\n', QStringLiteral("<br/>"));
-    const auto add = [&](const QColor& color) {
-      markup += QStringLiteral("<font color=\"%1\">%2</font>").arg(color.name(), text);
-    };
-    switch (piece.word) {
-      case CodeWord::plain:
-        markup += text;
-        break;
-      case CodeWord::keyword:
-        add(keyword);
-        break;
-      case CodeWord::assigned:
-        add(assigned);
-        break;
-      case CodeWord::quoted:
-        add(quoted);
-        break;
-      case CodeWord::comment:
-        add(comment);
-        break;
-    }
-  }
-  return markup;
-}
-
-QString ClipboardModel::pictureOf(const QString& id) const {
-  const ClipItem* item = itemOf(id);
-  return item && item->imageFileName ? toQString(*item->imageFileName) : QString();
 }
 
 QString ClipboardModel::collectionName(const QString& id) const {
@@ -230,18 +128,28 @@ bool ClipboardModel::isIn(const QString& item, const QString& collection) const 
 }
 
 void ClipboardModel::createCollection(const QString& name, const QString& item) {
-  const std::size_t before = library().collections.size();
-  createCollection(name.toStdString());
-  const auto itemID = idOf(item);
-  if (itemID && library().collections.size() > before) toggleCollection(*itemID, library().collections.back().id);
+  if (!isLoaded_ || isReadOnly_) return;
+  const UUID id = UUID::random();
+  const HistoryEffects effects = history_.createCollection(id, name.toStdString());
+  if (!effects.needsSave) return;
+  apply(effects);
+  toggleCollection(item, textOfID(id));
 }
 
 void ClipboardModel::renameCollection(const QString& id, const QString& name) {
-  if (const auto collection = idOf(id)) renameCollection(*collection, name.toStdString());
+  const auto collection = idOf(id);
+  if (collection && !isReadOnly_) apply(history_.renameCollection(*collection, name.toStdString()));
 }
 
 void ClipboardModel::deleteCollection(const QString& id) {
-  if (const auto collection = idOf(id)) deleteCollection(*collection);
+  const auto collection = idOf(id);
+  const QString name = collectionName(id);
+  if (!collection || name.isEmpty() || !isLoaded_ || isReadOnly_) return;
+  if (filter_ == ClipFilter{ClipFilter::Collection{*collection}}) setFilter({ClipFilter::All{}});
+  apply(history_.deleteCollection(*collection));
+  Q_EMIT undoableCountChanged();
+  Q_EMIT collectionDeleted(name);
+  endUndoLater();
 }
 
 void ClipboardModel::remove(const QString& id) {
@@ -275,11 +183,6 @@ QString ClipboardModel::textOf(const QString& id) const {
   if (!item || !item->text) return {};
   // A character that is cut in two shows as a replacement; it is far beyond what anybody reads here.
   return toQString(std::string_view(*item->text).substr(0, mostPreviewText));
-}
-
-void ClipboardModel::lookAtFiles(const QString& id) {
-  const ClipItem* item = itemOf(id);
-  if (item && item->kind == ClipKind::file) files_.lookAt(*item);
 }
 
 }  // namespace ambrel

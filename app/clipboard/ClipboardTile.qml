@@ -10,18 +10,16 @@ TileFrame {
     required property ClipboardModel clipboard
     required property AppSettings settings
     required property ClipboardArea area
-    readonly property bool isOn: settings.clipboardEnabled
-    readonly property bool isEmpty: clipboard.count === 0
-    readonly property bool showsLatest: settings.clipboardPreviewInBar && isOn && !isEmpty && span !== TileFrame.Small
+    readonly property bool showsLatest: settings.clipboardPreviewInBar && clipboard.face.isInUse && !isSmall
 
     onActivated: area.toggleShelf()
-    fact: showsLatest ? clipboard.latestAge : ""
-    value: showsLatest ? "" : !isOn ? qsTr("Off") : isEmpty ? qsTr("Empty") : clipboard.countText
-    unit: showsLatest || !isOn || isEmpty || span === TileFrame.Small ? "" : clipboard.count === 1 ? qsTr("clip") : qsTr("clips")
-    valueColor: isOn && !isEmpty ? Theme.ink : Theme.ink2
-    subLine: showsLatest ? "" : !isOn ? isEmpty ? qsTr("Nothing is kept") : qsTr("%1 kept from before").arg(clipboard.countText) : isEmpty ? qsTr("Copy something") : clipboard.latestLine
-    label: name + ", " + (showsLatest ? clipboard.latestText + ", " + clipboard.latestAge : value + " " + unit + ", " + subLine)
-    tip: showsLatest && latest.truncated ? clipboard.latestText : ""
+    fact: showsLatest ? clipboard.face.latestAge : ""
+    value: showsLatest ? "" : clipboard.face.value
+    unit: showsLatest || isSmall ? "" : clipboard.face.unit
+    valueColor: clipboard.face.isInUse ? Theme.ink : Theme.ink2
+    subLine: showsLatest ? "" : isNarrow ? clipboard.face.shortLine : clipboard.face.line
+    label: name + ", " + (showsLatest ? clipboard.face.latestText + ", " + clipboard.face.latestAge : value + " " + unit + ", " + clipboard.face.line)
+    tip: showsLatest && latest.truncated ? clipboard.face.latestText : ""
     tipKeys: qsTr("Super Alt V")
 
     Label {
@@ -31,7 +29,7 @@ TileFrame {
         y: root.valueTop + 1
         width: parent.width
         height: Math.min(implicitHeight, 2 * role.line)
-        text: root.clipboard.latestText
+        text: root.clipboard.face.latestText
         role: Theme.listName
         lineHeight: 16 * Theme.textScale
         wrapMode: Text.Wrap

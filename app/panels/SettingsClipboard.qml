@@ -78,7 +78,7 @@ SettingsPage {
         SectionRow {
             visible: root.clipboard !== null
             title: root.asksToClear ? qsTr("Clear clipboard history?") : qsTr("Clear the history")
-            detail: root.asksToClear ? qsTr("Pinned items and items in collections stay.") : root.clipboard ? root.clipboard.summary : ""
+            detail: root.asksToClear ? qsTr("Pinned items and items in collections stay.") : root.clipboard ? root.clipboard.face.summary : ""
 
             Button {
                 visible: root.asksToClear
@@ -88,7 +88,7 @@ SettingsPage {
             Button {
                 text: root.asksToClear ? qsTr("Clear") : qsTr("Clear…")
                 isCareful: true
-                enabled: root.clipboard !== null && root.clipboard.count > 0
+                enabled: root.clipboard !== null && !root.clipboard.face.isEmpty
                 onClicked: {
                     if (root.asksToClear)
                         root.clipboard.clear();

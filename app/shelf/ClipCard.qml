@@ -13,6 +13,7 @@ Item {
     required property string kindText
     required property string title
     required property string detail
+    required property string code
     required property color swatch
     required property var files
     required property string moreFiles
@@ -74,13 +75,6 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: spoken
     Accessible.onPressAction: root.picked()
-    onLookChanged: lookAtFiles()
-    onClipIdChanged: lookAtFiles()
-
-    function lookAtFiles() {
-        if (look === "files")
-            clipboard.lookAtFiles(clipId);
-    }
 
     Rectangle {
         id: ground
@@ -200,7 +194,7 @@ Item {
         id: codeBody
 
         CodeBody {
-            markup: root.clipboard.codeMarkup(root.title, Theme.violet.text, Theme.blue.text, Theme.green.text, Theme.ink2)
+            code: root.code
         }
     }
     Component {

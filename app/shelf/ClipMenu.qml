@@ -9,6 +9,7 @@ Menu {
 
     required property ClipboardModel clipboard
     required property string clipId
+    readonly property var face: clipboard.items.faceOf(clipId)
     readonly property bool isCentred: false
     readonly property bool hangsLeft: false
 
@@ -28,14 +29,14 @@ Menu {
         onClicked: root.picked()
     }
     MenuRow {
-        visible: root.clipboard.hasTextBeside(root.clipId)
+        visible: root.face.hasTextBeside
         text: qsTr("Copy as text")
         symbol: "text.alignleft"
         onClicked: root.textPicked()
     }
     MenuRow {
-        text: root.clipboard.isPinned(root.clipId) ? qsTr("Unpin") : qsTr("Pin")
-        symbol: root.clipboard.isPinned(root.clipId) ? "star.fill" : "star"
+        text: root.face.isPinned ? qsTr("Unpin") : qsTr("Pin")
+        symbol: root.face.isPinned ? "star.fill" : "star"
         keys: qsTr("Ctrl P")
         onClicked: {
             root.clipboard.togglePin(root.clipId);

@@ -12,7 +12,8 @@ FocusScope {
     required property string clipId
     readonly property bool isCentred: true
     readonly property bool hangsLeft: false
-    readonly property string picture: clipboard.pictureOf(clipId)
+    readonly property var face: clipboard.items.faceOf(clipId)
+    readonly property string picture: face.picture
     readonly property string text: clipboard.textOf(clipId)
     readonly property bool hasBoth: picture !== "" && text !== ""
 
@@ -81,7 +82,7 @@ FocusScope {
 
             width: parent.width - Theme.space6
             text: root.text
-            font: root.clipboard.isCode(root.clipId) ? Theme.code.font : Theme.body.font
+            font: root.face.look === "code" || root.face.look === "secret" ? Theme.code.font : Theme.body.font
             color: Theme.ink
             selectionColor: Theme.accent
             selectedTextColor: Theme.onAccent

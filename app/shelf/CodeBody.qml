@@ -5,7 +5,14 @@ import Ambrel.Kit
 Item {
     id: root
 
-    property alias markup: label.text
+    // Its colours are the names of these.
+    property string code
+    readonly property var colors: ({
+            keyword: Theme.violet.text,
+            assigned: Theme.blue.text,
+            quoted: Theme.green.text,
+            comment: Theme.ink2
+        })
 
     Rectangle {
         anchors {
@@ -23,7 +30,7 @@ Item {
             x: Theme.space2
             y: Theme.space2
             width: parent.width - Theme.space2 - 2
-            text: ""
+            text: root.code.replace(/"(keyword|assigned|quoted|comment)"/g, (match, word) => `"${root.colors[word]}"`)
             font: Theme.code.font
             lineHeight: Theme.code.line
             lineHeightMode: Text.FixedHeight

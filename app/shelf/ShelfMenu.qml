@@ -25,7 +25,7 @@ Menu {
     MenuRow {
         text: qsTr("Clean up…")
         symbol: "wand.and.stars"
-        enabled: root.clipboard.count > 0
+        enabled: !root.clipboard.face.isEmpty
         onClicked: root.cleanupAsked()
     }
     MenuRow {
@@ -54,7 +54,7 @@ Menu {
         text: qsTr("Clear clipboard history…")
         symbol: "trash"
         isCareful: true
-        enabled: root.clipboard.count > 0
+        enabled: !root.clipboard.face.isEmpty
         onClicked: root.clearAsked()
     }
     MenuRow {

@@ -132,7 +132,7 @@ void ShelfPanelController::show(bool takesKeys) {
     ++leaveGeneration_;
     clipboard_.setQuery({});
     clipboard_.setFilter({ClipFilter::All{}});
-    clipboard_.refreshAges();
+    clipboard_.refresh();
     Q_EMIT opened();
   }
   window_->setPanelFrame(panelFrame(screen), screen);

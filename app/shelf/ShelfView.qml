@@ -116,16 +116,16 @@ FocusScope {
         EmptyState {
             anchors.horizontalCenter: parent.horizontalCenter
             y: strip.y + (strip.height - height) / 2
-            visible: root.clipboard.visibleCount === 0
+            visible: root.clipboard.items.count === 0
             symbol: root.clipboard.query !== "" ? "magnifyingglass" : "doc.on.clipboard"
-            title: root.clipboard.emptyTitle
-            sentence: root.clipboard.emptySentence
+            title: root.clipboard.face.emptyTitle
+            sentence: root.clipboard.face.emptySentence
         }
         ShelfFooter {
             x: Theme.space4
             y: parent.height - height - Theme.space4
             width: parent.width - 2 * Theme.space4
-            summary: root.clipboard.summary
+            summary: root.clipboard.face.summary
         }
         ShelfOverlay {
             id: overlay

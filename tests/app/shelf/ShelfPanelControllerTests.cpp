@@ -103,7 +103,7 @@ class ShelfPanelControllerTests : public QObject {
     room.desk.copy("  first line\nsecond");
     QVERIFY(!room.shelf->copyPinned(1));
     QVERIFY(room.desk.pasteboard.written.empty());
-    room.desk.model->togglePin(room.desk.item(0).id);
+    room.desk.model->togglePin(room.desk.id(0));
     QVERIFY(room.shelf->copyPinned(1));
     QCOMPARE(room.desk.pasteboard.writtenText(), "  first line\nsecond");
     const QObject* toast =
