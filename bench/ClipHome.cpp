@@ -28,7 +28,7 @@ struct PictureKind {
   QSize size;
   bool isPhoto = false;
 };
-// What is copied most stands more than once.
+// What is copied most is listed more than once.
 constexpr std::array pictureKinds{
     PictureKind{{3840, 2160}},       PictureKind{{1280, 800}},  PictureKind{{1920, 1080}},
     PictureKind{{640, 420}},         PictureKind{{2560, 1440}}, PictureKind{{1600, 1200}, true},

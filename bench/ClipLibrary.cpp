@@ -2,7 +2,7 @@
 //
 //   ClipLibrary [--rounds 30]
 //
-// Beside a save stands a bare atomic write of the same bytes, beside a search one look through texts of the same size.
+// A save is compared with a bare atomic write of the same bytes, a search with one look through texts of the same size.
 // Ends with 1 when a search in 10,000 clips takes longer than a frame, or a copy more than 2 ms of processor.
 
 #include <algorithm>

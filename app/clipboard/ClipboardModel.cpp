@@ -211,12 +211,6 @@ std::optional<QString> ClipboardModel::copyPinned(int number) {
   return index_.of(*item).isSensitive ? tr("Secret") : toQString(clipName(*item));
 }
 
-std::optional<std::string> ClipboardModel::currentText() const {
-  const auto& current = history_.currentItemID();
-  const ClipItem* item = current ? history_.item(*current) : nullptr;
-  return item ? item->text : std::nullopt;
-}
-
 void ClipboardModel::apply(const HistoryEffects& effects) {
   if (effects.needsSave) storage_.save(effects.changes);
   if (!effects.unusedImages.empty()) storage_.removePictures(effects.unusedImages);

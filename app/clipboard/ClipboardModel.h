@@ -82,8 +82,6 @@ class ClipboardModel : public QObject {
   const ClipboardLibrary& library() const { return history_.library(); }
   const std::optional<UUID>& currentItemID() const { return history_.currentItemID(); }
   std::int64_t lastChangeCount() const { return history_.lastChangeCount(); }
-  // The text on the pasteboard, as far as the history knows it.
-  std::optional<std::string> currentText() const;
   const ClipItem* item(const UUID& id) const { return history_.item(id); }
   std::filesystem::path picturesFolder() const { return storage_.picturesFolder(); }
 
@@ -173,7 +171,6 @@ class ClipboardModel : public QObject {
   enum class Purpose { copy, restore };
   void put(const ClipItem& item, Purpose purpose);
   void write(std::vector<Representation> representations, std::optional<UUID> id, Purpose purpose);
-  void recordOwn(std::string text);
   void apply(const HistoryEffects& effects);
   void publish();
   void publishRows();

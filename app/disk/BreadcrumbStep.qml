@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// One step of the way down; the last one is where one stands.
+// One step of the way down; the last one is the folder that is shown.
 Pressable {
     id: root
 

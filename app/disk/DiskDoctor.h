@@ -75,7 +75,7 @@ class DiskDoctor : public QObject {
     Background background;
     std::function<Instant()> now;
     Calendar calendar;
-    // Absent: the words of the rules stand.
+    // Absent: the words are those of the rules.
     LanguageModel* model = nullptr;
     // Whether the home may be read; asked before it is scanned. Empty where nothing guards it.
     std::function<bool()> hasAccess = {};

@@ -28,7 +28,7 @@ void DiskQuestion::ask(const QString& question) {
   const Instant now = seams_.now();
   const std::string verdict = DiskAdvice::verdict(*picked_, findings_, seams_.home, now, seams_.calendar);
   face_.question = question;
-  // What the rules say stands until the model has a better answer, and when it has none.
+  // The rules answer until the model has a better answer, and when it has none.
   face_.answer = shownName(verdict);
   face_.isAnswering = face_.takesQuestions;
   Q_EMIT faceChanged();

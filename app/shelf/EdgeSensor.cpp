@@ -1,43 +1,17 @@
 #include "app/shelf/EdgeSensor.h"
 
-#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace ambrel {
 namespace {
 
-// While the pointer moves; a tenth of a second is lost on nobody who waits for a shelf.
+// While the pointer moves. Nobody notices a tenth of a second.
 constexpr int movingInterval = 100;
 // Where movements are not announced.
 constexpr int blindInterval = 250;
 
-// How long a pointer has to rest where it is; nothing outside the zone.
-std::optional<Seconds> neededRest(Point pointer, const std::vector<ScreenInfo>& screens) {
-  const auto screen =
-      std::ranges::find_if(screens, [&](const ScreenInfo& one) { return one.frame.contains(pointer, true); });
-  if (screen == screens.end()) return std::nullopt;
-  const double reach = screen->frame.width * EdgeDwell::share / 2;
-  if (std::abs(pointer.x - screen->frame.midX()) > reach) return std::nullopt;
-  const double upper = screen->visibleFrame.maxY();
-  const bool hasPanel = upper < screen->frame.maxY();
-  const double depth = hasPanel ? EdgeDwell::depthBelowPanel : EdgeDwell::depth;
-  if (pointer.y > upper || upper - pointer.y > depth) return std::nullopt;
-  return hasPanel ? EdgeDwell::dwellBelowPanel : EdgeDwell::dwell;
-}
-
 }  // namespace
-
-bool EdgeDwell::update(std::optional<Point> pointer, const std::vector<ScreenInfo>& screens, Instant now) {
-  const auto needed = pointer ? neededRest(*pointer, screens) : std::nullopt;
-  if (!needed) {
-    since_.reset();
-    hasAsked_ = false;
-    return false;
-  }
-  if (!since_) since_ = now;
-  if (hasAsked_ || secondsBetween(*since_, now) < *needed) return false;
-  hasAsked_ = true;
-  return true;
-}
 
 EdgeSensor::EdgeSensor(PointerMonitor& pointer, Screens& screens, std::function<Instant()> now, QObject* parent)
     : QObject(parent), pointer_(pointer), screens_(screens), now_(std::move(now)) {
@@ -60,7 +34,9 @@ void EdgeSensor::look() {
   if (!isActive_) return;
   const auto pointer = pointer_.location();
   // A pointer that drags a window there wants it to fill the screen.
-  const bool isAsking = dwell_.update(pointer, screens_.list(), now_()) && !pointer_.isPressed();
+  std::vector<ScreenFrames> screens;
+  for (const ScreenInfo& screen : screens_.list()) screens.push_back({screen.frame, screen.visibleFrame});
+  const bool isAsking = dwell_.update(pointer, screens, now_()) && !pointer_.isPressed();
   const bool isResting = pointer == last_ && !dwell_.isWaiting();
   last_ = pointer;
   if (isResting)

@@ -7,33 +7,11 @@
 #include <functional>
 #include <optional>
 
-#include "core/base/Instant.h"
+#include "core/dock/EdgeDwell.h"
 #include "platform/Pointer.h"
 #include "platform/Screens.h"
 
 namespace ambrel {
-
-// Whether a resting pointer asks for something. A value: what it is told decides. Where another program's panel is at
-// the edge, a pointer on that is the panel's; the strip right below it counts.
-class EdgeDwell {
- public:
-  // From the edge, in points; and how much of the edge's length counts.
-  static constexpr double depth = 1.5;
-  static constexpr double share = 0.25;
-  static constexpr Seconds dwell{0.25};
-  // Below a panel the pointer has no edge to stop at, and windows have their title bars there.
-  static constexpr double depthBelowPanel = 4;
-  static constexpr Seconds dwellBelowPanel{0.5};
-
-  // True once for each visit, when the pointer has been in the zone for that long.
-  bool update(std::optional<Point> pointer, const std::vector<ScreenInfo>& screens, Instant now);
-  // In the zone and not yet asked.
-  bool isWaiting() const { return since_.has_value() && !hasAsked_; }
-
- private:
-  std::optional<Instant> since_;  // in the zone
-  bool hasAsked_ = false;
-};
 
 class EdgeSensor : public QObject {
   Q_OBJECT

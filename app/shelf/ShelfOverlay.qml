@@ -12,7 +12,7 @@ FocusScope {
     property string clipId
     property string collectionId
     property point place
-    // One of the components below; each says where it wants to stand and has a `begin` for the keyboard.
+    // One of the components below; each says where it is placed and has a `begin` for the keyboard.
     readonly property var content: loader.item
 
     signal picked(string id)

@@ -18,7 +18,7 @@ namespace ambrel {
 struct ClipFacts {
   bool isSensitive = false;  // plain texts alone ever are
   ClipPreview preview;
-  std::optional<PictureSize> pictureSize;  // of an image, as far as whoever has its file has said
+  std::optional<PictureSize> pictureSize;  // of an image; absent while its file has not been read
   // Absent when the text is ASCII, which is searched as it is.
   std::optional<std::string> foldedText;
 

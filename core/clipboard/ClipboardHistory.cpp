@@ -54,7 +54,7 @@ HistoryEffects ClipboardHistory::add(ClipItem item, const CaptureSettings& setti
   const UUID id = same == nullptr ? item.id : same->id;
   std::vector<ClipItem> evicted = library_.add(std::move(item), settings.limit);
   for (ClipItem& large : library_.evictBeyond(CaptureLimits::libraryText)) evicted.push_back(std::move(large));
-  // With a limit of 0 it has gone already.
+  // With a limit of 0 it is already gone.
   const bool isKept = !library_.items.empty() && library_.items.front().id == id;
   currentItemID_ = isKept ? std::optional(id) : std::nullopt;
   HistoryEffects effects{.needsSave = true, .changes = {}, .unusedImages = unusedImages(evicted)};

@@ -1,6 +1,6 @@
 #pragma once
 // A step of the library, small enough to be written at each copy. The steps since the library was last written as a
-// whole stand in a journal beside it, a line of JSON each. Carried out again on a library that has them already, in
+// whole are kept in a journal beside it, a line of JSON each. Carried out on a library that has them already, in
 // their order, they change nothing.
 
 #include <optional>

@@ -43,7 +43,10 @@ constexpr CleanupTarget tool(std::string_view id, std::string_view title, std::s
 // Each tool's own documentation says that the folder is filled again; the page is named beside it.
 constexpr std::array linuxDeveloper{
     // https://pnpm.io/cli/store
-    tool("pnpmShare", "pnpm Store", "Packages pnpm downloads again.", ".local/share/pnpm/store"),
+    // Projects hold hard links to its files.
+    tool("pnpmShare", "pnpm Store",
+         "Packages pnpm downloads again. The space of those that projects link to comes free with the projects.",
+         ".local/share/pnpm/store"),
     // https://classic.yarnpkg.com/en/docs/cli/cache
     tool("yarnCache", "Yarn Cache", "Packages Yarn downloads again.", ".cache/yarn"),
     // https://yarnpkg.com/cli/cache/clean
@@ -51,7 +54,10 @@ constexpr std::array linuxDeveloper{
     // https://pip.pypa.io/en/stable/topics/caching/
     tool("pipCache", "pip Cache", "Python packages pip downloads again.", ".cache/pip"),
     // https://docs.astral.sh/uv/concepts/cache/
-    tool("uv", "uv Cache", "Python packages uv downloads and builds again.", ".cache/uv"),
+    tool("uv", "uv Cache",
+         "Python packages uv downloads and builds again. The space of those that environments link to comes free with "
+         "the environments.",
+         ".cache/uv"),
     // https://doc.rust-lang.org/cargo/guide/cargo-home.html
     tool("cargoArchives", "Cargo Downloads", "Crates Cargo downloads again.", ".cargo/registry/cache"),
     tool("cargoSources", "Cargo Sources", "Crates Cargo unpacks again.", ".cargo/registry/src"),

@@ -227,7 +227,7 @@ std::string wayBack(const std::vector<std::string>& unlisted) {
 }  // namespace
 
 TrashMessage message(const TrashReport& report, const Calendar& calendar) {
-  // Of a folder's contents some can have gone although the rest stayed.
+  // Part of a folder's contents can have moved although the rest stayed.
   if (report.moved.empty() && report.bytesMoved <= 0) {
     const bool isNamed = std::any_of(report.failed.begin(), report.failed.end(), [](const CleanupItem& item) {
       return item.stayed && !namedObstacle(*item.stayed).empty();

@@ -70,7 +70,7 @@ struct TrashReport {
 using TrashMove = std::function<TrashPlace(const TrashRequest&)>;
 
 // The copies that stay while the items of these findings may go. Hold on to them for as long as items of the same scan
-// can be moved, also when the findings that named them have gone.
+// can be moved, even after the findings that named them are gone.
 std::vector<KeptCopy> keptCopies(const std::vector<DiskFinding>& findings);
 
 // Moves the items in order. An item stays, and is reported as failed, when it is a main folder, is in a Trash, or has

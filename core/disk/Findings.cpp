@@ -108,13 +108,6 @@ CleanupRisk risk(FindingRule rule) { return facts(rule).risk; }
 
 bool isMovable(FindingRule rule) { return rule != FindingRule::oldSimulatorRuntimes && rule != FindingRule::trash; }
 
-std::vector<FindingRule> rules(FindingGroup group) {
-  std::vector<FindingRule> out;
-  for (const RuleFacts& entry : ruleFacts)
-    if (entry.group == group) out.push_back(entry.rule);
-  return out;
-}
-
 std::int64_t DiskFinding::bytes() const {
   return std::accumulate(items.begin(), items.end(), std::int64_t{0},
                          [](std::int64_t sum, const CleanupItem& item) { return sum + item.bytes; });

@@ -75,8 +75,6 @@ std::optional<FindingGroup> group(FindingRule rule);
 CleanupRisk risk(FindingRule rule);
 // Simulator runtimes belong to another tool, and the Trash is never emptied for anyone.
 bool isMovable(FindingRule rule);
-// The rules of a group, in case order.
-std::vector<FindingRule> rules(FindingGroup group);
 
 // What tells a file from another one under the same name, and from itself after a change.
 struct FileIdentity {

@@ -98,7 +98,10 @@ struct ClipboardDesk {
   }
   const ClipItem& item(std::size_t position) const { return model->library().items.at(position); }
   QString id(std::size_t position) const { return QString::fromStdString(item(position).id.text()); }
-  std::optional<std::string> currentText() const { return model->currentText(); }
+  std::optional<std::string> currentText() const {
+    const auto& current = model->currentItemID();
+    return current ? model->item(*current)->text : std::nullopt;
+  }
 };
 
 // The smallest bytes that are taken for a PNG of this size; the last byte tells pictures apart.

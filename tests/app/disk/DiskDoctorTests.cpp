@@ -271,7 +271,7 @@ void DiskDoctorTests::aSecondConfirmationMovesNothing() {
   }
   QVERIFY(desk.held.waiting.empty());
   QCOMPARE(desk.trash.asked.size(), 1u);
-  // What has gone is offered no more, and what is left is.
+  // What was moved is not offered again; what is left is.
   doctor.findings()->setSelected("group:oldDownloads", true);
   QCOMPARE(doctor.findings()->selection().items().size(), 1u);
   QCOMPARE(doctor.findings()->selection().items().front().url, desk.home + "/Downloads/older.zip");

@@ -221,7 +221,7 @@ void DiskWindowTests::whatIsSafeMovesByThreeClicks() {
   QVERIFY(room.click("Choose what is safe"));
   QVERIFY(room.click("Move 7 MB to the Trash"));
   QCOMPARE(room.doctor().review()->face().stage, Stage::reviewing);
-  // What lies below is out of reach.
+  // What is below is out of reach.
   QVERIFY(!room.click("Scan again"));
   QTRY_VERIFY(room.isSheetArmed());
   QVERIFY(room.click("Move to the Trash"));
@@ -394,7 +394,7 @@ void DiskWindowTests::itIsAWindowOfItsOwn() {
   QVERIFY(room.open());
   QCOMPARE(room.style.prepared.size(), 1u);
   QCOMPARE(room.style.prepared.front().second, WindowRole::window);
-  // The shadow lies around the frame and takes no clicks.
+  // The shadow is around the frame and takes no clicks.
   QCOMPARE(room.window().margin(), 48);
   QCOMPARE(room.window().size(), QSize(980 + 96, 640 + 96));
   QCOMPARE(room.style.margins.back(), 48.0);

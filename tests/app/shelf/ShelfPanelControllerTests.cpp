@@ -12,7 +12,7 @@ class ShelfPanelControllerTests : public QObject {
     QTest::addColumn<QPointF>("pointer");
     QTest::addColumn<int>("reserved");
     QTest::addColumn<QRect>("frame");
-    // The second screen stands to the right of the first, 100 higher.
+    // The second screen is to the right of the first, 100 higher.
     QTest::newRow("main screen") << QPointF(200, 300) << 0 << QRect(310, -20, 980, 320);
     QTest::newRow("other screen") << QPointF(2000, 300) << 0 << QRect(1750, -120, 980, 320);
     QTest::newRow("nowhere") << QPointF(-900, 300) << 0 << QRect(310, -20, 980, 320);

@@ -76,7 +76,7 @@ struct ShelfRoom {
   void type(const QString& text) {
     for (const QChar c : text) QTest::keyClick(&window(), c.toLatin1());
   }
-  // The text of the clip that the keyboard stands on.
+  // The text of the clip that has the ring of the keyboard.
   std::string current() const {
     const auto& id = desk.model->focusedItemID();
     const ClipItem* item = id ? desk.model->item(*id) : nullptr;

@@ -175,7 +175,7 @@ class ShelfViewTests : public QObject {
     QVERIFY(room.shelf->isShown());
     room.press(Qt::Key_Escape);
     QVERIFY(!room.shelf->isShown());
-    // It begins anew.
+    // It starts over.
     room.desk.model->setFilterText("kind:link");
     room.desk.pass(Seconds(1));
     QVERIFY(room.open());

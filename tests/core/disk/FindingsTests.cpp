@@ -10,47 +10,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(FindingRules, EachHasItsTitleSymbolGroupAndRisk) {
-  struct Case {
-    FindingRule rule;
-    std::string_view title, symbol;
-    std::optional<FindingGroup> group;
-    CleanupRisk risk;
-    bool isMovable;
-  };
-  using enum FindingGroup;
-  using enum CleanupRisk;
-  const Case cases[] = {
-      {FindingRule::developerCaches, "Developer caches", "hammer", developerJunk, safe, true},
-      {FindingRule::appCaches, "App caches", "archivebox", developerJunk, review, true},
-      {FindingRule::staleBuildFolders, "Build folders in old projects", "shippingbox", developerJunk, safe, true},
-      {FindingRule::oldInstallers, "Old installers in Downloads", "arrow.down.circle", oldDownloads, review, true},
-      {FindingRule::largeOldFiles, "Large files you have not opened", "doc.badge.clock", bigOldFiles, careful, true},
-      {FindingRule::duplicates, "Duplicate files", "doc.on.doc", FindingGroup::duplicates, review, true},
-      {FindingRule::oldArchives, "Old Xcode archives", "archivebox.fill", developerJunk, review, true},
-      {FindingRule::oldSimulatorRuntimes, "Old simulator runtimes", "iphone.gen3", std::nullopt, review, false},
-      {FindingRule::oldScreenshots, "Old screenshots on the Desktop", "camera.viewfinder", oldDownloads, review, true},
-      {FindingRule::trash, "The Trash", "trash", FindingGroup::trash, safe, false}};
-  ASSERT_EQ(std::size(cases), allCases<FindingRule>().size());
-  for (std::size_t i = 0; i < std::size(cases); ++i) {
-    const Case& c = cases[i];
-    EXPECT_EQ(allCases<FindingRule>()[i], c.rule);
-    EXPECT_EQ(title(c.rule), c.title);
-    EXPECT_EQ(symbol(c.rule), c.symbol) << c.title;
-    EXPECT_EQ(group(c.rule), c.group) << c.title;
-    EXPECT_EQ(risk(c.rule), c.risk) << c.title;
-    EXPECT_EQ(isMovable(c.rule), c.isMovable) << c.title;
-  }
-}
-
-TEST(FindingRules, GroupsListTheirRulesInCaseOrder) {
-  EXPECT_THAT(rules(FindingGroup::developerJunk),
-              ElementsAre(FindingRule::developerCaches, FindingRule::appCaches, FindingRule::staleBuildFolders,
-                          FindingRule::oldArchives));
-  EXPECT_THAT(rules(FindingGroup::oldDownloads), ElementsAre(FindingRule::oldInstallers, FindingRule::oldScreenshots));
-  EXPECT_THAT(rules(FindingGroup::trash), ElementsAre(FindingRule::trash));
-}
-
 TEST(CleanupTargets, TableRowsAreWholeAndTheirPathsRelative) {
   std::set<std::string_view> ids, paths;
   for (const auto& table :
@@ -61,8 +20,6 @@ TEST(CleanupTargets, TableRowsAreWholeAndTheirPathsRelative) {
       EXPECT_FALSE(row.title.empty() || row.detail.empty() || row.symbol.empty()) << row.id;
       EXPECT_FALSE(row.relativePath.starts_with('/') || row.relativePath.ends_with('/')) << row.id;
     }
-  EXPECT_EQ(cleanupTargets().size(), 8u);
-  EXPECT_EQ(packageManagerTargets().size(), 5u);
 }
 
 // What is offered on its own stays when the rest of the cache folder goes; only a direct child can be named so.
