@@ -47,6 +47,7 @@ class ClipboardModel : public QObject {
   QML_UNCREATABLE("built by the program")
   // What the filter and the search admit.
   Q_PROPERTY(ambrel::ClipListModel* items READ items CONSTANT FINAL)
+  Q_PROPERTY(int visibleCount READ visibleCount NOTIFY visibleItemsChanged FINAL)
   Q_PROPERTY(ambrel::RowList* collections READ collections CONSTANT FINAL)
   Q_PROPERTY(ambrel::ClipboardFace face READ face NOTIFY faceChanged FINAL)
   Q_PROPERTY(QString filter READ filterText WRITE setFilterText NOTIFY filterChanged FINAL)
@@ -112,6 +113,7 @@ class ClipboardModel : public QObject {
   QString focusedItemText() const;
   void setFocusedItemText(const QString& id);
   // Whether items or a collection can still come back.
+  int visibleCount() const { return items_.rowCount(); }
   int count() const { return static_cast<int>(library().items.size()); }
   bool canUndo() const { return history_.undoableCount() > 0 || history_.canUndoCollection(); }
   QVariantList recentPrograms();
