@@ -43,10 +43,12 @@ struct AreaKey {
 class Area : public QObject {
   Q_OBJECT
   QML_ANONYMOUS
+  Q_PROPERTY(ambrel::Area* area READ area CONSTANT FINAL)
 
  public:
   explicit Area(QString name, QObject* parent = nullptr) : QObject(parent), name_(std::move(name)) {}
   const QString& name() const { return name_; }
+  Area* area() { return this; }
 
   // Another profile is active, or the bar has come into sight or left it.
   virtual void widgetsChanged(const std::set<DockWidget>& /*onBar*/, bool /*areSeen*/, Instant /*now*/) {}

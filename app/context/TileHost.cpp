@@ -30,11 +30,11 @@ void TileHost::make() {
   if (const Area* area =
           widget && source != tileSources().end() && context_ ? context_->area(source->second.area) : nullptr) {
     tile_.reset(makeItem(*qmlEngine(this), source->second.url, context_->modelsFor(area),
-                         {{QStringLiteral("title"), toQString(title(*widget))},
+                         {{QStringLiteral("widget"), widget_},
+                          {QStringLiteral("title"), toQString(title(*widget))},
                           {QStringLiteral("shortTitle"), toQString(shortTitle(*widget))},
                           {QStringLiteral("description"), toQString(description(*widget))},
-                          {QStringLiteral("widgetSymbol"), toQString(symbol(*widget))},
-                          {QStringLiteral("area"), QVariant::fromValue(const_cast<Area*>(area))}}));
+                          {QStringLiteral("widgetSymbol"), toQString(symbol(*widget))}}));
   }
   if (tile_) {
     tile_->setParentItem(this);

@@ -13,7 +13,8 @@ Pressable {
         ExtraLarge
     }
 
-    // What the catalogue says of the widget; the bar sets it.
+    // The widget's id and what the catalogue says of it; the bar sets them.
+    property string widget
     property string title
     property string shortTitle: title
     property string description

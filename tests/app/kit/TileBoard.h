@@ -27,7 +27,8 @@ class TileBoard : public QQuickItem {
     QString span = toQString(nameOf(size));
     span[0] = span[0].toUpper();
     QQuickItem* tile = make(source->second.area, source->second.url,
-                            {{QStringLiteral("title"), toQString(title(widget))},
+                            {{QStringLiteral("widget"), id},
+                             {QStringLiteral("title"), toQString(title(widget))},
                              {QStringLiteral("shortTitle"), toQString(shortTitle(widget))},
                              {QStringLiteral("widgetSymbol"), toQString(symbol(widget))},
                              {QStringLiteral("live"), true},
@@ -58,10 +59,9 @@ class TileBoard : public QQuickItem {
       if (area->name() == name) return area;
     return nullptr;
   }
-  QQuickItem* make(const QString& areaName, const QUrl& source, QVariantMap properties) {
-    Area* area = areaOf(areaName);
+  QQuickItem* make(const QString& areaName, const QUrl& source, const QVariantMap& properties) {
+    const Area* area = areaOf(areaName);
     if (!area) return nullptr;
-    properties.insert(QStringLiteral("area"), QVariant::fromValue(area));
     const QObject* const models[] = {area};
     return place(makeItem(scene_.engine(), source, models, properties));
   }
