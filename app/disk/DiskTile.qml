@@ -9,8 +9,10 @@ RingTile {
     required property DiskCleaner disk
     required property DiskArea area
 
-    percent: system.diskPercent
-    details: disk.freeableText === "" ? system.diskText : qsTr("%1, %2").arg(system.diskText).arg(disk.freeableText)
-    shortDetails: system.diskFreeText
+    readonly property tileReading reading: system.disk.reading
+
+    percent: reading.percent
+    details: disk.freeableText === "" ? reading.tip : qsTr("%1, %2").arg(reading.tip).arg(disk.freeableText)
+    shortDetails: reading.subLine
     onActivated: area.open()
 }

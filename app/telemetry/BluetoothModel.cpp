@@ -4,8 +4,8 @@
 
 namespace ambrel {
 
-BluetoothModel::BluetoothModel(Bluetooth& bluetooth, Calendar calendar, QObject* parent)
-    : QObject(parent), bluetooth_(bluetooth), calendar_(std::move(calendar)) {
+BluetoothModel::BluetoothModel(Bluetooth& bluetooth, Calendar calendar, LiveFace& face, QObject* parent)
+    : QObject(parent), bluetooth_(bluetooth), calendar_(std::move(calendar)), face_(face) {
   update();
 }
 
@@ -19,16 +19,14 @@ void BluetoothModel::setListening(bool listens) {
 }
 
 void BluetoothModel::setOn(bool isOn) {
-  if (hasAdapter_ && isOn != isOn_) bluetooth_.setOn(isOn);
+  const TileReading& shown = face_.reading();
+  if (!shown.isMissing && isOn != shown.isOn) bluetooth_.setOn(isOn);
 }
 
 void BluetoothModel::update() {
   const auto reading = bluetooth_.reading();
-  hasAdapter_ = reading.has_value();
-  isOn_ = reading && reading->isOn;
-  text_.set(bluetoothTile(calendar_, reading));
-  devices_.set(bluetoothRows(calendar_, reading ? reading->devices : std::vector<BluetoothDevice>{}));
-  Q_EMIT changed();
+  face_.set(bluetoothTile(calendar_, reading));
+  face_.setRows(bluetoothRows(calendar_, reading ? reading->devices : std::vector<BluetoothDevice>{}));
 }
 
 }  // namespace ambrel

@@ -3,10 +3,12 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 // The adapter's switch, and the devices that are connected.
-Popover {
+LivePanel {
     id: root
 
     required property BluetoothModel bluetooth
+    readonly property LiveFace face: area.face("bluetooth")
+    readonly property tileReading reading: face.reading
 
     title: qsTr("Bluetooth")
     symbol: "dot.radiowaves.right"
@@ -14,20 +16,20 @@ Popover {
 
     headerItems: Switch {
         anchors.verticalCenter: parent.verticalCenter
-        visible: root.bluetooth.hasAdapter
+        visible: !root.reading.isMissing
         focus: true
         label: qsTr("Bluetooth")
-        checked: root.bluetooth.isOn
-        onToggled: checked => root.bluetooth.isOn = checked
+        checked: root.reading.isOn
+        onToggled: checked => root.bluetooth.setOn(checked)
     }
 
     EmptyState {
         width: parent.width
         anchors.centerIn: parent
-        visible: root.bluetooth.devices.count === 0
+        visible: root.face.rows.count === 0
         symbol: "dot.radiowaves.right"
-        title: root.bluetooth.text.message
-        sentence: !root.bluetooth.hasAdapter ? qsTr("An adapter that is connected appears here.") : root.bluetooth.isOn ? qsTr("Devices that are connected appear here with their charge.") : qsTr("Switch it on to see what is connected.")
+        title: root.reading.message
+        sentence: root.reading.isMissing ? qsTr("An adapter that is connected appears here.") : root.reading.isOn ? qsTr("Devices that are connected appear here with their charge.") : qsTr("Switch it on to see what is connected.")
     }
     ListView {
         id: list
@@ -35,7 +37,7 @@ Popover {
         anchors.margins: Theme.space2
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: root.bluetooth.devices
+        model: root.face.rows
 
         delegate: Item {
             id: row

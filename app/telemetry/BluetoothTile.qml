@@ -4,11 +4,9 @@ import Ambrel.Telemetry
 
 // Connected devices and their charge.
 LiveTile {
-    required property BluetoothModel bluetooth
     readonly property bool hasDevice: !hasMessage && reading.symbol !== ""
 
     panel: Qt.resolvedUrl("BluetoothPanel.qml")
-    reading: bluetooth.text
     name: isSmall && hasDevice ? reading.value : caption
     label: qsTr("Bluetooth, %1").arg(reading.spoken)
     symbol: isSmall && hasDevice ? reading.symbol : "dot.radiowaves.right"

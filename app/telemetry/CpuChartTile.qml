@@ -3,24 +3,25 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 // Processor load over the last minute.
-TileFrame {
+LiveTile {
     id: root
 
-    required property SystemMonitor system
+    readonly property bool isKnown: !isNaN(reading.percent)
 
     panel: Qt.resolvedUrl("ProcessorPanel.qml")
-    fact: isSmall ? "" : system.cpuText
-    value: isSmall ? system.cpuText === "" ? "–" : system.cpuText : ""
-    subLine: isSmall || system.cpuText !== "" ? "" : qsTr("Measuring…")
-    label: system.cpuText === "" ? qsTr("%1, measuring").arg(name) : name + ", " + system.cpuText
+    fact: !isSmall && isKnown ? reading.figure : ""
+    value: isSmall ? reading.figure : ""
+    unit: ""
+    subLine: isSmall || isKnown ? "" : reading.subLine
+    label: title + ", " + (isKnown ? reading.figure : qsTr("measuring"))
     tip: qsTr("Processor load over the last minute")
 
     Sparkline {
-        visible: !root.isSmall && root.system.cpuText !== ""
+        visible: !root.isSmall && root.isKnown
         y: Theme.caption.line + 2
         width: parent.width
         height: parent.height - y
-        capacity: root.system.historyCapacity
-        values: root.system.cpuHistory
+        capacity: 30
+        values: root.reading.history
     }
 }

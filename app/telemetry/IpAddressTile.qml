@@ -6,7 +6,6 @@ import Ambrel.Telemetry
 LiveTile {
     required property LiveModels readings
 
-    reading: readings.address
     onActivated: copyAsked(readings.addressToCopy())
     // A whole address fits the narrowest tile that has a caption.
     valueRole: span === TileFrame.Medium ? Theme.caption : Theme.rowTitle

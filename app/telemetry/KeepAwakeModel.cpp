@@ -4,7 +4,8 @@
 
 namespace ambrel {
 
-KeepAwakeModel::KeepAwakeModel(KeepAwake& keepAwake, QObject* parent) : QObject(parent), keepAwake_(keepAwake) {
+KeepAwakeModel::KeepAwakeModel(KeepAwake& keepAwake, LiveFace& face, QObject* parent)
+    : QObject(parent), keepAwake_(keepAwake), face_(face) {
   update(false);
 }
 
@@ -21,6 +22,6 @@ void KeepAwakeModel::release() {
   update(false);
 }
 
-void KeepAwakeModel::update(bool hasFailed) { text_.set(keepAwakeTile(keepAwake_.isHeld(), hasFailed)); }
+void KeepAwakeModel::update(bool hasFailed) { face_.set(keepAwakeTile(keepAwake_.isHeld(), hasFailed)); }
 
 }  // namespace ambrel

@@ -1,11 +1,9 @@
 #pragma once
 // The switch that keeps the computer awake.
 
-#include <QObject>
 #include <QPointer>
-#include <QtQml/qqmlregistration.h>
 
-#include "app/telemetry/LiveText.h"
+#include "app/telemetry/LiveFace.h"
 #include "platform/KeepAwake.h"
 
 namespace ambrel {
@@ -15,21 +13,20 @@ class KeepAwakeModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(ambrel::LiveText* text READ text CONSTANT FINAL)
 
  public:
-  explicit KeepAwakeModel(KeepAwake& keepAwake, QObject* parent = nullptr);
+  // Shows its state on the face, which outlives it.
+  KeepAwakeModel(KeepAwake& keepAwake, LiveFace& face, QObject* parent = nullptr);
 
-  LiveText* text() { return &text_; }
-  bool isOn() const { return text_.isOn(); }
   Q_INVOKABLE void toggle();
+  // Nothing where it is off.
   void release();
 
  private:
   void update(bool hasFailed);
 
   KeepAwake& keepAwake_;
-  LiveText text_;
+  LiveFace& face_;
   // An answer to an older click than the last is not looked at.
   int generation_ = 0;
 };

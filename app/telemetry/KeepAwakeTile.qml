@@ -7,6 +7,5 @@ SwitchTile {
     required property KeepAwakeModel keepAwake
 
     onActivated: keepAwake.toggle()
-    reading: keepAwake.text
     unlitTone: Theme.levelTone(reading.level, Theme.neutral)
 }

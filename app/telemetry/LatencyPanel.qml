@@ -3,21 +3,23 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 // The probes of the last minutes, and what they come to.
-Popover {
+LivePanel {
     id: root
 
-    required property LiveModels readings
+    readonly property LiveFace face: area.face("latency")
+    readonly property tileReading reading: face.reading
 
     title: qsTr("Latency")
     symbol: "waveform.path.ecg"
     implicitHeight: 338
+    note: qsTr("A connection to 1.1.1.1 is made and closed again every 30 seconds while the tile can be seen.")
 
     headerItems: IconButton {
         anchors.verticalCenter: parent.verticalCenter
         label: qsTr("Ask again")
         symbol: "arrow.clockwise"
         focus: true
-        onClicked: root.readings.refreshLatency()
+        onClicked: root.area.readings.refreshLatency()
     }
 
     Sparkline {
@@ -27,25 +29,14 @@ Popover {
         width: parent.width - 2 * Theme.space4
         height: 72
         capacity: 20
-        maximum: root.readings.latency.ceiling
-        values: root.readings.latency.history
+        maximum: root.reading.ceiling
+        values: root.reading.history
     }
     DetailRows {
-        id: details
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.top: chart.bottom
         anchors.topMargin: Theme.space3
-        model: root.readings.latencyRows
-    }
-    Label {
-        x: Theme.space4
-        width: parent.width - 2 * Theme.space4
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: Theme.space3
-        text: qsTr("A connection to 1.1.1.1 is made and closed again every 30 seconds while the tile can be seen.")
-        role: Theme.small
-        color: Theme.ink2
-        wrapMode: Text.WordWrap
+        model: root.face.rows
     }
 }

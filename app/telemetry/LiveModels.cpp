@@ -1,10 +1,9 @@
 #include "app/telemetry/LiveModels.h"
 
-#include <QMetaProperty>
-#include <QQmlEngine>
 #include <algorithm>
 #include <utility>
 
+#include "app/base/QmlObjects.h"
 #include "app/base/StoredValue.h"
 
 namespace ambrel {
@@ -55,54 +54,52 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
       thermal_({.interval = leisurely, .read = [&t = seams_.telemetry] { return t.thermal(); }}, gathered()),
       addresses_({.interval = leisurely, .read = [&t = seams_.telemetry] { return std::optional(t.addresses()); }},
                  gathered()),
-      bluetooth_(seams_.bluetooth, seams_.calendar),
-      sound_(seams_.sound, seams_.calendar),
-      keepAwake_(seams_.keepAwake) {
+      bluetooth_(seams_.bluetooth, seams_.calendar, face(DockWidget::bluetooth)),
+      sound_(seams_.sound, seams_.calendar, face(DockWidget::volume), face(DockWidget::micMute)),
+      keepAwake_(seams_.keepAwake, face(DockWidget::keepAwake)) {
   using enum DockWidget;
-  const PresentCalendar& calendar = seams_.calendar;
-  follow(gpu_, {gpu}, [&] { gpuText_.set(gpuTile(calendar, sampled(gpu_), gpu_.history())); });
-  follow(pressure_, {memoryPressure}, [&] { pressureText_.set(pressureTile(calendar, sampled(pressure_))); });
+  const auto follow = [this](SamplerBase& sampler, std::vector<DockWidget> widgets, auto publish) {
+    entries_.push_back({&sampler, std::move(widgets), {}});
+    const auto update = [this, publish] { publish(seams_.calendar()); };
+    update();
+    connect(&sampler, &SamplerBase::sampled, this, update);
+  };
+  follow(gpu_, {gpu}, [this](const Calendar& c) { face(gpu).set(gpuTile(c, sampled(gpu_), gpu_.history())); });
+  follow(pressure_, {memoryPressure},
+         [this](const Calendar& c) { face(memoryPressure).set(pressureTile(c, sampled(pressure_))); });
   follow(diskActivity_, {diskActivity},
-         [&] { diskActivityText_.set(diskActivityTile(calendar, sampled(diskActivity_))); });
-  follow(topApps_, {topApps}, [&] {
-    topAppsText_.set(topAppsTile(calendar, sampled(topApps_)));
+         [this](const Calendar& c) { face(diskActivity).set(diskActivityTile(c, sampled(diskActivity_))); });
+  follow(topApps_, {topApps}, [this](const Calendar& c) {
     const auto usage = topApps_.value().value_or(std::vector<ProcessUsage>{});
-    topThree_.set(processRows(calendar, usage, shownPrograms));
-    topAppRows_.set(processRows(calendar, usage, listedPrograms));
+    face(topApps).set(topAppsTile(c, sampled(topApps_)));
+    face(topApps).setRows(processRows(c, usage, shownPrograms));
+    face(cpu).setRows(processRows(c, usage, listedPrograms));
   });
-  follow(batteryHealth_, {batteryHealth}, [this] { publishPower(); });
-  follow(power_, {battery, power}, [this] {
-    publishPower();
+  follow(batteryHealth_, {batteryHealth}, [this](const Calendar& c) { publishPower(c); });
+  follow(power_, {battery, power}, [this](const Calendar& c) {
+    publishPower(c);
     noticeBattery();
   });
-  follow(wifi_, {wifi}, [&] {
-    wifiText_.set(wifiTile(calendar, sampled(wifi_)));
-    wifiRows_.set(ambrel::wifiRows(calendar, wifi_.value().value_or(WiFiReading{})));
+  follow(wifi_, {wifi}, [this](const Calendar& c) {
+    face(wifi).set(wifiTile(c, sampled(wifi_)));
+    face(wifi).setRows(wifiRows(c, wifi_.value().value_or(WiFiReading{})));
   });
-  follow(latency_, {latency}, [&] {
-    latencyText_.set(latencyTile(calendar, sampled(latency_), latency_.history()));
-    latencyRows_.set(ambrel::latencyRows(calendar, latency_.history()));
+  follow(latency_, {latency}, [this](const Calendar& c) {
+    face(latency).set(latencyTile(c, sampled(latency_), latency_.history()));
+    face(latency).setRows(latencyRows(c, latency_.history()));
   });
-  follow(volumes_, {volumes}, [this] { publishVolumes(); });
-  follow(thermal_, {thermal}, [&] { thermalText_.set(thermalTile(calendar, sampled(thermal_))); });
-  follow(addresses_, {ipAddress}, [&] {
-    addressText_.set(addressTile(sampled(addresses_)));
-    addressRows_.set(ambrel::addressRows(addresses_.value().value_or(std::vector<NetworkAddress>{})));
+  follow(volumes_, {volumes}, [this](const Calendar&) { publishVolumes(); });
+  follow(thermal_, {thermal}, [this](const Calendar& c) { face(thermal).set(thermalTile(c, sampled(thermal_))); });
+  follow(addresses_, {ipAddress}, [this](const Calendar&) {
+    face(ipAddress).set(addressTile(sampled(addresses_)));
+    face(ipAddress).setRows(addressRows(addresses_.value().value_or(std::vector<NetworkAddress>{})));
   });
   publishUptime(seams_.now());
   setDisplay(std::nullopt);
-  const QMetaObject& meta = *metaObject();
-  for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
-    QQmlEngine::setObjectOwnership(meta.property(i).read(this).value<QObject*>(), QQmlEngine::CppOwnership);
+  keep({&bluetooth_, &sound_, &keepAwake_});
 }
 
 LiveModels::~LiveModels() = default;
-
-void LiveModels::follow(SamplerBase& sampler, std::vector<DockWidget> widgets, std::function<void()> publish) {
-  entries_.push_back({&sampler, std::move(widgets), {}});
-  publish();
-  connect(&sampler, &SamplerBase::sampled, this, std::move(publish));
-}
 
 Background LiveModels::gathered() {
   return [this](std::function<void()> work, std::function<void()> done) {
@@ -140,24 +137,24 @@ void LiveModels::tick(Instant now) {
 }
 
 void LiveModels::setShown(std::set<DockWidget> widgets, bool areActive, Instant now) {
+  const bool isPutAway = isOnBar(DockWidget::keepAwake) && !widgets.contains(DockWidget::keepAwake);
   widgets_ = std::move(widgets);
   areActive_ = areActive;
-  // These speak up by themselves, so that being out of sight costs nothing.
+  // These report changes themselves, so listening out of sight costs nothing.
   sound_.setListening(isOnBar(DockWidget::volume) || isOnBar(DockWidget::micMute));
   bluetooth_.setListening(isOnBar(DockWidget::bluetooth));
-  if (keepAwake_.isOn() && !isOnBar(DockWidget::keepAwake)) keepAwake_.release();
+  if (isPutAway) keepAwake_.release();
   tick(now);
 }
 
-SamplerBase* LiveModels::sampler(const QString& part) {
-  const std::pair<const char*, SamplerBase*> parts[] = {{"topApps", &topApps_},
-                                                        {"pressure", &pressure_},
-                                                        {"addresses", &addresses_},
-                                                        {"power", &power_},
-                                                        {"batteryHealth", &batteryHealth_}};
-  for (const auto& [name, sampler] : parts)
-    if (part == QLatin1String(name)) return sampler;
+SamplerBase* LiveModels::samplerOf(DockWidget widget) {
+  for (const Entry& entry : entries_)
+    if (std::ranges::find(entry.widgets, widget) != entry.widgets.end()) return entry.sampler;
   return nullptr;
+}
+
+void LiveModels::setDisplay(const std::optional<DisplayReading>& display) {
+  face(DockWidget::display).set(displayTile(display));
 }
 
 LiveModels::Need LiveModels::require(SamplerBase& sampler, Seconds interval) {
@@ -169,12 +166,12 @@ LiveModels::Need LiveModels::require(SamplerBase& sampler, Seconds interval) {
   return need;
 }
 
-void LiveModels::publishPower() {
-  const PresentCalendar& calendar = seams_.calendar;
-  batteryText_.set(batteryTile(calendar, sampled(power_)));
-  powerText_.set(powerTile(calendar, sampled(power_)));
-  batteryHealthText_.set(batteryHealthTile(calendar, sampled(batteryHealth_)));
-  powerRows_.set(ambrel::powerRows(calendar, power_.value(), batteryHealth_.value()));
+void LiveModels::publishPower(const Calendar& calendar) {
+  using enum DockWidget;
+  face(battery).set(batteryTile(calendar, sampled(power_)));
+  face(power).set(powerTile(calendar, sampled(power_)));
+  face(power).setRows(powerRows(calendar, power_.value(), batteryHealth_.value()));
+  face(batteryHealth).set(batteryHealthTile(calendar, sampled(batteryHealth_)));
 }
 
 // What is said of a battery's health goes with the battery.
@@ -194,8 +191,9 @@ void LiveModels::publishVolumes() {
     if (eject.isUnderWay) return false;
     return std::ranges::find(list, url, &VolumeInfo::url) == list.end() || now - eject.endedAt > refusalStays;
   });
-  volumesText_.set(volumesTile(seams_.calendar, sampled(volumes_), ejects_));
-  volumeRows_.set(ambrel::volumeRows(seams_.calendar, list, ejects_));
+  LiveFace& shown = face(DockWidget::volumes);
+  shown.set(volumesTile(seams_.calendar, sampled(volumes_), ejects_));
+  shown.setRows(volumeRows(seams_.calendar, list, ejects_));
 }
 
 void LiveModels::publishUptime(Instant now) {
@@ -205,7 +203,7 @@ void LiveModels::publishUptime(Instant now) {
   if (uptimeMinutes_ == minutes && uptimeZone_ == calendar.zone()) return;
   uptimeMinutes_ = minutes;
   uptimeZone_ = calendar.zone();
-  uptimeText_.set(uptimeTile(calendar, sinceBoot, now));
+  face(DockWidget::uptime).set(uptimeTile(calendar, sinceBoot, now));
 }
 
 void LiveModels::eject(const QString& url) {

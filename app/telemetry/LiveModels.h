@@ -1,8 +1,6 @@
 #pragma once
 // The readings of the computer's parts that only their tiles ask for, and the parts that can be acted on.
 
-#include <QObject>
-#include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <map>
 #include <memory>
@@ -12,8 +10,7 @@
 
 #include "app/telemetry/BluetoothModel.h"
 #include "app/telemetry/KeepAwakeModel.h"
-#include "app/telemetry/LiveRows.h"
-#include "app/telemetry/LiveText.h"
+#include "app/telemetry/LiveFace.h"
 #include "app/telemetry/Sampler.h"
 #include "app/telemetry/SoundModel.h"
 #include "app/telemetry/TelemetryTexts.h"
@@ -40,37 +37,11 @@ struct LiveSeams {
   std::function<Instant()> now;
 };
 
-// `tick` is called every 2 seconds. A sampler reads while a tile that shows it is on the bar and can be seen, or
-// while somebody holds a need for it; otherwise its part is left alone.
+// `tick` is called every 2 seconds. A sampler reads while a visible tile shows it or somebody holds a need for it.
 class LiveModels : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(ambrel::LiveText* gpu READ gpuText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* pressure READ pressureText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* diskActivity READ diskActivityText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* topApps READ topAppsText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* batteryHealth READ batteryHealthText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* battery READ batteryText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* power READ powerText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* wifi READ wifiText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* latency READ latencyText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* volumes READ volumesText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* thermal READ thermalText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* address READ addressText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* uptime READ uptimeText CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveText* display READ displayText CONSTANT FINAL)
-  // The three busiest for the tile, and more for the panel.
-  Q_PROPERTY(ambrel::LiveRows* topThree READ topThree CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveRows* topAppRows READ topAppRows CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveRows* latencyRows READ latencyRows CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveRows* wifiRows READ wifiRows CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveRows* powerRows READ powerRows CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveRows* volumeRows READ volumeRows CONSTANT FINAL)
-  Q_PROPERTY(ambrel::LiveRows* addressRows READ addressRows CONSTANT FINAL)
-  Q_PROPERTY(ambrel::BluetoothModel* bluetooth READ bluetooth CONSTANT FINAL)
-  Q_PROPERTY(ambrel::SoundModel* sound READ sound CONSTANT FINAL)
-  Q_PROPERTY(ambrel::KeepAwakeModel* keepAwake READ keepAwake CONSTANT FINAL)
 
  public:
   explicit LiveModels(LiveSeams seams, QObject* parent = nullptr);
@@ -82,19 +53,22 @@ class LiveModels : public QObject {
   // Keeps a sampler reading, tile or none, as long as the need is held: for rules, and for panels.
   using Need = std::shared_ptr<const Seconds>;
   [[nodiscard]] Need require(SamplerBase& sampler, Seconds interval);
-  // Those that a panel may need, by the name of their function here; null for another name.
-  SamplerBase* sampler(const QString& part);
-  void setDisplay(const std::optional<DisplayReading>& display) { displayText_.set(displayTile(display)); }
+  // The one that the widget shows; null for one that shows none.
+  SamplerBase* samplerOf(DockWidget widget);
+  // What the widget's tile shows. The list is that of the panel, but for the three programs in the tile `topApps`; its
+  // panel has them under `cpu`.
+  LiveFace& face(DockWidget widget) { return faces_[widget]; }
+  void setDisplay(const std::optional<DisplayReading>& display);
 
-  // Unmounts and powers down the drive with this row; the result is shown in the row.
+  // Unmounts and powers down the drive of this row; the row says how it went.
   Q_INVOKABLE void eject(const QString& url);
   // That of the first row, which the tile shows.
   Q_INVOKABLE void ejectFirst();
-  // Asks again now, whatever the rhythm.
+  // Asks now, whatever the rhythm.
   Q_INVOKABLE void refreshLatency();
   // The address to copy; empty while there is none.
   Q_INVOKABLE QString addressToCopy() const;
-  // An eject came to an end, well or not; for what speaks of it beyond the row.
+  // An eject has ended, well or not.
   std::function<void(const QString& name, const EjectResult& result)> onEjected;
 
   Sampler<double>& gpu() { return gpu_; }
@@ -109,27 +83,6 @@ class LiveModels : public QObject {
   Sampler<ThermalReading>& thermal() { return thermal_; }
   Sampler<std::vector<NetworkAddress>>& addresses() { return addresses_; }
 
-  LiveText* gpuText() { return &gpuText_; }
-  LiveText* pressureText() { return &pressureText_; }
-  LiveText* diskActivityText() { return &diskActivityText_; }
-  LiveText* topAppsText() { return &topAppsText_; }
-  LiveText* batteryHealthText() { return &batteryHealthText_; }
-  LiveText* batteryText() { return &batteryText_; }
-  LiveText* powerText() { return &powerText_; }
-  LiveText* wifiText() { return &wifiText_; }
-  LiveText* latencyText() { return &latencyText_; }
-  LiveText* volumesText() { return &volumesText_; }
-  LiveText* thermalText() { return &thermalText_; }
-  LiveText* addressText() { return &addressText_; }
-  LiveText* uptimeText() { return &uptimeText_; }
-  LiveText* displayText() { return &displayText_; }
-  LiveRows* topThree() { return &topThree_; }
-  LiveRows* topAppRows() { return &topAppRows_; }
-  LiveRows* latencyRows() { return &latencyRows_; }
-  LiveRows* wifiRows() { return &wifiRows_; }
-  LiveRows* powerRows() { return &powerRows_; }
-  LiveRows* volumeRows() { return &volumeRows_; }
-  LiveRows* addressRows() { return &addressRows_; }
   BluetoothModel* bluetooth() { return &bluetooth_; }
   SoundModel* sound() { return &sound_; }
   KeepAwakeModel* keepAwake() { return &keepAwake_; }
@@ -142,14 +95,13 @@ class LiveModels : public QObject {
     std::vector<std::weak_ptr<const Seconds>> needs;
   };
 
-  void follow(SamplerBase& sampler, std::vector<DockWidget> widgets, std::function<void()> publish);
   // In which rhythm the sampler is to read; absent when nobody asks for it.
   std::optional<Seconds> rhythm(Entry& entry) const;
   bool isOnBar(DockWidget widget) const { return widgets_.contains(widget); }
   Background gathered();
   void flush();
   void publishVolumes();
-  void publishPower();
+  void publishPower(const Calendar& calendar);
   void noticeBattery();
   void publishUptime(Instant now);
 
@@ -175,13 +127,10 @@ class LiveModels : public QObject {
   Sampler<std::vector<VolumeInfo>> volumes_;
   Sampler<ThermalReading> thermal_;
   Sampler<std::vector<NetworkAddress>> addresses_;
+  std::map<DockWidget, LiveFace> faces_;
   BluetoothModel bluetooth_;
   SoundModel sound_;
   KeepAwakeModel keepAwake_;
-
-  LiveText gpuText_, pressureText_, diskActivityText_, topAppsText_, batteryHealthText_, batteryText_, powerText_,
-      wifiText_, latencyText_, volumesText_, thermalText_, addressText_, uptimeText_, displayText_;
-  LiveRows topThree_, topAppRows_, latencyRows_, wifiRows_, powerRows_, volumeRows_, addressRows_;
 };
 
 }  // namespace ambrel

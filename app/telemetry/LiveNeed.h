@@ -11,7 +11,7 @@ class LiveNeed : public QObject {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(ambrel::LiveModels* readings MEMBER readings_ NOTIFY changed REQUIRED FINAL)
-  // "topApps", "pressure", "addresses", "power", "batteryHealth"; other names count for nothing.
+  // The widgets that show them, such as "topApps".
   Q_PROPERTY(QStringList parts MEMBER parts_ NOTIFY changed REQUIRED FINAL)
   Q_PROPERTY(bool active MEMBER active_ NOTIFY changed FINAL)
 
@@ -28,8 +28,9 @@ class LiveNeed : public QObject {
     needs_.clear();
     if (!active_ || !readings_) return;
     for (const QString& part : parts_)
-      if (SamplerBase* sampler = readings_->sampler(part))
-        needs_.push_back(readings_->require(*sampler, sampler->interval()));
+      if (const auto widget = fromName<DockWidget>(part.toStdString()))
+        if (SamplerBase* sampler = readings_->samplerOf(*widget))
+          needs_.push_back(readings_->require(*sampler, sampler->interval()));
   }
 
   LiveModels* readings_ = nullptr;

@@ -2,11 +2,13 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Telemetry
 
-// A tile of one live reading. Where there are no figures, its message takes two lines under the caption.
+// A tile of one reading. A message replaces the figures, in two lines under the caption.
 TileFrame {
     id: root
 
-    property LiveText reading
+    required property TelemetryArea area
+    readonly property LiveFace face: area.face(widget)
+    readonly property tileReading reading: face.reading
     readonly property bool hasMessage: reading.message !== ""
     // The value in the colour of its level.
     readonly property color levelColor: reading.level === 0 ? Theme.ink : Theme.levelTone(reading.level, Theme.neutral).text

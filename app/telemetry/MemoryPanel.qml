@@ -3,28 +3,24 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 // Memory in use, and how hard it is pressed.
-Popover {
+LivePanel {
     id: root
 
-    required property SystemMonitor system
-    required property LiveModels readings
+    readonly property tileReading memory: area.face("memory").reading
+    readonly property tileReading pressure: area.face("memoryPressure").reading
 
     title: qsTr("Memory")
     symbol: "memorychip"
     implicitHeight: column.y + column.height + Theme.space4 + 48
+    needs: ["memoryPressure"]
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: root.readings.pressure.message === "" ? root.readings.pressure.value : root.readings.pressure.message
+        text: root.pressure.message === "" ? root.pressure.value : root.pressure.message
         role: Theme.small
-        color: root.readings.pressure.level === 0 ? Theme.ink2 : Theme.levelTone(root.readings.pressure.level, Theme.neutral).text
+        color: root.pressure.level === 0 ? Theme.ink2 : Theme.levelTone(root.pressure.level, Theme.neutral).text
     }
 
-    LiveNeed {
-        readings: root.readings
-        parts: ["pressure"]
-        active: root.open
-    }
     Column {
         id: column
         x: Theme.space4
@@ -35,24 +31,24 @@ Popover {
         Meter {
             width: parent.width
             thickness: 6
-            value: root.system.memoryPercent
-            tone: Theme.gaugeTone(root.system.memoryPercent, Theme.violet)
-            figure: root.system.memoryPercentText
+            value: root.memory.percent
+            tone: Theme.gaugeTone(root.memory.percent, Theme.violet)
+            figure: isNaN(root.memory.percent) ? "" : root.memory.figure
         }
         TipLabel {
             width: parent.width
-            text: root.system.memoryText
+            text: root.memory.tip
             role: Theme.body
         }
         TipLabel {
             width: parent.width
             visible: text !== ""
-            text: root.readings.pressure.subLine
+            text: root.pressure.subLine
             role: Theme.body
         }
         Label {
             width: parent.width
-            text: root.readings.pressure.help
+            text: root.pressure.help
             role: Theme.small
             color: Theme.ink2
             wrapMode: Text.WordWrap

@@ -4,10 +4,11 @@ import Ambrel.Telemetry
 
 RingTile {
     required property SystemMonitor system
+    readonly property tileReading reading: system.memory.reading
 
     panel: Qt.resolvedUrl("MemoryPanel.qml")
-    percent: system.memoryPercent
-    details: system.memoryText
-    shortDetails: system.memoryUsedText
+    percent: reading.percent
+    details: reading.tip
+    shortDetails: reading.subLine
     tone: Theme.violet
 }

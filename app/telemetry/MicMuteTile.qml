@@ -7,9 +7,8 @@ SwitchTile {
     required property SoundModel sound
 
     onActivated: sound.toggleMicrophone()
-    reading: sound.microphone
     symbol: hasMessage ? "mic.slash" : "mic"
     litTone: Theme.neutral
     unlitTone: Theme.red
-    Accessible.checked: sound.isMicrophoneMuted
+    Accessible.checked: !hasMessage && !reading.isOn
 }

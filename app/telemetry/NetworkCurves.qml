@@ -6,20 +6,20 @@ import Ambrel.Telemetry
 Item {
     id: root
 
-    required property SystemMonitor system
+    property tileReading reading
 
     Sparkline {
         anchors.fill: parent
-        capacity: root.system.historyCapacity
-        maximum: root.system.networkCeiling
-        values: root.system.downloadHistory
+        capacity: 30
+        maximum: root.reading.ceiling
+        values: root.reading.secondHistory
         tone: Theme.blue
     }
     Sparkline {
         anchors.fill: parent
-        capacity: root.system.historyCapacity
-        maximum: root.system.networkCeiling
-        values: root.system.uploadHistory
+        capacity: 30
+        maximum: root.reading.ceiling
+        values: root.reading.history
         tone: Theme.violet
     }
 }

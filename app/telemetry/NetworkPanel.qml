@@ -1,57 +1,54 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Telemetry
 
 // The network's last minute, and the addresses of this computer.
-Popover {
+LivePanel {
     id: root
 
-    required property SystemMonitor system
-    required property LiveModels readings
+    readonly property tileReading rates: area.face("network").reading
+    readonly property RowList addresses: area.face("ipAddress").rows
 
     signal copyAsked(text: string)
 
     title: qsTr("Network")
     symbol: "arrow.up.arrow.down"
     implicitHeight: 330
+    needs: ["ipAddress"]
 
     headerItems: Row {
         anchors.verticalCenter: parent.verticalCenter
-        visible: root.system.downloadFigure !== ""
+        visible: root.rates.unit !== ""
         spacing: Theme.space2
 
         NetworkRate {
-            symbol: "arrow.up"
+            mark: "arrow.up"
             tone: Theme.violet
-            figure: root.system.uploadFigure
-            unit: root.system.uploadUnit
+            figure: root.rates.value
+            unit: root.rates.unit
         }
         NetworkRate {
-            symbol: "arrow.down"
+            mark: "arrow.down"
             tone: Theme.blue
-            figure: root.system.downloadFigure
-            unit: root.system.downloadUnit
+            figure: root.rates.secondValue
+            unit: root.rates.secondUnit
         }
     }
 
-    LiveNeed {
-        readings: root.readings
-        parts: ["addresses"]
-        active: root.open
-    }
     NetworkCurves {
         id: chart
         x: Theme.space4
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
         height: 88
-        system: root.system
+        reading: root.rates
     }
     EmptyState {
         width: parent.width
         anchors.top: chart.bottom
         anchors.topMargin: Theme.space4
-        visible: root.readings.addressRows.count === 0
+        visible: root.addresses.count === 0
         symbol: "network"
         title: qsTr("Not connected")
         sentence: qsTr("The addresses of this computer appear here.")
@@ -67,7 +64,7 @@ Popover {
         }
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: root.readings.addressRows
+        model: root.addresses
 
         delegate: ListRow {
             id: row

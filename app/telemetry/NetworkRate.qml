@@ -5,8 +5,9 @@ import Ambrel.Kit
 Row {
     id: root
 
-    property string symbol
-    property string letter
+    // A letter, or the name of a symbol.
+    required property string mark
+    readonly property bool hasLetter: mark.length === 1
     required property Tone tone
     required property string figure
     required property string unit
@@ -15,15 +16,15 @@ Row {
     spacing: isNarrow ? 2 : 4
 
     Symbol {
-        visible: root.symbol !== ""
-        name: root.symbol
+        visible: !root.hasLetter
+        name: root.hasLetter ? "" : root.mark
         size: 14
         color: root.tone.mark
         anchors.verticalCenter: parent.verticalCenter
     }
     Label {
-        visible: root.letter !== ""
-        text: root.letter
+        visible: root.hasLetter
+        text: root.hasLetter ? root.mark : ""
         role: Theme.captionStrong
         color: root.tone.text
         width: 14

@@ -3,21 +3,17 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 // Charge, adapter and the battery's health.
-Popover {
+LivePanel {
     id: root
 
-    required property LiveModels readings
-    readonly property LiveText battery: readings.battery
+    readonly property tileReading battery: area.face("battery").reading
 
     title: qsTr("Power")
     symbol: "bolt.fill"
     implicitHeight: 288
+    needs: ["power", "batteryHealth"]
+    note: meter.visible ? area.face("batteryHealth").reading.help : ""
 
-    LiveNeed {
-        readings: root.readings
-        parts: ["power", "batteryHealth"]
-        active: root.open
-    }
     Meter {
         id: meter
         visible: !isNaN(root.battery.percent)
@@ -43,17 +39,6 @@ Popover {
         visible: meter.visible
         anchors.top: meter.bottom
         anchors.topMargin: Theme.space3
-        model: root.readings.powerRows
-    }
-    Label {
-        x: Theme.space4
-        width: parent.width - 2 * Theme.space4
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: Theme.space3
-        visible: meter.visible && root.readings.batteryHealth.help !== ""
-        text: root.readings.batteryHealth.help
-        role: Theme.small
-        color: Theme.ink2
-        wrapMode: Text.WordWrap
+        model: root.area.face("power").rows
     }
 }

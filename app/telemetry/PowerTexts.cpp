@@ -14,14 +14,7 @@ namespace {
 
 constexpr int lowPercent = 20, emptyPercent = 10;
 
-TileReading measuring(const char* symbol) {
-  return {.value = QStringLiteral("–"), .subLine = tr("Measuring…"), .symbol = QLatin1String(symbol)};
-}
-
-TileReading noBattery() {
-  const QString text = toQString("This {machine} runs on power"_local);
-  return {.message = text, .shortMessage = tr("None"), .symbol = QStringLiteral("bolt"), .tip = text};
-}
+TileReading noBattery() { return missing(toQString("This {machine} runs on power"_local), "bolt"); }
 
 QString batterySymbol(const PowerReading& power) {
   if (power.isCharging) return QStringLiteral("battery.100percent.bolt");
@@ -129,11 +122,7 @@ TileReading batteryHealthTile(const Calendar& calendar, const Sampled<BatteryHea
 }
 
 TileReading volumeTile(const Calendar& calendar, const std::optional<SoundLevel>& output) {
-  if (!output)
-    return {.message = tr("No sound output"),
-            .shortMessage = tr("None"),
-            .symbol = QStringLiteral("speaker.slash"),
-            .tip = tr("No sound output")};
+  if (!output) return missing(tr("No sound output"), "speaker.slash");
   const QString level = percent(calendar, output->volume);
   const bool isSilent = output->isMuted || std::lround(output->volume * 100) == 0;
   return {.value = output->isMuted ? tr("Muted") : number(calendar, output->volume * 100),
@@ -147,11 +136,7 @@ TileReading volumeTile(const Calendar& calendar, const std::optional<SoundLevel>
 }
 
 TileReading microphoneTile(const std::optional<SoundLevel>& microphone) {
-  if (!microphone)
-    return {.message = tr("No microphone"),
-            .shortMessage = tr("None"),
-            .symbol = QStringLiteral("mic.slash"),
-            .tip = tr("No microphone")};
+  if (!microphone) return missing(tr("No microphone"), "mic.slash");
   return {.value = microphone->isMuted ? tr("Muted") : tr("On"),
           .symbol = microphone->isMuted ? QStringLiteral("mic.slash") : QStringLiteral("mic"),
           .tip = microphone->isMuted ? tr("The microphone is muted. Click to switch")
@@ -169,15 +154,13 @@ TileReading keepAwakeTile(bool isHeld, bool hasFailed) {
 }
 
 TileReading bluetoothTile(const Calendar& calendar, const std::optional<BluetoothReading>& bluetooth) {
-  if (!bluetooth)
-    return {.message = tr("No Bluetooth adapter"), .shortMessage = tr("None"), .tip = tr("No Bluetooth adapter")};
-  if (!bluetooth->isOn)
-    return {.message = tr("Bluetooth is turned off"), .shortMessage = tr("Off"), .tip = tr("Bluetooth is turned off")};
-  if (bluetooth->devices.empty())
-    return {.message = tr("No devices connected"),
-            .shortMessage = tr("None"),
-            .tip = tr("No devices connected"),
-            .isOn = true};
+  if (!bluetooth) return missing(tr("No Bluetooth adapter"));
+  if (!bluetooth->isOn) return saying(tr("Bluetooth is turned off"), tr("Off"));
+  if (bluetooth->devices.empty()) {
+    TileReading tile = saying(tr("No devices connected"), tr("None"));
+    tile.isOn = true;
+    return tile;
+  }
   const BluetoothDevice& first = bluetooth->devices.front();
   const auto more = static_cast<int>(bluetooth->devices.size()) - 1;
   const QString charge = batteryText(calendar, first);

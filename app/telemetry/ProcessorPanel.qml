@@ -3,36 +3,31 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 // The processor's last minute, and who keeps it busy.
-Popover {
+LivePanel {
     id: root
 
-    required property SystemMonitor system
-    required property LiveModels readings
+    readonly property LiveFace face: area.face("cpu")
 
     title: qsTr("Processor")
     symbol: "cpu"
     implicitHeight: 420
+    needs: ["topApps"]
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: root.system.cpuText
+        text: isNaN(root.face.reading.percent) ? "" : root.face.reading.figure
         role: Theme.small
         color: Theme.ink2
     }
 
-    LiveNeed {
-        readings: root.readings
-        parts: ["topApps"]
-        active: root.open
-    }
     Sparkline {
         id: chart
         x: Theme.space4
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
         height: 72
-        capacity: root.system.historyCapacity
-        values: root.system.cpuHistory
+        capacity: 30
+        values: root.face.reading.history
     }
     Label {
         id: heading
@@ -49,8 +44,8 @@ Popover {
         width: parent.width - 2 * Theme.space4
         anchors.top: heading.bottom
         anchors.topMargin: Theme.space2
-        visible: root.readings.topAppRows.count === 0
-        text: root.readings.topApps.message === "" ? qsTr("Measuring…") : root.readings.topApps.message
+        visible: root.face.rows.count === 0
+        text: root.area.face("topApps").reading.message === "" ? qsTr("Measuring…") : root.area.face("topApps").reading.message
         role: Theme.body
         color: Theme.ink2
     }
@@ -68,7 +63,7 @@ Popover {
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         focus: true
-        model: root.readings.topAppRows
+        model: root.face.rows
         Accessible.role: Accessible.List
         Accessible.name: heading.text
 

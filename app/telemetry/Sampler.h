@@ -59,7 +59,7 @@ class SamplerBase : public QObject {
 // `Raw` is what the reader gives, `Value` what is published. `read` runs off the main thread; when it gives nothing,
 // the reading is unavailable until it gives something again. `combine` makes the value from the previous reading (if
 // there is one) and the present one, which is how counters become rates; it may give none, and then the last value
-// stands, unless it is from before a pause. `history` holds the newest `historyLength` values, oldest first; a pause
+// stays, unless it is from before a pause. `history` holds the newest `historyLength` values, oldest first; a pause
 // empties it.
 template <typename Raw, typename Value = Raw>
 class Sampler final : public SamplerBase {
@@ -71,7 +71,7 @@ class Sampler final : public SamplerBase {
     std::size_t historyLength = 0;
     Read read;
     Combine combine = {};
-    // Where the values are no points of a time axis.
+    // The values are not on a time axis: a pause leaves them.
     bool keepsHistory = false;
   };
 

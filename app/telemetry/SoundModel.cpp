@@ -10,10 +10,15 @@ namespace {
 
 constexpr int stepPercent = 5;
 
+int percentOf(const SoundLevel& level) {
+  return static_cast<int>(std::lround(std::clamp(level.volume, 0.0, 1.0) * 100));
+}
+
 }  // namespace
 
-SoundModel::SoundModel(SoundControl& control, Calendar calendar, QObject* parent)
-    : QObject(parent), control_(control), calendar_(std::move(calendar)) {
+SoundModel::SoundModel(SoundControl& control, Calendar calendar, LiveFace& volume, LiveFace& microphone,
+                       QObject* parent)
+    : QObject(parent), control_(control), calendar_(std::move(calendar)), volume_(volume), microphone_(microphone) {
   update();
 }
 
@@ -26,27 +31,27 @@ void SoundModel::setListening(bool listens) {
   if (listens) update();
 }
 
-int SoundModel::percent() const {
-  return output_ ? static_cast<int>(std::lround(std::clamp(output_->volume, 0.0, 1.0) * 100)) : 0;
-}
-
 void SoundModel::setPercent(int percent) {
   percent = std::clamp(percent, 0, 100);
-  if (!output_ || percent == this->percent()) return;
-  control_.setOutputVolume(percent / 100.0);
+  if (output_ && percent != percentOf(*output_)) control_.setOutputVolume(percent / 100.0);
+}
+
+void SoundModel::step(qreal notches) {
+  if (!output_) return;
+  if (notches > 0) setMuted(false);
+  setPercent(percentOf(*output_) + static_cast<int>(std::lround(notches * stepPercent)));
 }
 
 void SoundModel::setMuted(bool isMuted) {
   if (output_ && isMuted != output_->isMuted) control_.setOutputMuted(isMuted);
 }
 
-void SoundModel::setMicrophoneMuted(bool isMuted) {
-  if (input_ && isMuted != input_->isMuted) control_.setMicrophoneMuted(isMuted);
+void SoundModel::toggleMuted() {
+  if (output_) control_.setOutputMuted(!output_->isMuted);
 }
 
-void SoundModel::step(qreal notches) {
-  if (notches > 0) setMuted(false);
-  setPercent(percent() + static_cast<int>(std::lround(notches * stepPercent)));
+void SoundModel::toggleMicrophone() {
+  if (input_) control_.setMicrophoneMuted(!input_->isMuted);
 }
 
 void SoundModel::update() {
@@ -54,7 +59,6 @@ void SoundModel::update() {
   input_ = control_.microphone();
   volume_.set(volumeTile(calendar_, output_));
   microphone_.set(microphoneTile(input_));
-  Q_EMIT changed();
 }
 
 }  // namespace ambrel

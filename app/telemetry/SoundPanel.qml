@@ -3,13 +3,15 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 // The output's volume, and the switches of output and microphone.
-Popover {
+LivePanel {
     id: root
 
     required property SoundModel sound
+    readonly property tileReading output: area.face("volume").reading
+    readonly property tileReading microphone: area.face("micMute").reading
 
     title: qsTr("Volume")
-    symbol: sound.volume.symbol
+    symbol: output.symbol
     implicitHeight: 224
 
     Row {
@@ -22,27 +24,27 @@ Popover {
 
         IconButton {
             anchors.verticalCenter: parent.verticalCenter
-            symbol: root.sound.volume.symbol
-            label: root.sound.isMuted ? qsTr("Unmute") : qsTr("Mute")
-            enabled: root.sound.hasOutput
+            symbol: root.output.symbol
+            label: !root.output.isMissing && !root.output.isOn ? qsTr("Unmute") : qsTr("Mute")
+            enabled: !root.output.isMissing
             onClicked: root.sound.toggleMuted()
         }
         Slider {
             id: slider
             width: parent.width - 28 - figure.width - 2 * Theme.space2
             anchors.verticalCenter: parent.verticalCenter
-            enabled: root.sound.hasOutput
+            enabled: !root.output.isMissing
             focus: true
             label: qsTr("Output volume")
             figure: figure.text
-            value: root.sound.percent
-            onMoved: value => root.sound.percent = value
+            value: root.output.isMissing ? 0 : root.output.percent
+            onMoved: value => root.sound.setPercent(value)
         }
         TipLabel {
             id: figure
             width: Math.round(44 * Theme.textScale)
             anchors.verticalCenter: parent.verticalCenter
-            text: root.sound.volume.message === "" ? root.sound.volume.figure : "–"
+            text: root.output.message === "" ? root.output.figure : "–"
             role: Theme.captionStrong
             horizontalAlignment: Text.AlignRight
         }
@@ -55,17 +57,17 @@ Popover {
 
         SwitchRow {
             title: qsTr("Output")
-            detail: root.sound.hasOutput ? "" : root.sound.volume.message
-            enabled: root.sound.hasOutput
-            checked: root.sound.hasOutput && !root.sound.isMuted
-            onToggled: checked => root.sound.isMuted = !checked
+            detail: !root.output.isMissing ? "" : root.output.message
+            enabled: !root.output.isMissing
+            checked: root.output.isOn
+            onToggled: checked => root.sound.setMuted(!checked)
         }
         SwitchRow {
             title: qsTr("Microphone")
-            detail: root.sound.hasMicrophone ? "" : root.sound.microphone.message
-            enabled: root.sound.hasMicrophone
-            checked: root.sound.hasMicrophone && !root.sound.isMicrophoneMuted
-            onToggled: checked => root.sound.isMicrophoneMuted = !checked
+            detail: !root.microphone.isMissing ? "" : root.microphone.message
+            enabled: !root.microphone.isMissing
+            checked: root.microphone.isOn
+            onToggled: () => root.sound.toggleMicrophone()
         }
     }
 }

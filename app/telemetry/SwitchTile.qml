@@ -37,14 +37,8 @@ LiveTile {
             color: root.isPlain ? Theme.ink2 : root.tone.text
         }
     }
-    Label {
+    MarkName {
         visible: root.isSmall && !root.hasMessage
-        x: (parent.width - width) / 2
-        y: 38
-        width: Math.min(implicitWidth, parent.width)
         text: root.reading.value
-        role: Theme.caption
-        color: Theme.ink2
-        Accessible.ignored: true
     }
 }

@@ -1,14 +1,10 @@
 #pragma once
 // The readings of the whole computer: processor, memory, start-up volume, network.
 
-#include <QList>
-#include <QObject>
-#include <QString>
-#include <QtQml/qqmlregistration.h>
 #include <optional>
-#include <thread>
 
 #include "app/base/Background.h"
+#include "app/telemetry/LiveFace.h"
 #include "core/base/Calendar.h"
 #include "core/telemetry.h"
 #include "platform/SystemReadings.h"
@@ -20,30 +16,11 @@ class SystemMonitor : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  // Percent, for rings and charts; not a number while unknown. Whole percents of the processor: nobody sees less.
-  Q_PROPERTY(qreal cpuPercent READ cpuPercent NOTIFY cpuChanged)
-  Q_PROPERTY(qreal memoryPercent READ memoryPercent NOTIFY memoryChanged)
-  Q_PROPERTY(qreal diskPercent READ diskPercent NOTIFY diskChanged)
-  Q_PROPERTY(QList<qreal> cpuHistory READ cpuHistory NOTIFY cpuHistoryChanged)
-  Q_PROPERTY(QList<qreal> downloadHistory READ downloadHistory NOTIFY networkChanged)
-  Q_PROPERTY(QList<qreal> uploadHistory READ uploadHistory NOTIFY networkChanged)
-  // How many values a full history has.
-  Q_PROPERTY(int historyCapacity READ historyCapacity CONSTANT)
-  // The top of a chart that holds both histories of the network.
-  Q_PROPERTY(qreal networkCeiling READ networkCeiling NOTIFY networkChanged)
-  // As they are shown; "" while unknown.
-  Q_PROPERTY(QString cpuText READ cpuText NOTIFY cpuChanged)
-  Q_PROPERTY(QString memoryPercentText READ memoryPercentText NOTIFY memoryChanged)
-  Q_PROPERTY(QString memoryText READ memoryText NOTIFY memoryChanged)
-  Q_PROPERTY(QString diskText READ diskText NOTIFY diskChanged)
-  // The same in a word: what is used, and what is free.
-  Q_PROPERTY(QString memoryUsedText READ memoryUsedText NOTIFY memoryChanged)
-  Q_PROPERTY(QString diskFreeText READ diskFreeText NOTIFY diskChanged)
-  Q_PROPERTY(QString downloadFigure READ downloadFigure NOTIFY networkChanged)
-  Q_PROPERTY(QString downloadUnit READ downloadUnit NOTIFY networkChanged)
-  Q_PROPERTY(QString uploadFigure READ uploadFigure NOTIFY networkChanged)
-  Q_PROPERTY(QString uploadUnit READ uploadUnit NOTIFY networkChanged)
-  Q_PROPERTY(int coreCount READ coreCount CONSTANT)
+  // What their tiles show; `tip` has the sentence that there is only room for in wide ones.
+  Q_PROPERTY(ambrel::LiveFace* cpu READ cpuFace CONSTANT FINAL)
+  Q_PROPERTY(ambrel::LiveFace* memory READ memoryFace CONSTANT FINAL)
+  Q_PROPERTY(ambrel::LiveFace* disk READ diskFace CONSTANT FINAL)
+  Q_PROPERTY(ambrel::LiveFace* network READ networkFace CONSTANT FINAL)
 
  public:
   static constexpr Seconds tickInterval{2};
@@ -69,41 +46,20 @@ class SystemMonitor : public QObject {
   std::optional<VolumeSizes> disk() const { return disk_; }
   std::optional<NetworkRates> network() const { return network_; }
 
-  static int coreCount() { return static_cast<int>(std::thread::hardware_concurrency()); }
-  qreal cpuPercent() const;
-  qreal memoryPercent() const;
-  qreal diskPercent() const;
-  QList<qreal> cpuHistory() const;
-  QList<qreal> downloadHistory() const;
-  QList<qreal> uploadHistory() const;
-  static int historyCapacity() { return static_cast<int>(historyLength); }
-  qreal networkCeiling() const;
-  QString cpuText() const;
-  QString memoryPercentText() const;
-  QString memoryText() const;
-  QString diskText() const;
-  QString memoryUsedText() const;
-  QString diskFreeText() const;
-  QString downloadFigure() const;
-  QString downloadUnit() const;
-  QString uploadFigure() const;
-  QString uploadUnit() const;
-
- Q_SIGNALS:
-  void cpuChanged();
-  void cpuHistoryChanged();
-  void memoryChanged();
-  void networkChanged();
-  void diskChanged();
+  LiveFace* cpuFace() { return &cpuFace_; }
+  LiveFace* memoryFace() { return &memoryFace_; }
+  LiveFace* diskFace() { return &diskFace_; }
+  LiveFace* networkFace() { return &networkFace_; }
 
  private:
   void forget();
   void forgetNetwork();
-  QString percentText(qreal percent) const;
   void sampleProcessor();
   void sampleMemory();
   void sampleNetwork(Seconds at);
   void sampleDisk(Seconds at);
+  void publishProcessor();
+  void publishNetwork();
 
   const SystemReadings& readings_;
   Wanted wanted_;
@@ -114,6 +70,7 @@ class SystemMonitor : public QObject {
   std::optional<VolumeSizes> disk_;
   std::optional<NetworkRates> network_;
   History cpuHistory_{historyLength}, downloadHistory_{historyLength}, uploadHistory_{historyLength};
+  LiveFace cpuFace_, memoryFace_, diskFace_, networkFace_;
   std::optional<Seconds> lastTick_;  // since boot
   std::optional<ProcessorTicks> lastTicks_;
   struct NetworkSample {

@@ -40,6 +40,29 @@ TelemetryArea::TelemetryArea(LiveSeams seams, Background background, Shell& shel
   };
 }
 
+LiveFace* TelemetryArea::face(const QString& widget) {
+  using enum DockWidget;
+  const auto found = fromName<DockWidget>(widget.toStdString());
+  if (!found) return nullptr;
+  switch (*found) {
+    case cpu:
+    case cpuChart:
+      return system_.cpuFace();
+    case memory:
+      return system_.memoryFace();
+    case disk:
+      return system_.diskFace();
+    case network:
+    case networkChart:
+      return system_.networkFace();
+    default:
+      break;
+  }
+  LiveFace& face = live_.face(*found);
+  keep({&face});
+  return &face;
+}
+
 void TelemetryArea::followMainDisplay() {
   const auto look = [this] { live_.setDisplay(mainDisplay()); };
   const auto follow = [this, look](const QScreen* screen) {

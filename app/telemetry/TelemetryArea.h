@@ -25,6 +25,8 @@ class TelemetryArea : public Area {
   BluetoothModel* bluetooth() { return live_.bluetooth(); }
   SoundModel* sound() { return live_.sound(); }
   KeepAwakeModel* keepAwake() { return live_.keepAwake(); }
+  // What the tile of the widget shows.
+  Q_INVOKABLE ambrel::LiveFace* face(const QString& widget);
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void tick(Instant now) override;

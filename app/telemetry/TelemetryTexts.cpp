@@ -15,12 +15,6 @@ using namespace words;
 
 namespace {
 
-TileReading measuring() { return {.value = QStringLiteral("–"), .subLine = tr("Measuring…")}; }
-
-TileReading saying(const QString& message, const QString& shortMessage, const QString& help = {}) {
-  return {.message = message, .shortMessage = shortMessage, .tip = message, .help = help};
-}
-
 QList<qreal> percentages(const std::deque<double>& shares) {
   QList<qreal> list;
   for (const double share : shares) list.append(share * 100);
@@ -34,7 +28,65 @@ std::pair<QString, QString> span(const Calendar& calendar, double milliseconds) 
   return {toQString(decimal(calendar, milliseconds / 1000, 1)), tr("s")};
 }
 
+// Bytes a second that fill a chart: what little a network at rest carries is drawn as little.
+constexpr double quietNetwork = 10'000;
+
+QList<qreal> listOf(const std::deque<double>& values) { return {values.begin(), values.end()}; }
+
 }  // namespace
+
+TileReading processorTile(const Calendar& calendar, std::optional<double> usage, const std::deque<double>& history,
+                          int cores) {
+  TileReading tile = measuring();
+  tile.history = listOf(history);
+  if (!usage) return tile;
+  tile.value = number(calendar, *usage * 100);
+  tile.unit = QStringLiteral("%");
+  tile.subLine = cores == 1 ? tr("1 core") : tr("%1 cores").arg(cores);
+  tile.tip = tr("Processor load: %1 %").arg(tile.value);
+  tile.percent = std::round(*usage * 100);
+  return tile;
+}
+
+TileReading memoryTile(const Calendar& calendar, const std::optional<MemoryReading>& memory) {
+  if (!memory) return measuring();
+  const double share = static_cast<double>(memory->usedBytes()) / static_cast<double>(memory->totalBytes);
+  return {.value = number(calendar, share * 100),
+          .unit = QStringLiteral("%"),
+          .subLine = briefSize(calendar, memory->usedBytes()),
+          .tip = tr("%1 of %2 in use").arg(size(calendar, memory->usedBytes()), size(calendar, memory->totalBytes)),
+          .percent = share * 100};
+}
+
+TileReading diskTile(const Calendar& calendar, const std::optional<VolumeSizes>& disk) {
+  if (!disk) return measuring();
+  const auto free = static_cast<std::uint64_t>(disk->freeBytes), total = static_cast<std::uint64_t>(disk->totalBytes);
+  return {.subLine = briefSize(calendar, free),
+          .tip = tr("%1 of %2 free").arg(size(calendar, free), size(calendar, total)),
+          .percent = usedPercent(disk->usedBytes, disk->freeBytes)};
+}
+
+TileReading networkTile(const Calendar& calendar, const std::optional<NetworkRates>& rates,
+                        const std::deque<double>& upload, const std::deque<double>& download) {
+  TileReading tile = measuring();
+  tile.history = listOf(upload);
+  tile.secondHistory = listOf(download);
+  tile.ceiling = quietNetwork;
+  for (const std::deque<double>* history : {&upload, &download})
+    for (const double rate : *history) tile.ceiling = std::max(tile.ceiling, rate);
+  tile.spoken = tr("measuring");
+  if (rates) {
+    const RateText up = rateText(calendar, rates->sentPerSecond), down = rateText(calendar, rates->receivedPerSecond);
+    tile.value = toQString(up.figure);
+    tile.unit = toQString(up.unit);
+    tile.secondValue = toQString(down.figure);
+    tile.secondUnit = toQString(down.unit);
+    tile.subLine.clear();
+    tile.spoken = tr("up %1 %2, down %3 %4").arg(tile.value, tile.unit, tile.secondValue, tile.secondUnit);
+  }
+  tile.tip = tr("Network: %1").arg(tile.spoken);
+  return tile;
+}
 
 TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const std::deque<double>& history) {
   const QString help = tr("Graphics processor load over the last 80 seconds");
@@ -84,7 +136,10 @@ TileReading diskActivityTile(const Calendar& calendar, const Sampled<DiskRates>&
           .unit = toQString(read.unit),
           .secondValue = toQString(written.figure),
           .secondUnit = toQString(written.unit),
-          .help = help};
+          .help = help,
+          .spoken = tr("read %1 %2, written %3 %4")
+                        .arg(toQString(read.figure), toQString(read.unit), toQString(written.figure),
+                             toQString(written.unit))};
 }
 
 TileReading topAppsTile(const Calendar& calendar, const Sampled<std::vector<ProcessUsage>>& usage) {

@@ -7,8 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/telemetry/LiveRows.h"
-#include "app/telemetry/LiveText.h"
+#include "app/telemetry/LiveFace.h"
 #include "core/base/Calendar.h"
 #include "core/telemetry.h"
 #include "platform/Bluetooth.h"
@@ -24,7 +23,15 @@ struct Sampled {
   bool isUnavailable = false;
 };
 
-// `history` in shares of one, oldest first.
+// Histories are oldest first: percents of the processor, bytes a second of the network.
+TileReading processorTile(const Calendar& calendar, std::optional<double> usage, const std::deque<double>& history,
+                          int cores);
+TileReading memoryTile(const Calendar& calendar, const std::optional<MemoryReading>& memory);
+TileReading diskTile(const Calendar& calendar, const std::optional<VolumeSizes>& disk);
+TileReading networkTile(const Calendar& calendar, const std::optional<NetworkRates>& rates,
+                        const std::deque<double>& upload, const std::deque<double>& download);
+
+// `history` in shares of one.
 TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const std::deque<double>& history);
 TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading>& pressure);
 TileReading diskActivityTile(const Calendar& calendar, const Sampled<DiskRates>& rates);

@@ -7,12 +7,31 @@
 #include <cmath>
 
 #include "app/base/StoredValue.h"
+#include "app/telemetry/LiveFace.h"
 #include "core/base/LocalText.h"
 #include "core/telemetry.h"
 
 namespace ambrel::words {
 
 inline QString tr(const char* text) { return QCoreApplication::translate("Telemetry", text); }
+
+// There has been no reading yet.
+inline TileReading measuring(const char* symbol = "") {
+  return {.value = QStringLiteral("–"), .subLine = tr("Measuring…"), .symbol = QLatin1String(symbol)};
+}
+
+// A message in place of all figures.
+inline TileReading saying(const QString& message, const QString& shortMessage, const QString& help = {}) {
+  return {.message = message, .shortMessage = shortMessage, .tip = message, .help = help};
+}
+
+inline TileReading missing(const QString& message, const char* symbol = "") {
+  return {.message = message,
+          .shortMessage = tr("None"),
+          .symbol = QLatin1String(symbol),
+          .tip = message,
+          .isMissing = true};
+}
 
 inline QString number(const Calendar& calendar, double value) {
   // No "-0".

@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Telemetry
 
@@ -6,11 +7,9 @@ import Ambrel.Telemetry
 LiveTile {
     id: root
 
-    required property LiveModels readings
-    readonly property LiveRows rows: readings.topThree
+    readonly property RowList rows: face.rows
     readonly property bool hasList: !isSmall && !hasMessage && rows.count > 0
 
-    reading: readings.topApps
     panel: Qt.resolvedUrl("ProcessorPanel.qml")
     name: isSmall && !hasMessage && rows.count > 0 ? reading.subLine : caption
     hasHeader: !isSmall && !hasList

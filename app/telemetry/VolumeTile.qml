@@ -9,10 +9,9 @@ LiveTile {
     required property SoundModel sound
 
     panel: Qt.resolvedUrl("SoundPanel.qml")
-    menuText: sound.isMuted ? qsTr("Unmute") : qsTr("Mute")
+    menuText: !reading.isOn && !hasMessage ? qsTr("Unmute") : qsTr("Mute")
     menuSymbol: "speaker.slash"
     onMenuChosen: sound.toggleMuted()
-    reading: sound.volume
     symbol: reading.symbol
     valueColor: reading.isOn ? Theme.ink : Theme.ink2
 

@@ -1,12 +1,13 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Telemetry
 
 // External drives, each with its Eject button and what came of it.
-Popover {
+LivePanel {
     id: root
 
-    required property LiveModels readings
+    readonly property RowList drives: area.face("volumes").rows
 
     title: qsTr("Volumes")
     symbol: "externaldrive"
@@ -15,7 +16,7 @@ Popover {
     EmptyState {
         width: parent.width
         anchors.centerIn: parent
-        visible: root.readings.volumeRows.count === 0
+        visible: root.drives.count === 0
         symbol: "externaldrive"
         title: qsTr("No external drives")
         sentence: qsTr("Connect a drive to see it here")
@@ -26,7 +27,7 @@ Popover {
         anchors.margins: Theme.space2
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: root.readings.volumeRows
+        model: root.drives
 
         delegate: Item {
             id: row
@@ -96,7 +97,7 @@ Popover {
                 label: qsTr("Eject %1").arg(row.title)
                 visible: row.hasAction
                 enabled: !row.isBusy
-                onClicked: root.readings.eject(row.rowId)
+                onClicked: root.area.readings.eject(row.rowId)
             }
         }
     }

@@ -9,7 +9,6 @@ LiveTile {
     required property LiveModels readings
     readonly property bool hasDrive: !hasMessage && !isNaN(reading.percent)
 
-    reading: readings.volumes
     panel: Qt.resolvedUrl("VolumesPanel.qml")
     name: isSmall && hasDrive ? reading.value : caption
     valueRole: Theme.rowTitle

@@ -6,10 +6,8 @@ import Ambrel.Telemetry
 LiveTile {
     id: root
 
-    required property LiveModels readings
     readonly property bool hasSignal: !hasMessage && !isNaN(reading.percent)
 
-    reading: readings.wifi
     panel: Qt.resolvedUrl("WiFiPanel.qml")
     symbol: hasMessage ? "wifi.slash" : "wifi"
     valueRole: Theme.rowTitle
@@ -24,14 +22,8 @@ LiveTile {
         percent: root.reading.percent
         color: Theme.levelTone(root.reading.level, Theme.blue).mark
     }
-    Label {
+    MarkName {
         visible: root.isSmall && root.hasSignal
-        y: 38
-        width: parent.width
         text: root.reading.value
-        role: Theme.caption
-        color: Theme.ink2
-        horizontalAlignment: Text.AlignHCenter
-        Accessible.ignored: true
     }
 }

@@ -24,7 +24,7 @@ std::optional<double> perSecond(std::uint64_t before, std::uint64_t now, Seconds
 
 }  // namespace CounterRate
 
-// The span between two readings of a clock in nanoseconds; absent when it stood still or stepped back.
+// The span between two readings of a clock in nanoseconds; absent when it did not advance.
 std::optional<Seconds> elapsedSeconds(std::uint64_t beforeNanoseconds, std::uint64_t nowNanoseconds);
 
 // Clock ticks of numerator/denominator nanoseconds each. A denominator of 0 leaves them as they are; otherwise

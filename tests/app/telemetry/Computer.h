@@ -25,6 +25,8 @@ struct Computer {
     live.setShown(std::move(widgets), areActive, now);
     held.letGo();
   }
+  const TileReading& shown(DockWidget widget) { return face(widget).reading(); }
+  LiveFace& face(DockWidget widget) { return *area.face(QString::fromStdString(std::string(nameOf(widget)))); }
   // Time passes in ticks of two seconds, in which the counters go on.
   void pass(int ticks) {
     for (int i = 0; i < ticks; ++i) {

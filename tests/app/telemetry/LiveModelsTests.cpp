@@ -1,7 +1,6 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
-#include <cmath>
 
 #include "tests/app/telemetry/Computer.h"
 
@@ -13,8 +12,7 @@ class LiveModelsTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void onlyWhatIsShownIsRead_data();
-  void onlyWhatIsShownIsRead();
+  void aTileReadsItsOwnPartAlone();
   void nothingIsReadOutOfSight();
   void aNeedKeepsASamplerReadingInItsOwnRhythm();
   void comingIntoSightReadsAtOnce();
@@ -31,49 +29,15 @@ class LiveModelsTests : public QObject {
   void theUptimeIsTheTimeSinceBoot();
 };
 
-void LiveModelsTests::onlyWhatIsShownIsRead_data() {
-  QTest::addColumn<int>("widget");
-  QTest::addColumn<QStringList>("running");
-  const auto row = [](DockWidget widget, const QStringList& running) {
-    QTest::newRow(std::string(nameOf(widget)).c_str()) << static_cast<int>(widget) << running;
-  };
-  row(cpu, {});
-  row(DockWidget::gpu, {"gpu"});
-  row(memoryPressure, {"pressure"});
-  row(diskActivity, {"diskActivity"});
-  row(topApps, {"topApps"});
-  row(batteryHealth, {"batteryHealth"});
-  row(power, {"power"});
-  row(battery, {"power"});
-  row(wifi, {"wifi"});
-  row(latency, {"latency"});
-  row(DockWidget::volumes, {"volumes"});
-  row(thermal, {"thermal"});
-  row(ipAddress, {"addresses"});
-  row(uptime, {});
-}
-
-void LiveModelsTests::onlyWhatIsShownIsRead() {
-  QFETCH(int, widget);
-  QFETCH(QStringList, running);
-  Computer computer;
-  computer.show({static_cast<DockWidget>(widget)});
-  LiveModels& live = computer.live;
-  QStringList ran;
-  for (const auto& [name, sampler] :
-       std::initializer_list<std::pair<const char*, SamplerBase*>>{{"gpu", &live.gpu()},
-                                                                   {"pressure", &live.pressure()},
-                                                                   {"diskActivity", &live.diskActivity()},
-                                                                   {"topApps", &live.topApps()},
-                                                                   {"batteryHealth", &live.batteryHealth()},
-                                                                   {"power", &live.power()},
-                                                                   {"wifi", &live.wifi()},
-                                                                   {"latency", &live.latency()},
-                                                                   {"volumes", &live.volumes()},
-                                                                   {"thermal", &live.thermal()},
-                                                                   {"addresses", &live.addresses()}})
-    if (sampler->lastRun()) ran << QLatin1String(name);
-  QCOMPARE(ran, running);
+void LiveModelsTests::aTileReadsItsOwnPartAlone() {
+  for (const DockWidget widget : Computer::everything()) {
+    Computer computer;
+    computer.show({widget});
+    const SamplerBase* own = computer.live.samplerOf(widget);
+    QCOMPARE(computer.telemetry.reads + computer.probe.probes, own ? 1 : 0);
+    QVERIFY(!own || own->lastRun());
+  }
+  QVERIFY(Computer().live.samplerOf(thermal) && !Computer().live.samplerOf(cpu));
 }
 
 void LiveModelsTests::nothingIsReadOutOfSight() {
@@ -107,12 +71,12 @@ void LiveModelsTests::comingIntoSightReadsAtOnce() {
   Computer computer;
   computer.bePlentiful();
   computer.show({memoryPressure});
-  QCOMPARE(computer.live.pressureText()->value(), QStringLiteral("Normal"));
+  QCOMPARE(computer.shown(memoryPressure).value, QStringLiteral("Normal"));
   computer.show({memoryPressure}, false);
   computer.pass(100);
   computer.telemetry.pressureReading->level = MemoryPressure::warning;
   computer.show({memoryPressure});
-  QCOMPARE(computer.live.pressureText()->value(), QStringLiteral("Warning"));
+  QCOMPARE(computer.shown(memoryPressure).value, QStringLiteral("Warning"));
 }
 
 void LiveModelsTests::theLatencyIsProbedEveryThirtySeconds() {
@@ -120,10 +84,10 @@ void LiveModelsTests::theLatencyIsProbedEveryThirtySeconds() {
   computer.show({latency});
   computer.pass(60);
   QCOMPARE(computer.probe.probes, 5);
-  // What is near is no 0.
+  // A near server is not shown as 0.
   computer.probe.check = {.milliseconds = 0.38};
   computer.pass(15);
-  QCOMPARE(computer.live.latencyText()->figure(), QStringLiteral("0.4 ms"));
+  QCOMPARE(computer.shown(latency).figure(), QStringLiteral("0.4 ms"));
   // One that hangs is not joined by a second.
   computer.live.refreshLatency();
   computer.live.tick(computer.now + std::chrono::minutes(2));
@@ -143,21 +107,21 @@ void LiveModelsTests::theHealthGoesWithTheBattery() {
   Computer computer;
   computer.bePlentiful();
   computer.show(isPowerShown ? std::set{batteryHealth, power} : std::set{batteryHealth});
-  LiveText* text = computer.live.batteryHealthText();
-  QCOMPARE(text->value(), QStringLiteral("91"));
-  // The battery is taken out, or the service that told of it ends; later it is back.
+  const TileReading& shown = computer.shown(batteryHealth);
+  QCOMPARE(shown.value, QStringLiteral("91"));
+  // The battery is taken out, or its service ends; later it is back.
   const auto healthWas = computer.telemetry.health;
   const auto powerWas = computer.telemetry.powerReading;
   computer.telemetry.health = BatteryHealthReading{};
   computer.telemetry.powerReading = PowerReading{.isOnAdapter = true};
   computer.pass(ticks);
   computer.held.letGo();
-  QCOMPARE(text->message(), QStringLiteral("This computer runs on power"));
+  QCOMPARE(shown.message, QStringLiteral("This computer runs on power"));
   computer.telemetry.health = healthWas;
   computer.telemetry.powerReading = powerWas;
   computer.pass(ticks);
   computer.held.letGo();
-  QCOMPARE(text->value(), QStringLiteral("91"));
+  QCOMPARE(shown.value, QStringLiteral("91"));
 }
 
 void LiveModelsTests::whatSpeaksUpByItselfIsListenedToWhileItsTileStands() {
@@ -166,12 +130,12 @@ void LiveModelsTests::whatSpeaksUpByItselfIsListenedToWhileItsTileStands() {
   QVERIFY(!computer.sound.isListenedTo() && !computer.bluetooth.isListenedTo());
   computer.show({micMute, bluetooth}, false);
   QVERIFY(computer.sound.isListenedTo() && computer.bluetooth.isListenedTo());
-  QSignalSpy changed(computer.live.sound()->microphone(), &LiveText::changed);
+  QSignalSpy changed(&computer.face(micMute), &LiveFace::changed);
   computer.sound.change([&] { computer.sound.mic->isMuted = true; });
   QCOMPARE(changed.count(), 1);
-  QCOMPARE(computer.live.sound()->microphone()->value(), QStringLiteral("Muted"));
+  QCOMPARE(computer.shown(micMute).value, QStringLiteral("Muted"));
   computer.bluetooth.change([&] { computer.bluetooth.present->devices.clear(); });
-  QCOMPARE(computer.live.bluetooth()->text()->message(), QStringLiteral("No devices connected"));
+  QCOMPARE(computer.shown(bluetooth).message, QStringLiteral("No devices connected"));
   computer.show({cpu});
   QVERIFY(!computer.sound.isListenedTo() && !computer.bluetooth.isListenedTo());
 }
@@ -183,9 +147,8 @@ void LiveModelsTests::textsAreAnnouncedOnlyWhenTheyDiffer() {
   computer.show();
   computer.pass(1);
   std::vector<std::unique_ptr<QSignalSpy>> spies;
-  for (LiveText* text : {computer.live.pressureText(), computer.live.powerText(), computer.live.wifiText(),
-                         computer.live.volumesText(), computer.live.thermalText(), computer.live.addressText()})
-    spies.push_back(std::make_unique<QSignalSpy>(text, &LiveText::changed));
+  for (const DockWidget widget : {memoryPressure, power, wifi, DockWidget::volumes, thermal, ipAddress})
+    spies.push_back(std::make_unique<QSignalSpy>(&computer.face(widget), &LiveFace::changed));
   computer.pass(8);
   for (const auto& spy : spies) QCOMPARE(spy->count(), 0);
 }
@@ -193,13 +156,14 @@ void LiveModelsTests::textsAreAnnouncedOnlyWhenTheyDiffer() {
 void LiveModelsTests::theThreeBusiestMoveWithoutAReset() {
   Computer computer;
   computer.bePlentiful();
-  QAbstractItemModelTester tester(computer.live.topThree(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-  QSignalSpy reset(computer.live.topThree(), &QAbstractItemModel::modelReset);
+  QAbstractItemModelTester tester(computer.face(topApps).rows(),
+                                  QAbstractItemModelTester::FailureReportingMode::QtTest);
+  QSignalSpy reset(computer.face(topApps).rows(), &QAbstractItemModel::modelReset);
   computer.show({topApps});
   computer.pass(4);
   const auto names = [&] {
     QStringList list;
-    for (const LiveRow& row : computer.live.topThree()->rows()) list << row.title + u' ' + row.figure;
+    for (const LiveRow& row : computer.face(topApps).rows()->rows()) list << row.title + u' ' + row.figure;
     return list;
   };
   QCOMPARE(names(), (QStringList{"cc1plus 98 %", "firefox 30 %", "Web Content 4.5 %"}));
@@ -225,8 +189,7 @@ void LiveModelsTests::aDriveIsEjectedOnceAndSaysWhatCameOfIt() {
   };
   computer.show({DockWidget::volumes});
   const auto detail = [&](int row) {
-    const auto* rows = computer.live.volumeRows();
-    return rows->data(rows->index(row, 0), LiveRows::DetailRole).toString();
+    return computer.face(DockWidget::volumes).rows()->rows()[static_cast<std::size_t>(row)].detail;
   };
   const QString stick = QStringLiteral("file:///media/anna/STICK");
   computer.live.eject(QStringLiteral("file:///etc"));
@@ -239,7 +202,7 @@ void LiveModelsTests::aDriveIsEjectedOnceAndSaysWhatCameOfIt() {
 
   computer.volumes.answer({.outcome = EjectOutcome::busy, .reason = "target is busy"});
   QCOMPARE(detail(0), QStringLiteral("A program still uses it"));
-  QCOMPARE(computer.live.volumesText()->subLine(), QStringLiteral("A program still uses it"));
+  QCOMPARE(computer.shown(DockWidget::volumes).subLine, QStringLiteral("A program still uses it"));
   computer.pass(20);
   QCOMPARE(detail(0), QStringLiteral("12 GB of 64 GB free"));
   computer.live.eject(stick);
@@ -247,7 +210,7 @@ void LiveModelsTests::aDriveIsEjectedOnceAndSaysWhatCameOfIt() {
   computer.telemetry.drives->erase(computer.telemetry.drives->begin());
   computer.volumes.answer({.outcome = EjectOutcome::ejected});
   computer.held.letGo();
-  QCOMPARE(computer.live.volumesText()->value(), QStringLiteral("Archive"));
+  QCOMPARE(computer.shown(DockWidget::volumes).value, QStringLiteral("Archive"));
   QCOMPARE(told,
            (QList<QPair<QString, EjectOutcome>>{{"STICK", EjectOutcome::busy}, {"STICK", EjectOutcome::ejected}}));
   // The same stick again: what went wrong once is no longer said.
@@ -261,11 +224,11 @@ void LiveModelsTests::aNetworkFolderHasNoSizeAndIsNotEjected() {
   Computer computer;
   computer.telemetry.drives = {{.url = "file:///mnt/nas", .name = "nas", .isRemote = true}};
   computer.show({DockWidget::volumes});
-  const auto* rows = computer.live.volumeRows();
-  QCOMPARE(rows->data(rows->index(0, 0), LiveRows::DetailRole).toString(), QStringLiteral("Network folder"));
-  QVERIFY(!rows->data(rows->index(0, 0), LiveRows::ActionRole).toBool());
-  QCOMPARE(computer.live.volumesText()->subLine(), QStringLiteral("Network folder"));
-  QVERIFY(std::isnan(computer.live.volumesText()->percent()));
+  const LiveRow& row = computer.face(DockWidget::volumes).rows()->rows().front();
+  QCOMPARE(row.detail, QStringLiteral("Network folder"));
+  QVERIFY(!row.hasAction);
+  QCOMPARE(computer.shown(DockWidget::volumes).subLine, QStringLiteral("Network folder"));
+  QVERIFY(!computer.shown(DockWidget::volumes).percent);
   computer.live.ejectFirst();
   QVERIFY(computer.volumes.asked.empty());
 }
@@ -275,13 +238,13 @@ void LiveModelsTests::beingKeptAwakeEndsWithItsTile() {
   computer.show({keepAwake});
   computer.live.keepAwake()->toggle();
   QVERIFY(computer.keepAwake.isHeld());
-  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Awake"));
+  QCOMPARE(computer.shown(keepAwake).value, QStringLiteral("Awake"));
   // Out of sight is not gone.
   computer.show({keepAwake}, false);
   QVERIFY(computer.keepAwake.isHeld());
   computer.show({cpu});
   QVERIFY(!computer.keepAwake.isHeld());
-  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Off"));
+  QCOMPARE(computer.shown(keepAwake).value, QStringLiteral("Off"));
 }
 
 void LiveModelsTests::aRefusalToStayAwakeIsSaid() {
@@ -289,25 +252,25 @@ void LiveModelsTests::aRefusalToStayAwakeIsSaid() {
   computer.keepAwake.canHold = false;
   computer.show({keepAwake});
   computer.live.keepAwake()->toggle();
-  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Failed"));
+  QCOMPARE(computer.shown(keepAwake).value, QStringLiteral("Failed"));
   computer.keepAwake.canHold = true;
   computer.live.keepAwake()->toggle();
-  QCOMPARE(computer.live.keepAwake()->text()->value(), QStringLiteral("Awake"));
+  QCOMPARE(computer.shown(keepAwake).value, QStringLiteral("Awake"));
 }
 
 void LiveModelsTests::theUptimeIsTheTimeSinceBoot() {
   Computer computer;
   computer.readings.boot = Seconds(59 * 60);
   computer.show({uptime});
-  QCOMPARE(computer.live.uptimeText()->value(), QStringLiteral("59 min"));
-  QSignalSpy changed(computer.live.uptimeText(), &LiveText::changed);
+  QCOMPARE(computer.shown(uptime).value, QStringLiteral("59 min"));
+  QSignalSpy changed(&computer.face(uptime), &LiveFace::changed);
   computer.pass(29);
   QCOMPARE(changed.count(), 0);
   computer.pass(1);
-  QCOMPARE(computer.live.uptimeText()->value(), QStringLiteral("1 h 0 min"));
+  QCOMPARE(computer.shown(uptime).value, QStringLiteral("1 h 0 min"));
   computer.readings.boot = Seconds(3 * 86400 + 5 * 3600);
   computer.pass(1);
-  QCOMPARE(computer.live.uptimeText()->value(), QStringLiteral("3 d 5 h"));
+  QCOMPARE(computer.shown(uptime).value, QStringLiteral("3 d 5 h"));
 }
 
 }  // namespace ambrel

@@ -2,7 +2,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
-#include <span>
 
 #include "tests/app/kit/Looks.h"
 #include "tests/app/kit/TileBoard.h"
@@ -30,10 +29,6 @@ bool loadPanels(Scene& scene, Computer& computer) {
 QString spoken(Scene& scene, const QString& tile) {
   QQuickItem* item = scene.find(tile);
   return item ? item->property("label").toString() : QStringLiteral("no such tile");
-}
-
-void compare(Scene& scene, std::span<const std::pair<const char*, const char*>> rows) {
-  for (const auto& [tile, text] : rows) QCOMPARE(spoken(scene, QLatin1String(tile)), QString::fromUtf8(text));
 }
 
 // Looks at both schemes; AMBREL_PICTURES names a folder that keeps what was seen.
@@ -65,7 +60,6 @@ class LiveTilesTests : public QObject {
   void tilesShowWhatIsRead();
   void tilesWithoutAPartSayWhy();
   void tilesSayThatTheyMeasure();
-  void tilesRaiseTheirVoice();
   void clicksSwitchAndEject();
   void theWheelTurnsTheVolumeOnceThePointerHasMovedThere();
   void panelsShowTheDetails();
@@ -82,31 +76,18 @@ void LiveTilesTests::tilesShowWhatIsRead() {
   Scene scene;
   QVERIFY(loadTiles(scene, computer));
   check(scene, "full");
+  // One of each kind of tile.
   const std::pair<const char*, const char*> rows[] = {
-      {"gpuMedium", "GPU, 47 %, max 47"},
       {"memoryPressureMedium", "Memory Pressure, Normal, Swap 1.2 GB"},
       {"diskActivityMedium", "Disk Activity, read 8.4 MB/s, written 1.2 MB/s"},
       {"topAppsLarge", "Top Apps, cc1plus 98 %\nfirefox 30 %\nWeb Content 4.5 %"},
       {"topAppsSmall", "Top Apps, 98 %, cc1plus"},
-      {"thermalMedium", "Thermal, 54 °C, Normal"},
-      {"batterySmall", "Battery, 84 %, Full in 0:42"},
-      {"batteryHealthMedium", "Battery Health, 91 %, Battery · Normal"},
-      {"powerMedium", "Power, 65 W, Full in 0:42"},
       {"bluetoothMedium", "Bluetooth, WH-1000XM4, 67 %, 1 more"},
-      {"wifiMedium", "Wi-Fi, Lighthouse, -58 dBm"},
-      {"latencyMedium", "Latency, 23 ms, avg 23"},
-      {"volumesMedium", "Volumes, STICK, 12 GB free"},
-      {"displayMedium", "Display, 2880 × 1800, 60 Hz @2x"},
-      {"uptimeMedium", "Uptime, 18 min, since 7:43\u202fAM"},
-      {"ipAddressMedium", "IP Address, 192.168.178.120, wlp3s0"},
-      {"volumeMedium", "Volume, 64 %"},
-      {"keepAwakeSmall", "Keep Awake, Off"},
-      {"micMuteSmall", "Mic Mute, On"},
       {"cpuMedium", "CPU, 21 %, 2 cores"},
       {"cpuChartLarge", "CPU Chart, 21 %"},
       {"networkChartLarge", "Network Chart, up 90 KB/s, down 1.4 MB/s"},
   };
-  compare(scene, rows);
+  for (const auto& [tile, text] : rows) QCOMPARE(spoken(scene, QLatin1String(tile)), QString::fromUtf8(text));
 }
 
 void LiveTilesTests::tilesWithoutAPartSayWhy() {
@@ -122,26 +103,8 @@ void LiveTilesTests::tilesWithoutAPartSayWhy() {
   Scene scene;
   QVERIFY(loadTiles(scene, computer));
   check(scene, "without");
-  const std::pair<const char*, const char*> rows[] = {
-      {"gpuMedium", "GPU, No GPU statistics"},
-      {"memoryPressureMedium", "Memory Pressure, No memory statistics"},
-      {"diskActivityMedium", "Disk Activity, No disk statistics"},
-      {"topAppsLarge", "Top Apps, No process statistics"},
-      {"thermalMedium", "Thermal, No sensor found"},
-      {"batterySmall", "Battery, This computer runs on power"},
-      {"batteryHealthMedium", "Battery Health, This computer runs on power"},
-      {"powerMedium", "Power, This computer runs on power"},
-      {"bluetoothMedium", "Bluetooth, No Bluetooth adapter"},
-      {"wifiMedium", "Wi-Fi, This computer has no Wi-Fi"},
-      {"latencyMedium", "Latency, No answer"},
-      {"volumesMedium", "Volumes, No external drives"},
-      {"displayMedium", "Display, No display"},
-      {"ipAddressMedium", "IP Address, Not connected"},
-      {"volumeMedium", "Volume, No sound output"},
-      {"keepAwakeSmall", "Keep Awake, Failed"},
-      {"micMuteSmall", "Mic Mute, No microphone"},
-  };
-  compare(scene, rows);
+  QCOMPARE(spoken(scene, QStringLiteral("gpuMedium")), QStringLiteral("GPU, No GPU statistics"));
+  QCOMPARE(spoken(scene, QStringLiteral("micMuteSmall")), QStringLiteral("Mic Mute, No microphone"));
   QCOMPARE(scene.find("volumesMedium")->property("tip").toString(),
            QStringLiteral("No external drives\nConnect a drive to see it here"));
 }
@@ -155,49 +118,6 @@ void LiveTilesTests::tilesSayThatTheyMeasure() {
   for (const char* tile : {"gpu", "memoryPressure", "diskActivity", "topApps", "thermal", "battery", "batteryHealth",
                            "power", "wifi", "latency", "volumes", "ipAddress", "cpu"})
     QVERIFY2(spoken(scene, QLatin1String(tile) + "Medium").endsWith("–, Measuring…"), tile);
-}
-
-void LiveTilesTests::tilesRaiseTheirVoice() {
-  Computer computer;
-  computer.bePlentiful();
-  computer.telemetry.pressureReading->level = MemoryPressure::critical;
-  computer.telemetry.thermalReading = {.level = ThermalLevel::serious, .celsius = 96};
-  computer.telemetry.powerReading = {.isOnAdapter = false, .percent = 7, .minutesToEmpty = 19};
-  computer.telemetry.health->health->maximumCapacity = 71;
-  computer.telemetry.health->health->condition = BatteryCondition::serviceRecommended;
-  computer.telemetry.wifiReading->rssi = -83;
-  computer.telemetry.networkAddresses = {
-      {.interface = "wlp3s0", .text = "2001:db8:aaaa:bbbb:cccc:dddd:eeee:ffff", .isIPv6 = true}};
-  computer.telemetry.drives->front().name = "An uncommonly long name\nfor a stick";
-  computer.probe.check = {.milliseconds = 1234.5};
-  computer.sound.speaker = SoundLevel{.volume = 1.5, .isMuted = true};
-  computer.sound.mic->isMuted = true;
-  computer.bluetooth.present->devices.front() = {"1", "Anna's Very Comfortable Headphones", "audio-headphones", 4};
-  computer.live.keepAwake()->toggle();
-  computer.live.setDisplay(
-      DisplayReading{.name = "DP-1", .width = 15360, .height = 8640, .refreshRate = 143.98, .scale = 1.25});
-  computer.readings.boot = std::chrono::hours(24 * 412 + 23);
-  computer.system.tick();
-  computer.show();
-  computer.pass(40);
-  Scene scene;
-  QVERIFY(loadTiles(scene, computer));
-  check(scene, "loud");
-  const std::pair<const char*, const char*> rows[] = {
-      {"memoryPressureMedium", "Memory Pressure, Critical, Swap 1.2 GB"},
-      {"thermalMedium", "Thermal, Slowing down to cool"},
-      {"batterySmall", "Battery, 7 %, 0:19 left"},
-      {"batteryHealthMedium", "Battery Health, Service recommended"},
-      {"powerMedium", "Power, Battery, 0:19 left"},
-      {"wifiMedium", "Wi-Fi, Lighthouse, -83 dBm"},
-      {"latencyMedium", "Latency, 1.2 s, avg 1.2"},
-      {"volumesMedium", "Volumes, An uncommonly long name for a stick, 12 GB free"},
-      {"displayMedium", "Display, 15360 × 8640, 144 Hz @1.3x"},
-      {"volumeMedium", "Volume, Muted"},
-      {"keepAwakeSmall", "Keep Awake, Awake"},
-      {"micMuteSmall", "Mic Mute, Muted"},
-  };
-  compare(scene, rows);
 }
 
 void LiveTilesTests::clicksSwitchAndEject() {

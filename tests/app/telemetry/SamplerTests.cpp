@@ -97,7 +97,7 @@ void SamplerTests::oneReadIsInFlightAtATime() {
   QVERIFY(f.sampler.isRunning());
   f.sampler.poll(at(40));
   QCOMPARE(f.held.waiting.size(), 1u);
-  // One that is asked for meanwhile comes right after.
+  // A read that is asked for during another follows it.
   f.sampler.refresh(at(41));
   f.sampler.refresh(at(42));
   QCOMPARE(f.held.waiting.size(), 1u);
@@ -124,7 +124,7 @@ void SamplerTests::aReaderThatGivesNothingMakesItUnavailable() {
   QVERIFY(f.sampler.isUnavailable());
   QVERIFY(!f.sampler.value());
   QVERIFY(!f.sampler.previous());
-  // What comes back primes anew.
+  // The first reading after the failure is only a starting point.
   f.sample(12, 5000);
   QVERIFY(!f.sampler.isUnavailable());
   QVERIFY(!f.sampler.value());

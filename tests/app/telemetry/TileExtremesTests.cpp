@@ -42,7 +42,7 @@ std::vector<Piece> piecesOf(QQuickItem* tile) {
 
 bool isWithin(const QRectF& inner, const QRectF& outer) { return outer.adjusted(-0.5, -0.5, 0.5, 0.5).contains(inner); }
 
-// Texts that stand on each other, or on a picture that does not go around them.
+// Texts that overlap each other, or a picture that does not surround them.
 QStringList collisionsOf(QQuickItem* tile) {
   QStringList faults;
   const std::vector<Piece> pieces = piecesOf(tile);
