@@ -1,8 +1,22 @@
 #include "app/time/ClockModel.h"
 
+#include "app/base/StoredValue.h"
 #include "core/base/LocalText.h"
 
 namespace ambrel {
+
+ClockFace clockFace(const Calendar& calendar, Instant now) {
+  const auto formatted = [&](const char* skeleton) { return toQString(formattedDate(calendar, now, skeleton)); };
+  ClockFace face;
+  face.time = toQString(shortTime(calendar, now));
+  face.shortDate = formatted("EEEdMMM");
+  face.shortWeekday = formatted("EEE");
+  face.day = formatted("d");
+  face.weekday = formatted("EEEE");
+  face.month = formatted("yMMMM");
+  face.fullDate = formatted("yMMMMEEEEd");
+  return face;
+}
 
 ClockModel::ClockModel(PresentCalendar calendar, QObject* parent) : QObject(parent), calendar_(std::move(calendar)) {}
 
@@ -10,19 +24,9 @@ void ClockModel::tick(Instant now) {
   const auto minute = std::chrono::floor<std::chrono::minutes>(now);
   if (minute == minute_) return;
   minute_ = minute;
-  const Calendar calendar = calendar_();
-  const auto formatted = [&](const char* skeleton) {
-    return QString::fromStdString(formattedDate(calendar, now, skeleton));
-  };
-  const QString time = QString::fromStdString(shortTime(calendar, now)), fullDate = formatted("yMMMMEEEEd");
-  if (time == time_ && fullDate == fullDate_) return;
-  time_ = time;
-  fullDate_ = fullDate;
-  shortDate_ = formatted("EEEdMMM");
-  shortWeekday_ = formatted("EEE");
-  day_ = formatted("d");
-  weekday_ = formatted("EEEE");
-  month_ = formatted("yMMMM");
+  ClockFace face = clockFace(calendar_(), now);
+  if (face == face_) return;
+  face_ = std::move(face);
   Q_EMIT changed();
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// The time and the date in the user's own forms, brought up to date once a minute.
+// The time and the date in the user's own forms, updated once a minute.
 
 #include <QObject>
 #include <QString>
@@ -11,46 +11,50 @@
 
 namespace ambrel {
 
+struct ClockFace {
+  Q_GADGET
+  QML_VALUE_TYPE(clockFace)
+  Q_PROPERTY(QString time MEMBER time FINAL)
+  Q_PROPERTY(QString shortDate MEMBER shortDate FINAL)
+  Q_PROPERTY(QString shortWeekday MEMBER shortWeekday FINAL)
+  Q_PROPERTY(QString day MEMBER day FINAL)
+  Q_PROPERTY(QString weekday MEMBER weekday FINAL)
+  Q_PROPERTY(QString month MEMBER month FINAL)
+  Q_PROPERTY(QString fullDate MEMBER fullDate FINAL)
+
+ public:
+  QString time;                 // "9:41 AM"
+  QString shortDate;            // "Sat, Nov 21"
+  QString shortWeekday;         // "Sat"
+  QString day, weekday, month;  // "21", "Saturday", "November 2026"
+  QString fullDate;             // "Saturday, November 21, 2026"
+
+  bool operator==(const ClockFace&) const = default;
+};
+ClockFace clockFace(const Calendar& calendar, Instant now);
+
 class ClockModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(QString time READ time NOTIFY changed)
-  // "Sat, Nov 21"
-  Q_PROPERTY(QString shortDate READ shortDate NOTIFY changed)
-  // "Sat"
-  Q_PROPERTY(QString shortWeekday READ shortWeekday NOTIFY changed)
-  // "21", "Saturday", "November 2026"
-  Q_PROPERTY(QString day READ day NOTIFY changed)
-  Q_PROPERTY(QString weekday READ weekday NOTIFY changed)
-  Q_PROPERTY(QString month READ month NOTIFY changed)
-  // "Saturday, November 21, 2026"
-  Q_PROPERTY(QString fullDate READ fullDate NOTIFY changed)
+  Q_PROPERTY(ambrel::ClockFace face READ face NOTIFY changed FINAL)
 
  public:
   explicit ClockModel(PresentCalendar calendar, QObject* parent = nullptr);
 
+  const ClockFace& face() const { return face_; }
   void tick(Instant now);
-  // The zone is another.
   void zoneChanged(Instant now);
   // When the texts change next: the turn of the minute.
   static Instant nextTick(Instant now);
-
-  QString time() const { return time_; }
-  QString shortDate() const { return shortDate_; }
-  QString shortWeekday() const { return shortWeekday_; }
-  QString day() const { return day_; }
-  QString weekday() const { return weekday_; }
-  QString month() const { return month_; }
-  QString fullDate() const { return fullDate_; }
 
  Q_SIGNALS:
   void changed();
 
  private:
   PresentCalendar calendar_;
-  std::optional<std::chrono::sys_time<std::chrono::minutes>> minute_;  // that the texts are for
-  QString time_, shortDate_, shortWeekday_, day_, weekday_, month_, fullDate_;
+  std::optional<std::chrono::sys_time<std::chrono::minutes>> minute_;  // of the face
+  ClockFace face_;
 };
 
 }  // namespace ambrel

@@ -5,8 +5,8 @@ import Ambrel.Time
 TileFrame {
     required property ClockModel clock
 
-    value: clock.time
+    value: clock.face.time
     valueRole: span === TileFrame.Small ? Theme.rowTitle : Theme.clock
-    subLine: clock.shortDate
-    tip: clock.fullDate
+    subLine: clock.face.shortDate
+    tip: clock.face.fullDate
 }

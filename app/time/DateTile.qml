@@ -5,9 +5,9 @@ import Ambrel.Time
 TileFrame {
     required property ClockModel clock
 
-    name: span === TileFrame.Small ? clock.shortWeekday : clock.weekday
-    label: clock.fullDate
-    value: clock.day
-    subLine: clock.month
-    tip: clock.fullDate
+    name: span === TileFrame.Small ? clock.face.shortWeekday : clock.face.weekday
+    label: clock.face.fullDate
+    value: clock.face.day
+    subLine: clock.face.month
+    tip: clock.face.fullDate
 }

@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "app/base/Background.h"
-#include "app/usage/UsageTileText.h"
+#include "app/usage/UsageFace.h"
 #include "core/base/PresentCalendar.h"
 #include "core/usage.h"
 
@@ -19,9 +19,8 @@ class AIUsageModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(bool hasLoaded READ hasLoaded NOTIFY hasLoadedChanged FINAL)
-  Q_PROPERTY(ambrel::UsageTileText* claudeTile READ claudeTile CONSTANT FINAL)
-  Q_PROPERTY(ambrel::UsageTileText* codexTile READ codexTile CONSTANT FINAL)
+  Q_PROPERTY(ambrel::UsageFace claudeTile READ claudeTile NOTIFY changed FINAL)
+  Q_PROPERTY(ambrel::UsageFace codexTile READ codexTile NOTIFY changed FINAL)
 
  public:
   struct Seams {
@@ -36,7 +35,7 @@ class AIUsageModel : public QObject {
 
   // Begins a pass now and one each minute from then on; when called again, does nothing.
   void start();
-  // Begins a pass, unless one is under way: such a wish is dropped.
+  // Begins a pass, unless one is under way.
   void refresh();
 
   const ClaudeUsageSnapshot& claude() const { return usage_.claude; }
@@ -46,15 +45,13 @@ class AIUsageModel : public QObject {
   bool hasLoaded() const { return hasLoaded_; }
   bool isStarted() const { return timer_.isActive(); }
 
-  // The tiles' texts, as of the last pass.
-  UsageTileText* claudeTile() { return &claudeTile_; }
-  UsageTileText* codexTile() { return &codexTile_; }
+  // As of the last pass.
+  const UsageFace& claudeTile() const { return claudeTile_; }
+  const UsageFace& codexTile() const { return codexTile_; }
 
  Q_SIGNALS:
-  void claudeChanged();
-  void codexChanged();
-  void claudeLimitsChanged();
-  void hasLoadedChanged();
+  // A tile shows something else.
+  void changed();
 
  private:
   void publish(AIUsage usage);
@@ -66,8 +63,7 @@ class AIUsageModel : public QObject {
   bool hasLoaded_ = false;
   bool isRefreshing_ = false;
   QTimer timer_;
-  UsageTileText claudeTile_;
-  UsageTileText codexTile_;
+  UsageFace claudeTile_, codexTile_;
 };
 
 }  // namespace ambrel

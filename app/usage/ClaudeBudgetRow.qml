@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Usage
 
-// The settings row of the user's own budget for Claude, which stands in where Claude's own percentages are not known.
+// The settings row of the user's own budget for Claude, used where Claude's own percentages are not known.
 SectionRow {
     id: root
 

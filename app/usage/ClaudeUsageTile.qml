@@ -6,5 +6,5 @@ UsageFrame {
 
     required property AIUsageModel usage
 
-    text: usage.claudeTile
+    face: usage.claudeTile
 }

@@ -10,7 +10,7 @@ UsageArea::UsageArea(AppSettings& settings, const std::filesystem::path& home, c
       usage_(home, dataFolder, seams),
       statusLine_(ClaudeStatusLine::Files(home, dataFolder)),
       budget_(settings, seams.calendar) {
-  keep({this, &usage_, usage_.claudeTile(), usage_.codexTile(), &statusLine_, &budget_});
+  keep({this, &usage_, &statusLine_, &budget_});
   connect(&statusLine_, &ClaudeStatusLineModel::connectionChanged, &usage_, &AIUsageModel::refresh);
 }
 

@@ -2,33 +2,33 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Usage
 
-// A usage tile: a value and a smaller line, each with its bar. What it says comes from `text`.
+// A usage tile: a value and a smaller line, each with its bar. What it says comes from `face`.
 TileFrame {
     id: root
 
-    required property UsageTileText text
+    required property usageFace face
     // The bars begin in one column, clear of the texts at their left.
     readonly property real barStart: Math.max(isNarrow ? 0 : 72, valueBar.sharesRow ? figure.x + figure.width + unit.space : 0, lineBar.visible ? line.implicitWidth : 0) + Theme.space2
 
     // A narrow tile has the age in the lower line, and a unit that is too long for the row of its figure.
     readonly property bool isAgeBelow: isNarrow && isStale
     readonly property bool hasRoomForUnit: figure.implicitWidth + 4 + unit.implicitWidth <= inner.width
-    readonly property string lowerText: isAgeBelow ? text.age : text.line !== "" ? text.line : hasRoomForUnit ? "" : text.unit
+    readonly property string lowerText: isAgeBelow ? face.age : face.line !== "" ? face.line : hasRoomForUnit ? "" : face.unit
 
-    name: captionSize.advanceWidth + 18 <= inner.width ? text.caption : shortTitle
-    fact: isNarrow ? "" : text.age
-    staleSince: text.isStale ? text.age : ""
-    label: text.spoken
-    tip: text.help
+    name: captionSize.advanceWidth + 18 <= inner.width ? face.caption : shortTitle
+    fact: isNarrow ? "" : face.age
+    staleSince: face.isStale ? face.age : ""
+    label: face.spoken
+    tip: face.help
 
     TextMetrics {
         id: captionSize
         font: Theme.caption.font
-        text: root.text.caption
+        text: root.face.caption
     }
     Label {
         visible: root.isStale && !root.isAgeBelow
-        text: root.text.age
+        text: root.face.age
         role: Theme.subLine
         color: Theme.orange.text
         anchors.right: parent.right
@@ -40,8 +40,8 @@ TileFrame {
         y: Theme.caption.line
         width: Math.min(implicitWidth, root.inner.width - unit.space)
         // Words in place of a figure need less weight.
-        role: isNaN(root.text.percent) && root.text.unit === "" ? Theme.panelTitle : Theme.value
-        text: root.text.value
+        role: root.face.percent < 0 && root.face.unit === "" ? Theme.panelTitle : Theme.value
+        text: root.face.value
         color: root.figureColor
         Accessible.ignored: true
     }
@@ -49,7 +49,7 @@ TileFrame {
         id: unit
         readonly property real space: visible ? implicitWidth + 4 : 0
         visible: text !== "" && root.hasRoomForUnit
-        text: root.text.unit
+        text: root.face.unit
         role: Theme.unit
         color: Theme.ink2
         anchors.left: figure.right
@@ -60,14 +60,14 @@ TileFrame {
     MeterBar {
         id: valueBar
         readonly property bool sharesRow: visible && root.lowerText !== ""
-        visible: !isNaN(root.text.percent)
-        // Without a line beneath there is the whole row for it.
+        visible: root.face.percent >= 0
+        // Without a line below, the bar has that row to itself.
         x: sharesRow ? root.barStart : 0
         y: sharesRow ? figure.y + (figure.height - height) / 2 : line.y + (line.height - height) / 2
         width: root.inner.width - x
         height: 4
-        value: root.text.percent
-        color: root.text.isHigh ? Theme.red.mark : Theme.teal.mark
+        value: root.face.percent
+        color: root.face.isHigh ? Theme.red.mark : Theme.teal.mark
         trackColor: Theme.track
         duration: Theme.valueDuration
         opacity: root.markOpacity
@@ -84,13 +84,13 @@ TileFrame {
     }
     MeterBar {
         id: lineBar
-        visible: !isNaN(root.text.linePercent) && !root.isAgeBelow
+        visible: root.face.linePercent >= 0 && !root.isAgeBelow
         x: root.barStart
         y: line.y + (line.height - height) / 2
         width: root.inner.width - x
         height: 4
-        value: root.text.linePercent
-        color: root.text.isLineHigh ? Theme.red.mark : Theme.teal.mark
+        value: root.face.linePercent
+        color: root.face.isLineHigh ? Theme.red.mark : Theme.teal.mark
         trackColor: Theme.track
         duration: Theme.valueDuration
         opacity: root.markOpacity

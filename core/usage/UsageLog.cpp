@@ -34,7 +34,7 @@ struct UsageLogReader::Pass {
   Reading reading{};
 
   // The line at `begin`, when it does not fit into the buffer: how far it has been searched, and with what result.
-  // Only the last few bytes of it are kept, in case that the key stands across two reads.
+  // Only its last few bytes are kept: the key may be split between two reads.
   bool isLong = false;
   bool hasKey = false;
   std::uint64_t searched = 0;

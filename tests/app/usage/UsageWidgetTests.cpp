@@ -146,8 +146,7 @@ void UsageWidgetTests::textsFitAndDoNotOverlap() {
   theme.setTextScale(textScale);
   theme.setChoice(textScale > 1 ? Theme::Choice::Light : Theme::Choice::Dark);
   view->setColor(theme.panel());
-  QVERIFY(show(QStringLiteral("ClaudeUsageTile"), {{QStringLiteral("usage"), QVariant::fromValue(usage.get())}}));
-  usage->claudeTile()->set(tile);
+  QVERIFY(show(QStringLiteral("UsageFrame"), {{QStringLiteral("face"), QVariant::fromValue(usageFace(tile))}}));
   QVERIFY(QTest::qWaitForWindowExposed(view.get()));
 
   takePicture(QString::fromUtf8(QTest::currentDataTag()));
@@ -162,7 +161,7 @@ void UsageWidgetTests::textsFitAndDoNotOverlap() {
     QVERIFY2(!text->property("truncated").toBool(), qPrintable(shown.last()));
     const QRectF place = text->mapRectToItem(item.get(), QRectF(0, 0, text->width(), text->height()));
     QVERIFY2(QRectF(0, 0, item->width(), item->height()).contains(place), qPrintable(shown.last()));
-    // Lines of text stand close; what is drawn is less tall than its line.
+    // Lines of text are close together; the glyphs are less tall than their line.
     places.append(place.adjusted(0, 2, 0, -2));
   }
   for (QQuickItem* child : item->property("inner").value<QQuickItem*>()->childItems())
