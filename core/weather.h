@@ -140,22 +140,8 @@ std::string forecastRequest(const WeatherPlace& place, bool usesFahrenheit);
 std::string airQualityRequest(const WeatherPlace& place);
 std::string geocodingRequest(std::string_view text);
 
-// The present age decides whether the air quality is asked for again: half an hour for a reading, a minute
-// without one.
-bool isAirQualityDue(const std::optional<AirQuality>& held, std::optional<Instant> askedAt, Instant now);
-Instant airQualityDueAt(const std::optional<AirQuality>& held, Instant askedAt);
 // Between two forecasts.
 inline constexpr std::chrono::seconds weatherInterval{1800};
-// Why there is no answer.
-enum class WeatherFailure {
-  unreached,  // no server was reached; perhaps the network is not there
-  refused,    // the server is asked too often
-  bad         // anything else that it said
-};
-// How long to wait after that many failures in a row, of which `last` is the last. Trying again where no server was
-// reached burdens nobody, and nothing else may tell that the network is back. After a bad answer the next regular
-// request is soon enough; with nothing to show the first tries come quickly and then ever later.
-std::chrono::seconds retryPause(int failures, WeatherFailure last, bool hasAnswer);
 // Older than a regular request and its retry would leave it.
 bool isWeatherStale(Instant updatedAt, Instant now);
 
@@ -206,8 +192,6 @@ SunSummary sunSummary(const Forecast& forecast, Instant now);
 
 // "21°", never "-0°"
 std::string degreesText(const Calendar& calendar, double value);
-// "14 km/h", "9 mph"
-std::string windText(const Calendar& calendar, double speed, bool usesFahrenheit);
 // The sixteen points that a wind can come from: "N", "NNE", ...
 std::string_view compassPoint(double degrees);
 // How the apparent temperature differs from the measured one, in whole degrees as shown: "2° warmer", "Like the air".

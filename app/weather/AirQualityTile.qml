@@ -9,7 +9,7 @@ WeatherFrame {
     value: weather.texts.airValue
     subLine: weather.texts.airLabel
     reserved: span === TileFrame.Small ? 0 : 40
-    problem: value !== "" ? "" : weather.problem !== "" ? weather.problem : qsTr("No reading")
+    problem: value !== "" ? "" : weather.texts.problem !== "" ? weather.texts.problem : qsTr("No reading")
     staleSince: weather.texts.airStaleSince
     tip: isUnavailable ? "" : weather.texts.particles === "" ? weather.texts.airSummary : weather.texts.airSummary + ", " + weather.texts.particles
 

@@ -6,6 +6,6 @@ WeatherFrame {
     value: weather.texts.feelsLike
     valueRole: Theme.clock
     subLine: weather.texts.feelsLikeDetail
-    problem: weather.problem !== "" ? weather.problem : value === "" ? qsTr("No reading") : ""
+    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
     tip: isUnavailable ? "" : weather.texts.feelsLikeSummary
 }

@@ -8,7 +8,7 @@ WeatherFrame {
     readonly property bool isEmpty: weather.texts.hours.length === 0
 
     hasHeader: isUnavailable && span !== TileFrame.Small
-    problem: weather.problem !== "" ? weather.problem : isEmpty ? qsTr("The forecast has run out") : ""
+    problem: weather.texts.problem !== "" ? weather.texts.problem : isEmpty ? qsTr("The forecast has run out") : ""
     label: isUnavailable ? spoken : name + ", " + weather.texts.hoursSummary + (isStale ? ", " + staleSince : "")
 
     ForecastRow {

@@ -11,7 +11,7 @@ WeatherFrame {
     value: isPolar ? weather.texts.sunTitle : weather.texts.sunTime
     valueRole: isPolar ? Theme.rowTitle : Theme.value
     subLine: weather.texts.sunDetail
-    problem: weather.problem !== "" ? weather.problem : value === "" ? qsTr("No sunrise or sunset") : ""
+    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No sunrise or sunset") : ""
     tip: isUnavailable ? "" : name + ", " + value + (subLine === "" ? "" : ", " + subLine)
 
     // How far the day has come.

@@ -8,7 +8,7 @@ WeatherFrame {
     value: weather.texts.uvIndex
     subLine: weather.texts.uvLabel
     reserved: span === TileFrame.Small ? 0 : 32
-    problem: weather.problem !== "" ? weather.problem : value === "" ? qsTr("No reading") : ""
+    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
     tip: isUnavailable ? "" : weather.texts.uvSummary
 
     BandMark {

@@ -14,7 +14,7 @@ TileFrame {
             weather: weather
         })
 
-    problem: weather.problem
+    problem: weather.texts.problem
     staleSince: weather.texts.staleSince
 
     LiveTimeline {

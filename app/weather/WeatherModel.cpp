@@ -10,8 +10,6 @@ namespace {
 
 constexpr std::chrono::milliseconds typingPause{300};
 constexpr int fewestLetters = 2;
-// Networks need a moment to come back after a sleep.
-constexpr std::chrono::seconds wakingPause{10};
 
 std::string_view bytesOf(const QByteArray& body) { return {body.constData(), static_cast<std::size_t>(body.size())}; }
 
@@ -26,7 +24,8 @@ WeatherModel::WeatherModel(Setting setting, WeatherService& service, UserDefault
       calendar_(std::move(calendar)),
       now_(std::move(now)),
       place_(setting_.defaultPlace),
-      usesFahrenheit_(valueOf(defaults, setting::weatherFahrenheit)) {
+      usesFahrenheit_(valueOf(defaults, setting::weatherFahrenheit)),
+      schedule_(service.jitter()) {
   loadPlace();
   publish(now_());
 }
@@ -53,45 +52,29 @@ void WeatherModel::reload(bool hasNewHosts) {
 }
 
 void WeatherModel::setWanted(bool isWanted, Instant now) {
-  if (isWanted == isWanted_) return;
-  isWanted_ = isWanted;
-  if (isWanted_ && (!forecastAt_ || *forecastAt_ <= now)) refresh(now);
+  if (isWanted == schedule_.isWanted()) return;
+  send(schedule_.setWanted(isWanted, now));
   publish(now);
 }
 
 void WeatherModel::refresh(Instant now) {
-  if (isWanted_) {
-    askForecast(now);
-    const bool isPutOff = airFailures_.count > 0 && airAt_ && *airAt_ > now;
-    if (!isPutOff && isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) askAirQuality(now);
-  } else {
-    forecastAt_ = now;
-  }
+  send(schedule_.refresh(now));
   announceDue();
 }
 
 void WeatherModel::setOnline(bool isOnline, Instant now) {
-  if (isOnline == isOnline_) return;
-  isOnline_ = isOnline;
-  if (isOnline_) {
-    const auto waits = [](const Failures& failures) {
-      return failures.count > 0 && failures.last == WeatherFailure::unreached;
-    };
-    if (waits(forecastFailures_)) forecastAt_ = now;
-    if (waits(airFailures_)) airAt_ = now;
-  }
+  if (isOnline == reading_.isOnline) return;
+  reading_.isOnline = isOnline;
+  if (isOnline) schedule_.networkReturned(now);
   publish(now);
 }
 
-Seconds WeatherModel::failed(Failures& failures, const WeatherProblem& problem, bool hasAnswer) const {
-  // A server that was not reached and one that refuses are different stories.
-  failures.count = failures.last == problem.kind ? failures.count + 1 : 1;
-  failures.last = problem.kind;
-  return service_.spread(std::max<Seconds>(problem.wait, retryPause(failures.count, failures.last, hasAnswer)));
+void WeatherModel::send(WeatherSchedule::Requests requests) {
+  if (requests.forecast) askForecast();
+  if (requests.airQuality) askAirQuality();
 }
 
-void WeatherModel::askForecast(Instant now) {
-  forecastAt_ = advanced(now, service_.spread(weatherInterval));
+void WeatherModel::askForecast() {
   service_.get(WeatherService::Kind::forecast, forecastRequest(place_, usesFahrenheit_), this,
                [this, asked = ++generation_, uses = usesFahrenheit_](const auto& body, const WeatherProblem& problem) {
                  if (asked == generation_) forecastAnswered(body, uses, problem);
@@ -103,19 +86,19 @@ void WeatherModel::forecastAnswered(const std::optional<QByteArray>& body, bool 
   const Instant now = now_();
   auto decoded = body ? decodeForecast(bytesOf(*body)) : Decoded<Forecast>{};
   if (decoded.value) {
-    forecastFailures_ = {};
+    schedule_.forecastAnswered();
     reading_.forecast = std::move(decoded.value);
+    reading_.failure.reset();
     reading_.usesFahrenheit = usedFahrenheit;
     reading_.updatedAt = now;
   } else {
-    forecastAt_ = advanced(now, failed(forecastFailures_, problem, reading_.forecast.has_value()));
+    schedule_.forecastFailed(problem.kind, problem.wait, now);
+    reading_.failure = problem.kind;
   }
   publish(now);
 }
 
-void WeatherModel::askAirQuality(Instant now) {
-  airQualityFetchedAt_ = now;
-  airAt_.reset();
+void WeatherModel::askAirQuality() {
   service_.get(WeatherService::Kind::airQuality, airQualityRequest(place_), this,
                [this, asked = place_](const auto& body, const WeatherProblem& problem) {
                  if (asked == place_) airQualityAnswered(body, problem);
@@ -125,57 +108,35 @@ void WeatherModel::askAirQuality(Instant now) {
 void WeatherModel::airQualityAnswered(const std::optional<QByteArray>& body, const WeatherProblem& problem) {
   const Instant now = now_();
   auto decoded = body ? decodeAirQuality(bytesOf(*body)) : Decoded<AirQuality>{};
-  Seconds pause = service_.spread(weatherInterval);
   if (decoded.value) {
-    airFailures_ = {};
+    schedule_.airQualityAnswered(now);
     reading_.airQuality = std::move(decoded.value);
     reading_.airUpdatedAt = now;
   } else {
-    pause = failed(airFailures_, problem, reading_.airQuality.has_value());
+    schedule_.airQualityFailed(problem.kind, problem.wait, now);
   }
-  airAt_ = advanced(airQualityFetchedAt_.value_or(now), pause);
   publish(now);
 }
 
 std::optional<Instant> WeatherModel::due() const {
-  std::optional<Instant> first = searchAt_;
-  const auto take = [&](const std::optional<Instant>& time) {
-    if (time && (!first || *time < *first)) first = time;
-  };
-  // What came due meanwhile is so as soon as it is wanted.
-  if (isWanted_) {
-    take(forecastAt_);
-    take(airAt_);
-  }
-  return first;
+  const auto first = schedule_.due();
+  return first && searchAt_ ? std::min(*first, *searchAt_) : first ? first : searchAt_;
 }
 
 void WeatherModel::tick(Instant now) {
   if (searchAt_ && now >= *searchAt_) askPlaces();
-  if (isWanted_ && forecastAt_ && now >= *forecastAt_) refresh(now);
-  if (isWanted_ && airAt_ && now >= *airAt_) {
-    airAt_.reset();
-    if (isAirQualityDue(reading_.airQuality, airQualityFetchedAt_, now)) {
-      askAirQuality(now);
-    } else {
-      airAt_ = airQualityDueAt(reading_.airQuality, airQualityFetchedAt_.value_or(now));
-    }
-  }
+  send(schedule_.tick(now));
   publish(now);
 }
 
 void WeatherModel::slept(Seconds, Instant now) {
-  const auto putOff = [&](std::optional<Instant>& time) {
-    if (time) time = std::max<Instant>(*time, now + wakingPause);
-  };
-  putOff(forecastAt_);
-  putOff(airAt_);
+  schedule_.slept(now);
   publish(now);
 }
 
 void WeatherModel::clockMoved(Seconds by, Instant now) {
-  for (auto* time :
-       {&forecastAt_, &airAt_, &airQualityFetchedAt_, &searchAt_, &reading_.updatedAt, &reading_.airUpdatedAt})
+  schedule_.clockMoved(by);
+  for (auto* time : {&searchAt_, &reading_.updatedAt, &reading_.airUpdatedAt})
     if (*time) *time = advanced(**time, by);
   publish(now);
 }
@@ -229,15 +190,9 @@ void WeatherModel::choose(const Place& place) {
 void WeatherModel::usePlace() {
   // The old place's weather is not the new one's, and neither is what is still on its way.
   ++generation_;
-  reading_.forecast.reset();
-  reading_.updatedAt.reset();
-  reading_.airQuality.reset();
-  reading_.airUpdatedAt.reset();
-  airQualityFetchedAt_.reset();
-  airAt_.reset();
-  forecastFailures_ = airFailures_ = {};
+  reading_ = {.isOnline = reading_.isOnline, .scale = reading_.scale};
   const Instant now = now_();
-  refresh(now);
+  send(schedule_.restart(now));
   publish(now);
 }
 
@@ -247,7 +202,7 @@ void WeatherModel::search(const QString& text) {
   isSearching_ = takesFirst_ = false;
   if (searchText_.size() >= fewestLetters) {
     searchAt_ = now_() + typingPause;
-    // The present results stay meanwhile, for those who type on.
+    // The present results stay while the user types on.
     if (found_.empty()) searchNote_ = tr("Searching…");
   } else {
     searchAt_.reset();
@@ -290,18 +245,10 @@ QVariantList WeatherModel::searchResults() const {
 
 void WeatherModel::update() { publish(now_()); }
 
-QString WeatherModel::problem() const { return problem_; }
-
 void WeatherModel::publish(Instant now) {
   WeatherTexts texts = weatherTexts(place_, reading_, calendar_, now);
-  QString problem;
-  if (!reading_.forecast && forecastFailures_.count > 0)
-    problem = !isOnline_ && forecastFailures_.last == WeatherFailure::unreached ? tr("Offline") : tr("No answer yet");
-  else if (!reading_.forecast)
-    problem = tr("Waiting for data");
-  if (texts != texts_ || problem != problem_) {
+  if (texts != texts_) {
     texts_ = std::move(texts);
-    problem_ = std::move(problem);
     Q_EMIT changed();
   }
   announceDue();

@@ -18,9 +18,6 @@ class WeatherModel : public TimedModel {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::WeatherTexts texts READ texts NOTIFY changed FINAL)
-  // Why there is nothing to show; empty when there is.
-  Q_PROPERTY(QString problem READ problem NOTIFY changed FINAL)
-  Q_PROPERTY(QString placeLabel READ placeLabel NOTIFY changed FINAL)
   Q_PROPERTY(bool usesFahrenheit READ usesFahrenheit WRITE setUsesFahrenheit NOTIFY usesFahrenheitChanged FINAL)
   // "us" or "european"
   Q_PROPERTY(QString airQualityScale READ airQualityScale WRITE setAirQualityScale NOTIFY changed FINAL)
@@ -57,8 +54,6 @@ class WeatherModel : public TimedModel {
   void followUnitOf(WeatherModel& other);
 
   const WeatherTexts& texts() const { return texts_; }
-  QString problem() const;
-  QString placeLabel() const { return QString::fromStdString(ambrel::placeLabel(place_)); }
   bool usesFahrenheit() const { return usesFahrenheit_; }
   void setUsesFahrenheit(bool uses);
   QString airQualityScale() const;
@@ -90,9 +85,10 @@ class WeatherModel : public TimedModel {
   void placeChosen();
 
  private:
-  void askForecast(Instant now);
+  void send(WeatherSchedule::Requests requests);
+  void askForecast();
   void forecastAnswered(const std::optional<QByteArray>& body, bool usedFahrenheit, const WeatherProblem& problem);
-  void askAirQuality(Instant now);
+  void askAirQuality();
   void airQualityAnswered(const std::optional<QByteArray>& body, const WeatherProblem& problem);
   void askPlaces();
   void placesAnswered(const std::optional<QByteArray>& body);
@@ -108,23 +104,11 @@ class WeatherModel : public TimedModel {
   std::function<Instant()> now_;
   Place place_;
   bool usesFahrenheit_;
-  bool isOnline_ = true, isWanted_ = false;
+  WeatherSchedule schedule_;
   WeatherReading reading_;
   WeatherTexts texts_;
-  QString problem_;
   // An answer to an older question than the present one is not looked at.
   int generation_ = 0, searchGeneration_ = 0;
-  // Those in a row, and the kind of the last.
-  struct Failures {
-    int count = 0;
-    WeatherFailure last = WeatherFailure::bad;
-  };
-  // Counts one more; returns how long to wait.
-  Seconds failed(Failures& failures, const WeatherProblem& problem, bool hasAnswer) const;
-  Failures forecastFailures_, airFailures_;
-  std::optional<Instant> forecastAt_;  // when to ask next
-  std::optional<Instant> airAt_;
-  std::optional<Instant> airQualityFetchedAt_;
   QString searchText_;
   std::optional<Instant> searchAt_;
   bool isSearching_ = false, takesFirst_ = false;

@@ -15,7 +15,7 @@ Popover {
             closeRequested();
     }
 
-    title: weather.placeLabel
+    title: weather.texts.placeLabel
     symbol: "mappin"
     implicitHeight: 420
 

@@ -83,9 +83,7 @@ WeatherHosts weatherHosts(const UserDefaults& defaults) {
 WeatherService::WeatherService(WeatherHosts hosts, WeatherLimits limits, QObject* parent)
     : QObject(parent), hosts_(std::move(hosts)), limits_(limits) {}
 
-Seconds WeatherService::spread(Seconds pause) const {
-  return pause * (1 + limits_.jitter * QRandomGenerator::global()->generateDouble());
-}
+double WeatherService::jitter() const { return limits_.jitter * QRandomGenerator::global()->generateDouble(); }
 
 void WeatherService::get(Kind kind, const std::string& request, QObject* receiver, Answer answered) {
   // It brings threads and memory of its own, which a bar without weather does without.

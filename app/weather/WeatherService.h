@@ -10,7 +10,7 @@
 #include <string>
 
 #include "core/settings.h"
-#include "core/weather.h"
+#include "core/weather/WeatherSchedule.h"
 
 namespace ambrel {
 
@@ -30,8 +30,7 @@ struct WeatherLimits {
   std::chrono::milliseconds time{20000};  // for the whole answer
   qint64 bytes = 1 << 20;
   int redirections = 3;
-  // The share by which a pause between two requests is lengthened at most, at random: the programs that start at nine
-  // are not to ask all at once for the rest of the day.
+  // The largest share by which pauses between two requests are lengthened, at random.
   double jitter = 0.05;
 };
 
@@ -55,8 +54,8 @@ class WeatherService : public QObject {
   // `answered` is called once, later and on this thread, as long as `receiver` lives.
   void get(Kind kind, const std::string& request, QObject* receiver, Answer answered);
   void setHosts(WeatherHosts hosts) { hosts_ = std::move(hosts); }
-  // The pause with this program's own jitter.
-  Seconds spread(Seconds pause) const;
+  // For a WeatherSchedule.
+  double jitter() const;
 
  private:
   QNetworkAccessManager* network_ = nullptr;

@@ -96,8 +96,8 @@ void fillNow(const Forecast& f, const WeatherReading& reading, const Calendar& c
   out.localTime = toQString(shortTime(place, now));
 }
 
-void fillSummaries(const QString& label, WeatherTexts& out) {
-  out.summary = joined({label, out.temperature, out.condition, out.highLow, out.updated});
+void fillSummaries(WeatherTexts& out) {
+  out.summary = joined({out.placeLabel, out.temperature, out.condition, out.highLow, out.updated});
   if (!out.feelsLike.isEmpty())
     out.feelsLikeSummary = joined({out.place, tr("feels like %1").arg(out.feelsLike),
                                    out.humidity.isEmpty() ? QString() : tr("humidity %1").arg(out.humidity)});
@@ -144,6 +144,7 @@ WeatherTexts weatherTexts(const WeatherPlace& placeOf, const WeatherReading& rea
                           Instant now) {
   WeatherTexts out;
   out.place = toQString(placeOf.name);
+  out.placeLabel = toQString(placeLabel(placeOf));
   fillAir(reading, calendar, now, out);
   const Forecast none;
   const Forecast& forecast = reading.forecast ? *reading.forecast : none;
@@ -151,7 +152,11 @@ WeatherTexts weatherTexts(const WeatherPlace& placeOf, const WeatherReading& rea
   out.rainTitle = toQString(rain.title);
   out.rainDetail = toQString(rain.detail);
   out.isWet = rain.isWet;
-  if (!reading.forecast) return out;
+  if (!reading.forecast) {
+    const bool isOffline = !reading.isOnline && reading.failure == WeatherFailure::unreached;
+    out.problem = !reading.failure ? tr("Waiting for data") : isOffline ? tr("Offline") : tr("No answer yet");
+    return out;
+  }
 
   const Calendar place = placeCalendar(forecast, calendar);
   fillNow(forecast, reading, calendar, place, now, out);
@@ -159,7 +164,7 @@ WeatherTexts weatherTexts(const WeatherPlace& placeOf, const WeatherReading& rea
   fillLists(forecast, calendar, place, now, out);
   if (reading.updatedAt) out.updated = tr("Updated %1").arg(toQString(shortTime(calendar, *reading.updatedAt)));
   out.staleSince = ageIfStale(reading.updatedAt, calendar, now);
-  fillSummaries(toQString(placeLabel(placeOf)), out);
+  fillSummaries(out);
   return out;
 }
 

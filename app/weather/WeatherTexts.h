@@ -5,22 +5,23 @@
 #include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
-#include "core/weather.h"
+#include "core/weather/WeatherSchedule.h"
 
 namespace ambrel {
 
 struct WeatherTexts {
   Q_GADGET
   QML_VALUE_TYPE(weatherTexts)
+  // Why there is no forecast; empty when there is one.
+  Q_PROPERTY(QString problem MEMBER problem FINAL)
   Q_PROPERTY(QString place MEMBER place FINAL)
+  Q_PROPERTY(QString placeLabel MEMBER placeLabel FINAL)
   Q_PROPERTY(QString temperature MEMBER temperature FINAL)
   Q_PROPERTY(QString condition MEMBER condition FINAL)
   Q_PROPERTY(QString symbol MEMBER symbol FINAL)
   Q_PROPERTY(QString highLow MEMBER highLow FINAL)
   Q_PROPERTY(QString feelsLike MEMBER feelsLike FINAL)
   Q_PROPERTY(QString feelsLikeDetail MEMBER feelsLikeDetail FINAL)
-  Q_PROPERTY(QString humidity MEMBER humidity FINAL)
-  Q_PROPERTY(QString dewPoint MEMBER dewPoint FINAL)
   Q_PROPERTY(QString wind MEMBER wind FINAL)
   Q_PROPERTY(QString windUnit MEMBER windUnit FINAL)
   Q_PROPERTY(QString windFrom MEMBER windFrom FINAL)
@@ -28,7 +29,6 @@ struct WeatherTexts {
   Q_PROPERTY(QString uvIndex MEMBER uvIndex FINAL)
   Q_PROPERTY(QString uvLabel MEMBER uvLabel FINAL)
   Q_PROPERTY(int uvBand MEMBER uvBand FINAL)
-  Q_PROPERTY(QString uvMax MEMBER uvMax FINAL)
   Q_PROPERTY(QString sunTitle MEMBER sunTitle FINAL)
   Q_PROPERTY(QString sunTime MEMBER sunTime FINAL)
   Q_PROPERTY(QString sunDetail MEMBER sunDetail FINAL)
@@ -56,7 +56,8 @@ struct WeatherTexts {
   Q_PROPERTY(QString updated MEMBER updated FINAL)
 
  public:
-  QString place;
+  QString problem;                                  // "Offline"
+  QString place, placeLabel;                        // "London", "London, United Kingdom"
   QString temperature, condition, symbol, highLow;  // "21°", "Partly cloudy", "cloud.sun.fill", "25° / 14°"
   QString feelsLike, feelsLikeDetail, humidity, dewPoint;
   QString wind, windUnit, windFrom;  // "14", "km/h", "SW"
@@ -82,11 +83,14 @@ struct WeatherTexts {
 };
 
 struct WeatherReading {
-  std::optional<Forecast> forecast;
+  std::optional<Forecast> forecast{};
+  // Of the last request for the forecast; absent when it was answered, and before the first.
+  std::optional<WeatherFailure> failure{};
+  bool isOnline = true;         // as the desktop says
   bool usesFahrenheit = false;  // what the forecast was asked for in
-  std::optional<Instant> updatedAt;
-  std::optional<AirQuality> airQuality;
-  std::optional<Instant> airUpdatedAt;
+  std::optional<Instant> updatedAt{};
+  std::optional<AirQuality> airQuality{};
+  std::optional<Instant> airUpdatedAt{};
   AirQualityScale scale = AirQualityScale::us;
 };
 

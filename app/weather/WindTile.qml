@@ -11,7 +11,7 @@ WeatherFrame {
     unit: weather.texts.windUnit
     subLine: hasDirection ? qsTr("from %1").arg(weather.texts.windFrom) : ""
     reserved: span === TileFrame.Small || !hasDirection ? 0 : 20
-    problem: weather.problem !== "" ? weather.problem : value === "" ? qsTr("No reading") : ""
+    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
 
     Symbol {
         visible: root.hasDirection && root.span !== TileFrame.Small

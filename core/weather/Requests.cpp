@@ -40,33 +40,6 @@ std::string geocodingRequest(std::string_view text) {
   return "/v1/search?name=" + percentEncodedQuery(text) + "&count=6&language=en";
 }
 
-bool isAirQualityDue(const std::optional<AirQuality>& held, std::optional<Instant> askedAt, Instant now) {
-  // A clock that was set back would otherwise hold the request up for as long.
-  if (!askedAt || *askedAt > now) return true;
-  return now >= airQualityDueAt(held, *askedAt);
-}
-
-Instant airQualityDueAt(const std::optional<AirQuality>& held, Instant askedAt) {
-  return askedAt + (held ? weatherInterval : std::chrono::seconds(60));
-}
-
-std::chrono::seconds retryPause(int failures, WeatherFailure last, bool hasAnswer) {
-  using std::chrono::seconds;
-  if (failures <= 0) return weatherInterval;
-  const auto doubled = [failures](seconds first, seconds most) {
-    return std::min(most, first * (1 << std::min(failures - 1, 10)));
-  };
-  switch (last) {
-    case WeatherFailure::unreached:
-      return doubled(seconds(60), seconds(300));
-    case WeatherFailure::refused:
-      return doubled(weatherInterval, weatherInterval * 8);
-    case WeatherFailure::bad:
-      return hasAnswer ? weatherInterval : doubled(seconds(60), weatherInterval);
-  }
-  return weatherInterval;
-}
-
 bool isWeatherStale(Instant updatedAt, Instant now) { return now - updatedAt > weatherInterval * 3 / 2; }
 
 }  // namespace ambrel

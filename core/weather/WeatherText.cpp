@@ -131,10 +131,6 @@ SunSummary sunSummary(const Forecast& forecast, Instant now) {
 
 std::string degreesText(const Calendar& calendar, double value) { return wholeText(calendar, value) + "°"; }
 
-std::string windText(const Calendar& calendar, double speed, bool usesFahrenheit) {
-  return wholeText(calendar, speed) + (usesFahrenheit ? " mph" : " km/h");
-}
-
 std::string_view compassPoint(double degrees) {
   const double turn = std::fmod(std::fmod(degrees, 360) + 360, 360);
   return compass[static_cast<std::size_t>(std::lround(turn / 22.5)) % compass.size()];

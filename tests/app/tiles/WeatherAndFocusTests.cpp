@@ -169,7 +169,7 @@ void WeatherAndFocusTests::everyTileShowsItsModel() {
   models.secondCity.setWanted(true, room.clock.now());
   QVERIFY(QTest::qWaitFor(
       [&] {
-        return models.weather.problem().isEmpty() && models.secondCity.problem().isEmpty() &&
+        return models.weather.texts().problem.isEmpty() && models.secondCity.texts().problem.isEmpty() &&
                !models.weather.texts().airValue.isEmpty();
       },
       15000));
@@ -231,7 +231,7 @@ void WeatherAndFocusTests::oldWeatherSaysItsAge() {
   Morning room;
   Models models(room);
   models.weather.setWanted(true, room.clock.now());
-  QVERIFY(QTest::qWaitFor([&] { return models.weather.problem().isEmpty(); }, 15000));
+  QVERIFY(QTest::qWaitFor([&] { return models.weather.texts().problem.isEmpty(); }, 15000));
   room.clock.pass(minutes(95));
   models.weather.update();
   Scene scene;
@@ -278,7 +278,7 @@ void WeatherAndFocusTests::everyPanelCanBeUsedByKeyboard() {
   Morning room;
   Models models(room);
   models.weather.setWanted(true, room.clock.now());
-  QVERIFY(QTest::qWaitFor([&] { return models.weather.problem().isEmpty(); }, 15000));
+  QVERIFY(QTest::qWaitFor([&] { return models.weather.texts().problem.isEmpty(); }, 15000));
   Scene scene;
   QVERIFY(loadPanels(scene, models));
   keep(scene, QStringLiteral("panels"));

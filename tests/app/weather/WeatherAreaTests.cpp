@@ -62,11 +62,11 @@ void WeatherAreaTests::eachPlaceIsAskedForWhileItIsWanted() {
   models.setWanted(true, false);
   QVERIFY(room.until(2));
   QCOMPARE(room.about("latitude=51.5074&"), 2);
-  QCOMPARE(models.second()->placeLabel(), QStringLiteral("New York, United States"));
+  QCOMPARE(models.second()->texts().placeLabel, QStringLiteral("New York, United States"));
   models.setWanted(false, true);
   QVERIFY(room.until(4));
   QCOMPARE(room.about("latitude=40.7128&"), 2);
-  QVERIFY(QTest::qWaitFor([&] { return models.second()->problem().isEmpty(); }, 15000));
+  QVERIFY(QTest::qWaitFor([&] { return models.second()->texts().problem.isEmpty(); }, 15000));
 }
 
 void WeatherAreaTests::theTwoHaveOneUnit() {
@@ -87,7 +87,7 @@ void WeatherAreaTests::theTimerBringsTheNextForecast() {
   WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
   models.setWanted(true, false);
   QVERIFY(QTest::qWaitFor(
-      [&] { return models.main()->problem().isEmpty() && !models.main()->texts().airValue.isEmpty(); }, 15000));
+      [&] { return models.main()->texts().problem.isEmpty() && !models.main()->texts().airValue.isEmpty(); }, 15000));
   QVERIFY(QTest::qWaitFor(
       [&] {
         const auto wake = room.clock.wakeTime;

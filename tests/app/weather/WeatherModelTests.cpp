@@ -46,12 +46,6 @@ struct Room {
     server.targets.removeAll("/v1/search?name=settle");
     return came && isAnswered && server.targets.size() == requests;
   }
-  int count(const char* prefix) const {
-    int found = 0;
-    for (const QByteArray& target : server.targets) found += target.startsWith(prefix) ? 1 : 0;
-    return found;
-  }
-
   TemporaryFolder folder;
   UserDefaults defaults{folder / "defaults.json"};
   FakeClock clock{*parseISO8601("2026-07-14T09:41:00Z")};
@@ -75,16 +69,11 @@ class WeatherModelTests : public QObject {
 
  private Q_SLOTS:
   void showsWhatTheServicesAnswer();
-  void asksForBothAndThenEveryHalfHour();
   void aBadAnswerLeavesTheOldValuesWithTheirAge_data();
   void aBadAnswerLeavesTheOldValuesWithTheirAge();
-  void withNothingToShowItTriesAgainEverLater();
   void itAsksWhateverTheDesktopSaysOfTheNetwork();
-  void aServerThatIsAskedTooOftenIsLeftAlone();
-  void unwantedItAsksForNothing();
-  void afterASleepItWaitsForTheNetwork();
-  void aMissingAirReadingIsAskedForAgainByItself();
   void theAirHasAnAgeOfItsOwn();
+  void carriesOutWhatIsDue();
   void aPlaceIsSearchedForAfterAPause();
   void returnTakesTheFirstPlaceForWhatIsTyped();
   void aChosenPlaceIsStoredAndAskedForAtOnce();
@@ -97,10 +86,10 @@ class WeatherModelTests : public QObject {
 void WeatherModelTests::showsWhatTheServicesAnswer() {
   Room room;
   WeatherModel model = room.make();
-  QCOMPARE(model.problem(), QStringLiteral("Waiting for data"));
+  QCOMPARE(model.texts().problem, QStringLiteral("Waiting for data"));
   QCOMPARE(model.texts().rainTitle, QStringLiteral("No forecast"));
   model.setWanted(true, room.clock.now());
-  QVERIFY(until(model, [&] { return model.problem().isEmpty() && !model.texts().airValue.isEmpty(); }));
+  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty() && !model.texts().airValue.isEmpty(); }));
   const WeatherTexts& texts = model.texts();
   QCOMPARE(texts.place, QStringLiteral("London"));
   QCOMPARE(texts.temperature, QStringLiteral("22°"));
@@ -122,27 +111,6 @@ void WeatherModelTests::showsWhatTheServicesAnswer() {
   QCOMPARE(texts.days[1].toMap().value(QStringLiteral("day")).toString(), QStringLiteral("Wed"));
   QCOMPARE(texts.updated, QStringLiteral("Updated 11:41"));
   QVERIFY(texts.staleSince.isEmpty());
-}
-
-void WeatherModelTests::asksForBothAndThenEveryHalfHour() {
-  Room room;
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
-  QCOMPARE(room.server.targets[0], QByteArray(forecastRequest(defaultPlace(), false).c_str()));
-  QCOMPARE(room.server.targets[1], QByteArray(airQualityRequest(defaultPlace()).c_str()));
-  QVERIFY(model.due() == room.clock.now() + minutes(30));
-  room.clock.pass(minutes(30) - seconds(1));
-  model.tick(room.clock.now());
-  QVERIFY(room.settled(2));
-  room.clock.pass(seconds(1));
-  model.tick(room.clock.now());
-  QVERIFY(room.settled(4));
-  // Whoever refreshes sooner gets a forecast, but no air quality.
-  room.clock.pass(minutes(1));
-  model.refresh(room.clock.now());
-  QVERIFY(room.settled(5));
-  QCOMPARE(room.count("/v1/forecast?"), 3);
 }
 
 void WeatherModelTests::aBadAnswerLeavesTheOldValuesWithTheirAge_data() {
@@ -168,7 +136,7 @@ void WeatherModelTests::aBadAnswerLeavesTheOldValuesWithTheirAge() {
   Room room;
   WeatherModel model = room.make();
   model.setWanted(true, room.clock.now());
-  QVERIFY(until(model, [&] { return model.problem().isEmpty() && !model.texts().airValue.isEmpty(); }));
+  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty() && !model.texts().airValue.isEmpty(); }));
   const WeatherReading before = model.reading();
   room.forecast = room.air = {.status = status, .body = body};
   room.clock.pass(minutes(30));
@@ -182,7 +150,7 @@ void WeatherModelTests::aBadAnswerLeavesTheOldValuesWithTheirAge() {
   room.clock.pass(minutes(20));
   model.update();
   QCOMPARE(model.texts().staleSince, QStringLiteral("50 min ago"));
-  QVERIFY(model.problem().isEmpty());
+  QVERIFY(model.texts().problem.isEmpty());
 
   room.forecast = {.body = sample("london.json")};
   room.clock.pass(minutes(10));
@@ -191,30 +159,13 @@ void WeatherModelTests::aBadAnswerLeavesTheOldValuesWithTheirAge() {
   QVERIFY(model.texts().staleSince.isEmpty());
 }
 
-void WeatherModelTests::withNothingToShowItTriesAgainEverLater() {
-  Room room;
-  room.forecast = room.air = {.status = 503, .body = "busy"};
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  int requests = 2;
-  QVERIFY(room.settled(requests));
-  QVERIFY(until(model, [&] { return model.problem() == QStringLiteral("No answer yet"); }));
-  for (const int pause : {60, 120, 240, 480, 960, 1800, 1800}) {
-    const auto isDue = [&] { return model.due() == room.clock.now() + seconds(pause); };
-    QVERIFY2(QTest::qWaitFor(isDue, 15000), qPrintable(QString::number(pause)));
-    room.clock.pass(seconds(pause));
-    model.tick(room.clock.now());
-    QVERIFY(room.settled(requests += 2));
-  }
-}
-
 void WeatherModelTests::itAsksWhateverTheDesktopSaysOfTheNetwork() {
   Room room;
   WeatherModel model = room.make();
   // It says so at the start, and then never anything else; the server is on this machine.
   model.setOnline(false, room.clock.now());
   model.setWanted(true, room.clock.now());
-  QVERIFY(until(model, [&] { return model.problem().isEmpty(); }));
+  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
 
   // Nobody listens there. What was not reached is tried again, and at once when the network is back.
   LoopbackServer gone;
@@ -225,98 +176,43 @@ void WeatherModelTests::itAsksWhateverTheDesktopSaysOfTheNetwork() {
                      [&] { return room.clock.now(); });
   other.setOnline(false, room.clock.now());
   other.setWanted(true, room.clock.now());
-  QVERIFY(until(other, [&] { return other.problem() == QStringLiteral("Offline"); }));
+  QVERIFY(until(other, [&] { return other.texts().problem == QStringLiteral("Offline"); }));
   QVERIFY(QTest::qWaitFor([&] { return other.due() == room.clock.now() + seconds(60); }, 15000));
   other.setOnline(true, room.clock.now());
   QVERIFY(other.due() == room.clock.now());
-
-  room.clock.pass(minutes(5));
-  model.setOnline(true, room.clock.now());
-  QVERIFY2(*model.due() == room.clock.now() + minutes(25), "a network that comes and goes asks no more often");
 }
 
-void WeatherModelTests::aServerThatIsAskedTooOftenIsLeftAlone() {
-  Room room;
-  room.forecast = room.air = {.status = 429, .body = "{}"};
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
-  QVERIFY2(QTest::qWaitFor([&] { return model.due() == room.clock.now() + hours(2); }, 15000), "as it asks for");
-  room.clock.pass(hours(2));
-  model.tick(room.clock.now());
-  QVERIFY(room.settled(4));
+void WeatherModelTests::theAirHasAnAgeOfItsOwn() {
+  const Instant now = *parseISO8601("2026-07-14T11:11:00Z");
+  WeatherReading reading;
+  reading.forecast = decodeForecast(sample("london.json").toStdString()).value;
+  reading.updatedAt = now;
+  reading.airQuality = decodeAirQuality(sample("air-gaps.json").toStdString()).value;
+  reading.airUpdatedAt = now - minutes(90);
+  reading.scale = AirQualityScale::european;
+  WeatherTexts texts = weatherTexts(defaultPlace(), reading, Calendar("Europe/Berlin", "en_GB"), now);
+  QCOMPARE(texts.staleSince, QString());
+  QCOMPARE(texts.airStaleSince, QStringLiteral("1 hr ago"));
+  QCOMPARE(texts.airValue + texts.airLabel, QStringLiteral("58Moderate"));
+  reading.scale = AirQualityScale::us;
+  texts = weatherTexts(defaultPlace(), reading, Calendar("Europe/Berlin", "en_GB"), now);
+  QVERIFY2(texts.airValue.isEmpty(), "the US index is a gap in this answer");
 }
 
-void WeatherModelTests::unwantedItAsksForNothing() {
+void WeatherModelTests::carriesOutWhatIsDue() {
   Room room;
   WeatherModel model = room.make();
-  QVERIFY(!model.due());
-  model.setUsesFahrenheit(true);
   model.choose(WeatherPlace{"Springfield", std::nullopt, 42.1, -72.5});
-  QVERIFY(room.settled(0));
+  QVERIFY2(room.settled(0), "nobody looks");
   model.setWanted(true, room.clock.now());
   QVERIFY(room.settled(2));
   QVERIFY(room.server.targets[0].startsWith("/v1/forecast?latitude=42.1&longitude=-72.5&"));
-
-  // Taken off the bar and put back, it asks again only for what has come due.
-  model.setWanted(false, room.clock.now());
-  QVERIFY(!model.due());
-  room.clock.pass(minutes(10));
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
-  model.setWanted(false, room.clock.now());
-  room.clock.pass(hours(3));
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(4));
-}
-
-void WeatherModelTests::afterASleepItWaitsForTheNetwork() {
-  Room room;
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
   room.clock.sleep(hours(8));
   model.slept(hours(8), room.clock.now());
-  QVERIFY(model.due() == room.clock.now() + seconds(10));
   QCOMPARE(model.texts().staleSince, QStringLiteral("8 hr ago"));
   room.clock.pass(seconds(10));
   model.tick(room.clock.now());
   QVERIFY(room.settled(4));
-}
-
-void WeatherModelTests::aMissingAirReadingIsAskedForAgainByItself() {
-  Room room;
-  room.air = {.status = 500, .body = {}};
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
-  QVERIFY(QTest::qWaitFor([&] { return model.due() == room.clock.now() + seconds(60); }, 15000));
-  room.air = {.body = sample("air-gaps.json")};
-  room.clock.pass(seconds(60));
-  model.tick(room.clock.now());
-  QVERIFY(room.settled(3));
-  QCOMPARE(room.count("/v1/air-quality?"), 2);
-  QVERIFY(until(model, [&] { return model.reading().airQuality.has_value(); }));
-  QVERIFY2(model.texts().airValue.isEmpty(), "the US index is a gap in this answer");
-  model.setAirQualityScale(QStringLiteral("european"));
-  QCOMPARE(model.texts().airValue + model.texts().airLabel, QStringLiteral("58Moderate"));
-}
-
-void WeatherModelTests::theAirHasAnAgeOfItsOwn() {
-  Room room;
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
-  room.air = {.status = 500, .body = {}};
-  for (int i = 1; i <= 3; ++i) {
-    QVERIFY(model.due() == room.clock.now() + minutes(30));
-    room.clock.pass(minutes(30));
-    model.tick(room.clock.now());
-    QVERIFY(room.settled(2 + 2 * i));
-  }
-  QVERIFY(model.texts().staleSince.isEmpty());
-  QCOMPARE(model.texts().airStaleSince, QStringLiteral("1 hr ago"));
-  QVERIFY(!model.texts().airValue.isEmpty());
 }
 
 void WeatherModelTests::aPlaceIsSearchedForAfterAPause() {
@@ -352,11 +248,11 @@ void WeatherModelTests::returnTakesTheFirstPlaceForWhatIsTyped() {
   model.chooseFirst();
   QCOMPARE(chosen.count(), 0);
   QVERIFY(chosen.wait(15000));
-  QCOMPARE(model.placeLabel(), QStringLiteral("Springfield, United States"));
+  QCOMPARE(model.texts().placeLabel, QStringLiteral("Springfield, United States"));
   QCOMPARE(model.searchResults().at(1).toMap().value(QStringLiteral("detail")).toString(),
            QStringLiteral("Massachusetts, United States"));
 
-  // What stands there is for an older text.
+  // The results shown are for an older text.
   room.places = {.body = sample("places-none.json")};
   model.search(QStringLiteral("Springfielx"));
   QCOMPARE(model.searchResults().size(), 6);
@@ -376,17 +272,17 @@ void WeatherModelTests::aChosenPlaceIsStoredAndAskedForAtOnce() {
   Room room;
   WeatherModel model = room.make();
   model.setWanted(true, room.clock.now());
-  QVERIFY(until(model, [&] { return model.problem().isEmpty(); }));
+  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
   QVERIFY(room.settled(2));
   model.search(QStringLiteral("Springfield"));
   room.clock.pass(Seconds(0.3));
   model.tick(room.clock.now());
   QVERIFY(QTest::qWaitFor([&] { return !model.searchResults().isEmpty(); }, 15000));
   model.choose(6);
-  QCOMPARE(model.placeLabel(), QStringLiteral("London, United Kingdom"));
+  QCOMPARE(model.texts().placeLabel, QStringLiteral("London, United Kingdom"));
   model.choose(1);
-  QCOMPARE(model.placeLabel(), QStringLiteral("Springfield, United States"));
-  QVERIFY2(!model.problem().isEmpty(), "London's weather is not Springfield's");
+  QCOMPARE(model.texts().placeLabel, QStringLiteral("Springfield, United States"));
+  QVERIFY2(!model.texts().problem.isEmpty(), "London's weather is not Springfield's");
   QVERIFY(model.texts().airValue.isEmpty());
   QVERIFY(room.settled(5));
   QVERIFY(room.server.targets[3].startsWith("/v1/forecast?latitude=42.10148&longitude=-72.58981&"));
@@ -394,7 +290,7 @@ void WeatherModelTests::aChosenPlaceIsStoredAndAskedForAtOnce() {
 
   const UserDefaults stored(room.folder / "defaults.json");
   QVERIFY(decodedPlace(stored.data("weatherPlace").value_or("")) == model.place());
-  QCOMPARE(room.make().placeLabel(), QStringLiteral("Springfield, United States"));
+  QCOMPARE(room.make().texts().placeLabel, QStringLiteral("Springfield, United States"));
 }
 
 void WeatherModelTests::anOlderAnswerIsNotLookedAt() {
@@ -414,8 +310,8 @@ void WeatherModelTests::aStoredPlaceThatIsNoneIsPassedOver() {
   Room room;
   room.defaults.set("weatherPlace", DefaultsValue{DefaultsData{"{\"name\":\"X\"}"}});
   room.defaults.set("secondCityPlace", DefaultsValue{std::string("Paris")});
-  QCOMPARE(room.make().placeLabel(), QStringLiteral("London, United Kingdom"));
-  QCOMPARE(room.make(WeatherModel::secondCitySetting()).placeLabel(), QStringLiteral("New York, United States"));
+  QCOMPARE(room.make().texts().placeLabel, QStringLiteral("London, United Kingdom"));
+  QCOMPARE(room.make(WeatherModel::secondCitySetting()).texts().placeLabel, QStringLiteral("New York, United States"));
 }
 
 void WeatherModelTests::theUnitIsAskedOfTheServiceForBothPlaces() {
@@ -426,7 +322,7 @@ void WeatherModelTests::theUnitIsAskedOfTheServiceForBothPlaces() {
   model.setWanted(true, room.clock.now());
   second.setWanted(true, room.clock.now());
   QVERIFY(room.settled(4));
-  QVERIFY(until(model, [&] { return model.problem().isEmpty(); }));
+  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
   room.forecast = {.status = 500, .body = {}};
   model.setUsesFahrenheit(true);
   QVERIFY(room.settled(6));

@@ -53,33 +53,7 @@ TEST(AirQuality, IsDecodedWithItsGaps) {
     EXPECT_FALSE(decodeAirQuality(text).value) << text;
 }
 
-TEST(AirQuality, IsAskedForSoonAgainWithoutAReading) {
-  const Instant asked = at("2026-11-21T09:00:00Z");
-  const AirQuality reading{42, 31, 7.3};
-  struct Row {
-    std::optional<AirQuality> held;
-    int age;
-    bool isDue;
-  };
-  for (const Row& row : {Row{reading, 1799, false}, Row{reading, 1800, true}, Row{std::nullopt, 59, false},
-                         Row{std::nullopt, 60, true}, Row{reading, -1, true}})
-    EXPECT_EQ(isAirQualityDue(row.held, asked, asked + std::chrono::seconds(row.age)), row.isDue) << row.age;
-  EXPECT_TRUE(isAirQualityDue(reading, std::nullopt, asked));
-}
-
-TEST(Requests, WaitLongerAfterEveryFailureWhileThereIsNothingToShow) {
-  const int bad[] = {1800, 60, 120, 240, 480, 960, 1800, 1800};
-  const int unreached[] = {1800, 60, 120, 240, 300, 300, 300, 300};
-  const int refused[] = {1800, 1800, 3600, 7200, 14400, 14400, 14400, 14400};
-  for (int failures = 0; failures < 8; ++failures) {
-    EXPECT_EQ(retryPause(failures, WeatherFailure::bad, false).count(), bad[failures]) << failures;
-    EXPECT_EQ(retryPause(failures, WeatherFailure::bad, true).count(), 1800) << failures;
-    for (const bool hasAnswer : {false, true}) {
-      EXPECT_EQ(retryPause(failures, WeatherFailure::unreached, hasAnswer).count(), unreached[failures]) << failures;
-      EXPECT_EQ(retryPause(failures, WeatherFailure::refused, hasAnswer).count(), refused[failures]) << failures;
-    }
-  }
-  EXPECT_EQ(retryPause(1'000'000, WeatherFailure::bad, false).count(), 1800);
+TEST(Weather, IsStaleOnceARequestAndItsRetryHaveFailed) {
   const Instant updated = at("2026-11-21T09:00:00Z");
   EXPECT_FALSE(isWeatherStale(updated, updated + std::chrono::minutes(45)));
   EXPECT_TRUE(isWeatherStale(updated, updated + std::chrono::minutes(46)));

@@ -3,37 +3,16 @@
 namespace ambrel {
 namespace {
 
-TEST(WeatherCodes, HaveTheirSymbols) {
-  struct Row {
-    int first, last;
-    const char* symbol;
-  };
-  const Row rows[] = {{0, 0, "sun.max.fill"},
-                      {1, 2, "cloud.sun.fill"},
-                      {3, 3, "cloud.fill"},
-                      {4, 44, "cloud.sun"},
-                      {45, 45, "cloud.fog.fill"},
-                      {46, 47, "cloud.sun"},
-                      {48, 48, "cloud.fog.fill"},
-                      {49, 50, "cloud.sun"},
-                      {51, 57, "cloud.drizzle.fill"},
-                      {58, 60, "cloud.sun"},
-                      {61, 67, "cloud.rain.fill"},
-                      {68, 70, "cloud.sun"},
-                      {71, 77, "cloud.snow.fill"},
-                      {78, 79, "cloud.sun"},
-                      {80, 82, "cloud.rain.fill"},
-                      {83, 84, "cloud.sun"},
-                      {85, 86, "cloud.snow.fill"},
-                      {87, 94, "cloud.sun"},
-                      {95, 99, "cloud.bolt.rain.fill"},
-                      {100, 110, "cloud.sun"},
-                      {-3, -1, "cloud.sun"}};
-  for (const Row& row : rows)
-    for (int code = row.first; code <= row.last; ++code) {
-      EXPECT_EQ(weatherSymbol(code), row.symbol) << code;
-      EXPECT_EQ(weatherText(code).empty(), weatherSymbol(code) == "cloud.sun") << code;
-    }
+TEST(WeatherCodes, HaveASymbolAndATextOrNeither) {
+  // The first and the last code of some groups, and what is around them.
+  const std::pair<int, const char*> rows[] = {
+      {-1, "cloud.sun"},      {0, "sun.max.fill"},     {2, "cloud.sun.fill"},        {4, "cloud.sun"},
+      {48, "cloud.fog.fill"}, {50, "cloud.sun"},       {51, "cloud.drizzle.fill"},   {57, "cloud.drizzle.fill"},
+      {58, "cloud.sun"},      {82, "cloud.rain.fill"}, {95, "cloud.bolt.rain.fill"}, {99, "cloud.bolt.rain.fill"},
+      {100, "cloud.sun"}};
+  for (const auto& [code, symbol] : rows) EXPECT_EQ(weatherSymbol(code), symbol) << code;
+  for (int code = -3; code <= 110; ++code)
+    EXPECT_EQ(weatherText(code).empty(), weatherSymbol(code) == "cloud.sun") << code;
   EXPECT_EQ(weatherSymbol(std::nullopt), "cloud.sun");
   EXPECT_EQ(weatherText(std::nullopt), "");
   EXPECT_EQ(weatherText(2), "Partly cloudy");
@@ -41,13 +20,9 @@ TEST(WeatherCodes, HaveTheirSymbols) {
 
 TEST(WeatherTexts, RoundAsPeopleDo) {
   const Calendar us("UTC", "en_US");
-  const Calendar german("UTC", "de_DE");
   for (const auto& [value, text] :
        {std::pair{21.4, "21°"}, {21.5, "22°"}, {-0.4, "0°"}, {-0.5, "-1°"}, {104.0, "104°"}})
     EXPECT_EQ(degreesText(us, value), text) << value;
-  EXPECT_EQ(windText(us, 14.2, false), "14 km/h");
-  EXPECT_EQ(windText(us, 8.8, true), "9 mph");
-  EXPECT_EQ(windText(german, 1234, false), "1.234 km/h");
   EXPECT_EQ(feelsLikeText(us, 19.4, 21.8), "3° colder");
   EXPECT_EQ(feelsLikeText(us, 24.6, 21.8), "3° warmer");
   // Both are shown as 22: the tile must not speak of a difference that it does not show.
