@@ -24,10 +24,12 @@ struct Desk : Program {
       if (slot->property("widget").toString() == QLatin1String(widget)) return slot;
     return nullptr;
   }
-  // Beside what may be a button of its own.
+  // Beside what may be a button of its own, once it is in sight: the bar moves while it comes.
   void click(const char* widget, Qt::MouseButton button = Qt::LeftButton) const {
     QQuickItem* slot = tile(widget);
-    QTest::mouseClick(slot->window(), button, {}, slot->mapToScene({slot->width() - 6, 6}).toPoint());
+    const auto place = [slot] { return slot->mapToScene({slot->width() - 6, 6}).toPoint(); };
+    QVERIFY(QTest::qWaitFor([&] { return QRect({0, 0}, slot->window()->size()).contains(place()); }));
+    QTest::mouseClick(slot->window(), button, {}, place());
   }
   // What the panel shows that is open.
   QQuickItem* panel() const {
