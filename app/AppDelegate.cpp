@@ -65,7 +65,7 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
       model_(surroundings_.dataFolder / "profiles.json", defaults_, license_,
              [this] { return displaysOf(desktop_.screens); }),
       background_(makeBackground(*this)),
-      agents_(settings_, surroundings_.home, surroundings_.calendar,
+      agents_(settings_, surroundings_.home, surroundings_.dataFolder, surroundings_.calendar,
               {.background = background_,
                .notifications = desktop_.notifications,
                .workspace = desktop_.workspace,

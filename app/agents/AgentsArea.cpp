@@ -1,13 +1,14 @@
 #include "app/agents/AgentsArea.h"
 
 #include "app/base/QmlObjects.h"
+#include "core/agents/attention/AgentPoll.h"
 
 namespace ambrel {
 
-AgentsArea::AgentsArea(AppSettings& settings, std::filesystem::path home, Calendar calendar, AgentsModel::Seams seams,
-                       QObject* parent)
+AgentsArea::AgentsArea(AppSettings& settings, std::filesystem::path home, const std::filesystem::path& dataFolder,
+                       Calendar calendar, AgentsModel::Seams seams, QObject* parent)
     : Area(QStringLiteral("Agents"), parent),
-      agents_(settings, makeAgentReaders(), std::move(home), std::move(calendar), std::move(seams)) {
+      agents_(settings, makeAttentiveReaders(dataFolder), std::move(home), std::move(calendar), std::move(seams)) {
   keep({this, &agents_});
 }
 

@@ -13,8 +13,9 @@ class AgentsArea : public Area {
   Q_PROPERTY(ambrel::AgentsModel* agents READ agents CONSTANT FINAL)
 
  public:
-  AgentsArea(AppSettings& settings, std::filesystem::path home, Calendar calendar, AgentsModel::Seams seams,
-             QObject* parent = nullptr);
+  // dataFolder: the program's own, where the tools' hooks leave their events.
+  AgentsArea(AppSettings& settings, std::filesystem::path home, const std::filesystem::path& dataFolder,
+             Calendar calendar, AgentsModel::Seams seams, QObject* parent = nullptr);
 
   AgentsModel* agents() { return &agents_; }
   // What is no other area's is the id of a session.
