@@ -96,11 +96,16 @@ struct OwnerClient::Impl {
   void run() {
     while (!isStopping) {
       while (client) {
-        const Freed event(xcb_poll_for_event(client->connection));
+        if (const Freed event(xcb_poll_for_event(client->connection)); event) {
+          handle(*event.get());
+          continue;
+        }
+        // Writing much may bring events along that poll() then does not report.
+        xcb_flush(client->connection);
+        const Freed event(xcb_poll_for_queued_event(client->connection));
         if (!event) break;
         handle(*event.get());
       }
-      if (client) xcb_flush(client->connection);
       std::array<pollfd, 2> files{
           {{wake, POLLIN, 0}, {client ? xcb_get_file_descriptor(client->connection) : -1, POLLIN, 0}}};
       poll(files.data(), files.size(), -1);
