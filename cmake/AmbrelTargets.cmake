@@ -73,8 +73,8 @@ function(ambrel_core_test name)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
 endfunction()
 
-# A QML module: a static library of C++ types and QML files under one URI; whoever uses it links it. It has no plugin: its
-# registrations are asked for by name, so that the linker takes them out of the library.
+# A QML module: a static library of C++ types and QML files under one URI. Programs and tests that use it link it
+# through ambrel_qml_program or ambrel_qt_test, which add the module's plugin as well.
 # ambrel_qml_module(NAME URI a.b [QML FILES...] [SOURCES...] [RESOURCES...] [LINK PUBLIC_LIBRARIES...] [PRIVATE...]
 #                   [DEPENDS URIS...])  DEPENDS: the modules whose types its own C++ types have as properties
 function(ambrel_qml_module name)
@@ -84,19 +84,8 @@ function(ambrel_qml_module name)
   if(NOT AMBREL_QML_CACHE)
     set(_cache NO_CACHEGEN)
   endif()
-  string(REPLACE "." "_" _registration "qml_register_types_${ARG_URI}")
-  set(_cached "qInitResources_qmlcache_${name}")
-  set(_symbols "")
-  foreach(_symbol IN ITEMS ${_registration} ${_cached})
-    string(LENGTH ${_symbol} _length)
-    list(APPEND _symbols "LINKER:--undefined=_Z${_length}${_symbol}v")
-  endforeach()
-  if(NOT AMBREL_QML_CACHE)
-    list(POP_BACK _symbols)
-  endif()
   qt_add_library(${name} STATIC)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_link_options(${name} INTERFACE ${_symbols})
   # Without the dependency on QtQuick and the import path, qmllint knows neither painted items nor our other modules.
   qt_add_qml_module(${name}
     URI ${ARG_URI} VERSION 1.0
@@ -107,8 +96,8 @@ function(ambrel_qml_module name)
     QML_FILES ${ARG_QML}
     SOURCES ${ARG_SOURCES}
     RESOURCES ${ARG_RESOURCES}
-    NO_PLUGIN
     ${_cache})
+  set_target_properties(${name}plugin PROPERTIES AUTOMOC ON)
   # A file of compiled QML is a page of data under a long list of headers: many to a translation unit build several
   # times faster. Everything else stays by itself.
   get_target_property(_sources ${name} SOURCES)
@@ -121,12 +110,19 @@ function(ambrel_qml_module name)
   ambrel_precompile(${name} ambrel_qt_headers)
 endfunction()
 
+# Links QML modules and their plugins to a program; the engine needs addImportPath("qrc:/qt/qml").
+function(ambrel_link_qml_modules name)
+  foreach(_module IN LISTS ARGN)
+    target_link_libraries(${name} PRIVATE ${_module} ${_module}plugin)
+  endforeach()
+endfunction()
+
 # ambrel_qml_program(NAME SOURCES... MODULES QML_MODULES... LINK LIBRARIES...)
 function(ambrel_qml_program name)
   cmake_parse_arguments(ARG "" "" "SOURCES;MODULES;LINK" ${ARGN})
   qt_add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ambrel_flags ${ARG_LINK} Qt6::Quick)
-  target_link_libraries(${name} PRIVATE ${ARG_MODULES})
+  ambrel_link_qml_modules(${name} ${ARG_MODULES})
 endfunction()
 
 # A QTest program, run without a display and without a session bus. One test class a source file, which includes its
@@ -140,8 +136,10 @@ function(ambrel_qt_test name)
   if(ARG_CASES)
     ambrel_test_data(${name})
   endif()
-  target_link_libraries(${name} PRIVATE ${ARG_MODULES})
-  ambrel_precompile(${name} ambrel_qt_test_headers)
+  ambrel_link_qml_modules(${name} ${ARG_MODULES})
+  if(ARG_MODULES)
+    ambrel_precompile(${name} ambrel_qt_test_headers)
+  endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8;TZ=UTC;DBUS_SESSION_BUS_ADDRESS=disabled:")
