@@ -17,7 +17,7 @@ struct ScreenInfo {
   bool isBuiltin = false;  // a panel of the computer itself: eDP, LVDS or DSI
   // A dock of another program that reserves nothing at its lower edge, as one that hides by itself does: how high it
   // is when it can be seen. While it can, the visible frame ends above it.
-  std::optional<double> hidingDockHeight;
+  std::optional<double> hidingDockHeight = {};
   bool operator==(const ScreenInfo&) const = default;
 };
 
