@@ -4,7 +4,7 @@
 #include <QQmlEngine>
 #include <gtest/gtest.h>
 
-#include "app/frame/FramedWindow.h"
+#include "app/window/FramedWindow.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "tests/e2e/Desktop.h"
 
@@ -31,7 +31,7 @@ TEST(FrameOnManager, FollowsThePointerAndLetsGo) {
   QQmlEngine engine;
   engine.addImportPath("qrc:/qt/qml");
   const QTemporaryDir folder;
-  writeFile(folder.filePath("Frame.qml"), "import Ambrel.Frame\nWindowFrame { title: 'Frame'; symbol: 'xmark' }\n");
+  writeFile(folder.filePath("Frame.qml"), "import Ambrel.Window\nWindowFrame { title: 'Frame'; symbol: 'xmark' }\n");
   FramedWindow window(engine, style, "Frame", {500, 400}, {300, 200});
   window.setInitialProperties({{"window", QVariant::fromValue(&window)}});
   window.setSource(QUrl::fromLocalFile(folder.filePath("Frame.qml")));

@@ -139,7 +139,7 @@ class ClipListModelTests : public QObject {
     const auto age = [&](int row) { return list.model.index(row).data(ClipListModel::role("age")).toString(); };
     list.model.setNow(at(2));
     QCOMPARE(age(0), "now");
-    list.model.setNow(at(3600));
+    list.model.setNow(at(3602));
     QCOMPARE(age(0), "1 hr");
     const QString before = list.model.idAt(0);
     list.model.drop({&list.model.rows().front().id, 1});

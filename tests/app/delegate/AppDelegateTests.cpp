@@ -3,8 +3,8 @@
 #include <csignal>
 
 #include "app/Environment.h"
-#include "app/kit/Theme.h"
 #include "app/QuitSignals.h"
+#include "app/kit/Theme.h"
 #include "core/workspace/Wish.h"
 #include "tests/app/delegate/Program.h"
 
@@ -255,7 +255,8 @@ void AppDelegateTests::signalsEndItAsItsMenuDoes() {
   int raised = 0;
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     raise(signal);
-    QTRY_COMPARE(quits, ++raised);
+    ++raised;
+    QTRY_COMPARE(quits, raised);
   }
 }
 

@@ -258,12 +258,12 @@ void FocusAndWeatherTests::aChangedZoneIsFollowed() {
   QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Tomorrow"));
 
   desk.desktop.timeZone.set("America/New_York");
-  QCOMPARE(desk.delegate->clock().time(), QStringLiteral("4:41\u202fAM"));
+  QCOMPARE(desk.delegate->clock().face().time, QStringLiteral("4:41\u202fAM"));
   QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Today"));
   QCOMPARE(desk.focus().water()->face().nextText, QStringLiteral("Next glass at 5:11\u202fAM"));
 
   desk.desktop.timeZone.set("Pacific/Kiritimati");
-  QCOMPARE(desk.delegate->clock().weekday(), QStringLiteral("Saturday"));
+  QCOMPARE(desk.delegate->clock().face().weekday, QStringLiteral("Saturday"));
   desk.desktop.clock.pass(minutes(30));
   desk.desktop.timeZone.set("Pacific/Kiritimati");
   QCOMPARE(desk.focus().mood()->week().today, 0);

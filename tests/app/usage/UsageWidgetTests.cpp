@@ -87,7 +87,7 @@ void UsageWidgetTests::cleanup() {
 
 bool UsageWidgetTests::show(const QString& type, const QVariantMap& properties) {
   QVariantMap wide = properties;
-  if (type.endsWith(QLatin1String("Tile"))) wide.insert(QStringLiteral("span"), 3);
+  if (type != QLatin1String("ClaudeLimitsRow")) wide.insert(QStringLiteral("span"), 3);
   QQmlComponent component(view->engine(), QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Usage/%1.qml").arg(type)));
   item.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(wide)));
   if (!item) {
