@@ -73,7 +73,7 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
     const auto usage = topApps_.value().value_or(std::vector<ProcessUsage>{});
     face(topApps).set(topAppsTile(c, sampled(topApps_)));
     face(topApps).setRows(processRows(c, usage, shownPrograms));
-    face(cpu).setRows(processRows(c, usage, listedPrograms));
+    processes_.setRows(processRows(c, usage, listedPrograms));
   });
   follow(batteryHealth_, {batteryHealth}, [this](const Calendar& c) { publishPower(c); });
   follow(power_, {battery, power}, [this](const Calendar& c) {
@@ -96,7 +96,7 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
   });
   publishUptime(seams_.now());
   setDisplay(std::nullopt);
-  keep({&bluetooth_, &sound_, &keepAwake_});
+  keep({&processes_, &bluetooth_, &sound_, &keepAwake_});
 }
 
 LiveModels::~LiveModels() = default;

@@ -42,6 +42,8 @@ class LiveModels : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
+  // The busiest programs; the tile has the first three in its face.
+  Q_PROPERTY(ambrel::RowList* processes READ processes CONSTANT FINAL)
 
  public:
   explicit LiveModels(LiveSeams seams, QObject* parent = nullptr);
@@ -55,9 +57,9 @@ class LiveModels : public QObject {
   [[nodiscard]] Need require(SamplerBase& sampler, Seconds interval);
   // The one that the widget shows; null for one that shows none.
   SamplerBase* samplerOf(DockWidget widget);
-  // What the widget's tile shows. The list is that of the panel, but for the three programs in the tile `topApps`; its
-  // panel has them under `cpu`.
+  // What the widget's tile shows, and the list of its panel.
   LiveFace& face(DockWidget widget) { return faces_[widget]; }
+  RowList* processes() { return &processes_; }
   void setDisplay(const std::optional<DisplayReading>& display);
 
   // Unmounts and powers down the drive of this row; the row says how it went.
@@ -128,6 +130,7 @@ class LiveModels : public QObject {
   Sampler<ThermalReading> thermal_;
   Sampler<std::vector<NetworkAddress>> addresses_;
   std::map<DockWidget, LiveFace> faces_;
+  GadgetListModel<LiveRow> processes_;
   BluetoothModel bluetooth_;
   SoundModel sound_;
   KeepAwakeModel keepAwake_;

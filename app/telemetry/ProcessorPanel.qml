@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Telemetry
 
@@ -6,7 +7,8 @@ import Ambrel.Telemetry
 LivePanel {
     id: root
 
-    readonly property LiveFace face: area.face("cpu")
+    readonly property tileReading reading: area.face("cpu").reading
+    readonly property RowList processes: area.readings.processes
 
     title: qsTr("Processor")
     symbol: "cpu"
@@ -15,7 +17,7 @@ LivePanel {
 
     headerItems: Label {
         anchors.verticalCenter: parent.verticalCenter
-        text: isNaN(root.face.reading.percent) ? "" : root.face.reading.figure
+        text: isNaN(root.reading.percent) ? "" : root.reading.figure
         role: Theme.small
         color: Theme.ink2
     }
@@ -27,7 +29,7 @@ LivePanel {
         width: parent.width - 2 * Theme.space4
         height: 72
         capacity: 30
-        values: root.face.reading.history
+        values: root.reading.history
     }
     Label {
         id: heading
@@ -44,7 +46,7 @@ LivePanel {
         width: parent.width - 2 * Theme.space4
         anchors.top: heading.bottom
         anchors.topMargin: Theme.space2
-        visible: root.face.rows.count === 0
+        visible: root.processes.count === 0
         text: root.area.face("topApps").reading.message === "" ? qsTr("Measuring…") : root.area.face("topApps").reading.message
         role: Theme.body
         color: Theme.ink2
@@ -63,7 +65,7 @@ LivePanel {
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         focus: true
-        model: root.face.rows
+        model: root.processes
         Accessible.role: Accessible.List
         Accessible.name: heading.text
 

@@ -179,6 +179,11 @@ void LiveTilesTests::panelsShowTheDetails() {
   Scene scene;
   QVERIFY(loadPanels(scene, computer));
   check(scene, "panels");
+  // Each has the list of its part.
+  QStringList texts;
+  visitShown(scene.root(), [&](QQuickItem* item) { texts << item->property("text").toString(); });
+  for (const char* text : {"cc1plus", "192.168.178.120", "Jitter", "Cycles", "Link speed", "Archive", "MX Keys"})
+    QVERIFY2(texts.contains(QLatin1String(text)), text);
 }
 
 void LiveTilesTests::panelsWithoutAPartSayWhy() {
