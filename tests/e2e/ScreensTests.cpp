@@ -71,7 +71,7 @@ TEST_F(ScreensOnX11, ADockThatHidesIsTold) {
             "panel_items = S\npanel_position = bottom center horizontal\npanel_size = 60% 40\n"
             "strut_policy = none\nautohide = 1\nautohide_height = 2\n");
   EXPECT_FALSE(screens.list().front().hidingDockHeight);
-  run("xdotool", {"mousemove", "800", "890"});
+  run("xdotool", {"mousemove", "800", "899"});
   Client dock("tint2", {"-c", folder_.filePath("hiding")});
   // While the pointer is on it, it is out.
   EXPECT_TRUE(waitFor([&] { return screens.list().front().hidingDockHeight == 40.0; }));
