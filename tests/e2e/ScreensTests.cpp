@@ -64,17 +64,20 @@ TEST_F(ScreensOnX11, ADockThatHidesIsTold) {
   X11WindowStyle style(connection_.get());
   QWindow own;
   style.prepare(own, WindowRole::dock);
-  style.place(own, QRect(300, 800, 1000, 100));
+  // Clear of the dock's strip, which the pointer has to reach.
+  style.place(own, QRect(300, 400, 1000, 100));
   own.show();
   ASSERT_TRUE(waitFor([&] { return own.isExposed(); }));
   writeFile(folder_.filePath("hiding"),
             "panel_items = S\npanel_position = bottom center horizontal\npanel_size = 60% 40\n"
             "strut_policy = none\nautohide = 1\nautohide_height = 2\n");
   EXPECT_FALSE(screens.list().front().hidingDockHeight);
-  run("xdotool", {"mousemove", "800", "899"});
   Client dock("tint2", {"-c", folder_.filePath("hiding")});
-  // While the pointer is on it, it is out.
-  EXPECT_TRUE(waitFor([&] { return screens.list().front().hidingDockHeight == 40.0; }));
+  // It comes out when the pointer enters its strip, and is out while the pointer is on it.
+  EXPECT_TRUE(waitFor([&] {
+    run("xdotool", {"mousemove", "800", "890", "mousemove", "800", "899"});
+    return screens.list().front().hidingDockHeight == 40.0;
+  }));
   EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == Rect{0, 40, 1600, 860}; }));
   run("xdotool", {"mousemove", "800", "300"});
   EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == screens.list().front().frame; }));
