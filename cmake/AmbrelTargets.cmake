@@ -26,7 +26,10 @@ target_compile_options(ambrel_strict INTERFACE -Wpedantic -Wshadow -Wnon-virtual
 # Tests are built more often than they run for long. Programs and libraries use one set of precompiled headers, which
 # asks for one kind of code.
 add_library(ambrel_quick_build INTERFACE)
-target_compile_options(ambrel_quick_build INTERFACE -fPIC $<$<STREQUAL:"${AMBREL_SANITIZE}","">:-O0>)
+target_compile_options(ambrel_quick_build INTERFACE -fPIC)
+if(NOT AMBREL_SANITIZE)
+  target_compile_options(ambrel_quick_build INTERFACE -O0)
+endif()
 
 # Headers that are parsed once for all targets that name their set: that takes longer than the rest of most files.
 # ambrel_precompiled_headers(NAME HEADERS... LINK LIBRARIES...)
