@@ -121,7 +121,7 @@ struct WatchedHistory {
   UserDefaults defaults{folder / "defaults.json"};
   AppSettings settings{defaults};
   LinuxDesktop desktop{std::getenv("DISPLAY") ? std::getenv("DISPLAY") : "", folder.path().string(),
-                       Calendar("UTC", "en_US")};
+                       Calendar("UTC", "en_US"), folder / "localtime"};
   QObject context;
   ClipboardModel model{
       settings, folder / "Clipboard", Calendar("UTC", "en_US"),
