@@ -5,6 +5,7 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
+#include "app/base/Face.h"
 #include "core/agents.h"
 #include "core/agents/AgentTransitions.h"
 #include "core/base/Calendar.h"
@@ -15,25 +16,17 @@ struct AgentFace {
   Q_GADGET
   QML_VALUE_TYPE(agentFace)
   Q_PROPERTY(QString sessionId MEMBER id FINAL)
-  Q_PROPERTY(QString kind MEMBER kind FINAL)
-  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
-  Q_PROPERTY(QString icon MEMBER icon FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString subtitle MEMBER subtitle FINAL)
-  Q_PROPERTY(QString status MEMBER status FINAL)
-  Q_PROPERTY(QString statusText MEMBER statusText FINAL)
-  Q_PROPERTY(QString age MEMBER age FINAL)
 
  public:
   QString id;
-  QString kind;    // "Claude Code"
-  QString symbol;  // of the kind, where the tool has no icon
-  QString icon;    // where its picture is; empty when it has none
-  QString title;
-  QString subtitle;  // "web-shop · Bash"
-  QString status;    // the name of the case
-  QString statusText;
-  QString age;  // "2 min"
+  FACE_FIELDS(QString, kind);    // "Claude Code"
+  FACE_FIELDS(QString, symbol);  // of the kind, where the tool has no icon
+  FACE_FIELDS(QString, icon);    // where its picture is; empty when it has none
+  FACE_FIELDS(QString, title);
+  FACE_FIELDS(QString, subtitle);  // "web-shop · Bash"
+  FACE_FIELDS(QString, status);    // the name of the case
+  FACE_FIELDS(QString, statusText);
+  FACE_FIELDS(QString, age);  // "2 min"
 
   friend bool operator==(const AgentFace&, const AgentFace&) = default;
 };
@@ -44,17 +37,10 @@ AgentFace agentFace(const AgentSession& session, QString icon, Instant now, cons
 struct AgentsFace {
   Q_GADGET
   QML_VALUE_TYPE(agentsFace)
-  Q_PROPERTY(int needsInput MEMBER needsInput FINAL)
-  Q_PROPERTY(int working MEMBER working FINAL)
-  Q_PROPERTY(int finished MEMBER finished FINAL)
-  Q_PROPERTY(int count MEMBER count FINAL)
-  Q_PROPERTY(QString summary MEMBER summary FINAL)
-  Q_PROPERTY(ambrel::AgentFace first MEMBER first FINAL)
-
  public:
-  int needsInput = 0, working = 0, finished = 0, count = 0;
-  QString summary;  // one sentence for a tooltip and a screen reader
-  AgentFace first;  // the most urgent session, and of these the newest
+  FACE_FIELDS(int, needsInput, working, finished, count);
+  FACE_FIELDS(QString, summary);          // one sentence for a tooltip and a screen reader
+  FACE_FIELDS(ambrel::AgentFace, first);  // the most urgent session, and of these the newest
 
   friend bool operator==(const AgentsFace&, const AgentsFace&) = default;
 };

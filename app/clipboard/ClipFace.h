@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "app/base/Face.h"
 #include "app/clipboard/ClipFileLookup.h"
 #include "core/base/Calendar.h"
 #include "core/clipboard/Capture.h"
@@ -35,43 +36,24 @@ struct ClipRow {
 struct ClipFace {
   Q_GADGET
   QML_VALUE_TYPE(clipFace)
-  Q_PROPERTY(QString clipId MEMBER clipId FINAL)
-  Q_PROPERTY(QString look MEMBER look FINAL)
-  Q_PROPERTY(QString kindText MEMBER kindText FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString detail MEMBER detail FINAL)
-  Q_PROPERTY(QString code MEMBER code FINAL)
-  Q_PROPERTY(QColor swatch MEMBER swatch FINAL)
-  Q_PROPERTY(QVariantList files MEMBER files FINAL)
-  Q_PROPERTY(QString moreFiles MEMBER moreFiles FINAL)
-  Q_PROPERTY(QString picture MEMBER picture FINAL)
-  Q_PROPERTY(QString foot MEMBER foot FINAL)
-  Q_PROPERTY(QString age MEMBER age FINAL)
-  Q_PROPERTY(QString forgetting MEMBER forgetting FINAL)
-  Q_PROPERTY(QString spoken MEMBER spoken FINAL)
-  Q_PROPERTY(int pinNumber MEMBER pinNumber FINAL)
-  Q_PROPERTY(bool isPinned MEMBER isPinned FINAL)
-  Q_PROPERTY(bool isCurrent MEMBER isCurrent FINAL)
-  Q_PROPERTY(bool hasTextBeside MEMBER hasTextBeside FINAL)
-
  public:
-  QString clipId;
-  QString look;           // the name of a ClipLook; "lost" for what is no clip
-  QString kindText;       // "Text", "Files"
-  QString title, detail;  // ClipPreview's
+  FACE_FIELDS(QString, clipId);
+  FACE_FIELDS(QString, look);           // the name of a ClipLook; "lost" for what is no clip
+  FACE_FIELDS(QString, kindText);       // "Text", "Files"
+  FACE_FIELDS(QString, title, detail);  // ClipPreview's
   // The code of a clip that is code, for a text of the style StyledText. Its colours are the names of a CodeWord, in
   // quotation marks, which nothing else in it is.
-  QString code;
-  QColor swatch = Qt::transparent;
-  QVariantList files;  // {name, symbol}
-  QString moreFiles;   // "and 2 more"
-  QString picture;     // the name of its file
-  QString foot;        // where it comes from, or how large it is
-  QString age;
-  QString forgetting;  // "forgotten in 42 min"; empty for what is kept
-  QString spoken;      // all of it in a sentence; a secret is not told
-  int pinNumber = 0;
-  bool isPinned = false, isCurrent = false, hasTextBeside = false;
+  FACE_FIELDS(QString, code);
+  FACE_FIELD(QColor, swatch, Qt::transparent);
+  FACE_FIELDS(QVariantList, files);  // {name, symbol}
+  FACE_FIELDS(QString, moreFiles);   // "and 2 more"
+  FACE_FIELDS(QString, picture);     // the name of its file
+  FACE_FIELDS(QString, foot);        // where it comes from, or how large it is
+  FACE_FIELDS(QString, age);
+  FACE_FIELDS(QString, forgetting);  // "forgotten in 42 min"; empty for what is kept
+  FACE_FIELDS(QString, spoken);      // all of it in a sentence; a secret is not told
+  FACE_FIELDS(int, pinNumber);
+  FACE_FIELDS(bool, isPinned, isCurrent, hasTextBeside);
   friend bool operator==(const ClipFace&, const ClipFace&) = default;
 };
 

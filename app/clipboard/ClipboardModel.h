@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "app/base/Background.h"
+#include "app/base/Face.h"
 #include "app/base/Presentation.h"
 #include "app/clipboard/ClipCapture.h"
 #include "app/clipboard/ClipFileLookup.h"
@@ -32,10 +33,9 @@ class AppSettings;
 struct CollectionRow {
   Q_GADGET
   Q_PROPERTY(QString collectionId MEMBER id FINAL)
-  Q_PROPERTY(QString name MEMBER name FINAL)
-
  public:
-  QString id, name;
+  QString id{};
+  FACE_FIELDS(QString, name);
   friend bool operator==(const CollectionRow&, const CollectionRow&) = default;
 };
 

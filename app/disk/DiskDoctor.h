@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/base/Background.h"
+#include "app/base/Face.h"
 #include "app/disk/DiskCleaner.h"
 #include "app/disk/DiskExplorer.h"
 #include "app/disk/DiskProgress.h"
@@ -29,26 +30,14 @@ class ScanNews;
 struct DiskFace {
   Q_GADGET
   QML_VALUE_TYPE(diskFace)
-  Q_PROPERTY(bool isGuarded MEMBER isGuarded FINAL)
-  Q_PROPERTY(bool isScanning MEMBER isScanning FINAL)
-  Q_PROPERTY(bool isAnalyzing MEMBER isAnalyzing FINAL)
-  Q_PROPERTY(bool isDone MEMBER isDone FINAL)
-  Q_PROPERTY(QString message MEMBER message FINAL)
-  Q_PROPERTY(QString headline MEMBER headline FINAL)
-  Q_PROPERTY(QString summary MEMBER summary FINAL)
-  Q_PROPERTY(QString skippedText MEMBER skippedText FINAL)
-  Q_PROPERTY(QString skippedFolders MEMBER skippedFolders FINAL)
-  Q_PROPERTY(QString unknownText MEMBER unknownText FINAL)
-
  public:
-  bool isGuarded = false;    // the home may not be read
-  bool isScanning = false;   // until the result is there
-  bool isAnalyzing = false;  // the folders are read, and copies are still looked for
-  bool isDone = false;
-  QString message;  // why there is no result: a folder that could not be read, a scan that was stopped
-  QString headline, summary;
-  QString skippedText, skippedFolders;
-  QString unknownText;  // what the rules could not tell on this volume; empty where they could tell all
+  FACE_FIELDS(bool, isGuarded);    // the home may not be read
+  FACE_FIELDS(bool, isScanning);   // until the result is there
+  FACE_FIELDS(bool, isAnalyzing);  // the folders are read, and copies are still looked for
+  FACE_FIELDS(bool, isDone);
+  FACE_FIELDS(QString, message);  // why there is no result: a folder that could not be read, a scan that was stopped
+  FACE_FIELDS(QString, headline, summary, skippedText, skippedFolders);
+  FACE_FIELDS(QString, unknownText);  // what the rules could not tell on this volume; empty where they could tell all
   friend bool operator==(const DiskFace&, const DiskFace&) = default;
 };
 

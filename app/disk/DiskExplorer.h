@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
 #include "app/disk/DiskNode.h"
 #include "core/base/Calendar.h"
@@ -22,19 +23,14 @@ std::vector<int> sunburstColors(const DiskItem& center);
 struct DiskPart {
   Q_GADGET
   Q_PROPERTY(QString partId MEMBER id FINAL)
-  Q_PROPERTY(QString name MEMBER name FINAL)
-  Q_PROPERTY(QString size MEMBER size FINAL)
   Q_PROPERTY(int colorRank MEMBER color FINAL)
-  Q_PROPERTY(bool isFolder MEMBER isFolder FINAL)
-  Q_PROPERTY(bool isHighlighted MEMBER isHighlighted FINAL)
 
  public:
   QString id;  // what is behind it; empty for what was put together
-  QString name;
-  QString size = {};
-  int color = 0;          // the chart's; negative for what has not been read yet
-  bool isFolder = false;  // it can be entered
-  bool isHighlighted = false;
+  FACE_FIELDS(QString, name, size);
+  int color = 0;                // the chart's; negative for what has not been read yet
+  FACE_FIELDS(bool, isFolder);  // it can be entered
+  FACE_FIELDS(bool, isHighlighted);
   friend bool operator==(const DiskPart&, const DiskPart&) = default;
 };
 
@@ -42,17 +38,11 @@ struct DiskPart {
 struct DiskSpot {
   Q_GADGET
   QML_VALUE_TYPE(diskSpot)
-  Q_PROPERTY(ambrel::DiskNode center MEMBER center FINAL)
-  Q_PROPERTY(bool canGoUp MEMBER canGoUp FINAL)
-  Q_PROPERTY(QString size MEMBER size FINAL)
-  Q_PROPERTY(QString name MEMBER name FINAL)
-  Q_PROPERTY(QString description MEMBER description FINAL)
-
  public:
-  DiskNode center;
-  bool canGoUp = false;
-  QString size, name;
-  QString description;  // one sentence for screen readers
+  FACE_FIELDS(ambrel::DiskNode, center);
+  FACE_FIELDS(bool, canGoUp);
+  FACE_FIELDS(QString, size, name);
+  FACE_FIELDS(QString, description);  // one sentence for screen readers
   friend bool operator==(const DiskSpot&, const DiskSpot&) = default;
 };
 

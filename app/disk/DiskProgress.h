@@ -5,6 +5,7 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
+#include "app/base/Face.h"
 #include "app/disk/ScanNews.h"
 #include "core/base/Calendar.h"
 
@@ -13,15 +14,10 @@ namespace ambrel {
 struct DiskProgress {
   Q_GADGET
   QML_VALUE_TYPE(diskProgress)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString detail MEMBER detail FINAL)
-  Q_PROPERTY(QString figure MEMBER figure FINAL)
-  Q_PROPERTY(double percent MEMBER percent FINAL)
-
  public:
-  QString title, detail;
-  QString figure;  // "71 %"; empty when the share is not known
-  double percent = 0;
+  FACE_FIELDS(QString, title, detail);
+  FACE_FIELDS(QString, figure);  // "71 %"; empty when the share is not known
+  FACE_FIELDS(double, percent);
   friend bool operator==(const DiskProgress&, const DiskProgress&) = default;
 };
 

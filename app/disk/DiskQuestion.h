@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "app/base/Face.h"
 #include "core/base/Calendar.h"
 #include "core/disk.h"
 #include "platform/LanguageModel.h"
@@ -18,22 +19,13 @@ namespace ambrel {
 struct DiskAnswer {
   Q_GADGET
   QML_VALUE_TYPE(diskAnswer)
-  Q_PROPERTY(bool isOpen MEMBER isOpen FINAL)
-  Q_PROPERTY(QString itemID MEMBER itemID FINAL)
-  Q_PROPERTY(QString name MEMBER name FINAL)
-  Q_PROPERTY(QString detail MEMBER detail FINAL)
-  Q_PROPERTY(QString question MEMBER question FINAL)
-  Q_PROPERTY(QString answer MEMBER answer FINAL)
-  Q_PROPERTY(bool isAnswering MEMBER isAnswering FINAL)
-  Q_PROPERTY(bool takesQuestions MEMBER takesQuestions FINAL)
-
  public:
-  bool isOpen = false;
-  QString itemID, name;
-  QString detail;  // its size and its place
-  QString question = {}, answer = {};
-  bool isAnswering = false;
-  bool takesQuestions = false;  // questions of one's own get answers of their own
+  FACE_FIELDS(bool, isOpen);
+  FACE_FIELDS(QString, itemID, name);
+  FACE_FIELDS(QString, detail);  // its size and its place
+  FACE_FIELDS(QString, question, answer);
+  FACE_FIELDS(bool, isAnswering);
+  FACE_FIELDS(bool, takesQuestions);  // questions of one's own get answers of their own
   friend bool operator==(const DiskAnswer&, const DiskAnswer&) = default;
 };
 

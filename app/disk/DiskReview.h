@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
 #include "app/disk/DiskCleaner.h"
 
@@ -16,18 +17,11 @@ namespace ambrel {
 // A thing that is about to go to the Trash, or what became of it.
 struct CleanupRow {
   Q_GADGET
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString detail MEMBER detail FINAL)
-  Q_PROPERTY(QString size MEMBER size FINAL)
-  Q_PROPERTY(QString note MEMBER note FINAL)
-  Q_PROPERTY(bool hasMoved MEMBER hasMoved FINAL)
-  Q_PROPERTY(bool hasStayed MEMBER hasStayed FINAL)
-
  public:
   std::string path;
-  QString title, detail, size;
-  QString note;  // why it stayed, or why it is worth a look before it goes
-  bool hasMoved = false, hasStayed = false;
+  FACE_FIELDS(QString, title, detail, size);
+  FACE_FIELDS(QString, note);  // why it stayed, or why it is worth a look before it goes
+  FACE_FIELDS(bool, hasMoved, hasStayed);
   friend bool operator==(const CleanupRow&, const CleanupRow&) = default;
 };
 
@@ -37,16 +31,13 @@ struct ReviewFace {
   Q_PROPERTY(bool isOpen READ isOpen FINAL)
   Q_PROPERTY(bool isReviewing READ isReviewing FINAL)
   Q_PROPERTY(bool isReported READ isReported FINAL)
-  Q_PROPERTY(bool canMove MEMBER canMove FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString detail MEMBER detail FINAL)
 
  public:
   enum class Stage { closed, reviewing, moving, reported };
 
   Stage stage = Stage::closed;
-  bool canMove = false;  // the items have a Trash to go to
-  QString title = {}, detail = {};
+  FACE_FIELDS(bool, canMove);  // the items have a Trash to go to
+  FACE_FIELDS(QString, title, detail);
 
   bool isOpen() const { return stage != Stage::closed; }
   bool isReviewing() const { return stage == Stage::reviewing; }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
 #include "app/disk/FindingRow.h"
 
@@ -15,16 +16,10 @@ namespace ambrel {
 struct FindingChoice {
   Q_GADGET
   QML_VALUE_TYPE(findingChoice)
-  Q_PROPERTY(bool hasFindings MEMBER hasFindings FINAL)
-  Q_PROPERTY(bool hasSafeItems MEMBER hasSafeItems FINAL)
-  Q_PROPERTY(bool hasChosen MEMBER hasChosen FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString moveTitle MEMBER moveTitle FINAL)
-
  public:
-  bool hasFindings = false, hasSafeItems = false, hasChosen = false;
-  QString title;      // "5 of 31 chosen"
-  QString moveTitle;  // what the button that moves them says
+  FACE_FIELDS(bool, hasFindings, hasSafeItems, hasChosen);
+  FACE_FIELDS(QString, title);      // "5 of 31 chosen"
+  FACE_FIELDS(QString, moveTitle);  // what the button that moves them says
   friend bool operator==(const FindingChoice&, const FindingChoice&) = default;
 };
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "app/base/Face.h"
 #include "core/base/Calendar.h"
 #include "core/disk/FindingSelection.h"
 
@@ -19,17 +20,8 @@ struct FindingRow {
   Q_GADGET
   Q_PROPERTY(QString rowId MEMBER id FINAL)
   Q_PROPERTY(QString kind READ kindName FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString detail MEMBER detail FINAL)
-  Q_PROPERTY(QString size MEMBER size FINAL)
-  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
-  Q_PROPERTY(QString note MEMBER note FINAL)
   Q_PROPERTY(QString risk READ riskText FINAL)
   Q_PROPERTY(QString riskName READ riskName FINAL)
-  Q_PROPERTY(int checkState MEMBER checkState FINAL)
-  Q_PROPERTY(bool isSelectable MEMBER isSelectable FINAL)
-  Q_PROPERTY(bool isOpen MEMBER isOpen FINAL)
-  Q_PROPERTY(bool hasStayed MEMBER hasStayed FINAL)
   // What a screen reader says to it.
   Q_PROPERTY(QString label READ label FINAL)
 
@@ -38,14 +30,12 @@ struct FindingRow {
 
   QString id;  // of an item the id of its path
   Kind kind = Kind::group;
-  QString title, detail = {}, size = {}, symbol = {};
+  FACE_FIELDS(QString, title, detail, size, symbol);
   // Of an item: why it stayed, what it is, or why it needs more care than its rule says.
-  QString note = {};
+  FACE_FIELDS(QString, note);
   std::optional<CleanupRisk> ownRisk = {};
-  int checkState = Qt::Unchecked;
-  bool isSelectable = false;
-  bool isOpen = false;
-  bool hasStayed = false;
+  FACE_FIELD(int, checkState, Qt::Unchecked);
+  FACE_FIELDS(bool, isSelectable, isOpen, hasStayed);
 
   QString kindName() const;
   QString riskText() const;

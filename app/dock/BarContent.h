@@ -6,6 +6,7 @@
 #include <QString>
 #include <vector>
 
+#include "app/base/Face.h"
 #include "core/dock.h"
 #include "core/profiles.h"
 
@@ -13,24 +14,13 @@ namespace ambrel {
 
 struct TileRecord {
   Q_GADGET
-  Q_PROPERTY(QString item MEMBER item FINAL)
-  Q_PROPERTY(QString widget MEMBER widget FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
-  Q_PROPERTY(QString description MEMBER description FINAL)
-  Q_PROPERTY(bool isKnown MEMBER isKnown FINAL)
-  Q_PROPERTY(QRectF frame MEMBER frame FINAL)
-  Q_PROPERTY(int span MEMBER span FINAL)
-
  public:
-  QString item;    // the slot
-  QString widget;  // the name that the profile stores
-  QString title;
-  QString symbol;
-  QString description;
-  bool isKnown = true;  // to this version
-  QRectF frame;         // from the slab's upper left corner, before any scrolling
-  int span = 0;         // 0 to 3, from the narrowest width to the widest
+  FACE_FIELDS(QString, item);    // the slot
+  FACE_FIELDS(QString, widget);  // the name that the profile stores
+  FACE_FIELDS(QString, title, symbol, description);
+  FACE_FIELD(bool, isKnown, true);  // to this version
+  FACE_FIELDS(QRectF, frame);       // from the slab's upper left corner, before any scrolling
+  FACE_FIELDS(int, span);           // 0 to 3, from the narrowest width to the widest
   friend bool operator==(const TileRecord&, const TileRecord&) = default;
 };
 

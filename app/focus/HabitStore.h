@@ -3,6 +3,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <filesystem>
 
+#include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
 #include "app/base/TimedModel.h"
 #include "app/focus/FocusFaces.h"
@@ -13,14 +14,12 @@ namespace ambrel {
 struct HabitRow {
   Q_GADGET
   Q_PROPERTY(QString habitId MEMBER id FINAL)
-  Q_PROPERTY(QString name MEMBER name FINAL)
-  Q_PROPERTY(bool isDone MEMBER isDone FINAL)
-  Q_PROPERTY(QString streakText MEMBER streakText FINAL)
 
  public:
-  QString id, name;
-  bool isDone = false;  // today
-  QString streakText;   // "5 days in a row"; empty below 2
+  QString id{};
+  FACE_FIELDS(QString, name);
+  FACE_FIELDS(bool, isDone);         // today
+  FACE_FIELDS(QString, streakText);  // "5 days in a row"; empty below 2
 
   bool operator==(const HabitRow&) const = default;
 };

@@ -4,24 +4,18 @@
 #include <QObject>
 #include <QString>
 
+#include "app/base/Face.h"
+
 namespace ambrel {
 
 struct ProfileRow {
   Q_GADGET
-  Q_PROPERTY(QString profile MEMBER profile FINAL)
-  Q_PROPERTY(QString name MEMBER name FINAL)
-  Q_PROPERTY(QString trigger MEMBER trigger FINAL)
-  Q_PROPERTY(int tileCount MEMBER tileCount FINAL)
-  Q_PROPERTY(bool isActive MEMBER isActive FINAL)
-  Q_PROPERTY(bool isPinned MEMBER isPinned FINAL)
-
  public:
-  QString profile;  // the id
-  QString name;
-  QString trigger;  // "builtinOnly", "external", or "" for never
-  int tileCount = 0;
-  bool isActive = false;
-  bool isPinned = false;
+  FACE_FIELDS(QString, profile);  // the id
+  FACE_FIELDS(QString, name);
+  FACE_FIELDS(QString, trigger);  // "builtinOnly", "external", or "" for never
+  FACE_FIELDS(int, tileCount);
+  FACE_FIELDS(bool, isActive, isPinned);
   friend bool operator==(const ProfileRow&, const ProfileRow&) = default;
 };
 

@@ -5,6 +5,7 @@
 #include <QQmlListProperty>
 #include <QtQml/qqmlregistration.h>
 
+#include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
 #include "app/model/AppModel.h"
 
@@ -12,20 +13,12 @@ namespace ambrel {
 
 struct GalleryRow {
   Q_GADGET
-  Q_PROPERTY(QString widget MEMBER widget FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString description MEMBER description FINAL)
-  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
-  Q_PROPERTY(int span MEMBER span FINAL)
-  Q_PROPERTY(bool isOnBar MEMBER isOnBar FINAL)
-  Q_PROPERTY(bool isAllowed MEMBER isAllowed FINAL)
-
  public:
-  QString widget;  // its id
-  QString title, description, symbol;
-  int span = 0;  // the default size as TileFrame counts it, 0 to 3
-  bool isOnBar = false;
-  bool isAllowed = true;
+  FACE_FIELDS(QString, widget);  // its id
+  FACE_FIELDS(QString, title, description, symbol);
+  FACE_FIELDS(int, span);  // the default size as TileFrame counts it, 0 to 3
+  FACE_FIELDS(bool, isOnBar);
+  FACE_FIELD(bool, isAllowed, true);
   friend bool operator==(const GalleryRow&, const GalleryRow&) = default;
 };
 

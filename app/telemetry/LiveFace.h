@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
 
 namespace ambrel {
@@ -16,53 +17,38 @@ namespace ambrel {
 struct TileReading {
   Q_GADGET
   QML_VALUE_TYPE(tileReading)
-  Q_PROPERTY(QString value MEMBER value FINAL)
-  Q_PROPERTY(QString unit MEMBER unit FINAL)
-  Q_PROPERTY(QString subLine MEMBER subLine FINAL)
-  Q_PROPERTY(QString secondValue MEMBER secondValue FINAL)
-  Q_PROPERTY(QString secondUnit MEMBER secondUnit FINAL)
-  Q_PROPERTY(QString fact MEMBER fact FINAL)
-  Q_PROPERTY(QString message MEMBER message FINAL)
-  Q_PROPERTY(QString shortMessage MEMBER shortMessage FINAL)
-  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
   Q_PROPERTY(QString tip READ wholeTip FINAL)
-  Q_PROPERTY(QString help MEMBER help FINAL)
   Q_PROPERTY(QString figure READ figure FINAL)
   Q_PROPERTY(QString spoken READ spokenText FINAL)
   // 0 to 100; not a number while unknown.
   Q_PROPERTY(qreal percent READ percentOrNaN FINAL)
-  Q_PROPERTY(int level MEMBER level FINAL)
-  Q_PROPERTY(bool isOn MEMBER isOn FINAL)
-  Q_PROPERTY(bool isMissing MEMBER isMissing FINAL)
-  Q_PROPERTY(QList<qreal> history MEMBER history FINAL)
-  Q_PROPERTY(QList<qreal> secondHistory MEMBER secondHistory FINAL)
-  Q_PROPERTY(qreal ceiling MEMBER ceiling FINAL)
 
  public:
-  QString value{}, unit{}, subLine{};
+  FACE_FIELDS(QString, value, unit, subLine);
   // Of two equal lines, such as read and written: the second.
-  QString secondValue{}, secondUnit{};
+  FACE_FIELDS(QString, secondValue, secondUnit);
   // At the right edge of the caption.
-  QString fact{};
+  FACE_FIELDS(QString, fact);
   // In place of all figures: why there are none, or what state counts more.
-  QString message{};
+  FACE_FIELDS(QString, message);
   // What a small tile says in place of the value, or of the message.
-  QString shortMessage{};
-  QString symbol{};
+  FACE_FIELDS(QString, shortMessage);
+  FACE_FIELDS(QString, symbol);
   // What the pointer over the tile brings up: the whole, and below it what the figures mean.
-  QString tip{}, help{};
+  QString tip{};
+  FACE_FIELDS(QString, help);
   // Read out in place of the figures.
   QString spoken{};
   std::optional<double> percent{};
   // 0 as usual, 1 worth a look, 2 bad.
-  int level = 0;
+  FACE_FIELDS(int, level);
   // Such as a switch that is on, or a battery that is being charged.
-  bool isOn = false;
+  FACE_FIELDS(bool, isOn);
   // The computer has no such part.
-  bool isMissing = false;
-  QList<qreal> history{}, secondHistory{};
+  FACE_FIELDS(bool, isMissing);
+  FACE_FIELDS(QList<qreal>, history, secondHistory);
   // The top of their chart.
-  qreal ceiling = 100;
+  FACE_FIELD(qreal, ceiling, 100);
 
   // The value with its unit, as one text.
   QString figure() const { return unit.isEmpty() ? value : value + u' ' + unit; }
@@ -83,26 +69,19 @@ struct TileReading {
 struct LiveRow {
   Q_GADGET
   Q_PROPERTY(QString rowId MEMBER id FINAL)
-  Q_PROPERTY(QString title MEMBER title FINAL)
-  Q_PROPERTY(QString detail MEMBER detail FINAL)
-  Q_PROPERTY(QString figure MEMBER figure FINAL)
-  Q_PROPERTY(QString symbol MEMBER symbol FINAL)
   // Not a number while unknown.
   Q_PROPERTY(double percent READ percentOrNaN FINAL)
-  Q_PROPERTY(bool isBusy MEMBER isBusy FINAL)
-  Q_PROPERTY(bool hasFailed MEMBER hasFailed FINAL)
-  Q_PROPERTY(bool hasAction MEMBER hasAction FINAL)
 
  public:
   QString id{};
-  QString title{}, detail{}, figure{}, symbol{};
+  FACE_FIELDS(QString, title, detail, figure, symbol);
   std::optional<double> percent{};
   // What is being done with it is under way.
-  bool isBusy = false;
+  FACE_FIELDS(bool, isBusy);
   // The detail says what went wrong.
-  bool hasFailed = false;
+  FACE_FIELDS(bool, hasFailed);
   // Something can be done with it.
-  bool hasAction = false;
+  FACE_FIELDS(bool, hasAction);
 
   double percentOrNaN() const { return percent.value_or(qQNaN()); }
 

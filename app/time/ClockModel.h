@@ -7,6 +7,7 @@
 #include <chrono>
 #include <optional>
 
+#include "app/base/Face.h"
 #include "core/base/PresentCalendar.h"
 
 namespace ambrel {
@@ -14,20 +15,12 @@ namespace ambrel {
 struct ClockFace {
   Q_GADGET
   QML_VALUE_TYPE(clockFace)
-  Q_PROPERTY(QString time MEMBER time FINAL)
-  Q_PROPERTY(QString shortDate MEMBER shortDate FINAL)
-  Q_PROPERTY(QString shortWeekday MEMBER shortWeekday FINAL)
-  Q_PROPERTY(QString day MEMBER day FINAL)
-  Q_PROPERTY(QString weekday MEMBER weekday FINAL)
-  Q_PROPERTY(QString month MEMBER month FINAL)
-  Q_PROPERTY(QString fullDate MEMBER fullDate FINAL)
-
  public:
-  QString time;                 // "9:41 AM"
-  QString shortDate;            // "Sat, Nov 21"
-  QString shortWeekday;         // "Sat"
-  QString day, weekday, month;  // "21", "Saturday", "November 2026"
-  QString fullDate;             // "Saturday, November 21, 2026"
+  FACE_FIELDS(QString, time);                 // "9:41 AM"
+  FACE_FIELDS(QString, shortDate);            // "Sat, Nov 21"
+  FACE_FIELDS(QString, shortWeekday);         // "Sat"
+  FACE_FIELDS(QString, day, weekday, month);  // "21", "Saturday", "November 2026"
+  FACE_FIELDS(QString, fullDate);             // "Saturday, November 21, 2026"
 
   bool operator==(const ClockFace&) const = default;
 };

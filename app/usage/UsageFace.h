@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+#include "app/base/Face.h"
 #include "app/base/StoredValue.h"
 #include "core/usage/UsageTile.h"
 
@@ -13,24 +14,12 @@ namespace ambrel {
 struct UsageFace {
   Q_GADGET
   QML_VALUE_TYPE(usageFace)
-  Q_PROPERTY(QString caption MEMBER caption FINAL)
-  Q_PROPERTY(QString age MEMBER age FINAL)
-  Q_PROPERTY(bool isStale MEMBER isStale FINAL)
-  Q_PROPERTY(QString value MEMBER value FINAL)
-  Q_PROPERTY(QString unit MEMBER unit FINAL)
-  Q_PROPERTY(QString line MEMBER line FINAL)
-  // 0 to 100; below zero where there is no bar.
-  Q_PROPERTY(qreal percent MEMBER percent FINAL)
-  Q_PROPERTY(qreal linePercent MEMBER linePercent FINAL)
-  Q_PROPERTY(bool isHigh MEMBER isHigh FINAL)
-  Q_PROPERTY(bool isLineHigh MEMBER isLineHigh FINAL)
-  Q_PROPERTY(QString help MEMBER help FINAL)
-  Q_PROPERTY(QString spoken MEMBER spoken FINAL)
-
  public:
-  QString caption, age, value, unit, line, help, spoken;
-  qreal percent = -1, linePercent = -1;
-  bool isStale = false, isHigh = false, isLineHigh = false;
+  FACE_FIELDS(QString, caption, age, value, unit, line, help, spoken);
+  // 0 to 100; below zero where there is no bar.
+  FACE_FIELD(qreal, percent, -1);
+  FACE_FIELD(qreal, linePercent, -1);
+  FACE_FIELDS(bool, isStale, isHigh, isLineHigh);
 
   bool operator==(const UsageFace&) const = default;
 };
