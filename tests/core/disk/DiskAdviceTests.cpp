@@ -59,35 +59,27 @@ TEST(Summary, SaysWhatTheScanFound) {
                           calendar),
       "nobody-here uses 8 GB. Most of it is in Videos and Pictures. Buddy found 600 MB you can free, mostly old "
       "Xcode archives and app caches. The Trash holds 3 GB.");
-}
-
-TEST(Summary, OfAnEmptyFolderHasTwoSentences) {
   EXPECT_EQ(DiskAdvice::summary(*treeOf(home, {{"note", 10, now}}), {}, calendar),
             "nobody-here uses 10 bytes. Nothing obvious to clean: the big folders hold your own files.");
-}
-
-TEST(Summary, OneNamedChildStandsAlone) {
   EXPECT_THAT(DiskAdvice::summary(*treeOf(home, {{"Only/a", giga, now}}), {}, calendar),
               HasSubstr(" Most of it is in Only. "));
+  EXPECT_EQ(
+      DiskAdvice::freeableBytes({finding(FindingRule::trash, giga), finding(FindingRule::oldSimulatorRuntimes, giga),
+                                 finding(FindingRule::duplicates, 3), finding(FindingRule::appCaches, 4)}),
+      7)
+      << "what no rule moves is not counted";
 }
 
 TEST(FindingLine, EndsWithTheNextStep) {
-  struct Case {
-    FindingRule rule;
-    std::size_t count;
-    std::string_view line;
-  };
-  for (const Case& c :
-       {Case{FindingRule::developerCaches, 1, "Developer caches 1 item, 2 GB. Safe to move to the Trash."},
-        Case{FindingRule::staleBuildFolders, 3,
-             "Build folders in old projects 3 items, 2 GB. Safe to move to the Trash."},
-        Case{FindingRule::trash, 1, "The Trash 1 item, 2 GB. Open it to decide."},
-        Case{FindingRule::duplicates, 2, "Duplicate files 2 items, 2 GB. Look at the list before you move them."},
-        Case{FindingRule::oldSimulatorRuntimes, 2, "Old simulator runtimes 2 items, 2 GB. Buddy only shows them."},
-        Case{
-            FindingRule::largeOldFiles, 2,
-            "Large files you have not opened 2 items, 2 GB. Open each one first. Only you know if you still need it."}})
-    EXPECT_EQ(DiskAdvice::findingLine(c.rule, c.count, 2 * giga, calendar), c.line);
+  const std::tuple<FindingRule, std::size_t, const char*> rows[] = {
+      {FindingRule::developerCaches, 1, "Developer caches 1 item, 2 GB. Safe to move to the Trash."},
+      {FindingRule::trash, 1, "The Trash 1 item, 2 GB. Open it to decide."},
+      {FindingRule::duplicates, 2, "Duplicate files 2 items, 2 GB. Look at the list before you move them."},
+      {FindingRule::oldSimulatorRuntimes, 2, "Old simulator runtimes 2 items, 2 GB. Buddy only shows them."},
+      {FindingRule::largeOldFiles, 2,
+       "Large files you have not opened 2 items, 2 GB. Open each one first. Only you know if you still need it."}};
+  for (const auto& [rule, count, line] : rows)
+    EXPECT_EQ(DiskAdvice::findingLine(rule, count, 2 * giga, calendar), line);
 }
 
 class Verdict : public testing::Test {
@@ -105,41 +97,39 @@ class Verdict : public testing::Test {
                                       {"movie.mov.bak", 2 * giga, threeDaysAgo}});
 };
 
-TEST_F(Verdict, StartsWithSizeAndAge) { EXPECT_THAT(of("movie.mov"), StartsWith("It takes 2 GB and changed 3")); }
-
-TEST_F(Verdict, MainFoldersAreNotToBeMoved) {
-  EXPECT_THAT(of("Documents"),
-              EndsWith("Documents is a main folder of your computer. Clean what is inside it instead."));
-  EXPECT_THAT(DiskAdvice::verdict(*tree, {}, home, now, calendar),
-              EndsWith("nobody-here is a main folder of your computer. Clean what is inside it instead."));
-}
-
-TEST_F(Verdict, AppDataNeedsCare) {
-  EXPECT_THAT(of("Library/Mail"), EndsWith("Be careful. This is app data in your Library. Delete it only when you know "
-                                           "which app made it and you no longer use that app."));
-  EXPECT_THAT(of(".config/app"), HasSubstr("app data in your .config folder"));
-  // What a rule found there is judged by that rule.
-  EXPECT_THAT(of("Library/Mail/box", {finding(FindingRule::appCaches, mega, "Library/Mail")}),
-              HasSubstr("Probably, but look first. It is in app caches. Because."));
-}
-
-TEST_F(Verdict, FollowsTheRiskOfTheFinding) {
-  struct Case {
-    FindingRule rule;
-    std::string_view text;
-  };
-  for (const Case& c :
-       {Case{FindingRule::developerCaches, "Yes, most likely. It is in developer caches. Because."},
-        Case{FindingRule::oldArchives, "Probably, but look first. It is in old Xcode archives. Because."},
-        Case{FindingRule::largeOldFiles, "Maybe. Only you know. It is in large files you have not opened. Because."}})
-    EXPECT_THAT(of("movie.mov", {finding(c.rule, mega, "movie.mov")}), EndsWith(c.text));
-}
-
-TEST_F(Verdict, AnItemBesideOneThatWasFoundIsUnknown) {
+TEST_F(Verdict, DependsOnThePlaceAndOnTheFinding) {
   const std::string unknown =
       "Buddy does not know this item. Open it in the file manager to check before you move it to the Trash.";
-  EXPECT_THAT(of("movie.mov.bak", {finding(FindingRule::largeOldFiles, mega, "movie.mov")}), EndsWith(unknown));
-  EXPECT_THAT(of("movie.mov"), EndsWith(unknown));
+  const struct {
+    const char* path;
+    std::optional<FindingRule> found;
+    std::string text;
+  } rows[] = {
+      {"movie.mov", {}, "It takes 2 GB and changed 3"},
+      {"movie.mov", {}, unknown},
+      {"movie.mov.bak", FindingRule::largeOldFiles, unknown},  // the file beside it was found
+      {"Documents", {}, "Documents is a main folder of your computer. Clean what is inside it instead."},
+      {"Library/Mail",
+       {},
+       "Be careful. This is app data in your Library. Delete it only when you know which app made it and you no longer "
+       "use that app."},
+      {".config/app", {}, "app data in your .config folder"},
+      {"Games/Chess.app",
+       {},
+       "If you no longer use this app, you can move it to the Trash. Its settings stay in your Library."},
+      {"movie.mov", FindingRule::developerCaches, "Yes, most likely. It is in developer caches. Because."},
+      {"movie.mov", FindingRule::oldArchives, "Probably, but look first. It is in old Xcode archives. Because."},
+      {"movie.mov", FindingRule::largeOldFiles,
+       "Maybe. Only you know. It is in large files you have not opened. Because."},
+  };
+  for (const auto& row : rows) {
+    std::vector<DiskFinding> findings;
+    if (row.found) findings.push_back(finding(*row.found, mega, "movie.mov"));
+    EXPECT_THAT(of(row.path, findings), HasSubstr(row.text));
+  }
+  EXPECT_THAT(DiskAdvice::verdict(*tree, {}, home, now, calendar), HasSubstr("nobody-here is a main folder"));
+  EXPECT_THAT(of("Library/Mail/box", {finding(FindingRule::appCaches, mega, "Library/Mail")}),
+              HasSubstr("Probably, but look first. It is in app caches. Because."));
 }
 
 TEST_F(Verdict, WhatStaysInAFoldersContentsIsNotPartOfIt) {
@@ -148,12 +138,6 @@ TEST_F(Verdict, WhatStaysInAFoldersContentsIsNotPartOfIt) {
   EXPECT_THAT(of(".npm/_cacache/x", {found}), HasSubstr("It is in app caches"));
   found.items.front().keeping = {"_cacache"};
   EXPECT_THAT(of(".npm/_cacache/x", {found}), Not(HasSubstr("It is in app caches")));
-}
-
-TEST_F(Verdict, AppsCanGo) {
-  EXPECT_THAT(of("Games/Chess.app"),
-              EndsWith("If you no longer use this app, you can move it to the Trash. Its settings "
-                       "stay in your Library."));
 }
 
 // What a rule calls safe can hold something that nothing makes again.
@@ -168,13 +152,6 @@ TEST(FindingLine, IsNotSafeWhenOneOfItsItemsIsNot) {
   const DiskTree tree = treeOf(home, {{".m2/repository/a", giga, threeDaysAgo}});
   EXPECT_THAT(DiskAdvice::verdict(*find(*tree, home + "/.m2/repository"), {caches}, home, now, calendar),
               testing::AllOf(HasSubstr("Probably, but look first."), EndsWith("Not all of it comes back.")));
-}
-
-TEST(FreeableBytes, CountMovableFindingsAlone) {
-  EXPECT_EQ(
-      DiskAdvice::freeableBytes({finding(FindingRule::trash, giga), finding(FindingRule::oldSimulatorRuntimes, giga),
-                                 finding(FindingRule::duplicates, 3), finding(FindingRule::appCaches, 4)}),
-      7);
 }
 
 TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
