@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <unordered_set>
 
@@ -104,16 +105,14 @@ TEST(ClipFilter, AdmitsByKindCollectionAndPin) {
   };
   for (const auto& row : rows)
     EXPECT_EQ(numbers(ClipboardLibrary::filtered(items, row.filter, "", {})), row.found) << row.filter.value.index();
-}
-
-TEST(ClipFilter, IsOrderedByCaseAndThenPayload) {
+  // Ordered by case and then payload, and hashed.
   const std::vector<ClipFilter> inOrder{{ClipFilter::Kind{ClipKind::text}},
                                         {ClipFilter::Kind{ClipKind::file}},
                                         {ClipFilter::Collection{id(1)}},
                                         {ClipFilter::Collection{id(2)}},
                                         {ClipFilter::All{}},
                                         {ClipFilter::Pinned{}}};
-  EXPECT_TRUE(std::is_sorted(inOrder.begin(), inOrder.end()));
+  EXPECT_TRUE(std::ranges::is_sorted(inOrder));
   EXPECT_EQ(std::unordered_set<ClipFilter>(inOrder.begin(), inOrder.end()).size(), inOrder.size());
 }
 
