@@ -24,7 +24,5 @@ TEST(Geometry, UpperEdgesBelongToTheNeighbourUnlessClosed) {
   EXPECT_FALSE(screen.contains({-0.5, 10}, true));
 }
 
-TEST(Geometry, GrowsOnEverySide) { EXPECT_EQ((Rect{10, 20, 30, 40}.grown(16)), (Rect{-6, 4, 62, 72})); }
-
 }  // namespace
 }  // namespace ambrel
