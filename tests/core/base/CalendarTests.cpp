@@ -90,11 +90,9 @@ TEST(Calendar, KnowsWeekdaysAndTheirFirst) {
   EXPECT_EQ(fields.weekday, 2);
   EXPECT_EQ(fields.dayOfYear, 366);
   EXPECT_EQ(utcCalendar.fields(utc("2026-11-22T12:00:00Z")).weekday, 7);
-  struct {
-    const char* locale;
-    int first;
-  } const cases[] = {{"en_US", 7}, {"de_DE.UTF-8", 1}, {"ar_EG", 6}, {"pt_PT@euro", 7}, {"C", 7}, {"", 7}};
-  for (const auto& each : cases) EXPECT_EQ(Calendar("UTC", each.locale).firstWeekday(), each.first) << each.locale;
+  const std::pair<const char*, int> cases[] = {{"en_US", 7},      {"de_DE.UTF-8", 1}, {"ar_EG", 6},
+                                               {"pt_PT@euro", 7}, {"C", 7},           {"", 7}};
+  for (const auto& [locale, first] : cases) EXPECT_EQ(Calendar("UTC", locale).firstWeekday(), first) << locale;
 }
 
 TEST(Calendar, TakesZoneAndLocaleFromTheVariables) {

@@ -12,22 +12,15 @@ using namespace std::chrono;
 constexpr Instant ninth = sys_days(2026y / November / 21) + 9h;
 
 TEST(ISO8601, IsWrittenInUTCWithAFractionOnlyWhenThereIsOne) {
-  struct {
-    Instant instant;
-    const char* text;
-  } const cases[] = {
-      {Instant{}, "1970-01-01T00:00:00Z"},
-      {ninth, "2026-11-21T09:00:00Z"},
-      {ninth + 250ms, "2026-11-21T09:00:00.25Z"},
-      {ninth + 1us, "2026-11-21T09:00:00.000001Z"},
-      {ninth + 100ms + 20us, "2026-11-21T09:00:00.10002Z"},
-      {Instant{} - 1us, "1969-12-31T23:59:59.999999Z"},
-      {sys_days(2000y / February / 29) + 23h + 59min + 59s, "2000-02-29T23:59:59Z"},
-      {sys_days(1y / January / 1), "0001-01-01T00:00:00Z"},
-  };
-  for (const auto& each : cases) {
-    EXPECT_EQ(iso8601(each.instant), each.text);
-    EXPECT_EQ(parseISO8601(each.text), each.instant);
+  using Row = std::pair<Instant, const char*>;
+  for (const auto& [instant, text] :
+       {Row{Instant{}, "1970-01-01T00:00:00Z"}, Row{ninth, "2026-11-21T09:00:00Z"},
+        Row{ninth + 250ms, "2026-11-21T09:00:00.25Z"}, Row{ninth + 1us, "2026-11-21T09:00:00.000001Z"},
+        Row{ninth + 100ms + 20us, "2026-11-21T09:00:00.10002Z"}, Row{Instant{} - 1us, "1969-12-31T23:59:59.999999Z"},
+        Row{sys_days(2000y / February / 29) + 23h + 59min + 59s, "2000-02-29T23:59:59Z"},
+        Row{sys_days(1y / January / 1), "0001-01-01T00:00:00Z"}}) {
+    EXPECT_EQ(iso8601(instant), text);
+    EXPECT_EQ(parseISO8601(text), instant);
   }
 }
 

@@ -64,21 +64,13 @@ TEST(LocalText, WritesCountsAndSizes) {
        {std::pair{0, "0"}, {999, "999"}, {1234, "1.2K"}, {12'345, "12K"}, {1'234'567, "1.2M"}})
     EXPECT_EQ(compactCount(english, count), text);
   using Sizes = std::pair<std::int64_t, const char*>;
-  for (const auto& [bytes, text] : {Sizes{0, "0 bytes"},
-                                    {1, "1 byte"},
-                                    {1000, "1 kB"},
-                                    {999'499, "999 kB"},
-                                    {999'500, "1 MB"},
-                                    {5'600'000'000, "5.6 GB"},
-                                    {5'000'000'000'000'000, "5,000 TB"},
-                                    {-1'240'000, "-1.2 MB"}})
+  for (const auto& [bytes, text] :
+       {Sizes{0, "0 bytes"}, Sizes{1, "1 byte"}, Sizes{1000, "1 kB"}, Sizes{999'499, "999 kB"}, Sizes{999'500, "1 MB"},
+        Sizes{5'600'000'000, "5.6 GB"}, Sizes{5'000'000'000'000'000, "5,000 TB"}, Sizes{-1'240'000, "-1.2 MB"}})
     EXPECT_EQ(fileSize(english, bytes), text) << bytes;
   EXPECT_EQ(fileSize(german, 1'240'000), "1,2 MB");
-  for (const auto& [bytes, text] : {Sizes{999, "999 bytes"},
-                                    {12'345, "12.3 kB"},
-                                    {888'880'000'000, "889 GB"},
-                                    {5'643'000'000, "5.64 GB"},
-                                    {999'500'000'000, "1 TB"}})
+  for (const auto& [bytes, text] : {Sizes{999, "999 bytes"}, Sizes{12'345, "12.3 kB"}, Sizes{888'880'000'000, "889 GB"},
+                                    Sizes{5'643'000'000, "5.64 GB"}, Sizes{999'500'000'000, "1 TB"}})
     EXPECT_EQ(briefFileSize(english, bytes), text) << bytes;
   EXPECT_EQ(briefFileSize(german, 5'643'000'000), "5,64\u00a0GB");
   EXPECT_EQ(decimal(english, 1234.567, 1), "1,234.6");

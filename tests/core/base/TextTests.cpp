@@ -25,18 +25,11 @@ TEST(UTF8, IsJudgedByTheByte) {
     EXPECT_TRUE(isValidUTF8(valid)) << valid;
     EXPECT_EQ(repairedUTF8(valid), valid);
   }
-  const std::pair<const char*, const char*> rows[] = {{"a\xFFz", "a?z"},
-                                                      {"\x80", "?"},
-                                                      {"\xC3", "?"},
-                                                      {"\xC3(", "?("},
-                                                      {"\xC0\xAF", "??"},
-                                                      {"\xE0\x80\xAF", "???"},
-                                                      {"\xED\xA0\x80", "???"},
-                                                      {"\xF4\x90\x80\x80", "????"},
-                                                      {"\xF5\x80\x80\x80", "????"},
-                                                      {"\xE2\x82", "??"},
-                                                      {"\xE2\x82x", "??x"}};
-  for (const auto& [bytes, marked] : rows) {
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [bytes, marked] :
+       {Row{"a\xFFz", "a?z"}, Row{"\x80", "?"}, Row{"\xC3", "?"}, Row{"\xC3(", "?("}, Row{"\xC0\xAF", "??"},
+        Row{"\xE0\x80\xAF", "???"}, Row{"\xED\xA0\x80", "???"}, Row{"\xF4\x90\x80\x80", "????"},
+        Row{"\xF5\x80\x80\x80", "????"}, Row{"\xE2\x82", "??"}, Row{"\xE2\x82x", "??x"}}) {
     EXPECT_FALSE(isValidUTF8(bytes)) << testing::PrintToString(bytes);
     std::string expected;  // each question mark is a replacement character
     for (const char c : std::string_view(marked)) c == '?' ? expected += "\uFFFD" : expected += c;
@@ -73,16 +66,10 @@ TEST(Base64, FollowsTheStandardVectors) {
 }
 
 TEST(Text, NumbersReadBackTheSame) {
-  const std::pair<double, const char*> rows[] = {{12, "12.0"},
-                                                 {0.1, "0.1"},
-                                                 {-0.0, "-0.0"},
-                                                 {1e300, "1e+300"},
-                                                 {1800000000.25, "1800000000.25"},
-                                                 {1e15, "1000000000000000.0"},
-                                                 {1e16, "1e+16"},
-                                                 {0.00001, "1e-05"},
-                                                 {1.0 / 3, "0.3333333333333333"}};
-  for (const auto& [value, text] : rows) {
+  using Row = std::pair<double, const char*>;
+  for (const auto& [value, text] : {Row{12, "12.0"}, Row{0.1, "0.1"}, Row{-0.0, "-0.0"}, Row{1e300, "1e+300"},
+                                    Row{1800000000.25, "1800000000.25"}, Row{1e15, "1000000000000000.0"},
+                                    Row{1e16, "1e+16"}, Row{0.00001, "1e-05"}, Row{1.0 / 3, "0.3333333333333333"}}) {
     EXPECT_EQ(shortestDecimal(value), text);
     EXPECT_EQ(std::stod(shortestDecimal(value)), value);
   }

@@ -144,18 +144,15 @@ TEST(AgentWatch, KeepsTheNewestOfAFloodOfChanges) {
 
 TEST(AgentWatch, WordsAChange) {
   using Text = std::optional<std::string>;
-  const std::tuple<AgentStatus, AgentStatus, Text, std::optional<Seconds>, Text> rows[] = {
-      {working, needsInput, {}, {}, "Waiting for you"},
-      {finished, working, {}, {}, "Started working"},
-      {working, finished, "Done", Seconds(725), "Finished after 12 min"},
-      {working, finished, {}, Seconds(0), "Finished after 1 min"},
-      {working, finished, {}, Seconds(119.9), "Finished after 1 min"},
-      {idle, finished, "Done", {}, "Finished"},
-      {working, idle, "Bash", Seconds(1260), "Stopped after 21 min: no activity for 10 min"},
-      {needsInput, idle, {}, {}, "Stopped: no activity for 10 min"},
-      {finished, idle, "Done", {}, {}},
-      {idle, idle, {}, {}, {}}};
-  for (const auto& [from, to, detail, ranFor, line] : rows)
+  using Row = std::tuple<AgentStatus, AgentStatus, Text, std::optional<Seconds>, Text>;
+  for (const auto& [from, to, detail, ranFor, line] :
+       {Row{working, needsInput, {}, {}, "Waiting for you"}, Row{finished, working, {}, {}, "Started working"},
+        Row{working, finished, "Done", Seconds(725), "Finished after 12 min"},
+        Row{working, finished, {}, Seconds(0), "Finished after 1 min"},
+        Row{working, finished, {}, Seconds(119.9), "Finished after 1 min"}, Row{idle, finished, "Done", {}, "Finished"},
+        Row{working, idle, "Bash", Seconds(1260), "Stopped after 21 min: no activity for 10 min"},
+        Row{needsInput, idle, {}, {}, "Stopped: no activity for 10 min"}, Row{finished, idle, "Done", {}, {}},
+        Row{idle, idle, {}, {}, {}}})
     EXPECT_EQ(AgentWatch::line({.sessionID = "a",
                                 .kind = codex,
                                 .project = {},

@@ -46,13 +46,7 @@ TEST(Capture, APrivateMarkerKeepsEverythingUnread) {
 
 TEST(Capture, FilesComeBeforePicturesAndPicturesBeforeText) {
   const std::string picture = png(4, 3);
-  const struct {
-    const char* name;
-    Types offered;
-    std::vector<Representation> delivered;
-    Types asked;
-    PasteboardContents contents;
-  } rows[] = {
+  const std::tuple<const char*, Types, std::vector<Representation>, Types, PasteboardContents> rows[] = {
       {"a file manager's copy",
        {"UTF8_STRING", "image/png", "text/uri-list"},
        {{"text/uri-list", "file:///a%20b\r\nfile:///c\r\n"}, {"image/png", picture}, {"UTF8_STRING", "a b"}},
@@ -96,10 +90,10 @@ TEST(Capture, FilesComeBeforePicturesAndPicturesBeforeText) {
        {{}, {}, "one\ntwo"}},
       {"nothing of use", {"TARGETS", "text/html"}, {{"text/html", "<b>"}}, {}, {}},
   };
-  for (const auto& row : rows) {
-    const Course course = fetchFrom(row.offered, row.delivered);
-    EXPECT_EQ(course.asked, row.asked) << row.name;
-    EXPECT_EQ(course.contents, row.contents) << row.name;
+  for (const auto& [name, offered, delivered, asked, contents] : rows) {
+    const Course course = fetchFrom(offered, delivered);
+    EXPECT_EQ(course.asked, asked) << name;
+    EXPECT_EQ(course.contents, contents) << name;
   }
   const Course unwanted =
       fetchFrom({"image/png", "UTF8_STRING"}, {{"image/png", picture}, {"UTF8_STRING", "x"}}, false);
@@ -113,28 +107,23 @@ TEST(Capture, ATextThatIsTooLargeIsNotAskedForInItsOtherForms) {
 }
 
 TEST(Capture, OnlyPathsOfFilesAreFiles) {
-  const std::pair<const char*, Types> rows[] = {{"# comment\r\nFILE:///a\r\n", {"/a"}},
-                                                {"file:/a", {"/a"}},
-                                                {"file://host/a%2Fb", {"/a/b"}},
-                                                {"file:///tab%09line%0A%22'", {"/tab\tline\n\"'"}},
-                                                {"file:///bytes%FF", {"/bytes\xFF"}},
-                                                {"file:///bad%2\nfile:///ok", {"/ok"}},
-                                                {"file:///nul%00\nfile://host\nfile:relative\nhttp://x/y\n\n", {}}};
-  for (const auto& [list, paths] : rows)
+  using Row = std::pair<const char*, Types>;
+  for (const auto& [list, paths] :
+       {Row{"# comment\r\nFILE:///a\r\n", {"/a"}}, Row{"file:/a", {"/a"}}, Row{"file://host/a%2Fb", {"/a/b"}},
+        Row{"file:///tab%09line%0A%22'", {"/tab\tline\n\"'"}}, Row{"file:///bytes%FF", {"/bytes\xFF"}},
+        Row{"file:///bad%2\nfile:///ok", {"/ok"}},
+        Row{"file:///nul%00\nfile://host\nfile:relative\nhttp://x/y\n\n", {}}})
     EXPECT_EQ(contentsOf(std::vector<Fetched>{{"text/uri-list", list}}).filePaths, paths) << list;
 }
 
 TEST(Capture, TextIsDecodedAfterItsType) {
   using namespace std::string_literals;
-  const std::tuple<const char*, std::string, std::string> rows[] = {{"UTF8_STRING", "caf\xC3\xA9\n", "café\n"},
-                                                                    {"UTF8_STRING", "caf\xE9", "caf\uFFFD"},
-                                                                    {"STRING", "caf\xE9", "café"},
-                                                                    {"STRING", "caf\xC3\xA9", "café"},
-                                                                    {"text/plain", "ended\0\0"s, "ended"},
-                                                                    {"text/plain", "\xFF\xFEh\0i\0"s, "hi"},
-                                                                    {"text/plain", "\xFE\xFF\0h\0i"s, "hi"},
-                                                                    {"text/plain", "\xFF\xFE", ""}};
-  for (const auto& [type, bytes, text] : rows)
+  using Row = std::tuple<const char*, std::string, std::string>;
+  for (const auto& [type, bytes, text] :
+       {Row{"UTF8_STRING", "caf\xC3\xA9\n", "café\n"}, Row{"UTF8_STRING", "caf\xE9", "caf\uFFFD"},
+        Row{"STRING", "caf\xE9", "café"}, Row{"STRING", "caf\xC3\xA9", "café"},
+        Row{"text/plain", "ended\0\0"s, "ended"}, Row{"text/plain", "\xFF\xFEh\0i\0"s, "hi"},
+        Row{"text/plain", "\xFE\xFF\0h\0i"s, "hi"}, Row{"text/plain", "\xFF\xFE", ""}})
     EXPECT_EQ(contentsOf(std::vector<Fetched>{{type, bytes}}).text, text) << type << bytes;
 }
 

@@ -15,17 +15,14 @@ ClipItem of(ClipKind kind, std::string content) {
 }
 
 TEST(ClipPreview, ReadsColors) {
-  const std::pair<const char*, ClipColor> rows[] = {{"#2F7F86", {47, 127, 134, 255}},
-                                                    {" #abc\n", {0xAA, 0xBB, 0xCC, 255}},
-                                                    {"#01020380", {1, 2, 3, 128}},
-                                                    {"rgb(1, 2, 3)", {1, 2, 3, 255}},
-                                                    {"RGBA(100% 0% 50% / .5)", {255, 0, 128, 128}},
-                                                    {"rgb(300,-1,3)", {255, 0, 3, 255}},
-                                                    {"hsl(0, 100%, 50%)", {255, 0, 0, 255}},
-                                                    {"hsl(120 100% 25%)", {0, 128, 0, 255}},
-                                                    {"hsla(240, 100%, 50%, 0.2)", {0, 0, 255, 51}},
-                                                    {"hsl(210, 50%, 40%)", {51, 102, 153, 255}}};
-  for (const auto& [text, color] : rows) EXPECT_EQ(parseColor(text), color) << text;
+  using Row = std::pair<const char*, ClipColor>;
+  for (const auto& [text, color] :
+       {Row{"#2F7F86", {47, 127, 134, 255}}, Row{" #abc\n", {0xAA, 0xBB, 0xCC, 255}}, Row{"#01020380", {1, 2, 3, 128}},
+        Row{"rgb(1, 2, 3)", {1, 2, 3, 255}}, Row{"RGBA(100% 0% 50% / .5)", {255, 0, 128, 128}},
+        Row{"rgb(300,-1,3)", {255, 0, 3, 255}}, Row{"hsl(0, 100%, 50%)", {255, 0, 0, 255}},
+        Row{"hsl(120 100% 25%)", {0, 128, 0, 255}}, Row{"hsla(240, 100%, 50%, 0.2)", {0, 0, 255, 51}},
+        Row{"hsl(210, 50%, 40%)", {51, 102, 153, 255}}})
+    EXPECT_EQ(parseColor(text), color) << text;
   for (const char* none : {"rgb(1 2)", "rgb(1 2 3 4 5)", "rgb(..)", "rgb(%)", "#xyz", "#12345", ""})
     EXPECT_EQ(parseColor(none), std::nullopt) << none;
 }

@@ -233,6 +233,9 @@ TEST(ClipboardHistory, AClockSetBackDoesNotStopTheSweeps) {
   history.sweep(at(10'000), settings, isNeverSensitive);
   EXPECT_TRUE(history.sweep(at(0), settings, isSensitive).needsSave);
   EXPECT_EQ(asked, 1);
+  CaptureSettings keeping = settings;
+  keeping.forgetsSensitive = false;
+  EXPECT_FALSE(historyOf({text(1, "a", -5000)}).sweep(at(10'000), keeping, isSensitive).needsSave);
 }
 
 }  // namespace

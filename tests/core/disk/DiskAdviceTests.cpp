@@ -100,11 +100,7 @@ class Verdict : public testing::Test {
 TEST_F(Verdict, DependsOnThePlaceAndOnTheFinding) {
   const std::string unknown =
       "Buddy does not know this item. Open it in the file manager to check before you move it to the Trash.";
-  const struct {
-    const char* path;
-    std::optional<FindingRule> found;
-    std::string text;
-  } rows[] = {
+  const std::tuple<const char*, std::optional<FindingRule>, std::string> rows[] = {
       {"movie.mov", {}, "It takes 2 GB and changed 3"},
       {"movie.mov", {}, unknown},
       {"movie.mov.bak", FindingRule::largeOldFiles, unknown},  // the file beside it was found
@@ -122,10 +118,10 @@ TEST_F(Verdict, DependsOnThePlaceAndOnTheFinding) {
       {"movie.mov", FindingRule::largeOldFiles,
        "Maybe. Only you know. It is in large files you have not opened. Because."},
   };
-  for (const auto& row : rows) {
+  for (const auto& [path, found, text] : rows) {
     std::vector<DiskFinding> findings;
-    if (row.found) findings.push_back(finding(*row.found, mega, "movie.mov"));
-    EXPECT_THAT(of(row.path, findings), HasSubstr(row.text));
+    if (found) findings.push_back(finding(*found, mega, "movie.mov"));
+    EXPECT_THAT(of(path, findings), HasSubstr(text));
   }
   EXPECT_THAT(DiskAdvice::verdict(*tree, {}, home, now, calendar), HasSubstr("nobody-here is a main folder"));
   EXPECT_THAT(of("Library/Mail/box", {finding(FindingRule::appCaches, mega, "Library/Mail")}),
@@ -161,11 +157,7 @@ TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
     item.stayed = reason;
     return item;
   };
-  struct Case {
-    DiskAdvice::TrashReport report;
-    std::string title, body;
-  };
-  const Case cases[] = {
+  const std::tuple<DiskAdvice::TrashReport, std::string, std::string> cases[] = {
       {{two, {}, 1'500'000'000}, "Moved 1.5 GB to the Trash", "To undo, use Put Back in the Trash."},
       {{one, two, 4'000'000}, "Moved 4 MB to the Trash", "2 items were in use or protected and stayed."},
       {{{}, one, 4'000'000}, "Moved 4 MB to the Trash", "1 items were in use or protected and stayed."},
@@ -178,11 +170,11 @@ TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
        "Moved 5 MB to the Trash",
        "The file manager does not show this Trash. To undo, move things back from /mnt/ram/.Trash-1000/files."},
   };
-  for (const Case& c : cases) {
-    const auto message = DiskAdvice::message(c.report, calendar);
-    EXPECT_EQ(message.title, c.title);
-    EXPECT_EQ(message.body, c.body);
-    EXPECT_EQ(message.isMoved, c.title != "Nothing was moved");
+  for (const auto& [report, title, body] : cases) {
+    const auto message = DiskAdvice::message(report, calendar);
+    EXPECT_EQ(message.title, title);
+    EXPECT_EQ(message.body, body);
+    EXPECT_EQ(message.isMoved, title != "Nothing was moved");
   }
 }
 

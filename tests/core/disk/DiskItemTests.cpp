@@ -124,7 +124,7 @@ TEST(DiskItem, AnOutlineHasFewerNodesAndTheSameTotals) {
   EXPECT_EQ(copy->children()[1].size(), 12);
 }
 
-// A chain of folders far deeper than any stack would bear, were the tree taken down recursively.
+// A chain of folders far deeper than any stack, if the tree were destroyed recursively.
 TEST(DiskItem, DeepTreesComeAndGo) {
   auto innermost = folder("x", 0);
   innermost.addFile("file", 7, someDay, someDay);
@@ -192,16 +192,10 @@ TEST(DiskItem, TotalsAreSumsAndFoldingChangesNone) {
 }
 
 TEST(DiskPaths, StandardizedBySpelling) {
-  for (const auto& [path, expected] : {std::pair{"/", "/"},
-                                       {"//", "/"},
-                                       {"/a//b/", "/a/b"},
-                                       {"/a/./b/.", "/a/b"},
-                                       {"/a/../b", "/b"},
-                                       {"/../a", "/a"},
-                                       {"/a/..", "/"},
-                                       {"a/../..", ".."},
-                                       {"", ""},
-                                       {"./a", "a"}})
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [path, expected] :
+       {Row{"/", "/"}, Row{"//", "/"}, Row{"/a//b/", "/a/b"}, Row{"/a/./b/.", "/a/b"}, Row{"/a/../b", "/b"},
+        Row{"/../a", "/a"}, Row{"/a/..", "/"}, Row{"a/../..", ".."}, Row{"", ""}, Row{"./a", "a"}})
     EXPECT_EQ(standardizedPath(path), expected) << path;
 }
 

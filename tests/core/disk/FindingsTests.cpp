@@ -30,12 +30,10 @@ TEST(CleanupTargets, TableRowsAreWholeAndTheirPathsRelative) {
 }
 
 TEST(NumericComparison, RunsOfDigitsCompareByValue) {
-  for (const auto& [smaller, greater] : {std::pair{"17.2", "17.10"},
-                                         {"9", "10"},
-                                         {"1.0", "1.0.1"},
-                                         {"1.0-beta2", "1.0-beta10"},
-                                         {"", "1"},
-                                         {"99999999999999999999", "100000000000000000000"}}) {
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [smaller, greater] :
+       {Row{"17.2", "17.10"}, Row{"9", "10"}, Row{"1.0", "1.0.1"}, Row{"1.0-beta2", "1.0-beta10"}, Row{"", "1"},
+        Row{"99999999999999999999", "100000000000000000000"}}) {
     EXPECT_LT(compareNumerically(smaller, greater), 0) << smaller;
     EXPECT_GT(compareNumerically(greater, smaller), 0) << smaller;
   }

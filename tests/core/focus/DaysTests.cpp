@@ -9,10 +9,7 @@ namespace ambrel {
 namespace {
 
 TEST(FocusStats, ShowTheWeekAsTheLocaleBeginsIt) {
-  struct Row {
-    const char *locale, *zone, *date, *firstDay, *lastDay;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
       {"de_DE", "Europe/Berlin", "2026-11-21T12:00:00Z", "2026-11-16", "2026-11-22"},     // a Saturday; from Monday
       {"en_US", "Europe/Berlin", "2026-11-21T12:00:00Z", "2026-11-15", "2026-11-21"},     // from Sunday
       {"ar_EG", "Africa/Cairo", "2026-11-20T12:00:00Z", "2026-11-14", "2026-11-20"},      // from Saturday
@@ -22,13 +19,12 @@ TEST(FocusStats, ShowTheWeekAsTheLocaleBeginsIt) {
       {"de_DE", "Europe/Berlin", "2026-10-31T23:30:00Z", "2026-10-26", "2026-11-01"},  // the day after one of 25
       {"de_DE", "Europe/Berlin", "2026-12-31T12:00:00Z", "2026-12-28", "2027-01-03"},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(std::string(row.locale) + " " + row.date);
-    const Calendar calendar(row.zone, row.locale);
-    const auto week =
-        FocusStats::week({{row.firstDay, 3}, {row.lastDay, 5}, {"2026-11-13", 9}}, at(row.date), calendar);
-    EXPECT_EQ(calendar.dayKey(week.front().date), row.firstDay);
-    EXPECT_EQ(calendar.dayKey(week.back().date), row.lastDay);
+  for (const auto& [locale, zone, date, firstDay, lastDay] : rows) {
+    SCOPED_TRACE(std::string(locale) + " " + date);
+    const Calendar calendar(zone, locale);
+    const auto week = FocusStats::week({{firstDay, 3}, {lastDay, 5}, {"2026-11-13", 9}}, at(date), calendar);
+    EXPECT_EQ(calendar.dayKey(week.front().date), firstDay);
+    EXPECT_EQ(calendar.dayKey(week.back().date), lastDay);
     EXPECT_EQ(week.front().count, 3);
     EXPECT_EQ(week.back().count, 5);
     EXPECT_EQ(FocusStats::total(week), 8);
@@ -36,12 +32,7 @@ TEST(FocusStats, ShowTheWeekAsTheLocaleBeginsIt) {
 }
 
 TEST(Streak, WalksBackByTheCalendar) {
-  struct Row {
-    const char *what, *zone, *now;
-    std::set<std::string> days;
-    int length;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, const char*, const char*, std::set<std::string>, int> rows[] = {
       {"nothing", "UTC", "2026-11-21T12:00:00Z", {}, 0},
       {"today alone", "UTC", "2026-11-21T12:00:00Z", {"2026-11-21"}, 1},
       {"today is not over", "UTC", "2026-11-21T12:00:00Z", {"2026-11-20", "2026-11-19"}, 2},
@@ -58,8 +49,8 @@ TEST(Streak, WalksBackByTheCalendar) {
        {"2011-12-31", "2011-12-29", "2011-12-28"},
        3},
   };
-  for (const Row& row : rows)
-    EXPECT_EQ(Streak::length(row.days, at(row.now), Calendar(row.zone, "en_US")), row.length) << row.what;
+  for (const auto& [what, zone, now, days, length] : rows)
+    EXPECT_EQ(Streak::length(days, at(now), Calendar(zone, "en_US")), length) << what;
 }
 
 TEST(DayLogs, KeepWhatIsNewest) {

@@ -93,11 +93,9 @@ TEST(ProfileItems, MoveOntoATargetByTheDirectionOfTheMove) {
 }
 
 TEST(ProfileItems, InsertInFrontOfAnItemOrAtTheEnd) {
-  const std::pair<std::optional<UUID>, std::vector<std::string>> cases[] = {{idOf(1), {"x", "a", "b"}},
-                                                                            {idOf(2), {"a", "x", "b"}},
-                                                                            {std::nullopt, {"a", "b", "x"}},
-                                                                            {idOf(9), {"a", "b", "x"}}};
-  for (const auto& [before, expected] : cases) {
+  using Row = std::pair<std::optional<UUID>, std::vector<std::string>>;
+  for (const auto& [before, expected] : {Row{idOf(1), {"x", "a", "b"}}, Row{idOf(2), {"a", "x", "b"}},
+                                         Row{std::nullopt, {"a", "b", "x"}}, Row{idOf(9), {"a", "b", "x"}}}) {
     auto edited = profile(1, "P", {}, {item(1, "a"), item(2, "b")});
     edited.insert(item(3, "x"), before);
     EXPECT_EQ(widgetsOf(edited), expected);

@@ -15,16 +15,14 @@ TEST(Pressure, ComesFromStallsOrElseFromWhatIsLeft) {
   const auto left = [](std::uint64_t percent) {
     return MemoryReading{.totalBytes = 1000, .availableBytes = percent * 10};
   };
-  const std::tuple<const char*, std::uint64_t, Stalls, MemoryPressure> rows[] = {
-      {"calm", 50, MemoryStalls{0, 0}, normal},
-      {"some tasks waited", 50, MemoryStalls{10, 0}, warning},
-      {"all tasks waited", 50, MemoryStalls{40, 10}, critical},
-      {"a full cache is no pressure", 6, MemoryStalls{0, 0}, normal},
-      {"next to nothing left", 4, MemoryStalls{0, 0}, warning},
-      {"without news of stalls", 10, {}, normal},
-      {"without news of stalls, little left", 9, {}, warning},
-      {"without news of stalls, next to nothing left", 3, {}, critical}};
-  for (const auto& [what, percent, stalls, expected] : rows)
+  using Row = std::tuple<const char*, std::uint64_t, Stalls, MemoryPressure>;
+  for (const auto& [what, percent, stalls, expected] :
+       {Row{"calm", 50, MemoryStalls{0, 0}, normal}, Row{"some tasks waited", 50, MemoryStalls{10, 0}, warning},
+        Row{"all tasks waited", 50, MemoryStalls{40, 10}, critical},
+        Row{"a full cache is no pressure", 6, MemoryStalls{0, 0}, normal},
+        Row{"next to nothing left", 4, MemoryStalls{0, 0}, warning}, Row{"without news of stalls", 10, {}, normal},
+        Row{"without news of stalls, little left", 9, {}, warning},
+        Row{"without news of stalls, next to nothing left", 3, {}, critical}})
     EXPECT_EQ(pressureReading(left(percent), stalls).level, expected) << what;
   EXPECT_EQ(pressureReading(left(25), {}).fraction, 0.25);
   EXPECT_EQ(pressureReading(left(120), {}).fraction, 1);

@@ -45,14 +45,12 @@ TEST(PowerSupply, EnergyComesFromWhateverIsCounted) {
 }
 
 TEST(PowerSupply, RatesAreWhatFlowsEitherWay) {
-  const std::pair<const char*, std::optional<double>> cases[] = {
-      {"POWER_NOW=12500000", 12.5},
-      {"POWER_NOW=-12500000", 12.5},
-      {"CURRENT_NOW=-2000000;VOLTAGE_NOW=12000000;VOLTAGE_MIN_DESIGN=11000000", 24},
-      {"CURRENT_NOW=2000000", {}},
-      {"POWER_NOW=0;CURRENT_NOW=0;VOLTAGE_NOW=12000000", {}},
-  };
-  for (const auto& [lines, rate] : cases) EXPECT_EQ(parsed(std::string("TYPE=Battery;") + lines).rate, rate) << lines;
+  using Row = std::pair<const char*, std::optional<double>>;
+  for (const auto& [lines, rate] :
+       {Row{"POWER_NOW=12500000", 12.5}, Row{"POWER_NOW=-12500000", 12.5},
+        Row{"CURRENT_NOW=-2000000;VOLTAGE_NOW=12000000;VOLTAGE_MIN_DESIGN=11000000", 24},
+        Row{"CURRENT_NOW=2000000", {}}, Row{"POWER_NOW=0;CURRENT_NOW=0;VOLTAGE_NOW=12000000", {}}})
+    EXPECT_EQ(parsed(std::string("TYPE=Battery;") + lines).rate, rate) << lines;
 }
 
 TEST(PowerSupply, AdaptersTellWhatTheyCanGive) {

@@ -19,12 +19,12 @@ TEST(CounterRate, ACounterThatStepsBackIsUnknownUnlessItCertainlyWrapped) {
       cases[] = {
           {"forwards", 100, 350, {}, 250},
           {"stood still", 100, 100, {}, 0},
-          {"began anew", 5'000'000, 10, {}, {}},
+          {"began again", 5'000'000, 10, {}, {}},
           {"over the end of 32 bits", top - 4000, 1000, {}, 5000},
           {"the last value of 32 bits", top - 1, 0, {}, 1},
           {"over the edge by more than a reset may look like", top - 100 * MiB, 1000, {}, {}},
           {"near the end of 32 bits, but far from their beginning", top - 4000, 65 * MiB, {}, {}},
-          {"a 64-bit counter that began anew", top + 4000, 1000, {}, {}},
+          {"a 64-bit counter that began again", top + 4000, 1000, {}, {}},
           {"an energy counter over the end of its range", 262'143'000'000, 1'000'000, 262'143'328'850, 1'328'850},
           {"beyond its own range", 300, 10, 200, {}},
       };

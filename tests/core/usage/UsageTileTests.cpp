@@ -71,6 +71,8 @@ TEST(ClaudeUsageTile, RoundsForTheEyeAndWarnsAbove85) {
     EXPECT_EQ(tile.value, text);
     EXPECT_EQ(tile.bar, bar);
   }
+  const ClaudeLimits::Limits absurd{window(1e300, "2026-11-21T15:00:00Z"), std::nullopt, now};
+  EXPECT_EQ(claude(absurd).bar, (UsageBar{1, true}));
 }
 
 TEST(ClaudeUsageTile, SaysHowOldAReportIs) {
@@ -148,16 +150,12 @@ TEST(CodexLimitsTile, NeverPassesAnotherWindowOffAsFiveHours) {
 }
 
 TEST(TokenBudget, StepsFromAnyNumberToTheNextRoundOne) {
-  const std::tuple<std::int64_t, int, std::int64_t> rows[] = {{0, 1, 10'000},
-                                                              {10'000, -1, 0},
-                                                              {0, -1, 0},
-                                                              {-5, 1, 0},
-                                                              {220'000, 1, 300'000},
-                                                              {220'000, -1, 200'000},
-                                                              {700'000'000, 1, 1'000'000'000},
-                                                              {5'000'000'000, 1, 5'000'000'000},
-                                                              {5'000'000'000, -1, 1'000'000'000}};
-  for (const auto& [from, direction, to] : rows) EXPECT_EQ(steppedBudget(from, direction), to) << from;
+  using Row = std::tuple<std::int64_t, int, std::int64_t>;
+  for (const auto& [from, direction, to] :
+       {Row{0, 1, 10'000}, Row{10'000, -1, 0}, Row{0, -1, 0}, Row{-5, 1, 0}, Row{220'000, 1, 300'000},
+        Row{220'000, -1, 200'000}, Row{700'000'000, 1, 1'000'000'000}, Row{5'000'000'000, 1, 5'000'000'000},
+        Row{5'000'000'000, -1, 1'000'000'000}})
+    EXPECT_EQ(steppedBudget(from, direction), to) << from;
 }
 
 }  // namespace

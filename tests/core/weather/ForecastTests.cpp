@@ -143,16 +143,11 @@ TEST(Forecast, HasNoZoneBeyondEighteenHours) {
 }
 
 TEST(Forecast, SaysWhyAnAnswerIsRejected) {
-  const std::pair<std::string, const char*> rows[] = {
-      {"", "no JSON"},
-      {"<html>", "no JSON"},
-      {"[1,2]", "no JSON object"},
-      {R"({"hourly":{"temperature_2m":[nan]}})", "no JSON"},
-      {sample("london.json").substr(0, 900), "no JSON"},
-      {std::string(100000, '['), "no JSON"},
-      {sample("error.json"), "Minutely API request limit exceeded"},
-  };
-  for (const auto& [text, problem] : rows) {
+  using Row = std::pair<std::string, const char*>;
+  for (const auto& [text, problem] :
+       {Row{"", "no JSON"}, Row{"<html>", "no JSON"}, Row{"[1,2]", "no JSON object"},
+        Row{R"({"hourly":{"temperature_2m":[nan]}})", "no JSON"}, Row{sample("london.json").substr(0, 900), "no JSON"},
+        Row{std::string(100000, '['), "no JSON"}, Row{sample("error.json"), "Minutely API request limit exceeded"}}) {
     const auto decoded = decodeForecast(text);
     EXPECT_FALSE(decoded.value);
     EXPECT_THAT(decoded.problem, HasSubstr(problem));

@@ -5,20 +5,13 @@ namespace {
 
 TEST(AirQualityScale, NamesEveryBand) {
   using enum AirQualityScale;
-  const std::tuple<AirQualityScale, double, int, const char*> rows[] = {{us, -1, 0, "Good"},
-                                                                        {us, 50, 0, "Good"},
-                                                                        {us, 50.1, 1, "Moderate"},
-                                                                        {us, 100.1, 2, "Unhealthy for some"},
-                                                                        {us, 200, 3, "Unhealthy"},
-                                                                        {us, 300, 4, "Very unhealthy"},
-                                                                        {us, 300.5, 5, "Hazardous"},
-                                                                        {european, 20, 0, "Good"},
-                                                                        {european, 40, 1, "Fair"},
-                                                                        {european, 60, 2, "Moderate"},
-                                                                        {european, 80, 3, "Poor"},
-                                                                        {european, 100, 4, "Very poor"},
-                                                                        {european, 100.01, 5, "Extremely poor"}};
-  for (const auto& [scale, value, band, label] : rows) {
+  using Row = std::tuple<AirQualityScale, double, int, const char*>;
+  for (const auto& [scale, value, band, label] :
+       {Row{us, -1, 0, "Good"}, Row{us, 50, 0, "Good"}, Row{us, 50.1, 1, "Moderate"},
+        Row{us, 100.1, 2, "Unhealthy for some"}, Row{us, 200, 3, "Unhealthy"}, Row{us, 300, 4, "Very unhealthy"},
+        Row{us, 300.5, 5, "Hazardous"}, Row{european, 20, 0, "Good"}, Row{european, 40, 1, "Fair"},
+        Row{european, 60, 2, "Moderate"}, Row{european, 80, 3, "Poor"}, Row{european, 100, 4, "Very poor"},
+        Row{european, 100.01, 5, "Extremely poor"}}) {
     EXPECT_EQ(airQualityBand(scale, value), band) << value;
     EXPECT_EQ(airQualityLabel(scale, band), label) << value;
   }

@@ -51,15 +51,12 @@ TEST(Applications, AnAgentIsKnownByItsCommand) {
   EXPECT_EQ(id("node", {"node", "/usr/lib/node_modules/@openai/codex/bin/codex.js"}), codex);
   EXPECT_EQ(id("cursor-agent", {}), "com.todesktop.230313mzl4w4u92");
   EXPECT_EQ(id("agy", {"agy"}), "com.google.antigravity");
-  const std::pair<const char*, Words> others[] = {{"vim", {"vim", "claude"}},
-                                                  {"less", {"less", "/tmp/codex"}},
-                                                  {"bash", {"-bash"}},
-                                                  {"bash", {"bash", "-c", "claude"}},
-                                                  {"node", {"node"}},
-                                                  {"node", {"node", "/srv/codex/server.js"}},
-                                                  {"claude-notes", {"claude-notes"}},
-                                                  {"", {}}};
-  for (const auto& [name, words] : others) EXPECT_EQ(id(name, words), "") << name;
+  using Row = std::pair<const char*, Words>;
+  for (const auto& [name, words] :
+       {Row{"vim", {"vim", "claude"}}, Row{"less", {"less", "/tmp/codex"}}, Row{"bash", {"-bash"}},
+        Row{"bash", {"bash", "-c", "claude"}}, Row{"node", {"node"}}, Row{"node", {"node", "/srv/codex/server.js"}},
+        Row{"claude-notes", {"claude-notes"}}, Row{"", {}}})
+    EXPECT_EQ(id(name, words), "") << name;
   ProcessRecord dead = process(1, 0, "claude");
   dead.state = 'Z';
   EXPECT_FALSE(agentOf(dead));
@@ -91,13 +88,10 @@ TEST(Applications, HaveTheNamesThatPeopleKnow) {
   std::vector<DesktopEntry> entries{entry("org.kde.konsole", "Konsole"), entry("bitwarden", "Bitwarden Vault"),
                                     entry("org.gone.thing", "Thing that was")};
   entries[2].isHidden = true;
-  for (const auto& [id, expected] : {std::pair{"org.kde.konsole", "Konsole"},
-                                     {"com.bitwarden.desktop", "Bitwarden Vault"},
-                                     {"org.gone.thing", "Thing"},
-                                     {"xterm", "Xterm"},
-                                     {"org.example.Mail", "Mail"},
-                                     {"", ""},
-                                     {"élan", "élan"}})
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [id, expected] : {Row{"org.kde.konsole", "Konsole"}, Row{"com.bitwarden.desktop", "Bitwarden Vault"},
+                                     Row{"org.gone.thing", "Thing"}, Row{"xterm", "Xterm"},
+                                     Row{"org.example.Mail", "Mail"}, Row{"", ""}, Row{"élan", "élan"}})
     EXPECT_EQ(applicationName(id, entries), expected) << id;
   entries[1].icon = entries[2].icon = "the-vault";
   EXPECT_EQ(applicationIcon("com.bitwarden.desktop", entries), "the-vault");

@@ -6,7 +6,7 @@ namespace ambrel {
 namespace {
 
 TEST(Geometry, FlippingGoesBothWays) {
-  // A bar that stands 8 above the lower edge of a main screen 900 high.
+  // A bar 8 above the lower edge of a main screen 900 high.
   const Rect bar{321, 8, 958, 84};
   EXPECT_EQ(flipped(bar, 900), (Rect{321, 808, 958, 84}));
   EXPECT_EQ(flipped(flipped(bar, 900), 900), bar);

@@ -42,26 +42,24 @@ constexpr double desktopHeight = 900;
 
 TEST(Struts, CountWhereTheyReach) {
   const Strut top{.top = 130, .topStart = 1600, .topEnd = 2879}, right{.right = 40, .rightStart = 100, .rightEnd = 819};
-  const std::tuple<const char*, Strut, Insets, Insets> cases[] = {
-      {"a panel below the first screen", bottom(30, 0, 1599), {0, 0, 0, 30}, {}},
-      {"a panel below the second screen is measured from the desktop's edge",
-       bottom(110, 1600, 2879),
-       {},
-       {0, 0, 0, 30}},
-      {"a panel below both", bottom(30, 0, 2879), {0, 0, 0, 30}, {}},
-      {"a range of zeroes means the whole edge", bottom(30, 0, 0), {0, 0, 0, 30}, {}},
-      {"one pixel into the second screen", bottom(90, 1000, 1600), {0, 0, 0, 90}, {0, 0, 0, 10}},
-      {"a panel above the second screen", top, {}, {0, 30, 0, 0}},
-      {"a panel at the right", right, {}, {0, 0, 40, 0}},
-      {"a panel at the left", left(64, 0, 899), {64, 0, 0, 0}, {}},
-      {"a panel at the inner left edge of the second screen does not swallow the first",
-       left(1650, 100, 819),
-       {},
-       {50, 0, 0, 0}},
-      {"a range that ends before it starts", bottom(30, 50, 10), {}, {}},
-      {"nothing", Strut{}, {}, {}},
-  };
-  for (const auto& [what, strut, onFirst, onSecond] : cases) {
+  using Row = std::tuple<const char*, Strut, Insets, Insets>;
+  for (const auto& [what, strut, onFirst, onSecond] :
+       {Row{"a panel below the first screen", bottom(30, 0, 1599), {0, 0, 0, 30}, {}},
+        Row{"a panel below the second screen is measured from the desktop's edge",
+            bottom(110, 1600, 2879),
+            {},
+            {0, 0, 0, 30}},
+        Row{"a panel below both", bottom(30, 0, 2879), {0, 0, 0, 30}, {}},
+        Row{"a range of zeroes means the whole edge", bottom(30, 0, 0), {0, 0, 0, 30}, {}},
+        Row{"one pixel into the second screen", bottom(90, 1000, 1600), {0, 0, 0, 90}, {0, 0, 0, 10}},
+        Row{"a panel above the second screen", top, {}, {0, 30, 0, 0}},
+        Row{"a panel at the right", right, {}, {0, 0, 40, 0}},
+        Row{"a panel at the left", left(64, 0, 899), {64, 0, 0, 0}, {}},
+        Row{"a panel at the inner left edge of the second screen does not swallow the first",
+            left(1650, 100, 819),
+            {},
+            {50, 0, 0, 0}},
+        Row{"a range that ends before it starts", bottom(30, 50, 10), {}, {}}, Row{"nothing", Strut{}, {}, {}}}) {
     EXPECT_EQ(reservedEdges(first, desktopWidth, desktopHeight, {strut}), onFirst) << what;
     EXPECT_EQ(reservedEdges(second, desktopWidth, desktopHeight, {strut}), onSecond) << what;
   }
