@@ -64,7 +64,7 @@ void replaceFile(const std::filesystem::path& path, std::string_view bytes, mode
   if (fchmod(file.fd(), mode) != 0) throw FileError("cannot set the permissions of", path, errno);
   if (fsync(file.fd()) != 0) throw FileError("cannot write", path, errno);
   file.renameTo(path);
-  // The rename itself must reach the disk too; a file system that cannot is no reason to fail.
+  // The rename itself must reach the disk too; a file system that cannot do that is no error.
   const FileDescriptor folder(open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_CLOEXEC));
   if (folder) fsync(folder.get());
 }
