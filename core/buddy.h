@@ -134,7 +134,7 @@ struct BuddyNotice {
 
 // "I found 5.6 GB you can free", after a scan. It goes under `diskLow`, however full the disk is.
 BuddyNotice diskFoundNotice(std::int64_t bytes, std::string detail, Instant now, const Calendar& calendar);
-// That of its rule, but for what a scan found.
+// The one of its rule, except for what a scan found.
 BuddyReason reason(const BuddyNotice& notice, const Calendar& calendar);
 
 // Hours of the local day. From a later hour to an earlier one they last over midnight; two equal hours are none.

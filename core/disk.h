@@ -5,7 +5,7 @@
 //   DiskAnalyzer{}.analyze(tree, home, runtimes, now, ...)  -> [DiskFinding]      core/disk/DiskAnalyzer.h
 //   DiskAdvice::headline, summary, verdict, moveToTrash                           core/disk/DiskAdvice.h
 //
-// Paths are bytes as the system has them; texts that people see repair what is no UTF-8.
+// Paths are bytes as the system has them; texts that people see have invalid UTF-8 repaired.
 
 #include "core/disk/DiskAdvice.h"
 #include "core/disk/DiskAnalyzer.h"

@@ -1,5 +1,5 @@
 #pragma once
-// The bar: where it stands, when it shows, how its tiles share its length. Decisions only; the pointer, the frames
+// The bar: where it is, when it shows, how its tiles share its length. Decisions only; the pointer, the frames
 // and the time are passed in. Lengths are logical pixels, y grows upwards.
 
 #include <optional>
@@ -64,7 +64,7 @@ struct BarReveal {
   // When the pointer left the hover zone.
   std::optional<Instant> outsideSince{};
   // The bar has left a pointer that runs along the edge beyond the bar's ends. It comes out again after the pointer
-  // has left the edge or has come to where the bar stands.
+  // has left the edge or has come to the bar's place.
   bool isEdgeSpent = false;
 
   // True when the bar is to be shown or hidden again.

@@ -84,7 +84,7 @@ class Parser {
     }
     CLI::Option* added = app.add_option(option.name, slot.values.emplace_back(), option.help);
     if (!option.placeholder.empty()) added->type_name(option.placeholder);
-    // One value each time that it is given: a positional would take the one behind it, too.
+    // One value each time that it is given; otherwise it would take the positional after it, too.
     added->allow_extra_args(false);
     if (option.kind != values) added->expected(1);
     if (option.kind == positional) added->required();

@@ -41,7 +41,7 @@ class Context {
   std::filesystem::path home;
   std::filesystem::path data;
   std::filesystem::path config;  // the folder of the choices
-  std::function<Instant()> now;  // stands still when an instant was given
+  std::function<Instant()> now;  // does not move when an instant was given
   Calendar calendar;
   bool json = false;
   bool hasColors = false;

@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view gap = "  ";
 constexpr std::size_t narrowest = 12;
 
-// The code point at `at`, which moves behind it; below 0 for a byte that is no UTF-8.
+// The code point at `at`, which moves past it; below 0 for a byte that is not valid UTF-8.
 UChar32 next(std::string_view text, std::size_t& at) {
   UChar32 character = 0;
   auto index = static_cast<std::int32_t>(at);

@@ -17,7 +17,7 @@ class SystemReadings {
   virtual NetworkCounters network() const = 0;
   // The volume that the system starts from. May wait for the disk: not for the main thread.
   virtual std::optional<VolumeSizes> startUpVolume() const = 0;
-  // Since the computer started, sleep included; what rates are reckoned with.
+  // Since the computer started, sleep included; rates are computed with it.
   virtual Seconds sinceBoot() const = 0;
 };
 

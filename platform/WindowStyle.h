@@ -29,7 +29,7 @@ class WindowStyle {
   // Whether a window may have the keyboard. One that may not does not get it by being shown or clicked.
   virtual void setTakesKeys(QWindow& window, bool takesKeys) = 0;
   // Brings the keyboard to a window that takes keys and is shown, or about to be: at the user's wish alone. `done`
-  // is called later, with whether the window has got it; not when the window has gone or is asked again meanwhile.
+  // is called later, with whether the window has got it; not when the window is closed or asked again before that.
   virtual void activate(QWindow& window, std::function<void(bool isActive)> done = {}) = 0;
   // The user is done with a window that stays on the screen: the window that had the keyboard before gets it back.
   virtual void giveBack(QWindow& window) = 0;

@@ -127,12 +127,6 @@ Instant Calendar::startOfDay(Instant value, int days) const {
   return instant(f.year, f.month, f.day + days);
 }
 
-Instant Calendar::addingDays(Instant value, int days) const {
-  const Fields f = fields(value);
-  const auto fraction = value - floor<seconds>(value);
-  return instant(f.year, f.month, f.day + days, f.hour, f.minute, f.second) + fraction;
-}
-
 Instant Calendar::startOfHour(Instant value) const {
   const LocalTime local = localTime(*this, value);
   const Instant start = value - (local - floor<hours>(local));

@@ -37,8 +37,6 @@ class Calendar {
   // The first instant of the local day; of the day `days` later or earlier.
   Instant startOfDay(Instant instant) const;
   Instant startOfDay(Instant instant, int days) const;
-  // The same local time `days` later.
-  Instant addingDays(Instant instant, int days) const;
   // The beginning of the local clock hour that contains the instant.
   Instant startOfHour(Instant instant) const;
   // ISO weekday on which the locale's week begins.

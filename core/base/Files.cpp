@@ -25,12 +25,18 @@ FileStatus statusFrom(const struct stat& info) {
 // A new file beside the target, removed again unless it has been renamed.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const std::filesystem::path& target)
-      : name_(target.parent_path() / ("." + target.filename().string() + ".XXXXXX")) {
-    fd_ = FileDescriptor(mkostemp(name_.data(), O_CLOEXEC));
-    if (!fd_) throw FileError("cannot write", target, errno);
-    // So that removeLeftovers can tell that it is in use.
-    flock(fd_.get(), LOCK_EX | LOCK_NB);
+  explicit TemporaryFile(const std::filesystem::path& target) {
+    constexpr int mostTries = 100;
+    for (int tries = 0; tries < mostTries; ++tries) {
+      name_ = target.parent_path() / ("." + target.filename().string() + ".XXXXXX");
+      fd_ = FileDescriptor(mkostemp(name_.data(), O_CLOEXEC));
+      if (!fd_) throw FileError("cannot write", target, errno);
+      // Locked, so that removeLeftovers can tell that it is in use. Another program may have removed it before that.
+      flock(fd_.get(), LOCK_EX);
+      struct stat info;
+      if (fstat(fd_.get(), &info) != 0 || info.st_nlink > 0) return;
+    }
+    throw FileError("cannot write", target, ENOENT);
   }
   TemporaryFile(const TemporaryFile&) = delete;
   ~TemporaryFile() {
@@ -58,7 +64,7 @@ void replaceFile(const std::filesystem::path& path, std::string_view bytes, mode
   if (fchmod(file.fd(), mode) != 0) throw FileError("cannot set the permissions of", path, errno);
   if (fsync(file.fd()) != 0) throw FileError("cannot write", path, errno);
   file.renameTo(path);
-  // The rename itself must reach the disk too; a file system that cannot is no reason to fail.
+  // The rename itself must reach the disk too; a file system that cannot do that is no error.
   const FileDescriptor folder(open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_CLOEXEC));
   if (folder) fsync(folder.get());
 }

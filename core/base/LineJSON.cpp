@@ -135,16 +135,6 @@ std::optional<LineObject> LineParser::parsePadded(std::string_view line) {
   return impl_->parseObject(line, false);
 }
 
-bool LineParser::parseTexts(std::string_view text, const std::function<void(std::string_view)>& visit) {
-  dom::array array;
-  if (!parsed(impl_->parser, text, true, array)) return false;
-  for (const dom::element element : array) {
-    std::string_view value;
-    if (element.get(value) == simdjson::SUCCESS) visit(value);
-  }
-  return true;
-}
-
 std::optional<std::string_view> LineObject::text(std::string_view key) const {
   std::string_view value;
   if (unpack(element_)[key].get(value) != simdjson::SUCCESS) return std::nullopt;

@@ -26,8 +26,6 @@ class LineParser {
   // The same without a copy, for a line behind which `padding` more bytes can be read; what they hold does not matter.
   static constexpr std::size_t padding = 64;
   std::optional<LineObject> parsePadded(std::string_view line);
-  // The same, for an array at the top: calls `visit` with each text in it. False when it is no array.
-  bool parseTexts(std::string_view text, const std::function<void(std::string_view)>& visit);
 
   struct Impl;
 

@@ -1,5 +1,5 @@
 #pragma once
-// What was read of things that bear a stamp (a date, a size), so that they are read again only when it differs.
+// A cache of what was read from things with a stamp (a date, a size): they are read again only when it differs.
 
 #include <mutex>
 #include <optional>

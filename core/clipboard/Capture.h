@@ -90,7 +90,7 @@ struct PictureSize {
   int width = 0, height = 0;  // pixels
   friend bool operator==(const PictureSize&, const PictureSize&) = default;
 };
-// From the first 24 bytes of a PNG; absent when they are none.
+// From the first 24 bytes of a PNG; absent when they are not.
 std::optional<PictureSize> pngSize(std::string_view bytes);
 
 // Where a new item comes from.

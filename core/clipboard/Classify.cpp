@@ -31,8 +31,8 @@ std::string schemeOf(std::string_view text) {
   return asciiLower(scheme);
 }
 
-// The host between "//", a user and "@" before it and a port behind it; empty when there is none or what stands
-// there can be no authority.
+// The host in the authority of an address (after "//" and "user@", before ":port"); empty when there is none or when
+// the authority is not valid.
 std::string_view hostOf(std::string_view afterScheme) {
   if (!afterScheme.starts_with("//")) return {};
   std::string_view authority = afterScheme.substr(2);

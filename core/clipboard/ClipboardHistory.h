@@ -46,7 +46,7 @@ class ClipboardHistory {
   // the application in front is not ignored.
   bool noticeChange(std::int64_t changeCount, const CaptureSettings& settings,
                     const std::optional<std::string>& frontmost);
-  // The program has written the item (or, absent, something that is none) to the pasteboard itself.
+  // The program itself has written the item (absent: something that is not one) to the pasteboard.
   void noticeOwnWrite(std::int64_t changeCount, std::optional<UUID> id);
 
   HistoryEffects add(ClipItem item, const CaptureSettings& settings);

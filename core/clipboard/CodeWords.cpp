@@ -47,7 +47,7 @@ std::size_t quotedLength(std::string_view rest) {
 std::size_t commentLength(std::string_view code, std::size_t at) {
   const std::string_view rest = code.substr(at);
   const bool beginsWord = at == 0 || std::string_view(" \t\n").find(code[at - 1]) != std::string_view::npos;
-  // "#include" and "#fff" are none, nor is what follows the colon of an address.
+  // "#include" and "#fff" are not comments, nor is what follows the colon of an address.
   const bool isComment = beginsWord && (rest.starts_with("//") || rest.starts_with("# ") || rest.starts_with("#!") ||
                                         rest.starts_with("-- "));
   return isComment ? std::min(rest.find('\n'), rest.size()) : 0;

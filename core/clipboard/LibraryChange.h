@@ -45,7 +45,7 @@ void carryOut(std::vector<LibraryChange> changes, ClipboardLibrary& library);
 
 // With the newline at its end.
 std::string journalLine(const LibraryChange& change);
-// Absent for a line that is no change, as one that a crash has cut.
+// Absent for a line that is not a change, such as one that a crash cut off.
 std::optional<LibraryChange> parseJournalLine(std::string_view line);
 
 }  // namespace ambrel

@@ -378,7 +378,7 @@ std::set<std::string, std::less<>> protectedPaths(const std::string& home) {
   std::set<std::string, std::less<>> paths{"/Library", "/private", "/usr", "/opt", "/Applications", "/bin", "/sbin",
                                            // The system's own folders here.
                                            "/boot", "/etc", "/lib", "/lib32", "/lib64", "/nix", "/snap", "/var"};
-  // Where applications keep their data; a large file there is no file of the user's.
+  // Where applications keep their data; a large file there is not the user's own.
   for (const std::string_view name : {"Library", ".Trash", ".cache", ".local", ".config", ".var", ".mozilla",
                                       ".thunderbird", ".steam", ".wine", ".gnupg", ".ssh", "snap"})
     paths.insert(joinedPath(home, name));

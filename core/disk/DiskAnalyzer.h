@@ -46,7 +46,7 @@ struct DiskAnalyzer {
                                    const AnalysisControl& control = {}) const;
 
   // The list that the simulator tool prints as JSON. Records without identifier or version are left out; anything
-  // that is no such list is empty.
+  // that is not such a list is empty.
   static std::vector<SimulatorRuntime> parseRuntimes(std::string_view json);
 
   friend bool operator==(const DiskAnalyzer&, const DiskAnalyzer&) = default;

@@ -133,7 +133,7 @@ void list(ScanState& state, FolderReader& reader, const Volume& volume, const st
 }
 
 // Opens and lists a subfolder. A folder that may not be read is recorded and gives an empty node; one that is gone,
-// or is no folder any more, gives nothing.
+// or is not a folder any more, gives nothing.
 std::optional<OpenFolder> enter(ScanState& state, FolderReader& reader, const Volume& volume, int parent,
                                 const std::string& path, double share, const PendingFolder& pending) {
   if (state.stop.stop_requested()) throw Cancelled();

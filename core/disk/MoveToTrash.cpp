@@ -147,8 +147,8 @@ class Mover {
     if (trashes_.holds(item.url)) return Outcome::stays(StayReason::isDeleted, space->bytes);
     if (!hasKeptCopy(item)) return Outcome::stays(StayReason::noCopy, space->bytes);
     if (const auto reason = obstacle(*space)) return Outcome::stays(*reason, space->bytes);
-    // Of a folder, the dates say little about deeper levels; its size does. A file's space is no sign of a change: the
-    // file system settles it some time after the last write.
+    // Of a folder, the dates say little about deeper levels; its size does. A file's space is not a sign of a change:
+    // the file system settles it some time after the last write.
     if (space->isFolder && space->bytes != item.bytes) return Outcome::stays(StayReason::changed, space->bytes);
     if (const auto reason = tryMove({.url = item.url, .identity = *item.identity}))
       return Outcome::stays(*reason, space->bytes);

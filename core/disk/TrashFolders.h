@@ -1,5 +1,5 @@
 #pragma once
-// Tells the folders that hold what was deleted: a copy in one of them is no copy that may be counted on.
+// Tells the folders that hold what was deleted: a copy in one of them must not be counted on.
 
 #include <string>
 #include <string_view>

@@ -28,8 +28,8 @@ struct HabitList {
 };
 
 void to_json(nlohmann::json& json, const HabitList& habits);
-// Passes over entries without an identifier or a name, and days that are no texts. Throws DecodingError when the
-// document is no array.
+// Passes over entries without an identifier or a name, and days that are not texts. Throws DecodingError when
+// the document is not an array.
 void from_json(const nlohmann::json& json, HabitList& habits);
 
 }  // namespace ambrel

@@ -53,7 +53,7 @@ struct Pomodoro {
   void skip(Instant now);
   // Ends the phase once its time has come.
   std::optional<Ended> tick(Instant now, const Calendar& calendar);
-  // Time asleep is no work, so it lengthens a focus session; it is rest, so a break runs on.
+  // Time asleep is not work, so it lengthens a focus session; it is rest, so a break runs on.
   void slept(Seconds span);
   void clockMoved(Seconds by);
 

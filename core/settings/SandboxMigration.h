@@ -19,8 +19,8 @@ struct MigrationPlaces {
 };
 
 // Copies the container's folder "Ambrel" unless ours exists, and those of the old defaults whose key is not taken,
-// but for bookmarks and marks of earlier migrations. The old defaults are "Preferences/com.ambrel.app.json" in the
-// container, a document like ours, else "Preferences/com.ambrel.app.plist" as XML; a binary one yields nothing.
+// except for bookmarks and marks of earlier migrations. The old defaults are "Preferences/com.ambrel.app.json" in the
+// container, a document like ours, else "Preferences/com.ambrel.app.plist" as XML; a binary one is ignored.
 // It is done at the first call, whatever could be copied; gives the lines to log.
 std::vector<std::string> migrateFromSandbox(const MigrationPlaces& places, UserDefaults& defaults);
 

@@ -59,7 +59,7 @@ bool isAddress(std::string_view text) {
   return text.empty();
 }
 
-// Absent when an element is no text.
+// Absent when an element is not a text.
 std::optional<std::vector<std::string>> texts(const DefaultsValue& value) {
   const auto* array = std::get_if<DefaultsArray>(&value.value);
   if (!array) return std::nullopt;

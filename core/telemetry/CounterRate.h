@@ -28,7 +28,7 @@ std::optional<double> perSecond(std::uint64_t before, std::uint64_t now, Seconds
 std::optional<Seconds> elapsedSeconds(std::uint64_t beforeNanoseconds, std::uint64_t nowNanoseconds);
 
 // Clock ticks of numerator/denominator nanoseconds each. A denominator of 0 leaves them as they are; otherwise
-// reckoned in 64-bit floats and rounded to the nearest whole number, halves away from zero.
+// computed in 64-bit floats and rounded to the nearest whole number, halves away from zero.
 std::uint64_t nanosecondsFromTicks(std::uint64_t ticks, std::uint32_t numerator, std::uint32_t denominator);
 
 }  // namespace ambrel

@@ -173,7 +173,7 @@ bool isRemote(const Mount& mount) {
 std::vector<Mount> externalMounts(const std::vector<Mount>& mounts) {
   constexpr std::array<std::string_view, 3> folders{"/media/", "/run/media/", "/mnt/"};
   std::set<std::string_view> seen;
-  // A folder of the system's own drive that is shown elsewhere is no drive.
+  // A folder of the system's own drive that is shown elsewhere is not a drive.
   for (const Mount& mount : mounts)
     if (mount.path == "/" || isBelow(mount.path, "/boot")) seen.insert(mount.device);
   std::vector<Mount> external;

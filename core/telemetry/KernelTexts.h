@@ -49,10 +49,10 @@ struct Mount {
   std::string path;
   std::string type;        // "ext4"
   std::string source;      // "/dev/sdb1", "nas:/films"
-  std::string root = "/";  // which folder of the file system is mounted: "/" but for bind mounts and subvolumes
+  std::string root = "/";  // which folder of the file system is mounted: "/" except for bind mounts and subvolumes
   friend bool operator==(const Mount&, const Mount&) = default;
 };
-// In order. What is mounted over is left out. Blanks and the like are written as octal escapes.
+// In order. What is mounted over is left out. Blanks and control characters are written as octal escapes.
 std::vector<Mount> parseMountinfo(std::string_view text);
 // Those in the folders that drives of users are mounted in, each file system once; not the system's own.
 std::vector<Mount> externalMounts(const std::vector<Mount>& mounts);

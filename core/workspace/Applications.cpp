@@ -127,8 +127,6 @@ bool runsInMultiplexer(string_view bundleID, const std::vector<ProcessRecord>& p
 
 }  // namespace
 
-std::span<const KnownApplication> knownApplications() { return applications; }
-
 const KnownApplication* findApplication(string_view bundleID) {
   const auto found = std::ranges::find(applications, bundleID, &KnownApplication::bundleID);
   return found == applications.end() ? nullptr : &*found;

@@ -25,11 +25,10 @@ struct KnownApplication {
   std::span<const std::string_view> scripts;   // ends of the script's path when an interpreter runs the command
 };
 
-std::span<const KnownApplication> knownApplications();
 const KnownApplication* findApplication(std::string_view bundleID);
 
 // The agent whose command this process is: by its name or the name of its program ("claude"), or, when an
-// interpreter runs it, by the name of the script ("node /usr/bin/claude"). Zombies are nothing any more.
+// interpreter runs it, by the name of the script ("node /usr/bin/claude"). Zombies do not count.
 const KnownApplication* agentOf(const ProcessRecord& process);
 
 // A window that a window manager manages.

@@ -26,7 +26,7 @@ struct DesktopEntry {
 std::optional<DesktopEntry> parseDesktopEntry(std::string_view id, std::string_view text);
 
 // The id of an entry at this path below an "applications" folder ("kde/about.desktop" is "kde-about"); absent when
-// the file is no desktop entry.
+// the file is not a desktop entry.
 std::optional<std::string> desktopEntryID(std::string_view relativePath);
 
 // The arguments of the entry's command, opened with no file: quotes resolved, field codes replaced or left out. No

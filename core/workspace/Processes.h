@@ -23,7 +23,7 @@ struct ProcessRecord {
   bool operator==(const ProcessRecord&) const = default;
 };
 
-// /proc/PID/stat: pid, parent, state and name. The name stands between the first '(' and the last ')'.
+// /proc/PID/stat: pid, parent, state and name. The name is between the first '(' and the last ')'.
 std::optional<ProcessRecord> parseProcessStat(std::string_view text);
 // /proc/PID/cmdline: each argument ends with a NUL byte.
 std::vector<std::string> parseProcessArguments(std::string_view bytes);

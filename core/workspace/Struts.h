@@ -28,15 +28,15 @@ struct Insets {
   bool operator==(const Insets&) const = default;
 };
 
-// What lies outside a work area, where that belongs to this screen; desktops whose panels are no windows of their own
-// announce them in this way alone.
+// What of this screen is outside a work area, if the area belongs to it. Desktops whose panels are not windows announce
+// them only in this way.
 Insets outsideWorkArea(const Rect& screen, const Rect& area);
 
 // The deeper of both at each edge.
 Insets combined(const Insets& one, const Insets& other);
 
 // What the struts take from one screen of a desktop of this size. A strut that would swallow the whole screen is
-// meant for a screen behind it and counts for nothing here.
+// meant for a screen beyond it and is ignored here.
 Insets reservedEdges(const Rect& screen, double desktopWidth, double desktopHeight, const std::vector<Strut>& struts);
 
 }  // namespace ambrel

@@ -7,7 +7,7 @@
 
 namespace ambrel {
 
-// The text stored under `name` ("Net/ThemeName"); absent when it is not there, is no text, or the bytes end early.
+// The text stored under `name` ("Net/ThemeName"); absent when it is not there, is not a text, or the bytes end early.
 std::optional<std::string> textSetting(std::string_view bytes, std::string_view name);
 
 }  // namespace ambrel

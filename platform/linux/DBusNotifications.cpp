@@ -149,7 +149,7 @@ void DBusNotifications::capabilitiesAnswered(const QDBusMessage& answer) {
 }
 
 void DBusNotifications::ownerChanged(const QString& newOwner) {
-  // The bus starts the service for our own question: its coming is no news then.
+  // The bus starts the service for our own question; that it appears is then not reported.
   if (service_ == Service::asking && !newOwner.isEmpty()) return;
   ++generation_;
   std::erase_if(shown_, [](const auto& entry) { return !entry.second.next; });

@@ -30,7 +30,7 @@ std::optional<std::string_view> KeptText::read(std::size_t limit) {
   if (!file_) file_ = openForReading(path_);
   if (!file_) return std::nullopt;
   std::size_t filled = 0;
-  // A short read is no end: the kernel gives whole lines.
+  // A short read is not the end: the kernel gives whole lines.
   while (filled < limit) {
     if (buffer_.size() == filled) buffer_.resize(std::min(limit, std::max<std::size_t>(4096, 2 * filled)));
     const ssize_t got = pread(file_.get(), buffer_.data() + filled, std::min(limit, buffer_.size()) - filled,

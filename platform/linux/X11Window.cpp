@@ -16,7 +16,7 @@ namespace {
 
 // By then a window manager that moves or frames a window has done so.
 constexpr int placeCheckDelay = 150;
-// Scales that are no whole numbers round.
+// Scales that are not whole numbers round.
 constexpr int placeTolerance = 2;
 // How long a window manager may take to let go of a window that it will not see again.
 constexpr int releaseInterval = 5, releaseTurns = 50;

@@ -14,6 +14,14 @@
 
 namespace ambrel {
 
+// As exec() takes them: with a null pointer at the end.
+inline std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
 // A process of tilebayctl with its output and error as pipes.
 class CommandRun {
  public:
@@ -23,11 +31,7 @@ class CommandRun {
     int out[2], error[2];
     if (pipe2(out, O_CLOEXEC) != 0 || pipe2(error, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     arguments.insert(arguments.begin(), AMBREL_TILEBAYCTL);
-    std::vector<char*> argv, envp;
-    for (auto& text : arguments) argv.push_back(text.data());
-    for (auto& text : environment) envp.push_back(text.data());
-    argv.push_back(nullptr);
-    envp.push_back(nullptr);
+    const std::vector<char*> argv = pointersTo(arguments), envp = pointersTo(environment);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 0, input.c_str(), O_RDONLY, 0);
@@ -122,11 +126,7 @@ inline CommandResult runCommand(std::vector<std::string> arguments, std::vector<
 inline std::string runOnTerminal(std::vector<std::string> arguments, std::vector<std::string> environment,
                                  unsigned short columns) {
   arguments.insert(arguments.begin(), AMBREL_TILEBAYCTL);
-  std::vector<char*> argv, envp;
-  for (auto& text : arguments) argv.push_back(text.data());
-  for (auto& text : environment) envp.push_back(text.data());
-  argv.push_back(nullptr);
-  envp.push_back(nullptr);
+  const std::vector<char*> argv = pointersTo(arguments), envp = pointersTo(environment);
   const winsize size{.ws_row = 24, .ws_col = columns, .ws_xpixel = 0, .ws_ypixel = 0};
   int terminal = -1;
   const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
@@ -138,7 +138,7 @@ inline std::string runOnTerminal(std::vector<std::string> arguments, std::vector
   std::string text;
   char buffer[65536];
   ssize_t count = 0;
-  // A terminal whose other side has gone reads as an error.
+  // Reading a terminal whose other side is closed is an error.
   while ((count = read(terminal, buffer, sizeof buffer)) > 0) text.append(buffer, static_cast<std::size_t>(count));
   close(terminal);
   waitpid(child, nullptr, 0);

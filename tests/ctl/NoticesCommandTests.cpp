@@ -13,8 +13,10 @@ namespace {
 
 using ::testing::SizeIs;
 
-TEST(NoticesCommand, ReplaysEachCaseInItsZoneAndLocale) {
+// Core's tests replay all cases; these are the ones that need another zone or locale.
+TEST(NoticesCommand, ReplaysInTheZoneAndLocaleOfTheEnvironment) {
   for (const NoticeCase& one : noticeCases()) {
+    if (one.zone == "UTC" && one.locale == "en_US") continue;
     SCOPED_TRACE(one.name);
     const auto result =
         runCommand({"notices"}, {"HOME=/", "TZ=" + one.zone, "LC_ALL=" + one.locale + ".UTF-8"}, one.input.string());
@@ -36,26 +38,14 @@ class NoticesCommandLines : public testing::Test {
   TemporaryFolder folder;
 };
 
-TEST_F(NoticesCommandLines, GiveOneLineEachWithOrWithoutTheJSONOption) {
-  const std::string lines = R"({"now":"2026-11-21T09:00:00Z","signals":{"battery":{"percent":5}}})"
-                            "\n\n  \r\n"
-                            R"({"now":"2026-11-21T09:00:10Z"})";
-  const auto result = run(lines);
-  EXPECT_EQ(linesOf(result.out).size(), 2u);
-  EXPECT_EQ(run(lines, {"--json", "notices"}).out, result.out);
-  EXPECT_EQ(run("").out, "");
-}
-
 TEST_F(NoticesCommandLines, EndAtTheFirstThatIsWrong) {
-  const auto result = run(R"({"now":"2026-11-21T09:00:00Z"})"
-                          "\n"
-                          R"({"now":"2026-11-21T09:00:10Z","policy":{"level":"loud"}})"
-                          "\n"
-                          R"({"now":"2026-11-21T09:00:20Z"})"
-                          "\n");
+  const std::string good = "{\"now\":\"2026-11-21T09:00:00Z\"}\n";
+  const auto result =
+      run(good + "\n  \r\n" + R"({"now":"2026-11-21T09:00:10Z","policy":{"level":"loud"}})" + "\n" + good);
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.out, "[]\n");
-  EXPECT_EQ(result.error, "tilebayctl: line 2: \"loud\" is no case of \"level\" of \"policy\"\n");
+  EXPECT_EQ(result.error, "tilebayctl: line 4: \"loud\" is no case of \"level\" of \"policy\"\n");
+  EXPECT_EQ(run(good, {"--json", "notices"}).out, "[]\n");
 }
 
 TEST_F(NoticesCommandLines, AreRemarkedUponOnStandardErrorAlone) {

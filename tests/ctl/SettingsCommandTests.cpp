@@ -59,13 +59,8 @@ TEST_F(SettingsCommand, ListsEverySettingWithWhatItTakes) {
       if (each.at("key") == key) return each;
     return JSON();
   };
-  EXPECT_EQ(entry("quietStartHour"), (JSON{{"key", "quietStartHour"},
-                                           {"value", 21},
-                                           {"default", 22},
-                                           {"type", "integer"},
-                                           {"range", {0, 23}},
-                                           {"page", "buddy"},
-                                           {"description", "The hour at which the quiet hours begin"}}));
+  EXPECT_EQ(entry("quietStartHour"), *parseJSON(R"({"key":"quietStartHour","value":21,"default":22,"type":"integer",
+      "range":[0,23],"page":"buddy","description":"The hour at which the quiet hours begin"})"));
   EXPECT_EQ(entry("dockEdge").at("range"), (JSON{"bottom", "left", "right"}));
   EXPECT_EQ(entry("buddyCategories").at("value").size(), 5u);
   EXPECT_FALSE(entry("barAlwaysVisible").contains("range"));
@@ -73,20 +68,17 @@ TEST_F(SettingsCommand, ListsEverySettingWithWhatItTakes) {
 }
 
 TEST_F(SettingsCommand, RefusesWhatASettingDoesNotTake) {
-  const struct {
-    std::vector<std::string> arguments;
-    const char* error;
-  } cases[] = {
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
       {{"get", "dockEgde"}, "unknown setting 'dockEgde'; did you mean 'dockEdge'?"},
       {{"set", "welcomeDone", "true"}, "unknown setting 'welcomeDone'; see 'tilebayctl settings list'"},
       {{"set", "dockEdge", "top"}, "'top' is no value of dockEdge, which takes one of bottom, left, right"},
       {{"set", "quietEndHour", "24"}, "'24' is no value of quietEndHour, which takes a whole number from 0 to 23"},
       {{"set", "agentsEnabled", "on"}, "'on' is no value of agentsEnabled, which takes true or false"},
   };
-  for (const auto& each : cases) {
-    const auto result = run(each.arguments);
+  for (const auto& [arguments, error] : cases) {
+    const auto result = run(arguments);
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.error, "tilebayctl: " + std::string(each.error) + "\n");
+    EXPECT_EQ(result.error, "tilebayctl: " + std::string(error) + "\n");
     EXPECT_EQ(result.out, "");
   }
   EXPECT_FALSE(std::filesystem::exists(file()));

@@ -56,6 +56,11 @@ TEST(Tilebayctl, PrintsTheSessionsAsJSON) {
      "updatedAt":"2026-11-21T11:00:00Z"}])");
   EXPECT_EQ(parseJSON(result.out), expected);
   EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 1);
+
+  const TemporaryFolder empty;
+  EXPECT_EQ(runCommand({"--home", empty.path(), "--json", "agents"}).out, "[]\n");
+  EXPECT_EQ(runCommand({"--home", empty.path(), "agents"}).out,
+            "No agent activity\nSessions from the last 6 hours appear here.\n");
 }
 
 TEST(Tilebayctl, PrintsTheSessionsForPeopleInAlignedColumns) {
@@ -93,13 +98,6 @@ TEST(Tilebayctl, ColoursAndFitsWhatATerminalShows) {
             "Idle       Größe                      Antigravity  4 steps          1h ago\n");
 }
 
-TEST(Tilebayctl, SaysThatThereIsNoActivity) {
-  TemporaryFolder home;
-  EXPECT_EQ(runCommand({"--home", home.path(), "--json", "agents"}).out, "[]\n");
-  EXPECT_EQ(runCommand({"--home", home.path(), "agents"}).out,
-            "No agent activity\nSessions from the last 6 hours appear here.\n");
-}
-
 TEST(Tilebayctl, WatchesForChangesAndEndsWithItsReader) {
   TemporaryFolder home;
   CommandRun run({"agents", "--json", "--watch", "--every", "0.01", "--home", home.path(), "--now", noonText}, {});
@@ -128,15 +126,11 @@ TEST(Tilebayctl, TakesItsFoldersFromTheEnvironment) {
   const std::string atHome = "HOME=" + home.path().string();
 
   EXPECT_THAT(runCommand({"--now", noonText, "--json", "agents"}, {atHome}).out, HasSubstr("claude:0b54"));
-  const struct {
-    std::vector<std::string> environment;
-    std::string name;
-  } cases[] = {{{atHome}, "AtHome"},
-               {{atHome, "XDG_DATA_HOME=" + data.path().string()}, "Elsewhere"},
-               {{atHome, "XDG_DATA_HOME=relative"}, "AtHome"},
-               {{atHome, "XDG_DATA_HOME="}, "AtHome"}};
-  for (const auto& each : cases)
-    EXPECT_EQ(parseJSON(runCommand({"profiles", "--json"}, each.environment).out)->at("active"), each.name);
+  using Row = std::pair<std::vector<std::string>, std::string>;
+  for (const auto& [environment, name] :
+       {Row{{atHome}, "AtHome"}, Row{{atHome, "XDG_DATA_HOME=" + data.path().string()}, "Elsewhere"},
+        Row{{atHome, "XDG_DATA_HOME=relative"}, "AtHome"}, Row{{atHome, "XDG_DATA_HOME="}, "AtHome"}})
+    EXPECT_EQ(parseJSON(runCommand({"profiles", "--json"}, environment).out)->at("active"), name);
 }
 
 TEST(Tilebayctl, ChoosesTheProfileForTheDisplays) {
@@ -185,58 +179,40 @@ TEST(Tilebayctl, PrintsTheCatalogueInOrder) {
   ASSERT_TRUE(widgets && widgets->is_array());
   const auto cases = allCases<DockWidget>();
   ASSERT_EQ(widgets->size(), cases.size());
-  for (std::size_t i = 0; i < cases.size(); ++i) EXPECT_EQ(widgets->at(i).at("id"), nameOf(cases[i]));
-  EXPECT_EQ(widgets->at(0),
-            (JSON{{"id", "buddy"},
-                  {"title", "Dock Buddy"},
-                  {"symbol", "face.smiling"},
-                  {"group", nameOf(group(cases[0]))},
-                  {"description",
-                   "A little character that watches your work and tells you what matters. Click for its notes and "
-                   "Ask Buddy"}}));
+  for (std::size_t i = 0; i < cases.size(); ++i)
+    EXPECT_EQ(widgets->at(i), (JSON{{"id", nameOf(cases[i])},
+                                    {"title", title(cases[i])},
+                                    {"symbol", symbol(cases[i])},
+                                    {"group", nameOf(group(cases[i]))},
+                                    {"description", description(cases[i])}}));
 }
 
 TEST(Tilebayctl, RefusesWrongUsageWithAHint) {
-  const struct {
-    std::vector<std::string> arguments;
-    const char* error;
-  } cases[] = {
-      {{}, "tilebayctl: no command is given; see 'tilebayctl --help'\n"},
-      {{"agnets"}, "tilebayctl: unknown command 'agnets'; did you mean 'agents'?\n"},
-      {{"frobnicate"}, "tilebayctl: unknown command 'frobnicate'; see 'tilebayctl --help'\n"},
-      {{"--jsno", "agents"}, "tilebayctl: unknown option '--jsno'; did you mean '--json'?\n"},
-      {{"agents", "--wach"}, "tilebayctl: unknown option '--wach'; did you mean '--watch'?\n"},
-      {{"agents", "--colour"}, "tilebayctl: unknown option '--colour'; see 'tilebayctl agents --help'\n"},
-      {{"agents", "now"}, "tilebayctl: unexpected argument 'now'; see 'tilebayctl agents --help'\n"},
-      {{"agents", "--every", "3"}, "tilebayctl: --every needs --watch\n"},
-      {{"agents", "--watch", "--every", "0"}, "tilebayctl: --every '0' is no number above zero\n"},
-      {{"agents", "--watch", "--every", "soon"}, "tilebayctl: --every 'soon' is no number above zero\n"},
-      {{"agents", "--watch", "--every", "nan"}, "tilebayctl: --every 'nan' is no number above zero\n"},
-      {{"--now", "noon", "agents"},
-       "tilebayctl: --now 'noon' is no instant; it is written like 2026-11-21T09:00:00Z\n"},
-      {{"profiles", "--display", ":builtin"}, "tilebayctl: --display needs a name, as in --display eDP-1:builtin\n"},
-  };
-  for (const auto& each : cases) {
-    const auto result = runCommand(each.arguments, {"HOME=/nowhere"});
-    EXPECT_EQ(result.status, 2) << each.error;
-    EXPECT_EQ(result.error, each.error);
+  const std::pair<std::vector<std::string>, const char*> rows[] = {
+      {{}, "no command is given; see 'tilebayctl --help'"},
+      {{"agnets"}, "unknown command 'agnets'; did you mean 'agents'?"},
+      {{"frobnicate"}, "unknown command 'frobnicate'; see 'tilebayctl --help'"},
+      {{"--jsno", "agents"}, "unknown option '--jsno'; did you mean '--json'?"},
+      {{"agents", "--colour"}, "unknown option '--colour'; see 'tilebayctl agents --help'"},
+      {{"agents", "now"}, "unexpected argument 'now'; see 'tilebayctl agents --help'"},
+      {{"agents", "--every", "3"}, "--every needs --watch"},
+      {{"agents", "--watch", "--every", "0"}, "--every '0' is no number above zero"},
+      {{"agents", "--watch", "--every", "nan"}, "--every 'nan' is no number above zero"},
+      {{"--now", "noon", "agents"}, "--now 'noon' is no instant; it is written like 2026-11-21T09:00:00Z"},
+      {{"profiles", "--display", ":builtin"}, "--display needs a name, as in --display eDP-1:builtin"}};
+  for (const auto& [arguments, error] : rows) {
+    const auto result = runCommand(arguments, {"HOME=/nowhere"});
+    EXPECT_EQ(result.status, 2) << error;
+    EXPECT_EQ(result.error, std::string("tilebayctl: ") + error + "\n");
     EXPECT_EQ(result.out, "");
   }
   // An option whose value is missing: the words are the parser's own.
   const auto missing = runCommand({"agents", "--home"}, {"HOME=/nowhere"});
   EXPECT_EQ(missing.status, 2);
   EXPECT_THAT(missing.error, AllOf(StartsWith("tilebayctl: "), HasSubstr("--home"), HasSubstr("--help'")));
-}
-
-TEST(Tilebayctl, HelpsEverywhere) {
-  for (const std::vector<std::string>& arguments :
-       {std::vector<std::string>{"--help"}, {"agents", "--help"}, {"profiles", "-h"}, {"widgets", "--help"}}) {
-    const auto result = runCommand(arguments);
-    EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.out, HasSubstr("Usage: tilebayctl"));
-    EXPECT_EQ(result.error, "");
-  }
-  EXPECT_THAT(runCommand({"agents", "--help"}).out, AllOf(HasSubstr("--every"), Not(HasSubstr("--pin"))));
+  const auto help = runCommand({"agents", "--help"});
+  EXPECT_THAT(help.out, AllOf(HasSubstr("Usage: tilebayctl"), HasSubstr("--every"), Not(HasSubstr("--pin"))));
+  EXPECT_EQ(help.status, 0);
   EXPECT_THAT(runCommand({"--version"}).out, testing::MatchesRegex("tilebayctl [0-9.]+\n"));
 }
 

@@ -78,15 +78,12 @@ TEST_F(UsageCommand, WatchesWithOneDocumentAPass) {
 }
 
 TEST_F(UsageCommand, ConnectsAndDisconnectsTheHook) {
-  const auto isConnected = [&](const std::string& verb) {
+  for (const auto& [verb, isConnected] :
+       {std::pair{"status", false}, {"install", true}, {"status", true}, {"remove", false}}) {
     const auto result = run({"--json", "statusline", verb});
     EXPECT_EQ(result.status, 0) << result.error;
-    return parseJSON(result.out);
-  };
-  EXPECT_EQ(isConnected("status"), parseJSON(R"({"isConnected":false})"));
-  EXPECT_EQ(isConnected("install"), parseJSON(R"({"isConnected":true})"));
-  EXPECT_EQ(isConnected("status"), parseJSON(R"({"isConnected":true})"));
-  EXPECT_EQ(isConnected("remove"), parseJSON(R"({"isConnected":false})"));
+    EXPECT_EQ(parseJSON(result.out), (JSON{{"isConnected", isConnected}})) << verb;
+  }
   EXPECT_EQ(run({"statusline", "status"}).out, "Not connected.\n");
 }
 

@@ -57,9 +57,3 @@ TEST(AppearanceOnDesktop, FollowsTheNameOfTheTheme) {
 
 }  // namespace
 }  // namespace ambrel
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QGuiApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

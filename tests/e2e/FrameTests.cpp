@@ -72,9 +72,3 @@ TEST(FrameOnManager, FollowsThePointerAndLetsGo) {
 
 }  // namespace
 }  // namespace ambrel
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QGuiApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

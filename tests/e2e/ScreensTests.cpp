@@ -118,7 +118,7 @@ TEST_F(ScreensOnX11, ScreensComeAndGo) {
   X11Screens screens(connection_.get());
   int changes = 0;
   screens.setChangeHandler([&] { ++changes; });
-  // The lower right one stands 100 below the top.
+  // The lower right one is 100 below the top.
   ASSERT_EQ(run("xrandr", {"--setmonitor", "eDP-1", "800/200x900/225+0+0", "screen"}).status, 0);
   ASSERT_EQ(run("xrandr", {"--setmonitor", "HDMI-7", "800/200x800/200+800+100", "none"}).status, 0);
   ASSERT_TRUE(waitFor([&] { return screens.list().size() == 2; }));
@@ -129,7 +129,7 @@ TEST_F(ScreensOnX11, ScreensComeAndGo) {
     EXPECT_EQ(screen.isBuiltin, isOwn) << screen.name;
     EXPECT_EQ(flipped(screen.frame, screens.mainHeight()), isOwn ? (Rect{0, 0, 800, 900}) : (Rect{800, 100, 800, 800}));
   }
-  EXPECT_EQ(both.front().frame.minY(), 0) << "the main screen stands at the bottom";
+  EXPECT_EQ(both.front().frame.minY(), 0) << "the main screen is at the bottom";
   ASSERT_EQ(run("xrandr", {"--delmonitor", "HDMI-7"}).status, 0);
   EXPECT_TRUE(waitFor([&] { return screens.list().size() == 1; }));
 }

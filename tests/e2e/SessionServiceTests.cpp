@@ -68,13 +68,5 @@ TEST(SessionServiceOnBus, TheNameIsFreeAgainAfterTheEnd) {
   EXPECT_EQ(secondStart({}).output, "owner\n");
 }
 
-TEST(SessionServiceOnBus, WithoutABusTheProgramRunsAlone) {
-  const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-  qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-  const std::string output = secondStart({"--reveal"}).output;
-  qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-  EXPECT_EQ(output, "alone\n");
-}
-
 }  // namespace
 }  // namespace ambrel

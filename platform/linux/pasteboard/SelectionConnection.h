@@ -41,7 +41,7 @@ class SelectionConnection {
   bool isBroken() const { return xcb_connection_has_error(connection_) != 0; }
 
   xcb_atom_t atom(std::string_view name);
-  // The names in the order given; of an atom that is none, or has an overlong name, "".
+  // The names in the order given; "" for an atom that does not exist or whose name is too long.
   std::vector<std::string> names(std::span<const xcb_atom_t> atoms);
 
   xcb_window_t owner(xcb_atom_t selection);

@@ -41,7 +41,7 @@ SelectionServer::SelectionServer(SelectionConnection& connection) : connection_(
 void SelectionServer::offer(std::vector<Representation> representations, bool isRestoring) {
   pending_ = std::move(representations);
   isRestoring_ = isRestoring;
-  // A selection is taken as of a time of the server's, which a change of a property tells.
+  // A selection is taken at a server time, which a property change reports.
   xcb_change_property(connection_.xcb(), XCB_PROP_MODE_APPEND, connection_.window(), connection_.atoms().clock,
                       XCB_ATOM_INTEGER, 32, 0, nullptr);
 }

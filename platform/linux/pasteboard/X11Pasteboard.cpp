@@ -127,7 +127,7 @@ class X11Pasteboard::Worker {
   }
 
   void carryOut(const ReadCommand& command) {
-    // What we have written ourselves is no news to anyone here.
+    // What we have written ourselves is not reported to anyone.
     if (server_.isOwner() || shared_->pendingWrites > 0) return deliver(command.number, {});
     hasEcho_ = false;
     reader_.start(ownerTime_, command.wish, now(), [this, number = command.number](SelectionReader::Outcome outcome) {

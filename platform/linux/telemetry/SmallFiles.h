@@ -20,7 +20,7 @@ bool isThere(const std::filesystem::path& path);
 // The names in a folder that begin so, sorted; links count.
 std::vector<std::string> namesIn(const std::filesystem::path& folder, std::string_view prefix = {});
 
-// The time since boot, sleep included; what rates are reckoned with.
+// The time since boot, sleep included; rates are computed with it.
 std::uint64_t bootNanoseconds();
 
 }  // namespace ambrel

@@ -77,19 +77,6 @@ TEST_F(Files, StatusFollowsLinksAndKnowsTheTimeToTheMicrosecond) {
   EXPECT_TRUE(fileStatus(folder_.path())->isFolder);
 }
 
-TEST_F(Files, ADescriptorHasOneOwner) {
-  FileDescriptor first = openForReading(folder_.path());
-  const int fd = first.get();
-  FileDescriptor second = std::move(first);
-  EXPECT_FALSE(first);  // NOLINT(bugprone-use-after-move)
-  EXPECT_EQ(second.get(), fd);
-  second = openForReading("/");
-  EXPECT_EQ(fcntl(fd, F_GETFD) >= 0, fd == second.get());
-  const int given = second.release();
-  EXPECT_FALSE(second);
-  EXPECT_EQ(close(given), 0);
-}
-
 TEST_F(Files, MakesFoldersForTheUserAlone) {
   makeFolders(at("a/b/c"));
   EXPECT_EQ(modeOf(at("a")), 0700u);
@@ -131,14 +118,6 @@ TEST_F(Files, AWriteThatFailsSaysWhatAndWhyAndLeavesTheOld) {
   EXPECT_THROW(writeAtomically(at("file/below"), "new"), FileError);
   EXPECT_THROW(writeAtomically(at("missing/f"), "new"), FileError);
   EXPECT_EQ(readFile(at("file")), "kept");
-}
-
-TEST_F(Files, AReadOnlyFolderKeepsItsFile) {
-  if (geteuid() == 0) GTEST_SKIP() << "permissions do not stop root";
-  const auto file = folder_.write("locked/f", "old");
-  ASSERT_EQ(chmod(at("locked").c_str(), 0500), 0);
-  EXPECT_THROW(writeAtomically(file, "new"), FileError);
-  EXPECT_EQ(readFile(file), "old");
 }
 
 // The child replaces the file over and over until it is killed, wherever it is just then.

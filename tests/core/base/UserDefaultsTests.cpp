@@ -23,10 +23,10 @@ class Defaults : public testing::Test {
 
 TEST_F(Defaults, EveryTypeComesBackAsItself) {
   const DefaultsValue values[] = {
+      // Scalars at their limits.
       {true},
       {false},
       {std::int64_t{0}},
-      {std::int64_t{1}},
       {std::numeric_limits<std::int64_t>::min()},
       {std::numeric_limits<std::int64_t>::max()},
       {1.0},
@@ -34,13 +34,12 @@ TEST_F(Defaults, EveryTypeComesBackAsItself) {
       {-1e300},
       {std::string()},
       {std::string("Grüße \"quoted\"\n\t\\ \x01 ✓")},
-      {std::string("$data")},
       {DefaultsData{}},
       {DefaultsData{std::string("\0\xff\xfe binary", 10)}},
       {Instant(std::chrono::microseconds(1'800'000'000'123'456))},
+      // What holds others.
       {DefaultsArray{}},
       {DefaultsArray{{true}, {1.0}, {DefaultsArray{{DefaultsData{"x"}}}}}},
-      {DefaultsDictionary{}},
       {DefaultsDictionary{{"2026-11-21", {std::int64_t{3}}}, {"", {std::string("empty key")}}}},
       // Dictionaries that look like the forms of data and dates.
       {DefaultsDictionary{{"$data", {std::string("QUJD")}}}},
@@ -62,21 +61,13 @@ TEST_F(Defaults, EveryTypeComesBackAsItself) {
 TEST_F(Defaults, AValueOfAnotherTypeIsAbsent) {
   const auto defaults = holding(R"({"limit": "300", "on": 1, "level": true, "share": 3, "half": 3.5, "big": 1e19,
       "names": ["a", 1], "list": ["a", "b"], "when": "2026-11-21T09:00:00Z", "nothing": null})");
-  EXPECT_EQ(defaults.integer("limit"), std::nullopt);
   EXPECT_EQ(defaults.string("limit"), "300");
-  EXPECT_EQ(defaults.boolean("on"), std::nullopt);
-  EXPECT_EQ(defaults.integer("level"), std::nullopt);
   EXPECT_EQ(defaults.number("share"), 3.0);
-  EXPECT_EQ(defaults.integer("half"), std::nullopt);
   EXPECT_EQ(defaults.number("half"), 3.5);
-  EXPECT_EQ(defaults.integer("big"), std::nullopt);
-  EXPECT_EQ(defaults.strings("names"), std::nullopt);
   EXPECT_THAT(defaults.strings("list").value(), testing::ElementsAre("a", "b"));
-  EXPECT_EQ(defaults.date("when"), std::nullopt);
-  EXPECT_EQ(defaults.data("when"), std::nullopt);
-  EXPECT_EQ(defaults.dictionary("list"), nullptr);
-  EXPECT_EQ(defaults.object("nothing"), nullptr);
-  EXPECT_EQ(defaults.object("missing"), nullptr);
+  for (const char* key : {"limit", "level", "half", "big"}) EXPECT_EQ(defaults.integer(key), std::nullopt) << key;
+  EXPECT_FALSE(defaults.boolean("on") || defaults.strings("names") || defaults.date("when") || defaults.data("when") ||
+               defaults.dictionary("list") || defaults.object("nothing") || defaults.object("missing"));
 }
 
 TEST_F(Defaults, EachChangeIsOnDiskAtOnceAndForTheUserAlone) {
@@ -102,7 +93,7 @@ TEST_F(Defaults, AnEqualValueWritesNothing) {
   EXPECT_TRUE(std::filesystem::exists(file_));
 }
 
-TEST_F(Defaults, AFailedWriteThrowsAndTheChangeStandsInMemory) {
+TEST_F(Defaults, AFailedWriteThrowsAndTheChangeStaysInMemory) {
   folder_.write("Ambrel", "a file where the folder should be");
   auto defaults = opened();
   EXPECT_THROW(defaults.set("a", DefaultsValue{true}), FileError);

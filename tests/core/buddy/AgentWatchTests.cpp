@@ -1,7 +1,5 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/buddy/AgentWatch.h"
+#include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
@@ -11,9 +9,6 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using enum AgentStatus;
 using enum AgentKind;
-
-const Instant start = instantFromUnixSeconds(1'795'251'600);
-Instant after(double seconds) { return advanced(start, Seconds(seconds)); }
 
 AgentSession session(std::string id, AgentKind kind, AgentStatus status, std::optional<std::string> detail = {}) {
   return {.id = std::move(id),
@@ -28,15 +23,12 @@ AgentSession session(std::string id, AgentKind kind, AgentStatus status, std::op
 AgentWatch watch() { return {.lastLookAt = start}; }
 
 TEST(AgentWatch, KnowsAReturnAfterTwoMinutesAway) {
-  struct Row {
-    double away;
-    bool isReturn;
-  };
-  for (const Row row : {Row{0, false}, Row{119, false}, Row{119.999999, false}, Row{120, true}, Row{7200, true}}) {
+  for (const auto& [away, isReturn] : {std::pair{0.0, false}, {119.999999, false}, {120.0, true}, {7200.0, true}}) {
     AgentWatch watch;
     EXPECT_FALSE(watch.setFront({codex}, after(0))) << "a first visit is no return";
-    EXPECT_FALSE(watch.setFront({}, after(10)));
-    EXPECT_EQ(watch.setFront({codex}, after(10 + row.away)), row.isReturn) << row.away;
+    EXPECT_FALSE(watch.setFront({codex}, after(500))) << "nor is one that comes forward again";
+    EXPECT_FALSE(watch.setFront({}, after(510)));
+    EXPECT_EQ(watch.setFront({codex}, after(510 + away)), isReturn) << away;
   }
 }
 
@@ -48,13 +40,6 @@ TEST(AgentWatch, CountsTheTimeAwayForEachAgent) {
   watch.setFront({cursor}, after(210));
   EXPECT_FALSE(watch.setFront({}, after(400))) << "nobody came back to an agent";
   EXPECT_TRUE(watch.setFront({codex}, after(410)));
-}
-
-TEST(AgentWatch, TakesAnAgentThatComesForwardAgainAsNotAway) {
-  AgentWatch watch;
-  watch.setFront({codex}, after(0));
-  EXPECT_FALSE(watch.setFront({codex}, after(500)));
-  EXPECT_THAT(watch.front, ElementsAre(codex));
 }
 
 TEST(AgentWatch, KnowsSeveralAgentsInOneWindow) {
@@ -92,40 +77,30 @@ TEST(AgentWatch, LogsNothingAtFirstSight) {
 }
 
 TEST(AgentWatch, MeasuresARunFromItsFirstSightThroughEveryWait) {
-  AgentWatch watch;
+  AgentWatch watch{.lastLookAt = after(-1)};
+  watch.update({session("a", codex, idle)}, after(-10));
   watch.update({session("a", codex, needsInput, "Allow?")}, after(0));
   watch.update({session("a", codex, working, "Bash")}, after(60));
   watch.update({session("a", codex, finished)}, after(500));
-  ASSERT_THAT(watch.log, SizeIs(2));
-  EXPECT_EQ(watch.log[0], (AgentWatch::Change{.sessionID = "a",
-                                              .kind = codex,
-                                              .project = "web-shop",
-                                              .from = needsInput,
-                                              .to = working,
-                                              .detail = "Bash",
-                                              .ranFor = {},
-                                              .at = after(60)}));
-  EXPECT_EQ(watch.log[1], (AgentWatch::Change{.sessionID = "a",
-                                              .kind = codex,
-                                              .project = "web-shop",
-                                              .from = working,
-                                              .to = finished,
-                                              .detail = "Bash",
-                                              .ranFor = Seconds(500),
-                                              .at = after(500)}));
-}
-
-TEST(AgentWatch, GivesThreeLinesToAWaitARunAndItsEnd) {
-  AgentWatch watch;
-  watch.lastLookAt = after(-1);
-  watch.update({session("a", codex, idle)}, after(0));
-  watch.update({session("a", codex, needsInput, "Allow?")}, after(60));
-  watch.update({session("a", codex, working, "Bash")}, after(120));
-  watch.update({session("a", codex, finished)}, after(60 + 12 * 60));
+  AgentWatch::Change end{.sessionID = "a",
+                         .kind = codex,
+                         .project = "web-shop",
+                         .from = needsInput,
+                         .to = working,
+                         .detail = "Bash",
+                         .ranFor = {},
+                         .at = after(60)};
+  ASSERT_THAT(watch.log, SizeIs(3));
+  EXPECT_EQ(watch.log[1], end);
+  end.from = working;
+  end.to = finished;
+  end.ranFor = Seconds(500);
+  end.at = after(500);
+  EXPECT_EQ(watch.log[2], end);
   EXPECT_THAT(
       watch.digest(after(900)),
       ElementsAre(AgentWatch::DigestEntry{
-          "a", codex, "web-shop", {"Waiting for you · Allow?", "Started working · Bash", "Finished after 12 min"}}));
+          "a", codex, "web-shop", {"Waiting for you · Allow?", "Started working · Bash", "Finished after 8 min"}}));
 }
 
 TEST(AgentWatch, BeginsANewRunAfterTheEndOfAnother) {
@@ -168,38 +143,26 @@ TEST(AgentWatch, KeepsTheNewestOfAFloodOfChanges) {
 }
 
 TEST(AgentWatch, WordsAChange) {
-  struct Row {
-    AgentStatus from, to;
-    std::optional<std::string> detail;
-    std::optional<Seconds> ranFor;
-    std::optional<std::string> line;
-  };
-  const Row rows[] = {
-      {working, needsInput, "Allow?", {}, "Waiting for you · Allow?"},
-      {working, needsInput, {}, {}, "Waiting for you"},
-      {idle, working, "Bash", {}, "Started working · Bash"},
-      {finished, working, {}, {}, "Started working"},
-      {working, finished, "Done", Seconds(725), "Finished after 12 min"},
-      {working, finished, {}, Seconds(59), "Finished after 1 min"},
-      {working, finished, {}, Seconds(0), "Finished after 1 min"},
-      {working, finished, {}, Seconds(119.9), "Finished after 1 min"},
-      {idle, finished, "Done", {}, "Finished"},
-      {working, idle, "Bash", Seconds(1260), "Stopped after 21 min: no activity for 10 min"},
-      {needsInput, idle, {}, {}, "Stopped: no activity for 10 min"},
-      {finished, idle, "Done", {}, {}},
-      {idle, idle, {}, {}, {}},
-  };
-  for (const Row& row : rows)
+  using Text = std::optional<std::string>;
+  using Row = std::tuple<AgentStatus, AgentStatus, Text, std::optional<Seconds>, Text>;
+  for (const auto& [from, to, detail, ranFor, line] :
+       {Row{working, needsInput, {}, {}, "Waiting for you"}, Row{finished, working, {}, {}, "Started working"},
+        Row{working, finished, "Done", Seconds(725), "Finished after 12 min"},
+        Row{working, finished, {}, Seconds(0), "Finished after 1 min"},
+        Row{working, finished, {}, Seconds(119.9), "Finished after 1 min"}, Row{idle, finished, "Done", {}, "Finished"},
+        Row{working, idle, "Bash", Seconds(1260), "Stopped after 21 min: no activity for 10 min"},
+        Row{needsInput, idle, {}, {}, "Stopped: no activity for 10 min"}, Row{finished, idle, "Done", {}, {}},
+        Row{idle, idle, {}, {}, {}}})
     EXPECT_EQ(AgentWatch::line({.sessionID = "a",
                                 .kind = codex,
                                 .project = {},
-                                .from = row.from,
-                                .to = row.to,
-                                .detail = row.detail,
-                                .ranFor = row.ranFor,
+                                .from = from,
+                                .to = to,
+                                .detail = detail,
+                                .ranFor = ranFor,
                                 .at = start}),
-              row.line)
-        << nameOf(row.from) << " to " << nameOf(row.to);
+              line)
+        << nameOf(from) << " to " << nameOf(to);
 }
 
 TEST(AgentWatch, TellsOfTheOthersInTheOrderOfTheirFirstNews) {
@@ -232,17 +195,12 @@ TEST(AgentWatch, TellsOnlyOfWhatCameAfterTheLastLook) {
   EXPECT_EQ(digest[0].sessionID, "b");
   watch.lastLookAt = after(120);
   EXPECT_THAT(watch.digest(after(200)), IsEmpty());
-}
-
-TEST(AgentWatch, LeavesOutAgentsInViewAndChangesWithoutALine) {
-  AgentWatch watch = ambrel::watch();
-  watch.update({session("a", codex, working), session("b", cursor, finished)}, after(0));
-  watch.update({session("a", codex, finished), session("b", cursor, idle)}, after(60));
-  watch.setFront({codex}, after(100));
-  EXPECT_THAT(watch.digest(after(200)), IsEmpty());
+  // Nor of agents in view, and for 20 seconds after.
+  watch.lastLookAt = after(0);
+  watch.setFront({codex}, after(250));
   watch.setFront({}, after(300));
   EXPECT_THAT(watch.digest(after(320)), IsEmpty());
-  EXPECT_THAT(watch.digest(after(321)), SizeIs(1));
+  EXPECT_THAT(watch.digest(after(321)), SizeIs(2));
 }
 
 TEST(AgentWatch, SumsUpADigestInOneNotice) {
@@ -253,12 +211,9 @@ TEST(AgentWatch, SumsUpADigestInOneNotice) {
   const Instant now = after(0.5);
   EXPECT_EQ(awayNotice({first}, now), BuddyNotice("away:1795251600.5", BuddyRule::awayDigest, "While you were away",
                                                   "Codex: Finished after 12 min", now, {BuddyActions::OpenInbox{}}));
-  EXPECT_EQ(awayNotice({first, second}, now).detail,
-            "Codex: Finished after 12 min · Claude Code: Waiting for you · Allow?");
-  EXPECT_EQ(awayNotice({first, second, third}, now).detail,
-            "Codex: Finished after 12 min · Claude Code: Waiting for you · Allow? · +1 more");
-  EXPECT_EQ(awayNotice({first, second, third, third, third}, after(0)).detail,
-            "Codex: Finished after 12 min · Claude Code: Waiting for you · Allow? · +3 more");
+  const std::string two = "Codex: Finished after 12 min · Claude Code: Waiting for you · Allow?";
+  EXPECT_EQ(awayNotice({first, second}, now).detail, two);
+  EXPECT_EQ(awayNotice({first, second, third}, now).detail, two + " · +1 more");
   EXPECT_EQ(awayNotice({first}, after(0)).id, "away:1795251600.0");
 }
 

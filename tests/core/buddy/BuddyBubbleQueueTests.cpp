@@ -1,8 +1,6 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/buddy/BuddyBubbleQueue.h"
 #include "core/buddy/BuddyInbox.h"
+#include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
@@ -11,22 +9,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using enum BuddyRule;
-
-const Instant start = instantFromUnixSeconds(1'795'251'600);
-Instant after(double seconds) { return advanced(start, Seconds(seconds)); }
-
-BuddyNotice notice(std::string id, BuddyRule rule, double seconds = 0, std::optional<std::string> session = {},
-                   std::optional<Instant> expiresAt = {}) {
-  const std::string title = "Title " + id, detail = "Detail " + id + ".";
-  return BuddyNotice(std::move(id), rule, title, detail, after(seconds), {BuddyActions::Snooze{15}}, std::move(session),
-                     expiresAt);
-}
-
-std::vector<std::string> ids(const std::vector<BuddyNotice>& notices) {
-  std::vector<std::string> ids;
-  for (const BuddyNotice& notice : notices) ids.push_back(notice.id);
-  return ids;
-}
 
 std::string currentID(const BuddyBubbleQueue& queue) { return queue.current ? queue.current->id : ""; }
 
@@ -49,40 +31,33 @@ TEST(BuddyBubbleQueue, GivesWayToWhatIsMoreUrgent) {
   queue.offer(notice("also urgent", batteryCritical));
   EXPECT_EQ(currentID(queue), "urgent") << "an equal one waits";
   EXPECT_THAT(ids(queue.pending), ElementsAre("also urgent", "info"));
-}
 
-TEST(BuddyBubbleQueue, PutsADisplacedNoticeBehindItsEquals) {
-  BuddyBubbleQueue queue;
-  queue.offer(notice("first", diskLow));
-  queue.offer(notice("second", batteryLow));
-  queue.offer(notice("urgent", batteryCritical));
-  EXPECT_THAT(ids(queue.pending), ElementsAre("second", "first"));
+  BuddyBubbleQueue displaced;
+  for (const auto& [id, rule] : {std::pair{"first", diskLow}, {"second", batteryLow}, {"urgent", batteryCritical}})
+    displaced.offer(notice(id, rule));
+  EXPECT_THAT(ids(displaced.pending), ElementsAre("second", "first")) << "behind its equals";
 }
 
 TEST(BuddyBubbleQueue, HoldsFiveAtMostAndDropsTheLeast) {
   BuddyBubbleQueue queue;
   queue.offer(notice("current", agentNeedsInput));
-  for (const char* id : {"1", "2", "3", "4", "5"}) queue.offer(notice(id, diskLow));
+  for (const char* id : {"1", "2", "3", "4", "5", "sixth"}) queue.offer(notice(id, diskLow));
   queue.offer(notice("low", water));
-  EXPECT_THAT(ids(queue.pending), ElementsAre("1", "2", "3", "4", "5"));
-  queue.offer(notice("sixth", batteryLow));
   EXPECT_THAT(ids(queue.pending), ElementsAre("1", "2", "3", "4", "5"));
   queue.offer(notice("urgent", meetingStart));
   EXPECT_THAT(ids(queue.pending), ElementsAre("urgent", "1", "2", "3", "4"));
 }
 
 TEST(BuddyBubbleQueue, SpeaksOnceOfASessionWithinHalfAMinute) {
-  struct Row {
-    double first, second;
-    bool isMerged;
-  };
-  for (const Row row :
-       {Row{0, 0, true}, Row{0, 30, true}, Row{30, 0, true}, Row{0, 30.001, false}, Row{31, 0, false}}) {
+  const std::tuple<double, double, const char*, bool> rows[] = {{0, 0, "s", true},   {0, 30, "s", true},
+                                                                {30, 0, "s", true},  {0, 30.001, "s", false},
+                                                                {31, 0, "s", false}, {0, 0, "t", false}};
+  for (const auto& [first, second, session, isMerged] : rows) {
     BuddyBubbleQueue queue;
-    queue.offer(notice("a", agentFinished, row.first, "s"));
-    EXPECT_EQ(queue.offer(notice("b", agentStopped, row.second, "s")), row.isMerged);
-    EXPECT_THAT(queue.pending, SizeIs(row.isMerged ? 0 : 1));
-    EXPECT_EQ(queue.current->detail, row.isMerged ? "Detail a. Also: Title b." : "Detail a.");
+    queue.offer(notice("a", agentFinished, first, "s"));
+    EXPECT_EQ(queue.offer(notice("b", agentStopped, second, session)), isMerged);
+    EXPECT_THAT(queue.pending, SizeIs(isMerged ? 0 : 1));
+    EXPECT_EQ(queue.current->detail, isMerged ? "Detail a. Also: Title b." : "Detail a.");
   }
 }
 
@@ -96,15 +71,6 @@ TEST(BuddyBubbleQueue, MergesWithWhatWaitsToo) {
   // What has waited keeps its place, however urgent it has become.
   EXPECT_THAT(ids(queue.pending), ElementsAre("other", "b"));
   EXPECT_EQ(queue.pending[1].detail, "Detail b. Also: Title a.");
-}
-
-TEST(BuddyBubbleQueue, NeverMergesNoticesOfDifferentSessionsOrOfNone) {
-  BuddyBubbleQueue queue;
-  queue.offer(notice("a", agentFinished, 0, "s"));
-  EXPECT_FALSE(queue.offer(notice("b", agentFinished, 0, "t")));
-  EXPECT_FALSE(queue.offer(notice("c", diskLow)));
-  EXPECT_FALSE(queue.offer(notice("d", diskLow)));
-  EXPECT_THAT(ids(queue.pending), ElementsAre("b", "c", "d"));
 }
 
 TEST(BuddyBubbleQueue, MergesUnderTheLeadOfTheFirstUnlessTheSecondIsMoreUrgent) {
@@ -170,17 +136,14 @@ TEST(BuddyBubbleQueue, MovesWithAClockThatIsSet) {
 
 TEST(BuddyInbox, ListsTheNewestFirstAndKeepsTwoHundred) {
   BuddyInbox inbox;
-  for (int i = 0; i < 250; ++i) inbox.add({notice(std::to_string(i), water)}, after(i));
-  ASSERT_THAT(inbox.recent, SizeIs(200));
-  EXPECT_EQ(inbox.recent.front().id, "249");
-  EXPECT_EQ(inbox.recent.back().id, "50");
-
   std::vector<BuddyNotice> many;
-  for (int i = 0; i < 3000; ++i) many.push_back(notice("many " + std::to_string(i), water, 1000));
+  for (int i = 0; i < 3000; ++i) many.push_back(notice(std::to_string(i), water, 1000));
+  for (int i = 0; i < 250; ++i) inbox.add({notice("before " + std::to_string(i), water)}, after(i));
+  EXPECT_EQ(inbox.recent.back().id, "before 50");
   inbox.add(many, after(1000));
   ASSERT_THAT(inbox.recent, SizeIs(200));
-  EXPECT_EQ(inbox.recent.front().id, "many 2999");
-  EXPECT_EQ(inbox.recent.back().id, "many 2800");
+  EXPECT_EQ(inbox.recent.front().id, "2999");
+  EXPECT_EQ(inbox.recent.back().id, "2800");
 }
 
 TEST(BuddyInbox, MovesANoticeThatCameBackToTheFrontUnderThePresentTime) {

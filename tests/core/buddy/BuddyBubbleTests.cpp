@@ -1,21 +1,11 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/buddy/BuddyBubble.h"
+#include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
 
 using ::testing::SizeIs;
 using enum BuddyRule;
-
-const Instant start = instantFromUnixSeconds(1'795'251'600);
-Instant after(double seconds) { return advanced(start, Seconds(seconds)); }
-
-BuddyNotice notice(const std::string& id, BuddyRule rule, double seconds = 0, std::optional<std::string> session = {}) {
-  return BuddyNotice(id, rule, "Title " + id, "Detail " + id + ".", after(seconds), {BuddyActions::Snooze{15}},
-                     std::move(session));
-}
 
 BuddyBubble offered(const std::vector<BuddyNotice>& notices) {
   BuddyBubble bubble;

@@ -2,14 +2,13 @@
 #include <gtest/gtest.h>
 
 #include "core/buddy.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-Instant at(std::string_view text) { return parseISO8601(text).value(); }
 
 TEST(BuddyRules, SayWhyANoticeCameAndWhatTurnsItOff) {
   const Calendar american("UTC", "en_US"), german("UTC", "de_DE");
@@ -68,69 +67,19 @@ TEST(BuddyActions, OpenLinksOfTheWebAlone) {
 
 TEST(QuietHours, LastOverMidnightFromALaterHourToAnEarlierOne) {
   const Calendar calendar("Europe/Berlin", "en_US");  // an hour ahead of UTC in November
-  struct Row {
-    QuietHours hours;
-    std::string_view time;
-    bool isQuiet;
+  const auto expect = [&](QuietHours hours, bool isQuiet, std::initializer_list<const char*> times) {
+    for (const char* time : times)
+      EXPECT_EQ(hours.contains(at(std::string("2026-11-21T") + time + "Z"), calendar), isQuiet)
+          << hours.startHour << " to " << hours.endHour << " at " << time;
   };
-  const Row rows[] = {
-      {{22, 7}, "2026-11-21T20:59:59Z", false}, {{22, 7}, "2026-11-21T21:00:00Z", true},
-      {{22, 7}, "2026-11-21T22:00:00Z", true},  {{22, 7}, "2026-11-21T23:30:00Z", true},
-      {{22, 7}, "2026-11-21T05:59:59Z", true},  {{22, 7}, "2026-11-21T06:00:00Z", false},
-      {{22, 7}, "2026-11-21T11:00:00Z", false}, {{9, 17}, "2026-11-21T07:59:00Z", false},
-      {{9, 17}, "2026-11-21T08:00:00Z", true},  {{9, 17}, "2026-11-21T15:59:59Z", true},
-      {{9, 17}, "2026-11-21T16:00:00Z", false}, {{9, 9}, "2026-11-21T08:30:00Z", false},
-      {{0, 0}, "2026-11-20T23:30:00Z", false},  {{23, 0}, "2026-11-21T22:30:00Z", true},
-      {{23, 0}, "2026-11-21T23:00:00Z", false}, {{0, 23}, "2026-11-20T23:00:00Z", true},
-  };
-  for (const Row& row : rows)
-    EXPECT_EQ(row.hours.contains(at(row.time), calendar), row.isQuiet)
-        << row.hours.startHour << " to " << row.hours.endHour << " at " << row.time;
-}
-
-TEST(QuietHours, AreNoneBetweenEqualHours) {
-  const Calendar calendar("UTC", "en_US");
-  for (int start = 0; start < 24; ++start)
-    for (int hour = 0; hour < 24; ++hour)
-      EXPECT_FALSE((QuietHours{start, start}.contains(calendar.instant(2026, 11, 21, hour), calendar)));
-}
-
-TEST(QuietHours, FollowTheLocalClockOnTheDaysOnWhichItChanges) {
-  const Calendar calendar("Europe/Berlin", "en_US");
-  const QuietHours hours{2, 3};
-  // The hour from 2 to 3 does not occur on 29 March, and twice on 25 October.
-  EXPECT_FALSE(hours.contains(at("2026-03-29T00:59:59Z"), calendar));
-  EXPECT_FALSE(hours.contains(at("2026-03-29T01:00:00Z"), calendar));
-  EXPECT_TRUE(hours.contains(at("2026-10-25T00:30:00Z"), calendar));
-  EXPECT_TRUE(hours.contains(at("2026-10-25T01:30:00Z"), calendar));
-  EXPECT_FALSE(hours.contains(at("2026-10-25T02:00:00Z"), calendar));
-}
-
-TEST(BuddyPolicy, DropsEverythingWhenBuddyIsOff) {
-  BuddyPolicy policy;
-  policy.level = BuddyLevel::off;
-  for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_FALSE(policy.allows(rule)) << nameOf(rule);
-}
-
-TEST(BuddyPolicy, DropsWhatOnlyInformsAtTheLevelImportant) {
-  BuddyPolicy policy;
-  policy.level = BuddyLevel::important;
-  std::vector<std::string_view> dropped;
-  for (const BuddyRule rule : allCases<BuddyRule>())
-    if (!policy.allows(rule)) dropped.push_back(nameOf(rule));
-  EXPECT_THAT(dropped, ElementsAre("agentStillWorking", "cpuHigh", "water", "focusEnded", "breakOver", "daySummary"));
-}
-
-TEST(BuddyPolicy, AllowsTheCategoriesThatAreOn) {
-  for (const BuddyCategory chosen : allCases<BuddyCategory>()) {
-    BuddyPolicy policy;
-    policy.categories = {chosen};
-    for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_EQ(policy.allows(rule), category(rule) == chosen);
-  }
-  BuddyPolicy all;
-  for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_TRUE(all.allows(rule));
-  all.categories.clear();
-  for (const BuddyRule rule : allCases<BuddyRule>()) EXPECT_FALSE(all.allows(rule));
+  expect({22, 7}, true, {"21:00:00", "22:00:00", "23:30:00", "05:59:59"});
+  expect({22, 7}, false, {"20:59:59", "06:00:00", "11:00:00"});
+  expect({9, 17}, true, {"08:00:00", "15:59:59"});
+  expect({9, 17}, false, {"07:59:00", "16:00:00"});
+  expect({9, 9}, false, {"08:30:00"});
+  expect({0, 0}, false, {"23:30:00"});
+  expect({23, 0}, true, {"22:30:00"});
+  expect({23, 0}, false, {"23:00:00"});
 }
 
 }  // namespace

@@ -14,20 +14,14 @@ TEST(ClipCleanup, NamesUnprotectedTargetsAlone) {
   link.kind = ClipKind::link;
   const std::vector<ClipItem> items{text(1, "new", 90), text(2, "exact", 50), link, pinned(text(4, "old", 0)),
                                     collected(text(5, "kept", 0), 70)};
-  const struct {
-    ClipCleanup cleanup;
-    Numbers targets;
-  } rows[] = {
-      {{ClipCleanup::OlderThan{Seconds(50)}}, {3}},
-      {{ClipCleanup::OlderThan{Seconds(0)}}, {1, 2, 3}},
-      {{ClipCleanup::Matching{{ClipFilter::Kind{ClipKind::text}}}}, {1, 2}},
-      {{ClipCleanup::Matching{{ClipFilter::Pinned{}}}}, {}},
-      {{ClipCleanup::Matching{{ClipFilter::Collection{id(70)}}}}, {}},
-      {{ClipCleanup::Matching{{ClipFilter::All{}}}}, {1, 2, 3}},
-      {{ClipCleanup::All{}}, {1, 2, 3}},
-  };
-  for (const auto& row : rows)
-    EXPECT_EQ(numbers(ClipCleanup::targets(items, row.cleanup, at(100))), row.targets) << row.cleanup.value.index();
+  using Row = std::pair<ClipCleanup, Numbers>;
+  for (const auto& [cleanup, targets] :
+       {Row{{ClipCleanup::OlderThan{Seconds(50)}}, {3}}, Row{{ClipCleanup::OlderThan{Seconds(0)}}, {1, 2, 3}},
+        Row{{ClipCleanup::Matching{{ClipFilter::Kind{ClipKind::text}}}}, {1, 2}},
+        Row{{ClipCleanup::Matching{{ClipFilter::Pinned{}}}}, {}},
+        Row{{ClipCleanup::Matching{{ClipFilter::Collection{id(70)}}}}, {}},
+        Row{{ClipCleanup::Matching{{ClipFilter::All{}}}}, {1, 2, 3}}, Row{{ClipCleanup::All{}}, {1, 2, 3}}})
+    EXPECT_EQ(numbers(ClipCleanup::targets(items, cleanup, at(100))), targets) << cleanup.value.index();
 }
 
 TEST(ClipCleanup, ExpiresByAgeAndSecretsEarlier) {
@@ -38,19 +32,12 @@ TEST(ClipCleanup, ExpiresByAgeAndSecretsEarlier) {
   empty.text.reset();
   const std::vector<ClipItem> items{
       text(1, "plain", 50), text(2, code, 50), text(3, code, 40), pinned(text(4, code, 0)), link, empty};
-  const struct {
-    std::optional<Seconds> maxAge, sensitiveAge;
-    Numbers expired;
-  } rows[] = {
-      {std::nullopt, std::nullopt, {}},
-      {Seconds(50), std::nullopt, {3, 5, 6}},
-      {Seconds(49.999), std::nullopt, {1, 2, 3, 5, 6}},
-      {std::nullopt, Seconds(50), {3}},
-      {std::nullopt, Seconds(10), {2, 3}},
-      {Seconds(99), Seconds(50), {3, 5, 6}},
-  };
-  for (const auto& row : rows)
-    EXPECT_EQ(numbers(ClipCleanup::expired(items, at(100), row.maxAge, row.sensitiveAge)), row.expired);
+  using Row = std::tuple<std::optional<Seconds>, std::optional<Seconds>, Numbers>;
+  for (const auto& [maxAge, sensitiveAge, expired] :
+       {Row{std::nullopt, std::nullopt, {}}, Row{Seconds(50), std::nullopt, {3, 5, 6}},
+        Row{Seconds(49.999), std::nullopt, {1, 2, 3, 5, 6}}, Row{std::nullopt, Seconds(50), {3}},
+        Row{std::nullopt, Seconds(10), {2, 3}}, Row{Seconds(99), Seconds(50), {3, 5, 6}}})
+    EXPECT_EQ(numbers(ClipCleanup::expired(items, at(100), maxAge, sensitiveAge)), expired);
 }
 
 TEST(ClipCleanup, AsksAboutSecretsOnlyWhenTheAnswerMatters) {

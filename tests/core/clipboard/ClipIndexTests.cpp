@@ -70,11 +70,8 @@ TEST(ClipIndex, ForgetsWhatIsNeitherLiveNorUndoable) {
   EXPECT_NE(index.find(id(1)), nullptr);
   EXPECT_NE(index.find(id(2)), nullptr);
   EXPECT_EQ(index.find(id(3)), nullptr);
-}
-
-TEST(ClipIndex, KeepsNoSecondCopyOfAnAsciiText) {
+  // An ASCII text has no second copy.
   EXPECT_FALSE(factsOf(text(1, "Plain Words"), {}).foldedText);
-  EXPECT_EQ(factsOf(text(1, "Crème"), {}).foldedText, "creme");
   EXPECT_EQ(factsOf(text(1, "KAPI"), {.hasDotlessI = true}).foldedText, "kapı");
 }
 

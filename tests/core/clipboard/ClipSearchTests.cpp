@@ -9,48 +9,34 @@ namespace {
 using namespace clips;
 
 TEST(ClipSearch, IgnoresCaseAndDiacritics) {
-  const struct {
-    std::string text, query;
-    bool isFound;
-  } rows[] = {
-      {"Meeting at noon", "MEETING", true},
-      {"Meeting at noon", "  \t meet", true},
-      {"Meeting at noon", "noon ", true},
-      {"Meeting at noon", "moon", false},
-      {"Une Crème brûlée", "creme BRULEE", true},
-      {"Cafe\u0301", "café", true},
-      {"cafe", "café", true},
-      {"Hauptstraße", "STRASSE", true},
-      {"ΑΘΗΝΑ", "αθήνα", true},
-      {"Ёлка", "елка", true},
-      {"İstanbul", "istanbul", true},
-      {"か", "が", false},
-      {"각", "가", false},
-      {"a b", "a  b", false},
-      {"one\ntwo", "\n", true},
-      {"one two", "\n", false},
-      {"one\ntwo", "e\nt", true},
-      {"", "x", false},
-      {"anything", "   ", true},
-      {"bad \xFF byte", "byte", true},
-      {"emoji 🙂 here", "🙂", true},
+  const auto expect = [](const char* content, const char* words, bool isFound) {
+    const ClipQuery query(words, {});
+    EXPECT_EQ(query.matches(text(1, content)), isFound) << content << " / " << words;
+    EXPECT_TRUE(query.isEmpty() || query.matchesFolded(SearchFolding().folded(content)) == isFound) << content;
   };
-  for (const auto& row : rows) {
-    const auto item = text(1, row.text);
-    EXPECT_EQ(ClipQuery(row.query, {}).matches(item), row.isFound) << row.text << " / " << row.query;
-    const ClipQuery query(row.query, {});
-    EXPECT_TRUE(query.isEmpty() || query.matchesFolded(SearchFolding().folded(row.text)) == row.isFound);
-  }
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [content, words] :
+       {Row{"Meeting at noon", "MEETING"}, Row{"Meeting at noon", "  \t meet"}, Row{"Meeting at noon", "noon "},
+        Row{"Une Crème brûlée", "creme BRULEE"}, Row{"Cafe\u0301", "café"}, Row{"cafe", "café"},
+        Row{"Hauptstraße", "STRASSE"}, Row{"ΑΘΗΝΑ", "αθήνα"}, Row{"Ёлка", "елка"}, Row{"İstanbul", "istanbul"},
+        Row{"one\ntwo", "\n"}, Row{"one\ntwo", "e\nt"}, Row{"anything", "   "}, Row{"bad \xFF byte", "byte"},
+        Row{"emoji 🙂 here", "🙂"}})
+    expect(content, words, true);
+  for (const auto& [content, words] : {std::pair{"Meeting at noon", "moon"},
+                                       {"か", "が"},
+                                       {"각", "가"},
+                                       {"a b", "a  b"},
+                                       {"one two", "\n"},
+                                       {"", "x"}})
+    expect(content, words, false);
 }
 
 TEST(ClipSearch, KeepsTheDotlessIApartWhereItIsALetter) {
-  const struct {
-    std::string locale;
-    bool findsDotted;
-  } rows[] = {{"en_US", true}, {"tr_TR.UTF-8", false}, {"az", false}, {"TR", false}, {"trv_TW", true}, {"", true}};
-  for (const auto& row : rows) {
-    const auto folding = SearchFolding::forLocale(row.locale);
-    EXPECT_EQ(ClipQuery("istanbul", folding).matches(text(1, "ISTANBUL")), row.findsDotted) << row.locale;
+  const std::pair<std::string, bool> rows[] = {{"en_US", true}, {"tr_TR.UTF-8", false}, {"az", false},
+                                               {"TR", false},   {"trv_TW", true},       {"", true}};
+  for (const auto& [locale, findsDotted] : rows) {
+    const auto folding = SearchFolding::forLocale(locale);
+    EXPECT_EQ(ClipQuery("istanbul", folding).matches(text(1, "ISTANBUL")), findsDotted) << locale;
     EXPECT_TRUE(ClipQuery("ıSPARTA", SearchFolding::forLocale("tr")).matches(text(1, "ISPARTA")));
   }
 }

@@ -31,6 +31,9 @@ TEST(ClipboardFolder, AFirstRunIsEmptyAndTheFirstSaveMakesThePrivateFolder) {
   ClipboardFolder folder(home / "Ambrel/Clipboard");
   EXPECT_EQ(folder.load(), ClipboardLibrary{});
   EXPECT_FALSE(std::filesystem::exists(folder.path()));
+  // One that others could read is closed.
+  std::filesystem::create_directories(folder.path());
+  std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
   const ClipboardLibrary library{.items = {text(1, "words")}, .collections = {}};
   folder.save(library);
   const std::string name = folder.saveImage("picture");
@@ -39,14 +42,6 @@ TEST(ClipboardFolder, AFirstRunIsEmptyAndTheFirstSaveMakesThePrivateFolder) {
   EXPECT_EQ(modeOf(folder.path() / "library.json"), 0600);
   EXPECT_EQ(modeOf(folder.imagePath(name)), 0600);
   EXPECT_EQ(ClipboardFolder(folder.path()).load(), library);
-}
-
-TEST(ClipboardFolder, AFolderThatOthersCouldReadIsClosed) {
-  TemporaryFolder home;
-  std::filesystem::create_directories(home / "Clipboard");
-  std::filesystem::permissions(home / "Clipboard", std::filesystem::perms(0755));
-  ClipboardFolder(home / "Clipboard").save({});
-  EXPECT_EQ(modeOf(home / "Clipboard"), 0700);
 }
 
 TEST(ClipboardFolder, AnUnreadableLibraryIsSetAsideBeforeTheFirstSave) {
@@ -131,16 +126,6 @@ TEST(ClipboardFolder, ALinkedLibraryStaysALink) {
   EXPECT_EQ(std::filesystem::file_size(target), std::filesystem::file_size(home / "Clipboard/library.json"));
 }
 
-TEST(ClipboardFolder, ASaveThatFailsLeavesTheOldLibrary) {
-  TemporaryFolder home;
-  ClipboardFolder folder(home / "Clipboard");
-  folder.save({.items = {text(1, "old")}, .collections = {}});
-  std::filesystem::remove(folder.path() / "library.json");
-  std::filesystem::create_directory(folder.path() / "library.json");
-  EXPECT_THROW(folder.save({}), FileError);
-  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "library.json"));
-}
-
 TEST(ClipboardFolder, OnePictureIsOneFile) {
   TemporaryFolder home;
   ClipboardFolder folder(home.path());
@@ -150,15 +135,9 @@ TEST(ClipboardFolder, OnePictureIsOneFile) {
   EXPECT_TRUE(isImageName(name));
   EXPECT_EQ(readFile(folder.imagePath(name)), "picture");
   EXPECT_THAT(namesIn(home / "Images"), UnorderedElementsAre(emptyName, name));
-}
-
-TEST(ClipboardFolder, AHalfWrittenPictureIsWrittenAgain) {
-  TemporaryFolder home;
-  ClipboardFolder folder(home.path());
-  const std::string name = folder.saveImage("picture");
   home.write("Images/" + name, "pic");
   folder.saveImage("picture");
-  EXPECT_EQ(readFile(folder.imagePath(name)), "picture");
+  EXPECT_EQ(readFile(folder.imagePath(name)), "picture") << "a half-written one is written again";
 }
 
 TEST(ClipboardFolder, RemovesNothingButPictures) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <unordered_set>
 
@@ -31,62 +32,42 @@ TEST(ClipboardLibrary, TheSameContentIsTheSameKindAndTheSameBytes) {
   link.kind = ClipKind::link;
   ClipItem none = text(3, "");
   none.text.reset();
-  const struct {
-    ClipItem one, other;
-    bool isSame;
-  } rows[] = {
-      {text(1, "a", 1), text(2, "a", 9), true},
-      {text(1, "a"), text(2, "a\n"), false},
-      {text(1, "a"), link, false},
-      {image(1, "x.png"), image(2, "x.png"), true},
-      {image(1, "x.png"), image(2, "y.png"), false},
-      {text(1, ""), none, true},
-  };
-  for (const auto& row : rows) {
+  using Row = std::tuple<ClipItem, ClipItem, bool>;
+  for (const auto& [one, other, isSame] :
+       {Row{text(1, "a", 1), text(2, "a", 9), true}, Row{text(1, "a"), text(2, "a\n"), false},
+        Row{text(1, "a"), link, false}, Row{image(1, "x.png"), image(2, "x.png"), true},
+        Row{image(1, "x.png"), image(2, "y.png"), false}, Row{text(1, ""), none, true}}) {
     ClipboardLibrary library;
-    library.add(row.one, 10);
-    library.add(row.other, 10);
-    EXPECT_EQ(library.items.size(), row.isSame ? 1u : 2u) << row.one.text.value_or("image");
+    library.add(one, 10);
+    library.add(other, 10);
+    EXPECT_EQ(library.items.size(), isSame ? 1u : 2u) << one.text.value_or("image");
   }
 }
 
 TEST(ClipboardLibrary, TheLimitEvictsTheOldestUnprotected) {
-  const struct {
-    std::int64_t limit;
-    std::vector<ClipItem> before;
-    Numbers evicted, left;
-  } rows[] = {
-      {2, {text(1, "a"), text(2, "b"), pinned(text(3, "c"))}, {2}, {9, 1, 3}},
-      {3, {text(1, "a"), text(2, "b"), pinned(text(3, "c"))}, {}, {9, 1, 2, 3}},
-      {1, {text(1, "a"), collected(text(2, "b"), 70), text(3, "c")}, {3, 1}, {9, 2}},
-      {0, {text(1, "a"), pinned(text(2, "b"))}, {1, 9}, {2}},
-      {-5, {text(1, "a")}, {1, 9}, {}},
-  };
-  for (const auto& row : rows) {
-    ClipboardLibrary library{.items = row.before, .collections = {}};
-    EXPECT_EQ(numbers(library.add(text(9, "new"), row.limit)), row.evicted) << row.limit;
-    EXPECT_EQ(numbers(library.items), row.left) << row.limit;
+  using Row = std::tuple<std::int64_t, std::vector<ClipItem>, Numbers, Numbers>;
+  for (const auto& [limit, before, evicted, left] :
+       {Row{2, {text(1, "a"), text(2, "b"), pinned(text(3, "c"))}, {2}, {9, 1, 3}},
+        Row{3, {text(1, "a"), text(2, "b"), pinned(text(3, "c"))}, {}, {9, 1, 2, 3}},
+        Row{1, {text(1, "a"), collected(text(2, "b"), 70), text(3, "c")}, {3, 1}, {9, 2}},
+        Row{0, {text(1, "a"), pinned(text(2, "b"))}, {1, 9}, {2}}, Row{-5, {text(1, "a")}, {1, 9}, {}}}) {
+    ClipboardLibrary library{.items = before, .collections = {}};
+    EXPECT_EQ(numbers(library.add(text(9, "new"), limit)), evicted) << limit;
+    EXPECT_EQ(numbers(library.items), left) << limit;
   }
 }
 
 TEST(ClipboardLibrary, LargeTextsGoBeforeSmallOnesAndTheFirstStays) {
   const std::string large(3 << 20, 'x');
   const auto sized = [&](int number) { return text(number, large + std::to_string(number)); };
-  const struct {
-    std::vector<ClipItem> items;
-    std::size_t bytes;
-    Numbers evicted;
-  } rows[] = {
-      {{sized(1), text(2, "small"), sized(3), pinned(sized(4)), text(5, "small")}, 4 << 20, {3}},
-      {{sized(1), sized(2), sized(3)}, 7 << 20, {3}},
-      {{sized(1), sized(2)}, 1, {2}},
-      {{sized(1), text(2, "small")}, 1, {2}},
-      {{sized(1), text(2, "small")}, 4 << 20, {}},
-  };
-  for (const auto& row : rows) {
-    ClipboardLibrary library{.items = row.items, .collections = {}};
-    EXPECT_EQ(numbers(library.evictBeyond(row.bytes)), row.evicted);
-    EXPECT_EQ(library.items.size() + row.evicted.size(), row.items.size());
+  using Row = std::tuple<std::vector<ClipItem>, std::size_t, Numbers>;
+  for (const auto& [items, bytes, evicted] :
+       {Row{{sized(1), text(2, "small"), sized(3), pinned(sized(4)), text(5, "small")}, 4 << 20, {3}},
+        Row{{sized(1), sized(2), sized(3)}, 7 << 20, {3}}, Row{{sized(1), sized(2)}, 1, {2}},
+        Row{{sized(1), text(2, "small")}, 1, {2}}, Row{{sized(1), text(2, "small")}, 4 << 20, {}}}) {
+    ClipboardLibrary library{.items = items, .collections = {}};
+    EXPECT_EQ(numbers(library.evictBeyond(bytes)), evicted);
+    EXPECT_EQ(library.items.size() + evicted.size(), items.size());
   }
 }
 
@@ -94,26 +75,21 @@ TEST(ClipFilter, AdmitsByKindCollectionAndPin) {
   ClipItem link = text(2, "http://example.org");
   link.kind = ClipKind::link;
   const std::vector<ClipItem> items{text(1, "a"), link, pinned(text(3, "c")), collected(text(4, "d"), 70)};
-  const struct {
-    ClipFilter filter;
-    Numbers found;
-  } rows[] = {
+  const std::pair<ClipFilter, Numbers> rows[] = {
       {{ClipFilter::All{}}, {1, 2, 3, 4}},       {{ClipFilter::Pinned{}}, {3}},
       {{ClipFilter::Kind{ClipKind::link}}, {2}}, {{ClipFilter::Kind{ClipKind::image}}, {}},
       {{ClipFilter::Collection{id(70)}}, {4}},   {{ClipFilter::Collection{id(71)}}, {}},
   };
-  for (const auto& row : rows)
-    EXPECT_EQ(numbers(ClipboardLibrary::filtered(items, row.filter, "", {})), row.found) << row.filter.value.index();
-}
-
-TEST(ClipFilter, IsOrderedByCaseAndThenPayload) {
+  for (const auto& [filter, found] : rows)
+    EXPECT_EQ(numbers(ClipboardLibrary::filtered(items, filter, "", {})), found) << filter.value.index();
+  // Ordered by case and then payload, and hashed.
   const std::vector<ClipFilter> inOrder{{ClipFilter::Kind{ClipKind::text}},
                                         {ClipFilter::Kind{ClipKind::file}},
                                         {ClipFilter::Collection{id(1)}},
                                         {ClipFilter::Collection{id(2)}},
                                         {ClipFilter::All{}},
                                         {ClipFilter::Pinned{}}};
-  EXPECT_TRUE(std::is_sorted(inOrder.begin(), inOrder.end()));
+  EXPECT_TRUE(std::ranges::is_sorted(inOrder));
   EXPECT_EQ(std::unordered_set<ClipFilter>(inOrder.begin(), inOrder.end()).size(), inOrder.size());
 }
 

@@ -18,27 +18,20 @@ std::string marked(std::string_view code) {
 }
 
 TEST(CodeWords, AreToldApart) {
-  const struct {
-    std::string_view code, expected;
-  } rows[] = {
-      {"for x in parts:\n  total += x.size\nreturn total",
-       "k(for) x k(in) parts:\n  a(total) += x.size\nk(return) total"},
-      {"forty = format(2)", "a(forty) = format(2)"},
-      {"if (a == b && c >= d) x=>y", "k(if) (a == b && c >= d) x=>y"},
-      {"const n := 1; m |= 2", "k(const) a(n) := 1; a(m) |= 2"},
-      {"print('for \\'x\\'', \"in\")", "print(q('for \\'x\\''), q(\"in\"))"},
-      {"it's open\nlet s", "it's open\nk(let) s"},
-      {"x(1) // for us\ny", "x(1) c(// for us)\ny"},
-      {"# a note\n#include <x>\n#!/bin/sh", "c(# a note)\n#k(include) <x>\nc(#!/bin/sh)"},
-      {"see https://a.example", "see https://a.example"},
-      {"SELECT a -- why\nFROM t", "k(SELECT) a c(-- why)\nk(FROM) t"},
-      {"größe = 3", "a(größe) = 3"},
-      {"x1 = 0x10 = 2 = 3", "a(x1) = 0x10 = 2 = 3"},
-      {"'", "'"},
-      {"\"\\", "\"\\"},
-      {"", ""},
-  };
-  for (const auto& row : rows) EXPECT_EQ(marked(row.code), row.expected);
+  using Row = std::pair<std::string_view, std::string_view>;
+  for (const auto& [code, expected] :
+       {Row{"for x in parts:\n  total += x.size\nreturn total",
+            "k(for) x k(in) parts:\n  a(total) += x.size\nk(return) total"},
+        Row{"forty = format(2)", "a(forty) = format(2)"},
+        Row{"if (a == b && c >= d) x=>y", "k(if) (a == b && c >= d) x=>y"},
+        Row{"const n := 1; m |= 2", "k(const) a(n) := 1; a(m) |= 2"},
+        Row{"print('for \\'x\\'', \"in\")", "print(q('for \\'x\\''), q(\"in\"))"},
+        Row{"it's open\nlet s", "it's open\nk(let) s"}, Row{"x(1) // for us\ny", "x(1) c(// for us)\ny"},
+        Row{"# a note\n#include <x>\n#!/bin/sh", "c(# a note)\n#k(include) <x>\nc(#!/bin/sh)"},
+        Row{"see https://a.example", "see https://a.example"},
+        Row{"SELECT a -- why\nFROM t", "k(SELECT) a c(-- why)\nk(FROM) t"}, Row{"größe = 3", "a(größe) = 3"},
+        Row{"x1 = 0x10 = 2 = 3", "a(x1) = 0x10 = 2 = 3"}, Row{"'", "'"}, Row{"\"\\", "\"\\"}, Row{"", ""}})
+    EXPECT_EQ(marked(code), expected);
 }
 
 TEST(CodeWords, NothingIsLostAndPlainPiecesAreWhole) {

@@ -59,35 +59,27 @@ TEST(Summary, SaysWhatTheScanFound) {
                           calendar),
       "nobody-here uses 8 GB. Most of it is in Videos and Pictures. Buddy found 600 MB you can free, mostly old "
       "Xcode archives and app caches. The Trash holds 3 GB.");
-}
-
-TEST(Summary, OfAnEmptyFolderHasTwoSentences) {
   EXPECT_EQ(DiskAdvice::summary(*treeOf(home, {{"note", 10, now}}), {}, calendar),
             "nobody-here uses 10 bytes. Nothing obvious to clean: the big folders hold your own files.");
-}
-
-TEST(Summary, OneNamedChildStandsAlone) {
   EXPECT_THAT(DiskAdvice::summary(*treeOf(home, {{"Only/a", giga, now}}), {}, calendar),
               HasSubstr(" Most of it is in Only. "));
+  EXPECT_EQ(
+      DiskAdvice::freeableBytes({finding(FindingRule::trash, giga), finding(FindingRule::oldSimulatorRuntimes, giga),
+                                 finding(FindingRule::duplicates, 3), finding(FindingRule::appCaches, 4)}),
+      7)
+      << "what no rule moves is not counted";
 }
 
 TEST(FindingLine, EndsWithTheNextStep) {
-  struct Case {
-    FindingRule rule;
-    std::size_t count;
-    std::string_view line;
-  };
-  for (const Case& c :
-       {Case{FindingRule::developerCaches, 1, "Developer caches 1 item, 2 GB. Safe to move to the Trash."},
-        Case{FindingRule::staleBuildFolders, 3,
-             "Build folders in old projects 3 items, 2 GB. Safe to move to the Trash."},
-        Case{FindingRule::trash, 1, "The Trash 1 item, 2 GB. Open it to decide."},
-        Case{FindingRule::duplicates, 2, "Duplicate files 2 items, 2 GB. Look at the list before you move them."},
-        Case{FindingRule::oldSimulatorRuntimes, 2, "Old simulator runtimes 2 items, 2 GB. Buddy only shows them."},
-        Case{
-            FindingRule::largeOldFiles, 2,
-            "Large files you have not opened 2 items, 2 GB. Open each one first. Only you know if you still need it."}})
-    EXPECT_EQ(DiskAdvice::findingLine(c.rule, c.count, 2 * giga, calendar), c.line);
+  const std::tuple<FindingRule, std::size_t, const char*> rows[] = {
+      {FindingRule::developerCaches, 1, "Developer caches 1 item, 2 GB. Safe to move to the Trash."},
+      {FindingRule::trash, 1, "The Trash 1 item, 2 GB. Open it to decide."},
+      {FindingRule::duplicates, 2, "Duplicate files 2 items, 2 GB. Look at the list before you move them."},
+      {FindingRule::oldSimulatorRuntimes, 2, "Old simulator runtimes 2 items, 2 GB. Buddy only shows them."},
+      {FindingRule::largeOldFiles, 2,
+       "Large files you have not opened 2 items, 2 GB. Open each one first. Only you know if you still need it."}};
+  for (const auto& [rule, count, line] : rows)
+    EXPECT_EQ(DiskAdvice::findingLine(rule, count, 2 * giga, calendar), line);
 }
 
 class Verdict : public testing::Test {
@@ -105,41 +97,35 @@ class Verdict : public testing::Test {
                                       {"movie.mov.bak", 2 * giga, threeDaysAgo}});
 };
 
-TEST_F(Verdict, StartsWithSizeAndAge) { EXPECT_THAT(of("movie.mov"), StartsWith("It takes 2 GB and changed 3")); }
-
-TEST_F(Verdict, MainFoldersAreNotToBeMoved) {
-  EXPECT_THAT(of("Documents"),
-              EndsWith("Documents is a main folder of your computer. Clean what is inside it instead."));
-  EXPECT_THAT(DiskAdvice::verdict(*tree, {}, home, now, calendar),
-              EndsWith("nobody-here is a main folder of your computer. Clean what is inside it instead."));
-}
-
-TEST_F(Verdict, AppDataNeedsCare) {
-  EXPECT_THAT(of("Library/Mail"), EndsWith("Be careful. This is app data in your Library. Delete it only when you know "
-                                           "which app made it and you no longer use that app."));
-  EXPECT_THAT(of(".config/app"), HasSubstr("app data in your .config folder"));
-  // What a rule found there is judged by that rule.
-  EXPECT_THAT(of("Library/Mail/box", {finding(FindingRule::appCaches, mega, "Library/Mail")}),
-              HasSubstr("Probably, but look first. It is in app caches. Because."));
-}
-
-TEST_F(Verdict, FollowsTheRiskOfTheFinding) {
-  struct Case {
-    FindingRule rule;
-    std::string_view text;
-  };
-  for (const Case& c :
-       {Case{FindingRule::developerCaches, "Yes, most likely. It is in developer caches. Because."},
-        Case{FindingRule::oldArchives, "Probably, but look first. It is in old Xcode archives. Because."},
-        Case{FindingRule::largeOldFiles, "Maybe. Only you know. It is in large files you have not opened. Because."}})
-    EXPECT_THAT(of("movie.mov", {finding(c.rule, mega, "movie.mov")}), EndsWith(c.text));
-}
-
-TEST_F(Verdict, AnItemBesideOneThatWasFoundIsUnknown) {
+TEST_F(Verdict, DependsOnThePlaceAndOnTheFinding) {
   const std::string unknown =
       "Buddy does not know this item. Open it in the file manager to check before you move it to the Trash.";
-  EXPECT_THAT(of("movie.mov.bak", {finding(FindingRule::largeOldFiles, mega, "movie.mov")}), EndsWith(unknown));
-  EXPECT_THAT(of("movie.mov"), EndsWith(unknown));
+  const std::tuple<const char*, std::optional<FindingRule>, std::string> rows[] = {
+      {"movie.mov", {}, "It takes 2 GB and changed 3"},
+      {"movie.mov", {}, unknown},
+      {"movie.mov.bak", FindingRule::largeOldFiles, unknown},  // the file beside it was found
+      {"Documents", {}, "Documents is a main folder of your computer. Clean what is inside it instead."},
+      {"Library/Mail",
+       {},
+       "Be careful. This is app data in your Library. Delete it only when you know which app made it and you no longer "
+       "use that app."},
+      {".config/app", {}, "app data in your .config folder"},
+      {"Games/Chess.app",
+       {},
+       "If you no longer use this app, you can move it to the Trash. Its settings stay in your Library."},
+      {"movie.mov", FindingRule::developerCaches, "Yes, most likely. It is in developer caches. Because."},
+      {"movie.mov", FindingRule::oldArchives, "Probably, but look first. It is in old Xcode archives. Because."},
+      {"movie.mov", FindingRule::largeOldFiles,
+       "Maybe. Only you know. It is in large files you have not opened. Because."},
+  };
+  for (const auto& [path, found, text] : rows) {
+    std::vector<DiskFinding> findings;
+    if (found) findings.push_back(finding(*found, mega, "movie.mov"));
+    EXPECT_THAT(of(path, findings), HasSubstr(text));
+  }
+  EXPECT_THAT(DiskAdvice::verdict(*tree, {}, home, now, calendar), HasSubstr("nobody-here is a main folder"));
+  EXPECT_THAT(of("Library/Mail/box", {finding(FindingRule::appCaches, mega, "Library/Mail")}),
+              HasSubstr("Probably, but look first. It is in app caches. Because."));
 }
 
 TEST_F(Verdict, WhatStaysInAFoldersContentsIsNotPartOfIt) {
@@ -148,12 +134,6 @@ TEST_F(Verdict, WhatStaysInAFoldersContentsIsNotPartOfIt) {
   EXPECT_THAT(of(".npm/_cacache/x", {found}), HasSubstr("It is in app caches"));
   found.items.front().keeping = {"_cacache"};
   EXPECT_THAT(of(".npm/_cacache/x", {found}), Not(HasSubstr("It is in app caches")));
-}
-
-TEST_F(Verdict, AppsCanGo) {
-  EXPECT_THAT(of("Games/Chess.app"),
-              EndsWith("If you no longer use this app, you can move it to the Trash. Its settings "
-                       "stay in your Library."));
 }
 
 // What a rule calls safe can hold something that nothing makes again.
@@ -170,13 +150,6 @@ TEST(FindingLine, IsNotSafeWhenOneOfItsItemsIsNot) {
               testing::AllOf(HasSubstr("Probably, but look first."), EndsWith("Not all of it comes back.")));
 }
 
-TEST(FreeableBytes, CountMovableFindingsAlone) {
-  EXPECT_EQ(
-      DiskAdvice::freeableBytes({finding(FindingRule::trash, giga), finding(FindingRule::oldSimulatorRuntimes, giga),
-                                 finding(FindingRule::duplicates, 3), finding(FindingRule::appCaches, 4)}),
-      7);
-}
-
 TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
   const std::vector<CleanupItem> two(2), one(1);
   const auto stayed = [](StayReason reason) {
@@ -184,11 +157,7 @@ TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
     item.stayed = reason;
     return item;
   };
-  struct Case {
-    DiskAdvice::TrashReport report;
-    std::string title, body;
-  };
-  const Case cases[] = {
+  const std::tuple<DiskAdvice::TrashReport, std::string, std::string> cases[] = {
       {{two, {}, 1'500'000'000}, "Moved 1.5 GB to the Trash", "To undo, use Put Back in the Trash."},
       {{one, two, 4'000'000}, "Moved 4 MB to the Trash", "2 items were in use or protected and stayed."},
       {{{}, one, 4'000'000}, "Moved 4 MB to the Trash", "1 items were in use or protected and stayed."},
@@ -201,11 +170,11 @@ TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {
        "Moved 5 MB to the Trash",
        "The file manager does not show this Trash. To undo, move things back from /mnt/ram/.Trash-1000/files."},
   };
-  for (const Case& c : cases) {
-    const auto message = DiskAdvice::message(c.report, calendar);
-    EXPECT_EQ(message.title, c.title);
-    EXPECT_EQ(message.body, c.body);
-    EXPECT_EQ(message.isMoved, c.title != "Nothing was moved");
+  for (const auto& [report, title, body] : cases) {
+    const auto message = DiskAdvice::message(report, calendar);
+    EXPECT_EQ(message.title, title);
+    EXPECT_EQ(message.body, body);
+    EXPECT_EQ(message.isMoved, title != "Nothing was moved");
   }
 }
 

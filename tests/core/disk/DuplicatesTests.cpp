@@ -56,51 +56,44 @@ TEST(Duplicates, TheOldestCopyStaysAndTheOthersAreNamedAgainstIt) {
   }
 }
 
-TEST(Duplicates, CopiesOfOneDateKeepTheShorterName) {
-  Tree tree;
-  for (const char* name : {"photo (copy).jpg", "photo.jpg"}) {
-    tree.fill(name, 100'000);
-    tree.date(name, test::someDay);
-  }
-  EXPECT_THAT(urls(duplicatesIn(tree)), ElementsAre(tree / "photo (copy).jpg"));
-}
-
-// Files of one size that differ in a single byte, at every place where one stage ends and another begins.
+// Files of one size that differ in a single byte, at every place where one stage ends and another begins; alone, and
+// among more of them than are held in memory, so that digests decide.
 TEST(Duplicates, OneDifferentByteAnywhereTellsFilesApart) {
-  for (const std::size_t size : {std::size_t{5'000}, std::size_t{window}, std::size_t{window + 4096},
-                                 std::size_t{2 * window}, std::size_t{5 * window + 77}, std::size_t{14 * window + 77}})
-    for (const std::size_t place :
-         {std::size_t{0}, size / 2, size - 1, std::min<std::size_t>(window - 1, size - 1),
-          std::min<std::size_t>(window, size - 1), size - std::min<std::size_t>(window + 1, size)}) {
-      Tree tree;
-      std::string bytes = Tree::noise(size, 3);
-      tree.write("one", bytes);
-      tree.write("same", bytes);
-      bytes[place] = static_cast<char>(bytes[place] ^ 0x40);
-      tree.write("other", bytes);
-      EXPECT_EQ(duplicatesIn(tree).size(), 1u) << size << " " << place;
-      for (const CleanupItem& item : duplicatesIn(tree)) EXPECT_NE(item.url, tree / "other");
+  const auto check = [](std::size_t size, std::size_t place, std::size_t crowd) {
+    Tree tree;
+    std::string bytes = Tree::noise(size, 3);
+    tree.write("one", bytes);
+    tree.write("same", bytes);
+    bytes[place] = static_cast<char>(bytes[place] ^ 0x40);
+    tree.write("other", bytes);
+    for (unsigned i = 0; i < crowd; ++i) {
+      std::memcpy(bytes.data() + size / 2 - sizeof i, &i, sizeof i);
+      tree.write("crowd/" + std::to_string(i), bytes);
     }
+    EXPECT_THAT(urls(duplicatesIn(tree)), ElementsAre(testing::AnyOf(tree / "one", tree / "same")))
+        << size << " " << place << " " << crowd;
+  };
+  constexpr std::size_t w = window;
+  for (const std::size_t size : {std::size_t{5'000}, w, w + 4096, 2 * w, 5 * w + 77, 14 * w + 77})
+    for (const std::size_t place : {std::size_t{0}, size / 2, size - 1, std::min(w - 1, size - 1),
+                                    std::min(w, size - 1), size - std::min(w + 1, size)})
+      check(size, place, 0);
+  for (const std::size_t size : {w / 2, w + 4096, 2 * w, 5 * w})
+    for (const std::size_t place : {std::size_t{0}, size / 2, size - 1}) check(size, place, 20 + (1 << 22) / size);
 }
 
-// More of them than are held in memory, so that digests decide.
-TEST(Duplicates, OneDifferentByteTellsFilesApartInACrowd) {
+TEST(Duplicates, LargerCopiesComeFirstAndTheShorterNameStays) {
+  Tree tree;
   for (const std::size_t size :
-       {std::size_t{window / 2}, std::size_t{window + 4096}, std::size_t{2 * window}, std::size_t{5 * window}})
-    for (const std::size_t place : {std::size_t{0}, size / 2, size - 1}) {
-      Tree tree;
-      std::string bytes = Tree::noise(size, 3);
-      tree.write("one", bytes);
-      tree.write("same", bytes);
-      bytes[place] = static_cast<char>(bytes[place] ^ 0x40);
-      tree.write("other", bytes);
-      for (unsigned i = 0; i < 20 + (1 << 22) / size; ++i) {
-        std::memcpy(bytes.data() + size / 2 - sizeof i, &i, sizeof i);
-        tree.write("crowd/" + std::to_string(i), bytes);
-      }
-      EXPECT_THAT(urls(duplicatesIn(tree)), ElementsAre(testing::AnyOf(tree / "one", tree / "same")))
-          << size << " " << place;
+       {std::size_t{90'000}, std::size_t{5'000}, std::size_t{10 * window}, std::size_t{20'000}})
+    for (const char* copy : {" (copy)", ""}) {
+      tree.fill(std::to_string(size) + copy, size, static_cast<unsigned>(size));
+      tree.date(std::to_string(size) + copy, test::someDay);
     }
+  // Many in one length, so that a digest decides about small ones too.
+  for (unsigned i = 0; i <= (1 << 22) / 20'000; ++i) tree.fill("crowd/" + std::to_string(i), 20'000, 100'000 + i);
+  EXPECT_THAT(urls(duplicatesIn(tree)),
+              ElementsAre(tree / "655360 (copy)", tree / "90000 (copy)", tree / "20000 (copy)", tree / "5000 (copy)"));
 }
 
 TEST(Duplicates, LengthsThatShareTheirBlocksAreNoCopies) {
@@ -217,20 +210,6 @@ TEST(Duplicates, AFileThatIsWrittenToMeanwhileDropsOut) {
   EXPECT_THAT(duplicatesIn(tree, control), IsEmpty());
 }
 
-TEST(Duplicates, LargerCopiesComeFirst) {
-  Tree tree;
-  for (const std::size_t size :
-       {std::size_t{90'000}, std::size_t{5'000}, std::size_t{10 * window}, std::size_t{20'000}})
-    for (const char* copy : {" a", " b"}) {
-      tree.fill(std::to_string(size) + copy, size, static_cast<unsigned>(size));
-      tree.date(std::to_string(size) + copy, test::someDay);
-    }
-  // Many in one length, so that a digest decides about small ones too.
-  for (unsigned i = 0; i <= (1 << 22) / 20'000; ++i) tree.fill("crowd/" + std::to_string(i), 20'000, 100'000 + i);
-  EXPECT_THAT(urls(duplicatesIn(tree)),
-              ElementsAre(tree / "655360 b", tree / "90000 b", tree / "20000 b", tree / "5000 b"));
-}
-
 TEST(Duplicates, NoByteIsReadTwice) {
   Tree tree;
   std::int64_t total = 0;
@@ -261,20 +240,16 @@ TEST(Duplicates, NoByteIsReadTwice) {
   EXPECT_GT(reported, total - (1 << 23));
 }
 
-TEST(Duplicates, CanBeCancelledWhileAFileIsRead) {
-  Tree tree;
-  for (const char* name : {"one", "two"}) tree.fill(name, 12 << 20);
-  std::stop_source stop;
-  AnalysisControl control{.stop = stop.get_token(), .progress = [&](const CompareProgress&) { stop.request_stop(); }};
-  EXPECT_THROW(duplicatesIn(tree, control), Cancelled);
-}
-
-TEST(Duplicates, CanBeCancelledWhileSmallFilesAreRead) {
-  Tree tree;
-  for (unsigned i = 0; i < 240; ++i) tree.fill(std::to_string(i), 50'000 + i / 20, i);
-  std::stop_source stop;
-  AnalysisControl control{.stop = stop.get_token(), .progress = [&](const CompareProgress&) { stop.request_stop(); }};
-  EXPECT_THROW(duplicatesIn(tree, control), Cancelled);
+TEST(Duplicates, CanBeCancelledWhileFilesAreRead) {
+  Tree large, small;
+  for (const char* name : {"one", "two"}) large.fill(name, 12 << 20);
+  for (unsigned i = 0; i < 240; ++i) small.fill(std::to_string(i), 50'000 + i / 20, i);
+  for (const Tree* tree : {&large, &small}) {
+    std::stop_source stop;
+    EXPECT_THROW(duplicatesIn(*tree, {.stop = stop.get_token(),
+                                      .progress = [&](const CompareProgress&) { stop.request_stop(); }}),
+                 Cancelled);
+  }
 }
 
 TEST(Duplicates, ReadingLeavesNoAccessDate) {

@@ -20,36 +20,25 @@ TEST(CleanupTargets, TableRowsAreWholeAndTheirPathsRelative) {
       EXPECT_FALSE(row.title.empty() || row.detail.empty() || row.symbol.empty()) << row.id;
       EXPECT_FALSE(row.relativePath.starts_with('/') || row.relativePath.ends_with('/')) << row.id;
     }
-}
-
-// What is offered on its own stays when the rest of the cache folder goes; only a direct child can be named so.
-TEST(CleanupTargets, RowsUnderTheCacheFolderAreItsDirectChildren) {
+  // What is offered on its own stays when the rest of the cache folder goes; only a direct child can be named so.
+  constexpr std::string_view cache = ".cache/";
   for (const auto& table : {linuxDeveloperTargets(), linuxApplicationTargets()})
-    for (const CleanupTarget& row : table) {
-      constexpr std::string_view prefix = ".cache/";
-      if (!row.relativePath.starts_with(prefix)) continue;
-      EXPECT_EQ(row.relativePath.find('/', prefix.size()), std::string_view::npos) << row.id;
-    }
+    for (const CleanupTarget& row : table)
+      EXPECT_TRUE(!row.relativePath.starts_with(cache) ||
+                  row.relativePath.find('/', cache.size()) == std::string_view::npos)
+          << row.id;
 }
 
 TEST(NumericComparison, RunsOfDigitsCompareByValue) {
-  struct Case {
-    std::string_view a, b;
-    int sign;
-  };
-  for (const Case& c : {Case{"17.2", "17.10", -1},
-                        {"17.10", "17.2", 1},
-                        {"17.2", "17.2", 0},
-                        {"17.02", "17.2", 0},
-                        {"9", "10", -1},
-                        {"1.0", "1.0.1", -1},
-                        {"1.0-beta2", "1.0-beta10", -1},
-                        {"", "1", -1},
-                        {"", "", 0},
-                        {"99999999999999999999", "100000000000000000000", -1}}) {
-    const int order = compareNumerically(c.a, c.b);
-    EXPECT_EQ((order > 0) - (order < 0), c.sign) << c.a << " " << c.b;
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [smaller, greater] :
+       {Row{"17.2", "17.10"}, Row{"9", "10"}, Row{"1.0", "1.0.1"}, Row{"1.0-beta2", "1.0-beta10"}, Row{"", "1"},
+        Row{"99999999999999999999", "100000000000000000000"}}) {
+    EXPECT_LT(compareNumerically(smaller, greater), 0) << smaller;
+    EXPECT_GT(compareNumerically(greater, smaller), 0) << smaller;
   }
+  EXPECT_EQ(compareNumerically("17.02", "17.2"), 0);
+  EXPECT_EQ(compareNumerically("", ""), 0);
 }
 
 TEST(SimulatorRuntimes, ParsedFromTheToolsList) {
@@ -71,19 +60,10 @@ TEST(SimulatorRuntimes, ParsedFromTheToolsList) {
                                            .lastUsed = parseISO8601("2026-01-02T03:04:05Z"),
                                            .isDeletable = true,
                                            .path = "/runtimes/a"}));
-  EXPECT_EQ(runtimes[1], (SimulatorRuntime{.identifier = "b",
-                                           .platform = "",
-                                           .version = "17.3",
-                                           .bytes = 0,
-                                           .lastUsed = {},
-                                           .isDeletable = false,
-                                           .path = "/images/b"}));
+  EXPECT_EQ(runtimes[1].path, "/images/b");
   EXPECT_EQ(runtimes[2].bytes, 0);
   EXPECT_EQ(runtimes[2].lastUsed, std::nullopt);
   EXPECT_FALSE(runtimes[2].isDeletable);
-}
-
-TEST(SimulatorRuntimes, AnythingElseIsEmpty) {
   for (const std::string_view text :
        {"", "{", "[]", "null", "12", "\"x\"", "[{\"identifier\":\"a\",\"version\":\"1\"}]", "\xff"})
     EXPECT_THAT(DiskAnalyzer::parseRuntimes(text), IsEmpty()) << text;

@@ -21,7 +21,6 @@ TEST(BarPlacement, StandsEightFromItsEdgeInTheMiddleOfIt) {
       {"a panel at the top", {whole, {0, 0, 1600, 870}}, DockEdge::bottom, false, 1560, {400, 8}},
       {"a Dock that comes", {whole, whole}, DockEdge::bottom, true, 1560, {400, 84}},
       {"a Dock that stays", {whole, {0, 60, 1600, 840}}, DockEdge::bottom, false, 1560, {400, 68}},
-      {"a Dock that stays needs no rule", {whole, {0, 60, 1600, 840}}, DockEdge::bottom, true, 1560, {400, 68}},
       {"four reserved are none", {whole, {0, 4, 1600, 896}}, DockEdge::bottom, false, 1560, {400, 8}},
       {"more than four are", {whole, {0, 4.5, 1600, 895.5}}, DockEdge::bottom, true, 1560, {400, 12.5}},
       {"a panel at the side", {whole, {64, 0, 1536, 900}}, DockEdge::bottom, false, 1496, {400, 8}},

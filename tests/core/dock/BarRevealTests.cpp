@@ -25,11 +25,7 @@ bool isShown(const BarReveal& reveal, const BarSurroundings& surroundings) {
 }
 
 TEST(BarReveal, OnlyAPointerAtTheEdgeOfItsOwnScreenRevealsTheBar) {
-  struct {
-    DockEdge edge;
-    Point pointer;
-    bool isRevealed;
-  } const cases[] = {
+  const std::tuple<DockEdge, Point, bool> cases[] = {
       {DockEdge::bottom, {10, 2.0}, true},    {DockEdge::bottom, {10, 2.1}, false},
       {DockEdge::bottom, {1600, 0}, true},    {DockEdge::bottom, {10, -1}, false},
       {DockEdge::bottom, {1700, 1}, false},   {DockEdge::bottom, {0, 500}, false},
@@ -38,37 +34,47 @@ TEST(BarReveal, OnlyAPointerAtTheEdgeOfItsOwnScreenRevealsTheBar) {
       {DockEdge::right, {1598.0, 500}, true}, {DockEdge::right, {1597.9, 500}, false},
       {DockEdge::right, {1600, 900}, true},   {DockEdge::right, {1601, 500}, false},
   };
-  for (const auto& each : cases) {
+  for (const auto& [edge, pointer, isRevealed] : cases) {
     BarReveal reveal;
-    auto surroundings = around(each.pointer);
-    surroundings.edge = each.edge;
-    EXPECT_EQ(reveal.tick(surroundings, start), each.isRevealed)
-        << nameOf(each.edge) << " " << each.pointer.x << " " << each.pointer.y;
-    EXPECT_EQ(reveal.isRevealed, each.isRevealed);
+    auto surroundings = around(pointer);
+    surroundings.edge = edge;
+    EXPECT_EQ(reveal.tick(surroundings, start), isRevealed) << nameOf(edge) << " " << pointer.x << " " << pointer.y;
+    EXPECT_EQ(reveal.isRevealed, isRevealed);
   }
-}
-
-TEST(BarReveal, ASecondScreenMayLieAnywhere) {
-  BarReveal reveal;
-  auto surroundings = around({-1000, 301});
-  surroundings.screen = {-1920, 300, 1920, 1080};
-  surroundings.bar = {-1400, 308, 800, 80};
-  EXPECT_TRUE(reveal.tick(surroundings, start));
-  surroundings.pointer = {-1000, 299};
-  BarReveal other;
-  EXPECT_FALSE(other.tick(surroundings, start));
+  // A second screen may be anywhere.
+  for (const double y : {301.0, 299.0}) {
+    auto surroundings = around({-1000, y});
+    surroundings.screen = {-1920, 300, 1920, 1080};
+    surroundings.bar = {-1400, 308, 800, 80};
+    EXPECT_EQ(BarReveal().tick(surroundings, start), y > 300);
+  }
 }
 
 TEST(BarReveal, LeavesHalfASecondAfterThePointer) {
   BarReveal reveal;
+  EXPECT_EQ(reveal.waitsUntil(around(far)), std::nullopt) << "a resting pointer needs no tick";
   EXPECT_TRUE(reveal.tick(around(edge), at(0)));
   EXPECT_FALSE(reveal.tick(around(edge), at(0.1)));
+  EXPECT_EQ(reveal.waitsUntil(around(edge)), std::nullopt);
+  reveal.tick(around(far), at(0.2));
+  reveal.tick(around(over), at(0.6));
+  EXPECT_EQ(reveal.outsideSince, std::nullopt) << "a short trip outside keeps the bar";
   EXPECT_FALSE(reveal.tick(around(far), at(1)));
+  EXPECT_EQ(reveal.waitsUntil(around(far)), at(1.5));
   EXPECT_FALSE(reveal.tick(around(far), at(1.499)));
   EXPECT_TRUE(reveal.isRevealed);
   EXPECT_TRUE(reveal.tick(around(far), at(1.5)));
   EXPECT_EQ(reveal, BarReveal{});
   EXPECT_FALSE(reveal.tick(around(far), at(2)));
+
+  // A peek of a revealed bar forgets that the pointer has left.
+  reveal.tick(around(edge), at(10));
+  reveal.tick(around(far), at(11));
+  reveal.peek(Seconds(6), at(11.2));
+  EXPECT_EQ(reveal.waitsUntil(around(far)), at(17.2));
+  EXPECT_FALSE(reveal.tick(around(far), at(17.2)));
+  EXPECT_FALSE(reveal.tick(around(far), at(17.6)));
+  EXPECT_TRUE(reveal.tick(around(far), at(17.7)));
 }
 
 TEST(BarReveal, APointerThatRunsAlongTheEdgeBesideTheBarBringsItOutOnce) {
@@ -85,17 +91,6 @@ TEST(BarReveal, APointerThatRunsAlongTheEdgeBesideTheBarBringsItOutOnce) {
   reveal.tick(around(beside), at(10.5));
   reveal.tick(around(far), at(11));
   EXPECT_TRUE(reveal.tick(around(beside), at(11.1))) << "it comes to the edge a second time";
-}
-
-TEST(BarReveal, AShortTripOutsideKeepsTheBar) {
-  BarReveal reveal;
-  reveal.tick(around(edge), at(0));
-  reveal.tick(around(far), at(1));
-  reveal.tick(around(over), at(1.4));
-  EXPECT_EQ(reveal.outsideSince, std::nullopt);
-  reveal.tick(around(far), at(1.6));
-  EXPECT_FALSE(reveal.tick(around(far), at(2.0)));
-  EXPECT_TRUE(reveal.isRevealed);
 }
 
 TEST(BarReveal, AnOpenPanelHoldsTheBarAndItsEndStartsTheDelay) {
@@ -145,17 +140,6 @@ TEST(BarReveal, APeekIsEndedByWhoAskedForIt) {
   EXPECT_TRUE(reveal.isPeeking(at(12)));
 }
 
-TEST(BarReveal, APeekOfARevealedBarForgetsThatThePointerHasLeft) {
-  BarReveal reveal;
-  reveal.tick(around(edge), at(0));
-  reveal.tick(around(far), at(1));
-  reveal.peek(Seconds(6), at(1.2));
-  EXPECT_FALSE(reveal.tick(around(far), at(1.6)));
-  EXPECT_FALSE(reveal.tick(around(far), at(7.2)));
-  EXPECT_FALSE(reveal.tick(around(far), at(7.6)));
-  EXPECT_TRUE(reveal.tick(around(far), at(7.7)));
-}
-
 TEST(BarReveal, ABarThatIsAlwaysVisibleNeedsNoTick) {
   BarReveal reveal;
   auto surroundings = around(edge);
@@ -173,34 +157,14 @@ TEST(HoverZone, ReachesSixteenAroundTheBarAndDownToTheEdge) {
   EXPECT_EQ(hoverZone({40, 100, 80, 700}, screen, DockEdge::left), (Rect{0, 84, 136, 732}));
   EXPECT_EQ(hoverZone({1480, 100, 80, 700}, screen, DockEdge::right), (Rect{1464, 84, 136, 732}));
 
-  struct {
-    Point pointer;
-    bool isInside;
-  } const cases[] = {{{384, 40}, true},  {{383.9, 40}, false},  {{1216, 40}, true}, {{1216.1, 40}, false},
-                     {{800, 104}, true}, {{800, 104.1}, false}, {{800, 0}, true},   {{300, 0}, false}};
-  for (const auto& each : cases) {
+  const std::pair<Point, bool> cases[] = {{{384, 40}, true},     {{383.9, 40}, false}, {{1216, 40}, true},
+                                          {{1216.1, 40}, false}, {{800, 104}, true},   {{800, 104.1}, false},
+                                          {{800, 0}, true},      {{300, 0}, false}};
+  for (const auto& [pointer, isInside] : cases) {
     BarReveal reveal{.isRevealed = true};
-    reveal.tick(around(each.pointer), start);
-    EXPECT_EQ(!reveal.outsideSince, each.isInside) << each.pointer.x << " " << each.pointer.y;
+    reveal.tick(around(pointer), start);
+    EXPECT_EQ(!reveal.outsideSince, isInside) << pointer.x << " " << pointer.y;
   }
-}
-
-TEST(BarRevealWaiting, ARestingPointerNeedsNoTickButForADeadline) {
-  BarReveal reveal;
-  EXPECT_EQ(reveal.waitsUntil(around(far)), std::nullopt);
-
-  reveal.tick(around(edge), at(0));
-  EXPECT_EQ(reveal.waitsUntil(around(edge)), std::nullopt);
-
-  reveal.tick(around(far), at(1));
-  EXPECT_EQ(reveal.waitsUntil(around(far)), at(1.5));
-  EXPECT_TRUE(reveal.tick(around(far), at(1.5)));
-  EXPECT_EQ(reveal.waitsUntil(around(far)), std::nullopt);
-
-  reveal.peek(Seconds(6), at(2));
-  EXPECT_EQ(reveal.waitsUntil(around(far)), at(8));
-  reveal.tick(around(far), at(8));
-  EXPECT_EQ(reveal.waitsUntil(around(far)), at(8.5));
 }
 
 // Thirty ticks a second and ticks at the deadlines alone end alike, whatever happens before the pointer rests.

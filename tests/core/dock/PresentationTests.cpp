@@ -32,7 +32,7 @@ TEST(Presentation, HidesTheContentAtOnceAndLeavesTheScreenLater) {
   EXPECT_FALSE(state.isOnScreen);
 }
 
-TEST(Presentation, ALateHideDoesNotRemoveWhatIsShownAgain) {
+TEST(Presentation, ALateStepChangesNothing) {
   PresentationState state;
   state.carryOut(*state.show());
   const auto leaving = state.hide();
@@ -41,15 +41,10 @@ TEST(Presentation, ALateHideDoesNotRemoveWhatIsShownAgain) {
   EXPECT_TRUE(state.isOnScreen);
   state.carryOut(*content);
   EXPECT_TRUE(state.isContentShown);
-}
-
-TEST(Presentation, LateContentDoesNotComeBackAfterAHide) {
-  PresentationState state;
-  const auto content = state.show();
-  const auto leaving = state.hide();
+  const auto last = state.hide();
   state.carryOut(*content);
   EXPECT_FALSE(state.isContentShown);
-  state.carryOut(*leaving);
+  state.carryOut(*last);
   EXPECT_FALSE(state.isOnScreen);
 }
 

@@ -28,31 +28,22 @@ TEST(TileRow, StandsSideBySideWithPaddingAndGaps) {
   EXPECT_FALSE(layout.isScrolling);
 }
 
-TEST(TileRow, WithoutTilesIsItsPadding) {
-  EXPECT_EQ(rowOf({}, 1000).width, 16);
-  EXPECT_EQ(rowOf({{small, small}}, 1000).width, 80);
-}
-
 TEST(TileRow, StepsTheWidestDownUntilItFits) {
   const std::vector<TileRequest> requests{{extraLarge, medium}, {medium, small}, {extraLarge, small}, {large, small}};
-  struct {
-    double maxLength;
-    std::vector<double> expected;
-    bool isScrolling;
-  } const cases[] = {
+  const std::tuple<double, std::vector<double>, bool> cases[] = {
       {808, {240, 112, 240, 176}, false}, {807, {240, 112, 176, 176}, false}, {744, {240, 112, 176, 176}, false},
       {743, {176, 112, 176, 176}, false}, {679, {176, 112, 176, 112}, false}, {616, {176, 112, 176, 112}, false},
       {615, {176, 112, 112, 112}, false}, {551, {112, 112, 112, 112}, false}, {487, {112, 112, 112, 64}, false},
       {439, {112, 112, 64, 64}, false},   {391, {112, 64, 64, 64}, false},    {344, {112, 64, 64, 64}, false},
       {343, {112, 64, 64, 64}, true},     {0, {112, 64, 64, 64}, true},
   };
-  for (const auto& each : cases) {
-    SCOPED_TRACE(each.maxLength);
-    const auto layout = rowOf(requests, each.maxLength);
-    EXPECT_EQ(widths(layout), each.expected);
-    EXPECT_EQ(layout.isScrolling, each.isScrolling);
-    EXPECT_LE(layout.width, each.maxLength);
-    EXPECT_EQ(layout.width, each.isScrolling ? each.maxLength : layout.contentLength);
+  for (const auto& [maxLength, expected, isScrolling] : cases) {
+    SCOPED_TRACE(maxLength);
+    const auto layout = rowOf(requests, maxLength);
+    EXPECT_EQ(widths(layout), expected);
+    EXPECT_EQ(layout.isScrolling, isScrolling);
+    EXPECT_LE(layout.width, maxLength);
+    EXPECT_EQ(layout.width, isScrolling ? maxLength : layout.contentLength);
     EXPECT_EQ(layout.tiles.back().maxX() + TileLayout::padding, layout.contentLength);
   }
 }

@@ -1,5 +1,7 @@
+#include <gtest/gtest.h>
+
 #include "core/focus/Alarm.h"
-#include "tests/core/focus/FocusSamples.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 namespace {
@@ -19,13 +21,7 @@ Alarm alarm(int hour, int minute, Instant from) {
 }
 
 TEST(Alarm, RingsAtTheNextTimeOfTheDay) {
-  struct Row {
-    const char* what;
-    int hour, minute;
-    const char* from;
-    const char* ring;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, int, int, const char*, const char*> rows[] = {
       {"later today", 7, 30, "2026-11-21T05:00:00Z", "2026-11-21T06:30:00Z"},
       {"set in the minute itself it is for tomorrow", 7, 30, "2026-11-21T06:30:00Z", "2026-11-22T06:30:00Z"},
       {"tomorrow", 7, 30, "2026-11-21T08:00:00Z", "2026-11-22T06:30:00Z"},
@@ -34,8 +30,8 @@ TEST(Alarm, RingsAtTheNextTimeOfTheDay) {
       {"and not the second", 2, 30, "2026-10-25T00:30:00Z", "2026-10-26T01:30:00Z"},
       {"a time that does not occur", 2, 30, "2026-03-28T20:00:00Z", "2026-03-29T01:30:00Z"},
   };
-  for (const Row& row : rows)
-    EXPECT_EQ(alarm(row.hour, row.minute, at(row.from)).nextRing(berlin), at(row.ring)) << row.what;
+  for (const auto& [what, hour, minute, from, ring] : rows)
+    EXPECT_EQ(alarm(hour, minute, at(from)).nextRing(berlin), at(ring)) << what;
   Alarm off = alarm(7, 30, at("2026-11-21T05:00:00Z"));
   off.turn(false, at("2026-11-21T05:00:00Z"));
   EXPECT_EQ(off.nextRing(berlin), std::nullopt);
@@ -74,7 +70,7 @@ TEST(Alarm, SnoozesAsOftenAsAsked) {
   EXPECT_EQ(a.nextRing(berlin), ring + hours(24));
 }
 
-TEST(Alarm, IsMissedWhenTheMachineSleptThroughIt) {
+TEST(Alarm, IsMissedWhenTheMachineSleptThroughItAndPassedOverWhileUnwanted) {
   const Instant ring = at("2026-11-21T06:30:00Z");
   for (const auto& [late, event] :
        {std::pair{minutes(4), Event::rings}, {minutes(5), Event::missed}, {minutes(60 * 100), Event::missed}}) {
@@ -83,16 +79,12 @@ TEST(Alarm, IsMissedWhenTheMachineSleptThroughIt) {
     const Instant next = event == Event::rings ? ring + minutes(5) : *alarm(7, 30, ring + late).nextRing(berlin);
     EXPECT_EQ(a.nextChange(berlin), next) << "a late ring ends with the five minutes";
   }
+  Alarm unwanted = alarm(7, 30, ring - hours(2));
+  EXPECT_EQ(unwanted.tick(ring, berlin, false), Event::none);
+  EXPECT_FALSE(unwanted.isRinging);
+  EXPECT_EQ(unwanted.nextRing(berlin), ring + hours(24));
   EXPECT_EQ(alarm(7, 30, ring).notice(true, berlin).title, "Missed alarm");
   EXPECT_EQ(alarm(7, 30, ring).notice(false, berlin).body, "It is set for 7:30\u202fAM.");
-}
-
-TEST(Alarm, IsPassedOverWhileUnwanted) {
-  const Instant ring = at("2026-11-21T06:30:00Z");
-  Alarm a = alarm(7, 30, ring - hours(2));
-  EXPECT_EQ(a.tick(ring, berlin, false), Event::none);
-  EXPECT_FALSE(a.isRinging);
-  EXPECT_EQ(a.nextRing(berlin), ring + hours(24));
 }
 
 TEST(Alarm, IsNotMissedWhenOnlyAnotherZoneHasPassedItsTime) {

@@ -1,5 +1,7 @@
+#include <gtest/gtest.h>
+
 #include "core/focus/BreakTimer.h"
-#include "tests/core/focus/FocusSamples.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 namespace {

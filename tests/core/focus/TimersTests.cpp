@@ -1,5 +1,7 @@
+#include <gtest/gtest.h>
+
 #include "core/focus/Timers.h"
-#include "tests/core/focus/FocusSamples.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 namespace {
@@ -54,38 +56,26 @@ TEST(QuickTimer, KeepsItsLengthWithinADay) {
 }
 
 TEST(Breathing, GoesThroughItsRounds) {
-  using Kind = BreathingStep::Kind;
-  struct Row {
-    double time;
-    Kind kind;
-    double fullness, left;
-    int round;
-  };
-  for (const Row& row :
-       {Row{0, Kind::breatheIn, 0, 4, 1}, Row{1, Kind::breatheIn, 0.25, 3, 1}, Row{4, Kind::hold, 1, 4, 1},
-        Row{8, Kind::breatheOut, 1, 6, 1}, Row{11, Kind::breatheOut, 0.5, 3, 1}, Row{14, Kind::breatheIn, 0, 4, 2},
-        Row{69, Kind::breatheOut, 1.0 / 6, 1, 5}, Row{70, Kind::done, 0, 0, 5}, Row{1e9, Kind::done, 0, 0, 5},
-        Row{-1, Kind::breatheIn, 0, 4, 1}}) {
-    const auto step = breathingStep(Seconds(row.time));
-    EXPECT_EQ(step.kind, row.kind) << row.time;
-    EXPECT_NEAR(step.fullness, row.fullness, 1e-9) << row.time;
-    EXPECT_NEAR(step.left.count(), row.left, 1e-9) << row.time;
-    EXPECT_EQ(step.round, row.round) << row.time;
+  using enum BreathingStep::Kind;
+  const std::tuple<double, BreathingStep::Kind, double, double, int> rows[] = {
+      {0, breatheIn, 0, 4, 1},         {1, breatheIn, 0.25, 3, 1},  {4, hold, 1, 4, 1},
+      {8, breatheOut, 1, 6, 1},        {11, breatheOut, 0.5, 3, 1}, {14, breatheIn, 0, 4, 2},
+      {69, breatheOut, 1.0 / 6, 1, 5}, {70, done, 0, 0, 5},         {-1, breatheIn, 0, 4, 1}};
+  for (const auto& [time, kind, fullness, left, round] : rows) {
+    const auto step = breathingStep(Seconds(time));
+    EXPECT_EQ(std::pair(step.kind, step.round), std::pair(kind, round)) << time;
+    EXPECT_NEAR(step.fullness, fullness, 1e-9) << time;
+    EXPECT_NEAR(step.left.count(), left, 1e-9) << time;
   }
 }
 
 TEST(TimerTexts, CountDownToTheEndAndUpFromTheStart) {
-  for (const auto& [left, text] : {std::pair{1500.0, "25:00"},
-                                   {1499.2, "25:00"},
-                                   {59.0, "0:59"},
-                                   {0.1, "0:01"},
-                                   {0.0, "0:00"},
-                                   {-4.0, "0:00"},
-                                   {3600.0, "1:00:00"},
-                                   {3599.5, "1:00:00"}})
+  using Row = std::pair<double, const char*>;
+  for (const auto& [left, text] : {Row{1499.2, "25:00"}, Row{59, "0:59"}, Row{0.1, "0:01"}, Row{0, "0:00"},
+                                   Row{-4, "0:00"}, Row{3599.5, "1:00:00"}})
     EXPECT_EQ(countdownText(Seconds(left)), text) << left;
   for (const auto& [elapsed, text] :
-       {std::pair{0.9, "0:00"}, {59.9, "0:59"}, {3725.0, "1:02:05"}, {360000.0, "100:00:00"}})
+       {Row{0.9, "0:00"}, Row{59.9, "0:59"}, Row{3725, "1:02:05"}, Row{360000, "100:00:00"}})
     EXPECT_EQ(elapsedText(Seconds(elapsed)), text) << elapsed;
 }
 

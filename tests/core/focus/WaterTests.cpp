@@ -1,5 +1,7 @@
+#include <gtest/gtest.h>
+
 #include "core/focus/Water.h"
-#include "tests/core/focus/FocusSamples.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 namespace {
@@ -41,17 +43,17 @@ TEST(Water, RemindsOnceAnIntervalAfterTheLastGlass) {
     water.settle(noon + since, utc);
     EXPECT_EQ(water.reminder, noon + reminds) << "at least a minute ahead";
   }
+  Water unwanted;
+  unwanted.add(noon, utc);
+  EXPECT_FALSE(unwanted.tick(noon + minutes(30), false));
+  EXPECT_EQ(unwanted.reminder, noon + minutes(60)) << "passed over for an interval";
+  unwanted.clockMoved(-minutes(60));
+  EXPECT_EQ(unwanted.reminder, noon);
+  EXPECT_EQ(unwanted.dueAt(noon - minutes(60), utc), noon - minutes(30));
   water.remindersOn = false;
   water.settle(noon, utc);
   EXPECT_EQ(water.reminder, std::nullopt);
   EXPECT_EQ(water.dueAt(noon, utc), std::nullopt);
-}
-
-TEST(Water, IsPassedOverForAnIntervalWhereItIsNotWanted) {
-  Water water;
-  water.add(noon, utc);
-  EXPECT_FALSE(water.tick(noon + minutes(30), false));
-  EXPECT_EQ(water.reminder, noon + minutes(60));
 }
 
 TEST(Water, IsSilentOnceTheGoalIsMetUntilTheNextMorning) {
@@ -70,14 +72,6 @@ TEST(Water, IsSilentOnceTheGoalIsMetUntilTheNextMorning) {
   // The program was not running in the morning.
   water.settle(morning + minutes(5), utc);
   EXPECT_EQ(water.reminder, morning + minutes(6));
-}
-
-TEST(Water, FollowsAClockThatIsSet) {
-  Water water;
-  water.add(noon, utc);
-  water.clockMoved(-minutes(60));
-  EXPECT_EQ(water.reminder, noon - minutes(30));
-  EXPECT_EQ(water.dueAt(noon - minutes(60), utc), noon - minutes(30));
 }
 
 TEST(Water, SaysHowMuchIsDrunk) {

@@ -51,39 +51,21 @@ TEST(PropertyList, AnythingElseIsAbsent) {
   for (int i = 0; i < 200; ++i) deep += "<array>";
   const auto value = [](const std::string& inside) { return plist("<dict><key>k</key>" + inside + "</dict>"); };
   EXPECT_TRUE(parsePropertyList(value("<string>fine</string>")));
-  for (const auto& text : {std::string(),
-                           std::string("bplist00\xd1\x01\x02"),
-                           std::string("{\"a\":1}"),
-                           std::string("<"),
-                           std::string("<!--"),
-                           std::string("<plist>"),
-                           std::string("<plist/>"),
-                           plist(""),
-                           plist("<string>no dictionary</string>"),
-                           plist("<dict></dict><dict></dict>"),
-                           plist("<dict>") + "x",
-                           plist("<dict/>") + "trailing",
-                           plist("<dict><string>no key</string></dict>"),
-                           plist("<dict><key>k</key></dict>"),
-                           plist("<dict><key>k</dict>"),
-                           value("<string>x</integer>"),
-                           value("<string>a<b/>c</string>"),
-                           value("<string>&unknown;</string>"),
-                           value("<string>&amp</string>"),
-                           value("<string>&#xD800;</string>"),
-                           value("<string>&#1114112;</string>"),
-                           value("<string>&#;</string>"),
-                           value("<string>\xff</string>"),
-                           value("<integer>4x</integer>"),
-                           value("<integer>99999999999999999999</integer>"),
-                           value("<integer/>"),
-                           value("<real>1.2.3</real>"),
-                           value("<date>yesterday</date>"),
-                           value("<data>%%%%</data>"),
-                           value("<true>x</true>"),
-                           value("<set/>"),
-                           value(deep)})
-    EXPECT_FALSE(parsePropertyList(text)) << text.substr(0, 300);
+  for (const char* text : {"", "bplist00\xd1\x01\x02", "{\"a\":1}", "<", "<!--", "<plist>", "<plist/>"})
+    EXPECT_FALSE(parsePropertyList(text)) << text;
+  for (const char* inside :
+       {"", "<string>no dictionary</string>", "<dict></dict><dict></dict>", "<dict>",
+        "<dict><string>no key</string></dict>", "<dict><key>k</key></dict>", "<dict><key>k</dict>"})
+    EXPECT_FALSE(parsePropertyList(plist(inside))) << inside;
+  EXPECT_FALSE(parsePropertyList(plist("<dict/>") + "trailing"));
+  for (const char* bad :
+       {"<string>x</integer>", "<string>a<b/>c</string>", "<string>&unknown;</string>", "<string>&amp</string>",
+        "<string>&#xD800;</string>", "<string>&#1114112;</string>", "<string>&#;</string>", "<string>\xff</string>",
+        // Of other types.
+        "<integer>4x</integer>", "<integer>99999999999999999999</integer>", "<integer/>", "<real>1.2.3</real>",
+        "<date>yesterday</date>", "<data>%%%%</data>", "<true>x</true>", "<set/>"})
+    EXPECT_FALSE(parsePropertyList(value(bad))) << bad;
+  EXPECT_FALSE(parsePropertyList(value(deep)));
 }
 
 }  // namespace

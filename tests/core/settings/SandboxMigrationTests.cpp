@@ -82,13 +82,6 @@ TEST_F(SandboxMigration, ReadsAPropertyListWhenThereIsNoDocument) {
   EXPECT_EQ(defaults_.integer("quietStartHour"), 20);
 }
 
-TEST_F(SandboxMigration, WithoutAnythingOldItIsDoneAllTheSame) {
-  EXPECT_THAT(migrate(), IsEmpty());
-  EXPECT_FALSE(std::filesystem::exists(data_));
-  EXPECT_EQ(defaults_.all().size(), 1u);
-  EXPECT_TRUE(isDone());
-}
-
 TEST_F(SandboxMigration, TheSandboxedProgramItselfChangesNothing) {
   holdsOldFile("profiles.json", "[]");
   holdsOldDefaults(R"({"dockEdge": "left"})");
@@ -109,7 +102,7 @@ TEST_F(SandboxMigration, ACopyThatFailsIsToldLeavesNothingHalfDoneAndIsNotTriedA
   EXPECT_FALSE(std::filesystem::exists(data_));
 }
 
-TEST_F(SandboxMigration, AnUnfinishedCopyOfACrashIsBegunAnew) {
+TEST_F(SandboxMigration, AnUnfinishedCopyOfACrashIsStartedAgain) {
   holdsOldFile("profiles.json", "whole");
   folder_.write("share/Ambrel.unfinished/profiles.json", "ha");
   folder_.write("share/Ambrel.unfinished/stale", "");

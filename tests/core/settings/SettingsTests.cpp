@@ -15,24 +15,6 @@ class Settings : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(Settings, HaveTheirDefaultsAtAFirstRun) {
-  const auto values = loadSettings(UserDefaults(folder_ / "missing.json"));
-  EXPECT_EQ(values.dockEdge, DockEdge::bottom);
-  EXPECT_FALSE(values.barAlwaysVisible || values.clipboardPreviewInBar);
-  EXPECT_TRUE(values.barPeeksForContext && values.shelfOpensOnHover && values.clipboardEnabled &&
-              values.clipboardForgetSensitive && values.agentsEnabled && values.agentNotifications &&
-              values.quietHoursOn && values.buddyOnlyUnfocusedAgents);
-  EXPECT_EQ(values.clipboardLimit, 300);
-  EXPECT_EQ(values.clipboardMaxAgeDays, 0);
-  EXPECT_THAT(values.ignoredBundleIDs, ElementsAre("com.1password.1password", "com.agilebits.onepassword7",
-                                                   "com.bitwarden.desktop", "com.apple.keychainaccess"));
-  EXPECT_EQ(values.buddyLevel, BuddyLevel::all);
-  EXPECT_EQ(values.buddyCategories.size(), 5u);
-  EXPECT_EQ(values.quietStartHour, 22);
-  EXPECT_EQ(values.quietEndHour, 8);
-  EXPECT_EQ(values.claudeBudgetTokens, 0);
-}
-
 TEST_F(Settings, EachTakesItsDefaultAndWhatItWritesItself) {
   std::set<std::string> keys;
   for (const SettingRow* row : allSettings()) {
@@ -48,12 +30,9 @@ TEST_F(Settings, EachTakesItsDefaultAndWhatItWritesItself) {
 }
 
 TEST_F(Settings, AValueOfAnotherTypeGivesTheDefault) {
-  const std::vector<DefaultsValue> values{{true},
-                                          {std::int64_t{1}},
-                                          {7.5},
-                                          {std::string("1")},
-                                          {DefaultsArray{{std::string("x")}, {true}}},
-                                          {DefaultsDictionary{}}};
+  const DefaultsArray mixed{{std::string("x")}, {true}};
+  const std::vector<DefaultsValue> values{{true},  {std::int64_t{1}},     {7.5}, {std::string("1")},
+                                          {mixed}, {DefaultsDictionary{}}};
   for (const SettingRow* row : allSettings()) {
     UserDefaults defaults(folder_ / "defaults.json");
     for (const DefaultsValue& value : values) {
@@ -95,18 +74,13 @@ TEST_F(Settings, WhatAPersonWritesIsReadBackAsItWas) {
 }
 
 TEST_F(Settings, ASlipOfAPersonIsRefusedAndNotCorrected) {
-  const std::pair<const SettingRow*, const char*> slips[] = {{&setting::barAlwaysVisible, "yes"},
-                                                             {&setting::quietStartHour, "24"},
-                                                             {&setting::quietStartHour, "8.5"},
-                                                             {&setting::quietStartHour, ""},
-                                                             {&setting::dockEdge, "top"},
-                                                             {&setting::dockEdge, "Left"},
-                                                             {&setting::buddyCategories, "agents,x"},
-                                                             {&setting::buddyCategories, "agents,"},
-                                                             {&setting::ignoredBundleIDs, "[1]"},
-                                                             {&setting::ignoredBundleIDs, "[\"a\""},
-                                                             {&setting::weatherForecastURL, "https://"}};
-  for (const auto& [row, text] : slips) EXPECT_THROW(parseSetting(*row, text), SettingError) << row->key << " " << text;
+  using namespace setting;
+  const std::pair<const SettingRow*, std::vector<const char*>> rows[] = {
+      {&barAlwaysVisible, {"yes"}},           {&quietStartHour, {"24", "8.5", ""}},
+      {&dockEdge, {"top", "Left"}},           {&buddyCategories, {"agents,x", "agents,"}},
+      {&ignoredBundleIDs, {"[1]", "[\"a\""}}, {&weatherForecastURL, {"https://"}}};
+  for (const auto& [row, slips] : rows)
+    for (const char* text : slips) EXPECT_THROW(parseSetting(*row, text), SettingError) << row->key << " " << text;
 }
 
 }  // namespace

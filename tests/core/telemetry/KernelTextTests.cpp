@@ -10,25 +10,20 @@ namespace {
 using testing::ElementsAre;
 
 TEST(Pressure, ComesFromStallsOrElseFromWhatIsLeft) {
+  using enum MemoryPressure;
+  using Stalls = std::optional<MemoryStalls>;
   const auto left = [](std::uint64_t percent) {
     return MemoryReading{.totalBytes = 1000, .availableBytes = percent * 10};
   };
-  const struct {
-    const char* what;
-    std::uint64_t percentLeft;
-    std::optional<MemoryStalls> stalls;
-    MemoryPressure expected;
-  } cases[] = {
-      {"calm", 50, MemoryStalls{0, 0}, MemoryPressure::normal},
-      {"some tasks waited", 50, MemoryStalls{10, 0}, MemoryPressure::warning},
-      {"all tasks waited", 50, MemoryStalls{40, 10}, MemoryPressure::critical},
-      {"a full cache is no pressure", 6, MemoryStalls{0, 0}, MemoryPressure::normal},
-      {"next to nothing left", 4, MemoryStalls{0, 0}, MemoryPressure::warning},
-      {"without news of stalls", 10, {}, MemoryPressure::normal},
-      {"without news of stalls, little left", 9, {}, MemoryPressure::warning},
-      {"without news of stalls, next to nothing left", 3, {}, MemoryPressure::critical},
-  };
-  for (const auto& c : cases) EXPECT_EQ(pressureReading(left(c.percentLeft), c.stalls).level, c.expected) << c.what;
+  using Row = std::tuple<const char*, std::uint64_t, Stalls, MemoryPressure>;
+  for (const auto& [what, percent, stalls, expected] :
+       {Row{"calm", 50, MemoryStalls{0, 0}, normal}, Row{"some tasks waited", 50, MemoryStalls{10, 0}, warning},
+        Row{"all tasks waited", 50, MemoryStalls{40, 10}, critical},
+        Row{"a full cache is no pressure", 6, MemoryStalls{0, 0}, normal},
+        Row{"next to nothing left", 4, MemoryStalls{0, 0}, warning}, Row{"without news of stalls", 10, {}, normal},
+        Row{"without news of stalls, little left", 9, {}, warning},
+        Row{"without news of stalls, next to nothing left", 3, {}, critical}})
+    EXPECT_EQ(pressureReading(left(percent), stalls).level, expected) << what;
   EXPECT_EQ(pressureReading(left(25), {}).fraction, 0.25);
   EXPECT_EQ(pressureReading(left(120), {}).fraction, 1);
   EXPECT_EQ(pressureReading({.swapTotalBytes = 9, .swapFreeBytes = 10}, {}).swapUsedBytes, 0u);
@@ -163,19 +158,16 @@ TEST(Thermal, TripPointsMakeTheLevels) {
   EXPECT_EQ(thermalReading({hot})->level, ThermalLevel::critical);
 }
 
-TEST(Thermal, ProcessorsHaveALimit) {
-  const std::tuple<double, std::optional<double>, ThermalLevel> cases[] = {
-      {84, 100, ThermalLevel::nominal},   {85, 100, ThermalLevel::fair},   {95, 100, ThermalLevel::serious},
-      {100, 100, ThermalLevel::critical}, {79, {}, ThermalLevel::nominal}, {90, {}, ThermalLevel::serious},
-      {80, -1, ThermalLevel::fair}};
-  for (const auto& [celsius, limit, level] : cases)
-    EXPECT_EQ(thermalReading({processorSensor(celsius, limit)})->level, level) << celsius;
-}
-
-TEST(Thermal, TheWorstLevelAndTheHottestCount) {
+TEST(Thermal, TheWorstLevelAndTheHottestCountAndProcessorsHaveALimit) {
   EXPECT_EQ(thermalReading({}), std::nullopt);
   EXPECT_EQ(thermalReading({{.celsius = 85}, {.celsius = 60, .slowing = 55}}),
             (ThermalReading{ThermalLevel::serious, 85}));
+  using enum ThermalLevel;
+  const std::tuple<double, std::optional<double>, ThermalLevel> rows[] = {
+      {84, 100, nominal}, {85, 100, fair},   {95, 100, serious}, {100, 100, critical},
+      {79, {}, nominal},  {90, {}, serious}, {80, -1, fair}};
+  for (const auto& [celsius, limit, level] : rows)
+    EXPECT_EQ(thermalReading({processorSensor(celsius, limit)})->level, level) << celsius;
   EXPECT_EQ(parseMillidegrees("45500\n"), 45.5);
   EXPECT_EQ(parseMillidegrees("-12000"), -12);
   for (const char* bad : {"", "-274000", "255000", "warm", "45.5"})

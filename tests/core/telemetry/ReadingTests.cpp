@@ -14,23 +14,22 @@ constexpr std::uint64_t MiB = 1 << 20;
 
 TEST(CounterRate, ACounterThatStepsBackIsUnknownUnlessItCertainlyWrapped) {
   const std::uint64_t top = 1ull << 32;
-  const struct {
-    const char* what;
-    std::uint64_t before, now;
-    std::optional<std::uint64_t> range, expected;
-  } cases[] = {
-      {"forwards", 100, 350, {}, 250},
-      {"stood still", 100, 100, {}, 0},
-      {"began anew", 5'000'000, 10, {}, {}},
-      {"over the end of 32 bits", top - 4000, 1000, {}, 5000},
-      {"the last value of 32 bits", top - 1, 0, {}, 1},
-      {"over the edge by more than a reset may look like", top - 100 * MiB, 1000, {}, {}},
-      {"near the end of 32 bits, but far from their beginning", top - 4000, 65 * MiB, {}, {}},
-      {"a 64-bit counter that began anew", top + 4000, 1000, {}, {}},
-      {"an energy counter over the end of its range", 262'143'000'000, 1'000'000, 262'143'328'850, 1'328'850},
-      {"beyond its own range", 300, 10, 200, {}},
-  };
-  for (const auto& c : cases) EXPECT_EQ(CounterRate::difference(c.before, c.now, c.range), c.expected) << c.what;
+  const std::tuple<const char*, std::uint64_t, std::uint64_t, std::optional<std::uint64_t>,
+                   std::optional<std::uint64_t>>
+      cases[] = {
+          {"forwards", 100, 350, {}, 250},
+          {"stood still", 100, 100, {}, 0},
+          {"began again", 5'000'000, 10, {}, {}},
+          {"over the end of 32 bits", top - 4000, 1000, {}, 5000},
+          {"the last value of 32 bits", top - 1, 0, {}, 1},
+          {"over the edge by more than a reset may look like", top - 100 * MiB, 1000, {}, {}},
+          {"near the end of 32 bits, but far from their beginning", top - 4000, 65 * MiB, {}, {}},
+          {"a 64-bit counter that began again", top + 4000, 1000, {}, {}},
+          {"an energy counter over the end of its range", 262'143'000'000, 1'000'000, 262'143'328'850, 1'328'850},
+          {"beyond its own range", 300, 10, 200, {}},
+      };
+  for (const auto& [what, before, now, range, expected] : cases)
+    EXPECT_EQ(CounterRate::difference(before, now, range), expected) << what;
 }
 
 TEST(CounterRate, NeedsTimeBetweenTheReadings) {
@@ -42,22 +41,12 @@ TEST(CounterRate, NeedsTimeBetweenTheReadings) {
 }
 
 TEST(Ticks, BecomeNanoseconds) {
-  const struct {
-    std::uint64_t ticks;
-    std::uint32_t numerator, denominator;
-    std::uint64_t expected;
-  } cases[] = {
-      {7, 0, 0, 7},  // no denominator: as they are
-      {24, 125, 3, 1000},
-      {1, 1, 2, 1},  // halves away from zero
-      {5, 1, 2, 3},
-      {1, 1, 3, 0},
-      {250, 1'000'000'000, 100, 2'500'000'000},
-      {UINT64_MAX, 1'000'000'000, 1, UINT64_MAX},
-      {0, 125, 3, 0},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(nanosecondsFromTicks(c.ticks, c.numerator, c.denominator), c.expected) << c.ticks;
+  // Without a denominator as they are; halves away from zero.
+  const std::tuple<std::uint64_t, std::uint32_t, std::uint32_t, std::uint64_t> rows[] = {
+      {7, 0, 0, 7}, {24, 125, 3, 1000}, {1, 1, 2, 1},
+      {5, 1, 2, 3}, {1, 1, 3, 0},       {UINT64_MAX, 1'000'000'000, 1, UINT64_MAX}};
+  for (const auto& [ticks, numerator, denominator, expected] : rows)
+    EXPECT_EQ(nanosecondsFromTicks(ticks, numerator, denominator), expected) << ticks;
 }
 
 TEST(DiskRates, ComeFromTwoReadings) {
@@ -95,34 +84,24 @@ TEST(ProcessRanking, OfSnapshotsNeedsTwoThatAreNotFarApart) {
   EXPECT_EQ(ProcessRanking::usage(first, ProcessSnapshot{next.samples, 900 * second}), std::nullopt);
 }
 
-TEST(PowerText, SaysHowThePowerStands) {
+TEST(PowerText, SaysHowThePowerIs) {
   using Minutes = std::optional<int>;
-  const struct {
-    bool isOnAdapter, isCharging, isCharged;
-    Minutes toEmpty, toFull;
-    const char* expected;
-  } cases[] = {
-      {true, false, false, {}, {}, "Not charging"},
-      {true, false, true, {}, {}, "Fully charged"},
-      {true, true, true, {}, 5, "Fully charged"},
-      {true, true, false, {}, {}, "Calculating…"},
-      {true, true, false, {}, 0, "Calculating…"},
-      {true, true, false, 90, 1, "Full in 0:01"},
-      {true, true, false, {}, 65, "Full in 1:05"},
-      {false, false, false, {}, 65, "Calculating…"},
-      {false, false, false, 0, {}, "Calculating…"},
-      {false, false, false, -1, {}, "Calculating…"},
-      {false, false, false, 600, {}, "10:00 left"},
-      {false, true, true, 59, 1, "0:59 left"},  // on battery nothing else counts
+  const auto line = [](bool isCharging, bool isCharged, Minutes toEmpty, Minutes toFull, bool isOnAdapter = true) {
+    return PowerText::stateLine({.isOnAdapter = isOnAdapter,
+                                 .isCharging = isCharging,
+                                 .isCharged = isCharged,
+                                 .minutesToEmpty = toEmpty,
+                                 .minutesToFull = toFull});
   };
-  for (const auto& c : cases) {
-    const PowerReading reading{.isOnAdapter = c.isOnAdapter,
-                               .isCharging = c.isCharging,
-                               .isCharged = c.isCharged,
-                               .minutesToEmpty = c.toEmpty,
-                               .minutesToFull = c.toFull};
-    EXPECT_EQ(PowerText::stateLine(reading), c.expected);
-  }
+  EXPECT_EQ(line(false, false, {}, {}), "Not charging");
+  EXPECT_EQ(line(true, true, {}, 5), "Fully charged");
+  for (const Minutes none : {Minutes(), Minutes(0)}) EXPECT_EQ(line(true, false, {}, none), "Calculating…");
+  EXPECT_EQ(line(true, false, 90, 1), "Full in 0:01");
+  EXPECT_EQ(line(true, false, {}, 65), "Full in 1:05");
+  for (const Minutes none : {Minutes(), Minutes(0), Minutes(-1)})
+    EXPECT_EQ(line(false, false, none, 65, false), "Calculating…");
+  EXPECT_EQ(line(false, false, 600, {}, false), "10:00 left");
+  EXPECT_EQ(line(true, true, 59, 1, false), "0:59 left") << "on battery nothing else counts";
 }
 
 TEST(LatencyStats, CountsWhatWasAnsweredAndWhatWasNot) {
@@ -131,12 +110,8 @@ TEST(LatencyStats, CountsWhatWasAnsweredAndWhatWasNot) {
   EXPECT_EQ(LatencyStats::of({30}), (LatencyStats{.last = 30, .minimum = 30, .average = 30, .maximum = 30}));
   EXPECT_EQ(LatencyStats::of({30, std::nullopt, 50, 10, std::nullopt}),
             (LatencyStats{.last = 10, .minimum = 10, .average = 30, .maximum = 50, .jitter = 30, .failures = 2}));
-}
-
-TEST(LatencyStats, HasFourLevels) {
-  const std::pair<double, int> cases[] = {{0, 0},   {39.999, 0}, {40, 1},  {99.9, 1},
-                                          {100, 2}, {249.9, 2},  {250, 3}, {9000, 3}};
-  for (const auto& [milliseconds, level] : cases) EXPECT_EQ(LatencyStats::level(milliseconds), level) << milliseconds;
+  for (const auto& [milliseconds, level] : {std::pair{39.999, 0}, {40, 1}, {99.9, 1}, {100, 2}, {249.9, 2}, {250, 3}})
+    EXPECT_EQ(LatencyStats::level(milliseconds), level) << milliseconds;
 }
 
 TEST(DisplayText, ShowsRateAndScale) {

@@ -54,12 +54,7 @@ TEST(Network, ReadsBytesBehindTheLastColonOfAName) {
 
 TEST(Network, NoSpikeFromHotPlugResetWrapOrSleep) {
   const NetworkCounters before{{"a", {1000, 100}}, {"gone", {9000, 9000}}};
-  const struct {
-    const char* what;
-    NetworkCounters now;
-    double elapsed;
-    std::optional<NetworkRates> expected;
-  } cases[] = {
+  const std::tuple<const char*, NetworkCounters, double, std::optional<NetworkRates>> cases[] = {
       {"plain", {{"a", {3000, 500}}}, 2, NetworkRates{1000, 200}},
       {"an interface that was plugged in only primes",
        {{"a", {1000, 100}}, {"b", {5000000, 1}}},
@@ -70,7 +65,8 @@ TEST(Network, NoSpikeFromHotPlugResetWrapOrSleep) {
       {"time went backwards", {{"a", {3000, 500}}}, -1, std::nullopt},
       {"the computer slept", {{"a", {3000, 500}}}, 3600, std::nullopt},
   };
-  for (const auto& c : cases) EXPECT_EQ(networkRates(before, c.now, Seconds(c.elapsed)), c.expected) << c.what;
+  for (const auto& [what, now, elapsed, expected] : cases)
+    EXPECT_EQ(networkRates(before, now, Seconds(elapsed)), expected) << what;
 }
 
 TEST(Network, RatesStandInThreeFigures) {
@@ -82,12 +78,6 @@ TEST(Network, RatesStandInThreeFigures) {
   EXPECT_EQ(rateText(german, 8'440'000), (RateText{"8,4", "MB/s"}));
   EXPECT_EQ(rateText(english, 99'960'000), (RateText{"100", "MB/s"}));
   EXPECT_EQ(rateText(english, 5e12), (RateText{"5,000", "GB/s"}));
-}
-
-TEST(History, KeepsTheNewest) {
-  History history(3);
-  for (const double value : {1.0, 2.0, 3.0, 4.0}) history.append(value);
-  EXPECT_EQ(history.values(), (std::deque<double>{2, 3, 4}));
 }
 
 }  // namespace

@@ -61,15 +61,15 @@ TEST(ClaudeStatusLine, NamesTheScriptByItsPathUnlessTheShellWouldMisreadIt) {
 }
 
 TEST(ClaudeStatusLine, IsConnectedByTheCommandAlone) {
-  for (const auto& [settings, expected] : std::vector<std::pair<std::string, bool>>{
-           {R"({"statusLine":{"command":"/d/Ambrel/claude-statusline.sh"}})", true},
-           {R"({"statusLine":{"command":"\/d\/Ambrel\/claude-statusline.sh","type":7}})", true},
-           {R"({"statusLine":{"command":"/d/Ambrel/claude-statusline.sh "}})", false},
-           {R"({"statusLine":{"command":["/d/Ambrel/claude-statusline.sh"]}})", false},
-           {R"({"statusLine":"/d/Ambrel/claude-statusline.sh"})", false},
-           {R"({"command":"/d/Ambrel/claude-statusline.sh"})", false},
-           {"{}", false}})
-    EXPECT_EQ(ClaudeStatusLine::isConnected(ForeignJSON::parse(settings), scriptPath), expected) << settings;
+  const auto isConnected = [](const char* settings) {
+    return ClaudeStatusLine::isConnected(ForeignJSON::parse(settings), scriptPath);
+  };
+  EXPECT_TRUE(isConnected(R"({"statusLine":{"command":"\/d\/Ambrel\/claude-statusline.sh","type":7}})"));
+  for (const char* other :
+       {R"({"statusLine":{"command":"/d/Ambrel/claude-statusline.sh "}})",
+        R"({"statusLine":{"command":["/d/Ambrel/claude-statusline.sh"]}})",
+        R"({"statusLine":"/d/Ambrel/claude-statusline.sh"})", R"({"command":"/d/Ambrel/claude-statusline.sh"})", "{}"})
+    EXPECT_FALSE(isConnected(other)) << other;
 }
 
 TEST(ClaudeStatusLine, ChangesTheStatusLineAloneAndPutsItBack) {
@@ -123,6 +123,15 @@ TEST_F(ClaudeStatusLineFiles, InstallsWhereNothingIs) {
   EXPECT_EQ(mode(files.script), 0755u);
   EXPECT_THAT(names(home / ".claude"), testing::ElementsAre("settings.json"));
   EXPECT_THAT(names(home / "share/Ambrel"), testing::ElementsAre("claude-statusline.sh"));
+  const auto script = readFile(files.script);
+  fs::remove(files.script);
+  ClaudeStatusLine::install(files);
+  EXPECT_EQ(readFile(files.script), script) << "a lost script is repaired";
+  EXPECT_EQ(mode(files.script), 0755u);
+  writeSettings(R"({"model": "opus"})");
+  ClaudeStatusLine::install(files);
+  ClaudeStatusLine::remove(files);
+  EXPECT_EQ(settings(), "{\n  \"model\": \"opus\"\n}\n") << "the key goes where no line was";
 }
 
 TEST_F(ClaudeStatusLineFiles, SavesTheOwnLineOnceAndPutsItBack) {
@@ -139,13 +148,6 @@ TEST_F(ClaudeStatusLineFiles, SavesTheOwnLineOnceAndPutsItBack) {
   EXPECT_FALSE(ClaudeStatusLine::isConnected(files));
   EXPECT_EQ(command(), "cat; echo '\"own\"'");
   EXPECT_THAT(names(home / "share/Ambrel"), testing::ElementsAre("claude-statusline-original", "claude-statusline.sh"));
-}
-
-TEST_F(ClaudeStatusLineFiles, RemovesTheKeyWhereNoLineWas) {
-  writeSettings(R"({"model": "opus"})");
-  ClaudeStatusLine::install(files);
-  ClaudeStatusLine::remove(files);
-  EXPECT_EQ(settings(), "{\n  \"model\": \"opus\"\n}\n");
 }
 
 TEST_F(ClaudeStatusLineFiles, ForgetsTheLineOfAnEarlierInstall) {
@@ -230,15 +232,6 @@ TEST_F(ClaudeStatusLineFiles, FillsADanglingLinkAndRefusesALoop) {
   fs::create_symlink("settings.json", files.settings);
   EXPECT_THROW(ClaudeStatusLine::install(files), FileError);
   EXPECT_TRUE(fs::is_symlink(files.settings));
-}
-
-TEST_F(ClaudeStatusLineFiles, RepairsAScriptThatWasLost) {
-  ClaudeStatusLine::install(files);
-  const auto script = readFile(files.script);
-  fs::remove(files.script);
-  ClaudeStatusLine::install(files);
-  EXPECT_EQ(readFile(files.script), script);
-  EXPECT_EQ(mode(files.script), 0755u);
 }
 
 // Real runs of the hook, below folders with names that the shell has a meaning for.

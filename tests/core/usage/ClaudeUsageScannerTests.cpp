@@ -31,25 +31,16 @@ class ClaudeUsageScannerTest : public testing::Test {
   int writes = 0;
 };
 
-TEST_F(ClaudeUsageScannerTest, FindsNothingWhereNothingIs) {
-  EXPECT_EQ(scan(), ClaudeUsageSnapshot{});
-  write("p/empty.jsonl", "");
-  EXPECT_EQ(scan(), ClaudeUsageSnapshot{});
-}
-
 TEST_F(ClaudeUsageScannerTest, SumsTodayAndTheOpenBlockOfAllLogs) {
+  EXPECT_EQ(scan(), ClaudeUsageSnapshot{});
   write("a/one.jsonl", replyLine("2026-11-20T23:59:59Z", 1) + replyLine("2026-11-21T00:00:00Z", 10));
   write("a/one/subagents/agent-7.jsonl", replyLine("2026-11-21T10:20:00Z", 100));
   write("b/two.jsonl", replyLine("2026-11-21T11:00:00Z", 1000) + replyLine("2026-11-21T11:00:00Z", 1000));
   const auto snapshot = scan();
   EXPECT_EQ(snapshot.today, (UsageTotal{2110, 4}));
   EXPECT_EQ(snapshot.block, (UsageBlock{at("2026-11-21T10:00:00Z"), at("2026-11-21T15:00:00Z"), 2100, 3}));
-}
-
-TEST_F(ClaudeUsageScannerTest, TakesTheDayFromTheCalendar) {
-  write("a/one.jsonl", replyLine("2026-11-20T18:29:59Z", 1) + replyLine("2026-11-20T18:30:00Z", 10));
-  calendar = Calendar("Asia/Kolkata", "en_US");
-  EXPECT_EQ(today(), (UsageTotal{10, 1}));
+  calendar = Calendar("Asia/Kolkata", "en_US");  // where the day began at 18:30
+  EXPECT_EQ(today(), (UsageTotal{2111, 5}));
 }
 
 TEST_F(ClaudeUsageScannerTest, CountsALineOnceHoweverItArrives) {
@@ -101,15 +92,6 @@ TEST_F(ClaudeUsageScannerTest, ForgetsRepliesAfterADay) {
   EXPECT_EQ(heldAfter("2026-11-21T13:30:00Z"), 11);
   EXPECT_EQ(heldAfter("2026-11-21T13:30:00.000001Z"), 10);
   EXPECT_EQ(heldAfter("2026-11-22T11:30:00.000001Z"), 0);
-}
-
-TEST_F(ClaudeUsageScannerTest, TriesAnUnreadableFileAgain) {
-  if (geteuid() == 0) GTEST_SKIP() << "root reads everything";
-  write("a/one.jsonl", replyLine("2026-11-21T11:00:00Z", 1));
-  std::filesystem::permissions(home / path("a/one.jsonl"), std::filesystem::perms::none);
-  EXPECT_EQ(today(), UsageTotal{});
-  std::filesystem::permissions(home / path("a/one.jsonl"), std::filesystem::perms::owner_all);
-  EXPECT_EQ(today(), (UsageTotal{1, 1}));
 }
 
 TEST_F(ClaudeUsageScannerTest, LosesNothingButTheMalformedLine) {

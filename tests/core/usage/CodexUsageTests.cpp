@@ -12,32 +12,21 @@ const CodexUsage::Window week{12, 10080, at("2026-11-26T00:00:00Z")};
 const Instant asOf = at("2026-11-21T09:12:00.5Z");
 
 TEST(CodexUsage, ReadsTheLimitsOfATokenCount) {
-  struct Case {
-    std::string file;
-    std::optional<CodexUsage::Limits> limits;
-  };
-  const Case cases[] = {
-      {"both", CodexUsage::Limits{session, week, asOf}},
-      {"no-info", CodexUsage::Limits{session, week, asOf}},
-      {"week-alone", CodexUsage::Limits{week, std::nullopt, asOf}},
-      {"half-a-week", CodexUsage::Limits{session, std::nullopt, asOf}},
-      {"fractions", CodexUsage::Limits{{0, 300, at("2026-11-21T11:15:00.25Z")}, std::nullopt, asOf}},
-      {"relative-reset", std::nullopt},
-      {"text-percent", std::nullopt},
-      {"no-limits", std::nullopt},
-      {"no-date", std::nullopt},
-      {"response-item", std::nullopt},
-      {"other-event", std::nullopt},
-      {"flat", std::nullopt},
-  };
-  for (const Case& test : cases) {
-    SCOPED_TRACE(test.file);
+  const auto parsed = [](const std::string& name) {
     LineParser parser;
-    const std::string line = usageCase("codex/" + test.file + ".json");
-    const auto object = parser.parse(line);
-    ASSERT_TRUE(object);
-    EXPECT_EQ(CodexUsage::parseLine(*object), test.limits);
-  }
+    const std::string line = usageCase("codex/" + name + ".json");
+    return CodexUsage::parseLine(parser.parse(line).value());
+  };
+  const std::pair<const char*, CodexUsage::Limits> rows[] = {
+      {"both", {session, week, asOf}},
+      {"no-info", {session, week, asOf}},
+      {"week-alone", {week, std::nullopt, asOf}},
+      {"half-a-week", {session, std::nullopt, asOf}},
+      {"fractions", {{0, 300, at("2026-11-21T11:15:00.25Z")}, std::nullopt, asOf}}};
+  for (const auto& [name, limits] : rows) EXPECT_EQ(parsed(name), limits) << name;
+  for (const char* name :
+       {"relative-reset", "text-percent", "no-limits", "no-date", "response-item", "other-event", "flat"})
+    EXPECT_EQ(parsed(name), std::nullopt) << name;
 }
 
 class CodexUsageLatest : public testing::Test {

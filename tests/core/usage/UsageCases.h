@@ -7,6 +7,7 @@
 
 #include "core/base/Files.h"
 #include "core/usage.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 
@@ -24,12 +25,6 @@ inline std::string replyLine(std::string_view date, std::int64_t tokens, std::st
       R"({{"type":"assistant","message":{{"content":"{}","usage":{{"output_tokens":{}}}}},"timestamp":"{}"}})"
       "\n",
       content, tokens, date);
-}
-
-inline Instant at(std::string_view text) {
-  const auto instant = parseISO8601(text);
-  if (!instant) throw std::runtime_error("no date: " + std::string(text));
-  return *instant;
 }
 
 }  // namespace ambrel

@@ -56,18 +56,14 @@ std::string replyOfSize(std::size_t size, std::int64_t tokens) {
 
 TEST_F(UsageLogTest, StopsBehindTheLastNewline) {
   const std::string line = replyLine("2026-11-21T11:00:00Z", 7);
-  for (const auto& [bytes, offset, count] :
-       std::vector<std::tuple<std::string, std::uint64_t, std::size_t>>{{"", 0, 0},
-                                                                        {"\n", 1, 0},
-                                                                        {line, line.size(), 1},
-                                                                        {line + line.substr(0, 50), line.size(), 1},
-                                                                        {line.substr(0, 50), 0, 0},
-                                                                        {"\n\n" + line + "\n", line.size() + 3, 1}}) {
-    SCOPED_TRACE(bytes);
+  const std::tuple<std::string, std::uint64_t, std::size_t> rows[] = {{"\n", 1, 0},
+                                                                      {line + line.substr(0, 50), line.size(), 1},
+                                                                      {line.substr(0, 50), 0, 0},
+                                                                      {"\n\n" + line + "\n", line.size() + 3, 1}};
+  for (const auto& [bytes, offset, count] : rows) {
     const auto reading = read(bytes);
     ASSERT_TRUE(reading);
-    EXPECT_EQ(reading->offset, offset);
-    EXPECT_EQ(reading->uses.size(), count);
+    EXPECT_EQ(std::pair(reading->offset, reading->uses.size()), std::pair(offset, count)) << bytes;
   }
 }
 
@@ -85,21 +81,15 @@ TEST_F(UsageLogTest, CountsLongLinesAndKeepsTheirNeighbours) {
   constexpr std::size_t mebi = 1 << 20;
   const std::string small = replyLine("2026-11-21T11:00:00Z", 1);
   const std::string keyless = "{\"type\":\"file-history-snapshot\",\"data\":\"" + std::string(40 * mebi, 'y') + "\"}\n";
-  struct Case {
-    std::string line;
-    bool counts;
-  };
-  const Case cases[] = {{replyOfSize(10 * mebi, 2), true},
-                        {replyOfSize(UsageLogReader::longestLine + 1, 2), true},  // with its newline
-                        {replyOfSize(UsageLogReader::longestLine + 2, 2), false},
-                        {keyless, false}};
-  for (const Case& test : cases) {
-    const auto reading = read(small + test.line + small);
-    if (test.counts)
-      EXPECT_THAT(tokens(reading), testing::ElementsAre(1, 2, 1));
-    else
-      EXPECT_THAT(tokens(reading), testing::ElementsAre(1, 1));
-    EXPECT_EQ(reading->offset, 2 * small.size() + test.line.size());
+  using Tokens = std::vector<std::int64_t>;
+  const std::pair<std::string, Tokens> rows[] = {
+      {replyOfSize(UsageLogReader::longestLine + 1, 2), {1, 2, 1}},  // with its newline
+      {replyOfSize(UsageLogReader::longestLine + 2, 2), {1, 1}},
+      {keyless, {1, 1}}};
+  for (const auto& [line, expected] : rows) {
+    const auto reading = read(small + line + small);
+    EXPECT_EQ(tokens(reading), expected);
+    EXPECT_EQ(reading->offset, 2 * small.size() + line.size());
   }
 }
 

@@ -40,17 +40,10 @@ TEST(Places, AreFoundByName) {
 }
 
 TEST(Places, AreAskedForWithThePercentEncodedText) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"London", "London"},
-      {"New York", "New%20York"},
-      {"Zürich", "Z%C3%BCrich"},
-      {"a&b=c+d#e?f", "a%26b%3Dc%2Bd%23e%3Ff"},
-      {"/etc/passwd", "%2Fetc%2Fpasswd"},
-      {"50%", "50%25"},
-      {"..", ".."},
-      {"", ""},
-  };
-  for (const auto& [text, encoded] : rows)
+  for (const auto& [text, encoded] : {std::pair{"New York", "New%20York"},
+                                      {"Zürich", "Z%C3%BCrich"},
+                                      {"a&b=c+d#e?f", "a%26b%3Dc%2Bd%23e%3Ff"},
+                                      {"/etc/50%", "%2Fetc%2F50%25"}})
     EXPECT_EQ(geocodingRequest(text), std::string("/v1/search?name=") + encoded + "&count=6&language=en");
 }
 

@@ -8,18 +8,11 @@ using std::chrono::seconds;
 
 const Instant now = at("2026-11-21T09:07:00Z");
 
-struct SlotIn {
-  seconds start;  // from now
-  double millimeters;
-};
-struct ChanceIn {
-  seconds start;
-  int percent;
-};
+// Starts are counted from now.
 struct Row {
   const char* what;
-  std::vector<SlotIn> slots;
-  std::vector<ChanceIn> chances;
+  std::vector<std::pair<seconds, double>> slots;
+  std::vector<std::pair<seconds, int>> chances;
   RainSoon::Summary expected;
 };
 
@@ -44,9 +37,7 @@ TEST(RainSoon, SumsUpTheNextTwoHours) {
        {{minutes(8), 0}, {minutes(23), 0.62}, {minutes(38), 3}},
        {},
        {"Rain in 25 min", "Light rain", true}},
-      {"a rate of 2.52", {{minutes(8), 0.63}}, {}, {"Rain in 10 min", "Moderate rain", true}},
       {"a rate of 2.5", {{minutes(8), 0.625}}, {}, {"Rain in 10 min", "Moderate rain", true}},
-      {"just below 7.6", {{minutes(8), 1.89}}, {}, {"Rain in 10 min", "Moderate rain", true}},
       {"a rate of 7.6", {{minutes(8), 1.9}}, {}, {"Rain in 10 min", "Heavy rain", true}},
       {"a chance of 39", {{minutes(8), 0}}, {{minutes(-7), 39}}, dry},
       {"a chance of 40", {{minutes(8), 0}}, {{minutes(-7), 40}}, {"Rain possible", "40% chance in 2 h", false}},
@@ -66,13 +57,11 @@ TEST(RainSoon, SumsUpTheNextTwoHours) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
     std::vector<RainSoon::Slot> slots;
-    for (const auto& slot : row.slots) slots.push_back({now + slot.start, slot.millimeters});
+    for (const auto& slot : row.slots) slots.push_back({now + slot.first, slot.second});
     std::vector<RainSoon::Chance> chances;
-    for (const auto& chance : row.chances) chances.push_back({now + chance.start, chance.percent});
+    for (const auto& chance : row.chances) chances.push_back({now + chance.first, chance.second});
     const auto summary = RainSoon::summary(slots, chances, now, RainSoon::usualHorizon);
-    EXPECT_EQ(summary.title, row.expected.title);
-    EXPECT_EQ(summary.detail, row.expected.detail);
-    EXPECT_EQ(summary.isWet, row.expected.isWet);
+    EXPECT_EQ(summary, row.expected) << summary.title << ", " << summary.detail;
   }
 }
 
@@ -82,13 +71,6 @@ TEST(RainSoon, RoundsDurationsToFiveMinutes) {
                                                  {57.4 * 60, "55 min"},    {57.5 * 60, "1 h"},   {62.4 * 60, "1 h"},
                                                  {62.5 * 60, "1 h 5 min"}, {5400, "1 h 30 min"}, {7199, "2 h"}};
   for (const auto& [span, text] : rows) EXPECT_EQ(RainSoon::duration(Seconds(span)), text) << span;
-}
-
-TEST(RainSoon, ReadsASavedForecast) {
-  const Forecast f = forecastOf("london.json");
-  const auto summary =
-      RainSoon::summary(f.rainSlots, f.rainChances, at("2026-07-14T09:41:00Z"), RainSoon::usualHorizon);
-  EXPECT_EQ(summary, (RainSoon::Summary{"Rain in 20 min", "Light rain", true}));
 }
 
 }  // namespace

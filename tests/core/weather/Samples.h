@@ -4,14 +4,9 @@
 
 #include "core/base/Files.h"
 #include "core/weather.h"
+#include "tests/Time.h"
 
 namespace ambrel {
-
-inline Instant at(const char* text) {
-  const auto instant = parseISO8601(text);
-  if (!instant) throw std::invalid_argument(text);
-  return *instant;
-}
 
 inline std::string sample(const std::string& name) {
   const auto bytes = readFile(std::string(AMBREL_CASES "/weather/") + name);

@@ -33,25 +33,17 @@ TEST(WeatherTexts, RoundAsPeopleDo) {
 }
 
 TEST(WeatherTexts, NameTheSixteenWinds) {
-  for (const auto& [degrees, point] : {std::pair{0.0, "N"},
-                                       {11.2, "N"},
-                                       {11.25, "NNE"},
-                                       {228.0, "SW"},
-                                       {236.3, "WSW"},
-                                       {348.74, "NNW"},
-                                       {348.75, "N"},
-                                       {359.9, "N"},
-                                       {360.0, "N"},
-                                       {-90.0, "W"},
-                                       {450.0, "E"}})
+  using Row = std::pair<double, const char*>;
+  for (const auto& [degrees, point] :
+       {Row{11.2, "N"}, Row{11.25, "NNE"}, Row{228, "SW"}, Row{236.3, "WSW"}, Row{348.74, "NNW"}, Row{348.75, "N"},
+        Row{360, "N"}, Row{-90, "W"}, Row{450, "E"}})
     EXPECT_EQ(compassPoint(degrees), point) << degrees;
 }
 
 TEST(SunSummary, FollowsTheDay) {
   using Kind = SunSummary::Kind;
   struct Row {
-    const char* file;
-    const char* now;
+    const char *file, *now;
     Kind kind;
     const char* next;
     double progress;  // below zero: none

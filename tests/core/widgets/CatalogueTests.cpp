@@ -17,26 +17,13 @@ using testing::Not;
 
 constexpr auto everyWidget = allCases<DockWidget>();
 
-TEST(Catalogue, HoldsEveryWidgetInTheOrderOfTheGallery) {
-  ASSERT_EQ(everyWidget.size(), 105u);
-  EXPECT_EQ(everyWidget.front(), DockWidget::buddy);
-  EXPECT_EQ(everyWidget[52], DockWidget::qrCode);
-  EXPECT_EQ(everyWidget.back(), DockWidget::quote);
-  for (std::size_t i = 0; i < everyWidget.size(); ++i) EXPECT_EQ(static_cast<std::size_t>(everyWidget[i]), i);
-}
-
-TEST(Catalogue, FindsAWidgetByItsStoredIdAlone) {
-  for (const DockWidget widget : everyWidget) EXPECT_EQ(fromName<DockWidget>(nameOf(widget)), widget);
-  for (const auto* unknown : {"", "Clock", "clock ", "eyeBreas", "unknown"})
-    EXPECT_EQ(fromName<DockWidget>(unknown), std::nullopt) << unknown;
-}
-
 TEST(Catalogue, EveryTextIsThereAndReadsLikeTheOthers) {
   std::set<std::string_view> ids, titles, descriptions, symbols;
   for (const DockWidget widget : everyWidget) {
     const std::string_view text = description(widget);
     SCOPED_TRACE(nameOf(widget));
     EXPECT_TRUE(ids.insert(nameOf(widget)).second);
+    EXPECT_EQ(fromName<DockWidget>(nameOf(widget)), widget);
     EXPECT_TRUE(titles.insert(title(widget)).second);
     EXPECT_TRUE(symbols.insert(symbol(widget)).second);
     EXPECT_TRUE(descriptions.insert(text).second);
@@ -51,69 +38,16 @@ TEST(Catalogue, EveryTextIsThereAndReadsLikeTheOthers) {
   }
 }
 
-struct Row {
-  DockWidget widget;
-  std::string_view title, symbol, description;
-};
-
-TEST(Catalogue, KeepsTheSettledTextsToTheLetter) {
-  const Row rows[] = {
-      {DockWidget::buddy, "Dock Buddy", "face.smiling",
-       "A little character that watches your work and tells you what matters. Click for its notes and Ask Buddy"},
-      {DockWidget::clipboard, "Clipboard", "doc.on.clipboard", "Clipboard history (Super+Alt+V)"},
-      {DockWidget::screenNotes, "Screen Notes", "mappin.and.ellipse",
-       "Capture the screen and pin numbered notes on it, to send as a review (Ctrl+Super+Alt+N)"},
-      {DockWidget::keepAwake, "Keep Awake", "cup.and.heat.waves", "Keeps the computer awake. Click to switch"},
-      {DockWidget::weather, "Weather", "cloud.sun", "Current weather. Click to choose a city"},
-      {DockWidget::disk, "Disk", "internaldrive", "Free space. Click for Disk Doctor: Buddy finds what you can clean"},
-      {DockWidget::standUp, "Stand Up", "figure.stand",
-       "A reminder to stand up, and a count for today. Click for the interval"},
-      {DockWidget::quote, "Quote", "quote.opening", "A short quote that changes every day. Click to copy it"},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(title(row.widget), row.title);
-    EXPECT_EQ(symbol(row.widget), row.symbol);
-    EXPECT_EQ(description(row.widget), row.description);
-  }
-  EXPECT_EQ(title(DockWidget::eyeBreak), "Eye Break");
-  EXPECT_EQ(title(DockWidget::rainSoon), "Rain Soon");
-  EXPECT_EQ(title(DockWidget::agenda), "Today's Events");
-}
-
-TEST(Catalogue, EachOfTheEightGroupsHasAHeadingAndWidgets) {
+TEST(Catalogue, EachOfTheEightGroupsHasWidgets) {
   std::map<WidgetGroup, int> counts;
   for (const DockWidget widget : everyWidget) ++counts[group(widget)];
-  std::vector<std::string_view> headings;
-  for (const WidgetGroup each : allCases<WidgetGroup>()) {
-    headings.push_back(title(each));
-    EXPECT_GE(counts[each], 3) << title(each);
-    EXPECT_EQ(fromName<WidgetGroup>(nameOf(each)), each);
-  }
-  EXPECT_THAT(headings, ElementsAre("System", "Productivity", "Weather", "Text Tools", "Focus", "Developer",
-                                    "Info & Fun", "Media"));
+  EXPECT_EQ(counts.size(), 8u);
+  for (const auto& [group, count] : counts) EXPECT_GE(count, 3) << title(group);
 }
 
 TEST(Catalogue, NoTileIsSmallerByDefaultThanItCanBe) {
   for (const DockWidget widget : everyWidget)
     EXPECT_LE(width(smallestSize(widget)), width(defaultSize(widget))) << nameOf(widget);
-  EXPECT_EQ(width(defaultSize(DockWidget::buddy)), 64);
-  EXPECT_EQ(width(defaultSize(DockWidget::clock)), 112);
-  EXPECT_EQ(width(defaultSize(DockWidget::agents)), 176);
-  EXPECT_EQ(width(defaultSize(DockWidget::claudeUsage)), 240);
-}
-
-TEST(Catalogue, SaysWhichWidgetsALicenceGuards) {
-  std::map<DockWidget, ProFeature> guarded;
-  for (const DockWidget widget : everyWidget)
-    if (const auto feature = requiredFeature(widget)) guarded.emplace(widget, *feature);
-  EXPECT_EQ(guarded, (std::map<DockWidget, ProFeature>{
-                         {DockWidget::buddy, ProFeature::proactiveBuddy},
-                         {DockWidget::agents, ProFeature::agentTracking},
-                         {DockWidget::claudeUsage, ProFeature::agentTracking},
-                         {DockWidget::codexLimits, ProFeature::agentTracking},
-                         {DockWidget::screenNotes, ProFeature::screenNotes},
-                         {DockWidget::translate, ProFeature::translate},
-                     }));
 }
 
 TEST(Gallery, FindsByTitleAndDescriptionWhateverTheCase) {

@@ -25,26 +25,21 @@ TEST(DesktopEntry, ReadsTheApplicationGroupAlone) {
                                        "[Desktop Action new]\n"
                                        "Exec=editor --other\n");
   ASSERT_TRUE(entry);
-  DesktopEntry expected;
-  expected.id = "org.example.Editor";
-  expected.name = "Editor";
-  expected.icon = "editor-icon";
-  expected.exec = "editor --new %F";
-  expected.tryExec = "/opt/editor";
-  expected.workingFolder = "/opt/a b";
-  expected.windowClass = "Editor Main";
-  expected.runsInTerminal = true;
-  EXPECT_EQ(*entry, expected);
+  EXPECT_EQ(*entry, (DesktopEntry{.id = "org.example.Editor",
+                                  .name = "Editor",
+                                  .icon = "editor-icon",
+                                  .exec = "editor --new %F",
+                                  .tryExec = "/opt/editor",
+                                  .workingFolder = "/opt/a b",
+                                  .windowClass = "Editor Main",
+                                  .runsInTerminal = true}));
 }
 
 TEST(DesktopEntry, WhatCannotBeStartedIsNone) {
-  EXPECT_FALSE(parseDesktopEntry("a", ""));
-  EXPECT_FALSE(parseDesktopEntry("a", "[Desktop Entry]\nType=Link\nExec=x\n"));
-  EXPECT_FALSE(parseDesktopEntry("a", "[Desktop Entry]\nType=Application\n"));
-  EXPECT_FALSE(parseDesktopEntry("a", "Type=Application\nExec=x\n"));
-  const auto hidden = parseDesktopEntry("a", "[Desktop Entry]\nHidden=true\n");
-  ASSERT_TRUE(hidden);
-  EXPECT_TRUE(hidden->isHidden);
+  for (const char* text : {"", "[Desktop Entry]\nType=Link\nExec=x\n", "[Desktop Entry]\nType=Application\n",
+                           "Type=Application\nExec=x\n"})
+    EXPECT_FALSE(parseDesktopEntry("a", text)) << text;
+  EXPECT_TRUE(parseDesktopEntry("a", "[Desktop Entry]\nHidden=true\n").value().isHidden);
 }
 
 TEST(DesktopEntry, IDsComeFromThePath) {
@@ -55,11 +50,7 @@ TEST(DesktopEntry, IDsComeFromThePath) {
 }
 
 TEST(DesktopEntry, CommandsFollowTheQuotingRules) {
-  struct Case {
-    std::string exec;
-    Command command;
-  };
-  const std::vector<Case> cases{
+  const std::pair<std::string, Command> cases[] = {
       {"editor", {{"editor"}}},
       {"  editor   -n\t--wait ", {{"editor", "-n", "--wait"}}},
       {"/opt/x/editor %F", {{"/opt/x/editor"}}},
@@ -82,14 +73,11 @@ TEST(DesktopEntry, CommandsFollowTheQuotingRules) {
   DesktopEntry entry;
   entry.name = "The Editor";
   entry.icon = "pen";
-  for (const Case& test : cases) {
-    entry.exec = test.exec;
-    EXPECT_EQ(commandOf(entry, "/usr/share/applications/editor.desktop"), test.command) << test.exec;
+  for (const auto& [exec, command] : cases) {
+    entry.exec = exec;
+    EXPECT_EQ(commandOf(entry, "/usr/share/applications/editor.desktop"), command) << exec;
   }
-}
-
-TEST(DesktopEntry, NoIconGivesNoOption) {
-  DesktopEntry entry;
+  entry.icon.clear();
   entry.exec = "editor %i x";
   EXPECT_EQ(commandOf(entry, ""), (Command{{"editor", "x"}}));
 }

@@ -6,7 +6,7 @@ namespace ambrel {
 namespace {
 
 TEST(Geometry, FlippingGoesBothWays) {
-  // A bar that stands 8 above the lower edge of a main screen 900 high.
+  // A bar 8 above the lower edge of a main screen 900 high.
   const Rect bar{321, 8, 958, 84};
   EXPECT_EQ(flipped(bar, 900), (Rect{321, 808, 958, 84}));
   EXPECT_EQ(flipped(flipped(bar, 900), 900), bar);
@@ -23,8 +23,6 @@ TEST(Geometry, UpperEdgesBelongToTheNeighbourUnlessClosed) {
   EXPECT_TRUE(screen.contains({1600, 900}, true));
   EXPECT_FALSE(screen.contains({-0.5, 10}, true));
 }
-
-TEST(Geometry, GrowsOnEverySide) { EXPECT_EQ((Rect{10, 20, 30, 40}.grown(16)), (Rect{-6, 4, 62, 72})); }
 
 }  // namespace
 }  // namespace ambrel

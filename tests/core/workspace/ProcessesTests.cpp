@@ -7,10 +7,7 @@ namespace ambrel {
 namespace {
 
 ProcessRecord process(int pid, int parent) {
-  ProcessRecord record;
-  record.pid = pid;
-  record.parent = parent;
-  return record;
+  return {.pid = pid, .parent = parent, .name = {}, .arguments = {}, .windowID = {}};
 }
 
 std::vector<int> pids(const std::vector<const ProcessRecord*>& tree) {
@@ -71,12 +68,9 @@ TEST(Processes, ATreeHoldsAllDescendants) {
   EXPECT_EQ(pids(processTree(table, 10)).front(), 10);
   EXPECT_EQ(pids(processTree(table, 20)), (std::vector<int>{20}));
   EXPECT_TRUE(processTree(table, 99).empty());
-}
-
-TEST(Processes, CirclesEnd) {
-  const std::vector<ProcessRecord> table{process(10, 11), process(11, 10), process(12, 12), process(13, 12)};
-  EXPECT_EQ(pids(processTree(table, 10)), (std::vector<int>{10, 11}));
-  EXPECT_EQ(pids(processTree(table, 12)), (std::vector<int>{12, 13}));
+  const std::vector<ProcessRecord> circles{process(10, 11), process(11, 10), process(12, 12), process(13, 12)};
+  EXPECT_EQ(pids(processTree(circles, 10)), (std::vector<int>{10, 11}));
+  EXPECT_EQ(pids(processTree(circles, 12)), (std::vector<int>{12, 13}));
 }
 
 }  // namespace

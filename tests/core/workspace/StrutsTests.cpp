@@ -6,19 +6,11 @@ namespace ambrel {
 namespace {
 
 Strut bottom(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
-  Strut strut;
-  strut.bottom = depth;
-  strut.bottomStart = start;
-  strut.bottomEnd = end;
-  return strut;
+  return {.bottom = depth, .bottomStart = start, .bottomEnd = end};
 }
 
 Strut left(std::uint32_t depth, std::uint32_t start, std::uint32_t end) {
-  Strut strut;
-  strut.left = depth;
-  strut.leftStart = start;
-  strut.leftEnd = end;
-  return strut;
+  return {.left = depth, .leftStart = start, .leftEnd = end};
 }
 
 TEST(Struts, TwelveNumbersOrFour) {
@@ -49,47 +41,31 @@ constexpr double desktopWidth = 2880;
 constexpr double desktopHeight = 900;
 
 TEST(Struts, CountWhereTheyReach) {
-  struct Case {
-    const char* what;
-    Strut strut;
-    Insets onFirst, onSecond;
-  };
-  Strut top;
-  top.top = 130;
-  top.topStart = 1600;
-  top.topEnd = 2879;
-  Strut right;
-  right.right = 40;
-  right.rightStart = 100;
-  right.rightEnd = 819;
-  const std::vector<Case> cases{
-      {"a panel below the first screen", bottom(30, 0, 1599), {0, 0, 0, 30}, {}},
-      {"a panel below the second screen is measured from the desktop's edge",
-       bottom(110, 1600, 2879),
-       {},
-       {0, 0, 0, 30}},
-      {"a panel below both", bottom(30, 0, 2879), {0, 0, 0, 30}, {}},
-      {"a range of zeroes means the whole edge", bottom(30, 0, 0), {0, 0, 0, 30}, {}},
-      {"one pixel into the second screen", bottom(90, 1000, 1600), {0, 0, 0, 90}, {0, 0, 0, 10}},
-      {"a panel above the second screen", top, {}, {0, 30, 0, 0}},
-      {"a panel at the right", right, {}, {0, 0, 40, 0}},
-      {"a panel at the left", left(64, 0, 899), {64, 0, 0, 0}, {}},
-      {"a panel at the inner left edge of the second screen does not swallow the first",
-       left(1650, 100, 819),
-       {},
-       {50, 0, 0, 0}},
-      {"a range that ends before it starts", bottom(30, 50, 10), {}, {}},
-      {"nothing", Strut{}, {}, {}},
-  };
-  for (const Case& test : cases) {
-    EXPECT_EQ(reservedEdges(first, desktopWidth, desktopHeight, {test.strut}), test.onFirst) << test.what;
-    EXPECT_EQ(reservedEdges(second, desktopWidth, desktopHeight, {test.strut}), test.onSecond) << test.what;
+  const Strut top{.top = 130, .topStart = 1600, .topEnd = 2879}, right{.right = 40, .rightStart = 100, .rightEnd = 819};
+  using Row = std::tuple<const char*, Strut, Insets, Insets>;
+  for (const auto& [what, strut, onFirst, onSecond] :
+       {Row{"a panel below the first screen", bottom(30, 0, 1599), {0, 0, 0, 30}, {}},
+        Row{"a panel below the second screen is measured from the desktop's edge",
+            bottom(110, 1600, 2879),
+            {},
+            {0, 0, 0, 30}},
+        Row{"a panel below both", bottom(30, 0, 2879), {0, 0, 0, 30}, {}},
+        Row{"a range of zeroes means the whole edge", bottom(30, 0, 0), {0, 0, 0, 30}, {}},
+        Row{"one pixel into the second screen", bottom(90, 1000, 1600), {0, 0, 0, 90}, {0, 0, 0, 10}},
+        Row{"a panel above the second screen", top, {}, {0, 30, 0, 0}},
+        Row{"a panel at the right", right, {}, {0, 0, 40, 0}},
+        Row{"a panel at the left", left(64, 0, 899), {64, 0, 0, 0}, {}},
+        Row{"a panel at the inner left edge of the second screen does not swallow the first",
+            left(1650, 100, 819),
+            {},
+            {50, 0, 0, 0}},
+        Row{"a range that ends before it starts", bottom(30, 50, 10), {}, {}}, Row{"nothing", Strut{}, {}, {}}}) {
+    EXPECT_EQ(reservedEdges(first, desktopWidth, desktopHeight, {strut}), onFirst) << what;
+    EXPECT_EQ(reservedEdges(second, desktopWidth, desktopHeight, {strut}), onSecond) << what;
   }
-}
-
-TEST(Struts, TheDeepestOnAnEdgeCounts) {
   EXPECT_EQ(reservedEdges(first, desktopWidth, desktopHeight, {bottom(30, 0, 99), bottom(48, 200, 300), left(7, 0, 0)}),
-            (Insets{7, 0, 0, 48}));
+            (Insets{7, 0, 0, 48}))
+      << "the deepest on an edge counts";
 }
 
 }  // namespace

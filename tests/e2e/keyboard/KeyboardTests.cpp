@@ -131,7 +131,7 @@ class Keyboard : public testing::Test {
 
   bool hasRing(const ScreenReader::Item& item) const {
     const bool isText = item.role == ScreenReader::text;
-    // Rings are up to four pixels around an item or a few within it; a field's lies around its symbol and button too.
+    // Rings are up to four pixels around an item or a few within it; a field's is around its symbol and button too.
     const QRect around = isText ? item.place.adjusted(-40, -14, 40, 14) : item.place.adjusted(-6, -6, 6, 6);
     const QRect within = item.role == ScreenReader::pushButton ? item.place : item.place.adjusted(8, 8, -8, -8);
     const QRect grabbed = around.intersected(QRect(0, 0, 1600, 900));
@@ -337,9 +337,3 @@ TEST_F(Keyboard, WalksThroughWindowsAndSheets) {
 
 }  // namespace
 }  // namespace ambrel
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QGuiApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -119,12 +119,6 @@ TEST_F(DragOutOfTheShelf, ATextArrivesAsItWasCopied) {
   EXPECT_TRUE(waitFor([&] { return !isOnScreen("^Clipboard"); })) << "the shelf stays";
 }
 
-TEST_F(DragOutOfTheShelf, FilesArriveAsTheirAddresses) {
-  openShelfWith(ClipKind::file, "/tmp/a b.pdf\n/tmp/ü");
-  ASSERT_TRUE(dragFirstCard());
-  EXPECT_EQ(target.urls, (QList<QUrl>{QUrl::fromLocalFile("/tmp/a b.pdf"), QUrl::fromLocalFile("/tmp/ü")}));
-}
-
 TEST_F(DragOutOfTheShelf, APictureArrivesAsOneAndAsAFile) {
   QImage image(320, 200, QImage::Format_RGB32);
   image.fill(Qt::darkCyan);
@@ -140,9 +134,3 @@ TEST_F(DragOutOfTheShelf, APictureArrivesAsOneAndAsAFile) {
 
 }  // namespace
 }  // namespace ambrel
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  const QGuiApplication application(argc, argv);
-  return RUN_ALL_TESTS();
-}

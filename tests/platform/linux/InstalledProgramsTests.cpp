@@ -33,26 +33,25 @@ class InstalledProgramsTest : public testing::Test {
 };
 
 TEST_F(InstalledProgramsTest, TheFirstFolderWinsAndMayHide) {
+  InstalledPrograms programs(folders_);
+  EXPECT_TRUE(programs.entries().empty()) << "what is installed later is seen";
   write("own/applications/editor.desktop", entry("own-editor"));
   write("shared/applications/editor.desktop", entry("shared-editor"));
   write("own/applications/game.desktop", "[Desktop Entry]\nHidden=true\n");
   write("shared/applications/game.desktop", entry("game"));
   write("shared/applications/kde/about.desktop", entry("about"));
   write("shared/applications/notes.txt", entry("notes"));
-  InstalledPrograms programs(folders_);
+  write("own/applications/a.desktop", entry("a", "TryExec=there\n"));
+  write("own/applications/b.desktop", entry("b", "TryExec=gone\n"));
+  write("bin/there", "", true);
   ASSERT_TRUE(programs.find("editor"));
+  EXPECT_TRUE(programs.find("a"));
+  EXPECT_FALSE(programs.find("b"));
   EXPECT_EQ(programs.find("editor")->entry.exec, "own-editor");
   EXPECT_EQ(programs.find("editor")->file, path("own/applications/editor.desktop"));
   EXPECT_FALSE(programs.find("game"));
   EXPECT_TRUE(programs.find("kde-about"));
   EXPECT_FALSE(programs.find("notes"));
-}
-
-TEST_F(InstalledProgramsTest, SeesWhatIsInstalledLater) {
-  InstalledPrograms programs(folders_);
-  EXPECT_TRUE(programs.entries().empty());
-  write("own/applications/editor.desktop", entry("editor"));
-  EXPECT_EQ(programs.entries().size(), 1u);
 }
 
 TEST_F(InstalledProgramsTest, CommandsAreExecutableFilesOnThePath) {
@@ -66,15 +65,6 @@ TEST_F(InstalledProgramsTest, CommandsAreExecutableFilesOnThePath) {
   EXPECT_FALSE(programs.command("folder"));
   EXPECT_FALSE(programs.command("../more/plain")) << "a path has to be a whole one";
   EXPECT_FALSE(programs.command(""));
-}
-
-TEST_F(InstalledProgramsTest, TryExecHasToBeThere) {
-  write("own/applications/a.desktop", entry("a", "TryExec=there\n"));
-  write("own/applications/b.desktop", entry("b", "TryExec=gone\n"));
-  write("bin/there", "", true);
-  InstalledPrograms programs(folders_);
-  EXPECT_TRUE(programs.find("a"));
-  EXPECT_FALSE(programs.find("b"));
 }
 
 TEST_F(InstalledProgramsTest, TerminalsAreAskedInTheirOwnWay) {

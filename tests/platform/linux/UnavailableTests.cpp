@@ -18,33 +18,19 @@
 namespace ambrel {
 namespace {
 
-TEST(WithoutXServer, ThereIsNoConnection) {
-  EXPECT_FALSE(X11Connection::open(""));
-  EXPECT_FALSE(X11Connection::open(":4711"));
-  EXPECT_FALSE(X11Connection::open("nonsense"));
-}
-
-TEST(WithoutXServer, ThePointerIsNowhere) {
+TEST(WithoutXServer, NothingIsAvailable) {
+  for (const char* display : {"", ":4711", "nonsense"}) EXPECT_FALSE(X11Connection::open(display)) << display;
   X11Pointer pointer(nullptr);
-  EXPECT_FALSE(pointer.location());
-  EXPECT_FALSE(pointer.wakeOnMove([] {}));
+  EXPECT_FALSE(pointer.location() || pointer.wakeOnMove([] {}));
   pointer.stopWaiting();
-}
-
-TEST(WithoutXServer, NoKeyIsAvailable) {
   EXPECT_EQ(X11HotKeys(nullptr).add({.key = 'v', .command = true}, [] {}), HotKeyResult::notAvailable);
-}
-
-TEST(WithoutXServer, NothingIsInFrontAndNothingRuns) {
+  EXPECT_FALSE(X11ScreenSaver(nullptr).suspend(true));
   X11Workspace workspace(nullptr, "/proc", {});
-  EXPECT_TRUE(workspace.frontmost().empty());
-  EXPECT_FALSE(workspace.isRunning("com.openai.codex"));
   workspace.activateLast();
-  EXPECT_FALSE(workspace.activate("com.openai.codex"));
-  EXPECT_FALSE(workspace.open("com.openai.codex"));
+  EXPECT_TRUE(workspace.frontmost().empty());
+  EXPECT_FALSE(workspace.isRunning("com.openai.codex") || workspace.activate("com.openai.codex") ||
+               workspace.open("com.openai.codex"));
 }
-
-TEST(WithoutXServer, NoScreenSaverIsStopped) { EXPECT_FALSE(X11ScreenSaver(nullptr).suspend(true)); }
 
 TEST(WithoutXServer, TheToolkitsScreensAreThere) {
   const X11Screens screens(nullptr);
@@ -67,13 +53,9 @@ TEST(WithoutXServer, WindowsGetTheirFlagsAndMasks) {
   style.setRoundedMask(window, 10, 10, 100, 60, 20);
   const QRegion mask = window.mask();
   EXPECT_EQ(mask.boundingRect(), QRect(10, 10, 100, 60));
-  EXPECT_FALSE(mask.contains(QPoint(10, 10)));
-  EXPECT_FALSE(mask.contains(QPoint(109, 69)));
-  EXPECT_FALSE(mask.contains(QPoint(14, 14)));
-  EXPECT_TRUE(mask.contains(QPoint(17, 17)));
-  EXPECT_TRUE(mask.contains(QPoint(60, 10)));
-  EXPECT_TRUE(mask.contains(QPoint(10, 40)));
-  EXPECT_TRUE(mask.contains(QPoint(109, 40)));
+  for (const QPoint at : {QPoint(10, 10), QPoint(109, 69), QPoint(14, 14)}) EXPECT_FALSE(mask.contains(at)) << at.x();
+  for (const QPoint at : {QPoint(17, 17), QPoint(60, 10), QPoint(10, 40), QPoint(109, 40)})
+    EXPECT_TRUE(mask.contains(at)) << at.x();
   style.setRoundedMask(window, 0, 0, 0, 0, 0);
   EXPECT_TRUE(window.mask().isEmpty());
 }

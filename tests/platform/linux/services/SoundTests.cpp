@@ -13,38 +13,35 @@ namespace {
 class SoundServer : public testing::Test {
  protected:
   void SetUp() override {
-    if (QStandardPaths::findExecutable(QStringLiteral("pulseaudio")).isEmpty()) GTEST_SKIP() << "no pulseaudio";
+    if (QStandardPaths::findExecutable("pulseaudio").isEmpty()) GTEST_SKIP() << "no pulseaudio";
     // Its socket, its cookie and its state stay in a folder of ours.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
       environment.insert(QString::fromLatin1(name), folder_.path());
-    environment.insert(QStringLiteral("PULSE_SERVER"), address());
+    environment.insert("PULSE_SERVER", address());
     server_.setProcessEnvironment(environment);
     pactl_.setProcessEnvironment(environment);
   }
   void TearDown() override { stopServer(); }
 
-  QString address() const { return QStringLiteral("unix:") + folder_.filePath(QStringLiteral("native")); }
+  QString address() const { return "unix:" + folder_.filePath("native"); }
   void startServer() {
-    server_.start(QStringLiteral("pulseaudio"),
-                  {QStringLiteral("-n"), QStringLiteral("--daemonize=no"), QStringLiteral("--exit-idle-time=-1"),
-                   QStringLiteral("--use-pid-file=no"), QStringLiteral("--log-level=error"),
-                   QStringLiteral("-L module-null-sink sink_name=speaker"),
-                   QStringLiteral("-L module-null-source source_name=microphone"),
-                   QStringLiteral("-L module-native-protocol-unix auth-anonymous=1 socket=") +
-                       folder_.filePath(QStringLiteral("native"))});
+    server_.start("pulseaudio",
+                  {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--log-level=error",
+                   "-L module-null-sink sink_name=speaker", "-L module-null-source source_name=microphone",
+                   "-L module-native-protocol-unix auth-anonymous=1 socket=" + folder_.filePath("native")});
     ASSERT_TRUE(server_.waitForStarted());
-    ASSERT_TRUE(happens([this] { return QFile::exists(folder_.filePath(QStringLiteral("native"))); }));
-    pactl({QStringLiteral("set-default-source"), QStringLiteral("microphone")});
+    ASSERT_TRUE(happens([this] { return QFile::exists(folder_.filePath("native")); }));
+    pactl({"set-default-source", "microphone"});
   }
   void stopServer() {
     server_.kill();
     server_.waitForFinished(3000);
-    QFile::remove(folder_.filePath(QStringLiteral("native")));
+    QFile::remove(folder_.filePath("native"));
   }
   // The user's hand on another mixer.
   QString pactl(const QStringList& arguments) {
-    pactl_.start(QStringLiteral("pactl"), arguments);
+    pactl_.start("pactl", arguments);
     EXPECT_TRUE(happens([this] { return pactl_.state() == QProcess::NotRunning; }));
     return QString::fromUtf8(pactl_.readAllStandardOutput());
   }
@@ -71,18 +68,18 @@ TEST_F(SoundServer, IsHeardOnlyWhileSomebodyListens) {
   sound_.setChangeHandler(nullptr);
   EXPECT_EQ(sound_.output(), std::nullopt);
   EXPECT_EQ(sound_.microphone(), std::nullopt);
-  EXPECT_FALSE(pactl({QStringLiteral("list"), QStringLiteral("clients")}).contains(QStringLiteral("Tilebay")));
+  EXPECT_FALSE(pactl({"list", "clients"}).contains("Tilebay"));
 }
 
 TEST_F(SoundServer, TellsWhatOthersChange) {
   startServer();
   listen();
   ASSERT_TRUE(becomes(full, full));
-  pactl({QStringLiteral("set-sink-mute"), QStringLiteral("speaker"), QStringLiteral("1")});
+  pactl({"set-sink-mute", "speaker", "1"});
   EXPECT_TRUE(becomes(SoundLevel{1, true}, full));
-  pactl({QStringLiteral("set-sink-volume"), QStringLiteral("speaker"), QStringLiteral("50%")});
+  pactl({"set-sink-volume", "speaker", "50%"});
   EXPECT_TRUE(becomes(SoundLevel{0.5, true}, full));
-  pactl({QStringLiteral("set-source-mute"), QStringLiteral("microphone"), QStringLiteral("1")});
+  pactl({"set-source-mute", "microphone", "1"});
   EXPECT_TRUE(becomes(SoundLevel{0.5, true}, SoundLevel{1, true}));
 }
 
@@ -94,11 +91,9 @@ TEST_F(SoundServer, DoesWhatItIsTold) {
   sound_.setOutputMuted(true);
   sound_.setMicrophoneMuted(true);
   EXPECT_TRUE(becomes(SoundLevel{0.25, true}, SoundLevel{1, true}));
-  EXPECT_TRUE(happens([this] {
-    return pactl({QStringLiteral("get-sink-volume"), QStringLiteral("speaker")}).contains(QStringLiteral(" 25%"));
-  }));
-  EXPECT_EQ(pactl({QStringLiteral("get-sink-mute"), QStringLiteral("speaker")}), QStringLiteral("Mute: yes\n"));
-  EXPECT_EQ(pactl({QStringLiteral("get-source-mute"), QStringLiteral("microphone")}), QStringLiteral("Mute: yes\n"));
+  EXPECT_TRUE(happens([this] { return pactl({"get-sink-volume", "speaker"}).contains(" 25%"); }));
+  EXPECT_EQ(pactl({"get-sink-mute", "speaker"}), "Mute: yes\n");
+  EXPECT_EQ(pactl({"get-source-mute", "microphone"}), "Mute: yes\n");
   sound_.setOutputVolume(7);
   EXPECT_TRUE(becomes(SoundLevel{1, true}, SoundLevel{1, true})) << "no louder than full";
 }
@@ -119,13 +114,13 @@ TEST_F(SoundServer, ASliderThatIsDraggedDoesNotJump) {
 
 TEST_F(SoundServer, KeepsTheBalance) {
   startServer();
-  pactl({QStringLiteral("set-sink-volume"), QStringLiteral("speaker"), QStringLiteral("80%"), QStringLiteral("40%")});
+  pactl({"set-sink-volume", "speaker", "80%", "40%"});
   listen();
   ASSERT_TRUE(happens([this] { return sound_.output().has_value(); }));
   sound_.setOutputVolume(0.4);
   EXPECT_TRUE(happens([this] {
-    const QString told = pactl({QStringLiteral("get-sink-volume"), QStringLiteral("speaker")});
-    return told.contains(QStringLiteral(" 40%")) && told.contains(QStringLiteral(" 20%"));
+    const QString told = pactl({"get-sink-volume", "speaker"});
+    return told.contains(" 40%") && told.contains(" 20%");
   }));
 }
 
@@ -133,7 +128,7 @@ TEST_F(SoundServer, WithoutAMicrophoneThereIsNone) {
   startServer();
   listen();
   ASSERT_TRUE(becomes(full, full));
-  pactl({QStringLiteral("unload-module"), QStringLiteral("module-null-source")});
+  pactl({"unload-module", "module-null-source"});
   EXPECT_TRUE(becomes(full, std::nullopt)) << "what the loudspeaker plays is no microphone";
 }
 

@@ -77,6 +77,10 @@ const WiFiReading connected{.isOn = true, .rssi = -58, .noise = -95, .networkNam
 TEST_F(WiFi, TellsTheConnection) {
   EXPECT_EQ(read(), connected);
   EXPECT_EQ(wireless_.scans, 0);
+  wireless_.interfaces = {
+      {Reply{7, parts(Number{NL80211_ATTR_IFINDEX, 3}, Number{NL80211_ATTR_IFTYPE, NL80211_IFTYPE_STATION},
+                      Text{NL80211_ATTR_SSID, "a\xff"})}}};
+  EXPECT_EQ(read()->networkName, "a\xef\xbf\xbd") << "a name may be any bytes";
 }
 
 TEST_F(WiFi, TakesTheNameFromTheLastScanWhereTheKernelKeepsItBack) {
@@ -99,18 +103,16 @@ TEST_F(WiFi, TakesTheNameFromTheLastScanWhereTheKernelKeepsItBack) {
   EXPECT_EQ(read()->rssi, -58);
 }
 
-TEST_F(WiFi, ANameMayBeAnyBytes) {
-  wireless_.interfaces = {
-      {Reply{7, parts(Number{NL80211_ATTR_IFINDEX, 3}, Number{NL80211_ATTR_IFTYPE, NL80211_IFTYPE_STATION},
-                      Text{NL80211_ATTR_SSID, "a\xff"})}}};
-  EXPECT_EQ(read()->networkName, "a\xef\xbf\xbd");
-}
-
 TEST_F(WiFi, WithoutAConnectionIsOn) {
   wireless_.stations = std::vector<Reply>();
   EXPECT_EQ(read(), WiFiReading{.isOn = true});
   wireless_.stations = std::nullopt;
   EXPECT_EQ(read(), WiFiReading{.isOn = true});
+  machine_.tree.write("sys/class/rfkill/rfkill1/hard", "1\n");
+  machine_.answer = [](const netlink::Request&) -> Replies {
+    return ADD_FAILURE() << "switched off it is not asked", std::nullopt;
+  };
+  EXPECT_EQ(read(), WiFiReading{.isOn = false});
 }
 
 TEST_F(WiFi, DriversThatTellLessGiveLess) {
@@ -120,15 +122,6 @@ TEST_F(WiFi, DriversThatTellLessGiveLess) {
                      parts(Text{NL80211_STA_INFO_SIGNAL, byte(-60)},
                            Text{NL80211_STA_INFO_TX_BITRATE, parts(Text{NL80211_RATE_INFO_BITRATE, "\x1c\x02"})})})}}};
   EXPECT_EQ(read(), (WiFiReading{.isOn = true, .rssi = -60, .networkName = "Café", .megabitsPerSecond = 54}));
-}
-
-TEST_F(WiFi, SwitchedOffIsNotAsked) {
-  machine_.tree.write("sys/class/rfkill/rfkill1/hard", "1\n");
-  machine_.answer = [](const netlink::Request&) -> Replies {
-    ADD_FAILURE();
-    return std::nullopt;
-  };
-  EXPECT_EQ(read(), WiFiReading{.isOn = false});
 }
 
 TEST_F(WiFi, ComesAndGoesWithItsHardware) {
