@@ -40,7 +40,8 @@ void runCommand(int count, const char* const* words, Output& out) {
   const GlobalOptions& global = parsed.global;
   Context context{.home = global.home ? std::filesystem::path(*global.home) : userHome(),
                   .data = global.data ? std::filesystem::path(*global.data) : dataFolder(),
-                              .config = configFolder(),
+                  .agentFolders = global.home ? AgentFolders() : AgentFolders::of(std::getenv),
+                  .config = configFolder(),
                   .now = clockTime,
                   .calendar = Calendar::fromVariables(environmentVariable("TZ"), environmentVariable("LC_ALL"),
                                                       environmentVariable("LC_TIME"), environmentVariable("LANG")),

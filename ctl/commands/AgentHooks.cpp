@@ -21,7 +21,8 @@ HookConnection connection(AgentKind kind, const Context& context) {
   return {kind,
           {.home = std::filesystem::absolute(context.home),
            .data = std::filesystem::absolute(context.data),
-           .tool = toolPath()}};
+           .tool = toolPath(),
+           .folders = context.agentFolders}};
 }
 
 void print(Context& context) {
