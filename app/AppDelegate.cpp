@@ -65,7 +65,12 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
       model_(surroundings_.dataFolder / "profiles.json", defaults_, license_,
              [this] { return displaysOf(desktop_.screens); }),
       background_(makeBackground(*this)),
-      agents_(settings_, surroundings_.home, surroundings_.dataFolder, surroundings_.calendar,
+      agents_(settings_,
+              {.home = surroundings_.home,
+               .data = surroundings_.dataFolder,
+               .tool = surroundings_.tool,
+               .folders = surroundings_.agentFolders},
+              surroundings_.calendar,
               {.background = background_,
                .notifications = desktop_.notifications,
                .workspace = desktop_.workspace,
@@ -73,7 +78,9 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
                .icon =
                    [this](std::string_view bundleID) {
                      return ProgramIcons::source(QString::fromStdString(desktop_.workspace.iconOf(bundleID)));
-                   }}),
+                   },
+               .folders = &desktop_.folderWatch,
+               .later = later()}),
       clipboard_(settings_, surroundings_.dataFolder / "Clipboard", surroundings_.calendar,
                  {.pasteboard = desktop_.pasteboard,
                   .workspace = desktop_.workspace,
@@ -336,6 +343,7 @@ DockPopoverController* AppDelegate::customizePanel() {
 
 DockPopoverController* AppDelegate::settingsPanel() {
   const QVariantMap pages{
+      {QStringLiteral("agents"), QVariantMap{{QStringLiteral("agents"), toVariant(agents_)}}},
       {QStringLiteral("clipboard"), QVariantMap{{QStringLiteral("clipboard"), toVariant(*clipboard_.clipboard())}}},
       {QStringLiteral("buddy"), QVariantMap{{QStringLiteral("statusLine"), toVariant(*usage_->statusLine())},
                                             {QStringLiteral("budget"), toVariant(*usage_->budget())}}}};
@@ -365,6 +373,7 @@ void AppDelegate::makeBubble() {
   on(&Center::linkAsked, [](const QString& url) { QDesktopServices::openUrl(QUrl(url)); });
   on(&Center::diskCleanupAsked, [this] { disk_->open(); });
   connect(notices(), &Center::problemFound, this, &AppDelegate::warn);
+  connect(&agents(), &AgentsModel::problemFound, this, &AppDelegate::warn);
   due_.add(*notices());
 }
 
@@ -374,6 +383,11 @@ void AppDelegate::makePeeker() {
     signals.waterDue = focus_->water()->waterDueAt(surroundings_.now());
   };
   every(ContextPeeker::interval, [this] { peeker_->check(surroundings_.now()); });
+  // An agent that begins to wait, or has been answered, is news at once.
+  connect(&agents(), &AgentsModel::statusesChanged, wiring_.get(), [this] {
+    peeker_->check(surroundings_.now());
+    notices()->evaluate(surroundings_.now());
+  });
 }
 
 void AppDelegate::registerKeys() {
@@ -429,7 +443,7 @@ void AppDelegate::startProServices() {
   if (proServicesStarted_ || !context_ || !license_.allows(ProFeature::agentTracking)) return;
   proServicesStarted_ = true;
   agents().refresh();
-  every(AgentsModel::pollInterval, [this] { agents().refresh(); });
+  every(AgentsModel::pollInterval, [this] { agents().poll(); });
   usage_->usage()->start();
   if (settings_.agentNotifications()) desktop_.notifications.requestAuthorization({});
 }

@@ -32,6 +32,20 @@ bool takesGTKTheme(const std::string& names) {
 
 }  // namespace
 
+fs::path toolOf(const fs::path& program, const std::string& searchPath) {
+  const fs::path folder = program.parent_path();
+  // Beside it where it is installed, in a folder of its own where it was built.
+  std::vector<fs::path> places{folder, folder.parent_path() / "ctl"};
+  for (const std::string_view each : split(searchPath, ':'))
+    if (each.starts_with('/')) places.emplace_back(each);
+  for (const fs::path& place : places) {
+    std::error_code error;
+    const fs::path tool = fs::canonical(place / "tilebayctl", error);
+    if (!error && access(tool.c_str(), X_OK) == 0) return tool;
+  }
+  return {};
+}
+
 Environment environmentOf(const std::function<const char*(const char*)>& variable) {
   const auto text = [&](const char* name) {
     const char* value = variable(name);
@@ -49,7 +63,9 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
                .dataFolder = folder(text("XDG_DATA_HOME"), home / ".local/share") / "Ambrel",
                .defaultsFile = folder(text("XDG_CONFIG_HOME"), home / ".config") / "Ambrel/defaults.json",
                .calendar = Calendar::fromVariables(text("TZ"), text("LC_ALL"), text("LC_TIME"), text("LANG")),
-               .now = [] { return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now()); }},
+               .now = [] { return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now()); },
+               .agentFolders = AgentFolders::of(variable),
+               .tool = {}},
           .zoneFile = zoneFile,
           .display = display,
           .hasDisplay = !display.empty() || platform.starts_with("offscreen"),

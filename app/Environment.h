@@ -28,4 +28,7 @@ struct Environment {
 // below ~/.config. Relative XDG folders count as unset, as their specification asks.
 Environment environmentOf(const std::function<const char*(const char*)>& variable);
 
+// tilebayctl, which belongs to this program: beside it, else on the search path. Empty where there is none.
+std::filesystem::path toolOf(const std::filesystem::path& program, const std::string& searchPath);
+
 }  // namespace ambrel

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "core/agents.h"
 #include "core/base/PresentCalendar.h"
 
 namespace ambrel {
@@ -14,6 +15,8 @@ struct Surroundings {
   std::filesystem::path defaultsFile;  // defaults.json
   PresentCalendar calendar;
   std::function<Instant()> now;
+  AgentFolders agentFolders = {};
+  std::filesystem::path tool = {};  // tilebayctl; empty where it is not installed
 };
 
 }  // namespace ambrel

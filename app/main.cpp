@@ -59,7 +59,10 @@ int main(int argc, char** argv) {
   // Closing the settings window does not end the bar.
   QApplication::setQuitOnLastWindowClosed(false);
 
-  const Surroundings& surroundings = environment.surroundings;
+  Surroundings surroundings = environment.surroundings;
+  std::error_code error;
+  const char* searchPath = std::getenv("PATH");
+  surroundings.tool = toolOf(std::filesystem::read_symlink("/proc/self/exe", error), searchPath ? searchPath : "");
   LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
                        surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
   switch (desktop.session().start(commandLine.wish)) {

@@ -127,7 +127,7 @@ int floorPass(const std::filesystem::path& home) {
 int run(int files, int rounds) {
   const TemporaryHome home;
   writeHome(home.path, files);
-  const AgentReaders readers = makeAgentReaders(), all = makeAttentiveReaders(home.path / "data");
+  const AgentReaders readers = makeAgentReaders(), all = makeAttentiveReaders(home.path / "data", {});
   writeRegistry(home.path);
   const auto attentivePoll = [&] { return static_cast<int>(mergedSessions(all, home.path, now).size()); };
   const auto poll = [&] { return static_cast<int>(mergedSessions(readers, home.path, now).size()); };

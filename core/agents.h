@@ -56,6 +56,14 @@ struct AgentWait {
   friend bool operator==(const AgentWait&, const AgentWait&) = default;
 };
 
+// Where the tool of a conversation runs, as far as that can be told.
+enum class AgentPlace {
+  here,
+  container,      // on this computer, among processes of its own
+  secureShell,    // on this computer, in a terminal of another one
+  otherComputer,  // which shares the folder of the tool
+};
+
 // One conversation. Texts are valid UTF-8.
 struct AgentSession {
   std::string id;  // a prefix for the kind and the tool's own identifier: "claude:0b54c9de-..."
@@ -66,6 +74,17 @@ struct AgentSession {
   AgentStatus status = AgentStatus::idle;
   Instant updatedAt = {};              // the file's modification date, or the store's own time stamp
   std::optional<AgentWait> wait = {};  // only with needsInput
+  // The user has broken the turn off; only with finished.
+  bool isInterrupted = false;
+  AgentPlace place = AgentPlace::here;
+  int process = 0;  // the tool's, where it runs here; 0: not known
+  // Who told of the status, and when. Absent: the log or the store, at updatedAt.
+  struct Word {
+    AgentWait::Source source = AgentWait::Source::log;
+    Instant at = {};
+    friend bool operator==(const Word&, const Word&) = default;
+  };
+  std::optional<Word> word = {};
 
   friend bool operator==(const AgentSession&, const AgentSession&) = default;
 };
@@ -77,6 +96,28 @@ struct AgentTiming {
   static constexpr Seconds finishedTimeout{7200};  // finished without a change for longer is idle
   // The status to show, `since` the last change. Exactly at a limit the status stays; needsInput never ages.
   static AgentStatus aged(AgentStatus status, Seconds since);
+};
+
+// Where tools keep their files when it is not the usual place: CLAUDE_CONFIG_DIR and CODEX_HOME. Empty: ".claude" and
+// ".codex" in the home folder.
+struct AgentFolders {
+  std::filesystem::path claude = {}, codex = {};
+
+  // `variable` gives the value of an environment variable, or null. A relative path there counts as none.
+  template <typename Variable>
+  static AgentFolders of(Variable variable) {
+    const auto folder = [&](const char* name) {
+      const char* value = variable(name);
+      return value && *value == '/' ? std::filesystem::path(value) : std::filesystem::path();
+    };
+    return {folder("CLAUDE_CONFIG_DIR"), folder("CODEX_HOME")};
+  }
+  std::filesystem::path claudeIn(const std::filesystem::path& home) const {
+    return claude.empty() ? home / ".claude" : claude;
+  }
+  std::filesystem::path codexIn(const std::filesystem::path& home) const {
+    return codex.empty() ? home / ".codex" : codex;
+  }
 };
 
 class AgentSessionReader {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/agents.h"
 #include "core/base/Calendar.h"
 #include "core/base/Instant.h"
 
@@ -40,6 +41,7 @@ class Context {
  public:
   std::filesystem::path home;
   std::filesystem::path data;
+  AgentFolders agentFolders;     // those of the user's own home alone
   std::filesystem::path config;  // the folder of the choices
   std::function<Instant()> now;  // does not move when an instant was given
   Calendar calendar;

@@ -1,6 +1,5 @@
 #pragma once
-// "tilebayctl agents hook KIND", which the agents' tools run at every turn: it takes a way of its own, past everything
-// that the other commands need at their start.
+// "tilebayctl agents hook KIND", which the agents' tools run at every turn.
 
 #include <filesystem>
 #include <functional>

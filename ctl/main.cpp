@@ -1,15 +1,14 @@
-// tilebayctl: what decides in Tilebay, without a desktop.
+// The commands of tilebayctl: what decides in Tilebay, without a desktop. Started by tilebayctl itself.
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <pwd.h>
 #include <unistd.h>
 
 #include "ctl/CommandLine.h"
 #include "ctl/Context.h"
-#include "ctl/HookCall.h"
+#include "ctl/Folders.h"
 #include "ctl/commands/Commands.h"
 
 namespace ambrel {
@@ -22,33 +21,13 @@ std::vector<Command> allCommands() {
           noticesCommand(), profilesCommand(), settingsCommand(),   weatherCommand(), widgetsCommand()};
 }
 
-std::string variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
-}
-
-std::filesystem::path userHome() {
-  if (const std::string home = variable("HOME"); !home.empty()) return home;
-  if (const passwd* user = getpwuid(getuid()); user && user->pw_dir) return user->pw_dir;
-  throw CommandError("there is no home folder: HOME is not set");
-}
-
-// Our own folder below the one that a variable names, else below `fallback` in the home folder.
-std::filesystem::path folder(const char* name, const char* fallback) {
-  // A relative path there counts as none.
-  if (const std::filesystem::path given = variable(name); given.is_absolute()) return given / "Ambrel";
-  return userHome() / fallback / "Ambrel";
-}
-
-std::filesystem::path dataFolder() { return folder("XDG_DATA_HOME", ".local/share"); }
-
 Instant clockTime() {
   using namespace std::chrono;
   return time_point_cast<microseconds>(system_clock::now());
 }
 
 bool wantsColors(const Output& out) {
-  return out.isTerminal() && variable("NO_COLOR").empty() && variable("TERM") != "dumb";
+  return out.isTerminal() && environmentVariable("NO_COLOR").empty() && environmentVariable("TERM") != "dumb";
 }
 
 void runCommand(int count, const char* const* words, Output& out) {
@@ -59,15 +38,16 @@ void runCommand(int count, const char* const* words, Output& out) {
     return out.flush();
   }
   const GlobalOptions& global = parsed.global;
-  Context context{
-      .home = global.home ? std::filesystem::path(*global.home) : userHome(),
-      .data = global.data ? std::filesystem::path(*global.data) : dataFolder(),
-      .config = folder("XDG_CONFIG_HOME", ".config"),
-      .now = clockTime,
-      .calendar = Calendar::fromVariables(variable("TZ"), variable("LC_ALL"), variable("LC_TIME"), variable("LANG")),
-      .json = global.json,
-      .hasColors = wantsColors(out),
-      .out = out};
+  Context context{.home = global.home ? std::filesystem::path(*global.home) : userHome(),
+                  .data = global.data ? std::filesystem::path(*global.data) : dataFolder(),
+                  .agentFolders = global.home ? AgentFolders() : AgentFolders::of(std::getenv),
+                  .config = configFolder(),
+                  .now = clockTime,
+                  .calendar = Calendar::fromVariables(environmentVariable("TZ"), environmentVariable("LC_ALL"),
+                                                      environmentVariable("LC_TIME"), environmentVariable("LANG")),
+                  .json = global.json,
+                  .hasColors = wantsColors(out),
+                  .out = out};
   if (global.now) context.now = [now = *global.now] { return now; };
   parsed.command->run(parsed.arguments, context);
   out.flush();
@@ -83,10 +63,6 @@ int complain(ExitStatus status, const char* text) {
 
 int main(int count, char** words) {
   using namespace ambrel;
-  if (const auto call = hookCall({words + 1, words + count})) {
-    keepHookEvent(*call, [&] { return call->data.empty() ? dataFolder() : std::filesystem::path(call->data); });
-    return done;
-  }
   std::signal(SIGPIPE, SIG_IGN);
   Output out(STDOUT_FILENO);
   try {

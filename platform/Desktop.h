@@ -3,6 +3,7 @@
 
 #include "platform/Bluetooth.h"
 #include "platform/DesktopTheme.h"
+#include "platform/FolderWatch.h"
 #include "platform/HotKeys.h"
 #include "platform/KeepAwake.h"
 #include "platform/LatencyProbe.h"
@@ -44,6 +45,7 @@ struct Desktop {
   Volumes& volumes;
   KeepAwake& keepAwake;
   Trash& trash;
+  FolderWatch& folderWatch;  // of the agents' folders
 };
 
 }  // namespace ambrel

@@ -31,6 +31,9 @@ class Workspace {
   virtual bool isRunning(std::string_view bundleID) const = 0;
   // Brings the topmost window of the program forward; false when it has none.
   virtual bool activate(std::string_view bundleID) = 0;
+  // Brings the window forward in which the process works, and its pane in tmux and screen; false when no window shows
+  // it, as where it runs on another computer or nobody is attached to its session. Bounded as agentsInFront() is.
+  virtual bool activateProcess(int pid) = 0;
   // The program's name as people know it: its desktop entry's, or one made of the identifier.
   virtual std::string nameOf(std::string_view bundleID) const = 0;
   // The icon of its desktop entry, a name or an absolute path; empty when it has none.

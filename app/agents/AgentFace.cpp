@@ -22,16 +22,74 @@ QString kindSymbol(AgentKind kind) {
   return {};
 }
 
+QString placeText(AgentPlace place) {
+  switch (place) {
+    case AgentPlace::here:
+      return {};
+    case AgentPlace::container:
+      return QObject::tr("in a container");
+    case AgentPlace::secureShell:
+      return QObject::tr("over SSH");
+    case AgentPlace::otherComputer:
+      return QObject::tr("on another computer");
+  }
+  return {};
+}
+
+// What it asks, in its own words where they are known.
+QString asked(const AgentWait& wait) {
+  if (wait.detail) return toQString(*wait.detail);
+  switch (wait.reason) {
+    case AgentWait::Reason::permission:
+      return QObject::tr("Asks for a permission");
+    case AgentWait::Reason::question:
+      return QObject::tr("Asks a question");
+    case AgentWait::Reason::plan:
+      return QObject::tr("Asks about a plan");
+    case AgentWait::Reason::other:
+      break;
+  }
+  return {};
+}
+
 // "web-shop · Bash"; the tool's name when the title says the project already and there is nothing else to say.
 QString subtitle(const AgentSession& session) {
   QStringList parts;
   if (session.project && *session.project != session.title) parts << toQString(*session.project);
-  if (session.detail) parts << toQString(*session.detail);
+  if (const QString asks = session.wait ? asked(*session.wait) : QString(); !asks.isEmpty())
+    parts << asks;
+  else if (session.detail)
+    parts << toQString(*session.detail);
   if (parts.isEmpty() || session.title == session.project) parts.prepend(toQString(displayName(session.kind)));
+  if (const QString place = placeText(session.place); !place.isEmpty()) parts << place;
   return parts.join(QStringLiteral(" · "));
 }
 
 }  // namespace
+
+QString originText(const AgentSession& session, Instant now, const Calendar& calendar) {
+  const bool isStored = session.kind == AgentKind::cursor || session.kind == AgentKind::antigravity;
+  auto source = isStored ? AgentWait::Source::store : AgentWait::Source::log;
+  Instant at = session.updatedAt;
+  if (session.word) {
+    source = session.word->source;
+    at = session.word->at;
+  } else if (session.wait) {
+    at = session.wait->since;
+  }
+  const QString tool = toQString(displayName(session.kind)), age = toQString(relativeAge(calendar, at, now));
+  switch (source) {
+    case AgentWait::Source::hook:
+      return QObject::tr("%1 says so, %2").arg(tool, age);
+    case AgentWait::Source::registry:
+      return QObject::tr("%1's list of sessions says so, %2").arg(tool, age);
+    case AgentWait::Source::log:
+      return QObject::tr("Its log says so, %1").arg(age);
+    case AgentWait::Source::store:
+      return QObject::tr("%1's database says so, %2").arg(tool, age);
+  }
+  return {};
+}
 
 AgentFace agentFace(const AgentSession& session, QString icon, Instant now, const Calendar& calendar) {
   return {.id = toQString(session.id),

@@ -33,6 +33,9 @@ struct AgentFace {
 
 AgentFace agentFace(const AgentSession& session, QString icon, Instant now, const Calendar& calendar);
 
+// How the status is known, and since when: "Claude Code says so, 12s ago".
+QString originText(const AgentSession& session, Instant now, const Calendar& calendar);
+
 // What a tile shows of all sessions.
 struct AgentsFace {
   Q_GADGET

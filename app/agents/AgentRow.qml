@@ -2,10 +2,12 @@ import QtQuick
 import Ambrel.Agents
 import Ambrel.Kit
 
-// One session: its tool, what it is about, its status and its age. A click brings the tool forward.
+// One session: its tool, what it is about or asks, its status and its age. A click brings its window forward, the tip
+// says how the status is known.
 Pressable {
     id: root
 
+    required property AgentsModel agents
     required property string sessionId
     required property string kind
     required property string symbol
@@ -19,6 +21,14 @@ Pressable {
 
     implicitHeight: 44
     label: title + ", " + subtitle + ", " + statusText + ", " + age
+    Accessible.description: activeFocus ? agents.origin(sessionId) : ""
+    // The age in it is that of the moment.
+    onHoveredChanged: {
+        if (!hovered)
+            return Tips.leave(root);
+        const lines = [titleLabel.truncated ? title : "", subtitleLabel.truncated ? subtitle : "", agents.origin(sessionId)];
+        Tips.enter(root, lines.filter(line => line !== "").join("\n"));
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -51,13 +61,17 @@ Pressable {
         anchors.rightMargin: Theme.space3
         anchors.verticalCenter: parent.verticalCenter
 
-        TipLabel {
+        Label {
+            id: titleLabel
+
             width: parent.width
             text: root.title
             role: Theme.rowTitle
             Accessible.ignored: true
         }
-        TipLabel {
+        Label {
+            id: subtitleLabel
+
             width: parent.width
             text: root.subtitle
             role: Theme.small
@@ -77,7 +91,7 @@ Pressable {
         Accessible.ignored: true
     }
 
-    TipLabel {
+    Label {
         id: ageLabel
 
         anchors.right: parent.right

@@ -5,11 +5,15 @@
 
 namespace ambrel {
 
-AgentsArea::AgentsArea(AppSettings& settings, std::filesystem::path home, const std::filesystem::path& dataFolder,
-                       Calendar calendar, AgentsModel::Seams seams, QObject* parent)
+AgentsArea::AgentsArea(AppSettings& settings, const HookConnection::Places& places, Calendar calendar,
+                       AgentsModel::Seams seams, QObject* parent)
     : Area(QStringLiteral("Agents"), parent),
-      agents_(settings, makeAttentiveReaders(dataFolder), std::move(home), std::move(calendar), std::move(seams)) {
-  keep({this, &agents_});
+      agents_(settings, makeAttentiveReaders(places.data, places.folders), places.home, std::move(calendar),
+              std::move(seams)),
+      claudeHooks_(AgentKind::claudeCode, places),
+      codexHooks_(AgentKind::codex, places) {
+  keep({this, &agents_, &claudeHooks_, &codexHooks_});
+  agents_.follow(agentTraces(places.home, places.data, places.folders));
 }
 
 bool AgentsArea::answerNotification(const std::string& identifier, const std::string& /*action*/) {

@@ -37,6 +37,7 @@ FocusScope {
 
             required property int index
 
+            agents: root.agents
             x: Theme.space2
             width: ListView.view.width - 2 * Theme.space2
             onActiveFocusChanged: if (activeFocus)

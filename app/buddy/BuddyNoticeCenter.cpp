@@ -161,6 +161,7 @@ void BuddyNoticeCenter::perform(const BuddyAction& action, const BuddyNotice& no
               Q_EMIT problemFound(tr("This link cannot be opened"), toQString(join.url));
           },
           [&](const BuddyActions::OpenAgent& agent) {
+            if (about.sessionID && seams_.agents.openOwnWindow(*about.sessionID)) return;
             const auto identifier = bundleIdentifier(agent.kind);
             if (!seams_.workspace.activate(identifier) && !seams_.workspace.open(identifier))
               Q_EMIT problemFound(tr("%1 has no window").arg(toQString(displayName(agent.kind))),

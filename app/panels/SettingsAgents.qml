@@ -1,8 +1,11 @@
 import QtQuick
+import Ambrel.Agents
 import Ambrel.Kit
 
 SettingsPage {
     id: root
+
+    property AgentsArea agents: null
 
     Section {
         width: parent.width
@@ -19,6 +22,20 @@ SettingsPage {
             enabled: root.settings.agentsEnabled
             checked: root.settings.agentNotifications
             onToggled: checked => root.settings.agentNotifications = checked
+        }
+    }
+    Section {
+        width: parent.width
+        visible: root.agents !== null
+
+        Repeater {
+            model: root.agents ? [root.agents.claudeHooks, root.agents.codexHooks] : []
+
+            AgentHooksRow {
+                required property AgentHooksModel modelData
+
+                hooks: modelData
+            }
         }
     }
 }

@@ -12,8 +12,8 @@ std::vector<AgentSession> agentTransitions(const std::vector<AgentSession>& befo
   for (const AgentSession& session : after) {
     const auto earlier = statuses.find(session.id);
     if (earlier == statuses.end() || earlier->second != AgentStatus::working) continue;
-    if (session.status == AgentStatus::finished || session.status == AgentStatus::needsInput)
-      transitions.push_back(session);
+    const bool hasFinished = session.status == AgentStatus::finished && !session.isInterrupted;
+    if (hasFinished || session.status == AgentStatus::needsInput) transitions.push_back(session);
   }
   return transitions;
 }

@@ -8,7 +8,8 @@
 namespace ambrel {
 
 // A session that was working and is not any more: its new status is `finished` or `needsInput`. A working session
-// that fell idle or went away is no transition; nor is anything that was not working before.
+// that fell idle, was interrupted by the user or went away is no transition; nor is anything that was not working
+// before.
 std::vector<AgentSession> agentTransitions(const std::vector<AgentSession>& before,
                                            const std::vector<AgentSession>& after);
 

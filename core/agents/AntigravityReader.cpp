@@ -9,7 +9,7 @@
 namespace ambrel {
 namespace {
 
-constexpr std::array<const char*, 2> stores{
+constexpr std::array<const char*, 2> storeNames{
     ".gemini/antigravity/conversation_summaries.db",
     ".gemini/antigravity-cli/conversation_summaries.db",
 };
@@ -54,12 +54,18 @@ std::optional<AgentSession> antigravitySession(const AntigravityRow& row, Instan
   return session;
 }
 
+std::vector<std::filesystem::path> AntigravityReader::stores(const std::filesystem::path& home) {
+  std::vector<std::filesystem::path> paths;
+  for (const char* name : storeNames) paths.push_back(home / name);
+  return paths;
+}
+
 std::vector<AgentSession> AntigravityReader::sessions(const std::filesystem::path& home, Instant now) const {
   const std::array cutOff{static_cast<std::int64_t>(
       std::chrono::floor<std::chrono::seconds>(advanced(now, -AgentTiming::recentWindow)).time_since_epoch().count())};
   std::vector<AgentSession> sessions;
-  for (const char* store : stores) {
-    const auto rows = cache_->rows(home / store, query, cutOff);
+  for (const std::filesystem::path& path : stores(home)) {
+    const auto rows = cache_->rows(path, query, cutOff);
     for (const StoreRow& row : *rows) {
       // A row that was kept may have grown too old meanwhile.
       if (row.integer(7) <= cutOff.front()) continue;

@@ -10,6 +10,8 @@ class AntigravityReader : public AgentSessionReader {
  public:
   // The application's conversations first; one that is in both stores is listed twice.
   std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const override;
+  // Where its stores may be.
+  static std::vector<std::filesystem::path> stores(const std::filesystem::path& home);
 
  private:
   std::shared_ptr<StoreCache> cache_ = std::make_shared<StoreCache>();

@@ -61,7 +61,7 @@ std::vector<AgentSession> ClaudeCodeReader::sessions(const std::filesystem::path
 std::vector<LoggedSession> ClaudeCodeReader::logged(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   std::vector<SessionFile> files;
-  for (const std::string& folder : possibleFolders(home / ".claude/projects", *listings_)) {
+  for (const std::string& folder : possibleFolders(folders_.claudeIn(home) / "projects", *listings_)) {
     auto recent = recentSessionFiles(folder, since, false, listings_.get());
     files.insert(files.end(), std::make_move_iterator(recent.begin()), std::make_move_iterator(recent.end()));
   }

@@ -49,7 +49,7 @@ std::vector<AgentSession> CodexReader::sessions(const std::filesystem::path& hom
 std::vector<LoggedSession> CodexReader::logged(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   LineParser parser;
-  return cache_->sessions(recentSessionFiles(home / ".codex/sessions", since, true, listings_.get()), now,
+  return cache_->sessions(recentSessionFiles(folders_.codexIn(home) / "sessions", since, true, listings_.get()), now,
                           [&](const SessionFile& file, Instant written) {
                             const FileDescriptor opened = openForReading(file.path);
                             const auto first = firstRecord(opened, headBytes, parser);

@@ -11,11 +11,14 @@ namespace ambrel {
 
 class CodexReader : public AgentSessionReader {
  public:
+  explicit CodexReader(AgentFolders folders = {}) : folders_(std::move(folders)) {}
+
   std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const override;
   // The same, each with its log.
   std::vector<LoggedSession> logged(const std::filesystem::path& home, Instant now) const;
 
  private:
+  AgentFolders folders_;
   std::shared_ptr<FolderListings> listings_ = std::make_shared<FolderListings>();
   std::shared_ptr<SessionCache> cache_ = std::make_shared<SessionCache>();
 };

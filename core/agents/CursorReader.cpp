@@ -11,7 +11,7 @@
 namespace ambrel {
 namespace {
 
-constexpr std::array<const char*, 2> stores{
+constexpr std::array<const char*, 2> storeNames{
     "Library/Application Support/Cursor/User/globalStorage/state.vscdb",
     ".config/Cursor/User/globalStorage/state.vscdb",
 };
@@ -67,12 +67,17 @@ std::optional<AgentSession> cursorSession(std::string_view composerId, std::stri
   return session;
 }
 
+std::vector<std::filesystem::path> CursorReader::stores(const std::filesystem::path& home) {
+  std::vector<std::filesystem::path> paths;
+  for (const char* name : storeNames) paths.push_back(home / name);
+  return paths;
+}
+
 std::vector<AgentSession> CursorReader::sessions(const std::filesystem::path& home, Instant now) const {
   const std::array cutOff{static_cast<std::int64_t>(
       std::chrono::floor<std::chrono::milliseconds>(advanced(now, -AgentTiming::recentWindow)).time_since_epoch() /
       std::chrono::milliseconds(1))};
-  for (const char* store : stores) {
-    const auto path = home / store;
+  for (const std::filesystem::path& path : stores(home)) {
     if (!fileStatus(path)) continue;
     LineParser parser;
     std::vector<AgentSession> sessions;

@@ -11,6 +11,8 @@ class CursorReader : public AgentSessionReader {
  public:
   // Looks for Library/Application Support/Cursor/..., else .config/Cursor/....
   std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const override;
+  // Where its stores may be.
+  static std::vector<std::filesystem::path> stores(const std::filesystem::path& home);
 
  private:
   std::shared_ptr<StoreCache> cache_ = std::make_shared<StoreCache>();

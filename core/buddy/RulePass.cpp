@@ -95,8 +95,10 @@ void RulePass::agent(const AgentSession& session) {
       if (!since) runs.emplace(session.id, now_);
       break;
     case AgentStatus::finished:
-      if (calendar_.dayKey(session.updatedAt) == today_) engine_.finishedToday.insert(session.id);
-      if (!isSilent && since && elapsed >= shortestRun)
+      // The user who broke a run off needs no word of it.
+      if (!session.isInterrupted && calendar_.dayKey(session.updatedAt) == today_)
+        engine_.finishedToday.insert(session.id);
+      if (!isSilent && !session.isInterrupted && since && elapsed >= shortestRun)
         raiseAgent(BuddyRule::agentFinished, fmt::format("finished:{}:{}", session.id, idTime(*since)), "finished",
                    fmt::format("A {}-minute run{}.", wholeMinutes(elapsed), inProject(session)), session);
       runs.erase(session.id);

@@ -167,6 +167,48 @@ std::vector<PaneQuestion> paneQuestions(const WindowRecord& window, const std::v
   return questions;
 }
 
+std::optional<PaneOfProcess> paneOf(int pid, const std::vector<ProcessRecord>& processes) {
+  const auto isIn = [pid](const std::vector<const ProcessRecord*>& tree) {
+    return std::ranges::find(tree, pid, &ProcessRecord::pid) != tree.end();
+  };
+  for (const ProcessRecord& server : processes) {
+    const auto kind = kindOf(server);
+    if (!kind || !isMultiplexerServer(server) || server.pid == pid) continue;
+    const auto tree = processTree(processes, server.pid);
+    if (!isIn(tree)) continue;
+    const ProcessRecord& process = **std::ranges::find(tree, pid, &ProcessRecord::pid);
+    PaneOfProcess pane{.kind = *kind, .server = server.pid};
+    const std::string name = nameOfServer(server, *kind, processes);
+    const std::string place(variable(process, *kind == Kind::tmux ? "TMUX_PANE" : "WINDOW"));
+    if (name.empty() || place.empty() || *kind == Kind::zellij) return pane;
+    if (*kind == Kind::tmux)
+      pane.command = {"tmux", "-S",  name, "select-window", "-t", place, ";",  "select-pane",
+                      "-t",   place, ";",  "list-clients",  "-t", place, "-F", "#{client_pid}"};
+    else
+      pane.command = {"screen", "-S", name, "-X", "select", place};
+    return pane;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::uint32_t> windowOfProcess(int pid, const std::optional<PaneOfProcess>& pane, string_view answer,
+                                             const std::vector<WindowRecord>& windows,
+                                             const std::vector<ProcessRecord>& processes) {
+  std::set<int> wanted;
+  if (!pane) wanted.insert(pid);
+  if (pane && pane->kind == Kind::tmux)
+    for (const string_view line : split(answer, '\n')) wanted.insert(number(trimmed(line)));
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    const bool shows = std::ranges::any_of(processesIn(*window, windows, processes),
+                                           [&](const ProcessRecord* each) { return wanted.contains(each->pid); });
+    const auto isOfServer = [&](const PaneQuestion& question) { return question.server == pane->server; };
+    if (shows || (pane && pane->kind != Kind::tmux &&
+                  std::ranges::any_of(paneQuestions(*window, windows, processes), isOfServer)))
+      return window->id;
+  }
+  return std::nullopt;
+}
+
 std::vector<const ProcessRecord*> shownInPanes(const PaneQuestion& question, string_view answer,
                                                const std::vector<ProcessRecord>& processes) {
   std::vector<const ProcessRecord*> shown;

@@ -27,4 +27,21 @@ std::vector<PaneQuestion> paneQuestions(const WindowRecord& window, const std::v
 std::vector<const ProcessRecord*> shownInPanes(const PaneQuestion& question, std::string_view answer,
                                                const std::vector<ProcessRecord>& processes);
 
+// The pane in which a process runs, and the command that brings it to the front of its session: tmux's prints the
+// clients that are attached there. zellij has no such command.
+struct PaneOfProcess {
+  PaneQuestion::Kind kind = PaneQuestion::Kind::tmux;
+  int server = 0;
+  std::vector<std::string> command = {};  // empty: none
+  friend bool operator==(const PaneOfProcess&, const PaneOfProcess&) = default;
+};
+// Absent for a process in no pane.
+std::optional<PaneOfProcess> paneOf(int pid, const std::vector<ProcessRecord>& processes);
+
+// The topmost window that shows the process. `answer` is what the pane's command printed; without a pane it is not
+// looked at. `windows` go from the bottom to the top of the stack.
+std::optional<std::uint32_t> windowOfProcess(int pid, const std::optional<PaneOfProcess>& pane, std::string_view answer,
+                                             const std::vector<WindowRecord>& windows,
+                                             const std::vector<ProcessRecord>& processes);
+
 }  // namespace ambrel

@@ -31,8 +31,8 @@ std::vector<std::string> parseProcessArguments(std::string_view bytes);
 std::optional<std::uint32_t> parseWindowID(std::string_view environment);
 
 // By which a program in a pane knows its pane: tmux, screen (STY and WINDOW), zellij.
-inline constexpr std::array<std::string_view, 5> multiplexerVariables{"TMUX", "STY", "WINDOW", "ZELLIJ_SESSION_NAME",
-                                                                      "ZELLIJ_PANE_ID"};
+inline constexpr std::array<std::string_view, 6> multiplexerVariables{
+    "TMUX", "TMUX_PANE", "STY", "WINDOW", "ZELLIJ_SESSION_NAME", "ZELLIJ_PANE_ID"};
 // Those of them that /proc/PID/environ holds; nothing else of it is kept.
 std::map<std::string, std::string, std::less<>> parseMultiplexerVariables(std::string_view environment);
 

@@ -8,12 +8,21 @@ namespace {
 
 constexpr AgentKind kinds[] = {AgentKind::claudeCode, AgentKind::codex};
 
+// The command that the user knows; this is its other part. Both are in one folder where they were built.
+std::filesystem::path toolPath() {
+  const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  std::error_code error;
+  const auto installed = std::filesystem::canonical(folder / AMBREL_COMMANDS_TO_TOOL / "tilebayctl", error);
+  return error ? folder / "tilebayctl" : installed;
+}
+
 // The tools run the hook from folders of their own.
 HookConnection connection(AgentKind kind, const Context& context) {
   return {kind,
           {.home = std::filesystem::absolute(context.home),
            .data = std::filesystem::absolute(context.data),
-           .tool = std::filesystem::read_symlink("/proc/self/exe")}};
+           .tool = toolPath(),
+           .folders = context.agentFolders}};
 }
 
 void print(Context& context) {

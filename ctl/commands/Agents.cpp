@@ -44,7 +44,7 @@ std::string asTable(const std::vector<AgentSession>& sessions, const Context& co
 
 void run(const Arguments& arguments, Context& context) {
   const auto interval = watchInterval(arguments, pollInterval);
-  const AgentPoll poll(context.data);
+  const AgentPoll poll(context.data, context.agentFolders);
   std::optional<std::vector<AgentSession>> last;
   std::string text;
   printWatching(context, interval, [&] {

@@ -7,6 +7,7 @@
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
 #include "platform/linux/FreedesktopTrash.h"
+#include "platform/linux/InotifyFolderWatch.h"
 #include "platform/linux/InstalledPrograms.h"
 #include "platform/linux/ProcReadings.h"
 #include "platform/linux/SessionBus.h"
@@ -109,6 +110,7 @@ struct LinuxDesktop::Parts {
   X11ScreenSaver screenSaver;
   SystemKeepAwake keepAwake;
   FreedesktopTrash trash;
+  InotifyFolderWatch folderWatch;
   DBusSessionService session;
 };
 
@@ -136,7 +138,8 @@ Desktop LinuxDesktop::seams() {
           .bluetooth = parts_->bluetooth,
           .volumes = parts_->volumes,
           .keepAwake = parts_->keepAwake,
-          .trash = parts_->trash};
+          .trash = parts_->trash,
+          .folderWatch = parts_->folderWatch};
 }
 
 SessionService& LinuxDesktop::session() { return parts_->session; }

@@ -74,7 +74,7 @@ std::vector<std::string> X11Workspace::agentsInFront() const {
     const auto processes = readProcesses(proc_, {*window.pid});
     auto shown = processesIn(window, all, processes);
     for (const PaneQuestion& question : paneQuestions(window, all, processes)) {
-      const auto inPanes = shownInPanes(question, answer(question), processes);
+      const auto inPanes = shownInPanes(question, answer(question.server, question.command), processes);
       shown.insert(shown.end(), inPanes.begin(), inPanes.end());
     }
     found = agentsAmong(shown);
@@ -83,18 +83,17 @@ std::vector<std::string> X11Workspace::agentsInFront() const {
   return found;
 }
 
-std::string X11Workspace::answer(const PaneQuestion& question) const {
+std::string X11Workspace::answer(int server, std::vector<std::string> command) const {
   using namespace std::chrono_literals;
   constexpr std::chrono::milliseconds patience = 200ms, pause = 60s;
   const auto now = std::chrono::steady_clock::now();
   std::erase_if(silentUntil_, [&](const auto& entry) { return entry.second <= now; });
-  if (silentUntil_.contains(question.server)) return {};
-  const auto program = programs_.command(question.command.front());
+  if (silentUntil_.contains(server)) return {};
+  const auto program = programs_.command(command.front());
   if (!program) return {};
-  std::vector<std::string> command = question.command;
   command.front() = program->string();
   auto printed = outputOf(command, patience);
-  if (!printed) silentUntil_[question.server] = now + pause;
+  if (!printed) silentUntil_[server] = now + pause;
   return std::move(printed).value_or(std::string());
 }
 
@@ -105,6 +104,17 @@ bool X11Workspace::activate(std::string_view bundleID) {
   if (!window) return false;
   bringForward(*window);
   return true;
+}
+
+bool X11Workspace::activateProcess(int pid) {
+  if (!isConnected()) return false;
+  const auto all = windows();
+  const auto processes = readProcesses(proc_, pidsOf(all));
+  const auto pane = paneOf(pid, processes);
+  const std::string said = pane && !pane->command.empty() ? answer(pane->server, pane->command) : std::string();
+  const auto window = windowOfProcess(pid, pane, said, all, processes);
+  if (window) bringForward(*window);
+  return window.has_value();
 }
 
 void X11Workspace::activateLast() {

@@ -26,6 +26,7 @@ class X11Workspace : public Workspace {
   void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   bool isRunning(std::string_view bundleID) const override;
   bool activate(std::string_view bundleID) override;
+  bool activateProcess(int pid) override;
   void activateLast() override;
   std::string nameOf(std::string_view bundleID) const override;
   std::string iconOf(std::string_view bundleID) const override;
@@ -40,7 +41,7 @@ class X11Workspace : public Workspace {
   };
   std::optional<Front> front() const;
   // What the multiplexer prints; empty when it does not answer in time, and for a while after that.
-  std::string answer(const PaneQuestion& question) const;
+  std::string answer(int server, std::vector<std::string> command) const;
   bool isOwn(xcb_window_t window) const;
   void bringForward(xcb_window_t window);
   // From the bottom to the top.

@@ -3,6 +3,7 @@
 
 #include "platform/Desktop.h"
 #include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakeFolderWatch.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/FakeReadings.h"
@@ -33,7 +34,8 @@ struct FakeDesktop {
             .bluetooth = bluetooth,
             .volumes = volumes,
             .keepAwake = keepAwake,
-            .trash = trash};
+            .trash = trash,
+            .folderWatch = folderWatch};
   }
 
   FakePointer pointer;
@@ -55,6 +57,7 @@ struct FakeDesktop {
   FakeVolumes volumes;
   FakeKeepAwake keepAwake;
   FakeTrash trash;
+  FakeFolderWatch folderWatch;
 };
 
 }  // namespace ambrel

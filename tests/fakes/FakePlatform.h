@@ -83,6 +83,11 @@ class FakeWorkspace : public Workspace {
     activated.emplace_back(bundleID);
     return true;
   }
+  bool activateProcess(int pid) override {
+    if (!processesWithWindows.contains(pid)) return false;
+    activatedProcesses.push_back(pid);
+    return true;
+  }
   std::string nameOf(std::string_view bundleID) const override {
     const auto found = names.find(bundleID);
     return found == names.end() ? std::string(bundleID) : found->second;
@@ -108,6 +113,8 @@ class FakeWorkspace : public Workspace {
   std::set<std::string, std::less<>> running;
   std::set<std::string, std::less<>> installed;
   std::vector<std::string> activated;
+  std::set<int> processesWithWindows;
+  std::vector<int> activatedProcesses;
   std::vector<std::string> opened;
   int givenBack = 0;
 

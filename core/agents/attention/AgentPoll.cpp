@@ -50,9 +50,16 @@ class SignsCache {
 }  // namespace
 
 struct AgentPoll::Impl {
-  Impl(const std::filesystem::path& data, std::filesystem::path proc) : processes(std::move(proc)), files(data) {}
+  Impl(const std::filesystem::path& data, const AgentFolders& folders, std::filesystem::path proc)
+      : processes(std::move(proc)),
+        space(processSpace(processes)),
+        claude(folders),
+        codex(folders),
+        registry(folders),
+        files(data) {}
 
   std::filesystem::path processes;
+  std::string space;
   ClaudeCodeReader claude;
   CodexReader codex;
   CursorReader cursor;
@@ -65,6 +72,7 @@ struct AgentPoll::Impl {
   std::unordered_map<std::string, HookState> hooks;  // by the tool and the conversation
   SignsCache logs;
   TitleSearch titles;
+  std::map<int, bool> remote;  // by the process; of one look
   LineParser parser;
 
   // Codex names the conversation or its log, whose name ends with the conversation's.
@@ -89,21 +97,36 @@ struct AgentPoll::Impl {
     const LogSigns& signs = logs.signs(each.session.kind, each.file, parser);
     AttentionSigns all{.log = &signs};
     if (each.session.kind == AgentKind::claudeCode) {
-      all.customTitle = titles.title(each.file, tailBytes, signs.customTitle, parser);
+      all.titles = titles.titles(each.file, tailBytes, {signs.customTitle, signs.aiTitle}, parser);
       all.hasRegistry = !live.empty();
       const auto [first, last] = live.equal_range(name);
       for (auto record = first; record != last; ++record) all.live.push_back(record->second);
     }
     const auto hook = hooks.find(hookKey(each.session.kind, name));
     all.hook = hook == hooks.end() ? nullptr : &hook->second;
-    if (all.hook && all.hook->process.pid > 0) {
+    using enum AttentionSigns::ToolState;
+    // Elsewhere the number is another process's.
+    if (all.hook && all.hook->process.pid > 0 && all.hook->process.space == space) {
       const ToolProcess& tool = all.hook->process;
-      using enum AttentionSigns::ToolState;
       all.tool = isSameProcess(processes, tool.pid, tool.start) ? runs : ended;
       if (!all.hook->open.empty() && all.hook->open.front().ticks > 0)
         all.hasToolGoneOn = hasChildSince(processes, tool.pid, all.hook->open.front().ticks);
     }
-    return attended(std::move(each.session), all, now);
+    AgentSession session = attended(std::move(each.session), all, now);
+    if (const LiveRecord* record = newestAlive(all.live)) {
+      session.place = record->place;
+      session.process = record->process;
+    } else if (all.tool == runs) {
+      session.process = all.hook->process.pid;
+    }
+    if (session.place == AgentPlace::here && session.process > 0 && isRemote(session.process))
+      session.place = AgentPlace::secureShell;
+    return session;
+  }
+
+  bool isRemote(int pid) {
+    const auto known = remote.find(pid);
+    return known != remote.end() ? known->second : remote.emplace(pid, isRemoteLogin(processes, pid)).first->second;
   }
 
   std::vector<AgentSession> attendAll(std::vector<LoggedSession> sessions, Instant now) {
@@ -114,8 +137,8 @@ struct AgentPoll::Impl {
   }
 };
 
-AgentPoll::AgentPoll(std::filesystem::path data, std::filesystem::path processes)
-    : impl_(std::make_unique<Impl>(data, std::move(processes))) {}
+AgentPoll::AgentPoll(std::filesystem::path data, AgentFolders folders, std::filesystem::path processes)
+    : impl_(std::make_unique<Impl>(data, folders, std::move(processes))) {}
 AgentPoll::~AgentPoll() = default;
 
 std::vector<AgentSession> AgentPoll::sessions(const std::filesystem::path& home, Instant now) const {
@@ -123,6 +146,7 @@ std::vector<AgentSession> AgentPoll::sessions(const std::filesystem::path& home,
   std::vector<std::vector<AgentSession>> found;
   auto claude = all.claude.logged(home, now), codex = all.codex.logged(home, now);
   all.live.clear();
+  all.remote.clear();
   for (LiveRecord& record : all.registry.records(home, all.processes)) {
     std::string session = record.sessionId;
     all.live.emplace(std::move(session), std::move(record));
@@ -145,10 +169,25 @@ std::vector<AgentSession> AgentPoll::sessions(const std::filesystem::path& home,
   return mergedSessions(std::move(found));
 }
 
-AgentReaders makeAttentiveReaders(const std::filesystem::path& data) {
+AgentReaders makeAttentiveReaders(const std::filesystem::path& data, const AgentFolders& folders) {
   AgentReaders readers;
-  readers.push_back(std::make_unique<AgentPoll>(data));
+  readers.push_back(std::make_unique<AgentPoll>(data, folders));
   return readers;
+}
+
+std::vector<AgentTrace> agentTraces(const std::filesystem::path& home, const std::filesystem::path& data,
+                                    const AgentFolders& folders) {
+  // The hooks and the registry say little, and all of it counts; a log may grow many times a second, and the stores
+  // hold much else.
+  constexpr Seconds none{0.05}, ofLogs{1}, ofStores{3};
+  std::vector<AgentTrace> traces{{data, 0, none},
+                                 {folders.claudeIn(home) / "sessions", 0, none},
+                                 {folders.claudeIn(home) / "projects", 1, ofLogs},
+                                 // By year, month and day.
+                                 {folders.codexIn(home) / "sessions", 3, ofLogs}};
+  for (const auto& stores : {CursorReader::stores(home), AntigravityReader::stores(home)})
+    for (const std::filesystem::path& store : stores) traces.push_back({store.parent_path(), 0, ofStores});
+  return traces;
 }
 
 }  // namespace ambrel

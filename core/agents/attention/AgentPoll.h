@@ -14,7 +14,7 @@ namespace ambrel {
 class AgentPoll : public AgentSessionReader {
  public:
   // data: the program's own folder; processes: the root of /proc.
-  explicit AgentPoll(std::filesystem::path data, std::filesystem::path processes = "/proc");
+  explicit AgentPoll(std::filesystem::path data, AgentFolders folders = {}, std::filesystem::path processes = "/proc");
   ~AgentPoll() override;
 
   // As mergedSessions orders them. In a home without a registry and without hooks the sessions are the readers'.
@@ -27,6 +27,15 @@ class AgentPoll : public AgentSessionReader {
 };
 
 // It alone: what the program polls.
-AgentReaders makeAttentiveReaders(const std::filesystem::path& data);
+AgentReaders makeAttentiveReaders(const std::filesystem::path& data, const AgentFolders& folders);
+
+// Where a change may be one of the sessions.
+struct AgentTrace {
+  std::filesystem::path folder;
+  int levels = 0;  // of folders below it that count, too
+  Seconds pause;   // the least time between two looks for its sake
+};
+std::vector<AgentTrace> agentTraces(const std::filesystem::path& home, const std::filesystem::path& data,
+                                    const AgentFolders& folders);
 
 }  // namespace ambrel

@@ -31,8 +31,7 @@ class Judge {
         log_(signs.log ? *signs.log : none_),
         hook_(signs.hook),
         now_(now) {
-    for (const LiveRecord& record : signs.live)
-      if (record.isAlive && (!live_ || record.statusAt > live_->statusAt)) live_ = &record;
+    live_ = newestAlive(signs.live);
   }
 
   AgentSession judged() {
@@ -43,6 +42,7 @@ class Judge {
     if (wait) {
       session_.status = AgentStatus::needsInput;
       if (wait->detail) session_.detail = wait->detail;
+      if (wait->source != AgentWait::Source::log) session_.word = AgentSession::Word{wait->source, wait->since};
       session_.wait = std::move(wait);
     } else if (isOver) {
       leave();
@@ -140,6 +140,15 @@ class Judge {
     session_.status = AgentTiming::aged(AgentStatus::finished, secondsBetween(at, now_));
   }
 
+  void breakOff(Instant at) {
+    finish(at, "Interrupted");
+    session_.isInterrupted = session_.status == AgentStatus::finished;
+  }
+
+  void told(AgentWait::Source source, std::optional<Instant> at) {
+    if (at) session_.word = AgentSession::Word{source, *at};
+  }
+
   void rest(const char* detail) {
     session_.detail = detail;
     session_.status = AgentStatus::idle;
@@ -151,7 +160,7 @@ class Judge {
       case LogSigns::Turn::none:
         return rest("No prompt yet");
       case LogSigns::Turn::interrupted:
-        return finish(at, "Interrupted");
+        return breakOff(at);
       case LogSigns::Turn::failed:
         return finish(at, "Error");
       case LogSigns::Turn::unknown:
@@ -178,9 +187,14 @@ class Judge {
   }
 
   void followRegistry() {
+    const auto since = live_->statusAt ? live_->statusAt : live_->updatedAt;
+    told(AgentWait::Source::registry, since);
     switch (live_->status) {
       case Status::busy:
       case Status::waiting:  // answered a moment ago
+        // Whether a process of another computer has ended, nothing tells but its silence.
+        if (live_->place == AgentPlace::otherComputer)
+          return work(std::max(since.value_or(Instant{}), session_.updatedAt), false);
         return work(now_, true);
       case Status::idle:
       case Status::shell:
@@ -190,7 +204,9 @@ class Judge {
     if (log_.turn != LogSigns::Turn::running) return finishAsLogged(logAt());
     // The turn broke off with an earlier process, and the conversation was only opened again.
     if (live_->startedAt > log_.turnAt) return leave();
-    // The log is behind: the turn ended with the status.
+    // The log is behind, and may still say how the turn ended.
+    constexpr Seconds patience{2};
+    if (live_->statusAt && secondsBetween(*live_->statusAt, now_) < patience) return work(now_, true);
     finish(std::max(live_->statusAt.value_or(logAt()), logAt()), "Done");
   }
 
@@ -213,6 +229,7 @@ class Judge {
   }
 
   void followHook() {
+    told(AgentWait::Source::hook, hook_->turnAt);
     switch (hook_->turn) {
       case HookState::Turn::unknown:
         return;
@@ -222,7 +239,7 @@ class Judge {
         if (hasBackgroundAgents()) return work(hook_->lastAt, false);
         return finish(hook_->turnAt, "Done");
       case HookState::Turn::interrupted:
-        return finish(hook_->turnAt, "Interrupted");
+        return breakOff(hook_->turnAt);
       case HookState::Turn::opened:
       case HookState::Turn::closed:
         return leave();
@@ -241,11 +258,19 @@ class Judge {
 
 }  // namespace
 
+const LiveRecord* newestAlive(const std::vector<LiveRecord>& records) {
+  const LiveRecord* newest = nullptr;
+  for (const LiveRecord& record : records)
+    if (record.isAlive && (!newest || record.statusAt > newest->statusAt)) newest = &record;
+  return newest;
+}
+
 AgentSession attended(AgentSession session, const AttentionSigns& signs, Instant now) {
-  if (signs.customTitle && !signs.customTitle->empty())
-    session.title = *signs.customTitle;
-  else if (signs.log && signs.log->aiTitle && !signs.log->aiTitle->empty())
-    session.title = *signs.log->aiTitle;
+  const auto& [custom, ai] = signs.titles;
+  if (custom && !custom->empty())
+    session.title = *custom;
+  else if (ai && !ai->empty())
+    session.title = *ai;
   return Judge(std::move(session), signs, now).judged();
 }
 

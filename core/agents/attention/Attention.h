@@ -9,14 +9,15 @@
 #include "core/agents/attention/HookState.h"
 #include "core/agents/attention/LiveRegistry.h"
 #include "core/agents/attention/LogSigns.h"
+#include "core/agents/attention/TitleSearch.h"
 
 namespace ambrel {
 
 // What is known of one conversation. What is absent says nothing.
 struct AttentionSigns {
   const LogSigns* log = nullptr;
-  std::optional<std::string> customTitle = {};  // which may be further back in the log than its signs
-  std::vector<LiveRecord> live = {};            // those of this conversation
+  LogTitles titles = {};              // which may be further back in the log than its signs
+  std::vector<LiveRecord> live = {};  // those of this conversation
   const HookState* hook = nullptr;
   // There is a registry, so that a conversation in a terminal that is not in it has been left.
   bool hasRegistry = false;
@@ -27,7 +28,10 @@ struct AttentionSigns {
   bool hasToolGoneOn = false;
 };
 
-// The reader's session with what the signs say in addition: status, wait, detail and title.
+// The record that counts where several processes have taken the conversation up; null when none of them runs.
+const LiveRecord* newestAlive(const std::vector<LiveRecord>& records);
+
+// The reader's session with what the signs say in addition: status, wait, detail and title, and who said so.
 AgentSession attended(AgentSession session, const AttentionSigns& signs, Instant now);
 
 }  // namespace ambrel

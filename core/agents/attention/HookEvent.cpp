@@ -105,6 +105,7 @@ std::string storedLine(const HookEvent& event) {
     line["pid"] = event.process.pid;
     line["processStart"] = event.process.start;
     line["ticks"] = event.process.ticks;
+    line["space"] = event.process.space;
   }
   return compactJSON(line);
 }
@@ -131,6 +132,7 @@ std::optional<HookEvent> storedEvent(std::string_view line, LineParser& parser) 
     event.process.pid = static_cast<int>(*pid);
     event.process.start = json->text("processStart").value_or("");
     event.process.ticks = json->integer("ticks").value_or(0);
+    event.process.space = json->text("space").value_or("");
   }
   return event;
 }

@@ -33,6 +33,18 @@ bool isRecordName(std::string_view name) {
   return name.find_first_not_of("0123456789") == name.npos;
 }
 
+// Its start does not fit our clock, and it was written while we ran already.
+bool isOfAnotherComputer(const LiveRecord& record, const std::filesystem::path& processes) {
+  constexpr Seconds usualDelay{120};
+  const auto boot = bootTime(processes);
+  const auto start = startAfterBoot(record.processStart);
+  if (!boot || !start || !record.startedAt) return false;
+  const Seconds delay = secondsBetween(advanced(*boot, *start), *record.startedAt);
+  const Instant written =
+      std::max({*record.startedAt, record.statusAt.value_or(Instant{}), record.updatedAt.value_or(Instant{})});
+  return std::chrono::abs(delay) > usualDelay && written > *boot;
+}
+
 }  // namespace
 
 std::optional<LiveRecord> liveRecord(std::string_view text, LineParser& parser) {
@@ -57,13 +69,40 @@ std::optional<LiveRecord> liveRecord(std::string_view text, LineParser& parser) 
   return record;
 }
 
+// A container that shares the folder has processes of its own, but the kernel and its clock are ours.
+void LiveRegistry::find(LiveRecord& record, const std::filesystem::path& processes) {
+  record.isAlive = isSameProcess(processes, record.pid, record.processStart);
+  record.process = record.pid;
+  if (record.isAlive) return;
+  const std::string key = std::to_string(record.pid) + " " + record.processStart;
+  const auto former = formerElsewhere_.find(key);
+  const auto runs = [&](const Elsewhere& each) {
+    return each.contained && isSameProcess(processes, *each.contained, record.processStart);
+  };
+  const bool isKnown = former != formerElsewhere_.end() && (former->second.record == record || runs(former->second));
+  Elsewhere& found = elsewhere_[key];
+  found = isKnown ? former->second
+                  : Elsewhere{record, containedProcess(processes, record.pid, record.processStart),
+                              isOfAnotherComputer(record, processes)};
+  if (runs(found)) {
+    record.place = AgentPlace::container;
+    record.process = *found.contained;
+  } else {
+    if (found.isOfAnotherComputer) record.place = AgentPlace::otherComputer;
+    record.process = 0;
+  }
+  record.isAlive = record.place != AgentPlace::here;
+}
+
 std::vector<LiveRecord> LiveRegistry::records(const std::filesystem::path& home,
                                               const std::filesystem::path& processes) {
   std::vector<LiveRecord> records;
   std::map<std::string, LiveRecord> seen;
+  formerElsewhere_ = std::move(elsewhere_);
+  elsewhere_.clear();
   LineParser parser;
   std::error_code error;
-  std::filesystem::directory_iterator entry(home / ".claude/sessions", error), end;
+  std::filesystem::directory_iterator entry(folders_.claudeIn(home) / "sessions", error), end;
   for (; !error && entry != end && records.size() < mostRecords; entry.increment(error)) {
     const std::filesystem::path path = entry->path();
     if (!isRecordName(path.filename().native())) continue;
@@ -77,7 +116,7 @@ std::vector<LiveRecord> LiveRegistry::records(const std::filesystem::path& home,
       if (const auto known = last_.find(path.native()); known != last_.end()) record = known->second;
     if (!record) continue;
     seen.emplace(path.native(), *record);
-    record->isAlive = isSameProcess(processes, record->pid, record->processStart);
+    find(*record, processes);
     records.push_back(std::move(*record));
   }
   last_ = std::move(seen);

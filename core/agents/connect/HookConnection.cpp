@@ -137,8 +137,9 @@ void removeFile(const std::filesystem::path& path) {
   if (error) throw FileError("cannot delete", path, error.value());
 }
 
-std::string relativeSettings(AgentKind kind) {
-  return kind == AgentKind::codex ? ".codex/hooks.json" : ".claude/settings.json";
+std::filesystem::path settingsOf(AgentKind kind, const HookConnection::Places& places) {
+  return kind == AgentKind::codex ? places.folders.codexIn(places.home) / "hooks.json"
+                                  : places.folders.claudeIn(places.home) / "settings.json";
 }
 
 }  // namespace
@@ -176,7 +177,8 @@ bool isConnected(AgentKind kind, const std::string& settings, const std::string&
 
 HookConnection::HookConnection(AgentKind kind, const Places& places)
     : kind_(kind),
-      settings_(places.home / relativeSettings(kind)),
+      home_(places.home),
+      settings_(settingsOf(kind, places)),
       backup_(settings_.native() + ".ambrel-backup"),
       before_(places.data / ("agent-hooks-" + std::string(nameOf(kind)) + "-before.json")) {
   // A program that was taken away leaves no error behind in every turn of the agent.
@@ -227,7 +229,9 @@ void HookConnection::disconnect() const {
 }
 
 std::string HookConnection::cannotChange() const {
-  return "Could not change ~/" + relativeSettings(kind_) + ". Check that it is valid JSON.";
+  std::string name = settings_.string();
+  if (const std::string home = home_.string() + "/"; name.starts_with(home)) name.replace(0, home.size(), "~/");
+  return "Could not change " + name + ". Check that it is valid JSON.";
 }
 
 }  // namespace ambrel

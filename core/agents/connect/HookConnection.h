@@ -15,6 +15,7 @@ class HookConnection {
     std::filesystem::path home;
     std::filesystem::path data;  // the program's own folder
     std::filesystem::path tool;  // tilebayctl; absolute
+    AgentFolders folders = {};
   };
   HookConnection(AgentKind kind, const Places& places);
 
@@ -27,12 +28,15 @@ class HookConnection {
   // Settings that nobody has changed since are the same to the byte as before.
   void disconnect() const;
 
+  // The file that is changed.
+  const std::filesystem::path& settings() const { return settings_; }
+
   // What the user reads when that failed: "Could not change ~/.claude/settings.json. Check that it is valid JSON."
   std::string cannotChange() const;
 
  private:
   AgentKind kind_;
-  std::filesystem::path settings_, backup_;
+  std::filesystem::path home_, settings_, backup_;
   std::filesystem::path before_;  // the bytes before the last connect
   std::string command_;
 };

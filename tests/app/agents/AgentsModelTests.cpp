@@ -5,6 +5,7 @@
 #include "app/agents/AgentsModel.h"
 #include "app/model/AppSettings.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/fakes/FakeFolderWatch.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/HeldWork.h"
 
@@ -63,6 +64,8 @@ struct Fixture {
   HeldWork held;
   FakeNotifications notifications;
   FakeWorkspace workspace;
+  FakeFolderWatch folders;
+  std::vector<std::pair<Seconds, std::function<void()>>> steps;
   Instant now = start;
   int finished = 0;
   AgentsModel model{settings, readers(), folder.path(), Calendar("UTC", "en_US"), seams()};
@@ -81,7 +84,9 @@ struct Fixture {
             .notifications = notifications,
             .workspace = workspace,
             .now = [this] { return now; },
-            .icon = [this](std::string_view bundleID) { return QString::fromStdString(workspace.iconOf(bundleID)); }};
+            .icon = [this](std::string_view bundleID) { return QString::fromStdString(workspace.iconOf(bundleID)); },
+            .folders = &folders,
+            .later = [this](Seconds delay, auto step) { steps.emplace_back(delay, std::move(step)); }};
   }
   // A whole poll that finds these sessions.
   void poll(std::vector<AgentSession> sessions) {
@@ -105,11 +110,8 @@ class AgentsModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void theFirstPollAnnouncesNothing_data();
   void theFirstPollAnnouncesNothing();
-  void transitionsAreAnnounced_data();
   void transitionsAreAnnounced();
-  void aSessionThatGoesAwayIsNotAnnounced();
   void withNotificationsOffTheFinishIsStillReported();
   void readsWithTheHomeFolderAndTheTimeOffTheMainThread();
   void anEqualListIsNotPublishedAgain();
@@ -120,69 +122,35 @@ class AgentsModelTests : public QObject {
   void agesChangeRowByRow();
   void sessionsOfTheSameIdAreAllKept();
   void rowsSayWhatIsShown();
-  void theSubtitleNamesTheToolWhenThereIsNothingElse_data();
-  void theSubtitleNamesTheToolWhenThereIsNothingElse();
+  void theSubtitleSaysTheProjectWhatIsDoneOrAskedAndWhere();
+  void saysHowAStatusIsKnown();
   void theIconComesWithTheProgram();
-  void countsAndSummary();
-  void openingBringsTheToolForwardOrOpensIt_data();
   void openingBringsTheToolForwardOrOpensIt();
+  void aKnownProcessLeadsToItsOwnWindowAndToNoOther();
+  void aChangeIsLookedAtAtOnceAndSeveralTogether();
+  void restsWhileEveryChangeIsToldAndNothingRuns();
 };
 
-void AgentsModelTests::theFirstPollAnnouncesNothing_data() {
-  QTest::addColumn<AgentStatus>("status");
-  for (const AgentStatus status : allCases<AgentStatus>()) QTest::newRow(std::string(nameOf(status)).c_str()) << status;
-}
-
 void AgentsModelTests::theFirstPollAnnouncesNothing() {
-  QFETCH(AgentStatus, status);
   Fixture f;
-  f.poll({session("codex:a", status)});
+  f.poll({session("codex:a", finished)});
   QCOMPARE(announced(f.notifications), QStringList());
   QCOMPARE(f.finished, 0);
   QCOMPARE(f.ids(), QStringList("codex:a"));
 }
 
-void AgentsModelTests::transitionsAreAnnounced_data() {
-  QTest::addColumn<AgentStatus>("before");
-  QTest::addColumn<AgentStatus>("after");
-  QTest::addColumn<QStringList>("news");
-  QTest::addColumn<int>("finished");
-  const QStringList done{"codex:a: Codex finished / web-shop"}, needs{"codex:a: Codex needs you / web-shop"};
-  QTest::newRow("working, finished") << working << AgentStatus::finished << done << 1;
-  QTest::newRow("working, needs input") << working << needsInput << needs << 0;
-  QTest::newRow("working, idle") << working << idle << QStringList() << 0;
-  QTest::newRow("working, working") << working << working << QStringList() << 0;
-  QTest::newRow("idle, needs input") << idle << needsInput << QStringList() << 0;
-  QTest::newRow("finished, needs input") << AgentStatus::finished << needsInput << QStringList() << 0;
-  QTest::newRow("needs input, finished") << needsInput << AgentStatus::finished << QStringList() << 0;
-}
-
 void AgentsModelTests::transitionsAreAnnounced() {
-  QFETCH(AgentStatus, before);
-  QFETCH(AgentStatus, after);
-  QFETCH(QStringList, news);
-  QFETCH(int, finished);
   Fixture f;
-  f.poll({session("codex:a", before), session("codex:b", working)});
-  f.poll({session("codex:a", after), session("codex:b", working), session("codex:new", AgentStatus::finished)});
-  if (!news.isEmpty()) QVERIFY(f.notifications.posted.front().sound);
-  QCOMPARE(announced(f.notifications), news);
-  QCOMPARE(f.finished, finished);
+  f.poll({session("codex:a", working), session("codex:b", working)});
+  f.poll({session("codex:a", needsInput), session("codex:b", AgentStatus::finished)});
+  QVERIFY(f.notifications.posted.front().sound);
+  QCOMPARE(announced(f.notifications),
+           QStringList({"codex:a: Codex needs you / web-shop", "codex:b: Codex finished / web-shop"}));
+  QCOMPARE(f.finished, 1);
   // What was announced once is not announced again.
-  f.poll({session("codex:a", after), session("codex:b", working)});
+  f.poll({session("codex:a", needsInput), session("codex:b", AgentStatus::finished)});
   QCOMPARE(announced(f.notifications), QStringList());
-  QCOMPARE(f.finished, finished);
-}
-
-void AgentsModelTests::aSessionThatGoesAwayIsNotAnnounced() {
-  Fixture f;
-  f.poll({session("codex:a", working)});
-  f.poll({});
-  QCOMPARE(f.ids(), QStringList());
-  // Nor is it when it comes back: nobody saw it working just before.
-  f.poll({session("codex:a", finished)});
-  QCOMPARE(announced(f.notifications), QStringList());
-  QCOMPARE(f.finished, 0);
+  QCOMPARE(f.finished, 1);
 }
 
 void AgentsModelTests::withNotificationsOffTheFinishIsStillReported() {
@@ -335,28 +303,29 @@ void AgentsModelTests::rowsSayWhatIsShown() {
   }
 }
 
-void AgentsModelTests::theSubtitleNamesTheToolWhenThereIsNothingElse_data() {
-  QTest::addColumn<QString>("project");
-  QTest::addColumn<QString>("detail");
-  QTest::addColumn<QString>("subtitle");
-  QTest::newRow("neither") << QString() << QString() << "Codex";
-  QTest::newRow("project") << "web-shop" << QString() << "web-shop";
-  QTest::newRow("detail") << QString() << "Thinking"
-                          << "Thinking";
-  QTest::newRow("the title is the project") << "Mend the build"
-                                            << "Bash" << QString::fromUtf8("Codex · Bash");
-}
-
-void AgentsModelTests::theSubtitleNamesTheToolWhenThereIsNothingElse() {
-  QFETCH(QString, project);
-  QFETCH(QString, detail);
-  QFETCH(QString, subtitle);
-  Fixture f;
-  AgentSession one = session("codex:a", working);
-  one.project = project.isNull() ? std::nullopt : std::optional(project.toStdString());
-  one.detail = detail.isNull() ? std::nullopt : std::optional(detail.toStdString());
-  f.poll({one});
-  QCOMPARE(f.shown(0, "subtitle"), subtitle);
+void AgentsModelTests::theSubtitleSaysTheProjectWhatIsDoneOrAskedAndWhere() {
+  const auto subtitle = [](auto change) {
+    Fixture f;
+    AgentSession one = session("codex:a", working);
+    change(one);
+    f.poll({one});
+    return f.shown(0, "subtitle");
+  };
+  QCOMPARE(subtitle([](AgentSession& s) { s.project.reset(); }), QString("Codex"));
+  QCOMPARE(subtitle([](AgentSession&) {}), QString("web-shop"));
+  // The title is the project.
+  QCOMPARE(subtitle([](AgentSession& s) {
+             s.title = "web-shop";
+             s.detail = "Bash";
+           }),
+           QString::fromUtf8("Codex · Bash"));
+  QCOMPARE(subtitle([](AgentSession& s) {
+             s.detail = "Working";
+             s.status = needsInput;
+             s.wait = AgentWait{.reason = AgentWait::Reason::permission};
+             s.place = AgentPlace::container;
+           }),
+           QString::fromUtf8("web-shop · Asks for a permission · in a container"));
 }
 
 void AgentsModelTests::theIconComesWithTheProgram() {
@@ -370,46 +339,100 @@ void AgentsModelTests::theIconComesWithTheProgram() {
   QCOMPARE(f.model.face().first.id, QStringLiteral("codex:b"));
 }
 
-void AgentsModelTests::countsAndSummary() {
+void AgentsModelTests::saysHowAStatusIsKnown() {
   Fixture f;
-  QCOMPARE(f.model.face().summary, QString("No agent activity"));
-  f.poll({session("codex:a", working), session("codex:b", working), session("codex:c", needsInput),
-          session("codex:d", idle)});
-  QCOMPARE(f.model.face().needsInput, 1);
-  QCOMPARE(f.model.face().working, 2);
-  QCOMPARE(f.model.face().finished, 0);
-  QCOMPARE(f.model.face().count, 4);
-  QCOMPARE(f.model.face().summary, QString("1 need you, 2 working, 1 idle"));
-  f.poll({session("codex:d", finished)});
-  QCOMPARE(f.model.face().summary, QString("1 done"));
-}
-
-void AgentsModelTests::openingBringsTheToolForwardOrOpensIt_data() {
-  QTest::addColumn<bool>("isRunning");
-  QTest::addColumn<bool>("isInstalled");
-  QTest::addColumn<QString>("id");
-  QTest::addColumn<int>("activated");
-  QTest::addColumn<int>("opened");
-  QTest::newRow("running") << true << true << "codex:a" << 1 << 0;
-  QTest::newRow("not running") << false << true << "codex:a" << 0 << 1;
-  QTest::newRow("not installed") << false << false << "codex:a" << 0 << 0;
-  QTest::newRow("unknown session") << true << true << "codex:b" << 0 << 0;
+  AgentSession told = session("codex:a", working);
+  told.word = AgentSession::Word{AgentWait::Source::hook, advanced(start, Seconds(-12))};
+  f.poll({told, session("codex:b", working, 20)});
+  QCOMPARE(f.model.origin("codex:a"), QString("Codex says so, 12s ago"));
+  QCOMPARE(f.model.origin("codex:b"), QString("Its log says so, 20s ago"));
+  QCOMPARE(f.model.origin("codex:gone"), QString());
 }
 
 void AgentsModelTests::openingBringsTheToolForwardOrOpensIt() {
-  QFETCH(bool, isRunning);
-  QFETCH(bool, isInstalled);
-  QFETCH(QString, id);
-  QFETCH(int, activated);
-  QFETCH(int, opened);
   Fixture f;
   f.poll({session("codex:a", working)});
   const std::string bundle(bundleIdentifier(AgentKind::codex));
-  if (isRunning) f.workspace.running.insert(bundle);
-  if (isInstalled) f.workspace.installed.insert(bundle);
-  f.model.openSession(id);
-  QVERIFY(f.workspace.activated == std::vector<std::string>(static_cast<std::size_t>(activated), bundle));
-  QVERIFY(f.workspace.opened == std::vector<std::string>(static_cast<std::size_t>(opened), bundle));
+  f.workspace.installed.insert(bundle);
+  f.model.openSession("codex:unknown");
+  QVERIFY(f.workspace.opened.empty());
+  f.model.openSession("codex:a");
+  QVERIFY(f.workspace.opened == std::vector{bundle});
+  f.workspace.running.insert(bundle);
+  f.model.openSession("codex:a");
+  QVERIFY(f.workspace.activated == std::vector{bundle});
+  QCOMPARE(f.workspace.opened.size(), 1u);
+}
+
+void AgentsModelTests::aKnownProcessLeadsToItsOwnWindowAndToNoOther() {
+  Fixture f;
+  const std::string bundle(bundleIdentifier(AgentKind::codex));
+  f.workspace.running.insert(bundle);
+  AgentSession here = session("codex:here", needsInput), there = session("codex:there", needsInput);
+  here.process = 7;
+  there.place = AgentPlace::otherComputer;
+  f.poll({here, there});
+  QSignalSpy problems(&f.model, &AgentsModel::problemFound);
+  f.workspace.processesWithWindows = {7};
+  f.model.openSession("codex:here");
+  QVERIFY(f.workspace.activatedProcesses == std::vector{7});
+  QCOMPARE(problems.count(), 0);
+  f.workspace.processesWithWindows = {};
+  f.model.openSession("codex:here");
+  f.model.openSession("codex:there");
+  QCOMPARE(problems.count(), 2);
+  QCOMPARE(problems.at(0).at(0).toString(), QString("Codex has no window"));
+  QCOMPARE(problems.at(1).at(0).toString(), QString("Codex runs elsewhere"));
+  QVERIFY(f.workspace.activated.empty());
+}
+
+void AgentsModelTests::aChangeIsLookedAtAtOnceAndSeveralTogether() {
+  Fixture f;
+  f.model.follow({{"hooks", 0, Seconds(0.05)}, {"logs", 1, Seconds(1)}});
+  QCOMPARE(f.folders.followed.size(), 2u);
+  f.poll({session("codex:a", idle)});
+  f.now = advanced(start, Seconds(0.5));
+  f.folders.change(1);
+  f.folders.change(1);
+  QCOMPARE(f.steps.size(), 1u);
+  QCOMPARE(f.steps.back().first, Seconds(0.5));
+  // A hook is more urgent than a log; the step that was to come is none any more.
+  f.folders.change(0);
+  QCOMPARE(f.steps.back().first, Seconds(0.05));
+  for (const auto& [delay, step] : std::exchange(f.steps, {})) step();
+  QCOMPARE(f.held.waiting.size(), 1u);
+  // What changes during the poll is seen by the next one.
+  f.folders.change(0);
+  QCOMPARE(f.steps.size(), 0u);
+  f.held.letGo();
+  QCOMPARE(f.steps.size(), 1u);
+  QCOMPARE(f.desk.reads, 2);
+}
+
+void AgentsModelTests::restsWhileEveryChangeIsToldAndNothingRuns() {
+  Fixture f;
+  f.model.follow({{"logs", 1, Seconds(1)}});
+  const auto polls = [&](double seconds) {
+    f.now = advanced(start, Seconds(seconds));
+    f.model.poll();
+    const bool has = !f.held.waiting.empty();
+    f.held.letGo();
+    return has;
+  };
+  f.poll({session("codex:a", AgentStatus::finished, 50)});
+  QVERIFY(!polls(3));
+  QVERIFY(!polls(27));
+  QCOMPARE(f.shown(0, "age"), QString("1m ago"));
+  QVERIFY(polls(30));
+  // What was told, and who works: that may end without a word.
+  f.folders.change(0);
+  QVERIFY(polls(33));
+  f.folders.isWhole = false;
+  QVERIFY(polls(36));
+  f.folders.isWhole = true;
+  QVERIFY(!polls(39));
+  f.poll({session("codex:a", working, 50)});
+  QVERIFY(polls(42));
 }
 
 }  // namespace ambrel

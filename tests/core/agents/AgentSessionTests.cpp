@@ -85,14 +85,5 @@ TEST(MergedSessions, OrdersByUrgencyThenNewestThenReader) {
   EXPECT_THAT(ids, ElementsAre("d", "e", "b", "c", "g", "f", "a"));
 }
 
-TEST(AgentKind, NamesEveryCase) {
-  for (const AgentKind kind : allCases<AgentKind>()) {
-    EXPECT_FALSE(displayName(kind).empty());
-    EXPECT_FALSE(bundleIdentifier(kind).empty());
-    EXPECT_EQ(fromName<AgentKind>(nameOf(kind)), kind);
-  }
-  EXPECT_EQ(fromName<AgentKind>("Codex"), std::nullopt);
-}
-
 }  // namespace
 }  // namespace ambrel

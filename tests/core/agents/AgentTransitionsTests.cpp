@@ -32,6 +32,12 @@ TEST(AgentTransitions, OnlyWorkThatEndedOrWaitsIsNews) {
         << nameOf(c.before) << " -> " << nameOf(c.after);
 }
 
+TEST(AgentTransitions, ATurnThatTheUserBrokeOffIsNoNews) {
+  AgentSession broken = session("a", finished);
+  broken.isInterrupted = true;
+  EXPECT_TRUE(agentTransitions({session("a", working)}, {broken}).empty());
+}
+
 TEST(AgentTransitions, SessionsThatComeOrGoAreNoNews) {
   EXPECT_TRUE(agentTransitions({}, {session("new", finished)}).empty());
   EXPECT_TRUE(agentTransitions({session("gone", working)}, {}).empty());

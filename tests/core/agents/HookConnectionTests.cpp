@@ -103,6 +103,19 @@ TEST(HookConnection, IsTakenBackToTheByteAndFollowsALink) {
   }
 }
 
+TEST(HookConnection, WritesToTheFolderThatTheToolUses) {
+  TemporaryFolder home;
+  const HookConnection hooks(claude, {.home = home.path(),
+                                      .data = home / "data",
+                                      .tool = "/opt/tilebayctl",
+                                      .folders = {.claude = home / "work/claude"}});
+  hooks.connect();
+  EXPECT_TRUE(hooks.isConnected());
+  EXPECT_EQ(hooks.settings(), home / "work/claude/settings.json");
+  EXPECT_FALSE(std::filesystem::exists(home / ".claude"));
+  EXPECT_THAT(hooks.cannotChange(), HasSubstr(" ~/work/claude/settings.json."));
+}
+
 TEST(HookConnection, KeepsWhatTheUserWroteWhileItWasConnected) {
   TemporaryFolder home;
   const HookConnection hooks(AgentKind::codex, {.home = home.path(), .data = home / "data", .tool = "/opt/tilebayctl"});

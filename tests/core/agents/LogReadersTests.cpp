@@ -140,16 +140,6 @@ TEST(CodexReader, WalksTheFoldersOfDays) {
   EXPECT_EQ(sessions[0], expected);
 }
 
-TEST(LogReaders, GiveNothingForAHomeWithoutTheTools) {
-  TemporaryFolder home;
-  EXPECT_THAT(ClaudeCodeReader().sessions(home.path(), noon), IsEmpty());
-  EXPECT_THAT(CodexReader().sessions(home.path(), noon), IsEmpty());
-  home.write(".claude", "a file");
-  home.write(".codex/sessions", "a file");
-  EXPECT_THAT(ClaudeCodeReader().sessions(home.path(), noon), IsEmpty());
-  EXPECT_THAT(CodexReader().sessions(home.path(), noon), IsEmpty());
-}
-
 TEST(ClaudeCodeReader, LooksForATitleInItsTailAlone) {
   const std::string title = "{\"type\":\"custom-title\",\"customTitle\":\"Mine\"}\n";
   // One line of exactly `size` bytes.

@@ -16,6 +16,8 @@ namespace {
 
 const Instant beginning = *parseISO8601("2026-11-21T12:00:00Z");
 constexpr double pollInterval = 3;
+// What a tool tells takes a moment on its way: until then, what was true before is not wrong.
+constexpr double settling = 0.5;
 constexpr std::int64_t ticksAtBeginning = 1'000'000, ticksPerSecond = 100;
 
 Instant at(double seconds) { return advanced(beginning, Seconds(seconds)); }
@@ -32,15 +34,22 @@ JSON filled(const JSON& json) {
 }
 
 struct Truth {
-  std::string status, reason, asks;
+  std::string status, reason;
+  std::optional<std::string> asks = {};  // absent: anything
+  bool isInterrupted = false;
   double since = 0;
   bool isWait() const { return status == "needsInput"; }
+  bool isTold(const AgentSession& session) const {
+    return nameOf(session.status) == status && session.isInterrupted == isInterrupted &&
+           (session.wait ? nameOf(session.wait->reason) : "") == reason &&
+           (!isWait() || !asks || session.wait->detail.value_or("") == *asks);
+  }
 };
 
 class Player {
  public:
-  explicit Player(const ReplayOptions& options)
-      : options_(options), hooks_(home_ / "data"), poll_(home_ / "data", home_ / "proc") {}
+  Player(std::string name, const ReplayOptions& options)
+      : options_(options), name_(std::move(name)), hooks_(home_ / "data"), poll_(home_ / "data", {}, home_ / "proc") {}
 
   void play(const JSON& step) {
     const double now = step.at("at");
@@ -68,7 +77,13 @@ class Player {
       callHook(step);
     } else if (step.contains("truth")) {
       Truth& truth = truths_[step.at("truth")];
-      truth = {step.at("status"), step.value("reason", ""), step.value("asks", ""), now};
+      formerTruths_[step.at("truth")] = truth;
+      truth = {.status = step.at("status"),
+               .reason = step.value("reason", ""),
+               .isInterrupted = step.value("isInterrupted", false),
+               .since = now};
+      const bool isTold = options_.hasHooks || !step.value("onlyHooksTell", false);
+      if (step.contains("asks")) truth.asks = isTold ? step.at("asks").get<std::string>() : std::string();
       if (truth.isWait()) ++score_.waits;
       waiting_.erase(step.at("truth").get<std::string>());
     }
@@ -79,19 +94,18 @@ class Player {
       const auto found = truths_.find(session.id);
       if (found == truths_.end()) continue;
       const Truth& truth = found->second;
-      const std::string status(nameOf(session.status));
-      const std::string reason(session.wait ? nameOf(session.wait->reason) : "");
-      const std::string asks = session.wait ? session.wait->detail.value_or("") : "";
-      const bool agrees =
-          status == truth.status && reason == truth.reason && (truth.asks.empty() || asks == truth.asks);
+      const bool isRight = truth.isTold(session);
+      const bool agrees = isRight || (now - truth.since < settling && formerTruths_[session.id].isTold(session));
       ++score_.moments;
       if (agrees) ++score_.agreeing;
-      if (truth.isWait() && agrees && now - truth.since <= pollInterval && waiting_.insert(session.id).second)
+      if (truth.isWait() && isRight && now - truth.since <= pollInterval && waiting_.insert(session.id).second)
         ++score_.found;
-      if (!truth.isWait() && session.status == AgentStatus::needsInput) ++score_.falseAlarms;
+      if (!truth.isWait() && !agrees && session.status == AgentStatus::needsInput) ++score_.falseAlarms;
       if (!agrees)
-        score_.differences += fmt::format("  at {:.0f} {}: {} {} \"{}\" instead of {} {} \"{}\"\n", now, session.id,
-                                          status, reason, asks, truth.status, truth.reason, truth.asks);
+        score_.differences += fmt::format("  {} at {:.0f}: {} {} \"{}\" instead of {} {} \"{}\"\n", name_, now,
+                                          nameOf(session.status), session.wait ? nameOf(session.wait->reason) : "",
+                                          session.wait ? session.wait->detail.value_or("") : "", truth.status,
+                                          truth.reason, truth.asks.value_or(""));
     }
   }
 
@@ -121,10 +135,11 @@ class Player {
   }
 
   ReplayOptions options_;
+  std::string name_;
   TemporaryFolder home_;
   HookStoreFiles hooks_;
   AgentPoll poll_;
-  std::map<std::string, Truth> truths_;
+  std::map<std::string, Truth> truths_, formerTruths_;
   std::set<std::string> waiting_;
   ReplayScore score_;
 };
@@ -142,7 +157,7 @@ ReplayScore& ReplayScore::operator+=(const ReplayScore& other) {
 }
 
 ReplayScore replay(const std::filesystem::path& recording, const ReplayOptions& options) {
-  Player player(options);
+  Player player(recording.stem(), options);
   std::ifstream file(recording);
   double next = 0;
   for (std::string line; std::getline(file, line);) {

@@ -9,7 +9,9 @@
 //   {"process":PID,"start":TICKS}, {"processGone":PID}, {"child":PID,"of":PID,"start":TICKS},
 //   {"childGone":PID,"of":PID}
 //   {"hook":KIND,"pid":PID,"input":{...}}  a tool's process calls its hook
-//   {"truth":SESSION,"status":...,"reason":...,"asks":...}  what the user sees from now on
+//   {"truth":SESSION,"status":...,"reason":...,"asks":...}  what the user sees from now on; with
+//     "isInterrupted" the user broke the turn off; with "onlyHooksTell" neither the registry nor the log says what is
+//     asked
 
 #include <filesystem>
 #include <string>

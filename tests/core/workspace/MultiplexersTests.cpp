@@ -113,5 +113,40 @@ TEST(Multiplexers, ATerminalWithoutOneAsksNothing) {
   EXPECT_THAT(paneQuestions(terminal, {terminal}, table), IsEmpty());
 }
 
+// The window that comes forward for a process, when the pane's command prints `answer`.
+std::optional<std::uint32_t> windowFor(int pid, std::string_view answer, const std::vector<WindowRecord>& windows,
+                                       const std::vector<ProcessRecord>& table) {
+  return windowOfProcess(pid, paneOf(pid, table), answer, windows, table);
+}
+
+TEST(Multiplexers, TheWindowOfAProcessIsItsTerminalOrThatOfAClientOfItsSession) {
+  const Variables inside{{"TMUX", "/tmp/tmux/default,40,0"}, {"TMUX_PANE", "%3"}};
+  const WindowRecord other{200, 20, "xterm", "XTerm"};
+  const std::vector<ProcessRecord> table{process(10, 1, "xterm"),
+                                         process(12, 10, "tmux: client", {"tmux"}),
+                                         process(20, 1, "xterm"),
+                                         process(22, 20, "tmux: client", {"tmux"}),
+                                         process(23, 20, "codex"),
+                                         process(40, 1, "tmux: server", {"tmux"}),
+                                         process(42, 40, "claude", {}, inside)};
+  EXPECT_THAT(paneOf(42, table)->command,
+              ElementsAre("tmux", "-S", "/tmp/tmux/default", "select-window", "-t", "%3", ";", "select-pane", "-t",
+                          "%3", ";", "list-clients", "-t", "%3", "-F", "#{client_pid}"));
+  EXPECT_EQ(windowFor(42, "12\n", {terminal, other}, table), 100U);
+  EXPECT_EQ(windowFor(42, "12\n22\n", {terminal, other}, table), 200U);
+  // Nobody is attached to its session.
+  EXPECT_EQ(windowFor(42, "", {terminal, other}, table), std::nullopt);
+  EXPECT_EQ(windowFor(23, "", {other, terminal}, table), 200U);
+  EXPECT_EQ(windowFor(99, "", {other, terminal}, table), std::nullopt);
+}
+
+TEST(Multiplexers, AWindowOfScreenIsChosenAndItsTerminalComesForward) {
+  const Variables inside{{"STY", "40.work"}, {"WINDOW", "2"}};
+  const std::vector<ProcessRecord> table{process(10, 1, "xterm"), process(12, 10, "screen", {"screen", "-r"}),
+                                         process(40, 1, "screen", {"SCREEN"}), process(42, 40, "claude", {}, inside)};
+  EXPECT_THAT(paneOf(42, table)->command, ElementsAre("screen", "-S", "40.work", "-X", "select", "2"));
+  EXPECT_EQ(windowFor(42, "", {terminal}, table), 100U);
+}
+
 }  // namespace
 }  // namespace ambrel

@@ -6,6 +6,9 @@
 #include <QSet>
 #include <gtest/gtest.h>
 
+#include "core/agents/attention/Processes.h"
+#include "core/base/Files.h"
+#include "core/base/JSON.h"
 #include "core/base/UserDefaults.h"
 #include "core/profiles.h"
 #include "core/widgets.h"
@@ -289,6 +292,75 @@ TEST_F(Keyboard, AnswersTheBubble) {
   const std::string first = spoken();
   EXPECT_TRUE(press("Delete"));
   EXPECT_TRUE(waitFor([&] { return spoken() != first; }));
+  quit();
+}
+
+// A tool in a terminal, played by the test, calls the hooks that were put into its settings.
+TEST_F(Keyboard, ShowsAtOnceWhatAnAgentAsks) {
+  const auto home = folder_ / "home";
+  const QString homeName = QString::fromStdString(home);
+  const auto now = std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+  folder_.write("home/.claude/projects/-x/s1.jsonl",
+                R"({"type":"user","cwd":"/home/mira/web-shop","message":{"content":"ship it"},"timestamp":")" +
+                    iso8601(now) + "\"}\n");
+  const std::string stat = readFile("/proc/self/stat").value();
+  folder_.write("home/.claude/sessions/" + std::to_string(getpid()) + ".json",
+                compactJSON({{"pid", getpid()},
+                             {"sessionId", "s1"},
+                             {"procStart", std::string(processStart(stat).value())},
+                             {"status", "busy"},
+                             {"statusUpdatedAt",
+                              std::chrono::floor<std::chrono::milliseconds>(now).time_since_epoch().count()}}));
+  const Outcome connected = run(TILEBAYCTL_PROGRAM, {"--home", homeName, "--data", homeName + "/.local/share/Ambrel",
+                                                     "agents", "connect", "claudeCode"});
+  ASSERT_EQ(connected.status, 0) << connected.output;
+  ASSERT_NO_FATAL_FAILURE(start({"agents", "buddy"}));
+  const auto command = [&](const char* event) {
+    const auto settings = parseJSON(readFile(home / ".claude/settings.json").value());
+    return settings->at("hooks").at(event).at(0).at("hooks").at(0).at("command").get<std::string>();
+  };
+  const auto tell = [&](const char* event) {
+    const JSON input{{"hook_event_name", event},
+                     {"session_id", "s1"},
+                     {"tool_name", "Bash"},
+                     {"tool_input", {{"command", "make deploy"}}}};
+    folder_.write("input.json", compactJSON(input));
+    run("env", {"-u", "XDG_DATA_HOME", "HOME=" + homeName, "sh", "-c",
+                QString::fromStdString(command(event) + " <" + (folder_ / "input.json").string())});
+  };
+  ASSERT_EQ(run(TILEBAY_PROGRAM, {"--toggle-agents"}).status, 0);
+  // The row in the list, by its name.
+  const std::function<QString(const QString&, int)> rowBelow = [&](const QString& path, int depth) {
+    if (const auto item = reader_.item(path); item.name.startsWith("web-shop, ")) return item.name;
+    for (const QString& child : depth > 0 ? reader_.children(path) : std::vector<QString>())
+      if (const QString found = rowBelow(child, depth - 1); !found.isEmpty()) return found;
+    return QString();
+  };
+  const auto row = [&] {
+    for (const QString& window : visibleWindows())
+      if (reader_.item(window).name.isEmpty())
+        if (const QString found = rowBelow(window, 8); !found.isEmpty()) return found;
+    return QString();
+  };
+  ASSERT_TRUE(waitFor([&] { return row().contains("Working"); }, 10000)) << row().toStdString() << said();
+
+  tell("PermissionRequest");
+  // Long before a poll comes round.
+  QElapsedTimer clock;
+  clock.start();
+  EXPECT_TRUE(waitFor([&] { return row().contains("Bash: make deploy, Needs you"); })) << row().toStdString();
+  const auto delay = clock.elapsed();
+  shoot();
+  EXPECT_LT(delay, 2500);
+  press("Escape");
+  const auto bubble = [&] {
+    const auto shown = visibleWindows();
+    return std::ranges::any_of(shown, [&](const QString& window) { return isMessage(window); });
+  };
+  EXPECT_TRUE(waitFor(bubble)) << "nobody speaks";
+  shoot();
+  tell("PostToolUse");
+  EXPECT_TRUE(waitFor([&] { return !bubble(); })) << "it has been answered";
   quit();
 }
 

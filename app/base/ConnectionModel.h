@@ -1,0 +1,60 @@
+#pragma once
+// A connection to another program that is made in its settings, as a row of ours shows it.
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+#include <memory>
+
+#include "app/base/FollowedFile.h"
+
+namespace ambrel {
+
+// Works on the main thread, at the user's request: it changes a few small files.
+class ConnectionModel : public QObject {
+  Q_OBJECT
+  QML_ANONYMOUS
+  Q_PROPERTY(bool isConnected READ isConnected NOTIFY changed FINAL)
+  // What the row says about the present state.
+  Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+  // Why the last change was not made; empty when it was.
+  Q_PROPERTY(QString problem READ problem NOTIFY changed FINAL)
+
+ public:
+  using QObject::QObject;
+
+  bool isConnected() const { return isConnected_; }
+  virtual QString text() const = 0;
+  QString problem() const { return problem_; }
+
+  // The settings may have been changed by hand. They are also looked at whenever their file changes.
+  Q_INVOKABLE void look();
+  // Not named connect and disconnect, which QObject has already.
+  Q_INVOKABLE void install();
+  Q_INVOKABLE void remove();
+
+ Q_SIGNALS:
+  void changed();
+  // The connection was made or undone.
+  void connectionChanged();
+
+ protected:
+  // Called by the constructor of the connection.
+  void follow(const std::filesystem::path& settings);
+
+  virtual bool isMade() const = 0;
+  // These throw what stands in the way.
+  virtual void make() = 0;
+  virtual void unmake() = 0;
+  // What the user reads then.
+  virtual QString cannotChange() const = 0;
+
+ private:
+  void perform(void (ConnectionModel::*action)());
+  void update(bool isConnected, const QString& problem);
+
+  bool isConnected_ = false;
+  QString problem_;
+  std::unique_ptr<FollowedFile> settings_;
+};
+
+}  // namespace ambrel
