@@ -8,7 +8,7 @@
 
 #include "core/base/Text.h"
 #include "core/clipboard/Capture.h"
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 namespace ambrel {
 namespace {

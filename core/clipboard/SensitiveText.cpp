@@ -7,7 +7,7 @@
 
 #include "core/clipboard.h"
 #include "core/clipboard/Expressions.h"
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 namespace ambrel {
 namespace {
