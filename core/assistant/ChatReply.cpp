@@ -86,8 +86,9 @@ bool ChatReply::takeDocument(std::string_view text) {
     if (choices->empty()) return true;
     const JSON& choice = choices->front();
     if (const JSON* delta = objectField(choice, "delta")) takeMessage(*delta);
-    if (const JSON* message = objectField(choice, "message")) takeMessage(*message);
-    if (stringField(choice, "finish_reason")) isComplete_ = true;
+    const JSON* whole = objectField(choice, "message");
+    if (whole) takeMessage(*whole);
+    if (whole || stringField(choice, "finish_reason")) isComplete_ = true;
     return true;
   }
   const JSON* message = objectField(*document, "message");
