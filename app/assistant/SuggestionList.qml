@@ -5,7 +5,7 @@ import Ambrel.Kit
 Column {
     id: root
 
-    required property list<string> suggestions
+    required property var suggestions
 
     signal chosen(string text)
 

@@ -41,7 +41,7 @@ std::string_view sentence(ModelAbsence absence) {
     case ModelAbsence::off:
       return "Turn on the language model in Settings."_local;
     case ModelAbsence::notFound:
-      return "No model server answers on this {machine}."_local;
+      return "No model server is running here.";
     case ModelAbsence::notAllowed:
       return "The model server is on another {machine}. Allow it in Settings."_local;
     case ModelAbsence::noModel:

@@ -54,7 +54,7 @@ void AssistantTests::withoutAModelTheGrammarAnswers() {
   Room room;
   room.model.missing = ModelAbsence::notFound;
   room.assistant.open();
-  QCOMPARE(room.assistant.warning(), "No model server answers on this computer. Simple commands still work.");
+  QCOMPARE(room.assistant.warning(), "No model server is running here. Simple commands still work.");
   room.assistant.ask(QStringLiteral(" add CPU and Clock\n"));
   QCOMPARE(room.turn(0).question, "add CPU and Clock");
   QCOMPARE(room.turn(0).answer, "Did CPU. Did Clock.");

@@ -340,7 +340,7 @@ TEST_F(Keyboard, AsksTheModelAndThenTheGrammar) {
   ASSERT_EQ(run(TILEBAY_PROGRAM, {"--ask", "pin nobody"}).status, 0);
   EXPECT_TRUE(waitFor([&] { return isVisible(*panel); }));
   EXPECT_TRUE(waitFor([&] { return says(*panel, "pin nobody. No profile matches nobody. Profiles: All."); }));
-  EXPECT_TRUE(says(*panel, "No model server answers on this computer. Simple commands still work."));
+  EXPECT_TRUE(says(*panel, "No model server is running here. Simple commands still work."));
   shoot();
   quit();
 }
