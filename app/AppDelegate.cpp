@@ -90,6 +90,7 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
                   .now = surroundings_.now}),
       due_(desktop_.wallClock),
       gallery_(model_),
+      languageModel_(defaults_),
       pointers_(desktop_.pointer) {
   prepareTheme();
   keepCopiesFromTextFields();
@@ -200,6 +201,7 @@ void AppDelegate::makeAreas() {
                                      DiskArea::Seams{.engine = engine_,
                                                      .windowStyle = desktop_.windowStyle,
                                                      .trash = desktop_.trash,
+                                                     .model = languageModel_,
                                                      .calendar = calendar,
                                                      .now = now},
                                      shell);
@@ -217,8 +219,16 @@ void AppDelegate::makeAreas() {
                                                                 .calendar = calendar,
                                                                 .now = now,
                                                                 .later = later()});
-  areas_ = {time_.get(),    telemetry_.get(), usage_.get(), disk_.get(), focus_.get(),
-            weather_.get(), &clipboard_,      buddy_.get(), &agents_};
+  assistant_ = std::make_unique<AssistantArea>(
+      AssistantArea::Seams{.defaults = defaults_,
+                           .model = languageModel_,
+                           .buddy = *buddy_->center()->buddy(),
+                           .actions = {.model = model_,
+                                       .agents = *agents_.agents(),
+                                       .folding = SearchFolding::forLocale(calendar().locale()),
+                                       .now = now}});
+  areas_ = {time_.get(),    telemetry_.get(), usage_.get(), disk_.get(),      focus_.get(),
+            weather_.get(), &clipboard_,      buddy_.get(), assistant_.get(), &agents_};
   for (Area* area : areas_) buddy_->follow(*area);
   connect(&agents(), &AgentsModel::sessionFinished, notices(), &BuddyNoticeCenter::sessionFinished);
   connect(focus_->pomodoro(), &PomodoroTimer::phaseEnded, notices(), [this](PomodoroPhase ended) {
@@ -251,6 +261,7 @@ void AppDelegate::followContext() {
     toast_.show(title, detail, symbol);
   });
   on(&WidgetContext::copyText, [this](const QString& text) { copyText(text); });
+  on(&WidgetContext::askBuddy, [this](const QString& question) { askBuddy(question); });
   on(&WidgetContext::openCustomize, [this] { panels_->open(*customizePanel()); });
   on(&WidgetContext::openSettings, [this](const QString& tab) { openSettings(tab); });
   on(&WidgetContext::chooseSettingsTab, [this](const QString& tab) { chooseSettingsTab(tab); });
@@ -311,6 +322,16 @@ void AppDelegate::makePanels() {
   license_.showUpsell = [this] { panels_->toggle(panel("Panels", "UpsellView")); };
   connect(inboxPanel(), &DockPopoverController::shownChanged, wiring_.get(),
           [this] { notices()->setInboxOpen(inboxPanel()->isShown()); });
+  connect(assistantPanel(), &DockPopoverController::shownChanged, wiring_.get(), [this] {
+    if (assistantPanel()->isShown()) assistant()->open();
+  });
+  connect(assistant_.get(), &AssistantArea::asked, wiring_.get(), [this](const QString& text) { askBuddy(text); });
+  connect(assistant_.get(), &AssistantArea::panelAsked, wiring_.get(), [this] {
+    if (assistantPanel()->isShown())
+      assistantPanel()->close();
+    else
+      askBuddy({});
+  });
   welcomePanel()->setStays(true);
 }
 
@@ -337,6 +358,10 @@ DockPopoverController& AppDelegate::panel(const char* module, const char* file, 
   return panels_->panel(QLatin1String(module), QLatin1String(file), properties);
 }
 
+DockPopoverController* AppDelegate::inboxPanel() {
+  return &panel("Buddy", "BuddyInboxLayout", {{QStringLiteral("canAsk"), true}});
+}
+
 DockPopoverController* AppDelegate::customizePanel() {
   return &panel("Panels", "CustomizeView", {{QStringLiteral("gallery"), toVariant(gallery_)}});
 }
@@ -346,7 +371,8 @@ DockPopoverController* AppDelegate::settingsPanel() {
       {QStringLiteral("agents"), QVariantMap{{QStringLiteral("agents"), toVariant(agents_)}}},
       {QStringLiteral("clipboard"), QVariantMap{{QStringLiteral("clipboard"), toVariant(*clipboard_.clipboard())}}},
       {QStringLiteral("buddy"), QVariantMap{{QStringLiteral("statusLine"), toVariant(*usage_->statusLine())},
-                                            {QStringLiteral("budget"), toVariant(*usage_->budget())}}}};
+                                            {QStringLiteral("budget"), toVariant(*usage_->budget())},
+                                            {QStringLiteral("modelServer"), toVariant(*assistant_->server())}}}};
   return &panel("Panels", "SettingsView",
                 {{QStringLiteral("pages"), pages},
                  {QStringLiteral("tab"), QString::fromStdString(defaults_.string("settingsTab").value_or("general"))},
@@ -429,6 +455,7 @@ void AppDelegate::followDefaults() {
     for (Area* area : areas_) area->defaultsChanged(keys);
   });
   stored_.follow();
+  model_.followFile();
 }
 
 void AppDelegate::followZone() {
@@ -486,6 +513,12 @@ void AppDelegate::chooseSettingsTab(const QString& tab) {
 void AppDelegate::openSettings(const QString& tab) {
   chooseSettingsTab(tab);
   panels_->open(*settingsPanel());
+}
+
+void AppDelegate::askBuddy(const QString& question) {
+  if (!permits(ProFeature::askBuddy)) return;
+  panels_->open(*assistantPanel(), context_->itemOf(idOf(DockWidget::buddy)));
+  if (!question.trimmed().isEmpty()) assistant()->ask(question);
 }
 
 bool AppDelegate::isAnyPanelOpen() const { return shelf_->isShown() || panels_->isAnyShown(); }
@@ -573,7 +606,6 @@ void AppDelegate::carryOut(const Wish& wish) {
                         [this](const wish::Settings&) { panels_->open(*settingsPanel()); },
                         [](const wish::Quit&) { QCoreApplication::exit(); },
                         [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },
-                        [&](const wish::Ask&) { notYet(tr("Ask Buddy")); },
                         // The areas' own.
                         [](const auto&) {}},
              wish);

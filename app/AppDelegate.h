@@ -12,6 +12,7 @@
 #include "app/StoredDefaults.h"
 #include "app/TrayMenu.h"
 #include "app/agents/AgentsArea.h"
+#include "app/assistant/AssistantArea.h"
 #include "app/base/DueTimer.h"
 #include "app/base/PointerRelay.h"
 #include "app/buddy/BuddyArea.h"
@@ -65,10 +66,12 @@ class AppDelegate : public QObject, private Shell {
   ContextPeeker* peeker() { return peeker_.get(); }
   DockPanelController* dock() { return dock_.get(); }
   DockPopoverController* agentsPanel() { return &panel("Agents", "AgentsPanelView"); }
-  DockPopoverController* inboxPanel() { return &panel("Buddy", "BuddyInboxLayout"); }
+  DockPopoverController* inboxPanel();
+  DockPopoverController* assistantPanel() { return &panel("Assistant", "AssistantPanel"); }
   DockPopoverController* customizePanel();
   DockPopoverController* welcomePanel() { return &panel("Panels", "WelcomeView"); }
   DockPopoverController* settingsPanel();
+  Assistant* assistant() { return assistant_->assistant(); }
   BuddyNoticeCenter* notices() { return buddy_->center(); }
   FocusArea& focus() { return *focus_; }
   WeatherArea& weather() { return *weather_; }
@@ -97,6 +100,8 @@ class AppDelegate : public QObject, private Shell {
 
   DockPopoverController& panel(const char* module, const char* file, const QVariantMap& properties = {});
   void openSettings(const QString& tab);
+  // An empty question is for the user to type.
+  void askBuddy(const QString& question);
   void chooseSettingsTab(const QString& tab);
   // Whether the licence allows the feature; if not, it says what the licence would give.
   bool permits(ProFeature feature);
@@ -132,10 +137,12 @@ class AppDelegate : public QObject, private Shell {
   std::unique_ptr<TimeArea> time_;
   std::unique_ptr<TelemetryArea> telemetry_;
   std::unique_ptr<UsageArea> usage_;
+  ChatServerModel languageModel_;
   std::unique_ptr<DiskArea> disk_;
   std::unique_ptr<FocusArea> focus_;
   std::unique_ptr<WeatherArea> weather_;
   std::unique_ptr<BuddyArea> buddy_;
+  std::unique_ptr<AssistantArea> assistant_;
   std::vector<Area*> areas_;  // all of them; the agents' last, which answer what is nobody else's
   Instant bubblePeek_{};      // until when the bubble's peek lasts
   std::unique_ptr<WidgetContext> context_;

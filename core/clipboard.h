@@ -15,6 +15,7 @@
 
 #include "core/base/EnumText.h"
 #include "core/base/Instant.h"
+#include "core/base/SearchFolding.h"
 #include "core/base/UUID.h"
 
 namespace ambrel {
@@ -78,19 +79,6 @@ struct ClipFilter {
   bool admits(const ClipItem& item) const;
 
   friend auto operator<=>(const ClipFilter&, const ClipFilter&) = default;
-};
-
-// How texts are folded before they are compared in a search: case and diacritics do not count.
-struct SearchFolding {
-  bool hasDotlessI = false;  // Turkish and Azerbaijani, where I is the capital of ı
-
-  // From an ICU or POSIX locale name ("tr_TR.UTF-8").
-  static SearchFolding forLocale(std::string_view locale);
-  std::string folded(std::string_view text) const;
-  // Whether the text can be searched as it is (ClipQuery::matchesASCII): folding changes no more than its capitals.
-  bool leavesSearchable(std::string_view text) const;
-
-  friend bool operator==(const SearchFolding&, const SearchFolding&) = default;
 };
 
 // A search as typed, ready to be held against many clips: blanks at both ends do not count, newlines do.

@@ -26,7 +26,7 @@ enum class ThemeChoice { system, dark, light };
 // Where a setting has its control: on a page of the settings, in the panel of its tile, or nowhere.
 enum class SettingPage { general, appearance, tiles, buddy, agents, clipboard, panel, none };
 
-enum class SettingType { boolean, integer, word, words, address, texts };
+enum class SettingType { boolean, integer, word, words, address, text, texts };
 
 struct SettingRow {
   const char* key;
@@ -72,14 +72,16 @@ namespace setting {
 #define AMBREL_WORD(KEY, ENUM, ...) extern const Setting<ENUM> KEY;
 #define AMBREL_WORDS(KEY, ENUM, ...) extern const Setting<std::set<ENUM>> KEY;
 #define AMBREL_ADDRESS(KEY, ...) extern const Setting<std::string> KEY;
+#define AMBREL_TEXT(KEY, ...) extern const Setting<std::string> KEY;
 #define AMBREL_TEXTS(KEY, ...) extern const Setting<std::vector<std::string>> KEY;
 AMBREL_SHARED_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_WORDS, AMBREL_TEXTS)
-AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS)
+AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS, AMBREL_TEXT)
 #undef AMBREL_BOOLEAN
 #undef AMBREL_INTEGER
 #undef AMBREL_WORD
 #undef AMBREL_WORDS
 #undef AMBREL_ADDRESS
+#undef AMBREL_TEXT
 #undef AMBREL_TEXTS
 }  // namespace setting
 

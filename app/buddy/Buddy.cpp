@@ -18,6 +18,14 @@ void Buddy::setAsleep(bool asleep) {
 
 void Buddy::showHappy(Seconds length) { begin(happy_, length); }
 
+void Buddy::showError(Seconds length) { begin(error_, length); }
+
+void Buddy::setThinking(bool thinking) {
+  if (thinking == isThinking_) return;
+  isThinking_ = thinking;
+  update();
+}
+
 void Buddy::play(BuddyTrigger trigger, Seconds length) {
   reactionPose_ = poseOf(trigger);
   isAsleep_ = false;
@@ -36,6 +44,8 @@ void Buddy::begin(Spell& spell, Seconds length) {
 }
 
 BuddyPose Buddy::mood() const {
+  if (isThinking_) return BuddyPose::thinking;
+  if (error_.isOn) return BuddyPose::error;
   if (happy_.isOn) return BuddyPose::happy;
   return isAsleep_ ? BuddyPose::asleep : BuddyPose::idle;
 }
@@ -50,6 +60,7 @@ void Buddy::update() {
 QString Buddy::poseName() const { return toQString(nameOf(pose_)); }
 
 QString Buddy::moodText() const {
+  if (isThinking_) return tr("Thinking");
   if (happy_.isOn) return tr("Happy");
   return isAsleep_ ? tr("Asleep") : tr("Awake");
 }

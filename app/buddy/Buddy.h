@@ -29,6 +29,9 @@ class Buddy : public QObject {
 
   void setAsleep(bool asleep);
   void showHappy(Seconds length);
+  void showError(Seconds length);
+  // Works on an answer, until he is told that he has it.
+  void setThinking(bool thinking);
   // Wakes him.
   void play(BuddyTrigger trigger, Seconds length = briefly);
 
@@ -51,9 +54,9 @@ class Buddy : public QObject {
   BuddyPose mood() const;
 
   DelayedStep later_;
-  Spell happy_, reaction_;
+  Spell happy_, error_, reaction_;
   BuddyPose reactionPose_ = BuddyPose::idle;
-  bool isAsleep_ = false;
+  bool isAsleep_ = false, isThinking_ = false;
   BuddyPose pose_ = BuddyPose::idle;
 };
 

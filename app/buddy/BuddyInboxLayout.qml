@@ -186,8 +186,6 @@ Popover {
                 hint: qsTr("Ask Buddy")
                 symbol: "text.bubble"
                 onAccepted: {
-                    if (text === "")
-                        return;
                     root.ask(text);
                     text = "";
                 }

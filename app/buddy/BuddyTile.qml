@@ -15,6 +15,9 @@ TileFrame {
     readonly property int newCount: center.inbox.newCount
     readonly property string news: newCount === 0 ? center.buddy.moodText : newCount === 1 ? qsTr("1 new note") : qsTr("%1 new notes").arg(newCount)
 
+    // Something for Ask Buddy; empty to type it there.
+    signal ask(string question)
+
     function takeKeyboard() {
         forceActiveFocus(Qt.TabFocusReason);
     }
@@ -26,6 +29,9 @@ TileFrame {
     }
 
     panel: Qt.resolvedUrl("BuddyInboxLayout.qml")
+    menuText: qsTr("Ask Buddy")
+    menuSymbol: "text.bubble"
+    onMenuChosen: ask("")
     hasHeader: false
     label: center.hasBubble ? name + ". " + center.bubble.spoken : name + ", " + news
     tip: center.hasBubble ? "" : qsTr("Buddy: %1").arg(news)

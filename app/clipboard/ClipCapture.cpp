@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 namespace ambrel {
 namespace {

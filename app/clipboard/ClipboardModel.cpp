@@ -8,7 +8,7 @@
 #include "app/base/StoredValue.h"
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 namespace ambrel {
 

@@ -58,6 +58,8 @@ class WidgetContext : public QObject {
   // What tiles and panels ask for; the program around them carries it out.
   void showToast(const QString& title, const QString& detail, const QString& symbol);
   void copyText(const QString& text);
+  // Opens Ask Buddy; an empty question is for the user to type.
+  void askBuddy(const QString& question);
   void openCustomize();
   void openSettings(const QString& tab);
   // Another page of the settings that are open.

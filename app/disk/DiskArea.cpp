@@ -74,6 +74,7 @@ DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell,
               DiskDoctor::Seams{.background = background_,
                                 .now = seams_.now,
                                 .calendar = seams_.calendar,
+                                .model = &seams_.model,
                                 .hasAccess = [home = home_] { return access(home.c_str(), R_OK | X_OK) == 0; },
                                 .runtimes = [] { return readRuntimes(SimulatorTool{}); }}),
       window_(seams_.engine, seams_.windowStyle, doctor_) {

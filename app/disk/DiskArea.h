@@ -23,6 +23,7 @@ class DiskArea : public Area {
     QQmlEngine& engine;
     WindowStyle& windowStyle;
     Trash& trash;
+    LanguageModel& model;
     Calendar calendar;
     std::function<Instant()> now;
   };

@@ -1,5 +1,6 @@
 #include "app/disk/DiskDoctor.h"
 
+#include <QPointer>
 #include <QQmlEngine>
 #include <algorithm>
 #include <filesystem>
@@ -217,31 +218,40 @@ void DiskDoctor::finishAnalysis(AnalysisOutcome& outcome) {
   askForHeadline();
 }
 
+// A model may come and go while the window is open.
+void DiskDoctor::withModel(std::function<void(LanguageModel&)> ask) {
+  if (!seams_.model) return;
+  seams_.model->check([self = QPointer(this), generation = generation_, ask = std::move(ask)] {
+    if (self && generation == self->generation_ && self->seams_.model->isAvailable()) ask(*self->seams_.model);
+  });
+}
+
 void DiskDoctor::askForHeadline() {
-  if (!usesLiveBuddy()) return;
-  seams_.model->respond(
-      {.instructions = std::string(DiskPrompts::systemText()),
-       .prompt = DiskPrompts::summaryPrompt(*explorer_.root(), findings_.findings(), seams_.calendar)},
-      scanTask_.get_token(), [this, generation = generation_](std::optional<std::string> answer) {
-        if (generation != generation_ || !answer || answer->empty()) return;
-        face_.headline = shownName(*answer);
-        Q_EMIT faceChanged();
-      });
+  withModel([this](LanguageModel& model) {
+    model.respond({.instructions = std::string(DiskPrompts::systemText()),
+                   .prompt = DiskPrompts::summaryPrompt(*explorer_.root(), findings_.findings(), seams_.calendar)},
+                  scanTask_.get_token(), [this, generation = generation_](const LanguageModel::Answer& answer) {
+                    if (generation != generation_ || answer.text.empty()) return;
+                    face_.headline = shownName(answer.text);
+                    Q_EMIT faceChanged();
+                  });
+  });
 }
 
 void DiskDoctor::explain(FindingRule rule) {
-  if (!usesLiveBuddy() || findings_.isExplained(rule)) return;
-  for (const DiskFinding& finding : findings_.findings()) {
-    if (finding.rule != rule) continue;
-    seams_.model->respond({.instructions = std::string(DiskPrompts::systemText()),
-                           .prompt = DiskPrompts::findingPrompt(finding, seams_.calendar)},
-                          scanTask_.get_token(),
-                          [this, rule, generation = generation_](std::optional<std::string> answer) {
-                            if (generation != generation_ || !answer || answer->empty()) return;
-                            findings_.setExplanation(rule, shownName(*answer));
-                          });
-    return;
-  }
+  if (findings_.isExplained(rule)) return;
+  withModel([this, rule](LanguageModel& model) {
+    for (const DiskFinding& finding : findings_.findings()) {
+      if (finding.rule != rule) continue;
+      model.respond({.instructions = std::string(DiskPrompts::systemText()),
+                     .prompt = DiskPrompts::findingPrompt(finding, seams_.calendar)},
+                    scanTask_.get_token(), [this, rule, generation = generation_](const LanguageModel::Answer& answer) {
+                      if (generation != generation_ || answer.text.empty()) return;
+                      findings_.setExplanation(rule, shownName(answer.text));
+                    });
+      return;
+    }
+  });
 }
 
 void DiskDoctor::stop() {

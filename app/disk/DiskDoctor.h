@@ -123,12 +123,12 @@ class DiskDoctor : public QObject {
   void setPhase(Phase phase, bool isAnalyzing = false, const QString& message = {});
   void setProgress(DiskProgress progress);
   void tellWhatWasSkipped(std::vector<std::string> skipped);
-  bool usesLiveBuddy() const { return seams_.model && seams_.model->isAvailable(); }
   void beginScan();
   void showNews();
   void finishScan(ScanOutcome& outcome);
   void analyze();
   void finishAnalysis(AnalysisOutcome& outcome);
+  void withModel(std::function<void(LanguageModel&)> ask);
   void askForHeadline();
   void explain(FindingRule rule);
   void takeReport(const DiskAdvice::TrashReport& report);

@@ -1,5 +1,7 @@
 #include "app/disk/DiskQuestion.h"
 
+#include <QPointer>
+
 #include "app/disk/DiskTexts.h"
 #include "core/disk/DiskPrompts.h"
 
@@ -16,9 +18,15 @@ void DiskQuestion::pick(DiskTree item, std::vector<DiskFinding> findings) {
       .isOpen = true,
       .itemID = pathID(picked_->id()),
       .name = shownName(picked_->name()),
-      .detail = tr("%1 · %2").arg(shownSize(seams_.calendar, picked_->size()), shownPath(picked_->url(), seams_.home)),
-      .takesQuestions = seams_.model && seams_.model->isAvailable()};
-  ask(QStringLiteral("Is it safe to delete this?"));
+      .detail = tr("%1 · %2").arg(shownSize(seams_.calendar, picked_->size()), shownPath(picked_->url(), seams_.home))};
+  const QString first = QStringLiteral("Is it safe to delete this?");
+  ask(first);
+  if (!seams_.model) return;
+  seams_.model->check([self = QPointer(this), first, item = picked_] {
+    if (!self || self->picked_ != item || !self->seams_.model->isAvailable()) return;
+    self->face_.takesQuestions = true;
+    self->ask(first);
+  });
 }
 
 void DiskQuestion::ask(const QString& question) {
@@ -36,10 +44,10 @@ void DiskQuestion::ask(const QString& question) {
   seams_.model->respond(
       {.instructions = std::string(DiskPrompts::systemText()),
        .prompt = DiskPrompts::itemPrompt(*picked_, question.toStdString(), verdict, now, seams_.calendar)},
-      asking_.get_token(), [this, stop = asking_.get_token()](std::optional<std::string> answer) {
+      asking_.get_token(), [this, stop = asking_.get_token()](const LanguageModel::Answer& answer) {
         if (stop.stop_requested()) return;
         face_.isAnswering = false;
-        if (answer && !answer->empty()) face_.answer = QString::fromStdString(*answer);
+        if (!answer.text.empty()) face_.answer = shownName(answer.text);
         Q_EMIT faceChanged();
       });
 }

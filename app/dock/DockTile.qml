@@ -83,6 +83,9 @@ Item {
         function onCopyAsked(text: string) {
             root.context.copyText(text);
         }
+        function onAsk(question: string) {
+            root.context.askBuddy(question);
+        }
         function onMenuRequested() {
             Tips.leave(host.tile);
             root.context.openTileMenu(root.item, root.tile.menuText, root.tile.menuSymbol);

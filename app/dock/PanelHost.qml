@@ -55,6 +55,9 @@ FocusScope {
         function onCloseRequested() {
             root.presentation.dismiss();
         }
+        function onAsk(question: string) {
+            root.context.askBuddy(question);
+        }
         function onCopyAsked(text: string) {
             root.context.copyText(text);
         }

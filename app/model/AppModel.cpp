@@ -18,6 +18,7 @@ AppModel::AppModel(std::filesystem::path store, UserDefaults& defaults, LicenseM
                    ListDisplays listDisplays, QObject* parent)
     : QObject(parent),
       store_(std::move(store)),
+      watcher_(store_),
       defaults_(defaults),
       license_(license),
       listDisplays_(std::move(listDisplays)) {
@@ -44,6 +45,25 @@ void AppModel::save() {
   } catch (const std::exception& error) {
     logLine(std::string("cannot save profiles: ") + error.what());
   }
+}
+
+void AppModel::followFile() {
+  connect(&watcher_, &FileWatcher::changed, this, &AppModel::takeOver);
+  try {
+    watcher_.start();
+  } catch (const std::exception& error) {
+    logLine(std::string("cannot follow the profiles: ") + error.what());
+  }
+}
+
+void AppModel::takeOver() {
+  std::error_code error;
+  if (!std::filesystem::exists(store_, error)) return;
+  auto loaded = loadProfiles(store_);
+  if (loaded.problem || loaded.profiles.empty() || loaded.profiles == profiles_) return;
+  profiles_ = updated(std::move(loaded.profiles), std::nullopt).profiles;
+  Q_EMIT profilesChanged();
+  update();
 }
 
 void AppModel::setProfiles(std::vector<Profile> profiles) {

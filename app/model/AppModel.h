@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/base/GadgetListModel.h"
+#include "app/model/FileWatcher.h"
 #include "app/model/LicenseManager.h"
 #include "app/model/ProfileRow.h"
 #include "core/base/UserDefaults.h"
@@ -45,6 +46,9 @@ class AppModel : public QObject {
   void setPinnedProfileID(const std::optional<UUID>& id);
   const std::vector<DisplaySnapshot>& displays() const { return displays_; }
   LicenseManager& license() const { return license_; }
+
+  // From now on others may edit the file, such as tilebayctl; what cannot be read changes nothing.
+  void followFile();
 
   // Null when there are no profiles. Lives until the next change.
   const Profile* activeProfile() const;
@@ -89,11 +93,13 @@ class AppModel : public QObject {
  private:
   void load();
   void save();
+  void takeOver();
   void edited(std::vector<Profile> profiles);
   // Brings what follows from the fields up to date.
   void update();
 
   std::filesystem::path store_;
+  FileWatcher watcher_;
   UserDefaults& defaults_;
   LicenseManager& license_;
   ListDisplays listDisplays_;

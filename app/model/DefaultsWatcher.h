@@ -1,12 +1,10 @@
 #pragma once
 // Follows the file of the defaults, so that what is edited by hand takes effect while the program runs.
 
-#include <QFileSystemWatcher>
-#include <QObject>
-#include <QTimer>
 #include <set>
 #include <string>
 
+#include "app/model/FileWatcher.h"
 #include "core/base/UserDefaults.h"
 
 namespace ambrel {
@@ -25,12 +23,10 @@ class DefaultsWatcher : public QObject {
   void changed(const std::set<std::string>& keys);
 
  private:
-  void watch();
   void tell();
 
   UserDefaults& defaults_;
-  QFileSystemWatcher watcher_;
-  QTimer pause_;
+  FileWatcher watcher_;
   std::set<std::string> keys_;
 };
 

@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Assistant
 import Ambrel.Kit
 import Ambrel.Panels
 import Ambrel.Usage
@@ -8,6 +9,7 @@ SettingsPage {
 
     property ClaudeStatusLineModel statusLine: null
     property ClaudeBudgetModel budget: null
+    property ModelServer modelServer: null
     // Nothing tells of meetings yet.
     property bool hasCalendar: false
     readonly property var categories: [
@@ -117,6 +119,18 @@ SettingsPage {
             wraps: true
             text: root.timeOf(value)
             onStepped: hour => root.settings.quietEndHour = hour
+        }
+    }
+    Section {
+        width: parent.width
+        visible: root.modelServer !== null
+
+        Loader {
+            width: parent.width
+            active: root.modelServer !== null
+            sourceComponent: ModelServerRows {
+                server: root.modelServer
+            }
         }
     }
     Section {

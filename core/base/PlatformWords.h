@@ -19,7 +19,8 @@ inline constexpr PlatformWord platformWords[] = {
     {"system", "Linux"},
     {"fileManager", "the file manager"},
     {"activityMonitor", "the kernel"},
-    {"fullDiskAccess", "Read permission"},  // at the start of a sentence, singular
+    {"fullDiskAccess", "Read permission"},   // at the start of a sentence, singular
+    {"intelligence", "The language model"},  // at the start of a sentence
     {"shelfKeys", "Super+Alt+V"},
     {"notesKeys", "Ctrl+Super+Alt+N"},
 };

@@ -6,7 +6,7 @@
 #include <unicode/unistr.h>
 
 #include "core/base/Text.h"
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 namespace ambrel {
 namespace {

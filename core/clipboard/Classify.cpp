@@ -1,7 +1,7 @@
 #include "core/base/Text.h"
+#include "core/base/Whitespace.h"
 #include "core/clipboard.h"
 #include "core/clipboard/Expressions.h"
-#include "core/clipboard/Whitespace.h"
 
 namespace ambrel {
 namespace {

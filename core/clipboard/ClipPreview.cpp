@@ -7,8 +7,8 @@
 #include <fmt/core.h>
 
 #include "core/base/Text.h"
+#include "core/base/Whitespace.h"
 #include "core/clipboard/Capture.h"
-#include "core/clipboard/Whitespace.h"
 
 namespace ambrel {
 namespace {

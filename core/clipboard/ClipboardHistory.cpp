@@ -4,7 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 namespace ambrel {
 namespace {

@@ -5,9 +5,9 @@
 #include <unicode/utf8.h>
 #include <vector>
 
+#include "core/base/Whitespace.h"
 #include "core/clipboard.h"
 #include "core/clipboard/Expressions.h"
-#include "core/clipboard/Whitespace.h"
 
 namespace ambrel {
 namespace {

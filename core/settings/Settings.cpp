@@ -5,6 +5,7 @@
 
 #include "core/base/JSON.h"
 #include "core/base/Overloaded.h"
+#include "core/base/PlatformWords.h"
 #include "core/base/Text.h"
 #include "core/weather.h"
 
@@ -36,10 +37,12 @@ namespace setting {
   constinit const Setting<std::set<ENUM>> KEY{{#KEY, Type::words, everyWord, 0, 0, names<ENUM>, Page::PAGE, ABOUT}};
 #define AMBREL_ADDRESS(KEY, PAGE, ABOUT) \
   constinit const Setting<std::string> KEY{{#KEY, Type::address, "", 0, 0, {}, Page::PAGE, ABOUT}};
+#define AMBREL_TEXT(KEY, PAGE, ABOUT) \
+  constinit const Setting<std::string> KEY{{#KEY, Type::text, "", 0, 0, {}, Page::PAGE, ABOUT}};
 #define AMBREL_TEXTS(KEY, DEFAULT, PAGE, ABOUT) \
   constinit const Setting<std::vector<std::string>> KEY{{#KEY, Type::texts, DEFAULT, 0, 0, {}, Page::PAGE, ABOUT}};
 AMBREL_SHARED_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_WORDS, AMBREL_TEXTS)
-AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS)
+AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS, AMBREL_TEXT)
 }  // namespace setting
 
 namespace {
@@ -47,7 +50,7 @@ namespace {
 #define AMBREL_POINTER(KEY, ...) &setting::KEY,
 constexpr const SettingRow* rows[] = {
     AMBREL_SHARED_SETTINGS(AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER)
-        AMBREL_OWN_SETTINGS(AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER)};
+        AMBREL_OWN_SETTINGS(AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER)};
 
 bool isWord(const SettingRow& row, std::string_view text) {
   return std::find(row.words.begin(), row.words.end(), text) != row.words.end();
@@ -131,6 +134,8 @@ std::optional<DefaultsValue> accepted(const SettingRow& row, const DefaultsValue
       return text && isWord(row, *text) ? std::optional(value) : std::nullopt;
     case Type::address:
       return text && isAddress(*text) ? std::optional(value) : std::nullopt;
+    case Type::text:
+      return text ? std::optional(value) : std::nullopt;
     case Type::words:
       if (const auto wanted = texts(value)) return settings_detail::arrayOf(knownWords(row, *wanted));
       return std::nullopt;
@@ -161,7 +166,9 @@ DefaultsValue parseSetting(const SettingRow& row, std::string_view text) {
       if (!isWord(row, text)) throw SettingError("takes one of " + joined(row.words, ", "));
       return {std::string(text)};
     case Type::address:
-      if (!isAddress(text)) throw SettingError("takes an address like https://weather.example, or nothing");
+      if (!isAddress(text)) throw SettingError("takes an address like https://server.example, or nothing");
+      return {std::string(text)};
+    case Type::text:
       return {std::string(text)};
     case Type::words: {
       const auto wanted = parsedTexts(text);

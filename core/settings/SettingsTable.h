@@ -7,6 +7,7 @@
 //   WORD(key, enumeration, default, page, description)
 //   WORDS(key, enumeration, page, description)          any number of its cases; all of them by default
 //   ADDRESS(key, page, description)                     of a server: http or https; empty by default
+//   TEXT(key, page, description)                        empty by default
 //   TEXTS(key, default with commas between, page, description)
 
 // What the whole program shares: these are the fields of `SettingsValues` and the properties of `AppSettings`.
@@ -39,25 +40,29 @@
   BOOLEAN(reduceMotion, false, appearance, "A short fade takes the place of movement")
 
 // What one model alone reads.
-#define AMBREL_OWN_SETTINGS(BOOLEAN, INTEGER, WORD, ADDRESS)                                                  \
-  BOOLEAN(weatherFahrenheit, false, panel, "Temperatures are in degrees Fahrenheit")                          \
-  WORD(airQualityScale, AirQualityScale, us, panel, "The index in which the air quality is told")             \
-  ADDRESS(weatherForecastURL, none, "Where forecasts come from; empty: Open-Meteo's public service")          \
-  ADDRESS(weatherAirQualityURL, none, "Where the air quality comes from; empty: Open-Meteo's public service") \
-  ADDRESS(weatherGeocodingURL, none, "Where places are looked up; empty: Open-Meteo's public service")        \
-  INTEGER(pomodoroFocus, 25, 1, 180, panel, "Minutes of a focus session")                                     \
-  INTEGER(pomodoroBreak, 5, 1, 180, panel, "Minutes of a break")                                              \
-  INTEGER(pomodoroLongBreak, 15, 1, 180, panel, "Minutes of a long break")                                    \
-  INTEGER(pomodoroSessions, 4, 1, 12, panel, "Focus sessions until a long break")                             \
-  BOOLEAN(pomodoroAutoStart, false, panel, "The next phase begins by itself")                                 \
-  INTEGER(waterGoal, 8, 1, 30, panel, "Glasses of water a day")                                               \
-  INTEGER(waterInterval, 30, 5, 480, panel, "Minutes from one glass of water to the next")                    \
-  BOOLEAN(waterReminders, true, panel, "A notification when a glass of water is due")                         \
-  BOOLEAN(eyeBreakOn, true, panel, "A notification when the eyes need a break")                               \
-  INTEGER(eyeBreakInterval, 20, 1, 240, panel, "Minutes from one break for the eyes to the next")             \
-  BOOLEAN(standUpOn, true, panel, "A notification when it is time to stand up")                               \
-  INTEGER(standUpInterval, 45, 1, 240, panel, "Minutes from standing up to the next time")                    \
-  BOOLEAN(alarmOn, false, panel, "The alarm rings")                                                           \
-  INTEGER(alarmHour, 7, 0, 23, panel, "The hour at which the alarm rings")                                    \
-  INTEGER(alarmMinute, 30, 0, 59, panel, "The minute at which the alarm rings")                               \
-  INTEGER(alarmSnooze, 10, 1, 60, panel, "Minutes by which Snooze puts off the alarm")
+#define AMBREL_OWN_SETTINGS(BOOLEAN, INTEGER, WORD, ADDRESS, TEXT)                                                   \
+  BOOLEAN(weatherFahrenheit, false, panel, "Temperatures are in degrees Fahrenheit")                                 \
+  WORD(airQualityScale, AirQualityScale, us, panel, "The index in which the air quality is told")                    \
+  ADDRESS(weatherForecastURL, none, "Where forecasts come from; empty: Open-Meteo's public service")                 \
+  ADDRESS(weatherAirQualityURL, none, "Where the air quality comes from; empty: Open-Meteo's public service")        \
+  ADDRESS(weatherGeocodingURL, none, "Where places are looked up; empty: Open-Meteo's public service")               \
+  INTEGER(pomodoroFocus, 25, 1, 180, panel, "Minutes of a focus session")                                            \
+  INTEGER(pomodoroBreak, 5, 1, 180, panel, "Minutes of a break")                                                     \
+  INTEGER(pomodoroLongBreak, 15, 1, 180, panel, "Minutes of a long break")                                           \
+  INTEGER(pomodoroSessions, 4, 1, 12, panel, "Focus sessions until a long break")                                    \
+  BOOLEAN(pomodoroAutoStart, false, panel, "The next phase begins by itself")                                        \
+  INTEGER(waterGoal, 8, 1, 30, panel, "Glasses of water a day")                                                      \
+  INTEGER(waterInterval, 30, 5, 480, panel, "Minutes from one glass of water to the next")                           \
+  BOOLEAN(waterReminders, true, panel, "A notification when a glass of water is due")                                \
+  BOOLEAN(eyeBreakOn, true, panel, "A notification when the eyes need a break")                                      \
+  INTEGER(eyeBreakInterval, 20, 1, 240, panel, "Minutes from one break for the eyes to the next")                    \
+  BOOLEAN(standUpOn, true, panel, "A notification when it is time to stand up")                                      \
+  INTEGER(standUpInterval, 45, 1, 240, panel, "Minutes from standing up to the next time")                           \
+  BOOLEAN(alarmOn, false, panel, "The alarm rings")                                                                  \
+  INTEGER(alarmHour, 7, 0, 23, panel, "The hour at which the alarm rings")                                           \
+  INTEGER(alarmMinute, 30, 0, 59, panel, "The minute at which the alarm rings")                                      \
+  INTEGER(alarmSnooze, 10, 1, 60, panel, "Minutes by which Snooze puts off the alarm")                               \
+  BOOLEAN(askUsesModel, true, buddy, "A language model answers, where a server on this {machine} has one"_local)     \
+  ADDRESS(modelServerURL, buddy, "Where the language model answers; empty: the usual ports of this {machine}"_local) \
+  ADDRESS(modelServerAllowedURL, none, "The server on another {machine} to which questions may go"_local)            \
+  TEXT(modelName, buddy, "Which of the server's models answers; empty: the first")

@@ -6,6 +6,7 @@
 namespace ambrel {
 
 Command agentsCommand();
+Command askCommand();
 Command clipsCommand();
 Command diskCommand();
 Command noticesCommand();

@@ -4,6 +4,7 @@
 #include "core/agents.h"
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "core/profiles.h"
 #include "core/widgets.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/agents/StoreFixture.h"
@@ -172,6 +173,29 @@ TEST(Tilebayctl, ShowsTheDefaultProfilesInPlaceOfABrokenFileAndLeavesTheFile) {
   EXPECT_THAT(result.out, AllOf(HasSubstr("Laptop"), HasSubstr("Desk")));
   EXPECT_THAT(result.error, HasSubstr("cannot read profiles, using defaults"));
   EXPECT_EQ(readFile(file), "[{");
+}
+
+TEST(Tilebayctl, AnswersAsBuddyDoesAndSavesTheEdit) {
+  TemporaryFolder data;
+  const auto ask = [&](const char* text) {
+    return runCommand({"--data", data.path(), "--home", data.path(), "--json", "ask", text},
+                      {"XDG_CONFIG_HOME=" + data.path().string(), "LC_ALL=tr_TR.UTF-8"});
+  };
+  EXPECT_EQ(ask(" Add CPU and Battery\n").out,
+            "{\"reply\":\"CPU is already in the bar. Added the Battery widget.\"}\n");
+  EXPECT_TRUE(loadProfiles(data / "profiles.json").profiles.front().contains("battery"));
+  EXPECT_EQ(ask("What are they doing?").out, "{\"reply\":\"No agent sessions are active.\"}\n");
+  const auto pinned = ask("use desk");
+  EXPECT_EQ(pinned.out, "{\"reply\":\"Pinned the Desk profile.\"}\n");
+  EXPECT_THAT(pinned.error, HasSubstr("as long as the bar runs"));
+  EXPECT_EQ(ask(" ").status, 2);
+  // A question leaves a damaged file alone, and an edit is refused.
+  data.write("profiles.json", "[{");
+  EXPECT_EQ(ask("open").status, 0);
+  const auto refused = ask("Remove clock");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.out, "");
+  EXPECT_EQ(readFile(data / "profiles.json"), "[{");
 }
 
 TEST(Tilebayctl, PrintsTheCatalogueInOrder) {

@@ -19,7 +19,7 @@ struct Program {
     UserDefaults defaults(folder / "defaults.json");
     if (!isFirstRun) defaults.set("welcomeDone", DefaultsValue{true});
     defaults.set("barAlwaysVisible", DefaultsValue{true});
-    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
+    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "modelServerURL"})
       defaults.set(host, DefaultsValue{weatherServer});
     restart();
   }

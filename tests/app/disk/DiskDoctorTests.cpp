@@ -498,9 +498,9 @@ void DiskDoctorTests::theModelWritesTheHeadline() {
   QVERIFY(asked.request.instructions.starts_with("You are Buddy, the helper in Disk Doctor"));
   QVERIFY(asked.request.prompt.starts_with("Write one short sentence, at most 15 words"));
   const QString rules = doctor.face().headline;
-  asked.done(std::nullopt);
+  asked.done({});
   QCOMPARE(doctor.face().headline, rules);
-  asked.done("Your caches can go.");
+  asked.done({"Your caches can go."});
   QCOMPARE(doctor.face().headline, "Your caches can go.");
 }
 
@@ -516,7 +516,7 @@ void DiskDoctorTests::lateAnswersAreDropped() {
   desk.finishScan();
   for (const auto& request : asked) {
     QVERIFY(request.stop.stop_requested());
-    request.done("From another time");
+    request.done({"From another time"});
   }
   QCOMPARE(doctor.question()->face().answer, "");
   QVERIFY(!doctor.findings()->isExplained(FindingRule::oldInstallers));
@@ -529,7 +529,7 @@ void DiskDoctorTests::rulesAreExplainedOnce() {
   findings.toggleOpen("rule:oldInstallers");
   QCOMPARE(desk.model.asked.size(), 2u);
   QVERIFY(desk.model.asked[1].request.prompt.starts_with("Explain to a non-technical user"));
-  desk.model.asked[1].done("Things you installed long ago.");
+  desk.model.asked[1].done({"Things you installed long ago."});
   const auto reason = [&] {
     for (const FindingRow& row : findings.rows())
       if (row.kind == FindingRow::Kind::reason) return row.detail;
@@ -553,13 +553,13 @@ void DiskDoctorTests::theModelIsToldTheVerdict() {
   QVERIFY(QString::fromStdString(desk.model.asked.back().request.prompt).endsWith(verdict));
   question.ask("What is it?");
   QVERIFY(desk.model.asked[1].stop.stop_requested());
-  desk.model.asked[1].done("An answer to the first question");
+  desk.model.asked[1].done({"An answer to the first question"});
   QCOMPARE(question.face().answer, verdict);
-  desk.model.asked.back().done(std::nullopt);
+  desk.model.asked.back().done({});
   QVERIFY(!question.face().isAnswering);
   QCOMPARE(question.face().answer, verdict);
   question.ask("And now?");
-  desk.model.asked.back().done("Your own folder.");
+  desk.model.asked.back().done({"Your own folder."});
   QCOMPARE(question.face().answer, "Your own folder.");
   question.ask("  ");
   QCOMPARE(question.face().question, "And now?");

@@ -11,28 +11,11 @@
 #include "app/disk/DiskDoctor.h"
 #include "app/disk/DiskTexts.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/fakes/FakeLanguageModel.h"
 #include "tests/fakes/FakeTrash.h"
 #include "tests/fakes/HeldWork.h"
 
 namespace ambrel {
-
-// Answers when the test says so.
-class FakeModel : public LanguageModel {
- public:
-  struct Asked {
-    Request request;
-    std::stop_token stop;
-    std::function<void(std::optional<std::string>)> done;
-  };
-  bool isAvailable() const override { return isThere; }
-  void respond(const Request& request, std::stop_token stop,
-               std::function<void(std::optional<std::string>)> done) override {
-    asked.push_back({request, std::move(stop), std::move(done)});
-  }
-
-  bool isThere = true;
-  std::vector<Asked> asked;
-};
 
 class DiskHome {
  public:
@@ -42,7 +25,7 @@ class DiskHome {
   const std::string home = std::filesystem::canonical(folder.path()) / "home";
   HeldWork held;
   FakeTrash trash;
-  FakeModel model;
+  FakeLanguageModel model;
   Calendar calendar{"UTC", "en_US"};
   DiskCleaner cleaner{{.trash = trash, .background = held.background(), .now = clock(), .calendar = calendar}, home};
 

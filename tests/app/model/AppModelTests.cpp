@@ -58,6 +58,7 @@ class AppModelTests : public QObject {
   void editsOfAnotherProfileDoNotTouchTheBar();
   void theListShowsEachProfileOnce();
   void theLicenceTellsWhenItBecomesPro();
+  void whatOthersWriteIsTakenOver();
 };
 
 void AppModelTests::aFirstRunHasTheBuiltInProfilesAndWritesNothing() {
@@ -317,6 +318,23 @@ void AppModelTests::theLicenceTellsWhenItBecomesPro() {
   license.setCheck({});
   license.setCheck({});
   QCOMPARE(became, 1);
+}
+
+void AppModelTests::whatOthersWriteIsTakenOver() {
+  Fixture fixture;
+  AppModel& model = fixture.start();
+  model.addWidget("cpu", model.profiles().front().id, std::nullopt);
+  model.followFile();
+  std::vector<Profile> profiles = fixture.stored();
+  profiles.front().items = {DockItem::holding("clock")};
+  QSignalSpy changes(&model, &AppModel::activeProfileChanged);
+  saveProfiles(fixture.store, profiles);
+  QVERIFY(changes.wait(15000));
+  QCOMPARE(widgetsOf(*model.activeProfile()), std::vector<std::string>{"clock"});
+  // An edit to the file that cannot be read is that of somebody who is not done yet.
+  fixture.folder.write("Ambrel/profiles.json", "[{");
+  model.addWidget("cpu", profiles.front().id, std::nullopt);
+  QCOMPARE(widgetsOf(fixture.stored().front()), (std::vector<std::string>{"clock", "cpu"}));
 }
 
 }  // namespace ambrel

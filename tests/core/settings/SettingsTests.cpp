@@ -36,6 +36,7 @@ TEST_F(Settings, AValueOfAnotherTypeGivesTheDefault) {
   for (const SettingRow* row : allSettings()) {
     UserDefaults defaults(folder_ / "defaults.json");
     for (const DefaultsValue& value : values) {
+      if (row->type == SettingType::text && std::holds_alternative<std::string>(value.value)) continue;
       if (value.value.index() == standardValue(*row).value.index() &&
           !std::holds_alternative<DefaultsArray>(value.value) && !std::holds_alternative<std::string>(value.value))
         continue;

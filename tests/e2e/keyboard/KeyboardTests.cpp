@@ -15,6 +15,7 @@
 #include "tests/TemporaryFolder.h"
 #include "tests/e2e/Desktop.h"
 #include "tests/e2e/keyboard/ScreenReader.h"
+#include "tests/fakes/ScriptedModelServer.h"
 
 namespace ambrel {
 namespace {
@@ -48,7 +49,7 @@ class Keyboard : public testing::Test {
     }
   }
 
-  void start(const std::vector<std::string>& widgets) {
+  void start(const std::vector<std::string>& widgets, const std::string& modelServer = "http://127.0.0.1:1/") {
     const auto home = folder_ / "home";
     Profile profile{.id = UUID::random(), .name = "All", .trigger = {}, .items = {}};
     for (const std::string& widget : widgets) profile.items.push_back(DockItem::holding(widget));
@@ -58,8 +59,10 @@ class Keyboard : public testing::Test {
     UserDefaults defaults(home / ".config/Ambrel/defaults.json");
     for (const char* done : {"welcomeDone", "buddyAdded", "migratedFromLegacyBundleID"})
       defaults.set(done, DefaultsValue{true});
-    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
+    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "modelServerURL"})
       defaults.set(host, DefaultsValue{std::string("http://127.0.0.1:1/")});
+
+    defaults.set("modelServerURL", DefaultsValue{modelServer});
 
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("HOME", QString::fromStdString(home));
@@ -119,6 +122,13 @@ class Keyboard : public testing::Test {
     const auto below = reader_.children(path);
     return std::ranges::any_of(below, [&](const QString& child) { return isMessage(child, depth - 1); });
   }
+  // Whether anything below an item, or the item itself, is called so.
+  bool says(const QString& path, const QString& text) const {
+    if (reader_.item(path).name.contains(text)) return true;
+    const auto below = reader_.children(path);
+    return std::ranges::any_of(below, [&](const QString& child) { return says(child, text); });
+  }
+  void type(const char* text) { run("xdotool", {"type", "--delay", "20", QString::fromUtf8(text)}); }
   // The window that has come since and is for the keyboard; it has it, too.
   std::optional<QString> opened(const std::vector<QString>& before) {
     for (const QString& window : visibleWindows()) {
@@ -361,6 +371,49 @@ TEST_F(Keyboard, ShowsAtOnceWhatAnAgentAsks) {
   shoot();
   tell("PostToolUse");
   EXPECT_TRUE(waitFor([&] { return !bubble(); })) << "it has been answered";
+  quit();
+}
+
+TEST_F(Keyboard, AsksTheModelAndThenTheGrammar) {
+  using Reply = ScriptedModelServer::Reply;
+  ScriptedModelServer server;
+  const QByteArray told =
+      "data: {\"choices\":[{\"delta\":{\"content\":\"The processor \"}}]}\n\n"
+      "data: {\"choices\":[{\"delta\":{\"content\":\"is in the bar.\"},"
+      "\"finish_reason\":\"stop\"}]}\n\n";
+  server.script = {Reply{.body = R"({"choices":[{"message":{"content":null,"tool_calls":[
+        {"function":{"name":"addWidgetToDock","arguments":"{\"widgetName\":\"CPU\"}"}},
+        {"function":{"name":"removeWidget","arguments":{"itemName":"clock"}}}]},"finish_reason":"tool_calls"}]})"},
+                   Reply{.body = told, .atFirst = told.indexOf("\n\n") + 2}};
+  ASSERT_NO_FATAL_FAILURE(start({"buddy", "clock"}, server.url()));
+  const auto before = visibleWindows();
+  send("super+alt+b");
+  std::optional<QString> panel;
+  ASSERT_TRUE(waitFor([&] { return (panel = opened(before)).has_value(); })) << said();
+  EXPECT_TRUE(waitFor([&] { return server.looks == 1; }));
+  type("Swap clock and processor");
+  send("Return");
+  ASSERT_TRUE(waitFor([&] { return says(*panel, "Swap clock and processor. The processor"); })) << said();
+  shoot();
+  EXPECT_FALSE(says(*panel, "is in the bar"));
+  server.goOn();
+  EXPECT_TRUE(waitFor([&] { return says(*panel, "The processor is in the bar."); }));
+  ASSERT_EQ(server.asked.size(), 2);
+  EXPECT_TRUE(server.asked[1].contains("Added the CPU widget."));
+  EXPECT_TRUE(server.asked[1].contains("Removed the Clock widget."));
+  const auto profiles = loadProfiles(folder_ / "home/.local/share/Ambrel/profiles.json").profiles;
+  EXPECT_TRUE(profiles.front().contains("cpu") && !profiles.front().contains("clock"));
+  shoot();
+
+  // The server goes, and the next question is for the grammar.
+  server.close();
+  press("Escape");
+  EXPECT_TRUE(waitFor([&] { return !isVisible(*panel); }));
+  ASSERT_EQ(run(TILEBAY_PROGRAM, {"--ask", "pin nobody"}).status, 0);
+  EXPECT_TRUE(waitFor([&] { return isVisible(*panel); }));
+  EXPECT_TRUE(waitFor([&] { return says(*panel, "pin nobody. No profile matches nobody. Profiles: All."); }));
+  EXPECT_TRUE(says(*panel, "No model server is running here. Simple commands still work."));
+  shoot();
   quit();
 }
 

@@ -1,4 +1,4 @@
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 #include <cstdint>
 #include <unicode/utf8.h>

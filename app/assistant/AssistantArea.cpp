@@ -1,0 +1,38 @@
+#include "app/assistant/AssistantArea.h"
+
+#include "app/base/QmlObjects.h"
+#include "core/settings.h"
+
+namespace ambrel {
+
+AssistantArea::AssistantArea(Seams seams, QObject* parent)
+    : Area(QStringLiteral("Assistant"), parent),
+      buddy_(seams.buddy),
+      actions_(seams.actions),
+      assistant_({.model = seams.model,
+                  .buddy = seams.buddy,
+                  .perform = [this](const AssistantCall& call) { return actions_.perform(call); },
+                  .now = seams.actions.now}),
+      server_(seams.defaults, seams.model) {
+  keep({this, &assistant_, &server_});
+}
+
+void AssistantArea::defaultsChanged(const std::set<std::string>& keys) {
+  for (const SettingRow* row : std::initializer_list<const SettingRow*>{
+           &setting::askUsesModel, &setting::modelServerURL, &setting::modelServerAllowedURL, &setting::modelName})
+    if (keys.contains(row->key)) return server_.reload();
+}
+
+bool AssistantArea::carryOut(const Wish& wish) {
+  const auto* ask = std::get_if<wish::Ask>(&wish);
+  if (ask) Q_EMIT asked(QString::fromStdString(ask->text));
+  return ask != nullptr;
+}
+
+std::vector<AreaKey> AssistantArea::keys() {
+  return {{.keys = {.key = 'b', .command = true, .option = true}, .what = "Ask Buddy", .action = [this] {
+             Q_EMIT panelAsked();
+           }}};
+}
+
+}  // namespace ambrel
