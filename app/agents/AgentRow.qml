@@ -92,6 +92,6 @@ Pressable {
     }
 
     FocusRing {
-        targetRadius: Theme.radiusButton
+        gap: 0
     }
 }
