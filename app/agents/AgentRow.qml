@@ -106,6 +106,6 @@ Pressable {
     }
 
     FocusRing {
-        targetRadius: Theme.radiusButton
+        gap: 0
     }
 }

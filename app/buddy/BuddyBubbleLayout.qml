@@ -65,6 +65,8 @@ Bubble {
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.center.bubble.title
                 role: Theme.panelTitle
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
                 Accessible.role: Accessible.Heading
             }
             MorePill {

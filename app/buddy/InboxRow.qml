@@ -48,7 +48,7 @@ FocusScope {
         onClicked: root.chosen()
 
         FocusRing {
-            anchors.margins: -1
+            gap: 1
             targetRadius: Theme.radiusButton - 3
         }
     }

@@ -39,7 +39,7 @@ Column {
             Accessible.ignored: true
         }
         FocusRing {
-            anchors.margins: -2
+            gap: 2
             targetRadius: Theme.radiusHighlight
         }
     }

@@ -115,8 +115,7 @@ FocusScope {
             }
 
             FocusRing {
-                anchors.margins: 2
-                targetRadius: Theme.radiusSmall
+                gap: -2
             }
         }
         ScrollBar {

@@ -7,10 +7,12 @@ Rectangle {
 
     property bool shown: parent.activeFocus
     property int targetRadius: Theme.radiusButton
+    // From the parent's edge outwards. 0 where neighbours or a clipped list leave no room.
+    property int gap: 4
 
     anchors.fill: parent
-    anchors.margins: -4
-    radius: targetRadius + 4
+    anchors.margins: -gap
+    radius: targetRadius + gap
     color: "transparent"
     border.width: 2
     border.color: Theme.accent

@@ -40,6 +40,7 @@ Pressable {
     }
 
     FocusRing {
+        gap: 0
         targetRadius: Theme.radiusSmall
     }
 }

@@ -79,7 +79,6 @@ Pressable {
         anchors.rightMargin: Theme.space2
     }
     FocusRing {
-        anchors.margins: -2
-        targetRadius: Theme.radiusButton - 2
+        gap: 0
     }
 }

@@ -16,7 +16,7 @@ Item {
     signal closeRequested
 
     implicitHeight: 48
-    implicitWidth: titleRow.x + titleRow.implicitWidth + extras.width + close.width + 2 * Theme.space4
+    implicitWidth: titleRow.x + titleRow.implicitWidth + extras.width + Theme.space1 + close.width + 2 * Theme.space4
 
     Row {
         id: titleRow
@@ -43,7 +43,7 @@ Item {
     Row {
         id: extras
         anchors.right: root.isClosable ? close.left : parent.right
-        anchors.rightMargin: root.isClosable ? 0 : Theme.space4
+        anchors.rightMargin: root.isClosable ? Theme.space1 : Theme.space4
         height: root.height
         spacing: Theme.space2
     }

@@ -39,7 +39,6 @@ Pressable {
         Accessible.ignored: true
     }
     FocusRing {
-        anchors.margins: -2
-        targetRadius: Theme.radiusButton - 2
+        gap: 2
     }
 }
