@@ -18,8 +18,8 @@ namespace {
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
 std::vector<Command> allCommands() {
-  return {agentsCommand(),  usageCommand(),    statusLineCommand(), clipsCommand(),   diskCommand(),
-          noticesCommand(), profilesCommand(), settingsCommand(),   weatherCommand(), widgetsCommand()};
+  return {agentsCommand(),   usageCommand(),  statusLineCommand(), clipsCommand(),   diskCommand(),   noticesCommand(),
+          profilesCommand(), reviewCommand(), settingsCommand(),   weatherCommand(), widgetsCommand()};
 }
 
 std::string variable(const char* name) {

@@ -10,6 +10,7 @@ Command clipsCommand();
 Command diskCommand();
 Command noticesCommand();
 Command profilesCommand();
+Command reviewCommand();
 Command settingsCommand();
 Command statusLineCommand();
 Command usageCommand();
