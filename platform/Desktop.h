@@ -9,6 +9,7 @@
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
 #include "platform/Pointer.h"
+#include "platform/ScreenCapture.h"
 #include "platform/Screens.h"
 #include "platform/SoundControl.h"
 #include "platform/Sounds.h"
@@ -43,6 +44,7 @@ struct Desktop {
   Bluetooth& bluetooth;
   Volumes& volumes;
   KeepAwake& keepAwake;
+  ScreenCapture& screenCapture;
   Trash& trash;
 };
 

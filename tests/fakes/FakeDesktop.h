@@ -33,6 +33,7 @@ struct FakeDesktop {
             .bluetooth = bluetooth,
             .volumes = volumes,
             .keepAwake = keepAwake,
+            .screenCapture = screenCapture,
             .trash = trash};
   }
 
@@ -54,6 +55,7 @@ struct FakeDesktop {
   FakeBluetooth bluetooth;
   FakeVolumes volumes;
   FakeKeepAwake keepAwake;
+  FakeScreenCapture screenCapture;
   FakeTrash trash;
 };
 
