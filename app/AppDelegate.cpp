@@ -196,6 +196,17 @@ void AppDelegate::makeAreas() {
                                                      .calendar = calendar,
                                                      .now = now},
                                      shell);
+  notes_ = std::make_unique<NotesArea>(
+      engine_, desktop_.windowStyle,
+      ScreenNotesModel::Seams{.screen = desktop_.screenCapture,
+                              .background = background_,
+                              .now = now,
+                              .calendar = calendar,
+                              .copy = [this](const std::string& text) { clipboard().copyText(text); }},
+      shell);
+  connect(notes_.get(), &NotesArea::captureAsked, this, [this] {
+    if (permits(ProFeature::screenNotes)) notes_->notes()->capture();
+  });
   focus_ = std::make_unique<FocusArea>(FocusSeams{.defaults = defaults_,
                                                   .calendar = calendar,
                                                   .notifications = desktop_.notifications,
@@ -210,8 +221,8 @@ void AppDelegate::makeAreas() {
                                                                 .calendar = calendar,
                                                                 .now = now,
                                                                 .later = later()});
-  areas_ = {time_.get(),    telemetry_.get(), usage_.get(), disk_.get(), focus_.get(),
-            weather_.get(), &clipboard_,      buddy_.get(), &agents_};
+  areas_ = {time_.get(),  telemetry_.get(), usage_.get(), disk_.get(),  notes_.get(),
+            focus_.get(), weather_.get(),   &clipboard_,  buddy_.get(), &agents_};
   for (Area* area : areas_) buddy_->follow(*area);
   connect(&agents(), &AgentsModel::sessionFinished, notices(), &BuddyNoticeCenter::sessionFinished);
   connect(focus_->pomodoro(), &PomodoroTimer::phaseEnded, notices(), [this](PomodoroPhase ended) {
@@ -558,7 +569,6 @@ void AppDelegate::carryOut(const Wish& wish) {
                         },
                         [this](const wish::Settings&) { panels_->open(*settingsPanel()); },
                         [](const wish::Quit&) { QCoreApplication::exit(); },
-                        [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },
                         [&](const wish::Ask&) { notYet(tr("Ask Buddy")); },
                         // The areas' own.
                         [](const auto&) {}},

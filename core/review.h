@@ -51,9 +51,10 @@ struct ScreenReview {
   // A box narrower or lower than `leastHighlight` is a slip of the pointer and is dropped.
   void addHighlight(const UUID& page, NormalizedRect box);
   void removeHighlight(const UUID& page, std::size_t index);
-  // The page's capture has been cut to `box`: what was marked inside it keeps its place on the picture, what was
-  // outside is gone. A box without an area changes nothing.
-  void crop(const UUID& page, NormalizedRect box);
+  // The page's capture is cut to `box`: what is marked inside it keeps its place on the picture, what is outside goes.
+  // The picture is another one, and so is the page's identifier: the new one; absent when there is no such page or the
+  // box has no area.
+  std::optional<UUID> crop(const UUID& page, NormalizedRect box);
 
   const ReviewPage* page(const UUID& id) const;
   std::vector<ReviewPin> allPins() const;

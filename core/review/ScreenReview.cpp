@@ -94,9 +94,10 @@ void ScreenReview::removeHighlight(const UUID& pageID, std::size_t index) {
     found->highlights.erase(found->highlights.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
-void ScreenReview::crop(const UUID& pageID, NormalizedRect box) {
+std::optional<UUID> ScreenReview::crop(const UUID& pageID, NormalizedRect box) {
   ReviewPage* found = find(pages, pageID);
-  if (!found || !(box.width > 0) || !(box.height > 0)) return;
+  if (!found || !(box.width > 0) || !(box.height > 0)) return std::nullopt;
+  found->id = UUID::random();
   std::erase_if(found->pins, [&](const ReviewPin& pin) { return !holds(box, pin.point); });
   for (ReviewPin& pin : found->pins) pin.point = within(box, pin.point);
   std::vector<NormalizedRect> kept;
@@ -109,6 +110,7 @@ void ScreenReview::crop(const UUID& pageID, NormalizedRect box) {
     kept.push_back({a.x, a.y, b.x - a.x, b.y - a.y});
   }
   found->highlights = std::move(kept);
+  return found->id;
 }
 
 const ReviewPage* ScreenReview::page(const UUID& id) const {

@@ -60,7 +60,7 @@ TEST(ScreenReview, IgnoresEditsOfWhatIsNotThere) {
   one.review.removePin(nobody, one.ids[0]);
   one.review.addHighlight(nobody, {0, 0, 1, 1});
   one.review.removeHighlight(one.page, 0);
-  one.review.crop(one.page, {0.2, 0.2, 0, 0.5});
+  EXPECT_FALSE(one.review.crop(one.page, {0.2, 0.2, 0, 0.5}));
   EXPECT_EQ(one.review, before);
 }
 
@@ -76,7 +76,8 @@ TEST(ScreenReview, KeepsMarksInTheirPlaceOnThePictureWhenItIsCropped) {
   OnePage one(3);  // at 0.1, 0.2 and 0.3
   one.review.addHighlight(one.page, {0.1, 0.4, 0.2, 0.2});
   one.review.addHighlight(one.page, {0.8, 0.8, 0.1, 0.1});
-  one.review.crop(one.page, {0.2, 0.25, 0.4, 0.5});
+  EXPECT_EQ(one.review.crop(one.page, {0.2, 0.25, 0.4, 0.5}), one.review.pages[0].id);
+  EXPECT_NE(one.review.pages[0].id, one.page);
   ASSERT_EQ(one.review.pages[0].pins.size(), 2u);
   EXPECT_EQ(one.review.pages[0].pins[0].point, (NormalizedPoint{0, 0.5}));
   EXPECT_NEAR(one.review.pages[0].pins[1].point.x, 0.25, 1e-9);
