@@ -205,6 +205,17 @@ void AppDelegate::makeAreas() {
                                                      .calendar = calendar,
                                                      .now = now},
                                      shell);
+  notes_ = std::make_unique<NotesArea>(
+      engine_, desktop_.windowStyle,
+      ScreenNotesModel::Seams{.screen = desktop_.screenCapture,
+                              .background = background_,
+                              .now = now,
+                              .calendar = calendar,
+                              .copy = [this](const std::string& text) { clipboard().copyText(text); }},
+      shell);
+  connect(notes_.get(), &NotesArea::captureAsked, this, [this] {
+    if (permits(ProFeature::screenNotes)) notes_->notes()->capture();
+  });
   focus_ = std::make_unique<FocusArea>(FocusSeams{.defaults = defaults_,
                                                   .calendar = calendar,
                                                   .notifications = desktop_.notifications,
@@ -227,7 +238,7 @@ void AppDelegate::makeAreas() {
                                        .agents = *agents_.agents(),
                                        .folding = SearchFolding::forLocale(calendar().locale()),
                                        .now = now}});
-  areas_ = {time_.get(),    telemetry_.get(), usage_.get(), disk_.get(),      focus_.get(),
+  areas_ = {time_.get(),    telemetry_.get(), usage_.get(), disk_.get(),      notes_.get(), focus_.get(),
             weather_.get(), &clipboard_,      buddy_.get(), assistant_.get(), &agents_};
   for (Area* area : areas_) buddy_->follow(*area);
   connect(&agents(), &AgentsModel::sessionFinished, notices(), &BuddyNoticeCenter::sessionFinished);
@@ -593,11 +604,6 @@ void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profi
 void AppDelegate::carryOut(const Wish& wish) {
   for (Area* area : areas_)
     if (area->carryOut(wish)) return;
-  // What a later part of the program brings is named, so that a key that was bound early is not simply dead.
-  const auto notYet = [this](const QString& what) {
-    dock_->reveal();
-    toast_.show(tr("%1 is not here yet").arg(what), tr("A later version brings it."), QStringLiteral("hourglass"));
-  };
   std::visit(Overloaded{[this](const wish::Reveal&) { dock_->revealForKeyboard(); },
                         [this](const wish::ToggleAgents&) {
                           if (permits(ProFeature::agentTracking))
@@ -605,7 +611,6 @@ void AppDelegate::carryOut(const Wish& wish) {
                         },
                         [this](const wish::Settings&) { panels_->open(*settingsPanel()); },
                         [](const wish::Quit&) { QCoreApplication::exit(); },
-                        [&](const wish::CaptureNotes&) { notYet(tr("Screen Notes")); },
                         // The areas' own.
                         [](const auto&) {}},
              wish);

@@ -28,6 +28,7 @@
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
 #include "app/model/LicenseManager.h"
+#include "app/notes/NotesArea.h"
 #include "app/panels/GalleryModel.h"
 #include "app/shelf/ShelfPanelController.h"
 #include "app/telemetry/TelemetryArea.h"
@@ -77,6 +78,7 @@ class AppDelegate : public QObject, private Shell {
   WeatherArea& weather() { return *weather_; }
   ClockModel& clock() { return *time_->clock(); }
   DiskDoctorController* diskDoctor() { return &disk_->window(); }
+  NotesArea& screenNotes() { return *notes_; }
   QQmlEngine& engine() { return engine_; }
 
  private:
@@ -139,6 +141,7 @@ class AppDelegate : public QObject, private Shell {
   std::unique_ptr<UsageArea> usage_;
   ChatServerModel languageModel_;
   std::unique_ptr<DiskArea> disk_;
+  std::unique_ptr<NotesArea> notes_;
   std::unique_ptr<FocusArea> focus_;
   std::unique_ptr<WeatherArea> weather_;
   std::unique_ptr<BuddyArea> buddy_;

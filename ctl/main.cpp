@@ -17,8 +17,9 @@ namespace {
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
 std::vector<Command> allCommands() {
-  return {agentsCommand(),  askCommand(),      usageCommand(),    statusLineCommand(), clipsCommand(),  diskCommand(),
-          noticesCommand(), profilesCommand(), settingsCommand(), weatherCommand(),    widgetsCommand()};
+  return {agentsCommand(), askCommand(),      usageCommand(),   statusLineCommand(),
+          clipsCommand(),  diskCommand(),     noticesCommand(), profilesCommand(),
+          reviewCommand(), settingsCommand(), weatherCommand(), widgetsCommand()};
 }
 
 Instant clockTime() {

@@ -10,6 +10,7 @@
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
 #include "platform/Pointer.h"
+#include "platform/ScreenCapture.h"
 #include "platform/Screens.h"
 #include "platform/SoundControl.h"
 #include "platform/Sounds.h"
@@ -44,6 +45,7 @@ struct Desktop {
   Bluetooth& bluetooth;
   Volumes& volumes;
   KeepAwake& keepAwake;
+  ScreenCapture& screenCapture;
   Trash& trash;
   FolderWatch& folderWatch;  // of the agents' folders
 };

@@ -5,7 +5,6 @@
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QGuiApplication>
-#include <QPalette>
 #include <QUrl>
 #include <filesystem>
 #include <unistd.h>
@@ -14,6 +13,7 @@
 #include "app/disk/DiskTexts.h"
 #include "app/disk/FolderDialog.h"
 #include "app/disk/SimulatorTool.h"
+#include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
 #include "core/base/Text.h"
 
@@ -36,20 +36,6 @@ void showInFileManager(const std::string& path, QObject& context) {
     watcher->deleteLater();
     if (watcher->isError()) QDesktopServices::openUrl(urlOf(path.substr(0, path.rfind('/') + 1)));
   });
-}
-
-QPalette dialogPalette(const Palette& colors) {
-  QPalette palette(colors.card, colors.panel);
-  palette.setColor(QPalette::Base, colors.field);
-  palette.setColor(QPalette::AlternateBase, colors.card);
-  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
-    palette.setColor(role, colors.ink);
-    palette.setColor(QPalette::Disabled, role, colors.ink3);
-  }
-  palette.setColor(QPalette::PlaceholderText, colors.ink3);
-  palette.setColor(QPalette::Highlight, colors.accent);
-  palette.setColor(QPalette::HighlightedText, colors.onAccent);
-  return palette;
 }
 
 constexpr Seconds celebration{6};

@@ -1,65 +1,21 @@
 #include "core/settings/PropertyList.h"
 
 #include <charconv>
+#include <pugixml.hpp>
 
 #include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
 
-template <typename Number>
-std::optional<Number> wholeNumber(std::string_view text, int base = 10) {
-  Number value{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return value;
-}
+constexpr int deepest = 100;
 
-std::optional<double> realNumber(std::string_view text) {
-  double value = 0;
+template <typename Number>
+std::optional<Number> number(std::string_view text) {
+  Number value{};
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
   return value;
-}
-
-bool appendUTF8(std::string& out, std::uint32_t code) {
-  if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return false;
-  if (code < 0x80) {
-    out += static_cast<char>(code);
-    return true;
-  }
-  const int tail = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-  constexpr unsigned marks[] = {0, 0xC0, 0xE0, 0xF0};
-  out += static_cast<char>(marks[tail] | code >> 6 * tail);
-  for (int i = tail - 1; i >= 0; --i) out += static_cast<char>(0x80 | (code >> 6 * i & 0x3F));
-  return true;
-}
-
-// The text between two tags, its entities replaced.
-std::optional<std::string> unescaped(std::string_view text) {
-  constexpr std::pair<std::string_view, char> names[] = {
-      {"lt", '<'}, {"gt", '>'}, {"amp", '&'}, {"quot", '"'}, {"apos", '\''}};
-  std::string out;
-  while (!text.empty()) {
-    const std::size_t mark = text.find('&');
-    out += text.substr(0, mark);
-    if (mark == std::string_view::npos) break;
-    const std::size_t end = text.find(';', mark);
-    if (end == std::string_view::npos) return std::nullopt;
-    std::string_view entity = text.substr(mark + 1, end - mark - 1);
-    text.remove_prefix(end + 1);
-    if (entity.starts_with('#')) {
-      const bool isHex = entity.starts_with("#x");
-      const auto code = wholeNumber<std::uint32_t>(entity.substr(isHex ? 2 : 1), isHex ? 16 : 10);
-      if (!code || !appendUTF8(out, *code)) return std::nullopt;
-      continue;
-    }
-    const auto* known = std::begin(names);
-    while (known != std::end(names) && known->first != entity) ++known;
-    if (known == std::end(names)) return std::nullopt;
-    out += known->second;
-  }
-  return out;
 }
 
 // Built in place: g++ 12 takes the temporary's destructor for a use of uninitialised bytes.
@@ -79,128 +35,69 @@ std::optional<DefaultsData> dataFrom(std::string_view text) {
   return DefaultsData{std::move(*bytes)};
 }
 
-std::optional<DefaultsValue> scalar(std::string_view tag, const std::string& text) {
-  if (tag == "string") return DefaultsValue{text};
-  if (tag == "integer") return wrapped(wholeNumber<std::int64_t>(trimmed(text)));
-  if (tag == "real") return wrapped(realNumber(trimmed(text)));
-  if (tag == "date") return wrapped(parseISO8601(trimmed(text)));
-  if (tag == "data") return wrapped(dataFrom(text));
-  return std::nullopt;
+// Absent where there is an element inside.
+std::optional<std::string> textOf(const pugi::xml_node& node) {
+  const auto first = node.first_child();
+  if (first.next_sibling() || first.type() == pugi::node_element) return std::nullopt;
+  return std::string(first.value());
 }
 
-class Reader {
- public:
-  explicit Reader(std::string_view text) : rest_(text) {}
+std::optional<DefaultsValue> valueOf(const pugi::xml_node& node, int depth);
 
-  std::optional<DefaultsDictionary> document() {
-    const auto outer = openTag();
-    if (!outer || outer->name != "plist" || outer->isEmpty) return std::nullopt;
-    auto value = element(0);
-    if (!value || !closes("plist")) return std::nullopt;
-    skipNoise();
-    auto* dictionary = std::get_if<DefaultsDictionary>(&value->value);
-    return dictionary && rest_.empty() ? std::optional(std::move(*dictionary)) : std::nullopt;
+std::optional<DefaultsValue> dictionaryOf(const pugi::xml_node& node, int depth) {
+  DefaultsDictionary values;
+  for (auto key = node.first_child(); key; key = key.next_sibling()) {
+    auto name = key.name() == std::string_view("key") ? textOf(key) : std::nullopt;
+    key = key.next_sibling();
+    auto value = valueOf(key, depth + 1);
+    if (!name || !value) return std::nullopt;
+    values.insert_or_assign(std::move(*name), std::move(*value));
   }
+  return wrapped(std::optional(std::move(values)));
+}
 
- private:
-  struct Tag {
-    std::string_view name;
-    bool isEmpty = false;
-  };
-
-  bool skipPast(std::string_view end) {
-    const std::size_t at = rest_.find(end);
-    rest_.remove_prefix(at == std::string_view::npos ? rest_.size() : at + end.size());
-    return at != std::string_view::npos;
-  }
-
-  // White space, comments, the XML declaration and the document type.
-  void skipNoise() {
-    for (;;) {
-      while (!rest_.empty() && trimmed(rest_.substr(0, 1)).empty()) rest_.remove_prefix(1);
-      if (rest_.starts_with("<!--"))
-        skipPast("-->");
-      else if (rest_.starts_with("<?") || rest_.starts_with("<!DOCTYPE"))
-        skipPast(">");
-      else
-        return;
-    }
-  }
-
-  std::optional<Tag> openTag() {
-    skipNoise();
-    const std::size_t end = rest_.find('>');
-    if (!rest_.starts_with('<') || rest_.starts_with("</") || end == std::string_view::npos) return std::nullopt;
-    std::string_view inside = rest_.substr(1, end - 1);
-    rest_.remove_prefix(end + 1);
-    const bool isEmpty = inside.ends_with('/');
-    if (isEmpty) inside.remove_suffix(1);
-    return Tag{inside.substr(0, inside.find_first_of(" \t\r\n")), isEmpty};
-  }
-
-  bool closes(std::string_view name) {
-    skipNoise();
-    const std::string tag = "</" + std::string(name) + ">";
-    if (!rest_.starts_with(tag)) return false;
-    rest_.remove_prefix(tag.size());
-    return true;
-  }
-
-  std::optional<std::string> textUntilClosed(const Tag& tag) {
-    if (tag.isEmpty) return std::string();
-    const std::string_view text = rest_.substr(0, rest_.find('<'));
-    rest_.remove_prefix(text.size());
-    const std::string end = "</" + std::string(tag.name) + ">";
-    if (!rest_.starts_with(end)) return std::nullopt;
-    rest_.remove_prefix(end.size());
-    return unescaped(text);
-  }
-
-  std::optional<DefaultsValue> element(int depth) {
-    constexpr int deepest = 100;
-    const auto tag = openTag();
-    if (!tag || depth > deepest) return std::nullopt;
-    if (tag->name == "dict") return dictionary(*tag, depth);
-    if (tag->name == "array") return array(*tag, depth);
-    if ((tag->name == "true" || tag->name == "false") && (tag->isEmpty || closes(tag->name)))
-      return DefaultsValue{tag->name == "true"};
-    const auto text = textUntilClosed(*tag);
-    if (!text) return std::nullopt;
-    return scalar(tag->name, *text);
-  }
-
-  std::optional<DefaultsValue> dictionary(const Tag& tag, int depth) {
-    DefaultsDictionary values;
-    while (!tag.isEmpty && !closes("dict")) {
-      const auto keyTag = openTag();
-      if (!keyTag || keyTag->name != "key") return std::nullopt;
-      auto key = textUntilClosed(*keyTag);
-      if (!key) return std::nullopt;
-      auto value = element(depth + 1);
-      if (!value) return std::nullopt;
-      values.insert_or_assign(std::move(*key), std::move(*value));
-    }
-    return wrapped(std::optional(std::move(values)));
-  }
-
-  std::optional<DefaultsValue> array(const Tag& tag, int depth) {
+std::optional<DefaultsValue> valueOf(const pugi::xml_node& node, int depth) {
+  if (node.type() != pugi::node_element || depth > deepest) return std::nullopt;
+  const std::string_view tag = node.name();
+  if (tag == "dict") return dictionaryOf(node, depth);
+  if (tag == "array") {
     DefaultsArray values;
-    while (!tag.isEmpty && !closes("array")) {
-      auto value = element(depth + 1);
+    for (const auto& child : node.children()) {
+      auto value = valueOf(child, depth + 1);
       if (!value) return std::nullopt;
       values.push_back(std::move(*value));
     }
     return wrapped(std::optional(std::move(values)));
   }
-
-  std::string_view rest_;
-};
+  if (tag == "true" || tag == "false") {
+    if (node.first_child()) return std::nullopt;
+    return DefaultsValue{tag == "true"};
+  }
+  const auto text = textOf(node);
+  if (!text) return std::nullopt;
+  if (tag == "string") return DefaultsValue{*text};
+  if (tag == "integer") return wrapped(number<std::int64_t>(trimmed(*text)));
+  if (tag == "real") return wrapped(number<double>(trimmed(*text)));
+  if (tag == "date") return wrapped(parseISO8601(trimmed(*text)));
+  if (tag == "data") return wrapped(dataFrom(*text));
+  return std::nullopt;
+}
 
 }  // namespace
 
 std::optional<DefaultsDictionary> parsePropertyList(std::string_view text) {
   if (!isValidUTF8(text)) return std::nullopt;
-  return Reader(text).document();
+  pugi::xml_document document;
+  constexpr unsigned flags = pugi::parse_default | pugi::parse_ws_pcdata_single;
+  if (!document.load_buffer(text.data(), text.size(), flags, pugi::encoding_utf8)) return std::nullopt;
+  const pugi::xml_node root = document.first_child();
+  const pugi::xml_node top = root.first_child();
+  if (root.name() != std::string_view("plist") || root.next_sibling() || top.next_sibling() ||
+      top.name() != std::string_view("dict"))
+    return std::nullopt;
+  auto value = valueOf(top, 0);
+  if (!value) return std::nullopt;
+  return std::get<DefaultsDictionary>(std::move(value->value));
 }
 
 }  // namespace ambrel

@@ -11,6 +11,7 @@ Command clipsCommand();
 Command diskCommand();
 Command noticesCommand();
 Command profilesCommand();
+Command reviewCommand();
 Command settingsCommand();
 Command statusLineCommand();
 Command usageCommand();

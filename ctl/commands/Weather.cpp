@@ -1,8 +1,8 @@
 #include "core/weather.h"
 
-#include "core/base/Files.h"
 #include "core/base/JSON.h"
 #include "core/base/LocalText.h"
+#include "ctl/InputFile.h"
 #include "ctl/Table.h"
 #include "ctl/commands/Commands.h"
 
@@ -10,15 +10,6 @@ namespace ambrel {
 namespace {
 
 constexpr std::uint64_t largestAnswer = 16 << 20;
-
-std::string answerIn(const std::string& file) {
-  errno = 0;
-  auto bytes = readFile(file, largestAnswer);
-  if (bytes) return std::move(*bytes);
-  const auto status = fileStatus(file);
-  if (status && status->isRegular && status->size > largestAnswer) throw CommandError(file + " is too large");
-  throw FileError("cannot read", file, errno == 0 ? EINVAL : errno);
-}
 
 template <typename T>
 T valueOf(Decoded<T> decoded, const std::string& file, const char* what) {
@@ -100,10 +91,10 @@ std::string asText(const Forecast& f, const std::optional<AirQuality>& air, cons
 void run(const Arguments& arguments, Context& context) {
   const auto from = arguments.value("--from");
   if (!from) throw UsageError("weather needs --from FILE; see 'tilebayctl weather --help'");
-  const Forecast forecast = valueOf(decodeForecast(answerIn(*from)), *from, "forecast");
+  const Forecast forecast = valueOf(decodeForecast(inputFile(*from, largestAnswer)), *from, "forecast");
   std::optional<AirQuality> air;
   if (const auto file = arguments.value("--air"))
-    air = valueOf(decodeAirQuality(answerIn(*file)), *file, "air-quality");
+    air = valueOf(decodeAirQuality(inputFile(*file, largestAnswer)), *file, "air-quality");
   const Instant now = context.now();
   if (context.json)
     context.print(asJSON(forecast, air, context.calendar, now));

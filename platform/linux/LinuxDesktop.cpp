@@ -9,6 +9,7 @@
 #include "platform/linux/FreedesktopTrash.h"
 #include "platform/linux/InotifyFolderWatch.h"
 #include "platform/linux/InstalledPrograms.h"
+#include "platform/linux/PortalScreenCapture.h"
 #include "platform/linux/ProcReadings.h"
 #include "platform/linux/SessionBus.h"
 #include "platform/linux/SystemTimeZone.h"
@@ -17,6 +18,7 @@
 #include "platform/linux/X11DesktopTheme.h"
 #include "platform/linux/X11HotKeys.h"
 #include "platform/linux/X11Pointer.h"
+#include "platform/linux/X11ScreenCapture.h"
 #include "platform/linux/X11ScreenSaver.h"
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
@@ -63,6 +65,13 @@ std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
   return std::make_unique<NoPasteboard>();
 }
 
+// A Wayland session shows programs of its own alone what is on the screen, also where there is an X server.
+std::unique_ptr<ScreenCapture> openScreenCapture(X11Connection* connection, const QDBusConnection& bus) {
+  if (!connection || qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland"))
+    return std::make_unique<PortalScreenCapture>(bus);
+  return std::make_unique<X11ScreenCapture>(connection);
+}
+
 }  // namespace
 
 struct LinuxDesktop::Parts {
@@ -85,6 +94,7 @@ struct LinuxDesktop::Parts {
         volumes(systemBus),
         screenSaver(connection.get()),
         keepAwake(systemBus, bus, [this](bool isHeld) { return screenSaver.suspend(isHeld); }),
+        screenCapture(openScreenCapture(connection.get(), bus)),
         trash(dataHome, getuid(), calendar),
         session(bus) {}
 
@@ -109,6 +119,7 @@ struct LinuxDesktop::Parts {
   UDisksVolumes volumes;
   X11ScreenSaver screenSaver;
   SystemKeepAwake keepAwake;
+  std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
   InotifyFolderWatch folderWatch;
   DBusSessionService session;
@@ -138,6 +149,7 @@ Desktop LinuxDesktop::seams() {
           .bluetooth = parts_->bluetooth,
           .volumes = parts_->volumes,
           .keepAwake = parts_->keepAwake,
+          .screenCapture = *parts_->screenCapture,
           .trash = parts_->trash,
           .folderWatch = parts_->folderWatch};
 }

@@ -34,6 +34,7 @@ struct FakeDesktop {
             .bluetooth = bluetooth,
             .volumes = volumes,
             .keepAwake = keepAwake,
+            .screenCapture = screenCapture,
             .trash = trash,
             .folderWatch = folderWatch};
   }
@@ -56,6 +57,7 @@ struct FakeDesktop {
   FakeBluetooth bluetooth;
   FakeVolumes volumes;
   FakeKeepAwake keepAwake;
+  FakeScreenCapture screenCapture;
   FakeTrash trash;
   FakeFolderWatch folderWatch;
 };

@@ -14,6 +14,7 @@
 #include "platform/HotKeys.h"
 #include "platform/Notifications.h"
 #include "platform/Pointer.h"
+#include "platform/ScreenCapture.h"
 #include "platform/Screens.h"
 #include "platform/SessionService.h"
 #include "platform/WindowStyle.h"
@@ -70,6 +71,13 @@ class FakeScreens : public Screens {
 
  private:
   std::function<void()> handler_;
+};
+
+class FakeScreenCapture : public ScreenCapture {
+ public:
+  void capture(std::function<void(ScreenPicture)> done) override { done(next); }
+
+  ScreenPicture next;
 };
 
 class FakeWorkspace : public Workspace {

@@ -92,14 +92,14 @@ class FakeService : public QDBusVirtualObject {
   // Changes a property and tells about it.
   void set(const QString& path, const QString& interface, const QString& property, const QVariant& value) {
     objects[QDBusObjectPath(path)][interface][property] = value;
-    QDBusMessage signal = QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.DBus.Properties"),
-                                                     QStringLiteral("PropertiesChanged"));
-    signal.setArguments({interface, QVariantMap{{property, value}}, QStringList()});
-    bus_.send(signal);
+    send(path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
+         {interface, QVariantMap{{property, value}}, QStringList()});
   }
   void announce(const QString& member, const QVariantList& arguments) {
-    QDBusMessage signal =
-        QDBusMessage::createSignal(QStringLiteral("/"), QStringLiteral("org.freedesktop.DBus.ObjectManager"), member);
+    send(QStringLiteral("/"), QStringLiteral("org.freedesktop.DBus.ObjectManager"), member, arguments);
+  }
+  void send(const QString& path, const QString& interface, const QString& member, const QVariantList& arguments) {
+    QDBusMessage signal = QDBusMessage::createSignal(path, interface, member);
     signal.setArguments(arguments);
     bus_.send(signal);
   }

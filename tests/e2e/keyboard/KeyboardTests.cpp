@@ -197,6 +197,9 @@ class Keyboard : public testing::Test {
     // What is typed in a field goes first.
     for (int i = 0; i < 3 && isVisible(window) && press("Escape"); ++i)
       waitFor([&] { return !isVisible(window); }, 1500);
+    // A review asks first.
+    if (isVisible(window) && pressUntil("Tab", "Close the review") && press("Return"))
+      waitFor([&] { return !isVisible(window); }, 1500);
     EXPECT_FALSE(isVisible(window)) << "Escape does not close it";
   }
   bool isVisible(const QString& window) const {
@@ -428,7 +431,7 @@ TEST_F(Keyboard, WalksThroughWindowsAndSheets) {
     EXPECT_TRUE(window) << wish;
     return window;
   };
-  for (const char* wish : {"--toggle-agents", "--toggle-clipboard", "--open-disk-doctor"}) {
+  for (const char* wish : {"--toggle-agents", "--toggle-clipboard", "--open-disk-doctor", "--capture-notes"}) {
     SCOPED_TRACE(wish);
     if (const auto window = openBy(wish)) walkAndClose(*window);
   }

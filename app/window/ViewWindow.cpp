@@ -1,0 +1,37 @@
+#include "app/window/ViewWindow.h"
+
+#include <QQmlEngine>
+
+namespace ambrel {
+
+ViewWindow::ViewWindow(QQmlEngine& engine, WindowStyle& style, Look look, QObject* parent)
+    : QObject(parent), engine_(engine), style_(style), look_(std::move(look)) {}
+
+ViewWindow::~ViewWindow() = default;
+
+void ViewWindow::open() {
+  if (!window_) {
+    window_ = std::make_unique<FramedWindow>(engine_, style_, look_.title, look_.size, look_.smallest);
+    connect(window_.get(), &FramedWindow::closeAsked, this, &ViewWindow::closeAsked);
+    QVariantMap properties = look_.properties;
+    properties.insert(QStringLiteral("window"), QVariant::fromValue(window_.get()));
+    window_->setInitialProperties(properties);
+    window_->setSource(look_.source);
+  }
+  if (window_->windowStates() & Qt::WindowMinimized)
+    window_->showNormal();
+  else
+    window_->show();
+  window_->raise();
+  style_.activate(*window_);
+}
+
+void ViewWindow::close() {
+  if (!window_) return;
+  window_->hide();
+  closed_ = std::move(window_);
+  QMetaObject::invokeMethod(
+      this, [this] { closed_.reset(); }, Qt::QueuedConnection);
+}
+
+}  // namespace ambrel

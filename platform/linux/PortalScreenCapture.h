@@ -1,0 +1,35 @@
+#pragma once
+// The picture that the desktop portal takes, where programs may not read the screen themselves (Wayland).
+// org.freedesktop.portal.Screenshot:
+// https://flatpak.github.io/xdg-desktop-portal/docs/doc-org.freedesktop.portal.Screenshot.html
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include "platform/ScreenCapture.h"
+
+namespace ambrel {
+
+class PortalScreenCapture : public QObject, public ScreenCapture {
+  Q_OBJECT
+
+ public:
+  explicit PortalScreenCapture(const QDBusConnection& bus) : bus_(bus) {}
+
+  // All screens in one picture: the portal tells neither the pointer nor windows. Our own windows may be in it.
+  void capture(std::function<void(ScreenPicture)> done) override;
+
+ private Q_SLOTS:
+  void answered(uint response, const QVariantMap& results);
+
+ private:
+  void finish(ScreenPicture picture);
+  void stopListening();
+
+  QDBusConnection bus_;
+  std::function<void(ScreenPicture)> done_;
+  QString request_;  // the object whose answer is awaited
+  int turn_ = 0;
+};
+
+}  // namespace ambrel

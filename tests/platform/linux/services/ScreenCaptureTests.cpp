@@ -1,0 +1,72 @@
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include "platform/linux/PortalScreenCapture.h"
+#include "tests/platform/linux/services/BusTest.h"
+
+namespace ambrel {
+namespace {
+
+// A portal that answers with a picture of its own making, or as the test says.
+class PortalCapture : public BusTest {
+ protected:
+  void SetUp() override {
+    BusTest::SetUp();
+    if (IsSkipped()) return;
+    portal_ = service("org.freedesktop.portal.Desktop");
+    portal_->answer = [this](const QDBusMessage& message) {
+      const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().at(1));
+      const QString request =
+          QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
+              .arg(message.service().mid(1).replace('.', '_'), options.value("handle_token").toString());
+      QMetaObject::invokeMethod(
+          &context_,
+          [this, request] {
+            portal_->send(request, "org.freedesktop.portal.Request", "Response",
+                          {response_, QVariantMap{{"uri", QUrl::fromLocalFile(file()).toString()}}});
+          },
+          Qt::QueuedConnection);
+      return message.createReply(QVariant::fromValue(QDBusObjectPath(request)));
+    };
+    capture_ = std::make_unique<PortalScreenCapture>(bus_.connection());
+  }
+  QString file() const { return folder_.filePath("Screenshot 1.png"); }
+  ScreenPicture take() {
+    std::optional<ScreenPicture> taken;
+    capture_->capture([&](ScreenPicture picture) { taken = std::move(picture); });
+    EXPECT_TRUE(happens([&] { return taken.has_value(); }));
+    return taken.value_or(ScreenPicture{});
+  }
+
+  QTemporaryDir folder_;
+  QObject context_;
+  uint response_ = 0;
+  std::unique_ptr<FakeService> portal_;
+  std::unique_ptr<PortalScreenCapture> capture_;
+};
+
+TEST_F(PortalCapture, LeavesNoPictureBehind) {
+  QImage image(40, 30, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(file()));
+  EXPECT_EQ(take().image.pixelColor(3, 3), QColor(Qt::red));
+  EXPECT_FALSE(QFile::exists(file()));
+  // There is none any more.
+  EXPECT_NE(take().problem, "");
+}
+
+TEST_F(PortalCapture, IsQuietWhenTheUserCallsItOff) {
+  response_ = 1;
+  const ScreenPicture picture = take();
+  EXPECT_TRUE(picture.image.isNull());
+  EXPECT_EQ(picture.problem, "");
+}
+
+TEST_F(PortalCapture, SaysThatThereIsNoService) {
+  portal_.reset();
+  EXPECT_EQ(take().problem, "The desktop has no service that takes pictures of the screen.");
+}
+
+}  // namespace
+}  // namespace ambrel
