@@ -34,11 +34,11 @@ TEST(BarReveal, OnlyAPointerAtTheEdgeOfItsOwnScreenRevealsTheBar) {
       {DockEdge::right, {1598.0, 500}, true}, {DockEdge::right, {1597.9, 500}, false},
       {DockEdge::right, {1600, 900}, true},   {DockEdge::right, {1601, 500}, false},
   };
-  for (const auto& [edge, pointer, isRevealed] : cases) {
+  for (const auto& [barEdge, pointer, isRevealed] : cases) {
     BarReveal reveal;
     auto surroundings = around(pointer);
-    surroundings.edge = edge;
-    EXPECT_EQ(reveal.tick(surroundings, start), isRevealed) << nameOf(edge) << " " << pointer.x << " " << pointer.y;
+    surroundings.edge = barEdge;
+    EXPECT_EQ(reveal.tick(surroundings, start), isRevealed) << nameOf(barEdge) << " " << pointer.x << " " << pointer.y;
     EXPECT_EQ(reveal.isRevealed, isRevealed);
   }
   // A second screen may be anywhere.

@@ -152,6 +152,10 @@ TEST(Thermal, TripPointsMakeTheLevels) {
   addTrip(left, "passive", 70, true);
   left.celsius = 75;
   EXPECT_EQ(thermalReading({left})->level, ThermalLevel::fair) << "the kernel does not slow this one down";
+  ThermalSensor near;
+  addTrip(near, "passive", 80, false);
+  near.celsius = 76;
+  EXPECT_EQ(thermalReading({near})->level, ThermalLevel::fair) << "it is about to be slowed down";
   ThermalSensor hot;
   addTrip(hot, "hot", 95, false);
   hot.celsius = 95;

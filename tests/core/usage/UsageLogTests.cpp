@@ -9,7 +9,7 @@
 namespace ambrel {
 namespace {
 
-TEST(FindUsageKey, FindsTheFirstOneWhereverItStands) {
+TEST(FindUsageKey, FindsTheFirstOneWhereverItIs) {
   const std::string key(usageKey);
   const std::string nearMisses = "\"usagE\" usage\" \"usage \"u\"a\"g\"\" \"\"\"g\"\"\"";
   for (std::size_t length = 0; length < 80; ++length) {
@@ -123,7 +123,7 @@ TEST_F(UsageLogTest, AgreesWithALineByLineReading) {
 }
 
 // The key moves through the end of the buffer, in a line that does not fit into it.
-TEST_F(UsageLogTest, FindsAKeyThatLiesAcrossTwoReads) {
+TEST_F(UsageLogTest, FindsAKeyThatIsAcrossTwoReads) {
   const std::string bare = replyLine("2026-11-21T11:00:00Z", 3);
   const std::size_t keyAt = bare.find(usageKey);
   for (int shift = -10; shift <= 3; ++shift) {

@@ -50,7 +50,7 @@ TEST(Struts, CountWhereTheyReach) {
             {},
             {0, 0, 0, 30}},
         Row{"a panel below both", bottom(30, 0, 2879), {0, 0, 0, 30}, {}},
-        Row{"a range of zeroes means the whole edge", bottom(30, 0, 0), {0, 0, 0, 30}, {}},
+        Row{"a range of zeroes means the whole edge", bottom(110, 0, 0), {0, 0, 0, 110}, {0, 0, 0, 30}},
         Row{"one pixel into the second screen", bottom(90, 1000, 1600), {0, 0, 0, 90}, {0, 0, 0, 10}},
         Row{"a panel above the second screen", top, {}, {0, 30, 0, 0}},
         Row{"a panel at the right", right, {}, {0, 0, 40, 0}},
