@@ -123,7 +123,11 @@ void DockPanelController::updatePosition() {
   if (onMaxLength) onMaxLength(placement_.maxLength);
   updateTiles();
   placement_ = placed();
-  if (window_) window_->movePanelFrame(inWindowSystem(placement_.frame), inWindowSystem(placement_.room));
+  if (window_) {
+    const QRect frame = inWindowSystem(placement_.frame);
+    // Without room enough the bar is there all the same.
+    window_->movePanelFrame(frame, inWindowSystem(placement_.room).united(frame));
+  }
   Q_EMIT layoutChanged();
   if (!window_) return;
   // A bar that has moved may have left a pointer that rests.

@@ -19,7 +19,11 @@ PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role
   move_.setEasingCurve(QEasingCurve::InOutQuad);
   connect(&move_, &QVariantAnimation::valueChanged, this, [this](const QVariant& corner) {
     // New ends give a new value, too.
-    if (move_.state() == QAbstractAnimation::Running) setPanelFrame(QRect(corner.toPoint(), panelFrame_.size()), room_);
+    if (move_.state() != QAbstractAnimation::Running) return;
+    const QRect frame(corner.toPoint(), panelFrame_.size()), room = room_;
+    // On its way it may be outside of where it goes.
+    setPanelFrame(frame, room.united(frame));
+    room_ = room;
   });
   if (role != WindowRole::panel) return;
   connect(this, &QWindow::activeChanged, this, [this] {
@@ -53,8 +57,7 @@ void PanelWindow::movePanelFrame(const QRect& frame, const QRect& room) {
 void PanelWindow::setPanelFrame(const QRect& frame, const QRect& room) {
   panelFrame_ = frame;
   room_ = room;
-  windowFrame_ =
-      frame.adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin).intersected(room).united(frame);
+  windowFrame_ = frame.adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin).intersected(room);
   style_.place(*this, windowFrame_);
   setShape(panelRect(), cornerRadius_, panelRect());
   Q_EMIT panelRectChanged();

@@ -22,7 +22,8 @@ class PanelWindow : public ClearWindow {
 
   PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role);
 
-  // Where the panel itself is, in the window system's coordinates. Its margin does not leave `room`.
+  // Where the panel itself is, in the window system's coordinates. The window does not leave `room`, so near an
+  // edge its margin is narrower.
   void setPanelFrame(const QRect& frame, const QRect& room);
   // As setPanelFrame; a window that can be seen goes there instead of jumping, unless its size changes or it was
   // outside the room.
