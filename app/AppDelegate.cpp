@@ -51,6 +51,9 @@ Theme::Choice themeChoice(ThemeChoice choice) {
 
 QString idOf(DockWidget widget) { return toQString(nameOf(widget)); }
 
+// By then a window that was clicked has the keyboard.
+constexpr Seconds pressSettles{0.2};
+
 }  // namespace
 
 // The order of construction is that of the members: the toast first, then the migration, before anything reads the
@@ -322,6 +325,7 @@ void AppDelegate::makeDock() {
 
 void AppDelegate::makePanels() {
   connect(panels_.get(), &BarPanels::changed, wiring_.get(), [this] { panelsChanged(); });
+  connect(dock_.get(), &DockPanelController::keyboardTaken, wiring_.get(), [this] { followPresses(); });
   connect(panels_.get(), &BarPanels::opening, wiring_.get(), [this] {
     shelf_->close();
     dock_->reveal();
@@ -347,12 +351,17 @@ void AppDelegate::makePanels() {
 }
 
 void AppDelegate::panelsChanged() {
-  // A click elsewhere closes a panel, also where nothing takes the keyboard from it, as on an empty desktop.
-  const bool isOpen = isAnyPanelOpen();
-  if (std::exchange(followsPresses_, isOpen) != isOpen)
-    desktop_.pointer.setPressHandler(isOpen ? [this] { pressedSomewhere(); } : std::function<void()>());
+  followPresses();
   dock_->holdingChanged();
-  notices()->setPanelOpen(isOpen);
+  notices()->setPanelOpen(isAnyPanelOpen());
+}
+
+// A click elsewhere closes a panel and ends the keyboard's stay on the bar, also where nothing takes the keyboard from
+// them, as on an empty desktop.
+void AppDelegate::followPresses() {
+  const bool follows = isAnyPanelOpen() || dock_->hasKeyboard();
+  if (std::exchange(followsPresses_, follows) != follows)
+    desktop_.pointer.setPressHandler(follows ? [this] { pressedSomewhere(); } : std::function<void()>());
 }
 
 void AppDelegate::pressedSomewhere() {
@@ -363,6 +372,10 @@ void AppDelegate::pressedSomewhere() {
   if (QGuiApplication::topLevelAt(QPoint(qRound(at.x), qRound(at.y)))) return;
   panels_->leave();
   shelf_->close();
+  later()(pressSettles, [this] {
+    dock_->leaveKeyboard();
+    followPresses();
+  });
 }
 
 DockPopoverController& AppDelegate::panel(const char* module, const char* file, const QVariantMap& properties) {

@@ -98,6 +98,7 @@ class AppDelegate : public QObject, private Shell {
   void firstRun();
   void widgetsChanged();
   void panelsChanged();
+  void followPresses();
   void pressedSomewhere();
 
   DockPopoverController& panel(const char* module, const char* file, const QVariantMap& properties = {});

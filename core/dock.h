@@ -99,6 +99,8 @@ struct BarPlacement {
   // The longest that the bar may be along its edge; 0 or more.
   double maxLength = 0;
   Rect frame;
+  // What the window around the bar may cover: not the panels of others, nor the strip by which a hidden dock comes.
+  Rect room;
 
   friend bool operator==(const BarPlacement&, const BarPlacement&) = default;
 };

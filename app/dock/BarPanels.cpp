@@ -97,6 +97,7 @@ void BarPanels::open(DockPopoverController& panel, const QString& item) {
 }
 
 void BarPanels::leave() {
+  returnsKeyboard_ = false;
   for (const auto& [name, panel] : panels_)
     if (!panel->stays()) panel->close();
 }

@@ -96,6 +96,8 @@ std::optional<ScreenInfo> DockPanelController::mainScreen() const {
   return screens.empty() ? std::nullopt : std::optional(screens.front());
 }
 
+QRect DockPanelController::inWindowSystem(const Rect& rect) const { return toRect(rect, seams_.screens.mainHeight()); }
+
 void DockPanelController::setScale(qreal scale) {
   if (scale == scale_) return;
   scale_ = scale;
@@ -121,9 +123,11 @@ void DockPanelController::updatePosition() {
   if (onMaxLength) onMaxLength(placement_.maxLength);
   updateTiles();
   placement_ = placed();
-  if (window_)
-    window_->movePanelFrame(toRect(placement_.frame, seams_.screens.mainHeight()),
-                            toRect(screen->frame, seams_.screens.mainHeight()));
+  if (window_) {
+    const QRect frame = inWindowSystem(placement_.frame);
+    // Without room enough the bar is there all the same.
+    window_->movePanelFrame(frame, inWindowSystem(placement_.room).united(frame));
+  }
   Q_EMIT layoutChanged();
   if (!window_) return;
   // A bar that has moved may have left a pointer that rests.
@@ -256,9 +260,10 @@ void DockPanelController::watchPointer() {
 
 PanelAnchor DockPanelController::anchor(const QString& item) const {
   const auto screen = mainScreen();
-  const double height = seams_.screens.mainHeight();
-  PanelAnchor anchor{.tile = {}, .bar = toRect(placement_.frame, height), .screen = {}, .edge = settings_.dockEdge()};
-  if (screen) anchor.screen = toRect(screen->frame, height);
+  PanelAnchor anchor{.tile = {},
+                     .bar = inWindowSystem(placement_.frame),
+                     .screen = screen ? inWindowSystem(screen->visibleFrame) : QRect(),
+                     .edge = settings_.dockEdge()};
   for (const TileRecord& tile : content_.tiles) {
     if (tile.item != item) continue;
     const bool isRow = anchor.edge == DockEdge::bottom;

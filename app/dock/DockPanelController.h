@@ -117,9 +117,9 @@ class DockPanelController : public QObject {
   void updateTiles();
   BarSurroundings surroundings(Point pointer) const;
   std::optional<ScreenInfo> mainScreen() const;
+  QRect inWindowSystem(const Rect& rect) const;
   void schedule(Instant now);
   void watchPointer();
-  QRect windowFrame() const;
 
   QQmlEngine& engine_;
   WidgetContext& context_;

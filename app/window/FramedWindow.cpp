@@ -21,12 +21,8 @@ constexpr std::chrono::milliseconds frameCheckDelay{150};
 }  // namespace
 
 FramedWindow::FramedWindow(QQmlEngine& engine, WindowStyle& style, const QString& title, QSize size, QSize smallest)
-    : QQuickView(&engine, nullptr), style_(style), smallest_(smallest) {
+    : ClearWindow(engine, style, WindowRole::window), smallest_(smallest) {
   setTitle(title);
-  setColor(Qt::transparent);
-  setResizeMode(QQuickView::SizeRootObjectToView);
-  setPersistentGraphics(false);
-  style_.prepare(*this, WindowRole::window);
   margin_ = style_.isCompositing() ? shadowMargin : 0;
   // The frame is never larger than the screen, however small or scaled that is; the shadow may be.
   const QSize room = screen()->availableSize();
@@ -83,19 +79,22 @@ void FramedWindow::follow(QPoint pointer) {
 
 void FramedWindow::mousePressEvent(QMouseEvent* event) {
   pressed_ = event->globalPosition().toPoint();
-  QQuickView::mousePressEvent(event);
+  ClearWindow::mousePressEvent(event);
 }
 
 void FramedWindow::mouseMoveEvent(QMouseEvent* event) {
-  QQuickView::mouseMoveEvent(event);
+  ClearWindow::mouseMoveEvent(event);
   if (!event->buttons().testFlag(Qt::LeftButton)) drag_.reset();
   follow(event->globalPosition().toPoint());
 }
 
 void FramedWindow::mouseReleaseEvent(QMouseEvent* event) {
-  follow(event->globalPosition().toPoint());
+  // The toolkit drops movements that came before later ones, also the last before the release.
+  QMouseEvent last(QEvent::MouseMove, event->position(), event->globalPosition(), Qt::NoButton,
+                   event->buttons() | event->button(), event->modifiers());
+  mouseMoveEvent(&last);
   drag_.reset();
-  QQuickView::mouseReleaseEvent(event);
+  ClearWindow::mouseReleaseEvent(event);
 }
 
 bool FramedWindow::event(QEvent* event) {
@@ -105,21 +104,21 @@ bool FramedWindow::event(QEvent* event) {
     Q_EMIT closeAsked();
     return true;
   }
-  return QQuickView::event(event);
+  return ClearWindow::event(event);
 }
 
 void FramedWindow::resizeEvent(QResizeEvent* event) {
-  QQuickView::resizeEvent(event);
+  ClearWindow::resizeEvent(event);
   updateShape();
 }
 
 void FramedWindow::showEvent(QShowEvent* event) {
-  QQuickView::showEvent(event);
+  ClearWindow::showEvent(event);
   updateFrame();
 }
 
 void FramedWindow::exposeEvent(QExposeEvent* event) {
-  QQuickView::exposeEvent(event);
+  ClearWindow::exposeEvent(event);
   if (isExposed()) frameCheck_.start();
 }
 
@@ -136,10 +135,9 @@ void FramedWindow::updateFrame() {
 }
 
 void FramedWindow::updateShape() {
-  const double corner = isSquare() || style_.isCompositing() ? 0 : cornerRadius;
-  style_.setRoundedMask(*this, 0, 0, width(), height(), corner);
+  const QRect whole({}, size());
   const int free = std::max(margin_ - grip, 0);
-  style_.setInputRect(*this, free, free, width() - 2 * free, height() - 2 * free);
+  setShape(whole, isSquare() ? 0 : cornerRadius, whole.adjusted(free, free, -free, -free));
 }
 
 }  // namespace ambrel

@@ -2,16 +2,15 @@
 // An ordinary window whose frame is drawn by us: round corners and a shadow around it where there is a compositor, a
 // plain rectangle with cut corners where there is none.
 
-#include <QQuickView>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 #include <optional>
 
-#include "platform/WindowStyle.h"
+#include "app/window/ClearWindow.h"
 
 namespace ambrel {
 
-class FramedWindow : public QQuickView {
+class FramedWindow : public ClearWindow {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by its controller")
@@ -58,7 +57,6 @@ class FramedWindow : public QQuickView {
   void updateShape();
   void follow(QPoint pointer);
 
-  WindowStyle& style_;
   QSize smallest_;
   int margin_ = 0;
   bool isFilling_ = false;

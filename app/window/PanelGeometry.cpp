@@ -34,30 +34,22 @@ QRect roomBesideBar(const QRect& bar, const QRect& screen, DockEdge edge) {
 }
 
 QRect panelFrame(QSize size, const QRect& anchor, const QRect& bar, const QRect& screen, DockEdge edge) {
-  const QRect room = screen.adjusted(panelGap, panelGap, -panelGap, -panelGap);
-  // QRect::center() is half a pixel off for even sizes.
+  const QRect room = roomBesideBar(bar, screen, edge).adjusted(panelGap, panelGap, -panelGap, -panelGap);
+  const QSize fit = size.boundedTo(room.size());
+  // QRect::center() and QRect::right() are half a pixel and a pixel off.
   const QRect about = anchor.isEmpty() ? bar : anchor;
-  const QPoint middle(about.x() + about.width() / 2, about.y() + about.height() / 2);
   const int right = room.x() + room.width(), bottom = room.y() + room.height();
-  int space = room.height();
+  const int x = centred(about.x() + about.width() / 2, fit.width(), room.x(), right);
+  const int y = centred(about.y() + about.height() / 2, fit.height(), room.y(), bottom);
   switch (edge) {
     case DockEdge::bottom:
-      space = bar.y() - panelGap - room.y();
-      break;
+      return {QPoint(x, bottom - fit.height()), fit};
     case DockEdge::left:
-      space = right - (bar.x() + bar.width() + panelGap);
-      break;
+      return {QPoint(room.x(), y), fit};
     case DockEdge::right:
-      space = bar.x() - panelGap - room.x();
-      break;
+      return {QPoint(right - fit.width(), y), fit};
   }
-  if (edge == DockEdge::bottom) {
-    const QSize fit(std::min(size.width(), room.width()), std::min(size.height(), space));
-    return {QPoint(centred(middle.x(), fit.width(), room.x(), right), bar.y() - panelGap - fit.height()), fit};
-  }
-  const QSize fit(std::min(size.width(), space), std::min(size.height(), room.height()));
-  const int x = edge == DockEdge::left ? bar.x() + bar.width() + panelGap : bar.x() - panelGap - fit.width();
-  return {QPoint(x, centred(middle.y(), fit.height(), room.y(), bottom)), fit};
+  return {};
 }
 
 }  // namespace ambrel

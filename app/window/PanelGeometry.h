@@ -14,7 +14,7 @@ QRect toRect(const Rect& rect, double mainHeight);
 struct PanelAnchor {
   QRect tile;  // empty: the middle of the bar
   QRect bar;
-  QRect screen;
+  QRect screen;  // without what other programs keep of it
   DockEdge edge = DockEdge::bottom;
 };
 

@@ -14,17 +14,16 @@ constexpr int moveDuration = 250;
 }  // namespace
 
 PanelWindow::PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role)
-    : QQuickView(&engine, nullptr), style_(style), cornerRadius_(Theme::radiusPanel) {
-  setColor(Qt::transparent);
-  setResizeMode(QQuickView::SizeRootObjectToView);
-  setPersistentGraphics(false);
-  style_.prepare(*this, role);
+    : ClearWindow(engine, style, role), cornerRadius_(Theme::radiusPanel) {
   move_.setDuration(moveDuration);
   move_.setEasingCurve(QEasingCurve::InOutQuad);
   connect(&move_, &QVariantAnimation::valueChanged, this, [this](const QVariant& corner) {
     // New ends give a new value, too.
-    if (move_.state() == QAbstractAnimation::Running)
-      setPanelFrame(QRect(corner.toPoint(), panelFrame_.size()), screen_);
+    if (move_.state() != QAbstractAnimation::Running) return;
+    const QRect frame(corner.toPoint(), panelFrame_.size()), room = room_;
+    // On its way it may be outside of where it goes.
+    setPanelFrame(frame, room.united(frame));
+    room_ = room;
   });
   if (role != WindowRole::panel) return;
   connect(this, &QWindow::activeChanged, this, [this] {
@@ -39,45 +38,39 @@ QQuickItem* PanelWindow::part(const char* name) const {
   return rootObject() ? rootObject()->property(name).value<QQuickItem*>() : nullptr;
 }
 
-void PanelWindow::movePanelFrame(const QRect& frame, const QRect& screen) {
+void PanelWindow::movePanelFrame(const QRect& frame, const QRect& room) {
   const bool isMoving = move_.state() == QAbstractAnimation::Running;
-  if (!isVisible() || screen != screen_ || frame.size() != panelFrame_.size() || themeOf(*engine()).reducedMotion()) {
+  if (!isVisible() || !room.contains(panelFrame_.center()) || frame.size() != panelFrame_.size() ||
+      (!isMoving && frame == panelFrame_) || themeOf(*engine()).reducedMotion()) {
     move_.stop();
-    setPanelFrame(frame, screen);
+    setPanelFrame(frame, room);
     return;
   }
-  if (frame.topLeft() == (isMoving ? move_.endValue().toPoint() : panelFrame_.topLeft())) return;
+  room_ = room;
+  if (isMoving && frame.topLeft() == move_.endValue().toPoint()) return;
   move_.stop();
   move_.setStartValue(panelFrame_.topLeft());
   move_.setEndValue(frame.topLeft());
   move_.start();
 }
 
-void PanelWindow::setPanelFrame(const QRect& frame, const QRect& screen) {
+void PanelWindow::setPanelFrame(const QRect& frame, const QRect& room) {
   panelFrame_ = frame;
-  screen_ = screen;
-  windowFrame_ = frame.adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin).intersected(screen);
+  room_ = room;
+  windowFrame_ = frame.adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin).intersected(room);
   style_.place(*this, windowFrame_);
-  updateShape();
+  setShape(panelRect(), cornerRadius_, panelRect());
   Q_EMIT panelRectChanged();
 }
 
 void PanelWindow::setCornerRadius(int radius) {
   if (cornerRadius_ == radius) return;
   cornerRadius_ = radius;
-  if (!panelFrame_.isNull()) updateShape();
-}
-
-void PanelWindow::updateShape() {
-  const QRect panel = panelRect();
-  style_.setRoundedMask(*this, panel.x(), panel.y(), panel.width(), panel.height(),
-                        style_.isCompositing() ? 0 : cornerRadius_);
-  if (!flags().testFlag(Qt::WindowTransparentForInput))
-    style_.setInputRect(*this, panel.x(), panel.y(), panel.width(), panel.height());
+  if (!panelFrame_.isNull()) setShape(panelRect(), cornerRadius_, panelRect());
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
-  QQuickView::keyPressEvent(event);
+  ClearWindow::keyPressEvent(event);
   if (event->key() == Qt::Key_Escape && !event->isAccepted()) {
     event->accept();
     Q_EMIT leaveAsked();
@@ -85,7 +78,7 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
-  QQuickView::mousePressEvent(event);
+  ClearWindow::mousePressEvent(event);
   Q_EMIT pressed();
   if (!panelRect().contains(event->position().toPoint())) Q_EMIT leaveAsked();
 }

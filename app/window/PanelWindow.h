@@ -1,17 +1,16 @@
 #pragma once
 // The window of one panel: clear, frameless, and a margin wider than the panel for its shadow.
 
-#include <QQuickView>
 #include <QVariantAnimation>
 #include <QtQml/qqmlregistration.h>
 
-#include "platform/WindowStyle.h"
+#include "app/window/ClearWindow.h"
 
 namespace ambrel {
 
 class Presentation;
 
-class PanelWindow : public QQuickView {
+class PanelWindow : public ClearWindow {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by its controller")
@@ -23,11 +22,12 @@ class PanelWindow : public QQuickView {
 
   PanelWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role);
 
-  // Where the panel itself stands, in the window system's coordinates. The window does not leave `screen`, so near an
+  // Where the panel itself is, in the window system's coordinates. The window does not leave `room`, so near an
   // edge its margin is narrower.
-  void setPanelFrame(const QRect& frame, const QRect& screen);
-  // As setPanelFrame; a window that can be seen goes there instead of jumping, unless its size or its screen changes.
-  void movePanelFrame(const QRect& frame, const QRect& screen);
+  void setPanelFrame(const QRect& frame, const QRect& room);
+  // As setPanelFrame; a window that can be seen goes there instead of jumping, unless its size changes or it was
+  // outside the room.
+  void movePanelFrame(const QRect& frame, const QRect& room);
   // That of what is drawn, in pixels of the toolkit; a panel's at first. Where nothing may be clear, because there is
   // no compositor, the window is cut to it.
   void setCornerRadius(int radius);
@@ -48,10 +48,7 @@ class PanelWindow : public QQuickView {
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
-  void updateShape();
-
-  WindowStyle& style_;
-  QRect panelFrame_, windowFrame_, screen_;
+  QRect panelFrame_, windowFrame_, room_;
   QVariantAnimation move_;
   int cornerRadius_;
   bool wasActive_ = false;

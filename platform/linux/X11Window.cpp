@@ -331,7 +331,9 @@ void X11Window::giveBack() {
   ++attempt_;
   done_ = nullptr;
   const xcb_window_t to = std::exchange(previousFocus_, xcb_window_t{XCB_WINDOW_NONE});
-  if (to == XCB_WINDOW_NONE || to == XCB_INPUT_FOCUS_POINTER_ROOT || !canAsk() || !isViewable(to)) return;
+  if (to == XCB_WINDOW_NONE || !canAsk()) return;
+  // Or to whatever is under the pointer, as without a window manager.
+  if (to != XCB_INPUT_FOCUS_POINTER_ROOT && !isViewable(to)) return;
   xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, to, connection_->serverTime());
   connection_->flush();
 }

@@ -104,6 +104,17 @@ TEST_F(ScreensOnX11, APanelThatNoWindowManagerListsTakesItsEdge) {
   EXPECT_TRUE(waitFor([&] { return screens.list().front().visibleFrame == screens.list().front().frame; }));
 }
 
+TEST(ScreensOnManager, TheManagersOwnBarTakesItsEdge) {
+  const auto connection = connectToDesktop();
+  ASSERT_TRUE(connection);
+  X11Screens screens(connection.get());
+  EXPECT_TRUE(waitFor([&] {
+    const ScreenInfo screen = screens.list().front();
+    const double kept = screen.frame.height - screen.visibleFrame.height;
+    return kept > 10 && kept < 60 && screen.visibleFrame.width == screen.frame.width;
+  }));
+}
+
 TEST_F(ScreensOnX11, WithoutAScreenThereIsNoStandIn) {
   X11Screens screens(connection_.get());
   ASSERT_EQ(screens.list().size(), 1u);

@@ -56,13 +56,7 @@ void BubblePlacementTests::itStandsBesideTheTile() {
       placedBubble({320, 140}, tile, bar, QRect(0, 0, 1600, 900), static_cast<DockEdge>(edge));
   QCOMPARE(placed.frame, frame);
   QCOMPARE(placed.hasTail, tail >= 0);
-  if (tail < 0) return;
-  QCOMPARE(placed.tailAt, tail);
-  // It points at the middle of the tile.
-  if (static_cast<DockEdge>(edge) == DockEdge::bottom)
-    QCOMPARE(placed.frame.x() + placed.tailAt, tile.x() + tile.width() / 2);
-  else
-    QCOMPARE(placed.frame.y() + placed.tailAt, tile.y() + tile.height() / 2);
+  if (tail >= 0) QCOMPARE(placed.tailAt, tail);
 }
 
 void BubblePlacementTests::itNeverCoversTheBarNorLeavesTheScreen_data() {

@@ -5,16 +5,13 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/dock/DockPopoverController.h"
-#include "app/window/PanelWindow.h"
+#include "app/dock/BarPanels.h"
 #include "app/window/ToastController.h"
 #include "tests/app/dock/BarFixture.h"
 #include "tests/app/kit/QMLWarnings.h"
 
 namespace ambrel {
 namespace {
-
-const QSize menuSize(216, 147);
 
 // The menu of a tile, as a panel like every other.
 struct Fixture : ContextFixture {
@@ -38,7 +35,6 @@ struct Fixture : ContextFixture {
     now = advanced(now, Seconds(seconds));
     steps.runDue();
   }
-  QRect frame() const { return static_cast<PanelWindow*>(panel->window())->panelFrame(); }
 };
 
 }  // namespace
@@ -48,12 +44,11 @@ class DockPopoverControllerTests : public QObject {
 
  private Q_SLOTS:
   void itIsMadeAtItsOpeningAndFreedWhenItWasClosedForAWhile();
-  void itOpensBesideItsTile_data();
-  void itOpensBesideItsTile();
   void itComesAndGoesInSteps();
   void propertiesReachWhatIsShown();
   void escapeAndAClickBesideItCloseIt();
   void itsContentClosesIt();
+  void aPanelThatIsLeftLeavesTheKeyboardToOthers();
   void aToastStandsAboveTheBarUntilItsTimeIsOver();
 };
 
@@ -85,34 +80,6 @@ void DockPopoverControllerTests::itIsMadeAtItsOpeningAndFreedWhenItWasClosedForA
   f.panel->open(f.anchor);
   QVERIFY(f.panel->content());
   QCOMPARE(f.warnings.take(), QStringList());
-}
-
-void DockPopoverControllerTests::itOpensBesideItsTile_data() {
-  QTest::addColumn<PanelAnchor>("anchor");
-  QTest::addColumn<QPoint>("corner");
-  const QRect screen(0, 0, 1600, 900);
-  QTest::newRow("above its tile") << PanelAnchor{QRect(700, 820, 64, 64), QRect(600, 812, 400, 80), screen,
-                                                 DockEdge::bottom}
-                                  << QPoint(732 - 108, 812 - 8 - 147);
-  QTest::newRow("above the middle of the bar")
-      << PanelAnchor{QRect(), QRect(600, 812, 400, 80), screen, DockEdge::bottom} << QPoint(800 - 108, 812 - 8 - 147);
-  QTest::newRow("moved to stay on the screen")
-      << PanelAnchor{QRect(10, 820, 64, 64), QRect(8, 812, 400, 80), screen, DockEdge::bottom}
-      << QPoint(8, 812 - 8 - 147);
-  QTest::newRow("right of a bar at the left")
-      << PanelAnchor{QRect(16, 300, 112, 64), QRect(8, 200, 128, 400), screen, DockEdge::left}
-      << QPoint(8 + 128 + 8, 332 - 73);
-}
-
-void DockPopoverControllerTests::itOpensBesideItsTile() {
-  QFETCH(PanelAnchor, anchor);
-  QFETCH(QPoint, corner);
-  Fixture f;
-  f.panel->open(anchor);
-  QCOMPARE(f.frame().size(), menuSize);
-  const QPoint off = f.frame().topLeft() - corner;
-  QVERIFY2(off.manhattanLength() <= 1, qPrintable(QStringLiteral("off by %1, %2").arg(off.x()).arg(off.y())));
-  QVERIFY(anchor.screen.contains(f.panel->window()->geometry()));
 }
 
 void DockPopoverControllerTests::itComesAndGoesInSteps() {
@@ -171,6 +138,26 @@ void DockPopoverControllerTests::itsContentClosesIt() {
   f.panel->open(f.anchor);
   QMetaObject::invokeMethod(f.panel->content(), "closeRequested");
   QVERIFY(!f.panel->isShown());
+}
+
+void DockPopoverControllerTests::aPanelThatIsLeftLeavesTheKeyboardToOthers() {
+  Fixture f;
+  BarPanels panels(f.engine, f.context, f.windowStyle, f.steps.later(), [&](const QString&) { return f.anchor; });
+  int returns = 0;
+  panels.hasBarKeyboard = [] { return true; };
+  panels.giveKeyboardBack = [&] { ++returns; };
+  DockPopoverController& menu = panels.panel("Dock", "TileMenuView");
+  panels.open(menu);
+  QVERIFY(QTest::qWaitForWindowActive(menu.window()));
+  menu.close();
+  QTRY_COMPARE(returns, 1);
+  panels.open(menu);
+  QVERIFY(QTest::qWaitForWindowActive(menu.window()));
+  // As after a click on the empty desktop, which takes the keyboard from nobody.
+  panels.leave();
+  QVERIFY(!menu.isShown());
+  QCoreApplication::processEvents();
+  QCOMPARE(returns, 1);
 }
 
 void DockPopoverControllerTests::aToastStandsAboveTheBarUntilItsTimeIsOver() {

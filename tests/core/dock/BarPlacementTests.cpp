@@ -51,5 +51,26 @@ TEST(BarPlacement, StandsEightFromItsEdgeInTheMiddleOfIt) {
   EXPECT_EQ(placedBar({whole, whole}, DockEdge::bottom, 800, 80, true, 48).frame.y, 56) << "above a Dock that was seen";
 }
 
+TEST(BarPlacement, ALongBarGivesWayToThePanelsAtTheEndsOfItsEdge) {
+  constexpr Rect whole{0, 0, 1600, 900};
+  EXPECT_EQ(placedBar({whole, {64, 0, 1536, 900}}, DockEdge::bottom, 1496, 80, false).frame.x, 64);
+  EXPECT_EQ(placedBar({whole, {0, 0, 1536, 900}}, DockEdge::bottom, 1496, 80, false).frame.x, 40);
+  EXPECT_EQ(placedBar({whole, {0, 0, 1600, 840}}, DockEdge::left, 80, 800, false).frame.y, 40);
+}
+
+// Not all window managers let clicks through what is clear of a window.
+TEST(BarPlacement, ItsWindowLeavesPanelsAndTheStripOfAHiddenDockFree) {
+  constexpr Rect whole{0, 0, 1600, 900}, among{0, 60, 1500, 810};
+  const auto room = [](const Rect& visible, DockEdge edge, bool isDockOut = false) {
+    return placedBar({whole, visible}, edge, 80, 80, isDockOut, 50).room;
+  };
+  EXPECT_EQ(room(whole, DockEdge::bottom), (Rect{0, 4, 1600, 896}));
+  EXPECT_EQ(room(whole, DockEdge::bottom, true), (Rect{0, 50, 1600, 850}));
+  EXPECT_EQ(room(whole, DockEdge::left), (Rect{4, 0, 1596, 900}));
+  EXPECT_EQ(room(whole, DockEdge::right), (Rect{0, 0, 1596, 900}));
+  EXPECT_EQ(room(among, DockEdge::bottom), among);
+  EXPECT_EQ(room(among, DockEdge::right), among);
+}
+
 }  // namespace
 }  // namespace ambrel
