@@ -1,5 +1,5 @@
 #pragma once
-// The window of Disk Doctor: made when it is opened, gone when it is closed.
+// The window of Disk Doctor; it exists only while it is open.
 
 #include <QObject>
 #include <memory>
@@ -19,9 +19,9 @@ class DiskDoctorController : public QObject {
   DiskDoctorController(QQmlEngine& engine, WindowStyle& style, DiskDoctor& doctor, QObject* parent = nullptr);
   ~DiskDoctorController() override;
 
-  // Brings the window forward, also when it is open already.
+  // Opens the window or brings it forward.
   void open();
-  // Ends a scan that is under way; what was found stays for the next time.
+  // Stops a running scan; results stay for the next time.
   void close();
   bool isShown() const { return window_ != nullptr; }
   FramedWindow* window() const { return window_.get(); }
@@ -31,7 +31,7 @@ class DiskDoctorController : public QObject {
   WindowStyle& style_;
   DiskDoctor& doctor_;
   std::unique_ptr<FramedWindow> window_;
-  // Closed from within itself, it goes when the call has returned.
+  // Deleted later, because the window may be closed from its own code.
   std::unique_ptr<FramedWindow> closed_;
 };
 
