@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/buddy.h"
+#include "core/buddy/BuddyText.h"
 
 namespace ambrel {
 namespace {
@@ -119,6 +120,30 @@ TEST(BuddyPolicy, DropsWhatOnlyInformsAtTheLevelImportant) {
   for (const BuddyRule rule : allCases<BuddyRule>())
     if (!policy.allows(rule)) dropped.push_back(nameOf(rule));
   EXPECT_THAT(dropped, ElementsAre("agentStillWorking", "cpuHigh", "water", "focusEnded", "breakOver", "daySummary"));
+}
+
+TEST(BuddyPolicy, SaysWhenNothingIsSaid) {
+  const Calendar calendar("UTC", "en_GB");
+  const struct {
+    BuddyLevel level;
+    std::optional<QuietHours> hours;
+    std::size_t held;
+    const char* text;
+  } rows[] = {
+      {BuddyLevel::all, QuietHours{22, 8}, 0, "Quiet from 22:00 to 08:00"},
+      {BuddyLevel::all, QuietHours{8, 11}, 0, "Quiet until 11:00"},
+      {BuddyLevel::all, QuietHours{8, 8}, 0, "No quiet hours"},
+      {BuddyLevel::all, std::nullopt, 0, "No quiet hours"},
+      {BuddyLevel::all, QuietHours{8, 11}, 1, "1 note waits for the break"},
+      {BuddyLevel::important, std::nullopt, 3, "3 notes wait for the break"},
+      {BuddyLevel::off, QuietHours{8, 11}, 3, "Buddy says nothing"},
+  };
+  for (const auto& [level, hours, held, text] : rows) {
+    BuddyPolicy policy;
+    policy.level = level;
+    policy.quietHours = hours;
+    EXPECT_EQ(quietText(policy, held, at("2026-11-21T09:41:00Z"), calendar), text);
+  }
 }
 
 TEST(BuddyPolicy, AllowsTheCategoriesThatAreOn) {
