@@ -47,6 +47,7 @@ class ClipboardModel : public QObject {
   QML_UNCREATABLE("built by the program")
   // The clips that match the filter and the search.
   Q_PROPERTY(ambrel::ClipListModel* items READ items CONSTANT FINAL)
+  Q_PROPERTY(int visibleCount READ visibleCount NOTIFY visibleItemsChanged FINAL)
   Q_PROPERTY(ambrel::RowList* collections READ collections CONSTANT FINAL)
   Q_PROPERTY(ambrel::ClipboardFace face READ face NOTIFY faceChanged FINAL)
   Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged FINAL)
@@ -100,6 +101,7 @@ class ClipboardModel : public QObject {
   ClipListModel* items() { return &items_; }
   GadgetListModel<CollectionRow>* collections() { return &collections_; }
   const ClipboardFace& face() const { return face_; }
+  int visibleCount() const { return items_.rowCount(); }
   int count() const { return static_cast<int>(library().items.size()); }
   // Whether items or a collection can still come back.
   bool canUndo() const { return history_.undoableCount() > 0 || history_.canUndoCollection(); }

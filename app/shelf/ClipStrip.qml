@@ -32,7 +32,7 @@ FocusScope {
         forceActiveFocus();
     }
     function goTo(row: int) {
-        const last = root.clipboard.items.count - 1;
+        const last = root.clipboard.visibleCount - 1;
         const next = Math.max(0, Math.min(last, row));
         list.currentIndex = last < 0 ? -1 : next;
         root.clipboard.focusedItem = root.clipboard.items.idAt(list.currentIndex);
@@ -91,9 +91,9 @@ FocusScope {
         else if (plain && event.key === Qt.Key_PageDown)
             step(6);
         else if (plain && event.key === Qt.Key_Home)
-            step(-root.clipboard.items.count);
+            step(-root.clipboard.visibleCount);
         else if (plain && event.key === Qt.Key_End)
-            step(root.clipboard.items.count);
+            step(root.clipboard.visibleCount);
         else if (plain && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) || control && event.key === Qt.Key_C)
             pickCurrent();
         else if (plain && (event.key === Qt.Key_Delete || event.key === Qt.Key_Space) || control && event.key === Qt.Key_P)

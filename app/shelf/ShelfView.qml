@@ -116,7 +116,7 @@ FocusScope {
         EmptyState {
             anchors.horizontalCenter: parent.horizontalCenter
             y: strip.y + (strip.height - height) / 2
-            visible: root.clipboard.items.count === 0
+            visible: root.clipboard.visibleCount === 0
             symbol: root.clipboard.query !== "" ? "magnifyingglass" : "doc.on.clipboard"
             title: root.clipboard.face.emptyTitle
             sentence: root.clipboard.face.emptySentence
