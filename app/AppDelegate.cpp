@@ -563,7 +563,7 @@ void AppDelegate::showToast(const QString& title, const QString& detail, const Q
 
 void AppDelegate::copyText(const QString& text) {
   if (text.trimmed().isEmpty()) return;
-  clipboard().copyText(text.toStdString());
+  clipboard().copyText(text);
   toast_.show(tr("Copied"), text, QStringLiteral("doc.on.doc"));
 }
 

@@ -78,6 +78,10 @@ struct ClipFilter {
 
   bool admits(const ClipItem& item) const;
 
+  // "all", "pinned", "kind:link", "collection:ID"; absent for any other text.
+  std::string text() const;
+  static std::optional<ClipFilter> parse(std::string_view text);
+
   friend auto operator<=>(const ClipFilter&, const ClipFilter&) = default;
 };
 
@@ -146,6 +150,14 @@ struct ClipCleanup {
   std::variant<OlderThan, Matching, All> value = All{};
 
   static std::vector<ClipItem> targets(std::span<const ClipItem> items, const ClipCleanup& cleanup, Instant now);
+
+  // The cleanups that the shelf offers, each by a key ("older:7"), and of them those that would take something.
+  struct Offer {
+    std::string_view key, title;
+    std::size_t count = 0;
+  };
+  static std::vector<Offer> offers(std::span<const ClipItem> items, Instant now);
+  static std::optional<ClipCleanup> named(std::string_view key);
 
   // What is older than `maxAge`, and plain texts with a secret that are older than `sensitiveAge`; absent ages
   // take nothing. `isSensitive` is SensitiveText::isSensitive of the item's text, so that a caller may

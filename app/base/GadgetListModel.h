@@ -1,5 +1,5 @@
 #pragma once
-// A list of gadgets for QML: each property of the gadget is a role of its name.
+// A list of gadgets for QML: each property of the gadget is a role of its name, and "row" is the whole of it.
 //
 //   struct DriveRow {
 //     Q_GADGET
@@ -62,11 +62,12 @@ class GadgetListModel
 
   QVariant data(const QModelIndex& index, int role) const override {
     const Row* row = this->row(index);
-    return row && role >= Qt::UserRole ? Row::staticMetaObject.property(role - Qt::UserRole).readOnGadget(row)
-                                       : QVariant();
+    if (!row || role < Qt::UserRole) return {};
+    return role == rowRole() ? QVariant::fromValue(*row)
+                             : Row::staticMetaObject.property(role - Qt::UserRole).readOnGadget(row);
   }
   QHash<int, QByteArray> roleNames() const override {
-    QHash<int, QByteArray> names;
+    QHash<int, QByteArray> names{{rowRole(), "row"}};
     for (int i = 0; i < Row::staticMetaObject.propertyCount(); ++i)
       names.insert(Qt::UserRole + i, Row::staticMetaObject.property(i).name());
     return names;
@@ -74,6 +75,9 @@ class GadgetListModel
 
  protected:
   Key keyOf(const Row& row) const override { return std::invoke(key, row); }
+
+ private:
+  static int rowRole() { return Qt::UserRole + Row::staticMetaObject.propertyCount(); }
 };
 
 }  // namespace ambrel

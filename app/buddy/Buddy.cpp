@@ -2,18 +2,15 @@
 
 #include <QPointer>
 
+#include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
 
 namespace ambrel {
 
-BuddyPose poseOf(BuddyTrigger trigger) { return fromName<BuddyPose>(nameOf(trigger)).value_or(BuddyPose::idle); }
-
 Buddy::Buddy(DelayedStep later, QObject* parent) : QObject(parent), later_(std::move(later)) {}
 
 void Buddy::setAsleep(bool asleep) {
-  if (asleep == isAsleep_) return;
-  isAsleep_ = asleep;
-  update();
+  if (replaced(isAsleep_, asleep)) update();
 }
 
 void Buddy::showHappy(Seconds length) { begin(happy_, length); }
@@ -27,7 +24,7 @@ void Buddy::setThinking(bool thinking) {
 }
 
 void Buddy::play(BuddyTrigger trigger, Seconds length) {
-  reactionPose_ = poseOf(trigger);
+  played_ = trigger;
   isAsleep_ = false;
   begin(reaction_, length);
 }
@@ -43,18 +40,16 @@ void Buddy::begin(Spell& spell, Seconds length) {
   update();
 }
 
-BuddyPose Buddy::mood() const {
-  if (isThinking_) return BuddyPose::thinking;
-  if (error_.isOn) return BuddyPose::error;
-  if (happy_.isOn) return BuddyPose::happy;
-  return isAsleep_ ? BuddyPose::asleep : BuddyPose::idle;
+BuddyMood Buddy::mood() const {
+  if (isThinking_) return BuddyMood::thinking;
+  if (error_.isOn) return BuddyMood::error;
+  if (happy_.isOn) return BuddyMood::happy;
+  return isAsleep_ ? BuddyMood::asleep : BuddyMood::idle;
 }
 
 void Buddy::update() {
-  const BuddyPose pose = reaction_.isOn ? reactionPose_ : mood();
-  if (pose == pose_) return;
-  pose_ = pose;
-  Q_EMIT poseChanged();
+  const BuddyPose pose = reaction_.isOn ? BuddyPose(played_) : mood();
+  if (replaced(pose_, pose)) Q_EMIT poseChanged();
 }
 
 QString Buddy::poseName() const { return toQString(nameOf(pose_)); }

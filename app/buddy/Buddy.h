@@ -1,5 +1,5 @@
 #pragma once
-// The character's state of mind: his mood, and the reaction that he plays over it.
+// The character's mood, and the reaction that is played on top of it.
 
 #include <QObject>
 #include <QString>
@@ -11,18 +11,18 @@
 
 namespace ambrel {
 
-// Moods and reactions that last for a while end by themselves; a new one takes over from the old.
+// Timed moods and reactions end by themselves; a new one replaces the old one.
 class Buddy : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  // The name of what he shows.
+  // The name of the pose that is shown.
   Q_PROPERTY(QString pose READ poseName NOTIFY poseChanged FINAL)
-  // "Asleep", "Happy"; a reaction has no words of its own.
+  // "Asleep", "Happy"; reactions have no text.
   Q_PROPERTY(QString moodText READ moodText NOTIFY poseChanged FINAL)
 
  public:
-  // For a reaction that nobody waits for.
+  // The usual length of a reaction.
   static constexpr Seconds briefly{2};
 
   explicit Buddy(DelayedStep later, QObject* parent = nullptr);
@@ -44,23 +44,20 @@ class Buddy : public QObject {
   void poseChanged();
 
  private:
-  // Holds for a while; a later one in the same place makes the end of the earlier one void.
+  // A state with an end time; starting it again cancels the earlier end.
   struct Spell {
     bool isOn = false;
     int generation = 0;
   };
   void begin(Spell& spell, Seconds length);
   void update();
-  BuddyPose mood() const;
+  BuddyMood mood() const;
 
   DelayedStep later_;
   Spell happy_, error_, reaction_;
-  BuddyPose reactionPose_ = BuddyPose::idle;
+  BuddyTrigger played_{};
   bool isAsleep_ = false, isThinking_ = false;
-  BuddyPose pose_ = BuddyPose::idle;
+  BuddyPose pose_;
 };
-
-// The reaction of the same name.
-BuddyPose poseOf(BuddyTrigger trigger);
 
 }  // namespace ambrel

@@ -1,5 +1,5 @@
 #pragma once
-// Buddy: what he looks at, says and keeps.
+// Buddy's part of the program.
 
 #include "app/base/Area.h"
 #include "app/buddy/BuddyNoticeCenter.h"
@@ -16,7 +16,7 @@ class BuddyArea : public Area {
   explicit BuddyArea(BuddyNoticeCenter::Seams seams, QObject* parent = nullptr);
 
   BuddyNoticeCenter* center() { return &center_; }
-  // From now on the rules look at what this area knows, and its messages are Buddy's. It outlives him.
+  // Uses the area's signals in the rules and shows its notices. The area must outlive this one.
   void follow(Area& area);
 
  private:

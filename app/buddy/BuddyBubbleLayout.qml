@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Buddy
 import Ambrel.Kit
 
-// One notice as Buddy says it. A click beside its buttons answers it as its first button does.
+// Buddy's speech bubble with one notice. A click outside its buttons does what the first button does.
 Bubble {
     id: root
 
@@ -10,7 +10,7 @@ Bubble {
     property bool open: true
     readonly property int more: center.bubbleMore
     readonly property int actionCount: center.bubble.actions.length
-    // Of the bubble without its tail.
+    // The size of the bubble without its tail.
     readonly property real panelWidth: Math.round(320 * Theme.textScale)
     readonly property real panelHeight: words.height + 2 * padding
     readonly property real presence: spring.value

@@ -29,18 +29,12 @@ void fillEllipse(QPainter& painter, const QColor& color, QPointF middle, double 
   painter.drawEllipse(middle, width / 2, height / 2);
 }
 
-void strokeArc(QPainter& painter, const QPen& pen, QPointF from, QPointF bend, QPointF to) {
-  QPainterPath path(from);
-  path.quadTo(bend, to);
-  painter.strokePath(path, pen);
-}
-
 void drawArm(QPainter& painter, const BuddyColors& colors, QPointF shoulder, QPointF hand) {
   painter.setPen(buddyPen(colors.limbs, 6));
   painter.drawLine(shoulder, hand);
 }
 
-// The higher the hand, the further the shoulder is drawn in, or a raised arm would run along the body's side.
+// Raised hands move the shoulder inwards; otherwise the arm would run along the body's edge.
 QPointF shoulderOf(QPointF hand, bool isLeft) {
   const double drawnIn = 4 * std::clamp((42 - hand.y()) / 22, 0.0, 1.0);
   return {isLeft ? 13 + drawnIn : 51 - drawnIn, 42};
@@ -59,10 +53,10 @@ void drawEye(QPainter& painter, const BuddyColors& colors, BuddyEye eye, QPointF
       fillEllipse(painter, white, apart(0.9, -0.6), 2, 2);
       break;
     case BuddyEye::shut:
-      strokeArc(painter, buddyPen(colors.face, 2.2), apart(-4, 0.2), apart(0, 4.6), apart(4, 0.2));
+      strokeBend(painter, buddyPen(colors.face, 2.2), apart(-4, 0.2), apart(0, 4.6), apart(4, 0.2));
       break;
     case BuddyEye::happy:
-      strokeArc(painter, buddyPen(colors.face, 2.4), apart(-3.7, 1.6), apart(0, -5.2), apart(3.7, 1.6));
+      strokeBend(painter, buddyPen(colors.face, 2.4), apart(-3.7, 1.6), apart(0, -5.2), apart(3.7, 1.6));
       break;
     case BuddyEye::squeezed: {
       const double to = isLeft ? 3.2 : -3.2;
@@ -88,13 +82,13 @@ void drawMouth(QPainter& painter, const BuddyColors& colors, BuddyMouth mouth) {
     case BuddyMouth::none:
       break;
     case BuddyMouth::smile:
-      strokeArc(painter, pen, {28, 42.5}, {32, 45.9}, {36, 42.5});
+      strokeBend(painter, pen, {28, 42.5}, {32, 45.9}, {36, 42.5});
       break;
     case BuddyMouth::smirk:
-      strokeArc(painter, pen, {30, 43.6}, {34.4, 45.8}, {36.8, 41.9});
+      strokeBend(painter, pen, {30, 43.6}, {34.4, 45.8}, {36.8, 41.9});
       break;
     case BuddyMouth::frown:
-      strokeArc(painter, pen, {28, 45.4}, {32, 41.6}, {36, 45.4});
+      strokeBend(painter, pen, {28, 45.4}, {32, 41.6}, {36, 45.4});
       break;
     case BuddyMouth::flat:
       strokeLines(painter, pen, {{28.8, 43.6, 35.2, 43.6}});
@@ -137,13 +131,19 @@ QPen buddyPen(const QColor& color, double width) {
   return QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
+void strokeBend(QPainter& painter, const QPen& pen, QPointF from, QPointF bend, QPointF to) {
+  QPainterPath path(from);
+  path.quadTo(bend, to);
+  painter.strokePath(path, pen);
+}
+
 void strokeLines(QPainter& painter, const QPen& pen, std::initializer_list<QLineF> lines) {
   painter.setPen(pen);
   for (const QLineF& line : lines) painter.drawLine(line);
 }
 
 QPainterPath heartPath(QPointF middle, double width) {
-  // Drawn 12 wide and 10.5 high about the middle, then brought to its size.
+  // Drawn 12 wide and 10.5 high around the origin, then scaled.
   QPainterPath path({0, 5.2});
   path.cubicTo(-1, 4.4, -6, 1.2, -6, -2.1);
   path.cubicTo(-6, -4.2, -4.6, -5.3, -3, -5.3);

@@ -18,16 +18,17 @@ struct BuddyColors {
   QColor orange, blue, red, yellow, violet;
 };
 
-// `line`, `board` and `ink` come from the theme, since they are drawn on its grounds.
+// `line`, `board` and `ink` are theme colours, because they are drawn on the theme's backgrounds.
 BuddyColors buddyColors(bool isDark, const QColor& line, const QColor& board, const QColor& ink);
 
-// Into the box (0, 0, 64, 64) of the painter's units, and up to 8 units beyond it. `stance` is that of `look`, or on
-// its way there; `isBlinking` shuts eyes that are open.
+// Draws into (0, 0, 64, 64) in the painter's units, and up to 8 units outside it. `stance` is the stance of `look`, or
+// one on the way there; `isBlinking` closes open eyes.
 void drawBuddy(QPainter& painter, const BuddyLook& look, const BuddyStance& stance, const BuddyColors& colors,
                bool isBlinking);
 
-// For what is drawn about him.
+// Helpers for the drawings around him.
 QPen buddyPen(const QColor& color, double width);
+void strokeBend(QPainter& painter, const QPen& pen, QPointF from, QPointF bend, QPointF to);
 void strokeLines(QPainter& painter, const QPen& pen, std::initializer_list<QLineF> lines);
 QPainterPath heartPath(QPointF middle, double width);
 

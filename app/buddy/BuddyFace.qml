@@ -1,8 +1,7 @@
 import QtQuick
 import Ambrel.Buddy
-import Ambrel.Kit
 
-// The character in the colours of the theme. The item is his box alone; what he waves about reaches beyond it.
+// The character. The item is his box; drawings around him reach outside it.
 Item {
     id: root
 
@@ -20,11 +19,6 @@ Item {
         height: implicitHeight
         boxSize: root.size
         pose: root.pose
-        dark: Theme.dark
-        still: Theme.reducedMotion
         live: root.live
-        lineColor: Theme.ink2
-        boardColor: Theme.greySoft
-        inkColor: Theme.ink
     }
 }

@@ -1,11 +1,14 @@
 #include "app/buddy/BuddyFigure.h"
 
 #include <QPainter>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QRandomGenerator>
 
+#include "app/base/Replaced.h"
 #include "app/buddy/BuddyDrawing.h"
 #include "app/buddy/BuddyMotion.h"
+#include "app/kit/Theme.h"
 
 namespace ambrel {
 namespace {
@@ -32,17 +35,10 @@ BuddyFigure::BuddyFigure(QQuickItem* parent) : QQuickPaintedItem(parent), stance
   });
 }
 
-QString BuddyFigure::pose() const {
-  const auto name = nameOf(pose_);
-  return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-}
-
 void BuddyFigure::setPose(const QString& name) {
-  const BuddyPose pose = fromName<BuddyPose>(name.toStdString()).value_or(BuddyPose::idle);
-  if (pose == pose_) return;
-  pose_ = pose;
-  const BuddyLook& look = lookOf(pose);
-  if (isStill_ || !isSeen()) {
+  if (!replaced(pose_, poseNamed(name.toStdString()).value_or(BuddyMood::idle))) return;
+  const BuddyLook& look = lookOf(pose_);
+  if (isStill() || !isSeen()) {
     rest();
   } else {
     start_ = stance_;
@@ -66,7 +62,7 @@ void BuddyFigure::setPose(const QString& name) {
   Q_EMIT poseChanged();
 }
 
-// The pose is taken at once.
+// Takes the pose without animation.
 void BuddyFigure::rest() {
   if (motion_) motion_->stop();
   stance_ = lookOf(pose_).stance;
@@ -76,14 +72,24 @@ void BuddyFigure::rest() {
 void BuddyFigure::followStyle() {
   const qreal whole = boxSize_ * (box + 2 * margin) / box;
   setImplicitSize(whole, whole);
-  if (isStill_ || !isLive_) rest();
+  if (isStill() || !isLive_) rest();
   waitForBlink();
   update();
 }
 
+void BuddyFigure::componentComplete() {
+  QQuickPaintedItem::componentComplete();
+  theme_ = &themeOf(*qmlEngine(this));
+  connect(theme_, &Theme::schemeChanged, this, [this] { update(); });
+  connect(theme_, &Theme::motionChanged, this, &BuddyFigure::followStyle);
+  followStyle();
+}
+
+bool BuddyFigure::isStill() const { return theme_ && theme_->reducedMotion(); }
+
 bool BuddyFigure::isSeen() const { return isLive_ && isVisible() && window() && window()->isVisible(); }
 
-bool BuddyFigure::mayBlink() const { return isSeen() && !isStill_ && hasOpenEyes(lookOf(pose_)); }
+bool BuddyFigure::mayBlink() const { return isSeen() && !isStill() && hasOpenEyes(lookOf(pose_)); }
 
 void BuddyFigure::waitForBlink() {
   if (!mayBlink()) {
@@ -116,7 +122,10 @@ void BuddyFigure::paint(QPainter* painter) {
   const qreal scale = boxSize_ / box;
   painter->translate((width() - boxSize_) / 2, (height() - boxSize_) / 2);
   painter->scale(scale, scale);
-  drawBuddy(*painter, lookOf(pose_), stance_, buddyColors(isDark_, lineColor_, boardColor_, inkColor_), isBlinking_);
+  if (!theme_) return;
+  const Palette& palette = theme_->palette();
+  drawBuddy(*painter, lookOf(pose_), stance_, buddyColors(theme_->dark(), palette.ink2, palette.greySoft, palette.ink),
+            isBlinking_);
 }
 
 }  // namespace ambrel

@@ -5,23 +5,9 @@
 
 #include "app/base/StoredValue.h"
 #include "core/base/LocalText.h"
+#include "core/buddy/BuddyText.h"
 
 namespace ambrel {
-namespace {
-
-QString quietText(const BuddyPolicy& policy, std::size_t heldCount, const Calendar& calendar, Instant now) {
-  const auto time = [&](int hour) { return toQString(shortTime(calendar, calendar.instant(2000, 1, 3, hour))); };
-  const auto& hours = policy.quietHours;
-  if (policy.level == BuddyLevel::off) return QObject::tr("Buddy says nothing");
-  if (heldCount == 1) return QObject::tr("1 note waits for the break");
-  if (heldCount > 1) return QObject::tr("%1 notes wait for the break").arg(heldCount);
-  if (!hours || hours->startHour == hours->endHour) return QObject::tr("No quiet hours");
-  if (hours->contains(now, calendar)) return QObject::tr("Quiet until %1").arg(time(hours->endHour));
-  return QObject::tr("Quiet from %1 to %2").arg(time(hours->startHour), time(hours->endHour));
-}
-
-}  // namespace
-
 std::vector<InboxRow> inboxRows(const BuddyInbox& inbox, const Calendar& calendar, Instant now) {
   std::vector<InboxRow> rows;
   for (const BuddyNotice& notice : inbox.recent) {
@@ -50,7 +36,7 @@ BuddyInboxFace buddyInboxFace(const BuddySpeech& speech, const BuddyPolicy& poli
         {QStringLiteral("text"), lines.join(u'\n')}};
   }
   if (speech.digestSince) face.digestSince = toQString(shortTime(calendar, *speech.digestSince));
-  face.quietText = quietText(policy, speech.engine.held.size(), calendar, now);
+  face.quietText = toQString(quietText(policy, speech.engine.held.size(), now, calendar));
   return face;
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// The inbox as it is shown: the notices of this session of the program, and what happened while the user was away.
+// What the inbox shows: the notices since the program started, and the digest of what happened while the user was away.
 
 #include <QVariantList>
 
@@ -11,6 +11,7 @@ namespace ambrel {
 
 struct InboxRow {
   Q_GADGET
+  QML_VALUE_TYPE(inboxRow)
  public:
   FACE_FIELDS(QString, key);
   FACE_FIELDS(ambrel::BuddyNoticeText, note);
@@ -27,7 +28,7 @@ struct BuddyInboxFace {
   QML_VALUE_TYPE(buddyInboxFace)
  public:
   FACE_FIELDS(int, newCount);
-  FACE_FIELDS(QString, keyToShow);    // of the newest notice that is new and offers something; empty when there is none
+  FACE_FIELDS(QString, keyToShow);    // of the newest unread notice with an action; empty if there is none
   FACE_FIELDS(QVariantList, digest);  // {"title": "Codex in web-shop", "text": "Finished after 12 min"}, in order
   FACE_FIELDS(QString, digestSince);  // "14:30"; empty without a digest
   FACE_FIELDS(QString, quietText);    // "Quiet from 22:00 to 08:00", "1 note waits for the break"

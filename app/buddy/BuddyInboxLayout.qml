@@ -11,7 +11,7 @@ Popover {
     required property Presentation presentation
     // Questions can be handed on.
     property bool canAsk: false
-    // The row that is spread out.
+    // The expanded row.
     property string chosenKey
     readonly property bool hasDigest: center.inbox.digest.length > 0
     readonly property bool isEmpty: center.notes.count === 0 && !hasDigest
@@ -136,17 +136,15 @@ Popover {
         }
 
         delegate: InboxRow {
-            id: row
-
             required property int index
 
             x: Theme.space2
             width: list.width - 2 * Theme.space2
-            isChosen: key === root.chosenKey
+            isChosen: row.key === root.chosenKey
             onActiveFocusChanged: if (activeFocus)
                 list.currentIndex = index
-            onChosen: root.chosenKey = isChosen ? "" : key
-            onPerform: action => root.center.performInInbox(key, action)
+            onChosen: root.chosenKey = isChosen ? "" : row.key
+            onPerform: action => root.center.performInInbox(row.key, action)
             onSettingsAsked: root.settingsAsked("buddy")
         }
     }

@@ -4,6 +4,7 @@
 
 #include "app/agents/AgentsModel.h"
 #include "app/base/QmlObjects.h"
+#include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
 #include "app/model/AppSettings.h"
 #include "core/base/Overloaded.h"
@@ -57,7 +58,7 @@ void BuddyNoticeCenter::evaluate(Instant now) {
   signals.agents = seams_.agents.sessions();
   if (seams_.settings.claudeBudgetTokens() > 0) signals.claudeBudgetTokens = seams_.settings.claudeBudgetTokens();
   for (const auto& gather : gatherers_) gather(signals);
-  // Looked at only while there is an agent to be in view: it takes a walk through the process table.
+  // Asked only while there are agents, because it walks the process table.
   const auto front = signals.agents.empty() ? std::nullopt : std::optional(agentsInFront());
   change([&](Instant) { speech_.evaluate(std::move(signals), front, policy(), now, seams_.calendar); });
   const auto& summaryDay = speech_.engine.lastSummaryDay;
@@ -147,7 +148,7 @@ void BuddyNoticeCenter::markRead() {
 }
 
 void BuddyNoticeCenter::perform(const BuddyAction& action, const BuddyNotice& notice) {
-  // By value: closing the bubble may end the notice's life.
+  // Copies, because closing the bubble may destroy the originals.
   const BuddyNotice about = notice;
   const BuddyAction picked = action;
   if (hasBubble() && speech_.bubble.shown->id == about.id && !std::holds_alternative<BuddyActions::OpenInbox>(picked))
@@ -226,10 +227,7 @@ BuddyNoticeText BuddyNoticeCenter::bubbleText() const {
 
 void BuddyNoticeCenter::updateInbox(Instant now) {
   notes_.setRows(inboxRows(speech_.inbox, seams_.calendar, now));
-  BuddyInboxFace next = buddyInboxFace(speech_, policy(), seams_.calendar, now);
-  if (next == inbox_) return;
-  inbox_ = std::move(next);
-  Q_EMIT inboxChanged();
+  if (replaced(inbox_, buddyInboxFace(speech_, policy(), seams_.calendar, now))) Q_EMIT inboxChanged();
 }
 
 }  // namespace ambrel

@@ -1,6 +1,6 @@
 #pragma once
-// Gathers what the rules look at, asks them every ten seconds, and shows what they say: in the one bubble, in the
-// inbox, by the character. It carries out what the user picks.
+// Collects the signals, evaluates the rules every ten seconds, and shows the result in the bubble, in the inbox and in
+// the character's pose. It also performs the actions that the user picks.
 
 #include <QtQml/qqmlregistration.h>
 #include <functional>
@@ -26,10 +26,10 @@ class BuddyNoticeCenter : public TimedModel {
   Q_PROPERTY(ambrel::Buddy* buddy READ buddy CONSTANT FINAL)
   Q_PROPERTY(ambrel::RowList* notes READ notes CONSTANT FINAL)
   Q_PROPERTY(ambrel::BuddyInboxFace inbox READ inbox NOTIFY inboxChanged FINAL)
-  // The bubble is on the screen; its texts stay as they were when it goes.
+  // The bubble is shown. Its texts stay while it fades out.
   Q_PROPERTY(bool hasBubble READ hasBubble NOTIFY bubbleChanged FINAL)
   Q_PROPERTY(ambrel::BuddyNoticeText bubble READ bubbleText NOTIFY bubbleChanged FINAL)
-  // How many notices wait behind it.
+  // How many more notices wait.
   Q_PROPERTY(int bubbleMore READ bubbleMore NOTIFY bubbleChanged FINAL)
   // What has the keyboard focus in the bubble: its actions, then "more" if there are more, then closing; else -1.
   Q_PROPERTY(int choice READ choice NOTIFY choiceChanged FINAL)
@@ -48,19 +48,19 @@ class BuddyNoticeCenter : public TimedModel {
   };
   explicit BuddyNoticeCenter(Seams seams, QObject* parent = nullptr);
 
-  // What the other models know goes into the signals of each evaluation.
+  // `gather` adds another model's signals to each evaluation.
   void addSignals(std::function<void(BuddySignals&)> gather) { gatherers_.push_back(std::move(gather)); }
-  // A phase of the focus timer ended; the next evaluation tells of it.
+  // A phase of the focus timer ended; the next evaluation reports it.
   void phaseEnded(BuddySignals::PhaseEnd phase) { speech_.phaseEnded = phase; }
-  // An agent has finished: he is pleased, whether or not there is something to say.
+  // An agent has finished: Buddy looks happy, even if no notice follows.
   void sessionFinished();
-  // Something else that happened, for the bubble and the inbox alike.
+  // Adds a notice from outside the rules to the bubble and the inbox.
   void post(const BuddyNotice& notice);
-  // By the licence; without it he is silent.
+  // Whether the licence allows Buddy; without it no rules run.
   void setAllowed(bool isAllowed) { isAllowed_ = isAllowed; }
   // A panel of the bar is open: the bubble waits.
   void setPanelOpen(bool isOpen);
-  // What has been seen in the inbox is new no longer.
+  // Opening the inbox marks its notices as read.
   void setInboxOpen(bool isOpen);
   void perform(const BuddyAction& action, const BuddyNotice& notice);
   BuddyPolicy policy() const;
@@ -74,22 +74,22 @@ class BuddyNoticeCenter : public TimedModel {
   int bubbleMore() const { return static_cast<int>(speech_.bubble.queue.pending.size()); }
   int choice() const { return speech_.bubble.choice ? static_cast<int>(*speech_.bubble.choice) : -1; }
 
-  // The buttons of the bubble and of a row of the inbox, by their place.
+  // Presses a button of the bubble or of an inbox row, by its index.
   Q_INVOKABLE void performInBubble(int action);
   Q_INVOKABLE void performInInbox(const QString& key, int action);
-  // A click on the bubble beside its buttons: the first action that is no snooze, else the inbox.
+  // A click on the bubble outside its buttons: the first action other than a snooze, or else the inbox.
   Q_INVOKABLE void answerBubble();
   Q_INVOKABLE void closeBubble();
   Q_INVOKABLE void openInbox() { Q_EMIT inboxAsked(); }
   Q_INVOKABLE void clearInbox();
   Q_INVOKABLE void markRead();
-  // While the pointer or the keyboard is on it, the bubble stays.
+  // The bubble stays while the pointer or the keyboard focus is on it.
   Q_INVOKABLE void setPointed(bool pointed);
   Q_INVOKABLE void setReached(bool reached);
   Q_INVOKABLE void moveChoice(int by);
   Q_INVOKABLE void performChoice();
 
-  // One evaluation of the rules, and what comes of it.
+  // Evaluates the rules once and shows the result.
   void evaluate(Instant now);
 
   std::optional<Instant> due() const override { return speech_.due(); }
@@ -101,10 +101,9 @@ class BuddyNoticeCenter : public TimedModel {
   void bubbleChanged();
   void choiceChanged();
   void inboxChanged();
-  // The keyboard has come to the bar while a bubble shows: its tile takes it.
+  // The bar got the keyboard while a bubble is shown: Buddy's tile takes the focus.
   void keyboardOffered();
-  // For the program around him. The bar is to come out, so that his tile is there to point at, and may go when the
-  // bubble is closed.
+  // Requests to the program: bring the bar out so that the bubble can point at the tile, and let it hide afterwards.
   void peekAsked(ambrel::Seconds length);
   void peekOver();
   void inboxAsked();
@@ -116,7 +115,7 @@ class BuddyNoticeCenter : public TimedModel {
   std::set<AgentKind> agentsInFront() const;
   void frontChanged();
   using Act = std::function<void(Instant now)>;
-  // Whatever happens to what he says happens in one of these: what differs afterwards is carried out and told.
+  // All changes of the speech go through these two, which compare before and after and emit the signals.
   void changeBubble(const Act& act);
   void change(const Act& act);
   void stir();

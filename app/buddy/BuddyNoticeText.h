@@ -21,7 +21,7 @@ struct BuddyNoticeText {
   FACE_FIELDS(QStringList, actions);   // the texts of its buttons
   FACE_FIELDS(QString, why);           // "The battery is below 20% and not charging."
   FACE_FIELDS(QString, setting);       // which setting turns it off
-  FACE_FIELDS(QString, spoken);        // the whole of it for a screen reader
+  FACE_FIELDS(QString, spoken);        // for screen readers
 
   friend bool operator==(const BuddyNoticeText&, const BuddyNoticeText&) = default;
 };

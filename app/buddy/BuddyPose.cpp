@@ -10,12 +10,6 @@ namespace {
 
 constexpr double airLine = 2;
 
-void strokeBend(QPainter& painter, const QPen& pen, QPointF from, QPointF bend, QPointF to) {
-  QPainterPath path(from);
-  path.quadTo(bend, to);
-  painter.strokePath(path, pen);
-}
-
 void strokePath(QPainter& painter, const QPen& pen, std::initializer_list<QPointF> points) {
   painter.setPen(pen);
   painter.setBrush(Qt::NoBrush);
@@ -206,34 +200,34 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
   using enum BuddyEye;
   using Mouth = BuddyMouth;
   return {
-      {BuddyPose::idle, {}},
-      {BuddyPose::asleep,
+      {BuddyMood::idle, {}},
+      {BuddyMood::asleep,
        {.stance = {.width = 1.05, .height = 0.92},
         .leftEye = shut,
         .rightEye = shut,
         .mouth = Mouth::flat,
         .around = sleepSigns}},
-      {BuddyPose::thinking,
+      {BuddyMood::thinking,
        {.stance = {.rightHand = {51.8, 45.2}},
         .glance = {1.9, -2.6},
         .mouth = Mouth::smirk,
         .hold = BuddyLook::Hold{.leftShoulder = {}, .rightShoulder = {42.6, 47.8}, .isLeftFree = true},
         .around = thoughts}},
-      {BuddyPose::happy,
+      {BuddyMood::happy,
        {.stance = {.leftHand = leftUp, .rightHand = rightUp},
         .leftEye = happy,
         .rightEye = happy,
         .mouth = Mouth::open,
         .seconds = 0.8,
         .swing = {.up = 3, .times = 2}}},
-      {BuddyPose::error,
+      {BuddyMood::error,
        {.leftEye = small,
         .rightEye = small,
         .mouth = Mouth::frown,
         .around = alarmSign,
         .seconds = 0.8,
         .swing = {.angle = 4, .times = 3}}},
-      {BuddyPose::celebrate,
+      {BuddyTrigger::celebrate,
        {.stance = {.up = 3, .leftHand = leftHigh, .rightHand = rightHigh},
         .leftEye = happy,
         .rightEye = happy,
@@ -241,13 +235,13 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .around = confetti,
         .seconds = 1.4,
         .swing = {.up = 4, .leftHand = {-2, 2}, .rightHand = {2, 2}, .times = 3}}},
-      {BuddyPose::wave,
+      {BuddyTrigger::wave,
        {.stance = {.rightHand = rightHigh},
         .mouth = Mouth::open,
         .around = waveLines,
         .seconds = 1.4,
         .swing = {.rightHand = {4, 2}, .times = 4}}},
-      {BuddyPose::jump,
+      {BuddyTrigger::jump,
        {.stance = {.width = 0.95, .height = 1.05, .up = 9, .leftHand = leftUp, .rightHand = rightUp},
         .leftEye = happy,
         .rightEye = happy,
@@ -256,13 +250,13 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .around = jumpLines,
         .seconds = 1.0,
         .swing = {.height = 0.08, .up = 6, .times = 2}}},
-      {BuddyPose::spin,
+      {BuddyTrigger::spin,
        {.stance = {.width = 0.8, .leftHand = leftOut, .rightHand = rightOut},
         .mouth = Mouth::round,
         .around = spinLines,
         .seconds = 1.2,
         .swing = {.width = 0.5, .times = 3}}},
-      {BuddyPose::dance,
+      {BuddyTrigger::dance,
        {.stance = {.angle = -11, .leftHand = leftUp, .rightHand = {57, 45}},
         .leftEye = happy,
         .rightEye = happy,
@@ -270,14 +264,14 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .around = notes,
         .seconds = 1.6,
         .swing = {.angle = 20, .times = 3}}},
-      {BuddyPose::nod,
+      {BuddyTrigger::nod,
        {.stance = {.height = 0.957},
         .glance = {0, 3},
         .mouth = Mouth::smile,
         .around = nodArrow,
         .seconds = 0.9,
         .swing = {.height = 0.05, .times = 2}}},
-      {BuddyPose::shake,
+      {BuddyTrigger::shake,
        {.stance = {.angle = 5},
         .leftEye = shut,
         .rightEye = shut,
@@ -285,22 +279,22 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .around = shakeLines,
         .seconds = 1.0,
         .swing = {.angle = 10, .times = 3}}},
-      {BuddyPose::stretch,
+      {BuddyTrigger::stretch,
        {.stance = {.width = 0.92, .height = 1.1, .leftHand = leftHigh, .rightHand = rightHigh},
         .leftEye = squeezed,
         .rightEye = squeezed,
         .mouth = Mouth::round,
         .seconds = 1.2,
         .swing = {.height = 0.04, .times = 1}}},
-      {BuddyPose::wink, {.rightEye = happy, .mouth = Mouth::smirk, .around = sparkle, .seconds = 0.6}},
-      {BuddyPose::love,
+      {BuddyTrigger::wink, {.rightEye = happy, .mouth = Mouth::smirk, .around = sparkle, .seconds = 0.6}},
+      {BuddyTrigger::love,
        {.leftEye = heart,
         .rightEye = heart,
         .mouth = Mouth::open,
         .around = hearts,
         .seconds = 1.0,
         .swing = {.up = 2, .times = 2}}},
-      {BuddyPose::startle,
+      {BuddyTrigger::startle,
        {.stance = {.up = 4, .leftHand = leftOut, .rightHand = rightOut},
         .leftEye = startled,
         .rightEye = startled,
@@ -309,7 +303,7 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .around = startleLines,
         .seconds = 0.8,
         .swing = {.up = 5, .times = 2}}},
-      {BuddyPose::peek,
+      {BuddyTrigger::peek,
        {.stance = {.up = -9.2},
         .glance = {0, -0.6},
         .mouth = Mouth::none,
@@ -318,14 +312,14 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .cutBelow = 51,
         .around = board,
         .seconds = 0.8}},
-      {BuddyPose::sip,
+      {BuddyTrigger::sip,
        {.stance = {.leftHand = {25.4, 51.3}, .rightHand = {38.6, 51.3}},
         .glance = {0, 1.9},
         .mouth = Mouth::none,
         .hold = BuddyLook::Hold{.leftShoulder = {16.4, 44.4}, .rightShoulder = {47.6, 44.4}},
         .held = cup,
         .seconds = 0.8}},
-      {BuddyPose::typing,
+      {BuddyTrigger::typing,
        {.stance = {.leftHand = {15.4, 54.2}, .rightHand = {48.6, 54.2}},
         .glance = {0, 2.2},
         .mouth = Mouth::flat,
@@ -333,7 +327,7 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .held = computer,
         .seconds = 1.6,
         .swing = {.leftHand = {0, -2}, .rightHand = {0, 2}, .times = 7}}},
-      {BuddyPose::highFive,
+      {BuddyTrigger::highFive,
        {.stance = {.rightHand = rightHigh},
         .leftEye = happy,
         .rightEye = happy,
@@ -341,7 +335,7 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .around = handClap,
         .seconds = 0.8,
         .swing = {.up = 2, .times = 1}}},
-      {BuddyPose::drink,
+      {BuddyTrigger::drink,
        {.stance = {.angle = -5, .leftHand = {23.6, 47.8}, .rightHand = {42.4, 48.2}},
         .leftEye = happy,
         .rightEye = happy,
@@ -350,7 +344,7 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .held = mug,
         .seconds = 1.0,
         .swing = {.angle = -4, .times = 1}}},
-      {BuddyPose::sneeze,
+      {BuddyTrigger::sneeze,
        {.stance = {.angle = -9, .right = 4.5, .rightHand = {59.4, 39}},
         .leftEye = squeezed,
         .rightEye = squeezed,
@@ -358,7 +352,7 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
         .around = spray,
         .seconds = 0.8,
         .swing = {.angle = -10, .times = 1}}},
-      {BuddyPose::lookAround,
+      {BuddyTrigger::lookAround,
        {.glance = {-4, 0.2},
         .mouth = Mouth::flat,
         .around = chevrons,
@@ -368,6 +362,16 @@ std::map<BuddyPose, BuddyLook> makeLooks() {
 }
 
 }  // namespace
+
+std::string_view nameOf(BuddyPose pose) {
+  return std::visit([](auto each) { return nameOf(each); }, pose);
+}
+
+std::optional<BuddyPose> poseNamed(std::string_view name) {
+  if (const auto mood = fromName<BuddyMood>(name)) return *mood;
+  if (const auto trigger = fromName<BuddyTrigger>(name)) return *trigger;
+  return std::nullopt;
+}
 
 const BuddyLook& lookOf(BuddyPose pose) {
   static const std::map<BuddyPose, BuddyLook> looks = makeLooks();

@@ -1,12 +1,14 @@
 #pragma once
-// The posture and the look of the character in each of his moods and reactions.
+// How the character stands and looks in each mood and reaction.
 //
 // All figures are in his own box of 64 x 64 units, y downwards, his feet at y 60.
 
 #include <QPointF>
 #include <optional>
+#include <variant>
 
 #include "core/base/EnumText.h"
+#include "core/buddy.h"
 
 class QPainter;
 
@@ -14,34 +16,16 @@ namespace ambrel {
 
 struct BuddyColors;
 
-// His moods, then his reactions, which bear the names of the triggers that play them.
-enum class BuddyPose {
-  idle,
-  asleep,
-  thinking,
-  happy,
-  error,
-  celebrate,
-  wave,
-  jump,
-  spin,
-  dance,
-  nod,
-  shake,
-  stretch,
-  wink,
-  love,
-  startle,
-  peek,
-  sip,
-  typing,
-  highFive,
-  drink,
-  sneeze,
-  lookAround,
-};
+enum class BuddyMood { idle, asleep, thinking, happy, error };
 
-// Turns and stretches him about the point between his feet, (32, 57).
+// A mood, or the reaction that a trigger plays.
+using BuddyPose = std::variant<BuddyMood, BuddyTrigger>;
+// "asleep", "highFive"
+std::string_view nameOf(BuddyPose pose);
+// Absent for an unknown name.
+std::optional<BuddyPose> poseNamed(std::string_view name);
+
+// Rotation and scale about the point between his feet, (32, 57).
 struct BuddyStance {
   double angle = 0;  // degrees, clockwise
   double width = 1, height = 1;
@@ -49,7 +33,7 @@ struct BuddyStance {
   QPointF leftHand{9, 48}, rightHand{55, 48};
 };
 
-// What is added to the stance in full swing; a reaction swings to and fro a few times and comes to rest.
+// The amplitude of a reaction, which swings a few times around the stance and dies away.
 struct BuddySwing {
   double angle = 0, width = 0, height = 0, up = 0;
   QPointF leftHand = {}, rightHand = {};
@@ -65,17 +49,17 @@ struct BuddyLook {
   QPointF glance = {};
   BuddyMouth mouth = BuddyMouth::smile;
   bool hasCheeks = true;
-  // He holds something before him, so his arms are drawn over his body, from these shoulders.
+  // He holds something in front of him: the arms are drawn over the body, from these shoulders.
   struct Hold {
     QPointF leftShoulder, rightShoulder;
-    bool isLeftFree = false;  // hangs behind the body all the same
+    bool isLeftFree = false;  // this arm stays behind the body
   };
   std::optional<Hold> hold = {};
   double shadow = 1;                                        // its width
-  std::optional<double> cutBelow = {};                      // he is behind something whose upper edge is here
+  std::optional<double> cutBelow = {};                      // the upper edge of what hides him
   void (*held)(QPainter&, const BuddyColors&) = nullptr;    // turns with him; below the arms that hold it
   void (*around)(QPainter&, const BuddyColors&) = nullptr;  // does not move with him
-  double seconds = 0.5;                                     // until he has come to rest
+  double seconds = 0.5;                                     // length of the animation
   BuddySwing swing = {};
 };
 

@@ -3,14 +3,14 @@ import Ambrel.Buddy
 import Ambrel.Kit
 import Ambrel.Model
 
-// Buddy's tile. While he says something, the keyboard answers him here: the arrows across the bar choose in the bubble,
-// Return picks, Delete closes.
+// Buddy's tile. While a bubble is shown, it takes the keyboard for it: the arrows across the bar choose an action, Return
+// performs it, Delete closes the bubble.
 TileFrame {
     id: root
 
     required property BuddyNoticeCenter center
     required property AppSettings settings
-    // The bar is along the bottom edge, and its own arrows are those to the left and the right.
+    // The bar is at the bottom edge and uses Left and Right itself.
     readonly property bool isRow: settings.dockEdge === "bottom"
     readonly property int newCount: center.inbox.newCount
     readonly property string news: newCount === 0 ? center.buddy.moodText : newCount === 1 ? qsTr("1 new note") : qsTr("%1 new notes").arg(newCount)
@@ -37,7 +37,7 @@ TileFrame {
     tip: center.hasBubble ? "" : qsTr("Buddy: %1").arg(news)
     onActiveFocusChanged: center.setReached(activeFocus)
 
-    // Whoever takes the keyboard to the bar while Buddy speaks wants to answer him.
+    // A user who moves the focus to the bar while a bubble is shown wants to answer it.
     readonly property bool isWindowActive: Window.active
     onIsWindowActiveChanged: if (isWindowActive && center.hasBubble)
         forceActiveFocus(Qt.TabFocusReason)

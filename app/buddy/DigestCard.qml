@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Buddy
 import Ambrel.Kit
 
-// What the agents out of view did meanwhile.
+// What the agents did while the user was looking elsewhere.
 Rectangle {
     id: root
 

@@ -2,14 +2,12 @@ import QtQuick
 import Ambrel.Buddy
 import Ambrel.Kit
 
-// One notice in the inbox. Chosen, it shows the whole of its text, why it came, and what it offers.
+// One notice in the inbox. When chosen, it shows its full text, why it came, and its actions.
 FocusScope {
     id: root
 
-    required property string key
-    required property bool isNew
-    // A buddyNoticeText.
-    required property var note
+    required property inboxRow row
+    readonly property buddyNoticeText note: row.note
     property bool isChosen: false
     readonly property Tone colors: ({
             orange: Theme.orange,
@@ -43,7 +41,7 @@ FocusScope {
 
         anchors.fill: parent
         focus: true
-        label: root.note.spoken + ", " + root.note.age + (root.isNew ? ", " + qsTr("new") : "")
+        label: root.note.spoken + ", " + root.note.age + (root.row.isNew ? ", " + qsTr("new") : "")
         accessibleRole: Accessible.ListItem
         onClicked: root.chosen()
 
@@ -99,7 +97,7 @@ FocusScope {
                 Rectangle {
                     id: dot
 
-                    visible: root.isNew
+                    visible: root.row.isNew
                     anchors.left: title.right
                     anchors.leftMargin: Theme.space2
                     anchors.verticalCenter: title.verticalCenter

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Buddy
 import Ambrel.Kit
 
-// How many notices wait behind the one that is shown; it leads to all of them.
+// The number of notices that wait; a click opens the inbox.
 Pressable {
     id: root
 

@@ -2,12 +2,12 @@ import QtQuick
 import Ambrel.Buddy
 import Ambrel.Kit
 
-// What a notice offers: at most two buttons, the first of them first in rank.
+// The actions of a notice: at most two buttons, the first one primary.
 Row {
     id: root
 
     required property var actions
-    // The one that the keyboard chooses from the tile; -1 for none.
+    // The button that is chosen from the tile by keyboard; -1 for none.
     property int choice: -1
     property int size: 32
 

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Buddy
 import Ambrel.Kit
 
-// Why a notice came: the rule in words, and the setting that turns it off, which a click leads to.
+// Why a notice came: the rule in words, and a link to the setting that turns it off.
 Column {
     id: root
 

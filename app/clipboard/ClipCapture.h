@@ -1,5 +1,5 @@
 #pragma once
-// Makes clips of what is read from the pasteboard, in the order of the copies, however long each of them takes.
+// Turns what was read from the pasteboard into clips, in the order of the copies, however long each one takes.
 
 #include <deque>
 #include <functional>
@@ -10,23 +10,16 @@
 
 #include "app/base/Background.h"
 #include "app/clipboard/ClipboardStorage.h"
-#include "core/clipboard/Capture.h"
 #include "core/clipboard/ClipIndex.h"
 
 namespace ambrel {
-
-struct CapturedClip {
-  ClipItem item;
-  ClipFacts facts;
-  std::int64_t changeCount = 0;  // the copy that it was
-};
 
 class ClipCapture {
  public:
   ClipCapture(ClipboardStorage& storage, Background background, SearchFolding folding);
 
-  // Called for each copy that holds something to keep.
-  std::function<void(CapturedClip)> onCaptured;
+  // Called for each copy that becomes a clip, with its change count.
+  std::function<void(CapturedClip, std::int64_t changeCount)> onCaptured;
 
   // The pictures of clips that are ready and wait for an earlier one.
   std::set<std::string> waitingPictures() const;
@@ -34,14 +27,13 @@ class ClipCapture {
   void take(PasteboardContents contents, std::int64_t changeCount, ClipOrigin origin);
 
  private:
-  // A copy that has its place in the order and waits for its contents.
+  // A copy that keeps its place in the order until its clip is ready.
   struct Slot {
+    std::int64_t changeCount = 0;
     bool isDone = false;
-    std::optional<CapturedClip> clip;
+    std::optional<CapturedClip> clip = {};
   };
-  std::shared_ptr<Slot> newSlot();
-  void fill(const std::shared_ptr<Slot>& slot, std::optional<CapturedClip> clip);
-  void takePicture(PasteboardContents contents, std::int64_t changeCount, ClipOrigin origin);
+  void fill(Slot& slot, std::optional<CapturedClip> clip);
 
   ClipboardStorage& storage_;
   Background background_;

@@ -1,7 +1,6 @@
 #include "app/clipboard/ClipFace.h"
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <cmath>
 
 #include "app/base/StoredValue.h"
@@ -68,7 +67,7 @@ QString foot(const ClipRow& row, const ClipFacts& facts, const ClipFiles* files,
 QString forgetting(const ClipRow& row, const ClipFacts& facts, const ClipMoment& moment) {
   if (!facts.isSensitive || row.isKept || !moment.sensitiveAge) return {};
   const double minutes = std::ceil((*moment.sensitiveAge - secondsBetween(row.createdAt, moment.now)).count() / 60);
-  // "in 42 min" stays together when the card breaks the line.
+  // No line break inside "in 42 min".
   return minutes < 1 ? tr("forgotten soon") : tr("forgotten in\u00A0%1\u00A0min").arg(static_cast<int>(minutes));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// What the files of a clip are: folders or not, and how much they hold. Looked up when a card shows them, since a
-// path may be on a disk that answers late or never.
+// Facts about the files of a clip: which are folders, and their total size. Looked up when a card shows them, because
+// a path may be on a disk that answers late or never.
 
 #include <cstdint>
 #include <functional>
@@ -26,10 +26,10 @@ ClipFiles filesOf(const ClipItem& item);
 
 class ClipFileLookup {
  public:
-  // `background` is not to hold up anything else.
+  // `background` must not be shared: its jobs may hang.
   ClipFileLookup(Background background, std::function<void(const UUID&)> changed);
 
-  // What is known; null while nothing is. Looks at them, if that was not done since the last `expire`.
+  // The known facts, or null. Starts a lookup unless there was one since the last `expire`.
   const ClipFiles* lookAt(const ClipItem& item);
   // The files may have changed.
   void expire() { fresh_.clear(); }

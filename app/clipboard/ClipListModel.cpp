@@ -1,8 +1,8 @@
 #include "app/clipboard/ClipListModel.h"
 
 #include <algorithm>
-#include <utility>
 
+#include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
 
 namespace ambrel {
@@ -13,18 +13,8 @@ ClipListModel::ClipListModel(const ClipIndex& index, Calendar calendar,
       index_(index),
       moment_{.calendar = std::move(calendar), .now = {}, .sensitiveAge = {}},
       files_(std::move(files)) {
-  const auto forget = [this] { latest_.reset(); };
-  connect(this, &ClipListModel::dataChanged, this, forget);
-  connect(this, &ClipListModel::rowsInserted, this, forget);
-  connect(this, &ClipListModel::rowsRemoved, this, forget);
-  connect(this, &ClipListModel::rowsMoved, this, forget);
   connect(this, &ClipListModel::rowsInserted, this, &RowList::countChanged);
   connect(this, &ClipListModel::rowsRemoved, this, &RowList::countChanged);
-}
-
-void ClipListModel::show(const std::vector<ClipRow>& rows) {
-  latest_.reset();
-  setRows(rows);
 }
 
 void ClipListModel::put(ClipRow row) {
@@ -33,7 +23,7 @@ void ClipListModel::put(ClipRow row) {
 }
 
 void ClipListModel::drop(std::span<const UUID> ids) {
-  // What is evicted is at the end.
+  // Evicted rows are at the end.
   for (int row = rowCount(); row-- > 0;)
     if (std::ranges::find(ids, rows()[static_cast<std::size_t>(row)].id) != ids.end()) removeRecord(row);
 }
@@ -46,14 +36,16 @@ void ClipListModel::setCurrent(const std::optional<UUID>& id) {
   }
 }
 
+void ClipListModel::refreshAll() {
+  if (rowCount() > 0) Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+}
+
 void ClipListModel::setNow(Instant now) {
-  if (std::exchange(moment_.now, now) == now || rowCount() == 0) return;
-  Q_EMIT dataChanged(index(0), index(rowCount() - 1), {role("age"), role("forgetting"), role("spoken")});
+  if (replaced(moment_.now, now)) refreshAll();
 }
 
 void ClipListModel::setSensitiveAge(std::optional<Seconds> age) {
-  if (std::exchange(moment_.sensitiveAge, age) == age || rowCount() == 0) return;
-  Q_EMIT dataChanged(index(0), index(rowCount() - 1), {role("forgetting"), role("spoken")});
+  if (replaced(moment_.sensitiveAge, age)) refreshAll();
 }
 
 void ClipListModel::refresh(const UUID& id) {
@@ -84,21 +76,8 @@ ClipFace ClipListModel::faceAt(int row) const {
   return clipFace(clip, facts ? *facts : none, files, moment_);
 }
 
-int ClipListModel::role(const char* property) {
-  return Qt::UserRole + ClipFace::staticMetaObject.indexOfProperty(property);
-}
-
 QVariant ClipListModel::data(const QModelIndex& index, int role) const {
-  if (!row(index) || role < Qt::UserRole) return {};
-  if (!latest_ || latest_->first != index.row()) latest_.emplace(index.row(), faceAt(index.row()));
-  return ClipFace::staticMetaObject.property(role - Qt::UserRole).readOnGadget(&latest_->second);
-}
-
-QHash<int, QByteArray> ClipListModel::roleNames() const {
-  QHash<int, QByteArray> names;
-  for (int i = 0; i < ClipFace::staticMetaObject.propertyCount(); ++i)
-    names.insert(Qt::UserRole + i, ClipFace::staticMetaObject.property(i).name());
-  return names;
+  return row(index) && role == Qt::UserRole ? QVariant::fromValue(faceAt(index.row())) : QVariant();
 }
 
 }  // namespace ambrel

@@ -1,12 +1,10 @@
 #pragma once
-// The clips that the shelf shows, a card each. A card's face is made when it is asked for: of ten thousand clips a few
-// are in view.
+// The clips on the shelf. A card's face is made on request, because only a few of ten thousand clips are in view.
 
 #include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <optional>
 #include <span>
-#include <utility>
 #include <vector>
 
 #include "app/base/GadgetListModel.h"
@@ -20,19 +18,19 @@ class ClipListModel : public RecordListModel<ClipRow, UUID, RowList> {
   QML_UNCREATABLE("belongs to the clipboard's model")
 
  public:
-  // `files`: what is known of a clip's files. That a card asks is the time to look at them.
+  // `files` gives the known facts about a clip's files, and looks them up when it is called.
   ClipListModel(const ClipIndex& index, Calendar calendar, std::function<const ClipFiles*(const UUID&)> files,
                 QObject* parent = nullptr);
 
-  void show(const std::vector<ClipRow>& rows);
-  // A single step of the same: the row comes first, and leaves its former place; these rows go.
+  void show(const std::vector<ClipRow>& rows) { setRows(rows); }
+  // Single steps of the same: moves or inserts the row at the top; removes rows.
   void put(ClipRow row);
   void drop(std::span<const UUID> ids);
   // Which clip is on the pasteboard now.
   void setCurrent(const std::optional<UUID>& id);
   void setNow(Instant now);
   void setSensitiveAge(std::optional<Seconds> age);
-  // What is known of its files has changed.
+  // The facts about its files have changed.
   void refresh(const UUID& id);
 
   // -1 without such a row.
@@ -42,22 +40,20 @@ class ClipListModel : public RecordListModel<ClipRow, UUID, RowList> {
   // An empty face without such a row.
   Q_INVOKABLE ambrel::ClipFace faceOf(const QString& id) const;
 
-  // The properties of ClipFace.
-  static int role(const char* property);
+  // The one role is "face".
   QVariant data(const QModelIndex& index, int role) const override;
-  QHash<int, QByteArray> roleNames() const override;
+  QHash<int, QByteArray> roleNames() const override { return {{Qt::UserRole, "face"}}; }
 
  protected:
   UUID keyOf(const ClipRow& row) const override { return row.id; }
 
  private:
   ClipFace faceAt(int row) const;
+  void refreshAll();
 
   const ClipIndex& index_;
   ClipMoment moment_;
   std::function<const ClipFiles*(const UUID&)> files_;
-  // A delegate asks for the properties one after the other.
-  mutable std::optional<std::pair<int, ClipFace>> latest_;
 };
 
 }  // namespace ambrel

@@ -1,11 +1,12 @@
 #include "app/clipboard/ClipPictures.h"
 
+#include <QCache>
 #include <QFile>
 #include <QImageReader>
+#include <QMutex>
 #include <QPainter>
 #include <QQuickImageResponse>
-#include <QRunnable>
-#include <algorithm>
+#include <atomic>
 
 #include "core/clipboard/ClipboardFolder.h"
 
@@ -34,7 +35,7 @@ QImage pictureOf(const std::filesystem::path& path, QSize size, PictureFit fit) 
     if (!isSmall) reader.setScaledSize(natural.scaled(size, Qt::KeepAspectRatio).expandedTo({1, 1}));
     return reader.read();
   }
-  // What is larger in both directions is made smaller while it is read: a screen takes 32 MB, a card 60 KB.
+  // Large pictures are scaled while they are decoded: a screenshot takes 32 MB, a card 60 KB.
   const bool isLarge = natural.width() > size.width() && natural.height() > size.height();
   if (isLarge) reader.setScaledSize(natural.scaled(size, Qt::KeepAspectRatioByExpanding));
   const QImage whole = reader.read();
@@ -45,7 +46,7 @@ QImage pictureOf(const std::filesystem::path& path, QSize size, PictureFit fit) 
   if (isSmall || isLarge) {
     painter.drawImage(centred(whole.size(), size).topLeft(), whole);
   } else {
-    // Long and narrow pictures are enlarged no further than they must be to fill the card's shorter side.
+    // Long and narrow pictures are scaled up only until they fill the card's shorter side.
     const QSize cut = size.scaled(natural, Qt::KeepAspectRatio).expandedTo({1, 1}).boundedTo(natural);
     const QImage part = whole.copy(centred(cut, natural));
     painter.drawImage(0, 0, part.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -63,14 +64,12 @@ struct ClipPictures::Shared {
   }
   void keep(const QString& key, const QImage& image) {
     const QMutexLocker lock(&mutex);
-    ++decoded;
     cache.insert(key, new QImage(image), static_cast<int>(image.sizeInBytes()));
   }
 
   const std::filesystem::path folder;
   QMutex mutex;
   QCache<QString, QImage> cache;
-  int decoded = 0;
 };
 
 namespace {
@@ -81,7 +80,7 @@ class Response : public QQuickImageResponse {
     return image.isNull() ? nullptr : QQuickTextureFactory::textureFactoryForImage(image);
   }
   QString errorString() const override { return image.isNull() ? QStringLiteral("no picture") : QString(); }
-  // It has left the view before its turn came.
+  // The item left the view before the decoding started.
   void cancel() override { isCancelled = true; }
 
   QImage image;
@@ -100,16 +99,6 @@ ClipPictures::~ClipPictures() {
   pool_.waitForDone();
 }
 
-int ClipPictures::cachedBytes() const {
-  const QMutexLocker lock(&shared_->mutex);
-  return static_cast<int>(shared_->cache.totalCost());
-}
-
-int ClipPictures::decodedCount() const {
-  const QMutexLocker lock(&shared_->mutex);
-  return shared_->decoded;
-}
-
 QQuickImageResponse* ClipPictures::requestImageResponse(const QString& path, const QSize& size) {
   auto* response = new Response;
   const QString name = path.section(u'/', 1);
@@ -124,10 +113,10 @@ QQuickImageResponse* ClipPictures::requestImageResponse(const QString& path, con
             if (fit == PictureFit::card && !response->image.isNull()) shared->keep(key, response->image);
           }
         }
-        // From here on the response belongs to the engine.
+        // The engine owns the response from here on.
         Q_EMIT response->finished();
       },
-      // What was asked for last is what is in view.
+      // The latest request is what is in view.
       ++turn_);
   return response;
 }

@@ -1,22 +1,18 @@
 #pragma once
-// The pictures of clips as QML shows them: decoded off the main thread, the latest wish first, and the small ones kept
-// within bounds.
+// Pictures of clips for QML: decoded off the main thread, latest request first; small ones are cached.
 
-#include <QCache>
 #include <QImage>
-#include <QMutex>
 #include <QQuickAsyncImageProvider>
 #include <QThreadPool>
-#include <atomic>
 #include <filesystem>
 #include <memory>
 
 namespace ambrel {
 
-// How a picture is brought to the size that is asked for.
+// How a picture is fitted into the requested size.
 enum class PictureFit {
-  card,   // exactly that size; a larger picture is cut, a smaller one is centred
-  whole,  // all of it, no larger than it is and than that size
+  card,   // exactly that size; larger pictures are cropped, smaller ones centred
+  whole,  // the whole picture, scaled down if necessary
 };
 
 // Null when it cannot be read.
@@ -27,18 +23,15 @@ QImage pictureOf(const std::filesystem::path& path, QSize size, PictureFit fit);
 class ClipPictures : public QQuickAsyncImageProvider {
  public:
   static constexpr const char* id = "ambrel.clip";
-  // Of the pictures that are kept for the next time they come into view.
+  // The limit of the cache.
   static constexpr int mostCachedBytes = 24 << 20;
 
   explicit ClipPictures(std::filesystem::path folder);
   ~ClipPictures() override;
 
   QQuickImageResponse* requestImageResponse(const QString& path, const QSize& size) override;
-
-  // For tests: whether nothing is being decoded, how much is kept, and how often a file was decoded.
+  // Whether nothing is being decoded.
   bool isIdle() { return pool_.waitForDone(0); }
-  int cachedBytes() const;
-  int decodedCount() const;
 
  private:
   struct Shared;

@@ -1,5 +1,5 @@
 #pragma once
-// The clipboard's history. Its shelf is a window of its own, beyond the bar.
+// The clipboard's part of the program. Its shelf is a separate window.
 
 #include "app/base/Area.h"
 #include "app/clipboard/ClipboardModel.h"

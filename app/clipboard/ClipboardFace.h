@@ -1,5 +1,5 @@
 #pragma once
-// What the tile and the shelf say of the history as a whole.
+// What the tile and the shelf show of the history as a whole.
 
 #include <QObject>
 #include <QString>
@@ -19,7 +19,7 @@ struct ClipboardFace {
   FACE_FIELDS(bool, isInUse);             // it is on and has something
   FACE_FIELDS(QString, value, unit);      // "9,901", "clips"; "Off"
   FACE_FIELDS(QString, line, shortLine);  // "Last copy 2 min. ago", "2 min. ago"
-  FACE_FIELDS(QString, latestText);       // the newest clip in a few words, a secret by its kind alone
+  FACE_FIELDS(QString, latestText);       // the newest clip in a few words; only the kind of a secret
   FACE_FIELDS(QString, latestAge);        // "2 min"
   FACE_FIELDS(QString, summary);          // "128 items · 3 pinned"
   FACE_FIELDS(QString, emptyTitle);       // why there is nothing to show,

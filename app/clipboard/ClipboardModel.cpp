@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/base/Log.h"
+#include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
@@ -28,7 +29,7 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
         const ClipItem* item = history_.item(id);
         return item ? files_.lookAt(*item) : nullptr;
       }) {
-  capture_.onCaptured = [this](CapturedClip clip) { add(std::move(clip)); };
+  capture_.onCaptured = [this](CapturedClip clip, std::int64_t change) { add(std::move(clip), change); };
   storage_.onSaveFailed = [this](const std::string& reason) {
     Q_EMIT troubled(tr("The clipboard history cannot be saved"), toQString(reason));
   };
@@ -99,11 +100,11 @@ void ClipboardModel::poll() {
 
   ownerlessChange_.reset();
   const bool isWanted = history_.noticeChange(change, settings, source);
-  publishCurrent();
+  items_.setCurrent(history_.currentItemID());
   if (isWanted && !isReadOnly_) read({.id = UUID::random(), .now = now, .sourceBundleID = std::move(source)});
 }
 
-// By its stored identifier, or by the name that the cards show.
+// An entry is a stored identifier or the name that the cards show.
 bool ClipboardModel::isIgnored(const std::string& bundleID, const std::vector<std::string>& ignored) {
   return std::ranges::any_of(ignored, [&](const std::string& entry) {
     return entry == bundleID || toQString(entry).compare(programName(bundleID), Qt::CaseInsensitive) == 0;
@@ -124,7 +125,7 @@ void ClipboardModel::read(ClipOrigin origin) {
                              .fileList = bytes(settings_.clipboardListMegabytes())};
   seams_.pasteboard.read({.wantsPicture = true, .limits = limits},
                          [self = QPointer(this), origin = std::move(origin)](PasteboardReading reading) {
-                           // What was copied since is read by itself.
+                           // A later copy is read separately.
                            if (!self || reading.changeCount != self->history_.lastChangeCount()) return;
                            if (reading.contents.lost) return self->addLost(*reading.contents.lost, origin);
                            self->capture_.take(std::move(reading.contents), reading.changeCount, origin);
@@ -135,7 +136,7 @@ void ClipboardModel::addLost(const LostCopy& lost, const ClipOrigin& origin) {
   constexpr std::size_t mostLost = 8;
   logLine(lost.reason == LostCopy::Reason::tooLarge ? "a copy is too large to keep" : "a copy was not handed over");
   const QString program = programName(origin.sourceBundleID.value_or(""));
-  // A program that fails again and again has one card.
+  // Repeated failures of one program share a card.
   std::erase_if(lost_, [&](const ClipRow& row) { return row.program == program && row.lost->reason == lost.reason; });
   lost_.insert(lost_.begin(),
                {.id = origin.id, .kind = lost.kind, .createdAt = origin.now, .program = program, .lost = lost});
@@ -143,21 +144,20 @@ void ClipboardModel::addLost(const LostCopy& lost, const ClipOrigin& origin) {
   publishRows();
 }
 
-void ClipboardModel::add(CapturedClip clip) {
+void ClipboardModel::add(CapturedClip clip, std::int64_t changeCount) {
   const auto current = history_.currentItemID();
   const HistoryEffects effects = history_.add(std::move(clip.item), captureSettings());
-  // A second copy of the same content keeps its identity, and so its facts. None is current when the limit leaves no
-  // room for it.
+  // A second copy of the same content keeps its identity. No item is current if the limit leaves no room for it.
   if (const auto id = history_.currentItemID()) {
     index_.put(*id, std::move(clip.facts));
     files_.expire(*id);
   }
-  if (clip.changeCount != history_.lastChangeCount()) history_.noticeOwnWrite(history_.lastChangeCount(), current);
+  if (changeCount != history_.lastChangeCount()) history_.noticeOwnWrite(history_.lastChangeCount(), current);
   apply(effects);
-  if (ownerlessChange_ == clip.changeCount) restoreCurrent();
+  if (ownerlessChange_ == changeCount) restoreCurrent();
 }
 
-// The application that owned the copy has ended; what it copied can still be pasted.
+// The application that owned the copy has quit: offers its contents in its place.
 void ClipboardModel::restoreCurrent() {
   if (seams_.pasteboard.changeCount() != history_.lastChangeCount()) return;
   const auto& current = history_.currentItemID();
@@ -173,7 +173,7 @@ void ClipboardModel::write(std::vector<Representation> representations, std::opt
   history_.noticeOwnWrite(purpose == Purpose::restore ? seams_.pasteboard.restore(std::move(representations))
                                                       : seams_.pasteboard.write(std::move(representations)),
                           id);
-  publishCurrent();
+  items_.setCurrent(history_.currentItemID());
 }
 
 void ClipboardModel::copy(const ClipItem& item) { put(item, Purpose::copy); }
@@ -183,25 +183,24 @@ void ClipboardModel::put(const ClipItem& item, Purpose purpose) {
     return write(representations(item, std::nullopt), item.id, purpose);
   storage_.readPicture(*item.imageFileName, [this, item, purpose, generation = ++writeGeneration_,
                                              change = seams_.pasteboard.changeCount()](auto bytes) {
-    // Something else was copied meanwhile.
+    // Something else was copied in the meantime.
     if (generation != writeGeneration_ || change != seams_.pasteboard.changeCount()) return;
     write(representations(item, std::move(bytes)), item.id, purpose);
   });
 }
 
-void ClipboardModel::copyText(std::string_view text) {
-  const std::string_view trimmed = trimmedOfWhitespace(text);
-  if (trimmed.empty()) return;
-  auto item = textItem(std::string(trimmed),
-                       {.id = UUID::random(), .now = seams_.now(), .sourceBundleID = std::string(ownBundleID)});
-  if (!item) return;
-  if (!isLoaded_ || isReadOnly_) return write(representations(*item, std::nullopt), std::nullopt, Purpose::copy);
-  ClipFacts facts = factsOf(*item, folding_);
-  const ClipItem own = *item;
-  add({.item = std::move(*item), .facts = std::move(facts), .changeCount = history_.lastChangeCount()});
+void ClipboardModel::copyText(const QString& text) {
+  PasteboardContents contents{
+      .filePaths = {}, .picture = {}, .text = std::string(trimmedOfWhitespace(text.toStdString()))};
+  auto clip =
+      captured(std::move(contents), {},
+               {.id = UUID::random(), .now = seams_.now(), .sourceBundleID = std::string(ownBundleID)}, folding_);
+  if (!clip) return;
+  const ClipItem own = clip->item;
+  if (isLoaded_ && !isReadOnly_) add(std::move(*clip), history_.lastChangeCount());
   const ClipItem* kept = library().itemLike(own);
   write(representations(own, std::nullopt), kept ? std::optional(kept->id) : std::nullopt, Purpose::copy);
-  if (kept) setFocusedItemID(kept->id);
+  if (kept) setFocusedItem(toQString(kept->id.text()));
 }
 
 std::optional<QString> ClipboardModel::copyPinned(int number) {
@@ -226,16 +225,15 @@ void ClipboardModel::forgetUnneeded() {
   index_.retain(library().items, history_.undoableItems());
 }
 
-void ClipboardModel::remove(std::span<const UUID> ids, bool undoable) {
+void ClipboardModel::remove(std::span<const UUID> ids) {
   if (std::erase_if(lost_, [&](const ClipRow& row) { return std::ranges::find(ids, row.id) != ids.end(); }) > 0)
     publishRows();
   if (isReadOnly_) return;
-  if (focusedItemID_ && std::ranges::find(ids, *focusedItemID_) != ids.end()) setFocusedItemID(std::nullopt);
   const int before = count();
-  const HistoryEffects effects = history_.remove(ids, undoable);
+  const HistoryEffects effects = history_.remove(ids, /*undoable=*/true);
   if (!effects.needsSave) return;
+  if (!itemOf(focusedItem_)) setFocusedItem({});
   apply(effects);
-  if (!undoable) return;
   Q_EMIT undoableCountChanged();
   Q_EMIT removed(before - count());
   endUndoLater();
@@ -260,30 +258,29 @@ void ClipboardModel::undoRemove() {
 
 void ClipboardModel::clearHistory() {
   if (isReadOnly_) return;
-  const auto focused = focusedItemID_;
   lost_.clear();
   apply(history_.clear());
-  if (focused && !history_.item(*focused)) setFocusedItemID(std::nullopt);
+  if (!itemOf(focusedItem_)) setFocusedItem({});
 }
 
-void ClipboardModel::setFilter(const ClipFilter& filter) {
-  if (filter == filter_) return;
-  filter_ = filter;
+void ClipboardModel::setFilter(const QString& filter) {
+  const auto wanted = ClipFilter::parse(filter.toStdString());
+  const auto* collection = wanted ? std::get_if<ClipFilter::Collection>(&wanted->value) : nullptr;
+  const bool isKnown = wanted && (!collection || std::ranges::find(library().collections, collection->id,
+                                                                   &ClipCollection::id) != library().collections.end());
+  if (!isKnown || !replaced(filter_, *wanted)) return;
   Q_EMIT filterChanged();
   publishRows();
 }
 
 void ClipboardModel::setQuery(const QString& query) {
-  if (query == query_) return;
-  query_ = query;
+  if (!replaced(query_, query)) return;
   Q_EMIT queryChanged();
   publishRows();
 }
 
-void ClipboardModel::setFocusedItemID(std::optional<UUID> id) {
-  if (id == focusedItemID_) return;
-  focusedItemID_ = id;
-  Q_EMIT focusedItemIDChanged();
+void ClipboardModel::setFocusedItem(const QString& id) {
+  if (replaced(focusedItem_, id)) Q_EMIT focusedItemChanged();
 }
 
 void ClipboardModel::publish() {
@@ -294,19 +291,14 @@ void ClipboardModel::publish() {
   items_.setNow(seams_.now());
   publishRows();
   Q_EMIT libraryChanged();
-  Q_EMIT currentItemIDChanged();
 }
 
 void ClipboardModel::publishFace() {
-  ClipboardFace face = clipboardFace(library(), index_,
-                                     {.isOn = settings_.clipboardEnabled(),
-                                      .isReadOnly = isReadOnly_,
-                                      .filter = filter_,
-                                      .isSearching = !query_.trimmed().isEmpty()},
-                                     seams_.now(), calendar_);
-  if (face == face_) return;
-  face_ = std::move(face);
-  Q_EMIT faceChanged();
+  const ClipboardView view{.isOn = settings_.clipboardEnabled(),
+                           .isReadOnly = isReadOnly_,
+                           .filter = filter_,
+                           .isSearching = !query_.trimmed().isEmpty()};
+  if (replaced(face_, clipboardFace(library(), index_, view, seams_.now(), calendar_))) Q_EMIT faceChanged();
 }
 
 void ClipboardModel::refreshAges() {
@@ -317,11 +309,6 @@ void ClipboardModel::refreshAges() {
 void ClipboardModel::refresh() {
   files_.expire();
   refreshAges();
-}
-
-void ClipboardModel::publishCurrent() {
-  items_.setCurrent(history_.currentItemID());
-  Q_EMIT currentItemIDChanged();
 }
 
 ClipRow ClipboardModel::rowOf(const ClipItem& item) {
@@ -336,7 +323,7 @@ ClipRow ClipboardModel::rowOf(const ClipItem& item) {
           .isCurrent = item.id == history_.currentItemID()};
 }
 
-// A copy costs the rows that it changes, however many there are. False when all rows are to be looked through.
+// The cost of a copy does not depend on the number of rows. False if all rows have to be compared.
 bool ClipboardModel::publishChanges(std::span<const LibraryChange> changes) {
   const bool showsAll = filter_ == ClipFilter{} && query_.trimmed().isEmpty() && lost_.empty();
   const auto* put = changes.empty() ? nullptr : std::get_if<LibraryChange::Put>(&changes.front().value);
@@ -345,7 +332,7 @@ bool ClipboardModel::publishChanges(std::span<const LibraryChange> changes) {
   items_.put(rowOf(put->item));
   for (const LibraryChange& change : changes)
     if (const auto* drop = std::get_if<LibraryChange::Drop>(&change.value)) items_.drop(drop->ids);
-  publishCurrent();
+  items_.setCurrent(history_.currentItemID());
   refreshAges();
   Q_EMIT visibleItemsChanged();
   Q_EMIT libraryChanged();

@@ -39,21 +39,22 @@ struct CollectionRow {
   friend bool operator==(const CollectionRow&, const CollectionRow&) = default;
 };
 
-// Saving and whatever is slow happen off the main thread. For QML, items and collections are the texts of their ids,
-// a filter is "all", "pinned", "kind:KIND" or "collection:ID"; an id that is none changes nothing.
+// Slow work runs off the main thread. QML passes items and collections by the text of their ids, and a filter as
+// ClipFilter::text; unknown ids are ignored.
 class ClipboardModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  // What the filter and the search admit.
+  // The clips that match the filter and the search.
   Q_PROPERTY(ambrel::ClipListModel* items READ items CONSTANT FINAL)
   Q_PROPERTY(int visibleCount READ visibleCount NOTIFY visibleItemsChanged FINAL)
   Q_PROPERTY(ambrel::RowList* collections READ collections CONSTANT FINAL)
   Q_PROPERTY(ambrel::ClipboardFace face READ face NOTIFY faceChanged FINAL)
-  Q_PROPERTY(QString filter READ filterText WRITE setFilterText NOTIFY filterChanged FINAL)
+  Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged FINAL)
   Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged FINAL)
-  Q_PROPERTY(QString focusedItem READ focusedItemText WRITE setFocusedItemText NOTIFY focusedItemIDChanged FINAL)
-  // Where copies came from lately, newest first: {id, name}. None that is ignored.
+  // The clip with the keyboard focus; empty for none.
+  Q_PROPERTY(QString focusedItem READ focusedItem WRITE setFocusedItem NOTIFY focusedItemChanged FINAL)
+  // The programs of recent copies, newest first: {id, name}. Without ignored ones.
   Q_PROPERTY(QVariantList recentPrograms READ recentPrograms NOTIFY libraryChanged FINAL)
 
  public:
@@ -61,7 +62,7 @@ class ClipboardModel : public QObject {
     Pasteboard& pasteboard;
     Workspace& workspace;
     Background background;
-    // For looking at files that may be on a disk that never answers.
+    // For file system calls that may never return.
     Background fileBackground;
     DelayedStep later;
     std::function<Instant()> now;
@@ -70,51 +71,39 @@ class ClipboardModel : public QObject {
   static constexpr Seconds undoWindow{6};
   static constexpr const char* ownBundleID = "dev.qorvin.ambrel";
 
-  // What is on the pasteboard by then is not recorded.
+  // The present contents of the pasteboard are not recorded.
   ClipboardModel(AppSettings& settings, std::filesystem::path folder, Calendar calendar, Seams seams,
                  QObject* parent = nullptr);
   ~ClipboardModel() override;
 
-  // Loads the library and then begins to watch. Until it is there, nothing is recorded or changed.
+  // Loads the library and then starts to watch. Until then nothing is recorded or changed.
   void start();
-  // One tick: sweeps when it is time, and reads a copy that is new.
+  // One tick: removes expired clips when it is time, and reads a new copy.
   void poll();
 
   const ClipboardLibrary& library() const { return history_.library(); }
   const std::optional<UUID>& currentItemID() const { return history_.currentItemID(); }
-  std::int64_t lastChangeCount() const { return history_.lastChangeCount(); }
   const ClipItem* item(const UUID& id) const { return history_.item(id); }
   std::filesystem::path picturesFolder() const { return storage_.picturesFolder(); }
 
   // Writes the item to the pasteboard; the history keeps its order. A picture is read first.
   void copy(const ClipItem& item);
-  // Records a text, or the colour as "#2F7F86", and writes it. White space at both ends goes.
-  void copyText(std::string_view text);
-  // The name of what was copied; absent when there is no such pinned clip. 1 to 9.
+  // Copies a pinned clip by its number, 1 to 9, and gives its name; absent if there is none.
   std::optional<QString> copyPinned(int number);
 
-  void remove(std::span<const UUID> ids, bool undoable);
-  void undoRemove();
-  // Everything that is not protected, for good.
-  void clearHistory();
-
-  const ClipFilter& filter() const { return filter_; }
-  void setFilter(const ClipFilter& filter);
+  QString filter() const { return QString::fromStdString(filter_.text()); }
+  void setFilter(const QString& filter);
   const QString& query() const { return query_; }
   void setQuery(const QString& query);
-  const std::optional<UUID>& focusedItemID() const { return focusedItemID_; }
-  void setFocusedItemID(std::optional<UUID> id);
+  const QString& focusedItem() const { return focusedItem_; }
+  void setFocusedItem(const QString& id);
 
   ClipListModel* items() { return &items_; }
   GadgetListModel<CollectionRow>* collections() { return &collections_; }
   const ClipboardFace& face() const { return face_; }
-  QString filterText() const;
-  void setFilterText(const QString& text);
-  QString focusedItemText() const;
-  void setFocusedItemText(const QString& id);
-  // Whether items or a collection can still come back.
   int visibleCount() const { return items_.rowCount(); }
   int count() const { return static_cast<int>(library().items.size()); }
+  // Whether items or a collection can still come back.
   bool canUndo() const { return history_.undoableCount() > 0 || history_.canUndoCollection(); }
   QVariantList recentPrograms();
 
@@ -128,55 +117,55 @@ class ClipboardModel : public QObject {
   Q_INVOKABLE void renameCollection(const QString& id, const QString& name);
   Q_INVOKABLE void deleteCollection(const QString& id);
   Q_INVOKABLE void remove(const QString& id);
-  // What a cleanup could take, each with {key, title, count} as texts; only those that would take something.
+  Q_INVOKABLE void undoRemove();
+  // Everything that is not protected, for good.
+  Q_INVOKABLE void clearHistory();
+  // The cleanups that would remove something: {key, title, count} as texts.
   Q_INVOKABLE QVariantList cleanups() const;
   Q_INVOKABLE void cleanUp(const QString& key);
-  Q_INVOKABLE void clear() { clearHistory(); }
-  Q_INVOKABLE void undo() { undoRemove(); }
-  // The name of a program by what is stored of it.
+  // The display name of a program by its stored identifier.
   Q_INVOKABLE QString nameOfProgram(const QString& id) { return programName(id.toStdString()); }
-  // Puts the text of the clip on the pasteboard, also that beside a picture.
+  // Copies the text of the clip, including the text that came with a picture.
   Q_INVOKABLE void copyAsText(const QString& id);
-  // Records a part of a clip and puts it on the pasteboard.
-  Q_INVOKABLE void copyPart(const QString& text) { copyText(text.toStdString()); }
-  // The beginning of its text, as much as a preview can show.
+  // Records a text and puts it on the pasteboard. White space at both ends goes.
+  Q_INVOKABLE void copyText(const QString& text);
+  // The beginning of its text, for the preview.
   Q_INVOKABLE QString textOf(const QString& id) const;
-  // Brings the ages up to date, and what is known of files.
+  // Updates the ages and looks at files again.
   void refresh();
 
  Q_SIGNALS:
   void libraryChanged();
   void faceChanged();
   void visibleItemsChanged();
-  void currentItemIDChanged();
   void filterChanged();
   void queryChanged();
-  void focusedItemIDChanged();
+  void focusedItemChanged();
   void undoableCountChanged();
-  // So many items went, and can come back for a while.
+  // So many items were removed; undoRemove brings them back for a while.
   void removed(int count);
   // The same for a collection.
   void collectionDeleted(const QString& name);
-  // Something that the user has to know, once: the history is not saved, or not this bar's.
+  // A problem to show once: the history cannot be saved, or belongs to another bar.
   void troubled(const QString& title, const QString& detail);
 
  private:
   void begin(ClipboardStorage::Loaded loaded);
   void read(ClipOrigin origin);
-  void add(CapturedClip clip);
+  void add(CapturedClip clip, std::int64_t changeCount);
+  void remove(std::span<const UUID> ids);
   void addLost(const LostCopy& lost, const ClipOrigin& origin);
   bool isIgnored(const std::string& bundleID, const std::vector<std::string>& ignored);
   void tryToTakeOver();
   void endUndoLater();
   void restoreCurrent();
-  // What is restored yields to what another application has copied.
+  // Restoring gives way to another application's copy.
   enum class Purpose { copy, restore };
   void put(const ClipItem& item, Purpose purpose);
   void write(std::vector<Representation> representations, std::optional<UUID> id, Purpose purpose);
   void apply(const HistoryEffects& effects);
   void publish();
   void publishRows();
-  void publishCurrent();
   bool publishChanges(std::span<const LibraryChange> changes);
   ClipRow rowOf(const ClipItem& item);
   CaptureSettings captureSettings() const;
@@ -190,7 +179,7 @@ class ClipboardModel : public QObject {
   Calendar calendar_;
   Seams seams_;
   SearchFolding folding_;
-  // Goes after the storage, which saves it once more at the end.
+  // Declared before the storage, which saves it in its destructor.
   ClipboardHistory history_;
   ClipboardStorage storage_;
   ClipCapture capture_;
@@ -201,7 +190,7 @@ class ClipboardModel : public QObject {
   ClipboardFace face_;
   ClipFilter filter_;
   QString query_;
-  std::optional<UUID> focusedItemID_;
+  QString focusedItem_;
   std::unordered_map<std::string, QString> programNames_;
   std::int64_t lastMinute_ = 0;
   bool isLoaded_ = false;

@@ -17,13 +17,13 @@
 namespace ambrel {
 namespace {
 
-// Of a picture that comes in another format than PNG; its pixels may need four bytes each.
+// For pictures in other formats than PNG, at up to four bytes per pixel.
 constexpr int mostDecodedMegabytes = 256;
 
-// After a save that failed: a disk that is full or away may be back by then.
+// After a failed save: a full or missing disk may be back by then.
 constexpr Seconds retryDelay{30};
 
-// The decoder for a type; a picture is never taken for another format than its owner says.
+// The decoder for a type. The format is never guessed from the data.
 const char* formatOf(std::string_view type) {
   if (type == "image/tiff") return "tiff";
   if (type == "image/bmp" || type == "image/x-bmp") return "bmp";
@@ -58,7 +58,7 @@ std::optional<PictureSize> sizeOf(const std::filesystem::path& picture) {
 
 }  // namespace
 
-// The folder is used by one job at a time, and by the destructor, which may come while one is under way.
+// The folder is used by one job at a time, and by the destructor, which may run during a job.
 struct ClipboardStorage::Shared {
   explicit Shared(const std::filesystem::path& path) : folder(path) {}
 
@@ -73,7 +73,7 @@ struct ClipboardStorage::Shared {
   }
   Failure write(bool isLast, const std::function<void()>& work) {
     const std::scoped_lock lock(mutex);
-    // An older library must not come after the last one.
+    // A late job must not overwrite the last save.
     if (std::exchange(isClosed, isClosed || isLast)) return std::nullopt;
     Failure failure;
     try {
@@ -86,7 +86,7 @@ struct ClipboardStorage::Shared {
     return failure;
   }
 
-  // A folder that cannot be locked is not one that another bar has.
+  // A failure to lock does not mean that another bar has the folder.
   bool tryLock() {
     const std::scoped_lock lock(mutex);
     try {
@@ -187,13 +187,13 @@ void ClipboardStorage::load(SearchFolding folding, std::function<void(Loaded)> d
   enqueue(
       [shared = shared_, folding, result] {
         *result = shared->load(folding);
-        // The document's tree was several times as large as what is kept of it.
+        // The parsed document was several times as large as the library.
         returnFreedMemory();
       },
       [this, result, done = std::move(done)] {
         isLoaded_ = true;
         isReadOnly_ = result->isReadOnly;
-        // A journal that a crash has left goes into the library.
+        // A journal left by a crash is merged into the library.
         if (!shared_->isAtRest) needsWhole_ = !isReadOnly_;
         done(std::move(*result));
       });
@@ -228,7 +228,7 @@ void ClipboardStorage::startSave() {
 
 void ClipboardStorage::saved(const std::optional<std::string>& failure, bool wasWhole) {
   if (failure && !wasWhole) {
-    // What could not be added goes with the whole.
+    // A failed append is part of the next full save.
     needsWhole_ = true;
     return;
   }

@@ -1,6 +1,6 @@
 #pragma once
-// The clipboard's folder, worked on off the main thread: one job after the other, in the order in which they are asked
-// for. Handlers run on the main thread.
+// Access to the clipboard's folder off the main thread: one job at a time, in the order of the calls. Handlers run on
+// the main thread.
 
 #include <deque>
 #include <filesystem>
@@ -24,7 +24,7 @@ class ClipboardStorage {
   // `snapshot` gives the library when a save of it as a whole begins.
   ClipboardStorage(std::filesystem::path folder, Background background, DelayedStep later,
                    std::function<ClipboardLibrary()> snapshot);
-  // Writes what has not been saved yet, and leaves the library in its file alone.
+  // Writes unsaved changes, as one library file without a journal.
   ~ClipboardStorage();
   ClipboardStorage(const ClipboardStorage&) = delete;
   ClipboardStorage& operator=(const ClipboardStorage&) = delete;
@@ -34,28 +34,24 @@ class ClipboardStorage {
     bool isReadOnly = false;   // another bar keeps this history
     ClipIndex index;
   };
-  // Pictures that the library does not name are removed on the way.
+  // Also removes pictures that the library does not name.
   void load(SearchFolding folding, std::function<void(Loaded)> done);
 
-  // Saves the library soon; what comes before the save begins goes into the same one. Without changes, it is the
-  // whole library. A save that fails is tried again after a while, at the next change and at the end. Nothing is saved
+  // Saves the library soon; changes that arrive before the save starts are part of it. Without changes the whole
+  // library is written. A failed save is retried after a while, at the next change and at the end. Nothing is saved
   // while the history is read-only.
   void save(std::vector<LibraryChange> changes);
-  // A save has failed, and the one before had not; `reason` is the system's.
+  // Called when a save fails after one that succeeded; `reason` is the system's message.
   std::function<void(std::string reason)> onSaveFailed;
-  // Whether the other bar has let go of the history; it is loaded again then.
+  // Whether the other bar has released the history; load it again then.
   void tryLock(std::function<void(bool)> done);
 
   // A picture as a PNG file of our own, converted if it is in another format; absent when it cannot be kept.
-  struct SavedPicture {
-    std::string name;
-    PictureSize size;
-  };
   void savePicture(Representation picture, std::function<void(std::optional<SavedPicture>)> done);
   // The bytes of a picture; absent when the file is missing.
   void readPicture(const std::string& name, std::function<void(std::optional<std::string>)> done);
-  // Deletes pictures that the library does not name any more, as soon as that library is on the disk. Those that
-  // are in use again by then stay.
+  // Deletes pictures once the library that no longer names them is on disk. Pictures that are used again by then
+  // stay.
   void removePictures(std::vector<std::string> names);
   std::function<std::set<std::string>()> picturesInUse;
 

@@ -1,14 +1,12 @@
-// The clipboard's model as QML sees it: identities and filters as texts, and what is said of the history in words.
+// What the shelf asks of the clipboard's model, by the texts of identities.
 
 #include <algorithm>
-#include <array>
 #include <set>
 
 #include "app/base/StoredValue.h"
 #include "app/clipboard/ClipboardModel.h"
 #include "app/model/AppSettings.h"
 #include "core/base/LocalText.h"
-#include "core/base/Overloaded.h"
 
 namespace ambrel {
 namespace {
@@ -18,59 +16,7 @@ constexpr std::size_t mostPreviewText = 20'000;
 std::optional<UUID> idOf(const QString& text) { return UUID::parse(text.toStdString()); }
 QString textOfID(const UUID& id) { return QString::fromStdString(id.text()); }
 
-struct Cleanup {
-  const char* key;
-  const char* title;
-  ClipCleanup cleanup;
-};
-
-ClipCleanup olderThanDays(int days) { return {ClipCleanup::OlderThan{Seconds(days * 86400.0)}}; }
-ClipCleanup allOf(ClipKind kind) { return {ClipCleanup::Matching{{ClipFilter::Kind{kind}}}}; }
-
-const auto& cleanupTable() {
-  static const std::array table{
-      Cleanup{"older:1", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Older than a day"), olderThanDays(1)},
-      Cleanup{"older:7", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Older than 7 days"), olderThanDays(7)},
-      Cleanup{"older:30", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Older than 30 days"), olderThanDays(30)},
-      Cleanup{"kind:text", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Texts"), allOf(ClipKind::text)},
-      Cleanup{"kind:link", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Links"), allOf(ClipKind::link)},
-      Cleanup{"kind:color", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Colors"), allOf(ClipKind::color)},
-      Cleanup{"kind:image", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Images"), allOf(ClipKind::image)},
-      Cleanup{"kind:file", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Files"), allOf(ClipKind::file)},
-      Cleanup{"all", QT_TRANSLATE_NOOP("ambrel::ClipboardModel", "Everything"), {ClipCleanup::All{}}},
-  };
-  return table;
-}
-
 }  // namespace
-
-QString ClipboardModel::filterText() const {
-  return std::visit(
-      Overloaded{
-          [](const ClipFilter::All&) { return QStringLiteral("all"); },
-          [](const ClipFilter::Pinned&) { return QStringLiteral("pinned"); },
-          [](const ClipFilter::Kind& filter) { return QStringLiteral("kind:") + toQString(nameOf(filter.kind)); },
-          [](const ClipFilter::Collection& filter) { return QStringLiteral("collection:") + textOfID(filter.id); }},
-      filter_.value);
-}
-
-void ClipboardModel::setFilterText(const QString& text) {
-  if (text == QLatin1String("all")) return setFilter({ClipFilter::All{}});
-  if (text == QLatin1String("pinned")) return setFilter({ClipFilter::Pinned{}});
-  const QString payload = text.section(u':', 1);
-  if (text.startsWith(QLatin1String("kind:"))) {
-    if (const auto kind = fromName<ClipKind>(payload.toStdString())) setFilter({ClipFilter::Kind{*kind}});
-  } else if (text.startsWith(QLatin1String("collection:"))) {
-    const auto id = idOf(payload);
-    const auto& known = library().collections;
-    if (id && std::ranges::find(known, *id, &ClipCollection::id) != known.end())
-      setFilter({ClipFilter::Collection{*id}});
-  }
-}
-
-QString ClipboardModel::focusedItemText() const { return focusedItemID_ ? textOfID(*focusedItemID_) : QString(); }
-
-void ClipboardModel::setFocusedItemText(const QString& id) { setFocusedItemID(idOf(id)); }
 
 QVariantList ClipboardModel::recentPrograms() {
   constexpr qsizetype most = 6;
@@ -145,7 +91,7 @@ void ClipboardModel::deleteCollection(const QString& id) {
   const auto collection = idOf(id);
   const QString name = collectionName(id);
   if (!collection || name.isEmpty() || !isLoaded_ || isReadOnly_) return;
-  if (filter_ == ClipFilter{ClipFilter::Collection{*collection}}) setFilter({ClipFilter::All{}});
+  if (filter_ == ClipFilter{ClipFilter::Collection{*collection}}) setFilter(QStringLiteral("all"));
   apply(history_.deleteCollection(*collection));
   Q_EMIT undoableCountChanged();
   Q_EMIT collectionDeleted(name);
@@ -153,35 +99,31 @@ void ClipboardModel::deleteCollection(const QString& id) {
 }
 
 void ClipboardModel::remove(const QString& id) {
-  if (const auto item = idOf(id)) remove(std::span(&*item, 1), true);
+  if (const auto item = idOf(id)) remove(std::span(&*item, 1));
 }
 
 QVariantList ClipboardModel::cleanups() const {
   QVariantList choices;
-  for (const Cleanup& one : cleanupTable()) {
-    const auto targets = ClipCleanup::targets(library().items, one.cleanup, seams_.now());
-    if (targets.empty()) continue;
-    choices.append(QVariantMap{{QStringLiteral("key"), QString::fromLatin1(one.key)},
-                               {QStringLiteral("title"), tr(one.title)},
-                               {QStringLiteral("count"), toQString(decimal(calendar_, double(targets.size()), 0))}});
-  }
+  for (const ClipCleanup::Offer& offer : ClipCleanup::offers(library().items, seams_.now()))
+    choices.append(
+        QVariantMap{{QStringLiteral("key"), toQString(offer.key)},
+                    {QStringLiteral("title"), toQString(offer.title)},
+                    {QStringLiteral("count"), toQString(decimal(calendar_, static_cast<double>(offer.count), 0))}});
   return choices;
 }
 
 void ClipboardModel::cleanUp(const QString& key) {
-  for (const Cleanup& one : cleanupTable()) {
-    if (key != QLatin1String(one.key)) continue;
-    std::vector<UUID> ids;
-    for (const ClipItem& item : ClipCleanup::targets(library().items, one.cleanup, seams_.now()))
-      ids.push_back(item.id);
-    remove(ids, true);
-  }
+  const auto cleanup = ClipCleanup::named(key.toStdString());
+  if (!cleanup) return;
+  std::vector<UUID> ids;
+  for (const ClipItem& item : ClipCleanup::targets(library().items, *cleanup, seams_.now())) ids.push_back(item.id);
+  remove(ids);
 }
 
 QString ClipboardModel::textOf(const QString& id) const {
   const ClipItem* item = itemOf(id);
   if (!item || !item->text) return {};
-  // A character that is cut in two shows as a replacement; it is far beyond what anybody reads here.
+  // A character cut in half at the end shows as a replacement character.
   return toQString(std::string_view(*item->text).substr(0, mostPreviewText));
 }
 

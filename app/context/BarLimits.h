@@ -1,5 +1,5 @@
 #pragma once
-// The room that the bar may take along its edge.
+// The maximum size of the bar.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>

@@ -1,5 +1,5 @@
 #pragma once
-// The place of one tile: makes it by its widget's id and keeps it filled in.
+// The place of one tile: creates the tile by its widget's id and passes its state on.
 
 #include <QQuickItem>
 #include <memory>

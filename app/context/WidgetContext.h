@@ -1,5 +1,5 @@
 #pragma once
-// What every widget of the bar may reach: the models of all areas, and what leads to panels and to the bar.
+// The context of every widget on the bar: the models of all areas, and requests to the program.
 
 #include <QObject>
 #include <QStringList>
@@ -15,7 +15,7 @@
 
 namespace ambrel {
 
-// Holds references alone; the models and the areas outlive it.
+// The models and the areas must outlive it.
 class WidgetContext : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -23,7 +23,7 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::AppModel* model READ model CONSTANT)
   Q_PROPERTY(ambrel::AppSettings* settings READ settings CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
-  // Whether the tiles are on screen: what is not seen need not be kept current.
+  // Whether the tiles are on screen; otherwise their models need not update.
   Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
   // The widgets that the licence does not allow.
   Q_PROPERTY(QStringList lockedWidgets READ lockedWidgets NOTIFY lockedWidgetsChanged)
@@ -43,7 +43,7 @@ class WidgetContext : public QObject {
   void addArea(Area& area) { areas_.push_back(&area); }
   // Null when it is not there.
   Area* area(const QString& name) const;
-  // What a tile or a panel of this area may ask models of: first the area itself, then the context, then the others.
+  // Where the tiles and panels of an area find their models: in the area, in the context, in the other areas.
   std::vector<const QObject*> modelsFor(const Area* area) const;
   // The first slot of the active profile that holds the widget; empty when none does.
   QString itemOf(const QString& widget) const;
@@ -51,11 +51,11 @@ class WidgetContext : public QObject {
  Q_SIGNALS:
   void widgetsActiveChanged();
   void lockedWidgetsChanged();
-  // The tile of this slot is to do what a click does, or the command that it has in its menu.
+  // Asks the tile of this slot to act as if clicked, or to perform its menu command.
   void activationAsked(const QString& item);
   void menuCommandChosen(const QString& item);
 
-  // What tiles and panels ask for; the program around them carries it out.
+  // Requests of tiles and panels to the program.
   void showToast(const QString& title, const QString& detail, const QString& symbol);
   void copyText(const QString& text);
   // Opens Ask Buddy; an empty question is for the user to type.

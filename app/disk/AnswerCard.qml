@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// What Buddy says about one thing on the disk.
+// Buddy's answer about one item.
 FocusScope {
     id: root
 
@@ -21,7 +21,7 @@ FocusScope {
         radius: Theme.radiusCard
         shadow: "floating"
     }
-    // A click on the card must not fall through to the row below it.
+    // Clicks must not reach the row below.
     TapHandler {
         gesturePolicy: TapHandler.ReleaseWithinBounds
     }
@@ -34,22 +34,13 @@ FocusScope {
         width: parent.width - 2 * Theme.space4
         spacing: Theme.space2
 
-        Column {
+        RowWords {
             width: parent.width - close.width - Theme.space2
-
-            TipLabel {
-                width: parent.width
-                text: root.question.face.name
-                role: Theme.rowTitle
-                elide: Text.ElideMiddle
-            }
-            TipLabel {
-                width: parent.width
-                text: root.question.face.detail
-                role: Theme.small
-                color: Theme.ink2
-                elide: Text.ElideMiddle
-            }
+            title: root.question.face.name
+            titleRole: Theme.rowTitle
+            detail: root.question.face.detail
+            Accessible.role: Accessible.StaticText
+            Accessible.name: title + ", " + detail
         }
         TipLabel {
             width: parent.width

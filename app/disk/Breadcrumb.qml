@@ -3,7 +3,7 @@ import Ambrel.Base
 import Ambrel.Disk
 import Ambrel.Kit
 
-// The way down to a folder; every step leads back to itself.
+// The path to a folder; a click on a step goes there.
 Item {
     id: root
 
@@ -20,7 +20,7 @@ Item {
         color: Theme.ink2
     }
     Row {
-        id: row
+        id: line
 
         anchors {
             left: icon.right
@@ -35,10 +35,10 @@ Item {
             model: root.parts
 
             BreadcrumbStep {
-                height: row.height
+                height: line.height
                 isLast: index === steps.count - 1
-                maximumWidth: row.width / Math.max(steps.count, 1) + 24
-                onClicked: root.chosen(partId)
+                maximumWidth: line.width / Math.max(steps.count, 1) + 24
+                onClicked: root.chosen(row.partId)
             }
         }
     }

@@ -2,17 +2,16 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// One step of the way down; the last one is the folder that is shown.
+// One step of the breadcrumb; the last one is the current folder.
 Pressable {
     id: root
 
     required property int index
-    required property string partId
-    required property string name
+    required property diskPart row
     property bool isLast: false
     property real maximumWidth: 200
 
-    label: name
+    label: row.name
     accessibleRole: isLast ? Accessible.StaticText : Accessible.Link
     activeFocusOnTab: !isLast
     enabled: !isLast
@@ -33,7 +32,7 @@ Pressable {
         x: (root.index > 0 ? arrow.width : 0) + 4
         anchors.verticalCenter: parent.verticalCenter
         width: Math.min(Math.ceil(implicitWidth), root.maximumWidth)
-        text: root.name
+        text: root.row.name
         role: root.isLast ? Theme.rowTitle : Theme.body
         color: root.isLast || root.hovered ? Theme.ink : Theme.ink2
         Accessible.ignored: true

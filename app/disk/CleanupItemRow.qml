@@ -2,32 +2,27 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// One thing on the list that moves, or what became of it.
+// One item of the confirmation or of the report.
 Item {
     id: root
 
-    required property string title
-    required property string detail
-    required property string size
-    required property bool hasMoved
-    required property bool hasStayed
-    required property string note
+    required property cleanupRow row
 
     implicitHeight: Math.max(44, words.height + Theme.space2)
     Accessible.role: Accessible.ListItem
-    Accessible.name: title + (note === "" ? "" : ", " + note) + (detail === "" ? "" : ", " + detail) + ", " + size
+    Accessible.name: row.label
 
     Symbol {
         id: icon
 
         x: Theme.space6
         anchors.verticalCenter: parent.verticalCenter
-        visible: root.hasMoved || root.hasStayed
-        name: root.hasStayed ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
+        visible: root.row.hasMoved || root.row.hasStayed
+        name: root.row.hasStayed ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
         size: 18
-        color: root.hasStayed ? Theme.orange.text : Theme.green.text
+        color: root.row.hasStayed ? Theme.orange.text : Theme.green.text
     }
-    Column {
+    RowWords {
         id: words
 
         anchors {
@@ -37,31 +32,10 @@ Item {
             rightMargin: Theme.space3
             verticalCenter: parent.verticalCenter
         }
-
-        TipLabel {
-            width: parent.width
-            text: root.title
-            role: Theme.listName
-            elide: Text.ElideMiddle
-            Accessible.ignored: true
-        }
-        TipLabel {
-            width: parent.width
-            text: root.detail
-            role: Theme.small
-            color: Theme.ink2
-            elide: Text.ElideMiddle
-            Accessible.ignored: true
-        }
-        Label {
-            width: parent.width
-            visible: root.note !== ""
-            text: root.note
-            role: Theme.small
-            color: Theme.orange.text
-            wrapMode: Text.WordWrap
-            Accessible.ignored: true
-        }
+        title: root.row.title
+        detail: root.row.detail
+        note: root.row.note
+        noteColor: Theme.orange.text
     }
     TipLabel {
         id: amount
@@ -69,9 +43,9 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: Theme.space6
         anchors.verticalCenter: parent.verticalCenter
-        text: root.size
+        text: root.row.size
         role: Theme.listName
-        color: root.hasStayed ? Theme.ink2 : Theme.ink
+        color: root.row.hasStayed ? Theme.ink2 : Theme.ink
         Accessible.ignored: true
     }
 }

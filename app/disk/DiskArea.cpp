@@ -6,7 +6,6 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QUrl>
-#include <filesystem>
 #include <unistd.h>
 
 #include "app/base/QmlObjects.h"
@@ -20,12 +19,12 @@
 namespace ambrel {
 namespace {
 
-// A path may hold any bytes; its URL does not.
+// A path may contain any bytes, so it is percent-encoded.
 QUrl urlOf(const std::string& path) {
   return QUrl::fromEncoded(QByteArray::fromStdString("file://" + percentEncodedPath(path)));
 }
 
-// The file manager shows the folder with the thing in it chosen; where none listens for that, just the folder.
+// Selects the item in the file manager; without that D-Bus service, opens its folder.
 void showInFileManager(const std::string& path, QObject& context) {
   auto message = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
@@ -52,7 +51,7 @@ DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell,
       seams_(std::move(seams)),
       shell_(shell),
       home_(withLinksResolved(home)),
-      // A scan takes its time, and a second one may begin before the first has noticed: others are not kept waiting.
+      // A thread pool of its own, because scans are long and a cancelled one may overlap with the next.
       background_(makeBackground(*this)),
       cleaner_({.trash = seams_.trash, .background = background_, .now = seams_.now, .calendar = seams_.calendar},
                home_),
@@ -65,26 +64,26 @@ DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell,
                                 .runtimes = [] { return readRuntimes(SimulatorTool{}); }}),
       window_(seams_.engine, seams_.windowStyle, doctor_) {
   keep({this, &cleaner_, &doctor_});
-  cleaner_.onOutcome = [this](bool hasMoved) {
+  connect(&cleaner_, &DiskCleaner::finished, this, [this](const QString& title, const QString& body, bool hasMoved) {
     if (hasMoved) Q_EMIT buddyTriggered(BuddyTrigger::celebrate, celebration);
-  };
-  cleaner_.onFinish = [this](const QString& title, const QString& body) {
     shell_.showToast(title, body, QStringLiteral("trash.fill"));
-  };
-  doctor_.onChooseFolder = [this](std::function<void(const std::string&)> chosen) {
+  });
+  connect(&doctor_, &DiskDoctor::folderAsked, this, [this] {
     chooseFolder(window_.window(), tr("Choose a folder for Disk Doctor to scan."), QString::fromStdString(home_),
-                 dialogPalette(themeOf(seams_.engine).palette()), std::move(chosen));
-  };
-  doctor_.onScanFinished = [this](std::int64_t) {
+                 dialogPalette(themeOf(seams_.engine).palette()),
+                 [this](const std::string& folder) { doctor_.scan(folder); });
+  });
+  connect(&doctor_, &DiskDoctor::scanFinished, this, [this] {
     hasNews_ = true;
     tellOfScan();
-  };
+  });
+  connect(&doctor_, &DiskDoctor::showAsked, this, [this](const std::string& path) { showInFileManager(path, *this); });
+  connect(&doctor_, &DiskDoctor::trashAsked, this,
+          [] { QDesktopServices::openUrl(QUrl(QStringLiteral("trash:///"))); });
   connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DiskArea::tellOfScan);
   connect(doctor_.question(), &DiskQuestion::faceChanged, this, [this] {
     if (doctor_.question()->face().isAnswering) Q_EMIT buddyTriggered(BuddyTrigger::typing, std::nullopt);
   });
-  doctor_.onShowInFolder = [this](const std::string& path) { showInFileManager(path, *this); };
-  doctor_.onOpenTrash = [] { QDesktopServices::openUrl(QUrl(QStringLiteral("trash:///"))); };
 }
 
 void DiskArea::tellOfScan() {

@@ -1,8 +1,7 @@
 #pragma once
-// Disk Doctor: its models, its window, and where its messages and its files lead.
+// Disk Doctor's part of the program.
 
 #include <filesystem>
-#include <optional>
 
 #include "app/base/Area.h"
 #include "app/disk/DiskCleaner.h"
@@ -27,7 +26,7 @@ class DiskArea : public Area {
     Calendar calendar;
     std::function<Instant()> now;
   };
-  // All that the seams refer to outlives it, as does the shell.
+  // The seams and the shell must outlive it.
   DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell, QObject* parent = nullptr);
 
   DiskCleaner* cleaner() { return &cleaner_; }
@@ -37,8 +36,8 @@ class DiskArea : public Area {
   bool carryOut(const Wish& wish) override;
 
  private:
-  // Buddy tells of what a scan found, once nobody looks at Disk Doctor: it is said there, and the bubble would cover
-  // its buttons.
+  // Posts a notice about a finished scan once the window is not active: there it is shown anyway, and the bubble
+  // would cover its buttons.
   void tellOfScan();
 
   Seams seams_;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <set>
 
+#include "app/base/Replaced.h"
+#include "app/base/StoredValue.h"
 #include "app/disk/DiskTexts.h"
 
 namespace ambrel {
@@ -11,9 +13,7 @@ DiskCleaner::DiskCleaner(Seams seams, std::string home, QObject* parent)
     : QObject(parent), seams_(std::move(seams)), home_(std::move(home)) {}
 
 void DiskCleaner::setFreeableBytes(std::optional<std::int64_t> bytes) {
-  if (bytes == freeableBytes_) return;
-  freeableBytes_ = bytes;
-  Q_EMIT freeableChanged();
+  if (replaced(freeableBytes_, bytes)) Q_EMIT freeableChanged();
 }
 
 QString DiskCleaner::freeableText() const {
@@ -22,7 +22,7 @@ QString DiskCleaner::freeableText() const {
 
 DiskCleaner::Places DiskCleaner::placesFor(const std::vector<CleanupItem>& items) const {
   Places result;
-  // All that is on one volume goes to one Trash.
+  // All items of a volume share a Trash.
   std::set<std::uint64_t> seen;
   for (const CleanupItem& item : items) {
     if (!item.identity || !seen.insert(item.identity->device).second) continue;
@@ -48,8 +48,7 @@ bool DiskCleaner::trash(std::vector<CleanupItem> items, std::function<void(const
         isTrashing_ = false;
         done(*report);
         const DiskAdvice::TrashMessage message = DiskAdvice::message(*report, seams_.calendar);
-        if (onFinish) onFinish(QString::fromStdString(message.title), QString::fromStdString(message.body));
-        if (onOutcome) onOutcome(message.isMoved);
+        Q_EMIT finished(toQString(message.title), toQString(message.body), message.isMoved);
       });
   return true;
 }

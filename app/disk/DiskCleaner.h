@@ -1,5 +1,5 @@
 #pragma once
-// Moves what was confirmed to the Trash, one list at a time, and knows what could be freed.
+// Moves confirmed items to the Trash, one list at a time, and holds the figure of what could be freed.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -19,7 +19,7 @@ class DiskCleaner : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  // "3.2 GB can go"; empty while nothing is known.
+  // "3.2 GB can go"; empty if unknown.
   Q_PROPERTY(QString freeableText READ freeableText NOTIFY freeableChanged FINAL)
 
  public:
@@ -29,7 +29,7 @@ class DiskCleaner : public QObject {
     std::function<Instant()> now;
     Calendar calendar;
   };
-  // `home`: with its links resolved.
+  // `home`: with symbolic links resolved.
   DiskCleaner(Seams seams, std::string home, QObject* parent = nullptr);
 
   bool isTrashing() const { return isTrashing_; }
@@ -37,26 +37,24 @@ class DiskCleaner : public QObject {
   void setFreeableBytes(std::optional<std::int64_t> bytes);
   QString freeableText() const;
 
-  // The copies that no move may take while their scan is the last one, whatever has moved since.
+  // The copies of duplicates that must stay. Valid until the next scan.
   void setKept(std::vector<KeptCopy> kept) { kept_ = std::move(kept); }
 
-  // Where these items would go, each Trash once. `isWhole`: every one of them has a Trash to go to.
+  // The Trash folders for these items, without repeats. `isWhole`: every item has one.
   struct Places {
     std::vector<TrashPlace> places;
     bool isWhole = true;
   };
   Places placesFor(const std::vector<CleanupItem>& items) const;
 
-  // Moves exactly these items, each if it is still what was found. False, and nothing happens, while another list is
-  // on its way. `done` is called on the main thread.
+  // Moves exactly these items, except those that have changed since the scan. Returns false and does nothing while
+  // another list is being moved. `done` is called on the main thread.
   bool trash(std::vector<CleanupItem> items, std::function<void(const DiskAdvice::TrashReport&)> done);
-
-  // What a move came to, for a message, and whether anything moved.
-  std::function<void(const QString& title, const QString& body)> onFinish;
-  std::function<void(bool hasMoved)> onOutcome;
 
  Q_SIGNALS:
   void freeableChanged();
+  // The result of a move as a message, and whether anything moved.
+  void finished(const QString& title, const QString& body, bool hasMoved);
 
  private:
   Seams seams_;

@@ -1,21 +1,18 @@
 #include "app/disk/DiskDoctor.h"
 
 #include <QPointer>
-#include <QQmlEngine>
-#include <algorithm>
 #include <filesystem>
 
+#include "app/base/QmlObjects.h"
+#include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
 #include "app/disk/DiskTexts.h"
-#include "app/disk/ScanNews.h"
-#include "core/base/PlatformWords.h"
 #include "core/disk/DiskPrompts.h"
 
 namespace ambrel {
 namespace {
 
 constexpr std::int64_t smallestListed = 1'000'000;
-constexpr std::size_t namedFolders = 12;
 
 }  // namespace
 
@@ -37,10 +34,9 @@ DiskDoctor::DiskDoctor(std::string home, DiskCleaner& disk, Seams seams, QObject
       findings_(home_, seams_.calendar, seams_.now),
       question_({.model = seams_.model, .now = seams_.now, .calendar = seams_.calendar, .home = home_}),
       review_(disk_, home_, seams_.calendar) {
-  for (QObject* part : std::initializer_list<QObject*>{&explorer_, &findings_, &question_, &review_})
-    QQmlEngine::setObjectOwnership(part, QQmlEngine::CppOwnership);
-  findings_.onOpened = [this](FindingRule rule) { explain(rule); };
-  review_.onReport = [this](const DiskAdvice::TrashReport& report) { takeReport(report); };
+  keep({&explorer_, &findings_, &question_, &review_});
+  connect(&findings_, &FindingListModel::ruleOpened, this, &DiskDoctor::explain);
+  connect(&review_, &DiskReview::reported, this, &DiskDoctor::takeReport);
 }
 
 DiskDoctor::~DiskDoctor() { cancelWork(); }
@@ -60,40 +56,28 @@ void DiskDoctor::clear() {
   review_.close();
   disk_.setKept({});
   setProgress({});
-  face_ = {};
+  status_ = {};
 }
 
-void DiskDoctor::setPhase(Phase phase, bool isAnalyzing, const QString& message) {
-  phase_ = phase;
-  face_.isGuarded = phase == Phase::access;
-  face_.isScanning = phase == Phase::scanning;
-  face_.isAnalyzing = isAnalyzing;
-  face_.isDone = phase == Phase::done;
-  face_.message = message;
-  Q_EMIT faceChanged();
+void DiskDoctor::backToStart(const QString& message) {
+  cancelWork();
+  clear();
+  status_.message = message;
+  publish();
+}
+
+void DiskDoctor::publish() {
+  if (replaced(face_, diskFace(status_, home_, seams_.calendar))) Q_EMIT faceChanged();
 }
 
 void DiskDoctor::setProgress(DiskProgress progress) {
-  if (progress == progress_) return;
-  progress_ = std::move(progress);
-  Q_EMIT progressChanged();
-}
-
-void DiskDoctor::tellWhatWasSkipped(std::vector<std::string> skipped) {
-  if (skipped.empty()) return;
-  std::sort(skipped.begin(), skipped.end());
-  QStringList lines;
-  for (std::size_t i = 0; i < std::min(skipped.size(), namedFolders); ++i) lines << shownPath(skipped[i], home_);
-  if (skipped.size() > namedFolders) lines << QStringLiteral("…");
-  face_.skippedFolders = lines.join(u'\n');
-  face_.skippedText = toQString("%1 protected folders were skipped. {fullDiskAccess} lets Buddy read them."_local)
-                          .arg(shownCount(seams_.calendar, static_cast<std::int64_t>(skipped.size())));
+  if (replaced(progress_, std::move(progress))) Q_EMIT progressChanged();
 }
 
 void DiskDoctor::scanHome() { start({.url = home_, .title = tr("Home")}); }
 
 void DiskDoctor::scan(const std::string& folder) {
-  // Nothing can move by a path that a link is part of.
+  // Moves refuse paths that contain symbolic links.
   std::error_code error;
   const std::string resolved = std::filesystem::canonical(folder, error).string();
   const std::string path = error ? standardizedPath(folder) : resolved;
@@ -106,12 +90,8 @@ void DiskDoctor::scanAgain() {
   if (source_) start(*source_);
 }
 
-void DiskDoctor::chooseFolder() {
-  if (onChooseFolder) onChooseFolder([this](const std::string& folder) { scan(folder); });
-}
-
 void DiskDoctor::retryAccess() {
-  if (phase_ == Phase::access) scanAgain();
+  if (phase() == Phase::access) scanAgain();
 }
 
 void DiskDoctor::skipAccess() {
@@ -125,15 +105,13 @@ void DiskDoctor::start(Source source) {
   clear();
   source_ = std::move(source);
   const bool isGuarded = seams_.hasAccess && source_->url == home_ && !skipsAccess_ && !seams_.hasAccess();
-  if (isGuarded)
-    setPhase(Phase::access);
-  else
-    beginScan();
+  status_.phase = isGuarded ? Phase::access : Phase::scanning;
+  publish();
+  if (!isGuarded) beginScan();
 }
 
 void DiskDoctor::beginScan() {
   news_ = std::make_shared<ScanNews>(*this, seams_.now, [this] { showNews(); });
-  setPhase(Phase::scanning);
   showNews();
   const auto outcome = std::make_shared<ScanOutcome>();
   seams_.background(
@@ -152,7 +130,7 @@ void DiskDoctor::beginScan() {
 void DiskDoctor::showNews() {
   if (!news_) return;
   const ScanNews::Snapshot news = news_->take();
-  if (face_.isAnalyzing) return setProgress(compareProgress(news.compared, seams_.calendar));
+  if (status_.isAnalyzing) return setProgress(compareProgress(news.compared, seams_.calendar));
   setProgress(scanProgress(news, sourceTitle(), seams_.calendar));
   DiskFolderBuilder builder(source_->url, distantPast, 0);
   std::vector<std::string> missing = news.folders;
@@ -168,15 +146,11 @@ void DiskDoctor::showNews() {
 }
 
 void DiskDoctor::finishScan(ScanOutcome& outcome) {
-  if (!outcome.result) {
-    cancelWork();
-    clear();
-    setPhase(Phase::start, false, tr("Buddy could not read %1").arg(sourceTitle()));
-    return;
-  }
-  tellWhatWasSkipped(std::move(outcome.result->skipped));
+  if (!outcome.result) return backToStart(tr("Buddy could not read %1").arg(sourceTitle()));
   explorer_.show(std::move(outcome.result->root), sourceTitle());
-  setPhase(Phase::scanning, true);
+  status_.skipped = std::move(outcome.result->skipped);
+  status_.isAnalyzing = true;
+  publish();
   showNews();
   analyze();
 }
@@ -202,19 +176,18 @@ void DiskDoctor::analyze() {
 void DiskDoctor::finishAnalysis(AnalysisOutcome& outcome) {
   const DiskItem& root = *explorer_.root();
   std::vector<DiskFinding>& findings = *outcome.findings;
-  if (!outcome.knowsAccess)
-    face_.unknownText =
-        tr("This volume does not note when files are opened. Large files that nobody uses cannot be "
-           "told from others here.");
-  face_.headline = QString::fromStdString(DiskAdvice::headline(findings));
-  face_.summary = shownName(DiskAdvice::summary(root, findings, seams_.calendar));
+  status_.phase = Phase::done;
+  status_.isAnalyzing = false;
+  status_.knowsAccess = outcome.knowsAccess;
+  status_.headline = toQString(DiskAdvice::headline(findings));
+  status_.summary = shownName(DiskAdvice::summary(root, findings, seams_.calendar));
   disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings));
   disk_.setKept(DiskAdvice::keptCopies(findings));
   findings_.setFindings(std::move(findings));
   if (news_) news_->close();
   news_.reset();
-  setPhase(Phase::done);
-  if (onScanFinished) onScanFinished(root.size());
+  publish();
+  Q_EMIT scanFinished(root.size());
   askForHeadline();
 }
 
@@ -232,8 +205,8 @@ void DiskDoctor::askForHeadline() {
                    .prompt = DiskPrompts::summaryPrompt(*explorer_.root(), findings_.findings(), seams_.calendar)},
                   scanTask_.get_token(), [this, generation = generation_](const LanguageModel::Answer& answer) {
                     if (generation != generation_ || answer.text.empty()) return;
-                    face_.headline = shownName(answer.text);
-                    Q_EMIT faceChanged();
+                    status_.headline = shownName(answer.text);
+                    publish();
                   });
   });
 }
@@ -255,39 +228,32 @@ void DiskDoctor::explain(FindingRule rule) {
 }
 
 void DiskDoctor::stop() {
-  if (phase_ != Phase::scanning) return;
-  cancelWork();
-  clear();
-  setPhase(Phase::start, false, tr("The scan was stopped. Nothing was changed."));
+  if (phase() == Phase::scanning) backToStart(tr("The scan was stopped. Nothing was changed."));
 }
 
 void DiskDoctor::askAbout(const QString& id) {
-  if (phase_ != Phase::done) return;
+  if (phase() != Phase::done) return;
   if (const DiskItem* item = explorer_.node(id)) question_.pick(shared(explorer_.root(), *item), findings_.findings());
 }
 
 void DiskDoctor::reviewSelection() {
-  if (phase_ != Phase::done) return;
+  if (phase() != Phase::done) return;
   question_.close();
   review_.begin(findings_.selection().items());
 }
 
 void DiskDoctor::showInFolder(const QString& id) {
-  if (const DiskItem* item = explorer_.node(id); item && onShowInFolder) onShowInFolder(item->url());
-}
-
-void DiskDoctor::openTrash() {
-  if (onOpenTrash) onOpenTrash();
+  if (const DiskItem* item = explorer_.node(id)) Q_EMIT showAsked(item->url());
 }
 
 void DiskDoctor::takeReport(const DiskAdvice::TrashReport& report) {
   findings_.takeReport(report);
   disk_.setFreeableBytes(DiskAdvice::freeableBytes(findings_.findings()));
   if (report.bytesMoved <= 0) return;
-  face_.headline = QString::fromStdString(DiskAdvice::headline(findings_.findings()));
-  face_.summary = tr("%1. Scan again to see what is left.")
-                      .arg(QString::fromStdString(DiskAdvice::message(report, seams_.calendar).title));
-  Q_EMIT faceChanged();
+  status_.headline = toQString(DiskAdvice::headline(findings_.findings()));
+  status_.summary =
+      tr("%1. Scan again to see what is left.").arg(toQString(DiskAdvice::message(report, seams_.calendar).title));
+  publish();
 }
 
 }  // namespace ambrel

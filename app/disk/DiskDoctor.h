@@ -1,6 +1,5 @@
 #pragma once
-// Disk Doctor from the choice of a folder to the report of a move: it runs the scan and the rules off the main thread,
-// and holds what they found.
+// The controller of Disk Doctor: runs the scan and the rules off the main thread, and holds their results.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -12,10 +11,9 @@
 #include <vector>
 
 #include "app/base/Background.h"
-#include "app/base/Face.h"
 #include "app/disk/DiskCleaner.h"
 #include "app/disk/DiskExplorer.h"
-#include "app/disk/DiskProgress.h"
+#include "app/disk/DiskFaces.h"
 #include "app/disk/DiskQuestion.h"
 #include "app/disk/DiskReview.h"
 #include "app/disk/FindingListModel.h"
@@ -23,23 +21,6 @@
 #include "platform/LanguageModel.h"
 
 namespace ambrel {
-
-class ScanNews;
-
-// What the window shows of the scan, in words.
-struct DiskFace {
-  Q_GADGET
-  QML_VALUE_TYPE(diskFace)
- public:
-  FACE_FIELDS(bool, isGuarded);    // the home may not be read
-  FACE_FIELDS(bool, isScanning);   // until the result is there
-  FACE_FIELDS(bool, isAnalyzing);  // the folders are read, and copies are still looked for
-  FACE_FIELDS(bool, isDone);
-  FACE_FIELDS(QString, message);  // why there is no result: a folder that could not be read, a scan that was stopped
-  FACE_FIELDS(QString, headline, summary, skippedText, skippedFolders);
-  FACE_FIELDS(QString, unknownText);  // what the rules could not tell on this volume; empty where they could tell all
-  friend bool operator==(const DiskFace&, const DiskFace&) = default;
-};
 
 class DiskDoctor : public QObject {
   Q_OBJECT
@@ -53,7 +34,7 @@ class DiskDoctor : public QObject {
   Q_PROPERTY(ambrel::DiskReview* review READ review CONSTANT FINAL)
 
  public:
-  enum class Phase { start, access, scanning, done };
+  using Phase = DiskPhase;
 
   struct Source {
     std::string url;
@@ -64,19 +45,19 @@ class DiskDoctor : public QObject {
     Background background;
     std::function<Instant()> now;
     Calendar calendar;
-    // Absent: the words are those of the rules.
+    // Absent: the rules write all texts.
     LanguageModel* model = nullptr;
-    // Whether the home may be read; asked before it is scanned. Empty where nothing guards it.
+    // Whether the home can be read; asked before each scan of it. Empty if it always can.
     std::function<bool()> hasAccess = {};
-    // Called off the main thread. Empty where no tool has runtimes.
+    // Called off the main thread.
     std::function<std::vector<SimulatorRuntime>()> runtimes = {};
   };
 
-  // `home`: with its links resolved.
+  // `home`: with symbolic links resolved.
   DiskDoctor(std::string home, DiskCleaner& disk, Seams seams, QObject* parent = nullptr);
   ~DiskDoctor() override;
 
-  Phase phase() const { return phase_; }
+  Phase phase() const { return status_.phase; }
   QString sourceTitle() const { return source_ ? source_->title : QString(); }
   const DiskFace& face() const { return face_; }
   const DiskProgress& progress() const { return progress_; }
@@ -85,33 +66,30 @@ class DiskDoctor : public QObject {
   DiskQuestion* question() { return &question_; }
   DiskReview* review() { return &review_; }
 
-  // Scans a folder, or what a link leads to; a scan that is under way gives way. Refused while a list is being moved.
+  // Scans a folder, with symbolic links resolved. Cancels a running scan. Refused while items are being moved.
   void scan(const std::string& folder);
   Q_INVOKABLE void scanHome();
-  // The same folder again.
+  // Scans the same folder again.
   Q_INVOKABLE void scanAgain();
-  Q_INVOKABLE void chooseFolder();
-  // From the phase `access`: look again, or go on without.
+  // In the phase `access`: test again, or scan anyway.
   Q_INVOKABLE void retryAccess();
   Q_INVOKABLE void skipAccess();
-  // Ends the scan or the search for copies; nothing of it is kept.
+  // Cancels the scan and drops its results.
   Q_INVOKABLE void stop();
 
-  // By a node of the tree, or by an item of a finding.
+  // With the id of a tree node or of a finding's item.
   Q_INVOKABLE void askAbout(const QString& id);
   Q_INVOKABLE void reviewSelection();
   Q_INVOKABLE void showInFolder(const QString& id);
-  Q_INVOKABLE void openTrash();
-
-  // The bytes that were scanned.
-  std::function<void(std::int64_t)> onScanFinished;
-  std::function<void(std::function<void(const std::string& folder)> chosen)> onChooseFolder;
-  std::function<void(const std::string& path)> onShowInFolder;
-  std::function<void()> onOpenTrash;
 
  Q_SIGNALS:
   void faceChanged();
   void progressChanged();
+  void scanFinished(std::int64_t bytes);
+  // Requests to the program: let the user choose a folder to scan, open the Trash, show a path in the file manager.
+  void folderAsked();
+  void trashAsked();
+  void showAsked(const std::string& path);
 
  private:
   struct ScanOutcome;
@@ -120,9 +98,9 @@ class DiskDoctor : public QObject {
   void start(Source source);
   void cancelWork();
   void clear();
-  void setPhase(Phase phase, bool isAnalyzing = false, const QString& message = {});
+  void backToStart(const QString& message);
+  void publish();
   void setProgress(DiskProgress progress);
-  void tellWhatWasSkipped(std::vector<std::string> skipped);
   void beginScan();
   void showNews();
   void finishScan(ScanOutcome& outcome);
@@ -136,16 +114,16 @@ class DiskDoctor : public QObject {
   std::string home_;
   DiskCleaner& disk_;
   Seams seams_;
-  Phase phase_ = Phase::start;
   bool skipsAccess_ = false;
   std::optional<Source> source_;
+  DiskStatus status_;
   DiskFace face_;
   DiskProgress progress_;
   DiskExplorer explorer_;
   FindingListModel findings_;
   DiskQuestion question_;
   DiskReview review_;
-  // Everything that comes back later belongs to the generation that it began under, or is dropped.
+  // Asynchronous results of an older generation are dropped.
   int generation_ = 0;
   std::stop_source scanTask_;
   std::shared_ptr<ScanNews> news_;

@@ -1,5 +1,5 @@
 #pragma once
-// The window of Disk Doctor.
+// The window of Disk Doctor; it exists only while it is open.
 
 #include "app/disk/DiskDoctor.h"
 #include "app/window/ViewWindow.h"
@@ -13,7 +13,7 @@ class DiskDoctorController : public ViewWindow {
   // All must outlive it.
   DiskDoctorController(QQmlEngine& engine, WindowStyle& style, DiskDoctor& doctor, QObject* parent = nullptr);
 
-  // Ends a scan that is under way; what was found stays for the next time.
+  // Stops a running scan; results stay for the next time.
   void close();
 
  private:

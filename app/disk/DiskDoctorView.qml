@@ -3,7 +3,7 @@ import Ambrel.Disk
 import Ambrel.Window
 import Ambrel.Kit
 
-// The window of Disk Doctor: what to scan, what was found, and the last look before something moves.
+// The window of Disk Doctor: start page, results, and the confirmation sheet.
 WindowFrame {
     id: root
 
@@ -29,7 +29,7 @@ WindowFrame {
     Item {
         anchors.fill: parent
         visible: root.hasTree
-        // The keyboard stays in the sheet above.
+        // Keeps the keyboard focus in the sheet.
         enabled: !root.isReviewing
 
         DiskHeader {
@@ -39,50 +39,48 @@ WindowFrame {
             height: 81
             doctor: root.doctor
         }
-        ExplorerPane {
-            id: explorer
+        Item {
+            id: body
 
             anchors {
                 left: parent.left
-                top: header.bottom
-                bottom: footer.top
-            }
-            width: Math.round(Math.min(640, Math.max(399, root.width * 0.36)))
-            doctor: root.doctor
-        }
-        Rectangle {
-            anchors {
-                left: explorer.right
-                top: header.bottom
-                bottom: footer.top
-            }
-            width: 1
-            color: Theme.over(Theme.line, Theme.panel)
-        }
-        FindingsPane {
-            id: findings
-
-            anchors {
-                left: explorer.right
-                leftMargin: 1
                 right: parent.right
                 top: header.bottom
                 bottom: footer.top
             }
-            doctor: root.doctor
-            covered: card.visible ? card.height + Theme.space3 : 0
-        }
-        AnswerCard {
-            id: card
 
-            anchors {
-                left: findings.left
-                right: findings.right
-                bottom: findings.bottom
-                margins: Theme.space3
+            ExplorerPane {
+                id: explorer
+
+                width: Math.round(Math.min(640, Math.max(399, root.width * 0.36)))
+                height: parent.height
+                doctor: root.doctor
             }
-            question: root.doctor.question
-            onShowAsked: id => root.doctor.showInFolder(id)
+            Rectangle {
+                x: explorer.width
+                width: 1
+                height: parent.height
+                color: Theme.over(Theme.line, Theme.panel)
+            }
+            FindingsPane {
+                id: findings
+
+                x: explorer.width + 1
+                width: parent.width - x
+                height: parent.height
+                doctor: root.doctor
+                covered: card.visible ? card.height + Theme.space3 : 0
+            }
+            AnswerCard {
+                id: card
+
+                x: findings.x + Theme.space3
+                y: parent.height - height - Theme.space3
+                width: findings.width - 2 * Theme.space3
+                height: implicitHeight
+                question: root.doctor.question
+                onShowAsked: id => root.doctor.showInFolder(id)
+            }
         }
         DiskFooter {
             id: footer

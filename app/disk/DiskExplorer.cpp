@@ -1,8 +1,9 @@
 #include "app/disk/DiskExplorer.h"
 
-#include <QQmlEngine>
 #include <algorithm>
 
+#include "app/base/QmlObjects.h"
+#include "app/base/Replaced.h"
 #include "app/disk/DiskTexts.h"
 
 namespace ambrel {
@@ -11,7 +12,7 @@ namespace {
 using Kind = DiskItem::Kind;
 
 constexpr int otherColor = sunburstColorCount - 1;
-// The way down shows its beginning and its end when it is longer.
+// Longer paths show only their ends.
 constexpr std::size_t longestPath = 4;
 
 }  // namespace
@@ -25,8 +26,7 @@ std::vector<int> sunburstColors(const DiskItem& center) {
 }
 
 DiskExplorer::DiskExplorer(Calendar calendar, QObject* parent) : QObject(parent), calendar_(std::move(calendar)) {
-  QQmlEngine::setObjectOwnership(&path_, QQmlEngine::CppOwnership);
-  QQmlEngine::setObjectOwnership(&legend_, QQmlEngine::CppOwnership);
+  keep({&path_, &legend_});
 }
 
 void DiskExplorer::show(DiskTree root, const QString& title) {
@@ -55,10 +55,7 @@ void DiskExplorer::clear() {
 void DiskExplorer::update() {
   path_.setRows(wayDown());
   legend_.setRows(parts());
-  DiskSpot spot = spotNow();
-  if (spot == spot_) return;
-  spot_ = std::move(spot);
-  Q_EMIT spotChanged();
+  if (replaced(spot_, spotNow())) Q_EMIT spotChanged();
 }
 
 QString DiskExplorer::nameOf(const DiskItem& item) const {
@@ -93,8 +90,7 @@ DiskSpot DiskExplorer::spotNow() const {
 }
 
 void DiskExplorer::setHoveredID(const QString& id) {
-  if (id == hoveredID_) return;
-  hoveredID_ = id;
+  if (!replaced(hoveredID_, id)) return;
   update();
   Q_EMIT hoveredChanged();
 }
@@ -112,7 +108,7 @@ void DiskExplorer::goUp() {
   if (!canGoUp()) return;
   const QString left = pathID(center_.item->id());
   enter(pathID(center_.item->parent()->id()));
-  // So that one sees where one has been, and the keyboard goes on from there.
+  // Shows where the user came from; the keyboard continues there.
   setHoveredID(left);
 }
 
@@ -122,7 +118,7 @@ std::vector<DiskPart> DiskExplorer::wayDown() const {
     parts.push_back({.id = pathID(item->id()), .name = nameOf(*item), .isFolder = true});
   std::reverse(parts.begin(), parts.end());
   if (parts.size() > longestPath) {
-    // The one before the last three represents all that are left out, and leads to the nearest of them.
+    // The step "…" leads to the deepest of the folders that are left out.
     parts.erase(parts.begin() + 1, parts.end() - 3);
     parts[1].name = QStringLiteral("…");
   }
@@ -132,7 +128,7 @@ std::vector<DiskPart> DiskExplorer::wayDown() const {
 std::vector<DiskPart> DiskExplorer::parts() const {
   std::vector<DiskPart> parts;
   std::vector<const DiskItem*> others;
-  // Half of the places are kept for what is still to come.
+  // Half of the entries are reserved for unfinished folders.
   const std::size_t known = sunburstColorCount - std::min<std::size_t>(missing_.size(), sunburstColorCount / 2);
   if (center_.item) {
     const auto colors = sunburstColors(*center_.item);

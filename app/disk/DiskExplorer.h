@@ -1,5 +1,5 @@
 #pragma once
-// Where the user is in the size tree: the folder in the middle of the chart, the way to it, and what is pointed at.
+// The user's position in the size tree: the current folder, the path to it, and the hovered item.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -14,27 +14,28 @@
 
 namespace ambrel {
 
-// Colours of the chart's branches: the five largest have one each, all others share the sixth, as what was folded does.
+// Colours of the chart's branches: the five largest have one each, the others and folded items share the sixth.
 inline constexpr int sunburstColorCount = 6;
-// For each child of the chart's middle, by its rank.
+// A colour index for each child of the centre, in their order.
 std::vector<int> sunburstColors(const DiskItem& center);
 
-// A part of the disk by name and size: in the legend of the chart, or on the way down to a folder.
+// An entry of the chart's legend or of the breadcrumb.
 struct DiskPart {
   Q_GADGET
+  QML_VALUE_TYPE(diskPart)
   Q_PROPERTY(QString partId MEMBER id FINAL)
   Q_PROPERTY(int colorRank MEMBER color FINAL)
 
  public:
-  QString id;  // what is behind it; empty for what was put together
+  QString id;  // empty for a sum of several items
   FACE_FIELDS(QString, name, size);
-  int color = 0;                // the chart's; negative for what has not been read yet
+  int color = 0;                // index of the chart's colours; negative if not read yet
   FACE_FIELDS(bool, isFolder);  // it can be entered
   FACE_FIELDS(bool, isHighlighted);
   friend bool operator==(const DiskPart&, const DiskPart&) = default;
 };
 
-// What the chart shows, and what is written in its middle: of what is pointed at, else of the folder itself.
+// The folder that the chart shows, and the text in its centre about the hovered item or the folder.
 struct DiskSpot {
   Q_GADGET
   QML_VALUE_TYPE(diskSpot)
@@ -58,10 +59,10 @@ class DiskExplorer : public QObject {
  public:
   explicit DiskExplorer(Calendar calendar, QObject* parent = nullptr);
 
-  // `title` is shown as the root's name. Starts at the root again.
+  // Shows a tree from its root, which is named `title`.
   void show(DiskTree root, const QString& title);
-  // While the tree is still being read: the upper folders that are known, their share of the circle, the bytes that
-  // were seen in all, and the upper folders that are still to come.
+  // During a scan: the finished top-level folders, their share of the circle, the total bytes so far, and the names
+  // of the unfinished folders.
   struct Unfinished {
     DiskTree root;
     double share = 0;
@@ -78,10 +79,10 @@ class DiskExplorer : public QObject {
   QString hoveredID() const { return hoveredID_; }
   void setHoveredID(const QString& id);
 
-  // A node of the tree; null when there is none of that id.
+  // Null if the tree has no such node.
   const DiskItem* node(const QString& id) const;
 
-  // Drills into a folder, wherever it is. False when it has nothing to show.
+  // Makes a folder the centre. False if it has no content.
   Q_INVOKABLE bool enter(const QString& id);
   Q_INVOKABLE void goUp();
 
@@ -103,7 +104,7 @@ class DiskExplorer : public QObject {
   QString title_;
   DiskNode center_;
   std::vector<std::string> missing_;
-  // Present while the tree is still being read.
+  // Present during a scan.
   std::optional<std::int64_t> bytesSoFar_;
   GadgetListModel<DiskPart> path_, legend_;
   QString hoveredID_;

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// What is chosen, and the button that leads to the last look at it.
+// What is chosen, and the button that opens the confirmation.
 Item {
     id: root
 
@@ -16,7 +16,7 @@ Item {
         height: 1
         color: Theme.over(Theme.line, Theme.panel)
     }
-    Column {
+    RowWords {
         anchors {
             left: parent.left
             leftMargin: Theme.space6
@@ -24,18 +24,12 @@ Item {
             rightMargin: Theme.space4
             verticalCenter: parent.verticalCenter
         }
-
-        TipLabel {
-            width: parent.width
-            text: root.findings.choice.title
-            role: Theme.rowTitle
-        }
-        TipLabel {
-            width: parent.width
-            text: root.isDone ? qsTr("You can take everything back until the Trash is emptied.") : qsTr("Reading only. Nothing is changed while it scans.")
-            role: Theme.small
-            color: Theme.ink2
-        }
+        title: root.findings.choice.title
+        titleRole: Theme.rowTitle
+        detail: root.isDone ? qsTr("You can take everything back until the Trash is emptied.") : qsTr("Reading only. Nothing is changed while it scans.")
+        elide: Text.ElideRight
+        Accessible.role: Accessible.StaticText
+        Accessible.name: title + ", " + detail
     }
     Row {
         id: buttons

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// How far the scan is, or what it came to.
+// The progress of a scan, or its result.
 Item {
     id: root
 
@@ -18,10 +18,7 @@ Item {
             verticalCenter: parent.verticalCenter
         }
         visible: root.isScanning
-        title: root.doctor.progress.title
-        detail: root.doctor.progress.detail
-        figure: root.doctor.progress.figure
-        percent: root.doctor.progress.percent
+        progress: root.doctor.progress
         hasShare: !root.doctor.face.isAnalyzing || root.doctor.progress.figure !== ""
     }
 
@@ -70,7 +67,7 @@ Item {
             size: 32
             label: qsTr("Choose a folder…")
             symbol: "folder"
-            onClicked: root.doctor.chooseFolder()
+            onClicked: root.doctor.folderAsked()
         }
         Button {
             visible: !root.isScanning

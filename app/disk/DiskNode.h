@@ -1,5 +1,5 @@
 #pragma once
-// A folder of a size tree as one value that QML hands from the model to the chart.
+// A folder of a size tree as a value type, so that QML can pass it from the model to the chart.
 
 #include <QMetaType>
 #include <QtQml/qqmlregistration.h>
@@ -15,9 +15,9 @@ struct DiskNode {
   Q_PROPERTY(QString id READ id)
 
  public:
-  // Empty while there is nothing to show.
+  // Null if there is nothing to show.
   DiskTree item;
-  // How much of the circle its children fill: less than 1 while a scan is under way.
+  // The share of the circle that its children fill; less than 1 during a scan.
   double share = 1;
 
   QString id() const { return item ? pathID(item->id()) : QString(); }

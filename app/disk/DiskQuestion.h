@@ -1,33 +1,18 @@
 #pragma once
-// One thing on the disk that the user asks about, and what Buddy says to it.
+// The user's question about one item, and the answer by the rules or the language model.
 
 #include <QObject>
-#include <QString>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <stop_token>
 #include <string>
 #include <vector>
 
-#include "app/base/Face.h"
-#include "core/base/Calendar.h"
+#include "app/disk/DiskFaces.h"
 #include "core/disk.h"
 #include "platform/LanguageModel.h"
 
 namespace ambrel {
-
-struct DiskAnswer {
-  Q_GADGET
-  QML_VALUE_TYPE(diskAnswer)
- public:
-  FACE_FIELDS(bool, isOpen);
-  FACE_FIELDS(QString, itemID, name);
-  FACE_FIELDS(QString, detail);  // its size and its place
-  FACE_FIELDS(QString, question, answer);
-  FACE_FIELDS(bool, isAnswering);
-  FACE_FIELDS(bool, takesQuestions);  // questions of one's own get answers of their own
-  friend bool operator==(const DiskAnswer&, const DiskAnswer&) = default;
-};
 
 class DiskQuestion : public QObject {
   Q_OBJECT
@@ -56,8 +41,10 @@ class DiskQuestion : public QObject {
   void faceChanged();
 
  private:
+  void publish();
+
   Seams seams_;
-  DiskTree picked_;
+  DiskInquiry inquiry_;
   std::vector<DiskFinding> findings_;
   DiskAnswer face_;
   std::stop_source asking_;

@@ -1,7 +1,7 @@
 #include "app/disk/DiskReview.h"
 
-#include <QQmlEngine>
-
+#include "app/base/QmlObjects.h"
+#include "app/base/StoredValue.h"
 #include "app/disk/DiskTexts.h"
 
 namespace ambrel {
@@ -15,19 +15,21 @@ CleanupRow rowOf(const CleanupItem& item, Outcome outcome, const std::string& ho
   if (item.contentsOnly && outcome == Outcome::pending)
     detail = DiskReview::tr("What is in %1; the folder stays").arg(detail);
   if (item.stayed)
-    note = QString::fromStdString(std::string(explanation(*item.stayed)));
+    note = toQString(explanation(*item.stayed));
   else if (item.ownRisk && outcome == Outcome::pending)
-    note = QString::fromStdString(item.detail);
+    note = toQString(item.detail);
+  const QString title = shownName(item.title), size = shownSize(calendar, item.bytes);
   return {.path = item.url,
-          .title = shownName(item.title),
+          .title = title,
           .detail = detail,
-          .size = shownSize(calendar, item.bytes),
+          .size = size,
           .note = note,
+          .label = spokenWords({title, note, detail, size}),
           .hasMoved = outcome == Outcome::moved,
           .hasStayed = outcome == Outcome::stayed};
 }
 
-// What is asked before these items go where they would go.
+// The question before these items move to these places.
 ReviewFace questionOf(const std::vector<CleanupItem>& items, const DiskCleaner::Places& places, const std::string& home,
                       const Calendar& calendar) {
   if (places.places.empty() && !places.isWhole)
@@ -55,7 +57,7 @@ ReviewFace questionOf(const std::vector<CleanupItem>& items, const DiskCleaner::
 
 DiskReview::DiskReview(DiskCleaner& cleaner, std::string home, Calendar calendar, QObject* parent)
     : QObject(parent), cleaner_(cleaner), home_(std::move(home)), calendar_(std::move(calendar)) {
-  QQmlEngine::setObjectOwnership(&rows_, QQmlEngine::CppOwnership);
+  keep({&rows_});
 }
 
 void DiskReview::show(ReviewFace face) {
@@ -87,10 +89,8 @@ void DiskReview::setReport(const DiskAdvice::TrashReport& report) {
   for (const CleanupItem& item : report.moved) rows.push_back(rowOf(item, Outcome::moved, home_, calendar_));
   rows_.setRows(rows);
   const DiskAdvice::TrashMessage message = DiskAdvice::message(report, calendar_);
-  show({.stage = Stage::reported,
-        .title = QString::fromStdString(message.title),
-        .detail = QString::fromStdString(message.body)});
-  if (onReport) onReport(report);
+  show({.stage = Stage::reported, .title = toQString(message.title), .detail = toQString(message.body)});
+  Q_EMIT reported(report);
 }
 
 void DiskReview::close() {

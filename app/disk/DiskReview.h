@@ -1,6 +1,6 @@
 #pragma once
-// The last look before a move, and the report after it. The list that is shown is the list that moves: it is frozen
-// when the review begins, and nothing else is asked for afterwards.
+// The confirmation before a move, and the report after it. The list is frozen when the review begins, so that exactly
+// the items that are shown are moved.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -14,13 +14,15 @@
 
 namespace ambrel {
 
-// A thing that is about to go to the Trash, or what became of it.
+// An item that will be moved to the Trash, or its result.
 struct CleanupRow {
   Q_GADGET
+  QML_VALUE_TYPE(cleanupRow)
  public:
   std::string path;
   FACE_FIELDS(QString, title, detail, size);
-  FACE_FIELDS(QString, note);  // why it stayed, or why it is worth a look before it goes
+  FACE_FIELDS(QString, note);   // why it stayed, or why it should be reviewed
+  FACE_FIELDS(QString, label);  // for screen readers
   FACE_FIELDS(bool, hasMoved, hasStayed);
   friend bool operator==(const CleanupRow&, const CleanupRow&) = default;
 };
@@ -36,7 +38,7 @@ struct ReviewFace {
   enum class Stage { closed, reviewing, moving, reported };
 
   Stage stage = Stage::closed;
-  FACE_FIELDS(bool, canMove);  // the items have a Trash to go to
+  FACE_FIELDS(bool, canMove);  // at least one item has a Trash
   FACE_FIELDS(QString, title, detail);
 
   bool isOpen() const { return stage != Stage::closed; }
@@ -60,17 +62,17 @@ class DiskReview : public QObject {
   const ReviewFace& face() const { return face_; }
   Rows* items() { return &rows_; }
 
-  // Nothing happens without items, and while a list is on its way.
+  // Ignored without items, and while items are being moved.
   void begin(std::vector<CleanupItem> items);
-  // Moves the list that is shown.
+  // Moves the items that are shown.
   Q_INVOKABLE void confirm();
-  // Puts the review or the report away.
+  // Closes the review or the report.
   Q_INVOKABLE void close();
-
-  std::function<void(const DiskAdvice::TrashReport&)> onReport;
 
  Q_SIGNALS:
   void faceChanged();
+  // After a move.
+  void reported(const ambrel::DiskAdvice::TrashReport& report);
 
  private:
   void show(ReviewFace face);

@@ -2,15 +2,14 @@
 
 #include <algorithm>
 
+#include "app/base/StoredValue.h"
 #include "core/base/LocalText.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
 
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
-
-// Marks that turn the direction of what follows, so that "cod.exe" would read as "exe.doc".
+// Marks that change the reading direction, which would show "cod.exe" as "exe.doc".
 bool turnsDirection(QChar c) {
   const char16_t code = c.unicode();
   return code == 0x061c || code == 0x200e || code == 0x200f || (code >= 0x202a && code <= 0x202e) ||
@@ -24,7 +23,7 @@ QString pathID(std::string_view path) { return QString::fromLatin1(path.data(), 
 std::string pathOf(const QString& id) { return id.toLatin1().toStdString(); }
 
 QString shownName(std::string_view name) {
-  QString shown = text(repairedUTF8(name));
+  QString shown = toQString(repairedUTF8(name));
   for (QChar& c : shown) {
     if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = u' ';
     if (turnsDirection(c)) c = QChar::ReplacementCharacter;
@@ -38,14 +37,19 @@ QString shownPath(std::string_view path, std::string_view home) {
   return shownName(path);
 }
 
-QString shownSize(const Calendar& calendar, std::int64_t bytes) { return text(fileSize(calendar, bytes)); }
+QString spokenWords(QStringList words) {
+  words.removeAll(QString());
+  return words.join(QStringLiteral(", "));
+}
+
+QString shownSize(const Calendar& calendar, std::int64_t bytes) { return toQString(fileSize(calendar, bytes)); }
 
 QString shownAge(const Calendar& calendar, Instant instant, Instant now) {
-  return text(relativeAge(calendar, instant, now));
+  return toQString(relativeAge(calendar, instant, now));
 }
 
 QString shownCount(const Calendar& calendar, std::int64_t count) {
-  return text(decimal(calendar, static_cast<double>(count), 0));
+  return toQString(decimal(calendar, static_cast<double>(count), 0));
 }
 
 QString shownShare(double share) {

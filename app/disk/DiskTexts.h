@@ -1,7 +1,7 @@
 #pragma once
-// How paths, names and figures of the disk are shown. Paths travel to QML and back as ids that lose no byte.
+// Display texts for paths, names and figures. QML identifies paths by ids that preserve every byte.
 
-#include <QString>
+#include <QStringList>
 #include <string>
 #include <string_view>
 
@@ -10,20 +10,23 @@
 
 namespace ambrel {
 
-// One character for each byte: what a path is known by in QML. Not for reading.
+// One character for each byte. Not for display.
 QString pathID(std::string_view path);
 std::string pathOf(const QString& id);
 
-// For reading, on one line: bytes that are no text, line breaks and what turns the reading direction are replaced.
+// For display on one line: replaces invalid UTF-8, line breaks and marks that change the reading direction.
 QString shownName(std::string_view name);
 // With "~" for the home.
 QString shownPath(std::string_view path, std::string_view home);
 
+// A row's text for screen readers: the parts that are not empty, joined by commas.
+QString spokenWords(QStringList words);
+
 QString shownSize(const Calendar& calendar, std::int64_t bytes);
 QString shownAge(const Calendar& calendar, Instant instant, Instant now);
-// "182,440", in the locale's own grouping.
+// "182,440", with the locale's grouping.
 QString shownCount(const Calendar& calendar, std::int64_t count);
-// "71 %" of a share between 0 and 1; 100 only when it is all.
+// "71 %" for 0.71; "100 %" only for 1.
 QString shownShare(double share);
 
 }  // namespace ambrel

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// Where the space goes: the way to the folder that is shown, its chart, and the largest of what is in it.
+// The breadcrumb of the current folder, its chart, and the legend.
 Item {
     id: root
 
@@ -72,12 +72,12 @@ Item {
                 width: (legend.width - legend.columnSpacing) / 2
                 height: legend.height / 3
                 canChoose: root.isWhole
-                onHoveredChanged: root.explorer.hoveredID = hovered ? partId : ""
+                onHoveredChanged: root.explorer.hoveredID = hovered ? row.partId : ""
                 onClicked: {
-                    if (isFolder)
-                        root.explorer.enter(partId);
+                    if (row.isFolder)
+                        root.explorer.enter(row.partId);
                     else
-                        root.doctor.askAbout(partId);
+                        root.doctor.askAbout(row.partId);
                 }
             }
         }

@@ -1,83 +1,59 @@
 import QtQuick
 import Ambrel.Disk
 
-// One row of the findings, as its kind asks: a group, a rule, its reason, or an item.
+// One row of the findings: a group, a rule, a reason or an item.
 Item {
     id: root
 
     required property int index
-    required property string rowId
-    required property string kind
-    required property string title
-    required property string detail
-    required property string size
-    required property string symbol
-    required property string risk
-    required property string riskName
-    required property int checkState
-    required property bool isSelectable
-    required property bool isOpen
-    required property string label
-    required property string note
-    required property bool hasStayed
+    required property findingRow row
     property bool isCurrent: false
-    readonly property alias entry: entry
+    readonly property alias entry: rowEntry
 
     implicitHeight: loader.height
     Accessible.role: Accessible.ListItem
-    Accessible.name: label
+    Accessible.name: row.label
     Accessible.focusable: true
     Accessible.focused: isCurrent
-    Accessible.checkable: isSelectable
-    Accessible.checked: checkState === Qt.Checked
-    Accessible.checkStateMixed: checkState === Qt.PartiallyChecked
-    Accessible.onPressAction: entry.press()
-    Accessible.onToggleAction: entry.toggle()
+    Accessible.checkable: row.isSelectable
+    Accessible.checked: row.checkState === Qt.Checked
+    Accessible.checkStateMixed: row.checkState === Qt.PartiallyChecked
+    Accessible.onPressAction: rowEntry.press()
+    Accessible.onToggleAction: rowEntry.toggle()
 
     FindingEntry {
-        id: entry
+        id: rowEntry
 
-        kind: root.kind
-        title: root.title
-        detail: root.detail
-        size: root.size
-        symbol: root.symbol
-        risk: root.risk
-        riskName: root.riskName
-        checkState: root.checkState
-        isSelectable: root.isSelectable
-        isOpen: root.isOpen
+        row: root.row
         isCurrent: root.isCurrent
-        note: root.note
-        hasStayed: root.hasStayed
     }
 
     Component {
         id: group
 
         FindingGroupRow {
-            row: entry
+            entry: rowEntry
         }
     }
     Component {
         id: finding
 
         FindingRuleRow {
-            row: entry
+            entry: rowEntry
         }
     }
     Component {
         id: reason
 
         FindingReasonRow {
-            row: entry
+            entry: rowEntry
         }
     }
     Component {
         id: item
 
         FindingItemRow {
-            row: entry
+            entry: rowEntry
         }
     }
 
@@ -85,6 +61,11 @@ Item {
         id: loader
 
         width: root.width
-        sourceComponent: root.kind === "group" ? group : root.kind === "finding" ? finding : root.kind === "reason" ? reason : item
+        sourceComponent: ({
+                group: group,
+                finding: finding,
+                reason: reason,
+                item: item
+            })[root.row.kind]
     }
 }

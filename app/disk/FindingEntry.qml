@@ -1,23 +1,13 @@
 import QtQuick
+import Ambrel.Disk
 
-// What a row of the findings shows, and what is wanted of it.
+// A row of the findings, and the user's actions on it.
 QtObject {
     id: root
 
-    required property string kind
-    required property string title
-    required property string detail
-    required property string size
-    required property string symbol
-    required property string risk
-    required property string riskName
-    required property int checkState
-    required property bool isSelectable
-    required property bool isOpen
+    required property findingRow row
     required property bool isCurrent
-    required property string note
-    required property bool hasStayed
-    readonly property bool opens: kind === "group" || kind === "finding"
+    readonly property bool opens: row.kind === "group" || row.kind === "finding"
 
     signal pointed
     signal selectAsked(bool isSelected)
@@ -25,22 +15,22 @@ QtObject {
     signal asked
 
     function toggle() {
-        if (isSelectable)
-            selectAsked(checkState !== Qt.Checked);
+        if (row.isSelectable)
+            selectAsked(row.checkState !== Qt.Checked);
     }
     function press() {
         if (opens)
             openAsked();
-        else if (kind === "item")
+        else if (row.kind === "item")
             asked();
     }
-    // Whether the key meant something here.
+    // Returns whether the key was handled.
     function pressKey(key: int): bool {
         if (key === Qt.Key_Space)
             toggle();
         else if (key === Qt.Key_Return || key === Qt.Key_Enter)
             press();
-        else if ((key === Qt.Key_Right && opens && !isOpen) || (key === Qt.Key_Left && opens && isOpen))
+        else if (opens && key === (row.isOpen ? Qt.Key_Left : Qt.Key_Right))
             openAsked();
         else
             return false;

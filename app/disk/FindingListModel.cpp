@@ -1,5 +1,6 @@
 #include "app/disk/FindingListModel.h"
 
+#include "app/base/Replaced.h"
 #include "app/disk/DiskTexts.h"
 
 namespace ambrel {
@@ -62,17 +63,14 @@ void FindingListModel::toggleOpen(const QString& id) {
     auto& set = isRule ? state_.openRules : state_.closedGroups;
     const bool isAdded = set.erase(wanted) == 0 && set.insert(wanted).second;
     update();
-    if (isRule && isAdded && onOpened) onOpened(finding.rule);
+    if (isRule && isAdded) Q_EMIT ruleOpened(finding.rule);
     return;
   }
 }
 
 void FindingListModel::update() {
   setRows(findingRows(selection_, state_, home_, now_(), calendar_));
-  FindingChoice choice = findingChoice(selection_, calendar_);
-  if (choice == choice_) return;
-  choice_ = std::move(choice);
-  Q_EMIT choiceChanged();
+  if (replaced(choice_, findingChoice(selection_, calendar_))) Q_EMIT choiceChanged();
 }
 
 }  // namespace ambrel

@@ -1,5 +1,5 @@
 #pragma once
-// The list of findings as the window works with it: what is open, what is chosen, and what that comes to.
+// The list of findings in the window: which rows are open, which items are chosen, and their sum.
 
 #include <QtQml/qqmlregistration.h>
 #include <functional>
@@ -12,14 +12,14 @@
 
 namespace ambrel {
 
-// What is said of the choice.
+// The summary of the chosen items.
 struct FindingChoice {
   Q_GADGET
   QML_VALUE_TYPE(findingChoice)
  public:
   FACE_FIELDS(bool, hasFindings, hasSafeItems, hasChosen);
   FACE_FIELDS(QString, title);      // "5 of 31 chosen"
-  FACE_FIELDS(QString, moveTitle);  // what the button that moves them says
+  FACE_FIELDS(QString, moveTitle);  // the text of the button that moves them
   friend bool operator==(const FindingChoice&, const FindingChoice&) = default;
 };
 
@@ -37,24 +37,23 @@ class FindingListModel : public GadgetListModel<FindingRow> {
   const FindingChoice& choice() const { return choice_; }
   const FindingSelection& selection() const { return selection_; }
   const std::vector<DiskFinding>& findings() const { return selection_.findings(); }
-  // Nothing is chosen afterwards, and no rule is open.
+  // Clears the choice and closes all rules.
   void setFindings(std::vector<DiskFinding> findings);
   void takeReport(const DiskAdvice::TrashReport& report);
   // A longer explanation of a rule, shown under its reason.
   void setExplanation(FindingRule rule, const QString& text);
   bool isExplained(FindingRule rule) const { return state_.explanations.contains(rule); }
 
-  // By the id of a row; a group or a rule means all its items. Rows that cannot be chosen stay as they are.
+  // By the id of a row; a group or a rule means all its items. Rows that cannot be chosen are ignored.
   Q_INVOKABLE void setSelected(const QString& id, bool isSelected);
   Q_INVOKABLE void selectSafe();
   Q_INVOKABLE void selectNone();
   // Opens or closes a group or a rule.
   Q_INVOKABLE void toggleOpen(const QString& id);
-  // Calls back when a rule is opened.
-  std::function<void(FindingRule)> onOpened;
 
  Q_SIGNALS:
   void choiceChanged();
+  void ruleOpened(ambrel::FindingRule rule);
 
  private:
   void update();

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// Why a rule lists what it lists, and what Buddy adds to it.
+// The reason of a rule, and the language model's explanation.
 FindingRowGround {
     id: root
 

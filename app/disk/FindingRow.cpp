@@ -13,7 +13,7 @@ constexpr std::size_t namedItems = 4;
 
 QString tr(const char* text) { return QCoreApplication::translate("ambrel::FindingRow", text); }
 
-// Why it stayed comes first: it is what happened last.
+// The latest event comes first.
 QString noteOf(const CleanupItem& item) {
   QStringList sentences;
   if (item.stayed) sentences << toQString(explanation(*item.stayed)) + u'.';
@@ -114,11 +114,7 @@ QString FindingRow::kindName() const { return toQString(nameOf(kind)); }
 QString FindingRow::riskText() const { return ownRisk ? toQString(ambrel::label(*ownRisk)) : QString(); }
 QString FindingRow::riskName() const { return ownRisk ? toQString(nameOf(*ownRisk)) : QString(); }
 
-QString FindingRow::label() const {
-  QStringList words{title, detail, note, riskText(), size};
-  words.removeAll(QString());
-  return words.join(QStringLiteral(", "));
-}
+QString FindingRow::label() const { return spokenWords({title, detail, note, riskText(), size}); }
 
 std::vector<FindingRow> findingRows(const FindingSelection& selection, const FindingListState& state,
                                     const std::string& home, Instant now, const Calendar& calendar) {

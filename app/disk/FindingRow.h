@@ -1,5 +1,5 @@
 #pragma once
-// The findings as rows of one list: groups, the rules in them, and of an opened rule its reason and its items.
+// The findings as rows of one list: groups, their rules, and the reason and items of open rules.
 
 #include <QObject>
 #include <QString>
@@ -18,20 +18,21 @@ namespace ambrel {
 
 struct FindingRow {
   Q_GADGET
+  QML_VALUE_TYPE(findingRow)
   Q_PROPERTY(QString rowId MEMBER id FINAL)
   Q_PROPERTY(QString kind READ kindName FINAL)
   Q_PROPERTY(QString risk READ riskText FINAL)
   Q_PROPERTY(QString riskName READ riskName FINAL)
-  // What a screen reader says to it.
+  // For screen readers.
   Q_PROPERTY(QString label READ label FINAL)
 
  public:
   enum class Kind { group, finding, reason, item };
 
-  QString id;  // of an item the id of its path
+  QString id;  // for an item pathID of its path
   Kind kind = Kind::group;
   FACE_FIELDS(QString, title, detail, size, symbol);
-  // Of an item: why it stayed, what it is, or why it needs more care than its rule says.
+  // Of an item: why it stayed, what it is, or why it has a higher risk than its rule.
   FACE_FIELDS(QString, note);
   std::optional<CleanupRisk> ownRisk = {};
   FACE_FIELD(int, checkState, Qt::Unchecked);
@@ -44,7 +45,7 @@ struct FindingRow {
   friend bool operator==(const FindingRow&, const FindingRow&) = default;
 };
 
-// What of the list is open, by the ids of its rows, and what the model has written.
+// Which rows are open, by their ids, and the explanations by the language model.
 struct FindingListState {
   std::set<std::string> closedGroups = {}, openRules = {};
   std::map<FindingRule, QString> explanations = {};

@@ -2,15 +2,27 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// The background of every row of the findings: it lights up under the pointer and shows the keyboard focus.
+// What all rows of the findings share: hover and focus highlight, the check box at the left, and at the right the risk,
+// the size and a symbol.
 Item {
     id: root
 
-    required property FindingEntry row
-    property real topInset: 0
+    required property FindingEntry entry
+    readonly property findingRow row: entry.row
     property bool canPress: true
+    property bool showsRisk: false
+    property real topInset: 0
+    property real checkX: Theme.space6
+    property TextRole sizeRole: Theme.body
+    // At the right end.
+    property string symbol
+    property color symbolColor: Theme.ink3
     readonly property real middle: topInset + (height - topInset) / 2
+    // Where the words of the row end.
+    readonly property real wordsEnd: (showsRisk ? pill.x : amount.x) - Theme.space3
     readonly property alias hovered: hover.hovered
+    readonly property bool isSafe: row.riskName === "safe"
+    readonly property bool isToReview: row.riskName === "review"
 
     Rectangle {
         anchors {
@@ -20,9 +32,9 @@ Item {
             topMargin: root.topInset
         }
         radius: Theme.radiusButton
-        visible: root.canPress && (hover.hovered || tap.pressed || root.row.isCurrent)
+        visible: root.canPress && (hover.hovered || tap.pressed || root.entry.isCurrent)
         color: tap.pressed ? Theme.greySoft : Theme.card
-        border.width: root.row.isCurrent ? 2 : 0
+        border.width: root.entry.isCurrent ? 2 : 0
         border.color: Theme.accent
     }
     HoverHandler {
@@ -34,8 +46,50 @@ Item {
         enabled: root.canPress
         gesturePolicy: TapHandler.ReleaseWithinBounds
         onTapped: {
-            root.row.pointed();
-            root.row.press();
+            root.entry.pointed();
+            root.entry.press();
         }
+    }
+    // Assistive technology reads the check state from the row.
+    CheckBox {
+        x: root.checkX
+        y: root.middle - height / 2
+        visible: root.row.isSelectable
+        checkState: root.row.checkState
+        label: root.row.title
+        activeFocusOnTab: false
+        Accessible.ignored: true
+        onToggled: checked => {
+            root.entry.pointed();
+            root.entry.selectAsked(checked);
+        }
+    }
+    Pill {
+        id: pill
+
+        x: root.width - 206
+        y: root.middle - height / 2
+        visible: root.showsRisk && root.row.isSelectable
+        text: root.row.risk
+        symbol: root.isSafe ? "checkmark.circle.fill" : root.isToReview ? "eye" : "exclamationmark.triangle.fill"
+        tone: root.isSafe ? Theme.green : root.isToReview ? Theme.orange : Theme.red
+        Accessible.ignored: true
+    }
+    TipLabel {
+        id: amount
+
+        x: root.width - width - 54
+        y: root.middle - height / 2
+        text: root.row.size
+        role: root.sizeRole
+        Accessible.ignored: true
+    }
+    Symbol {
+        x: root.width - width - Theme.space6
+        y: root.middle - height / 2
+        visible: root.symbol !== ""
+        name: root.symbol
+        size: 18
+        color: root.symbolColor
     }
 }

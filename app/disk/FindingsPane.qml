@@ -2,14 +2,14 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// What can go. Up and Down walk along the rows, Space chooses one, Return opens it or asks about it.
+// The list of findings. Up and Down move the focus, Space checks a row, Return opens it or asks about it.
 FocusScope {
     id: root
 
     required property DiskDoctor doctor
     readonly property FindingListModel findings: doctor.findings
     readonly property bool isDone: doctor.face.isDone
-    // What covers the lower end of the list; the row that was asked about stays above it.
+    // The height that is covered at the bottom; the current row stays above it.
     property real covered: 0
 
     onCoveredChanged: {
@@ -61,9 +61,9 @@ FocusScope {
             width: ListView.view.width
             isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
             entry.onPointed: list.currentIndex = index
-            entry.onSelectAsked: isSelected => root.findings.setSelected(rowId, isSelected)
-            entry.onOpenAsked: root.findings.toggleOpen(rowId)
-            entry.onAsked: root.doctor.askAbout(rowId)
+            entry.onSelectAsked: isSelected => root.findings.setSelected(row.rowId, isSelected)
+            entry.onOpenAsked: root.findings.toggleOpen(row.rowId)
+            entry.onAsked: root.doctor.askAbout(row.rowId)
         }
 
         footer: Column {

@@ -22,8 +22,8 @@ void chooseFolder(QWindow* parent, const QString& title, const QString& start, c
     QObject::connect(parent, &QObject::destroyed, dialog, &QObject::deleteLater);
   }
   dialog->setWindowModality(Qt::WindowModal);
-  // The toolkit's own dialog adds a path that is typed to the folder that it stood for on the way: the last one is
-  // meant, and `fileSelected` comes for none of two.
+  // When a path is typed, Qt's dialog selects both the folder shown so far and the typed one. The last one is meant;
+  // `fileSelected` is not emitted for two.
   QObject::connect(dialog, &QFileDialog::filesSelected, dialog,
                    [chosen = std::move(chosen)](const QStringList& folders) {
                      if (!folders.isEmpty()) chosen(QFile::encodeName(folders.last()).toStdString());

@@ -10,8 +10,8 @@ class QWindow;
 
 namespace ambrel {
 
-// Comes up before `parent` and returns at once; `chosen` is called when a folder was chosen, and not otherwise.
-// `palette`: for desktops whose own dialog is not at hand.
+// Opens over `parent` and returns at once; `chosen` is called only if a folder was chosen.
+// `palette`: for Qt's own dialog, where the desktop has none.
 void chooseFolder(QWindow* parent, const QString& title, const QString& start, const QPalette& palette,
                   std::function<void(const std::string& folder)> chosen);
 

@@ -2,22 +2,17 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// One part of the folder that is shown: its colour in the chart, its name and its size.
+// One part of the current folder: its colour in the chart, its name and its size.
 Pressable {
     id: root
 
-    required property string partId
-    required property string name
-    required property string size
-    required property int colorRank
-    required property bool isFolder
-    required property bool isHighlighted
+    required property diskPart row
     property bool canChoose: true
-    readonly property bool isKnown: colorRank >= 0
+    readonly property bool isKnown: row.colorRank >= 0
 
-    enabled: canChoose && isKnown && partId !== ""
-    label: name + ", " + size
-    tip: word.truncated ? name : ""
+    enabled: canChoose && isKnown && row.partId !== ""
+    label: row.name + ", " + row.size
+    tip: word.truncated ? row.name : ""
 
     Rectangle {
         anchors.fill: parent
@@ -25,7 +20,7 @@ Pressable {
         anchors.rightMargin: -6
         radius: Theme.radiusHighlight
         color: root.down ? Theme.greySoft : Theme.card
-        visible: root.isHighlighted || (root.enabled && root.down)
+        visible: root.row.isHighlighted || (root.enabled && root.down)
     }
     Rectangle {
         id: swatch
@@ -34,7 +29,7 @@ Pressable {
         width: 10
         height: 10
         radius: 3
-        color: root.isKnown ? Theme.sunburst[root.colorRank] : Theme.track
+        color: root.isKnown ? Theme.sunburst[root.row.colorRank] : Theme.track
     }
     Label {
         id: word
@@ -46,7 +41,7 @@ Pressable {
             rightMargin: Theme.space2
             verticalCenter: parent.verticalCenter
         }
-        text: root.name
+        text: root.row.name
         color: root.isKnown ? Theme.ink2 : Theme.ink3
         Accessible.ignored: true
     }
@@ -55,7 +50,7 @@ Pressable {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        text: root.size
+        text: root.row.size
         role: Theme.rowTitle
         color: root.isKnown ? Theme.ink : Theme.ink3
         Accessible.ignored: true

@@ -2,8 +2,8 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// The last look: exactly what will move, and after the move what became of each. Escape and the first button leave
-// everything as it is.
+// The confirmation with the exact list of items, and after the move the result for each. Escape and the first button
+// change nothing.
 FocusScope {
     id: root
 
@@ -11,10 +11,10 @@ FocusScope {
     readonly property DiskReview review: doctor.review
     readonly property bool isReviewing: review.face.isReviewing
     readonly property bool isReported: review.face.isReported
-    // Kept free above and below, so that no button of the sheet is where a click was that opened it.
+    // Free space above and below, so that no button of the sheet is under the click that opened it.
     required property real clearance
-    // The second click of a double click belongs to what was there before. Nothing acts until the sheet has been in
-    // view for half a second.
+    // Buttons do nothing until the sheet has been visible for half a second, so that the second click of a double
+    // click has no effect.
     property bool isArmed: false
 
     function begin() {
@@ -32,7 +32,7 @@ FocusScope {
     onIsReviewingChanged: begin()
     onIsReportedChanged: begin()
 
-    // From the first picture on: a long list may take its time to draw.
+    // Counted from the first frame, because a long list takes time to draw.
     Connections {
         target: root.Window.window
         enabled: (root.isReviewing || root.isReported) && !root.isArmed && !arming.running
@@ -54,7 +54,7 @@ FocusScope {
         opacity: 0.75
         radius: Theme.radiusTile
     }
-    // Nothing below can be clicked.
+    // Blocks clicks below.
     MouseArea {
         anchors.fill: parent
         hoverEnabled: true
@@ -163,7 +163,7 @@ FocusScope {
                 size: 36
                 text: qsTr("Open the Trash")
                 onClicked: if (root.isArmed)
-                    root.doctor.openTrash()
+                    root.doctor.trashAsked()
             }
             Button {
                 visible: root.isReported

@@ -6,7 +6,7 @@ namespace ambrel {
 namespace {
 
 constexpr Seconds interval{0.1};
-// The chart shows three rings, the upper folders are the first of them.
+// The chart has three rings; the top-level folders are the first one.
 constexpr int outlineLevels = 2;
 constexpr std::int64_t outlineParts = 200;
 
@@ -41,7 +41,7 @@ DiskScanWatch ScanNews::watch() {
   return {.progress =
               [self](const DiskScanProgress& progress, double share) {
                 self->change([&](Snapshot& snapshot) {
-                  // Calls overtake each other.
+                  // Calls may arrive out of order.
                   if (progress.files < snapshot.progress.files) return;
                   snapshot.progress = progress;
                   snapshot.share = std::max(snapshot.share, share);

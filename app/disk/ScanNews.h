@@ -1,5 +1,5 @@
 #pragma once
-// What the threads of a scan have to tell the main thread: they leave it here, and the main thread fetches it.
+// Progress of a scan's threads: they store it here, and the main thread fetches it.
 
 #include <QObject>
 #include <functional>
@@ -12,7 +12,7 @@
 
 namespace ambrel {
 
-// Everything but `close` and `take` may be called from any thread.
+// All functions but `close` and `take` are thread-safe.
 class ScanNews : public std::enable_shared_from_this<ScanNews> {
  public:
   struct Snapshot {
@@ -23,15 +23,15 @@ class ScanNews : public std::enable_shared_from_this<ScanNews> {
     std::vector<DiskTree> finished;    // outlines of those that have been read
   };
 
-  // `fetch` is called on the main thread when there is something new, ten times a second at most.
+  // `fetch` is called on the main thread after changes, at most ten times a second.
   ScanNews(QObject& receiver, std::function<Instant()> now, std::function<void()> fetch);
 
-  // How the scanner and the analyzer are told to report here.
+  // The callbacks for the scanner and the analyzer.
   DiskScanWatch watch();
   std::function<void(const CompareProgress&)> compareProgress();
 
   Snapshot take() const;
-  // Nothing is fetched from here afterwards.
+  // `fetch` is not called any more.
   void close();
 
  private:

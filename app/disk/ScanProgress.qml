@@ -2,19 +2,16 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// What a scan is doing, how much of it is done in words, and the same as a bar.
+// The step of a scan, its progress in words and as a bar.
 Column {
     id: root
 
-    property string title
-    property string detail
-    property string figure
-    property real percent: 0
+    required property diskProgress progress
     property bool hasShare: true
 
     spacing: Theme.space2
     Accessible.role: Accessible.ProgressBar
-    Accessible.name: title + ", " + detail
+    Accessible.name: progress.title + ", " + progress.detail
 
     Item {
         width: parent.width
@@ -23,7 +20,7 @@ Column {
         Label {
             id: heading
 
-            text: root.title
+            text: root.progress.title
             role: Theme.headline
             Accessible.ignored: true
         }
@@ -35,7 +32,7 @@ Column {
                 rightMargin: Theme.space3
                 baseline: heading.baseline
             }
-            text: root.detail
+            text: root.progress.detail
             color: Theme.ink2
             Accessible.ignored: true
         }
@@ -44,7 +41,7 @@ Column {
 
             anchors.right: parent.right
             anchors.baseline: heading.baseline
-            text: root.figure
+            text: root.progress.figure
             role: Theme.rowTitle
             Accessible.ignored: true
         }
@@ -53,7 +50,7 @@ Column {
         width: parent.width
         height: 6
         visible: root.hasShare
-        value: root.percent
+        value: root.progress.percent
         color: Theme.teal.mark
         trackColor: Theme.track
         duration: 0

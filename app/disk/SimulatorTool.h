@@ -1,5 +1,5 @@
 #pragma once
-// The developer tool that knows which simulator runtimes are installed, where there is one.
+// The developer tool that lists the installed simulator runtimes.
 
 #include <chrono>
 #include <string>
@@ -11,12 +11,12 @@ namespace ambrel {
 
 struct SimulatorTool {
   std::string program = "/usr/bin/xcrun";
-  // One of these proves that the tool has something to tell.
+  // The tool is run only if one of these exists.
   std::vector<std::string> signs = {"/Library/Developer/CoreSimulator", "/Applications/Xcode.app"};
   std::chrono::milliseconds timeout{15'000};
 };
 
-// Waits for the tool, so not for the main thread. Empty when there is none, when it fails or takes too long.
+// Blocks until the tool ends. Empty if there is none, if it fails or if it takes too long.
 std::vector<SimulatorRuntime> readRuntimes(const SimulatorTool& tool);
 
 }  // namespace ambrel

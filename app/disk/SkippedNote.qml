@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// What a scan could not see or tell; the tip has the particulars.
+// A note about the limits of a scan; the tip has the details.
 Item {
     id: root
 

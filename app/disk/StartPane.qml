@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// What to scan, and why there is nothing to see yet.
+// The start page, and the page for a home that cannot be read.
 Item {
     id: root
 
@@ -36,7 +36,7 @@ Item {
                 size: 36
                 text: qsTr("Choose a folder…")
                 symbol: "folder"
-                onClicked: root.doctor.chooseFolder()
+                onClicked: root.doctor.folderAsked()
             }
             Button {
                 visible: !root.isGuarded

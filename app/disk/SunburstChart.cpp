@@ -16,11 +16,11 @@ namespace {
 // The edges of the rings in a chart of 272 across.
 constexpr std::array<qreal, 4> edges{60, 92, 118, 136};
 constexpr int rings = 3;
-constexpr qreal room = 138;  // with the line around what is pointed at
+constexpr qreal room = 138;  // with the line around the highlighted segment
 constexpr qreal gap = 1.5, highlightWidth = 2;
-// Of the colour of the ground in each ring.
+// The share of the background colour in each ring.
 constexpr std::array<qreal, rings> groundShares{0, 0.28, 0.52};
-// In turns; about four pixels of the outer ring, so that the gaps do not outweigh what is between them.
+// In turns; about four pixels of the outer ring. Smaller segments would be mostly gaps.
 constexpr double smallestArc = 0.005;
 
 qreal degrees(double turns) { return turns * 360; }
@@ -98,31 +98,10 @@ const SunburstSegment* SunburstChart::segmentOf(const QString& id) const {
   return nullptr;
 }
 
-const SunburstSegment* SunburstChart::neighbour(const SunburstSegment& from, Step step) const {
-  if (step == Step::inwards) {
-    for (const SunburstSegment& other : segments_)
-      if (other.item == from.item->parent()) return &other;
-    return nullptr;
-  }
-  if (step == Step::outwards) {
-    for (const SunburstSegment& other : segments_)
-      if (other.item->parent() == from.item) return &other;
-    return nullptr;
-  }
-  std::vector<const SunburstSegment*> ring;
-  std::size_t at = 0;
-  for (const SunburstSegment& other : segments_) {
-    if (other.ring != from.ring) continue;
-    if (&other == &from) at = ring.size();
-    ring.push_back(&other);
-  }
-  return ring[(at + (step == Step::clockwise ? 1 : ring.size() - 1)) % ring.size()];
-}
-
-void SunburstChart::walk(Step step) {
+void SunburstChart::walk(SunburstStep step) {
   if (segments_.empty()) return;
   const SunburstSegment* from = segmentOf(highlightedID_);
-  const SunburstSegment* to = from ? neighbour(*from, step) : &segments_.front();
+  const SunburstSegment* to = from ? neighbour(segments_, *from, step) : &segments_.front();
   if (to) Q_EMIT hovered(pathID(to->item->id()));
 }
 
@@ -160,13 +139,13 @@ void SunburstChart::mouseReleaseEvent(QMouseEvent* event) {
 void SunburstChart::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Right:
-      return walk(Step::clockwise);
+      return walk(SunburstStep::clockwise);
     case Qt::Key_Left:
-      return walk(Step::counterclockwise);
+      return walk(SunburstStep::counterclockwise);
     case Qt::Key_Up:
-      return walk(Step::outwards);
+      return walk(SunburstStep::outwards);
     case Qt::Key_Down:
-      return walk(Step::inwards);
+      return walk(SunburstStep::inwards);
     case Qt::Key_Return:
     case Qt::Key_Enter:
       if (!highlightedID_.isEmpty()) Q_EMIT entered(highlightedID_);

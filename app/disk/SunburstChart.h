@@ -1,5 +1,5 @@
 #pragma once
-// The size tree of a folder as three rings around a middle. Pointer and keyboard walk through it.
+// The size tree of a folder as three rings around a centre, with pointer and keyboard navigation.
 
 #include <QColor>
 #include <QList>
@@ -13,7 +13,7 @@ class QPainterPath;
 
 namespace ambrel {
 
-// What is pointed at is not kept here: `hovered` says what should be, and `highlightedID` shows it.
+// The chart does not keep what is highlighted: it emits `hovered`, and the owner sets `highlightedID`.
 // Left and Right go round a ring, Up and Down outwards and inwards, Return drills in, Backspace goes up, Space asks.
 class SunburstChart : public QQuickPaintedItem {
   Q_OBJECT
@@ -23,9 +23,9 @@ class SunburstChart : public QQuickPaintedItem {
   Q_PROPERTY(QList<QColor> colors MEMBER colors_ NOTIFY styleChanged FINAL)
   Q_PROPERTY(QColor ground MEMBER ground_ NOTIFY styleChanged FINAL)
   Q_PROPERTY(QColor ink MEMBER ink_ NOTIFY styleChanged FINAL)
-  // Of what is not known yet.
+  // The part that has not been read yet.
   Q_PROPERTY(QColor trackColor MEMBER trackColor_ NOTIFY styleChanged FINAL)
-  // Of the space in the middle, for a text.
+  // The space for text in the centre.
   Q_PROPERTY(qreal holeDiameter READ holeDiameter NOTIFY holeChanged FINAL)
 
  public:
@@ -38,9 +38,9 @@ class SunburstChart : public QQuickPaintedItem {
   qreal holeDiameter() const;
 
   const std::vector<SunburstSegment>& segments() const { return segments_; }
-  // The middle of a segment's arc, for those who point at it.
+  // The middle of a segment's arc.
   QPointF middleOf(const SunburstSegment& segment) const;
-  // The id of what is at a point: "" beside the chart and on its gaps.
+  // The id of the segment at a point; "" if there is none.
   QString idAt(QPointF point) const;
 
   void paint(QPainter* painter) override;
@@ -66,13 +66,10 @@ class SunburstChart : public QQuickPaintedItem {
   void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
  private:
-  enum class Step { clockwise, counterclockwise, outwards, inwards };
-
   const SunburstSegment* segmentOf(const QString& id) const;
   const SunburstSegment* segmentUnder(QPointF point) const;
   bool isInHole(QPointF point) const;
-  const SunburstSegment* neighbour(const SunburstSegment& from, Step step) const;
-  void walk(Step step);
+  void walk(SunburstStep step);
   void pointAt(QPointF point);
   qreal scale() const;
   qreal innerRadius(int ring) const;

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Disk
 import Ambrel.Kit
 
-// The chart, and in its middle the size of what is pointed at.
+// The chart, and in its centre the size of the hovered item.
 Item {
     id: root
 
@@ -43,7 +43,7 @@ Item {
             width: parent.width
             text: root.explorer.spot.size
             role: Theme.figure
-            // The hole of a small window's chart is narrower than some figures.
+            // In a small window some figures are wider than the hole.
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 11
             horizontalAlignment: Text.AlignHCenter

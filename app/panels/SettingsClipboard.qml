@@ -91,7 +91,7 @@ SettingsPage {
                 enabled: root.clipboard !== null && !root.clipboard.face.isEmpty
                 onClicked: {
                     if (root.asksToClear)
-                        root.clipboard.clear();
+                        root.clipboard.clearHistory();
                     root.asksToClear = !root.asksToClear;
                 }
             }

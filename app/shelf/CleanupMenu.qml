@@ -1,21 +1,15 @@
 import QtQuick
-import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// What could go, with how much that is. Each can be undone for a few seconds.
-Menu {
+// The possible cleanups and their counts. Each can be undone for a few seconds.
+OverlayMenu {
     id: root
 
-    required property ClipboardModel clipboard
-    readonly property bool isCentred: false
-    readonly property bool hangsLeft: true
     readonly property var choices: clipboard.cleanups()
 
+    hangsLeft: true
     implicitWidth: 420
-    function begin() {
-        root.focusFirst();
-    }
 
     Item {
         id: heading

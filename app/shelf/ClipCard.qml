@@ -3,77 +3,42 @@ import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// One clip, drawn after its kind. A click picks it, dragging it takes it along.
+// One clip. A click copies it; it can be dragged to other programs.
 Item {
     id: root
 
     required property ClipboardModel clipboard
-    required property string clipId
-    required property string look
-    required property string kindText
-    required property string title
-    required property string detail
-    required property string code
-    required property color swatch
-    required property var files
-    required property string moreFiles
-    required property string picture
-    required property string foot
-    required property string age
-    required property int pinNumber
-    required property bool isPinned
-    required property bool isCurrent
-    required property string forgetting
-    required property string spoken
+    required property clipFace face
     property bool isUnderKeyboard: false
-    // A secret may be seen; the pointer reveals it too.
+    // A secret is shown; hovering reveals it, too.
     property bool isRevealed: false
 
     readonly property bool isHovered: hover.hovered
-    readonly property var widths: ({
-            text: 148,
-            code: 156,
-            link: 136,
-            color: 96,
-            image: 124,
-            files: 120,
-            secret: 120,
-            lost: 148
+    // How wide a card of each look is, and what it shows.
+    readonly property var looks: ({
+            text: { width: 148, symbol: "text.alignleft", body: textBody },
+            code: { width: 156, symbol: "chevron.left.forwardslash.chevron.right", body: codeBody },
+            link: { width: 136, symbol: "link", body: linkBody },
+            color: { width: 96, symbol: "paintpalette", body: colorBody },
+            image: { width: 124, symbol: "photo", body: pictureBody },
+            files: { width: 120, symbol: "doc", body: filesBody },
+            secret: { width: 120, symbol: "lock.fill", body: secretBody },
+            lost: { width: 148, symbol: "exclamationmark.triangle", body: textBody }
         })
-    readonly property var symbols: ({
-            text: "text.alignleft",
-            code: "chevron.left.forwardslash.chevron.right",
-            link: "link",
-            color: "paintpalette",
-            image: "photo",
-            files: "doc",
-            secret: "lock.fill",
-            lost: "exclamationmark.triangle"
-        })
-    readonly property var bodies: ({
-            text: textBody,
-            code: codeBody,
-            link: linkBody,
-            color: colorBody,
-            image: pictureBody,
-            files: filesBody,
-            secret: secretBody,
-            lost: lostBody
-        })
-
-    // A copy that could not be taken over: there is nothing to pick.
-    readonly property bool isLost: look === "lost"
+    readonly property var look: looks[face.look] ?? looks.text
+    // A copy that could not be captured: there is nothing to copy.
+    readonly property bool isLost: face.look === "lost"
 
     signal picked
     signal menuAsked(real x, real y)
     signal dragAsked(Item card)
 
-    // The size of a picture is read in full, however long the language's ages are.
-    readonly property real footWidth: look === "image" ? footLabel.implicitWidth + ageLabel.implicitWidth + Theme.space1 + 2 * Theme.space3 : 0
+    // The card is wide enough for the size of a picture in full.
+    readonly property real footWidth: face.look === "image" ? footLabel.implicitWidth + ageLabel.implicitWidth + Theme.space1 + 2 * Theme.space3 : 0
 
-    width: Math.ceil(Math.max((widths[look] ?? 148) * Theme.textScale, Math.min(footWidth, 160 * Theme.textScale)))
+    width: Math.ceil(Math.max(look.width * Theme.textScale, Math.min(footWidth, 160 * Theme.textScale)))
     Accessible.role: Accessible.ListItem
-    Accessible.name: spoken
+    Accessible.name: face.spoken
     Accessible.onPressAction: root.picked()
 
     Rectangle {
@@ -96,13 +61,10 @@ Item {
         id: head
 
         width: parent.width
-        symbol: root.symbols[root.look] ?? "text.alignleft"
-        text: root.kindText
-        pinNumber: root.pinNumber
-        isPinned: root.isPinned
-        isCurrent: root.isCurrent
+        face: root.face
+        symbol: root.look.symbol
         isActive: root.isHovered && !root.isLost
-        onPinToggled: root.clipboard.togglePin(root.clipId)
+        onPinToggled: root.clipboard.togglePin(root.face.clipId)
     }
     Loader {
         anchors {
@@ -111,7 +73,7 @@ Item {
             top: head.bottom
             bottom: footRow.top
         }
-        sourceComponent: root.bodies[root.look] ?? textBody
+        sourceComponent: root.look.body
     }
     Item {
         id: footRow
@@ -134,8 +96,8 @@ Item {
                 rightMargin: Theme.space1
                 verticalCenter: parent.verticalCenter
             }
-            visible: root.look !== "color"
-            text: root.foot
+            visible: root.face.look !== "color"
+            text: root.face.foot
             role: Theme.subLine
             color: Theme.ink2
             Accessible.ignored: true
@@ -145,7 +107,7 @@ Item {
 
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            text: root.age
+            text: root.face.age
             role: Theme.subLine
             color: Theme.ink2
             Accessible.ignored: true
@@ -168,7 +130,7 @@ Item {
         enabled: !root.isLost
         onTapped: eventPoint => root.menuAsked(eventPoint.position.x, eventPoint.position.y)
     }
-    // The mouse has the wheel for scrolling and takes the clip along wherever it goes; a finger scrolls along the row.
+    // The mouse drags in any direction, since it scrolls by the wheel; touch drags only vertically and scrolls otherwise.
     DragHandler {
         target: null
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
@@ -187,63 +149,50 @@ Item {
         id: textBody
 
         TextBody {
-            text: root.title
+            face: root.face
+            color: root.isLost ? Theme.ink2 : Theme.ink
         }
     }
     Component {
         id: codeBody
 
         CodeBody {
-            code: root.code
+            face: root.face
         }
     }
     Component {
         id: linkBody
 
         LinkBody {
-            host: root.title
-            rest: root.detail
+            face: root.face
         }
     }
     Component {
         id: colorBody
 
         ColorBody {
-            swatch: root.swatch
-            notation: root.title
-            components: root.detail
+            face: root.face
         }
     }
     Component {
         id: pictureBody
 
         PictureBody {
-            picture: root.picture
-            text: root.detail
+            face: root.face
         }
     }
     Component {
         id: filesBody
 
         FilesBody {
-            files: root.files
-            more: root.moreFiles
-        }
-    }
-    Component {
-        id: lostBody
-
-        TextBody {
-            text: root.title
-            color: Theme.ink2
+            face: root.face
         }
     }
     Component {
         id: secretBody
 
         SecretBody {
-            text: root.title
-            forgetting: root.forgetting
+            face: root.face
             isRevealed: root.isRevealed || root.isHovered
         }
     }

@@ -1,17 +1,15 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// The upper line of a card: what kind of clip it is, whether it is on the clipboard now, and its pin.
+// The header of a card: its kind, whether it is on the clipboard now, and its pin.
 Item {
     id: root
 
+    required property clipFace face
     property string symbol
-    property string text
-    property int pinNumber: 0
-    property bool isPinned: false
-    property bool isCurrent: false
-    // The pointer is on the card: the pin can be set.
+    // The card is hovered: shows the pin button.
     property bool isActive: false
 
     signal pinToggled
@@ -36,7 +34,7 @@ Item {
             verticalCenter: parent.verticalCenter
         }
         width: Math.min(implicitWidth, marks.x - x - Theme.space1)
-        text: root.text
+        text: root.face.kindText
         role: Theme.caption
         color: Theme.ink2
         Accessible.ignored: true
@@ -52,25 +50,25 @@ Item {
         spacing: Theme.space1
 
         Symbol {
-            visible: root.isCurrent && !root.isActive
+            visible: root.face.isCurrent && !root.isActive
             name: "checkmark.circle.fill"
             size: 14
             color: Theme.green.mark
             anchors.verticalCenter: parent.verticalCenter
         }
         IconButton {
-            visible: root.isActive || root.isPinned && root.pinNumber === 0
+            visible: root.isActive || root.face.isPinned && root.face.pinNumber === 0
             size: 20
             symbolSize: 16
-            symbol: root.isPinned ? "star.fill" : "star"
-            label: root.isPinned ? qsTr("Unpin") : qsTr("Pin")
-            ink: root.isPinned ? Theme.accent : Theme.ink2
+            symbol: root.face.isPinned ? "star.fill" : "star"
+            label: root.face.isPinned ? qsTr("Unpin") : qsTr("Pin")
+            ink: root.face.isPinned ? Theme.accent : Theme.ink2
             activeFocusOnTab: false
             anchors.verticalCenter: parent.verticalCenter
             onClicked: root.pinToggled()
         }
         Rectangle {
-            visible: root.pinNumber > 0
+            visible: root.face.pinNumber > 0
             width: Math.max(18, number.implicitWidth + 8)
             height: 18
             radius: Theme.radiusHighlight
@@ -81,7 +79,7 @@ Item {
                 id: number
 
                 anchors.centerIn: parent
-                text: root.pinNumber
+                text: root.face.pinNumber
                 role: Theme.captionStrong
                 color: Theme.onAccent
                 Accessible.ignored: true

@@ -1,26 +1,18 @@
 import QtQuick
-import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
 // What can be done with one clip.
-Menu {
+OverlayMenu {
     id: root
 
-    required property ClipboardModel clipboard
     required property string clipId
     readonly property var face: clipboard.items.faceOf(clipId)
-    readonly property bool isCentred: false
-    readonly property bool hangsLeft: false
 
     signal picked
     signal textPicked
     signal previewAsked
     signal collectionsAsked
-
-    function begin() {
-        root.focusFirst();
-    }
 
     MenuRow {
         text: qsTr("Copy")

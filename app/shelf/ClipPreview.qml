@@ -3,8 +3,8 @@ import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// One clip as large as the shelf allows; a picture beside the text that it came with. Space and Escape close it, Return
-// picks the clip, Control+C copies what is selected.
+// A large view of one clip; a picture and its text side by side. Space and Escape close it, Return copies the clip,
+// Control+C copies the selection.
 FocusScope {
     id: root
 
@@ -25,7 +25,7 @@ FocusScope {
         if (words.selectedText === "")
             root.picked();
         else
-            root.clipboard.copyPart(words.selectedText);
+            root.clipboard.copyText(words.selectedText);
     }
 
     signal picked

@@ -8,13 +8,13 @@ FocusScope {
     id: root
 
     required property ClipboardModel clipboard
-    // The keyboard focus is in the search and acts on the present card.
+    // The focus is in the search field, whose keys act on the current card.
     property bool isSearching: false
-    // The keys come faster than the row glides: it follows at once, or the present card would be out of view.
+    // Keys repeat faster than the list scrolls: it jumps, so that the current card stays in view.
     property bool isHurried: false
-    // Room around the cards for the ring of the keyboard.
+    // Room around the cards for the focus ring.
     readonly property int margin: 8
-    // A secret under the keyboard is shown when the user has walked there, not when the shelf has just been opened.
+    // The focused card shows its secret only after the user has moved the focus, not right after opening.
     property bool hasWalked: false
     readonly property string currentId: clipboard.focusedItem
 
@@ -36,6 +36,12 @@ FocusScope {
         const next = Math.max(0, Math.min(last, row));
         list.currentIndex = last < 0 ? -1 : next;
         root.clipboard.focusedItem = root.clipboard.items.idAt(list.currentIndex);
+    }
+    // The rows are about to change: focus the first one.
+    function startOver() {
+        hasWalked = false;
+        list.currentIndex = 0;
+        root.clipboard.focusedItem = "";
     }
     function step(by: int) {
         hasWalked = true;
@@ -115,21 +121,17 @@ FocusScope {
         function onVisibleItemsChanged() {
             root.settle();
         }
-        // What was copied here comes first, and the keys are for it.
-        function onFocusedItemIDChanged() {
+        // A clip that was copied here comes first and gets the focus.
+        function onFocusedItemChanged() {
             const row = root.clipboard.items.rowOf(root.clipboard.focusedItem);
             if (row >= 0)
                 list.currentIndex = row;
         }
         function onQueryChanged() {
-            root.hasWalked = false;
-            list.currentIndex = 0;
-            root.clipboard.focusedItem = "";
+            root.startOver();
         }
         function onFilterChanged() {
-            root.hasWalked = false;
-            list.currentIndex = 0;
-            root.clipboard.focusedItem = "";
+            root.startOver();
             list.positionViewAtBeginning();
         }
     }
@@ -142,7 +144,7 @@ FocusScope {
         orientation: ListView.Horizontal
         model: root.clipboard.items
         spacing: Theme.space2
-        // Margins would not count when the view goes to its beginning.
+        // Margins are ignored by positionViewAtBeginning.
         header: Item {
             width: Theme.space4
             height: 1
@@ -154,7 +156,7 @@ FocusScope {
         cacheBuffer: 320
         reuseItems: true
         keyNavigationEnabled: false
-        // Drawn along by a finger; the mouse takes cards away.
+        // Touch scrolls; the mouse drags cards out.
         interactive: !mouse.hovered
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: Theme.reducedMotion || root.isHurried ? 0 : Theme.hoverDuration
@@ -169,12 +171,12 @@ FocusScope {
             isUnderKeyboard: ListView.isCurrentItem && (root.activeFocus || root.isSearching)
             isRevealed: isUnderKeyboard && root.hasWalked
             clipboard: root.clipboard
-            onPicked: root.picked(clipId)
+            onPicked: root.picked(face.clipId)
             onMenuAsked: (x, y) => {
                 const place = mapToItem(root, x, y);
-                root.menuAsked(clipId, place.x, place.y);
+                root.menuAsked(face.clipId, place.x, place.y);
             }
-            onDragAsked: card => root.dragAsked(clipId, card)
+            onDragAsked: card => root.dragAsked(face.clipId, card)
         }
 
         WheelHandler {

@@ -1,12 +1,13 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 
-// Code in a fixed face, its words coloured; long lines go on beyond the edge.
+// Code with syntax colours; long lines are cut off.
 Item {
     id: root
 
-    // Its colours are the names of these.
-    property string code
+    required property clipFace face
+    // The colours for the names in the markup.
     readonly property var colors: ({
             keyword: Theme.violet.text,
             assigned: Theme.blue.text,
@@ -30,7 +31,7 @@ Item {
             x: Theme.space2
             y: Theme.space2
             width: parent.width - Theme.space2 - 2
-            text: root.code.replace(/"(keyword|assigned|quoted|comment)"/g, (match, word) => `"${root.colors[word]}"`)
+            text: root.face.code.replace(/"(keyword|assigned|quoted|comment)"/g, (match, word) => `"${root.colors[word]}"`)
             font: Theme.code.font
             lineHeight: Theme.code.line
             lineHeightMode: Text.FixedHeight

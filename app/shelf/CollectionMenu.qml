@@ -1,25 +1,17 @@
 import QtQuick
-import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
 // The collections that a clip is in, and could be in.
-Menu {
+OverlayMenu {
     id: root
 
-    required property ClipboardModel clipboard
     required property string clipId
-    readonly property bool isCentred: false
-    readonly property bool hangsLeft: false
     readonly property int mostShown: 5
-    // Counts up when a collection was chosen, so that the check marks are read again.
+    // Incremented to re-evaluate the check marks.
     property int turn: 0
 
     signal nameAsked
-
-    function begin() {
-        root.focusFirst();
-    }
 
     ScrollView {
         id: scroll

@@ -1,13 +1,12 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 
 // A colour, as it is written and as it looks.
 Item {
     id: root
 
-    property color swatch
-    property string notation
-    property string components
+    required property clipFace face
 
     Rectangle {
         id: field
@@ -16,7 +15,7 @@ Item {
         width: parent.width - 2 * Theme.space3
         height: Math.round(64 * Theme.textScale)
         radius: Theme.radiusButton
-        color: root.swatch
+        color: root.face.swatch
         border.width: 1
         border.color: Theme.line
     }
@@ -26,7 +25,7 @@ Item {
         x: Theme.space3
         y: field.height + Theme.space2
         width: field.width
-        text: root.notation
+        text: root.face.title
         role: Theme.rowTitle
         Accessible.ignored: true
     }
@@ -34,7 +33,7 @@ Item {
         x: Theme.space3
         y: name.y + name.height + 1
         width: field.width
-        text: root.components
+        text: root.face.detail
         role: Theme.subLine
         color: Theme.ink2
         Accessible.ignored: true

@@ -6,9 +6,9 @@
 namespace ambrel {
 namespace {
 
-// While the pointer moves. Nobody notices a tenth of a second.
+// While the pointer moves.
 constexpr int movingInterval = 100;
-// Where movements are not announced.
+// Where the platform does not report movements.
 constexpr int blindInterval = 250;
 
 }  // namespace
@@ -33,7 +33,7 @@ void EdgeSensor::setActive(bool active) {
 void EdgeSensor::look() {
   if (!isActive_) return;
   const auto pointer = pointer_.location();
-  // A pointer that drags a window there wants it to fill the screen.
+  // With a button pressed, a window is being dragged to the edge to maximise it.
   std::vector<ScreenFrames> screens;
   for (const ScreenInfo& screen : screens_.list()) screens.push_back({screen.frame, screen.visibleFrame});
   const bool isAsking = dwell_.update(pointer, screens, now_()) && !pointer_.isPressed();

@@ -1,5 +1,5 @@
 #pragma once
-// Notices a pointer that rests at the middle of a screen's upper edge. There is no window, so clicks reach what
+// Detects a pointer that rests at the middle of a screen's upper edge. It uses no window, so that clicks reach what
 // is below.
 
 #include <QObject>
@@ -22,10 +22,10 @@ class EdgeSensor : public QObject {
   std::function<void()> onEnter;
 
   bool isActive() const { return isActive_; }
-  // While it is not active it costs nothing.
+  // It does no work while it is inactive.
   void setActive(bool active);
   void look();
-  // Whether it will look again by itself, before the pointer moves.
+  // Whether a timer is running, rather than a wait for the next movement.
   bool isLooking() const { return timer_.isActive(); }
 
  private:

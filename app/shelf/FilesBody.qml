@@ -1,12 +1,12 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 
 // The first files by name.
 Item {
     id: root
 
-    property var files: []
-    property string more
+    required property clipFace face
 
     Column {
         x: Theme.space3
@@ -14,7 +14,7 @@ Item {
         spacing: Theme.space2
 
         Repeater {
-            model: root.files
+            model: root.face.files
 
             Item {
                 id: row
@@ -47,9 +47,9 @@ Item {
             }
         }
         Label {
-            visible: root.more !== ""
+            visible: root.face.moreFiles !== ""
             width: parent.width
-            text: root.more
+            text: root.face.moreFiles
             role: Theme.subLine
             color: Theme.ink2
             Accessible.ignored: true

@@ -3,40 +3,19 @@ import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// What the shelf shows: everything, the pinned clips, one kind, or one collection. More than fit scroll.
+// The filters: all clips, pinned clips, one kind, or one collection. They scroll if they do not fit.
 Item {
     id: root
 
     required property ClipboardModel clipboard
     readonly property var kinds: [
-        {
-            filter: "all",
-            title: qsTr("All")
-        },
-        {
-            filter: "pinned",
-            title: qsTr("Pinned")
-        },
-        {
-            filter: "kind:text",
-            title: qsTr("Text")
-        },
-        {
-            filter: "kind:link",
-            title: qsTr("Links")
-        },
-        {
-            filter: "kind:color",
-            title: qsTr("Colors")
-        },
-        {
-            filter: "kind:image",
-            title: qsTr("Images")
-        },
-        {
-            filter: "kind:file",
-            title: qsTr("Files")
-        }
+        { filter: "all", title: qsTr("All") },
+        { filter: "pinned", title: qsTr("Pinned") },
+        { filter: "kind:text", title: qsTr("Text") },
+        { filter: "kind:link", title: qsTr("Links") },
+        { filter: "kind:color", title: qsTr("Colors") },
+        { filter: "kind:image", title: qsTr("Images") },
+        { filter: "kind:file", title: qsTr("Files") }
     ]
 
     function reveal(chip: Item) {
@@ -69,7 +48,7 @@ Item {
         Row {
             id: row
 
-            // Room for the ring of the keyboard.
+            // Room for the focus ring.
             x: 6
             y: 6
             spacing: Theme.space2

@@ -1,12 +1,12 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 
 // Where a link leads: its host, and what follows.
 Item {
     id: root
 
-    property string host
-    property string rest
+    required property clipFace face
 
     Column {
         x: Theme.space3
@@ -15,7 +15,7 @@ Item {
 
         Label {
             width: parent.width
-            text: root.host
+            text: root.face.title
             role: Theme.rowTitle
             lineHeight: 18 * Theme.textScale
             wrapMode: Text.Wrap
@@ -24,8 +24,8 @@ Item {
         }
         Label {
             width: parent.width
-            visible: root.rest !== ""
-            text: root.rest
+            visible: root.face.detail !== ""
+            text: root.face.detail
             role: Theme.small
             color: Theme.blue.text
             wrapMode: Text.WrapAnywhere

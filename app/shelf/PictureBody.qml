@@ -1,13 +1,12 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 
-// A picture over the whole width of its card.
+// A picture over the whole width of its card, and the beginning of the text that came with it.
 Item {
     id: root
 
-    property string picture
-    // Of what came beside the picture, the beginning.
-    property string text
+    required property clipFace face
 
     Rectangle {
         x: 1
@@ -26,7 +25,7 @@ Item {
             id: image
 
             anchors.fill: parent
-            source: root.picture === "" ? "" : "image://ambrel.clip/card/" + root.picture
+            source: root.face.picture === "" ? "" : "image://ambrel.clip/card/" + root.face.picture
             sourceSize.width: Math.round(width * Screen.devicePixelRatio)
             sourceSize.height: Math.round(height * Screen.devicePixelRatio)
             asynchronous: true
@@ -38,7 +37,7 @@ Item {
             anchors.right: parent.right
             anchors.bottom: parent.bottom
             height: label.height + Theme.space2
-            visible: root.text !== ""
+            visible: root.face.detail !== ""
             color: Theme.card
             opacity: 0.9
         }
@@ -51,8 +50,8 @@ Item {
             anchors.leftMargin: Theme.space3
             anchors.rightMargin: Theme.space3
             anchors.bottomMargin: Theme.space1
-            visible: root.text !== ""
-            text: root.text
+            visible: root.face.detail !== ""
+            text: root.face.detail
             role: Theme.subLine
             Accessible.ignored: true
         }

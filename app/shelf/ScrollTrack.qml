@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// A thin line that shows which part of a long row is in view, and a handle to drag.
+// A thin horizontal scroll bar.
 Item {
     id: root
 

@@ -1,12 +1,12 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 
 // A secret: dots until somebody looks, and when it will be forgotten.
 Item {
     id: root
 
-    property string text
-    property string forgetting
+    required property clipFace face
     property bool isRevealed: false
 
     Column {
@@ -51,7 +51,7 @@ Item {
         Label {
             width: parent.width
             visible: root.isRevealed
-            text: root.text
+            text: root.face.title
             role: Theme.code
             wrapMode: Text.WrapAnywhere
             maximumLineCount: 4
@@ -63,7 +63,7 @@ Item {
         width: parent.width - 2 * Theme.space3
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.space2
-        text: root.forgetting
+        text: root.face.forgetting
         role: Theme.caption
         color: Theme.orange.text
         wrapMode: Text.WordWrap

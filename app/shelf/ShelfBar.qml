@@ -3,7 +3,7 @@ import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// The upper line of the shelf: the search, the choice of what is shown, and the menu.
+// The top bar of the shelf: search, filters and menu.
 FocusScope {
     id: root
 
@@ -14,7 +14,7 @@ FocusScope {
     signal walked(int key)
     // Return in the search.
     signal accepted
-    // A key that means nothing to an empty search, but something to the card with the ring.
+    // A key that an empty search field does not use, for the current card.
     signal acted(int key)
     signal menuAsked
 
@@ -22,7 +22,7 @@ FocusScope {
         search.input.forceActiveFocus(Qt.ShortcutFocusReason);
         search.selectAll();
     }
-    // What was typed elsewhere goes on here.
+    // Appends text that was typed while the cards had the focus.
     function type(text: string) {
         search.input.forceActiveFocus(Qt.OtherFocusReason);
         search.input.insert(search.input.length, text);

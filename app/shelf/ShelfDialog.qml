@@ -14,7 +14,7 @@ PanelGround {
     readonly property bool hangsLeft: false
     default property alias content: slot.data
 
-    // Puts the keyboard where it begins.
+    // Sets the initial focus.
     function begin() {
         no.forceActiveFocus(Qt.TabFocusReason);
     }
@@ -31,7 +31,7 @@ PanelGround {
     Accessible.role: Accessible.Dialog
     Accessible.name: title + " " + sentence
 
-    // Clicks on it do not close it.
+    // Clicks inside must not close it.
     MouseArea {
         anchors.fill: parent
     }

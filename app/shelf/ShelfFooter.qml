@@ -1,28 +1,16 @@
 import QtQuick
 import Ambrel.Kit
 
-// Which keys do what, and how much there is.
+// Keyboard hints and a summary of the history.
 Item {
     id: root
 
     property string summary
     readonly property var hints: [
-        {
-            keys: [qsTr("Enter")],
-            text: qsTr("copies")
-        },
-        {
-            keys: [qsTr("Alt"), "1"],
-            text: qsTr("copies a pin")
-        },
-        {
-            keys: [qsTr("Delete")],
-            text: qsTr("removes")
-        },
-        {
-            keys: [qsTr("Space")],
-            text: qsTr("previews")
-        }
+        { keys: [qsTr("Enter")], text: qsTr("copies") },
+        { keys: [qsTr("Alt"), "1"], text: qsTr("copies a pin") },
+        { keys: [qsTr("Delete")], text: qsTr("removes") },
+        { keys: [qsTr("Space")], text: qsTr("previews") }
     ]
 
     implicitHeight: row.height

@@ -1,15 +1,11 @@
 import QtQuick
-import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// What can be done with the history as a whole, and with the collection that is shown.
-Menu {
+// Commands for the whole history, and for the current collection.
+OverlayMenu {
     id: root
 
-    required property ClipboardModel clipboard
-    readonly property bool isCentred: false
-    readonly property bool hangsLeft: true
     readonly property string collectionId: clipboard.filter.startsWith("collection:") ? clipboard.filter.substring(11) : ""
 
     signal cleanupAsked
@@ -18,9 +14,7 @@ Menu {
     signal clearAsked
     signal settingsAsked
 
-    function begin() {
-        root.focusFirst();
-    }
+    hangsLeft: true
 
     MenuRow {
         text: qsTr("Clean up…")

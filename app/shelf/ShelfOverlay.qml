@@ -3,16 +3,16 @@ import Ambrel.Clipboard
 import Ambrel.Kit
 import Ambrel.Shelf
 
-// What opens over the cards: menus, a preview, a question. One at a time; a click beside it and Escape close it.
+// Popups over the cards: menus, the preview, dialogs. One at a time; Escape and a click outside close it.
 FocusScope {
     id: root
 
     required property ClipboardModel clipboard
-    // The clip that the menu, the preview or the new collection is about.
+    // The clip of the menu, of the preview or for the new collection.
     property string clipId
     property string collectionId
     property point place
-    // One of the components below; each says where it is placed and has a `begin` for the keyboard.
+    // One of the components below; each has isCentred, hangsLeft and a function `begin` that sets the focus.
     readonly property var content: loader.item
 
     signal picked(string id)
@@ -45,7 +45,7 @@ FocusScope {
         loader.sourceComponent = undefined;
         root.closed();
     }
-    // Inside the shelf, whatever was asked for.
+    // Keeps the popup inside the shelf.
     function settle() {
         if (!content)
             return;
@@ -57,7 +57,7 @@ FocusScope {
 
     visible: loader.status === Loader.Ready
     Keys.onEscapePressed: root.close()
-    // The keys of the cards below are not for it.
+    // Keys must not reach the cards below.
     Keys.onPressed: event => event.accepted = true
 
     MouseArea {
@@ -150,7 +150,7 @@ FocusScope {
             isCareful: true
             onCloseRequested: root.close()
             onAccepted: {
-                root.clipboard.clear();
+                root.clipboard.clearHistory();
                 root.close();
             }
         }

@@ -3,11 +3,10 @@
 #include <QDrag>
 #include <QMimeData>
 #include <QPainter>
+#include <QPointer>
 #include <QQmlEngine>
-#include <QQuickItem>
 #include <QQuickItemGrabResult>
 #include <QUrl>
-#include <QtMath>
 #include <algorithm>
 
 #include "app/base/StoredValue.h"
@@ -24,7 +23,7 @@
 namespace ambrel {
 namespace {
 
-// What another application gets when the clip is dropped on it.
+// The data for a drop on another application.
 std::unique_ptr<QMimeData> mimeData(const std::vector<Representation>& representations) {
   auto data = std::make_unique<QMimeData>();
   for (const Representation& one : representations) {
@@ -85,7 +84,7 @@ void ShelfPanelController::makeWindow() {
   window_->setCornerRadius(Theme::radiusBar);
   connect(window_.get(), &PanelWindow::leaveAsked, this, &ShelfPanelController::close);
   connect(window_.get(), &QWindow::activeChanged, this, [this] {
-    // A click has given it the keyboard; from here on it stays until it loses it.
+    // After a click it has the keyboard, and stays open until it loses it.
     if (window_->isActive()) isPointers_ = false;
   });
   connect(window_.get(), &PanelWindow::pressed, this, [this] {
@@ -105,7 +104,7 @@ QRect ShelfPanelController::screenFrame() const {
   const auto under = std::ranges::find_if(
       screens, [&](const ScreenInfo& one) { return pointer && one.frame.contains(*pointer, true); });
   const ScreenInfo& screen = under == screens.end() ? screens.front() : *under;
-  // Below what other programs keep at the upper edge.
+  // Below space reserved by other programs.
   Rect frame = screen.frame;
   frame.height = screen.visibleFrame.maxY() - frame.y;
   return toRect(frame, seams_.screens.mainHeight());
@@ -131,17 +130,17 @@ void ShelfPanelController::show(bool takesKeys) {
     isPointers_ = !takesKeys;
     ++leaveGeneration_;
     clipboard_.setQuery({});
-    clipboard_.setFilter({ClipFilter::All{}});
+    clipboard_.setFilter(QStringLiteral("all"));
     clipboard_.refresh();
     Q_EMIT opened();
   }
   window_->setPanelFrame(panelFrame(screen), screen);
-  // A window that comes by itself must not take the keys away.
+  // A window that was not asked for must not take the keyboard.
   seams_.windowStyle.setTakesKeys(*window_, takesKeys);
   window_->show();
   window_->raise();
   if (takesKeys) {
-    // The keys are for the card with the ring, although no key has come to this window yet.
+    // Show the focus ring at once, although no key was pressed in this window.
     if (isNew) keyboardFocusOf(engine_).setIsShown(true);
     seams_.windowStyle.activate(*window_);
   }
@@ -217,13 +216,13 @@ void ShelfPanelController::dragOut(const QString& id, QQuickItem* card) {
   if (!item || !card) return;
   std::optional<std::string> picture;
   if (item->imageFileName) {
-    // A few milliseconds at the beginning of a gesture; the data must be there before it starts.
+    // Read synchronously, a few milliseconds: the data must be complete before the drag starts.
     picture = readFile(clipboard_.picturesFolder() / *item->imageFileName);
     if (!picture) return;
   }
   const auto grab = card->grabToImage();
   if (!grab) return;
-  // The drag runs an event loop of its own, which must not begin inside the item's handler.
+  // The drag runs a nested event loop, which must not start inside the item's handler.
   connect(
       grab.get(), &QQuickItemGrabResult::ready, this,
       [this, grab, item = *item, picture, card = QPointer(card)] { runDrag(item, picture, grab->image(), card); },
@@ -238,14 +237,14 @@ void ShelfPanelController::runDrag(const ClipItem& item, const std::optional<std
   if (item.imageFileName)
     data->setUrls({QUrl::fromLocalFile(QString::fromStdString(clipboard_.picturesFolder() / *item.imageFileName))});
   drag->setMimeData(data.release());
-  // Where nothing shows through, what is clear would be white.
+  // Without compositing, transparent pixels would be white.
   QPixmap pixmap(image.size());
   pixmap.fill(isCompositing() ? QColor(Qt::transparent) : themeOf(engine_).panel());
   QPainter(&pixmap).drawImage(0, 0, image);
   pixmap.setDevicePixelRatio(window_->devicePixelRatio());
   drag->setPixmap(pixmap);
   drag->setHotSpot(card ? QPoint(qRound(card->width() / 2), qRound(card->height() / 3)) : QPoint());
-  // Dropped somewhere else, the shelf has done its work.
+  // Closed after a drop on another window.
   if (drag->exec(Qt::CopyAction) != Qt::IgnoreAction) close();
 }
 

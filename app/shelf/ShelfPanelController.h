@@ -3,7 +3,6 @@
 
 #include <QImage>
 #include <QObject>
-#include <QPointer>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
@@ -24,12 +23,12 @@ class EdgeSensor;
 class PanelWindow;
 class ToastController;
 
-// The window and what is in it are made at the first opening.
+// The window is created at the first opening.
 class ShelfPanelController : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  // Whether the screen shows through where nothing is drawn; elsewhere that is black.
+  // Whether transparency works; without it, transparent pixels are black.
   Q_PROPERTY(bool isCompositing READ isCompositing NOTIFY opened)
 
  public:
@@ -40,11 +39,11 @@ class ShelfPanelController : public QObject {
     DelayedStep later;
     std::function<Instant()> now;
   };
-  // What it shows at its usual scale, in points.
+  // The size at the usual scale, in logical pixels.
   static constexpr int width = 980, height = 300;
-  // How far its ground reaches beyond the screen's edge, so that only the lower corners are round.
+  // The part of the panel above the screen's edge, which hides the upper round corners.
   static constexpr int overhang = 20;
-  // How long the pointer may be away from a shelf that it has opened.
+  // A shelf opened by the pointer closes after the pointer has been outside for so long.
   static constexpr Seconds leaveDelay{0.5};
 
   ShelfPanelController(QQmlEngine& engine, ClipboardModel& clipboard, AppSettings& settings, ToastController& toast,
@@ -52,30 +51,30 @@ class ShelfPanelController : public QObject {
   ~ShelfPanelController() override;
 
   bool isCompositing() const { return seams_.windowStyle.isCompositing(); }
-  // Shown, or about to be.
+  // Shown, or being shown.
   bool isShown() const { return presentation_.isShown(); }
-  // With the keyboard.
+  // Opens it with the keyboard focus.
   void open();
   void close();
   void toggle();
-  // The pointer has opened it: it takes no keys until it is clicked, and goes when the pointer does.
+  // Opens it without the keyboard focus, which a click gives it; it closes when the pointer leaves.
   void openByPointer();
-  // The screens have changed.
+  // To be called when the screens have changed.
   void place();
   void setScale(qreal scale) { scale_ = scale; }
 
   // For the view.
   Q_INVOKABLE void dismiss() { close(); }
-  // Puts a clip on the pasteboard and leaves.
+  // Copies a clip and closes the shelf.
   Q_INVOKABLE void pick(const QString& id);
   Q_INVOKABLE void pickPinned(int number);
-  // The pointer has come onto the panel or has left it.
+  // The pointer has entered or left the panel.
   Q_INVOKABLE void setPointerInside(bool isInside);
-  // Begins to drag a clip out of the shelf; `card` is what is seen under the pointer.
+  // Starts to drag a clip out of the shelf; `card` is the drag's picture.
   Q_INVOKABLE void dragOut(const QString& id, QQuickItem* card);
   Q_INVOKABLE void askForSettings() { Q_EMIT settingsAsked(); }
 
-  // A pinned clip was copied by its number, by key or from outside: says so. False when there is no such clip.
+  // Copies a pinned clip by its number and shows a message. False if there is no such clip.
   bool copyPinned(int number);
 
   QWindow* window() const;
@@ -84,7 +83,7 @@ class ShelfPanelController : public QObject {
  Q_SIGNALS:
   void shownChanged();
   void settingsAsked();
-  // It has just been opened: the view starts over.
+  // It was opened: the view resets.
   void opened();
 
  private:

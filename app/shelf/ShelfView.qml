@@ -16,7 +16,7 @@ FocusScope {
     readonly property bool isOpen: presentation.isContentShown
     readonly property real unit: Theme.textScale
     readonly property bool slides: controller.isCompositing && !Theme.reducedMotion
-    // 0 beyond the edge, 1 in place.
+    // 0 outside the screen, 1 in place.
     readonly property real presence: spring.value
 
     PresenceSpring {
@@ -30,7 +30,7 @@ FocusScope {
         if (event.modifiers === Qt.AltModifier && event.key >= Qt.Key_1 && event.key <= Qt.Key_9)
             root.controller.pickPinned(event.key - Qt.Key_0);
         else if (control && event.key === Qt.Key_Z)
-            root.clipboard.undo();
+            root.clipboard.undoRemove();
         else if (control && event.key === Qt.Key_F)
             bar.focusSearch();
         else if (event.key === Qt.Key_Escape && root.clipboard.query !== "")
@@ -54,7 +54,7 @@ FocusScope {
     Item {
         id: panel
 
-        // The part of the ground beyond the edge of the screen.
+        // The part of the panel outside the screen.
         readonly property real overhang: Math.max(0, -root.window.panelRect.y)
 
         x: root.window.panelRect.x
@@ -73,7 +73,7 @@ FocusScope {
         HoverHandler {
             onHoveredChanged: root.controller.setPointerInside(hovered)
         }
-        // A click on the panel must not fall through to what is below it.
+        // Clicks must not reach windows below.
         TapHandler {
             gesturePolicy: TapHandler.ReleaseWithinBounds
         }

@@ -1,13 +1,13 @@
 import QtQuick
 import Ambrel.Kit
 
-// Turns of the wheel move a row of cards along, a little longer than they last.
+// Smooth scrolling by the mouse wheel.
 NumberAnimation {
     id: root
 
     required property ListView view
 
-    // In eighths of a degree, as wheels tell it: 120 is one click.
+    // In eighths of a degree: 120 is one step of the wheel.
     function by(angle: real) {
         const from = running ? to : view.contentX;
         const first = view.originX;

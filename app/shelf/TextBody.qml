@@ -1,9 +1,12 @@
 import QtQuick
+import Ambrel.Clipboard
 import Ambrel.Kit
 
 // The beginning of a text.
 Item {
-    property alias text: label.text
+    id: root
+
+    required property clipFace face
     property alias color: label.color
 
     clip: label.implicitHeight > height
@@ -11,6 +14,7 @@ Item {
     Label {
         id: label
 
+        text: root.face.title
         x: Theme.space3
         width: parent.width - 2 * Theme.space3
         height: parent.height

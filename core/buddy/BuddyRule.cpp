@@ -15,6 +15,7 @@ struct Row {
   BuddyTrigger trigger;
   double cooldown;
   bool isLasting;
+  std::string_view symbol, tone;
 };
 
 const std::string diskFoundPrefix = "disk.found:";
@@ -27,24 +28,24 @@ constexpr std::array rows = [] {
   using enum BuddyCategory;
   using T = BuddyTrigger;
   return std::array{
-      Row{agentNeedsInput, urgent, agents, T::startle, 120, lasting},
-      Row{agentFinished, important, agents, T::highFive, 0, oneShot},
-      Row{agentStopped, important, agents, T::shake, 0, oneShot},
-      Row{agentStillWorking, info, agents, T::typing, 0, lasting},
-      Row{awayDigest, important, agents, T::wave, 0, oneShot},
-      Row{meetingSoon, important, meetings, T::lookAround, 0, lasting},
-      Row{meetingStart, urgent, meetings, T::jump, 0, lasting},
-      Row{claudeLimit, important, limits, T::peek, 0, lasting},
-      Row{codexSession, important, limits, T::peek, 0, lasting},
-      Row{codexWeek, important, limits, T::peek, 0, lasting},
-      Row{batteryLow, important, system, T::stretch, 1800, lasting},
-      Row{batteryCritical, urgent, system, T::sneeze, 1800, lasting},
-      Row{diskLow, important, system, T::lookAround, 21600, lasting},
-      Row{cpuHigh, info, system, T::typing, 1800, lasting},
-      Row{water, info, health, T::drink, 0, lasting},
-      Row{focusEnded, info, health, T::dance, 0, oneShot},
-      Row{breakOver, info, health, T::sip, 0, oneShot},
-      Row{daySummary, info, health, T::love, 0, oneShot},
+      Row{agentNeedsInput, urgent, agents, T::startle, 120, lasting, "hand.raised.fill", "orange"},
+      Row{agentFinished, important, agents, T::highFive, 0, oneShot, "checkmark.circle.fill", "green"},
+      Row{agentStopped, important, agents, T::shake, 0, oneShot, "stop.fill", "red"},
+      Row{agentStillWorking, info, agents, T::typing, 0, lasting, "circle.dotted", "blue"},
+      Row{awayDigest, important, agents, T::wave, 0, oneShot, "list.bullet", "blue"},
+      Row{meetingSoon, important, meetings, T::lookAround, 0, lasting, "calendar.badge.clock", "blue"},
+      Row{meetingStart, urgent, meetings, T::jump, 0, lasting, "calendar.badge.clock", "orange"},
+      Row{claudeLimit, important, limits, T::peek, 0, lasting, "sparkle", "orange"},
+      Row{codexSession, important, limits, T::peek, 0, lasting, "chevron.left.forwardslash.chevron.right", "orange"},
+      Row{codexWeek, important, limits, T::peek, 0, lasting, "chevron.left.forwardslash.chevron.right", "orange"},
+      Row{batteryLow, important, system, T::stretch, 1800, lasting, "battery.25percent", "orange"},
+      Row{batteryCritical, urgent, system, T::sneeze, 1800, lasting, "battery.0percent", "red"},
+      Row{diskLow, important, system, T::lookAround, 21600, lasting, "internaldrive", "orange"},
+      Row{cpuHigh, info, system, T::typing, 1800, lasting, "cpu", "neutral"},
+      Row{water, info, health, T::drink, 0, lasting, "drop", "neutral"},
+      Row{focusEnded, info, health, T::dance, 0, oneShot, "timer", "neutral"},
+      Row{breakOver, info, health, T::sip, 0, oneShot, "timer", "neutral"},
+      Row{daySummary, info, health, T::love, 0, oneShot, "sunrise", "neutral"},
   };
 }();
 
@@ -128,6 +129,8 @@ BuddyCategory category(BuddyRule rule) { return row(rule).category; }
 BuddyTrigger trigger(BuddyRule rule) { return row(rule).trigger; }
 Seconds cooldown(BuddyRule rule) { return Seconds(row(rule).cooldown); }
 bool isLasting(BuddyRule rule) { return row(rule).isLasting; }
+std::string_view symbol(BuddyRule rule) { return row(rule).symbol; }
+std::string_view tone(BuddyRule rule) { return row(rule).tone; }
 
 BuddyNotice diskFoundNotice(std::int64_t bytes, std::string detail, Instant now, const Calendar& calendar) {
   return BuddyNotice(diskFoundPrefix + idTime(now), BuddyRule::diskLow,

@@ -93,6 +93,12 @@ struct PictureSize {
 // From the first 24 bytes of a PNG; absent when they are not.
 std::optional<PictureSize> pngSize(std::string_view bytes);
 
+// A picture in the image folder.
+struct SavedPicture {
+  std::string name;
+  PictureSize size;
+};
+
 // Where a new item comes from.
 struct ClipOrigin {
   UUID id;

@@ -2,6 +2,8 @@
 
 #include <unordered_set>
 
+#include "core/clipboard/Whitespace.h"
+
 namespace ambrel {
 
 ClipFacts factsOf(const ClipItem& item, SearchFolding folding) {
@@ -10,6 +12,23 @@ ClipFacts factsOf(const ClipItem& item, SearchFolding folding) {
   facts.preview = previewOf(item, facts.isSensitive);
   if (item.text && !folding.leavesSearchable(*item.text)) facts.foldedText = folding.folded(*item.text);
   return facts;
+}
+
+std::optional<CapturedClip> captured(PasteboardContents contents, const std::optional<SavedPicture>& picture,
+                                     ClipOrigin origin, SearchFolding folding) {
+  std::optional<ClipItem> item;
+  if (!contents.filePaths.empty()) {
+    item = fileItem(contents.filePaths, std::move(origin));
+  } else if (picture) {
+    item = imageItem(picture->name, std::move(origin));
+    if (contents.text && !trimmedOfWhitespace(*contents.text).empty()) item->text = std::move(contents.text);
+  } else if (contents.text) {
+    item = textItem(std::move(*contents.text), std::move(origin));
+  }
+  if (!item) return std::nullopt;
+  ClipFacts facts = factsOf(*item, folding);
+  if (picture) facts.pictureSize = picture->size;
+  return CapturedClip{.item = std::move(*item), .facts = std::move(facts)};
 }
 
 const ClipFacts* ClipIndex::find(const UUID& id) const {

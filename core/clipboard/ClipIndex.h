@@ -28,6 +28,15 @@ struct ClipFacts {
 // Linear in the text, which may be many megabytes.
 ClipFacts factsOf(const ClipItem& item, SearchFolding folding);
 
+// The clip that a copy becomes: its files, else its picture with the text beside it, else its text. Absent when there
+// is nothing to keep. `picture`: that of the contents, once it is saved. Linear in the text.
+struct CapturedClip {
+  ClipItem item;
+  ClipFacts facts;
+};
+std::optional<CapturedClip> captured(PasteboardContents contents, const std::optional<SavedPicture>& picture,
+                                     ClipOrigin origin, SearchFolding folding);
+
 // The facts of a library's clips. The content behind an identity never changes, so neither do its facts.
 class ClipIndex {
  public:

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "core/base/Overloaded.h"
@@ -29,6 +30,28 @@ std::vector<ClipItem> takeMarked(std::vector<ClipItem>& items, const std::vector
   return taken;
 }
 
+struct NamedCleanup {
+  std::string_view key, title;
+  ClipCleanup cleanup;
+};
+
+const auto& namedCleanups() {
+  const auto olderThanDays = [](int days) { return ClipCleanup{ClipCleanup::OlderThan{Seconds(days * 86400.0)}}; };
+  const auto all = [](ClipKind kind) { return ClipCleanup{ClipCleanup::Matching{{ClipFilter::Kind{kind}}}}; };
+  static const std::array table{
+      NamedCleanup{"older:1", "Older than a day", olderThanDays(1)},
+      NamedCleanup{"older:7", "Older than 7 days", olderThanDays(7)},
+      NamedCleanup{"older:30", "Older than 30 days", olderThanDays(30)},
+      NamedCleanup{"kind:text", "Texts", all(ClipKind::text)},
+      NamedCleanup{"kind:link", "Links", all(ClipKind::link)},
+      NamedCleanup{"kind:color", "Colors", all(ClipKind::color)},
+      NamedCleanup{"kind:image", "Images", all(ClipKind::image)},
+      NamedCleanup{"kind:file", "Files", all(ClipKind::file)},
+      NamedCleanup{"all", "Everything", {ClipCleanup::All{}}},
+  };
+  return table;
+}
+
 std::size_t textSize(const ClipItem& item) { return item.text ? item.text->size() : 0; }
 
 }  // namespace
@@ -45,6 +68,28 @@ bool ClipFilter::admits(const ClipItem& item) const {
                         [&](const Pinned&) { return item.isPinned; },
                     },
                     value);
+}
+
+std::string ClipFilter::text() const {
+  return std::visit(Overloaded{
+                        [](const Kind& filter) { return "kind:" + std::string(nameOf(filter.kind)); },
+                        [](const Collection& filter) { return "collection:" + filter.id.text(); },
+                        [](const All&) { return std::string("all"); },
+                        [](const Pinned&) { return std::string("pinned"); },
+                    },
+                    value);
+}
+
+std::optional<ClipFilter> ClipFilter::parse(std::string_view text) {
+  if (text == "all") return ClipFilter{All{}};
+  if (text == "pinned") return ClipFilter{Pinned{}};
+  const std::string_view payload = text.substr(text.find(':') + 1);
+  if (text.starts_with("kind:")) {
+    if (const auto kind = fromName<ClipKind>(payload)) return ClipFilter{Kind{*kind}};
+  } else if (text.starts_with("collection:")) {
+    if (const auto id = UUID::parse(payload)) return ClipFilter{Collection{*id}};
+  }
+  return std::nullopt;
 }
 
 const ClipItem* ClipboardLibrary::itemLike(const ClipItem& item) const {
@@ -88,6 +133,20 @@ std::vector<ClipItem> ClipboardLibrary::evictBeyond(std::size_t bytes) {
         total -= textSize(items[i]);
       }
   return takeMarked(items, isEvicted);
+}
+
+std::vector<ClipCleanup::Offer> ClipCleanup::offers(std::span<const ClipItem> items, Instant now) {
+  std::vector<Offer> offers;
+  for (const NamedCleanup& one : namedCleanups())
+    if (const std::size_t count = targets(items, one.cleanup, now).size())
+      offers.push_back({.key = one.key, .title = one.title, .count = count});
+  return offers;
+}
+
+std::optional<ClipCleanup> ClipCleanup::named(std::string_view key) {
+  for (const NamedCleanup& one : namedCleanups())
+    if (one.key == key) return one.cleanup;
+  return std::nullopt;
 }
 
 std::vector<ClipItem> ClipCleanup::targets(std::span<const ClipItem> items, const ClipCleanup& cleanup, Instant now) {

@@ -36,4 +36,19 @@ const SunburstSegment* segmentAt(const std::vector<SunburstSegment>& segments, i
   return nullptr;
 }
 
+const SunburstSegment* neighbour(const std::vector<SunburstSegment>& segments, const SunburstSegment& from,
+                                 SunburstStep step) {
+  std::vector<const SunburstSegment*> ring;
+  std::size_t at = 0;
+  for (const SunburstSegment& other : segments) {
+    if (step == SunburstStep::inwards && other.item == from.item->parent()) return &other;
+    if (step == SunburstStep::outwards && other.item->parent() == from.item) return &other;
+    if (other.ring != from.ring) continue;
+    if (&other == &from) at = ring.size();
+    ring.push_back(&other);
+  }
+  if (step == SunburstStep::inwards || step == SunburstStep::outwards) return nullptr;
+  return ring[(at + (step == SunburstStep::clockwise ? 1 : ring.size() - 1)) % ring.size()];
+}
+
 }  // namespace ambrel

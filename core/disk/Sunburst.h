@@ -23,4 +23,10 @@ std::vector<SunburstSegment> sunburst(const DiskItem& center, int rings, double 
 // The segment at that place, if there is one.
 const SunburstSegment* segmentAt(const std::vector<SunburstSegment>& segments, int ring, double turn);
 
+// Where a step leads: around the ring, to the largest part of the segment, or to the whole that it is a part of. Null
+// where there is nothing.
+enum class SunburstStep { clockwise, counterclockwise, outwards, inwards };
+const SunburstSegment* neighbour(const std::vector<SunburstSegment>& segments, const SunburstSegment& from,
+                                 SunburstStep step);
+
 }  // namespace ambrel

@@ -27,433 +27,206 @@ class BuddyNoticeCenterTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void anUrgentNoticeStaysUntilItIsAnswered();
-  void theNextOneComesWhenTheFirstGoes();
-  void aGlanceAtTheAgentIsNoAnswer();
-  void whatIsInFrontIsLookedAtAtEachTick();
-  void neverSilencesWhatWaitsToo();
-  void heIsPleasedWhenAnAgentFinishes();
-  void theBubbleWaitsForOtherPanels();
-  void theBubbleStaysWhileItIsPointedAt();
-  void theKeyboardChoosesInTheBubble();
-  void theSettingsAreThePolicy();
-  void theAgentInFrontIsNotSpokenOf();
-  void whoComesBackHearsWhatTheOthersDid();
-  void actionsAreCarriedOut();
-  void onlyLinksOfTheWebAreOpened();
-  void aSnoozedNoticeComesBackAsNew();
-  void theInboxKnowsWhatIsNew();
-  void theDaySummaryComesOnceADay();
-  void heFallsAsleepWhenNothingHappens();
-  void hisReactionEndsByItself();
-  void withoutTheLicenceHeIsSilent();
-  void thousandsOfSessionsAreNoFlood();
-  void theFootSaysWhenHeIsQuiet();
-};
-
-void BuddyNoticeCenterTests::anUrgentNoticeStaysUntilItIsAnswered() {
-  BuddyRoom room;
-  room.poll({codex(needsInput)});
-  room.pass(10);
-  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
-  QCOMPARE(room.center->bubbleText().detail, QStringLiteral("Waiting for your answer in web-shop."));
-  QCOMPARE(room.center->bubbleText().actions, QStringList{QStringLiteral("Show")});
-  QCOMPARE(room.peeks, std::vector<double>{8});
-  room.pass(600);
-  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
-  QVERIFY(room.isPeeking);
-  room.center->closeBubble();
-  QCOMPARE(room.bubble(), QString());
-  QVERIFY2(!room.isPeeking, "the bar came out for the bubble alone");
-  // Closed, it is not said again while it lasts.
-  room.pass(600);
-  QCOMPARE(room.bubble(), QString());
-  QCOMPARE(room.inbox(), QStringList{QStringLiteral("Codex needs you")});
-}
-
-void BuddyNoticeCenterTests::theNextOneComesWhenTheFirstGoes() {
-  BuddyRoom room;
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
-  room.waterDueAt = room.now;
-  room.poll({codex(needsInput)});
-  room.tick();
-  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
-  QCOMPARE(room.center->bubbleMore(), 2);
-  room.center->closeBubble();
-  QCOMPARE(room.bubble(), QStringLiteral("Battery 15%"));
-  QCOMPARE(room.center->bubbleMore(), 1);
-  QVERIFY(room.isPeeking);
-  room.pass(8);
-  QCOMPARE(room.bubble(), QStringLiteral("Time for some water"));
-  room.pass(8);
-  QCOMPARE(room.bubble(), QString());
-  QVERIFY(!room.isPeeking);
-  // Each of them brings the bar out.
-  QCOMPARE(room.peeks.size(), std::size_t(3));
-}
-
-void BuddyNoticeCenterTests::aGlanceAtTheAgentIsNoAnswer() {
-  BuddyRoom room;
-  room.poll({codex(needsInput), claude(needsInput)});
-  room.pass(200);
-  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
-  // Five seconds at the one, five at the other, and away for good.
-  for (const char* glance : {"com.openai.codex", "com.anthropic.claudefordesktop"}) {
-    room.workspace.bringToFront({"org.kde.konsole", glance});
-    room.pass(5);
-  }
-  room.workspace.bringToFront({"org.mozilla.firefox"});
-  room.pass(300);
-  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
-  QCOMPARE(room.center->bubbleMore(), 1);
-  QCOMPARE(room.peeks.size(), std::size_t(1));
-  room.poll({codex(working), claude(needsInput)});
-  room.pass(10);
-  QCOMPARE(room.bubble(), QStringLiteral("Claude Code needs you"));
-}
-
-void BuddyNoticeCenterTests::whatIsInFrontIsLookedAtAtEachTick() {
-  BuddyRoom room;
-  // An agent starts in the terminal that has been in front all along, beside another one.
-  room.workspace.inFront = {"org.kde.konsole", "com.openai.codex", "com.anthropic.claudefordesktop"};
-  room.poll({codex(needsInput), claude(needsInput)});
-  room.pass(30);
-  QVERIFY(room.inbox().isEmpty());
-  // One of them ends there, while the other tool's sessions wait elsewhere.
-  room.workspace.inFront = {"org.kde.konsole", "com.anthropic.claudefordesktop"};
-  room.pass(40);
-  QCOMPARE(room.inbox(), QStringList{QStringLiteral("Codex needs you")});
-}
-
-void BuddyNoticeCenterTests::neverSilencesWhatWaitsToo() {
-  BuddyRoom room;
-  room.isFocusRunning = true;
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
-  room.poll({codex(needsInput, "codex:a"), codex(needsInput, "codex:b")});
-  room.tick();
-  QCOMPARE(room.center->bubbleMore(), 1);
-  room.settings->set(setting::buddyLevel, BuddyLevel::off);
-  QVERIFY(!room.center->hasBubble());
-  room.isFocusRunning = false;
-  room.pass(60);
-  QVERIFY(!room.center->hasBubble());
-  QCOMPARE(room.inbox(), (QStringList{QStringLiteral("Codex needs you"), QStringLiteral("Codex needs you")}));
-}
-
-void BuddyNoticeCenterTests::heIsPleasedWhenAnAgentFinishes() {
-  BuddyRoom room;
-  room.pass(400);
-  QVERIFY(room.center->buddy()->isAsleep());
-  room.center->sessionFinished();
-  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("happy"));
-  room.pass(10);
-  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("idle"));
-}
-
-void BuddyNoticeCenterTests::theBubbleWaitsForOtherPanels() {
-  BuddyRoom room;
-  room.center->setPanelOpen(true);
-  room.poll({codex(needsInput)});
-  room.pass(30);
-  QCOMPARE(room.bubble(), QString());
-  QVERIFY(room.peeks.empty());
-  room.center->setPanelOpen(false);
-  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
-  // A panel that opens over it sends it back to wait.
-  room.center->setPanelOpen(true);
-  QCOMPARE(room.bubble(), QString());
-  room.center->setPanelOpen(false);
-  QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
-  // What expires meanwhile does not come at all.
-  room.center->closeBubble();
-  room.center->setPanelOpen(true);
-  room.meetings = {{.id = "m", .title = "Stand-up", .start = advanced(room.now, Seconds(100)), .url = {}}};
-  room.tick();
-  room.pass(9);
-  room.now = advanced(room.now, Seconds(100));
-  room.center->setPanelOpen(false);
-  QCOMPARE(room.bubble(), QString());
-}
-
-void BuddyNoticeCenterTests::theBubbleStaysWhileItIsPointedAt() {
-  BuddyRoom room;
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
-  room.tick();
-  room.pass(5);
-  room.center->setPointed(true);
-  room.pass(60);
-  QVERIFY(room.center->hasBubble());
-  room.center->setPointed(false);
-  room.pass(1);
-  QVERIFY(room.center->hasBubble());
-  room.pass(1);
-  QVERIFY(!room.center->hasBubble());
-}
-
-void BuddyNoticeCenterTests::theKeyboardChoosesInTheBubble() {
-  BuddyRoom room;
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
-  room.waterDueAt = room.now;
-  room.tick();
-  QCOMPARE(room.center->choice(), -1);
-  room.center->moveChoice(1);
-  QCOMPARE(room.center->choice(), -1);
-  room.center->setReached(true);
-  QCOMPARE(room.center->choice(), 0);
-  // Snooze, more, close; and around.
-  for (const int expected : {1, 2, 0}) {
-    room.center->moveChoice(1);
-    QCOMPARE(room.center->choice(), expected);
-  }
-  room.center->moveChoice(-1);
-  QCOMPARE(room.center->choice(), 2);
-  room.pass(60);
-  QCOMPARE(room.bubble(), QStringLiteral("Battery 15%"));
-  room.center->performChoice();
-  QCOMPARE(room.bubble(), QStringLiteral("Time for some water"));
-  QCOMPARE(room.center->choice(), 0);
-  room.center->moveChoice(-1);
-  room.center->performChoice();
-  QVERIFY(!room.center->hasBubble());
-  QCOMPARE(room.center->choice(), -1);
-}
-
-void BuddyNoticeCenterTests::theSettingsAreThePolicy() {
-  BuddyRoom room;
-  QCOMPARE(room.center->policy(),
-           (BuddyPolicy{.quietHours = QuietHours{.startHour = 22, .endHour = 8}, .onlyUnfocusedAgents = true}));
-  room.settings->set(setting::buddyLevel, BuddyLevel::important);
-  room.settings->set(setting::buddyCategories, {BuddyCategory::limits});
-  room.settings->set(setting::quietStartHour, 20);
-  room.settings->set(setting::quietEndHour, 6);
-  room.settings->set(setting::buddyOnlyUnfocusedAgents, false);
-  QCOMPARE(room.center->policy(), (BuddyPolicy{.level = BuddyLevel::important,
-                                               .categories = {BuddyCategory::limits},
-                                               .quietHours = QuietHours{.startHour = 20, .endHour = 6},
-                                               .onlyUnfocusedAgents = false}));
-  room.settings->set(setting::quietHoursOn, false);
-  QVERIFY(!room.center->policy().quietHours);
-}
-
-void BuddyNoticeCenterTests::theAgentInFrontIsNotSpokenOf() {
-  BuddyRoom room;
-  // A terminal in which the agent runs counts as the agent.
-  room.workspace.bringToFront({"org.kde.konsole", "com.openai.codex"});
-  room.poll({codex(needsInput), claude(needsInput)});
-  room.pass(10);
-  QCOMPARE(room.bubble(), QStringLiteral("Claude Code needs you"));
-  QCOMPARE(room.center->bubbleMore(), 0);
-  // In view for 20 seconds after it has left the front.
-  room.workspace.bringToFront({"org.mozilla.firefox"});
-  room.pass(20);
-  QCOMPARE(room.center->bubbleMore(), 0);
-  room.pass(10);
-  QCOMPARE(room.center->bubbleMore(), 1);
-}
-
-void BuddyNoticeCenterTests::whoComesBackHearsWhatTheOthersDid() {
-  BuddyRoom room;
-  QAbstractItemModelTester tester(room.center->notes(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-  room.poll({codex(working), claude(working)});
-  room.workspace.bringToFront({"com.openai.codex"});
-  room.pass(10);
-  room.workspace.bringToFront({"org.mozilla.firefox"});
-  room.pass(60);
-  room.poll({codex(working), claude(needsInput)});
-  room.pass(60);
-  const Instant start = parseISO8601("2026-11-21T09:41:00Z").value();
-  room.center->closeBubble();
-  room.workspace.bringToFront({"com.openai.codex"});
-  QCOMPARE(room.bubble(), QStringLiteral("While you were away"));
-  QCOMPARE(room.center->bubbleText().detail, QStringLiteral("Claude Code: Waiting for you"));
-  QCOMPARE(room.center->bubbleText().actions, QStringList{QStringLiteral("Open")});
-  QVERIFY(room.center->speech().digestSince == start);
-  QCOMPARE(room.center->inbox().digestSince, QStringLiteral("09:41"));
-  QCOMPARE(room.center->inbox().digest,
-           (QVariantList{QVariantMap{{QStringLiteral("title"), QStringLiteral("Claude Code in report-tool")},
-                                     {QStringLiteral("text"), QStringLiteral("Waiting for you")}}}));
-  room.center->performInBubble(0);
-  QCOMPARE(room.inboxes, 1);
-  QVERIFY(!room.center->hasBubble());
-  // What has been told is not told again.
-  room.workspace.bringToFront({"org.mozilla.firefox"});
-  room.pass(200);
-  room.workspace.bringToFront({"com.openai.codex"});
-  QVERIFY(!room.center->hasBubble());
-  room.center->clearInbox();
-  QVERIFY(room.center->inbox().digest.isEmpty());
-  QCOMPARE(room.center->notes()->count(), 0);
-}
-
-void BuddyNoticeCenterTests::actionsAreCarriedOut() {
-  BuddyRoom room;
-  room.workspace.running = {"com.openai.codex"};
-  room.poll({codex(needsInput)});
-  room.pass(10);
-  room.center->performInBubble(0);
-  QCOMPARE(room.workspace.activated, std::vector<std::string>{"com.openai.codex"});
-  QVERIFY(!room.center->hasBubble());
-
-  // From the inbox too; an agent without a window is started, and one that is not there is said to be missing.
-  const QString key = QString::fromStdString(inboxKey(room.center->speech().inbox.recent.front()));
-  room.workspace.running.clear();
-  room.workspace.installed = {"com.openai.codex"};
-  room.center->performInInbox(key, 0);
-  QCOMPARE(room.workspace.opened, std::vector<std::string>{"com.openai.codex"});
-  room.workspace.installed.clear();
-  room.center->performInInbox(key, 0);
-  QCOMPARE(room.problems, QStringList{QStringLiteral("Codex has no window")});
-
-  room.center->post(BuddyNotice("disk", BuddyRule::diskLow, "Disk almost full", "", room.now,
-                                {BuddyActions::OpenDiskCleanup{}, BuddyActions::Snooze{60}}));
-  QCOMPARE(room.bubble(), QStringLiteral("Disk almost full"));
-  room.center->answerBubble();
-  QCOMPARE(room.cleanups, 1);
-
-  // What is not there is no fault.
-  room.center->performInInbox(QStringLiteral("gone"), 0);
-  room.center->performInInbox(key, 7);
-  room.center->performInBubble(0);
-}
-
-void BuddyNoticeCenterTests::onlyLinksOfTheWebAreOpened() {
-  for (const auto& [url, opens] : {std::pair{"https://meet.example.org/a?b=c", true}, {"file:///etc/passwd", false}}) {
+  void anUrgentNoticeStaysUntilItIsAnswered() {
     BuddyRoom room;
-    room.center->post(meeting("meeting:a:start", url, room.now));
-    room.center->performInBubble(0);
-    QCOMPARE(room.links, opens ? QStringList{QLatin1String(url)} : QStringList());
-    QCOMPARE(room.problems.size(), opens ? 0 : 1);
-    QVERIFY(!room.center->hasBubble());
+    room.poll({codex(needsInput)});
+    room.pass(10);
+    QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
+    QCOMPARE(room.center->bubbleText().detail, QStringLiteral("Waiting for your answer in web-shop."));
+    QCOMPARE(room.center->bubbleText().actions, QStringList{QStringLiteral("Show")});
+    QCOMPARE(room.peeks, std::vector<double>{8});
+    room.pass(600);
+    QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
+    QVERIFY(room.isPeeking);
+    room.center->closeBubble();
+    QCOMPARE(room.bubble(), QString());
+    QVERIFY2(!room.isPeeking, "the bar came out for the bubble alone");
+    // Closed, it is not said again while it lasts.
+    room.pass(600);
+    QCOMPARE(room.bubble(), QString());
+    QCOMPARE(room.inbox(), QStringList{QStringLiteral("Codex needs you")});
   }
-}
 
-void BuddyNoticeCenterTests::aSnoozedNoticeComesBackAsNew() {
-  BuddyRoom room;
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
-  room.tick();
-  room.center->performInBubble(0);
-  QVERIFY(!room.center->hasBubble());
-  room.center->markRead();
-  QCOMPARE(room.center->inbox().newCount, 0);
-  room.pass(890);
-  QVERIFY(!room.center->hasBubble());
-  room.pass(10);
-  QCOMPARE(room.bubble(), QStringLiteral("Battery 15%"));
-  QCOMPARE(room.center->inbox().newCount, 1);
-  QCOMPARE(room.inbox().size(), 1);
+  void whatIsInFrontIsLookedAtAtEachTick() {
+    BuddyRoom room;
+    // An agent starts in the terminal that has been in front all along, beside another one.
+    room.workspace.inFront = {"org.kde.konsole", "com.openai.codex", "com.anthropic.claudefordesktop"};
+    room.poll({codex(needsInput), claude(needsInput)});
+    room.pass(30);
+    QVERIFY(room.inbox().isEmpty());
+    // One of them ends there, while the other tool's sessions wait elsewhere.
+    room.workspace.inFront = {"org.kde.konsole", "com.anthropic.claudefordesktop"};
+    room.pass(40);
+    QCOMPARE(room.inbox(), QStringList{QStringLiteral("Codex needs you")});
+  }
 
-  // Once it charges there is nothing to come back for.
-  room.center->performInBubble(0);
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = true};
-  room.pass(1000);
-  QVERIFY(!room.center->hasBubble());
-}
+  void neverSilencesWhatWaitsToo() {
+    BuddyRoom room;
+    room.isFocusRunning = true;
+    room.poll({codex(needsInput, "codex:a"), codex(needsInput, "codex:b")});
+    room.tick();
+    QCOMPARE(room.center->bubbleMore(), 1);
+    room.settings->set(setting::buddyLevel, BuddyLevel::off);
+    QVERIFY(!room.center->hasBubble());
+    room.isFocusRunning = false;
+    room.pass(60);
+    QVERIFY(!room.center->hasBubble());
+    QCOMPARE(room.inbox(), (QStringList{QStringLiteral("Codex needs you"), QStringLiteral("Codex needs you")}));
+  }
 
-void BuddyNoticeCenterTests::theInboxKnowsWhatIsNew() {
-  BuddyRoom room;
-  const auto newCount = [&] { return room.center->inbox().newCount; };
-  QAbstractItemModelTester tester(room.center->notes(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-  const auto section = [&](int row) {
-    return room.center->notes()
-        ->index(row, 0)
-        .data(GadgetListModel<InboxRow, &InboxRow::key>::role("section"))
-        .toString();
-  };
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
-  room.tick();
-  QCOMPARE(newCount(), 1);
-  QCOMPARE(section(0), QStringLiteral("New"));
-  room.center->setInboxOpen(true);
-  QVERIFY(!room.center->hasBubble());
-  QCOMPARE(newCount(), 1);
-  // What comes while it is open has been seen when it closes, and is not said afterwards.
-  room.center->post(BuddyNotice("disk", BuddyRule::diskLow, "Disk almost full", "", room.now));
-  QVERIFY(!room.center->hasBubble());
-  room.center->setInboxOpen(false);
-  QCOMPARE(newCount(), 0);
-  room.pass(10);
-  QVERIFY(!room.center->hasBubble());
-  room.poll({codex(needsInput)});
-  room.pass(125);
-  QCOMPARE(newCount(), 1);
-  QCOMPARE(section(0), QStringLiteral("New"));
-  QCOMPARE(section(1), QStringLiteral("Earlier"));
-}
+  void heIsPleasedWhenAnAgentFinishes() {
+    BuddyRoom room;
+    room.pass(400);
+    QVERIFY(room.center->buddy()->isAsleep());
+    room.center->sessionFinished();
+    QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("happy"));
+    room.pass(10);
+    QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("idle"));
+  }
 
-void BuddyNoticeCenterTests::theDaySummaryComesOnceADay() {
-  BuddyRoom room("2026-11-21T18:59:00Z");
-  room.tick();
-  QCOMPARE(room.bubble(), QStringLiteral("Your day so far"));
-  QCOMPARE(room.defaults.string("buddySummaryDay"), std::optional<std::string>("2026-11-21"));
-  room.restart();
-  room.pass(600);
-  QVERIFY(room.inbox().isEmpty());
-  room.now += hours(24);
-  room.tick();
-  QCOMPARE(room.bubble(), QStringLiteral("Your day so far"));
-}
+  void theBubbleWaitsForOtherPanels() {
+    BuddyRoom room;
+    room.center->setPanelOpen(true);
+    room.poll({codex(needsInput)});
+    room.pass(30);
+    QCOMPARE(room.bubble(), QString());
+    QVERIFY(room.peeks.empty());
+    room.center->setPanelOpen(false);
+    QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
+    // A panel that opens over it sends it back to wait.
+    room.center->setPanelOpen(true);
+    QCOMPARE(room.bubble(), QString());
+    room.center->setPanelOpen(false);
+    QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
+  }
 
-void BuddyNoticeCenterTests::heFallsAsleepWhenNothingHappens() {
-  BuddyRoom room;
-  room.pass(290);
-  QVERIFY(!room.center->buddy()->isAsleep());
-  room.pass(10);
-  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("asleep"));
-  room.center->setInboxOpen(true);
-  QVERIFY(!room.center->buddy()->isAsleep());
-}
+  void theSettingsAreThePolicy() {
+    BuddyRoom room;
+    QCOMPARE(room.center->policy(),
+             (BuddyPolicy{.quietHours = QuietHours{.startHour = 22, .endHour = 8}, .onlyUnfocusedAgents = true}));
+    room.settings->set(setting::buddyLevel, BuddyLevel::important);
+    room.settings->set(setting::buddyCategories, {BuddyCategory::limits});
+    room.settings->set(setting::quietStartHour, 20);
+    room.settings->set(setting::quietEndHour, 6);
+    room.settings->set(setting::buddyOnlyUnfocusedAgents, false);
+    QCOMPARE(room.center->policy(), (BuddyPolicy{.level = BuddyLevel::important,
+                                                 .categories = {BuddyCategory::limits},
+                                                 .quietHours = QuietHours{.startHour = 20, .endHour = 6},
+                                                 .onlyUnfocusedAgents = false}));
+    room.settings->set(setting::quietHoursOn, false);
+    QVERIFY(!room.center->policy().quietHours);
+  }
 
-void BuddyNoticeCenterTests::hisReactionEndsByItself() {
-  BuddyRoom room;
-  room.poll({codex(needsInput)});
-  room.tick();
-  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("startle"));
-  room.pass(5);
-  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("startle"));
-  room.pass(1);
-  QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("idle"));
-}
+  void whoComesBackHearsWhatTheOthersDid() {
+    BuddyRoom room;
+    QAbstractItemModelTester tester(room.center->notes(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    room.poll({codex(working), claude(working)});
+    room.workspace.bringToFront({"com.openai.codex"});
+    room.pass(10);
+    room.workspace.bringToFront({"org.mozilla.firefox"});
+    room.pass(60);
+    room.poll({codex(working), claude(needsInput)});
+    room.pass(60);
+    const Instant start = parseISO8601("2026-11-21T09:41:00Z").value();
+    room.center->closeBubble();
+    room.workspace.bringToFront({"com.openai.codex"});
+    QCOMPARE(room.bubble(), QStringLiteral("While you were away"));
+    QCOMPARE(room.center->bubbleText().detail, QStringLiteral("Claude Code: Waiting for you"));
+    QCOMPARE(room.center->bubbleText().actions, QStringList{QStringLiteral("Open")});
+    QVERIFY(room.center->speech().digestSince == start);
+    QCOMPARE(room.center->inbox().digestSince, QStringLiteral("09:41"));
+    QCOMPARE(room.center->inbox().digest,
+             (QVariantList{QVariantMap{{QStringLiteral("title"), QStringLiteral("Claude Code in report-tool")},
+                                       {QStringLiteral("text"), QStringLiteral("Waiting for you")}}}));
+    room.center->performInBubble(0);
+    QCOMPARE(room.inboxes, 1);
+    QVERIFY(!room.center->hasBubble());
+    // What has been told is not told again.
+    room.workspace.bringToFront({"org.mozilla.firefox"});
+    room.pass(200);
+    room.workspace.bringToFront({"com.openai.codex"});
+    QVERIFY(!room.center->hasBubble());
+    room.center->clearInbox();
+    QVERIFY(room.center->inbox().digest.isEmpty());
+    QCOMPARE(room.center->notes()->count(), 0);
+  }
 
-void BuddyNoticeCenterTests::withoutTheLicenceHeIsSilent() {
-  BuddyRoom room;
-  room.center->setAllowed(false);
-  room.poll({codex(needsInput)});
-  room.pass(100);
-  QVERIFY(!room.center->hasBubble());
-  QVERIFY(room.inbox().isEmpty());
-}
+  void actionsAreCarriedOut() {
+    BuddyRoom room;
+    room.workspace.running = {"com.openai.codex"};
+    room.poll({codex(needsInput)});
+    room.pass(10);
+    room.center->performInBubble(0);
+    QCOMPARE(room.workspace.activated, std::vector<std::string>{"com.openai.codex"});
+    QVERIFY(!room.center->hasBubble());
 
-void BuddyNoticeCenterTests::thousandsOfSessionsAreNoFlood() {
-  BuddyRoom room;
-  std::vector<AgentSession> many;
-  for (int i = 0; i < 3000; ++i) many.push_back(codex(needsInput, "codex:" + std::to_string(i)));
-  room.poll(many);
-  room.pass(60);
-  QCOMPARE(room.peeks.size(), std::size_t(1));
-  QCOMPARE(room.center->notes()->count(), 200);
-  QCOMPARE(room.center->bubbleMore(), 5);
-  int shown = 0;
-  for (; room.center->hasBubble() && shown < 100; ++shown) room.center->closeBubble();
-  QCOMPARE(shown, 6);
-}
+    // From the inbox too; an agent without a window is started, and one that is not there is said to be missing.
+    const QString key = QString::fromStdString(inboxKey(room.center->speech().inbox.recent.front()));
+    room.workspace.running.clear();
+    room.workspace.installed = {"com.openai.codex"};
+    room.center->performInInbox(key, 0);
+    QCOMPARE(room.workspace.opened, std::vector<std::string>{"com.openai.codex"});
+    room.workspace.installed.clear();
+    room.center->performInInbox(key, 0);
+    QCOMPARE(room.problems, QStringList{QStringLiteral("Codex has no window")});
 
-void BuddyNoticeCenterTests::theFootSaysWhenHeIsQuiet() {
-  BuddyRoom room;
-  QCOMPARE(room.center->inbox().quietText, QStringLiteral("Quiet from 22:00 to 08:00"));
-  room.settings->set(setting::quietStartHour, 8);
-  QCOMPARE(room.center->inbox().quietText, QStringLiteral("No quiet hours"));
-  room.settings->set(setting::quietEndHour, 11);
-  QCOMPARE(room.center->inbox().quietText, QStringLiteral("Quiet until 11:00"));
-  room.settings->set(setting::quietHoursOn, false);
-  QCOMPARE(room.center->inbox().quietText, QStringLiteral("No quiet hours"));
-  room.settings->set(setting::buddyLevel, BuddyLevel::off);
-  QCOMPARE(room.center->inbox().quietText, QStringLiteral("Buddy says nothing"));
-  room.settings->set(setting::buddyLevel, BuddyLevel::all);
-  room.isFocusRunning = true;
-  room.battery = BuddySignals::Battery{.percent = 15, .isCharging = false};
-  room.tick();
-  QCOMPARE(room.center->inbox().quietText, QStringLiteral("1 note waits for the break"));
-}
+    room.center->post(BuddyNotice("disk", BuddyRule::diskLow, "Disk almost full", "", room.now,
+                                  {BuddyActions::OpenDiskCleanup{}, BuddyActions::Snooze{60}}));
+    QCOMPARE(room.bubble(), QStringLiteral("Disk almost full"));
+    room.center->answerBubble();
+    QCOMPARE(room.cleanups, 1);
+
+    // What is not there is no fault.
+    room.center->performInInbox(QStringLiteral("gone"), 0);
+    room.center->performInInbox(key, 7);
+    room.center->performInBubble(0);
+  }
+
+  void onlyLinksOfTheWebAreOpened() {
+    for (const auto& [url, opens] :
+         {std::pair{"https://meet.example.org/a?b=c", true}, {"file:///etc/passwd", false}}) {
+      BuddyRoom room;
+      room.center->post(meeting("meeting:a:start", url, room.now));
+      room.center->performInBubble(0);
+      QCOMPARE(room.links, opens ? QStringList{QLatin1String(url)} : QStringList());
+      QCOMPARE(room.problems.size(), opens ? 0 : 1);
+      QVERIFY(!room.center->hasBubble());
+    }
+  }
+
+  void theDaySummaryComesOnceADay() {
+    BuddyRoom room("2026-11-21T18:59:00Z");
+    room.tick();
+    QCOMPARE(room.bubble(), QStringLiteral("Your day so far"));
+    QCOMPARE(room.defaults.string("buddySummaryDay"), std::optional<std::string>("2026-11-21"));
+    room.restart();
+    room.pass(600);
+    QVERIFY(room.inbox().isEmpty());
+    room.now += hours(24);
+    room.tick();
+    QCOMPARE(room.bubble(), QStringLiteral("Your day so far"));
+  }
+
+  void hisReactionEndsByItself() {
+    BuddyRoom room;
+    room.poll({codex(needsInput)});
+    room.tick();
+    QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("startle"));
+    room.pass(5);
+    QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("startle"));
+    room.pass(1);
+    QCOMPARE(room.center->buddy()->poseName(), QStringLiteral("idle"));
+  }
+
+  void withoutTheLicenceHeIsSilent() {
+    BuddyRoom room;
+    room.center->setAllowed(false);
+    room.poll({codex(needsInput)});
+    room.pass(100);
+    QVERIFY(!room.center->hasBubble());
+    QVERIFY(room.inbox().isEmpty());
+  }
+};
 
 }  // namespace ambrel
 

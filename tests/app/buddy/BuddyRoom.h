@@ -40,8 +40,6 @@ struct BuddyRoom {
     center->addSignals([this](BuddySignals& signals) {
       signals.battery = battery;
       signals.isFocusRunning = isFocusRunning;
-      signals.waterDueAt = waterDueAt;
-      signals.meetings = meetings;
     });
     const auto on = [this](auto signal, auto act) { QObject::connect(center.get(), signal, center.get(), act); };
     on(&BuddyNoticeCenter::peekAsked, [this](Seconds length) {
@@ -90,8 +88,6 @@ struct BuddyRoom {
   Instant now;
   std::vector<AgentSession> sessions;
   std::optional<BuddySignals::Battery> battery;
-  std::optional<Instant> waterDueAt;
-  std::vector<BuddySignals::Meeting> meetings;
   bool isFocusRunning = false, isPeeking = false;
   std::vector<double> peeks;
   int inboxes = 0, cleanups = 0;

@@ -26,15 +26,10 @@ QString write(const TemporaryFolder& folder, QSize size) {
 
 // Waits for the picture; null when there is none.
 QImage asked(ClipPictures& pictures, const QString& path, QSize size) {
-  QQuickImageResponse* response = pictures.requestImageResponse(path, size);
+  const std::unique_ptr<QQuickImageResponse> response(pictures.requestImageResponse(path, size));
   if (!QTest::qWaitFor([&] { return pictures.isIdle(); })) return {};
-  QImage image;
-  if (QQuickTextureFactory* factory = response->textureFactory()) {
-    image = factory->image();
-    delete factory;
-  }
-  delete response;
-  return image;
+  const std::unique_ptr<QQuickTextureFactory> factory(response->textureFactory());
+  return factory ? factory->image() : QImage();
 }
 
 }  // namespace
@@ -97,19 +92,15 @@ class ClipPicturesTests : public QObject {
     QVERIFY(asked(pictures, "card/" + write(folder, {30, 10}), {0, 0}).isNull());
   }
 
-  void cardsAreDecodedOnceAndKeptWithinBounds() {
+  void aCardIsDecodedOnce() {
     const TemporaryFolder folder;
     ClipPictures pictures(folder.path());
     const QString name = write(folder, {300, 300});
+    for (const char* kind : {"card/", "whole/"}) QVERIFY(!asked(pictures, kind + name, {120, 112}).isNull());
+    std::filesystem::remove(folder / name.toStdString());
     QVERIFY(!asked(pictures, "card/" + name, {120, 112}).isNull());
-    QVERIFY(!asked(pictures, "card/" + name, {120, 112}).isNull());
-    QCOMPARE(pictures.decodedCount(), 1);
-    // Each of these takes four megabytes.
-    for (int side = 1000; side < 1020; ++side) QVERIFY(!asked(pictures, "card/" + name, {side, side}).isNull());
-    QVERIFY(pictures.cachedBytes() <= ClipPictures::mostCachedBytes);
-    QVERIFY(pictures.cachedBytes() > ClipPictures::mostCachedBytes / 2);
-    QVERIFY(!asked(pictures, "whole/" + name, {2000, 2000}).isNull());
-    QVERIFY(pictures.cachedBytes() <= ClipPictures::mostCachedBytes);
+    // Another size, and a picture in full.
+    for (const char* kind : {"card/", "whole/"}) QVERIFY(asked(pictures, kind + name, {120, 113}).isNull());
   }
 };
 

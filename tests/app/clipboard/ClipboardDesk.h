@@ -16,6 +16,14 @@
 
 namespace ambrel {
 
+// The smallest bytes that are taken for a PNG of this size; the last byte tells pictures apart.
+inline std::string pngBytes(char mark, int width = 2, int height = 3) {
+  std::string bytes("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\0\0\0\0\0", 24);
+  bytes[19] = static_cast<char>(width);
+  bytes[23] = static_cast<char>(height);
+  return bytes + mark;
+}
+
 struct ClipboardDesk {
   TemporaryFolder folder;
   UserDefaults defaults{folder / "defaults.json"};
@@ -50,10 +58,13 @@ struct ClipboardDesk {
     model->start();
     work();
   }
-  // The program ends and is started again.
-  void restart() {
+  void end() {
     tester.reset();
     model.reset();
+  }
+  // The program ends and is started again.
+  void restart() {
+    end();
     held.waiting.clear();
     steps.clear();
     start();
@@ -75,9 +86,13 @@ struct ClipboardDesk {
     pasteboard.copy(text);
     work();
   }
-  void copyPicture(std::string bytes, const std::string& type = "image/png") {
+  // Copied, and not yet worked on.
+  void putPicture(std::string bytes, const std::string& type = "image/png") {
     pasteboard.put({.filePaths = {}, .picture = Representation{type, std::move(bytes)}, .text = {}}, {type});
     pasteboard.answer();
+  }
+  void copyPicture(std::string bytes, const std::string& type = "image/png") {
+    putPicture(std::move(bytes), type);
     work();
   }
 
@@ -98,18 +113,12 @@ struct ClipboardDesk {
   }
   const ClipItem& item(std::size_t position) const { return model->library().items.at(position); }
   QString id(std::size_t position) const { return QString::fromStdString(item(position).id.text()); }
+  // What the card at that place shows.
+  ClipFace face(int row) const { return model->items()->faceOf(model->items()->idAt(row)); }
   std::optional<std::string> currentText() const {
     const auto& current = model->currentItemID();
     return current ? model->item(*current)->text : std::nullopt;
   }
 };
-
-// The smallest bytes that are taken for a PNG of this size; the last byte tells pictures apart.
-inline std::string pngBytes(char mark, int width = 2, int height = 3) {
-  std::string bytes("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\0\0\0\0\0", 24);
-  bytes[19] = static_cast<char>(width);
-  bytes[23] = static_cast<char>(height);
-  return bytes + mark;
-}
 
 }  // namespace ambrel

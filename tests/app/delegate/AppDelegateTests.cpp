@@ -14,251 +14,215 @@ class AppDelegateTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void itComesUpWithTheBar();
-  void desktopsMadeWithGTKAreKnown();
-  void theFirstRunWelcomes();
-  void theAgentsWishClosesWhatItOpened();
-  void theSettingsWishNeverClosesThem();
-  void diskDoctorOpensFromItsTileAndByWish();
-  void onePanelIsOpenAtATime();
-  void theKeysAreTaken();
-  void aKeyOfAnotherProgramIsNoFault();
-  void aClickOnANotificationLeadsToItsSession();
-  void withoutALicenceAPanelSaysWhatItGives();
-  void theDisplaysMayChooseWithoutALicence();
-  void buddyIsPutOnEveryBarOnce();
-  void buddysTileOpensHisInbox();
-  void whileBuddySpeaksTheBarStays();
-  void theLookFollowsTheSettingsAndTheirFile();
-  void signalsEndItAsItsMenuDoes();
-};
-
-void AppDelegateTests::desktopsMadeWithGTKAreKnown() {
-  const struct {
-    const char *variable, *value;
-    bool takesGTK;
-  } cases[] = {{"XDG_CURRENT_DESKTOP", "ubuntu:GNOME", true},
-               {"XDG_CURRENT_DESKTOP", "X-Cinnamon", true},
-               {"DESKTOP_SESSION", "xfce", true},
-               {"QT_QPA_PLATFORMTHEME", "gtk3", true},
-               {"XDG_CURRENT_DESKTOP", "KDE", false},
-               {"QT_QPA_PLATFORMTHEME", "qt6ct", false},
-               {"HOME", "/home/gnome", false}};
-  for (const auto& each : cases) {
-    const Environment environment =
-        environmentOf([&](const char* name) { return std::string_view(name) == each.variable ? each.value : nullptr; });
-    QVERIFY2(environment.takesGTKTheme == each.takesGTK, each.value);
-  }
-}
-
-void AppDelegateTests::itComesUpWithTheBar() {
-  Program program;
-  program.delegate->launch();
-  QVERIFY(program.delegate->dock()->presentation().isShown());
-  QVERIFY(!program.slotsOfBar().empty());
-  QVERIFY(!program.delegate->welcomePanel()->isShown());
-  QTest::qWait(0);
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::theFirstRunWelcomes() {
-  Program program(true);
-  program.delegate->launch();
-  DockPopoverController* guide = program.delegate->welcomePanel();
-  const auto isDone = [&] { return UserDefaults(program.folder / "defaults.json").boolean("welcomeDone").has_value(); };
-  QTRY_VERIFY(guide->isShown());
-  // A program that comes to the front does not end it.
-  QTRY_VERIFY(guide->window()->isActive());
-  QWindow other;
-  other.show();
-  other.requestActivate();
-  QTRY_VERIFY(!guide->window()->isActive());
-  QVERIFY(guide->isShown());
-  QVERIFY(!isDone());
-
-  guide->window()->requestActivate();
-  QTRY_VERIFY(guide->window()->isActive());
-  QTest::keyClick(guide->window(), Qt::Key_Return);
-  QVERIFY(!guide->isShown());
-  QVERIFY(isDone());
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::theAgentsWishClosesWhatItOpened() {
-  Program program;
-  program.delegate->launch();
-  program.delegate->carryOut(wish::ToggleAgents{});
-  QVERIFY(program.delegate->agentsPanel()->isShown());
-  program.delegate->carryOut(wish::ToggleAgents{});
-  QVERIFY(!program.delegate->agentsPanel()->isShown());
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::theSettingsWishNeverClosesThem() {
-  Program program;
-  program.delegate->launch();
-  program.delegate->carryOut(wish::Settings{});
-  program.delegate->carryOut(wish::Settings{});
-  QVERIFY(program.delegate->settingsPanel()->isShown());
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::diskDoctorOpensFromItsTileAndByWish() {
-  Program program;
-  program.putOnBar({"disk"});
-  program.delegate->launch();
-  QQuickItem* slot = nullptr;
-  const auto isThere = [&] {
-    for (QQuickItem* each : program.slotsOfBar())
-      if (each->property("widget").toString() == "disk") slot = each;
-    return slot != nullptr;
-  };
-  QTRY_VERIFY(isThere());
-  QTest::mouseClick(slot->window(), Qt::LeftButton, {},
-                    slot->mapToScene({slot->width() / 2, slot->height() / 2}).toPoint());
-  QVERIFY(program.delegate->diskDoctor()->isShown());
-  program.delegate->diskDoctor()->close();
-  program.delegate->carryOut(wish::OpenDiskDoctor{});
-  QVERIFY(program.delegate->diskDoctor()->isShown());
-  // It is a window and no panel: panels come and go beside it.
-  program.delegate->carryOut(wish::Settings{});
-  QVERIFY(program.delegate->settingsPanel()->isShown());
-  QVERIFY(program.delegate->diskDoctor()->isShown());
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::onePanelIsOpenAtATime() {
-  Program program;
-  program.delegate->launch();
-  program.delegate->carryOut(wish::ToggleAgents{});
-  program.delegate->carryOut(wish::Settings{});
-  QVERIFY(!program.delegate->agentsPanel()->isShown());
-  QVERIFY(program.delegate->settingsPanel()->isShown());
-}
-
-void AppDelegateTests::theKeysAreTaken() {
-  Program program;
-  program.delegate->launch();
-  QVERIFY(program.desktop.hotKeys.press({.key = 'd', .command = true, .option = true, .control = true}));
-  QVERIFY(program.delegate->dock()->presentation().isShown());
-}
-
-void AppDelegateTests::aKeyOfAnotherProgramIsNoFault() {
-  Program program;
-  program.desktop.hotKeys.takenByOthers = {{.key = 'd', .command = true, .option = true, .control = true}};
-  program.delegate->launch();
-  QVERIFY(program.delegate->dock()->presentation().isShown());
-}
-
-void AppDelegateTests::aClickOnANotificationLeadsToItsSession() {
-  Program program;
-  program.delegate->launch();
-  // Of a session that is gone, or of nobody: nothing comes forward, and nothing fails.
-  program.desktop.notifications.click("agent-of-yesterday");
-  program.desktop.notifications.press("agent-of-yesterday", "snooze");
-  QVERIFY(program.desktop.workspace.activated.empty());
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::withoutALicenceAPanelSaysWhatItGives() {
-  Program program;
-  program.delegate->launch();
-  program.delegate->license().setCheck([](ProFeature feature) { return feature != ProFeature::agentTracking; });
-  program.delegate->carryOut(wish::ToggleAgents{});
-  QVERIFY(!program.delegate->agentsPanel()->isShown());
-  QVERIFY(program.delegate->isAnyPanelOpen());
-}
-
-void AppDelegateTests::theDisplaysMayChooseWithoutALicence() {
-  Program program;
-  program.delegate->launch();
-  AppModel& model = program.delegate->model();
-  model.setPinnedProfileID(model.profiles().back().id);
-  program.delegate->license().setCheck([](ProFeature) { return false; });
-  program.delegate->carryOut(MenuCommand::pinProfile, model.profiles().front().id);
-  QCOMPARE(model.pinnedProfileID(), std::optional(model.profiles().back().id));
-  QVERIFY(program.delegate->isAnyPanelOpen());
-  program.delegate->carryOut(MenuCommand::pinProfile, std::nullopt);
-  QVERIFY(!model.pinnedProfileID());
-}
-
-void AppDelegateTests::buddyIsPutOnEveryBarOnce() {
-  Program program;
-  const auto isFirst = [&](const Profile& profile) { return profile.items.front().widget == "buddy"; };
-  program.delegate->launch();
-  const auto& profiles = program.delegate->model().profiles();
-  QVERIFY(profiles.size() > 1);
-  QVERIFY(std::all_of(profiles.begin(), profiles.end(), isFirst));
-  QCOMPARE(UserDefaults(program.folder / "defaults.json").boolean("buddyAdded"), true);
-
-  // Whoever has taken him away is not given him back.
-  program.putOnBar({"clock"});
-  program.restart();
-  program.delegate->launch();
-  QVERIFY(!program.delegate->model().isOnBar("buddy"));
-}
-
-void AppDelegateTests::buddysTileOpensHisInbox() {
-  Program program;
-  program.delegate->launch();
-  WidgetContext& context = *program.delegate->context();
-  Q_EMIT context.activationAsked(context.itemOf("buddy"));
-  QVERIFY(program.delegate->inboxPanel()->isShown());
-  // What he would say meanwhile can be read there.
-  program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
-  QVERIFY(!program.delegate->notices()->hasBubble());
-  Q_EMIT context.activationAsked(context.itemOf("buddy"));
-  QVERIFY(!program.delegate->inboxPanel()->isShown());
-  QCOMPARE(program.delegate->notices()->inbox().newCount, 0);
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::whileBuddySpeaksTheBarStays() {
-  Program program;
-  program.delegate->launch();
-  program.desktop.pointer.at = Point{800, 450};
-  program.delegate->settings().set(setting::barAlwaysVisible, false);
-  DockPanelController& bar = *program.delegate->dock();
-  program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
-  QVERIFY(program.delegate->notices()->hasBubble());
-  const auto pass = [&](double seconds) {
-    for (int i = 0; i < seconds * 10; ++i) {
-      program.desktop.clock.pass(Seconds(0.1));
-      bar.tick(program.desktop.clock.now());
+  void desktopsMadeWithGTKAreKnown() {
+    const struct {
+      const char *variable, *value;
+      bool takesGTK;
+    } cases[] = {{"XDG_CURRENT_DESKTOP", "ubuntu:GNOME", true},
+                 {"XDG_CURRENT_DESKTOP", "X-Cinnamon", true},
+                 {"DESKTOP_SESSION", "xfce", true},
+                 {"QT_QPA_PLATFORMTHEME", "gtk3", true},
+                 {"XDG_CURRENT_DESKTOP", "KDE", false},
+                 {"QT_QPA_PLATFORMTHEME", "qt6ct", false},
+                 {"HOME", "/home/gnome", false}};
+    for (const auto& each : cases) {
+      const Environment environment = environmentOf(
+          [&](const char* name) { return std::string_view(name) == each.variable ? each.value : nullptr; });
+      QVERIFY2(environment.takesGTKTheme == each.takesGTK, each.value);
     }
-  };
-  pass(30);
-  QVERIFY(bar.presentation().isShown());
-  program.delegate->notices()->closeBubble();
-  pass(1);
-  QVERIFY(!bar.presentation().isShown());
-  QCOMPARE(program.warnings.take(), QStringList());
-}
-
-void AppDelegateTests::theLookFollowsTheSettingsAndTheirFile() {
-  Program program;
-  program.delegate->settings().set(setting::theme, ThemeChoice::light);
-  program.restart();
-  program.delegate->launch();
-  const Theme& theme = themeOf(program.delegate->engine());
-  QVERIFY(!theme.dark());
-  program.delegate->settings().set(setting::theme, ThemeChoice::dark);
-  QVERIFY(theme.dark() && !theme.alwaysReducesMotion());
-  // As from an editor or tilebayctl.
-  UserDefaults(program.folder / "defaults.json").set("reduceMotion", DefaultsValue{true});
-  QTRY_VERIFY(theme.alwaysReducesMotion());
-}
-
-void AppDelegateTests::signalsEndItAsItsMenuDoes() {
-  int quits = 0;
-  const QuitSignals signals([&] { ++quits; });
-  int raised = 0;
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-    raise(signal);
-    ++raised;
-    QTRY_COMPARE(quits, raised);
   }
-}
+
+  void itComesUpWithTheBar() {
+    Program program;
+    program.delegate->launch();
+    QVERIFY(program.delegate->dock()->presentation().isShown());
+    QVERIFY(!program.slotsOfBar().empty());
+    QVERIFY(!program.delegate->welcomePanel()->isShown());
+    QTest::qWait(0);
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
+
+  void theFirstRunWelcomes() {
+    Program program(true);
+    program.delegate->launch();
+    DockPopoverController* guide = program.delegate->welcomePanel();
+    const auto isDone = [&] {
+      return UserDefaults(program.folder / "defaults.json").boolean("welcomeDone").has_value();
+    };
+    QTRY_VERIFY(guide->isShown());
+    // A program that comes to the front does not end it.
+    QTRY_VERIFY(guide->window()->isActive());
+    QWindow other;
+    other.show();
+    other.requestActivate();
+    QTRY_VERIFY(!guide->window()->isActive());
+    QVERIFY(guide->isShown());
+    QVERIFY(!isDone());
+
+    guide->window()->requestActivate();
+    QTRY_VERIFY(guide->window()->isActive());
+    QTest::keyClick(guide->window(), Qt::Key_Return);
+    QVERIFY(!guide->isShown());
+    QVERIFY(isDone());
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
+
+  void wishesOpenAndClosePanelsOneAtATime() {
+    Program program;
+    program.delegate->launch();
+    const auto isAgentsShown = [&] { return program.delegate->agentsPanel()->isShown(); };
+    program.delegate->carryOut(wish::ToggleAgents{});
+    QVERIFY(isAgentsShown());
+    program.delegate->carryOut(wish::ToggleAgents{});
+    QVERIFY(!isAgentsShown());
+    program.delegate->carryOut(wish::ToggleAgents{});
+    // The settings are never closed by their wish.
+    for (int i = 0; i < 2; ++i) program.delegate->carryOut(wish::Settings{});
+    QVERIFY(!isAgentsShown() && program.delegate->settingsPanel()->isShown());
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
+
+  void diskDoctorOpensFromItsTileAndByWish() {
+    Program program;
+    program.putOnBar({"disk"});
+    program.delegate->launch();
+    QTRY_VERIFY(program.slotOf("disk"));
+    const QQuickItem* slot = program.slotOf("disk");
+    QTest::mouseClick(slot->window(), Qt::LeftButton, {},
+                      slot->mapToScene({slot->width() / 2, slot->height() / 2}).toPoint());
+    QVERIFY(program.delegate->diskDoctor()->isShown());
+    program.delegate->diskDoctor()->close();
+    program.delegate->carryOut(wish::OpenDiskDoctor{});
+    QVERIFY(program.delegate->diskDoctor()->isShown());
+    // It is a window and no panel: panels come and go beside it.
+    program.delegate->carryOut(wish::Settings{});
+    QVERIFY(program.delegate->settingsPanel()->isShown());
+    QVERIFY(program.delegate->diskDoctor()->isShown());
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
+
+  void theKeysAreTaken() {
+    const KeyCombination keys{.key = 'd', .command = true, .option = true, .control = true};
+    // One that another program has is no fault.
+    for (const bool isTaken : {false, true}) {
+      Program program;
+      if (isTaken) program.desktop.hotKeys.takenByOthers = {keys};
+      program.delegate->launch();
+      QCOMPARE(program.desktop.hotKeys.press(keys), !isTaken);
+      QVERIFY(program.delegate->dock()->presentation().isShown());
+    }
+  }
+
+  void aClickOnANotificationLeadsToItsSession() {
+    Program program;
+    program.delegate->launch();
+    // Of a session that is gone, or of nobody: nothing comes forward, and nothing fails.
+    program.desktop.notifications.click("agent-of-yesterday");
+    program.desktop.notifications.press("agent-of-yesterday", "snooze");
+    QVERIFY(program.desktop.workspace.activated.empty());
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
+
+  void withoutALicenceAPanelSaysWhatItGives() {
+    Program program;
+    program.delegate->launch();
+    program.delegate->license().setCheck([](ProFeature feature) { return feature != ProFeature::agentTracking; });
+    program.delegate->carryOut(wish::ToggleAgents{});
+    QVERIFY(!program.delegate->agentsPanel()->isShown());
+    QVERIFY(program.delegate->isAnyPanelOpen());
+  }
+
+  void theDisplaysMayChooseWithoutALicence() {
+    Program program;
+    program.delegate->launch();
+    AppModel& model = program.delegate->model();
+    model.setPinnedProfileID(model.profiles().back().id);
+    program.delegate->license().setCheck([](ProFeature) { return false; });
+    program.delegate->carryOut(MenuCommand::pinProfile, model.profiles().front().id);
+    QCOMPARE(model.pinnedProfileID(), std::optional(model.profiles().back().id));
+    QVERIFY(program.delegate->isAnyPanelOpen());
+    program.delegate->carryOut(MenuCommand::pinProfile, std::nullopt);
+    QVERIFY(!model.pinnedProfileID());
+  }
+
+  void buddyIsPutOnEveryBarOnce() {
+    Program program;
+    const auto isFirst = [&](const Profile& profile) { return profile.items.front().widget == "buddy"; };
+    program.delegate->launch();
+    const auto& profiles = program.delegate->model().profiles();
+    QVERIFY(profiles.size() > 1);
+    QVERIFY(std::all_of(profiles.begin(), profiles.end(), isFirst));
+    QCOMPARE(UserDefaults(program.folder / "defaults.json").boolean("buddyAdded"), true);
+
+    // Whoever has taken him away is not given him back.
+    program.putOnBar({"clock"});
+    program.restart();
+    program.delegate->launch();
+    QVERIFY(!program.delegate->model().isOnBar("buddy"));
+  }
+
+  void buddysTileOpensHisInbox() {
+    Program program;
+    program.delegate->launch();
+    WidgetContext& context = *program.delegate->context();
+    Q_EMIT context.activationAsked(context.itemOf("buddy"));
+    QVERIFY(program.delegate->inboxPanel()->isShown());
+    // What he would say meanwhile can be read there.
+    program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+    QVERIFY(!program.delegate->notices()->hasBubble());
+    Q_EMIT context.activationAsked(context.itemOf("buddy"));
+    QVERIFY(!program.delegate->inboxPanel()->isShown());
+    QCOMPARE(program.delegate->notices()->inbox().newCount, 0);
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
+
+  void whileBuddySpeaksTheBarStays() {
+    Program program;
+    program.delegate->launch();
+    program.desktop.pointer.at = Point{800, 450};
+    program.delegate->settings().set(setting::barAlwaysVisible, false);
+    DockPanelController& bar = *program.delegate->dock();
+    program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+    QVERIFY(program.delegate->notices()->hasBubble());
+    const auto pass = [&](double seconds) {
+      for (int i = 0; i < seconds * 10; ++i) {
+        program.desktop.clock.pass(Seconds(0.1));
+        bar.tick(program.desktop.clock.now());
+      }
+    };
+    pass(30);
+    QVERIFY(bar.presentation().isShown());
+    program.delegate->notices()->closeBubble();
+    pass(1);
+    QVERIFY(!bar.presentation().isShown());
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
+
+  void theLookFollowsTheSettingsAndTheirFile() {
+    Program program;
+    program.delegate->settings().set(setting::theme, ThemeChoice::light);
+    program.restart();
+    program.delegate->launch();
+    const Theme& theme = themeOf(program.delegate->engine());
+    QVERIFY(!theme.dark());
+    program.delegate->settings().set(setting::theme, ThemeChoice::dark);
+    QVERIFY(theme.dark() && !theme.alwaysReducesMotion());
+    // As from an editor or tilebayctl.
+    UserDefaults(program.folder / "defaults.json").set("reduceMotion", DefaultsValue{true});
+    QTRY_VERIFY(theme.alwaysReducesMotion());
+  }
+
+  void signalsEndItAsItsMenuDoes() {
+    int quits = 0;
+    const QuitSignals signals([&] { ++quits; });
+    int raised = 0;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+      raise(signal);
+      ++raised;
+      QTRY_COMPARE(quits, raised);
+    }
+  }
+};
 
 }  // namespace ambrel
 

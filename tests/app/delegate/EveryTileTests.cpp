@@ -33,48 +33,45 @@ class EveryTileTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void everyWidgetSaysSomethingInEverySize_data();
-  void everyWidgetSaysSomethingInEverySize();
+  void everyWidgetSaysSomethingInEverySize_data() {
+    QTest::addColumn<QString>("widget");
+    for (const DockWidget widget : allCases<DockWidget>()) {
+      const QString id = QString::fromUtf8(nameOf(widget).data(), static_cast<int>(nameOf(widget).size()));
+      QTest::newRow(qPrintable(id)) << id;
+    }
+  }
+
+  void everyWidgetSaysSomethingInEverySize() {
+    QFETCH(QString, widget);
+    Program program;
+    program.delegate->launch();
+    program.putOnBar({widget.toStdString()});
+    const auto found = program.slotsOfBar();
+    QCOMPARE(found.size(), std::size_t(1));
+    QQuickItem* tile = shownIn(found.front(), "ambrel::TileHost", "tile");
+    QQuickItem* placeholder = shownIn(found.front(), "QQuickLoader", "item");
+    QVERIFY2((tile != nullptr) == tileSources().contains(widget), "a tile with a file must be made, and no other");
+    QVERIFY((tile == nullptr) == (placeholder != nullptr));
+    if (!tile) tile = placeholder;
+    QVERIFY2(!tile->property("label").toString().isEmpty(), "it has no accessible name");
+    QVERIFY2(tile->activeFocusOnTab(), "the keyboard does not reach it");
+    for (const auto& [span, width] :
+         std::initializer_list<std::pair<int, qreal>>{{0, 64}, {1, 112}, {2, 176}, {3, 240}}) {
+      found.front()->setWidth(width);
+      tile->setProperty("span", span);
+      const QStringList texts = textsOf(tile);
+      QVERIFY2(!texts.isEmpty(), qPrintable(QStringLiteral("nothing is said at a width of %1").arg(width)));
+      visitShown(tile, [&](QQuickItem* item) {
+        if (!item->inherits("QQuickText") || item->property("text").toString().isEmpty()) return;
+        const QRectF box = item->mapRectToItem(tile, QRectF(0, 0, item->width(), item->height()));
+        QVERIFY2(box.left() >= -0.5 && box.right() <= width + 0.5,
+                 qPrintable(
+                     QStringLiteral("\"%1\" leaves the tile of %2").arg(item->property("text").toString()).arg(width)));
+      });
+    }
+    QCOMPARE(program.warnings.take(), QStringList());
+  }
 };
-
-void EveryTileTests::everyWidgetSaysSomethingInEverySize_data() {
-  QTest::addColumn<QString>("widget");
-  for (const DockWidget widget : allCases<DockWidget>()) {
-    const QString id = QString::fromUtf8(nameOf(widget).data(), static_cast<int>(nameOf(widget).size()));
-    QTest::newRow(qPrintable(id)) << id;
-  }
-}
-
-void EveryTileTests::everyWidgetSaysSomethingInEverySize() {
-  QFETCH(QString, widget);
-  Program program;
-  program.delegate->launch();
-  program.putOnBar({widget.toStdString()});
-  const auto found = program.slotsOfBar();
-  QCOMPARE(found.size(), std::size_t(1));
-  QQuickItem* tile = shownIn(found.front(), "ambrel::TileHost", "tile");
-  QQuickItem* placeholder = shownIn(found.front(), "QQuickLoader", "item");
-  QVERIFY2((tile != nullptr) == tileSources().contains(widget), "a tile with a file must be made, and no other");
-  QVERIFY((tile == nullptr) == (placeholder != nullptr));
-  if (!tile) tile = placeholder;
-  QVERIFY2(!tile->property("label").toString().isEmpty(), "it has no accessible name");
-  QVERIFY2(tile->activeFocusOnTab(), "the keyboard does not reach it");
-  for (const auto& [span, width] :
-       std::initializer_list<std::pair<int, qreal>>{{0, 64}, {1, 112}, {2, 176}, {3, 240}}) {
-    found.front()->setWidth(width);
-    tile->setProperty("span", span);
-    const QStringList texts = textsOf(tile);
-    QVERIFY2(!texts.isEmpty(), qPrintable(QStringLiteral("nothing is said at a width of %1").arg(width)));
-    visitShown(tile, [&](QQuickItem* item) {
-      if (!item->inherits("QQuickText") || item->property("text").toString().isEmpty()) return;
-      const QRectF box = item->mapRectToItem(tile, QRectF(0, 0, item->width(), item->height()));
-      QVERIFY2(
-          box.left() >= -0.5 && box.right() <= width + 0.5,
-          qPrintable(QStringLiteral("\"%1\" leaves the tile of %2").arg(item->property("text").toString()).arg(width)));
-    });
-  }
-  QCOMPARE(program.warnings.take(), QStringList());
-}
 
 }  // namespace ambrel
 

@@ -19,14 +19,9 @@ struct Desk : Program {
     putOnBar(widgets);
   }
 
-  QQuickItem* tile(const char* widget) const {
-    for (QQuickItem* slot : slotsOfBar())
-      if (slot->property("widget").toString() == QLatin1String(widget)) return slot;
-    return nullptr;
-  }
   // Beside what may be a button of its own, once it is in sight: the bar moves while it comes.
   void click(const char* widget, Qt::MouseButton button = Qt::LeftButton) const {
-    QQuickItem* slot = tile(widget);
+    QQuickItem* slot = slotOf(widget);
     const auto place = [slot] { return slot->mapToScene({slot->width() - 6, 6}).toPoint(); };
     QVERIFY(QTest::qWaitFor([&] { return QRect({0, 0}, slot->window()->size()).contains(place()); }));
     QTest::mouseClick(slot->window(), button, {}, place());
@@ -67,228 +62,209 @@ class FocusAndWeatherTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void aClickOpensThePanelOfTheTile_data();
-  void aClickOpensThePanelOfTheTile();
-  void whatIsTypedGoesToTheField_data();
-  void whatIsTypedGoesToTheField();
-  void aChosenPlaceClosesThePanel();
-  void theMenuHasTheTilesOwnCommand();
-  void theAlarmIsAnsweredOnItsNotification();
-  void theAlarmStopsWithItsNotification();
-  void theAlarmRingsWhateverProfileIsOnTheBar();
-  void aNotificationLeadsToItsTile();
-  void breaksDisturbOnlyFromTheBar();
-  void theBarPeeksForWater();
-  void aChangedZoneIsFollowed();
-  void theWeatherOfATileIsAskedForWhileItStands();
-};
+  void aClickOpensThePanelOfTheTile_data() {
+    QTest::addColumn<QString>("title");
+    const std::pair<const char*, const char*> rows[] = {
+        {"pomodoro", "Focus"},
+        {"stopwatch", "Stopwatch"},
+        {"water", "Drink Water"},
+        {"timer", "Timer"},
+        {"alarm", "Alarm"},
+        {"eyeBreak", "Eye Break"},
+        {"standUp", "Stand Up"},
+        {"habits", "Habits"},
+        {"mood", "How do you feel today?"},
+        {"focusStats", "Focus Stats"},
+        {"weather", "London, United Kingdom"},
+        {"hourly", "London, United Kingdom"},
+        {"sun", "London, United Kingdom"},
+        {"wind", "London, United Kingdom"},
+        {"rainSoon", "London, United Kingdom"},
+        {"uvIndex", "London, United Kingdom"},
+        {"airQuality", "London, United Kingdom"},
+        {"dailyForecast", "London, United Kingdom"},
+        {"feelsLike", "London, United Kingdom"},
+        {"secondCity", "New York, United States"},
+    };
+    for (const auto& [widget, title] : rows) QTest::newRow(widget) << QString::fromUtf8(title);
+  }
 
-void FocusAndWeatherTests::aClickOpensThePanelOfTheTile_data() {
-  QTest::addColumn<QString>("title");
-  const std::pair<const char*, const char*> rows[] = {
-      {"pomodoro", "Focus"},
-      {"stopwatch", "Stopwatch"},
-      {"water", "Drink Water"},
-      {"timer", "Timer"},
-      {"alarm", "Alarm"},
-      {"eyeBreak", "Eye Break"},
-      {"standUp", "Stand Up"},
-      {"habits", "Habits"},
-      {"mood", "How do you feel today?"},
-      {"focusStats", "Focus Stats"},
-      {"weather", "London, United Kingdom"},
-      {"hourly", "London, United Kingdom"},
-      {"sun", "London, United Kingdom"},
-      {"wind", "London, United Kingdom"},
-      {"rainSoon", "London, United Kingdom"},
-      {"uvIndex", "London, United Kingdom"},
-      {"airQuality", "London, United Kingdom"},
-      {"dailyForecast", "London, United Kingdom"},
-      {"feelsLike", "London, United Kingdom"},
-      {"secondCity", "New York, United States"},
-  };
-  for (const auto& [widget, title] : rows) QTest::newRow(widget) << QString::fromUtf8(title);
-}
-
-void FocusAndWeatherTests::aClickOpensThePanelOfTheTile() {
-  QFETCH(QString, title);
-  const char* widget = QTest::currentDataTag();
-  Desk desk({widget});
-  desk.click(widget);
-  QTRY_VERIFY(desk.panel());
-  QCOMPARE(desk.panel()->property("title").toString(), title);
-  // The panel is as tall as what it shows.
-  QCOMPARE(desk.panel()->height(), desk.panel()->implicitHeight());
-  desk.click(widget);
-  QTRY_VERIFY(!desk.panel());
-  QCOMPARE(desk.warnings.take(), QStringList());
-}
-
-void FocusAndWeatherTests::whatIsTypedGoesToTheField_data() {
-  QTest::addColumn<bool>("isEmptyAgain");
-  QTest::newRow("weather") << true;
-  QTest::newRow("habits") << false;
-}
-
-void FocusAndWeatherTests::whatIsTypedGoesToTheField() {
-  QFETCH(bool, isEmptyAgain);
-  const char* widget = QTest::currentDataTag();
-  Desk desk({widget});
-  for (const QString& before : {QString(), isEmptyAgain ? QString() : QStringLiteral("Lon")}) {
+  void aClickOpensThePanelOfTheTile() {
+    QFETCH(QString, title);
+    const char* widget = QTest::currentDataTag();
+    Desk desk({widget});
     desk.click(widget);
     QTRY_VERIFY(desk.panel());
-    QVERIFY(QTest::qWaitForWindowActive(desk.panel()->window()));
-    QTRY_VERIFY(desk.panel()->window()->activeFocusItem());
-    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), before);
-    for (const char letter : {'L', 'o', 'n'}) QTest::keyClick(desk.panel()->window(), letter);
-    QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), before + QStringLiteral("Lon"));
+    QCOMPARE(desk.panel()->property("title").toString(), title);
+    // The panel is as tall as what it shows.
+    QCOMPARE(desk.panel()->height(), desk.panel()->implicitHeight());
     desk.click(widget);
     QTRY_VERIFY(!desk.panel());
+    QCOMPARE(desk.warnings.take(), QStringList());
   }
-}
 
-void FocusAndWeatherTests::aChosenPlaceClosesThePanel() {
-  Desk desk({"weather", "secondCity"});
-  for (const char* widget : {"weather", "secondCity"}) {
-    desk.click(widget);
-    QTRY_VERIFY(desk.panel());
-    auto* weather = &desk.delegate->weather();
-    (widget == std::string("weather") ? weather->main() : weather->second())
-        ->choose(WeatherPlace{"Tokyo", "Japan", 35.7, 139.7});
-    QTRY_VERIFY(!desk.panel());
+  void whatIsTypedGoesToTheField_data() {
+    QTest::addColumn<bool>("isEmptyAgain");
+    QTest::newRow("weather") << true;
+    QTest::newRow("habits") << false;
   }
-}
 
-void FocusAndWeatherTests::theMenuHasTheTilesOwnCommand() {
-  Desk desk({"eyeBreak", "mood", "water"});
-  for (const char* text : {"Pause Eye Breaks", "Resume Eye Breaks"}) {
-    desk.click("eyeBreak", Qt::RightButton);
+  void whatIsTypedGoesToTheField() {
+    QFETCH(bool, isEmptyAgain);
+    const char* widget = QTest::currentDataTag();
+    Desk desk({widget});
+    for (const QString& before : {QString(), isEmptyAgain ? QString() : QStringLiteral("Lon")}) {
+      desk.click(widget);
+      QTRY_VERIFY(desk.panel());
+      QVERIFY(QTest::qWaitForWindowActive(desk.panel()->window()));
+      QTRY_VERIFY(desk.panel()->window()->activeFocusItem());
+      QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), before);
+      for (const char letter : {'L', 'o', 'n'}) QTest::keyClick(desk.panel()->window(), letter);
+      QCOMPARE(desk.panel()->window()->activeFocusItem()->property("text").toString(), before + QStringLiteral("Lon"));
+      desk.click(widget);
+      QTRY_VERIFY(!desk.panel());
+    }
+  }
+
+  void aChosenPlaceClosesThePanel() {
+    Desk desk({"weather", "secondCity"});
+    for (const char* widget : {"weather", "secondCity"}) {
+      desk.click(widget);
+      QTRY_VERIFY(desk.panel());
+      auto* weather = &desk.delegate->weather();
+      (widget == std::string("weather") ? weather->main() : weather->second())
+          ->choose(WeatherPlace{"Tokyo", "Japan", 35.7, 139.7});
+      QTRY_VERIFY(!desk.panel());
+    }
+  }
+
+  void theMenuHasTheTilesOwnCommand() {
+    Desk desk({"eyeBreak", "mood", "water"});
+    for (const char* text : {"Pause Eye Breaks", "Resume Eye Breaks"}) {
+      desk.click("eyeBreak", Qt::RightButton);
+      QTRY_VERIFY(desk.panel());
+      QCOMPARE(desk.panel()->property("ownText").toString(), QLatin1String(text));
+      QTest::mouseClick(desk.panel()->window(), Qt::LeftButton, {}, desk.panel()->mapToScene({100, 20}).toPoint());
+      QTRY_VERIFY(!desk.panel());
+    }
+    QVERIFY(desk.focus().eyeBreak()->face().isOn);
+    desk.click("water", Qt::RightButton);
     QTRY_VERIFY(desk.panel());
-    QCOMPARE(desk.panel()->property("ownText").toString(), QLatin1String(text));
+    QCOMPARE(desk.panel()->property("ownText").toString(), QString());
+    desk.click("mood", Qt::RightButton);
+    QTRY_COMPARE(desk.panel() ? desk.panel()->property("ownText").toString() : QString(),
+                 QStringLiteral("Change Today's Mood"));
     QTest::mouseClick(desk.panel()->window(), Qt::LeftButton, {}, desk.panel()->mapToScene({100, 20}).toPoint());
-    QTRY_VERIFY(!desk.panel());
+    QTRY_COMPARE(desk.panel() ? desk.panel()->property("title").toString() : QString(),
+                 QStringLiteral("How do you feel today?"));
   }
-  QVERIFY(desk.focus().eyeBreak()->face().isOn);
-  desk.click("water", Qt::RightButton);
-  QTRY_VERIFY(desk.panel());
-  QCOMPARE(desk.panel()->property("ownText").toString(), QString());
-  desk.click("mood", Qt::RightButton);
-  QTRY_COMPARE(desk.panel() ? desk.panel()->property("ownText").toString() : QString(),
-               QStringLiteral("Change Today's Mood"));
-  QTest::mouseClick(desk.panel()->window(), Qt::LeftButton, {}, desk.panel()->mapToScene({100, 20}).toPoint());
-  QTRY_COMPARE(desk.panel() ? desk.panel()->property("title").toString() : QString(),
-               QStringLiteral("How do you feel today?"));
-}
 
-void FocusAndWeatherTests::theAlarmIsAnsweredOnItsNotification() {
-  Desk desk({"alarm"});
-  desk.focus().alarm()->set(10, 0);
-  desk.pass(minutes(20));
-  QVERIFY(desk.focus().alarm()->face().isRinging);
-  QVERIFY(desk.desktop.sounds.heard == std::vector<std::string>{"loop alarm-clock-elapsed"});
-  desk.desktop.notifications.press("alarm", "snooze");
-  QVERIFY(desk.focus().alarm()->face().isSnoozed);
-  QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
-  desk.pass(minutes(10));
-  QVERIFY(desk.focus().alarm()->face().isRinging);
-  desk.desktop.notifications.click("alarm");
-  QVERIFY(!desk.focus().alarm()->face().isRinging && !desk.focus().alarm()->face().isSnoozed);
-  QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
-  QVERIFY(!desk.panel());
-}
-
-void FocusAndWeatherTests::theAlarmStopsWithItsNotification() {
-  Desk desk({"alarm"});
-  desk.focus().alarm()->set(10, 0);
-  desk.pass(minutes(20));
-  desk.desktop.notifications.dismiss("timer");
-  QVERIFY(desk.focus().alarm()->face().isRinging);
-  desk.desktop.notifications.dismiss("alarm");
-  QVERIFY(!desk.focus().alarm()->face().isRinging && !desk.focus().alarm()->face().isSnoozed);
-  QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
-}
-
-void FocusAndWeatherTests::theAlarmRingsWhateverProfileIsOnTheBar() {
-  Desk desk({"clock"});
-  desk.focus().alarm()->set(10, 0);
-  desk.pass(hours(1));
-  QVERIFY2(desk.told().empty(), "there is no tile to stop it at");
-  Profile night = desk.delegate->model().profiles().front();
-  night.id = UUID::random();
-  night.items = {DockItem::holding("alarm")};
-  auto profiles = desk.delegate->model().profiles();
-  profiles.push_back(night);
-  desk.delegate->model().setProfiles(profiles);
-  desk.pass(hours(24));
-  QVERIFY(desk.told() == std::vector<std::string>{"alarm"});
-}
-
-void FocusAndWeatherTests::aNotificationLeadsToItsTile() {
-  Desk desk({"pomodoro", "eyeBreak"});
-  desk.focus().pomodoro()->setFocusMinutes(1);
-  desk.focus().pomodoro()->toggle();
-  desk.pass(minutes(20) + seconds(1));
-  QVERIFY(desk.told() == (std::vector<std::string>{"pomodoro", "eyeBreak"}));
-  desk.desktop.notifications.click("eyeBreak");
-  QVERIFY(desk.focus().eyeBreak()->face().isOnBreak);
-  desk.desktop.notifications.click("pomodoro");
-  QTRY_VERIFY(desk.panel());
-  QCOMPARE(desk.panel()->property("title").toString(), QStringLiteral("Break"));
-}
-
-void FocusAndWeatherTests::breaksDisturbOnlyFromTheBar() {
-  Desk desk({"clock"});
-  desk.focus().water()->add();
-  desk.pass(hours(2));
-  QVERIFY(desk.told().empty());
-  desk.putOnBar({"eyeBreak", "standUp", "water"});
-  desk.pass(minutes(50));
-  for (const char* identifier : {"eyeBreak", "standUp", "water"}) {
-    const auto told = desk.told();
-    QVERIFY2(std::find(told.begin(), told.end(), identifier) != told.end(), identifier);
+  void theAlarmIsAnsweredOnItsNotification() {
+    Desk desk({"alarm"});
+    desk.focus().alarm()->set(10, 0);
+    desk.pass(minutes(20));
+    QVERIFY(desk.focus().alarm()->face().isRinging);
+    QVERIFY(desk.desktop.sounds.heard == std::vector<std::string>{"loop alarm-clock-elapsed"});
+    desk.desktop.notifications.press("alarm", "snooze");
+    QVERIFY(desk.focus().alarm()->face().isSnoozed);
+    QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
+    desk.pass(minutes(10));
+    QVERIFY(desk.focus().alarm()->face().isRinging);
+    desk.desktop.notifications.click("alarm");
+    QVERIFY(!desk.focus().alarm()->face().isRinging && !desk.focus().alarm()->face().isSnoozed);
+    QCOMPARE(desk.desktop.sounds.heard.back(), std::string("stop"));
+    QVERIFY(!desk.panel());
+    // Another notification that is put away stops nothing; its own does.
+    desk.focus().alarm()->set(11, 0);
+    desk.pass(minutes(50));
+    desk.desktop.notifications.dismiss("timer");
+    QVERIFY(desk.focus().alarm()->face().isRinging);
+    desk.desktop.notifications.dismiss("alarm");
+    QVERIFY(!desk.focus().alarm()->face().isRinging && !desk.focus().alarm()->face().isSnoozed);
   }
-}
 
-// At 09:41 by Greenwich, on a Saturday.
-void FocusAndWeatherTests::aChangedZoneIsFollowed() {
-  Desk desk({"clock", "alarm", "water", "mood"});
-  desk.focus().alarm()->set(7, 30);
-  desk.focus().water()->add();
-  desk.focus().mood()->setToday(4);
-  QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Tomorrow"));
+  void theAlarmRingsWhateverProfileIsOnTheBar() {
+    Desk desk({"clock"});
+    desk.focus().alarm()->set(10, 0);
+    desk.pass(hours(1));
+    QVERIFY2(desk.told().empty(), "there is no tile to stop it at");
+    Profile night = desk.delegate->model().profiles().front();
+    night.id = UUID::random();
+    night.items = {DockItem::holding("alarm")};
+    auto profiles = desk.delegate->model().profiles();
+    profiles.push_back(night);
+    desk.delegate->model().setProfiles(profiles);
+    desk.pass(hours(24));
+    QVERIFY(desk.told() == std::vector<std::string>{"alarm"});
+  }
 
-  desk.desktop.timeZone.set("America/New_York");
-  QCOMPARE(desk.delegate->clock().face().time, QStringLiteral("4:41\u202fAM"));
-  QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Today"));
-  QCOMPARE(desk.focus().water()->face().nextText, QStringLiteral("Next glass at 5:11\u202fAM"));
+  void aNotificationLeadsToItsTile() {
+    Desk desk({"pomodoro", "eyeBreak"});
+    desk.focus().pomodoro()->setFocusMinutes(1);
+    desk.focus().pomodoro()->toggle();
+    desk.pass(minutes(20) + seconds(1));
+    QVERIFY(desk.told() == (std::vector<std::string>{"pomodoro", "eyeBreak"}));
+    desk.desktop.notifications.click("eyeBreak");
+    QVERIFY(desk.focus().eyeBreak()->face().isOnBreak);
+    desk.desktop.notifications.click("pomodoro");
+    QTRY_VERIFY(desk.panel());
+    QCOMPARE(desk.panel()->property("title").toString(), QStringLiteral("Break"));
+  }
 
-  desk.desktop.timeZone.set("Pacific/Kiritimati");
-  QCOMPARE(desk.delegate->clock().face().weekday, QStringLiteral("Saturday"));
-  desk.desktop.clock.pass(minutes(30));
-  desk.desktop.timeZone.set("Pacific/Kiritimati");
-  QCOMPARE(desk.focus().mood()->week().today, 0);
-  QCOMPARE(desk.focus().water()->face().count, 0);
-}
+  void breaksDisturbOnlyFromTheBar() {
+    Desk desk({"clock"});
+    desk.focus().water()->add();
+    desk.pass(hours(2));
+    QVERIFY(desk.told().empty());
+    desk.putOnBar({"eyeBreak", "standUp", "water"});
+    desk.pass(minutes(50));
+    for (const char* identifier : {"eyeBreak", "standUp", "water"}) {
+      const auto told = desk.told();
+      QVERIFY2(std::find(told.begin(), told.end(), identifier) != told.end(), identifier);
+    }
+  }
 
-void FocusAndWeatherTests::theBarPeeksForWater() {
-  Desk desk({"water"});
-  desk.focus().water()->add();
-  PeekSignals signals;
-  desk.delegate->peeker()->gatherMore(signals);
-  QVERIFY(signals.waterDue == desk.desktop.clock.now() + minutes(30));
-}
+  // At 09:41 by Greenwich, on a Saturday.
+  void aChangedZoneIsFollowed() {
+    Desk desk({"clock", "alarm", "water", "mood"});
+    desk.focus().alarm()->set(7, 30);
+    desk.focus().water()->add();
+    desk.focus().mood()->setToday(4);
+    QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Tomorrow"));
 
-void FocusAndWeatherTests::theWeatherOfATileIsAskedForWhileItStands() {
-  LoopbackServer server;
-  Desk desk({"clock"}, server.url().toString().toStdString());
-  QTest::qWait(0);
-  desk.putOnBar({"feelsLike", "clock"});
-  QTRY_COMPARE(server.targets.size(), 2);
-  QVERIFY(server.targets[0].startsWith("/v1/forecast?latitude=51.5074"));
-  desk.putOnBar({"secondCity"});
-  QTRY_COMPARE(server.targets.size(), 4);
-  QVERIFY(server.targets[2].startsWith("/v1/forecast?latitude=40.7128"));
-}
+    desk.desktop.timeZone.set("America/New_York");
+    QCOMPARE(desk.delegate->clock().face().time, QStringLiteral("4:41\u202fAM"));
+    QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Today"));
+    QCOMPARE(desk.focus().water()->face().nextText, QStringLiteral("Next glass at 5:11\u202fAM"));
+
+    desk.desktop.timeZone.set("Pacific/Kiritimati");
+    QCOMPARE(desk.delegate->clock().face().weekday, QStringLiteral("Saturday"));
+    desk.desktop.clock.pass(minutes(30));
+    desk.desktop.timeZone.set("Pacific/Kiritimati");
+    QCOMPARE(desk.focus().mood()->week().today, 0);
+    QCOMPARE(desk.focus().water()->face().count, 0);
+  }
+
+  void theBarPeeksForWater() {
+    Desk desk({"water"});
+    desk.focus().water()->add();
+    PeekSignals signals;
+    desk.delegate->peeker()->gatherMore(signals);
+    QVERIFY(signals.waterDue == desk.desktop.clock.now() + minutes(30));
+  }
+
+  void theWeatherOfATileIsAskedForWhileItStands() {
+    LoopbackServer server;
+    Desk desk({"clock"}, server.url().toString().toStdString());
+    QTest::qWait(0);
+    desk.putOnBar({"feelsLike", "clock"});
+    QTRY_COMPARE(server.targets.size(), 2);
+    QVERIFY(server.targets[0].startsWith("/v1/forecast?latitude=51.5074"));
+    desk.putOnBar({"secondCity"});
+    QTRY_COMPARE(server.targets.size(), 4);
+    QVERIFY(server.targets[2].startsWith("/v1/forecast?latitude=40.7128"));
+  }
+};
 
 }  // namespace ambrel
 

@@ -52,6 +52,13 @@ struct Program {
     return found;
   }
 
+  // Null while there is none.
+  QQuickItem* slotOf(const char* widget) const {
+    for (QQuickItem* slot : slotsOfBar())
+      if (slot->property("widget").toString() == QLatin1String(widget)) return slot;
+    return nullptr;
+  }
+
   TemporaryFolder folder;
   QMLWarnings warnings;
   FakeDesktop desktop{parseISO8601("2026-11-21T09:41:00Z").value()};

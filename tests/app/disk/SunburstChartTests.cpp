@@ -63,161 +63,113 @@ class SunburstChartTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void pointsLeadToTheirSegments_data();
-  void pointsLeadToTheirSegments();
-  void itScalesWithItsSize();
-  void aHalfReadTreeFillsItsShare();
-  void theMiddleLeadsUp();
-  void aClickNeedsItsPressOnTheSameSegment();
-  void theOtherButtonAsks();
-  void thePointerLightsUpWhatItIsOn();
-  void theKeyboardWalksAround();
-  void itDrawsWhatItKnows();
-  void thousandsOfChildrenAreNoBurden();
+  void pointsLeadToTheirSegments_data() {
+    QTest::addColumn<QPointF>("point");
+    QTest::addColumn<QString>("id");
+    QTest::newRow("the hole") << at(30, 0.1) << "";
+    QTest::newRow("the largest begins at twelve") << at(76, 0.01) << "/base/a";
+    QTest::newRow("and ends after its half") << at(76, 0.49) << "/base/a";
+    QTest::newRow("then comes the next") << at(76, 0.51) << "/base/b";
+    QTest::newRow("files are in the ring too") << at(76, 0.8) << "/base/c";
+    QTest::newRow("and what was folded") << at(76, 0.95) << pathID("/base/\x01small");
+    QTest::newRow("the second ring") << at(105, 0.3) << "/base/a/x";
+    QTest::newRow("its end") << at(105, 0.45) << "/base/a/y";
+    QTest::newRow("the third ring") << at(127, 0.2) << "/base/a/x/deep";
+    QTest::newRow("nothing lies above a file") << at(105, 0.8) << "";
+    QTest::newRow("beyond the chart") << QPointF(2, 2) << "";
+  }
+
+  void pointsLeadToTheirSegments() {
+    QFETCH(QPointF, point);
+    QFETCH(QString, id);
+    Fixture fixture;
+    QCOMPARE(fixture.chart.idAt(point), id);
+  }
+
+  void itScalesWithItsSize() {
+    Fixture fixture;
+    fixture.chart.setSize({552, 700});
+    QCOMPARE(fixture.chart.holeDiameter(), 240.0);
+    QCOMPARE(fixture.chart.idAt({276 + 2 * 76.0, 350}), "/base/a");
+  }
+
+  void aHalfReadTreeFillsItsShare() {
+    Fixture fixture(someTree(), 0.5);
+    QCOMPARE(fixture.chart.idAt(at(76, 0.2)), "/base/a");
+    QCOMPARE(fixture.chart.idAt(at(76, 0.3)), "/base/b");
+    QCOMPARE(fixture.chart.idAt(at(76, 0.6)), "");
+  }
+
+  void clicksEnterAskAndLeadUp() {
+    Fixture fixture;
+    QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
+    QCOMPARE(fixture.last(fixture.entered), "/base/b");
+    QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, {138, 138});
+    QCOMPARE(fixture.up.count(), 1);
+    QTest::mouseClick(&fixture.window, Qt::RightButton, {}, fixture.point("/base/a/x"));
+    QCOMPARE(fixture.last(fixture.asked), "/base/a/x");
+    QTest::mousePress(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/a"));
+    QTest::mouseRelease(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
+    QCOMPARE(fixture.entered.count(), 1);
+    // Nor may the tree change under a pressed button.
+    QTest::mousePress(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
+    fixture.chart.setCenter({.item = test::treeOf("/base", {{"b", 50'000'000}}), .share = 1});
+    QTest::mouseRelease(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
+    QCOMPARE(fixture.entered.count(), 1);
+  }
+
+  void thePointerLightsUpWhatItIsOn() {
+    Fixture fixture;
+    QVERIFY(QTest::qWaitForWindowExposed(&fixture.window));
+    QTest::mouseMove(&fixture.window, {1, 1});
+    // The pointer comes in by one jump.
+    QTest::mouseMove(&fixture.window, fixture.point("/base/b"));
+    QTRY_COMPARE(fixture.chart.highlightedID(), "/base/b");
+    QTest::mouseMove(&fixture.window, fixture.point("/base/a/x"));
+    QTRY_COMPARE(fixture.chart.highlightedID(), "/base/a/x");
+    QTest::mouseMove(&fixture.window, {138, 138});
+    QTRY_COMPARE(fixture.chart.highlightedID(), "");
+  }
+
+  void theKeyboardWalksAround() {
+    Fixture fixture;
+    const auto press = [&](Qt::Key key) { QTest::keyClick(&fixture.window, key); };
+    press(Qt::Key_Return);
+    QCOMPARE(fixture.entered.count(), 0);
+    const std::pair<Qt::Key, const char*> steps[] = {{Qt::Key_Right, "/base/a"},   {Qt::Key_Right, "/base/b"},
+                                                     {Qt::Key_Up, "/base/b/file"}, {Qt::Key_Up, "/base/b/file"},
+                                                     {Qt::Key_Down, "/base/b"},    {Qt::Key_Left, "/base/a"}};
+    for (const auto& [key, id] : steps) {
+      press(key);
+      QCOMPARE(fixture.chart.highlightedID(), id);
+    }
+    press(Qt::Key_Return);
+    QCOMPARE(fixture.last(fixture.entered), "/base/a");
+    press(Qt::Key_Space);
+    QCOMPARE(fixture.last(fixture.asked), "/base/a");
+    press(Qt::Key_Backspace);
+    QCOMPARE(fixture.up.count(), 1);
+    // Without anything to walk along.
+    fixture.chart.setCenter({});
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Up, Qt::Key_Return}) press(key);
+  }
+
+  void itDrawsWhatItKnows() {
+    Fixture fixture;
+    QVERIFY(QTest::qWaitForWindowExposed(&fixture.window));
+    const auto color = [&](QPointF point) { return QColor(fixture.window.grabWindow().pixel(point.toPoint())); };
+    QCOMPARE(color(at(76, 0.25)), QColor(Qt::red));
+    QCOMPARE(color(at(76, 0.62)), QColor(Qt::green));
+    // What was folded has the last colour, and every further ring is nearer to the ground.
+    QCOMPARE(color(at(76, 0.94)), QColor(Qt::gray));
+    QCOMPARE(color(at(105, 0.2)).red(), 184);
+    QCOMPARE(color(at(127, 0.2)).red(), 122);
+    fixture.chart.setHighlightedID("/base/b");
+    QCOMPARE(color(at(92, 0.62)), QColor(Qt::white));
+    fixture.chart.setCenter({.item = someTree(), .share = 0.5});
+    QCOMPARE(color(at(76, 0.75)), QColor(Qt::darkGray));
+  }
 };
-
-void SunburstChartTests::pointsLeadToTheirSegments_data() {
-  QTest::addColumn<QPointF>("point");
-  QTest::addColumn<QString>("id");
-  QTest::newRow("the hole") << at(30, 0.1) << "";
-  QTest::newRow("the largest begins at twelve") << at(76, 0.01) << "/base/a";
-  QTest::newRow("and ends after its half") << at(76, 0.49) << "/base/a";
-  QTest::newRow("then comes the next") << at(76, 0.51) << "/base/b";
-  QTest::newRow("files are in the ring too") << at(76, 0.8) << "/base/c";
-  QTest::newRow("and what was folded") << at(76, 0.95) << pathID("/base/\x01small");
-  QTest::newRow("the second ring") << at(105, 0.3) << "/base/a/x";
-  QTest::newRow("its end") << at(105, 0.45) << "/base/a/y";
-  QTest::newRow("the third ring") << at(127, 0.2) << "/base/a/x/deep";
-  QTest::newRow("nothing lies above a file") << at(105, 0.8) << "";
-  QTest::newRow("beyond the chart") << QPointF(2, 2) << "";
-}
-
-void SunburstChartTests::pointsLeadToTheirSegments() {
-  QFETCH(QPointF, point);
-  QFETCH(QString, id);
-  Fixture fixture;
-  QCOMPARE(fixture.chart.idAt(point), id);
-}
-
-void SunburstChartTests::itScalesWithItsSize() {
-  Fixture fixture;
-  fixture.chart.setSize({552, 700});
-  QCOMPARE(fixture.chart.holeDiameter(), 240.0);
-  QCOMPARE(fixture.chart.idAt({276 + 2 * 76.0, 350}), "/base/a");
-}
-
-void SunburstChartTests::aHalfReadTreeFillsItsShare() {
-  Fixture fixture(someTree(), 0.5);
-  QCOMPARE(fixture.chart.idAt(at(76, 0.2)), "/base/a");
-  QCOMPARE(fixture.chart.idAt(at(76, 0.3)), "/base/b");
-  QCOMPARE(fixture.chart.idAt(at(76, 0.6)), "");
-}
-
-void SunburstChartTests::theMiddleLeadsUp() {
-  Fixture fixture;
-  QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, {138, 138});
-  QCOMPARE(fixture.up.count(), 1);
-  QCOMPARE(fixture.entered.count(), 0);
-}
-
-void SunburstChartTests::aClickNeedsItsPressOnTheSameSegment() {
-  Fixture fixture;
-  QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
-  QCOMPARE(fixture.last(fixture.entered), "/base/b");
-  QTest::mousePress(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/a"));
-  QTest::mouseRelease(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
-  QCOMPARE(fixture.entered.count(), 1);
-  // Nor may the tree change under a pressed button.
-  QTest::mousePress(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
-  fixture.chart.setCenter({.item = test::treeOf("/base", {{"b", 50'000'000}}), .share = 1});
-  QTest::mouseRelease(&fixture.window, Qt::LeftButton, {}, fixture.point("/base/b"));
-  QCOMPARE(fixture.entered.count(), 1);
-}
-
-void SunburstChartTests::theOtherButtonAsks() {
-  Fixture fixture;
-  QTest::mouseClick(&fixture.window, Qt::RightButton, {}, fixture.point("/base/a/x"));
-  QCOMPARE(fixture.last(fixture.asked), "/base/a/x");
-  QCOMPARE(fixture.entered.count(), 0);
-}
-
-void SunburstChartTests::thePointerLightsUpWhatItIsOn() {
-  Fixture fixture;
-  QVERIFY(QTest::qWaitForWindowExposed(&fixture.window));
-  QTest::mouseMove(&fixture.window, {1, 1});
-  // The pointer comes in by one jump.
-  QTest::mouseMove(&fixture.window, fixture.point("/base/b"));
-  QTRY_COMPARE(fixture.chart.highlightedID(), "/base/b");
-  QTest::mouseMove(&fixture.window, fixture.point("/base/a/x"));
-  QTRY_COMPARE(fixture.chart.highlightedID(), "/base/a/x");
-  QTest::mouseMove(&fixture.window, {138, 138});
-  QTRY_COMPARE(fixture.chart.highlightedID(), "");
-}
-
-void SunburstChartTests::theKeyboardWalksAround() {
-  Fixture fixture;
-  const auto press = [&](Qt::Key key) { QTest::keyClick(&fixture.window, key); };
-  const auto shown = [&] { return fixture.chart.highlightedID(); };
-  press(Qt::Key_Return);
-  QCOMPARE(fixture.entered.count(), 0);
-  press(Qt::Key_Right);
-  QCOMPARE(shown(), "/base/a");
-  press(Qt::Key_Right);
-  QCOMPARE(shown(), "/base/b");
-  press(Qt::Key_Left);
-  press(Qt::Key_Left);
-  QCOMPARE(shown(), pathID("/base/\x01small"));
-  press(Qt::Key_Right);
-  press(Qt::Key_Up);
-  QCOMPARE(shown(), "/base/a/x");
-  press(Qt::Key_Right);
-  QCOMPARE(shown(), "/base/a/y");
-  press(Qt::Key_Right);
-  QCOMPARE(shown(), "/base/b/file");
-  press(Qt::Key_Up);  // a file holds nothing
-  QCOMPARE(shown(), "/base/b/file");
-  press(Qt::Key_Down);
-  QCOMPARE(shown(), "/base/b");
-  press(Qt::Key_Down);
-  QCOMPARE(shown(), "/base/b");
-  press(Qt::Key_Return);
-  QCOMPARE(fixture.last(fixture.entered), "/base/b");
-  press(Qt::Key_Space);
-  QCOMPARE(fixture.last(fixture.asked), "/base/b");
-  press(Qt::Key_Backspace);
-  QCOMPARE(fixture.up.count(), 1);
-  // Without anything to walk along.
-  fixture.chart.setCenter({});
-  press(Qt::Key_Right);
-  press(Qt::Key_Up);
-  press(Qt::Key_Return);
-}
-
-void SunburstChartTests::itDrawsWhatItKnows() {
-  Fixture fixture;
-  QVERIFY(QTest::qWaitForWindowExposed(&fixture.window));
-  const auto color = [&](QPointF point) { return QColor(fixture.window.grabWindow().pixel(point.toPoint())); };
-  QCOMPARE(color(at(76, 0.25)), QColor(Qt::red));
-  QCOMPARE(color(at(76, 0.62)), QColor(Qt::green));
-  // What was folded has the last colour, and every further ring is nearer to the ground.
-  QCOMPARE(color(at(76, 0.94)), QColor(Qt::gray));
-  QCOMPARE(color(at(105, 0.2)).red(), 184);
-  QCOMPARE(color(at(127, 0.2)).red(), 122);
-  fixture.chart.setHighlightedID("/base/b");
-  QCOMPARE(color(at(92, 0.62)), QColor(Qt::white));
-  fixture.chart.setCenter({.item = someTree(), .share = 0.5});
-  QCOMPARE(color(at(76, 0.75)), QColor(Qt::darkGray));
-}
-
-void SunburstChartTests::thousandsOfChildrenAreNoBurden() {
-  std::vector<test::FileEntry> files;
-  for (int i = 0; i < 5000; ++i) files.push_back({"file" + std::to_string(i), 1'000'000 + i});
-  files.push_back({"large", 3'000'000'000});
-  Fixture fixture(test::treeOf("/base", files));
-  // What would be thinner than a line is left out, and its place stays free.
-  QCOMPARE(fixture.chart.segments().size(), 1u);
-  QCOMPARE(fixture.chart.idAt(at(76, 0.9)), "");
-}
 
 }  // namespace ambrel
 

@@ -7,8 +7,23 @@
 namespace ambrel {
 namespace {
 
-const Instant start = instantFromUnixSeconds(1'795'262'400);
-const std::vector<ScreenInfo> oneScreen{{"A", {0, 0, 1600, 900}, {0, 0, 1600, 900}, false}};
+struct Edge {
+  FakePointer pointer;
+  FakeScreens screens;
+  Instant now = instantFromUnixSeconds(1'795'262'400);
+  EdgeSensor sensor{pointer, screens, [this] { return now; }};
+  int entered = 0;
+
+  Edge() {
+    screens.screens = {{"A", {0, 0, 1600, 900}, {0, 0, 1600, 900}, false}};
+    sensor.onEnter = [this] { ++entered; };
+  }
+  void restAtTheMiddle() {
+    pointer.move({800, 900});
+    now = advanced(now, Seconds(0.3));
+    sensor.look();
+  }
+};
 
 }  // namespace
 
@@ -17,45 +32,28 @@ class EdgeSensorTests : public QObject {
 
  private Q_SLOTS:
   void itSleepsWhileThePointerRestsAndWhileItIsOff() {
-    FakePointer pointer;
-    FakeScreens screens;
-    screens.screens = oneScreen;
-    Instant now = start;
-    EdgeSensor sensor(pointer, screens, [&] { return now; });
-    int entered = 0;
-    sensor.onEnter = [&] { ++entered; };
-    QVERIFY(!pointer.isWaiting());
-    sensor.setActive(true);
-    QVERIFY(pointer.isWaiting());
-    pointer.move({800, 900});
-    QVERIFY(sensor.isLooking());
-    now = advanced(now, Seconds(0.3));
-    sensor.look();
-    QCOMPARE(entered, 1);
-    sensor.look();
-    QVERIFY(pointer.isWaiting());
-    QVERIFY(!sensor.isLooking());
-    const int looks = pointer.looks;
-    sensor.setActive(false);
-    QVERIFY(!pointer.isWaiting());
-    sensor.look();
-    QCOMPARE(pointer.looks, looks);
+    Edge edge;
+    QVERIFY(!edge.pointer.isWaiting());
+    edge.sensor.setActive(true);
+    QVERIFY(edge.pointer.isWaiting());
+    edge.restAtTheMiddle();
+    QCOMPARE(edge.entered, 1);
+    edge.sensor.look();
+    QVERIFY(edge.pointer.isWaiting());
+    QVERIFY(!edge.sensor.isLooking());
+    const int looks = edge.pointer.looks;
+    edge.sensor.setActive(false);
+    QVERIFY(!edge.pointer.isWaiting());
+    edge.sensor.look();
+    QCOMPARE(edge.pointer.looks, looks);
   }
 
   void aPressedButtonMeansSomethingElse() {
-    FakePointer pointer;
-    FakeScreens screens;
-    screens.screens = oneScreen;
-    Instant now = start;
-    EdgeSensor sensor(pointer, screens, [&] { return now; });
-    int entered = 0;
-    sensor.onEnter = [&] { ++entered; };
-    sensor.setActive(true);
-    pointer.pressed = true;
-    pointer.move({800, 900});
-    now = advanced(now, Seconds(0.3));
-    sensor.look();
-    QCOMPARE(entered, 0);
+    Edge edge;
+    edge.sensor.setActive(true);
+    edge.pointer.pressed = true;
+    edge.restAtTheMiddle();
+    QCOMPARE(edge.entered, 0);
   }
 
   void severalWatchOnePointer() {

@@ -6,6 +6,7 @@
 #include <QQuickView>
 #include <QTest>
 
+#include "app/base/QmlObjects.h"
 #include "app/clipboard/ClipPictures.h"
 #include "app/dock/DockPopoverController.h"
 #include "app/kit/Theme.h"
@@ -33,18 +34,21 @@ struct ShelfRoom {
     themeOf(engine).setChoice(choice);
     themeOf(engine).setAlwaysReducesMotion(true);
     engine.addImageProvider(QString::fromLatin1(ClipPictures::id), new ClipPictures(desk.model->picturesFolder()));
-    for (QObject* object : std::initializer_list<QObject*>{desk.model.get(), desk.model->items(),
-                                                           desk.model->collections(), &toast, &desk.settings})
-      QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
     screens.screens = {{"FAKE-1", {0, 0, 1600, 900}, {0, 0, 1600, 900}, false}};
     pointer.at = Point{800, 450};
+    restart();
+  }
+  // Over the desk's present model.
+  void restart() {
+    shelf.reset();
+    keep({desk.model.get(), desk.model->items(), desk.model->collections(), &toast, &desk.settings});
     shelf = std::make_unique<ShelfPanelController>(
         engine, *desk.model, desk.settings, toast,
         ShelfPanelController::Seams{
             .pointer = pointer, .screens = screens, .windowStyle = windowStyle, .later = later(), .now = [this] {
               return desk.now;
             }});
-    QQmlEngine::setObjectOwnership(shelf.get(), QQmlEngine::CppOwnership);
+    keep({shelf.get()});
   }
 
   DelayedStep later() {
@@ -58,6 +62,9 @@ struct ShelfRoom {
       return PanelAnchor{
           .tile = {}, .bar = {300, 812, 1000, 80}, .screen = {0, 0, 1600, 900}, .edge = DockEdge::bottom};
     });
+  }
+  QObject* shownToast() const {
+    return static_cast<QQuickView*>(toast.window())->rootObject()->property("toast").value<QObject*>();
   }
   // Opened, with its keyboard.
   bool open() {
@@ -78,7 +85,7 @@ struct ShelfRoom {
   }
   // The text of the clip that has the ring of the keyboard.
   std::string current() const {
-    const auto& id = desk.model->focusedItemID();
+    const auto id = UUID::parse(desk.model->focusedItem().toStdString());
     const ClipItem* item = id ? desk.model->item(*id) : nullptr;
     return item ? item->text.value_or("(picture)") : "";
   }
@@ -96,8 +103,18 @@ struct ShelfRoom {
   }
   QQuickItem* card(std::size_t position) const {
     const QString id = desk.id(position);
-    const auto cards = shown([&](QQuickItem* item) { return item->property("clipId").toString() == id; });
-    return cards.empty() ? nullptr : cards.front();
+    const auto found = cards();
+    const auto card = std::ranges::find(found, id, [](QQuickItem* each) { return faceOf(each).clipId; });
+    return card == found.end() ? nullptr : *card;
+  }
+  std::vector<QQuickItem*> cards() const {
+    return shown([](QQuickItem* item) { return item->property("isUnderKeyboard").isValid(); });
+  }
+  static ClipFace faceOf(QQuickItem* card) { return card->property("face").value<ClipFace>(); }
+  // What is shown under that label.
+  QQuickItem* labelled(const QString& label) const {
+    const auto found = shown([&](QQuickItem* item) { return item->property("label").toString() == label; });
+    return found.empty() ? nullptr : found.front();
   }
   void click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(&window(), button, {}, middleOf(item));

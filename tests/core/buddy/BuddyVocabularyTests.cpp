@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/buddy.h"
+#include "core/buddy/BuddyText.h"
 #include "tests/Time.h"
 
 namespace ambrel {

@@ -75,5 +75,32 @@ TEST(ClipIndex, ForgetsWhatIsNeitherLiveNorUndoable) {
   EXPECT_EQ(factsOf(text(1, "KAPI"), {.hasDotlessI = true}).foldedText, "kapı");
 }
 
+TEST(CapturedClip, IsMadeOfFilesThenOfThePictureThenOfTheText) {
+  const SavedPicture kept{.name = "a.png", .size = {7, 5}};
+  const Representation picture{"image/png", "bytes"};
+  const struct {
+    PasteboardContents contents;
+    std::optional<SavedPicture> saved;
+    std::optional<ClipKind> kind;
+    std::optional<std::string> text;
+  } rows[] = {
+      {{{"/a/plan.pdf"}, picture, "plan.pdf"}, std::nullopt, ClipKind::file, "/a/plan.pdf"},
+      {{{}, picture, "1\t2"}, kept, ClipKind::image, "1\t2"},
+      {{{}, picture, " \n"}, kept, ClipKind::image, std::nullopt},
+      {{{}, picture, "its words"}, std::nullopt, ClipKind::text, "its words"},  // it could not be kept
+      {{{}, std::nullopt, " \n\t"}, std::nullopt, std::nullopt, std::nullopt},
+      {{{}, picture, std::nullopt}, std::nullopt, std::nullopt, std::nullopt},
+  };
+  for (const auto& [contents, saved, kind, text] : rows) {
+    const auto clip = captured(contents, saved, {.id = id(1), .now = at(1), .sourceBundleID = "editor"}, {});
+    ASSERT_EQ(clip.has_value(), kind.has_value());
+    if (!clip) continue;
+    EXPECT_EQ(clip->item.kind, *kind);
+    EXPECT_EQ(clip->item.text, text);
+    EXPECT_EQ(clip->item.sourceBundleID, "editor");
+    EXPECT_EQ(clip->facts.pictureSize.has_value(), saved.has_value());
+  }
+}
+
 }  // namespace
 }  // namespace ambrel

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "core/disk/FindingSelection.h"
+#include "tests/core/disk/SomeFindings.h"
 
 namespace ambrel {
 namespace {
@@ -8,21 +9,8 @@ namespace {
 using testing::ElementsAre;
 using Extent = FindingSelection::Extent;
 
-CleanupItem item(const std::string& path, std::int64_t bytes) {
-  CleanupItem out;
-  out.url = path;
-  out.title = path.substr(path.rfind('/') + 1);
-  out.bytes = bytes;
-  return out;
-}
-
-std::vector<DiskFinding> findings() {
-  return {{FindingRule::appCaches, {item("/home/u/.cache", 30)}, "Caches."},
-          {FindingRule::developerCaches, {item("/home/u/.npm", 20), item("/home/u/.cargo", 10)}, "Tools."},
-          {FindingRule::oldSimulatorRuntimes, {item("/runtimes/17", 500)}, "Shown."},
-          {FindingRule::trash, {item("/home/u/.Trash", 70)}, "Deleted."},
-          {FindingRule::largeOldFiles, {item("/home/u/film.mkv", 900)}, "Large."}};
-}
+using test::findings;
+using test::item;
 
 struct FindingSelectionTest : testing::Test {
   FindingSelection selection;

@@ -45,6 +45,32 @@ TEST(Sunburst, LeavesOutWhatIsTooThinAndKeepsItsPlaceFree) {
   EXPECT_EQ(segmentAt(segments, 0, 0.65)->item->name(), "Docs");
 }
 
+TEST(Sunburst, StepsLeadAroundTheRingAndUpAndDownTheTree) {
+  const auto segments = sunburst(*tree, 3, 0);
+  const auto named = [&](std::string_view name) {
+    for (const SunburstSegment& segment : segments)
+      if (segment.item->name() == name) return &segment;
+    return static_cast<const SunburstSegment*>(nullptr);
+  };
+  const struct {
+    const char* from;
+    SunburstStep step;
+    const char* to;  // null: nowhere
+  } steps[] = {{"Videos", SunburstStep::clockwise, "Docs"},
+               {"Docs", SunburstStep::counterclockwise, "Videos"},
+               {"Smaller items", SunburstStep::clockwise, "Videos"},
+               {"c", SunburstStep::clockwise, "d"},
+               {"Videos", SunburstStep::outwards, "trip"},
+               {"a", SunburstStep::outwards, nullptr},
+               {"a", SunburstStep::inwards, "trip"},
+               {"Docs", SunburstStep::inwards, nullptr}};
+  for (const auto& [from, step, to] : steps) {
+    ASSERT_TRUE(named(from)) << from;
+    const SunburstSegment* reached = neighbour(segments, *named(from), step);
+    EXPECT_EQ(reached ? reached->item->name() : "", to ? to : "") << from;
+  }
+}
+
 TEST(Sunburst, OfNothingIsEmpty) { EXPECT_TRUE(sunburst(*test::treeOf("/base", {}), 3, 0).empty()); }
 
 }  // namespace
