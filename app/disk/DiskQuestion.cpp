@@ -13,7 +13,8 @@ DiskQuestion::DiskQuestion(Seams seams, QObject* parent) : QObject(parent), seam
 DiskQuestion::~DiskQuestion() { asking_.request_stop(); }
 
 void DiskQuestion::pick(DiskTree item, std::vector<DiskFinding> findings) {
-  inquiry_ = {.item = std::move(item), .takesQuestions = seams_.model && seams_.model->isAvailable()};
+  inquiry_ = {};
+  inquiry_.item = std::move(item);
   findings_ = std::move(findings);
   const QString first = QStringLiteral("Is it safe to delete this?");
   ask(first);
