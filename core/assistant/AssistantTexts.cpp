@@ -22,12 +22,13 @@ std::span<const AssistantTool> assistantTools() {
 }
 
 std::string assistantInstructions() {
-  std::string text(
+  constexpr std::string_view opening =
       "You are Buddy, the assistant inside Tilebay, a dock app for {system}.\n"
       "Answer in one or two short sentences, in the language of the request.\n"
       "Apps live in the {system} Dock; this bar holds widgets only. Use the tools to read agent status or to change "
       "the widgets. Never invent widgets or sessions.\n"
-      "Widgets: "_local);
+      "Widgets: "_local;
+  std::string text(opening);
   std::string_view between;
   for (const DockWidget widget : allCases<DockWidget>()) {
     text.append(between).append(title(widget));
