@@ -18,7 +18,7 @@ qreal placed(qreal at, qreal length, qreal room) {
 
 }  // namespace
 
-CaptureView::CaptureView(QQuickItem* parent) : QQuickPaintedItem(parent) { setClip(true); }
+CaptureView::CaptureView(QQuickItem* parent) : QQuickPaintedItem(parent) {}
 
 void CaptureView::setPicture(const QImage& picture) {
   if (picture.cacheKey() == picture_.cacheKey()) return;

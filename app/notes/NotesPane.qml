@@ -10,6 +10,8 @@ Item {
 
     // The note of the chosen pin is to be written.
     function writeChosen() {
+        // A row that was just added has no item yet.
+        list.forceLayout();
         for (let i = 0; i < list.count; ++i) {
             const row = list.itemAtIndex(i);
             if (row && row.isChosen)
@@ -31,6 +33,7 @@ Item {
         anchors.rightMargin: Theme.space4
         anchors.verticalCenter: heading.verticalCenter
         visible: list.count > 0
+        hasDot: false
         text: list.count
     }
     ListView {

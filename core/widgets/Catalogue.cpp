@@ -34,7 +34,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::screenshot, "Screenshot", "camera.viewfinder", WidgetGroup::productivity, small, small, std::nullopt,
           "Opens the Screenshot tool"},
     Entry{DockWidget::screenNotes, "Screen Notes", "mappin.and.ellipse", WidgetGroup::productivity, small, small, ProFeature::screenNotes,
-          "Capture the screen and pin numbered notes on it, to send as a review ({notesKeys})"_local},
+          "Capture the screen and pin numbered notes on it, to send as a review ({notesKeys})"_local, "Notes"},
     Entry{DockWidget::translate, "Quick Translate", "translate", WidgetGroup::textTools, small, small, ProFeature::translate,
           "Translates the text on the clipboard, on this {machine}"_local},
     Entry{DockWidget::keepAwake, "Keep Awake", "cup.and.heat.waves", WidgetGroup::system, small, small, std::nullopt,
