@@ -185,7 +185,7 @@ void AppDelegate::makeAreas() {
                                                          .background = makeBackground(*this),
                                                          .calendar = calendar,
                                                          .now = now},
-                                               background_, shell);
+                                               shell);
   usage_ =
       std::make_unique<UsageArea>(settings_, surroundings_.home, surroundings_.dataFolder,
                                   AIUsageModel::Seams{.background = background_, .now = now, .calendar = calendar});
@@ -392,7 +392,7 @@ void AppDelegate::startTimers() {
   // Copies announce themselves; this is for the sweeps, and in case that one does not.
   clipboard().start();
   every(ClipboardModel::pollInterval, [this] { clipboard().poll(); });
-  every(SystemMonitor::tickInterval, [this] {
+  every(LiveModels::tickInterval, [this] {
     for (Area* area : areas_) area->tick(surroundings_.now());
   });
   clockTimer_.setSingleShot(true);

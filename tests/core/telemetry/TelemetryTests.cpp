@@ -84,11 +84,5 @@ TEST(Network, RatesStandInThreeFigures) {
   EXPECT_EQ(rateText(english, 5e12), (RateText{"5,000", "GB/s"}));
 }
 
-TEST(History, KeepsTheNewest) {
-  History history(3);
-  for (const double value : {1.0, 2.0, 3.0, 4.0}) history.append(value);
-  EXPECT_EQ(history.values(), (std::deque<double>{2, 3, 4}));
-}
-
 }  // namespace
 }  // namespace ambrel
