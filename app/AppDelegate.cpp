@@ -16,6 +16,7 @@
 #include "app/clipboard/QuietClipboard.h"
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
+#include "app/model/SettingValue.h"
 #include "core/base/Overloaded.h"
 
 namespace ambrel {
@@ -86,6 +87,7 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
       pointers_(desktop_.pointer) {
   prepareTheme();
   keepCopiesFromTextFields();
+  SettingValue::lend(engine_, settings_);
   keep({&settings_, &model_, &license_, &gallery_});
   engine_.addImageProvider(QLatin1String(ProgramIcons::id), new ProgramIcons);
   engine_.addImageProvider(QString::fromLatin1(ClipPictures::id),
@@ -413,6 +415,9 @@ void AppDelegate::followDefaults() {
   connect(&stored_, &StoredDefaults::changed, this, [this](const std::set<std::string>& keys) {
     settings_.reload();
     for (Area* area : areas_) area->defaultsChanged(keys);
+  });
+  connect(&settings_, &AppSettings::chosen, this, [this](const std::string& key) {
+    for (Area* area : areas_) area->defaultsChanged({key});
   });
   stored_.follow();
 }

@@ -41,7 +41,7 @@ void DefaultsWatcher::start() {
   watch();
 }
 
-// A file that is written in place speaks for itself; one that is replaced is another file, of which the folder tells.
+// A file that is written in place reports its own changes; a file that is replaced is reported by its folder.
 void DefaultsWatcher::watch() {
   std::error_code error;
   const auto target = std::filesystem::weakly_canonical(defaults_.file(), error);
