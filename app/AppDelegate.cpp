@@ -16,6 +16,7 @@
 #include "app/clipboard/QuietClipboard.h"
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
+#include "app/model/SettingValue.h"
 #include "core/base/Overloaded.h"
 
 namespace ambrel {
@@ -97,6 +98,7 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
       pointers_(desktop_.pointer) {
   prepareTheme();
   keepCopiesFromTextFields();
+  SettingValue::lend(engine_, settings_);
   keep({&settings_, &model_, &license_, &gallery_});
   engine_.addImageProvider(QLatin1String(ProgramIcons::id), new ProgramIcons);
   engine_.addImageProvider(QString::fromLatin1(ClipPictures::id),
@@ -196,7 +198,7 @@ void AppDelegate::makeAreas() {
                                                          .background = makeBackground(*this),
                                                          .calendar = calendar,
                                                          .now = now},
-                                               background_, shell);
+                                               shell);
   usage_ =
       std::make_unique<UsageArea>(settings_, surroundings_.home, surroundings_.dataFolder,
                                   AIUsageModel::Seams{.background = background_, .now = now, .calendar = calendar});
@@ -456,7 +458,7 @@ void AppDelegate::startTimers() {
   // Copies announce themselves; this is for the sweeps, and in case that one does not.
   clipboard().start();
   every(ClipboardModel::pollInterval, [this] { clipboard().poll(); });
-  every(SystemMonitor::tickInterval, [this] {
+  every(LiveModels::tickInterval, [this] {
     for (Area* area : areas_) area->tick(surroundings_.now());
   });
   clockTimer_.setSingleShot(true);
@@ -477,6 +479,9 @@ void AppDelegate::followDefaults() {
   connect(&stored_, &StoredDefaults::changed, this, [this](const std::set<std::string>& keys) {
     settings_.reload();
     for (Area* area : areas_) area->defaultsChanged(keys);
+  });
+  connect(&settings_, &AppSettings::chosen, this, [this](const std::string& key) {
+    for (Area* area : areas_) area->defaultsChanged({key});
   });
   stored_.follow();
   model_.followFile();

@@ -84,9 +84,14 @@ endfunction()
 # through ambrel_qml_program or ambrel_qt_test, which add the module's plugin as well.
 # ambrel_qml_module(NAME URI a.b [QML FILES...] [SOURCES...] [RESOURCES...] [LINK PUBLIC_LIBRARIES...] [PRIVATE...]
 #                   [DEPENDS URIS...])  DEPENDS: the modules whose types its own C++ types have as properties
+# Without QML, every QML file of the folder belongs to it: the program finds tiles and panels by their files, so a list
+# of them would say nothing more.
 function(ambrel_qml_module name)
   cmake_parse_arguments(ARG "" "URI" "QML;SOURCES;RESOURCES;LINK;PRIVATE;DEPENDS" ${ARGN})
   string(REPLACE "." "/" _path ${ARG_URI})
+  if(NOT ARG_QML)
+    file(GLOB ARG_QML RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.qml)
+  endif()
   set(_cache "")
   if(NOT AMBREL_QML_CACHE)
     set(_cache NO_CACHEGEN)

@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cstdint>
-#include <deque>
 #include <map>
 #include <optional>
 #include <string>
@@ -78,18 +77,6 @@ struct VolumeSizes {
 
 // Of what can be used, as df has it; absent when nothing is known.
 std::optional<double> usedPercent(std::int64_t usedBytes, std::int64_t freeBytes);
-
-// The newest values of a chart, oldest first.
-class History {
- public:
-  explicit History(std::size_t length) : length_(length) {}
-  void append(double value);
-  const std::deque<double>& values() const { return values_; }
-
- private:
-  std::size_t length_;
-  std::deque<double> values_;
-};
 
 // A rate as a tile shows it: "8.4" and "MB/s", with the locale's decimal mark. Decimal units; three figures at
 // most; below 1000 in whole bytes.

@@ -54,7 +54,7 @@ class Area : public QObject {
   virtual void widgetsChanged(const std::set<DockWidget>& /*onBar*/, bool /*areSeen*/, Instant /*now*/) {}
   // Every two seconds.
   virtual void tick(Instant /*now*/) {}
-  // Keys of the defaults were changed by others: the file was edited.
+  // Keys of the defaults were changed: the file was edited, or the user has chosen a setting.
   virtual void defaultsChanged(const std::set<std::string>& /*keys*/) {}
   // The computer is in another time zone.
   virtual void zoneChanged(Instant /*now*/) {}

@@ -44,7 +44,7 @@ Background makeBackground(QObject& context) {
   return [pool, context = QPointer(&context)](std::function<void()> work, std::function<void()> done) {
     pool->start([context, work = std::move(work), done = std::move(done)] {
       work();
-      // The pool waits for its threads before the context goes, so the pointer is sound here.
+      // The pool waits for its threads before the context is destroyed, so the pointer is valid here.
       if (context) QMetaObject::invokeMethod(context.data(), done, Qt::QueuedConnection);
     });
   };

@@ -1,5 +1,5 @@
 #pragma once
-// Whether a panel is on screen, and how far it has come in or gone out. Views bind to it and do the drawing.
+// Whether a panel is on screen, and how far it is opened or closed. Views bind to it and do the drawing.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -42,7 +42,7 @@ class Presentation : public QObject {
 
  Q_SIGNALS:
   void changed();
-  // The window is to come on screen, or to leave it.
+  // The window must be shown, or hidden.
   void orderFront();
   void orderOut();
 

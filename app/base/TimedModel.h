@@ -22,7 +22,7 @@ class TimedModel : public QObject {
   // The machine was suspended for that long, or the clock was set; told before the tick that follows.
   virtual void slept(Seconds /*span*/, Instant /*now*/) {}
   virtual void clockMoved(Seconds /*by*/, Instant /*now*/) {}
-  // The user's zone is another, so that days and hours are; points in time stay.
+  // The user's time zone has changed, and days and hours with it; points in time have not.
   virtual void zoneChanged(Instant now) { clockMoved(Seconds(0), now); }
 
  Q_SIGNALS:

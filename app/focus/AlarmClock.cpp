@@ -5,7 +5,7 @@
 namespace ambrel {
 
 AlarmClock::AlarmClock(FocusSeams seams, IsEnabled isEnabled, QObject* parent)
-    : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
+    : FocusModel(std::move(seams), parent), isEnabled_(std::move(isEnabled)) {
   alarm_.watchedFrom = seams_.now();
   reload();
 }
@@ -18,7 +18,7 @@ void AlarmClock::reload() {
   if (isOn != alarm_.isOn || hour != alarm_.hour || minute != alarm_.minute)
     turn(isOn, hour, minute);
   else
-    publish(seams_.now());
+    update();
 }
 
 void AlarmClock::turn(bool on, int hour, int minute) {
@@ -32,12 +32,6 @@ void AlarmClock::turn(bool on, int hour, int minute) {
 void AlarmClock::setIsOn(bool on) {
   store(seams_.defaults, setting::alarmOn.key, on);
   turn(on, alarm_.hour, alarm_.minute);
-}
-
-void AlarmClock::setSnoozeMinutes(int minutes) {
-  alarm_.snoozeMinutes = clamped(setting::alarmSnooze, minutes);
-  store(seams_.defaults, setting::alarmSnooze.key, alarm_.snoozeMinutes);
-  publish(seams_.now());
 }
 
 void AlarmClock::set(int hour, int minute) {
@@ -58,7 +52,7 @@ void AlarmClock::snooze() {
 void AlarmClock::stop() {
   if (alarm_.isRinging) silence();
   alarm_.stop();
-  publish(seams_.now());
+  update();
 }
 
 void AlarmClock::answer(const std::string& action) {
@@ -104,12 +98,6 @@ void AlarmClock::clockMoved(Seconds by, Instant now) {
 void AlarmClock::zoneChanged(Instant now) {
   alarm_.zoneChanged(now);
   publish(now);
-}
-
-void AlarmClock::publish(Instant now) {
-  dayEnds_ = seams_.calendar().startOfDay(now, 1);
-  if (show(face_, alarmFace(alarm_, seams_.calendar, now))) Q_EMIT changed();
-  announceDue();
 }
 
 }  // namespace ambrel

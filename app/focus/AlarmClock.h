@@ -1,14 +1,10 @@
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
-
-#include "app/base/TimedModel.h"
-#include "app/focus/FocusFaces.h"
-#include "app/focus/FocusSeams.h"
+#include "app/focus/FocusModel.h"
 
 namespace ambrel {
 
-class AlarmClock : public TimedModel {
+class AlarmClock : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -20,7 +16,6 @@ class AlarmClock : public TimedModel {
   const AlarmFace& face() const { return face_; }
 
   Q_INVOKABLE void setIsOn(bool on);
-  Q_INVOKABLE void setSnoozeMinutes(int minutes);
   // Sets the time, and switches the alarm on.
   Q_INVOKABLE void set(int hour, int minute);
   Q_INVOKABLE void snooze();
@@ -28,27 +23,21 @@ class AlarmClock : public TimedModel {
   // What a button of the alarm's notification asks for, "snooze" or "stop"; a click on it stops as well.
   void answer(const std::string& action);
 
-  // The defaults have been changed by others.
-  void reload();
-  std::optional<Instant> due() const override { return earlier(alarm_.nextChange(seams_.calendar), dayEnds_); }
+  void reload() override;
   void tick(Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
   void zoneChanged(Instant now) override;
-
- Q_SIGNALS:
-  void changed();
 
  private:
   // Turned and set; what rings falls silent.
   void turn(bool on, int hour, int minute);
   void silence();
-  void publish(Instant now);
+  std::optional<Instant> nextChange() const override { return alarm_.nextChange(seams_.calendar); }
+  bool renewFace(Instant now) override { return show(face_, alarmFace(alarm_, seams_.calendar, now)); }
 
-  FocusSeams seams_;
   IsEnabled isEnabled_;
   Alarm alarm_;
   AlarmFace face_;
-  Instant dayEnds_;
 };
 
 }  // namespace ambrel

@@ -7,8 +7,8 @@ TileFrame {
     id: root
 
     required property AlarmClock alarm
-    // In a narrow tile the time goes up into the caption, and the buttons take its place.
-    readonly property bool isCrowded: alarm.face.isRinging && span === TileFrame.Medium
+    // In a narrow tile the time moves into the caption, and the buttons take its place.
+    readonly property bool isCrowded: alarm.face.isRinging && isMedium
 
     panel: Qt.resolvedUrl("AlarmPanel.qml")
     name: isCrowded ? alarm.face.time : caption
@@ -16,13 +16,13 @@ TileFrame {
     value: isCrowded ? "" : alarm.face.time
     valueRole: Theme.timer
     valueColor: alarm.face.isRinging ? Theme.orange.text : alarm.face.isOn ? Theme.ink : Theme.ink3
-    subLine: isCrowded ? "" : span === TileFrame.Medium ? alarm.face.shortDetail : alarm.face.detail
-    reserved: alarm.face.isRinging && span !== TileFrame.Small ? buttons.width : 0
+    subLine: isCrowded ? "" : isMedium ? alarm.face.shortDetail : alarm.face.detail
+    reserved: alarm.face.isRinging && !isSmall ? buttons.width : 0
 
     Row {
         id: buttons
 
-        visible: root.alarm.face.isRinging && root.span !== TileFrame.Small
+        visible: root.alarm.face.isRinging && !root.isSmall
         spacing: Theme.space1
         x: root.isCrowded ? -6 : parent.width - width + 4
         y: parent.height - height + 2

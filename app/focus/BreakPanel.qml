@@ -1,6 +1,7 @@
 import QtQuick
 import Ambrel.Focus
 import Ambrel.Kit
+import Ambrel.Model
 
 // The interval of one of the two break reminders.
 Popover {
@@ -20,45 +21,38 @@ Popover {
         onTicked: Qt.callLater(root.reminder.update) // qmllint disable
     }
 
-    Section {
-        id: section
-        x: Theme.space4
-        y: Theme.space2
-        width: parent.width - 2 * Theme.space4
+    PanelColumn {
+        Section {
+            width: parent.width
 
-        SwitchRow {
-            title: qsTr("Reminders")
-            detail: root.reminder.face.isOn ? qsTr("%1 left").arg(root.reminder.face.countdown) : ""
-            checked: root.reminder.face.isOn
-            onToggled: checked => root.reminder.setIsOn(checked)
+            SettingRow {
+                key: root.isForEyes ? "eyeBreakOn" : "standUpOn"
+                title: qsTr("Reminders")
+                detail: root.reminder.face.isOn ? qsTr("%1 left").arg(root.reminder.face.countdown) : ""
+            }
+            SettingRow {
+                key: root.isForEyes ? "eyeBreakInterval" : "standUpInterval"
+                title: qsTr("Every")
+                step: 5
+                unit: qsTr("min")
+            }
         }
-        StepperRow {
-            title: qsTr("Every")
-            value: root.reminder.face.intervalMinutes
-            to: 240
-            step: 5
-            unit: qsTr("min")
-            onStepped: value => root.reminder.setIntervalMinutes(value)
-        }
-    }
-    Row {
-        x: Theme.space4
-        width: parent.width - 2 * Theme.space4
-        anchors.top: section.bottom
-        anchors.topMargin: Theme.space3
-        spacing: Theme.space3
+        Row {
+            width: parent.width
+            spacing: Theme.space3
 
-        Button {
-            kind: Button.Primary
-            focus: true
-            text: root.reminder.face.isOnBreak ? qsTr("End the break") : root.isForEyes ? qsTr("Take the break now") : qsTr("I stood up")
-            onClicked: root.reminder.face.isOnBreak ? root.reminder.endBreak() : root.reminder.takeBreak()
-        }
-        Label {
-            text: qsTr("%1 today").arg(root.reminder.face.countToday)
-            role: Theme.small
-            color: Theme.ink2
-            anchors.verticalCenter: parent.verticalCenter
+            Button {
+                kind: Button.Primary
+                focus: true
+                text: root.reminder.face.isOnBreak ? qsTr("End the break") : root.isForEyes ? qsTr("Take the break now") : qsTr("I stood up")
+                onClicked: root.reminder.face.isOnBreak ? root.reminder.endBreak() : root.reminder.takeBreak()
+            }
+            Label {
+                text: qsTr("%1 today").arg(root.reminder.face.countToday)
+                role: Theme.small
+                color: Theme.ink2
+                anchors.verticalCenter: parent.verticalCenter
+            }
         }
     }
 }

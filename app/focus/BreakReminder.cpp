@@ -15,7 +15,7 @@ const Setting<std::int64_t>& intervalSetting(BreakKind kind) {
 }  // namespace
 
 BreakReminder::BreakReminder(BreakKind kind, FocusSeams seams, IsEnabled isEnabled, QObject* parent)
-    : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
+    : FocusModel(std::move(seams), parent), isEnabled_(std::move(isEnabled)) {
   const Instant now = seams_.now();
   timer_.kind = kind;
   timer_.setInterval(valueOf(seams_.defaults, intervalSetting(kind)), now);
@@ -43,13 +43,6 @@ void BreakReminder::setIsOn(bool on) {
   const Instant now = seams_.now();
   timer_.turn(on, now);
   store(seams_.defaults, isOnSetting(timer_.kind).key, on);
-  publish(now);
-}
-
-void BreakReminder::setIntervalMinutes(int minutes) {
-  const Instant now = seams_.now();
-  timer_.setInterval(minutes, now);
-  store(seams_.defaults, intervalSetting(timer_.kind).key, timer_.intervalMinutes);
   publish(now);
 }
 
@@ -84,13 +77,11 @@ void BreakReminder::clockMoved(Seconds by, Instant now) {
   publish(now);
 }
 
-void BreakReminder::publish(Instant now) {
-  dayEnds_ = seams_.calendar().startOfDay(now, 1);
+bool BreakReminder::renewFace(Instant now) {
   if (timer_.taken != published_.taken) store(seams_.defaults, key("Count"), key("Day"), timer_.taken);
   if (published_.isDue && !timer_.isDue) seams_.notifications.withdraw(timer_.notice().identifier);
   published_ = timer_;
-  if (show(face_, breakFace(timer_, seams_.calendar, now))) Q_EMIT changed();
-  announceDue();
+  return show(face_, breakFace(timer_, seams_.calendar, now));
 }
 
 }  // namespace ambrel

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
-
-#include "app/base/TimedModel.h"
-#include "app/focus/FocusFaces.h"
-#include "app/focus/FocusSeams.h"
+#include "app/focus/FocusModel.h"
 
 namespace ambrel {
 
 // One of the two reminders: to rest the eyes, or to stand up.
-class BreakReminder : public TimedModel {
+class BreakReminder : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -21,33 +17,24 @@ class BreakReminder : public TimedModel {
   const BreakFace& face() const { return face_; }
 
   Q_INVOKABLE void setIsOn(bool on);
-  Q_INVOKABLE void setIntervalMinutes(int minutes);
   Q_INVOKABLE void takeBreak();
   Q_INVOKABLE void endBreak();
-  // Brings the countdown up to date, while somebody looks.
-  Q_INVOKABLE void update() { publish(seams_.now()); }
 
-  // The defaults have been changed by others.
-  void reload();
-  std::optional<Instant> due() const override { return earlier(timer_.nextChange(), dayEnds_); }
+  void reload() override;
   void tick(Instant now) override;
   void slept(Seconds span, Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
 
- Q_SIGNALS:
-  void changed();
-
  private:
   std::string key(const char* suffix) const;
   void load(Instant now);
-  void publish(Instant now);
+  std::optional<Instant> nextChange() const override { return timer_.nextChange(); }
+  bool renewFace(Instant now) override;
 
-  FocusSeams seams_;
   IsEnabled isEnabled_;
   BreakTimer timer_;
   BreakTimer published_;
   BreakFace face_;
-  Instant dayEnds_;
 };
 
 }  // namespace ambrel

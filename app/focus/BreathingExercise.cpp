@@ -2,11 +2,8 @@
 
 namespace ambrel {
 
-BreathingExercise::BreathingExercise(std::function<Instant()> now, QObject* parent)
-    : TimedModel(parent), now_(std::move(now)), face_(breathingFace({})) {}
-
 void BreathingExercise::toggle() {
-  const Instant now = now_();
+  const Instant now = seams_.now();
   startedAt_ = startedAt_ ? std::nullopt : std::optional(now);
   publish(now);
 }
@@ -28,15 +25,14 @@ void BreathingExercise::clockMoved(Seconds by, Instant) {
   stepEnds_ = advanced(stepEnds_, by);
 }
 
-void BreathingExercise::publish(Instant now) {
+bool BreathingExercise::renewFace(Instant now) {
   std::optional<BreathingStep> step;
   if (startedAt_) {
     step = breathingStep(secondsBetween(*startedAt_, now));
     stepEnds_ = advanced(now, step->left);
     if (step->kind == BreathingStep::Kind::done) startedAt_.reset();
   }
-  if (show(face_, breathingFace(step))) Q_EMIT changed();
-  announceDue();
+  return show(face_, breathingFace(step));
 }
 
 }  // namespace ambrel

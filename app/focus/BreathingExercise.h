@@ -1,22 +1,18 @@
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
-
-#include "app/base/TimedModel.h"
-#include "app/focus/FocusFaces.h"
-#include "app/focus/FocusSeams.h"
+#include "app/focus/FocusModel.h"
 
 namespace ambrel {
 
 // A minute of slow breathing, step by step.
-class BreathingExercise : public TimedModel {
+class BreathingExercise : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::BreathingFace face READ face NOTIFY changed FINAL)
 
  public:
-  explicit BreathingExercise(std::function<Instant()> now, QObject* parent = nullptr);
+  explicit BreathingExercise(FocusSeams seams, QObject* parent = nullptr) : FocusModel(std::move(seams), parent) {}
 
   const BreathingFace& face() const { return face_; }
 
@@ -28,16 +24,12 @@ class BreathingExercise : public TimedModel {
   void slept(Seconds span, Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
 
- Q_SIGNALS:
-  void changed();
-
  private:
-  void publish(Instant now);
+  bool renewFace(Instant now) override;
 
-  std::function<Instant()> now_;
   std::optional<Instant> startedAt_;
   Instant stepEnds_;
-  BreathingFace face_;
+  BreathingFace face_ = breathingFace({});
 };
 
 }  // namespace ambrel

@@ -17,12 +17,13 @@ RingValueTile {
     menuText: reminder.face.isOn ? qsTr("Pause Eye Breaks") : qsTr("Resume Eye Breaks")
     menuSymbol: "eye"
     onMenuChosen: reminder.setIsOn(!reminder.face.isOn)
+    model: reminder
+    ticks: !isIdle && !reminder.face.isDue
     percent: isIdle ? 0 : reminder.face.isDue ? 100 : reminder.face.percentLeft
     tone: reminder.face.isDue ? Theme.orange : reminder.face.isOnBreak ? Theme.green : Theme.teal
     control: reminder.face.isOnBreak ? "xmark" : isIdle ? "play.fill" : "eye"
     controlLabel: reminder.face.isOnBreak ? qsTr("Click to end the break") : isIdle ? qsTr("Resume Eye Breaks") : qsTr("Take the break now")
     figure: isIdle ? qsTr("Paused") : reminder.face.isDue ? (isWide ? qsTr("Look away") : qsTr("Now")) : reminder.face.countdown
-    widestFigure: isIdle || reminder.face.isDue ? "" : reminder.face.countdown.replace(/[0-9]/g, "0")
     ink: reminder.face.isDue ? Theme.orange.text : isIdle ? Theme.ink2 : Theme.ink
     detail: {
         if (reminder.face.isOnBreak)
@@ -41,10 +42,4 @@ RingValueTile {
             reminder.takeBreak();
     }
     onActivated: reminder.face.isOnBreak ? reminder.endBreak() : reminder.face.isDue ? reminder.takeBreak() : root.settingsAsked()
-
-    LiveTimeline {
-        schedule: root.isIdle || root.reminder.face.isDue ? LiveTimeline.Never : LiveTimeline.EverySecond
-        active: root.live
-        onTicked: Qt.callLater(root.reminder.update) // qmllint disable
-    }
 }

@@ -13,29 +13,23 @@ FocusArea::FocusArea(const FocusSeams& seams, std::filesystem::path habitsFile, 
       calendar_(seams.calendar),
       pomodoro_(seams),
       water_(seams, [&shell] { return shell.isOnBar(DockWidget::water); }),
-      stopwatch_(seams.now),
+      stopwatch_(seams),
       timer_(seams),
       alarm_(seams, [&shell] { return shell.isInAnyProfile(DockWidget::alarm); }),
       eyeBreak_(BreakKind::eyes, seams, [&shell] { return shell.isOnBar(DockWidget::eyeBreak); }),
       standUp_(BreakKind::stand, seams, [&shell] { return shell.isOnBar(DockWidget::standUp); }),
-      breathing_(seams.now),
-      habits_(std::move(habitsFile), seams.calendar, seams.now),
-      mood_(seams.defaults, seams.calendar, seams.now) {
+      breathing_(seams),
+      habits_(std::move(habitsFile), seams),
+      mood_(seams) {
   keep({this});
-  for (TimedModel* model : std::initializer_list<TimedModel*>{&pomodoro_, &water_, &stopwatch_, &timer_, &alarm_,
-                                                              &eyeBreak_, &standUp_, &breathing_, &habits_, &mood_}) {
+  for (FocusModel* model : models_) {
     keep({model});
     due.add(*model);
   }
 }
 
 void FocusArea::defaultsChanged(const std::set<std::string>& /*keys*/) {
-  pomodoro_.reload();
-  water_.reload();
-  alarm_.reload();
-  eyeBreak_.reload();
-  standUp_.reload();
-  mood_.reload();
+  for (FocusModel* model : models_) model->reload();
 }
 
 void FocusArea::addSignals(BuddySignals& signals, Instant now) {

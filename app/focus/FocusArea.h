@@ -1,6 +1,7 @@
 #pragma once
 // Focus and wellbeing: the models, which wait on one timer, and what their notifications lead to.
 
+#include <array>
 #include <filesystem>
 
 #include "app/base/Area.h"
@@ -67,6 +68,8 @@ class FocusArea : public Area {
   BreathingExercise breathing_;
   HabitStore habits_;
   MoodLog mood_;
+  const std::array<FocusModel*, 10> models_{&pomodoro_, &water_,   &stopwatch_, &timer_,  &alarm_,
+                                            &eyeBreak_, &standUp_, &breathing_, &habits_, &mood_};
 };
 
 }  // namespace ambrel

@@ -21,7 +21,6 @@ QString dayLetter(const Calendar& calendar, Instant day) { return toQString(form
 
 PomodoroFace pomodoroFace(const Pomodoro& timer, const Calendar& calendar, Instant now) {
   const Seconds length = timer.length(), left = timer.remaining(now);
-  const PomodoroSettings& settings = timer.settings;
   return {.phaseTitle = toQString(title(timer.phase)),
           .isFocus = timer.phase == PomodoroPhase::focus,
           .isRunning = timer.isRunning(),
@@ -29,12 +28,7 @@ PomodoroFace pomodoroFace(const Pomodoro& timer, const Calendar& calendar, Insta
           .remaining = toQString(countdownText(left)),
           .lengthText = QObject::tr("of %1 min").arg(static_cast<int>(length.count() / 60)),
           .percentLeft = percentOf(left, length),
-          .sessionsToday = timer.completed.today(calendar.dayKey(now)),
-          .focusMinutes = settings.focusMinutes,
-          .breakMinutes = settings.breakMinutes,
-          .longBreakMinutes = settings.longBreakMinutes,
-          .sessionsUntilLongBreak = settings.sessionsUntilLongBreak,
-          .startsNextPhase = settings.startsNextPhase};
+          .sessionsToday = timer.completed.today(calendar.dayKey(now))};
 }
 
 FocusWeek focusWeek(const DayCounts& history, const Calendar& calendar, Instant now) {
@@ -65,7 +59,6 @@ WaterFace waterFace(const Water& water, const Calendar& calendar, Instant now) {
   const bool isGoalMet = count >= water.goal;
   return {.count = count,
           .goal = water.goal,
-          .intervalMinutes = water.intervalMinutes,
           .remindersOn = water.remindersOn,
           .percent = 100.0 * count / water.goal,
           .isGoalMet = isGoalMet,
@@ -95,7 +88,6 @@ TimerFace timerFace(const QuickTimerValue& timer, const Calendar& calendar, Inst
 BreakFace breakFace(const BreakTimer& timer, const Calendar& calendar, Instant now) {
   const Seconds left = timer.left(now);
   return {.isOn = timer.isOn,
-          .intervalMinutes = timer.intervalMinutes,
           .isDue = timer.isDue,
           .isOnBreak = timer.breakEnds.has_value(),
           .countdown = timer.nextChange() ? toQString(countdownText(left)) : QString(),
@@ -109,7 +101,6 @@ AlarmFace alarmFace(const Alarm& alarm, const Calendar& calendar, Instant now) {
       .isOn = alarm.isOn,
       .hour = alarm.hour,
       .minute = alarm.minute,
-      .snoozeMinutes = alarm.snoozeMinutes,
       .isRinging = alarm.isRinging,
       .isSnoozed = alarm.snoozedUntil.has_value(),
       .time = toQString(shortTime(calendar, calendar.instant(day.year, day.month, day.day, alarm.hour, alarm.minute))),

@@ -26,8 +26,7 @@ struct PomodoroFace {
   FACE_FIELDS(bool, isRunning, isPaused);
   FACE_FIELDS(QString, remaining, lengthText);  // "18:24", "of 25 min"
   FACE_FIELDS(qreal, percentLeft);
-  FACE_FIELDS(int, sessionsToday, focusMinutes, breakMinutes, longBreakMinutes, sessionsUntilLongBreak);
-  FACE_FIELDS(bool, startsNextPhase);
+  FACE_FIELDS(int, sessionsToday);
 
   bool operator==(const PomodoroFace&) const = default;
 };
@@ -51,7 +50,7 @@ struct WaterFace {
   Q_GADGET
   QML_VALUE_TYPE(waterFace)
  public:
-  FACE_FIELDS(int, count, goal, intervalMinutes);
+  FACE_FIELDS(int, count, goal);
   FACE_FIELDS(bool, remindersOn);
   FACE_FIELDS(qreal, percent);  // of the goal; may exceed a hundred
   FACE_FIELDS(bool, isGoalMet);
@@ -90,9 +89,7 @@ struct BreakFace {
   Q_GADGET
   QML_VALUE_TYPE(breakFace)
  public:
-  FACE_FIELDS(bool, isOn);
-  FACE_FIELDS(int, intervalMinutes);
-  FACE_FIELDS(bool, isDue, isOnBreak);
+  FACE_FIELDS(bool, isOn, isDue, isOnBreak);
   FACE_FIELDS(QString, countdown);  // to the next break, or to the end of the present one: "12:40"
   FACE_FIELDS(qreal, percentLeft);
   FACE_FIELDS(int, countToday);
@@ -106,7 +103,7 @@ struct AlarmFace {
   QML_VALUE_TYPE(alarmFace)
  public:
   FACE_FIELDS(bool, isOn);
-  FACE_FIELDS(int, hour, minute, snoozeMinutes);
+  FACE_FIELDS(int, hour, minute);
   FACE_FIELDS(bool, isRinging, isSnoozed);
   FACE_FIELDS(QString, time);         // "7:30 AM", the time that is set
   FACE_FIELDS(QString, detail);       // "Tomorrow", "Today", "Ringing", "Snoozed until 7:40 AM", "Off"

@@ -27,11 +27,6 @@ inline Notification notificationOf(const FocusNotice& notice) {
   return {.identifier = notice.identifier, .title = notice.title, .body = notice.body, .sound = false};
 }
 
-// The next of a change that may come, and the end of the day, at which counts begin again.
-inline Instant earlier(const std::optional<Instant>& change, Instant dayEnds) {
-  return change ? std::min(*change, dayEnds) : dayEnds;
-}
-
 // Says whether what is shown differs now.
 template <typename Face>
 bool show(Face& shown, Face next) {

@@ -11,15 +11,15 @@ TileFrame {
     panel: Qt.resolvedUrl("FocusStatsPanel.qml")
     value: pomodoro.week.total
     subLine: qsTr("this week")
-    reserved: span === TileFrame.Small ? 0 : span === TileFrame.Medium ? 34 : 92
+    reserved: isSmall ? 0 : isMedium ? 34 : 92
     tip: pomodoro.week.text
 
     WeekBars {
-        visible: root.span !== TileFrame.Small
+        visible: !root.isSmall
         week: root.pomodoro.week.days
-        hasLetters: root.span !== TileFrame.Medium
-        width: root.span === TileFrame.Medium ? 34 : 92
-        spacing: root.span === TileFrame.Medium ? 2 : 4
+        hasLetters: !root.isMedium
+        width: root.isMedium ? 34 : 92
+        spacing: root.isMedium ? 2 : 4
         height: 34
         anchors.right: parent.right
         anchors.bottom: parent.bottom

@@ -23,15 +23,14 @@ std::vector<HabitRow> rowsOf(const std::vector<Habit>& habits, const Calendar& c
 
 }  // namespace
 
-HabitStore::HabitStore(std::filesystem::path file, PresentCalendar calendar, std::function<Instant()> now,
-                       QObject* parent)
-    : TimedModel(parent), file_(std::move(file)), calendar_(std::move(calendar)), now_(std::move(now)) {
+HabitStore::HabitStore(std::filesystem::path file, FocusSeams seams, QObject* parent)
+    : FocusModel(std::move(seams), parent), file_(std::move(file)) {
   try {
     if (auto stored = JSONFileStore<HabitList>{file_}.load()) items_ = std::move(stored->items);
   } catch (const std::exception& error) {
     logLine(std::string("cannot read habits: ") + error.what());
   }
-  publish(now_());
+  update();
 }
 
 bool HabitStore::add(const QString& name) {
@@ -50,7 +49,7 @@ void HabitStore::remove(const QString& id) {
 void HabitStore::toggleToday(const QString& id) {
   const auto habit = std::ranges::find(items_, UUID::parse(id.toStdString()), &Habit::id);
   if (habit == items_.end()) return;
-  const std::string today = calendar_().dayKey(now_());
+  const std::string today = seams_.calendar().dayKey(seams_.now());
   if (habit->days.erase(today) == 0) habit->days.insert(today);
   save();
 }
@@ -61,14 +60,12 @@ void HabitStore::save() {
   } catch (const std::exception& error) {
     logLine(std::string("cannot save habits: ") + error.what());
   }
-  publish(now_());
+  update();
 }
 
-void HabitStore::publish(Instant now) {
-  dayEnds_ = calendar_().startOfDay(now, 1);
-  rows_.setRows(rowsOf(items_, calendar_, now));
-  if (show(face_, habitsFace(items_, calendar_, now))) Q_EMIT changed();
-  announceDue();
+bool HabitStore::renewFace(Instant now) {
+  rows_.setRows(rowsOf(items_, seams_.calendar, now));
+  return show(face_, habitsFace(items_, seams_.calendar, now));
 }
 
 }  // namespace ambrel

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
 #include <filesystem>
 
 #include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
-#include "app/base/TimedModel.h"
-#include "app/focus/FocusFaces.h"
-#include "app/focus/FocusSeams.h"
+#include "app/focus/FocusModel.h"
 
 namespace ambrel {
 
@@ -25,7 +22,7 @@ struct HabitRow {
 };
 
 // The habits, kept in a file of their own.
-class HabitStore : public TimedModel {
+class HabitStore : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -33,8 +30,7 @@ class HabitStore : public TimedModel {
   Q_PROPERTY(ambrel::HabitsFace face READ face NOTIFY changed FINAL)
 
  public:
-  HabitStore(std::filesystem::path file, PresentCalendar calendar, std::function<Instant()> now,
-             QObject* parent = nullptr);
+  HabitStore(std::filesystem::path file, FocusSeams seams, QObject* parent = nullptr);
 
   const std::vector<Habit>& items() const { return items_; }
   RowList* rows() { return &rows_; }
@@ -45,24 +41,14 @@ class HabitStore : public TimedModel {
   Q_INVOKABLE void remove(const QString& id);
   Q_INVOKABLE void toggleToday(const QString& id);
 
-  std::optional<Instant> due() const override { return dayEnds_; }
-  void tick(Instant now) override { publish(now); }
-  void clockMoved(Seconds, Instant now) override { publish(now); }
-
- Q_SIGNALS:
-  void changed();
-
  private:
   void save();
-  void publish(Instant now);
+  bool renewFace(Instant now) override;
 
   std::filesystem::path file_;
-  PresentCalendar calendar_;
-  std::function<Instant()> now_;
   std::vector<Habit> items_;
   GadgetListModel<HabitRow> rows_;
   HabitsFace face_;
-  Instant dayEnds_;
 };
 
 }  // namespace ambrel

@@ -1,6 +1,7 @@
 import QtQuick
 import Ambrel.Focus
 import Ambrel.Kit
+import Ambrel.Model
 
 // The focus timer's controls and lengths.
 Popover {
@@ -11,19 +12,13 @@ Popover {
 
     title: pomodoro.face.phaseTitle
     symbol: "timer"
+    fact: qsTr("%1 today").arg(root.pomodoro.face.sessionsToday)
     implicitHeight: 394
 
     LiveTimeline {
         schedule: root.pomodoro.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
         onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable
-    }
-
-    headerItems: Label {
-        anchors.verticalCenter: parent.verticalCenter
-        text: qsTr("%1 today").arg(root.pomodoro.face.sessionsToday)
-        role: Theme.small
-        color: Theme.ink2
     }
 
     Row {
@@ -71,40 +66,31 @@ Popover {
         Section {
             width: parent.width
 
-            StepperRow {
+            SettingRow {
+                key: "pomodoroFocus"
                 title: qsTr("Focus")
-                value: root.pomodoro.face.focusMinutes
-                to: 180
                 step: 5
                 unit: qsTr("min")
-                onStepped: value => root.pomodoro.setFocusMinutes(value)
             }
-            StepperRow {
+            SettingRow {
+                key: "pomodoroBreak"
                 title: qsTr("Break")
-                value: root.pomodoro.face.breakMinutes
-                to: 180
                 unit: qsTr("min")
-                onStepped: value => root.pomodoro.setBreakMinutes(value)
             }
-            StepperRow {
+            SettingRow {
+                key: "pomodoroLongBreak"
                 title: qsTr("Long Break")
-                value: root.pomodoro.face.longBreakMinutes
-                to: 180
                 step: 5
                 unit: qsTr("min")
-                onStepped: value => root.pomodoro.setLongBreakMinutes(value)
             }
-            StepperRow {
+            SettingRow {
+                key: "pomodoroSessions"
                 title: qsTr("Long break after")
-                value: root.pomodoro.face.sessionsUntilLongBreak
-                to: 12
                 unit: qsTr("sessions")
-                onStepped: value => root.pomodoro.setSessionsUntilLongBreak(value)
             }
-            SwitchRow {
+            SettingRow {
+                key: "pomodoroAutoStart"
                 title: qsTr("Start the next phase by itself")
-                checked: root.pomodoro.face.startsNextPhase
-                onToggled: checked => root.pomodoro.setStartsNextPhase(checked)
             }
         }
     }

@@ -4,12 +4,12 @@ import Ambrel.Kit
 
 // The focus timer. The ring starts and pauses it.
 RingValueTile {
-    id: root
-
     required property PomodoroTimer pomodoro
 
     panel: Qt.resolvedUrl("PomodoroPanel.qml")
     name: pomodoro.face.isFocus ? caption : pomodoro.face.phaseTitle
+    model: pomodoro
+    ticks: pomodoro.face.isRunning
     percent: pomodoro.face.percentLeft
     tone: pomodoro.face.isFocus ? Theme.orange : Theme.green
     control: pomodoro.face.isRunning ? "pause.fill" : "play.fill"
@@ -18,10 +18,4 @@ RingValueTile {
     widestFigure: pomodoro.face.remaining.length > 5 ? "0:00:00" : "00:00"
     detail: pomodoro.face.isPaused ? qsTr("Paused") : pomodoro.face.lengthText
     onControlPressed: pomodoro.toggle()
-
-    LiveTimeline {
-        schedule: root.pomodoro.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
-        active: root.live
-        onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable
-    }
 }

@@ -4,7 +4,7 @@
 
 namespace ambrel {
 
-PomodoroTimer::PomodoroTimer(FocusSeams seams, QObject* parent) : TimedModel(parent), seams_(std::move(seams)) {
+PomodoroTimer::PomodoroTimer(FocusSeams seams, QObject* parent) : FocusModel(std::move(seams), parent) {
   load();
   update();
 }
@@ -23,35 +23,6 @@ void PomodoroTimer::reload() {
   load();
   publishWeek(seams_.now());
   update();
-}
-
-template <typename Value, typename Stored>
-void PomodoroTimer::set(Value PomodoroSettings::*field, const Setting<Stored>& setting, Value value) {
-  if constexpr (std::is_same_v<Value, int>) value = clamped(setting, value);
-  if (value == timer_.settings.*field) return;
-  timer_.settings.*field = value;
-  store(seams_.defaults, setting.key, value);
-  update();
-}
-
-void PomodoroTimer::setFocusMinutes(int minutes) {
-  set(&PomodoroSettings::focusMinutes, setting::pomodoroFocus, minutes);
-}
-
-void PomodoroTimer::setBreakMinutes(int minutes) {
-  set(&PomodoroSettings::breakMinutes, setting::pomodoroBreak, minutes);
-}
-
-void PomodoroTimer::setLongBreakMinutes(int minutes) {
-  set(&PomodoroSettings::longBreakMinutes, setting::pomodoroLongBreak, minutes);
-}
-
-void PomodoroTimer::setSessionsUntilLongBreak(int sessions) {
-  set(&PomodoroSettings::sessionsUntilLongBreak, setting::pomodoroSessions, sessions);
-}
-
-void PomodoroTimer::setStartsNextPhase(bool starts) {
-  set(&PomodoroSettings::startsNextPhase, setting::pomodoroAutoStart, starts);
 }
 
 void PomodoroTimer::toggle() {
@@ -95,14 +66,12 @@ void PomodoroTimer::clockMoved(Seconds by, Instant now) {
   publish(now);
 }
 
-void PomodoroTimer::publish(Instant now) {
+bool PomodoroTimer::renewFace(Instant now) {
   if (now >= dayEnds_) publishWeek(now);
-  if (show(face_, pomodoroFace(timer_, seams_.calendar, now))) Q_EMIT changed();
-  announceDue();
+  return show(face_, pomodoroFace(timer_, seams_.calendar, now));
 }
 
 void PomodoroTimer::publishWeek(Instant now) {
-  dayEnds_ = seams_.calendar().startOfDay(now, 1);
   if (show(week_, focusWeek(timer_.history, seams_.calendar, now))) Q_EMIT weekChanged();
 }
 

@@ -2,8 +2,6 @@
 
 namespace ambrel {
 
-QuickTimer::QuickTimer(FocusSeams seams, QObject* parent) : TimedModel(parent), seams_(std::move(seams)) {}
-
 void QuickTimer::start(int seconds) {
   const Instant now = seams_.now();
   seams_.notifications.withdraw("timer");
@@ -27,11 +25,6 @@ void QuickTimer::tick(Instant now) {
 void QuickTimer::clockMoved(Seconds by, Instant now) {
   timer_.clockMoved(by);
   publish(now);
-}
-
-void QuickTimer::publish(Instant now) {
-  if (show(face_, timerFace(timer_, seams_.calendar, now))) Q_EMIT changed();
-  announceDue();
 }
 
 }  // namespace ambrel

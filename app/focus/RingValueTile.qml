@@ -1,16 +1,20 @@
 import QtQuick
+import Ambrel.Focus
 import Ambrel.Kit
 
 // A tile with a ring that is a button, and beside it a figure that ticks over its detail.
 TileFrame {
     id: root
 
+    // What is shown, and whether it has to be brought up to date each second.
+    property FocusModel model: null
+    property bool ticks: false
     property real percent: NaN
     property Tone tone: Theme.orange
     property string control
     property string controlLabel
     property string figure
-    property string widestFigure
+    property string widestFigure: ticks ? figure.replace(/[0-9]/g, "0") : ""
     property color ink: Theme.ink
     property string detail
 
@@ -20,6 +24,11 @@ TileFrame {
     label: name + ", " + figure + (detail === "" ? "" : ", " + detail)
     tip: number.truncated || words.truncated || isSmall ? label : ""
 
+    LiveTimeline {
+        schedule: root.ticks ? LiveTimeline.EverySecond : LiveTimeline.Never
+        active: root.live
+        onTicked: Qt.callLater(root.model.update) // qmllint disable
+    }
     RingControl {
         id: ring
 

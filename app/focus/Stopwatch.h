@@ -1,40 +1,29 @@
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
-
-#include "app/base/TimedModel.h"
-#include "app/focus/FocusFaces.h"
-#include "app/focus/FocusSeams.h"
+#include "app/focus/FocusModel.h"
 
 namespace ambrel {
 
-class Stopwatch : public TimedModel {
+class Stopwatch : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::StopwatchFace face READ face NOTIFY changed FINAL)
 
  public:
-  explicit Stopwatch(std::function<Instant()> now, QObject* parent = nullptr);
+  explicit Stopwatch(FocusSeams seams, QObject* parent = nullptr) : FocusModel(std::move(seams), parent) { update(); }
 
   const StopwatchFace& face() const { return face_; }
 
   Q_INVOKABLE void toggle();
   Q_INVOKABLE void reset();
-  // Brings the time up to date, while somebody looks.
-  Q_INVOKABLE void update() { publish(now_()); }
 
   std::optional<Instant> due() const override { return std::nullopt; }
-  void tick(Instant) override {}
   void clockMoved(Seconds by, Instant now) override;
 
- Q_SIGNALS:
-  void changed();
-
  private:
-  void publish(Instant now);
+  bool renewFace(Instant now) override { return show(face_, stopwatchFace(watch_, now)); }
 
-  std::function<Instant()> now_;
   StopwatchValue watch_;
   StopwatchFace face_;
 };

@@ -4,11 +4,11 @@ import Ambrel.Kit
 
 // The stopwatch. The ring starts and stops it.
 RingValueTile {
-    id: root
-
     required property Stopwatch stopwatch
 
     panel: Qt.resolvedUrl("StopwatchPanel.qml")
+    model: stopwatch
+    ticks: stopwatch.face.isRunning
     percent: stopwatch.face.isRunning ? 100 : 0
     tone: Theme.blue
     control: stopwatch.face.isRunning ? "pause.fill" : "play.fill"
@@ -17,10 +17,4 @@ RingValueTile {
     widestFigure: stopwatch.face.elapsed.replace(/[0-9]/g, "0")
     detail: stopwatch.face.isRunning ? qsTr("Running") : stopwatch.face.isZero ? qsTr("Ready") : qsTr("Stopped")
     onControlPressed: stopwatch.toggle()
-
-    LiveTimeline {
-        schedule: root.stopwatch.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
-        active: root.live
-        onTicked: Qt.callLater(root.stopwatch.update) // qmllint disable
-    }
 }

@@ -13,8 +13,6 @@ namespace ambrel {
 inline int valueOf(const UserDefaults& defaults, const Setting<std::int64_t>& setting) {
   return static_cast<int>(valueOf<std::int64_t>(defaults, setting));
 }
-// What the setting takes that is nearest to `value`.
-inline int clamped(const Setting<std::int64_t>& setting, int value) { return static_cast<int>(setting.clamped(value)); }
 
 // A count and the day that it is valid for; never below zero.
 DayCount storedDayCount(const UserDefaults& defaults, const std::string& countKey, const std::string& dayKey);

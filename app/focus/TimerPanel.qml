@@ -12,6 +12,7 @@ Popover {
 
     title: qsTr("Timer")
     symbol: "hourglass"
+    fact: root.timer.face.isRunning ? root.timer.face.remaining : root.timer.face.detail
     implicitHeight: 284
 
     LiveTimeline {
@@ -20,67 +21,52 @@ Popover {
         onTicked: Qt.callLater(root.timer.update) // qmllint disable
     }
 
-    headerItems: Label {
-        anchors.verticalCenter: parent.verticalCenter
-        text: root.timer.face.isRunning ? root.timer.face.remaining : root.timer.face.detail
-        role: Theme.small
-        color: Theme.ink2
-    }
+    PanelColumn {
+        Flow {
+            width: parent.width
+            spacing: Theme.space2
 
-    Flow {
-        id: presets
-        x: Theme.space4
-        y: Theme.space2
-        width: parent.width - 2 * Theme.space4
-        spacing: Theme.space2
+            Repeater {
+                model: [1, 3, 5, 10, 15, 20, 25, 30, 45, 60]
 
-        Repeater {
-            model: [1, 3, 5, 10, 15, 20, 25, 30, 45, 60]
+                Chip {
+                    required property int modelData
 
-            Chip {
-                required property int modelData
-
-                text: qsTr("%1 min").arg(modelData)
-                onClicked: {
-                    root.timer.start(modelData * 60);
-                    root.closeRequested();
+                    text: qsTr("%1 min").arg(modelData)
+                    onClicked: {
+                        root.timer.start(modelData * 60);
+                        root.closeRequested();
+                    }
                 }
             }
         }
-    }
-    Section {
-        id: own
-        x: Theme.space4
-        width: parent.width - 2 * Theme.space4
-        anchors.top: presets.bottom
-        anchors.topMargin: Theme.space3
+        Section {
+            width: parent.width
 
-        StepperRow {
-            title: qsTr("Other length")
-            value: root.minutes
-            to: 1440
-            unit: qsTr("min")
-            onStepped: value => root.minutes = value
-        }
-    }
-    Row {
-        x: Theme.space4
-        anchors.top: own.bottom
-        anchors.topMargin: Theme.space3
-        spacing: Theme.space2
-
-        Button {
-            kind: Button.Primary
-            text: qsTr("Start")
-            onClicked: {
-                root.timer.start(root.minutes * 60);
-                root.closeRequested();
+            StepperRow {
+                title: qsTr("Other length")
+                value: root.minutes
+                to: 1440
+                unit: qsTr("min")
+                onStepped: value => root.minutes = value
             }
         }
-        Button {
-            visible: root.timer.face.isRunning || root.timer.face.isFinished
-            text: root.timer.face.isRunning ? qsTr("Cancel the timer") : qsTr("Clear the timer")
-            onClicked: root.timer.cancel()
+        Row {
+            spacing: Theme.space2
+
+            Button {
+                kind: Button.Primary
+                text: qsTr("Start")
+                onClicked: {
+                    root.timer.start(root.minutes * 60);
+                    root.closeRequested();
+                }
+            }
+            Button {
+                visible: root.timer.face.isRunning || root.timer.face.isFinished
+                text: root.timer.face.isRunning ? qsTr("Cancel the timer") : qsTr("Clear the timer")
+                onClicked: root.timer.cancel()
+            }
         }
     }
 }

@@ -7,7 +7,7 @@
 namespace ambrel {
 
 WaterTracker::WaterTracker(FocusSeams seams, IsEnabled isEnabled, QObject* parent)
-    : TimedModel(parent), seams_(std::move(seams)), isEnabled_(std::move(isEnabled)) {
+    : FocusModel(std::move(seams), parent), isEnabled_(std::move(isEnabled)) {
   const Instant now = seams_.now();
   load();
   water_.settle(now, seams_.calendar);
@@ -51,24 +51,6 @@ void WaterTracker::remove() {
   acted(now);
 }
 
-void WaterTracker::setGoal(int glasses) {
-  water_.goal = clamped(setting::waterGoal, glasses);
-  store(seams_.defaults, setting::waterGoal.key, water_.goal);
-  acted(seams_.now());
-}
-
-void WaterTracker::setIntervalMinutes(int minutes) {
-  water_.intervalMinutes = clamped(setting::waterInterval, minutes);
-  store(seams_.defaults, setting::waterInterval.key, water_.intervalMinutes);
-  acted(seams_.now());
-}
-
-void WaterTracker::setRemindersOn(bool on) {
-  water_.remindersOn = on;
-  store(seams_.defaults, setting::waterReminders.key, on);
-  acted(seams_.now());
-}
-
 std::optional<Instant> WaterTracker::waterDueAt(Instant now) const {
   return isEnabled_() ? water_.dueAt(now, seams_.calendar) : std::nullopt;
 }
@@ -89,12 +71,6 @@ void WaterTracker::clockMoved(Seconds by, Instant now) {
   // The morning comes at another time in another zone.
   if (water_.reminder) water_.settle(now, seams_.calendar);
   publish(now);
-}
-
-void WaterTracker::publish(Instant now) {
-  dayEnds_ = seams_.calendar().startOfDay(now, 1);
-  if (show(face_, waterFace(water_, seams_.calendar, now))) Q_EMIT changed();
-  announceDue();
 }
 
 }  // namespace ambrel

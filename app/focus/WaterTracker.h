@@ -1,15 +1,11 @@
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
-
-#include "app/base/TimedModel.h"
-#include "app/focus/FocusFaces.h"
-#include "app/focus/FocusSeams.h"
+#include "app/focus/FocusModel.h"
 
 namespace ambrel {
 
 // Glasses of water by the day, and the reminder of the next.
-class WaterTracker : public TimedModel {
+class WaterTracker : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -24,30 +20,21 @@ class WaterTracker : public TimedModel {
 
   Q_INVOKABLE void add();
   Q_INVOKABLE void remove();
-  Q_INVOKABLE void setGoal(int glasses);
-  Q_INVOKABLE void setIntervalMinutes(int minutes);
-  Q_INVOKABLE void setRemindersOn(bool on);
 
-  // The defaults have been changed by others.
-  void reload();
-  std::optional<Instant> due() const override { return earlier(water_.reminder, dayEnds_); }
+  void reload() override;
   void tick(Instant now) override;
   void clockMoved(Seconds by, Instant now) override;
-
- Q_SIGNALS:
-  void changed();
 
  private:
   // The reminder that was posted does not hold any more, and another one is waited for.
   void acted(Instant now);
   void load();
-  void publish(Instant now);
+  std::optional<Instant> nextChange() const override { return water_.reminder; }
+  bool renewFace(Instant now) override { return show(face_, waterFace(water_, seams_.calendar, now)); }
 
-  FocusSeams seams_;
   IsEnabled isEnabled_;
   Water water_;
   WaterFace face_;
-  Instant dayEnds_;
 };
 
 }  // namespace ambrel

@@ -10,31 +10,12 @@ constexpr qreal length = 28, depth = 14;
 
 }  // namespace
 
-BubbleTail::BubbleTail(QQuickItem* parent) : QQuickPaintedItem(parent) { setImplicitSize(length, depth); }
+BubbleTail::BubbleTail(QQuickItem* parent) : StyledItem(parent) { BubbleTail::restyle(); }
 
-void BubbleTail::setSide(const QString& side) {
-  if (side_ == side) return;
-  side_ = side;
-  if (side_ == QLatin1String("bottom"))
-    setImplicitSize(length, depth);
-  else
-    setImplicitSize(depth, length);
+void BubbleTail::restyle() {
+  const bool isBelow = side_ == QLatin1String("bottom");
+  setImplicitSize(isBelow ? length : depth, isBelow ? depth : length);
   update();
-  Q_EMIT sideChanged();
-}
-
-void BubbleTail::setColor(const QColor& color) {
-  if (color_ == color) return;
-  color_ = color;
-  update();
-  Q_EMIT colorsChanged();
-}
-
-void BubbleTail::setLineColor(const QColor& color) {
-  if (lineColor_ == color) return;
-  lineColor_ = color;
-  update();
-  Q_EMIT colorsChanged();
 }
 
 void BubbleTail::paint(QPainter* painter) {

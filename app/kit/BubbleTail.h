@@ -1,36 +1,29 @@
 #pragma once
 // The tail of a bubble: 28 x 14, its tip at the middle of its lower edge; or turned to the left or the right.
 
-#include <QQuickPaintedItem>
+#include <QColor>
+
+#include "app/kit/StyledItem.h"
 
 namespace ambrel {
 
 // `color` fills it, `lineColor` draws its two flanks; its upper edge is open, to be laid over the bubble's line.
-class BubbleTail : public QQuickPaintedItem {
+class BubbleTail : public ambrel::StyledItem {
   Q_OBJECT
   QML_ELEMENT
   // "bottom", "left" or "right": where it points.
-  Q_PROPERTY(QString side READ side WRITE setSide NOTIFY sideChanged FINAL)
-  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorsChanged FINAL)
-  Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor NOTIFY colorsChanged FINAL)
+  Q_PROPERTY(QString side MEMBER side_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor lineColor MEMBER lineColor_ NOTIFY styleChanged FINAL)
 
  public:
   explicit BubbleTail(QQuickItem* parent = nullptr);
 
-  QString side() const { return side_; }
-  void setSide(const QString& side);
-  QColor color() const { return color_; }
-  void setColor(const QColor& color);
-  QColor lineColor() const { return lineColor_; }
-  void setLineColor(const QColor& color);
-
   void paint(QPainter* painter) override;
 
- Q_SIGNALS:
-  void sideChanged();
-  void colorsChanged();
-
  private:
+  void restyle() override;
+
   QString side_ = QStringLiteral("bottom");
   QColor color_, lineColor_;
 };

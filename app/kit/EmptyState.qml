@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// Nothing to show: a symbol, what there is none of, and one sentence on when there will be.
+// Shown for an empty list: a symbol, what is missing, and one sentence on when it will appear.
 Item {
     id: root
 

@@ -16,8 +16,6 @@ qreal drawn(qreal value) { return std::isfinite(value) ? std::clamp(value, 0.0, 
 
 }  // namespace
 
-Gauge::Gauge(QQuickItem* parent) : QQuickPaintedItem(parent) {}
-
 void Gauge::setValue(qreal value) {
   if (value_ == value || (std::isnan(value_) && std::isnan(value))) return;
   value_ = value;
@@ -42,46 +40,19 @@ void Gauge::setValue(qreal value) {
   Q_EMIT valueChanged();
 }
 
-void Gauge::setColor(const QColor& color) {
-  if (color_ == color) return;
-  color_ = color;
-  update();
-  Q_EMIT styleChanged();
-}
-
-void Gauge::setTrackColor(const QColor& color) {
-  if (trackColor_ == color) return;
-  trackColor_ = color;
-  update();
-  Q_EMIT styleChanged();
-}
-
-void Gauge::setDuration(int milliseconds) {
-  if (duration_ == milliseconds) return;
-  duration_ = milliseconds;
-  Q_EMIT styleChanged();
-}
-
 void Gauge::itemChange(ItemChange change, const ItemChangeData& data) {
   const bool hides = change == ItemVisibleHasChanged && !data.boolValue;
   if ((hides || change == ItemSceneChange) && easing_ && easing_->state() == QAbstractAnimation::Running) {
     easing_->stop();
     show(drawn(value_));
   }
-  QQuickPaintedItem::itemChange(change, data);
+  StyledItem::itemChange(change, data);
 }
 
 void Gauge::show(qreal value) {
   if (shown_ == value) return;
   shown_ = value;
   update();
-}
-
-void RingArc::setLineWidth(qreal width) {
-  if (lineWidth_ == width) return;
-  lineWidth_ = width;
-  update();
-  Q_EMIT styleChanged();
 }
 
 qreal RingArc::reach() const { return std::numbers::pi * (std::min(width(), height()) - lineWidth_); }
@@ -92,10 +63,10 @@ void RingArc::paint(QPainter* painter) {
   const QRectF box((width() - side) / 2, (height() - side) / 2, side, side);
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setBrush(Qt::NoBrush);
-  painter->setPen(QPen(trackColor(), lineWidth_));
+  painter->setPen(QPen(trackColor_, lineWidth_));
   painter->drawEllipse(box);
   if (shown() <= 0) return;
-  painter->setPen(QPen(color(), lineWidth_, Qt::SolidLine, Qt::RoundCap));
+  painter->setPen(QPen(color_, lineWidth_, Qt::SolidLine, Qt::RoundCap));
   if (shown() >= 100) {
     painter->drawEllipse(box);
   } else {
@@ -108,10 +79,10 @@ void MeterBar::paint(QPainter* painter) {
   const qreal radius = height() / 2;
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
-  painter->setBrush(trackColor());
+  painter->setBrush(trackColor_);
   painter->drawRoundedRect(boundingRect(), radius, radius);
   if (shown() <= 0) return;
-  painter->setBrush(color());
+  painter->setBrush(color_);
   const qreal length = std::max(height(), width() * shown() / 100);
   painter->drawRoundedRect(QRectF(0, 0, std::min(length, width()), height()), radius, radius);
 }

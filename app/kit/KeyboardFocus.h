@@ -1,5 +1,5 @@
 #pragma once
-// Whether it is to be seen where the keyboard stands: while it is used, not while a pointer is.
+// Whether to show the keyboard focus: while the keyboard is used, not while a pointer is.
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>

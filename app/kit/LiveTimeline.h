@@ -1,5 +1,5 @@
 #pragma once
-// When a tile has to look again: at the turn of each second, minute, hour or day, and only while somebody sees it.
+// When a tile has to update: at the turn of each second, minute, hour or day, and only while it is visible.
 
 #include <QDateTime>
 #include <QObject>

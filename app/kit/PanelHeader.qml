@@ -7,6 +7,7 @@ Item {
 
     property string title
     property string symbol
+    property string fact
     property bool isClosable: true
     // From edge to edge where columns follow; otherwise the rule keeps the panel's padding.
     property bool hasFullRule: false
@@ -46,6 +47,14 @@ Item {
         anchors.rightMargin: root.isClosable ? Theme.space1 : Theme.space4
         height: root.height
         spacing: Theme.space2
+
+        Label {
+            visible: text !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.fact
+            role: Theme.small
+            color: Theme.ink2
+        }
     }
 
     IconButton {

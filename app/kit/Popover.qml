@@ -8,6 +8,8 @@ FocusScope {
 
     property string title
     property string symbol
+    // At the right of the title.
+    property string fact
     property bool open: true
     property bool hasHeader: true
     property bool hasFullRule: false
@@ -65,6 +67,7 @@ FocusScope {
         width: parent.width
         title: root.title
         symbol: root.symbol
+        fact: root.fact
         hasFullRule: root.hasFullRule
         onCloseRequested: root.closeRequested()
     }

@@ -6,7 +6,6 @@ FocusScope {
     id: root
 
     property real padding: 0
-    property alias flickable: flick
     property alias contentY: flick.contentY
     default property alias content: holder.data
 

@@ -101,7 +101,7 @@ QImage shadowPatch(const ShadowKind& kind, QSize boxSize, int radius, bool dark)
       shadow.values[i] += (1 - shadow.values[i]) * blurred.values[i] * share;
   }
 
-  // One pixel of shadow stays under the box's edge, whatever the scale of the screen makes of the seam.
+  // One pixel of shadow stays under the box's edge, so that no scale of the screen shows a seam.
   Mask hole = boxMask(size, box.adjusted(1, 1, -1, -1), std::max(0, radius - 1));
   QImage patch(size, QImage::Format_ARGB32_Premultiplied);
   const QRgb color = dark ? 0x000000 : 0x101828;

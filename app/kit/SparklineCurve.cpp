@@ -15,30 +15,11 @@ constexpr qreal fillAlpha = 0.16;
 
 }  // namespace
 
-SparklineCurve::SparklineCurve(QQuickItem* parent) : QQuickPaintedItem(parent) { setImplicitSize(44, 32); }
-
-template <typename Field>
-void SparklineCurve::setStyle(Field& field, const Field& value) {
-  if (field == value) return;
-  field = value;
-  update();
-  Q_EMIT styleChanged();
-}
-
-void SparklineCurve::setValues(const QList<qreal>& values) {
-  if (values_ == values) return;
-  values_ = values;
-  update();
-  Q_EMIT valuesChanged();
-}
-
-void SparklineCurve::setCapacity(int capacity) { setStyle(capacity_, std::max(2, capacity)); }
-void SparklineCurve::setMaximum(qreal maximum) { setStyle(maximum_, maximum); }
-void SparklineCurve::setColor(const QColor& color) { setStyle(color_, color); }
-void SparklineCurve::setMarksLast(bool marks) { setStyle(marksLast_, marks); }
+SparklineCurve::SparklineCurve(QQuickItem* parent) : StyledItem(parent) { setImplicitSize(44, 32); }
 
 void SparklineCurve::paint(QPainter* painter) {
-  const auto count = std::min<qsizetype>(values_.size(), capacity_);
+  const int capacity = std::max(2, capacity_);
+  const auto count = std::min<qsizetype>(values_.size(), capacity);
   const auto recent = values_.last(count);
   qreal top = maximum_;
   if (top <= 0) {
@@ -48,7 +29,7 @@ void SparklineCurve::paint(QPainter* painter) {
 
   // The dot and the line's own width stay inside.
   const qreal right = width() - (marksLast_ ? dotRadius : lineWidth / 2);
-  const qreal step = (right - lineWidth / 2) / (capacity_ - 1);
+  const qreal step = (right - lineWidth / 2) / (capacity - 1);
   const qreal ceiling = dotRadius;
   const qreal floor = height() - (marksLast_ ? dotRadius : lineWidth / 2);
   const auto point = [&](qsizetype i) {

@@ -13,7 +13,7 @@ void SpringValue::setTarget(qreal target) {
   stop();
   target_ = target;
   Q_EMIT targetChanged();
-  // The first target is where it stands to begin with.
+  // The first target is the starting position.
   if (isInstant_ || !std::exchange(hasTarget_, true)) {
     value_ = target;
     Q_EMIT valueChanged();

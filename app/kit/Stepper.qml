@@ -21,7 +21,7 @@ FocusScope {
     signal stepped(int value)
 
     function move(by: int) {
-        // From a number between the steps it goes to the next step.
+        // A number between two steps moves to the next step.
         const next = by > 0 ? (Math.floor(value / step) + 1) * step : (Math.ceil(value / step) - 1) * step;
         const wanted = !wraps ? Math.max(from, Math.min(to, next)) : next > to ? from : next < from ? to : next;
         if (wanted !== value)
@@ -42,7 +42,7 @@ FocusScope {
     Timer {
         id: held
 
-        // What the press has done already, so that its end does not count once more.
+        // The repeat has moved the value, so the release must not move it again.
         property bool hasMoved: false
 
         interval: hasMoved ? 90 : 450

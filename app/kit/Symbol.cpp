@@ -8,46 +8,11 @@
 
 namespace ambrel {
 
-Symbol::Symbol(QQuickItem* parent) : QQuickPaintedItem(parent) { setSize(16); }
+Symbol::Symbol(QQuickItem* parent) : StyledItem(parent) { Symbol::restyle(); }
 
-void Symbol::setName(const QString& name) {
-  if (name_ == name) return;
-  name_ = name;
+void Symbol::restyle() {
+  setImplicitSize(size_, size_);
   update();
-  Q_EMIT nameChanged();
-}
-
-void Symbol::setColor(const QColor& color) {
-  if (color_ == color) return;
-  color_ = color;
-  update();
-  Q_EMIT colorChanged();
-}
-
-void Symbol::setSize(qreal size) {
-  if (qFuzzyCompare(size_, size)) return;
-  size_ = size;
-  setImplicitSize(size, size);
-  update();
-  Q_EMIT sizeChanged();
-}
-
-void Symbol::setIsPicture(bool isPicture) {
-  if (isPicture_ == isPicture) return;
-  isPicture_ = isPicture;
-  update();
-  Q_EMIT isPictureChanged();
-}
-
-void Symbol::setSunColor(const QColor& color) { setPictured(sunColor_, color); }
-void Symbol::setCloudColor(const QColor& color) { setPictured(cloudColor_, color); }
-void Symbol::setWaterColor(const QColor& color) { setPictured(waterColor_, color); }
-
-void Symbol::setPictured(QColor& field, const QColor& color) {
-  if (field == color) return;
-  field = color;
-  if (isPicture_) update();
-  Q_EMIT picturedChanged();
 }
 
 void Symbol::paint(QPainter* painter) {

@@ -6,7 +6,7 @@
 namespace ambrel {
 namespace {
 
-// The font's own name of each glyph stands behind its code point.
+// The comment after each code point is the font's own name for the glyph.
 constexpr SymbolGlyph glyphs[] = {
     {"airplane", 0xE539},                                 // flight
     {"alarm", 0xE855},                                    // alarm

@@ -37,32 +37,18 @@ class Theme : public QObject {
 #undef AMBREL_ROLE
   Q_PROPERTY(QList<QColor> sunburst READ sunburst NOTIFY schemeChanged FINAL)
 
-  Q_PROPERTY(int space1 MEMBER space1 CONSTANT FINAL)
-  Q_PROPERTY(int space2 MEMBER space2 CONSTANT FINAL)
-  Q_PROPERTY(int space3 MEMBER space3 CONSTANT FINAL)
-  Q_PROPERTY(int space4 MEMBER space4 CONSTANT FINAL)
-  Q_PROPERTY(int space5 MEMBER space5 CONSTANT FINAL)
-  Q_PROPERTY(int space6 MEMBER space6 CONSTANT FINAL)
-  Q_PROPERTY(int radiusBar MEMBER radiusBar CONSTANT FINAL)
-  Q_PROPERTY(int radiusPanel MEMBER radiusPanel CONSTANT FINAL)
-  Q_PROPERTY(int radiusTile MEMBER radiusTile CONSTANT FINAL)
-  Q_PROPERTY(int radiusCard MEMBER radiusCard CONSTANT FINAL)
-  Q_PROPERTY(int radiusButton MEMBER radiusButton CONSTANT FINAL)
-  Q_PROPERTY(int radiusSmall MEMBER radiusSmall CONSTANT FINAL)
-  Q_PROPERTY(int radiusHighlight MEMBER radiusHighlight CONSTANT FINAL)
-  Q_PROPERTY(int radiusCheck MEMBER radiusCheck CONSTANT FINAL)
-  Q_PROPERTY(int tileHeight READ tileHeight NOTIFY textScaleChanged FINAL)
-  Q_PROPERTY(int tileSmall READ tileSmall NOTIFY textScaleChanged FINAL)
-  Q_PROPERTY(int tileMedium READ tileMedium NOTIFY textScaleChanged FINAL)
-  Q_PROPERTY(int tileLarge READ tileLarge NOTIFY textScaleChanged FINAL)
-  Q_PROPERTY(int tileExtraLarge READ tileExtraLarge NOTIFY textScaleChanged FINAL)
+#define AMBREL_MEASURE(NAME, ...) Q_PROPERTY(int NAME MEMBER NAME CONSTANT FINAL)
+#define AMBREL_TILE_SIZE(NAME, ...) Q_PROPERTY(int NAME READ NAME NOTIFY textScaleChanged FINAL)
+  AMBREL_MEASURES(AMBREL_MEASURE)
+  AMBREL_TILE_SIZES(AMBREL_TILE_SIZE)
+#undef AMBREL_MEASURE
+#undef AMBREL_TILE_SIZE
 
   Q_PROPERTY(int hoverDuration READ hoverDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int pressDuration READ pressDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int releaseDuration READ releaseDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int openDuration READ openDuration NOTIFY motionChanged FINAL)
   Q_PROPERTY(int valueDuration READ valueDuration NOTIFY motionChanged FINAL)
-  Q_PROPERTY(int toastStay MEMBER toastStay CONSTANT FINAL)
   Q_PROPERTY(qreal travel READ travel NOTIFY motionChanged FINAL)
   Q_PROPERTY(qreal pressScale READ pressScale NOTIFY motionChanged FINAL)
 
@@ -116,11 +102,13 @@ class Theme : public QObject {
 #undef AMBREL_ROLE
   QList<QColor> sunburst() const { return palette_.sunburst; }
 
-  int tileHeight() const { return scaled(64); }
-  int tileSmall() const { return scaled(64); }
-  int tileMedium() const { return scaled(112); }
-  int tileLarge() const { return scaled(176); }
-  int tileExtraLarge() const { return scaled(240); }
+#define AMBREL_MEASURE(NAME, SIZE) static constexpr int NAME = SIZE;
+#define AMBREL_TILE_SIZE(NAME, SIZE) \
+  int NAME() const { return scaled(SIZE); }
+  AMBREL_MEASURES(AMBREL_MEASURE)
+  AMBREL_TILE_SIZES(AMBREL_TILE_SIZE)
+#undef AMBREL_MEASURE
+#undef AMBREL_TILE_SIZE
 
   int hoverDuration() const { return 120; }
   int pressDuration() const { return motion(80); }
@@ -130,8 +118,6 @@ class Theme : public QObject {
   // How far panels and toasts rise while they open, and how small a pressed thing becomes.
   qreal travel() const { return reducedMotion() ? 0 : 12; }
   qreal pressScale() const { return reducedMotion() ? 1 : 0.97; }
-  static constexpr int radiusBar = 20, radiusPanel = 16, radiusTile = 14, radiusCard = 12, radiusButton = 10;
-  static constexpr int radiusSmall = 8, radiusHighlight = 6, radiusCheck = 5;
 
  Q_SIGNALS:
   void schemeChanged();
@@ -139,9 +125,6 @@ class Theme : public QObject {
   void textScaleChanged();
 
  private:
-  static constexpr int space1 = 4, space2 = 8, space3 = 12, space4 = 16, space5 = 20, space6 = 24;
-  static constexpr int toastStay = 6000;
-
   int scaled(int size) const;
   int motion(int duration) const { return reducedMotion() ? 120 : duration; }
   void applyScheme();

@@ -9,7 +9,7 @@
 namespace ambrel {
 namespace {
 
-// Of the size: as close as letters stand without touching.
+// As a share of the font size: the tightest spacing at which letters do not touch.
 constexpr qreal tightSpacing = -0.035;
 
 bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
@@ -25,7 +25,7 @@ TickingText::Ruler::Ruler(const QFont& of) : font(of) {
   widestDigit = *std::ranges::max_element(digits);
 }
 
-TickingText::TickingText(QQuickItem* parent) : QQuickPaintedItem(parent) { measure(); }
+TickingText::TickingText(QQuickItem* parent) : StyledItem(parent) { measure(); }
 
 // For each digit and each run between digits one cell, or, when the digits keep their own widths, one for the whole.
 QList<TickingText::Cell> TickingText::cellsOf(const Ruler& ruler, const QString& text) const {
@@ -61,53 +61,12 @@ void TickingText::setText(const QString& text) {
   Q_EMIT textChanged();
 }
 
-void TickingText::setWidest(const QString& widest) {
-  if (widest_ == widest) return;
-  widest_ = widest;
-  widestWidth_ = widthOf(cellsOf(own_, widest_));
-  measure();
-  Q_EMIT styleChanged();
-}
-
-void TickingText::setFont(const QFont& font) {
-  if (font_ == font) return;
-  font_ = font;
+void TickingText::restyle() {
   // What depends on the font alone is asked once: a text that ticks is measured at each tick.
-  own_ = Ruler(font_);
+  if (own_.font != font_) own_ = Ruler(font_);
   widestWidth_ = widthOf(cellsOf(own_, widest_));
   measure();
   update();
-  Q_EMIT styleChanged();
-}
-
-void TickingText::setRoom(qreal room) {
-  if (room_ == room) return;
-  room_ = room;
-  measure();
-  update();
-  Q_EMIT styleChanged();
-}
-
-void TickingText::setLeastSize(int size) {
-  if (leastSize_ == size) return;
-  leastSize_ = size;
-  measure();
-  update();
-  Q_EMIT styleChanged();
-}
-
-void TickingText::setColor(const QColor& color) {
-  if (color_ == color) return;
-  color_ = color;
-  update();
-  Q_EMIT styleChanged();
-}
-
-void TickingText::setAlignment(Qt::Alignment alignment) {
-  if (alignment_ == alignment) return;
-  alignment_ = alignment;
-  update();
-  Q_EMIT styleChanged();
 }
 
 bool TickingText::truncated() const { return textWidth_ > width() + 0.5; }
@@ -117,7 +76,7 @@ void TickingText::geometryChange(const QRectF& now, const QRectF& before) {
     placeBaseline();
     Q_EMIT textChanged();
   }
-  QQuickPaintedItem::geometryChange(now, before);
+  StyledItem::geometryChange(now, before);
 }
 
 void TickingText::measure() {

@@ -3,22 +3,27 @@
 // widest text, so that nothing moves but the figures. With `room` given, a text that is too wide for it is set smaller,
 // down to `leastSize`, and then tighter, where that makes it fit.
 
+#include <QColor>
 #include <QFont>
-#include <QQuickPaintedItem>
 #include <array>
+
+#include "app/kit/StyledItem.h"
 
 namespace ambrel {
 
-class TickingText : public QQuickPaintedItem {
+class TickingText : public ambrel::StyledItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged FINAL)
-  Q_PROPERTY(QString widest READ widest WRITE setWidest NOTIFY styleChanged FINAL)
-  Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY styleChanged FINAL)
-  Q_PROPERTY(qreal room READ room WRITE setRoom NOTIFY styleChanged FINAL)
-  Q_PROPERTY(int leastSize READ leastSize WRITE setLeastSize NOTIFY styleChanged FINAL)
-  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY styleChanged FINAL)
-  Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment NOTIFY styleChanged FINAL)
+  // A text of the greatest width to come, such as "00:00:00"; empty when box and digits follow the text.
+  Q_PROPERTY(QString widest MEMBER widest_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QFont font MEMBER font_ NOTIFY styleChanged FINAL)
+  // Logical pixels; negative while there is no limit.
+  Q_PROPERTY(qreal room MEMBER room_ NOTIFY styleChanged FINAL)
+  // Pixels of the font.
+  Q_PROPERTY(int leastSize MEMBER leastSize_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(Qt::Alignment alignment MEMBER alignment_ NOTIFY styleChanged FINAL)
   Q_PROPERTY(bool truncated READ truncated NOTIFY textChanged FINAL)
 
  public:
@@ -26,21 +31,6 @@ class TickingText : public QQuickPaintedItem {
 
   QString text() const { return text_; }
   void setText(const QString& text);
-  // A text of the greatest width to come, such as "00:00:00"; empty when box and digits follow the text.
-  QString widest() const { return widest_; }
-  void setWidest(const QString& widest);
-  QFont font() const { return font_; }
-  void setFont(const QFont& font);
-  // Logical pixels; negative while there is no limit.
-  qreal room() const { return room_; }
-  void setRoom(qreal room);
-  // Pixels of the font.
-  int leastSize() const { return leastSize_; }
-  void setLeastSize(int size);
-  QColor color() const { return color_; }
-  void setColor(const QColor& color);
-  Qt::Alignment alignment() const { return alignment_; }
-  void setAlignment(Qt::Alignment alignment);
   // Whether the text does not fit; then it ends in an ellipsis.
   bool truncated() const;
 
@@ -49,10 +39,10 @@ class TickingText : public QQuickPaintedItem {
 
  Q_SIGNALS:
   void textChanged();
-  void styleChanged();
 
  protected:
   void geometryChange(const QRectF& now, const QRectF& before) override;
+  void restyle() override;
 
  private:
   // What a font says of itself, asked once.

@@ -27,7 +27,7 @@ Pressable {
     readonly property bool isWide: !isNarrow
     readonly property string caption: isNarrow ? shortTitle : title
     property string name: caption
-    // Whether somebody can see the tile.
+    // Whether the tile is visible on the screen.
     property bool live: false
 
     // What a click opens, and what the settings of the tile are: `Qt.resolvedUrl("WaterPanel.qml")`. A panel takes its

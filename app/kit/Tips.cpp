@@ -45,7 +45,7 @@ void Tips::show() {
   item_ = next_;
   text_ = nextText_;
   keys_ = nextKeys_;
-  // An item that goes takes its tip along.
+  // The tip disappears with its item.
   connect(item_, &QQuickItem::visibleChanged, this, &Tips::leaveShown, Qt::UniqueConnection);
   connect(item_, &QObject::destroyed, this, &Tips::leaveShown, Qt::UniqueConnection);
   Q_EMIT changed();

@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// A short report that goes by itself, with at most one action. Call `show`; a new one replaces the old.
+// A short message that disappears by itself, with at most one action. Call `show`; a new one replaces the old.
 PanelGround {
     id: root
 

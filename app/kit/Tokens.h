@@ -1,6 +1,6 @@
 #pragma once
-// The names of the colours, hues and text roles. The palette's fields, the type scale's and the properties of the theme
-// are made from these lists; Palette.cpp and TypeScale.cpp have the values.
+// The names of the colours, hues and text roles, and all measures. The palette's fields, the type scale's and the
+// properties of the theme are made from these lists; Palette.cpp and TypeScale.cpp have the values.
 
 // clang-format off
 
@@ -25,5 +25,16 @@
   EACH(small) EACH(smallMedium) EACH(smallStrong)                                                   \
   EACH(caption) EACH(captionStrong) EACH(subLine) EACH(code)                                        \
   EACH(value) EACH(clock) EACH(timer) EACH(unit) EACH(ringFigure)
+
+// Logical pixels; the stay of a toast in milliseconds.
+#define AMBREL_MEASURES(EACH)                                                                                \
+  EACH(space1, 4) EACH(space2, 8) EACH(space3, 12) EACH(space4, 16) EACH(space5, 20) EACH(space6, 24)        \
+  EACH(radiusBar, 20) EACH(radiusPanel, 16) EACH(radiusTile, 14) EACH(radiusCard, 12) EACH(radiusButton, 10) \
+  EACH(radiusSmall, 8) EACH(radiusHighlight, 6) EACH(radiusCheck, 5)                                         \
+  EACH(toastStay, 6000)
+
+// They grow with the text.
+#define AMBREL_TILE_SIZES(EACH) \
+  EACH(tileHeight, 64) EACH(tileSmall, 64) EACH(tileMedium, 112) EACH(tileLarge, 176) EACH(tileExtraLarge, 240)
 
 // clang-format on

@@ -5,33 +5,18 @@
 namespace ambrel {
 namespace {
 
-MenuEntry text(std::string title) {
-  MenuEntry entry;
-  entry.title = std::move(title);
-  return entry;
-}
-
-MenuEntry command(std::string title, MenuCommand command, std::string shortcut = {}) {
-  MenuEntry entry = text(std::move(title));
-  entry.command = command;
-  entry.shortcut = std::move(shortcut);
-  return entry;
-}
-
-MenuEntry choice(std::string title, std::optional<UUID> profile, bool isChecked) {
-  MenuEntry entry = command(std::move(title), MenuCommand::pinProfile);
-  entry.profile = profile;
-  entry.isChecked = isChecked;
-  return entry;
-}
+using enum MenuCommand;
 
 MenuEntry profilePicker(const MenuState& state) {
-  MenuEntry picker = text("Profile");
   const auto isPinned = [&](const Profile& profile) { return profile.id == state.pinnedProfileID; };
-  // A pinned profile that has been deleted leaves the choice to the displays again.
-  picker.entries.push_back(choice("Auto (by display)", std::nullopt, std::ranges::none_of(state.profiles, isPinned)));
+  // When the pinned profile has been deleted, the displays choose again.
+  MenuEntry picker{.title = "Profile",
+                   .entries = {{.title = "Auto (by display)",
+                                .command = pinProfile,
+                                .isChecked = std::ranges::none_of(state.profiles, isPinned)}}};
   for (const Profile& profile : state.profiles)
-    picker.entries.push_back(choice(profile.name, profile.id, isPinned(profile)));
+    picker.entries.push_back(
+        {.title = profile.name, .command = pinProfile, .profile = profile.id, .isChecked = isPinned(profile)});
   return picker;
 }
 
@@ -40,26 +25,25 @@ MenuEntry profilePicker(const MenuState& state) {
 MenuModel menuModel(const MenuState& state) {
   MenuModel menu;
   menu.attention = state.isAgentTrackingAllowed ? std::max(0, state.needsInputCount) : 0;
-  auto& entries = menu.entries;
+  const auto add = [&](MenuEntry entry) { menu.entries.push_back(std::move(entry)); };
   if (const auto active = std::ranges::find(state.profiles, state.activeProfileID, &Profile::id);
       active != state.profiles.end())
-    entries.push_back(text("Active: " + active->name));
-  entries.push_back(text(displayContext(state.displays) == DisplayContext::external ? "External display connected"
-                                                                                    : "Built-in display only"));
-  entries.push_back(profilePicker(state));
-  entries.emplace_back();
-  entries.push_back(command("Clipboard Shelf", MenuCommand::toggleClipboard, "Meta+Alt+V"));
-  entries.push_back(
-      command("AI Agents (" + std::to_string(state.workingCount) + " working)", MenuCommand::toggleAgents));
-  entries.emplace_back();
-  entries.push_back(command("Customize Dock…", MenuCommand::customizeDock));
-  entries.push_back(command("Disk Doctor…", MenuCommand::openDiskDoctor));
-  entries.push_back(command("Welcome Guide…", MenuCommand::openWelcomeGuide));
-  entries.push_back(command("Check for Updates…", MenuCommand::checkForUpdates));
-  if (!state.isPro) entries.push_back(command("Buy Tilebay Pro…", MenuCommand::buyPro));
-  entries.emplace_back();
-  entries.push_back(command("Settings", MenuCommand::openSettings, "Meta+,"));
-  entries.push_back(command("Quit Tilebay", MenuCommand::quit, "Meta+Q"));
+    add({.title = "Active: " + active->name});
+  const bool hasExternal = displayContext(state.displays) == DisplayContext::external;
+  add({.title = hasExternal ? "External display connected" : "Built-in display only"});
+  add(profilePicker(state));
+  add({});
+  add({.title = "Clipboard Shelf", .command = toggleClipboard, .shortcut = "Meta+Alt+V"});
+  add({.title = "AI Agents (" + std::to_string(state.workingCount) + " working)", .command = toggleAgents});
+  add({});
+  add({.title = "Customize Dock…", .command = customizeDock});
+  add({.title = "Disk Doctor…", .command = openDiskDoctor});
+  add({.title = "Welcome Guide…", .command = openWelcomeGuide});
+  add({.title = "Check for Updates…", .command = checkForUpdates});
+  if (!state.isPro) add({.title = "Buy Tilebay Pro…", .command = buyPro});
+  add({});
+  add({.title = "Settings", .command = openSettings, .shortcut = "Meta+,"});
+  add({.title = "Quit Tilebay", .command = quit, .shortcut = "Meta+Q"});
   return menu;
 }
 

@@ -24,12 +24,12 @@ enum class MenuCommand {
 };
 
 struct MenuEntry {
-  std::string title;                   // empty: a line between groups
-  std::optional<MenuCommand> command;  // absent: a text that does nothing, or a submenu
-  std::optional<UUID> profile;         // for pinProfile
-  std::string shortcut;                // in the toolkit's portable form ("Meta+Alt+V"); empty for none
-  std::optional<bool> isChecked;       // absent: not a choice
-  std::vector<MenuEntry> entries;      // of a submenu
+  std::string title{};                   // empty: a line between groups
+  std::optional<MenuCommand> command{};  // absent: a text that does nothing, or a submenu
+  std::optional<UUID> profile{};         // for pinProfile
+  std::string shortcut{};                // in the toolkit's portable form ("Meta+Alt+V"); empty for none
+  std::optional<bool> isChecked{};       // absent: not a choice
+  std::vector<MenuEntry> entries{};      // of a submenu
   bool operator==(const MenuEntry&) const = default;
 };
 

@@ -11,7 +11,7 @@
 
 namespace ambrel {
 
-// Needs a QApplication. Without a tray nothing shows; one that comes later takes the item up.
+// Needs a QApplication. Without a tray nothing is shown until one appears.
 class StatusItem : public QObject {
   Q_OBJECT
 

@@ -13,9 +13,10 @@ AppSettings::AppSettings(UserDefaults& defaults, QObject* parent)
 void AppSettings::change(const SettingRow& row, const DefaultsValue& value) {
   auto wanted = accepted(row, value);
   if (!wanted || *wanted == presentValue(defaults_, row)) return;
-  // Stored first, so that nobody reads an older value than the defaults hold.
+  // Stored first, so that no observer reads an older value than the defaults have.
   store(defaults_, row.key, std::move(*wanted));
   reload();
+  Q_EMIT chosen(row.key);
 }
 
 void AppSettings::reload() {
@@ -23,6 +24,7 @@ void AppSettings::reload() {
 #define AMBREL_TELL(KEY, ...) \
   if (before.KEY != values_.KEY) Q_EMIT KEY##Changed();
   AMBREL_SHARED_SETTINGS(AMBREL_TELL, AMBREL_TELL, AMBREL_TELL, AMBREL_TELL, AMBREL_TELL)
+  Q_EMIT changed();
 }
 
 QStringList AppSettings::face(const std::vector<std::string>& texts) {

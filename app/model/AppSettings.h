@@ -39,10 +39,18 @@ class AppSettings : public QObject {
     change(setting, storedForm(setting, value));
   }
 
+  // The same by the setting's row, also for those that one model alone reads.
+  DefaultsValue value(const SettingRow& row) const { return presentValue(defaults_, row); }
+  void change(const SettingRow& row, const DefaultsValue& value);
+
   // Takes over what the defaults hold now.
   void reload();
 
  Q_SIGNALS:
+  // The user has changed this setting here; the defaults themselves tell of what others change.
+  void chosen(const std::string& key);
+  // After every change, here or elsewhere.
+  void changed();
 #define AMBREL_SIGNAL(KEY, ...) void KEY##Changed();
   AMBREL_SHARED_SETTINGS(AMBREL_SIGNAL, AMBREL_SIGNAL, AMBREL_SIGNAL, AMBREL_SIGNAL, AMBREL_SIGNAL)
 
@@ -75,8 +83,6 @@ class AppSettings : public QObject {
   static DefaultsValue stored(double number);
   static DefaultsValue stored(const QString& text) { return {text.toStdString()}; }
   static DefaultsValue stored(const QStringList& list);
-
-  void change(const SettingRow& row, const DefaultsValue& value);
 
   UserDefaults& defaults_;
   SettingsValues values_;

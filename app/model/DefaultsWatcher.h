@@ -19,7 +19,7 @@ class DefaultsWatcher : public QObject {
   void start();
 
  Q_SIGNALS:
-  // Told later, when whoever was about to store something has done so.
+  // Emitted later, after pending writes are done.
   void changed(const std::set<std::string>& keys);
 
  private:

@@ -1,10 +1,12 @@
 #pragma once
 // Tells when somebody has changed a file that the program keeps in memory, also when the file was replaced.
 
-#include <QFileSystemWatcher>
 #include <QObject>
 #include <QTimer>
 #include <filesystem>
+#include <memory>
+
+#include "app/base/FollowedFile.h"
 
 namespace ambrel {
 
@@ -22,10 +24,8 @@ class FileWatcher : public QObject {
   void changed();
 
  private:
-  void watch();
-
   std::filesystem::path file_;
-  QFileSystemWatcher watcher_;
+  std::unique_ptr<FollowedFile> followed_;
   QTimer pause_;
 };
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// Stands in the gallery for a widget whose tile is not shown there: symbol, title and what it is for.
+// A widget of the gallery without a preview: symbol, title and description.
 TileFrame {
     id: root
 

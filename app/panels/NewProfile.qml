@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// The name of a profile to be, and what calls it up.
+// The name of a new profile, and when it is chosen.
 FocusScope {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// One profile: what calls it up, how many tiles it has, whether it is on the bar.
+// One profile: when it is chosen, how many tiles it has, whether it is on the bar.
 Pressable {
     id: root
 
@@ -81,7 +81,7 @@ Pressable {
         }
         input.onActiveFocusChanged: if (!input.activeFocus)
             root.settle(text)
-        // What the text has no use for is not for the row either, which would be chosen or deleted.
+        // Keys that the field ignores must not reach the row, which would be chosen or deleted.
         Keys.onPressed: event => {
             event.accepted = event.key !== Qt.Key_Tab && event.key !== Qt.Key_Backtab;
             if (event.key !== Qt.Key_Escape)

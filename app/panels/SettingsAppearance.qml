@@ -1,5 +1,6 @@
 import QtQuick
 import Ambrel.Kit
+import Ambrel.Model
 
 SettingsPage {
     id: root
@@ -7,21 +8,18 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SettingChoice {
+        SettingRow {
+            key: "theme"
             title: qsTr("Theme")
             detail: qsTr("Follows the desktop unless you choose one")
             options: [qsTr("System"), qsTr("Dark"), qsTr("Light")]
-            values: ["system", "dark", "light"]
-            value: root.settings.theme
-            onChosen: value => root.settings.theme = value
         }
-        SettingChoice {
+        SettingRow {
+            key: "reduceMotion"
             title: qsTr("Motion")
             detail: qsTr("Reduced swaps movement for a short fade")
             options: [qsTr("Full"), qsTr("Reduced")]
             values: [false, true]
-            value: root.settings.reduceMotion
-            onChosen: value => root.settings.reduceMotion = value
         }
     }
 }

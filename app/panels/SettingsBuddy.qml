@@ -1,6 +1,7 @@
 import QtQuick
 import Ambrel.Assistant
 import Ambrel.Kit
+import Ambrel.Model
 import Ambrel.Panels
 import Ambrel.Usage
 
@@ -12,28 +13,13 @@ SettingsPage {
     property ModelServer modelServer: null
     // Nothing tells of meetings yet.
     property bool hasCalendar: false
-    readonly property var categories: [
-        {
-            name: "agents",
-            title: qsTr("Agents")
-        },
-        {
-            name: "meetings",
-            title: qsTr("Meetings")
-        },
-        {
-            name: "limits",
-            title: qsTr("Limits")
-        },
-        {
-            name: "system",
-            title: qsTr("System")
-        },
-        {
-            name: "health",
-            title: qsTr("Health")
-        }
-    ]
+    readonly property var categories: ({
+            agents: qsTr("Agents"),
+            meetings: qsTr("Meetings"),
+            limits: qsTr("Limits"),
+            system: qsTr("System"),
+            health: qsTr("Health")
+        })
 
     // Untyped: the lint does not know the script methods of lists of strings.
     readonly property var chosen: settings.buddyCategories
@@ -52,36 +38,33 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SettingChoice {
+        SettingRow {
+            key: "buddyLevel"
             title: qsTr("Buddy speaks up")
             detail: qsTr("Buddy speaks up when an agent needs you, a meeting starts or a limit is near.")
             options: [qsTr("Always"), qsTr("If important"), qsTr("Never")]
-            values: ["all", "important", "off"]
-            value: root.settings.buddyLevel
-            onChosen: value => root.settings.buddyLevel = value
         }
         SectionRow {
             title: qsTr("Speaks about")
             enabled: root.settings.buddyLevel !== "off"
 
             Repeater {
-                model: root.categories.filter(category => category.name !== "meetings" || root.hasCalendar)
+                model: Object.keys(root.categories).filter(name => name !== "meetings" || root.hasCalendar)
 
                 Chip {
-                    required property var modelData
-                    text: modelData.title
+                    required property string modelData
+                    text: root.categories[modelData]
                     accessibleRole: Accessible.CheckBox
-                    isChosen: root.chosen.includes(modelData.name)
-                    onClicked: root.setCategory(modelData.name, !isChosen)
+                    isChosen: root.chosen.includes(modelData)
+                    onClicked: root.setCategory(modelData, !isChosen)
                 }
             }
         }
-        SwitchRow {
+        SettingRow {
+            key: "buddyOnlyUnfocusedAgents"
             title: qsTr("Only agents out of view")
             detail: qsTr("An agent is in view while its app is in front, and for 20 seconds after. When you come back to an agent after 2 minutes, Buddy's notes list what the others did meanwhile.")
             enabled: root.settings.buddyLevel !== "off"
-            checked: root.settings.buddyOnlyUnfocusedAgents
-            onToggled: checked => root.settings.buddyOnlyUnfocusedAgents = checked
         }
         SectionRow {
             title: qsTr("Focus sessions")
@@ -92,33 +75,26 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SwitchRow {
+        SettingRow {
+            key: "quietHoursOn"
             title: qsTr("Quiet hours")
             detail: qsTr("Only what is urgent comes through")
-            checked: root.settings.quietHoursOn
-            onToggled: checked => root.settings.quietHoursOn = checked
         }
-        StepperRow {
+        SettingRow {
+            key: "quietStartHour"
             title: qsTr("From")
-            label: qsTr("Quiet from")
+            controlLabel: qsTr("Quiet from")
             enabled: root.settings.quietHoursOn
-            value: root.settings.quietStartHour
-            from: 0
-            to: 23
             wraps: true
             text: root.timeOf(value)
-            onStepped: hour => root.settings.quietStartHour = hour
         }
-        StepperRow {
+        SettingRow {
+            key: "quietEndHour"
             title: qsTr("To")
-            label: qsTr("Quiet to")
+            controlLabel: qsTr("Quiet to")
             enabled: root.settings.quietHoursOn
-            value: root.settings.quietEndHour
-            from: 0
-            to: 23
             wraps: true
             text: root.timeOf(value)
-            onStepped: hour => root.settings.quietEndHour = hour
         }
     }
     Section {

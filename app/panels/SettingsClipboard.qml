@@ -1,6 +1,7 @@
 import QtQuick
 import Ambrel.Clipboard
 import Ambrel.Kit
+import Ambrel.Model
 import Ambrel.Panels
 
 SettingsPage {
@@ -20,60 +21,53 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SwitchRow {
+        SettingRow {
+            key: "clipboardEnabled"
             title: qsTr("Keep a clipboard history")
             detail: qsTr("It stays on this computer")
-            checked: root.settings.clipboardEnabled
-            onToggled: checked => root.settings.clipboardEnabled = checked
         }
-        SettingChoice {
+        SettingRow {
+            key: "clipboardLimit"
             title: qsTr("Items to keep")
             enabled: root.settings.clipboardEnabled
             options: ["100", "300", "1000", "10000"]
             values: [100, 300, 1000, 10000]
-            value: root.settings.clipboardLimit
-            onChosen: value => root.settings.clipboardLimit = value
         }
-        SettingChoice {
+        SettingRow {
+            key: "clipboardMaxAgeDays"
             title: qsTr("Forget after")
             detail: qsTr("Pinned items stay")
             enabled: root.settings.clipboardEnabled
             options: [qsTr("Never"), qsTr("1 day"), qsTr("7 days"), qsTr("30 days")]
             values: [0, 1, 7, 30]
-            value: root.settings.clipboardMaxAgeDays
-            onChosen: value => root.settings.clipboardMaxAgeDays = value
         }
-        SwitchRow {
+        SettingRow {
+            key: "clipboardForgetSensitive"
             title: qsTr("Forget secrets soon")
             detail: qsTr("One-time codes, keys and card numbers, after an hour")
             enabled: root.settings.clipboardEnabled
-            checked: root.settings.clipboardForgetSensitive
-            onToggled: checked => root.settings.clipboardForgetSensitive = checked
         }
-        SettingChoice {
+        SettingRow {
+            key: "clipboardTextMegabytes"
             title: qsTr("Largest text")
             detail: qsTr("What is larger gets a card that says so")
             enabled: root.settings.clipboardEnabled
             options: [qsTr("1 MB"), qsTr("32 MB"), qsTr("128 MB")]
             values: [1, 32, 128]
-            value: root.settings.clipboardTextMegabytes
-            onChosen: value => root.settings.clipboardTextMegabytes = value
         }
-        SettingChoice {
+        SettingRow {
+            key: "clipboardPictureMegabytes"
             title: qsTr("Largest picture")
             enabled: root.settings.clipboardEnabled
             options: [qsTr("16 MB"), qsTr("64 MB"), qsTr("256 MB")]
             values: [16, 64, 256]
-            value: root.settings.clipboardPictureMegabytes
-            onChosen: value => root.settings.clipboardPictureMegabytes = value
         }
-        SettingChoice {
+        SettingRow {
+            key: "clipboardListMegabytes"
             title: qsTr("Longest list of files")
             enabled: root.settings.clipboardEnabled
             options: [qsTr("1 MB"), qsTr("4 MB"), qsTr("16 MB")]
             values: [1, 4, 16]
-            value: root.settings.clipboardListMegabytes
-            onChosen: value => root.settings.clipboardListMegabytes = value
         }
         SectionRow {
             visible: root.clipboard !== null

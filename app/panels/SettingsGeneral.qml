@@ -1,5 +1,6 @@
 import QtQuick
 import Ambrel.Kit
+import Ambrel.Model
 
 SettingsPage {
     id: root
@@ -7,35 +8,31 @@ SettingsPage {
     Section {
         width: parent.width
 
-        SettingChoice {
+        SettingRow {
+            key: "dockEdge"
             title: qsTr("Edge of the screen")
             detail: qsTr("Where the bar is")
             options: [qsTr("Left"), qsTr("Bottom"), qsTr("Right")]
             values: ["left", "bottom", "right"]
-            value: root.settings.dockEdge
-            onChosen: value => root.settings.dockEdge = value
         }
-        SwitchRow {
+        SettingRow {
+            key: "barAlwaysVisible"
             title: qsTr("Always show the bar")
             detail: qsTr("When off, it appears when the pointer reaches its edge")
-            checked: root.settings.barAlwaysVisible
-            onToggled: checked => root.settings.barAlwaysVisible = checked
         }
-        SwitchRow {
+        SettingRow {
+            key: "barPeeksForContext"
             title: qsTr("Peek when something needs you")
             detail: qsTr("The bar comes out for a few seconds")
-            checked: root.settings.barPeeksForContext
-            onToggled: checked => root.settings.barPeeksForContext = checked
         }
     }
     Section {
         width: parent.width
 
-        SwitchRow {
+        SettingRow {
+            key: "shelfOpensOnHover"
             title: qsTr("Open the clipboard shelf by hovering")
             detail: qsTr("Rest the pointer at the top centre of the screen")
-            checked: root.settings.shelfOpensOnHover
-            onToggled: checked => root.settings.shelfOpensOnHover = checked
         }
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick
 import Ambrel.Kit
+import Ambrel.Model
 
 SettingsPage {
     id: root
@@ -19,11 +20,10 @@ SettingsPage {
                 onClicked: root.customizeAsked()
             }
         }
-        SwitchRow {
+        SettingRow {
+            key: "clipboardPreviewInBar"
             title: qsTr("Show the last copy on the bar")
             detail: qsTr("In the clipboard tile; secrets stay hidden")
-            checked: root.settings.clipboardPreviewInBar
-            onToggled: checked => root.settings.clipboardPreviewInBar = checked
         }
     }
 }

@@ -14,48 +14,42 @@ Popover {
     // Tab name to what its page takes besides the settings.
     property var pages: ({})
 
+    // Each has its page, as in SettingsBuddy.qml.
     readonly property var tabs: [
         {
             name: "general",
             title: qsTr("General"),
-            symbol: "slider.horizontal.3",
-            page: "SettingsGeneral.qml"
+            symbol: "slider.horizontal.3"
         },
         {
             name: "appearance",
             title: qsTr("Appearance"),
-            symbol: "paintpalette",
-            page: "SettingsAppearance.qml"
+            symbol: "paintpalette"
         },
         {
             name: "tiles",
             title: qsTr("Tiles"),
-            symbol: "square.grid.2x2",
-            page: "SettingsTiles.qml"
+            symbol: "square.grid.2x2"
         },
         {
             name: "buddy",
             title: qsTr("Buddy"),
-            symbol: "pawprint",
-            page: "SettingsBuddy.qml"
+            symbol: "pawprint"
         },
         {
             name: "agents",
             title: qsTr("Agents"),
-            symbol: "sparkles",
-            page: "SettingsAgents.qml"
+            symbol: "sparkles"
         },
         {
             name: "clipboard",
             title: qsTr("Clipboard"),
-            symbol: "doc.on.clipboard",
-            page: "SettingsClipboard.qml"
+            symbol: "doc.on.clipboard"
         },
         {
             name: "about",
             title: qsTr("About"),
-            symbol: "info.circle",
-            page: "SettingsAbout.qml"
+            symbol: "info.circle"
         }
     ]
     readonly property int index: Math.max(0, tabs.findIndex(entry => entry.name === root.tab))
@@ -118,12 +112,13 @@ Popover {
     onIndexChanged: showPage()
 
     function showPage() {
+        const name = tabs[index].name;
         const properties = Object.assign({
             settings: root.settings
-        }, root.pages[tabs[index].name]);
-        if (tabs[index].name === "about")
+        }, root.pages[name]);
+        if (name === "about")
             properties.version = root.version;
-        page.setSource(tabs[index].page, properties);
+        page.setSource("Settings" + name[0].toUpperCase() + name.slice(1) + ".qml", properties);
     }
     Connections {
         target: page.item

@@ -6,7 +6,7 @@ Popover {
     id: root
 
     signal customizeAsked
-    // The user has gone through it.
+    // The user has finished it.
     signal finished
 
     onCloseRequested: finished()

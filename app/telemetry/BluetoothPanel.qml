@@ -39,57 +39,18 @@ LivePanel {
         boundsBehavior: Flickable.StopAtBounds
         model: root.face.rows
 
-        delegate: Item {
+        delegate: PartRow {
             id: row
 
-            required property string title
-            required property string detail
-            required property string figure
-            required property string symbol
+            required figure
             required property double percent
 
             width: list.width
             height: 44
-            Accessible.role: Accessible.ListItem
-            Accessible.name: title + ", " + detail + (figure === "" ? "" : ", " + figure)
 
-            Symbol {
-                id: icon
-                x: Theme.space2
-                anchors.verticalCenter: parent.verticalCenter
-                name: row.symbol
-                size: 20
-                color: Theme.ink2
-            }
-            Column {
-                anchors {
-                    left: icon.right
-                    leftMargin: Theme.space3
-                    right: charge.left
-                    rightMargin: Theme.space2
-                    verticalCenter: parent.verticalCenter
-                }
-
-                TipLabel {
-                    width: parent.width
-                    text: row.title
-                    role: Theme.rowTitle
-                    Accessible.ignored: true
-                }
-                TipLabel {
-                    width: parent.width
-                    text: row.detail
-                    role: Theme.small
-                    color: Theme.ink2
-                    Accessible.ignored: true
-                }
-            }
             Meter {
-                id: charge
                 visible: row.figure !== ""
-                width: visible ? 104 : 0
-                anchors.right: parent.right
-                anchors.rightMargin: Theme.space2
+                width: 104
                 anchors.verticalCenter: parent.verticalCenter
                 value: row.percent
                 figure: row.figure

@@ -8,7 +8,7 @@
 
 namespace ambrel {
 
-// Off at every start, and off again when its tile leaves the bar: nothing is held that nobody can see.
+// Off at every start, and off again when its tile leaves the bar: the user must be able to see what is held.
 class KeepAwakeModel : public QObject {
   Q_OBJECT
   QML_ELEMENT

@@ -22,21 +22,17 @@ LivePanel {
         onClicked: root.area.readings.refreshLatency()
     }
 
-    Sparkline {
-        id: chart
-        x: Theme.space4
-        y: Theme.space2
-        width: parent.width - 2 * Theme.space4
-        height: 72
-        capacity: 20
-        maximum: root.reading.ceiling
-        values: root.reading.history
-    }
-    DetailRows {
-        x: Theme.space4
-        width: parent.width - 2 * Theme.space4
-        anchors.top: chart.bottom
-        anchors.topMargin: Theme.space3
-        model: root.face.rows
+    PanelColumn {
+        Sparkline {
+            width: parent.width
+            height: 72
+            capacity: 20
+            maximum: root.reading.ceiling
+            values: root.reading.history
+        }
+        DetailRows {
+            width: parent.width
+            model: root.face.rows
+        }
     }
 }

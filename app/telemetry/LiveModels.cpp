@@ -1,6 +1,7 @@
 #include "app/telemetry/LiveModels.h"
 
 #include <algorithm>
+#include <thread>
 #include <utility>
 
 #include "app/base/QmlObjects.h"
@@ -12,6 +13,9 @@ namespace {
 // Multiples of the tick, so that nothing wakes up for a sampler alone.
 constexpr Seconds often{2}, usual{4}, leisurely{6}, seldom{30};
 constexpr Seconds latencyInterval{30};
+constexpr Seconds diskInterval{60};
+// A minute of the processor and of the network.
+constexpr std::size_t minuteLength = 30;
 // 80 seconds of the graphics processor.
 constexpr std::size_t gpuLength = 20;
 // Ten minutes of probes.
@@ -25,11 +29,45 @@ Sampled<Value> sampled(const Sampler<Raw, Value>& sampler) {
   return {sampler.value(), sampler.isUnavailable()};
 }
 
+// For what the kernel answers at once: another thread would cost more than the reading.
+void atOnce(const std::function<void()>& work, const std::function<void()>& done) {
+  work();
+  done();
+}
+
+std::optional<double> loadBetween(const std::optional<ProcessorTicks>& previous, const ProcessorTicks& current) {
+  return previous ? processorUsage(*previous, current) : std::nullopt;
+}
+
+std::optional<NetworkSample> networkSample(const SystemReadings& readings) {
+  NetworkCounters counters = readings.network();
+  if (counters.empty()) return std::nullopt;
+  return NetworkSample{std::move(counters), readings.sinceBoot()};
+}
+
+std::optional<NetworkRates> ratesBetween(const std::optional<NetworkSample>& previous, const NetworkSample& current) {
+  if (!previous) return std::nullopt;
+  return networkRates(previous->counters, current.counters, current.at - previous->at);
+}
+
 }  // namespace
 
 LiveModels::LiveModels(LiveSeams seams, QObject* parent)
     : QObject(parent),
       seams_(std::move(seams)),
+      processor_({.interval = tickInterval,
+                  .historyLength = minuteLength,
+                  .read = [&r = seams_.readings] { return r.processor(); },
+                  .combine = loadBetween},
+                 atOnce),
+      memory_({.interval = tickInterval, .read = [&r = seams_.readings] { return r.memory(); }}, atOnce),
+      network_({.interval = tickInterval,
+                .historyLength = minuteLength,
+                .read = [&r = seams_.readings] { return networkSample(r); },
+                .combine = ratesBetween},
+               atOnce),
+      startUpVolume_({.interval = diskInterval, .read = [&r = seams_.readings] { return r.startUpVolume(); }},
+                     seams_.background),
       gpu_({.interval = usual, .historyLength = gpuLength, .read = [&t = seams_.telemetry] { return t.gpu(); }},
            seams_.background),
       pressure_({.interval = usual, .read = [&t = seams_.telemetry] { return t.pressure(); }}, gathered()),
@@ -64,6 +102,16 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
     update();
     connect(&sampler, &SamplerBase::sampled, this, update);
   };
+  follow(processor_, {cpu, cpuChart}, [this](const Calendar& c) {
+    const auto cores = static_cast<int>(std::thread::hardware_concurrency());
+    face(cpu).set(processorTile(c, processor_.value(), processor_.history(), cores));
+  });
+  follow(memory_, {DockWidget::memory},
+         [this](const Calendar& c) { face(DockWidget::memory).set(memoryTile(c, memory_.value())); });
+  follow(network_, {DockWidget::network, networkChart}, [this](const Calendar& c) {
+    face(DockWidget::network).set(networkTile(c, network_.value(), network_.history()));
+  });
+  follow(startUpVolume_, {disk}, [this](const Calendar& c) { face(disk).set(diskTile(c, startUpVolume_.value())); });
   follow(gpu_, {gpu}, [this](const Calendar& c) { face(gpu).set(gpuTile(c, sampled(gpu_), gpu_.history())); });
   follow(pressure_, {memoryPressure},
          [this](const Calendar& c) { face(memoryPressure).set(pressureTile(c, sampled(pressure_))); });
@@ -147,6 +195,15 @@ void LiveModels::setShown(std::set<DockWidget> widgets, bool areActive, Instant 
   tick(now);
 }
 
+LiveFace& LiveModels::face(DockWidget widget) {
+  // A chart shows another side of the same reading.
+  if (widget == DockWidget::cpuChart) widget = DockWidget::cpu;
+  if (widget == DockWidget::networkChart) widget = DockWidget::network;
+  LiveFace& face = faces_[widget];
+  keep({&face});
+  return face;
+}
+
 SamplerBase* LiveModels::samplerOf(DockWidget widget) {
   for (const Entry& entry : entries_)
     if (std::ranges::find(entry.widgets, widget) != entry.widgets.end()) return entry.sampler;
@@ -174,7 +231,7 @@ void LiveModels::publishPower(const Calendar& calendar) {
   face(batteryHealth).set(batteryHealthTile(calendar, sampled(batteryHealth_)));
 }
 
-// What is said of a battery's health goes with the battery.
+// A battery that was removed or added has another health.
 void LiveModels::noticeBattery() {
   if (!power_.lastRun()) return;
   const bool hasBattery = power_.value() && power_.value()->percent;
@@ -184,7 +241,7 @@ void LiveModels::noticeBattery() {
 
 void LiveModels::publishVolumes() {
   const auto list = volumes_.value().value_or(std::vector<VolumeInfo>{});
-  // A drive that is gone needs no message, and after a while neither does one that stayed.
+  // The message goes when its drive is gone, and after a while in any case.
   const Seconds now = seams_.readings.sinceBoot();
   std::erase_if(ejects_, [&](const auto& entry) {
     const auto& [url, eject] = entry;

@@ -1,5 +1,5 @@
 #pragma once
-// The readings of the computer's parts that only their tiles ask for, and the parts that can be acted on.
+// The readings of the computer's parts, and the parts that can be acted on.
 
 #include <functional>
 #include <map>
@@ -37,15 +37,24 @@ struct LiveSeams {
   std::function<Instant()> now;
 };
 
-// `tick` is called every 2 seconds. A sampler reads while a visible tile shows it or somebody holds a need for it.
+struct NetworkSample {
+  NetworkCounters counters;
+  Seconds at;  // since boot
+};
+
+// Every `tickInterval` `tick` is called. A sampler reads while a visible tile shows it or a need for it is held.
 class LiveModels : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   // The busiest programs; the tile has the first three in its face.
   Q_PROPERTY(ambrel::RowList* processes READ processes CONSTANT FINAL)
+  // The volume that the system starts from.
+  Q_PROPERTY(ambrel::LiveFace* disk READ diskFace CONSTANT FINAL)
 
  public:
+  static constexpr Seconds tickInterval{2};
+
   explicit LiveModels(LiveSeams seams, QObject* parent = nullptr);
   ~LiveModels() override;
 
@@ -58,7 +67,8 @@ class LiveModels : public QObject {
   // The one that the widget shows; null for one that shows none.
   SamplerBase* samplerOf(DockWidget widget);
   // What the widget's tile shows, and the list of its panel.
-  LiveFace& face(DockWidget widget) { return faces_[widget]; }
+  LiveFace& face(DockWidget widget);
+  LiveFace* diskFace() { return &face(DockWidget::disk); }
   RowList* processes() { return &processes_; }
   void setDisplay(const std::optional<DisplayReading>& display);
 
@@ -66,24 +76,19 @@ class LiveModels : public QObject {
   Q_INVOKABLE void eject(const QString& url);
   // That of the first row, which the tile shows.
   Q_INVOKABLE void ejectFirst();
-  // Asks now, whatever the rhythm.
+  // Asks now, without waiting for the interval.
   Q_INVOKABLE void refreshLatency();
   // The address to copy; empty while there is none.
   Q_INVOKABLE QString addressToCopy() const;
   // An eject has ended, well or not.
   std::function<void(const QString& name, const EjectResult& result)> onEjected;
 
-  Sampler<double>& gpu() { return gpu_; }
-  Sampler<PressureReading>& pressure() { return pressure_; }
-  Sampler<DiskCounters, DiskRates>& diskActivity() { return diskActivity_; }
+  Sampler<ProcessorTicks, double>& processor() { return processor_; }
+  Sampler<MemoryReading>& memory() { return memory_; }
+  Sampler<NetworkSample, NetworkRates>& network() { return network_; }
+  Sampler<VolumeSizes>& startUpVolume() { return startUpVolume_; }
   Sampler<ProcessSnapshot, std::vector<ProcessUsage>>& topApps() { return topApps_; }
-  Sampler<BatteryHealthReading>& batteryHealth() { return batteryHealth_; }
   Sampler<PowerReading>& power() { return power_; }
-  Sampler<WiFiReading>& wifi() { return wifi_; }
-  Sampler<LatencyCheck>& latency() { return latency_; }
-  Sampler<std::vector<VolumeInfo>>& volumes() { return volumes_; }
-  Sampler<ThermalReading>& thermal() { return thermal_; }
-  Sampler<std::vector<NetworkAddress>>& addresses() { return addresses_; }
 
   BluetoothModel* bluetooth() { return &bluetooth_; }
   SoundModel* sound() { return &sound_; }
@@ -97,7 +102,7 @@ class LiveModels : public QObject {
     std::vector<std::weak_ptr<const Seconds>> needs;
   };
 
-  // In which rhythm the sampler is to read; absent when nobody asks for it.
+  // The interval at which the sampler has to read; absent while it is not wanted.
   std::optional<Seconds> rhythm(Entry& entry) const;
   bool isOnBar(DockWidget widget) const { return widgets_.contains(widget); }
   Background gathered();
@@ -118,6 +123,10 @@ class LiveModels : public QObject {
   std::string uptimeZone_;
   std::optional<bool> hadBattery_;  // at the last reading of the power
 
+  Sampler<ProcessorTicks, double> processor_;
+  Sampler<MemoryReading> memory_;
+  Sampler<NetworkSample, NetworkRates> network_;
+  Sampler<VolumeSizes> startUpVolume_;
   Sampler<double> gpu_;
   Sampler<PressureReading> pressure_;
   Sampler<DiskCounters, DiskRates> diskActivity_;

@@ -7,7 +7,7 @@ Popover {
     id: root
 
     required property TelemetryArea area
-    // The widgets whose parts are read while the panel is open, besides what the tiles of the bar have read.
+    // The widgets whose parts are read while the panel is open, in addition to those of the visible tiles.
     property var needs: []
     // At the lower edge.
     property string note

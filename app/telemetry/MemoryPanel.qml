@@ -21,11 +21,9 @@ LivePanel {
         color: root.pressure.level === 0 ? Theme.ink2 : Theme.levelTone(root.pressure.level, Theme.neutral).text
     }
 
-    Column {
+    PanelColumn {
         id: column
-        x: Theme.space4
         y: Theme.space3
-        width: parent.width - 2 * Theme.space4
         spacing: Theme.space2
 
         Meter {

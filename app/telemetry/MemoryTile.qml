@@ -3,8 +3,8 @@ import Ambrel.Kit
 import Ambrel.Telemetry
 
 RingTile {
-    required property SystemMonitor system
-    readonly property tileReading reading: system.memory.reading
+    required property TelemetryArea area
+    readonly property tileReading reading: area.face("memory").reading
 
     panel: Qt.resolvedUrl("MemoryPanel.qml")
     percent: reading.percent

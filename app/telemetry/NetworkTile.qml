@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Telemetry
 
-// What goes up and what comes down, over the hardware interfaces.
+// Upload and download over the hardware interfaces.
 RatesTile {
     panel: Qt.resolvedUrl("NetworkPanel.qml")
     mark: "arrow.up"

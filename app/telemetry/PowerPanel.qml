@@ -7,38 +7,36 @@ LivePanel {
     id: root
 
     readonly property tileReading battery: area.face("battery").reading
+    readonly property bool hasBattery: !isNaN(battery.percent)
 
     title: qsTr("Power")
     symbol: "bolt.fill"
     implicitHeight: 288
     needs: ["power", "batteryHealth"]
-    note: meter.visible ? area.face("batteryHealth").reading.help : ""
+    note: hasBattery ? area.face("batteryHealth").reading.help : ""
 
-    Meter {
-        id: meter
-        visible: !isNaN(root.battery.percent)
-        x: Theme.space4
+    PanelColumn {
+        visible: root.hasBattery
         y: Theme.space3
-        width: parent.width - 2 * Theme.space4
-        thickness: 6
-        value: root.battery.percent
-        tone: root.battery.isOn ? Theme.green : Theme.chargeTone(root.battery.percent)
-        figure: root.battery.figure
+
+        Meter {
+            width: parent.width
+            thickness: 6
+            value: root.battery.percent
+            tone: root.battery.isOn ? Theme.green : Theme.chargeTone(root.battery.percent)
+            figure: root.battery.figure
+        }
+        DetailRows {
+            width: parent.width
+            model: root.area.face("power").rows
+        }
     }
     EmptyState {
         width: parent.width
         anchors.centerIn: parent
-        visible: !meter.visible
+        visible: !root.hasBattery
         symbol: "bolt"
         title: root.battery.message === "" ? qsTr("Measuring…") : root.battery.message
         sentence: qsTr("Charge and health appear here once there is a battery.")
-    }
-    DetailRows {
-        x: Theme.space4
-        width: parent.width - 2 * Theme.space4
-        visible: meter.visible
-        anchors.top: meter.bottom
-        anchors.topMargin: Theme.space3
-        model: root.area.face("power").rows
     }
 }

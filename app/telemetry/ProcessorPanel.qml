@@ -12,15 +12,9 @@ LivePanel {
 
     title: qsTr("Processor")
     symbol: "cpu"
+    fact: isNaN(root.reading.percent) ? "" : root.reading.figure
     implicitHeight: 420
     needs: ["topApps"]
-
-    headerItems: Label {
-        anchors.verticalCenter: parent.verticalCenter
-        text: isNaN(root.reading.percent) ? "" : root.reading.figure
-        role: Theme.small
-        color: Theme.ink2
-    }
 
     Sparkline {
         id: chart

@@ -1,5 +1,5 @@
 #pragma once
-// One slow reading of the system: read off the main thread, in its rhythm, while somebody wants it.
+// One slow reading of the system: read off the main thread, at its interval, while it is wanted.
 
 #include <QObject>
 #include <QPointer>
@@ -15,7 +15,7 @@
 
 namespace ambrel {
 
-// What all samplers share, whatever they read.
+// What all samplers share.
 class SamplerBase : public QObject {
   Q_OBJECT
 
@@ -89,8 +89,6 @@ class Sampler final : public SamplerBase {
 
   const std::optional<Value>& value() const { return value_; }
   const std::deque<Value>& history() const { return history_; }
-  std::size_t historyLength() const { return historyLength_; }
-  const std::optional<Raw>& previous() const { return previous_; }
 
  private:
   void start() override {

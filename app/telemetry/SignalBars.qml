@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// Four bars, of which the signal fills some.
+// Four bars; the stronger the signal, the more of them are filled.
 Row {
     id: root
 

@@ -14,60 +14,57 @@ LivePanel {
     symbol: output.symbol
     implicitHeight: 224
 
-    Row {
-        id: level
-        x: Theme.space4
+    PanelColumn {
         y: Theme.space3
-        width: parent.width - 2 * Theme.space4
-        height: 32
-        spacing: Theme.space2
 
-        IconButton {
-            anchors.verticalCenter: parent.verticalCenter
-            symbol: root.output.symbol
-            label: !root.output.isMissing && !root.output.isOn ? qsTr("Unmute") : qsTr("Mute")
-            enabled: !root.output.isMissing
-            onClicked: root.sound.toggleMuted()
-        }
-        Slider {
-            id: slider
-            width: parent.width - 28 - figure.width - 2 * Theme.space2
-            anchors.verticalCenter: parent.verticalCenter
-            enabled: !root.output.isMissing
-            focus: true
-            label: qsTr("Output volume")
-            figure: figure.text
-            value: root.output.isMissing ? 0 : root.output.percent
-            onMoved: value => root.sound.setPercent(value)
-        }
-        TipLabel {
-            id: figure
-            width: Math.round(44 * Theme.textScale)
-            anchors.verticalCenter: parent.verticalCenter
-            text: root.output.message === "" ? root.output.figure : "–"
-            role: Theme.captionStrong
-            horizontalAlignment: Text.AlignRight
-        }
-    }
-    Section {
-        x: Theme.space4
-        width: parent.width - 2 * Theme.space4
-        anchors.top: level.bottom
-        anchors.topMargin: Theme.space3
+        Row {
+            width: parent.width
+            height: 32
+            spacing: Theme.space2
 
-        SwitchRow {
-            title: qsTr("Output")
-            detail: !root.output.isMissing ? "" : root.output.message
-            enabled: !root.output.isMissing
-            checked: root.output.isOn
-            onToggled: checked => root.sound.setMuted(!checked)
+            IconButton {
+                anchors.verticalCenter: parent.verticalCenter
+                symbol: root.output.symbol
+                label: !root.output.isMissing && !root.output.isOn ? qsTr("Unmute") : qsTr("Mute")
+                enabled: !root.output.isMissing
+                onClicked: root.sound.toggleMuted()
+            }
+            Slider {
+                width: parent.width - 28 - figure.width - 2 * Theme.space2
+                anchors.verticalCenter: parent.verticalCenter
+                enabled: !root.output.isMissing
+                focus: true
+                label: qsTr("Output volume")
+                figure: figure.text
+                value: root.output.isMissing ? 0 : root.output.percent
+                onMoved: value => root.sound.setPercent(value)
+            }
+            TipLabel {
+                id: figure
+                width: Math.round(44 * Theme.textScale)
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.output.message === "" ? root.output.figure : "–"
+                role: Theme.captionStrong
+                horizontalAlignment: Text.AlignRight
+            }
         }
-        SwitchRow {
-            title: qsTr("Microphone")
-            detail: !root.microphone.isMissing ? "" : root.microphone.message
-            enabled: !root.microphone.isMissing
-            checked: root.microphone.isOn
-            onToggled: () => root.sound.toggleMicrophone()
+        Section {
+            width: parent.width
+
+            SwitchRow {
+                title: qsTr("Output")
+                detail: !root.output.isMissing ? "" : root.output.message
+                enabled: !root.output.isMissing
+                checked: root.output.isOn
+                onToggled: checked => root.sound.setMuted(!checked)
+            }
+            SwitchRow {
+                title: qsTr("Microphone")
+                detail: !root.microphone.isMissing ? "" : root.microphone.message
+                enabled: !root.microphone.isMissing
+                checked: root.microphone.isOn
+                onToggled: () => root.sound.toggleMicrophone()
+            }
         }
     }
 }

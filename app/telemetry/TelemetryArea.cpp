@@ -25,12 +25,13 @@ std::optional<DisplayReading> mainDisplay() {
 
 }  // namespace
 
-TelemetryArea::TelemetryArea(LiveSeams seams, Background background, Shell& shell, QObject* parent)
+TelemetryArea::TelemetryArea(LiveSeams seams, Shell& shell, QObject* parent)
     : Area(QStringLiteral("Telemetry"), parent),
       shell_(shell),
-      system_(seams.readings, std::move(background), seams.calendar),
-      live_(seams) {
-  keep({this, &system_, &live_});
+      live_(std::move(seams)),
+      processorNeed_(live_.require(live_.processor(), live_.processor().interval())),
+      diskNeed_(live_.require(live_.startUpVolume(), live_.startUpVolume().interval())) {
+  keep({this, &live_});
   followMainDisplay();
   live_.onEjected = [this](const QString& name, const EjectResult& result) {
     const bool isOut = result.outcome == EjectOutcome::ejected;
@@ -41,26 +42,8 @@ TelemetryArea::TelemetryArea(LiveSeams seams, Background background, Shell& shel
 }
 
 LiveFace* TelemetryArea::face(const QString& widget) {
-  using enum DockWidget;
   const auto found = fromName<DockWidget>(widget.toStdString());
-  if (!found) return nullptr;
-  switch (*found) {
-    case cpu:
-    case cpuChart:
-      return system_.cpuFace();
-    case memory:
-      return system_.memoryFace();
-    case disk:
-      return system_.diskFace();
-    case network:
-    case networkChart:
-      return system_.networkFace();
-    default:
-      break;
-  }
-  LiveFace& face = live_.face(*found);
-  keep({&face});
-  return &face;
+  return found ? &live_.face(*found) : nullptr;
 }
 
 void TelemetryArea::followMainDisplay() {
@@ -78,22 +61,23 @@ void TelemetryArea::followMainDisplay() {
 
 void TelemetryArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) {
   using enum DockWidget;
+  const auto hold = [&](LiveModels::Need& need, SamplerBase& sampler, bool isWanted) {
+    if (!isWanted)
+      need.reset();
+    else if (!need)
+      need = live_.require(sampler, sampler.interval());
+  };
+  hold(memoryNeed_, live_.memory(), onBar.contains(memory) || onBar.contains(memoryPressure));
+  hold(networkNeed_, live_.network(), onBar.contains(network) || onBar.contains(networkChart));
   live_.setShown(onBar, areSeen, now);
-  system_.setWanted({.memory = onBar.contains(memory) || onBar.contains(memoryPressure),
-                     .network = onBar.contains(network) || onBar.contains(networkChart)});
-}
-
-void TelemetryArea::tick(Instant now) {
-  system_.tick();
-  live_.tick(now);
 }
 
 void TelemetryArea::addSignals(BuddySignals& signals, Instant /*now*/) {
-  signals.cpuUsage = system_.cpuUsage();
-  if (const auto disk = system_.disk()) signals.diskFreeBytes = disk->freeBytes;
+  signals.cpuUsage = live_.processor().value();
+  if (const auto& disk = live_.startUpVolume().value()) signals.diskFreeBytes = disk->freeBytes;
   if (!batteryNeed_) batteryNeed_ = live_.require(live_.power(), batteryRhythm);
   const auto& power = live_.power().value();
-  // At the mains it may rest without charging, and then there is no charger to look for.
+  // On mains power the battery may be full or resting: nobody has to look for the charger.
   if (power && power->percent)
     signals.battery = {.percent = *power->percent, .isCharging = power->isCharging || power->isOnAdapter};
   if (!signals.cpuUsage || *signals.cpuUsage <= BuddyThresholds::highLoad) {

@@ -3,7 +3,6 @@
 
 #include "app/base/Area.h"
 #include "app/telemetry/LiveModels.h"
-#include "app/telemetry/SystemMonitor.h"
 
 namespace ambrel {
 
@@ -11,16 +10,14 @@ class TelemetryArea : public Area {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(ambrel::SystemMonitor* system READ system CONSTANT FINAL)
   Q_PROPERTY(ambrel::LiveModels* readings READ live CONSTANT FINAL)
   Q_PROPERTY(ambrel::BluetoothModel* bluetooth READ bluetooth CONSTANT FINAL)
   Q_PROPERTY(ambrel::SoundModel* sound READ sound CONSTANT FINAL)
   Q_PROPERTY(ambrel::KeepAwakeModel* keepAwake READ keepAwake CONSTANT FINAL)
 
  public:
-  TelemetryArea(LiveSeams seams, Background background, Shell& shell, QObject* parent = nullptr);
+  TelemetryArea(LiveSeams seams, Shell& shell, QObject* parent = nullptr);
 
-  SystemMonitor* system() { return &system_; }
   LiveModels* live() { return &live_; }
   BluetoothModel* bluetooth() { return live_.bluetooth(); }
   SoundModel* sound() { return live_.sound(); }
@@ -29,15 +26,16 @@ class TelemetryArea : public Area {
   Q_INVOKABLE ambrel::LiveFace* face(const QString& widget);
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
-  void tick(Instant now) override;
+  void tick(Instant now) override { live_.tick(now); }
   void addSignals(BuddySignals& signals, Instant now) override;
 
  private:
   void followMainDisplay();
 
   Shell& shell_;
-  SystemMonitor system_;
   LiveModels live_;
+  // The processor's chart and Buddy's rules need these all the time, and charts also while the bar is hidden.
+  LiveModels::Need processorNeed_, diskNeed_, memoryNeed_, networkNeed_;
   LiveModels::Need batteryNeed_, busiestNeed_;  // of Buddy's rules, once they ask
 };
 

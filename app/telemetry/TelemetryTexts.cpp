@@ -31,14 +31,12 @@ std::pair<QString, QString> span(const Calendar& calendar, double milliseconds) 
 // Bytes a second that fill a chart: what little a network at rest carries is drawn as little.
 constexpr double quietNetwork = 10'000;
 
-QList<qreal> listOf(const std::deque<double>& values) { return {values.begin(), values.end()}; }
-
 }  // namespace
 
 TileReading processorTile(const Calendar& calendar, std::optional<double> usage, const std::deque<double>& history,
                           int cores) {
   TileReading tile = measuring();
-  tile.history = listOf(history);
+  tile.history = percentages(history);
   if (!usage) return tile;
   tile.value = number(calendar, *usage * 100);
   tile.unit = QStringLiteral("%");
@@ -67,13 +65,14 @@ TileReading diskTile(const Calendar& calendar, const std::optional<VolumeSizes>&
 }
 
 TileReading networkTile(const Calendar& calendar, const std::optional<NetworkRates>& rates,
-                        const std::deque<double>& upload, const std::deque<double>& download) {
+                        const std::deque<NetworkRates>& history) {
   TileReading tile = measuring();
-  tile.history = listOf(upload);
-  tile.secondHistory = listOf(download);
   tile.ceiling = quietNetwork;
-  for (const std::deque<double>* history : {&upload, &download})
-    for (const double rate : *history) tile.ceiling = std::max(tile.ceiling, rate);
+  for (const NetworkRates& past : history) {
+    tile.history.append(past.sentPerSecond);
+    tile.secondHistory.append(past.receivedPerSecond);
+    tile.ceiling = std::max({tile.ceiling, past.sentPerSecond, past.receivedPerSecond});
+  }
   tile.spoken = tr("measuring");
   if (rates) {
     const RateText up = rateText(calendar, rates->sentPerSecond), down = rateText(calendar, rates->receivedPerSecond);

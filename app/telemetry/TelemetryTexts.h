@@ -23,15 +23,14 @@ struct Sampled {
   bool isUnavailable = false;
 };
 
-// Histories are oldest first: percents of the processor, bytes a second of the network.
+// Histories are oldest first; those of the processors in shares of one.
 TileReading processorTile(const Calendar& calendar, std::optional<double> usage, const std::deque<double>& history,
                           int cores);
 TileReading memoryTile(const Calendar& calendar, const std::optional<MemoryReading>& memory);
 TileReading diskTile(const Calendar& calendar, const std::optional<VolumeSizes>& disk);
 TileReading networkTile(const Calendar& calendar, const std::optional<NetworkRates>& rates,
-                        const std::deque<double>& upload, const std::deque<double>& download);
+                        const std::deque<NetworkRates>& history);
 
-// `history` in shares of one.
 TileReading gpuTile(const Calendar& calendar, const Sampled<double>& gpu, const std::deque<double>& history);
 TileReading pressureTile(const Calendar& calendar, const Sampled<PressureReading>& pressure);
 TileReading diskActivityTile(const Calendar& calendar, const Sampled<DiskRates>& rates);

@@ -59,7 +59,7 @@ inline QString briefSize(const Calendar& calendar, std::uint64_t bytes) {
 
 inline QString dbm(const Calendar& calendar, int value) { return number(calendar, value) + QStringLiteral(" dBm"); }
 
-// Names come from others: whatever would break the line becomes a blank.
+// Names come from outside: characters that would break the line become blanks.
 inline QString oneLine(const std::string& name) {
   QString text = toQString(name);
   for (QChar& character : text)

@@ -5,11 +5,9 @@ import Ambrel.Kit
 Item {
     id: root
 
-    // {"symbol", "condition"} and what `timeKey`, `figureKey` and `lowKey` name.
     required property var entries
-    required property string timeKey
-    required property string figureKey
-    property string lowKey: ""
+    // Each entry has a low beside its figure.
+    property bool hasLows: false
     required property string staleSince
     required property real markOpacity
     readonly property real columnWidth: 31
@@ -31,7 +29,7 @@ Item {
 
                 Label {
                     width: parent.width
-                    text: column.modelData[root.timeKey]
+                    text: column.modelData.time
                     role: Theme.subLine
                     color: Theme.ink2
                     horizontalAlignment: Text.AlignHCenter
@@ -39,26 +37,26 @@ Item {
                 }
                 WeatherPicture {
                     name: column.modelData.symbol
-                    size: root.lowKey === "" ? 18 : 16
+                    size: root.hasLows ? 16 : 18
                     opacity: root.markOpacity
                     anchors.horizontalCenter: parent.horizontalCenter
-                    y: root.lowKey === "" ? (parent.height - height) / 2 : low.height - 2
+                    y: root.hasLows ? low.height - 2 : (parent.height - height) / 2
                 }
                 Label {
                     width: parent.width
-                    text: column.modelData[root.figureKey]
+                    text: column.modelData.figure
                     role: Theme.captionStrong
                     color: root.staleSince === "" ? Theme.ink : Theme.ink2
                     horizontalAlignment: Text.AlignHCenter
-                    anchors.bottom: root.lowKey === "" ? parent.bottom : low.top
-                    anchors.bottomMargin: root.lowKey === "" ? 0 : -2
+                    anchors.bottom: root.hasLows ? low.top : parent.bottom
+                    anchors.bottomMargin: root.hasLows ? -2 : 0
                     Accessible.ignored: true
                 }
                 Label {
                     id: low
-                    visible: root.lowKey !== ""
+                    visible: root.hasLows
                     width: parent.width
-                    text: visible ? column.modelData[root.lowKey] : ""
+                    text: column.modelData.low
                     role: Theme.subLine
                     color: Theme.ink2
                     horizontalAlignment: Text.AlignHCenter

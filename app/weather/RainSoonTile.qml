@@ -6,7 +6,7 @@ WeatherFrame {
     id: root
 
     // A narrow tile needs its width for the words.
-    readonly property bool hasDrop: weather.texts.isWet && (span === TileFrame.Large || span === TileFrame.ExtraLarge)
+    readonly property bool hasDrop: weather.texts.isWet && isWide
 
     // The summary says itself when there is no forecast.
     problem: ""

@@ -5,8 +5,8 @@
 
 namespace ambrel {
 
-// A hint, no more. Without such a service the machine counts as online; and what the toolkit takes for one where no
-// service runs may say "offline" at the start and then nothing ever again. A request finds out.
+// Only a hint. Without such a service the machine counts as online. The toolkit's fallback may say "offline" at the
+// start and then nothing else, so only a request can tell.
 class Reachability : public QObject {
   Q_OBJECT
 

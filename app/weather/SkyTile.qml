@@ -29,6 +29,6 @@ WeatherFrame {
         opacity: root.markOpacity
         anchors.right: parent.right
         // In a narrow tile the line below it needs the whole width.
-        y: root.span === TileFrame.Medium && !root.isStale ? Theme.caption.line - 5 : Theme.caption.line + 2
+        y: root.isMedium && !root.isStale ? Theme.caption.line - 5 : Theme.caption.line + 2
     }
 }

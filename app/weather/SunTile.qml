@@ -16,7 +16,7 @@ WeatherFrame {
 
     // How far the day has come.
     Rectangle {
-        visible: root.weather.texts.dayPercent >= 0 && root.span !== TileFrame.Small && !root.isStale
+        visible: root.weather.texts.dayPercent >= 0 && !root.isSmall && !root.isStale
         anchors.right: parent.right
         y: Theme.caption.line / 2 - 2
         width: 22

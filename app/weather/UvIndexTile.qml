@@ -1,5 +1,4 @@
 import QtQuick
-import Ambrel.Kit
 
 // The UV index and what it means.
 WeatherFrame {
@@ -7,12 +6,12 @@ WeatherFrame {
 
     value: weather.texts.uvIndex
     subLine: weather.texts.uvLabel
-    reserved: span === TileFrame.Small ? 0 : 32
+    reserved: isSmall ? 0 : 32
     problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
     tip: isUnavailable ? "" : weather.texts.uvSummary
 
     BandMark {
-        visible: root.span !== TileFrame.Small && band >= 0
+        visible: !root.isSmall && band >= 0
         band: root.weather.texts.uvBand
         count: 5
         opacity: root.markOpacity

@@ -25,9 +25,6 @@ void WeatherArea::add(WeatherModel& model) {
 WeatherModel* WeatherArea::second() {
   if (!second_) {
     second_ = std::make_unique<WeatherModel>(WeatherModel::secondCitySetting(), service_, defaults_, calendar_, now_);
-    // The two have one unit, whichever of them it is changed at.
-    second_->followUnitOf(main_);
-    main_.followUnitOf(*second_);
     if (reachability_) second_->setOnline(reachability_->isOnline(), now_());
     add(*second_);
   }
@@ -56,7 +53,7 @@ void WeatherArea::defaultsChanged(const std::set<std::string>& keys) {
   if (second_) second_->reload(hasNewHosts);
 }
 
-// Whoever never looks at the weather does without the network's service.
+// The network service is not started until the weather is shown.
 void WeatherArea::watchNetwork() {
   if (reachability_) return;
   reachability_ = std::make_unique<Reachability>();

@@ -27,7 +27,7 @@ class WeatherArea : public Area {
 
   WeatherModel* main() { return &main_; }
   WeatherModel* second();
-  // Which of the two somebody looks at; nothing is asked for the other.
+  // Which of the two are shown; no requests are made for the other.
   void setWanted(bool isMainWanted, bool isSecondWanted);
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;

@@ -40,15 +40,11 @@ void WeatherModel::loadPlace() {
 void WeatherModel::reload(bool hasNewHosts) {
   const Place before = place_;
   loadPlace();
-  const bool uses = valueOf(defaults_, setting::weatherFahrenheit);
-  if (place_ != before || hasNewHosts) {
-    usesFahrenheit_ = uses;
-    Q_EMIT usesFahrenheitChanged();
-    usePlace();
-  } else {
-    applyUnit(uses, now_());
-    publish(now_());
-  }
+  const bool usedFahrenheit = std::exchange(usesFahrenheit_, valueOf(defaults_, setting::weatherFahrenheit));
+  if (place_ != before || hasNewHosts) return usePlace();
+  const Instant now = now_();
+  if (usesFahrenheit_ != usedFahrenheit) refresh(now);
+  publish(now);
 }
 
 void WeatherModel::setWanted(bool isWanted, Instant now) {
@@ -139,34 +135,6 @@ void WeatherModel::clockMoved(Seconds by, Instant now) {
   for (auto* time : {&searchAt_, &reading_.updatedAt, &reading_.airUpdatedAt})
     if (*time) *time = advanced(**time, by);
   publish(now);
-}
-
-void WeatherModel::setUsesFahrenheit(bool uses) {
-  if (uses == usesFahrenheit_) return;
-  store(defaults_, setting::weatherFahrenheit.key, uses);
-  applyUnit(uses, now_());
-}
-
-void WeatherModel::applyUnit(bool uses, Instant now) {
-  if (uses == usesFahrenheit_) return;
-  usesFahrenheit_ = uses;
-  Q_EMIT usesFahrenheitChanged();
-  refresh(now);
-}
-
-void WeatherModel::followUnitOf(WeatherModel& other) {
-  connect(&other, &WeatherModel::usesFahrenheitChanged, this,
-          [this, &other] { applyUnit(other.usesFahrenheit(), now_()); });
-}
-
-QString WeatherModel::airQualityScale() const { return toQString(nameOf(reading_.scale)); }
-
-void WeatherModel::setAirQualityScale(const QString& name) {
-  const auto scale = fromName<AirQualityScale>(name.toStdString());
-  if (!scale || *scale == reading_.scale) return;
-  reading_.scale = *scale;
-  store(defaults_, setting::airQualityScale.key, DefaultsValue{std::string(nameOf(*scale))});
-  publish(now_());
 }
 
 void WeatherModel::choose(int result) {

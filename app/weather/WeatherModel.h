@@ -18,9 +18,6 @@ class WeatherModel : public TimedModel {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::WeatherTexts texts READ texts NOTIFY changed FINAL)
-  Q_PROPERTY(bool usesFahrenheit READ usesFahrenheit WRITE setUsesFahrenheit NOTIFY usesFahrenheitChanged FINAL)
-  // "us" or "european"
-  Q_PROPERTY(QString airQualityScale READ airQualityScale WRITE setAirQualityScale NOTIFY changed FINAL)
   // {"name": "Springfield", "detail": "Illinois, United States"}, to be chosen by their index.
   Q_PROPERTY(QVariantList searchResults READ searchResults NOTIFY searchChanged FINAL)
   // Why there are none, or why they are not what is typed: "Type at least two letters", "Searching…", "No place of that
@@ -41,23 +38,17 @@ class WeatherModel : public TimedModel {
   WeatherModel(Setting setting, WeatherService& service, UserDefaults& defaults, PresentCalendar calendar,
                std::function<Instant()> now, QObject* parent = nullptr);
 
-  // Whether anybody looks at this place's weather. Requests go out only then: at once if one is due.
+  // Whether this place's weather is shown. Requests go out only then: at once if one is due.
   void setWanted(bool isWanted, Instant now);
-  // Asks for the forecast and, if due, for the air quality. While nobody wants them, that waits.
+  // Asks for the forecast and, if due, for the air quality. While they are not wanted, that waits.
   void refresh(Instant now);
-  // What the desktop says of the network. It may be wrong, and it may never say anything again: requests go out
-  // whatever it says, and a network that comes back only brings those that have failed sooner.
+  // What the desktop says about the network. It may be wrong or out of date, so requests go out in any case; when the
+  // network comes back, those that have failed are tried again sooner.
   void setOnline(bool isOnline, Instant now);
-  // The defaults have been changed by others; `hasNewHosts`: what was asked of the old servers does not count.
+  // The stored place or a setting was changed; `hasNewHosts`: what was asked of the old servers does not count.
   void reload(bool hasNewHosts);
-  // A change of the unit at `other` is a change here.
-  void followUnitOf(WeatherModel& other);
 
   const WeatherTexts& texts() const { return texts_; }
-  bool usesFahrenheit() const { return usesFahrenheit_; }
-  void setUsesFahrenheit(bool uses);
-  QString airQualityScale() const;
-  void setAirQualityScale(const QString& name);
   QVariantList searchResults() const;
   QString searchNote() const { return searchNote_; }
 
@@ -80,7 +71,6 @@ class WeatherModel : public TimedModel {
 
  Q_SIGNALS:
   void changed();
-  void usesFahrenheitChanged();
   void searchChanged();
   void placeChosen();
 
@@ -94,7 +84,6 @@ class WeatherModel : public TimedModel {
   void placesAnswered(const std::optional<QByteArray>& body);
   void loadPlace();
   void usePlace();
-  void applyUnit(bool uses, Instant now);
   void publish(Instant now);
 
   Setting setting_;

@@ -1,5 +1,6 @@
 import QtQuick
 import Ambrel.Kit
+import Ambrel.Model
 import Ambrel.Weather
 
 // Choosing the place, the unit and the air-quality scale.
@@ -83,31 +84,33 @@ Popover {
         Section {
             width: parent.width
 
-            SectionRow {
+            SettingRow {
+                key: "weatherFahrenheit"
                 title: qsTr("Unit")
-
-                Segments {
-                    label: qsTr("Unit")
-                    options: [qsTr("Celsius"), qsTr("Fahrenheit")]
-                    current: root.weather.usesFahrenheit ? 1 : 0
-                    onChosen: index => root.weather.usesFahrenheit = index === 1
-                }
+                options: [qsTr("Celsius"), qsTr("Fahrenheit")]
+                values: [false, true]
             }
-            SectionRow {
+            SettingRow {
+                key: "airQualityScale"
                 visible: root.hasScale
                 title: qsTr("Air quality")
-
-                Segments {
-                    label: qsTr("Air quality")
-                    options: [qsTr("US"), qsTr("European")]
-                    current: root.weather.airQualityScale === "european" ? 1 : 0
-                    onChosen: index => root.weather.airQualityScale = index === 1 ? "european" : "us"
-                }
+                options: [qsTr("US"), qsTr("European")]
             }
         }
-        WeatherDetails {
+        Column {
             width: parent.width
-            weather: root.weather
+            spacing: 2
+
+            Repeater {
+                model: root.weather.texts.details
+
+                DetailRow {
+                    required property var modelData
+                    title: modelData.name
+                    figure: modelData.value
+                    role: Theme.small
+                }
+            }
         }
     }
 

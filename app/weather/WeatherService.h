@@ -22,8 +22,8 @@ struct WeatherHosts {
   bool operator==(const WeatherHosts&) const = default;
 };
 
-// From the keys "weatherForecastURL", "weatherAirQualityURL" and "weatherGeocodingURL", each the address of a server
-// of one's own; what is missing or no address of HTTP leaves the public service.
+// From the keys "weatherForecastURL", "weatherAirQualityURL" and "weatherGeocodingURL", each the address of the user's
+// own server. Without one, or with one that is not HTTP, the public service is used.
 WeatherHosts weatherHosts(const UserDefaults& defaults);
 
 struct WeatherLimits {

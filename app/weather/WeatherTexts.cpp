@@ -103,39 +103,33 @@ void fillSummaries(WeatherTexts& out) {
                                    out.humidity.isEmpty() ? QString() : tr("humidity %1").arg(out.humidity)});
   if (!out.uvIndex.isEmpty())
     out.uvSummary = joined({out.place, tr("UV index %1").arg(out.uvIndex), out.uvLabel, out.uvMax});
-  const std::pair<QString, QString> rows[] = {{tr("Today"), out.highLow},     {tr("Air"), out.particles},
-                                              {tr("Humidity"), out.humidity}, {tr("Dew point"), out.dewPoint},
-                                              {tr("UV index"), out.uvMax},    {out.sunTitle, out.sunTime}};
-  for (const auto& [name, value] : rows)
-    if (!value.isEmpty())
-      out.details.append(QVariantMap{{QStringLiteral("name"), name}, {QStringLiteral("value"), value}});
+  for (const WeatherDetail& row :
+       {WeatherDetail{tr("Today"), out.highLow}, WeatherDetail{tr("Air"), out.particles},
+        WeatherDetail{tr("Humidity"), out.humidity}, WeatherDetail{tr("Dew point"), out.dewPoint},
+        WeatherDetail{tr("UV index"), out.uvMax}, WeatherDetail{out.sunTitle, out.sunTime}})
+    if (!row.value.isEmpty()) out.details.append(QVariant::fromValue(row));
 }
 
 void fillLists(const Forecast& f, const Calendar& calendar, const Calendar& place, Instant now, WeatherTexts& out) {
-  for (const auto& hour : upcomingHours(f, now))
-    out.hours.append(QVariantMap{{QStringLiteral("time"), toQString(formattedDate(place, hour.date, "j"))},
-                                 {QStringLiteral("symbol"), toQString(weatherSymbol(hour.code))},
-                                 {QStringLiteral("condition"), toQString(weatherText(hour.code))},
-                                 {QStringLiteral("temperature"), toQString(degreesText(calendar, hour.temperature))}});
-  for (const auto& day : upcomingDays(f, place, now))
-    out.days.append(QVariantMap{{QStringLiteral("day"), toQString(formattedDate(place, day.date, "EEE"))},
-                                {QStringLiteral("symbol"), toQString(weatherSymbol(day.code))},
-                                {QStringLiteral("condition"), toQString(weatherText(day.code))},
-                                {QStringLiteral("high"), toQString(degreesText(calendar, day.high))},
-                                {QStringLiteral("low"), toQString(degreesText(calendar, day.low))}});
-  const auto spoken = [](const QVariantList& entries, const QStringList& keys) {
-    QStringList parts;
-    for (const QVariant& entry : entries) {
-      QStringList words;
-      for (const QString& key : keys) words.append(entry.toMap().value(key).toString());
-      parts.append(joined(words, QStringLiteral(" ")));
-    }
-    return parts.join(QStringLiteral(", "));
+  const auto degrees = [&](double value) { return toQString(degreesText(calendar, value)); };
+  const auto add = [](const ForecastEntry& entry, QVariantList& entries, QString& summary) {
+    entries.append(QVariant::fromValue(entry));
+    const QString words = joined({entry.time, entry.figure, entry.low, entry.condition}, QStringLiteral(" "));
+    summary = joined({summary, words});
   };
-  out.hoursSummary =
-      spoken(out.hours, {QStringLiteral("time"), QStringLiteral("temperature"), QStringLiteral("condition")});
-  out.daysSummary = spoken(
-      out.days, {QStringLiteral("day"), QStringLiteral("high"), QStringLiteral("low"), QStringLiteral("condition")});
+  for (const auto& hour : upcomingHours(f, now))
+    add({.time = toQString(formattedDate(place, hour.date, "j")),
+         .symbol = toQString(weatherSymbol(hour.code)),
+         .condition = toQString(weatherText(hour.code)),
+         .figure = degrees(hour.temperature)},
+        out.hours, out.hoursSummary);
+  for (const auto& day : upcomingDays(f, place, now))
+    add({.time = toQString(formattedDate(place, day.date, "EEE")),
+         .symbol = toQString(weatherSymbol(day.code)),
+         .condition = toQString(weatherText(day.code)),
+         .figure = degrees(day.high),
+         .low = degrees(day.low)},
+        out.days, out.daysSummary);
 }
 
 }  // namespace

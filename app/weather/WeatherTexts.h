@@ -10,6 +10,25 @@
 
 namespace ambrel {
 
+// An hour or a day of the forecast.
+struct ForecastEntry {
+  Q_GADGET
+  QML_VALUE_TYPE(forecastEntry)
+ public:
+  FACE_FIELDS(QString, time, symbol, condition);  // "14" or "Wed", "cloud.rain.fill", "Light rain"
+  FACE_FIELDS(QString, figure, low);              // the temperature, or a day's highest and lowest
+  bool operator==(const ForecastEntry&) const = default;
+};
+
+// A reading that no tile has room for.
+struct WeatherDetail {
+  Q_GADGET
+  QML_VALUE_TYPE(weatherDetail)
+ public:
+  FACE_FIELDS(QString, name, value);
+  bool operator==(const WeatherDetail&) const = default;
+};
+
 struct WeatherTexts {
   Q_GADGET
   QML_VALUE_TYPE(weatherTexts)
@@ -34,12 +53,11 @@ struct WeatherTexts {
   FACE_FIELDS(QString, localTime);  // at the place
   // What a tile's tip says, and what is read out where a tile has columns.
   FACE_FIELDS(QString, summary, feelsLikeSummary, uvSummary, airSummary, hoursSummary, daysSummary);
-  FACE_FIELDS(QVariantList, details);  // {"name", "value"}: readings that no tile has room for
-  // {"time" or "day", "symbol", "condition", "temperature" or "high" and "low"}
-  FACE_FIELDS(QVariantList, hours, days);
-  FACE_FIELDS(QString, staleSince);     // "46 min ago"; empty while fresh
-  FACE_FIELDS(QString, airStaleSince);  // the air quality has an answer of its own
-  FACE_FIELDS(QString, updated);        // "Updated 10:41"
+  FACE_FIELDS(QVariantList, details);      // WeatherDetail
+  FACE_FIELDS(QVariantList, hours, days);  // ForecastEntry
+  FACE_FIELDS(QString, staleSince);        // "46 min ago"; empty while fresh
+  FACE_FIELDS(QString, airStaleSince);     // the air quality has an answer of its own
+  FACE_FIELDS(QString, updated);           // "Updated 10:41"
 
   bool operator==(const WeatherTexts&) const = default;
 };

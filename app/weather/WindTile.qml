@@ -10,11 +10,11 @@ WeatherFrame {
     value: weather.texts.wind
     unit: weather.texts.windUnit
     subLine: hasDirection ? qsTr("from %1").arg(weather.texts.windFrom) : ""
-    reserved: span === TileFrame.Small || !hasDirection ? 0 : 20
+    reserved: isSmall || !hasDirection ? 0 : 20
     problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
 
     Symbol {
-        visible: root.hasDirection && root.span !== TileFrame.Small
+        visible: root.hasDirection && !root.isSmall
         name: "location.north.fill"
         size: 18
         color: Theme.blue.mark

@@ -2,7 +2,7 @@
 
 #include <unordered_set>
 
-#include "core/clipboard/Whitespace.h"
+#include "core/base/Whitespace.h"
 
 namespace ambrel {
 

@@ -65,9 +65,4 @@ std::optional<MemoryReading> parseMeminfo(std::string_view text) {
       .swapFreeBytes = swapFree.value_or(0)};
 }
 
-void History::append(double value) {
-  values_.push_back(value);
-  if (values_.size() > length_) values_.pop_front();
-}
-
 }  // namespace ambrel

@@ -6,6 +6,7 @@
 
 namespace ambrel {
 
+// The states are core's: these are the windows that they order, and steps that come too late.
 class PresentationTests : public QObject {
   Q_OBJECT
 
@@ -26,57 +27,30 @@ class PresentationTests : public QObject {
     Presentation presentation(queue());
     QSignalSpy front(&presentation, &Presentation::orderFront), out(&presentation, &Presentation::orderOut);
     presentation.show();
-    QVERIFY(presentation.isShown() && presentation.isOnScreen() && !presentation.isContentShown());
+    presentation.show();
+    QVERIFY(presentation.isOnScreen() && !presentation.isContentShown());
     QCOMPARE(front.size(), 1);
-    QVERIFY(steps_.front().first == Seconds(0.07));
+    QCOMPARE(steps_.size(), std::size_t(1));
     runNext();
     QVERIFY(presentation.isContentShown());
     presentation.hide();
-    QVERIFY(!presentation.isShown() && !presentation.isContentShown() && presentation.isOnScreen());
-    QVERIFY(steps_.front().first == Seconds(0.36));
+    QVERIFY(!presentation.isContentShown() && presentation.isOnScreen());
     runNext();
     QVERIFY(!presentation.isOnScreen());
     QCOMPARE(out.size(), 1);
   }
 
   void aShowInBetweenCancelsTheRemoval() {
-    Presentation presentation(queue());
-    QSignalSpy out(&presentation, &Presentation::orderOut);
-    presentation.show();
+    auto presentation = std::make_unique<Presentation>(queue());
+    QSignalSpy out(presentation.get(), &Presentation::orderOut);
+    presentation->show();
     runNext();
-    presentation.hide();
-    presentation.show();
+    presentation->hide();
+    presentation->show();
     runNext();  // the removal, too late
-    QVERIFY(presentation.isOnScreen());
-    QCOMPARE(out.size(), 0);
-    runNext();
-    QVERIFY(presentation.isContentShown());
-  }
-
-  void aHideBeforeTheContentCameKeepsItAway() {
-    Presentation presentation(queue());
-    presentation.show();
-    presentation.hide();
-    runNext();
-    QVERIFY(!presentation.isContentShown());
-  }
-
-  void doingTwiceWhatIsDoneDoesNothing() {
-    Presentation presentation(queue());
-    presentation.hide();
-    QVERIFY(steps_.empty());
-    presentation.show();
-    const int generation = presentation.generation();
-    presentation.show();
-    QCOMPARE(presentation.generation(), generation);
-    QCOMPARE(steps_.size(), std::size_t(1));
-  }
-
-  void aStepThatOutlivesItsPanelIsHarmless() {
-    {
-      Presentation presentation(queue());
-      presentation.show();
-    }
+    QVERIFY(presentation->isOnScreen() && out.empty());
+    // A step may outlive its panel.
+    presentation.reset();
     runNext();
   }
 };

@@ -200,7 +200,7 @@ class FocusAndWeatherTests : public QObject {
 
   void aNotificationLeadsToItsTile() {
     Desk desk({"pomodoro", "eyeBreak"});
-    desk.focus().pomodoro()->setFocusMinutes(1);
+    desk.delegate->settings().set(setting::pomodoroFocus, 1);
     desk.focus().pomodoro()->toggle();
     desk.pass(minutes(20) + seconds(1));
     QVERIFY(desk.told() == (std::vector<std::string>{"pomodoro", "eyeBreak"}));

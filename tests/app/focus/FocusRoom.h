@@ -1,7 +1,7 @@
 #pragma once
 // Everything that the models of focus and wellbeing are given, in a test's own folder and time.
 
-#include "app/focus/FocusSeams.h"
+#include "app/focus/FocusModel.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakePlatform.h"
@@ -17,6 +17,11 @@ struct FocusRoom {
             .notifications = notifications,
             .sounds = sounds,
             .now = [this] { return clock.now(); }};
+  }
+  // As in the model's panel.
+  void choose(FocusModel& model, const char* key, std::int64_t value) {
+    defaults.set(key, DefaultsValue{value});
+    model.reload();
   }
   // What a next start of the program would read.
   UserDefaults stored() const { return UserDefaults(folder / "defaults.json"); }

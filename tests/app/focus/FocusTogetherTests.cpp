@@ -79,7 +79,7 @@ void FocusTogetherTests::onlyWhatHasATileDisturbs() {
     Together room;
     room.shell.onBar = {*fromName<DockWidget>(present)};
     FocusArea models(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell);
-    for (auto* reminder : {models.eyeBreak(), models.standUp()}) reminder->setIntervalMinutes(20);
+    room.choose(*models.standUp(), "standUpInterval", 20);
     models.water()->add();
     models.alarm()->set(10, 25);  // 25 minutes from now in Berlin
     room.runUntil(room.clock.now() + minutes(31));

@@ -13,11 +13,8 @@ class ControlTests : public QObject {
  private Q_SLOTS:
   void keys_data();
   void keys();
-  void clicks_data();
   void clicks();
   void tabReachesEveryControl();
-  void disabledControlsStayQuiet();
-  void everyControlHasANameAndARole_data();
   void everyControlHasANameAndARole();
   void menuWalks();
   void theRingShowsForTheKeyboardAlone();
@@ -73,6 +70,7 @@ void ControlTests::keys_data() {
   row("tile by space", "TileFrame { focus: true; name: 'Go'; onClicked: page.note('go') }", Qt::Key_Space, "go");
   row("field", "Field { focus: true; hint: 'It'; text: 'abc'; onAccepted: page.note(text) }", Qt::Key_Return, "abc");
   row("another key", button, Qt::Key_X, {});
+  row("disabled", "Button { enabled: false; focus: true; onClicked: page.note('go') }", Qt::Key_Return, {});
 }
 
 void ControlTests::keys() {
@@ -87,38 +85,30 @@ void ControlTests::keys() {
   QCOMPARE(scene.warnings().take(), QStringList());
 }
 
-void ControlTests::clicks_data() {
-  QTest::addColumn<QString>("control");
-  QTest::addColumn<QPoint>("at");
-  QTest::addColumn<QVariant>("wanted");
-  const auto row = [](const char* name, const char* control, QPoint at, const QVariant& wanted) {
-    QTest::newRow(name) << QString(control) << at << wanted;
-  };
-  row("button", "Button { text: 'Go'; onClicked: page.note('go') }", {10, 10}, "go");
-  row("beside the button", "Button { text: 'Go'; onClicked: page.note('go') }", {280, 10}, {});
-  row("switch", "Switch { label: 'It'; onToggled: on => page.note(on) }", {10, 10}, true);
-  row("second segment", "Segments { options: ['aaaa', 'bbbb']; onChosen: i => page.note(i) }", {80, 16}, 1);
-  row("slider", "Slider { width: 216; onMoved: v => page.note(v) }", {108, 12}, 50.0);
-  row("tile", "TileFrame { name: 'Go'; onClicked: page.note('go') }", {50, 30}, "go");
-  row("button in a row",
-      "ListRow { width: 200; title: 'Row'; onClicked: page.note('row')\n"
-      "Button { text: 'Inner'; onClicked: page.note('inner') } }",
-      {180, 16}, "inner");
-  row("row beside its button",
-      "ListRow { width: 200; title: 'Row'; onClicked: page.note('row')\n"
-      "Button { text: 'Inner'; onClicked: page.note('inner') } }",
-      {40, 22}, "row");
-}
-
 void ControlTests::clicks() {
-  QFETCH(QString, control);
-  QFETCH(QPoint, at);
-  QFETCH(QVariant, wanted);
-  Scene scene;
-  QVERIFY(scene.load(page(control)));
-  QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, at);
-  QCOMPARE(scene.root()->property("count").toInt(), wanted.isValid() ? 1 : 0);
-  QCOMPARE(scene.root()->property("last"), wanted);
+  const char* row =
+      "ListRow { width: 200; title: 'Row'; onClicked: page.note('row')\n"
+      "Button { text: 'Inner'; onClicked: page.note('inner') } }";
+  const struct {
+    const char* control;
+    QPoint at;
+    QVariant wanted;
+  } rows[] = {{"Button { text: 'Go'; onClicked: page.note('go') }", {10, 10}, "go"},
+              {"Button { text: 'Go'; onClicked: page.note('go') }", {280, 10}, {}},
+              {"Button { enabled: false; text: 'Go'; onClicked: page.note('go') }", {10, 10}, {}},
+              {"Switch { label: 'It'; onToggled: on => page.note(on) }", {10, 10}, true},
+              {"Segments { options: ['aaaa', 'bbbb']; onChosen: i => page.note(i) }", {80, 16}, 1},
+              {"Slider { width: 216; onMoved: v => page.note(v) }", {108, 12}, 50.0},
+              {"TileFrame { name: 'Go'; onClicked: page.note('go') }", {50, 30}, "go"},
+              {row, {180, 16}, "inner"},
+              {row, {40, 22}, "row"}};
+  for (const auto& [control, at, wanted] : rows) {
+    Scene scene;
+    QVERIFY(scene.load(page(control)));
+    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, at);
+    QCOMPARE(scene.root()->property("count").toInt(), wanted.isValid() ? 1 : 0);
+    QVERIFY2(scene.root()->property("last") == wanted, control);
+  }
 }
 
 void ControlTests::tabReachesEveryControl() {
@@ -138,39 +128,21 @@ void ControlTests::tabReachesEveryControl() {
   QCOMPARE(reached.join(""), QString("abcdefghi"));
 }
 
-void ControlTests::disabledControlsStayQuiet() {
-  Scene scene;
-  QVERIFY(scene.load(page("Button { enabled: false; focus: true; text: 'Go'; onClicked: page.note('go') }")));
-  QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, QPoint(10, 10));
-  QTest::keyClick(&scene.window(), Qt::Key_Return);
-  QCOMPARE(scene.root()->property("count").toInt(), 0);
-}
-
-void ControlTests::everyControlHasANameAndARole_data() {
-  QTest::addColumn<QString>("control");
-  QTest::addColumn<int>("role");
-  QTest::newRow("button") << "Button { text: 'It' }" << int(QAccessible::Button);
-  QTest::newRow("icon button") << "IconButton { label: 'It' }" << int(QAccessible::Button);
-  QTest::newRow("switch") << "Switch { label: 'It' }" << int(QAccessible::CheckBox);
-  QTest::newRow("check box") << "CheckBox { label: 'It' }" << int(QAccessible::CheckBox);
-  QTest::newRow("slider") << "Slider { label: 'It' }" << int(QAccessible::Slider);
-  QTest::newRow("menu row") << "MenuRow { text: 'It' }" << int(QAccessible::MenuItem);
-  QTest::newRow("list row") << "ListRow { title: 'It' }" << int(QAccessible::ListItem);
-  QTest::newRow("tile") << "TileFrame { name: 'It' }" << int(QAccessible::Button);
-  QTest::newRow("pill") << "Pill { text: 'It' }" << int(QAccessible::StaticText);
-  QTest::newRow("ring") << "Ring { figure: 'It' }" << int(QAccessible::ProgressBar);
-}
-
 void ControlTests::everyControlHasANameAndARole() {
-  QFETCH(QString, control);
-  QFETCH(int, role);
-  Scene scene;
-  QVERIFY(scene.load(control));
+  const std::pair<const char*, QAccessible::Role> rows[] = {
+      {"Button { text: 'It' }", QAccessible::Button},     {"IconButton { label: 'It' }", QAccessible::Button},
+      {"Switch { label: 'It' }", QAccessible::CheckBox},  {"CheckBox { label: 'It' }", QAccessible::CheckBox},
+      {"Slider { label: 'It' }", QAccessible::Slider},    {"MenuRow { text: 'It' }", QAccessible::MenuItem},
+      {"ListRow { title: 'It' }", QAccessible::ListItem}, {"TileFrame { name: 'It' }", QAccessible::Button},
+      {"Pill { text: 'It' }", QAccessible::StaticText},   {"Ring { figure: 'It' }", QAccessible::ProgressBar}};
   QAccessible::setActive(true);
-  QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(scene.root());
-  QVERIFY(spoken);
-  QCOMPARE(int(spoken->role()), role);
-  QCOMPARE(spoken->text(QAccessible::Name), QString("It"));
+  for (const auto& [control, role] : rows) {
+    Scene scene;
+    QVERIFY(scene.load(control));
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(scene.root());
+    QVERIFY2(spoken && spoken->role() == role, control);
+    QCOMPARE(spoken->text(QAccessible::Name), QString("It"));
+  }
 }
 
 void ControlTests::menuWalks() {

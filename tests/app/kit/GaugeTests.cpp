@@ -8,30 +8,13 @@
 #include "app/kit/TickingText.h"
 
 namespace ambrel {
-
-class GaugeTests : public QObject {
-  Q_OBJECT
-
- private Q_SLOTS:
-  void valueIsBounded_data();
-  void valueIsBounded();
-  void arcCoversItsShare_data();
-  void arcCoversItsShare();
-  void barCoversItsShare_data();
-  void barCoversItsShare();
-  void seenChangesEaseIn();
-  void unseenOrSmallChangesJump();
-  void sparklineHasGaps();
-  void sparklineShowsTheLatest();
-  void tickingTextKeepsItsWidth();
-  void tickingTextIsSetSmallerWhereThatMakesItFit();
-};
+namespace {
 
 constexpr QColor ink(255, 0, 0);
 constexpr QColor ground(0, 0, 255);
 
-// The middles of pixels; `scale` pixels for each logical one.
-static QImage painted(QQuickPaintedItem& item, QSize size) {
+// Four pixels for each logical one.
+QImage painted(QQuickPaintedItem& item, QSize size) {
   item.setWidth(size.width());
   item.setHeight(size.height());
   QImage image(size * 4, QImage::Format_ARGB32_Premultiplied);
@@ -42,129 +25,94 @@ static QImage painted(QQuickPaintedItem& item, QSize size) {
   return image;
 }
 
-static QColor colorAt(const QImage& image, qreal x, qreal y) {
+QColor colorAt(const QImage& image, qreal x, qreal y) {
   return image.pixelColor(qBound(0, int(x * 4), image.width() - 1), qBound(0, int(y * 4), image.height() - 1));
 }
 
-template <typename Item>
-static void dress(Item& item, qreal value) {
-  item.setColor(ink);
-  item.setTrackColor(ground);
-  item.setValue(value);
+void set(QObject& item, std::initializer_list<std::pair<const char*, QVariant>> properties) {
+  for (const auto& [name, value] : properties) QVERIFY2(item.setProperty(name, value), name);
 }
 
-void GaugeTests::valueIsBounded_data() {
-  QTest::addColumn<qreal>("value");
-  QTest::addColumn<qreal>("shown");
-  QTest::newRow("inside") << 42.5 << 42.5;
-  QTest::newRow("below") << -3.0 << 0.0;
-  QTest::newRow("above") << 240.0 << 100.0;
-  QTest::newRow("unknown") << qQNaN() << 0.0;
-  QTest::newRow("infinite") << qInf() << 0.0;
+QVariant numbers(const QList<qreal>& values) { return QVariant::fromValue(values); }
+
+}  // namespace
+
+class GaugeTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void theValueIsBounded();
+  void theArcCoversItsShare();
+  void theBarCoversItsShare();
+  void seenChangesEaseInAndOthersJump();
+  void theSparklineHasGaps();
+  void theSparklineShowsTheLatest();
+  void tickingTextKeepsItsWidth();
+  void tickingTextIsSetSmallerWhereThatMakesItFit();
+};
+
+void GaugeTests::theValueIsBounded() {
+  const std::pair<qreal, qreal> rows[] = {{42.5, 42.5}, {-3, 0}, {240, 100}, {qQNaN(), 0}, {qInf(), 0}};
+  for (const auto& [value, shown] : rows) {
+    RingArc ring;
+    ring.setValue(50);
+    ring.setValue(value);
+    QCOMPARE(ring.shown(), shown);
+    painted(ring, {36, 36});
+  }
 }
 
-void GaugeTests::valueIsBounded() {
-  QFETCH(qreal, value);
-  QFETCH(qreal, shown);
-  RingArc ring;
-  ring.setValue(50);
-  ring.setValue(value);
-  QCOMPARE(ring.shown(), shown);
-  painted(ring, {36, 36});
+void GaugeTests::theArcCoversItsShare() {
+  // How many of three o'clock, six o'clock and nine o'clock the arc has passed.
+  const std::pair<qreal, int> rows[] = {{0, 0}, {qQNaN(), 0}, {30, 1}, {60, 2}, {90, 3}, {100, 3}};
+  const QPointF places[] = {{34, 18}, {18, 34}, {2, 18}};
+  for (const auto& [value, passed] : rows) {
+    RingArc ring;
+    set(ring, {{"color", ink}, {"trackColor", ground}, {"value", value}});
+    const QImage image = painted(ring, {36, 36});
+    for (int i = 0; i < 3; ++i) QCOMPARE(colorAt(image, places[i].x(), places[i].y()), i < passed ? ink : ground);
+    QCOMPARE(colorAt(image, 18, 18).alpha(), 0);
+  }
 }
 
-void GaugeTests::arcCoversItsShare_data() {
-  QTest::addColumn<qreal>("value");
-  QTest::addColumn<bool>("atThree");
-  QTest::addColumn<bool>("atSix");
-  QTest::addColumn<bool>("atNine");
-  QTest::newRow("nothing") << 0.0 << false << false << false;
-  QTest::newRow("unknown") << qQNaN() << false << false << false;
-  QTest::newRow("30") << 30.0 << true << false << false;
-  QTest::newRow("60") << 60.0 << true << true << false;
-  QTest::newRow("90") << 90.0 << true << true << true;
-  QTest::newRow("100") << 100.0 << true << true << true;
+void GaugeTests::theBarCoversItsShare() {
+  // A trace keeps its round ends.
+  const std::pair<qreal, qreal> rows[] = {{25, 25}, {50, 50}, {100, 100}, {0.5, 4}};
+  for (const auto& [value, end] : rows) {
+    MeterBar bar;
+    set(bar, {{"color", ink}, {"trackColor", ground}, {"value", value}});
+    const QImage image = painted(bar, {100, 4});
+    QCOMPARE(colorAt(image, end - 1.5, 2), ink);
+    if (end < 100) QCOMPARE(colorAt(image, end + 1.5, 2), ground);
+  }
 }
 
-void GaugeTests::arcCoversItsShare() {
-  QFETCH(qreal, value);
-  RingArc ring;
-  dress(ring, value);
-  const QImage image = painted(ring, {36, 36});
-  const auto expected = [](bool isCovered) { return isCovered ? ink : ground; };
-  QFETCH(bool, atThree);
-  QFETCH(bool, atSix);
-  QFETCH(bool, atNine);
-  QCOMPARE(colorAt(image, 34, 18), expected(atThree));
-  QCOMPARE(colorAt(image, 18, 34), expected(atSix));
-  QCOMPARE(colorAt(image, 2, 18), expected(atNine));
-  QCOMPARE(colorAt(image, 18, 18).alpha(), 0);
-}
-
-void GaugeTests::barCoversItsShare_data() {
-  QTest::addColumn<qreal>("value");
-  QTest::addColumn<qreal>("end");
-  QTest::newRow("quarter") << 25.0 << 25.0;
-  QTest::newRow("half") << 50.0 << 50.0;
-  QTest::newRow("all") << 100.0 << 100.0;
-  QTest::newRow("a trace keeps its round ends") << 0.5 << 4.0;
-}
-
-void GaugeTests::barCoversItsShare() {
-  QFETCH(qreal, value);
-  QFETCH(qreal, end);
-  MeterBar bar;
-  dress(bar, value);
-  const QImage image = painted(bar, {100, 4});
-  QCOMPARE(colorAt(image, end - 1.5, 2), ink);
-  if (end < 100) QCOMPARE(colorAt(image, end + 1.5, 2), ground);
-}
-
-void GaugeTests::seenChangesEaseIn() {
+void GaugeTests::seenChangesEaseInAndOthersJump() {
   QQuickWindow window;
   window.resize(100, 100);
   RingArc ring(window.contentItem());
   ring.setSize({36, 36});
-  ring.setDuration(300);
+  set(ring, {{"duration", 300}, {"value", 70}});
+  QVERIFY2(ring.shown() == 70, "there was nobody to see it");
   window.show();
   QVERIFY(QTest::qWaitForWindowExposed(&window));
-  ring.setValue(80);
-  QVERIFY(ring.shown() < 80);
-  QTRY_COMPARE(ring.shown(), 80.0);
+  ring.setValue(70.8);
+  QVERIFY2(ring.shown() == 70.8, "less than a pixel");
   ring.setValue(20);
   QVERIFY(ring.shown() > 20);
-  // Out of sight it stops at once.
+  QTRY_COMPARE(ring.shown(), 20.0);
+  ring.setValue(80);
+  QVERIFY(ring.shown() < 80);
   ring.setVisible(false);
-  QCOMPARE(ring.shown(), 20.0);
+  QVERIFY2(ring.shown() == 80, "out of sight it stops at once");
+  ring.setVisible(true);
+  set(ring, {{"duration", 0}, {"value", 10}});
+  QCOMPARE(ring.shown(), 10.0);
 }
 
-void GaugeTests::unseenOrSmallChangesJump() {
-  RingArc unseen;
-  unseen.setSize({36, 36});
-  unseen.setDuration(300);
-  unseen.setValue(80);
-  QCOMPARE(unseen.shown(), 80.0);
-
-  QQuickWindow window;
-  window.resize(100, 100);
-  RingArc ring(window.contentItem());
-  ring.setSize({36, 36});
-  ring.setDuration(300);
-  window.show();
-  QVERIFY(QTest::qWaitForWindowExposed(&window));
-  ring.setValue(0.8);
-  QCOMPARE(ring.shown(), 0.8);
-  ring.setDuration(0);
-  ring.setValue(90);
-  QCOMPARE(ring.shown(), 90.0);
-}
-
-void GaugeTests::sparklineHasGaps() {
+void GaugeTests::theSparklineHasGaps() {
   SparklineCurve curve;
-  curve.setColor(ink);
-  curve.setCapacity(5);
-  curve.setMarksLast(false);
-  curve.setValues({50, 50, qQNaN(), 50, 50});
+  set(curve, {{"color", ink}, {"capacity", 5}, {"marksLast", false}, {"values", numbers({50, 50, qQNaN(), 50, 50})}});
   const QImage image = painted(curve, {44, 32});
   // Under the line there is the fill, in the gap nothing.
   QVERIFY(colorAt(image, 5, 28).alpha() > 0);
@@ -172,37 +120,30 @@ void GaugeTests::sparklineHasGaps() {
   QVERIFY(colorAt(image, 39, 28).alpha() > 0);
 }
 
-void GaugeTests::sparklineShowsTheLatest() {
+void GaugeTests::theSparklineShowsTheLatest() {
   SparklineCurve curve;
-  curve.setColor(ink);
-  curve.setCapacity(3);
-  curve.setValues({0, 0, 0, 0, 0, 0, 0, 100});
+  set(curve, {{"color", ink}, {"capacity", 3}, {"values", numbers({0, 0, 0, 0, 0, 0, 0, 100})}});
   QImage image = painted(curve, {44, 32});
   QCOMPARE(colorAt(image, 41.5, 2.5), ink);
   QCOMPARE(colorAt(image, 2, 15).alpha(), 0);
-  // Fewer values than it has room for stand at the right.
-  curve.setValues({100, 100});
+  set(curve, {{"values", numbers({100, 100})}});
   image = painted(curve, {44, 32});
-  QCOMPARE(colorAt(image, 10, 20).alpha(), 0);
+  QVERIFY2(colorAt(image, 10, 20).alpha() == 0, "fewer values than it has room for are at the right");
   QVERIFY(colorAt(image, 30, 20).alpha() > 0);
   // Without a given top the largest value reaches it.
-  curve.setMaximum(0);
-  curve.setValues({1, 2, 4});
-  image = painted(curve, {44, 32});
-  QCOMPARE(colorAt(image, 41.5, 2.5), ink);
-  curve.setValues({0, 0, 0});
-  painted(curve, {44, 32});
-  curve.setValues({});
-  QCOMPARE(colorAt(painted(curve, {44, 32}), 20, 30).alpha(), 0);
+  set(curve, {{"maximum", 0}, {"values", numbers({1, 2, 4})}});
+  QCOMPARE(colorAt(painted(curve, {44, 32}), 41.5, 2.5), ink);
+  for (const QList<qreal>& values : {QList<qreal>{0, 0, 0}, QList<qreal>{}}) {
+    set(curve, {{"values", numbers(values)}});
+    QCOMPARE(colorAt(painted(curve, {44, 32}), 20, 3).alpha(), 0);
+  }
 }
 
 void GaugeTests::tickingTextKeepsItsWidth() {
   QFont font("Inter");
   font.setPixelSize(18);
   TickingText text;
-  text.setFont(font);
-  text.setWidest("00:00");
-  text.setText("11:11");
+  set(text, {{"font", font}, {"widest", "00:00"}, {"text", "11:11"}});
   const qreal width = text.implicitWidth();
   for (const char* time : {"04:44", "18:24", "1:1"}) {
     text.setText(time);
@@ -215,8 +156,7 @@ void GaugeTests::tickingTextKeepsItsWidth() {
   QVERIFY(text.implicitWidth() > width);
   QVERIFY(text.truncated());
   // Without a widest text the box follows.
-  text.setWidest({});
-  text.setText("11");
+  set(text, {{"widest", QString()}, {"text", "11"}});
   QVERIFY(text.implicitWidth() < width);
 }
 
@@ -224,22 +164,21 @@ void GaugeTests::tickingTextIsSetSmallerWhereThatMakesItFit() {
   QFont font("Inter");
   font.setPixelSize(18);
   TickingText text;
-  text.setFont(font);
-  text.setText("10:58 PM");
+  set(text, {{"font", font}, {"text", "10:58 PM"}});
   const qreal whole = text.implicitWidth();
-  for (const double share : {1.0, 0.9, 0.7}) {
-    text.setRoom(whole * share);
+  const auto giveRoom = [&](qreal share) {
+    set(text, {{"room", whole * share}});
     text.setWidth(whole * share);
+  };
+  for (const double share : {1.0, 0.9, 0.7}) {
+    giveRoom(share);
     QVERIFY2(!text.truncated(), qPrintable(QString::number(share)));
     QVERIFY(text.implicitWidth() <= whole * share);
   }
-  // Where nothing helps, it keeps its size and ends in an ellipsis.
-  text.setRoom(whole * 0.3);
-  text.setWidth(whole * 0.3);
+  giveRoom(0.3);
   QVERIFY(text.truncated());
-  QCOMPARE(text.implicitWidth(), whole);
-  // With more room it grows back.
-  text.setRoom(whole);
+  QVERIFY2(text.implicitWidth() == whole, "where nothing helps, it keeps its size and ends in an ellipsis");
+  giveRoom(1);
   QCOMPARE(text.implicitWidth(), whole);
 }
 

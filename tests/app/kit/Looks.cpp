@@ -1,7 +1,10 @@
 #include "tests/app/kit/Looks.h"
 
+#include <QAccessible>
+#include <QSet>
 #include <algorithm>
 #include <map>
+#include <vector>
 
 #include "app/kit/Palette.h"
 #include "tests/app/kit/Scene.h"
@@ -39,6 +42,51 @@ QRectF shownBox(const QQuickItem* item) {
   return box;
 }
 
+// What is drawn of an item: a text takes less than its box at times.
+QRectF drawn(QQuickItem* item, QQuickItem* tile) {
+  QRectF box(0, 0, item->width(), item->height());
+  const QVariant width = item->property("contentWidth"), height = item->property("contentHeight");
+  if (width.isValid()) {
+    const int alignment = item->property("horizontalAlignment").toInt();
+    const qreal spare = std::max(0.0, box.width() - width.toReal());
+    const qreal left = alignment & Qt::AlignHCenter ? spare / 2 : alignment & Qt::AlignRight ? spare : 0;
+    box = QRectF(left, 0, width.toReal(), std::min(box.height(), height.toReal()));
+  }
+  return item->mapRectToItem(tile, box);
+}
+
+struct Piece {
+  QString what;
+  QRectF box;
+};
+
+// The texts and the pictures of a tile.
+std::vector<Piece> piecesOf(QQuickItem* tile) {
+  std::vector<Piece> pieces;
+  visitShown(tile, [&](QQuickItem* item) {
+    const QString text = item->property("text").toString();
+    const bool isText = (item->inherits("QQuickText") || item->inherits("ambrel::TickingText")) && !text.isEmpty();
+    const bool isPicture = item->inherits("ambrel::Gauge") || item->inherits("ambrel::SparklineCurve");
+    if (isText || isPicture)
+      pieces.push_back({isText ? text : QLatin1String(item->metaObject()->className()), drawn(item, tile)});
+  });
+  return pieces;
+}
+
+bool isWithin(const QRectF& inner, const QRectF& outer) { return outer.adjusted(-0.5, -0.5, 0.5, 0.5).contains(inner); }
+
+// The scene's picture once colours have eased and nothing moves any more.
+QImage restingPicture(Scene& scene) {
+  QImage image, before;
+  int alike = 0;
+  const bool rests = QTest::qWaitFor([&] {
+    before = std::exchange(image, scene.grab());
+    alike = image == before ? alike + 1 : 0;
+    return alike == 12;
+  });
+  return rests ? image : QImage();
+}
+
 }  // namespace
 
 void visitShown(QQuickItem* item, const std::function<void(QQuickItem*)>& look) {
@@ -59,7 +107,8 @@ QStringList faultsOf(QQuickWindow& window, QQuickItem* root) {
   // To see what the tests saw.
   if (const QString folder = qEnvironmentVariable("AMBREL_SHOTS"); !folder.isEmpty()) {
     QString name = QLatin1String(QTest::currentDataTag());
-    image.save(folder + u'/' + name.replace(QLatin1String(", "), QLatin1String("-")) + QStringLiteral(".png"));
+    if (!name.isEmpty())
+      image.save(folder + u'/' + name.replace(QLatin1String(", "), QLatin1String("-")) + QStringLiteral(".png"));
   }
   visitShown(root, [&](QQuickItem* item) {
     const QImage picture = pictureOf(image, item);
@@ -73,6 +122,57 @@ QStringList faultsOf(QQuickWindow& window, QQuickItem* root) {
     if (contrast < 4.5) faults << described(item) + " has a contrast of " + QString::number(contrast);
   });
   return faults;
+}
+
+QStringList collisionsOf(QQuickItem* tile) {
+  QStringList faults;
+  const std::vector<Piece> pieces = piecesOf(tile);
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    if (!isWithin(pieces[i].box, QRectF(0, 0, tile->width(), tile->height())))
+      faults << tile->objectName() + ": " + pieces[i].what + " leaves the tile";
+    for (std::size_t j = i + 1; j < pieces.size(); ++j) {
+      const auto& [first, second] = std::pair(pieces[i], pieces[j]);
+      const QRectF common = first.box & second.box;
+      const bool isAround = isWithin(second.box, first.box) || isWithin(first.box, second.box);
+      // Lines of text are set tight: what their boxes share is empty.
+      if (common.width() > 1 && common.height() > 3 && !isAround)
+        faults << tile->objectName() + ": " + first.what + " and " + second.what + " collide";
+    }
+  }
+  return faults;
+}
+
+QStringList faultsInBothSchemes(Scene& scene, const char* name) {
+  QStringList faults;
+  for (const bool isDark : {true, false}) {
+    scene.theme().setChoice(isDark ? Theme::Choice::Dark : Theme::Choice::Light);
+    const QImage picture = restingPicture(scene);
+    if (picture.isNull()) faults << "it does not come to rest";
+    if (const QString folder = qEnvironmentVariable("AMBREL_SHOTS"); !folder.isEmpty())
+      picture.save(QStringLiteral("%1/%2-%3.png").arg(folder, QLatin1String(name), isDark ? "dark" : "light"));
+    faults += faultsOf(scene);
+  }
+  return faults + scene.warnings().take();
+}
+
+QStringList namesByTab(Scene& scene) {
+  QStringList names;
+  QSet<QQuickItem*> seen;
+  for (int i = 0; i < 200; ++i) {
+    QTest::keyClick(&scene.window(), Qt::Key_Tab);
+    QQuickItem* item = scene.window().activeFocusItem();
+    if (!item || seen.contains(item)) break;
+    seen.insert(item);
+    const QString name = spokenName(item);
+    names << (name.isEmpty() ? QStringLiteral("nameless %1").arg(QLatin1String(item->metaObject()->className()))
+                             : name);
+  }
+  return names;
+}
+
+QString spokenName(QQuickItem* item) {
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item);
+  return interface ? interface->text(QAccessible::Name) : QString();
 }
 
 }  // namespace ambrel

@@ -20,5 +20,15 @@ QImage pictureOf(const QImage& scene, const QQuickItem* item);
 // ellipsis; the texts of what is not switched off must reach a contrast of 4.5.
 QStringList faultsOf(Scene& scene);
 QStringList faultsOf(QQuickWindow& window, QQuickItem* root);
+// The same for the dark and the light scheme, with the warnings that came. With AMBREL_SHOTS=FOLDER the pictures are
+// kept there under `name`.
+QStringList faultsInBothSchemes(Scene& scene, const char* name);
+// Texts of a tile that overlap each other or leave it, and pictures that do so without surrounding them.
+QStringList collisionsOf(QQuickItem* tile);
+
+// What assistive programs read out for an item.
+QString spokenName(QQuickItem* item);
+// Of every control that Tab reaches, each once; "nameless" and its class for one without a name.
+QStringList namesByTab(Scene& scene);
 
 }  // namespace ambrel

@@ -42,7 +42,7 @@ class Scene {
   QQmlEngine& engine() { return engine_; }
   Theme& theme() { return themeOf(engine_); }
   QMLWarnings& warnings() { return warnings_; }
-  // The item of that name, wherever it stands below the root; items that a view made are found too.
+  // The item of that name anywhere below the root, including items that a view made.
   QQuickItem* find(const QString& name) { return find(root(), name); }
   QImage grab() { return window_.grabWindow(); }
   QPoint centerOf(QQuickItem* item) {

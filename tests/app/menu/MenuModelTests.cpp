@@ -43,15 +43,16 @@ TEST(MenuModel, TheWholeMenuFromTopToBottom) {
   EXPECT_FALSE(menu.entries[1].command);
 }
 
-TEST(MenuModel, SaysWhichProfileIsOnTheBarAndWhichDisplaysThereAre) {
+TEST(MenuModel, SaysWhatIsOnTheBarAndWhatCanBeBought) {
   MenuState state = deskState();
   state.displays = {{"eDP-1", true}};
   // Without a licence that is the first, whatever the displays say.
   state.activeProfileID = state.profiles.front().id;
   EXPECT_THAT(titles(menuModel(state).entries), testing::Contains("Active: Laptop"));
   EXPECT_THAT(titles(menuModel(state).entries), testing::Contains("Built-in display only"));
-  state.displays = {};
-  EXPECT_THAT(titles(menuModel(state).entries), testing::Contains("Built-in display only"));
+  EXPECT_EQ(entryOf(menuModel(state), MenuCommand::buyPro).title, "");
+  state.isPro = false;
+  EXPECT_EQ(entryOf(menuModel(state), MenuCommand::buyPro).title, "Buy Tilebay Pro…");
 }
 
 TEST(MenuModel, ThePickerMarksThePinnedProfileOrAuto) {
@@ -70,13 +71,6 @@ TEST(MenuModel, ThePickerMarksThePinnedProfileOrAuto) {
   EXPECT_THAT(marks(), ElementsAre(false, true, false));
   state.pinnedProfileID = UUID::random();
   EXPECT_THAT(marks(), ElementsAre(true, false, false)) << "pinned to a profile that has been deleted";
-}
-
-TEST(MenuModel, OffersTheProgramUntilItIsBought) {
-  MenuState state = deskState();
-  EXPECT_EQ(entryOf(menuModel(state), MenuCommand::buyPro).title, "");
-  state.isPro = false;
-  EXPECT_EQ(entryOf(menuModel(state), MenuCommand::buyPro).title, "Buy Tilebay Pro…");
 }
 
 TEST(MenuModel, TheLabelCountsThoseThatNeedTheUser) {

@@ -60,11 +60,6 @@ class StatusIconTests : public QObject {
     }
     QCOMPARE(statusImage(10, palette, 44), statusImage(99, palette, 44));
   }
-
-  void comesInTheSizesThatTraysAskFor() {
-    const auto sizes = statusIcon(3, lightPalette()).availableSizes();
-    for (const int size : {16, 22, 24, 32, 48}) QVERIFY(sizes.contains(QSize(size, size)));
-  }
 };
 
 }  // namespace ambrel

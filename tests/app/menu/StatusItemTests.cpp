@@ -5,23 +5,6 @@
 #include "app/menu/StatusItem.h"
 
 namespace ambrel {
-namespace {
-
-MenuEntry entry(const char* title, std::optional<MenuCommand> command = std::nullopt) {
-  MenuEntry made;
-  made.title = title;
-  made.command = command;
-  return made;
-}
-
-MenuEntry choice(const char* title, const UUID& profile, bool isChecked) {
-  MenuEntry made = entry(title, MenuCommand::pinProfile);
-  made.profile = profile;
-  made.isChecked = isChecked;
-  return made;
-}
-
-}  // namespace
 
 class StatusItemTests : public QObject {
   Q_OBJECT
@@ -33,11 +16,14 @@ class StatusItemTests : public QObject {
 
   MenuModel model() const {
     MenuModel menu;
-    MenuEntry picker = entry("Profile");
-    picker.entries = {choice("Work & play", first_, true), choice("Other", second_, false)};
-    MenuEntry settings = entry("Settings", MenuCommand::openSettings);
-    settings.shortcut = "Meta+,";
-    menu.entries = {entry("Active: Work"), picker, MenuEntry{}, settings};
+    const auto choice = [](const char* title, const UUID& profile, bool isChecked) {
+      return MenuEntry{.title = title, .command = MenuCommand::pinProfile, .profile = profile, .isChecked = isChecked};
+    };
+    menu.entries = {
+        {.title = "Active: Work"},
+        {.title = "Profile", .entries = {choice("Work & play", first_, true), choice("Other", second_, false)}},
+        {},
+        {.title = "Settings", .command = MenuCommand::openSettings, .shortcut = "Meta+,"}};
     return menu;
   }
   StatusItem makeItem() {
@@ -70,17 +56,6 @@ class StatusItemTests : public QObject {
     QVERIFY(choices[0]->isChecked());
     QVERIFY(!choices[1]->isChecked());
     QCOMPARE(item.trayIcon().toolTip(), QStringLiteral("Tilebay"));
-  }
-
-  void drawsTheSameIconAgainWhenColoursChange() {
-    StatusItem item = makeItem();
-    item.redrawIcon();
-    QVERIFY(icons_.empty());
-    MenuModel menu = model();
-    menu.attention = 3;
-    item.update(menu);
-    item.redrawIcon();
-    QCOMPARE(icons_, (std::vector<int>{3, 3}));
   }
 
   void givesBackTheCommandAndTheProfile() {
@@ -117,7 +92,7 @@ class StatusItemTests : public QObject {
     MenuModel menu = model();
     item.update(menu);
     menu.entries[1].entries.pop_back();
-    menu.entries.push_back(entry("Quit Tilebay", MenuCommand::quit));
+    menu.entries.push_back({.title = "Quit Tilebay", .command = MenuCommand::quit});
     item.update(menu);
     QCOMPARE(item.menu().actions().size(), 5);
     QCOMPARE(item.menu().actions()[1]->menu()->actions().size(), 1);
@@ -135,6 +110,10 @@ class StatusItemTests : public QObject {
     menu.attention = 2;
     item.update(menu);
     QCOMPARE(icons_, (std::vector<int>{0, 2}));
+    // The desktop has other colours.
+    item.redrawIcon();
+    QCOMPARE(icons_.back(), 2);
+    QCOMPARE(icons_.size(), 3u);
     QCOMPARE(item.trayIcon().toolTip(), QStringLiteral("Tilebay: 2 agents need you"));
   }
 };

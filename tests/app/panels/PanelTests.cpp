@@ -1,7 +1,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/model/AppSettings.h"
+#include "app/model/SettingValue.h"
 #include "app/panels/GalleryModel.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/kit/Looks.h"
@@ -21,11 +21,12 @@ struct Stage {
   Scene scene;
 
   explicit Stage(Theme::Choice choice = Theme::Choice::Dark) {
+    SettingValue::lend(scene.engine(), settings);
     scene.theme().setAlwaysReducesMotion(true);
     scene.theme().setChoice(choice);
   }
 
-  // What is shown goes before what it shows.
+  // The scene must be closed before the models that it shows are destroyed.
   ~Stage() { scene.close(); }
 
   bool open(const QString& view, QVariantMap more = {}) {
@@ -58,6 +59,15 @@ struct Stage {
   }
 };
 
+// The control of a row, which may be the item itself.
+QQuickItem* firstControlIn(QQuickItem* item) {
+  QQuickItem* found = nullptr;
+  visitShown(item, [&](QQuickItem* each) {
+    if (!found && each->activeFocusOnTab()) found = each;
+  });
+  return found;
+}
+
 }  // namespace
 
 class PanelTests : public QObject {
@@ -66,19 +76,16 @@ class PanelTests : public QObject {
  private Q_SLOTS:
   void panelsLookRight_data();
   void panelsLookRight();
-  void panelsHaveTheirSizes_data();
-  void panelsHaveTheirSizes();
   void everyTitleOfTheGalleryIsWhole();
   void galleryTogglesByClickAndKey();
   void searchNarrowsTheGallery();
   void profilesAreChosenAddedAndDeleted();
   void aProfileIsRenamed();
   void aGivenPreviewTakesTheCardsPlace();
-  void settingsAreWritten_data();
-  void settingsAreWritten();
+  void switchesAreWritten();
+  void choicesAndNumbersKeepToTheirSetting();
   void tabsAskToBeChosen();
-  void everyPanelCloses_data();
-  void everyPanelCloses();
+  void everyPanelClosesByItsButtonAndByEscape();
 };
 
 void PanelTests::panelsLookRight_data() {
@@ -105,23 +112,6 @@ void PanelTests::panelsLookRight() {
   visitShown(stage.scene.root(), [&](QQuickItem* item) { texts += item->inherits("QQuickText"); });
   QVERIFY(texts > 6);
   QCOMPARE(stage.scene.warnings().take(), QStringList());
-}
-
-void PanelTests::panelsHaveTheirSizes_data() {
-  QTest::addColumn<QString>("view");
-  QTest::addColumn<QSizeF>("size");
-  QTest::newRow("customise") << "CustomizeView" << QSizeF(760, 480);
-  QTest::newRow("settings") << "SettingsView" << QSizeF(760, 480);
-  QTest::newRow("welcome") << "WelcomeView" << QSizeF(480, 500);
-  QTest::newRow("upsell") << "UpsellView" << QSizeF(400, 336);
-}
-
-void PanelTests::panelsHaveTheirSizes() {
-  QFETCH(QString, view);
-  QFETCH(QSizeF, size);
-  Stage stage;
-  QVERIFY(stage.open(view));
-  QCOMPARE(stage.scene.root()->size(), size);
 }
 
 void PanelTests::everyTitleOfTheGalleryIsWhole() {
@@ -234,41 +224,66 @@ void PanelTests::aGivenPreviewTakesTheCardsPlace() {
   QCOMPARE(shown->width(), 112.0);
 }
 
-void PanelTests::settingsAreWritten_data() {
-  QTest::addColumn<QString>("tab");
-  QTest::addColumn<QString>("label");
-  QTest::addColumn<QByteArray>("property");
-  const auto row = [](const char* tab, const char* label, const char* property) {
-    QTest::newRow(property) << QString(tab) << QString(label) << QByteArray(property);
-  };
-  row("general", "Always show the bar", "barAlwaysVisible");
-  row("general", "Peek when something needs you", "barPeeksForContext");
-  row("general", "Open the clipboard shelf by hovering", "shelfOpensOnHover");
-  row("tiles", "Show the last copy on the bar", "clipboardPreviewInBar");
-  row("agents", "Follow AI agents", "agentsEnabled");
-  row("agents", "Notifications", "agentNotifications");
-  row("buddy", "Only agents out of view", "buddyOnlyUnfocusedAgents");
-  row("buddy", "Limits", "buddyCategories");
-  row("buddy", "Quiet hours", "quietHoursOn");
-  row("clipboard", "Keep a clipboard history", "clipboardEnabled");
-  row("clipboard", "Forget secrets soon", "clipboardForgetSensitive");
+void PanelTests::switchesAreWritten() {
+  const struct {
+    const char *tab, *label, *property;
+  } rows[] = {{"general", "Always show the bar", "barAlwaysVisible"},
+              {"general", "Open the clipboard shelf by hovering", "shelfOpensOnHover"},
+              {"tiles", "Show the last copy on the bar", "clipboardPreviewInBar"},
+              {"agents", "Follow AI agents", "agentsEnabled"},
+              {"buddy", "Only agents out of view", "buddyOnlyUnfocusedAgents"},
+              {"buddy", "Limits", "buddyCategories"},
+              {"clipboard", "Forget secrets soon", "clipboardForgetSensitive"}};
+  for (const auto& row : rows) {
+    Stage stage;
+    QVERIFY(stage.open("SettingsView", {{"tab", row.tab}}));
+    const QVariant before = stage.settings.property(row.property);
+    QVERIFY(before.isValid() && stage.click(row.label));
+    const QVariant after = stage.settings.property(row.property);
+    QVERIFY2(after != before, row.label);
+    QCOMPARE(AppSettings(stage.defaults).property(row.property), after);
+    QVERIFY(stage.click(row.label));
+    QVERIFY2(stage.settings.property(row.property) != after, row.label);
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
+  }
 }
 
-void PanelTests::settingsAreWritten() {
-  QFETCH(QString, tab);
-  QFETCH(QString, label);
-  QFETCH(QByteArray, property);
+void PanelTests::choicesAndNumbersKeepToTheirSetting() {
+  const struct {
+    const char *tab, *label;
+    Qt::Key key;
+    const char* property;
+    QVariant wanted;
+  } rows[] = {{"general", "Edge of the screen", Qt::Key_Right, "dockEdge", "right"},
+              {"appearance", "Theme", Qt::Key_Right, "theme", "dark"},
+              {"appearance", "Motion", Qt::Key_Right, "reduceMotion", true},
+              {"buddy", "Buddy speaks up", Qt::Key_Right, "buddyLevel", "important"},
+              {"buddy", "Quiet from", Qt::Key_Up, "quietStartHour", 23.0},
+              {"buddy", "Quiet to", Qt::Key_Down, "quietEndHour", 7.0},
+              {"clipboard", "Items to keep", Qt::Key_Right, "clipboardLimit", 1000.0},
+              {"clipboard", "Forget after", Qt::Key_Right, "clipboardMaxAgeDays", 1.0}};
+  for (const auto& row : rows) {
+    Stage stage;
+    QVERIFY(stage.open("SettingsView", {{"tab", row.tab}}));
+    QVERIFY2(stage.labelled(row.label), row.label);
+    QQuickItem* control = firstControlIn(stage.labelled(row.label));
+    const QVariant before = stage.settings.property(row.property);
+    control->forceActiveFocus();
+    QTest::keyClick(&stage.scene.window(), row.key);
+    QCOMPARE(stage.settings.property(row.property), row.wanted);
+    // A change from elsewhere is shown.
+    const QString spoken = spokenName(control);
+    stage.settings.setProperty(row.property, before);
+    QVERIFY2((spokenName(control) != spoken) == (before != row.wanted), row.label);
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
+  }
+  // After the last hour comes the first again.
   Stage stage;
-  QVERIFY(stage.open("SettingsView", {{"tab", tab}}));
-  const QVariant before = stage.settings.property(property);
-  QVERIFY(before.isValid());
-  QVERIFY(stage.click(label));
-  const QVariant after = stage.settings.property(property);
-  QVERIFY(after != before);
-  QCOMPARE(AppSettings(stage.defaults).property(property), after);
-  QVERIFY(stage.click(label));
-  QVERIFY(stage.settings.property(property) != after);
-  QCOMPARE(stage.scene.warnings().take(), QStringList());
+  stage.settings.set(setting::quietStartHour, 23);
+  QVERIFY(stage.open("SettingsView", {{"tab", "buddy"}}));
+  firstControlIn(stage.labelled("Quiet from"))->forceActiveFocus();
+  QTest::keyClick(&stage.scene.window(), Qt::Key_Up);
+  QCOMPARE(stage.settings.quietStartHour(), 0);
 }
 
 void PanelTests::tabsAskToBeChosen() {
@@ -285,30 +300,19 @@ void PanelTests::tabsAskToBeChosen() {
   QVERIFY(stage.labelled("Always show the bar"));
 }
 
-void PanelTests::everyPanelCloses_data() {
-  QTest::addColumn<QString>("view");
-  QTest::addColumn<QString>("button");
-  QTest::newRow("customise") << "CustomizeView"
-                             << "Done";
-  QTest::newRow("settings") << "SettingsView"
-                            << "Close";
-  QTest::newRow("welcome") << "WelcomeView"
-                           << "Start";
-  QTest::newRow("upsell") << "UpsellView"
-                          << "Not now";
-}
-
-void PanelTests::everyPanelCloses() {
-  QFETCH(QString, view);
-  QFETCH(QString, button);
-  Stage stage;
-  QVERIFY(stage.open(view));
-  QSignalSpy closing(stage.scene.root(), SIGNAL(closeRequested()));
-  QVERIFY(stage.click(button));
-  QCOMPARE(closing.count(), 1);
-  stage.scene.root()->forceActiveFocus();
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
-  QCOMPARE(closing.count(), 2);
+void PanelTests::everyPanelClosesByItsButtonAndByEscape() {
+  const std::pair<const char*, const char*> rows[] = {
+      {"CustomizeView", "Done"}, {"SettingsView", "Close"}, {"WelcomeView", "Start"}, {"UpsellView", "Not now"}};
+  for (const auto& [view, button] : rows) {
+    Stage stage;
+    QVERIFY(stage.open(view));
+    QSignalSpy closing(stage.scene.root(), SIGNAL(closeRequested()));
+    QVERIFY2(stage.click(button), button);
+    QCOMPARE(closing.count(), 1);
+    stage.scene.root()->forceActiveFocus();
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+    QCOMPARE(closing.count(), 2);
+  }
 }
 
 }  // namespace ambrel

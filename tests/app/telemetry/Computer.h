@@ -21,8 +21,8 @@ struct Computer {
     for (const DockWidget widget : allCases<DockWidget>()) widgets.insert(widget);
     return widgets;
   }
-  void show(std::set<DockWidget> widgets = everything(), bool areActive = true) {
-    live.setShown(std::move(widgets), areActive, now);
+  void show(const std::set<DockWidget>& widgets = everything(), bool areActive = true) {
+    area.widgetsChanged(widgets, areActive, now);
     held.letGo();
   }
   const TileReading& shown(DockWidget widget) { return face(widget).reading(); }
@@ -33,7 +33,6 @@ struct Computer {
       now += std::chrono::seconds(2);
       readings.pass(2, 46, 154);
       if (everyTick) everyTick();
-      system.tick();
       live.tick(now);
       held.letGo();
     }
@@ -114,11 +113,9 @@ struct Computer {
                       .background = held.background(),
                       .calendar = calendar,
                       .now = [this] { return now; }},
-                     held.background(),
                      shell};
   TimeArea time{calendar};
   LiveModels& live = *area.live();
-  SystemMonitor& system = *area.system();
   ClockModel& clock = *time.clock();
 };
 

@@ -37,7 +37,7 @@ class TelemetryTextTests : public QObject {
       QCOMPARE(tile.spokenText(), tile.message);
     }
     QCOMPARE(gpuTile(calendar, {}, {}).spokenText(), QStringLiteral("–, Measuring…"));
-    QCOMPARE(networkTile(calendar, {}, {}, {}).spokenText(), QStringLiteral("measuring"));
+    QCOMPARE(networkTile(calendar, {}, {}).spokenText(), QStringLiteral("measuring"));
     QCOMPARE(wifiTile(calendar, known(WiFiReading{.isOn = true})).message, QStringLiteral("Not connected"));
   }
 
@@ -86,7 +86,9 @@ class TelemetryTextTests : public QObject {
 
   void namesFromOthersTakeOneLine() {
     const std::vector<VolumeInfo> drives{{.url = "a", .name = "Long\nname\tfor a  stick", .isRemote = true}};
-    QCOMPARE(volumesTile(calendar, known(drives), {}).value, QStringLiteral("Long name for a stick"));
+    const TileReading tile = volumesTile(calendar, known(drives), {});
+    QCOMPARE(tile.value + u'|' + tile.subLine, QStringLiteral("Long name for a stick|Network folder"));
+    QVERIFY2(!tile.percent && !volumeRows(calendar, drives, {}).front().hasAction, "there is nothing to eject");
     QCOMPARE(refusal({.outcome = EjectOutcome::failed, .reason = "it\nis locked"}), QStringLiteral("it is locked"));
   }
 
@@ -114,10 +116,10 @@ class TelemetryTextTests : public QObject {
   }
 
   void aQuietNetworkIsDrawnLow() {
-    const TileReading tile = networkTile(calendar, NetworkRates{1'200'000, 3'000}, {3'000}, {500, 1'200'000});
+    const TileReading tile = networkTile(calendar, NetworkRates{1'200'000, 3'000}, {{500, 0}, {1'200'000, 3'000}});
     QCOMPARE(tile.spokenText(), QStringLiteral("up 3 KB/s, down 1.2 MB/s"));
     QCOMPARE(tile.ceiling, 1'200'000.0);
-    QCOMPARE(networkTile(calendar, NetworkRates{}, {0}, {0}).ceiling, 10'000.0);
+    QCOMPARE(networkTile(calendar, NetworkRates{}, {NetworkRates{}}).ceiling, 10'000.0);
   }
 };
 

@@ -9,58 +9,6 @@
 namespace ambrel {
 namespace {
 
-// What is drawn of an item: a text takes less than its box at times.
-QRectF drawn(QQuickItem* item, QQuickItem* tile) {
-  QRectF box(0, 0, item->width(), item->height());
-  const QVariant width = item->property("contentWidth"), height = item->property("contentHeight");
-  if (width.isValid()) {
-    const int alignment = item->property("horizontalAlignment").toInt();
-    const qreal spare = std::max(0.0, box.width() - width.toReal());
-    const qreal left = alignment & Qt::AlignHCenter ? spare / 2 : alignment & Qt::AlignRight ? spare : 0;
-    box = QRectF(left, 0, width.toReal(), std::min(box.height(), height.toReal()));
-  }
-  return item->mapRectToItem(tile, box);
-}
-
-struct Piece {
-  QString what;
-  QRectF box;
-};
-
-// The texts and the pictures of a tile.
-std::vector<Piece> piecesOf(QQuickItem* tile) {
-  std::vector<Piece> pieces;
-  visitShown(tile, [&](QQuickItem* item) {
-    const QString text = item->property("text").toString();
-    const bool isText = (item->inherits("QQuickText") || item->inherits("ambrel::TickingText")) && !text.isEmpty();
-    const bool isPicture = item->inherits("ambrel::Gauge") || item->inherits("ambrel::SparklineCurve");
-    if (isText || isPicture)
-      pieces.push_back({isText ? text : QLatin1String(item->metaObject()->className()), drawn(item, tile)});
-  });
-  return pieces;
-}
-
-bool isWithin(const QRectF& inner, const QRectF& outer) { return outer.adjusted(-0.5, -0.5, 0.5, 0.5).contains(inner); }
-
-// Texts that overlap each other, or a picture that does not surround them.
-QStringList collisionsOf(QQuickItem* tile) {
-  QStringList faults;
-  const std::vector<Piece> pieces = piecesOf(tile);
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    if (!isWithin(pieces[i].box, QRectF(0, 0, tile->width(), tile->height())))
-      faults << tile->objectName() + ": " + pieces[i].what + " leaves the tile";
-    for (std::size_t j = i + 1; j < pieces.size(); ++j) {
-      const auto& [first, second] = std::pair(pieces[i], pieces[j]);
-      const QRectF common = first.box & second.box;
-      const bool isAround = isWithin(second.box, first.box) || isWithin(first.box, second.box);
-      // Lines of text are set tight: what their boxes share is empty.
-      if (common.width() > 1 && common.height() > 3 && !isAround)
-        faults << tile->objectName() + ": " + first.what + " and " + second.what + " collide";
-    }
-  }
-  return faults;
-}
-
 // Figures and states that end in an ellipsis. Names that somebody has given may.
 QStringList cutValuesOf(QQuickItem* tile, const QStringList& names) {
   QStringList cut;
@@ -151,7 +99,6 @@ void TileExtremesTests::valuesStayWhole() {
   }
   computer.now = parseISO8601("2026-09-23T22:58:00Z").value();
   computer.clock.tick(computer.now);
-  computer.system.tick();
   computer.show();
   computer.pass(60);
   Scene scene;

@@ -1,22 +1,16 @@
-#include <QAccessible>
-#include <QFile>
-#include <QGuiApplication>
-#include <QQmlContext>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickView>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "app/focus/FocusArea.h"
 #include "app/kit/Theme.h"
+#include "app/model/SettingValue.h"
 #include "app/weather/WeatherArea.h"
 #include "tests/app/focus/FocusRoom.h"
+#include "tests/app/kit/Looks.h"
 #include "tests/app/kit/TileBoard.h"
+#include "tests/app/weather/WeatherSample.h"
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/LoopbackServer.h"
-
-// With AMBREL_PICTURES=FOLDER the pictures that are looked at are kept there.
 
 namespace ambrel {
 namespace {
@@ -24,12 +18,6 @@ namespace {
 using std::chrono::hours;
 using std::chrono::minutes;
 using std::chrono::seconds;
-
-QByteArray sample(const char* name) {
-  QFile file(QStringLiteral(AMBREL_CASES "/weather/") + QLatin1String(name));
-  if (!file.open(QIODevice::ReadOnly)) qFatal("no sample %s", name);
-  return file.readAll();
-}
 
 // A working morning: weather from the loopback server, timers under way, a week of history.
 struct Morning : FocusRoom {
@@ -66,8 +54,12 @@ struct Morning : FocusRoom {
 
 struct Models {
   explicit Models(Morning& room)
-      : weatherArea(room.defaults, room.seams().calendar, room.now, room.due),
+      : settings(room.defaults),
+        weatherArea(room.defaults, room.seams().calendar, room.now, room.due),
         focus(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell) {
+    QObject::connect(&settings, &AppSettings::chosen, &settings, [this](const std::string& key) {
+      for (Area* area : std::initializer_list<Area*>{&weatherArea, &focus}) area->defaultsChanged({key});
+    });
     HabitStore& habits = *focus.habits();
     habits.add(QStringLiteral("Read for half an hour"));
     habits.add(QStringLiteral("Walk"));
@@ -75,6 +67,7 @@ struct Models {
     habits.toggleToday(QString::fromStdString(habits.items()[0].id.text()));
   }
 
+  AppSettings settings;
   WeatherArea weatherArea;
   FocusArea focus;
   WeatherModel& weather = *weatherArea.main();
@@ -117,6 +110,7 @@ bool loadTiles(Scene& scene, Models& models) {
 }
 
 bool loadPanels(Scene& scene, Models& models) {
+  SettingValue::lend(scene.engine(), models.settings);
   auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&models.weatherArea, &models.focus});
   board->addPanel(QStringLiteral("Weather/WeatherPanel.qml"),
                   {{QStringLiteral("weather"), QVariant::fromValue(&models.weather)}});
@@ -130,34 +124,9 @@ bool loadPanels(Scene& scene, Models& models) {
   return scene.show(std::move(board));
 }
 
-// Both schemes are drawn, so that a warning in either is seen.
-void keep(Scene& scene, const QString& name) {
-  for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
-    scene.theme().setChoice(choice);
-    // Colours ease into the other scheme.
-    QImage image, before;
-    int alike = 0;
-    QVERIFY(QTest::qWaitFor([&] {
-      before = std::exchange(image, scene.grab());
-      alike = image == before ? alike + 1 : 0;
-      return alike == 12;
-    }));
-    const QString folder = qEnvironmentVariable("AMBREL_PICTURES");
-    if (folder.isEmpty()) continue;
-    const char* scheme = choice == Theme::Choice::Dark ? "dark" : "light";
-    QVERIFY(image.save(QStringLiteral("%1/%2-%3.png").arg(folder, name, QLatin1String(scheme))));
-  }
-  QCOMPARE(scene.warnings().take(), QStringList());
-}
-
 QString spoken(Scene& scene, const char* name) {
   QQuickItem* item = scene.find(QLatin1String(name));
   return item ? item->property("label").toString() : QStringLiteral("no such tile");
-}
-
-QString nameOf(QQuickItem* item) {
-  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item);
-  return interface ? interface->text(QAccessible::Name) : QString();
 }
 
 }  // namespace
@@ -183,7 +152,7 @@ void WeatherAndFocusTests::everyTileShowsItsModel() {
 
   Scene scene;
   QVERIFY(loadTiles(scene, models));
-  keep(scene, QStringLiteral("tiles"));
+  QCOMPARE(faultsInBothSchemes(scene, "tiles"), QStringList());
   const std::pair<const char*, const char*> rows[] = {
       {"weather", "Weather, 22°, Partly cloudy"},
       {"hourly",
@@ -220,7 +189,7 @@ void WeatherAndFocusTests::tilesWithoutDataSayWhy() {
   Models models(room);
   Scene scene;
   QVERIFY(loadTiles(scene, models));
-  keep(scene, QStringLiteral("tiles-without-data"));
+  QCOMPARE(faultsInBothSchemes(scene, "tiles-without-data"), QStringList());
   for (const char* name : {"weather", "hourly", "sun", "wind", "uvIndex", "airQuality", "dailyForecast", "feelsLike"})
     QVERIFY2(spoken(scene, name).endsWith(QStringLiteral("Not available, Waiting for data")),
              qPrintable(spoken(scene, name)));
@@ -236,7 +205,7 @@ void WeatherAndFocusTests::oldWeatherSaysItsAge() {
   models.weather.update();
   Scene scene;
   QVERIFY(loadTiles(scene, models));
-  keep(scene, QStringLiteral("tiles-stale"));
+  QCOMPARE(faultsInBothSchemes(scene, "tiles-stale"), QStringList());
   for (const char* name : {"weather", "hourly", "sun", "wind", "rainSoon", "uvIndex", "dailyForecast", "feelsLike"})
     QVERIFY2(spoken(scene, name).contains(QStringLiteral("1 hr ago")), qPrintable(spoken(scene, name)));
 }
@@ -281,20 +250,10 @@ void WeatherAndFocusTests::everyPanelCanBeUsedByKeyboard() {
   QVERIFY(QTest::qWaitFor([&] { return models.weather.texts().problem.isEmpty(); }, 15000));
   Scene scene;
   QVERIFY(loadPanels(scene, models));
-  keep(scene, QStringLiteral("panels"));
-
-  // Tab goes through every control once, and each of them has a name.
-  QStringList names;
-  for (int i = 0; i < 200; ++i) {
-    QTest::keyClick(&scene.window(), Qt::Key_Tab);
-    QQuickItem* item = scene.window().activeFocusItem();
-    QVERIFY(item);
-    const QString name = nameOf(item);
-    if (names.contains(name + QString::number(quintptr(item)))) break;
-    QVERIFY2(!name.isEmpty(), item->metaObject()->className());
-    names.append(name + QString::number(quintptr(item)));
-  }
-  QVERIFY2(names.size() >= 40, qPrintable(QString::number(names.size())));
+  QCOMPARE(faultsInBothSchemes(scene, "panels"), QStringList());
+  const QStringList names = namesByTab(scene);
+  QVERIFY2(names.size() >= 40, qPrintable(names.join(QStringLiteral("; "))));
+  QCOMPARE(names.filter("nameless"), QStringList());
 }
 
 void WeatherAndFocusTests::whatIsChangedInAPanelIsStored() {
@@ -330,7 +289,7 @@ void WeatherAndFocusTests::whatIsChangedInAPanelIsStored() {
   for (const auto& row : rows) {
     const auto isReached = [&] {
       QQuickItem* item = scene.window().activeFocusItem();
-      return item && nameOf(item) == QLatin1String(row.control);
+      return item && spokenName(item) == QLatin1String(row.control);
     };
     for (int i = 0; i < 200 && !isReached(); ++i) QTest::keyClick(&scene.window(), Qt::Key_Tab);
     QVERIFY2(isReached(), row.control);

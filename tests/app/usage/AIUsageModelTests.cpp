@@ -5,27 +5,12 @@
 #include "app/usage/ClaudeStatusLineModel.h"
 #include "core/usage/ClaudeStatusLine.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/fakes/HeldWork.h"
 
 namespace ambrel {
 namespace {
 
 Instant at(const char* text) { return parseISO8601(text).value(); }
-
-// Keeps the work until a test lets it go.
-struct HeldBackground {
-  std::vector<std::pair<std::function<void()>, std::function<void()>>> held;
-
-  Background background() {
-    return [this](auto work, auto done) { held.emplace_back(std::move(work), std::move(done)); };
-  }
-  void letGo() {
-    const auto taken = std::exchange(held, {});
-    for (const auto& [work, done] : taken) {
-      work();
-      done();
-    }
-  }
-};
 
 constexpr const char* replies =
     R"({"type":"assistant","message":{"usage":{"output_tokens":1500}},"timestamp":"2026-11-21T11:10:00Z"})"
@@ -44,13 +29,11 @@ class AIUsageModelTests : public QObject {
  private Q_SLOTS:
   void init();
   void cleanup();
-  void startsOnce();
-  void asksForNoSecondPassDuringTheFirst();
+  void onePassIsUnderWayAtATime();
   void publishesWhatItFinds();
   void wakesNobodyForTheSame();
   void followsTheConnectionOfTheHook();
   void theRowSeesWhenAnotherHandConnectsTheHook();
-  void aLatePassAfterTheModelHasGoneDoesNoHarm();
 
  private:
   void pass() {
@@ -59,7 +42,7 @@ class AIUsageModelTests : public QObject {
   }
   void write(const char* file, const char* bytes) { home->write(file, bytes, at("2026-11-21T11:30:00Z")); }
 
-  HeldBackground background;
+  HeldWork background;
   Instant now;
   std::unique_ptr<TemporaryFolder> home;
   std::unique_ptr<AIUsageModel> model;
@@ -68,7 +51,7 @@ class AIUsageModelTests : public QObject {
 void AIUsageModelTests::init() {
   now = at("2026-11-21T12:00:00Z");
   home = std::make_unique<TemporaryFolder>();
-  background.held.clear();
+  background.waiting.clear();
   model = std::make_unique<AIUsageModel>(
       home->path(), home->path() / "data",
       AIUsageModel::Seams{background.background(), [this] { return now; }, Calendar("UTC", "en_GB")});
@@ -79,27 +62,17 @@ void AIUsageModelTests::cleanup() {
   home.reset();
 }
 
-void AIUsageModelTests::startsOnce() {
-  QVERIFY(!model->isStarted());
+void AIUsageModelTests::onePassIsUnderWayAtATime() {
   model->start();
   model->start();
+  model->refresh();
   QVERIFY(model->isStarted());
-  QCOMPARE(background.held.size(), std::size_t(1));
+  QCOMPARE(background.waiting.size(), std::size_t(1));
   background.letGo();
   model->start();
-  QCOMPARE(background.held.size(), std::size_t(0));
-}
-
-void AIUsageModelTests::asksForNoSecondPassDuringTheFirst() {
+  QCOMPARE(background.waiting.size(), std::size_t(0));
   model->refresh();
-  model->refresh();
-  QCOMPARE(background.held.size(), std::size_t(1));
-  model->start();  // sets the timer, and waits for the pass that is under way
-  QCOMPARE(background.held.size(), std::size_t(1));
-  background.letGo();
-  QCOMPARE(background.held.size(), std::size_t(0));
-  model->refresh();
-  QCOMPARE(background.held.size(), std::size_t(1));
+  QCOMPARE(background.waiting.size(), std::size_t(1));
 }
 
 void AIUsageModelTests::publishesWhatItFinds() {
@@ -162,13 +135,6 @@ void AIUsageModelTests::theRowSeesWhenAnotherHandConnectsTheHook() {
     QTRY_VERIFY(!row.isConnected());
   }
   QCOMPARE(connections.count(), 4);
-}
-
-void AIUsageModelTests::aLatePassAfterTheModelHasGoneDoesNoHarm() {
-  model->refresh();
-  const auto work = background.held.front().first;
-  model.reset();
-  work();  // its result is not delivered: see Background
 }
 
 }  // namespace ambrel

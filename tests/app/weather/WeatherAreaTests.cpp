@@ -1,8 +1,8 @@
-#include <QFile>
 #include <QTest>
 
 #include "app/weather/WeatherArea.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/app/weather/WeatherSample.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/LoopbackServer.h"
 
@@ -10,12 +10,6 @@ namespace ambrel {
 namespace {
 
 using std::chrono::minutes;
-
-QByteArray sample(const char* name) {
-  QFile file(QStringLiteral(AMBREL_CASES "/weather/") + QLatin1String(name));
-  if (!file.open(QIODevice::ReadOnly)) qFatal("no sample %s", name);
-  return file.readAll();
-}
 
 struct Room {
   Room() {
@@ -74,12 +68,10 @@ void WeatherAreaTests::theTwoHaveOneUnit() {
   WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
   models.setWanted(true, true);
   QVERIFY(room.until(4));
-  models.second()->setUsesFahrenheit(true);
-  QVERIFY(models.main()->usesFahrenheit());
+  room.defaults.set("weatherFahrenheit", DefaultsValue{true});
+  models.defaultsChanged({"weatherFahrenheit"});
   QVERIFY(room.until(6));
   QVERIFY(room.server.targets[4].contains("fahrenheit") && room.server.targets[5].contains("fahrenheit"));
-  models.main()->setUsesFahrenheit(false);
-  QVERIFY(!models.second()->usesFahrenheit());
 }
 
 void WeatherAreaTests::theTimerBringsTheNextForecast() {
