@@ -15,9 +15,6 @@ TileFrame {
     readonly property int newCount: center.inbox.newCount
     readonly property string news: newCount === 0 ? center.buddy.moodText : newCount === 1 ? qsTr("1 new note") : qsTr("%1 new notes").arg(newCount)
 
-    function takeKeyboard() {
-        forceActiveFocus(Qt.TabFocusReason);
-    }
     function press() {
         if (activeFocus && center.hasBubble)
             center.performChoice();
@@ -35,7 +32,12 @@ TileFrame {
     readonly property bool isWindowActive: Window.active
     onIsWindowActiveChanged: if (isWindowActive && center.hasBubble)
         forceActiveFocus(Qt.TabFocusReason)
-    Component.onCompleted: center.keyboardOffered.connect(takeKeyboard)
+    Connections {
+        target: root.center // qmllint disable
+        function onKeyboardOffered() {
+            root.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
 
     Keys.onPressed: event => {
         if (!root.center.hasBubble)
