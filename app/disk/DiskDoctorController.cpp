@@ -2,6 +2,8 @@
 
 #include <QQmlEngine>
 
+#include "app/base/ItemMaker.h"
+
 namespace ambrel {
 namespace {
 
@@ -39,7 +41,12 @@ void DiskDoctorController::close() {
   window_->hide();
   closed_ = std::move(window_);
   QMetaObject::invokeMethod(
-      this, [this] { closed_.reset(); }, Qt::QueuedConnection);
+      this,
+      [this] {
+        closed_.reset();
+        forgetUnused(engine_);
+      },
+      Qt::QueuedConnection);
 }
 
 }  // namespace ambrel

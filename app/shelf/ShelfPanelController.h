@@ -24,7 +24,7 @@ class EdgeSensor;
 class PanelWindow;
 class ToastController;
 
-// The window and what is in it are made at the first opening.
+// The window and what is in it are made when it opens, and freed when it has been closed for a while.
 class ShelfPanelController : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -46,6 +46,8 @@ class ShelfPanelController : public QObject {
   static constexpr int overhang = 20;
   // How long the pointer may be away from a shelf that it has opened.
   static constexpr Seconds leaveDelay{0.5};
+  // Longer than a panel: it is opened more often, and its pictures take the longest.
+  static constexpr Seconds keptFor{600};
 
   ShelfPanelController(QQmlEngine& engine, ClipboardModel& clipboard, AppSettings& settings, ToastController& toast,
                        Seams seams, QObject* parent = nullptr);
