@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/agents/ProgramIcons.h"
+#include "app/base/ItemMaker.h"
 #include "app/base/Log.h"
 #include "app/base/QmlObjects.h"
 #include "app/base/StoredValue.h"
@@ -163,6 +164,8 @@ void AppDelegate::launch() {
       model_, agents(), license_, themeOf(engine_),
       [this](MenuCommand command, const std::optional<UUID>& profile) { carryOut(command, profile); });
   firstRun();
+  // The start is over by then.
+  later()(Seconds(30), [this] { forgetUnused(engine_); });
 }
 
 void AppDelegate::makeShelf() {

@@ -4,6 +4,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 
+#include "app/base/Heap.h"
 #include "app/base/Log.h"
 
 namespace ambrel {
@@ -53,6 +54,14 @@ QQuickItem* makeItem(QQmlEngine& engine, const QUrl& source, std::span<const QOb
   }
   QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
   return item;
+}
+
+void forgetUnused(QQmlEngine& engine) {
+  // Objects of the script engine keep the functions of a component alive, and those its type.
+  engine.collectGarbage();
+  engine.trimComponentCache();
+  returnFreedMemory();
+  returnUnusedCode();
 }
 
 }  // namespace ambrel

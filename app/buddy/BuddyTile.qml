@@ -18,9 +18,6 @@ TileFrame {
     // Something for Ask Buddy; empty to type it there.
     signal ask(string question)
 
-    function takeKeyboard() {
-        forceActiveFocus(Qt.TabFocusReason);
-    }
     function press() {
         if (activeFocus && center.hasBubble)
             center.performChoice();
@@ -41,7 +38,12 @@ TileFrame {
     readonly property bool isWindowActive: Window.active
     onIsWindowActiveChanged: if (isWindowActive && center.hasBubble)
         forceActiveFocus(Qt.TabFocusReason)
-    Component.onCompleted: center.keyboardOffered.connect(takeKeyboard)
+    Connections {
+        target: root.center // qmllint disable
+        function onKeyboardOffered() {
+            root.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
 
     Keys.onPressed: event => {
         if (!root.center.hasBubble)

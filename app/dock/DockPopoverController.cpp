@@ -28,6 +28,7 @@ DockPopoverController::DockPopoverController(QQmlEngine& engine, WidgetContext& 
       if (generation != presentation_.generation() || isShown()) return;
       item_.reset();
       window_.reset();
+      forgetUnused(engine_);
     });
   });
 }

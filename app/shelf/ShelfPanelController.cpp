@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "app/base/ItemMaker.h"
 #include "app/base/StoredValue.h"
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
@@ -55,7 +56,13 @@ ShelfPanelController::ShelfPanelController(QQmlEngine& engine, ClipboardModel& c
     Q_EMIT shownChanged();
   });
   connect(&presentation_, &Presentation::orderOut, this, [this] {
-    if (window_) window_->hide();
+    if (!window_) return;
+    window_->hide();
+    seams_.later(keptFor, [self = QPointer(this), generation = presentation_.generation()] {
+      if (!self || generation != self->presentation_.generation()) return;
+      self->window_.reset();
+      forgetUnused(self->engine_);
+    });
   });
   connect(&clipboard_, &ClipboardModel::removed, this,
           [this](int count) { showUndo(count == 1 ? tr("1 item removed") : tr("%1 items removed").arg(count)); });

@@ -23,7 +23,7 @@ class EdgeSensor;
 class PanelWindow;
 class ToastController;
 
-// The window is created at the first opening.
+// The window and what is in it are made when it opens, and freed when it has been closed for a while.
 class ShelfPanelController : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -45,6 +45,8 @@ class ShelfPanelController : public QObject {
   static constexpr int overhang = 20;
   // A shelf opened by the pointer closes after the pointer has been outside for so long.
   static constexpr Seconds leaveDelay{0.5};
+  // Longer than a panel: it is opened more often, and its pictures take the longest.
+  static constexpr Seconds keptFor{600};
 
   ShelfPanelController(QQmlEngine& engine, ClipboardModel& clipboard, AppSettings& settings, ToastController& toast,
                        Seams seams, QObject* parent = nullptr);

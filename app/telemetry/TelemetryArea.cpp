@@ -9,8 +9,9 @@
 namespace ambrel {
 namespace {
 
-// How often the battery is looked at while no tile shows it, and the busiest program while the load is high.
-constexpr Seconds batteryRhythm{30}, busiestRhythm{5};
+// How often the battery is looked at while no tile shows it, and the busiest program while the load is high: Buddy
+// names it once the load has lasted two minutes, and no reading costs more than that of all programs.
+constexpr Seconds batteryRhythm{30}, busiestRhythm{30};
 
 std::optional<DisplayReading> mainDisplay() {
   const QScreen* screen = QGuiApplication::primaryScreen();

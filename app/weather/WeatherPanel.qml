@@ -11,16 +11,17 @@ Popover {
     property bool hasScale: true
     readonly property int found: weather.searchResults.length
 
-    function leave() {
-        if (open)
-            closeRequested();
-    }
-
     title: weather.texts.placeLabel
     symbol: "mappin"
     implicitHeight: 420
 
-    Component.onCompleted: weather.placeChosen.connect(leave)
+    Connections {
+        target: root.weather // qmllint disable
+        function onPlaceChosen() {
+            if (root.open)
+                root.closeRequested();
+        }
+    }
     onOpenChanged: if (open) {
         field.text = "";
         field.forceActiveFocus();

@@ -2,6 +2,8 @@
 
 #include <QQmlEngine>
 
+#include "app/base/ItemMaker.h"
+
 namespace ambrel {
 
 ViewWindow::ViewWindow(QQmlEngine& engine, WindowStyle& style, Look look, QObject* parent)
@@ -31,7 +33,12 @@ void ViewWindow::close() {
   window_->hide();
   closed_ = std::move(window_);
   QMetaObject::invokeMethod(
-      this, [this] { closed_.reset(); }, Qt::QueuedConnection);
+      this,
+      [this] {
+        closed_.reset();
+        forgetUnused(engine_);
+      },
+      Qt::QueuedConnection);
 }
 
 }  // namespace ambrel

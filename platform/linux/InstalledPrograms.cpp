@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <unistd.h>
@@ -25,22 +26,10 @@ void addFolders(std::vector<std::filesystem::path>& folders, const std::string& 
     if (folder.starts_with('/')) folders.emplace_back(folder);
 }
 
-// The folders below `root`, itself first, with their times of change.
-std::vector<std::string> stamps(const std::vector<std::filesystem::path>& roots) {
-  std::vector<std::string> list;
-  const auto add = [&](const std::filesystem::path& folder) {
-    if (const auto status = fileStatus(folder); status && status->isFolder)
-      list.push_back(folder.string() + '\0' + std::to_string(status->modified.time_since_epoch().count()));
-  };
-  for (const auto& root : roots) {
-    const auto applications = root / "applications";
-    add(applications);
-    std::error_code error;
-    for (std::filesystem::recursive_directory_iterator entry(applications, error), end; !error && entry != end;
-         entry.increment(error))
-      if (entry->is_directory(error)) add(entry->path());
-  }
-  return list;
+std::optional<std::int64_t> timeOfChange(const std::filesystem::path& folder) {
+  const auto status = fileStatus(folder);
+  if (!status || !status->isFolder) return std::nullopt;
+  return status->modified.time_since_epoch().count();
 }
 
 }  // namespace
@@ -62,11 +51,9 @@ ProgramFolders ProgramFolders::ofThisSession() {
 }
 
 const std::vector<DesktopEntry>& InstalledPrograms::entries() {
-  auto now = stamps(folders_.data);
-  if (!isRead_ || now != seenFolders_) {
-    seenFolders_ = std::move(now);
-    read();
-  }
+  // A folder that was added below one of them has changed that one.
+  const auto isAsSeen = [](const SeenFolder& folder) { return timeOfChange(folder.path) == folder.changed; };
+  if (!isRead_ || !std::ranges::all_of(seenFolders_, isAsSeen)) read();
   return entries_;
 }
 
@@ -74,12 +61,19 @@ void InstalledPrograms::read() {
   isRead_ = true;
   programs_.clear();
   entries_.clear();
+  seenFolders_.clear();
+  const auto see = [this](const std::filesystem::path& folder) {
+    seenFolders_.push_back({folder, timeOfChange(folder)});
+  };
   std::unordered_set<std::string> seen;
   for (const auto& root : folders_.data) {
     const auto applications = root / "applications";
-    std::error_code error;
+    std::error_code error, unknown;
+    see(applications);
     for (std::filesystem::recursive_directory_iterator file(applications, error), end; !error && file != end;
          file.increment(error)) {
+      // Before the iterator goes into it.
+      if (file->is_directory(unknown)) see(file->path());
       const auto id = desktopEntryID(file->path().lexically_relative(applications).string());
       if (!id || seen.contains(*id)) continue;
       const auto text = readFile(file->path(), longestEntry);

@@ -2,6 +2,7 @@
 // The desktop entries of this machine, and starting programs without a shell.
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -45,7 +46,11 @@ class InstalledPrograms {
   ProgramFolders folders_;
   std::vector<InstalledProgram> programs_;
   std::vector<DesktopEntry> entries_;
-  std::vector<std::string> seenFolders_;  // with their times of change
+  struct SeenFolder {
+    std::filesystem::path path;
+    std::optional<std::int64_t> changed;  // absent while there is no such folder
+  };
+  std::vector<SeenFolder> seenFolders_;
   bool isRead_ = false;
 };
 

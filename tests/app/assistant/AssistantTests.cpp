@@ -60,7 +60,7 @@ void AssistantTests::withoutAModelTheGrammarAnswers() {
   QCOMPARE(room.turn(0).answer, "Did CPU. Did Clock.");
   QVERIFY(room.turn(0).isWhole);
   QVERIFY(!room.assistant.isResponding());
-  QCOMPARE(room.buddy.pose(), BuddyPose::nod);
+  QCOMPARE(room.buddy.pose(), BuddyPose(BuddyTrigger::nod));
   QVERIFY(room.model.asked.empty());
   // Nothing is asked by a blank.
   room.assistant.ask(QStringLiteral("  "));
@@ -72,7 +72,7 @@ void AssistantTests::theModelAnswersAndMayAct() {
   room.assistant.ask(QStringLiteral("Bring me the clock"));
   QCOMPARE(room.assistant.warning(), "");
   QVERIFY(room.turn(0).isThinking);
-  QCOMPARE(room.buddy.pose(), BuddyPose::thinking);
+  QCOMPARE(room.buddy.pose(), BuddyPose(BuddyMood::thinking));
   const auto& request = room.model.asked.front().request;
   QCOMPARE(request.instructions, assistantInstructions());
   QCOMPARE(request.prompt, "Bring me the clock");
@@ -93,7 +93,7 @@ void AssistantTests::aFailureIsTheAnswer() {
   room.model.asked.back().request.grown("Half an");
   room.model.asked.back().done({.text = {}, .problem = "The model took too long."});
   QCOMPARE(room.turn(0).answer, "Sorry, I could not do that. The model took too long.");
-  QCOMPARE(room.buddy.pose(), BuddyPose::shake);
+  QCOMPARE(room.buddy.pose(), BuddyPose(BuddyTrigger::shake));
   // The model is not told of an answer that it has not given.
   room.assistant.ask(QStringLiteral("Two"));
   QVERIFY(room.model.asked.back().request.earlier.empty());
@@ -139,7 +139,7 @@ void AssistantTests::whatComesTooLateIsDropped() {
   room.assistant.newConversation();
   QVERIFY(first.stop.stop_requested());
   QVERIFY(!room.assistant.isResponding());
-  QCOMPARE(room.buddy.pose(), BuddyPose::idle);
+  QCOMPARE(room.buddy.pose(), BuddyPose(BuddyMood::idle));
   first.request.grown("Late");
   first.done({"Late"});
   QCOMPARE(room.count(), 0);

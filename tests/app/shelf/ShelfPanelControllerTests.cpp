@@ -50,6 +50,24 @@ class ShelfPanelControllerTests : public QObject {
     QCOMPARE(room.warnings.take(), QStringList());
   }
 
+  void itIsFreedWhenItWasClosedForLong() {
+    ShelfRoom room;
+    QVERIFY(room.open());
+    room.shelf->close();
+    room.desk.pass(Seconds(1));
+    room.desk.pass(ShelfPanelController::keptFor - Seconds(2));
+    QVERIFY(room.shelf->window());
+    QVERIFY(room.open());
+    room.desk.pass(Seconds(3));
+    QVERIFY(room.shelf->window());
+    room.shelf->close();
+    room.desk.pass(Seconds(1));
+    room.desk.pass(ShelfPanelController::keptFor);
+    QVERIFY(!room.shelf->window());
+    QVERIFY(room.open());
+    QCOMPARE(room.warnings.take(), QStringList());
+  }
+
   void aShelfThatThePointerOpenedGoesWithIt() {
     ShelfRoom room;
     room.shelf->openByPointer();
