@@ -215,11 +215,12 @@ void AppDelegate::makeAreas() {
                                      shell);
   notes_ = std::make_unique<NotesArea>(
       engine_, desktop_.windowStyle,
-      ScreenNotesModel::Seams{.screen = desktop_.screenCapture,
-                              .background = background_,
-                              .now = now,
-                              .calendar = calendar,
-                              .copy = [this](const std::string& text) { clipboard().copyText(text); }},
+      ScreenNotesModel::Seams{
+          .screen = desktop_.screenCapture,
+          .background = background_,
+          .now = now,
+          .calendar = calendar,
+          .copy = [this](const std::string& text) { clipboard().copyText(QString::fromStdString(text)); }},
       shell);
   connect(notes_.get(), &NotesArea::captureAsked, this, [this] {
     if (permits(ProFeature::screenNotes)) notes_->notes()->capture();
