@@ -27,7 +27,8 @@ TileFrame {
     LiveTimeline {
         schedule: root.ticks ? LiveTimeline.EverySecond : LiveTimeline.Never
         active: root.live
-        onTicked: Qt.callLater(root.model.update) // qmllint disable
+        onTicked: if (root.model)
+            Qt.callLater(root.model.update) // qmllint disable
     }
     RingControl {
         id: ring

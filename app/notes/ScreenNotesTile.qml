@@ -6,9 +6,11 @@ import Ambrel.Notes
 TileFrame {
     required property NotesArea area
     required property ScreenNotesModel notes
+    readonly property bool isOpen: notes.face.pageCount > 0
 
-    value: notes.face.pageCount > 0 ? notes.face.noteCount : ""
-    label: notes.face.pageCount > 0 ? qsTr("%1, %2 notes").arg(name).arg(notes.face.noteCount) : name
+    value: isOpen ? notes.face.noteCount : qsTr("New")
+    subLine: isOpen ? notes.face.pageText : qsTr("Click to capture the screen")
+    label: isOpen ? qsTr("%1, %2 notes").arg(name).arg(notes.face.noteCount) : name
     tip: description
     onActivated: area.ask()
 }

@@ -1,8 +1,10 @@
 #include "app/window/FramedWindow.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QStyleHints>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -89,10 +91,13 @@ void FramedWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void FramedWindow::mouseReleaseEvent(QMouseEvent* event) {
-  // The toolkit drops movements that came before later ones, also the last before the release.
-  QMouseEvent last(QEvent::MouseMove, event->position(), event->globalPosition(), Qt::NoButton,
-                   event->buttons() | event->button(), event->modifiers());
-  mouseMoveEvent(&last);
+  const QPoint released = event->globalPosition().toPoint();
+  if ((released - pressed_).manhattanLength() > QGuiApplication::styleHints()->startDragDistance()) {
+    // The toolkit drops movements that came before later ones, also the last before the release.
+    QMouseEvent last(QEvent::MouseMove, event->position(), event->globalPosition(), Qt::NoButton,
+                     event->buttons() | event->button(), event->modifiers());
+    mouseMoveEvent(&last);
+  }
   drag_.reset();
   ClearWindow::mouseReleaseEvent(event);
 }

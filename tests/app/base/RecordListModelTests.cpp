@@ -110,11 +110,11 @@ class RecordListModelTests : public QObject {
     drives.setRows({{"b", 2}, {"a", 1}});
     QCOMPARE(counted.size(), 1);
     const QHash<int, QByteArray> names = drives.roleNames();
-    QCOMPARE(names.size(), 2);
+    QCOMPARE(names.size(), 3);
     QCOMPARE(drives.data(drives.index(0), names.key("rowId")), QVariant("b"));
     QCOMPARE(drives.data(drives.index(1), drives.role("size")), QVariant("1 B"));
     QVERIFY(!drives.data(drives.index(0), Qt::DisplayRole).isValid());
-    QVERIFY(!drives.data(drives.index(0), Qt::UserRole + 2).isValid());
+    QVERIFY(!drives.data(drives.index(0), Qt::UserRole + 3).isValid());
 
     drives.setRows({{"a", 1}, {"b", 3}});
     QCOMPARE(counted.size(), 1);
