@@ -162,9 +162,9 @@ FocusScope {
         }
         // The window that a click crops to.
         Rectangle {
-            readonly property rect box: pointer.containsMouse && root.corner.x < 0 && root.tool === "crop" ? root.notes.windowAt(picture.placeOf(Qt.point(pointer.mouseX, pointer.mouseY))) : Qt.rect(0, 0, 0, 0)
+            readonly property rect box: root.notes.face.sizeText !== "" && pointer.containsMouse && root.corner.x < 0 && root.tool === "crop" ? root.notes.windowAt(picture.placeOf(Qt.point(pointer.mouseX, pointer.mouseY))) : Qt.rect(0, 0, 0, 0)
 
-            visible: box.width > 0
+            visible: box.width > 0 && (box.width < 1 || box.height < 1)
             x: picture.frame.x + box.x * picture.frame.width
             y: picture.frame.y + box.y * picture.frame.height
             width: box.width * picture.frame.width

@@ -7,6 +7,13 @@
 
 namespace ambrel {
 
+// Tells QML of the type of a property.
+struct CapturedPicture {
+  Q_GADGET
+  QML_FOREIGN(QImage)
+  QML_VALUE_TYPE(capturedPicture)
+};
+
 class CaptureView : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

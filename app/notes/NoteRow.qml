@@ -13,14 +13,15 @@ FocusScope {
     required property color tone
     readonly property bool isChosen: notes.chosenPin === pinId
 
-    // Tab leaves the note for the next.
+    // Tab leaves the note for the next, Escape for the capture.
     signal leave(bool backwards)
+    signal done
 
     function write() {
-        text.forceActiveFocus();
+        edit.forceActiveFocus();
     }
 
-    implicitHeight: Math.max(56, text.implicitHeight + 2 * Theme.space4)
+    implicitHeight: Math.max(56, edit.implicitHeight + 2 * Theme.space4)
 
     Rectangle {
         anchors.fill: parent
@@ -48,7 +49,7 @@ FocusScope {
         }
     }
     TextEdit {
-        id: text
+        id: edit
 
         anchors {
             left: badge.right
@@ -73,6 +74,7 @@ FocusScope {
         Accessible.multiLine: true
         Keys.onTabPressed: root.leave(false)
         Keys.onBacktabPressed: root.leave(true)
+        Keys.onEscapePressed: root.done()
         onActiveFocusChanged: {
             if (activeFocus)
                 root.notes.chosenPin = root.pinId;
@@ -107,8 +109,8 @@ FocusScope {
         target: root
 
         function onNoteChanged() {
-            if (text.text !== root.note)
-                text.text = root.note;
+            if (edit.text !== root.note)
+                edit.text = root.note;
         }
     }
 }

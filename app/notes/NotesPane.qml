@@ -8,6 +8,9 @@ Item {
 
     required property ScreenNotesModel notes
 
+    // Escape in a note.
+    signal noteDone
+
     // The note of the chosen pin is to be written.
     function writeChosen() {
         // A row that was just added has no item yet.
@@ -60,6 +63,7 @@ Item {
             x: Theme.space4
             width: ListView.view.width - 2 * Theme.space4
             notes: root.notes
+            onDone: root.noteDone()
             onLeave: backwards => nextItemInFocusChain(!backwards).forceActiveFocus(backwards ? Qt.BacktabFocusReason : Qt.TabFocusReason)
         }
     }

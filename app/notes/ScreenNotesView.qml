@@ -12,6 +12,8 @@ WindowFrame {
 
     title: qsTr("Screen Notes")
     symbol: "mappin.and.ellipse"
+    onIsAskingChanged: if (!isAsking)
+        canvas.view.forceActiveFocus()
     Keys.onEscapePressed: if (!canvas.abandon())
         notes.askToClose()
     // A tool's letter, unless it is typed into a note, which takes it first.
@@ -135,6 +137,7 @@ WindowFrame {
             }
             width: 310
             notes: root.notes
+            onNoteDone: canvas.view.forceActiveFocus()
         }
     }
     CloseSheet {
