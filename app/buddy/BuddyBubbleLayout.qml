@@ -8,6 +8,8 @@ Bubble {
 
     required property BuddyNoticeCenter center
     property bool open: true
+    // False where nothing below shows through: it is then whole from the first moment to the last.
+    property bool fades: true
     readonly property int more: center.bubbleMore
     readonly property int actionCount: center.bubble.actions.length
     // The size of the bubble without its tail.
@@ -15,7 +17,7 @@ Bubble {
     readonly property real panelHeight: words.height + 2 * padding
     readonly property real presence: spring.value
 
-    opacity: open ? Math.min(1, presence) : 0
+    opacity: !fades ? 1 : open ? Math.min(1, presence) : 0
     visible: open || opacity > 0
     Accessible.role: Accessible.AlertMessage
     Accessible.name: center.bubble.spoken
@@ -26,7 +28,7 @@ Bubble {
         isIn: root.open
     }
     Behavior on opacity {
-        enabled: !root.open
+        enabled: root.fades && !root.open
 
         NumberAnimation {
             duration: 100
@@ -34,8 +36,9 @@ Bubble {
         }
     }
     transform: Translate {
-        y: root.tailSide === "left" || root.tailSide === "right" ? 0 : (1 - root.presence) * Theme.travel
-        x: root.tailSide === "left" ? -(1 - root.presence) * Theme.travel : root.tailSide === "right" ? (1 - root.presence) * Theme.travel : 0
+        readonly property real away: root.fades ? (1 - root.presence) * Theme.travel : 0
+        y: root.tailSide === "left" || root.tailSide === "right" ? 0 : away
+        x: root.tailSide === "left" ? -away : root.tailSide === "right" ? away : 0
     }
 
     HoverHandler {

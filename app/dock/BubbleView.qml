@@ -17,6 +17,7 @@ Item {
     BuddyBubbleLayout {
         id: panel
 
+        fades: root.window.fades
         x: root.window.panelRect.x
         y: root.window.panelRect.y
         width: root.window.panelRect.width

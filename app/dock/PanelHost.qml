@@ -41,6 +41,11 @@ FocusScope {
         property: "open"
         value: root.presentation.isContentShown
     }
+    Binding {
+        target: root.content
+        property: "fades"
+        value: root.window.fades
+    }
     // What the panel would have the keyboard on gets it.
     Binding {
         target: root.content

@@ -16,13 +16,15 @@ Menu {
     property string ownText
     property string ownSymbol
     property bool open: false
+    // As of a Popover.
+    property bool fades: true
 
     implicitWidth: 216
 
     signal customizeAsked
     signal commandChosen(string item)
 
-    opacity: open ? 1 : 0
+    opacity: open || !fades ? 1 : 0
     onOpenChanged: if (open)
         focusFirst()
 

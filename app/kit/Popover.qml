@@ -11,6 +11,8 @@ FocusScope {
     // At the right of the title.
     property string fact
     property bool open: true
+    // False where nothing below shows through: it is then whole from the first moment to the last.
+    property bool fades: true
     property bool hasHeader: true
     property bool hasFullRule: false
     property int headerHeight: 48
@@ -29,7 +31,7 @@ FocusScope {
     implicitWidth: 340
     Accessible.role: Accessible.Dialog
     Accessible.name: title
-    opacity: open ? Math.min(1, presence) : 0
+    opacity: !fades ? 1 : open ? Math.min(1, presence) : 0
     visible: open || opacity > 0
     Keys.onEscapePressed: root.closeRequested()
 
@@ -39,7 +41,7 @@ FocusScope {
         isIn: root.open
     }
     Behavior on opacity {
-        enabled: !root.open
+        enabled: root.fades && !root.open
 
         NumberAnimation {
             duration: 100
@@ -47,7 +49,7 @@ FocusScope {
         }
     }
     transform: Translate {
-        y: (1 - root.presence) * Theme.travel
+        y: root.fades ? (1 - root.presence) * Theme.travel : 0
     }
 
     PanelGround {

@@ -11,6 +11,8 @@ PanelGround {
     property string action
     property bool isShown: false
     property real presence: isShown ? 1 : 0
+    // False where nothing below shows through.
+    property bool fades: true
 
     signal actionChosen
     signal closed
@@ -35,12 +37,12 @@ PanelGround {
     implicitHeight: Math.max(40, content.height + Theme.space3)
     radius: Math.min(Theme.radiusBar, Math.floor(height / 2))
     shadow: "floating"
-    opacity: presence
+    opacity: fades ? presence : 1
     visible: isShown || presence > 0
     Accessible.role: Accessible.AlertMessage
     Accessible.name: detail === "" ? title : title + ", " + detail
     transform: Translate {
-        y: (1 - root.presence) * Theme.travel
+        y: root.fades ? (1 - root.presence) * Theme.travel : 0
     }
 
     Behavior on presence {

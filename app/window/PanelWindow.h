@@ -15,6 +15,8 @@ class PanelWindow : public ClearWindow {
   QML_ELEMENT
   QML_UNCREATABLE("made by its controller")
   Q_PROPERTY(QRect panelRect READ panelRect NOTIFY panelRectChanged)
+  // Whether what is clear is clear. Without a compositor it is black, and nothing in the window may fade or move.
+  Q_PROPERTY(bool fades READ fades NOTIFY panelRectChanged)
 
  public:
   // Around the panel; the shadow is in it and clicks go through.
@@ -33,6 +35,7 @@ class PanelWindow : public ClearWindow {
   void setCornerRadius(int radius);
   // What the content has as a property of that name; null without.
   QQuickItem* part(const char* name) const;
+  bool fades() const { return style_.isCompositing(); }
   QRect panelFrame() const { return panelFrame_; }
   // The panel within the window.
   QRect panelRect() const { return panelFrame_.translated(-windowFrame_.topLeft()); }

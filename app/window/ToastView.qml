@@ -20,6 +20,7 @@ Item {
     Toast {
         id: toast
 
+        fades: root.window.fades
         x: root.window.panelRect.x
         y: root.window.panelRect.y
         // Its texts are laid out when it is next drawn.
