@@ -20,6 +20,14 @@ std::string cut(std::string_view text) {
   return characters <= mostCharacters ? std::string(text) : std::string(text.substr(0, end)) + "…";
 }
 
+// All patches begin alike; what tells one from another is the file in its second line.
+std::string_view withoutPatchHead(std::string_view text) {
+  constexpr std::string_view name = " File: ";
+  if (!text.starts_with("*** Begin Patch")) return text;
+  const auto at = text.find(name);
+  return at == text.npos ? text : text.substr(at + name.size());
+}
+
 std::optional<std::string> question(const LineObject& input) {
   std::optional<std::string> asked;
   input.eachObject("questions", [&](const LineObject& each) {
@@ -67,7 +75,7 @@ std::optional<std::string> askedText(std::string_view tool, const std::optional<
   std::optional<std::string> subject;
   for (const std::string_view key : subjects) {
     if (subject || !input) break;
-    subject = askedLine(input->text(key).value_or(""));
+    subject = askedLine(withoutPatchHead(input->text(key).value_or("")));
   }
   if (!subject) return askedLine(tool);
   return tool.empty() ? subject : askedLine(std::string(tool) + ": " + *subject);

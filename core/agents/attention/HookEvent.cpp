@@ -42,11 +42,13 @@ std::optional<std::string> bounded(std::optional<std::string_view> text) {
   return repairedUTF8(text->substr(0, most));
 }
 
-// A request and the end of the call that it was for have the same input, and no other name in common.
+// A request and the end of the call that it was for have the same input, and no other name in common. The description
+// beside a command counts for nothing: Codex writes there, in the request alone, why it asks.
 std::string callOf(const LineObject& input) {
   std::uint64_t hash = 0xcbf29ce484222325;
   for (const std::string_view key : {"command", "file_path", "notebook_path", "url", "query", "pattern", "plan",
                                      "content", "old_string", "new_string", "prompt", "description"}) {
+    if (key == "description" && input.text("command")) continue;
     const auto text = input.text(key);
     if (!text) continue;
     for (const std::string_view piece : {key, std::string_view("\0", 1), *text})
