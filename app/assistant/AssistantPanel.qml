@@ -177,6 +177,11 @@ Popover {
                     function onPromptChanged() {
                         field.text = root.assistant.prompt;
                     }
+                    // The button goes off with the answer, and would leave the keys without a place.
+                    function onIsRespondingChanged() {
+                        if (!root.assistant.isResponding && send.focus)
+                            field.focus = true;
+                    }
                 }
             }
             Button {
