@@ -9,29 +9,28 @@ PanelGround {
     property string keys
     property int maximumWidth: 320
 
-    implicitWidth: content.width + 2 * Theme.space3
-    implicitHeight: content.height + 2 * 6
+    // Not by a positioner: it would lay out a frame later, and the window is made as large as the new text at once.
+    implicitWidth: words.width + (keys === "" ? 0 : Theme.space2 + cap.width) + 2 * Theme.space3
+    implicitHeight: Math.max(words.height, keys === "" ? 0 : cap.height) + 2 * 6
     radius: Theme.radiusSmall
     shadow: "floating"
     Accessible.role: Accessible.ToolTip
     Accessible.name: text
 
-    Row {
-        id: content
-        anchors.centerIn: parent
-        spacing: Theme.space2
-
-        Label {
-            text: root.text
-            role: Theme.small
-            wrapMode: Text.Wrap
-            width: Math.min(Math.ceil(implicitWidth), root.maximumWidth)
-            anchors.verticalCenter: parent.verticalCenter
-            Accessible.ignored: true
-        }
-        KeyCap {
-            text: root.keys
-            anchors.verticalCenter: parent.verticalCenter
-        }
+    Label {
+        id: words
+        x: Theme.space3
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.text
+        role: Theme.small
+        wrapMode: Text.Wrap
+        width: Math.min(Math.ceil(implicitWidth), root.maximumWidth)
+        Accessible.ignored: true
+    }
+    KeyCap {
+        id: cap
+        x: words.x + words.width + Theme.space2
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.keys
     }
 }
