@@ -20,7 +20,8 @@ Pressable {
     Accessible.checkable: true
     Accessible.checked: isChosen
     implicitHeight: Math.max(28, title.height + Theme.space2)
-    implicitWidth: content.width + 2 * Theme.space3
+    // Whole, so that what follows in a row begins at a whole pixel.
+    implicitWidth: Math.ceil(content.width) + 2 * Theme.space3
 
     Rectangle {
         anchors.fill: parent

@@ -113,18 +113,23 @@ SettingsPage {
         width: parent.width
         visible: root.statusLine !== null || root.budget !== null
 
-        Loader {
-            width: parent.width
-            active: root.statusLine !== null
-            sourceComponent: ClaudeLimitsRow {
-                statusLine: root.statusLine
+        // Not by loaders: a row of the column itself knows by its place whether a rule is above it.
+        Repeater {
+            model: root.statusLine ? [root.statusLine] : []
+
+            ClaudeLimitsRow {
+                required property ClaudeStatusLineModel modelData
+
+                statusLine: modelData
             }
         }
-        Loader {
-            width: parent.width
-            active: root.budget !== null
-            sourceComponent: ClaudeBudgetRow {
-                budget: root.budget
+        Repeater {
+            model: root.budget ? [root.budget] : []
+
+            ClaudeBudgetRow {
+                required property ClaudeBudgetModel modelData
+
+                budget: modelData
             }
         }
     }

@@ -74,7 +74,8 @@ Item {
                 visible: collections.count > 0
                 width: 1
                 height: 16
-                color: Theme.over(Theme.lineStrong, Theme.panel)
+                // Translucent: between two pixels an opaque one would leave a hole in the shelf.
+                color: Theme.lineStrong
                 anchors.verticalCenter: parent.verticalCenter
             }
             Repeater {
