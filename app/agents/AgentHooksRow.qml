@@ -1,14 +1,13 @@
 import QtQuick
-import Ambrel.Agents
+import Ambrel.Base
 import Ambrel.Kit
 
 // The settings row that connects an agent's tool.
 ConnectionRow {
     id: root
 
-    required property AgentHooksModel hooks
+    required property ConnectionModel hooks
 
-    title: hooks.title
     isConnected: hooks.isConnected
     text: hooks.text
     problem: hooks.problem

@@ -12,7 +12,8 @@ namespace ambrel {
 // Works on the main thread, at the user's request: it changes a few small files.
 class ConnectionModel : public QObject {
   Q_OBJECT
-  QML_ANONYMOUS
+  QML_ELEMENT
+  QML_UNCREATABLE("what the connections share")
   Q_PROPERTY(bool isConnected READ isConnected NOTIFY changed FINAL)
   // What the row says about the present state.
   Q_PROPERTY(QString text READ text NOTIFY changed FINAL)

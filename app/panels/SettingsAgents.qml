@@ -32,9 +32,10 @@ SettingsPage {
             model: root.agents ? [root.agents.claudeHooks, root.agents.codexHooks] : []
 
             AgentHooksRow {
-                required property AgentHooksModel modelData
+                required property var modelData
 
                 hooks: modelData
+                title: modelData.title
             }
         }
     }

@@ -118,7 +118,7 @@ SettingsPage {
             model: root.statusLine ? [root.statusLine] : []
 
             ClaudeLimitsRow {
-                required property ClaudeStatusLineModel modelData
+                required property var modelData
 
                 statusLine: modelData
             }

@@ -1,12 +1,12 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
-import Ambrel.Usage
 
 // The settings row that connects Claude Code's own percentages.
 ConnectionRow {
     id: root
 
-    required property ClaudeStatusLineModel statusLine
+    required property ConnectionModel statusLine
 
     title: qsTr("Claude's own percentages")
     isConnected: statusLine.isConnected
