@@ -395,11 +395,13 @@ TEST_F(Keyboard, AsksTheModelAndThenTheGrammar) {
         {"function":{"name":"removeWidget","arguments":{"itemName":"clock"}}}]},"finish_reason":"tool_calls"}]})"},
                    Reply{.body = told, .atFirst = told.indexOf("\n\n") + 2}};
   ASSERT_NO_FATAL_FAILURE(start({"buddy", "clock"}, server.url()));
+  // The bar asks for the keyboard at its start.
+  ASSERT_NO_FATAL_FAILURE(takeBar());
   const auto before = visibleWindows();
   send("super+alt+b");
   std::optional<QString> panel;
   ASSERT_TRUE(waitFor([&] { return (panel = opened(before)).has_value(); })) << said();
-  EXPECT_TRUE(waitFor([&] { return server.looks == 1; }));
+  EXPECT_TRUE(waitFor([&] { return server.looks >= 1; }));
   type("Swap clock and processor");
   send("Return");
   ASSERT_TRUE(waitFor([&] { return says(*panel, "Swap clock and processor. The processor"); })) << (shoot(), said());
