@@ -9,6 +9,7 @@
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <unistd.h>
+#include <utility>
 #include <xcb/shape.h>
 #include <xcb/shm.h>
 
@@ -16,8 +17,8 @@ namespace ambrel {
 namespace {
 
 using namespace std::chrono_literals;
-// A window below that redraws at once, and a compositor that shows it, take two or three frames.
-constexpr auto redrawTime = 60ms;
+// A window below that redraws at once, and a compositor that shows it, take two frames.
+constexpr auto redrawTime = 40ms;
 
 const QScreen* screenUnderPointer() {
   const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
@@ -91,13 +92,17 @@ class SharedMemory {
   }
   ~SharedMemory() {
     if (bytes_) shmdt(bytes_);
-    if (id_ >= 0) shmctl(id_, IPC_RMID, nullptr);
+    release();
   }
   SharedMemory(const SharedMemory&) = delete;
   SharedMemory& operator=(const SharedMemory&) = delete;
 
   int id() const { return id_; }
   const uchar* bytes() const { return bytes_; }
+  // From now on it ends with those who have it, however they end.
+  void release() {
+    if (id_ >= 0) shmctl(std::exchange(id_, -1), IPC_RMID, nullptr);
+  }
 
  private:
   int id_;
@@ -138,11 +143,11 @@ QImage X11ScreenCapture::pixels(const QRect& area) {
   const auto* extension = xcb_get_extension_data(xcb, &xcb_shm_id);
   const int depth = connection_->screen().root_depth;
   if (!extension || !extension->present || (depth != 24 && depth != 32) || area.isEmpty()) return {};
-  const SharedMemory memory(std::size_t{4} * static_cast<std::size_t>(area.width()) *
-                            static_cast<std::size_t>(area.height()));
-  if (!memory.bytes()) return {};
+  auto memory = std::make_unique<SharedMemory>(std::size_t{4} * static_cast<std::size_t>(area.width()) *
+                                               static_cast<std::size_t>(area.height()));
+  if (!memory->bytes()) return {};
   const xcb_shm_seg_t segment = xcb_generate_id(xcb);
-  xcb_shm_attach(xcb, segment, static_cast<std::uint32_t>(memory.id()), 0);
+  xcb_shm_attach(xcb, segment, static_cast<std::uint32_t>(memory->id()), 0);
   const auto cookie =
       xcb_shm_get_image(xcb, connection_->root(), static_cast<std::int16_t>(area.x()),
                         static_cast<std::int16_t>(area.y()), static_cast<std::uint16_t>(area.width()),
@@ -151,9 +156,13 @@ QImage X11ScreenCapture::pixels(const QRect& area) {
   const XcbPtr<xcb_shm_get_image_reply_t> reply(xcb_shm_get_image_reply(xcb, cookie, &error));
   std::free(error);
   xcb_shm_detach(xcb, segment);
+  memory->release();
   connection_->repliesWereRead();
   if (!reply) return {};
-  return QImage(memory.bytes(), area.width(), area.height(), 4 * area.width(), QImage::Format_RGB32).copy();
+  const uchar* bytes = memory->bytes();
+  return QImage(
+      bytes, area.width(), area.height(), 4 * area.width(), QImage::Format_RGB32,
+      [](void* owner) { delete static_cast<SharedMemory*>(owner); }, memory.release());
 }
 
 std::vector<QRectF> X11ScreenCapture::windows(const QRect& area) {
