@@ -224,8 +224,13 @@ void X11Window::checkPlace() {
 
 void X11Window::managerChanged() {
   if (role_ == WindowRole::window || !window_.isVisible() || isBypassing() == !manager_.leavesAlone(role_)) return;
-  // One in use is left where it is, until it is shown again.
-  if (window_.isActive()) return;
+  // One in use is left where it is, until it is shown again; a bar that is always out never is.
+  if (window_.isActive()) {
+    if (role_ == WindowRole::dock)
+      connect(&window_, &QWindow::activeChanged, this, &X11Window::managerChanged,
+              static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    return;
+  }
   ++attempt_;
   auto asked = std::exchange(done_, nullptr);
   window_.hide();

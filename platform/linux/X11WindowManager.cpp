@@ -1,6 +1,7 @@
 #include "platform/linux/X11WindowManager.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 #include <xcb/shape.h>
 
@@ -167,6 +168,8 @@ void X11WindowManager::judge() {
     return;
   }
   xcb_connection_t* xcb = connection_->xcb();
+  // A frame may leave the window itself exactly where it was asked to be.
+  const xcb_atom_t extents = connection_->atom("_NET_FRAME_EXTENTS");
   for (Probe& probe : probes_) {
     const XcbPtr<xcb_get_geometry_reply_t> geometry(
         xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, probe.window), nullptr));
@@ -175,7 +178,8 @@ void X11WindowManager::judge() {
     probe.isMisplaced = !probe.isMapped || !geometry || !corner || geometry->border_width != 0 ||
                         geometry->width != probeWidth || geometry->height != probeHeight ||
                         corner->dst_x != connection_->screen().width_in_pixels / 3 ||
-                        corner->dst_y != connection_->screen().height_in_pixels / 3;
+                        corner->dst_y != connection_->screen().height_in_pixels / 3 ||
+                        std::ranges::any_of(connection_->numbers(probe.window, extents), std::identity());
   }
   connection_->repliesWereRead();
   const auto probes = probes_;
