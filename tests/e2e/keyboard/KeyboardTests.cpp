@@ -172,7 +172,9 @@ class Keyboard : public testing::Test {
     EXPECT_FALSE(item.name.isEmpty()) << "a stop without a name, role " << item.role;
     const bool isRow =
         item.role == ScreenReader::menuItem || item.role == ScreenReader::list || item.role == ScreenReader::listItem;
-    EXPECT_TRUE(isRow || waitFor([&] { return hasRing(reader_.item(item.path)); }, 4000))
+    const auto shows = [&] { return waitFor([&] { return hasRing(reader_.item(item.path)); }, 2500); };
+    // What is seen once may be a picture from between two states; a control without a ring has none the second time.
+    EXPECT_TRUE(isRow || shows() || (press("shift+Tab") && press("Tab") && shows()))
         << (shoot(), "no ring on ") << item.name.toStdString();
   }
 
