@@ -43,7 +43,7 @@ class ConnectionModel : public QObject {
   void follow(const std::filesystem::path& settings);
 
   virtual bool isMade() const = 0;
-  // These throw what stands in the way.
+  // Both throw an error that says why the change cannot be made.
   virtual void make() = 0;
   virtual void unmake() = 0;
   // What the user reads then.

@@ -108,12 +108,12 @@ TEST(HookConnection, WritesToTheFolderThatTheToolUses) {
   const HookConnection hooks(claude, {.home = home.path(),
                                       .data = home / "data",
                                       .tool = "/opt/tilebayctl",
-                                      .folders = {.claude = home / "work/claude"}});
+                                      .folders = {.claude = home / "tools/claude"}});
   hooks.connect();
   EXPECT_TRUE(hooks.isConnected());
-  EXPECT_EQ(hooks.settings(), home / "work/claude/settings.json");
+  EXPECT_EQ(hooks.settings(), home / "tools/claude/settings.json");
   EXPECT_FALSE(std::filesystem::exists(home / ".claude"));
-  EXPECT_THAT(hooks.cannotChange(), HasSubstr(" ~/work/claude/settings.json."));
+  EXPECT_THAT(hooks.cannotChange(), HasSubstr(" ~/tools/claude/settings.json."));
 }
 
 TEST(HookConnection, KeepsWhatTheUserWroteWhileItWasConnected) {
