@@ -25,7 +25,10 @@ Menu {
     signal commandChosen(string item)
 
     opacity: open || !fades ? 1 : 0
-    onOpenChanged: if (open)
+    // Once: its window gets the keyboard before this is open, or after.
+    onOpenChanged: if (open && !activeFocus)
+        focusFirst()
+    onActiveFocusChanged: if (activeFocus && !open)
         focusFirst()
 
     function move(target: string) {

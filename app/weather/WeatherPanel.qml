@@ -22,9 +22,10 @@ Popover {
                 root.closeRequested();
         }
     }
-    onOpenChanged: if (open) {
+    // Not when it opens: the user may have typed by then.
+    onOpenChanged: if (!open) {
         field.text = "";
-        field.forceActiveFocus();
+        field.focus = true;
     }
 
     Field {
