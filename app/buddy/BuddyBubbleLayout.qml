@@ -17,7 +17,7 @@ Bubble {
     readonly property real panelHeight: words.height + 2 * padding
     readonly property real presence: spring.value
 
-    opacity: !fades ? 1 : open ? Math.min(1, presence) : 0
+    opacity: !fades ? 1 : open ? spring.opacity : 0
     visible: open || opacity > 0
     Accessible.role: Accessible.AlertMessage
     Accessible.name: center.bubble.spoken

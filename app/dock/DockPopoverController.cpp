@@ -42,6 +42,7 @@ void DockPopoverController::makeWindow() {
   properties.insert(QStringLiteral("presentation"), QVariant::fromValue(&presentation_));
   // Closed at first, so that it does not come in before the window is there.
   properties.insert(QStringLiteral("open"), false);
+  properties.insert(QStringLiteral("fades"), style_.isCompositing());
   item_.reset(makeItem(engine_, content_.source, content_.models, properties));
   // Some of what it shows comes only once it is open.
   const auto follow = [this] {

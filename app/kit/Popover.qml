@@ -31,7 +31,7 @@ FocusScope {
     implicitWidth: 340
     Accessible.role: Accessible.Dialog
     Accessible.name: title
-    opacity: !fades ? 1 : open ? Math.min(1, presence) : 0
+    opacity: !fades ? 1 : open ? spring.opacity : 0
     visible: open || opacity > 0
     Keys.onEscapePressed: root.closeRequested()
 

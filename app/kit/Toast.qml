@@ -37,7 +37,7 @@ PanelGround {
     implicitHeight: Math.max(40, content.height + Theme.space3)
     radius: Math.min(Theme.radiusBar, Math.floor(height / 2))
     shadow: "floating"
-    opacity: fades ? presence : 1
+    opacity: fades && presence < 0.99 ? presence : 1
     visible: isShown || presence > 0
     Accessible.role: Accessible.AlertMessage
     Accessible.name: detail === "" ? title : title + ", " + detail

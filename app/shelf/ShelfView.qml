@@ -61,7 +61,7 @@ FocusScope {
         y: root.window.panelRect.y - (root.slides ? Math.max(0, 1 - root.presence) * height : 0)
         width: root.window.panelRect.width
         height: root.window.panelRect.height
-        opacity: root.slides || !root.controller.isCompositing ? 1 : Math.min(1, root.presence)
+        opacity: root.slides || !root.controller.isCompositing ? 1 : spring.opacity
         visible: root.presence > 0 || !root.controller.isCompositing
         Accessible.role: Accessible.Dialog
         Accessible.name: qsTr("Clipboard")
