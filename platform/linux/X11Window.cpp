@@ -332,6 +332,12 @@ void X11Window::finish(bool isActive) {
   if (const auto done = std::exchange(done_, nullptr)) done(isActive);
 }
 
+void X11Window::stopAsking() {
+  // What had the keyboard before stays known: the window that asks next may give it back.
+  ++attempt_;
+  if (const auto done = std::exchange(done_, nullptr)) done(false);
+}
+
 void X11Window::giveBack() {
   ++attempt_;
   done_ = nullptr;

@@ -30,6 +30,8 @@ class X11Window : public QObject {
   void place(const QRect& frame);
   void setTakesKeys(bool takesKeys);
   void activate(std::function<void(bool)> done);
+  // Gives up asking for the keyboard, if it does.
+  void stopAsking();
   void giveBack();
   // What is known of the window manager has changed.
   void managerChanged();

@@ -6,6 +6,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
@@ -53,15 +54,17 @@ Qt::WindowFlags flagsOf(WindowRole role) {
   return common;
 }
 
+void forEachWindow(const std::function<void(X11Window&)>& act) {
+  const auto windows = QGuiApplication::allWindows();
+  for (QWindow* window : windows)
+    if (X11Window* ours = X11Window::of(*window)) act(*ours);
+}
+
 }  // namespace
 
 X11WindowStyle::X11WindowStyle(X11Connection* connection) : connection_(connection), manager_(connection) {
   if (!connection_) return;
-  manager_.setChangeHandler([] {
-    const auto windows = QGuiApplication::allWindows();
-    for (QWindow* window : windows)
-      if (X11Window* ours = X11Window::of(*window)) ours->managerChanged();
-  });
+  manager_.setChangeHandler([] { forEachWindow([](X11Window& window) { window.managerChanged(); }); });
   const std::string name = "_NET_WM_CM_S" + std::to_string(connection_->screenNumber());
   selection_ = connection_->atom(name.c_str());
   isCompositing_ = askForCompositor();
@@ -102,7 +105,13 @@ void X11WindowStyle::setTakesKeys(QWindow& window, bool takesKeys) {
 }
 
 void X11WindowStyle::activate(QWindow& window, std::function<void(bool)> done) {
-  if (X11Window* ours = X11Window::of(window)) ours->activate(std::move(done));
+  X11Window* const ours = X11Window::of(window);
+  if (!ours) return;
+  // One that still asks would take the keyboard back a moment later.
+  forEachWindow([ours](X11Window& other) {
+    if (&other != ours) other.stopAsking();
+  });
+  ours->activate(std::move(done));
 }
 
 void X11WindowStyle::giveBack(QWindow& window) {
