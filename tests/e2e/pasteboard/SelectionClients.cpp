@@ -72,6 +72,7 @@ struct OwnerClient::Impl {
     Offer offer;
     std::size_t sent = 0;
     int pieces = 0;
+    bool hasEnded = false;
   };
 
   explicit Impl(OwnerClient& owner, std::map<std::string, Offer> list)
@@ -191,7 +192,7 @@ struct OwnerClient::Impl {
   void propertyChanged(const xcb_property_notify_event_t& event) {
     if (event.state != XCB_PROPERTY_DELETE) return;
     for (Transfer& one : transfers) {
-      if (one.requestor != event.window || one.property != event.atom) continue;
+      if (one.hasEnded || one.requestor != event.window || one.property != event.atom) continue;
       if (one.pieces++ == 1 && one.offer.manner == Manner::stopsHalfWay) return;
       if (one.pieces == 2 && one.offer.manner == Manner::diesHalfWay) return client.reset();
       if (one.offer.manner == Manner::neverEnds && one.sent >= one.offer.bytes.size()) one.sent = 0;
@@ -199,7 +200,8 @@ struct OwnerClient::Impl {
       xcb_change_property(client->connection, XCB_PROP_MODE_REPLACE, one.requestor, one.property, one.type, 8,
                           static_cast<std::uint32_t>(piece.size()), piece.data());
       one.sent += piece.size();
-      if (piece.empty()) --openTransfers;
+      one.hasEnded = piece.empty();  // the taking of this last piece asks for no other
+      if (one.hasEnded) --openTransfers;
       return;
     }
   }
