@@ -5,7 +5,10 @@
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
+#include <QDBusPendingCall>
 #include <QDBusVariant>
+
+#include "tests/e2e/Desktop.h"
 
 namespace ambrel {
 
@@ -111,7 +114,11 @@ QDBusMessage ScreenReader::ask(const QString& path, const char* interface, const
                                const QVariantList& arguments) const {
   auto message = QDBusMessage::createMethodCall(program_, path, QLatin1String(interface), QLatin1String(method));
   message.setArguments(arguments);
-  return QDBusConnection::sessionBus().call(message, QDBus::BlockWithGui, 5000);
+  // Not by QDBus::BlockWithGui: it waits for ever when the answer is there before its event loop.
+  const QDBusPendingCall call = QDBusConnection::sessionBus().asyncCall(message, 5000);
+  waitFor([&] { return call.isFinished(); });
+  QCoreApplication::processEvents();  // what the program said before it answered
+  return call.reply();
 }
 
 QVariant ScreenReader::property(const QString& path, const char* name) const {
