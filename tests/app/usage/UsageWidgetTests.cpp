@@ -16,6 +16,8 @@ const Calendar calendar("UTC", "en_US");
 
 QString file(const char* type) { return QStringLiteral("qrc:/qt/qml/Ambrel/Usage/%1.qml").arg(QLatin1String(type)); }
 
+const QString connectionRow = QStringLiteral("qrc:/qt/qml/Ambrel/Panels/ConnectionRow.qml");
+
 QStringList textsOf(Scene& scene) {
   QStringList texts;
   visitShown(scene.root(), [&](QQuickItem* item) { texts << item->property("text").toString(); });
@@ -106,7 +108,7 @@ void UsageWidgetTests::theRowConnectsAndDisconnects() {
   ClaudeStatusLineModel statusLine(ClaudeStatusLine::Files(home.path(), home.path() / "data"));
   QSignalSpy connection(&statusLine, &ClaudeStatusLineModel::connectionChanged);
   Scene scene;
-  QVERIFY(scene.loadFile(file("ClaudeLimitsRow"), {{"statusLine", QVariant::fromValue(&statusLine)}, {"width", 480}}));
+  QVERIFY(scene.loadFile(connectionRow, {{"modelData", QVariant::fromValue(&statusLine)}, {"width", 480}}));
   QQuickItem* button = buttonIn(scene.root());
   QVERIFY(button);
   QCOMPARE(button->property("text").toString(), QStringLiteral("Connect"));
@@ -129,7 +131,7 @@ void UsageWidgetTests::theRowSaysWhyItCouldNot() {
   QCOMPARE(scene.warnings().take().size(), 1);
   QCOMPARE(statusLine.problem(),
            QStringLiteral("Could not change ~/.claude/settings.json. Check that it is valid JSON."));
-  QVERIFY(scene.loadFile(file("ClaudeLimitsRow"), {{"statusLine", QVariant::fromValue(&statusLine)}, {"width", 480}}));
+  QVERIFY(scene.loadFile(connectionRow, {{"modelData", QVariant::fromValue(&statusLine)}, {"width", 480}}));
   QVERIFY(textsOf(scene).contains(statusLine.problem()));
   home.write(".claude/settings.json", "{}");
   statusLine.install();
