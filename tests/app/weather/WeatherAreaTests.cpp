@@ -44,52 +44,48 @@ class WeatherAreaTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void eachPlaceIsAskedForWhileItIsWanted();
-  void theTwoHaveOneUnit();
-  void theTimerBringsTheNextForecast();
+  void eachPlaceIsAskedForWhileItIsWanted() {
+    Room room;
+    WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
+    models.setWanted(false, false);
+    models.setWanted(true, false);
+    QVERIFY(room.until(2));
+    QCOMPARE(room.about("latitude=51.5074&"), 2);
+    QCOMPARE(models.second()->texts().placeLabel, QStringLiteral("New York, United States"));
+    models.setWanted(false, true);
+    QVERIFY(room.until(4));
+    QCOMPARE(room.about("latitude=40.7128&"), 2);
+    QVERIFY(QTest::qWaitFor([&] { return models.second()->texts().problem.isEmpty(); }, 15000));
+  }
+
+  void theTwoHaveOneUnit() {
+    Room room;
+    WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
+    models.setWanted(true, true);
+    QVERIFY(room.until(4));
+    room.defaults.set("weatherFahrenheit", DefaultsValue{true});
+    models.defaultsChanged({"weatherFahrenheit"});
+    QVERIFY(room.until(6));
+    QVERIFY(room.server.targets[4].contains("fahrenheit") && room.server.targets[5].contains("fahrenheit"));
+  }
+
+  void theTimerBringsTheNextForecast() {
+    Room room;
+    WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
+    models.setWanted(true, false);
+    QVERIFY(QTest::qWaitFor(
+        [&] { return models.main()->texts().problem.isEmpty() && !models.main()->texts().airValue.isEmpty(); }, 15000));
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+          const auto wake = room.clock.wakeTime;
+          return wake && *wake >= room.clock.now() + minutes(30) && *wake < room.clock.now() + minutes(32);
+        },
+        15000));
+    room.clock.pass(minutes(32));
+    room.clock.ring();
+    QVERIFY(room.until(4));
+  }
 };
-
-void WeatherAreaTests::eachPlaceIsAskedForWhileItIsWanted() {
-  Room room;
-  WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
-  models.setWanted(false, false);
-  models.setWanted(true, false);
-  QVERIFY(room.until(2));
-  QCOMPARE(room.about("latitude=51.5074&"), 2);
-  QCOMPARE(models.second()->texts().placeLabel, QStringLiteral("New York, United States"));
-  models.setWanted(false, true);
-  QVERIFY(room.until(4));
-  QCOMPARE(room.about("latitude=40.7128&"), 2);
-  QVERIFY(QTest::qWaitFor([&] { return models.second()->texts().problem.isEmpty(); }, 15000));
-}
-
-void WeatherAreaTests::theTwoHaveOneUnit() {
-  Room room;
-  WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
-  models.setWanted(true, true);
-  QVERIFY(room.until(4));
-  room.defaults.set("weatherFahrenheit", DefaultsValue{true});
-  models.defaultsChanged({"weatherFahrenheit"});
-  QVERIFY(room.until(6));
-  QVERIFY(room.server.targets[4].contains("fahrenheit") && room.server.targets[5].contains("fahrenheit"));
-}
-
-void WeatherAreaTests::theTimerBringsTheNextForecast() {
-  Room room;
-  WeatherArea models(room.defaults, Calendar("Europe/Berlin", "en_GB"), room.now, room.due);
-  models.setWanted(true, false);
-  QVERIFY(QTest::qWaitFor(
-      [&] { return models.main()->texts().problem.isEmpty() && !models.main()->texts().airValue.isEmpty(); }, 15000));
-  QVERIFY(QTest::qWaitFor(
-      [&] {
-        const auto wake = room.clock.wakeTime;
-        return wake && *wake >= room.clock.now() + minutes(30) && *wake < room.clock.now() + minutes(32);
-      },
-      15000));
-  room.clock.pass(minutes(32));
-  room.clock.ring();
-  QVERIFY(room.until(4));
-}
 
 }  // namespace ambrel
 
