@@ -16,12 +16,17 @@ class AgentHooksModelTests : public QObject {
     const HookConnection outside(AgentKind::claudeCode, places);
     AgentHooksModel hooks(AgentKind::claudeCode, places);
     QVERIFY(!hooks.isConnected());
+    QSignalSpy connections(&hooks, &AgentHooksModel::connectionChanged);
+    // At first there is not even a folder; later the file is replaced each time.
+    for (int round = 0; round < 2; ++round) {
+      outside.connect();
+      QTRY_VERIFY(hooks.isConnected());
+      outside.disconnect();
+      QTRY_VERIFY(!hooks.isConnected());
+    }
+    QCOMPARE(connections.count(), 4);
     hooks.install();
     QVERIFY(hooks.isConnected() && outside.isConnected());
-    outside.disconnect();
-    QTRY_VERIFY(!hooks.isConnected());
-    outside.connect();
-    QTRY_VERIFY(hooks.isConnected());
     hooks.remove();
     QVERIFY(!outside.isConnected());
     QCOMPARE(hooks.problem(), QString());

@@ -375,7 +375,7 @@ class AgentsModelTests : public QObject {
     f.folders.change(1);
     QCOMPARE(f.steps.size(), 1u);
     QCOMPARE(f.steps.back().first, Seconds(0.5));
-    // A hook is more urgent than a log; the step that was to come is none any more.
+    // A hook is more urgent than a log, and replaces the step that was planned.
     f.folders.change(0);
     QCOMPARE(f.steps.back().first, Seconds(0.05));
     for (const auto& [delay, step] : std::exchange(f.steps, {})) step();

@@ -211,19 +211,6 @@ class FocusAndWeatherTests : public QObject {
     QCOMPARE(desk.panel()->property("title").toString(), QStringLiteral("Break"));
   }
 
-  void breaksDisturbOnlyFromTheBar() {
-    Desk desk({"clock"});
-    desk.focus().water()->add();
-    desk.pass(hours(2));
-    QVERIFY(desk.told().empty());
-    desk.putOnBar({"eyeBreak", "standUp", "water"});
-    desk.pass(minutes(50));
-    for (const char* identifier : {"eyeBreak", "standUp", "water"}) {
-      const auto told = desk.told();
-      QVERIFY2(std::find(told.begin(), told.end(), identifier) != told.end(), identifier);
-    }
-  }
-
   // At 09:41 by Greenwich, on a Saturday.
   void aChangedZoneIsFollowed() {
     Desk desk({"clock", "alarm", "water", "mood"});

@@ -92,21 +92,6 @@ class FocusModelsTests : public QObject {
     QVERIFY(*timer.due() > room.clock.now());
   }
 
-  void lengthsAreReadWithinTheirLimits() {
-    FocusRoom room;
-    room.defaults.set("pomodoroFocus", DefaultsValue{std::int64_t{-4}});
-    room.defaults.set("pomodoroBreak", DefaultsValue{std::string("five")});
-    PomodoroTimer timer(room.seams());
-    QCOMPARE(timer.face().remaining, QStringLiteral("1:00"));
-    QSignalSpy spy(&timer, &FocusModel::changed);
-    room.choose(timer, "pomodoroFocus", 50);
-    room.choose(timer, "pomodoroFocus", 50);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(timer.face().remaining, QStringLiteral("50:00"));
-    timer.skip();
-    QCOMPARE(timer.face().remaining, QStringLiteral("5:00"));
-  }
-
   void theReminderOfWaterIsOneAndIsTakenBack() {
     FocusRoom room;
     WaterTracker water(room.seams(), always);
@@ -131,16 +116,6 @@ class FocusModelsTests : public QObject {
     QVERIFY(stored.integer("waterCount") == 1);
     QVERIFY(stored.string("waterDay") == "2026-11-20");
     QVERIFY(stored.date("waterLastDrink") == *parseISO8601("2026-11-20T09:20:00Z"));
-  }
-
-  void aReminderThatWasDueComesAMinuteAfterTheStart() {
-    FocusRoom room;
-    room.defaults.set("waterLastDrink", DefaultsValue{room.clock.now() - hours(14)});
-    room.defaults.set("waterCount", DefaultsValue{std::int64_t{8}});
-    room.defaults.set("waterDay", DefaultsValue{std::string("2026-11-19")});
-    WaterTracker water(room.seams(), always);
-    QCOMPARE(water.face().count, 0);
-    QVERIFY(water.due() == room.clock.now() + seconds(60));
   }
 
   void aMetGoalIsRemindedOfTheNextMorning() {
@@ -220,15 +195,6 @@ class FocusModelsTests : public QObject {
     QVERIFY(room.notifications.withdrawn == std::vector<std::string>{"timer"});
   }
 
-  void aBreakThatIsNotWantedIsPassedOver() {
-    FocusRoom room;
-    BreakReminder eyes(BreakKind::eyes, room.seams(), [] { return false; });
-    passUntilDue(room, eyes);
-    QVERIFY(!eyes.face().isDue);
-    QVERIFY(room.notifications.posted.empty());
-    QVERIFY(eyes.due() == room.clock.now() + minutes(20));
-  }
-
   void aDueBreakIsToldAndTakenBack() {
     FocusRoom room;
     BreakReminder stand(BreakKind::stand, room.seams(), always);
@@ -299,24 +265,6 @@ class FocusModelsTests : public QObject {
     alarm.tick(room.clock.now());
     QVERIFY(room.sounds.heard.empty());
     QCOMPARE(QString::fromStdString(room.notifications.posted.at(0).title), QStringLiteral("Missed alarm"));
-  }
-
-  void breathingGoesStepByStep() {
-    FocusRoom room;
-    BreathingExercise breathing(room.seams());
-    QVERIFY(!breathing.due());
-    breathing.toggle();
-    QStringList titles{breathing.face().title};
-    while (breathing.face().isRunning) {
-      passUntilDue(room, breathing);
-      titles.append(breathing.face().title);
-    }
-    QCOMPARE(titles.size(), 16);
-    QCOMPARE(titles.mid(0, 4), (QStringList{"Breathe in", "Hold", "Breathe out", "Breathe in"}));
-    QCOMPARE(titles.last(), QStringLiteral("Well done"));
-    breathing.toggle();
-    breathing.slept(seconds(5), room.clock.now());
-    QVERIFY(!breathing.face().isRunning && !breathing.due());
   }
 
   void habitsAreKeptInTheirFile() {

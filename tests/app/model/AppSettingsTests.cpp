@@ -1,4 +1,3 @@
-#include <QMetaProperty>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
@@ -15,49 +14,6 @@ class AppSettingsTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void everyPropertyIsStoredUnderItsNameAndNotifiesOnce_data() {
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QVariant>("other");
-    const QMetaObject& meta = AppSettings::staticMetaObject;
-    QVERIFY(meta.propertyCount() - meta.propertyOffset() > 20);
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-      const QMetaProperty property = meta.property(i);
-      TemporaryFolder folder;
-      UserDefaults defaults(folder / "defaults.json");
-      const QVariant was = property.read(std::make_unique<AppSettings>(defaults).get());
-      QVariant other;
-      if (property.metaType() == QMetaType::fromType<bool>()) other = !was.toBool();
-      if (property.metaType() == QMetaType::fromType<double>()) other = was.toDouble() > 0 ? was.toDouble() - 1 : 1.0;
-      if (property.metaType() == QMetaType::fromType<QStringList>()) other = QStringList(was.toStringList().last());
-      if (qstrcmp(property.name(), "dockEdge") == 0) other = QStringLiteral("left");
-      if (qstrcmp(property.name(), "buddyLevel") == 0) other = QStringLiteral("off");
-      if (qstrcmp(property.name(), "theme") == 0) other = QStringLiteral("dark");
-      QTest::newRow(property.name()) << QByteArray(property.name()) << other;
-    }
-  }
-
-  void everyPropertyIsStoredUnderItsNameAndNotifiesOnce() {
-    QFETCH(const QByteArray, name);
-    QFETCH(const QVariant, other);
-    TemporaryFolder folder;
-    UserDefaults defaults(folder / "defaults.json");
-    AppSettings settings(defaults);
-    const QMetaProperty property = settings.metaObject()->property(settings.metaObject()->indexOfProperty(name));
-    QVERIFY(other.isValid());
-    QVERIFY(property.read(&settings) != other);
-    QSignalSpy spy(&settings, property.notifySignal());
-    QVERIFY(property.write(&settings, other));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(property.read(&settings), other);
-
-    const UserDefaults stored(folder / "defaults.json");
-    QCOMPARE(stored.all().size(), 1u);
-    QVERIFY(stored.object(name.toStdString()));
-    UserDefaults again(folder / "defaults.json");
-    AppSettings later(again);
-    QCOMPARE(property.read(&later), other);
-  }
-
   void observersSeeTheNewValueInTheDefaults() {
     TemporaryFolder folder;
     UserDefaults defaults(folder / "defaults.json");

@@ -300,6 +300,47 @@ class PanelTests : public QObject {
       QCOMPARE(closing.count(), 2);
     }
   }
+
+  void rowsFollowTheActiveProfile() {
+    Stage stage;
+    const auto marked = [&](const char* widget) {
+      for (GalleryGroup* group : stage.gallery.groups())
+        for (const GalleryRow& row : group->rows()->rows())
+          if (row.widget == QLatin1String(widget)) return row.isOnBar;
+      return false;
+    };
+    QVERIFY(marked("clock"));
+    QVERIFY(!marked("battery"));
+    std::vector<std::unique_ptr<QSignalSpy>> resets;
+    for (GalleryGroup* group : stage.gallery.groups())
+      resets.push_back(std::make_unique<QSignalSpy>(group->rows(), &QAbstractItemModel::modelReset));
+    stage.model.setPinnedProfileID(stage.model.profiles()[1].id);
+    QVERIFY(marked("battery"));
+    stage.gallery.toggle("battery");
+    QVERIFY(!marked("battery"));
+    for (const auto& reset : resets) QCOMPARE(reset->count(), 0);
+  }
+
+  void whatTheLicenceDeniesShowsTheUpsell() {
+    Stage stage;
+    int shown = 0;
+    stage.license.showUpsell = [&] { ++shown; };
+    stage.license.setCheck([](ProFeature feature) { return feature != ProFeature::agentTracking; });
+    stage.gallery.toggle("agents");
+    QCOMPARE(shown, 1);
+    QVERIFY(!stage.model.isOnBar("agents"));
+    stage.gallery.toggle("battery");
+    QCOMPARE(shown, 1);
+    QVERIFY(stage.model.isOnBar("battery"));
+    stage.license.setCheck({});
+    stage.gallery.toggle("agents");
+    QVERIFY(stage.model.isOnBar("agents"));
+    // One that is on the bar can be taken off whatever the licence says.
+    stage.license.setCheck([](ProFeature) { return false; });
+    stage.gallery.toggle("agents");
+    QCOMPARE(shown, 1);
+    QVERIFY(!stage.model.isOnBar("agents"));
+  }
 };
 
 }  // namespace ambrel

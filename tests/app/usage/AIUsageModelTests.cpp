@@ -2,7 +2,6 @@
 #include <QTest>
 
 #include "app/usage/AIUsageModel.h"
-#include "app/usage/ClaudeStatusLineModel.h"
 #include "core/usage/ClaudeStatusLine.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fakes/HeldWork.h"
@@ -100,20 +99,6 @@ class AIUsageModelTests : public QObject {
     ClaudeStatusLine::remove(files);
     pass();
     QVERIFY(!model->claudeLimits());
-  }
-
-  void theRowSeesWhenAnotherHandConnectsTheHook() {
-    const ClaudeStatusLine::Files files(home->path(), home->path() / "data");
-    ClaudeStatusLineModel row(files);
-    QSignalSpy connections(&row, &ClaudeStatusLineModel::connectionChanged);
-    // At first there is not even a folder; later the file is replaced each time.
-    for (int round = 0; round < 2; ++round) {
-      ClaudeStatusLine::install(files);
-      QTRY_VERIFY(row.isConnected());
-      ClaudeStatusLine::remove(files);
-      QTRY_VERIFY(!row.isConnected());
-    }
-    QCOMPARE(connections.count(), 4);
   }
 
  private:

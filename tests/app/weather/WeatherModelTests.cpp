@@ -1,7 +1,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/weather/WeatherModel.h"
+#include "app/weather/WeatherArea.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/weather/WeatherSample.h"
 #include "tests/fakes/FakeClock.h"
@@ -22,11 +22,18 @@ struct Room {
       if (target.startsWith("/v1/air-quality?")) return air;
       return target.startsWith("/v1/search?") ? places : forecast;
     };
+    for (const char* key : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
+      defaults.set(key, DefaultsValue{server.url().toString().toStdString()});
   }
 
   WeatherModel make(WeatherModel::Setting setting = WeatherModel::mainSetting()) {
     return WeatherModel(std::move(setting), service, defaults, Calendar("Europe/Berlin", "en_GB"),
                         [this] { return clock.now(); });
+  }
+  // Both places, on the program's timer.
+  WeatherArea makeArea() {
+    return WeatherArea(
+        defaults, Calendar("Europe/Berlin", "en_GB"), [this] { return clock.now(); }, due);
   }
   // As in the panel.
   void choose(WeatherModel& model, const char* key, const DefaultsValue& value) {
@@ -48,6 +55,7 @@ struct Room {
   TemporaryFolder folder;
   UserDefaults defaults{folder / "defaults.json"};
   FakeClock clock{*parseISO8601("2026-07-14T09:41:00Z")};
+  DueTimer due{clock};
   LoopbackServer server;
   WeatherService service{{server.url(), server.url(), server.url()}, {.time = std::chrono::seconds(10), .jitter = 0}};
   Reply forecast{.body = sample("london.json")};
@@ -286,6 +294,33 @@ class WeatherModelTests : public QObject {
     QCOMPARE(model.texts().airScale, QStringLiteral("US AQI"));
     room.choose(model, "airQualityScale", {std::string("european")});
     QCOMPARE(model.texts().airScale, QStringLiteral("EU AQI"));
+  }
+
+  void theTwoPlacesHaveOneUnit() {
+    Room room;
+    WeatherArea area = room.makeArea();
+    area.setWanted(true, true);
+    QVERIFY(room.settled(4));
+    room.defaults.set("weatherFahrenheit", DefaultsValue{true});
+    area.defaultsChanged({"weatherFahrenheit"});
+    QVERIFY(room.settled(6));
+    QVERIFY(room.server.targets[4].contains("fahrenheit") && room.server.targets[5].contains("fahrenheit"));
+  }
+
+  void theTimerBringsTheNextForecast() {
+    Room room;
+    WeatherArea area = room.makeArea();
+    area.setWanted(true, false);
+    QVERIFY(until(*area.main(), [&] { return !area.main()->texts().airValue.isEmpty(); }));
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+          const auto wake = room.clock.wakeTime;
+          return wake && *wake >= room.clock.now() + minutes(30) && *wake < room.clock.now() + minutes(32);
+        },
+        15000));
+    room.clock.pass(minutes(32));
+    room.clock.ring();
+    QVERIFY(room.settled(4));
   }
 };
 
