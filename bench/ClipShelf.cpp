@@ -146,16 +146,4 @@ int measure(Bar& bar, int rounds) {
 
 }  // namespace
 
-int main(int count, char** words) try {
-  int rounds = 7, first = 1;
-  if (count > 2 && std::strcmp(words[1], "--rounds") == 0) {
-    rounds = std::max(1, std::atoi(words[2]));
-    first = 3;
-  }
-  if (first >= count) return std::fputs("usage: ClipShelf [--rounds N] PROGRAM...\n", stderr), 2;
-  Bar bar(words + first);
-  return measure(bar, rounds);
-} catch (const std::exception& error) {
-  std::fprintf(stderr, "ClipShelf: %s\n", error.what());
-  return 1;
-}
+int main(int count, char** words) { return measured("ClipShelf", count, words, measure); }

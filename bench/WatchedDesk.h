@@ -220,3 +220,18 @@ inline bool isWithin(const char* what, double value, double budget, const char* 
   std::printf("%-58s %7.1f %s, budget %.0f: %s\n", what, value, unit, budget, value <= budget ? "kept" : "MISSED");
   return value <= budget;
 }
+
+// The main function of a measurement: "NAME [--rounds N] PROGRAM...". `measure` gives the status to end with.
+inline int measured(const char* name, int count, char** words, int (*measure)(Bar& bar, int rounds)) try {
+  int rounds = 7, first = 1;
+  if (count > 2 && std::strcmp(words[1], "--rounds") == 0) {
+    rounds = std::max(1, std::atoi(words[2]));
+    first = 3;
+  }
+  if (first >= count) return std::fprintf(stderr, "usage: %s [--rounds N] PROGRAM...\n", name), 2;
+  Bar bar(words + first);
+  return measure(bar, rounds);
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "%s: %s\n", name, error.what());
+  return 1;
+}

@@ -1,21 +1,13 @@
 // Any bytes as the answer of a model server: it is read within its bounds, and cut in two it says the same.
 
-#include <cstdlib>
 #include <string_view>
 
 #include "core/assistant/ChatExchange.h"
 #include "core/base/JSON.h"
 #include "core/base/Text.h"
+#include "fuzz/Require.h"
 
 using namespace ambrel;
-
-namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);

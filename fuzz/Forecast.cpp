@@ -1,17 +1,13 @@
 // Whatever a forecast service sends, the texts of every tile can be made from it.
 
 #include <cmath>
-#include <cstdlib>
 
 #include "core/weather.h"
+#include "fuzz/Require.h"
 
 using namespace ambrel;
 
 namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void useAll(const Forecast& forecast, Instant now) {
   static const Calendar user("Europe/Berlin", "en_US");

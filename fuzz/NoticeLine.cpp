@@ -1,6 +1,5 @@
 // Lines of any bytes for the replay of notices: each is refused or answered, and the answers keep what they promise.
 
-#include <cstdlib>
 #include <string_view>
 
 #include "core/base/JSON.h"
@@ -8,14 +7,11 @@
 #include "core/buddy/BuddyBubbleQueue.h"
 #include "core/buddy/BuddyInbox.h"
 #include "core/buddy/NoticeReplay.h"
+#include "fuzz/Require.h"
 
 using namespace ambrel;
 
 namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void requireOrdered(const std::vector<BuddyNotice>& notices) {
   for (std::size_t i = 1; i < notices.size(); ++i) require(priority(notices[i - 1].rule) >= priority(notices[i].rule));

@@ -1,19 +1,11 @@
 // Whatever the simulator tool prints, the rule about its runtimes lists none that is the newest of its platform.
 
-#include <cstdlib>
 #include <map>
 
 #include "core/disk.h"
+#include "fuzz/Require.h"
 
 using namespace ambrel;
-
-namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Calendar calendar("UTC", "en_US");

@@ -10,12 +10,11 @@ class AgentHooksModel : public ConnectionModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
-  Q_PROPERTY(QString title READ title CONSTANT FINAL)  // "Claude Code"
 
  public:
   AgentHooksModel(AgentKind kind, const HookConnection::Places& places, QObject* parent = nullptr);
 
-  QString title() const;
+  QString title() const override;
   QString text() const override;
 
  protected:

@@ -16,7 +16,7 @@ ChatServerModel::ChatServerModel(const UserDefaults& defaults, ChatServerLimits 
     : QObject(parent), defaults_(defaults), limits_(limits) {}
 
 QNetworkAccessManager& ChatServerModel::network() {
-  // It brings threads and memory of its own, which a bar that asks nothing does without.
+  // It brings threads and memory of its own, so it is made when something is asked.
   if (!network_) {
     network_ = new QNetworkAccessManager(this);
     network_->setProxy(QNetworkProxy::NoProxy);

@@ -17,6 +17,8 @@
 
 namespace ambrel {
 
+struct PeekSignals;
+
 // What an area may ask of the program around it.
 class Shell {
  public:
@@ -60,6 +62,8 @@ class Area : public QObject {
   virtual void zoneChanged(Instant /*now*/) {}
   // Adds what the area knows to what Buddy's rules look at.
   virtual void addSignals(BuddySignals& /*signals*/, Instant /*now*/) {}
+  // Adds what the area knows of what may bring the bar out for a moment.
+  virtual void addPeeks(PeekSignals& /*signals*/, Instant /*now*/) {}
   // A click on a notification ("") or on one of its buttons. Says whether the notification is the area's.
   virtual bool answerNotification(const std::string& /*identifier*/, const std::string& /*action*/) { return false; }
   // The user has put the notification away.

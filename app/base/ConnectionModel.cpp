@@ -7,6 +7,7 @@ namespace ambrel {
 void ConnectionModel::follow(const std::filesystem::path& settings) {
   settings_ = std::make_unique<FollowedFile>(settings);
   connect(settings_.get(), &FollowedFile::changed, this, &ConnectionModel::look);
+  settings_->start();
   isConnected_ = isMade();
 }
 

@@ -14,6 +14,7 @@ class ConnectionModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("what the connections share")
+  Q_PROPERTY(QString title READ title CONSTANT FINAL)
   Q_PROPERTY(bool isConnected READ isConnected NOTIFY changed FINAL)
   // What the row says about the present state.
   Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
@@ -23,6 +24,7 @@ class ConnectionModel : public QObject {
  public:
   using QObject::QObject;
 
+  virtual QString title() const = 0;
   bool isConnected() const { return isConnected_; }
   virtual QString text() const = 0;
   QString problem() const { return problem_; }

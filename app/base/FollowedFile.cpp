@@ -1,14 +1,27 @@
 #include "app/base/FollowedFile.h"
 
 #include <QFile>
+#include <utility>
 
 namespace ambrel {
+namespace {
 
-FollowedFile::FollowedFile(const std::filesystem::path& file, QObject* parent) : QObject(parent), file_(file) {
+// Some editors empty a file before they write it.
+constexpr std::chrono::milliseconds editingPause{250};
+
+}  // namespace
+
+FollowedFile::FollowedFile(std::filesystem::path file, QObject* parent) : QObject(parent), file_(std::move(file)) {
+  pause_.setSingleShot(true);
+  pause_.setInterval(editingPause);
+  connect(&pause_, &QTimer::timeout, this, &FollowedFile::changed);
+}
+
+void FollowedFile::start() {
   for (const auto told : {&QFileSystemWatcher::fileChanged, &QFileSystemWatcher::directoryChanged})
     connect(&watcher_, told, this, [this] {
       watch();
-      Q_EMIT changed();
+      pause_.start();
     });
   watch();
 }

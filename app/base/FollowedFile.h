@@ -3,6 +3,7 @@
 
 #include <QFileSystemWatcher>
 #include <QObject>
+#include <QTimer>
 #include <filesystem>
 
 namespace ambrel {
@@ -11,10 +12,14 @@ class FollowedFile : public QObject {
   Q_OBJECT
 
  public:
-  explicit FollowedFile(const std::filesystem::path& file, QObject* parent = nullptr);
+  explicit FollowedFile(std::filesystem::path file, QObject* parent = nullptr);
+
+  // From now on changes are told.
+  void start();
 
  Q_SIGNALS:
-  // It may be another one now.
+  // Once the writing has paused; also for changes of our own, and for some of the file's folder. The name may stand for
+  // another file by then.
   void changed();
 
  private:
@@ -24,6 +29,7 @@ class FollowedFile : public QObject {
 
   std::filesystem::path file_;
   QFileSystemWatcher watcher_;
+  QTimer pause_;
 };
 
 }  // namespace ambrel

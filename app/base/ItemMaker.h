@@ -19,7 +19,7 @@ QQuickItem* makeItem(QQmlEngine& engine, const QUrl& source, std::span<const QOb
                      const QVariantMap& others);
 
 // Gives back what QML types and objects that nobody uses any more still hold. Takes some milliseconds: for when a panel
-// has gone, not for when one opens.
+// was closed, not for when one opens.
 void forgetUnused(QQmlEngine& engine);
 
 }  // namespace ambrel

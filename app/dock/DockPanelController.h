@@ -61,7 +61,7 @@ class DockPanelController : public QObject {
   std::function<bool()> isHoldingOpen;
   // Called when the user is done with the keyboard here, and whoever had it before may have it back.
   std::function<void()> onKeyboardLeft;
-  // Told the longest that the bar may be, whenever the placement is reckoned.
+  // Called with the greatest length that the bar may have, each time that it is placed.
   std::function<void(qreal)> onMaxLength;
 
   // Makes the window and begins to watch the pointer.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/base/QmlObjects.h"
+#include "core/dock.h"
 
 namespace ambrel {
 
@@ -38,6 +39,8 @@ void FocusArea::addSignals(BuddySignals& signals, Instant now) {
   signals.waterGlassesToday = water_.face().count;
   signals.waterDueAt = water_.waterDueAt(now);
 }
+
+void FocusArea::addPeeks(PeekSignals& signals, Instant now) { signals.waterDue = water_.waterDueAt(now); }
 
 bool FocusArea::answerNotification(const std::string& identifier, const std::string& action) {
   if (identifier == "alarm") {

@@ -53,6 +53,7 @@ class FocusArea : public Area {
 
   void defaultsChanged(const std::set<std::string>& keys) override;
   void addSignals(BuddySignals& signals, Instant now) override;
+  void addPeeks(PeekSignals& signals, Instant now) override;
   bool answerNotification(const std::string& identifier, const std::string& action) override;
   void notificationDismissed(const std::string& identifier) override;
 

@@ -48,8 +48,9 @@ void AppModel::save() {
 }
 
 void AppModel::followFile() {
-  connect(&watcher_, &FileWatcher::changed, this, &AppModel::takeOver);
+  connect(&watcher_, &FollowedFile::changed, this, &AppModel::takeOver);
   try {
+    makeFolders(store_.parent_path());
     watcher_.start();
   } catch (const std::exception& error) {
     logLine(std::string("cannot follow the profiles: ") + error.what());

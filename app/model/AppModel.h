@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
+#include "app/base/FollowedFile.h"
 #include "app/base/GadgetListModel.h"
-#include "app/model/FileWatcher.h"
 #include "app/model/LicenseManager.h"
 #include "app/model/ProfileRow.h"
 #include "core/base/UserDefaults.h"
@@ -99,7 +99,7 @@ class AppModel : public QObject {
   void update();
 
   std::filesystem::path store_;
-  FileWatcher watcher_;
+  FollowedFile watcher_;
   UserDefaults& defaults_;
   LicenseManager& license_;
   ListDisplays listDisplays_;

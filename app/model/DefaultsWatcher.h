@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-#include "app/model/FileWatcher.h"
+#include "app/base/FollowedFile.h"
 #include "core/base/UserDefaults.h"
 
 namespace ambrel {
@@ -26,7 +26,7 @@ class DefaultsWatcher : public QObject {
   void tell();
 
   UserDefaults& defaults_;
-  FileWatcher watcher_;
+  FollowedFile watcher_;
   std::set<std::string> keys_;
 };
 

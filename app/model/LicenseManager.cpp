@@ -14,6 +14,12 @@ bool LicenseManager::isPro() const {
   return std::ranges::all_of(features, [this](ProFeature feature) { return allows(feature); });
 }
 
+bool LicenseManager::permits(ProFeature feature) const {
+  const bool isAllowed = allows(feature);
+  if (!isAllowed && showUpsell) showUpsell();
+  return isAllowed;
+}
+
 void LicenseManager::setCheck(Check check) {
   const bool wasPro = isPro();
   check_ = std::move(check);

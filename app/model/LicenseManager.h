@@ -26,12 +26,14 @@ class LicenseManager : public QObject, public FeatureGate {
   // By the feature's name; a name that is no feature needs no licence.
   Q_INVOKABLE bool allows(const QString& feature) const;
   bool isPro() const;
+  // Whether the feature is allowed. If it is not, the user who asked for it is told what the licence would give.
+  bool permits(ProFeature feature) const;
 
   // Replaces the check; an empty one allows everything. Runs `onBecamePro` when features were denied before and none is
   // now.
   void setCheck(Check check);
 
-  // Explains what the licence would give, to a user who asked for something that is denied.
+  // Explains what the licence would give. Assigned by the program.
   std::function<void()> showUpsell;
   std::function<void()> onBecamePro;
 

@@ -44,11 +44,7 @@ void GalleryModel::toggle(const QString& name) {
     return;
   }
   const auto feature = requiredFeature(*widget);
-  if (feature && !model_.license().allows(*feature)) {
-    if (model_.license().showUpsell) model_.license().showUpsell();
-    return;
-  }
-  model_.addWidget(name.toStdString(), id, std::nullopt);
+  if (!feature || model_.license().permits(*feature)) model_.addWidget(name.toStdString(), id, std::nullopt);
 }
 
 void GalleryModel::update() {

@@ -31,11 +31,8 @@ SettingsPage {
         Repeater {
             model: root.agents ? [root.agents.claudeHooks, root.agents.codexHooks] : []
 
-            AgentHooksRow {
-                required property var modelData
-
-                hooks: modelData
-                title: modelData.title
+            ConnectionRow {
+                connectText: qsTr("Connect %1").arg(title)
             }
         }
     }

@@ -117,11 +117,7 @@ SettingsPage {
         Repeater {
             model: root.statusLine ? [root.statusLine] : []
 
-            ClaudeLimitsRow {
-                required property var modelData
-
-                statusLine: modelData
-            }
+            ConnectionRow {}
         }
         Repeater {
             model: root.budget ? [root.budget] : []

@@ -28,7 +28,7 @@ std::pair<QString, QString> span(const Calendar& calendar, double milliseconds) 
   return {toQString(decimal(calendar, milliseconds / 1000, 1)), tr("s")};
 }
 
-// Bytes a second that fill a chart: what little a network at rest carries is drawn as little.
+// Bytes a second that fill a chart. The few bytes of an idle network are drawn low.
 constexpr double quietNetwork = 10'000;
 
 }  // namespace

@@ -14,6 +14,7 @@ class ClaudeStatusLineModel : public ConnectionModel {
  public:
   explicit ClaudeStatusLineModel(ClaudeStatusLine::Files files, QObject* parent = nullptr);
 
+  QString title() const override { return tr("Claude's own percentages"); }
   QString text() const override;
 
  protected:

@@ -86,7 +86,7 @@ WeatherService::WeatherService(WeatherHosts hosts, WeatherLimits limits, QObject
 double WeatherService::jitter() const { return limits_.jitter * QRandomGenerator::global()->generateDouble(); }
 
 void WeatherService::get(Kind kind, const std::string& request, QObject* receiver, Answer answered) {
-  // It brings threads and memory of its own, which a bar without weather does without.
+  // It brings threads and memory of its own, so a bar without weather makes none.
   if (!network_) network_ = new QNetworkAccessManager(this);
   const QUrl& host = kind == Kind::forecast     ? hosts_.forecast
                      : kind == Kind::airQuality ? hosts_.airQuality

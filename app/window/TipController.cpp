@@ -33,7 +33,7 @@ void TipController::update() {
   if (!window_) {
     window_ = std::make_unique<PanelWindow>(engine_, style_, WindowRole::bubble);
     window_->setCornerRadius(Theme::radiusSmall);
-    // It may lie over what it speaks of, which is not to lose the pointer.
+    // It may cover its item, which must not lose the pointer.
     window_->setFlag(Qt::WindowTransparentForInput);
     window_->setInitialProperties({{QStringLiteral("window"), QVariant::fromValue(window_.get())}});
     window_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Window/TipView.qml")));

@@ -14,7 +14,7 @@ namespace {
 
 // A little more than the toast takes to fade.
 constexpr Seconds fade{0.2};
-// Between a toast and what it stands below.
+// Between a toast and what it is placed below.
 constexpr int toastGap = 16;
 
 }  // namespace

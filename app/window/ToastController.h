@@ -24,7 +24,7 @@ struct ToastMessage {
   QString symbol;
   QString action;  // the word on its button; empty without one
   std::function<void()> onAction;
-  // What it stands below, on this screen; empty: above the bar.
+  // What it is placed below, on this screen; empty: above the bar.
   QRect above;
   QRect screen;
 };
@@ -42,7 +42,7 @@ class ToastController : public QObject {
   void attach(QQmlEngine& engine, WindowStyle& style, std::function<PanelAnchor()> anchor);
   // Takes the window away for good; what comes after that is lost. Before the engine ends.
   void end();
-  // Where it must not lie, as another message's window; empty for nowhere.
+  // What it must not cover, such as another message; empty for nothing.
   std::function<QRect()> occupied;
 
   void show(const QString& title, const QString& detail, const QString& symbol);

@@ -54,10 +54,6 @@ std::optional<AgentSession> claudeSession(std::string_view identifier, const Rec
   return session;
 }
 
-std::vector<AgentSession> ClaudeCodeReader::sessions(const std::filesystem::path& home, Instant now) const {
-  return withoutLogs(logged(home, now));
-}
-
 std::vector<LoggedSession> ClaudeCodeReader::logged(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   std::vector<SessionFile> files;

@@ -1,26 +1,14 @@
 #pragma once
 // Claude Code: one log for each conversation, .claude/projects/<folder>/<identifier>.jsonl.
 
-#include <memory>
-
-#include "core/agents.h"
-#include "core/agents/FolderListings.h"
-#include "core/agents/SessionCache.h"
+#include "core/agents/LogReader.h"
 
 namespace ambrel {
 
-class ClaudeCodeReader : public AgentSessionReader {
+class ClaudeCodeReader : public LogReader {
  public:
-  explicit ClaudeCodeReader(AgentFolders folders = {}) : folders_(std::move(folders)) {}
-
-  std::vector<AgentSession> sessions(const std::filesystem::path& home, Instant now) const override;
-  // The same, each with its log.
-  std::vector<LoggedSession> logged(const std::filesystem::path& home, Instant now) const;
-
- private:
-  AgentFolders folders_;
-  std::shared_ptr<FolderListings> listings_ = std::make_shared<FolderListings>();
-  std::shared_ptr<SessionCache> cache_ = std::make_shared<SessionCache>();
+  using LogReader::LogReader;
+  std::vector<LoggedSession> logged(const std::filesystem::path& home, Instant now) const override;
 };
 
 // The session of one log; absent when its tail holds no turn of the user or the assistant.

@@ -42,10 +42,6 @@ AgentSession codexSession(std::string_view identifier, std::optional<std::string
   return session;
 }
 
-std::vector<AgentSession> CodexReader::sessions(const std::filesystem::path& home, Instant now) const {
-  return withoutLogs(logged(home, now));
-}
-
 std::vector<LoggedSession> CodexReader::logged(const std::filesystem::path& home, Instant now) const {
   const Instant since = advanced(now, -AgentTiming::recentWindow);
   LineParser parser;

@@ -169,7 +169,7 @@ bool isMainFolder(const std::string& url, const std::string& home) {
   const std::string base = standardizedPath(home);
   if (isWithin(base, path)) return true;
   const auto folders = mainFolders(base);
-  // Nor may one go along with a folder that holds it.
+  // So is a folder that holds one.
   if (std::any_of(folders.begin(), folders.end(), [&](const std::string& folder) { return isWithin(folder, path); }))
     return true;
   const auto target = leadsTo(url);

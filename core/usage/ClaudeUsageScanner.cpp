@@ -85,7 +85,7 @@ struct ClaudeUsageScanner::Impl {
     try {
       if (tasks.size() > 1 && bytes >= worthAThread) helper = std::jthread(work);
     } catch (const std::system_error&) {
-      // No second thread is to be had: one does it all.
+      // No second thread could be started: one does all the work.
     }
     work();
   }

@@ -31,7 +31,7 @@ ClipFilter filterOf(const Arguments& arguments, const ClipboardLibrary& library)
                    word + "'");
 }
 
-// A secret does not come on the screen by the way; whoever wants it asks for JSON.
+// A secret is not shown by accident; JSON has it.
 std::string shownName(const ClipItem& item) {
   const bool isSecret = item.kind == ClipKind::text && item.text && SensitiveText::isSensitive(*item.text);
   return isSecret ? "••••••••" : clipName(item);

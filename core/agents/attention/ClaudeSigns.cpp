@@ -157,12 +157,7 @@ class ClaudeLog {
 }  // namespace
 
 LogSigns claudeSigns(const RecordTail& tail, bool isWhole, LineParser& parser) {
-  ClaudeLog log;
-  tail.eachOldestFirst(parser, [&](const LineObject& record) {
-    log.read(record);
-    return true;
-  });
-  return log.finish(isWhole);
+  return signsOf<ClaudeLog>(tail, isWhole, parser);
 }
 
 }  // namespace ambrel

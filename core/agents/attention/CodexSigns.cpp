@@ -93,12 +93,7 @@ class CodexLog {
 }  // namespace
 
 LogSigns codexSigns(const RecordTail& tail, bool isWhole, LineParser& parser) {
-  CodexLog log;
-  tail.eachOldestFirst(parser, [&](const LineObject& record) {
-    log.read(record);
-    return true;
-  });
-  return log.finish(isWhole);
+  return signsOf<CodexLog>(tail, isWhole, parser);
 }
 
 }  // namespace ambrel

@@ -21,7 +21,7 @@ struct LogSigns {
     failed,       // an error of the service ended it
   };
   Turn turn = Turn::unknown;
-  std::optional<Instant> turnAt = {};  // of the record that decided; absent when it bears no time
+  std::optional<Instant> turnAt = {};  // of the record that decided; absent when that has no time
 
   // A question or a plan that nobody has answered. `source` is log.
   std::optional<AgentWait> open = {};
@@ -44,7 +44,17 @@ struct LogSigns {
   friend bool operator==(const LogSigns&, const LogSigns&) = default;
 };
 
-// `isWhole`: the tail is the whole log.
+// `Log` takes the records in the order in which they were written. `isWhole`: the tail is the whole log.
+template <typename Log>
+LogSigns signsOf(const RecordTail& tail, bool isWhole, LineParser& parser) {
+  Log log;
+  tail.eachOldestFirst(parser, [&](const LineObject& record) {
+    log.read(record);
+    return true;
+  });
+  return log.finish(isWhole);
+}
+
 LogSigns claudeSigns(const RecordTail& tail, bool isWhole, LineParser& parser);
 LogSigns codexSigns(const RecordTail& tail, bool isWhole, LineParser& parser);
 

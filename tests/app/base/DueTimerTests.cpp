@@ -31,72 +31,68 @@ void settle() { QCoreApplication::processEvents(); }
 
 }  // namespace
 
+using std::chrono::hours;
+using std::chrono::minutes;
+
 class DueTimerTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void waitsForTheFirstOfAll();
-  void tellsOfSleepBeforeAnythingFallsDue();
-  void tellsThatTheClockWasSet();
+  void waitsForTheFirstOfAll() {
+    FakeClock clock(*parseISO8601("2026-11-21T09:00:00Z"));
+    DueTimer timer(clock);
+    Listener one, two;
+    timer.add(one);
+    timer.add(two);
+    settle();
+    QVERIFY(!clock.wakeTime);
+    one.waitFor(clock.now() + minutes(10));
+    two.waitFor(clock.now() + minutes(5));
+    settle();
+    QVERIFY(clock.wakeTime == clock.now() + minutes(5));
+    clock.pass(minutes(5));
+    clock.ring();
+    settle();
+    QCOMPARE(two.told, QStringList{"tick"});
+    QVERIFY(one.told.isEmpty());
+    QVERIFY(clock.wakeTime == clock.now() + minutes(5));
+    one.waitFor({});
+    settle();
+    QVERIFY(!clock.wakeTime);
+  }
+
+  void tellsOfSleepBeforeAnythingFallsDue() {
+    FakeClock clock(*parseISO8601("2026-11-21T09:00:00Z"));
+    DueTimer timer(clock);
+    Listener listener;
+    timer.add(listener);
+    listener.waitFor(clock.now() + minutes(10));
+    settle();
+    clock.pass(minutes(1));
+    clock.sleep(hours(8));
+    clock.ring();
+    QCOMPARE(listener.told, (QStringList{"slept 28800", "tick"}));
+    clock.sleep(Seconds(1));
+    clock.ring();
+    QCOMPARE(listener.told.size(), 2);
+  }
+
+  void tellsThatTheClockWasSet() {
+    FakeClock clock(*parseISO8601("2026-11-21T09:00:00Z"));
+    DueTimer timer(clock);
+    Listener listener;
+    timer.add(listener);
+    settle();
+    clock.pass(minutes(3));
+    clock.set(clock.now() - hours(1));
+    clock.ring();
+    QCOMPARE(listener.told, QStringList{"moved -3600"});
+    clock.pass(minutes(3));
+    clock.set(clock.now() + std::chrono::milliseconds(900));
+    clock.ring();
+    QCOMPARE(listener.told.size(), 1);
+  }
 };
-
-using std::chrono::hours;
-using std::chrono::minutes;
-
-void DueTimerTests::waitsForTheFirstOfAll() {
-  FakeClock clock(*parseISO8601("2026-11-21T09:00:00Z"));
-  DueTimer timer(clock);
-  Listener one, two;
-  timer.add(one);
-  timer.add(two);
-  settle();
-  QVERIFY(!clock.wakeTime);
-  one.waitFor(clock.now() + minutes(10));
-  two.waitFor(clock.now() + minutes(5));
-  settle();
-  QVERIFY(clock.wakeTime == clock.now() + minutes(5));
-  clock.pass(minutes(5));
-  clock.ring();
-  settle();
-  QCOMPARE(two.told, QStringList{"tick"});
-  QVERIFY(one.told.isEmpty());
-  QVERIFY(clock.wakeTime == clock.now() + minutes(5));
-  one.waitFor({});
-  settle();
-  QVERIFY(!clock.wakeTime);
-}
-
-void DueTimerTests::tellsOfSleepBeforeAnythingFallsDue() {
-  FakeClock clock(*parseISO8601("2026-11-21T09:00:00Z"));
-  DueTimer timer(clock);
-  Listener listener;
-  timer.add(listener);
-  listener.waitFor(clock.now() + minutes(10));
-  settle();
-  clock.pass(minutes(1));
-  clock.sleep(hours(8));
-  clock.ring();
-  QCOMPARE(listener.told, (QStringList{"slept 28800", "tick"}));
-  clock.sleep(Seconds(1));
-  clock.ring();
-  QCOMPARE(listener.told.size(), 2);
-}
-
-void DueTimerTests::tellsThatTheClockWasSet() {
-  FakeClock clock(*parseISO8601("2026-11-21T09:00:00Z"));
-  DueTimer timer(clock);
-  Listener listener;
-  timer.add(listener);
-  settle();
-  clock.pass(minutes(3));
-  clock.set(clock.now() - hours(1));
-  clock.ring();
-  QCOMPARE(listener.told, QStringList{"moved -3600"});
-  clock.pass(minutes(3));
-  clock.set(clock.now() + std::chrono::milliseconds(900));
-  clock.ring();
-  QCOMPARE(listener.told.size(), 1);
-}
 
 }  // namespace ambrel
 

@@ -35,9 +35,9 @@ class AppDelegateTests : public QObject {
   void itComesUpWithTheBar() {
     Program program;
     program.delegate->launch();
-    QVERIFY(program.delegate->dock()->presentation().isShown());
+    QVERIFY(program.delegate->bar().dock().presentation().isShown());
     QVERIFY(!program.slotsOfBar().empty());
-    QVERIFY(!program.delegate->welcomePanel()->isShown());
+    QVERIFY(!program.delegate->bar().welcomePanel().isShown());
     QTest::qWait(0);
     QCOMPARE(program.warnings.take(), QStringList());
   }
@@ -45,7 +45,7 @@ class AppDelegateTests : public QObject {
   void theFirstRunWelcomes() {
     Program program(true);
     program.delegate->launch();
-    DockPopoverController* guide = program.delegate->welcomePanel();
+    DockPopoverController* guide = &program.delegate->bar().welcomePanel();
     const auto isDone = [&] {
       return UserDefaults(program.folder / "defaults.json").boolean("welcomeDone").has_value();
     };
@@ -70,7 +70,7 @@ class AppDelegateTests : public QObject {
   void wishesOpenAndClosePanelsOneAtATime() {
     Program program;
     program.delegate->launch();
-    const auto isAgentsShown = [&] { return program.delegate->agentsPanel()->isShown(); };
+    const auto isAgentsShown = [&] { return program.delegate->bar().agentsPanel().isShown(); };
     program.delegate->carryOut(wish::ToggleAgents{});
     QVERIFY(isAgentsShown());
     program.delegate->carryOut(wish::ToggleAgents{});
@@ -78,7 +78,7 @@ class AppDelegateTests : public QObject {
     program.delegate->carryOut(wish::ToggleAgents{});
     // The settings are never closed by their wish.
     for (int i = 0; i < 2; ++i) program.delegate->carryOut(wish::Settings{});
-    QVERIFY(!isAgentsShown() && program.delegate->settingsPanel()->isShown());
+    QVERIFY(!isAgentsShown() && program.delegate->bar().settingsPanel().isShown());
     QCOMPARE(program.warnings.take(), QStringList());
   }
 
@@ -90,14 +90,14 @@ class AppDelegateTests : public QObject {
     const QQuickItem* slot = program.slotOf("disk");
     QTest::mouseClick(slot->window(), Qt::LeftButton, {},
                       slot->mapToScene({slot->width() / 2, slot->height() / 2}).toPoint());
-    QVERIFY(program.delegate->diskDoctor()->isShown());
-    program.delegate->diskDoctor()->close();
+    QVERIFY(program.delegate->areas().disk.window().isShown());
+    program.delegate->areas().disk.window().close();
     program.delegate->carryOut(wish::OpenDiskDoctor{});
-    QVERIFY(program.delegate->diskDoctor()->isShown());
+    QVERIFY(program.delegate->areas().disk.window().isShown());
     // It is a window and no panel: panels come and go beside it.
     program.delegate->carryOut(wish::Settings{});
-    QVERIFY(program.delegate->settingsPanel()->isShown());
-    QVERIFY(program.delegate->diskDoctor()->isShown());
+    QVERIFY(program.delegate->bar().settingsPanel().isShown());
+    QVERIFY(program.delegate->areas().disk.window().isShown());
     QCOMPARE(program.warnings.take(), QStringList());
   }
 
@@ -109,7 +109,7 @@ class AppDelegateTests : public QObject {
       if (isTaken) program.desktop.hotKeys.takenByOthers = {keys};
       program.delegate->launch();
       QCOMPARE(program.desktop.hotKeys.press(keys), !isTaken);
-      QVERIFY(program.delegate->dock()->presentation().isShown());
+      QVERIFY(program.delegate->bar().dock().presentation().isShown());
     }
   }
 
@@ -128,8 +128,8 @@ class AppDelegateTests : public QObject {
     program.delegate->launch();
     program.delegate->license().setCheck([](ProFeature feature) { return feature != ProFeature::agentTracking; });
     program.delegate->carryOut(wish::ToggleAgents{});
-    QVERIFY(!program.delegate->agentsPanel()->isShown());
-    QVERIFY(program.delegate->isAnyPanelOpen());
+    QVERIFY(!program.delegate->bar().agentsPanel().isShown());
+    QVERIFY(program.delegate->bar().isAnyPanelOpen());
   }
 
   void theDisplaysMayChooseWithoutALicence() {
@@ -140,7 +140,7 @@ class AppDelegateTests : public QObject {
     program.delegate->license().setCheck([](ProFeature) { return false; });
     program.delegate->carryOut(MenuCommand::pinProfile, model.profiles().front().id);
     QCOMPARE(model.pinnedProfileID(), std::optional(model.profiles().back().id));
-    QVERIFY(program.delegate->isAnyPanelOpen());
+    QVERIFY(program.delegate->bar().isAnyPanelOpen());
     program.delegate->carryOut(MenuCommand::pinProfile, std::nullopt);
     QVERIFY(!model.pinnedProfileID());
   }
@@ -164,15 +164,15 @@ class AppDelegateTests : public QObject {
   void buddysTileOpensHisInbox() {
     Program program;
     program.delegate->launch();
-    WidgetContext& context = *program.delegate->context();
+    WidgetContext& context = program.delegate->context();
     Q_EMIT context.activationAsked(context.itemOf("buddy"));
-    QVERIFY(program.delegate->inboxPanel()->isShown());
+    QVERIFY(program.delegate->bar().inboxPanel().isShown());
     // What he would say meanwhile can be read there.
-    program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
-    QVERIFY(!program.delegate->notices()->hasBubble());
+    program.delegate->areas().notices().post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+    QVERIFY(!program.delegate->areas().notices().hasBubble());
     Q_EMIT context.activationAsked(context.itemOf("buddy"));
-    QVERIFY(!program.delegate->inboxPanel()->isShown());
-    QCOMPARE(program.delegate->notices()->inbox().newCount, 0);
+    QVERIFY(!program.delegate->bar().inboxPanel().isShown());
+    QCOMPARE(program.delegate->areas().notices().inbox().newCount, 0);
     QCOMPARE(program.warnings.take(), QStringList());
   }
 
@@ -181,9 +181,9 @@ class AppDelegateTests : public QObject {
     program.delegate->launch();
     program.desktop.pointer.at = Point{800, 450};
     program.delegate->settings().set(setting::barAlwaysVisible, false);
-    DockPanelController& bar = *program.delegate->dock();
-    program.delegate->notices()->post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
-    QVERIFY(program.delegate->notices()->hasBubble());
+    DockPanelController& bar = program.delegate->bar().dock();
+    program.delegate->areas().notices().post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+    QVERIFY(program.delegate->areas().notices().hasBubble());
     const auto pass = [&](double seconds) {
       for (int i = 0; i < seconds * 10; ++i) {
         program.desktop.clock.pass(Seconds(0.1));
@@ -192,7 +192,7 @@ class AppDelegateTests : public QObject {
     };
     pass(30);
     QVERIFY(bar.presentation().isShown());
-    program.delegate->notices()->closeBubble();
+    program.delegate->areas().notices().closeBubble();
     pass(1);
     QVERIFY(!bar.presentation().isShown());
     QCOMPARE(program.warnings.take(), QStringList());

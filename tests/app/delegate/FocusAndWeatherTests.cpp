@@ -53,7 +53,7 @@ struct Desk : Program {
       identifiers.push_back(notification.identifier);
     return identifiers;
   }
-  FocusArea& focus() const { return delegate->focus(); }
+  FocusArea& focus() const { return delegate->areas().focus; }
 };
 
 }  // namespace
@@ -131,7 +131,7 @@ class FocusAndWeatherTests : public QObject {
     for (const char* widget : {"weather", "secondCity"}) {
       desk.click(widget);
       QTRY_VERIFY(desk.panel());
-      auto* weather = &desk.delegate->weather();
+      auto* weather = &desk.delegate->areas().weather;
       (widget == std::string("weather") ? weather->main() : weather->second())
           ->choose(WeatherPlace{"Tokyo", "Japan", 35.7, 139.7});
       QTRY_VERIFY(!desk.panel());
@@ -211,19 +211,6 @@ class FocusAndWeatherTests : public QObject {
     QCOMPARE(desk.panel()->property("title").toString(), QStringLiteral("Break"));
   }
 
-  void breaksDisturbOnlyFromTheBar() {
-    Desk desk({"clock"});
-    desk.focus().water()->add();
-    desk.pass(hours(2));
-    QVERIFY(desk.told().empty());
-    desk.putOnBar({"eyeBreak", "standUp", "water"});
-    desk.pass(minutes(50));
-    for (const char* identifier : {"eyeBreak", "standUp", "water"}) {
-      const auto told = desk.told();
-      QVERIFY2(std::find(told.begin(), told.end(), identifier) != told.end(), identifier);
-    }
-  }
-
   // At 09:41 by Greenwich, on a Saturday.
   void aChangedZoneIsFollowed() {
     Desk desk({"clock", "alarm", "water", "mood"});
@@ -233,12 +220,12 @@ class FocusAndWeatherTests : public QObject {
     QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Tomorrow"));
 
     desk.desktop.timeZone.set("America/New_York");
-    QCOMPARE(desk.delegate->clock().face().time, QStringLiteral("4:41\u202fAM"));
+    QCOMPARE(desk.delegate->areas().time.clock()->face().time, QStringLiteral("4:41\u202fAM"));
     QCOMPARE(desk.focus().alarm()->face().detail, QStringLiteral("Today"));
     QCOMPARE(desk.focus().water()->face().nextText, QStringLiteral("Next glass at 5:11\u202fAM"));
 
     desk.desktop.timeZone.set("Pacific/Kiritimati");
-    QCOMPARE(desk.delegate->clock().face().weekday, QStringLiteral("Saturday"));
+    QCOMPARE(desk.delegate->areas().time.clock()->face().weekday, QStringLiteral("Saturday"));
     desk.desktop.clock.pass(minutes(30));
     desk.desktop.timeZone.set("Pacific/Kiritimati");
     QCOMPARE(desk.focus().mood()->week().today, 0);
@@ -249,7 +236,7 @@ class FocusAndWeatherTests : public QObject {
     Desk desk({"water"});
     desk.focus().water()->add();
     PeekSignals signals;
-    desk.delegate->peeker()->gatherMore(signals);
+    desk.delegate->bar().peeker().gatherMore(signals);
     QVERIFY(signals.waterDue == desk.desktop.clock.now() + minutes(30));
   }
 

@@ -42,7 +42,7 @@ struct Program {
     delegate->model().setProfiles({profile});
   }
   QQuickItem* bar() const {
-    auto* window = qobject_cast<QQuickWindow*>(delegate->dock()->window());
+    auto* window = qobject_cast<QQuickWindow*>(delegate->bar().dock().window());
     return window ? window->contentItem() : nullptr;
   }
   // The slots of the bar that show a widget, in no particular order.

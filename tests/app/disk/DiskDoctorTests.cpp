@@ -250,21 +250,6 @@ class DiskDoctorTests : public QObject {
     QCOMPARE(doctor.face().summary, "Moved 2 MB to the Trash. Scan again to see what is left.");
   }
 
-  // Neither the Trash nor what no rule has listed, by whatever id it is asked for.
-  void whatWasNeverFoundCannotBeMoved() {
-    DiskHome desk;
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
-    for (const char* path :
-         {"", "Documents", "Documents/thesis.pdf", "Downloads", ".local/share/Trash", ".cache/pip/wheels"})
-      desk.choose(path);
-    for (const char* id : {"", "/", "group:trash", "rule:trash", "group:", "group:ungrouped", "reason:duplicates"})
-      doctor.findings()->setSelected(id, true);
-    QCOMPARE(doctor.findings()->selection().paths().size(), 0u);
-    doctor.reviewSelection();
-    QCOMPARE(doctor.review()->face().stage, Stage::closed);
-  }
-
   void namesAreBytes() {
     DiskHome desk;
     const std::string odd = "caf\xe9 \xff\n\xe2\x80\xae.iso";

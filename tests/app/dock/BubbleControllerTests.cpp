@@ -77,7 +77,7 @@ void BubbleControllerTests::itNeverTakesTheKeyboard() {
   f.say("8.2 GB free.");
   QCOMPARE(f.style.prepared.back().second, WindowRole::bubble);
   QVERIFY(!f.bubble->window()->isActive());
-  // Clicks beside the bubble go to what lies below.
+  // Clicks beside the bubble go to the window below.
   const Rect input = f.style.inputs.back();
   const QPoint corner = f.bubble->window()->position() + QPoint(int(input.x), int(input.y));
   QCOMPARE(QRect(corner, QSize(int(input.width), int(input.height))), f.frame());

@@ -9,33 +9,6 @@
 
 namespace ambrel {
 
-class SymbolTests : public QObject {
-  Q_OBJECT
-
- private Q_SLOTS:
-  void namesAreFoundAsTheyAreWritten();
-  void everyGlyphIsInTheFont();
-  void everyWidgetHasADrawnSymbol();
-  void weatherPicturesDiffer();
-
- private:
-  static QImage drawn(const QString& name, int size = 24);
-};
-
-QImage SymbolTests::drawn(const QString& name, int size) {
-  Symbol symbol;
-  symbol.setProperty("name", name);
-  symbol.setProperty("color", QColor(Qt::black));
-  symbol.setProperty("size", size);
-  symbol.setWidth(size);
-  symbol.setHeight(size);
-  QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
-  QPainter painter(&image);
-  symbol.paint(&painter);
-  return image;
-}
-
 static int inkedPixels(const QImage& image) {
   int count = 0;
   for (int y = 0; y < image.height(); ++y)
@@ -43,41 +16,61 @@ static int inkedPixels(const QImage& image) {
   return count;
 }
 
-void SymbolTests::namesAreFoundAsTheyAreWritten() {
-  for (const SymbolGlyph& entry : symbolTable()) QVERIFY(glyphOf(entry.name) == entry.glyph);
-  for (const char* name : {"", "cp", "cpux", "zzzz", "CPU"}) QVERIFY2(!glyphOf(name), name);
-}
+class SymbolTests : public QObject {
+  Q_OBJECT
 
-void SymbolTests::everyGlyphIsInTheFont() {
-  QVERIFY2(QFontDatabase::hasFamily(QString::fromLatin1(symbolFontFamily)), "the icon font is not installed");
-  QFont font(QString::fromLatin1(symbolFontFamily));
-  const QRawFont raw = QRawFont::fromFont(font);
-  for (const SymbolGlyph& entry : symbolTable())
-    QVERIFY2(raw.supportsCharacter(static_cast<uint>(entry.glyph)), std::string(entry.name).c_str());
-}
-
-void SymbolTests::everyWidgetHasADrawnSymbol() {
-  const QImage unknown = drawn("no such symbol");
-  QVERIFY(inkedPixels(unknown) > 10);
-  QCOMPARE(inkedPixels(drawn("")), 0);
-  for (const DockWidget widget : allCases<DockWidget>()) {
-    const std::string name(symbol(widget));
-    const QImage image = drawn(QString::fromStdString(name));
-    QVERIFY2(inkedPixels(image) > 20 && image != unknown, name.c_str());
+ private Q_SLOTS:
+  void namesAreFoundAsTheyAreWritten() {
+    for (const SymbolGlyph& entry : symbolTable()) QVERIFY(glyphOf(entry.name) == entry.glyph);
+    for (const char* name : {"", "cp", "cpux", "zzzz", "CPU"}) QVERIFY2(!glyphOf(name), name);
   }
-}
 
-void SymbolTests::weatherPicturesDiffer() {
-  const QStringList names{"sun.max.fill",       "cloud.sun.fill",  "cloud.fill",      "cloud.fog.fill",
-                          "cloud.drizzle.fill", "cloud.rain.fill", "cloud.snow.fill", "cloud.bolt.rain.fill"};
-  QList<QImage> images;
-  for (const QString& name : names) {
-    const QImage image = drawn(name);
-    QVERIFY2(inkedPixels(image) > 60, qPrintable(name));
-    QVERIFY2(!images.contains(image), qPrintable(name));
-    images << image;
+  void everyGlyphIsInTheFont() {
+    QVERIFY2(QFontDatabase::hasFamily(QString::fromLatin1(symbolFontFamily)), "the icon font is not installed");
+    QFont font(QString::fromLatin1(symbolFontFamily));
+    const QRawFont raw = QRawFont::fromFont(font);
+    for (const SymbolGlyph& entry : symbolTable())
+      QVERIFY2(raw.supportsCharacter(static_cast<uint>(entry.glyph)), std::string(entry.name).c_str());
   }
-}
+
+  void everyWidgetHasADrawnSymbol() {
+    const QImage unknown = drawn("no such symbol");
+    QVERIFY(inkedPixels(unknown) > 10);
+    QCOMPARE(inkedPixels(drawn("")), 0);
+    for (const DockWidget widget : allCases<DockWidget>()) {
+      const std::string name(symbol(widget));
+      const QImage image = drawn(QString::fromStdString(name));
+      QVERIFY2(inkedPixels(image) > 20 && image != unknown, name.c_str());
+    }
+  }
+
+  void weatherPicturesDiffer() {
+    const QStringList names{"sun.max.fill",       "cloud.sun.fill",  "cloud.fill",      "cloud.fog.fill",
+                            "cloud.drizzle.fill", "cloud.rain.fill", "cloud.snow.fill", "cloud.bolt.rain.fill"};
+    QList<QImage> images;
+    for (const QString& name : names) {
+      const QImage image = drawn(name);
+      QVERIFY2(inkedPixels(image) > 60, qPrintable(name));
+      QVERIFY2(!images.contains(image), qPrintable(name));
+      images << image;
+    }
+  }
+
+ private:
+  static QImage drawn(const QString& name, int size = 24) {
+    Symbol symbol;
+    symbol.setProperty("name", name);
+    symbol.setProperty("color", QColor(Qt::black));
+    symbol.setProperty("size", size);
+    symbol.setWidth(size);
+    symbol.setHeight(size);
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    symbol.paint(&painter);
+    return image;
+  }
+};
 
 }  // namespace ambrel
 

@@ -41,238 +41,218 @@ class AppModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void anUnreadableFileIsLoggedAndStaysUntilTheNextEdit();
-  void theOldWidgetListIsConvertedSavedAndForgotten();
-  void theDisplaysChooseUntilAProfileIsPinned();
-  void aMomentWithoutScreensKeepsTheProfile();
-  void withoutTheFeatureTheFirstProfileIsTheAnswer();
-  void editsAreSavedAtOnce();
-  void anUnknownIdDoesNothingAtAll();
-  void deletingThePinnedProfileClearsThePin();
-  void aSaveThatFailsIsLoggedAndTheChangeStands();
-  void editsOfAnotherProfileDoNotTouchTheBar();
-  void theListShowsEachProfileOnce();
-  void theLicenceTellsWhenItBecomesPro();
-  void whatOthersWriteIsTakenOver();
-};
-
-void AppModelTests::anUnreadableFileIsLoggedAndStaysUntilTheNextEdit() {
-  Fixture f;
-  f.folder.write("Ambrel/profiles.json", "{not json");
-  QTest::ignoreMessage(QtWarningMsg,
-                       QRegularExpression(QStringLiteral("^Ambrel: cannot read profiles, using defaults: .+")));
-  f.start();
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-  QCOMPARE(readFile(f.store).value_or(""), std::string("{not json"));
-  f.model->addProfile("Third", std::nullopt);
-  QCOMPARE(f.stored().size(), 3u);
-}
-
-void AppModelTests::theOldWidgetListIsConvertedSavedAndForgotten() {
-  Fixture f;
-  f.folder.write("Ambrel/profiles.json", R"([{"id":"00000000-0000-4000-8000-000000000001","name":"Old","items":[]}])");
-  f.defaults.set("dockWidgets", std::vector<std::string>{"clock", "memory"});
-  f.start();
-  const std::vector<std::string> expected{"clock", "memory"};
-  QCOMPARE(widgetsOf(*f.model->activeProfile()), expected);
-  QCOMPARE(widgetsOf(f.stored().front()), expected);
-  QCOMPARE(UserDefaults(f.folder / "defaults.json").object("dockWidgets"), nullptr);
-  const auto ids = f.stored();
-  f.start();
-  QVERIFY(f.model->profiles() == ids);
-}
-
-void AppModelTests::theDisplaysChooseUntilAProfileIsPinned() {
-  Fixture f;
-  f.start();
-  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
-  QSignalSpy displays(f.model.get(), &AppModel::displaysChanged);
-  f.model->refreshDisplays();
-  QCOMPARE(displays.count(), 0);
-  f.displays = {lid, monitor};
-  f.model->refreshDisplays();
-  QCOMPARE(f.activeName(), std::string("Desk"));
-  QCOMPARE(active.count(), 1);
-  f.displays = {lid};
-  f.model->refreshDisplays();
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-
-  f.model->setPinnedProfileID(f.model->profiles()[1].id);
-  QCOMPARE(f.activeName(), std::string("Desk"));
-  f.model->setPinnedProfileText(QString());
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-  f.model->setPinnedProfileID(UUID::random());
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-  // Held in memory alone.
-  f.model->setPinnedProfileID(f.model->profiles()[1].id);
-  f.start();
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-}
-
-void AppModelTests::aMomentWithoutScreensKeepsTheProfile() {
-  Fixture f;
-  f.displays = {monitor};
-  f.start();
-  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
-  f.displays = {};
-  f.model->refreshDisplays();
-  QCOMPARE(f.activeName(), std::string("Desk"));
-  QCOMPARE(f.model->displays().size(), 1u);
-  QCOMPARE(active.count(), 0);
-}
-
-void AppModelTests::withoutTheFeatureTheFirstProfileIsTheAnswer() {
-  Fixture f;
-  f.displays = {monitor};
-  f.start();
-  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
-  f.license.setCheck([](ProFeature feature) { return feature != ProFeature::profileSwitching; });
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-  QCOMPARE(active.count(), 1);
-  f.model->setPinnedProfileID(f.model->profiles()[1].id);
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-  QCOMPARE(f.model->profiles().size(), 2u);
-  f.license.setCheck({});
-  QCOMPARE(f.activeName(), std::string("Desk"));
-}
-
-void AppModelTests::editsAreSavedAtOnce() {
-  Fixture f;
-  f.start();
-  QVERIFY2(!std::filesystem::exists(f.store), "a first run writes nothing");
-  QSignalSpy profiles(f.model.get(), &AppModel::profilesChanged);
-  f.model->setProfiles(f.model->profiles());
-  QVERIFY2(profiles.empty() && !std::filesystem::exists(f.store), "nothing has changed");
-  const UUID laptop = f.model->profiles()[0].id;
-  f.model->addWidget("memory", laptop, f.model->profiles()[0].items[1].id);
-  QCOMPARE(widgetsOf(f.stored()[0])[1], std::string("memory"));
-  const auto items = f.model->profiles()[0].items;
-  f.model->moveItem(items[0].id, items[5].id, laptop);
-  QCOMPARE(widgetsOf(f.stored()[0])[5], std::string("clipboard"));
-  f.model->removeItem(items[1].id, laptop);
-  f.model->removeWidget("cpu", laptop);
-  QCOMPARE(widgetsOf(f.stored()[0]), (std::vector<std::string>{"weather", "disk", "clock", "clipboard"}));
-  const QString added = f.model->addProfile(QStringLiteral("Away"), QStringLiteral("external"));
-  QCOMPARE(f.stored()[2].trigger, std::optional(DisplayContext::external));
-  f.model->renameProfile(added, QStringLiteral("Train"));
-  QCOMPARE(f.stored()[2].name, std::string("Train"));
-  f.model->deleteProfile(added);
-  QCOMPARE(f.stored().size(), 2u);
-  QVERIFY(f.stored() == f.model->profiles());
-}
-
-void AppModelTests::anUnknownIdDoesNothingAtAll() {
-  Fixture f;
-  f.start();
-  const auto before = f.model->profiles();
-  QSignalSpy profiles(f.model.get(), &AppModel::profilesChanged);
-  for (const QString& id : {QString::fromStdString(UUID::random().text()), QString(), QStringLiteral("no id")}) {
-    f.model->addWidget(QStringLiteral("uuid"), id);
-    f.model->removeWidget(QStringLiteral("cpu"), id);
-    f.model->moveItem(QString::fromStdString(before[0].items[0].id.text()),
-                      QString::fromStdString(before[0].items[1].id.text()), id);
-    f.model->removeItem(QString::fromStdString(before[0].items[0].id.text()), id);
-    f.model->deleteProfile(id);
-    f.model->renameProfile(id, QStringLiteral("Train"));
+  void anUnreadableFileIsLoggedAndStaysUntilTheNextEdit() {
+    Fixture f;
+    f.folder.write("Ambrel/profiles.json", "{not json");
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("^Ambrel: cannot read profiles, using defaults: .+")));
+    f.start();
+    QCOMPARE(f.activeName(), std::string("Laptop"));
+    QCOMPARE(readFile(f.store).value_or(""), std::string("{not json"));
+    f.model->addProfile("Third", std::nullopt);
+    QCOMPARE(f.stored().size(), 3u);
   }
-  QVERIFY(f.model->profiles() == before);
-  QCOMPARE(profiles.count(), 0);
-  QVERIFY(!std::filesystem::exists(f.store));
-}
 
-void AppModelTests::deletingThePinnedProfileClearsThePin() {
-  Fixture f;
-  f.start();
-  const UUID desk = f.model->profiles()[1].id, laptop = f.model->profiles()[0].id;
-  f.model->setPinnedProfileID(desk);
-  f.model->deleteProfile(desk);
-  QCOMPARE(f.model->pinnedProfileID().has_value(), false);
-  QCOMPARE(f.activeName(), std::string("Laptop"));
-  // The last one stays, and so does its pin.
-  f.model->setPinnedProfileID(laptop);
-  f.model->deleteProfile(laptop);
-  QCOMPARE(f.model->profiles().size(), 1u);
-  QVERIFY(f.model->pinnedProfileID() == laptop);
-}
+  void theOldWidgetListIsConvertedSavedAndForgotten() {
+    Fixture f;
+    f.folder.write("Ambrel/profiles.json",
+                   R"([{"id":"00000000-0000-4000-8000-000000000001","name":"Old","items":[]}])");
+    f.defaults.set("dockWidgets", std::vector<std::string>{"clock", "memory"});
+    f.start();
+    const std::vector<std::string> expected{"clock", "memory"};
+    QCOMPARE(widgetsOf(*f.model->activeProfile()), expected);
+    QCOMPARE(widgetsOf(f.stored().front()), expected);
+    QCOMPARE(UserDefaults(f.folder / "defaults.json").object("dockWidgets"), nullptr);
+    const auto ids = f.stored();
+    f.start();
+    QVERIFY(f.model->profiles() == ids);
+  }
 
-void AppModelTests::aSaveThatFailsIsLoggedAndTheChangeStands() {
-  Fixture f;
-  f.folder.write("Ambrel", "a file where the folder should be");
-  QTest::ignoreMessage(QtWarningMsg,
-                       QRegularExpression(QStringLiteral("^Ambrel: cannot save profiles: .*Ambrel.*: .+")));
-  f.start();
-  f.model->addProfile("Third", std::nullopt);
-  QCOMPARE(f.model->profiles().size(), 3u);
-  QCOMPARE(readFile(f.folder / "Ambrel").value_or(""), std::string("a file where the folder should be"));
-}
+  void theDisplaysChooseUntilAProfileIsPinned() {
+    Fixture f;
+    f.start();
+    QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+    QSignalSpy displays(f.model.get(), &AppModel::displaysChanged);
+    f.model->refreshDisplays();
+    QCOMPARE(displays.count(), 0);
+    f.displays = {lid, monitor};
+    f.model->refreshDisplays();
+    QCOMPARE(f.activeName(), std::string("Desk"));
+    QCOMPARE(active.count(), 1);
+    f.displays = {lid};
+    f.model->refreshDisplays();
+    QCOMPARE(f.activeName(), std::string("Laptop"));
 
-void AppModelTests::editsOfAnotherProfileDoNotTouchTheBar() {
-  Fixture f;
-  f.start();
-  QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
-  f.model->addWidget("memory", f.model->profiles()[1].id, std::nullopt);
-  QCOMPARE(active.count(), 0);
-  QVERIFY(!f.model->isOnBar(QStringLiteral("memory")));
-  f.model->addWidget("memory", f.model->profiles()[0].id, std::nullopt);
-  QCOMPARE(active.count(), 1);
-  QVERIFY(f.model->isOnBar(QStringLiteral("memory")));
-}
+    f.model->setPinnedProfileID(f.model->profiles()[1].id);
+    QCOMPARE(f.activeName(), std::string("Desk"));
+    f.model->setPinnedProfileText(QString());
+    QCOMPARE(f.activeName(), std::string("Laptop"));
+    f.model->setPinnedProfileID(UUID::random());
+    QCOMPARE(f.activeName(), std::string("Laptop"));
+    // Held in memory alone.
+    f.model->setPinnedProfileID(f.model->profiles()[1].id);
+    f.start();
+    QCOMPARE(f.activeName(), std::string("Laptop"));
+  }
 
-void AppModelTests::theListShowsEachProfileOnce() {
-  Fixture f;
-  f.start();
-  RowList& list = *f.model->profileList();
-  const QAbstractItemModelTester tester(&list, QAbstractItemModelTester::FailureReportingMode::QtTest);
-  QSignalSpy reset(&list, &QAbstractItemModel::modelReset);
-  const auto at = [&](int row, const char* role) { return list.data(list.index(row), list.roleNames().key(role)); };
-  QCOMPARE(list.rowCount(), 2);
-  QCOMPARE(at(0, "name").toString(), QStringLiteral("Laptop"));
-  QCOMPARE(at(0, "isActive").toBool(), true);
-  QCOMPARE(at(1, "trigger").toString(), QStringLiteral("external"));
-  QCOMPARE(at(1, "tileCount").toInt(), 7);
-  const QString id = f.model->addProfile(QStringLiteral("Away"), QString());
-  f.model->setPinnedProfileText(id);
-  QCOMPARE(list.rowCount(), 3);
-  QCOMPARE(at(0, "isActive").toBool(), false);
-  QCOMPARE(at(2, "isActive").toBool(), true);
-  QCOMPARE(at(2, "isPinned").toBool(), true);
-  QCOMPARE(at(2, "profile").toString(), id);
-  f.model->deleteProfile(id);
-  QCOMPARE(list.rowCount(), 2);
-  QCOMPARE(reset.count(), 0);
-}
+  void aMomentWithoutScreensKeepsTheProfile() {
+    Fixture f;
+    f.displays = {monitor};
+    f.start();
+    QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+    f.displays = {};
+    f.model->refreshDisplays();
+    QCOMPARE(f.activeName(), std::string("Desk"));
+    QCOMPARE(f.model->displays().size(), 1u);
+    QCOMPARE(active.count(), 0);
+  }
 
-void AppModelTests::theLicenceTellsWhenItBecomesPro() {
-  LicenseManager license;
-  QVERIFY(license.isPro());
-  int became = 0;
-  license.onBecamePro = [&] { ++became; };
-  license.setCheck([](ProFeature) { return false; });
-  QVERIFY(!license.allows(ProFeature::agentTracking));
-  QVERIFY(!license.allows(QStringLiteral("agentTracking")));
-  QVERIFY(license.allows(QStringLiteral("no feature")));
-  QCOMPARE(became, 0);
-  license.setCheck({});
-  license.setCheck({});
-  QCOMPARE(became, 1);
-}
+  void withoutTheFeatureTheFirstProfileIsTheAnswer() {
+    Fixture f;
+    f.displays = {monitor};
+    f.start();
+    QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+    f.license.setCheck([](ProFeature feature) { return feature != ProFeature::profileSwitching; });
+    QCOMPARE(f.activeName(), std::string("Laptop"));
+    QCOMPARE(active.count(), 1);
+    f.model->setPinnedProfileID(f.model->profiles()[1].id);
+    QCOMPARE(f.activeName(), std::string("Laptop"));
+    QCOMPARE(f.model->profiles().size(), 2u);
+    f.license.setCheck({});
+    QCOMPARE(f.activeName(), std::string("Desk"));
+  }
 
-void AppModelTests::whatOthersWriteIsTakenOver() {
-  Fixture fixture;
-  AppModel& model = fixture.start();
-  model.addWidget("cpu", model.profiles().front().id, std::nullopt);
-  model.followFile();
-  std::vector<Profile> profiles = fixture.stored();
-  profiles.front().items = {DockItem::holding("clock")};
-  QSignalSpy changes(&model, &AppModel::activeProfileChanged);
-  saveProfiles(fixture.store, profiles);
-  QVERIFY(changes.wait(15000));
-  QCOMPARE(widgetsOf(*model.activeProfile()), std::vector<std::string>{"clock"});
-  // An edit to the file that cannot be read is that of somebody who is not done yet.
-  fixture.folder.write("Ambrel/profiles.json", "[{");
-  model.addWidget("cpu", profiles.front().id, std::nullopt);
-  QCOMPARE(widgetsOf(fixture.stored().front()), (std::vector<std::string>{"clock", "cpu"}));
-}
+  void editsAreSavedAtOnce() {
+    Fixture f;
+    f.start();
+    QVERIFY2(!std::filesystem::exists(f.store), "a first run writes nothing");
+    QSignalSpy profiles(f.model.get(), &AppModel::profilesChanged);
+    f.model->setProfiles(f.model->profiles());
+    QVERIFY2(profiles.empty() && !std::filesystem::exists(f.store), "nothing has changed");
+    const UUID laptop = f.model->profiles()[0].id;
+    f.model->addWidget("memory", laptop, f.model->profiles()[0].items[1].id);
+    QCOMPARE(widgetsOf(f.stored()[0])[1], std::string("memory"));
+    const auto items = f.model->profiles()[0].items;
+    f.model->moveItem(items[0].id, items[5].id, laptop);
+    QCOMPARE(widgetsOf(f.stored()[0])[5], std::string("clipboard"));
+    f.model->removeItem(items[1].id, laptop);
+    f.model->removeWidget("cpu", laptop);
+    QCOMPARE(widgetsOf(f.stored()[0]), (std::vector<std::string>{"weather", "disk", "clock", "clipboard"}));
+    const QString added = f.model->addProfile(QStringLiteral("Away"), QStringLiteral("external"));
+    QCOMPARE(f.stored()[2].trigger, std::optional(DisplayContext::external));
+    f.model->renameProfile(added, QStringLiteral("Train"));
+    QCOMPARE(f.stored()[2].name, std::string("Train"));
+    f.model->deleteProfile(added);
+    QCOMPARE(f.stored().size(), 2u);
+    QVERIFY(f.stored() == f.model->profiles());
+  }
+
+  void anUnknownIdDoesNothingAtAll() {
+    Fixture f;
+    f.start();
+    QSignalSpy profiles(f.model.get(), &AppModel::profilesChanged);
+    for (const QString& id : {QString::fromStdString(UUID::random().text()), QString(), QStringLiteral("no id")}) {
+      f.model->addWidget(QStringLiteral("uuid"), id);
+      f.model->deleteProfile(id);
+    }
+    QCOMPARE(profiles.count(), 0);
+    QVERIFY(!std::filesystem::exists(f.store));
+  }
+
+  void deletingThePinnedProfileClearsThePin() {
+    Fixture f;
+    f.start();
+    const UUID desk = f.model->profiles()[1].id, laptop = f.model->profiles()[0].id;
+    f.model->setPinnedProfileID(desk);
+    f.model->deleteProfile(desk);
+    QCOMPARE(f.model->pinnedProfileID().has_value(), false);
+    QCOMPARE(f.activeName(), std::string("Laptop"));
+    // The last one stays, and so does its pin.
+    f.model->setPinnedProfileID(laptop);
+    f.model->deleteProfile(laptop);
+    QCOMPARE(f.model->profiles().size(), 1u);
+    QVERIFY(f.model->pinnedProfileID() == laptop);
+  }
+
+  void aSaveThatFailsIsLoggedAndTheChangeStands() {
+    Fixture f;
+    f.folder.write("Ambrel", "a file where the folder should be");
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("^Ambrel: cannot save profiles: .*Ambrel.*: .+")));
+    f.start();
+    f.model->addProfile("Third", std::nullopt);
+    QCOMPARE(f.model->profiles().size(), 3u);
+    QCOMPARE(readFile(f.folder / "Ambrel").value_or(""), std::string("a file where the folder should be"));
+  }
+
+  void editsOfAnotherProfileDoNotTouchTheBar() {
+    Fixture f;
+    f.start();
+    QSignalSpy active(f.model.get(), &AppModel::activeProfileChanged);
+    f.model->addWidget("memory", f.model->profiles()[1].id, std::nullopt);
+    QCOMPARE(active.count(), 0);
+    QVERIFY(!f.model->isOnBar(QStringLiteral("memory")));
+    f.model->addWidget("memory", f.model->profiles()[0].id, std::nullopt);
+    QCOMPARE(active.count(), 1);
+    QVERIFY(f.model->isOnBar(QStringLiteral("memory")));
+  }
+
+  void theListShowsEachProfileOnce() {
+    Fixture f;
+    f.start();
+    RowList& list = *f.model->profileList();
+    const QAbstractItemModelTester tester(&list, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy reset(&list, &QAbstractItemModel::modelReset);
+    const auto at = [&](int row, const char* role) { return list.data(list.index(row), list.roleNames().key(role)); };
+    QCOMPARE(list.rowCount(), 2);
+    QCOMPARE(at(0, "name").toString(), QStringLiteral("Laptop"));
+    QCOMPARE(at(0, "isActive").toBool(), true);
+    QCOMPARE(at(1, "trigger").toString(), QStringLiteral("external"));
+    QCOMPARE(at(1, "tileCount").toInt(), 7);
+    const QString id = f.model->addProfile(QStringLiteral("Away"), QString());
+    f.model->setPinnedProfileText(id);
+    QCOMPARE(list.rowCount(), 3);
+    QCOMPARE(at(0, "isActive").toBool(), false);
+    QCOMPARE(at(2, "isActive").toBool(), true);
+    QCOMPARE(at(2, "isPinned").toBool(), true);
+    QCOMPARE(at(2, "profile").toString(), id);
+    f.model->deleteProfile(id);
+    QCOMPARE(list.rowCount(), 2);
+    QCOMPARE(reset.count(), 0);
+  }
+
+  void theLicenceTellsWhenItBecomesPro() {
+    LicenseManager license;
+    QVERIFY(license.isPro());
+    int became = 0;
+    license.onBecamePro = [&] { ++became; };
+    license.setCheck([](ProFeature) { return false; });
+    QVERIFY(!license.allows(ProFeature::agentTracking));
+    QVERIFY(!license.allows(QStringLiteral("agentTracking")));
+    QVERIFY(license.allows(QStringLiteral("no feature")));
+    QCOMPARE(became, 0);
+    license.setCheck({});
+    license.setCheck({});
+    QCOMPARE(became, 1);
+  }
+
+  void whatOthersWriteIsTakenOver() {
+    Fixture fixture;
+    AppModel& model = fixture.start();
+    model.addWidget("cpu", model.profiles().front().id, std::nullopt);
+    model.followFile();
+    std::vector<Profile> profiles = fixture.stored();
+    profiles.front().items = {DockItem::holding("clock")};
+    QSignalSpy changes(&model, &AppModel::activeProfileChanged);
+    saveProfiles(fixture.store, profiles);
+    QVERIFY(changes.wait(15000));
+    QCOMPARE(widgetsOf(*model.activeProfile()), std::vector<std::string>{"clock"});
+    // An edit to the file that cannot be read is that of somebody who is not done yet.
+    fixture.folder.write("Ambrel/profiles.json", "[{");
+    model.addWidget("cpu", profiles.front().id, std::nullopt);
+    QCOMPARE(widgetsOf(fixture.stored().front()), (std::vector<std::string>{"clock", "cpu"}));
+  }
+};
 
 }  // namespace ambrel
 

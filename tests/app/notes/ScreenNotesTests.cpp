@@ -55,240 +55,227 @@ class ScreenNotesTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void aReviewGathersCaptures();
-  void aFailedCaptureSaysWhy();
-  void picturesThatAreNotShownArePacked();
-  void croppingCanBeUndone();
-  void aClickFindsTheTopmostWindow();
-  void marksAreRemovedWhereTheyAre();
-  void closingAsksAndForgets();
-  void aCaptureThatComesTooLateOpensNothing();
-  void notesAreCopiedAsMarkdown();
-  void picturesAreExportedWithTheirMarks();
-  void pinsStayOnThePicture();
-  void aLongNoteGoesOnOnTheNextPage();
-  void exportsOverwriteNothingAndTellOfFailure();
-  void zoomingKeepsThePlaceUnderThePointer();
-};
+  void aReviewGathersCaptures() {
+    Review one;
+    QSignalSpy captured(&one.notes, &ScreenNotesModel::captured);
+    one.capture(picture(400, 300));
+    one.notes.addPin({0.5, 2.0});
+    QCOMPARE(one.page().pins.at(0).point, (NormalizedPoint{0.5, 1}));
+    QVERIFY(!one.notes.chosenPin().isEmpty());
+    one.capture(picture(200, 100));
+    QCOMPARE(captured.count(), 2);
+    QCOMPARE(one.notes.face().pageText, QStringLiteral("Capture 2 of 2"));
+    QCOMPARE(one.notes.face().sizeText, QStringLiteral("200 × 100"));
+    QCOMPARE(one.notes.face().capturedText, QStringLiteral("Captured 11:30"));
+    QCOMPARE(one.notes.pins()->rowCount(), 0);
+    QVERIFY(one.notes.chosenPin().isEmpty());
+    one.notes.showPage(1);
+    one.held.letGo();
+    QCOMPARE(one.notes.picture().size(), QSize(400, 300));
+    QCOMPARE(one.notes.pins()->rowCount(), 1);
+    one.notes.removePage();
+    one.held.letGo();
+    QCOMPARE(one.notes.face().pageText, QStringLiteral("Capture 1 of 1"));
+    QCOMPARE(one.notes.picture().size(), QSize(200, 100));
+    one.notes.undo();
+    QCOMPARE(one.notes.face().noteCount, 1);
+  }
 
-void ScreenNotesTests::aReviewGathersCaptures() {
-  Review one;
-  QSignalSpy captured(&one.notes, &ScreenNotesModel::captured);
-  one.capture(picture(400, 300));
-  one.notes.addPin({0.5, 2.0});
-  QCOMPARE(one.page().pins.at(0).point, (NormalizedPoint{0.5, 1}));
-  QVERIFY(!one.notes.chosenPin().isEmpty());
-  one.capture(picture(200, 100));
-  QCOMPARE(captured.count(), 2);
-  QCOMPARE(one.notes.face().pageText, QStringLiteral("Capture 2 of 2"));
-  QCOMPARE(one.notes.face().sizeText, QStringLiteral("200 × 100"));
-  QCOMPARE(one.notes.face().capturedText, QStringLiteral("Captured 11:30"));
-  QCOMPARE(one.notes.pins()->rowCount(), 0);
-  QVERIFY(one.notes.chosenPin().isEmpty());
-  one.notes.showPage(1);
-  one.held.letGo();
-  QCOMPARE(one.notes.picture().size(), QSize(400, 300));
-  QCOMPARE(one.notes.pins()->rowCount(), 1);
-  one.notes.removePage();
-  one.held.letGo();
-  QCOMPARE(one.notes.face().pageText, QStringLiteral("Capture 1 of 1"));
-  QCOMPARE(one.notes.picture().size(), QSize(200, 100));
-  one.notes.undo();
-  QCOMPARE(one.notes.face().noteCount, 1);
-}
+  void aFailedCaptureSaysWhy() {
+    Review one;
+    QSignalSpy captured(&one.notes, &ScreenNotesModel::captured);
+    one.screen.next = {.image = {}, .windows = {}, .problem = "The screen cannot be read."};
+    one.notes.capture();
+    QCOMPARE(one.shell.toasts, QStringList("No capture"));
+    // The user called it off.
+    one.screen.next = {};
+    one.notes.capture();
+    QCOMPARE(one.shell.toasts.size(), 1);
+    QCOMPARE(captured.count(), 0);
+  }
 
-void ScreenNotesTests::aFailedCaptureSaysWhy() {
-  Review one;
-  QSignalSpy captured(&one.notes, &ScreenNotesModel::captured);
-  one.screen.next = {.image = {}, .windows = {}, .problem = "The screen cannot be read."};
-  one.notes.capture();
-  QCOMPARE(one.shell.toasts, QStringList("No capture"));
-  // The user called it off.
-  one.screen.next = {};
-  one.notes.capture();
-  QCOMPARE(one.shell.toasts.size(), 1);
-  QCOMPARE(captured.count(), 0);
-}
+  void picturesThatAreNotShownArePacked() {
+    Review one;
+    one.capture(picture(400, 300, Qt::red));
+    const QImage first = one.notes.picture();
+    one.capture(picture(400, 300, Qt::blue));
+    one.notes.showPage(1);
+    QVERIFY(!one.held.waiting.empty());  // it has to be decoded
+    one.held.letGo();
+    QCOMPARE(one.notes.picture(), first);
+    QVERIFY(one.notes.picture().cacheKey() != first.cacheKey());
+  }
 
-void ScreenNotesTests::picturesThatAreNotShownArePacked() {
-  Review one;
-  one.capture(picture(400, 300, Qt::red));
-  const QImage first = one.notes.picture();
-  one.capture(picture(400, 300, Qt::blue));
-  one.notes.showPage(1);
-  QVERIFY(!one.held.waiting.empty());  // it has to be decoded
-  one.held.letGo();
-  QCOMPARE(one.notes.picture(), first);
-  QVERIFY(one.notes.picture().cacheKey() != first.cacheKey());
-}
+  void croppingCanBeUndone() {
+    Review one;
+    QImage image = picture(400, 300);
+    image.setPixelColor(100, 60, Qt::red);
+    one.capture(image, {QRectF(0.25, 0.2, 0.5, 0.5)});
+    one.notes.addPin({0.3, 0.3});
+    one.notes.crop({0.25, 0.2, 0.5, 0.5});
+    QCOMPARE(one.notes.picture().size(), QSize(200, 150));
+    QCOMPARE(one.notes.picture().pixelColor(0, 0), QColor(Qt::red));
+    QCOMPARE(one.notes.windowAt({0.5, 0.5}), QRectF(0, 0, 1, 1));
+    QVERIFY(qAbs(one.page().pins.at(0).point.x - 0.1) < 1e-9);
+    one.notes.crop({0.1, 0.1, 0.01, 0.01});  // a slip
+    QCOMPARE(one.notes.picture().size(), QSize(200, 150));
+    one.notes.undo();
+    one.held.letGo();
+    QCOMPARE(one.notes.picture().size(), QSize(400, 300));
+    QCOMPARE(one.page().pins.at(0).point, (NormalizedPoint{0.3, 0.3}));
+    one.notes.redo();
+    one.held.letGo();
+    QCOMPARE(one.notes.picture().size(), QSize(200, 150));
+  }
 
-void ScreenNotesTests::croppingCanBeUndone() {
-  Review one;
-  QImage image = picture(400, 300);
-  image.setPixelColor(100, 60, Qt::red);
-  one.capture(image, {QRectF(0.25, 0.2, 0.5, 0.5)});
-  one.notes.addPin({0.3, 0.3});
-  one.notes.crop({0.25, 0.2, 0.5, 0.5});
-  QCOMPARE(one.notes.picture().size(), QSize(200, 150));
-  QCOMPARE(one.notes.picture().pixelColor(0, 0), QColor(Qt::red));
-  QCOMPARE(one.notes.windowAt({0.5, 0.5}), QRectF(0, 0, 1, 1));
-  QVERIFY(qAbs(one.page().pins.at(0).point.x - 0.1) < 1e-9);
-  one.notes.crop({0.1, 0.1, 0.01, 0.01});  // a slip
-  QCOMPARE(one.notes.picture().size(), QSize(200, 150));
-  one.notes.undo();
-  one.held.letGo();
-  QCOMPARE(one.notes.picture().size(), QSize(400, 300));
-  QCOMPARE(one.page().pins.at(0).point, (NormalizedPoint{0.3, 0.3}));
-  one.notes.redo();
-  one.held.letGo();
-  QCOMPARE(one.notes.picture().size(), QSize(200, 150));
-}
+  void aClickFindsTheTopmostWindow() {
+    Review one;
+    one.capture(picture(400, 300), {QRectF(0, 0, 1, 1), QRectF(0.2, 0.2, 0.2, 0.2), QRectF(0.3, 0.3, 0.5, 0.5)});
+    QCOMPARE(one.notes.windowAt({0.35, 0.35}), QRectF(0.3, 0.3, 0.5, 0.5));
+    QCOMPARE(one.notes.windowAt({0.25, 0.25}), QRectF(0.2, 0.2, 0.2, 0.2));
+    QCOMPARE(one.notes.windowAt({0.9, 0.9}), QRectF(0, 0, 1, 1));
+  }
 
-void ScreenNotesTests::aClickFindsTheTopmostWindow() {
-  Review one;
-  one.capture(picture(400, 300), {QRectF(0, 0, 1, 1), QRectF(0.2, 0.2, 0.2, 0.2), QRectF(0.3, 0.3, 0.5, 0.5)});
-  QCOMPARE(one.notes.windowAt({0.35, 0.35}), QRectF(0.3, 0.3, 0.5, 0.5));
-  QCOMPARE(one.notes.windowAt({0.25, 0.25}), QRectF(0.2, 0.2, 0.2, 0.2));
-  QCOMPARE(one.notes.windowAt({0.9, 0.9}), QRectF(0, 0, 1, 1));
-}
-
-void ScreenNotesTests::marksAreRemovedWhereTheyAre() {
-  Review one;
-  one.capture(picture(400, 300));
-  one.notes.addPin({0.5, 0.5});
-  one.notes.addHighlight({0.4, 0.4, 0.2, 0.2});
-  const QSizeF reach(0.05, 0.05);
-  one.notes.removeMarkAt({0.1, 0.1}, reach);
-  QCOMPARE(one.page().pins.size() + one.page().highlights.size(), 2u);
-  one.notes.removeMarkAt({0.52, 0.48}, reach);
-  QCOMPARE(one.page().pins.size(), 0u);
-  one.notes.removeMarkAt({0.52, 0.48}, reach);
-  QCOMPARE(one.page().highlights.size(), 0u);
-}
-
-void ScreenNotesTests::closingAsksAndForgets() {
-  Review one;
-  QSignalSpy closed(&one.notes, &ScreenNotesModel::closed);
-  one.capture(picture(400, 300));
-  one.notes.addPin({0.5, 0.5});
-  one.notes.askToClose();
-  QVERIFY(one.notes.face().asksToClose);
-  one.notes.answerClose(false);
-  QCOMPARE(closed.count(), 0);
-  QCOMPARE(one.notes.face().noteCount, 1);
-  one.notes.askToClose();
-  one.notes.answerClose(true);
-  QCOMPARE(closed.count(), 1);
-  QVERIFY(one.notes.review().pages.empty());
-  QVERIFY(one.notes.picture().isNull());
-  QVERIFY(!one.notes.face().canUndo);
-  one.notes.askToClose();  // nothing to lose
-  QCOMPARE(closed.count(), 2);
-}
-
-void ScreenNotesTests::aCaptureThatComesTooLateOpensNothing() {
-  Review one;
-  one.capture(picture(400, 300));
-  one.capture(picture(300, 200));
-  one.notes.showPage(1);
-  one.notes.answerClose(true);
-  one.held.letGo();
-  QVERIFY(one.notes.picture().isNull());
-}
-
-void ScreenNotesTests::notesAreCopiedAsMarkdown() {
-  Review one;
-  one.capture(picture(400, 300));
-  one.notes.addPin({0.5, 0.5});
-  one.notes.setNote(one.notes.chosenPin(), QStringLiteral("Zu klein.\nGrößer!"));
-  one.notes.copyNotes();
-  QCOMPARE(one.copied, std::vector<std::string>{"# Screen review · 14. Juli 2026\n## Capture 1\n1. Zu klein. Größer!"});
-  QCOMPARE(one.shell.toasts, QStringList("Copied the notes"));
-}
-
-void ScreenNotesTests::picturesAreExportedWithTheirMarks() {
-  const QTemporaryDir folder;
-  Review one;
-  one.capture(picture(400, 300));
-  one.notes.addPin({0.25, 0.5});
-  one.notes.addHighlight({0.5, 0.25, 0.25, 0.5});
-  one.capture(picture(200, 100, Qt::black));
-  one.notes.exportTo(folder.path(), &exportPNG);
-  QVERIFY(one.notes.face().isExporting);
-  one.held.letGo();
-  QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"Screen Review 1.png", "Screen Review 2.png"}));
-  const QImage first(folder.filePath("Screen Review 1.png"));
-  QCOMPARE(first.size(), QSize(400, 300));
-  QCOMPARE(first.pixelColor(10, 10), QColor(Qt::white));
-  QCOMPARE(first.pixelColor(90, 150), markColor(0));   // beside the number, inside the pin
-  QCOMPARE(first.pixelColor(200, 150), markColor(0));  // the edge of the box
-  QVERIFY(first.pixelColor(250, 150) != QColor(Qt::white));
-  QCOMPARE(QImage(folder.filePath("Screen Review 2.png")).pixelColor(100, 50), QColor(Qt::black));
-}
-
-void ScreenNotesTests::pinsStayOnThePicture() {
-  for (const QPointF corner : {QPointF(0, 0), QPointF(1, 1)}) {
+  void marksAreRemovedWhereTheyAre() {
     Review one;
     one.capture(picture(400, 300));
-    one.notes.addPin(corner);
-    const QImage marked = annotated(one.notes.picture(), one.page());
-    // A whole pin: its middle is half a pin from both edges.
-    const QPoint inside = corner.isNull() ? QPoint(5, 14) : QPoint(394, 285);
-    QCOMPARE(marked.pixelColor(inside), markColor(0));
+    one.notes.addPin({0.5, 0.5});
+    one.notes.addHighlight({0.4, 0.4, 0.2, 0.2});
+    const QSizeF reach(0.05, 0.05);
+    one.notes.removeMarkAt({0.1, 0.1}, reach);
+    QCOMPARE(one.page().pins.size() + one.page().highlights.size(), 2u);
+    one.notes.removeMarkAt({0.52, 0.48}, reach);
+    QCOMPARE(one.page().pins.size(), 0u);
+    one.notes.removeMarkAt({0.52, 0.48}, reach);
+    QCOMPARE(one.page().highlights.size(), 0u);
   }
-}
 
-void ScreenNotesTests::aLongNoteGoesOnOnTheNextPage() {
-  const QTemporaryDir folder;
-  Review one;
-  one.capture(picture(400, 300));
-  one.notes.addPin({0.5, 0.5});
-  one.notes.setNote(one.notes.chosenPin(), longNote());
-  one.notes.exportTo(folder.path(), &exportPDF);
-  one.held.letGo();
-  QFile file(folder.filePath("Screen Review.pdf"));
-  QVERIFY(file.open(QIODevice::ReadOnly));
-  const QByteArray bytes = file.readAll();
-  QVERIFY(bytes.startsWith("%PDF"));
-  QVERIFY(bytes.count("/Type /Page\n") + bytes.count("/Type /Page ") >= 3);
-}
+  void closingAsksAndForgets() {
+    Review one;
+    QSignalSpy closed(&one.notes, &ScreenNotesModel::closed);
+    one.capture(picture(400, 300));
+    one.notes.addPin({0.5, 0.5});
+    one.notes.askToClose();
+    QVERIFY(one.notes.face().asksToClose);
+    one.notes.answerClose(false);
+    QCOMPARE(closed.count(), 0);
+    QCOMPARE(one.notes.face().noteCount, 1);
+    one.notes.askToClose();
+    one.notes.answerClose(true);
+    QCOMPARE(closed.count(), 1);
+    QVERIFY(one.notes.review().pages.empty());
+    QVERIFY(one.notes.picture().isNull());
+    QVERIFY(!one.notes.face().canUndo);
+    one.notes.askToClose();  // nothing to lose
+    QCOMPARE(closed.count(), 2);
+  }
 
-void ScreenNotesTests::exportsOverwriteNothingAndTellOfFailure() {
-  const QTemporaryDir folder;
-  Review one;
-  one.capture(picture(40, 30));
-  for (int i = 0; i < 2; ++i) {
-    one.notes.exportTo(folder.path(), &exportPNG);
+  void aCaptureThatComesTooLateOpensNothing() {
+    Review one;
+    one.capture(picture(400, 300));
+    one.capture(picture(300, 200));
+    one.notes.showPage(1);
+    one.notes.answerClose(true);
     one.held.letGo();
+    QVERIFY(one.notes.picture().isNull());
   }
-  QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"Screen Review (2) 1.png", "Screen Review 1.png"}));
-  one.notes.exportTo(folder.filePath("nowhere"), &exportPDF);
-  one.held.letGo();
-  QCOMPARE(one.shell.toasts.last(), QStringLiteral("The review was not saved"));
-  QCOMPARE(one.notes.face().pageCount, 1);
-  QVERIFY(!one.notes.face().isExporting);
-}
 
-void ScreenNotesTests::zoomingKeepsThePlaceUnderThePointer() {
-  CaptureView view;
-  view.setSize({800, 600});
-  view.setPicture(picture(1600, 900));
-  QCOMPARE(view.percent(), 50);
-  QCOMPARE(view.frame(), QRectF(0, 75, 800, 450));
-  const QPointF pointer(600, 300);
-  const QPointF place = view.placeOf(pointer);
-  view.zoomBy(4, pointer);
-  QCOMPARE(view.percent(), 200);
-  QVERIFY((view.placeOf(pointer) - place).manhattanLength() < 1e-9);
-  view.pan(10000, 10000);
-  QCOMPARE(view.frame().topLeft(), QPointF(0, 0));
-  view.reveal({1, 1});
-  QVERIFY(QRectF(0, 0, 800, 600).contains(view.frame().bottomRight()));
-  view.zoomBy(1.0 / 1000, pointer);
-  QVERIFY(view.percent() >= 10);
-  view.fit();
-  QCOMPARE(view.frame(), QRectF(0, 75, 800, 450));
-}
+  void notesAreCopiedAsMarkdown() {
+    Review one;
+    one.capture(picture(400, 300));
+    one.notes.addPin({0.5, 0.5});
+    one.notes.setNote(one.notes.chosenPin(), QStringLiteral("Zu klein.\nGrößer!"));
+    one.notes.copyNotes();
+    QCOMPARE(one.copied,
+             std::vector<std::string>{"# Screen review · 14. Juli 2026\n## Capture 1\n1. Zu klein. Größer!"});
+    QCOMPARE(one.shell.toasts, QStringList("Copied the notes"));
+  }
+
+  void picturesAreExportedWithTheirMarks() {
+    const QTemporaryDir folder;
+    Review one;
+    one.capture(picture(400, 300));
+    one.notes.addPin({0.25, 0.5});
+    one.notes.addHighlight({0.5, 0.25, 0.25, 0.5});
+    one.capture(picture(200, 100, Qt::black));
+    one.notes.exportTo(folder.path(), &exportPNG);
+    QVERIFY(one.notes.face().isExporting);
+    one.held.letGo();
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"Screen Review 1.png", "Screen Review 2.png"}));
+    const QImage first(folder.filePath("Screen Review 1.png"));
+    QCOMPARE(first.size(), QSize(400, 300));
+    QCOMPARE(first.pixelColor(10, 10), QColor(Qt::white));
+    QCOMPARE(first.pixelColor(90, 150), markColor(0));   // beside the number, inside the pin
+    QCOMPARE(first.pixelColor(200, 150), markColor(0));  // the edge of the box
+    QVERIFY(first.pixelColor(250, 150) != QColor(Qt::white));
+    QCOMPARE(QImage(folder.filePath("Screen Review 2.png")).pixelColor(100, 50), QColor(Qt::black));
+  }
+
+  void pinsStayOnThePicture() {
+    for (const QPointF corner : {QPointF(0, 0), QPointF(1, 1)}) {
+      Review one;
+      one.capture(picture(400, 300));
+      one.notes.addPin(corner);
+      const QImage marked = annotated(one.notes.picture(), one.page());
+      // A whole pin: its middle is half a pin from both edges.
+      const QPoint inside = corner.isNull() ? QPoint(5, 14) : QPoint(394, 285);
+      QCOMPARE(marked.pixelColor(inside), markColor(0));
+    }
+  }
+
+  void aLongNoteGoesOnOnTheNextPage() {
+    const QTemporaryDir folder;
+    Review one;
+    one.capture(picture(400, 300));
+    one.notes.addPin({0.5, 0.5});
+    one.notes.setNote(one.notes.chosenPin(), longNote());
+    one.notes.exportTo(folder.path(), &exportPDF);
+    one.held.letGo();
+    QFile file(folder.filePath("Screen Review.pdf"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(bytes.startsWith("%PDF"));
+    QVERIFY(bytes.count("/Type /Page\n") + bytes.count("/Type /Page ") >= 3);
+  }
+
+  void exportsOverwriteNothingAndTellOfFailure() {
+    const QTemporaryDir folder;
+    Review one;
+    one.capture(picture(40, 30));
+    for (int i = 0; i < 2; ++i) {
+      one.notes.exportTo(folder.path(), &exportPNG);
+      one.held.letGo();
+    }
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
+             QStringList({"Screen Review (2) 1.png", "Screen Review 1.png"}));
+    one.notes.exportTo(folder.filePath("nowhere"), &exportPDF);
+    one.held.letGo();
+    QCOMPARE(one.shell.toasts.last(), QStringLiteral("The review was not saved"));
+    QCOMPARE(one.notes.face().pageCount, 1);
+    QVERIFY(!one.notes.face().isExporting);
+  }
+
+  void zoomingKeepsThePlaceUnderThePointer() {
+    CaptureView view;
+    view.setSize({800, 600});
+    view.setPicture(picture(1600, 900));
+    QCOMPARE(view.percent(), 50);
+    QCOMPARE(view.frame(), QRectF(0, 75, 800, 450));
+    const QPointF pointer(600, 300);
+    const QPointF place = view.placeOf(pointer);
+    view.zoomBy(4, pointer);
+    QCOMPARE(view.percent(), 200);
+    QVERIFY((view.placeOf(pointer) - place).manhattanLength() < 1e-9);
+    view.pan(10000, 10000);
+    QCOMPARE(view.frame().topLeft(), QPointF(0, 0));
+    view.reveal({1, 1});
+    QVERIFY(QRectF(0, 0, 800, 600).contains(view.frame().bottomRight()));
+    view.zoomBy(1.0 / 1000, pointer);
+    QVERIFY(view.percent() >= 10);
+    view.fit();
+    QCOMPARE(view.frame(), QRectF(0, 75, 800, 450));
+  }
+};
 
 }  // namespace ambrel
 

@@ -74,246 +74,274 @@ class PanelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void panelsLookRight_data();
-  void panelsLookRight();
-  void everyTitleOfTheGalleryIsWhole();
-  void galleryTogglesByClickAndKey();
-  void searchNarrowsTheGallery();
-  void profilesAreChosenAddedAndDeleted();
-  void aProfileIsRenamed();
-  void aGivenPreviewTakesTheCardsPlace();
-  void switchesAreWritten();
-  void choicesAndNumbersKeepToTheirSetting();
-  void tabsAskToBeChosen();
-  void everyPanelClosesByItsButtonAndByEscape();
-};
-
-void PanelTests::panelsLookRight_data() {
-  QTest::addColumn<QString>("view");
-  QTest::addColumn<QString>("tab");
-  QTest::addColumn<Theme::Choice>("choice");
-  for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
-    const char* scheme = choice == Theme::Choice::Dark ? "dark" : "light";
-    for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
-      QTest::addRow("%s, %s", view, scheme) << QString(view) << QString() << choice;
-    for (const char* tab : {"general", "appearance", "tiles", "buddy", "agents", "clipboard", "about"})
-      QTest::addRow("settings, %s, %s", tab, scheme) << QString("SettingsView") << QString(tab) << choice;
+  void panelsLookRight_data() {
+    QTest::addColumn<QString>("view");
+    QTest::addColumn<QString>("tab");
+    QTest::addColumn<Theme::Choice>("choice");
+    for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
+      const char* scheme = choice == Theme::Choice::Dark ? "dark" : "light";
+      for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
+        QTest::addRow("%s, %s", view, scheme) << QString(view) << QString() << choice;
+      for (const char* tab : {"general", "appearance", "tiles", "buddy", "agents", "clipboard", "about"})
+        QTest::addRow("settings, %s, %s", tab, scheme) << QString("SettingsView") << QString(tab) << choice;
+    }
   }
-}
 
-void PanelTests::panelsLookRight() {
-  QFETCH(QString, view);
-  QFETCH(QString, tab);
-  QFETCH(Theme::Choice, choice);
-  Stage stage(choice);
-  QVERIFY(stage.open(view, tab.isEmpty() ? QVariantMap() : QVariantMap{{"tab", tab}}));
-  QCOMPARE(faultsOf(stage.scene), QStringList());
-  int texts = 0;
-  visitShown(stage.scene.root(), [&](QQuickItem* item) { texts += item->inherits("QQuickText"); });
-  QVERIFY(texts > 6);
-  QCOMPARE(stage.scene.warnings().take(), QStringList());
-}
-
-void PanelTests::everyTitleOfTheGalleryIsWhole() {
-  Stage stage;
-  QVERIFY(stage.open("CustomizeView"));
-  // All of it at once.
-  stage.scene.root()->setHeight(6000);
-  stage.scene.window().resize(760, 6000);
-  QStringList titles, cut;
-  for (const DockWidget widget : allCases<DockWidget>()) titles << QString::fromStdString(std::string(title(widget)));
-  int seen = 0;
-  QTRY_VERIFY((seen = 0,
-               visitShown(stage.scene.root(),
-                          [&](QQuickItem* item) {
-                            if (!item->inherits("QQuickText") || !titles.contains(item->property("text").toString()))
-                              return;
-                            ++seen;
-                            if (item->property("truncated").toBool()) cut << item->property("text").toString();
-                          }),
-               seen >= titles.size()));
-  QCOMPARE(cut, QStringList());
-}
-
-void PanelTests::galleryTogglesByClickAndKey() {
-  Stage stage;
-  QVERIFY(stage.open("CustomizeView"));
-  QVERIFY(stage.model.isOnBar("cpu"));
-  QVERIFY(stage.click("CPU"));
-  QVERIFY(!stage.model.isOnBar("cpu"));
-  stage.labelled("CPU")->forceActiveFocus();
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Space);
-  QVERIFY(stage.model.isOnBar("cpu"));
-}
-
-void PanelTests::searchNarrowsTheGallery() {
-  Stage stage;
-  QVERIFY(stage.open("CustomizeView"));
-  QVERIFY(stage.labelled("CPU"));
-  stage.scene.root()->forceActiveFocus();
-  for (const char key : {'w', 'i', 'n', 'd'}) QTest::keyClick(&stage.scene.window(), key);
-  QCOMPARE(stage.gallery.query(), QString("wind"));
-  QVERIFY(!stage.labelled("CPU"));
-  QTRY_VERIFY(stage.labelled("Wind"));
-  // A panel that closes forgets what was searched.
-  stage.scene.root()->setProperty("open", false);
-  QCOMPARE(stage.gallery.query(), QString());
-}
-
-void PanelTests::profilesAreChosenAddedAndDeleted() {
-  Stage stage;
-  QVERIFY(stage.open("CustomizeView"));
-  QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
-  QVERIFY(stage.click("Desk, 7 tiles"));
-  QCOMPARE(stage.model.activeProfile()->name, std::string("Desk"));
-  QVERIFY(stage.click("Auto (by display)"));
-  QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
-
-  QVERIFY(stage.click("New profile"));
-  for (const char key : {'t', 'r', 'a', 'i', 'n'}) QTest::keyClick(&stage.scene.window(), key);
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
-  QCOMPARE(stage.model.profiles().size(), 3u);
-  // The displays go on choosing.
-  QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
-
-  stage.labelled("train, 5 tiles")->forceActiveFocus();
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
-  QCOMPARE(stage.model.profiles().size(), 2u);
-  QCOMPARE(stage.scene.warnings().take(), QStringList());
-}
-
-void PanelTests::aProfileIsRenamed() {
-  Stage stage;
-  QVERIFY(stage.open("CustomizeView"));
-  const auto type = [&](const QString& text) {
-    for (const QChar letter : text) QTest::keyClick(&stage.scene.window(), letter.toLatin1());
-  };
-  stage.labelled("Desk, 7 tiles")->forceActiveFocus();
-  QTest::keyClick(&stage.scene.window(), Qt::Key_F2);
-  type("my office");
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
-  QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
-  QVERIFY2(stage.model.pinnedProfileID() == std::nullopt, "Return has named it, and not chosen it");
-
-  // With the pointer, and a change of mind.
-  QTest::mouseMove(&stage.scene.window(), stage.scene.centerOf(stage.labelled("my office, 7 tiles")));
-  QTRY_VERIFY(stage.labelled("Rename my office"));
-  // The buttons have come with the pointer: a picture is drawn when they have their places.
-  stage.scene.grab();
-  QVERIFY(stage.click("Rename my office"));
-  type("elsewhere");
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
-  QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
-  QQuickItem* row = stage.labelled("my office, 7 tiles");
-  QVERIFY(row);
-  QVERIFY(row->hasActiveFocus());
-  QCOMPARE(stage.scene.warnings().take(), QStringList());
-}
-
-void PanelTests::aGivenPreviewTakesTheCardsPlace() {
-  Stage stage;
-  QQmlComponent preview(&stage.scene.engine());
-  preview.setData(
-      "import QtQuick\nItem { required property string widget; required property int span\n"
-      "objectName: 'preview of ' + widget + ' ' + span; height: 64 }",
-      QUrl("preview.qml"));
-  QVERIFY(stage.open("CustomizeView", {{"tilePreview", QVariant::fromValue(&preview)}}));
-  QQuickItem* shown = stage.scene.find("preview of cpu 1");
-  QVERIFY(shown);
-  QCOMPARE(shown->width(), 112.0);
-}
-
-void PanelTests::switchesAreWritten() {
-  const struct {
-    const char *tab, *label, *property;
-  } rows[] = {{"general", "Always show the bar", "barAlwaysVisible"},
-              {"general", "Open the clipboard shelf by hovering", "shelfOpensOnHover"},
-              {"tiles", "Show the last copy on the bar", "clipboardPreviewInBar"},
-              {"agents", "Follow AI agents", "agentsEnabled"},
-              {"buddy", "Only agents out of view", "buddyOnlyUnfocusedAgents"},
-              {"buddy", "Limits", "buddyCategories"},
-              {"clipboard", "Forget secrets soon", "clipboardForgetSensitive"}};
-  for (const auto& row : rows) {
-    Stage stage;
-    QVERIFY(stage.open("SettingsView", {{"tab", row.tab}}));
-    const QVariant before = stage.settings.property(row.property);
-    QVERIFY(before.isValid() && stage.click(row.label));
-    const QVariant after = stage.settings.property(row.property);
-    QVERIFY2(after != before, row.label);
-    QCOMPARE(AppSettings(stage.defaults).property(row.property), after);
-    QVERIFY(stage.click(row.label));
-    QVERIFY2(stage.settings.property(row.property) != after, row.label);
+  void panelsLookRight() {
+    QFETCH(QString, view);
+    QFETCH(QString, tab);
+    QFETCH(Theme::Choice, choice);
+    Stage stage(choice);
+    QVERIFY(stage.open(view, tab.isEmpty() ? QVariantMap() : QVariantMap{{"tab", tab}}));
+    QCOMPARE(faultsOf(stage.scene), QStringList());
+    int texts = 0;
+    visitShown(stage.scene.root(), [&](QQuickItem* item) { texts += item->inherits("QQuickText"); });
+    QVERIFY(texts > 6);
     QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
-}
 
-void PanelTests::choicesAndNumbersKeepToTheirSetting() {
-  const struct {
-    const char *tab, *label;
-    Qt::Key key;
-    const char* property;
-    QVariant wanted;
-  } rows[] = {{"general", "Edge of the screen", Qt::Key_Right, "dockEdge", "right"},
-              {"appearance", "Theme", Qt::Key_Right, "theme", "dark"},
-              {"appearance", "Motion", Qt::Key_Right, "reduceMotion", true},
-              {"buddy", "Buddy speaks up", Qt::Key_Right, "buddyLevel", "important"},
-              {"buddy", "Quiet from", Qt::Key_Up, "quietStartHour", 23.0},
-              {"buddy", "Quiet to", Qt::Key_Down, "quietEndHour", 7.0},
-              {"clipboard", "Items to keep", Qt::Key_Right, "clipboardLimit", 1000.0},
-              {"clipboard", "Forget after", Qt::Key_Right, "clipboardMaxAgeDays", 1.0}};
-  for (const auto& row : rows) {
+  void everyTitleOfTheGalleryIsWhole() {
     Stage stage;
-    QVERIFY(stage.open("SettingsView", {{"tab", row.tab}}));
-    QVERIFY2(stage.labelled(row.label), row.label);
-    QQuickItem* control = firstControlIn(stage.labelled(row.label));
-    const QVariant before = stage.settings.property(row.property);
-    control->forceActiveFocus();
-    QTest::keyClick(&stage.scene.window(), row.key);
-    QCOMPARE(stage.settings.property(row.property), row.wanted);
-    // A change from elsewhere is shown.
-    const QString spoken = spokenName(control);
-    stage.settings.setProperty(row.property, before);
-    QVERIFY2((spokenName(control) != spoken) == (before != row.wanted), row.label);
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
+    QVERIFY(stage.open("CustomizeView"));
+    // All of it at once.
+    stage.scene.root()->setHeight(6000);
+    stage.scene.window().resize(760, 6000);
+    QStringList titles, cut;
+    for (const DockWidget widget : allCases<DockWidget>()) titles << QString::fromStdString(std::string(title(widget)));
+    int seen = 0;
+    QTRY_VERIFY((seen = 0,
+                 visitShown(stage.scene.root(),
+                            [&](QQuickItem* item) {
+                              if (!item->inherits("QQuickText") || !titles.contains(item->property("text").toString()))
+                                return;
+                              ++seen;
+                              if (item->property("truncated").toBool()) cut << item->property("text").toString();
+                            }),
+                 seen >= titles.size()));
+    QCOMPARE(cut, QStringList());
   }
-  // After the last hour comes the first again.
-  Stage stage;
-  stage.settings.set(setting::quietStartHour, 23);
-  QVERIFY(stage.open("SettingsView", {{"tab", "buddy"}}));
-  firstControlIn(stage.labelled("Quiet from"))->forceActiveFocus();
-  QTest::keyClick(&stage.scene.window(), Qt::Key_Up);
-  QCOMPARE(stage.settings.quietStartHour(), 0);
-}
 
-void PanelTests::tabsAskToBeChosen() {
-  Stage stage;
-  QVERIFY(stage.open("SettingsView"));
-  QSignalSpy chosen(stage.scene.root(), SIGNAL(tabChosen(QString)));
-  QVERIFY(stage.click("Agents"));
-  QCOMPARE(chosen.count(), 1);
-  QCOMPARE(chosen.first().first().toString(), QString("agents"));
-  stage.scene.root()->setProperty("tab", "agents");
-  QVERIFY(stage.labelled("Follow AI agents"));
-  // A name that is no tab shows the first.
-  stage.scene.root()->setProperty("tab", "nonsense");
-  QVERIFY(stage.labelled("Always show the bar"));
-}
-
-void PanelTests::everyPanelClosesByItsButtonAndByEscape() {
-  const std::pair<const char*, const char*> rows[] = {
-      {"CustomizeView", "Done"}, {"SettingsView", "Close"}, {"WelcomeView", "Start"}, {"UpsellView", "Not now"}};
-  for (const auto& [view, button] : rows) {
+  void galleryTogglesByClickAndKey() {
     Stage stage;
-    QVERIFY(stage.open(view));
-    QSignalSpy closing(stage.scene.root(), SIGNAL(closeRequested()));
-    QVERIFY2(stage.click(button), button);
-    QCOMPARE(closing.count(), 1);
+    QVERIFY(stage.open("CustomizeView"));
+    QVERIFY(stage.model.isOnBar("cpu"));
+    QVERIFY(stage.click("CPU"));
+    QVERIFY(!stage.model.isOnBar("cpu"));
+    stage.labelled("CPU")->forceActiveFocus();
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Space);
+    QVERIFY(stage.model.isOnBar("cpu"));
+  }
+
+  void searchNarrowsTheGallery() {
+    Stage stage;
+    QVERIFY(stage.open("CustomizeView"));
+    QVERIFY(stage.labelled("CPU"));
     stage.scene.root()->forceActiveFocus();
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
-    QCOMPARE(closing.count(), 2);
+    for (const char key : {'w', 'i', 'n', 'd'}) QTest::keyClick(&stage.scene.window(), key);
+    QCOMPARE(stage.gallery.query(), QString("wind"));
+    QVERIFY(!stage.labelled("CPU"));
+    QTRY_VERIFY(stage.labelled("Wind"));
+    // A panel that closes forgets what was searched.
+    stage.scene.root()->setProperty("open", false);
+    QCOMPARE(stage.gallery.query(), QString());
   }
-}
+
+  void profilesAreChosenAddedAndDeleted() {
+    Stage stage;
+    QVERIFY(stage.open("CustomizeView"));
+    QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
+    QVERIFY(stage.click("Desk, 7 tiles"));
+    QCOMPARE(stage.model.activeProfile()->name, std::string("Desk"));
+    QVERIFY(stage.click("Auto (by display)"));
+    QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
+
+    QVERIFY(stage.click("New profile"));
+    for (const char key : {'t', 'r', 'a', 'i', 'n'}) QTest::keyClick(&stage.scene.window(), key);
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+    QCOMPARE(stage.model.profiles().size(), 3u);
+    // The displays go on choosing.
+    QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
+
+    stage.labelled("train, 5 tiles")->forceActiveFocus();
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+    QCOMPARE(stage.model.profiles().size(), 2u);
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
+  }
+
+  void aProfileIsRenamed() {
+    Stage stage;
+    QVERIFY(stage.open("CustomizeView"));
+    const auto type = [&](const QString& text) {
+      for (const QChar letter : text) QTest::keyClick(&stage.scene.window(), letter.toLatin1());
+    };
+    stage.labelled("Desk, 7 tiles")->forceActiveFocus();
+    QTest::keyClick(&stage.scene.window(), Qt::Key_F2);
+    type("my office");
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+    QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
+    QVERIFY2(stage.model.pinnedProfileID() == std::nullopt, "Return has named it, and not chosen it");
+
+    // With the pointer, and a change of mind.
+    QTest::mouseMove(&stage.scene.window(), stage.scene.centerOf(stage.labelled("my office, 7 tiles")));
+    QTRY_VERIFY(stage.labelled("Rename my office"));
+    // The buttons have come with the pointer: a picture is drawn when they have their places.
+    stage.scene.grab();
+    QVERIFY(stage.click("Rename my office"));
+    type("elsewhere");
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+    QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
+    QQuickItem* row = stage.labelled("my office, 7 tiles");
+    QVERIFY(row);
+    QVERIFY(row->hasActiveFocus());
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
+  }
+
+  void aGivenPreviewTakesTheCardsPlace() {
+    Stage stage;
+    QQmlComponent preview(&stage.scene.engine());
+    preview.setData(
+        "import QtQuick\nItem { required property string widget; required property int span\n"
+        "objectName: 'preview of ' + widget + ' ' + span; height: 64 }",
+        QUrl("preview.qml"));
+    QVERIFY(stage.open("CustomizeView", {{"tilePreview", QVariant::fromValue(&preview)}}));
+    QQuickItem* shown = stage.scene.find("preview of cpu 1");
+    QVERIFY(shown);
+    QCOMPARE(shown->width(), 112.0);
+  }
+
+  void switchesAreWritten() {
+    const struct {
+      const char *tab, *label, *property;
+    } rows[] = {{"general", "Always show the bar", "barAlwaysVisible"},
+                {"general", "Open the clipboard shelf by hovering", "shelfOpensOnHover"},
+                {"tiles", "Show the last copy on the bar", "clipboardPreviewInBar"},
+                {"agents", "Follow AI agents", "agentsEnabled"},
+                {"buddy", "Only agents out of view", "buddyOnlyUnfocusedAgents"},
+                {"buddy", "Limits", "buddyCategories"},
+                {"clipboard", "Forget secrets soon", "clipboardForgetSensitive"}};
+    for (const auto& row : rows) {
+      Stage stage;
+      QVERIFY(stage.open("SettingsView", {{"tab", row.tab}}));
+      const QVariant before = stage.settings.property(row.property);
+      QVERIFY(before.isValid() && stage.click(row.label));
+      const QVariant after = stage.settings.property(row.property);
+      QVERIFY2(after != before, row.label);
+      QCOMPARE(AppSettings(stage.defaults).property(row.property), after);
+      QVERIFY(stage.click(row.label));
+      QVERIFY2(stage.settings.property(row.property) != after, row.label);
+      QCOMPARE(stage.scene.warnings().take(), QStringList());
+    }
+  }
+
+  void choicesAndNumbersKeepToTheirSetting() {
+    const struct {
+      const char *tab, *label;
+      Qt::Key key;
+      const char* property;
+      QVariant wanted;
+    } rows[] = {{"general", "Edge of the screen", Qt::Key_Right, "dockEdge", "right"},
+                {"appearance", "Theme", Qt::Key_Right, "theme", "dark"},
+                {"appearance", "Motion", Qt::Key_Right, "reduceMotion", true},
+                {"buddy", "Buddy speaks up", Qt::Key_Right, "buddyLevel", "important"},
+                {"buddy", "Quiet from", Qt::Key_Up, "quietStartHour", 23.0},
+                {"buddy", "Quiet to", Qt::Key_Down, "quietEndHour", 7.0},
+                {"clipboard", "Items to keep", Qt::Key_Right, "clipboardLimit", 1000.0},
+                {"clipboard", "Forget after", Qt::Key_Right, "clipboardMaxAgeDays", 1.0}};
+    for (const auto& row : rows) {
+      Stage stage;
+      QVERIFY(stage.open("SettingsView", {{"tab", row.tab}}));
+      QVERIFY2(stage.labelled(row.label), row.label);
+      QQuickItem* control = firstControlIn(stage.labelled(row.label));
+      const QVariant before = stage.settings.property(row.property);
+      control->forceActiveFocus();
+      QTest::keyClick(&stage.scene.window(), row.key);
+      QCOMPARE(stage.settings.property(row.property), row.wanted);
+      // A change from elsewhere is shown.
+      const QString spoken = spokenName(control);
+      stage.settings.setProperty(row.property, before);
+      QVERIFY2((spokenName(control) != spoken) == (before != row.wanted), row.label);
+      QCOMPARE(stage.scene.warnings().take(), QStringList());
+    }
+    // After the last hour comes the first again.
+    Stage stage;
+    stage.settings.set(setting::quietStartHour, 23);
+    QVERIFY(stage.open("SettingsView", {{"tab", "buddy"}}));
+    firstControlIn(stage.labelled("Quiet from"))->forceActiveFocus();
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Up);
+    QCOMPARE(stage.settings.quietStartHour(), 0);
+  }
+
+  void tabsAskToBeChosen() {
+    Stage stage;
+    QVERIFY(stage.open("SettingsView"));
+    QSignalSpy chosen(stage.scene.root(), SIGNAL(tabChosen(QString)));
+    QVERIFY(stage.click("Agents"));
+    QCOMPARE(chosen.count(), 1);
+    QCOMPARE(chosen.first().first().toString(), QString("agents"));
+    stage.scene.root()->setProperty("tab", "agents");
+    QVERIFY(stage.labelled("Follow AI agents"));
+    // A name that is no tab shows the first.
+    stage.scene.root()->setProperty("tab", "nonsense");
+    QVERIFY(stage.labelled("Always show the bar"));
+  }
+
+  void everyPanelClosesByItsButtonAndByEscape() {
+    const std::pair<const char*, const char*> rows[] = {
+        {"CustomizeView", "Done"}, {"SettingsView", "Close"}, {"WelcomeView", "Start"}, {"UpsellView", "Not now"}};
+    for (const auto& [view, button] : rows) {
+      Stage stage;
+      QVERIFY(stage.open(view));
+      QSignalSpy closing(stage.scene.root(), SIGNAL(closeRequested()));
+      QVERIFY2(stage.click(button), button);
+      QCOMPARE(closing.count(), 1);
+      stage.scene.root()->forceActiveFocus();
+      QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+      QCOMPARE(closing.count(), 2);
+    }
+  }
+
+  void rowsFollowTheActiveProfile() {
+    Stage stage;
+    const auto marked = [&](const char* widget) {
+      for (GalleryGroup* group : stage.gallery.groups())
+        for (const GalleryRow& row : group->rows()->rows())
+          if (row.widget == QLatin1String(widget)) return row.isOnBar;
+      return false;
+    };
+    QVERIFY(marked("clock"));
+    QVERIFY(!marked("battery"));
+    std::vector<std::unique_ptr<QSignalSpy>> resets;
+    for (GalleryGroup* group : stage.gallery.groups())
+      resets.push_back(std::make_unique<QSignalSpy>(group->rows(), &QAbstractItemModel::modelReset));
+    stage.model.setPinnedProfileID(stage.model.profiles()[1].id);
+    QVERIFY(marked("battery"));
+    stage.gallery.toggle("battery");
+    QVERIFY(!marked("battery"));
+    for (const auto& reset : resets) QCOMPARE(reset->count(), 0);
+  }
+
+  void whatTheLicenceDeniesShowsTheUpsell() {
+    Stage stage;
+    int shown = 0;
+    stage.license.showUpsell = [&] { ++shown; };
+    stage.license.setCheck([](ProFeature feature) { return feature != ProFeature::agentTracking; });
+    stage.gallery.toggle("agents");
+    QCOMPARE(shown, 1);
+    QVERIFY(!stage.model.isOnBar("agents"));
+    stage.gallery.toggle("battery");
+    QCOMPARE(shown, 1);
+    QVERIFY(stage.model.isOnBar("battery"));
+    stage.license.setCheck({});
+    stage.gallery.toggle("agents");
+    QVERIFY(stage.model.isOnBar("agents"));
+    // One that is on the bar can be taken off whatever the licence says.
+    stage.license.setCheck([](ProFeature) { return false; });
+    stage.gallery.toggle("agents");
+    QCOMPARE(shown, 1);
+    QVERIFY(!stage.model.isOnBar("agents"));
+  }
+};
 
 }  // namespace ambrel
 

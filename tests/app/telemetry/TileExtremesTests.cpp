@@ -71,52 +71,49 @@ class TileExtremesTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void valuesStayWhole_data();
-  void valuesStayWhole();
-};
-
-void TileExtremesTests::valuesStayWhole_data() {
-  QTest::addColumn<QString>("locale");
-  QTest::addColumn<bool>("isSlow");
-  for (const char* locale : {"en_US", "de_DE"})
-    for (const bool isSlow : {false, true})
-      QTest::addRow("%s, %s", locale, isSlow ? "slow" : "quick") << QString::fromLatin1(locale) << isSlow;
-}
-
-void TileExtremesTests::valuesStayWhole() {
-  QFETCH(QString, locale);
-  QFETCH(bool, isSlow);
-  Computer computer(locale.toStdString());
-  beExtreme(computer);
-  if (isSlow) {
-    // What there is of the rest: long times, and a battery that is used.
-    computer.probe.check = {.milliseconds = 9876};
-    computer.telemetry.powerReading = {.isOnAdapter = false, .percent = 100, .minutesToEmpty = 18 * 60 + 48};
-    computer.telemetry.thermalReading->level = ThermalLevel::critical;
-    computer.telemetry.health->health->condition = BatteryCondition::serviceRecommended;
-    computer.sound.speaker->isMuted = computer.sound.mic->isMuted = true;
-    computer.live.keepAwake()->toggle();
+  void valuesStayWhole_data() {
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<bool>("isSlow");
+    for (const char* locale : {"en_US", "de_DE"})
+      for (const bool isSlow : {false, true})
+        QTest::addRow("%s, %s", locale, isSlow ? "slow" : "quick") << QString::fromLatin1(locale) << isSlow;
   }
-  computer.now = parseISO8601("2026-09-23T22:58:00Z").value();
-  computer.clock.tick(computer.now);
-  computer.show();
-  computer.pass(60);
-  Scene scene;
-  auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&computer.area, &computer.time});
-  const std::vector<DockWidget> widgets = board->widgets();
-  for (const DockWidget widget : widgets) board->addInEverySize(widget);
-  QVERIFY(scene.show(std::move(board)));
-  const QStringList names{"A network", "An uncommonly", "Anna's"};
-  QStringList faults = faultsOf(scene);
-  int tiles = 0;
-  visitShown(scene.root(), [&](QQuickItem* item) {
-    if (!item->inherits("ambrel::Pressable") && !item->property("span").isValid()) return;
-    ++tiles;
-    faults += collisionsOf(item) + cutValuesOf(item, names);
-  });
-  QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
-  QCOMPARE(tiles, static_cast<int>(widgets.size()) * 4);
-}
+
+  void valuesStayWhole() {
+    QFETCH(QString, locale);
+    QFETCH(bool, isSlow);
+    Computer computer(locale.toStdString());
+    beExtreme(computer);
+    if (isSlow) {
+      // What there is of the rest: long times, and a battery that is used.
+      computer.probe.check = {.milliseconds = 9876};
+      computer.telemetry.powerReading = {.isOnAdapter = false, .percent = 100, .minutesToEmpty = 18 * 60 + 48};
+      computer.telemetry.thermalReading->level = ThermalLevel::critical;
+      computer.telemetry.health->health->condition = BatteryCondition::serviceRecommended;
+      computer.sound.speaker->isMuted = computer.sound.mic->isMuted = true;
+      computer.live.keepAwake()->toggle();
+    }
+    computer.now = parseISO8601("2026-09-23T22:58:00Z").value();
+    computer.clock.tick(computer.now);
+    computer.show();
+    computer.pass(60);
+    Scene scene;
+    auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&computer.area, &computer.time});
+    const std::vector<DockWidget> widgets = board->widgets();
+    for (const DockWidget widget : widgets) board->addInEverySize(widget);
+    QVERIFY(scene.show(std::move(board)));
+    const QStringList names{"A network", "An uncommonly", "Anna's"};
+    QStringList faults = faultsOf(scene);
+    int tiles = 0;
+    visitShown(scene.root(), [&](QQuickItem* item) {
+      if (!item->inherits("ambrel::Pressable") && !item->property("span").isValid()) return;
+      ++tiles;
+      faults += collisionsOf(item) + cutValuesOf(item, names);
+    });
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+    QCOMPARE(tiles, static_cast<int>(widgets.size()) * 4);
+  }
+};
 
 }  // namespace ambrel
 

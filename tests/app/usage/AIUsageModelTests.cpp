@@ -2,7 +2,6 @@
 #include <QTest>
 
 #include "app/usage/AIUsageModel.h"
-#include "app/usage/ClaudeStatusLineModel.h"
 #include "core/usage/ClaudeStatusLine.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fakes/HeldWork.h"
@@ -27,13 +26,80 @@ class AIUsageModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init();
-  void cleanup();
-  void onePassIsUnderWayAtATime();
-  void publishesWhatItFinds();
-  void wakesNobodyForTheSame();
-  void followsTheConnectionOfTheHook();
-  void theRowSeesWhenAnotherHandConnectsTheHook();
+  void init() {
+    now = at("2026-11-21T12:00:00Z");
+    home = std::make_unique<TemporaryFolder>();
+    background.waiting.clear();
+    model = std::make_unique<AIUsageModel>(
+        home->path(), home->path() / "data",
+        AIUsageModel::Seams{background.background(), [this] { return now; }, Calendar("UTC", "en_GB")});
+  }
+
+  void cleanup() {
+    model.reset();
+    home.reset();
+  }
+
+  void onePassIsUnderWayAtATime() {
+    model->start();
+    model->start();
+    model->refresh();
+    QVERIFY(model->isStarted());
+    QCOMPARE(background.waiting.size(), std::size_t(1));
+    background.letGo();
+    model->start();
+    QCOMPARE(background.waiting.size(), std::size_t(0));
+    model->refresh();
+    QCOMPARE(background.waiting.size(), std::size_t(1));
+  }
+
+  void publishesWhatItFinds() {
+    QCOMPARE(model->claudeTile().value, QStringLiteral("Reading logs…"));
+    QCOMPARE(model->codexTile().value, QStringLiteral("Reading logs…"));
+    model->refresh();
+    QVERIFY(!model->hasLoaded());
+    background.letGo();
+    QVERIFY(model->hasLoaded());
+    QCOMPARE(model->claudeTile().value, QStringLiteral("No open window"));
+    QCOMPARE(model->codexTile().value, QStringLiteral("No use this week"));
+
+    write(".claude/projects/p/a.jsonl", replies);
+    write(".codex/sessions/a.jsonl", codexEntry);
+    QSignalSpy changed(model.get(), &AIUsageModel::changed);
+    pass();
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(model->claude().block->tokens, 1500);
+    QCOMPARE(model->claudeTile().value, QStringLiteral("1.5K"));
+    QCOMPARE(model->codexTile().value, QStringLiteral("90%"));
+    QVERIFY(model->codexTile().isHigh);
+  }
+
+  void wakesNobodyForTheSame() {
+    write(".claude/projects/p/a.jsonl", replies);
+    write(".codex/sessions/a.jsonl", codexEntry);
+    pass();
+    QSignalSpy changed(model.get(), &AIUsageModel::changed);
+    pass();
+    QCOMPARE(changed.count(), 0);
+    // The readings stay; their age and the share of the block do not.
+    now += std::chrono::minutes(5);
+    pass();
+    QCOMPARE(changed.count(), 1);
+  }
+
+  void followsTheConnectionOfTheHook() {
+    const ClaudeStatusLine::Files files(home->path(), home->path() / "data");
+    write("data/claude-status.json", snapshot);
+    pass();
+    QVERIFY(!model->claudeLimits());
+    ClaudeStatusLine::install(files);
+    pass();
+    QCOMPARE(model->claudeLimits()->session->usedPercent, 40.0);
+    QCOMPARE(model->claudeTile().value, QStringLiteral("40%"));
+    ClaudeStatusLine::remove(files);
+    pass();
+    QVERIFY(!model->claudeLimits());
+  }
 
  private:
   void pass() {
@@ -47,95 +113,6 @@ class AIUsageModelTests : public QObject {
   std::unique_ptr<TemporaryFolder> home;
   std::unique_ptr<AIUsageModel> model;
 };
-
-void AIUsageModelTests::init() {
-  now = at("2026-11-21T12:00:00Z");
-  home = std::make_unique<TemporaryFolder>();
-  background.waiting.clear();
-  model = std::make_unique<AIUsageModel>(
-      home->path(), home->path() / "data",
-      AIUsageModel::Seams{background.background(), [this] { return now; }, Calendar("UTC", "en_GB")});
-}
-
-void AIUsageModelTests::cleanup() {
-  model.reset();
-  home.reset();
-}
-
-void AIUsageModelTests::onePassIsUnderWayAtATime() {
-  model->start();
-  model->start();
-  model->refresh();
-  QVERIFY(model->isStarted());
-  QCOMPARE(background.waiting.size(), std::size_t(1));
-  background.letGo();
-  model->start();
-  QCOMPARE(background.waiting.size(), std::size_t(0));
-  model->refresh();
-  QCOMPARE(background.waiting.size(), std::size_t(1));
-}
-
-void AIUsageModelTests::publishesWhatItFinds() {
-  QCOMPARE(model->claudeTile().value, QStringLiteral("Reading logs…"));
-  QCOMPARE(model->codexTile().value, QStringLiteral("Reading logs…"));
-  model->refresh();
-  QVERIFY(!model->hasLoaded());
-  background.letGo();
-  QVERIFY(model->hasLoaded());
-  QCOMPARE(model->claudeTile().value, QStringLiteral("No open window"));
-  QCOMPARE(model->codexTile().value, QStringLiteral("No use this week"));
-
-  write(".claude/projects/p/a.jsonl", replies);
-  write(".codex/sessions/a.jsonl", codexEntry);
-  QSignalSpy changed(model.get(), &AIUsageModel::changed);
-  pass();
-  QCOMPARE(changed.count(), 1);
-  QCOMPARE(model->claude().block->tokens, 1500);
-  QCOMPARE(model->claudeTile().value, QStringLiteral("1.5K"));
-  QCOMPARE(model->codexTile().value, QStringLiteral("90%"));
-  QVERIFY(model->codexTile().isHigh);
-}
-
-void AIUsageModelTests::wakesNobodyForTheSame() {
-  write(".claude/projects/p/a.jsonl", replies);
-  write(".codex/sessions/a.jsonl", codexEntry);
-  pass();
-  QSignalSpy changed(model.get(), &AIUsageModel::changed);
-  pass();
-  QCOMPARE(changed.count(), 0);
-  // The readings stay; their age and the share of the block do not.
-  now += std::chrono::minutes(5);
-  pass();
-  QCOMPARE(changed.count(), 1);
-}
-
-void AIUsageModelTests::followsTheConnectionOfTheHook() {
-  const ClaudeStatusLine::Files files(home->path(), home->path() / "data");
-  write("data/claude-status.json", snapshot);
-  pass();
-  QVERIFY(!model->claudeLimits());
-  ClaudeStatusLine::install(files);
-  pass();
-  QCOMPARE(model->claudeLimits()->session->usedPercent, 40.0);
-  QCOMPARE(model->claudeTile().value, QStringLiteral("40%"));
-  ClaudeStatusLine::remove(files);
-  pass();
-  QVERIFY(!model->claudeLimits());
-}
-
-void AIUsageModelTests::theRowSeesWhenAnotherHandConnectsTheHook() {
-  const ClaudeStatusLine::Files files(home->path(), home->path() / "data");
-  ClaudeStatusLineModel row(files);
-  QSignalSpy connections(&row, &ClaudeStatusLineModel::connectionChanged);
-  // At first there is not even a folder; later the file is replaced each time.
-  for (int round = 0; round < 2; ++round) {
-    ClaudeStatusLine::install(files);
-    QTRY_VERIFY(row.isConnected());
-    ClaudeStatusLine::remove(files);
-    QTRY_VERIFY(!row.isConnected());
-  }
-  QCOMPARE(connections.count(), 4);
-}
 
 }  // namespace ambrel
 

@@ -1,7 +1,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/weather/WeatherModel.h"
+#include "app/weather/WeatherArea.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/weather/WeatherSample.h"
 #include "tests/fakes/FakeClock.h"
@@ -22,11 +22,18 @@ struct Room {
       if (target.startsWith("/v1/air-quality?")) return air;
       return target.startsWith("/v1/search?") ? places : forecast;
     };
+    for (const char* key : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL"})
+      defaults.set(key, DefaultsValue{server.url().toString().toStdString()});
   }
 
   WeatherModel make(WeatherModel::Setting setting = WeatherModel::mainSetting()) {
     return WeatherModel(std::move(setting), service, defaults, Calendar("Europe/Berlin", "en_GB"),
                         [this] { return clock.now(); });
+  }
+  // Both places, on the program's timer.
+  WeatherArea makeArea() {
+    return WeatherArea(
+        defaults, Calendar("Europe/Berlin", "en_GB"), [this] { return clock.now(); }, due);
   }
   // As in the panel.
   void choose(WeatherModel& model, const char* key, const DefaultsValue& value) {
@@ -48,6 +55,7 @@ struct Room {
   TemporaryFolder folder;
   UserDefaults defaults{folder / "defaults.json"};
   FakeClock clock{*parseISO8601("2026-07-14T09:41:00Z")};
+  DueTimer due{clock};
   LoopbackServer server;
   WeatherService service{{server.url(), server.url(), server.url()}, {.time = std::chrono::seconds(10), .jitter = 0}};
   Reply forecast{.body = sample("london.json")};
@@ -67,239 +75,254 @@ class WeatherModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void showsWhatTheServicesAnswer();
-  void aBadAnswerLeavesTheOldValuesWithTheirAge();
-  void itAsksWhateverTheDesktopSaysOfTheNetwork();
-  void theAirHasAnAgeOfItsOwn();
-  void carriesOutWhatIsDue();
-  void aPlaceIsSearchedForAfterAPause();
-  void returnTakesTheFirstPlaceForWhatIsTyped();
-  void aChosenPlaceIsStoredAndAskedForAtOnce();
-  void anOlderAnswerIsNotLookedAt();
-  void aStoredPlaceThatIsNoneIsPassedOver();
-  void anotherUnitIsAskedForAndShownWhenItIsThere();
-  void theScaleIsAChoiceOfItsOwn();
-};
+  void showsWhatTheServicesAnswer() {
+    Room room;
+    WeatherModel model = room.make();
+    QCOMPARE(model.texts().problem, QStringLiteral("Waiting for data"));
+    model.setWanted(true, room.clock.now());
+    QVERIFY(until(model, [&] { return model.texts().problem.isEmpty() && !model.texts().airValue.isEmpty(); }));
+    const WeatherTexts& texts = model.texts();
+    QCOMPARE(texts.summary, QStringLiteral("London, United Kingdom, 22°, Partly cloudy, 25° / 14°, Updated 11:41"));
+    QCOMPARE(texts.symbol, QStringLiteral("cloud.sun.fill"));
+    // The place's own time, an hour behind the user's.
+    QCOMPARE(texts.sunTitle + texts.sunTime + ' ' + texts.localTime, QStringLiteral("Sunset21:12 10:41"));
+    QVERIFY(texts.isWet);
+    QCOMPARE(texts.airSummary, QStringLiteral("US AQI 42, Good"));
+    QCOMPARE(texts.hours.size() + texts.days.size(), 14);
+    QCOMPARE(texts.days[1].value<ForecastEntry>().time, QStringLiteral("Wed"));
+    QVERIFY(texts.staleSince.isEmpty());
+  }
 
-void WeatherModelTests::showsWhatTheServicesAnswer() {
-  Room room;
-  WeatherModel model = room.make();
-  QCOMPARE(model.texts().problem, QStringLiteral("Waiting for data"));
-  model.setWanted(true, room.clock.now());
-  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty() && !model.texts().airValue.isEmpty(); }));
-  const WeatherTexts& texts = model.texts();
-  QCOMPARE(texts.summary, QStringLiteral("London, United Kingdom, 22°, Partly cloudy, 25° / 14°, Updated 11:41"));
-  QCOMPARE(texts.symbol, QStringLiteral("cloud.sun.fill"));
-  // The place's own time, an hour behind the user's.
-  QCOMPARE(texts.sunTitle + texts.sunTime + ' ' + texts.localTime, QStringLiteral("Sunset21:12 10:41"));
-  QVERIFY(texts.isWet);
-  QCOMPARE(texts.airSummary, QStringLiteral("US AQI 42, Good"));
-  QCOMPARE(texts.hours.size() + texts.days.size(), 14);
-  QCOMPARE(texts.days[1].value<ForecastEntry>().time, QStringLiteral("Wed"));
-  QVERIFY(texts.staleSince.isEmpty());
-}
+  void aBadAnswerLeavesTheOldValuesWithTheirAge() {
+    const Reply answers[] = {{.status = 500, .body = "<html>"},
+                             {.body = sample("error.json")},
+                             {.body = sample("london.json").left(900)},
+                             {.body = R"({"utc_offset_seconds":null,"current":null,"hourly":null,"daily":null})"}};
+    for (const Reply& answer : answers) {
+      Room room;
+      WeatherModel model = room.make();
+      model.setWanted(true, room.clock.now());
+      QVERIFY(until(model, [&] { return model.texts().problem.isEmpty() && !model.texts().airValue.isEmpty(); }));
+      const WeatherReading before = model.reading();
+      room.forecast = room.air = answer;
+      room.clock.pass(minutes(30));
+      model.tick(room.clock.now());
+      QVERIFY(room.settled(4));
+      QVERIFY(model.reading().forecast == before.forecast && model.reading().airQuality == before.airQuality);
+      QVERIFY2(model.due() == room.clock.now() + minutes(30), "the next regular request is soon enough");
+      QVERIFY(model.texts().staleSince.isEmpty());
+      room.clock.pass(minutes(20));
+      model.update();
+      QCOMPARE(model.texts().staleSince, QStringLiteral("50 min ago"));
+      QVERIFY(model.texts().problem.isEmpty());
 
-void WeatherModelTests::aBadAnswerLeavesTheOldValuesWithTheirAge() {
-  const Reply answers[] = {{.status = 500, .body = "<html>"},
-                           {.body = sample("error.json")},
-                           {.body = sample("london.json").left(900)},
-                           {.body = R"({"utc_offset_seconds":null,"current":null,"hourly":null,"daily":null})"}};
-  for (const Reply& answer : answers) {
+      room.forecast = {.body = sample("london.json")};
+      room.clock.pass(minutes(10));
+      model.tick(room.clock.now());
+      QVERIFY(until(model, [&] { return model.reading().updatedAt == room.clock.now(); }));
+      QVERIFY(model.texts().staleSince.isEmpty());
+    }
+  }
+
+  void itAsksWhateverTheDesktopSaysOfTheNetwork() {
+    Room room;
+    WeatherModel model = room.make();
+    // It says so at the start, and then never anything else; the server is on this machine.
+    model.setOnline(false, room.clock.now());
+    model.setWanted(true, room.clock.now());
+    QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
+
+    // Nobody listens there. What was not reached is tried again, and at once when the network is back.
+    LoopbackServer gone;
+    const QUrl nowhere = gone.url();
+    gone.close();
+    WeatherService unreached({nowhere, nowhere, nowhere}, {.time = std::chrono::seconds(10), .jitter = 0});
+    WeatherModel other(WeatherModel::mainSetting(), unreached, room.defaults, Calendar("Europe/Berlin", "en_GB"),
+                       [&] { return room.clock.now(); });
+    other.setOnline(false, room.clock.now());
+    other.setWanted(true, room.clock.now());
+    QVERIFY(until(other, [&] { return other.texts().problem == QStringLiteral("Offline"); }));
+    QVERIFY(QTest::qWaitFor([&] { return other.due() == room.clock.now() + seconds(60); }, 15000));
+    other.setOnline(true, room.clock.now());
+    QVERIFY(other.due() == room.clock.now());
+  }
+
+  void theAirHasAnAgeOfItsOwn() {
+    const Instant now = *parseISO8601("2026-07-14T11:11:00Z");
+    WeatherReading reading;
+    reading.forecast = decodeForecast(sample("london.json").toStdString()).value;
+    reading.updatedAt = now;
+    reading.airQuality = decodeAirQuality(sample("air-gaps.json").toStdString()).value;
+    reading.airUpdatedAt = now - minutes(90);
+    reading.scale = AirQualityScale::european;
+    WeatherTexts texts = weatherTexts(defaultPlace(), reading, Calendar("Europe/Berlin", "en_GB"), now);
+    QCOMPARE(texts.staleSince, QString());
+    QCOMPARE(texts.airStaleSince, QStringLiteral("1 hr ago"));
+    QCOMPARE(texts.airValue + texts.airLabel, QStringLiteral("58Moderate"));
+    reading.scale = AirQualityScale::us;
+    texts = weatherTexts(defaultPlace(), reading, Calendar("Europe/Berlin", "en_GB"), now);
+    QVERIFY2(texts.airValue.isEmpty(), "the US index is a gap in this answer");
+  }
+
+  void carriesOutWhatIsDue() {
+    Room room;
+    WeatherModel model = room.make();
+    model.choose(WeatherPlace{"Springfield", std::nullopt, 42.1, -72.5});
+    QVERIFY2(room.settled(0), "nobody looks");
+    model.setWanted(true, room.clock.now());
+    QVERIFY(room.settled(2));
+    QVERIFY(room.server.targets[0].startsWith("/v1/forecast?latitude=42.1&longitude=-72.5&"));
+    room.clock.sleep(hours(8));
+    model.slept(hours(8), room.clock.now());
+    QCOMPARE(model.texts().staleSince, QStringLiteral("8 hr ago"));
+    room.clock.pass(seconds(10));
+    model.tick(room.clock.now());
+    QVERIFY(room.settled(4));
+  }
+
+  void aPlaceIsSearchedForAfterAPause() {
+    Room room;
+    WeatherModel model = room.make();
+    for (const char* typed : {"S", "Sp", "Spri", "Spring field "}) model.search(QString::fromLatin1(typed));
+    QVERIFY(model.due() == room.clock.now() + std::chrono::milliseconds(300));
+    room.clock.pass(Seconds(0.3));
+    model.tick(room.clock.now());
+    QVERIFY(QTest::qWaitFor([&] { return model.searchResults().size() == 6; }, 15000));
+    QCOMPARE(room.server.targets, QByteArrayList{"/v1/search?name=Spring%20field&count=6&language=en"});
+    model.search(QStringLiteral(" x "));
+    QCOMPARE(model.searchNote(), QStringLiteral("Type at least two letters"));
+    QVERIFY(!model.due());
+  }
+
+  void returnTakesTheFirstPlaceForWhatIsTyped() {
+    Room room;
+    WeatherModel model = room.make();
+    QSignalSpy chosen(&model, &WeatherModel::placeChosen);
+    model.search(QStringLiteral("Spring"));
+    QCOMPARE(model.searchNote(), QStringLiteral("Searching…"));
+    model.chooseFirst();
+    QCOMPARE(chosen.count(), 0);
+    QVERIFY(chosen.wait(15000));
+    QCOMPARE(model.texts().placeLabel, QStringLiteral("Springfield, United States"));
+    QCOMPARE(model.searchResults().at(1).toMap().value(QStringLiteral("detail")).toString(),
+             QStringLiteral("Massachusetts, United States"));
+
+    // The results shown are for an older text.
+    room.places = {.body = sample("places-none.json")};
+    model.search(QStringLiteral("Springfielx"));
+    QCOMPARE(model.searchResults().size(), 6);
+    model.chooseFirst();
+    QVERIFY(QTest::qWaitFor([&] { return model.searchResults().isEmpty(); }, 15000));
+    QCOMPARE(model.searchNote(), QStringLiteral("No place of that name"));
+    model.chooseFirst();
+    room.places = {.status = 500, .body = {}};
+    model.search(QStringLiteral("Springfield"));
+    model.chooseFirst();
+    QVERIFY(QTest::qWaitFor([&] { return model.searchNote() == QStringLiteral("The search does not answer"); }, 15000));
+    model.search(QStringLiteral(""));
+    model.chooseFirst();
+    QCOMPARE(chosen.count(), 1);
+  }
+
+  void aChosenPlaceIsStoredAndAskedForAtOnce() {
     Room room;
     WeatherModel model = room.make();
     model.setWanted(true, room.clock.now());
-    QVERIFY(until(model, [&] { return model.texts().problem.isEmpty() && !model.texts().airValue.isEmpty(); }));
-    const WeatherReading before = model.reading();
-    room.forecast = room.air = answer;
+    QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
+    QVERIFY(room.settled(2));
+    model.search(QStringLiteral("Springfield"));
+    room.clock.pass(Seconds(0.3));
+    model.tick(room.clock.now());
+    QVERIFY(QTest::qWaitFor([&] { return !model.searchResults().isEmpty(); }, 15000));
+    model.choose(6);
+    QCOMPARE(model.texts().placeLabel, QStringLiteral("London, United Kingdom"));
+    model.choose(1);
+    QCOMPARE(model.texts().placeLabel, QStringLiteral("Springfield, United States"));
+    QVERIFY2(!model.texts().problem.isEmpty(), "London's weather is not Springfield's");
+    QVERIFY(model.texts().airValue.isEmpty());
+    QVERIFY(room.settled(5));
+    QVERIFY(room.server.targets[3].startsWith("/v1/forecast?latitude=42.10148&longitude=-72.58981&"));
+    QVERIFY(room.server.targets[4].startsWith("/v1/air-quality?latitude=42.10148"));
+
+    const UserDefaults stored(room.folder / "defaults.json");
+    QVERIFY(decodedPlace(stored.data("weatherPlace").value_or("")) == model.place());
+    QCOMPARE(room.make().texts().placeLabel, QStringLiteral("Springfield, United States"));
+  }
+
+  void anOlderAnswerIsNotLookedAt() {
+    Room room;
+    WeatherModel model = room.make();
+    room.server.answer = [](const QByteArray& target) {
+      return target.startsWith("/v1/forecast?latitude=51.5074") ? Reply{.body = sample("london.json")}
+                                                                : Reply{.status = 500, .body = {}};
+    };
+    model.setWanted(true, room.clock.now());
+    model.choose(WeatherPlace{"Springfield", std::nullopt, 42.1, -72.5});
+    QVERIFY(room.settled(4));
+    QVERIFY2(!model.reading().forecast, "London's weather has come, and is not Springfield's");
+  }
+
+  void aStoredPlaceThatIsNoneIsPassedOver() {
+    Room room;
+    room.defaults.set("weatherPlace", DefaultsValue{DefaultsData{"{\"name\":\"X\"}"}});
+    room.defaults.set("secondCityPlace", DefaultsValue{std::string("Paris")});
+    QCOMPARE(room.make().texts().placeLabel, QStringLiteral("London, United Kingdom"));
+    QCOMPARE(room.make(WeatherModel::secondCitySetting()).texts().placeLabel,
+             QStringLiteral("New York, United States"));
+  }
+
+  void anotherUnitIsAskedForAndShownWhenItIsThere() {
+    Room room;
+    WeatherModel model = room.make();
+    model.setWanted(true, room.clock.now());
+    QVERIFY(room.settled(2));
+    QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
+    room.forecast = {.status = 500, .body = {}};
+    room.choose(model, "weatherFahrenheit", {true});
+    QVERIFY(room.settled(3));
+    QVERIFY(room.server.targets[2].endsWith("&temperature_unit=fahrenheit&wind_speed_unit=mph"));
+    QCOMPARE(model.texts().temperature + model.texts().windUnit, QStringLiteral("22°km/h"));
+    room.forecast = {.body = sample("london.json")};
     room.clock.pass(minutes(30));
     model.tick(room.clock.now());
-    QVERIFY(room.settled(4));
-    QVERIFY(model.reading().forecast == before.forecast && model.reading().airQuality == before.airQuality);
-    QVERIFY2(model.due() == room.clock.now() + minutes(30), "the next regular request is soon enough");
-    QVERIFY(model.texts().staleSince.isEmpty());
-    room.clock.pass(minutes(20));
-    model.update();
-    QCOMPARE(model.texts().staleSince, QStringLiteral("50 min ago"));
-    QVERIFY(model.texts().problem.isEmpty());
-
-    room.forecast = {.body = sample("london.json")};
-    room.clock.pass(minutes(10));
-    model.tick(room.clock.now());
-    QVERIFY(until(model, [&] { return model.reading().updatedAt == room.clock.now(); }));
-    QVERIFY(model.texts().staleSince.isEmpty());
+    QVERIFY(until(model, [&] { return model.texts().windUnit == QStringLiteral("mph"); }));
   }
-}
 
-void WeatherModelTests::itAsksWhateverTheDesktopSaysOfTheNetwork() {
-  Room room;
-  WeatherModel model = room.make();
-  // It says so at the start, and then never anything else; the server is on this machine.
-  model.setOnline(false, room.clock.now());
-  model.setWanted(true, room.clock.now());
-  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
+  void theScaleIsAChoiceOfItsOwn() {
+    Room room;
+    WeatherModel model = room.make();
+    QCOMPARE(model.texts().airScale, QStringLiteral("US AQI"));
+    room.choose(model, "airQualityScale", {std::string("european")});
+    QCOMPARE(model.texts().airScale, QStringLiteral("EU AQI"));
+  }
 
-  // Nobody listens there. What was not reached is tried again, and at once when the network is back.
-  LoopbackServer gone;
-  const QUrl nowhere = gone.url();
-  gone.close();
-  WeatherService unreached({nowhere, nowhere, nowhere}, {.time = std::chrono::seconds(10), .jitter = 0});
-  WeatherModel other(WeatherModel::mainSetting(), unreached, room.defaults, Calendar("Europe/Berlin", "en_GB"),
-                     [&] { return room.clock.now(); });
-  other.setOnline(false, room.clock.now());
-  other.setWanted(true, room.clock.now());
-  QVERIFY(until(other, [&] { return other.texts().problem == QStringLiteral("Offline"); }));
-  QVERIFY(QTest::qWaitFor([&] { return other.due() == room.clock.now() + seconds(60); }, 15000));
-  other.setOnline(true, room.clock.now());
-  QVERIFY(other.due() == room.clock.now());
-}
+  void theTwoPlacesHaveOneUnit() {
+    Room room;
+    WeatherArea area = room.makeArea();
+    area.setWanted(true, true);
+    QVERIFY(room.settled(4));
+    room.defaults.set("weatherFahrenheit", DefaultsValue{true});
+    area.defaultsChanged({"weatherFahrenheit"});
+    QVERIFY(room.settled(6));
+    QVERIFY(room.server.targets[4].contains("fahrenheit") && room.server.targets[5].contains("fahrenheit"));
+  }
 
-void WeatherModelTests::theAirHasAnAgeOfItsOwn() {
-  const Instant now = *parseISO8601("2026-07-14T11:11:00Z");
-  WeatherReading reading;
-  reading.forecast = decodeForecast(sample("london.json").toStdString()).value;
-  reading.updatedAt = now;
-  reading.airQuality = decodeAirQuality(sample("air-gaps.json").toStdString()).value;
-  reading.airUpdatedAt = now - minutes(90);
-  reading.scale = AirQualityScale::european;
-  WeatherTexts texts = weatherTexts(defaultPlace(), reading, Calendar("Europe/Berlin", "en_GB"), now);
-  QCOMPARE(texts.staleSince, QString());
-  QCOMPARE(texts.airStaleSince, QStringLiteral("1 hr ago"));
-  QCOMPARE(texts.airValue + texts.airLabel, QStringLiteral("58Moderate"));
-  reading.scale = AirQualityScale::us;
-  texts = weatherTexts(defaultPlace(), reading, Calendar("Europe/Berlin", "en_GB"), now);
-  QVERIFY2(texts.airValue.isEmpty(), "the US index is a gap in this answer");
-}
-
-void WeatherModelTests::carriesOutWhatIsDue() {
-  Room room;
-  WeatherModel model = room.make();
-  model.choose(WeatherPlace{"Springfield", std::nullopt, 42.1, -72.5});
-  QVERIFY2(room.settled(0), "nobody looks");
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
-  QVERIFY(room.server.targets[0].startsWith("/v1/forecast?latitude=42.1&longitude=-72.5&"));
-  room.clock.sleep(hours(8));
-  model.slept(hours(8), room.clock.now());
-  QCOMPARE(model.texts().staleSince, QStringLiteral("8 hr ago"));
-  room.clock.pass(seconds(10));
-  model.tick(room.clock.now());
-  QVERIFY(room.settled(4));
-}
-
-void WeatherModelTests::aPlaceIsSearchedForAfterAPause() {
-  Room room;
-  WeatherModel model = room.make();
-  for (const char* typed : {"S", "Sp", "Spri", "Spring field "}) model.search(QString::fromLatin1(typed));
-  QVERIFY(model.due() == room.clock.now() + std::chrono::milliseconds(300));
-  room.clock.pass(Seconds(0.3));
-  model.tick(room.clock.now());
-  QVERIFY(QTest::qWaitFor([&] { return model.searchResults().size() == 6; }, 15000));
-  QCOMPARE(room.server.targets, QByteArrayList{"/v1/search?name=Spring%20field&count=6&language=en"});
-  model.search(QStringLiteral(" x "));
-  QCOMPARE(model.searchNote(), QStringLiteral("Type at least two letters"));
-  QVERIFY(!model.due());
-}
-
-void WeatherModelTests::returnTakesTheFirstPlaceForWhatIsTyped() {
-  Room room;
-  WeatherModel model = room.make();
-  QSignalSpy chosen(&model, &WeatherModel::placeChosen);
-  model.search(QStringLiteral("Spring"));
-  QCOMPARE(model.searchNote(), QStringLiteral("Searching…"));
-  model.chooseFirst();
-  QCOMPARE(chosen.count(), 0);
-  QVERIFY(chosen.wait(15000));
-  QCOMPARE(model.texts().placeLabel, QStringLiteral("Springfield, United States"));
-  QCOMPARE(model.searchResults().at(1).toMap().value(QStringLiteral("detail")).toString(),
-           QStringLiteral("Massachusetts, United States"));
-
-  // The results shown are for an older text.
-  room.places = {.body = sample("places-none.json")};
-  model.search(QStringLiteral("Springfielx"));
-  QCOMPARE(model.searchResults().size(), 6);
-  model.chooseFirst();
-  QVERIFY(QTest::qWaitFor([&] { return model.searchResults().isEmpty(); }, 15000));
-  QCOMPARE(model.searchNote(), QStringLiteral("No place of that name"));
-  model.chooseFirst();
-  room.places = {.status = 500, .body = {}};
-  model.search(QStringLiteral("Springfield"));
-  model.chooseFirst();
-  QVERIFY(QTest::qWaitFor([&] { return model.searchNote() == QStringLiteral("The search does not answer"); }, 15000));
-  model.search(QStringLiteral(""));
-  model.chooseFirst();
-  QCOMPARE(chosen.count(), 1);
-}
-
-void WeatherModelTests::aChosenPlaceIsStoredAndAskedForAtOnce() {
-  Room room;
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
-  QVERIFY(room.settled(2));
-  model.search(QStringLiteral("Springfield"));
-  room.clock.pass(Seconds(0.3));
-  model.tick(room.clock.now());
-  QVERIFY(QTest::qWaitFor([&] { return !model.searchResults().isEmpty(); }, 15000));
-  model.choose(6);
-  QCOMPARE(model.texts().placeLabel, QStringLiteral("London, United Kingdom"));
-  model.choose(1);
-  QCOMPARE(model.texts().placeLabel, QStringLiteral("Springfield, United States"));
-  QVERIFY2(!model.texts().problem.isEmpty(), "London's weather is not Springfield's");
-  QVERIFY(model.texts().airValue.isEmpty());
-  QVERIFY(room.settled(5));
-  QVERIFY(room.server.targets[3].startsWith("/v1/forecast?latitude=42.10148&longitude=-72.58981&"));
-  QVERIFY(room.server.targets[4].startsWith("/v1/air-quality?latitude=42.10148"));
-
-  const UserDefaults stored(room.folder / "defaults.json");
-  QVERIFY(decodedPlace(stored.data("weatherPlace").value_or("")) == model.place());
-  QCOMPARE(room.make().texts().placeLabel, QStringLiteral("Springfield, United States"));
-}
-
-void WeatherModelTests::anOlderAnswerIsNotLookedAt() {
-  Room room;
-  WeatherModel model = room.make();
-  room.server.answer = [](const QByteArray& target) {
-    return target.startsWith("/v1/forecast?latitude=51.5074") ? Reply{.body = sample("london.json")}
-                                                              : Reply{.status = 500, .body = {}};
-  };
-  model.setWanted(true, room.clock.now());
-  model.choose(WeatherPlace{"Springfield", std::nullopt, 42.1, -72.5});
-  QVERIFY(room.settled(4));
-  QVERIFY2(!model.reading().forecast, "London's weather has come, and is not Springfield's");
-}
-
-void WeatherModelTests::aStoredPlaceThatIsNoneIsPassedOver() {
-  Room room;
-  room.defaults.set("weatherPlace", DefaultsValue{DefaultsData{"{\"name\":\"X\"}"}});
-  room.defaults.set("secondCityPlace", DefaultsValue{std::string("Paris")});
-  QCOMPARE(room.make().texts().placeLabel, QStringLiteral("London, United Kingdom"));
-  QCOMPARE(room.make(WeatherModel::secondCitySetting()).texts().placeLabel, QStringLiteral("New York, United States"));
-}
-
-void WeatherModelTests::anotherUnitIsAskedForAndShownWhenItIsThere() {
-  Room room;
-  WeatherModel model = room.make();
-  model.setWanted(true, room.clock.now());
-  QVERIFY(room.settled(2));
-  QVERIFY(until(model, [&] { return model.texts().problem.isEmpty(); }));
-  room.forecast = {.status = 500, .body = {}};
-  room.choose(model, "weatherFahrenheit", {true});
-  QVERIFY(room.settled(3));
-  QVERIFY(room.server.targets[2].endsWith("&temperature_unit=fahrenheit&wind_speed_unit=mph"));
-  QCOMPARE(model.texts().temperature + model.texts().windUnit, QStringLiteral("22°km/h"));
-  room.forecast = {.body = sample("london.json")};
-  room.clock.pass(minutes(30));
-  model.tick(room.clock.now());
-  QVERIFY(until(model, [&] { return model.texts().windUnit == QStringLiteral("mph"); }));
-}
-
-void WeatherModelTests::theScaleIsAChoiceOfItsOwn() {
-  Room room;
-  WeatherModel model = room.make();
-  QCOMPARE(model.texts().airScale, QStringLiteral("US AQI"));
-  room.choose(model, "airQualityScale", {std::string("european")});
-  QCOMPARE(model.texts().airScale, QStringLiteral("EU AQI"));
-}
+  void theTimerBringsTheNextForecast() {
+    Room room;
+    WeatherArea area = room.makeArea();
+    area.setWanted(true, false);
+    QVERIFY(until(*area.main(), [&] { return !area.main()->texts().airValue.isEmpty(); }));
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+          const auto wake = room.clock.wakeTime;
+          return wake && *wake >= room.clock.now() + minutes(30) && *wake < room.clock.now() + minutes(32);
+        },
+        15000));
+    room.clock.pass(minutes(32));
+    room.clock.ring();
+    QVERIFY(room.settled(4));
+  }
+};
 
 }  // namespace ambrel
 

@@ -134,18 +134,6 @@ TEST(BuddyBubbleQueue, MovesWithAClockThatIsSet) {
   EXPECT_TRUE(queue.offer(notice("more", agentStopped, 86400 + 20, "s")));
 }
 
-TEST(BuddyInbox, ListsTheNewestFirstAndKeepsTwoHundred) {
-  BuddyInbox inbox;
-  std::vector<BuddyNotice> many;
-  for (int i = 0; i < 3000; ++i) many.push_back(notice(std::to_string(i), water, 1000));
-  for (int i = 0; i < 250; ++i) inbox.add({notice("before " + std::to_string(i), water)}, after(i));
-  EXPECT_EQ(inbox.recent.back().id, "before 50");
-  inbox.add(many, after(1000));
-  ASSERT_THAT(inbox.recent, SizeIs(200));
-  EXPECT_EQ(inbox.recent.front().id, "2999");
-  EXPECT_EQ(inbox.recent.back().id, "2800");
-}
-
 TEST(BuddyInbox, MovesANoticeThatCameBackToTheFrontUnderThePresentTime) {
   BuddyInbox inbox;
   inbox.add({notice("battery.low", batteryLow), notice("disk.low", diskLow)}, after(0));

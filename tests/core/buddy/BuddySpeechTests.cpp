@@ -158,8 +158,11 @@ TEST(BuddyInbox, CountsWhatNobodyHasRead) {
   EXPECT_EQ(inbox.newCount, 2u);
   ASSERT_EQ(inbox.recent.size(), 2u);
   EXPECT_EQ(inbox.recent.front().id, "battery.low");
-  for (int i = 0; i < 300; ++i) inbox.add({BuddyNotice(std::to_string(i), BuddyRule::cpuHigh, "", "", start)}, start);
+  std::vector<BuddyNotice> many;
+  for (int i = 0; i < 300; ++i) many.emplace_back(std::to_string(i), BuddyRule::cpuHigh, "", "", start);
+  inbox.add(many, start);
   EXPECT_EQ(inbox.recent.size(), BuddyInbox::capacity);
+  EXPECT_EQ(inbox.recent.front().id + " to " + inbox.recent.back().id, "299 to 100");
   EXPECT_EQ(inbox.newCount, BuddyInbox::capacity);
 }
 

@@ -1,0 +1,110 @@
+#include "app/Areas.h"
+
+#include "app/agents/ProgramIcons.h"
+#include "app/model/LicenseManager.h"
+
+namespace ambrel {
+namespace {
+
+AgentsModel::Seams agentsSeams(const Services& with, const Background& background) {
+  return {.background = background,
+          .notifications = with.desktop.notifications,
+          .workspace = with.desktop.workspace,
+          .now = with.surroundings.now,
+          .icon =
+              [&workspace = with.desktop.workspace](std::string_view bundleID) {
+                return ProgramIcons::source(QString::fromStdString(workspace.iconOf(bundleID)));
+              },
+          .folders = &with.desktop.folderWatch,
+          .later = with.later};
+}
+
+ClipboardModel::Seams clipboardSeams(const Services& with, const Background& background) {
+  return {.pasteboard = with.desktop.pasteboard,
+          .workspace = with.desktop.workspace,
+          .background = background,
+          .fileBackground = makeDetachedBackground(with.context),
+          .later = with.later,
+          .now = with.surroundings.now};
+}
+
+LiveSeams liveSeams(const Services& with) {
+  return {.telemetry = with.desktop.telemetry,
+          .latency = with.desktop.latency,
+          .sound = with.desktop.soundControl,
+          .bluetooth = with.desktop.bluetooth,
+          .volumes = with.desktop.volumes,
+          .keepAwake = with.desktop.keepAwake,
+          .readings = with.desktop.readings,
+          .background = makeBackground(with.context),
+          .calendar = with.surroundings.calendar,
+          .now = with.surroundings.now};
+}
+
+}  // namespace
+
+Areas::Areas(const Services& with)
+    : background(makeBackground(with.context)),
+      languageModel(with.defaults),
+      agents(with.settings,
+             {.home = with.surroundings.home,
+              .data = with.surroundings.dataFolder,
+              .tool = with.surroundings.tool,
+              .folders = with.surroundings.agentFolders},
+             with.surroundings.calendar, agentsSeams(with, background)),
+      clipboard(with.settings, with.surroundings.dataFolder / "Clipboard", with.surroundings.calendar,
+                clipboardSeams(with, background)),
+      time(with.surroundings.calendar),
+      telemetry(liveSeams(with), with.shell),
+      usage(with.settings, with.surroundings.home, with.surroundings.dataFolder,
+            {.background = background, .now = with.surroundings.now, .calendar = with.surroundings.calendar}),
+      disk(with.surroundings.home,
+           {.engine = with.engine,
+            .windowStyle = with.desktop.windowStyle,
+            .trash = with.desktop.trash,
+            .model = languageModel,
+            .calendar = with.surroundings.calendar,
+            .now = with.surroundings.now},
+           with.shell),
+      notes(
+          with.engine, with.desktop.windowStyle,
+          {.screen = with.desktop.screenCapture,
+           .background = background,
+           .now = with.surroundings.now,
+           .calendar = with.surroundings.calendar,
+           .copy = [this](const std::string& text) { clipboard.clipboard()->copyText(QString::fromStdString(text)); }},
+          with.shell),
+      focus({.defaults = with.defaults,
+             .calendar = with.surroundings.calendar,
+             .notifications = with.desktop.notifications,
+             .sounds = with.desktop.sounds,
+             .now = with.surroundings.now},
+            with.surroundings.dataFolder / "habits.json", with.due, with.shell),
+      weather(with.defaults, with.surroundings.calendar, with.surroundings.now, with.due),
+      buddy({.agents = *agents.agents(),
+             .settings = with.settings,
+             .defaults = with.defaults,
+             .workspace = with.desktop.workspace,
+             .calendar = with.surroundings.calendar,
+             .now = with.surroundings.now,
+             .later = with.later}),
+      assistant({.defaults = with.defaults,
+                 .model = languageModel,
+                 .buddy = *buddy.center()->buddy(),
+                 .actions = {.model = with.model,
+                             .agents = *agents.agents(),
+                             .folding = SearchFolding::forLocale(with.surroundings.calendar().locale()),
+                             .now = with.surroundings.now}}) {
+  for (Area* area : all) buddy.follow(*area);
+  QObject::connect(agents.agents(), &AgentsModel::sessionFinished, &notices(), &BuddyNoticeCenter::sessionFinished);
+  QObject::connect(focus.pomodoro(), &PomodoroTimer::phaseEnded, &notices(), [this](PomodoroPhase ended) {
+    notices().phaseEnded(ended == PomodoroPhase::focus ? BuddySignals::PhaseEnd::focus
+                                                       : BuddySignals::PhaseEnd::breakTime);
+  });
+  QObject::connect(&notes, &NotesArea::captureAsked, &notes, [this, &license = with.license] {
+    if (license.permits(ProFeature::screenNotes)) notes.notes()->capture();
+  });
+  with.due.add(notices());
+}
+
+}  // namespace ambrel
