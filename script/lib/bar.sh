@@ -30,11 +30,19 @@ bar_start() {
   bar_hold
 }
 
-# A bar that hides by itself stays out while the pointer is on it. Its rim shows no tip and lights no tile up.
+# A bar that hides by itself stays out while the pointer is on it. Its inner rim, half a padding behind the margin of
+# its shadow, shows no tip and lights no tile up.
 bar_hold() {
-  local X Y WIDTH HEIGHT WINDOW SCREEN
+  local X Y WIDTH HEIGHT WINDOW SCREEN rim
+  rim=$(awk -v scale="${QT_SCALE_FACTOR:-1}" 'BEGIN { print int(52 * scale) }')
   eval "$(xdotool getwindowgeometry --shell "$(bar_window)")"
-  xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2 - 36 * ${QT_SCALE_FACTOR:-1}))
+  if ((WIDTH > HEIGHT)); then
+    xdotool mousemove $((X + WIDTH / 2)) $((Y + rim))
+  elif ((X > vd_width / 2)); then
+    xdotool mousemove $((X + rim)) $((Y + HEIGHT / 2))
+  else
+    xdotool mousemove $((X + WIDTH - rim)) $((Y + HEIGHT / 2))
+  fi
 }
 
 bar_sum() { import -silent -window root rgb:- | cksum; }
