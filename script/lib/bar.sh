@@ -11,6 +11,7 @@ bar_pid=
 # The bar's window while it is on the screen.
 bar_window() { xdotool search --onlyvisible --name '^Tilebay$' 2>/dev/null | head -n 1; }
 bar_is_out() { [ -n "$(bar_window)" ]; }
+bar_geometry() { xdotool getwindowgeometry --shell "$(bar_window)" 2>/dev/null; }
 
 # There is nothing to wait for when it has ended; the next step then says so.
 bar_answers() { vd_is_gone "$bar_pid" || vd_has_name dev.qorvin.ambrel; }
@@ -35,7 +36,9 @@ bar_start() {
 bar_hold() {
   local X Y WIDTH HEIGHT WINDOW SCREEN rim
   rim=$(awk -v scale="${QT_SCALE_FACTOR:-1}" 'BEGIN { print int(52 * scale) }')
-  eval "$(xdotool getwindowgeometry --shell "$(bar_window)")"
+  # Some window managers make the bar come a second time, in another window.
+  vd_wait 5 bar_geometry || return
+  eval "$(bar_geometry)"
   if ((WIDTH > HEIGHT)); then
     xdotool mousemove $((X + WIDTH / 2)) $((Y + rim))
   elif ((X > vd_width / 2)); then
