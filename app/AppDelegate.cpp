@@ -324,7 +324,9 @@ void AppDelegate::makeDock() {
   dock_->setScale(theme.textScale());
   connect(&theme, &Theme::textScaleChanged, dock_.get(), [this, &theme] { dock_->setScale(theme.textScale()); });
   toast_.attach(engine_, desktop_.windowStyle, [this] { return dock_->anchor({}); });
-  tips_ = std::make_unique<TipController>(engine_, desktop_.windowStyle);
+  tips_ = std::make_unique<TipController>(engine_, desktop_.windowStyle, [this](const QQuickWindow& window) {
+    return &window == dock_->window() ? std::optional(dock_->anchor({})) : std::nullopt;
+  });
   for (Area* area : areas_) area->tick(surroundings_.now());
   dock_->start();
 }
