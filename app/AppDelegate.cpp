@@ -310,6 +310,10 @@ void AppDelegate::makeDock() {
   panels_->giveKeyboardBack = [this] {
     if (!isAnyPanelOpen() && keyboardFocusOf(engine_).isShown()) dock_->revealForKeyboard();
   };
+  for (ViewWindow* window : {static_cast<ViewWindow*>(&disk_->window()), &notes_->window()}) {
+    window->hasBarKeyboard = [this] { return dock_->hasKeyboard() || panels_->returnsKeyboard(); };
+    window->giveKeyboardBack = panels_->giveKeyboardBack;
+  }
   dock_->isHoldingOpen = [this] { return isAnyPanelOpen() || notices()->hasBubble(); };
   dock_->onKeyboardLeft = [this] { desktop_.workspace.activateLast(); };
   dock_->onMaxLength = [this](qreal length) { context_->barLimits()->setMaxLength(length); };
