@@ -1,6 +1,7 @@
 #pragma once
 // Every area of the program, built in the order of the members, and what connects one with another.
 
+#include <array>
 #include <vector>
 
 #include "app/Services.h"
@@ -24,6 +25,8 @@ struct Areas {
   explicit Areas(const Services& services);
 
   BuddyNoticeCenter& notices() { return *buddy.center(); }
+  // Those that are not at the bar.
+  std::array<ViewWindow*, 2> windows() { return {&disk.window(), &notes.window()}; }
   auto begin() const { return all.begin(); }
   auto end() const { return all.end(); }
 

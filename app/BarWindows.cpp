@@ -52,7 +52,10 @@ BarWindows::BarWindows(const Services& services, Areas& areas, WidgetContext& co
               [this](const QString& item) { return dock_.anchor(item); }),
       bubble_(with_.engine, with_.desktop.windowStyle, with_.later, areas.notices(),
               [this] { return anchorOf(DockWidget::buddy); }),
-      tips_(with_.engine, with_.desktop.windowStyle),
+      tips_(with_.engine, with_.desktop.windowStyle,
+            [this](const QQuickWindow& window) {
+              return &window == dock_.window() ? std::optional(dock_.anchor({})) : std::nullopt;
+            }),
       peeker_(*areas.agents.agents(), with_.settings, [this](Seconds length) { dock_.peek(length); }) {
   keep({&gallery_, &shelf_, &dock_});
   followShelf();
@@ -66,6 +69,10 @@ BarWindows::BarWindows(const Services& services, Areas& areas, WidgetContext& co
 
 BarWindows::~BarWindows() {
   dock_.isHoldingOpen = nullptr;
+  for (ViewWindow* window : areas_.windows()) {
+    window->hasBarKeyboard = nullptr;
+    window->giveKeyboardBack = nullptr;
+  }
   with_.toast.occupied = nullptr;
   with_.license.showUpsell = nullptr;
   with_.desktop.screens.setChangeHandler({});
@@ -108,6 +115,10 @@ void BarWindows::followPanels() {
   panels_.giveKeyboardBack = [this] {
     if (!isAnyPanelOpen() && keyboardFocusOf(with_.engine).isShown()) dock_.revealForKeyboard();
   };
+  for (ViewWindow* window : areas_.windows()) {
+    window->hasBarKeyboard = [this] { return dock_.hasKeyboard() || panels_.returnsKeyboard(); };
+    window->giveKeyboardBack = panels_.giveKeyboardBack;
+  }
   connect(&panels_, &BarPanels::changed, wiring_.get(), [this] { panelsChanged(); });
   connect(&panels_, &BarPanels::opening, wiring_.get(), [this] {
     shelf_.close();

@@ -59,13 +59,8 @@ int main(int argc, char** argv) {
   // Closing the settings window does not end the bar.
   QApplication::setQuitOnLastWindowClosed(false);
 
-  Surroundings surroundings = environment.surroundings;
-  std::error_code error;
-  const char* searchPath = std::getenv("PATH");
-  surroundings.tool = toolOf(std::filesystem::read_symlink("/proc/self/exe", error), searchPath ? searchPath : "");
-  LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
-                       surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
-  switch (desktop.session().start(commandLine.wish)) {
+  const auto session = openSession();
+  switch (session->start(commandLine.wish)) {
     case SessionRole::handedOver:
       return 0;
     case SessionRole::notAnswered:
@@ -79,9 +74,15 @@ int main(int argc, char** argv) {
   // There was nothing to quit.
   if (commandLine.wish && std::holds_alternative<wish::Quit>(*commandLine.wish)) return 0;
 
+  Surroundings surroundings = environment.surroundings;
+  std::error_code error;
+  const char* searchPath = std::getenv("PATH");
+  surroundings.tool = toolOf(std::filesystem::read_symlink("/proc/self/exe", error), searchPath ? searchPath : "");
+  LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
+                       surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
   const QuitSignals signals([] { QCoreApplication::exit(); });
   AppDelegate delegate(surroundings, desktop.seams());
-  desktop.session().setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
+  session->setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
   delegate.launch();
   if (commandLine.wish) delegate.carryOut(*commandLine.wish);
   return QApplication::exec();

@@ -17,8 +17,9 @@ class Workspace {
  public:
   virtual ~Workspace() = default;
 
-  // The identifiers of the frontmost window: the program itself first, then the agents that run in it. Empty when
-  // nothing is in front or it cannot be told. Reads the process table, so it is asked when needed, not at 30 Hz.
+  // The identifiers of the frontmost window: the program itself first, then the agents that run in it. A window of our
+  // own is passed over for the one that was in front before it. Empty when nothing is in front or it cannot be told.
+  // Reads the process table, so it is asked when needed, not at 30 Hz.
   virtual std::vector<std::string> frontmost() const = 0;
   // The agents whose work the frontmost window shows: the program itself if it is one, those that run in its terminal,
   // and those in the panes of a terminal multiplexer that it shows. It may ask the multiplexer, which takes a few

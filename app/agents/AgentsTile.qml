@@ -18,7 +18,7 @@ TileFrame {
     tip: agents.face.summary
     value: isQuiet ? (agents.face.count > 0 ? qsTr("Idle") : qsTr("Quiet")) : ""
     valueColor: Theme.ink2
-    subLine: !isQuiet ? "" : agents.face.count === 0 ? qsTr("No agent activity") : agents.face.count === 1 ? qsTr("1 session") : qsTr("%1 sessions").arg(agents.face.count)
+    subLine: !isQuiet ? "" : agents.face.count === 0 ? qsTr("No sessions") : agents.face.count === 1 ? qsTr("1 session") : qsTr("%1 sessions").arg(agents.face.count)
 
     AgentTile {
         visible: root.isAlone

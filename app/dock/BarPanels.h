@@ -32,6 +32,8 @@ class BarPanels : public QObject {
   // The bar, a tile or the screen has moved.
   void place();
   bool isAnyShown() const;
+  // Whether the one that is open was opened from the bar by keyboard.
+  bool returnsKeyboard() const { return returnsKeyboard_; }
 
   // A panel that was opened from the bar by keyboard gives the keyboard back when it closes. Assigned by the program.
   std::function<bool()> hasBarKeyboard;

@@ -26,7 +26,8 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
       context_(context),
       seams_(std::move(seams)),
       settings_(*context.settings()),
-      presentation_(seams_.later) {
+      presentation_(seams_.later),
+      edge_(settings_.dockEdge()) {
   for (QObject* object : {static_cast<QObject*>(&tiles_), static_cast<QObject*>(&presentation_)})
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
   timer_.setSingleShot(true);
@@ -43,6 +44,7 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
   });
   connect(&presentation_, &Presentation::orderOut, this, [this] {
     if (window_) window_->hide();
+    takeEdge();
   });
   connect(&presentation_, &Presentation::changed, this,
           [this] { context_.setWidgetsActive(presentation_.isOnScreen()); });
@@ -52,7 +54,10 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
     const auto screen = mainScreen();
     return screen && screen->hidingDockHeight;
   };
-  connect(&settings_, &AppSettings::dockEdgeChanged, this, [this] { updatePosition(); });
+  connect(&settings_, &AppSettings::dockEdgeChanged, this, [this] {
+    apply();
+    if (!presentation_.isOnScreen()) takeEdge();
+  });
   connect(&settings_, &AppSettings::barAlwaysVisibleChanged, this, [this] {
     // A bar that no longer always stands goes by the pointer, as if it had just been revealed.
     if (!settings_.barAlwaysVisible()) reveal_.reveal();
@@ -106,8 +111,7 @@ void DockPanelController::setScale(qreal scale) {
 
 void DockPanelController::updateTiles() {
   const auto profile = context_.model()->activeProfile();
-  content_ = barContent(profile ? profile->items : std::vector<DockItem>{}, settings_.dockEdge(), placement_.maxLength,
-                        scale_);
+  content_ = barContent(profile ? profile->items : std::vector<DockItem>{}, edge_, placement_.maxLength, scale_);
   tiles_.setRows(content_.tiles);
 }
 
@@ -115,9 +119,8 @@ void DockPanelController::updatePosition() {
   const auto screen = mainScreen();
   if (!screen) return;
   const auto placed = [&] {
-    return placedBar({screen->frame, screen->visibleFrame}, settings_.dockEdge(), content_.slab.width(),
-                     content_.slab.height(), systemDock_.isShowing(),
-                     screen->hidingDockHeight.value_or(BarPlacement::systemDockHeight));
+    return placedBar({screen->frame, screen->visibleFrame}, edge_, content_.slab.width(), content_.slab.height(),
+                     systemDock_.isShowing(), screen->hidingDockHeight.value_or(BarPlacement::systemDockHeight));
   };
   placement_ = placed();
   if (onMaxLength) onMaxLength(placement_.maxLength);
@@ -135,10 +138,18 @@ void DockPanelController::updatePosition() {
   schedule(seams_.now());
 }
 
+void DockPanelController::takeEdge() {
+  if (edge_ == settings_.dockEdge()) return;
+  edge_ = settings_.dockEdge();
+  updatePosition();
+  apply();
+}
+
 void DockPanelController::apply() {
   const bool isHeld = isHoldingOpen && isHoldingOpen();
+  const bool isLeaving = edge_ != settings_.dockEdge();
   presentation_.setPeeking(reveal_.isPeeking(seams_.now()));
-  if (reveal_.shouldShow(settings_.barAlwaysVisible(), isHeld))
+  if (!isLeaving && reveal_.shouldShow(settings_.barAlwaysVisible(), isHeld))
     presentation_.show();
   else
     presentation_.hide();
@@ -210,7 +221,7 @@ BarSurroundings DockPanelController::surroundings(Point pointer) const {
   return {.pointer = pointer,
           .screen = screen ? screen->frame : Rect{},
           .bar = placement_.frame,
-          .edge = settings_.dockEdge(),
+          .edge = edge_,
           .isAlwaysVisible = settings_.barAlwaysVisible(),
           .isHeldOpen = hasKeyboard_ || (isHoldingOpen && isHoldingOpen())};
 }
@@ -263,7 +274,7 @@ PanelAnchor DockPanelController::anchor(const QString& item) const {
   PanelAnchor anchor{.tile = {},
                      .bar = inWindowSystem(placement_.frame),
                      .screen = screen ? inWindowSystem(screen->visibleFrame) : QRect(),
-                     .edge = settings_.dockEdge()};
+                     .edge = edge_};
   for (const TileRecord& tile : content_.tiles) {
     if (tile.item != item) continue;
     const bool isRow = anchor.edge == DockEdge::bottom;
@@ -274,7 +285,7 @@ PanelAnchor DockPanelController::anchor(const QString& item) const {
 }
 
 QString DockPanelController::edgeName() const {
-  const auto name = nameOf(settings_.dockEdge());
+  const auto name = nameOf(edge_);
   return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
 }
 

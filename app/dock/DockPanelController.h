@@ -120,6 +120,8 @@ class DockPanelController : public QObject {
   QRect inWindowSystem(const Rect& rect) const;
   void schedule(Instant now);
   void watchPointer();
+  // A bar that is on the screen leaves the old edge before it comes in at the new one.
+  void takeEdge();
 
   QQmlEngine& engine_;
   WidgetContext& context_;
@@ -129,6 +131,7 @@ class DockPanelController : public QObject {
   Presentation presentation_;
   SystemDockWatcher systemDock_;
   BarReveal reveal_;
+  DockEdge edge_;  // where it is; the settings may be ahead
   BarContent content_;
   BarPlacement placement_;
   std::unique_ptr<PanelWindow> window_;

@@ -19,6 +19,8 @@ Item {
     // Untyped: the lint knows neither the script methods of lists of strings nor what only a tile has.
     readonly property var lockedWidgets: context.lockedWidgets
     readonly property var tile: host.tile
+    // Whether it goes to a new place, or is there at once.
+    property bool slides: false
 
     // The keyboard has come to a tile that may be scrolled out of sight.
     signal revealAsked(rect frame)
@@ -28,13 +30,20 @@ Item {
     width: frame.width
     height: frame.height
 
-    Behavior on x {
-        enabled: root.context.widgetsActive && !Theme.reducedMotion
+    component Slide: NumberAnimation {
+        duration: Theme.openDuration
+        easing.type: Easing.OutCubic
+    }
 
-        NumberAnimation {
-            duration: Theme.openDuration
-            easing.type: Easing.OutCubic
-        }
+    Behavior on x {
+        enabled: root.slides
+
+        Slide {}
+    }
+    Behavior on y {
+        enabled: root.slides
+
+        Slide {}
     }
 
     TileHost {

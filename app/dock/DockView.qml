@@ -110,6 +110,7 @@ FocusScope {
 
                     DockTile {
                         context: root.context
+                        slides: root.controller.isContentShown && !Theme.reducedMotion
                         onRevealAsked: frame => {
                             if (root.isRow)
                                 flick.contentX = Math.max(Math.min(flick.contentX, frame.x - Theme.space2), frame.x + frame.width + Theme.space2 - slab.width);

@@ -1,9 +1,11 @@
 #include "app/menu/StatusItem.h"
 
 #include <QActionGroup>
+#include <QCoreApplication>
 #include <QCursor>
 #include <QKeySequence>
 #include <ranges>
+#include <string_view>
 
 namespace ambrel {
 namespace {
@@ -23,7 +25,13 @@ bool hasSameShape(const std::vector<MenuEntry>& left, const std::vector<MenuEntr
 
 }  // namespace
 
+QString KeyNames::translate(const char* context, const char* source, const char*, int) const {
+  const bool isSuper = std::string_view(context) == "QShortcut" && std::string_view(source) == "Meta";
+  return isSuper ? QStringLiteral("Super") : QString();
+}
+
 StatusItem::StatusItem(Icon icon, Handler handler) : icon_(std::move(icon)), handler_(std::move(handler)) {
+  QCoreApplication::installTranslator(&keyNames_);
   tray_.setContextMenu(&menu_);
   // A click opens the menu, whichever button it was.
   connect(&tray_, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {

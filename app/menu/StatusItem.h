@@ -5,11 +5,19 @@
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
+#include <QTranslator>
 #include <functional>
 
 #include "app/menu/MenuModel.h"
 
 namespace ambrel {
+
+// The toolkit's menus call the key of the window sign Meta, and no keyboard does.
+class KeyNames : public QTranslator {
+ public:
+  QString translate(const char* context, const char* source, const char* disambiguation, int n) const override;
+  bool isEmpty() const override { return false; }
+};
 
 // Needs a QApplication. Without a tray nothing is shown until one appears.
 class StatusItem : public QObject {
@@ -39,6 +47,7 @@ class StatusItem : public QObject {
   Icon icon_;
   Handler handler_;
   std::optional<MenuModel> shown_;
+  KeyNames keyNames_;
   QMenu menu_;
   QSystemTrayIcon tray_;
 };

@@ -35,12 +35,18 @@ TileFrame {
         anchors.rightMargin: 18
         Accessible.ignored: true
     }
-    Label {
+    TickingText {
         id: figure
+
+        // Words in place of a figure need less weight, and no unit is beside them.
+        readonly property bool isWords: root.face.percent < 0 && root.face.unit === ""
+
         y: Theme.caption.line
         width: Math.min(implicitWidth, root.inner.width - unit.space)
-        // Words in place of a figure need less weight.
-        role: root.face.percent < 0 && root.face.unit === "" ? Theme.panelTitle : Theme.value
+        height: (isWords ? Theme.panelTitle : Theme.value).line
+        room: isWords ? root.inner.width : -1
+        leastSize: Theme.captionStrong.font.pixelSize
+        font: isWords ? Theme.panelTitle.font : Theme.value.font
         text: root.face.value
         color: root.figureColor
         Accessible.ignored: true

@@ -17,8 +17,8 @@ Tips& tipsOf(QQmlEngine& engine) { return *engine.singletonInstance<Tips*>(qmlTy
 
 }  // namespace
 
-TipController::TipController(QQmlEngine& engine, WindowStyle& style, QObject* parent)
-    : QObject(parent), engine_(engine), style_(style), tips_(tipsOf(engine)) {
+TipController::TipController(QQmlEngine& engine, WindowStyle& style, BarOf barOf, QObject* parent)
+    : QObject(parent), engine_(engine), style_(style), barOf_(std::move(barOf)), tips_(tipsOf(engine)) {
   connect(&tips_, &Tips::changed, this, &TipController::update);
 }
 
@@ -41,8 +41,18 @@ void TipController::update() {
   const QQuickItem* tip = window_->part("tip");
   if (!tip) return;
   const QSize size(qCeil(tip->implicitWidth()), qCeil(tip->implicitHeight()));
-  const QRect about(item->mapToGlobal(QPointF(0, 0)).toPoint(), item->size().toSize());
-  const QRect screen = item->window()->screen()->geometry();
+  const Place place = placeFor(size, *item);
+  window_->setPanelFrame(place.frame, place.room);
+  window_->show();
+  window_->raise();
+}
+
+TipController::Place TipController::placeFor(QSize size, const QQuickItem& item) const {
+  const QRect about(item.mapToGlobal(QPointF(0, 0)).toPoint(), item.size().toSize());
+  if (const auto bar = barOf_(*item.window()))
+    return {.frame = panelFrame(size, about, bar->bar, bar->screen, bar->edge),
+            .room = roomBesideBar(bar->bar, bar->screen, bar->edge)};
+  const QRect screen = item.window()->screen()->geometry();
   QPoint corner(about.center().x() - size.width() / 2, about.y() - gap - size.height());
   const bool isBelow = corner.y() < screen.y();
   if (isBelow) corner.setY(about.y() + about.height() + gap);
@@ -53,9 +63,7 @@ void TipController::update() {
   else
     room.setBottom(about.y() - 1);
   corner.setX(qBound(screen.x() + gap, corner.x(), screen.x() + screen.width() - size.width() - gap));
-  window_->setPanelFrame(QRect(corner, size), room);
-  window_->show();
-  window_->raise();
+  return {.frame = QRect(corner, size), .room = room};
 }
 
 }  // namespace ambrel

@@ -13,8 +13,12 @@ ViewWindow::~ViewWindow() = default;
 
 void ViewWindow::open() {
   if (!window_) {
+    returnsKeyboard_ = hasBarKeyboard && hasBarKeyboard();
     window_ = std::make_unique<FramedWindow>(engine_, style_, look_.title, look_.size, look_.smallest);
     connect(window_.get(), &FramedWindow::closeAsked, this, &ViewWindow::closeAsked);
+    connect(window_.get(), &QWindow::activeChanged, this, [this] {
+      if (window_ && !window_->isActive()) returnsKeyboard_ = false;
+    });
     QVariantMap properties = look_.properties;
     properties.insert(QStringLiteral("window"), QVariant::fromValue(window_.get()));
     window_->setInitialProperties(properties);
@@ -30,8 +34,10 @@ void ViewWindow::open() {
 
 void ViewWindow::close() {
   if (!window_) return;
+  const bool returnsKeyboard = returnsKeyboard_;
   window_->hide();
   closed_ = std::move(window_);
+  if (returnsKeyboard && giveKeyboardBack) giveKeyboardBack();
   QMetaObject::invokeMethod(
       this,
       [this] {

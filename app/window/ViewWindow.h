@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QUrl>
 #include <QVariantMap>
+#include <functional>
 #include <memory>
 
 #include "app/window/FramedWindow.h"
@@ -32,6 +33,11 @@ class ViewWindow : public QObject {
   bool isShown() const { return window_ != nullptr; }
   FramedWindow* window() const { return window_.get(); }
 
+  // A window that was opened from the bar by keyboard, and has kept it, gives it back when it closes. Assigned by the
+  // program.
+  std::function<bool()> hasBarKeyboard;
+  std::function<void()> giveKeyboardBack;
+
  Q_SIGNALS:
   // The user wants it closed; nothing has happened yet.
   void closeAsked();
@@ -40,6 +46,7 @@ class ViewWindow : public QObject {
   QQmlEngine& engine_;
   WindowStyle& style_;
   Look look_;
+  bool returnsKeyboard_ = false;
   std::unique_ptr<FramedWindow> window_;
   // Closed from within itself, it ends when the call has returned.
   std::unique_ptr<FramedWindow> closed_;

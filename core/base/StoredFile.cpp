@@ -7,6 +7,23 @@
 #include <unistd.h>
 
 namespace ambrel {
+namespace {
+
+void removeLeftoversBeside(const std::filesystem::path& path) {
+  const std::string prefix = "." + path.filename().string() + ".";
+  constexpr std::size_t suffixLength = 6;
+  const auto folder = path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (name.size() != prefix.size() + suffixLength || !name.starts_with(prefix)) continue;
+    const FileDescriptor file(open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    const auto status = file ? fileStatus(file) : std::nullopt;
+    if (status && status->isRegular && flock(file.get(), LOCK_EX | LOCK_NB) == 0) unlink(entry->path().c_str());
+  }
+}
+
+}  // namespace
 
 std::filesystem::path linkTarget(std::filesystem::path path) {
   constexpr int longestChain = 40;  // as the kernel has it
@@ -45,22 +62,11 @@ void appendToFile(const std::filesystem::path& path, std::string_view bytes) {
 }
 
 void removeLeftovers(const std::filesystem::path& path) {
-  std::error_code error;
-  std::filesystem::path target;
+  removeLeftoversBeside(path);
+  // A link may have been made after a write was killed, and writes go to where it leads.
   try {
-    target = linkTarget(path);
+    if (const std::filesystem::path target = linkTarget(path); target != path) removeLeftoversBeside(target);
   } catch (const FileError&) {
-    return;
-  }
-  const std::string prefix = "." + target.filename().string() + ".";
-  constexpr std::size_t suffixLength = 6;
-  const auto folder = target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
-    if (name.size() != prefix.size() + suffixLength || !name.starts_with(prefix)) continue;
-    const FileDescriptor file(open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
-    const auto status = file ? fileStatus(file) : std::nullopt;
-    if (status && status->isRegular && flock(file.get(), LOCK_EX | LOCK_NB) == 0) unlink(entry->path().c_str());
   }
 }
 

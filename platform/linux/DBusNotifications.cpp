@@ -1,10 +1,14 @@
 #include "platform/linux/DBusNotifications.h"
 
+#include <QDBusArgument>
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDebug>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QImage>
 #include <QVariantMap>
 #include <chrono>
 #include <utility>
@@ -25,6 +29,21 @@ constexpr auto keptWithoutService = 60s;
 
 // Of the reasons of NotificationClosed; the others: expired, withdrawn, not said.
 constexpr uint dismissedByUser = 2;
+
+// The hint "image-data": the icon of our windows. Few icon themes have the one that our desktop entry names.
+QVariant ownIcon() {
+  constexpr int size = 64, bitsPerSample = 8, samples = 4;
+  const QImage image =
+      QGuiApplication::windowIcon().pixmap(QSize(size, size), 1.0).toImage().convertToFormat(QImage::Format_RGBA8888);
+  if (image.isNull()) return {};
+  QDBusArgument argument;
+  argument.beginStructure();
+  argument << image.width() << image.height() << static_cast<int>(image.bytesPerLine()) << image.hasAlphaChannel()
+           << bitsPerSample << samples
+           << QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+  argument.endStructure();
+  return QVariant::fromValue(argument);
+}
 
 QDBusMessage call(const QString& method, const QVariantList& arguments = {}) {
   QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
@@ -190,6 +209,7 @@ void DBusNotifications::send(const std::string& identifier) {
     hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
   else
     hints.insert(QStringLiteral("suppress-sound"), true);
+  if (const QVariant icon = ownIcon(); icon.isValid()) hints.insert(QStringLiteral("image-data"), icon);
   QStringList actions;
   if (capabilities_.contains(QStringLiteral("actions"))) {
     actions << QStringLiteral("default") << QStringLiteral("Show");

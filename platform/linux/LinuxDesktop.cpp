@@ -95,8 +95,7 @@ struct LinuxDesktop::Parts {
         screenSaver(connection.get()),
         keepAwake(systemBus, bus, [this](bool isHeld) { return screenSaver.suspend(isHeld); }),
         screenCapture(openScreenCapture(connection.get(), bus)),
-        trash(dataHome, getuid(), calendar),
-        session(bus) {}
+        trash(dataHome, getuid(), calendar) {}
 
   std::unique_ptr<X11Connection> connection;
   QDBusConnection bus, systemBus;
@@ -122,7 +121,6 @@ struct LinuxDesktop::Parts {
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
   InotifyFolderWatch folderWatch;
-  DBusSessionService session;
 };
 
 LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
@@ -154,6 +152,6 @@ Desktop LinuxDesktop::seams() {
           .folderWatch = parts_->folderWatch};
 }
 
-SessionService& LinuxDesktop::session() { return parts_->session; }
+std::unique_ptr<SessionService> openSession() { return std::make_unique<DBusSessionService>(openSessionBus()); }
 
 }  // namespace ambrel

@@ -12,6 +12,10 @@
 
 namespace ambrel {
 
+// What a second start needs to hand its wish over, and all that it may make: the desktop tries out the window manager
+// with windows that this one would take away at once. After the toolkit's application object.
+std::unique_ptr<SessionService> openSession();
+
 class LinuxDesktop {
  public:
   // display: as in DISPLAY; empty for none. After the toolkit's application object.
@@ -22,7 +26,6 @@ class LinuxDesktop {
   ~LinuxDesktop();
 
   Desktop seams();
-  SessionService& session();
 
  private:
   struct Parts;

@@ -84,6 +84,13 @@ std::vector<std::uint32_t> X11Connection::numbers(xcb_window_t window, xcb_atom_
   return numbersFromBytes(this->property(window, property));
 }
 
+bool X11Connection::isViewable(xcb_window_t window) {
+  const XcbPtr<xcb_get_window_attributes_reply_t> attributes(
+      xcb_get_window_attributes_reply(connection_, xcb_get_window_attributes(connection_, window), nullptr));
+  repliesWereRead();
+  return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
 xcb_timestamp_t X11Connection::serverTime() {
   const xcb_atom_t stamp = atom("AMBREL_TIME");
   if (helperWindow_ == XCB_WINDOW_NONE) {

@@ -239,13 +239,6 @@ void X11Window::managerChanged() {
   if (asked) activate(std::move(asked));
 }
 
-bool X11Window::isViewable(xcb_window_t window) const {
-  const XcbPtr<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
-      connection_->xcb(), xcb_get_window_attributes(connection_->xcb(), window), nullptr));
-  connection_->repliesWereRead();
-  return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
 bool X11Window::isAtRoot(xcb_window_t window) const {
   const XcbPtr<xcb_query_tree_reply_t> tree(
       xcb_query_tree_reply(connection_->xcb(), xcb_query_tree(connection_->xcb(), window), nullptr));

@@ -54,7 +54,7 @@ class X11Window : public QObject {
   void writeProtocols();
   void writeUserTime(xcb_timestamp_t time);
   void checkPlace();
-  bool isViewable(xcb_window_t window) const;
+  bool isViewable(xcb_window_t window) const { return connection_->isViewable(window); }
   bool isAtRoot(xcb_window_t window) const;
   xcb_window_t focused() const;
   // The steps of `activate`; each gives up when a newer call has come.

@@ -23,7 +23,7 @@ bool isThere(const std::vector<std::uint32_t>& list, std::uint32_t value) {
 X11WindowManager::X11WindowManager(X11Connection* connection) : connection_(connection) {
   if (!connection_) return;
   timer_.setSingleShot(true);
-  connect(&timer_, &QTimer::timeout, this, &X11WindowManager::judge);
+  connect(&timer_, &QTimer::timeout, this, &X11WindowManager::lookAgain);
   connection_->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
   watch_ = connection_->watch([this](const xcb_generic_event_t& event) { handle(event); });
   refresh();
@@ -93,12 +93,11 @@ void X11WindowManager::startProbes() {
   };
   for (Probe& probe : probes_) {
     probe = {.role = probe.role, .window = xcb_generate_id(xcb)};
-    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     // Both in one place, where a window manager that keeps windows apart would move them.
     xcb_create_window(xcb, XCB_COPY_FROM_PARENT, probe.window, connection_->root(),
                       static_cast<std::int16_t>(connection_->screen().width_in_pixels / 3),
                       static_cast<std::int16_t>(connection_->screen().height_in_pixels / 3), probeWidth, probeHeight, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
     // Without a shape there is nothing to be seen or to be clicked.
     for (const auto kind : {XCB_SHAPE_SK_BOUNDING, XCB_SHAPE_SK_INPUT})
       xcb_shape_rectangles(xcb, XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, probe.window, 0, 0, 0, nullptr);
@@ -123,6 +122,7 @@ void X11WindowManager::startProbes() {
     xcb_map_window(xcb, probe.window);
   }
   turns_ = 0;
+  sinceProbes_.start();
   timer_.start(settleInterval);
   connection_->flush();
 }
@@ -136,37 +136,33 @@ void X11WindowManager::endProbes() {
 }
 
 void X11WindowManager::handle(const xcb_generic_event_t& event) {
-  switch (event.response_type & 0x7f) {
-    case XCB_PROPERTY_NOTIFY: {
-      const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-      if (change.window == connection_->root() && (change.atom == connection_->atom("_NET_SUPPORTING_WM_CHECK") ||
-                                                   change.atom == connection_->atom("_NET_SUPPORTED")))
-        refresh();
-      return;
-    }
-    case XCB_MAP_NOTIFY: {
-      const auto& mapped = reinterpret_cast<const xcb_map_notify_event_t&>(event);
-      for (Probe& probe : probes_)
-        if (probe.window == mapped.window) probe.isMapped = true;
-      return;
-    }
-    default:
-      return;
-  }
+  if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY) return;
+  const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+  if (change.window == connection_->root() && (change.atom == connection_->atom("_NET_SUPPORTING_WM_CHECK") ||
+                                               change.atom == connection_->atom("_NET_SUPPORTED")))
+    refresh();
+}
+
+bool X11WindowManager::areProbesShown() const {
+  return std::ranges::all_of(probes_, [this](const Probe& probe) { return connection_->isViewable(probe.window); });
+}
+
+void X11WindowManager::lookAgain() {
+  const bool areShown = areProbesShown();
+  // Once more after both are there: the last one mapped has had its time to be moved.
+  const bool isLastLook = turns_ >= mostTurns;
+  turns_ = areShown ? mostTurns : turns_ + 1;
+  if (isLastLook)
+    judge();
+  else
+    timer_.start(settleInterval);
+}
+
+void X11WindowManager::judgeEarly() {
+  if (timer_.isActive() && sinceProbes_.hasExpired(settleInterval) && areProbesShown()) judge();
 }
 
 void X11WindowManager::judge() {
-  const bool isComplete = std::ranges::all_of(probes_, &Probe::isMapped);
-  if (!isComplete && ++turns_ < mostTurns) {
-    timer_.start(settleInterval);
-    return;
-  }
-  if (isComplete && turns_ < mostTurns) {
-    // Once more after both are there: the last one mapped has had its time to be moved.
-    turns_ = mostTurns;
-    timer_.start(settleInterval);
-    return;
-  }
   xcb_connection_t* xcb = connection_->xcb();
   // A frame may leave the window itself exactly where it was asked to be.
   const xcb_atom_t extents = connection_->atom("_NET_FRAME_EXTENTS");
@@ -175,7 +171,7 @@ void X11WindowManager::judge() {
         xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, probe.window), nullptr));
     const XcbPtr<xcb_translate_coordinates_reply_t> corner(xcb_translate_coordinates_reply(
         xcb, xcb_translate_coordinates(xcb, probe.window, connection_->root(), 0, 0), nullptr));
-    probe.isMisplaced = !probe.isMapped || !geometry || !corner || geometry->border_width != 0 ||
+    probe.isMisplaced = !connection_->isViewable(probe.window) || !geometry || !corner || geometry->border_width != 0 ||
                         geometry->width != probeWidth || geometry->height != probeHeight ||
                         corner->dst_x != connection_->screen().width_in_pixels / 3 ||
                         corner->dst_y != connection_->screen().height_in_pixels / 3 ||

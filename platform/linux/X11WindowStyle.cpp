@@ -94,6 +94,7 @@ void X11WindowStyle::prepare(QWindow& window, WindowRole role) {
 }
 
 void X11WindowStyle::place(QWindow& window, const QRect& frame) {
+  if (!window.isVisible()) manager_.judgeEarly();
   if (X11Window* ours = X11Window::of(window))
     ours->place(frame);
   else

@@ -44,9 +44,10 @@ X11Workspace::X11Workspace(X11Connection* connection, std::filesystem::path proc
   });
 }
 
-std::optional<X11Workspace::Front> X11Workspace::front() const {
+std::optional<X11Workspace::Front> X11Workspace::front(Ours ours) const {
   if (!isConnected()) return std::nullopt;
-  const xcb_window_t active = activeWindow();
+  xcb_window_t active = activeWindow();
+  if (ours == Ours::passedOver && isOwn(active)) active = lastForeign_;
   std::vector<WindowRecord> all = windows();
   const auto window = std::ranges::find(all, active, &WindowRecord::id);
   if (active == XCB_WINDOW_NONE || window == all.end()) return std::nullopt;
@@ -55,7 +56,7 @@ std::optional<X11Workspace::Front> X11Workspace::front() const {
 
 std::vector<std::string> X11Workspace::frontmost() const {
   std::vector<std::string> found;
-  const auto inFront = front();
+  const auto inFront = front(Ours::passedOver);
   if (!inFront) return found;
   const auto& [window, all] = *inFront;
   if (std::string own = applicationOf(window, programs_.entries()); !own.empty()) found.push_back(std::move(own));
@@ -66,7 +67,7 @@ std::vector<std::string> X11Workspace::frontmost() const {
 }
 
 std::vector<std::string> X11Workspace::agentsInFront() const {
-  const auto inFront = front();
+  const auto inFront = front(Ours::counted);
   if (!inFront) return {};
   const auto& [window, all] = *inFront;
   std::vector<std::string> found;

@@ -39,7 +39,8 @@ class X11Workspace : public Workspace {
     WindowRecord window;
     std::vector<WindowRecord> all;
   };
-  std::optional<Front> front() const;
+  enum class Ours { counted, passedOver };
+  std::optional<Front> front(Ours ours) const;
   // What the multiplexer prints; empty when it does not answer in time, and for a while after that.
   std::string answer(int server, std::vector<std::string> command) const;
   bool isOwn(xcb_window_t window) const;

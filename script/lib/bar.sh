@@ -11,6 +11,7 @@ bar_pid=
 # The bar's window while it is on the screen.
 bar_window() { xdotool search --onlyvisible --name '^Tilebay$' 2>/dev/null | head -n 1; }
 bar_is_out() { [ -n "$(bar_window)" ]; }
+bar_geometry() { xdotool getwindowgeometry --shell "$(bar_window)" 2>/dev/null; }
 
 # There is nothing to wait for when it has ended; the next step then says so.
 bar_answers() { vd_is_gone "$bar_pid" || vd_has_name dev.qorvin.ambrel; }
@@ -30,11 +31,21 @@ bar_start() {
   bar_hold
 }
 
-# A bar that hides by itself stays out while the pointer is on it. Its rim shows no tip and lights no tile up.
+# A bar that hides by itself stays out while the pointer is on it. Its inner rim, half a padding behind the margin of
+# its shadow, shows no tip and lights no tile up.
 bar_hold() {
-  local X Y WIDTH HEIGHT WINDOW SCREEN
-  eval "$(xdotool getwindowgeometry --shell "$(bar_window)")"
-  xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2 - 36 * ${QT_SCALE_FACTOR:-1}))
+  local X Y WIDTH HEIGHT WINDOW SCREEN rim
+  rim=$(awk -v scale="${QT_SCALE_FACTOR:-1}" 'BEGIN { print int(52 * scale) }')
+  # Some window managers make the bar come a second time, in another window.
+  vd_wait 5 bar_geometry || return
+  eval "$(bar_geometry)"
+  if ((WIDTH > HEIGHT)); then
+    xdotool mousemove $((X + WIDTH / 2)) $((Y + rim))
+  elif ((X > vd_width / 2)); then
+    xdotool mousemove $((X + rim)) $((Y + HEIGHT / 2))
+  else
+    xdotool mousemove $((X + WIDTH - rim)) $((Y + HEIGHT / 2))
+  fi
 }
 
 bar_sum() { import -silent -window root rgb:- | cksum; }

@@ -1,6 +1,11 @@
 // Notifications over a real bus: against a service of our own, and against dunst.
 
+#include <QDBusArgument>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QPixmap>
 #include <algorithm>
+#include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -48,6 +53,29 @@ TEST_F(NotificationsOnBus, SaysExactlyWhatTheServiceExpects) {
   EXPECT_FALSE(call.hints.contains("suppress-sound"));
   EXPECT_EQ(daemon.calls[1].hints["suppress-sound"].userType(), QMetaType::Bool);
   EXPECT_FALSE(daemon.calls[1].hints.contains("sound-name"));
+}
+
+TEST_F(NotificationsOnBus, BringTheIconOfTheProgramAlong) {
+  QPixmap red(64, 64);
+  red.fill(Qt::red);
+  QGuiApplication::setWindowIcon(QIcon(red));
+  FakeNotificationDaemon daemon(everything);
+  notifications_.post({"s1", "t", "", true});
+  ASSERT_TRUE(waitFor([&] { return daemon.calls.size() == 1; }));
+  QGuiApplication::setWindowIcon({});
+  const QVariant hint = daemon.calls.front().hints["image-data"];
+  ASSERT_TRUE(hint.canConvert<QDBusArgument>());
+  const auto argument = hint.value<QDBusArgument>();
+  EXPECT_EQ(argument.currentSignature(), "(iiibiiay)");
+  int width = 0, height = 0, rowBytes = 0, bits = 0, samples = 0;
+  bool hasAlpha = false;
+  QByteArray pixels;
+  argument.beginStructure();
+  argument >> width >> height >> rowBytes >> hasAlpha >> bits >> samples >> pixels;
+  EXPECT_EQ((std::array{width, height, rowBytes, bits, samples}), (std::array{64, 64, 256, 8, 4}));
+  EXPECT_TRUE(hasAlpha);
+  ASSERT_EQ(pixels.size(), 64 * 256);
+  EXPECT_EQ(pixels.left(4), QByteArray("\xff\0\0\xff", 4));
 }
 
 TEST_F(NotificationsOnBus, APlainServiceGetsPlainText) {

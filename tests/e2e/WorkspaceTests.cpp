@@ -115,6 +115,8 @@ TEST_F(WorkspaceOnX11, TheFrontGoesBackToWhoHadIt) {
     ASSERT_TRUE(workspace_->activate(next));
     ASSERT_TRUE(waitFor([&] { return changes > before; }));
   }
+  // What is copied while a panel of ours is open is not ours.
+  EXPECT_EQ(workspace.frontmost(), (Identifiers{"xterm", claude}));
   workspace.activateLast();
   EXPECT_TRUE(isInFront({"test.Terminal", claude}));
 }

@@ -158,6 +158,24 @@ class DiskWindowTests : public QObject {
     QCOMPARE(room.warnings.take().join("; "), "");
   }
 
+  void itGivesTheBarItsKeyboardBack() {
+    Room room;
+    int givenBack = 0;
+    room.controller->hasBarKeyboard = [] { return true; };
+    room.controller->giveKeyboardBack = [&] { ++givenBack; };
+    QVERIFY(room.open());
+    room.press(Qt::Key_Escape);
+    QCOMPARE(givenBack, 1);
+    // Whoever went elsewhere meanwhile stays there.
+    QVERIFY(room.open());
+    QWindow other;
+    other.show();
+    other.requestActivate();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    room.controller->close();
+    QCOMPARE(givenBack, 1);
+  }
+
   void itFitsTheSmallestSize() {
     Room room;
     QVERIFY(room.open());

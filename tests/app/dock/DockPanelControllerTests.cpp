@@ -32,6 +32,7 @@ class DockPanelControllerTests : public QObject {
   void withoutAnnouncementsItLooksByItself();
   void itsWindowComesAndGoesInSteps();
   void itStandsAtItsEdgeAsLongAsThatAllows();
+  void onTheScreenItLeavesTheOldEdgeFirst();
   void itFollowsItsScreen();
   void withoutAScreenNothingChanges();
   void anEdgeThatMovesAwayFromARestingPointerLetsItGo();
@@ -222,6 +223,30 @@ void DockPanelControllerTests::itStandsAtItsEdgeAsLongAsThatAllows() {
   QCOMPARE(f.frame().x() + f.frame().width(), 1700 - 8);
   f.bar.setScale(1.5);
   QCOMPARE(f.frame().height(), 228);
+}
+
+void DockPanelControllerTests::onTheScreenItLeavesTheOldEdgeFirst() {
+  BarFixture f;
+  f.settings.set(setting::barAlwaysVisible, true);
+  f.bar.start();
+  f.pass(0.5);
+  const QRect before = f.frame();
+  f.settings.set(setting::dockEdge, DockEdge::left);
+  f.pass(0.2);
+  QVERIFY(!f.bar.isContentShown());
+  QCOMPARE(f.frame(), before);
+  f.pass(0.2);
+  QCOMPARE(f.bar.edgeName(), QString("left"));
+  QCOMPARE(f.frame().x(), 8);
+  QVERIFY(f.bar.window()->isVisible() && !f.bar.isContentShown());
+  f.pass(0.1);
+  QVERIFY(f.bar.isContentShown());
+  // A second thought on the way keeps it where it is.
+  f.settings.set(setting::dockEdge, DockEdge::right);
+  f.settings.set(setting::dockEdge, DockEdge::left);
+  f.pass(1);
+  QVERIFY(f.bar.isContentShown());
+  QCOMPARE(f.frame().x(), 8);
 }
 
 void DockPanelControllerTests::itFollowsItsScreen() {

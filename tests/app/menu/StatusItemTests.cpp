@@ -50,6 +50,7 @@ class StatusItemTests : public QObject {
     QVERIFY(!actions[0]->isEnabled());
     QVERIFY(actions[2]->isSeparator());
     QCOMPARE(actions[3]->shortcut(), QKeySequence(Qt::META | Qt::Key_Comma));
+    QCOMPARE(actions[3]->shortcut().toString(QKeySequence::NativeText), QStringLiteral("Super+,"));
     const auto choices = actions[1]->menu()->actions();
     QCOMPARE(choices.size(), 2);
     QCOMPARE(choices[0]->text(), QStringLiteral("Work && play"));
