@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include <QCoreApplication>
+#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -191,17 +192,6 @@ void AppDelegate::startTimers() {
   every(LiveModels::tickInterval, [this] {
     for (Area* area : areas_) area->tick(surroundings_.now());
   });
-  clockTimer_.setSingleShot(true);
-  clockTimer_.setTimerType(Qt::PreciseTimer);
-  const auto untilNextMinute = [this] {
-    const Instant now = surroundings_.now();
-    return std::chrono::ceil<std::chrono::milliseconds>(ClockModel::nextTick(now) - now);
-  };
-  connect(&clockTimer_, &QTimer::timeout, this, [this, untilNextMinute] {
-    areas_.time.tick(surroundings_.now());
-    clockTimer_.start(untilNextMinute());
-  });
-  clockTimer_.start(untilNextMinute());
 }
 
 void AppDelegate::followDefaults() {

@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <QQmlEngine>
-#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -83,7 +82,6 @@ class AppDelegate : public QObject, private Shell {
   Areas areas_;
   WidgetContext context_;
   std::unique_ptr<TrayMenu> tray_;
-  QTimer clockTimer_;
   bool proServicesStarted_ = false;
   std::unique_ptr<BarWindows> bar_;
 };

@@ -54,7 +54,7 @@ Areas::Areas(const Services& with)
              with.surroundings.calendar, agentsSeams(with, background)),
       clipboard(with.settings, with.surroundings.dataFolder / "Clipboard", with.surroundings.calendar,
                 clipboardSeams(with, background)),
-      time(with.surroundings.calendar),
+      time({.defaults = with.defaults, .calendar = with.surroundings.calendar, .now = with.surroundings.now}, with.due),
       telemetry(liveSeams(with), with.shell),
       usage(with.settings, with.surroundings.home, with.surroundings.dataFolder,
             {.background = background, .now = with.surroundings.now, .calendar = with.surroundings.calendar}),

@@ -1,12 +1,16 @@
 #pragma once
 // The time of day and the calendar.
 
+#include <set>
+#include <vector>
+
 #include "app/base/Area.h"
-#include "app/base/QmlObjects.h"
+#include "app/base/DueTimer.h"
 #include "app/time/ClockModel.h"
 
 namespace ambrel {
 
+// A model is woken only while a tile that shows it can be seen.
 class TimeArea : public Area {
   Q_OBJECT
   QML_ELEMENT
@@ -14,17 +18,23 @@ class TimeArea : public Area {
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT FINAL)
 
  public:
-  explicit TimeArea(PresentCalendar calendar, QObject* parent = nullptr)
-      : Area(QStringLiteral("Time"), parent), clock_(std::move(calendar)) {
-    keep({this, &clock_});
-  }
+  // `due` outlives it, as does what the seams refer to.
+  TimeArea(TimeSeams seams, DueTimer& due, QObject* parent = nullptr);
 
   ClockModel* clock() { return &clock_; }
-  void tick(Instant now) override { clock_.tick(now); }
-  void zoneChanged(Instant now) override { clock_.zoneChanged(now); }
+
+  void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:
+  struct Shown {
+    TimeModel* model;
+    std::set<DockWidget> widgets;  // whose tiles show it; a panel asks when it opens
+  };
+  std::vector<Shown> whoShowsWhat();
+
   ClockModel clock_;
+  const std::vector<Shown> shown_;
 };
 
 }  // namespace ambrel

@@ -4,7 +4,6 @@
 #include <QQmlEngine>
 
 #include "app/telemetry/TelemetryArea.h"
-#include "app/time/TimeArea.h"
 #include "core/widgets/DockWidget.h"
 #include "tests/fakes/FakeReadings.h"
 #include "tests/fakes/FakeShell.h"
@@ -114,9 +113,7 @@ struct Computer {
                       .calendar = calendar,
                       .now = [this] { return now; }},
                      shell};
-  TimeArea time{calendar};
   LiveModels& live = *area.live();
-  ClockModel& clock = *time.clock();
 };
 
 }  // namespace ambrel

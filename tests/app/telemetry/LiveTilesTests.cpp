@@ -11,7 +11,7 @@ namespace {
 
 // Every tile in every size.
 bool loadTiles(Scene& scene, Computer& computer) {
-  auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&computer.area, &computer.time});
+  auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&computer.area});
   for (const DockWidget widget : board->widgets()) board->addInEverySize(widget);
   return scene.show(std::move(board));
 }
