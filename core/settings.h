@@ -21,6 +21,7 @@
 namespace ambrel {
 
 enum class AirQualityScale;  // core/weather.h
+enum class WeekNumbering;    // core/time/Weeks.h
 enum class ThemeChoice { system, dark, light };
 
 // Where a setting has its control: on a page of the settings, in the panel of its tile, or nowhere.

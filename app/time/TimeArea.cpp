@@ -8,6 +8,7 @@ namespace ambrel {
 TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
     : Area(QStringLiteral("Time"), parent),
       clock_(seams),
+      month_(seams),
       shown_(whoShowsWhat()) {
   keep({this});
   for (const Shown& shown : shown_) {
@@ -18,7 +19,12 @@ TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
 
 std::vector<TimeArea::Shown> TimeArea::whoShowsWhat() {
   using enum DockWidget;
-  return {{&clock_, {DockWidget::clock, date, analogClock, flipClock}}};
+  // A click on one of these opens the calendar's page.
+  const std::set openTheMonth{
+      DockWidget::clock,      date,         analogClock, flipClock, DockWidget::binaryClock, week,
+      DockWidget::weekNumber, monthCalendar};
+  return {{&clock_, {DockWidget::clock, date, analogClock, flipClock}},
+          {&month_, openTheMonth}};
 }
 
 void TimeArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {

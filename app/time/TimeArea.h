@@ -7,6 +7,7 @@
 #include "app/base/Area.h"
 #include "app/base/DueTimer.h"
 #include "app/time/ClockModel.h"
+#include "app/time/MonthModel.h"
 
 namespace ambrel {
 
@@ -16,12 +17,14 @@ class TimeArea : public Area {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT FINAL)
+  Q_PROPERTY(ambrel::MonthModel* month READ month CONSTANT FINAL)
 
  public:
   // `due` outlives it, as does what the seams refer to.
   TimeArea(TimeSeams seams, DueTimer& due, QObject* parent = nullptr);
 
   ClockModel* clock() { return &clock_; }
+  MonthModel* month() { return &month_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
@@ -34,6 +37,7 @@ class TimeArea : public Area {
   std::vector<Shown> whoShowsWhat();
 
   ClockModel clock_;
+  MonthModel month_;
   const std::vector<Shown> shown_;
 };
 

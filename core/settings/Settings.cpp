@@ -7,6 +7,7 @@
 #include "core/base/Overloaded.h"
 #include "core/base/PlatformWords.h"
 #include "core/base/Text.h"
+#include "core/time/Weeks.h"
 #include "core/weather.h"
 
 namespace ambrel {

@@ -62,6 +62,7 @@
   INTEGER(alarmHour, 7, 0, 23, panel, "The hour at which the alarm rings")                                           \
   INTEGER(alarmMinute, 30, 0, 59, panel, "The minute at which the alarm rings")                                      \
   INTEGER(alarmSnooze, 10, 1, 60, panel, "Minutes by which Snooze puts off the alarm")                               \
+  WORD(weekNumbering, WeekNumbering, iso, panel, "How weeks are numbered: by ISO 8601, or as the locale does")       \
   BOOLEAN(askUsesModel, true, buddy, "A language model answers, where a server on this {machine} has one"_local)     \
   ADDRESS(modelServerURL, buddy, "Where the language model answers; empty: the usual ports of this {machine}"_local) \
   ADDRESS(modelServerAllowedURL, none, "The server on another {machine} to which questions may go"_local)            \
