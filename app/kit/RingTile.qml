@@ -10,6 +10,8 @@ TileFrame {
     required property string details
     property string shortDetails
     property Tone tone: Theme.teal
+    // A large share is worth a warning.
+    property bool warns: true
     readonly property bool isKnown: !isNaN(percent)
     readonly property string rounded: isKnown ? Math.round(percent) : "–"
 
@@ -29,7 +31,7 @@ TileFrame {
         height: width
         value: root.percent
         figure: root.isSmall ? root.rounded : ""
-        tone: Theme.gaugeTone(root.isKnown ? root.percent : 0, root.tone)
+        tone: root.warns ? Theme.gaugeTone(root.isKnown ? root.percent : 0, root.tone) : root.tone
         Accessible.ignored: true
     }
     Label {

@@ -3,12 +3,30 @@
 #include <algorithm>
 
 #include "app/base/QmlObjects.h"
+#include "core/settings.h"
 
 namespace ambrel {
+namespace {
+
+TimeReadingModel::Read reading(TimeSpan span) {
+  return [span](const Calendar& calendar, Instant now) { return spanReading(span, calendar, now); };
+}
+
+}  // namespace
+
 TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
     : Area(QStringLiteral("Time"), parent),
       clock_(seams),
       month_(seams),
+      day_(seams, reading(TimeSpan::day)),
+      week_(seams, reading(TimeSpan::week)),
+      monthOfYear_(seams, reading(TimeSpan::month)),
+      year_(seams, reading(TimeSpan::year)),
+      weekend_(seams, weekendReading),
+      weekNumber_(seams,
+                  [&defaults = seams.defaults](const Calendar& calendar, Instant now) {
+                    return weekNumberReading(valueOf(defaults, setting::weekNumbering), calendar, now);
+                  }),
       shown_(whoShowsWhat()) {
   keep({this});
   for (const Shown& shown : shown_) {
@@ -24,7 +42,13 @@ std::vector<TimeArea::Shown> TimeArea::whoShowsWhat() {
       DockWidget::clock,      date,         analogClock, flipClock, DockWidget::binaryClock, week,
       DockWidget::weekNumber, monthCalendar};
   return {{&clock_, {DockWidget::clock, date, analogClock, flipClock}},
-          {&month_, openTheMonth}};
+          {&month_, openTheMonth},
+          {&day_, {DockWidget::dayProgress}},
+          {&week_, {}},
+          {&monthOfYear_, {DockWidget::monthProgress}},
+          {&year_, {DockWidget::yearProgress}},
+          {&weekend_, {DockWidget::weekend}},
+          {&weekNumber_, {DockWidget::weekNumber}}};
 }
 
 void TimeArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {

@@ -8,6 +8,7 @@
 #include "app/base/DueTimer.h"
 #include "app/time/ClockModel.h"
 #include "app/time/MonthModel.h"
+#include "app/time/TimeReading.h"
 
 namespace ambrel {
 
@@ -18,6 +19,12 @@ class TimeArea : public Area {
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT FINAL)
   Q_PROPERTY(ambrel::MonthModel* month READ month CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* dayProgress READ dayProgress CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* weekProgress READ weekProgress CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* monthProgress READ monthProgress CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* yearProgress READ yearProgress CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* weekend READ weekend CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* weekNumber READ weekNumber CONSTANT FINAL)
 
  public:
   // `due` outlives it, as does what the seams refer to.
@@ -25,6 +32,12 @@ class TimeArea : public Area {
 
   ClockModel* clock() { return &clock_; }
   MonthModel* month() { return &month_; }
+  TimeReadingModel* dayProgress() { return &day_; }
+  TimeReadingModel* weekProgress() { return &week_; }
+  TimeReadingModel* monthProgress() { return &monthOfYear_; }
+  TimeReadingModel* yearProgress() { return &year_; }
+  TimeReadingModel* weekend() { return &weekend_; }
+  TimeReadingModel* weekNumber() { return &weekNumber_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
@@ -38,6 +51,7 @@ class TimeArea : public Area {
 
   ClockModel clock_;
   MonthModel month_;
+  TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_;
   const std::vector<Shown> shown_;
 };
 

@@ -1,0 +1,9 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Time
+
+SpanTile {
+    required property TimeReadingModel yearProgress
+
+    reading: yearProgress.face
+}
