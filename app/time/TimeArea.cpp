@@ -27,6 +27,7 @@ TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
                   [&defaults = seams.defaults](const Calendar& calendar, Instant now) {
                     return weekNumberReading(valueOf(defaults, setting::weekNumbering), calendar, now);
                   }),
+      binary_(seams, binaryReading),
       shown_(whoShowsWhat()) {
   keep({this});
   for (const Shown& shown : shown_) {
@@ -48,7 +49,8 @@ std::vector<TimeArea::Shown> TimeArea::whoShowsWhat() {
           {&monthOfYear_, {DockWidget::monthProgress}},
           {&year_, {DockWidget::yearProgress}},
           {&weekend_, {DockWidget::weekend}},
-          {&weekNumber_, {DockWidget::weekNumber}}};
+          {&weekNumber_, {DockWidget::weekNumber}},
+          {&binary_, {DockWidget::binaryClock}}};
 }
 
 void TimeArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {

@@ -25,6 +25,7 @@ class TimeArea : public Area {
   Q_PROPERTY(ambrel::TimeReadingModel* yearProgress READ yearProgress CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* weekend READ weekend CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* weekNumber READ weekNumber CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* binaryClock READ binaryClock CONSTANT FINAL)
 
  public:
   // `due` outlives it, as does what the seams refer to.
@@ -38,6 +39,7 @@ class TimeArea : public Area {
   TimeReadingModel* yearProgress() { return &year_; }
   TimeReadingModel* weekend() { return &weekend_; }
   TimeReadingModel* weekNumber() { return &weekNumber_; }
+  TimeReadingModel* binaryClock() { return &binary_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
@@ -51,7 +53,7 @@ class TimeArea : public Area {
 
   ClockModel clock_;
   MonthModel month_;
-  TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_;
+  TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_, binary_;
   const std::vector<Shown> shown_;
 };
 
