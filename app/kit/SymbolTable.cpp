@@ -18,6 +18,7 @@ constexpr SymbolGlyph glyphs[] = {
     {"arrow.down", 0xE5DB},                               // arrow_downward
     {"arrow.down.circle", 0xF181},                        // arrow_circle_down
     {"arrow.left", 0xE5C4},                               // arrow_back
+    {"arrow.left.arrow.right", 0xE8D4},                   // swap_horiz
     {"arrow.right", 0xE5C8},                              // arrow_forward
     {"arrow.triangle.branch", 0xE252},                    // merge_type
     {"arrow.up", 0xE5D8},                                 // arrow_upward

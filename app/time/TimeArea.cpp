@@ -18,6 +18,7 @@ TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
     : Area(QStringLiteral("Time"), parent),
       clock_(seams),
       month_(seams),
+      converter_(seams),
       day_(seams, reading(TimeSpan::day)),
       week_(seams, reading(TimeSpan::week)),
       monthOfYear_(seams, reading(TimeSpan::month)),
@@ -28,8 +29,9 @@ TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
                     return weekNumberReading(valueOf(defaults, setting::weekNumbering), calendar, now);
                   }),
       binary_(seams, binaryReading),
+      unix_(seams, unixReading),
       shown_(whoShowsWhat()) {
-  keep({this});
+  keep({this, &converter_});
   for (const Shown& shown : shown_) {
     keep({shown.model});
     due.add(*shown.model);
@@ -50,7 +52,8 @@ std::vector<TimeArea::Shown> TimeArea::whoShowsWhat() {
           {&year_, {DockWidget::yearProgress}},
           {&weekend_, {DockWidget::weekend}},
           {&weekNumber_, {DockWidget::weekNumber}},
-          {&binary_, {DockWidget::binaryClock}}};
+          {&binary_, {DockWidget::binaryClock}},
+          {&unix_, {DockWidget::unixTime}}};
 }
 
 void TimeArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {

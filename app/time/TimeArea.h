@@ -8,6 +8,7 @@
 #include "app/base/DueTimer.h"
 #include "app/time/ClockModel.h"
 #include "app/time/MonthModel.h"
+#include "app/time/TimeConverter.h"
 #include "app/time/TimeReading.h"
 
 namespace ambrel {
@@ -19,6 +20,7 @@ class TimeArea : public Area {
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT FINAL)
   Q_PROPERTY(ambrel::MonthModel* month READ month CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeConverter* converter READ converter CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* dayProgress READ dayProgress CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* weekProgress READ weekProgress CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* monthProgress READ monthProgress CONSTANT FINAL)
@@ -26,6 +28,7 @@ class TimeArea : public Area {
   Q_PROPERTY(ambrel::TimeReadingModel* weekend READ weekend CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* weekNumber READ weekNumber CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* binaryClock READ binaryClock CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TimeReadingModel* unixTime READ unixTime CONSTANT FINAL)
 
  public:
   // `due` outlives it, as does what the seams refer to.
@@ -33,6 +36,7 @@ class TimeArea : public Area {
 
   ClockModel* clock() { return &clock_; }
   MonthModel* month() { return &month_; }
+  TimeConverter* converter() { return &converter_; }
   TimeReadingModel* dayProgress() { return &day_; }
   TimeReadingModel* weekProgress() { return &week_; }
   TimeReadingModel* monthProgress() { return &monthOfYear_; }
@@ -40,6 +44,7 @@ class TimeArea : public Area {
   TimeReadingModel* weekend() { return &weekend_; }
   TimeReadingModel* weekNumber() { return &weekNumber_; }
   TimeReadingModel* binaryClock() { return &binary_; }
+  TimeReadingModel* unixTime() { return &unix_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
@@ -53,7 +58,8 @@ class TimeArea : public Area {
 
   ClockModel clock_;
   MonthModel month_;
-  TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_, binary_;
+  TimeConverter converter_;
+  TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_, binary_, unix_;
   const std::vector<Shown> shown_;
 };
 
