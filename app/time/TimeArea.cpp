@@ -18,6 +18,7 @@ TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
     : Area(QStringLiteral("Time"), parent),
       clock_(seams),
       month_(seams),
+      worldClock_(seams),
       converter_(seams),
       day_(seams, reading(TimeSpan::day)),
       week_(seams, reading(TimeSpan::week)),
@@ -46,6 +47,7 @@ std::vector<TimeArea::Shown> TimeArea::whoShowsWhat() {
       DockWidget::weekNumber, monthCalendar};
   return {{&clock_, {DockWidget::clock, date, analogClock, flipClock}},
           {&month_, openTheMonth},
+          {&worldClock_, {DockWidget::worldClock}},
           {&day_, {DockWidget::dayProgress}},
           {&week_, {}},
           {&monthOfYear_, {DockWidget::monthProgress}},
@@ -62,7 +64,8 @@ void TimeArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, I
                      std::ranges::any_of(widgets, [&](DockWidget widget) { return onBar.contains(widget); }));
 }
 
-void TimeArea::defaultsChanged(const std::set<std::string>& /*keys*/) {
+void TimeArea::defaultsChanged(const std::set<std::string>& keys) {
+  if (keys.contains(WorldClockModel::key)) worldClock_.cities()->reload();
   for (const Shown& shown : shown_) shown.model->refresh();
 }
 

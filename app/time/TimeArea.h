@@ -10,6 +10,7 @@
 #include "app/time/MonthModel.h"
 #include "app/time/TimeConverter.h"
 #include "app/time/TimeReading.h"
+#include "app/time/WorldClockModel.h"
 
 namespace ambrel {
 
@@ -20,6 +21,7 @@ class TimeArea : public Area {
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT FINAL)
   Q_PROPERTY(ambrel::MonthModel* month READ month CONSTANT FINAL)
+  Q_PROPERTY(ambrel::WorldClockModel* worldClock READ worldClock CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeConverter* converter READ converter CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* dayProgress READ dayProgress CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* weekProgress READ weekProgress CONSTANT FINAL)
@@ -36,6 +38,7 @@ class TimeArea : public Area {
 
   ClockModel* clock() { return &clock_; }
   MonthModel* month() { return &month_; }
+  WorldClockModel* worldClock() { return &worldClock_; }
   TimeConverter* converter() { return &converter_; }
   TimeReadingModel* dayProgress() { return &day_; }
   TimeReadingModel* weekProgress() { return &week_; }
@@ -58,6 +61,7 @@ class TimeArea : public Area {
 
   ClockModel clock_;
   MonthModel month_;
+  WorldClockModel worldClock_;
   TimeConverter converter_;
   TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_, binary_, unix_;
   const std::vector<Shown> shown_;
