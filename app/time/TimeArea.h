@@ -7,6 +7,7 @@
 #include "app/base/Area.h"
 #include "app/base/DueTimer.h"
 #include "app/time/ClockModel.h"
+#include "app/time/CountdownModel.h"
 #include "app/time/MonthModel.h"
 #include "app/time/TimeConverter.h"
 #include "app/time/TimeReading.h"
@@ -22,6 +23,7 @@ class TimeArea : public Area {
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT FINAL)
   Q_PROPERTY(ambrel::MonthModel* month READ month CONSTANT FINAL)
   Q_PROPERTY(ambrel::WorldClockModel* worldClock READ worldClock CONSTANT FINAL)
+  Q_PROPERTY(ambrel::CountdownModel* countdown READ countdown CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeConverter* converter READ converter CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* dayProgress READ dayProgress CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* weekProgress READ weekProgress CONSTANT FINAL)
@@ -39,6 +41,7 @@ class TimeArea : public Area {
   ClockModel* clock() { return &clock_; }
   MonthModel* month() { return &month_; }
   WorldClockModel* worldClock() { return &worldClock_; }
+  CountdownModel* countdown() { return &countdown_; }
   TimeConverter* converter() { return &converter_; }
   TimeReadingModel* dayProgress() { return &day_; }
   TimeReadingModel* weekProgress() { return &week_; }
@@ -62,6 +65,7 @@ class TimeArea : public Area {
   ClockModel clock_;
   MonthModel month_;
   WorldClockModel worldClock_;
+  CountdownModel countdown_;
   TimeConverter converter_;
   TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_, binary_, unix_;
   const std::vector<Shown> shown_;

@@ -1,0 +1,60 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Time
+
+// What is waited for, and its date.
+Popover {
+    id: root
+
+    required property CountdownModel countdown
+
+    title: countdown.face.value + (countdown.face.unit === "" ? "" : " " + countdown.face.unit)
+    symbol: "hourglass"
+    fact: root.countdown.face.weeks
+    implicitWidth: grid.implicitWidth + 2 * Theme.space4
+    implicitHeight: 48 + 2 + rows.y + rows.height + Theme.space3
+    onOpenChanged: if (open) {
+        countdown.showDate();
+        field.text = countdown.face.isUsual ? "" : countdown.face.title;
+    }
+
+    PanelColumn {
+        id: rows
+
+        y: Theme.space3
+
+        Field {
+            id: field
+
+            width: parent.width
+            symbol: "pencil"
+            hint: root.countdown.face.title
+            maximumLength: 60
+            focus: true
+            input.onTextEdited: root.countdown.setTitle(text)
+            onAccepted: root.closeRequested()
+        }
+        TipLabel {
+            width: parent.width
+            text: root.countdown.face.date
+            role: Theme.small
+            color: Theme.ink2
+        }
+        MonthGrid {
+            id: grid
+
+            width: parent.width
+            month: root.countdown.month
+        }
+        Button {
+            visible: !root.countdown.face.isUsual
+            size: 28
+            symbol: "arrow.counterclockwise"
+            text: qsTr("Count to New Year")
+            onClicked: {
+                field.text = "";
+                root.countdown.reset();
+            }
+        }
+    }
+}
