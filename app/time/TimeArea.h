@@ -9,6 +9,7 @@
 #include "app/time/ClockModel.h"
 #include "app/time/CountdownModel.h"
 #include "app/time/MonthModel.h"
+#include "app/time/MoonModel.h"
 #include "app/time/TimeConverter.h"
 #include "app/time/TimeReading.h"
 #include "app/time/WorldClockModel.h"
@@ -24,6 +25,7 @@ class TimeArea : public Area {
   Q_PROPERTY(ambrel::MonthModel* month READ month CONSTANT FINAL)
   Q_PROPERTY(ambrel::WorldClockModel* worldClock READ worldClock CONSTANT FINAL)
   Q_PROPERTY(ambrel::CountdownModel* countdown READ countdown CONSTANT FINAL)
+  Q_PROPERTY(ambrel::MoonModel* moon READ moon CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeConverter* converter READ converter CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* dayProgress READ dayProgress CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeReadingModel* weekProgress READ weekProgress CONSTANT FINAL)
@@ -42,6 +44,7 @@ class TimeArea : public Area {
   MonthModel* month() { return &month_; }
   WorldClockModel* worldClock() { return &worldClock_; }
   CountdownModel* countdown() { return &countdown_; }
+  MoonModel* moon() { return &moon_; }
   TimeConverter* converter() { return &converter_; }
   TimeReadingModel* dayProgress() { return &day_; }
   TimeReadingModel* weekProgress() { return &week_; }
@@ -66,6 +69,7 @@ class TimeArea : public Area {
   MonthModel month_;
   WorldClockModel worldClock_;
   CountdownModel countdown_;
+  MoonModel moon_;
   TimeConverter converter_;
   TimeReadingModel day_, week_, monthOfYear_, year_, weekend_, weekNumber_, binary_, unix_;
   const std::vector<Shown> shown_;
