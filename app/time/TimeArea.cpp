@@ -19,6 +19,7 @@ TimeArea::TimeArea(TimeSeams seams, DueTimer& due, QObject* parent)
       clock_(seams),
       month_(seams),
       worldClock_(seams),
+      meeting_(seams, *worldClock_.cities()),
       countdown_(seams),
       moon_(seams),
       converter_(seams),
@@ -50,6 +51,7 @@ std::vector<TimeArea::Shown> TimeArea::whoShowsWhat() {
   return {{&clock_, {DockWidget::clock, date, analogClock, flipClock}},
           {&month_, openTheMonth},
           {&worldClock_, {DockWidget::worldClock}},
+          {&meeting_, {meetingPlanner}},
           {&countdown_, {DockWidget::countdown}},
           {&moon_, {moonPhase}},
           {&day_, {DockWidget::dayProgress}},
@@ -70,6 +72,7 @@ void TimeArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, I
 
 void TimeArea::defaultsChanged(const std::set<std::string>& keys) {
   if (keys.contains(WorldClockModel::key)) worldClock_.cities()->reload();
+  if (keys.contains(MeetingModel::key)) meeting_.cities()->reload();
   for (const Shown& shown : shown_) shown.model->refresh();
 }
 

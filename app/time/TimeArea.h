@@ -8,6 +8,7 @@
 #include "app/base/DueTimer.h"
 #include "app/time/ClockModel.h"
 #include "app/time/CountdownModel.h"
+#include "app/time/MeetingModel.h"
 #include "app/time/MonthModel.h"
 #include "app/time/MoonModel.h"
 #include "app/time/TimeConverter.h"
@@ -24,6 +25,7 @@ class TimeArea : public Area {
   Q_PROPERTY(ambrel::ClockModel* clock READ clock CONSTANT FINAL)
   Q_PROPERTY(ambrel::MonthModel* month READ month CONSTANT FINAL)
   Q_PROPERTY(ambrel::WorldClockModel* worldClock READ worldClock CONSTANT FINAL)
+  Q_PROPERTY(ambrel::MeetingModel* meeting READ meeting CONSTANT FINAL)
   Q_PROPERTY(ambrel::CountdownModel* countdown READ countdown CONSTANT FINAL)
   Q_PROPERTY(ambrel::MoonModel* moon READ moon CONSTANT FINAL)
   Q_PROPERTY(ambrel::TimeConverter* converter READ converter CONSTANT FINAL)
@@ -43,6 +45,7 @@ class TimeArea : public Area {
   ClockModel* clock() { return &clock_; }
   MonthModel* month() { return &month_; }
   WorldClockModel* worldClock() { return &worldClock_; }
+  MeetingModel* meeting() { return &meeting_; }
   CountdownModel* countdown() { return &countdown_; }
   MoonModel* moon() { return &moon_; }
   TimeConverter* converter() { return &converter_; }
@@ -68,6 +71,7 @@ class TimeArea : public Area {
   ClockModel clock_;
   MonthModel month_;
   WorldClockModel worldClock_;
+  MeetingModel meeting_;
   CountdownModel countdown_;
   MoonModel moon_;
   TimeConverter converter_;

@@ -63,6 +63,8 @@
   INTEGER(alarmMinute, 30, 0, 59, panel, "The minute at which the alarm rings")                                      \
   INTEGER(alarmSnooze, 10, 1, 60, panel, "Minutes by which Snooze puts off the alarm")                               \
   WORD(weekNumbering, WeekNumbering, iso, panel, "How weeks are numbered: by ISO 8601, or as the locale does")       \
+  INTEGER(meetingFromHour, 9, 0, 23, panel, "The hour at which work begins, in the meeting planner")                 \
+  INTEGER(meetingToHour, 17, 1, 24, panel, "The hour at which work ends, in the meeting planner")                    \
   BOOLEAN(askUsesModel, true, buddy, "A language model answers, where a server on this {machine} has one"_local)     \
   ADDRESS(modelServerURL, buddy, "Where the language model answers; empty: the usual ports of this {machine}"_local) \
   ADDRESS(modelServerAllowedURL, none, "The server on another {machine} to which questions may go"_local)            \
