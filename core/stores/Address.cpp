@@ -58,7 +58,7 @@ std::optional<std::string> attribute(string_view tag, string_view name) {
 
 std::optional<std::string> pageAddress(string_view typed) {
   typed = trimmed(typed);
-  if (typed.empty() || typed.find_first_of(" \t\r\n\"<>\\^`{|}") != string_view::npos) return std::nullopt;
+  if (typed.empty() || typed.find_first_of(" \t\r\n\"<>\\") != string_view::npos) return std::nullopt;
   if (!std::ranges::all_of(typed, [](unsigned char c) { return c > 32 && c != 127; })) return std::nullopt;
   std::string address(typed);
   if (typed.find("://") == string_view::npos) {
