@@ -1,5 +1,7 @@
 #include "app/Areas.h"
 
+#include <QDesktopServices>
+
 #include "app/agents/ProgramIcons.h"
 #include "app/model/LicenseManager.h"
 
@@ -39,6 +41,20 @@ LiveSeams liveSeams(const Services& with) {
           .background = makeBackground(with.context),
           .calendar = with.surroundings.calendar,
           .now = with.surroundings.now};
+}
+
+StoresArea::Seams storesSeams(const Services& with, const Background& background) {
+  return {.engine = with.engine,
+          .documents = with.surroundings.dataFolder,
+          .defaults = with.defaults,
+          .folderWatch = with.desktop.tileFolder,
+          .launcher = with.desktop.launcher,
+          .background = background,
+          .fileBackground = makeDetachedBackground(with.context),
+          .calendar = with.surroundings.calendar,
+          .now = with.surroundings.now,
+          .open = [](const QUrl& address) { return QDesktopServices::openUrl(address); },
+          .picture = [](const std::string& icon) { return ProgramIcons::source(QString::fromStdString(icon)); }};
 }
 
 }  // namespace
@@ -81,6 +97,7 @@ Areas::Areas(const Services& with)
              .now = with.surroundings.now},
             with.surroundings.dataFolder / "habits.json", with.due, with.shell),
       weather(with.defaults, with.surroundings.calendar, with.surroundings.now, with.due),
+      stores(storesSeams(with, background), with.shell),
       buddy({.agents = *agents.agents(),
              .settings = with.settings,
              .defaults = with.defaults,

@@ -13,6 +13,7 @@
 #include "app/disk/DiskArea.h"
 #include "app/focus/FocusArea.h"
 #include "app/notes/NotesArea.h"
+#include "app/stores/StoresArea.h"
 #include "app/telemetry/TelemetryArea.h"
 #include "app/time/TimeArea.h"
 #include "app/usage/UsageArea.h"
@@ -41,11 +42,12 @@ struct Areas {
   NotesArea notes;
   FocusArea focus;
   WeatherArea weather;
+  StoresArea stores;
   BuddyArea buddy;
   AssistantArea assistant;
   // The agents' last: they answer what is nobody else's.
-  const std::vector<Area*> all{&time,    &telemetry, &usage, &disk,      &notes, &focus,
-                               &weather, &clipboard, &buddy, &assistant, &agents};
+  const std::vector<Area*> all{&time,    &telemetry, &usage,     &disk,  &notes,     &focus,
+                               &weather, &stores,    &clipboard, &buddy, &assistant, &agents};
 };
 
 }  // namespace ambrel

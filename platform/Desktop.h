@@ -7,6 +7,7 @@
 #include "platform/HotKeys.h"
 #include "platform/KeepAwake.h"
 #include "platform/LatencyProbe.h"
+#include "platform/Launcher.h"
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
 #include "platform/Pointer.h"
@@ -48,6 +49,8 @@ struct Desktop {
   ScreenCapture& screenCapture;
   Trash& trash;
   FolderWatch& folderWatch;  // of the agents' folders
+  FolderWatch& tileFolder;   // of the folder that a tile shows
+  Launcher& launcher;
 };
 
 }  // namespace ambrel

@@ -10,10 +10,10 @@
 
 #include "app/base/QmlObjects.h"
 #include "app/disk/DiskTexts.h"
-#include "app/disk/FolderDialog.h"
 #include "app/disk/SimulatorTool.h"
 #include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
+#include "app/window/FileDialog.h"
 #include "core/base/Text.h"
 
 namespace ambrel {

@@ -1,12 +1,15 @@
 import QtQuick
 import Ambrel.Kit
 
-// A row of a list: a symbol in its box, a title over a detail, and at the right what its children show.
+// A row of a list: a symbol, picture or letter in its box, a title over a detail, and at the right what its children
+// show.
 Pressable {
     id: root
 
     property string symbol
     property Tone symbolTone: null
+    property alias picture: box.picture
+    property alias letter: box.letter
     property string title
     property string detail
     property bool isCurrent: false
@@ -25,30 +28,20 @@ Pressable {
         color: root.isCurrent ? Theme.blue.soft : root.down ? Theme.tilePressed : Theme.card
         visible: root.isCurrent || root.hovered || root.down
     }
-    Rectangle {
+    MarkBox {
         id: box
         x: Theme.space2
-        width: root.symbol === "" ? 0 : 32
-        height: 32
-        visible: root.symbol !== ""
+        width: isEmpty ? 0 : implicitWidth
+        visible: !isEmpty
         anchors.verticalCenter: parent.verticalCenter
-        radius: Theme.radiusButton
-        color: root.symbolTone ? root.symbolTone.soft : Theme.card
-        border.width: root.symbolTone ? 0 : 1
-        border.color: Theme.over(Theme.line, Theme.card)
-
-        Symbol {
-            anchors.centerIn: parent
-            name: root.symbol
-            size: 18
-            color: root.symbolTone ? root.symbolTone.text : Theme.ink2
-        }
+        symbol: root.symbol
+        tone: root.symbolTone
     }
     Column {
         id: words
         anchors {
             left: box.right
-            leftMargin: root.symbol === "" ? 0 : Theme.space3
+            leftMargin: box.isEmpty ? 0 : Theme.space3
             right: slot.left
             rightMargin: Theme.space2
             verticalCenter: parent.verticalCenter

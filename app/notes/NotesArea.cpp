@@ -3,9 +3,9 @@
 #include <QStandardPaths>
 
 #include "app/base/QmlObjects.h"
-#include "app/disk/FolderDialog.h"
 #include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
+#include "app/window/FileDialog.h"
 
 namespace ambrel {
 

@@ -1,11 +1,8 @@
 #include "app/shelf/ShelfPanelController.h"
 
-#include <QDrag>
 #include <QMimeData>
-#include <QPainter>
 #include <QPointer>
 #include <QQmlEngine>
-#include <QQuickItemGrabResult>
 #include <QUrl>
 #include <algorithm>
 
@@ -15,6 +12,7 @@
 #include "app/kit/Theme.h"
 #include "app/model/AppSettings.h"
 #include "app/shelf/EdgeSensor.h"
+#include "app/window/ItemDrag.h"
 #include "app/window/PanelGeometry.h"
 #include "app/window/PanelWindow.h"
 #include "app/window/ToastController.h"
@@ -227,32 +225,19 @@ void ShelfPanelController::dragOut(const QString& id, QQuickItem* card) {
     picture = readFile(clipboard_.picturesFolder() / *item->imageFileName);
     if (!picture) return;
   }
-  const auto grab = card->grabToImage();
-  if (!grab) return;
-  // The drag runs a nested event loop, which must not start inside the item's handler.
-  connect(
-      grab.get(), &QQuickItemGrabResult::ready, this,
-      [this, grab, item = *item, picture, card = QPointer(card)] { runDrag(item, picture, grab->image(), card); },
-      Qt::QueuedConnection);
-}
-
-void ShelfPanelController::runDrag(const ClipItem& item, const std::optional<std::string>& picture, const QImage& image,
-                                   QQuickItem* card) {
-  if (!window_ || !isShown()) return;
-  auto* drag = new QDrag(window_.get());
-  auto data = mimeData(representations(item, picture));
-  if (item.imageFileName)
-    data->setUrls({QUrl::fromLocalFile(QString::fromStdString(clipboard_.picturesFolder() / *item.imageFileName))});
-  drag->setMimeData(data.release());
   // Without compositing, transparent pixels would be white.
-  QPixmap pixmap(image.size());
-  pixmap.fill(isCompositing() ? QColor(Qt::transparent) : themeOf(engine_).panel());
-  QPainter(&pixmap).drawImage(0, 0, image);
-  pixmap.setDevicePixelRatio(window_->devicePixelRatio());
-  drag->setPixmap(pixmap);
-  drag->setHotSpot(card ? QPoint(qRound(card->width() / 2), qRound(card->height() / 3)) : QPoint());
+  const QColor ground = isCompositing() ? QColor(Qt::transparent) : themeOf(engine_).panel();
+  const auto data = [this, item = *item, picture]() -> std::unique_ptr<QMimeData> {
+    if (!isShown()) return nullptr;
+    auto all = mimeData(representations(item, picture));
+    if (item.imageFileName)
+      all->setUrls({QUrl::fromLocalFile(QString::fromStdString(clipboard_.picturesFolder() / *item.imageFileName))});
+    return all;
+  };
   // Closed after a drop on another window.
-  if (drag->exec(Qt::CopyAction) != Qt::IgnoreAction) close();
+  dragItem(card, ground, data, [this](bool isTaken) {
+    if (isTaken) close();
+  });
 }
 
 }  // namespace ambrel

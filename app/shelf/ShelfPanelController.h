@@ -1,7 +1,6 @@
 #pragma once
 // The shelf of the clipboard: a panel that drops from the top centre of the screen where the pointer is.
 
-#include <QImage>
 #include <QObject>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
@@ -95,7 +94,6 @@ class ShelfPanelController : public QObject {
   QRect panelFrame(const QRect& screen) const;
   void showUndo(const QString& what);
   void updateSensor();
-  void runDrag(const ClipItem& item, const std::optional<std::string>& picture, const QImage& image, QQuickItem* card);
 
   QQmlEngine& engine_;
   ClipboardModel& clipboard_;

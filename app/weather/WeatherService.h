@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "app/web/Download.h"
 #include "core/settings.h"
 #include "core/weather/WeatherSchedule.h"
 
@@ -26,14 +27,6 @@ struct WeatherHosts {
 // own server. Without one, or with one that is not HTTP, the public service is used.
 WeatherHosts weatherHosts(const UserDefaults& defaults);
 
-struct WeatherLimits {
-  std::chrono::milliseconds time{20000};  // for the whole answer
-  qint64 bytes = 1 << 20;
-  int redirections = 3;
-  // The largest share by which pauses between two requests are lengthened, at random.
-  double jitter = 0.05;
-};
-
 // Why there is no answer, and how long the server wants to be left alone (0: it does not say).
 struct WeatherProblem {
   QString text;
@@ -49,7 +42,7 @@ class WeatherService : public QObject {
   // The body of a good answer, or nothing and why.
   using Answer = std::function<void(std::optional<QByteArray> body, const WeatherProblem& problem)>;
 
-  explicit WeatherService(WeatherHosts hosts, WeatherLimits limits = {}, QObject* parent = nullptr);
+  explicit WeatherService(WeatherHosts hosts, DownloadLimits limits = {}, QObject* parent = nullptr);
 
   // `answered` is called once, later and on this thread, as long as `receiver` lives.
   void get(Kind kind, const std::string& request, QObject* receiver, Answer answered);
@@ -60,7 +53,7 @@ class WeatherService : public QObject {
  private:
   QNetworkAccessManager* network_ = nullptr;
   WeatherHosts hosts_;
-  WeatherLimits limits_;
+  DownloadLimits limits_;
 };
 
 }  // namespace ambrel

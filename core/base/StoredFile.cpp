@@ -1,6 +1,7 @@
 #include "core/base/StoredFile.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <string>
 #include <sys/file.h>
@@ -75,6 +76,33 @@ std::optional<FileLock> FileLock::tryAcquire(const std::filesystem::path& path) 
   if (!file) throw FileError("cannot lock", path, errno);
   if (flock(file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return std::nullopt;
   return FileLock(std::move(file));
+}
+
+FolderTurn::FolderTurn(const std::filesystem::path& folder)
+    : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  constexpr int mostTries = 100;
+  constexpr useconds_t pause = 2000;
+  for (int tries = 0; folder_ && flock(folder_.get(), LOCK_EX | LOCK_NB) != 0 && tries < mostTries; ++tries) {
+    if (errno != EWOULDBLOCK) return;
+    usleep(pause);
+  }
+}
+
+std::optional<std::filesystem::path> setAside(const std::filesystem::path& path, std::string_view suffix) {
+  for (int number = 1;; ++number) {
+    auto kept = path;
+    kept += suffix;
+    if (number > 1) kept += "-" + std::to_string(number);
+    // A copy that is kept already stays; some file systems cannot promise that in one step.
+    int failed = renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, kept.c_str(), RENAME_NOREPLACE);
+    if (failed != 0 && errno == EINVAL) {
+      if (faccessat(AT_FDCWD, kept.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) continue;
+      failed = rename(path.c_str(), kept.c_str());
+    }
+    if (failed == 0) return kept;
+    if (errno == ENOENT) return std::nullopt;
+    if (errno != EEXIST) throw FileError("cannot set aside", path, errno);
+  }
 }
 
 }  // namespace ambrel

@@ -30,6 +30,20 @@ class FileLock {
   FileDescriptor file_;
 };
 
+// Two programs that change a file of this folder at the same time take turns, as long as this lives. One that holds it
+// for more than a moment keeps nobody waiting, nor does a file system without locks.
+class FolderTurn {
+ public:
+  explicit FolderTurn(const std::filesystem::path& folder);
+
+ private:
+  FileDescriptor folder_;
+};
+
+// Moves a file out of the way: "<name><suffix>", or "<name><suffix>-2" and so on where that is kept already. Returns
+// where it is now; absent when there was no file. Throws FileError.
+std::optional<std::filesystem::path> setAside(const std::filesystem::path& path, std::string_view suffix);
+
 // Where a chain of symbolic links ends; what is there need not exist. Throws FileError.
 std::filesystem::path linkTarget(std::filesystem::path path);
 

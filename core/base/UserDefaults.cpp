@@ -1,10 +1,5 @@
 #include "core/base/UserDefaults.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 #include <utility>
 
 #include "core/base/Files.h"
@@ -107,23 +102,6 @@ std::optional<T> copied(const DefaultsValue* value) {
   return found ? std::optional<T>(*found) : std::nullopt;
 }
 
-// Two programs that change the file at the same time take turns. One that holds it for long keeps nobody waiting.
-class Turn {
- public:
-  explicit Turn(const std::filesystem::path& folder)
-      : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    constexpr int mostTries = 100;
-    constexpr useconds_t pause = 2000;
-    for (int tries = 0; folder_ && flock(folder_.get(), LOCK_EX | LOCK_NB) != 0 && tries < mostTries; ++tries) {
-      if (errno != EWOULDBLOCK) return;  // a file system without locks
-      usleep(pause);
-    }
-  }
-
- private:
-  FileDescriptor folder_;
-};
-
 }  // namespace
 
 UserDefaults::UserDefaults(std::filesystem::path file) : file_(std::move(file)) {
@@ -165,24 +143,11 @@ void UserDefaults::refresh() {
 
 std::optional<std::filesystem::path> UserDefaults::setAside() {
   if (!isUnreadable_) return std::nullopt;
-  for (int number = 1;; ++number) {
-    auto copy = file_;
-    copy += ".unreadable";
-    if (number > 1) copy += "-" + std::to_string(number);
-    // A copy that is kept already stays; some file systems cannot promise that in one step.
-    int failed = renameat2(AT_FDCWD, file_.c_str(), AT_FDCWD, copy.c_str(), RENAME_NOREPLACE);
-    if (failed != 0 && errno == EINVAL) {
-      if (faccessat(AT_FDCWD, copy.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) continue;
-      failed = rename(file_.c_str(), copy.c_str());
-    }
-    if (failed != 0 && errno == EEXIST) continue;
-    if (failed != 0 && errno != ENOENT) throw FileError("cannot set aside", file_, errno);
-    isUnreadable_ = false;
-    seen_.reset();
-    if (failed != 0) return std::nullopt;
-    if (onSetAside) onSetAside(copy);
-    return copy;
-  }
+  auto kept = ambrel::setAside(file_, ".unreadable");
+  isUnreadable_ = false;
+  seen_.reset();
+  if (kept && onSetAside) onSetAside(*kept);
+  return kept;
 }
 
 const DefaultsValue* UserDefaults::object(const std::string& key) const {
@@ -229,7 +194,7 @@ const DefaultsDictionary* UserDefaults::dictionary(const std::string& key) const
 }
 
 void UserDefaults::set(const std::string& key, DefaultsValue value) {
-  const Turn turn(file_.parent_path());
+  const FolderTurn turn(file_.parent_path());
   refresh();
   const auto found = values_.find(key);
   if (found != values_.end() && found->second == value) return;
@@ -244,7 +209,7 @@ void UserDefaults::set(const std::string& key, const std::vector<std::string>& s
 }
 
 void UserDefaults::set(DefaultsDictionary values) {
-  const Turn turn(file_.parent_path());
+  const FolderTurn turn(file_.parent_path());
   refresh();
   const DefaultsDictionary before = values_;
   for (auto& [key, value] : values) values_.insert_or_assign(key, std::move(value));
@@ -252,7 +217,7 @@ void UserDefaults::set(DefaultsDictionary values) {
 }
 
 void UserDefaults::remove(const std::string& key) {
-  const Turn turn(file_.parent_path());
+  const FolderTurn turn(file_.parent_path());
   refresh();
   if (values_.erase(key) > 0) save();
 }

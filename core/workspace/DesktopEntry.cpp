@@ -1,5 +1,7 @@
 #include "core/workspace/DesktopEntry.h"
 
+#include <algorithm>
+
 #include "core/base/Text.h"
 
 namespace ambrel {
@@ -43,6 +45,29 @@ struct Argument {
   bool isWritten = false;
 };
 
+void takeKey(DesktopEntry& entry, std::string& type, std::vector<std::string>& actions, std::string_view key,
+             std::string value) {
+  if (key == "Type") type = std::move(value);
+  if (key == "Name") entry.name = std::move(value);
+  if (key == "Icon") entry.icon = std::move(value);
+  if (key == "Exec") entry.exec = std::move(value);
+  if (key == "TryExec") entry.tryExec = std::move(value);
+  if (key == "Path") entry.workingFolder = std::move(value);
+  if (key == "StartupWMClass") entry.windowClass = std::move(value);
+  if (key == "Terminal") entry.runsInTerminal = value == "true";
+  if (key == "Hidden") entry.isHidden = value == "true";
+  if (key == "NoDisplay") entry.isInMenus = value != "true";
+  if (key == "DBusActivatable") entry.isActivatedByBus = value == "true";
+  if (key == "Actions")
+    for (const std::string_view action : split(value, ';')) actions.emplace_back(trimmed(action));
+}
+
+void takeKey(DesktopAction& action, std::string_view key, std::string value) {
+  if (key == "Name") action.name = std::move(value);
+  if (key == "Icon") action.icon = std::move(value);
+  if (key == "Exec") action.exec = std::move(value);
+}
+
 // What a field code becomes inside an argument when no file is opened.
 std::string_view replacement(char code, const DesktopEntry& entry, std::string_view file) {
   switch (code) {
@@ -60,34 +85,37 @@ std::string_view replacement(char code, const DesktopEntry& entry, std::string_v
 }  // namespace
 
 std::optional<DesktopEntry> parseDesktopEntry(std::string_view id, std::string_view text) {
+  constexpr std::string_view ofActions = "[Desktop Action ";
   DesktopEntry entry;
   entry.id = id;
-  std::string type;
-  bool isInGroup = false;
+  std::string type, group;
+  std::vector<DesktopAction> found;
+  std::vector<std::string> wanted;
   for (std::string_view line : split(text, '\n')) {
     line = trimmed(line);
     if (line.empty() || line.front() == '#') continue;
     if (line.front() == '[') {
-      if (isInGroup) break;
-      isInGroup = line == "[Desktop Entry]";
+      group = line;
+      if (line.starts_with(ofActions) && line.ends_with(']'))
+        found.push_back({std::string(line.substr(ofActions.size(), line.size() - ofActions.size() - 1)), {}, {}, {}});
       continue;
     }
     const auto equals = line.find('=');
-    if (!isInGroup || equals == line.npos) continue;
+    if (equals == line.npos) continue;
     const std::string_view key = trimmed(line.substr(0, equals));
     std::string value = unescaped(trimmed(line.substr(equals + 1)));
-    if (key == "Type") type = std::move(value);
-    if (key == "Name") entry.name = std::move(value);
-    if (key == "Icon") entry.icon = std::move(value);
-    if (key == "Exec") entry.exec = std::move(value);
-    if (key == "TryExec") entry.tryExec = std::move(value);
-    if (key == "Path") entry.workingFolder = std::move(value);
-    if (key == "StartupWMClass") entry.windowClass = std::move(value);
-    if (key == "Terminal") entry.runsInTerminal = value == "true";
-    if (key == "Hidden") entry.isHidden = value == "true";
+    if (group == "[Desktop Entry]")
+      takeKey(entry, type, wanted, key, std::move(value));
+    else if (group.starts_with(ofActions) && !found.empty())
+      takeKey(found.back(), key, std::move(value));
   }
   if (entry.isHidden) return entry;
-  if (type != "Application" || entry.exec.empty()) return std::nullopt;
+  if (type != "Application" || (entry.exec.empty() && !entry.isActivatedByBus)) return std::nullopt;
+  for (const std::string& action : wanted) {
+    const auto one = std::ranges::find(found, action, &DesktopAction::id);
+    if (one != found.end() && !one->name.empty() && (!one->exec.empty() || entry.isActivatedByBus))
+      entry.actions.push_back(*one);
+  }
   return entry;
 }
 
@@ -98,6 +126,13 @@ std::optional<std::string> desktopEntryID(std::string_view relativePath) {
   for (char& c : id)
     if (c == '/') c = '-';
   return id;
+}
+
+std::optional<std::vector<std::string>> commandOf(const DesktopEntry& entry, const DesktopAction& action,
+                                                  std::string_view file) {
+  DesktopEntry whole = entry;
+  whole.exec = action.exec;
+  return commandOf(whole, file);
 }
 
 std::optional<std::vector<std::string>> commandOf(const DesktopEntry& entry, std::string_view file) {

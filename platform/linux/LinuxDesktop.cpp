@@ -6,6 +6,7 @@
 #include "platform/linux/CanberraSounds.h"
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
+#include "platform/linux/DesktopLauncher.h"
 #include "platform/linux/FreedesktopTrash.h"
 #include "platform/linux/InotifyFolderWatch.h"
 #include "platform/linux/InstalledPrograms.h"
@@ -95,7 +96,8 @@ struct LinuxDesktop::Parts {
         screenSaver(connection.get()),
         keepAwake(systemBus, bus, [this](bool isHeld) { return screenSaver.suspend(isHeld); }),
         screenCapture(openScreenCapture(connection.get(), bus)),
-        trash(dataHome, getuid(), calendar) {}
+        trash(dataHome, getuid(), calendar),
+        launcher(ProgramFolders::ofThisSession(), bus) {}
 
   std::unique_ptr<X11Connection> connection;
   QDBusConnection bus, systemBus;
@@ -120,7 +122,8 @@ struct LinuxDesktop::Parts {
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
-  InotifyFolderWatch folderWatch;
+  InotifyFolderWatch folderWatch, tileFolder;
+  DesktopLauncher launcher;
 };
 
 LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
@@ -149,7 +152,9 @@ Desktop LinuxDesktop::seams() {
           .keepAwake = parts_->keepAwake,
           .screenCapture = *parts_->screenCapture,
           .trash = parts_->trash,
-          .folderWatch = parts_->folderWatch};
+          .folderWatch = parts_->folderWatch,
+          .tileFolder = parts_->tileFolder,
+          .launcher = parts_->launcher};
 }
 
 std::unique_ptr<SessionService> openSession() { return std::make_unique<DBusSessionService>(openSessionBus()); }

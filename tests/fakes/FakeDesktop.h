@@ -4,6 +4,7 @@
 #include "platform/Desktop.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeFolderWatch.h"
+#include "tests/fakes/FakeLauncher.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/FakeReadings.h"
@@ -36,7 +37,9 @@ struct FakeDesktop {
             .keepAwake = keepAwake,
             .screenCapture = screenCapture,
             .trash = trash,
-            .folderWatch = folderWatch};
+            .folderWatch = folderWatch,
+            .tileFolder = tileFolder,
+            .launcher = launcher};
   }
 
   FakePointer pointer;
@@ -59,7 +62,8 @@ struct FakeDesktop {
   FakeKeepAwake keepAwake;
   FakeScreenCapture screenCapture;
   FakeTrash trash;
-  FakeFolderWatch folderWatch;
+  FakeFolderWatch folderWatch, tileFolder;
+  FakeLauncher launcher;
 };
 
 }  // namespace ambrel

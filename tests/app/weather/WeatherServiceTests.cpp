@@ -21,11 +21,11 @@ class WeatherServiceTests : public QObject {
 
  private:
   // The body, or the problem after a "!".
-  QString get(LoopbackServer& server, WeatherLimits limits = {.time = std::chrono::seconds(10)});
+  QString get(LoopbackServer& server, DownloadLimits limits = {.time = std::chrono::seconds(10)});
   WeatherProblem problem;  // of the last
 };
 
-QString WeatherServiceTests::get(LoopbackServer& server, WeatherLimits limits) {
+QString WeatherServiceTests::get(LoopbackServer& server, DownloadLimits limits) {
   WeatherService service({server.url(), server.url(), server.url()}, limits);
   QObject receiver;
   std::optional<QString> answer;

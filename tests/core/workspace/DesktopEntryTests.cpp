@@ -22,7 +22,14 @@ TEST(DesktopEntry, ReadsTheApplicationGroupAlone) {
                                        "StartupWMClass=Editor Main\n"
                                        "Terminal=true\n"
                                        "a line without a sign\n"
+                                       "Actions=new;gone;nameless;\n"
+                                       "[Desktop Action unlisted]\n"
+                                       "Name=Not offered\n"
+                                       "Exec=editor --hidden\n"
                                        "[Desktop Action new]\n"
+                                       "Name=New Window\n"
+                                       "Exec=editor \"--name=%c\"\n"
+                                       "[Desktop Action nameless]\n"
                                        "Exec=editor --other\n");
   ASSERT_TRUE(entry);
   EXPECT_EQ(*entry, (DesktopEntry{.id = "org.example.Editor",
@@ -32,7 +39,9 @@ TEST(DesktopEntry, ReadsTheApplicationGroupAlone) {
                                   .tryExec = "/opt/editor",
                                   .workingFolder = "/opt/a b",
                                   .windowClass = "Editor Main",
+                                  .actions = {{"new", "New Window", "", "editor \"--name=%c\""}},
                                   .runsInTerminal = true}));
+  EXPECT_EQ(commandOf(*entry, entry->actions[0], ""), (Command{{"editor", "--name=Editor"}}));
 }
 
 TEST(DesktopEntry, WhatCannotBeStartedIsNone) {

@@ -1,9 +1,11 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/linux/DesktopLauncher.h"
 #include "platform/linux/InstalledPrograms.h"
 
 namespace ambrel {
@@ -26,6 +28,11 @@ class InstalledProgramsTest : public testing::Test {
   }
   static QByteArray entry(const QByteArray& exec, const QByteArray& more = {}) {
     return "[Desktop Entry]\nType=Application\nExec=" + exec + "\n" + more;
+  }
+
+  QByteArray said() const {
+    QFile file(folder_.filePath("said"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
   QTemporaryDir folder_;
@@ -76,6 +83,28 @@ TEST_F(InstalledProgramsTest, TerminalsAreAskedInTheirOwnWay) {
   write("bin/x-terminal-emulator", "", true);
   EXPECT_THAT(programs.inTerminal({"claude"}),
               testing::ElementsAre(path("bin/x-terminal-emulator").string(), "-e", "claude"));
+}
+
+TEST_F(InstalledProgramsTest, ShortcutsRunWithoutAShell) {
+  write("shared/applications/org.example.Editor.desktop",
+        "[Desktop Entry]\nType=Application\nName=Editor\nExec=editor\nDBusActivatable=true\nActions=new;\n"
+        "[Desktop Action new]\nName=New; $(touch x)\nExec=editor --new \"%c; $(touch x)\"\n");
+  write("shared/applications/hidden.desktop", entry("editor", "Name=Hidden\nNoDisplay=true\n"));
+  write("bin/editor", "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + folder_.filePath("said").toUtf8() + "'\n", true);
+  write("plain.txt", "text");
+  // Without a bus, a program is started by its command.
+  DesktopLauncher launcher(folders_, QDBusConnection(QStringLiteral("none")));
+  const auto offered = launcher.offered();
+  ASSERT_EQ(offered.size(), 2u);
+  EXPECT_EQ(offered[1], (Shortcut{"org.example.Editor/new", "New; $(touch x)", "Editor", ""}));
+  EXPECT_TRUE(launcher.run("org.example.Editor/new"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return said() == "--new\nEditor; $(touch x)\n"; }, 10000)) << said().toStdString();
+  EXPECT_TRUE(launcher.find(path("bin/editor").string()));
+  for (const auto& none : {std::string("org.example.Editor/old"), std::string("gone"), path("plain.txt").string(),
+                           path("bin").string(), std::string()}) {
+    EXPECT_FALSE(launcher.find(none)) << none;
+    EXPECT_FALSE(launcher.run(none)) << none;
+  }
 }
 
 }  // namespace

@@ -1,0 +1,101 @@
+#pragma once
+// One folder that the user has chosen: its newest items, while somebody can see them.
+
+#include <QTimer>
+#include <QUrl>
+#include <QtQml/qqmlregistration.h>
+
+#include "app/base/Area.h"
+#include "app/base/Background.h"
+#include "app/base/Face.h"
+#include "app/base/GadgetListModel.h"
+#include "core/base/PresentCalendar.h"
+#include "core/base/UserDefaults.h"
+#include "core/stores/NewestFiles.h"
+#include "platform/FolderWatch.h"
+
+namespace ambrel {
+
+struct FolderRow {
+  Q_GADGET
+  QML_VALUE_TYPE(folderRow)
+  Q_PROPERTY(QString rowId MEMBER id FINAL)  // its name
+
+ public:
+  QString id{};
+  FACE_FIELDS(QString, name, detail, symbol);  // "report.pdf", "1.2 MB, 14:30", "doc.text"
+  QUrl url{};
+
+  bool operator==(const FolderRow&) const = default;
+};
+
+struct FolderFace {
+  Q_GADGET
+  QML_VALUE_TYPE(folderFace)
+ public:
+  FACE_FIELDS(QString, name, path);         // of the folder; empty while none is chosen
+  FACE_FIELDS(QString, newest, countText);  // the newest item's name, "12 items"
+  FACE_FIELDS(QString, problem);            // why nothing can be shown
+  FACE_FIELDS(bool, isChosen, isEmpty);
+
+  bool operator==(const FolderFace&) const = default;
+};
+
+class ChosenFolder : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT FINAL)
+  Q_PROPERTY(ambrel::FolderFace face READ face NOTIFY faceChanged FINAL)
+
+ public:
+  static constexpr std::size_t mostRows = 20;
+  // Files that are being written change without end.
+  static constexpr std::chrono::milliseconds pause{1500};
+
+  struct Seams {
+    UserDefaults& defaults;
+    FolderWatch& watch;
+    Background background;  // for work that may hang, as on a network disk
+    PresentCalendar calendar;
+    std::function<Instant()> now;
+    std::function<bool(const QUrl&)> open;
+  };
+  // All outlive it.
+  ChosenFolder(Seams seams, Shell& shell, QObject* parent = nullptr);
+
+  RowList* rows() { return &rows_; }
+  const FolderFace& face() const { return face_; }
+  // Whether somebody can see the tile; the folder is neither read nor watched otherwise.
+  void setShown(bool isShown);
+  void choose(const std::string& path);
+  // The stored path may be another.
+  void reload();
+
+  // Reads it once more, if somebody can see it.
+  Q_INVOKABLE void look() { read(); }
+  Q_INVOKABLE void open(const QString& rowId);
+  Q_INVOKABLE void openFolder();
+  const FolderRow* row(const QString& rowId) const;
+
+ Q_SIGNALS:
+  void faceChanged();
+
+ private:
+  void follow();
+  void read();
+  // `isRead`: whether the folder was asked already.
+  void show(const std::optional<FolderListing>& listing, bool isRead);
+  void openURL(const QUrl& url);
+
+  Seams seams_;
+  Shell& shell_;
+  std::string path_;
+  bool isShown_ = false, isReading_ = false, isStale_ = false;
+  int generation_ = 0;
+  QTimer pause_;
+  GadgetListModel<FolderRow> rows_;
+  FolderFace face_;
+};
+
+}  // namespace ambrel

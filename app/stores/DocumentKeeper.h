@@ -1,0 +1,54 @@
+#pragma once
+// Keeps a document and its file in step: writes what the user changes, takes over what others write, and says when one
+// of them fails.
+
+#include <QObject>
+#include <QTimer>
+
+#include "app/base/Area.h"
+#include "app/base/FollowedFile.h"
+#include "core/stores/SharedFile.h"
+
+namespace ambrel {
+
+class DocumentKeeper : public QObject {
+  Q_OBJECT
+
+ public:
+  // A kill loses at most what was typed in so long.
+  static constexpr std::chrono::milliseconds typingPause{400};
+  // After a write that failed.
+  static constexpr std::chrono::seconds retryPause{10};
+
+  // `name` begins sentences: "The quick note". File and shell outlive it.
+  DocumentKeeper(SharedFile& file, QString name, Shell& shell, QObject* parent = nullptr);
+  // Writes what is not written yet.
+  ~DocumentKeeper() override;
+
+  // Reads the file and follows it from the first call on.
+  void open();
+  void save();
+  void saveSoon();
+
+  // Why the last write failed; empty when all is written.
+  const QString& problem() const { return problem_; }
+
+ Q_SIGNALS:
+  // Others have changed the value.
+  void takenOver();
+  void problemChanged();
+
+ private:
+  void refresh();
+  void write();
+  void warn(const QString& title, const QString& detail);
+
+  SharedFile& file_;
+  QString name_, problem_;
+  Shell& shell_;
+  FollowedFile followed_;
+  QTimer pause_;
+  bool isOpen_ = false;
+};
+
+}  // namespace ambrel

@@ -1,0 +1,114 @@
+import QtQuick
+import Ambrel.Base
+import Ambrel.Kit
+import Ambrel.Stores
+
+// The newest items of the folder: a click opens one, and a drag takes it along.
+Popover {
+    id: root
+
+    required property StoresArea area
+    required property ChosenFolder chosenFolder
+    required property Presentation presentation
+    readonly property folderFace face: chosenFolder.face
+
+    implicitWidth: 380
+    implicitHeight: 440
+    title: face.isChosen ? face.name : qsTr("Folder")
+    symbol: "folder"
+    onOpenChanged: if (open)
+        chosenFolder.look()
+    fact: face.problem === "" ? face.countText : ""
+
+    headerItems: [
+        IconButton {
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "gearshape.fill"
+            label: qsTr("Choose another folder")
+            visible: root.face.isChosen
+            onClicked: root.area.askForFolder()
+        },
+        IconButton {
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "arrow.up.forward.square"
+            label: qsTr("Open the folder")
+            visible: root.face.isChosen && root.face.problem === ""
+            onClicked: {
+                root.chosenFolder.openFolder();
+                root.presentation.dismiss();
+            }
+        }
+    ]
+
+    Column {
+        anchors.centerIn: parent
+        width: parent.width
+        spacing: Theme.space3
+        visible: !root.face.isChosen || root.face.problem !== "" || root.face.isEmpty
+
+        EmptyState {
+            width: parent.width
+            symbol: "folder"
+            title: !root.face.isChosen ? qsTr("No folder chosen") : root.face.problem !== "" ? qsTr("Not available") : qsTr("Nothing here")
+            sentence: !root.face.isChosen ? qsTr("Choose a folder to see its newest files here.") : root.face.problem !== "" ? root.face.problem + "." : qsTr("What comes into the folder appears here.")
+        }
+        Button {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: !root.face.isChosen || root.face.problem !== ""
+            text: qsTr("Choose a Folder…")
+            focus: true
+            onClicked: root.area.askForFolder()
+        }
+    }
+    ListView {
+        id: view
+
+        anchors.fill: parent
+        anchors.margins: Theme.space2
+        clip: true
+        focus: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: root.chosenFolder.rows
+        cacheBuffer: 4000
+
+        delegate: FocusScope {
+            id: item
+
+            required property folderRow row
+            required property int index
+
+            width: view.width
+            implicitHeight: line.implicitHeight
+            onActiveFocusChanged: if (activeFocus)
+                view.positionViewAtIndex(index, ListView.Contain)
+
+            ListRow {
+                id: line
+
+                anchors.fill: parent
+                focus: true
+                symbol: item.row.symbol
+                title: item.row.name
+                detail: item.row.detail
+                isStrong: false
+                label: qsTr("Open %1").arg(item.row.name) + ", " + item.row.detail
+                onClicked: {
+                    root.chosenFolder.open(item.row.rowId);
+                    root.presentation.dismiss();
+                }
+            }
+            DragHandler {
+                target: null
+                grabPermissions: PointerHandler.CanTakeOverFromAnything
+                onActiveChanged: if (active)
+                    root.area.dragOut(item.row.rowId, item)
+            }
+        }
+
+        ScrollBar {
+            view: view
+            anchors.right: parent.right
+            height: parent.height
+        }
+    }
+}

@@ -1,0 +1,77 @@
+#include "app/stores/StoresArea.h"
+
+#include <QMimeData>
+#include <QStandardPaths>
+
+#include "app/base/QmlObjects.h"
+#include "app/kit/DialogPalette.h"
+#include "app/kit/Theme.h"
+#include "app/window/FileDialog.h"
+#include "app/window/ItemDrag.h"
+
+namespace ambrel {
+
+StoresArea::StoresArea(const Seams& seams, Shell& shell, QObject* parent)
+    : Area(QStringLiteral("Stores"), parent),
+      engine_(seams.engine),
+      note_(seams.documents / "QuickNote.txt", shell),
+      todos_(ListKind::todos, seams.documents / "todos.json", tr("The to-do list"), shell),
+      snippets_(ListKind::snippets, seams.documents / "snippets.json", tr("The list of snippets"), shell),
+      bookmarks_(seams.documents / "bookmarks.json", seams.documents / "Favicons", seams.background, seams.open, shell),
+      chosenFolder_({.defaults = seams.defaults,
+                     .watch = seams.folderWatch,
+                     .background = seams.fileBackground,
+                     .calendar = seams.calendar,
+                     .now = seams.now,
+                     .open = seams.open},
+                    shell),
+      shortcut_({.defaults = seams.defaults,
+                 .launcher = seams.launcher,
+                 .picture = seams.picture,
+                 .folding = SearchFolding::forLocale(seams.calendar().locale())},
+                shell),
+      tally_(seams.defaults, seams.calendar) {
+  keep({this, &note_, &todos_, &snippets_, &bookmarks_, &chosenFolder_, &shortcut_, &tally_});
+}
+
+void StoresArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
+  if (onBar.contains(DockWidget::quickNote)) note_.open();
+  if (onBar.contains(DockWidget::todo)) todos_.open();
+  if (onBar.contains(DockWidget::snippets)) snippets_.open();
+  if (onBar.contains(DockWidget::bookmarks)) bookmarks_.open();
+  if (onBar.contains(DockWidget::shortcuts)) shortcut_.reload();
+  chosenFolder_.setShown(areSeen && onBar.contains(DockWidget::folder));
+}
+
+void StoresArea::defaultsChanged(const std::set<std::string>& keys) {
+  chosenFolder_.reload();
+  tally_.reload();
+  // This one looks for the program.
+  if (keys.contains(ShortcutModel::chosenKey) || keys.contains(ShortcutModel::scriptsKey)) shortcut_.reload();
+}
+
+void StoresArea::askForFolder() {
+  const QString start = chosenFolder_.face().isChosen ? chosenFolder_.face().path
+                                                      : QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
+  chooseFolder(nullptr, tr("Choose a folder for the tile."), start, dialogPalette(themeOf(engine_).palette()),
+               [this](const std::string& path) { chosenFolder_.choose(path); });
+}
+
+void StoresArea::askForScript() {
+  chooseFile(nullptr, tr("Choose a script or a program."),
+             QStandardPaths::writableLocation(QStandardPaths::HomeLocation), dialogPalette(themeOf(engine_).palette()),
+             [this](const std::string& path) { shortcut_.addScript(path); });
+}
+
+void StoresArea::dragOut(const QString& rowId, QQuickItem* row) {
+  const FolderRow* found = chosenFolder_.row(rowId);
+  if (!found) return;
+  const auto data = [url = found->url] {
+    auto all = std::make_unique<QMimeData>();
+    all->setUrls({url});
+    return all;
+  };
+  dragItem(row, themeOf(engine_).panel(), data, [](bool) {});
+}
+
+}  // namespace ambrel

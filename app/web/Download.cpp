@@ -1,0 +1,87 @@
+#include "app/web/Download.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QPointer>
+#include <QTimer>
+#include <algorithm>
+
+namespace ambrel {
+namespace {
+
+// No server may keep the program away for more than a day.
+std::chrono::seconds askedToWait(const QNetworkReply& reply) {
+  bool isNumber = false;
+  const int seconds = reply.rawHeader("Retry-After").trimmed().toInt(&isNumber);
+  return std::chrono::seconds(isNumber ? std::clamp(seconds, 0, 86400) : 0);
+}
+
+// One request under way: collects the body within its limits and answers once.
+class Fetch : public QObject {
+ public:
+  Fetch(QNetworkReply* reply, const DownloadLimits& limits, QObject* receiver, std::function<void(Download)> answered)
+      : QObject(reply), reply_(reply), receiver_(receiver), answered_(std::move(answered)) {
+    // The library's own limit is for each pause between bytes; a slow drip would never reach it.
+    deadline_.setSingleShot(true);
+    connect(&deadline_, &QTimer::timeout, this, [this] { giveUp(QStringLiteral("it took too long")); });
+    deadline_.start(limits.time);
+    connect(reply, &QNetworkReply::readyRead, this, [this, most = limits.bytes] {
+      body_ += reply_->readAll();
+      if (body_.size() > most) giveUp(QStringLiteral("it is too large"));
+    });
+    connect(reply, &QNetworkReply::finished, this, [this] { finished(); });
+  }
+
+ private:
+  void giveUp(const QString& problem) {
+    if (problem_.isEmpty()) problem_ = problem;
+    reply_->abort();
+  }
+
+  void finished() {
+    deadline_.stop();
+    reply_->deleteLater();
+    // A reply that was given up is closed.
+    if (reply_->isOpen()) body_ += reply_->readAll();
+    const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (problem_.isEmpty() && reply_->error() != QNetworkReply::NoError) problem_ = reply_->errorString();
+    if (problem_.isEmpty() && status != 200) problem_ = QStringLiteral("the server says %1").arg(status);
+    if (!receiver_) return;
+    Download all{.body = {}, .problem = problem_, .status = status, .wait = askedToWait(*reply_), .url = reply_->url()};
+    if (problem_.isEmpty()) all.body = std::move(body_);
+    answered_(std::move(all));
+  }
+
+  QNetworkReply* reply_;
+  QPointer<QObject> receiver_;
+  std::function<void(Download)> answered_;
+  QTimer deadline_;
+  QByteArray body_;
+  QString problem_;
+};
+
+}  // namespace
+
+void download(QNetworkAccessManager& network, const QUrl& address, const DownloadLimits& limits, QObject* receiver,
+              std::function<void(Download)> answered, std::function<bool(const QUrl&)> mayFollow) {
+  QNetworkRequest ask(address);
+  ask.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Tilebay"));
+  ask.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                   mayFollow ? QNetworkRequest::UserVerifiedRedirectPolicy : QNetworkRequest::NoLessSafeRedirectPolicy);
+  ask.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+  ask.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+  ask.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+  ask.setMaximumRedirectsAllowed(limits.redirections);
+  ask.setDecompressedSafetyCheckThreshold(limits.bytes);
+  QNetworkReply* reply = network.get(ask);
+  if (mayFollow)
+    QObject::connect(reply, &QNetworkReply::redirected, reply, [reply, mayFollow](const QUrl& to) {
+      if (mayFollow(reply->url().resolved(to)))
+        Q_EMIT reply->redirectAllowed();
+      else
+        reply->abort();
+    });
+  new Fetch(reply, limits, receiver, std::move(answered));
+}
+
+}  // namespace ambrel

@@ -1,0 +1,248 @@
+#include <QAbstractItemModelTester>
+#include <QBuffer>
+#include <QImage>
+#include <QTest>
+
+#include "core/base/JSON.h"
+#include "tests/app/stores/StoresRoom.h"
+#include "tests/fakes/LoopbackServer.h"
+
+namespace ambrel {
+namespace {
+
+QByteArray picture(int side) {
+  QByteArray png;
+  QBuffer target(&png);
+  target.open(QIODevice::WriteOnly);
+  QImage image(side, side, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  image.save(&target, "PNG");
+  return png;
+}
+
+QStringList namesOf(RowList* rows) {
+  QStringList names;
+  const int role = rows->roleNames().key("name");
+  for (int i = 0; i < rows->count(); ++i) names << rows->index(i, 0).data(role).toString();
+  return names;
+}
+
+QString idAt(RowList* rows, int row, const char* name) {
+  return rows->index(row, 0).data(rows->roleNames().key(name)).toString();
+}
+
+}  // namespace
+
+class StoresTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void whatIsTypedIsWrittenWhileTheUserStillTypes() {
+    StoresRoom room;
+    room.start();
+    QuickNote& note = *room.area->note();
+    QString typed;
+    // Typing goes on: each change comes before the last one is written.
+    QTRY_VERIFY_WITH_TIMEOUT((note.setText(typed += u'x'), room.file("QuickNote.txt") != "none"), 5000);
+    note.setText(QStringLiteral("\n first \nsecond"));
+    QCOMPARE(note.face().title, QStringLiteral("first"));
+    note.finish();
+    QCOMPARE(room.file("QuickNote.txt"), "\n first \nsecond");
+    note.setText(QStringLiteral("not yet written"));
+    room.start();
+    QCOMPARE(room.area->note()->text(), QStringLiteral("not yet written"));
+    room.area->note()->setText({});
+    room.area->note()->bringBack();
+    QCOMPARE(room.area->note()->text(), QStringLiteral("not yet written"));
+  }
+
+  void aWriteThatFailsIsSaidOnceAndLosesNothing() {
+    StoresRoom room;
+    room.start();
+    // Nothing can be written into a file's place.
+    std::filesystem::rename(room.folder / "Ambrel", room.folder / "away");
+    writeAtomically(room.folder / "Ambrel", "no folder");
+    EditedList& todos = *room.area->todos();
+    todos.add(QStringLiteral("Milk"));
+    todos.add(QStringLiteral("Bread"));
+    QVERIFY(!todos.face().problem.isEmpty());
+    QTRY_COMPARE(room.shell.toasts, QStringList{QStringLiteral("The to-do list is not saved")});
+    std::filesystem::remove(room.folder / "Ambrel");
+    todos.finish();
+    QVERIFY(todos.face().problem.isEmpty());
+    room.start();
+    QCOMPARE(namesOf(room.area->todos()->rows()), (QStringList{"Milk", "Bread"}));
+  }
+
+  void editsOfOthersAreTakenOver() {
+    StoresRoom room;
+    room.start();
+    EditedList& todos = *room.area->todos();
+    todos.add(QStringLiteral("Milk"));
+    auto json = parseJSON(room.file("todos.json")).value();
+    json.push_back({{"title", "By hand"}});
+    room.write("todos.json", prettyJSON(json));
+    QTRY_COMPARE(namesOf(todos.rows()), (QStringList{"Milk", "By hand"}));
+    room.write("todos.json", "[{");
+    QTRY_COMPARE(room.shell.toasts, QStringList{QStringLiteral("The to-do list cannot be read")});
+    QCOMPARE(todos.rows()->count(), 2);
+    todos.add(QStringLiteral("Bread"));
+    QCOMPARE(room.file("todos.json.unreadable"), "[{");
+    QCOMPARE(parseJSON(room.file("todos.json")).value().size(), 3u);
+  }
+
+  void aListIsEditedAndEveryRemovalUndone() {
+    StoresRoom room;
+    room.start();
+    EditedList& todos = *room.area->todos();
+    const QAbstractItemModelTester tester(todos.rows());
+    QVERIFY(todos.add(QStringLiteral("  ")).isEmpty());
+    const QString a = todos.add(QStringLiteral("a")), b = todos.add(QStringLiteral("b")),
+                  c = todos.add(QStringLiteral("c"));
+    todos.move(c, -2);
+    todos.toggle(a);
+    todos.edit(b, QStringLiteral(" "), {});
+    QCOMPARE(namesOf(todos.rows()), (QStringList{"c", "a", "b"}));
+    todos.remove(b);
+    todos.removeDone();
+    QCOMPARE(namesOf(todos.rows()), QStringList{"c"});
+    todos.undo();
+    QCOMPARE(todos.face().removed, QStringLiteral("Removed “b”"));
+    todos.undo();
+    todos.undo();
+    QCOMPARE(namesOf(todos.rows()), (QStringList{"c", "a", "b"}));
+    QCOMPARE(todos.face().done, 1);
+    todos.edit(QStringLiteral("no id"), QStringLiteral("x"), {});
+
+    EditedList& snippets = *room.area->snippets();
+    const QString id = snippets.add(QStringLiteral("Best regards,"));
+    snippets.edit(id, {}, QStringLiteral("Best regards,\n  Anna\n"));
+    QCOMPARE(namesOf(snippets.rows()), QStringList{"Best regards, Anna"});
+    QCOMPARE(snippets.textOf(id), QStringLiteral("Best regards,\n  Anna\n"));
+  }
+
+  void bookmarksTakeAndOpenPagesAlone() {
+    StoresRoom room;
+    room.write("bookmarks.json", "[{\"title\":\"Evil\",\"url\":\"file:///bin/sh\"}]");
+    room.start();
+    BookmarkList& bookmarks = *room.area->bookmarks();
+    bookmarks.visit(idAt(bookmarks.rows(), 0, "entryId"));
+    QVERIFY(room.opened.isEmpty());
+    QCOMPARE(room.shell.toasts.size(), 1);
+    QVERIFY(bookmarks.add(QStringLiteral("two words")).isEmpty());
+    const QString id = bookmarks.add(QStringLiteral("http://www.example.com/a"));
+    bookmarks.edit(id, QStringLiteral("Example"), QStringLiteral("https://"));
+    bookmarks.visit(id);
+    QCOMPARE(room.opened, QList<QUrl>{QUrl(QStringLiteral("http://www.example.com/a"))});
+    QCOMPARE(idAt(bookmarks.rows(), 1, "letter"), QStringLiteral("E"));
+  }
+
+  void aSiteIsAskedForItsIconOnce() {
+    StoresRoom room;
+    LoopbackServer server;
+    server.answer = [](const QByteArray& target) -> LoopbackServer::Reply {
+      if (target == "/favicon.ico") return {.body = "no picture"};
+      if (target == "/") return {.body = "<link rel=icon href=/i.png>", .type = "text/html"};
+      if (target == "/i.png") return {.body = picture(300)};
+      return {404, "{}"};
+    };
+    room.start();
+    BookmarkList& bookmarks = *room.area->bookmarks();
+    const QString page = server.url().toString() + QStringLiteral("/page");
+    bookmarks.add(page);
+    bookmarks.add(page);
+    QTRY_VERIFY((room.work.letGo(), !idAt(bookmarks.rows(), 0, "picture").isEmpty()));
+    QCOMPARE(server.targets, (QByteArrayList{"/favicon.ico", "/", "/i.png"}));
+    const QImage kept(QUrl(idAt(bookmarks.rows(), 1, "picture")).toLocalFile());
+    QCOMPARE(kept.size(), QSize(64, 64));
+    room.start();
+    QVERIFY(!idAt(room.area->bookmarks()->rows(), 0, "picture").isEmpty());
+    QCOMPARE(server.targets.size(), 3);
+  }
+
+  void noIconComesFromAnotherSite() {
+    StoresRoom room;
+    LoopbackServer server, other;
+    other.answer = [](const QByteArray&) -> LoopbackServer::Reply { return {.body = picture(8)}; };
+    server.answer = [&](const QByteArray& target) -> LoopbackServer::Reply {
+      if (target == "/favicon.ico")
+        return {.status = 302, .body = "", .location = other.url().toEncoded() + "/favicon.ico"};
+      return {.body = "<link rel=icon href=" + other.url().toEncoded() + "/i.png>", .type = "text/html"};
+    };
+    room.start();
+    room.area->bookmarks()->add(server.url().toString());
+    QTRY_COMPARE(server.targets.size(), 2);
+    QTest::qWait(0);
+    room.work.letGo();
+    QVERIFY(idAt(room.area->bookmarks()->rows(), 0, "picture").isEmpty());
+    QCOMPARE(other.targets.size(), 0);
+  }
+
+  void aFolderIsReadOnlyWhileItIsSeen() {
+    StoresRoom room;
+    room.start();
+    ChosenFolder& shown = *room.area->chosenFolder();
+    QVERIFY(room.watch.followed.empty());
+    std::filesystem::create_directory(room.folder / "in");
+    writeAtomically(room.folder / "in/a #1.pdf", "12345");
+    shown.choose((room.folder / "in/").string());
+    QCOMPARE(room.watch.followed.size(), std::size_t(1));
+    room.work.letGo();
+    QCOMPARE(shown.face().newest, QStringLiteral("a #1.pdf"));
+    shown.open(QStringLiteral("a #1.pdf"));
+    QCOMPARE(room.opened.value(0).toLocalFile().toStdString(), (room.folder / "in/a #1.pdf").string());
+    std::filesystem::remove_all(room.folder / "in");
+    room.watch.change(0);
+    // Changes in a row are read together.
+    QTRY_VERIFY((room.work.letGo(), !shown.face().problem.isEmpty()));
+    QCOMPARE(shown.rows()->count(), 0);
+    room.area->widgetsChanged({DockWidget::folder}, false, {});
+    QVERIFY(room.watch.followed.empty());
+    QVERIFY(room.work.waiting.empty());
+  }
+
+  void aShortcutRunsUntilItsProgramIsGone() {
+    StoresRoom room;
+    room.launcher.programs = {{"editor", "Editor", "Editor", ""}, {"editor/new", "New Window", "Editor", ""}};
+    room.launcher.scripts = {{"/home/u/back up.sh", "back up.sh", "/home/u", ""}};
+    room.start();
+    ShortcutModel& shortcut = *room.area->shortcut();
+    shortcut.search(QStringLiteral("wïndow"));
+    QCOMPARE(namesOf(shortcut.rows()), QStringList{"New Window"});
+    shortcut.choose(QStringLiteral("editor/new"));
+    shortcut.run();
+    shortcut.search({});
+    shortcut.addScript("/home/u/no program");
+    shortcut.addScript("/home/u/back up.sh");
+    shortcut.run();
+    QCOMPARE(room.launcher.started, (std::vector<std::string>{"editor/new", "/home/u/back up.sh"}));
+    shortcut.removeScript(QStringLiteral("/home/u/back up.sh"));
+    QCOMPARE(shortcut.rows()->count(), 2);
+    shortcut.undo();
+    QCOMPARE(namesOf(shortcut.rows()).value(0), QStringLiteral("back up.sh"));
+    room.launcher.scripts.clear();
+    shortcut.run();
+    QVERIFY(!shortcut.face().problem.isEmpty());
+    QCOMPARE(room.shell.toasts.last(), QStringLiteral("back up.sh cannot be started"));
+  }
+
+  void aTallyCountsAndItsResetIsUndone() {
+    StoresRoom room;
+    room.defaults.set("tallyCount", DefaultsValue{std::int64_t{1234}});
+    room.start();
+    TallyCounter& tally = *room.area->tally();
+    tally.add(1);
+    QCOMPARE(tally.face().text, QStringLiteral("1,235"));
+    tally.reset();
+    tally.add(-1);
+    QVERIFY(tally.face().isZero);
+    tally.add(1);
+    tally.undo();
+    QCOMPARE(room.defaults.integer("tallyCount").value(), 1236);
+  }
+};
+
+}  // namespace ambrel
+
+QTEST_MAIN(ambrel::StoresTests)
+#include "StoresTests.moc"
