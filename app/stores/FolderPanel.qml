@@ -60,16 +60,13 @@ Popover {
             onClicked: root.area.askForFolder()
         }
     }
-    ListView {
+    RowsView {
         id: view
 
         anchors.fill: parent
         anchors.margins: Theme.space2
-        clip: true
         focus: true
-        boundsBehavior: Flickable.StopAtBounds
         model: root.chosenFolder.rows
-        cacheBuffer: 4000
 
         delegate: FocusScope {
             id: item
@@ -80,7 +77,7 @@ Popover {
             width: view.width
             implicitHeight: line.implicitHeight
             onActiveFocusChanged: if (activeFocus)
-                view.positionViewAtIndex(index, ListView.Contain)
+                view.reveal(index)
 
             ListRow {
                 id: line
@@ -103,12 +100,6 @@ Popover {
                 onActiveChanged: if (active)
                     root.area.dragOut(item.row.rowId, item)
             }
-        }
-
-        ScrollBar {
-            view: view
-            anchors.right: parent.right
-            height: parent.height
         }
     }
 }

@@ -92,7 +92,7 @@ Popover {
         title: root.emptyTitle
         sentence: root.emptySentence
     }
-    ListView {
+    RowsView {
         id: view
 
         anchors {
@@ -102,12 +102,7 @@ Popover {
             bottom: bar.visible ? bar.top : unsaved.visible ? unsaved.top : parent.bottom
             margins: Theme.space2
         }
-        clip: true
         model: root.entries.rows
-        boundsBehavior: Flickable.StopAtBounds
-        keyNavigationEnabled: true
-        // What is out of sight can be reached by Tab, too.
-        cacheBuffer: 4000
 
         delegate: EntryRow {
             width: view.width
@@ -121,10 +116,8 @@ Popover {
             onChosen: root.chosen(row.entryId)
             onCopyAsked: root.copyAsked(root.entries.textOf(row.entryId))
             onRemoveAsked: root.remove(index, row.entryId)
-            onActiveFocusChanged: if (activeFocus) {
-                view.currentIndex = index;
-                view.positionViewAtIndex(index, ListView.Contain);
-            }
+            onActiveFocusChanged: if (activeFocus)
+                view.reveal(index)
         }
         move: Transition {
             enabled: !Theme.reducedMotion
@@ -135,14 +128,6 @@ Popover {
             }
         }
         moveDisplaced: move
-        onCurrentItemChanged: if (activeFocus && currentItem)
-            currentItem.forceActiveFocus()
-
-        ScrollBar {
-            view: view
-            anchors.right: parent.right
-            height: parent.height
-        }
     }
     UndoBar {
         id: bar

@@ -53,7 +53,7 @@ Popover {
         title: field.text === "" ? qsTr("No programs found") : qsTr("Nothing is called that")
         sentence: qsTr("Programs and what they offer appear here, and scripts that you add.")
     }
-    ListView {
+    RowsView {
         id: view
 
         anchors {
@@ -63,9 +63,7 @@ Popover {
             bottom: bar.visible ? bar.top : parent.bottom
             margins: Theme.space2
         }
-        clip: true
         model: root.shortcut.rows
-        boundsBehavior: Flickable.StopAtBounds
 
         delegate: ListRow {
             id: item
@@ -88,7 +86,7 @@ Popover {
                 root.presentation.dismiss();
             }
             onActiveFocusChanged: if (activeFocus)
-                view.positionViewAtIndex(index, ListView.Contain)
+                view.reveal(index)
 
             IconButton {
                 anchors.verticalCenter: parent.verticalCenter
@@ -100,12 +98,6 @@ Popover {
                     root.shortcut.removeScript(item.row.shortcutId);
                 }
             }
-        }
-
-        ScrollBar {
-            view: view
-            anchors.right: parent.right
-            height: parent.height
         }
     }
     UndoBar {
