@@ -68,11 +68,6 @@ FocusScope {
         color: "white"
         border.width: Theme.dark ? 0 : 1
         border.color: Theme.ink3
-
-        FocusRing {
-            shown: root.activeFocus
-            targetRadius: 8
-        }
     }
     MouseArea {
         anchors.fill: parent
@@ -82,5 +77,9 @@ FocusScope {
         }
         onPressed: mouse => follow(mouse.x)
         onPositionChanged: mouse => follow(mouse.x)
+    }
+    FocusRing {
+        gap: 0
+        targetRadius: height / 2
     }
 }
