@@ -134,6 +134,7 @@ void AppDelegate::launch() {
   handleNotifications();
   addBuddyOnce();
   startProServices();
+  areas_.calendars.calendar()->start();
   tray_ = std::make_unique<TrayMenu>(
       model_, *areas_.agents.agents(), license_, themeOf(engine_),
       [this](MenuCommand command, const std::optional<UUID>& profile) { carryOut(command, profile); });

@@ -57,6 +57,18 @@ StoresArea::Seams storesSeams(const Services& with, const Background& background
           .picture = [](const std::string& icon) { return ProgramIcons::source(QString::fromStdString(icon)); }};
 }
 
+CalendarModel::Seams calendarSeams(const Services& with) {
+  return {.home = with.surroundings.userHome,
+          .settings = with.settings,
+          .folders = with.desktop.calendarFolders,
+          .service = with.desktop.calendars,
+          // A calendar may be on a network disk that does not answer.
+          .background = makeDetachedBackground(with.context),
+          .calendar = with.surroundings.calendar,
+          .now = with.surroundings.now,
+          .later = with.later};
+}
+
 }  // namespace
 
 Areas::Areas(const Services& with)
@@ -98,6 +110,7 @@ Areas::Areas(const Services& with)
             with.surroundings.dataFolder / "habits.json", with.due, with.shell),
       weather(with.defaults, with.surroundings.calendar, with.surroundings.now, with.due),
       stores(storesSeams(with, background), with.shell),
+      calendars(calendarSeams(with), with.due),
       buddy({.agents = *agents.agents(),
              .settings = with.settings,
              .defaults = with.defaults,

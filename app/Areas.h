@@ -9,6 +9,7 @@
 #include "app/assistant/AssistantArea.h"
 #include "app/base/Background.h"
 #include "app/buddy/BuddyArea.h"
+#include "app/calendar/CalendarArea.h"
 #include "app/clipboard/ClipboardArea.h"
 #include "app/disk/DiskArea.h"
 #include "app/focus/FocusArea.h"
@@ -43,11 +44,12 @@ struct Areas {
   FocusArea focus;
   WeatherArea weather;
   StoresArea stores;
+  CalendarArea calendars;
   BuddyArea buddy;
   AssistantArea assistant;
   // The agents' last: they answer what is nobody else's.
-  const std::vector<Area*> all{&time,    &telemetry, &usage,     &disk,  &notes,     &focus,
-                               &weather, &stores,    &clipboard, &buddy, &assistant, &agents};
+  const std::vector<Area*> all{&time,   &telemetry, &usage,     &disk,  &notes,     &focus, &weather,
+                               &stores, &calendars, &clipboard, &buddy, &assistant, &agents};
 };
 
 }  // namespace ambrel

@@ -164,7 +164,9 @@ void BarWindows::followBubble() {
   on(&Center::peekAsked, [this](Seconds length) { bubblePeek_ = dock_.peek(length); });
   on(&Center::peekOver, [this] { dock_.endPeek(bubblePeek_); });
   on(&Center::inboxAsked, [this] { panels_.open(inboxPanel(), itemOf(DockWidget::buddy)); });
-  on(&Center::linkAsked, [](const QString& url) { QDesktopServices::openUrl(QUrl(url)); });
+  const auto openLink = [](const QString& url) { QDesktopServices::openUrl(QUrl(url)); };
+  on(&Center::linkAsked, openLink);
+  connect(areas_.calendars.calendar(), &CalendarModel::linkAsked, wiring_.get(), openLink);
   on(&Center::diskCleanupAsked, [this] { areas_.disk.open(); });
 }
 
@@ -224,6 +226,7 @@ DockPopoverController& BarWindows::customizePanel() {
 DockPopoverController& BarWindows::settingsPanel() {
   const QVariantMap pages{
       {QStringLiteral("agents"), QVariantMap{{QStringLiteral("agents"), toVariant(areas_.agents)}}},
+      {QStringLiteral("calendars"), QVariantMap{{QStringLiteral("calendar"), toVariant(*areas_.calendars.calendar())}}},
       {QStringLiteral("clipboard"),
        QVariantMap{{QStringLiteral("clipboard"), toVariant(*areas_.clipboard.clipboard())}}},
       {QStringLiteral("buddy"), QVariantMap{{QStringLiteral("statusLine"), toVariant(*areas_.usage.statusLine())},

@@ -5,6 +5,7 @@
 
 #include "core/agents.h"
 #include "core/base/PresentCalendar.h"
+#include "core/calendar/CalendarFolders.h"
 
 namespace ambrel {
 
@@ -16,6 +17,7 @@ struct Surroundings {
   PresentCalendar calendar;
   std::function<Instant()> now;
   AgentFolders agentFolders = {};
+  UserHome userHome = {};           // where others keep their things
   std::filesystem::path tool = {};  // tilebayctl; empty where it is not installed
 };
 

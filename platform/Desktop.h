@@ -2,6 +2,7 @@
 // All that the program asks of a desktop, in one place.
 
 #include "platform/Bluetooth.h"
+#include "platform/CalendarService.h"
 #include "platform/DesktopTheme.h"
 #include "platform/FolderWatch.h"
 #include "platform/HotKeys.h"
@@ -51,6 +52,8 @@ struct Desktop {
   FolderWatch& folderWatch;  // of the agents' folders
   FolderWatch& tileFolder;   // of the folder that a tile shows
   Launcher& launcher;
+  FolderWatch& calendarFolders;
+  CalendarService& calendars;
 };
 
 }  // namespace ambrel

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace ambrel {
@@ -24,6 +25,10 @@ class FolderWatch {
   // Every change is told. False where some may be missed: there are too many folders, or they are on a disk that other
   // computers write to.
   virtual bool tellsAll() const = 0;
+
+  // The files that were written, made, moved or deleted since the last call. Absent where others may have been, too: a
+  // folder came or went, or there were too many.
+  virtual std::optional<std::vector<std::filesystem::path>> takeChangedFiles() { return std::nullopt; }
 };
 
 }  // namespace ambrel

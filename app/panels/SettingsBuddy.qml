@@ -11,8 +11,6 @@ SettingsPage {
     property ClaudeStatusLineModel statusLine: null
     property ClaudeBudgetModel budget: null
     property ModelServer modelServer: null
-    // Nothing tells of meetings yet.
-    property bool hasCalendar: false
     readonly property var categories: ({
             agents: qsTr("Agents"),
             meetings: qsTr("Meetings"),
@@ -49,7 +47,7 @@ SettingsPage {
             enabled: root.settings.buddyLevel !== "off"
 
             Repeater {
-                model: Object.keys(root.categories).filter(name => name !== "meetings" || root.hasCalendar)
+                model: Object.keys(root.categories)
 
                 Chip {
                     required property string modelData

@@ -32,6 +32,11 @@ Popover {
             symbol: "square.grid.2x2"
         },
         {
+            name: "calendars",
+            title: qsTr("Calendars"),
+            symbol: "calendar"
+        },
+        {
             name: "buddy",
             title: qsTr("Buddy"),
             symbol: "pawprint"

@@ -36,6 +36,10 @@
   INTEGER(quietEndHour, 8, 0, 23, buddy, "The hour at which the quiet hours end")                                 \
   INTEGER(claudeBudgetTokens, 0, 0, 1000000000000, buddy, "Tokens of Claude for five hours; 0: no budget")        \
   BOOLEAN(buddyOnlyUnfocusedAgents, true, buddy, "Buddy speaks only about agents whose app is not in front")      \
+  BOOLEAN(calendarsFound, true, calendars, "Calendars that are found on this {machine} are shown"_local)          \
+  TEXTS(calendarPlaces, "", calendars, "Folders, files and https addresses of more calendars")                    \
+  TEXTS(calendarsHidden, "", calendars, "Names of calendars that are not shown")                                  \
+  TEXTS(calendarOwnAddresses, "", calendars, "Your mail addresses: what they have declined is not shown")         \
   WORD(theme, ThemeChoice, system, appearance, "Whether the program is dark or light; system: as the desktop is") \
   BOOLEAN(reduceMotion, false, appearance, "A short fade takes the place of movement")
 

@@ -17,6 +17,8 @@ constexpr unsigned comesOrGoes =
 // A folder on the way is watched for folders alone: much else is written into a home folder.
 constexpr unsigned ofContents = comesOrGoes | IN_MODIFY;
 
+constexpr std::size_t mostFiles = 1000;
+
 // Disks on which others write unseen: NFS, SMB (of three kinds), FUSE (sshfs and folders of virtual machines), 9p,
 // Ceph, AFS.
 bool isShared(const std::string& path) {
@@ -44,6 +46,7 @@ void InotifyFolderWatch::build() {
     notifier_.release()->deleteLater();
   }
   watches_.clear();
+  areFilesKnown_ = false;
   inotify_ = FileDescriptor(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
   tellsAll_ = static_cast<bool>(inotify_);
   if (!inotify_) return;
@@ -91,6 +94,12 @@ void InotifyFolderWatch::add(const Reason& reason) {
   }
 }
 
+std::optional<std::vector<std::filesystem::path>> InotifyFolderWatch::takeChangedFiles() {
+  const auto files = std::exchange(files_, {});
+  if (!std::exchange(areFilesKnown_, true)) return std::nullopt;
+  return std::vector<std::filesystem::path>(files.begin(), files.end());
+}
+
 void InotifyFolderWatch::readEvents() {
   std::set<std::size_t> changed;
   bool isSound = true;
@@ -118,7 +127,7 @@ void InotifyFolderWatch::readEvents() {
 }
 
 bool InotifyFolderWatch::take(int watch, unsigned mask, const std::string& name, std::set<std::size_t>& changed) {
-  if (mask & IN_Q_OVERFLOW) return false;
+  if (mask & IN_Q_OVERFLOW) return false;  // `build` forgets the files, too
   const auto found = watches_.find(watch);
   if (found == watches_.end()) return true;
   const std::vector<Reason> reasons = found->second;
@@ -131,6 +140,10 @@ bool InotifyFolderWatch::take(int watch, unsigned mask, const std::string& name,
       continue;
     }
     changed.insert(reason.folder);
+    if (mask & IN_ISDIR || name.empty() || files_.size() >= mostFiles)
+      areFilesKnown_ = false;
+    else
+      files_.insert(reason.path + "/" + name);
     if (isRoot && mask & (IN_DELETE_SELF | IN_MOVE_SELF)) isSound = false;
     if (reason.levels == 0 || !(mask & IN_ISDIR)) continue;
     if (mask & (IN_CREATE | IN_MOVED_TO)) add({reason.folder, reason.path + "/" + name, reason.levels - 1, {}});

@@ -19,6 +19,7 @@ class InotifyFolderWatch : public FolderWatch {
 
   void follow(std::vector<WatchedFolder> folders, std::function<void(std::size_t)> changed) override;
   bool tellsAll() const override { return tellsAll_; }
+  std::optional<std::vector<std::filesystem::path>> takeChangedFiles() override;
 
  private:
   // Why a folder is watched; there may be several reasons.
@@ -43,6 +44,8 @@ class InotifyFolderWatch : public FolderWatch {
   std::function<void(std::size_t)> changed_;
   std::map<int, std::vector<Reason>> watches_;
   bool tellsAll_ = false;
+  std::set<std::string> files_;  // that have changed
+  bool areFilesKnown_ = false;
 };
 
 }  // namespace ambrel

@@ -26,6 +26,7 @@
 #include "platform/linux/X11Workspace.h"
 #include "platform/linux/pasteboard/X11Pasteboard.h"
 #include "platform/linux/services/BlueZBluetooth.h"
+#include "platform/linux/services/EvolutionCalendars.h"
 #include "platform/linux/services/PulseSoundControl.h"
 #include "platform/linux/services/SystemKeepAwake.h"
 #include "platform/linux/services/UDisksVolumes.h"
@@ -97,7 +98,8 @@ struct LinuxDesktop::Parts {
         keepAwake(systemBus, bus, [this](bool isHeld) { return screenSaver.suspend(isHeld); }),
         screenCapture(openScreenCapture(connection.get(), bus)),
         trash(dataHome, getuid(), calendar),
-        launcher(ProgramFolders::ofThisSession(), bus) {}
+        launcher(ProgramFolders::ofThisSession(), bus),
+        calendars(bus) {}
 
   std::unique_ptr<X11Connection> connection;
   QDBusConnection bus, systemBus;
@@ -122,8 +124,9 @@ struct LinuxDesktop::Parts {
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
-  InotifyFolderWatch folderWatch, tileFolder;
+  InotifyFolderWatch folderWatch, tileFolder, calendarFolders;
   DesktopLauncher launcher;
+  EvolutionCalendars calendars;
 };
 
 LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
@@ -154,7 +157,9 @@ Desktop LinuxDesktop::seams() {
           .trash = parts_->trash,
           .folderWatch = parts_->folderWatch,
           .tileFolder = parts_->tileFolder,
-          .launcher = parts_->launcher};
+          .launcher = parts_->launcher,
+          .calendarFolders = parts_->calendarFolders,
+          .calendars = parts_->calendars};
 }
 
 std::unique_ptr<SessionService> openSession() { return std::make_unique<DBusSessionService>(openSessionBus()); }

@@ -2,6 +2,7 @@
 // A whole desktop, played by the test.
 
 #include "platform/Desktop.h"
+#include "tests/fakes/FakeCalendarService.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeFolderWatch.h"
 #include "tests/fakes/FakeLauncher.h"
@@ -39,7 +40,9 @@ struct FakeDesktop {
             .trash = trash,
             .folderWatch = folderWatch,
             .tileFolder = tileFolder,
-            .launcher = launcher};
+            .launcher = launcher,
+            .calendarFolders = calendarFolders,
+            .calendars = calendars};
   }
 
   FakePointer pointer;
@@ -62,8 +65,9 @@ struct FakeDesktop {
   FakeKeepAwake keepAwake;
   FakeScreenCapture screenCapture;
   FakeTrash trash;
-  FakeFolderWatch folderWatch, tileFolder;
+  FakeFolderWatch folderWatch, tileFolder, calendarFolders;
   FakeLauncher launcher;
+  FakeCalendarService calendars;
 };
 
 }  // namespace ambrel

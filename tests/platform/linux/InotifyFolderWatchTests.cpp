@@ -12,6 +12,7 @@ class InotifyFolderWatchTests : public QObject {
   void tellsOfWhatIsWrittenInAFolderAndAsDeepAsAsked();
   void followsAFolderThatComesLaterGoesAndComesAgain();
   void saysWhenItCannotTellAll();
+  void namesTheFilesThatHaveChanged();
 };
 
 namespace {
@@ -70,6 +71,20 @@ void InotifyFolderWatchTests::followsAFolderThatComesLaterGoesAndComesAgain() {
     QVERIFY(w.hears(0));
   }
   QVERIFY(w.watch.tellsAll());
+}
+
+void InotifyFolderWatchTests::namesTheFilesThatHaveChanged() {
+  Watched w;
+  w.folder.write("work/a.ics", "");
+  w.folder.write("work/b.ics", "");
+  w.follow({{w.folder / "work"}});
+  QVERIFY(!w.watch.takeChangedFiles());
+  w.folder.write("work/b.ics", "text");
+  QVERIFY(w.hears(0));
+  QCOMPARE(w.watch.takeChangedFiles().value(), std::vector{w.folder / "work/b.ics"});
+  std::filesystem::create_directories(w.folder / "work/deep");
+  QVERIFY(w.hears(0));
+  QVERIFY(!w.watch.takeChangedFiles());
 }
 
 void InotifyFolderWatchTests::saysWhenItCannotTellAll() {

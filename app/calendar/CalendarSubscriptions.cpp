@@ -1,0 +1,126 @@
+#include "app/calendar/CalendarSubscriptions.h"
+
+#include <QCryptographicHash>
+#include <QHostAddress>
+#include <algorithm>
+
+#include "app/base/Log.h"
+#include "core/base/Text.h"
+
+namespace ambrel {
+namespace {
+
+bool mayAsk(const QUrl& url) {
+  if (!url.isValid() || url.host().isEmpty()) return false;
+  if (url.scheme() == QLatin1String("https")) return true;
+  return url.scheme() == QLatin1String("http") &&
+         (url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback());
+}
+
+DownloadLimits limits() {
+  DownloadLimits limits;
+  limits.time = std::chrono::seconds(60);
+  limits.bytes = CalendarReader::largestFile;
+  return limits;
+}
+
+}  // namespace
+
+std::optional<QUrl> subscriptionUrl(const std::string& address) {
+  QUrl url(QString::fromStdString(std::string(trimmed(address))), QUrl::StrictMode);
+  if (url.scheme() == QLatin1String("webcal") || url.scheme() == QLatin1String("webcals"))
+    url.setScheme(QStringLiteral("https"));
+  return mayAsk(url) ? std::optional(url) : std::nullopt;
+}
+
+CalendarSubscriptions::CalendarSubscriptions(Seams seams, QObject* parent)
+    : QObject(parent), seams_(std::move(seams)) {}
+
+void CalendarSubscriptions::setAddresses(const std::vector<std::string>& addresses) {
+  for (auto at = subscriptions_.begin(); at != subscriptions_.end();) {
+    if (std::ranges::find(addresses, at->first) != addresses.end()) {
+      ++at;
+      continue;
+    }
+    std::error_code ignored;
+    std::filesystem::remove(at->second.file, ignored);
+    at = subscriptions_.erase(at);
+  }
+  for (const std::string& address : addresses) {
+    const auto url = subscriptionUrl(address);
+    if (!url || subscriptions_.contains(address)) continue;
+    // Addresses hold secrets; names of files are for everybody to see.
+    const QByteArray name = QCryptographicHash::hash(url->toEncoded(), QCryptographicHash::Sha256).toHex().left(32);
+    Subscription& subscription = subscriptions_[address];
+    subscription.url = *url;
+    subscription.file = seams_.folder / (name.toStdString() + ".ics");
+    ask(address, subscription);
+  }
+}
+
+std::vector<CalendarPlace> CalendarSubscriptions::places() const {
+  std::vector<CalendarPlace> places;
+  for (const auto& [address, subscription] : subscriptions_)
+    places.push_back({subscription.file, subscription.url.host().toStdString(), address});
+  return places;
+}
+
+QString CalendarSubscriptions::problem(const std::string& address) const {
+  const auto found = subscriptions_.find(address);
+  return found == subscriptions_.end() ? QString() : found->second.problem;
+}
+
+std::optional<Instant> CalendarSubscriptions::due() const {
+  std::optional<Instant> first;
+  for (const auto& [address, subscription] : subscriptions_)
+    if (!subscription.isAsking && (!first || subscription.due < *first)) first = subscription.due;
+  return first;
+}
+
+void CalendarSubscriptions::tick(Instant now) {
+  for (auto& [address, subscription] : subscriptions_)
+    if (!subscription.isAsking && subscription.due <= now) ask(address, subscription);
+}
+
+void CalendarSubscriptions::ask(const std::string& address, Subscription& subscription) {
+  if (!network_) network_ = new QNetworkAccessManager(this);
+  subscription.isAsking = true;
+  download(
+      *network_, subscription.url, limits(), this,
+      [this, address](Download answer) { answered(address, std::move(answer)); }, mayAsk);
+}
+
+void CalendarSubscriptions::answered(const std::string& address, Download answer) {
+  const auto found = subscriptions_.find(address);
+  if (found == subscriptions_.end()) return;
+  Subscription& subscription = found->second;
+  subscription.isAsking = false;
+  QString problem = answer.problem;
+  // A page that asks for a login is a good answer, too.
+  if (answer.body && !answer.body->left(4096).toUpper().contains("BEGIN:VCALENDAR")) {
+    answer.body.reset();
+    problem = tr("there is no calendar at this address");
+  }
+  subscription.problem = problem;
+  if (!answer.body) {
+    subscription.due = seams_.now() + std::max(subscription.retry, answer.wait);
+    subscription.retry = std::min<std::chrono::seconds>(subscription.retry * 2, longestRetry);
+    Q_EMIT changed();
+    return;
+  }
+  subscription.due = seams_.now() + interval;
+  subscription.retry = firstRetry;
+  seams_.background(
+      [file = subscription.file, body = std::move(*answer.body)] {
+        try {
+          makeFolders(file.parent_path());
+          const std::string_view bytes(body.constData(), static_cast<std::size_t>(body.size()));
+          if (readFile(file) != bytes) writeAtomically(file, bytes);
+        } catch (const std::exception& error) {
+          logLine(std::string("cannot keep a calendar: ") + error.what());
+        }
+      },
+      [this] { Q_EMIT changed(); });
+}
+
+}  // namespace ambrel
