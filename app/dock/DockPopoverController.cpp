@@ -72,6 +72,8 @@ void DockPopoverController::place(const PanelAnchor& anchor) {
 
 void DockPopoverController::open(const PanelAnchor& anchor) {
   if (!window_) makeWindow();
+  if (!isShown() && item_->metaObject()->indexOfSignal("aboutToOpen()") >= 0)
+    QMetaObject::invokeMethod(item_.get(), "aboutToOpen");
   place(anchor);
   window_->show();
   window_->raise();

@@ -21,15 +21,13 @@ Menu {
 
     implicitWidth: 216
 
+    // As of a Popover.
+    signal aboutToOpen
     signal customizeAsked
     signal commandChosen(string item)
 
     opacity: open || !fades ? 1 : 0
-    // Once: its window gets the keyboard before this is open, or after.
-    onOpenChanged: if (open && !activeFocus)
-        focusFirst()
-    onActiveFocusChanged: if (activeFocus && !open)
-        focusFirst()
+    onAboutToOpen: focusFirst()
 
     function move(target: string) {
         root.model.moveItem(root.item, target, root.model.activeProfileID);

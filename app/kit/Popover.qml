@@ -25,6 +25,9 @@ FocusScope {
     property alias headerItems: header.trailing
     default property alias content: body.data
 
+    // Its window comes next, and with it the user's first key: what it shows is made ready here, and not when `open` turns
+    // true, by when the user may have typed.
+    signal aboutToOpen
     signal closeRequested
 
     // Of a tile's panel; larger ones say their own.

@@ -23,6 +23,5 @@ ListPanel {
         bookmarks.visit(id);
         presentation.dismiss();
     }
-    onOpenChanged: if (open)
-        bookmarks.lookForIcons()
+    onAboutToOpen: bookmarks.lookForIcons()
 }

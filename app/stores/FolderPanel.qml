@@ -16,8 +16,7 @@ Popover {
     implicitHeight: 440
     title: face.isChosen ? face.name : qsTr("Folder")
     symbol: "folder"
-    onOpenChanged: if (open)
-        chosenFolder.look()
+    onAboutToOpen: chosenFolder.look()
     fact: face.problem === "" ? face.countText : ""
 
     headerItems: [

@@ -14,12 +14,9 @@ Popover {
     implicitHeight: 340
     title: qsTr("Quick Note")
     symbol: "note.text"
-    onOpenChanged: {
-        if (open)
-            box.toEnd();
-        else
-            note.finish();
-    }
+    onAboutToOpen: box.toEnd()
+    onOpenChanged: if (!open)
+        note.finish()
 
     Component.onCompleted: box.show(note.text)
 

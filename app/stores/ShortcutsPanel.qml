@@ -18,8 +18,7 @@ Popover {
     implicitHeight: 460
     title: qsTr("Shortcuts")
     symbol: "command"
-    onOpenChanged: if (open)
-        shortcut.search(field.text)
+    onAboutToOpen: shortcut.search(field.text)
 
     headerItems: Button {
         anchors.verticalCenter: parent.verticalCenter

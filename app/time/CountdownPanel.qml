@@ -13,7 +13,7 @@ Popover {
     fact: root.countdown.face.weeks
     implicitWidth: grid.implicitWidth + 2 * Theme.space4
     implicitHeight: 48 + 2 + rows.y + rows.height + Theme.space3
-    onOpenChanged: if (open) {
+    onAboutToOpen: {
         countdown.showDate();
         field.text = countdown.face.isUsual ? "" : countdown.face.title;
     }

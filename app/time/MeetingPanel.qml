@@ -16,7 +16,7 @@ Popover {
     fact: root.meeting.face.note
     implicitWidth: 420
     implicitHeight: 560
-    onOpenChanged: if (open) {
+    onAboutToOpen: {
         meeting.goToBest();
         chooser.start();
     }

@@ -15,9 +15,10 @@ Popover {
     title: qsTr("Time Passed")
     symbol: "chart.pie"
     implicitHeight: 48 + 2 + rows.y + rows.height + Theme.space4
-    onOpenChanged: if (open)
+    onAboutToOpen: {
         for (const span of spans)
-            span.update()
+            span.update();
+    }
 
     PanelColumn {
         id: rows

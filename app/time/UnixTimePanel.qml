@@ -13,7 +13,7 @@ Popover {
     title: qsTr("Unix Time")
     symbol: "number"
     implicitHeight: 334
-    onOpenChanged: if (open) {
+    onAboutToOpen: {
         field.text = "";
         converter.convert("");
         field.forceActiveFocus();

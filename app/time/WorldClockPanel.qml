@@ -11,8 +11,7 @@ Popover {
     title: qsTr("World Clock")
     symbol: "globe"
     implicitHeight: 420
-    onOpenChanged: if (open)
-        chooser.start()
+    onAboutToOpen: chooser.start()
 
     CityChooser {
         id: chooser

@@ -22,10 +22,9 @@ Popover {
                 root.closeRequested();
         }
     }
-    // Not when it opens: the user may have typed by then.
-    onOpenChanged: if (!open) {
+    onAboutToOpen: {
         field.text = "";
-        field.focus = true;
+        field.forceActiveFocus();
     }
 
     Field {
