@@ -1,5 +1,6 @@
 #include "app/calendar/CalendarModel.h"
 
+#include <QDate>
 #include <algorithm>
 
 #include "app/base/QmlObjects.h"
@@ -204,17 +205,25 @@ void CalendarModel::publishTasks(const Calendar& calendar, Instant now, Calendar
   tasks_.setRows(rows);
 }
 
-QVariantList CalendarModel::eventsOf(int year, int month, int day) const {
+QVariantList CalendarModel::eventsOf(const QString& day) {
+  linksOfDay_.clear();
+  const QDate date = QDate::fromString(day, Qt::ISODate);
+  if (!date.isValid()) return {};
   const Calendar calendar = seams_.calendar();
   QVariantList rows;
-  const TimeWindow span{calendar.instant(year, month, day), calendar.instant(year, month, day + 1)};
-  for (const Occurrence& event : reading_.book.between(span, calendar))
-    rows << QVariant::fromValue(eventRow(event, calendar, seams_.now()));
+  const TimeWindow span{calendar.instant(date.year(), date.month(), date.day()),
+                        calendar.instant(date.year(), date.month(), date.day() + 1)};
+  for (const Occurrence& event : reading_.book.between(span, calendar)) {
+    const EventRow row = eventRow(event, calendar, seams_.now());
+    if (row.hasLink) linksOfDay_[row.id] = toQString(event.event->link);
+    rows << QVariant::fromValue(row);
+  }
   return rows;
 }
 
 void CalendarModel::join(const QString& eventId) {
-  if (const auto link = links_.find(eventId); link != links_.end()) Q_EMIT linkAsked(link->second);
+  for (const auto* links : {&links_, &linksOfDay_})
+    if (const auto link = links->find(eventId); link != links->end()) return linkAsked(link->second);
 }
 
 QString CalendarModel::addPlace(const QString& text) {

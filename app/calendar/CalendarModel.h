@@ -62,8 +62,8 @@ class CalendarModel : public ambrel::TimedModel {
   RowList* tasks() { return &tasks_; }
   RowList* sources() { return &sources_; }
 
-  // Of a day of any month: EventRow, in the order of the day. month: 1 to 12.
-  Q_INVOKABLE QVariantList eventsOf(int year, int month, int day) const;
+  // Of any day, as "2026-11-22": EventRow, in the order of the day.
+  Q_INVOKABLE QVariantList eventsOf(const QString& day);
   // Opens where the event's meeting is held.
   Q_INVOKABLE void join(const QString& eventId);
   // Adds a folder, a file or an address. Says why not in words; empty when it was taken.
@@ -108,7 +108,7 @@ class CalendarModel : public ambrel::TimedModel {
   GadgetListModel<EventRow> agenda_, today_;
   GadgetListModel<TaskRow> tasks_;
   GadgetListModel<SourceRow> sources_;
-  std::map<QString, QString> links_;  // by event
+  std::map<QString, QString> links_, linksOfDay_;  // by event; of the day that was asked for last
   std::optional<Instant> due_;
 };
 

@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Calendar
 import Ambrel.Kit
 import Ambrel.Model
 import Ambrel.Time
@@ -8,6 +9,7 @@ Popover {
     id: root
 
     required property MonthModel month
+    property CalendarModel calendar: null
 
     signal copyAsked(text: string)
 
@@ -15,7 +17,7 @@ Popover {
     symbol: "calendar"
     implicitWidth: grid.implicitWidth + 2 * Theme.space4
     implicitHeight: 48 + 2 + rows.y + rows.height + Theme.space3
-    onOpenChanged: if (open) {
+    onAboutToOpen: {
         month.goToToday();
         grid.forceActiveFocus();
     }
@@ -61,6 +63,11 @@ Popover {
                 label: qsTr("Copy %1").arg(root.month.face.chosen)
                 onClicked: root.copyAsked(root.month.face.chosen)
             }
+        }
+        DayEvents {
+            width: parent.width
+            calendar: root.calendar
+            day: root.month.face.chosen
         }
         Section {
             width: parent.width

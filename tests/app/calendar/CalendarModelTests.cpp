@@ -92,7 +92,7 @@ void CalendarModelTests::saysWhatIsMissingAndFollowsWhatIsAdded() {
   QCOMPARE(model.face().todaySummary, QStringLiteral("12:00 Lunch, 15:00 Review"));
   QCOMPARE(model.face().dueTasks, 1);
   QVERIFY(model.face().task.isOverdue);
-  const QVariantList days = model.eventsOf(2026, 11, 21);
+  const QVariantList days = model.eventsOf("2026-11-21");
   QCOMPARE(days.size(), 1);
   QCOMPARE(days.first().value<EventRow>().time, QStringLiteral("All day"));
   // What is being written while it is read is read again.
