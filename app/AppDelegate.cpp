@@ -265,7 +265,9 @@ void AppDelegate::showToast(const QString& title, const QString& detail, const Q
 void AppDelegate::copyText(const QString& text) {
   if (text.trimmed().isEmpty()) return;
   areas_.clipboard.clipboard()->copyText(text);
-  toast_.show(tr("Copied"), text, QStringLiteral("doc.on.doc"));
+  // More than a line is not seen, and a text of megabytes would take seconds to lay out.
+  constexpr qsizetype mostShown = 200;
+  toast_.show(tr("Copied"), text.left(mostShown), QStringLiteral("doc.on.doc"));
 }
 
 bool AppDelegate::isOnBar(DockWidget widget) const { return model_.isOnBar(idOf(widget)); }

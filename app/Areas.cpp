@@ -111,6 +111,13 @@ Areas::Areas(const Services& with)
       weather(with.defaults, with.surroundings.calendar, with.surroundings.now, with.due),
       stores(storesSeams(with, background), with.shell),
       calendars(calendarSeams(with), with.due),
+      tools({.defaults = with.defaults,
+             .shell = with.shell,
+             .calendar = with.surroundings.calendar,
+             .now = with.surroundings.now,
+             .background = background,
+             .readClipboard = [this](auto done) { clipboard.clipboard()->readText(std::move(done)); },
+             .write = [this](auto what) { clipboard.clipboard()->writeUnrecorded(std::move(what)); }}),
       buddy({.agents = *agents.agents(),
              .settings = with.settings,
              .defaults = with.defaults,
@@ -131,6 +138,7 @@ Areas::Areas(const Services& with)
     notices().phaseEnded(ended == PomodoroPhase::focus ? BuddySignals::PhaseEnd::focus
                                                        : BuddySignals::PhaseEnd::breakTime);
   });
+  QObject::connect(clipboard.clipboard(), &ClipboardModel::pasteboardChanged, &tools, &ToolsArea::clipboardChanged);
   QObject::connect(&notes, &NotesArea::captureAsked, &notes, [this, &license = with.license] {
     if (license.permits(ProFeature::screenNotes)) notes.notes()->capture();
   });

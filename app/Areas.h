@@ -17,6 +17,7 @@
 #include "app/stores/StoresArea.h"
 #include "app/telemetry/TelemetryArea.h"
 #include "app/time/TimeArea.h"
+#include "app/tools/ToolsArea.h"
 #include "app/usage/UsageArea.h"
 #include "app/weather/WeatherArea.h"
 
@@ -45,11 +46,12 @@ struct Areas {
   WeatherArea weather;
   StoresArea stores;
   CalendarArea calendars;
+  ToolsArea tools;
   BuddyArea buddy;
   AssistantArea assistant;
   // The agents' last: they answer what is nobody else's.
-  const std::vector<Area*> all{&time,   &telemetry, &usage,     &disk,  &notes,     &focus, &weather,
-                               &stores, &calendars, &clipboard, &buddy, &assistant, &agents};
+  const std::vector<Area*> all{&time,   &telemetry, &usage, &disk,      &notes, &focus,     &weather,
+                               &stores, &calendars, &tools, &clipboard, &buddy, &assistant, &agents};
 };
 
 }  // namespace ambrel

@@ -25,10 +25,12 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
       capture_(storage_, seams_.background, folding_),
       index_(folding_),
       files_(seams_.fileBackground, [this](const UUID& id) { items_.refresh(id); }),
-      items_(index_, calendar_, [this](const UUID& id) {
-        const ClipItem* item = history_.item(id);
-        return item ? files_.lookAt(*item) : nullptr;
-      }) {
+      items_(index_, calendar_,
+             [this](const UUID& id) {
+               const ClipItem* item = history_.item(id);
+               return item ? files_.lookAt(*item) : nullptr;
+             }),
+      firstChange_(history_.lastChangeCount()) {
   capture_.onCaptured = [this](CapturedClip clip, std::int64_t change) { add(std::move(clip), change); };
   storage_.onSaveFailed = [this](const std::string& reason) {
     Q_EMIT troubled(tr("The clipboard history cannot be saved"), toQString(reason));
@@ -100,7 +102,7 @@ void ClipboardModel::poll() {
 
   ownerlessChange_.reset();
   const bool isWanted = history_.noticeChange(change, settings, source);
-  items_.setCurrent(history_.currentItemID());
+  publishCurrent();
   if (isWanted && !isReadOnly_) read({.id = UUID::random(), .now = now, .sourceBundleID = std::move(source)});
 }
 
@@ -117,13 +119,16 @@ void ClipboardModel::tryToTakeOver() {
   });
 }
 
-void ClipboardModel::read(ClipOrigin origin) {
+CaptureLimits ClipboardModel::captureLimits() const {
   constexpr std::size_t megabyte = 1 << 20;
   const auto bytes = [](std::int64_t megabytes) { return static_cast<std::size_t>(megabytes) * megabyte; };
-  const CaptureLimits limits{.text = bytes(settings_.clipboardTextMegabytes()),
-                             .picture = bytes(settings_.clipboardPictureMegabytes()),
-                             .fileList = bytes(settings_.clipboardListMegabytes())};
-  seams_.pasteboard.read({.wantsPicture = true, .limits = limits},
+  return {.text = bytes(settings_.clipboardTextMegabytes()),
+          .picture = bytes(settings_.clipboardPictureMegabytes()),
+          .fileList = bytes(settings_.clipboardListMegabytes())};
+}
+
+void ClipboardModel::read(ClipOrigin origin) {
+  seams_.pasteboard.read({.wantsPicture = true, .limits = captureLimits()},
                          [self = QPointer(this), origin = std::move(origin)](PasteboardReading reading) {
                            // A later copy is read separately.
                            if (!self || reading.changeCount != self->history_.lastChangeCount()) return;
@@ -155,6 +160,7 @@ void ClipboardModel::add(CapturedClip clip, std::int64_t changeCount) {
   if (changeCount != history_.lastChangeCount()) history_.noticeOwnWrite(history_.lastChangeCount(), current);
   apply(effects);
   if (ownerlessChange_ == changeCount) restoreCurrent();
+  Q_EMIT pasteboardChanged();
 }
 
 // The application that owned the copy has quit: offers its contents in its place.
@@ -173,7 +179,7 @@ void ClipboardModel::write(std::vector<Representation> representations, std::opt
   history_.noticeOwnWrite(purpose == Purpose::restore ? seams_.pasteboard.restore(std::move(representations))
                                                       : seams_.pasteboard.write(std::move(representations)),
                           id);
-  items_.setCurrent(history_.currentItemID());
+  publishCurrent();
 }
 
 void ClipboardModel::copy(const ClipItem& item) { put(item, Purpose::copy); }
@@ -187,6 +193,29 @@ void ClipboardModel::put(const ClipItem& item, Purpose purpose) {
     if (generation != writeGeneration_ || change != seams_.pasteboard.changeCount()) return;
     write(representations(item, std::move(bytes)), item.id, purpose);
   });
+}
+
+void ClipboardModel::publishCurrent() {
+  items_.setCurrent(history_.currentItemID());
+  Q_EMIT pasteboardChanged();
+}
+
+void ClipboardModel::readText(std::function<void(std::string text)> done) {
+  if (const auto& current = history_.currentItemID()) {
+    const ClipItem* item = this->item(*current);
+    const bool isText = item && item->kind != ClipKind::image && item->kind != ClipKind::file;
+    return done(isText ? item->text.value_or("") : "");
+  }
+  const bool isFollowed =
+      settings_.clipboardEnabled() && !isReadOnly_ && seams_.pasteboard.changeCount() != firstChange_;
+  if (isFollowed) return done("");
+  seams_.pasteboard.read(
+      {.wantsPicture = false, .limits = captureLimits()},
+      [done = std::move(done)](PasteboardReading reading) { done(reading.contents.text.value_or("")); });
+}
+
+void ClipboardModel::writeUnrecorded(std::vector<Representation> representations) {
+  write(std::move(representations), std::nullopt, Purpose::copy);
 }
 
 void ClipboardModel::copyText(const QString& text) {

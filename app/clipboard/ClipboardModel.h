@@ -88,6 +88,11 @@ class ClipboardModel : public QObject {
 
   // Writes the item to the pasteboard; the history keeps its order. A picture is read first.
   void copy(const ClipItem& item);
+  // The text on the pasteboard: of the current clip, or, where the history does not follow it, read from its owner.
+  // Without one, and of what is private or of an ignored program, an empty text. `done` may be called at once.
+  void readText(std::function<void(std::string text)> done);
+  // Puts it on the pasteboard past the history.
+  void writeUnrecorded(std::vector<Representation> representations);
   // Copies a pinned clip by its number, 1 to 9, and gives its name; absent if there is none.
   std::optional<QString> copyPinned(int number);
 
@@ -137,6 +142,8 @@ class ClipboardModel : public QObject {
  Q_SIGNALS:
   void libraryChanged();
   void faceChanged();
+  // Something else is on the pasteboard, or what is there has become a clip.
+  void pasteboardChanged();
   void visibleItemsChanged();
   void filterChanged();
   void queryChanged();
@@ -159,6 +166,7 @@ class ClipboardModel : public QObject {
   void tryToTakeOver();
   void endUndoLater();
   void restoreCurrent();
+  void publishCurrent();
   // Restoring gives way to another application's copy.
   enum class Purpose { copy, restore };
   void put(const ClipItem& item, Purpose purpose);
@@ -169,6 +177,7 @@ class ClipboardModel : public QObject {
   bool publishChanges(std::span<const LibraryChange> changes);
   ClipRow rowOf(const ClipItem& item);
   CaptureSettings captureSettings() const;
+  CaptureLimits captureLimits() const;
   QString programName(const std::string& bundleID);
   const ClipItem* itemOf(const QString& id) const;
   void forgetUnneeded();
@@ -199,6 +208,7 @@ class ClipboardModel : public QObject {
   std::vector<ClipRow> lost_;
   // The change whose owner quit before its contents became a clip.
   std::optional<std::int64_t> ownerlessChange_;
+  std::int64_t firstChange_;  // what was there at the start, which nobody reads for the history
   int undoGeneration_ = 0;
   int writeGeneration_ = 0;
 };

@@ -14,6 +14,7 @@ Command profilesCommand();
 Command reviewCommand();
 Command settingsCommand();
 Command statusLineCommand();
+Command toolCommand();
 Command usageCommand();
 Command weatherCommand();
 Command widgetsCommand();

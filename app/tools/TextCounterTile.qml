@@ -1,0 +1,4 @@
+import Ambrel.Tools
+
+// How long the text on the clipboard is.
+TextToolTile {}
