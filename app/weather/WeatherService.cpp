@@ -26,14 +26,10 @@ WeatherHosts weatherHosts(const UserDefaults& defaults) {
           hostFrom(defaults, setting::weatherGeocodingURL, open.geocoding)};
 }
 
-WeatherService::WeatherService(WeatherHosts hosts, DownloadLimits limits, QObject* parent)
-    : QObject(parent), hosts_(std::move(hosts)), limits_(limits) {}
+WeatherService::WeatherService(WeatherHosts hosts, DownloadLimits limits, double mostJitter)
+    : hosts_(std::move(hosts)), limits_(limits), mostJitter_(mostJitter) {}
 
-double WeatherService::jitter() const {
-  // The largest share by which pauses between two requests are lengthened.
-  constexpr double most = 0.05;
-  return most * QRandomGenerator::global()->generateDouble();
-}
+double WeatherService::jitter() const { return mostJitter_ * QRandomGenerator::global()->generateDouble(); }
 
 void WeatherService::get(Kind kind, const std::string& request, QObject* receiver, Answer answered) {
   // It brings threads and memory of its own, so a bar without weather makes none.

@@ -42,7 +42,8 @@ class WeatherService : public QObject {
   // The body of a good answer, or nothing and why.
   using Answer = std::function<void(std::optional<QByteArray> body, const WeatherProblem& problem)>;
 
-  explicit WeatherService(WeatherHosts hosts, DownloadLimits limits = {}, QObject* parent = nullptr);
+  // mostJitter: the largest share by which pauses between two requests are lengthened, at random.
+  explicit WeatherService(WeatherHosts hosts, DownloadLimits limits = {}, double mostJitter = 0.05);
 
   // `answered` is called once, later and on this thread, as long as `receiver` lives.
   void get(Kind kind, const std::string& request, QObject* receiver, Answer answered);
@@ -54,6 +55,7 @@ class WeatherService : public QObject {
   QNetworkAccessManager* network_ = nullptr;
   WeatherHosts hosts_;
   DownloadLimits limits_;
+  double mostJitter_;
 };
 
 }  // namespace ambrel

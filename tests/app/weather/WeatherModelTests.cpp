@@ -57,7 +57,7 @@ struct Room {
   FakeClock clock{*parseISO8601("2026-07-14T09:41:00Z")};
   DueTimer due{clock};
   LoopbackServer server;
-  WeatherService service{{server.url(), server.url(), server.url()}, {.time = std::chrono::seconds(10), .jitter = 0}};
+  WeatherService service{{server.url(), server.url(), server.url()}, {.time = std::chrono::seconds(10)}, 0};
   Reply forecast{.body = sample("london.json")};
   Reply air{.body = sample("air-london.json")};
   Reply places{.body = sample("places-springfield.json")};
@@ -136,7 +136,7 @@ class WeatherModelTests : public QObject {
     LoopbackServer gone;
     const QUrl nowhere = gone.url();
     gone.close();
-    WeatherService unreached({nowhere, nowhere, nowhere}, {.time = std::chrono::seconds(10), .jitter = 0});
+    WeatherService unreached({nowhere, nowhere, nowhere}, {.time = std::chrono::seconds(10)}, 0);
     WeatherModel other(WeatherModel::mainSetting(), unreached, room.defaults, Calendar("Europe/Berlin", "en_GB"),
                        [&] { return room.clock.now(); });
     other.setOnline(false, room.clock.now());
