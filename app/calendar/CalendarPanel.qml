@@ -80,7 +80,8 @@ Popover {
             anchors.verticalCenter: parent.verticalCenter
             visible: root.next.hasLink
             kind: Button.Primary
-            focus: true
+            // One that cannot be seen would swallow the first Tab.
+            focus: visible
             text: qsTr("Join")
             label: qsTr("Join %1").arg(root.next.title)
             onClicked: root.calendar.join(root.next.eventId)
