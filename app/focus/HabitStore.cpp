@@ -27,10 +27,22 @@ HabitStore::HabitStore(std::filesystem::path file, FocusSeams seams, QObject* pa
     : FocusModel(std::move(seams), parent), file_(std::move(file)) {
   try {
     if (auto stored = JSONFileStore<HabitList>{file_}.load()) items_ = std::move(stored->items);
+  } catch (const DecodingError& error) {
+    logLine(std::string("cannot read habits: ") + error.what());
+    keepUnreadable();
   } catch (const std::exception& error) {
     logLine(std::string("cannot read habits: ") + error.what());
   }
   update();
+}
+
+// The next save would replace it.
+void HabitStore::keepUnreadable() const {
+  try {
+    if (const auto kept = setAside(file_, ".unreadable")) logLine("the file is kept as " + kept->string());
+  } catch (const FileError& error) {
+    logLine(error.what());
+  }
 }
 
 bool HabitStore::add(const QString& name) {

@@ -43,6 +43,7 @@ class HabitStore : public ambrel::FocusModel {
 
  private:
   void save();
+  void keepUnreadable() const;
   bool renewFace(Instant now) override;
 
   std::filesystem::path file_;

@@ -294,12 +294,15 @@ class FocusModelsTests : public QObject {
     QCOMPARE(HabitStore(file, room.seams()).face().count, 1);
   }
 
-  void aDamagedHabitFileIsLogged() {
+  void aDamagedHabitFileIsKept() {
     FocusRoom room;
     const auto file = room.folder.write("Ambrel/habits.json", "{\"no\":\"array\"}");
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: cannot read habits: ")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: the file is kept as ")));
     HabitStore store(file, room.seams());
     QCOMPARE(store.face().count, 0);
+    QVERIFY(store.add(QStringLiteral("Read")));
+    QCOMPARE(readFile(file.string() + ".unreadable"), std::string("{\"no\":\"array\"}"));
   }
 
   void moodsAreKeptByTheDay() {
