@@ -128,7 +128,7 @@ vd_start_wm() {
       ;;
     marco) command=(marco --no-composite --sm-disable) ;;
     i3)
-      printf 'font pango:monospace 10\n' >"$vd_folder/wm/i3"
+      printf 'font pango:monospace 10\nbar {\n  position bottom\n}\n' >"$vd_folder/wm/i3"
       command=(i3 -c "$vd_folder/wm/i3")
       ;;
     awesome) command=(awesome) ;;
