@@ -15,7 +15,7 @@ struct UserHome {
 // Folders and files that are there: those that the settings of khal and vdirsyncer name, and the usual ones of these,
 // of GNOME and of KDE. Each once, and none inside of another.
 std::vector<std::filesystem::path> foundCalendars(const UserHome& home);
-// The folders in which one of these may come to be or change, there or not.
+// The folders to watch for these: each may appear or change there. They need not exist.
 std::vector<std::filesystem::path> calendarFolders(const UserHome& home);
 
 // The folders that settings in the manner of khal or vdirsyncer name with "path =", without what follows a '*'.
