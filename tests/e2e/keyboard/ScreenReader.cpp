@@ -112,6 +112,7 @@ void ScreenReader::focused(const QDBusMessage& message) {
 
 QDBusMessage ScreenReader::ask(const QString& path, const char* interface, const char* method,
                                const QVariantList& arguments) const {
+  asked_.insert(path);
   auto message = QDBusMessage::createMethodCall(program_, path, QLatin1String(interface), QLatin1String(method));
   message.setArguments(arguments);
   // Not by QDBus::BlockWithGui: it waits for ever when the answer is there before its event loop.
@@ -171,6 +172,11 @@ std::vector<ScreenReader::Window> ScreenReader::windows() const {
     found.push_back({path, has(states, visibleState), has(states, activeState)});
   }
   return found;
+}
+
+bool ScreenReader::isAnswer(const QByteArray& line) const {
+  const QByteArray start = "qt.accessibility.atspi: Could not find accessible on path: \"";
+  return line.startsWith(start) && asked_.contains(QString::fromUtf8(line.mid(start.size()).chopped(1)));
 }
 
 void ScreenReader::settle() const {

@@ -4,6 +4,7 @@
 
 #include <QDBusVirtualObject>
 #include <QRect>
+#include <QSet>
 #include <QString>
 #include <optional>
 #include <vector>
@@ -46,6 +47,8 @@ class ScreenReader : public QDBusVirtualObject {
   Item item(const QString& path) const;
   std::vector<Window> windows() const;
   std::vector<QString> children(const QString& path) const;
+  // Whether the toolkit says here that an item which we have asked for is no longer there.
+  bool isAnswer(const QByteArray& line) const;
   // Returns when the program has done what it had to do so far.
   void settle() const;
 
@@ -63,6 +66,7 @@ class ScreenReader : public QDBusVirtualObject {
   bool isReady_ = false;
   QString program_;
   QString focus_;
+  mutable QSet<QString> asked_;  // paths
   int focusChanges_ = 0, presses_ = 0, releases_ = 0;
 };
 
