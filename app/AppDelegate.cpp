@@ -186,9 +186,7 @@ void AppDelegate::registerKeys() {
 }
 
 void AppDelegate::startTimers() {
-  // Copies announce themselves; this is for the sweeps, and in case that one does not.
   areas_.clipboard.clipboard()->start();
-  every(ClipboardModel::pollInterval, [this] { areas_.clipboard.clipboard()->poll(); });
   every(ContextPeeker::interval, [this] { bar_->peeker().check(surroundings_.now()); });
   every(LiveModels::tickInterval, [this] {
     for (Area* area : areas_) area->tick(surroundings_.now());

@@ -19,6 +19,8 @@ class ClipboardArea : public Area {
   ClipboardModel* clipboard() { return &clipboard_; }
   Q_INVOKABLE void toggleShelf() { Q_EMIT shelfAsked(); }
   bool carryOut(const Wish& wish) override;
+  // Copies announce themselves; this is for the sweeps, and in case that one does not.
+  void tick(Instant /*now*/) override { clipboard_.poll(); }
   std::vector<AreaKey> keys() override;
 
  Q_SIGNALS:

@@ -67,7 +67,6 @@ class ClipboardModel : public QObject {
     DelayedStep later;
     std::function<Instant()> now;
   };
-  static constexpr Seconds pollInterval{0.5};
   static constexpr Seconds undoWindow{6};
   static constexpr const char* ownBundleID = "dev.qorvin.ambrel";
 

@@ -102,10 +102,10 @@ LiveModels::LiveModels(LiveSeams seams, QObject* parent)
     update();
     connect(&sampler, &SamplerBase::sampled, this, update);
   };
-  follow(processor_, {cpu, cpuChart}, [this](const Calendar& c) {
-    const auto cores = static_cast<int>(std::thread::hardware_concurrency());
-    face(cpu).set(processorTile(c, processor_.value(), processor_.history(), cores));
-  });
+  follow(processor_, {cpu, cpuChart},
+         [this, cores = static_cast<int>(std::thread::hardware_concurrency())](const Calendar& c) {
+           face(cpu).set(processorTile(c, processor_.value(), processor_.history(), cores));
+         });
   follow(memory_, {DockWidget::memory},
          [this](const Calendar& c) { face(DockWidget::memory).set(memoryTile(c, memory_.value())); });
   follow(network_, {DockWidget::network, networkChart}, [this](const Calendar& c) {
