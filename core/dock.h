@@ -187,4 +187,9 @@ struct TileLayout {
 // the sides all tiles are as wide as the widest has to be, yet no wider than medium when they can.
 TileLayout fittedTiles(std::span<const TileRequest> requests, DockEdge edge, double maxLength);
 
+// Where a tile that is dragged along the bar lands: how many of the others come before it. middles: of the others on
+// the bar as it is while the tile is held, from the bar's beginning, ascending; at: the pointer, from there, too. The
+// tile stays where it has landed until the pointer has crossed the middle of a neighbour.
+std::size_t landingPlace(std::span<const double> middles, double at);
+
 }  // namespace ambrel

@@ -71,6 +71,9 @@ const Profile* resolve(std::span<const Profile> profiles, std::span<const Displa
 // Adds nothing to a profile that holds the widget already.
 bool addWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID,
                const std::optional<UUID>& before = std::nullopt);
+// As addWidget, for a slot that is made already.
+bool insertItem(std::vector<Profile>& profiles, DockItem item, const UUID& profileID,
+                const std::optional<UUID>& before = std::nullopt);
 // Every item with that widget.
 bool removeWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID);
 bool moveItem(std::vector<Profile>& profiles, const UUID& itemID, const UUID& targetID, const UUID& profileID);
@@ -81,6 +84,37 @@ UUID addProfile(std::vector<Profile>& profiles, std::string name, std::optional<
 bool deleteProfile(std::vector<Profile>& profiles, const UUID& id);
 // White space around a name does not count; an empty one and an unknown id change nothing.
 bool renameProfile(std::vector<Profile>& profiles, const UUID& id, std::string_view name);
+// Behind the original, with ids of its own, called "NAME 2" or the next number that is free, and without a trigger: two
+// profiles with the same one would leave the copy unused. Gives its id.
+std::optional<UUID> duplicateProfile(std::vector<Profile>& profiles, const UUID& id);
+bool setTrigger(std::vector<Profile>& profiles, const UUID& id, std::optional<DisplayContext> trigger);
+// One place towards the end or towards the start; false at that end.
+bool stepProfile(std::vector<Profile>& profiles, const UUID& id, int step);
+
+// A tile that is being dragged.
+
+// A slot that the widget has already, or a new one, held over the bar in front of the slot `before` (absent: at the
+// end). Gives what the bar shows meanwhile.
+std::vector<DockItem> itemsWhileHeld(std::vector<DockItem> items, const DockItem& held,
+                                     const std::optional<UUID>& before);
+// The slot onto which `move` has to take the item to put it in front of `before` (absent: at the end). Absent: it is
+// there already, or is no item of the profile.
+std::optional<UUID> moveTarget(const Profile& profile, const UUID& itemID, const std::optional<UUID>& before);
+// That `step` places further; absent beyond the ends.
+std::optional<UUID> neighbour(const Profile& profile, const UUID& itemID, int step);
+
+// Undo.
+
+// What an edit has made of a profile's items.
+struct BarEdit {
+  UUID profile;
+  std::vector<DockItem> before, after;
+  friend bool operator==(const BarEdit&, const BarEdit&) = default;
+};
+// Takes an edit back, also where the profile has been edited since: what it removed is there again behind its old
+// neighbour, what it added is not, what it moved is in its old place, and all else stays. False when the profile is no
+// longer there or nothing differs.
+bool undo(std::vector<Profile>& profiles, const BarEdit& edit);
 
 // What an older version has left behind, brought up to date.
 struct UpdatedProfiles {

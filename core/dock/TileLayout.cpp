@@ -73,4 +73,8 @@ TileLayout fittedTiles(std::span<const TileRequest> requests, DockEdge edge, dou
   return edge == DockEdge::bottom ? row(requests, maxLength) : column(requests, maxLength);
 }
 
+std::size_t landingPlace(std::span<const double> middles, double at) {
+  return static_cast<std::size_t>(std::ranges::lower_bound(middles, at) - middles.begin());
+}
+
 }  // namespace ambrel

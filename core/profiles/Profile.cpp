@@ -16,11 +16,24 @@ Profile profileHolding(std::string name, std::optional<DisplayContext> trigger,
   return profile;
 }
 
-auto positionOf(auto& items, const UUID& id) { return std::ranges::find(items, id, &DockItem::id); }
+auto positionOf(auto& items, const UUID& id) {
+  return std::ranges::find(items, id, &std::ranges::range_value_t<decltype(items)>::id);
+}
 
 Profile* profileWith(std::vector<Profile>& profiles, const UUID& id) {
-  const auto found = std::ranges::find(profiles, id, &Profile::id);
+  const auto found = positionOf(profiles, id);
   return found == profiles.end() ? nullptr : &*found;
+}
+
+// Null beyond the ends, and where there is no such item.
+auto* stepped(auto& items, const UUID& id, int step) {
+  const auto found = positionOf(items, id);
+  const auto at = found - items.begin() + step;
+  return found == items.end() || at < 0 || at >= std::ssize(items) ? nullptr : &items[static_cast<std::size_t>(at)];
+}
+
+bool isNameTaken(const std::vector<Profile>& profiles, std::string_view name) {
+  return std::ranges::find(profiles, name, &Profile::name) != profiles.end();
 }
 
 }  // namespace
@@ -73,9 +86,14 @@ const Profile* resolve(std::span<const Profile> profiles, std::span<const Displa
 
 bool addWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID,
                const std::optional<UUID>& before) {
+  return insertItem(profiles, DockItem::holding(widget), profileID, before);
+}
+
+bool insertItem(std::vector<Profile>& profiles, DockItem item, const UUID& profileID,
+                const std::optional<UUID>& before) {
   Profile* profile = profileWith(profiles, profileID);
   if (!profile) return false;
-  if (!profile->contains(widget)) profile->insert(DockItem::holding(widget), before);
+  if (!item.widget || !profile->contains(*item.widget)) profile->insert(std::move(item), before);
   return true;
 }
 
@@ -114,6 +132,85 @@ bool renameProfile(std::vector<Profile>& profiles, const UUID& id, std::string_v
   const auto text = trimmed(name);
   if (!profile || text.empty()) return false;
   profile->name = text;
+  return true;
+}
+
+std::optional<UUID> duplicateProfile(std::vector<Profile>& profiles, const UUID& id) {
+  const auto original = positionOf(profiles, id);
+  if (original == profiles.end()) return std::nullopt;
+  Profile copy = *original;
+  copy.id = UUID::random();
+  copy.trigger = std::nullopt;
+  for (DockItem& item : copy.items) item.id = UUID::random();
+  for (int number = 2; isNameTaken(profiles, copy.name); ++number)
+    copy.name = original->name + ' ' + std::to_string(number);
+  return profiles.insert(std::next(original), std::move(copy))->id;
+}
+
+bool setTrigger(std::vector<Profile>& profiles, const UUID& id, std::optional<DisplayContext> trigger) {
+  Profile* profile = profileWith(profiles, id);
+  if (!profile) return false;
+  profile->trigger = trigger;
+  return true;
+}
+
+bool stepProfile(std::vector<Profile>& profiles, const UUID& id, int step) {
+  Profile* other = stepped(profiles, id, step);
+  if (!other) return false;
+  std::swap(*profileWith(profiles, id), *other);
+  return true;
+}
+
+std::vector<DockItem> itemsWhileHeld(std::vector<DockItem> items, const DockItem& held,
+                                     const std::optional<UUID>& before) {
+  Profile shown;
+  shown.items = std::move(items);
+  std::erase_if(shown.items, [&](const DockItem& item) { return item.id == held.id; });
+  shown.insert(held, before);
+  return std::move(shown.items);
+}
+
+std::optional<UUID> moveTarget(const Profile& profile, const UUID& itemID, const std::optional<UUID>& before) {
+  const auto item = positionOf(profile.items, itemID);
+  if (item == profile.items.end()) return std::nullopt;
+  auto target = before ? positionOf(profile.items, *before) : profile.items.end();
+  // Behind the target on the way to the end, in front of it on the way to the start.
+  if (target > item) --target;
+  return target == item ? std::nullopt : std::optional(target->id);
+}
+
+std::optional<UUID> neighbour(const Profile& profile, const UUID& itemID, int step) {
+  const DockItem* other = stepped(profile.items, itemID, step);
+  return other ? std::optional(other->id) : std::nullopt;
+}
+
+bool undo(std::vector<Profile>& profiles, const BarEdit& edit) {
+  Profile* profile = profileWith(profiles, edit.profile);
+  if (!profile) return false;
+  const auto holds = [](const std::vector<DockItem>& items, const DockItem& item) {
+    return std::ranges::find(items, item.id, &DockItem::id) != items.end();
+  };
+  Profile undone = *profile;
+  auto& items = undone.items;
+  std::erase_if(items, [&](const DockItem& item) { return holds(edit.after, item) && !holds(edit.before, item); });
+  auto place = items.begin();
+  for (const DockItem& item : edit.before) {
+    if (const auto found = positionOf(items, item.id); found != items.end())
+      place = std::next(found);
+    else if (!holds(edit.after, item) && !(item.widget && undone.contains(*item.widget)))
+      place = std::next(items.insert(place, item));
+  }
+  if (std::ranges::is_permutation(edit.before, edit.after, {}, &DockItem::id, &DockItem::id)) {
+    // Those that were there take their places among themselves; what others have added stays where it is.
+    std::vector<DockItem> ordered;
+    for (const DockItem& item : edit.before)
+      if (const auto found = positionOf(items, item.id); found != items.end()) ordered.push_back(*found);
+    auto next = ordered.begin();
+    for (DockItem& item : items)
+      if (holds(edit.before, item)) item = *next++;
+  }
+  if (undone == *profile) return false;
+  *profile = std::move(undone);
   return true;
 }
 

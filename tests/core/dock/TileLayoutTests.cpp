@@ -78,5 +78,32 @@ TEST(TileRequests, ComeFromTheCatalogue) {
   EXPECT_EQ(tileRequest("from a later version"), (TileRequest{medium, small}));
 }
 
+TEST(Landing, ATileStaysWhereItHasLandedUntilTheNextMiddleIsCrossed) {
+  // A tile of 100 is held among tiles of 60 and 240, 8 apart; where it is, they make room.
+  const std::vector<double> wide{60, 240};
+  const auto middles = [&](std::size_t gap) {
+    std::vector<double> found;
+    double x = 8;
+    for (std::size_t i = 0; i < wide.size(); ++i) {
+      if (i == gap) x += 108;
+      found.push_back(x + wide[i] / 2);
+      x += wide[i] + 8;
+    }
+    return found;
+  };
+  std::size_t at = 0;
+  int changes = 0;
+  for (const int step : {1, -1})
+    for (int x = step > 0 ? -50 : 600; x >= -50 && x <= 600; x += step) {
+      const std::size_t next = landingPlace(middles(at), x);
+      changes += next != at;
+      at = next;
+      EXPECT_EQ(landingPlace(middles(at), x), at) << "a pointer that rests at " << x;
+    }
+  EXPECT_EQ(changes, 4);
+  EXPECT_EQ(at, 0u);
+  EXPECT_EQ(landingPlace({}, 5), 0u);
+}
+
 }  // namespace
 }  // namespace ambrel

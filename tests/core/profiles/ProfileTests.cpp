@@ -155,6 +155,64 @@ TEST_F(Edits, RenamesAProfileThatGetsAName) {
   EXPECT_EQ(profiles_[0].name, "Train");
 }
 
+TEST_F(Edits, ACopyIsBehindTheOriginalWithIdsAndANameOfItsOwn) {
+  profiles_[0].name = "Desk";
+  const auto first = duplicateProfile(profiles_, idOf(1)), second = duplicateProfile(profiles_, idOf(1));
+  ASSERT_EQ(profiles_.size(), 4u);
+  EXPECT_EQ(profiles_[1].id, second);
+  EXPECT_EQ(profiles_[2].id, first);
+  EXPECT_EQ(profiles_[1].name, "Desk 3");
+  EXPECT_EQ(profiles_[2].name, "Desk 2");
+  EXPECT_EQ(widgetsOf(profiles_[1]), widgetsOf(profiles_[0]));
+  EXPECT_NE(profiles_[1].items[0].id, profiles_[0].items[0].id);
+  EXPECT_EQ(profiles_[1].trigger, std::nullopt);
+  EXPECT_EQ(duplicateProfile(profiles_, idOf(99)), std::nullopt);
+}
+
+TEST_F(Edits, AProfileStepsToItsNeighboursPlaceAndNoFurtherThanTheEnds) {
+  EXPECT_FALSE(stepProfile(profiles_, idOf(1), -1));
+  EXPECT_FALSE(stepProfile(profiles_, idOf(99), 1));
+  EXPECT_TRUE(stepProfile(profiles_, idOf(1), 1));
+  EXPECT_EQ(profiles_[0], before_[1]);
+  EXPECT_EQ(profiles_[1], before_[0]);
+}
+
+TEST(Dragging, TheMoveAtItsEndGivesWhatTheBarHasShown) {
+  const Profile all = profile(1, "A", {}, {item(1, "a"), item(2, "b"), item(3, "c"), item(4, "d")});
+  for (const DockItem& held : all.items)
+    for (int before = 1; before <= 5; ++before) {
+      const auto slot = before <= 4 ? std::optional(idOf(before)) : std::nullopt;
+      if (slot == held.id) continue;
+      Profile moved = all;
+      if (const auto target = moveTarget(all, held.id, slot)) moved.move(held.id, *target);
+      EXPECT_EQ(moved.items, itemsWhileHeld(all.items, held, slot)) << *held.widget << " before " << before;
+    }
+  EXPECT_EQ(moveTarget(all, idOf(9), {}), std::nullopt);
+}
+
+TEST(Undo, TakesBackOneEditAndKeepsWhatCameSince) {
+  const auto a = item(1, "a"), b = item(2, "b"), c = item(3, "c"), x = item(9, "x");
+  auto a2 = item(8, "a");
+  const struct {
+    const char* what;
+    std::vector<DockItem> before, after, present, expected;
+  } rows[] = {
+      {"a removal", {a, b, c}, {a, c}, {a, c}, {a, b, c}},
+      {"of the first", {a, b}, {b}, {x, b}, {a, x, b}},
+      {"after others have moved", {a, b, c}, {a, c}, {c, a, x}, {c, a, b, x}},
+      {"when it is there again", {a, b}, {b}, {b, a2}, {b, a2}},
+      {"an addition", {a}, {a, b}, {b, x, a}, {x, a}},
+      {"a move", {a, b, c}, {b, c, a}, {b, x, c, a}, {a, x, b, c}},
+      {"of what has gone", {a, b, c}, {b, c, a}, {b, c}, {b, c}},
+  };
+  for (const auto& row : rows) {
+    std::vector<Profile> profiles{profile(1, "A", builtin, row.present)};
+    EXPECT_EQ(undo(profiles, {idOf(1), row.before, row.after}), row.present != row.expected) << row.what;
+    EXPECT_EQ(widgetsOf(profiles[0]), widgetsOf(profile(1, "A", builtin, row.expected))) << row.what;
+    EXPECT_FALSE(undo(profiles, {idOf(2), row.before, row.after})) << "another profile";
+  }
+}
+
 TEST_F(Edits, TheLastProfileCannotBeDeleted) {
   EXPECT_TRUE(deleteProfile(profiles_, idOf(1)));
   ASSERT_EQ(profiles_.size(), 1u);
