@@ -1,11 +1,13 @@
 #pragma once
 // The catalogue of the bar: what every widget is called, looks like and asks for.
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "core/base/EnumText.h"
+#include "core/base/Geometry.h"
 #include "core/widgets/DockWidget.h"
 
 namespace ambrel {
@@ -51,7 +53,35 @@ TileSize smallestSize(DockWidget widget);
 // Absent for a widget that is free.
 std::optional<ProFeature> requiredFeature(DockWidget widget);
 
+// What it shows nothing without, "a battery", for the sentence "Needs …"; empty when it needs nothing.
+std::string_view need(DockWidget widget);
+
 // Those whose title or description holds the query, letter case aside, in catalogue order; all for a blank query.
 std::vector<DockWidget> widgetsMatching(std::string_view query);
+
+// The gallery: its groups below one another, each a heading and its tiles in lines from left to right.
+struct GalleryLayout {
+  static constexpr double headingHeight = 44, gap = 12, lineHeight = 64 + 12;
+
+  struct Heading {
+    WidgetGroup group;
+    double y = 0;
+  };
+  struct Tile {
+    DockWidget widget;
+    Rect frame;  // y grows downwards here, from the top of the first heading
+    int line = 0;
+  };
+  enum class Step { left, right, up, down };
+
+  std::vector<Heading> headings{};
+  std::vector<Tile> tiles{};
+  double height = 0;
+
+  // Where an arrow key leads: along the order of the tiles, or to the nearest of the next line. The same at the ends.
+  std::size_t stepped(std::size_t from, Step step) const;
+};
+// width: of the lines; a tile that is wider still has a line of its own. Groups without widgets are left out.
+GalleryLayout galleryLayout(const std::vector<DockWidget>& widgets, double width);
 
 }  // namespace ambrel

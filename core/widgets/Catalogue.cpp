@@ -1,3 +1,6 @@
+#include <map>
+#include <set>
+
 #include "core/base/PlatformWords.h"
 #include "core/base/Text.h"
 #include "core/widgets.h"
@@ -257,6 +260,35 @@ WidgetGroup group(DockWidget widget) { return entryOf(widget).group; }
 TileSize defaultSize(DockWidget widget) { return entryOf(widget).size; }
 TileSize smallestSize(DockWidget widget) { return entryOf(widget).smallest; }
 std::optional<ProFeature> requiredFeature(DockWidget widget) { return entryOf(widget).feature; }
+
+std::string_view need(DockWidget widget) {
+  using enum DockWidget;
+  static const std::map<std::string_view, std::set<DockWidget>> needs{
+      {"the internet",
+       {weather, hourly, wind, airQuality, uvIndex, rainSoon, dailyForecast, feelsLike, secondCity, sun, currency,
+        hackerNews, latency}},
+      {"Claude Code, Codex, Cursor or Antigravity", {agents}},
+      {"Claude Code", {claudeUsage}},
+      {"Codex", {codexLimits}},
+      {"a calendar file or account", {nextEvent, agenda, reminders}},
+      {"a battery", {battery, batteryHealth}},
+      {"a Wi-Fi adapter", {wifi}},
+      {"a Bluetooth adapter", {bluetooth}},
+      {"a graphics processor that reports its load", {gpu}},
+      {"a temperature sensor", {thermal}},
+      {"an external drive", {volumes}},
+      {"a sound device", {volume}},
+      {"a microphone", {micMute}},
+      {"a Git repository", {gitStatus}},
+      {"Docker", {docker}},
+      {"Homebrew", {homebrew}},
+      {"a simulator or an emulator", {simulators}},
+      {"a media player", {nowPlaying}},
+  };
+  for (const auto& [need, widgets] : needs)
+    if (widgets.contains(widget)) return need;
+  return {};
+}
 
 std::string_view title(WidgetGroup group) {
   switch (group) {

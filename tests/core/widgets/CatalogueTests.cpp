@@ -65,5 +65,41 @@ TEST(Gallery, FindsByTitleAndDescriptionWhateverTheCase) {
   EXPECT_THAT(widgetsMatching("micMute"), Not(Contains(DockWidget::micMute)));
 }
 
+TEST(Gallery, LaysEveryWidgetOutOnceInLinesThatFit) {
+  const double width = 550;
+  const auto layout = galleryLayout(widgetsMatching(""), width);
+  ASSERT_EQ(layout.tiles.size(), 105u);
+  EXPECT_EQ(layout.headings.size(), 8u);
+  for (std::size_t i = 0; i < layout.tiles.size(); ++i) {
+    const auto& tile = layout.tiles[i];
+    EXPECT_LE(tile.frame.maxX(), width);
+    EXPECT_LE(tile.frame.maxY(), layout.height);
+    if (i == 0) continue;
+    const auto& last = layout.tiles[i - 1];
+    if (tile.line == last.line)
+      EXPECT_GE(tile.frame.x, last.frame.maxX() + 12) << nameOf(tile.widget);
+    else
+      EXPECT_GE(tile.frame.y, last.frame.maxY() + 12) << nameOf(tile.widget);
+  }
+  EXPECT_EQ(galleryLayout({DockWidget::quote}, 100).tiles[0].frame.x, 0);
+  EXPECT_EQ(galleryLayout({}, width).height, 0);
+}
+
+TEST(Gallery, ArrowsWalkToEveryTileAndBack) {
+  using Step = GalleryLayout::Step;
+  const auto layout = galleryLayout(widgetsMatching(""), 550);
+  std::size_t at = 0;
+  for (int line = 0; line < layout.tiles.back().line; ++line) {
+    const std::size_t below = layout.stepped(at, Step::down);
+    EXPECT_EQ(layout.tiles[below].line, line + 1);
+    at = below;
+  }
+  EXPECT_EQ(layout.stepped(at, Step::down), at);
+  while (layout.stepped(at, Step::right) != at) at = layout.stepped(at, Step::right);
+  EXPECT_EQ(at, 104u);
+  EXPECT_EQ(layout.stepped(0, Step::up), 0u);
+  EXPECT_EQ(layout.stepped(0, Step::left), 0u);
+}
+
 }  // namespace
 }  // namespace ambrel
