@@ -1,12 +1,15 @@
 #include "app/model/AppModel.h"
 
 #include <QQmlEngine>
+#include <algorithm>
 
 #include "app/base/Log.h"
 #include "app/base/StoredValue.h"
 
 namespace ambrel {
 namespace {
+
+constexpr std::size_t mostEdits = 50;
 
 QString text(const UUID& id) { return QString::fromStdString(id.text()); }
 
@@ -111,43 +114,83 @@ const Profile* AppModel::activeProfile() const {
   return profiles_.empty() ? nullptr : &profiles_.front();
 }
 
-void AppModel::addWidget(const std::string& widget, const UUID& profileID, const std::optional<UUID>& beforeItemID) {
+const Profile* AppModel::profileWith(const UUID& id) const {
+  const auto found = std::ranges::find(profiles_, id, &Profile::id);
+  return found == profiles_.end() ? nullptr : &*found;
+}
+
+bool AppModel::edit(auto change) {
   auto profiles = profiles_;
-  if (ambrel::addWidget(profiles, widget, profileID, beforeItemID)) edited(std::move(profiles));
+  if (!change(profiles)) return false;
+  edited(std::move(profiles));
+  return true;
+}
+
+std::optional<BarEdit> AppModel::editTiles(const UUID& profileID, auto change) {
+  const Profile* profile = profileWith(profileID);
+  if (!profile) return std::nullopt;
+  BarEdit made{.profile = profileID, .before = profile->items, .after = {}};
+  if (!edit(change)) return std::nullopt;
+  made.after = profileWith(profileID)->items;
+  if (made.after == made.before) return std::nullopt;
+  if (edits_.size() == mostEdits) edits_.erase(edits_.begin());
+  edits_.push_back(made);
+  Q_EMIT canUndoChanged();
+  return made;
+}
+
+void AppModel::undo(const BarEdit& made) {
+  if (std::erase(edits_, made) > 0) Q_EMIT canUndoChanged();
+  if (edit([&](auto& profiles) { return ambrel::undo(profiles, made); })) Q_EMIT undone();
+}
+
+void AppModel::undo() {
+  if (!edits_.empty()) undo(BarEdit(edits_.back()));
+}
+
+void AppModel::addWidget(const std::string& widget, const UUID& profileID, const std::optional<UUID>& beforeItemID) {
+  editTiles(profileID, [&](auto& profiles) { return ambrel::addWidget(profiles, widget, profileID, beforeItemID); });
 }
 
 void AppModel::removeWidget(const std::string& widget, const UUID& profileID) {
-  auto profiles = profiles_;
-  if (ambrel::removeWidget(profiles, widget, profileID)) edited(std::move(profiles));
+  editTiles(profileID, [&](auto& profiles) { return ambrel::removeWidget(profiles, widget, profileID); });
 }
 
 void AppModel::moveItem(const UUID& itemID, const UUID& targetID, const UUID& profileID) {
-  auto profiles = profiles_;
-  if (ambrel::moveItem(profiles, itemID, targetID, profileID)) edited(std::move(profiles));
+  editTiles(profileID, [&](auto& profiles) { return ambrel::moveItem(profiles, itemID, targetID, profileID); });
 }
 
 void AppModel::removeItem(const UUID& itemID, const UUID& profileID) {
-  auto profiles = profiles_;
-  if (ambrel::removeItem(profiles, itemID, profileID)) edited(std::move(profiles));
+  const auto made =
+      editTiles(profileID, [&](auto& profiles) { return ambrel::removeItem(profiles, itemID, profileID); });
+  if (made) Q_EMIT itemRemoved(*std::ranges::find(made->before, itemID, &DockItem::id), *made);
+}
+
+void AppModel::placeItem(const DockItem& item, const UUID& profileID, const std::optional<UUID>& before) {
+  const Profile* profile = profileWith(profileID);
+  if (!profile) return;
+  if (std::ranges::find(profile->items, item.id, &DockItem::id) == profile->items.end())
+    editTiles(profileID, [&](auto& profiles) { return ambrel::insertItem(profiles, item, profileID, before); });
+  else if (const auto target = moveTarget(*profile, item.id, before))
+    moveItem(item.id, *target, profileID);
 }
 
 UUID AppModel::addProfile(std::string name, std::optional<DisplayContext> trigger) {
-  auto profiles = profiles_;
-  const UUID id = ambrel::addProfile(profiles, std::move(name), trigger);
-  edited(std::move(profiles));
+  UUID id;
+  edit([&](auto& profiles) {
+    id = ambrel::addProfile(profiles, std::move(name), trigger);
+    return true;
+  });
   return id;
 }
 
 void AppModel::deleteProfile(const UUID& id) {
-  auto profiles = profiles_;
-  if (!ambrel::deleteProfile(profiles, id)) return;
-  edited(std::move(profiles));
-  if (pinnedProfileID_ == id) setPinnedProfileID(std::nullopt);
+  if (edit([&](auto& profiles) { return ambrel::deleteProfile(profiles, id); }) && pinnedProfileID_ == id)
+    setPinnedProfileID(std::nullopt);
 }
 
 void AppModel::renameProfile(const UUID& id, const std::string& name) {
-  auto profiles = profiles_;
-  if (ambrel::renameProfile(profiles, id, name)) edited(std::move(profiles));
+  edit([&](auto& profiles) { return ambrel::renameProfile(profiles, id, name); });
 }
 
 void AppModel::refreshDisplays() {
@@ -186,6 +229,30 @@ void AppModel::deleteProfile(const QString& id) {
 
 void AppModel::renameProfile(const QString& id, const QString& name) {
   if (const auto profile = parsed(id)) renameProfile(*profile, name.toStdString());
+}
+
+void AppModel::duplicateProfile(const QString& id) {
+  if (const auto profile = parsed(id))
+    edit([&](auto& profiles) { return ambrel::duplicateProfile(profiles, *profile).has_value(); });
+}
+
+void AppModel::setTrigger(const QString& id, const QString& trigger) {
+  if (const auto profile = parsed(id))
+    edit([&](auto& profiles) {
+      return ambrel::setTrigger(profiles, *profile, fromName<DisplayContext>(trigger.toStdString()));
+    });
+}
+
+void AppModel::stepProfile(const QString& id, int step) {
+  if (const auto profile = parsed(id))
+    edit([&](auto& profiles) { return ambrel::stepProfile(profiles, *profile, step); });
+}
+
+void AppModel::stepItem(const QString& itemID, int step) {
+  const Profile* active = activeProfile();
+  const auto item = parsed(itemID);
+  if (!active || !item) return;
+  if (const auto target = neighbour(*active, *item, step)) moveItem(*item, *target, UUID(active->id));
 }
 
 bool AppModel::isOnBar(const QString& widget) const {

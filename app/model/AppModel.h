@@ -29,6 +29,8 @@ class AppModel : public QObject {
   Q_PROPERTY(QString activeProfileID READ activeProfileID NOTIFY activeProfileChanged)
   // "" while the displays choose.
   Q_PROPERTY(QString pinnedProfileID READ pinnedProfileText WRITE setPinnedProfileText NOTIFY pinnedProfileIDChanged)
+  // There is an edit of a profile's tiles to take back.
+  Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
 
  public:
   using ListDisplays = std::function<std::vector<DisplaySnapshot>()>;
@@ -58,10 +60,15 @@ class AppModel : public QObject {
   void removeWidget(const std::string& widget, const UUID& profileID);
   void moveItem(const UUID& itemID, const UUID& targetID, const UUID& profileID);
   void removeItem(const UUID& itemID, const UUID& profileID);
+  // A new slot, or one that is there already, comes to be in front of `before`; at the end without one.
+  void placeItem(const DockItem& item, const UUID& profileID, const std::optional<UUID>& before);
   UUID addProfile(std::string name, std::optional<DisplayContext> trigger);
   void deleteProfile(const UUID& id);
   // An empty name changes nothing.
   void renameProfile(const UUID& id, const std::string& name);
+  // Edits of the tiles can be taken back, from the last on or one of them; what others have written is not among them.
+  bool canUndo() const { return !edits_.empty(); }
+  void undo(const BarEdit& edit);
   // To be called at each change of the screens. No screens at all are a passing state and change nothing.
   void refreshDisplays();
 
@@ -74,6 +81,13 @@ class AppModel : public QObject {
   Q_INVOKABLE QString addProfile(const QString& name, const QString& trigger);
   Q_INVOKABLE void deleteProfile(const QString& id);
   Q_INVOKABLE void renameProfile(const QString& id, const QString& name);
+  Q_INVOKABLE void duplicateProfile(const QString& id);
+  Q_INVOKABLE void setTrigger(const QString& id, const QString& trigger);
+  // So many places towards the end; nothing happens beyond the ends. Tiles: of the active profile.
+  Q_INVOKABLE void stepProfile(const QString& id, int step);
+  Q_INVOKABLE void stepItem(const QString& itemID, int step);
+  // Takes the last edit of the tiles back.
+  Q_INVOKABLE void undo();
   // Whether a widget is in the active profile.
   Q_INVOKABLE bool isOnBar(const QString& widget) const;
 
@@ -89,12 +103,22 @@ class AppModel : public QObject {
   void displaysChanged();
   // Another profile is active, or the active one has changed.
   void activeProfileChanged();
+  void canUndoChanged();
+  // An edit was taken back.
+  void undone();
+  // The user has taken a tile off the bar.
+  void itemRemoved(const ambrel::DockItem& item, const ambrel::BarEdit& edit);
 
  private:
   void load();
   void save();
   void takeOver();
   void edited(std::vector<Profile> profiles);
+  // `change` is a function from a list of profiles to whether it is to be saved.
+  bool edit(auto change);
+  // As edit, for the tiles of a profile. Absent: nothing differs.
+  std::optional<BarEdit> editTiles(const UUID& profileID, auto change);
+  const Profile* profileWith(const UUID& id) const;
   // Brings what follows from the fields up to date.
   void update();
 
@@ -106,6 +130,7 @@ class AppModel : public QObject {
   std::vector<Profile> profiles_;
   std::optional<UUID> pinnedProfileID_;
   std::vector<DisplaySnapshot> displays_;
+  std::vector<BarEdit> edits_;  // the last ones, oldest first
   // What the last `activeProfileChanged` spoke of.
   std::optional<Profile> shownProfile_;
   GadgetListModel<ProfileRow, &ProfileRow::profile> profileList_;

@@ -221,6 +221,33 @@ class AppModelTests : public QObject {
     QCOMPARE(reset.count(), 0);
   }
 
+  void editsOfTilesAreTakenBackInTurnAndThoseOfOthersAreNot() {
+    Fixture f;
+    f.start();
+    QSignalSpy removed(f.model.get(), &AppModel::itemRemoved);
+    const auto& items = f.model->profiles()[0].items;
+    const UUID id = f.model->profiles()[0].id;
+    const auto first = widgetsOf(f.model->profiles()[0]);
+    QVERIFY(!f.model->canUndo());
+    f.model->stepItem(QString::fromStdString(items[0].id.text()), 1);
+    f.model->stepItem(QString::fromStdString(items[0].id.text()), -1);
+    f.model->removeItem(items[4].id, id);
+    QCOMPARE(removed.count(), 1);
+    const auto edit = removed[0][1].value<BarEdit>();
+    f.model->placeItem(DockItem::holding("battery"), id, items[1].id);
+    QCOMPARE(widgetsOf(f.stored()[0]), (std::vector<std::string>{"weather", "battery", "clipboard", "disk", "cpu"}));
+    // Out of turn, by the button of its message, and then the others.
+    f.model->undo(edit);
+    QCOMPARE(widgetsOf(f.stored()[0]),
+             (std::vector<std::string>{"weather", "battery", "clipboard", "disk", "cpu", "clock"}));
+    f.model->undo();
+    f.model->undo();
+    QCOMPARE(widgetsOf(f.stored()[0]), first);
+    QVERIFY(!f.model->canUndo());
+    f.model->undo();
+    QCOMPARE(widgetsOf(f.stored()[0]), first);
+  }
+
   void theLicenceTellsWhenItBecomesPro() {
     LicenseManager license;
     QVERIFY(license.isPro());
