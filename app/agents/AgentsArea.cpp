@@ -21,4 +21,9 @@ bool AgentsArea::answerNotification(const std::string& identifier, const std::st
   return true;
 }
 
+QVariantMap AgentsArea::sample(DockWidget /*widget*/) {
+  const AgentCounts counts{.needsInput = 2, .working = 3, .finished = 1, .idle = 0};
+  return {{QStringLiteral("face"), QVariant::fromValue(agentsFace(counts, std::vector<AgentFace>(6)))}};
+}
+
 }  // namespace ambrel

@@ -23,6 +23,7 @@ class AgentsArea : public Area {
   AgentsModel* agents() { return &agents_; }
   AgentHooksModel* claudeHooks() { return &claudeHooks_; }
   AgentHooksModel* codexHooks() { return &codexHooks_; }
+  QVariantMap sample(DockWidget widget) override;
   // What is no other area's is the id of a session.
   bool answerNotification(const std::string& identifier, const std::string& action) override;
 

@@ -7,25 +7,26 @@ TileFrame {
     id: root
 
     required property AgentsModel agents
-    readonly property bool hasWaiting: agents.face.needsInput > 0
-    readonly property bool hasWorking: agents.face.working > 0
-    readonly property bool hasFinished: agents.face.finished > 0
-    readonly property bool isAlone: agents.face.count === 1 && !isNarrow
+    property agentsFace face: agents.face
+    readonly property bool hasWaiting: face.needsInput > 0
+    readonly property bool hasWorking: face.working > 0
+    readonly property bool hasFinished: face.finished > 0
+    readonly property bool isAlone: face.count === 1 && !isNarrow
     readonly property bool isQuiet: !hasWaiting && !hasWorking && !hasFinished && !isAlone
 
     panel: Qt.resolvedUrl("AgentsPanelView.qml")
-    label: name + ", " + agents.face.summary
-    tip: agents.face.summary
-    value: isQuiet ? (agents.face.count > 0 ? qsTr("Idle") : qsTr("Quiet")) : ""
+    label: name + ", " + face.summary
+    tip: face.summary
+    value: isQuiet ? (face.count > 0 ? qsTr("Idle") : qsTr("Quiet")) : ""
     valueColor: Theme.ink2
-    subLine: !isQuiet ? "" : agents.face.count === 0 ? qsTr("No sessions") : agents.face.count === 1 ? qsTr("1 session") : qsTr("%1 sessions").arg(agents.face.count)
+    subLine: !isQuiet ? "" : face.count === 0 ? qsTr("No sessions") : face.count === 1 ? qsTr("1 session") : qsTr("%1 sessions").arg(face.count)
 
     AgentTile {
         visible: root.isAlone
         y: root.valueTop + 1
         width: parent.width
         height: 34
-        session: root.agents.face.first
+        session: root.face.first
         onAction: root.agents.openSession(session.sessionId)
     }
     Row {
@@ -42,7 +43,7 @@ TileFrame {
             id: waiting
 
             visible: root.hasWaiting
-            count: root.agents.face.needsInput
+            count: root.face.needsInput
             word: qsTr("need you")
             tone: Theme.orange
         }
@@ -50,7 +51,7 @@ TileFrame {
             id: working
 
             visible: root.hasWorking && !(root.isNarrow && root.hasWaiting)
-            count: root.agents.face.working
+            count: root.face.working
             word: qsTr("working")
             tone: Theme.blue
         }
@@ -58,7 +59,7 @@ TileFrame {
             id: finished
 
             visible: root.hasFinished && !(root.isNarrow && (root.hasWaiting || root.hasWorking))
-            count: root.agents.face.finished
+            count: root.face.finished
             word: qsTr("done")
             tone: Theme.green
         }

@@ -2,6 +2,7 @@
 // A part of the program: its models, and what it offers to the bar, to Buddy and to the desktop.
 
 #include <QObject>
+#include <QVariantMap>
 #include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <optional>
@@ -71,6 +72,9 @@ class Area : public QObject {
   // Says whether the command is the area's.
   virtual bool carryOut(const Wish& /*wish*/) { return false; }
   virtual std::vector<AreaKey> keys() { return {}; }
+  // Properties of the widget's tile that make it an example of itself, for the gallery: nothing is read for it. Empty
+  // where the tile has something to show anyway.
+  virtual QVariantMap sample(DockWidget /*widget*/) { return {}; }
 
  Q_SIGNALS:
   // Something for Buddy to say, and something that moves him; without a length it moves him once.

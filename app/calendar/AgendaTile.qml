@@ -8,17 +8,18 @@ TileFrame {
     id: root
 
     required property CalendarModel calendar
+    property calendarFace face: calendar.face
     readonly property RowList events: calendar.today
     readonly property bool hasList: !isUnavailable && events.count > 0
 
     panel: Qt.resolvedUrl("CalendarPanel.qml")
-    problem: calendar.face.problem
+    problem: face.problem
     hasHeader: !hasList
-    label: isUnavailable ? spoken : title + ", " + calendar.face.todaySummary
-    tip: hasList ? calendar.face.todaySummary : ""
+    label: isUnavailable ? spoken : title + ", " + face.todaySummary
+    tip: hasList ? face.todaySummary : ""
     value: hasList || isUnavailable ? "" : qsTr("Nothing left today")
     valueRole: Theme.rowTitle
-    subLine: hasList || calendar.face.next.eventId === "" ? "" : qsTr("Next: %1").arg(calendar.face.next.when)
+    subLine: hasList || face.next.eventId === "" ? "" : qsTr("Next: %1").arg(face.next.when)
 
     Column {
         visible: root.hasList

@@ -29,6 +29,13 @@ class CalendarArea : public Area {
     const bool hasTile = onBar.contains(nextEvent) || onBar.contains(agenda) || onBar.contains(reminders);
     calendar_.setSeen(areSeen && hasTile, now);
   }
+  QVariantMap sample(DockWidget widget) override {
+    const CalendarFace face = sampleCalendarFace();
+    QVariantMap properties{{QStringLiteral("face"), QVariant::fromValue(face)}};
+    if (widget == DockWidget::agenda)
+      properties.insert({{QStringLiteral("value"), face.next.title}, {QStringLiteral("subLine"), face.todaySummary}});
+    return properties;
+  }
   void defaultsChanged(const std::set<std::string>& keys) override {
     for (const std::string& key : keys)
       if (key.starts_with("calendar")) return calendar_.reload();

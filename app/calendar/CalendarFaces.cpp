@@ -146,4 +146,20 @@ SourceRow sourceRow(const CalendarSource& source, const std::string& home) {
   return row;
 }
 
+CalendarFace sampleCalendarFace() {
+  const QString meeting = QObject::tr("Stand-up"), soon = QObject::tr("in 6 min");
+  return {.problem = {},
+          .next = {.id = QStringLiteral("next"),
+                   .title = meeting,
+                   .time = QStringLiteral("10:00 – 10:30"),
+                   .start = QStringLiteral("10:00"),
+                   .wait = soon,
+                   .when = soon},
+          .leftToday = 3,
+          .todaySummary = QObject::tr("%1 left today").arg(3),
+          .task = {.id = QStringLiteral("task"), .title = QObject::tr("Call the bank"), .when = QObject::tr("Today")},
+          .dueTasks = 2,
+          .openTasks = 5};
+}
+
 }  // namespace ambrel

@@ -76,4 +76,7 @@ struct CalendarFace {
   bool operator==(const CalendarFace&) const = default;
 };
 
+// An example of a day.
+CalendarFace sampleCalendarFace();
+
 }  // namespace ambrel

@@ -7,12 +7,13 @@ TileFrame {
     id: root
 
     required property CalendarModel calendar
-    readonly property eventRow next: calendar.face.next
+    property calendarFace face: calendar.face
+    readonly property eventRow next: face.next
     readonly property bool hasEvent: next.eventId !== ""
     readonly property bool canJoin: hasEvent && next.hasLink && (next.isNear || next.isNow)
 
     panel: Qt.resolvedUrl("CalendarPanel.qml")
-    problem: calendar.face.problem
+    problem: face.problem
     name: isMedium && hasEvent ? next.when : caption
     label: hasEvent && !isUnavailable ? title + ", " + next.title + ", " + next.when + ", " + next.time : spoken
     tip: hasEvent && !isUnavailable ? next.title + ", " + next.when : ""

@@ -27,14 +27,15 @@ void TileHost::make() {
   const auto widget = fromName<DockWidget>(widget_.toStdString());
   const auto source = tileSources().find(widget_);
   tile_.reset();
-  if (const Area* area =
+  if (Area* area =
           widget && source != tileSources().end() && context_ ? context_->area(source->second.area) : nullptr) {
-    tile_.reset(makeItem(*qmlEngine(this), source->second.url, context_->modelsFor(area),
-                         {{QStringLiteral("widget"), widget_},
-                          {QStringLiteral("title"), toQString(title(*widget))},
-                          {QStringLiteral("shortTitle"), toQString(shortTitle(*widget))},
-                          {QStringLiteral("description"), toQString(description(*widget))},
-                          {QStringLiteral("widgetSymbol"), toQString(symbol(*widget))}}));
+    QVariantMap properties = isSample_ ? area->sample(*widget) : QVariantMap();
+    properties.insert({{QStringLiteral("widget"), widget_},
+                       {QStringLiteral("title"), toQString(title(*widget))},
+                       {QStringLiteral("shortTitle"), toQString(shortTitle(*widget))},
+                       {QStringLiteral("description"), toQString(description(*widget))},
+                       {QStringLiteral("widgetSymbol"), toQString(symbol(*widget))}});
+    tile_.reset(makeItem(*qmlEngine(this), source->second.url, context_->modelsFor(area), properties));
   }
   if (tile_) {
     tile_->setParentItem(this);

@@ -8,7 +8,7 @@ TileFrame {
 
     required property TelemetryArea area
     readonly property LiveFace face: area.face(widget)
-    readonly property tileReading reading: face.reading
+    property tileReading reading: face.reading
     readonly property bool hasMessage: reading.message !== ""
     // The value in the colour of its level.
     readonly property color levelColor: reading.level === 0 ? Theme.ink : Theme.levelTone(reading.level, Theme.neutral).text

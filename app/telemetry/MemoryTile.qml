@@ -4,7 +4,7 @@ import Ambrel.Telemetry
 
 RingTile {
     required property TelemetryArea area
-    readonly property tileReading reading: area.face("memory").reading
+    property tileReading reading: area.face("memory").reading
 
     panel: Qt.resolvedUrl("MemoryPanel.qml")
     percent: reading.percent

@@ -29,6 +29,7 @@ std::optional<DisplayReading> mainDisplay() {
 TelemetryArea::TelemetryArea(LiveSeams seams, Shell& shell, QObject* parent)
     : Area(QStringLiteral("Telemetry"), parent),
       shell_(shell),
+      calendar_(seams.calendar),
       live_(std::move(seams)),
       processorNeed_(live_.require(live_.processor(), live_.processor().interval())),
       diskNeed_(live_.require(live_.startUpVolume(), live_.startUpVolume().interval())) {

@@ -26,6 +26,7 @@ class TelemetryArea : public Area {
   Q_INVOKABLE ambrel::LiveFace* face(const QString& widget);
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  QVariantMap sample(DockWidget widget) override;
   void tick(Instant now) override { live_.tick(now); }
   void addSignals(BuddySignals& signals, Instant now) override;
 
@@ -33,6 +34,7 @@ class TelemetryArea : public Area {
   void followMainDisplay();
 
   Shell& shell_;
+  PresentCalendar calendar_;
   LiveModels live_;
   // The processor's chart and Buddy's rules need these all the time, and charts also while the bar is hidden.
   LiveModels::Need processorNeed_, diskNeed_, memoryNeed_, networkNeed_;

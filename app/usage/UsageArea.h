@@ -22,10 +22,13 @@ class UsageArea : public Area {
   AIUsageModel* usage() { return &usage_; }
   ClaudeStatusLineModel* statusLine() { return &statusLine_; }
   ClaudeBudgetModel* budget() { return &budget_; }
+  QVariantMap sample(DockWidget widget) override;
   void zoneChanged(Instant /*now*/) override { usage_.refresh(); }
   void addSignals(BuddySignals& signals, Instant now) override;
 
  private:
+  PresentCalendar calendar_;
+  std::function<Instant()> now_;
   AIUsageModel usage_;
   ClaudeStatusLineModel statusLine_;
   ClaudeBudgetModel budget_;

@@ -4,17 +4,17 @@ import QtQuick
 WeatherFrame {
     id: root
 
-    fact: isWide ? weather.texts.airScale : ""
-    value: weather.texts.airValue
-    subLine: weather.texts.airLabel
+    fact: isWide ? texts.airScale : ""
+    value: texts.airValue
+    subLine: texts.airLabel
     reserved: isSmall ? 0 : 40
-    problem: value !== "" ? "" : weather.texts.problem !== "" ? weather.texts.problem : qsTr("No reading")
-    staleSince: weather.texts.airStaleSince
-    tip: isUnavailable ? "" : weather.texts.particles === "" ? weather.texts.airSummary : weather.texts.airSummary + ", " + weather.texts.particles
+    problem: value !== "" ? "" : texts.problem !== "" ? texts.problem : qsTr("No reading")
+    staleSince: texts.airStaleSince
+    tip: isUnavailable ? "" : texts.particles === "" ? texts.airSummary : texts.airSummary + ", " + texts.particles
 
     BandMark {
         visible: !root.isSmall && band >= 0
-        band: root.weather.texts.airBand
+        band: root.texts.airBand
         count: 6
         opacity: root.markOpacity
         anchors.right: parent.right

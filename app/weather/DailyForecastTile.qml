@@ -1,6 +1,6 @@
 // The next seven days.
 ForecastTile {
-    entries: weather.texts.days
-    summary: weather.texts.daysSummary
+    entries: texts.days
+    summary: texts.daysSummary
     hasLows: true
 }

@@ -3,9 +3,9 @@ import Ambrel.Kit
 
 // The temperature as it feels.
 WeatherFrame {
-    value: weather.texts.feelsLike
+    value: texts.feelsLike
     valueRole: Theme.clock
-    subLine: weather.texts.feelsLikeDetail
-    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
-    tip: isUnavailable ? "" : weather.texts.feelsLikeSummary
+    subLine: texts.feelsLikeDetail
+    problem: texts.problem !== "" ? texts.problem : value === "" ? qsTr("No reading") : ""
+    tip: isUnavailable ? "" : texts.feelsLikeSummary
 }

@@ -9,7 +9,7 @@ WeatherFrame {
     property bool hasLows: false
 
     hasHeader: isUnavailable && !isSmall
-    problem: weather.texts.problem !== "" ? weather.texts.problem : entries.length === 0 ? qsTr("The forecast has run out") : ""
+    problem: texts.problem !== "" ? texts.problem : entries.length === 0 ? qsTr("The forecast has run out") : ""
     label: isUnavailable ? spoken : name + ", " + summary + (isStale ? ", " + staleSince : "")
 
     ForecastRow {

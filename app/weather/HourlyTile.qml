@@ -1,5 +1,5 @@
 // The next hours.
 ForecastTile {
-    entries: weather.texts.hours
-    summary: weather.texts.hoursSummary
+    entries: texts.hours
+    summary: texts.hoursSummary
 }

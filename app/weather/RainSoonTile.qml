@@ -6,14 +6,14 @@ WeatherFrame {
     id: root
 
     // A narrow tile needs its width for the words.
-    readonly property bool hasDrop: weather.texts.isWet && isWide
+    readonly property bool hasDrop: texts.isWet && isWide
 
     // The summary says itself when there is no forecast.
     problem: ""
-    value: weather.texts.rainTitle
+    value: texts.rainTitle
     valueRole: Theme.rowTitle
-    valueColor: weather.texts.isWet ? Theme.blue.text : Theme.ink
-    subLine: weather.texts.rainDetail
+    valueColor: texts.isWet ? Theme.blue.text : Theme.ink
+    subLine: texts.rainDetail
     reserved: hasDrop ? 26 : 0
 
     Symbol {

@@ -5,9 +5,9 @@ SkyTile {
             weather: weather,
             hasScale: false
         })
-    name: weather.texts.place
+    name: texts.place
     ownSymbol: "building.2"
-    fact: isWide ? weather.texts.localTime : ""
+    fact: isWide ? texts.localTime : ""
     // The picture shows the sky where there is no room for both.
-    subLine: isWide ? weather.texts.condition : weather.texts.localTime
+    subLine: isWide ? texts.condition : texts.localTime
 }

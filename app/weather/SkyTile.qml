@@ -9,15 +9,15 @@ WeatherFrame {
     required property string ownSymbol
 
     symbol: isSmall && !isUnavailable ? "" : ownSymbol
-    value: weather.texts.temperature
+    value: texts.temperature
     valueRole: Theme.clock
     reserved: isNarrow ? 0 : 28
-    tip: isUnavailable ? "" : weather.texts.summary
+    tip: isUnavailable ? "" : texts.summary
 
     // In a small tile it replaces the symbol.
     WeatherPicture {
         visible: root.isSmall
-        name: root.weather.texts.symbol
+        name: root.texts.symbol
         size: 22
         opacity: root.markOpacity
         anchors.horizontalCenter: parent.horizontalCenter
@@ -25,7 +25,7 @@ WeatherFrame {
     }
     WeatherPicture {
         visible: !root.isSmall
-        name: root.weather.texts.symbol
+        name: root.texts.symbol
         opacity: root.markOpacity
         anchors.right: parent.right
         // In a narrow tile the line below it needs the whole width.

@@ -5,18 +5,18 @@ import Ambrel.Kit
 WeatherFrame {
     id: root
 
-    readonly property bool isPolar: weather.texts.sunTime === "" && weather.texts.sunTitle !== ""
+    readonly property bool isPolar: texts.sunTime === "" && texts.sunTitle !== ""
 
-    name: weather.texts.sunTitle !== "" && !isPolar ? weather.texts.sunTitle : caption
-    value: isPolar ? weather.texts.sunTitle : weather.texts.sunTime
+    name: texts.sunTitle !== "" && !isPolar ? texts.sunTitle : caption
+    value: isPolar ? texts.sunTitle : texts.sunTime
     valueRole: isPolar ? Theme.rowTitle : Theme.value
-    subLine: weather.texts.sunDetail
-    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No sunrise or sunset") : ""
+    subLine: texts.sunDetail
+    problem: texts.problem !== "" ? texts.problem : value === "" ? qsTr("No sunrise or sunset") : ""
     tip: isUnavailable ? "" : name + ", " + value + (subLine === "" ? "" : ", " + subLine)
 
     // How far the day has come.
     Rectangle {
-        visible: root.weather.texts.dayPercent >= 0 && !root.isSmall && !root.isStale
+        visible: root.texts.dayPercent >= 0 && !root.isSmall && !root.isStale
         anchors.right: parent.right
         y: Theme.caption.line / 2 - 2
         width: 22
@@ -25,7 +25,7 @@ WeatherFrame {
         color: Theme.track
 
         Rectangle {
-            width: Math.max(4, parent.width * root.weather.texts.dayPercent / 100)
+            width: Math.max(4, parent.width * root.texts.dayPercent / 100)
             height: 4
             radius: 2
             color: Theme.yellow.mark

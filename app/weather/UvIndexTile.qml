@@ -4,15 +4,15 @@ import QtQuick
 WeatherFrame {
     id: root
 
-    value: weather.texts.uvIndex
-    subLine: weather.texts.uvLabel
+    value: texts.uvIndex
+    subLine: texts.uvLabel
     reserved: isSmall ? 0 : 32
-    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
-    tip: isUnavailable ? "" : weather.texts.uvSummary
+    problem: texts.problem !== "" ? texts.problem : value === "" ? qsTr("No reading") : ""
+    tip: isUnavailable ? "" : texts.uvSummary
 
     BandMark {
         visible: !root.isSmall && band >= 0
-        band: root.weather.texts.uvBand
+        band: root.texts.uvBand
         count: 5
         opacity: root.markOpacity
         anchors.right: parent.right

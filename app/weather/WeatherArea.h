@@ -30,6 +30,7 @@ class WeatherArea : public Area {
   // Which of the two are shown; no requests are made for the other.
   void setWanted(bool isMainWanted, bool isSecondWanted);
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  QVariantMap sample(DockWidget widget) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:

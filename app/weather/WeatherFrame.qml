@@ -8,14 +8,15 @@ TileFrame {
 
     required property WeatherArea area
     property WeatherModel weather: area.main
+    property weatherTexts texts: weather.texts
 
     panel: Qt.resolvedUrl("WeatherPanel.qml")
     panelProperties: ({
             weather: weather
         })
 
-    problem: weather.texts.problem
-    staleSince: weather.texts.staleSince
+    problem: texts.problem
+    staleSince: texts.staleSince
 
     LiveTimeline {
         schedule: LiveTimeline.EveryMinute

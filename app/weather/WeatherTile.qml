@@ -1,7 +1,7 @@
 // The present weather of the chosen place.
 SkyTile {
-    name: isNarrow ? title : weather.texts.place
+    name: isNarrow ? title : texts.place
     ownSymbol: "mappin"
-    fact: isWide ? weather.texts.highLow : ""
-    subLine: weather.texts.condition
+    fact: isWide ? texts.highLow : ""
+    subLine: texts.condition
 }

@@ -5,13 +5,13 @@ import Ambrel.Kit
 WeatherFrame {
     id: root
 
-    readonly property bool hasDirection: weather.texts.windFrom !== ""
+    readonly property bool hasDirection: texts.windFrom !== ""
 
-    value: weather.texts.wind
-    unit: weather.texts.windUnit
-    subLine: hasDirection ? qsTr("from %1").arg(weather.texts.windFrom) : ""
+    value: texts.wind
+    unit: texts.windUnit
+    subLine: hasDirection ? qsTr("from %1").arg(texts.windFrom) : ""
     reserved: isSmall || !hasDirection ? 0 : 20
-    problem: weather.texts.problem !== "" ? weather.texts.problem : value === "" ? qsTr("No reading") : ""
+    problem: texts.problem !== "" ? texts.problem : value === "" ? qsTr("No reading") : ""
 
     Symbol {
         visible: root.hasDirection && !root.isSmall
@@ -19,7 +19,7 @@ WeatherFrame {
         size: 18
         color: Theme.blue.mark
         opacity: root.markOpacity
-        rotation: root.weather.texts.windDegrees + 180
+        rotation: root.texts.windDegrees + 180
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 2
