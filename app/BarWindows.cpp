@@ -48,6 +48,7 @@ BarWindows::BarWindows(const Services& services, Areas& areas, WidgetContext& co
              .windowStyle = with_.desktop.windowStyle,
              .now = with_.surroundings.now,
              .later = with_.later}),
+      dragPicture_(with_.engine, context, with_.desktop.windowStyle),
       panels_(with_.engine, context, with_.desktop.windowStyle, with_.later,
               [this](const QString& item) { return dock_.anchor(item); }),
       bubble_(with_.engine, with_.desktop.windowStyle, with_.later, areas.notices(),
@@ -63,6 +64,7 @@ BarWindows::BarWindows(const Services& services, Areas& areas, WidgetContext& co
   followPanels();
   followContext();
   followBubble();
+  followEdits();
   followAgents();
   dock_.start();
 }
@@ -170,6 +172,21 @@ void BarWindows::followBubble() {
   on(&Center::diskCleanupAsked, [this] { areas_.disk.open(); });
 }
 
+void BarWindows::followEdits() {
+  connect(&with_.model, &AppModel::itemRemoved, wiring_.get(), [this](const DockItem& item, const BarEdit& edit) {
+    const auto widget = fromName<DockWidget>(item.widget.value_or(""));
+    const QString name = widget ? toQString(title(*widget)) : QString::fromStdString(item.widget.value_or(""));
+    removalMessage_ = with_.toast.show({.title = tr("%1 is off the bar").arg(name),
+                                        .detail = {},
+                                        .symbol = QStringLiteral("trash"),
+                                        .action = tr("Undo"),
+                                        .onAction = [this, edit] { with_.model.undo(edit); },
+                                        .above = {},
+                                        .screen = {}});
+  });
+  connect(&with_.model, &AppModel::undone, wiring_.get(), [this] { with_.toast.withdraw(removalMessage_); });
+}
+
 void BarWindows::followAgents() {
   peeker_.gatherMore = [this](PeekSignals& signals) {
     for (Area* area : areas_) area->addPeeks(signals, with_.surroundings.now());
@@ -220,7 +237,8 @@ DockPopoverController& BarWindows::inboxPanel() {
 }
 
 DockPopoverController& BarWindows::customizePanel() {
-  return panel("Panels", "CustomizeView", {{QStringLiteral("gallery"), toVariant(gallery_)}});
+  return panel("Panels", "CustomizeView",
+               {{QStringLiteral("gallery"), toVariant(gallery_)}, {QStringLiteral("context"), toVariant(context_)}});
 }
 
 DockPopoverController& BarWindows::settingsPanel() {

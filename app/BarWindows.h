@@ -12,6 +12,7 @@
 #include "app/dock/BubbleController.h"
 #include "app/dock/ContextPeeker.h"
 #include "app/dock/DockPanelController.h"
+#include "app/dock/DragPicture.h"
 #include "app/panels/GalleryModel.h"
 #include "app/shelf/ShelfPanelController.h"
 #include "app/window/TipController.h"
@@ -55,6 +56,7 @@ class BarWindows : public QObject {
   void followDock();
   void followPanels();
   void followBubble();
+  void followEdits();
   void followAgents();
   void panelsChanged();
   void followPresses();
@@ -69,11 +71,13 @@ class BarWindows : public QObject {
   std::unique_ptr<PointerMonitor> dockPointer_, shelfPointer_;
   ShelfPanelController shelf_;
   DockPanelController dock_;
+  DragPicture dragPicture_;
   BarPanels panels_;
   BubbleController bubble_;
   TipController tips_;
   ContextPeeker peeker_;
-  Instant bubblePeek_{};  // until when the bubble's peek lasts
+  int removalMessage_ = 0;  // that a tile is off the bar
+  Instant bubblePeek_{};    // until when the bubble's peek lasts
   bool followsPresses_ = false;
   // What the connections between the areas and the bar belong to. It ends first: a tile that has the keyboard loses it
   // when the bar's window ends, and that is of no interest any more.

@@ -10,6 +10,7 @@
 
 #include "app/base/Area.h"
 #include "app/context/BarLimits.h"
+#include "app/context/TileDrag.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
 
@@ -23,6 +24,7 @@ class WidgetContext : public QObject {
   Q_PROPERTY(ambrel::AppModel* model READ model CONSTANT)
   Q_PROPERTY(ambrel::AppSettings* settings READ settings CONSTANT)
   Q_PROPERTY(ambrel::BarLimits* barLimits READ barLimits CONSTANT)
+  Q_PROPERTY(ambrel::TileDrag* drag READ drag CONSTANT)
   // Whether the tiles are on screen; otherwise their models need not update.
   Q_PROPERTY(bool widgetsActive READ widgetsActive NOTIFY widgetsActiveChanged)
   // The widgets that the licence does not allow.
@@ -34,6 +36,7 @@ class WidgetContext : public QObject {
   AppModel* model() const { return &model_; }
   AppSettings* settings() const { return &settings_; }
   BarLimits* barLimits() { return &barLimits_; }
+  TileDrag* drag() { return &drag_; }
   bool widgetsActive() const { return widgetsActive_; }
   void setWidgetsActive(bool active);
   const QStringList& lockedWidgets() const { return lockedWidgets_; }
@@ -78,6 +81,7 @@ class WidgetContext : public QObject {
   AppModel& model_;
   AppSettings& settings_;
   BarLimits barLimits_;
+  TileDrag drag_{model_};
   std::vector<Area*> areas_;
   QStringList lockedWidgets_;
   bool widgetsActive_ = false;

@@ -8,6 +8,7 @@
 #include "app/kit/KeyboardFocus.h"
 #include "app/kit/Theme.h"
 #include "app/window/PanelWindow.h"
+#include "core/dock/DragScroll.h"
 
 namespace ambrel {
 namespace {
@@ -65,10 +66,20 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
     tick(seams_.now());
   });
   connect(context_.model(), &AppModel::activeProfileChanged, this, [this] { updatePosition(); });
+  dragScroll_.setInterval(16);
+  connect(&dragScroll_, &QTimer::timeout, this, &DockPanelController::scrollForDrag);
+  connect(context_.drag(), &TileDrag::moved, this, [this] {
+    if (!dragScroll_.isActive()) scrollForDrag();
+  });
+  context_.drag()->spotAt = [this](const QPoint& at) { return spotAt(at); };
+  connect(context_.drag(), &TileDrag::changed, this, [this] {
+    updatePosition();
+    holdingChanged();
+  });
   seams_.windowStyle.setCompositingHandler([this](bool) { updatePosition(); });
 }
 
-DockPanelController::~DockPanelController() = default;
+DockPanelController::~DockPanelController() { context_.drag()->spotAt = nullptr; }
 
 QWindow* DockPanelController::window() const { return window_.get(); }
 
@@ -111,8 +122,43 @@ void DockPanelController::setScale(qreal scale) {
 
 void DockPanelController::updateTiles() {
   const auto profile = context_.model()->activeProfile();
-  content_ = barContent(profile ? profile->items : std::vector<DockItem>{}, edge_, placement_.maxLength, scale_);
+  content_ = barContent(profile ? context_.drag()->shown(*profile) : std::vector<DockItem>{}, edge_,
+                        placement_.maxLength, scale_);
   tiles_.setRows(content_.tiles);
+}
+
+std::optional<TileDrag::Spot> DockPanelController::spotAt(const QPoint& at) const {
+  const auto screen = mainScreen();
+  const Point pointer = flipped(Point{double(at.x()), double(at.y())}, seams_.screens.mainHeight());
+  if (!screen || !presentation_.isShown() || !hoverZone(placement_.frame, screen->frame, edge_).contains(pointer))
+    return std::nullopt;
+  const bool isRow = edge_ == DockEdge::bottom;
+  const QString held = context_.drag()->item();
+  std::vector<double> middles;
+  std::vector<std::optional<UUID>> slots;
+  for (const TileRecord& tile : content_.tiles) {
+    if (tile.item == held) continue;
+    middles.push_back(isRow ? tile.frame.center().x() : tile.frame.center().y());
+    slots.push_back(UUID::parse(tile.item.toStdString()));
+  }
+  slots.emplace_back();
+  return TileDrag::Spot{slots[landingPlace(middles, alongBar(at) + scrollOffset_)]};
+}
+
+double DockPanelController::alongBar(const QPoint& at) const {
+  const QPoint from = at - inWindowSystem(placement_.frame).topLeft();
+  return edge_ == DockEdge::bottom ? from.x() : from.y();
+}
+
+void DockPanelController::scrollForDrag() {
+  TileDrag& drag = *context_.drag();
+  const double length = edge_ == DockEdge::bottom ? content_.slab.width() : content_.slab.height();
+  const double by =
+      drag.isActive() && content_.isScrolling && spotAt(drag.at()) ? dragScroll(alongBar(drag.at()), length) : 0;
+  if (by == 0) return dragScroll_.stop();
+  if (!dragScroll_.isActive()) return dragScroll_.start();
+  Q_EMIT scrollAsked(by);
+  drag.look();
 }
 
 void DockPanelController::updatePosition() {
@@ -146,14 +192,15 @@ void DockPanelController::takeEdge() {
 }
 
 void DockPanelController::apply() {
-  const bool isHeld = isHoldingOpen && isHoldingOpen();
   const bool isLeaving = edge_ != settings_.dockEdge();
   presentation_.setPeeking(reveal_.isPeeking(seams_.now()));
-  if (!isLeaving && reveal_.shouldShow(settings_.barAlwaysVisible(), isHeld))
+  if (!isLeaving && reveal_.shouldShow(settings_.barAlwaysVisible(), isHeld()))
     presentation_.show();
   else
     presentation_.hide();
 }
+
+bool DockPanelController::isHeld() const { return context_.drag()->isActive() || (isHoldingOpen && isHoldingOpen()); }
 
 Instant DockPanelController::peek(Seconds length) {
   const Instant until = reveal_.peek(length, seams_.now());
@@ -223,7 +270,7 @@ BarSurroundings DockPanelController::surroundings(Point pointer) const {
           .bar = placement_.frame,
           .edge = edge_,
           .isAlwaysVisible = settings_.barAlwaysVisible(),
-          .isHeldOpen = hasKeyboard_ || (isHoldingOpen && isHoldingOpen())};
+          .isHeldOpen = hasKeyboard_ || isHeld()};
 }
 
 void DockPanelController::tick(Instant now) {

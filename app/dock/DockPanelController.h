@@ -110,11 +110,19 @@ class DockPanelController : public QObject {
   void presentationChanged();
   // The user has brought the keyboard to the bar, or has asked for it again.
   void keyboardTaken();
+  // A tile is held near an end of a bar that scrolls; below zero towards its beginning.
+  void scrollAsked(qreal by);
 
  private:
   void makeWindow();
   void keyboardAnswered(bool isActive);
+  // Something anchored to the bar is open, or a tile is dragged.
+  bool isHeld() const;
   void updateTiles();
+  // Along the bar, from the beginning of what can be seen of it.
+  double alongBar(const QPoint& at) const;
+  std::optional<TileDrag::Spot> spotAt(const QPoint& at) const;
+  void scrollForDrag();
   BarSurroundings surroundings(Point pointer) const;
   std::optional<ScreenInfo> mainScreen() const;
   QRect inWindowSystem(const Rect& rect) const;
@@ -137,6 +145,7 @@ class DockPanelController : public QObject {
   std::unique_ptr<PanelWindow> window_;
   QTimer timer_;
   QTimer slowLook_;
+  QTimer dragScroll_;
   std::optional<Point> lastPointer_;
   int restingTicks_ = 0;
   qreal scale_ = 1;

@@ -16,9 +16,17 @@ Item {
     required property bool isKnown
     required property rect frame
     required property int span
+    required property int index
+    // Of the tiles of the bar.
+    property int count: 0
+    readonly property string place: qsTr("%1 of %2").arg(index + 1).arg(count)
+    // The pointer holds it; here is the gap that it will fill.
+    readonly property bool isHeld: context.drag.item === item
     // Untyped: the lint knows neither the script methods of lists of strings nor what only a tile has.
     readonly property var lockedWidgets: context.lockedWidgets
     readonly property var tile: host.tile
+    // The bar is longer than its place.
+    property bool isScrolling: false
     // Whether it goes to a new place, or is there at once.
     property bool slides: false
 
@@ -29,6 +37,14 @@ Item {
     y: frame.y
     width: frame.width
     height: frame.height
+
+    Keys.onPressed: event => {
+        const forwards = event.key === Qt.Key_Right || event.key === Qt.Key_Down;
+        if (event.modifiers !== Qt.ControlModifier || !forwards && event.key !== Qt.Key_Left && event.key !== Qt.Key_Up)
+            return;
+        root.context.model.stepItem(root.item, forwards ? 1 : -1);
+        event.accepted = true;
+    }
 
     component Slide: NumberAnimation {
         duration: Theme.openDuration
@@ -46,10 +62,19 @@ Item {
         Slide {}
     }
 
+    Rectangle {
+        anchors.fill: parent
+        visible: root.isHeld
+        radius: Theme.radiusTile
+        color: "transparent"
+        border.width: 1.5
+        border.color: Theme.ink3
+    }
     TileHost {
         id: host
 
         anchors.fill: parent
+        visible: !root.isHeld
         context: root.context
         widget: root.widget
         span: root.span
@@ -67,12 +92,30 @@ Item {
             description: root.description
             isKnown: root.isKnown
             span: root.span
+            place: root.place
             onMenuRequested: {
                 Tips.leave(standIn);
                 root.context.openTileMenu(root.item, "", "");
             }
             onActiveFocusChanged: if (activeFocus)
                 root.revealAsked(root.frame)
+        }
+    }
+
+    Binding {
+        target: host.tile
+        when: host.tile !== null
+        property: "place"
+        value: root.place
+    }
+    // A finger scrolls a bar that is longer than its place.
+    DragHandler {
+        target: null
+        grabPermissions: PointerHandler.CanTakeOverFromAnything
+        acceptedDevices: root.isScrolling ? PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus : PointerDevice.AllDevices
+        onActiveChanged: if (active) {
+            Tips.leave(host.tile);
+            root.context.drag.begin(root, root.widget, root.item, root.span, centroid.pressPosition);
         }
     }
 

@@ -21,6 +21,11 @@ FocusScope {
 
     Keys.onEscapePressed: controller.leaveKeyboard()
     Keys.onPressed: event => {
+        if (event.matches(StandardKey.Undo)) {
+            root.context.model.undo();
+            event.accepted = true;
+            return;
+        }
         const forwards = event.key === Qt.Key_Right || event.key === Qt.Key_Down;
         if (!forwards && event.key !== Qt.Key_Left && event.key !== Qt.Key_Up)
             return;
@@ -60,7 +65,7 @@ FocusScope {
             antialiasing: true
         }
 
-        Flickable {
+        WheelView {
             id: flick
 
             // The tiles that scroll are cut off where the round ends have not begun to close in on them yet.
@@ -69,8 +74,7 @@ FocusScope {
             anchors.fill: parent
             anchors.margins: inset
             clip: root.controller.isScrolling
-            interactive: root.controller.isScrolling
-            boundsBehavior: Flickable.StopAtBounds
+            notch: Theme.tileMedium + Theme.space2
             contentWidth: root.isRow ? root.controller.contentLength - 2 * inset : width
             contentHeight: root.isRow ? height : root.controller.contentLength - 2 * inset
             flickableDirection: root.isRow ? Flickable.HorizontalFlick : Flickable.VerticalFlick
@@ -86,15 +90,10 @@ FocusScope {
                 }
             }
 
-            WheelHandler {
-                enabled: root.controller.isScrolling
-                orientation: Qt.Vertical
-                onWheel: event => {
-                    const step = -event.angleDelta.y / 120 * (Theme.tileMedium + Theme.space2);
-                    if (root.isRow)
-                        flick.contentX = Math.max(0, Math.min(flick.contentWidth - flick.width, flick.contentX + step));
-                    else
-                        flick.contentY = Math.max(0, Math.min(flick.contentHeight - flick.height, flick.contentY + step));
+            Connections {
+                target: root.controller
+                function onScrollAsked(by: real) {
+                    flick.scrollBy(by);
                 }
             }
 
@@ -106,10 +105,14 @@ FocusScope {
                 height: slab.height
 
                 Repeater {
+                    id: tiles
+
                     model: root.controller.tiles
 
                     DockTile {
                         context: root.context
+                        count: tiles.count
+                        isScrolling: root.controller.isScrolling
                         slides: root.controller.isContentShown && !Theme.reducedMotion
                         onRevealAsked: frame => {
                             if (root.isRow)
@@ -122,6 +125,15 @@ FocusScope {
             }
         }
 
+        // A tile that is held has the pointer, and the others no tips.
+        Item {
+            anchors.fill: parent
+            visible: root.context.drag.isActive
+
+            HoverHandler {
+                blocking: true
+            }
+        }
         EmptyBar {
             anchors.fill: parent
             visible: root.controller.isEmpty

@@ -51,12 +51,14 @@ Menu {
     MenuRow {
         text: qsTr("Move Back")
         symbol: "chevron.left"
+        keys: qsTr("Ctrl ←")
         enabled: root.previousItem !== ""
         onClicked: root.move(root.previousItem)
     }
     MenuRow {
         text: qsTr("Move Forward")
         symbol: "chevron.right"
+        keys: qsTr("Ctrl →")
         enabled: root.nextItem !== ""
         onClicked: root.move(root.nextItem)
     }

@@ -39,6 +39,8 @@ Pressable {
     // A command of its own in the tile's menu.
     property string menuText
     property string menuSymbol
+    // Where it is on the bar, "2 of 10"; for screen readers.
+    property string place
     // Needs a licence that is not there.
     property bool isLocked: false
 
@@ -100,6 +102,7 @@ Pressable {
 
     label: spoken
     tip: areRowsElided || header.isElided ? spoken : ""
+    Accessible.description: tip === "" || tip === label ? place : place === "" ? tip : tip + "\n" + place
     width: implicitWidth
     height: implicitHeight
     implicitHeight: Theme.tileHeight

@@ -41,6 +41,8 @@ class DockPanelControllerTests : public QObject {
   void aPanelOpensAtItsTile();
   void aScrolledTileAnchorsWhereItIsSeen();
   void theTilesFollowTheProfile();
+  void aHeldTileIsWhereItWouldLand_data();
+  void aHeldTileIsWhereItWouldLand();
 
  private:
   std::unique_ptr<QMLWarnings> warnings_;
@@ -359,6 +361,67 @@ void DockPanelControllerTests::theTilesFollowTheProfile() {
   f.putOnBar({});
   QVERIFY(f.bar.isEmpty());
   QVERIFY(f.bar.slab().width() > 100);
+}
+
+void DockPanelControllerTests::aHeldTileIsWhereItWouldLand_data() {
+  QTest::addColumn<QString>("edge");
+  QTest::addColumn<int>("count");
+  QTest::addColumn<qreal>("scrolled");
+  QTest::newRow("bottom") << "bottom" << 3 << 0.0;
+  QTest::newRow("left") << "left" << 3 << 0.0;
+  QTest::newRow("scrolled") << "bottom" << 40 << 40.0;
+}
+
+void DockPanelControllerTests::aHeldTileIsWhereItWouldLand() {
+  QFETCH(QString, edge);
+  QFETCH(int, count);
+  QFETCH(qreal, scrolled);
+  BarFixture f;
+  f.settings.setProperty("dockEdge", edge);
+  std::vector<std::string> widgets;
+  for (int i = 0; i < count; ++i) widgets.push_back("w" + std::to_string(i));
+  f.putOnBar(widgets);
+  f.bar.start();
+  f.bar.reveal();
+  f.bar.setProperty("scrollOffset", scrolled);
+  auto* window = qobject_cast<QQuickWindow*>(f.bar.window());
+  TileDrag& drag = *f.context.drag();
+  const auto shown = [&] {
+    std::string names;
+    for (const DockItem& item : drag.shown(*f.model.activeProfile())) names += *item.widget + ' ';
+    return names.substr(0, 8);
+  };
+  const auto send = [&](QEvent::Type type, QPoint at) {
+    QMouseEvent event(type, at - window->position(), at, Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &event);
+  };
+  const auto hold = [&] { drag.begin(window->contentItem(), "w0", f.item(0), 1, {}); };
+  // Held far from the bar the tile is off it, and the others close up.
+  hold();
+  QVERIFY(drag.isActive() && drag.removes());
+  QCOMPARE(f.bar.tiles()->count(), count - 1);
+  // A little behind the middle of the next.
+  const auto over = [&](std::size_t slot) { return f.bar.anchor(f.item(slot)).tile.center() + QPoint(4, 4); };
+  send(QEvent::MouseMove, over(1));
+  QCOMPARE(shown(), std::string("w1 w0 w2"));
+  QVERIFY(!drag.removes());
+  send(QEvent::MouseMove, over(2));
+  QCOMPARE(shown(), std::string("w1 w2 w0"));
+  send(QEvent::MouseMove, over(1) - QPoint(20, 20));
+  QCOMPARE(shown(), std::string("w0 w1 w2"));
+  send(QEvent::MouseMove, over(1));
+  QCOMPARE(f.model.activeProfile()->items[0].widget, std::optional<std::string>("w0"));
+  send(QEvent::MouseButtonRelease, over(1));
+  QVERIFY(!drag.isActive());
+  QCOMPARE(f.model.activeProfile()->items[0].widget, std::optional<std::string>("w1"));
+  f.model.undo();
+
+  // Whatever else happens to the profile ends it without harm.
+  hold();
+  f.putOnBar({"cpu", "memory"});
+  QVERIFY(!drag.isActive());
+  send(QEvent::MouseButtonRelease, {});
+  QCOMPARE(f.model.activeProfile()->items.size(), 2u);
 }
 
 }  // namespace ambrel
