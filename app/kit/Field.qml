@@ -21,6 +21,8 @@ FocusScope {
     // One of these keys was pressed.
     signal walked(int key)
     signal acted(int key)
+    // Control+Z, and nothing of the text to take back.
+    signal undoAsked
 
     function selectAll() {
         input.selectAll();
@@ -73,6 +75,11 @@ FocusScope {
                 text = "";
         }
         Keys.onPressed: event => {
+            if (event.matches(StandardKey.Undo) && !input.canUndo) {
+                root.undoAsked();
+                event.accepted = true;
+                return;
+            }
             const isWalk = [Qt.Key_Left, Qt.Key_Right, Qt.Key_Up, Qt.Key_Down].indexOf(event.key) >= 0;
             const isPlain = event.modifiers === Qt.NoModifier;
             const isAct = isPlain && (event.key === Qt.Key_Delete || event.key === Qt.Key_Space) || event.modifiers === Qt.ControlModifier && event.key === Qt.Key_P;

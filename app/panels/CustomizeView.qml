@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Context
 import Ambrel.Kit
 import Ambrel.Model
 import Ambrel.Panels
@@ -9,34 +10,49 @@ Popover {
 
     required property AppModel model
     required property GalleryModel gallery
-    // Makes a tile for { widget, span }; without one, the gallery shows cards with symbol and title.
-    property Component tilePreview: null
-    property string hint: qsTr("Click a tile to put it on the bar or to take it off.")
+    required property WidgetContext context
+    readonly property string hint: qsTr("Drag a tile to the bar to place it. Click it to add or remove it.")
 
-    implicitWidth: 760
-    implicitHeight: 480
+    // Its window is about to come.
+    property bool isReady: false
+
+    implicitWidth: Math.round(760 * Theme.textScale)
+    implicitHeight: Math.round(480 * Theme.textScale)
+    onAboutToOpen: isReady = true
     title: qsTr("Customize")
     symbol: "square.grid.2x2"
     headerHeight: 54
     hasFullRule: true
-    onOpenChanged: if (!open)
-        search.text = ""
+    onOpenChanged: {
+        isReady = false;
+        if (!open)
+            search.text = "";
+    }
+    Keys.onPressed: event => {
+        if (!event.matches(StandardKey.Undo))
+            return;
+        root.model.undo();
+        event.accepted = true;
+    }
 
     headerItems: Field {
         id: search
-        width: 232
+        width: Math.round(232 * Theme.textScale)
         anchors.verticalCenter: parent.verticalCenter
-        hint: qsTr("Search widgets")
+        hint: qsTr("Search tiles")
         isSearch: true
         focus: true
         onTextChanged: root.gallery.query = text
+        onUndoAsked: root.model.undo()
+        Keys.onDownPressed: gallery.enter()
     }
 
     ProfileColumn {
         id: profiles
-        width: 168
+        width: Math.round(168 * Theme.textScale)
         height: foot.y
         model: root.model
+        onMenuWanted: row => menu.openFor(row)
     }
     Rectangle {
         x: profiles.width
@@ -45,17 +61,19 @@ Popover {
         color: Theme.over(Theme.line, Theme.panel)
     }
     GalleryList {
+        id: gallery
         x: profiles.width + 1
         width: parent.width - x
         height: foot.y
         gallery: root.gallery
-        preview: root.tilePreview
+        context: root.context
+        isOpen: root.isReady || root.open || root.fades && root.opacity > 0
     }
     Item {
         id: foot
         y: parent.height - height
         width: parent.width
-        height: 52
+        height: Math.round(52 * Theme.textScale)
 
         Rectangle {
             width: parent.width
@@ -64,11 +82,23 @@ Popover {
         }
         TipLabel {
             x: Theme.space4
-            width: done.x - x - Theme.space4
+            width: undo.x - x - Theme.space4
             anchors.verticalCenter: parent.verticalCenter
-            text: root.hint
+            text: gallery.about === "" ? root.hint : gallery.about
             role: Theme.small
             color: Theme.ink2
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+        }
+        Button {
+            id: undo
+            anchors.right: done.left
+            anchors.rightMargin: Theme.space2
+            anchors.verticalCenter: parent.verticalCenter
+            kind: Button.Quiet
+            text: qsTr("Undo")
+            enabled: root.model.canUndo
+            onClicked: root.model.undo()
         }
         Button {
             id: done
@@ -79,5 +109,10 @@ Popover {
             text: qsTr("Done")
             onClicked: root.closeRequested()
         }
+    }
+    ProfileMenu {
+        id: menu
+        anchors.fill: parent
+        model: root.model
     }
 }

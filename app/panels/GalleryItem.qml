@@ -1,62 +1,78 @@
 import QtQuick
+import Ambrel.Context
 import Ambrel.Kit
 
-// One widget of the gallery: its tile as it is on the bar, or a card in its place, and the mark that says whether
-// it is on the bar. A click toggles it.
+// One widget of the gallery: its tile with an example, and the mark that says whether it is on the bar. A click toggles
+// it; dragged to the bar it lands there.
 Pressable {
     id: root
 
+    required property WidgetContext context
     required property string widget
     required property string title
     required property string description
     required property string symbol
+    required property string need
+    required property rect frame
     required property int span
     required property bool isOnBar
     required property bool isAllowed
-    property Component preview: null
+    // What is said of it at the foot of the panel.
+    readonly property string about: description + "." + (need === "" ? "" : " " + need) + (isAllowed ? "" : " " + qsTr("Needs Tilebay Pro."))
 
     label: title
-    tip: isAllowed ? description : description + "\n" + qsTr("Needs Tilebay Pro.")
+    Accessible.description: about
     accessibleRole: Accessible.CheckBox
     Accessible.checkable: true
     Accessible.checked: isOnBar
-    width: [Theme.tileSmall, Theme.tileMedium, Theme.tileLarge, Theme.tileExtraLarge][span]
-    height: Theme.tileHeight
+    x: frame.x
+    y: frame.y
+    width: frame.width
+    height: frame.height
 
-    Item {
-        id: holder
+    TileHost {
+        id: host
+
         anchors.fill: parent
+        context: root.context
+        widget: root.widget
+        span: root.span
+        isSample: true
         enabled: false
         Accessible.ignored: true
     }
-    Component {
-        id: card
-
-        GalleryCard {
+    Loader {
+        anchors.fill: parent
+        active: host.tile === null
+        enabled: false
+        sourceComponent: GalleryCard {
+            span: root.span
             title: root.title
             description: root.description
             symbol: root.symbol
+            Accessible.ignored: true
         }
     }
-    Component.onCompleted: {
-        const tile = (preview ?? card).createObject(holder, {
-            widget: root.widget,
-            span: root.span
-        });
-        tile.width = Qt.binding(() => root.width);
+    Rectangle {
+        anchors.fill: parent
+        visible: root.hovered
+        radius: Theme.radiusTile
+        color: "transparent"
+        border.width: 1
+        border.color: Theme.over(Theme.lineStrong, Theme.tileHover)
     }
 
     Rectangle {
         x: parent.width - 14
-        y: -6
-        width: 22
-        height: 22
-        radius: 11
+        y: -8
+        width: 24
+        height: 24
+        radius: 12
         color: Theme.panel
 
         Rectangle {
             anchors.fill: parent
-            anchors.margins: 1
+            anchors.margins: 2
             radius: width / 2
             color: root.isOnBar ? (root.hovered ? Theme.accentHover : Theme.accent) : root.hovered ? Theme.cardHover : Theme.greySoft
 
@@ -67,6 +83,14 @@ Pressable {
                 color: root.isOnBar ? Theme.onAccent : Theme.ink
             }
         }
+    }
+    DragHandler {
+        target: null
+        enabled: root.isAllowed || root.isOnBar
+        grabPermissions: PointerHandler.CanTakeOverFromAnything
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
+        onActiveChanged: if (active)
+            root.context.drag.begin(root, root.widget, "", root.span, centroid.pressPosition)
     }
     FocusRing {
         targetRadius: Theme.radiusTile

@@ -1,13 +1,15 @@
 #pragma once
-// The gallery of the customise panel: the whole catalogue in its groups, or what a query leaves of it.
+// The gallery of the customise panel: the whole catalogue in its groups, or what a query leaves of it. Its rows are
+// what is in view, so that no more tiles exist than somebody can see.
 
 #include <QObject>
-#include <QQmlListProperty>
+#include <QRectF>
 #include <QtQml/qqmlregistration.h>
 
 #include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
 #include "app/model/AppModel.h"
+#include "core/widgets.h"
 
 namespace ambrel {
 
@@ -16,30 +18,20 @@ struct GalleryRow {
  public:
   FACE_FIELDS(QString, widget);  // its id
   FACE_FIELDS(QString, title, description, symbol);
-  FACE_FIELDS(int, span);  // the default size as TileFrame counts it, 0 to 3
+  FACE_FIELDS(QString, need);  // what it needs, as a sentence; empty when it needs nothing
+  FACE_FIELDS(QRectF, frame);  // in the gallery
+  FACE_FIELDS(int, span);      // the default size as TileFrame counts it, 0 to 3
   FACE_FIELDS(bool, isOnBar);
   FACE_FIELD(bool, isAllowed, true);
   friend bool operator==(const GalleryRow&, const GalleryRow&) = default;
 };
 
-// Its widgets that match the query; rows are GalleryRow.
-class GalleryGroup : public QObject {
-  Q_OBJECT
-  QML_ELEMENT
-  QML_UNCREATABLE("belongs to the gallery")
-  Q_PROPERTY(QString title READ title CONSTANT)
-  Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT)
-
+struct GalleryHeading {
+  Q_GADGET
  public:
-  GalleryGroup(WidgetGroup group, QObject* parent);
-
-  WidgetGroup group() const { return group_; }
-  QString title() const;
-  auto* rows() { return &rows_; }
-
- private:
-  WidgetGroup group_;
-  GadgetListModel<GalleryRow, &GalleryRow::widget> rows_;
+  FACE_FIELDS(QString, title);
+  FACE_FIELDS(qreal, top);
+  friend bool operator==(const GalleryHeading&, const GalleryHeading&) = default;
 };
 
 class GalleryModel : public QObject {
@@ -47,8 +39,10 @@ class GalleryModel : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
-  // All groups in the catalogue's order, also those that a query empties.
-  Q_PROPERTY(QQmlListProperty<ambrel::GalleryGroup> groups READ groupList CONSTANT)
+  // Of what is in view: GalleryRow, in the order of the gallery, and GalleryHeading.
+  Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT)
+  Q_PROPERTY(ambrel::RowList* headings READ headings CONSTANT)
+  Q_PROPERTY(qreal height READ height NOTIFY changed)
   Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
 
  public:
@@ -57,10 +51,17 @@ class GalleryModel : public QObject {
 
   QString query() const { return query_; }
   void setQuery(const QString& query);
-  const QList<GalleryGroup*>& groups() const { return groups_; }
-  QQmlListProperty<GalleryGroup> groupList() { return {this, &groups_}; }
-  bool isEmpty() const;
+  auto* rows() { return &rows_; }
+  RowList* headings() { return &headings_; }
+  qreal height() const { return layout_.height * scale_; }
+  bool isEmpty() const { return layout_.tiles.empty(); }
 
+  // What of the gallery can be seen; nothing of it while `view` is empty. Its width is that of the lines.
+  Q_INVOKABLE void look(const QRectF& view, qreal scale);
+  // The widget that an arrow key (a Qt::Key) leads to, from the first one when `widget` is not there; "" in an empty
+  // gallery. And where it is.
+  Q_INVOKABLE QString stepped(const QString& widget, int key) const;
+  Q_INVOKABLE QRectF frameOf(const QString& widget) const;
   // Puts the widget on the bar, at its end, or takes it off. One that the licence denies shows what it would give.
   Q_INVOKABLE void toggle(const QString& widget);
 
@@ -69,11 +70,18 @@ class GalleryModel : public QObject {
   void changed();
 
  private:
+  void layOut();
   void update();
+  QRectF scaled(const Rect& frame) const;
+  std::optional<std::size_t> indexOf(const QString& widget) const;
 
   AppModel& model_;
   QString query_;
-  QList<GalleryGroup*> groups_;
+  QRectF view_;
+  qreal scale_ = 1;
+  GalleryLayout layout_;
+  GadgetListModel<GalleryRow, &GalleryRow::widget> rows_;
+  GadgetListModel<GalleryHeading, &GalleryHeading::title> headings_;
 };
 
 }  // namespace ambrel

@@ -1,14 +1,11 @@
 import QtQuick
 import Ambrel.Kit
 
-// The name of a new profile, and when it is chosen.
+// The name of a new profile. It is chosen by hand until its menu says otherwise.
 FocusScope {
     id: root
 
-    readonly property list<string> triggers: ["", "builtinOnly", "external"]
-    property int choice: 0
-
-    signal added(string name, string trigger)
+    signal added(string name)
     signal cancelled
 
     implicitHeight: column.height
@@ -25,18 +22,11 @@ FocusScope {
             focus: true
             hint: qsTr("Name")
             maximumLength: 40
-            onAccepted: root.added(text, root.triggers[root.choice])
+            onAccepted: root.added(text)
             Component.onCompleted: input.forceActiveFocus()
         }
-        Segments {
+        Flow {
             width: parent.width
-            label: qsTr("Chosen")
-            options: [qsTr("By hand"), qsTr("Laptop"), qsTr("Desk")]
-            hasSmallType: true
-            current: root.choice
-            onChosen: index => root.choice = index
-        }
-        Row {
             spacing: Theme.space1
 
             Button {
@@ -44,7 +34,7 @@ FocusScope {
                 kind: Button.Primary
                 text: qsTr("Add")
                 enabled: name.text.trim() !== ""
-                onClicked: root.added(name.text, root.triggers[root.choice])
+                onClicked: root.added(name.text)
             }
             Button {
                 size: 28

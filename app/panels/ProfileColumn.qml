@@ -9,10 +9,12 @@ FocusScope {
     required property AppModel model
     property bool isNaming: false
 
-    function add(name, trigger) {
+    signal menuWanted(ProfileRow row)
+
+    function add(name: string) {
         const trimmed = name.trim();
         if (trimmed !== "")
-            model.addProfile(trimmed, trigger);
+            model.addProfile(trimmed, "");
         isNaming = false;
     }
 
@@ -42,11 +44,15 @@ FocusScope {
                 model: root.model.profileList
 
                 ProfileRow {
+                    id: row
+
                     width: parent.width
                     canBeRemoved: rows.count > 1
                     onClicked: root.model.pinnedProfileID = isPinned ? "" : profile
                     onRenamed: name => root.model.renameProfile(profile, name)
                     onRemovalWanted: root.model.deleteProfile(profile)
+                    onMenuWanted: root.menuWanted(row)
+                    onStepWanted: step => root.model.stepProfile(profile, step)
                 }
             }
         }
@@ -63,12 +69,13 @@ FocusScope {
             active: root.isNaming
             visible: active
             sourceComponent: NewProfile {
-                onAdded: (name, trigger) => root.add(name, trigger)
+                onAdded: name => root.add(name)
                 onCancelled: root.isNaming = false
             }
         }
         Button {
             visible: root.model.pinnedProfileID !== "" && !root.isNaming
+            width: Math.min(implicitWidth, parent.width)
             kind: Button.Quiet
             text: qsTr("Auto (by display)")
             symbol: "display"
@@ -76,6 +83,7 @@ FocusScope {
         }
         Button {
             visible: !root.isNaming
+            width: Math.min(implicitWidth, parent.width)
             kind: Button.Quiet
             text: qsTr("New profile")
             symbol: "plus"

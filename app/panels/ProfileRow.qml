@@ -14,11 +14,14 @@ Pressable {
     property bool canBeRemoved: true
     readonly property color ink: isActive ? Theme.blue.text : Theme.ink2
 
-    // Its name is being edited.
+    // Its name is being edited, or whether it is to go is being asked.
     property bool isRenaming: false
+    property bool isAsking: false
 
     signal removalWanted
     signal renamed(string name)
+    signal menuWanted
+    signal stepWanted(int step)
 
     function rename() {
         isRenaming = true;
@@ -32,19 +35,40 @@ Pressable {
         isRenaming = false;
     }
 
+    function ask() {
+        if (!canBeRemoved)
+            return;
+        isAsking = true;
+        keep.forceActiveFocus(Qt.TabFocusReason);
+    }
+    function leave() {
+        isAsking = false;
+        forceActiveFocus();
+    }
+
     label: name + ", " + detail.text
     tip: isPinned ? qsTr("Chosen by hand until the program starts again") : trigger === "builtinOnly" ? qsTr("Chosen with the built-in display alone") : trigger === "external" ? qsTr("Chosen with an external display") : qsTr("Chosen by hand only")
     accessibleRole: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: isActive
-    implicitHeight: Math.max(48, words.height + Theme.space3)
-    Keys.onDeletePressed: if (root.canBeRemoved)
-        root.removalWanted()
+    implicitHeight: isAsking ? question.height + 2 * Theme.space2 : Math.max(48, words.height + Theme.space3)
+    Keys.onDeletePressed: root.ask()
     Keys.onPressed: event => {
-        if (event.key !== Qt.Key_F2)
+        const isStep = event.modifiers === Qt.ControlModifier && (event.key === Qt.Key_Up || event.key === Qt.Key_Down);
+        if (isStep)
+            root.stepWanted(event.key === Qt.Key_Up ? -1 : 1);
+        else if (event.key === Qt.Key_F2)
+            root.rename();
+        else if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10)
+            root.menuWanted();
+        else
             return;
-        root.rename();
         event.accepted = true;
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: root.menuWanted()
     }
 
     Rectangle {
@@ -53,10 +77,11 @@ Pressable {
         anchors.rightMargin: Theme.space2
         radius: Theme.radiusButton
         color: root.isActive ? Theme.blue.soft : root.down ? Theme.tilePressed : Theme.card
-        visible: root.isActive || root.hovered || root.down
+        visible: root.isActive || root.hovered || root.down || root.isAsking
     }
     Symbol {
         id: icon
+        visible: !root.isAsking
         x: 18
         anchors.verticalCenter: parent.verticalCenter
         name: root.trigger === "builtinOnly" ? "laptopcomputer" : root.trigger === "external" ? "desktopcomputer" : "square.grid.2x2"
@@ -92,7 +117,7 @@ Pressable {
     }
     Column {
         id: words
-        visible: !root.isRenaming
+        visible: !root.isRenaming && !root.isAsking
         anchors {
             left: icon.right
             leftMargin: Theme.space2
@@ -117,7 +142,7 @@ Pressable {
     }
     Row {
         id: marks
-        visible: !root.isRenaming
+        visible: !root.isRenaming && !root.isAsking
         anchors.right: parent.right
         anchors.rightMargin: 14
         height: parent.height
@@ -126,21 +151,10 @@ Pressable {
             visible: root.hovered || root.activeFocus || activeFocus
             size: 24
             symbolSize: 16
-            symbol: "pencil"
-            label: qsTr("Rename %1").arg(root.name)
-            tipKeys: qsTr("F2")
+            symbol: "ellipsis"
+            label: qsTr("Change %1").arg(root.name)
             anchors.verticalCenter: parent.verticalCenter
-            onClicked: root.rename()
-        }
-        IconButton {
-            visible: root.canBeRemoved && (root.hovered || root.activeFocus || activeFocus)
-            size: 24
-            symbolSize: 16
-            symbol: "trash"
-            label: qsTr("Delete %1").arg(root.name)
-            tipKeys: qsTr("Delete")
-            anchors.verticalCenter: parent.verticalCenter
-            onClicked: root.removalWanted()
+            onClicked: root.menuWanted()
         }
         Symbol {
             visible: root.isActive
@@ -148,6 +162,41 @@ Pressable {
             size: 16
             color: root.ink
             anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+    Column {
+        id: question
+        visible: root.isAsking
+        x: 18
+        width: parent.width - 2 * x
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.space1
+        Keys.onEscapePressed: root.leave()
+
+        Label {
+            width: parent.width
+            text: qsTr("Delete “%1”?").arg(root.name)
+            role: Theme.small
+            wrapMode: Text.Wrap
+            maximumLineCount: 3
+        }
+        Flow {
+            width: parent.width
+            spacing: Theme.space1
+
+            Button {
+                size: 28
+                text: qsTr("Delete")
+                isCareful: true
+                onClicked: root.removalWanted()
+            }
+            Button {
+                id: keep
+                size: 28
+                kind: Button.Quiet
+                text: qsTr("Keep")
+                onClicked: root.leave()
+            }
         }
     }
     FocusRing {

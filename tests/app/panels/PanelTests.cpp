@@ -1,6 +1,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "app/context/WidgetContext.h"
 #include "app/model/SettingValue.h"
 #include "app/panels/GalleryModel.h"
 #include "tests/TemporaryFolder.h"
@@ -18,6 +19,7 @@ struct Stage {
   AppModel model{folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>(); }};
   GalleryModel gallery{model};
   AppSettings settings{defaults};
+  WidgetContext context{model, settings};
   Scene scene;
 
   explicit Stage(Theme::Choice choice = Theme::Choice::Dark) {
@@ -33,6 +35,7 @@ struct Stage {
     if (view == "CustomizeView") {
       more.insert("model", QVariant::fromValue(&model));
       more.insert("gallery", QVariant::fromValue(&gallery));
+      more.insert("context", QVariant::fromValue(&context));
     }
     if (view == "SettingsView") {
       more.insert("settings", QVariant::fromValue(&settings));
@@ -164,7 +167,35 @@ class PanelTests : public QObject {
 
     stage.labelled("train, 5 tiles")->forceActiveFocus();
     QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+    // It is asked, and the answer that is ready keeps the profile.
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+    QCOMPARE(stage.model.profiles().size(), 3u);
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+    stage.scene.grab();
+    QVERIFY(stage.click("Delete"));
     QCOMPARE(stage.model.profiles().size(), 2u);
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
+  }
+
+  void theMenuOfAProfileChangesIt() {
+    Stage stage;
+    QVERIFY(stage.open("CustomizeView"));
+    const auto choose = [&](const char* profile, const char* row) {
+      stage.labelled(profile)->forceActiveFocus();
+      QTest::keyClick(&stage.scene.window(), Qt::Key_Menu);
+      // Rows are laid out when a picture is drawn.
+      stage.scene.grab();
+      return stage.click(row);
+    };
+    QVERIFY(choose("Desk, 7 tiles", "Duplicate"));
+    QCOMPARE(stage.model.profiles().back().name, std::string("Desk 2"));
+    QVERIFY(choose("Desk 2, 7 tiles", "With an external display"));
+    QCOMPARE(stage.model.profiles()[2].trigger, std::optional(DisplayContext::external));
+    QVERIFY(choose("Desk 2, 7 tiles", "Move Up"));
+    QCOMPARE(stage.model.profiles()[1].name, std::string("Desk 2"));
+    QVERIFY(stage.labelled("Desk 2, 7 tiles")->hasActiveFocus());
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(stage.model.profiles()[0].name, std::string("Desk 2"));
     QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
@@ -182,12 +213,14 @@ class PanelTests : public QObject {
     QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
     QVERIFY2(stage.model.pinnedProfileID() == std::nullopt, "Return has named it, and not chosen it");
 
-    // With the pointer, and a change of mind.
+    // By its menu, and a change of mind.
     QTest::mouseMove(&stage.scene.window(), stage.scene.centerOf(stage.labelled("my office, 7 tiles")));
-    QTRY_VERIFY(stage.labelled("Rename my office"));
-    // The buttons have come with the pointer: a picture is drawn when they have their places.
+    QTRY_VERIFY(stage.labelled("Change my office"));
+    // The button has come with the pointer: a picture is drawn when it has its place.
     stage.scene.grab();
-    QVERIFY(stage.click("Rename my office"));
+    QVERIFY(stage.click("Change my office"));
+    stage.scene.grab();
+    QVERIFY(stage.click("Rename"));
     type("elsewhere");
     QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
     QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
@@ -197,17 +230,30 @@ class PanelTests : public QObject {
     QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
-  void aGivenPreviewTakesTheCardsPlace() {
+  void tilesExistWhereTheyCanBeSeen() {
     Stage stage;
-    QQmlComponent preview(&stage.scene.engine());
-    preview.setData(
-        "import QtQuick\nItem { required property string widget; required property int span\n"
-        "objectName: 'preview of ' + widget + ' ' + span; height: 64 }",
-        QUrl("preview.qml"));
-    QVERIFY(stage.open("CustomizeView", {{"tilePreview", QVariant::fromValue(&preview)}}));
-    QQuickItem* shown = stage.scene.find("preview of cpu 1");
-    QVERIFY(shown);
-    QCOMPARE(shown->width(), 112.0);
+    QVERIFY(stage.open("CustomizeView"));
+    const int most = 40;
+    const auto key = [&](Qt::Key key) { QTest::keyClick(&stage.scene.window(), key); };
+    QVERIFY(stage.gallery.rows()->count() > 8);
+    // Arrows reach them all, from the search field to the last.
+    stage.scene.root()->forceActiveFocus();
+    key(Qt::Key_Down);
+    QString last;
+    for (int i = 0; i < 105; ++i) {
+      QQuickItem* item = stage.scene.window().activeFocusItem();
+      QVERIFY(item && item->property("label").toString() != last);
+      last = item->property("label").toString();
+      QVERIFY2(stage.gallery.rows()->count() < most, qPrintable(last));
+      key(Qt::Key_Right);
+    }
+    QCOMPARE(last, QString("Mic Mute"));
+    key(Qt::Key_Up);
+    QVERIFY(stage.scene.window().activeFocusItem()->property("label").toString() != last);
+    // None are left when nobody looks.
+    stage.scene.root()->setProperty("open", false);
+    QTRY_COMPARE(stage.gallery.rows()->count(), 0);
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   void switchesAreWritten() {
@@ -303,22 +349,22 @@ class PanelTests : public QObject {
 
   void rowsFollowTheActiveProfile() {
     Stage stage;
+    stage.gallery.look({0, 0, 550, 10000}, 1);
     const auto marked = [&](const char* widget) {
-      for (GalleryGroup* group : stage.gallery.groups())
-        for (const GalleryRow& row : group->rows()->rows())
-          if (row.widget == QLatin1String(widget)) return row.isOnBar;
-      return false;
+      const auto& rows = stage.gallery.rows()->rows();
+      const auto row = std::ranges::find(rows, QString(widget), &GalleryRow::widget);
+      return row != rows.end() && row->isOnBar;
     };
     QVERIFY(marked("clock"));
     QVERIFY(!marked("battery"));
-    std::vector<std::unique_ptr<QSignalSpy>> resets;
-    for (GalleryGroup* group : stage.gallery.groups())
-      resets.push_back(std::make_unique<QSignalSpy>(group->rows(), &QAbstractItemModel::modelReset));
+    QSignalSpy resets(stage.gallery.rows(), &QAbstractItemModel::modelReset);
     stage.model.setPinnedProfileID(stage.model.profiles()[1].id);
     QVERIFY(marked("battery"));
     stage.gallery.toggle("battery");
     QVERIFY(!marked("battery"));
-    for (const auto& reset : resets) QCOMPARE(reset->count(), 0);
+    stage.model.undo();
+    QVERIFY(marked("battery"));
+    QCOMPARE(resets.count(), 0);
   }
 
   void whatTheLicenceDeniesShowsTheUpsell() {
