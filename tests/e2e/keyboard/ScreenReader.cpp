@@ -145,6 +145,7 @@ std::vector<unsigned> ScreenReader::state(const QString& path) const {
 ScreenReader::Item ScreenReader::item(const QString& path) const {
   Item item{.path = path,
             .name = property(path, "Name").toString(),
+            .description = property(path, "Description").toString(),
             .role = ask(path, accessible, "GetRole", {}).arguments().value(0).toUInt(),
             .place = {}};
   const auto extents = ask(path, "org.a11y.atspi.Component", "GetExtents", {0u}).arguments().value(0);

@@ -21,6 +21,7 @@ class ScreenReader : public QDBusVirtualObject {
   struct Item {
     QString path;
     QString name;
+    QString description;
     unsigned role = 0;
     QRect place;  // on the screen
   };

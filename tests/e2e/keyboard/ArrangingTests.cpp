@@ -1,0 +1,148 @@
+// Tiles are put in order, taken off the bar and brought to it, by pointer and by keyboard.
+
+#include "tests/e2e/keyboard/KeyboardFixture.h"
+
+namespace ambrel {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class Arranging : public Keyboard {
+ protected:
+  std::filesystem::path file() const { return folder_ / "home/.local/share/Ambrel/profiles.json"; }
+  Names stored() const {
+    Names names;
+    for (const DockItem& item : loadProfiles(file()).profiles.front().items) names.push_back(item.widget.value_or("-"));
+    return names;
+  }
+  bool becomes(const Names& expected) {
+    return waitFor([&] { return stored() == expected; }, 4000);
+  }
+
+  void pointer(const QString& command) {
+    keys_.write(command.toUtf8() + '\n');
+    keys_.waitForBytesWritten(1000);
+  }
+  void moveTo(QPoint at) { pointer(QStringLiteral("mousemove --sync %1 %2").arg(at.x()).arg(at.y())); }
+  // Presses in the middle of an item and moves to a place, in steps that a hand would make.
+  void hold(QPoint from, QPoint to) {
+    moveTo(from);
+    pointer("mousedown 1");
+    for (int step = 1; step <= 8; ++step) moveTo(from + (to - from) * step / 8);
+    reader_.settle();
+  }
+  void letGo() {
+    pointer("mouseup 1");
+    reader_.settle();
+  }
+
+  QString below(const QString& path, const QString& name, int depth = 12) const {
+    if (reader_.item(path).name.startsWith(name)) return path;
+    for (const QString& child : depth > 0 ? reader_.children(path) : std::vector<QString>())
+      if (const QString found = below(child, name, depth - 1); !found.isEmpty()) return found;
+    return {};
+  }
+  // Of the item in a window, once it rests.
+  QRect place(const QString& window, const QString& name) {
+    QRect last;
+    waitFor([&] {
+      const QRect now = reader_.item(below(window, name)).place;
+      return std::exchange(last, now) == now && now.isValid();
+    });
+    return last;
+  }
+  QPoint middle(const QString& window, const QString& name) { return place(window, name).center(); }
+};
+
+TEST_F(Arranging, DragsTilesAndTakesItBack) {
+  ASSERT_NO_FATAL_FAILURE(start({"clock", "cpu", "fromTheFuture", "memory"}));
+  ASSERT_NO_FATAL_FAILURE(takeBar());
+  const auto at = [&](const char* tile) { return middle(bar_, tile); };
+  // A click without a move opens the tile's panel, as ever, and a drag does not.
+  const std::size_t windows = visibleWindows().size();
+  hold(at("CPU"), at("Clock"));
+  shoot();
+  EXPECT_EQ(stored(), (Names{"clock", "cpu", "fromTheFuture", "memory"})) << "before it is let go";
+  letGo();
+  EXPECT_TRUE(becomes({"cpu", "clock", "fromTheFuture", "memory"})) << said();
+  EXPECT_EQ(visibleWindows().size(), windows);
+
+  hold(at("CPU"), at("Memory"));
+  pointer("key Escape");
+  letGo();
+  EXPECT_EQ(stored(), (Names{"cpu", "clock", "fromTheFuture", "memory"})) << "Escape ends it";
+
+  // What this version does not know can be taken off as well.
+  hold(at("fromTheFuture"), at("fromTheFuture") - QPoint(0, 400));
+  shoot();
+  letGo();
+  EXPECT_TRUE(becomes({"cpu", "clock", "memory"}));
+  const auto undo = [&] {
+    for (const QString& window : visibleWindows())
+      if (const QString found = isMessage(window) ? below(window, "Undo") : QString(); !found.isEmpty()) return found;
+    return QString();
+  };
+  ASSERT_TRUE(waitFor([&] { return !undo().isEmpty(); })) << "no way back";
+  reader_.settle();
+  shoot();
+  moveTo(reader_.item(undo()).place.center());
+  pointer("click 1");
+  EXPECT_TRUE(becomes({"cpu", "clock", "fromTheFuture", "memory"}));
+
+  // Somebody else edits the profile meanwhile.
+  hold(at("CPU"), at("CPU") - QPoint(0, 400));
+  auto profiles = loadProfiles(file()).profiles;
+  profiles.front().items.pop_back();
+  saveProfiles(file(), profiles);
+  EXPECT_TRUE(waitFor([&] { return below(bar_, "Memory").isEmpty() && !below(bar_, "CPU").isEmpty(); }));
+  letGo();
+  EXPECT_EQ(stored(), (Names{"cpu", "clock", "fromTheFuture"}));
+  quit();
+}
+
+TEST_F(Arranging, MovesTilesByKeysAndBringsThemFromTheGallery) {
+  ASSERT_NO_FATAL_FAILURE(start({"clock", "cpu", "memory"}));
+  ASSERT_NO_FATAL_FAILURE(takeBar());
+  const auto focused = [&] { return reader_.item(reader_.focusPath()); };
+  for (int i = 0; i < 4 && !focused().name.startsWith("Clock"); ++i) press("Right");
+  EXPECT_TRUE(focused().description.endsWith("1 of 3")) << focused().description.toStdString();
+  press("ctrl+Right");
+  EXPECT_TRUE(becomes({"cpu", "clock", "memory"}));
+  EXPECT_TRUE(focused().name.startsWith("Clock")) << "the keyboard stays on the tile";
+  EXPECT_TRUE(focused().description.endsWith("2 of 3")) << focused().description.toStdString();
+  press("ctrl+Right");
+  press("ctrl+Right");
+  EXPECT_TRUE(becomes({"cpu", "memory", "clock"})) << "the end is the end";
+  press("ctrl+z");
+  EXPECT_TRUE(becomes({"cpu", "clock", "memory"}));
+
+  auto before = visibleWindows();
+  press("Menu");
+  ASSERT_TRUE(opened(before));
+  ASSERT_TRUE(pressUntil("Down", "Customize Dock…"));
+  before = visibleWindows();
+  press("Return");
+  const auto panel = opened(before);
+  ASSERT_TRUE(panel);
+  // From the search field to the first tile, and on to one that is not on the bar.
+  press("Down");
+  ASSERT_TRUE(pressUntil("Right", "Network"));
+  shoot();
+  press("space");
+  EXPECT_TRUE(becomes({"cpu", "clock", "memory", "network"}));
+  press("ctrl+z");
+  EXPECT_TRUE(becomes({"cpu", "clock", "memory"}));
+  hold(middle(*panel, "Network"), place(bar_, "CPU").topLeft() + QPoint(6, 20));
+  shoot();
+  letGo();
+  EXPECT_TRUE(becomes({"network", "cpu", "clock", "memory"}));
+  EXPECT_TRUE(isVisible(*panel));
+  // A tile of the gallery that is let go elsewhere does nothing.
+  hold(middle(*panel, "Network"), middle(*panel, "Network") - QPoint(0, 120));
+  letGo();
+  EXPECT_EQ(stored(), (Names{"network", "cpu", "clock", "memory"}));
+  quit();
+}
+
+}  // namespace
+}  // namespace ambrel
