@@ -43,25 +43,29 @@ LiveSeams liveSeams(const Services& with) {
           .now = with.surroundings.now};
 }
 
-StoresArea::Seams storesSeams(const Services& with, const Background& background) {
+bool openAddress(const QUrl& address) { return QDesktopServices::openUrl(address); }
+
+StoresArea::Seams storesSeams(const Services& with, Fetcher& fetcher, const Background& background) {
   return {.engine = with.engine,
           .documents = with.surroundings.dataFolder,
           .defaults = with.defaults,
           .folderWatch = with.desktop.tileFolder,
+          .fetcher = fetcher,
           .launcher = with.desktop.launcher,
           .background = background,
           .fileBackground = makeDetachedBackground(with.context),
           .calendar = with.surroundings.calendar,
           .now = with.surroundings.now,
-          .open = [](const QUrl& address) { return QDesktopServices::openUrl(address); },
+          .open = openAddress,
           .picture = [](const std::string& icon) { return ProgramIcons::source(QString::fromStdString(icon)); }};
 }
 
-CalendarModel::Seams calendarSeams(const Services& with) {
+CalendarModel::Seams calendarSeams(const Services& with, Fetcher& fetcher) {
   return {.home = with.surroundings.userHome,
           .settings = with.settings,
           .folders = with.desktop.calendarFolders,
           .service = with.desktop.calendars,
+          .fetcher = fetcher,
           // A calendar may be on a network disk that does not answer.
           .background = makeDetachedBackground(with.context),
           .calendar = with.surroundings.calendar,
@@ -108,9 +112,9 @@ Areas::Areas(const Services& with)
              .sounds = with.desktop.sounds,
              .now = with.surroundings.now},
             with.surroundings.dataFolder / "habits.json", with.due, with.shell),
-      weather(with.defaults, with.surroundings.calendar, with.surroundings.now, with.due),
-      stores(storesSeams(with, background), with.shell),
-      calendars(calendarSeams(with), with.due),
+      weather(fetcher, with.defaults, with.surroundings.calendar, with.surroundings.now, with.due),
+      stores(storesSeams(with, fetcher, background), with.shell),
+      calendars(calendarSeams(with, fetcher), with.due),
       tools({.defaults = with.defaults,
              .shell = with.shell,
              .calendar = with.surroundings.calendar,

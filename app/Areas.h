@@ -34,6 +34,7 @@ struct Areas {
   auto end() const { return all.end(); }
 
   Background background;
+  Fetcher fetcher;
   ChatServerModel languageModel;
   AgentsArea agents;
   ClipboardArea clipboard;

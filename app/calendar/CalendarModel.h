@@ -41,6 +41,7 @@ class CalendarModel : public ambrel::TimedModel {
     AppSettings& settings;
     FolderWatch& folders;
     CalendarService& service;
+    Fetcher& fetcher;
     Background background;
     PresentCalendar calendar;
     std::function<Instant()> now;

@@ -1,21 +1,14 @@
 #include "app/calendar/CalendarSubscriptions.h"
 
 #include <QCryptographicHash>
-#include <QHostAddress>
 #include <algorithm>
 
 #include "app/base/Log.h"
 #include "core/base/Text.h"
+#include "core/web/Address.h"
 
 namespace ambrel {
 namespace {
-
-bool mayAsk(const QUrl& url) {
-  if (!url.isValid() || url.host().isEmpty()) return false;
-  if (url.scheme() == QLatin1String("https")) return true;
-  return url.scheme() == QLatin1String("http") &&
-         (url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback());
-}
 
 DownloadLimits limits() {
   DownloadLimits limits;
@@ -30,7 +23,8 @@ std::optional<QUrl> subscriptionUrl(const std::string& address) {
   QUrl url(QString::fromStdString(std::string(trimmed(address))), QUrl::StrictMode);
   if (url.scheme() == QLatin1String("webcal") || url.scheme() == QLatin1String("webcals"))
     url.setScheme(QStringLiteral("https"));
-  return mayAsk(url) ? std::optional(url) : std::nullopt;
+  return url.isValid() && mayBeAsked(url.toString(QUrl::FullyEncoded).toStdString()) ? std::optional(url)
+                                                                                     : std::nullopt;
 }
 
 CalendarSubscriptions::CalendarSubscriptions(Seams seams, QObject* parent)
@@ -83,11 +77,9 @@ void CalendarSubscriptions::tick(Instant now) {
 }
 
 void CalendarSubscriptions::ask(const std::string& address, Subscription& subscription) {
-  if (!network_) network_ = new QNetworkAccessManager(this);
   subscription.isAsking = true;
-  download(
-      *network_, subscription.url, limits(), this,
-      [this, address](Download answer) { answered(address, std::move(answer)); }, mayAsk);
+  seams_.fetcher.get(subscription.url, limits(), this,
+                     [this, address](Download answer) { answered(address, std::move(answer)); });
 }
 
 void CalendarSubscriptions::answered(const std::string& address, Download answer) {

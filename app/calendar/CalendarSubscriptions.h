@@ -1,7 +1,6 @@
 #pragma once
 // Calendars at addresses of the web, kept in files: each is asked for now and then, and what it last was stays.
 
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <QUrl>
 #include <filesystem>
@@ -12,7 +11,7 @@
 #include <vector>
 
 #include "app/base/Background.h"
-#include "app/web/Download.h"
+#include "app/web/Fetcher.h"
 #include "core/calendar/CalendarReader.h"
 
 namespace ambrel {
@@ -28,6 +27,7 @@ class CalendarSubscriptions : public QObject {
 
   struct Seams {
     std::filesystem::path folder;  // of the files; made when it is needed
+    Fetcher& fetcher;              // outlives it
     Background background;
     std::function<Instant()> now;
   };
@@ -62,7 +62,6 @@ class CalendarSubscriptions : public QObject {
 
   Seams seams_;
   // Brings threads and memory of its own, which a bar without subscriptions does without.
-  QNetworkAccessManager* network_ = nullptr;
   std::map<std::string, Subscription> subscriptions_;
 };
 

@@ -1,16 +1,16 @@
 #include "app/stores/BookmarkList.h"
 
 #include "app/base/StoredValue.h"
-#include "core/stores/Address.h"
+#include "core/web/Address.h"
 
 namespace ambrel {
 
-BookmarkList::BookmarkList(std::filesystem::path file, std::filesystem::path iconFolder, Background background,
-                           Visit visit, Shell& shell, QObject* parent)
+BookmarkList::BookmarkList(std::filesystem::path file, std::filesystem::path iconFolder, Fetcher& fetcher,
+                           Background background, Visit visit, Shell& shell, QObject* parent)
     : EditedList(ListKind::bookmarks, std::move(file), tr("The list of bookmarks"), shell, parent),
       visit_(std::move(visit)),
       shell_(shell),
-      icons_(std::move(iconFolder), std::move(background)) {
+      icons_(std::move(iconFolder), fetcher, std::move(background)) {
   connect(&icons_, &SiteIcons::arrived, this, &BookmarkList::update);
 }
 

@@ -17,8 +17,8 @@ class BookmarkList : public ambrel::EditedList {
   // Opens a page in the browser; false when there is none.
   using Visit = std::function<bool(const QUrl&)>;
 
-  BookmarkList(std::filesystem::path file, std::filesystem::path iconFolder, Background background, Visit visit,
-               Shell& shell, QObject* parent = nullptr);
+  BookmarkList(std::filesystem::path file, std::filesystem::path iconFolder, Fetcher& fetcher, Background background,
+               Visit visit, Shell& shell, QObject* parent = nullptr);
 
   void open() override;
   Q_INVOKABLE void visit(const QString& id);

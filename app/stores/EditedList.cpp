@@ -3,7 +3,7 @@
 #include "app/base/QmlObjects.h"
 #include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
-#include "core/stores/Address.h"
+#include "core/web/Address.h"
 
 namespace ambrel {
 namespace {

@@ -2,13 +2,12 @@
 
 #include <QBuffer>
 #include <QFile>
-#include <QImageReader>
-#include <array>
 
 #include "app/base/Log.h"
+#include "app/web/SmallPicture.h"
 #include "core/base/Files.h"
 #include "core/base/Text.h"
-#include "core/stores/Address.h"
+#include "core/web/Address.h"
 
 namespace ambrel {
 namespace {
@@ -17,36 +16,20 @@ constexpr DownloadLimits limits{.time = std::chrono::seconds(10), .bytes = 512 <
 constexpr int side = 64;
 constexpr int mostPixels = 1024;
 
-// As a PNG; empty when it is no picture that a browser would take. The formats are few, since anybody can send them.
-QByteArray smallPicture(const QByteArray& bytes) {
-  QBuffer source;
-  source.setData(bytes);
-  QImageReader reader(&source);
-  reader.setDecideFormatFromContent(true);
-  constexpr std::array formats{"png", "ico", "jpeg", "gif"};
-  if (std::ranges::none_of(formats, [&](const char* format) { return reader.format() == format; })) return {};
-  QImage best;
-  // An icon has the picture in several sizes.
-  for (int i = 0; i < std::max(1, reader.imageCount()) && i < 16; ++i) {
-    if (i > 0 && !reader.jumpToImage(i)) break;
-    const QSize size = reader.size();
-    if (size.isEmpty() || size.width() > mostPixels || size.height() > mostPixels) continue;
-    if (QImage image = reader.read(); image.width() > best.width()) best = std::move(image);
-  }
-  if (best.isNull()) return {};
-  if (best.width() > side || best.height() > side)
-    best = best.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+// As a PNG; empty when it is no picture.
+QByteArray packedIcon(const QByteArray& bytes) {
+  const QImage picture = smallPicture(bytes, side, mostPixels);
   QByteArray png;
   QBuffer target(&png);
   target.open(QIODevice::WriteOnly);
-  best.save(&target, "PNG");
+  if (!picture.isNull()) picture.save(&target, "PNG");
   return png;
 }
 
 }  // namespace
 
-SiteIcons::SiteIcons(std::filesystem::path folder, Background background, QObject* parent)
-    : QObject(parent), folder_(std::move(folder)), background_(std::move(background)) {}
+SiteIcons::SiteIcons(std::filesystem::path folder, Fetcher& fetcher, Background background, QObject* parent)
+    : QObject(parent), folder_(std::move(folder)), fetcher_(fetcher), background_(std::move(background)) {}
 
 std::filesystem::path SiteIcons::fileOf(const std::string& site) const {
   return folder_ / (percentEncodedPath(hostOf(site)) + ".png");
@@ -85,10 +68,8 @@ void SiteIcons::fetchNext() {
 }
 
 void SiteIcons::fetch(const std::string& site, const QUrl& address, std::function<void(const Download&)> answered) {
-  // It brings threads and memory of its own, which a bar without bookmarks does without.
-  if (!network_) network_ = new QNetworkAccessManager(this);
-  download(*network_, address, limits, this, std::move(answered),
-           [site](const QUrl& to) { return isOfSite(site, to.toString(QUrl::FullyEncoded).toStdString()); });
+  fetcher_.get(address, limits, this, std::move(answered),
+               [site](const QUrl& to) { return isOfSite(site, to.toString(QUrl::FullyEncoded).toStdString()); });
 }
 
 void SiteIcons::askPage(const std::string& site) {
@@ -109,7 +90,7 @@ void SiteIcons::take(const std::string& site, const QByteArray& bytes, std::func
   auto isKept = std::make_shared<bool>(false);
   background_(
       [bytes, isKept, folder = folder_, file = fileOf(site)] {
-        const QByteArray png = smallPicture(bytes);
+        const QByteArray png = packedIcon(bytes);
         if (png.isEmpty()) return;
         try {
           makeFolders(folder);

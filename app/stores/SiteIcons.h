@@ -1,7 +1,6 @@
 #pragma once
 // The icons of sites: kept in a folder, and fetched from the site itself alone.
 
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <deque>
 #include <filesystem>
@@ -9,7 +8,7 @@
 #include <string>
 
 #include "app/base/Background.h"
-#include "app/web/Download.h"
+#include "app/web/Fetcher.h"
 
 namespace ambrel {
 
@@ -19,7 +18,8 @@ class SiteIcons : public QObject {
   Q_OBJECT
 
  public:
-  SiteIcons(std::filesystem::path folder, Background background, QObject* parent = nullptr);
+  // The fetcher outlives it.
+  SiteIcons(std::filesystem::path folder, Fetcher& fetcher, Background background, QObject* parent = nullptr);
 
   // Of a page's site, for QML; empty while there is none.
   QString iconOf(const std::string& address) const;
@@ -42,8 +42,8 @@ class SiteIcons : public QObject {
   void finish(const std::string& site, std::optional<State> state);
 
   std::filesystem::path folder_;
+  Fetcher& fetcher_;
   Background background_;
-  QNetworkAccessManager* network_ = nullptr;
   std::map<std::string, State> states_;
   std::deque<std::string> waiting_;
   bool isFetching_ = false;

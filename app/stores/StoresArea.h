@@ -32,6 +32,7 @@ class StoresArea : public Area {
     std::filesystem::path documents;  // the folder that holds them
     UserDefaults& defaults;
     FolderWatch& folderWatch;
+    Fetcher& fetcher;
     Launcher& launcher;
     Background background, fileBackground;
     PresentCalendar calendar;

@@ -5,14 +5,15 @@
 
 namespace ambrel {
 
-WeatherArea::WeatherArea(UserDefaults& defaults, PresentCalendar calendar, std::function<Instant()> now, DueTimer& due,
-                         QObject* parent)
+WeatherArea::WeatherArea(Fetcher& fetcher, UserDefaults& defaults, PresentCalendar calendar,
+                         std::function<Instant()> now, DueTimer& due, QObject* parent)
     : Area(QStringLiteral("Weather"), parent),
+      fetcher_(fetcher),
       defaults_(defaults),
       calendar_(std::move(calendar)),
       now_(std::move(now)),
       due_(due),
-      service_(weatherHosts(defaults)),
+      service_(fetcher, weatherHosts(defaults)),
       main_(WeatherModel::mainSetting(), service_, defaults_, calendar_, now_) {
   add(main_);
 }
@@ -25,7 +26,7 @@ void WeatherArea::add(WeatherModel& model) {
 WeatherModel* WeatherArea::second() {
   if (!second_) {
     second_ = std::make_unique<WeatherModel>(WeatherModel::secondCitySetting(), service_, defaults_, calendar_, now_);
-    if (reachability_) second_->setOnline(reachability_->isOnline(), now_());
+    if (followsNetwork_) second_->setOnline(fetcher_.isOnline(), now_());
     add(*second_);
   }
   return second_.get();
@@ -55,14 +56,13 @@ void WeatherArea::defaultsChanged(const std::set<std::string>& keys) {
 
 // The network service is not started until the weather is shown.
 void WeatherArea::watchNetwork() {
-  if (reachability_) return;
-  reachability_ = std::make_unique<Reachability>();
+  if (std::exchange(followsNetwork_, true)) return;
   const auto tell = [this](bool isOnline) {
     main_.setOnline(isOnline, now_());
     if (second_) second_->setOnline(isOnline, now_());
   };
-  connect(reachability_.get(), &Reachability::changed, this, tell);
-  tell(reachability_->isOnline());
+  connect(&fetcher_, &Fetcher::onlineChanged, this, tell);
+  tell(fetcher_.isOnline());
 }
 
 }  // namespace ambrel

@@ -6,7 +6,6 @@
 
 #include "app/base/Area.h"
 #include "app/base/DueTimer.h"
-#include "app/weather/Reachability.h"
 #include "app/weather/WeatherModel.h"
 #include "core/base/PresentCalendar.h"
 
@@ -21,9 +20,9 @@ class WeatherArea : public Area {
   Q_PROPERTY(ambrel::WeatherModel* second READ second CONSTANT FINAL)
 
  public:
-  // defaults and due outlive it.
-  WeatherArea(UserDefaults& defaults, PresentCalendar calendar, std::function<Instant()> now, DueTimer& due,
-              QObject* parent = nullptr);
+  // The references outlive it.
+  WeatherArea(Fetcher& fetcher, UserDefaults& defaults, PresentCalendar calendar, std::function<Instant()> now,
+              DueTimer& due, QObject* parent = nullptr);
 
   WeatherModel* main() { return &main_; }
   WeatherModel* second();
@@ -37,6 +36,7 @@ class WeatherArea : public Area {
   void add(WeatherModel& model);
   void watchNetwork();
 
+  Fetcher& fetcher_;
   UserDefaults& defaults_;
   PresentCalendar calendar_;
   std::function<Instant()> now_;
@@ -44,7 +44,7 @@ class WeatherArea : public Area {
   WeatherService service_;
   WeatherModel main_;
   std::unique_ptr<WeatherModel> second_;
-  std::unique_ptr<Reachability> reachability_;
+  bool followsNetwork_ = false;
 };
 
 }  // namespace ambrel

@@ -2,14 +2,13 @@
 // Requests to the weather services, over HTTP.
 
 #include <QByteArray>
-#include <QNetworkAccessManager>
 #include <QString>
 #include <QUrl>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "app/web/Download.h"
+#include "app/web/Fetcher.h"
 #include "core/settings.h"
 #include "core/weather/WeatherSchedule.h"
 
@@ -30,7 +29,7 @@ WeatherHosts weatherHosts(const UserDefaults& defaults);
 // Why there is no answer, and how long the server wants to be left alone (0: it does not say).
 struct WeatherProblem {
   QString text;
-  WeatherFailure kind = WeatherFailure::bad;
+  FetchFailure kind = FetchFailure::bad;
   std::chrono::seconds wait{0};
 };
 
@@ -43,7 +42,8 @@ class WeatherService : public QObject {
   using Answer = std::function<void(std::optional<QByteArray> body, const WeatherProblem& problem)>;
 
   // mostJitter: the largest share by which pauses between two requests are lengthened, at random.
-  explicit WeatherService(WeatherHosts hosts, DownloadLimits limits = {}, double mostJitter = 0.05);
+  // The fetcher outlives it.
+  explicit WeatherService(Fetcher& fetcher, WeatherHosts hosts, DownloadLimits limits = {}, double mostJitter = 0.05);
 
   // `answered` is called once, later and on this thread, as long as `receiver` lives.
   void get(Kind kind, const std::string& request, QObject* receiver, Answer answered);
@@ -52,7 +52,7 @@ class WeatherService : public QObject {
   double jitter() const;
 
  private:
-  QNetworkAccessManager* network_ = nullptr;
+  Fetcher& fetcher_;
   WeatherHosts hosts_;
   DownloadLimits limits_;
   double mostJitter_;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "app/base/StoredValue.h"
+#include "app/web/Fetcher.h"
 #include "core/base/LocalText.h"
 
 namespace ambrel {
@@ -147,8 +148,7 @@ WeatherTexts weatherTexts(const WeatherPlace& placeOf, const WeatherReading& rea
   out.rainDetail = toQString(rain.detail);
   out.isWet = rain.isWet;
   if (!reading.forecast) {
-    const bool isOffline = !reading.isOnline && reading.failure == WeatherFailure::unreached;
-    out.problem = !reading.failure ? tr("Waiting for data") : isOffline ? tr("Offline") : tr("No answer yet");
+    out.problem = fetchProblem(reading.failure, reading.isOnline);
     return out;
   }
 

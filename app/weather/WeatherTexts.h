@@ -65,7 +65,7 @@ struct WeatherTexts {
 struct WeatherReading {
   std::optional<Forecast> forecast{};
   // Of the last request for the forecast; absent when it was answered, and before the first.
-  std::optional<WeatherFailure> failure{};
+  std::optional<FetchFailure> failure{};
   bool isOnline = true;         // as the desktop says
   bool usesFahrenheit = false;  // what the forecast was asked for in
   std::optional<Instant> updatedAt{};

@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "core/web/Address.h"
+
 namespace ambrel {
 namespace {
 
@@ -15,6 +17,13 @@ std::chrono::seconds askedToWait(const QNetworkReply& reply) {
   const int seconds = reply.rawHeader("Retry-After").trimmed().toInt(&isNumber);
   return std::chrono::seconds(isNumber ? std::clamp(seconds, 0, 86400) : 0);
 }
+
+FetchFailure kindOf(int status) {
+  constexpr int tooManyRequests = 429;
+  return status == 0 ? FetchFailure::unreached : status == tooManyRequests ? FetchFailure::refused : FetchFailure::bad;
+}
+
+std::string textOf(const QUrl& url) { return url.toString(QUrl::FullyEncoded).toStdString(); }
 
 // One request under way: collects the body within its limits and answers once.
 class Fetch : public QObject {
@@ -47,7 +56,12 @@ class Fetch : public QObject {
     if (problem_.isEmpty() && reply_->error() != QNetworkReply::NoError) problem_ = reply_->errorString();
     if (problem_.isEmpty() && status != 200) problem_ = QStringLiteral("the server says %1").arg(status);
     if (!receiver_) return;
-    Download all{.body = {}, .problem = problem_, .status = status, .wait = askedToWait(*reply_), .url = reply_->url()};
+    Download all{.body = {},
+                 .problem = problem_,
+                 .failure = kindOf(status),
+                 .status = status,
+                 .wait = askedToWait(*reply_),
+                 .url = reply_->url()};
     if (problem_.isEmpty()) all.body = std::move(body_);
     answered_(std::move(all));
   }
@@ -64,23 +78,29 @@ class Fetch : public QObject {
 
 void download(QNetworkAccessManager& network, const QUrl& address, const DownloadLimits& limits, QObject* receiver,
               std::function<void(Download)> answered, std::function<bool(const QUrl&)> mayFollow) {
+  if (!mayBeAsked(textOf(address), limits.allowsPlain)) {
+    QTimer::singleShot(0, receiver, [answered = std::move(answered), address] {
+      answered({.body = {}, .problem = QStringLiteral("the address is not safe"), .url = address});
+    });
+    return;
+  }
   QNetworkRequest ask(address);
   ask.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Tilebay"));
-  ask.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                   mayFollow ? QNetworkRequest::UserVerifiedRedirectPolicy : QNetworkRequest::NoLessSafeRedirectPolicy);
+  ask.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);
   ask.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   ask.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
   ask.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
   ask.setMaximumRedirectsAllowed(limits.redirections);
   ask.setDecompressedSafetyCheckThreshold(limits.bytes);
   QNetworkReply* reply = network.get(ask);
-  if (mayFollow)
-    QObject::connect(reply, &QNetworkReply::redirected, reply, [reply, mayFollow](const QUrl& to) {
-      if (mayFollow(reply->url().resolved(to)))
-        Q_EMIT reply->redirectAllowed();
-      else
-        reply->abort();
-    });
+  QObject::connect(reply, &QNetworkReply::redirected, reply,
+                   [reply, mayFollow = std::move(mayFollow), allowsPlain = limits.allowsPlain](const QUrl& to) {
+                     const QUrl next = reply->url().resolved(to);
+                     if (mayLeadTo(textOf(reply->url()), textOf(next), allowsPlain) && (!mayFollow || mayFollow(next)))
+                       Q_EMIT reply->redirectAllowed();
+                     else
+                       reply->abort();
+                   });
   new Fetch(reply, limits, receiver, std::move(answered));
 }
 

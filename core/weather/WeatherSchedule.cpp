@@ -5,27 +5,20 @@
 namespace ambrel {
 namespace {
 
-constexpr std::chrono::seconds wakingPause{10};
 // Without a reading of the air.
 constexpr std::chrono::seconds soon{60};
-
-bool isPast(const std::optional<Instant>& time, Instant now) { return time && *time <= now; }
 
 }  // namespace
 
 WeatherSchedule::Requests WeatherSchedule::setWanted(bool isWanted, Instant now) {
-  if (isWanted == isWanted_) return {};
-  isWanted_ = isWanted;
-  return isWanted_ && (!forecast_.nextAt || isPast(forecast_.nextAt, now)) ? refresh(now) : Requests{};
+  return forecast_.setWanted(isWanted, now) ? withAir(now) : Requests{};
 }
 
 WeatherSchedule::Requests WeatherSchedule::refresh(Instant now) {
-  if (!isWanted_) {
-    forecast_.nextAt = now;
-    return {};
-  }
-  forecast_.askedAt = now;
-  forecast_.nextAt = advanced(now, weatherInterval * stretch_);
+  return forecast_.refresh(now) ? withAir(now) : Requests{};
+}
+
+WeatherSchedule::Requests WeatherSchedule::withAir(Instant now) {
   const bool isPutOff = air_.failures > 0 && air_.nextAt && *air_.nextAt > now;
   const bool asksAir = !isPutOff && isAirQualityDue(now);
   if (asksAir) askAirQuality(now);
@@ -33,10 +26,10 @@ WeatherSchedule::Requests WeatherSchedule::refresh(Instant now) {
 }
 
 WeatherSchedule::Requests WeatherSchedule::tick(Instant now) {
-  if (!isWanted_) return {};
+  if (!isWanted()) return {};
   Requests requests;
-  if (isPast(forecast_.nextAt, now)) requests = refresh(now);
-  if (isPast(air_.nextAt, now)) {
+  if (forecast_.tick(now)) requests = withAir(now);
+  if (air_.isDue(now)) {
     requests.airQuality = isAirQualityDue(now);
     if (requests.airQuality)
       askAirQuality(now);
@@ -47,49 +40,43 @@ WeatherSchedule::Requests WeatherSchedule::tick(Instant now) {
 }
 
 std::optional<Instant> WeatherSchedule::due() const {
-  // What becomes due while nobody looks is asked for as soon as somebody does.
-  if (!isWanted_) return std::nullopt;
-  if (!forecast_.nextAt || !air_.nextAt) return forecast_.nextAt ? forecast_.nextAt : air_.nextAt;
-  return std::min(*forecast_.nextAt, *air_.nextAt);
+  if (!isWanted()) return std::nullopt;
+  const auto forecast = forecast_.due();
+  if (!forecast || !air_.nextAt) return forecast ? forecast : air_.nextAt;
+  return std::min(*forecast, *air_.nextAt);
 }
 
 WeatherSchedule::Requests WeatherSchedule::restart(Instant now) {
-  forecast_ = air_ = {};
-  return refresh(now);
-}
-
-void WeatherSchedule::forecastAnswered() {
-  forecast_.failures = 0;
-  forecast_.hasAnswer = true;
+  air_ = {};
+  return forecast_.restart(now) ? withAir(now) : Requests{};
 }
 
 void WeatherSchedule::airQualityAnswered(Instant now) {
-  air_.failures = 0;
-  air_.hasAnswer = true;
-  air_.nextAt = advanced(air_.askedAt.value_or(now), weatherInterval * stretch_);
+  air_.answered();
+  air_.nextAt = advanced(air_.askedAt.value_or(now), Seconds(rhythm_.interval) * rhythm_.stretch);
 }
 
-void WeatherSchedule::forecastFailed(WeatherFailure kind, Seconds wait, Instant now) {
-  forecast_.nextAt = advanced(now, pauseAfter(forecast_, kind, wait));
+void WeatherSchedule::forecastFailed(FetchFailure kind, Seconds wait, Instant now) {
+  forecast_.failed(kind, wait, now);
 }
 
-void WeatherSchedule::airQualityFailed(WeatherFailure kind, Seconds wait, Instant now) {
-  air_.nextAt = advanced(air_.askedAt.value_or(now), pauseAfter(air_, kind, wait));
+void WeatherSchedule::airQualityFailed(FetchFailure kind, Seconds wait, Instant now) {
+  air_.nextAt = advanced(air_.askedAt.value_or(now), air_.failed(kind, wait, rhythm_));
 }
 
 void WeatherSchedule::networkReturned(Instant now) {
-  for (Service* service : {&forecast_, &air_})
-    if (service->failures > 0 && service->last == WeatherFailure::unreached) service->nextAt = now;
+  forecast_.networkReturned(now);
+  air_.networkReturned(now);
 }
 
 void WeatherSchedule::slept(Instant now) {
-  for (Service* service : {&forecast_, &air_})
-    if (service->nextAt) service->nextAt = std::max<Instant>(*service->nextAt, now + wakingPause);
+  forecast_.slept(now);
+  air_.slept(now);
 }
 
 void WeatherSchedule::clockMoved(Seconds by) {
-  for (std::optional<Instant>* time : {&forecast_.askedAt, &forecast_.nextAt, &air_.askedAt, &air_.nextAt})
-    if (*time) *time = advanced(**time, by);
+  forecast_.clockMoved(by);
+  air_.clockMoved(by);
 }
 
 // Half an hour after a reading, a minute without one.
@@ -101,30 +88,6 @@ bool WeatherSchedule::isAirQualityDue(Instant now) const {
 void WeatherSchedule::askAirQuality(Instant now) {
   air_.askedAt = now;
   air_.nextAt.reset();
-}
-
-Seconds WeatherSchedule::pauseAfter(Service& service, WeatherFailure kind, Seconds wait) const {
-  // A server that was not reached and one that refuses are different stories.
-  service.failures = service.failures > 0 && service.last == kind ? service.failures + 1 : 1;
-  service.last = kind;
-  return std::max<Seconds>(wait, retryPause(service.failures, kind, service.hasAnswer)) * stretch_;
-}
-
-std::chrono::seconds retryPause(int failures, WeatherFailure last, bool hasAnswer) {
-  using std::chrono::seconds;
-  if (failures <= 0) return weatherInterval;
-  const auto doubled = [failures](seconds first, seconds most) {
-    return std::min(most, first * (1 << std::min(failures - 1, 10)));
-  };
-  switch (last) {
-    case WeatherFailure::unreached:
-      return doubled(seconds(60), seconds(300));
-    case WeatherFailure::refused:
-      return doubled(weatherInterval, weatherInterval * 8);
-    case WeatherFailure::bad:
-      return hasAnswer ? weatherInterval : doubled(seconds(60), weatherInterval);
-  }
-  return weatherInterval;
 }
 
 }  // namespace ambrel

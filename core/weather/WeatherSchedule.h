@@ -3,15 +3,9 @@
 // looks. Requests themselves are the caller's.
 
 #include "core/weather.h"
+#include "core/web/AskSchedule.h"
 
 namespace ambrel {
-
-// Why there is no answer.
-enum class WeatherFailure {
-  unreached,  // no server was reached; perhaps the network is not there
-  refused,    // the server is asked too often
-  bad         // anything else that it said
-};
 
 class WeatherSchedule {
  public:
@@ -20,23 +14,13 @@ class WeatherSchedule {
     bool forecast = false, airQuality = false;
     friend bool operator==(const Requests&, const Requests&) = default;
   };
-  // One of the two services.
-  struct Service {
-    std::optional<Instant> askedAt{};  // the last time
-    std::optional<Instant> nextAt{};   // absent before the first request, and while one for the air is under way
-    bool hasAnswer = false;            // there is something to show
-    int failures = 0;                  // in a row, and alike
-    WeatherFailure last = WeatherFailure::bad;
-    friend bool operator==(const Service&, const Service&) = default;
-  };
+  // `jitter` lengthens every pause by a share of it.
+  explicit WeatherSchedule(double jitter = 0)
+      : forecast_(weatherInterval, jitter), rhythm_{weatherInterval, 1 + jitter} {}
 
-  // `jitter` lengthens every pause by a share of it: the programs that start at nine are not to ask all at once for the
-  // rest of the day.
-  explicit WeatherSchedule(double jitter = 0) : stretch_(1 + jitter) {}
-
-  const Service& forecast() const { return forecast_; }
-  const Service& airQuality() const { return air_; }
-  bool isWanted() const { return isWanted_; }
+  const AskTimes& forecast() const { return forecast_.times(); }
+  const AskTimes& airQuality() const { return air_; }
+  bool isWanted() const { return forecast_.isWanted(); }
 
   // Whether anybody looks at this place's weather. Nothing is asked for otherwise.
   [[nodiscard]] Requests setWanted(bool isWanted, Instant now);
@@ -48,11 +32,11 @@ class WeatherSchedule {
   // Another place: there are no answers yet.
   [[nodiscard]] Requests restart(Instant now);
 
-  void forecastAnswered();
+  void forecastAnswered() { forecast_.answered(); }
   void airQualityAnswered(Instant now);
   // `wait`: how long the server wants to be left alone, 0 if it does not say.
-  void forecastFailed(WeatherFailure kind, Seconds wait, Instant now);
-  void airQualityFailed(WeatherFailure kind, Seconds wait, Instant now);
+  void forecastFailed(FetchFailure kind, Seconds wait, Instant now);
+  void airQualityFailed(FetchFailure kind, Seconds wait, Instant now);
 
   // The network is back: what was not reached is asked for again.
   void networkReturned(Instant now);
@@ -61,18 +45,14 @@ class WeatherSchedule {
   void clockMoved(Seconds by);
 
  private:
+  // The forecast was asked for; so is the air, if it is due.
+  Requests withAir(Instant now);
   bool isAirQualityDue(Instant now) const;
   void askAirQuality(Instant now);
-  Seconds pauseAfter(Service& service, WeatherFailure kind, Seconds wait) const;
 
-  double stretch_;
-  bool isWanted_ = false;
-  Service forecast_, air_;
+  AskSchedule forecast_;
+  AskRhythm rhythm_;
+  AskTimes air_;  // without a next time while a request is under way
 };
-
-// How long to wait after that many failures in a row, of which `last` is the last. Trying again where no server was
-// reached burdens nobody, and nothing else may tell that the network is back. After a bad answer the next regular
-// request is soon enough; with nothing to show the first tries come quickly and then ever later.
-std::chrono::seconds retryPause(int failures, WeatherFailure last, bool hasAnswer);
 
 }  // namespace ambrel

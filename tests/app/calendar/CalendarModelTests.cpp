@@ -27,6 +27,7 @@ struct Room {
             .settings = settings,
             .folders = folders,
             .service = service,
+            .fetcher = fetcher,
             .background = work.background(),
             .calendar = calendar,
             .now = [this] { return clock.now(); },
@@ -43,6 +44,7 @@ struct Room {
   UserDefaults defaults{folder / "defaults.json"};
   AppSettings settings{defaults};
   FakeFolderWatch folders;
+  Fetcher fetcher;
   FakeCalendarService service;
   HeldWork work;
   PresentCalendar calendar{Calendar("Europe/Berlin", "en_GB")};

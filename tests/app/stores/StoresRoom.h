@@ -17,22 +17,7 @@ namespace ambrel {
 struct StoresRoom {
   void start() {
     area.reset();
-    area = std::make_unique<StoresArea>(StoresArea::Seams{.engine = engine,
-                                                          .documents = folder / "Ambrel",
-                                                          .defaults = defaults,
-                                                          .folderWatch = watch,
-                                                          .launcher = launcher,
-                                                          .background = work.background(),
-                                                          .fileBackground = work.background(),
-                                                          .calendar = Calendar("UTC", "en_US"),
-                                                          .now = [] { return *parseISO8601("2026-11-22T14:00:00Z"); },
-                                                          .open =
-                                                              [this](const QUrl& url) {
-                                                                opened << url;
-                                                                return true;
-                                                              },
-                                                          .picture = [](const std::string&) { return QString(); }},
-                                        shell);
+                                                       .fetcher = fetcher,
     std::set<DockWidget> all;
     for (const DockWidget widget : allCases<DockWidget>()) all.insert(widget);
     area->widgetsChanged(all, true, {});
@@ -47,7 +32,7 @@ struct StoresRoom {
   TemporaryFolder folder;
   UserDefaults defaults{folder / "defaults.json"};
   QQmlEngine engine;
-  FakeFolderWatch watch;
+  Fetcher fetcher;
   FakeLauncher launcher;
   FakeShell shell;
   HeldWork work;

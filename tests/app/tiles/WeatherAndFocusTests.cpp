@@ -54,7 +54,7 @@ struct Morning : FocusRoom {
 struct Models {
   explicit Models(Morning& room)
       : settings(room.defaults),
-        weatherArea(room.defaults, room.seams().calendar, room.now, room.due),
+        weatherArea(fetcher, room.defaults, room.seams().calendar, room.now, room.due),
         focus(room.seams(), room.folder / "Ambrel/habits.json", room.due, room.shell) {
     QObject::connect(&settings, &AppSettings::chosen, &settings, [this](const std::string& key) {
       for (Area* area : std::initializer_list<Area*>{&weatherArea, &focus}) area->defaultsChanged({key});
@@ -67,6 +67,7 @@ struct Models {
   }
 
   AppSettings settings;
+  Fetcher fetcher;
   WeatherArea weatherArea;
   FocusArea focus;
   WeatherModel& weather = *weatherArea.main();

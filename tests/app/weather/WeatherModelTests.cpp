@@ -33,7 +33,7 @@ struct Room {
   // Both places, on the program's timer.
   WeatherArea makeArea() {
     return WeatherArea(
-        defaults, Calendar("Europe/Berlin", "en_GB"), [this] { return clock.now(); }, due);
+        fetcher, defaults, Calendar("Europe/Berlin", "en_GB"), [this] { return clock.now(); }, due);
   }
   // As in the panel.
   void choose(WeatherModel& model, const char* key, const DefaultsValue& value) {
@@ -57,7 +57,8 @@ struct Room {
   FakeClock clock{*parseISO8601("2026-07-14T09:41:00Z")};
   DueTimer due{clock};
   LoopbackServer server;
-  WeatherService service{{server.url(), server.url(), server.url()}, {.time = std::chrono::seconds(10)}, 0};
+  Fetcher fetcher;
+  WeatherService service{fetcher, {server.url(), server.url(), server.url()}, {.time = std::chrono::seconds(10)}, 0};
   Reply forecast{.body = sample("london.json")};
   Reply air{.body = sample("air-london.json")};
   Reply places{.body = sample("places-springfield.json")};
@@ -136,7 +137,7 @@ class WeatherModelTests : public QObject {
     LoopbackServer gone;
     const QUrl nowhere = gone.url();
     gone.close();
-    WeatherService unreached({nowhere, nowhere, nowhere}, {.time = std::chrono::seconds(10)}, 0);
+    WeatherService unreached(room.fetcher, {nowhere, nowhere, nowhere}, {.time = std::chrono::seconds(10)}, 0);
     WeatherModel other(WeatherModel::mainSetting(), unreached, room.defaults, Calendar("Europe/Berlin", "en_GB"),
                        [&] { return room.clock.now(); });
     other.setOnline(false, room.clock.now());

@@ -26,7 +26,8 @@ class WeatherServiceTests : public QObject {
 };
 
 QString WeatherServiceTests::get(LoopbackServer& server, DownloadLimits limits) {
-  WeatherService service({server.url(), server.url(), server.url()}, limits);
+  Fetcher fetcher;
+  WeatherService service(fetcher, {server.url(), server.url(), server.url()}, limits);
   QObject receiver;
   std::optional<QString> answer;
   service.get(WeatherService::Kind::forecast, "/v1/forecast?x=1", &receiver, [&](const auto& body, const auto& why) {
@@ -57,8 +58,8 @@ void WeatherServiceTests::aBadAnswerIsNoAnswer() {
     const QString answer = get(server, {.time = std::chrono::milliseconds(neverEnds ? 150 : 10000)});
     QVERIFY2(answer.startsWith(QLatin1Char('!')) && answer.size() > 1, qPrintable(answer.left(80)));
     QVERIFY2(server.targets.size() <= 4, "a circle is left after three turns");
-    QCOMPARE(problem.kind == WeatherFailure::refused, reply.status == 429);
-    QCOMPARE(problem.kind == WeatherFailure::unreached, reply.manner == Manner::silent);
+    QCOMPARE(problem.kind == FetchFailure::refused, reply.status == 429);
+    QCOMPARE(problem.kind == FetchFailure::unreached, reply.manner == Manner::silent);
     QCOMPARE(problem.wait.count(), reply.status == 429 ? 7200 : 0);
   }
 }
@@ -81,7 +82,8 @@ void WeatherServiceTests::aRedirectionIsFollowed() {
 void WeatherServiceTests::anAnswerForNobodyIsDropped() {
   LoopbackServer server;
   server.answer = [](const QByteArray&) { return Reply{.body = "{}"}; };
-  WeatherService service({server.url(), server.url(), server.url()});
+  Fetcher fetcher;
+  WeatherService service(fetcher, {server.url(), server.url(), server.url()});
   auto receiver = std::make_unique<QObject>();
   bool called = false;
   service.get(WeatherService::Kind::geocoding, "/a", receiver.get(), [&](const auto&, const auto&) { called = true; });
@@ -113,7 +115,8 @@ void WeatherServiceTests::aServerOfOnesOwnMayHaveAPath() {
   server.answer = [](const QByteArray&) { return Reply{.body = "{}"}; };
   QUrl base = server.url();
   base.setPath(QStringLiteral("/meteo/"));
-  WeatherService service({base, base, base});
+  Fetcher fetcher;
+  WeatherService service(fetcher, {base, base, base});
   QObject receiver;
   bool answered = false;
   service.get(WeatherService::Kind::geocoding, "/v1/search?name=a%26b%2Fc&count=6", &receiver,

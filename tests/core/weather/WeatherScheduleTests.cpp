@@ -21,7 +21,7 @@ struct WeatherScheduleTest : testing::Test {
     schedule.forecastAnswered();
     schedule.airQualityAnswered(now);
   }
-  void fail(WeatherFailure kind, Seconds wait = Seconds(0)) {
+  void fail(FetchFailure kind, Seconds wait = Seconds(0)) {
     schedule.forecastFailed(kind, wait, now);
     schedule.airQualityFailed(kind, wait, now);
   }
@@ -48,13 +48,13 @@ TEST_F(WeatherScheduleTest, StretchesItsPauses) {
   WeatherSchedule other(0.1);
   EXPECT_EQ(other.setWanted(true, now), both);
   EXPECT_EQ(other.due(), now + minutes(33));
-  other.forecastFailed(WeatherFailure::bad, Seconds(0), now);
+  other.forecastFailed(FetchFailure::bad, Seconds(0), now);
   EXPECT_EQ(other.due(), now + seconds(66));
 }
 
 TEST_F(WeatherScheduleTest, WaitsLongerAfterEveryFailureWhileThereIsNothingToShow) {
   for (const int pause : {60, 120, 240, 480, 960, 1800, 1800}) {
-    fail(WeatherFailure::bad);
+    fail(FetchFailure::bad);
     EXPECT_EQ(schedule.due(), now + seconds(pause));
     EXPECT_EQ(after(seconds(pause)), both);
   }
@@ -63,14 +63,14 @@ TEST_F(WeatherScheduleTest, WaitsLongerAfterEveryFailureWhileThereIsNothingToSho
 TEST_F(WeatherScheduleTest, LeavesAServerAloneAsLongAsItWants) {
   answer();
   EXPECT_EQ(after(minutes(30)), both);
-  fail(WeatherFailure::bad);
+  fail(FetchFailure::bad);
   EXPECT_EQ(schedule.due(), now + minutes(30));
   EXPECT_EQ(after(minutes(30)), both);
-  fail(WeatherFailure::refused, hours(2));
+  fail(FetchFailure::refused, hours(2));
   EXPECT_EQ(schedule.due(), now + hours(2));
   // A reason of another kind counts from one.
   EXPECT_EQ(after(hours(2)), both);
-  fail(WeatherFailure::unreached);
+  fail(FetchFailure::unreached);
   EXPECT_EQ(schedule.due(), now + seconds(60));
 }
 
@@ -79,7 +79,7 @@ TEST_F(WeatherScheduleTest, ANetworkThatReturnsBringsOnlyWhatWasNotReached) {
   schedule.networkReturned(now);
   EXPECT_EQ(schedule.due(), now + minutes(30));
   EXPECT_EQ(after(minutes(30)), both);
-  fail(WeatherFailure::unreached);
+  fail(FetchFailure::unreached);
   now += seconds(5);
   schedule.networkReturned(now);
   EXPECT_EQ(schedule.due(), now);
@@ -87,7 +87,7 @@ TEST_F(WeatherScheduleTest, ANetworkThatReturnsBringsOnlyWhatWasNotReached) {
 
 TEST_F(WeatherScheduleTest, AsksForTheAirByItselfUntilThereIsAReading) {
   schedule.forecastAnswered();
-  schedule.airQualityFailed(WeatherFailure::bad, Seconds(0), now);
+  schedule.airQualityFailed(FetchFailure::bad, Seconds(0), now);
   EXPECT_EQ(after(seconds(59)), nothing);
   EXPECT_EQ(after(seconds(1)), airAlone);
   schedule.airQualityAnswered(now);
@@ -121,17 +121,6 @@ TEST_F(WeatherScheduleTest, FollowsAClockThatIsSet) {
   answer();
   schedule.clockMoved(-hours(5));
   EXPECT_EQ(schedule.due(), now - hours(5) + minutes(30));
-}
-
-TEST(RetryPause, DependsOnTheFailure) {
-  const int unreached[] = {1800, 60, 120, 240, 300, 300};
-  const int refused[] = {1800, 1800, 3600, 7200, 14400, 14400};
-  for (int failures = 0; failures < 6; ++failures)
-    for (const bool hasAnswer : {false, true}) {
-      EXPECT_EQ(retryPause(failures, WeatherFailure::unreached, hasAnswer).count(), unreached[failures]) << failures;
-      EXPECT_EQ(retryPause(failures, WeatherFailure::refused, hasAnswer).count(), refused[failures]) << failures;
-    }
-  EXPECT_EQ(retryPause(1'000'000, WeatherFailure::bad, false).count(), 1800);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "core/stores/Address.h"
+#include "core/web/Address.h"
 
 #include <algorithm>
 
@@ -83,9 +83,21 @@ std::string hostOf(string_view address) {
 
 std::string siteName(string_view address) { return std::string(withoutWWW(hostOf(address))); }
 
-std::optional<std::string> iconSite(string_view address) {
+bool mayBeAsked(string_view address, bool allowsPlain) {
   const auto parts = partsOf(address);
-  if (!parts || (parts->scheme != "https" && !isThisMachine(parts->host))) return std::nullopt;
+  return parts && (parts->scheme == "https" || allowsPlain || isThisMachine(parts->host));
+}
+
+bool mayLeadTo(string_view from, string_view to, bool allowsPlain) {
+  const auto start = partsOf(from), end = partsOf(to);
+  if (!start || !mayBeAsked(to, allowsPlain)) return false;
+  return (end->scheme == "https" || start->scheme == "http") &&
+         (!isThisMachine(end->host) || isThisMachine(start->host));
+}
+
+std::optional<std::string> iconSite(string_view address) {
+  if (!mayBeAsked(address)) return std::nullopt;
+  const auto parts = partsOf(address);
   return parts->scheme + "://" + parts->host + "/";
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// Addresses of bookmarks, and where the icon of a site may come from.
+// Addresses of pages and services, which of them may be asked, and where the icon of a site may come from.
 
 #include <optional>
 #include <string>
@@ -15,6 +15,13 @@ std::optional<std::string> pageAddress(std::string_view typed);
 std::string hostOf(std::string_view address);
 // What a bookmark is called until it is named: its host without "www.".
 std::string siteName(std::string_view address);
+
+// Whether a request may go there: over https, or to this machine itself. `allowsPlain`: over http to other machines,
+// too, because the user has typed the address of a server of their own.
+bool mayBeAsked(std::string_view address, bool allowsPlain = false);
+// Whether an answer from the one address may lead to the other. Never to a less safe one, nor from elsewhere to this
+// machine, whose servers take our word for the user's.
+bool mayLeadTo(std::string_view from, std::string_view to, bool allowsPlain = false);
 
 // The root of the site that may be asked for an icon: "https://example.com/". Over https alone, but for this machine
 // itself. Absent for an address that is not asked for one.

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/stores/Address.h"
+#include "core/web/Address.h"
 
 namespace ambrel {
 namespace {
@@ -28,6 +28,24 @@ TEST(Address, IsWhatABrowserWouldOpen) {
   };
   for (const auto& [typed, address] : cases) EXPECT_EQ(pageAddress(typed).value_or("none"), address) << typed;
   EXPECT_EQ(siteName("https://user:pw@www.Example.com:81/a"), "example.com:81");
+}
+
+TEST(Address, OnlySafeServersAreAsked) {
+  EXPECT_TRUE(mayBeAsked("https://example.com/a"));
+  EXPECT_TRUE(mayBeAsked("http://127.0.0.1:81/a"));
+  for (const char* unsafe : {"http://example.com/", "file:///etc/passwd", "http://127.0.0.1.example.com/", ""})
+    EXPECT_FALSE(mayBeAsked(unsafe)) << unsafe;
+  EXPECT_TRUE(mayBeAsked("http://weather.lan/", true));
+  const struct {
+    const char *from, *to;
+    bool may;
+  } cases[] = {{"https://a.example/", "https://b.example/", true},  {"https://a.example/", "http://a.example/", false},
+               {"https://a.example/", "https://localhost/", false}, {"https://a.example/", "http://127.0.0.1/", false},
+               {"https://a.example/", "file:///etc/passwd", false}, {"http://localhost/", "http://127.0.0.1:81/", true},
+               {"http://localhost/", "https://b.example/", true}};
+  for (const auto& [from, to, may] : cases) EXPECT_EQ(mayLeadTo(from, to), may) << from << ' ' << to;
+  EXPECT_TRUE(mayLeadTo("http://a.lan/", "http://b.lan/", true));
+  EXPECT_FALSE(mayLeadTo("https://a.lan/", "http://b.lan/", true));
 }
 
 TEST(Address, AnIconComesFromItsOwnSiteAlone) {

@@ -1,4 +1,4 @@
-#include "app/weather/Reachability.h"
+#include "app/web/Reachability.h"
 
 #include <QNetworkInformation>
 
