@@ -9,6 +9,7 @@
 #include "platform/KeepAwake.h"
 #include "platform/LatencyProbe.h"
 #include "platform/Launcher.h"
+#include "platform/MediaPlayers.h"
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
 #include "platform/Pointer.h"
@@ -54,6 +55,8 @@ struct Desktop {
   Launcher& launcher;
   FolderWatch& calendarFolders;
   CalendarService& calendars;
+  FolderWatch& downloads;
+  MediaPlayers& mediaPlayers;
 };
 
 }  // namespace ambrel

@@ -27,6 +27,7 @@
 #include "platform/linux/pasteboard/X11Pasteboard.h"
 #include "platform/linux/services/BlueZBluetooth.h"
 #include "platform/linux/services/EvolutionCalendars.h"
+#include "platform/linux/services/MprisPlayers.h"
 #include "platform/linux/services/PulseSoundControl.h"
 #include "platform/linux/services/SystemKeepAwake.h"
 #include "platform/linux/services/UDisksVolumes.h"
@@ -99,7 +100,8 @@ struct LinuxDesktop::Parts {
         screenCapture(openScreenCapture(connection.get(), bus)),
         trash(dataHome, getuid(), calendar),
         launcher(ProgramFolders::ofThisSession(), bus),
-        calendars(bus) {}
+        calendars(bus),
+        mediaPlayers(bus) {}
 
   std::unique_ptr<X11Connection> connection;
   QDBusConnection bus, systemBus;
@@ -124,9 +126,10 @@ struct LinuxDesktop::Parts {
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
-  InotifyFolderWatch folderWatch, tileFolder, calendarFolders;
+  InotifyFolderWatch folderWatch, tileFolder, calendarFolders, downloads;
   DesktopLauncher launcher;
   EvolutionCalendars calendars;
+  MprisPlayers mediaPlayers;
 };
 
 LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
@@ -159,7 +162,9 @@ Desktop LinuxDesktop::seams() {
           .tileFolder = parts_->tileFolder,
           .launcher = parts_->launcher,
           .calendarFolders = parts_->calendarFolders,
-          .calendars = parts_->calendars};
+          .calendars = parts_->calendars,
+          .downloads = parts_->downloads,
+          .mediaPlayers = parts_->mediaPlayers};
 }
 
 std::unique_ptr<SessionService> openSession() { return std::make_unique<DBusSessionService>(openSessionBus()); }

@@ -6,6 +6,7 @@
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeFolderWatch.h"
 #include "tests/fakes/FakeLauncher.h"
+#include "tests/fakes/FakeMediaPlayers.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/FakeReadings.h"
@@ -42,7 +43,9 @@ struct FakeDesktop {
             .tileFolder = tileFolder,
             .launcher = launcher,
             .calendarFolders = calendarFolders,
-            .calendars = calendars};
+            .calendars = calendars,
+            .downloads = downloads,
+            .mediaPlayers = mediaPlayers};
   }
 
   FakePointer pointer;
@@ -65,9 +68,10 @@ struct FakeDesktop {
   FakeKeepAwake keepAwake;
   FakeScreenCapture screenCapture;
   FakeTrash trash;
-  FakeFolderWatch folderWatch, tileFolder, calendarFolders;
+  FakeFolderWatch folderWatch, tileFolder, calendarFolders, downloads;
   FakeLauncher launcher;
   FakeCalendarService calendars;
+  FakeMediaPlayers mediaPlayers;
 };
 
 }  // namespace ambrel
