@@ -45,6 +45,16 @@ LiveSeams liveSeams(const Services& with) {
 
 bool openAddress(const QUrl& address) { return QDesktopServices::openUrl(address); }
 
+FeedSeams feedSeams(const Services& with, Fetcher& fetcher) {
+  return {.fetcher = fetcher,
+          .defaults = with.defaults,
+          .shell = with.shell,
+          .documents = with.surroundings.dataFolder,
+          .calendar = with.surroundings.calendar,
+          .now = with.surroundings.now,
+          .open = openAddress};
+}
+
 StoresArea::Seams storesSeams(const Services& with, Fetcher& fetcher, const Background& background) {
   return {.engine = with.engine,
           .documents = with.surroundings.dataFolder,
@@ -114,6 +124,7 @@ Areas::Areas(const Services& with)
             with.surroundings.dataFolder / "habits.json", with.due, with.shell),
       weather(fetcher, with.defaults, with.surroundings.calendar, with.surroundings.now, with.due),
       stores(storesSeams(with, fetcher, background), with.shell),
+      feeds(feedSeams(with, fetcher), with.due),
       calendars(calendarSeams(with, fetcher), with.due),
       tools({.defaults = with.defaults,
              .shell = with.shell,

@@ -12,6 +12,7 @@
 #include "app/calendar/CalendarArea.h"
 #include "app/clipboard/ClipboardArea.h"
 #include "app/disk/DiskArea.h"
+#include "app/feeds/FeedsArea.h"
 #include "app/focus/FocusArea.h"
 #include "app/notes/NotesArea.h"
 #include "app/stores/StoresArea.h"
@@ -46,6 +47,7 @@ struct Areas {
   FocusArea focus;
   WeatherArea weather;
   StoresArea stores;
+  FeedsArea feeds;
   CalendarArea calendars;
   ToolsArea tools;
   BuddyArea buddy;

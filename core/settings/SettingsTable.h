@@ -50,6 +50,8 @@
   ADDRESS(weatherForecastURL, none, "Where forecasts come from; empty: Open-Meteo's public service")                 \
   ADDRESS(weatherAirQualityURL, none, "Where the air quality comes from; empty: Open-Meteo's public service")        \
   ADDRESS(weatherGeocodingURL, none, "Where places are looked up; empty: Open-Meteo's public service")               \
+  ADDRESS(hackerNewsURL, none, "Where stories come from; empty: the public service of Hacker News")                  \
+  ADDRESS(currencyRatesURL, none, "Where rates come from; empty: the European Central Bank's daily list")            \
   INTEGER(pomodoroFocus, 25, 1, 180, panel, "Minutes of a focus session")                                            \
   INTEGER(pomodoroBreak, 5, 1, 180, panel, "Minutes of a break")                                                     \
   INTEGER(pomodoroLongBreak, 15, 1, 180, panel, "Minutes of a long break")                                           \

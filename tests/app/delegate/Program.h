@@ -19,7 +19,8 @@ struct Program {
     UserDefaults defaults(folder / "defaults.json");
     if (!isFirstRun) defaults.set("welcomeDone", DefaultsValue{true});
     defaults.set("barAlwaysVisible", DefaultsValue{true});
-    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "modelServerURL"})
+    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "modelServerURL",
+                             "hackerNewsURL", "currencyRatesURL"})
       defaults.set(host, DefaultsValue{weatherServer});
     restart();
   }

@@ -48,7 +48,8 @@ class Keyboard : public testing::Test {
     UserDefaults defaults(home / ".config/Ambrel/defaults.json");
     for (const char* done : {"welcomeDone", "buddyAdded", "migratedFromLegacyBundleID"})
       defaults.set(done, DefaultsValue{true});
-    for (const char* host : {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "modelServerURL"})
+    for (const char* host :
+         {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "hackerNewsURL", "currencyRatesURL"})
       defaults.set(host, DefaultsValue{std::string("http://127.0.0.1:1/")});
 
     defaults.set("modelServerURL", DefaultsValue{modelServer});

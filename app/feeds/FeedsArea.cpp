@@ -1,0 +1,27 @@
+#include "app/feeds/FeedsArea.h"
+
+#include "app/base/QmlObjects.h"
+#include "core/settings.h"
+
+namespace ambrel {
+
+FeedsArea::FeedsArea(const FeedSeams& seams, DueTimer& due, QObject* parent)
+    : Area(QStringLiteral("Feeds"), parent), stories_(seams), currency_(seams), quote_(seams) {
+  keep({this, &stories_, &currency_, &quote_});
+  for (TimedModel* model : std::initializer_list<TimedModel*>{&stories_, &currency_, &quote_}) due.add(*model);
+}
+
+void FeedsArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
+  stories_.setSeen(areSeen && onBar.contains(DockWidget::hackerNews));
+  currency_.setSeen(areSeen && onBar.contains(DockWidget::currency));
+  quote_.setSeen(areSeen && onBar.contains(DockWidget::quote));
+}
+
+void FeedsArea::defaultsChanged(const std::set<std::string>& keys) {
+  if (keys.contains(setting::hackerNewsURL.key)) stories_.restart();
+  if (keys.contains(setting::currencyRatesURL.key)) currency_.restart();
+  for (const char* key : {"currencyAmount", "currencyFrom", "currencyTo"})
+    if (keys.contains(key)) return currency_.reload();
+}
+
+}  // namespace ambrel

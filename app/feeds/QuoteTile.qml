@@ -1,0 +1,12 @@
+import QtQuick
+import Ambrel.Feeds
+
+// The quote of the day; a click copies it.
+TextTile {
+    id: root
+
+    required property QuoteModel quote
+
+    text: quote.text
+    onActivated: quote.copy()
+}
