@@ -14,6 +14,7 @@
 #include "app/disk/DiskArea.h"
 #include "app/feeds/FeedsArea.h"
 #include "app/focus/FocusArea.h"
+#include "app/media/MediaArea.h"
 #include "app/notes/NotesArea.h"
 #include "app/stores/StoresArea.h"
 #include "app/telemetry/TelemetryArea.h"
@@ -48,13 +49,14 @@ struct Areas {
   WeatherArea weather;
   StoresArea stores;
   FeedsArea feeds;
+  MediaArea media;
   CalendarArea calendars;
   ToolsArea tools;
   BuddyArea buddy;
   AssistantArea assistant;
   // The agents' last: they answer what is nobody else's.
-  const std::vector<Area*> all{&time,   &telemetry, &usage, &disk,      &notes, &focus,     &weather,
-                               &stores, &calendars, &tools, &clipboard, &buddy, &assistant, &agents};
+  const std::vector<Area*> all{&time,  &telemetry, &usage,     &disk,  &notes,     &focus, &weather,   &stores,
+                               &feeds, &media,     &calendars, &tools, &clipboard, &buddy, &assistant, &agents};
 };
 
 }  // namespace ambrel
