@@ -1,9 +1,12 @@
 #include "app/Areas.h"
 
 #include <QDesktopServices>
+#include <QFile>
+#include <QStandardPaths>
 
 #include "app/agents/ProgramIcons.h"
 #include "app/model/LicenseManager.h"
+#include "app/window/FileManager.h"
 
 namespace ambrel {
 namespace {
@@ -45,6 +48,13 @@ LiveSeams liveSeams(const Services& with) {
 
 bool openAddress(const QUrl& address) { return QDesktopServices::openUrl(address); }
 
+// A user without such a folder has said that the home folder is it.
+std::string downloadsFolder() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+  const QString home = QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
+  return QFile::encodeName(folder == home ? home + QStringLiteral("/Downloads") : folder).toStdString();
+}
+
 FeedSeams feedSeams(const Services& with, Fetcher& fetcher) {
   return {.fetcher = fetcher,
           .defaults = with.defaults,
@@ -60,6 +70,7 @@ StoresArea::Seams storesSeams(const Services& with, Fetcher& fetcher, const Back
           .documents = with.surroundings.dataFolder,
           .defaults = with.defaults,
           .folderWatch = with.desktop.tileFolder,
+          .downloadsWatch = with.desktop.downloads,
           .fetcher = fetcher,
           .launcher = with.desktop.launcher,
           .background = background,
@@ -67,6 +78,8 @@ StoresArea::Seams storesSeams(const Services& with, Fetcher& fetcher, const Back
           .calendar = with.surroundings.calendar,
           .now = with.surroundings.now,
           .open = openAddress,
+          .showInFolder = [&context = with.context](const QUrl& item) { showInFileManager(item, context); },
+          .downloads = downloadsFolder,
           .picture = [](const std::string& icon) { return ProgramIcons::source(QString::fromStdString(icon)); }};
 }
 

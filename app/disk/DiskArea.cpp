@@ -1,8 +1,5 @@
 #include "app/disk/DiskArea.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QUrl>
@@ -14,28 +11,10 @@
 #include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
 #include "app/window/FileDialog.h"
-#include "core/base/Text.h"
+#include "app/window/FileManager.h"
 
 namespace ambrel {
 namespace {
-
-// A path may contain any bytes, so it is percent-encoded.
-QUrl urlOf(const std::string& path) {
-  return QUrl::fromEncoded(QByteArray::fromStdString("file://" + percentEncodedPath(path)));
-}
-
-// Selects the item in the file manager; without that D-Bus service, opens its folder.
-void showInFileManager(const std::string& path, QObject& context) {
-  auto message = QDBusMessage::createMethodCall(
-      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
-      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
-  message << QStringList(QString::fromLatin1(urlOf(path).toEncoded())) << QString();
-  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), &context);
-  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [watcher, path] {
-    watcher->deleteLater();
-    if (watcher->isError()) QDesktopServices::openUrl(urlOf(path.substr(0, path.rfind('/') + 1)));
-  });
-}
 
 constexpr Seconds celebration{6};
 
@@ -77,7 +56,8 @@ DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell,
     hasNews_ = true;
     tellOfScan();
   });
-  connect(&doctor_, &DiskDoctor::showAsked, this, [this](const std::string& path) { showInFileManager(path, *this); });
+  connect(&doctor_, &DiskDoctor::showAsked, this,
+          [this](const std::string& path) { showInFileManager(fileURL(path), *this); });
   connect(&doctor_, &DiskDoctor::trashAsked, this,
           [] { QDesktopServices::openUrl(QUrl(QStringLiteral("trash:///"))); });
   connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &DiskArea::tellOfScan);

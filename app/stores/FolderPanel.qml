@@ -59,46 +59,12 @@ Popover {
             onClicked: root.area.askForFolder()
         }
     }
-    RowsView {
-        id: view
-
+    FileRows {
         anchors.fill: parent
         anchors.margins: Theme.space2
         focus: true
-        model: root.chosenFolder.rows
-
-        delegate: FocusScope {
-            id: item
-
-            required property folderRow row
-            required property int index
-
-            width: view.width
-            implicitHeight: line.implicitHeight
-            onActiveFocusChanged: if (activeFocus)
-                view.reveal(index)
-
-            ListRow {
-                id: line
-
-                anchors.fill: parent
-                focus: true
-                symbol: item.row.symbol
-                title: item.row.name
-                detail: item.row.detail
-                isStrong: false
-                label: qsTr("Open %1").arg(item.row.name) + ", " + item.row.detail
-                onClicked: {
-                    root.chosenFolder.open(item.row.rowId);
-                    root.presentation.dismiss();
-                }
-            }
-            DragHandler {
-                target: null
-                grabPermissions: PointerHandler.CanTakeOverFromAnything
-                onActiveChanged: if (active)
-                    root.area.dragOut(item.row.rowId, item)
-            }
-        }
+        area: root.area
+        folder: root.chosenFolder
+        onOpened: root.presentation.dismiss()
     }
 }

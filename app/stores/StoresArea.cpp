@@ -10,29 +10,37 @@
 #include "app/window/ItemDrag.h"
 
 namespace ambrel {
+namespace {
+
+FolderModel::Seams folderSeams(const StoresArea::Seams& seams, FolderWatch& watch) {
+  return {.watch = watch,
+          .background = seams.fileBackground,
+          .calendar = seams.calendar,
+          .now = seams.now,
+          .open = seams.open,
+          .showInFolder = seams.showInFolder};
+}
+
+}  // namespace
 
 StoresArea::StoresArea(const Seams& seams, Shell& shell, QObject* parent)
     : Area(QStringLiteral("Stores"), parent),
       engine_(seams.engine),
+      downloadsFolder_(seams.downloads),
       note_(seams.documents / "QuickNote.txt", shell),
       todos_(ListKind::todos, seams.documents / "todos.json", tr("The to-do list"), shell),
       snippets_(ListKind::snippets, seams.documents / "snippets.json", tr("The list of snippets"), shell),
       bookmarks_(seams.documents / "bookmarks.json", seams.documents / "Favicons", seams.fetcher, seams.background,
                  seams.open, shell),
-      chosenFolder_({.defaults = seams.defaults,
-                     .watch = seams.folderWatch,
-                     .background = seams.fileBackground,
-                     .calendar = seams.calendar,
-                     .now = seams.now,
-                     .open = seams.open},
-                    shell),
+      chosenFolder_(seams.defaults, folderSeams(seams, seams.folderWatch), shell),
+      downloads_(folderSeams(seams, seams.downloadsWatch), Unfinished::listed, shell),
       shortcut_({.defaults = seams.defaults,
                  .launcher = seams.launcher,
                  .picture = seams.picture,
                  .folding = SearchFolding::forLocale(seams.calendar().locale())},
                 shell),
       tally_(seams.defaults, seams.calendar) {
-  keep({this, &note_, &todos_, &snippets_, &bookmarks_, &chosenFolder_, &shortcut_, &tally_});
+  keep({this, &note_, &todos_, &snippets_, &bookmarks_, &chosenFolder_, &downloads_, &shortcut_, &tally_});
 }
 
 void StoresArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
@@ -42,6 +50,10 @@ void StoresArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen,
   if (onBar.contains(DockWidget::bookmarks)) bookmarks_.open();
   if (onBar.contains(DockWidget::shortcuts)) shortcut_.reload();
   chosenFolder_.setShown(areSeen && onBar.contains(DockWidget::folder));
+  const bool showsDownloads = areSeen && onBar.contains(DockWidget::downloads);
+  // The user can move it at any time.
+  if (showsDownloads) downloads_.setPath(downloadsFolder_());
+  downloads_.setShown(showsDownloads);
 }
 
 void StoresArea::defaultsChanged(const std::set<std::string>& keys) {
@@ -49,6 +61,11 @@ void StoresArea::defaultsChanged(const std::set<std::string>& keys) {
   tally_.reload();
   // This one looks for the program.
   if (keys.contains(ShortcutModel::chosenKey) || keys.contains(ShortcutModel::scriptsKey)) shortcut_.reload();
+}
+
+void StoresArea::zoneChanged(Instant /*now*/) {
+  chosenFolder_.look();
+  downloads_.look();
 }
 
 void StoresArea::askForFolder() {
@@ -64,9 +81,9 @@ void StoresArea::askForScript() {
              [this](const std::string& path) { shortcut_.addScript(path); });
 }
 
-void StoresArea::dragOut(const QString& rowId, QQuickItem* row) {
-  const FolderRow* found = chosenFolder_.row(rowId);
-  if (!found) return;
+void StoresArea::dragOut(FolderModel* folder, const QString& rowId, QQuickItem* row) {
+  const FolderRow* found = folder->row(rowId);
+  if (!found || found->isLoading) return;
   const auto data = [url = found->url] {
     auto all = std::make_unique<QMimeData>();
     all->setUrls({url});

@@ -28,7 +28,8 @@ void fill(StoresRoom& room) {
   area.shortcut()->choose(QStringLiteral("editor/new"));
 }
 
-const char* const panels[] = {"QuickNote", "Todo", "Snippets", "Bookmarks", "Folder", "Shortcuts", "Tally"};
+const char* const panels[] = {"QuickNote", "Todo",      "Snippets",  "Bookmarks",
+                              "Folder",    "Downloads", "Shortcuts", "Tally"};
 
 }  // namespace
 
@@ -56,7 +57,7 @@ class StoreTilesTests : public QObject {
       for (const DockWidget widget : board->widgets()) board->addInEverySize(widget);
       std::vector<QQuickItem*> tiles;
       for (QQuickItem* tile : board->childItems()) tiles.push_back(tile);
-      QCOMPARE(tiles.size(), std::size_t(7 * 4));
+      QCOMPARE(tiles.size(), std::size_t(8 * 4));
       QVERIFY(scene.show(std::move(board)));
       QCOMPARE(faultsInBothSchemes(scene, isFull ? "stores" : "stores-empty"), QStringList());
       for (QQuickItem* tile : tiles) QCOMPARE(collisionsOf(tile), QStringList());

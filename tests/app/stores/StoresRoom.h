@@ -17,7 +17,27 @@ namespace ambrel {
 struct StoresRoom {
   void start() {
     area.reset();
+    area =
+        std::make_unique<StoresArea>(StoresArea::Seams{.engine = engine,
+                                                       .documents = folder / "Ambrel",
+                                                       .defaults = defaults,
+                                                       .folderWatch = watch,
+                                                       .downloadsWatch = downloadsWatch,
                                                        .fetcher = fetcher,
+                                                       .launcher = launcher,
+                                                       .background = work.background(),
+                                                       .fileBackground = work.background(),
+                                                       .calendar = Calendar("UTC", "en_US"),
+                                                       .now = [] { return *parseISO8601("2026-11-22T14:00:00Z"); },
+                                                       .open =
+                                                           [this](const QUrl& url) {
+                                                             opened << url;
+                                                             return true;
+                                                           },
+                                                       .showInFolder = [this](const QUrl& url) { shown << url; },
+                                                       .downloads = [this] { return (folder / "Downloads").string(); },
+                                                       .picture = [](const std::string&) { return QString(); }},
+                                     shell);
     std::set<DockWidget> all;
     for (const DockWidget widget : allCases<DockWidget>()) all.insert(widget);
     area->widgetsChanged(all, true, {});
@@ -32,11 +52,12 @@ struct StoresRoom {
   TemporaryFolder folder;
   UserDefaults defaults{folder / "defaults.json"};
   QQmlEngine engine;
+  FakeFolderWatch watch, downloadsWatch;
   Fetcher fetcher;
   FakeLauncher launcher;
   FakeShell shell;
   HeldWork work;
-  QList<QUrl> opened;
+  QList<QUrl> opened, shown;
   std::unique_ptr<StoresArea> area;
 };
 

@@ -200,6 +200,25 @@ class StoresTests : public QObject {
     QVERIFY(room.work.waiting.empty());
   }
 
+  void downloadsTellWhatIsStillLoading() {
+    StoresRoom room;
+    std::filesystem::create_directory(room.folder / "Downloads");
+    for (const char* file : {"film.mkv.part", "report.pdf"}) writeAtomically(room.folder / "Downloads" / file, "12345");
+    writeAtomically(room.folder / "Downloads/film.mkv", "");
+    room.start();
+    FolderModel& shown = *room.area->downloads();
+    QCOMPARE(shown.face().loadingText + u' ' + shown.face().countText, QStringLiteral("1 loading 1 item"));
+    const FolderRow* film = shown.row(QStringLiteral("film.mkv.part"));
+    QVERIFY(film && film->isLoading);
+    QCOMPARE(film->name + u' ' + film->detail, QStringLiteral("film.mkv 5 bytes so far"));
+    // What is not whole cannot be opened.
+    shown.open(film->id);
+    QCOMPARE(room.opened.size(), 0);
+    QCOMPARE(room.shown.value(0).fileName(), QStringLiteral("film.mkv.part"));
+    room.area->widgetsChanged({DockWidget::downloads}, false, {});
+    QVERIFY(room.downloadsWatch.followed.empty());
+  }
+
   void aShortcutRunsUntilItsProgramIsGone() {
     StoresRoom room;
     room.launcher.programs = {{"editor", "Editor", "Editor", ""}, {"editor/new", "New Window", "Editor", ""}};

@@ -1,5 +1,5 @@
 #pragma once
-// One folder that the user has chosen: its newest items, while somebody can see them.
+// A folder: its newest items, while somebody can see them.
 
 #include <QTimer>
 #include <QUrl>
@@ -24,6 +24,7 @@ struct FolderRow {
  public:
   QString id{};
   FACE_FIELDS(QString, name, detail, symbol);  // "report.pdf", "1.2 MB, 14:30", "doc.text"
+  FACE_FIELDS(bool, isLoading);                // then the detail is "1.2 MB so far"
   QUrl url{};
 
   bool operator==(const FolderRow&) const = default;
@@ -33,15 +34,16 @@ struct FolderFace {
   Q_GADGET
   QML_VALUE_TYPE(folderFace)
  public:
-  FACE_FIELDS(QString, name, path);         // of the folder; empty while none is chosen
-  FACE_FIELDS(QString, newest, countText);  // the newest item's name, "12 items"
-  FACE_FIELDS(QString, problem);            // why nothing can be shown
+  FACE_FIELDS(QString, name, path);                       // of the folder; empty while none is chosen
+  FACE_FIELDS(QString, newest, newestDetail, countText);  // "report.pdf", "1.2 MB, 14:30", "12 items"
+  FACE_FIELDS(QString, loadingText);                      // "2 loading"; empty without any
+  FACE_FIELDS(QString, problem);                          // why nothing can be shown
   FACE_FIELDS(bool, isChosen, isEmpty);
 
   bool operator==(const FolderFace&) const = default;
 };
 
-class ChosenFolder : public QObject {
+class FolderModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -54,27 +56,27 @@ class ChosenFolder : public QObject {
   static constexpr std::chrono::milliseconds pause{1500};
 
   struct Seams {
-    UserDefaults& defaults;
     FolderWatch& watch;
     Background background;  // for work that may hang, as on a network disk
     PresentCalendar calendar;
     std::function<Instant()> now;
-    std::function<bool(const QUrl&)> open;
+    std::function<bool(const QUrl&)> open;  // in the program that is for it; false when there is none
+    std::function<void(const QUrl&)> showInFolder;
   };
   // All outlive it.
-  ChosenFolder(Seams seams, Shell& shell, QObject* parent = nullptr);
+  FolderModel(Seams seams, Unfinished unfinished, Shell& shell, QObject* parent = nullptr);
 
   RowList* rows() { return &rows_; }
   const FolderFace& face() const { return face_; }
   // Whether somebody can see the tile; the folder is neither read nor watched otherwise.
   void setShown(bool isShown);
-  void choose(const std::string& path);
-  // The stored path may be another.
-  void reload();
+  // Empty or relative: none is chosen.
+  void setPath(std::string path);
 
   // Reads it once more, if somebody can see it.
   Q_INVOKABLE void look() { read(); }
   Q_INVOKABLE void open(const QString& rowId);
+  Q_INVOKABLE void showInFolder(const QString& rowId);
   Q_INVOKABLE void openFolder();
   const FolderRow* row(const QString& rowId) const;
 
@@ -89,6 +91,7 @@ class ChosenFolder : public QObject {
   void openURL(const QUrl& url);
 
   Seams seams_;
+  Unfinished unfinished_;
   Shell& shell_;
   std::string path_;
   bool isShown_ = false, isReading_ = false, isStale_ = false;
@@ -96,6 +99,24 @@ class ChosenFolder : public QObject {
   QTimer pause_;
   GadgetListModel<FolderRow> rows_;
   FolderFace face_;
+};
+
+// The one that the user has chosen for the tile.
+class ChosenFolder : public ambrel::FolderModel {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("built by the program")
+
+ public:
+  // All outlive it.
+  ChosenFolder(UserDefaults& defaults, Seams seams, Shell& shell, QObject* parent = nullptr);
+
+  void choose(const std::string& path);
+  // The stored path may be another.
+  void reload();
+
+ private:
+  UserDefaults& defaults_;
 };
 
 }  // namespace ambrel

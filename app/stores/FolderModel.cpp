@@ -1,10 +1,11 @@
-#include "app/stores/ChosenFolder.h"
+#include "app/stores/FolderModel.h"
 
 #include <QFile>
 
 #include "app/base/QmlObjects.h"
 #include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
+#include "app/window/FileManager.h"
 #include "core/base/LocalText.h"
 
 namespace ambrel {
@@ -21,19 +22,17 @@ QString whenText(const Calendar& calendar, Instant modified, Instant now) {
 
 }  // namespace
 
-ChosenFolder::ChosenFolder(Seams seams, Shell& shell, QObject* parent)
-    : QObject(parent), seams_(std::move(seams)), shell_(shell) {
+FolderModel::FolderModel(Seams seams, Unfinished unfinished, Shell& shell, QObject* parent)
+    : QObject(parent), seams_(std::move(seams)), unfinished_(unfinished), shell_(shell) {
   keep({&rows_});
   pause_.setSingleShot(true);
   pause_.setInterval(pause);
   connect(&pause_, &QTimer::timeout, this, [this] {
     if (std::exchange(isStale_, false)) read();
   });
-  reload();
 }
 
-void ChosenFolder::reload() {
-  std::string path = seams_.defaults.string(key).value_or("");
+void FolderModel::setPath(std::string path) {
   if (!path.starts_with('/')) path.clear();
   while (path.size() > 1 && path.ends_with('/')) path.pop_back();
   if (path == path_ && generation_ > 0) return;
@@ -44,16 +43,11 @@ void ChosenFolder::reload() {
   follow();
 }
 
-void ChosenFolder::choose(const std::string& path) {
-  store(seams_.defaults, key, DefaultsValue{path});
-  reload();
-}
-
-void ChosenFolder::setShown(bool isShown) {
+void FolderModel::setShown(bool isShown) {
   if (std::exchange(isShown_, isShown) != isShown) follow();
 }
 
-void ChosenFolder::follow() {
+void FolderModel::follow() {
   if (!isShown_ || path_.empty()) {
     seams_.watch.follow({}, {});
     return;
@@ -62,7 +56,7 @@ void ChosenFolder::follow() {
   read();
 }
 
-void ChosenFolder::read() {
+void FolderModel::read() {
   if (isReading_ || pause_.isActive()) {
     isStale_ = true;
     return;
@@ -70,16 +64,17 @@ void ChosenFolder::read() {
   if (!isShown_ || path_.empty()) return;
   isReading_ = true;
   auto listing = std::make_shared<std::optional<FolderListing>>();
-  seams_.background([listing, path = path_] { *listing = newestItems(path, mostRows); },
-                    [this, listing, generation = generation_] {
-                      if (generation != generation_) return;
-                      isReading_ = false;
-                      show(*listing, true);
-                      pause_.start();
-                    });
+  seams_.background(
+      [listing, path = path_, unfinished = unfinished_] { *listing = newestItems(path, mostRows, unfinished); },
+      [this, listing, generation = generation_] {
+        if (generation != generation_) return;
+        isReading_ = false;
+        show(*listing, true);
+        pause_.start();
+      });
 }
 
-void ChosenFolder::show(const std::optional<FolderListing>& listing, bool isRead) {
+void FolderModel::show(const std::optional<FolderListing>& listing, bool isRead) {
   const Calendar& calendar = seams_.calendar();
   std::vector<FolderRow> rows;
   FolderFace face;
@@ -91,13 +86,20 @@ void ChosenFolder::show(const std::optional<FolderListing>& listing, bool isRead
       const QString when = whenText(calendar, item.modified, seams_.now());
       FolderRow row;
       row.id = row.name = decoded(item.name);
-      row.detail = item.isFolder ? when : tr("%1, %2").arg(toQString(fileSize(calendar, item.bytes)), when);
+      const QString size = toQString(fileSize(calendar, item.bytes));
+      row.isLoading = item.isLoading;
+      row.detail = item.isLoading ? tr("%1 so far").arg(size) : item.isFolder ? when : tr("%1, %2").arg(size, when);
+      if (item.isLoading) row.name.truncate(row.name.lastIndexOf(u'.'));
       row.symbol = toQString(symbolOf(item));
-      row.url = QUrl::fromLocalFile(face.path + u'/' + row.id);
+      row.url = fileURL(path_ + '/' + item.name);
       rows.push_back(std::move(row));
     }
-    face.isEmpty = listing->count == 0;
-    face.newest = rows.empty() ? QString() : rows.front().name;
+    face.isEmpty = listing->count + listing->loading == 0;
+    if (listing->loading > 0) face.loadingText = tr("%1 loading").arg(listing->loading);
+    if (!rows.empty()) {
+      face.newest = rows.front().name;
+      face.newestDetail = rows.front().detail;
+    }
     face.countText = listing->count == 1 ? tr("1 item") : tr("%1 items").arg(listing->count);
   } else if (isRead) {
     face.problem = tr("%1 is not there, or cannot be read").arg(face.name);
@@ -106,20 +108,38 @@ void ChosenFolder::show(const std::optional<FolderListing>& listing, bool isRead
   if (replaced(face_, std::move(face))) Q_EMIT faceChanged();
 }
 
-const FolderRow* ChosenFolder::row(const QString& rowId) const {
+const FolderRow* FolderModel::row(const QString& rowId) const {
   const auto found = std::ranges::find(rows_.rows(), rowId, &FolderRow::id);
   return found == rows_.rows().end() ? nullptr : &*found;
 }
 
-void ChosenFolder::open(const QString& rowId) {
-  if (const FolderRow* found = row(rowId)) openURL(found->url);
+void FolderModel::open(const QString& rowId) {
+  const FolderRow* found = row(rowId);
+  if (found && found->isLoading) return showInFolder(rowId);
+  if (found) openURL(found->url);
 }
 
-void ChosenFolder::openFolder() { openURL(QUrl::fromLocalFile(face_.path)); }
+void FolderModel::showInFolder(const QString& rowId) {
+  if (const FolderRow* found = row(rowId)) seams_.showInFolder(found->url);
+}
 
-void ChosenFolder::openURL(const QUrl& url) {
+void FolderModel::openFolder() { openURL(QUrl::fromLocalFile(face_.path)); }
+
+void FolderModel::openURL(const QUrl& url) {
   if (!seams_.open(url))
     shell_.showToast(tr("Nothing opens it"), url.toLocalFile(), QStringLiteral("exclamationmark.triangle"));
+}
+
+ChosenFolder::ChosenFolder(UserDefaults& defaults, Seams seams, Shell& shell, QObject* parent)
+    : FolderModel(std::move(seams), Unfinished::passedOver, shell, parent), defaults_(defaults) {
+  reload();
+}
+
+void ChosenFolder::reload() { setPath(defaults_.string(key).value_or("")); }
+
+void ChosenFolder::choose(const std::string& path) {
+  store(defaults_, key, DefaultsValue{path});
+  reload();
 }
 
 }  // namespace ambrel
