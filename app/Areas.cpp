@@ -128,6 +128,17 @@ Areas::Areas(const Services& with)
            .now = with.surroundings.now,
            .calendar = with.surroundings.calendar,
            .copy = [this](const std::string& text) { clipboard.clipboard()->copyText(QString::fromStdString(text)); }},
+          {.screen = with.desktop.screenCapture,
+           .background = background,
+           .now = with.surroundings.now,
+           .calendar = with.surroundings.calendar,
+           .later = with.later,
+           .folder =
+               [] {
+                 return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation) +
+                        QStringLiteral("/Screenshots");
+               },
+           .copy = [this](auto what) { clipboard.clipboard()->writeUnrecorded(std::move(what)); }},
           with.shell),
       focus({.defaults = with.defaults,
              .calendar = with.surroundings.calendar,

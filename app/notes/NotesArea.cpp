@@ -9,18 +9,19 @@
 
 namespace ambrel {
 
-NotesArea::NotesArea(QQmlEngine& engine, WindowStyle& style, ScreenNotesModel::Seams seams, Shell& shell,
-                     QObject* parent)
+NotesArea::NotesArea(QQmlEngine& engine, WindowStyle& style, ScreenNotesModel::Seams seams,
+                     ScreenshotModel::Seams screenshotSeams, Shell& shell, QObject* parent)
     : Area(QStringLiteral("Notes"), parent),
       engine_(engine),
       notes_(std::move(seams), shell),
+      screenshot_(std::move(screenshotSeams), shell),
       window_(engine, style,
               {.title = tr("Screen Notes"),
                .size = {1120, 720},
                .smallest = {820, 520},
                .source = QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Notes/ScreenNotesView.qml")),
                .properties = {{QStringLiteral("notes"), toVariant(notes_)}}}) {
-  keep({this, &notes_});
+  keep({this, &notes_, &screenshot_});
   connect(&notes_, &ScreenNotesModel::captured, &window_, &ViewWindow::open);
   connect(&notes_, &ScreenNotesModel::closed, &window_, &ViewWindow::close);
   connect(&notes_, &ScreenNotesModel::folderAsked, this, &NotesArea::chooseFolder);

@@ -5,6 +5,7 @@
 
 #include "app/base/Area.h"
 #include "app/notes/ScreenNotesModel.h"
+#include "app/notes/ScreenshotModel.h"
 #include "app/window/ViewWindow.h"
 
 namespace ambrel {
@@ -14,13 +15,15 @@ class NotesArea : public Area {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::ScreenNotesModel* notes READ notes CONSTANT FINAL)
+  Q_PROPERTY(ambrel::ScreenshotModel* screenshot READ screenshot CONSTANT FINAL)
 
  public:
   // Engine, style and shell outlive it.
-  NotesArea(QQmlEngine& engine, WindowStyle& style, ScreenNotesModel::Seams seams, Shell& shell,
-            QObject* parent = nullptr);
+  NotesArea(QQmlEngine& engine, WindowStyle& style, ScreenNotesModel::Seams seams,
+            ScreenshotModel::Seams screenshotSeams, Shell& shell, QObject* parent = nullptr);
 
   ScreenNotesModel* notes() { return &notes_; }
+  ScreenshotModel* screenshot() { return &screenshot_; }
   ViewWindow& window() { return window_; }
   // For the tile: as the key does.
   Q_INVOKABLE void ask() { Q_EMIT captureAsked(); }
@@ -36,6 +39,7 @@ class NotesArea : public Area {
 
   QQmlEngine& engine_;
   ScreenNotesModel notes_;
+  ScreenshotModel screenshot_;
   ViewWindow window_;
 };
 

@@ -5,6 +5,8 @@
 #include <QString>
 #include <string>
 
+#include "app/base/SavePNG.h"
+
 namespace ambrel {
 
 // What is in a file that was dropped; empty with a `problem` in words for what is no file, and for more than 64 MiB.
@@ -16,12 +18,5 @@ DroppedText readDropped(const QString& path);
 
 // As a PNG, eight pixels for each of the picture's.
 QByteArray enlargedPNG(const QImage& picture);
-
-// Writes "NAME.png", or "NAME (2).png" and so on where that is taken, whole or not at all. Gives the file's path;
-// empty with a `problem`.
-struct SavedFile {
-  QString path, problem;
-};
-SavedFile savePNG(const QByteArray& bytes, const QString& folder, const QString& name);
 
 }  // namespace ambrel
