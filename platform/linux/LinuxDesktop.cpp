@@ -24,6 +24,7 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "platform/linux/X11Workspace.h"
+#include "platform/linux/developer/LinuxDeveloperTools.h"
 #include "platform/linux/pasteboard/X11Pasteboard.h"
 #include "platform/linux/services/BlueZBluetooth.h"
 #include "platform/linux/services/EvolutionCalendars.h"
@@ -124,9 +125,11 @@ struct LinuxDesktop::Parts {
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
-  InotifyFolderWatch folderWatch, tileFolder, calendarFolders;
+  InotifyFolderWatch folderWatch, tileFolder, calendarFolders, repositoryFolders;
   DesktopLauncher launcher;
   EvolutionCalendars calendars;
+  std::shared_ptr<DeveloperTools> developerTools =
+      std::make_shared<LinuxDeveloperTools>(LinuxDeveloperTools::runningSystem());
 };
 
 LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
@@ -159,7 +162,9 @@ Desktop LinuxDesktop::seams() {
           .tileFolder = parts_->tileFolder,
           .launcher = parts_->launcher,
           .calendarFolders = parts_->calendarFolders,
-          .calendars = parts_->calendars};
+          .calendars = parts_->calendars,
+          .repositoryFolders = parts_->repositoryFolders,
+          .developerTools = parts_->developerTools};
 }
 
 std::unique_ptr<SessionService> openSession() { return std::make_unique<DBusSessionService>(openSessionBus()); }

@@ -4,6 +4,7 @@
 #include "platform/Desktop.h"
 #include "tests/fakes/FakeCalendarService.h"
 #include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakeDeveloperTools.h"
 #include "tests/fakes/FakeFolderWatch.h"
 #include "tests/fakes/FakeLauncher.h"
 #include "tests/fakes/FakePasteboard.h"
@@ -42,7 +43,9 @@ struct FakeDesktop {
             .tileFolder = tileFolder,
             .launcher = launcher,
             .calendarFolders = calendarFolders,
-            .calendars = calendars};
+            .calendars = calendars,
+            .repositoryFolders = repositoryFolders,
+            .developerTools = developerTools};
   }
 
   FakePointer pointer;
@@ -65,9 +68,10 @@ struct FakeDesktop {
   FakeKeepAwake keepAwake;
   FakeScreenCapture screenCapture;
   FakeTrash trash;
-  FakeFolderWatch folderWatch, tileFolder, calendarFolders;
+  FakeFolderWatch folderWatch, tileFolder, calendarFolders, repositoryFolders;
   FakeLauncher launcher;
   FakeCalendarService calendars;
+  std::shared_ptr<DeveloperTools> developerTools = std::make_shared<FakeDeveloperTools>();
 };
 
 }  // namespace ambrel
