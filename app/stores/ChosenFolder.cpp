@@ -4,6 +4,7 @@
 
 #include "app/base/QmlObjects.h"
 #include "app/base/Replaced.h"
+#include "app/base/StoredFolder.h"
 #include "app/base/StoredValue.h"
 #include "core/base/LocalText.h"
 
@@ -22,24 +23,19 @@ QString whenText(const Calendar& calendar, Instant modified, Instant now) {
 }  // namespace
 
 ChosenFolder::ChosenFolder(Seams seams, Shell& shell, QObject* parent)
-    : QObject(parent), seams_(std::move(seams)), shell_(shell) {
+    : QObject(parent),
+      seams_(std::move(seams)),
+      shell_(shell),
+      reading_(seams_.background, pause, [this] { return reading(); }) {
   keep({&rows_});
-  pause_.setSingleShot(true);
-  pause_.setInterval(pause);
-  connect(&pause_, &QTimer::timeout, this, [this] {
-    if (std::exchange(isStale_, false)) read();
-  });
   reload();
 }
 
 void ChosenFolder::reload() {
-  std::string path = seams_.defaults.string(key).value_or("");
-  if (!path.starts_with('/')) path.clear();
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  if (path == path_ && generation_ > 0) return;
+  std::string path = storedFolder(seams_.defaults, key);
+  if (path == path_) return;
   path_ = std::move(path);
-  ++generation_;
-  isReading_ = false;
+  reading_.forget();
   show({}, false);
   follow();
 }
@@ -58,25 +54,14 @@ void ChosenFolder::follow() {
     seams_.watch.follow({}, {});
     return;
   }
-  seams_.watch.follow({{path_}}, [this](std::size_t) { read(); });
-  read();
+  seams_.watch.follow({{path_}}, [this](std::size_t) { look(); });
+  look();
 }
 
-void ChosenFolder::read() {
-  if (isReading_ || pause_.isActive()) {
-    isStale_ = true;
-    return;
-  }
-  if (!isShown_ || path_.empty()) return;
-  isReading_ = true;
-  auto listing = std::make_shared<std::optional<FolderListing>>();
-  seams_.background([listing, path = path_] { *listing = newestItems(path, mostRows); },
-                    [this, listing, generation = generation_] {
-                      if (generation != generation_) return;
-                      isReading_ = false;
-                      show(*listing, true);
-                      pause_.start();
-                    });
+PacedWork::Job ChosenFolder::reading() {
+  if (!isShown_ || path_.empty()) return {};
+  return PacedWork::job([path = path_] { return newestItems(path, mostRows); },
+                        [this](const std::optional<FolderListing>& listing) { show(listing, true); });
 }
 
 void ChosenFolder::show(const std::optional<FolderListing>& listing, bool isRead) {
