@@ -96,6 +96,18 @@ CalendarModel::Seams calendarSeams(const Services& with, Fetcher& fetcher) {
           .later = with.later};
 }
 
+DeveloperArea::Seams developerSeams(const Services& with) {
+  return {.engine = with.engine,
+          .defaults = with.defaults,
+          .repositoryFolders = with.desktop.repositoryFolders,
+          .tools = with.desktop.developerTools,
+          .home = with.surroundings.home.string(),
+          .background = [&context = with.context] { return makeDetachedBackground(context); },
+          .calendar = with.surroundings.calendar,
+          .now = with.surroundings.now,
+          .open = [](const QUrl& address) { return QDesktopServices::openUrl(address); }};
+}
+
 }  // namespace
 
 Areas::Areas(const Services& with)
@@ -161,6 +173,7 @@ Areas::Areas(const Services& with)
              .background = background,
              .readClipboard = [this](auto done) { clipboard.clipboard()->readText(std::move(done)); },
              .write = [this](auto what) { clipboard.clipboard()->writeUnrecorded(std::move(what)); }}),
+      developer(developerSeams(with), with.shell),
       buddy({.agents = *agents.agents(),
              .settings = with.settings,
              .defaults = with.defaults,

@@ -11,6 +11,7 @@
 #include "app/buddy/BuddyArea.h"
 #include "app/calendar/CalendarArea.h"
 #include "app/clipboard/ClipboardArea.h"
+#include "app/developer/DeveloperArea.h"
 #include "app/disk/DiskArea.h"
 #include "app/feeds/FeedsArea.h"
 #include "app/focus/FocusArea.h"
@@ -52,11 +53,13 @@ struct Areas {
   MediaArea media;
   CalendarArea calendars;
   ToolsArea tools;
+  DeveloperArea developer;
   BuddyArea buddy;
   AssistantArea assistant;
   // The agents' last: they answer what is nobody else's.
-  const std::vector<Area*> all{&time,  &telemetry, &usage,     &disk,  &notes,     &focus, &weather,   &stores,
-                               &feeds, &media,     &calendars, &tools, &clipboard, &buddy, &assistant, &agents};
+  const std::vector<Area*> all{&time,  &telemetry, &usage,     &disk,  &notes,     &focus,     &weather, &stores,
+                               &feeds, &media,     &calendars, &tools, &developer, &clipboard, &buddy,   &assistant,
+                               &agents};
 };
 
 }  // namespace ambrel

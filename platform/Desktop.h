@@ -1,9 +1,12 @@
 #pragma once
 // All that the program asks of a desktop, in one place.
 
+#include <memory>
+
 #include "platform/Bluetooth.h"
 #include "platform/CalendarService.h"
 #include "platform/DesktopTheme.h"
+#include "platform/DeveloperTools.h"
 #include "platform/FolderWatch.h"
 #include "platform/HotKeys.h"
 #include "platform/KeepAwake.h"
@@ -57,6 +60,9 @@ struct Desktop {
   CalendarService& calendars;
   FolderWatch& downloads;
   MediaPlayers& mediaPlayers;
+  FolderWatch& repositoryFolders;
+  // Work that hangs on a disk may outlive the program's other parts.
+  std::shared_ptr<DeveloperTools> developerTools;
 };
 
 }  // namespace ambrel

@@ -12,6 +12,7 @@ namespace ambrel {
 struct WatchedFolder {
   std::filesystem::path path;
   int levels = 0;  // of the folders below it that are watched, too
+  bool operator==(const WatchedFolder&) const = default;
 };
 
 class FolderWatch {

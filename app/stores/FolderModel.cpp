@@ -4,6 +4,7 @@
 
 #include "app/base/QmlObjects.h"
 #include "app/base/Replaced.h"
+#include "app/base/StoredFolder.h"
 #include "app/base/StoredValue.h"
 #include "app/window/FileManager.h"
 #include "core/base/LocalText.h"
@@ -23,22 +24,19 @@ QString whenText(const Calendar& calendar, Instant modified, Instant now) {
 }  // namespace
 
 FolderModel::FolderModel(Seams seams, Unfinished unfinished, Shell& shell, QObject* parent)
-    : QObject(parent), seams_(std::move(seams)), unfinished_(unfinished), shell_(shell) {
+    : QObject(parent),
+      seams_(std::move(seams)),
+      unfinished_(unfinished),
+      shell_(shell),
+      reading_(seams_.background, pause, [this] { return reading(); }) {
   keep({&rows_});
-  pause_.setSingleShot(true);
-  pause_.setInterval(pause);
-  connect(&pause_, &QTimer::timeout, this, [this] {
-    if (std::exchange(isStale_, false)) read();
-  });
 }
 
 void FolderModel::setPath(std::string path) {
-  if (!path.starts_with('/')) path.clear();
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  if (path == path_ && generation_ > 0) return;
+  path = folderPath(std::move(path));
+  if (path == path_) return;
   path_ = std::move(path);
-  ++generation_;
-  isReading_ = false;
+  reading_.forget();
   show({}, false);
   follow();
 }
@@ -52,26 +50,14 @@ void FolderModel::follow() {
     seams_.watch.follow({}, {});
     return;
   }
-  seams_.watch.follow({{path_}}, [this](std::size_t) { read(); });
-  read();
+  seams_.watch.follow({{path_}}, [this](std::size_t) { look(); });
+  look();
 }
 
-void FolderModel::read() {
-  if (isReading_ || pause_.isActive()) {
-    isStale_ = true;
-    return;
-  }
-  if (!isShown_ || path_.empty()) return;
-  isReading_ = true;
-  auto listing = std::make_shared<std::optional<FolderListing>>();
-  seams_.background(
-      [listing, path = path_, unfinished = unfinished_] { *listing = newestItems(path, mostRows, unfinished); },
-      [this, listing, generation = generation_] {
-        if (generation != generation_) return;
-        isReading_ = false;
-        show(*listing, true);
-        pause_.start();
-      });
+PacedWork::Job FolderModel::reading() {
+  if (!isShown_ || path_.empty()) return {};
+  return PacedWork::job([path = path_, unfinished = unfinished_] { return newestItems(path, mostRows, unfinished); },
+                        [this](const std::optional<FolderListing>& listing) { show(listing, true); });
 }
 
 void FolderModel::show(const std::optional<FolderListing>& listing, bool isRead) {

@@ -1,14 +1,13 @@
 #pragma once
 // A folder: its newest items, while somebody can see them.
 
-#include <QTimer>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include "app/base/Area.h"
-#include "app/base/Background.h"
 #include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
+#include "app/base/PacedWork.h"
 #include "core/base/PresentCalendar.h"
 #include "core/base/UserDefaults.h"
 #include "core/stores/NewestFiles.h"
@@ -74,7 +73,7 @@ class FolderModel : public QObject {
   void setPath(std::string path);
 
   // Reads it once more, if somebody can see it.
-  Q_INVOKABLE void look() { read(); }
+  Q_INVOKABLE void look() { reading_.ask(); }
   Q_INVOKABLE void open(const QString& rowId);
   Q_INVOKABLE void showInFolder(const QString& rowId);
   Q_INVOKABLE void openFolder();
@@ -85,7 +84,7 @@ class FolderModel : public QObject {
 
  private:
   void follow();
-  void read();
+  PacedWork::Job reading();
   // `isRead`: whether the folder was asked already.
   void show(const std::optional<FolderListing>& listing, bool isRead);
   void openURL(const QUrl& url);
@@ -94,9 +93,8 @@ class FolderModel : public QObject {
   Unfinished unfinished_;
   Shell& shell_;
   std::string path_;
-  bool isShown_ = false, isReading_ = false, isStale_ = false;
-  int generation_ = 0;
-  QTimer pause_;
+  bool isShown_ = false;
+  PacedWork reading_;
   GadgetListModel<FolderRow> rows_;
   FolderFace face_;
 };

@@ -107,7 +107,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::docker, "Docker", "shippingbox", WidgetGroup::developer, medium, medium, std::nullopt,
           "Running containers. Click for the list"},
     Entry{DockWidget::homebrew, "Homebrew", "mug", WidgetGroup::developer, medium, medium, std::nullopt,
-          "Outdated Homebrew packages. Click to check again"},
+          "Outdated Homebrew packages. Click for the list"},
     Entry{DockWidget::simulators, "Simulators", "iphone", WidgetGroup::developer, medium, medium, std::nullopt,
           "Simulators that are running. Click for the list"},
     Entry{DockWidget::unixTime, "Unix Time", "number", WidgetGroup::developer, medium, medium, std::nullopt,

@@ -24,6 +24,7 @@
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "platform/linux/X11Workspace.h"
+#include "platform/linux/developer/LinuxDeveloperTools.h"
 #include "platform/linux/pasteboard/X11Pasteboard.h"
 #include "platform/linux/services/BlueZBluetooth.h"
 #include "platform/linux/services/EvolutionCalendars.h"
@@ -126,10 +127,12 @@ struct LinuxDesktop::Parts {
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
-  InotifyFolderWatch folderWatch, tileFolder, calendarFolders, downloads;
+  InotifyFolderWatch folderWatch, tileFolder, calendarFolders, downloads, repositoryFolders;
   DesktopLauncher launcher;
   EvolutionCalendars calendars;
   MprisPlayers mediaPlayers;
+  std::shared_ptr<DeveloperTools> developerTools =
+      std::make_shared<LinuxDeveloperTools>(LinuxDeveloperTools::runningSystem());
 };
 
 LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHome, const PresentCalendar& calendar,
@@ -164,7 +167,9 @@ Desktop LinuxDesktop::seams() {
           .calendarFolders = parts_->calendarFolders,
           .calendars = parts_->calendars,
           .downloads = parts_->downloads,
-          .mediaPlayers = parts_->mediaPlayers};
+          .mediaPlayers = parts_->mediaPlayers,
+          .repositoryFolders = parts_->repositoryFolders,
+          .developerTools = parts_->developerTools};
 }
 
 std::unique_ptr<SessionService> openSession() { return std::make_unique<DBusSessionService>(openSessionBus()); }

@@ -4,6 +4,7 @@
 #include "platform/Desktop.h"
 #include "tests/fakes/FakeCalendarService.h"
 #include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakeDeveloperTools.h"
 #include "tests/fakes/FakeFolderWatch.h"
 #include "tests/fakes/FakeLauncher.h"
 #include "tests/fakes/FakeMediaPlayers.h"
@@ -45,7 +46,9 @@ struct FakeDesktop {
             .calendarFolders = calendarFolders,
             .calendars = calendars,
             .downloads = downloads,
-            .mediaPlayers = mediaPlayers};
+            .mediaPlayers = mediaPlayers,
+            .repositoryFolders = repositoryFolders,
+            .developerTools = developerTools};
   }
 
   FakePointer pointer;
@@ -68,10 +71,11 @@ struct FakeDesktop {
   FakeKeepAwake keepAwake;
   FakeScreenCapture screenCapture;
   FakeTrash trash;
-  FakeFolderWatch folderWatch, tileFolder, calendarFolders, downloads;
+  FakeFolderWatch folderWatch, tileFolder, calendarFolders, downloads, repositoryFolders;
   FakeLauncher launcher;
   FakeCalendarService calendars;
   FakeMediaPlayers mediaPlayers;
+  std::shared_ptr<DeveloperTools> developerTools = std::make_shared<FakeDeveloperTools>();
 };
 
 }  // namespace ambrel

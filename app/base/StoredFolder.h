@@ -1,0 +1,21 @@
+#pragma once
+// The folder that the user has chosen for a tile.
+
+#include <string>
+
+#include "core/base/UserDefaults.h"
+
+namespace ambrel {
+
+// Absolute and without a slash at its end; empty when none is chosen.
+inline std::string folderPath(std::string path) {
+  if (!path.starts_with('/')) path.clear();
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  return path;
+}
+
+inline std::string storedFolder(const UserDefaults& defaults, const std::string& key) {
+  return folderPath(defaults.string(key).value_or(""));
+}
+
+}  // namespace ambrel

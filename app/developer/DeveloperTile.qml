@@ -1,0 +1,17 @@
+import QtQuick
+import Ambrel.Developer
+import Ambrel.Kit
+
+// How much of its list runs, or what is missing for it.
+TileFrame {
+    id: root
+
+    required property DeveloperList entries
+    readonly property toolListFace face: entries.face
+
+    problem: face.problem
+    value: isSmall && face.value !== "" ? face.count : face.value
+    valueRole: Theme.rowTitle
+    valueColor: face.isFaulty ? Theme.red.text : face.count > 0 ? Theme.ink : Theme.ink2
+    subLine: face.isWorking ? qsTr("Looking…") : face.subLine
+}
