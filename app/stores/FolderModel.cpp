@@ -121,7 +121,7 @@ ChosenFolder::ChosenFolder(UserDefaults& defaults, Seams seams, Shell& shell, QO
   reload();
 }
 
-void ChosenFolder::reload() { setPath(defaults_.string(key).value_or("")); }
+void ChosenFolder::reload() { setPath(storedFolder(defaults_, key)); }
 
 void ChosenFolder::choose(const std::string& path) {
   store(defaults_, key, DefaultsValue{path});
