@@ -64,7 +64,7 @@ std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
   };
   if (!display.empty())
-    if (auto pasteboard = X11Pasteboard::open(display, post)) return pasteboard;
+    if (auto pasteboard = openX11Pasteboard(display, post)) return pasteboard;
   return std::make_unique<NoPasteboard>();
 }
 
