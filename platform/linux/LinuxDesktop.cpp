@@ -34,6 +34,7 @@
 #include "platform/linux/services/UPowerSupplies.h"
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
+#include "platform/wayland/WaylandPasteboard.h"
 
 namespace ambrel {
 
@@ -59,12 +60,20 @@ class NoPasteboard : public Pasteboard {
   std::int64_t count_ = 0;
 };
 
+// Empty where this is no Wayland session.
+std::string waylandDisplay() { return qgetenv("WAYLAND_DISPLAY").toStdString(); }
+
 std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
   const auto post = [](std::function<void()> task) {
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
   };
-  if (!display.empty())
-    if (auto pasteboard = openX11Pasteboard(display, post)) return pasteboard;
+  if (display.empty()) return std::make_unique<NoPasteboard>();
+  // In a Wayland session the X server is a guest: it hears of a copy only while one of its windows has the keyboard.
+  if (const std::string compositor = waylandDisplay(); !compositor.empty()) {
+    if (auto pasteboard = openWaylandPasteboard(compositor, post)) return pasteboard;
+    qWarning("Ambrel: this compositor shows no copies; they are seen while a program of X11 has the keyboard");
+  }
+  if (auto pasteboard = openX11Pasteboard(display, post)) return pasteboard;
   return std::make_unique<NoPasteboard>();
 }
 
