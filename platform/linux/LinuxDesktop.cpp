@@ -35,6 +35,7 @@
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
 #include "platform/wayland/WaylandPasteboard.h"
+#include "platform/wayland/WaylandWorkspace.h"
 
 namespace ambrel {
 
@@ -77,6 +78,13 @@ std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
   return std::make_unique<NoPasteboard>();
 }
 
+std::unique_ptr<Workspace> openWorkspace(X11Connection* connection) {
+  auto x11 = std::make_unique<X11Workspace>(connection, "/proc", ProgramFolders::ofThisSession());
+  const std::string compositor = waylandDisplay();
+  if (!connection || compositor.empty()) return x11;
+  return withWaylandWindows(compositor, std::move(x11), ProgramFolders::ofThisSession());
+}
+
 // A Wayland session shows programs of its own alone what is on the screen, also where there is an X server.
 std::unique_ptr<ScreenCapture> openScreenCapture(X11Connection* connection, const QDBusConnection& bus) {
   if (!connection || qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland"))
@@ -96,7 +104,7 @@ struct LinuxDesktop::Parts {
         screens(connection.get()),
         windowStyle(connection.get()),
         theme(connection.get()),
-        workspace(connection.get(), "/proc", ProgramFolders::ofThisSession()),
+        workspace(openWorkspace(connection.get())),
         hotKeys(connection.get()),
         notifications(bus),
         pasteboard(openPasteboard(display)),
@@ -118,7 +126,7 @@ struct LinuxDesktop::Parts {
   X11Screens screens;
   X11WindowStyle windowStyle;
   X11DesktopTheme theme;
-  X11Workspace workspace;
+  std::unique_ptr<Workspace> workspace;
   X11HotKeys hotKeys;
   DBusNotifications notifications;
   std::unique_ptr<Pasteboard> pasteboard;
@@ -151,7 +159,7 @@ Desktop LinuxDesktop::seams() {
           .screens = parts_->screens,
           .windowStyle = parts_->windowStyle,
           .theme = parts_->theme,
-          .workspace = parts_->workspace,
+          .workspace = *parts_->workspace,
           .hotKeys = parts_->hotKeys,
           .notifications = parts_->notifications,
           .pasteboard = *parts_->pasteboard,
