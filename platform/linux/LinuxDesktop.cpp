@@ -35,6 +35,8 @@
 #include "platform/linux/services/UPowerSupplies.h"
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
+#include "platform/wayland/WaylandPasteboard.h"
+#include "platform/wayland/WaylandWorkspace.h"
 
 namespace ambrel {
 
@@ -60,13 +62,28 @@ class NoPasteboard : public Pasteboard {
   std::int64_t count_ = 0;
 };
 
+// Empty where this is no Wayland session.
+std::string waylandDisplay() { return qgetenv("WAYLAND_DISPLAY").toStdString(); }
+
 std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
   const auto post = [](std::function<void()> task) {
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
   };
-  if (!display.empty())
-    if (auto pasteboard = X11Pasteboard::open(display, post)) return pasteboard;
+  if (display.empty()) return std::make_unique<NoPasteboard>();
+  // In a Wayland session the X server is a guest: it hears of a copy only while one of its windows has the keyboard.
+  if (const std::string compositor = waylandDisplay(); !compositor.empty()) {
+    if (auto pasteboard = openWaylandPasteboard(compositor, post)) return pasteboard;
+    qWarning("Ambrel: this compositor shows no copies; they are seen while a program of X11 has the keyboard");
+  }
+  if (auto pasteboard = openX11Pasteboard(display, post)) return pasteboard;
   return std::make_unique<NoPasteboard>();
+}
+
+std::unique_ptr<Workspace> openWorkspace(X11Connection* connection) {
+  auto x11 = std::make_unique<X11Workspace>(connection, "/proc", ProgramFolders::ofThisSession());
+  const std::string compositor = waylandDisplay();
+  if (!connection || compositor.empty()) return x11;
+  return withWaylandWindows(compositor, std::move(x11), ProgramFolders::ofThisSession());
 }
 
 // A Wayland session shows programs of its own alone what is on the screen, also where there is an X server.
@@ -88,7 +105,7 @@ struct LinuxDesktop::Parts {
         screens(connection.get()),
         windowStyle(connection.get()),
         theme(connection.get()),
-        workspace(connection.get(), "/proc", ProgramFolders::ofThisSession()),
+        workspace(openWorkspace(connection.get())),
         hotKeys(connection.get()),
         notifications(bus),
         pasteboard(openPasteboard(display)),
@@ -110,7 +127,7 @@ struct LinuxDesktop::Parts {
   X11Screens screens;
   X11WindowStyle windowStyle;
   X11DesktopTheme theme;
-  X11Workspace workspace;
+  std::unique_ptr<Workspace> workspace;
   X11HotKeys hotKeys;
   DBusNotifications notifications;
   std::unique_ptr<Pasteboard> pasteboard;
@@ -145,7 +162,7 @@ Desktop LinuxDesktop::seams() {
           .screens = parts_->screens,
           .windowStyle = parts_->windowStyle,
           .theme = parts_->theme,
-          .workspace = parts_->workspace,
+          .workspace = *parts_->workspace,
           .hotKeys = parts_->hotKeys,
           .notifications = parts_->notifications,
           .pasteboard = *parts_->pasteboard,

@@ -13,6 +13,7 @@
 #   --panel                   with tint2 at the lower edge, which has a tray
 #   --wm NAME                 the window manager: openbox (the usual one), xfwm4, marco, i3, awesome or bspwm
 #   --no-wm                   without a window manager
+#   --wayland                 a Wayland compositor (sway) in the place of the X server and its window manager
 #   --wallpaper COLOR[,COLOR] the root window's colour, or a gradient of two
 #   --activation              D-Bus may start services by their names (not for tests: it would start what is installed)
 
@@ -71,6 +72,25 @@ vd_start_server() {
   DISPLAY=":$(tr -d '\n' <"$vd_folder/display.number")"
   export DISPLAY
 }
+
+# The compositor runs as somebody else where we are root, which it refuses to be; it then needs a folder of its own.
+vd_start_compositor() {
+  local folder=$vd_folder/compositor as=()
+  mkdir -m 700 "$folder"
+  printf 'output HEADLESS-1 resolution %sx%s\nxwayland disable\n' "$vd_width" "$vd_height" >"$folder/config"
+  if [ "$(id -u)" -eq 0 ]; then
+    as=(setpriv --pdeathsig TERM --reuid=65534 --regid=65534 --clear-groups)
+    chown -R 65534:65534 "$folder"
+    chmod 711 "$vd_folder"
+  fi
+  vd_spawn compositor env -u DISPLAY HOME="$folder" XDG_RUNTIME_DIR="$folder" WLR_BACKENDS=headless \
+    WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman "${as[@]}" sway -c "$folder/config"
+  vd_wait 10 vd_has_socket "$folder" || { vd_fail "sway did not start: $(tail -n 1 "$vd_folder/compositor.log")"; return 1; }
+  # The toolkit has no windows of its own here.
+  export WAYLAND_DISPLAY=$folder/wayland-1 XDG_SESSION_TYPE=wayland QT_QPA_PLATFORM=offscreen
+  unset DISPLAY
+}
+vd_has_socket() { [ -S "$1/wayland-1" ]; }
 
 vd_start_bus() {
   local services=
@@ -149,7 +169,7 @@ vd_start_wm() {
 }
 
 vd_start() {
-  local geometry=1600x900 scale=1 compositor= notifications= panel= wm=openbox wallpaper='#22304a,#5b4a78' activation=
+  local geometry=1600x900 scale=1 compositor= notifications= panel= wm=openbox wallpaper='#22304a,#5b4a78' activation= wayland=
   while [ $# -gt 0 ]; do
     case "$1" in
       --geometry) geometry=$2; shift 2 ;;
@@ -161,6 +181,7 @@ vd_start() {
       --activation) activation=1; shift ;;
       --wm) wm=$2; shift 2 ;;
       --no-wm) wm=; shift ;;
+      --wayland) wayland=1; shift ;;
       *) echo "virtual desktop: unknown option '$1'" >&2; return 2 ;;
     esac
   done
@@ -169,8 +190,10 @@ vd_start() {
     return 2
   fi
   vd_width=${BASH_REMATCH[1]} vd_height=${BASH_REMATCH[2]}
-  if ! command -v Xvfb >/dev/null; then
-    echo "virtual desktop: Xvfb is not installed (script/bootstrap desktop installs it)" >&2
+  local server=Xvfb
+  if [ -n "$wayland" ]; then server=sway; fi
+  if ! command -v "$server" >/dev/null; then
+    echo "virtual desktop: $server is not installed (script/bootstrap desktop installs it)" >&2
     return 77
   fi
 
@@ -184,6 +207,11 @@ vd_start() {
   unset WAYLAND_DISPLAY XAUTHORITY
   if [ "$scale" != 1 ]; then export QT_SCALE_FACTOR=$scale; fi
 
+  if [ -n "$wayland" ]; then
+    vd_start_compositor || return 1
+    vd_start_bus "$activation"
+    return
+  fi
   vd_start_server || return 1
   vd_start_bus "$activation" || return 1
   if [ -n "$wm" ]; then vd_start_wm "$wm" || return; fi
@@ -204,7 +232,9 @@ vd_start() {
 }
 
 # The whole screen, as the compositor shows it.
-vd_screenshot() { import -silent -window root "$1"; }
+vd_screenshot() {
+  if [ -n "${WAYLAND_DISPLAY:-}" ]; then grim "$1"; else import -silent -window root "$1"; fi
+}
 
 vd_stop() {
   local pid i

@@ -18,7 +18,8 @@ SelectionReader::SelectionReader(SelectionConnection& connection, SelectionPatie
     properties_.push_back(connection.atom("AMBREL_SELECTION_" + std::to_string(i)));
 }
 
-void SelectionReader::start(xcb_timestamp_t time, ReadingWish wish, SteadyTime now, std::function<void(Outcome)> done) {
+void SelectionReader::start(xcb_timestamp_t time, ReadingWish wish, SteadyTime now,
+                            std::function<void(PasteboardOutcome)> done) {
   cancel();
   time_ = time;
   wish_ = wish;
@@ -194,7 +195,7 @@ void SelectionReader::fetchNext(SteadyTime now) {
 }
 
 void SelectionReader::finish() {
-  Outcome outcome{std::move(types_), contentsOf(std::move(fetched_))};
+  PasteboardOutcome outcome{std::move(types_), contentsOf(std::move(fetched_))};
   if (lost_) outcome.contents.lost = lost_;
   const auto done = std::move(done_);
   cancel();

@@ -8,35 +8,18 @@
 #include <string>
 #include <vector>
 
-#include "platform/Pasteboard.h"
+#include "platform/linux/pasteboard/PasteboardThread.h"
 #include "platform/linux/pasteboard/SelectionConnection.h"
 #include "platform/linux/pasteboard/SelectionDrain.h"
 
 namespace ambrel {
 
-using SteadyTime = std::chrono::steady_clock::time_point;
-
-// How long an owner may take. One that exceeds them counts as not having what it was asked for.
-struct SelectionPatience {
-  std::chrono::milliseconds targets{1000};  // until it says what it offers
-  std::chrono::milliseconds data{3000};     // until the data, or their first piece, are there
-  std::chrono::milliseconds again{15000};   // for either, when it is asked a second time
-  std::chrono::milliseconds piece{5000};    // between two pieces
-  std::chrono::milliseconds excess{3000};   // to learn the size of what is too large
-  std::chrono::milliseconds whole{60000};   // for everything together
-};
-
 class SelectionReader {
  public:
-  struct Outcome {
-    std::vector<std::string> types;
-    PasteboardContents contents;
-  };
-
   SelectionReader(SelectionConnection& connection, SelectionPatience patience);
 
   // Starts again; an unfinished reading is abandoned. `time` is when the owner took the selection.
-  void start(xcb_timestamp_t time, ReadingWish wish, SteadyTime now, std::function<void(Outcome)> done);
+  void start(xcb_timestamp_t time, ReadingWish wish, SteadyTime now, std::function<void(PasteboardOutcome)> done);
   // Nobody wants the outcome any more. A transfer that has begun is still taken to its end.
   void cancel();
   bool isReading() const { return step_ != Step::idle; }
@@ -90,7 +73,7 @@ class SelectionReader {
   std::uint64_t excess_ = 0;
   std::vector<std::string> types_;
   std::vector<Fetched> fetched_;
-  std::function<void(Outcome)> done_;
+  std::function<void(PasteboardOutcome)> done_;
 };
 
 }  // namespace ambrel

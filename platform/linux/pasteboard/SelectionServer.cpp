@@ -5,6 +5,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "platform/linux/pasteboard/ServedForms.h"
+
 namespace ambrel {
 namespace {
 
@@ -12,23 +14,6 @@ constexpr std::size_t mostPieceSize = 256u << 10;
 constexpr std::size_t mostTransfers = 16;
 constexpr std::size_t mostPairs = 64;
 constexpr std::chrono::seconds transferPatience{10};
-constexpr std::string_view textType = "text/plain;charset=utf-8";
-
-// In the encoding of STRING; absent when it has no place for a character.
-std::optional<std::string> latin1(std::string_view utf8) {
-  std::string out;
-  out.reserve(utf8.size());
-  for (std::size_t i = 0; i < utf8.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(utf8[i]);
-    if (byte < 0x80) {
-      out += utf8[i];
-    } else {
-      if ((byte != 0xC2 && byte != 0xC3) || i + 1 == utf8.size()) return std::nullopt;
-      out += static_cast<char>((byte & 3) << 6 | (static_cast<unsigned char>(utf8[++i]) & 0x3F));
-    }
-  }
-  return out;
-}
 
 }  // namespace
 
@@ -70,20 +55,11 @@ std::shared_ptr<const SelectionServer::Offer> SelectionServer::makeOffer(xcb_tim
   auto offer = std::make_shared<Offer>();
   offer->since = time;
   offer->targets = {atoms.targets, atoms.multiple, atoms.timestamp, atoms.saveTargets};
-  const auto add = [&](xcb_atom_t target, std::shared_ptr<const Data> data) {
-    if (offer->dataByTarget.emplace(target, std::move(data)).second) offer->targets.push_back(target);
-  };
-  for (const Representation& one : *pending_) {
-    const xcb_atom_t type = connection_.atom(one.type);
-    const auto data = std::make_shared<const Data>(Data{type, one.bytes});
-    add(type, data);
-    if (one.type != textType) continue;
-    const auto utf8 = std::make_shared<const Data>(Data{atoms.utf8String, one.bytes});
-    add(atoms.utf8String, utf8);
-    add(connection_.atom("text/plain"), std::make_shared<const Data>(Data{connection_.atom("text/plain"), one.bytes}));
-    add(atoms.text, utf8);
-    if (auto narrow = latin1(one.bytes))
-      add(XCB_ATOM_STRING, std::make_shared<const Data>(Data{XCB_ATOM_STRING, std::move(*narrow)}));
+  for (ServedForm& form : servedForms(*pending_)) {
+    const xcb_atom_t target = connection_.atom(form.target);
+    offer->targets.push_back(target);
+    offer->dataByTarget.emplace(target,
+                                std::make_shared<const Data>(Data{connection_.atom(form.type), std::move(form.bytes)}));
   }
   return offer;
 }
@@ -127,12 +103,12 @@ bool SelectionServer::answer(xcb_window_t requestor, xcb_atom_t target, xcb_atom
   const auto found = offer_->dataByTarget.find(target);
   if (found == offer_->dataByTarget.end()) return false;
   const auto& data = found->second;
-  if (data->bytes.size() > pieceSize_) {
+  if (data->bytes->size() > pieceSize_) {
     beginTransfer(requestor, property, data, now);
     return true;
   }
   xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, data->type, 8,
-                      static_cast<std::uint32_t>(data->bytes.size()), data->bytes.data());
+                      static_cast<std::uint32_t>(data->bytes->size()), data->bytes->data());
   return true;
 }
 
@@ -163,7 +139,7 @@ void SelectionServer::beginTransfer(xcb_window_t requestor, xcb_atom_t property,
   xcb_connection_t* const xcb = connection_.xcb();
   const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
   xcb_change_window_attributes(xcb, requestor, XCB_CW_EVENT_MASK, &events);
-  const auto size = static_cast<std::uint32_t>(data->bytes.size());
+  const auto size = static_cast<std::uint32_t>(data->bytes->size());
   xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, requestor, property, connection_.atoms().incr, 32, 1, &size);
   transfers_.push_back({requestor, property, std::move(data), 0, now + transferPatience});
 }
@@ -191,7 +167,7 @@ void SelectionServer::handle(const xcb_property_notify_event_t& event, SteadyTim
   const auto transfer = std::ranges::find_if(
       transfers_, [&](const Transfer& one) { return one.requestor == event.window && one.property == event.atom; });
   if (transfer == transfers_.end()) return;
-  const std::string_view rest = std::string_view(transfer->data->bytes).substr(transfer->sent);
+  const std::string_view rest = std::string_view(*transfer->data->bytes).substr(transfer->sent);
   const std::string_view piece = rest.substr(0, pieceSize_);
   // A piece without bytes ends the transfer.
   xcb_change_property(connection_.xcb(), XCB_PROP_MODE_REPLACE, transfer->requestor, transfer->property,

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "core/clipboard/Capture.h"
+#include "platform/linux/pasteboard/PasteboardThread.h"
 #include "platform/linux/pasteboard/SelectionConnection.h"
-#include "platform/linux/pasteboard/SelectionReader.h"
 
 namespace ambrel {
 
@@ -43,7 +43,7 @@ class SelectionServer {
  private:
   struct Data {
     xcb_atom_t type = XCB_ATOM_NONE;
-    std::string bytes;
+    std::shared_ptr<const std::string> bytes;
   };
   struct Offer {
     xcb_timestamp_t since = XCB_CURRENT_TIME;

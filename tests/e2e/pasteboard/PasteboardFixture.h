@@ -1,5 +1,5 @@
 #pragma once
-// A pasteboard on the test's X server, with a main thread that the test turns by hand.
+// A pasteboard on the test's desktop, with a main thread that the test turns by hand.
 
 #include <chrono>
 #include <condition_variable>
@@ -9,7 +9,6 @@
 #include <memory>
 #include <mutex>
 
-#include "platform/linux/pasteboard/X11Pasteboard.h"
 #include "tests/e2e/pasteboard/SelectionClients.h"
 
 namespace ambrel {
@@ -49,9 +48,7 @@ class MainThread {
 class PasteboardTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (std::getenv("DISPLAY") == nullptr) GTEST_SKIP() << "no X server";
-    pasteboard = X11Pasteboard::open(
-        "", [this](auto task) { main.post(std::move(task)); }, patience);
+    pasteboard = openTestedPasteboard([this](auto task) { main.post(std::move(task)); }, patience);
     ASSERT_TRUE(pasteboard);
     pasteboard->setChangeHandler([this] { ++changes; });
     pasteboard->setOwnerGoneHandler([this] { ++ownersGone; });
@@ -79,6 +76,18 @@ class PasteboardTest : public testing::Test {
     return reading.value_or(PasteboardReading{});
   }
 
+  // After whatever came before, an ordinary copy is read as ever.
+  void expectWorkingStill() {
+    OwnerClient ordinary({{"UTF8_STRING", {.bytes = "still here"}}});
+    copy(ordinary);
+    EXPECT_EQ(read().contents.text, "still here");
+  }
+
+  static std::string pasted(RequestorClient& client, const std::string& target) {
+    const auto answer = client.paste(target);
+    return answer ? answer->bytes : "(refused)";
+  }
+
   MainThread main;
   SelectionPatience patience{.targets = std::chrono::milliseconds(300),
                              .data = std::chrono::milliseconds(300),
@@ -86,7 +95,7 @@ class PasteboardTest : public testing::Test {
                              .piece = std::chrono::milliseconds(300),
                              .excess = std::chrono::milliseconds(1000),
                              .whole = std::chrono::milliseconds(3000)};
-  std::unique_ptr<X11Pasteboard> pasteboard;
+  std::unique_ptr<Pasteboard> pasteboard;
   int changes = 0, ownersGone = 0;
 };
 

@@ -11,7 +11,11 @@
 #include <set>
 #include <stdexcept>
 #include <sys/eventfd.h>
+#include <thread>
 #include <unistd.h>
+#include <xcb/xcb.h>
+
+#include "platform/linux/pasteboard/X11Pasteboard.h"
 
 namespace ambrel {
 namespace {
@@ -64,6 +68,10 @@ class Client {
 };
 
 }  // namespace
+
+std::unique_ptr<Pasteboard> openTestedPasteboard(PostToMain post, SelectionPatience patience) {
+  return openX11Pasteboard("", std::move(post), patience);
+}
 
 struct OwnerClient::Impl {
   struct Transfer {
@@ -133,12 +141,14 @@ struct OwnerClient::Impl {
 
   void request(const xcb_selection_request_event_t& event) {
     const std::string target = client->name(event.target);
-    {
+    const bool isTargets = target == "TARGETS";
+    if (isTargets) {
+      ++timesAskedForTargets;
+    } else {
       const std::scoped_lock lock(askedMutex);
       asked.push_back(target);
     }
     if (settings.takesAnewWhenAsked) take();
-    const bool isTargets = target == "TARGETS";
     const auto found = offers.find(target);
     Manner manner = isTargets ? settings.targetsManner : found == offers.end() ? Manner::refuses : found->second.manner;
     if (manner == Manner::emptyFirst) manner = refusedOnce.insert(target).second ? Manner::refuses : Manner::whole;
@@ -217,7 +227,7 @@ struct OwnerClient::Impl {
   std::vector<std::function<void()>> orders;
   mutable std::mutex askedMutex;
   std::vector<std::string> asked;
-  std::atomic<int> openTransfers{0};
+  std::atomic<int> openTransfers{0}, timesAskedForTargets{0};
   bool isStopping = false;
   std::thread thread;
 };
@@ -246,6 +256,8 @@ std::vector<std::string> OwnerClient::asked() const {
   const std::scoped_lock lock(impl_->askedMutex);
   return impl_->asked;
 }
+
+int OwnerClient::timesAskedForTargets() const { return impl_->timesAskedForTargets; }
 
 int OwnerClient::openTransfers() const { return impl_->openTransfers; }
 
@@ -348,6 +360,11 @@ std::vector<std::optional<std::string>> RequestorClient::pasteMultiple(const std
   for (std::size_t i = 0; i < targets.size(); ++i)
     if (pairs[2 * i + 1] != XCB_ATOM_NONE) results[i] = impl_->take(pairs[2 * i + 1]).bytes;
   return results;
+}
+
+std::string RequestorClient::stamp() {
+  const auto answer = paste("TIMESTAMP");
+  return answer ? answer->bytes : "";
 }
 
 bool RequestorClient::hasOwner() { return impl_->client.owner() != XCB_WINDOW_NONE; }

@@ -1,5 +1,6 @@
 #pragma once
-// Other applications, played by tests: owners of the clipboard that behave or do not, and one that pastes.
+// Other applications, played by tests: owners of the clipboard that behave or do not, and one that pastes. They speak
+// X11 or Wayland, as the test program has been linked; what is marked as one's own, the other lacks.
 
 #include <atomic>
 #include <functional>
@@ -7,11 +8,14 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
-#include <xcb/xcb.h>
+
+#include "platform/linux/pasteboard/PasteboardThread.h"
 
 namespace ambrel {
+
+// Of the desktop that the test runs on.
+std::unique_ptr<Pasteboard> openTestedPasteboard(PostToMain post, SelectionPatience patience);
 
 // How an owner treats a request for one of its types.
 enum class Manner {
@@ -20,9 +24,9 @@ enum class Manner {
   refuses,       // says that it has none
   silent,        // never answers
   stopsHalfWay,  // in pieces, of which it sends one
-  diesHalfWay,   // in pieces; ends after the first
+  diesHalfWay,   // in pieces; ends after the first (X11)
   neverEnds,     // in pieces without end
-  wrongFormat,   // as 32-bit numbers
+  wrongFormat,   // as 32-bit numbers (X11)
   emptyFirst,    // refuses the first time
   silentFirst,   // does not answer the first time
 };
@@ -30,7 +34,7 @@ enum class Manner {
 struct Offer {
   Manner manner = Manner::whole;
   std::string bytes = {};
-  std::uint32_t announced = 0;  // the size that it says beforehand, in pieces
+  std::uint32_t announced = 0;  // the size that it says beforehand, in pieces (X11)
   std::size_t pieceSize = 100'000;
 };
 
@@ -40,7 +44,7 @@ class OwnerClient {
   explicit OwnerClient(std::map<std::string, Offer> offers);
   ~OwnerClient();
 
-  // How it treats TARGETS, and what it lists there besides its offers.
+  // How it treats the question what it offers (X11), and what it lists besides its offers.
   Manner targetsManner = Manner::whole;
   std::vector<std::string> furtherTargets;
   bool takesAnewWhenAsked = false;
@@ -51,8 +55,12 @@ class OwnerClient {
   void clear();
   // Ends the connection, as a process that quits does.
   void quit();
+  // Those that have stopped half-way go on to the end (Wayland).
+  void goOn();
   // The types it was asked for, in order.
   std::vector<std::string> asked() const;
+  // How often it was asked what it offers (X11).
+  int timesAskedForTargets() const;
   // The transfers in pieces that it has begun and not brought to their end.
   int openTransfers() const;
 
@@ -75,9 +83,11 @@ class RequestorClient {
   };
   // Absent when the owner refuses, or does not answer. `onPiece` returns false to stop taking.
   std::optional<Answer> paste(const std::string& target, const std::function<bool()>& onPiece = nullptr);
-  // The names in an answer of atoms.
+  // What the owner says that it offers.
   std::vector<std::string> targets();
-  // Asks for two types in one request; a refused one is absent.
+  // Another one after each taking of the clipboard.
+  std::string stamp();
+  // Asks for two types in one request; a refused one is absent (X11).
   std::vector<std::optional<std::string>> pasteMultiple(const std::vector<std::string>& targets);
   bool hasOwner();
 

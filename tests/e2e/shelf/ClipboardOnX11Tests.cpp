@@ -23,7 +23,7 @@ Offer whole(std::string bytes) { return {.manner = Manner::whole, .bytes = std::
 class ClipboardOnX11 : public testing::Test {
  protected:
   void SetUp() override {
-    pasteboard = X11Pasteboard::open("", [](auto task) {
+    pasteboard = openX11Pasteboard("", [](auto task) {
       QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
     });
     ASSERT_TRUE(pasteboard);
@@ -60,7 +60,7 @@ class ClipboardOnX11 : public testing::Test {
   UserDefaults defaults{folder / "defaults.json"};
   AppSettings settings{defaults};
   FakeWorkspace workspace;
-  std::unique_ptr<X11Pasteboard> pasteboard;
+  std::unique_ptr<Pasteboard> pasteboard;
   std::unique_ptr<ClipboardModel> model;
   bool isLoaded = false;
   QObject context;
