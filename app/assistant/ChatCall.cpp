@@ -3,6 +3,7 @@
 #include <QUrl>
 #include <utility>
 
+#include "app/web/ServerAddress.h"
 #include "core/assistant/ModelServer.h"
 #include "core/base/JSON.h"
 
@@ -17,13 +18,7 @@ int statusOf(const QNetworkReply& reply) { return reply.attribute(QNetworkReques
 }  // namespace
 
 QNetworkRequest chatRequestTo(const QString& address, const char* call) {
-  QNetworkRequest request(QUrl(QString::fromStdString(modelServerURL(address.toStdString(), call)), QUrl::StrictMode));
-  request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Tilebay"));
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-  request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-  request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-  request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-  return request;
+  return requestTo(QUrl(QString::fromStdString(modelServerURL(address.toStdString(), call)), QUrl::StrictMode));
 }
 
 ChatCall::ChatCall(Seams seams, ChatExchange exchange, std::stop_token stop, QObject* parent)

@@ -10,7 +10,6 @@
 
 namespace ambrel {
 
-// Without cookies, credentials and redirections: what is sent goes to this server and to no other.
 QNetworkRequest chatRequestTo(const QString& address, const char* call);
 
 // Deletes itself when it has ended.

@@ -7,6 +7,7 @@
 
 #include "app/assistant/ChatCall.h"
 #include "app/base/StoredValue.h"
+#include "app/web/ServerAddress.h"
 #include "core/assistant/ModelServer.h"
 #include "core/settings.h"
 
@@ -25,9 +26,7 @@ QNetworkAccessManager& ChatServerModel::network() {
 }
 
 bool ChatServerModel::isAllowed(const QString& address, const UserDefaults& defaults) {
-  const QUrl url(address, QUrl::StrictMode);
-  return isLoopbackHost(url.host().toStdString()) ||
-         address.toStdString() == valueOf(defaults, setting::modelServerAllowedURL);
+  return mayReceive(address, valueOf(defaults, setting::modelServerAllowedURL));
 }
 
 void ChatServerModel::check(std::function<void()> known) {

@@ -3,6 +3,7 @@
 #include <QUrl>
 
 #include "app/base/StoredValue.h"
+#include "app/web/ServerAddress.h"
 #include "core/settings.h"
 
 namespace ambrel {
@@ -21,14 +22,9 @@ void ModelServer::setOn(bool isOn) {
 }
 
 bool ModelServer::setAddress(const QString& text) {
-  QString address = text.trimmed();
-  if (!address.isEmpty()) {
-    if (!address.contains(QLatin1String("://"))) address.prepend(QLatin1String("http://"));
-    const QUrl url(address, QUrl::StrictMode);
-    const bool isWeb = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-    if (!isWeb || url.host().isEmpty() || !url.userInfo().isEmpty()) return false;
-  }
-  store(defaults_, setting::modelServerURL.key, DefaultsValue{address.toStdString()});
+  const auto address = typedServerAddress(text);
+  if (!address) return false;
+  store(defaults_, setting::modelServerURL.key, DefaultsValue{address->toStdString()});
   reload();
   return true;
 }

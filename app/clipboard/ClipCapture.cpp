@@ -19,7 +19,7 @@ void ClipCapture::fill(Slot& slot, std::optional<CapturedClip> clip) {
   while (!slots_.empty() && slots_.front()->isDone) {
     const auto ready = std::move(slots_.front());
     slots_.pop_front();
-    if (ready->clip) onCaptured(std::move(*ready->clip), ready->changeCount);
+    onCaptured(std::move(ready->clip), ready->changeCount);
   }
 }
 
@@ -31,7 +31,7 @@ std::set<std::string> ClipCapture::waitingPictures() const {
 }
 
 void ClipCapture::take(PasteboardContents contents, std::int64_t changeCount, ClipOrigin origin) {
-  if (contents.isEmpty()) return;
+  if (contents.isEmpty()) return onCaptured(std::nullopt, changeCount);
   const auto slot = slots_.emplace_back(std::make_shared<Slot>(Slot{.changeCount = changeCount}));
   const auto source = std::make_shared<PasteboardContents>(std::move(contents));
   if (source->filePaths.empty() && source->picture) {

@@ -18,8 +18,8 @@ class ClipCapture {
  public:
   ClipCapture(ClipboardStorage& storage, Background background, SearchFolding folding);
 
-  // Called for each copy that becomes a clip, with its change count.
-  std::function<void(CapturedClip, std::int64_t changeCount)> onCaptured;
+  // Called for each copy, with its change count; without a clip for one that makes none.
+  std::function<void(std::optional<CapturedClip>, std::int64_t changeCount)> onCaptured;
 
   // The pictures of clips that are ready and wait for an earlier one.
   std::set<std::string> waitingPictures() const;

@@ -31,7 +31,12 @@ ClipboardModel::ClipboardModel(AppSettings& settings, std::filesystem::path fold
                return item ? files_.lookAt(*item) : nullptr;
              }),
       firstChange_(history_.lastChangeCount()) {
-  capture_.onCaptured = [this](CapturedClip clip, std::int64_t change) { add(std::move(clip), change); };
+  capture_.onCaptured = [this](std::optional<CapturedClip> clip, std::int64_t change) {
+    if (clip)
+      add(std::move(*clip), change);
+    else
+      Q_EMIT pasteboardChanged();
+  };
   storage_.onSaveFailed = [this](const std::string& reason) {
     Q_EMIT troubled(tr("The clipboard history cannot be saved"), toQString(reason));
   };
@@ -101,9 +106,11 @@ void ClipboardModel::poll() {
     source = front.front();
 
   ownerlessChange_.reset();
-  const bool isWanted = history_.noticeChange(change, settings, source);
-  publishCurrent();
-  if (isWanted && !isReadOnly_) read({.id = UUID::random(), .now = now, .sourceBundleID = std::move(source)});
+  const bool isRead = history_.noticeChange(change, settings, source) && !isReadOnly_;
+  if (!isRead) return publishCurrent();
+  // Others are told once it is read: until then nothing is known of what is there.
+  items_.setCurrent(history_.currentItemID());
+  read({.id = UUID::random(), .now = now, .sourceBundleID = std::move(source)});
 }
 
 // An entry is a stored identifier or the name that the cards show.
@@ -147,6 +154,7 @@ void ClipboardModel::addLost(const LostCopy& lost, const ClipOrigin& origin) {
                {.id = origin.id, .kind = lost.kind, .createdAt = origin.now, .program = program, .lost = lost});
   if (lost_.size() > mostLost) lost_.pop_back();
   publishRows();
+  Q_EMIT pasteboardChanged();
 }
 
 void ClipboardModel::add(CapturedClip clip, std::int64_t changeCount) {

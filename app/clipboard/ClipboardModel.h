@@ -141,7 +141,7 @@ class ClipboardModel : public QObject {
  Q_SIGNALS:
   void libraryChanged();
   void faceChanged();
-  // Something else is on the pasteboard, or what is there has become a clip.
+  // Something else is on the pasteboard, and what is to be read of it has been read.
   void pasteboardChanged();
   void visibleItemsChanged();
   void filterChanged();

@@ -68,6 +68,8 @@ void TextToolModel::setClipboard(Text text) {
 
 void TextToolModel::useClipboard() { setText(clipboard_); }
 
+void TextToolModel::clear() { setText(nothing); }
+
 void TextToolModel::begin() {
   if (replaced(isOpen_, true)) Q_EMIT isOpenChanged();
   if (isStale_) renew();

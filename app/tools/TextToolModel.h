@@ -53,6 +53,7 @@ class TextToolModel : public QObject {
   Q_INVOKABLE void end();
   Q_INVOKABLE void setInput(const QString& text);
   Q_INVOKABLE void useClipboard();
+  Q_INVOKABLE void clear();
   // What was dropped: the first local file's content, else the text.
   Q_INVOKABLE void take(const QString& text, const QList<QUrl>& urls);
   // Another text of chance.

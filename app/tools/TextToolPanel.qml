@@ -37,9 +37,14 @@ Popover {
         target: field.input.Keys
 
         function onPressed(event: var) {
-            if (!event.matches(StandardKey.Paste) || field.input.selectedText.length !== field.input.length)
+            const isRemoval = event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace;
+            const isPaste = event.matches(StandardKey.Paste);
+            if (field.input.selectedText.length !== field.input.length || !(isPaste || isRemoval && field.input.readOnly))
                 return;
-            root.tool.useClipboard();
+            if (isPaste)
+                root.tool.useClipboard();
+            else
+                root.tool.clear();
             event.accepted = true;
         }
     }
@@ -105,8 +110,7 @@ Popover {
 
             SettingRow {
                 key: "passwordLength"
-                title: qsTr("Length")
-                unit: qsTr("characters")
+                title: qsTr("Characters")
             }
         }
         TextBox {

@@ -1,15 +1,20 @@
 #pragma once
-// What the text tools ask of the program.
+// What the tools ask of the program.
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "app/base/Area.h"
 #include "app/base/Background.h"
+#include "app/base/Presentation.h"
+#include "app/tools/CalculatorRun.h"
 #include "core/base/PresentCalendar.h"
 #include "core/base/UserDefaults.h"
 #include "core/clipboard/Capture.h"
+#include "platform/LanguageModel.h"
+#include "platform/ScreenCapture.h"
 
 namespace ambrel {
 
@@ -24,6 +29,12 @@ struct ToolSeams {
   std::function<void(std::function<void(std::string)> done)> readClipboard;
   // Puts it on the clipboard past the history.
   std::function<void(std::vector<Representation>)> write;
+  Calculate calculate;
+  DelayedStep later;
+  ScreenCapture& screen;
+  LanguageModel& model;
+  QString usualTranslator;          // the address at which a translation server is looked for
+  std::filesystem::path emojiFile;  // Unicode's emoji-test.txt
 };
 
 }  // namespace ambrel

@@ -10,7 +10,7 @@ namespace ambrel {
 
 ToolsArea::ToolsArea(ToolSeams seams, QObject* parent)
     : Area(QStringLiteral("Tools"), parent), seams_(std::move(seams)) {
-  keep({this});
+  keep({this, &calculator_, &units_, &emoji_, &colorPicker_, &translator_});
   for (const TextTool& tool : textTools()) {
     auto& model = tools_[tool.widget] = std::make_unique<TextToolModel>(tool, seams_);
     keep({model.get()});
@@ -49,6 +49,8 @@ void ToolsArea::readClipboard() {
 
 void ToolsArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
   for (const auto& [widget, model] : tools_) model->setIsSeen(areSeen && onBar.contains(widget));
+  calculator_.setIsSeen(areSeen && onBar.contains(DockWidget::calculator));
+  units_.setIsSeen(areSeen && onBar.contains(DockWidget::unitConverter));
   readClipboard();
 }
 
@@ -58,6 +60,15 @@ void ToolsArea::defaultsChanged(const std::set<std::string>& keys) {
     const bool isIndex = widget == DockWidget::loremIpsum && keys.contains("loremIndex");
     if (isLength || isIndex || keys.contains(std::string(nameOf(widget)) + ".mode")) model->reload();
   }
+  const auto touches = [&](std::initializer_list<const char*> ours) {
+    return std::ranges::any_of(ours, [&](const char* key) { return keys.contains(key); });
+  };
+  if (touches({"calculatorExpression"})) calculator_.reload();
+  if (touches({"unitValue", "unitCategory", "unitFrom", "unitTo"})) units_.reload();
+  if (touches({"emojiRecent", "emoji.tone"})) emoji_.reload();
+  if (touches({"translate.source", "translate.target", setting::translateServerURL.key,
+               setting::translateServerAllowedURL.key}))
+    translator_.reload();
 }
 
 }  // namespace ambrel

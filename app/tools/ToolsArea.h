@@ -1,11 +1,16 @@
 #pragma once
-// The text tools' part of the program: their models, and the clipboard's text for those that can be seen.
+// The tools' part of the program: their models, and the clipboard's text for the text tools that can be seen.
 
 #include <map>
 #include <memory>
 
 #include "app/base/Area.h"
+#include "app/tools/CalculatorModel.h"
+#include "app/tools/ColorPickerModel.h"
+#include "app/tools/EmojiModel.h"
 #include "app/tools/TextToolModel.h"
+#include "app/tools/TranslateModel.h"
+#include "app/tools/UnitConverterModel.h"
 
 namespace ambrel {
 
@@ -13,10 +18,20 @@ class ToolsArea : public Area {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
+  Q_PROPERTY(ambrel::CalculatorModel* calculator READ calculator CONSTANT FINAL)
+  Q_PROPERTY(ambrel::UnitConverterModel* units READ units CONSTANT FINAL)
+  Q_PROPERTY(ambrel::EmojiModel* emoji READ emoji CONSTANT FINAL)
+  Q_PROPERTY(ambrel::ColorPickerModel* colorPicker READ colorPicker CONSTANT FINAL)
+  Q_PROPERTY(ambrel::TranslateModel* translator READ translator CONSTANT FINAL)
 
  public:
   explicit ToolsArea(ToolSeams seams, QObject* parent = nullptr);
 
+  CalculatorModel* calculator() { return &calculator_; }
+  UnitConverterModel* units() { return &units_; }
+  EmojiModel* emoji() { return &emoji_; }
+  ColorPickerModel* colorPicker() { return &colorPicker_; }
+  TranslateModel* translator() { return &translator_; }
   // Null for what is no text tool.
   Q_INVOKABLE ambrel::TextToolModel* tool(const QString& widget) const;
   // For a panel that opens while no tool is seen.
@@ -33,6 +48,11 @@ class ToolsArea : public Area {
 
   ToolSeams seams_;
   std::map<DockWidget, std::unique_ptr<TextToolModel>> tools_;
+  CalculatorModel calculator_{seams_};
+  UnitConverterModel units_{seams_};
+  EmojiModel emoji_{seams_};
+  ColorPickerModel colorPicker_{seams_};
+  TranslateModel translator_{seams_};
   bool isClipboardRead_ = false;
   int generation_ = 0;
 };

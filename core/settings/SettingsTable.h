@@ -72,6 +72,8 @@
   INTEGER(meetingFromHour, 9, 0, 23, panel, "The hour at which work begins, in the meeting planner")                 \
   INTEGER(meetingToHour, 17, 1, 24, panel, "The hour at which work ends, in the meeting planner")                    \
   INTEGER(passwordLength, 20, 4, 128, panel, "Characters of a new password")                                         \
+  ADDRESS(translateServerURL, panel, "Where texts are translated; empty: on this {machine}"_local)                   \
+  ADDRESS(translateServerAllowedURL, none, "The server on another {machine} to which texts may go"_local)            \
   BOOLEAN(askUsesModel, true, buddy, "A language model answers, where a server on this {machine} has one"_local)     \
   ADDRESS(modelServerURL, buddy, "Where the language model answers; empty: the usual ports of this {machine}"_local) \
   ADDRESS(modelServerAllowedURL, none, "The server on another {machine} to which questions may go"_local)            \

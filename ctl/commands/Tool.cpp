@@ -1,5 +1,9 @@
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <iterator>
+#include <unistd.h>
 
 #include "core/base/JSON.h"
 #include "core/settings.h"
@@ -16,6 +20,7 @@ const TextTool& toolOf(const Arguments& arguments) {
   if (const TextTool* tool = widget ? textTool(*widget) : nullptr) return *tool;
   std::vector<std::string> known;
   for (const TextTool& tool : textTools()) known.emplace_back(nameOf(tool.widget));
+  known.emplace_back(nameOf(DockWidget::calculator));
   throw UsageError("unknown tool '" + name + "'" + hint(name, known, "'tilebayctl tool --help'"));
 }
 
@@ -42,7 +47,18 @@ int passwordLength(const Arguments& arguments, const Context& context) {
   }
 }
 
+// Hands over to the process that works out an expression and ends.
+[[noreturn]] void calculate(const Context& context) {
+  std::error_code error;
+  const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+  const std::string program = folder / "tilebayctl-calculate";
+  const char* json = context.json ? "--json" : nullptr;
+  execl(program.c_str(), program.c_str(), context.calendar.locale().c_str(), json, nullptr);
+  throw CommandError("its part tilebayctl-calculate cannot be run: " + std::string(std::strerror(errno)));
+}
+
 void run(const Arguments& arguments, Context& context) {
+  if (arguments.value("NAME") == nameOf(DockWidget::calculator)) calculate(context);
   const TextTool& tool = toolOf(arguments);
   const std::string choice = choiceOf(tool, arguments);
   const ToolSource source{.random = fillRandomly,
@@ -71,6 +87,7 @@ std::string listed() {
     text.append("\n  ").append(nameOf(tool.widget)).append(":");
     for (const ToolChoice& choice : tool.choices) text.append(" ").append(choice.id);
   }
+  text.append("\n  ").append(nameOf(DockWidget::calculator)).append(": an expression, such as 5 mi to km");
   return text;
 }
 

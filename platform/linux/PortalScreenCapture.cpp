@@ -1,11 +1,14 @@
 #include "platform/linux/PortalScreenCapture.h"
 
+#include <QDBusArgument>
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QFile>
 #include <QUrl>
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace ambrel {
@@ -19,7 +22,43 @@ constexpr uint succeeded = 0, calledOff = 1;
 }  // namespace
 
 void PortalScreenCapture::capture(std::function<void(ScreenPicture)> done) {
-  if (!bus_.isConnected()) return done({.problem = "The desktop has no service that takes pictures of the screen."});
+  ask("Screenshot", {{QStringLiteral("interactive"), false}},
+      "The desktop has no service that takes pictures of the screen.", [done = std::move(done)](Answer answer) {
+        ScreenPicture picture{.problem = std::move(answer.problem)};
+        if (answer.isCalledOff || !picture.problem.empty()) return done(std::move(picture));
+        const QUrl file(answer.results.value(QStringLiteral("uri")).toString());
+        if (file.isLocalFile()) {
+          picture.image = QImage(file.toLocalFile());
+          // It was made for us alone, and a capture leaves nothing on the disk.
+          QFile::remove(file.toLocalFile());
+        }
+        if (picture.image.isNull()) picture.problem = "The desktop gave no picture of the screen.";
+        done(std::move(picture));
+      });
+}
+
+bool PortalScreenCapture::pickColor(std::function<void(PickedColor)> done) {
+  ask("PickColor", {}, "The desktop has no service that picks a color.", [done = std::move(done)](Answer answer) {
+    if (answer.isCalledOff || !answer.problem.empty()) return done({.problem = std::move(answer.problem)});
+    // Red, green and blue, each from 0 to 1.
+    std::array<double, 3> channels{-1, -1, -1};
+    const auto structure = answer.results.value(QStringLiteral("color")).value<QDBusArgument>();
+    if (structure.currentSignature() == QLatin1String("(ddd)")) {
+      structure.beginStructure();
+      for (double& channel : channels) structure >> channel;
+      structure.endStructure();
+    }
+    if (std::ranges::any_of(channels, [](double channel) { return !(channel >= 0 && channel <= 1); }))
+      return done({.problem = "The desktop gave no color."});
+    done({.color = QColor::fromRgbF(static_cast<float>(channels[0]), static_cast<float>(channels[1]),
+                                    static_cast<float>(channels[2]))});
+  });
+  return true;
+}
+
+void PortalScreenCapture::ask(const char* method, QVariantMap options, std::string missing,
+                              std::function<void(Answer)> done) {
+  if (!bus_.isConnected()) return done({.problem = std::move(missing)});
   stopListening();
   done_ = std::move(done);
   const QString token = QStringLiteral("ambrel%1").arg(++turn_);
@@ -30,32 +69,25 @@ void PortalScreenCapture::capture(std::function<void(ScreenPicture)> done) {
                SLOT(answered(uint, QVariantMap)));
   auto call =
       QDBusMessage::createMethodCall(service, QStringLiteral("/org/freedesktop/portal/desktop"),
-                                     QStringLiteral("org.freedesktop.portal.Screenshot"), QStringLiteral("Screenshot"));
-  call << QString() << QVariantMap{{QStringLiteral("handle_token"), token}, {QStringLiteral("interactive"), false}};
+                                     QStringLiteral("org.freedesktop.portal.Screenshot"), QString::fromLatin1(method));
+  options.insert(QStringLiteral("handle_token"), token);
+  call << QString() << options;
   auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, turn = turn_] {
-    watcher->deleteLater();
-    if (watcher->isError() && turn == turn_)
-      finish({.problem = "The desktop has no service that takes pictures of the screen."});
-  });
+  connect(watcher, &QDBusPendingCallWatcher::finished, this,
+          [this, watcher, turn = turn_, missing = std::move(missing)] {
+            watcher->deleteLater();
+            if (watcher->isError() && turn == turn_) finish({.problem = missing});
+          });
 }
 
 void PortalScreenCapture::answered(uint response, const QVariantMap& results) {
-  if (response == calledOff) return finish({});
-  const QUrl file(results.value(QStringLiteral("uri")).toString());
-  ScreenPicture picture;
-  if (response == succeeded && file.isLocalFile()) {
-    picture.image = QImage(file.toLocalFile());
-    // It was made for us alone, and a capture leaves nothing on the disk.
-    QFile::remove(file.toLocalFile());
-  }
-  if (picture.image.isNull()) picture.problem = "The desktop gave no picture of the screen.";
-  finish(std::move(picture));
+  if (response == succeeded) return finish({.results = results});
+  finish({.isCalledOff = response == calledOff});
 }
 
-void PortalScreenCapture::finish(ScreenPicture picture) {
+void PortalScreenCapture::finish(Answer answer) {
   stopListening();
-  if (const auto done = std::exchange(done_, nullptr)) done(std::move(picture));
+  if (const auto done = std::exchange(done_, nullptr)) done(std::move(answer));
 }
 
 void PortalScreenCapture::stopListening() {

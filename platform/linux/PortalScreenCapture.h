@@ -18,16 +18,25 @@ class PortalScreenCapture : public QObject, public ScreenCapture {
 
   // All screens in one picture: the portal tells neither the pointer nor windows. Our own windows may be in it.
   void capture(std::function<void(ScreenPicture)> done) override;
+  bool pickColor(std::function<void(PickedColor)> done) override;
 
  private Q_SLOTS:
   void answered(uint response, const QVariantMap& results);
 
  private:
-  void finish(ScreenPicture picture);
+  // What came of a request: the portal's results, or a problem. Neither when the user called it off.
+  struct Answer {
+    QVariantMap results = {};
+    std::string problem = {};
+    bool isCalledOff = false;
+  };
+  // A new request abandons the one before.
+  void ask(const char* method, QVariantMap options, std::string missing, std::function<void(Answer)> done);
+  void finish(Answer answer);
   void stopListening();
 
   QDBusConnection bus_;
-  std::function<void(ScreenPicture)> done_;
+  std::function<void(Answer)> done_;
   QString request_;  // the object whose answer is awaited
   int turn_ = 0;
 };

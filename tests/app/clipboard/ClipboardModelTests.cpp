@@ -34,7 +34,12 @@ class ClipboardModelTests : public QObject {
     ClipboardDesk desk;
     desk.workspace.inFront = {"org.example.editor", "com.openai.codex"};
     desk.copy("one\n");
+    // Whoever works on the pasteboard's text never sees an empty one between two copies.
+    QStringList told;
+    connect(desk.model.get(), &ClipboardModel::pasteboardChanged, desk.model.get(),
+            [&] { desk.model->readText([&told](const std::string& text) { told << toQString(text); }); });
     desk.copy("https://example.org/");
+    QCOMPARE(told, QStringList{QStringLiteral("https://example.org/")});
     QCOMPARE(desk.texts(), (Texts{"https://example.org/", "one\n"}));
     QCOMPARE(desk.item(0).kind, ClipKind::link);
     QCOMPARE(desk.item(1).sourceBundleID, "org.example.editor");
@@ -79,12 +84,14 @@ class ClipboardModelTests : public QObject {
     if (why == "private") types.emplace_back("x-kde-passwordManagerHint");
     if (why == "blank") contents.text = " \n\t";
     if (why == "nothing") contents.text.reset();
+    const QSignalSpy told(desk.model.get(), &ClipboardModel::pasteboardChanged);
     desk.pasteboard.put(contents, types);
     if (why == "switched off" || why == "ignored program") QCOMPARE(desk.pasteboard.reads, reads);
     desk.pasteboard.answer();
     desk.work();
     QCOMPARE(desk.texts(), Texts{"kept"});
     QVERIFY(!desk.model->currentItemID());
+    QCOMPARE(told.count(), 1);
     // What was copied meanwhile does not come in later.
     desk.settings.set(setting::clipboardEnabled, true);
     desk.workspace.inFront.clear();

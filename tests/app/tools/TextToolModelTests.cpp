@@ -2,48 +2,17 @@
 #include <QTest>
 
 #include "app/base/StoredValue.h"
-#include "app/tools/ToolsArea.h"
 #include "core/clipboard/Capture.h"
-#include "tests/TemporaryFolder.h"
-#include "tests/fakes/FakeShell.h"
-#include "tests/fakes/HeldWork.h"
+#include "tests/app/tools/ToolsDesk.h"
 
 namespace ambrel {
 
 class TextToolModelTests : public QObject {
   Q_OBJECT
 
-  struct Fixture {
-    TemporaryFolder folder;
-    UserDefaults defaults{std::filesystem::path(folder.path()) / "defaults.json"};
-    FakeShell shell;
-    HeldWork held;
-    std::string clipboard;
-    int reads = 0;
-    std::vector<std::vector<Representation>> written;
-    ToolsArea area{{.defaults = defaults,
-                    .shell = shell,
-                    .calendar = PresentCalendar(Calendar("UTC", "en_US")),
-                    .now = [] { return Instant(); },
-                    .background = held.background(),
-                    .readClipboard =
-                        [this](auto done) {
-                          ++reads;
-                          done(clipboard);
-                        },
-                    .write = [this](auto what) { written.push_back(std::move(what)); }}};
-
-    TextToolModel& tool(const char* widget) { return *area.tool(QString::fromLatin1(widget)); }
-    void show(std::set<DockWidget> onBar, bool areSeen = true) { area.widgetsChanged(onBar, areSeen, Instant()); }
-    void copied(std::string text) {
-      clipboard = std::move(text);
-      area.clipboardChanged();
-    }
-  };
-
  private Q_SLOTS:
   void readsTheClipboardOnceAndOnlyWhileATileIsSeen() {
-    Fixture f;
+    ToolsDesk f;
     f.copied("abc");
     f.show({DockWidget::hash, DockWidget::textCounter}, false);
     f.show({DockWidget::uuid}, true);
@@ -59,7 +28,7 @@ class TextToolModelTests : public QObject {
   }
 
   void keepsThePanelsTextWhileOthersCopy() {
-    Fixture f;
+    ToolsDesk f;
     f.copied("first");
     TextToolModel& tool = f.tool("caseConverter");
     f.area.begin(&tool);
@@ -82,7 +51,7 @@ class TextToolModelTests : public QObject {
   }
 
   void worksOnLongTextsElsewhereAndShowsTheirBeginning() {
-    Fixture f;
+    ToolsDesk f;
     f.show({DockWidget::jsonFormatter});
     TextToolModel& tool = f.tool("jsonFormatter");
     f.copied("[" + std::string(200000, '1') + "]");
@@ -103,7 +72,7 @@ class TextToolModelTests : public QObject {
   }
 
   void givesEachSecretAndEachParagraphOnce() {
-    Fixture f;
+    ToolsDesk f;
     f.show({DockWidget::password, DockWidget::loremIpsum});
     TextToolModel& tool = f.tool("password");
     const QString secret = tool.face().output;
@@ -126,7 +95,7 @@ class TextToolModelTests : public QObject {
   }
 
   void takesWhatIsDroppedAndSaysWhatCannotBeUsed() {
-    Fixture f;
+    ToolsDesk f;
     TextToolModel& tool = f.tool("hash");
     QVERIFY(!tool.act());
     f.area.begin(&tool);

@@ -1,3 +1,4 @@
+#include <QDBusMetaType>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -6,6 +7,17 @@
 #include "tests/platform/linux/services/BusTest.h"
 
 namespace ambrel {
+struct Channels {
+  double red = 0, green = 0, blue = 0;
+};
+QDBusArgument& operator<<(QDBusArgument& argument, const Channels& channels) {
+  argument.beginStructure();
+  argument << channels.red << channels.green << channels.blue;
+  argument.endStructure();
+  return argument;
+}
+const QDBusArgument& operator>>(const QDBusArgument& argument, Channels&) { return argument; }
+
 namespace {
 
 // A portal that answers with a picture of its own making, or as the test says.
@@ -14,6 +26,7 @@ class PortalCapture : public BusTest {
   void SetUp() override {
     BusTest::SetUp();
     if (IsSkipped()) return;
+    qDBusRegisterMetaType<Channels>();
     portal_ = service("org.freedesktop.portal.Desktop");
     portal_->answer = [this](const QDBusMessage& message) {
       const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().at(1));
@@ -24,7 +37,8 @@ class PortalCapture : public BusTest {
           &context_,
           [this, request] {
             portal_->send(request, "org.freedesktop.portal.Request", "Response",
-                          {response_, QVariantMap{{"uri", QUrl::fromLocalFile(file()).toString()}}});
+                          {response_, QVariantMap{{"uri", QUrl::fromLocalFile(file()).toString()},
+                                                  {"color", QVariant::fromValue(color_)}}});
           },
           Qt::QueuedConnection);
       return message.createReply(QVariant::fromValue(QDBusObjectPath(request)));
@@ -42,6 +56,7 @@ class PortalCapture : public BusTest {
   QTemporaryDir folder_;
   QObject context_;
   uint response_ = 0;
+  Channels color_;
   std::unique_ptr<FakeService> portal_;
   std::unique_ptr<PortalScreenCapture> capture_;
 };
@@ -54,6 +69,22 @@ TEST_F(PortalCapture, LeavesNoPictureBehind) {
   EXPECT_FALSE(QFile::exists(file()));
   // There is none any more.
   EXPECT_NE(take().problem, "");
+}
+
+TEST_F(PortalCapture, LetsTheUserPickAColor) {
+  const auto pick = [this] {
+    std::optional<PickedColor> picked;
+    EXPECT_TRUE(capture_->pickColor([&](PickedColor color) { picked = std::move(color); }));
+    EXPECT_TRUE(happens([&] { return picked.has_value(); }));
+    return picked.value_or(PickedColor{});
+  };
+  color_ = {1, 0.5, 0};
+  EXPECT_EQ(pick().color.value_or(QColor()).name(), "#ff8000");
+  color_ = {2, 0, 0};
+  EXPECT_EQ(pick().problem, "The desktop gave no color.");
+  response_ = 1;
+  EXPECT_FALSE(pick().color);
+  EXPECT_EQ(pick().problem, "");
 }
 
 TEST_F(PortalCapture, IsQuietWhenTheUserCallsItOff) {

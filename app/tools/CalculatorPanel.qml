@@ -1,0 +1,63 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Tools
+
+// An expression to type, its value, and what was worked out before.
+Popover {
+    id: root
+
+    required property CalculatorModel calculator
+
+    fact: calculator.face.isWorking ? qsTr("Working…") : ""
+    implicitWidth: 380
+    implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
+
+    onAboutToOpen: {
+        calculator.begin();
+        field.text = calculator.face.input;
+        field.selectAll();
+    }
+    onOpenChanged: if (!open && calculator)
+        calculator.end()
+
+    PanelColumn {
+        id: column
+
+        Field {
+            id: field
+
+            width: parent.width
+            height: 40
+            focus: true
+            hint: qsTr("Such as 18 % of 240, or 5 mi to km")
+            maximumLength: 2000
+            onTextChanged: root.calculator.setInput(text)
+            onAccepted: root.calculator.accept()
+        }
+        ResultLine {
+            model: root.calculator
+        }
+        ListView {
+            width: parent.width
+            height: Math.min(contentHeight, 220)
+            visible: count > 0
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            model: root.calculator.history
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Worked out before")
+
+            delegate: ListRow {
+                required property calculatorRow row
+
+                width: ListView.view.width
+                title: row.result
+                detail: row.expression
+                onClicked: {
+                    field.text = row.expression;
+                    field.input.forceActiveFocus();
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,220 @@
+import QtQuick
+import Ambrel.Kit
+import Ambrel.Tools
+
+// All emoji, by group or by name. The arrows walk, Return copies.
+Popover {
+    id: root
+
+    required property EmojiModel emoji
+    readonly property int across: 9
+    // What the arrows or the pointer are at.
+    property string pointedName
+
+    function take(index: int) {
+        if (emoji.copy(index))
+            closeRequested();
+    }
+
+    implicitWidth: 392
+    implicitHeight: 452
+
+    onAboutToOpen: {
+        field.text = "";
+        emoji.begin();
+    }
+    onOpenChanged: if (!open && emoji)
+        emoji.end()
+
+    Field {
+        id: field
+
+        x: Theme.space4
+        y: Theme.space2
+        width: parent.width - 2 * Theme.space4
+        isSearch: true
+        walks: true
+        focus: true
+        hint: qsTr("Search emoji")
+        maximumLength: 100
+        onTextChanged: {
+            root.emoji.search(text);
+            grid.currentIndex = 0;
+            grid.positionViewAtBeginning();
+        }
+        onAccepted: root.take(grid.currentIndex)
+        onWalked: key => {
+            if (key === Qt.Key_Left)
+                grid.moveCurrentIndexLeft();
+            else if (key === Qt.Key_Right)
+                grid.moveCurrentIndexRight();
+            else if (key === Qt.Key_Up)
+                grid.moveCurrentIndexUp();
+            else
+                grid.moveCurrentIndexDown();
+        }
+    }
+    Row {
+        id: groups
+
+        anchors.top: field.bottom
+        anchors.topMargin: Theme.space2
+        x: Theme.space4
+        opacity: field.text === "" ? 1 : 0.5
+
+        Repeater {
+            model: root.emoji.face.groups
+
+            Pressable {
+                id: group
+
+                required property int index
+                required property string modelData
+                readonly property bool isChosen: index === root.emoji.face.group && field.text === ""
+
+                label: modelData
+                tip: modelData
+                accessibleRole: Accessible.RadioButton
+                Accessible.checkable: true
+                Accessible.checked: isChosen
+                implicitWidth: 36
+                implicitHeight: 36
+                onClicked: {
+                    field.text = "";
+                    root.emoji.setGroup(index);
+                    grid.currentIndex = 0;
+                    grid.positionViewAtBeginning();
+                }
+
+                Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: 1
+                    radius: Theme.radiusButton
+                    color: group.isChosen ? Theme.blue.soft : group.hovered ? Theme.cardHover : "transparent"
+                }
+                Symbol {
+                    anchors.centerIn: parent
+                    visible: group.index === 0
+                    name: "clock"
+                    size: 18
+                    color: Theme.ink2
+                }
+                EmojiGlyph {
+                    anchors.centerIn: parent
+                    visible: group.index > 0
+                    text: root.emoji.face.samples[group.index] ?? ""
+                    size: 18
+                }
+                FocusRing {
+                    gap: 0
+                }
+            }
+        }
+    }
+    GridView {
+        id: grid
+
+        anchors {
+            left: parent.left
+            right: parent.right
+            top: groups.bottom
+            bottom: foot.top
+            leftMargin: Theme.space4
+            rightMargin: Theme.space3
+            topMargin: Theme.space1
+        }
+        cellWidth: Math.floor(width / root.across)
+        cellHeight: 40
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        highlightMoveDuration: 0
+        model: root.emoji.rows
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Emoji")
+
+        delegate: EmojiCell {
+            width: grid.cellWidth
+            height: grid.cellHeight
+            isCurrent: GridView.isCurrentItem
+            onPointed: root.pointedName = row.name
+            onClicked: root.take(index)
+        }
+    }
+    EmptyState {
+        anchors.centerIn: grid
+        width: grid.width
+        visible: grid.count === 0 && root.emoji.face.groups.length > 0
+        symbol: "face.smiling.inverse"
+        title: root.emoji.face.problem !== "" ? qsTr("No emoji") : field.text !== "" ? qsTr("None found") : qsTr("None used yet")
+        sentence: root.emoji.face.problem !== "" ? root.emoji.face.problem : field.text !== "" ? qsTr("Search for an English name, such as heart.") : qsTr("Emoji that you copy are here next time.")
+    }
+    ScrollBar {
+        view: grid
+        anchors {
+            right: parent.right
+            top: grid.top
+            bottom: grid.bottom
+            rightMargin: 2
+        }
+    }
+    Item {
+        id: foot
+
+        anchors {
+            left: parent.left
+            right: parent.right
+            bottom: parent.bottom
+            leftMargin: Theme.space4
+            rightMargin: Theme.space4
+        }
+        height: 44
+
+        TipLabel {
+            width: parent.width - tones.width - Theme.space2
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.pointedName
+            role: Theme.small
+            color: Theme.ink2
+        }
+        Row {
+            id: tones
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+
+            Repeater {
+                model: root.emoji.face.tones
+
+                Pressable {
+                    id: tone
+
+                    required property int index
+                    required property string modelData
+                    readonly property bool isChosen: index === root.emoji.face.tone
+
+                    label: index === 0 ? qsTr("Without a tone of skin") : qsTr("Tone of skin %1").arg(index)
+                    accessibleRole: Accessible.RadioButton
+                    Accessible.checkable: true
+                    Accessible.checked: isChosen
+                    implicitWidth: 26
+                    implicitHeight: 28
+                    onClicked: root.emoji.setTone(index)
+
+                    Rectangle {
+                        anchors.fill: parent
+                        radius: Theme.radiusSmall
+                        color: tone.isChosen ? Theme.blue.soft : tone.hovered ? Theme.cardHover : "transparent"
+                    }
+                    EmojiGlyph {
+                        anchors.centerIn: parent
+                        text: tone.modelData
+                        size: 15
+                    }
+                    FocusRing {
+                        gap: 0
+                    }
+                }
+            }
+        }
+    }
+}
