@@ -26,7 +26,7 @@ enum class WeekNumbering;    // core/time/Weeks.h
 enum class ThemeChoice { system, dark, light };
 
 // Where a setting has its control: on a page of the settings, in the panel of its tile, or nowhere.
-enum class SettingPage { general, appearance, tiles, calendars, buddy, agents, clipboard, panel, none };
+enum class SettingPage { general, appearance, tiles, calendars, buddy, agents, clipboard, disk, panel, none };
 
 enum class SettingType { boolean, integer, word, words, address, text, texts, keys };
 

@@ -3,6 +3,7 @@
 
 #include "core/base/JSON.h"
 #include "core/settings/Choices.h"
+#include "core/settings/PersonalData.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
@@ -45,6 +46,29 @@ TEST(Keys, AreReadInAnyOrderAndWrittenInOne) {
   // What could be typed, or is no key.
   for (const char* text : {"V", "Shift+V", "Super", "Super+", "Super+VW", "Super+V+W", "Super+é", "+"})
     EXPECT_EQ(parseKeys(text), std::nullopt) << text;
+}
+
+TEST(PersonalData, AllButTheLicenceIsDeletedAndNoLinkIsFollowed) {
+  const TemporaryFolder folder;
+  const PersonalPlaces places{folder / "data", folder / "config/defaults.json"};
+  folder.write("mine/keep.txt", "x");
+  folder.write("data/todos.json.unreadable", "1234");
+  folder.write("data/todos.jsonx", "12345678");
+  folder.write("data/Clipboard/library.json", "12");
+  folder.write("data/licence.json", "{}");
+  folder.write("config/defaults.json", "{}");
+  folder.write("config/other.json", "{}");
+  std::filesystem::create_directory_symlink(folder / "mine", folder / "data/Clipboard/link");
+  EXPECT_THAT(filesOf("lists", places), ElementsAre(folder / "data/todos.json.unreadable"));
+  EXPECT_EQ(sizeOf(filesOf("lists", places)), 4u);
+  EXPECT_EQ(sizeOf({folder / "data/Clipboard"}), 2u) << "without what a link leads to";
+
+  EXPECT_THAT(deleteFiles(filesOf("", places)), ElementsAre());
+  EXPECT_TRUE(std::filesystem::exists(folder / "mine/keep.txt"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "data/licence.json"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "config/other.json"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "data/Clipboard"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "config/defaults.json"));
 }
 
 }  // namespace
