@@ -91,6 +91,7 @@ Areas::Areas(const Services& with)
             .windowStyle = with.desktop.windowStyle,
             .trash = with.desktop.trash,
             .model = languageModel,
+            .defaults = with.defaults,
             .calendar = with.surroundings.calendar,
             .now = with.surroundings.now},
            with.shell),
