@@ -10,6 +10,7 @@
 #include "app/Environment.h"
 #include "app/QuitSignals.h"
 #include "app/base/Heap.h"
+#include "app/kit/LongTexts.h"
 #include "platform/linux/LinuxDesktop.h"
 
 int main(int argc, char** argv) {
@@ -53,6 +54,8 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("tilebay"));
   QApplication application(argc, argv);
   for (const char* variable : ours) qunsetenv(variable);
+  LongTexts longTexts;
+  if (environment.hasLongTexts) QCoreApplication::installTranslator(&longTexts);
   QApplication::setApplicationName(QStringLiteral("tilebay"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tilebay"));
   QApplication::setApplicationVersion(QStringLiteral(AMBREL_VERSION));
