@@ -14,6 +14,7 @@
 #include "app/disk/DiskArea.h"
 #include "app/focus/FocusArea.h"
 #include "app/notes/NotesArea.h"
+#include "app/panels/PanelsArea.h"
 #include "app/stores/StoresArea.h"
 #include "app/telemetry/TelemetryArea.h"
 #include "app/time/TimeArea.h"
@@ -46,12 +47,13 @@ struct Areas {
   WeatherArea weather;
   StoresArea stores;
   CalendarArea calendars;
+  PanelsArea panels;
   ToolsArea tools;
   BuddyArea buddy;
   AssistantArea assistant;
   // The agents' last: they answer what is nobody else's.
-  const std::vector<Area*> all{&time,   &telemetry, &usage, &disk,      &notes, &focus,     &weather,
-                               &stores, &calendars, &tools, &clipboard, &buddy, &assistant, &agents};
+  const std::vector<Area*> all{&time,      &telemetry, &usage, &disk,      &notes, &focus,     &weather, &stores,
+                               &calendars, &panels,    &tools, &clipboard, &buddy, &assistant, &agents};
 };
 
 }  // namespace ambrel
