@@ -127,6 +127,7 @@ void AppDelegate::launch() {
   for (Area* area : areas_) area->tick(surroundings_.now());
   bar_ = std::make_unique<BarWindows>(services_, areas_, context_);
   followProblems();
+  followDeletion();
   registerKeys();
   startTimers();
   followZone();
@@ -136,7 +137,7 @@ void AppDelegate::launch() {
   startProServices();
   areas_.calendars.calendar()->start();
   tray_ = std::make_unique<TrayMenu>(
-      model_, *areas_.agents.agents(), license_, themeOf(engine_),
+      model_, settings_, *areas_.agents.agents(), license_, themeOf(engine_),
       [this](MenuCommand command, const std::optional<UUID>& profile) { carryOut(command, profile); });
   firstRun();
   // The start is over by then.
@@ -173,16 +174,22 @@ void AppDelegate::followProblems() {
   connect(&stored_, &StoredDefaults::problemFound, this, &AppDelegate::warn);
 }
 
+void AppDelegate::followDeletion() {
+  connect(areas_.panels.privacy(), &PrivacyModel::deletionAsked, this, [this](const QString& id) {
+    // Hooks that are left in other programs' settings would call scripts that are gone.
+    if (id.isEmpty())
+      for (ConnectionModel* connection : std::initializer_list<ConnectionModel*>{
+               areas_.agents.claudeHooks(), areas_.agents.codexHooks(), areas_.usage.statusLine()})
+        if (connection->isConnected()) connection->remove();
+    deletion_ = id.toStdString();
+    QCoreApplication::exit();
+  });
+}
+
 void AppDelegate::registerKeys() {
-  const auto add = [this](const AreaKey& key) {
-    if (desktop_.hotKeys.add(key.keys, key.action) == HotKeyResult::taken)
-      logLine("the key for " + key.what + " is taken by another program");
-  };
-  for (Area* area : areas_)
-    for (const AreaKey& key : area->keys()) add(key);
-  add({{.key = 'd', .command = true, .option = true, .control = true}, "the bar", [this] {
-         bar_->dock().revealForKeyboard();
-       }});
+  std::vector<AreaKey> keys{{&setting::barKeys, [this] { bar_->dock().revealForKeyboard(); }}};
+  for (Area* area : areas_) std::ranges::move(area->keys(), std::back_inserter(keys));
+  areas_.panels.globalKeys()->add(std::move(keys));
 }
 
 void AppDelegate::startTimers() {

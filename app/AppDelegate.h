@@ -32,6 +32,10 @@ class AppDelegate : public QObject, private Shell {
   void carryOut(const Wish& wish);
   void carryOut(MenuCommand command, const std::optional<UUID>& profile);
 
+  // What the user wants to have deleted, once the program has ended for it: an id of core's personal data, "" for all.
+  // It starts again afterwards.
+  const std::optional<std::string>& deletion() const { return deletion_; }
+
   // Reached by the tests.
   AppModel& model() { return model_; }
   AppSettings& settings() { return settings_; }
@@ -48,6 +52,7 @@ class AppDelegate : public QObject, private Shell {
   void followProblems();
   void followZone();
   void followDefaults();
+  void followDeletion();
   void registerKeys();
   void startTimers();
   void startProServices();
@@ -83,6 +88,7 @@ class AppDelegate : public QObject, private Shell {
   WidgetContext context_;
   std::unique_ptr<TrayMenu> tray_;
   bool proServicesStarted_ = false;
+  std::optional<std::string> deletion_;
   std::unique_ptr<BarWindows> bar_;
 };
 

@@ -17,6 +17,7 @@
 #include "app/focus/FocusArea.h"
 #include "app/media/MediaArea.h"
 #include "app/notes/NotesArea.h"
+#include "app/panels/PanelsArea.h"
 #include "app/stores/StoresArea.h"
 #include "app/telemetry/TelemetryArea.h"
 #include "app/time/TimeArea.h"
@@ -52,14 +53,15 @@ struct Areas {
   FeedsArea feeds;
   MediaArea media;
   CalendarArea calendars;
+  PanelsArea panels;
   ToolsArea tools;
   DeveloperArea developer;
   BuddyArea buddy;
   AssistantArea assistant;
   // The agents' last: they answer what is nobody else's.
-  const std::vector<Area*> all{&time,  &telemetry, &usage,     &disk,  &notes,     &focus,     &weather, &stores,
-                               &feeds, &media,     &calendars, &tools, &developer, &clipboard, &buddy,   &assistant,
-                               &agents};
+  const std::vector<Area*> all{&time,    &telemetry, &usage,     &disk,  &notes,     &focus,
+                               &weather, &stores,    &feeds,     &media, &calendars, &panels,
+                               &tools,   &developer, &clipboard, &buddy, &assistant, &agents};
 };
 
 }  // namespace ambrel

@@ -140,6 +140,8 @@ void BarWindows::followPanels() {
       askBuddy({});
   });
   welcomePanel().setStays(true);
+  // Its dialogs take the keyboard, and what it is changed by may be looked up elsewhere.
+  settingsPanel().setStays(true);
 }
 
 void BarWindows::followContext() {
@@ -236,6 +238,11 @@ DockPopoverController& BarWindows::inboxPanel() {
   return panel("Buddy", "BuddyInboxLayout", {{QStringLiteral("canAsk"), true}});
 }
 
+DockPopoverController& BarWindows::welcomePanel() {
+  return panel("Panels", "WelcomeView",
+               {{QStringLiteral("gallery"), toVariant(gallery_)}, {QStringLiteral("context"), toVariant(context_)}});
+}
+
 DockPopoverController& BarWindows::customizePanel() {
   return panel("Panels", "CustomizeView",
                {{QStringLiteral("gallery"), toVariant(gallery_)}, {QStringLiteral("context"), toVariant(context_)}});
@@ -252,9 +259,7 @@ DockPopoverController& BarWindows::settingsPanel() {
                                             {QStringLiteral("modelServer"), toVariant(*areas_.assistant.server())}}}};
   const std::string tab = with_.defaults.string("settingsTab").value_or("general");
   return panel("Panels", "SettingsView",
-               {{QStringLiteral("pages"), pages},
-                {QStringLiteral("tab"), QString::fromStdString(tab)},
-                {QStringLiteral("version"), QStringLiteral(AMBREL_VERSION)}});
+               {{QStringLiteral("pages"), pages}, {QStringLiteral("tab"), QString::fromStdString(tab)}});
 }
 
 void BarWindows::chooseSettingsTab(const QString& tab) {

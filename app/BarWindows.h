@@ -36,7 +36,7 @@ class BarWindows : public QObject {
 
   DockPopoverController& agentsPanel() { return panel("Agents", "AgentsPanelView"); }
   DockPopoverController& assistantPanel() { return panel("Assistant", "AssistantPanel"); }
-  DockPopoverController& welcomePanel() { return panel("Panels", "WelcomeView"); }
+  DockPopoverController& welcomePanel();
   DockPopoverController& inboxPanel();
   DockPopoverController& customizePanel();
   DockPopoverController& settingsPanel();

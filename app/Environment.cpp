@@ -69,11 +69,13 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
                             .data = folder(text("XDG_DATA_HOME"), home / ".local/share"),
                             .config = folder(text("XDG_CONFIG_HOME"), home / ".config"),
                             .cache = folder(text("XDG_CACHE_HOME"), home / ".cache")},
+               .program = {},
                .tool = {}},
           .zoneFile = zoneFile,
           .display = display,
           .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
           .choosesPlatform = !platform.empty(),
+          .hasLongTexts = !text("TILEBAY_LONG_TEXTS").empty(),
           .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty(),
           .takesGTKTheme = takesGTKTheme(text("QT_QPA_PLATFORMTHEME") + ':' + text("XDG_CURRENT_DESKTOP") + ':' +
                                          text("DESKTOP_SESSION"))};

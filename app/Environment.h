@@ -16,6 +16,8 @@ struct Environment {
   bool hasDisplay = false;
   // The user has chosen the toolkit's platform (QT_QPA_PLATFORM).
   bool choosesPlatform = false;
+  // Texts are made longer, to see whether they have room (TILEBAY_LONG_TEXTS).
+  bool hasLongTexts = false;
   // The user has chosen a renderer (QT_QUICK_BACKEND or QSG_RHI_BACKEND); ours does not override it.
   bool choosesRenderer = false;
   // The toolkit may take GTK's theme and its dialogs, which run on GLib's event loop: the user asked for it

@@ -18,6 +18,7 @@ struct Surroundings {
   std::function<Instant()> now;
   AgentFolders agentFolders = {};
   UserHome userHome = {};           // where others keep their things
+  std::filesystem::path program = {};  // what runs, absolute
   std::filesystem::path tool = {};  // tilebayctl; empty where it is not installed
 };
 

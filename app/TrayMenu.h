@@ -7,6 +7,7 @@ namespace ambrel {
 
 class AgentsModel;
 class AppModel;
+class AppSettings;
 class LicenseManager;
 class Theme;
 
@@ -15,13 +16,14 @@ class TrayMenu : public QObject {
 
  public:
   // All outlive it.
-  TrayMenu(const AppModel& model, const AgentsModel& agents, const LicenseManager& license, const Theme& theme,
-           StatusItem::Handler handler);
+  TrayMenu(const AppModel& model, const AppSettings& settings, const AgentsModel& agents, const LicenseManager& license,
+           const Theme& theme, StatusItem::Handler handler);
 
  private:
   void update();
 
   const AppModel& model_;
+  const AppSettings& settings_;
   const AgentsModel& agents_;
   const LicenseManager& license_;
   StatusItem item_;

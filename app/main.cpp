@@ -5,12 +5,32 @@
 #include <QTextStream>
 #include <cstdio>
 #include <cstdlib>
+#include <unistd.h>
 
 #include "app/AppDelegate.h"
 #include "app/Environment.h"
 #include "app/QuitSignals.h"
 #include "app/base/Heap.h"
+#include "app/base/Log.h"
+#include "app/kit/LongTexts.h"
+#include "core/settings/PersonalData.h"
 #include "platform/linux/LinuxDesktop.h"
+
+namespace ambrel {
+namespace {
+
+// Deletes what the user keeps here no longer, and becomes a new run of the program that knows nothing of it.
+void startWithout(const std::string& data, const Surroundings& surroundings) {
+  const PersonalPlaces places{.data = surroundings.dataFolder, .defaults = surroundings.defaultsFile};
+  for (const auto& left : deleteFiles(filesOf(data, places))) logLine("cannot delete " + left.string());
+  // Without anything the guide comes.
+  const bool isFirstRun = data.empty();
+  execl(surroundings.program.c_str(), "tilebay", isFirstRun ? nullptr : "--settings", nullptr);
+  logLine("cannot start " + surroundings.program.string() + " again");
+}
+
+}  // namespace
+}  // namespace ambrel
 
 int main(int argc, char** argv) {
   using namespace ambrel;
@@ -53,13 +73,15 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("tilebay"));
   QApplication application(argc, argv);
   for (const char* variable : ours) qunsetenv(variable);
+  LongTexts longTexts;
+  if (environment.hasLongTexts) QCoreApplication::installTranslator(&longTexts);
   QApplication::setApplicationName(QStringLiteral("tilebay"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tilebay"));
   QApplication::setApplicationVersion(QStringLiteral(AMBREL_VERSION));
   // Closing the settings window does not end the bar.
   QApplication::setQuitOnLastWindowClosed(false);
 
-  const auto session = openSession();
+  auto session = openSession();
   switch (session->start(commandLine.wish)) {
     case SessionRole::handedOver:
       return 0;
@@ -77,13 +99,24 @@ int main(int argc, char** argv) {
   Surroundings surroundings = environment.surroundings;
   std::error_code error;
   const char* searchPath = std::getenv("PATH");
-  surroundings.tool = toolOf(std::filesystem::read_symlink("/proc/self/exe", error), searchPath ? searchPath : "");
+  surroundings.program = std::filesystem::read_symlink("/proc/self/exe", error);
+  surroundings.tool = toolOf(surroundings.program, searchPath ? searchPath : "");
   LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
                        surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
   const QuitSignals signals([] { QCoreApplication::exit(); });
-  AppDelegate delegate(surroundings, desktop.seams());
-  session->setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
-  delegate.launch();
-  if (commandLine.wish) delegate.carryOut(*commandLine.wish);
-  return QApplication::exec();
+  std::optional<std::string> deletion;
+  int status = 0;
+  {
+    AppDelegate delegate(surroundings, desktop.seams());
+    session->setWishHandler([&delegate](const Wish& wish) { delegate.carryOut(wish); });
+    delegate.launch();
+    if (commandLine.wish) delegate.carryOut(*commandLine.wish);
+    status = QApplication::exec();
+    session->setWishHandler({});
+    deletion = delegate.deletion();
+  }
+  // The next run takes its place.
+  session.reset();
+  if (deletion) startWithout(*deletion, surroundings);
+  return status;
 }

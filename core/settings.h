@@ -16,6 +16,7 @@
 #include "core/base/UserDefaults.h"
 #include "core/buddy/BuddyChoices.h"
 #include "core/dock/DockEdge.h"
+#include "core/settings/KeyCombination.h"
 #include "core/settings/SettingsTable.h"
 
 namespace ambrel {
@@ -25,9 +26,9 @@ enum class WeekNumbering;    // core/time/Weeks.h
 enum class ThemeChoice { system, dark, light };
 
 // Where a setting has its control: on a page of the settings, in the panel of its tile, or nowhere.
-enum class SettingPage { general, appearance, tiles, calendars, buddy, agents, clipboard, panel, none };
+enum class SettingPage { general, appearance, tiles, calendars, buddy, agents, clipboard, disk, panel, none };
 
-enum class SettingType { boolean, integer, word, words, address, text, texts };
+enum class SettingType { boolean, integer, word, words, address, text, texts, keys };
 
 struct SettingRow {
   const char* key;
@@ -45,8 +46,9 @@ struct SettingRow {
 std::span<const SettingRow* const> allSettings();
 const SettingRow* findSetting(std::string_view key);
 
-// `value` as it may be stored: an integer within its range, of several words those that are known, each once. Absent
-// for a value of another type, for a word that is none of them and for a text that is no address.
+// `value` as it may be stored: an integer within its range, of several words those that are known, each once, keys in
+// their usual order. Absent for a value of another type, for a word that is none of them and for a text that is no
+// address or no key combination.
 std::optional<DefaultsValue> accepted(const SettingRow& row, const DefaultsValue& value);
 // What is stored if it is accepted, else the default.
 DefaultsValue presentValue(const UserDefaults& defaults, const SettingRow& row);
@@ -63,7 +65,8 @@ DefaultsValue parseSetting(const SettingRow& row, std::string_view text);
 // The same form back; a JSON array only where a text has a comma.
 std::string settingText(const DefaultsValue& value);
 
-// A row whose value is a T: bool, std::int64_t, an enumeration, a set of its cases, std::string or a vector of them.
+// A row whose value is a T: bool, std::int64_t, an enumeration, a set of its cases, std::string, a vector of them or a
+// KeyCombination.
 template <typename T>
 struct Setting : SettingRow {};
 
@@ -75,8 +78,9 @@ namespace setting {
 #define AMBREL_ADDRESS(KEY, ...) extern const Setting<std::string> KEY;
 #define AMBREL_TEXT(KEY, ...) extern const Setting<std::string> KEY;
 #define AMBREL_TEXTS(KEY, ...) extern const Setting<std::vector<std::string>> KEY;
+#define AMBREL_KEYS(KEY, ...) extern const Setting<KeyCombination> KEY;
 AMBREL_SHARED_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_WORDS, AMBREL_TEXTS)
-AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS, AMBREL_TEXT)
+AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS, AMBREL_TEXT, AMBREL_KEYS)
 #undef AMBREL_BOOLEAN
 #undef AMBREL_INTEGER
 #undef AMBREL_WORD
@@ -84,6 +88,7 @@ AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS,
 #undef AMBREL_ADDRESS
 #undef AMBREL_TEXT
 #undef AMBREL_TEXTS
+#undef AMBREL_KEYS
 }  // namespace setting
 
 // The shared settings, each under its key. They are made by loadSettings.
@@ -120,6 +125,13 @@ requires std::is_enum_v<T>
 struct Form<T> {
   static T read(const DefaultsValue& value) { return fromName<T>(std::get<std::string>(value.value)).value(); }
   static DefaultsValue stored(T value) { return {std::string(nameOf(value))}; }
+};
+template <>
+struct Form<KeyCombination> {
+  static KeyCombination read(const DefaultsValue& value) {
+    return parseKeys(std::get<std::string>(value.value)).value();
+  }
+  static DefaultsValue stored(const KeyCombination& value) { return {keysText(value)}; }
 };
 template <>
 struct Form<std::vector<std::string>> {

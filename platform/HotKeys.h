@@ -2,19 +2,10 @@
 // System-wide key combinations that work while another program is in front.
 
 #include <functional>
-#include <string>
+
+#include "core/settings/KeyCombination.h"
 
 namespace ambrel {
-
-// Command is Super, Option is Alt, Control is Control.
-struct KeyCombination {
-  char key = 0;  // a lower-case letter or a digit
-  bool command = false;
-  bool option = false;
-  bool control = false;
-  bool shift = false;
-  bool operator==(const KeyCombination&) const = default;
-};
 
 enum class HotKeyResult {
   registered,
@@ -26,9 +17,11 @@ class HotKeys {
  public:
   virtual ~HotKeys() = default;
 
-  // `action` runs on the main thread at each press, for as long as this object lives. A combination that was taken
-  // stays unregistered.
+  // `action` runs on the main thread at each press, until it is removed or this object ends. A combination that was
+  // taken stays unregistered.
   virtual HotKeyResult add(const KeyCombination& combination, std::function<void()> action) = 0;
+  // Gives the combination back; nothing where it is not registered. Also from within its own action.
+  virtual void remove(const KeyCombination& combination) = 0;
 };
 
 }  // namespace ambrel

@@ -30,9 +30,7 @@ bool AssistantArea::carryOut(const Wish& wish) {
 }
 
 std::vector<AreaKey> AssistantArea::keys() {
-  return {{.keys = {.key = 'b', .command = true, .option = true}, .what = "Ask Buddy", .action = [this] {
-             Q_EMIT panelAsked();
-           }}};
+  return {{&setting::askKeys, [this] { Q_EMIT panelAsked(); }}};
 }
 
 }  // namespace ambrel

@@ -12,6 +12,7 @@
 
 #include "core/base/Instant.h"
 #include "core/buddy.h"
+#include "core/settings.h"
 #include "core/widgets.h"
 #include "core/workspace/Wish.h"
 #include "platform/HotKeys.h"
@@ -34,11 +35,11 @@ class Shell {
   virtual void activate(DockWidget widget) = 0;
 };
 
-// A key that the area answers anywhere on the desktop. `what` names it in the log.
+// A key that the area answers anywhere on the desktop.
 struct AreaKey {
-  KeyCombination keys;
-  std::string what;
+  const Setting<KeyCombination>* setting;
   std::function<void()> action;
+  char digit = 0;  // where one setting is of several keys: in the place of its own
 };
 
 // Its name is that of its QML module: the area "Focus" has the tiles of Ambrel.Focus. Each of its properties is handed

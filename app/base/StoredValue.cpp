@@ -20,6 +20,10 @@ void store(UserDefaults& defaults, const std::string& key, DefaultsValue value) 
   report([&] { defaults.set(key, std::move(value)); });
 }
 
+void store(UserDefaults& defaults, DefaultsDictionary values) {
+  report([&] { defaults.set(std::move(values)); });
+}
+
 void removeStored(UserDefaults& defaults, const std::string& key) {
   report([&] { defaults.remove(key); });
 }

@@ -14,6 +14,8 @@ inline QString toQString(std::string_view text) {
 
 // The one place that reports a failed write: it is logged, and the change is kept in memory.
 void store(UserDefaults& defaults, const std::string& key, DefaultsValue value);
+// All of them in one write.
+void store(UserDefaults& defaults, DefaultsDictionary values);
 void removeStored(UserDefaults& defaults, const std::string& key);
 inline void store(UserDefaults& defaults, const std::string& key, int value) {
   store(defaults, key, DefaultsValue{static_cast<std::int64_t>(value)});

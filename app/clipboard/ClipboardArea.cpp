@@ -22,12 +22,10 @@ bool ClipboardArea::carryOut(const Wish& wish) {
 }
 
 std::vector<AreaKey> ClipboardArea::keys() {
-  std::vector<AreaKey> keys{
-      {{.key = 'v', .command = true, .option = true}, "the clipboard shelf", [this] { Q_EMIT shelfAsked(); }}};
+  std::vector<AreaKey> keys{{&setting::shelfKeys, [this] { Q_EMIT shelfAsked(); }}};
   for (int number = 1; number <= 9; ++number)
-    keys.push_back({{.key = static_cast<char>('0' + number), .command = true, .option = true, .control = true},
-                    "pinned clip " + std::to_string(number),
-                    [this, number] { Q_EMIT pinnedAsked(number); }});
+    keys.push_back(
+        {&setting::pinnedKeys, [this, number] { Q_EMIT pinnedAsked(number); }, static_cast<char>('0' + number)});
   return keys;
 }
 

@@ -20,7 +20,12 @@ TileFrame {
     subLine: showsLatest ? "" : isNarrow ? clipboard.face.shortLine : clipboard.face.line
     label: name + ", " + (showsLatest ? clipboard.face.latestText + ", " + clipboard.face.latestAge : value + " " + unit + ", " + clipboard.face.line)
     tip: showsLatest && latest.truncated ? clipboard.face.latestText : ""
-    tipKeys: qsTr("Super Alt V")
+    tipKeys: (keys.value ?? "").split("+").join(" ")
+
+    SettingValue {
+        id: keys
+        key: "shelfKeys"
+    }
 
     Label {
         id: latest

@@ -12,6 +12,8 @@
 #include "app/kit/Theme.h"
 #include "app/window/FileDialog.h"
 #include "app/window/FileManager.h"
+#include "core/base/Text.h"
+#include "core/settings.h"
 
 namespace ambrel {
 namespace {
@@ -21,6 +23,29 @@ constexpr Seconds celebration{6};
 std::string withLinksResolved(const std::filesystem::path& path) {
   std::error_code error;
   return std::filesystem::weakly_canonical(path, error).string();
+}
+
+DiskAnalyzer chosenRules(const UserDefaults& defaults) {
+  constexpr std::int64_t megabyte = 1'000'000;
+  const auto days = [&](const auto& row) { return static_cast<double>(valueOf(defaults, row)); };
+  DiskAnalyzer rules;
+  rules.staleProjectDays = days(setting::diskProjectDays);
+  rules.installerDays = days(setting::diskInstallerDays);
+  rules.screenshotDays = days(setting::diskScreenshotDays);
+  rules.largeFileBytes = valueOf(defaults, setting::diskLargeMegabytes) * megabyte;
+  rules.largeFileDays = days(setting::diskLargeDays);
+  rules.duplicateMinBytes = valueOf(defaults, setting::diskDuplicateMegabytes) * megabyte;
+  return rules;
+}
+
+std::set<std::string, std::less<>> chosenExclusions(const UserDefaults& defaults, const std::string& home) {
+  std::set<std::string, std::less<>> folders;
+  for (const std::string& folder : valueOf(defaults, setting::diskExcludedFolders)) {
+    std::string path = folder.starts_with("~/") ? home + folder.substr(1) : folder;
+    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+    folders.insert(withLinksResolved(path));
+  }
+  return folders;
 }
 
 }  // namespace
@@ -40,7 +65,9 @@ DiskArea::DiskArea(const std::filesystem::path& home, Seams seams, Shell& shell,
                                 .calendar = seams_.calendar,
                                 .model = &seams_.model,
                                 .hasAccess = [home = home_] { return access(home.c_str(), R_OK | X_OK) == 0; },
-                                .runtimes = [] { return readRuntimes(SimulatorTool{}); }}),
+                                .runtimes = [] { return readRuntimes(SimulatorTool{}); },
+                                .rules = [this] { return chosenRules(seams_.defaults); },
+                                .excluded = [this] { return chosenExclusions(seams_.defaults, home_); }}),
       window_(seams_.engine, seams_.windowStyle, doctor_) {
   keep({this, &cleaner_, &doctor_});
   connect(&cleaner_, &DiskCleaner::finished, this, [this](const QString& title, const QString& body, bool hasMoved) {

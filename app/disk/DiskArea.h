@@ -7,6 +7,7 @@
 #include "app/disk/DiskCleaner.h"
 #include "app/disk/DiskDoctor.h"
 #include "app/disk/DiskDoctorController.h"
+#include "core/base/UserDefaults.h"
 #include "platform/WindowStyle.h"
 
 namespace ambrel {
@@ -23,6 +24,7 @@ class DiskArea : public Area {
     WindowStyle& windowStyle;
     Trash& trash;
     LanguageModel& model;
+    const UserDefaults& defaults;
     Calendar calendar;
     std::function<Instant()> now;
   };

@@ -115,9 +115,11 @@ void DiskDoctor::beginScan() {
   showNews();
   const auto outcome = std::make_shared<ScanOutcome>();
   seams_.background(
-      [outcome, url = source_->url, watch = news_->watch(), stop = scanTask_.get_token()] {
+      [outcome, url = source_->url, watch = news_->watch(), stop = scanTask_.get_token(),
+       scanner = DiskScanner{.excluded = seams_.excluded ? seams_.excluded() : std::set<std::string, std::less<>>(),
+                             .minItemSize = smallestListed}] {
         try {
-          outcome->result = DiskScanner{.minItemSize = smallestListed}.scan(url, watch, stop);
+          outcome->result = scanner.scan(url, watch, stop);
         } catch (const FileError&) {
         } catch (const Cancelled&) {
         }
@@ -159,12 +161,12 @@ void DiskDoctor::analyze() {
   const auto outcome = std::make_shared<AnalysisOutcome>();
   seams_.background(
       [outcome, root = explorer_.root(), home = home_, runtimes = seams_.runtimes, now = seams_.now(),
-       calendar = seams_.calendar,
+       calendar = seams_.calendar, rules = seams_.rules ? seams_.rules() : DiskAnalyzer(),
        control = AnalysisControl{.stop = scanTask_.get_token(), .progress = news_->compareProgress()}] {
         try {
           outcome->knowsAccess = ambrel::knowsAccess(*root);
-          outcome->findings = DiskAnalyzer{}.analyze(
-              *root, home, runtimes ? runtimes() : std::vector<SimulatorRuntime>(), now, calendar, control);
+          outcome->findings = rules.analyze(*root, home, runtimes ? runtimes() : std::vector<SimulatorRuntime>(), now,
+                                            calendar, control);
         } catch (const Cancelled&) {
         }
       },

@@ -51,6 +51,9 @@ class DiskDoctor : public QObject {
     std::function<bool()> hasAccess = {};
     // Called off the main thread.
     std::function<std::vector<SimulatorRuntime>()> runtimes = {};
+    // What the user has chosen, asked at each scan. Empty: the usual.
+    std::function<DiskAnalyzer()> rules = {};
+    std::function<std::set<std::string, std::less<>>()> excluded = {};
   };
 
   // `home`: with symbolic links resolved.

@@ -6,6 +6,8 @@ Rectangle {
     id: root
 
     default property alias rows: column.data
+    // A search has found none of its rows.
+    property bool isLeftOut: false
 
     implicitWidth: 640
     implicitHeight: column.height
@@ -14,6 +16,12 @@ Rectangle {
     border.width: 1
     border.color: Theme.over(Theme.line, Theme.card)
 
+    Binding {
+        target: root
+        property: "visible"
+        value: false
+        when: root.isLeftOut
+    }
     Column {
         id: column
         width: parent.width

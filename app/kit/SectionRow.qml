@@ -8,12 +8,22 @@ Item {
     property string title
     property string detail
     property color detailColor: Theme.ink2
+    // A search finds it by these as well.
+    property string searchWords
+    // A search has not found it.
+    property bool isLeftOut: false
     default property alias control: slot.data
 
     width: parent ? parent.width : implicitWidth
     implicitWidth: 640
     implicitHeight: Math.max(52, words.height + 18, slot.height + 16)
 
+    Binding {
+        target: root
+        property: "visible"
+        value: false
+        when: root.isLeftOut
+    }
     // Rows that are not shown leave no rule behind, so each draws the one above it.
     Rectangle {
         visible: root.y > 0

@@ -33,7 +33,7 @@ MenuModel menuModel(const MenuState& state) {
   add({.title = hasExternal ? "External display connected" : "Built-in display only"});
   add(profilePicker(state));
   add({});
-  add({.title = "Clipboard Shelf", .command = toggleClipboard, .shortcut = "Meta+Alt+V"});
+  add({.title = "Clipboard Shelf", .command = toggleClipboard, .shortcut = state.shelfShortcut});
   add({.title = "AI Agents (" + std::to_string(state.workingCount) + " working)", .command = toggleAgents});
   add({});
   add({.title = "Customize Dock…", .command = customizeDock});

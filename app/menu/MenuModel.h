@@ -49,6 +49,7 @@ struct MenuState {
   int needsInputCount = 0;
   bool isAgentTrackingAllowed = true;
   bool isPro = true;
+  std::string shelfShortcut = "Meta+Alt+V";  // as of an entry
 };
 
 MenuModel menuModel(const MenuState& state);

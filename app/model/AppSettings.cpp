@@ -27,6 +27,25 @@ void AppSettings::reload() {
   Q_EMIT changed();
 }
 
+void AppSettings::take(DefaultsDictionary values) {
+  std::vector<std::string> keys;
+  std::erase_if(values, [&](const auto& each) {
+    const SettingRow* row = findSetting(each.first);
+    return !row || !accepted(*row, each.second) || each.second == presentValue(defaults_, *row);
+  });
+  for (const auto& [key, value] : values) keys.push_back(key);
+  store(defaults_, std::move(values));
+  reload();
+  for (const std::string& key : keys) Q_EMIT chosen(key);
+}
+
+QStringList AppSettings::keysOf(const QString& page) const {
+  QStringList keys;
+  for (const SettingRow* row : allSettings())
+    if (toQString(nameOf(row->page)) == page) keys.append(QString::fromLatin1(row->key));
+  return keys;
+}
+
 QStringList AppSettings::face(const std::vector<std::string>& texts) {
   QStringList list;
   for (const auto& text : texts) list.append(QString::fromStdString(text));

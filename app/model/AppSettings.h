@@ -39,9 +39,21 @@ class AppSettings : public QObject {
     change(setting, storedForm(setting, value));
   }
 
+  // `settings.read(setting::shelfKeys)`
+  template <typename T>
+  T read(const Setting<T>& setting) const {
+    return valueOf(defaults_, setting);
+  }
+
   // The same by the setting's row, also for those that one model alone reads.
   DefaultsValue value(const SettingRow& row) const { return presentValue(defaults_, row); }
   void change(const SettingRow& row, const DefaultsValue& value);
+
+  // Several at once, such as those of a file; values that a setting does not take change nothing.
+  void take(DefaultsDictionary values);
+
+  // The keys of a page ("disk"), in the order of the table.
+  Q_INVOKABLE QStringList keysOf(const QString& page) const;
 
   // Takes over what the defaults hold now.
   void reload();

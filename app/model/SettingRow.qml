@@ -2,7 +2,8 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Model
 
-// A setting by its key: a switch, a number, or a choice of a few values. What it takes follows from the settings' table.
+// A setting by its key: a switch, a number, a text, or a choice of a few values. What it takes, and what it is called
+// where its page has no words of its own, follows from the settings' table.
 SectionRow {
     id: root
 
@@ -18,13 +19,21 @@ SectionRow {
     property bool wraps: false
     property string unit
     property string text: value + (unit === "" ? "" : " " + unit)
+    // Of a text.
+    property string hint
+    property bool isRefused: false
+
+    title: setting.description
+    detail: isRefused ? qsTr("An address like https://server.example, or nothing") : ""
+    detailColor: isRefused ? Theme.red.text : Theme.ink2
+    searchWords: setting.description + " " + key
 
     SettingValue {
         id: setting
         key: root.key
     }
     Loader {
-        sourceComponent: root.options.length > 0 ? choice : setting.isSwitch ? onOff : number
+        sourceComponent: root.options.length > 0 ? choice : setting.isSwitch ? onOff : setting.isText ? line : number
     }
     Component {
         id: onOff
@@ -33,6 +42,23 @@ SectionRow {
             label: root.controlLabel
             checked: setting.value
             onToggled: checked => setting.value = checked
+        }
+    }
+    Component {
+        id: line
+
+        Field {
+            width: 260
+            hint: root.hint === "" ? root.controlLabel : root.hint
+            text: setting.value
+            onAccepted: commit()
+            onActiveFocusChanged: if (!activeFocus)
+                commit()
+
+            function commit() {
+                setting.value = text.trim();
+                root.isRefused = setting.value !== text.trim();
+            }
         }
     }
     Component {

@@ -17,6 +17,8 @@ class SettingValue : public QObject {
   // A boolean, a number or a word. What the setting does not take changes nothing.
   Q_PROPERTY(QVariant value READ value WRITE setValue NOTIFY changed FINAL)
   Q_PROPERTY(bool isSwitch READ isSwitch NOTIFY changed FINAL)
+  Q_PROPERTY(bool isText READ isText NOTIFY changed FINAL)
+  Q_PROPERTY(QString description READ description NOTIFY changed FINAL)
   // Of a number: its range. Of a word: what it may be.
   Q_PROPERTY(int least READ least NOTIFY changed FINAL)
   Q_PROPERTY(int most READ most NOTIFY changed FINAL)
@@ -32,6 +34,8 @@ class SettingValue : public QObject {
   QVariant value() const;
   void setValue(const QVariant& value);
   bool isSwitch() const { return row_->type == SettingType::boolean; }
+  bool isText() const { return row_->type == SettingType::text || row_->type == SettingType::address; }
+  QString description() const { return toQString(row_->description); }
   int least() const { return static_cast<int>(row_->least); }
   int most() const { return static_cast<int>(row_->most); }
   QStringList words() const;

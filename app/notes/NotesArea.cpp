@@ -35,9 +35,7 @@ bool NotesArea::carryOut(const Wish& wish) {
 }
 
 std::vector<AreaKey> NotesArea::keys() {
-  return {{{.key = 'n', .command = true, .option = true, .control = true}, "Screen Notes", [this] {
-             Q_EMIT captureAsked();
-           }}};
+  return {{&setting::notesKeys, [this] { Q_EMIT captureAsked(); }}};
 }
 
 void NotesArea::chooseFolder(ScreenNotesModel::Exporter exporter) {

@@ -1,5 +1,6 @@
 import QtQuick
 import Ambrel.Kit
+import Ambrel.Model
 import Ambrel.Notes
 import Ambrel.Window
 
@@ -80,7 +81,12 @@ WindowFrame {
             visible: root.notes.face.pageCount === 0
             symbol: "camera.viewfinder"
             title: qsTr("No capture")
-            sentence: qsTr("Super+Alt+Ctrl+N captures the screen under the pointer.")
+            sentence: keys.value ? qsTr("%1 captures the screen under the pointer.").arg(keys.value) : qsTr("A click on the tile captures the screen under the pointer.")
+
+            SettingValue {
+                id: keys
+                key: "notesKeys"
+            }
         }
         Item {
             id: foot

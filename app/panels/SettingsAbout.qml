@@ -1,23 +1,46 @@
 import QtQuick
 import Ambrel.Kit
+import Ambrel.Panels
 
 SettingsPage {
     id: root
 
-    property string version
+    signal copyAsked(string text)
 
     Section {
         width: parent.width
 
         SectionRow {
-            title: "Tilebay"
+            title: "Tilebay " + (root.area ? root.area.version : "")
             detail: qsTr("Live widgets on the edge of your screen.")
 
-            Label {
-                text: root.version
-                role: Theme.small
-                color: Theme.ink2
-                anchors.verticalCenter: parent.verticalCenter
+            Button {
+                visible: root.area !== null
+                text: qsTr("Copy details for a report")
+                symbol: "doc.on.doc"
+                onClicked: root.copyAsked(root.area.details())
+            }
+        }
+    }
+    Section {
+        width: parent.width
+
+        Repeater {
+            model: root.area ? root.area.libraries : null
+
+            SectionRow {
+                id: line
+                required property libraryRow row
+
+                title: row.name
+                detail: row.use
+
+                Label {
+                    text: line.row.licence
+                    role: Theme.small
+                    color: Theme.ink2
+                    anchors.verticalCenter: parent.verticalCenter
+                }
             }
         }
     }

@@ -9,8 +9,6 @@ SettingsPage {
 
     property CalendarModel calendar: null
     property string problem
-    // Untyped: the lint does not know the script methods of lists of strings.
-    readonly property var own: settings.calendarOwnAddresses
 
     Section {
         width: parent.width
@@ -72,39 +70,12 @@ SettingsPage {
             }
         }
     }
-    Section {
+    TextListSection {
         width: parent.width
-
-        SectionRow {
-            title: qsTr("Your mail addresses")
-            detail: qsTr("Invitations that they have declined are not shown")
-
-            Field {
-                width: 260
-                hint: qsTr("name@example.org")
-                symbol: "plus"
-                onAccepted: {
-                    const address = text.trim();
-                    if (address !== "" && !root.own.includes(address))
-                        root.settings.calendarOwnAddresses = root.own.concat([address]);
-                    text = "";
-                }
-            }
-        }
-        Repeater {
-            model: root.settings.calendarOwnAddresses
-
-            SectionRow {
-                id: address
-                required property string modelData
-                title: modelData
-
-                IconButton {
-                    symbol: "xmark"
-                    label: qsTr("Remove %1").arg(address.title)
-                    onClicked: root.settings.calendarOwnAddresses = root.own.filter(other => other !== address.modelData)
-                }
-            }
-        }
+        title: qsTr("Your mail addresses")
+        detail: qsTr("Invitations that they have declined are not shown")
+        hint: qsTr("name@example.org")
+        texts: root.settings.calendarOwnAddresses
+        onChosen: texts => root.settings.calendarOwnAddresses = texts
     }
 }

@@ -8,15 +8,7 @@ SettingsPage {
     id: root
 
     property ClipboardModel clipboard: null
-    // Untyped: the lint does not know the script methods of lists of strings.
-    readonly property var ignored: settings.ignoredBundleIDs
     property bool asksToClear: false
-
-    function ignore(name) {
-        const trimmed = name.trim();
-        if (trimmed !== "" && !ignored.includes(trimmed))
-            settings.ignoredBundleIDs = ignored.concat([trimmed]);
-    }
 
     Section {
         width: parent.width
@@ -91,26 +83,22 @@ SettingsPage {
             }
         }
     }
+    TextListSection {
+        id: ignored
+        width: parent.width
+        title: qsTr("Programs to ignore")
+        detail: qsTr("What is copied in them is never kept")
+        hint: qsTr("Name, as on its cards")
+        removeLabel: qsTr("Keep copies of %1")
+        texts: root.settings.ignoredBundleIDs
+        nameOf: program => root.clipboard ? root.clipboard.nameOfProgram(program) : program
+        onChosen: texts => root.settings.ignoredBundleIDs = texts
+    }
     Section {
         width: parent.width
+        visible: recent.count > 0
 
         SectionRow {
-            title: qsTr("Programs to ignore")
-            detail: qsTr("What is copied in them is never kept")
-
-            Field {
-                id: name
-                width: 200
-                hint: qsTr("Name, as on its cards")
-                symbol: "plus"
-                onAccepted: {
-                    root.ignore(text);
-                    text = "";
-                }
-            }
-        }
-        SectionRow {
-            visible: recent.count > 0
             title: qsTr("Copied from lately")
 
             Flow {
@@ -126,23 +114,8 @@ SettingsPage {
                         required property var modelData
                         text: modelData.name
                         symbol: "plus"
-                        onClicked: root.ignore(modelData.id)
+                        onClicked: ignored.add(modelData.id)
                     }
-                }
-            }
-        }
-        Repeater {
-            model: root.settings.ignoredBundleIDs
-
-            SectionRow {
-                id: row
-                required property string modelData
-                title: root.clipboard ? root.clipboard.nameOfProgram(modelData) : modelData
-
-                IconButton {
-                    symbol: "xmark"
-                    label: qsTr("Keep copies of %1").arg(row.title)
-                    onClicked: root.settings.ignoredBundleIDs = root.ignored.filter(other => other !== row.modelData)
                 }
             }
         }

@@ -1,6 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 import Ambrel.Model
+import Ambrel.Panels
 
 SettingsPage {
     id: root
@@ -25,14 +26,70 @@ SettingsPage {
             title: qsTr("Peek when something needs you")
             detail: qsTr("The bar comes out for a few seconds")
         }
-    }
-    Section {
-        width: parent.width
-
         SettingRow {
             key: "shelfOpensOnHover"
             title: qsTr("Open the clipboard shelf by hovering")
             detail: qsTr("Rest the pointer at the top centre of the screen")
+        }
+        Repeater {
+            model: root.area ? [root.area.startAtLogin] : []
+
+            SwitchRow {
+                id: login
+                required property StartAtLogin modelData
+
+                title: qsTr("Start at login")
+                detail: modelData.problem !== "" ? modelData.problem : qsTr("The desktop starts Tilebay with your session")
+                detailColor: modelData.problem !== "" ? Theme.red.text : Theme.ink2
+                checked: modelData.isOn
+                onToggled: checked => login.modelData.isOn = checked
+            }
+        }
+    }
+    Section {
+        width: parent.width
+        visible: root.area !== null
+
+        SectionRow {
+            title: qsTr("Keys")
+            detail: qsTr("They work in every program. Click one and press another.")
+            searchWords: qsTr("Shortcut hot key keyboard")
+        }
+        Repeater {
+            model: root.area ? root.area.keys.rows : null
+
+            HotKeyRow {
+                keys: root.area.keys
+            }
+        }
+    }
+    Section {
+        width: parent.width
+        visible: root.area !== null
+
+        Repeater {
+            model: root.area ? [root.area.choices] : []
+
+            SectionRow {
+                id: choices
+                required property ChoicesModel modelData
+
+                title: qsTr("All choices as one file")
+                detail: modelData.report !== "" ? modelData.report : qsTr("Settings and profiles, for another computer or to keep")
+                detailColor: modelData.hasProblem ? Theme.red.text : Theme.ink2
+                searchWords: qsTr("Export import backup")
+
+                Button {
+                    text: qsTr("Export…")
+                    label: qsTr("Export all choices")
+                    onClicked: choices.modelData.chooseExport()
+                }
+                Button {
+                    text: qsTr("Import…")
+                    label: qsTr("Import choices")
+                    onClicked: choices.modelData.chooseImport()
+                }
+            }
         }
     }
 }

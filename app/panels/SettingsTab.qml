@@ -13,7 +13,7 @@ Pressable {
     label: text
     accessibleRole: Accessible.PageTab
     Accessible.checked: isChosen
-    implicitWidth: Math.max(82, word.implicitWidth + Theme.space4)
+    implicitWidth: Math.max(60, word.implicitWidth + Theme.space3)
     implicitHeight: 34 + word.height
 
     Rectangle {

@@ -5,6 +5,12 @@ import Ambrel.Model
 SettingsPage {
     id: root
 
+    // Of a choice: its words here.
+    readonly property var words: ({
+            airQualityScale: [qsTr("US"), qsTr("European")],
+            weekNumbering: [qsTr("ISO 8601"), qsTr("As the locale")]
+        })
+
     signal customizeAsked
 
     Section {
@@ -24,6 +30,33 @@ SettingsPage {
             key: "clipboardPreviewInBar"
             title: qsTr("Show the last copy on the bar")
             detail: qsTr("In the clipboard tile; secrets stay hidden")
+        }
+    }
+    Section {
+        width: parent.width
+
+        // The same as in the panels of their tiles.
+        Repeater {
+            model: root.settings.keysOf("panel")
+
+            SettingRow {
+                required property string modelData
+                key: modelData
+                options: root.words[key] || []
+            }
+        }
+    }
+    Section {
+        width: parent.width
+
+        Repeater {
+            model: ["weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "hackerNewsURL", "currencyRatesURL"]
+
+            SettingRow {
+                required property string modelData
+                key: modelData
+                hint: "https://…"
+            }
         }
     }
 }

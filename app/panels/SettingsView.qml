@@ -3,16 +3,17 @@ import Ambrel.Kit
 import Ambrel.Model
 import Ambrel.Panels
 
-// The settings: tabs over a page of cards.
+// The settings: tabs over a page of cards. A search shows what it finds of all pages.
 Popover {
     id: root
 
     required property AppSettings settings
     // The name of the tab that is shown; `tabChosen` asks for another.
     property string tab: "general"
-    property string version
-    // Tab name to what its page takes besides the settings.
+    property PanelsArea area: null
+    // Tab name to what its page takes besides the settings and the area.
     property var pages: ({})
+    readonly property bool isSearching: search.text.trim() !== ""
 
     // Each has its page, as in SettingsBuddy.qml.
     readonly property var tabs: [
@@ -52,6 +53,21 @@ Popover {
             symbol: "doc.on.clipboard"
         },
         {
+            name: "disk",
+            title: qsTr("Disk"),
+            symbol: "internaldrive"
+        },
+        {
+            name: "privacy",
+            title: qsTr("Privacy"),
+            symbol: "lock.fill"
+        },
+        {
+            name: "licence",
+            title: qsTr("Licence"),
+                symbol: "key"
+        },
+        {
             name: "about",
             title: qsTr("About"),
             symbol: "info.circle"
@@ -61,19 +77,44 @@ Popover {
 
     signal tabChosen(string tab)
     signal customizeAsked
+    signal purchaseAsked
+    signal copyAsked(string text)
 
-    implicitWidth: 760
-    implicitHeight: 480
+    implicitWidth: 780
+    implicitHeight: 560
     title: qsTr("Settings")
     symbol: "gearshape.fill"
     hasFullRule: true
     headerHeight: 44
+    onAboutToOpen: search.text = ""
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_F && event.modifiers === Qt.ControlModifier;
+        if (event.accepted)
+            search.input.forceActiveFocus(Qt.ShortcutFocusReason);
+    }
 
-    Row {
+    headerItems: Field {
+        id: search
+        width: 220
+        implicitHeight: 32
+        anchors.verticalCenter: parent ? parent.verticalCenter : undefined
+        isSearch: true
+        hint: qsTr("Search all settings")
+    }
+
+    Flow {
         id: bar
         anchors.horizontalCenter: parent.horizontalCenter
         y: Theme.space2
-        spacing: Theme.space1
+        width: Math.min(oneLine, parent.width - 2 * Theme.space2)
+        spacing: 2
+
+        readonly property real oneLine: {
+            let sum = -spacing;
+            for (const child of children)
+                sum += child.width > 0 ? child.width + spacing : 0;
+            return Math.ceil(sum);
+        }
 
         Repeater {
             model: root.tabs
@@ -83,8 +124,11 @@ Popover {
                 required property int index
                 text: modelData.title
                 symbol: modelData.symbol
-                isChosen: index === root.index
-                onClicked: root.tabChosen(modelData.name)
+                isChosen: index === root.index && !root.isSearching
+                onClicked: {
+                    search.text = "";
+                    root.tabChosen(modelData.name);
+                }
                 Keys.onLeftPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 Keys.onRightPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             }
@@ -107,30 +151,55 @@ Popover {
         }
         padding: Theme.space4 + 4
 
-        Loader {
-            id: page
+        Column {
             width: parent.width
-            onLoaded: scroll.contentY = 0
-            Component.onCompleted: root.showPage()
+
+            // Its rows keep what is being typed into them while a search comes and goes.
+            SettingsPageLoader {
+                id: page
+                width: parent.width
+                visible: !root.isSearching
+                name: root.tabs[root.index].name
+                settings: root.settings
+                area: root.area
+                pages: root.pages
+                onLoaded: scroll.contentY = 0
+                onCustomizeAsked: root.customizeAsked()
+                onPurchaseAsked: root.purchaseAsked()
+                onCopyAsked: text => root.copyAsked(text)
+            }
+            Column {
+                id: results
+                width: parent.width
+                visible: root.isSearching
+                spacing: Theme.space4
+
+                Repeater {
+                    model: root.isSearching ? root.tabs : []
+
+                    SettingsPageLoader {
+                        required property var modelData
+
+                        width: results.width
+                        name: modelData.name
+                        title: modelData.title
+                        settings: root.settings
+                        area: root.area
+                        pages: root.pages
+                        query: search.text
+                        onCustomizeAsked: root.customizeAsked()
+                        onPurchaseAsked: root.purchaseAsked()
+                        onCopyAsked: text => root.copyAsked(text)
+                    }
+                }
+            }
         }
     }
-    onIndexChanged: showPage()
-
-    function showPage() {
-        const name = tabs[index].name;
-        const properties = Object.assign({
-            settings: root.settings
-        }, root.pages[name]);
-        if (name === "about")
-            properties.version = root.version;
-        page.setSource("Settings" + name[0].toUpperCase() + name.slice(1) + ".qml", properties);
-    }
-    Connections {
-        target: page.item
-        ignoreUnknownSignals: true
-
-        function onCustomizeAsked() {
-            root.customizeAsked();
-        }
+    EmptyState {
+        anchors.centerIn: scroll
+        visible: root.isSearching && results.height < 1
+        symbol: "magnifyingglass"
+        title: qsTr("No setting is called that")
+        sentence: qsTr("Try another word. All pages are searched.")
     }
 }

@@ -6,6 +6,7 @@ Item {
     id: root
 
     property string symbol
+    property color symbolColor: Theme.ink2
     property string title
     property string detail
 
@@ -23,7 +24,7 @@ Item {
             anchors.centerIn: parent
             name: root.symbol
             size: 20
-            color: Theme.ink2
+            color: root.symbolColor
         }
     }
     Column {

@@ -36,6 +36,13 @@ void chooseFolder(QWindow* parent, const QString& title, const QString& start, c
   choose(dialog, parent, palette, std::move(chosen));
 }
 
+void chooseNewFile(QWindow* parent, const QString& title, const QString& start, const QPalette& palette,
+                   Chosen chosen) {
+  auto* dialog = new QFileDialog(nullptr, title, start);
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  choose(dialog, parent, palette, std::move(chosen));
+}
+
 void chooseFile(QWindow* parent, const QString& title, const QString& start, const QPalette& palette, Chosen chosen) {
   auto* dialog = new QFileDialog(nullptr, title, start);
   dialog->setFileMode(QFileDialog::ExistingFile);

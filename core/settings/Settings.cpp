@@ -43,7 +43,9 @@ namespace setting {
 #define AMBREL_TEXTS(KEY, DEFAULT, PAGE, ABOUT) \
   constinit const Setting<std::vector<std::string>> KEY{{#KEY, Type::texts, DEFAULT, 0, 0, {}, Page::PAGE, ABOUT}};
 AMBREL_SHARED_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_WORDS, AMBREL_TEXTS)
-AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS, AMBREL_TEXT)
+#define AMBREL_KEYS(KEY, DEFAULT, PAGE, ABOUT) \
+  constinit const Setting<KeyCombination> KEY{{#KEY, Type::keys, DEFAULT, 0, 0, {}, Page::PAGE, ABOUT}};
+AMBREL_OWN_SETTINGS(AMBREL_BOOLEAN, AMBREL_INTEGER, AMBREL_WORD, AMBREL_ADDRESS, AMBREL_TEXT, AMBREL_KEYS)
 }  // namespace setting
 
 namespace {
@@ -51,7 +53,8 @@ namespace {
 #define AMBREL_POINTER(KEY, ...) &setting::KEY,
 constexpr const SettingRow* rows[] = {
     AMBREL_SHARED_SETTINGS(AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER)
-        AMBREL_OWN_SETTINGS(AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER)};
+        AMBREL_OWN_SETTINGS(AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER, AMBREL_POINTER,
+                            AMBREL_POINTER)};
 
 bool isWord(const SettingRow& row, std::string_view text) {
   return std::find(row.words.begin(), row.words.end(), text) != row.words.end();
@@ -137,6 +140,9 @@ std::optional<DefaultsValue> accepted(const SettingRow& row, const DefaultsValue
       return text && isAddress(*text) ? std::optional(value) : std::nullopt;
     case Type::text:
       return text ? std::optional(value) : std::nullopt;
+    case Type::keys:
+      if (const auto keys = text ? parseKeys(*text) : std::nullopt) return DefaultsValue{keysText(*keys)};
+      return std::nullopt;
     case Type::words:
       if (const auto wanted = texts(value)) return settings_detail::arrayOf(knownWords(row, *wanted));
       return std::nullopt;
@@ -171,6 +177,9 @@ DefaultsValue parseSetting(const SettingRow& row, std::string_view text) {
       return {std::string(text)};
     case Type::text:
       return {std::string(text)};
+    case Type::keys:
+      if (const auto keys = parseKeys(text)) return {keysText(*keys)};
+      throw SettingError("takes a letter or digit with Super, Alt or Control, like Super+Alt+V, or nothing");
     case Type::words: {
       const auto wanted = parsedTexts(text);
       if (!std::all_of(wanted.begin(), wanted.end(), [&](const auto& word) { return isWord(row, word); }))

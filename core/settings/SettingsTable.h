@@ -9,6 +9,7 @@
 //   ADDRESS(key, page, description)                     of a server: http or https; empty by default
 //   TEXT(key, page, description)                        empty by default
 //   TEXTS(key, default with commas between, page, description)
+//   KEYS(key, default, page, description)               a key combination of the whole desktop; it may be empty
 
 // What the whole program shares: these are the fields of `SettingsValues` and the properties of `AppSettings`.
 #define AMBREL_SHARED_SETTINGS(BOOLEAN, INTEGER, WORD, WORDS, TEXTS)                                              \
@@ -40,18 +41,19 @@
   TEXTS(calendarPlaces, "", calendars, "Folders, files and https addresses of more calendars")                    \
   TEXTS(calendarsHidden, "", calendars, "Names of calendars that are not shown")                                  \
   TEXTS(calendarOwnAddresses, "", calendars, "Your mail addresses: what they have declined is not shown")         \
+  TEXTS(diskExcludedFolders, "", disk, "Folders that Disk Doctor does not look at")                               \
   WORD(theme, ThemeChoice, system, appearance, "Whether the program is dark or light; system: as the desktop is") \
   BOOLEAN(reduceMotion, false, appearance, "A short fade takes the place of movement")
 
 // What one model alone reads.
-#define AMBREL_OWN_SETTINGS(BOOLEAN, INTEGER, WORD, ADDRESS, TEXT)                                                   \
+#define AMBREL_OWN_SETTINGS(BOOLEAN, INTEGER, WORD, ADDRESS, TEXT, KEYS)                                             \
   BOOLEAN(weatherFahrenheit, false, panel, "Temperatures are in degrees Fahrenheit")                                 \
   WORD(airQualityScale, AirQualityScale, us, panel, "The index in which the air quality is told")                    \
-  ADDRESS(weatherForecastURL, none, "Where forecasts come from; empty: Open-Meteo's public service")                 \
-  ADDRESS(weatherAirQualityURL, none, "Where the air quality comes from; empty: Open-Meteo's public service")        \
-  ADDRESS(weatherGeocodingURL, none, "Where places are looked up; empty: Open-Meteo's public service")               \
-  ADDRESS(hackerNewsURL, none, "Where stories come from; empty: the public service of Hacker News")                  \
-  ADDRESS(currencyRatesURL, none, "Where rates come from; empty: the European Central Bank's daily list")            \
+  ADDRESS(weatherForecastURL, tiles, "Where forecasts come from; empty: Open-Meteo's public service")                \
+  ADDRESS(weatherAirQualityURL, tiles, "Where the air quality comes from; empty: Open-Meteo's public service")       \
+  ADDRESS(weatherGeocodingURL, tiles, "Where places are looked up; empty: Open-Meteo's public service")              \
+  ADDRESS(hackerNewsURL, tiles, "Where stories come from; empty: the public service of Hacker News")                 \
+  ADDRESS(currencyRatesURL, tiles, "Where rates come from; empty: the European Central Bank's daily list")           \
   INTEGER(pomodoroFocus, 25, 1, 180, panel, "Minutes of a focus session")                                            \
   INTEGER(pomodoroBreak, 5, 1, 180, panel, "Minutes of a break")                                                     \
   INTEGER(pomodoroLongBreak, 15, 1, 180, panel, "Minutes of a long break")                                           \
@@ -77,4 +79,15 @@
   BOOLEAN(askUsesModel, true, buddy, "A language model answers, where a server on this {machine} has one"_local)     \
   ADDRESS(modelServerURL, buddy, "Where the language model answers; empty: the usual ports of this {machine}"_local) \
   ADDRESS(modelServerAllowedURL, none, "The server on another {machine} to which questions may go"_local)            \
-  TEXT(modelName, buddy, "Which of the server's models answers; empty: the first")
+  TEXT(modelName, buddy, "Which of the server's models answers; empty: the first")                                   \
+  KEYS(barKeys, "Ctrl+Super+Alt+D", general, "Brings the bar out")                                                   \
+  KEYS(shelfKeys, "Super+Alt+V", general, "Opens the clipboard shelf")                                               \
+  KEYS(pinnedKeys, "Ctrl+Super+Alt+1", general, "Copies pinned clip 1; the other digits copy the others")            \
+  KEYS(askKeys, "Super+Alt+B", general, "Asks Buddy")                                                                \
+  KEYS(notesKeys, "Ctrl+Super+Alt+N", general, "Captures the screen for Screen Notes")                               \
+  INTEGER(diskProjectDays, 60, 1, 3650, disk, "Days after which a project counts as left alone")                     \
+  INTEGER(diskInstallerDays, 30, 1, 3650, disk, "Days after which a downloaded installer counts as old")             \
+  INTEGER(diskScreenshotDays, 30, 1, 3650, disk, "Days after which a screenshot counts as old")                      \
+  INTEGER(diskLargeMegabytes, 1000, 10, 1000000, disk, "The least size of a large file, in MB")                      \
+  INTEGER(diskLargeDays, 90, 1, 3650, disk, "Days that nobody has opened a large file")                              \
+  INTEGER(diskDuplicateMegabytes, 100, 1, 1000000, disk, "The least size of a duplicate, in MB")

@@ -9,6 +9,7 @@ Command agentsCommand();
 Command askCommand();
 Command clipsCommand();
 Command diskCommand();
+Command licenceCommand();
 Command noticesCommand();
 Command profilesCommand();
 Command reviewCommand();

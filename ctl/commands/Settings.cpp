@@ -1,11 +1,15 @@
 #include "core/settings.h"
 
 #include "core/base/JSON.h"
+#include "core/settings/Choices.h"
+#include "ctl/InputFile.h"
 #include "ctl/Table.h"
 #include "ctl/commands/Commands.h"
 
 namespace ambrel {
 namespace {
+
+constexpr std::uint64_t largestChoices = 16 << 20;
 
 // A file with a mistake in it is for a person to mend: a change would leave everything else in it behind.
 UserDefaults opened(const Context& context) {
@@ -22,17 +26,10 @@ const SettingRow& rowOf(const Arguments& arguments) {
   throw UsageError("unknown setting '" + key + "'" + hint(key, known, "'tilebayctl settings list'"));
 }
 
-JSON json(const DefaultsValue& value) {
-  if (const auto* flag = std::get_if<bool>(&value.value)) return *flag;
-  if (const auto* number = std::get_if<std::int64_t>(&value.value)) return *number;
-  if (const auto* text = std::get_if<std::string>(&value.value)) return *text;
-  return settings_detail::textsOf(value);
-}
-
 JSON json(const SettingRow& row, const UserDefaults& defaults) {
   JSON out{{"key", row.key},
-           {"value", json(presentValue(defaults, row))},
-           {"default", json(standardValue(row))},
+           {"value", settingJSON(presentValue(defaults, row))},
+           {"default", settingJSON(standardValue(row))},
            {"type", nameOf(row.type)},
            {"page", nameOf(row.page)},
            {"description", row.description}};
@@ -97,6 +94,31 @@ void reset(const Arguments& arguments, Context& context) {
   if (context.json) context.print(json(row, defaults));
 }
 
+std::filesystem::path profilesOf(const Context& context) { return context.data / "profiles.json"; }
+
+void exportAll(const Arguments&, Context& context) {
+  context.out << exportedChoices(opened(context), loadProfiles(profilesOf(context)).profiles);
+}
+
+void importAll(const Arguments& arguments, Context& context) {
+  const std::string file = arguments.value("FILE").value();
+  ImportedChoices choices;
+  try {
+    choices = importedChoices(inputFile(file, largestChoices));
+  } catch (const DecodingError& error) {
+    throw CommandError(file + " is " + error.what());
+  }
+  UserDefaults defaults = opened(context);
+  const std::size_t count = choices.values.size();
+  defaults.set(std::move(choices.values));
+  if (choices.profiles) saveProfiles(profilesOf(context), *choices.profiles);
+  if (context.json)
+    return context.print(JSON{{"settings", count},
+                              {"profiles", choices.profiles ? choices.profiles->size() : 0},
+                              {"skipped", choices.skipped}});
+  for (const std::string& line : choices.skipped) context.warn("skipped: " + line);
+}
+
 Command command(std::string name, std::string summary, std::vector<CommandOption> options,
                 std::function<void(const Arguments&, Context&)> run) {
   return {.name = std::move(name),
@@ -118,7 +140,10 @@ Command settingsCommand() {
           .commands = {command("list", "Every setting with its value; in bold what differs from the default", {}, list),
                        command("get", "The value of a setting", {key}, get),
                        command("set", "Change a setting", {key, value}, set),
-                       command("reset", "Give a setting its default back", {key}, reset)},
+                       command("reset", "Give a setting its default back", {key}, reset),
+                       command("export", "Print all settings and profiles as one file", {}, exportAll),
+                       command("import", "Take over a file that was exported; what it does not fit is skipped and told",
+                               {{positional, "FILE", "", "A file that was exported"}}, importAll)},
           .run = {}};
 }
 

@@ -44,6 +44,13 @@ HotKeyResult X11HotKeys::add(const KeyCombination& combination, std::function<vo
   return result;
 }
 
+void X11HotKeys::remove(const KeyCombination& combination) {
+  const auto key = std::ranges::find(keys_, combination, &Key::combination);
+  if (key == keys_.end()) return;
+  ungrab(*key);
+  keys_.erase(key);
+}
+
 void X11HotKeys::readKeyboard() {
   symbols_.reset(xcb_key_symbols_alloc(connection_->xcb()));
   const XcbPtr<xcb_get_modifier_mapping_reply_t> mapping(

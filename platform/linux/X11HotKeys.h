@@ -18,6 +18,7 @@ class X11HotKeys : public HotKeys {
   ~X11HotKeys() override;
 
   HotKeyResult add(const KeyCombination& combination, std::function<void()> action) override;
+  void remove(const KeyCombination& combination) override;
 
  private:
   struct Grab {

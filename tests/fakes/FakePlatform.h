@@ -140,11 +140,17 @@ class FakeHotKeys : public HotKeys {
     return HotKeyResult::registered;
   }
 
+  void remove(const KeyCombination& combination) override {
+    std::erase_if(keys, [&](const auto& key) { return key.first == combination; });
+  }
+
   // False when nobody has registered the combination.
   bool press(const KeyCombination& combination) {
     for (const auto& [registered, action] : keys) {
       if (registered == combination) {
-        action();
+        // A copy: it may remove the combination.
+        const auto run = action;
+        run();
         return true;
       }
     }

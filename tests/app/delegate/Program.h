@@ -32,7 +32,8 @@ struct Program {
                                                           .dataFolder = folder / "data",
                                                           .defaultsFile = folder / "defaults.json",
                                                           .calendar = Calendar{"UTC", "en_US"},
-                                                          .now = [this] { return desktop.clock.now(); }},
+                                                          .now = [this] { return desktop.clock.now(); },
+                                                          .userHome = {.home = {}, .data = {}, .config = folder / "home/.config", .cache = {}}},
                                              desktop.seams());
   }
 

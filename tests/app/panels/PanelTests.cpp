@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "app/context/WidgetContext.h"
+#include "app/kit/LongTexts.h"
 #include "app/model/SettingValue.h"
 #include "app/panels/GalleryModel.h"
 #include "tests/TemporaryFolder.h"
@@ -39,7 +40,6 @@ struct Stage {
     }
     if (view == "SettingsView") {
       more.insert("settings", QVariant::fromValue(&settings));
-      more.insert("version", "0.1.0");
     }
     if (!scene.loadFile("qrc:/qt/qml/Ambrel/Panels/" + view + ".qml", more)) return false;
     scene.root()->setSize({scene.root()->implicitWidth(), scene.root()->implicitHeight()});
@@ -85,7 +85,8 @@ class PanelTests : public QObject {
       const char* scheme = choice == Theme::Choice::Dark ? "dark" : "light";
       for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
         QTest::addRow("%s, %s", view, scheme) << QString(view) << QString() << choice;
-      for (const char* tab : {"general", "appearance", "tiles", "buddy", "agents", "clipboard", "about"})
+      for (const char* tab :
+           {"general", "appearance", "tiles", "buddy", "agents", "clipboard", "disk", "privacy", "licence", "about"})
         QTest::addRow("settings, %s, %s", tab, scheme) << QString("SettingsView") << QString(tab) << choice;
     }
   }
@@ -100,6 +101,35 @@ class PanelTests : public QObject {
     int texts = 0;
     visitShown(stage.scene.root(), [&](QQuickItem* item) { texts += item->inherits("QQuickText"); });
     QVERIFY(texts > 6);
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
+  }
+
+  // As a language with long words has it, at one and a half times the size: what does not fit is broken or elided.
+  void longAndLargeTextsHaveRoom_data() {
+    QTest::addColumn<QString>("view");
+    QTest::addColumn<QString>("tab");
+    for (const char* view : {"WelcomeView", "UpsellView"}) QTest::addRow("%s", view) << QString(view) << QString();
+    for (const char* tab : {"general", "appearance", "tiles", "calendars", "buddy", "agents", "clipboard", "disk",
+                            "privacy", "licence", "about"})
+      QTest::addRow("settings, %s", tab) << QString("SettingsView") << QString(tab);
+  }
+
+  void longAndLargeTextsHaveRoom() {
+    QFETCH(QString, view);
+    QFETCH(QString, tab);
+    LongTexts longTexts;
+    QVERIFY(QCoreApplication::installTranslator(&longTexts));
+    Stage stage;
+    stage.scene.theme().setTextScale(1.5);
+    QVERIFY(stage.open(view, tab.isEmpty() ? QVariantMap() : QVariantMap{{"tab", tab}}));
+    QStringList faults = faultsOf(stage.scene);
+    // Beside one another, and not over one another.
+    visitShown(stage.scene.root(), [&](QQuickItem* item) {
+      if (!item->inherits("QQuickText") || item->property("text").toString().isEmpty()) return;
+      const QRectF place = item->mapRectToItem(stage.scene.root(), QRectF({}, item->size()));
+      if (place.left() < 0 || place.right() > stage.scene.root()->width()) faults << item->property("text").toString();
+    });
+    QCOMPARE(faults, QStringList());
     QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
@@ -318,6 +348,29 @@ class PanelTests : public QObject {
     QCOMPARE(stage.settings.quietStartHour(), 0);
   }
 
+  void theSearchGoesOverAllPages() {
+    Stage stage;
+    QVERIFY(stage.open("SettingsView"));
+    stage.scene.root()->forceActiveFocus();
+    QTest::keyClick(&stage.scene.window(), Qt::Key_F, Qt::ControlModifier);
+    const auto type = [&](const QString& text) {
+      for (const QChar letter : text) QTest::keyClick(&stage.scene.window(), letter.toLatin1());
+    };
+    type("hours qui");
+    QVERIFY(stage.labelled("Quiet hours"));
+    QVERIFY(!stage.labelled("Quiet from"));
+    QVERIFY(!stage.labelled("Always show the bar"));
+    QVERIFY(stage.click("Quiet hours"));
+    QVERIFY(!stage.settings.quietHoursOn());
+    // By the words of the table, too, and what is not on the page of its name.
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+    type("waterGoal");
+    QVERIFY(stage.labelled("Glasses of water a day"));
+    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+    QVERIFY(stage.labelled("Always show the bar"));
+    QCOMPARE(stage.scene.warnings().take(), QStringList());
+  }
+
   void tabsAskToBeChosen() {
     Stage stage;
     QVERIFY(stage.open("SettingsView"));
@@ -337,7 +390,8 @@ class PanelTests : public QObject {
         {"CustomizeView", "Done"}, {"SettingsView", "Close"}, {"WelcomeView", "Start"}, {"UpsellView", "Not now"}};
     for (const auto& [view, button] : rows) {
       Stage stage;
-      QVERIFY(stage.open(view));
+      // The guide's last page.
+      QVERIFY(stage.open(view, view == std::string("WelcomeView") ? QVariantMap{{"page", 4}} : QVariantMap()));
       QSignalSpy closing(stage.scene.root(), SIGNAL(closeRequested()));
       QVERIFY2(stage.click(button), button);
       QCOMPARE(closing.count(), 1);

@@ -1,0 +1,18 @@
+#pragma once
+// The desktop entry that starts the program with the session.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ambrel {
+
+// "autostart/tilebay.desktop" in the user's folder of configurations.
+std::filesystem::path autostartFile(const std::filesystem::path& config);
+// `program`: absolute; any bytes may be in it.
+std::string autostartEntry(const std::filesystem::path& program);
+// Whether a session that finds this text starts the program: an entry can be there and be switched off.
+bool startsAtLogin(const std::optional<std::string>& entry);
+
+}  // namespace ambrel
