@@ -17,9 +17,11 @@ namespace {
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
 std::vector<Command> allCommands() {
-  return {agentsCommand(), askCommand(),     usageCommand(),    statusLineCommand(), clipsCommand(),
-          diskCommand(),   noticesCommand(), profilesCommand(), reviewCommand(),     settingsCommand(),
-          toolCommand(),   weatherCommand(), widgetsCommand()};
+  return {agentsCommand(),     askCommand(),      usageCommand(),
+          statusLineCommand(), clipsCommand(),    diskCommand(),
+          doctorCommand(),     noticesCommand(),  profilesCommand(),
+          reviewCommand(),     settingsCommand(), toolCommand(),
+          weatherCommand(),    widgetsCommand()};
 }
 
 Instant clockTime() {

@@ -1,6 +1,7 @@
 #pragma once
 // Every command, each in the file of its name.
 
+#include "core/agents/connect/HookConnection.h"
 #include "ctl/Command.h"
 
 namespace ambrel {
@@ -9,6 +10,7 @@ Command agentsCommand();
 Command askCommand();
 Command clipsCommand();
 Command diskCommand();
+Command doctorCommand();
 Command noticesCommand();
 Command profilesCommand();
 Command reviewCommand();
@@ -21,5 +23,6 @@ Command widgetsCommand();
 
 // Below "agents".
 std::vector<Command> agentHookCommands();
+HookConnection::Places hookPlaces(const Context& context);
 
 }  // namespace ambrel
