@@ -321,6 +321,7 @@ void AppDelegate::carryOut(const Wish& wish) {
   std::visit(Overloaded{[this](const wish::Reveal&) { bar_->dock().revealForKeyboard(); },
                         [this](const wish::ToggleAgents&) { bar_->toggleAgents(); },
                         [this](const wish::Settings&) { bar_->openSettings(); },
+                        [this](const wish::Customize&) { bar_->panels().open(bar_->customizePanel()); },
                         [](const wish::Quit&) { QCoreApplication::exit(); },
                         // The areas' own.
                         [](const auto&) {}},

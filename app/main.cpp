@@ -5,6 +5,7 @@
 #include <QTextStream>
 #include <cstdio>
 #include <cstdlib>
+#include <unistd.h>
 
 #include "app/AppDelegate.h"
 #include "app/Environment.h"
@@ -26,6 +27,15 @@ int main(int argc, char** argv) {
   if (commandLine.showsHelp || commandLine.showsVersion) {
     std::fputs(commandLine.showsHelp ? commandLineHelp().c_str() : "tilebay " AMBREL_VERSION "\n", stdout);
     return 0;
+  }
+  std::error_code error;
+  const char* searchPath = std::getenv("PATH");
+  const std::filesystem::path tool =
+      toolOf(std::filesystem::read_symlink("/proc/self/exe", error), searchPath ? searchPath : "");
+  if (commandLine.showsDoctor) {
+    execl(tool.c_str(), "tilebayctl", "doctor", commandLine.asJSON ? "--json" : nullptr, nullptr);
+    std::fputs("tilebay: its tool tilebayctl, which looks, is not installed\n", stderr);
+    return 1;
   }
   // The toolkit ends the process with a signal when it finds no display; say it in words.
   if (!environment.hasDisplay) {
@@ -75,9 +85,7 @@ int main(int argc, char** argv) {
   if (commandLine.wish && std::holds_alternative<wish::Quit>(*commandLine.wish)) return 0;
 
   Surroundings surroundings = environment.surroundings;
-  std::error_code error;
-  const char* searchPath = std::getenv("PATH");
-  surroundings.tool = toolOf(std::filesystem::read_symlink("/proc/self/exe", error), searchPath ? searchPath : "");
+  surroundings.tool = tool;
   LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
                        surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
   const QuitSignals signals([] { QCoreApplication::exit(); });
