@@ -309,8 +309,9 @@ void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profi
       carryOut(wish::OpenDiskDoctor{});
       break;
     case MenuCommand::checkForUpdates:
-      toast_.show(tr("No updates to check for"), tr("This build is updated by your package manager."),
-                  QStringLiteral("arrow.triangle.2.circlepath"));
+      updates_.check([this](const UpdateAnswer& answer) {
+        toast_.show(toQString(answer.title), toQString(answer.detail), QStringLiteral("arrow.triangle.2.circlepath"));
+      });
       break;
   }
 }
