@@ -21,7 +21,7 @@ std::vector<Command> allCommands() {
           statusLineCommand(), clipsCommand(),    diskCommand(),
           doctorCommand(),     noticesCommand(),  profilesCommand(),
           reviewCommand(),     settingsCommand(), toolCommand(),
-          weatherCommand(),    widgetsCommand()};
+          weatherCommand(),    widgetsCommand(),  completionsCommand([] { return commandWords(allCommands()); })};
 }
 
 Instant clockTime() {

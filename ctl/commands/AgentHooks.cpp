@@ -35,7 +35,8 @@ Command change(std::string name, std::string summary, void (HookConnection::*act
           .options = {{.kind = CommandOption::Kind::positional,
                        .name = "TOOL",
                        .placeholder = "",
-                       .help = "claudeCode or codex"}},
+                       .help = "claudeCode or codex",
+                       .choices = {"claudeCode", "codex"}}},
           .commands = {},
           .run = [action, verb](const Arguments& arguments, Context& context) {
             const std::string tool = arguments.value("TOOL").value_or("");

@@ -3,12 +3,15 @@
 
 #include "core/agents/connect/HookConnection.h"
 #include "ctl/Command.h"
+#include "ctl/CommandLine.h"
 
 namespace ambrel {
 
 Command agentsCommand();
 Command askCommand();
 Command clipsCommand();
+// Hidden: what shells complete. words: of tilebayctl itself.
+Command completionsCommand(std::function<CommandWords()> words);
 Command diskCommand();
 Command doctorCommand();
 Command noticesCommand();
