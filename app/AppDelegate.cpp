@@ -316,8 +316,9 @@ void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profi
       carryOut(wish::OpenDiskDoctor{});
       break;
     case MenuCommand::checkForUpdates:
-      toast_.show(tr("No updates to check for"), tr("This build is updated by your package manager."),
-                  QStringLiteral("arrow.triangle.2.circlepath"));
+      updates_.check([this](const UpdateAnswer& answer) {
+        toast_.show(toQString(answer.title), toQString(answer.detail), QStringLiteral("arrow.triangle.2.circlepath"));
+      });
       break;
   }
 }
@@ -328,6 +329,7 @@ void AppDelegate::carryOut(const Wish& wish) {
   std::visit(Overloaded{[this](const wish::Reveal&) { bar_->dock().revealForKeyboard(); },
                         [this](const wish::ToggleAgents&) { bar_->toggleAgents(); },
                         [this](const wish::Settings&) { bar_->openSettings(); },
+                        [this](const wish::Customize&) { bar_->panels().open(bar_->customizePanel()); },
                         [](const wish::Quit&) { QCoreApplication::exit(); },
                         // The areas' own.
                         [](const auto&) {}},

@@ -12,6 +12,7 @@
 #include "app/TrayMenu.h"
 #include "app/base/DueTimer.h"
 #include "app/kit/DesktopAppearance.h"
+#include "app/menu/UpdateCheck.h"
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
 #include "app/model/LicenseManager.h"
@@ -87,6 +88,7 @@ class AppDelegate : public QObject, private Shell {
   Areas areas_;
   WidgetContext context_;
   std::unique_ptr<TrayMenu> tray_;
+  UpdateCheck updates_{QCoreApplication::applicationVersion().toStdString(), UpdateCheck::ofThisProgram()};
   bool proServicesStarted_ = false;
   std::optional<std::string> deletion_;
   std::unique_ptr<BarWindows> bar_;

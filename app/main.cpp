@@ -47,6 +47,15 @@ int main(int argc, char** argv) {
     std::fputs(commandLine.showsHelp ? commandLineHelp().c_str() : "tilebay " AMBREL_VERSION "\n", stdout);
     return 0;
   }
+  std::error_code error;
+  const char* searchPath = std::getenv("PATH");
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  const std::filesystem::path tool = toolOf(program, searchPath ? searchPath : "");
+  if (commandLine.showsDoctor) {
+    execl(tool.c_str(), "tilebayctl", "doctor", commandLine.asJSON ? "--json" : nullptr, nullptr);
+    std::fputs("tilebay: its tool tilebayctl, which looks, is not installed\n", stderr);
+    return 1;
+  }
   // The toolkit ends the process with a signal when it finds no display; say it in words.
   if (!environment.hasDisplay) {
     std::fputs("tilebay: there is no display (DISPLAY is not set); script/run starts a virtual one\n", stderr);
@@ -97,10 +106,8 @@ int main(int argc, char** argv) {
   if (commandLine.wish && std::holds_alternative<wish::Quit>(*commandLine.wish)) return 0;
 
   Surroundings surroundings = environment.surroundings;
-  std::error_code error;
-  const char* searchPath = std::getenv("PATH");
-  surroundings.program = std::filesystem::read_symlink("/proc/self/exe", error);
-  surroundings.tool = toolOf(surroundings.program, searchPath ? searchPath : "");
+  surroundings.program = program;
+  surroundings.tool = tool;
   LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
                        surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
   const QuitSignals signals([] { QCoreApplication::exit(); });

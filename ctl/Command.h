@@ -36,6 +36,7 @@ struct CommandOption {
   std::string name;         // "--every"; without dashes for a positional: "FILE"
   std::string placeholder;  // "SECONDS"
   std::string help;
+  std::vector<std::string> choices = {};  // the words that shells offer; empty for a text of any kind
 };
 
 // What was given on the command line, by the names of the options.
@@ -61,6 +62,7 @@ struct Command {
   std::vector<Command> commands;
   std::function<void(const Arguments&, Context&)> run;
   std::string details = {};  // printed below the options by --help
+  bool isHidden = false;     // --help leaves it out
 };
 
 }  // namespace ambrel

@@ -61,6 +61,8 @@ class Parser {
     return parsed;
   }
 
+  CommandWords words() const { return wordsOf(app_); }
+
  private:
   void add(CLI::App& parent, const std::vector<Command>& commands) {
     for (const Command& command : commands) {
@@ -68,6 +70,7 @@ class Parser {
       app->allow_extras();
       app->fallthrough();
       app->footer(command.details);
+      if (command.isHidden) app->group("");
       Slot& slot = slots_.emplace_back();
       slot.command = &command;
       slot.app = app;
@@ -96,6 +99,30 @@ class Parser {
     for (const Slot& slot : slots_)
       if (slot.app->parsed()) found = &slot;
     return found;
+  }
+
+  CommandWords wordsOf(const CLI::App& app) const {
+    CommandWords words{.name = app.get_name(), .summary = app.get_description(), .options = {}, .commands = {}};
+    for (const CLI::Option* option : app.get_options()) {
+      CommandWords::Option& added = words.options.emplace_back();
+      if (option->get_positional()) added.names = {option->get_name()};
+      for (const std::string& name : option->get_snames()) added.names.push_back("-" + name);
+      for (const std::string& name : option->get_lnames()) added.names.push_back("--" + name);
+      if (!option->get_positional() && option->get_items_expected_max() > 0) added.value = option->get_type_name();
+      added.help = option->get_description();
+      added.choices = choicesOf(app, added.names.front());
+    }
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+      if (!command->get_group().empty()) words.commands.push_back(wordsOf(*command));
+    return words;
+  }
+
+  std::vector<std::string> choicesOf(const CLI::App& app, const std::string& name) const {
+    for (const Slot& slot : slots_)
+      if (slot.app == &app)
+        for (const CommandOption& option : slot.command->options)
+          if (option.name == name) return option.choices;
+    return {};
   }
 
   std::string helpCommand() const {
@@ -149,5 +176,7 @@ class Parser {
 ParsedCommandLine parseCommandLine(const std::vector<Command>& commands, int count, const char* const* words) {
   return Parser(commands).parse(count, words);
 }
+
+CommandWords commandWords(const std::vector<Command>& commands) { return Parser(commands).words(); }
 
 }  // namespace ambrel

@@ -27,4 +27,19 @@ struct ParsedCommandLine {
 // Throws UsageError; its text ends with a hint.
 ParsedCommandLine parseCommandLine(const std::vector<Command>& commands, int count, const char* const* words);
 
+// The words of the command line as a tree, for shells and for the handbook. Hidden commands are not in it.
+struct CommandWords {
+  struct Option {
+    std::vector<std::string> names;  // "-h", "--help"; of a positional its one name without dashes
+    std::string value;               // its placeholder, empty for a flag
+    std::string help;
+    std::vector<std::string> choices;  // of the value; empty for any text
+    bool isPositional() const { return !names.front().starts_with('-'); }
+  };
+  std::string name, summary;
+  std::vector<Option> options;
+  std::vector<CommandWords> commands;
+};
+CommandWords commandWords(const std::vector<Command>& commands);
+
 }  // namespace ambrel

@@ -17,9 +17,14 @@ namespace {
 enum ExitStatus { done = 0, failed = 1, wrongUsage = 2 };
 
 std::vector<Command> allCommands() {
-  return {agentsCommand(),   askCommand(),     usageCommand(),   statusLineCommand(), clipsCommand(),
-          diskCommand(),     licenceCommand(), noticesCommand(), profilesCommand(),   reviewCommand(),
-          settingsCommand(), toolCommand(),    weatherCommand(), widgetsCommand()};
+  return {agentsCommand(),  askCommand(),
+          usageCommand(),   statusLineCommand(),
+          clipsCommand(),   diskCommand(),
+          doctorCommand(),  licenceCommand(),
+          noticesCommand(), profilesCommand(),
+          reviewCommand(),  settingsCommand(),
+          toolCommand(),    weatherCommand(),
+          widgetsCommand(), completionsCommand([] { return commandWords(allCommands()); })};
 }
 
 Instant clockTime() {

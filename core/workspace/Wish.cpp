@@ -36,6 +36,8 @@ constexpr std::array options{
            [](const std::string&) -> Wish { return wish::OpenDiskDoctor{}; }},
     Option{"--settings", Argument::none, "open the settings",
            [](const std::string&) -> Wish { return wish::Settings{}; }},
+    Option{"--customize", Argument::none, "choose the tiles of the bar",
+           [](const std::string&) -> Wish { return wish::Customize{}; }},
     Option{"--quit", Argument::none, "end the running bar", [](const std::string&) -> Wish { return wish::Quit{}; }},
 };
 
@@ -80,6 +82,14 @@ CommandLine parseCommandLine(std::span<const std::string> arguments) {
       line.showsVersion = true;
       continue;
     }
+    if (name == "--doctor") {
+      line.showsDoctor = true;
+      continue;
+    }
+    if (name == "--json") {
+      line.asJSON = true;
+      continue;
+    }
     std::optional<std::string> argument;
     if (const auto equals = name.find('='); name.starts_with("--") && equals != name.npos) {
       argument = std::string(name.substr(equals + 1));
@@ -94,7 +104,29 @@ CommandLine parseCommandLine(std::span<const std::string> arguments) {
     if (line.wish) return mistaken(fmt::format("{} comes second: one wish at a time", option->name));
     line.wish = option->make(argument.value_or(std::string()));
   }
+  if (line.asJSON && !line.showsDoctor) return mistaken("--json needs --doctor");
   return line;
+}
+
+std::vector<CommandLineOption> commandLineOptions() {
+  std::vector<CommandLineOption> all;
+  for (const Option& option : options) {
+    switch (option.argument) {
+      case Argument::none:
+        all.push_back({option.name, "", option.help});
+        break;
+      case Argument::number:
+        all.push_back({option.name, "N", option.help});
+        break;
+      case Argument::text:
+        all.push_back({option.name, "TEXT", option.help});
+        break;
+    }
+  }
+  all.push_back({"--doctor", "", "say what this computer has and what is missing; with --json for machines"});
+  all.push_back({"--help", "", "show this text"});
+  all.push_back({"--version", "", "show the version"});
+  return all;
 }
 
 std::string commandLineHelp() {
@@ -102,24 +134,8 @@ std::string commandLineHelp() {
       "usage: tilebay [WISH]\n\n"
       "Shows a bar of live tiles at the edge of the screen. When a bar runs already, it gets the wish\n"
       "and this program ends; without a wish the running bar is shown.\n\n";
-  const auto row = [&](std::string_view left, std::string_view right) {
-    help += fmt::format("  {:<22} {}\n", left, right);
-  };
-  for (const Option& option : options) {
-    switch (option.argument) {
-      case Argument::none:
-        row(option.name, option.help);
-        break;
-      case Argument::number:
-        row(fmt::format("{} N", option.name), option.help);
-        break;
-      case Argument::text:
-        row(fmt::format("{} TEXT", option.name), option.help);
-        break;
-    }
-  }
-  row("--help", "show this text");
-  row("--version", "show the version");
+  for (const CommandLineOption& option : commandLineOptions())
+    help += fmt::format("  {:<22} {}\n", fmt::format("{} {}", option.name, option.placeholder), option.help);
   return help;
 }
 

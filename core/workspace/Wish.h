@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace ambrel {
 
@@ -36,25 +37,38 @@ struct OpenDiskDoctor {
 struct Settings {
   bool operator==(const Settings&) const = default;
 };
+struct Customize {
+  bool operator==(const Customize&) const = default;
+};
 struct Quit {
   bool operator==(const Quit&) const = default;
 };
 }  // namespace wish
 
 using Wish = std::variant<wish::Reveal, wish::ToggleClipboard, wish::ToggleAgents, wish::CaptureNotes, wish::CopyPinned,
-                          wish::Ask, wish::OpenDiskDoctor, wish::Settings, wish::Quit>;
+                          wish::Ask, wish::OpenDiskDoctor, wish::Settings, wish::Customize, wish::Quit>;
 
-// The program's own command line: at most one wish, or one of the two questions about the program itself.
+// The program's own command line: at most one wish, or a question about the program itself.
 struct CommandLine {
   std::optional<Wish> wish;
   bool showsHelp = false;
   bool showsVersion = false;
-  std::string error;  // one line that says what is wrong; empty when all is well
+  bool showsDoctor = false;
+  bool asJSON = false;  // only with showsDoctor
+  std::string error;    // one line that says what is wrong; empty when all is well
   bool operator==(const CommandLine&) const = default;
 };
 
 // `arguments` without the program's name. Options that the windowing toolkit takes must have been removed.
 CommandLine parseCommandLine(std::span<const std::string> arguments);
+
+// What --help lists, in order.
+struct CommandLineOption {
+  std::string_view name;         // "--ask"
+  std::string_view placeholder;  // of its value, "TEXT"; empty for none
+  std::string_view help;
+};
+std::vector<CommandLineOption> commandLineOptions();
 
 // The text for --help.
 std::string commandLineHelp();

@@ -1,4 +1,3 @@
-#include "core/agents/connect/HookConnection.h"
 #include "core/base/JSON.h"
 #include "ctl/Context.h"
 #include "ctl/commands/Commands.h"
@@ -16,14 +15,7 @@ std::filesystem::path toolPath() {
   return error ? folder / "tilebayctl" : installed;
 }
 
-// The tools run the hook from folders of their own.
-HookConnection connection(AgentKind kind, const Context& context) {
-  return {kind,
-          {.home = std::filesystem::absolute(context.home),
-           .data = std::filesystem::absolute(context.data),
-           .tool = toolPath(),
-           .folders = context.agentFolders}};
-}
+HookConnection connection(AgentKind kind, const Context& context) { return {kind, hookPlaces(context)}; }
 
 void print(Context& context) {
   JSON connected = JSON::object();
@@ -43,7 +35,8 @@ Command change(std::string name, std::string summary, void (HookConnection::*act
           .options = {{.kind = CommandOption::Kind::positional,
                        .name = "TOOL",
                        .placeholder = "",
-                       .help = "claudeCode or codex"}},
+                       .help = "claudeCode or codex",
+                       .choices = {"claudeCode", "codex"}}},
           .commands = {},
           .run = [action, verb](const Arguments& arguments, Context& context) {
             const std::string tool = arguments.value("TOOL").value_or("");
@@ -63,6 +56,14 @@ Command change(std::string name, std::string summary, void (HookConnection::*act
 }
 
 }  // namespace
+
+// The tools run the hook from folders of their own.
+HookConnection::Places hookPlaces(const Context& context) {
+  return {.home = std::filesystem::absolute(context.home),
+          .data = std::filesystem::absolute(context.data),
+          .tool = toolPath(),
+          .folders = context.agentFolders};
+}
 
 std::vector<Command> agentHookCommands() {
   return {{.name = "hook",

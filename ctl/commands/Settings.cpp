@@ -132,7 +132,8 @@ Command command(std::string name, std::string summary, std::vector<CommandOption
 
 Command settingsCommand() {
   const auto positional = CommandOption::Kind::positional;
-  const CommandOption key{positional, "KEY", "", "The key of a setting"};
+  CommandOption key{positional, "KEY", "", "The key of a setting"};
+  for (const SettingRow* row : allSettings()) key.choices.emplace_back(row->key);
   const CommandOption value{positional, "VALUE", "", "A value; several words or texts with commas between"};
   return {.name = "settings",
           .summary = "What can be chosen; a running bar follows each change",

@@ -95,9 +95,11 @@ std::string listed() {
 
 Command toolCommand() {
   using enum CommandOption::Kind;
+  CommandOption name{positional, "NAME", "", "The tool, such as hash"};
+  for (const TextTool& tool : textTools()) name.choices.emplace_back(nameOf(tool.widget));
   return {.name = "tool",
           .summary = "One of the text tools, standard input to standard output",
-          .options = {{positional, "NAME", "", "The tool, such as hash"},
+          .options = {name,
                       {value, "--to", "CHOICE", "What it makes, such as snake"},
                       {value, "--with", "CHOICE", "The same, such as sha256"},
                       {value, "--length", "CHARACTERS", "Of a password [the setting passwordLength]"}},

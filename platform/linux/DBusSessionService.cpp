@@ -36,6 +36,9 @@ struct MethodOf {
     return {QStringLiteral("OpenDiskDoctor"), {}};
   }
   std::pair<QString, QVariantList> operator()(const wish::Settings&) const { return {QStringLiteral("Settings"), {}}; }
+  std::pair<QString, QVariantList> operator()(const wish::Customize&) const {
+    return {QStringLiteral("Customize"), {}};
+  }
   std::pair<QString, QVariantList> operator()(const wish::Quit&) const { return {QStringLiteral("Quit"), {}}; }
 };
 

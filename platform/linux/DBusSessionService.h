@@ -27,6 +27,7 @@ class SessionServiceObject : public QObject, protected QDBusContext {
   void Ask(const QString& text);
   void OpenDiskDoctor() { receive_(wish::OpenDiskDoctor{}); }
   void Settings() { receive_(wish::Settings{}); }
+  void Customize() { receive_(wish::Customize{}); }
   void Quit() { receive_(wish::Quit{}); }
 
  private:

@@ -37,6 +37,7 @@ TEST(SessionServiceOnBus, ASecondStartHandsItsWishOver) {
       {{"--ask", "what's \"new\" in café?"}, wish::Ask{"what's \"new\" in café?"}},
       {{"--open-disk-doctor"}, wish::OpenDiskDoctor{}},
       {{"--settings"}, wish::Settings{}},
+      {{"--customize"}, wish::Customize{}},
       {{"--quit"}, wish::Quit{}},
   };
   for (const auto& [arguments, expected] : cases) {

@@ -25,6 +25,7 @@ TEST(CommandLine, EachOptionIsItsWish) {
       {{"--ask", "caf\xe9"}, wish::Ask{"caf\uFFFD"}},
       {{"--open-disk-doctor"}, wish::OpenDiskDoctor{}},
       {{"--settings"}, wish::Settings{}},
+      {{"--customize"}, wish::Customize{}},
       {{"--quit"}, wish::Quit{}},
   };
   for (const auto& [arguments, expected] : cases) {
@@ -48,6 +49,7 @@ TEST(CommandLine, MistakesAreNamed) {
       {{"--ask"}, "--ask needs a text"},
       {{"--ask", "  "}, "--ask needs a text"},
       {{"--reveal", "--quit"}, "--quit comes second"},
+      {{"--json"}, "--json needs --doctor"},
   };
   for (const auto& [arguments, expected] : cases) {
     const CommandLine line = parse(arguments);
