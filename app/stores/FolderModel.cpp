@@ -33,7 +33,7 @@ FolderModel::FolderModel(Seams seams, Unfinished unfinished, Shell& shell, QObje
 }
 
 void FolderModel::setPath(std::string path) {
-  path = folderPath(std::move(path));
+  path = folderPath(path);
   if (path == path_) return;
   path_ = std::move(path);
   reading_.forget();
