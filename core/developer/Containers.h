@@ -18,7 +18,7 @@ struct Container {
   std::string status;  // the engine's own words: "Up 2 hours (healthy)"
   bool isRunning = false;
   Health health = Health::unknown;
-  std::vector<std::uint16_t> ports;  // of this computer, in order
+  std::vector<std::uint16_t> ports = {};  // of this computer, in order
   bool operator==(const Container&) const = default;
 };
 

@@ -35,7 +35,7 @@ struct LocalServer {
   // Of other users' processes nothing more is known: pid 0 and no name.
   int pid = 0;
   std::uint64_t startTicks = 0;
-  std::string name, folder;
+  std::string name = {}, folder = {};
   bool operator==(const LocalServer&) const = default;
 };
 
