@@ -17,9 +17,9 @@ struct Surroundings {
   PresentCalendar calendar;
   std::function<Instant()> now;
   AgentFolders agentFolders = {};
-  UserHome userHome = {};           // where others keep their things
+  UserHome userHome = {};              // where others keep their things
   std::filesystem::path program = {};  // what runs, absolute
-  std::filesystem::path tool = {};  // tilebayctl; empty where it is not installed
+  std::filesystem::path tool = {};     // tilebayctl; empty where it is not installed
 };
 
 }  // namespace ambrel

@@ -23,9 +23,9 @@ int run(int files, int rounds) {
   const fs::path folder = fs::temp_directory_path() / fmt::format("tilebay-bench-{}", getpid());
   const fs::path top = folder / "repository";
   const auto git = [&](const std::string& arguments) {
-    return std::system(
-        fmt::format("git -C '{}' -c user.name=U -c user.email=u@x -c gc.auto=0 {} >/dev/null 2>&1", top.string(), arguments)
-            .c_str());
+    return std::system(fmt::format("git -C '{}' -c user.name=U -c user.email=u@x -c gc.auto=0 {} >/dev/null 2>&1",
+                                   top.string(), arguments)
+                           .c_str());
   };
   for (int i = 0; i < files; ++i) {
     const fs::path file = top / fmt::format("{}/{}/file-{}.txt", i / 10000, i / 100 % 100, i);

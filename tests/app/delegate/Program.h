@@ -28,13 +28,14 @@ struct Program {
   // What is stored stays.
   void restart() {
     delegate.reset();
-    delegate = std::make_unique<AppDelegate>(Surroundings{.home = folder / "home",
-                                                          .dataFolder = folder / "data",
-                                                          .defaultsFile = folder / "defaults.json",
-                                                          .calendar = Calendar{"UTC", "en_US"},
-                                                          .now = [this] { return desktop.clock.now(); },
-                                                          .userHome = {.home = {}, .data = {}, .config = folder / "home/.config", .cache = {}}},
-                                             desktop.seams());
+    delegate = std::make_unique<AppDelegate>(
+        Surroundings{.home = folder / "home",
+                     .dataFolder = folder / "data",
+                     .defaultsFile = folder / "defaults.json",
+                     .calendar = Calendar{"UTC", "en_US"},
+                     .now = [this] { return desktop.clock.now(); },
+                     .userHome = {.home = {}, .data = {}, .config = folder / "home/.config", .cache = {}}},
+        desktop.seams());
   }
 
   void putOnBar(const std::vector<std::string>& widgets) {

@@ -67,15 +67,15 @@ TEST(Containers, AreReadFromTheListOfEitherEngine) {
      "Health": {"Status": "healthy"}},
     {"Names": ["/nobody"]}, 7])json");
   ASSERT_TRUE(found);
-ASSERT_EQ(found->size(), 3u);
-EXPECT_EQ((*found)[0].name, "cc3333333333");
-EXPECT_EQ((*found)[0].health, Container::Health::healthy);
-EXPECT_EQ((*found)[1],
-          (Container{
-              "bb22", "web", "nginx:1.25", "Up 2 hours (unhealthy)", true, Container::Health::unhealthy, {8080}}));
-EXPECT_FALSE((*found)[2].isRunning);
-EXPECT_FALSE(parseContainers("{\"message\": \"no\"}"));
-EXPECT_EQ(engineComplaint("{\"message\": \"No such container: x\"}"), "No such container: x");
+  ASSERT_EQ(found->size(), 3u);
+  EXPECT_EQ((*found)[0].name, "cc3333333333");
+  EXPECT_EQ((*found)[0].health, Container::Health::healthy);
+  EXPECT_EQ(
+      (*found)[1],
+      (Container{"bb22", "web", "nginx:1.25", "Up 2 hours (unhealthy)", true, Container::Health::unhealthy, {8080}}));
+  EXPECT_FALSE((*found)[2].isRunning);
+  EXPECT_FALSE(parseContainers("{\"message\": \"no\"}"));
+  EXPECT_EQ(engineComplaint("{\"message\": \"No such container: x\"}"), "No such container: x");
 }
 
 TEST(ContainerLog, IsReadableWhateverTheProgramWrote) {
