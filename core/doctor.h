@@ -64,13 +64,14 @@ struct DoctorFacts {
   };
   std::optional<Bus> sessionBus, systemBus;  // absent when there is none
 
-  HookConnection::Places places;              // the home folder, ours, tilebayctl, and those of the agents
-  std::filesystem::path defaultsFile;         // ours
-  std::filesystem::path runtime;              // $XDG_RUNTIME_DIR; empty for none
-  std::filesystem::path root = "/";           // above /proc, /run and /usr
-  std::filesystem::path fonts;                // the user's own: $XDG_DATA_HOME/fonts
-  std::string modelServer;                    // the address that was chosen; empty for none
-  std::vector<std::filesystem::path> search;  // the folders of PATH
+  HookConnection::Places places;       // the home folder, ours, tilebayctl, and those of the agents
+  std::filesystem::path defaultsFile;  // ours
+  std::filesystem::path runtime;       // $XDG_RUNTIME_DIR; empty for none
+  std::filesystem::path root = "/";    // above /proc, /run and /usr
+  std::filesystem::path fonts;         // the user's own: $XDG_DATA_HOME/fonts
+  std::string modelServer;             // the address that was chosen; empty for none
+  // Where a container engine may listen; absent when it is one of another computer.
+  std::optional<std::vector<std::filesystem::path>> engines;
 };
 
 enum class DoctorState {

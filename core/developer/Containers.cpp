@@ -59,6 +59,23 @@ std::size_t sequenceLength(std::string_view text) {
 
 }  // namespace
 
+std::optional<std::vector<std::filesystem::path>> containerSockets(std::string_view dockerHost,
+                                                                   const std::filesystem::path& runtime,
+                                                                   const std::filesystem::path& home) {
+  if (!dockerHost.empty()) {
+    constexpr std::string_view local = "unix://";
+    if (!dockerHost.starts_with(local)) return std::nullopt;
+    return std::vector<std::filesystem::path>{dockerHost.substr(local.size())};
+  }
+  std::vector<std::filesystem::path> places{"/var/run/docker.sock", home / ".docker/desktop/docker.sock"};
+  if (!runtime.empty()) {
+    places.insert(places.begin(), runtime / "docker.sock");
+    places.push_back(runtime / "podman/podman.sock");
+  }
+  places.emplace_back("/run/podman/podman.sock");
+  return places;
+}
+
 std::optional<std::vector<Container>> parseContainers(std::string_view json) {
   const auto document = parseJSON(json);
   if (!document || !document->is_array()) return std::nullopt;

@@ -2,6 +2,7 @@
 // What a container engine says over its interface, which Docker's and Podman's engines share.
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,12 @@ struct Container {
   std::vector<std::uint16_t> ports = {};  // of this computer, in order
   bool operator==(const Container&) const = default;
 };
+
+// Where an engine may listen, the likeliest first. dockerHost: DOCKER_HOST; runtime: XDG_RUNTIME_DIR; both may be
+// empty. Absent when DOCKER_HOST names another computer.
+std::optional<std::vector<std::filesystem::path>> containerSockets(std::string_view dockerHost,
+                                                                   const std::filesystem::path& runtime,
+                                                                   const std::filesystem::path& home);
 
 // Those that run first, and by name. Absent when the text is no list of containers.
 std::optional<std::vector<Container>> parseContainers(std::string_view json);

@@ -120,19 +120,16 @@ DoctorRow sound(const DoctorFacts& facts) {
 }
 
 DoctorRow containers(const DoctorFacts& facts) {
-  for (const fs::path& socket : {facts.root / "run/docker.sock", facts.runtime / "docker.sock"}) {
-    if (!isThere(socket)) continue;
-    if (access(socket.c_str(), R_OK | W_OK) == 0) return {"Docker", found, socket.string(), {}};
-    return {"Docker", limited, "this user may not ask " + socket.string(),
-            "Add yourself to the group docker, if you trust it with root's rights"};
+  if (!facts.engines) return {"Containers", limited, "DOCKER_HOST names another computer, which is not asked", {}};
+  std::string closed;
+  for (const fs::path& socket : *facts.engines) {
+    if (access(socket.c_str(), R_OK | W_OK) == 0) return {"Containers", found, socket.string(), {}};
+    if (closed.empty() && isThere(socket)) closed = socket.string();
   }
-  return {"Docker", missing, "the Docker tile is empty", "Install docker.io if you use containers"};
-}
-
-DoctorRow git(const DoctorFacts& facts) {
-  for (const fs::path& folder : facts.search)
-    if (access((folder / "git").c_str(), X_OK) == 0) return {"Git", found, (folder / "git").string(), {}};
-  return {"Git", missing, "the Git tile is empty", "Install git"};
+  if (!closed.empty())
+    return {"Containers", limited, "this user may not ask " + closed,
+            "Add yourself to the group docker, if you trust it with root's rights"};
+  return {"Containers", missing, "the Docker tile is empty", "Install podman or docker.io if you use containers"};
 }
 
 struct Font {
@@ -142,6 +139,7 @@ struct Font {
 constexpr std::array fonts{
     Font{"Font Inter", "inter", "fonts-inter", "texts are in another font"},
     Font{"Font JetBrains Mono", "jetbrainsmono", "fonts-jetbrains-mono", "code is in another font"},
+    Font{"Font Noto Color Emoji", "notocoloremoji", "fonts-noto-color-emoji", "emoji are without color"},
     Font{"Font Material Icons", "materialicons", "fonts-material-design-icons-iconfont", "symbols are empty boxes"},
 };
 
@@ -249,7 +247,6 @@ std::vector<DoctorRow> diagnose(const DoctorFacts& facts) {
   addServices(facts, rows);
   rows.push_back(sound(facts));
   rows.push_back(containers(facts));
-  rows.push_back(git(facts));
   addFonts(facts, rows);
   for (const AgentKind kind : allCases<AgentKind>()) rows.push_back(agent(facts, kind));
   rows.push_back(modelServer(facts));

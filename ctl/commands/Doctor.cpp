@@ -1,7 +1,7 @@
 #include "core/doctor.h"
 
 #include "core/base/JSON.h"
-#include "core/base/Text.h"
+#include "core/developer/Containers.h"
 #include "core/settings.h"
 #include "ctl/Folders.h"
 #include "ctl/Session.h"
@@ -25,13 +25,11 @@ DoctorFacts gathered(const Context& context) {
                     .runtime = environmentVariable("XDG_RUNTIME_DIR"),
                     .fonts = dataFolder().parent_path() / "fonts",
                     .modelServer = {},
-                    .search = {}};
+                    .engines = {}};
   facts.package = packageOf(facts.places.tool, "tilebayctl", "/var/lib/dpkg");
   const UserDefaults defaults(facts.defaultsFile);
   if (valueOf(defaults, setting::askUsesModel)) facts.modelServer = valueOf(defaults, setting::modelServerURL);
-  const std::string path = environmentVariable("PATH");
-  for (const std::string_view folder : split(path, ':'))
-    if (folder.starts_with('/')) facts.search.emplace_back(folder);
+  facts.engines = containerSockets(environmentVariable("DOCKER_HOST"), facts.runtime, facts.places.home);
   return facts;
 }
 

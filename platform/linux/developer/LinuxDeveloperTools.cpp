@@ -40,27 +40,12 @@ std::string firstProgram(const std::vector<fs::path>& places) {
   return found == places.end() ? "" : found->string();
 }
 
-std::optional<std::vector<fs::path>> enginePlaces(const std::string& runtime, const fs::path& home) {
-  if (const std::string host = variable("DOCKER_HOST"); !host.empty()) {
-    constexpr std::string_view local = "unix://";
-    if (!host.starts_with(local)) return std::nullopt;
-    return std::vector<fs::path>{host.substr(local.size())};
-  }
-  std::vector<fs::path> places;
-  if (!runtime.empty()) places.push_back(fs::path(runtime) / "docker.sock");
-  places.push_back("/var/run/docker.sock");
-  places.push_back(home / ".docker/desktop/docker.sock");
-  if (!runtime.empty()) places.push_back(fs::path(runtime) / "podman/podman.sock");
-  places.push_back("/run/podman/podman.sock");
-  return places;
-}
-
 }  // namespace
 
 LinuxDeveloperTools::Sources LinuxDeveloperTools::runningSystem() {
   const fs::path home = variable("HOME");
   const std::string runtime = variable("XDG_RUNTIME_DIR"), avdHome = variable("ANDROID_AVD_HOME");
-  Sources sources{.user = getuid(), .engines = enginePlaces(runtime, home)};
+  Sources sources{.user = getuid(), .engines = containerSockets(variable("DOCKER_HOST"), runtime, home)};
   sources.brew = placesOf("brew", {"/home/linuxbrew/.linuxbrew/bin", home / ".linuxbrew/bin"});
   sources.xcrun = placesOf("xcrun");
   sources.emulator =

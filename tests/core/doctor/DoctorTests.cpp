@@ -55,6 +55,7 @@ class Doctor : public testing::Test {
     facts_.fonts = machine_ / "fonts";
     facts_.places = {.home = machine_ / "home", .data = machine_ / "home/data", .tool = "/usr/bin/tilebayctl"};
     facts_.defaultsFile = machine_ / "home/defaults.json";
+    facts_.engines.emplace();
   }
   DoctorRow row(const std::string& what) const {
     for (const DoctorRow& each : diagnose(facts_))
@@ -69,8 +70,8 @@ class Doctor : public testing::Test {
 };
 
 TEST_F(Doctor, WhatABareMachineLacksComesWithAdvice) {
-  for (const char* what : {"Session", "Tray", "Session bus", "System bus", "Sound", "Docker", "Git",
-                           "Font Material Icons", "Language model"}) {
+  for (const char* what : {"Session", "Tray", "Session bus", "System bus", "Sound", "Containers", "Font Material Icons",
+                           "Language model"}) {
     EXPECT_EQ(state(what), DoctorState::missing) << what;
     EXPECT_NE(row(what).advice, "") << what;
   }
