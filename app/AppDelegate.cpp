@@ -317,7 +317,7 @@ void AppDelegate::carryOut(MenuCommand command, const std::optional<UUID>& profi
       break;
     case MenuCommand::checkForUpdates:
       updates_.check([this](const UpdateAnswer& answer) {
-        toast_.show(toQString(answer.title), toQString(answer.detail), QStringLiteral("arrow.triangle.2.circlepath"));
+        toast_.show(toQString(answer.title), toQString(answer.detail), QStringLiteral("arrow.clockwise"));
       });
       break;
   }
