@@ -112,7 +112,7 @@ TEST_F(Doctor, FilesTellOfAgentsFontsServersAndMistakes) {
   machine_.write("usr/share/fonts/truetype/md/InterestingNotes.txt", "");
   machine_.write("home/defaults.json", "{\"dockEdge\": ");
   const std::string listener = "   0: 0100007F:2CAA 00000000:0000 0A 00000000:00000000 00:00000000 00000000\n";
-  machine_.write("proc/net/tcp", "   0: 0100007F:9000 0100007F:2CAA 01 00000000:00000000\n");
+  machine_.write("proc/net/tcp", "   0: 0100007F:2CAA 0100007F:9000 01 00000000:00000000\n");
   EXPECT_EQ(state("Language model"), DoctorState::missing);
   machine_.write("proc/net/tcp", listener);
   EXPECT_THAT(row("Language model").detail, HasSubstr("11434"));
