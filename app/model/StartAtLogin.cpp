@@ -7,25 +7,33 @@
 
 namespace ambrel {
 
-StartAtLogin::StartAtLogin(const std::filesystem::path& config, std::filesystem::path program, QObject* parent)
-    : QObject(parent), file_(autostartFile(config)), program_(std::move(program)), watcher_(file_) {
+StartAtLogin::StartAtLogin(const std::filesystem::path& config, std::filesystem::path installed,
+                           std::filesystem::path program, QObject* parent)
+    : QObject(parent),
+      file_(autostartFile(config)),
+      installed_(std::move(installed)),
+      program_(std::move(program)),
+      watcher_(file_) {
   connect(&watcher_, &FollowedFile::changed, this, &StartAtLogin::look);
   watcher_.start();
   look();
 }
 
 void StartAtLogin::look() {
-  isOn_ = startsAtLogin(readFile(file_));
+  const auto own = readFile(file_);
+  isOn_ = own ? startsAtLogin(own) : isInstalledOn();
   Q_EMIT changed();
 }
+
+bool StartAtLogin::isInstalledOn() const { return startsAtLogin(readFile(installed_)); }
 
 void StartAtLogin::setOn(bool isOn) {
   if (isOn == isOn_) return;
   problem_.clear();
   try {
-    if (isOn) {
+    if (isOn != isInstalledOn()) {
       makeFolders(file_.parent_path());
-      writeAtomically(file_, autostartEntry(program_), 0644);
+      writeAtomically(file_, isOn ? autostartEntry(program_) : noAutostartEntry(), 0644);
     } else {
       std::error_code error;
       std::filesystem::remove(file_, error);

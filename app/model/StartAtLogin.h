@@ -18,8 +18,10 @@ class StartAtLogin : public QObject {
   Q_PROPERTY(QString problem READ problem NOTIFY changed FINAL)
 
  public:
-  // `config`: the user's folder of configurations. `program`: what the session starts.
-  StartAtLogin(const std::filesystem::path& config, std::filesystem::path program, QObject* parent = nullptr);
+  // `config`: the user's folder of configurations. `installed`: the entry that a package may have brought, and that the
+  // user's own overrules. `program`: what the session starts.
+  StartAtLogin(const std::filesystem::path& config, std::filesystem::path installed, std::filesystem::path program,
+               QObject* parent = nullptr);
 
   bool isOn() const { return isOn_; }
   void setOn(bool isOn);
@@ -31,7 +33,9 @@ class StartAtLogin : public QObject {
  private:
   void look();
 
-  std::filesystem::path file_, program_;
+  bool isInstalledOn() const;
+
+  std::filesystem::path file_, installed_, program_;
   FollowedFile watcher_;
   bool isOn_ = false;
   QString problem_;

@@ -11,6 +11,7 @@
 #include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
 #include "app/window/FileDialog.h"
+#include "core/workspace/Autostart.h"
 
 namespace ambrel {
 namespace {
@@ -63,7 +64,7 @@ PanelsArea::PanelsArea(const Seams& seams, DueTimer& due, QObject* parent)
     : Area(QStringLiteral("Panels"), parent),
       engine_(seams.engine),
       keys_(seams.hotKeys, seams.settings),
-      startAtLogin_(seams.userHome.config, seams.program),
+      startAtLogin_(seams.userHome.config, installedAutostartFile(), seams.program),
       choices_(seams.defaults, seams.settings, seams.model),
       privacy_({.data = seams.data, .defaults = seams.defaultsFile}, sourcesOf(seams), seams.home, seams.calendar),
       licence_({.file = licenceFile(seams.data),

@@ -23,6 +23,10 @@ std::filesystem::path autostartFile(const std::filesystem::path& config) {
   return config / "autostart" / "tilebay.desktop";
 }
 
+std::filesystem::path installedAutostartFile() { return "/etc/xdg/autostart/tilebay.desktop"; }
+
+std::string noAutostartEntry() { return "[Desktop Entry]\nType=Application\nName=Tilebay\nHidden=true\n"; }
+
 std::string autostartEntry(const std::filesystem::path& program) {
   return "[Desktop Entry]\nType=Application\nName=Tilebay\nExec=" + execArgument(program.string()) +
          "\nTerminal=false\nX-GNOME-Autostart-enabled=true\n";
