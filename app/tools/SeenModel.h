@@ -4,36 +4,40 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+#include "app/base/Replaced.h"
+
 namespace ambrel {
 
 class SeenModel : public QObject {
   Q_OBJECT
   QML_ANONYMOUS
+  Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged FINAL)  // its panel
 
  public:
   using QObject::QObject;
 
   bool isNeeded() const { return isSeen_ || isOpen_; }
+  bool isOpen() const { return isOpen_; }
   void setIsSeen(bool isSeen) {
     isSeen_ = isSeen;
     neededChanged();
   }
   // Of the panel.
   Q_INVOKABLE void begin() {
-    isOpen_ = true;
-    opened();
+    if (replaced(isOpen_, true)) Q_EMIT isOpenChanged();
     neededChanged();
   }
   Q_INVOKABLE void end() {
-    if (!isOpen_) return;
-    isOpen_ = false;
+    if (!replaced(isOpen_, false)) return;
+    Q_EMIT isOpenChanged();
     closed();
     neededChanged();
   }
 
+ Q_SIGNALS:
+  void isOpenChanged();
+
  protected:
-  bool isOpen() const { return isOpen_; }
-  virtual void opened() {}
   virtual void closed() {}
   virtual void neededChanged() {}
 

@@ -22,7 +22,7 @@ const TextToolModel::Text nothing = std::make_shared<const std::string>();
 }  // namespace
 
 TextToolModel::TextToolModel(const TextTool& tool, const ToolSeams& seams, QObject* parent)
-    : QObject(parent), tool_(tool), seams_(seams), clipboard_(nothing), input_(nothing) {
+    : SeenModel(parent), tool_(tool), seams_(seams), clipboard_(nothing), input_(nothing) {
   reload();
 }
 
@@ -55,29 +55,21 @@ void TextToolModel::setChoice(int choice) {
   renew();
 }
 
-void TextToolModel::setIsSeen(bool isSeen) {
-  isSeen_ = isSeen;
+void TextToolModel::neededChanged() {
   if (isStale_) renew();
 }
 
 void TextToolModel::setClipboard(Text text) {
   if (*text == *clipboard_) return;
   clipboard_ = std::move(text);
-  if (!isOpen_ || input_->empty()) useClipboard();
+  if (!isOpen() || input_->empty()) useClipboard();
 }
 
 void TextToolModel::useClipboard() { setText(clipboard_); }
 
 void TextToolModel::clear() { setText(nothing); }
 
-void TextToolModel::begin() {
-  if (replaced(isOpen_, true)) Q_EMIT isOpenChanged();
-  if (isStale_) renew();
-}
-
-void TextToolModel::end() {
-  if (!replaced(isOpen_, false)) return;
-  Q_EMIT isOpenChanged();
+void TextToolModel::closed() {
   if (takesInput()) useClipboard();
 }
 

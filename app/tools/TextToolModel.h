@@ -1,11 +1,11 @@
 #pragma once
 // One text tool: what it works on, how, and what comes of it.
 
-#include <QObject>
 #include <QStringList>
 #include <QUrl>
 #include <memory>
 
+#include "app/tools/SeenModel.h"
 #include "app/tools/ToolFace.h"
 #include "app/tools/ToolSeams.h"
 
@@ -13,7 +13,7 @@ namespace ambrel {
 
 // It works on the clipboard's text while its tile can be seen. While its panel is open, it keeps the text that the
 // panel began with, or what was typed or dropped; at other times it rests.
-class TextToolModel : public QObject {
+class TextToolModel : public SeenModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -24,7 +24,6 @@ class TextToolModel : public QObject {
   Q_PROPERTY(bool takesInput READ takesInput CONSTANT FINAL)
   Q_PROPERTY(QStringList choices READ choices CONSTANT FINAL)  // empty for a tool that does one thing
   Q_PROPERTY(int choice READ choice WRITE setChoice NOTIFY choiceChanged FINAL)
-  Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged FINAL)  // its panel
 
  public:
   using Text = std::shared_ptr<const std::string>;
@@ -40,17 +39,11 @@ class TextToolModel : public QObject {
   int choice() const { return choice_; }
   void setChoice(int choice);
   QString widgetId() const;
-  bool isOpen() const { return isOpen_; }
-
-  bool isNeeded() const { return isSeen_ || isOpen_; }
-  void setIsSeen(bool isSeen);
   void setClipboard(Text text);
   // What is stored may have changed.
   void reload();
 
-  // Of the panel; the area begins it.
-  void begin();
-  Q_INVOKABLE void end();
+  // Of the panel, which the area begins.
   Q_INVOKABLE void setInput(const QString& text);
   Q_INVOKABLE void useClipboard();
   Q_INVOKABLE void clear();
@@ -69,7 +62,10 @@ class TextToolModel : public QObject {
  Q_SIGNALS:
   void faceChanged();
   void choiceChanged();
-  void isOpenChanged();
+
+ protected:
+  void closed() override;
+  void neededChanged() override;
 
  private:
   std::string choiceKey() const;
@@ -86,7 +82,6 @@ class TextToolModel : public QObject {
   ToolResult result_;
   int choice_ = 0;
   int generation_ = 0;  // of what is being worked out
-  bool isSeen_ = false, isOpen_ = false;
   bool isStale_ = true;
   bool copiesWhenDone_ = false;
 };

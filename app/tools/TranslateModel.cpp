@@ -18,18 +18,24 @@ constexpr const char* targetKey = "translate.target";
 
 }  // namespace
 
-TranslateModel::TranslateModel(const ToolSeams& seams, QObject* parent)
-    : QObject(parent), seams_(seams), languages_(translationLanguages(seams.calendar().locale())) {
-  reload();
+TranslateModel::TranslateModel(const ToolSeams& seams, QObject* parent) : QObject(parent), seams_(seams) {}
+
+const TranslateFace& TranslateModel::face() {
+  if (languages_.empty()) {
+    languages_ = translationLanguages(seams_.calendar().locale());
+    reload();
+  }
+  return face_;
 }
 
-QStringList TranslateModel::targets() const {
+QStringList TranslateModel::targets() {
   QStringList names;
+  face();
   for (const TranslationLanguage& language : languages_) names << toQString(language.name);
   return names;
 }
 
-QStringList TranslateModel::sources() const { return QStringList{tr("Detect language")} + targets(); }
+QStringList TranslateModel::sources() { return QStringList{tr("Detect language")} + targets(); }
 
 void TranslateModel::change(const std::function<void(TranslateFace&)>& edit) {
   TranslateFace face = face_;
@@ -38,6 +44,7 @@ void TranslateModel::change(const std::function<void(TranslateFace&)>& edit) {
 }
 
 void TranslateModel::reload() {
+  if (languages_.empty()) return;
   const auto indexOf = [this](const std::string& code) {
     return static_cast<int>(std::ranges::find(languages_, code, &TranslationLanguage::code) - languages_.begin());
   };
@@ -59,6 +66,7 @@ void TranslateModel::reload() {
 }
 
 void TranslateModel::begin() {
+  face();
   isOpen_ = true;
   useClipboard();
 }

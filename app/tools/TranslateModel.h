@@ -41,9 +41,10 @@ class TranslateModel : public QObject {
   explicit TranslateModel(const ToolSeams& seams, QObject* parent = nullptr);
   ~TranslateModel() override { run_.request_stop(); }
 
-  const TranslateFace& face() const { return face_; }
-  QStringList sources() const;
-  QStringList targets() const;
+  // The languages are looked up when somebody first asks for the face.
+  const TranslateFace& face();
+  QStringList sources();
+  QStringList targets();
   void reload();
 
   // Of the panel: takes the clipboard's text and translates it. Nothing is kept after its end.
