@@ -65,48 +65,18 @@ Popover {
         Repeater {
             model: root.emoji.face.groups
 
-            Pressable {
-                id: group
-
+            EmojiChoice {
                 required property int index
                 required property string modelData
-                readonly property bool isChosen: index === root.emoji.face.group && field.text === ""
 
                 label: modelData
-                tip: modelData
-                accessibleRole: Accessible.RadioButton
-                Accessible.checkable: true
-                Accessible.checked: isChosen
-                implicitWidth: 36
-                implicitHeight: 36
+                emoji: root.emoji.face.samples[index] ?? ""
+                isChosen: index === root.emoji.face.group && field.text === ""
                 onClicked: {
                     field.text = "";
                     root.emoji.setGroup(index);
                     grid.currentIndex = 0;
                     grid.positionViewAtBeginning();
-                }
-
-                Rectangle {
-                    anchors.fill: parent
-                    anchors.margins: 1
-                    radius: Theme.radiusButton
-                    color: group.isChosen ? Theme.blue.soft : group.hovered ? Theme.cardHover : "transparent"
-                }
-                Symbol {
-                    anchors.centerIn: parent
-                    visible: group.index === 0
-                    name: "clock"
-                    size: 18
-                    color: Theme.ink2
-                }
-                EmojiGlyph {
-                    anchors.centerIn: parent
-                    visible: group.index > 0
-                    text: root.emoji.face.samples[group.index] ?? ""
-                    size: 18
-                }
-                FocusRing {
-                    gap: 0
                 }
             }
         }
@@ -132,11 +102,23 @@ Popover {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Emoji")
 
-        delegate: EmojiCell {
+        delegate: EmojiChoice {
+            required property emojiRow row
+            required property int index
+
             width: grid.cellWidth
             height: grid.cellHeight
-            isCurrent: GridView.isCurrentItem
-            onPointed: root.pointedName = row.name
+            label: row.name
+            tip: ""
+            accessibleRole: Accessible.ListItem
+            activeFocusOnTab: false
+            emoji: row.text
+            size: 22
+            isChosen: GridView.isCurrentItem
+            onHoveredChanged: if (hovered)
+                root.pointedName = label
+            onIsChosenChanged: if (isChosen)
+                root.pointedName = label
             onClicked: root.take(index)
         }
     }
@@ -185,34 +167,15 @@ Popover {
             Repeater {
                 model: root.emoji.face.tones
 
-                Pressable {
-                    id: tone
-
+                EmojiChoice {
                     required property int index
                     required property string modelData
-                    readonly property bool isChosen: index === root.emoji.face.tone
 
                     label: index === 0 ? qsTr("Without a tone of skin") : qsTr("Tone of skin %1").arg(index)
-                    accessibleRole: Accessible.RadioButton
-                    Accessible.checkable: true
-                    Accessible.checked: isChosen
-                    implicitWidth: 26
-                    implicitHeight: 28
+                    emoji: modelData
+                    size: 15
+                    isChosen: index === root.emoji.face.tone
                     onClicked: root.emoji.setTone(index)
-
-                    Rectangle {
-                        anchors.fill: parent
-                        radius: Theme.radiusSmall
-                        color: tone.isChosen ? Theme.blue.soft : tone.hovered ? Theme.cardHover : "transparent"
-                    }
-                    EmojiGlyph {
-                        anchors.centerIn: parent
-                        text: tone.modelData
-                        size: 15
-                    }
-                    FocusRing {
-                        gap: 0
-                    }
                 }
             }
         }

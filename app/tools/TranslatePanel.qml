@@ -36,8 +36,18 @@ Popover {
         target: root.translator
 
         function onFaceChanged() {
-            input.show(root.translator.face.input);
+            source.show(root.translator.face.input);
             output.show(root.translator.face.output);
+        }
+    }
+    Connections {
+        target: source.input.Keys
+
+        function onPressed(event: var) {
+            const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+            event.accepted = isReturn && (event.modifiers & Qt.ControlModifier) !== 0;
+            if (event.accepted)
+                root.translator.translate();
         }
     }
     Item {
@@ -149,7 +159,7 @@ Popover {
             }
 
             TextBox {
-                id: input
+                id: source
 
                 width: parent.width
                 height: (parent.height - note.height - Theme.space2) / 2
@@ -158,18 +168,11 @@ Popover {
                 label: qsTr("Text")
                 onEdited: root.translator.setInput(text)
                 Component.onCompleted: show(root.translator.face.input)
-                input.Keys.onPressed: event => {
-                    const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
-                    if (!isReturn || !(event.modifiers & Qt.ControlModifier))
-                        return;
-                    root.translator.translate();
-                    event.accepted = true;
-                }
             }
             Label {
                 id: note
 
-                anchors.top: input.bottom
+                anchors.top: source.bottom
                 anchors.topMargin: Theme.space1
                 width: parent.width
                 text: {
@@ -186,7 +189,7 @@ Popover {
 
                 anchors.bottom: parent.bottom
                 width: parent.width
-                height: input.height
+                height: source.height
                 visible: root.translator.face.problem === ""
                 label: qsTr("Translation")
                 hint: root.translator.face.isWorking ? qsTr("Translating…") : qsTr("The translation comes here")
@@ -214,7 +217,7 @@ Popover {
                 symbol: "translate"
                 text: qsTr("Translate")
                 tip: qsTr("Control+Return")
-                enabled: input.text.trim() !== "" && !root.translator.face.isWorking
+                enabled: source.text.trim() !== "" && !root.translator.face.isWorking
                 onClicked: root.translator.translate()
             }
             Button {
