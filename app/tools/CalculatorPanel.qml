@@ -8,6 +8,8 @@ Popover {
 
     required property CalculatorModel calculator
 
+    title: qsTr("Calculator")
+    symbol: "plus.forwardslash.minus"
     fact: calculator.face.isWorking ? qsTr("Working…") : ""
     implicitWidth: 380
     implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4

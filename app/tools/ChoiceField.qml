@@ -9,10 +9,18 @@ Pressable {
     property var options: [] // texts
     property int current: -1
     readonly property bool isOpen: list.visible
+    // For the list, within the panel's window and its margin.
+    property real roomAbove
+    property real roomBelow
+    readonly property bool opensAbove: roomBelow < list.wantedHeight && roomAbove > roomBelow
 
     signal chosen(int index)
 
     function openList() {
+        const margin = 68;
+        const top = root.mapToItem(null, 0, 0).y;
+        roomAbove = top - margin;
+        roomBelow = root.Window.height - margin - top - root.height;
         list.currentIndex = root.current;
         list.visible = true;
         list.positionViewAtIndex(Math.max(0, root.current), ListView.Center);
@@ -86,10 +94,12 @@ Pressable {
     ListView {
         id: list
 
+        readonly property real wantedHeight: Math.min(28 * root.options.length, 224)
+
         visible: false
-        y: root.height + 9
+        y: root.opensAbove ? -height - 9 : root.height + 9
         width: root.width
-        height: Math.min(contentHeight, 224)
+        height: Math.min(wantedHeight, Math.max(root.roomAbove, root.roomBelow))
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: 0

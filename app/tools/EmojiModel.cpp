@@ -62,7 +62,6 @@ void EmojiModel::begin() {
 void EmojiModel::end() {
   ++generation_;
   emoji_ = {};
-  rows_.setRows({});
 }
 
 void EmojiModel::search(const QString& query) {
@@ -105,6 +104,7 @@ QString EmojiModel::toned(const Emoji& emoji) const {
 }
 
 void EmojiModel::show() {
+  if (emoji_.empty()) return;
   std::vector<EmojiRow> rows;
   const auto add = [&](const Emoji& emoji) { rows.push_back({.text = toned(emoji), .name = toQString(emoji.name)}); };
   if (!query_.trimmed().isEmpty()) {

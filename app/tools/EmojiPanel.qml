@@ -16,6 +16,8 @@ Popover {
             closeRequested();
     }
 
+    title: qsTr("Emoji")
+    symbol: "face.smiling.inverse"
     implicitWidth: 392
     implicitHeight: 452
 

@@ -10,6 +10,8 @@ Popover {
     property bool hasServer: false
     property bool isMistaken: false
 
+    title: qsTr("Quick Translate")
+    symbol: "translate"
     implicitWidth: 480
     implicitHeight: 452
     fact: translator.face.isWorking ? qsTr("Translating…") : ""

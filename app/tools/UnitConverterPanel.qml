@@ -8,6 +8,8 @@ Popover {
 
     required property UnitConverterModel units
 
+    title: qsTr("Unit Converter")
+    symbol: "ruler"
     fact: units.face.isWorking ? qsTr("Working…") : ""
     implicitWidth: 380
     implicitHeight: 320

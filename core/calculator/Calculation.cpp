@@ -75,6 +75,7 @@ PrintOptions printing(bool isDecimalComma) {
   PrintOptions options;
   options.use_unicode_signs = true;
   options.lower_case_e = true;
+  options.show_ending_zeroes = false;
   options.abbreviate_names = true;
   options.interval_display = INTERVAL_DISPLAY_SIGNIFICANT_DIGITS;
   options.number_fraction_format = FRACTION_DECIMAL;
