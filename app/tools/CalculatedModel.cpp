@@ -9,7 +9,8 @@
 namespace ambrel {
 
 void CalculatedModel::reload() {
-  input_ = seams_.defaults.string(key_).value_or(standard_);
+  // What is being typed is stored when the panel closes.
+  if (!isOpen()) input_ = seams_.defaults.string(key_).value_or(standard_);
   renew();
 }
 

@@ -19,7 +19,7 @@ struct CalculatedFace {
   bool operator==(const CalculatedFace&) const = default;
 };
 
-class CalculatedModel : public SeenModel {
+class CalculatedModel : public ambrel::SeenModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("of several kinds")

@@ -15,7 +15,7 @@ struct CalculatorRow {
   bool operator==(const CalculatorRow&) const = default;
 };
 
-class CalculatorModel : public CalculatedModel {
+class CalculatorModel : public ambrel::CalculatedModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")

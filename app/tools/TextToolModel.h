@@ -13,7 +13,7 @@ namespace ambrel {
 
 // It works on the clipboard's text while its tile can be seen. While its panel is open, it keeps the text that the
 // panel began with, or what was typed or dropped; at other times it rests.
-class TextToolModel : public SeenModel {
+class TextToolModel : public ambrel::SeenModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")

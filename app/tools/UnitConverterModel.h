@@ -18,7 +18,7 @@ struct UnitChoice {
   bool operator==(const UnitChoice&) const = default;
 };
 
-class UnitConverterModel : public CalculatedModel {
+class UnitConverterModel : public ambrel::CalculatedModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")

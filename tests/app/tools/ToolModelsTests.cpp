@@ -1,4 +1,5 @@
-#include <QSignalSpy>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTest>
 
 #include "app/base/StoredValue.h"
@@ -49,6 +50,7 @@ class ToolModelsTests : public QObject {
     QCOMPARE(desk.asked.at(0).expression, std::string("(1) mi to km"));
     desk.asked[0].done({"1.609344 km", {}});
     QCOMPARE(units.face().value, QStringLiteral("1.609344 km"));
+    units.begin();
     units.swap();
     units.setInput(QStringLiteral(" 5 "));
     desk.rest();
@@ -98,13 +100,12 @@ class ToolModelsTests : public QObject {
   void picksTheColorUnderTheLoupeInTheNotationOfTheConverter() {
     ToolsDesk desk;
     ColorPickerModel& picker = *desk.area.colorPicker();
-    desk.screen.image = QImage(40, 30, QImage::Format_RGB32);
+    desk.screen.image = QImage(QGuiApplication::primaryScreen()->size(), QImage::Format_RGB32);
     desk.screen.image.fill(Qt::black);
     desk.screen.image.setPixelColor(11, 20, QColor(255, 128, 0));
     store(desk.defaults, "colorConverter.mode", 1);
     picker.pick();
     QVERIFY(picker.loupe());
-    picker.loupe()->resize(desk.screen.image.size());
     QTest::mouseMove(picker.loupe(), QPoint(10, 20));
     QTest::keyClick(picker.loupe(), Qt::Key_Right);
     QCOMPARE(picker.loupe()->place(), QPoint(11, 20));
