@@ -21,8 +21,8 @@ Pressable {
         const top = root.mapToItem(null, 0, 0).y;
         roomAbove = top - margin;
         roomBelow = root.Window.height - margin - top - root.height;
-        list.currentIndex = root.current;
         list.visible = true;
+        list.currentIndex = root.current;
         list.positionViewAtIndex(Math.max(0, root.current), ListView.Center);
         list.forceActiveFocus();
     }

@@ -33,7 +33,7 @@ Pressable {
     }
     EmojiGlyph {
         anchors.centerIn: parent
-        text: root.emoji
+        emoji: root.emoji
         size: root.size
     }
     FocusRing {

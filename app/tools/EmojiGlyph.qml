@@ -2,8 +2,11 @@ import QtQuick
 
 // An emoji in its colors.
 Text {
+    property string emoji
     property int size: 22
 
+    // The toolkit draws a joined sequence in pieces where it has variation selectors.
+    text: emoji.includes("\u200d") ? emoji.replace(/\ufe0f/g, "") : emoji
     font.family: "Noto Color Emoji"
     font.pixelSize: size
     textFormat: Text.PlainText

@@ -15,7 +15,7 @@ TileFrame {
 
     EmojiGlyph {
         anchors.centerIn: parent
-        text: root.emoji.face.last === "" ? "😀" : root.emoji.face.last
+        emoji: root.emoji.face.last === "" ? "😀" : root.emoji.face.last
         size: 17
     }
 }

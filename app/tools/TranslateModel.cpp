@@ -23,7 +23,7 @@ TranslateModel::TranslateModel(const ToolSeams& seams, QObject* parent) : QObjec
 const TranslateFace& TranslateModel::face() {
   if (languages_.empty()) {
     languages_ = translationLanguages(seams_.calendar().locale());
-    reload();
+    read(face_);
   }
   return face_;
 }
@@ -45,6 +45,10 @@ void TranslateModel::change(const std::function<void(TranslateFace&)>& edit) {
 
 void TranslateModel::reload() {
   if (languages_.empty()) return;
+  change([this](TranslateFace& face) { read(face); });
+}
+
+void TranslateModel::read(TranslateFace& face) const {
   const auto indexOf = [this](const std::string& code) {
     return static_cast<int>(std::ranges::find(languages_, code, &TranslationLanguage::code) - languages_.begin());
   };
@@ -52,17 +56,15 @@ void TranslateModel::reload() {
   const int source = indexOf(seams_.defaults.string(sourceKey).value_or("")) + 1;
   int target = indexOf(seams_.defaults.string(targetKey).value_or(""));
   if (target == count) target = indexOf(ownLanguage(seams_.calendar().locale()));
-  change([&](TranslateFace& face) {
-    face.source = source > count ? 0 : source;
-    face.target = target;
-    const TranslationLanguage& wanted = languages_[static_cast<std::size_t>(target)];
-    face.code = toQString(wanted.code).section(QLatin1Char('-'), 0, 0).toUpper();
-    face.targetName = toQString(wanted.name);
-    face.address = QString::fromStdString(valueOf(seams_.defaults, setting::translateServerURL));
-    const bool isAllowed = face.address.isEmpty() ||
-                           mayReceive(face.address, valueOf(seams_.defaults, setting::translateServerAllowedURL));
-    face.stranger = isAllowed ? QString() : QUrl(face.address).host();
-  });
+  face.source = source > count ? 0 : source;
+  face.target = target;
+  const TranslationLanguage& wanted = languages_[static_cast<std::size_t>(target)];
+  face.code = toQString(wanted.code).section(QLatin1Char('-'), 0, 0).toUpper();
+  face.targetName = toQString(wanted.name);
+  face.address = QString::fromStdString(valueOf(seams_.defaults, setting::translateServerURL));
+  const bool isAllowed =
+      face.address.isEmpty() || mayReceive(face.address, valueOf(seams_.defaults, setting::translateServerAllowedURL));
+  face.stranger = isAllowed ? QString() : QUrl(face.address).host();
 }
 
 void TranslateModel::begin() {
@@ -178,10 +180,10 @@ void TranslateModel::askModel(int generation) {
 
 void TranslateModel::show(const Translation& translation, bool isWhole, int generation) {
   if (generation != generation_) return;
-  found_ = translation.source;
+  if (task_.source.empty()) found_ = translation.source;
   change([&](TranslateFace& face) {
     face.output = toQString(translation.text);
-    face.detected = toQString(languageName(translation.source, seams_.calendar().locale()));
+    face.detected = toQString(languageName(found_, seams_.calendar().locale()));
     face.isWorking = !isWhole;
   });
 }

@@ -66,6 +66,8 @@ class TranslateModel : public QObject {
   void faceChanged();
 
  private:
+  // What is stored.
+  void read(TranslateFace& face) const;
   void change(const std::function<void(TranslateFace&)>& edit);
   void store(const char* key, const std::string& code);
   void takeInput(const QString& text);

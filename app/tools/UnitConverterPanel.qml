@@ -12,7 +12,7 @@ Popover {
     symbol: "ruler"
     fact: units.face.isWorking ? qsTr("Working…") : ""
     implicitWidth: 380
-    implicitHeight: 320
+    implicitHeight: 296
 
     onAboutToOpen: {
         units.begin();
