@@ -110,7 +110,7 @@ class ToolModelsTests : public QObject {
     QTest::keyClick(picker.loupe(), Qt::Key_Right);
     QCOMPARE(picker.loupe()->place(), QPoint(11, 20));
     QTest::keyClick(picker.loupe(), Qt::Key_Return);
-    QCOMPARE(desk.shell.copied, QStringList{QStringLiteral("#ff8000")});
+    QCOMPARE(desk.shell.copied, QStringList{QStringLiteral("#FF8000")});
     QVERIFY(!picker.loupe());
     picker.pick();
     QTest::keyClick(picker.loupe(), Qt::Key_Escape);
@@ -119,7 +119,7 @@ class ToolModelsTests : public QObject {
     // The desktop's own picker, where it has one.
     desk.screen.picked = PickedColor{.color = QColor(0, 0, 255)};
     picker.pick();
-    QCOMPARE(desk.shell.copied.value(1), QStringLiteral("#0000ff"));
+    QCOMPARE(desk.shell.copied.value(1), QStringLiteral("#0000FF"));
     desk.screen.picked = PickedColor{.problem = "none"};
     picker.pick();
     QCOMPARE(desk.shell.toasts.size(), 1);
