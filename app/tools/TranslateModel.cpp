@@ -159,7 +159,7 @@ void TranslateModel::askServer(const QString& address, int generation) {
 }
 
 void TranslateModel::askModel(int generation) {
-  change([](TranslateFace& face) { face.by = tr("The language model"); });
+  change([](TranslateFace& face) { face.by = tr("the language model"); });
   const TranslationPrompt prompt = translationPrompt(task_);
   const QPointer self(this);
   seams_.model.respond({.instructions = prompt.instructions,
