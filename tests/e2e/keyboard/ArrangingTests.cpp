@@ -20,22 +20,18 @@ class Arranging : public Keyboard {
     return waitFor([&] { return stored() == expected; }, 4000);
   }
 
-  void pointer(const QString& command) {
-    keys_.write(command.toUtf8() + '\n');
-    keys_.waitForBytesWritten(1000);
+  // Returns when the program has done what it leads to.
+  void point(const QStringList& commands) {
+    run("xdotool", commands);
+    reader_.settle();
   }
-  void moveTo(QPoint at) { pointer(QStringLiteral("mousemove --sync %1 %2").arg(at.x()).arg(at.y())); }
+  static QStringList moveTo(QPoint at) { return {"mousemove", QString::number(at.x()), QString::number(at.y())}; }
   // Presses in the middle of an item and moves to a place, in steps that a hand would make.
   void hold(QPoint from, QPoint to) {
-    moveTo(from);
-    pointer("mousedown 1");
-    for (int step = 1; step <= 8; ++step) moveTo(from + (to - from) * step / 8);
-    reader_.settle();
+    point(moveTo(from) + QStringList{"mousedown", "1"});
+    for (int step = 1; step <= 8; ++step) point(moveTo(from + (to - from) * step / 8));
   }
-  void letGo() {
-    pointer("mouseup 1");
-    reader_.settle();
-  }
+  void letGo() { point({"mouseup", "1"}); }
 
   QString below(const QString& path, const QString& name, int depth = 12) const {
     if (reader_.item(path).name.startsWith(name)) return path;
@@ -73,7 +69,7 @@ TEST_F(Arranging, DragsTilesAndTakesItBack) {
   EXPECT_EQ(windows(), before);
 
   hold(at("CPU"), at("Memory"));
-  pointer("key Escape");
+  point({"key", "Escape"});
   letGo();
   EXPECT_EQ(stored(), (Names{"cpu", "clock", "fromTheFuture", "memory"})) << "Escape ends it";
 
@@ -90,8 +86,7 @@ TEST_F(Arranging, DragsTilesAndTakesItBack) {
   ASSERT_TRUE(waitFor([&] { return !undo().isEmpty(); })) << "no way back";
   reader_.settle();
   shoot();
-  moveTo(reader_.item(undo()).place.center());
-  pointer("click 1");
+  point(moveTo(reader_.item(undo()).place.center()) + QStringList{"click", "1"});
   EXPECT_TRUE(becomes({"cpu", "clock", "fromTheFuture", "memory"}));
 
   // Somebody else edits the profile meanwhile.
