@@ -30,11 +30,22 @@ Item {
             color: Theme.tile
         }
         TileHost {
+            id: host
+
             anchors.fill: parent
             context: root.context
             widget: root.drag.widget
             span: root.drag.span
             isSample: root.drag.isSample
+        }
+        // One that this version does not know.
+        Label {
+            visible: host.tile === null
+            anchors.centerIn: parent
+            width: Math.min(implicitWidth, parent.width - 2 * Theme.space2)
+            text: root.drag.widget
+            role: Theme.caption
+            color: Theme.ink2
         }
         Rectangle {
             visible: root.drag.removes

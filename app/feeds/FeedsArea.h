@@ -25,6 +25,7 @@ class FeedsArea : public Area {
   QuoteModel* quote() { return &quote_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  QVariantMap sample(DockWidget widget) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:

@@ -129,9 +129,10 @@ bool AppModel::edit(auto change) {
 std::optional<BarEdit> AppModel::editTiles(const UUID& profileID, auto change) {
   const Profile* profile = profileWith(profileID);
   if (!profile) return std::nullopt;
+  // The ids may be those of the list that the edit replaces.
   BarEdit made{.profile = profileID, .before = profile->items, .after = {}};
   if (!edit(change)) return std::nullopt;
-  made.after = profileWith(profileID)->items;
+  made.after = profileWith(made.profile)->items;
   if (made.after == made.before) return std::nullopt;
   if (edits_.size() == mostEdits) edits_.erase(edits_.begin());
   edits_.push_back(made);
@@ -161,9 +162,10 @@ void AppModel::moveItem(const UUID& itemID, const UUID& targetID, const UUID& pr
 }
 
 void AppModel::removeItem(const UUID& itemID, const UUID& profileID) {
+  const UUID removed = itemID;
   const auto made =
       editTiles(profileID, [&](auto& profiles) { return ambrel::removeItem(profiles, itemID, profileID); });
-  if (made) Q_EMIT itemRemoved(*std::ranges::find(made->before, itemID, &DockItem::id), *made);
+  if (made) Q_EMIT itemRemoved(*std::ranges::find(made->before, removed, &DockItem::id), *made);
 }
 
 void AppModel::placeItem(const DockItem& item, const UUID& profileID, const std::optional<UUID>& before) {

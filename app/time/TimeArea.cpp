@@ -64,6 +64,13 @@ std::vector<TimeArea::Shown> TimeArea::whoShowsWhat() {
           {&unix_, {DockWidget::unixTime}}};
 }
 
+QVariantMap TimeArea::sample(DockWidget widget) {
+  // The time as it is, once.
+  for (const Shown& shown : shown_)
+    if (shown.widgets.contains(widget)) shown.model->update();
+  return {};
+}
+
 void TimeArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
   for (const auto& [model, widgets] : shown_)
     model->setWanted(areSeen &&

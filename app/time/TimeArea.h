@@ -59,6 +59,7 @@ class TimeArea : public Area {
   TimeReadingModel* unixTime() { return &unix_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  QVariantMap sample(DockWidget widget) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:

@@ -225,16 +225,16 @@ class AppModelTests : public QObject {
     Fixture f;
     f.start();
     QSignalSpy removed(f.model.get(), &AppModel::itemRemoved);
-    const auto& items = f.model->profiles()[0].items;
+    const auto slot = [&](std::size_t at) { return f.model->profiles()[0].items[at].id; };
     const UUID id = f.model->profiles()[0].id;
     const auto first = widgetsOf(f.model->profiles()[0]);
     QVERIFY(!f.model->canUndo());
-    f.model->stepItem(QString::fromStdString(items[0].id.text()), 1);
-    f.model->stepItem(QString::fromStdString(items[0].id.text()), -1);
-    f.model->removeItem(items[4].id, id);
+    f.model->stepItem(QString::fromStdString(slot(0).text()), 1);
+    f.model->stepItem(QString::fromStdString(slot(0).text()), -1);
+    f.model->removeItem(f.model->profiles()[0].items[4].id, f.model->profiles()[0].id);
     QCOMPARE(removed.count(), 1);
     const auto edit = removed[0][1].value<BarEdit>();
-    f.model->placeItem(DockItem::holding("battery"), id, items[1].id);
+    f.model->placeItem(DockItem::holding("battery"), id, slot(1));
     QCOMPARE(widgetsOf(f.stored()[0]), (std::vector<std::string>{"weather", "battery", "clipboard", "disk", "cpu"}));
     // Out of turn, by the button of its message, and then the others.
     f.model->undo(edit);
