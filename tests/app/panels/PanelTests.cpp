@@ -358,7 +358,7 @@ class PanelTests : public QObject {
     };
     type("hours qui");
     QVERIFY(stage.labelled("Quiet hours"));
-    QVERIFY(!stage.labelled("Quiet from"));
+    QVERIFY(!stage.labelled("Theme"));
     QVERIFY(!stage.labelled("Always show the bar"));
     QVERIFY(stage.click("Quiet hours"));
     QVERIFY(!stage.settings.quietHoursOn());
