@@ -55,7 +55,7 @@ def below(item):
 
 
 def program():
-    return next((each for each in pyatspi.Registry.getDesktop(0) if each and each.name == "Tilebay"), None)
+    return next((each for each in pyatspi.Registry.getDesktop(0) if each and each.name == "tilebay"), None)
 
 
 def shown(role, name):
