@@ -128,7 +128,7 @@ def panels_of_tiles_open_and_close(bar):
     subprocess.run([bar, "--settings"], env=ENVIRONMENT, check=True)
     press(wait_for("tab", lambda: shown(pyatspi.ROLE_PAGE_TAB, "Tiles")))
     press(see(pyatspi.ROLE_PUSH_BUTTON, "Customize…"))
-    look_over(see(pyatspi.ROLE_DIALOG, "Customize Dock"))
+    look_over(see(pyatspi.ROLE_DIALOG, "Customize"))
 
 
 def main():
