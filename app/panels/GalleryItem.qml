@@ -22,6 +22,7 @@ Pressable {
 
     label: title
     Accessible.description: about
+    looksHovered: cover.hovered
     accessibleRole: Accessible.CheckBox
     Accessible.checkable: true
     Accessible.checked: isOnBar
@@ -51,6 +52,15 @@ Pressable {
             description: root.description
             symbol: root.symbol
             Accessible.ignored: true
+        }
+    }
+    // What the tile would say and light up under the pointer is of the bar.
+    Item {
+        anchors.fill: parent
+
+        HoverHandler {
+            id: cover
+            blocking: true
         }
     }
     Rectangle {

@@ -70,9 +70,9 @@ FocusScope {
 
                 Label {
                     required property string title
-                    required property real top
+                    required property real headingY
 
-                    y: top + Theme.space4
+                    y: headingY + Theme.space4
                     text: title
                     role: Theme.smallMedium
                     color: Theme.ink2

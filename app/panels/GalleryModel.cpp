@@ -68,7 +68,7 @@ void GalleryModel::update() {
   }
   for (const auto& [group, y] : layout_.headings)
     if (const qreal top = y * scale_; top + GalleryLayout::headingHeight * scale_ > shown.top() && top < shown.bottom())
-      headings.push_back({.title = toQString(title(group)), .top = top});
+      headings.push_back({.title = toQString(title(group)), .headingY = top});
   rows_.setRows(rows);
   headings_.setRows(headings);
 }

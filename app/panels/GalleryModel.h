@@ -30,7 +30,7 @@ struct GalleryHeading {
   Q_GADGET
  public:
   FACE_FIELDS(QString, title);
-  FACE_FIELDS(qreal, top);
+  FACE_FIELDS(qreal, headingY);
   friend bool operator==(const GalleryHeading&, const GalleryHeading&) = default;
 };
 

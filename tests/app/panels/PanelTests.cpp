@@ -108,7 +108,8 @@ class PanelTests : public QObject {
   void longAndLargeTextsHaveRoom_data() {
     QTest::addColumn<QString>("view");
     QTest::addColumn<QString>("tab");
-    for (const char* view : {"WelcomeView", "UpsellView"}) QTest::addRow("%s", view) << QString(view) << QString();
+    for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
+      QTest::addRow("%s", view) << QString(view) << QString();
     for (const char* tab : {"general", "appearance", "tiles", "calendars", "buddy", "agents", "clipboard", "disk",
                             "privacy", "licence", "about"})
       QTest::addRow("settings, %s", tab) << QString("SettingsView") << QString(tab);
