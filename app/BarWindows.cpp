@@ -140,8 +140,11 @@ void BarWindows::followPanels() {
       askBuddy({});
   });
   welcomePanel().setStays(true);
-  // Its dialogs take the keyboard, and what it is changed by may be looked up elsewhere.
-  settingsPanel().setStays(true);
+  connect(&areas_.panels, &PanelsArea::settled, wiring_.get(),
+          [this](const QString& tab, const QString& title, const QString& detail) {
+            openSettings(tab);
+            with_.toast.show(title, detail, QStringLiteral("info.circle"));
+          });
 }
 
 void BarWindows::followContext() {

@@ -80,16 +80,31 @@ PanelsArea::PanelsArea(const Seams& seams, DueTimer& due, QObject* parent)
   const auto palette = [this] { return dialogPalette(themeOf(engine_).palette()); };
   connect(&choices_, &ChoicesModel::exportAsked, this, [this, documents, palette] {
     chooseNewFile(nullptr, tr("Where to write all choices"), documents + QStringLiteral("/tilebay-choices.json"),
-                  palette(), [this](const std::string& file) { choices_.exportTo(file); });
+                  palette(), [this](const std::string& file) {
+                    choices_.exportTo(file);
+                    tellOfChoices();
+                  });
   });
   connect(&choices_, &ChoicesModel::importAsked, this, [this, documents, palette] {
-    chooseFile(nullptr, tr("A file of choices to take over"), documents, palette(),
-               [this](const std::string& file) { choices_.importFrom(file); });
+    chooseFile(nullptr, tr("A file of choices to take over"), documents, palette(), [this](const std::string& file) {
+      choices_.importFrom(file);
+      tellOfChoices();
+    });
   });
   connect(&licence_, &LicenseFile::fileAsked, this, [this, documents, palette] {
-    chooseFile(nullptr, tr("The licence's file"), documents, palette(),
-               [this](const std::string& file) { licence_.install(file); });
+    chooseFile(nullptr, tr("The licence's file"), documents, palette(), [this](const std::string& file) {
+      licence_.install(file);
+      Q_EMIT settled(QStringLiteral("licence"), licence_.problem().isEmpty() ? licence_.text() : licence_.problem(),
+                     {});
+    });
   });
+}
+
+void PanelsArea::tellOfChoices() {
+  const QStringList lines = choices_.report().split(u'\n');
+  const QString more =
+      lines.size() > 1 ? tr("Skipped: %1. Settings, General says which.").arg(lines.size() - 1) : QString();
+  Q_EMIT settled(QStringLiteral("general"), lines.first(), more);
 }
 
 QString PanelsArea::version() const { return QStringLiteral(AMBREL_VERSION); }

@@ -67,7 +67,13 @@ class PanelsArea : public Area {
   // What somebody who has a report to read wants to know of this computer; nothing personal.
   Q_INVOKABLE QString details() const;
 
+ Q_SIGNALS:
+  // A dialog, for which the settings made room, has led to something that is on this page.
+  void settled(const QString& tab, const QString& title, const QString& detail);
+
  private:
+  void tellOfChoices();
+
   QQmlEngine& engine_;
   GlobalKeys keys_;
   StartAtLogin startAtLogin_;

@@ -16,7 +16,7 @@ SettingsPage {
 
         SectionRow {
             title: root.licence ? root.licence.text : ""
-            detail: root.hasProblem ? root.licence.problem : qsTr("It is checked on this computer alone, without asking anybody.")
+            detail: root.hasProblem ? root.licence.problem : root.licence && root.licence.isNeeded ? qsTr("It is checked on this computer alone, without asking anybody.") : ""
             detailColor: root.hasProblem ? Theme.red.text : Theme.ink2
             searchWords: qsTr("Licence Pro")
 

@@ -80,8 +80,8 @@ Popover {
     signal purchaseAsked
     signal copyAsked(string text)
 
-    implicitWidth: 780
-    implicitHeight: 560
+    implicitWidth: Math.round(780 * Theme.textScale)
+    implicitHeight: Math.round(560 * Theme.textScale)
     title: qsTr("Settings")
     symbol: "gearshape.fill"
     hasFullRule: true
@@ -111,8 +111,8 @@ Popover {
 
         readonly property real oneLine: {
             let sum = -spacing;
-            for (const child of children)
-                sum += child.width > 0 ? child.width + spacing : 0;
+            for (let i = 0; i < children.length; ++i)
+                sum += children[i].implicitWidth > 0 ? children[i].implicitWidth + spacing : 0;
             return Math.ceil(sum);
         }
 

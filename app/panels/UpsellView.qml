@@ -7,14 +7,17 @@ Popover {
 
     signal purchaseAsked
 
-    implicitWidth: 400
-    implicitHeight: 336
+    implicitWidth: Math.round(400 * Theme.textScale)
+    implicitHeight: Math.max(Math.round(336 * Theme.textScale), header.height + words.height + buttons.height + 3 * Theme.space4)
     title: qsTr("Tilebay Pro")
     symbol: "star.fill"
 
     Column {
+        id: words
         anchors {
-            fill: parent
+            left: parent.left
+            right: parent.right
+            top: parent.top
             margins: Theme.space4
         }
         spacing: Theme.space2
@@ -60,14 +63,17 @@ Popover {
                     anchors.verticalCenter: parent.verticalCenter
                 }
                 Label {
+                    width: words.width - x
                     text: parent.modelData.text
                     role: Theme.listName
+                    wrapMode: Text.WordWrap
                     anchors.verticalCenter: parent.verticalCenter
                 }
             }
         }
     }
     Row {
+        id: buttons
         anchors {
             right: parent.right
             bottom: parent.bottom

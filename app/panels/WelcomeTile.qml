@@ -23,7 +23,7 @@ Pressable {
         context: root.context
         widget: root.row.widget
         span: root.row.span
-        live: root.visible
+        isSample: true
         enabled: false
         Accessible.ignored: true
     }

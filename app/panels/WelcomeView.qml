@@ -24,8 +24,8 @@ Popover {
     onCustomizeAsked: finished()
     onAboutToOpen: page = 0
 
-    implicitWidth: 480
-    implicitHeight: 500
+    implicitWidth: Math.round(480 * Theme.textScale)
+    implicitHeight: Math.round(500 * Theme.textScale)
     hasHeader: false
     title: qsTr("Welcome to Tilebay")
     Accessible.name: title
@@ -153,7 +153,7 @@ Popover {
         id: privacy
 
         Words {
-            headline: qsTr("What stays here: everything")
+            headline: qsTr("What it reads, and what stays here")
             sentence: qsTr("Tilebay has no account and no server of its own.")
 
             WelcomeStep {
@@ -183,22 +183,25 @@ Popover {
             headline: qsTr("Two keys to remember")
             sentence: qsTr("They work in every program. Others can be chosen in Settings, General.")
 
-            Repeater {
-                model: ["barKeys", "shelfKeys"]
+            Section {
+                width: parent.width
 
-                SectionRow {
-                    id: line
-                    required property string modelData
+                Repeater {
+                    model: ["barKeys", "shelfKeys"]
 
-                    width: parent.width
-                    title: setting.description
+                    SectionRow {
+                        id: line
+                        required property string modelData
 
-                    SettingValue {
-                        id: setting
-                        key: line.modelData
-                    }
-                    KeyCap {
-                        text: setting.value ?? ""
+                        title: setting.description
+
+                        SettingValue {
+                            id: setting
+                            key: line.modelData
+                        }
+                        KeyCap {
+                            text: setting.value ?? ""
+                        }
                     }
                 }
             }

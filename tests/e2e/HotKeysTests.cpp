@@ -73,11 +73,15 @@ TEST_F(HotKeysOnX11, ATakenCombinationIsReportedAndLeftAlone) {
   EXPECT_TRUE(waitFor([&] { return ourPresses == 1; }));
 }
 
-TEST_F(HotKeysOnX11, LetsGoAtTheEnd) {
-  {
-    EXPECT_EQ(X11HotKeys(connection_.get()).add(clipboardKey, [] {}), HotKeyResult::registered);
-  }
+TEST_F(HotKeysOnX11, LetsGoWhenAskedAndAtTheEnd) {
   const auto other = connectToDesktop();
+  {
+    X11HotKeys keys(connection_.get());
+    EXPECT_EQ(keys.add(revealKey, [] {}), HotKeyResult::registered);
+    EXPECT_EQ(keys.add(clipboardKey, [] {}), HotKeyResult::registered);
+    keys.remove(revealKey);
+    EXPECT_EQ(X11HotKeys(other.get()).add(revealKey, [] {}), HotKeyResult::registered);
+  }
   EXPECT_EQ(X11HotKeys(other.get()).add(clipboardKey, [] {}), HotKeyResult::registered);
 }
 

@@ -58,7 +58,8 @@ class Scene {
   }
 
   bool show(QQmlComponent& component, const QVariantMap& properties = {}) {
-    root_.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties)));
+    // Making what is in error ends the program.
+    if (component.isReady()) root_.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties)));
     if (!root_) {
       qWarning() << component.errorString();
       return false;

@@ -55,7 +55,7 @@ def below(item):
 
 
 def program():
-    return next((each for each in pyatspi.Registry.getDesktop(0) if each and each.name == "Tilebay"), None)
+    return next((each for each in pyatspi.Registry.getDesktop(0) if each and each.name == "tilebay"), None)
 
 
 def shown(role, name):
@@ -128,7 +128,7 @@ def panels_of_tiles_open_and_close(bar):
     subprocess.run([bar, "--settings"], env=ENVIRONMENT, check=True)
     press(wait_for("tab", lambda: shown(pyatspi.ROLE_PAGE_TAB, "Tiles")))
     press(see(pyatspi.ROLE_PUSH_BUTTON, "Customize…"))
-    look_over(see(pyatspi.ROLE_DIALOG, "Customize Dock"))
+    look_over(see(pyatspi.ROLE_DIALOG, "Customize"))
 
 
 def main():
