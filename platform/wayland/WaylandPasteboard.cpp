@@ -49,18 +49,19 @@ class WaylandWorker : public ThreadedPasteboard::Worker {
 
   void run() override {
     blockBrokenPipes();
-    while (!isStopping_ && !connection_->isBroken()) {
-      for (PasteboardCommand& command : mailbox_->takeCommands())
-        std::visit([this](auto& one) { carryOut(one); }, command);
-      wait();
-      settle();
-      reader_.checkDeadline(now());
-      writer_.checkDeadline(now());
-    }
+    for (step(); !isStopping_ && !connection_->isBroken(); step()) wait();
     if (connection_->isBroken()) std::fputs("Ambrel: the clipboard's connection to the compositor is lost\n", stderr);
   }
 
  private:
+  void step() {
+    settle();
+    reader_.checkDeadline(now());
+    writer_.checkDeadline(now());
+    for (PasteboardCommand& command : mailbox_->takeCommands())
+      std::visit([this](auto& one) { carryOut(one); }, command);
+  }
+
   void wait() {
     std::vector<pollfd> files{{mailbox_->wakeDescriptor(), POLLIN, 0}};
     reader_.addTo(files);
