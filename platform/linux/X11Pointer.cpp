@@ -66,9 +66,9 @@ class X11Pointer::Strip : public QRasterWindow {
 
 X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
   if (!connection_) return;
-  isGuest_ = isGuestOfWayland(*connection_);
   extension_ = rawMotionExtension(*connection_);
   if (extension_ == 0) return;
+  isGuest_ = isGuestOfWayland(*connection_);
   watch_ = connection_->watch([this](const xcb_generic_event_t& event) {
     if ((event.response_type & 0x7f) != XCB_GE_GENERIC) return;
     const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
@@ -80,28 +80,26 @@ X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
       if (onPress && press.detail <= 3) onPress();
       return;
     }
-    // The root window is entered when the pointer leaves the windows of X11.
+    // The root window is entered when the pointer leaves the windows of X11. When one of them is shown after that, the
+    // server takes the pointer to be where it was last; it has come back only when it moves.
     if (generic.event_type != XCB_INPUT_RAW_MOTION && generic.event_type != XCB_INPUT_ENTER) return;
+    isElsewhere_ = generic.event_type == XCB_INPUT_ENTER;
     // Those that were on their way when listening stopped find nobody waiting.
     auto onMove = std::exchange(onMove_, nullptr);
     if (!onMove) return;
     listen();
     onMove();
   });
+  if (isGuest_) listen();
 }
 
 X11Pointer::~X11Pointer() = default;
 
 std::optional<Point> X11Pointer::location() const {
   if (!connection_ || connection_->isBroken() || !QGuiApplication::primaryScreen()) return std::nullopt;
-  if (isGuest_ && isOverOthers()) return elsewhere;
+  if (isElsewhere_) return elsewhere;
   const QPoint position = QCursor::pos();
   return flipped(Point{double(position.x()), double(position.y())}, mainHeight());
-}
-
-bool X11Pointer::isOverOthers() const {
-  const auto reply = queried();
-  return !reply || reply->child == XCB_WINDOW_NONE;
 }
 
 void X11Pointer::setStrips(std::vector<Rect> strips) {
@@ -114,16 +112,11 @@ void X11Pointer::setStrips(std::vector<Rect> strips) {
   }
 }
 
-XcbPtr<xcb_query_pointer_reply_t> X11Pointer::queried() const {
-  XcbPtr<xcb_query_pointer_reply_t> reply(
-      xcb_query_pointer_reply(connection_->xcb(), xcb_query_pointer(connection_->xcb(), connection_->root()), nullptr));
-  connection_->repliesWereRead();
-  return reply;
-}
-
 bool X11Pointer::isPressed() const {
   if (!connection_ || connection_->isBroken()) return false;
-  const auto reply = queried();
+  const XcbPtr<xcb_query_pointer_reply_t> reply(
+      xcb_query_pointer_reply(connection_->xcb(), xcb_query_pointer(connection_->xcb(), connection_->root()), nullptr));
+  connection_->repliesWereRead();
   constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
   return reply && (reply->mask & buttons) != 0;
 }
@@ -144,8 +137,9 @@ void X11Pointer::setPressHandler(std::function<void()> onPress) {
 }
 
 void X11Pointer::listen() {
+  // As a guest the server tells of little enough to hear all of it.
   const std::uint32_t leaving = isGuest_ ? XCB_INPUT_XI_EVENT_MASK_ENTER : 0,
-                      motion = onMove_ ? XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | leaving : 0,
+                      motion = onMove_ || isGuest_ ? XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | leaving : 0,
                       press = onPress_ ? XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS : 0;
   struct {
     xcb_input_event_mask_t head;

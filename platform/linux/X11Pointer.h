@@ -32,12 +32,11 @@ class X11Pointer : public PointerMonitor {
 
   // To what is waited for.
   void listen();
-  XcbPtr<xcb_query_pointer_reply_t> queried() const;
-  bool isOverOthers() const;
 
   X11Connection* connection_;
   std::uint8_t extension_ = 0;  // the major opcode of XInput; 0 without raw motion
   bool isGuest_ = false;
+  bool isElsewhere_ = false;  // it has left the windows of X11
   std::vector<Rect> strips_;
   std::vector<std::unique_ptr<Strip>> windows_;
   std::function<void()> onMove_, onPress_;
