@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "core/base/Geometry.h"
 
@@ -12,7 +13,8 @@ class PointerMonitor {
  public:
   virtual ~PointerMonitor() = default;
 
-  // With y upwards, wherever on the desktop the pointer is; absent when it cannot be told.
+  // With y upwards, wherever on the desktop the pointer is; absent when it cannot be told. Beyond all screens when it
+  // is known alone that it is over no window of ours.
   virtual std::optional<Point> location() const = 0;
 
   // Whether a button is held down.
@@ -25,6 +27,10 @@ class PointerMonitor {
   virtual bool wakeOnMove(std::function<void()> onMove) = 0;
   // `onPress` is called on the main thread at each press of a button, wherever it is, until null takes its place.
   virtual void setPressHandler(std::function<void()> onPress) = 0;
+  // At the edges of screens, where the pointer is to be told of although it is over a window of others; with y upwards,
+  // empty for nowhere. A desktop that always tells where the pointer is has nothing to do for it. One that does not
+  // puts something there, which takes the clicks.
+  virtual void setStrips(std::vector<Rect> strips) = 0;
   // Forgets what `wakeOnMove` asked.
   virtual void stopWaiting() = 0;
 };

@@ -31,6 +31,7 @@ class PointerRelay {
     ~Port() override {
       std::erase(relay_.ports_, this);
       relay_.update();
+      relay_.updateStrips();
     }
     std::optional<Point> location() const override { return relay_.pointer_.location(); }
     bool isPressed() const override { return relay_.pointer_.isPressed(); }
@@ -42,12 +43,17 @@ class PointerRelay {
     void setPressHandler(std::function<void()> onPress) override {
       relay_.pointer_.setPressHandler(std::move(onPress));
     }
+    void setStrips(std::vector<Rect> strips) override {
+      this->strips = std::move(strips);
+      relay_.updateStrips();
+    }
     void stopWaiting() override {
       onMove = nullptr;
       relay_.update();
     }
 
     std::function<void()> onMove;
+    std::vector<Rect> strips;
 
    private:
     PointerRelay& relay_;
@@ -59,6 +65,11 @@ class PointerRelay {
     if (isWanted) return pointer_.wakeOnMove([this] { moved(); });
     pointer_.stopWaiting();
     return true;
+  }
+  void updateStrips() {
+    std::vector<Rect> all;
+    for (const Port* port : ports_) all.insert(all.end(), port->strips.begin(), port->strips.end());
+    pointer_.setStrips(std::move(all));
   }
   void moved() {
     // Whoever is called may ask again.

@@ -9,6 +9,7 @@
 #include "app/kit/Theme.h"
 #include "app/window/PanelWindow.h"
 #include "core/dock/DragScroll.h"
+#include "core/dock/EdgeStrips.h"
 
 namespace ambrel {
 namespace {
@@ -62,6 +63,7 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
   connect(&settings_, &AppSettings::barAlwaysVisibleChanged, this, [this] {
     // A bar that no longer always stands goes by the pointer, as if it had just been revealed.
     if (!settings_.barAlwaysVisible()) reveal_.reveal();
+    placeStrip();
     apply();
     tick(seams_.now());
   });
@@ -177,6 +179,7 @@ void DockPanelController::updatePosition() {
     // Without room enough the bar is there all the same.
     window_->movePanelFrame(frame, inWindowSystem(placement_.room).united(frame));
   }
+  placeStrip();
   Q_EMIT layoutChanged();
   if (!window_) return;
   // A bar that has moved may have left a pointer that rests.
@@ -314,6 +317,15 @@ void DockPanelController::watchPointer() {
   });
   const int interval = isAnnounced ? slowLookInterval : blindLookInterval;
   if (!slowLook_.isActive() || slowLook_.interval() != interval) slowLook_.start(interval);
+}
+
+// A bar that always stands is not revealed.
+void DockPanelController::placeStrip() {
+  const auto screen = mainScreen();
+  if (settings_.barAlwaysVisible() || !screen)
+    seams_.pointer.setStrips({});
+  else
+    seams_.pointer.setStrips({revealStrip(placement_.frame, screen->frame, edge_)});
 }
 
 PanelAnchor DockPanelController::anchor(const QString& item) const {

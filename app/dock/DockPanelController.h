@@ -128,6 +128,7 @@ class DockPanelController : public QObject {
   QRect inWindowSystem(const Rect& rect) const;
   void schedule(Instant now);
   void watchPointer();
+  void placeStrip();
   // A bar that is on the screen leaves the old edge before it comes in at the new one.
   void takeEdge();
 

@@ -1,7 +1,8 @@
 #include "app/shelf/EdgeSensor.h"
 
 #include <utility>
-#include <vector>
+
+#include "core/dock/EdgeStrips.h"
 
 namespace ambrel {
 namespace {
@@ -27,6 +28,7 @@ void EdgeSensor::setActive(bool active) {
   } else {
     timer_.stop();
     pointer_.stopWaiting();
+    pointer_.setStrips({});
   }
 }
 
@@ -34,9 +36,7 @@ void EdgeSensor::look() {
   if (!isActive_) return;
   const auto pointer = pointer_.location();
   // With a button pressed, a window is being dragged to the edge to maximise it.
-  std::vector<ScreenFrames> screens;
-  for (const ScreenInfo& screen : screens_.list()) screens.push_back({screen.frame, screen.visibleFrame});
-  const bool isAsking = dwell_.update(pointer, screens, now_()) && !pointer_.isPressed();
+  const bool isAsking = dwell_.update(pointer, screens(), now_()) && !pointer_.isPressed();
   const bool isResting = pointer == last_ && !dwell_.isWaiting();
   last_ = pointer;
   if (isResting)
@@ -46,8 +46,17 @@ void EdgeSensor::look() {
   if (isAsking && onEnter) onEnter();
 }
 
+std::vector<ScreenFrames> EdgeSensor::screens() const {
+  std::vector<ScreenFrames> screens;
+  for (const ScreenInfo& screen : screens_.list()) screens.push_back({screen.frame, screen.visibleFrame});
+  return screens;
+}
+
 void EdgeSensor::watch() {
   timer_.stop();
+  std::vector<Rect> strips;
+  for (const ScreenFrames& screen : screens()) strips.push_back(shelfStrip(screen));
+  pointer_.setStrips(std::move(strips));
   if (!pointer_.wakeOnMove([this] { look(); })) timer_.start(blindInterval);
 }
 

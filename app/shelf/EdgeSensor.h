@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "core/dock/EdgeDwell.h"
 #include "platform/Pointer.h"
@@ -30,6 +31,7 @@ class EdgeSensor : public QObject {
 
  private:
   void watch();
+  std::vector<ScreenFrames> screens() const;
 
   PointerMonitor& pointer_;
   Screens& screens_;

@@ -2,7 +2,10 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QPainter>
+#include <QRasterWindow>
 #include <QScreen>
+#include <string_view>
 #include <utility>
 #include <xcb/xinput.h>
 
@@ -21,12 +24,51 @@ std::uint8_t rawMotionExtension(X11Connection& connection) {
   return version && version->major_version >= 2 ? extension->major_opcode : std::uint8_t{0};
 }
 
+// Beyond all screens.
+constexpr Point elsewhere{-1e6, -1e6};
+
+// Servers before 23.1 have no extension to say so; their outputs have its name.
+bool isGuestOfWayland(X11Connection& connection) {
+  constexpr std::string_view name = "XWAYLAND";
+  const XcbPtr<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(
+      connection.xcb(), xcb_query_extension(connection.xcb(), name.size(), name.data()), nullptr));
+  connection.repliesWereRead();
+  if (reply && reply->present) return true;
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  return screen && screen->name().startsWith(QLatin1String(name.data(), name.size()));
+}
+
+double mainHeight() {
+  const QRect frame = QGuiApplication::primaryScreen()->geometry();
+  return frame.y() + frame.height();
+}
+
 }  // namespace
+
+class X11Pointer::Strip : public QRasterWindow {
+ public:
+  explicit Strip(const QRect& place) {
+    setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus);
+    QSurfaceFormat clear = format();
+    clear.setAlphaBufferSize(8);
+    setFormat(clear);
+    setGeometry(place);
+    show();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.fillRect(QRect({}, size()), Qt::transparent);
+  }
+};
 
 X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
   if (!connection_) return;
   extension_ = rawMotionExtension(*connection_);
   if (extension_ == 0) return;
+  isGuest_ = isGuestOfWayland(*connection_);
   watch_ = connection_->watch([this](const xcb_generic_event_t& event) {
     if ((event.response_type & 0x7f) != XCB_GE_GENERIC) return;
     const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
@@ -38,21 +80,36 @@ X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
       if (onPress && press.detail <= 3) onPress();
       return;
     }
-    if (generic.event_type != XCB_INPUT_RAW_MOTION) return;
+    // The root window is entered when the pointer leaves the windows of X11. When one of them is shown after that, the
+    // server takes the pointer to be where it was last; it has come back only when it moves.
+    if (generic.event_type != XCB_INPUT_RAW_MOTION && generic.event_type != XCB_INPUT_ENTER) return;
+    isElsewhere_ = generic.event_type == XCB_INPUT_ENTER;
     // Those that were on their way when listening stopped find nobody waiting.
     auto onMove = std::exchange(onMove_, nullptr);
     if (!onMove) return;
     listen();
     onMove();
   });
+  if (isGuest_) listen();
 }
 
+X11Pointer::~X11Pointer() = default;
+
 std::optional<Point> X11Pointer::location() const {
-  const QScreen* main = QGuiApplication::primaryScreen();
-  if (!connection_ || connection_->isBroken() || !main) return std::nullopt;
+  if (!connection_ || connection_->isBroken() || !QGuiApplication::primaryScreen()) return std::nullopt;
+  if (isElsewhere_) return elsewhere;
   const QPoint position = QCursor::pos();
-  const QRect frame = main->geometry();
-  return flipped(Point{double(position.x()), double(position.y())}, frame.y() + frame.height());
+  return flipped(Point{double(position.x()), double(position.y())}, mainHeight());
+}
+
+void X11Pointer::setStrips(std::vector<Rect> strips) {
+  if (!isGuest_ || strips == strips_ || !QGuiApplication::primaryScreen()) return;
+  strips_ = std::move(strips);
+  windows_.clear();
+  for (const Rect& strip : strips_) {
+    const Rect place = flipped(strip, mainHeight());
+    windows_.push_back(std::make_unique<Strip>(QRectF(place.x, place.y, place.width, place.height).toAlignedRect()));
+  }
 }
 
 bool X11Pointer::isPressed() const {
@@ -80,7 +137,9 @@ void X11Pointer::setPressHandler(std::function<void()> onPress) {
 }
 
 void X11Pointer::listen() {
-  const std::uint32_t motion = onMove_ ? XCB_INPUT_XI_EVENT_MASK_RAW_MOTION : 0,
+  // As a guest the server tells of little enough to hear all of it.
+  const std::uint32_t leaving = isGuest_ ? XCB_INPUT_XI_EVENT_MASK_ENTER : 0,
+                      motion = onMove_ || isGuest_ ? XCB_INPUT_XI_EVENT_MASK_RAW_MOTION | leaving : 0,
                       press = onPress_ ? XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS : 0;
   struct {
     xcb_input_event_mask_t head;

@@ -26,8 +26,6 @@ class OfferReader {
   // Nobody wants the outcome any more.
   void cancel();
   bool isReading() const { return done_ != nullptr; }
-  // Of the reading under way.
-  const std::vector<std::string>& types() const { return types_; }
 
   void addTo(std::vector<pollfd>& files) const;
   // Of a file that can be read.

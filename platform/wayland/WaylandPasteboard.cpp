@@ -16,9 +16,11 @@ namespace {
 // How long the start may wait for a compositor that does not answer.
 constexpr std::chrono::seconds openPatience{2};
 
-// Some applications copy again whenever they are asked for their copy, and each change brings another reading. After
-// this many such changes in a row they count no longer.
-constexpr int mostEchoes = 5;
+// Some applications copy again whenever they are asked for their copy, and each change brings another reading. Nothing
+// tells who has copied: a copy of the same types that comes so soon after a reading may be such an echo. After some in
+// a row they are announced more and more slowly, but the last one always is.
+constexpr std::chrono::milliseconds echoDelay{1000};
+constexpr int mostEchoes = 5, mostDoublings = 6;
 
 SteadyTime now() { return std::chrono::steady_clock::now(); }
 
@@ -49,23 +51,25 @@ class WaylandWorker : public ThreadedPasteboard::Worker {
 
   void run() override {
     blockBrokenPipes();
-    while (!isStopping_ && !connection_->isBroken()) {
-      for (PasteboardCommand& command : mailbox_->takeCommands())
-        std::visit([this](auto& one) { carryOut(one); }, command);
-      wait();
-      settle();
-      reader_.checkDeadline(now());
-      writer_.checkDeadline(now());
-    }
+    for (step(); !isStopping_ && !connection_->isBroken(); step()) wait();
     if (connection_->isBroken()) std::fputs("Ambrel: the clipboard's connection to the compositor is lost\n", stderr);
   }
 
  private:
+  void step() {
+    settle();
+    reader_.checkDeadline(now());
+    writer_.checkDeadline(now());
+    if (announceAt_ && now() >= *announceAt_) announceChange();
+    for (PasteboardCommand& command : mailbox_->takeCommands())
+      std::visit([this](auto& one) { carryOut(one); }, command);
+  }
+
   void wait() {
     std::vector<pollfd> files{{mailbox_->wakeDescriptor(), POLLIN, 0}};
     reader_.addTo(files);
     writer_.addTo(files);
-    connection_->turn(files, earlier(reader_.deadline(), writer_.deadline()));
+    connection_->turn(files, earlier(announceAt_, earlier(reader_.deadline(), writer_.deadline())));
     for (const pollfd& file : files) {
       if (file.revents == 0) continue;
       reader_.handle(file.fd, now());
@@ -77,15 +81,16 @@ class WaylandWorker : public ThreadedPasteboard::Worker {
     const auto* const types = control_->types();
     // What we have written ourselves is not reported to anyone.
     if (!types || control_->isOwner() || mailbox_->pendingWrites > 0) return mailbox_->deliver(command.number, {});
-    hasEcho_ = false;
+    readTypes_ = *types;
     reader_.start(*types, command.wish, now(), [this, number = command.number](PasteboardOutcome outcome) {
+      readAt_ = now();
       mailbox_->deliver(number, std::move(outcome));
-      if (std::exchange(hasEcho_, false)) mailbox_->announceChange();
     });
   }
 
   void carryOut(WriteCommand& command) {
     reader_.cancel();
+    announceAt_.reset();
     if (!command.isRestoring) return put(std::move(command.representations));
     if (hasSecret(command.representations)) return written(false);
     // A copy that is under way is seen first. One that comes in the moment between the answer and the offer is lost:
@@ -119,7 +124,8 @@ class WaylandWorker : public ThreadedPasteboard::Worker {
   // A write is visible, or another's copy is there in its place, which came while changes were taken for our own.
   void written(bool isOurs) {
     wasOwner_ = control_->isOwner();
-    if (--mailbox_->pendingWrites == 0 && !isOurs) mailbox_->announceChange();
+    hasSelectionChanged_ = false;
+    if (--mailbox_->pendingWrites == 0 && !isOurs) announceChange();
   }
 
   // Looks at what has become of the clipboard when all that has come is known: that our own offer is over may be told
@@ -132,14 +138,19 @@ class WaylandWorker : public ThreadedPasteboard::Worker {
     const auto* const types = control_->types();
     // While we were the owner it can only have been cleared.
     if (!types && !wasOwner) return mailbox_->announceOwnerGone();
-    if (types && reader_.isReading() && *types == reader_.types()) {
-      // It has been asked and copies again: what it is just handing over is still worth having.
-      hasEcho_ = ++echoes_ <= mostEchoes;
+    const bool isEcho = types && *types == readTypes_ && (reader_.isReading() || now() < readAt_ + echoDelay);
+    echoes_ = isEcho ? echoes_ + 1 : 0;
+    if (echoes_ > mostEchoes) {
+      // What it is just handing over is still worth having.
+      announceAt_ = now() + echoDelay * (1 << std::min(echoes_ - mostEchoes, mostDoublings));
       return;
     }
-    echoes_ = 0;
-    hasEcho_ = false;
     reader_.cancel();
+    announceChange();
+  }
+
+  void announceChange() {
+    announceAt_.reset();
     mailbox_->announceChange();
   }
 
@@ -148,8 +159,10 @@ class WaylandWorker : public ThreadedPasteboard::Worker {
   std::unique_ptr<DataControl> control_;
   OfferReader reader_;
   PipeWriter writer_;
+  std::vector<std::string> readTypes_;  // of the last reading
+  SteadyTime readAt_;                   // when it ended
   int echoes_ = 0;
-  bool hasEcho_ = false;
+  std::optional<SteadyTime> announceAt_;
   bool hasSelectionChanged_ = false, wasOwner_ = false;
   bool isStopping_ = false;
 };

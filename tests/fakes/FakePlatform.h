@@ -36,6 +36,7 @@ class FakePointer : public PointerMonitor {
     return true;
   }
   void setPressHandler(std::function<void()> onPress) override { this->onPress = std::move(onPress); }
+  void setStrips(std::vector<Rect> strips) override { this->strips = std::move(strips); }
   void stopWaiting() override { waiting_ = nullptr; }
 
   bool isWaiting() const { return waiting_ != nullptr; }
@@ -49,6 +50,7 @@ class FakePointer : public PointerMonitor {
   bool canWake = true;
   bool pressed = false;
   std::function<void()> onPress;
+  std::vector<Rect> strips;
   int arms = 0;
   mutable int looks = 0;
 

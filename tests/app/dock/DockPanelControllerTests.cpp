@@ -25,6 +25,7 @@ class DockPanelControllerTests : public QObject {
 
   void thePointerAPanelOrAPeekBringsItOut();
   void alwaysVisibleItStaysAndThenGoesByThePointer();
+  void theStripAtItsEdgeRevealsIt();
   void theKeyboardHoldsIt();
   void aKeyboardThatIsRefusedDoesNotHoldIt();
   void aWindowThatTakesTheKeyboardKeepsIt();
@@ -104,6 +105,23 @@ void DockPanelControllerTests::alwaysVisibleItStaysAndThenGoesByThePointer() {
   QVERIFY(!f.isShown());
   f.settings.set(setting::barAlwaysVisible, true);
   QVERIFY(f.isShown());
+}
+
+void DockPanelControllerTests::theStripAtItsEdgeRevealsIt() {
+  for (const char* edge : {"bottom", "left", "right"}) {
+    BarFixture f;
+    f.settings.setProperty("dockEdge", edge);
+    f.bar.start();
+    f.pointer.move(BarFixture::away);
+    f.pass(1);
+    QVERIFY(!f.isShown());
+    QCOMPARE(f.pointer.strips.size(), std::size_t{1});
+    f.pointer.move({f.pointer.strips[0].midX(), f.pointer.strips[0].midY()});
+    f.pass(0.1);
+    QVERIFY2(f.isShown(), edge);
+    f.settings.set(setting::barAlwaysVisible, true);
+    QVERIFY(f.pointer.strips.empty());
+  }
 }
 
 void DockPanelControllerTests::theKeyboardHoldsIt() {

@@ -36,6 +36,7 @@ class EdgeSensorTests : public QObject {
     QVERIFY(!edge.pointer.isWaiting());
     edge.sensor.setActive(true);
     QVERIFY(edge.pointer.isWaiting());
+    QCOMPARE(edge.pointer.strips, (std::vector<Rect>{{600, 899, 400, 1}}));
     edge.restAtTheMiddle();
     QCOMPARE(edge.entered, 1);
     edge.sensor.look();
@@ -44,6 +45,7 @@ class EdgeSensorTests : public QObject {
     const int looks = edge.pointer.looks;
     edge.sensor.setActive(false);
     QVERIFY(!edge.pointer.isWaiting());
+    QVERIFY(edge.pointer.strips.empty());
     edge.sensor.look();
     QCOMPARE(edge.pointer.looks, looks);
   }
@@ -77,7 +79,11 @@ class EdgeSensorTests : public QObject {
     QVERIFY(!pointer.isWaiting());
     one->wakeOnMove([&] { ++first; });
     other->wakeOnMove([&] { ++second; });
+    one->setStrips({{0, 0, 5, 1}});
+    other->setStrips({{0, 0, 1, 5}});
+    QCOMPARE(pointer.strips.size(), std::size_t{2});
     other.reset();
+    QCOMPARE(pointer.strips, (std::vector<Rect>{{0, 0, 5, 1}}));
     QVERIFY(pointer.isWaiting());
     one->stopWaiting();
     QVERIFY(!pointer.isWaiting());
