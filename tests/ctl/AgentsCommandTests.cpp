@@ -1,19 +1,16 @@
 #include <cstdlib>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <memory>
 #include <sys/stat.h>
 
 #include "core/agents/attention/HookStore.h"
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
 
 const std::string noonText = "2026-11-21T12:00:00Z";
 const Instant noon = *parseISO8601(noonText);

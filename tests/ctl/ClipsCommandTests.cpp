@@ -1,15 +1,11 @@
-#include <gmock/gmock.h>
-
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 class ClipsCommand : public testing::Test {
  protected:

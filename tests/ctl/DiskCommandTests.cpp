@@ -1,16 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/Tree.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
 
 const std::string now = "2026-06-01T00:00:00Z";
 
@@ -62,7 +56,7 @@ TEST_F(DiskCommand, PrintsTreeAndFindingsAsJSON) {
                         {"contentsOnly", false},
                         {"keeping", JSON::array()}}));
   EXPECT_EQ(document["headline"], "Mostly Developer junk and Old downloads");
-  EXPECT_THAT(document["summary"].get<std::string>(), testing::StartsWith("home uses "));
+  EXPECT_THAT(document["summary"].get<std::string>(), StartsWith("home uses "));
 }
 
 TEST_F(DiskCommand, TakesDepthAndThresholdsAndChangesNothing) {

@@ -1,17 +1,14 @@
 #include <fcntl.h>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/buddy/NoticeCases.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using ::testing::SizeIs;
 
 // Core's tests replay all cases; these are the ones that need another zone or locale.
 TEST(NoticesCommand, ReplaysInTheZoneAndLocaleOfTheEnvironment) {

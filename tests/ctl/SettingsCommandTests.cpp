@@ -1,16 +1,13 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <memory>
 
 #include "core/base/JSON.h"
 #include "core/settings.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
 
 class SettingsCommand : public testing::Test {
  protected:
@@ -40,7 +37,7 @@ TEST_F(SettingsCommand, ChangesWhatTheBarReadsAndLeavesTheRest) {
   EXPECT_EQ(values.dockEdge, DockEdge::left);
   EXPECT_EQ(values.quietStartHour, 21);
   EXPECT_EQ(values.buddyCategories, (std::set{BuddyCategory::agents, BuddyCategory::limits}));
-  EXPECT_THAT(values.ignoredBundleIDs, testing::ElementsAre("a,b"));
+  EXPECT_THAT(values.ignoredBundleIDs, ElementsAre("a,b"));
   EXPECT_EQ(stored.boolean("welcomeDone"), true);
   EXPECT_EQ(run({"get", "ignoredBundleIDs"}).out, "[\"a,b\"]\n");
 

@@ -1,22 +1,15 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/agents.h"
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
 #include "core/profiles.h"
 #include "core/widgets.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/agents/StoreFixture.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 const std::string noonText = "2026-11-21T12:00:00Z";
 const Instant noon = *parseISO8601(noonText);

@@ -1,12 +1,10 @@
-#include <gmock/gmock.h>
-
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
 
-using testing::HasSubstr;
 using testing::MatchesRegex;
 
 TEST(ToolCommand, WorksFromStandardInputToStandardOutput) {

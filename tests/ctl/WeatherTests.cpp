@@ -1,15 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 const std::string cases = AMBREL_CASES "/weather/";
 const std::vector<std::string> summer{"--home", "/nonexistent", "--now", "2026-07-14T09:41:00Z"};

@@ -1,17 +1,14 @@
 // Real terminals under a real window manager, with programs of our own in the place of the agents.
 
 #include <QStandardPaths>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/linux/X11Workspace.h"
+#include "tests/Matchers.h"
 #include "tests/e2e/Desktop.h"
 
 namespace ambrel {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
 using Identifiers = std::vector<std::string>;
 
 const std::string claude = "com.anthropic.claudefordesktop";

@@ -1,15 +1,12 @@
 #include <QApplication>
 #include <QTest>
 
+#include "tests/Time.h"
 #include "tests/app/delegate/Program.h"
 #include "tests/fakes/LoopbackServer.h"
 
 namespace ambrel {
 namespace {
-
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
 
 // The program with its bar, clicked and typed at.
 struct Desk : Program {

@@ -11,14 +11,11 @@
 #include "app/focus/QuickTimer.h"
 #include "app/focus/Stopwatch.h"
 #include "app/focus/WaterTracker.h"
+#include "tests/Time.h"
 #include "tests/app/focus/FocusRoom.h"
 
 namespace ambrel {
 namespace {
-
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
 
 bool always() { return true; }
 

@@ -2,14 +2,12 @@
 #include <QTest>
 
 #include "app/focus/FocusArea.h"
+#include "tests/Time.h"
 #include "tests/app/focus/FocusRoom.h"
 #include "tests/fakes/FakeShell.h"
 
 namespace ambrel {
 namespace {
-
-using std::chrono::minutes;
-using std::chrono::seconds;
 
 // The models with the one timer that wakes them, as on the bar.
 struct Together : FocusRoom {

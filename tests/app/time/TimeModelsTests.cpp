@@ -3,12 +3,11 @@
 
 #include "app/base/StoredValue.h"
 #include "core/base/LocalText.h"
+#include "tests/Time.h"
 #include "tests/app/time/TimeRoom.h"
 
 namespace ambrel {
 namespace {
-
-using std::chrono::seconds;
 
 template <typename Row>
 QStringList texts(RowList* rows, QString Row::*text) {

@@ -3,6 +3,7 @@
 
 #include "app/weather/WeatherArea.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/Time.h"
 #include "tests/app/weather/WeatherSample.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/LoopbackServer.h"
@@ -11,9 +12,6 @@ namespace ambrel {
 namespace {
 
 using Reply = LoopbackServer::Reply;
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
 
 // A machine with a weather server on its loopback address, at 10:41 of a London summer's morning.
 struct Room {
@@ -58,7 +56,7 @@ struct Room {
   DueTimer due{clock};
   LoopbackServer server;
   Fetcher fetcher;
-  WeatherService service{fetcher, {server.url(), server.url(), server.url()}, {.time = std::chrono::seconds(10)}, 0};
+  WeatherService service{fetcher, {server.url(), server.url(), server.url()}, {.time = seconds(10)}, 0};
   Reply forecast{.body = sample("london.json")};
   Reply air{.body = sample("air-london.json")};
   Reply places{.body = sample("places-springfield.json")};
@@ -137,7 +135,7 @@ class WeatherModelTests : public QObject {
     LoopbackServer gone;
     const QUrl nowhere = gone.url();
     gone.close();
-    WeatherService unreached(room.fetcher, {nowhere, nowhere, nowhere}, {.time = std::chrono::seconds(10)}, 0);
+    WeatherService unreached(room.fetcher, {nowhere, nowhere, nowhere}, {.time = seconds(10)}, 0);
     WeatherModel other(WeatherModel::mainSetting(), unreached, room.defaults, Calendar("Europe/Berlin", "en_GB"),
                        [&] { return room.clock.now(); });
     other.setOnline(false, room.clock.now());

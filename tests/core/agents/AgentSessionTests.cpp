@@ -1,12 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/agents.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(AgentTiming, AgesOnlyWorkAndFinishedAndOnlyBeyondTheLimit) {
   using enum AgentStatus;

@@ -1,15 +1,11 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/agents/connect/HookConnection.h"
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
 
 const std::string command = "[ ! -x '/opt/tile bay/tilebayctl' ] || '/opt/tile bay/tilebayctl' agents hook claudeCode";
 constexpr AgentKind claude = AgentKind::claudeCode;

@@ -1,17 +1,13 @@
 #include <csignal>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <thread>
 
 #include "core/agents/attention/HookStore.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
-using testing::SizeIs;
 
 const Instant noon = *parseISO8601("2026-11-21T12:00:00Z");
 

@@ -1,17 +1,14 @@
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 
 #include "core/assistant/ChatExchange.h"
 #include "core/base/JSON.h"
 #include "core/base/Text.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using Next = ChatExchange::Next;
 
 // What a server has sent, to the byte.

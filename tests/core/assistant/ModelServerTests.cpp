@@ -1,7 +1,5 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/assistant/ModelServer.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
@@ -21,7 +19,6 @@ TEST(ModelServer, TakesAddressesWithAndWithoutTheVersion) {
 }
 
 TEST(ModelServer, ChoosesWhatIsWantedOrTheFirstThatTalks) {
-  using testing::ElementsAre;
   const auto models = parseModels(R"({"object":"list","data":[{"id":"nomic-embed-text:latest"},{"id":"qwen3:8b"},
     {"id":""},{"name":"llama"},7]})");
   ASSERT_TRUE(models);

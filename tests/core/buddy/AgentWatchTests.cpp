@@ -1,12 +1,10 @@
 #include "core/buddy/AgentWatch.h"
+#include "tests/Matchers.h"
 #include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
 using enum AgentStatus;
 using enum AgentKind;
 

@@ -1,13 +1,11 @@
 #include "core/buddy/BuddyBubbleQueue.h"
 #include "core/buddy/BuddyInbox.h"
+#include "tests/Matchers.h"
 #include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
 using enum BuddyRule;
 
 std::string currentID(const BuddyBubbleQueue& queue) { return queue.current ? queue.current->id : ""; }

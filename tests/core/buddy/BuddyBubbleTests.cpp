@@ -1,10 +1,10 @@
 #include "core/buddy/BuddyBubble.h"
+#include "tests/Matchers.h"
 #include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::SizeIs;
 using enum BuddyRule;
 
 BuddyBubble offered(const std::vector<BuddyNotice>& notices) {

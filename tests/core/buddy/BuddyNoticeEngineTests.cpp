@@ -1,15 +1,12 @@
 // What the replay cases cannot show: the engine's memory, many sessions at once, and clocks that are set.
 
 #include "core/buddy/BuddyNoticeEngine.h"
+#include "tests/Matchers.h"
 #include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
-using ::testing::UnorderedElementsAre;
 using enum AgentStatus;
 
 AgentSession session(std::string id, AgentStatus status) {

@@ -1,12 +1,9 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/buddy/BuddySpeech.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
 using enum AgentStatus;
 
 const Instant start = *parseISO8601("2026-11-21T09:41:00Z");  // a Saturday

@@ -1,8 +1,7 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "core/clipboard/ClipboardFolder.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/clipboard/Clips.h"
 
@@ -10,7 +9,6 @@ namespace ambrel {
 namespace {
 
 using namespace clips;
-using testing::UnorderedElementsAre;
 
 const std::string emptyName = "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855.png";
 

@@ -1,12 +1,10 @@
-#include <gmock/gmock.h>
-
 #include "core/disk/FindingSelection.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/SomeFindings.h"
 
 namespace ambrel {
 namespace {
 
-using testing::ElementsAre;
 using Extent = FindingSelection::Extent;
 
 using test::findings;

@@ -1,14 +1,10 @@
-#include <gmock/gmock.h>
-
 #include "core/disk/DiskAnalyzer.h"
 #include "core/disk/Findings.h"
 #include "core/disk/UserFolders.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(CleanupTargets, TableRowsAreWholeAndTheirPathsRelative) {
   std::set<std::string_view> ids, paths;

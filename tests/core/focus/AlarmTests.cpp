@@ -6,9 +6,6 @@
 namespace ambrel {
 namespace {
 
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
 using Event = Alarm::Event;
 
 const Calendar berlin("Europe/Berlin", "en_US");

@@ -6,10 +6,6 @@
 namespace ambrel {
 namespace {
 
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
-
 const Calendar utc("UTC", "en_US");
 const Instant noon = at("2026-11-21T12:00:00Z");
 

@@ -6,10 +6,6 @@
 namespace ambrel {
 namespace {
 
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
-
 const Calendar berlin("Europe/Berlin", "de_DE");
 const Instant morning = at("2026-11-20T08:00:00Z");
 

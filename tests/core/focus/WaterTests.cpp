@@ -6,9 +6,6 @@
 namespace ambrel {
 namespace {
 
-using std::chrono::minutes;
-using std::chrono::seconds;
-
 const Calendar utc("UTC", "en_US");
 const Instant noon = at("2026-11-21T12:00:00Z");
 
@@ -23,7 +20,7 @@ TEST(Water, CountsGlassesByTheDay) {
   EXPECT_EQ(water.glasses.count, 0) << "never below none";
   water.add(noon, utc);
   EXPECT_EQ(water.glasses.today("2026-11-22"), 0);
-  water.add(noon + std::chrono::hours(24), utc);
+  water.add(noon + hours(24), utc);
   EXPECT_EQ(water.glasses, (DayCount{1, "2026-11-22"}));
 }
 
@@ -78,7 +75,7 @@ TEST(Water, SaysHowMuchIsDrunk) {
   Water water;
   water.glasses = {3, "2026-11-21"};
   EXPECT_EQ(water.notice(noon, utc), (FocusNotice{"water", "Time for some water", "3 of 8 glasses today."}));
-  EXPECT_EQ(water.notice(noon + std::chrono::hours(24), utc).body, "0 of 8 glasses today.");
+  EXPECT_EQ(water.notice(noon + hours(24), utc).body, "0 of 8 glasses today.");
 }
 
 }  // namespace

@@ -1,13 +1,10 @@
-#include <gmock/gmock.h>
-
 #include "core/base/JSON.h"
 #include "core/stores/EntryList.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
 
 UUID idOf(char letter) {
   UUID id;
@@ -111,7 +108,7 @@ TEST_F(Document, TwoProgramsLoseNothingToEachOther) {
   other.save();
   EXPECT_TRUE(one.refresh());
   EXPECT_EQ(letters(one.entries()), letters(other.entries()));
-  EXPECT_THAT(letters(one.entries()), testing::AllOf(testing::HasSubstr("a"), testing::HasSubstr("b")));
+  EXPECT_THAT(letters(one.entries()), AllOf(HasSubstr("a"), HasSubstr("b")));
   one.edit().clear();
   one.save();
   EXPECT_TRUE(other.refresh());

@@ -1,13 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/telemetry.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr std::uint64_t second = 1'000'000'000;
 constexpr std::uint64_t MiB = 1 << 20;

@@ -1,13 +1,9 @@
-#include <gmock/gmock.h>
-
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/core/weather/Samples.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(Forecast, PublishesWhatTheServiceAnswered) {
   const Forecast f = forecastOf("london.json");
@@ -21,7 +17,7 @@ TEST(Forecast, PublishesWhatTheServiceAnswered) {
   EXPECT_EQ(f.rainChances[2], (RainSoon::Chance{at("2026-07-14T11:00:00Z"), 55}));
   const std::optional<double> figures[] = {f.temperature,         f.high,     f.low,      f.windSpeed, f.windDirection,
                                            f.apparentTemperature, f.humidity, f.dewPoint, f.uvIndex,   f.uvMax};
-  EXPECT_THAT(figures, testing::ElementsAre(21.8, 25.0, 14.0, 14.2, 228.0, 19.4, 64.0, 14.7, 4.35, 6.9));
+  EXPECT_THAT(figures, ElementsAre(21.8, 25.0, 14.0, 14.2, 228.0, 19.4, 64.0, 14.7, 4.35, 6.9));
   EXPECT_EQ(f.code, 2);
   EXPECT_EQ(f.timeZone, "GMT+01:00");
   // Times of the answer are the place's own, an hour ahead of Greenwich.
@@ -54,8 +50,8 @@ TEST(Forecast, TakesNullForAGapAndNeverForZero) {
   std::vector<std::string> hours, days;
   for (const auto& hour : f.hourly) hours.push_back(iso8601(hour.date).substr(11, 2));
   for (const auto& day : f.daily) days.push_back(iso8601(day.date).substr(8, 2));
-  EXPECT_THAT(hours, testing::ElementsAre("09", "13", "14", "15"));
-  EXPECT_THAT(days, testing::ElementsAre("17", "18", "19", "20"));
+  EXPECT_THAT(hours, ElementsAre("09", "13", "14", "15"));
+  EXPECT_THAT(days, ElementsAre("17", "18", "19", "20"));
   EXPECT_EQ(f.rainSlots.front().start, at("2026-07-14T09:45:00Z"));
   EXPECT_EQ(f.rainSlots.size(), 7u);
   EXPECT_EQ(f.rainChances.front().start, at("2026-07-14T10:00:00Z"));
@@ -164,8 +160,8 @@ TEST(Forecast, AsksForEverythingInOneRequest) {
             "&daily=temperature_2m_max,temperature_2m_min,sunrise,sunset,weather_code,uv_index_max&forecast_days=7"
             "&timezone=auto&temperature_unit=celsius&wind_speed_unit=kmh");
   EXPECT_THAT(forecastRequest(defaultSecondPlace(), true),
-              testing::AllOf(testing::StartsWith("/v1/forecast?latitude=40.7128&longitude=-74.006&current="),
-                             testing::EndsWith("&temperature_unit=fahrenheit&wind_speed_unit=mph")));
+              AllOf(StartsWith("/v1/forecast?latitude=40.7128&longitude=-74.006&current="),
+                    EndsWith("&temperature_unit=fahrenheit&wind_speed_unit=mph")));
   EXPECT_EQ(airQualityRequest(defaultPlace()),
             "/v1/air-quality?latitude=51.5074&longitude=-0.1278&current=us_aqi,european_aqi,pm2_5");
 }

@@ -3,9 +3,6 @@
 namespace ambrel {
 namespace {
 
-using std::chrono::minutes;
-using std::chrono::seconds;
-
 const Instant now = at("2026-11-21T09:07:00Z");
 
 // Starts are counted from now.

@@ -1,14 +1,9 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/workspace/Multiplexers.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
 using Variables = std::map<std::string, std::string, std::less<>>;
 
 ProcessRecord process(int pid, int parent, std::string name, std::vector<std::string> arguments = {},

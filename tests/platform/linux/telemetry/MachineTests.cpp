@@ -1,18 +1,16 @@
 // Four computers, read as a whole.
 
-#include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
 #include "platform/linux/ProcReadings.h"
+#include "tests/Matchers.h"
 #include "tests/platform/linux/telemetry/TelemetryFixture.h"
 
 namespace ambrel {
 namespace {
 
-using testing::ElementsAre;
 using testing::Field;
-using testing::IsEmpty;
 
 std::vector<std::string> interfaces(const Machine& machine) {
   std::vector<std::string> names;
@@ -50,20 +48,19 @@ TEST(Machines, ALaptopsProcesses) {
   laptop.tree.write("proc/3301/cmdline", std::string_view("/usr/bin/gnome-system-monitor\0--new\0", 36));
   const auto processes = laptop.telemetry.processes().value();
   constexpr std::uint64_t tick = 10'000'000;
-  EXPECT_THAT(processes.samples, testing::UnorderedElementsAre(
-                                     ProcessSample{1, "systemd", 200 * tick}, ProcessSample{2, "kthreadd", 3 * tick},
-                                     ProcessSample{812, "kworker/u8:2-events_unbound", 77 * tick},
-                                     ProcessSample{2210, "tmux: server", 1800 * tick},
-                                     ProcessSample{3301, "gnome-system-monitor", 4800 * tick},
-                                     ProcessSample{3400, "a) b (c) S 1", 30 * tick}));
+  EXPECT_THAT(processes.samples,
+              UnorderedElementsAre(ProcessSample{1, "systemd", 200 * tick}, ProcessSample{2, "kthreadd", 3 * tick},
+                                   ProcessSample{812, "kworker/u8:2-events_unbound", 77 * tick},
+                                   ProcessSample{2210, "tmux: server", 1800 * tick},
+                                   ProcessSample{3301, "gnome-system-monitor", 4800 * tick},
+                                   ProcessSample{3400, "a) b (c) S 1", 30 * tick}));
   EXPECT_EQ(processes.uptimeNanoseconds, laptop.now);
 
   // The number of a process that has ended may go to another at once.
   laptop.tree.write("proc/3301/stat",
                     "3301 (Isolated Web Co) R 1 1 1 0 -1 4194304 0 0 0 0 1 1 0 0 20 0 5 0 999999 0 0 0 1 1\n");
   laptop.tree.write("proc/3301/cmdline", std::string_view("/usr/lib/firefox/firefox\0-contentproc\0", 38));
-  EXPECT_THAT(laptop.telemetry.processes()->samples,
-              testing::Contains(ProcessSample{3301, "Isolated Web Co", 2 * tick}));
+  EXPECT_THAT(laptop.telemetry.processes()->samples, Contains(ProcessSample{3301, "Isolated Web Co", 2 * tick}));
 }
 
 TEST(Machines, ADesktopComputer) {
@@ -149,7 +146,7 @@ TEST(MachineHere, TheRunningSystemIsReadWithoutAHitch) {
   LinuxTelemetry telemetry(LinuxTelemetry::runningSystem());
   const auto processes = telemetry.processes();
   ASSERT_TRUE(processes);
-  EXPECT_THAT(processes->samples, testing::Contains(Field(&ProcessSample::pid, static_cast<std::int32_t>(getpid()))));
+  EXPECT_THAT(processes->samples, Contains(Field(&ProcessSample::pid, static_cast<std::int32_t>(getpid()))));
   EXPECT_TRUE(telemetry.pressure());
   EXPECT_TRUE(telemetry.volumes());
   telemetry.gpu();
