@@ -2,8 +2,10 @@
 #include <QTest>
 
 #include "app/base/StoredValue.h"
+#include "app/model/SettingValue.h"
 #include "core/base/LocalText.h"
 #include "tests/Time.h"
+#include "tests/app/kit/TileBoard.h"
 #include "tests/app/time/TimeRoom.h"
 
 namespace ambrel {
@@ -18,7 +20,7 @@ QStringList texts(RowList* rows, QString Row::*text) {
 
 }  // namespace
 
-class TimeModelsTests : public QObject {
+class TimeTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -34,46 +36,36 @@ class TimeModelsTests : public QObject {
     QCOMPARE(german.hourText + german.dayHalf, QStringLiteral("00"));
   }
 
-  void eachWakeShowsSomethingNew_data() {
-    using enum DockWidget;
-    QTest::addColumn<DockWidget>("widget");
-    QTest::addColumn<int>("most");  // wakes in the time that is looked at
-    QTest::addColumn<int>("span");  // in seconds
-    const auto add = [](DockWidget widget, int most, int span) {
-      QTest::newRow(std::string(nameOf(widget)).c_str()) << widget << most << span;
-    };
-    add(unixTime, 60, 60);
-    add(binaryClock, 60, 60);
-    add(analogClock, 10, 600);
-    add(worldClock, 10, 600);
-    add(dayProgress, 190, 86400);
-    add(weekend, 24, 86400);
-    add(weekNumber, 7, 7 * 86400);
-    add(countdown, 7, 7 * 86400);
-  }
-
   void eachWakeShowsSomethingNew() {
-    QFETCH(DockWidget, widget);
-    QFETCH(int, most);
-    QFETCH(int, span);
-    // From a Monday on, so that no weekend begins or ends.
-    TimeRoom room("2026-11-23T00:00:30.5Z");
-    int changes = 0;
-    TimeArea& area = room.area;
-    for (TimeModel* model : std::initializer_list<TimeModel*>{
-             area.clock(), area.month(), area.worldClock(), area.countdown(), area.dayProgress(), area.weekProgress(),
-             area.monthProgress(), area.yearProgress(), area.weekend(), area.binaryClock(), area.unixTime()})
-      connect(model, &TimeModel::changed, this, [&] { ++changes; });
-    room.show({widget});
-    QVERIFY(room.clock.wakeTime.has_value());
-    const Instant end = room.clock.now() + seconds(span);
-    int wakes = 0;
-    for (; *room.clock.wakeTime <= end; ++wakes) {
-      const int before = changes;
-      room.wake();
-      QVERIFY2(changes > before, iso8601(room.clock.now()).c_str());
+    using enum DockWidget;
+    const struct {
+      DockWidget widget;
+      int most;  // wakes in the time that is looked at
+      int span;  // in seconds
+    } rows[] = {{unixTime, 60, 60},         {binaryClock, 60, 60},     {analogClock, 10, 600},
+                {worldClock, 10, 600},      {dayProgress, 190, 86400}, {weekend, 24, 86400},
+                {weekNumber, 7, 7 * 86400}, {countdown, 7, 7 * 86400}};
+    for (const auto& [widget, most, span] : rows) {
+      // From a Monday on, so that no weekend begins or ends.
+      TimeRoom room("2026-11-23T00:00:30.5Z");
+      int changes = 0;
+      TimeArea& area = room.area;
+      for (TimeModel* model : std::initializer_list<TimeModel*>{
+               area.clock(), area.month(), area.worldClock(), area.countdown(), area.dayProgress(), area.weekProgress(),
+               area.monthProgress(), area.yearProgress(), area.weekend(), area.binaryClock(), area.unixTime()})
+        connect(model, &TimeModel::changed, this, [&] { ++changes; });
+      room.show({widget});
+      QVERIFY(room.clock.wakeTime.has_value());
+      const Instant end = room.clock.now() + seconds(span);
+      int wakes = 0;
+      for (; *room.clock.wakeTime <= end; ++wakes) {
+        const int before = changes;
+        room.wake();
+        QVERIFY2(changes > before, iso8601(room.clock.now()).c_str());
+      }
+      QVERIFY2(wakes > 0 && wakes <= most,
+               qPrintable(QStringLiteral("%1: %2").arg(toQString(nameOf(widget))).arg(wakes)));
     }
-    QVERIFY2(wakes > 0 && wakes <= most, qPrintable(QString::number(wakes)));
   }
 
   void whatNobodySeesIsNotWoken() {
@@ -222,9 +214,76 @@ class TimeModelsTests : public QObject {
     converter.convert({});
     QCOMPARE(converter.note(), QStringLiteral("Now"));
   }
+
+  // On a date with long names, at a wide time.
+  void everyTileFitsInEverySize() {
+    for (const char* locale : {"en_US", "de_DE"}) {
+      TimeRoom room("2026-09-23T20:58:00Z", locale);
+      room.defaults.set("worldClockZones",
+                        {"America/Argentina/Buenos_Aires", "Asia/Kathmandu", "America/Los_Angeles San Francisco"});
+      room.defaults.set("countdownTitle", DefaultsValue{std::string("The move to the house by the lake")});
+      room.defaults.set("countdownDate", DefaultsValue{4102444800.0});
+      room.area.defaultsChanged({"worldClockZones"});
+      Scene scene;
+      QCOMPARE(showTiles(scene, {&room.area}), 17 * 4);
+      QCOMPARE(
+          faultsInBothSchemes(scene, qPrintable(QStringLiteral("time-tiles-") + locale)) + collisionsOfTiles(scene),
+          QStringList());
+    }
+  }
+
+  void everyPanelCanBeUsedByKeyboard() {
+    TimeRoom room;
+    AppSettings settings(room.defaults);
+    Scene scene;
+    SettingValue::lend(scene.engine(), settings);
+    room.area.converter()->convert({});
+    QVERIFY(
+        showPanels(scene, room.area, {"Month", "Progress", "WorldClock", "Countdown", "Moon", "UnixTime", "Meeting"}));
+    const QStringList faults = faultsInBothSchemes(scene, "time-panels");
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+    const QStringList names = namesByTab(scene);
+    QCOMPARE(names.filter(QStringLiteral("nameless")), QStringList());
+    for (const char* name : {"The next month", "Copy 2026-11-22", "Add a city", "Move London up", "Remove Tokyo",
+                             "Copy Seconds, 1795354233", "Time of day, 15:00", "Copy these times"})
+      QVERIFY2(names.contains(QLatin1String(name)),
+               qPrintable(QLatin1String(name) + QStringLiteral(" is not among ") + names.join(u'|')));
+  }
+
+  void aClickCopiesTheUnixTime() {
+    TimeRoom room;
+    Scene scene;
+    auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&room.area});
+    QQuickItem* tile = board->add(DockWidget::unixTime, TileSize::medium);
+    QVERIFY(scene.show(std::move(board)));
+    QSignalSpy copied(tile, SIGNAL(copyAsked(QString)));
+    tile->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(&scene.window(), Qt::Key_Return);
+    QCOMPARE(copied.value(0).value(0).toString(), QStringLiteral("1795354233"));
+  }
+
+  void theCalendarIsWalkedByKeys() {
+    TimeRoom room;
+    AppSettings settings(room.defaults);
+    Scene scene;
+    SettingValue::lend(scene.engine(), settings);
+    QVERIFY(showPanels(scene, room.area, {"Month"}));
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers with = {}) {
+      QTest::keyClick(&scene.window(), key, with);
+    };
+    for (int i = 0; i < 20 && !spokenName(scene.window().activeFocusItem()).startsWith(QStringLiteral("Sunday")); ++i)
+      press(Qt::Key_Tab);
+    press(Qt::Key_Right);
+    press(Qt::Key_Down);
+    press(Qt::Key_PageDown);
+    press(Qt::Key_PageUp, Qt::ShiftModifier);
+    QCOMPARE(room.area.month()->face().chosen, QStringLiteral("2025-12-30"));
+    press(Qt::Key_Home);
+    QVERIFY(room.area.month()->face().isAtToday);
+  }
 };
 
 }  // namespace ambrel
 
-QTEST_GUILESS_MAIN(ambrel::TimeModelsTests)
-#include "TimeModelsTests.moc"
+QTEST_MAIN(ambrel::TimeTests)
+#include "TimeTests.moc"

@@ -1,8 +1,11 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
+#include <random>
 
 #include "app/base/GadgetListModel.h"
+#include "app/base/RowChanges.h"
 
 namespace ambrel {
 namespace {
@@ -49,9 +52,39 @@ std::vector<Row> keys(std::initializer_list<int> list) {
   return rows;
 }
 
+using Keys = std::vector<int>;
+
+// The list that the steps lead to; new rows are taken from `after`.
+Keys carriedOut(Keys rows, const Keys& after, const std::vector<RowChange>& steps) {
+  for (const RowChange& step : steps) {
+    const auto first = rows.begin() + step.first;
+    switch (step.kind) {
+      case RowChange::Kind::remove:
+        rows.erase(first, rows.begin() + step.last + 1);
+        break;
+      case RowChange::Kind::insert:
+        rows.insert(first, after.begin() + step.first, after.begin() + step.last + 1);
+        break;
+      case RowChange::Kind::move: {
+        const int key = *first;
+        rows.erase(first);
+        rows.insert(rows.begin() + step.last, key);
+        break;
+      }
+    }
+  }
+  return rows;
+}
+
+Keys upTo(int count) {
+  Keys keys;
+  for (int i = 0; i < count; ++i) keys.push_back(i);
+  return keys;
+}
+
 }  // namespace
 
-class RecordListModelTests : public QObject {
+class ListModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -120,9 +153,54 @@ class RecordListModelTests : public QObject {
     QCOMPARE(counted.size(), 1);
     QCOMPARE(drives.data(drives.index(1), drives.role("size")), QVariant("3 B"));
   }
+
+  void commonChangesTakeFewSteps() {
+    const std::tuple<const char*, Keys, Keys, std::size_t> rows[] = {
+        {"nothing", {1, 2}, {1, 2}, 0},
+        {"first of all", {}, {1, 2}, 1},
+        {"last of all", {1, 2}, {}, 1},
+        {"new on top", {1, 2, 3}, {9, 1, 2, 3}, 1},
+        {"new on top, the last goes", {1, 2, 3}, {9, 1, 2}, 2},
+        {"one goes", {1, 2, 3}, {1, 3}, 1},
+        {"a run goes", {1, 2, 3, 4}, {1, 4}, 1},
+        {"one comes to the top", {1, 2, 3, 4}, {4, 1, 2, 3}, 1},
+        {"one goes to the end", {1, 2, 3, 4}, {2, 3, 4, 1}, 1},
+        {"two change places", {1, 2, 3}, {3, 2, 1}, 2},
+        {"nothing in common", {1, 2, 3}, {4, 5}, 2},
+        {"one comes to the top, one goes", {1, 2, 3, 4, 5}, {3, 1, 2, 4}, 2}};
+    for (const auto& [what, before, after, steps] : rows) {
+      const auto changes = rowChanges<int>(before, after);
+      QVERIFY2(carriedOut(before, after, changes) == after && changes.size() == steps, what);
+    }
+  }
+
+  void anyListBecomesAnyOther() {
+    std::mt19937 random(7);
+    for (int round = 0; round < 3000; ++round) {
+      Keys all = upTo(12);
+      std::ranges::shuffle(all, random);
+      const Keys before(all.begin(), all.begin() + static_cast<int>(random() % 13));
+      std::ranges::shuffle(all, random);
+      const Keys after(all.begin(), all.begin() + static_cast<int>(random() % 13));
+      for (const std::size_t most : {0u, 2u, 32u})
+        QCOMPARE(carriedOut(before, after, rowChanges<int>(before, after, most)), after);
+    }
+  }
+
+  void whatWouldTakeManyStepsIsExchangedBetweenTheEnds() {
+    const Keys before = upTo(10'000);
+    Keys after;
+    for (const int key : before)
+      if (key < 10 || key > 9'990 || key % 3 == 0) after.push_back(key);
+    const auto steps = rowChanges<int>(before, after);
+    QCOMPARE(steps.size(), std::size_t{2});
+    QCOMPARE(steps[0].first, 10);
+    QCOMPARE(steps[0].last, 9'989);
+    QCOMPARE(carriedOut(before, after, steps), after);
+  }
 };
 
 }  // namespace ambrel
 
-QTEST_APPLESS_MAIN(ambrel::RecordListModelTests)
-#include "RecordListModelTests.moc"
+QTEST_APPLESS_MAIN(ambrel::ListModelTests)
+#include "ListModelTests.moc"
