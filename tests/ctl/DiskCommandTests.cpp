@@ -25,10 +25,7 @@ class DiskCommand : public testing::Test {
   }
   JSON json(std::vector<std::string> more = {}) {
     more.push_back("--json");
-    const auto result = run(more, tree / "home");
-    EXPECT_EQ(result.status, 0) << result.error;
-    EXPECT_EQ(result.error, "");
-    return parseJSON(result.out).value_or(JSON());
+    return parseJSON(printed(run(more, tree / "home"))).value_or(JSON());
   }
   test::Tree tree;
 };
@@ -75,10 +72,9 @@ TEST_F(DiskCommand, TakesDepthAndThresholdsAndChangesNothing) {
 }
 
 TEST_F(DiskCommand, SpeaksToPeople) {
-  const auto result = run({}, tree / "home");
-  EXPECT_EQ(result.status, 0) << result.error;
-  EXPECT_THAT(result.out, AllOf(HasSubstr("Old installers in Downloads 1 item"), HasSubstr("  Downloads\n"),
-                                HasSubstr("Buddy found "), Not(HasSubstr("\x1b"))));
+  EXPECT_THAT(printed(run({}, tree / "home")),
+              AllOf(HasSubstr("Old installers in Downloads 1 item"), HasSubstr("  Downloads\n"),
+                    HasSubstr("Buddy found "), Not(HasSubstr("\x1b"))));
 }
 
 TEST_F(DiskCommand, SaysWhatCannotBeDone) {
