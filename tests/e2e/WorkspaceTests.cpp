@@ -14,12 +14,10 @@ using Identifiers = std::vector<std::string>;
 const std::string claude = "com.anthropic.claudefordesktop";
 const std::string codex = "com.openai.codex";
 
-class WorkspaceOnX11 : public testing::Test {
+class WorkspaceOnX11 : public X11Test {
  protected:
-  WorkspaceOnX11() : connection_(connectToDesktop()) {}
-
   void SetUp() override {
-    ASSERT_TRUE(connection_) << "no X server";
+    ASSERT_NO_FATAL_FAILURE(X11Test::SetUp());
     ASSERT_TRUE(folder_.isValid());
     // A program that is nothing but its name, and a script as an interpreter runs it.
     ASSERT_TRUE(QFile::copy("/bin/sleep", file("claude")));
@@ -39,7 +37,6 @@ class WorkspaceOnX11 : public testing::Test {
   }
 
   QTemporaryDir folder_;
-  std::unique_ptr<X11Connection> connection_;
   std::unique_ptr<X11Workspace> workspace_;
 };
 
