@@ -1,15 +1,11 @@
-#include <gmock/gmock.h>
-
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 class ClipsCommand : public testing::Test {
  protected:
@@ -33,9 +29,7 @@ class ClipsCommand : public testing::Test {
 };
 
 TEST_F(ClipsCommand, PrintsTheItemsAsTheyAreStored) {
-  const auto result = list({});
-  EXPECT_EQ(result.status, 0) << result.error;
-  EXPECT_EQ(parseJSON(result.out), parseJSON(*readFile(AMBREL_CASES "/clipboard/history.json"))->at("items"));
+  EXPECT_EQ(parseJSON(printed(list({}))), parseJSON(*readFile(AMBREL_CASES "/clipboard/history.json"))->at("items"));
   const TemporaryFolder nothing;
   EXPECT_EQ(runCommand({"--data", nothing.path(), "--json", "clips", "list"}).out, "[]\n");
   EXPECT_EQ(runCommand({"--data", nothing.path(), "clips", "list"}).out, "The clipboard history is empty\n");

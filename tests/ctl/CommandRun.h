@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
 #include <spawn.h>
@@ -110,6 +111,10 @@ class CommandRun {
 struct CommandResult {
   int status = 0;
   std::string out, error;
+  friend bool operator==(const CommandResult&, const CommandResult&) = default;
+  friend std::ostream& operator<<(std::ostream& stream, const CommandResult& result) {
+    return stream << result.status << ", out: " << result.out << ", error: " << result.error;
+  }
 };
 
 inline CommandResult runCommand(std::vector<std::string> arguments, std::vector<std::string> environment = {},
@@ -120,6 +125,12 @@ inline CommandResult runCommand(std::vector<std::string> arguments, std::vector<
   result.error = run.restOfError();
   result.status = run.wait();
   return result;
+}
+
+// What a command prints that succeeds and complains of nothing.
+inline std::string printed(const CommandResult& result) {
+  EXPECT_EQ(result, (CommandResult{0, result.out, ""}));
+  return result.out;
 }
 
 // What it writes to a terminal of so many columns.

@@ -1,16 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/Tree.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
 
 const std::string now = "2026-06-01T00:00:00Z";
 
@@ -31,10 +25,7 @@ class DiskCommand : public testing::Test {
   }
   JSON json(std::vector<std::string> more = {}) {
     more.push_back("--json");
-    const auto result = run(more, tree / "home");
-    EXPECT_EQ(result.status, 0) << result.error;
-    EXPECT_EQ(result.error, "");
-    return parseJSON(result.out).value_or(JSON());
+    return parseJSON(printed(run(more, tree / "home"))).value_or(JSON());
   }
   test::Tree tree;
 };
@@ -62,7 +53,7 @@ TEST_F(DiskCommand, PrintsTreeAndFindingsAsJSON) {
                         {"contentsOnly", false},
                         {"keeping", JSON::array()}}));
   EXPECT_EQ(document["headline"], "Mostly Developer junk and Old downloads");
-  EXPECT_THAT(document["summary"].get<std::string>(), testing::StartsWith("home uses "));
+  EXPECT_THAT(document["summary"].get<std::string>(), StartsWith("home uses "));
 }
 
 TEST_F(DiskCommand, TakesDepthAndThresholdsAndChangesNothing) {
@@ -81,10 +72,9 @@ TEST_F(DiskCommand, TakesDepthAndThresholdsAndChangesNothing) {
 }
 
 TEST_F(DiskCommand, SpeaksToPeople) {
-  const auto result = run({}, tree / "home");
-  EXPECT_EQ(result.status, 0) << result.error;
-  EXPECT_THAT(result.out, AllOf(HasSubstr("Old installers in Downloads 1 item"), HasSubstr("  Downloads\n"),
-                                HasSubstr("Buddy found "), Not(HasSubstr("\x1b"))));
+  EXPECT_THAT(printed(run({}, tree / "home")),
+              AllOf(HasSubstr("Old installers in Downloads 1 item"), HasSubstr("  Downloads\n"),
+                    HasSubstr("Buddy found "), Not(HasSubstr("\x1b"))));
 }
 
 TEST_F(DiskCommand, SaysWhatCannotBeDone) {

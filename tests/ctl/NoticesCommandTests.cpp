@@ -1,9 +1,8 @@
 #include <fcntl.h>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/buddy/NoticeCases.h"
 #include "tests/ctl/CommandRun.h"
@@ -11,18 +10,13 @@
 namespace ambrel {
 namespace {
 
-using ::testing::SizeIs;
-
 // Core's tests replay all cases; these are the ones that need another zone or locale.
 TEST(NoticesCommand, ReplaysInTheZoneAndLocaleOfTheEnvironment) {
   for (const NoticeCase& one : noticeCases()) {
     if (one.zone == "UTC" && one.locale == "en_US") continue;
     SCOPED_TRACE(one.name);
-    const auto result =
-        runCommand({"notices"}, {"HOME=/", "TZ=" + one.zone, "LC_ALL=" + one.locale + ".UTF-8"}, one.input.string());
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.error, "");
-    const auto answers = linesOf(result.out);
+    const auto answers = linesOf(printed(
+        runCommand({"notices"}, {"HOME=/", "TZ=" + one.zone, "LC_ALL=" + one.locale + ".UTF-8"}, one.input.string())));
     ASSERT_THAT(answers, SizeIs(one.expected.size()));
     for (std::size_t i = 0; i < answers.size(); ++i)
       EXPECT_EQ(difference(one.expected[i], parseJSON(answers[i]).value()), "") << "line " << i + 1;
@@ -40,11 +34,8 @@ class NoticesCommandLines : public testing::Test {
 
 TEST_F(NoticesCommandLines, EndAtTheFirstThatIsWrong) {
   const std::string good = "{\"now\":\"2026-11-21T09:00:00Z\"}\n";
-  const auto result =
-      run(good + "\n  \r\n" + R"({"now":"2026-11-21T09:00:10Z","policy":{"level":"loud"}})" + "\n" + good);
-  EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.out, "[]\n");
-  EXPECT_EQ(result.error, "tilebayctl: line 4: \"loud\" is no case of \"level\" of \"policy\"\n");
+  EXPECT_EQ(run(good + "\n  \r\n" + R"({"now":"2026-11-21T09:00:10Z","policy":{"level":"loud"}})" + "\n" + good),
+            (CommandResult{1, "[]\n", "tilebayctl: line 4: \"loud\" is no case of \"level\" of \"policy\"\n"}));
   EXPECT_EQ(run(good, {"--json", "notices"}).out, "[]\n");
 }
 
@@ -53,12 +44,10 @@ TEST_F(NoticesCommandLines, AreRemarkedUponOnStandardErrorAlone) {
                           "\n"
                           R"({"now":"2026-11-21T09:00:00Z","snooze":{"id":"disk.low","minutes":15}})"
                           "\n");
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.out, "[]\n[]\n");
-  EXPECT_EQ(result.error,
-            "tilebayctl: line 1: the line has an unknown field \" [2J\"\n"
-            "tilebayctl: line 1: the line has an unknown field \"sinals\"\n"
-            "tilebayctl: line 2: no notice was returned under the id \"disk.low\"\n");
+  EXPECT_EQ(result, (CommandResult{0, "[]\n[]\n",
+                                   "tilebayctl: line 1: the line has an unknown field \" [2J\"\n"
+                                   "tilebayctl: line 1: the line has an unknown field \"sinals\"\n"
+                                   "tilebayctl: line 2: no notice was returned under the id \"disk.low\"\n"}));
 }
 
 TEST_F(NoticesCommandLines, AreAnsweredOneByOne) {

@@ -1,16 +1,13 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <memory>
 
 #include "core/base/JSON.h"
 #include "core/settings.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
 
 class SettingsCommand : public testing::Test {
  protected:
@@ -30,17 +27,14 @@ TEST_F(SettingsCommand, ChangesWhatTheBarReadsAndLeavesTheRest) {
   for (const auto& [key, value] : {std::pair{"dockEdge", "left"},
                                    {"quietStartHour", "21"},
                                    {"buddyCategories", "limits,agents"},
-                                   {"ignoredBundleIDs", "[\"a,b\"]"}}) {
-    const auto result = run({"set", key, value});
-    EXPECT_EQ(result.status, 0) << result.error;
-    EXPECT_EQ(result.out + result.error, "");
-  }
+                                   {"ignoredBundleIDs", "[\"a,b\"]"}})
+    EXPECT_EQ(run({"set", key, value}), CommandResult{});
   const UserDefaults stored(file());
   const auto values = loadSettings(stored);
   EXPECT_EQ(values.dockEdge, DockEdge::left);
   EXPECT_EQ(values.quietStartHour, 21);
   EXPECT_EQ(values.buddyCategories, (std::set{BuddyCategory::agents, BuddyCategory::limits}));
-  EXPECT_THAT(values.ignoredBundleIDs, testing::ElementsAre("a,b"));
+  EXPECT_THAT(values.ignoredBundleIDs, ElementsAre("a,b"));
   EXPECT_EQ(stored.boolean("welcomeDone"), true);
   EXPECT_EQ(run({"get", "ignoredBundleIDs"}).out, "[\"a,b\"]\n");
 
@@ -75,23 +69,17 @@ TEST_F(SettingsCommand, RefusesWhatASettingDoesNotTake) {
       {{"set", "quietEndHour", "24"}, "'24' is no value of quietEndHour, which takes a whole number from 0 to 23"},
       {{"set", "agentsEnabled", "on"}, "'on' is no value of agentsEnabled, which takes true or false"},
   };
-  for (const auto& [arguments, error] : cases) {
-    const auto result = run(arguments);
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.error, "tilebayctl: " + std::string(error) + "\n");
-    EXPECT_EQ(result.out, "");
-  }
+  for (const auto& [arguments, error] : cases)
+    EXPECT_EQ(run(arguments), (CommandResult{2, "", "tilebayctl: " + std::string(error) + "\n"}));
   EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
 TEST_F(SettingsCommand, LeavesAFileWithAMistakeForAPersonToMend) {
   home_.write(".config/Ambrel/defaults.json", R"({"dockEdge": "left",})");
   for (const std::vector<std::string>& arguments :
-       {std::vector<std::string>{"list"}, {"get", "dockEdge"}, {"set", "dockEdge", "right"}, {"reset", "dockEdge"}}) {
-    const auto result = run(arguments);
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.error, "tilebayctl: " + file().string() + " is no JSON; mend or remove it first\n");
-  }
+       {std::vector<std::string>{"list"}, {"get", "dockEdge"}, {"set", "dockEdge", "right"}, {"reset", "dockEdge"}})
+    EXPECT_EQ(run(arguments),
+              (CommandResult{1, "", "tilebayctl: " + file().string() + " is no JSON; mend or remove it first\n"}));
   EXPECT_EQ(readFile(file()), R"({"dockEdge": "left",})");
 }
 

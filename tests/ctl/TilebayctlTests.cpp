@@ -1,22 +1,15 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/agents.h"
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
 #include "core/profiles.h"
 #include "core/widgets.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/agents/StoreFixture.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 const std::string noonText = "2026-11-21T12:00:00Z";
 const Instant noon = *parseISO8601(noonText);
@@ -42,9 +35,7 @@ void fill(const TemporaryFolder& home) {
 TEST(Tilebayctl, PrintsTheSessionsAsJSON) {
   TemporaryFolder home;
   fill(home);
-  const auto result = runCommand({"--home", home.path(), "--now", noonText, "--json", "agents"});
-  EXPECT_EQ(result.status, 0) << result.error;
-  EXPECT_EQ(result.error, "");
+  const std::string out = printed(runCommand({"--home", home.path(), "--now", noonText, "--json", "agents"}));
   const auto expected = parseJSON(R"([
     {"id":"cursor:c1","kind":"cursor","title":"Ask\u001b[31m me","detail":"+0 −0 · 2 files","status":"needsInput",
      "updatedAt":"2026-11-21T11:58:00Z",
@@ -55,8 +46,8 @@ TEST(Tilebayctl, PrintsTheSessionsAsJSON) {
      "status":"finished","updatedAt":"2026-11-21T11:58:29.75Z"},
     {"id":"antigravity:a1","kind":"antigravity","title":"Größe","detail":"4 steps","status":"idle",
      "updatedAt":"2026-11-21T11:00:00Z"}])");
-  EXPECT_EQ(parseJSON(result.out), expected);
-  EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 1);
+  EXPECT_EQ(parseJSON(out), expected);
+  EXPECT_EQ(std::ranges::count(out, '\n'), 1);
 
   const TemporaryFolder empty;
   EXPECT_EQ(runCommand({"--home", empty.path(), "--json", "agents"}).out, "[]\n");
@@ -67,10 +58,8 @@ TEST(Tilebayctl, PrintsTheSessionsAsJSON) {
 TEST(Tilebayctl, PrintsTheSessionsForPeopleInAlignedColumns) {
   TemporaryFolder home;
   fill(home);
-  const auto result = runCommand({"agents", "--home", home.path(), "--now", noonText}, {"LC_ALL=en_US.UTF-8"});
-  EXPECT_EQ(result.status, 0) << result.error;
   // The escape of a hostile title does not reach the terminal.
-  EXPECT_EQ(result.out,
+  EXPECT_EQ(printed(runCommand({"agents", "--home", home.path(), "--now", noonText}, {"LC_ALL=en_US.UTF-8"})),
             "Needs you  Ask [31m me  Cursor       +0 −0 · 2 files  2m ago\n"
             "Working    tilebay      Claude Code  Thinking         1m ago\n"
             "Done       weather      Codex        Done             1m ago\n"
@@ -155,14 +144,11 @@ TEST(Tilebayctl, ChoosesTheProfileForTheDisplays) {
   for (const auto& each : cases) {
     std::vector<std::string> arguments{"--data", data.path(), "--json", "profiles"};
     arguments.insert(arguments.end(), each.arguments.begin(), each.arguments.end());
-    const auto result = runCommand(arguments);
-    EXPECT_EQ(result.status, 0) << result.error;
-    EXPECT_EQ(parseJSON(result.out), (JSON{{"active", each.active}, {"profiles", *parseJSON(stored)}}));
+    EXPECT_EQ(parseJSON(printed(runCommand(arguments))),
+              (JSON{{"active", each.active}, {"profiles", *parseJSON(stored)}}));
   }
-  const auto unknown = runCommand({"--data", data.path(), "profiles", "--pin", "Nobody"});
-  EXPECT_EQ(unknown.status, 1);
-  EXPECT_EQ(unknown.error, "tilebayctl: there is no profile named 'Nobody'\n");
-  EXPECT_EQ(unknown.out, "");
+  EXPECT_EQ(runCommand({"--data", data.path(), "profiles", "--pin", "Nobody"}),
+            (CommandResult{1, "", "tilebayctl: there is no profile named 'Nobody'\n"}));
 }
 
 TEST(Tilebayctl, ShowsTheDefaultProfilesInPlaceOfABrokenFileAndLeavesTheFile) {
@@ -224,19 +210,15 @@ TEST(Tilebayctl, RefusesWrongUsageWithAHint) {
       {{"agents", "--watch", "--every", "nan"}, "--every 'nan' is no number above zero"},
       {{"--now", "noon", "agents"}, "--now 'noon' is no instant; it is written like 2026-11-21T09:00:00Z"},
       {{"profiles", "--display", ":builtin"}, "--display needs a name, as in --display eDP-1:builtin"}};
-  for (const auto& [arguments, error] : rows) {
-    const auto result = runCommand(arguments, {"HOME=/nowhere"});
-    EXPECT_EQ(result.status, 2) << error;
-    EXPECT_EQ(result.error, std::string("tilebayctl: ") + error + "\n");
-    EXPECT_EQ(result.out, "");
-  }
+  for (const auto& [arguments, error] : rows)
+    EXPECT_EQ(runCommand(arguments, {"HOME=/nowhere"}),
+              (CommandResult{2, "", std::string("tilebayctl: ") + error + "\n"}));
   // An option whose value is missing: the words are the parser's own.
   const auto missing = runCommand({"agents", "--home"}, {"HOME=/nowhere"});
   EXPECT_EQ(missing.status, 2);
   EXPECT_THAT(missing.error, AllOf(StartsWith("tilebayctl: "), HasSubstr("--home"), HasSubstr("--help'")));
-  const auto help = runCommand({"agents", "--help"});
-  EXPECT_THAT(help.out, AllOf(HasSubstr("Usage: tilebayctl"), HasSubstr("--every"), Not(HasSubstr("--pin"))));
-  EXPECT_EQ(help.status, 0);
+  EXPECT_THAT(printed(runCommand({"agents", "--help"})),
+              AllOf(HasSubstr("Usage: tilebayctl"), HasSubstr("--every"), Not(HasSubstr("--pin"))));
   EXPECT_THAT(runCommand({"--version"}).out, testing::MatchesRegex("tilebayctl [0-9.]+\n"));
 }
 

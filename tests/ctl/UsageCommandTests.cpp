@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
@@ -39,9 +38,8 @@ class UsageCommand : public testing::Test {
 };
 
 TEST_F(UsageCommand, PrintsWhatIsThereAndLeavesOutTheRest) {
-  const auto nothing = run({"--json", "usage"});
-  EXPECT_EQ(nothing.status, 0) << nothing.error;
-  EXPECT_EQ(parseJSON(nothing.out), parseJSON(R"({"claude":{"today":{"tokens":0,"replies":0}}})"));
+  EXPECT_EQ(parseJSON(printed(run({"--json", "usage"}))),
+            parseJSON(R"({"claude":{"today":{"tokens":0,"replies":0}}})"));
 
   fill();
   EXPECT_EQ(run({"statusline", "install"}).status, 0);
@@ -79,11 +77,8 @@ TEST_F(UsageCommand, WatchesWithOneDocumentAPass) {
 
 TEST_F(UsageCommand, ConnectsAndDisconnectsTheHook) {
   for (const auto& [verb, isConnected] :
-       {std::pair{"status", false}, {"install", true}, {"status", true}, {"remove", false}}) {
-    const auto result = run({"--json", "statusline", verb});
-    EXPECT_EQ(result.status, 0) << result.error;
-    EXPECT_EQ(parseJSON(result.out), (JSON{{"isConnected", isConnected}})) << verb;
-  }
+       {std::pair{"status", false}, {"install", true}, {"status", true}, {"remove", false}})
+    EXPECT_EQ(parseJSON(printed(run({"--json", "statusline", verb}))), (JSON{{"isConnected", isConnected}})) << verb;
   EXPECT_EQ(run({"statusline", "status"}).out, "Not connected.\n");
 }
 
@@ -98,11 +93,10 @@ TEST_F(UsageCommand, InstallsAScriptThatCanBeFoundFromAnywhere) {
 TEST_F(UsageCommand, RefusesSettingsThatAreNoObject) {
   home.write(".claude/settings.json", "{\"a\": oops}");
   for (const std::string verb : {"install", "remove"}) {
-    const auto result = run({"statusline", verb});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.error, "tilebayctl: Could not change ~/.claude/settings.json. Check that it is valid JSON. (" +
-                                (home / ".claude/settings.json").string() + ": line 1: expected a value)\n");
+    EXPECT_EQ(run({"statusline", verb}),
+              (CommandResult{1, "",
+                             "tilebayctl: Could not change ~/.claude/settings.json. Check that it is valid JSON. (" +
+                                 (home / ".claude/settings.json").string() + ": line 1: expected a value)\n"}));
     EXPECT_EQ(readFile(home / ".claude/settings.json"), "{\"a\": oops}");
   }
   EXPECT_EQ(run({"statusline"}).status, 2);

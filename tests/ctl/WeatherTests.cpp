@@ -1,15 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/ctl/CommandRun.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 const std::string cases = AMBREL_CASES "/weather/";
 const std::vector<std::string> summer{"--home", "/nonexistent", "--now", "2026-07-14T09:41:00Z"};
@@ -20,11 +15,9 @@ CommandResult weather(std::vector<std::string> words, std::vector<std::string> e
 }
 
 TEST(WeatherCommand, PrintsThePublishedFields) {
-  const auto result =
-      weather({"--json", "weather", "--from", cases + "london.json", "--air", cases + "air-london.json"});
-  EXPECT_EQ(result.status, 0) << result.error;
-  const auto json = parseJSON(result.out);
-  ASSERT_TRUE(json) << result.out;
+  const auto json = parseJSON(
+      printed(weather({"--json", "weather", "--from", cases + "london.json", "--air", cases + "air-london.json"})));
+  ASSERT_TRUE(json);
   EXPECT_EQ(json->size(), 21u);
   const std::pair<const char*, const char*> rows[] = {
       {"/temperature", "21.8"},
@@ -40,24 +33,23 @@ TEST(WeatherCommand, PrintsThePublishedFields) {
 }
 
 TEST(WeatherCommand, LeavesOutWhatIsAbsent) {
-  const auto result = weather({"weather", "--from", cases + "minimal.json", "--json"});
-  EXPECT_EQ(parseJSON(result.out), parseJSON(R"({"temperature":7.0,"code":3,"updatedAt":"2026-07-14T09:41:00Z",
+  EXPECT_EQ(parseJSON(printed(weather({"weather", "--from", cases + "minimal.json", "--json"}))),
+            parseJSON(R"({"temperature":7.0,"code":3,"updatedAt":"2026-07-14T09:41:00Z",
       "timeZone":"GMT","hourly":[],"daily":[],"rainSlots":[],"rainChances":[],
       "rain":{"title":"No forecast","detail":"Waiting for data","isWet":false}})"));
 }
 
 TEST(WeatherCommand, PrintsForPeople) {
-  const auto result =
-      weather({"weather", "--from", cases + "london.json", "--air", cases + "air-london.json"}, {"LC_ALL=en_US.UTF-8"});
-  EXPECT_EQ(result.status, 0) << result.error;
-  EXPECT_THAT(result.out, StartsWith("Now          22°  Partly cloudy\n"
-                                     "Feels like   19°\n"
-                                     "Today        14° to 25°\n"
-                                     "Rain         Rain in 20 min, Light rain\n"
-                                     "UV index     4.4  Moderate\n"
-                                     "US AQI       42  Good\n"
-                                     "EU AQI       31  Fair\n"
-                                     "Tue, Jul 14  14° to 25°  Partly cloudy\n"));
+  EXPECT_THAT(printed(weather({"weather", "--from", cases + "london.json", "--air", cases + "air-london.json"},
+                              {"LC_ALL=en_US.UTF-8"})),
+              StartsWith("Now          22°  Partly cloudy\n"
+                         "Feels like   19°\n"
+                         "Today        14° to 25°\n"
+                         "Rain         Rain in 20 min, Light rain\n"
+                         "UV index     4.4  Moderate\n"
+                         "US AQI       42  Good\n"
+                         "EU AQI       31  Fair\n"
+                         "Tue, Jul 14  14° to 25°  Partly cloudy\n"));
 }
 
 TEST(WeatherCommand, SaysWhatIsWrong) {

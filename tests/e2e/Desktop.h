@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 
@@ -76,5 +77,12 @@ inline void writeFile(const QString& path, const QByteArray& text, bool isProgra
 inline std::unique_ptr<X11Connection> connectToDesktop() {
   return X11Connection::open(qgetenv("DISPLAY").toStdString());
 }
+
+class X11Test : public testing::Test {
+ protected:
+  void SetUp() override { ASSERT_TRUE(connection_) << "no X server"; }
+
+  std::unique_ptr<X11Connection> connection_ = connectToDesktop();
+};
 
 }  // namespace ambrel

@@ -6,18 +6,15 @@
 #include <QPixmap>
 #include <algorithm>
 #include <array>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/SessionBus.h"
+#include "tests/Matchers.h"
 #include "tests/e2e/Desktop.h"
 #include "tests/fakes/FakeNotificationDaemon.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
 
 const QStringList everything{"body", "body-markup", "actions"};
 

@@ -1,9 +1,14 @@
-// Screens of a real X server, and the edges that a real panel reserves.
+// Screens of a real X server, the edges that a real panel reserves, pictures of a screen, and the server's own screen
+// saver, which blanks the screen after a second here.
 
 #include <QGuiApplication>
 #include <QWindow>
 #include <gtest/gtest.h>
+#include <xcb/screensaver.h>
+#include <xcb/shape.h>
 
+#include "platform/linux/X11ScreenCapture.h"
+#include "platform/linux/X11ScreenSaver.h"
 #include "platform/linux/X11Screens.h"
 #include "platform/linux/X11WindowStyle.h"
 #include "tests/e2e/Desktop.h"
@@ -11,11 +16,10 @@
 namespace ambrel {
 namespace {
 
-class ScreensOnX11 : public testing::Test {
+class ScreensOnX11 : public X11Test {
  protected:
-  ScreensOnX11() : connection_(connectToDesktop()) {}
   void SetUp() override {
-    ASSERT_TRUE(connection_) << "no X server";
+    ASSERT_NO_FATAL_FAILURE(X11Test::SetUp());
     ASSERT_TRUE(folder_.isValid());
     writeFile(folder_.filePath("tint2rc"),
               "panel_items = S\npanel_position = bottom center horizontal\npanel_size = 100% 30\n"
@@ -28,7 +32,6 @@ class ScreensOnX11 : public testing::Test {
   }
 
   QTemporaryDir folder_;
-  std::unique_ptr<X11Connection> connection_;
 };
 
 TEST_F(ScreensOnX11, APanelOfAnotherProgramTakesItsEdge) {
@@ -143,6 +146,78 @@ TEST_F(ScreensOnX11, ScreensComeAndGo) {
   EXPECT_EQ(both.front().frame.minY(), 0) << "the main screen is at the bottom";
   ASSERT_EQ(run("xrandr", {"--delmonitor", "HDMI-7"}).status, 0);
   EXPECT_TRUE(waitFor([&] { return screens.list().size() == 1; }));
+}
+
+TEST(ScreenCaptureOnX11, ShowsOtherProgramsAndNoneOfOurWindows) {
+  const auto connection = connectToDesktop();
+  ASSERT_TRUE(connection) << "no X server";
+  run("hsetroot", {"-solid", "#204060"});
+  Client other("xterm", {"-bg", "#00ff00", "-geometry", "60x10+200+300", "-e", "sleep", "60"});
+  X11ScreenCapture capture(connection.get());
+  ScreenPicture picture;
+  const auto take = [&] {
+    picture = {};
+    capture.capture([&](ScreenPicture taken) { picture = std::move(taken); });
+    return waitFor([&] { return !picture.image.isNull() || !picture.problem.empty(); });
+  };
+  ASSERT_TRUE(waitFor([&] { return take() && picture.windows.size() == 1; }));
+  QWindow own;
+  own.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+  own.setGeometry(0, 0, 1600, 900);
+  own.show();
+  ASSERT_TRUE(waitFor([&] { return own.isExposed(); }));
+  // The program below needs its moment to draw what we covered.
+  EXPECT_TRUE(waitFor([&] {
+    const QRectF box = picture.windows.front();
+    const QPoint middle(qRound((box.x() + box.width() * 0.9) * 1600), qRound((box.y() + box.height() * 0.9) * 900));
+    return take() && picture.image.pixelColor(1500, 100) == QColor(0x20, 0x40, 0x60) &&
+           picture.image.pixelColor(middle) == QColor(0, 255, 0);
+  }));
+  EXPECT_EQ(picture.image.size(), QSize(1600, 900));
+  EXPECT_EQ(picture.windows.size(), 1u);
+  // It is whole again.
+  const auto extents = xcb_shape_query_extents(connection->xcb(), static_cast<xcb_window_t>(own.winId()));
+  const XcbPtr<xcb_shape_query_extents_reply_t> shape(
+      xcb_shape_query_extents_reply(connection->xcb(), extents, nullptr));
+  ASSERT_TRUE(shape);
+  EXPECT_FALSE(shape->bounding_shaped);
+}
+
+class ScreenSaverOnX11 : public testing::Test {
+ protected:
+  void SetUp() override {
+    connection_ = connectToDesktop();
+    watcher_ = connectToDesktop();
+    ASSERT_TRUE(connection_ && watcher_);
+    xcb_set_screen_saver(watcher_->xcb(), 1, 0, XCB_BLANKING_PREFERRED, XCB_EXPOSURES_ALLOWED);
+    watcher_->flush();
+  }
+  void TearDown() override {
+    xcb_set_screen_saver(watcher_->xcb(), 0, 0, XCB_BLANKING_DEFAULT, XCB_EXPOSURES_DEFAULT);
+    xcb_force_screen_saver(watcher_->xcb(), XCB_SCREEN_SAVER_RESET);
+    watcher_->flush();
+  }
+  bool isBlank() const {
+    const XcbPtr<xcb_screensaver_query_info_reply_t> info(xcb_screensaver_query_info_reply(
+        watcher_->xcb(), xcb_screensaver_query_info(watcher_->xcb(), watcher_->root()), nullptr));
+    return info && info->state == XCB_SCREENSAVER_STATE_ON;
+  }
+
+  std::unique_ptr<X11Connection> connection_, watcher_;
+};
+
+TEST_F(ScreenSaverOnX11, BlanksNothingWhileItIsSuspended) {
+  X11ScreenSaver screenSaver(connection_.get());
+  ASSERT_TRUE(screenSaver.suspend(true));
+  EXPECT_FALSE(waitFor([this] { return isBlank(); }, 2500));
+  ASSERT_TRUE(screenSaver.suspend(false));
+  EXPECT_TRUE(waitFor([this] { return isBlank(); }));
+}
+
+TEST_F(ScreenSaverOnX11, GoesOnWhenItsHolderIsGone) {
+  ASSERT_TRUE(X11ScreenSaver(connection_.get()).suspend(true));
+  connection_.reset();
+  EXPECT_TRUE(waitFor([this] { return isBlank(); }));
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 // The running bar and those that want something of it, each a process of its own.
 
 #include <QCoreApplication>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/linux/DBusSessionService.h"
 #include "platform/linux/SessionBus.h"
+#include "tests/Matchers.h"
 #include "tests/e2e/Desktop.h"
 
 namespace ambrel {
@@ -44,7 +43,7 @@ TEST(SessionServiceOnBus, ASecondStartHandsItsWishOver) {
     wishes.clear();
     EXPECT_EQ(secondStart(arguments).output, "handedOver\n");
     EXPECT_TRUE(waitFor([&] { return !wishes.empty(); })) << arguments.join(' ').toStdString();
-    EXPECT_THAT(wishes, testing::ElementsAre(expected));
+    EXPECT_THAT(wishes, ElementsAre(expected));
   }
 }
 
@@ -56,7 +55,7 @@ TEST(SessionServiceOnBus, EveryMethodIsForEveryone) {
   EXPECT_EQ(callMethod("Ask", {"hello"}).status, 0);
   std::vector<Wish> wishes;
   service.setWishHandler([&](const Wish& wish) { wishes.push_back(wish); });
-  EXPECT_THAT(wishes, testing::ElementsAre(Wish(wish::CopyPinned{3}), Wish(wish::Ask{"hello"})));
+  EXPECT_THAT(wishes, ElementsAre(Wish(wish::CopyPinned{3}), Wish(wish::Ask{"hello"})));
   EXPECT_NE(callMethod("CopyPinned", {"0"}).status, 0);
   EXPECT_NE(callMethod("CopyPinned", {"10"}).status, 0);
   EXPECT_NE(callMethod("Ask", {" "}).status, 0);

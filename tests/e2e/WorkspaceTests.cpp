@@ -1,28 +1,23 @@
 // Real terminals under a real window manager, with programs of our own in the place of the agents.
 
 #include <QStandardPaths>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/linux/X11Workspace.h"
+#include "tests/Matchers.h"
 #include "tests/e2e/Desktop.h"
 
 namespace ambrel {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
 using Identifiers = std::vector<std::string>;
 
 const std::string claude = "com.anthropic.claudefordesktop";
 const std::string codex = "com.openai.codex";
 
-class WorkspaceOnX11 : public testing::Test {
+class WorkspaceOnX11 : public X11Test {
  protected:
-  WorkspaceOnX11() : connection_(connectToDesktop()) {}
-
   void SetUp() override {
-    ASSERT_TRUE(connection_) << "no X server";
+    ASSERT_NO_FATAL_FAILURE(X11Test::SetUp());
     ASSERT_TRUE(folder_.isValid());
     // A program that is nothing but its name, and a script as an interpreter runs it.
     ASSERT_TRUE(QFile::copy("/bin/sleep", file("claude")));
@@ -42,7 +37,6 @@ class WorkspaceOnX11 : public testing::Test {
   }
 
   QTemporaryDir folder_;
-  std::unique_ptr<X11Connection> connection_;
   std::unique_ptr<X11Workspace> workspace_;
 };
 

@@ -1,17 +1,15 @@
 #pragma once
 // A small HTTP server on this machine's loopback address, which answers as it is told: well, badly, half or never.
 
-#include <QHash>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
 #include <QUrl>
 #include <functional>
-#include <memory>
+
+#include "tests/fakes/LoopbackHTTP.h"
 
 namespace ambrel {
 
-class LoopbackServer : public QTcpServer {
+class LoopbackServer : public LoopbackHTTP {
  public:
   struct Reply {
     int status = 200;
@@ -26,13 +24,6 @@ class LoopbackServer : public QTcpServer {
     } manner = Manner::whole;
   };
 
-  LoopbackServer() {
-    if (!listen(QHostAddress::LocalHost)) qFatal("cannot listen on the loopback address");
-    connect(this, &QTcpServer::newConnection, this, [this] {
-      while (QTcpSocket* socket = nextPendingConnection()) serve(socket);
-    });
-  }
-
   QUrl url() const { return QUrl(QStringLiteral("http://127.0.0.1:%1").arg(serverPort())); }
 
   // Asked for the path with its query; 404 unless something is set.
@@ -41,18 +32,9 @@ class LoopbackServer : public QTcpServer {
   QByteArrayList targets;
 
  private:
-  void serve(QTcpSocket* socket) {
-    auto buffer = std::make_shared<QByteArray>();
-    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    connect(socket, &QTcpSocket::readyRead, this, [this, socket, buffer] {
-      *buffer += socket->readAll();
-      const auto end = buffer->indexOf("\r\n\r\n");
-      if (end < 0) return;
-      const QByteArray target = buffer->split(' ').value(1);
-      buffer->clear();
-      targets.append(target);
-      send(socket, answer(target));
-    });
+  void serve(QTcpSocket* socket, const QByteArray&, const QByteArray& target, const QByteArray&) override {
+    targets.append(target);
+    send(socket, answer(target));
   }
 
   void send(QTcpSocket* socket, const Reply& reply) {

@@ -2,15 +2,14 @@
 // A model server on this machine's loopback address that says what the test has written for it, and keeps what it is
 // asked.
 
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QUrl>
 #include <deque>
-#include <memory>
+#include <string>
+
+#include "tests/fakes/LoopbackHTTP.h"
 
 namespace ambrel {
 
-class ScriptedModelServer : public QTcpServer {
+class ScriptedModelServer : public LoopbackHTTP {
  public:
   struct Reply {
     QByteArray body;
@@ -25,12 +24,7 @@ class ScriptedModelServer : public QTcpServer {
     QByteArray location = {};
   };
 
-  explicit ScriptedModelServer(quint16 port = 0) {
-    if (!listen(QHostAddress::LocalHost, port)) qFatal("cannot listen on the loopback address");
-    connect(this, &QTcpServer::newConnection, this, [this] {
-      while (QTcpSocket* socket = nextPendingConnection()) serve(socket);
-    });
-  }
+  using LoopbackHTTP::LoopbackHTTP;
 
   std::string url() const { return "http://127.0.0.1:" + std::to_string(serverPort()); }
 
@@ -49,30 +43,17 @@ class ScriptedModelServer : public QTcpServer {
   }
 
  private:
-  void serve(QTcpSocket* socket) {
-    auto buffer = std::make_shared<QByteArray>();
-    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    connect(socket, &QTcpSocket::readyRead, this, [this, socket, buffer] {
-      *buffer += socket->readAll();
-      const auto end = buffer->indexOf("\r\n\r\n");
-      if (end < 0) return;
-      const QByteArray head = buffer->left(end).toLower();
-      const auto length = head.indexOf("content-length:");
-      const qsizetype size = length < 0 ? 0 : head.mid(length + 15).split('\r').front().trimmed().toLongLong();
-      if (buffer->size() < end + 4 + size) return;
-      const QByteArray body = buffer->mid(end + 4, size);
-      const bool isQuestion = buffer->startsWith("POST /v1/chat/completions ");
-      const bool isLook = buffer->startsWith("GET /v1/models ");
-      buffer->clear();
-      if (isQuestion) asked << body;
-      if (isLook) ++looks;
-      if (isLook) return answer(socket, models);
-      if (!isQuestion) return answer(socket, {.body = "{}", .status = 404});
-      if (script.empty()) return answer(socket, {.body = {}, .end = Reply::End::open});
-      const Reply reply = script.front();
-      script.pop_front();
-      answer(socket, reply);
-    });
+  void serve(QTcpSocket* socket, const QByteArray& method, const QByteArray& target, const QByteArray& body) override {
+    const bool isQuestion = method == "POST" && target == "/v1/chat/completions";
+    const bool isLook = method == "GET" && target == "/v1/models";
+    if (isQuestion) asked << body;
+    if (isLook) ++looks;
+    if (isLook) return answer(socket, models);
+    if (!isQuestion) return answer(socket, {.body = "{}", .status = 404});
+    if (script.empty()) return answer(socket, {.body = {}, .end = Reply::End::open});
+    const Reply reply = script.front();
+    script.pop_front();
+    answer(socket, reply);
   }
 
   void answer(QTcpSocket* socket, const Reply& reply) {

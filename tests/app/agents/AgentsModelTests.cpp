@@ -2,9 +2,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "app/agents/AgentHooksModel.h"
 #include "app/agents/AgentsModel.h"
 #include "app/model/AppSettings.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/core/agents/Sessions.h"
 #include "tests/fakes/FakeFolderWatch.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/HeldWork.h"
@@ -39,13 +41,9 @@ class FakeReader : public AgentSessionReader {
 };
 
 AgentSession session(std::string id, AgentStatus status, double secondsAgo = 5) {
-  return {.id = std::move(id),
-          .kind = AgentKind::codex,
-          .title = "Mend the build",
-          .project = "web-shop",
-          .detail = {},
-          .status = status,
-          .updatedAt = advanced(start, Seconds(-secondsAgo))};
+  AgentSession session = agentSession(std::move(id), AgentKind::codex, status);
+  session.updatedAt = advanced(start, Seconds(-secondsAgo));
+  return session;
 }
 
 // Which session was announced how: "codex:a: Codex finished / web-shop".
@@ -412,6 +410,45 @@ class AgentsModelTests : public QObject {
     QVERIFY(!polls(39));
     f.poll({session("codex:a", working, 50)});
     QVERIFY(polls(42));
+  }
+
+  void connectsAndFollowsWhatIsChangedByHand() {
+    TemporaryFolder home;
+    const HookConnection::Places places{.home = home.path(), .data = home / "data", .tool = "/usr/bin/tilebayctl"};
+    const HookConnection outside(AgentKind::claudeCode, places);
+    AgentHooksModel hooks(AgentKind::claudeCode, places);
+    QVERIFY(!hooks.isConnected());
+    QSignalSpy connections(&hooks, &AgentHooksModel::connectionChanged);
+    // At first there is not even a folder; later the file is replaced each time.
+    for (int round = 0; round < 2; ++round) {
+      outside.connect();
+      QTRY_VERIFY(hooks.isConnected());
+      outside.disconnect();
+      QTRY_VERIFY(!hooks.isConnected());
+    }
+    QCOMPARE(connections.count(), 4);
+    hooks.install();
+    QVERIFY(hooks.isConnected() && outside.isConnected());
+    hooks.remove();
+    QVERIFY(!outside.isConnected());
+    QCOMPARE(hooks.problem(), QString());
+  }
+
+  void saysWhyAChangeWasNotMade() {
+    TemporaryFolder home;
+    home.write(".codex/hooks.json", "[1]");
+    AgentHooksModel hooks(AgentKind::codex,
+                          {.home = home.path(), .data = home / "data", .tool = "/usr/bin/tilebayctl"});
+    hooks.install();
+    QVERIFY(!hooks.isConnected());
+    QCOMPARE(hooks.problem(), QString("Could not change ~/.codex/hooks.json. Check that it is valid JSON."));
+    home.write(".codex/hooks.json", "{}");
+    hooks.install();
+    QVERIFY(hooks.isConnected());
+    QCOMPARE(hooks.problem(), QString());
+    AgentHooksModel bare(AgentKind::claudeCode, {.home = home.path(), .data = home / "data", .tool = {}});
+    bare.install();
+    QVERIFY(!bare.problem().isEmpty());
   }
 };
 

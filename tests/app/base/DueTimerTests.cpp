@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "app/base/DueTimer.h"
+#include "tests/Time.h"
 #include "tests/fakes/FakeClock.h"
 
 namespace ambrel {
@@ -30,9 +31,6 @@ class Listener : public TimedModel {
 void settle() { QCoreApplication::processEvents(); }
 
 }  // namespace
-
-using std::chrono::hours;
-using std::chrono::minutes;
 
 class DueTimerTests : public QObject {
   Q_OBJECT

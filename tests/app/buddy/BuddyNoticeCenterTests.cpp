@@ -2,13 +2,13 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "tests/Time.h"
 #include "tests/app/buddy/BuddyRoom.h"
 
 namespace ambrel {
 namespace {
 
 using enum AgentStatus;
-using std::chrono::hours;
 
 AgentSession codex(AgentStatus status, std::string id = "codex:a") {
   return agentSession(std::move(id), AgentKind::codex, status);

@@ -1,12 +1,12 @@
 #pragma once
 // Buddy on a desktop that the test plays: the sessions, the window in front, the time.
 
-#include <deque>
-
 #include "app/agents/AgentsModel.h"
 #include "app/buddy/BuddyNoticeCenter.h"
 #include "app/model/AppSettings.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/core/agents/Sessions.h"
+#include "tests/fakes/DelayedSteps.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/HeldWork.h"
 
@@ -23,20 +23,18 @@ struct BuddyRoom {
     center.reset();
     steps_.clear();
     settings = std::make_unique<AppSettings>(defaults);
-    agents = std::make_unique<AgentsModel>(*settings, readers(), folder.path(), calendar,
+    agents = std::make_unique<AgentsModel>(*settings, readersOf(sessions), folder.path(), calendar,
                                            AgentsModel::Seams{.background = held.background(),
                                                               .notifications = notifications,
                                                               .workspace = workspace,
                                                               .now = [this] { return now; }});
-    center = std::make_unique<BuddyNoticeCenter>(BuddyNoticeCenter::Seams{
-        .agents = *agents,
-        .settings = *settings,
-        .defaults = defaults,
-        .workspace = workspace,
-        .calendar = calendar,
-        .now = [this] { return now; },
-        .later = [this](Seconds delay,
-                        std::function<void()> step) { steps_.emplace_back(advanced(now, delay), std::move(step)); }});
+    center = std::make_unique<BuddyNoticeCenter>(BuddyNoticeCenter::Seams{.agents = *agents,
+                                                                          .settings = *settings,
+                                                                          .defaults = defaults,
+                                                                          .workspace = workspace,
+                                                                          .calendar = calendar,
+                                                                          .now = [this] { return now; },
+                                                                          .later = steps_.later()});
     center->addSignals([this](BuddySignals& signals) {
       signals.battery = battery;
       signals.isFocusRunning = isFocusRunning;
@@ -61,7 +59,7 @@ struct BuddyRoom {
     const Instant end = advanced(now, Seconds(seconds));
     while (now < end) {
       now = std::min(end, advanced(now, Seconds(1)));
-      runDue();
+      steps_.runDue();
       if (*center->due() <= now) center->tick(now);
     }
   }
@@ -97,38 +95,7 @@ struct BuddyRoom {
   std::unique_ptr<BuddyNoticeCenter> center;
 
  private:
-  class ListReader : public AgentSessionReader {
-   public:
-    explicit ListReader(const std::vector<AgentSession>& list) : list_(list) {}
-    std::vector<AgentSession> sessions(const std::filesystem::path&, Instant) const override { return list_; }
-
-   private:
-    const std::vector<AgentSession>& list_;
-  };
-  AgentReaders readers() {
-    AgentReaders list;
-    list.push_back(std::make_unique<ListReader>(sessions));
-    return list;
-  }
-  void runDue() {
-    for (auto& [due, step] : std::exchange(steps_, {})) {
-      if (due <= now)
-        step();
-      else
-        steps_.emplace_back(due, std::move(step));
-    }
-  }
-  std::deque<std::pair<Instant, std::function<void()>>> steps_;
+  DelayedSteps steps_{now};
 };
-
-inline AgentSession agentSession(std::string id, AgentKind kind, AgentStatus status, std::string project = "web-shop") {
-  return {.id = std::move(id),
-          .kind = kind,
-          .title = "Mend the build",
-          .project = std::move(project),
-          .detail = {},
-          .status = status,
-          .updatedAt = {}};
-}
 
 }  // namespace ambrel

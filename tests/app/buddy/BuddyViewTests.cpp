@@ -1,14 +1,15 @@
-#include <QAccessible>
+#include <QImage>
 #include <QQuickItem>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "app/base/QmlObjects.h"
+#include "app/base/StoredValue.h"
+#include "app/buddy/BuddyFigure.h"
+#include "app/buddy/BuddyMotion.h"
 #include "tests/app/buddy/BuddyRoom.h"
 #include "tests/app/kit/Looks.h"
 #include "tests/app/kit/Scene.h"
-
-// With AMBREL_PICTURES=FOLDER the pictures that are looked at are kept there.
 
 namespace ambrel {
 namespace {
@@ -17,19 +18,32 @@ using enum AgentStatus;
 
 AgentSession codex(AgentStatus status) { return agentSession("codex:a", AgentKind::codex, status); }
 
-QString nameOf(QQuickItem* item) {
-  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item);
-  return interface ? interface->text(QAccessible::Name) : QString();
+// How many points of two pictures differ by more than smoothing does.
+int difference(const QImage& a, const QImage& b) {
+  int count = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      const QColor one = a.pixelColor(x, y), other = b.pixelColor(x, y);
+      count += std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
+                   std::abs(one.blue() - other.blue()) >
+               60;
+    }
+  }
+  return count;
 }
 
-void keepPicture(Scene& scene, const QString& name) {
-  const QString folder = qEnvironmentVariable("AMBREL_PICTURES");
-  if (!folder.isEmpty()) scene.grab().save(folder + u'/' + name + QStringLiteral(".png"));
+std::vector<QString> poses() {
+  std::vector<QString> names;
+  for (const BuddyMood mood : allCases<BuddyMood>()) names.push_back(toQString(nameOf(mood)));
+  for (const BuddyTrigger trigger : allCases<BuddyTrigger>()) names.push_back(toQString(nameOf(trigger)));
+  return names;
 }
+
+BuddyFigure* figureOf(Scene& scene) { return scene.root()->findChild<BuddyFigure*>(); }
 
 }  // namespace
 
-// The tile, the bubble and the inbox with a real notice centre behind them.
+// The figure, and the tile, the bubble and the inbox with a real notice centre behind them.
 class BuddyViewTests : public QObject {
   Q_OBJECT
 
@@ -39,17 +53,17 @@ class BuddyViewTests : public QObject {
     keep({room.center.get()});
     Scene scene;
     QVERIFY(loadTile(scene, room));
-    QCOMPARE(nameOf(scene.root()), QStringLiteral("Dock Buddy, Awake"));
+    QCOMPARE(spokenName(scene.root()), QStringLiteral("Dock Buddy, Awake"));
     room.poll({codex(needsInput)});
     room.tick();
-    QCOMPARE(nameOf(scene.root()), QStringLiteral("Dock Buddy. Codex needs you. Waiting for your answer in web-shop."));
+    QCOMPARE(spokenName(scene.root()),
+             QStringLiteral("Dock Buddy. Codex needs you. Waiting for your answer in web-shop."));
     QSignalSpy clicked(scene.root(), SIGNAL(clicked()));
     scene.root()->setFocus(false);
     click(scene, scene.root());
     QCOMPARE(clicked.count(), 1);
     room.center->closeBubble();
-    QCOMPARE(nameOf(scene.root()), QStringLiteral("Dock Buddy, 1 new note"));
-    QCOMPARE(scene.warnings().take(), QStringList());
+    QCOMPARE(spokenName(scene.root()), QStringLiteral("Dock Buddy, 1 new note"));
   }
 
   void theTileAnswersTheBubbleByKeyboard() {
@@ -76,42 +90,28 @@ class BuddyViewTests : public QObject {
     QSignalSpy clicked(scene.root(), SIGNAL(clicked()));
     QTest::keyClick(&scene.window(), Qt::Key_Return);
     QCOMPARE(clicked.count(), 1);
-    QCOMPARE(scene.warnings().take(), QStringList());
-  }
-
-  void theBubbleShowsItsNotice_data() {
-    QTest::addColumn<QString>("side");
-    QTest::addColumn<bool>("isDark");
-    for (const char* side : {"bottom", "left", "right", ""})
-      for (const bool isDark : {true, false})
-        QTest::addRow("%s %s", *side ? side : "none", isDark ? "dark" : "light") << QString::fromLatin1(side) << isDark;
   }
 
   void theBubbleShowsItsNotice() {
-    QFETCH(QString, side);
-    QFETCH(bool, isDark);
     BuddyRoom room;
     room.center->post(BuddyNotice("disk.low", BuddyRule::diskLow, "Disk almost full",
                                   "8.2 GB free. Caches can go, and so can what has been in the trash for a month.",
                                   room.now, {BuddyActions::OpenDiskCleanup{}, BuddyActions::Snooze{60}}));
     room.center->post(BuddyNotice("x", BuddyRule::water, "Time for some water", "2 glasses today.", room.now));
-    Scene scene;
-    scene.theme().setChoice(isDark ? Theme::Choice::Dark : Theme::Choice::Light);
-    QVERIFY(loadBubble(scene, room));
-    scene.root()->setProperty("tailSide", side);
-    scene.root()->setProperty("tailAt", 60);
-    scene.root()->setSize({scene.root()->implicitWidth(), scene.root()->implicitHeight()});
-    scene.window().resize(scene.root()->size().toSize());
-    QTest::qWait(0);
-    QTRY_COMPARE(scene.root()->opacity(), 1.0);
-    keepPicture(scene, QStringLiteral("bubble-%1-%2").arg(side, isDark ? "dark" : "light"));
-    QCOMPARE(faultsOf(scene).join(u'|'), QString());
-    QCOMPARE(nameOf(scene.root()),
-             QStringLiteral(
-                 "Disk almost full. 8.2 GB free. Caches can go, and so can what has been in the trash for a month."));
-    for (const char* name : {"Clean Up", "Snooze 60 min", "1 more in the inbox", "Close"})
-      QVERIFY2(control(scene.root(), QString::fromLatin1(name)), name);
-    QCOMPARE(scene.warnings().take(), QStringList());
+    for (const char* side : {"bottom", "left", "right", ""}) {
+      Scene scene;
+      QVERIFY(loadBubble(scene, room));
+      scene.root()->setProperty("tailSide", side);
+      scene.root()->setProperty("tailAt", 60);
+      scene.root()->setSize({scene.root()->implicitWidth(), scene.root()->implicitHeight()});
+      scene.window().resize(scene.root()->size().toSize());
+      QTRY_COMPARE(scene.root()->opacity(), 1.0);
+      QCOMPARE(faultsInBothSchemes(scene, qPrintable(QStringLiteral("bubble-") + side)), QStringList());
+      QCOMPARE(spokenName(scene.root()),
+               "Disk almost full. 8.2 GB free. Caches can go, and so can what has been in the trash for a month.");
+      for (const char* name : {"Clean Up", "Snooze 60 min", "1 more in the inbox", "Close"})
+        QVERIFY2(control(scene.root(), name), name);
+    }
   }
 
   void theBubbleIsAnsweredByClicks() {
@@ -152,17 +152,8 @@ class BuddyViewTests : public QObject {
     Presentation presentation([](Seconds, std::function<void()> step) { step(); });
     Scene scene;
     QVERIFY(loadInbox(scene, room, presentation));
-    presentation.show();
-    for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
-      scene.theme().setChoice(choice);
-      QTest::qWait(0);
-      QTRY_COMPARE(faultsOf(scene).join(u'|'), QString());
-      keepPicture(scene, QStringLiteral("inbox-%1").arg(choice == Theme::Choice::Dark ? "dark" : "light"));
-    }
-    QStringList texts;
-    visitShown(scene.root(), [&](QQuickItem* item) {
-      if (item->inherits("QQuickText")) texts << item->property("text").toString();
-    });
+    QCOMPARE(faultsInBothSchemes(scene, "inbox"), QStringList());
+    const QStringList texts = textsOf(scene.root());
     // The newest is spread out, with what it offers and why it came.
     for (const char* text : {"New", "Earlier", "Codex needs you", "Show", "Why: An agent waits for your answer.",
                              "Time for some water", "2 hrs"})
@@ -175,7 +166,6 @@ class BuddyViewTests : public QObject {
     QCOMPARE(room.center->inbox().newCount, 0);
     click(scene, control(scene.root(), QStringLiteral("Clear all")));
     QCOMPARE(room.center->notes()->count(), 0);
-    QCOMPARE(scene.warnings().take(), QStringList());
   }
 
   void theInboxIsUsedByKeyboard() {
@@ -186,25 +176,16 @@ class BuddyViewTests : public QObject {
     Presentation presentation([](Seconds, std::function<void()> step) { step(); });
     Scene scene;
     QVERIFY(loadInbox(scene, room, presentation));
-    presentation.show();
     // Everything that Tab reaches has a name, and the row's own button is among it.
-    QStringList names;
-    for (int i = 0; i < 40; ++i) {
-      QTest::keyClick(&scene.window(), Qt::Key_Tab);
-      QQuickItem* item = scene.window().activeFocusItem();
-      QVERIFY(item);
-      const QString name = nameOf(item);
-      QVERIFY2(!name.isEmpty(), item->metaObject()->className());
-      if (names.contains(name)) break;
-      names << name;
-    }
+    const QStringList names = namesByTab(scene);
+    QCOMPARE(names.filter("nameless"), QStringList());
     QVERIFY2(names.contains(QStringLiteral("Clean Up")), qPrintable(names.join(u'|')));
     // Arrows go from row to row, Return spreads one out.
     QQuickItem* row = control(scene.root(), QStringLiteral("Three. 8 GB free., now, new"));
     QVERIFY(row);
     row->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(&scene.window(), Qt::Key_Down);
-    QCOMPARE(nameOf(scene.window().activeFocusItem()), QStringLiteral("Two. 8 GB free., now, new"));
+    QCOMPARE(spokenName(scene.window().activeFocusItem()), QStringLiteral("Two. 8 GB free., now, new"));
     QTest::keyClick(&scene.window(), Qt::Key_Return);
     QCOMPARE(scene.root()->property("chosenKey").toString(),
              QString::fromStdString(inboxKey(room.center->speech().inbox.recent[1])));
@@ -220,16 +201,105 @@ class BuddyViewTests : public QObject {
     Presentation presentation([](Seconds, std::function<void()> step) { step(); });
     Scene scene;
     QVERIFY(loadInbox(scene, room, presentation));
-    presentation.show();
-    QTest::qWait(0);
-    keepPicture(scene, QStringLiteral("inbox-empty"));
-    QTRY_COMPARE(faultsOf(scene).join(u'|'), QString());
-    QStringList texts;
-    visitShown(scene.root(), [&](QQuickItem* item) {
-      if (item->inherits("QQuickText")) texts << item->property("text").toString();
-    });
-    QVERIFY(texts.contains(QStringLiteral("Nothing to report")));
+    QCOMPARE(faultsInBothSchemes(scene, "inbox-empty"), QStringList());
+    QVERIFY(textsOf(scene.root()).contains("Nothing to report"));
     QVERIFY(!control(scene.root(), QStringLiteral("Clear all")));
+  }
+
+  void everyPoseCanBeToldFromEveryOther() {
+    Scene scene;
+    scene.theme().setChoice(Theme::Choice::Dark);
+    scene.theme().setAlwaysReducesMotion(true);
+    QVERIFY(scene.load(face));
+    std::vector<std::pair<QString, QImage>> pictures;
+    for (const QString& pose : poses()) {
+      scene.find("face")->setProperty("pose", pose);
+      pictures.emplace_back(pose, scene.grab());
+    }
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+      for (std::size_t j = i + 1; j < pictures.size(); ++j) {
+        const int points = difference(pictures[i].second, pictures[j].second);
+        QVERIFY2(
+            points >= 40,
+            qPrintable(
+                QStringLiteral("%1 and %2 differ in %3 points").arg(pictures[i].first, pictures[j].first).arg(points)));
+      }
+    }
+  }
+
+  void aStanceIsReachedThroughASpringAndHeld() {
+    const BuddyLook& look = lookOf(BuddyTrigger::startle);
+    const BuddyStance from = lookOf(BuddyMood::idle).stance;
+    QCOMPARE(stanceAt(from, look, 0).up, from.up);
+    QCOMPARE(stanceAt(from, look, look.seconds).up, look.stance.up);
+    QCOMPARE(stanceAt(from, look, 1000).leftHand, look.stance.leftHand);
+    double furthest = 0;
+    for (double at = 0; at < look.seconds; at += 0.01) furthest = std::max(furthest, buddySpring(at));
+    QVERIFY2(furthest > 1.1 && furthest < 1.2, qPrintable(QString::number(furthest)));
+    // No reaction jumps at its end.
+    for (const BuddyTrigger trigger : allCases<BuddyTrigger>()) {
+      const BuddyLook& reaction = lookOf(trigger);
+      const BuddyStance last = stanceAt({}, reaction, reaction.seconds - 0.016);
+      QVERIFY(std::abs(last.angle - reaction.stance.angle) < 2 && std::abs(last.up - reaction.stance.up) < 0.6);
+      QVERIFY(std::abs(last.width - reaction.stance.width) < 0.06);
+    }
+  }
+
+  void heBlinksOnlyWhileHeIsSeenAndAwake() {
+    Scene scene;
+    QVERIFY(scene.load(face));
+    BuddyFigure* figure = figureOf(scene);
+    QVERIFY(figure->waitsToBlink());
+    QVERIFY(figure->blinkWait() >= 5000 && figure->blinkWait() <= 9000);
+    figure->setPose("asleep");
+    QVERIFY(!figure->waitsToBlink());
+    figure->setPose("happy");
+    QVERIFY(!figure->waitsToBlink());
+    figure->setPose("wink");
+    QVERIFY(figure->waitsToBlink());
+    figure->setProperty("live", false);
+    QVERIFY(!figure->waitsToBlink());
+    figure->setProperty("live", true);
+    QVERIFY(figure->waitsToBlink());
+    figure->setVisible(false);
+    QVERIFY(!figure->waitsToBlink());
+    figure->setVisible(true);
+    QVERIFY(figure->waitsToBlink());
+    scene.theme().setAlwaysReducesMotion(true);
+    QVERIFY(!figure->waitsToBlink());
+    scene.theme().setAlwaysReducesMotion(false);
+    scene.window().hide();
+    QVERIFY(!figure->waitsToBlink());
+    scene.window().show();
+    QVERIFY(figure->waitsToBlink());
+  }
+
+  void aBlinkShutsHisEyesForAMoment() {
+    Scene scene;
+    QVERIFY(scene.load(face));
+    BuddyFigure* figure = figureOf(scene);
+    const QImage open = scene.grab();
+    figure->blink();
+    QVERIFY(figure->isBlinking());
+    QVERIFY(!figure->waitsToBlink());
+    QVERIFY(difference(open, scene.grab()) > 10);
+    QTRY_VERIFY(!figure->isBlinking());
+    QVERIFY(figure->waitsToBlink());
+    QCOMPARE(difference(open, scene.grab()), 0);
+  }
+
+  void reducedMotionTakesAPoseAtOnce() {
+    Scene scene;
+    QVERIFY(scene.load(face));
+    BuddyFigure* figure = figureOf(scene);
+    figure->setPose("jump");
+    QVERIFY(figure->isMoving());
+    scene.theme().setAlwaysReducesMotion(true);
+    QVERIFY(!figure->isMoving());
+    figure->setPose("dance");
+    QVERIFY(!figure->isMoving());
+    const QImage first = scene.grab();
+    QCOMPARE(difference(first, scene.grab()), 0);
   }
 
  private:
@@ -245,25 +315,32 @@ class BuddyViewTests : public QObject {
     return scene.loadFile(QStringLiteral("qrc:/qt/qml/Ambrel/Buddy/BuddyBubbleLayout.qml"),
                           {{QStringLiteral("center"), toVariant(*room.center)}});
   }
+  // Shown at once.
   static bool loadInbox(Scene& scene, BuddyRoom& room, Presentation& presentation) {
     keep({room.center.get(), &presentation});
-    return scene.loadFile(QStringLiteral("qrc:/qt/qml/Ambrel/Buddy/BuddyInboxLayout.qml"),
-                          {{QStringLiteral("center"), toVariant(*room.center)},
-                           {QStringLiteral("presentation"), toVariant(presentation)},
-                           {QStringLiteral("width"), 360},
-                           {QStringLiteral("height"), 480}});
+    const bool isLoaded = scene.loadFile(QStringLiteral("qrc:/qt/qml/Ambrel/Buddy/BuddyInboxLayout.qml"),
+                                         {{QStringLiteral("center"), toVariant(*room.center)},
+                                          {QStringLiteral("presentation"), toVariant(presentation)},
+                                          {QStringLiteral("width"), 360},
+                                          {QStringLiteral("height"), 480}});
+    presentation.show();
+    return isLoaded;
   }
   // The first control of that accessible name.
   static QQuickItem* control(QQuickItem* root, const QString& name) {
     QQuickItem* found = nullptr;
     visitShown(root, [&](QQuickItem* item) {
-      if (!found && item->inherits("QQuickItem") && item->activeFocusOnTab() && nameOf(item) == name) found = item;
+      if (!found && item->inherits("QQuickItem") && item->activeFocusOnTab() && spokenName(item) == name) found = item;
     });
     return found;
   }
   static void click(Scene& scene, QQuickItem* item) {
     QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, scene.centerOf(item));
   }
+
+  static constexpr const char* face =
+      "import Ambrel.Buddy\nItem { width: 80; height: 80; BuddyFace { objectName: 'face'; size: 50; "
+      "anchors.centerIn: parent } }";
 };
 
 }  // namespace ambrel

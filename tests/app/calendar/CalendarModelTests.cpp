@@ -65,179 +65,172 @@ class CalendarModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void saysWhatIsMissingAndFollowsWhatIsAdded();
-  void countsTheMinutesOnlyWhileSomebodyLooks();
-  void tellsBuddyAndThePeekerOfMeetings();
-  void aZoneAndADayChange();
-  void calendarsAreHiddenAndAdded();
-  void anAddressIsAskedAgainAndKept();
-};
+  void saysWhatIsMissingAndFollowsWhatIsAdded() {
+    Room room;
+    CalendarModel model(room.seams());
+    const QAbstractItemModelTester tester(model.agenda(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.start();
+    QCOMPARE(model.face().problem, QString());
+    room.settle();
+    QCOMPARE(model.face().problem, QStringLiteral("No calendar found"));
+    room.write("a.ics", entry("Review", "DTSTART:20261120T140000Z\nDURATION:PT1H") +
+                            entry("Trip", "DTSTART;VALUE=DATE:20261121") + entry("Lunch", "DTSTART:20261120T110000Z") +
+                            "BEGIN:VTODO\nUID:t\nSUMMARY:Call\nDUE:20261120T080000Z\nEND:VTODO\n");
+    room.folders.change(0);
+    room.settle();
+    QCOMPARE(model.face().problem, QString());
+    QCOMPARE(titles(model.agenda()), QStringList({"Lunch", "Review", "Trip"}));
+    QCOMPARE(titles(model.today()), QStringList({"Lunch", "Review"}));
+    QCOMPARE(model.face().next.title, QStringLiteral("Lunch"));
+    QCOMPARE(model.face().next.when, QStringLiteral("at 12:00"));
+    QCOMPARE(model.face().todaySummary, QStringLiteral("12:00 Lunch, 15:00 Review"));
+    QCOMPARE(model.face().dueTasks, 1);
+    QVERIFY(model.face().task.isOverdue);
+    const QVariantList days = model.eventsOf("2026-11-21");
+    QCOMPARE(days.size(), 1);
+    QCOMPARE(days.first().value<EventRow>().time, QStringLiteral("All day"));
+    // What is being written while it is read is read again.
+    room.folders.change(0);
+    for (const auto& step : std::exchange(room.steps, {})) step();
+    room.write("a.ics", entry("Other", "DTSTART:20261120T110000Z"));
+    room.folders.change(0);
+    for (const auto& step : std::exchange(room.steps, {})) step();
+    room.settle();
+    room.settle();
+    QCOMPARE(titles(model.agenda()), QStringList({"Other"}));
+  }
 
-void CalendarModelTests::saysWhatIsMissingAndFollowsWhatIsAdded() {
-  Room room;
-  CalendarModel model(room.seams());
-  const QAbstractItemModelTester tester(model.agenda(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-  model.start();
-  QCOMPARE(model.face().problem, QString());
-  room.settle();
-  QCOMPARE(model.face().problem, QStringLiteral("No calendar found"));
-  room.write("a.ics", entry("Review", "DTSTART:20261120T140000Z\nDURATION:PT1H") +
-                          entry("Trip", "DTSTART;VALUE=DATE:20261121") + entry("Lunch", "DTSTART:20261120T110000Z") +
-                          "BEGIN:VTODO\nUID:t\nSUMMARY:Call\nDUE:20261120T080000Z\nEND:VTODO\n");
-  room.folders.change(0);
-  room.settle();
-  QCOMPARE(model.face().problem, QString());
-  QCOMPARE(titles(model.agenda()), QStringList({"Lunch", "Review", "Trip"}));
-  QCOMPARE(titles(model.today()), QStringList({"Lunch", "Review"}));
-  QCOMPARE(model.face().next.title, QStringLiteral("Lunch"));
-  QCOMPARE(model.face().next.when, QStringLiteral("at 12:00"));
-  QCOMPARE(model.face().todaySummary, QStringLiteral("12:00 Lunch, 15:00 Review"));
-  QCOMPARE(model.face().dueTasks, 1);
-  QVERIFY(model.face().task.isOverdue);
-  const QVariantList days = model.eventsOf("2026-11-21");
-  QCOMPARE(days.size(), 1);
-  QCOMPARE(days.first().value<EventRow>().time, QStringLiteral("All day"));
-  // What is being written while it is read is read again.
-  room.folders.change(0);
-  for (const auto& step : std::exchange(room.steps, {})) step();
-  room.write("a.ics", entry("Other", "DTSTART:20261120T110000Z"));
-  room.folders.change(0);
-  for (const auto& step : std::exchange(room.steps, {})) step();
-  room.settle();
-  room.settle();
-  QCOMPARE(titles(model.agenda()), QStringList({"Other"}));
-}
+  void countsTheMinutesOnlyWhileSomebodyLooks() {
+    Room room;
+    room.write("a.ics", entry("Stand-up", "DTSTART:20261120T093000Z\nDURATION:PT15M\nURL:https://meet.example/a"));
+    CalendarModel model(room.seams());
+    model.start();
+    room.settle();
+    const Instant midnight = *parseISO8601("2026-11-20T23:00:00Z");
+    QCOMPARE(*model.due(), midnight);
+    model.setSeen(true, room.clock.now());
+    const auto pass = [&] {
+      room.clock.set(*model.due());
+      model.tick(room.clock.now());
+      return model.face().next.when;
+    };
+    QCOMPARE(model.face().next.when, QStringLiteral("in 30 min"));
+    QCOMPARE(pass(), QStringLiteral("in 29 min"));
+    for (int left = 28; left > 5; --left) pass();
+    QVERIFY(!model.face().next.isNear);
+    QCOMPARE(pass(), QStringLiteral("in 5 min"));
+    QVERIFY(model.face().next.isNear);
+    for (int left = 4; left > 0; --left) pass();
+    QCOMPARE(pass(), QStringLiteral("Now"));
+    QSignalSpy asked(&model, &CalendarModel::linkAsked);
+    model.join(model.face().next.id);
+    QCOMPARE(asked.size(), 1);
+    pass();
+    QVERIFY(!model.face().next.isNear);
+    pass();
+    QCOMPARE(model.face().next.id, QString());
+    QCOMPARE(*model.due(), midnight);
+  }
 
-void CalendarModelTests::countsTheMinutesOnlyWhileSomebodyLooks() {
-  Room room;
-  room.write("a.ics", entry("Stand-up", "DTSTART:20261120T093000Z\nDURATION:PT15M\nURL:https://meet.example/a"));
-  CalendarModel model(room.seams());
-  model.start();
-  room.settle();
-  const Instant midnight = *parseISO8601("2026-11-20T23:00:00Z");
-  QCOMPARE(*model.due(), midnight);
-  model.setSeen(true, room.clock.now());
-  const auto pass = [&] {
+  void tellsBuddyAndThePeekerOfMeetings() {
+    Room room;
+    room.write("a.ics", entry("Soon", "DTSTART:20261120T090200Z\nLOCATION:https://meet.example/a") +
+                            entry("Begun", "DTSTART:20261120T085800Z\nDURATION:PT1H") +
+                            entry("Long ago", "DTSTART:20261120T080000Z\nDURATION:PT5H") +
+                            entry("Day", "DTSTART;VALUE=DATE:20261120"));
+    DueTimer due(room.clock);
+    CalendarArea area(room.seams(), due);
+    area.calendar()->start();
+    room.settle();
+    BuddySignals signals;
+    area.addSignals(signals, room.clock.now());
+    QCOMPARE(signals.meetings.size(), 2U);
+    QCOMPARE(signals.meetings[0].title, std::string("Begun"));
+    QVERIFY(!signals.meetings[0].url);
+    QCOMPARE(signals.meetings[1].url, std::optional<std::string>("https://meet.example/a"));
+    PeekSignals peek;
+    area.addPeeks(peek, room.clock.now());
+    QCOMPARE(peekReasons(peek, room.clock.now()).size(), 1U);
+  }
+
+  void aZoneAndADayChange() {
+    Room room;
+    room.write("a.ics", entry("Floating", "DTSTART:20261120T150000") +
+                            entry("Daily", "DTSTART:20261119T160000Z\nRRULE:FREQ=DAILY"));
+    CalendarModel model(room.seams());
+    model.start();
+    room.settle();
+    QCOMPARE(model.face().todaySummary, QStringLiteral("15:00 Floating, 17:00 Daily"));
+    room.calendar.replace(Calendar("America/New_York", "en_GB"));
+    model.zoneChanged(room.clock.now());
+    room.settle();
+    QCOMPARE(model.face().todaySummary, QStringLiteral("11:00 Daily, 15:00 Floating"));
     room.clock.set(*model.due());
     model.tick(room.clock.now());
-    return model.face().next.when;
-  };
-  QCOMPARE(model.face().next.when, QStringLiteral("in 30 min"));
-  QCOMPARE(pass(), QStringLiteral("in 29 min"));
-  for (int left = 28; left > 5; --left) pass();
-  QVERIFY(!model.face().next.isNear);
-  QCOMPARE(pass(), QStringLiteral("in 5 min"));
-  QVERIFY(model.face().next.isNear);
-  for (int left = 4; left > 0; --left) pass();
-  QCOMPARE(pass(), QStringLiteral("Now"));
-  QSignalSpy asked(&model, &CalendarModel::linkAsked);
-  model.join(model.face().next.id);
-  QCOMPARE(asked.size(), 1);
-  pass();
-  QVERIFY(!model.face().next.isNear);
-  pass();
-  QCOMPARE(model.face().next.id, QString());
-  QCOMPARE(*model.due(), midnight);
-}
+    room.settle();
+    QCOMPARE(model.face().todaySummary, QStringLiteral("11:00 Daily"));
+  }
 
-void CalendarModelTests::tellsBuddyAndThePeekerOfMeetings() {
-  Room room;
-  room.write("a.ics", entry("Soon", "DTSTART:20261120T090200Z\nLOCATION:https://meet.example/a") +
-                          entry("Begun", "DTSTART:20261120T085800Z\nDURATION:PT1H") +
-                          entry("Long ago", "DTSTART:20261120T080000Z\nDURATION:PT5H") +
-                          entry("Day", "DTSTART;VALUE=DATE:20261120"));
-  DueTimer due(room.clock);
-  CalendarArea area(room.seams(), due);
-  area.calendar()->start();
-  room.settle();
-  BuddySignals signals;
-  area.addSignals(signals, room.clock.now());
-  QCOMPARE(signals.meetings.size(), 2U);
-  QCOMPARE(signals.meetings[0].title, std::string("Begun"));
-  QVERIFY(!signals.meetings[0].url);
-  QCOMPARE(signals.meetings[1].url, std::optional<std::string>("https://meet.example/a"));
-  PeekSignals peek;
-  area.addPeeks(peek, room.clock.now());
-  QCOMPARE(peekReasons(peek, room.clock.now()).size(), 1U);
-}
+  void calendarsAreHiddenAndAdded() {
+    Room room;
+    room.write("a.ics", entry("Work", "DTSTART:20261120T100000Z"));
+    room.folder.write("mine/private.ics", entry("Own", "DTSTART:20261120T110000Z"));
+    CalendarModel model(room.seams());
+    connect(&room.settings, &AppSettings::chosen, &model, &CalendarModel::reload);
+    model.start();
+    room.settle();
+    QVERIFY(!model.addPlace(QStringLiteral("~/none.ics")).isEmpty());
+    QCOMPARE(model.addPlace(QStringLiteral(" ~/mine/private.ics ")), QString());
+    room.settle();
+    QCOMPARE(titles(model.today()), QStringList({"Work", "Own"}));
+    model.setShown(QStringLiteral("work"), false);
+    room.settle();
+    QCOMPARE(titles(model.today()), QStringList({"Own"}));
+    QCOMPARE(model.sources()->count(), 2);
+    model.removePlace(QStringLiteral("~/mine/private.ics"));
+    room.settle();
+    QCOMPARE(titles(model.today()), QStringList());
+  }
 
-void CalendarModelTests::aZoneAndADayChange() {
-  Room room;
-  room.write("a.ics", entry("Floating", "DTSTART:20261120T150000") +
-                          entry("Daily", "DTSTART:20261119T160000Z\nRRULE:FREQ=DAILY"));
-  CalendarModel model(room.seams());
-  model.start();
-  room.settle();
-  QCOMPARE(model.face().todaySummary, QStringLiteral("15:00 Floating, 17:00 Daily"));
-  room.calendar.replace(Calendar("America/New_York", "en_GB"));
-  model.zoneChanged(room.clock.now());
-  room.settle();
-  QCOMPARE(model.face().todaySummary, QStringLiteral("11:00 Daily, 15:00 Floating"));
-  room.clock.set(*model.due());
-  model.tick(room.clock.now());
-  room.settle();
-  QCOMPARE(model.face().todaySummary, QStringLiteral("11:00 Daily"));
-}
-
-void CalendarModelTests::calendarsAreHiddenAndAdded() {
-  Room room;
-  room.write("a.ics", entry("Work", "DTSTART:20261120T100000Z"));
-  room.folder.write("mine/private.ics", entry("Own", "DTSTART:20261120T110000Z"));
-  CalendarModel model(room.seams());
-  connect(&room.settings, &AppSettings::chosen, &model, &CalendarModel::reload);
-  model.start();
-  room.settle();
-  QVERIFY(!model.addPlace(QStringLiteral("~/none.ics")).isEmpty());
-  QCOMPARE(model.addPlace(QStringLiteral(" ~/mine/private.ics ")), QString());
-  room.settle();
-  QCOMPARE(titles(model.today()), QStringList({"Work", "Own"}));
-  model.setShown(QStringLiteral("work"), false);
-  room.settle();
-  QCOMPARE(titles(model.today()), QStringList({"Own"}));
-  QCOMPARE(model.sources()->count(), 2);
-  model.removePlace(QStringLiteral("~/mine/private.ics"));
-  room.settle();
-  QCOMPARE(titles(model.today()), QStringList());
-}
-
-void CalendarModelTests::anAddressIsAskedAgainAndKept() {
-  QVERIFY(!subscriptionUrl("http://calendar.example/a.ics"));
-  QVERIFY(!subscriptionUrl("file:///etc/passwd"));
-  QCOMPARE(subscriptionUrl("webcal://calendar.example/a.ics")->toString(),
-           QStringLiteral("https://calendar.example/a.ics"));
-  Room room;
-  LoopbackServer server;
-  LoopbackServer::Reply reply{
-      .body = ("BEGIN:VCALENDAR\n" + entry("Online", "DTSTART:20261120T100000Z") + "END:VCALENDAR\n").c_str()};
-  server.answer = [&](const QByteArray&) { return reply; };
-  const std::string address = server.url().toString().toStdString() + "/a.ics";
-  room.settings.set(setting::calendarPlaces, {address});
-  const auto answered = [&](int requests) {
-    return QTest::qWaitFor([&] { return server.targets.size() == requests && !room.work.waiting.empty(); }, 15000);
-  };
-  const auto settle = [&] {
-    while (!room.work.waiting.empty()) room.settle();
-  };
-  CalendarModel model(room.seams());
-  model.start();
-  settle();
-  QVERIFY(answered(1));
-  settle();
-  QCOMPARE(titles(model.today()), QStringList({"Online"}));
-  reply.status = 500;
-  room.clock.set(*model.due());
-  QCOMPARE(room.clock.now(), *parseISO8601("2026-11-20T09:30:00Z"));
-  model.tick(room.clock.now());
-  QVERIFY(answered(2));
-  settle();
-  QCOMPARE(titles(model.today()), QStringList({"Online"}));
-  QVERIFY(model.sources()->data(model.sources()->index(0), model.sources()->roleNames().key("hasProblem")).toBool());
-  room.settings.set(setting::calendarPlaces, {});
-  model.reload();
-  settle();
-  QCOMPARE(model.sources()->count(), 0);
-  QVERIFY(std::filesystem::is_empty(room.folder / "cache/Ambrel/calendars"));
-}
+  void anAddressIsAskedAgainAndKept() {
+    QVERIFY(!subscriptionUrl("http://calendar.example/a.ics"));
+    QVERIFY(!subscriptionUrl("file:///etc/passwd"));
+    QCOMPARE(subscriptionUrl("webcal://calendar.example/a.ics")->toString(),
+             QStringLiteral("https://calendar.example/a.ics"));
+    Room room;
+    LoopbackServer server;
+    LoopbackServer::Reply reply{
+        .body = ("BEGIN:VCALENDAR\n" + entry("Online", "DTSTART:20261120T100000Z") + "END:VCALENDAR\n").c_str()};
+    server.answer = [&](const QByteArray&) { return reply; };
+    const std::string address = server.url().toString().toStdString() + "/a.ics";
+    room.settings.set(setting::calendarPlaces, {address});
+    const auto answered = [&](int requests) {
+      return QTest::qWaitFor([&] { return server.targets.size() == requests && !room.work.waiting.empty(); }, 15000);
+    };
+    const auto settle = [&] {
+      while (!room.work.waiting.empty()) room.settle();
+    };
+    CalendarModel model(room.seams());
+    model.start();
+    settle();
+    QVERIFY(answered(1));
+    settle();
+    QCOMPARE(titles(model.today()), QStringList({"Online"}));
+    reply.status = 500;
+    room.clock.set(*model.due());
+    QCOMPARE(room.clock.now(), *parseISO8601("2026-11-20T09:30:00Z"));
+    model.tick(room.clock.now());
+    QVERIFY(answered(2));
+    settle();
+    QCOMPARE(titles(model.today()), QStringList({"Online"}));
+    QVERIFY(model.sources()->data(model.sources()->index(0), model.sources()->roleNames().key("hasProblem")).toBool());
+    room.settings.set(setting::calendarPlaces, {});
+    model.reload();
+    settle();
+    QCOMPARE(model.sources()->count(), 0);
+    QVERIFY(std::filesystem::is_empty(room.folder / "cache/Ambrel/calendars"));
+  }
+};
 
 }  // namespace ambrel
 

@@ -2,7 +2,6 @@
 // The clipboard's model on a desktop that the test plays: other applications, time, and when slow work gets done.
 
 #include <QAbstractItemModelTester>
-#include <deque>
 #include <memory>
 
 #include "app/clipboard/ClipboardModel.h"
@@ -10,6 +9,7 @@
 #include "core/base/Files.h"
 #include "core/clipboard/ClipboardFolder.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/fakes/DelayedSteps.h"
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/HeldWork.h"
@@ -32,7 +32,7 @@ struct ClipboardDesk {
   FakeWorkspace workspace;
   HeldWork held, heldFiles;
   Instant now = *parseISO8601("2026-11-21T09:00:00Z");
-  std::deque<std::pair<Instant, std::function<void()>>> steps;
+  DelayedSteps steps{now};
   std::unique_ptr<ClipboardModel> model;
   std::unique_ptr<QAbstractItemModelTester> tester;
 
@@ -41,15 +41,13 @@ struct ClipboardDesk {
     if (isStarted) start();
   }
   void make() {
-    model = std::make_unique<ClipboardModel>(
-        settings, path(), Calendar("UTC", "en_US"),
-        ClipboardModel::Seams{
-            .pasteboard = pasteboard,
-            .workspace = workspace,
-            .background = held.background(),
-            .fileBackground = heldFiles.background(),
-            .later = [this](Seconds delay, auto step) { steps.emplace_back(advanced(now, delay), std::move(step)); },
-            .now = [this] { return now; }});
+    model = std::make_unique<ClipboardModel>(settings, path(), Calendar("UTC", "en_US"),
+                                             ClipboardModel::Seams{.pasteboard = pasteboard,
+                                                                   .workspace = workspace,
+                                                                   .background = held.background(),
+                                                                   .fileBackground = heldFiles.background(),
+                                                                   .later = steps.later(),
+                                                                   .now = [this] { return now; }});
     tester = std::make_unique<QAbstractItemModelTester>(model->items(),
                                                         QAbstractItemModelTester::FailureReportingMode::QtTest);
   }
@@ -75,12 +73,7 @@ struct ClipboardDesk {
   }
   void pass(Seconds span) {
     now = advanced(now, span);
-    for (auto& [due, step] : std::exchange(steps, {})) {
-      if (due <= now)
-        step();
-      else
-        steps.emplace_back(due, std::move(step));
-    }
+    steps.runDue();
   }
   void copy(const std::string& text) {
     pasteboard.copy(text);

@@ -67,37 +67,33 @@ class ClipboardModelTests : public QObject {
     QCOMPARE(desk.model->currentItemID(), desk.item(0).id);
   }
 
-  void copiesThatAreNotKeptAreStillNoticed_data() {
-    QTest::addColumn<QString>("why");
-    for (const char* why : {"switched off", "ignored program", "private", "blank", "nothing"})
-      QTest::newRow(why) << why;
-  }
   void copiesThatAreNotKeptAreStillNoticed() {
-    QFETCH(QString, why);
-    ClipboardDesk desk;
-    desk.copy("kept");
-    const auto reads = desk.pasteboard.reads;
-    PasteboardContents contents{.filePaths = {}, .picture = {}, .text = "not kept"};
-    std::vector<std::string> types{"UTF8_STRING"};
-    if (why == "switched off") desk.settings.set(setting::clipboardEnabled, false);
-    if (why == "ignored program") desk.workspace.inFront = {"terminal", "com.bitwarden.desktop"};
-    if (why == "private") types.emplace_back("x-kde-passwordManagerHint");
-    if (why == "blank") contents.text = " \n\t";
-    if (why == "nothing") contents.text.reset();
-    const QSignalSpy told(desk.model.get(), &ClipboardModel::pasteboardChanged);
-    desk.pasteboard.put(contents, types);
-    if (why == "switched off" || why == "ignored program") QCOMPARE(desk.pasteboard.reads, reads);
-    desk.pasteboard.answer();
-    desk.work();
-    QCOMPARE(desk.texts(), Texts{"kept"});
-    QVERIFY(!desk.model->currentItemID());
-    QCOMPARE(told.count(), 1);
-    // What was copied meanwhile does not come in later.
-    desk.settings.set(setting::clipboardEnabled, true);
-    desk.workspace.inFront.clear();
-    desk.model->poll();
-    desk.pasteboard.answer();
-    QCOMPARE(desk.texts(), Texts{"kept"});
+    for (const std::string why : {"switched off", "ignored program", "private", "blank", "nothing"}) {
+      ClipboardDesk desk;
+      desk.copy("kept");
+      const auto reads = desk.pasteboard.reads;
+      PasteboardContents contents{.filePaths = {}, .picture = {}, .text = "not kept"};
+      std::vector<std::string> types{"UTF8_STRING"};
+      if (why == "switched off") desk.settings.set(setting::clipboardEnabled, false);
+      if (why == "ignored program") desk.workspace.inFront = {"terminal", "com.bitwarden.desktop"};
+      if (why == "private") types.emplace_back("x-kde-passwordManagerHint");
+      if (why == "blank") contents.text = " \n\t";
+      if (why == "nothing") contents.text.reset();
+      const QSignalSpy told(desk.model.get(), &ClipboardModel::pasteboardChanged);
+      desk.pasteboard.put(contents, types);
+      if (why == "switched off" || why == "ignored program") QCOMPARE(desk.pasteboard.reads, reads);
+      desk.pasteboard.answer();
+      desk.work();
+      QVERIFY2(desk.texts() == Texts{"kept"}, why.c_str());
+      QVERIFY(!desk.model->currentItemID());
+      QCOMPARE(told.count(), 1);
+      // What was copied meanwhile does not come in later.
+      desk.settings.set(setting::clipboardEnabled, true);
+      desk.workspace.inFront.clear();
+      desk.model->poll();
+      desk.pasteboard.answer();
+      QVERIFY2(desk.texts() == Texts{"kept"}, why.c_str());
+    }
   }
 
   void picturesAreKeptOnceAsTheyAre() {

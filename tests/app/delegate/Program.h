@@ -25,9 +25,11 @@ struct Program {
     restart();
   }
 
+  ~Program() { end(); }
+
   // What is stored stays.
   void restart() {
-    delegate.reset();
+    end();
     delegate = std::make_unique<AppDelegate>(
         Surroundings{.home = folder / "home",
                      .dataFolder = folder / "data",
@@ -68,6 +70,12 @@ struct Program {
   std::unique_ptr<AppDelegate> delegate;
 
  private:
+  void end() {
+    warnings.expectNone();
+    delegate.reset();
+    warnings.take();
+    desktop.hotKeys.keys.clear();
+  }
   static void collect(QQuickItem* item, std::vector<QQuickItem*>& found) {
     if (item->inherits("QQuickItem") && item->property("widget").isValid() && item->property("frame").isValid()) {
       found.push_back(item);

@@ -190,40 +190,29 @@ class DeveloperTests : public QObject {
     QCOMPARE(room.defaults.strings("homebrewOutdated")->size(), std::size_t(2));  // what was known is kept
   }
 
-  void everythingCanBeReadAndReached_data() {
-    QTest::addColumn<bool>("isFull");
-    QTest::newRow("missing") << false;
-    QTest::newRow("full") << true;
-  }
-
+  // Missing and full.
   void everythingCanBeReadAndReached() {
-    QFETCH(bool, isFull);
-    DeveloperRoom room;
-    if (isFull) {
-      fill(room);
-      room.defaults.set("gitStatusFolder", DefaultsValue{std::string("/home/u/shop")});
-      room.start();
-    }
-    room.see(allTiles);
-    Presentation presentation([](Seconds, const std::function<void()>&) {});
-    {
+    for (const bool isFull : {false, true}) {
+      DeveloperRoom room;
+      if (isFull) {
+        fill(room);
+        room.defaults.set("gitStatusFolder", DefaultsValue{std::string("/home/u/shop")});
+        room.start();
+      }
+      room.see(allTiles);
+      Presentation presentation([](Seconds, const std::function<void()>&) {});
+      {
+        Scene scene;
+        QCOMPARE(showTiles(scene, {room.area.get()}), 5 * 4);
+        QCOMPARE(faultsInBothSchemes(scene, isFull ? "developer" : "developer-missing"), QStringList());
+        QCOMPARE(collisionsOfTiles(scene), QStringList());
+      }
       Scene scene;
-      auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{room.area.get()});
-      for (const DockWidget widget : board->widgets()) board->addInEverySize(widget);
-      QCOMPARE(board->childItems().size(), 5 * 4);
-      const auto tiles = board->childItems();
-      QVERIFY(scene.show(std::move(board)));
-      QCOMPARE(faultsInBothSchemes(scene, isFull ? "developer" : "developer-missing"), QStringList());
-      for (QQuickItem* tile : tiles) QCOMPARE(collisionsOf(tile), QStringList());
+      QVERIFY(showPanels(scene, *room.area, {"Git", "Ports", "Docker", "Homebrew", "Simulators"},
+                         {{QStringLiteral("presentation"), QVariant::fromValue(&presentation)}}));
+      QCOMPARE(faultsInBothSchemes(scene, isFull ? "developer-panels" : "developer-panels-missing"), QStringList());
+      QCOMPARE(namesByTab(scene).filter("nameless"), QStringList());
     }
-    Scene scene;
-    auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{room.area.get()});
-    for (const char* panel : {"Git", "Ports", "Docker", "Homebrew", "Simulators"})
-      QVERIFY(board->addPanel(QStringLiteral("Developer/%1Panel.qml").arg(QLatin1String(panel)),
-                              {{QStringLiteral("presentation"), QVariant::fromValue(&presentation)}}));
-    QVERIFY(scene.show(std::move(board)));
-    QCOMPARE(faultsInBothSchemes(scene, isFull ? "developer-panels" : "developer-panels-missing"), QStringList());
-    QCOMPARE(namesByTab(scene).filter("nameless"), QStringList());
   }
 };
 

@@ -173,8 +173,7 @@ class DiskDoctorTests : public QObject {
   // Whatever is chosen, hovered, entered or opened after the review has begun.
   void theListThatWasReviewedMoves() {
     DiskHome desk;
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     desk.choose("Downloads/old.iso");
     desk.choose("src/web/node_modules");
     doctor.reviewSelection();
@@ -204,8 +203,7 @@ class DiskDoctorTests : public QObject {
   // After a move, its list is used up: no folder above it and no neighbour takes its place.
   void aSecondConfirmationMovesNothing() {
     DiskHome desk;
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     desk.choose("Downloads/old.iso");
     doctor.reviewSelection();
     doctor.review()->confirm();
@@ -229,8 +227,7 @@ class DiskDoctorTests : public QObject {
 
   void whatChangedStaysAndIsReported() {
     DiskHome desk;
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     desk.choose("Downloads/old.iso");
     desk.choose("Downloads/older.zip");
     desk.choose("src/web/node_modules");
@@ -254,8 +251,7 @@ class DiskDoctorTests : public QObject {
     DiskHome desk;
     const std::string odd = "caf\xe9 \xff\n\xe2\x80\xae.iso";
     desk.fill("Downloads/" + odd, 2);
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     doctor.findings()->toggleOpen("rule:oldInstallers");
     QString shown;
     const FindingListModel& rows = *doctor.findings();
@@ -273,8 +269,7 @@ class DiskDoctorTests : public QObject {
 
   void oneListMovesAtATime() {
     DiskHome desk;
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     desk.choose("Downloads/old.iso");
     doctor.reviewSelection();
     doctor.review()->confirm();
@@ -302,8 +297,7 @@ class DiskDoctorTests : public QObject {
     desk.trash.reason = StayReason::diskFull;
     QSignalSpy told(&desk.cleaner, &DiskCleaner::finished);
     QCOMPARE(desk.cleaner.freeableText(), "");
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     QCOMPARE(desk.cleaner.freeableText(), "19 MB can go");
     desk.choose(".cache/pip");
     QCOMPARE(doctor.findings()->choice().moveTitle, "Move 5 MB to the Trash");
@@ -333,8 +327,7 @@ class DiskDoctorTests : public QObject {
   // No promise that the desktop does not keep.
   void theWayBackIsToldAsItIs() {
     DiskHome desk;
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     desk.choose("Downloads/old.iso");
     desk.trash.place.reset();
     doctor.reviewSelection();
@@ -374,8 +367,7 @@ class DiskDoctorTests : public QObject {
 
   void theModelWritesTheHeadline() {
     DiskHome desk(true);
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     QCOMPARE(desk.model.asked.size(), 1u);
     const auto& asked = desk.model.asked.front();
     QVERIFY(asked.request.instructions.starts_with("You are Buddy, the helper in Disk Doctor"));
@@ -389,8 +381,7 @@ class DiskDoctorTests : public QObject {
 
   void lateAnswersAreDropped() {
     DiskHome desk(true);
-    desk.scanHome();
-    DiskDoctor& doctor = desk.doctor();
+    DiskDoctor& doctor = desk.scanHome();
     doctor.askAbout(desk.idOf("Documents"));
     doctor.findings()->toggleOpen("rule:oldInstallers");
     QCOMPARE(desk.model.asked.size(), 3u);

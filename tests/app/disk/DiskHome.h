@@ -71,9 +71,10 @@ class DiskHome {
     held.letGo();  // the folders
     held.letGo();  // the rules
   }
-  void scanHome() {
+  DiskDoctor& scanHome() {
     doctor().scanHome();
     finishScan();
+    return doctor();
   }
   QString idOf(const std::string& relative) const { return pathID(home + "/" + relative); }
   void choose(const std::string& relative) { doctor().findings()->setSelected(idOf(relative), true); }

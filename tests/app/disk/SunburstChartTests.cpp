@@ -63,27 +63,21 @@ class SunburstChartTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void pointsLeadToTheirSegments_data() {
-    QTest::addColumn<QPointF>("point");
-    QTest::addColumn<QString>("id");
-    QTest::newRow("the hole") << at(30, 0.1) << "";
-    QTest::newRow("the largest begins at twelve") << at(76, 0.01) << "/base/a";
-    QTest::newRow("and ends after its half") << at(76, 0.49) << "/base/a";
-    QTest::newRow("then comes the next") << at(76, 0.51) << "/base/b";
-    QTest::newRow("files are in the ring too") << at(76, 0.8) << "/base/c";
-    QTest::newRow("and what was folded") << at(76, 0.95) << pathID("/base/\x01small");
-    QTest::newRow("the second ring") << at(105, 0.3) << "/base/a/x";
-    QTest::newRow("its end") << at(105, 0.45) << "/base/a/y";
-    QTest::newRow("the third ring") << at(127, 0.2) << "/base/a/x/deep";
-    QTest::newRow("nothing lies above a file") << at(105, 0.8) << "";
-    QTest::newRow("beyond the chart") << QPointF(2, 2) << "";
-  }
-
   void pointsLeadToTheirSegments() {
-    QFETCH(QPointF, point);
-    QFETCH(QString, id);
+    const std::tuple<const char*, QPointF, QString> rows[] = {
+        {"the hole", at(30, 0.1), ""},
+        {"the largest begins at twelve", at(76, 0.01), "/base/a"},
+        {"and ends after its half", at(76, 0.49), "/base/a"},
+        {"then comes the next", at(76, 0.51), "/base/b"},
+        {"files are in the ring too", at(76, 0.8), "/base/c"},
+        {"and what was folded", at(76, 0.95), pathID("/base/\x01small")},
+        {"the second ring", at(105, 0.3), "/base/a/x"},
+        {"its end", at(105, 0.45), "/base/a/y"},
+        {"the third ring", at(127, 0.2), "/base/a/x/deep"},
+        {"nothing is above a file", at(105, 0.8), ""},
+        {"beyond the chart", QPointF(2, 2), ""}};
     Fixture fixture;
-    QCOMPARE(fixture.chart.idAt(point), id);
+    for (const auto& [what, point, id] : rows) QVERIFY2(fixture.chart.idAt(point) == id, what);
   }
 
   void itScalesWithItsSize() {

@@ -2,49 +2,17 @@
 // The bar on a desktop that the test plays: its pointer, its screens, its time.
 
 #include <QQmlEngine>
-#include <deque>
 
 #include "app/agents/AgentsModel.h"
 #include "app/base/QmlObjects.h"
 #include "app/dock/DockPanelController.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/core/agents/Sessions.h"
+#include "tests/fakes/DelayedSteps.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/HeldWork.h"
 
 namespace ambrel {
-
-// Steps that are carried out when the test's time has come to them.
-class DelayedSteps {
- public:
-  explicit DelayedSteps(const Instant& now) : now_(now) {}
-  DelayedStep later() {
-    return [this](Seconds delay, std::function<void()> step) {
-      steps_.emplace_back(advanced(now_, delay), std::move(step));
-    };
-  }
-  void runDue() {
-    for (auto& [due, step] : std::exchange(steps_, {})) {
-      if (due <= now_)
-        step();
-      else
-        steps_.emplace_back(due, std::move(step));
-    }
-  }
-
- private:
-  const Instant& now_;
-  std::deque<std::pair<Instant, std::function<void()>>> steps_;
-};
-
-// What the list of sessions is made from.
-class ListReader : public AgentSessionReader {
- public:
-  explicit ListReader(const std::vector<AgentSession>& list) : list_(list) {}
-  std::vector<AgentSession> sessions(const std::filesystem::path&, Instant) const override { return list_; }
-
- private:
-  const std::vector<AgentSession>& list_;
-};
 
 // The models that a widget may reach, without a bar.
 struct ContextFixture {
@@ -59,7 +27,7 @@ struct ContextFixture {
   Instant now = parseISO8601("2026-11-21T09:41:00Z").value();
   Calendar calendar{"UTC", "en_US"};
   std::vector<AgentSession> sessions;
-  AgentsModel agents{settings, readers(), folder.path(), calendar,
+  AgentsModel agents{settings, readersOf(sessions), folder.path(), calendar,
                      AgentsModel::Seams{.background = held.background(),
                                         .notifications = notifications,
                                         .workspace = workspace,
@@ -81,13 +49,6 @@ struct ContextFixture {
     sessions = std::move(list);
     agents.refresh();
     held.letGo();
-  }
-
- private:
-  AgentReaders readers() {
-    AgentReaders list;
-    list.push_back(std::make_unique<ListReader>(sessions));
-    return list;
   }
 };
 

@@ -1,13 +1,10 @@
 #include <QTest>
 
 #include "app/focus/FocusFaces.h"
+#include "tests/Time.h"
 
 namespace ambrel {
 namespace {
-
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
 
 const Instant morning = *parseISO8601("2026-11-20T09:00:00Z");  // a Friday, 10:00 in Berlin
 const Calendar berlin("Europe/Berlin", "en_GB");

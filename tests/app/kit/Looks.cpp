@@ -170,6 +170,14 @@ QStringList namesByTab(Scene& scene) {
   return names;
 }
 
+QStringList textsOf(QQuickItem* item) {
+  QStringList texts;
+  visitShown(item, [&](QQuickItem* each) {
+    if (const QString text = each->property("text").toString(); !text.isEmpty()) texts << text;
+  });
+  return texts;
+}
+
 QString spokenName(QQuickItem* item) {
   QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(item);
   return interface ? interface->text(QAccessible::Name) : QString();

@@ -26,6 +26,8 @@ QStringList faultsInBothSchemes(Scene& scene, const char* name);
 // Texts of a tile that overlap each other or leave it, and pictures that do so without surrounding them.
 QStringList collisionsOf(QQuickItem* tile);
 
+// The texts of what is shown below an item, or at it.
+QStringList textsOf(QQuickItem* item);
 // What assistive programs read out for an item.
 QString spokenName(QQuickItem* item);
 // Of every control that Tab reaches, each once; "nameless" and its class for one without a name.

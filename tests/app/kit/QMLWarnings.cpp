@@ -1,5 +1,6 @@
 #include "tests/app/kit/QMLWarnings.h"
 
+#include <QTest>
 #include <utility>
 
 namespace ambrel {
@@ -17,11 +18,19 @@ QMLWarnings::QMLWarnings() {
   previous = qInstallMessageHandler(handle);
 }
 
-QMLWarnings::~QMLWarnings() { qInstallMessageHandler(previous); }
+QMLWarnings::~QMLWarnings() {
+  qInstallMessageHandler(previous);
+  expectNone();
+}
 
 QStringList QMLWarnings::take() {
   const QMutexLocker lock(&mutex);
   return std::exchange(collected, {});
+}
+
+void QMLWarnings::expectNone() {
+  if (const QStringList left = take(); !left.isEmpty())
+    QTest::qFail(qPrintable(QStringLiteral("Warned: ") + left.join(u'|')), __FILE__, __LINE__);
 }
 
 void QMLWarnings::handle(QtMsgType type, const QMessageLogContext& context, const QString& text) {

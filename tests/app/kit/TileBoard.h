@@ -10,6 +10,7 @@
 #include "app/base/StoredValue.h"
 #include "app/base/TileSources.h"
 #include "core/widgets.h"
+#include "tests/app/kit/Looks.h"
 #include "tests/app/kit/Scene.h"
 
 namespace ambrel {
@@ -35,9 +36,6 @@ class TileBoard : public QQuickItem {
                              {QStringLiteral("span"), static_cast<int>(size)}});
     if (tile) tile->setObjectName(id + span);
     return tile;
-  }
-  void addInEverySize(DockWidget widget) {
-    for (const TileSize size : allCases<TileSize>()) add(widget, size);
   }
   // The widgets of the areas, in the order of their ids.
   std::vector<DockWidget> widgets() const {
@@ -89,5 +87,33 @@ class TileBoard : public QQuickItem {
   qreal x_ = gap, y_ = gap, rowHeight_ = 0;
   std::vector<std::unique_ptr<QQuickItem>> items_;
 };
+
+// Shows every tile of the areas in every size. How many that are; 0 when one cannot be made.
+inline int showTiles(Scene& scene, std::vector<Area*> areas) {
+  auto board = std::make_unique<TileBoard>(scene, std::move(areas));
+  int count = 0;
+  for (const DockWidget widget : board->widgets())
+    for (const TileSize size : allCases<TileSize>()) {
+      if (!board->add(widget, size)) return 0;
+      ++count;
+    }
+  return scene.show(std::move(board)) ? count : 0;
+}
+// The tiles that `showTiles` shows.
+inline QList<QQuickItem*> tilesOf(Scene& scene) { return scene.root()->childItems(); }
+inline QStringList collisionsOfTiles(Scene& scene) {
+  QStringList found;
+  for (QQuickItem* tile : tilesOf(scene)) found += collisionsOf(tile);
+  return found;
+}
+// Shows panels of the area, such as "Water" for WaterPanel.qml; false when one cannot be made.
+inline bool showPanels(Scene& scene, Area& area, std::initializer_list<const char*> names,
+                       const QVariantMap& properties = {}) {
+  auto board = std::make_unique<TileBoard>(scene, std::vector<Area*>{&area});
+  for (const char* name : names)
+    if (!board->addPanel(QStringLiteral("%1/%2Panel.qml").arg(area.name(), QLatin1String(name)), properties))
+      return false;
+  return scene.show(std::move(board));
+}
 
 }  // namespace ambrel

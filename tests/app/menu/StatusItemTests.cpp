@@ -1,39 +1,16 @@
 #include <QAction>
+#include <QFontDatabase>
+#include <QImage>
 #include <QPixmap>
 #include <QtTest>
 
+#include "app/kit/SymbolTable.h"
+#include "app/menu/StatusIcon.h"
 #include "app/menu/StatusItem.h"
 
 namespace ambrel {
-
 class StatusItemTests : public QObject {
   Q_OBJECT
-
- private:
-  UUID first_ = UUID::random(), second_ = UUID::random();
-  std::vector<std::pair<MenuCommand, std::optional<UUID>>> chosen_;
-  std::vector<int> icons_;
-
-  MenuModel model() const {
-    MenuModel menu;
-    const auto choice = [](const char* title, const UUID& profile, bool isChecked) {
-      return MenuEntry{.title = title, .command = MenuCommand::pinProfile, .profile = profile, .isChecked = isChecked};
-    };
-    menu.entries = {
-        {.title = "Active: Work"},
-        {.title = "Profile", .entries = {choice("Work & play", first_, true), choice("Other", second_, false)}},
-        {},
-        {.title = "Settings", .command = MenuCommand::openSettings, .shortcut = "Meta+,"}};
-    return menu;
-  }
-  StatusItem makeItem() {
-    return {
-        [this](int attention) {
-          icons_.push_back(attention);
-          return QIcon(QPixmap(22, 22));
-        },
-        [this](MenuCommand command, const std::optional<UUID>& profile) { chosen_.emplace_back(command, profile); }};
-  }
 
  private Q_SLOTS:
   void init() {
@@ -116,6 +93,82 @@ class StatusItemTests : public QObject {
     QCOMPARE(icons_.back(), 2);
     QCOMPARE(icons_.size(), 3u);
     QCOMPARE(item.trayIcon().toolTip(), QStringLiteral("Tilebay: 2 agents need you"));
+  }
+
+  void initTestCase() {
+    if (!QFontDatabase::families().contains(QString::fromLatin1(symbolFontFamily)))
+      QSKIP("the icon font is not installed");
+  }
+
+  void thePlainIconHasASignInInkAndNoOrange() {
+    const Palette palette = darkPalette();
+    for (const int size : {16, 22, 64}) {
+      const QImage image = statusImage(0, palette, size);
+      QCOMPARE(image.size(), QSize(size, size));
+      QVERIFY2(inked(image, palette.ink, palette.panel) > size * size / 20, qPrintable(QString::number(size)));
+      QCOMPARE(warm(image), 0);
+      QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+    }
+  }
+
+  void attentionIsOrangeAndEachCountItsOwnPicture() {
+    const Palette palette = darkPalette();
+    QList<QImage> seen;
+    for (const int count : {1, 2, 9, 10}) {
+      const QImage image = statusImage(count, palette, 44);
+      QVERIFY(warm(image) > 44 * 44 / 10);
+      QVERIFY(!seen.contains(image));
+      seen << image;
+    }
+    QCOMPARE(statusImage(10, palette, 44), statusImage(99, palette, 44));
+  }
+
+ private:
+  UUID first_ = UUID::random(), second_ = UUID::random();
+  std::vector<std::pair<MenuCommand, std::optional<UUID>>> chosen_;
+  std::vector<int> icons_;
+
+  MenuModel model() const {
+    MenuModel menu;
+    const auto choice = [](const char* title, const UUID& profile, bool isChecked) {
+      return MenuEntry{.title = title, .command = MenuCommand::pinProfile, .profile = profile, .isChecked = isChecked};
+    };
+    menu.entries = {
+        {.title = "Active: Work"},
+        {.title = "Profile", .entries = {choice("Work & play", first_, true), choice("Other", second_, false)}},
+        {},
+        {.title = "Settings", .command = MenuCommand::openSettings, .shortcut = "Meta+,"}};
+    return menu;
+  }
+  StatusItem makeItem() {
+    return {
+        [this](int attention) {
+          icons_.push_back(attention);
+          return QIcon(QPixmap(22, 22));
+        },
+        [this](MenuCommand command, const std::optional<UUID>& profile) { chosen_.emplace_back(command, profile); }};
+  }
+
+  // Pixels that are nearer to the colour than to the ground.
+  static int inked(const QImage& image, const QColor& color, const QColor& ground) {
+    const auto distance = [](const QColor& a, const QColor& b) {
+      return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
+    };
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) {
+        const QColor pixel = image.pixelColor(x, y);
+        if (pixel.alpha() > 200 && distance(pixel, color) * 2 < distance(pixel, ground)) ++count;
+      }
+    return count;
+  }
+
+  static int warm(const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        if (image.pixelColor(x, y).red() - image.pixelColor(x, y).blue() > 80) ++count;
+    return count;
   }
 };
 

@@ -1,33 +1,51 @@
 #include <QSignalSpy>
+#include <QTest>
 
+#include "app/base/PointerRelay.h"
+#include "app/shelf/EdgeSensor.h"
 #include "tests/app/shelf/ShelfRoom.h"
 
 namespace ambrel {
+namespace {
+
+struct Edge {
+  FakePointer pointer;
+  FakeScreens screens;
+  Instant now = instantFromUnixSeconds(1'795'262'400);
+  EdgeSensor sensor{pointer, screens, [this] { return now; }};
+  int entered = 0;
+
+  Edge() {
+    screens.screens = {{"A", {0, 0, 1600, 900}, {0, 0, 1600, 900}, false}};
+    sensor.onEnter = [this] { ++entered; };
+  }
+  void restAtTheMiddle() {
+    pointer.move({800, 900});
+    now = advanced(now, Seconds(0.3));
+    sensor.look();
+  }
+};
+
+}  // namespace
 
 class ShelfPanelControllerTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void itDropsFromTheTopOfThePointersScreen_data() {
-    QTest::addColumn<QPointF>("pointer");
-    QTest::addColumn<int>("reserved");
-    QTest::addColumn<QRect>("frame");
-    // The second screen is to the right of the first, 100 higher.
-    QTest::newRow("main screen") << QPointF(200, 300) << 0 << QRect(310, -20, 980, 320);
-    QTest::newRow("other screen") << QPointF(2000, 300) << 0 << QRect(1750, -120, 980, 320);
-    QTest::newRow("nowhere") << QPointF(-900, 300) << 0 << QRect(310, -20, 980, 320);
-    QTest::newRow("below a panel") << QPointF(200, 300) << 30 << QRect(310, 10, 980, 320);
-  }
   void itDropsFromTheTopOfThePointersScreen() {
-    QFETCH(QPointF, pointer);
-    QFETCH(int, reserved);
-    QFETCH(QRect, frame);
-    ShelfRoom room;
-    room.screens.screens = {{"A", {0, 0, 1600, 900}, {0, 0, 1600, 900.0 - reserved}, false},
-                            {"B", {1600, 0, 1280, 1000}, {1600, 0, 1280, 1000}, false}};
-    room.pointer.at = Point{pointer.x(), pointer.y()};
-    room.shelf->open();
-    QCOMPARE(room.frame(), frame);
+    // The second screen is to the right of the first, 100 higher.
+    const std::tuple<const char*, Point, int, QRect> rows[] = {{"main screen", {200, 300}, 0, {310, -20, 980, 320}},
+                                                               {"other screen", {2000, 300}, 0, {1750, -120, 980, 320}},
+                                                               {"nowhere", {-900, 300}, 0, {310, -20, 980, 320}},
+                                                               {"below a panel", {200, 300}, 30, {310, 10, 980, 320}}};
+    for (const auto& [where, pointer, reserved, frame] : rows) {
+      ShelfRoom room;
+      room.screens.screens = {{"A", {0, 0, 1600, 900}, {0, 0, 1600, 900.0 - reserved}, false},
+                              {"B", {1600, 0, 1280, 1000}, {1600, 0, 1280, 1000}, false}};
+      room.pointer.at = pointer;
+      room.shelf->open();
+      QVERIFY2(room.frame() == frame, where);
+    }
   }
 
   void itComesAndGoes() {
@@ -47,7 +65,6 @@ class ShelfPanelControllerTests : public QObject {
     // Whatever takes the keyboard away closes it.
     Q_EMIT static_cast<PanelWindow&>(room.window()).leaveAsked();
     QVERIFY(!room.shelf->isShown());
-    QCOMPARE(room.warnings.take(), QStringList());
   }
 
   void itIsFreedWhenItWasClosedForLong() {
@@ -65,7 +82,6 @@ class ShelfPanelControllerTests : public QObject {
     room.desk.pass(ShelfPanelController::keptFor);
     QVERIFY(!room.shelf->window());
     QVERIFY(room.open());
-    QCOMPARE(room.warnings.take(), QStringList());
   }
 
   void aShelfThatThePointerOpenedGoesWithIt() {
@@ -159,6 +175,67 @@ class ShelfPanelControllerTests : public QObject {
     room.toast.show("Something else", {}, {});
     room.desk.pass(Seconds(6));
     QVERIFY(toast->property("isShown").toBool());
+  }
+
+  void itSleepsWhileThePointerRestsAndWhileItIsOff() {
+    Edge edge;
+    QVERIFY(!edge.pointer.isWaiting());
+    edge.sensor.setActive(true);
+    QVERIFY(edge.pointer.isWaiting());
+    QCOMPARE(edge.pointer.strips, (std::vector<Rect>{{600, 899, 400, 1}}));
+    edge.restAtTheMiddle();
+    QCOMPARE(edge.entered, 1);
+    edge.sensor.look();
+    QVERIFY(edge.pointer.isWaiting());
+    QVERIFY(!edge.sensor.isLooking());
+    const int looks = edge.pointer.looks;
+    edge.sensor.setActive(false);
+    QVERIFY(!edge.pointer.isWaiting());
+    QVERIFY(edge.pointer.strips.empty());
+    edge.sensor.look();
+    QCOMPARE(edge.pointer.looks, looks);
+  }
+
+  void aPressedButtonMeansSomethingElse() {
+    Edge edge;
+    edge.sensor.setActive(true);
+    edge.pointer.pressed = true;
+    edge.restAtTheMiddle();
+    QCOMPARE(edge.entered, 0);
+  }
+
+  void severalWatchOnePointer() {
+    FakePointer pointer;
+    PointerRelay relay(pointer);
+    const auto one = relay.monitor();
+    auto other = relay.monitor();
+    int first = 0, second = 0;
+    QVERIFY(one->wakeOnMove([&] { ++first; }));
+    QVERIFY(other->wakeOnMove([&] {
+      ++second;
+      other->wakeOnMove([&] { ++second; });
+    }));
+    pointer.move({1, 1});
+    QCOMPARE(first, 1);
+    QCOMPARE(second, 1);
+    QVERIFY(pointer.isWaiting());
+    pointer.move({2, 2});
+    QCOMPARE(first, 1);
+    QCOMPARE(second, 2);
+    QVERIFY(!pointer.isWaiting());
+    one->wakeOnMove([&] { ++first; });
+    other->wakeOnMove([&] { ++second; });
+    one->setStrips({{0, 0, 5, 1}});
+    other->setStrips({{0, 0, 1, 5}});
+    QCOMPARE(pointer.strips.size(), std::size_t{2});
+    other.reset();
+    QCOMPARE(pointer.strips, (std::vector<Rect>{{0, 0, 5, 1}}));
+    QVERIFY(pointer.isWaiting());
+    one->stopWaiting();
+    QVERIFY(!pointer.isWaiting());
+    QCOMPARE(one->location(), pointer.at);
+    pointer.canWake = false;
+    QVERIFY(!one->wakeOnMove([] {}));
   }
 };
 

@@ -26,7 +26,7 @@ struct ShelfRoom {
   FakePointer pointer;
   FakeScreens screens;
   FakeWindowStyle windowStyle;
-  ToastController toast{later()};
+  ToastController toast{desk.steps.later()};
   std::unique_ptr<ShelfPanelController> shelf;
 
   explicit ShelfRoom(Theme::Choice choice = Theme::Choice::Dark) {
@@ -38,24 +38,24 @@ struct ShelfRoom {
     pointer.at = Point{800, 450};
     restart();
   }
+  ~ShelfRoom() {
+    warnings.expectNone();
+    shelf.reset();
+    warnings.take();
+  }
   // Over the desk's present model.
   void restart() {
     shelf.reset();
     keep({desk.model.get(), desk.model->items(), desk.model->collections(), &toast, &desk.settings});
-    shelf = std::make_unique<ShelfPanelController>(
-        engine, *desk.model, desk.settings, toast,
-        ShelfPanelController::Seams{
-            .pointer = pointer, .screens = screens, .windowStyle = windowStyle, .later = later(), .now = [this] {
-              return desk.now;
-            }});
+    shelf = std::make_unique<ShelfPanelController>(engine, *desk.model, desk.settings, toast,
+                                                   ShelfPanelController::Seams{.pointer = pointer,
+                                                                               .screens = screens,
+                                                                               .windowStyle = windowStyle,
+                                                                               .later = desk.steps.later(),
+                                                                               .now = [this] { return desk.now; }});
     keep({shelf.get()});
   }
 
-  DelayedStep later() {
-    return [this](Seconds delay, std::function<void()> step) {
-      desk.steps.emplace_back(advanced(desk.now, delay), std::move(step));
-    };
-  }
   // Messages are lost without this. With it their window takes the keyboard, on a platform that knows no flags.
   void attachToast() {
     toast.attach(engine, windowStyle, [] {
@@ -66,8 +66,9 @@ struct ShelfRoom {
   QObject* shownToast() const {
     return static_cast<QQuickView*>(toast.window())->rootObject()->property("toast").value<QObject*>();
   }
-  // Opened, with its keyboard.
-  bool open() {
+  // Opened, with its keyboard, once these have been copied.
+  bool open(const std::vector<std::string>& texts = {}) {
+    for (const std::string& text : texts) desk.copy(text);
     shelf->open();
     desk.pass(Seconds(0.1));
     return QTest::qWaitForWindowActive(shelf->window()) && QTest::qWaitFor([this] { return panel()->isVisible(); });

@@ -3,7 +3,9 @@
 #include <QImage>
 #include <QTest>
 
+#include "app/base/Presentation.h"
 #include "core/base/JSON.h"
+#include "tests/app/kit/TileBoard.h"
 #include "tests/app/stores/StoresRoom.h"
 #include "tests/fakes/LoopbackServer.h"
 
@@ -29,6 +31,26 @@ QStringList namesOf(RowList* rows) {
 
 QString idAt(RowList* rows, int row, const char* name) {
   return rows->index(row, 0).data(rows->roleNames().key(name)).toString();
+}
+
+void fill(StoresRoom& room) {
+  StoresArea& area = *room.area;
+  area.note()->setText(QStringLiteral("Ask Jana about the figures of the third quarter\nRoom 4.12"));
+  for (const char* text : {"Renew the passport", "Answer the landlord", "Water the plants on the balcony and upstairs"})
+    area.todos()->add(QString::fromUtf8(text));
+  area.todos()->toggle(
+      area.todos()->rows()->index(1, 0).data(area.todos()->rows()->roleNames().key("entryId")).toString());
+  area.snippets()->add(QStringLiteral("Best regards, Anna"));
+  for (const char* site : {"http://debian.example", "http://kernel.example/a/long/address?of=a&page=1",
+                           "http://c.example", "http://d.example", "http://e.example"})
+    area.bookmarks()->add(QString::fromUtf8(site));
+  area.tally()->add(123456);
+  std::filesystem::create_directory(room.folder / "Inbox");
+  writeAtomically(room.folder / "Inbox/a report with a long name.pdf", "x");
+  area.chosenFolder()->choose((room.folder / "Inbox").string());
+  room.work.letGo();
+  area.shortcut()->search({});
+  area.shortcut()->choose(QStringLiteral("editor/new"));
 }
 
 }  // namespace
@@ -257,6 +279,29 @@ class StoresTests : public QObject {
     tally.add(1);
     tally.undo();
     QCOMPARE(room.defaults.integer("tallyCount").value(), 1236);
+  }
+
+  // Empty and full.
+  void everythingCanBeReadAndReached() {
+    for (const bool isFull : {false, true}) {
+      StoresRoom room;
+      room.launcher.programs = {{"editor", "Editor", "Editor", ""}, {"editor/new", "New Window", "Editor", ""}};
+      room.start();
+      if (isFull) fill(room);
+      Presentation presentation([](Seconds, const std::function<void()>&) {});
+      {
+        Scene scene;
+        QCOMPARE(showTiles(scene, {room.area.get()}), 8 * 4);
+        QCOMPARE(faultsInBothSchemes(scene, isFull ? "stores" : "stores-empty"), QStringList());
+        QCOMPARE(collisionsOfTiles(scene), QStringList());
+      }
+      Scene scene;
+      QVERIFY(showPanels(scene, *room.area,
+                         {"QuickNote", "Todo", "Snippets", "Bookmarks", "Folder", "Downloads", "Shortcuts", "Tally"},
+                         {{QStringLiteral("presentation"), QVariant::fromValue(&presentation)}}));
+      QCOMPARE(faultsInBothSchemes(scene, isFull ? "stores-panels" : "stores-panels-empty"), QStringList());
+      QCOMPARE(namesByTab(scene).filter("nameless"), QStringList());
+    }
   }
 };
 

@@ -1,15 +1,13 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "core/agents.h"
+#include "core/agents/AgentTransitions.h"
+#include "tests/Matchers.h"
+#include "tests/core/agents/Sessions.h"
 
 namespace ambrel {
 namespace {
 
-using testing::ElementsAre;
+using enum AgentStatus;
 
 TEST(AgentTiming, AgesOnlyWorkAndFinishedAndOnlyBeyondTheLimit) {
-  using enum AgentStatus;
   const struct {
     AgentStatus status;
     double since;
@@ -55,34 +53,61 @@ TEST(ProjectName, IsTheLastComponentOfAPathOrURL) {
   for (const auto& each : cases) EXPECT_EQ(projectName(each.text), each.expected) << each.text.value_or("(none)");
 }
 
-class ListReader : public AgentSessionReader {
- public:
-  explicit ListReader(std::vector<AgentSession> list) : list_(std::move(list)) {}
-  std::vector<AgentSession> sessions(const std::filesystem::path&, Instant) const override { return list_; }
-
- private:
-  std::vector<AgentSession> list_;
-};
-
-AgentSession session(std::string id, AgentStatus status, int second) {
-  AgentSession session;
-  session.id = session.title = std::move(id);
-  session.status = status;
-  session.updatedAt = instantFromUnixSeconds(second);
-  return session;
-}
-
 TEST(MergedSessions, OrdersByUrgencyThenNewestThenReader) {
-  using enum AgentStatus;
+  const auto session = [](std::string id, AgentStatus status, int second) {
+    AgentSession one = agentSession(std::move(id), AgentKind::codex, status);
+    one.updatedAt = instantFromUnixSeconds(second);
+    return one;
+  };
+  const std::vector<AgentSession> lists[] = {
+      {session("a", idle, 9), session("b", working, 5)},
+      {session("c", working, 5), session("d", needsInput, 1), session("e", working, 6)},
+      {session("f", finished, 8), session("g", working, 5)}};
   AgentReaders readers;
-  readers.push_back(std::make_unique<ListReader>(std::vector{session("a", idle, 9), session("b", working, 5)}));
-  readers.push_back(std::make_unique<ListReader>(
-      std::vector{session("c", working, 5), session("d", needsInput, 1), session("e", working, 6)}));
-  readers.push_back(std::make_unique<ListReader>(std::vector{session("f", finished, 8), session("g", working, 5)}));
-
+  for (const auto& list : lists) readers.push_back(std::make_unique<ListReader>(list));
   std::vector<std::string> ids;
   for (const auto& each : mergedSessions(readers, "/home/u", Instant{})) ids.push_back(each.id);
   EXPECT_THAT(ids, ElementsAre("d", "e", "b", "c", "g", "f", "a"));
+}
+
+AgentSession session(const std::string& id, AgentStatus status) { return agentSession(id, AgentKind::codex, status); }
+
+TEST(AgentTransitions, OnlyWorkThatEndedOrWaitsIsNews) {
+  const struct {
+    AgentStatus before, after;
+    bool isNews;
+  } cases[] = {
+      {working, finished, true},     {working, needsInput, true}, {working, idle, false},
+      {working, working, false},     {idle, needsInput, false},   {finished, needsInput, false},
+      {needsInput, finished, false}, {finished, finished, false},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(agentTransitions({session("a", c.before)}, {session("a", c.after)}).size(), c.isNews ? 1u : 0u)
+        << nameOf(c.before) << " -> " << nameOf(c.after);
+}
+
+TEST(AgentTransitions, ATurnThatTheUserBrokeOffIsNoNews) {
+  AgentSession broken = session("a", finished);
+  broken.isInterrupted = true;
+  EXPECT_TRUE(agentTransitions({session("a", working)}, {broken}).empty());
+}
+
+TEST(AgentTransitions, SessionsThatComeOrGoAreNoNews) {
+  EXPECT_TRUE(agentTransitions({}, {session("new", finished)}).empty());
+  EXPECT_TRUE(agentTransitions({session("gone", working)}, {}).empty());
+}
+
+TEST(AgentTransitions, AnAnnouncementNamesTheToolAndTheProject) {
+  EXPECT_EQ(announcement(session("codex:1", needsInput)),
+            (AgentAnnouncement{"codex:1", "Codex needs you", "web-shop"}));
+  AgentSession nowhere = session("codex:2", finished);
+  nowhere.project.reset();
+  EXPECT_EQ(announcement(nowhere), (AgentAnnouncement{"codex:2", "Codex finished", "Codex"}));
+}
+
+TEST(AgentTransitions, CountsBySeparateStatus) {
+  EXPECT_EQ(agentCounts({session("a", working), session("b", working), session("c", idle), session("d", needsInput)}),
+            (AgentCounts{.needsInput = 1, .working = 2, .finished = 0, .idle = 1}));
 }
 
 }  // namespace

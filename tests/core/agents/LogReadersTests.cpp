@@ -1,18 +1,14 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <random>
 
 #include "core/agents/ClaudeCodeReader.h"
 #include "core/agents/CodexReader.h"
 #include "core/base/Text.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/agents/AgentCases.h"
 
 namespace ambrel {
 namespace {
-
-using testing::IsEmpty;
-using testing::SizeIs;
 
 const Instant noon = *parseISO8601("2026-11-21T12:00:00Z");
 

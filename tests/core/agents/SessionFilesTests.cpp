@@ -1,18 +1,13 @@
 #include <filesystem>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "core/agents/FolderListings.h"
 #include "core/agents/SessionFiles.h"
 #include "core/base/Instant.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 const Instant noon = *parseISO8601("2026-11-21T12:00:00Z");
 const Instant since = advanced(noon, Seconds(-21600));

@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <map>
 #include <random>
 
@@ -7,15 +5,13 @@
 #include "core/agents/AntigravityReader.h"
 #include "core/agents/CursorReader.h"
 #include "core/base/Text.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/agents/AgentCases.h"
 #include "tests/core/agents/StoreFixture.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const Instant noon = *parseISO8601("2026-11-21T12:00:00Z");
 
@@ -203,7 +199,7 @@ TEST(Readers, FindTheirFilesBelowAnyHome) {
     root.write(prefix + ".codex/sessions/2026/r.jsonl", "{}\n", noon);
     const auto before = contents(root.path());
     EXPECT_THAT(ids(mergedSessions(makeAgentReaders(), home, noon)),
-                testing::UnorderedElementsAre("claude:l", "codex:r", "cursor:c", "antigravity:a"));
+                UnorderedElementsAre("claude:l", "codex:r", "cursor:c", "antigravity:a"));
     EXPECT_EQ(contents(root.path()), before);
   }
 }
@@ -284,7 +280,7 @@ TEST(StoreReaders, SeeWhatStandsInTheLogAlone) {
   const AntigravityReader reader;
   for (int i = 0; i < 3; ++i) EXPECT_THAT(ids(reader.sessions(home.path(), noon)), ElementsAre("antigravity:a"));
   writer.run(conversation("b"));
-  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), testing::UnorderedElementsAre("antigravity:a", "antigravity:b"));
+  EXPECT_THAT(ids(reader.sessions(home.path(), noon)), UnorderedElementsAre("antigravity:a", "antigravity:b"));
 }
 
 TEST(StoreReaders, LetWhatTheyKeptGrowOld) {

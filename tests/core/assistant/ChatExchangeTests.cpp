@@ -1,17 +1,15 @@
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 
 #include "core/assistant/ChatExchange.h"
+#include "core/assistant/ModelServer.h"
 #include "core/base/JSON.h"
 #include "core/base/Text.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using Next = ChatExchange::Next;
 
 // What a server has sent, to the byte.
@@ -173,6 +171,34 @@ TEST(ChatExchange, RepeatsAsMuchOfTheConversationAsFits) {
   EXPECT_EQ(messages[1]["content"], "q7");
   EXPECT_EQ(messages[7]["content"], "now");
   EXPECT_FALSE(parseJSON(exchange.request())->contains("tools"));
+}
+
+TEST(ModelServer, KnowsThisMachineByName) {
+  for (const char* host : {"localhost", "LOCALHOST", "127.0.0.1", "127.9.9.9", "::1"})
+    EXPECT_TRUE(isLoopbackHost(host)) << host;
+  for (const char* host :
+       {"", "localhost.example", "10.0.0.1", "127.1", "0.0.0.0", "::", "127.0.0.1.example", "fe80::1"})
+    EXPECT_FALSE(isLoopbackHost(host)) << host;
+}
+
+TEST(ModelServer, TakesAddressesWithAndWithoutTheVersion) {
+  for (const char* address : {"http://x:1", "http://x:1/", "http://x:1/v1", "http://x:1/v1/"})
+    EXPECT_EQ(modelServerURL(address, "models"), "http://x:1/v1/models") << address;
+  EXPECT_EQ(modelServerURL("http://x/llm", "models"), "http://x/llm/v1/models");
+}
+
+TEST(ModelServer, ChoosesWhatIsWantedOrTheFirstThatTalks) {
+  const auto models = parseModels(R"({"object":"list","data":[{"id":"nomic-embed-text:latest"},{"id":"qwen3:8b"},
+    {"id":""},{"name":"llama"},7]})");
+  ASSERT_TRUE(models);
+  EXPECT_THAT(*models, ElementsAre("nomic-embed-text:latest", "qwen3:8b", "llama"));
+  EXPECT_EQ(chooseModel(*models, ""), "qwen3:8b");
+  EXPECT_EQ(chooseModel(*models, "llama"), "llama");
+  EXPECT_EQ(chooseModel(*models, "nomic-embed-text"), "nomic-embed-text:latest");
+  EXPECT_EQ(chooseModel(*models, "gone"), std::nullopt);
+  EXPECT_THAT(parseModels(R"({"models":[{"name":"a"}]})").value(), ElementsAre("a"));
+  for (const char* other : {"", "[]", "<html>", R"({"error":"no"})", R"({"data":{}})"})
+    EXPECT_FALSE(parseModels(other)) << other;
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/assistant.h"
 #include "core/base/Overloaded.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
@@ -168,12 +166,10 @@ TEST(AgentsStatus, HasALineForEachThatIsNotIdle) {
 
 TEST(Instructions, NameEveryWidget) {
   const std::string text = assistantInstructions();
-  EXPECT_THAT(text,
-              testing::StartsWith("You are Buddy, the assistant inside Tilebay, a dock app for Linux.\nAnswer in"));
-  EXPECT_THAT(text, testing::HasSubstr("Never invent widgets or sessions.\nWidgets: "));
-  for (const DockWidget widget : allCases<DockWidget>())
-    EXPECT_THAT(text, testing::HasSubstr(std::string(title(widget))));
-  EXPECT_THAT(text, testing::EndsWith("."));
+  EXPECT_THAT(text, StartsWith("You are Buddy, the assistant inside Tilebay, a dock app for Linux.\nAnswer in"));
+  EXPECT_THAT(text, HasSubstr("Never invent widgets or sessions.\nWidgets: "));
+  for (const DockWidget widget : allCases<DockWidget>()) EXPECT_THAT(text, HasSubstr(std::string(title(widget))));
+  EXPECT_THAT(text, EndsWith("."));
 }
 
 }  // namespace

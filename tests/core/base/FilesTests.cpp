@@ -1,18 +1,15 @@
 #include <csignal>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "core/base/Files.h"
 #include "core/base/StoredFile.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
 
 class Files : public testing::Test {
  protected:

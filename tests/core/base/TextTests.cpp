@@ -1,15 +1,12 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <limits>
 #include <set>
 
 #include "core/base/Text.h"
 #include "core/base/UUID.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(Text, TrimsAndSplits) {
   EXPECT_EQ(trimmed(" \t\r\n\v\f a b \n"), "a b");

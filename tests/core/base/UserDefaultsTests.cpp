@@ -1,9 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <limits>
 
 #include "core/base/Files.h"
 #include "core/base/UserDefaults.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
@@ -64,7 +63,7 @@ TEST_F(Defaults, AValueOfAnotherTypeIsAbsent) {
   EXPECT_EQ(defaults.string("limit"), "300");
   EXPECT_EQ(defaults.number("share"), 3.0);
   EXPECT_EQ(defaults.number("half"), 3.5);
-  EXPECT_THAT(defaults.strings("list").value(), testing::ElementsAre("a", "b"));
+  EXPECT_THAT(defaults.strings("list").value(), ElementsAre("a", "b"));
   for (const char* key : {"limit", "level", "half", "big"}) EXPECT_EQ(defaults.integer(key), std::nullopt) << key;
   EXPECT_FALSE(defaults.boolean("on") || defaults.strings("names") || defaults.date("when") || defaults.data("when") ||
                defaults.dictionary("list") || defaults.object("nothing") || defaults.object("missing"));
@@ -117,7 +116,7 @@ TEST_F(Defaults, WhatCannotBeReadIsSetAsideBeforeItIsReplacedAndNoCopyIsLost) {
     defaults.set("c", DefaultsValue{true});
     auto aside = file_;
     aside += ++copies == 1 ? ".unreadable" : ".unreadable-" + std::to_string(copies);
-    EXPECT_THAT(kept, testing::ElementsAre(aside));
+    EXPECT_THAT(kept, ElementsAre(aside));
     EXPECT_EQ(readFile(aside), bytes);
     EXPECT_EQ(opened().all().size(), 2u);
   }
@@ -132,7 +131,7 @@ TEST_F(Defaults, WhatOthersWriteMeanwhileIsTakenOverAndNotLost) {
   EXPECT_TRUE(told.empty());
   folder_.write("Ambrel/defaults.json", R"({"mine": 1, "theirs": 2, "new": "x"})");
   defaults.set("mine", DefaultsValue{std::int64_t{5}});
-  EXPECT_THAT(told, testing::ElementsAre(std::set<std::string>{"gone", "new", "theirs"}));
+  EXPECT_THAT(told, ElementsAre(std::set<std::string>{"gone", "new", "theirs"}));
   EXPECT_EQ(opened().integer("theirs"), 2);
   EXPECT_EQ(opened().integer("mine"), 5);
   EXPECT_EQ(defaults.object("gone"), nullptr);

@@ -1,23 +1,18 @@
 #include "core/buddy/AgentWatch.h"
+#include "tests/Matchers.h"
+#include "tests/core/agents/Sessions.h"
 #include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
 using enum AgentStatus;
 using enum AgentKind;
 
 AgentSession session(std::string id, AgentKind kind, AgentStatus status, std::optional<std::string> detail = {}) {
-  return {.id = std::move(id),
-          .kind = kind,
-          .title = "Fix the login",
-          .project = "web-shop",
-          .detail = std::move(detail),
-          .status = status,
-          .updatedAt = start};
+  AgentSession session = agentSession(std::move(id), kind, status);
+  session.detail = std::move(detail);
+  return session;
 }
 
 AgentWatch watch() { return {.lastLookAt = start}; }

@@ -1,24 +1,19 @@
 // What the replay cases cannot show: the engine's memory, many sessions at once, and clocks that are set.
 
 #include "core/buddy/BuddyNoticeEngine.h"
+#include "tests/Matchers.h"
+#include "tests/core/agents/Sessions.h"
 #include "tests/core/buddy/Notices.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
-using ::testing::UnorderedElementsAre;
 using enum AgentStatus;
-
-AgentSession session(std::string id, AgentStatus status) {
-  return {.id = std::move(id), .kind = AgentKind::codex, .title = "t", .status = status, .updatedAt = start};
-}
 
 BuddySignals sessions(int count, AgentStatus status) {
   BuddySignals signals;
-  for (int i = 0; i < count; ++i) signals.agents.push_back(session("codex:" + std::to_string(i), status));
+  for (int i = 0; i < count; ++i)
+    signals.agents.push_back(agentSession("codex:" + std::to_string(i), AgentKind::codex, status));
   return signals;
 }
 
@@ -106,10 +101,10 @@ TEST_P(BuddyClock, IsFollowedByTheLengthOfARun) {
   EXPECT_THAT(bench.evaluate(sessions(1, working), GetParam() + 899), IsEmpty());
   const auto still = bench.evaluate(sessions(1, working), GetParam() + 900);
   ASSERT_THAT(still, SizeIs(1));
-  EXPECT_EQ(still[0].detail, "15 min so far.");
+  EXPECT_EQ(still[0].detail, "15 min so far in web-shop.");
   const auto finish = bench.evaluate(sessions(1, finished), GetParam() + 1260);
   ASSERT_THAT(finish, SizeIs(1));
-  EXPECT_EQ(finish[0].detail, "A 21-minute run.");
+  EXPECT_EQ(finish[0].detail, "A 21-minute run in web-shop.");
 }
 
 TEST_P(BuddyClock, RepeatsNothingThatLasts) {
@@ -158,7 +153,7 @@ TEST_P(BuddyClock, KeepsWhatAFocusSessionHolds) {
   signals.isFocusRunning = false;
   const auto said = bench.evaluate(signals, GetParam() + 1000);
   ASSERT_THAT(said, SizeIs(1));
-  EXPECT_EQ(said[0].detail, "15 min so far.");
+  EXPECT_EQ(said[0].detail, "15 min so far in web-shop.");
 }
 
 INSTANTIATE_TEST_SUITE_P(Set, BuddyClock, testing::Values(-7200.0, -1.5, 0.25, 3600.0, 7200.0));

@@ -1,32 +1,17 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/buddy/BuddySpeech.h"
+#include "tests/Matchers.h"
+#include "tests/core/agents/Sessions.h"
 
 namespace ambrel {
 namespace {
 
-using ::testing::ElementsAre;
 using enum AgentStatus;
 
 const Instant start = *parseISO8601("2026-11-21T09:41:00Z");  // a Saturday
 const Calendar utc("UTC", "en_GB");
 
-AgentSession codex(AgentStatus status) {
-  return {.id = "codex:a",
-          .kind = AgentKind::codex,
-          .title = "Mend the build",
-          .project = "web-shop",
-          .detail = {},
-          .status = status,
-          .updatedAt = {}};
-}
-AgentSession claude(AgentStatus status) {
-  AgentSession session = codex(status);
-  session.id = "claude:a";
-  session.kind = AgentKind::claudeCode;
-  return session;
-}
+AgentSession codex(AgentStatus status) { return agentSession("codex:a", AgentKind::codex, status); }
+AgentSession claude(AgentStatus status) { return agentSession("claude:a", AgentKind::claudeCode, status); }
 
 // Buddy on a desktop of records: each step is ten seconds long.
 struct Desk {

@@ -1,15 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/buddy.h"
 #include "core/buddy/BuddyText.h"
+#include "tests/Matchers.h"
 #include "tests/Time.h"
 
 namespace ambrel {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 TEST(BuddyRules, SayWhyANoticeCameAndWhatTurnsItOff) {
   const Calendar american("UTC", "en_US"), german("UTC", "de_DE");

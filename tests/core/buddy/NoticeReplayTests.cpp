@@ -1,15 +1,9 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/buddy/NoticeReplay.h"
+#include "tests/Matchers.h"
 #include "tests/core/buddy/NoticeCases.h"
 
 namespace ambrel {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 TEST(NoticeReplay, GivesTheNoticesOfEachCase) {
   const auto cases = noticeCases();

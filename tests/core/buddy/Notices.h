@@ -2,7 +2,6 @@
 // Notices and times of the tests of what Buddy says.
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "core/buddy.h"
 

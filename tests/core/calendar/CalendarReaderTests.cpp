@@ -1,12 +1,10 @@
-#include <gmock/gmock.h>
-
 #include "core/calendar/CalendarFolders.h"
 #include "core/calendar/CalendarReader.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/calendar/CalendarSample.h"
 
 using namespace ambrel;
-using testing::ElementsAre;
 
 namespace {
 
@@ -46,7 +44,7 @@ TEST(CalendarReader, FollowsWhatIsWrittenAddedAndRemoved) {
   home.folder.write("calendars/home/c.ics", meeting("c"));
   EXPECT_THAT(home.titles(), ElementsAre("a", "c", "changed"));
   const auto after = home.reader.read(home.question).book.files();
-  EXPECT_THAT(after, testing::Contains(testing::AnyOf(before[0], before[1]))) << "what is the same is not read again";
+  EXPECT_THAT(after, Contains(AnyOf(before[0], before[1]))) << "what is the same is not read again";
   std::filesystem::remove(home.folder / "calendars/work/a.ics");
   EXPECT_THAT(home.titles(), ElementsAre("c", "changed"));
 }

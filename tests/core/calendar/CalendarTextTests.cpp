@@ -1,11 +1,8 @@
-#include <gmock/gmock.h>
-
 #include "core/calendar/MeetingLink.h"
+#include "tests/Matchers.h"
 #include "tests/core/calendar/CalendarSample.h"
 
 using namespace ambrel;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(CalendarText, ReadsTimesInEveryKindOfZone) {
   const std::string zone =

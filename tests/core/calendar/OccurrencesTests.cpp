@@ -1,9 +1,7 @@
-#include <gmock/gmock.h>
-
+#include "tests/Matchers.h"
 #include "tests/core/calendar/CalendarSample.h"
 
 using namespace ambrel;
-using testing::ElementsAre;
 
 namespace {
 

@@ -1,7 +1,6 @@
-#include <gmock/gmock.h>
-
 #include "core/disk/DiskAdvice.h"
 #include "core/disk/DiskPrompts.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/SyntheticTree.h"
 #include "tests/core/disk/Tree.h"
 
@@ -9,10 +8,6 @@ namespace ambrel {
 namespace {
 
 using test::treeOf;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 constexpr std::int64_t mega = 1'000'000, giga = 1'000'000'000;
 const std::string home = "/home/nobody-here";
@@ -147,7 +142,7 @@ TEST(FindingLine, IsNotSafeWhenOneOfItsItemsIsNot) {
   EXPECT_THAT(DiskAdvice::findingLine(caches, calendar), EndsWith("Look at the list before you move them."));
   const DiskTree tree = treeOf(home, {{".m2/repository/a", giga, threeDaysAgo}});
   EXPECT_THAT(DiskAdvice::verdict(*find(*tree, home + "/.m2/repository"), {caches}, home, now, calendar),
-              testing::AllOf(HasSubstr("Probably, but look first."), EndsWith("Not all of it comes back.")));
+              AllOf(HasSubstr("Probably, but look first."), EndsWith("Not all of it comes back.")));
 }
 
 TEST(TrashMessage, TellsWhatReallyMovedAndWhatStayed) {

@@ -1,7 +1,7 @@
-#include <gmock/gmock.h>
 #include <random>
 
 #include "core/disk/DiskAnalyzer.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/SyntheticTree.h"
 #include "tests/core/disk/Tree.h"
 
@@ -12,9 +12,6 @@ using test::daysBefore;
 using test::FileEntry;
 using test::findingOf;
 using test::treeOf;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 constexpr std::int64_t mega = 1'000'000, giga = 1'000'000'000;
 const std::string home = "/home/nobody-here";

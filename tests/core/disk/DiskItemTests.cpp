@@ -1,7 +1,7 @@
-#include <gmock/gmock.h>
 #include <random>
 
 #include "core/disk/DiskItem.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/SyntheticTree.h"
 #include "tests/core/disk/Tree.h"
 
@@ -10,7 +10,6 @@ namespace {
 
 using Kind = DiskItem::Kind;
 using test::someDay;
-using testing::ElementsAre;
 
 DiskFolderBuilder folder(std::string name, std::int64_t minItemSize, Instant modified = someDay) {
   return DiskFolderBuilder(std::move(name), modified, minItemSize);

@@ -1,5 +1,4 @@
 #include <atomic>
-#include <gmock/gmock.h>
 #include <map>
 #include <mutex>
 #include <set>
@@ -7,6 +6,7 @@
 
 #include "core/disk/DiskScanner.h"
 #include "core/disk/Handles.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/Tree.h"
 
 namespace ambrel {
@@ -15,9 +15,6 @@ namespace {
 using Kind = DiskItem::Kind;
 using test::namesOf;
 using test::Tree;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 constexpr std::int64_t keepAll = 0;
 

@@ -1,18 +1,15 @@
 #include <atomic>
 #include <cstring>
-#include <gmock/gmock.h>
 
 #include "core/disk/Duplicates.h"
 #include "core/disk/FileContent.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/Tree.h"
 
 namespace ambrel {
 namespace {
 
 using test::Tree;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 constexpr std::int64_t window = 1 << 16;
 
@@ -47,7 +44,7 @@ TEST(Duplicates, TheOldestCopyStaysAndTheOthersAreNamedAgainstIt) {
   const auto items = duplicatesIn(tree);
   ASSERT_THAT(urls(items), UnorderedElementsAre(tree / "a/first.mov", tree / "c/third.mov"));
   for (const CleanupItem& item : items) {
-    EXPECT_THAT(item.title, testing::EndsWith(".mov, a copy of b/second.mov"));
+    EXPECT_THAT(item.title, EndsWith(".mov, a copy of b/second.mov"));
     EXPECT_EQ(item.bytes, Tree::allocated(item.url));
     ASSERT_TRUE(item.kept);
     EXPECT_EQ(item.kept->url, tree / "b/second.mov");
@@ -70,7 +67,7 @@ TEST(Duplicates, OneDifferentByteAnywhereTellsFilesApart) {
       std::memcpy(bytes.data() + size / 2 - sizeof i, &i, sizeof i);
       tree.write("crowd/" + std::to_string(i), bytes);
     }
-    EXPECT_THAT(urls(duplicatesIn(tree)), ElementsAre(testing::AnyOf(tree / "one", tree / "same")))
+    EXPECT_THAT(urls(duplicatesIn(tree)), ElementsAre(AnyOf(tree / "one", tree / "same")))
         << size << " " << place << " " << crowd;
   };
   constexpr std::size_t w = window;

@@ -1,16 +1,13 @@
 #include <algorithm>
-#include <gmock/gmock.h>
 
 #include "core/disk/Handles.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/Tree.h"
 
 namespace ambrel {
 namespace {
 
 using test::Tree;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 CleanupItem itemAt(const std::string& path, bool contentsOnly = false,
                    std::set<std::string, std::less<>> keeping = {}) {

@@ -1,13 +1,9 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/telemetry/KernelTexts.h"
 #include "core/telemetry/ThermalSensors.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(Pressure, ComesFromStallsOrElseFromWhatIsLeft) {
   using enum MemoryPressure;

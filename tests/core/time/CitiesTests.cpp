@@ -1,16 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/time/Cities.h"
 #include "core/time/Meeting.h"
+#include "tests/Matchers.h"
 #include "tests/Time.h"
 
 namespace ambrel {
 namespace {
-
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const City berlin{"Europe/Berlin", "Berlin"}, newYork{"America/New_York", "New York"}, tokyo{"Asia/Tokyo", "Tokyo"};
 const Calendar own("Europe/Berlin", "en_US");

@@ -1,10 +1,10 @@
 #include <algorithm>
-#include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "core/base/JSON.h"
 #include "core/usage/ClaudeStatusLine.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/usage/UsageCases.h"
 
@@ -121,8 +121,8 @@ TEST_F(ClaudeStatusLineFiles, InstallsWhereNothingIs) {
   EXPECT_TRUE(ClaudeStatusLine::isConnected(files));
   EXPECT_EQ(command(), files.script.string());
   EXPECT_EQ(mode(files.script), 0755u);
-  EXPECT_THAT(names(home / ".claude"), testing::ElementsAre("settings.json"));
-  EXPECT_THAT(names(home / "share/Ambrel"), testing::ElementsAre("claude-statusline.sh"));
+  EXPECT_THAT(names(home / ".claude"), ElementsAre("settings.json"));
+  EXPECT_THAT(names(home / "share/Ambrel"), ElementsAre("claude-statusline.sh"));
   const auto script = readFile(files.script);
   fs::remove(files.script);
   ClaudeStatusLine::install(files);
@@ -147,7 +147,7 @@ TEST_F(ClaudeStatusLineFiles, SavesTheOwnLineOnceAndPutsItBack) {
   ClaudeStatusLine::remove(files);
   EXPECT_FALSE(ClaudeStatusLine::isConnected(files));
   EXPECT_EQ(command(), "cat; echo '\"own\"'");
-  EXPECT_THAT(names(home / "share/Ambrel"), testing::ElementsAre("claude-statusline-original", "claude-statusline.sh"));
+  EXPECT_THAT(names(home / "share/Ambrel"), ElementsAre("claude-statusline-original", "claude-statusline.sh"));
 }
 
 TEST_F(ClaudeStatusLineFiles, ForgetsTheLineOfAnEarlierInstall) {
@@ -190,7 +190,7 @@ TEST_F(ClaudeStatusLineFiles, LeavesWhatIsNoObjectAsItWas) {
     EXPECT_THROW(ClaudeStatusLine::remove(files), DecodingError) << text;
     EXPECT_FALSE(ClaudeStatusLine::isConnected(files));
     EXPECT_EQ(settings(), text);
-    EXPECT_THAT(names(home / ".claude"), testing::ElementsAre("settings.json"));
+    EXPECT_THAT(names(home / ".claude"), ElementsAre("settings.json"));
     EXPECT_FALSE(fs::exists(files.script));
   }
 }
@@ -218,8 +218,8 @@ TEST_F(ClaudeStatusLineFiles, WritesThroughALinkAndKeepsThePermissions) {
   EXPECT_TRUE(fs::symlink_status(real).type() == fs::file_type::regular);
   EXPECT_EQ(mode(real), 0640u);
   EXPECT_TRUE(ClaudeStatusLine::isConnected(files));
-  EXPECT_THAT(names(home / "dotfiles"), testing::ElementsAre("claude.json", "link.json"));
-  EXPECT_THAT(names(home / ".claude"), testing::ElementsAre("settings.json", "settings.json.ambrel-backup"));
+  EXPECT_THAT(names(home / "dotfiles"), ElementsAre("claude.json", "link.json"));
+  EXPECT_THAT(names(home / ".claude"), ElementsAre("settings.json", "settings.json.ambrel-backup"));
 }
 
 TEST_F(ClaudeStatusLineFiles, FillsADanglingLinkAndRefusesALoop) {
@@ -266,7 +266,7 @@ TEST_P(ClaudeStatusLineRun, SavesLimitsAndPrintsNothingOfItsOwn) {
   EXPECT_EQ(readFile(files.snapshot), limits);
   std::vector<std::string> left;
   for (const auto& entry : fs::directory_iterator(home / GetParam())) left.push_back(entry.path().filename());
-  EXPECT_THAT(left, testing::UnorderedElementsAre("claude-status.json", "claude-statusline.sh"));
+  EXPECT_THAT(left, UnorderedElementsAre("claude-status.json", "claude-statusline.sh"));
 }
 
 TEST_P(ClaudeStatusLineRun, HandsTheInputToTheOwnLineAndItsOutputAndStatusBack) {

@@ -1,8 +1,8 @@
-#include <gmock/gmock.h>
 #include <random>
 
 #include "core/usage/KeySearch.h"
 #include "core/usage/UsageLog.h"
+#include "tests/Matchers.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/core/usage/UsageCases.h"
 
@@ -69,9 +69,9 @@ TEST_F(UsageLogTest, StopsBehindTheLastNewline) {
 
 TEST_F(UsageLogTest, BeginsAtTheOffsetUnlessTheFileIsShorter) {
   const std::string one = replyLine("2026-11-21T11:00:00Z", 1), two = replyLine("2026-11-21T11:00:00Z", 2);
-  EXPECT_THAT(tokens(read(one + two, one.size())), testing::ElementsAre(2));
-  EXPECT_THAT(tokens(read(one + two, 2 * one.size())), testing::IsEmpty());
-  EXPECT_THAT(tokens(read(one, 2 * one.size())), testing::ElementsAre(1));
+  EXPECT_THAT(tokens(read(one + two, one.size())), ElementsAre(2));
+  EXPECT_THAT(tokens(read(one + two, 2 * one.size())), IsEmpty());
+  EXPECT_THAT(tokens(read(one, 2 * one.size())), ElementsAre(1));
   EXPECT_EQ(read("", 99)->offset, 99u);
   EXPECT_FALSE(reader.read(folder / "missing.jsonl", 0));
   EXPECT_FALSE(reader.read(folder.path(), 0));
@@ -129,7 +129,7 @@ TEST_F(UsageLogTest, FindsAKeyThatIsAcrossTwoReads) {
   for (int shift = -10; shift <= 3; ++shift) {
     const std::size_t padding = (256 << 10) - keyAt + static_cast<std::size_t>(shift + 3);
     std::string line = replyLine("2026-11-21T11:00:00Z", 3, std::string(padding, 'x'));
-    EXPECT_THAT(tokens(read(line + "{}\n")), testing::ElementsAre(3)) << shift;
+    EXPECT_THAT(tokens(read(line + "{}\n")), ElementsAre(3)) << shift;
   }
 }
 

@@ -1,13 +1,9 @@
-#include <gmock/gmock.h>
-
 #include "core/base/JSON.h"
+#include "tests/Matchers.h"
 #include "tests/core/weather/Samples.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(Forecast, PublishesWhatTheServiceAnswered) {
   const Forecast f = forecastOf("london.json");
@@ -21,7 +17,7 @@ TEST(Forecast, PublishesWhatTheServiceAnswered) {
   EXPECT_EQ(f.rainChances[2], (RainSoon::Chance{at("2026-07-14T11:00:00Z"), 55}));
   const std::optional<double> figures[] = {f.temperature,         f.high,     f.low,      f.windSpeed, f.windDirection,
                                            f.apparentTemperature, f.humidity, f.dewPoint, f.uvIndex,   f.uvMax};
-  EXPECT_THAT(figures, testing::ElementsAre(21.8, 25.0, 14.0, 14.2, 228.0, 19.4, 64.0, 14.7, 4.35, 6.9));
+  EXPECT_THAT(figures, ElementsAre(21.8, 25.0, 14.0, 14.2, 228.0, 19.4, 64.0, 14.7, 4.35, 6.9));
   EXPECT_EQ(f.code, 2);
   EXPECT_EQ(f.timeZone, "GMT+01:00");
   // Times of the answer are the place's own, an hour ahead of Greenwich.
@@ -54,8 +50,8 @@ TEST(Forecast, TakesNullForAGapAndNeverForZero) {
   std::vector<std::string> hours, days;
   for (const auto& hour : f.hourly) hours.push_back(iso8601(hour.date).substr(11, 2));
   for (const auto& day : f.daily) days.push_back(iso8601(day.date).substr(8, 2));
-  EXPECT_THAT(hours, testing::ElementsAre("09", "13", "14", "15"));
-  EXPECT_THAT(days, testing::ElementsAre("17", "18", "19", "20"));
+  EXPECT_THAT(hours, ElementsAre("09", "13", "14", "15"));
+  EXPECT_THAT(days, ElementsAre("17", "18", "19", "20"));
   EXPECT_EQ(f.rainSlots.front().start, at("2026-07-14T09:45:00Z"));
   EXPECT_EQ(f.rainSlots.size(), 7u);
   EXPECT_EQ(f.rainChances.front().start, at("2026-07-14T10:00:00Z"));
@@ -164,8 +160,8 @@ TEST(Forecast, AsksForEverythingInOneRequest) {
             "&daily=temperature_2m_max,temperature_2m_min,sunrise,sunset,weather_code,uv_index_max&forecast_days=7"
             "&timezone=auto&temperature_unit=celsius&wind_speed_unit=kmh");
   EXPECT_THAT(forecastRequest(defaultSecondPlace(), true),
-              testing::AllOf(testing::StartsWith("/v1/forecast?latitude=40.7128&longitude=-74.006&current="),
-                             testing::EndsWith("&temperature_unit=fahrenheit&wind_speed_unit=mph")));
+              AllOf(StartsWith("/v1/forecast?latitude=40.7128&longitude=-74.006&current="),
+                    EndsWith("&temperature_unit=fahrenheit&wind_speed_unit=mph")));
   EXPECT_EQ(airQualityRequest(defaultPlace()),
             "/v1/air-quality?latitude=51.5074&longitude=-0.1278&current=us_aqi,european_aqi,pm2_5");
 }
@@ -207,6 +203,50 @@ TEST(Forecast, ShowsThePresentDayOfThePlaceAndNotTheFirstEntry) {
   EXPECT_EQ(todaysRange(f, place, at("2026-07-14T22:59:59Z")).uvMax, 6.9);
   EXPECT_EQ(todaysRange(f, place, at("2026-07-14T23:00:00Z")).uvMax, 6.75);
   EXPECT_EQ(todaysRange(f, place, at("2026-07-20T23:00:00Z")).uvMax, std::nullopt);
+}
+
+TEST(Places, AreStoredAsJSONAndReadBack) {
+  const WeatherPlace places[] = {
+      defaultPlace(), defaultSecondPlace(), {"Null Island", std::nullopt, 0, 0}, {"Æ \"ø\" 東京", "", -89.999999, 180}};
+  for (const auto& place : places) EXPECT_EQ(decodedPlace(encodedPlace(place)), place) << encodedPlace(place);
+  EXPECT_EQ(encodedPlace(defaultPlace()),
+            R"({"country":"United Kingdom","latitude":51.5074,"longitude":-0.1278,"name":"London"})");
+}
+
+TEST(Places, ThatAreNoneAreNotDecoded) {
+  for (const char* text :
+       {"", "London", "null", "[]", R"({"name":"London","latitude":51.5})", R"({"latitude":51.5,"longitude":0})",
+        R"({"name":7,"latitude":51.5,"longitude":0})", R"({"name":"X","latitude":"51","longitude":0})",
+        R"({"name":"X","latitude":90.1,"longitude":0})", R"({"name":"X","latitude":0,"longitude":-180.5})"})
+    EXPECT_EQ(decodedPlace(text), std::nullopt) << text;
+}
+
+TEST(Places, AreFoundByName) {
+  const auto found = decodePlaces(sample("places-springfield.json"));
+  ASSERT_TRUE(found.value) << found.problem;
+  ASSERT_EQ(found.value->size(), 6u) << "the service gave seven";
+  EXPECT_EQ((*found.value)[1].place, (WeatherPlace{"Springfield", "United States", 42.10148, -72.58981}));
+  EXPECT_EQ(placeLabel((*found.value)[1].place), "Springfield, United States");
+  EXPECT_EQ(regionLabel((*found.value)[1]), "Massachusetts, United States") << "or nobody could tell one from another";
+  EXPECT_EQ(regionLabel({{"Singapore", "Singapore", 1.3, 103.9}, "Singapore"}), "Singapore");
+  EXPECT_EQ(regionLabel({{"Null Island", std::nullopt, 0, 0}, std::nullopt}), "");
+  EXPECT_EQ(regionLabel({{"Ramallah", std::nullopt, 31.9, 35.2}, "West Bank"}), "West Bank");
+  EXPECT_EQ(placeLabel({"Null Island", std::nullopt, 0, 0}), "Null Island");
+
+  const auto none = decodePlaces(sample("places-none.json"));
+  ASSERT_TRUE(none.value);
+  EXPECT_TRUE(none.value->empty());
+  EXPECT_FALSE(decodePlaces(R"({"results":[{"name":"X","latitude":1}]})").value);
+  EXPECT_FALSE(decodePlaces(sample("error.json")).value);
+  EXPECT_FALSE(decodePlaces("[]").value);
+}
+
+TEST(Places, AreAskedForWithThePercentEncodedText) {
+  for (const auto& [text, encoded] : {std::pair{"New York", "New%20York"},
+                                      {"Zürich", "Z%C3%BCrich"},
+                                      {"a&b=c+d#e?f", "a%26b%3Dc%2Bd%23e%3Ff"},
+                                      {"/etc/50%", "%2Fetc%2F50%25"}})
+    EXPECT_EQ(geocodingRequest(text), std::string("/v1/search?name=") + encoded + "&count=6&language=en");
 }
 
 }  // namespace

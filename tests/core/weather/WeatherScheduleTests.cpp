@@ -6,9 +6,6 @@
 namespace ambrel {
 namespace {
 
-using std::chrono::hours;
-using std::chrono::minutes;
-using std::chrono::seconds;
 using Requests = WeatherSchedule::Requests;
 
 constexpr Requests nothing{}, both{true, true}, forecastAlone{true, false}, airAlone{false, true};

@@ -1,19 +1,14 @@
 #include <algorithm>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <map>
 #include <set>
 #include <string>
 
 #include "core/base/Text.h"
 #include "core/widgets.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
-
-using testing::Contains;
-using testing::ElementsAre;
-using testing::Not;
 
 constexpr auto everyWidget = allCases<DockWidget>();
 

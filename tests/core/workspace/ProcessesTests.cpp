@@ -1,7 +1,5 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "core/workspace/Processes.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
@@ -64,7 +62,7 @@ TEST(Processes, TheTerminalTellsItsWindow) {
 TEST(Processes, ATreeHoldsAllDescendants) {
   const std::vector<ProcessRecord> table{process(1, 0),  process(5, 4),   process(10, 1),
                                          process(4, 10), process(11, 10), process(20, 1)};
-  EXPECT_THAT(pids(processTree(table, 10)), testing::UnorderedElementsAre(10, 4, 11, 5));
+  EXPECT_THAT(pids(processTree(table, 10)), UnorderedElementsAre(10, 4, 11, 5));
   EXPECT_EQ(pids(processTree(table, 10)).front(), 10);
   EXPECT_EQ(pids(processTree(table, 20)), (std::vector<int>{20}));
   EXPECT_TRUE(processTree(table, 99).empty());

@@ -1,13 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <vector>
 
 #include "core/workspace/Wish.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
 
 CommandLine parse(std::vector<std::string> arguments) { return parseCommandLine(arguments); }
 

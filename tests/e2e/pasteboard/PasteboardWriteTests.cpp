@@ -1,12 +1,8 @@
-#include <gmock/gmock.h>
-
+#include "tests/Matchers.h"
 #include "tests/e2e/pasteboard/PasteboardFixture.h"
 
 namespace ambrel {
 namespace {
-
-using testing::Contains;
-using testing::Not;
 
 class PasteboardWriteTest : public PasteboardTest {
  protected:

@@ -1,18 +1,15 @@
 #include <algorithm>
-#include <gmock/gmock.h>
 
 #include "core/base/Text.h"
 #include "core/disk/Handles.h"
 #include "platform/linux/FreedesktopTrash.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/Tree.h"
 
 namespace ambrel {
 namespace {
 
 using test::Tree;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 const Instant now = *parseISO8601("2026-11-21T23:30:05Z");
 
@@ -101,7 +98,7 @@ TEST_F(FreedesktopTrashTest, LongNamesLeaveRoomForTheInformation) {
   EXPECT_EQ(files.size(), 2u);
   for (const std::string& file : files) {
     EXPECT_TRUE(isValidUTF8(file));
-    EXPECT_THAT(file, testing::EndsWith(".tar"));
+    EXPECT_THAT(file, EndsWith(".tar"));
   }
   // Bytes that are no text at all, and nowhere the beginning of a character.
   const std::string bytes(255, '\x80');

@@ -2,11 +2,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/linux/DesktopLauncher.h"
 #include "platform/linux/InstalledPrograms.h"
+#include "tests/Matchers.h"
 
 namespace ambrel {
 namespace {
@@ -79,10 +78,9 @@ TEST_F(InstalledProgramsTest, TerminalsAreAskedInTheirOwnWay) {
   EXPECT_TRUE(programs.inTerminal({"claude"}).empty());
   write("bin/gnome-terminal", "", true);
   EXPECT_THAT(programs.inTerminal({"claude", "a b"}),
-              testing::ElementsAre(path("bin/gnome-terminal").string(), "--", "claude", "a b"));
+              ElementsAre(path("bin/gnome-terminal").string(), "--", "claude", "a b"));
   write("bin/x-terminal-emulator", "", true);
-  EXPECT_THAT(programs.inTerminal({"claude"}),
-              testing::ElementsAre(path("bin/x-terminal-emulator").string(), "-e", "claude"));
+  EXPECT_THAT(programs.inTerminal({"claude"}), ElementsAre(path("bin/x-terminal-emulator").string(), "-e", "claude"));
 }
 
 TEST_F(InstalledProgramsTest, ShortcutsRunWithoutAShell) {

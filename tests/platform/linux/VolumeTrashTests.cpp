@@ -1,15 +1,12 @@
 // The Trash on other volumes, in a mount namespace of the program's own. Skipped where the system forbids that.
 
-#include <gmock/gmock.h>
-
 #include "core/disk/Handles.h"
 #include "platform/linux/FreedesktopTrash.h"
+#include "tests/Matchers.h"
 #include "tests/core/disk/MountTest.h"
 
 namespace ambrel {
 namespace {
-
-using testing::HasSubstr;
 
 class VolumeTrash : public test::MountTest {
  protected:
@@ -137,7 +134,7 @@ TEST(ListedVolumes, AreDrivesUnderTheirFirstPath) {
   std::vector<std::string> listed;
   for (const Mount& mount : mounts)
     if (isListedVolume(mounts, mount.path)) listed.push_back(mount.path);
-  EXPECT_THAT(listed, testing::ElementsAre("/media/a/STICK", "/data"));
+  EXPECT_THAT(listed, ElementsAre("/media/a/STICK", "/data"));
   EXPECT_FALSE(isListedVolume(mounts, "/data/subvolume"));
 }
 

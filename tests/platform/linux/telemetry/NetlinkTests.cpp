@@ -1,14 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <linux/genetlink.h>
 
 #include "platform/linux/telemetry/Netlink.h"
+#include "tests/Matchers.h"
 
 namespace ambrel::netlink {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A message with its header; type 3 ends an answer, type 2 refuses or acknowledges.
 std::string message(std::uint16_t type, std::uint32_t sequence, const std::string& body) {

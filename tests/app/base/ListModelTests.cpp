@@ -1,0 +1,206 @@
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+#include <algorithm>
+#include <random>
+
+#include "app/base/GadgetListModel.h"
+#include "app/base/RowChanges.h"
+
+namespace ambrel {
+namespace {
+
+struct Row {
+  int key;
+  int value;
+  friend bool operator==(const Row&, const Row&) = default;
+};
+
+class Rows : public RecordListModel<Row, int> {
+ public:
+  using RecordListModel::setRows;
+  QVariant data(const QModelIndex& index, int role) const override {
+    const Row* found = row(index);
+    return found && role == Qt::DisplayRole ? QVariant(found->value) : QVariant();
+  }
+
+ protected:
+  int keyOf(const Row& row) const override {
+    ++lookups;
+    return row.key;
+  }
+
+ public:
+  mutable std::size_t lookups = 0;
+};
+
+struct Drive {
+  Q_GADGET
+  Q_PROPERTY(QString rowId MEMBER id FINAL)
+  Q_PROPERTY(QString size READ size FINAL)
+
+ public:
+  QString id;
+  int bytes = 0;
+  QString size() const { return QStringLiteral("%1 B").arg(bytes); }
+  bool operator==(const Drive&) const = default;
+};
+
+std::vector<Row> keys(std::initializer_list<int> list) {
+  std::vector<Row> rows;
+  for (const int key : list) rows.push_back({key, key});
+  return rows;
+}
+
+using Keys = std::vector<int>;
+
+// The list that the steps lead to; new rows are taken from `after`.
+Keys carriedOut(Keys rows, const Keys& after, const std::vector<RowChange>& steps) {
+  for (const RowChange& step : steps) {
+    const auto first = rows.begin() + step.first;
+    switch (step.kind) {
+      case RowChange::Kind::remove:
+        rows.erase(first, rows.begin() + step.last + 1);
+        break;
+      case RowChange::Kind::insert:
+        rows.insert(first, after.begin() + step.first, after.begin() + step.last + 1);
+        break;
+      case RowChange::Kind::move: {
+        const int key = *first;
+        rows.erase(first);
+        rows.insert(rows.begin() + step.last, key);
+        break;
+      }
+    }
+  }
+  return rows;
+}
+
+Keys upTo(int count) {
+  Keys keys;
+  for (int i = 0; i < count; ++i) keys.push_back(i);
+  return keys;
+}
+
+}  // namespace
+
+class ListModelTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void everyChangeOfOrderEndsInTheNewList() {
+    const std::vector<std::vector<Row>> lists{
+        {},           keys({1, 2, 3}), keys({3, 1, 2}),    keys({2}),       keys({5, 2, 4}), keys({4, 5}),
+        keys({1, 1}), keys({1, 7, 1}), keys({7, 1, 1, 7}), keys({6, 8, 9}), keys({9, 8, 6}), {},
+    };
+    for (const auto& from : lists)
+      for (const auto& to : lists) {
+        Rows model;
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        model.setRows(from);
+        model.setRows(to);
+        QVERIFY(model.rows() == to);
+      }
+  }
+
+  void aChangedRowIsAnnouncedAloneAndNeverByAReset() {
+    Rows model;
+    model.setRows(keys({1, 2, 3}));
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged), reset(&model, &QAbstractItemModel::modelReset);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted), removed(&model, &QAbstractItemModel::rowsRemoved);
+    QVERIFY(model.setRows({{1, 1}, {2, 20}, {3, 3}}));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(0).value<QModelIndex>().row(), 1);
+    QVERIFY(!model.setRows({{1, 1}, {2, 20}, {3, 3}}));
+    QVERIFY(model.setRows({{4, 4}, {1, 1}, {3, 3}}));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(inserted.size(), 1);
+    QCOMPARE(removed.size(), 1);
+    QCOMPARE(reset.size(), 0);
+  }
+
+  void thousandsOfRowsComeAtTheCostOfTheirNumber() {
+    constexpr int count = 8000;
+    std::vector<Row> all, reversed;
+    for (int key = 0; key < count; ++key) all.push_back({key, key});
+    reversed.assign(all.rbegin(), all.rend());
+    Rows model;
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted), changed(&model, &QAbstractItemModel::dataChanged);
+    model.setRows(all);
+    QCOMPARE(inserted.size(), 1);
+    for (Row& row : all) row.value = -1;
+    model.setRows(all);
+    QCOMPARE(changed.size(), 1);
+    model.setRows(reversed);
+    QVERIFY(model.rows() == reversed);
+    QVERIFY(model.lookups <= 6 * count);
+  }
+
+  void aGadgetsPropertiesAreTheRoles() {
+    GadgetListModel<Drive> drives;
+    QAbstractItemModelTester tester(&drives, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy counted(&drives, &RowList::countChanged);
+    drives.setRows({{"b", 2}, {"a", 1}});
+    QCOMPARE(counted.size(), 1);
+    const QHash<int, QByteArray> names = drives.roleNames();
+    QCOMPARE(names.size(), 3);
+    QCOMPARE(drives.data(drives.index(0), names.key("rowId")), QVariant("b"));
+    QCOMPARE(drives.data(drives.index(1), drives.role("size")), QVariant("1 B"));
+    QVERIFY(!drives.data(drives.index(0), Qt::DisplayRole).isValid());
+    QVERIFY(!drives.data(drives.index(0), Qt::UserRole + 3).isValid());
+
+    drives.setRows({{"a", 1}, {"b", 3}});
+    QCOMPARE(counted.size(), 1);
+    QCOMPARE(drives.data(drives.index(1), drives.role("size")), QVariant("3 B"));
+  }
+
+  void commonChangesTakeFewSteps() {
+    const std::tuple<const char*, Keys, Keys, std::size_t> rows[] = {
+        {"nothing", {1, 2}, {1, 2}, 0},
+        {"first of all", {}, {1, 2}, 1},
+        {"last of all", {1, 2}, {}, 1},
+        {"new on top", {1, 2, 3}, {9, 1, 2, 3}, 1},
+        {"new on top, the last goes", {1, 2, 3}, {9, 1, 2}, 2},
+        {"one goes", {1, 2, 3}, {1, 3}, 1},
+        {"a run goes", {1, 2, 3, 4}, {1, 4}, 1},
+        {"one comes to the top", {1, 2, 3, 4}, {4, 1, 2, 3}, 1},
+        {"one goes to the end", {1, 2, 3, 4}, {2, 3, 4, 1}, 1},
+        {"two change places", {1, 2, 3}, {3, 2, 1}, 2},
+        {"nothing in common", {1, 2, 3}, {4, 5}, 2},
+        {"one comes to the top, one goes", {1, 2, 3, 4, 5}, {3, 1, 2, 4}, 2}};
+    for (const auto& [what, before, after, steps] : rows) {
+      const auto changes = rowChanges<int>(before, after);
+      QVERIFY2(carriedOut(before, after, changes) == after && changes.size() == steps, what);
+    }
+  }
+
+  void anyListBecomesAnyOther() {
+    std::mt19937 random(7);
+    for (int round = 0; round < 3000; ++round) {
+      Keys all = upTo(12);
+      std::ranges::shuffle(all, random);
+      const Keys before(all.begin(), all.begin() + static_cast<int>(random() % 13));
+      std::ranges::shuffle(all, random);
+      const Keys after(all.begin(), all.begin() + static_cast<int>(random() % 13));
+      for (const std::size_t most : {0u, 2u, 32u})
+        QCOMPARE(carriedOut(before, after, rowChanges<int>(before, after, most)), after);
+    }
+  }
+
+  void whatWouldTakeManyStepsIsExchangedBetweenTheEnds() {
+    const Keys before = upTo(10'000);
+    Keys after;
+    for (const int key : before)
+      if (key < 10 || key > 9'990 || key % 3 == 0) after.push_back(key);
+    const auto steps = rowChanges<int>(before, after);
+    QCOMPARE(steps.size(), std::size_t{2});
+    QCOMPARE(steps[0].first, 10);
+    QCOMPARE(steps[0].last, 9'989);
+    QCOMPARE(carriedOut(before, after, steps), after);
+  }
+};
+
+}  // namespace ambrel
+
+QTEST_APPLESS_MAIN(ambrel::ListModelTests)
+#include "ListModelTests.moc"
