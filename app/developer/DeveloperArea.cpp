@@ -160,6 +160,23 @@ void DeveloperArea::tick(Instant /*now*/) {
   for (DeveloperList* list : {&servers_, &containers_, &packages_, &simulators_}) list->tick();
 }
 
+QVariantMap DeveloperArea::sample(DockWidget widget) {
+  const auto shows = [](const auto& face) { return QVariantMap{{QStringLiteral("face"), QVariant::fromValue(face)}}; };
+  const Simulator phone{.id = "a", .isRunning = true};
+  const Container web{.id = "a", .isRunning = true};
+  GitReading repository;
+  repository.state = {.top = "/shop",
+                      .branch = "main",
+                      .commit = "0a1b2c3",
+                      .upstream = GitState::Upstream{.name = "origin/main", .ahead = 2},
+                      .changes = GitState::Changes{.changed = 3}};
+  if (widget == DockWidget::gitStatus) return shows(gitFace({}, repository));
+  if (widget == DockWidget::docker) return shows(containersContent(ContainerReading{"Docker", {web, web, web}}).face);
+  if (widget == DockWidget::homebrew) return shows(packagesContent({"node", "wget"}).face);
+  if (widget == DockWidget::simulators) return shows(simulatorsContent(std::vector{phone, phone}).face);
+  return shows(serversContent({{.port = 5173, .pid = 2}, {.port = 8080, .pid = 3}}, {}).face);
+}
+
 void DeveloperArea::defaultsChanged(const std::set<std::string>& keys) {
   if (keys.contains(GitModel::chosenKey)) git_.reload();
   if (keys.contains(checkedKey) || keys.contains(outdatedKey)) showStoredPackages();

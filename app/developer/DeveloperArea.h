@@ -53,6 +53,7 @@ class DeveloperArea : public Area {
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void tick(Instant now) override;
+  QVariantMap sample(DockWidget widget) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:

@@ -30,7 +30,7 @@ struct SocketHolder {
 
 struct LocalServer {
   std::uint16_t port = 0;
-  std::vector<std::string> addresses;  // sorted
+  std::vector<std::string> addresses = {};  // sorted
   std::uint32_t user = 0;
   // Of other users' processes nothing more is known: pid 0 and no name.
   int pid = 0;
