@@ -28,7 +28,7 @@ DeveloperArea::DeveloperArea(Seams seams, Shell& shell, QObject* parent)
     : Area(QStringLiteral("Developer"), parent),
       seams_(std::move(seams)),
       shell_(shell),
-      git_({seams_.defaults, seams_.repositoryFolders, seams_.tools, seams_.background()}),
+      git_({seams_.defaults, seams_.repositoryFolders, seams_.tools, seams_.background(), seams_.repositoryPause}),
       servers_(serversSource(), seams_.background(), shell),
       containers_(containersSource(), seams_.background(), shell),
       packages_(packagesSource(), seams_.background(), shell),
