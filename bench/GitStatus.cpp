@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr double budget = 3;  // times the processor time of git
+constexpr double budget = 2;  // times the processor time of git
 
 int run(int files, int rounds) {
   const fs::path folder = fs::temp_directory_path() / fmt::format("tilebay-bench-{}", getpid());

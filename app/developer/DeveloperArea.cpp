@@ -28,7 +28,7 @@ DeveloperArea::DeveloperArea(Seams seams, Shell& shell, QObject* parent)
     : Area(QStringLiteral("Developer"), parent),
       seams_(std::move(seams)),
       shell_(shell),
-      git_({seams_.defaults, seams_.repositoryFolders, seams_.tools, seams_.background()}),
+      git_({seams_.defaults, seams_.repositoryFolders, seams_.tools, seams_.background(), seams_.repositoryPause}),
       servers_(serversSource(), seams_.background(), shell),
       containers_(containersSource(), seams_.background(), shell),
       packages_(packagesSource(), seams_.background(), shell),
@@ -158,6 +158,23 @@ void DeveloperArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSe
 void DeveloperArea::tick(Instant /*now*/) {
   git_.tick();
   for (DeveloperList* list : {&servers_, &containers_, &packages_, &simulators_}) list->tick();
+}
+
+QVariantMap DeveloperArea::sample(DockWidget widget) {
+  const auto shows = [](const auto& face) { return QVariantMap{{QStringLiteral("face"), QVariant::fromValue(face)}}; };
+  const Simulator phone{.id = "a", .isRunning = true};
+  const Container web{.id = "a", .isRunning = true};
+  GitReading repository;
+  repository.state = {.top = "/shop",
+                      .branch = "main",
+                      .commit = "0a1b2c3",
+                      .upstream = GitState::Upstream{.name = "origin/main", .ahead = 2},
+                      .changes = GitState::Changes{.changed = 3}};
+  if (widget == DockWidget::gitStatus) return shows(gitFace({}, repository));
+  if (widget == DockWidget::docker) return shows(containersContent(ContainerReading{"Docker", {web, web, web}}).face);
+  if (widget == DockWidget::homebrew) return shows(packagesContent({"node", "wget"}).face);
+  if (widget == DockWidget::simulators) return shows(simulatorsContent(std::vector{phone, phone}).face);
+  return shows(serversContent({{.port = 5173, .pid = 2}, {.port = 8080, .pid = 3}}, {}).face);
 }
 
 void DeveloperArea::defaultsChanged(const std::set<std::string>& keys) {

@@ -37,6 +37,7 @@ class DeveloperArea : public Area {
     PresentCalendar calendar;
     std::function<Instant()> now;
     std::function<bool(const QUrl&)> open;
+    std::chrono::milliseconds repositoryPause{1500};  // after each reading, at least
   };
   // What the seams refer to outlives it, as does the shell.
   DeveloperArea(Seams seams, Shell& shell, QObject* parent = nullptr);
@@ -53,6 +54,7 @@ class DeveloperArea : public Area {
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void tick(Instant now) override;
+  QVariantMap sample(DockWidget widget) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:

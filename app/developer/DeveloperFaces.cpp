@@ -147,7 +147,8 @@ ToolContent containersContent(const ToolAnswer<ContainerReading>& answer) {
   content.face.value = running == 0 ? tr("None running") : tr("%1 running").arg(running);
   content.face.isFaulty = unhealthy > 0;
   content.face.subLine =
-      unhealthy > 0 ? tr("%1 unhealthy").arg(unhealthy) : counted(content.rows.size(), "1 container", "%1 containers");
+      unhealthy > 0 ? tr("%1 unhealthy").arg(unhealthy) : counted(containers.size(), "1 container", "%1 containers");
+  if (engine != "Docker") content.face.subLine = tr("%1 in %2").arg(content.face.subLine, toQString(engine));
   return content;
 }
 

@@ -7,7 +7,7 @@ TileFrame {
     id: root
 
     required property DeveloperList entries
-    readonly property toolListFace face: entries.face
+    property toolListFace face: entries.face
 
     problem: face.problem
     value: isSmall && face.value !== "" ? face.count : face.value

@@ -12,7 +12,7 @@ namespace ambrel {
 using namespace std::chrono;
 
 GitModel::GitModel(Seams seams, QObject* parent)
-    : QObject(parent), seams_(std::move(seams)), work_(seams_.background, pause, [this] { return reading(); }) {
+    : QObject(parent), seams_(std::move(seams)), work_(seams_.background, seams_.pause, [this] { return reading(); }) {
   keep({this, &facts_});
   reload();
 }
@@ -63,7 +63,7 @@ PacedWork::Job GitModel::reading() {
 }
 
 void GitModel::take(const Timed& timed) {
-  work_.setPause(std::max<milliseconds>(pause, timed.cost * share));
+  work_.setPause(std::max<milliseconds>(seams_.pause, timed.cost * share));
   wait_ = std::max(looksAgain, static_cast<int>(ceil<seconds>(timed.cost * share).count()));
   const auto* reading = std::get_if<GitReading>(&timed.answer);
   isPartlyWatched_ = reading && reading->isPartlyWatched;

@@ -19,7 +19,7 @@ class GitModel : public QObject {
 
  public:
   static constexpr const char* chosenKey = "gitStatusFolder";
-  static constexpr std::chrono::milliseconds pause{1500}, countLimit{10'000};
+  static constexpr std::chrono::milliseconds countLimit{10'000};
   // A repository takes at most this part of a processor while its files change all the time.
   static constexpr int share = 10;
   // Where changes may be missed it is read again after so many ticks, or later if that takes long.
@@ -29,7 +29,8 @@ class GitModel : public QObject {
     UserDefaults& defaults;
     FolderWatch& watch;
     std::shared_ptr<DeveloperTools> tools;
-    Background background;  // for work that may hang, as on a network disk
+    Background background;                  // for work that may hang, as on a network disk
+    std::chrono::milliseconds pause{1500};  // after each reading, at least
   };
   // What the seams refer to outlives it.
   explicit GitModel(Seams seams, QObject* parent = nullptr);

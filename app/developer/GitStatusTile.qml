@@ -7,7 +7,7 @@ TileFrame {
     id: root
 
     required property GitModel git
-    readonly property gitFace face: git.face
+    property gitFace face: git.face
 
     panel: Qt.resolvedUrl("GitPanel.qml")
     problem: face.problem

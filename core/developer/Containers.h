@@ -13,10 +13,10 @@ namespace ambrel {
 struct Container {
   enum class Health { unknown, starting, healthy, unhealthy };
 
-  std::string id;
-  std::string name;    // "shop-web-1"
-  std::string image;   // "nginx:1.25"
-  std::string status;  // the engine's own words: "Up 2 hours (healthy)"
+  std::string id = {};
+  std::string name = {};    // "shop-web-1"
+  std::string image = {};   // "nginx:1.25"
+  std::string status = {};  // the engine's own words: "Up 2 hours (healthy)"
   bool isRunning = false;
   Health health = Health::unknown;
   std::vector<std::uint16_t> ports = {};  // of this computer, in order

@@ -26,10 +26,10 @@ struct GitState {
 
   std::filesystem::path top;  // of the working tree; of a bare repository the folder itself
   bool isBare = false;
-  std::string branch;  // during a rebase the one that is rebased; empty while HEAD is detached
-  std::string commit;  // seven digits; empty before the first commit
-  std::optional<Upstream> upstream;
-  std::optional<Changes> changes;  // absent where there is no working tree, or it took too long to look at it
+  std::string branch = {};  // during a rebase the one that is rebased; empty while HEAD is detached
+  std::string commit = {};  // seven digits; empty before the first commit
+  std::optional<Upstream> upstream = {};
+  std::optional<Changes> changes = {};  // absent where there is no working tree, or it took too long to look at it
   std::size_t stashes = 0;
   Operation operation = Operation::none;
   int step = 0, steps = 0;  // of a rebase; 0: not known

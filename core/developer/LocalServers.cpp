@@ -73,7 +73,7 @@ std::vector<ListeningSocket> parseListeningSockets(std::string_view text) {
 }
 
 std::vector<LocalServer> localServers(const std::vector<ListeningSocket>& sockets,
-                                      const std::vector<SocketHolder>& holders, std::uint32_t user) {
+                                      const std::vector<SocketHolder>& holders) {
   std::map<std::uint64_t, const SocketHolder*> holderOf;
   for (const SocketHolder& holder : holders)
     for (const std::uint64_t inode : holder.inodes) {
@@ -85,7 +85,7 @@ std::vector<LocalServer> localServers(const std::vector<ListeningSocket>& socket
   for (const ListeningSocket& socket : sockets) {
     const auto found = holderOf.find(socket.inode);
     const SocketHolder* holder = found == holderOf.end() ? nullptr : found->second;
-    LocalServer& server = servers[{socket.user != user, socket.port, holder ? holder->pid : 0, socket.user}];
+    LocalServer& server = servers[{!holder, socket.port, holder ? holder->pid : 0, socket.user}];
     server.port = socket.port;
     server.user = socket.user;
     server.addresses.push_back(socket.address);

@@ -30,7 +30,7 @@ struct SocketHolder {
 
 struct LocalServer {
   std::uint16_t port = 0;
-  std::vector<std::string> addresses;  // sorted
+  std::vector<std::string> addresses = {};  // sorted
   std::uint32_t user = 0;
   // Of other users' processes nothing more is known: pid 0 and no name.
   int pid = 0;
@@ -39,10 +39,10 @@ struct LocalServer {
   bool operator==(const LocalServer&) const = default;
 };
 
-// One for each port and process, the user's own first, then by port. Of processes that share a socket the one that was
-// there first counts: the others are its workers.
+// One for each port and process, those with a process first, then by port. Of processes that share a socket the one
+// that was there first counts: the others are its workers.
 std::vector<LocalServer> localServers(const std::vector<ListeningSocket>& sockets,
-                                      const std::vector<SocketHolder>& holders, std::uint32_t user);
+                                      const std::vector<SocketHolder>& holders);
 
 // What a browser opens: "http://localhost:5173", or the address where the server listens on that one alone.
 std::string webAddress(const LocalServer& server);

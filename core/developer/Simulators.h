@@ -12,9 +12,9 @@ struct Simulator {
   enum class Maker { apple, android };
 
   Maker maker = Maker::android;
-  std::string id;       // what its tool knows it by
-  std::string name;     // "Pixel 8 API 34"
-  std::string version;  // "iOS 17.2", "android-34"; may be empty
+  std::string id = {};       // what its tool knows it by
+  std::string name = {};     // "Pixel 8 API 34"
+  std::string version = {};  // "iOS 17.2", "android-34"; may be empty
   bool isRunning = false;
   bool operator==(const Simulator&) const = default;
 };

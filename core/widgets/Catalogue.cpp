@@ -103,7 +103,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::gitStatus, "Git Status", "arrow.triangle.branch", WidgetGroup::developer, large, medium, std::nullopt,
           "Branch, changes and sync state of one repository. Click to choose it"},
     Entry{DockWidget::ports, "Localhost Ports", "point.3.connected.trianglepath.dotted", WidgetGroup::developer, medium, medium, std::nullopt,
-          "Local servers that are listening. Click one to open it"},
+          "Local servers that are listening. Click one to open it", "Ports"},
     Entry{DockWidget::docker, "Docker", "shippingbox", WidgetGroup::developer, medium, medium, std::nullopt,
           "Running containers. Click for the list"},
     Entry{DockWidget::homebrew, "Homebrew", "mug", WidgetGroup::developer, medium, medium, std::nullopt,

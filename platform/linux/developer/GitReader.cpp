@@ -193,6 +193,14 @@ bool addTreeFolders(git_index* index, const std::filesystem::path& top, std::vec
   return isWhole;
 }
 
+// Whether there is a repository, whoever's it is.
+bool isThere(const std::filesystem::path& folder) {
+  git_buf found = GIT_BUF_INIT;
+  const bool is = git_repository_discover(&found, folder.c_str(), 0, nullptr) == 0;
+  git_buf_dispose(&found);
+  return is;
+}
+
 }  // namespace
 
 ToolAnswer<GitReading> readRepository(const std::filesystem::path& folder, std::chrono::milliseconds limit) {
@@ -201,7 +209,9 @@ ToolAnswer<GitReading> readRepository(const std::filesystem::path& folder, std::
   git_repository* opened = nullptr;
   const int error = git_repository_open_ext(&opened, folder.c_str(), 0, nullptr);
   const Repository repository(opened);
-  if (error == GIT_EOWNER) return ToolFailure{ToolFailure::Reason::noAccess};
+  // Version 1.5 says of another user's repository that it is not there, while no safe.directory is configured.
+  if (error == GIT_EOWNER || (error == GIT_ENOTFOUND && isThere(folder)))
+    return ToolFailure{ToolFailure::Reason::noAccess};
   if (error == GIT_ENOTFOUND) return ToolFailure{ToolFailure::Reason::missing};
   if (error != 0) return ToolFailure{ToolFailure::Reason::failed, lastWords()};
 

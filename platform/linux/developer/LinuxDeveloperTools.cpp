@@ -27,7 +27,8 @@ std::string variable(const char* name) {
 // In the folders of the search path, and then in those.
 std::vector<fs::path> placesOf(const std::string& program, std::initializer_list<fs::path> folders = {}) {
   std::vector<fs::path> places;
-  for (const std::string_view folder : split(variable("PATH"), ':'))
+  const std::string path = variable("PATH");
+  for (const std::string_view folder : split(path, ':'))
     if (folder.starts_with('/')) places.push_back(fs::path(folder) / program);
   for (const fs::path& folder : folders)
     if (folder.is_absolute()) places.push_back(folder / program);

@@ -86,7 +86,7 @@ std::vector<LocalServer> ServerReader::read() {
       });
     std::erase_if(holders_, [](const SocketHolder& holder) { return holder.inodes.empty(); });
   }
-  return localServers(sockets, holders_, user_);
+  return localServers(sockets, holders_);
 }
 
 bool ServerReader::stop(const LocalServer& server) {

@@ -24,7 +24,8 @@ struct DeveloperRoom {
                                                                 .background = [this] { return work.background(); },
                                                                 .calendar = Calendar("UTC", "en_US"),
                                                                 .now = [this] { return now; },
-                                                                .open = [](const QUrl&) { return true; }},
+                                                                .open = [](const QUrl&) { return true; },
+                                                                .repositoryPause = {}},
                                            shell);
   }
   void see(std::set<DockWidget> onBar, bool areSeen = true) {

@@ -29,7 +29,7 @@ TEST(LocalServers, AreTheListenersOfBothTablesOneForEachPortAndProcess) {
   const SocketHolder server{
       .pid = 70, .startTicks = 900, .name = "node", .folder = "/home/u/shop", .inodes = {501, 505}};
   const SocketHolder worker{.pid = 60, .startTicks = 950, .name = "node", .folder = "/", .inodes = {501, 504}};
-  const auto servers = localServers(sockets, {worker, server}, 1000);
+  const auto servers = localServers(sockets, {worker, server});
   ASSERT_EQ(servers.size(), 3u);
   EXPECT_EQ(servers[0].pid, 60);
   EXPECT_EQ(webAddress(servers[0]), "http://192.168.1.5:80");

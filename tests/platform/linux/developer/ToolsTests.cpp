@@ -104,7 +104,11 @@ class Engine {
       }
     });
   }
-  ~Engine() { thread_.join(); }
+  ~Engine() {
+    // Nobody asks any more.
+    shutdown(socket_.get(), SHUT_RDWR);
+    thread_.join();
+  }
 
   std::string requests;
 
@@ -120,7 +124,7 @@ TEST(ContainerEngine, IsTheFirstSocketThatAnswers) {
   std::string requests;
   {
     Engine server(socket,
-                  {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n1b\r\n[{\"Id\":\"a1\",\"Names\":[\"/w\"]}]\r\n"
+                  {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n1c\r\n[{\"Id\":\"a1\",\"Names\":[\"/w\"]}]\r\n"
                    "0\r\n\r\n",
                    "HTTP/1.1 304 Not Modified\r\n\r\n",
                    "HTTP/1.1 404 Not Found\r\nContent-Length: 25\r\n\r\n{\"message\":\"No such one\"}\n",
