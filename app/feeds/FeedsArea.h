@@ -25,9 +25,11 @@ class FeedsArea : public Area {
   QuoteModel* quote() { return &quote_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  QVariantMap sample(DockWidget widget) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:
+  FeedSeams seams_;
   StoriesModel stories_;
   CurrencyModel currency_;
   QuoteModel quote_;

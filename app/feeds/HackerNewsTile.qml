@@ -6,7 +6,7 @@ TextTile {
     id: root
 
     required property StoriesModel stories
-    readonly property storiesFace face: stories.face
+    property storiesFace face: stories.face
 
     settingsPanel: Qt.resolvedUrl("StoriesPanel.qml")
     menuText: qsTr("More Stories…")

@@ -7,7 +7,7 @@ TileFrame {
     id: root
 
     required property NowPlayingModel nowPlaying
-    readonly property nowPlayingFace face: nowPlaying.face
+    property nowPlayingFace face: nowPlaying.face
     readonly property bool hasControls: face.hasPlayer && !isSmall
     readonly property bool showsCover: isWide && face.hasPlayer && nowPlaying.hasCover
 

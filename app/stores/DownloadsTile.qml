@@ -7,7 +7,7 @@ TileFrame {
     id: root
 
     required property FolderModel downloads
-    readonly property folderFace face: downloads.face
+    property folderFace face: downloads.face
     readonly property bool isLoading: face.loadingText !== ""
 
     panel: Qt.resolvedUrl("DownloadsPanel.qml")
