@@ -93,14 +93,16 @@ void download(QNetworkAccessManager& network, const QUrl& address, const Downloa
   ask.setMaximumRedirectsAllowed(limits.redirections);
   ask.setDecompressedSafetyCheckThreshold(limits.bytes);
   QNetworkReply* reply = network.get(ask);
-  QObject::connect(reply, &QNetworkReply::redirected, reply,
-                   [reply, mayFollow = std::move(mayFollow), allowsPlain = limits.allowsPlain](const QUrl& to) {
-                     const QUrl next = reply->url().resolved(to);
-                     if (mayLeadTo(textOf(reply->url()), textOf(next), allowsPlain) && (!mayFollow || mayFollow(next)))
-                       Q_EMIT reply->redirectAllowed();
-                     else
-                       reply->abort();
-                   });
+  // The library does not count redirections that it has to ask for.
+  auto follows = [reply, mayFollow = std::move(mayFollow), left = limits.redirections,
+                  allowsPlain = limits.allowsPlain](const QUrl& to) mutable {
+    const QUrl next = reply->url().resolved(to);
+    if (left-- > 0 && mayLeadTo(textOf(reply->url()), textOf(next), allowsPlain) && (!mayFollow || mayFollow(next)))
+      Q_EMIT reply->redirectAllowed();
+    else
+      reply->abort();
+  };
+  QObject::connect(reply, &QNetworkReply::redirected, reply, std::move(follows));
   new Fetch(reply, limits, receiver, std::move(answered));
 }
 
