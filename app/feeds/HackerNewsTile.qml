@@ -17,6 +17,6 @@ TextTile {
     problem: face.problem
     staleSince: face.staleSince
     text: face.title
-    fact: face.points
-    subLine: isMedium ? face.detail : ""
+    value: isSmall ? face.points : ""
+    fact: isWide ? face.points : ""
 }

@@ -22,7 +22,7 @@ TileFrame {
     tip: isUnavailable ? "" : label
 
     Symbol {
-        visible: root.isLoading && !root.isSmall
+        visible: root.isLoading && root.isWide
         x: parent.width - width
         name: "arrow.down.circle"
         size: 14
