@@ -23,7 +23,7 @@ TileFrame {
     valueColor: face.hasPlayer ? Theme.ink : Theme.ink2
     subLine: showsCover || isMedium && face.hasPlayer ? "" : !face.isConnected ? (isWide ? qsTr("Shows what plays here") : qsTr("Click first")) : face.hasPlayer ? (face.artist === "" ? face.status : face.artist) : (isWide ? qsTr("Start a player to see it") : "")
     reserved: hasControls && isWide ? controls.width + Theme.space2 : 0
-    label: !face.isConnected ? qsTr("%1, connect").arg(caption) : face.hasPlayer ? caption + ", " + [face.status, face.title, face.artist].filter(text => text !== "").join(", ") : spoken
+    label: !face.isConnected ? qsTr("%1, connect").arg(caption) : face.hasPlayer ? caption + ", " + face.spoken : spoken
     tip: label
 
     CoverPicture {

@@ -15,7 +15,7 @@ TileFrame {
     menuSymbol: "folder"
     onMenuChosen: downloads.openFolder()
     problem: face.problem !== "" && isNarrow ? qsTr("Not found") : face.problem
-    value: isSmall ? "" : face.isEmpty ? qsTr("Empty") : face.newest
+    value: isSmall ? isLoading ? qsTr("Loading") : qsTr("Files") : face.isEmpty ? qsTr("Empty") : face.newest
     valueRole: Theme.rowTitle
     valueColor: face.isEmpty ? Theme.ink2 : Theme.ink
     subLine: isLoading ? face.loadingText : face.newestDetail
