@@ -138,6 +138,7 @@ Popover {
                     anchors.verticalCenter: parent.verticalCenter
                     text: item.row.amount
                     color: Theme.ink2
+                    rightPadding: Theme.space2
                     Accessible.ignored: true
                 }
             }

@@ -7,7 +7,7 @@ TileFrame {
     id: root
 
     required property CurrencyModel currency
-    readonly property currencyFace face: currency.face
+    property currencyFace face: currency.face
 
     panel: Qt.resolvedUrl("CurrencyPanel.qml")
     menuText: qsTr("Copy the Result")

@@ -80,7 +80,7 @@ CurrencyFace currencyFace(const std::optional<CurrencyRates>& rates, const Curre
   if (!rate)
     face.fault = tr("No rate for %1").arg(rates->rates.contains(from) ? wish.to : wish.from);
   else
-    face.rateText = tr("1 %1 = %2").arg(wish.from, money(calendar, *rate, wish.to));
+    face.rateText = tr("1 %1 = %2").arg(wish.from, toQString(rateText(calendar, *rate, to)));
   if (!amount) face.fault = wish.amount.trimmed().isEmpty() ? tr("Type an amount") : tr("This is no amount");
   if (!rate || !amount) return face;
   face.result = money(calendar, *amount * *rate, wish.to);

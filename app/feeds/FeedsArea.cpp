@@ -6,7 +6,7 @@
 namespace ambrel {
 
 FeedsArea::FeedsArea(const FeedSeams& seams, DueTimer& due, QObject* parent)
-    : Area(QStringLiteral("Feeds"), parent), stories_(seams), currency_(seams), quote_(seams) {
+    : Area(QStringLiteral("Feeds"), parent), seams_(seams), stories_(seams), currency_(seams), quote_(seams) {
   keep({this, &stories_, &currency_, &quote_});
   for (TimedModel* model : std::initializer_list<TimedModel*>{&stories_, &currency_, &quote_}) due.add(*model);
 }
@@ -30,6 +30,19 @@ void FeedsArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, 
   stories_.setSeen(areSeen && onBar.contains(DockWidget::hackerNews));
   currency_.setSeen(areSeen && onBar.contains(DockWidget::currency));
   quote_.setSeen(areSeen && onBar.contains(DockWidget::quote));
+}
+
+QVariantMap FeedsArea::sample(DockWidget widget) {
+  const Instant now = seams_.now();
+  const Calendar calendar = seams_.calendar();
+  const auto face = [](const auto& value) { return QVariantMap{{QStringLiteral("face"), QVariant::fromValue(value)}}; };
+  if (widget == DockWidget::hackerNews)
+    return face(storiesFace({now, {{1, tr("A small program that does one thing well").toStdString(), {}, 512, 143}}},
+                            {}, calendar, now));
+  if (widget == DockWidget::currency)
+    return face(currencyFace(CurrencyRates{now, calendar.dayKey(now), {{"EUR", 1}, {"USD", 1.09}}},
+                             {QStringLiteral("100"), QStringLiteral("USD"), QStringLiteral("EUR")}, {}, calendar));
+  return {};
 }
 
 void FeedsArea::defaultsChanged(const std::set<std::string>& keys) {

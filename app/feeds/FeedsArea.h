@@ -29,6 +29,7 @@ class FeedsArea : public Area {
   void defaultsChanged(const std::set<std::string>& keys) override;
 
  private:
+  FeedSeams seams_;
   StoriesModel stories_;
   CurrencyModel currency_;
   QuoteModel quote_;

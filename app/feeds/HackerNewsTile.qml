@@ -6,7 +6,7 @@ TextTile {
     id: root
 
     required property StoriesModel stories
-    readonly property storiesFace face: stories.face
+    property storiesFace face: stories.face
 
     settingsPanel: Qt.resolvedUrl("StoriesPanel.qml")
     menuText: qsTr("More Stories…")
@@ -17,6 +17,6 @@ TextTile {
     problem: face.problem
     staleSince: face.staleSince
     text: face.title
-    fact: face.points
-    subLine: isMedium ? face.detail : ""
+    value: isSmall ? face.points : ""
+    fact: isWide ? face.points : ""
 }

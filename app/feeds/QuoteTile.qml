@@ -8,5 +8,6 @@ TextTile {
     required property QuoteModel quote
 
     text: quote.text
+    value: isSmall ? qsTr("Today") : ""
     onActivated: quote.copy()
 }

@@ -1,26 +1,24 @@
 import QtQuick
 import Ambrel.Kit
 
-// A sentence: on two lines where there is room for them.
+// A sentence on two lines.
 TileFrame {
     id: root
 
     property string text
 
-    value: isNarrow && !isSmall ? text : ""
-    valueRole: Theme.rowTitle
     label: isUnavailable ? spoken : name + ", " + text
-    tip: isUnavailable || isNarrow || words.truncated ? label : ""
+    tip: isUnavailable || isSmall || words.truncated ? label : ""
 
     Label {
         id: words
 
-        visible: root.isWide
+        visible: !root.isSmall
         y: root.valueTop
         width: parent.width
         height: parent.height - y
         text: root.text
-        role: Theme.smallMedium
+        role: root.isWide ? Theme.smallMedium : Theme.subLine
         color: root.figureColor
         wrapMode: Text.WordWrap
         maximumLineCount: 2

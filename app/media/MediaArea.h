@@ -24,6 +24,16 @@ class MediaArea : public Area {
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) override {
     nowPlaying_.setSeen(areSeen && onBar.contains(DockWidget::nowPlaying));
   }
+  QVariantMap sample(DockWidget /*widget*/) override {
+    const MediaPlayer player{.name = "Player",
+                             .status = PlaybackStatus::playing,
+                             .title = tr("Morning by the Sea").toStdString(),
+                             .artist = tr("The Early Quartet").toStdString(),
+                             .canPause = true,
+                             .canGoNext = true,
+                             .canGoPrevious = true};
+    return {{QStringLiteral("face"), QVariant::fromValue(nowPlayingFace(true, &player))}};
+  }
   void defaultsChanged(const std::set<std::string>& keys) override {
     if (keys.contains("nowPlayingConnected")) nowPlaying_.reload();
   }

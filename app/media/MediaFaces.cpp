@@ -45,6 +45,8 @@ NowPlayingFace nowPlayingFace(bool isConnected, const MediaPlayer* player) {
   face.artist = toQString(player->artist);
   face.album = toQString(player->album);
   face.status = statusText(player->status);
+  face.spoken = face.status + QStringLiteral(", ") + face.title;
+  if (!face.artist.isEmpty()) face.spoken += QStringLiteral(", ") + face.artist;
   if (player->length) {
     face.length = toQString(playTime(*player->length));
     face.lengthSeconds = player->length->count();

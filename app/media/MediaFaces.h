@@ -32,6 +32,7 @@ struct NowPlayingFace {
   FACE_FIELDS(bool, canToggle, canGoNext, canGoPrevious, canSeek);
   FACE_FIELDS(QString, title, artist, album);  // the player's name where there is no title
   FACE_FIELDS(QString, player, status);        // "VLC media player", "Paused"
+  FACE_FIELDS(QString, spoken);                // "Paused, Song, Artist"
   FACE_FIELDS(QString, length);                // "3:05"; empty where it is not known
   FACE_FIELDS(qreal, lengthSeconds);
 

@@ -7,7 +7,7 @@ TileFrame {
     id: root
 
     required property NowPlayingModel nowPlaying
-    readonly property nowPlayingFace face: nowPlaying.face
+    property nowPlayingFace face: nowPlaying.face
     readonly property bool hasControls: face.hasPlayer && !isSmall
     readonly property bool showsCover: isWide && face.hasPlayer && nowPlaying.hasCover
 
@@ -21,9 +21,9 @@ TileFrame {
     value: showsCover ? "" : isSmall ? (face.isPlaying ? qsTr("On") : qsTr("Off")) : !face.isConnected ? qsTr("Connect") : !face.hasPlayer ? qsTr("Nothing plays") : face.title
     valueRole: Theme.rowTitle
     valueColor: face.hasPlayer ? Theme.ink : Theme.ink2
-    subLine: showsCover || isMedium && face.hasPlayer ? "" : !face.isConnected ? qsTr("Shows what plays here") : face.hasPlayer ? (face.artist === "" ? face.status : face.artist) : qsTr("Start a player to see it")
+    subLine: showsCover || isMedium && face.hasPlayer ? "" : !face.isConnected ? (isWide ? qsTr("Shows what plays here") : qsTr("Click first")) : face.hasPlayer ? (face.artist === "" ? face.status : face.artist) : (isWide ? qsTr("Start a player to see it") : "")
     reserved: hasControls && isWide ? controls.width + Theme.space2 : 0
-    label: !face.isConnected ? qsTr("%1, connect").arg(caption) : face.hasPlayer ? caption + ", " + [face.status, face.title, face.artist].filter(text => text !== "").join(", ") : spoken
+    label: !face.isConnected ? qsTr("%1, connect").arg(caption) : face.hasPlayer ? caption + ", " + face.spoken : spoken
     tip: label
 
     CoverPicture {

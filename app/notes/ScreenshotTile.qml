@@ -13,7 +13,7 @@ TileFrame {
     menuSymbol: "timer"
     onMenuChosen: screenshot.takeLater()
     onActivated: screenshot.take()
-    value: isSmall ? screenshot.face.isWaiting ? qsTr("Soon") : qsTr("Shot") : screenshot.face.isWaiting ? qsTr("In a moment") : qsTr("New")
+    value: !screenshot.face.isWaiting ? qsTr("New") : isSmall ? qsTr("Soon") : qsTr("In a moment")
     valueRole: Theme.rowTitle
     subLine: qsTr("Click to take one")
     label: name

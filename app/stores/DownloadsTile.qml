@@ -7,7 +7,7 @@ TileFrame {
     id: root
 
     required property FolderModel downloads
-    readonly property folderFace face: downloads.face
+    property folderFace face: downloads.face
     readonly property bool isLoading: face.loadingText !== ""
 
     panel: Qt.resolvedUrl("DownloadsPanel.qml")
@@ -15,14 +15,14 @@ TileFrame {
     menuSymbol: "folder"
     onMenuChosen: downloads.openFolder()
     problem: face.problem !== "" && isNarrow ? qsTr("Not found") : face.problem
-    value: isSmall ? "" : face.isEmpty ? qsTr("Empty") : face.newest
+    value: isSmall ? isLoading ? qsTr("Loading") : qsTr("Files") : face.isEmpty ? qsTr("Empty") : face.newest
     valueRole: Theme.rowTitle
     valueColor: face.isEmpty ? Theme.ink2 : Theme.ink
     subLine: isLoading ? face.loadingText : face.newestDetail
     tip: isUnavailable ? "" : label
 
     Symbol {
-        visible: root.isLoading && !root.isSmall
+        visible: root.isLoading && root.isWide
         x: parent.width - width
         name: "arrow.down.circle"
         size: 14

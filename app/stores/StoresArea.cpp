@@ -56,6 +56,15 @@ void StoresArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen,
   downloads_.setShown(showsDownloads);
 }
 
+QVariantMap StoresArea::sample(DockWidget widget) {
+  if (widget != DockWidget::downloads) return {};
+  FolderFace face;
+  face.isChosen = true;
+  face.newest = tr("report.pdf");
+  face.newestDetail = tr("1.2 MB, today");
+  return {{QStringLiteral("face"), QVariant::fromValue(face)}};
+}
+
 void StoresArea::defaultsChanged(const std::set<std::string>& keys) {
   chosenFolder_.reload();
   tally_.reload();

@@ -61,6 +61,7 @@ class StoresArea : public Area {
   // Starts to drag an item of a folder; `row` is the drag's picture.
   Q_INVOKABLE void dragOut(ambrel::FolderModel* folder, const QString& rowId, QQuickItem* row);
 
+  QVariantMap sample(DockWidget widget) override;
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
   void zoneChanged(Instant /*now*/) override;

@@ -25,20 +25,43 @@ FetchFailure kindOf(int status) {
 
 std::string textOf(const QUrl& url) { return url.toString(QUrl::FullyEncoded).toStdString(); }
 
-// One request under way: collects the body within its limits and answers once.
+// One question under way: follows redirections, collects the body within its limits and answers once. It follows them
+// by itself, because the library tells of one when the reply has taken on the new address, and forgets the old one.
 class Fetch : public QObject {
  public:
-  Fetch(QNetworkReply* reply, const DownloadLimits& limits, QObject* receiver, std::function<void(Download)> answered)
-      : QObject(reply), reply_(reply), receiver_(receiver), answered_(std::move(answered)) {
+  using Answered = std::function<void(Download)>;
+  using MayFollow = std::function<bool(const QUrl&)>;
+
+  Fetch(QNetworkAccessManager& network, const DownloadLimits& limits, QObject* receiver, Answered answered,
+        MayFollow mayFollow)
+      : QObject(&network),
+        network_(network),
+        limits_(limits),
+        left_(limits.redirections),
+        receiver_(receiver),
+        answered_(std::move(answered)),
+        mayFollow_(std::move(mayFollow)) {
     // The library's own limit is for each pause between bytes; a slow drip would never reach it.
     deadline_.setSingleShot(true);
     connect(&deadline_, &QTimer::timeout, this, [this] { giveUp(QStringLiteral("it took too long")); });
     deadline_.start(limits.time);
-    connect(reply, &QNetworkReply::readyRead, this, [this, most = limits.bytes] {
+  }
+
+  void ask(const QUrl& address) {
+    QNetworkRequest request(address);
+    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Tilebay"));
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+    request.setDecompressedSafetyCheckThreshold(limits_.bytes);
+    body_.clear();
+    reply_ = network_.get(request);
+    connect(reply_, &QNetworkReply::readyRead, this, [this] {
       body_ += reply_->readAll();
-      if (body_.size() > most) giveUp(QStringLiteral("it is too large"));
+      if (body_.size() > limits_.bytes) giveUp(QStringLiteral("it is too large"));
     });
-    connect(reply, &QNetworkReply::finished, this, [this] { finished(); });
+    connect(reply_, &QNetworkReply::finished, this, [this] { finished(); });
   }
 
  private:
@@ -47,9 +70,20 @@ class Fetch : public QObject {
     reply_->abort();
   }
 
+  // Where the answer leads, if it may.
+  std::optional<QUrl> next() {
+    const QUrl target = reply_->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    if (target.isEmpty() || !problem_.isEmpty() || left_-- <= 0) return std::nullopt;
+    const QUrl there = reply_->url().resolved(target);
+    const bool may = mayLeadTo(textOf(reply_->url()), textOf(there), limits_.allowsPlain);
+    return may && (!mayFollow_ || mayFollow_(there)) ? std::optional(there) : std::nullopt;
+  }
+
   void finished() {
-    deadline_.stop();
     reply_->deleteLater();
+    if (const auto there = next()) return ask(*there);
+    deadline_.stop();
+    deleteLater();
     // A reply that was given up is closed.
     if (reply_->isOpen()) body_ += reply_->readAll();
     const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
@@ -66,9 +100,13 @@ class Fetch : public QObject {
     answered_(std::move(all));
   }
 
-  QNetworkReply* reply_;
+  QNetworkAccessManager& network_;
+  DownloadLimits limits_;
+  int left_;  // of the redirections
+  QNetworkReply* reply_ = nullptr;
   QPointer<QObject> receiver_;
-  std::function<void(Download)> answered_;
+  Answered answered_;
+  MayFollow mayFollow_;
   QTimer deadline_;
   QByteArray body_;
   QString problem_;
@@ -84,24 +122,7 @@ void download(QNetworkAccessManager& network, const QUrl& address, const Downloa
     });
     return;
   }
-  QNetworkRequest ask(address);
-  ask.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Tilebay"));
-  ask.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);
-  ask.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-  ask.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-  ask.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-  ask.setMaximumRedirectsAllowed(limits.redirections);
-  ask.setDecompressedSafetyCheckThreshold(limits.bytes);
-  QNetworkReply* reply = network.get(ask);
-  QObject::connect(reply, &QNetworkReply::redirected, reply,
-                   [reply, mayFollow = std::move(mayFollow), allowsPlain = limits.allowsPlain](const QUrl& to) {
-                     const QUrl next = reply->url().resolved(to);
-                     if (mayLeadTo(textOf(reply->url()), textOf(next), allowsPlain) && (!mayFollow || mayFollow(next)))
-                       Q_EMIT reply->redirectAllowed();
-                     else
-                       reply->abort();
-                   });
-  new Fetch(reply, limits, receiver, std::move(answered));
+  (new Fetch(network, limits, receiver, std::move(answered), std::move(mayFollow)))->ask(address);
 }
 
 }  // namespace ambrel

@@ -51,6 +51,16 @@ std::string utf8(const icu::UnicodeString& text) {
   return out;
 }
 
+// `digits`: at most so many that count; 0: as many as the currency has.
+std::string formatted(const Calendar& calendar, double amount, const std::string& code, int digits) {
+  UErrorCode error = U_ZERO_ERROR;
+  const icu::CurrencyUnit unit(icu::UnicodeString::fromUTF8(code).getTerminatedBuffer(), error);
+  auto format = icu::number::NumberFormatter::withLocale(icu::Locale(calendar.locale().c_str())).unit(unit);
+  if (digits > 0) format = format.precision(icu::number::Precision::maxSignificantDigits(digits));
+  const icu::UnicodeString text = format.formatDouble(amount, error).toString(error);
+  return U_SUCCESS(error) ? utf8(text) : code;
+}
+
 }  // namespace
 
 void to_json(JSON& json, const CurrencyRates& rates) {
@@ -111,12 +121,11 @@ std::optional<double> typedAmount(const Calendar& calendar, std::string_view tex
 }
 
 std::string moneyText(const Calendar& calendar, double amount, const std::string& code) {
-  UErrorCode error = U_ZERO_ERROR;
-  const icu::CurrencyUnit unit(icu::UnicodeString::fromUTF8(code).getTerminatedBuffer(), error);
-  auto format = icu::number::NumberFormatter::withLocale(icu::Locale(calendar.locale().c_str())).unit(unit);
-  if (amount > 0 && amount < 1) format = format.precision(icu::number::Precision::maxSignificantDigits(2));
-  const icu::UnicodeString text = format.formatDouble(amount, error).toString(error);
-  return U_SUCCESS(error) ? utf8(text) : code;
+  return formatted(calendar, amount, code, amount > 0 && amount < 1 ? 2 : 0);
+}
+
+std::string rateText(const Calendar& calendar, double rate, const std::string& code) {
+  return formatted(calendar, rate, code, 5);
 }
 
 std::string currencyName(const Calendar& calendar, const std::string& code) {

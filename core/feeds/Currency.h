@@ -37,6 +37,8 @@ std::optional<double> converted(const CurrencyRates& rates, double amount, const
 std::optional<double> typedAmount(const Calendar& calendar, std::string_view text);
 // "$92.35", "¥14,213"; below one with more digits: "$0.0068"
 std::string moneyText(const Calendar& calendar, double amount, const std::string& code);
+// The same in five digits, as rates are told: "€0.91567"
+std::string rateText(const Calendar& calendar, double rate, const std::string& code);
 // "US Dollar"; the code when it has no name.
 std::string currencyName(const Calendar& calendar, const std::string& code);
 // The noon of the list's day; absent for what is no day.

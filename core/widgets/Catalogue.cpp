@@ -35,7 +35,7 @@ constexpr std::array catalogue{
     Entry{DockWidget::downloads, "Downloads", "arrow.down.circle", WidgetGroup::productivity, large, medium, std::nullopt,
           "The newest files in Downloads. Click one to open it"},
     Entry{DockWidget::screenshot, "Screenshot", "camera.viewfinder", WidgetGroup::productivity, small, small, std::nullopt,
-          "Opens the Screenshot tool"},
+          "Opens the Screenshot tool", "Capture"},
     Entry{DockWidget::screenNotes, "Screen Notes", "mappin.and.ellipse", WidgetGroup::productivity, small, small, ProFeature::screenNotes,
           "Capture the screen and pin numbered notes on it, to send as a review ({notesKeys})"_local, "Notes"},
     Entry{DockWidget::translate, "Quick Translate", "translate", WidgetGroup::textTools, small, small, ProFeature::translate,

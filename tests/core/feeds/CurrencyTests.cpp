@@ -45,6 +45,7 @@ TEST(Currency, IsWrittenInTheFormOfTheLocale) {
   EXPECT_EQ(moneyText(us, 92.346, "USD"), "$92.35");
   EXPECT_EQ(moneyText(us, 14213, "JPY"), "¥14,213");
   EXPECT_EQ(moneyText(us, 0.00678, "USD"), "$0.0068");
+  EXPECT_EQ(rateText(us, 0.9156671, "EUR"), "€0.91567");
   EXPECT_EQ(currencyName(us, "CHF"), "Swiss Franc");
   EXPECT_EQ(currencyName(us, "QQQ"), "QQQ");
 }
