@@ -98,6 +98,7 @@ TEST(Landing, ATileStaysWhereItHasLandedUntilTheNextMiddleIsCrossed) {
       const std::size_t next = landingPlace(middles(at), x);
       changes += next != at;
       at = next;
+      EXPECT_LE(at, wide.size());
       EXPECT_EQ(landingPlace(middles(at), x), at) << "a pointer that rests at " << x;
     }
   EXPECT_EQ(changes, 4);
