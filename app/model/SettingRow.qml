@@ -14,6 +14,8 @@ SectionRow {
     // The texts of a choice, and what is stored for each of them.
     property list<string> options
     property var values: setting.words
+    // Words without a text of their own speak for themselves.
+    readonly property var choices: options.length > 0 ? options : setting.words
     // Of a number.
     property int step: 1
     property bool wraps: false
@@ -33,7 +35,7 @@ SectionRow {
         key: root.key
     }
     Loader {
-        sourceComponent: root.options.length > 0 ? choice : setting.isSwitch ? onOff : setting.isText ? line : number
+        sourceComponent: root.choices.length > 0 ? choice : setting.isSwitch ? onOff : setting.isText ? line : number
     }
     Component {
         id: onOff
@@ -66,7 +68,7 @@ SectionRow {
 
         Segments {
             label: root.controlLabel
-            options: root.options
+            options: root.choices
             current: root.values.indexOf(setting.value)
             onChosen: index => setting.value = root.values[index]
         }

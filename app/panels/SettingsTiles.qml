@@ -11,6 +11,9 @@ SettingsPage {
             weekNumbering: [qsTr("ISO 8601"), qsTr("As the locale")]
         })
 
+    // Untyped: the lint does not know the script methods of lists of strings.
+    readonly property var tileKeys: settings.keysOf("tiles")
+
     signal customizeAsked
 
     Section {
@@ -50,7 +53,7 @@ SettingsPage {
         width: parent.width
 
         Repeater {
-            model: ["weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "hackerNewsURL", "currencyRatesURL"]
+            model: root.tileKeys.filter(key => key !== "clipboardPreviewInBar")
 
             SettingRow {
                 required property string modelData
