@@ -10,7 +10,7 @@ TileFrame {
     property toolListFace face: entries.face
 
     problem: face.problem
-    value: isSmall && face.value !== "" ? face.count : face.value
+    value: face.value === "" ? "…" : isSmall ? face.count : face.value
     valueRole: Theme.rowTitle
     valueColor: face.isFaulty ? Theme.red.text : face.count > 0 ? Theme.ink : Theme.ink2
     subLine: face.isWorking ? qsTr("Looking…") : face.subLine

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <set>
 #include <sys/stat.h>
 
 #include "core/base/Files.h"
@@ -74,17 +73,23 @@ std::vector<LocalServer> ServerReader::read() {
   const std::scoped_lock lock(mutex_);
   // Every descriptor of every process is looked at only when there is a socket whose holder is not known.
   std::erase_if(holders_, [&](const SocketHolder& holder) { return !isAlive(holder); });
-  std::set<std::uint64_t> held;
-  for (const SocketHolder& holder : holders_) held.insert(holder.inodes.begin(), holder.inodes.end());
-  const bool areKnown = std::ranges::all_of(
-      sockets, [&](const ListeningSocket& socket) { return socket.user != user_ || held.contains(socket.inode); });
-  if (!areKnown) {
+  const auto unheld = [&] {
+    std::set<std::uint64_t> inodes;
+    for (const ListeningSocket& socket : sockets)
+      if (socket.user == user_) inodes.insert(socket.inode);
+    for (const SocketHolder& holder : holders_)
+      for (const std::uint64_t inode : holder.inodes) inodes.erase(inode);
+    return inodes;
+  };
+  const std::set<std::uint64_t> unknown = unheld();
+  if (!std::ranges::includes(strangers_, unknown)) {
     holders_ = holders();
     for (SocketHolder& holder : holders_)
       std::erase_if(holder.inodes, [&](std::uint64_t inode) {
         return std::ranges::find(sockets, inode, &ListeningSocket::inode) == sockets.end();
       });
     std::erase_if(holders_, [](const SocketHolder& holder) { return holder.inodes.empty(); });
+    strangers_ = unheld();
   }
   return localServers(sockets, holders_);
 }

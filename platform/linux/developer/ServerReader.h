@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <mutex>
+#include <set>
 #include <sys/types.h>
 #include <vector>
 
@@ -28,6 +29,7 @@ class ServerReader {
   uid_t user_;
   std::mutex mutex_;
   std::vector<SocketHolder> holders_;  // of the last reading
+  std::set<std::uint64_t> strangers_;  // sockets of the user's whose holder was not found, as in a container
 };
 
 }  // namespace ambrel
