@@ -64,6 +64,9 @@ class FindingListModelTests : public QObject {
   void rowsThatOpenChangeNoOthers() {
     Fixture fixture;
     FindingListModel& model = fixture.model;
+    auto dated = findings();
+    dated[1].items[0].modified = now - std::chrono::hours(2);
+    model.setFindings(std::move(dated));
     model.setSelected("/home/u/film.mkv", true);
     QSignalSpy resets(&model, &FindingListModel::modelReset), inserted(&model, &FindingListModel::rowsInserted);
     QSignalSpy removed(&model, &FindingListModel::rowsRemoved);
@@ -71,7 +74,9 @@ class FindingListModelTests : public QObject {
     QCOMPARE(inserted.count(), 1);  // the reason and two items, at once
     QCOMPARE(model.rows()[2].title, "Tools.");
     QCOMPARE(model.rows()[3].id, "/home/u/.npm");
-    QCOMPARE(model.rows()[3].detail, "~");
+    QCOMPARE(model.rows()[3].detail,
+             shownAge(Calendar("UTC", "en_US"), now - std::chrono::hours(2), now) + QString(u8" \u00b7 ~"));
+    QCOMPARE(model.rows()[4].detail, "~");
     model.toggleOpen("group:developerJunk");
     QCOMPARE(model.rows()[1].title, "Big old files");
     model.toggleOpen("group:developerJunk");

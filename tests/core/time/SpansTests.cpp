@@ -91,6 +91,7 @@ TEST(TimeConversion, TakesNumbersOfEveryUnitAndDatesOfEveryForm) {
   const std::tuple<const char*, const char*, std::optional<UnixUnit>> read[] = {
       {"0", "1970-01-01T00:00:00Z", seconds},
       {" 1795354233 ", "2026-11-22T13:30:33Z", seconds},
+      {"99999999999", "5138-11-16T09:46:39Z", seconds},
       {"-1", "1969-12-31T23:59:59Z", seconds},
       {"1795354233.25", "2026-11-22T13:30:33.25Z", seconds},
       {"1795354233250", "2026-11-22T13:30:33.25Z", milliseconds},
