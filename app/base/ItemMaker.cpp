@@ -33,7 +33,8 @@ QVariantMap offeredProperties(const QMetaObject& wanted, std::span<const QObject
 QQuickItem* makeItem(QQmlEngine& engine, const QUrl& source, std::span<const QObject* const> models,
                      const QVariantMap& others) {
   QQmlComponent component(&engine, source, QQmlComponent::PreferSynchronous);
-  QObject* object = component.beginCreate(engine.rootContext());
+  // Qt 6.4 crashes where it begins with a component that has errors.
+  QObject* object = component.isReady() ? component.beginCreate(engine.rootContext()) : nullptr;
   auto* item = qobject_cast<QQuickItem*>(object);
   if (!item) {
     logLine("cannot show " + source.toString().toStdString() + ": " + component.errorString().toStdString());

@@ -44,6 +44,7 @@ void DockPopoverController::makeWindow() {
   properties.insert(QStringLiteral("open"), false);
   properties.insert(QStringLiteral("fades"), style_.isCompositing());
   item_.reset(makeItem(engine_, content_.source, content_.models, properties));
+  if (!item_) return;
   // Some of what it shows comes only once it is open.
   const auto follow = [this] {
     if (isShown()) place(PanelAnchor(anchor_));
@@ -72,6 +73,8 @@ void DockPopoverController::place(const PanelAnchor& anchor) {
 
 void DockPopoverController::open(const PanelAnchor& anchor) {
   if (!window_) makeWindow();
+  // A panel that cannot be made has been logged.
+  if (!item_) return;
   if (!isShown() && item_->metaObject()->indexOfSignal("aboutToOpen()") >= 0)
     QMetaObject::invokeMethod(item_.get(), "aboutToOpen");
   place(anchor);

@@ -11,21 +11,6 @@ FeedsArea::FeedsArea(const FeedSeams& seams, DueTimer& due, QObject* parent)
   for (TimedModel* model : std::initializer_list<TimedModel*>{&stories_, &currency_, &quote_}) due.add(*model);
 }
 
-QVariantMap FeedsArea::sample(DockWidget widget) {
-  QVariantMap tile{{QStringLiteral("problem"), QString()}};
-  if (widget == DockWidget::hackerNews) {
-    tile.insert({{QStringLiteral("text"), tr("Show HN: A clock that tells how long you have looked at it")},
-                 {QStringLiteral("fact"), QStringLiteral("284")}});
-  } else if (widget == DockWidget::currency) {
-    tile.insert({{QStringLiteral("name"), QStringLiteral("USD → EUR")},
-                 {QStringLiteral("value"), QStringLiteral("92")},
-                 {QStringLiteral("subLine"), QStringLiteral("100 USD")}});
-  } else {
-    return {};
-  }
-  return tile;
-}
-
 void FeedsArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
   stories_.setSeen(areSeen && onBar.contains(DockWidget::hackerNews));
   currency_.setSeen(areSeen && onBar.contains(DockWidget::currency));

@@ -44,6 +44,7 @@ class DockPopoverControllerTests : public QObject {
 
  private Q_SLOTS:
   void itIsMadeAtItsOpeningAndFreedWhenItWasClosedForAWhile();
+  void whatCannotBeMadeStaysClosed();
   void itComesAndGoesInSteps();
   void propertiesReachWhatIsShown();
   void escapeAndAClickBesideItCloseIt();
@@ -80,6 +81,16 @@ void DockPopoverControllerTests::itIsMadeAtItsOpeningAndFreedWhenItWasClosedForA
   f.panel->open(f.anchor);
   QVERIFY(f.panel->content());
   QCOMPARE(f.warnings.take(), QStringList());
+}
+
+void DockPopoverControllerTests::whatCannotBeMadeStaysClosed() {
+  Fixture f;
+  DockPopoverController panel(f.engine, f.context, f.windowStyle, f.steps.later(),
+                              {.source = QUrl(QStringLiteral("qrc:/nothing.qml"))});
+  panel.open(f.anchor);
+  QVERIFY(!panel.isShown());
+  QVERIFY(!panel.window());
+  QCOMPARE(f.warnings.take().size(), 1);
 }
 
 void DockPopoverControllerTests::itComesAndGoesInSteps() {
