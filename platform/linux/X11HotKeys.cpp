@@ -30,7 +30,6 @@ X11HotKeys::X11HotKeys(X11Connection* connection) : connection_(connection) {
 X11HotKeys::~X11HotKeys() {
   if (!connection_) return;
   for (Key& key : keys_) ungrab(key);
-  connection_->flush();
 }
 
 HotKeyResult X11HotKeys::add(const KeyCombination& combination, std::function<void()> action) {
@@ -187,7 +186,10 @@ void X11HotKeys::ungrab(Key& key) {
     for (const std::uint16_t variant : variantsOf(grab.modifiers))
       xcb_ungrab_key(connection_->xcb(), grab.keycode, connection_->root(), variant);
   key.grabs.clear();
-  connection_->flush();
+  // Free for everybody once this returns: requests of others may overtake ours.
+  const XcbPtr<xcb_get_input_focus_reply_t> done(
+      xcb_get_input_focus_reply(connection_->xcb(), xcb_get_input_focus(connection_->xcb()), nullptr));
+  connection_->repliesWereRead();
 }
 
 }  // namespace ambrel
