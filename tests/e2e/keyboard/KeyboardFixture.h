@@ -53,6 +53,8 @@ class Keyboard : public testing::Test {
       defaults.set(host, DefaultsValue{std::string("http://127.0.0.1:1/")});
 
     defaults.set("modelServerURL", DefaultsValue{modelServer});
+    // Not of the day, whose summary comes in the evening and takes the keyboard.
+    defaults.set("buddyCategories", DefaultsValue{std::vector{DefaultsValue{std::string("agents")}}});
 
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("HOME", QString::fromStdString(home));
