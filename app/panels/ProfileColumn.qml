@@ -11,7 +11,7 @@ FocusScope {
 
     signal menuWanted(ProfileRow row)
 
-    function add(name: string) {
+    function add(name) {
         const trimmed = name.trim();
         if (trimmed !== "")
             model.addProfile(trimmed, "");

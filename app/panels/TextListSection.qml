@@ -16,7 +16,7 @@ Section {
 
     signal chosen(var texts)
 
-    function add(text: string) {
+    function add(text) {
         const trimmed = text.trim();
         if (trimmed !== "" && !texts.includes(trimmed))
             chosen(texts.concat([trimmed]));
