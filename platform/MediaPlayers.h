@@ -19,7 +19,7 @@ class MediaPlayers {
 
   // `handler` is called on the main thread when `players` has another answer. An empty one ends the watch.
   virtual void setChangeHandler(std::function<void()> handler) = 0;
-  // By name. What was told last, until all have answered anew after a pause of the watch.
+  // By name. What was told last, until all have answered again after a pause of the watch.
   virtual std::vector<MediaPlayer> players() const = 0;
   // What comes of it is told as a change, or not at all.
   virtual void command(const std::string& id, PlayerCommand command) = 0;
