@@ -1,12 +1,13 @@
 import QtQuick
 import Ambrel.Kit
 
-// The mark at the corner of something that can be chosen: chosen, or to be added.
+// The mark at the corner of something that can be chosen: chosen, to be added, or locked.
 Rectangle {
     id: root
 
     property bool isChosen: false
     property bool isHovered: false
+    property bool isLocked: false
 
     implicitWidth: 22
     implicitHeight: 22
@@ -21,8 +22,8 @@ Rectangle {
 
         Symbol {
             anchors.centerIn: parent
-            name: root.isChosen ? "checkmark" : "plus"
-            size: 15
+            name: root.isChosen ? "checkmark" : root.isLocked ? "lock.fill" : "plus"
+            size: root.isLocked ? 12 : 15
             color: root.isChosen ? Theme.onAccent : Theme.ink
         }
     }

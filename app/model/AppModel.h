@@ -60,7 +60,7 @@ class AppModel : public QObject {
   void removeWidget(const std::string& widget, const UUID& profileID);
   void moveItem(const UUID& itemID, const UUID& targetID, const UUID& profileID);
   void removeItem(const UUID& itemID, const UUID& profileID);
-  // A new slot, or one that is there already, comes to be in front of `before`; at the end without one.
+  // Moves a slot, new or already there, in front of `before`, or to the end without one.
   void placeItem(const DockItem& item, const UUID& profileID, const std::optional<UUID>& before);
   UUID addProfile(std::string name, std::optional<DisplayContext> trigger);
   void deleteProfile(const UUID& id);

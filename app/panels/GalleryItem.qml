@@ -72,27 +72,12 @@ Pressable {
         border.color: Theme.over(Theme.lineStrong, Theme.tileHover)
     }
 
-    Rectangle {
-        x: parent.width - 14
-        y: -8
-        width: 24
-        height: 24
-        radius: 12
-        color: Theme.panel
-
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: 2
-            radius: width / 2
-            color: root.isOnBar ? (root.hovered ? Theme.accentHover : Theme.accent) : root.hovered ? Theme.cardHover : Theme.greySoft
-
-            Symbol {
-                anchors.centerIn: parent
-                name: root.isOnBar ? "checkmark" : root.isAllowed ? "plus" : "lock.fill"
-                size: root.isAllowed ? 15 : 12
-                color: root.isOnBar ? Theme.onAccent : Theme.ink
-            }
-        }
+    ChosenMark {
+        x: parent.width - 13
+        y: -7
+        isChosen: root.isOnBar
+        isHovered: root.hovered
+        isLocked: !root.isAllowed
     }
     DragHandler {
         target: null

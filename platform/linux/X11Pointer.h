@@ -2,7 +2,7 @@
 // The pointer under X11: raw motion and raw presses of XInput2, listened to only while somebody waits for it.
 //
 // An X server that is the guest of a Wayland compositor is told of the pointer only while it is over a window of X11.
-// There clear windows stand in the strips.
+// There, transparent windows cover the strips.
 
 #include <cstdint>
 #include <functional>
