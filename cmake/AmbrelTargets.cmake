@@ -47,12 +47,22 @@ function(ambrel_precompile name headers)
   endif()
 endfunction()
 
+# Several sources to a translation unit: what they include is parsed and instantiated once for all of them.
+function(ambrel_unity name)
+  if(AMBREL_UNITY)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+    # The compiler takes a source in a batch for a header and warns of its unnamed namespace.
+    target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+  endif()
+endfunction()
+
 # ambrel_core_library(NAME SOURCES... [LINK PUBLIC_LIBRARIES...] [PRIVATE PRIVATE_LIBRARIES...])
 function(ambrel_core_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ambrel_strict ${ARG_PRIVATE})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  ambrel_unity(${name})
 endfunction()
 
 # Tests that read the test data are told with CASES where it is, as AMBREL_CASES. The others are compiled alike in every
@@ -111,15 +121,24 @@ function(ambrel_qml_module name)
     ${_cache})
   set_target_properties(${name}plugin PROPERTIES AUTOMOC ON)
   # A file of compiled QML is a page of data under a long list of headers: many to a translation unit build several
-  # times faster. Everything else stays by itself.
-  get_target_property(_sources ${name} SOURCES)
-  list(FILTER _sources EXCLUDE REGEX "/qmlcache/.*_qml\\.cpp$")
-  set_source_files_properties(${_sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  # times faster.
+  if(NOT AMBREL_UNITY)
+    get_target_property(_sources ${name} SOURCES)
+    list(FILTER _sources EXCLUDE REGEX "/qmlcache/.*_qml\\.cpp$")
+    set_source_files_properties(${_sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  endif()
+  ambrel_unity(${name})
   set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
   # The generated type registration includes the module's headers by their bare names.
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} PUBLIC ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PUBLIC ${ARG_LINK} Qt6::Quick PRIVATE ambrel_flags ${ARG_PRIVATE})
-  ambrel_precompile(${name} ambrel_qt_headers)
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} Qt6::Quick PRIVATE ${ARG_PRIVATE})
+  # And what Qt adds to each module: a plugin, its registration and a loader of compiled QML.
+  foreach(_target ${name} ${name}plugin ${name}plugin_init ${name}_qmlcache)
+    if(TARGET ${_target})
+      target_link_libraries(${_target} PRIVATE ambrel_flags)
+      ambrel_precompile(${_target} ambrel_qt_headers)
+    endif()
+  endforeach()
 endfunction()
 
 # Links QML modules and their plugins to a program; the engine needs addImportPath("qrc:/qt/qml").

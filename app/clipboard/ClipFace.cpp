@@ -10,24 +10,24 @@
 namespace ambrel {
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("ambrel::ClipFace", text); }
+QString words(const char* text) { return QCoreApplication::translate("ambrel::ClipFace", text); }
 
 QString kindText(const ClipPreview& preview) {
   switch (preview.look) {
     case ClipLook::text:
-      return tr("Text");
+      return words("Text");
     case ClipLook::code:
-      return tr("Code");
+      return words("Code");
     case ClipLook::link:
-      return tr("Link");
+      return words("Link");
     case ClipLook::color:
-      return tr("Color");
+      return words("Color");
     case ClipLook::image:
-      return tr("Image");
+      return words("Image");
     case ClipLook::files:
-      return preview.fileCount == 1 ? tr("File") : tr("Files");
+      return preview.fileCount == 1 ? words("File") : words("Files");
     case ClipLook::secret:
-      return tr("Secret");
+      return words("Secret");
   }
   return {};
 }
@@ -68,15 +68,15 @@ QString forgetting(const ClipRow& row, const ClipFacts& facts, const ClipMoment&
   if (!facts.isSensitive || row.isKept || !moment.sensitiveAge) return {};
   const double minutes = std::ceil((*moment.sensitiveAge - secondsBetween(row.createdAt, moment.now)).count() / 60);
   // No line break inside "in 42 min".
-  return minutes < 1 ? tr("forgotten soon") : tr("forgotten in\u00A0%1\u00A0min").arg(static_cast<int>(minutes));
+  return minutes < 1 ? words("forgotten soon") : words("forgotten in\u00A0%1\u00A0min").arg(static_cast<int>(minutes));
 }
 
 QString lostTitle(const ClipRow& row, const Calendar& calendar) {
-  if (row.lost->reason == LostCopy::Reason::noAnswer) return tr("The program did not hand its copy over.");
-  const QString what = row.kind == ClipKind::image  ? tr("A picture")
-                       : row.kind == ClipKind::file ? tr("A list of files")
-                                                    : tr("A text");
-  return tr("%1 of %2: too large to keep")
+  if (row.lost->reason == LostCopy::Reason::noAnswer) return words("The program did not hand its copy over.");
+  const QString what = row.kind == ClipKind::image  ? words("A picture")
+                       : row.kind == ClipKind::file ? words("A list of files")
+                                                    : words("A text");
+  return words("%1 of %2: too large to keep")
       .arg(what, toQString(fileSize(calendar, static_cast<std::int64_t>(row.lost->bytes))));
 }
 
@@ -90,7 +90,7 @@ ClipFace clipFace(const ClipRow& row, const ClipFacts& facts, const ClipFiles* f
   QStringList spoken;
   if (row.lost) {
     face.look = QStringLiteral("lost");
-    face.kindText = tr("Not kept");
+    face.kindText = words("Not kept");
     face.title = lostTitle(row, moment.calendar);
     face.foot = row.program;
     spoken = {face.kindText, face.title, face.foot};
@@ -103,7 +103,7 @@ ClipFace clipFace(const ClipRow& row, const ClipFacts& facts, const ClipFiles* f
     if (const auto& color = preview.color) face.swatch = QColor(color->red, color->green, color->blue, color->alpha);
     face.files = fileList(preview, files);
     if (preview.fileCount > preview.fileNames.size())
-      face.moreFiles = tr("and %1 more").arg(preview.fileCount - preview.fileNames.size());
+      face.moreFiles = words("and %1 more").arg(preview.fileCount - preview.fileNames.size());
     face.picture = toQString(row.imageFileName);
     face.foot = foot(row, facts, files, moment.calendar);
     face.forgetting = forgetting(row, facts, moment);
@@ -115,8 +115,8 @@ ClipFace clipFace(const ClipRow& row, const ClipFacts& facts, const ClipFiles* f
     for (const std::string& name : preview.fileNames) spoken << toQString(name);
     if (preview.look != ClipLook::secret) spoken << face.title;
     spoken << face.forgetting << face.age;
-    if (row.isPinned) spoken << tr("pinned");
-    if (row.isCurrent) spoken << tr("on the clipboard now");
+    if (row.isPinned) spoken << words("pinned");
+    if (row.isCurrent) spoken << words("on the clipboard now");
   }
   spoken.removeAll(QString());
   face.spoken = spoken.join(QStringLiteral(", "));

@@ -8,10 +8,9 @@
 namespace ambrel {
 namespace {
 
-using Kind = FindingRow::Kind;
 constexpr std::size_t namedItems = 4;
 
-QString tr(const char* text) { return QCoreApplication::translate("ambrel::FindingRow", text); }
+QString words(const char* text) { return QCoreApplication::translate("ambrel::FindingRow", text); }
 
 // The latest event comes first.
 QString noteOf(const CleanupItem& item) {
@@ -32,8 +31,8 @@ class Rows {
       const std::string id = groupID(entry.group);
       const bool isOpen = !state_.closedGroups.contains(id);
       rows_.push_back({.id = toQString(id),
-                       .kind = Kind::group,
-                       .title = entry.group ? toQString(title(*entry.group)) : tr("Only shown"),
+                       .kind = FindingRow::Kind::group,
+                       .title = entry.group ? toQString(title(*entry.group)) : words("Only shown"),
                        .size = shownSize(calendar_, entry.bytes()),
                        .checkState = checkState(entry.findings),
                        .isSelectable = entry.hasMovable(),
@@ -51,11 +50,11 @@ class Rows {
     QStringList names;
     for (std::size_t i = 0; i < finding.items.size() && i < namedItems; ++i) names << shownName(finding.items[i].title);
     const QString count =
-        finding.items.size() == 1 ? tr("1 item") : tr("%1 items").arg(static_cast<int>(finding.items.size()));
+        finding.items.size() == 1 ? words("1 item") : words("%1 items").arg(static_cast<int>(finding.items.size()));
     rows_.push_back({.id = toQString(id),
-                     .kind = Kind::finding,
+                     .kind = FindingRow::Kind::finding,
                      .title = toQString(title(finding.rule)),
-                     .detail = tr("%1: %2").arg(count, names.join(QStringLiteral(", "))),
+                     .detail = words("%1: %2").arg(count, names.join(QStringLiteral(", "))),
                      .size = shownSize(calendar_, finding.bytes()),
                      .symbol = toQString(symbol(finding.rule)),
                      .ownRisk = finding.risk(),
@@ -65,7 +64,7 @@ class Rows {
     if (!isOpen) return;
     const auto explanation = state_.explanations.find(finding.rule);
     rows_.push_back({.id = QStringLiteral("reason:") + toQString(nameOf(finding.rule)),
-                     .kind = Kind::reason,
+                     .kind = FindingRow::Kind::reason,
                      .title = toQString(finding.reason),
                      .detail = explanation == state_.explanations.end() ? QString() : explanation->second});
     for (const CleanupItem& item : finding.items) add(item, isMovable(finding.rule));
@@ -75,9 +74,9 @@ class Rows {
     const auto slash = item.url.rfind('/');
     QString place =
         shownPath(item.contentsOnly || slash == item.url.npos ? item.url : item.url.substr(0, slash), home_);
-    if (item.modified) place = tr("%1 · %2").arg(shownAge(calendar_, *item.modified, now_), place);
+    if (item.modified) place = words("%1 · %2").arg(shownAge(calendar_, *item.modified, now_), place);
     rows_.push_back({.id = pathID(item.url),
-                     .kind = Kind::item,
+                     .kind = FindingRow::Kind::item,
                      .title = shownName(item.title),
                      .detail = place,
                      .size = shownSize(calendar_, item.bytes),

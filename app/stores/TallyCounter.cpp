@@ -10,11 +10,11 @@
 namespace ambrel {
 namespace {
 
-constexpr const char* key = "tallyCount";
+constexpr const char* countKey = "tallyCount";
 constexpr std::int64_t most = 1'000'000'000'000;
 
 std::int64_t countIn(const UserDefaults& defaults) {
-  return std::clamp<std::int64_t>(defaults.integer(key).value_or(0), 0, most);
+  return std::clamp<std::int64_t>(defaults.integer(countKey).value_or(0), 0, most);
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ void TallyCounter::reload() {
 }
 
 void TallyCounter::set(std::int64_t count) {
-  store(defaults_, key, DefaultsValue{std::clamp<std::int64_t>(count, 0, most)});
+  store(defaults_, countKey, DefaultsValue{std::clamp<std::int64_t>(count, 0, most)});
   reload();
 }
 

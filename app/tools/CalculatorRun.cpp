@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 // The process ends itself after three seconds.
 constexpr auto deadline = 5s;
 
-QString text(const char* source) { return QCoreApplication::translate("CalculatorRun", source); }
+QString runWords(const char* source) { return QCoreApplication::translate("CalculatorRun", source); }
 
 class Run : public QProcess {
  public:
@@ -43,8 +43,8 @@ class Run : public QProcess {
     if (exitStatus() == NormalExit && exitCode() == 0 && !output.isEmpty()) return done({output.toStdString(), {}});
     constexpr char prefix[] = "tilebayctl: ";
     if (problem.startsWith(prefix)) problem.remove(0, qstrlen(prefix));
-    if (error() == FailedToStart) problem = text("The calculator cannot be started").toUtf8();
-    if (problem.isEmpty()) problem = text("It takes too long to work out").toUtf8();
+    if (error() == FailedToStart) problem = runWords("The calculator cannot be started").toUtf8();
+    if (problem.isEmpty()) problem = runWords("It takes too long to work out").toUtf8();
     done({{}, problem.toStdString()});
   }
 
@@ -62,7 +62,8 @@ Calculate makeCalculate(QString tool, QObject& context) {
       return;
     }
     QTimer::singleShot(0, &context, [stop = std::move(stop), done = std::move(done)] {
-      if (!stop.stop_requested()) done({{}, text("tilebayctl, which works it out, is not installed").toStdString()});
+      if (!stop.stop_requested())
+        done({{}, runWords("tilebayctl, which works it out, is not installed").toStdString()});
     });
   };
 }

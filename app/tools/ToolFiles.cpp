@@ -9,7 +9,7 @@
 namespace ambrel {
 namespace {
 
-QString text(const char* source) { return QCoreApplication::translate("ToolFiles", source); }
+QString words(const char* source) { return QCoreApplication::translate("ToolFiles", source); }
 
 }  // namespace
 
@@ -17,10 +17,10 @@ DroppedText readDropped(const QString& path) {
   constexpr std::uint64_t largest = 64u << 20;
   const std::string file = QFile::encodeName(path).toStdString();
   const auto status = fileStatus(file);
-  if (!status || !status->isRegular) return {{}, text("It is no file that can be read")};
-  if (status->size > largest) return {{}, text("The file is larger than 64 MiB")};
+  if (!status || !status->isRegular) return {{}, words("It is no file that can be read")};
+  if (status->size > largest) return {{}, words("The file is larger than 64 MiB")};
   auto bytes = readFile(file, largest);
-  if (!bytes) return {{}, text("The file cannot be read")};
+  if (!bytes) return {{}, words("The file cannot be read")};
   return {std::move(*bytes), {}};
 }
 

@@ -5,8 +5,6 @@
 namespace ambrel {
 namespace {
 
-constexpr std::size_t tailBytes = 262144;
-
 struct Turn {
   AgentStatus status = AgentStatus::working;
   std::string detail;
@@ -63,7 +61,7 @@ std::vector<LoggedSession> ClaudeCodeReader::logged(const std::filesystem::path&
   }
   LineParser parser;
   return cache_->sessions(std::move(files), now, [&](const SessionFile& file, Instant written) {
-    return claudeSession(sessionIdentifier(file.path), tailRecords(file.path, tailBytes), file.modified, written,
+    return claudeSession(sessionIdentifier(file.path), tailRecords(file.path, sessionTailBytes), file.modified, written,
                          parser);
   });
 }

@@ -4,7 +4,6 @@ namespace ambrel {
 namespace {
 
 constexpr std::size_t headBytes = 65536;
-constexpr std::size_t tailBytes = 262144;
 
 }  // namespace
 
@@ -50,8 +49,8 @@ std::vector<LoggedSession> CodexReader::logged(const std::filesystem::path& home
                             const FileDescriptor opened = openForReading(file.path);
                             const auto first = firstRecord(opened, headBytes, parser);
                             const auto folder = first ? codexFolder(*first) : std::nullopt;
-                            return codexSession(sessionIdentifier(file.path), folder, tailRecords(opened, tailBytes),
-                                                file.modified, written, parser);
+                            return codexSession(sessionIdentifier(file.path), folder,
+                                                tailRecords(opened, sessionTailBytes), file.modified, written, parser);
                           });
 }
 

@@ -63,6 +63,9 @@ class RecordTail {
   std::size_t begin_ = 0;  // where the first whole line begins
 };
 
+// How much of a log's end tells its session's state.
+constexpr std::size_t sessionTailBytes = 262144;
+
 // The records within the last `maxBytes` of the file as long as it is now: what is appended meanwhile is left for the
 // next time. Empty when the file cannot be read.
 RecordTail tailRecords(const FileDescriptor& file, std::size_t maxBytes);

@@ -14,7 +14,7 @@ namespace ambrel {
 namespace {
 
 constexpr std::size_t blockBytes = 1 << 16;
-constexpr std::size_t chunkBytes = 4 * blockBytes;
+constexpr std::size_t readBytes = 4 * blockBytes;
 
 bool isZero(const unsigned char* bytes, std::size_t count) {
   return bytes[0] == 0 && std::memcmp(bytes, bytes + 1, count - 1) == 0;
@@ -74,7 +74,7 @@ bool readFully(const FileDescriptor& file, void* bytes, std::size_t count, std::
 struct ContentHasher::State {
   std::unique_ptr<EVP_MD, FreeDigest> method{EVP_MD_fetch(nullptr, "SHA256", nullptr)};
   std::unique_ptr<EVP_MD_CTX, FreeDigest> context{EVP_MD_CTX_new()};
-  std::unique_ptr<unsigned char[]> buffer{new unsigned char[chunkBytes]};
+  std::unique_ptr<unsigned char[]> buffer{new unsigned char[readBytes]};
 
   bool add(const void* bytes, std::size_t count) { return EVP_DigestUpdate(context.get(), bytes, count) == 1; }
 
@@ -107,7 +107,7 @@ std::optional<Digest> ContentHasher::digest(const FileDescriptor& file, std::uin
       if (data >= 0) at += (static_cast<std::uint64_t>(data) - at) / blockBytes * blockBytes;
       if (at >= to) break;
     }
-    const std::size_t wanted = std::min<std::uint64_t>(to - at, chunkBytes);
+    const std::size_t wanted = std::min<std::uint64_t>(to - at, readBytes);
     if (!readFully(file, state.buffer.get(), wanted, at) || !state.addChunk(state.buffer.get(), wanted, at))
       return std::nullopt;
     if (read) read(static_cast<std::int64_t>(wanted));

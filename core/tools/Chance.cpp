@@ -34,7 +34,7 @@ std::size_t drawn(const ToolSource& source, std::size_t count) {
 }
 
 constexpr std::string_view lower = "abcdefghijklmnopqrstuvwxyz", upper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ",
-                           digits = "0123456789", signs = "!#$%&*+-./:;=?@^_~";
+                           numerals = "0123456789", signs = "!#$%&*+-./:;=?@^_~";
 
 // Drawn as a whole again until every class has come up: to put one in by force would make others less likely.
 std::string ofClasses(const ToolCall& call, std::span<const std::string_view> classes) {
@@ -85,7 +85,7 @@ ToolOutcome uuid(const ToolCall& call) {
 }
 
 ToolOutcome password(const ToolCall& call) {
-  constexpr std::array all{lower, upper, digits, signs};
+  constexpr std::array all{lower, upper, numerals, signs};
   if (call.choice == "words") return {speakable(call), {}};
   if (call.choice == "digits") return {ofClasses(call, std::span(all).subspan(2, 1)), {}};
   return {ofClasses(call, std::span(all).first(call.choice == "letters" ? 3 : 4)), {}};

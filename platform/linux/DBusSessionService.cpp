@@ -10,8 +10,8 @@
 namespace ambrel {
 namespace {
 
-const QString service = QStringLiteral("dev.qorvin.ambrel");
-const QString path = QStringLiteral("/dev/qorvin/ambrel");
+const QString ownName = QStringLiteral("dev.qorvin.ambrel");
+const QString ownPath = QStringLiteral("/dev/qorvin/ambrel");
 constexpr int handOverMilliseconds = 5000;
 
 // The method and its arguments that say this wish.
@@ -65,34 +65,34 @@ DBusSessionService::DBusSessionService(const QDBusConnection& bus)
 
 DBusSessionService::~DBusSessionService() {
   if (!isOwner_) return;
-  bus_.unregisterObject(path);
-  bus_.unregisterService(service);
+  bus_.unregisterObject(ownPath);
+  bus_.unregisterService(ownName);
 }
 
 SessionRole DBusSessionService::start(const std::optional<Wish>& wish) {
   if (!bus_.isConnected()) return SessionRole::alone;
   // Before the name: whoever sees the name may call at once.
-  bus_.registerObject(path, &object_, QDBusConnection::ExportAllSlots);
+  bus_.registerObject(ownPath, &object_, QDBusConnection::ExportAllSlots);
   // A bar that ends while it is asked leaves its name to the second attempt.
   for (int attempt = 0; attempt < 2; ++attempt) {
-    const auto owned = bus_.interface()->registerService(service, QDBusConnectionInterface::DontQueueService,
+    const auto owned = bus_.interface()->registerService(ownName, QDBusConnectionInterface::DontQueueService,
                                                          QDBusConnectionInterface::DontAllowReplacement);
     if (owned.isValid() && owned.value() == QDBusConnectionInterface::ServiceRegistered) {
       isOwner_ = true;
       return SessionRole::owner;
     }
     if (handOver(wish.value_or(wish::Reveal{}))) {
-      bus_.unregisterObject(path);
+      bus_.unregisterObject(ownPath);
       return SessionRole::handedOver;
     }
   }
-  bus_.unregisterObject(path);
+  bus_.unregisterObject(ownPath);
   return SessionRole::notAnswered;
 }
 
 bool DBusSessionService::handOver(const Wish& wish) {
   const auto [method, arguments] = std::visit(MethodOf{}, wish);
-  QDBusMessage message = QDBusMessage::createMethodCall(service, path, service, method);
+  QDBusMessage message = QDBusMessage::createMethodCall(ownName, ownPath, ownName, method);
   message.setArguments(arguments);
   message.setAutoStartService(false);
   return bus_.call(message, QDBus::Block, handOverMilliseconds).type() == QDBusMessage::ReplyMessage;

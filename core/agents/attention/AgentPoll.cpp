@@ -14,7 +14,6 @@
 namespace ambrel {
 namespace {
 
-constexpr std::size_t tailBytes = 262144;
 constexpr Seconds hooksAreKept{86400};
 
 // The signs of each log, read again when it changed.
@@ -29,8 +28,8 @@ class SignsCache {
     Entry& entry = present_[file.path];
     if (const auto known = former_.find(file.path); known != former_.end()) entry = std::move(known->second);
     if (!entry.isRead || !entry.file.hasSameDate(file) || entry.file.size != file.size) {
-      const RecordTail tail = tailRecords(file.path, tailBytes);
-      const bool isWhole = file.size <= tailBytes;
+      const RecordTail tail = tailRecords(file.path, sessionTailBytes);
+      const bool isWhole = file.size <= sessionTailBytes;
       entry.signs = kind == AgentKind::codex ? codexSigns(tail, isWhole, parser) : claudeSigns(tail, isWhole, parser);
       entry.file = file;
       entry.isRead = true;
@@ -97,7 +96,7 @@ struct AgentPoll::Impl {
     const LogSigns& signs = logs.signs(each.session.kind, each.file, parser);
     AttentionSigns all{.log = &signs};
     if (each.session.kind == AgentKind::claudeCode) {
-      all.titles = titles.titles(each.file, tailBytes, {signs.customTitle, signs.aiTitle}, parser);
+      all.titles = titles.titles(each.file, sessionTailBytes, {signs.customTitle, signs.aiTitle}, parser);
       all.hasRegistry = !live.empty();
       const auto [first, last] = live.equal_range(name);
       for (auto record = first; record != last; ++record) all.live.push_back(record->second);

@@ -12,7 +12,7 @@
 namespace ambrel {
 namespace {
 
-constexpr std::uint64_t largestFile = 64 << 10;
+constexpr std::uint64_t largestProcFile = 64 << 10;
 constexpr std::int64_t ticksPerSecond = 100;  // as the kernel reports them to programs, everywhere
 constexpr int mostAncestors = 16;
 
@@ -34,7 +34,7 @@ std::vector<std::string_view> fieldsBehindName(std::string_view stat) {
 }
 
 std::optional<Process> processAt(const std::filesystem::path& processes, int pid) {
-  const auto stat = readFile(processes / std::to_string(pid) / "stat", largestFile);
+  const auto stat = readFile(processes / std::to_string(pid) / "stat", largestProcFile);
   const auto start = stat ? processStart(*stat) : std::nullopt;
   if (!start) return std::nullopt;
   Process process;
@@ -66,7 +66,8 @@ bool isSameProcess(const std::filesystem::path& processes, int pid, std::string_
 
 std::string processSpace(const std::filesystem::path& processes) {
   constexpr std::size_t mostOfRun = 36;
-  std::string space = readFile(processes / "sys/kernel/random/boot_id", largestFile).value_or("").substr(0, mostOfRun);
+  std::string space =
+      readFile(processes / "sys/kernel/random/boot_id", largestProcFile).value_or("").substr(0, mostOfRun);
   std::array<char, 64> name;
   const ssize_t length = readlink((processes / "self/ns/pid").c_str(), name.data(), name.size());
   if (length > 0) space += " " + std::string(name.data(), static_cast<std::size_t>(length));
@@ -80,7 +81,7 @@ std::optional<int> containedProcess(const std::filesystem::path& processes, int 
   for (; !error && entry != end; entry.increment(error)) {
     const int pid = static_cast<int>(numberIn(entry->path().filename().native()));
     if (pid <= 0 || !isSameProcess(processes, pid, start)) continue;
-    const std::string status = readFile(entry->path() / "status", largestFile).value_or("");
+    const std::string status = readFile(entry->path() / "status", largestProcFile).value_or("");
     const auto begin = status.find(key);
     if (begin == status.npos) continue;
     // Its numbers from the outermost space to its own.
@@ -136,7 +137,7 @@ bool hasChildSince(const std::filesystem::path& processes, int pid, std::int64_t
   std::error_code error;
   std::filesystem::directory_iterator thread(processes / std::to_string(pid) / "task", error), end;
   for (; !error && thread != end; thread.increment(error)) {
-    const auto children = readFile(thread->path() / "children", largestFile);
+    const auto children = readFile(thread->path() / "children", largestProcFile);
     if (!children) continue;
     for (const std::string_view child : split(trimmed(*children), ' ')) {
       const auto process = child.empty() ? std::nullopt : processAt(processes, static_cast<int>(numberIn(child)));

@@ -16,7 +16,7 @@ namespace {
 
 using Node = SettingsText::Node;
 
-constexpr std::uint64_t largestFile = 64 << 20;
+constexpr std::uint64_t largestSettingsFile = 64 << 20;
 
 struct WantedEvent {
   std::string_view name;
@@ -126,7 +126,7 @@ bool fileExists(const std::filesystem::path& path) {
 std::optional<std::string> readWhole(const std::filesystem::path& path) {
   if (!fileExists(path)) return std::nullopt;
   errno = 0;
-  auto bytes = readFile(path, largestFile);
+  auto bytes = readFile(path, largestSettingsFile);
   if (!bytes) throw FileError("cannot read", path, errno == 0 ? EINVAL : errno);
   return bytes;
 }
@@ -216,7 +216,7 @@ void HookConnection::connect() const {
 void HookConnection::disconnect() const {
   const auto present = readWhole(settings_);
   if (present) {
-    const auto before = readFile(before_, largestFile);
+    const auto before = readFile(before_, largestSettingsFile);
     std::string restored = disconnectedSettings(kind_, *present);
     if (before && restored != *present && connectedSettings(kind_, *before, command_) == *present) restored = *before;
     // A file that we made, and nobody has written to.
