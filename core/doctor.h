@@ -68,6 +68,7 @@ struct DoctorFacts {
   std::filesystem::path defaultsFile;  // ours
   std::filesystem::path runtime;       // $XDG_RUNTIME_DIR; empty for none
   std::filesystem::path root = "/";    // above /proc, /run and /usr
+  std::filesystem::path calculator;    // the process that works out expressions, a package of its own
   std::filesystem::path fonts;         // the user's own: $XDG_DATA_HOME/fonts
   std::string modelServer;             // the address that was chosen; empty for none
   // Where a container engine may listen; absent when it is one of another computer.

@@ -1,13 +1,16 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+//
 // tilebayctl-calculate LOCALE [--json]: an expression on standard input, its value on standard output, or on standard
-// error why it has none. A process of its own, because some expressions take for ever or all memory.
+// error why it has none. A process of its own, because some expressions take for ever or all memory, and because
+// libqalculate asks for this licence of what is linked with it: nothing else of ours may be.
 
 #include <cstdio>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include "core/base/JSON.h"
 #include "core/calculator/Calculation.h"
 
 namespace {
@@ -42,10 +45,12 @@ int main(int count, char** words) {
     done.fault = "It takes too much memory to work out";
   }
   if (done.fault.empty()) {
+    using JSON = nlohmann::json;
     const bool isJSON = count > 2;
-    const std::string whole =
-        isJSON ? ambrel::compactJSON({{"tool", "calculator"}, {"output", done.result}}) + "\n" : done.result + "\n";
-    std::fputs(whole.c_str(), stdout);
+    const std::string whole = isJSON ? JSON{{"tool", "calculator"}, {"output", done.result}}.dump(
+                                           -1, ' ', false, JSON::error_handler_t::replace)
+                                     : done.result;
+    std::fprintf(stdout, "%s\n", whole.c_str());
   } else {
     std::fprintf(stderr, "tilebayctl: %s\n", done.fault.c_str());
   }

@@ -31,4 +31,9 @@ std::filesystem::path userHome() {
 std::filesystem::path dataFolder() { return folder("XDG_DATA_HOME", ".local/share"); }
 std::filesystem::path configFolder() { return folder("XDG_CONFIG_HOME", ".config"); }
 
+std::filesystem::path calculatorProgram() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "tilebayctl-calculate";
+}
+
 }  // namespace ambrel

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "core/calculator/Calculation.h"
 
 #include <cctype>
@@ -6,8 +7,6 @@
 #include <re2/re2.h>
 #include <unicode/dcfmtsym.h>
 #include <vector>
-
-#include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
@@ -100,10 +99,13 @@ std::string complaint(Calculator& calculator) {
 }  // namespace
 
 Calculation calculation(std::string_view expression, const std::string& locale, std::chrono::milliseconds limit) {
-  const std::string wanted(trimmed(expression));
+  // Matches valid UTF-8 alone.
+  static const RE2 withoutBlankEnds(R"((?s)\s*(.*?)\s*)");
+  std::string wanted;
+  if (!RE2::FullMatch(re2::StringPiece(expression.data(), expression.size()), withoutBlankEnds, &wanted))
+    return {{}, "It is no text"};
   if (wanted.empty()) return {};
   if (wanted.size() > longestExpression) return {{}, "It is too long to work out"};
-  if (!isValidUTF8(wanted)) return {{}, "It is no text"};
   const bool isDecimalComma = hasDecimalComma(locale);
   Calculator& calculator = loaded(isDecimalComma);
   calculator.setPrecision(12);

@@ -1,4 +1,6 @@
 #pragma once
+// SPDX-License-Identifier: GPL-2.0-or-later
+//
 // Works out expressions as people write them, with units: "5 mi to km", "sqrt(2)", "10 % of 50".
 
 #include <chrono>

@@ -248,6 +248,8 @@ std::vector<DoctorRow> diagnose(const DoctorFacts& facts) {
   rows.push_back(sound(facts));
   rows.push_back(containers(facts));
   addFonts(facts, rows);
+  rows.push_back(row("Calculator", isThere(facts.calculator), facts.calculator.string(),
+                     "the calculator and the unit converter give no results", "Install tilebay-calculator"));
   for (const AgentKind kind : allCases<AgentKind>()) rows.push_back(agent(facts, kind));
   rows.push_back(modelServer(facts));
   return rows;

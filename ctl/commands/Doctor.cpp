@@ -23,6 +23,7 @@ DoctorFacts gathered(const Context& context) {
                     .places = hookPlaces(context),
                     .defaultsFile = context.config / "defaults.json",
                     .runtime = environmentVariable("XDG_RUNTIME_DIR"),
+                    .calculator = calculatorProgram(),
                     .fonts = dataFolder().parent_path() / "fonts",
                     .modelServer = {},
                     .engines = {}};

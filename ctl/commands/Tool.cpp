@@ -1,6 +1,5 @@
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <iostream>
 #include <iterator>
 #include <unistd.h>
@@ -9,6 +8,7 @@
 #include "core/settings.h"
 #include "core/tools.h"
 #include "ctl/Context.h"
+#include "ctl/Folders.h"
 #include "ctl/commands/Commands.h"
 
 namespace ambrel {
@@ -49,12 +49,11 @@ int passwordLength(const Arguments& arguments, const Context& context) {
 
 // Hands over to the process that works out an expression and ends.
 [[noreturn]] void calculate(const Context& context) {
-  std::error_code error;
-  const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-  const std::string program = folder / "tilebayctl-calculate";
+  const std::string program = calculatorProgram();
   const char* json = context.json ? "--json" : nullptr;
   execl(program.c_str(), program.c_str(), context.calendar.locale().c_str(), json, nullptr);
-  throw CommandError("its part tilebayctl-calculate cannot be run: " + std::string(std::strerror(errno)));
+  if (errno == ENOENT) throw CommandError("The calculator is not installed: it is the package tilebay-calculator");
+  throw CommandError(program + " cannot be run: " + std::string(std::strerror(errno)));
 }
 
 void run(const Arguments& arguments, Context& context) {

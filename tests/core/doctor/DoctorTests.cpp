@@ -71,7 +71,7 @@ class Doctor : public testing::Test {
 
 TEST_F(Doctor, WhatABareMachineLacksComesWithAdvice) {
   for (const char* what : {"Session", "Tray", "Session bus", "System bus", "Sound", "Containers", "Font Material Icons",
-                           "Language model"}) {
+                           "Calculator", "Language model"}) {
     EXPECT_EQ(state(what), DoctorState::missing) << what;
     EXPECT_NE(row(what).advice, "") << what;
   }
