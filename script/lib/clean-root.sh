@@ -1,6 +1,7 @@
 # Clean roots of Debian releases, for scripts that source this file and run as root.
 #
 #   root_make SUITE FOLDER [PACKAGES...]   makes the root in FOLDER unless it is there; packages come with it
+#   root_lock FOLDER                       so that one run at a time uses what is in the folder; until the script ends
 #   root_run FOLDER COMMAND...             runs a command inside; what it changes stays
 #   root_try FOLDER UPPER COMMAND...       the same, but what it changes is in the folder UPPER alone
 #
@@ -24,6 +25,12 @@ root_make() {
     mv "$root.new" "$root"
   fi
   cp -L /etc/resolv.conf "$root/etc/resolv.conf"
+}
+
+root_lock() {
+  mkdir -p "$1"
+  exec 9>"$1/lock"
+  flock --nonblock 9 || root_fail "another run uses $1"
 }
 
 root_run() { root_try "$1" '' "${@:2}"; }
