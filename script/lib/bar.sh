@@ -8,8 +8,13 @@
 bar_program=
 bar_pid=
 
-# The bar's window while it is on the screen.
-bar_window() { xdotool search --onlyvisible --name '^Tilebay$' 2>/dev/null | head -n 1; }
+# The bar's window while it is on the screen. Buddy's bubble has the same name, and is smaller.
+bar_window() {
+  local window X Y WIDTH HEIGHT WINDOW SCREEN
+  for window in $(xdotool search --onlyvisible --name '^Tilebay$' 2>/dev/null); do
+    if eval "$(xdotool getwindowgeometry --shell "$window" 2>/dev/null)"; then echo "$((WIDTH * HEIGHT)) $window"; fi
+  done | sort -rn | sed -n '1s/.* //p'
+}
 bar_is_out() { [ -n "$(bar_window)" ]; }
 bar_geometry() { xdotool getwindowgeometry --shell "$(bar_window)" 2>/dev/null; }
 
@@ -50,14 +55,16 @@ bar_hold() {
 
 bar_sum() { import -silent -window root rgb:- | cksum; }
 
-# At rest is a screen that has not changed for half a second; a bar that ticks may never be, so that ten are enough.
+# At rest is a screen that has not changed for half a second, as a bar that ticks has every two; ten are enough.
 bar_settle() {
-  local deadline=$((SECONDS + 10)) last='' now still=0
-  while [ "$SECONDS" -lt "$deadline" ] && [ "$still" -lt 3 ]; do
-    now=$(bar_sum)
-    if [ "$now" = "$last" ]; then still=$((still + 1)); else still=0; fi
-    last=$now
-    sleep 0.15
+  local deadline=$((SECONDS + 10)) last='' sum since=0
+  while [ "$SECONDS" -lt "$deadline" ]; do
+    sum=$(bar_sum)
+    if [ "$sum" != "$last" ]; then
+      last=$sum since=${EPOCHREALTIME/[.,]/}
+    elif ((${EPOCHREALTIME/[.,]/} - since >= 500000)); then
+      return
+    fi
   done
 }
 

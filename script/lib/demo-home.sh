@@ -5,6 +5,15 @@
 # Twelve sessions of four agent tools: two that need the user (the stores of one tool alone can say so), five that
 # work, three that are done, two idle. Dates are relative to now.
 
+# demo_hour HOUR: chooses a time zone (TZ) in which it is that hour of the day now.
+demo_hour() {
+  local ahead=$(($1 - 10#$(date -u +%H)))
+  ((ahead >= -12)) || ahead=$((ahead + 24))
+  # These zones are named by how far they are behind.
+  TZ=$(printf 'Etc/GMT%+d' $((-ahead)))
+  export TZ
+}
+
 _minutes_ago() { date -u -d "$1 minutes ago" +%Y-%m-%dT%H:%M:%S.000Z; }
 _epoch_ms() { echo $(($(date +%s%3N) - $1 * 60000)); }
 

@@ -33,7 +33,7 @@ _times() {
 }
 
 _forecast() {
-  local offset=0 now=21.8 code=2 feels=19.4 dew=14.7 wind=14.2
+  local offset=$(($(date +%s -ud "$(date '+%F %T')") - $(date +%s))) now=21.8 code=2 feels=19.4 dew=14.7 wind=14.2
   local hours='21.8, 22.6, 23.4, 24.3, 24.8, 24.1, 22.9'
   local highs='25.4, 23.1, 19.8, 21.2, 24.6, 26.9, 27.3' lows='14.2, 13.8, 11.9, 12.4, 14.1, 16.2, 17.0'
   case "$1" in
