@@ -112,6 +112,12 @@ void LayerWindow::answer(bool isActive) {
 void LayerWindow::giveBack() {
   letGo();
   setTakesKeys(false);
+  // KWin takes the keyboard from a window alone that goes.
+  QTimer::singleShot(keysPatience, this, [this] {
+    if (keys_ != Layer::KeyboardInteractivityNone || !window_.isVisible() || !window_.isActive()) return;
+    window_.hide();
+    window_.show();
+  });
 }
 
 bool LayerWindow::eventFilter(QObject* watched, QEvent* event) {
