@@ -86,9 +86,7 @@ vd_start_compositor() {
   vd_spawn compositor env -u DISPLAY HOME="$folder" XDG_RUNTIME_DIR="$folder" WLR_BACKENDS=headless \
     WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman "${as[@]}" sway -c "$folder/config"
   vd_wait 10 vd_has_socket "$folder" || { vd_fail "sway did not start: $(tail -n 1 "$vd_folder/compositor.log")"; return 1; }
-  SWAYSOCK=$(ls "$folder"/sway-ipc.*)
-  export SWAYSOCK
-  # A test's own process has no windows here.
+  # The toolkit has no windows of its own here.
   export WAYLAND_DISPLAY=$folder/wayland-1 XDG_SESSION_TYPE=wayland QT_QPA_PLATFORM=offscreen
   unset DISPLAY
 }
