@@ -57,7 +57,8 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
   const fs::path zoneFile = zone.empty()          ? fs::path("/etc/localtime")
                             : zone.front() == '/' ? fs::path(zone)
                                                   : fs::path();
-  const std::string display = text("DISPLAY"), platform = text("QT_QPA_PLATFORM");
+  const std::string display = text("DISPLAY"), platform = text("QT_QPA_PLATFORM"),
+                    waylandDisplay = text("WAYLAND_DISPLAY");
   return {.surroundings =
               {.home = home,
                .dataFolder = folder(text("XDG_DATA_HOME"), home / ".local/share") / "Ambrel",
@@ -73,8 +74,9 @@ Environment environmentOf(const std::function<const char*(const char*)>& variabl
                .tool = {}},
           .zoneFile = zoneFile,
           .display = display,
-          .hasDisplay = !display.empty() || platform.starts_with("offscreen"),
-          .choosesPlatform = !platform.empty(),
+          .waylandDisplay = waylandDisplay,
+          .hasDisplay = !display.empty() || !waylandDisplay.empty() || platform.starts_with("offscreen"),
+          .choosesPlatform = !platform.empty() && !platform.starts_with("wayland"),
           .hasLongTexts = !text("TILEBAY_LONG_TEXTS").empty(),
           .choosesRenderer = !text("QT_QUICK_BACKEND").empty() || !text("QSG_RHI_BACKEND").empty(),
           .takesGTKTheme = takesGTKTheme(text("QT_QPA_PLATFORMTHEME") + ':' + text("XDG_CURRENT_DESKTOP") + ':' +

@@ -12,9 +12,10 @@ struct Environment {
   Surroundings surroundings;
   // The link that names the zone, /etc/localtime or a path that TZ holds; empty when TZ names the zone itself.
   std::filesystem::path zoneFile;
-  std::string display;
+  std::string display, waylandDisplay;
   bool hasDisplay = false;
-  // The user has chosen the toolkit's platform (QT_QPA_PLATFORM).
+  // The user has chosen the toolkit's platform (QT_QPA_PLATFORM). Many choose Wayland for all programs; whether the bar
+  // can do with it is for the program to find out.
   bool choosesPlatform = false;
   // Texts are made longer, to see whether they have room (TILEBAY_LONG_TEXTS).
   bool hasLongTexts = false;

@@ -5,6 +5,7 @@
 #include <QTextStream>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <unistd.h>
 
 #include "app/AppDelegate.h"
@@ -15,6 +16,7 @@
 #include "app/kit/LongTexts.h"
 #include "core/settings/PersonalData.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/wayland/WaylandWindows.h"
 
 namespace ambrel {
 namespace {
@@ -57,7 +59,8 @@ int main(int argc, char** argv) {
     return 1;
   }
   // The toolkit ends the process with a signal when it finds no display; say it in words.
-  if (!environment.hasDisplay) {
+  const bool isNative = canHaveWaylandWindows(environment.waylandDisplay);
+  if (!environment.hasDisplay || (environment.display.empty() && !environment.choosesPlatform && !isNative)) {
     std::fputs("tilebay: there is no display (DISPLAY is not set); script/run starts a virtual one\n", stderr);
     return 1;
   }
@@ -65,14 +68,19 @@ int main(int argc, char** argv) {
   // Drawn by the processor: a bar of this size costs a third of what a graphics stack does, in memory and at rest.
   if (!environment.choosesRenderer) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   // Choices of ours that the programs we start are not to inherit; what the user has set stays.
-  std::vector<const char*> ours;
-  const auto choose = [&](const char* variable, const char* value) {
-    if (!qEnvironmentVariableIsEmpty(variable)) return;
+  std::map<const char*, QByteArray> before;
+  const auto set = [&](const char* variable, const char* value) {
+    before[variable] = qgetenv(variable);
     qputenv(variable, value);
-    ours.push_back(variable);
   };
-  // Under Wayland through XWayland: only X11 lets a program place its windows and watch the pointer.
-  if (!environment.choosesPlatform) choose("QT_QPA_PLATFORM", "xcb");
+  const auto choose = [&](const char* variable, const char* value) {
+    if (qEnvironmentVariableIsEmpty(variable)) set(variable, value);
+  };
+  // A compositor that lets a program place its windows is asked to; in any other session of Wayland they go through
+  // XWayland. The toolkit takes the second where it lacks the plug-in of the first.
+  if (!environment.choosesPlatform) set("QT_QPA_PLATFORM", isNative ? "wayland;xcb" : "xcb");
+  // Where a window is, is what we say.
+  choose("QT_WAYLAND_DISABLE_FIXED_POSITIONS", "1");
   // What changes at rest is a few kilobytes of pixels. Through the socket they cost less than shared memory, of which
   // each frame asks the server whether it is free again.
   choose("QT_XCB_NO_MITSHM", "1");
@@ -81,7 +89,7 @@ int main(int argc, char** argv) {
   QQuickWindow::setDefaultAlphaBuffer(true);
   QApplication::setDesktopFileName(QStringLiteral("tilebay"));
   QApplication application(argc, argv);
-  for (const char* variable : ours) qunsetenv(variable);
+  for (const auto& [variable, value] : before) value.isNull() ? qunsetenv(variable) : qputenv(variable, value);
   LongTexts longTexts;
   if (environment.hasLongTexts) QCoreApplication::installTranslator(&longTexts);
   QApplication::setApplicationName(QStringLiteral("tilebay"));

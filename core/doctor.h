@@ -57,6 +57,9 @@ struct DoctorFacts {
     bool hasTray = false;  // of the older kind, which embeds windows
   };
   std::optional<X11> x11;  // absent when no server answers
+  // What a Wayland compositor offers ("zwlr_layer_shell_v1"); absent when none answers.
+  std::optional<std::set<std::string>> compositor;
+  bool canUseLayerShell = false;  // this build can
 
   struct Bus {
     std::set<std::string> owned;      // names that somebody has

@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <poll.h>
 #include <systemd/sd-bus.h>
+#include <wayland-client.h>
 #include <xcb/xcb.h>
 
 namespace ambrel {
@@ -90,6 +92,40 @@ std::optional<DoctorFacts::X11> askWindowSystem(const std::string& display) {
   return DoctorFacts::X11{.windowManager = windowManagerOf(server),
                           .hasCompositor = server.isOwned("_NET_WM_CM_S" + screen),
                           .hasTray = server.isOwned("_NET_SYSTEM_TRAY_S" + screen)};
+}
+
+std::optional<std::set<std::string>> askCompositor(const std::string& display) {
+  if (display.empty()) return std::nullopt;
+  struct Disconnected {
+    void operator()(wl_display* connected) const { wl_display_disconnect(connected); }
+  };
+  const std::unique_ptr<wl_display, Disconnected> connected(wl_display_connect(display.c_str()));
+  if (!connected) return std::nullopt;
+  struct Answer {
+    std::set<std::string> interfaces;
+    bool isWhole = false;
+  } answer;
+  wl_registry* const registry = wl_display_get_registry(connected.get());
+  static constexpr wl_registry_listener listener{
+      .global = [](void* data, wl_registry*, std::uint32_t, const char* interface,
+                   std::uint32_t) { static_cast<Answer*>(data)->interfaces.emplace(interface); },
+      .global_remove = [](void*, wl_registry*, std::uint32_t) {},
+  };
+  wl_registry_add_listener(registry, &listener, &answer);
+  wl_callback* const end = wl_display_sync(connected.get());
+  static constexpr wl_callback_listener atEnd{
+      .done = [](void* data, wl_callback*, std::uint32_t) { static_cast<Answer*>(data)->isWhole = true; }};
+  wl_callback_add_listener(end, &atEnd, &answer);
+  // One that hangs is none.
+  constexpr int patience = 1000;  // milliseconds
+  while (!answer.isWhole) {
+    wl_display_flush(connected.get());
+    pollfd file{wl_display_get_fd(connected.get()), POLLIN, 0};
+    if (poll(&file, 1, patience) <= 0 || wl_display_dispatch(connected.get()) < 0) break;
+  }
+  wl_callback_destroy(end);
+  wl_registry_destroy(registry);
+  return answer.isWhole ? std::optional(std::move(answer.interfaces)) : std::nullopt;
 }
 
 std::optional<DoctorFacts::Bus> askBus(BusKind kind) {

@@ -9,12 +9,15 @@
 
 namespace ambrel {
 
+// Where the pointer is when it is known alone that it is over no window of ours.
+inline constexpr Point beyondAllScreens{-1e6, -1e6};
+
 class PointerMonitor {
  public:
   virtual ~PointerMonitor() = default;
 
-  // With y upwards, wherever on the desktop the pointer is; absent when it cannot be told. Beyond all screens when it
-  // is known alone that it is over no window of ours.
+  // With y upwards, wherever on the desktop the pointer is; absent when it cannot be told; `beyondAllScreens` where
+  // it can be told over windows of ours alone.
   virtual std::optional<Point> location() const = 0;
 
   // Whether a button is held down.

@@ -34,6 +34,10 @@ class WindowStyle {
   // The user is done with a window that stays on the screen: the window that had the keyboard before gets it back.
   virtual void giveBack(QWindow& window) = 0;
 
+  // Whether an ordinary window is where the program puts it. Where it is not, the window has no room for a shadow
+  // around its frame, and the toolkit is asked to move it.
+  virtual bool placesWindows() const = 0;
+
   // Whether windows may be translucent. Without a compositor what is meant to be clear is black.
   virtual bool isCompositing() const = 0;
   // `handler` is called on the main thread when a compositor has come or gone.

@@ -25,7 +25,7 @@ constexpr std::chrono::milliseconds frameCheckDelay{150};
 FramedWindow::FramedWindow(QQmlEngine& engine, WindowStyle& style, const QString& title, QSize size, QSize smallest)
     : ClearWindow(engine, style, WindowRole::window), smallest_(smallest) {
   setTitle(title);
-  margin_ = style_.isCompositing() ? shadowMargin : 0;
+  margin_ = castsShadow() ? shadowMargin : 0;
   // The frame is never larger than the screen, however small or scaled that is; the shadow may be.
   const QSize room = screen()->availableSize();
   smallest_ = smallest_.boundedTo(room);
@@ -54,15 +54,22 @@ void FramedWindow::toggleMaximized() {
     showMaximized();
 }
 
+bool FramedWindow::castsShadow() const { return style_.isCompositing() && style_.placesWindows(); }
+
 void FramedWindow::startMove() {
-  if (!isFilling_)
+  if (!style_.placesWindows())
+    startSystemMove();
+  else if (!isFilling_)
     drag_ = {{}, geometry()};
   else if (style_.isPressed() && startSystemMove())
     release_.start();
 }
 
 void FramedWindow::startResize(int edges) {
-  if (!isFilling_) drag_ = {Qt::Edges(edges), geometry()};
+  if (!style_.placesWindows())
+    startSystemResize(Qt::Edges(edges));
+  else if (!isFilling_)
+    drag_ = {Qt::Edges(edges), geometry()};
 }
 
 void FramedWindow::follow(QPoint pointer) {
@@ -129,7 +136,7 @@ void FramedWindow::exposeEvent(QExposeEvent* event) {
 
 void FramedWindow::updateFrame() {
   isFilling_ = windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen);
-  const int before = std::exchange(margin_, !isSquare() && style_.isCompositing() ? shadowMargin : 0);
+  const int before = std::exchange(margin_, !isSquare() && castsShadow() ? shadowMargin : 0);
   setMinimumSize(smallest_.grownBy({margin_, margin_, margin_, margin_}));
   // What is inside stays where it is.
   if (const int less = before - margin_; less != 0 && !isFilling_ && isFramed_)

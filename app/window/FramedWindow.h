@@ -53,6 +53,7 @@ class FramedWindow : public ClearWindow {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  bool castsShadow() const;
   void updateFrame();
   void updateShape();
   void follow(QPoint pointer);

@@ -1,6 +1,7 @@
 #include "core/base/SentLine.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 #include <utility>

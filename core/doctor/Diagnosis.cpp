@@ -35,23 +35,51 @@ DoctorRow program(const DoctorFacts& facts) {
   return {"Tilebay", found, facts.version + ", " + origin, {}};
 }
 
+bool offers(const DoctorFacts& facts, const char* interface) {
+  return facts.compositor && facts.compositor->contains(interface);
+}
+
+bool isNativeOnWayland(const DoctorFacts& facts) {
+  return facts.canUseLayerShell && offers(facts, "zwlr_layer_shell_v1");
+}
+
 DoctorRow session(const DoctorFacts& facts) {
   const std::string desktop = facts.desktop.empty() ? "" : ", " + facts.desktop;
+  if (isNativeOnWayland(facts)) return {"Session", found, "Wayland" + desktop, {}};
   if (facts.display.empty())
     return {"Session", missing, "no display" + desktop,
             "The bar needs an X server or XWayland: start it in a desktop session"};
   if (!facts.x11)
     return {"Session", missing, "the X server " + facts.display + " does not answer",
             "Look at DISPLAY and XAUTHORITY in the environment of this command"};
-  if (facts.sessionType == "wayland")
-    return {
-        "Session", limited, "Wayland, through XWayland" + desktop,
-        "Bind the commands of tilebay --help to keys in the desktop's own settings; captures go through the portal"};
+  if (facts.sessionType == "wayland") {
+    if (offers(facts, "zwlr_layer_shell_v1"))
+      return {"Session", limited, "Wayland, through XWayland: built without LayerShellQt" + desktop,
+              "Debian 13 has LayerShellQt for Qt 6, and its package of Tilebay is built with it"};
+    // GNOME's is one of them.
+    return {"Session", limited,
+            "Wayland, through XWayland: this compositor gives no program a place at its edges" + desktop, ""};
+  }
   return {"Session", found, "X11" + desktop, {}};
 }
 
+void addCompositor(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
+  if (!facts.compositor) return;
+  const auto add = [&](std::string what, bool isOffered, std::string with, std::string without) {
+    rows.push_back(
+        {std::move(what), isOffered ? found : limited, isOffered ? std::move(with) : std::move(without), {}});
+  };
+  add("Copies", offers(facts, "ext_data_control_manager_v1") || offers(facts, "zwlr_data_control_manager_v1"),
+      "the compositor tells of them", "seen only while a program of X11 has the keyboard");
+  add("Other windows", offers(facts, "zwlr_foreign_toplevel_manager_v1"), "the compositor lists them",
+      "which of them is in front is not known, and none can be brought forward");
+  rows.push_back({"Keys", limited, "the compositor owns them",
+                  "Bind the commands of tilebay --help to keys in the desktop's own settings"});
+}
+
 void addWindowSystem(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
-  if (!facts.x11) return;
+  addCompositor(facts, rows);
+  if (!facts.x11 || isNativeOnWayland(facts)) return;
   rows.push_back(row("Window manager", !facts.x11->windowManager.empty(), facts.x11->windowManager,
                      "panels do not get the keyboard", "Start one, such as openbox"));
   rows.push_back(row("Compositor", facts.x11->hasCompositor, "translucent windows",

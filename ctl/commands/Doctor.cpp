@@ -18,6 +18,8 @@ DoctorFacts gathered(const Context& context) {
                     .desktop = environmentVariable("XDG_CURRENT_DESKTOP"),
                     .display = environmentVariable("DISPLAY"),
                     .x11 = askWindowSystem(environmentVariable("DISPLAY")),
+                    .compositor = askCompositor(environmentVariable("WAYLAND_DISPLAY")),
+                    .canUseLayerShell = AMBREL_HAS_LAYER_SHELL,
                     .sessionBus = askBus(BusKind::session),
                     .systemBus = askBus(BusKind::system),
                     .places = hookPlaces(context),

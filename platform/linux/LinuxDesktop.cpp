@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxDesktop.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <unistd.h>
 
 #include "platform/linux/CanberraSounds.h"
@@ -36,6 +36,7 @@
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
 #include "platform/wayland/WaylandPasteboard.h"
+#include "platform/wayland/WaylandWindows.h"
 #include "platform/wayland/WaylandWorkspace.h"
 
 namespace ambrel {
@@ -65,24 +66,33 @@ class NoPasteboard : public Pasteboard {
 // Empty where this is no Wayland session.
 std::string waylandDisplay() { return qgetenv("WAYLAND_DISPLAY").toStdString(); }
 
+// The windows by X11 unless the toolkit runs on Wayland.
+WaylandWindows openWindows(X11Connection* connection) {
+  if (auto native = openWaylandWindows()) return std::move(*native);
+  return {std::make_unique<X11Screens>(connection), std::make_unique<X11Pointer>(connection),
+          std::make_unique<X11WindowStyle>(connection)};
+}
+
+bool isOnWayland() { return QGuiApplication::platformName() == QLatin1String("wayland"); }
+
 std::unique_ptr<Pasteboard> openPasteboard(const std::string& display) {
   const auto post = [](std::function<void()> task) {
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
   };
-  if (display.empty()) return std::make_unique<NoPasteboard>();
+  if (display.empty() && !isOnWayland()) return std::make_unique<NoPasteboard>();
   // In a Wayland session the X server is a guest: it hears of a copy only while one of its windows has the keyboard.
   if (const std::string compositor = waylandDisplay(); !compositor.empty()) {
     if (auto pasteboard = openWaylandPasteboard(compositor, post)) return pasteboard;
     qWarning("Ambrel: this compositor shows no copies; they are seen while a program of X11 has the keyboard");
   }
-  if (auto pasteboard = openX11Pasteboard(display, post)) return pasteboard;
+  if (auto pasteboard = display.empty() ? nullptr : openX11Pasteboard(display, post)) return pasteboard;
   return std::make_unique<NoPasteboard>();
 }
 
 std::unique_ptr<Workspace> openWorkspace(X11Connection* connection) {
   auto x11 = std::make_unique<X11Workspace>(connection, "/proc", ProgramFolders::ofThisSession());
   const std::string compositor = waylandDisplay();
-  if (!connection || compositor.empty()) return x11;
+  if ((!connection && !isOnWayland()) || compositor.empty()) return x11;
   return withWaylandWindows(compositor, std::move(x11), ProgramFolders::ofThisSession());
 }
 
@@ -101,9 +111,7 @@ struct LinuxDesktop::Parts {
       : connection(display.empty() ? nullptr : X11Connection::open(display)),
         bus(openSessionBus()),
         systemBus(openSystemBus()),
-        pointer(connection.get()),
-        screens(connection.get()),
-        windowStyle(connection.get()),
+        windows(openWindows(connection.get())),
         theme(connection.get()),
         workspace(openWorkspace(connection.get())),
         hotKeys(connection.get()),
@@ -123,9 +131,7 @@ struct LinuxDesktop::Parts {
 
   std::unique_ptr<X11Connection> connection;
   QDBusConnection bus, systemBus;
-  X11Pointer pointer;
-  X11Screens screens;
-  X11WindowStyle windowStyle;
+  WaylandWindows windows;
   X11DesktopTheme theme;
   std::unique_ptr<Workspace> workspace;
   X11HotKeys hotKeys;
@@ -158,9 +164,9 @@ LinuxDesktop::LinuxDesktop(const std::string& display, const std::string& dataHo
 LinuxDesktop::~LinuxDesktop() = default;
 
 Desktop LinuxDesktop::seams() {
-  return {.pointer = parts_->pointer,
-          .screens = parts_->screens,
-          .windowStyle = parts_->windowStyle,
+  return {.pointer = *parts_->windows.pointer,
+          .screens = *parts_->windows.screens,
+          .windowStyle = *parts_->windows.windowStyle,
           .theme = parts_->theme,
           .workspace = *parts_->workspace,
           .hotKeys = parts_->hotKeys,

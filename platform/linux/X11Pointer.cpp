@@ -2,12 +2,12 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QPainter>
-#include <QRasterWindow>
 #include <QScreen>
 #include <string_view>
 #include <utility>
 #include <xcb/xinput.h>
+
+#include "platform/linux/ClearStrip.h"
 
 namespace ambrel {
 namespace {
@@ -23,9 +23,6 @@ std::uint8_t rawMotionExtension(X11Connection& connection) {
   connection.repliesWereRead();
   return version && version->major_version >= 2 ? extension->major_opcode : std::uint8_t{0};
 }
-
-// Beyond all screens.
-constexpr Point elsewhere{-1e6, -1e6};
 
 // Servers before 23.1 have no extension to say so; their outputs have its name.
 bool isGuestOfWayland(X11Connection& connection) {
@@ -43,26 +40,9 @@ double mainHeight() {
   return frame.y() + frame.height();
 }
 
+QRect toQRect(const Rect& rect) { return QRectF(rect.x, rect.y, rect.width, rect.height).toAlignedRect(); }
+
 }  // namespace
-
-class X11Pointer::Strip : public QRasterWindow {
- public:
-  explicit Strip(const QRect& place) {
-    setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus);
-    QSurfaceFormat clear = format();
-    clear.setAlphaBufferSize(8);
-    setFormat(clear);
-    setGeometry(place);
-    show();
-  }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Clear);
-    painter.fillRect(QRect({}, size()), Qt::transparent);
-  }
-};
 
 X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
   if (!connection_) return;
@@ -97,7 +77,7 @@ X11Pointer::~X11Pointer() = default;
 
 std::optional<Point> X11Pointer::location() const {
   if (!connection_ || connection_->isBroken() || !QGuiApplication::primaryScreen()) return std::nullopt;
-  if (isElsewhere_) return elsewhere;
+  if (isElsewhere_) return beyondAllScreens;
   const QPoint position = QCursor::pos();
   return flipped(Point{double(position.x()), double(position.y())}, mainHeight());
 }
@@ -106,9 +86,11 @@ void X11Pointer::setStrips(std::vector<Rect> strips) {
   if (!isGuest_ || strips == strips_ || !QGuiApplication::primaryScreen()) return;
   strips_ = std::move(strips);
   windows_.clear();
+  constexpr Qt::WindowFlags flags =
+      Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus;
   for (const Rect& strip : strips_) {
-    const Rect place = flipped(strip, mainHeight());
-    windows_.push_back(std::make_unique<Strip>(QRectF(place.x, place.y, place.width, place.height).toAlignedRect()));
+    windows_.push_back(std::make_unique<ClearStrip>(flags, toQRect(flipped(strip, mainHeight()))));
+    windows_.back()->show();
   }
 }
 

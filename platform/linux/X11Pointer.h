@@ -14,6 +14,8 @@
 
 namespace ambrel {
 
+class ClearStrip;
+
 class X11Pointer : public PointerMonitor {
  public:
   // Without a connection nothing is available.
@@ -28,8 +30,6 @@ class X11Pointer : public PointerMonitor {
   void stopWaiting() override;
 
  private:
-  class Strip;
-
   // To what is waited for.
   void listen();
 
@@ -38,7 +38,7 @@ class X11Pointer : public PointerMonitor {
   bool isGuest_ = false;
   bool isElsewhere_ = false;  // it has left the windows of X11
   std::vector<Rect> strips_;
-  std::vector<std::unique_ptr<Strip>> windows_;
+  std::vector<std::unique_ptr<ClearStrip>> windows_;
   std::function<void()> onMove_, onPress_;
   X11Watch watch_;
 };

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <xcb/randr.h>
 
-#include "core/base/Text.h"
 #include "core/workspace/Struts.h"
 
 namespace ambrel {
@@ -28,32 +27,9 @@ std::pair<double, double> desktopSize(X11Connection* connection) {
   return {geometry->width, geometry->height};
 }
 
-double lowerEdgeOf(const QScreen* main) { return main->geometry().y() + main->geometry().height(); }
-
-Rect rectOf(const QRect& rect) {
-  return {double(rect.x()), double(rect.y()), double(rect.width()), double(rect.height())};
-}
-
 }  // namespace
 
-double X11Screens::mainHeight() const {
-  const QScreen* main = QGuiApplication::primaryScreen();
-  return main ? lowerEdgeOf(main) : 0;
-}
-
-bool isBuiltinConnector(const std::string& name) {
-  const std::string lower = asciiLower(name);
-  return lower.starts_with("edp") || lower.starts_with("lvds") || lower.starts_with("dsi");
-}
-
 X11Screens::X11Screens(X11Connection* connection) : connection_(connection) {
-  for (QScreen* screen : QGuiApplication::screens()) follow(screen);
-  connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
-    follow(screen);
-    plan();
-  });
-  connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Screens::plan);
-  connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Screens::plan);
   if (connection_) {
     const auto* extension = xcb_get_extension_data(connection_->xcb(), &xcb_randr_id);
     if (extension && extension->present) {
@@ -63,28 +39,7 @@ X11Screens::X11Screens(X11Connection* connection) : connection_(connection) {
     }
     panels_ = std::make_unique<X11Panels>(*connection_, [this] { plan(); });
   }
-  list_ = read();
-}
-
-void X11Screens::follow(QScreen* screen) {
-  connect(screen, &QScreen::geometryChanged, this, &X11Screens::plan);
-  connect(screen, &QScreen::availableGeometryChanged, this, &X11Screens::plan);
-  connect(screen, &QScreen::physicalDotsPerInchChanged, this, &X11Screens::plan);
-}
-
-// Changes come in bursts, and while they are being announced the toolkit's list is half old.
-void X11Screens::plan() {
-  if (std::exchange(isPlanned_, true)) return;
-  QMetaObject::invokeMethod(
-      this, [this] { refresh(); }, Qt::QueuedConnection);
-}
-
-void X11Screens::refresh() {
-  isPlanned_ = false;
-  auto list = read();
-  if (list == list_) return;
-  list_ = std::move(list);
-  if (handler_) handler_();
+  begin();
 }
 
 // When the last screen goes, the toolkit keeps a stand-in for it.
@@ -115,54 +70,32 @@ std::vector<Rect> X11Screens::workAreas() const {
   return areas;
 }
 
-std::vector<ScreenInfo> X11Screens::read() {
-  std::vector<ScreenInfo> list;
-  QList<QScreen*> screens = QGuiApplication::screens();
-  QScreen* main = QGuiApplication::primaryScreen();
-  const bool hasServer = connection_ && !connection_->isBroken();
-  if (!main || (hasServer && !hasMonitors())) return list;
-  std::ranges::stable_partition(screens, [main](const QScreen* screen) { return screen == main; });
+bool X11Screens::look(const QList<QScreen*>& screens) {
+  if (!connection_ || connection_->isBroken()) return true;
+  if (!hasMonitors()) return false;
+  std::vector<X11Panels::Screen> frames;
+  for (const QScreen* screen : screens) frames.push_back({screen->name().toStdString(), pixelsOf(*screen)});
+  panels_->read(frames);
+  workAreas_ = workAreas();
+  return true;
+}
 
-  std::vector<Strut> struts;
-  std::vector<Rect> areas;
-  if (hasServer) {
-    std::vector<X11Panels::Screen> frames;
-    for (const QScreen* screen : screens) frames.push_back({screen->name().toStdString(), pixelsOf(*screen)});
-    panels_->read(frames);
-    struts = panels_->struts();
-    areas = workAreas();
-  }
+Insets X11Screens::reservedOn(const QScreen& screen, ScreenInfo& info) {
   const auto [desktopWidth, desktopHeight] = desktopSize(connection_);
-  const double lowerEdge = lowerEdgeOf(main);
-  for (const QScreen* screen : screens) {
-    const QRect frame = screen->geometry();
-    const double scale = screen->devicePixelRatio();
-    ScreenInfo info;
-    info.name = screen->name().toStdString();
-    Insets insets;
-    if (desktopWidth > 0) {
-      const Rect pixels = pixelsOf(*screen);
-      insets = reservedEdges(pixels, desktopWidth, desktopHeight, struts);
-      for (const Rect& area : areas) insets = combined(insets, outsideWorkArea(pixels, area));
-      if (const auto dock = panels_->dockAt(info.name)) {
-        info.hidingDockHeight = dock->height / scale;
-        if (dock->isOut) insets.bottom = std::max(insets.bottom, dock->height);
-      }
-    } else {
-      const QRect free = screen->availableGeometry();
-      insets = {(free.left() - frame.left()) * scale, (free.top() - frame.top()) * scale,
-                (frame.right() - free.right()) * scale, (frame.bottom() - free.bottom()) * scale};
-    }
-    const Rect logical = rectOf(frame);
-    const Rect visible{logical.x + insets.left / scale, logical.y + insets.top / scale,
-                       logical.width - (insets.left + insets.right) / scale,
-                       logical.height - (insets.top + insets.bottom) / scale};
-    info.frame = flipped(logical, lowerEdge);
-    info.visibleFrame = flipped(visible, lowerEdge);
-    info.isBuiltin = isBuiltinConnector(info.name);
-    list.push_back(std::move(info));
+  if (desktopWidth <= 0) {
+    const QRect frame = screen.geometry(), free = screen.availableGeometry();
+    return {double(free.left() - frame.left()), double(free.top() - frame.top()), double(frame.right() - free.right()),
+            double(frame.bottom() - free.bottom())};
   }
-  return list;
+  const double scale = screen.devicePixelRatio();
+  const Rect pixels = pixelsOf(screen);
+  Insets insets = reservedEdges(pixels, desktopWidth, desktopHeight, panels_->struts());
+  for (const Rect& area : workAreas_) insets = combined(insets, outsideWorkArea(pixels, area));
+  if (const auto dock = panels_->dockAt(info.name)) {
+    info.hidingDockHeight = dock->height / scale;
+    if (dock->isOut) insets.bottom = std::max(insets.bottom, dock->height);
+  }
+  return {insets.left / scale, insets.top / scale, insets.right / scale, insets.bottom / scale};
 }
 
 }  // namespace ambrel

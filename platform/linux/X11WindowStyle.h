@@ -17,6 +17,7 @@ class X11WindowStyle : public WindowStyle {
   void setTakesKeys(QWindow& window, bool takesKeys) override;
   void activate(QWindow& window, std::function<void(bool isActive)> done = {}) override;
   void giveBack(QWindow& window) override;
+  bool placesWindows() const override { return true; }
   bool isCompositing() const override { return isCompositing_; }
   void setCompositingHandler(std::function<void(bool isCompositing)> handler) override;
   void setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) override;

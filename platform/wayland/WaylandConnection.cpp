@@ -34,6 +34,10 @@ WaylandConnection::~WaylandConnection() {
   wl_display_disconnect(display_);
 }
 
+bool WaylandConnection::offers(std::string_view interface) const {
+  return std::ranges::find(globals_, interface, &Global::interface) != globals_.end();
+}
+
 void* WaylandConnection::bind(const wl_interface& interface, std::uint32_t version) {
   const auto global = std::ranges::find(globals_, interface.name, &Global::interface);
   if (global == globals_.end()) return nullptr;

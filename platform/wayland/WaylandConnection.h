@@ -32,6 +32,7 @@ class WaylandConnection {
   // Can be read when the compositor has sent something.
   int descriptor() const { return wl_display_get_fd(display_); }
 
+  bool offers(std::string_view interface) const;
   // Binds the first object with this interface; null when the compositor has none. At most `version`.
   void* bind(const wl_interface& interface, std::uint32_t version);
 

@@ -223,6 +223,7 @@ class FakeWindowStyle : public WindowStyle {
     if (done) done(grantsKeys);
   }
   void giveBack(QWindow& window) override { givenBack.push_back(&window); }
+  bool placesWindows() const override { return placing; }
   bool isCompositing() const override { return compositing; }
   void setCompositingHandler(std::function<void(bool)> handler) override { handler_ = std::move(handler); }
   void setRoundedMask(QWindow&, double x, double y, double width, double height, double radius) override {
@@ -242,6 +243,7 @@ class FakeWindowStyle : public WindowStyle {
     if (handler_) handler_(is);
   }
 
+  bool placing = true;
   bool compositing = true;
   bool grantsKeys = true;
   std::vector<QWindow*> givenBack;

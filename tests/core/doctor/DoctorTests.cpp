@@ -103,7 +103,15 @@ TEST_F(Doctor, WaylandIsALimitAndADeadServerIsNone) {
   facts_.x11->hasTray = true;
   EXPECT_EQ(state("Tray"), DoctorState::found);
   facts_.sessionType = "wayland";
-  EXPECT_EQ(state("Session"), DoctorState::limited);
+  facts_.compositor = {"wl_seat"};
+  EXPECT_THAT(row("Session").detail, HasSubstr("gives no program a place"));
+  EXPECT_EQ(state("Copies"), DoctorState::limited);
+  facts_.compositor->insert({"zwlr_layer_shell_v1", "ext_data_control_manager_v1"});
+  EXPECT_THAT(row("Session").detail, HasSubstr("without LayerShellQt"));
+  EXPECT_EQ(state("Copies"), DoctorState::found);
+  facts_.canUseLayerShell = true;
+  facts_.display.clear();
+  EXPECT_EQ(state("Session"), DoctorState::found);
 }
 
 TEST_F(Doctor, FilesTellOfAgentsFontsServersAndMistakes) {
