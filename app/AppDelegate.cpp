@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/agents/ProgramIcons.h"
+#include "app/base/Background.h"
 #include "app/base/ItemMaker.h"
 #include "app/base/Log.h"
 #include "app/base/QmlObjects.h"
@@ -17,6 +18,7 @@
 #include "app/kit/Theme.h"
 #include "app/model/SettingValue.h"
 #include "core/base/Overloaded.h"
+#include "core/base/StoredFile.h"
 
 namespace ambrel {
 namespace {
@@ -122,6 +124,13 @@ void AppDelegate::every(Seconds interval, std::function<void()> action) {
 }
 
 void AppDelegate::launch() {
+  const Background background = makeBackground(*this);
+  background(
+      [data = surroundings_.dataFolder, choices = surroundings_.defaultsFile.parent_path()] {
+        sweepLeftovers(data);
+        sweepLeftovers(choices);
+      },
+      [] {});
   followLicense();
   followWidgets();
   for (Area* area : areas_) area->tick(surroundings_.now());

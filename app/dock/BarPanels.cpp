@@ -34,6 +34,7 @@ DockPopoverController& BarPanels::named(const QString& name, const QString& modu
         engine_, context_, style_, later_,
         PanelContent{.source = source, .models = context_.modelsFor(context_.area(module)), .properties = properties});
     connect(panel.get(), &DockPopoverController::shownChanged, this, &BarPanels::changed);
+    connect(panel.get(), &DockPopoverController::closed, this, [this, closed = panel.get()] { keep(*closed); });
     connect(panel.get(), &DockPopoverController::shownChanged, this, [this, shown = panel.get()] {
       if (shown->isShown() || !returnsKeyboard_) return;
       // A panel that was left for another window has lost the keyboard already.
@@ -45,6 +46,14 @@ DockPopoverController& BarPanels::named(const QString& name, const QString& modu
     });
   }
   return *panel;
+}
+
+// A walk along the bar would have a dozen of them in memory before the first one's time is over.
+void BarPanels::keep(DockPopoverController& closed) {
+  constexpr std::size_t mostKept = 2;
+  std::erase(kept_, &closed);
+  kept_.insert(kept_.begin(), &closed);
+  for (; kept_.size() > mostKept; kept_.pop_back()) kept_.back()->discard();
 }
 
 void BarPanels::openPanel(const QString& widget, const QString& item, const QUrl& source,

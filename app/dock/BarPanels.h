@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "app/dock/DockPopoverController.h"
 
@@ -47,6 +48,7 @@ class BarPanels : public QObject {
  private:
   DockPopoverController& named(const QString& name, const QString& module, const QUrl& source,
                                const QVariantMap& properties);
+  void keep(DockPopoverController& closed);
   void openPanel(const QString& widget, const QString& item, const QUrl& source, const QVariantMap& properties);
   void openTileMenu(const QString& item, const QString& ownText, const QString& ownSymbol);
 
@@ -58,6 +60,7 @@ class BarPanels : public QObject {
   bool returnsKeyboard_ = false;
   QString item_;  // the slot of the panel that was opened last
   std::map<QString, std::unique_ptr<DockPopoverController>> panels_;
+  std::vector<DockPopoverController*> kept_;  // of those that closed, the newest first
 };
 
 }  // namespace ambrel

@@ -26,16 +26,22 @@ DockPopoverController::DockPopoverController(QQmlEngine& engine, WidgetContext& 
     window_->hide();
     later_(keptFor, [this, generation = presentation_.generation()] {
       if (generation != presentation_.generation() || isShown()) return;
-      item_.reset();
-      window_.reset();
+      discard();
       forgetUnused(engine_);
     });
+    Q_EMIT closed();
   });
 }
 
 DockPopoverController::~DockPopoverController() = default;
 
 QWindow* DockPopoverController::window() const { return window_.get(); }
+
+void DockPopoverController::discard() {
+  if (isShown()) return;
+  item_.reset();
+  window_.reset();
+}
 
 void DockPopoverController::makeWindow() {
   QVariantMap properties = content_.properties;

@@ -46,6 +46,8 @@ class DockPopoverController : public QObject {
   void place(const PanelAnchor& anchor);
   void close();
   void toggle(const PanelAnchor& anchor);
+  // Frees what a closed one is kept for.
+  void discard();
 
   // Whether it stays when another window takes the keyboard, until its content asks to be closed. Before the first
   // opening.
@@ -61,6 +63,8 @@ class DockPopoverController : public QObject {
 
  Q_SIGNALS:
   void shownChanged();
+  // It is off the screen.
+  void closed();
 
  private:
   void makeWindow();

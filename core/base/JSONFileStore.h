@@ -21,9 +21,11 @@ struct JSONFileStore {
     removeLeftovers(url);
     if (!std::filesystem::exists(std::filesystem::symlink_status(url))) return std::nullopt;
     errno = 0;
-    const auto bytes = readFile(url);
+    auto bytes = readFile(url);
     if (!bytes) throw FileError("cannot read", url, errno == 0 ? EINVAL : errno);
     const auto json = parseJSON(*bytes);
+    // The text of a long history need not stay beside its tree and its records.
+    bytes.reset();
     if (!json) throw DecodingError("not a JSON document: " + url.string());
     try {
       return json->template get<Value>();

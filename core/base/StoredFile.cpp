@@ -1,5 +1,6 @@
 #include "core/base/StoredFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -10,17 +11,30 @@
 namespace ambrel {
 namespace {
 
+constexpr std::size_t randomLength = 6;
+
+bool isLeftover(std::string_view name) {
+  constexpr auto isRandom = [](char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+  };
+  return name.size() > randomLength + 2 && name.front() == '.' && name[name.size() - randomLength - 1] == '.' &&
+         std::ranges::all_of(name.substr(name.size() - randomLength), isRandom);
+}
+
+// A write that is under way has its file locked.
+void removeUnlocked(const std::filesystem::path& path) {
+  const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+  const auto status = file ? fileStatus(file) : std::nullopt;
+  if (status && status->isRegular && flock(file.get(), LOCK_EX | LOCK_NB) == 0) unlink(path.c_str());
+}
+
 void removeLeftoversBeside(const std::filesystem::path& path) {
   const std::string prefix = "." + path.filename().string() + ".";
-  constexpr std::size_t suffixLength = 6;
   const auto folder = path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
   std::error_code error;
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const std::string name = entry->path().filename().string();
-    if (name.size() != prefix.size() + suffixLength || !name.starts_with(prefix)) continue;
-    const FileDescriptor file(open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
-    const auto status = file ? fileStatus(file) : std::nullopt;
-    if (status && status->isRegular && flock(file.get(), LOCK_EX | LOCK_NB) == 0) unlink(entry->path().c_str());
+    if (name.size() == prefix.size() + randomLength && name.starts_with(prefix)) removeUnlocked(entry->path());
   }
 }
 
@@ -69,6 +83,13 @@ void removeLeftovers(const std::filesystem::path& path) {
     if (const std::filesystem::path target = linkTarget(path); target != path) removeLeftoversBeside(target);
   } catch (const FileError&) {
   }
+}
+
+void sweepLeftovers(const std::filesystem::path& folder) {
+  std::error_code error;
+  for (std::filesystem::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error))
+    if (isLeftover(entry->path().filename().string())) removeUnlocked(entry->path());
 }
 
 std::optional<FileLock> FileLock::tryAcquire(const std::filesystem::path& path) {

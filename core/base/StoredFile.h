@@ -18,6 +18,9 @@ void appendToFile(const std::filesystem::path& path, std::string_view bytes);
 // keeps its own. Failures are ignored.
 void removeLeftovers(const std::filesystem::path& path);
 
+// The same for every file in a folder and below it, for folders in which nobody else keeps anything.
+void sweepLeftovers(const std::filesystem::path& folder);
+
 // A file that one holder at a time may have, in this process or another. Given back at the end of either.
 class FileLock {
  public:

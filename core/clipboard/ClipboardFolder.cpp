@@ -28,12 +28,6 @@ std::filesystem::path asideName(const std::filesystem::path& library, int number
   return name;
 }
 
-// What an interrupted atomic write leaves beside an image: ".<name>.XXXXXX".
-bool isLeftover(std::string_view name) {
-  constexpr std::size_t length = 1 + digestDigits + imageSuffix.size() + 7;
-  return name.size() == length && name.front() == '.' && isImageName(name.substr(1, digestDigits + imageSuffix.size()));
-}
-
 }  // namespace
 
 std::string imageName(std::string_view png) {
@@ -145,8 +139,7 @@ int ClipboardFolder::sweepOrphans(const std::set<std::string>& used) {
   if (ignored) return 0;
   for (const auto& entry : entries) {
     const std::string name = entry.path().filename().string();
-    const bool isOrphan = isImageName(name) && !used.contains(name);
-    if ((isOrphan || isLeftover(name)) && unlink(entry.path().c_str()) == 0) ++removed;
+    if (isImageName(name) && !used.contains(name) && unlink(entry.path().c_str()) == 0) ++removed;
   }
   return removed;
 }

@@ -50,6 +50,7 @@ class DockPopoverControllerTests : public QObject {
   void escapeAndAClickBesideItCloseIt();
   void itsContentClosesIt();
   void aPanelThatIsLeftLeavesTheKeyboardToOthers();
+  void ofManyThatWereOpenedInTurnTheLastTwoAreKept();
   void aToastStandsAboveTheBarUntilItsTimeIsOver();
 };
 
@@ -169,6 +170,23 @@ void DockPopoverControllerTests::aPanelThatIsLeftLeavesTheKeyboardToOthers() {
   QVERIFY(!menu.isShown());
   QCoreApplication::processEvents();
   QCOMPARE(returns, 1);
+}
+
+void DockPopoverControllerTests::ofManyThatWereOpenedInTurnTheLastTwoAreKept() {
+  Fixture f;
+  BarPanels panels(f.engine, f.context, f.windowStyle, f.steps.later(), [&](const QString&) { return f.anchor; });
+  std::vector<QPointer<QWindow>> windows;
+  for (const char* widget : {"cpu", "memory", "disk"}) {
+    Q_EMIT f.context.openPanel(widget, {}, QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TileMenuView.qml")),
+                               {{QStringLiteral("ownText"), QString()}});
+    windows.emplace_back(f.windowStyle.prepared.back().first);
+    f.pass(1);
+  }
+  QVERIFY(windows[0] && windows[1] && windows[2]);
+  panels.closeAll();
+  f.pass(1);
+  QVERIFY(!windows[0]);
+  QVERIFY(windows[1] && windows[2]);
 }
 
 void DockPopoverControllerTests::aToastStandsAboveTheBarUntilItsTimeIsOver() {

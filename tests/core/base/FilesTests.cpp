@@ -69,6 +69,21 @@ TEST_F(Files, WhatAKilledWriteLeftIsSweptAndOneUnderWayIsNot) {
   EXPECT_EQ(count(at("away")), 1u);
 }
 
+TEST_F(Files, ASweepTakesWhatKilledWritesLeftInOurFoldersAndNothingElse) {
+  for (const char* left : {"own/.a.json.aB3xyZ", "own/Images/.b.png.0Zz9Aa"}) folder_.write(left, "half");
+  for (const char* mine :
+       {"own/a.json", "own/.hidden", "own/.a.json.bak", "own/a.json.aB3xyZ", "own/.aB3xyZ", "away/.c.json.aB3xyZ"})
+    folder_.write(mine, "whole");
+  const auto underWay = FileLock::tryAcquire(folder_.write("own/Images/.d.png.cD4uvW", "writing"));
+  std::filesystem::create_directory_symlink(at("away"), at("own/linked"));
+  std::filesystem::create_symlink(at("own/a.json"), at("own/.link.aB3xyZ"));
+  sweepLeftovers(at("own"));
+  EXPECT_EQ(count(at("own")), 8u);
+  EXPECT_EQ(count(at("own/Images")), 1u);
+  EXPECT_EQ(count(at("away")), 1u);
+  sweepLeftovers(at("missing"));
+}
+
 TEST_F(Files, StatusFollowsLinksAndKnowsTheTimeToTheMicrosecond) {
   const Instant modified = Instant(std::chrono::microseconds(1'800'000'000'123'456));
   const auto file = folder_.write("f", "12345", modified);
