@@ -87,8 +87,15 @@ void BarWindows::followShelf() {
   connect(&areas_.clipboard, &ClipboardArea::shelfAsked, &shelf_, &ShelfPanelController::toggle);
   connect(&areas_.clipboard, &ClipboardArea::pinnedAsked, &shelf_, &ShelfPanelController::copyPinned);
   connect(&shelf_, &ShelfPanelController::shownChanged, wiring_.get(), [this] {
-    if (shelf_.isShown()) panels_.closeAll();
+    if (shelf_.isShown()) {
+      shelfReturnsKeyboard_ = dock_.hasKeyboard() || panels_.returnsKeyboard();
+      panels_.closeAll();
+    }
     panelsChanged();
+  });
+  // A clip that was picked is for another program.
+  connect(&shelf_, &ShelfPanelController::dismissed, wiring_.get(), [this] {
+    if (std::exchange(shelfReturnsKeyboard_, false)) panels_.giveKeyboardBack();
   });
 }
 
