@@ -170,8 +170,13 @@ void BarWindows::followContext() {
 }
 
 void BarWindows::followBubble() {
-  with_.toast.occupied = [this] { return bubble_.presentation().isShown() ? bubble_.placement().frame : QRect(); };
+  with_.toast.occupied = [this] {
+    std::vector<QRect> taken = panels_.frames();
+    if (bubble_.presentation().isShown()) taken.push_back(bubble_.placement().frame);
+    return taken;
+  };
   connect(&bubble_, &BubbleController::placed, &with_.toast, &ToastController::place);
+  connect(&panels_, &BarPanels::placed, &with_.toast, &ToastController::place);
   using Center = BuddyNoticeCenter;
   const auto on = [this](auto signal, auto act) { connect(&areas_.notices(), signal, wiring_.get(), std::move(act)); };
   on(&Center::bubbleChanged, [this] { dock_.holdingChanged(); });

@@ -59,8 +59,12 @@ class DockPopoverController : public QObject {
   // What it shows; null while there is no window.
   QQuickItem* content() const { return item_.get(); }
 
+  // Where the panel is; empty while there is no window.
+  QRect frame() const;
+
  Q_SIGNALS:
   void shownChanged();
+  void placed();
 
  private:
   void makeWindow();

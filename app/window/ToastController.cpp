@@ -72,20 +72,8 @@ void ToastController::place() {
   window_->setCornerRadius(std::min(Theme::radiusBar, size.height() / 2));
   if (above_.isEmpty()) {
     const PanelAnchor anchor = anchor_();
-    QRect frame = panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge);
-    if (const QRect taken = occupied ? occupied() : QRect(); taken.intersects(frame)) {
-      switch (anchor.edge) {
-        case DockEdge::bottom:
-          frame.moveBottom(taken.top() - 1 - panelGap);
-          break;
-        case DockEdge::left:
-          frame.moveLeft(taken.right() + 1 + panelGap);
-          break;
-        case DockEdge::right:
-          frame.moveRight(taken.left() - 1 - panelGap);
-          break;
-      }
-    }
+    const QRect frame = clearOf(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),
+                                occupied ? occupied() : std::vector<QRect>(), anchor.screen, anchor.edge);
     window_->setPanelFrame(frame, roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
     return;
   }
