@@ -179,6 +179,8 @@ void BarWindows::followBubble() {
   connect(&panels_, &BarPanels::placed, &with_.toast, &ToastController::place);
   using Center = BuddyNoticeCenter;
   const auto on = [this](auto signal, auto act) { connect(&areas_.notices(), signal, wiring_.get(), std::move(act)); };
+  // Nothing is said over the picture of the screen.
+  connect(areas_.tools.colorPicker(), &ColorPickerModel::loupeChanged, wiring_.get(), [this] { panelsChanged(); });
   on(&Center::bubbleChanged, [this] { dock_.holdingChanged(); });
   on(&Center::peekAsked, [this](Seconds length) { bubblePeek_ = dock_.peek(length); });
   on(&Center::peekOver, [this] { dock_.endPeek(bubblePeek_); });
@@ -218,7 +220,7 @@ void BarWindows::followAgents() {
 void BarWindows::panelsChanged() {
   followPresses();
   dock_.holdingChanged();
-  areas_.notices().setPanelOpen(isAnyPanelOpen());
+  areas_.notices().setPanelOpen(isAnyPanelOpen() || areas_.tools.colorPicker()->loupe());
 }
 
 // A click elsewhere closes a panel and ends the keyboard's stay on the bar, also where nothing takes the keyboard from
