@@ -41,6 +41,8 @@ Pressable {
     property string menuSymbol
     // Where it is on the bar, "2 of 10"; for screen readers.
     property string place
+    // Its keys are for a button elsewhere, which has the ring.
+    property bool leadsElsewhere: false
     // Needs a licence that is not there.
     property bool isLocked: false
 
@@ -194,5 +196,6 @@ Pressable {
 
     FocusRing {
         targetRadius: Theme.radiusTile
+        shown: root.activeFocus && !root.leadsElsewhere
     }
 }
