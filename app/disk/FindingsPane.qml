@@ -19,6 +19,14 @@ FocusScope {
             list.contentY += excess;
     }
 
+    // What had the keyboard, a button that scans or stops, is no longer there.
+    function takeLostFocus() {
+        const holder = Window.activeFocusItem;
+        if (isDone && (!holder || !holder.activeFocusOnTab))
+            list.forceActiveFocus();
+    }
+    onIsDoneChanged: Qt.callLater(takeLostFocus)
+
     LoadingRows {
         anchors.fill: parent
         visible: !root.isDone
