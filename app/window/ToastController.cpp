@@ -5,6 +5,7 @@
 #include <QQuickItem>
 #include <algorithm>
 
+#include "app/kit/SayAgain.h"
 #include "app/kit/Theme.h"
 #include "app/window/PanelGeometry.h"
 #include "app/window/PanelWindow.h"
@@ -55,8 +56,11 @@ int ToastController::show(ToastMessage message) {
   if (!root) return 0;
   ++generation_;
   onAction_ = std::move(message.onAction);
+  QQuickItem* toast = window_->part("toast");
+  const bool isThere = toast->isVisible();
   QMetaObject::invokeMethod(root, "present", Q_ARG(QString, message.title), Q_ARG(QString, message.detail),
                             Q_ARG(QString, message.symbol), Q_ARG(QString, message.action));
+  if (isThere) sayAgain(toast);
   above_ = message.above;
   screen_ = message.screen;
   place();
