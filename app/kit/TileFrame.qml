@@ -104,7 +104,8 @@ Pressable {
 
     label: spoken
     tip: areRowsElided || header.isElided ? spoken : ""
-    Accessible.description: tip === "" || tip === label ? place : place === "" ? tip : tip + "\n" + place
+    // What the label ends with is not said twice.
+    Accessible.description: tip === "" || label.endsWith(tip) ? place : place === "" ? tip : tip + "\n" + place
     width: implicitWidth
     height: implicitHeight
     implicitHeight: Theme.tileHeight
@@ -195,7 +196,7 @@ Pressable {
     }
 
     FocusRing {
-        targetRadius: Theme.radiusTile
         shown: root.activeFocus && !root.leadsElsewhere
+        targetRadius: Theme.radiusTile
     }
 }
