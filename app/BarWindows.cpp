@@ -106,7 +106,7 @@ void BarWindows::followDock() {
   dock_.onMaxLength = [this](qreal length) { context_.barLimits()->setMaxLength(length); };
   with_.desktop.screens.setChangeHandler([this] {
     with_.model.refreshDisplays();
-    dock_.updatePosition();
+    dock_.screensChanged();
     shelf_.place();
   });
   // An open panel goes with its bar.

@@ -62,6 +62,7 @@ X11Screens::X11Screens(X11Connection* connection) : connection_(connection) {
       asksForMonitors_ = version && (version->major_version > 1 || version->minor_version >= 5);
     }
     panels_ = std::make_unique<X11Panels>(*connection_, [this] { plan(); });
+    fullScreen_ = std::make_unique<X11FullScreen>(*connection_, [this] { plan(); });
   }
   list_ = read();
 }
@@ -125,12 +126,14 @@ std::vector<ScreenInfo> X11Screens::read() {
 
   std::vector<Strut> struts;
   std::vector<Rect> areas;
+  std::optional<Rect> filled;
   if (hasServer) {
     std::vector<X11Panels::Screen> frames;
     for (const QScreen* screen : screens) frames.push_back({screen->name().toStdString(), pixelsOf(*screen)});
     panels_->read(frames);
     struts = panels_->struts();
     areas = workAreas();
+    filled = fullScreen_->frame();
   }
   const auto [desktopWidth, desktopHeight] = desktopSize(connection_);
   const double lowerEdge = lowerEdgeOf(main);
@@ -159,6 +162,7 @@ std::vector<ScreenInfo> X11Screens::read() {
                        logical.height - (insets.top + insets.bottom) / scale};
     info.frame = flipped(logical, lowerEdge);
     info.visibleFrame = flipped(visible, lowerEdge);
+    info.isFilled = filled && pixelsOf(*screen).contains({filled->midX(), filled->midY()});
     info.isBuiltin = isBuiltinConnector(info.name);
     list.push_back(std::move(info));
   }

@@ -8,6 +8,7 @@
 
 #include "platform/Screens.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11FullScreen.h"
 #include "platform/linux/X11Panels.h"
 
 class QScreen;
@@ -33,7 +34,9 @@ class X11Screens : public QObject, public Screens {
   X11Connection* connection_;
   std::vector<ScreenInfo> list_;
   bool asksForMonitors_ = false;
-  std::unique_ptr<X11Panels> panels_;  // null without a server
+  // Null without a server.
+  std::unique_ptr<X11Panels> panels_;
+  std::unique_ptr<X11FullScreen> fullScreen_;
   bool isPlanned_ = false;
   std::function<void()> handler_;
 };
