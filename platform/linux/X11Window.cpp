@@ -348,6 +348,10 @@ void X11Window::giveBack() {
   // Or to whatever is under the pointer, as without a window manager.
   if (to != XCB_INPUT_FOCUS_POINTER_ROOT && !isViewable(to)) return;
   xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, to, connection_->serverTime());
+  // Some window managers move the keyboard at the time of the last event that they have seen. The server refuses what
+  // is earlier than this, so they get an event.
+  xcb_change_property(connection_->xcb(), XCB_PROP_MODE_APPEND, connection_->root(), connection_->atom("AMBREL_TIME"),
+                      XCB_ATOM_STRING, 8, 0, nullptr);
   connection_->flush();
 }
 
