@@ -19,10 +19,12 @@ FocusScope {
             list.contentY += excess;
     }
 
+    readonly property Item holder: Window.activeFocusItem
     // What had the keyboard, a button that scans or stops, is no longer there.
+    readonly property bool isFocusLost: holder === null || !holder.activeFocusOnTab
+
     function takeLostFocus() {
-        const holder = Window.activeFocusItem;
-        if (isDone && (!holder || !holder.activeFocusOnTab))
+        if (isDone && isFocusLost)
             list.forceActiveFocus();
     }
     onIsDoneChanged: Qt.callLater(takeLostFocus)

@@ -82,6 +82,13 @@ Pressable {
     // A text for the clipboard.
     signal copyAsked(string text)
 
+    // The tip without what the label ends with.
+    function unsaid(): string {
+        const end = tip.indexOf("\n");
+        const first = end < 0 ? tip : tip.slice(0, end);
+        return !label.endsWith(first) ? tip : end < 0 ? "" : tip.slice(end + 1);
+    }
+
     onClicked: {
         if (isLocked)
             unlockAsked();
@@ -104,8 +111,7 @@ Pressable {
 
     label: spoken
     tip: areRowsElided || header.isElided ? spoken : ""
-    // What the label ends with is not said twice.
-    Accessible.description: tip === "" || label.endsWith(tip) ? place : place === "" ? tip : tip + "\n" + place
+    Accessible.description: [unsaid(), place].filter(line => line !== "").join("\n")
     width: implicitWidth
     height: implicitHeight
     implicitHeight: Theme.tileHeight
