@@ -27,7 +27,7 @@ FocusScope {
         if (isDone && isFocusLost)
             list.forceActiveFocus();
     }
-    onIsDoneChanged: Qt.callLater(takeLostFocus)
+    onIsDoneChanged: Qt.callLater(takeLostFocus) // qmllint disable
 
     LoadingRows {
         anchors.fill: parent

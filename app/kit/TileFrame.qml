@@ -111,7 +111,10 @@ Pressable {
 
     label: spoken
     tip: areRowsElided || header.isElided ? spoken : ""
-    Accessible.description: [unsaid(), place].filter(line => line !== "").join("\n")
+    Accessible.description: {
+        const more = unsaid();
+        return more === "" ? place : place === "" ? more : more + "\n" + place;
+    }
     width: implicitWidth
     height: implicitHeight
     implicitHeight: Theme.tileHeight
