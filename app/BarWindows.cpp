@@ -87,8 +87,15 @@ void BarWindows::followShelf() {
   connect(&areas_.clipboard, &ClipboardArea::shelfAsked, &shelf_, &ShelfPanelController::toggle);
   connect(&areas_.clipboard, &ClipboardArea::pinnedAsked, &shelf_, &ShelfPanelController::copyPinned);
   connect(&shelf_, &ShelfPanelController::shownChanged, wiring_.get(), [this] {
-    if (shelf_.isShown()) panels_.closeAll();
+    if (shelf_.isShown()) {
+      shelfReturnsKeyboard_ = dock_.hasKeyboard() || panels_.returnsKeyboard();
+      panels_.closeAll();
+    }
     panelsChanged();
+  });
+  // A clip that was picked is for another program.
+  connect(&shelf_, &ShelfPanelController::dismissed, wiring_.get(), [this] {
+    if (std::exchange(shelfReturnsKeyboard_, false)) panels_.giveKeyboardBack();
   });
 }
 
@@ -99,7 +106,7 @@ void BarWindows::followDock() {
   dock_.onMaxLength = [this](qreal length) { context_.barLimits()->setMaxLength(length); };
   with_.desktop.screens.setChangeHandler([this] {
     with_.model.refreshDisplays();
-    dock_.updatePosition();
+    dock_.screensChanged();
     shelf_.place();
   });
   // An open panel goes with its bar.
@@ -163,10 +170,17 @@ void BarWindows::followContext() {
 }
 
 void BarWindows::followBubble() {
-  with_.toast.occupied = [this] { return bubble_.presentation().isShown() ? bubble_.placement().frame : QRect(); };
+  with_.toast.occupied = [this] {
+    std::vector<QRect> taken = panels_.frames();
+    if (bubble_.presentation().isShown()) taken.push_back(bubble_.placement().frame);
+    return taken;
+  };
   connect(&bubble_, &BubbleController::placed, &with_.toast, &ToastController::place);
+  connect(&panels_, &BarPanels::placed, &with_.toast, &ToastController::place);
   using Center = BuddyNoticeCenter;
   const auto on = [this](auto signal, auto act) { connect(&areas_.notices(), signal, wiring_.get(), std::move(act)); };
+  // Nothing is said over the picture of the screen.
+  connect(areas_.tools.colorPicker(), &ColorPickerModel::loupeChanged, wiring_.get(), [this] { panelsChanged(); });
   on(&Center::bubbleChanged, [this] { dock_.holdingChanged(); });
   on(&Center::peekAsked, [this](Seconds length) { bubblePeek_ = dock_.peek(length); });
   on(&Center::peekOver, [this] { dock_.endPeek(bubblePeek_); });
@@ -206,7 +220,7 @@ void BarWindows::followAgents() {
 void BarWindows::panelsChanged() {
   followPresses();
   dock_.holdingChanged();
-  areas_.notices().setPanelOpen(isAnyPanelOpen());
+  areas_.notices().setPanelOpen(isAnyPanelOpen() || areas_.tools.colorPicker()->loupe());
 }
 
 // A click elsewhere closes a panel and ends the keyboard's stay on the bar, also where nothing takes the keyboard from

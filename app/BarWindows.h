@@ -79,6 +79,7 @@ class BarWindows : public QObject {
   int removalMessage_ = 0;  // that a tile is off the bar
   Instant bubblePeek_{};    // until when the bubble's peek lasts
   bool followsPresses_ = false;
+  bool shelfReturnsKeyboard_ = false;  // it was opened from the bar by keyboard
   // What the connections between the areas and the bar belong to. It ends first: a tile that has the keyboard loses it
   // when the bar's window ends, and that is of no interest any more.
   std::unique_ptr<QObject> wiring_ = std::make_unique<QObject>();

@@ -18,6 +18,8 @@ struct ScreenInfo {
   // A dock of another program that reserves nothing at its lower edge, as one that hides by itself does: how high it
   // is when it can be seen. While it can, the visible frame ends above it.
   std::optional<double> hidingDockHeight = {};
+  // A window of another program in full screen is in front on it.
+  bool isFilled = false;
   bool operator==(const ScreenInfo&) const = default;
 };
 

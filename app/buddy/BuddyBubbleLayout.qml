@@ -19,7 +19,7 @@ Bubble {
 
     opacity: !fades ? 1 : open ? spring.opacity : 0
     visible: open || opacity > 0
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Notification
     Accessible.name: center.bubble.spoken
 
     PresenceSpring {

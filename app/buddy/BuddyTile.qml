@@ -25,6 +25,7 @@ TileFrame {
             clicked();
     }
 
+    leadsElsewhere: center.choice >= 0
     panel: Qt.resolvedUrl("BuddyInboxLayout.qml")
     menuText: qsTr("Ask Buddy")
     menuSymbol: "text.bubble"

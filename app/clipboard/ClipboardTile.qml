@@ -18,7 +18,7 @@ TileFrame {
     unit: showsLatest || isSmall ? "" : clipboard.face.unit
     valueColor: clipboard.face.isInUse ? Theme.ink : Theme.ink2
     subLine: showsLatest ? "" : isNarrow ? clipboard.face.shortLine : clipboard.face.line
-    label: name + ", " + (showsLatest ? clipboard.face.latestText + ", " + clipboard.face.latestAge : value + " " + unit + ", " + clipboard.face.line)
+    label: name + ", " + (showsLatest ? clipboard.face.latestText + ", " + clipboard.face.latestAge : value + (unit === "" ? "" : " " + unit) + ", " + clipboard.face.line)
     tip: showsLatest && latest.truncated ? clipboard.face.latestText : ""
     tipKeys: (keys.value ?? "").split("+").join(" ")
 

@@ -19,6 +19,16 @@ FocusScope {
             list.contentY += excess;
     }
 
+    readonly property Item holder: Window.activeFocusItem
+    // What had the keyboard, a button that scans or stops, is no longer there.
+    readonly property bool isFocusLost: holder === null || !holder.activeFocusOnTab
+
+    function takeLostFocus() {
+        if (isDone && isFocusLost)
+            list.forceActiveFocus();
+    }
+    onIsDoneChanged: Qt.callLater(takeLostFocus) // qmllint disable
+
     LoadingRows {
         anchors.fill: parent
         visible: !root.isDone

@@ -40,6 +40,7 @@ Item {
             }
             Button {
                 visible: !root.isGuarded
+                focus: visible
                 kind: Button.Primary
                 size: 36
                 text: qsTr("Scan Home")
@@ -54,6 +55,7 @@ Item {
             }
             Button {
                 visible: root.isGuarded
+                focus: visible
                 kind: Button.Primary
                 size: 36
                 text: qsTr("Look again")

@@ -35,6 +35,8 @@ DockPopoverController& BarPanels::named(const QString& name, const QString& modu
         PanelContent{.source = source, .models = context_.modelsFor(context_.area(module)), .properties = properties});
     connect(panel.get(), &DockPopoverController::shownChanged, this, &BarPanels::changed);
     connect(panel.get(), &DockPopoverController::closed, this, [this, closed = panel.get()] { keep(*closed); });
+    connect(panel.get(), &DockPopoverController::shownChanged, this, &BarPanels::placed);
+    connect(panel.get(), &DockPopoverController::placed, this, &BarPanels::placed);
     connect(panel.get(), &DockPopoverController::shownChanged, this, [this, shown = panel.get()] {
       if (shown->isShown() || !returnsKeyboard_) return;
       // A panel that was left for another window has lost the keyboard already.
@@ -118,6 +120,13 @@ void BarPanels::place() {
 
 void BarPanels::closeAll() {
   for (const auto& [name, panel] : panels_) panel->close();
+}
+
+std::vector<QRect> BarPanels::frames() const {
+  std::vector<QRect> frames;
+  for (const auto& [name, panel] : panels_)
+    if (panel->isShown()) frames.push_back(panel->frame());
+  return frames;
 }
 
 bool BarPanels::isAnyShown() const {

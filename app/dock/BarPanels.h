@@ -33,6 +33,8 @@ class BarPanels : public QObject {
   // The bar, a tile or the screen has moved.
   void place();
   bool isAnyShown() const;
+  // Where the open ones are.
+  std::vector<QRect> frames() const;
   // Whether the one that is open was opened from the bar by keyboard.
   bool returnsKeyboard() const { return returnsKeyboard_; }
 
@@ -42,6 +44,8 @@ class BarPanels : public QObject {
 
  Q_SIGNALS:
   void changed();
+  // One has another place or size, or has gone.
+  void placed();
   // One is about to open.
   void opening();
 

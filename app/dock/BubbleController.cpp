@@ -7,6 +7,7 @@
 #include "app/base/StoredValue.h"
 #include "app/buddy/BuddyNoticeCenter.h"
 #include "app/dock/DockPopoverController.h"
+#include "app/kit/SayAgain.h"
 #include "app/window/PanelWindow.h"
 
 namespace ambrel {
@@ -45,6 +46,9 @@ void BubbleController::update() {
     return;
   }
   if (!window_) makeWindow();
+  const QString spoken = center_.bubbleText().spoken;
+  if (QQuickItem* panel = window_->part("panel"); panel && panel->isVisible() && spoken != spoken_) sayAgain(panel);
+  spoken_ = spoken;
   place();
   if (presentation_.isShown()) return;
   window_->show();

@@ -57,6 +57,7 @@ class BubbleController : public QObject {
   std::unique_ptr<PanelWindow> window_;
   BubblePlacement placement_;
   QString tailSide_;
+  QString spoken_;  // what it said last
 };
 
 }  // namespace ambrel

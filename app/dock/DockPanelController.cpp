@@ -187,6 +187,17 @@ void DockPanelController::updatePosition() {
   schedule(seams_.now());
 }
 
+bool DockPanelController::standsAlways() const {
+  const auto screen = mainScreen();
+  return settings_.barAlwaysVisible() && !(screen && screen->isFilled);
+}
+
+void DockPanelController::screensChanged() {
+  updatePosition();
+  apply();
+  tick(seams_.now());
+}
+
 void DockPanelController::takeEdge() {
   if (edge_ == settings_.dockEdge()) return;
   edge_ = settings_.dockEdge();
@@ -197,7 +208,7 @@ void DockPanelController::takeEdge() {
 void DockPanelController::apply() {
   const bool isLeaving = edge_ != settings_.dockEdge();
   presentation_.setPeeking(reveal_.isPeeking(seams_.now()));
-  if (!isLeaving && reveal_.shouldShow(settings_.barAlwaysVisible(), isHeld()))
+  if (!isLeaving && reveal_.shouldShow(standsAlways(), isHeld()))
     presentation_.show();
   else
     presentation_.hide();
@@ -225,6 +236,8 @@ void DockPanelController::reveal() {
 void DockPanelController::revealForKeyboard() {
   reveal();
   if (!window_) return;
+  // A bar that was there may be below a window in full screen.
+  window_->raise();
   hasKeyboard_ = true;
   if (window_->isActive()) {
     keyboardAnswered(true);
@@ -272,7 +285,7 @@ BarSurroundings DockPanelController::surroundings(Point pointer) const {
           .screen = screen ? screen->frame : Rect{},
           .bar = placement_.frame,
           .edge = edge_,
-          .isAlwaysVisible = settings_.barAlwaysVisible(),
+          .isAlwaysVisible = standsAlways(),
           .isHeldOpen = hasKeyboard_ || isHeld()};
 }
 
@@ -306,7 +319,7 @@ void DockPanelController::schedule(Instant now) {
 
 void DockPanelController::watchPointer() {
   // A bar that always stands has nothing to do by the pointer, unless it makes room for the system's.
-  if (settings_.barAlwaysVisible() && !systemDock_.isPresent()) {
+  if (standsAlways() && !systemDock_.isPresent()) {
     seams_.pointer.stopWaiting();
     slowLook_.stop();
     return;
@@ -322,7 +335,7 @@ void DockPanelController::watchPointer() {
 // A bar that always stands is not revealed.
 void DockPanelController::placeStrip() {
   const auto screen = mainScreen();
-  if (settings_.barAlwaysVisible() || !screen)
+  if (standsAlways() || !screen)
     seams_.pointer.setStrips({});
   else
     seams_.pointer.setStrips({revealStrip(placement_.frame, screen->frame, edge_)});

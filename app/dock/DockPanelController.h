@@ -81,6 +81,8 @@ class DockPanelController : public QObject {
   Q_INVOKABLE void leaveKeyboard();
   bool hasKeyboard() const { return hasKeyboard_; }
   void updatePosition();
+  // Screens, what is reserved of them, or what fills them.
+  void screensChanged();
   // A panel has opened or closed.
   void holdingChanged();
   void setScale(qreal scale);
@@ -118,6 +120,8 @@ class DockPanelController : public QObject {
   void keyboardAnswered(bool isActive);
   // Something anchored to the bar is open, or a tile is dragged.
   bool isHeld() const;
+  // Chosen, and no window fills the screen.
+  bool standsAlways() const;
   void updateTiles();
   // Along the bar, from the beginning of what can be seen of it.
   double alongBar(const QPoint& at) const;

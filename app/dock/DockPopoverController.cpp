@@ -75,7 +75,10 @@ void DockPopoverController::place(const PanelAnchor& anchor) {
   if (!window_) return;
   window_->setPanelFrame(panelFrame(size(), anchor.tile, anchor.bar, anchor.screen, anchor.edge),
                          roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
+  Q_EMIT placed();
 }
+
+QRect DockPopoverController::frame() const { return window_ ? window_->panelFrame() : QRect(); }
 
 void DockPopoverController::open(const PanelAnchor& anchor) {
   if (!window_) makeWindow();

@@ -61,10 +61,14 @@ class DockPopoverController : public QObject {
   // What it shows; null while there is no window.
   QQuickItem* content() const { return item_.get(); }
 
+  // Where the panel is; empty while there is no window.
+  QRect frame() const;
+
  Q_SIGNALS:
   void shownChanged();
   // It is off the screen.
   void closed();
+  void placed();
 
  private:
   void makeWindow();

@@ -7,6 +7,8 @@ FocusScope {
 
     property alias text: input.text
     property string hint
+    // What is typed here, for screen readers; where the hint is an example it does not say so.
+    property string label: hint
     property string symbol
     property bool isSearch: false
     property bool isSecret: false
@@ -67,7 +69,7 @@ FocusScope {
         selectedTextColor: Theme.onAccent
         echoMode: root.isSecret ? TextInput.Password : TextInput.Normal
         Accessible.role: Accessible.EditableText
-        Accessible.name: root.hint
+        Accessible.name: root.label
         Accessible.searchEdit: root.isSearch
         Keys.onEscapePressed: event => {
             event.accepted = root.isSearch && text !== "";

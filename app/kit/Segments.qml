@@ -26,6 +26,8 @@ FocusScope {
     Accessible.role: Accessible.RadioButton
     Accessible.name: label + (current >= 0 && current < options.length ? ", " + options[current] : "")
     Accessible.focusable: true
+    Accessible.checkable: true
+    Accessible.checked: current >= 0
     Keys.onLeftPressed: root.step(-1)
     Keys.onRightPressed: root.step(1)
 
@@ -71,6 +73,8 @@ FocusScope {
                     role: root.hasSmallType ? (segment.isChosen ? Theme.captionStrong : Theme.caption) : segment.isChosen ? Theme.rowTitle : Theme.listName
                     color: segment.isChosen || hover.hovered ? Theme.ink : Theme.ink2
                     Accessible.role: Accessible.RadioButton
+                    Accessible.checkable: true
+                    Accessible.checked: segment.isChosen
                     Accessible.onPressAction: root.chosen(segment.index)
                 }
                 HoverHandler {

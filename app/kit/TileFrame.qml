@@ -41,6 +41,8 @@ Pressable {
     property string menuSymbol
     // Where it is on the bar, "2 of 10"; for screen readers.
     property string place
+    // Its keys are for a button elsewhere, which has the ring.
+    property bool leadsElsewhere: false
     // Needs a licence that is not there.
     property bool isLocked: false
 
@@ -80,6 +82,13 @@ Pressable {
     // A text for the clipboard.
     signal copyAsked(string text)
 
+    // The tip without what the label ends with.
+    function unsaid(): string {
+        const end = tip.indexOf("\n");
+        const first = end < 0 ? tip : tip.slice(0, end);
+        return !label.endsWith(first) ? tip : end < 0 ? "" : tip.slice(end + 1);
+    }
+
     onClicked: {
         if (isLocked)
             unlockAsked();
@@ -102,7 +111,10 @@ Pressable {
 
     label: spoken
     tip: areRowsElided || header.isElided ? spoken : ""
-    Accessible.description: tip === "" || tip === label ? place : place === "" ? tip : tip + "\n" + place
+    Accessible.description: {
+        const more = unsaid();
+        return more === "" ? place : place === "" ? more : more + "\n" + place;
+    }
     width: implicitWidth
     height: implicitHeight
     implicitHeight: Theme.tileHeight
@@ -193,6 +205,7 @@ Pressable {
     }
 
     FocusRing {
+        shown: root.activeFocus && !root.leadsElsewhere
         targetRadius: Theme.radiusTile
     }
 }

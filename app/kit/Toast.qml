@@ -39,7 +39,8 @@ PanelGround {
     shadow: "floating"
     opacity: fades && presence < 0.99 ? presence : 1
     visible: isShown || presence > 0
-    Accessible.role: Accessible.AlertMessage
+    // Screen readers say what comes in this role, and no alert.
+    Accessible.role: Accessible.Notification
     Accessible.name: detail === "" ? title : title + ", " + detail
     transform: Translate {
         y: root.fades ? (1 - root.presence) * Theme.travel : 0

@@ -51,6 +51,7 @@ SectionRow {
 
         Field {
             width: 260
+            label: root.controlLabel
             hint: root.hint === "" ? root.controlLabel : root.hint
             text: setting.value
             onAccepted: commit()

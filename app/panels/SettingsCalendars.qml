@@ -25,6 +25,7 @@ SettingsPage {
 
             Field {
                 width: 260
+                label: qsTr("Add a calendar")
                 hint: qsTr("~/folder or https://…")
                 symbol: "plus"
                 onTextChanged: root.problem = ""

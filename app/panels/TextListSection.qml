@@ -29,6 +29,7 @@ Section {
 
         Field {
             width: 240
+            label: root.title
             hint: root.hint
             symbol: "plus"
             onAccepted: {

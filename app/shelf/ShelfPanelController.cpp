@@ -163,6 +163,11 @@ void ShelfPanelController::close() {
   presentation_.hide();
 }
 
+void ShelfPanelController::dismiss() {
+  close();
+  Q_EMIT dismissed();
+}
+
 void ShelfPanelController::toggle() {
   if (isShown())
     close();

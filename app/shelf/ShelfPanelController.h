@@ -56,7 +56,7 @@ class ShelfPanelController : public QObject {
   bool isShown() const { return presentation_.isShown(); }
   // Opens it with the keyboard focus.
   void open();
-  void close();
+  Q_INVOKABLE void close();
   void toggle();
   // Opens it without the keyboard focus, which a click gives it; it closes when the pointer leaves.
   void openByPointer();
@@ -65,7 +65,7 @@ class ShelfPanelController : public QObject {
   void setScale(qreal scale) { scale_ = scale; }
 
   // For the view.
-  Q_INVOKABLE void dismiss() { close(); }
+  Q_INVOKABLE void dismiss();
   // Copies a clip and closes the shelf.
   Q_INVOKABLE void pick(const QString& id);
   Q_INVOKABLE void pickPinned(int number);
@@ -83,6 +83,8 @@ class ShelfPanelController : public QObject {
 
  Q_SIGNALS:
   void shownChanged();
+  // The user has closed it by its own keys, without a clip.
+  void dismissed();
   void settingsAsked();
   // It was opened: the view resets.
   void opened();

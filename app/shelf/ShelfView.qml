@@ -137,7 +137,7 @@ FocusScope {
             onPicked: id => root.controller.pick(id)
             onTextPicked: id => {
                 root.clipboard.copyAsText(id);
-                root.controller.dismiss();
+                root.controller.close();
             }
             onClosed: strip.forceActiveFocus()
         }

@@ -28,6 +28,7 @@ Popover {
 
             width: parent.width
             symbol: "pencil"
+            label: qsTr("What is waited for")
             hint: root.countdown.face.title
             maximumLength: 60
             focus: true

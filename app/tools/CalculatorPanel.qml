@@ -31,6 +31,7 @@ Popover {
             width: parent.width
             height: 40
             focus: true
+            label: qsTr("Expression")
             hint: qsTr("Such as 18 % of 240, or 5 mi to km")
             maximumLength: 2000
             onTextChanged: root.calculator.setInput(text)

@@ -1,5 +1,7 @@
 #include "app/tools/ColorLoupe.h"
 
+#include <QAccessible>
+#include <QAccessibleObject>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -19,10 +21,45 @@ constexpr int lineHeight = 30;
 constexpr int gap = 24;  // from the pointer
 constexpr int quickStep = 10;
 
+// A window that says the color below its cross.
+class LoupeReading : public QAccessibleObject {
+ public:
+  explicit LoupeReading(ColorLoupe* loupe) : QAccessibleObject(loupe), loupe_(*loupe) {}
+
+  QWindow* window() const override { return &loupe_; }
+  QAccessible::Role role() const override { return QAccessible::Window; }
+  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(qGuiApp); }
+  QRect rect() const override { return loupe_.geometry(); }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.active = loupe_.isActive();
+    state.invisible = !loupe_.isVisible();
+    return state;
+  }
+  QString text(QAccessible::Text kind) const override {
+    if (kind == QAccessible::Name) return loupe_.spoken();
+    return kind == QAccessible::Description ? ColorLoupe::tr("Arrows move the cross, Return takes the color.")
+                                            : QString();
+  }
+  int childCount() const override { return 0; }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+
+ private:
+  ColorLoupe& loupe_;
+};
+
+QAccessibleInterface* readingOf(const QString&, QObject* object) {
+  auto* loupe = qobject_cast<ColorLoupe*>(object);
+  return loupe ? new LoupeReading(loupe) : nullptr;
+}
+
 }  // namespace
 
 ColorLoupe::ColorLoupe(QImage picture, QScreen* screen, std::function<QString(QColor)> words)
     : picture_(std::move(picture)), words_(std::move(words)) {
+  // A second time does nothing.
+  QAccessible::installFactory(readingOf);
   setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   setTitle(tr("Color Picker"));
   setCursor(Qt::CrossCursor);
@@ -41,11 +78,21 @@ qreal ColorLoupe::scale() const { return width() > 0 ? picture_.width() / static
 
 void ColorLoupe::follow(QPointF pointer) { moveTo((pointer * scale()).toPoint()); }
 
+QString ColorLoupe::spoken() const { return tr("%1, Color Picker").arg(words_(color())); }
+
+QAccessibleInterface* ColorLoupe::accessibleRoot() const {
+  return QAccessible::queryAccessibleInterface(const_cast<ColorLoupe*>(this));
+}
+
 void ColorLoupe::moveTo(QPoint place) {
   const QRect before = loupeFrame();
+  const QColor was = color();
   place_ = {std::clamp(place.x(), 0, picture_.width() - 1), std::clamp(place.y(), 0, picture_.height() - 1)};
   update(before);
   update(loupeFrame());
+  if (color() == was) return;
+  QAccessibleEvent event(this, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&event);
 }
 
 // Beside the pointer, on the side where there is room.
@@ -64,7 +111,7 @@ void ColorLoupe::paintEvent(QPaintEvent* event) {
   painter.drawImage(dirty, picture_, QRectF(dirty.topLeft() * scale(), dirty.size() * scale()));
 
   const QRect frame = loupeFrame().adjusted(1, 1, -1, -1);
-  const QColor color = picture_.pixelColor(place_);
+  const QColor under = color();
   QPainterPath shape;
   shape.addRoundedRect(frame, 10, 10);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -77,7 +124,7 @@ void ColorLoupe::paintEvent(QPaintEvent* event) {
   painter.drawImage(QRect(frame.topLeft() + (inside.topLeft() - part.topLeft()) * cellSize, inside.size() * cellSize),
                     picture_, inside);
   const QRect line(frame.x(), frame.y() + loupeSize, frame.width(), frame.height() - loupeSize);
-  painter.fillRect(QRect(line.x() + 10, line.y() + 8, 14, line.height() - 16), color);
+  painter.fillRect(QRect(line.x() + 10, line.y() + 8, 14, line.height() - 16), under);
   painter.setPen(Qt::white);
   QFont font(QStringLiteral("Inter"));
   font.setPixelSize(12);
@@ -85,7 +132,7 @@ void ColorLoupe::paintEvent(QPaintEvent* event) {
   painter.setFont(font);
   const QRect words = line.adjusted(32, 0, -8, 0);
   painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft,
-                   painter.fontMetrics().elidedText(words_(color), Qt::ElideRight, words.width()));
+                   painter.fontMetrics().elidedText(words_(under), Qt::ElideRight, words.width()));
   painter.restore();
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(QColor(0, 0, 0, 160), 1));
@@ -104,7 +151,7 @@ void ColorLoupe::mouseMoveEvent(QMouseEvent* event) { follow(event->position());
 void ColorLoupe::mousePressEvent(QMouseEvent* event) {
   follow(event->position());
   if (event->button() == Qt::LeftButton)
-    Q_EMIT picked(picture_.pixelColor(place_));
+    Q_EMIT picked(color());
   else
     Q_EMIT left();
 }
@@ -123,7 +170,7 @@ void ColorLoupe::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-      Q_EMIT picked(picture_.pixelColor(place_));
+      Q_EMIT picked(color());
       return;
     case Qt::Key_Escape:
       Q_EMIT left();

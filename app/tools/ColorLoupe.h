@@ -18,6 +18,9 @@ class ColorLoupe : public QRasterWindow {
   ColorLoupe(QImage picture, QScreen* screen, std::function<QString(QColor)> words);
 
   void open();
+  // For screen readers: the color in words, and what it is in.
+  QString spoken() const;
+  QAccessibleInterface* accessibleRoot() const override;
   // Of the picture's pixels.
   QPoint place() const { return place_; }
 
@@ -37,6 +40,7 @@ class ColorLoupe : public QRasterWindow {
   void moveTo(QPoint place);
   void follow(QPointF pointer);
   QRect loupeFrame() const;
+  QColor color() const { return picture_.pixelColor(place_); }
 
   QImage picture_;
   std::function<QString(QColor)> words_;

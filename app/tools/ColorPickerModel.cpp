@@ -35,6 +35,7 @@ void ColorPickerModel::open(const QImage& picture) {
   });
   connect(loupe_.get(), &ColorLoupe::left, this, &ColorPickerModel::close);
   loupe_->open();
+  Q_EMIT loupeChanged();
 }
 
 // It may be in the middle of an event.
@@ -43,6 +44,7 @@ void ColorPickerModel::close() {
   loupe_->disconnect(this);
   loupe_->hide();
   loupe_.release()->deleteLater();
+  Q_EMIT loupeChanged();
 }
 
 QString ColorPickerModel::notation(const QColor& color) const {

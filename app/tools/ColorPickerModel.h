@@ -38,6 +38,8 @@ class ColorPickerModel : public QObject {
 
  Q_SIGNALS:
   void faceChanged();
+  // The loupe has come or gone.
+  void loupeChanged();
 
  private:
   void open(const QImage& picture);

@@ -33,6 +33,28 @@ QRect roomBesideBar(const QRect& bar, const QRect& screen, DockEdge edge) {
   return room;
 }
 
+QRect clearOf(const QRect& frame, const std::vector<QRect>& taken, const QRect& screen, DockEdge edge) {
+  const auto covers = [&](const QRect& place) {
+    return std::ranges::any_of(taken, [&](const QRect& other) { return other.intersects(place); });
+  };
+  QRect around;
+  for (const QRect& other : taken)
+    if (other.intersects(frame)) around |= other.adjusted(-panelGap, -panelGap, panelGap, panelGap);
+  if (around.isEmpty()) return frame;
+  QRect above = frame, below = frame, before = frame, behind = frame;
+  above.moveBottom(around.top() - 1);
+  below.moveTop(around.bottom() + 1);
+  before.moveRight(around.left() - 1);
+  behind.moveLeft(around.right() + 1);
+  std::vector<QRect> places{above, below, before, behind};
+  // The bar's side is not free.
+  places.erase(places.begin() + (edge == DockEdge::bottom ? 1 : edge == DockEdge::left ? 2 : 3));
+  std::erase_if(places, [&](const QRect& place) { return !screen.contains(place) || covers(place); });
+  if (places.empty()) return frame;
+  return *std::ranges::min_element(
+      places, {}, [&](const QRect& place) { return (place.topLeft() - frame.topLeft()).manhattanLength(); });
+}
+
 QRect panelFrame(QSize size, const QRect& anchor, const QRect& bar, const QRect& screen, DockEdge edge) {
   const QRect room = roomBesideBar(bar, screen, edge).adjusted(panelGap, panelGap, -panelGap, -panelGap);
   const QSize fit = size.boundedTo(room.size());

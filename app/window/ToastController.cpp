@@ -5,6 +5,7 @@
 #include <QQuickItem>
 #include <algorithm>
 
+#include "app/kit/SayAgain.h"
 #include "app/kit/Theme.h"
 #include "app/window/PanelGeometry.h"
 #include "app/window/PanelWindow.h"
@@ -55,8 +56,11 @@ int ToastController::show(ToastMessage message) {
   if (!root) return 0;
   ++generation_;
   onAction_ = std::move(message.onAction);
+  QQuickItem* toast = window_->part("toast");
+  const bool isThere = toast->isVisible();
   QMetaObject::invokeMethod(root, "present", Q_ARG(QString, message.title), Q_ARG(QString, message.detail),
                             Q_ARG(QString, message.symbol), Q_ARG(QString, message.action));
+  if (isThere) sayAgain(toast);
   above_ = message.above;
   screen_ = message.screen;
   place();
@@ -72,20 +76,8 @@ void ToastController::place() {
   window_->setCornerRadius(std::min(Theme::radiusBar, size.height() / 2));
   if (above_.isEmpty()) {
     const PanelAnchor anchor = anchor_();
-    QRect frame = panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge);
-    if (const QRect taken = occupied ? occupied() : QRect(); taken.intersects(frame)) {
-      switch (anchor.edge) {
-        case DockEdge::bottom:
-          frame.moveBottom(taken.top() - 1 - panelGap);
-          break;
-        case DockEdge::left:
-          frame.moveLeft(taken.right() + 1 + panelGap);
-          break;
-        case DockEdge::right:
-          frame.moveRight(taken.left() - 1 - panelGap);
-          break;
-      }
-    }
+    const QRect frame = clearOf(panelFrame(size, {}, anchor.bar, anchor.screen, anchor.edge),
+                                occupied ? occupied() : std::vector<QRect>(), anchor.screen, anchor.edge);
     window_->setPanelFrame(frame, roomBesideBar(anchor.bar, anchor.screen, anchor.edge));
     return;
   }

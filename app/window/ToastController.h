@@ -7,6 +7,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "app/base/Presentation.h"
 #include "platform/WindowStyle.h"
@@ -42,8 +43,8 @@ class ToastController : public QObject {
   void attach(QQmlEngine& engine, WindowStyle& style, std::function<PanelAnchor()> anchor);
   // Takes the window away for good; what comes after that is lost. Before the engine ends.
   void end();
-  // What it must not cover, such as another message; empty for nothing.
-  std::function<QRect()> occupied;
+  // What it must not cover: another message, an open panel.
+  std::function<std::vector<QRect>()> occupied;
 
   void show(const QString& title, const QString& detail, const QString& symbol);
   // The message's number, by which it can be withdrawn; 0 when it is lost.

@@ -91,6 +91,12 @@ bool X11Connection::isViewable(xcb_window_t window) {
   return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+std::optional<int> X11Connection::processOf(xcb_window_t window) {
+  if (window == XCB_WINDOW_NONE) return std::nullopt;
+  const auto pid = numbers(window, atom("_NET_WM_PID"));
+  return pid.empty() ? std::nullopt : std::optional(static_cast<int>(pid.front()));
+}
+
 xcb_timestamp_t X11Connection::serverTime() {
   const xcb_atom_t stamp = atom("AMBREL_TIME");
   if (helperWindow_ == XCB_WINDOW_NONE) {

@@ -56,6 +56,9 @@ class X11Connection : public QObject {
   // A property of 32-bit numbers.
   std::vector<std::uint32_t> numbers(xcb_window_t window, xcb_atom_t property);
 
+  // The process that a window says it is of.
+  std::optional<int> processOf(xcb_window_t window);
+
   // Whether it and all around it are mapped.
   bool isViewable(xcb_window_t window);
 

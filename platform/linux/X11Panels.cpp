@@ -95,11 +95,6 @@ std::vector<xcb_window_t> X11Panels::windows() {
   return shown;
 }
 
-bool X11Panels::isOwn(xcb_window_t window) {
-  const auto pid = connection_.numbers(window, connection_.atom("_NET_WM_PID"));
-  return !pid.empty() && pid.front() == static_cast<std::uint32_t>(getpid());
-}
-
 Rect X11Panels::extentOf(xcb_window_t window) {
   xcb_connection_t* xcb = connection_.xcb();
   const auto state = xcb_get_window_attributes(xcb, window);
@@ -138,7 +133,7 @@ void X11Panels::read(const std::vector<Screen>& screens) {
       continue;
     }
     const auto kinds = numbersFromBytes(types[i]);
-    if (std::ranges::find(kinds, dockType) == kinds.end() || isOwn(found[i])) continue;
+    if (std::ranges::find(kinds, dockType) == kinds.end() || connection_.processOf(found[i]) == getpid()) continue;
     const auto known = docks_.find(found[i]);
     if (known == docks_.end()) {
       const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;

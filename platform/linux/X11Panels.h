@@ -38,7 +38,6 @@ class X11Panels : public QObject {
  private:
   std::vector<xcb_window_t> windows();
   std::vector<xcb_window_t> childrenOf(const std::vector<xcb_window_t>& parents);
-  bool isOwn(xcb_window_t window);
   // Where clicks on it are its own, which some docks alone change when they hide; empty while it is not on the screen.
   Rect extentOf(xcb_window_t window);
   void handle(const xcb_generic_event_t& event);

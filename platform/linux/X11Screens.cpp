@@ -38,6 +38,7 @@ X11Screens::X11Screens(X11Connection* connection) : connection_(connection) {
       asksForMonitors_ = version && (version->major_version > 1 || version->minor_version >= 5);
     }
     panels_ = std::make_unique<X11Panels>(*connection_, [this] { plan(); });
+    fullScreen_ = std::make_unique<X11FullScreen>(*connection_, [this] { plan(); });
   }
   begin();
 }
@@ -77,6 +78,7 @@ bool X11Screens::look(const QList<QScreen*>& screens) {
   for (const QScreen* screen : screens) frames.push_back({screen->name().toStdString(), pixelsOf(*screen)});
   panels_->read(frames);
   workAreas_ = workAreas();
+  filled_ = fullScreen_->frame();
   return true;
 }
 
@@ -89,6 +91,7 @@ Insets X11Screens::reservedOn(const QScreen& screen, ScreenInfo& info) {
   }
   const double scale = screen.devicePixelRatio();
   const Rect pixels = pixelsOf(screen);
+  info.isFilled = filled_ && pixels.contains({filled_->midX(), filled_->midY()});
   Insets insets = reservedEdges(pixels, desktopWidth, desktopHeight, panels_->struts());
   for (const Rect& area : workAreas_) insets = combined(insets, outsideWorkArea(pixels, area));
   if (const auto dock = panels_->dockAt(info.name)) {

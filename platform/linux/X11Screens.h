@@ -6,6 +6,7 @@
 
 #include "platform/linux/ToolkitScreens.h"
 #include "platform/linux/X11Connection.h"
+#include "platform/linux/X11FullScreen.h"
 #include "platform/linux/X11Panels.h"
 
 namespace ambrel {
@@ -22,8 +23,12 @@ class X11Screens : public ToolkitScreens {
 
   X11Connection* connection_;
   bool asksForMonitors_ = false;
-  std::unique_ptr<X11Panels> panels_;  // null without a server
-  std::vector<Rect> workAreas_;        // of the last look
+  // Null without a server.
+  std::unique_ptr<X11Panels> panels_;
+  std::unique_ptr<X11FullScreen> fullScreen_;
+  // Of the last look.
+  std::vector<Rect> workAreas_;
+  std::optional<Rect> filled_;
 };
 
 }  // namespace ambrel

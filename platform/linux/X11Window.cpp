@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/linux/ToolkitX11.h"
+#include "platform/linux/X11FullScreen.h"
 #include "platform/linux/X11WindowManager.h"
 
 namespace ambrel {
@@ -65,6 +66,12 @@ xcb_window_t X11Window::id() const { return static_cast<xcb_window_t>(window_.wi
 
 bool X11Window::isBypassing() const { return window_.flags().testFlag(Qt::X11BypassWindowManagerHint); }
 
+// A bar that is called over a window in full screen would be below it under some window managers, whatever it asks for.
+bool X11Window::shouldBypass() const {
+  return !manager_.leavesAlone(role_) ||
+         (role_ == WindowRole::dock && canAsk() && isInFullScreen(*connection_, activeWindow(*connection_)));
+}
+
 void X11Window::place(const QRect& frame) {
   asked_ = frame;
   if (window_.geometry() != frame) window_.setGeometry(frame);
@@ -94,7 +101,7 @@ bool X11Window::eventFilter(QObject* watched, QEvent* event) {
 // The window exists and is not mapped yet.
 void X11Window::beforeShow() {
   if (role_ == WindowRole::window) return;
-  const bool bypasses = !manager_.leavesAlone(role_);
+  const bool bypasses = shouldBypass();
   if (bypasses != isBypassing()) {
     if (bypasses) awaitRelease();
     window_.setFlag(Qt::X11BypassWindowManagerHint, bypasses);
@@ -223,7 +230,7 @@ void X11Window::checkPlace() {
 }
 
 void X11Window::managerChanged() {
-  if (role_ == WindowRole::window || !window_.isVisible() || isBypassing() == !manager_.leavesAlone(role_)) return;
+  if (role_ == WindowRole::window || !window_.isVisible() || isBypassing() == shouldBypass()) return;
   // One in use is left where it is, until it is shown again; a bar that is always out never is.
   if (window_.isActive()) {
     if (role_ == WindowRole::dock)
@@ -260,6 +267,8 @@ void X11Window::later(int milliseconds, int attempt, std::function<void()> step)
 }
 
 void X11Window::activate(std::function<void(bool)> done) {
+  // What is in front may be in full screen by now.
+  managerChanged();
   const int attempt = ++attempt_;
   done_ = done ? std::move(done) : [](bool) {};
   setTakesKeys(true);
@@ -339,6 +348,10 @@ void X11Window::giveBack() {
   // Or to whatever is under the pointer, as without a window manager.
   if (to != XCB_INPUT_FOCUS_POINTER_ROOT && !isViewable(to)) return;
   xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, to, connection_->serverTime());
+  // Some window managers move the keyboard at the time of the last event that they have seen. The server refuses what
+  // is earlier than this, so they get an event.
+  xcb_change_property(connection_->xcb(), XCB_PROP_MODE_APPEND, connection_->root(), connection_->atom("AMBREL_TIME"),
+                      XCB_ATOM_STRING, 8, 0, nullptr);
   connection_->flush();
 }
 

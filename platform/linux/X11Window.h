@@ -43,6 +43,7 @@ class X11Window : public QObject {
   static X11Window* ownWindow(xcb_window_t id);
   xcb_window_t id() const;
   bool isBypassing() const;
+  bool shouldBypass() const;
   bool canAsk() const { return connection_ && !connection_->isBroken(); }
   void beforeShow();
   void awaitRelease();

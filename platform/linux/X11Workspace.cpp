@@ -124,11 +124,7 @@ void X11Workspace::activateLast() {
   if (std::ranges::find(all, lastForeign_, &WindowRecord::id) != all.end()) bringForward(lastForeign_);
 }
 
-bool X11Workspace::isOwn(xcb_window_t window) const {
-  if (window == XCB_WINDOW_NONE) return false;
-  const auto pid = connection_->numbers(window, connection_->atom("_NET_WM_PID"));
-  return !pid.empty() && static_cast<int>(pid.front()) == ownProcess_;
-}
+bool X11Workspace::isOwn(xcb_window_t window) const { return connection_->processOf(window) == ownProcess_; }
 
 void X11Workspace::bringForward(xcb_window_t window) {
   xcb_client_message_event_t message{};

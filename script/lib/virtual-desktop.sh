@@ -11,7 +11,8 @@
 #   --compositor              with picom, for translucent windows
 #   --notifications           with dunst as the notification daemon
 #   --panel                   with tint2 at the lower edge, which has a tray
-#   --wm NAME                 the window manager: openbox (the usual one), xfwm4, marco, i3, awesome or bspwm
+#   --wm NAME                 the window manager: openbox (the usual one), xfwm4, marco, mutter, kwin_x11, i3, awesome or
+#                             bspwm
 #   --no-wm                   without a window manager
 #   --wayland                 a Wayland compositor (sway) in the place of the X server and its window manager
 #   --wallpaper COLOR[,COLOR] the root window's colour, or a gradient of two
@@ -147,6 +148,8 @@ vd_start_wm() {
       vd_wait 10 vd_has_name org.xfce.Xfconf || { vd_fail "xfconfd did not start"; return 1; }
       ;;
     marco) command=(marco --no-composite --sm-disable) ;;
+    mutter) command=(mutter --x11) ;;
+    kwin_x11) command=(kwin_x11) ;;
     i3)
       printf 'font pango:monospace 10\nbar {\n  position bottom\n}\n' >"$vd_folder/wm/i3"
       command=(i3 -c "$vd_folder/wm/i3")
@@ -265,7 +268,7 @@ if [ "${BASH_SOURCE[0]}" = "$0" ]; then
     shift
   done
   if [ $# -lt 2 ]; then
-    sed -n '2,19s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,20s/^# \{0,1\}//p' "$0" >&2
     exit 2
   fi
   shift

@@ -89,6 +89,20 @@ TEST_F(ScreensOnX11, ADockThatHidesIsTold) {
   EXPECT_TRUE(waitFor([&] { return !screens.list().front().hidingDockHeight; }));
 }
 
+TEST_F(ScreensOnX11, AWindowInFullScreenFillsItsScreen) {
+  X11Screens screens(connection_.get());
+  const auto isFilled = [&] { return screens.list().front().isFilled; };
+  Client first("xterm", {"-fullscreen", "-e", "sleep", "60"});
+  EXPECT_TRUE(waitFor(isFilled));
+  // Another window in front of it.
+  Client second("xterm", {"-e", "sleep", "60"});
+  EXPECT_TRUE(waitFor([&] { return !isFilled(); }));
+  second.stop();
+  EXPECT_TRUE(waitFor(isFilled));
+  first.stop();
+  EXPECT_TRUE(waitFor([&] { return !isFilled(); }));
+}
+
 // As the bars of tiling window managers.
 TEST_F(ScreensOnX11, APanelThatNoWindowManagerListsTakesItsEdge) {
   run("xprop", {"-root", "-remove", "_NET_WORKAREA"});

@@ -25,6 +25,7 @@ class DockPanelControllerTests : public QObject {
 
   void thePointerAPanelOrAPeekBringsItOut();
   void alwaysVisibleItStaysAndThenGoesByThePointer();
+  void aWindowInFullScreenHasTheScreenToItself();
   void theStripAtItsEdgeRevealsIt();
   void theKeyboardHoldsIt();
   void aKeyboardThatIsRefusedDoesNotHoldIt();
@@ -104,6 +105,27 @@ void DockPanelControllerTests::alwaysVisibleItStaysAndThenGoesByThePointer() {
   f.pass(0.6);
   QVERIFY(!f.isShown());
   f.settings.set(setting::barAlwaysVisible, true);
+  QVERIFY(f.isShown());
+}
+
+void DockPanelControllerTests::aWindowInFullScreenHasTheScreenToItself() {
+  BarFixture f;
+  f.settings.set(setting::barAlwaysVisible, true);
+  f.bar.start();
+  const auto fill = [&](bool isFilled) {
+    f.screens.screens.front().isFilled = isFilled;
+    f.bar.screensChanged();
+  };
+  fill(true);
+  QVERIFY(!f.isShown());
+  // Called, it comes all the same, and goes again.
+  f.pointer.move({800, 0});
+  f.pass(0.1);
+  QVERIFY(f.isShown());
+  f.pointer.move(BarFixture::away);
+  f.pass(0.6);
+  QVERIFY(!f.isShown());
+  fill(false);
   QVERIFY(f.isShown());
 }
 

@@ -46,6 +46,21 @@ class PanelGeometryTests : public QObject {
     QFETCH(QRect, expected);
     QCOMPARE(panelFrame(size, tile, bar, screen, static_cast<DockEdge>(edge)), expected);
   }
+
+  void messagesMakeWayByTheShortestWay() {
+    const QRect screen(0, 0, 1600, 900), message(700, 760, 200, 40);
+    const auto placed = [&](const std::vector<QRect>& taken) {
+      return clearOf(message, taken, screen, DockEdge::bottom);
+    };
+    const QRect elsewhere(100, 400, 400, 400), bubble(640, 700, 320, 100), corner(860, 300, 620, 500);
+    QCOMPARE(placed({elsewhere}), message);
+    QCOMPARE(placed({bubble}), message.translated(0, -108));
+    QCOMPARE(placed({corner}), message.translated(-48, 0));
+    // Where the shortest way leads over another one, and where there is none.
+    QCOMPARE(placed({corner, QRect(600, 700, 90, 100)}), message.translated(0, -508));
+    QCOMPARE(placed({screen}), message);
+    QCOMPARE(clearOf({1500, 400, 90, 40}, {{1400, 300, 190, 120}}, screen, DockEdge::right), QRect(1500, 428, 90, 40));
+  }
 };
 
 }  // namespace ambrel

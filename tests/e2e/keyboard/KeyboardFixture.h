@@ -109,7 +109,8 @@ class Keyboard : public testing::Test {
   }
   // Toasts, tips and bubbles do not take the keyboard.
   bool isMessage(const QString& path, int depth = 3) const {
-    if (const unsigned role = reader_.item(path).role; role == ScreenReader::alert || role == ScreenReader::toolTip)
+    if (const unsigned role = reader_.item(path).role;
+        role == ScreenReader::notification || role == ScreenReader::toolTip)
       return true;
     if (depth == 0) return false;
     const auto below = reader_.children(path);

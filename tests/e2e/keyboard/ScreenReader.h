@@ -16,7 +16,15 @@ class ScreenReader : public QDBusVirtualObject {
 
  public:
   // The numbers are those of AT-SPI.
-  enum Role : unsigned { alert = 2, list = 31, listItem = 32, menuItem = 35, pushButton = 43, text = 61, toolTip = 64 };
+  enum Role : unsigned {
+    list = 31,
+    listItem = 32,
+    menuItem = 35,
+    pushButton = 43,
+    text = 61,
+    toolTip = 64,
+    notification = 101
+  };
 
   struct Item {
     QString path;
