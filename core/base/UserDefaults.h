@@ -53,6 +53,7 @@ class UserDefaults {
   std::optional<std::string> data(const std::string& key) const;
   std::optional<Instant> date(const std::string& key) const;
   const DefaultsDictionary* dictionary(const std::string& key) const;
+  // The document alone.
   const DefaultsDictionary& all() const { return values_; }
 
   // Setting an equal value writes nothing. Throws FileError when the file cannot be written; the change
@@ -87,6 +88,13 @@ class UserDefaults {
   DefaultsDictionary values_;
   std::optional<FileStatus> seen_;  // the file that was read or written last
   bool isUnreadable_ = false;
+
+ public:
+  // Somebody else may keep keys, too. What he keeps is read in place of the document's (null: no value); absent where
+  // he keeps nothing.
+  std::function<std::optional<const DefaultsValue*>(const std::string& key)> keptElsewhere;
+  // Told of every key that is about to be set or removed (null), before the document is.
+  std::function<void(const std::string& key, const DefaultsValue* value)> onChosen;
 };
 
 }  // namespace ambrel
