@@ -24,6 +24,8 @@ Item {
     readonly property bool isHeld: context.drag.item === item
     // Untyped: the lint knows neither the script methods of lists of strings nor what only a tile has.
     readonly property var lockedWidgets: context.lockedWidgets
+    // Needs a licence that is not there.
+    readonly property bool isLocked: lockedWidgets.includes(widget)
     readonly property var tile: host.tile
     // The bar is longer than its place.
     property bool isScrolling: false
@@ -76,10 +78,9 @@ Item {
         anchors.fill: parent
         visible: !root.isHeld
         context: root.context
-        widget: root.widget
+        widget: root.isLocked ? "" : root.widget
         span: root.span
         live: root.context.widgetsActive
-        isLocked: root.lockedWidgets.includes(root.widget)
     }
     Loader {
         anchors.fill: parent
@@ -99,12 +100,14 @@ Item {
             }
             onActiveFocusChanged: if (activeFocus)
                 root.revealAsked(root.frame)
+            isLocked: root.isLocked
         }
     }
 
     Binding {
         target: host.tile
         when: host.tile !== null
+            onUnlockAsked: root.context.unlock(root.widget)
         property: "place"
         value: root.place
     }
@@ -128,9 +131,6 @@ Item {
         }
         function onSettingsAsked() {
             root.context.openPanel(root.widget, root.item, root.tile.settingsPanel, root.tile.panelProperties);
-        }
-        function onUnlockAsked() {
-            root.context.unlock(root.widget);
         }
         function onCopyAsked(text: string) {
             root.context.copyText(text);

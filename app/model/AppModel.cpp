@@ -274,6 +274,9 @@ QString AppModel::activeProfileID() const {
 
 QString AppModel::pinnedProfileText() const { return pinnedProfileID_ ? text(*pinnedProfileID_) : QString(); }
 
-void AppModel::setPinnedProfileText(const QString& id) { setPinnedProfileID(parsed(id)); }
+void AppModel::setPinnedProfileText(const QString& id) {
+  const auto profile = parsed(id);
+  if (!profile || license_.permits(ProFeature::profileSwitching)) setPinnedProfileID(profile);
+}
 
 }  // namespace ambrel
