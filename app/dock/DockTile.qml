@@ -35,8 +35,12 @@ Item {
     // The keyboard has come to a tile that may be scrolled out of sight.
     signal revealAsked(rect frame)
 
-    x: frame.x
-    y: frame.y
+    // How far from its place it was let go.
+    property point fall: Qt.point(0, 0)
+    property bool isFalling: false
+
+    x: placeX.value
+    y: placeY.value
     width: frame.width
     height: frame.height
 
@@ -48,20 +52,24 @@ Item {
         event.accepted = true;
     }
 
-    component Slide: NumberAnimation {
-        duration: Theme.openDuration
-        easing.type: Easing.OutCubic
+    onIsHeldChanged: {
+        if (isHeld || !slides)
+            return;
+        isFalling = true;
+        fall = context.drag.offsetFrom(root);
+        isFalling = false;
+        fall = Qt.point(0, 0);
     }
 
-    Behavior on x {
-        enabled: root.slides
-
-        Slide {}
+    MoveSpring {
+        id: placeX
+        isInstant: !root.slides || root.isFalling
+        target: root.frame.x + root.fall.x
     }
-    Behavior on y {
-        enabled: root.slides
-
-        Slide {}
+    MoveSpring {
+        id: placeY
+        isInstant: !root.slides || root.isFalling
+        target: root.frame.y + root.fall.y
     }
 
     Rectangle {
@@ -92,22 +100,22 @@ Item {
             symbol: root.symbol
             description: root.description
             isKnown: root.isKnown
+            isLocked: root.isLocked
             span: root.span
             place: root.place
             onMenuRequested: {
                 Tips.leave(standIn);
                 root.context.openTileMenu(root.item, "", "");
             }
+            onUnlockAsked: root.context.unlock(root.widget)
             onActiveFocusChanged: if (activeFocus)
                 root.revealAsked(root.frame)
-            isLocked: root.isLocked
         }
     }
 
     Binding {
         target: host.tile
         when: host.tile !== null
-            onUnlockAsked: root.context.unlock(root.widget)
         property: "place"
         value: root.place
     }
