@@ -113,7 +113,10 @@ FocusScope {
                         enabled: rows.count > 1
                         grabPermissions: PointerHandler.CanTakeOverFromAnything
                         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
-                        onActiveChanged: active ? root.hold(row, 0) : root.letGo()
+                        onActiveChanged: {
+                            Tips.leave(row);
+                            active ? root.hold(row, 0) : root.letGo();
+                        }
                         onActiveTranslationChanged: if (active)
                             root.hold(row, activeTranslation.y)
                     }

@@ -64,6 +64,12 @@ class UserDefaults {
   void set(DefaultsDictionary values);
   void remove(const std::string& key);
 
+  // Somebody else may keep keys, too. What he keeps is read in place of the document's (null: no value); absent where
+  // he keeps nothing.
+  std::function<std::optional<const DefaultsValue*>(const std::string& key)> keptElsewhere;
+  // Told of every key that is about to be set or removed (null), before the document is.
+  std::function<void(const std::string& key, const DefaultsValue* value)> onChosen;
+
   const std::filesystem::path& file() const { return file_; }
 
   // Reads the file if it is another than was read or written last. A missing file changes nothing.
@@ -88,13 +94,6 @@ class UserDefaults {
   DefaultsDictionary values_;
   std::optional<FileStatus> seen_;  // the file that was read or written last
   bool isUnreadable_ = false;
-
- public:
-  // Somebody else may keep keys, too. What he keeps is read in place of the document's (null: no value); absent where
-  // he keeps nothing.
-  std::function<std::optional<const DefaultsValue*>(const std::string& key)> keptElsewhere;
-  // Told of every key that is about to be set or removed (null), before the document is.
-  std::function<void(const std::string& key, const DefaultsValue* value)> onChosen;
 };
 
 }  // namespace ambrel
