@@ -217,6 +217,9 @@ void AppDelegate::followDefaults() {
   connect(&settings_, &AppSettings::chosen, this, [this](const std::string& key) {
     for (Area* area : areas_) area->defaultsChanged({key});
   });
+  connect(&slotChoices_, &SlotChoices::changed, this, [this](const std::set<std::string>& keys) {
+    for (Area* area : areas_) area->defaultsChanged(keys);
+  });
   stored_.follow();
   model_.followFile();
 }

@@ -16,6 +16,7 @@
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
 #include "app/model/LicenseManager.h"
+#include "app/model/SlotChoices.h"
 #include "app/window/ToastController.h"
 
 namespace ambrel {
@@ -81,6 +82,7 @@ class AppDelegate : public QObject, private Shell {
   AppSettings settings_;
   LicenseManager license_;
   AppModel model_;
+  SlotChoices slotChoices_{model_, defaults_};
   DesktopAppearance appearance_;
   QQmlEngine engine_;
   DueTimer due_;

@@ -173,6 +173,7 @@ Areas::Areas(const Services& with)
               .settings = with.settings,
               .model = with.model,
               .license = with.license,
+              .licenceKey = with.surroundings.licenceKey,
               .calendar = with.surroundings.calendar,
               .now = with.surroundings.now,
               .home = with.surroundings.home,

@@ -114,7 +114,9 @@ void BarWindows::followDock() {
   connect(&dock_, &DockPanelController::layoutChanged, &bubble_, &BubbleController::place);
   connect(&dock_, &DockPanelController::keyboardTaken, wiring_.get(), [this] {
     followPresses();
-    if (areas_.notices().hasBubble()) Q_EMIT areas_.notices().keyboardOffered();
+    // What asks for nothing can wait for the arrows.
+    if (areas_.notices().hasBubble() && !areas_.notices().bubbleText().actions.isEmpty())
+      Q_EMIT areas_.notices().keyboardOffered();
   });
   with_.toast.attach(with_.engine, with_.desktop.windowStyle, [this] { return dock_.anchor({}); });
 }

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <string>
 
 #include "core/agents.h"
 #include "core/base/PresentCalendar.h"
@@ -20,6 +21,7 @@ struct Surroundings {
   UserHome userHome = {};              // where others keep their things
   std::filesystem::path program = {};  // what runs, absolute
   std::filesystem::path tool = {};     // tilebayctl; empty where it is not installed
+  std::string licenceKey = {};         // what licences are to be signed with, as of `licenceKey`
 };
 
 }  // namespace ambrel

@@ -14,6 +14,7 @@
 #include "app/base/Heap.h"
 #include "app/base/Log.h"
 #include "app/kit/LongTexts.h"
+#include "core/licence/Licence.h"
 #include "core/settings/PersonalData.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/wayland/WaylandWindows.h"
@@ -115,6 +116,7 @@ int main(int argc, char** argv) {
 
   Surroundings surroundings = environment.surroundings;
   surroundings.program = program;
+  surroundings.licenceKey = licenceKey();
   surroundings.tool = tool;
   LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
                        surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);

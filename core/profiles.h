@@ -2,6 +2,7 @@
 // Profiles: named lists of widgets for the bar, and which of them is active on the connected displays.
 
 #include <filesystem>
+#include <map>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <span>
@@ -11,6 +12,7 @@
 
 #include "core/base/EnumText.h"
 #include "core/base/UUID.h"
+#include "core/base/UserDefaults.h"
 
 namespace ambrel {
 
@@ -22,6 +24,10 @@ struct DisplaySnapshot {
   friend bool operator==(const DisplaySnapshot&, const DisplaySnapshot&) = default;
 };
 
+// What is chosen for one slot alone, by the keys that the defaults have for all of them, such as "gitStatusFolder". No
+// value: the usual one is chosen, whatever the defaults say.
+using SlotSettings = std::map<std::string, std::optional<DefaultsValue>>;
+
 // One slot of a profile.
 struct DockItem {
   UUID id;
@@ -29,6 +35,8 @@ struct DockItem {
   std::optional<std::string> bundleID;
   // The name of a DockWidget. One that this version does not know stays as it is.
   std::optional<std::string> widget;
+  // Keys that this version does not know stay, too.
+  SlotSettings settings = {};
 
   // A new slot with an id of its own.
   static DockItem holding(std::string_view widget);
@@ -68,7 +76,8 @@ const Profile* resolve(std::span<const Profile> profiles, std::span<const Displa
 
 // Edits of a list of profiles. False, and nothing done, when no profile has the id; after true the list is to be saved.
 
-// Adds nothing to a profile that holds the widget already.
+// Adds nothing to a profile that holds the widget already. Tiles that show the same thing, as those of the weather do,
+// go on doing so: the new one takes over what is chosen for the others.
 bool addWidget(std::vector<Profile>& profiles, std::string_view widget, const UUID& profileID,
                const std::optional<UUID>& before = std::nullopt);
 // As addWidget, for a slot that is made already.
@@ -88,8 +97,19 @@ bool renameProfile(std::vector<Profile>& profiles, const UUID& id, std::string_v
 // profiles with the same one would leave the copy unused. Gives its id.
 std::optional<UUID> duplicateProfile(std::vector<Profile>& profiles, const UUID& id);
 bool setTrigger(std::vector<Profile>& profiles, const UUID& id, std::optional<DisplayContext> trigger);
-// One place towards the end or towards the start; false at that end.
+// So many places towards the end, or towards the start below zero; false beyond the ends.
 bool stepProfile(std::vector<Profile>& profiles, const UUID& id, int step);
+
+// What a tile shows.
+
+// Every key that slots have a choice for.
+std::vector<std::string_view> slotSettingKeys();
+// What is chosen in the profile for a key: by the first slot of a widget that the key is for and that has it. Null when
+// none has; the defaults then decide. Lives as long as the slot's settings.
+const std::optional<DefaultsValue>* slotSetting(const Profile& profile, std::string_view key);
+// For every slot of the profile that the key is for. False when there is none, or nothing differs.
+bool setSlotSetting(std::vector<Profile>& profiles, const UUID& profileID, std::string_view key,
+                    const std::optional<DefaultsValue>& value);
 
 // A tile that is being dragged.
 
@@ -136,7 +156,8 @@ struct LoadedProfiles {
   std::optional<std::string> problem;
 };
 // The defaults for a file that does not exist, cannot be read or does not decode. Keys that are not known are
-// passed over; a key that is missing or of another type makes the whole file count as unreadable.
+// passed over; a key that is missing or of another type makes the whole file count as unreadable, but for "settings" of
+// a slot, which then count as none.
 LoadedProfiles loadProfiles(const std::filesystem::path& file);
 // Throws FileError; the old file stays.
 void saveProfiles(const std::filesystem::path& file, const std::vector<Profile>& profiles);

@@ -88,7 +88,16 @@ void BuddyNoticeCenter::sessionFinished() {
   buddy_.showHappy(reactionLength);
 }
 
+void BuddyNoticeCenter::setAllowed(bool isAllowed) {
+  isAllowed_ = isAllowed;
+  if (isAllowed) return;
+  BuddyPolicy silence;
+  silence.level = BuddyLevel::off;
+  change([&](Instant now) { speech_.bubble.apply(silence, now); });
+}
+
 void BuddyNoticeCenter::post(const BuddyNotice& notice) {
+  if (!isAllowed_) return;
   change([&](Instant now) { speech_.post(notice, policy(), now); });
 }
 

@@ -56,8 +56,8 @@ class BuddyNoticeCenter : public TimedModel {
   void sessionFinished();
   // Adds a notice from outside the rules to the bubble and the inbox.
   void post(const BuddyNotice& notice);
-  // Whether the licence allows Buddy; without it no rules run.
-  void setAllowed(bool isAllowed) { isAllowed_ = isAllowed; }
+  // Whether the licence allows Buddy; without it he says nothing.
+  void setAllowed(bool isAllowed);
   // A panel of the bar is open: the bubble waits.
   void setPanelOpen(bool isOpen);
   // Opening the inbox marks its notices as read.

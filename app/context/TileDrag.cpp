@@ -11,6 +11,15 @@
 namespace ambrel {
 namespace {
 
+// The windows have heard nothing of the pointer during the drag: what is below it lights up, and nothing else.
+void tellOfPointer(QWindow* source, const QPoint& at) {
+  QWindow* below = QGuiApplication::topLevelAt(at);
+  if (source && source != below) QCoreApplication::postEvent(source, new QEvent(QEvent::Leave));
+  if (below)
+    QCoreApplication::postEvent(below, new QMouseEvent(QEvent::MouseMove, below->mapFromGlobal(QPointF(at)), at,
+                                                       Qt::NoButton, Qt::NoButton, Qt::NoModifier));
+}
+
 // Escape is for the drag, whoever has the keyboard. Other platforms have no such grab, and complain when asked for one.
 void grabKeyboard(QWindow* window, bool isGrabbed) {
   if (window && QGuiApplication::platformName() == QLatin1String("xcb")) window->setKeyboardGrabEnabled(isGrabbed);
@@ -51,6 +60,10 @@ void TileDrag::begin(QQuickItem* source, const QString& widget, const QString& i
   qGuiApp->installEventFilter(this);
   moveTo(source->mapToGlobal(grip).toPoint());
   Q_EMIT changed();
+}
+
+QPointF TileDrag::offsetFrom(const QQuickItem* item) const {
+  return item ? frame_.topLeft() - item->mapToGlobal(QPointF(0, 0)) : QPointF();
 }
 
 std::vector<DockItem> TileDrag::shown(const Profile& profile) const {
@@ -118,6 +131,7 @@ void TileDrag::end() {
   if (!held_) return;
   qGuiApp->removeEventFilter(this);
   grabKeyboard(window_, false);
+  tellOfPointer(window_, at_);
   held_.reset();
   spot_.reset();
   window_.clear();

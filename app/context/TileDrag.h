@@ -63,6 +63,8 @@ class TileDrag : public QObject {
   void look();
   // Of the picture under the pointer, on the screen.
   QRect frame() const { return frame_; }
+  // From the item's corner to that of the picture.
+  Q_INVOKABLE QPointF offsetFrom(const QQuickItem* item) const;
   // What the bar shows meanwhile of the active profile.
   std::vector<DockItem> shown(const Profile& profile) const;
 

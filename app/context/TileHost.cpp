@@ -48,7 +48,6 @@ void TileHost::passOn() {
   if (!tile_) return;
   tile_->setProperty("span", span_);
   tile_->setProperty("live", live_);
-  tile_->setProperty("isLocked", isLocked_);
   tile_->setSize(size());
 }
 

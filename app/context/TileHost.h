@@ -19,8 +19,6 @@ class TileHost : public QQuickItem {
   Q_PROPERTY(int span MEMBER span_ NOTIFY stateChanged FINAL)
   // Whether somebody can see the tile.
   Q_PROPERTY(bool live MEMBER live_ NOTIFY stateChanged FINAL)
-  // The licence does not allow it.
-  Q_PROPERTY(bool isLocked MEMBER isLocked_ NOTIFY stateChanged FINAL)
   // Shows what the area has as an example, instead of what is the case.
   Q_PROPERTY(bool isSample MEMBER isSample_ NOTIFY sourceChanged FINAL)
   Q_PROPERTY(QQuickItem* tile READ tile NOTIFY tileChanged FINAL)
@@ -47,7 +45,7 @@ class TileHost : public QQuickItem {
   WidgetContext* context_ = nullptr;
   QString widget_;
   int span_ = 1;
-  bool live_ = false, isLocked_ = false, isSample_ = false;
+  bool live_ = false, isSample_ = false;
   std::unique_ptr<QQuickItem> tile_;
 };
 

@@ -24,6 +24,8 @@ Item {
     readonly property bool isHeld: context.drag.item === item
     // Untyped: the lint knows neither the script methods of lists of strings nor what only a tile has.
     readonly property var lockedWidgets: context.lockedWidgets
+    // Needs a licence that is not there.
+    readonly property bool isLocked: lockedWidgets.includes(widget)
     readonly property var tile: host.tile
     // The bar is longer than its place.
     property bool isScrolling: false
@@ -33,8 +35,12 @@ Item {
     // The keyboard has come to a tile that may be scrolled out of sight.
     signal revealAsked(rect frame)
 
-    x: frame.x
-    y: frame.y
+    // How far from its place it was let go.
+    property point fall: Qt.point(0, 0)
+    property bool isFalling: false
+
+    x: placeX.value
+    y: placeY.value
     width: frame.width
     height: frame.height
 
@@ -46,20 +52,24 @@ Item {
         event.accepted = true;
     }
 
-    component Slide: NumberAnimation {
-        duration: Theme.openDuration
-        easing.type: Easing.OutCubic
+    onIsHeldChanged: {
+        if (isHeld || !slides)
+            return;
+        isFalling = true;
+        fall = context.drag.offsetFrom(root);
+        isFalling = false;
+        fall = Qt.point(0, 0);
     }
 
-    Behavior on x {
-        enabled: root.slides
-
-        Slide {}
+    MoveSpring {
+        id: placeX
+        isInstant: !root.slides || root.isFalling
+        target: root.frame.x + root.fall.x
     }
-    Behavior on y {
-        enabled: root.slides
-
-        Slide {}
+    MoveSpring {
+        id: placeY
+        isInstant: !root.slides || root.isFalling
+        target: root.frame.y + root.fall.y
     }
 
     Rectangle {
@@ -76,10 +86,9 @@ Item {
         anchors.fill: parent
         visible: !root.isHeld
         context: root.context
-        widget: root.widget
+        widget: root.isLocked ? "" : root.widget
         span: root.span
         live: root.context.widgetsActive
-        isLocked: root.lockedWidgets.includes(root.widget)
     }
     Loader {
         anchors.fill: parent
@@ -91,12 +100,14 @@ Item {
             symbol: root.symbol
             description: root.description
             isKnown: root.isKnown
+            isLocked: root.isLocked
             span: root.span
             place: root.place
             onMenuRequested: {
                 Tips.leave(standIn);
                 root.context.openTileMenu(root.item, "", "");
             }
+            onUnlockAsked: root.context.unlock(root.widget)
             onActiveFocusChanged: if (activeFocus)
                 root.revealAsked(root.frame)
         }
@@ -128,9 +139,6 @@ Item {
         }
         function onSettingsAsked() {
             root.context.openPanel(root.widget, root.item, root.tile.settingsPanel, root.tile.panelProperties);
-        }
-        function onUnlockAsked() {
-            root.context.unlock(root.widget);
         }
         function onCopyAsked(text: string) {
             root.context.copyText(text);

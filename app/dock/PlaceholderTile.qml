@@ -1,20 +1,21 @@
 import QtQuick
-import Ambrel.Dock
 import Ambrel.Kit
 
-// Stands for a widget that has nothing to show yet, or that this version does not know.
+// Stands for a widget that has nothing to show yet, that needs a licence, or that this version does not know.
 TileFrame {
     id: root
 
     required property bool isKnown
 
-    label: name + ", " + description
-    tip: description
+    readonly property string lockNote: qsTr("Part of Tilebay Pro")
+
+    label: isLocked ? name + ", " + qsTr("Locked") + ", " + lockNote : name + ", " + description
+    tip: isLocked ? label : description
     problem: isKnown ? "" : description
     hasHeader: !isSmall
-    value: isSmall ? "" : qsTr("Soon")
+    value: isSmall ? "" : isLocked ? qsTr("Locked") : qsTr("Soon")
     valueColor: Theme.ink3
-    subLine: isSmall ? "" : description
+    subLine: isSmall ? "" : isLocked ? lockNote : description
 
     Symbol {
         visible: root.isSmall && root.isKnown
@@ -33,5 +34,13 @@ TileFrame {
         role: Theme.caption
         color: Theme.ink2
         Accessible.ignored: true
+    }
+    Symbol {
+        visible: root.isLocked
+        anchors.right: parent.right
+        y: 1
+        name: "lock.fill"
+        size: 12
+        color: Theme.ink2
     }
 }

@@ -16,8 +16,6 @@ Popover {
 
     PanelColumn {
         Section {
-            width: parent.width
-
             SwitchRow {
                 title: qsTr("Alarm")
                 detail: root.alarm.face.detail

@@ -23,8 +23,6 @@ Popover {
 
     PanelColumn {
         Section {
-            width: parent.width
-
             SettingRow {
                 key: root.isForEyes ? "eyeBreakOn" : "standUpOn"
                 title: qsTr("Reminders")

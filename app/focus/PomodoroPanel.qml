@@ -64,8 +64,6 @@ Popover {
         padding: Theme.space4
 
         Section {
-            width: parent.width
-
             SettingRow {
                 key: "pomodoroFocus"
                 title: qsTr("Focus")

@@ -41,8 +41,6 @@ Popover {
             }
         }
         Section {
-            width: parent.width
-
             StepperRow {
                 title: qsTr("Other length")
                 value: root.minutes

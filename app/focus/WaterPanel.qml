@@ -40,8 +40,6 @@ Popover {
             }
         }
         Section {
-            width: parent.width
-
             SettingRow {
                 key: "waterGoal"
                 title: qsTr("Goal")

@@ -9,6 +9,7 @@ Rectangle {
     // A search has found none of its rows.
     property bool isLeftOut: false
 
+    width: parent ? parent.width : implicitWidth
     implicitWidth: 640
     implicitHeight: column.height
     radius: Theme.radiusCard

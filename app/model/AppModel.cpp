@@ -177,6 +177,11 @@ void AppModel::placeItem(const DockItem& item, const UUID& profileID, const std:
     moveItem(item.id, *target, profileID);
 }
 
+void AppModel::setSlotSetting(std::string_view key, const std::optional<DefaultsValue>& value) {
+  if (const Profile* active = activeProfile())
+    edit([&](auto& profiles) { return ambrel::setSlotSetting(profiles, active->id, key, value); });
+}
+
 UUID AppModel::addProfile(std::string name, std::optional<DisplayContext> trigger) {
   UUID id;
   edit([&](auto& profiles) {
@@ -269,6 +274,9 @@ QString AppModel::activeProfileID() const {
 
 QString AppModel::pinnedProfileText() const { return pinnedProfileID_ ? text(*pinnedProfileID_) : QString(); }
 
-void AppModel::setPinnedProfileText(const QString& id) { setPinnedProfileID(parsed(id)); }
+void AppModel::setPinnedProfileText(const QString& id) {
+  const auto profile = parsed(id);
+  if (!profile || license_.permits(ProFeature::profileSwitching)) setPinnedProfileID(profile);
+}
 
 }  // namespace ambrel

@@ -44,6 +44,7 @@ class LicenseFile : public TimedModel {
   // When it ends.
   std::optional<Instant> due() const override;
   void tick(Instant now) override { read(now); }
+  void clockMoved(Seconds /*by*/, Instant now) override { read(now); }
 
  Q_SIGNALS:
   void changed();

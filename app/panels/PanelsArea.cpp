@@ -67,10 +67,7 @@ PanelsArea::PanelsArea(const Seams& seams, DueTimer& due, QObject* parent)
       startAtLogin_(seams.userHome.config, installedAutostartFile(), seams.program),
       choices_(seams.defaults, seams.settings, seams.model),
       privacy_({.data = seams.data, .defaults = seams.defaultsFile}, sourcesOf(seams), seams.home, seams.calendar),
-      licence_({.file = licenceFile(seams.data),
-                .key = std::string(licenceKey()),
-                .calendar = seams.calendar,
-                .now = seams.now},
+      licence_({.file = licenceFile(seams.data), .key = seams.licenceKey, .calendar = seams.calendar, .now = seams.now},
                seams.license),
       welcome_(seams.model, {.home = seams.home, .agentFolders = seams.agentFolders, .userHome = seams.userHome}) {
   keep({this, &keys_, &startAtLogin_, &choices_, &privacy_, &licence_, &welcome_});

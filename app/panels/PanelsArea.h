@@ -46,6 +46,7 @@ class PanelsArea : public Area {
     AppSettings& settings;
     AppModel& model;
     LicenseManager& license;
+    std::string licenceKey;
     const PresentCalendar& calendar;
     std::function<Instant()> now;
     std::filesystem::path home, data, defaultsFile, program;

@@ -8,8 +8,6 @@ SettingsPage {
     signal copyAsked(string text)
 
     Section {
-        width: parent.width
-
         SectionRow {
             title: "Tilebay " + (root.area ? root.area.version : "")
             detail: qsTr("Live widgets on the edge of your screen.")
@@ -23,8 +21,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
-
         Repeater {
             model: root.area ? root.area.libraries : null
 

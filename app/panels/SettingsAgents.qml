@@ -8,8 +8,6 @@ SettingsPage {
     property AgentsArea agents: null
 
     Section {
-        width: parent.width
-
         SwitchRow {
             title: qsTr("Follow AI agents")
             detail: qsTr("Reads only metadata: status, tool name, project folder, timestamps. Sessions from the last 6 hours are listed.")
@@ -25,7 +23,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
         visible: root.agents !== null
 
         Repeater {

@@ -6,8 +6,6 @@ SettingsPage {
     id: root
 
     Section {
-        width: parent.width
-
         SettingRow {
             key: "theme"
             title: qsTr("Theme")

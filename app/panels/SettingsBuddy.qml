@@ -34,8 +34,6 @@ SettingsPage {
     }
 
     Section {
-        width: parent.width
-
         SettingRow {
             key: "buddyLevel"
             title: qsTr("Buddy speaks up")
@@ -71,8 +69,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
-
         SettingRow {
             key: "quietHoursOn"
             title: qsTr("Quiet hours")
@@ -96,7 +92,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
         visible: root.modelServer !== null
 
         Loader {
@@ -108,7 +103,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
         visible: root.statusLine !== null || root.budget !== null
 
         // Not by loaders: a row of the column itself knows by its place whether a rule is above it.

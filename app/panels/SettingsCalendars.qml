@@ -11,8 +11,6 @@ SettingsPage {
     property string problem
 
     Section {
-        width: parent.width
-
         SettingRow {
             key: "calendarsFound"
             title: qsTr("Calendars on this computer")
@@ -38,7 +36,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
         visible: list.count > 0
 
         Repeater {
@@ -72,7 +69,6 @@ SettingsPage {
         }
     }
     TextListSection {
-        width: parent.width
         title: qsTr("Your mail addresses")
         detail: qsTr("Invitations that they have declined are not shown")
         hint: qsTr("name@example.org")

@@ -11,8 +11,6 @@ SettingsPage {
     property bool asksToClear: false
 
     Section {
-        width: parent.width
-
         SettingRow {
             key: "clipboardEnabled"
             title: qsTr("Keep a clipboard history")
@@ -85,7 +83,6 @@ SettingsPage {
     }
     TextListSection {
         id: ignored
-        width: parent.width
         title: qsTr("Programs to ignore")
         detail: qsTr("What is copied in them is never kept")
         hint: qsTr("Name, as on its cards")
@@ -95,7 +92,6 @@ SettingsPage {
         onChosen: texts => root.settings.ignoredBundleIDs = texts
     }
     Section {
-        width: parent.width
         visible: recent.count > 0
 
         SectionRow {

@@ -7,8 +7,6 @@ SettingsPage {
     id: root
 
     Section {
-        width: parent.width
-
         SettingRow {
             key: "diskLargeMegabytes"
             title: qsTr("Large files")
@@ -51,7 +49,6 @@ SettingsPage {
         }
     }
     TextListSection {
-        width: parent.width
         title: qsTr("Folders to leave out")
         detail: qsTr("Disk Doctor does not look into them; the next scan goes by this")
         hint: qsTr("~/folder")

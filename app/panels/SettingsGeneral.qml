@@ -7,8 +7,6 @@ SettingsPage {
     id: root
 
     Section {
-        width: parent.width
-
         SettingRow {
             key: "dockEdge"
             title: qsTr("Edge of the screen")
@@ -47,7 +45,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
         visible: root.area !== null
 
         SectionRow {
@@ -64,7 +61,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
         visible: root.area !== null
 
         Repeater {

@@ -12,8 +12,6 @@ SettingsPage {
     signal purchaseAsked
 
     Section {
-        width: parent.width
-
         SectionRow {
             title: root.licence ? root.licence.text : ""
             detail: root.hasProblem ? root.licence.problem : root.licence && root.licence.isNeeded ? qsTr("It is checked on this computer alone, without asking anybody.") : ""

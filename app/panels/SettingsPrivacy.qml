@@ -13,8 +13,6 @@ SettingsPage {
         privacy.look()
 
     Section {
-        width: parent.width
-
         SectionRow {
             title: qsTr("What Tilebay keeps")
             detail: qsTr("All of it is on this computer, and nobody else's. Deleting starts Tilebay again for a moment.")
@@ -28,8 +26,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
-
         SectionRow {
             title: qsTr("What Tilebay reads")
             detail: qsTr("Files of other programs. They are only read, but for the connections that you make yourself.")
@@ -47,8 +43,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
-
         SectionRow {
             title: qsTr("What leaves this computer")
             detail: qsTr("Requests for the tiles that you have put on the bar: the weather's place to its server, your calendars' and bookmarks' addresses to their own. No copies, no notes, no conversations, and nothing to Tilebay's makers.")
@@ -56,8 +50,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
-
         SectionRow {
             title: [qsTr("Delete everything"), qsTr("Delete everything that Tilebay keeps?"), qsTr("Really? It cannot be undone.")][root.deletionStep]
             detail: [qsTr("History, lists, profiles and choices; connections to other programs are undone"), qsTr("Your licence stays."), qsTr("Tilebay starts again as on the first day.")][root.deletionStep]

@@ -17,8 +17,6 @@ SettingsPage {
     signal customizeAsked
 
     Section {
-        width: parent.width
-
         SectionRow {
             title: qsTr("Tiles and profiles")
             detail: qsTr("Choose what is on the bar, and when")
@@ -36,8 +34,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
-
         // The same as in the panels of their tiles.
         Repeater {
             model: root.settings.keysOf("panel")
@@ -50,8 +46,6 @@ SettingsPage {
         }
     }
     Section {
-        width: parent.width
-
         Repeater {
             model: root.tileKeys.filter(key => key !== "clipboardPreviewInBar")
 

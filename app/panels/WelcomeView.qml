@@ -184,8 +184,6 @@ Popover {
             sentence: qsTr("They work in every program. Others can be chosen in Settings, General.")
 
             Section {
-                width: parent.width
-
                 Repeater {
                     model: ["barKeys", "shelfKeys"]
 

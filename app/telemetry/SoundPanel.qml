@@ -49,8 +49,6 @@ LivePanel {
             }
         }
         Section {
-            width: parent.width
-
             SwitchRow {
                 title: qsTr("Output")
                 detail: !root.output.isMissing ? "" : root.output.message

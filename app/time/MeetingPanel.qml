@@ -139,8 +139,6 @@ Popover {
             spacing: Theme.space2
 
             Section {
-                width: parent.width
-
                 SettingRow {
                     key: "meetingFromHour"
                     title: qsTr("Work begins at")

@@ -70,8 +70,6 @@ Popover {
             day: root.month.face.chosen
         }
         Section {
-            width: parent.width
-
             SettingRow {
                 key: "weekNumbering"
                 title: qsTr("Weeks")

@@ -105,7 +105,6 @@ Popover {
             }
         }
         Section {
-            width: parent.width
             visible: root.tool.widget === "password"
 
             SettingRow {

@@ -83,8 +83,6 @@ Popover {
         spacing: Theme.space3
 
         Section {
-            width: parent.width
-
             SettingRow {
                 key: "weatherFahrenheit"
                 title: qsTr("Unit")

@@ -2,94 +2,13 @@
 
 #include <utility>
 
+#include "core/base/DefaultsJSON.h"
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
-#include "core/base/Overloaded.h"
 #include "core/base/StoredFile.h"
-#include "core/base/Text.h"
 
 namespace ambrel {
 namespace {
-
-JSON encoded(const DefaultsDictionary& dictionary);
-
-JSON encoded(const DefaultsValue& value) {
-  return std::visit(Overloaded{[](const DefaultsData& data) {
-                                 return JSON{{"$data", base64Encoded(data.bytes)}};
-                               },
-                               [](const Instant& date) {
-                                 return JSON{{"$date", iso8601(date)}};
-                               },
-                               [](const DefaultsArray& array) {
-                                 JSON out = JSON::array();
-                                 for (const auto& element : array) out.push_back(encoded(element));
-                                 return out;
-                               },
-                               [](const DefaultsDictionary& dictionary) {
-                                 const bool isAmbiguous =
-                                     dictionary.size() == 1 && dictionary.begin()->first.starts_with('$');
-                                 JSON out = encoded(dictionary);
-                                 return isAmbiguous ? JSON{{"$dictionary", std::move(out)}} : out;
-                               },
-                               [](const auto& plain) { return JSON(plain); }},
-                    value.value);
-}
-
-JSON encoded(const DefaultsDictionary& dictionary) {
-  JSON out = JSON::object();
-  for (const auto& [key, value] : dictionary) out[key] = encoded(value);
-  return out;
-}
-
-std::optional<DefaultsValue> decoded(const JSON& json);
-
-DefaultsDictionary decodedDictionary(const JSON& json) {
-  DefaultsDictionary out;
-  for (const auto& [key, value] : json.items())
-    if (auto entry = decoded(value)) out.emplace(key, std::move(*entry));
-  return out;
-}
-
-DefaultsValue decodedObject(const JSON& json) {
-  if (json.size() == 1) {
-    if (const auto data = stringField(json, "$data"))
-      if (auto bytes = base64Decoded(*data)) return {DefaultsData{std::move(*bytes)}};
-    if (const auto text = stringField(json, "$date"))
-      if (const auto date = parseISO8601(*text)) return {*date};
-    if (const JSON* inner = objectField(json, "$dictionary")) return {decodedDictionary(*inner)};
-  }
-  return {decodedDictionary(json)};
-}
-
-// Absent for null, which the defaults do not know.
-std::optional<DefaultsValue> decoded(const JSON& json) {
-  switch (json.type()) {
-    case JSON::value_t::boolean:
-      return DefaultsValue{json.get<bool>()};
-    case JSON::value_t::number_integer:
-      return DefaultsValue{json.get<std::int64_t>()};
-    case JSON::value_t::number_unsigned:
-      if (json.get<std::uint64_t>() > static_cast<std::uint64_t>(INT64_MAX)) return DefaultsValue{json.get<double>()};
-      return DefaultsValue{json.get<std::int64_t>()};
-    case JSON::value_t::number_float:
-      return DefaultsValue{json.get<double>()};
-    case JSON::value_t::string:
-      return DefaultsValue{json.get<std::string>()};
-    case JSON::value_t::array: {
-      DefaultsArray array;
-      for (const auto& element : json)
-        if (auto value = decoded(element)) array.push_back(std::move(*value));
-      return DefaultsValue{std::move(array)};
-    }
-    case JSON::value_t::object:
-      return decodedObject(json);
-    case JSON::value_t::null:
-    case JSON::value_t::binary:
-    case JSON::value_t::discarded:
-      return std::nullopt;
-  }
-  return std::nullopt;
-}
 
 template <typename T>
 const T* held(const DefaultsValue* value) {
@@ -117,7 +36,7 @@ std::optional<DefaultsDictionary> UserDefaults::read() {
   const auto bytes = readFile(file_);
   const auto json = bytes ? parseJSON(*bytes) : std::nullopt;
   if (!json || !json->is_object()) return std::nullopt;
-  return decodedDictionary(*json);
+  return defaultsDictionary(*json);
 }
 
 void UserDefaults::refresh() {
@@ -151,6 +70,7 @@ std::optional<std::filesystem::path> UserDefaults::setAside() {
 }
 
 const DefaultsValue* UserDefaults::object(const std::string& key) const {
+  if (const auto found = keptElsewhere ? keptElsewhere(key) : std::nullopt) return *found;
   const auto found = values_.find(key);
   return found == values_.end() ? nullptr : &found->second;
 }
@@ -194,6 +114,7 @@ const DefaultsDictionary* UserDefaults::dictionary(const std::string& key) const
 }
 
 void UserDefaults::set(const std::string& key, DefaultsValue value) {
+  if (onChosen) onChosen(key, &value);
   const FolderTurn turn(file_.parent_path());
   refresh();
   const auto found = values_.find(key);
@@ -209,6 +130,8 @@ void UserDefaults::set(const std::string& key, const std::vector<std::string>& s
 }
 
 void UserDefaults::set(DefaultsDictionary values) {
+  if (onChosen)
+    for (const auto& [key, value] : values) onChosen(key, &value);
   const FolderTurn turn(file_.parent_path());
   refresh();
   const DefaultsDictionary before = values_;
@@ -217,6 +140,7 @@ void UserDefaults::set(DefaultsDictionary values) {
 }
 
 void UserDefaults::remove(const std::string& key) {
+  if (onChosen) onChosen(key, nullptr);
   const FolderTurn turn(file_.parent_path());
   refresh();
   if (values_.erase(key) > 0) save();
@@ -225,7 +149,7 @@ void UserDefaults::remove(const std::string& key) {
 void UserDefaults::save() {
   makeFolders(file_.parent_path());
   setAside();
-  rewriteAtomically(file_, prettyJSON(encoded(values_)));
+  rewriteAtomically(file_, prettyJSON(defaultsJSON(values_)));
   seen_ = fileStatus(file_);
 }
 

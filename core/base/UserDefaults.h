@@ -53,6 +53,7 @@ class UserDefaults {
   std::optional<std::string> data(const std::string& key) const;
   std::optional<Instant> date(const std::string& key) const;
   const DefaultsDictionary* dictionary(const std::string& key) const;
+  // The document alone.
   const DefaultsDictionary& all() const { return values_; }
 
   // Setting an equal value writes nothing. Throws FileError when the file cannot be written; the change
@@ -62,6 +63,12 @@ class UserDefaults {
   // All of them in one write.
   void set(DefaultsDictionary values);
   void remove(const std::string& key);
+
+  // Somebody else may keep keys, too. What he keeps is read in place of the document's (null: no value); absent where
+  // he keeps nothing.
+  std::function<std::optional<const DefaultsValue*>(const std::string& key)> keptElsewhere;
+  // Told of every key that is about to be set or removed (null), before the document is.
+  std::function<void(const std::string& key, const DefaultsValue* value)> onChosen;
 
   const std::filesystem::path& file() const { return file_; }
 

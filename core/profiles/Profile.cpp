@@ -2,6 +2,7 @@
 
 #include "core/base/Text.h"
 #include "core/profiles.h"
+#include "core/profiles/SlotSettings.h"
 
 namespace ambrel {
 namespace {
@@ -23,6 +24,16 @@ auto positionOf(auto& items, const UUID& id) {
 Profile* profileWith(std::vector<Profile>& profiles, const UUID& id) {
   const auto found = positionOf(profiles, id);
   return found == profiles.end() ? nullptr : &*found;
+}
+
+void moveOnto(auto& items, const UUID& id, const UUID& targetID) {
+  const auto from = positionOf(items, id);
+  const auto to = positionOf(items, targetID);
+  if (from == items.end() || to == items.end()) return;
+  if (from < to)
+    std::rotate(from, from + 1, to + 1);
+  else
+    std::rotate(to, from, from + 1);
 }
 
 // Null beyond the ends, and where there is no such item.
@@ -57,15 +68,7 @@ void Profile::insert(DockItem item, const std::optional<UUID>& before) {
   items.insert(before ? positionOf(items, *before) : items.end(), std::move(item));
 }
 
-void Profile::move(const UUID& itemID, const UUID& targetID) {
-  const auto from = positionOf(items, itemID);
-  const auto to = positionOf(items, targetID);
-  if (from == items.end() || to == items.end()) return;
-  if (from < to)
-    std::rotate(from, from + 1, to + 1);
-  else
-    std::rotate(to, from, from + 1);
-}
+void Profile::move(const UUID& itemID, const UUID& targetID) { moveOnto(items, itemID, targetID); }
 
 std::span<const std::string_view> defaultWidgets() { return initialWidgets; }
 
@@ -93,7 +96,9 @@ bool insertItem(std::vector<Profile>& profiles, DockItem item, const UUID& profi
                 const std::optional<UUID>& before) {
   Profile* profile = profileWith(profiles, profileID);
   if (!profile) return false;
-  if (!item.widget || !profile->contains(*item.widget)) profile->insert(std::move(item), before);
+  if (item.widget && profile->contains(*item.widget)) return true;
+  inheritSettings(item, *profile);
+  profile->insert(std::move(item), before);
   return true;
 }
 
@@ -155,9 +160,9 @@ bool setTrigger(std::vector<Profile>& profiles, const UUID& id, std::optional<Di
 }
 
 bool stepProfile(std::vector<Profile>& profiles, const UUID& id, int step) {
-  Profile* other = stepped(profiles, id, step);
+  const Profile* other = stepped(profiles, id, step);
   if (!other) return false;
-  std::swap(*profileWith(profiles, id), *other);
+  moveOnto(profiles, id, UUID(other->id));
   return true;
 }
 

@@ -1,3 +1,4 @@
+#include "core/base/DefaultsJSON.h"
 #include "core/base/JSON.h"
 #include "core/base/JSONFileStore.h"
 #include "core/profiles.h"
@@ -20,12 +21,16 @@ void to_json(JSON& json, const DockItem& item) {
   json = {{"id", item.id}};
   if (item.bundleID) json["bundleID"] = *item.bundleID;
   if (item.widget) json["widget"] = *item.widget;
+  for (const auto& [key, value] : item.settings) json["settings"][key] = value ? defaultsJSON(*value) : JSON();
 }
 
 void from_json(const JSON& json, DockItem& item) {
   item.id = json.at("id").get<UUID>();
   item.bundleID = optionalAt<std::string>(json, "bundleID");
   item.widget = optionalAt<std::string>(json, "widget");
+  item.settings.clear();
+  if (const JSON* settings = objectField(json, "settings"))
+    for (const auto& [key, value] : settings->items()) item.settings[key] = defaultsValue(value);
 }
 
 void to_json(JSON& json, const Profile& profile) {

@@ -6,6 +6,7 @@
 #include "app/QuitSignals.h"
 #include "app/kit/Theme.h"
 #include "core/workspace/Wish.h"
+#include "tests/SignedLicence.h"
 #include "tests/app/delegate/Program.h"
 
 namespace ambrel {
@@ -129,6 +130,54 @@ class AppDelegateTests : public QObject {
     program.delegate->carryOut(wish::ToggleAgents{});
     QVERIFY(!program.delegate->bar().agentsPanel().isShown());
     QVERIFY(program.delegate->bar().isAnyPanelOpen());
+  }
+
+  void aLicenceThatComesOpensTheTilesAndStartsWhatIsBehindThemOnce() {
+    Program program;
+    program.licenceKey = licenceTestKey;
+    program.restart();
+    program.putOnBar({"agents", "clock"});
+    program.delegate->launch();
+    QTRY_VERIFY(program.slotOf("agents") && program.slotOf("clock"));
+    const auto isLocked = [&](const char* widget) {
+      const QQuickItem* slot = program.slotOf(widget);
+      return slot->property("isLocked").toBool() && !slot->property("tile").value<QObject*>();
+    };
+    QVERIFY(isLocked("agents") && !isLocked("clock"));
+    QCOMPARE(program.desktop.notifications.requests, 0);
+    BuddyNoticeCenter& notices = program.delegate->areas().notices();
+    const BuddyNotice news("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {});
+    notices.post(news);
+    QVERIFY(!notices.hasBubble());
+
+    const auto file = program.folder.write("data/licence.json", signedLicence().dump());
+    QTRY_VERIFY(!isLocked("agents"));
+    QCOMPARE(program.desktop.notifications.requests, 1);
+    notices.post(news);
+    QVERIFY(notices.hasBubble());
+
+    std::filesystem::remove(file);
+    QTRY_VERIFY(isLocked("agents"));
+    QVERIFY2(!notices.hasBubble(), "what he was saying");
+    program.folder.write("data/licence.json", signedLicence().dump());
+    QTRY_VERIFY(!isLocked("agents"));
+    QCOMPARE(program.desktop.notifications.requests, 1);
+  }
+
+  void anotherProfileShowsWhatWasChosenInIt() {
+    Program program;
+    program.putOnBar({"countdown"});
+    AppModel& model = program.delegate->model();
+    model.duplicateProfile(model.activeProfileID());
+    program.delegate->launch();
+    CountdownModel& countdown = *program.delegate->areas().time.countdown();
+    countdown.setTitle("Holidays");
+    const std::string first = model.activeProfile()->name;
+    model.setPinnedProfileID(model.profiles()[1].id);
+    QVERIFY(model.activeProfile()->name != first);
+    countdown.setTitle("Release");
+    model.setPinnedProfileID(std::nullopt);
+    QCOMPARE(countdown.face().title, "Holidays");
   }
 
   void theDisplaysMayChooseWithoutALicence() {

@@ -36,7 +36,8 @@ struct Program {
                      .defaultsFile = folder / "defaults.json",
                      .calendar = Calendar{"UTC", "en_US"},
                      .now = [this] { return desktop.clock.now(); },
-                     .userHome = {.home = {}, .data = {}, .config = folder / "home/.config", .cache = {}}},
+                     .userHome = {.home = {}, .data = {}, .config = folder / "home/.config", .cache = {}},
+                     .licenceKey = licenceKey},
         desktop.seams());
   }
 
@@ -64,6 +65,8 @@ struct Program {
     return nullptr;
   }
 
+  // Empty: every feature is allowed. Set, it counts from the next `restart` on.
+  std::string licenceKey;
   TemporaryFolder folder;
   QMLWarnings warnings;
   FakeDesktop desktop{parseISO8601("2026-11-21T09:41:00Z").value()};

@@ -1,23 +1,10 @@
 #include <QTest>
 
 #include "app/model/LicenseFile.h"
-#include "core/base/JSON.h"
+#include "tests/SignedLicence.h"
 #include "tests/TemporaryFolder.h"
 
 namespace ambrel {
-namespace {
-
-// Made by script/sign-licence for "Ada", until 2030.
-constexpr const char* key = "4YjkuPV1XrL+g9xcmOOEDcs4PUJ/zFMLbIkfdV58SyU=";
-const JSON licence{
-    {"key", key},
-    {"licence",
-     "eyJwcm9kdWN0IjogInRpbGViYXkiLCAiaG9sZGVyIjogIkFkYSIsICJudW1iZXIiOiAiNWM3ZTc4YzgiLCAiZXhw"
-     "aXJlcyI6ICIyMDMwLTAxLTAxVDAwOjAwOjAwWiJ9"},
-    {"signature", "uzk7ubNGAIurVDOalWKaNLQx9Au5JqagixguIMStAqAsfQDLpAAd3czh4W02Rt62wpuuWPGGSN1nb2FJ7O6qAg=="}};
-
-}  // namespace
-
 class LicenseFileTests : public QObject {
   Q_OBJECT
 
@@ -31,16 +18,17 @@ class LicenseFileTests : public QObject {
     PresentCalendar calendar{Calendar("UTC", "en_US")};
     Instant now = parseISO8601("2026-11-22T12:00:00Z").value();
     LicenseFile file(
-        {.file = folder / "data/licence.json", .key = key, .calendar = calendar, .now = [&] { return now; }}, gate);
+        {.file = folder / "data/licence.json", .key = licenceTestKey, .calendar = calendar, .now = [&] { return now; }},
+        gate);
     QVERIFY(!gate.isPro());
     QVERIFY(!file.due());
-    JSON changed = licence;
+    JSON changed = signedLicence();
     changed["signature"] = "AAAA";
     file.install(folder.write("changed.json", changed.dump()));
     QCOMPARE(file.problem(), "The licence was changed after it was signed");
     QVERIFY(!gate.isPro() && !std::filesystem::exists(folder / "data"));
 
-    file.install(folder.write("bought.json", licence.dump()));
+    file.install(folder.write("bought.json", signedLicence().dump()));
     QCOMPARE(file.problem(), "");
     QCOMPARE(file.text(), "Licensed to Ada until Jan 1, 2030");
     QVERIFY(gate.isPro());
@@ -51,11 +39,17 @@ class LicenseFileTests : public QObject {
     QVERIFY(!gate.isPro());
     QCOMPARE(file.text(), "The licence of Ada ended on Jan 1, 2030");
 
+    // A clock that ran ahead, put right.
+    now = parseISO8601("2026-11-22T12:00:00Z").value();
+    file.clockMoved(Seconds(-1), now);
+    QVERIFY(gate.isPro());
+
     // Found at the next start.
     now = parseISO8601("2029-01-01T00:00:00Z").value();
     LicenseManager later;
     const LicenseFile again(
-        {.file = folder / "data/licence.json", .key = key, .calendar = calendar, .now = [&] { return now; }}, later);
+        {.file = folder / "data/licence.json", .key = licenceTestKey, .calendar = calendar, .now = [&] { return now; }},
+        later);
     QVERIFY(later.isPro());
   }
 

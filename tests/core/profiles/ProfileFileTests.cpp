@@ -86,6 +86,27 @@ TEST_F(ProfileFile, PassesOverUnknownKeysAndTakesNullForAbsent) {
   EXPECT_EQ(loaded.profiles[0].items[0].bundleID, std::nullopt);
 }
 
+TEST_F(ProfileFile, KeepsWhatASlotShowsAsItIs) {
+  const auto with = [this](const std::string& settings) {
+    return loading(R"([{"id":"00000000-0000-4000-8000-000000000001","name":"A","items":[)"
+                   R"({"id":"00000000-0000-4000-8000-0000000000a1","settings":)" +
+                   settings + R"(,"widget":"countdown"}]}])");
+  };
+  const std::string settings = R"({"countdownDate":8.5,"countdownTitle":null,"later":{"list":[1,"x"]}})";
+  auto loaded = with(settings);
+  ASSERT_EQ(loaded.problem, std::nullopt);
+  const SlotSettings& read = loaded.profiles[0].items[0].settings;
+  EXPECT_EQ(read.at("countdownDate"), DefaultsValue{8.5});
+  EXPECT_EQ(read.at("countdownTitle"), std::nullopt);
+  saveProfiles(file_, loaded.profiles);
+  EXPECT_EQ(nlohmann::json::parse(readFile(file_).value())[0]["items"][0]["settings"], nlohmann::json::parse(settings));
+  for (const char* none : {"null", "{}", "7", "[\"x\"]"}) {
+    loaded = with(none);
+    ASSERT_EQ(loaded.problem, std::nullopt) << none;
+    EXPECT_TRUE(loaded.profiles[0].items[0].settings.empty());
+  }
+}
+
 TEST_F(ProfileFile, AnythingElseGivesTheDefaultsALineForTheLogAndStaysInPlace) {
   const std::string id = R"("id":"00000000-0000-4000-8000-000000000001")", good = id + R"(,"name":"A","items":[])";
   const auto profile = [](const std::string& fields) { return "[{" + fields + "}]"; };

@@ -1,0 +1,56 @@
+#include "app/model/SlotChoices.h"
+
+#include <utility>
+
+namespace ambrel {
+namespace {
+
+const std::optional<DefaultsValue>* chosen(const AppModel& model, std::string_view key) {
+  const Profile* profile = model.activeProfile();
+  return profile ? slotSetting(*profile, key) : nullptr;
+}
+
+// Those that the profile has.
+SlotSettings present(const AppModel& model) {
+  SlotSettings all;
+  for (const std::string_view key : slotSettingKeys())
+    if (const auto* value = chosen(model, key)) all.emplace(key, *value);
+  return all;
+}
+
+}  // namespace
+
+SlotChoices::SlotChoices(AppModel& model, UserDefaults& defaults, QObject* parent)
+    : QObject(parent), model_(model), defaults_(defaults), told_(present(model)) {
+  defaults_.keptElsewhere = [this](const std::string& key) -> std::optional<const DefaultsValue*> {
+    const auto* value = chosen(model_, key);
+    if (!value) return std::nullopt;
+    return *value ? &**value : nullptr;
+  };
+  defaults_.onChosen = [this](const std::string& key, const DefaultsValue* value) {
+    // Who stores it knows of it.
+    isStoring_ = true;
+    model_.setSlotSetting(key, value ? std::optional(*value) : std::nullopt);
+    isStoring_ = false;
+  };
+  connect(&model_, &AppModel::activeProfileChanged, this, &SlotChoices::compare);
+}
+
+SlotChoices::~SlotChoices() {
+  defaults_.keptElsewhere = nullptr;
+  defaults_.onChosen = nullptr;
+}
+
+void SlotChoices::compare() {
+  const SlotSettings before = std::exchange(told_, present(model_));
+  std::set<std::string> keys;
+  const auto collect = [&keys](const SlotSettings& some, const SlotSettings& others) {
+    for (const auto& [key, value] : some)
+      if (const auto found = others.find(key); found == others.end() || found->second != value) keys.insert(key);
+  };
+  collect(before, told_);
+  collect(told_, before);
+  if (!keys.empty() && !isStoring_) Q_EMIT changed(keys);
+}
+
+}  // namespace ambrel

@@ -1,0 +1,77 @@
+#include <QTest>
+
+#include "app/model/SlotChoices.h"
+#include "tests/TemporaryFolder.h"
+
+namespace ambrel {
+namespace {
+
+constexpr const char* key = "gitStatusFolder";
+
+DefaultsValue text(const char* value) { return {std::string(value)}; }
+
+}  // namespace
+
+class SlotChoicesTests : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void eachProfileShowsWhatWasChosenInIt() {
+    TemporaryFolder folder;
+    UserDefaults defaults(folder / "defaults.json");
+    // From an older version, which had one for all.
+    defaults.set(key, text("/old"));
+    LicenseManager license;
+    AppModel model(folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>{}; });
+    std::vector<Profile> profiles = Profile::defaults();
+    for (Profile& profile : profiles) profile.items = {DockItem::holding("gitStatus")};
+    model.setProfiles(profiles);
+    const UUID one = profiles[0].id, other = profiles[1].id;
+    SlotChoices choices(model, defaults);
+    std::vector<std::set<std::string>> told;
+    connect(&choices, &SlotChoices::changed, this, [&](const std::set<std::string>& keys) { told.push_back(keys); });
+    const auto shown = [&](const UUID& profile) {
+      model.setPinnedProfileID(profile);
+      return defaults.string(key).value_or("none");
+    };
+    QCOMPARE(shown(one), "/old");
+    defaults.set(key, text("/work/one"));
+    QVERIFY2(told.empty(), "who has chosen it knows");
+    QCOMPARE(shown(other), "/work/one");
+    defaults.set(key, text("/work/other"));
+    QCOMPARE(shown(one), "/work/one");
+    QCOMPARE(told, std::vector<std::set<std::string>>({{key}, {key}}));
+    QCOMPARE(UserDefaults(defaults.file()).string(key), "/work/other");
+
+    // A copy of the profile goes its own way.
+    model.duplicateProfile(QString::fromStdString(one.text()));
+    const UUID copy = model.profiles()[1].id;
+    QCOMPARE(shown(copy), "/work/one");
+    defaults.remove(key);
+    QCOMPARE(shown(copy), "none");
+    QCOMPARE(shown(one), "/work/one");
+
+    // What is not for a tile of the profile, and what is for none.
+    defaults.set("unitTo", text("cm"));
+    defaults.set("theme", text("dark"));
+    QCOMPARE(defaults.string("unitTo"), "cm");
+    QCOMPARE(loadProfiles(folder / "profiles.json").profiles[0].items[0].settings.size(), 1u);
+
+    // Edited by hand, and gone with its tile.
+    told.clear();
+    profiles = model.profiles();
+    profiles[0].items[0].settings[key] = text("/by/hand");
+    model.setProfiles(profiles);
+    QCOMPARE(defaults.string(key), "/by/hand");
+    model.removeWidget("gitStatus", one);
+    QVERIFY(!defaults.object(key));
+    QCOMPARE(told.size(), 2u);
+    model.undo();
+    QCOMPARE(defaults.string(key), "/by/hand");
+  }
+};
+
+}  // namespace ambrel
+
+QTEST_GUILESS_MAIN(ambrel::SlotChoicesTests)
+#include "SlotChoicesTests.moc"
