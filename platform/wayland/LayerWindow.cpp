@@ -132,7 +132,7 @@ bool LayerWindow::eventFilter(QObject* watched, QEvent* event) {
       letGo();
       break;
     case QEvent::PlatformSurface:
-      // The toolkit makes the window anew when no screen was left.
+      // The toolkit makes another window when no screen was left.
       if (static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() == QPlatformSurfaceEvent::SurfaceCreated)
         attach();
       break;
