@@ -26,7 +26,7 @@ const QScreen* screenUnderPointer() {
 }
 
 // The toolkit keeps a screen's origin in pixels and scales its size alone.
-QRect pixelsOf(const QScreen& screen) {
+QRect capturedArea(const QScreen& screen) {
   const QRect frame = screen.geometry();
   return {frame.topLeft(), (QSizeF(frame.size()) * screen.devicePixelRatio()).toSize()};
 }
@@ -129,7 +129,7 @@ ScreenPicture X11ScreenCapture::picture(const QScreen& screen) {
       xcb_get_geometry_reply(connection_->xcb(), xcb_get_geometry(connection_->xcb(), connection_->root()), nullptr));
   connection_->repliesWereRead();
   if (!root) return {.problem = "The screen cannot be read."};
-  const QRect area = pixelsOf(screen) & QRect(0, 0, root->width, root->height);
+  const QRect area = capturedArea(screen) & QRect(0, 0, root->width, root->height);
   ScreenPicture result{.image = pixels(area), .windows = windows(area), .problem = {}};
   // Deep colour, or a server on another computer: slower.
   if (result.image.isNull()) result.image = const_cast<QScreen&>(screen).grabWindow(0).toImage();
