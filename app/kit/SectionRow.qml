@@ -42,6 +42,8 @@ Item {
             width: parent.width
             text: root.title
             role: Theme.listName
+            wrapMode: Text.WordWrap
+            maximumLineCount: 2
         }
         Label {
             width: parent.width

@@ -50,7 +50,7 @@ SectionRow {
         id: line
 
         Field {
-            width: 260
+            width: Math.round(260 * Theme.textScale)
             label: root.controlLabel
             hint: root.hint === "" ? root.controlLabel : root.hint
             text: setting.value

@@ -65,7 +65,7 @@ Popover {
         {
             name: "licence",
             title: qsTr("Licence"),
-                symbol: "key"
+            symbol: "key"
         },
         {
             name: "about",
@@ -95,7 +95,7 @@ Popover {
 
     headerItems: Field {
         id: search
-        width: 220
+        width: Math.round(220 * Theme.textScale)
         implicitHeight: 32
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
         isSearch: true

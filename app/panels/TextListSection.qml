@@ -28,7 +28,7 @@ Section {
         searchWords: root.texts.join(" ")
 
         Field {
-            width: 240
+            width: Math.round(240 * Theme.textScale)
             label: root.title
             hint: root.hint
             symbol: "plus"
