@@ -71,7 +71,10 @@ Pressable {
         border.width: 1
         border.color: Theme.over(Theme.lineStrong, Theme.tileHover)
     }
-
+    // The mark is over the ring.
+    FocusRing {
+        targetRadius: Theme.radiusTile
+    }
     ChosenMark {
         x: parent.width - 13
         y: -7
@@ -86,8 +89,5 @@ Pressable {
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
         onActiveChanged: if (active)
             root.context.drag.begin(root, root.widget, "", root.span, centroid.pressPosition)
-    }
-    FocusRing {
-        targetRadius: Theme.radiusTile
     }
 }

@@ -27,13 +27,13 @@ Pressable {
         enabled: false
         Accessible.ignored: true
     }
+    FocusRing {
+        targetRadius: Theme.radiusTile
+    }
     ChosenMark {
         x: parent.width - 14
         y: -6
         isChosen: root.row.isOnBar
         isHovered: root.hovered
-    }
-    FocusRing {
-        targetRadius: Theme.radiusTile
     }
 }

@@ -222,6 +222,8 @@ Popover {
             right: parent.right
             bottom: parent.bottom
             margins: Theme.space6
+            leftMargin: scroll.padding
+            rightMargin: scroll.padding
         }
         height: buttons.height
 
