@@ -21,7 +21,13 @@ FocusScope {
         const trimmed = name.trim();
         if (trimmed !== "")
             model.addProfile(trimmed, "");
+        endNaming();
+    }
+
+    // The button that began it has the keyboard again.
+    function endNaming() {
         isNaming = false;
+        newProfile.forceActiveFocus();
     }
 
     // The row has come so far, and goes to the place whose middle it has passed.
@@ -66,12 +72,15 @@ FocusScope {
             left: parent.left
             right: parent.right
             top: head.bottom
-            topMargin: Theme.space2
+            topMargin: Theme.space2 - rowList.topPadding
             bottom: foot.top
         }
 
         Column {
+            id: rowList
             width: parent.width
+            // The ring of the first row.
+            topPadding: 2
 
             Repeater {
                 id: rows
@@ -89,7 +98,7 @@ FocusScope {
                     readonly property real aside: isHeld ? drag.activeTranslation.y : root.heldIndex < 0 ? fall : index > root.heldIndex && index <= root.gapIndex ? -heldHeight : index < root.heldIndex && index >= root.gapIndex ? heldHeight : 0
                     property real fall: 0
 
-                    z: isHeld || !shift.isSettled ? 1 : 0
+                    z: isHeld || !shift.isSettled || activeFocus ? 1 : 0
                     transform: Translate {
                         y: shift.value
                     }
@@ -137,7 +146,7 @@ FocusScope {
             visible: active
             sourceComponent: NewProfile {
                 onAdded: name => root.add(name)
-                onCancelled: root.isNaming = false
+                onCancelled: root.endNaming()
             }
         }
         Button {
@@ -149,6 +158,7 @@ FocusScope {
             onClicked: root.model.pinnedProfileID = ""
         }
         Button {
+            id: newProfile
             visible: !root.isNaming
             width: Math.min(implicitWidth, parent.width)
             kind: Button.Quiet
