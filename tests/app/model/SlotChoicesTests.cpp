@@ -35,21 +35,21 @@ class SlotChoicesTests : public QObject {
       return defaults.string(key).value_or("none");
     };
     QCOMPARE(shown(one), "/old");
-    defaults.set(key, text("/work/one"));
+    defaults.set(key, text("/sources/one"));
     QVERIFY2(told.empty(), "who has chosen it knows");
-    QCOMPARE(shown(other), "/work/one");
-    defaults.set(key, text("/work/other"));
-    QCOMPARE(shown(one), "/work/one");
+    QCOMPARE(shown(other), "/sources/one");
+    defaults.set(key, text("/sources/other"));
+    QCOMPARE(shown(one), "/sources/one");
     QCOMPARE(told, std::vector<std::set<std::string>>({{key}, {key}}));
-    QCOMPARE(UserDefaults(defaults.file()).string(key), "/work/other");
+    QCOMPARE(UserDefaults(defaults.file()).string(key), "/sources/other");
 
     // A copy of the profile goes its own way.
     model.duplicateProfile(QString::fromStdString(one.text()));
     const UUID copy = model.profiles()[1].id;
-    QCOMPARE(shown(copy), "/work/one");
+    QCOMPARE(shown(copy), "/sources/one");
     defaults.remove(key);
     QCOMPARE(shown(copy), "none");
-    QCOMPARE(shown(one), "/work/one");
+    QCOMPARE(shown(one), "/sources/one");
 
     // What is not for a tile of the profile, and what is for none.
     defaults.set("unitTo", text("cm"));
