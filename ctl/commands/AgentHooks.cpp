@@ -17,7 +17,7 @@ std::filesystem::path toolPath() {
 
 HookConnection connection(AgentKind kind, const Context& context) { return {kind, hookPlaces(context)}; }
 
-void print(Context& context) {
+void printHooks(Context& context) {
   JSON connected = JSON::object();
   for (const AgentKind kind : kinds) {
     const bool isConnected = connection(kind, context).isConnected();
@@ -49,7 +49,7 @@ Command change(std::string name, std::string summary, void (HookConnection::*act
             } catch (const std::exception& error) {
               throw CommandError(hooks.cannotChange() + " (" + error.what() + ")");
             }
-            print(context);
+            printHooks(context);
             if (verb == "connect" && kind == AgentKind::codex && !context.json)
               context.out << "Codex runs the hooks once you have trusted them there: /hooks.\n";
           }};
@@ -81,7 +81,7 @@ std::vector<Command> agentHookCommands() {
            .summary = "Which tools have our hooks",
            .options = {},
            .commands = {},
-           .run = [](const Arguments&, Context& context) { print(context); }}};
+           .run = [](const Arguments&, Context& context) { printHooks(context); }}};
 }
 
 }  // namespace ambrel

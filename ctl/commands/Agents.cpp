@@ -42,7 +42,7 @@ std::string asTable(const std::vector<AgentSession>& sessions, const Context& co
   return table(rows, 1, context);
 }
 
-void run(const Arguments& arguments, Context& context) {
+void runAgents(const Arguments& arguments, Context& context) {
   const auto interval = watchInterval(arguments, pollInterval);
   const AgentPoll poll(context.data, context.agentFolders);
   std::optional<std::vector<AgentSession>> last;
@@ -66,7 +66,7 @@ Command agentsCommand() {
       .summary = "The sessions of the coding agents, the most urgent first",
       .options = {watchOption("Print the list again whenever it changes"), everyOption("Time between two looks [3]")},
       .commands = agentHookCommands(),
-      .run = run};
+      .run = runAgents};
 }
 
 }  // namespace ambrel

@@ -58,7 +58,7 @@ class StoredBar {
   bool isEdited_ = false;
 };
 
-void run(const Arguments& arguments, Context& context) {
+void runAsk(const Arguments& arguments, Context& context) {
   const std::string given = arguments.value("TEXT").value();
   const std::string_view text = trimmedOfWhitespace(given);
   if (text.empty()) throw UsageError("ask needs a text, as in: tilebayctl ask \"Add the clock\"");
@@ -76,7 +76,7 @@ Command askCommand() {
           .summary = "Ask Buddy's commands: the agents, and the widgets of the bar",
           .options = {{CommandOption::Kind::positional, "TEXT", "", "What to ask, as one argument"}},
           .commands = {},
-          .run = run};
+          .run = runAsk};
 }
 
 }  // namespace ambrel

@@ -44,7 +44,7 @@ std::string collectionsText(const ClipItem& item, const ClipboardLibrary& librar
   return text;
 }
 
-void list(const Arguments& arguments, Context& context) {
+void listClips(const Arguments& arguments, Context& context) {
   const ClipboardLibrary library = readLibrary(context.data / "Clipboard");
   const auto folding = SearchFolding::forLocale(context.calendar.locale());
   const std::vector<ClipItem> items = ClipboardLibrary::filtered(library.items, filterOf(arguments, library),
@@ -85,7 +85,7 @@ Command clipsCommand() {
       .options = {{value, "--filter", "FILTER", "all, pinned, kind:KIND or collection:NAME [all]"},
                   {value, "--query", "TEXT", "Only clips with this text; case and accents do not count"}},
       .commands = {},
-      .run = list};
+      .run = listClips};
   Command classifyCommand{.name = "classify",
                           .summary = "What kind of clip the text on standard input would be, and whether a secret",
                           .options = {},

@@ -167,7 +167,7 @@ void printForPeople(const DiskScanResult& result, const std::vector<DiskFinding>
     context.out << "\n" << std::to_string(result.skipped.size()) << " folders could not be read.\n";
 }
 
-void run(const Arguments& arguments, Context& context) {
+void runDisk(const Arguments& arguments, Context& context) {
   DiskAnalyzer analyzer;
   for (const std::string& assignment : arguments.values("--set")) set(analyzer, assignment);
   const DiskScanner scanner{.minItemSize = wholeNumber(arguments, "--min-item-size", 1'000'000)};
@@ -209,7 +209,7 @@ Command diskCommand() {
                       {values, "--set", "NAME=VALUE", "A threshold of the rules; may be given several times"},
                       {value, "--depth", "N", "Levels of the tree that are printed [2]"}},
           .commands = {},
-          .run = run};
+          .run = runDisk};
 }
 
 }  // namespace ambrel

@@ -48,7 +48,7 @@ Cell cellOf(DoctorState state) {
   return {};
 }
 
-void run(const Arguments&, Context& context) {
+void runDoctor(const Arguments&, Context& context) {
   JSON document = JSON::array();
   std::vector<std::vector<Cell>> rows;
   std::string advice;
@@ -73,7 +73,7 @@ Command doctorCommand() {
           .summary = "What Tilebay meets on this machine, what is missing, and what to install",
           .options = {},
           .commands = {},
-          .run = run};
+          .run = runDoctor};
 }
 
 }  // namespace ambrel

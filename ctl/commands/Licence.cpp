@@ -7,7 +7,7 @@
 namespace ambrel {
 namespace {
 
-void run(const Arguments&, Context& context) {
+void runLicence(const Arguments&, Context& context) {
   const std::filesystem::path file = licenceFile(context.data);
   const CheckedLicence checked = readLicence(file, licenceKey(), context.now());
   if (!context.json) {
@@ -30,7 +30,7 @@ Command licenceCommand() {
           .summary = "Whether this computer has a licence, and whose",
           .options = {},
           .commands = {},
-          .run = run};
+          .run = runLicence};
 }
 
 }  // namespace ambrel

@@ -17,7 +17,7 @@ constexpr auto details =
   {"now":INSTANT,"snooze":{"id":NOTICE-ID,"minutes":15}}
 Lines out: the array of notices that are to be shown then. The man page names the fields.)";
 
-void run(const Arguments&, Context& context) {
+void runNotices(const Arguments&, Context& context) {
   NoticeReplay replay(context.calendar);
   std::string line;
   for (std::int64_t number = 1; std::getline(std::cin, line); ++number) {
@@ -42,7 +42,7 @@ Command noticesCommand() {
           .summary = "Replays lines of JSON from standard input: signals in, Buddy's notices out",
           .options = {},
           .commands = {},
-          .run = run,
+          .run = runNotices,
           .details = details};
 }
 

@@ -43,7 +43,7 @@ std::string widgetsText(const Profile& profile) {
   return text;
 }
 
-void run(const Arguments& arguments, Context& context) {
+void runProfiles(const Arguments& arguments, Context& context) {
   std::vector<DisplaySnapshot> displays;
   for (std::string& name : arguments.values("--display")) displays.push_back(displayNamed(std::move(name)));
 
@@ -78,7 +78,7 @@ Command profilesCommand() {
           .options = {{values, "--display", "NAME[:builtin]", "A connected display; may be given several times"},
                       {value, "--pin", "NAME", "The profile that the user has chosen"}},
           .commands = {},
-          .run = run};
+          .run = runProfiles};
 }
 
 }  // namespace ambrel

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint64_t largestReview = 64 << 20;
 
-void run(const Arguments& arguments, Context& context) {
+void runReview(const Arguments& arguments, Context& context) {
   const auto file = arguments.value("FILE");
   if (!file) throw UsageError("review needs a FILE; see 'tilebayctl review --help'");
   try {
@@ -32,7 +32,7 @@ Command reviewCommand() {
           .summary = "A screen review as Markdown",
           .options = {{CommandOption::Kind::positional, "FILE", "", "The review's document"}},
           .commands = {},
-          .run = run};
+          .run = runReview};
 }
 
 }  // namespace ambrel

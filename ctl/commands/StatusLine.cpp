@@ -13,7 +13,7 @@ ClaudeStatusLine::Files filesOf(const Context& context) {
   return {std::filesystem::absolute(context.home), std::filesystem::absolute(context.data)};
 }
 
-void print(Context& context) {
+void printStatusLine(Context& context) {
   const bool isConnected = ClaudeStatusLine::isConnected(filesOf(context));
   if (context.json)
     context.print(JSON{{"isConnected", isConnected}});
@@ -32,7 +32,7 @@ Command change(std::string name, std::string summary, Action action) {
             } catch (const std::exception& error) {
               throw CommandError(std::string(ClaudeStatusLine::cannotChange) + " (" + error.what() + ")");
             }
-            print(context);
+            printStatusLine(context);
           }};
 }
 
@@ -46,7 +46,7 @@ Command statusLineCommand() {
                         .summary = "Whether the hook is connected",
                         .options = {},
                         .commands = {},
-                        .run = [](const Arguments&, Context& context) { print(context); }},
+                        .run = [](const Arguments&, Context& context) { printStatusLine(context); }},
                        change("install", "Connect the hook; the own status line goes on behind it",
                               ClaudeStatusLine::install),
                        change("remove", "Put the own status line back", ClaudeStatusLine::remove)},

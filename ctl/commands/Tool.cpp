@@ -56,7 +56,7 @@ int passwordLength(const Arguments& arguments, const Context& context) {
   throw CommandError(program + " cannot be run: " + std::string(std::strerror(errno)));
 }
 
-void run(const Arguments& arguments, Context& context) {
+void useTool(const Arguments& arguments, Context& context) {
   if (arguments.value("NAME") == nameOf(DockWidget::calculator)) calculate(context);
   const TextTool& tool = toolOf(arguments);
   const std::string choice = choiceOf(tool, arguments);
@@ -103,7 +103,7 @@ Command toolCommand() {
                       {value, "--with", "CHOICE", "The same, such as sha256"},
                       {value, "--length", "CHARACTERS", "Of a password [the setting passwordLength]"}},
           .commands = {},
-          .run = run,
+          .run = useTool,
           .details = listed()};
 }
 

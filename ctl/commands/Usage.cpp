@@ -33,7 +33,7 @@ std::string asTable(const AIUsage& usage, const Context& context, Instant now) {
   return table(rows, 2, context);
 }
 
-void run(const Arguments& arguments, Context& context) {
+void runUsage(const Arguments& arguments, Context& context) {
   const auto interval = watchInterval(arguments, passInterval);
   AIUsageReader reader(context.home, context.data);
   if (!context.json)
@@ -57,7 +57,7 @@ Command usageCommand() {
           .summary = "How much of the Claude and Codex plans is spent",
           .options = {watchOption("Look again and again"), everyOption("Time between two looks [60]")},
           .commands = {},
-          .run = run};
+          .run = runUsage};
 }
 
 }  // namespace ambrel

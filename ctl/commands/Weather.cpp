@@ -88,7 +88,7 @@ std::string asText(const Forecast& f, const std::optional<AirQuality>& air, cons
   return table(rows, 1, context);
 }
 
-void run(const Arguments& arguments, Context& context) {
+void runWeather(const Arguments& arguments, Context& context) {
   const auto from = arguments.value("--from");
   if (!from) throw UsageError("weather needs --from FILE; see 'tilebayctl weather --help'");
   const Forecast forecast = valueOf(decodeForecast(inputFile(*from, largestAnswer)), *from, "forecast");
@@ -110,7 +110,7 @@ Command weatherCommand() {
           .options = {{CommandOption::Kind::value, "--from", "FILE", "A saved response of the forecast service"},
                       {CommandOption::Kind::value, "--air", "FILE", "A saved response of the air-quality service"}},
           .commands = {},
-          .run = run};
+          .run = runWeather};
 }
 
 }  // namespace ambrel

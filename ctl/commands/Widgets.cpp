@@ -7,7 +7,7 @@
 namespace ambrel {
 namespace {
 
-void run(const Arguments&, Context& context) {
+void runWidgets(const Arguments&, Context& context) {
   JSON document = JSON::array();
   std::vector<std::vector<Cell>> rows;
   for (const DockWidget widget : allCases<DockWidget>()) {
@@ -32,8 +32,11 @@ void run(const Arguments&, Context& context) {
 }  // namespace
 
 Command widgetsCommand() {
-  return {
-      .name = "widgets", .summary = "The catalogue of widgets, in order", .options = {}, .commands = {}, .run = run};
+  return {.name = "widgets",
+          .summary = "The catalogue of widgets, in order",
+          .options = {},
+          .commands = {},
+          .run = runWidgets};
 }
 
 }  // namespace ambrel
