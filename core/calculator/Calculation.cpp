@@ -118,10 +118,12 @@ Calculation calculation(std::string_view expression, const std::string& locale, 
   const bool isLate = calculator.aborted() || result == calculator.timedOutString();
   if (std::string fault = complaint(calculator); !fault.empty()) return {{}, std::move(fault)};
   if (isLate) return {{}, "It takes too long to work out"};
-  // "1 / 0" stays what it is.
-  const bool isNumber = result.find_first_not_of("0123456789.,") == std::string::npos;
-  RE2::GlobalReplace(&understood, R"(\s*[∕/]\s*)", "/");
-  if (result == understood && !isNumber) return {{}, "It has no value"};
+  // "1 / 0" stays what it is, and so does a function of something too large: "factorial(1000000000)".
+  static const RE2 isNumber("[0-9.,]*"), call(R"(\pL\()"), division(R"(\s*[∕/]\s*)");
+  std::string plain = result;
+  for (std::string* each : {&plain, &understood}) RE2::GlobalReplace(each, division, "/");
+  if ((plain == understood && !RE2::FullMatch(plain, isNumber)) || RE2::PartialMatch(plain, call))
+    return {{}, "It has no value"};
   constexpr std::size_t longestResult = 20'000;
   if (result.size() > longestResult) return {{}, "The result is too long to show"};
   return {std::move(result), {}};
