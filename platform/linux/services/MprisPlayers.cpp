@@ -62,6 +62,11 @@ QString nameFrom(const QString& service, const QVariantMap& told) {
   return name.empty() ? service.section(u'.', 3, 3) : QString::fromStdString(name);
 }
 
+QDBusMessage busCall(const QString& method, const QVariantList& arguments = {}) {
+  return quietCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                   QStringLiteral("org.freedesktop.DBus"), method, arguments);
+}
+
 }  // namespace
 
 MediaPlayer mediaPlayer(const QString& service, const QString& name, const QVariantMap& properties) {
@@ -127,10 +132,8 @@ void MprisPlayers::watch(bool isWatched) {
   watcher_ = new QDBusServiceWatcher(prefix + u'*', bus_, QDBusServiceWatcher::WatchForOwnerChange, this);
   connect(watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this, &MprisPlayers::ownerChanged);
   awaited_ = 1;
-  callLater(bus_, this,
-            quietCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ListNames")),
-            patienceMilliseconds, [this, generation = generation_](const QDBusMessage& answer) {
+  callLater(bus_, this, busCall(QStringLiteral("ListNames")), patienceMilliseconds,
+            [this, generation = generation_](const QDBusMessage& answer) {
               if (generation != generation_) return;
               for (const QString& service : answer.arguments().value(0).toStringList()) add(service);
               settle();
@@ -151,13 +154,19 @@ void MprisPlayers::add(const QString& service) {
   if (!isPlayer(service) || entries_.size() >= mostPlayers || !entries_.try_emplace(service).second) return;
   const bool isFirst = awaited_ > 0;
   if (isFirst) ++awaited_;
+  // The answer of the player itself does not name its sender with every version of the library.
+  callLater(bus_, this, busCall(QStringLiteral("GetNameOwner"), {service}), patienceMilliseconds,
+            [this, service, generation = generation_](const QDBusMessage& answer) {
+              const auto found = entries_.find(service);
+              if (generation == generation_ && found != entries_.end() && isReply(answer))
+                found->second.owner = answer.arguments().value(0).toString();
+            });
   callLater(bus_, this, quietCall(service, path, properties, QStringLiteral("GetAll"), {root}), patienceMilliseconds,
             [this, service, isFirst, generation = generation_](const QDBusMessage& answer) {
               if (generation != generation_) return;
               if (const auto found = entries_.find(service); found != entries_.end()) {
                 const auto told = isReply(answer) ? mapFrom(answer.arguments().value(0)) : QVariantMap();
                 found->second.name = nameFrom(service, told);
-                found->second.owner = answer.service();
               }
               ask(service, isFirst);
             });

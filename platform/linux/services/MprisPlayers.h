@@ -35,7 +35,7 @@ class MprisPlayers : public QObject, public MediaPlayers {
 
  private:
   struct Entry {
-    QString owner;                      // its unique name, once it has answered
+    QString owner;                      // its unique name, once the bus has told it
     QString name;                       // as people know it
     std::optional<MediaPlayer> player;  // absent before the first answer
   };
