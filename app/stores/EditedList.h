@@ -53,11 +53,11 @@ class EditedList : public QObject {
   const Entries& entries() const { return file_.entries(); }
 
   // Adds what was typed, at the end; the id, or empty when it is nothing for this list.
-  Q_INVOKABLE QString add(const QString& typed);
-  // As somebody types. An empty title of a to-do and what is no address change nothing.
-  Q_INVOKABLE void edit(const QString& id, const QString& title, const QString& text);
+  Q_INVOKABLE virtual QString add(const QString& typed);
+  // As somebody types. An empty title of a to-do changes nothing; the address of a bookmark counts once it is finished.
+  Q_INVOKABLE virtual void edit(const QString& id, const QString& title, const QString& text);
   // The user is done with it.
-  Q_INVOKABLE void finish() { keeper_.save(); }
+  Q_INVOKABLE virtual void finish() { keeper_.save(); }
   Q_INVOKABLE void toggle(const QString& id);
   Q_INVOKABLE void move(const QString& id, int places);
   Q_INVOKABLE void remove(const QString& id);
@@ -68,9 +68,12 @@ class EditedList : public QObject {
 
  Q_SIGNALS:
   void faceChanged();
+  // Others have changed the list.
+  void takenOver();
 
  protected:
   void update();
+  void setText(const QString& id, std::string text);
   // What only some lists show in a row.
   virtual void complete(EntryRow& /*row*/) {}
 

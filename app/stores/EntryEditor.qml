@@ -1,7 +1,7 @@
 import QtQuick
 import Ambrel.Kit
 
-// The fields of one entry. What is typed counts at once; Return in a line and Escape end it.
+// The fields of one entry. Return in a line and Escape end the edit; what was typed is kept.
 FocusScope {
     id: root
 

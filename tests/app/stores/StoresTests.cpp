@@ -152,9 +152,15 @@ class StoresTests : public QObject {
     QCOMPARE(room.shell.toasts.size(), 1);
     QVERIFY(bookmarks.add(QStringLiteral("two words")).isEmpty());
     const QString id = bookmarks.add(QStringLiteral("http://www.example.com/a"));
-    bookmarks.edit(id, QStringLiteral("Example"), QStringLiteral("https://"));
+    bookmarks.edit(id, QStringLiteral("Example"), QStringLiteral("https://foo.b"));
+    QCOMPARE(bookmarks.textOf(id), QStringLiteral("http://www.example.com/a"));
+    bookmarks.edit(id, QStringLiteral("Example"), QStringLiteral("foo.b ar"));
+    bookmarks.finish();
+    QCOMPARE(room.shell.toasts.size(), 2);
+    bookmarks.edit(id, QStringLiteral("Example"), QStringLiteral("http://foo.bar/"));
+    bookmarks.finish();
     bookmarks.visit(id);
-    QCOMPARE(room.opened, QList<QUrl>{QUrl(QStringLiteral("http://www.example.com/a"))});
+    QCOMPARE(room.opened, QList<QUrl>{QUrl(QStringLiteral("http://foo.bar/"))});
     QCOMPARE(idAt(bookmarks.rows(), 1, "letter"), QStringLiteral("E"));
   }
 
