@@ -46,18 +46,21 @@ void FolderModel::setShown(bool isShown) {
 }
 
 void FolderModel::follow() {
-  if (!isShown_ || path_.empty()) {
-    seams_.watch.follow({}, {});
-    return;
-  }
-  seams_.watch.follow({{path_}}, [this](std::size_t) { look(); });
+  isFollowed_ = false;
+  seams_.watch.follow({}, {});
   look();
 }
 
 PacedWork::Job FolderModel::reading() {
   if (!isShown_ || path_.empty()) return {};
   return PacedWork::job([path = path_, unfinished = unfinished_] { return newestItems(path, mostRows, unfinished); },
-                        [this](const std::optional<FolderListing>& listing) { show(listing, true); });
+                        [this](const std::optional<FolderListing>& listing) {
+                          show(listing, true);
+                          if (!isShown_ || std::exchange(isFollowed_, true)) return;
+                          seams_.watch.follow({{path_}}, [this](std::size_t) { look(); });
+                          // Nobody has told of what changed since it was read.
+                          look();
+                        });
 }
 
 void FolderModel::show(const std::optional<FolderListing>& listing, bool isRead) {

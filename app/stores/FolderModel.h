@@ -83,6 +83,7 @@ class FolderModel : public QObject {
   void faceChanged();
 
  private:
+  // It is watched from its first reading on: on a disk that does not answer, watching would hang, too.
   void follow();
   PacedWork::Job reading();
   // `isRead`: whether the folder was asked already.
@@ -93,7 +94,7 @@ class FolderModel : public QObject {
   Unfinished unfinished_;
   Shell& shell_;
   std::string path_;
-  bool isShown_ = false;
+  bool isShown_ = false, isFollowed_ = false;
   PacedWork reading_;
   GadgetListModel<FolderRow> rows_;
   FolderFace face_;
