@@ -2,6 +2,7 @@
 
 #include <QRandomGenerator>
 #include <algorithm>
+#include <utility>
 
 namespace ambrel {
 
@@ -16,7 +17,7 @@ void Feed::setSeen(bool isSeen) {
 }
 
 void Feed::setOpen(bool isOpen) {
-  isOpen_ = isOpen;
+  if (std::exchange(isOpen_, isOpen) && !isOpen) closed();
   updateWanted();
 }
 
