@@ -3,6 +3,7 @@
 #include <QStandardPaths>
 
 #include "app/base/QmlObjects.h"
+#include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
 #include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
@@ -132,6 +133,13 @@ void DeveloperArea::showStoredPackages() {
   packages_.show(std::move(content));
 }
 
+// On another day, or in another zone, the same moment reads otherwise.
+void DeveloperArea::completeShownPackages() {
+  ToolContent content = packages_.content();
+  completePackages(content);
+  packages_.show(std::move(content));
+}
+
 void DeveloperArea::askForRepository() {
   const QString start =
       git_.face().isChosen ? git_.face().path : QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
@@ -155,7 +163,8 @@ void DeveloperArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSe
   simulators_.setSeen(areSeen && onBar.contains(DockWidget::simulators));
 }
 
-void DeveloperArea::tick(Instant /*now*/) {
+void DeveloperArea::tick(Instant now) {
+  if (replaced(day_, seams_.calendar().dayKey(now))) completeShownPackages();
   git_.tick();
   for (DeveloperList* list : {&servers_, &containers_, &packages_, &simulators_}) list->tick();
 }

@@ -39,6 +39,7 @@ class DeveloperList : public QObject {
 
   RowList* rows() { return &rows_; }
   const ToolListFace& face() const { return content_.face; }
+  const ToolContent& content() const { return content_; }
   void setSeen(bool isSeen);
   // Every two seconds.
   void tick();

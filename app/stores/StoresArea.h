@@ -63,11 +63,14 @@ class StoresArea : public Area {
 
   QVariantMap sample(DockWidget widget) override;
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  void tick(Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
   void zoneChanged(Instant /*now*/) override;
 
  private:
   QQmlEngine& engine_;
+  PresentCalendar calendar_;
+  std::string day_;  // of the last tick
   std::function<std::string()> downloadsFolder_;
   QuickNote note_;
   EditedList todos_, snippets_;

@@ -174,16 +174,18 @@ class DeveloperTests : public QObject {
   void looksForOutdatedPackagesEverySixHoursAndRemembersThem() {
     DeveloperRoom room;
     fill(room);
+    room.now += std::chrono::hours(8);
     room.see({DockWidget::homebrew});
     QCOMPARE(room.takeAsked(), Asked{"brew"});
     QCOMPARE(room.defaults.strings("homebrewOutdated")->at(0), std::string("wget 1.21.3 → 1.24.5"));
     room.start();
     QCOMPARE(room.area->packages()->face().value, QStringLiteral("2 outdated"));
-    QCOMPARE(room.area->packages()->face().subLine, QStringLiteral("Checked 2:00\u202fPM"));
+    QCOMPARE(room.area->packages()->face().subLine, QStringLiteral("Checked 10:00\u202fPM"));
     room.now += std::chrono::hours(5);
     room.see({DockWidget::homebrew});
     room.tick(100);
     QVERIFY(room.tools->asked.empty());
+    QCOMPARE(room.area->packages()->face().subLine, QStringLiteral("Checked Nov 22"));
     room.area->packages()->lookAgain();
     room.tools->packages = ToolFailure{ToolFailure::Reason::failed};
     room.work.letGo();
