@@ -56,7 +56,8 @@ Popover {
 
             required property toolRow row
             required property int index
-            readonly property bool isAsked: root.asked === row.rowId
+            // What has ended meanwhile needs no question.
+            readonly property bool isAsked: root.asked === row.rowId && row.isRunning
 
             width: view.width
             implicitHeight: line.implicitHeight
