@@ -25,7 +25,8 @@ Popover {
         field.text = "";
         emoji.begin();
     }
-    onOpenChanged: if (!open && emoji)
+    // While it goes out of sight, it still shows them.
+    onPresenceChanged: if (!open && presence === 0 && emoji)
         emoji.end()
 
     Field {
