@@ -16,6 +16,8 @@ Popover {
     property string asked
     // Its rows have a page of their own, too.
     property bool hasPages: false
+    // A click on a row starts what does not run.
+    property bool startsOnClick: false
 
     signal chosen(string id, string address, string title)
     signal pageAsked(string address)
@@ -74,7 +76,13 @@ Popover {
                 title: item.isAsked ? qsTr("Stop %1?").arg(item.row.title) : item.row.title
                 detail: item.row.detail
                 isStrong: false
-                onClicked: root.chosen(item.row.rowId, item.row.address, item.row.title)
+                isPressable: !root.startsOnClick || !item.row.isRunning && !item.row.isBusy
+                onClicked: {
+                    if (root.startsOnClick)
+                        root.entries.act(item.row.rowId, true);
+                    else
+                        root.chosen(item.row.rowId, item.row.address, item.row.title);
+                }
 
                 IconButton {
                     anchors.verticalCenter: parent.verticalCenter

@@ -193,6 +193,32 @@ class DeveloperTests : public QObject {
     QCOMPARE(room.defaults.strings("homebrewOutdated")->size(), std::size_t(2));  // what was known is kept
   }
 
+  void rowsActOnWhatTheyAreOfByNow() {
+    DeveloperRoom room;
+    fill(room);
+    room.see({DockWidget::docker, DockWidget::simulators});
+    Presentation presentation([](Seconds, const std::function<void()>&) {});
+    Scene scene;
+    QVERIFY(showPanels(scene, *room.area, {"Docker", "Simulators"},
+                       {{QStringLiteral("presentation"), QVariant::fromValue(&presentation)}}));
+    room.takeAsked();
+    const auto press = [&](const char* name) {
+      for (int i = 0; i < 40 && spokenName(scene.window().activeFocusItem()) != QLatin1String(name); ++i)
+        QTest::keyClick(&scene.window(), Qt::Key_Tab);
+      QTest::keyClick(&scene.window(), Qt::Key_Return);
+      room.work.letGo();
+    };
+    press("Pixel 8, android-34 · running");
+    press("Tablet");
+    press("Stop web");
+    QCOMPARE(room.takeAsked().front(), std::string("start T"));
+    QCOMPARE(namesByTab(scene).filter("Stop web?").size(), 1);
+    std::get<ContainerReading>(room.tools->engine).containers.front().isRunning = false;
+    room.area->containers()->lookAgain();
+    QTRY_VERIFY((room.work.letGo(), namesByTab(scene).contains(QStringLiteral("Start web"))));
+    QCOMPARE(namesByTab(scene).filter("Stop web?").size(), 0);
+  }
+
   // Missing and full.
   void everythingCanBeReadAndReached() {
     for (const bool isFull : {false, true}) {
