@@ -151,7 +151,7 @@ void DeveloperArea::openRepository() { openURL(QUrl::fromLocalFile(git_.face().p
 
 void DeveloperArea::openURL(const QUrl& url) {
   if (!seams_.open(url))
-    shell_.showToast(tr("Nothing opens it"), url.toDisplayString(), QStringLiteral("exclamationmark.triangle"));
+    shell_.showToast(tr("No program can open it"), url.toDisplayString(), QStringLiteral("exclamationmark.triangle"));
 }
 
 void DeveloperArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {

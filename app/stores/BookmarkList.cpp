@@ -58,7 +58,7 @@ void BookmarkList::visit(const QString& id) {
   if (!address)
     refuse(textOf(id));
   else if (!visit_(QUrl(toQString(*address))))
-    shell_.showToast(tr("No browser opens it"), toQString(*address), QStringLiteral("exclamationmark.triangle"));
+    shell_.showToast(tr("No browser can open it"), toQString(*address), QStringLiteral("exclamationmark.triangle"));
 }
 
 void BookmarkList::refuse(const QString& text) {

@@ -122,7 +122,7 @@ void FolderModel::openFolder() { openURL(QUrl::fromLocalFile(face_.path)); }
 
 void FolderModel::openURL(const QUrl& url) {
   if (!seams_.open(url))
-    shell_.showToast(tr("Nothing opens it"), url.toLocalFile(), QStringLiteral("exclamationmark.triangle"));
+    shell_.showToast(tr("No program can open it"), url.toLocalFile(), QStringLiteral("exclamationmark.triangle"));
 }
 
 ChosenFolder::ChosenFolder(UserDefaults& defaults, Seams seams, Shell& shell, QObject* parent)
