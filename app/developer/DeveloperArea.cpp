@@ -16,7 +16,7 @@ namespace {
 constexpr const char* checkedKey = "homebrewCheckedAt";
 constexpr const char* outdatedKey = "homebrewOutdated";
 
-// The record behind a row, as its list was read last. It is used on the list's own thread alone.
+// The record behind a row, from the last reading of its list. Only the list's own thread uses it.
 template <typename Record>
 std::optional<Record> behind(const std::vector<Record>& records, const QString& row) {
   const auto found = std::ranges::find_if(records, [&](const Record& record) { return rowIdOf(record) == row; });
@@ -48,7 +48,7 @@ DeveloperList::Source DeveloperArea::serversSource() const {
           .act =
               [tools = seams_.tools, records](const QString& row, bool) {
                 const auto server = behind(*records, row);
-                return server && tools->stop(*server) ? QString() : tr("That program does not listen there any more.");
+                return server && tools->stop(*server) ? QString() : tr("This program no longer listens there.");
               }};
 }
 
@@ -133,7 +133,7 @@ void DeveloperArea::showStoredPackages() {
   packages_.show(std::move(content));
 }
 
-// On another day, or in another zone, the same moment reads otherwise.
+// The text of a moment depends on the present day and on the zone.
 void DeveloperArea::completeShownPackages() {
   ToolContent content = packages_.content();
   completePackages(content);

@@ -66,7 +66,7 @@ class DeveloperArea : public Area {
   DeveloperList::Source simulatorsSource() const;
   void showStoredPackages();
   void completeShownPackages();
-  // Where the face says nothing else, it says when they were looked for.
+  // Adds the time of the last check, unless the face tells of a problem.
   void completePackages(ToolContent& content) const;
 
   Seams seams_;

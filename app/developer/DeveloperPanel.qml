@@ -2,8 +2,8 @@ import QtQuick
 import Ambrel.Developer
 import Ambrel.Kit
 
-// A list of what a tool has. A click on a row does what the panel says; its button starts it or, once confirmed, stops
-// it.
+// The list of one tool. Each panel says what a click on a row does; the button of a row starts it or, once confirmed,
+// stops it.
 Popover {
     id: root
 
@@ -14,9 +14,9 @@ Popover {
     property string emptySentence
     // The row whose button was pressed and waits to be confirmed.
     property string asked
-    // Its rows have a page of their own, too.
+    // A row that runs has a page for the browser.
     property bool hasPages: false
-    // A click on a row starts what does not run.
+    // A click on a row that does not run starts it.
     property bool startsOnClick: false
 
     signal chosen(string id, string address, string title)
@@ -58,7 +58,7 @@ Popover {
 
             required property toolRow row
             required property int index
-            // What has ended meanwhile needs no question.
+            // It may have ended by itself while it was asked.
             readonly property bool isAsked: root.asked === row.rowId && row.isRunning
 
             width: view.width

@@ -5,7 +5,7 @@ import Ambrel.Kit
 FocusScope {
     id: root
 
-    // As they are at first.
+    // Before the edit.
     required property string title
     required property string text
     required property string titleHint

@@ -78,7 +78,7 @@ class FolderModel : public QObject {
   Q_INVOKABLE void showInFolder(const QString& rowId);
   Q_INVOKABLE void openFolder();
   const FolderRow* row(const QString& rowId) const;
-  // The day or the zone is another: what was read is written otherwise.
+  // Shows it again: the text of a time depends on the present day and on the zone.
   void publish();
 
  Q_SIGNALS:

@@ -1,5 +1,5 @@
 #pragma once
-// What the user keeps at hand: a note, to-dos, snippets, bookmarks, a folder, a shortcut, a count.
+// The user's own things: a note, to-dos, snippets, bookmarks, a folder, a shortcut, a count.
 
 #include "app/base/Area.h"
 #include "app/stores/BookmarkList.h"

@@ -2,13 +2,13 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Tools
 
-// All emoji, by group or by name. The arrows walk, Return copies.
+// All emoji, by group or by name. The arrow keys move, Return copies.
 Popover {
     id: root
 
     required property EmojiModel emoji
     readonly property int across: 9
-    // What the arrows or the pointer are at.
+    // Of the emoji under the keys' cursor or the pointer.
     property string pointedName
 
     function take(index: int) {
@@ -25,7 +25,7 @@ Popover {
         field.text = "";
         emoji.begin();
     }
-    // While it goes out of sight, it still shows them.
+    // The panel still shows the emoji while it fades out.
     onPresenceChanged: if (!open && presence === 0 && emoji)
         emoji.end()
 

@@ -14,7 +14,7 @@ namespace {
 
 using tools::figure;
 
-constexpr ToolChoice uuidChoices[]{{"v4", "Random (v4)"}, {"v7", "In order of time (v7)"}};
+constexpr ToolChoice uuidChoices[]{{"v4", "Random (v4)"}, {"v7", "Time-ordered (v7)"}};
 constexpr ToolChoice passwordChoices[]{{"symbols", "Letters, digits, signs"},
                                        {"letters", "Letters, digits"},
                                        {"digits", "Digits"},
