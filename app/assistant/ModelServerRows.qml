@@ -28,7 +28,7 @@ Column {
     }
     SectionRow {
         title: qsTr("Model server")
-        detail: root.isMistaken ? qsTr("This is no address. One looks like 127.0.0.1:8080.") : qsTr("Any that speaks the OpenAI chat API. Empty: the usual ports of this computer.")
+        detail: root.isMistaken ? qsTr("This is not an address. An example: 127.0.0.1:8080.") : qsTr("Any that speaks the OpenAI chat API. Empty: the usual ports of this computer.")
         detailColor: root.isMistaken ? Theme.red.text : Theme.ink2
         enabled: root.server.face.isOn
 

@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <algorithm>
+#include <iterator>
 
 #include "app/base/QmlObjects.h"
 #include "app/base/Replaced.h"
@@ -26,6 +27,18 @@ std::set<std::string> lowered(const std::vector<std::string>& texts) {
 }
 
 bool isAddress(std::string_view place) { return place.find("://") != place.npos; }
+
+// What other programs keep. hasService: GNOME's service runs, and tells of its own calendars itself.
+std::vector<CalendarPlace> foundPlaces(const UserHome& home, bool hasService) {
+  std::vector<CalendarPlace> places;
+  for (std::filesystem::path& place : foundCalendars(home)) {
+    // The service's own files, whose names say nothing.
+    const bool isServed = place.string().starts_with((home.data / "evolution/").string());
+    if (isServed && hasService) continue;
+    places.push_back({std::move(place), isServed ? "GNOME" : ""});
+  }
+  return places;
+}
 
 }  // namespace
 
@@ -54,13 +67,6 @@ CalendarQuestion CalendarModel::question(Instant now) const {
                             .now = now};
   question.ownAddresses.merge(seams_.service.ownAddresses());
   for (const std::string& name : settings.calendarsHidden()) question.hidden.insert(name);
-  if (settings.calendarsFound())
-    for (std::filesystem::path& place : foundCalendars(seams_.home)) {
-      // The service's own files, whose names say nothing; while it runs, it tells of them itself.
-      const bool isServed = place.string().starts_with((seams_.home.data / "evolution/").string());
-      if (isServed && !question.served.empty()) continue;
-      question.places.push_back({std::move(place), isServed ? "GNOME" : ""});
-    }
   for (const std::string& place : settings.calendarPlaces())
     if (!isAddress(place)) question.places.push_back({expandedPath(place, seams_.home.home)});
   for (CalendarPlace& place : subscriptions_.places()) question.places.push_back(std::move(place));
@@ -81,35 +87,50 @@ void CalendarModel::look(bool isAll) {
     return;
   }
   isReading_ = true;
-  follow();
   subscriptions_.setAddresses(seams_.settings.calendarPlaces());
   const Instant now = seams_.now();
-  auto reading = std::make_shared<CalendarReading>();
+  struct Answer {
+    CalendarReading reading;
+    std::vector<std::filesystem::path> folders;
+  };
+  auto answer = std::make_shared<Answer>();
   CalendarQuestion asked = question(now);
   if (auto files = seams_.folders.takeChangedFiles(); !isAll) asked.changed = std::move(files);
-  seams_.background([reader = reader_, reading, question = std::move(asked)] { *reading = reader->read(question); },
-                    [this, reading, day = seams_.calendar().startOfDay(now)] {
-                      isReading_ = false;
-                      hasRead_ = true;
-                      reading_ = std::move(*reading);
-                      day_ = day;
-                      publish(seams_.now());
-                      Q_EMIT eventsChanged();
-                      if (std::exchange(mustReadAgain_, false)) look();
-                    });
+  // The disk of any place may not answer.
+  seams_.background(
+      [reader = reader_, answer, home = seams_.home, finds = seams_.settings.calendarsFound(),
+       question = std::move(asked)]() mutable {
+        if (finds) {
+          answer->folders = calendarFolders(home);
+          auto found = foundPlaces(home, !question.served.empty());
+          question.places.insert(question.places.begin(), std::make_move_iterator(found.begin()),
+                                 std::make_move_iterator(found.end()));
+        }
+        answer->reading = reader->read(question);
+      },
+      [this, answer, day = seams_.calendar().startOfDay(now)] {
+        isReading_ = false;
+        hasRead_ = true;
+        reading_ = std::move(answer->reading);
+        day_ = day;
+        follow(std::move(answer->folders));
+        publish(seams_.now());
+        Q_EMIT eventsChanged();
+        if (std::exchange(mustReadAgain_, false)) look();
+      });
 }
 
-void CalendarModel::follow() {
-  const AppSettings& settings = seams_.settings;
-  std::vector<std::filesystem::path> wanted;
-  if (settings.calendarsFound()) wanted = calendarFolders(seams_.home);
-  for (const std::string& place : settings.calendarPlaces()) {
+void CalendarModel::follow(std::vector<std::filesystem::path> found) {
+  auto wanted = std::move(found);
+  for (const std::string& place : seams_.settings.calendarPlaces()) {
     if (isAddress(place)) continue;
     const auto path = expandedPath(place, seams_.home.home);
     wanted.push_back(path.extension() == ".ics" ? path.parent_path() : path);
   }
   if (wanted == followed_) return;
   followed_ = wanted;
+  // Nobody has told of what changed since it was read.
+  mustReadAgain_ = true;
   std::vector<WatchedFolder> folders;
   for (auto& folder : wanted) folders.push_back({std::move(folder), CalendarReader::deepestFolder});
   seams_.folders.follow(std::move(folders), [this](std::size_t) { lookSoon(); });

@@ -90,7 +90,8 @@ class CalendarModel : public ambrel::TimedModel {
   // Of the files those that have changed, as far as the watch knows them, or all.
   void look(bool isAll = true);
   void lookSoon();
-  void follow();
+  // found: the folders of other programs. They are watched once they have answered.
+  void follow(std::vector<std::filesystem::path> found);
   CalendarQuestion question(Instant now) const;
   void publish(Instant now);
   void publishSources();

@@ -108,6 +108,7 @@ Popover {
             symbolTone: row.isNow ? Theme.blue : null
             title: row.title
             detail: row.detail === "" ? row.time : row.time + " · " + row.detail
+            isPressable: row.hasLink
             onClicked: root.calendar.join(row.eventId)
 
             Label {

@@ -32,6 +32,7 @@ Column {
             symbolTone: modelData.isNow ? Theme.blue : null
             title: modelData.title
             detail: modelData.detail === "" ? modelData.time : modelData.time + " · " + modelData.detail
+            isPressable: modelData.hasLink
             onClicked: root.calendar.join(modelData.eventId)
 
             IconButton {

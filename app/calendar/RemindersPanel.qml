@@ -54,6 +54,7 @@ Popover {
             symbolTone: row.isOverdue ? Theme.orange : null
             title: row.title
             detail: row.detail
+            isPressable: false
         }
     }
 }

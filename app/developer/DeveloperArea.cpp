@@ -3,6 +3,7 @@
 #include <QStandardPaths>
 
 #include "app/base/QmlObjects.h"
+#include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
 #include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
@@ -15,7 +16,7 @@ namespace {
 constexpr const char* checkedKey = "homebrewCheckedAt";
 constexpr const char* outdatedKey = "homebrewOutdated";
 
-// The record behind a row, as its list was read last. It is used on the list's own thread alone.
+// The record behind a row, from the last reading of its list. Only the list's own thread uses it.
 template <typename Record>
 std::optional<Record> behind(const std::vector<Record>& records, const QString& row) {
   const auto found = std::ranges::find_if(records, [&](const Record& record) { return rowIdOf(record) == row; });
@@ -47,7 +48,7 @@ DeveloperList::Source DeveloperArea::serversSource() const {
           .act =
               [tools = seams_.tools, records](const QString& row, bool) {
                 const auto server = behind(*records, row);
-                return server && tools->stop(*server) ? QString() : tr("That program does not listen there any more.");
+                return server && tools->stop(*server) ? QString() : tr("This program no longer listens there.");
               }};
 }
 
@@ -132,6 +133,13 @@ void DeveloperArea::showStoredPackages() {
   packages_.show(std::move(content));
 }
 
+// The text of a moment depends on the present day and on the zone.
+void DeveloperArea::completeShownPackages() {
+  ToolContent content = packages_.content();
+  completePackages(content);
+  packages_.show(std::move(content));
+}
+
 void DeveloperArea::askForRepository() {
   const QString start =
       git_.face().isChosen ? git_.face().path : QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
@@ -143,7 +151,7 @@ void DeveloperArea::openRepository() { openURL(QUrl::fromLocalFile(git_.face().p
 
 void DeveloperArea::openURL(const QUrl& url) {
   if (!seams_.open(url))
-    shell_.showToast(tr("Nothing opens it"), url.toDisplayString(), QStringLiteral("exclamationmark.triangle"));
+    shell_.showToast(tr("No program can open it"), url.toDisplayString(), QStringLiteral("exclamationmark.triangle"));
 }
 
 void DeveloperArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
@@ -155,7 +163,8 @@ void DeveloperArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSe
   simulators_.setSeen(areSeen && onBar.contains(DockWidget::simulators));
 }
 
-void DeveloperArea::tick(Instant /*now*/) {
+void DeveloperArea::tick(Instant now) {
+  if (replaced(day_, seams_.calendar().dayKey(now))) completeShownPackages();
   git_.tick();
   for (DeveloperList* list : {&servers_, &containers_, &packages_, &simulators_}) list->tick();
 }

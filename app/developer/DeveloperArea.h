@@ -54,6 +54,7 @@ class DeveloperArea : public Area {
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void tick(Instant now) override;
+  void zoneChanged(Instant /*now*/) override { completeShownPackages(); }
   QVariantMap sample(DockWidget widget) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
 
@@ -64,12 +65,14 @@ class DeveloperArea : public Area {
   DeveloperList::Source packagesSource();
   DeveloperList::Source simulatorsSource() const;
   void showStoredPackages();
-  // Where the face says nothing else, it says when they were looked for.
+  void completeShownPackages();
+  // Adds the time of the last check, unless the face tells of a problem.
   void completePackages(ToolContent& content) const;
 
   Seams seams_;
   Shell& shell_;
   Instant packagesTried_{};
+  std::string day_;  // of the last tick
   GitModel git_;
   DeveloperList servers_, containers_, packages_, simulators_;
 };

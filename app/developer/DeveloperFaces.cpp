@@ -246,7 +246,7 @@ std::vector<GitFact> gitFacts(const GitState& state) {
   add("Commit", state.commit.empty() ? tr("None yet") : toQString(state.commit));
   if (const auto& upstream = state.upstream) {
     const QString name = toQString(upstream->name), apart = distance(*upstream);
-    add("Upstream", upstream->isGone ? tr("%1, which is gone").arg(name) : name);
+    add("Upstream", upstream->isGone ? tr("%1 (gone)").arg(name) : name);
     if (!upstream->isGone) add("Apart", apart.isEmpty() ? tr("In step") : apart);
   } else if (!state.branch.empty()) {
     add("Upstream", tr("None"));

@@ -45,7 +45,7 @@ struct ToolContent {
 
 // home: whose folders are written as "~/...".
 ToolContent serversContent(const std::vector<LocalServer>& servers, const QString& home);
-// By which `serversContent` names the row of a server.
+// The id that `serversContent` gives the row of a server.
 QString rowIdOf(const LocalServer& server);
 ToolContent containersContent(const ToolAnswer<ContainerReading>& answer);
 ToolContent packagesContent(const std::vector<std::string>& outdated);
@@ -70,7 +70,7 @@ struct GitFace {
  public:
   FACE_FIELDS(QString, name, path);       // of the repository's folder; empty while none is chosen
   FACE_FIELDS(QString, branch, summary);  // "main"; "↑2 ↓1 · 3 changed"
-  FACE_FIELDS(QString, problem);          // why nothing can be said of it
+  FACE_FIELDS(QString, problem);          // why its state is not known
   FACE_FIELDS(bool, isChosen, needsUser);
 
   bool operator==(const GitFace&) const = default;

@@ -33,7 +33,7 @@ PacedWork::Job DeveloperList::reading() {
   const bool isAsked = std::exchange(isAsked_, false);
   if (!isAsked && (!isSeen_ || (source_.isDue && !source_.isDue()))) return {};
   if (source_.isDue) {
-    // Only such a reading takes long enough to be told of.
+    // Other readings are too quick to be announced.
     content_.face.isWorking = true;
     Q_EMIT faceChanged();
   }
@@ -80,7 +80,7 @@ void DeveloperList::showLog(const QString& row) {
   const auto job = PacedWork::job([log = source_.log, row] { return log(row); },
                                   [this, row](const QString& text) {
                                     if (logRow_ != row) return;
-                                    log_ = text.isEmpty() ? tr("It has written nothing.") : text;
+                                    log_ = text.isEmpty() ? tr("It has not written anything.") : text;
                                     Q_EMIT logChanged();
                                   });
   background_(job.work, job.done);

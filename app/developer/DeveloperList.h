@@ -30,7 +30,7 @@ class DeveloperList : public QObject {
     std::function<QString(const QString& row, bool starts)> act = {};
     std::function<QString(const QString& row)> log = {};
     int interval = 3;  // of ticks
-    // Whether it is time to read, and what is made of what was read before it is shown; on the main thread.
+    // Whether it is time to read, and what changes the content before it is shown; both on the main thread.
     std::function<bool()> isDue = {};
     std::function<void(ToolContent&)> take = {};
   };
@@ -39,6 +39,7 @@ class DeveloperList : public QObject {
 
   RowList* rows() { return &rows_; }
   const ToolListFace& face() const { return content_.face; }
+  const ToolContent& content() const { return content_; }
   void setSeen(bool isSeen);
   // Every two seconds.
   void tick();

@@ -2,8 +2,8 @@ import QtQuick
 import Ambrel.Developer
 import Ambrel.Kit
 
-// A list of what a tool has. A click on a row does what the panel says; its button starts it or, once confirmed, stops
-// it.
+// The list of one tool. Each panel says what a click on a row does; the button of a row starts it or, once confirmed,
+// stops it.
 Popover {
     id: root
 
@@ -14,8 +14,10 @@ Popover {
     property string emptySentence
     // The row whose button was pressed and waits to be confirmed.
     property string asked
-    // Its rows have a page of their own, too.
+    // A row that runs has a page for the browser.
     property bool hasPages: false
+    // A click on a row that does not run starts it.
+    property bool startsOnClick: false
 
     signal chosen(string id, string address, string title)
     signal pageAsked(string address)
@@ -56,7 +58,8 @@ Popover {
 
             required property toolRow row
             required property int index
-            readonly property bool isAsked: root.asked === row.rowId
+            // It may have ended by itself while it was asked.
+            readonly property bool isAsked: root.asked === row.rowId && row.isRunning
 
             width: view.width
             implicitHeight: line.implicitHeight
@@ -73,7 +76,13 @@ Popover {
                 title: item.isAsked ? qsTr("Stop %1?").arg(item.row.title) : item.row.title
                 detail: item.row.detail
                 isStrong: false
-                onClicked: root.chosen(item.row.rowId, item.row.address, item.row.title)
+                isPressable: !root.startsOnClick || !item.row.isRunning && !item.row.isBusy
+                onClicked: {
+                    if (root.startsOnClick)
+                        root.entries.act(item.row.rowId, true);
+                    else
+                        root.chosen(item.row.rowId, item.row.address, item.row.title);
+                }
 
                 IconButton {
                     anchors.verticalCenter: parent.verticalCenter

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Developer
 import Ambrel.Kit
 
-// How much of its list runs, or what is missing for it.
+// How many of its list run, or why there is no list.
 TileFrame {
     id: root
 

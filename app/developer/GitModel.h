@@ -8,8 +8,8 @@
 
 namespace ambrel {
 
-// It is read when something in it changes and the tile can be seen. A change while it cannot be seen ends the watching
-// until it can.
+// It is read when something in it changes, while the tile can be seen. After a change out of sight it is not watched
+// until the tile can be seen again.
 class GitModel : public QObject {
   Q_OBJECT
   QML_ELEMENT

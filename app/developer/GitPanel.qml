@@ -3,7 +3,7 @@ import Ambrel.Base
 import Ambrel.Developer
 import Ambrel.Kit
 
-// What there is to know of the repository before the next command.
+// The state of the repository in detail.
 Popover {
     id: root
 

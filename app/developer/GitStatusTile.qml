@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Developer
 import Ambrel.Kit
 
-// The branch of the repository, and how far it is from what it was and where it goes.
+// The branch of the repository, its distance from the remote branch, and its changes.
 TileFrame {
     id: root
 

@@ -13,7 +13,7 @@ DeveloperPanel {
     entries: servers
     title: qsTr("Localhost Ports")
     symbol: "point.3.connected.trianglepath.dotted"
-    emptyTitle: qsTr("Nothing listens")
+    emptyTitle: qsTr("No servers")
     emptySentence: qsTr("Programs that listen on this computer appear here.")
     onChosen: (id, address) => {
         area.open(address);

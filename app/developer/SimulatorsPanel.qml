@@ -1,13 +1,14 @@
 import QtQuick
 import Ambrel.Developer
 
-// Simulated devices, to be started.
+// Simulated devices; a click starts one.
 DeveloperPanel {
     required property DeveloperList simulators
 
     entries: simulators
     title: qsTr("Simulators")
     symbol: "iphone"
+    startsOnClick: true
     emptyTitle: qsTr("No devices")
     emptySentence: qsTr("Devices that you make in Android Studio appear here.")
 }

@@ -22,8 +22,9 @@ CurrencyModel::CurrencyModel(FeedSeams seams, QObject* parent) : Feed(std::move(
 }
 
 void CurrencyModel::reload() {
-  wish_ = {stored(seams_.defaults, amountKey, "100"), stored(seams_.defaults, fromKey, "USD"),
-           stored(seams_.defaults, toKey, "EUR")};
+  // What is being typed is stored when the panel closes.
+  const QString amount = isOpen() ? wish_.amount : stored(seams_.defaults, amountKey, "100");
+  wish_ = {amount, stored(seams_.defaults, fromKey, "USD"), stored(seams_.defaults, toKey, "EUR")};
   show(seams_.now());
 }
 
@@ -31,13 +32,18 @@ void CurrencyModel::choose(CurrencyWish wish) {
   const auto put = [&](const char* key, QString& held, const QString& next) {
     if (replaced(held, next)) store(seams_.defaults, key, DefaultsValue{next.toStdString()});
   };
-  put(amountKey, wish_.amount, wish.amount);
+  wish_.amount = wish.amount;
   put(fromKey, wish_.from, wish.from);
   put(toKey, wish_.to, wish.to);
   show(seams_.now());
 }
 
 void CurrencyModel::setAmount(const QString& amount) { choose({amount, wish_.from, wish_.to}); }
+
+void CurrencyModel::closed() {
+  if (wish_.amount != stored(seams_.defaults, amountKey, "100"))
+    store(seams_.defaults, amountKey, DefaultsValue{wish_.amount.toStdString()});
+}
 
 void CurrencyModel::setFrom(const QString& code) {
   choose({wish_.amount, code, code == wish_.to ? wish_.from : wish_.to});

@@ -21,6 +21,7 @@ class CurrencyModel : public ambrel::Feed {
 
   const CurrencyFace& face() const { return face_; }
   RowList* rows() { return &rows_; }
+  // Stored when the panel closes.
   Q_INVOKABLE void setAmount(const QString& amount);
   // A currency that is the other one already takes its place.
   Q_INVOKABLE void setFrom(const QString& code);
@@ -31,6 +32,7 @@ class CurrencyModel : public ambrel::Feed {
   void reload();
 
  protected:
+  void closed() override;
   std::optional<Instant> load() override;
   void ask() override;
   void show(Instant now) override;

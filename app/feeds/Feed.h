@@ -58,6 +58,8 @@ class Feed : public TimedModel {
   virtual void ask() = 0;
   // Publishes what there is.
   virtual void show(Instant now) = 0;
+  // The panel was closed.
+  virtual void closed() {}
 
   void get(const QUrl& address, qint64 mostBytes, std::function<void(Download)> answered);
   void succeeded();
@@ -81,6 +83,7 @@ class Feed : public TimedModel {
       logLine("cannot save " + std::string(name) + ": " + error.what());
     }
   }
+  bool isOpen() const { return isOpen_; }
   QString problem() const { return fetchProblem(failure_, isOnline_); }
 
   FeedSeams seams_;

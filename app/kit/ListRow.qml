@@ -26,7 +26,7 @@ Pressable {
         anchors.fill: parent
         radius: Theme.radiusButton
         color: root.isCurrent ? Theme.blue.soft : root.down ? Theme.tilePressed : Theme.card
-        visible: root.isCurrent || root.hovered || root.down
+        visible: root.isCurrent || root.isPressable && (root.hovered || root.down)
     }
     MarkBox {
         id: box

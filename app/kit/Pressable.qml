@@ -16,11 +16,13 @@ Item {
     property bool looksHovered: false
     property bool looksDown: false
     property int accessibleRole: Accessible.Button
+    // False for what is only read: keys reach it, and a press does nothing.
+    property bool isPressable: true
 
     signal clicked
 
     function press() {
-        if (root.enabled)
+        if (root.enabled && root.isPressable)
             root.clicked();
     }
 
@@ -32,7 +34,7 @@ Item {
     Accessible.onPressAction: root.press()
 
     Keys.onPressed: event => {
-        if (event.key !== Qt.Key_Space && event.key !== Qt.Key_Return && event.key !== Qt.Key_Enter)
+        if (!root.isPressable || event.key !== Qt.Key_Space && event.key !== Qt.Key_Return && event.key !== Qt.Key_Enter)
             return;
         if (!event.isAutoRepeat)
             root.keyDown = true;
@@ -64,6 +66,7 @@ Item {
 
     TapHandler {
         id: tap
+        enabled: root.isPressable
         gesturePolicy: TapHandler.ReleaseWithinBounds
         onTapped: root.press()
     }

@@ -51,6 +51,7 @@ void NowPlayingModel::setOpen(bool isOpen) {
 void NowPlayingModel::follow() {
   const bool isWanted = isConnected_ && (isSeen_ || isOpen_);
   seams_.players.setChangeHandler(isWanted ? [this] { show(); } : std::function<void()>());
+  if (!isOpen_) seconds_.stop();
   // What was shown stays while nobody looks.
   if (isWanted || !isConnected_) show();
 }

@@ -1,5 +1,7 @@
 #include "app/stores/BookmarkList.h"
 
+#include <utility>
+
 #include "app/base/StoredValue.h"
 #include "core/web/Address.h"
 
@@ -12,10 +14,37 @@ BookmarkList::BookmarkList(std::filesystem::path file, std::filesystem::path ico
       shell_(shell),
       icons_(std::move(iconFolder), fetcher, std::move(background)) {
   connect(&icons_, &SiteIcons::arrived, this, &BookmarkList::update);
+  connect(this, &BookmarkList::takenOver, this, &BookmarkList::lookForIcons);
 }
 
 void BookmarkList::open() {
   EditedList::open();
+  lookForIcons();
+}
+
+QString BookmarkList::add(const QString& typed) {
+  const QString id = EditedList::add(typed);
+  lookForIcons();
+  return id;
+}
+
+void BookmarkList::edit(const QString& id, const QString& title, const QString& address) {
+  EditedList::edit(id, title, {});
+  // Half an address is that of another site, which must not be asked for its icon.
+  typed_[id] = address;
+}
+
+void BookmarkList::finish() {
+  for (const auto& [id, typed] : std::exchange(typed_, {})) {
+    // It may have been removed meanwhile.
+    const QString known = textOf(id);
+    if (known.isEmpty() || typed == known) continue;
+    if (const auto address = pageAddress(typed.toStdString()))
+      setText(id, *address);
+    else
+      refuse(typed);
+  }
+  EditedList::finish();
   lookForIcons();
 }
 
@@ -27,9 +56,13 @@ void BookmarkList::visit(const QString& id) {
   // A file that was edited by hand may hold anything.
   const auto address = pageAddress(textOf(id).toStdString());
   if (!address)
-    shell_.showToast(tr("This is no address of a web page"), textOf(id), QStringLiteral("exclamationmark.triangle"));
+    refuse(textOf(id));
   else if (!visit_(QUrl(toQString(*address))))
-    shell_.showToast(tr("No browser opens it"), toQString(*address), QStringLiteral("exclamationmark.triangle"));
+    shell_.showToast(tr("No browser can open it"), toQString(*address), QStringLiteral("exclamationmark.triangle"));
+}
+
+void BookmarkList::refuse(const QString& text) {
+  shell_.showToast(tr("This is not the address of a web page"), text, QStringLiteral("exclamationmark.triangle"));
 }
 
 void BookmarkList::complete(EntryRow& row) {
@@ -42,7 +75,6 @@ void BookmarkList::complete(EntryRow& row) {
   if (spoken.startsWith(QLatin1String("www."))) spoken.remove(0, 4);
   if (spoken.endsWith(u'/')) spoken.chop(1);
   row.detail = spoken == row.name ? QString() : spoken;
-  icons_.want(address);
 }
 
 }  // namespace ambrel

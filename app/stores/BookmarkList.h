@@ -2,6 +2,7 @@
 // Bookmarks: a list of addresses, with the icons of their sites.
 
 #include <functional>
+#include <map>
 
 #include "app/stores/EditedList.h"
 #include "app/stores/SiteIcons.h"
@@ -21,6 +22,9 @@ class BookmarkList : public ambrel::EditedList {
                Visit visit, Shell& shell, QObject* parent = nullptr);
 
   void open() override;
+  QString add(const QString& typed) override;
+  void edit(const QString& id, const QString& title, const QString& address) override;
+  void finish() override;
   Q_INVOKABLE void visit(const QString& id);
   // Asks the sites for icons that are not there yet.
   Q_INVOKABLE void lookForIcons();
@@ -29,9 +33,12 @@ class BookmarkList : public ambrel::EditedList {
   void complete(EntryRow& row) override;
 
  private:
+  void refuse(const QString& text);
+
   Visit visit_;
   Shell& shell_;
   SiteIcons icons_;
+  std::map<QString, QString> typed_;  // addresses that are being edited, by the bookmark's id
 };
 
 }  // namespace ambrel

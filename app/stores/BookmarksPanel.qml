@@ -14,7 +14,7 @@ ListPanel {
     symbol: "bookmark"
     entrySymbol: "globe"
     hint: qsTr("Add an address")
-    refusal: qsTr("This is no address of a web page")
+    refusal: qsTr("This is not the address of a web page")
     titleHint: qsTr("Name")
     textHint: qsTr("Address")
     emptyTitle: qsTr("No bookmarks yet")

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Stores
 
-// The first sites, each to open by a click; a click elsewhere shows all.
+// The first sites; a click on one opens it, a click elsewhere shows all.
 ListTile {
     id: root
 

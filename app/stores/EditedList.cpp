@@ -23,7 +23,10 @@ QString nameOf(const ListEntry& entry) { return inOneLine(entry.title.empty() ? 
 EditedList::EditedList(ListKind kind, std::filesystem::path file, const QString& name, Shell& shell, QObject* parent)
     : QObject(parent), file_(kind, std::move(file)), keeper_(file_, name, shell) {
   keep({&rows_});
-  connect(&keeper_, &DocumentKeeper::takenOver, this, &EditedList::update);
+  connect(&keeper_, &DocumentKeeper::takenOver, this, [this] {
+    update();
+    Q_EMIT takenOver();
+  });
   connect(&keeper_, &DocumentKeeper::problemChanged, this, &EditedList::update);
 }
 
@@ -59,10 +62,16 @@ void EditedList::edit(const QString& id, const QString& title, const QString& te
   const bool needsTitle = file_.kind() == ListKind::todos;
   if (!needsTitle || !title.trimmed().isEmpty()) entry->title = title.trimmed().toStdString();
   if (file_.kind() == ListKind::snippets) entry->text = text.toStdString();
-  if (file_.kind() == ListKind::bookmarks)
-    if (const auto address = pageAddress(text.toStdString())) entry->text = *address;
   if (!file_.isChanged()) return;
   keeper_.saveSoon();
+  update();
+}
+
+void EditedList::setText(const QString& id, std::string text) {
+  const auto parsedID = parsed(id);
+  ListEntry* entry = parsedID ? findEntry(file_.edit(), *parsedID) : nullptr;
+  if (!entry || entry->text == text) return;
+  entry->text = std::move(text);
   update();
 }
 

@@ -52,26 +52,29 @@ class EditedList : public QObject {
   const ListFace& face() const { return face_; }
   const Entries& entries() const { return file_.entries(); }
 
-  // Adds what was typed, at the end; the id, or empty when it is nothing for this list.
-  Q_INVOKABLE QString add(const QString& typed);
-  // As somebody types. An empty title of a to-do and what is no address change nothing.
-  Q_INVOKABLE void edit(const QString& id, const QString& title, const QString& text);
-  // The user is done with it.
-  Q_INVOKABLE void finish() { keeper_.save(); }
+  // Adds what was typed at the end. Returns the id; empty if the list does not take it.
+  Q_INVOKABLE virtual QString add(const QString& typed);
+  // As somebody types. An empty title of a to-do changes nothing; the address of a bookmark counts once it is finished.
+  Q_INVOKABLE virtual void edit(const QString& id, const QString& title, const QString& text);
+  // The edit has ended.
+  Q_INVOKABLE virtual void finish() { keeper_.save(); }
   Q_INVOKABLE void toggle(const QString& id);
   Q_INVOKABLE void move(const QString& id, int places);
   Q_INVOKABLE void remove(const QString& id);
   Q_INVOKABLE void removeDone();
   Q_INVOKABLE void undo();
-  // What a copy of it gives: the text, or else the title.
+  // The text that is copied; without one, the title.
   Q_INVOKABLE QString textOf(const QString& id) const;
 
  Q_SIGNALS:
   void faceChanged();
+  // Others have changed the list.
+  void takenOver();
 
  protected:
   void update();
-  // What only some lists show in a row.
+  void setText(const QString& id, std::string text);
+  // Fills the fields that only some lists have.
   virtual void complete(EntryRow& /*row*/) {}
 
  private:

@@ -1,11 +1,11 @@
 import QtQuick
 import Ambrel.Kit
 
-// The fields of one entry. What is typed counts at once; Return in a line and Escape end it.
+// The fields of one entry. Return in a line and Escape end the edit; what was typed is kept.
 FocusScope {
     id: root
 
-    // As they are at first.
+    // Before the edit.
     required property string title
     required property string text
     required property string titleHint

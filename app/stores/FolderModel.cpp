@@ -46,29 +46,38 @@ void FolderModel::setShown(bool isShown) {
 }
 
 void FolderModel::follow() {
-  if (!isShown_ || path_.empty()) {
-    seams_.watch.follow({}, {});
-    return;
-  }
-  seams_.watch.follow({{path_}}, [this](std::size_t) { look(); });
+  isFollowed_ = false;
+  seams_.watch.follow({}, {});
   look();
 }
 
 PacedWork::Job FolderModel::reading() {
   if (!isShown_ || path_.empty()) return {};
   return PacedWork::job([path = path_, unfinished = unfinished_] { return newestItems(path, mostRows, unfinished); },
-                        [this](const std::optional<FolderListing>& listing) { show(listing, true); });
+                        [this](std::optional<FolderListing> listing) {
+                          show(std::move(listing), true);
+                          if (!isShown_ || std::exchange(isFollowed_, true)) return;
+                          seams_.watch.follow({{path_}}, [this](std::size_t) { look(); });
+                          // Nobody has told of what changed since it was read.
+                          look();
+                        });
 }
 
-void FolderModel::show(const std::optional<FolderListing>& listing, bool isRead) {
+void FolderModel::show(std::optional<FolderListing> listing, bool isRead) {
+  listing_ = std::move(listing);
+  isRead_ = isRead;
+  publish();
+}
+
+void FolderModel::publish() {
   const Calendar& calendar = seams_.calendar();
   std::vector<FolderRow> rows;
   FolderFace face;
   face.isChosen = !path_.empty();
   face.path = decoded(path_);
   face.name = path_ == "/" ? face.path : face.path.section(u'/', -1);
-  if (listing) {
-    for (const FolderItem& item : listing->newest) {
+  if (listing_) {
+    for (const FolderItem& item : listing_->newest) {
       const QString when = whenText(calendar, item.modified, seams_.now());
       FolderRow row;
       row.id = row.name = decoded(item.name);
@@ -80,14 +89,14 @@ void FolderModel::show(const std::optional<FolderListing>& listing, bool isRead)
       row.url = fileURL(path_ + '/' + item.name);
       rows.push_back(std::move(row));
     }
-    face.isEmpty = listing->count + listing->loading == 0;
-    if (listing->loading > 0) face.loadingText = tr("%1 loading").arg(listing->loading);
+    face.isEmpty = listing_->count + listing_->loading == 0;
+    if (listing_->loading > 0) face.loadingText = tr("%1 loading").arg(listing_->loading);
     if (!rows.empty()) {
       face.newest = rows.front().name;
       face.newestDetail = rows.front().detail;
     }
-    face.countText = listing->count == 1 ? tr("1 item") : tr("%1 items").arg(listing->count);
-  } else if (isRead) {
+    face.countText = listing_->count == 1 ? tr("1 item") : tr("%1 items").arg(listing_->count);
+  } else if (isRead_) {
     face.problem = tr("%1 is not there, or cannot be read").arg(face.name);
   }
   rows_.setRows(rows);
@@ -113,7 +122,7 @@ void FolderModel::openFolder() { openURL(QUrl::fromLocalFile(face_.path)); }
 
 void FolderModel::openURL(const QUrl& url) {
   if (!seams_.open(url))
-    shell_.showToast(tr("Nothing opens it"), url.toLocalFile(), QStringLiteral("exclamationmark.triangle"));
+    shell_.showToast(tr("No program can open it"), url.toLocalFile(), QStringLiteral("exclamationmark.triangle"));
 }
 
 ChosenFolder::ChosenFolder(UserDefaults& defaults, Seams seams, Shell& shell, QObject* parent)

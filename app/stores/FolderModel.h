@@ -78,23 +78,27 @@ class FolderModel : public QObject {
   Q_INVOKABLE void showInFolder(const QString& rowId);
   Q_INVOKABLE void openFolder();
   const FolderRow* row(const QString& rowId) const;
+  // Shows it again: the text of a time depends on the present day and on the zone.
+  void publish();
 
  Q_SIGNALS:
   void faceChanged();
 
  private:
+  // It is watched from its first reading on: on a disk that does not answer, watching would hang, too.
   void follow();
   PacedWork::Job reading();
-  // `isRead`: whether the folder was asked already.
-  void show(const std::optional<FolderListing>& listing, bool isRead);
+  void show(std::optional<FolderListing> listing, bool isRead);
   void openURL(const QUrl& url);
 
   Seams seams_;
   Unfinished unfinished_;
   Shell& shell_;
   std::string path_;
-  bool isShown_ = false;
+  bool isShown_ = false, isFollowed_ = false;
   PacedWork reading_;
+  std::optional<FolderListing> listing_;
+  bool isRead_ = false;  // the folder was asked already
   GadgetListModel<FolderRow> rows_;
   FolderFace face_;
 };

@@ -49,7 +49,7 @@ Popover {
             width: parent.width
             symbol: "folder"
             title: !root.face.isChosen ? qsTr("No folder chosen") : root.face.problem !== "" ? qsTr("Not available") : qsTr("Nothing here")
-            sentence: !root.face.isChosen ? qsTr("Choose a folder to see its newest files here.") : root.face.problem !== "" ? root.face.problem + "." : qsTr("What comes into the folder appears here.")
+            sentence: !root.face.isChosen ? qsTr("Choose a folder to see its newest files here.") : root.face.problem !== "" ? root.face.problem + "." : qsTr("Files that come into the folder appear here.")
         }
         Button {
             anchors.horizontalCenter: parent.horizontalCenter

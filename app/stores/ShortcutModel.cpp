@@ -94,7 +94,7 @@ void ShortcutModel::run() {
 
 void ShortcutModel::addScript(const std::string& path) {
   if (!seams_.launcher.find(path)) {
-    shell_.showToast(tr("%1 cannot be run").arg(fileName(path)), tr("It is no program: its file lacks the permission."),
+    shell_.showToast(tr("%1 cannot be run").arg(fileName(path)), tr("The file is not marked as a program."),
                      QStringLiteral("exclamationmark.triangle"));
     return;
   }

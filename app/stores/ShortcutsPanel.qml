@@ -49,7 +49,7 @@ Popover {
         width: parent.width
         visible: view.count === 0
         symbol: "command"
-        title: field.text === "" ? qsTr("No programs found") : qsTr("Nothing is called that")
+        title: field.text === "" ? qsTr("No programs found") : qsTr("No matches")
         sentence: qsTr("Programs and what they offer appear here, and scripts that you add.")
     }
     RowsView {

@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 
 #include "app/base/QmlObjects.h"
+#include "app/base/Replaced.h"
 #include "app/kit/DialogPalette.h"
 #include "app/kit/Theme.h"
 #include "app/window/FileDialog.h"
@@ -26,6 +27,7 @@ FolderModel::Seams folderSeams(const StoresArea::Seams& seams, FolderWatch& watc
 StoresArea::StoresArea(const Seams& seams, Shell& shell, QObject* parent)
     : Area(QStringLiteral("Stores"), parent),
       engine_(seams.engine),
+      calendar_(seams.calendar),
       downloadsFolder_(seams.downloads),
       note_(seams.documents / "QuickNote.txt", shell),
       todos_(ListKind::todos, seams.documents / "todos.json", tr("The to-do list"), shell),
@@ -72,9 +74,14 @@ void StoresArea::defaultsChanged(const std::set<std::string>& keys) {
   if (keys.contains(ShortcutModel::chosenKey) || keys.contains(ShortcutModel::scriptsKey)) shortcut_.reload();
 }
 
+void StoresArea::tick(Instant now) {
+  // Today's files are shown with their time.
+  if (replaced(day_, calendar_().dayKey(now))) zoneChanged(now);
+}
+
 void StoresArea::zoneChanged(Instant /*now*/) {
-  chosenFolder_.look();
-  downloads_.look();
+  chosenFolder_.publish();
+  downloads_.publish();
 }
 
 void StoresArea::askForFolder() {

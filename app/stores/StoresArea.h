@@ -1,5 +1,5 @@
 #pragma once
-// What the user keeps at hand: a note, to-dos, snippets, bookmarks, a folder, a shortcut, a count.
+// The user's own things: a note, to-dos, snippets, bookmarks, a folder, a shortcut, a count.
 
 #include "app/base/Area.h"
 #include "app/stores/BookmarkList.h"
@@ -63,11 +63,14 @@ class StoresArea : public Area {
 
   QVariantMap sample(DockWidget widget) override;
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
+  void tick(Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;
   void zoneChanged(Instant /*now*/) override;
 
  private:
   QQmlEngine& engine_;
+  PresentCalendar calendar_;
+  std::string day_;  // of the last tick
   std::function<std::string()> downloadsFolder_;
   QuickNote note_;
   EditedList todos_, snippets_;

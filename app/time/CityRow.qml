@@ -15,6 +15,7 @@ ListRow {
 
     label: title + ", " + figure + ", " + detail
     activeFocusOnTab: false
+    isPressable: false
 
     Label {
         text: root.figure

@@ -37,25 +37,35 @@ CountdownFace countdownFace(const Countdown& countdown, const Calendar& calendar
 CountdownModel::CountdownModel(TimeSeams seams, QObject* parent) : TimeModel(seams, parent), month_(seams) {
   keep({&month_});
   connect(&month_, &MonthModel::picked, this, [this] {
-    store(seams_.defaults, dateKey, DefaultsValue{storedMoment(month_.chosen(), seams_.calendar())});
+    date_ = month_.chosen();
     update();
   });
 }
 
 Countdown CountdownModel::stored(const Calendar& calendar, Instant now) const {
-  return countdownOf(seams_.defaults.string(titleKey), seams_.defaults.number(dateKey), calendar, now);
+  auto title = title_ ? title_ : seams_.defaults.string(titleKey);
+  if (title && title->empty()) title.reset();
+  return countdownOf(title, date_ ? storedMoment(*date_, calendar) : seams_.defaults.number(dateKey), calendar, now);
 }
 
 void CountdownModel::setTitle(const QString& title) {
-  const QString text = title.trimmed();
-  if (text.isEmpty())
-    removeStored(seams_.defaults, titleKey);
-  else
-    store(seams_.defaults, titleKey, DefaultsValue{text.toStdString()});
+  title_ = title.trimmed().toStdString();
   update();
 }
 
+void CountdownModel::finish() {
+  DefaultsDictionary values;
+  if (date_) values[dateKey] = DefaultsValue{storedMoment(*date_, seams_.calendar())};
+  if (title_ && !title_->empty()) values[titleKey] = DefaultsValue{*title_};
+  if (title_ && title_->empty()) removeStored(seams_.defaults, titleKey);
+  title_.reset();
+  date_.reset();
+  if (!values.empty()) store(seams_.defaults, std::move(values));
+}
+
 void CountdownModel::reset() {
+  title_.reset();
+  date_.reset();
   removeStored(seams_.defaults, titleKey);
   removeStored(seams_.defaults, dateKey);
   update();
@@ -67,7 +77,8 @@ void CountdownModel::showDate() { month_.show(stored(seams_.calendar(), seams_.n
 Instant CountdownModel::renew(const Calendar& calendar, Instant now) {
   month_.tick(now);
   CountdownFace face = countdownFace(stored(calendar, now), calendar, now);
-  face.isUsual = !seams_.defaults.object(titleKey) && !seams_.defaults.object(dateKey);
+  face.isUsual =
+      !date_ && !seams_.defaults.object(dateKey) && (title_ ? title_->empty() : !seams_.defaults.object(titleKey));
   if (replaced(face_, std::move(face))) Q_EMIT changed();
   return calendar.startOfDay(now, 1);
 }

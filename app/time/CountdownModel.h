@@ -34,8 +34,9 @@ class CountdownModel : public ambrel::TimeModel {
   const CountdownFace& face() const { return face_; }
   MonthModel* month() { return &month_; }
 
-  // A blank title is the usual one.
+  // Shown at once, and stored when the edit ends, as is the date. A blank title is the usual one.
   Q_INVOKABLE void setTitle(const QString& title);
+  Q_INVOKABLE void finish();
   // Back to the next New Year.
   Q_INVOKABLE void reset();
   // Turns to the month of the date.
@@ -46,6 +47,9 @@ class CountdownModel : public ambrel::TimeModel {
   Countdown stored(const Calendar& calendar, Instant now) const;
 
   MonthModel month_;
+  // Not stored yet.
+  std::optional<std::string> title_;
+  std::optional<Date> date_;
   CountdownFace face_;
 };
 

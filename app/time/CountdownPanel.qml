@@ -17,6 +17,8 @@ Popover {
         countdown.showDate();
         field.text = countdown.face.isUsual ? "" : countdown.face.title;
     }
+    onOpenChanged: if (!open && countdown) // it may have ended before its panel
+        countdown.finish()
 
     PanelColumn {
         id: rows

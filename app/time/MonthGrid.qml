@@ -2,8 +2,8 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Time
 
-// A month to page through. Its days are one stop of the keyboard: arrows move the chosen day, Page keys the month, and with
-// Shift the year; Home goes to today.
+// A month to page through: the wheel and the buttons turn the page alone. Its days are one stop of the keyboard: arrows
+// move the chosen day, by Page keys it moves by a month, and with Shift by a year; Home goes to today.
 FocusScope {
     id: root
 
@@ -44,7 +44,7 @@ FocusScope {
             root.turned += event.angleDelta.y;
             if (Math.abs(root.turned) < 120)
                 return;
-            root.month.moveMonths(root.turned > 0 ? -1 : 1);
+            root.month.turnPage(root.turned > 0 ? -1 : 1);
             root.turned = 0;
         }
     }
@@ -78,12 +78,12 @@ FocusScope {
             IconButton {
                 symbol: "chevron.left"
                 label: qsTr("The month before")
-                onClicked: root.month.moveMonths(-1)
+                onClicked: root.month.turnPage(-1)
             }
             IconButton {
                 symbol: "chevron.right"
                 label: qsTr("The next month")
-                onClicked: root.month.moveMonths(1)
+                onClicked: root.month.turnPage(1)
             }
         }
     }

@@ -37,6 +37,7 @@ std::vector<DayCell> cellsOf(const MonthPage& page, int month, const Date& today
 
 void MonthModel::show(const Date& date) {
   own_ = date;
+  turnedTo_.reset();
   update();
 }
 
@@ -54,8 +55,16 @@ void MonthModel::choose(const QString& key) {
 void MonthModel::moveDays(int days) { pick(daysLater(chosen_, days)); }
 void MonthModel::moveMonths(int months) { pick(monthsLater(chosen_, months)); }
 
+void MonthModel::turnPage(int months) {
+  const Date date = monthsLater(turnedTo_.value_or(chosen_), months);
+  if (date.year < 1 || date.year > 9999) return;
+  turnedTo_ = date;
+  update();
+}
+
 void MonthModel::goToToday() {
   own_.reset();
+  turnedTo_.reset();
   update();
   Q_EMIT picked();
 }
@@ -64,8 +73,9 @@ Instant MonthModel::renew(const Calendar& calendar, Instant now) {
   const Date today = dateOf(calendar, now);
   const WeekNumbering numbering = valueOf(seams_.defaults, setting::weekNumbering);
   chosen_ = own_.value_or(today);
-  const MonthPage page = monthPage(chosen_.year, chosen_.month, numbering, calendar);
-  const auto cells = cellsOf(page, chosen_.month, today, calendar);
+  const Date shown = turnedTo_.value_or(chosen_);
+  const MonthPage page = monthPage(shown.year, shown.month, numbering, calendar);
+  const auto cells = cellsOf(page, shown.month, today, calendar);
   days_.setRows(cells);
   const MonthPage own = monthPage(today.year, today.month, numbering, calendar);
   const auto present = cellsOf(own, today.month, today, calendar);
@@ -73,14 +83,14 @@ Instant MonthModel::renew(const Calendar& calendar, Instant now) {
   const auto row = std::ranges::find(own.days, today) - own.days.begin();
   week_.setRows({present.begin() + row / 7 * 7, present.begin() + row / 7 * 7 + 7});
 
-  MonthFace face{.title = dateText(calendar, {chosen_.year, chosen_.month, 1}, "yMMMM"),
+  MonthFace face{.title = dateText(calendar, {shown.year, shown.month, 1}, "yMMMM"),
                  .chosen = toQString(keyOf(chosen_)),
                  .chosenName = dateText(calendar, chosen_, "yMMMMEEEEd"),
                  .presentTitle = dateText(calendar, today, "yMMMM"),
                  .presentMonth = dateText(calendar, today, "LLLL"),
                  .presentDay = dateText(calendar, today, "d"),
                  .presentWeekday = dateText(calendar, today, "EEE"),
-                 .isAtToday = chosen_ == today};
+                 .isAtToday = chosen_ == today && page.days == own.days};
   for (int i = 0; i < 7; ++i) face.letters << cells[static_cast<std::size_t>(i)].letter;
   for (const int week : page.weeks) face.weeks << week;
   face.chosenDetail = QObject::tr("%1 · week %2 · day %3")

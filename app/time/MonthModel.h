@@ -38,7 +38,7 @@ struct MonthFace {
   FACE_FIELDS(QString, chosenDetail);                // "Tomorrow · week 47 · day 326"
   FACE_FIELDS(QString, presentTitle, presentMonth);  // "November 2026", "November"
   FACE_FIELDS(QString, presentDay, presentWeekday);  // "22", "Sun"
-  FACE_FIELDS(bool, isAtToday);                      // the present month is shown, and its day is chosen
+  FACE_FIELDS(bool, isAtToday);                      // the present day is chosen, and its month is shown
 
   bool operator==(const MonthFace&) const = default;
 };
@@ -68,6 +68,8 @@ class MonthModel : public ambrel::TimeModel {
   // The chosen day moves along.
   Q_INVOKABLE void moveDays(int days);
   Q_INVOKABLE void moveMonths(int months);
+  // Shows another month, and chooses nothing.
+  Q_INVOKABLE void turnPage(int months);
   Q_INVOKABLE void goToToday();
 
  Q_SIGNALS:
@@ -82,6 +84,7 @@ class MonthModel : public ambrel::TimeModel {
   GadgetListModel<DayCell> days_, week_, present_;
   // The chosen day is today until the user chooses another.
   std::optional<Date> own_;
+  std::optional<Date> turnedTo_;  // a day of the month that is shown, unless it is the chosen day's
   Date chosen_;
 };
 

@@ -33,7 +33,7 @@ void CalculatedModel::renew() {
 
 void CalculatedModel::neededChanged() {
   if (!isStale_ || !isNeeded()) return;
-  // Not for each key.
+  // A calculation for each key would be wasted.
   constexpr Seconds moment{0.15};
   seams_.later(moment, [self = QPointer(this), generation = ++generation_] {
     if (self && generation == self->generation_ && self->isStale_ && self->isNeeded()) self->workOut();

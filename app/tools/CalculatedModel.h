@@ -1,5 +1,5 @@
 #pragma once
-// What is worked out of a text that is being typed. The text is kept under a key of the defaults.
+// Calculates a result from a text while it is being typed. The text is kept under a key of the defaults.
 
 #include <stop_token>
 
@@ -29,10 +29,10 @@ class CalculatedModel : public ambrel::SeenModel {
   ~CalculatedModel() override { run_.request_stop(); }
 
   const CalculatedFace& face() const { return face_; }
-  // What is stored may have changed.
+  // The stored text may have changed.
   virtual void reload();
 
-  // Works it out when it has not changed for a moment and somebody looks.
+  // Calculates once the text has not changed for a moment and the tile or the panel can be seen.
   Q_INVOKABLE void setInput(const QString& input);
   // Puts the result on the clipboard, as soon as it is there.
   Q_INVOKABLE void accept();
@@ -46,10 +46,10 @@ class CalculatedModel : public ambrel::SeenModel {
 
   // What the calculator is asked for an input that is not blank.
   virtual std::string expression(std::string_view input) const = 0;
-  // The tile's line below the result, without an input as well.
+  // The tile's line below the result; also asked with an empty input.
   virtual QString detail(const QString& input) const = 0;
   virtual void accepted() {}
-  // Something that the expression is made of is another.
+  // Something that the expression is made of has changed.
   void renew();
   void closed() override;
   void neededChanged() override;
@@ -65,7 +65,7 @@ class CalculatedModel : public ambrel::SeenModel {
   std::string input_, expression_;
   ToolOutcome outcome_;
   CalculatedFace face_;
-  bool isStale_ = false;  // the outcome is of another expression, and it is not being worked out
+  bool isStale_ = false;  // the outcome is of an older expression, and no calculation runs
   bool isRunning_ = false, isAccepted_ = false;
   int generation_ = 0;
   std::stop_source run_;

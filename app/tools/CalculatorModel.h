@@ -1,5 +1,5 @@
 #pragma once
-// The calculator: an expression, its value, and what was worked out before while the program runs.
+// The calculator: an expression, its value, and the earlier results of this run of the program.
 
 #include "app/base/GadgetListModel.h"
 #include "app/tools/CalculatedModel.h"
@@ -10,7 +10,7 @@ struct CalculatorRow {
   Q_GADGET
   QML_VALUE_TYPE(calculatorRow)
  public:
-  FACE_FIELDS(int, number);  // which it is
+  FACE_FIELDS(int, number);  // in the order in which they came
   FACE_FIELDS(QString, expression, result);
   bool operator==(const CalculatorRow&) const = default;
 };

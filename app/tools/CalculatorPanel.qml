@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Tools
 
-// An expression to type, its value, and what was worked out before.
+// An expression to type, its value, and earlier results.
 Popover {
     id: root
 
@@ -48,7 +48,7 @@ Popover {
             boundsBehavior: Flickable.StopAtBounds
             model: root.calculator.history
             Accessible.role: Accessible.List
-            Accessible.name: qsTr("Worked out before")
+            Accessible.name: qsTr("Earlier results")
 
             delegate: ListRow {
                 required property calculatorRow row

@@ -1,5 +1,5 @@
 #pragma once
-// Works out an expression in a process of its own, which ends when it is no longer wanted.
+// Calculates an expression in a process of its own, which ends when the result is no longer wanted.
 
 #include <QString>
 #include <functional>

@@ -1,4 +1,4 @@
 import Ambrel.Tools
 
-// The letter case to which a click opens the way.
+// The chosen letter case; a click opens the panel.
 TextToolTile {}

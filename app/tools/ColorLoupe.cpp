@@ -21,7 +21,7 @@ constexpr int lineHeight = 30;
 constexpr int gap = 24;  // from the pointer
 constexpr int quickStep = 10;
 
-// A window that says the color below its cross.
+// A window that tells screen readers the color below its cross.
 class LoupeReading : public QAccessibleObject {
  public:
   explicit LoupeReading(ColorLoupe* loupe) : QAccessibleObject(loupe), loupe_(*loupe) {}
@@ -38,7 +38,7 @@ class LoupeReading : public QAccessibleObject {
   }
   QString text(QAccessible::Text kind) const override {
     if (kind == QAccessible::Name) return loupe_.spoken();
-    return kind == QAccessible::Description ? ColorLoupe::tr("Arrows move the cross, Return takes the color.")
+    return kind == QAccessible::Description ? ColorLoupe::tr("The arrow keys move the cross. Return takes the color.")
                                             : QString();
   }
   int childCount() const override { return 0; }

@@ -38,7 +38,7 @@ void ColorPickerModel::open(const QImage& picture) {
   Q_EMIT loupeChanged();
 }
 
-// It may be in the middle of an event.
+// The loupe may be handling an event.
 void ColorPickerModel::close() {
   if (!loupe_) return;
   loupe_->disconnect(this);

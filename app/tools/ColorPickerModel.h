@@ -38,7 +38,7 @@ class ColorPickerModel : public QObject {
 
  Q_SIGNALS:
   void faceChanged();
-  // The loupe has come or gone.
+  // The loupe was opened or closed.
   void loupeChanged();
 
  private:

@@ -62,6 +62,7 @@ void EmojiModel::begin() {
 void EmojiModel::end() {
   ++generation_;
   emoji_ = {};
+  rows_.setRows({});
 }
 
 void EmojiModel::search(const QString& query) {

@@ -1,5 +1,5 @@
 #pragma once
-// The emoji: a list that is read when the panel opens and let go when it closes, and those used last.
+// The emoji: a list that is read when the panel opens and released when it closes, and the recently used ones.
 
 #include <QStringList>
 #include <QtQml/qqmlregistration.h>
@@ -25,7 +25,7 @@ struct EmojiFace {
  public:
   FACE_FIELDS(QString, last);                 // used last; empty without
   FACE_FIELDS(QStringList, groups, samples);  // their names, and an emoji of each
-  FACE_FIELDS(int, group);                    // which is shown; 0: those used last, 1: the first group
+  FACE_FIELDS(int, group);                    // the one that is shown; 0: recently used, 1: the first group
   FACE_FIELDS(int, tone);                     // of skin; 0: none, 1: the lightest
   FACE_FIELDS(QStringList, tones);            // a hand in each
   FACE_FIELDS(QString, problem);              // why there are none

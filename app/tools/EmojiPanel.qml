@@ -2,13 +2,13 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Tools
 
-// All emoji, by group or by name. The arrows walk, Return copies.
+// All emoji, by group or by name. The arrow keys move, Return copies.
 Popover {
     id: root
 
     required property EmojiModel emoji
     readonly property int across: 9
-    // What the arrows or the pointer are at.
+    // Of the emoji under the keys' cursor or the pointer.
     property string pointedName
 
     function take(index: int) {
@@ -25,7 +25,8 @@ Popover {
         field.text = "";
         emoji.begin();
     }
-    onOpenChanged: if (!open && emoji)
+    // The panel still shows the emoji while it fades out.
+    onPresenceChanged: if (!open && presence === 0 && emoji)
         emoji.end()
 
     Field {
@@ -130,7 +131,7 @@ Popover {
         visible: grid.count === 0 && root.emoji.face.groups.length > 0
         symbol: "face.smiling.inverse"
         title: root.emoji.face.problem !== "" ? qsTr("No emoji") : field.text !== "" ? qsTr("None found") : qsTr("None used yet")
-        sentence: root.emoji.face.problem !== "" ? root.emoji.face.problem : field.text !== "" ? qsTr("Search for an English name, such as heart.") : qsTr("Emoji that you copy are here next time.")
+        sentence: root.emoji.face.problem !== "" ? root.emoji.face.problem : field.text !== "" ? qsTr("Search for an English name, such as heart.") : qsTr("Emoji that you copy appear here.")
     }
     ScrollBar {
         view: grid
@@ -173,7 +174,7 @@ Popover {
                     required property int index
                     required property string modelData
 
-                    label: index === 0 ? qsTr("Without a tone of skin") : qsTr("Tone of skin %1").arg(index)
+                    label: index === 0 ? qsTr("Default skin tone") : qsTr("Skin tone %1").arg(index)
                     emoji: modelData
                     size: 15
                     isChosen: index === root.emoji.face.tone

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Tools
 
-// What was worked out, or why nothing was, with a button that copies it.
+// The result, or why there is none, with a button that copies it.
 Item {
     id: root
 

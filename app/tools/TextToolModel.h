@@ -1,5 +1,5 @@
 #pragma once
-// One text tool: what it works on, how, and what comes of it.
+// One text tool: its input, its options and its result.
 
 #include <QStringList>
 #include <QUrl>
@@ -40,7 +40,7 @@ class TextToolModel : public ambrel::SeenModel {
   void setChoice(int choice);
   QString widgetId() const;
   void setClipboard(Text text);
-  // What is stored may have changed.
+  // The stored options may have changed.
   void reload();
 
   // Of the panel, which the area begins.
@@ -49,7 +49,7 @@ class TextToolModel : public ambrel::SeenModel {
   Q_INVOKABLE void clear();
   // What was dropped: the first local file's content, else the text.
   Q_INVOKABLE void take(const QString& text, const QList<QUrl>& urls);
-  // Another text of chance.
+  // Makes another random text.
   Q_INVOKABLE void makeNew();
 
   // Puts the result on the clipboard; once it is there, when it is being worked out.

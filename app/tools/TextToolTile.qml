@@ -8,7 +8,7 @@ TileFrame {
 
     required property ToolsArea area
     readonly property TextToolModel tool: area.tool(widget)
-    // A click does the work, and the panel is for the rest; of the others it opens the panel.
+    // A click does the work; for the other tools it opens the panel.
     property bool worksAtOnce: false
 
     panel: worksAtOnce ? "" : settingsPanel

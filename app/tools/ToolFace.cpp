@@ -51,7 +51,7 @@ ToolResult toolResult(const TextTool& tool, const ToolCall& call) {
   const Calendar& calendar = call.source.calendar;
   std::tie(face.input, face.inputNote) = shown(calendar, call.input);
   if (result.outcome.fault.empty() && !isValidUTF8(result.outcome.output))
-    result.outcome = {{}, text("What it decodes to is no text").toStdString()};
+    result.outcome = {{}, text("The decoded bytes are not text").toStdString()};
   face.fault = toQString(result.outcome.fault);
   face.hasOutput = hasWork && result.outcome.fault.empty();
   if (tool.widget == DockWidget::qrCode && face.hasOutput)

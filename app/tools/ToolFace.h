@@ -12,7 +12,7 @@
 
 namespace ambrel {
 
-// How much of a text a panel shows, in characters of Qt: the layout of more would hold the window up.
+// How much of a text a panel shows, in characters of Qt: laying out more would block the window.
 constexpr qsizetype mostShownText = 20000;
 
 struct ToolFace {
@@ -32,7 +32,7 @@ struct ToolFace {
   bool operator==(const ToolFace&) const = default;
 };
 
-// What came of one run, whole.
+// The whole result of one run.
 struct ToolResult {
   ToolOutcome outcome;
   ToolFace face;

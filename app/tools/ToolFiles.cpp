@@ -17,7 +17,7 @@ DroppedText readDropped(const QString& path) {
   constexpr std::uint64_t largest = 64u << 20;
   const std::string file = QFile::encodeName(path).toStdString();
   const auto status = fileStatus(file);
-  if (!status || !status->isRegular) return {{}, words("It is no file that can be read")};
+  if (!status || !status->isRegular) return {{}, words("This file cannot be read")};
   if (status->size > largest) return {{}, words("The file is larger than 64 MiB")};
   auto bytes = readFile(file, largest);
   if (!bytes) return {{}, words("The file cannot be read")};

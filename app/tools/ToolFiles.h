@@ -9,7 +9,8 @@
 
 namespace ambrel {
 
-// What is in a file that was dropped; empty with a `problem` in words for what is no file, and for more than 64 MiB.
+// The content of a file that was dropped. Empty, with the reason in `problem`, if it is not a plain file or larger than
+// 64 MiB.
 struct DroppedText {
   std::string text;
   QString problem;

@@ -32,12 +32,12 @@ class ToolsArea : public Area {
   EmojiModel* emoji() { return &emoji_; }
   ColorPickerModel* colorPicker() { return &colorPicker_; }
   TranslateModel* translator() { return &translator_; }
-  // Null for what is no text tool.
+  // Null if the widget is not a text tool.
   Q_INVOKABLE ambrel::TextToolModel* tool(const QString& widget) const;
   // For a panel that opens while no tool is seen.
   Q_INVOKABLE void begin(ambrel::TextToolModel* tool);
 
-  // The clipboard has another text, perhaps.
+  // The text on the clipboard may have changed.
   void clipboardChanged();
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant now) override;
   void defaultsChanged(const std::set<std::string>& keys) override;

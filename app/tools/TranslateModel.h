@@ -24,7 +24,7 @@ struct TranslateFace {
   FACE_FIELDS(QString, targetName);
   FACE_FIELDS(int, source, target);  // indexes of the languages; a source of 0 is found out
   FACE_FIELDS(bool, isWorking);
-  FACE_FIELDS(bool, isStale);  // the input is another than was translated
+  FACE_FIELDS(bool, isStale);  // the input has changed since it was translated
   bool operator==(const TranslateFace&) const = default;
 };
 
@@ -58,7 +58,7 @@ class TranslateModel : public QObject {
   // The translation becomes the text, and the languages change places.
   Q_INVOKABLE void swap();
   Q_INVOKABLE void copy();
-  // The server; one of another computer asks to be allowed. False for no address.
+  // The server. One on another computer has to be allowed first. False if it is not an address.
   Q_INVOKABLE bool setAddress(const QString& address);
   Q_INVOKABLE void allow();
 

@@ -111,7 +111,7 @@ Popover {
             Label {
                 visible: root.isMistaken
                 width: parent.width
-                text: qsTr("This is no address. One looks like 127.0.0.1:5000.")
+                text: qsTr("This is not an address. An example: 127.0.0.1:5000.")
                 role: Theme.small
                 color: Theme.red.text
             }
@@ -194,7 +194,7 @@ Popover {
                 height: source.height
                 visible: root.translator.face.problem === ""
                 label: qsTr("Translation")
-                hint: root.translator.face.isWorking ? qsTr("Translating…") : qsTr("The translation comes here")
+                hint: root.translator.face.isWorking ? qsTr("Translating…") : qsTr("The translation appears here")
                 input.readOnly: true
                 Component.onCompleted: show(root.translator.face.output)
             }

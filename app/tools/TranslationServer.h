@@ -1,5 +1,5 @@
 #pragma once
-// A server with LibreTranslate's API, asked without cookies, logins and redirections.
+// A server with LibreTranslate's API. Requests have no cookies and no logins, and follow no redirections.
 
 #include <QNetworkAccessManager>
 #include <QString>

@@ -64,8 +64,9 @@ void UnitConverterModel::choose(const UnitCategory& category, const Unit& from, 
   category_ = &category;
   from_ = &from;
   to_ = &to;
-  for (const auto& [key, id] : {std::pair("unitCategory", category.id), {"unitFrom", from.id}, {"unitTo", to.id}})
-    store(seams_.defaults, key, DefaultsValue{std::string(id)});
+  const auto text = [](std::string_view id) { return DefaultsValue{std::string(id)}; };
+  store(seams_.defaults,
+        DefaultsDictionary{{"unitCategory", text(category.id)}, {"unitFrom", text(from.id)}, {"unitTo", text(to.id)}});
   Q_EMIT choiceChanged();
   renew();
 }

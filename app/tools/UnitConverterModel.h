@@ -1,5 +1,5 @@
 #pragma once
-// The unit converter: an amount, its unit, and the unit wanted.
+// The unit converter: an amount, its unit, and the unit to convert to.
 
 #include <QStringList>
 
@@ -34,7 +34,7 @@ class UnitConverterModel : public ambrel::CalculatedModel {
   void reload() override;
 
   Q_INVOKABLE void setCategory(int index);
-  // The unit of the other side makes the two change places.
+  // Choosing the unit of the other side swaps the two.
   Q_INVOKABLE void setFrom(int index);
   Q_INVOKABLE void setTo(int index);
   Q_INVOKABLE void swap() { choose(*category_, *to_, *from_); }

@@ -1,4 +1,4 @@
 import Ambrel.Tools
 
-// What the link on the clipboard gives away of its reader; a click offers to clean it.
+// How many trackers the link on the clipboard has; a click offers to remove them.
 TextToolTile {}

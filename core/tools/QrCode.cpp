@@ -28,9 +28,9 @@ namespace tools {
 
 // Two rows of modules in a line of blocks, in the light colour of a dark terminal, within the quiet zone.
 ToolOutcome qrText(const ToolCall& call) {
-  if (call.input.empty()) return {{}, "There is no text to make a code of"};
+  if (call.input.empty()) return {{}, "There is no text for the code"};
   const QrCode code = qrCode(call.choice, call.input);
-  if (code.size == 0) return {{}, "The text is too long for a QR code of this correction"};
+  if (code.size == 0) return {{}, "The text is too long for a QR code with this error correction"};
   constexpr int quiet = 4;
   const auto isLight = [&](int row, int column) {
     const bool isInside = row >= 0 && column >= 0 && row < code.size && column < code.size;

@@ -41,6 +41,13 @@ std::string firstProgram(const std::vector<fs::path>& places) {
   return found == places.end() ? "" : found->string();
 }
 
+// Whether a process of that number is an emulator: the number may be another program's since.
+bool isEmulator(const fs::path& process) {
+  const std::string arguments = readText(process / "cmdline").value_or("");
+  const std::string program = fs::path(arguments.c_str()).filename();
+  return program.starts_with("emulator") || program.starts_with("qemu");
+}
+
 }  // namespace
 
 LinuxDeveloperTools::Sources LinuxDeveloperTools::runningSystem() {
@@ -96,7 +103,7 @@ ToolAnswer<std::vector<Simulator>> LinuxDeveloperTools::simulators() {
   for (const fs::path& folder : sources_.runningEmulators)
     for (const std::string& name : namesIn(folder, "pid_")) {
       // The file of an emulator that was killed stays.
-      if (isThere(sources_.proc / fs::path(name).stem().string().substr(4)))
+      if (isEmulator(sources_.proc / fs::path(name).stem().string().substr(4)))
         running.push_back(runningDevice(readFile(folder / name, 1 << 16).value_or("")));
     }
   for (const fs::path& folder : sources_.virtualDevices)

@@ -153,7 +153,9 @@ void PulseConnection::sinkTold(const pa_sink_info* sink) {
   if (pendingSets_ > 0) return;
   std::optional<SoundLevel> level;
   if (sink && sink->name != nullDevice) {
-    channels_ = sink->volume;
+    const bool isAnother = sink->index != sink_ || sink->volume.channels != channels_.channels;
+    if (isAnother || pa_cvolume_max(&sink->volume) != PA_VOLUME_MUTED) channels_ = sink->volume;
+    sink_ = sink->index;
     level = {.volume = fraction(pa_cvolume_max(&sink->volume)), .isMuted = sink->mute != 0};
   }
   publish([&](State& next) { next.output = level; });
@@ -179,10 +181,11 @@ void PulseConnection::setOutputVolume(double volume) {
   if (!isReady() || !state().output) return;
   volume = std::clamp(volume, 0.0, 1.0);
   // The balance between the channels stays.
-  pa_cvolume_scale(&channels_, static_cast<pa_volume_t>(volume * PA_VOLUME_NORM + 0.5));
+  pa_cvolume channels = channels_;
+  pa_cvolume_scale(&channels, static_cast<pa_volume_t>(volume * PA_VOLUME_NORM + 0.5));
   ++pendingSets_;
   sent(pa_context_set_sink_volume_by_name(
-      context_, present, &channels_,
+      context_, present, &channels,
       [](pa_context*, int, void* self) { static_cast<PulseConnection*>(self)->setTold(); }, this));
   publish([&](State& next) { next.output->volume = volume; });
 }

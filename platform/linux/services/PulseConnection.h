@@ -52,7 +52,9 @@ class PulseConnection {
   pa_time_event* retry_ = nullptr;
   std::chrono::milliseconds firstRetry_, nextRetry_;
   int pendingSets_ = 0;  // until they are through, the server's figures are older than ours
+  // Of the output's sink as they were last heard: silence has no balance.
   pa_cvolume channels_{};
+  uint32_t sink_ = PA_INVALID_INDEX;
   mutable std::mutex mutex_;
   State state_;
 };

@@ -37,7 +37,7 @@ struct Room {
   // The watch has told of a change, and the model has had its time to read.
   void settle() {
     for (const auto& step : std::exchange(steps, {})) step();
-    work.letGo();
+    while (!work.waiting.empty()) work.letGo();
   }
 
   TemporaryFolder folder;
@@ -71,7 +71,9 @@ class CalendarModelTests : public QObject {
     const QAbstractItemModelTester tester(model.agenda(), QAbstractItemModelTester::FailureReportingMode::QtTest);
     model.start();
     QCOMPARE(model.face().problem, QString());
+    QVERIFY2(room.folders.followed.empty(), "their disk may not answer");
     room.settle();
+    QVERIFY(!room.folders.followed.empty());
     QCOMPARE(model.face().problem, QStringLiteral("No calendar found"));
     room.write("a.ics", entry("Review", "DTSTART:20261120T140000Z\nDURATION:PT1H") +
                             entry("Trip", "DTSTART;VALUE=DATE:20261121") + entry("Lunch", "DTSTART:20261120T110000Z") +

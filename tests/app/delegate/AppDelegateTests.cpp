@@ -172,10 +172,12 @@ class AppDelegateTests : public QObject {
     program.delegate->launch();
     CountdownModel& countdown = *program.delegate->areas().time.countdown();
     countdown.setTitle("Holidays");
+    countdown.finish();
     const std::string first = model.activeProfile()->name;
     model.setPinnedProfileID(model.profiles()[1].id);
     QVERIFY(model.activeProfile()->name != first);
     countdown.setTitle("Release");
+    countdown.finish();
     model.setPinnedProfileID(std::nullopt);
     QCOMPARE(countdown.face().title, "Holidays");
   }

@@ -174,21 +174,49 @@ class DeveloperTests : public QObject {
   void looksForOutdatedPackagesEverySixHoursAndRemembersThem() {
     DeveloperRoom room;
     fill(room);
+    room.now += std::chrono::hours(8);
     room.see({DockWidget::homebrew});
     QCOMPARE(room.takeAsked(), Asked{"brew"});
     QCOMPARE(room.defaults.strings("homebrewOutdated")->at(0), std::string("wget 1.21.3 → 1.24.5"));
     room.start();
     QCOMPARE(room.area->packages()->face().value, QStringLiteral("2 outdated"));
-    QCOMPARE(room.area->packages()->face().subLine, QStringLiteral("Checked 2:00\u202fPM"));
+    QCOMPARE(room.area->packages()->face().subLine, QStringLiteral("Checked 10:00\u202fPM"));
     room.now += std::chrono::hours(5);
     room.see({DockWidget::homebrew});
     room.tick(100);
     QVERIFY(room.tools->asked.empty());
+    QCOMPARE(room.area->packages()->face().subLine, QStringLiteral("Checked Nov 22"));
     room.area->packages()->lookAgain();
     room.tools->packages = ToolFailure{ToolFailure::Reason::failed};
     room.work.letGo();
     QCOMPARE(room.takeAsked(), Asked{"brew"});
     QCOMPARE(room.defaults.strings("homebrewOutdated")->size(), std::size_t(2));  // what was known is kept
+  }
+
+  void rowsActOnWhatTheyAreOfByNow() {
+    DeveloperRoom room;
+    fill(room);
+    room.see({DockWidget::docker, DockWidget::simulators});
+    Presentation presentation([](Seconds, const std::function<void()>&) {});
+    Scene scene;
+    QVERIFY(showPanels(scene, *room.area, {"Docker", "Simulators"},
+                       {{QStringLiteral("presentation"), QVariant::fromValue(&presentation)}}));
+    room.takeAsked();
+    const auto press = [&](const char* name) {
+      for (int i = 0; i < 40 && spokenName(scene.window().activeFocusItem()) != QLatin1String(name); ++i)
+        QTest::keyClick(&scene.window(), Qt::Key_Tab);
+      QTest::keyClick(&scene.window(), Qt::Key_Return);
+      room.work.letGo();
+    };
+    press("Pixel 8, android-34 · running");
+    press("Tablet");
+    press("Stop web");
+    QCOMPARE(room.takeAsked().front(), std::string("start T"));
+    QCOMPARE(namesByTab(scene).filter("Stop web?").size(), 1);
+    std::get<ContainerReading>(room.tools->engine).containers.front().isRunning = false;
+    room.area->containers()->lookAgain();
+    QTRY_VERIFY((room.work.letGo(), namesByTab(scene).contains(QStringLiteral("Start web"))));
+    QCOMPARE(namesByTab(scene).filter("Stop web?").size(), 0);
   }
 
   // Missing and full.

@@ -53,6 +53,8 @@ class ControlTests : public QObject {
     row("slider to its start", slider, Qt::Key_Home, 60.0);
     row("menu row", "MenuRow { focus: true; text: 'Go'; onClicked: page.note('go') }", Qt::Key_Return, "go");
     row("list row", "ListRow { focus: true; title: 'Go'; onClicked: page.note('go') }", Qt::Key_Return, "go");
+    row("list row that is only read", "ListRow { focus: true; isPressable: false; onClicked: page.note('go') }",
+        Qt::Key_Return, {});
     row("tile by return", "TileFrame { focus: true; name: 'Go'; onClicked: page.note('go') }", Qt::Key_Return, "go");
     row("tile by space", "TileFrame { focus: true; name: 'Go'; onClicked: page.note('go') }", Qt::Key_Space, "go");
     row("field", "Field { focus: true; hint: 'It'; text: 'abc'; onAccepted: page.note(text) }", Qt::Key_Return, "abc");
@@ -87,7 +89,8 @@ class ControlTests : public QObject {
                 {"Slider { width: 216; onMoved: v => page.note(v) }", {108, 12}, 50.0},
                 {"TileFrame { name: 'Go'; onClicked: page.note('go') }", {50, 30}, "go"},
                 {row, {180, 16}, "inner"},
-                {row, {40, 22}, "row"}};
+                {row, {40, 22}, "row"},
+                {"ListRow { width: 200; isPressable: false; onClicked: page.note('go') }", {40, 22}, {}}};
     for (const auto& [control, at, wanted] : rows) {
       Scene scene;
       QVERIFY(scene.load(page(control)));

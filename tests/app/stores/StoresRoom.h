@@ -28,7 +28,7 @@ struct StoresRoom {
                                                        .background = work.background(),
                                                        .fileBackground = work.background(),
                                                        .calendar = Calendar("UTC", "en_US"),
-                                                       .now = [] { return *parseISO8601("2026-11-22T14:00:00Z"); },
+                                                       .now = [this] { return now; },
                                                        .open =
                                                            [this](const QUrl& url) {
                                                              opened << url;
@@ -50,6 +50,7 @@ struct StoresRoom {
   }
 
   TemporaryFolder folder;
+  Instant now = *parseISO8601("2026-11-22T14:00:00Z");
   UserDefaults defaults{folder / "defaults.json"};
   QQmlEngine engine;
   FakeFolderWatch watch, downloadsWatch;

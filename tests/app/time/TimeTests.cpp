@@ -137,8 +137,12 @@ class TimeTests : public QObject {
     QVERIFY2(!room.stored().object("countdownDate"), "looking stores nothing");
     countdown.month()->moveMonths(2);
     countdown.month()->moveDays(13);
+    countdown.month()->turnPage(5);
+    QCOMPARE(countdown.month()->face().title, QStringLiteral("August 2027"));
     countdown.setTitle(QStringLiteral(" Trip "));
-    QCOMPARE(countdown.face().date, QStringLiteral("Sunday, 14 March 2027"));
+    QCOMPARE(countdown.face().title + u' ' + countdown.face().date, QStringLiteral("Trip Sunday, 14 March 2027"));
+    QVERIFY2(!room.stored().object("countdownTitle"), "not for each key");
+    countdown.finish();
     QCOMPARE(room.stored().string("countdownTitle"), std::optional<std::string>("Trip"));
     QCOMPARE(instantFromUnixSeconds(*room.stored().number("countdownDate")), at("2027-03-14T11:00:00Z"));
     countdown.reset();

@@ -86,6 +86,7 @@ class ToolModelsTests : public QObject {
     QCOMPARE(desk.shell.copied, QStringList{QStringLiteral("🐱")});
     QVERIFY(!emoji.copy(1));
     emoji.end();
+    QCOMPARE(emoji.rows()->rowCount(), 0);
     // Closed before the file was read.
     emoji.begin();
     emoji.end();

@@ -45,18 +45,18 @@ TEST(TextTools, MakeOneTextOutOfAnother) {
       {jsonFormatter, "2", "\xEF\xBB\xBF{\"é\\u00e9\":{},\"x\":[1,{\"y\":null}]}",
        "{\n  \"é\\u00e9\": {},\n  \"x\": [\n    1,\n    {\n      \"y\": null\n    }\n  ]\n}", ""},
       {jsonFormatter, "2", "{\n \"é\": 1,\n}", "", "Line 3, column 1: a comma comes before the }"},
-      {jsonFormatter, "2", "[\"é\" 1]", "", "Line 1, column 6: here belongs a comma or ]"},
-      {jsonFormatter, "2", "[01]", "", "Line 1, column 2: a number begins with no 0"},
-      {jsonFormatter, "2", "[1.]", "", "Line 1, column 4: here belongs a digit"},
-      {jsonFormatter, "2", "{\"a\":\"b", "", "Line 1, column 6: the double quote that begins here has no end"},
-      {jsonFormatter, "2", "{'a':1}", "", "Line 1, column 2: here belongs a key in double quotes"},
+      {jsonFormatter, "2", "[\"é\" 1]", "", "Line 1, column 6: a comma or ] is expected here"},
+      {jsonFormatter, "2", "[01]", "", "Line 1, column 2: a number cannot begin with 0"},
+      {jsonFormatter, "2", "[1.]", "", "Line 1, column 4: a digit is expected here"},
+      {jsonFormatter, "2", "{\"a\":\"b", "", "Line 1, column 6: this double quote is never closed"},
+      {jsonFormatter, "2", "{'a':1}", "", "Line 1, column 2: a key in double quotes is expected here"},
       {jsonFormatter, "2", "1 2", "", "Line 1, column 3: there is more text after the end"},
-      {jsonFormatter, "2", "\"\xE4\xBD?\"", "", "It is no UTF-8 text: byte 2 is wrong"},
+      {jsonFormatter, "2", "\"\xE4\xBD?\"", "", "Not UTF-8 text: byte 2 is wrong"},
       {base64, "encode", "\xFF\xFE?", "//4/", ""},
       {base64, "url", "\xFF\xFE?>", "__4_Pg", ""},
       {base64, "decode", " __4_\nPg ", "\xFF\xFE?>", ""},
-      {base64, "decode", "aGk*", "", "It is no Base64: byte 4 is none of its characters"},
-      {base64, "decode", "aGkaG", "", "It is no whole Base64: characters at its end are missing or wrong"},
+      {base64, "decode", "aGk*", "", "Not Base64: byte 4 is not one of its characters"},
+      {base64, "decode", "aGkaG", "", "Incomplete Base64: characters at its end are missing or wrong"},
       {hash, "no such choice", "abc", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad", ""},
       {hash, "md5", "", "d41d8cd98f00b204e9800998ecf8427e", ""},
       {hash, "sha3-256", "abc", "3a985da74fe225b2045c172d6bd390bd855f086e3e9d525b46bfe24511431532", ""},
@@ -77,12 +77,12 @@ TEST(TextTools, MakeOneTextOutOfAnother) {
       {caseConverter, "constant", "İd-x", "İD_X", ""},
       {urlTools, "encode", "a/b ü?", "a%2Fb%20%C3%BC%3F", ""},
       {urlTools, "decode", "a%2Fb%20%C3%BC+", "a/b ü+", ""},
-      {urlTools, "decode", "100%", "", "A % in it has no two hexadecimal digits behind it"},
-      {urlTools, "decode", "%FF", "", "What it decodes to is no UTF-8 text"},
+      {urlTools, "decode", "100%", "", "A % is not followed by two hexadecimal digits"},
+      {urlTools, "decode", "%FF", "", "The decoded bytes are not UTF-8 text"},
       {urlTools, "clean", "https://a.b/c?utm_source=x&id=1&&FBCLID=2&q=utm_#gclid=3",
        "https://a.b/c?id=1&&q=utm_#gclid=3", ""},
       {urlTools, "clean", "see <http://a.b/?gclid=1> or\nHTTPS://c.d?x", "see <http://a.b/> or\nHTTPS://c.d?x", ""},
-      {urlTools, "clean", "utm_source=x", "", "There is no web link in it"},
+      {urlTools, "clean", "utm_source=x", "", "There is no web link in the text"},
       {urlTools, "parts", "https://u@a.b:81/p%20q+r?x=1+2&y#z",
        "Scheme    https\nHost      u@a.b:81\nPath      /p q+r\nQuery     x = 1 2\nQuery     y\nFragment  z", ""},
       {colorConverter, "rgb", " #2f7f86 ", "rgb(47, 127, 134)", ""},
@@ -95,9 +95,9 @@ TEST(TextTools, MakeOneTextOutOfAnother) {
       {colorConverter, "hwb", "#1234", "hwb(210 6.7% 80% / 0.267)", ""},
       {colorConverter, "hex", "2f7f86", "#2F7F86", ""},
       // A word, which has the letters of one by chance.
-      {colorConverter, "hex", "facade", "", "It is no color in hex, rgb(), hsl(), hwb() or oklch()"},
-      {colorConverter, "hex", "rgb(nan, 1, 1e999)", "", "It is no color in hex, rgb(), hsl(), hwb() or oklch()"},
-      {qrCode, "high", "", "", "There is no text to make a code of"},
+      {colorConverter, "hex", "facade", "", "Not a color in hex, rgb(), hsl(), hwb() or oklch()"},
+      {colorConverter, "hex", "rgb(nan, 1, 1e999)", "", "Not a color in hex, rgb(), hsl(), hwb() or oklch()"},
+      {qrCode, "high", "", "", "There is no text for the code"},
   };
   for (const Case& one : cases)
     EXPECT_EQ(run(one.tool, one.choice, one.input), (ToolOutcome{std::string(one.output), std::string(one.fault)}))
@@ -111,7 +111,8 @@ TEST(TextTools, WithstandHostileInput) {
   EXPECT_THAT(run(jsonFormatter, "2", repeated("[", 1000000)).fault, HasSubstr("nested deeper than 512"));
   EXPECT_THAT(run(jsonFormatter, "4", repeated("[", 500) + "1" + repeated(",1", 200000) + repeated("]", 500)).fault,
               HasSubstr("larger than 128 MiB"));
-  EXPECT_EQ(run(qrCode, "high", repeated("x", 1274)).fault, "The text is too long for a QR code of this correction");
+  EXPECT_EQ(run(qrCode, "high", repeated("x", 1274)).fault,
+            "The text is too long for a QR code with this error correction");
   EXPECT_EQ(run(qrCode, "high", repeated("x", 1273)).fault, "");
   // Whatever the bytes, what comes out is text: all but what Base64 decodes to.
   const std::string all = [] {

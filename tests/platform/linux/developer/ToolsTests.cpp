@@ -167,11 +167,14 @@ TEST(DeveloperTools, AskTheProgramsThatAreInstalled) {
   sources.emulator = {program("emulator", "")};
   sources.virtualDevices = {folder / "avd"};
   sources.runningEmulators = {folder / "running"};
+  sources.proc = folder / "proc";
   folder.write("avd/Pixel_8.ini", "target=android-34\n");
   folder.write("avd/Tablet.ini", "");
   folder.write("avd/Tablet.avd/config.ini", "avd.ini.displayname=Big Tablet\n");
-  folder.write("running/pid_" + std::to_string(getpid()) + ".ini", "avd.id=Tablet\n");
-  folder.write("running/pid_999999999.ini", "avd.id=Pixel_8\n");
+  folder.write("running/pid_70.ini", "avd.id=Tablet\n");
+  folder.write("proc/70/cmdline", std::string("/opt/sdk/emulator/qemu/qemu-system-x86_64\0-avd\0Tablet", 53));
+  folder.write("running/pid_71.ini", "avd.id=Pixel_8\n");
+  folder.write("proc/71/cmdline", "/usr/bin/editor");
   LinuxDeveloperTools tools(sources);
   EXPECT_EQ(tools.outdatedPackages(), (ToolAnswer<std::vector<std::string>>(std::vector<std::string>{"wget"})));
   const auto simulators = std::get<std::vector<Simulator>>(tools.simulators());

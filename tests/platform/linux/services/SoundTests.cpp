@@ -117,6 +117,8 @@ TEST_F(SoundServer, KeepsTheBalance) {
   pactl({"set-sink-volume", "speaker", "80%", "40%"});
   listen();
   ASSERT_TRUE(happens([this] { return sound_.output().has_value(); }));
+  sound_.setOutputVolume(0);
+  EXPECT_TRUE(happens([this] { return pactl({"get-sink-volume", "speaker"}).count(" 0%") == 2; }));
   sound_.setOutputVolume(0.4);
   EXPECT_TRUE(happens([this] {
     const QString told = pactl({"get-sink-volume", "speaker"});
