@@ -202,7 +202,9 @@ class CalendarModelTests : public QObject {
     LoopbackServer::Reply reply{
         .body = ("BEGIN:VCALENDAR\n" + entry("Online", "DTSTART:20261120T100000Z") + "END:VCALENDAR\n").c_str()};
     server.answer = [&](const QByteArray&) { return reply; };
-    const std::string address = server.url().toString().toStdString() + "/a.ics";
+    QUrl url = server.url();
+    url.setPath("/private/a.ics");
+    const std::string address = url.toString().toStdString();
     room.settings.set(setting::calendarPlaces, {address});
     const auto answered = [&](int requests) {
       return QTest::qWaitFor([&] { return server.targets.size() == requests && !room.work.waiting.empty(); }, 15000);
@@ -223,7 +225,9 @@ class CalendarModelTests : public QObject {
     QVERIFY(answered(2));
     settle();
     QCOMPARE(titles(model.today()), QStringList({"Online"}));
-    QVERIFY(model.sources()->data(model.sources()->index(0), model.sources()->roleNames().key("hasProblem")).toBool());
+    const QVariant detail =
+        model.sources()->data(model.sources()->index(0), model.sources()->roleNames().key("detail"));
+    QCOMPARE(detail.toString(), server.url().toString() + "/… · Not updated: the server says 500");
     room.settings.set(setting::calendarPlaces, {});
     model.reload();
     settle();
