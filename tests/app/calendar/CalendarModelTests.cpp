@@ -203,6 +203,7 @@ class CalendarModelTests : public QObject {
         .body = ("BEGIN:VCALENDAR\n" + entry("Online", "DTSTART:20261120T100000Z") + "END:VCALENDAR\n").c_str()};
     server.answer = [&](const QByteArray&) { return reply; };
     QUrl url = server.url();
+    url.setUserInfo("ada:secret");
     url.setPath("/private/a.ics");
     const std::string address = url.toString().toStdString();
     room.settings.set(setting::calendarPlaces, {address});
