@@ -76,6 +76,10 @@ void CalendarSubscriptions::tick(Instant now) {
     if (!subscription.isAsking && subscription.due <= now) ask(address, subscription);
 }
 
+void CalendarSubscriptions::clockMoved(Seconds by) {
+  for (auto& [address, subscription] : subscriptions_) subscription.due = advanced(subscription.due, by);
+}
+
 void CalendarSubscriptions::ask(const std::string& address, Subscription& subscription) {
   subscription.isAsking = true;
   seams_.fetcher.get(subscription.url, limits(), this,
