@@ -60,8 +60,10 @@ class CalendarSubscriptions : public QObject {
 
   void ask(const std::string& address, Subscription& subscription);
   void answered(const std::string& address, Download answer);
+  void removeOtherFiles();
 
   Seams seams_;
+  bool hasCleared_ = false;
   std::map<std::string, Subscription> subscriptions_;  // by the address as the user has written it
 };
 

@@ -206,6 +206,8 @@ class CalendarModelTests : public QObject {
     url.setUserInfo("ada:secret");
     url.setPath("/private/a.ics");
     const std::string address = url.toString().toStdString();
+    const std::filesystem::path kept = room.folder / "cache/Ambrel/calendars";
+    room.folder.write("cache/Ambrel/calendars/left.ics", "of an address that was removed while no bar ran");
     room.settings.set(setting::calendarPlaces, {address});
     const auto answered = [&](int requests) {
       return QTest::qWaitFor([&] { return server.targets.size() == requests && !room.work.waiting.empty(); }, 15000);
@@ -216,6 +218,7 @@ class CalendarModelTests : public QObject {
     CalendarModel model(room.seams());
     model.start();
     settle();
+    QVERIFY(!std::filesystem::exists(kept / "left.ics"));
     QVERIFY(answered(1));
     settle();
     QCOMPARE(titles(model.today()), QStringList({"Online"}));
@@ -232,11 +235,21 @@ class CalendarModelTests : public QObject {
     const QVariant detail =
         model.sources()->data(model.sources()->index(0), model.sources()->roleNames().key("detail"));
     QCOMPARE(detail.toString(), server.url().toString() + "/… · Not updated: the server says 500");
+    // Written in another way it has the same file.
+    room.settings.set(setting::calendarPlaces, {address, "HTTP" + address.substr(4)});
+    model.reload();
+    settle();
+    QVERIFY(answered(3));
+    settle();
+    room.settings.set(setting::calendarPlaces, {address});
+    model.reload();
+    settle();
+    QVERIFY(!std::filesystem::is_empty(kept));
     room.settings.set(setting::calendarPlaces, {});
     model.reload();
     settle();
     QCOMPARE(model.sources()->count(), 0);
-    QVERIFY(std::filesystem::is_empty(room.folder / "cache/Ambrel/calendars"));
+    QVERIFY(std::filesystem::is_empty(kept));
   }
 };
 
