@@ -37,7 +37,7 @@ CountdownFace countdownFace(const Countdown& countdown, const Calendar& calendar
 CountdownModel::CountdownModel(TimeSeams seams, QObject* parent) : TimeModel(seams, parent), month_(seams) {
   keep({&month_});
   connect(&month_, &MonthModel::picked, this, [this] {
-    store(seams_.defaults, dateKey, DefaultsValue{storedMoment(month_.chosen(), seams_.calendar())});
+    store(seams_.defaults, dateKey, DefaultsValue{storedMoment(month_.chosen())});
     update();
   });
 }
