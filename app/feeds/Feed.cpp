@@ -26,7 +26,7 @@ void Feed::updateWanted() {
   const Instant now = seams_.now();
   if (isWanted && !isLoaded_) {
     isLoaded_ = true;
-    // Kept under a clock that was ahead, it would never be asked for again.
+    // A time saved while the clock was ahead would put off the next request for ever.
     if (const auto askedAt = load()) schedule_.kept(std::min(*askedAt, now));
     connect(&seams_.fetcher, &Fetcher::onlineChanged, this, [this](bool isOnline) {
       isOnline_ = isOnline;

@@ -81,7 +81,7 @@ CurrencyFace currencyFace(const std::optional<CurrencyRates>& rates, const Curre
     face.fault = tr("No rate for %1").arg(rates->rates.contains(from) ? wish.to : wish.from);
   else
     face.rateText = tr("1 %1 = %2").arg(wish.from, toQString(rateText(calendar, *rate, to)));
-  if (!amount) face.fault = wish.amount.trimmed().isEmpty() ? tr("Type an amount") : tr("This is no amount");
+  if (!amount) face.fault = wish.amount.trimmed().isEmpty() ? tr("Type an amount") : tr("This is not an amount");
   if (!rate || !amount) return face;
   face.result = money(calendar, *amount * *rate, wish.to);
   face.source = money(calendar, *amount, wish.from);

@@ -65,7 +65,7 @@ struct CurrencyFace {
   FACE_FIELDS(QString, fromName, toName);          // "US Dollar"
   FACE_FIELDS(QString, result, source, rateText);  // "€92.35", "$100.00", "1 USD = €0.92351"
   FACE_FIELDS(QString, day);                       // of the list: "Rates of Nov 20"
-  FACE_FIELDS(QString, fault);                     // "This is no amount"
+  FACE_FIELDS(QString, fault);                     // "This is not an amount"
   FACE_FIELDS(QString, problem);                   // why there is nothing to show
 
   bool operator==(const CurrencyFace&) const = default;

@@ -15,7 +15,7 @@ SettingsPage {
     Section {
         SectionRow {
             title: qsTr("What Tilebay keeps")
-            detail: qsTr("All of it is on this computer, and nobody else's. Deleting starts Tilebay again for a moment.")
+            detail: qsTr("All of it stays on this computer. Deleting starts Tilebay again for a moment.")
         }
         Repeater {
             model: root.privacy ? root.privacy.kept : null

@@ -206,7 +206,7 @@ std::string notation(const ToolColor& c, std::string_view choice) {
 
 ToolOutcome colorNotation(const ToolCall& call) {
   const auto color = parsed(call.input);
-  if (!color) return {{}, "It is no color in hex, rgb(), hsl(), hwb() or oklch()"};
+  if (!color) return {{}, "Not a color in hex, rgb(), hsl(), hwb() or oklch()"};
   return {notation(*color, call.choice), {}};
 }
 

@@ -9,7 +9,7 @@
 namespace ambrel::tools {
 namespace {
 
-// Of a small text with long indents, deep below, more could come than any machine holds.
+// A small text that is nested deeply could become larger than the memory of any machine.
 constexpr std::size_t deepest = 512, mostOutput = 128u << 20;
 
 struct JsonFault {
@@ -47,7 +47,8 @@ class JsonLayout {
 
   void newLine() {
     if (indent_.empty()) return;
-    if (out_.size() + open_.size() * indent_.size() > mostOutput) fail("with its indents it is larger than 128 MiB");
+    if (out_.size() + open_.size() * indent_.size() > mostOutput)
+      fail("with its indents the text is larger than 128 MiB");
     out_ += '\n';
     for (std::size_t i = 0; i < open_.size(); ++i) out_ += indent_;
   }
@@ -60,7 +61,7 @@ class JsonLayout {
   void valueOrOpening() {
     const char c = next();
     if (c == '{' || c == '[') {
-      if (open_.size() == deepest) fail(fmt::format("it is nested deeper than {} levels", deepest));
+      if (open_.size() == deepest) fail(fmt::format("the text is nested deeper than {} levels", deepest));
       take(1);
       open_ += c == '{' ? '}' : ']';
       if (next() == open_.back()) {
@@ -79,8 +80,8 @@ class JsonLayout {
     if (c == '-' || (c >= '0' && c <= '9')) return number();
     for (const std::string_view word : {"true", "false", "null"})
       if (text_.substr(at_).starts_with(word)) return take(word.size());
-    if (at_ == text_.size()) fail("the text ends where a value belongs");
-    fail(c == ']' && !open_.empty() && open_.back() == ']' ? "a comma comes before the ]" : "here belongs a value");
+    if (at_ == text_.size()) fail("the text ends where a value is expected");
+    fail(c == ']' && !open_.empty() && open_.back() == ']' ? "a comma comes before the ]" : "a value is expected here");
   }
 
   // After a value: the end of what it is in, or the comma before the next. Says whether the end came.
@@ -95,7 +96,7 @@ class JsonLayout {
     }
     if (c != ',')
       fail(at_ == text_.size() ? fmt::format("the text ends before its {}", open_.back())
-                               : fmt::format("here belongs a comma or {}", open_.back()));
+                               : fmt::format("a comma or {} is expected here", open_.back()));
     take(1);
     newLine();
     if (open_.back() == '}') key();
@@ -106,9 +107,9 @@ class JsonLayout {
     const char c = next();
     if (c == '}') fail("a comma comes before the }");
     if (c != '"')
-      fail(at_ == text_.size() ? "the text ends where a key belongs" : "here belongs a key in double quotes");
+      fail(at_ == text_.size() ? "the text ends where a key is expected" : "a key in double quotes is expected here");
     string();
-    if (next() != ':') fail("here belongs a colon");
+    if (next() != ':') fail("a colon is expected here");
     take(1);
     if (!indent_.empty()) out_ += ' ';
   }
@@ -116,12 +117,12 @@ class JsonLayout {
   void string() {
     std::size_t end = at_ + 1;
     for (;; ++end) {
-      if (end == text_.size()) fail("the double quote that begins here has no end");
+      if (end == text_.size()) fail("this double quote is not closed");
       const char c = text_[end];
       if (c == '"') break;
       if (static_cast<unsigned char>(c) < 0x20) {
         at_ = end;
-        fail("inside of double quotes a line break, a tab and the like are written as \\n, \\t, \\u0000");
+        fail("inside double quotes, line breaks, tabs and the like are written as \\n, \\t, \\u0000");
       }
       if (c == '\\') end = escapeEnd(end);
     }
@@ -137,7 +138,7 @@ class JsonLayout {
         text_.substr(begin + 2, 4).find_first_not_of(hex) == std::string_view::npos)
       return begin + 5;
     at_ = begin;
-    fail("a backslash here begins nothing that is known");
+    fail("this backslash begins no known escape");
   }
 
   std::size_t digitsFrom(std::size_t at) const {
@@ -149,14 +150,14 @@ class JsonLayout {
       const std::size_t end = digitsFrom(from);
       if (end == from) {
         at_ = from;
-        fail("here belongs a digit");
+        fail("a digit is expected here");
       }
       return end;
     };
     const auto at = [this](std::size_t i) { return i < text_.size() ? text_[i] : '\0'; };
     const std::size_t first = at_ + (text_[at_] == '-');
     std::size_t end = digits(first);
-    if (text_[first] == '0' && end > first + 1) fail("a number begins with no 0");
+    if (text_[first] == '0' && end > first + 1) fail("a number has no leading zero");
     if (at(end) == '.') end = digits(end + 1);
     if (at(end) == 'e' || at(end) == 'E') end = digits(end + 1 + (at(end + 1) == '+' || at(end + 1) == '-'));
     take(end - at_);

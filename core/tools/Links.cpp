@@ -152,7 +152,7 @@ std::string described(std::string_view link) {
   return text;
 }
 
-constexpr const char* noLink = "There is no web link in it";
+constexpr const char* noLink = "There is no web link in the text";
 
 }  // namespace
 
@@ -164,8 +164,8 @@ ToolOutcome link(const ToolCall& call) {
   }
   if (call.choice == "decode") {
     auto text = percentDecoded(call.input);
-    if (!text) return {{}, "A % in it has no two hexadecimal digits behind it"};
-    if (!isValidUTF8(*text)) return {{}, "What it decodes to is no UTF-8 text"};
+    if (!text) return {{}, "A % is not followed by two hexadecimal digits"};
+    if (!isValidUTF8(*text)) return {{}, "The decoded text is not UTF-8"};
     return {std::move(*text), {}};
   }
   if (call.choice == "parts")

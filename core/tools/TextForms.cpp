@@ -87,9 +87,9 @@ ToolOutcome base64(const ToolCall& call) {
     return {std::move(text), {}};
   }
   if (const std::size_t at = foreignToBase64(call.input); at != std::string_view::npos)
-    return {{}, fmt::format("It is no Base64: byte {} is none of its characters", at + 1)};
+    return {{}, fmt::format("Not Base64: byte {} is not one of its characters", at + 1)};
   auto decoded = base64Decoded(plainBase64(call.input));
-  if (!decoded) return {{}, "It is no whole Base64: characters at its end are missing or wrong"};
+  if (!decoded) return {{}, "Incomplete Base64: characters at the end are missing or wrong"};
   return {std::move(*decoded), {}};
 }
 

@@ -86,9 +86,9 @@ const TextTool* textTool(DockWidget widget) {
 ToolOutcome runTool(const TextTool& tool, const ToolCall& given) {
   const ToolCall call = prepared(tool, given);
   constexpr std::size_t mostInput = 256u << 20;
-  if (call.input.size() > mostInput) return {{}, "It is larger than 256 MiB"};
+  if (call.input.size() > mostInput) return {{}, "The text is larger than 256 MiB"};
   if ((tool.input == text || tool.input == line) && !isValidUTF8(call.input))
-    return {{}, fmt::format("It is no UTF-8 text: byte {} is wrong", faultyByte(call.input) + 1)};
+    return {{}, fmt::format("Not UTF-8 text: byte {} is wrong", faultyByte(call.input) + 1)};
   return tool.run(call);
 }
 

@@ -145,7 +145,7 @@ class FeedsTests : public QObject {
     room.currency().setFrom(QStringLiteral("JPY"));
     QCOMPARE(room.currency().face().to, QStringLiteral("USD"));
     room.currency().setAmount(QStringLiteral("ten"));
-    QCOMPARE(room.currency().face().fault, QStringLiteral("This is no amount"));
+    QCOMPARE(room.currency().face().fault, QStringLiteral("This is not an amount"));
     room.currency().setAmount(QStringLiteral("160"));
     // Offline, in the next run.
     room.server.close();
