@@ -39,7 +39,7 @@ struct ToolColor {
   friend bool operator==(const ToolColor&, const ToolColor&) = default;
 };
 
-// What a tile says of a tool: never the text itself, which may be nobody else's business.
+// What a tile says of a tool: never the text itself, which may be private.
 struct ToolGlance {
   std::string value, detail;
   std::optional<ToolColor> swatch;

@@ -1,6 +1,7 @@
 #include "app/calendar/CalendarFaces.h"
 
 #include <QObject>
+#include <QUrl>
 #include <algorithm>
 
 #include "app/base/StoredValue.h"
@@ -128,9 +129,11 @@ SourceRow sourceRow(const CalendarSource& source, const std::string& home) {
   row.name = toQString(source.name);
   const bool isAtHome = !home.empty() && source.place.starts_with(home + '/');
   row.place = toQString(isAtHome ? "~" + source.place.substr(home.size()) : source.place);
-  // The rest of an address may be a secret.
-  if (const auto scheme = row.place.indexOf(QLatin1String("://")); scheme >= 0)
-    row.place = row.place.left(row.place.indexOf(u'/', scheme + 3)) + QStringLiteral("/…");
+  // The rest of an address may be a secret, and so may what is before its host.
+  if (row.place.contains(QLatin1String("://")))
+    row.place =
+        QUrl(row.place).toString(QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment) +
+        QStringLiteral("/…");
   row.isShown = !source.isHidden;
   row.hasProblem = !source.problem.empty();
   const auto counted = [](int count, const QString& one, const QString& many) {

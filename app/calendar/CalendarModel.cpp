@@ -148,6 +148,11 @@ void CalendarModel::tick(Instant now) {
   publish(now);
 }
 
+void CalendarModel::clockMoved(Seconds by, Instant /*now*/) {
+  subscriptions_.clockMoved(by);
+  look();
+}
+
 void CalendarModel::publish(Instant now) {
   const Calendar calendar = seams_.calendar();
   Instant change = calendar.startOfDay(now, 1);

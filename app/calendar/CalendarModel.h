@@ -78,7 +78,7 @@ class CalendarModel : public ambrel::TimedModel {
 
   std::optional<Instant> due() const override { return due_; }
   void tick(Instant now) override;
-  void clockMoved(Seconds /*by*/, Instant /*now*/) override { look(); }
+  void clockMoved(Seconds by, Instant now) override;
 
  Q_SIGNALS:
   void changed();

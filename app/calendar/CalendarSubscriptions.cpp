@@ -31,15 +31,9 @@ CalendarSubscriptions::CalendarSubscriptions(Seams seams, QObject* parent)
     : QObject(parent), seams_(std::move(seams)) {}
 
 void CalendarSubscriptions::setAddresses(const std::vector<std::string>& addresses) {
-  for (auto at = subscriptions_.begin(); at != subscriptions_.end();) {
-    if (std::ranges::find(addresses, at->first) != addresses.end()) {
-      ++at;
-      continue;
-    }
-    std::error_code ignored;
-    std::filesystem::remove(at->second.file, ignored);
-    at = subscriptions_.erase(at);
-  }
+  const auto left = std::erase_if(subscriptions_, [&](const auto& subscription) {
+    return std::ranges::find(addresses, subscription.first) == addresses.end();
+  });
   for (const std::string& address : addresses) {
     const auto url = subscriptionUrl(address);
     if (!url || subscriptions_.contains(address)) continue;
@@ -50,6 +44,19 @@ void CalendarSubscriptions::setAddresses(const std::vector<std::string>& address
     subscription.file = seams_.folder / (name.toStdString() + ".ics");
     ask(address, subscription);
   }
+  // At first, too: an address may have been left out while the program did not run.
+  if (left > 0 || !std::exchange(hasCleared_, true)) removeOtherFiles();
+}
+
+// Two addresses may be written differently and have one file.
+void CalendarSubscriptions::removeOtherFiles() {
+  std::vector<std::filesystem::path> others;
+  std::error_code error;
+  for (std::filesystem::directory_iterator at(seams_.folder, error), end; !error && at != end; at.increment(error))
+    if (at->path().extension() == ".ics" &&
+        std::ranges::none_of(subscriptions_, [&](const auto& each) { return each.second.file == at->path(); }))
+      others.push_back(at->path());
+  for (const auto& file : others) std::filesystem::remove(file, error);
 }
 
 std::vector<CalendarPlace> CalendarSubscriptions::places() const {
@@ -74,6 +81,10 @@ std::optional<Instant> CalendarSubscriptions::due() const {
 void CalendarSubscriptions::tick(Instant now) {
   for (auto& [address, subscription] : subscriptions_)
     if (!subscription.isAsking && subscription.due <= now) ask(address, subscription);
+}
+
+void CalendarSubscriptions::clockMoved(Seconds by) {
+  for (auto& [address, subscription] : subscriptions_) subscription.due = advanced(subscription.due, by);
 }
 
 void CalendarSubscriptions::ask(const std::string& address, Subscription& subscription) {

@@ -33,7 +33,7 @@ class CalendarSubscriptions : public QObject {
   };
   explicit CalendarSubscriptions(Seams seams, QObject* parent = nullptr);
 
-  // New ones are asked for at once, files of those that are left out go.
+  // New ones are asked for at once, files that belong to none are removed.
   void setAddresses(const std::vector<std::string>& addresses);
   // Where each of them is kept; there may be no file yet.
   std::vector<CalendarPlace> places() const;
@@ -42,6 +42,7 @@ class CalendarSubscriptions : public QObject {
 
   std::optional<Instant> due() const;
   void tick(Instant now);
+  void clockMoved(Seconds by);
 
  Q_SIGNALS:
   // A file or a problem is another one.
@@ -59,10 +60,11 @@ class CalendarSubscriptions : public QObject {
 
   void ask(const std::string& address, Subscription& subscription);
   void answered(const std::string& address, Download answer);
+  void removeOtherFiles();
 
   Seams seams_;
-  // Brings threads and memory of its own, which a bar without subscriptions does without.
-  std::map<std::string, Subscription> subscriptions_;
+  bool hasCleared_ = false;
+  std::map<std::string, Subscription> subscriptions_;  // by the address as the user has written it
 };
 
 }  // namespace ambrel

@@ -45,7 +45,7 @@ CountdownModel::CountdownModel(TimeSeams seams, QObject* parent) : TimeModel(sea
 Countdown CountdownModel::stored(const Calendar& calendar, Instant now) const {
   auto title = title_ ? title_ : seams_.defaults.string(titleKey);
   if (title && title->empty()) title.reset();
-  return countdownOf(title, date_ ? storedMoment(*date_, calendar) : seams_.defaults.number(dateKey), calendar, now);
+  return countdownOf(title, date_ ? storedMoment(*date_) : seams_.defaults.number(dateKey), calendar, now);
 }
 
 void CountdownModel::setTitle(const QString& title) {
@@ -55,7 +55,7 @@ void CountdownModel::setTitle(const QString& title) {
 
 void CountdownModel::finish() {
   DefaultsDictionary values;
-  if (date_) values[dateKey] = DefaultsValue{storedMoment(*date_, seams_.calendar())};
+  if (date_) values[dateKey] = DefaultsValue{storedMoment(*date_)};
   if (title_ && !title_->empty()) values[titleKey] = DefaultsValue{*title_};
   if (title_ && title_->empty()) removeStored(seams_.defaults, titleKey);
   title_.reset();

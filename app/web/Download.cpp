@@ -87,8 +87,10 @@ class Fetch : public QObject {
     // A reply that was given up is closed.
     if (reply_->isOpen()) body_ += reply_->readAll();
     const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    const bool isRefused = status != 0 && status != 200;
+    // The library's words for a refusal hold the whole address, which may be a secret.
+    if (problem_.isEmpty() && isRefused) problem_ = QStringLiteral("the server says %1").arg(status);
     if (problem_.isEmpty() && reply_->error() != QNetworkReply::NoError) problem_ = reply_->errorString();
-    if (problem_.isEmpty() && status != 200) problem_ = QStringLiteral("the server says %1").arg(status);
     if (!receiver_) return;
     Download all{.body = {},
                  .problem = problem_,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "core/base/JSON.h"
 #include "core/base/Text.h"
@@ -110,12 +111,23 @@ std::string engineComplaint(std::string_view json) {
 std::string readableLog(std::string_view bytes, std::size_t mostLines) {
   const std::string joined = joinedFrames(bytes);
   std::string text;
+  std::size_t lineStart = 0;
+  bool isWrittenOver = false;
   for (std::size_t i = 0; i < joined.size(); ++i) {
     const auto byte = static_cast<unsigned char>(joined[i]);
-    if (byte == 0x1b)
+    if (byte == 0x1b) {
       i += sequenceLength(std::string_view(joined).substr(i)) - 1;
-    else if (byte == '\n' || byte == '\t' || (byte >= 0x20 && byte != 0x7f))
+    } else if (byte == '\r') {
+      isWrittenOver = true;
+    } else if (byte == '\n') {
+      text += '\n';
+      lineStart = text.size();
+      isWrittenOver = false;
+    } else if (byte == '\t' || (byte >= 0x20 && byte != 0x7f)) {
+      // Of what shows its progress on one line, the last is read.
+      if (std::exchange(isWrittenOver, false)) text.resize(lineStart);
       text += joined[i];
+    }
   }
   std::vector<std::string_view> lines = split(text, '\n');
   while (!lines.empty() && lines.back().empty()) lines.pop_back();

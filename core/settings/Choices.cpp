@@ -7,6 +7,9 @@ namespace {
 
 constexpr int formVersion = 1;
 
+// A consent is given on each computer by its user, in the question that asks for it: no file may bring it along.
+bool isConsent(const SettingRow& row) { return row.page == SettingPage::none; }
+
 // What `parseSetting` takes.
 std::string textOf(const JSON& value) {
   if (value.is_string()) return value.get<std::string>();
@@ -24,7 +27,8 @@ nlohmann::json settingJSON(const DefaultsValue& value) {
 
 std::string exportedChoices(const UserDefaults& defaults, const std::vector<Profile>& profiles) {
   JSON settings = JSON::object();
-  for (const SettingRow* row : allSettings()) settings[row->key] = settingJSON(presentValue(defaults, *row));
+  for (const SettingRow* row : allSettings())
+    if (!isConsent(*row)) settings[row->key] = settingJSON(presentValue(defaults, *row));
   return prettyJSON({{"tilebay", formVersion}, {"settings", std::move(settings)}, {"profiles", profiles}});
 }
 
@@ -37,6 +41,10 @@ ImportedChoices importedChoices(std::string_view text) {
     const SettingRow* row = findSetting(key);
     if (!row) {
       choices.skipped.push_back(key + " is no setting of this version");
+      continue;
+    }
+    if (isConsent(*row)) {
+      choices.skipped.push_back(key + " is not taken from a file");
       continue;
     }
     try {

@@ -14,7 +14,8 @@
 
 namespace ambrel {
 
-// Every setting with its present value, defaults too, so that the file means the same to a later version.
+// Every setting with its present value, defaults too, so that the file means the same to a later version. Without
+// what the user has allowed to leave this computer (SettingPage::none).
 std::string exportedChoices(const UserDefaults& defaults, const std::vector<Profile>& profiles);
 
 struct ImportedChoices {

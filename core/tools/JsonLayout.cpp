@@ -9,7 +9,7 @@
 namespace ambrel::tools {
 namespace {
 
-// Of a small text with long indents, deep below, more could come than any machine holds.
+// A small text that is nested deeply could become larger than the memory of any machine.
 constexpr std::size_t deepest = 512, mostOutput = 128u << 20;
 
 struct JsonFault {
@@ -47,7 +47,8 @@ class JsonLayout {
 
   void newLine() {
     if (indent_.empty()) return;
-    if (out_.size() + open_.size() * indent_.size() > mostOutput) fail("the result would be larger than 128 MiB");
+    if (out_.size() + open_.size() * indent_.size() > mostOutput)
+      fail("with its indents the text is larger than 128 MiB");
     out_ += '\n';
     for (std::size_t i = 0; i < open_.size(); ++i) out_ += indent_;
   }
@@ -60,7 +61,7 @@ class JsonLayout {
   void valueOrOpening() {
     const char c = next();
     if (c == '{' || c == '[') {
-      if (open_.size() == deepest) fail(fmt::format("it is nested deeper than {} levels", deepest));
+      if (open_.size() == deepest) fail(fmt::format("the text is nested deeper than {} levels", deepest));
       take(1);
       open_ += c == '{' ? '}' : ']';
       if (next() == open_.back()) {
@@ -116,12 +117,12 @@ class JsonLayout {
   void string() {
     std::size_t end = at_ + 1;
     for (;; ++end) {
-      if (end == text_.size()) fail("this double quote is never closed");
+      if (end == text_.size()) fail("this double quote is not closed");
       const char c = text_[end];
       if (c == '"') break;
       if (static_cast<unsigned char>(c) < 0x20) {
         at_ = end;
-        fail("a line break, a tab and the like are written as \\n, \\t, \\u0000 inside double quotes");
+        fail("inside double quotes, line breaks, tabs and the like are written as \\n, \\t, \\u0000");
       }
       if (c == '\\') end = escapeEnd(end);
     }
@@ -156,7 +157,7 @@ class JsonLayout {
     const auto at = [this](std::size_t i) { return i < text_.size() ? text_[i] : '\0'; };
     const std::size_t first = at_ + (text_[at_] == '-');
     std::size_t end = digits(first);
-    if (text_[first] == '0' && end > first + 1) fail("a number cannot begin with 0");
+    if (text_[first] == '0' && end > first + 1) fail("a number has no leading zero");
     if (at(end) == '.') end = digits(end + 1);
     if (at(end) == 'e' || at(end) == 'E') end = digits(end + 1 + (at(end + 1) == '+' || at(end + 1) == '-'));
     take(end - at_);

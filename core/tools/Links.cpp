@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 
 #include "core/base/Text.h"
 #include "core/tools/Tools.h"
@@ -78,20 +79,48 @@ void appendClean(Cleaned& cleaned, std::string_view link) {
   if (parts.hasFragment) cleaned.text.append("#").append(parts.fragment);
 }
 
+constexpr std::string_view blanks = " \t\r\n\"<>", sentenceMarks = ".,;:!?'*";
+
+bool beginsHost(char c) { return (c & 0x80) != 0 || c == '[' || c == '_' || std::isalnum(c) != 0; }
+
+// Where the first link begins; npos without one.
+std::size_t linkStart(std::string_view text) {
+  constexpr std::string_view behind = "://";
+  for (std::size_t at = text.find(behind); at != std::string_view::npos; at = text.find(behind, at + 1)) {
+    if (at + behind.size() == text.size() || !beginsHost(text[at + behind.size()])) continue;
+    for (const std::string_view scheme : {"https", "http"})
+      if (at >= scheme.size() && asciiLower(text.substr(at - scheme.size(), scheme.size())) == scheme)
+        return at - scheme.size();
+  }
+  return std::string_view::npos;
+}
+
+// The link with which the text begins: without the bracket around it, the marks of its sentence and the next of a list.
+std::string_view linkOf(std::string_view text) {
+  std::string closing;
+  std::size_t end = 0;
+  for (; end < text.size() && blanks.find(text[end]) == std::string_view::npos; ++end) {
+    const char c = text[end];
+    if (c == '(' || c == '[') closing += c == '(' ? ')' : ']';
+    if (c == ')' || c == ']') {
+      if (closing.empty() || closing.back() != c) break;
+      closing.pop_back();
+    }
+    if ((c == ',' || c == ';') && isLink(text.substr(end + 1))) break;
+  }
+  return text.substr(0, text.substr(0, end).find_last_not_of(sentenceMarks) + 1);
+}
+
 // Every link of a text; what is between them stays.
 Cleaned cleaned(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n\"<>";
   Cleaned result;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.size(), text.find_first_of(blanks));
-    if (const std::string_view word = text.substr(0, end); isLink(word))
-      appendClean(result, word);
-    else
-      result.text += word;
-    const std::size_t next = std::min(text.size(), text.find_first_not_of(blanks, end));
-    result.text += text.substr(end, next - end);
-    text.remove_prefix(next);
+  for (std::size_t start = linkStart(text); start != std::string_view::npos; start = linkStart(text)) {
+    result.text += text.substr(0, start);
+    const std::string_view link = linkOf(text.substr(start));
+    appendClean(result, link);
+    text.remove_prefix(start + link.size());
   }
+  result.text += text;
   return result;
 }
 
@@ -136,7 +165,7 @@ ToolOutcome link(const ToolCall& call) {
   if (call.choice == "decode") {
     auto text = percentDecoded(call.input);
     if (!text) return {{}, "A % is not followed by two hexadecimal digits"};
-    if (!isValidUTF8(*text)) return {{}, "The decoded bytes are not UTF-8 text"};
+    if (!isValidUTF8(*text)) return {{}, "The decoded text is not UTF-8"};
     return {std::move(*text), {}};
   }
   if (call.choice == "parts")

@@ -89,7 +89,7 @@ ToolOutcome base64(const ToolCall& call) {
   if (const std::size_t at = foreignToBase64(call.input); at != std::string_view::npos)
     return {{}, fmt::format("Not Base64: byte {} is not one of its characters", at + 1)};
   auto decoded = base64Decoded(plainBase64(call.input));
-  if (!decoded) return {{}, "Incomplete Base64: characters at its end are missing or wrong"};
+  if (!decoded) return {{}, "Incomplete Base64: characters at the end are missing or wrong"};
   return {std::move(*decoded), {}};
 }
 

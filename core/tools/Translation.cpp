@@ -21,6 +21,15 @@ bool isCode(std::string_view text) {
          std::ranges::all_of(text, [](char c) { return c == '-' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
 }
 
+// "Hi" is no code of Hindi: it begins a text.
+bool isKnownCode(std::string_view text) {
+  if (!isCode(text)) return false;
+  const std::string language(text.substr(0, text.find('-'))), lower = asciiLower(language);
+  const auto isLower = [](char c) { return c >= 'a' && c <= 'z'; };
+  return (language == lower || std::ranges::none_of(language, isLower)) &&
+         *icu::Locale(lower.c_str()).getISO3Language() != 0;
+}
+
 }  // namespace
 
 std::string languageName(const std::string& code, const std::string& locale) {
@@ -73,7 +82,7 @@ Translation parseModelTranslation(std::string_view answer, const TranslationTask
   Translation translation;
   if (task.source.empty()) {
     const auto end = text.find('\n');
-    if (const auto first = trimmed(text.substr(0, end)); isCode(first)) {
+    if (const auto first = trimmed(text.substr(0, end)); isKnownCode(first)) {
       translation.source = asciiLower(first.substr(0, first.find('-')));
       text = end == std::string_view::npos ? std::string_view() : trimmed(text.substr(end));
     }

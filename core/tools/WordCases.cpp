@@ -87,7 +87,7 @@ UnicodeString namedLines(const UnicodeString& text, const Form& form) {
 }
 
 // The first letter of each line and behind each full stop in capitals. ICU's own sentences end at no stop that a small
-// letter follows, which is what is to be mended here.
+// letter follows, which is the case that this corrects.
 UnicodeString sentences(const UnicodeString& text, const icu::Locale& locale) {
   UnicodeString out;
   bool isStart = true, isStopped = false;

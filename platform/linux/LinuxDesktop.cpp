@@ -126,7 +126,7 @@ struct LinuxDesktop::Parts {
         screenCapture(openScreenCapture(connection.get(), bus)),
         trash(dataHome, getuid(), calendar),
         launcher(ProgramFolders::ofThisSession(), bus),
-        calendars(bus),
+        calendars(bus, EvolutionCalendars::Pace{}),
         mediaPlayers(bus) {}
 
   std::unique_ptr<X11Connection> connection;

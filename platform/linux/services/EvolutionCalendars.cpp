@@ -10,8 +10,6 @@ namespace ambrel {
 namespace {
 
 constexpr int patienceMilliseconds = 30000;  // an account may be opened over the network
-// After its end the service is not started again at once: it may have ended by what it was asked.
-constexpr std::chrono::seconds rest{60};
 const QString registry = QStringLiteral("org.gnome.evolution.dataserver.Sources5");
 const QString sourcesPath = QStringLiteral("/org/gnome/evolution/dataserver/SourceManager");
 const QString sourceInterface = QStringLiteral("org.gnome.evolution.dataserver.Source");
@@ -62,11 +60,11 @@ EvolutionSource evolutionSource(std::string_view data) {
   return source;
 }
 
-EvolutionCalendars::EvolutionCalendars(const QDBusConnection& bus, std::chrono::milliseconds burst) : bus_(bus) {
+EvolutionCalendars::EvolutionCalendars(const QDBusConnection& bus, const Pace& pace) : bus_(bus), rest_(pace.rest) {
   registerManagedObjects();
   for (QTimer* timer : {&soon_, &readSoon_}) {
     timer->setSingleShot(true);
-    timer->setInterval(burst);
+    timer->setInterval(pace.burst);
   }
   connect(&soon_, &QTimer::timeout, this, &EvolutionCalendars::askSources);
   connect(&readSoon_, &QTimer::timeout, this, [this] {
@@ -84,7 +82,7 @@ void EvolutionCalendars::setChangeHandler(std::function<void()> handler) {
   connect(watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
           [this](const QString& service, const QString& before) {
             if (service == registry) return sourcesChanged();
-            if (!before.isEmpty()) QTimer::singleShot(rest, watcher_, [this] { openAgain(); });
+            if (!before.isEmpty()) QTimer::singleShot(rest_, watcher_, [this] { openAgain(); });
           });
   // Without the name of the service: naming it would make the library ask the bus and wait.
   for (const char* signal : {"InterfacesAdded", "InterfacesRemoved"})
@@ -151,6 +149,14 @@ void EvolutionCalendars::openAgain() {
   for (const auto& [id, calendar] : opened_) open(id);
 }
 
+void EvolutionCalendars::openLater(const QString& id) {
+  if (std::exchange(opened_.at(id).isResting, true)) return;
+  QTimer::singleShot(rest_, watcher_, [this, id] {
+    const auto calendar = opened_.find(id);
+    if (calendar != opened_.end() && std::exchange(calendar->second.isResting, false)) open(id);
+  });
+}
+
 void EvolutionCalendars::open(const QString& id) {
   const bool isTaskList = opened_[id].source.kind == EvolutionSource::Kind::taskList;
   // The registry runs, so the session has the service; this one is started when it is needed.
@@ -161,8 +167,9 @@ void EvolutionCalendars::open(const QString& id) {
     callLater(bus_, this, message, patienceMilliseconds,
               [this, id, generation = generation_, next = std::move(next)](const QDBusMessage& answer) {
                 const auto calendar = opened_.find(id);
-                if (generation == generation_ && calendar != opened_.end() && isReply(answer))
-                  next(calendar->second, answer);
+                if (generation != generation_ || calendar == opened_.end()) return;
+                if (!isReply(answer)) return openLater(id);
+                next(calendar->second, answer);
               });
   };
   then(call, [this, id, then](Opened& calendar, const QDBusMessage& answer) {
@@ -195,9 +202,9 @@ void EvolutionCalendars::read(const QString& id) {
       quietCall(calendar.service, calendar.path, calendarInterface, QStringLiteral("GetObjectList"), {everything}),
       patienceMilliseconds, [this, id, generation = generation_](const QDBusMessage& answer) {
         const auto found = opened_.find(id);
-        if (generation != generation_ || found == opened_.end() || !isReply(answer) ||
-            answer.signature() != QLatin1String("as"))
-          return;
+        if (generation != generation_ || found == opened_.end()) return;
+        if (!isReply(answer)) return openLater(id);
+        if (answer.signature() != QLatin1String("as")) return;
         std::string text;
         for (const QString& component : answer.arguments().constFirst().toStringList())
           text += component.toStdString() + "\n";

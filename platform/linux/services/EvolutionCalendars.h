@@ -29,9 +29,13 @@ class EvolutionCalendars : public QObject, public CalendarService {
   Q_OBJECT
 
  public:
-  // burst: changes within it are told once.
-  explicit EvolutionCalendars(const QDBusConnection& bus,
-                              std::chrono::milliseconds burst = std::chrono::milliseconds(500));
+  struct Pace {
+    std::chrono::milliseconds burst{500};  // changes within it are told once
+    // Before a calendar that did not answer is opened again, or the service after its end: it may have ended by what
+    // it was asked.
+    std::chrono::milliseconds rest{60000};
+  };
+  EvolutionCalendars(const QDBusConnection& bus, const Pace& pace);
 
   void setChangeHandler(std::function<void()> handler) override;
   std::vector<ServedCalendar> calendars() const override;
@@ -49,12 +53,14 @@ class EvolutionCalendars : public QObject, public CalendarService {
     std::string ownAddress;  // of its account; empty when that has none
     std::shared_ptr<const std::string> text;
     std::uint64_t version = 0;
+    bool isResting = false;  // it did not answer
   };
 
   void askSources();
   void take(const QDBusMessage& answer);
   void open(const QString& id);
   void openAgain();
+  void openLater(const QString& id);
   void read(const QString& id);
   void forget();
   void tell();
@@ -62,6 +68,7 @@ class EvolutionCalendars : public QObject, public CalendarService {
   QDBusConnection bus_;
   std::function<void()> handler_;
   QDBusServiceWatcher* watcher_ = nullptr;
+  std::chrono::milliseconds rest_;
   QTimer soon_, readSoon_;
   std::map<QString, EvolutionSource> sources_;
   std::map<QString, Opened> opened_;

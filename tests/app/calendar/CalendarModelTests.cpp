@@ -204,7 +204,12 @@ class CalendarModelTests : public QObject {
     LoopbackServer::Reply reply{
         .body = ("BEGIN:VCALENDAR\n" + entry("Online", "DTSTART:20261120T100000Z") + "END:VCALENDAR\n").c_str()};
     server.answer = [&](const QByteArray&) { return reply; };
-    const std::string address = server.url().toString().toStdString() + "/a.ics";
+    QUrl url = server.url();
+    url.setUserInfo("ada:secret");
+    url.setPath("/private/a.ics");
+    const std::string address = url.toString().toStdString();
+    const std::filesystem::path kept = room.folder / "cache/Ambrel/calendars";
+    room.folder.write("cache/Ambrel/calendars/left.ics", "of an address that was removed while no bar ran");
     room.settings.set(setting::calendarPlaces, {address});
     const auto answered = [&](int requests) {
       return QTest::qWaitFor([&] { return server.targets.size() == requests && !room.work.waiting.empty(); }, 15000);
@@ -215,22 +220,38 @@ class CalendarModelTests : public QObject {
     CalendarModel model(room.seams());
     model.start();
     settle();
+    QVERIFY(!std::filesystem::exists(kept / "left.ics"));
     QVERIFY(answered(1));
     settle();
     QCOMPARE(titles(model.today()), QStringList({"Online"}));
     reply.status = 500;
+    room.clock.set(room.clock.now() - std::chrono::hours(2));
+    model.clockMoved(Seconds(-7200), room.clock.now());
+    settle();
     room.clock.set(*model.due());
-    QCOMPARE(room.clock.now(), *parseISO8601("2026-11-20T09:30:00Z"));
+    QCOMPARE(room.clock.now(), *parseISO8601("2026-11-20T07:30:00Z"));
     model.tick(room.clock.now());
     QVERIFY(answered(2));
     settle();
     QCOMPARE(titles(model.today()), QStringList({"Online"}));
-    QVERIFY(model.sources()->data(model.sources()->index(0), model.sources()->roleNames().key("hasProblem")).toBool());
+    const QVariant detail =
+        model.sources()->data(model.sources()->index(0), model.sources()->roleNames().key("detail"));
+    QCOMPARE(detail.toString(), server.url().toString() + "/… · Not updated: the server says 500");
+    // Written in another way it has the same file.
+    room.settings.set(setting::calendarPlaces, {address, "HTTP" + address.substr(4)});
+    model.reload();
+    settle();
+    QVERIFY(answered(3));
+    settle();
+    room.settings.set(setting::calendarPlaces, {address});
+    model.reload();
+    settle();
+    QVERIFY(!std::filesystem::is_empty(kept));
     room.settings.set(setting::calendarPlaces, {});
     model.reload();
     settle();
     QCOMPARE(model.sources()->count(), 0);
-    QVERIFY(std::filesystem::is_empty(room.folder / "cache/Ambrel/calendars"));
+    QVERIFY(std::filesystem::is_empty(kept));
   }
 };
 

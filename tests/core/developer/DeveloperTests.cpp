@@ -88,6 +88,7 @@ TEST(ContainerLog, IsReadableWhateverTheProgramWrote) {
   EXPECT_EQ(readableLog("a terminal's own\r\n\x1b[1;31mred\x1b[0m \x1b]0;title\ano\b\x07", 9),
             "a terminal's own\nred no");
   EXPECT_EQ(readableLog("ends in \x1b[12", 9), "ends in ");
+  EXPECT_EQ(readableLog("one\r\r\n10%\r\x1b[K20%\r100%\r", 9), "one\n100%");
   EXPECT_EQ(readableLog("caf\xe9\n"sv, 9), "caf\xef\xbf\xbd");
   EXPECT_EQ(readableLog("", 9), "");
 }

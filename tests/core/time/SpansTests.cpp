@@ -74,10 +74,13 @@ TEST(Weeks, MonthsEndOnTheirLastDay) {
 }
 
 TEST(Countdown, KeepsItsDateInOtherZones) {
-  const double stored = storedMoment({2027, 3, 14}, berlin);
-  for (const char* zone : {"America/Los_Angeles", "UTC", "Asia/Tokyo"})
-    EXPECT_EQ(countdownOf("Trip", stored, Calendar(zone, "en_US"), at("2026-11-22T12:00:00Z")).date,
-              (Date{2027, 3, 14}));
+  for (const char* zone : {"Pacific/Kiritimati", "Pacific/Pago_Pago", "UTC"})
+    for (const Date date : {Date{2027, 3, 14}, Date{1969, 7, 20}})
+      EXPECT_EQ(countdownOf("Trip", storedMoment(date), Calendar(zone, "en_US"), at("2026-11-22T12:00:00Z")).date,
+                date);
+  // The noon in the user's own zone, as earlier versions stored it.
+  EXPECT_EQ(countdownOf({}, unixSeconds(at("2027-03-14T03:00:00Z")), Calendar("Asia/Tokyo", "en_US"), {}).date,
+            (Date{2027, 3, 14}));
 }
 
 TEST(Countdown, WaitsForTheNextNewYearUnlessADateIsStored) {

@@ -79,7 +79,8 @@ TEST(Translation, AsksAModelForTheLanguageOnlyWhereItIsUnknown) {
   EXPECT_THAT(translationPrompt(known).instructions, Not(HasSubstr("first line")));
   EXPECT_EQ(parseModelTranslation("de\nHello\nyou", unknown), (Translation{.text = "Hello\nyou", .source = "de"}));
   // A model that forgets the line, one that thinks aloud, one that keeps the marks, and one that has just begun.
-  EXPECT_EQ(parseModelTranslation("Hello there", unknown), (Translation{.text = "Hello there"}));
+  for (const char* text : {"Hello there", "Hello", "Hello\nyou", "Hi\nyou", "xq\nyou"})
+    EXPECT_EQ(parseModelTranslation(text, unknown), (Translation{.text = text}));
   EXPECT_EQ(parseModelTranslation("<think>Well</think>\nde\n\n<text>\nHello\n</text>", unknown),
             (Translation{.text = "Hello", .source = "de"}));
   EXPECT_EQ(parseModelTranslation("<think>We", unknown), Translation());

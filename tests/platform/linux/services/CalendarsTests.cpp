@@ -24,7 +24,10 @@ class CalendarsOnBus : public BusTest {
     add("c", sourceOf("tasks", "[Data Source]\nDisplayName=Tasks\n[Task List]\nSelected=false\n"));
     add("d", sourceOf("remote", "[Data Source]\nDisplayName=Remote\nParent=account\n[Calendar]\n"));
     factory_ = service(qPrintable(factoryName));
+    // The account cannot be reached at first.
     factory_->answer = [this](const QDBusMessage& call) {
+      if (call.member() == QLatin1String("Open") && !std::exchange(isReachable_, true))
+        return call.createErrorReply(QDBusError::NoReply, {});
       if (call.member() == QLatin1String("OpenCalendar")) return call.createReply({"/calendar", factoryName});
       if (call.member() == QLatin1String("Open"))
         return call.createReply(QVariant(QStringList{"cal-email-address", "'Other@Example.org'"}));
@@ -33,11 +36,13 @@ class CalendarsOnBus : public BusTest {
       if (call.member() == QLatin1String("GetObjectList")) return call.createReply(QVariant(components_));
       return call.createReply();
     };
-    calendars_ = std::make_unique<EvolutionCalendars>(bus_.connection(), std::chrono::milliseconds(0));
+    calendars_ =
+        std::make_unique<EvolutionCalendars>(bus_.connection(), EvolutionCalendars::Pace{.burst = {}, .rest = {}});
   }
 
   std::unique_ptr<FakeService> registry_, factory_;
   QStringList components_{"BEGIN:VEVENT\r\nUID:1\r\nEND:VEVENT\r\n"};
+  bool isReachable_ = false;
   std::unique_ptr<EvolutionCalendars> calendars_;
   int changes_ = 0;
 };
