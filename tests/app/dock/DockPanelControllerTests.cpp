@@ -22,17 +22,12 @@ class DockPanelControllerTests : public QObject {
   void thePointerAPanelOrAPeekBringsItOut() {
     BarFixture f;
     f.bar.start();
-    f.pointer.move({800, 0});
-    f.pass(10);
-    QVERIFY(f.isShown());
-    f.pointer.move(BarFixture::away);
-    f.pass(0.6);
-    QVERIFY(!f.isShown());
+    QVERIFY(f.isShownAfter(10, {800, 0}));
+    QVERIFY(!f.isShownAfter(0.6, BarFixture::away));
 
     f.isHeld = true;
     f.bar.holdingChanged();
-    f.pass(60);
-    QVERIFY(f.isShown());
+    QVERIFY(f.isShownAfter(60));
     f.isHeld = false;
     f.bar.holdingChanged();
     QVERIFY(!f.isShown());
@@ -56,23 +51,19 @@ class DockPanelControllerTests : public QObject {
     BarFixture f;
     f.settings.set(setting::barAlwaysVisible, true);
     f.bar.start();
-    f.pass(60);
-    QVERIFY(f.isShown());
+    QVERIFY(f.isShownAfter(60));
     // Meanwhile nobody asks where the pointer is.
     QVERIFY(!f.pointer.isWaiting());
     const int looks = f.pointer.looks;
     f.pass(60);
     QCOMPARE(f.pointer.looks, looks);
-    f.pointer.move({0, 0});
-    f.pass(60);
-    QVERIFY(f.isShown());
+    QVERIFY(f.isShownAfter(60, {0, 0}));
     f.pointer.move(BarFixture::away);
     f.pass(1);
     f.settings.set(setting::barAlwaysVisible, false);
     QVERIFY(f.isShown());
     QVERIFY(f.pointer.isWaiting() || f.pointer.looks > looks);
-    f.pass(0.6);
-    QVERIFY(!f.isShown());
+    QVERIFY(!f.isShownAfter(0.6));
     f.settings.set(setting::barAlwaysVisible, true);
     QVERIFY(f.isShown());
   }
@@ -88,12 +79,8 @@ class DockPanelControllerTests : public QObject {
     fill(true);
     QVERIFY(!f.isShown());
     // Called, it comes all the same, and goes again.
-    f.pointer.move({800, 0});
-    f.pass(0.1);
-    QVERIFY(f.isShown());
-    f.pointer.move(BarFixture::away);
-    f.pass(0.6);
-    QVERIFY(!f.isShown());
+    QVERIFY(f.isShownAfter(0.1, {800, 0}));
+    QVERIFY(!f.isShownAfter(0.6, BarFixture::away));
     fill(false);
     QVERIFY(f.isShown());
   }
@@ -103,9 +90,7 @@ class DockPanelControllerTests : public QObject {
       BarFixture f;
       f.settings.setProperty("dockEdge", edge);
       f.bar.start();
-      f.pointer.move(BarFixture::away);
-      f.pass(1);
-      QVERIFY(!f.isShown());
+      QVERIFY(!f.isShownAfter(1, BarFixture::away));
       QCOMPARE(f.pointer.strips.size(), std::size_t{1});
       f.pointer.move({f.pointer.strips[0].midX(), f.pointer.strips[0].midY()});
       f.pass(0.1);
@@ -122,14 +107,12 @@ class DockPanelControllerTests : public QObject {
     int givenBack = 0;
     f.bar.onKeyboardLeft = [&] { ++givenBack; };
     QVERIFY(QTest::qWaitForWindowActive(f.bar.window()));
-    f.pass(60);
-    QVERIFY(f.isShown());
+    QVERIFY(f.isShownAfter(60));
     f.bar.leaveKeyboard();
     QCOMPARE(givenBack, 1);
     const auto* window = qobject_cast<QQuickWindow*>(f.bar.window());
     QVERIFY(!window->activeFocusItem() || window->activeFocusItem() == window->contentItem());
-    f.pass(0.6);
-    QVERIFY(!f.isShown());
+    QVERIFY(!f.isShownAfter(0.6));
   }
 
   void aKeyboardThatIsRefusedDoesNotHoldIt() {
@@ -137,10 +120,8 @@ class DockPanelControllerTests : public QObject {
     f.windowStyle.grantsKeys = false;
     f.bar.start();
     f.bar.revealForKeyboard();
-    f.pass(5);
-    QVERIFY(f.isShown());
-    f.pass(2);
-    QVERIFY(!f.isShown());
+    QVERIFY(f.isShownAfter(5));
+    QVERIFY(!f.isShownAfter(2));
   }
 
   void aWindowThatTakesTheKeyboardKeepsIt() {
@@ -154,8 +135,7 @@ class DockPanelControllerTests : public QObject {
     other.show();
     other.requestActivate();
     QVERIFY(QTest::qWaitForWindowActive(&other));
-    f.pass(0.6);
-    QVERIFY(!f.isShown());
+    QVERIFY(!f.isShownAfter(0.6));
     QCOMPARE(givenBack, 0);
   }
 
@@ -179,9 +159,7 @@ class DockPanelControllerTests : public QObject {
     f.pass(60);
     QCOMPARE(f.pointer.looks, looks);
     // Nor over a bar that is out.
-    f.pointer.move({800, 0});
-    f.pass(1);
-    QVERIFY(f.isShown());
+    QVERIFY(f.isShownAfter(1, {800, 0}));
     QVERIFY(!f.bar.isTicking());
   }
 
@@ -277,15 +255,12 @@ class DockPanelControllerTests : public QObject {
     f.screens.screens.clear();
     f.bar.updatePosition();
     QCOMPARE(static_cast<PanelWindow*>(f.bar.window())->panelFrame(), frame);
-    f.pointer.move(BarFixture::away);
-    f.pass(10);
-    QVERIFY(f.isShown());
+    QVERIFY(f.isShownAfter(10, BarFixture::away));
     QVERIFY(!f.bar.isTicking());
     f.screens.screens = FakeScreens().screens;
     f.bar.updatePosition();
     QCOMPARE(f.frame(), frame);
-    f.pass(0.7);
-    QVERIFY(!f.isShown());
+    QVERIFY(!f.isShownAfter(0.7));
   }
 
   void anEdgeThatMovesAwayFromARestingPointerLetsItGo() {
@@ -294,8 +269,7 @@ class DockPanelControllerTests : public QObject {
     f.pointer.move({800, 0});
     f.pass(10);
     f.settings.set(setting::dockEdge, DockEdge::left);
-    f.pass(1);
-    QVERIFY(!f.isShown());
+    QVERIFY(!f.isShownAfter(1));
   }
 
   void theWindowLeavesItsMarginToOthers() {
