@@ -1,5 +1,6 @@
 #pragma once
-// The files of /proc and /sys of a computer, from one text: "=== path" begins a file, whose lines follow.
+// The files of /proc and /sys of a computer, from one text: "=== path = line" is a file of one line, and
+// after "=== path" the lines of another follow.
 
 #include <fstream>
 #include <sstream>
@@ -22,12 +23,14 @@ class MachineTree : public TemporaryFolder {
       text.clear();
     };
     while (std::getline(file, line)) {
-      if (line.starts_with(mark)) {
-        finish();
-        path = line.substr(mark.size());
-      } else {
+      if (!line.starts_with(mark)) {
         text += line + "\n";
+        continue;
       }
+      finish();
+      const std::size_t sign = line.find(" = ");
+      path = line.substr(mark.size(), sign - mark.size());
+      if (sign != std::string::npos) text = line.substr(sign + 3) + "\n";
     }
     finish();
   }

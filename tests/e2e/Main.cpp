@@ -12,20 +12,8 @@ int secondStart(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const std::vector<std::string> arguments(argv + 2, argv + argc);
   ambrel::DBusSessionService service(ambrel::openSessionBus());
-  switch (service.start(ambrel::parseCommandLine(arguments).wish)) {
-    case ambrel::SessionRole::owner:
-      std::puts("owner");
-      break;
-    case ambrel::SessionRole::handedOver:
-      std::puts("handedOver");
-      break;
-    case ambrel::SessionRole::notAnswered:
-      std::puts("notAnswered");
-      break;
-    case ambrel::SessionRole::alone:
-      std::puts("alone");
-      break;
-  }
+  constexpr const char* said[] = {"owner", "handedOver", "notAnswered", "alone"};
+  std::puts(said[static_cast<std::size_t>(service.start(ambrel::parseCommandLine(arguments).wish))]);
   return 0;
 }
 

@@ -118,7 +118,7 @@ TEST_F(WindowsOnManager, WhatComesByItselfTakesNoKeys) {
   }
 }
 
-TEST_F(WindowsOnManager, TheyStandWhereTheyArePutAndMoveNothing) {
+TEST_F(WindowsOnManager, TheyAreWhereTheyArePutAndMoveNothing) {
   QRect terminal;
   for (const WindowRole role : {WindowRole::dock, WindowRole::panel, WindowRole::bubble}) {
     QWindow window;

@@ -8,21 +8,19 @@
 #include "platform/Sounds.h"
 #include "platform/TimeZone.h"
 #include "platform/WallClock.h"
+#include "tests/fakes/Told.h"
 
 namespace ambrel {
 
-class FakeTimeZone : public TimeZone {
+class FakeTimeZone : public Told<TimeZone> {
  public:
   std::string name() const override { return zone_; }
-  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   void set(std::string zone) {
-    zone_ = std::move(zone);
-    if (handler_) handler_();
+    change([&] { zone_ = std::move(zone); });
   }
 
  private:
   std::string zone_ = "UTC";
-  std::function<void()> handler_;
 };
 
 class FakeClock : public WallClock {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/MediaPlayers.h"
+#include "tests/fakes/Told.h"
 
 namespace ambrel {
 
-class FakeMediaPlayers : public MediaPlayers {
+class FakeMediaPlayers : public Told<MediaPlayers> {
  public:
-  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   std::vector<MediaPlayer> players() const override { return list; }
   void command(const std::string& id, PlayerCommand command) override { commands.emplace_back(id, command); }
   void seek(const std::string& id, const std::string&, Seconds to) override { seeks.emplace_back(id, to); }
@@ -15,10 +15,8 @@ class FakeMediaPlayers : public MediaPlayers {
     done(position);
   }
 
-  bool isWatched() const { return handler_ != nullptr; }
   void set(std::vector<MediaPlayer> players) {
-    list = std::move(players);
-    if (handler_) handler_();
+    change([&] { list = std::move(players); });
   }
 
   std::vector<MediaPlayer> list;
@@ -26,9 +24,6 @@ class FakeMediaPlayers : public MediaPlayers {
   int positionsAsked = 0;
   std::vector<std::pair<std::string, PlayerCommand>> commands;
   std::vector<std::pair<std::string, Seconds>> seeks;
-
- private:
-  std::function<void()> handler_;
 };
 
 }  // namespace ambrel

@@ -19,6 +19,7 @@
 #include "platform/SessionService.h"
 #include "platform/WindowStyle.h"
 #include "platform/Workspace.h"
+#include "tests/fakes/Told.h"
 
 namespace ambrel {
 
@@ -58,21 +59,16 @@ class FakePointer : public PointerMonitor {
   std::function<void()> waiting_;
 };
 
-class FakeScreens : public Screens {
+class FakeScreens : public Told<Screens> {
  public:
   std::vector<ScreenInfo> list() const override { return screens; }
   double mainHeight() const override { return screens.empty() ? 0 : screens.front().frame.height; }
-  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
 
   void change(std::vector<ScreenInfo> to) {
-    screens = std::move(to);
-    if (handler_) handler_();
+    Told::change([&] { screens = std::move(to); });
   }
 
   std::vector<ScreenInfo> screens{{"FAKE-1", {0, 0, 1600, 900}, {0, 0, 1600, 900}, false}};
-
- private:
-  std::function<void()> handler_;
 };
 
 class FakeScreenCapture : public ScreenCapture {
@@ -256,19 +252,14 @@ class FakeWindowStyle : public WindowStyle {
   std::function<void(bool)> handler_;
 };
 
-class FakeDesktopTheme : public DesktopTheme {
+class FakeDesktopTheme : public Told<DesktopTheme> {
  public:
   std::string name() const override { return theme; }
-  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
   void change(std::string to) {
-    theme = std::move(to);
-    if (handler_) handler_();
+    Told::change([&] { theme = std::move(to); });
   }
 
   std::string theme;
-
- private:
-  std::function<void()> handler_;
 };
 
 class FakeSessionService : public SessionService {

@@ -11,6 +11,7 @@
 #include "platform/SoundControl.h"
 #include "platform/Telemetry.h"
 #include "platform/Volumes.h"
+#include "tests/fakes/Told.h"
 
 namespace ambrel {
 
@@ -58,11 +59,10 @@ class FakeLatencyProbe : public LatencyProbe {
   int probes = 0;
 };
 
-class FakeSoundControl : public SoundControl {
+class FakeSoundControl : public Told<SoundControl> {
  public:
-  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
-  std::optional<SoundLevel> output() const override { return handler_ ? speaker : std::nullopt; }
-  std::optional<SoundLevel> microphone() const override { return handler_ ? mic : std::nullopt; }
+  std::optional<SoundLevel> output() const override { return isListenedTo() ? speaker : std::nullopt; }
+  std::optional<SoundLevel> microphone() const override { return isListenedTo() ? mic : std::nullopt; }
   void setOutputVolume(double volume) override {
     if (speaker) change([&] { speaker->volume = volume; });
   }
@@ -73,40 +73,18 @@ class FakeSoundControl : public SoundControl {
     if (mic) change([&] { mic->isMuted = isMuted; });
   }
 
-  bool isListenedTo() const { return handler_ != nullptr; }
-  // Another program, or the user, changes something.
-  template <typename Change>
-  void change(Change apply) {
-    apply();
-    if (handler_) handler_();
-  }
-
   std::optional<SoundLevel> speaker = SoundLevel{.volume = 0.5};
   std::optional<SoundLevel> mic = SoundLevel{.volume = 1};
-
- private:
-  std::function<void()> handler_;
 };
 
-class FakeBluetooth : public Bluetooth {
+class FakeBluetooth : public Told<Bluetooth> {
  public:
-  void setChangeHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
-  std::optional<BluetoothReading> reading() const override { return handler_ ? present : std::nullopt; }
+  std::optional<BluetoothReading> reading() const override { return isListenedTo() ? present : std::nullopt; }
   void setOn(bool isOn) override {
     if (present) change([&] { present->isOn = isOn; });
   }
 
-  bool isListenedTo() const { return handler_ != nullptr; }
-  template <typename Change>
-  void change(Change apply) {
-    apply();
-    if (handler_) handler_();
-  }
-
   std::optional<BluetoothReading> present = BluetoothReading{.isOn = true};
-
- private:
-  std::function<void()> handler_;
 };
 
 class FakeVolumes : public Volumes {

@@ -144,9 +144,10 @@ class AgentsModelTests : public QObject {
     QCOMPARE(announced(f.notifications).size(), 1);
   }
 
-  void readsWithTheHomeFolderAndTheTimeOffTheMainThread() {
+  void oneReadAtATimeIsOffTheMainThread() {
     Fixture f;
     f.now = advanced(start, Seconds(42));
+    f.model.refresh();
     f.model.refresh();
     QCOMPARE(f.desk.reads, 0);
     QCOMPARE(f.held.waiting.size(), 1u);
@@ -154,6 +155,8 @@ class AgentsModelTests : public QObject {
     QCOMPARE(f.desk.reads, 1);
     QVERIFY(f.desk.home == f.folder.path());
     QVERIFY(f.desk.now == f.now);
+    f.model.refresh();
+    QCOMPARE(f.held.waiting.size(), 1u);
   }
 
   void anEqualListIsNotPublishedAgain() {
@@ -173,18 +176,6 @@ class AgentsModelTests : public QObject {
     f.poll({next, session("codex:b", idle)});
     QCOMPARE(published.count(), 2);
     QCOMPARE(changed.count(), 1);
-  }
-
-  void refreshDuringARunningPollDoesNothing() {
-    Fixture f;
-    f.model.refresh();
-    f.model.refresh();
-    f.model.refresh();
-    QCOMPARE(f.held.waiting.size(), 1u);
-    f.held.letGo();
-    QCOMPARE(f.desk.reads, 1);
-    f.model.refresh();
-    QCOMPARE(f.held.waiting.size(), 1u);
   }
 
   void switchedOffTheListIsEmpty() {
@@ -245,18 +236,6 @@ class AgentsModelTests : public QObject {
     QCOMPARE(published.count(), 0);
   }
 
-  void sessionsOfTheSameIdAreAllKept() {
-    Fixture f;
-    auto second = session("codex:a", working, 50);
-    second.title = "Another";
-    f.poll({session("codex:a", working), second, session("codex:b", working, 60)});
-    QCOMPARE(f.ids(), (QStringList{"codex:a", "codex:a", "codex:b"}));
-    QCOMPARE(f.model.face().count, 3);
-    f.poll({second, session("codex:b", working, 60)});
-    QCOMPARE(f.ids(), (QStringList{"codex:a", "codex:b"}));
-    QCOMPARE(f.shown(0, "title"), QString("Another"));
-  }
-
   void rowsSayWhatIsShown() {
     Fixture f;
     AgentSession waiting{.id = "claude:1",
@@ -273,11 +252,7 @@ class AgentsModelTests : public QObject {
     QCOMPARE(f.shown(0, "title"), QString::fromUtf8("Größe prüfen"));
     QCOMPARE(f.shown(0, "subtitle"), QString::fromUtf8("web-shop · Bash"));
     QCOMPARE(f.shown(0, "age"), QString("5s ago"));
-    const QStringList texts{"Needs you", "Working", "Done", "Idle"}, names{"needsInput", "working", "finished", "idle"};
-    for (int row = 0; row < 4; ++row) {
-      QCOMPARE(f.shown(row, "statusText"), texts[row]);
-      QCOMPARE(f.shown(row, "status"), names[row]);
-    }
+    QCOMPARE(f.shown(0, "statusText") + f.shown(0, "status"), QString("Needs youneedsInput"));
   }
 
   void theSubtitleSaysTheProjectWhatIsDoneOrAskedAndWhere() {

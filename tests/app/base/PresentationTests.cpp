@@ -10,46 +10,35 @@ namespace ambrel {
 class PresentationTests : public QObject {
   Q_OBJECT
 
-  std::deque<std::pair<Seconds, std::function<void()>>> steps_;
-  DelayedStep queue() {
-    return [this](Seconds after, std::function<void()> step) { steps_.emplace_back(after, step); };
-  }
-  void runNext() {
-    const auto step = steps_.front().second;
-    steps_.pop_front();
-    step();
-  }
-
  private Q_SLOTS:
-  void init() { steps_.clear(); }
-
-  void theContentFollowsItsWindowInAndTheWindowFollowsTheContentOut() {
-    Presentation presentation(queue());
-    QSignalSpy front(&presentation, &Presentation::orderFront), out(&presentation, &Presentation::orderOut);
-    presentation.show();
-    presentation.show();
-    QVERIFY(presentation.isOnScreen() && !presentation.isContentShown());
-    QCOMPARE(front.size(), 1);
-    QCOMPARE(steps_.size(), std::size_t(1));
-    runNext();
-    QVERIFY(presentation.isContentShown());
-    presentation.hide();
-    QVERIFY(!presentation.isContentShown() && presentation.isOnScreen());
-    runNext();
-    QVERIFY(!presentation.isOnScreen());
-    QCOMPARE(out.size(), 1);
-  }
-
-  void aShowInBetweenCancelsTheRemoval() {
-    auto presentation = std::make_unique<Presentation>(queue());
-    QSignalSpy out(presentation.get(), &Presentation::orderOut);
+  void theWindowComesFirstAndLeavesLast() {
+    std::deque<std::function<void()>> steps;
+    const auto runNext = [&] {
+      const auto step = steps.front();
+      steps.pop_front();
+      step();
+    };
+    auto presentation = std::make_unique<Presentation>([&](Seconds, auto step) { steps.push_back(step); });
+    QSignalSpy front(presentation.get(), &Presentation::orderFront), out(presentation.get(), &Presentation::orderOut);
     presentation->show();
+    presentation->show();
+    QVERIFY(presentation->isOnScreen() && !presentation->isContentShown());
+    QCOMPARE(front.size(), 1);
+    QCOMPARE(steps.size(), 1u);
     runNext();
+    QVERIFY(presentation->isContentShown());
     presentation->hide();
     presentation->show();
     runNext();  // the removal, too late
     QVERIFY(presentation->isOnScreen() && out.empty());
+    presentation->hide();
+    QVERIFY(!presentation->isContentShown() && presentation->isOnScreen());
+    runNext();
+    runNext();
+    QVERIFY(!presentation->isOnScreen());
+    QCOMPARE(out.size(), 1);
     // A step may outlive its panel.
+    presentation->show();
     presentation.reset();
     runNext();
   }

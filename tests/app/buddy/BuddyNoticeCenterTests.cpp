@@ -131,11 +131,6 @@ class BuddyNoticeCenterTests : public QObject {
     room.center->performInBubble(0);
     QCOMPARE(room.inboxes, 1);
     QVERIFY(!room.center->hasBubble());
-    // What has been told is not told again.
-    room.workspace.bringToFront({"org.mozilla.firefox"});
-    room.pass(200);
-    room.workspace.bringToFront({"com.openai.codex"});
-    QVERIFY(!room.center->hasBubble());
     room.center->clearInbox();
     QVERIFY(room.center->inbox().digest.isEmpty());
     QCOMPARE(room.center->notes()->count(), 0);

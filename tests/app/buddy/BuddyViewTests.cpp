@@ -60,7 +60,7 @@ class BuddyViewTests : public QObject {
              QStringLiteral("Dock Buddy. Codex needs you. Waiting for your answer in web-shop."));
     QSignalSpy clicked(scene.root(), SIGNAL(clicked()));
     scene.root()->setFocus(false);
-    click(scene, scene.root());
+    click(scene.root());
     QCOMPARE(clicked.count(), 1);
     room.center->closeBubble();
     QCOMPARE(spokenName(scene.root()), QStringLiteral("Dock Buddy, 1 new note"));
@@ -125,19 +125,19 @@ class BuddyViewTests : public QObject {
     QVERIFY(loadBubble(scene, room));
     scene.root()->setSize({scene.root()->implicitWidth(), scene.root()->implicitHeight()});
     QTest::qWait(0);
-    click(scene, control(scene.root(), QStringLiteral("Clean Up")));
+    click(control(scene.root(), QStringLiteral("Clean Up")));
     QCOMPARE(room.cleanups, 1);
     QVERIFY(!room.center->hasBubble());
     say();
     QTRY_VERIFY(control(scene.root(), QStringLiteral("Snooze 60 min")));
-    click(scene, control(scene.root(), QStringLiteral("Snooze 60 min")));
+    click(control(scene.root(), QStringLiteral("Snooze 60 min")));
     QVERIFY(!room.center->hasBubble());
     // Beside its buttons.
     say();
     QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {40, 26});
     QCOMPARE(room.cleanups, 2);
     say();
-    click(scene, control(scene.root(), QStringLiteral("Close")));
+    click(control(scene.root(), QStringLiteral("Close")));
     QVERIFY(!room.center->hasBubble());
     QCOMPARE(room.cleanups, 2);
   }
@@ -160,11 +160,11 @@ class BuddyViewTests : public QObject {
       QVERIFY2(texts.contains(QString::fromUtf8(text)), qPrintable(texts.join(u'|')));
     QVERIFY(!texts.contains(QStringLiteral("Why: The next glass of water is due.")));
     QSignalSpy settings(scene.root(), SIGNAL(settingsAsked(QString)));
-    click(scene, control(scene.root(), QStringLiteral("Change")));
+    click(control(scene.root(), QStringLiteral("Change")));
     QCOMPARE(settings.count(), 1);
-    click(scene, control(scene.root(), QStringLiteral("Mark all as read")));
+    click(control(scene.root(), QStringLiteral("Mark all as read")));
     QCOMPARE(room.center->inbox().newCount, 0);
-    click(scene, control(scene.root(), QStringLiteral("Clear all")));
+    click(control(scene.root(), QStringLiteral("Clear all")));
     QCOMPARE(room.center->notes()->count(), 0);
   }
 
@@ -328,14 +328,7 @@ class BuddyViewTests : public QObject {
   }
   // The first control of that accessible name.
   static QQuickItem* control(QQuickItem* root, const QString& name) {
-    QQuickItem* found = nullptr;
-    visitShown(root, [&](QQuickItem* item) {
-      if (!found && item->inherits("QQuickItem") && item->activeFocusOnTab() && spokenName(item) == name) found = item;
-    });
-    return found;
-  }
-  static void click(Scene& scene, QQuickItem* item) {
-    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, scene.centerOf(item));
+    return firstShown(root, [&](QQuickItem* item) { return item->activeFocusOnTab() && spokenName(item) == name; });
   }
 
   static constexpr const char* face =

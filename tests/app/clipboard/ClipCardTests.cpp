@@ -135,12 +135,20 @@ class ClipCardTests : public QObject {
     QVERIFY(face(0).clipId != before);
   }
 
-  void aCardShowsTheMiddleOfALargePicture() {
+  void aCardShowsTheMiddleAndEnlargesNothing() {
     const TemporaryFolder folder;
-    const QString name = write(folder, {900, 100});
-    const QImage card = pictureOf(folder / name.toStdString(), {100, 100}, PictureFit::card);
+    const auto shown = [&](QSize size, PictureFit fit) {
+      return pictureOf(folder / write(folder, size).toStdString(), {100, 100}, fit);
+    };
+    QImage card = shown({900, 100}, PictureFit::card);
     QCOMPARE(card.size(), QSize(100, 100));
     for (const int x : {2, 50, 97}) QCOMPARE(card.pixelColor(x, 50), QColor(Qt::green));
+    card = shown({30, 10}, PictureFit::card);
+    QCOMPARE(card.pixelColor(50, 50), QColor(Qt::green));
+    QCOMPARE(card.pixelColor(37, 50), QColor(Qt::red));
+    for (const QPoint outside : {QPoint(30, 50), QPoint(50, 60)}) QCOMPARE(card.pixelColor(outside).alpha(), 0);
+    QCOMPARE(shown({30, 10}, PictureFit::whole).size(), QSize(30, 10));
+    QCOMPARE(shown({300, 90}, PictureFit::whole).size(), QSize(100, 30));
   }
 
   void aLargePictureIsNeverInMemoryAsAWhole() {
@@ -158,23 +166,6 @@ class ClipCardTests : public QObject {
     QCOMPARE(card.size(), QSize(100, 100));
     for (const int x : {2, 50, 97}) QCOMPARE(card.pixelColor(x, 50), QColor(Qt::green));
     QCOMPARE(preview.size(), QSize(600, 200));
-  }
-
-  void aSmallPictureStandsInTheMiddleUnenlarged() {
-    const TemporaryFolder folder;
-    const QString name = write(folder, {30, 10});
-    const QImage card = pictureOf(folder / name.toStdString(), {100, 100}, PictureFit::card);
-    QCOMPARE(card.pixelColor(50, 50), QColor(Qt::green));
-    QCOMPARE(card.pixelColor(37, 50), QColor(Qt::red));
-    QCOMPARE(card.pixelColor(30, 50).alpha(), 0);
-    QCOMPARE(card.pixelColor(50, 60).alpha(), 0);
-    QCOMPARE(pictureOf(folder / name.toStdString(), {100, 100}, PictureFit::whole).size(), QSize(30, 10));
-  }
-
-  void aWholePictureKeepsItsShape() {
-    const TemporaryFolder folder;
-    const QString name = write(folder, {900, 300});
-    QCOMPARE(pictureOf(folder / name.toStdString(), {300, 300}, PictureFit::whole).size(), QSize(300, 100));
   }
 
   void whatIsNoPictureShowsNothing() {

@@ -50,7 +50,7 @@ class ClipboardModelTests : public QObject {
     QCOMPARE(permissionsOf(desk.path() / "library.json"), 0600);
   }
 
-  void whatLiesOnThePasteboardAtLaunchIsNotRecorded() {
+  void whatIsOnThePasteboardAtLaunchIsNotRecorded() {
     ClipboardDesk desk(false);
     desk.make();
     desk.model->start();

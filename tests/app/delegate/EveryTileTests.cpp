@@ -9,7 +9,7 @@
 namespace ambrel {
 namespace {
 
-// What a tile says to the eye: its texts, painted or typed, its figures, and how a character stands.
+// What a tile says to the eye: its texts, painted or typed, its figures, and the poses of a character.
 QStringList saidBy(QQuickItem* tile) {
   QStringList texts;
   visitShown(tile, [&](QQuickItem* item) {

@@ -47,22 +47,16 @@ struct Room {
 
   // The first shown item of that label or title.
   QQuickItem* labelled(const QString& label) {
-    QQuickItem* found = nullptr;
-    visitShown(root(), [&](QQuickItem* item) {
-      const bool fits = item->property("label").toString() == label || item->property("title").toString() == label ||
-                        item->property("row").value<FindingRow>().title == label;
-      if (!found && fits) found = item;
+    return firstShown(root(), [&](QQuickItem* item) {
+      return item->property("label").toString() == label || item->property("title").toString() == label ||
+             item->property("row").value<FindingRow>().title == label;
     });
-    return found;
   }
   bool hasText(const QString& text) { return textsOf(root()).contains(text); }
-  bool click(const QString& label, Qt::MouseButton button = Qt::LeftButton) {
+  bool click(const QString& label) {
     // What has just come finds its place when a picture is drawn.
     window().grabWindow();
-    QQuickItem* item = labelled(label);
-    if (!item || !item->isEnabled()) return false;
-    QTest::mouseClick(&window(), button, {}, item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
-    return true;
+    return ambrel::click(labelled(label));
   }
   void press(Qt::Key key) { QTest::keyClick(&window(), key); }
   QRectF placeOf(const QString& label) {
@@ -71,9 +65,7 @@ struct Room {
   }
   // The sheet takes clicks once it has been in view for a while.
   bool isSheetArmed() {
-    bool isArmed = false;
-    visitShown(root(), [&](QQuickItem* item) { isArmed = isArmed || item->property("isArmed").toBool(); });
-    return isArmed;
+    return firstShown(root(), [](QQuickItem* item) { return item->property("isArmed").toBool(); });
   }
   QString focused() {
     const QQuickItem* item = window().activeFocusItem();
@@ -287,10 +279,7 @@ class DiskWindowTests : public QObject {
     Room room;
     QVERIFY(room.open());
     bring(room, "done");
-    QQuickItem* list = nullptr;
-    visitShown(room.root(), [&](QQuickItem* item) {
-      if (!list && item->inherits("QQuickListView")) list = item;
-    });
+    QQuickItem* list = firstShown(room.root(), [](QQuickItem* item) { return item->inherits("QQuickListView"); });
     QVERIFY(list);
     list->forceActiveFocus(Qt::TabFocusReason);
     FindingListModel& findings = *room.doctor().findings();
@@ -324,10 +313,9 @@ class DiskWindowTests : public QObject {
     QVERIFY(room.click("Show in Files"));
     QCOMPARE(shown, room.desk.home + "/Downloads/old.iso");
     QCOMPARE(room.doctor().findings()->selection().paths().size(), 3u);
-    // The answer does not lie on what it is about.
-    QQuickItem* card = nullptr;
-    visitShown(room.root(), [&](QQuickItem* item) {
-      if (QByteArray(item->metaObject()->className()).startsWith("AnswerCard")) card = item;
+    // The answer does not cover what it is about.
+    QQuickItem* card = firstShown(room.root(), [](QQuickItem* item) {
+      return QByteArray(item->metaObject()->className()).startsWith("AnswerCard");
     });
     QVERIFY(card);
     QQuickItem* row = room.labelled("old.iso");

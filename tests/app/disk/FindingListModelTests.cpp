@@ -146,7 +146,7 @@ class FindingListModelTests : public QObject {
     QStringList names;
     for (const DiskPart& part : explorer.path()->rows()) names << part.name;
     QCOMPARE(names, QStringList({"R", "…", "d", "e"}));
-    // The one that stands for those left out leads to the nearest of them.
+    // The one for those left out leads to the nearest of them.
     QVERIFY(explorer.enter(explorer.path()->rows()[1].id));
     QCOMPARE(explorer.spot().center.item->url(), "/r/a/b/c");
   }
@@ -177,17 +177,6 @@ class FindingListModelTests : public QObject {
     QCoreApplication::processEvents();
     tell(3000, 0.5);
     QCOMPARE(fetched, 2);
-  }
-
-  void shownTextsHideNothing() {
-    const std::pair<std::string, QString> rows[] = {{"r\xc3\xa9sum\xc3\xa9.pdf", u8"r\u00e9sum\u00e9.pdf"},
-                                                    {"a\xff\xfe", u8"a\uFFFD\uFFFD"},
-                                                    {"a\nb\tc\xe2\x80\xa8z", "a b c z"},
-                                                    {"gnp\xe2\x80\xae.exe", u8"gnp\uFFFD.exe"}};
-    for (const auto& [name, shown] : rows) {
-      QCOMPARE(shownName(name), shown);
-      QCOMPARE(pathOf(pathID(name)), name);
-    }
   }
 };
 

@@ -85,6 +85,14 @@ struct BarFixture : ContextFixture {
   // In the window system's coordinates.
   QRect frame() const { return bar.anchor({}).bar; }
   bool isShown() const { return bar.presentation().isShown(); }
+  bool isShownAfter(double seconds) {
+    pass(seconds);
+    return isShown();
+  }
+  bool isShownAfter(double seconds, Point to) {
+    pointer.move(to);
+    return isShownAfter(seconds);
+  }
 
   // Far from every edge of the screen of 1600 x 900.
   static constexpr Point away{800, 450};

@@ -49,77 +49,70 @@ class BubbleControllerTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void itComesWithANoticeAndGoesWithIt();
-  void itNeverTakesTheKeyboard();
-  void itIsAsTallAsItsWords();
-  void withoutATileOrACompositorItHasNoTail();
+  void itComesWithANoticeAndGoesWithIt() {
+    Fixture f;
+    QVERIFY(!f.bubble->window());
+    f.say("8.2 GB free.");
+    QVERIFY(f.bubble->window() && f.bubble->window()->isVisible());
+    QCOMPARE(f.bubble->tailSide(), QStringLiteral("bottom"));
+    // The tip is the gap away from the bar, over the middle of the tile.
+    QCOMPARE(f.frame().y() + f.frame().height(), f.anchor.bar.y() - panelGap);
+    QCOMPARE(f.frame().x() + f.bubble->tailAt(), f.anchor.tile.x() + 32);
+    f.room.center->closeBubble();
+    for (int i = 0; i < 4; ++i) f.runLater();
+    QVERIFY(!f.bubble->window()->isVisible());
+    f.say("8.2 GB free.");
+    QVERIFY(f.bubble->window()->isVisible());
+  }
+
+  void itNeverTakesTheKeyboard() {
+    Fixture f;
+    f.say("8.2 GB free.");
+    QCOMPARE(f.style.prepared.back().second, WindowRole::bubble);
+    QVERIFY(!f.bubble->window()->isActive());
+    // Clicks beside the bubble go to the window below.
+    const Rect input = f.style.inputs.back();
+    const QPoint corner = f.bubble->window()->position() + QPoint(int(input.x), int(input.y));
+    QCOMPARE(QRect(corner, QSize(int(input.width), int(input.height))), f.frame());
+    QVERIFY(!QRect(f.bubble->window()->position(), f.bubble->window()->size()).intersects(f.anchor.bar));
+  }
+
+  void itIsAsTallAsItsWords() {
+    Fixture f;
+    f.say("8.2 GB free.");
+    const int one = f.frame().height();
+    f.room.center->closeBubble();
+    f.say(
+        "8.2 GB free. Caches can go, and what is in the trash, and a good many things besides that nobody asked "
+        "for.");
+    QTRY_VERIFY(f.frame().height() > one + 15);
+    QCOMPARE(f.frame().y() + f.frame().height(), f.anchor.bar.y() - panelGap);
+    // Words without an end are cut, and the bubble stays on the screen.
+    f.room.center->closeBubble();
+    f.say(std::string(5000, 'x') + " " + std::string(5000, 'y'));
+    QTRY_VERIFY(f.frame().height() > one + 60);
+    QVERIFY(f.frame().height() < 320);
+  }
+
+  void withoutATileOrACompositorItHasNoTail() {
+    Fixture f;
+    f.say("8.2 GB free.");
+    const QRect withTail = f.frame();
+    f.style.compositing = false;
+    f.bubble->place();
+    QCOMPARE(f.bubble->tailSide(), QString());
+    QCOMPARE(f.frame().height(), withTail.height() - tailReach);
+    QCOMPARE(f.frame().x(), withTail.x());
+    f.style.compositing = true;
+    f.anchor.tile.translate(100, 0);
+    f.bubble->place();
+    QCOMPARE(f.frame().x() + f.bubble->tailAt(), f.anchor.tile.x() + 32);
+    f.anchor.tile = {};
+    f.bubble->place();
+    QCOMPARE(f.bubble->tailSide(), QString());
+    QCOMPARE(f.frame().center().x(), f.anchor.bar.center().x());
+  }
 };
-
-void BubbleControllerTests::itComesWithANoticeAndGoesWithIt() {
-  Fixture f;
-  QVERIFY(!f.bubble->window());
-  f.say("8.2 GB free.");
-  QVERIFY(f.bubble->window() && f.bubble->window()->isVisible());
-  QCOMPARE(f.bubble->tailSide(), QStringLiteral("bottom"));
-  // The tip is the gap away from the bar, over the middle of the tile.
-  QCOMPARE(f.frame().y() + f.frame().height(), f.anchor.bar.y() - panelGap);
-  QCOMPARE(f.frame().x() + f.bubble->tailAt(), f.anchor.tile.x() + 32);
-  f.room.center->closeBubble();
-  for (int i = 0; i < 4; ++i) f.runLater();
-  QVERIFY(!f.bubble->window()->isVisible());
-  f.say("8.2 GB free.");
-  QVERIFY(f.bubble->window()->isVisible());
-  QCOMPARE(f.warnings.take(), QStringList());
-}
-
-void BubbleControllerTests::itNeverTakesTheKeyboard() {
-  Fixture f;
-  f.say("8.2 GB free.");
-  QCOMPARE(f.style.prepared.back().second, WindowRole::bubble);
-  QVERIFY(!f.bubble->window()->isActive());
-  // Clicks beside the bubble go to the window below.
-  const Rect input = f.style.inputs.back();
-  const QPoint corner = f.bubble->window()->position() + QPoint(int(input.x), int(input.y));
-  QCOMPARE(QRect(corner, QSize(int(input.width), int(input.height))), f.frame());
-  QVERIFY(!QRect(f.bubble->window()->position(), f.bubble->window()->size()).intersects(f.anchor.bar));
-}
-
-void BubbleControllerTests::itIsAsTallAsItsWords() {
-  Fixture f;
-  f.say("8.2 GB free.");
-  const int one = f.frame().height();
-  f.room.center->closeBubble();
-  f.say(
-      "8.2 GB free. Caches can go, and what has lain in the trash, and a good many things besides that nobody asked "
-      "for.");
-  QTRY_VERIFY(f.frame().height() > one + 15);
-  QCOMPARE(f.frame().y() + f.frame().height(), f.anchor.bar.y() - panelGap);
-  // Words without an end are cut, and the bubble stays on the screen.
-  f.room.center->closeBubble();
-  f.say(std::string(5000, 'x') + " " + std::string(5000, 'y'));
-  QTRY_VERIFY(f.frame().height() > one + 60);
-  QVERIFY(f.frame().height() < 320);
-  QCOMPARE(f.warnings.take(), QStringList());
-}
-
-void BubbleControllerTests::withoutATileOrACompositorItHasNoTail() {
-  Fixture f;
-  f.say("8.2 GB free.");
-  const QRect withTail = f.frame();
-  f.style.compositing = false;
-  f.bubble->place();
-  QCOMPARE(f.bubble->tailSide(), QString());
-  QCOMPARE(f.frame().height(), withTail.height() - tailReach);
-  QCOMPARE(f.frame().x(), withTail.x());
-  f.style.compositing = true;
-  f.anchor.tile.translate(100, 0);
-  f.bubble->place();
-  QCOMPARE(f.frame().x() + f.bubble->tailAt(), f.anchor.tile.x() + 32);
-  f.anchor.tile = {};
-  f.bubble->place();
-  QCOMPARE(f.bubble->tailSide(), QString());
-  QCOMPARE(f.frame().center().x(), f.anchor.bar.center().x());
-}
 
 }  // namespace ambrel
 

@@ -95,6 +95,24 @@ void visitShown(QQuickItem* item, const std::function<void(QQuickItem*)>& look) 
   for (QQuickItem* child : item->childItems()) visitShown(child, look);
 }
 
+QQuickItem* firstShown(QQuickItem* root, const std::function<bool(QQuickItem*)>& fits) {
+  QQuickItem* found = nullptr;
+  visitShown(root, [&](QQuickItem* item) {
+    if (!found && fits(item)) found = item;
+  });
+  return found;
+}
+
+QQuickItem* labelled(QQuickItem* root, const QString& label) {
+  return firstShown(root, [&](QQuickItem* item) { return item->property("label").toString() == label; });
+}
+
+bool click(QQuickItem* item, Qt::MouseButton button) {
+  if (!item || !item->isEnabled()) return false;
+  QTest::mouseClick(item->window(), button, {}, item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
+  return true;
+}
+
 QImage pictureOf(const QImage& scene, const QQuickItem* item) {
   return scene.copy(shownBox(item).toAlignedRect().intersected(scene.rect()));
 }

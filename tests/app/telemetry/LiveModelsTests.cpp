@@ -164,10 +164,6 @@ class LiveModelsTests : public QObject {
     computer.probe.check = {.milliseconds = 0.38};
     computer.pass(15);
     QCOMPARE(computer.shown(latency).figure(), QStringLiteral("0.4 ms"));
-    // One that hangs is not joined by a second.
-    computer.live.refreshLatency();
-    computer.live.tick(computer.now + std::chrono::minutes(2));
-    QCOMPARE(computer.held.waiting.size(), 1u);
   }
 
   void theHealthGoesWithTheBattery() {
@@ -193,7 +189,7 @@ class LiveModelsTests : public QObject {
     }
   }
 
-  void whatSpeaksUpByItselfIsListenedToWhileItsTileStands() {
+  void whatSpeaksUpByItselfIsListenedToWhileItHasATile() {
     Computer computer;
     computer.bePlentiful();
     QVERIFY(!computer.sound.isListenedTo() && !computer.bluetooth.isListenedTo());
@@ -355,12 +351,10 @@ class LiveModelsTests : public QObject {
     f.sample(0, 100);
     f.sample(4, 110);
     f.sample(8, std::nullopt);
-    QVERIFY(f.sampler.isUnavailable());
-    QVERIFY(!f.sampler.value());
+    QVERIFY(f.sampler.isUnavailable() && !f.sampler.value());
     // The first reading after the failure is only a starting point.
     f.sample(12, 5000);
-    QVERIFY(!f.sampler.isUnavailable());
-    QVERIFY(!f.sampler.value());
+    QVERIFY(!f.sampler.isUnavailable() && !f.sampler.value());
     f.sample(16, 5004);
     QCOMPARE(f.sampler.value(), std::optional(4));
   }
@@ -373,8 +367,7 @@ class LiveModelsTests : public QObject {
     QCOMPARE(f.sampler.history(), (std::deque<int>{10, 20}));
     // The bar was hidden, or the computer slept.
     f.sample(45, 9000);
-    QVERIFY(!f.sampler.value());
-    QVERIFY(f.sampler.history().empty());
+    QVERIFY(!f.sampler.value() && f.sampler.history().empty());
     f.sample(49, 9007);
     QCOMPARE(f.sampler.value(), std::optional(7));
     QCOMPARE(f.sampler.history(), std::deque<int>{7});

@@ -30,11 +30,8 @@ QString file(const char* type) { return QStringLiteral("qrc:/qt/qml/Ambrel/Usage
 const QString connectionRow = QStringLiteral("qrc:/qt/qml/Ambrel/Panels/ConnectionRow.qml");
 
 QQuickItem* buttonIn(QQuickItem* root) {
-  QQuickItem* found = nullptr;
-  visitShown(root, [&](QQuickItem* item) {
-    if (item->property("kind").isValid() && item->activeFocusOnTab()) found = item;
-  });
-  return found;
+  return firstShown(root,
+                    [](QQuickItem* item) { return item->property("kind").isValid() && item->activeFocusOnTab(); });
 }
 
 }  // namespace

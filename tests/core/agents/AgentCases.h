@@ -1,5 +1,5 @@
 #pragma once
-// The data folders of tests/cases/agents: each holds one input and the sessions that it stands for.
+// The data folders of tests/cases/agents: each holds one input and the sessions in it.
 
 #include <algorithm>
 #include <filesystem>

@@ -60,7 +60,7 @@ TEST_F(Files, WhatAKilledWriteLeftIsSweptAndOneUnderWayIsNot) {
   EXPECT_FALSE(std::filesystem::exists(at(".f.aB3xyZ")));
   EXPECT_EQ(count(folder_.path()), 4u);
   removeLeftovers(at("missing/f"));
-  // Of a link both what lies beside it, from before it was one, and what lies beside its target.
+  // Both beside a link, from before it was one, and beside its target.
   folder_.write("away/g", "whole");
   std::filesystem::create_symlink("away/g", at("link"));
   for (const char* name : {".link.aB3xyZ", "away/.g.aB3xyZ"}) folder_.write(name, "half");

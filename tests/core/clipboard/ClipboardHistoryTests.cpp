@@ -265,7 +265,7 @@ TEST(ClipboardHistory, RemovedItemsComeBackBetweenTheirNeighbours) {
   EXPECT_EQ(history.undoRemove(), HistoryEffects{});
 }
 
-TEST(ClipboardHistory, UndoMakesNoSecondClipOfContentThatWasCopiedAnew) {
+TEST(ClipboardHistory, UndoMakesNoSecondClipOfContentThatWasCopiedAgain) {
   ClipboardHistory history = historyOf({pinned(text(1, "a", 1))});
   history.remove(std::vector{id(1)}, true);
   history.add(text(2, "a", 2), settings);

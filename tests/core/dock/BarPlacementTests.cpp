@@ -14,7 +14,7 @@ struct Case {
   Point origin;
 };
 
-TEST(BarPlacement, StandsEightFromItsEdgeInTheMiddleOfIt) {
+TEST(BarPlacement, IsEightFromItsEdgeInTheMiddleOfIt) {
   constexpr Rect whole{0, 0, 1600, 900};
   const Case cases[] = {
       {"a bare screen", {whole, whole}, DockEdge::bottom, false, 1560, {400, 8}},

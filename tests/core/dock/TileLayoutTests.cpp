@@ -19,7 +19,7 @@ TileLayout rowOf(std::vector<TileRequest> requests, double maxLength) {
   return fittedTiles(requests, DockEdge::bottom, maxLength);
 }
 
-TEST(TileRow, StandsSideBySideWithPaddingAndGaps) {
+TEST(TileRow, PutsTilesSideBySideWithPaddingAndGaps) {
   const auto layout = rowOf({{small, small}, {large, medium}, {medium, small}}, 1000);
   EXPECT_THAT(layout.tiles, ElementsAre(Rect{8, 8, 64, 64}, Rect{80, 8, 176, 64}, Rect{264, 8, 112, 64}));
   EXPECT_EQ(layout.width, 384);
@@ -48,7 +48,7 @@ TEST(TileRow, StepsTheWidestDownUntilItFits) {
   }
 }
 
-TEST(TileColumn, StandsFromTopToBottomAsWideAsTheWidestHasToBe) {
+TEST(TileColumn, GoesFromTopToBottomAsWideAsTheWidestHasToBe) {
   const std::vector<TileRequest> requests{{small, small}, {extraLarge, small}, {medium, small}};
   for (const DockEdge edge : {DockEdge::left, DockEdge::right}) {
     const auto layout = fittedTiles(requests, edge, 500);

@@ -62,7 +62,7 @@ TEST(Diskstats, OldAndNewKernelsAlike) {
               ElementsAre(BlockDevice{"sda", 300 * 512, 700 * 512}, BlockDevice{"cciss/c0d0", 3 * 512, 7 * 512}));
 }
 
-TEST(Mountinfo, KeepsWhatLiesOnTopAndItsTrueName) {
+TEST(Mountinfo, KeepsWhatIsOnTopAndItsTrueName) {
   const auto mounts = parseMountinfo(
       "28 1 8:2 / / rw shared:1 - ext4 /dev/sda2 rw\n"
       "60 28 8:17 / /media/a/My\\040\\134Stick\\011 rw - vfat /dev/sdb1 rw\n"

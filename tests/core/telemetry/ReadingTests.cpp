@@ -208,7 +208,7 @@ TEST(Network, NoSpikeFromHotPlugResetWrapOrSleep) {
     EXPECT_EQ(networkRates(before, now, Seconds(elapsed)), expected) << what;
 }
 
-TEST(Network, RatesStandInThreeFigures) {
+TEST(Network, RatesHaveThreeFigures) {
   const Calendar english("UTC", "en_US"), german("UTC", "de_DE");
   EXPECT_EQ(rateText(english, 0), (RateText{"0", "B/s"}));
   EXPECT_EQ(rateText(english, 999.4), (RateText{"999", "B/s"}));

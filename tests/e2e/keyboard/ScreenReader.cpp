@@ -11,51 +11,12 @@
 #include "tests/e2e/Desktop.h"
 
 namespace ambrel {
+namespace {
 
 // An item of a program: the program's name on the bus, and a path.
-struct Reference {
-  QString service;
-  QDBusObjectPath path;
-};
-// An event that somebody wants to hear of.
-struct Listener {
-  QString service, event;
-};
-
-static QDBusArgument& operator<<(QDBusArgument& argument, const Reference& value) {
-  argument.beginStructure();
-  argument << value.service << value.path;
-  argument.endStructure();
-  return argument;
-}
-static const QDBusArgument& operator>>(const QDBusArgument& argument, Reference& value) {
-  argument.beginStructure();
-  argument >> value.service >> value.path;
-  argument.endStructure();
-  return argument;
-}
-static QDBusArgument& operator<<(QDBusArgument& argument, const Listener& value) {
-  argument.beginStructure();
-  argument << value.service << value.event;
-  argument.endStructure();
-  return argument;
-}
-static const QDBusArgument& operator>>(const QDBusArgument& argument, Listener& value) {
-  argument.beginStructure();
-  argument >> value.service >> value.event;
-  argument.endStructure();
-  return argument;
-}
-
-}  // namespace ambrel
-
-Q_DECLARE_METATYPE(ambrel::Reference)
-Q_DECLARE_METATYPE(ambrel::Listener)
-Q_DECLARE_METATYPE(QList<ambrel::Listener>)
-Q_DECLARE_METATYPE(QList<ambrel::Reference>)
-
-namespace ambrel {
-namespace {
+using Reference = std::pair<QString, QDBusObjectPath>;
+// Who wants to hear of an event, and of which.
+using Listener = std::pair<QString, QString>;
 
 constexpr const char* rootPath = "/org/a11y/atspi/accessible/root";
 constexpr const char* accessible = "org.a11y.atspi.Accessible";
@@ -162,7 +123,7 @@ std::vector<QString> ScreenReader::children(const QString& path) const {
   std::vector<QString> found;
   const auto list = ask(path, accessible, "GetChildren", {}).arguments().value(0);
   if (list.canConvert<QDBusArgument>())
-    for (const Reference& child : qdbus_cast<QList<Reference>>(list)) found.push_back(child.path.path());
+    for (const Reference& child : qdbus_cast<QList<Reference>>(list)) found.push_back(child.second.path());
   return found;
 }
 

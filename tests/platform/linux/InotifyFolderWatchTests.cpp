@@ -5,16 +5,6 @@
 
 namespace ambrel {
 
-class InotifyFolderWatchTests : public QObject {
-  Q_OBJECT
-
- private Q_SLOTS:
-  void tellsOfWhatIsWrittenInAFolderAndAsDeepAsAsked();
-  void followsAFolderThatComesLaterGoesAndComesAgain();
-  void saysWhenItCannotTellAll();
-  void namesTheFilesThatHaveChanged();
-};
-
 namespace {
 
 struct Watched {
@@ -41,61 +31,66 @@ struct Watched {
 
 }  // namespace
 
-void InotifyFolderWatchTests::tellsOfWhatIsWrittenInAFolderAndAsDeepAsAsked() {
-  Watched w;
-  w.folder.write("logs/a/old.jsonl", "");
-  w.folder.write("logs/a/deep/x.jsonl", "");
-  w.folder.write("fence/x", "");
-  w.follow({{w.folder / "logs", 1}, {w.folder / "fence"}});
-  QVERIFY(w.watch.tellsAll());
-  w.folder.write("logs/a/old.jsonl", "more");
-  QVERIFY(w.hears(0));
-  std::filesystem::create_directories(w.folder / "logs/b");
-  QVERIFY(w.hears(0));
-  w.folder.write("logs/b/new.jsonl", "text");
-  QVERIFY(w.hears(0));
-  w.folder.write("logs/a/deep/x.jsonl", "more");
-  w.folder.write("fence/x", "more");
-  QVERIFY(w.hearsOnly(1));
-}
+class InotifyFolderWatchTests : public QObject {
+  Q_OBJECT
 
-void InotifyFolderWatchTests::followsAFolderThatComesLaterGoesAndComesAgain() {
-  Watched w;
-  w.follow({{w.folder / "tool/deep/sessions"}});
-  for (int time = 0; time < 2; ++time) {
-    w.folder.write("tool/deep/sessions/1.json", "{}");
+ private Q_SLOTS:
+  void tellsOfWhatIsWrittenInAFolderAndAsDeepAsAsked() {
+    Watched w;
+    w.folder.write("logs/a/old.jsonl", "");
+    w.folder.write("logs/a/deep/x.jsonl", "");
+    w.folder.write("fence/x", "");
+    w.follow({{w.folder / "logs", 1}, {w.folder / "fence"}});
+    QVERIFY(w.watch.tellsAll());
+    w.folder.write("logs/a/old.jsonl", "more");
     QVERIFY(w.hears(0));
-    w.folder.write("tool/deep/sessions/1.json", "{ }");
+    std::filesystem::create_directories(w.folder / "logs/b");
     QVERIFY(w.hears(0));
-    std::filesystem::rename(w.folder / "tool", w.folder / ("tool" + std::to_string(time)));
+    w.folder.write("logs/b/new.jsonl", "text");
+    QVERIFY(w.hears(0));
+    w.folder.write("logs/a/deep/x.jsonl", "more");
+    w.folder.write("fence/x", "more");
+    QVERIFY(w.hearsOnly(1));
+  }
+
+  void followsAFolderThatComesLaterGoesAndComesAgain() {
+    Watched w;
+    w.follow({{w.folder / "tool/deep/sessions"}});
+    for (int time = 0; time < 2; ++time) {
+      w.folder.write("tool/deep/sessions/1.json", "{}");
+      QVERIFY(w.hears(0));
+      w.folder.write("tool/deep/sessions/1.json", "{ }");
+      QVERIFY(w.hears(0));
+      std::filesystem::rename(w.folder / "tool", w.folder / ("tool" + std::to_string(time)));
+      QVERIFY(w.hears(0));
+    }
+    QVERIFY(w.watch.tellsAll());
+  }
+
+  void saysWhenItCannotTellAll() {
+    Watched w(4);
+    for (const char* name : {"a", "b", "c", "d", "e"}) std::filesystem::create_directories(w.folder / "logs" / name);
+    w.follow({{w.folder / "logs", 1}});
+    QVERIFY(!w.watch.tellsAll());
+    // What is watched is told still.
+    w.folder.write("logs/new", "");
     QVERIFY(w.hears(0));
   }
-  QVERIFY(w.watch.tellsAll());
-}
 
-void InotifyFolderWatchTests::namesTheFilesThatHaveChanged() {
-  Watched w;
-  w.folder.write("work/a.ics", "");
-  w.folder.write("work/b.ics", "");
-  w.follow({{w.folder / "work"}});
-  QVERIFY(!w.watch.takeChangedFiles());
-  w.folder.write("work/b.ics", "text");
-  QVERIFY(w.hears(0));
-  QCOMPARE(w.watch.takeChangedFiles().value(), std::vector{w.folder / "work/b.ics"});
-  std::filesystem::create_directories(w.folder / "work/deep");
-  QVERIFY(w.hears(0));
-  QVERIFY(!w.watch.takeChangedFiles());
-}
-
-void InotifyFolderWatchTests::saysWhenItCannotTellAll() {
-  Watched w(4);
-  for (const char* name : {"a", "b", "c", "d", "e"}) std::filesystem::create_directories(w.folder / "logs" / name);
-  w.follow({{w.folder / "logs", 1}});
-  QVERIFY(!w.watch.tellsAll());
-  // What is watched is told still.
-  w.folder.write("logs/new", "");
-  QVERIFY(w.hears(0));
-}
+  void namesTheFilesThatHaveChanged() {
+    Watched w;
+    w.folder.write("work/a.ics", "");
+    w.folder.write("work/b.ics", "");
+    w.follow({{w.folder / "work"}});
+    QVERIFY(!w.watch.takeChangedFiles());
+    w.folder.write("work/b.ics", "text");
+    QVERIFY(w.hears(0));
+    QCOMPARE(w.watch.takeChangedFiles().value(), std::vector{w.folder / "work/b.ics"});
+    std::filesystem::create_directories(w.folder / "work/deep");
+    QVERIFY(w.hears(0));
+    QVERIFY(!w.watch.takeChangedFiles());
+  }
+};
 
 }  // namespace ambrel
 

@@ -57,7 +57,7 @@ TEST_F(ProcReadingsBelow, CountsEachByteOfTheNetworkOnce) {
   EXPECT_EQ(counted(), (Names{"enp3s0", "usb0"})) << "one that is plugged in is seen at the next reading";
 }
 
-TEST_F(ProcReadingsBelow, InAContainerWhatIsNeitherLoopNorBridgeStandsForTheNetwork) {
+TEST_F(ProcReadingsBelow, InAContainerWhatIsNeitherLoopNorBridgeIsTheNetwork) {
   hasInterfaces({"lo", "eth0", "docker0", "tun0"});
   marks("docker0", "bridge/bridge_id");
   marks("tun0", "tun_flags");
