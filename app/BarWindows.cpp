@@ -149,6 +149,7 @@ void BarWindows::followPanels() {
       askBuddy({});
   });
   welcomePanel().setStays(true);
+  connect(&areas_.panels, &PanelsArea::welcomeAsked, wiring_.get(), [this] { panels_.open(welcomePanel()); });
   connect(&areas_.panels, &PanelsArea::settled, wiring_.get(),
           [this](const QString& tab, const QString& title, const QString& detail) {
             openSettings(tab);

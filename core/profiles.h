@@ -107,9 +107,13 @@ std::vector<std::string_view> slotSettingKeys();
 // What is chosen in the profile for a key: by the first slot of a widget that the key is for and that has it. Null when
 // none has; the defaults then decide. Lives as long as the slot's settings.
 const std::optional<DefaultsValue>* slotSetting(const Profile& profile, std::string_view key);
-// For every slot of the profile that the key is for. False when there is none, or nothing differs.
+// Those that are chosen together with the key, itself among them, such as a title and its date.
+std::vector<std::string_view> keysChosenWith(std::string_view key);
+// For every slot of the profile that the key is for. Slots of other profiles without a choice keep what they show,
+// which is `latest`; but where nobody has chosen yet what a tile has to be told, such as its repository, they are to
+// follow the first choice. False when nothing differs.
 bool setSlotSetting(std::vector<Profile>& profiles, const UUID& profileID, std::string_view key,
-                    const std::optional<DefaultsValue>& value);
+                    const std::optional<DefaultsValue>& value, const DefaultsDictionary& latest);
 
 // A tile that is being dragged.
 

@@ -31,7 +31,7 @@ TileFrame {
     menuSymbol: "text.bubble"
     onMenuChosen: ask("")
     hasHeader: false
-    label: center.hasBubble ? name + ". " + center.bubble.spoken : name + ", " + news
+    label: center.hasBubble ? title + ". " + center.bubble.spoken : title + ", " + news
     tip: center.hasBubble ? "" : qsTr("Buddy: %1").arg(news)
     onActiveFocusChanged: center.setReached(activeFocus)
 

@@ -30,7 +30,7 @@ class CalendarArea : public Area {
     calendar_.setSeen(areSeen && hasTile, now);
   }
   QVariantMap sample(DockWidget widget) override {
-    const CalendarFace face = sampleCalendarFace();
+    const CalendarFace face = calendar_.sampleFace();
     QVariantMap properties{{QStringLiteral("face"), QVariant::fromValue(face)}};
     if (widget == DockWidget::agenda)
       properties.insert({{QStringLiteral("value"), face.next.title}, {QStringLiteral("subLine"), face.todaySummary}});

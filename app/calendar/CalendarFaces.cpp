@@ -149,15 +149,16 @@ SourceRow sourceRow(const CalendarSource& source, const std::string& home) {
   return row;
 }
 
-CalendarFace sampleCalendarFace() {
-  const QString meeting = QObject::tr("Stand-up"), soon = QObject::tr("in 6 min");
+CalendarFace sampleCalendarFace(const Calendar& calendar, Instant now) {
+  const auto details = std::make_shared<EventDetails>();
+  details->title = QObject::tr("Stand-up").toStdString();
+  const Instant midnight = calendar.startOfDay(now);
+  Occurrence event;
+  event.start = midnight + floor<minutes>(now - midnight) / minutes(30) * minutes(30) + minutes(30);
+  event.end = event.start + minutes(30);
+  event.event = details;
   return {.problem = {},
-          .next = {.id = QStringLiteral("next"),
-                   .title = meeting,
-                   .time = QStringLiteral("10:00 – 10:30"),
-                   .start = QStringLiteral("10:00"),
-                   .wait = soon,
-                   .when = soon},
+          .next = eventRow(event, calendar, now),
           .leftToday = 3,
           .todaySummary = QObject::tr("%1 left today").arg(3),
           .task = {.id = QStringLiteral("task"), .title = QObject::tr("Call the bank"), .when = QObject::tr("Today")},

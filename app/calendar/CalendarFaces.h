@@ -76,7 +76,7 @@ struct CalendarFace {
   bool operator==(const CalendarFace&) const = default;
 };
 
-// An example of a day.
-CalendarFace sampleCalendarFace();
+// An example of a day: an event at the next half hour.
+CalendarFace sampleCalendarFace(const Calendar& calendar, Instant now);
 
 }  // namespace ambrel

@@ -58,6 +58,7 @@ class CalendarModel : public ambrel::TimedModel {
   void setSeen(bool isSeen, Instant now);
 
   const CalendarFace& face() const { return face_; }
+  CalendarFace sampleFace() const { return sampleCalendarFace(seams_.calendar(), seams_.now()); }
   RowList* agenda() { return &agenda_; }
   RowList* today() { return &today_; }
   RowList* tasks() { return &tasks_; }

@@ -18,6 +18,9 @@ class ClipboardArea : public Area {
 
   ClipboardModel* clipboard() { return &clipboard_; }
   Q_INVOKABLE void toggleShelf() { Q_EMIT shelfAsked(); }
+  QVariantMap sample(DockWidget /*widget*/) override {
+    return {{QStringLiteral("face"), QVariant::fromValue(clipboard_.sampleFace())}};
+  }
   bool carryOut(const Wish& wish) override;
   // Copies announce themselves; this is for the sweeps, and in case that one does not.
   void tick(Instant /*now*/) override { clipboard_.poll(); }

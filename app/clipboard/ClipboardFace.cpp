@@ -74,4 +74,12 @@ ClipboardFace clipboardFace(const ClipboardLibrary& library, const ClipIndex& in
   return face;
 }
 
+ClipboardFace sampleClipboardFace(Instant now, const Calendar& calendar) {
+  ClipboardLibrary library;
+  library.items.resize(24);
+  library.items.front().text = tr("Meeting notes and the plan for next week").toStdString();
+  library.items.front().createdAt = now - std::chrono::minutes(2);
+  return clipboardFace(library, ClipIndex(), ClipboardView(), now, calendar);
+}
+
 }  // namespace ambrel

@@ -36,5 +36,7 @@ struct ClipboardView {
 
 ClipboardFace clipboardFace(const ClipboardLibrary& library, const ClipIndex& index, const ClipboardView& view,
                             Instant now, const Calendar& calendar);
+// An example of a history.
+ClipboardFace sampleClipboardFace(Instant now, const Calendar& calendar);
 
 }  // namespace ambrel

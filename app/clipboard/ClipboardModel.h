@@ -105,6 +105,7 @@ class ClipboardModel : public QObject {
   ClipListModel* items() { return &items_; }
   GadgetListModel<CollectionRow>* collections() { return &collections_; }
   const ClipboardFace& face() const { return face_; }
+  ClipboardFace sampleFace() const { return sampleClipboardFace(seams_.now(), calendar_); }
   int visibleCount() const { return items_.rowCount(); }
   int count() const { return static_cast<int>(library().items.size()); }
   // Whether items or a collection can still come back.

@@ -8,18 +8,19 @@ TileFrame {
     id: root
 
     required property ClipboardModel clipboard
+    property clipboardFace face: clipboard.face
     required property AppSettings settings
     required property ClipboardArea area
-    readonly property bool showsLatest: settings.clipboardPreviewInBar && clipboard.face.isInUse && !isSmall
+    readonly property bool showsLatest: settings.clipboardPreviewInBar && face.isInUse && !isSmall
 
     onActivated: area.toggleShelf()
-    fact: showsLatest ? clipboard.face.latestAge : ""
-    value: showsLatest ? "" : clipboard.face.value
-    unit: showsLatest || isSmall ? "" : clipboard.face.unit
-    valueColor: clipboard.face.isInUse ? Theme.ink : Theme.ink2
-    subLine: showsLatest ? "" : isNarrow ? clipboard.face.shortLine : clipboard.face.line
-    label: name + ", " + (showsLatest ? clipboard.face.latestText + ", " + clipboard.face.latestAge : value + (unit === "" ? "" : " " + unit) + ", " + clipboard.face.line)
-    tip: showsLatest && latest.truncated ? clipboard.face.latestText : ""
+    fact: showsLatest ? face.latestAge : ""
+    value: showsLatest ? "" : face.value
+    unit: showsLatest || isSmall ? "" : face.unit
+    valueColor: face.isInUse ? Theme.ink : Theme.ink2
+    subLine: showsLatest ? "" : isNarrow ? face.shortLine : face.line
+    label: name + ", " + (showsLatest ? face.latestText + ", " + face.latestAge : value + (unit === "" ? "" : " " + unit) + ", " + face.line)
+    tip: showsLatest && latest.truncated ? face.latestText : ""
     tipKeys: (keys.value ?? "").split("+").join(" ")
 
     SettingValue {
@@ -34,7 +35,7 @@ TileFrame {
         y: root.valueTop + 1
         width: parent.width
         height: Math.min(implicitHeight, 2 * role.line)
-        text: root.clipboard.face.latestText
+        text: root.face.latestText
         role: Theme.listName
         lineHeight: 16 * Theme.textScale
         wrapMode: Text.Wrap

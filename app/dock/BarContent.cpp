@@ -12,10 +12,11 @@ TileRecord tileOf(const DockItem& item, const std::string& widgetID) {
   tile.widget = toQString(widgetID);
   if (const auto widget = fromName<DockWidget>(widgetID)) {
     tile.title = toQString(title(*widget));
+    tile.shortTitle = toQString(shortTitle(*widget));
     tile.symbol = toQString(symbol(*widget));
     tile.description = toQString(description(*widget));
   } else {
-    tile.title = tile.widget;
+    tile.title = tile.shortTitle = tile.widget;
     tile.symbol = QStringLiteral("questionmark.circle");
     tile.description = QStringLiteral("This version does not know this widget");
     tile.isKnown = false;

@@ -17,7 +17,7 @@ struct TileRecord {
  public:
   FACE_FIELDS(QString, item);    // the slot
   FACE_FIELDS(QString, widget);  // the name that the profile stores
-  FACE_FIELDS(QString, title, symbol, description);
+  FACE_FIELDS(QString, title, shortTitle, symbol, description);
   FACE_FIELD(bool, isKnown, true);  // to this version
   FACE_FIELDS(QRectF, frame);       // from the slab's upper left corner, before any scrolling
   FACE_FIELDS(int, span);           // 0 to 3, from the narrowest width to the widest

@@ -11,6 +11,7 @@ Item {
     required property string item
     required property string widget
     required property string title
+    required property string shortTitle
     required property string symbol
     required property string description
     required property bool isKnown
@@ -96,7 +97,8 @@ Item {
         sourceComponent: PlaceholderTile {
             id: standIn
 
-            name: root.title
+            title: root.title
+            shortTitle: root.shortTitle
             symbol: root.symbol
             description: root.description
             isKnown: root.isKnown

@@ -13,6 +13,8 @@ FocusScope {
     required property Presentation presentation
     required property WidgetContext context
     required property Item content
+    // Untyped: the lint does not know what windows of the toolkit are.
+    readonly property var namedWindow: window
 
     focus: true
 
@@ -25,6 +27,12 @@ FocusScope {
         height: root.window.panelRect.height
         focus: true
         data: root.content ? [root.content] : []
+    }
+    // For lists of windows, and for screen readers.
+    Binding {
+        target: root.namedWindow
+        property: "title"
+        value: root.content ? root.content.Accessible.name : ""
     }
     Binding {
         target: root.content

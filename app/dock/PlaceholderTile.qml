@@ -9,7 +9,7 @@ TileFrame {
 
     readonly property string lockNote: qsTr("Part of Tilebay Pro")
 
-    label: isLocked ? name + ", " + qsTr("Locked") + ", " + lockNote : name + ", " + description
+    label: isLocked ? title + ", " + qsTr("Locked") + ", " + lockNote : title + ", " + description
     tip: isLocked ? label : description
     problem: isKnown ? "" : description
     hasHeader: !isSmall

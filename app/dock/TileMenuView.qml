@@ -20,6 +20,7 @@ Menu {
     property bool fades: true
 
     implicitWidth: 216
+    Accessible.name: qsTr("Menu of the tile")
 
     // As of a Popover.
     signal aboutToOpen

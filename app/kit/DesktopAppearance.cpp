@@ -22,6 +22,7 @@ const auto appearance = QStringLiteral("org.freedesktop.appearance");
 const auto colorScheme = QStringLiteral("color-scheme");
 const auto desktopInterface = QStringLiteral("org.gnome.desktop.interface");
 const auto enableAnimations = QStringLiteral("enable-animations");
+const auto textScalingFactor = QStringLiteral("text-scaling-factor");
 
 // `Read` wraps its answer in a variant of a variant.
 QVariant unwrapped(QVariant value) {
@@ -31,7 +32,8 @@ QVariant unwrapped(QVariant value) {
 
 }  // namespace
 
-DesktopAppearance::DesktopAppearance(QObject* parent) : QObject(parent) {
+DesktopAppearance::DesktopAppearance(const QString& platform, QObject* parent)
+    : QObject(parent), isToldTextScale_(!platform.startsWith(QLatin1String("wayland"))) {
   if (qGuiApp) qGuiApp->installEventFilter(this);
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
@@ -40,9 +42,10 @@ DesktopAppearance::DesktopAppearance(QObject* parent) : QObject(parent) {
   // Without the name of the service: naming it would make the library ask the bus and wait.
   if (!bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
                    SLOT(settingChanged(QString, QString, QDBusVariant))))
-    qWarning("changes of the desktop's colour scheme cannot be followed: %s", qPrintable(bus.lastError().message()));
+    qWarning("changes of the desktop's looks cannot be followed: %s", qPrintable(bus.lastError().message()));
   ask(appearance, colorScheme);
   ask(desktopInterface, enableAnimations);
+  if (!isToldTextScale_) ask(desktopInterface, textScalingFactor);
 }
 
 bool DesktopAppearance::isDark() const {
@@ -69,6 +72,10 @@ void DesktopAppearance::take(const QString& group, const QString& key, const QVa
   } else if (group == desktopInterface && key == enableAnimations && value.typeId() == QMetaType::Bool) {
     if (reducesMotion_ == !value.toBool()) return;
     reducesMotion_ = !value.toBool();
+    Q_EMIT changed();
+  } else if (group == desktopInterface && key == textScalingFactor && value.typeId() == QMetaType::Double) {
+    if (isToldTextScale_ || qFuzzyCompare(textScale_, value.toDouble())) return;
+    textScale_ = value.toDouble();
     Q_EMIT changed();
   }
 }

@@ -1,6 +1,7 @@
 #pragma once
-// What the desktop asks of programs' looks: dark or light, and whether things may move.
+// What the desktop asks of programs' looks: dark or light, whether things may move, and how large texts are.
 
+#include <QGuiApplication>
 #include <QObject>
 #include <optional>
 
@@ -14,10 +15,14 @@ class DesktopAppearance : public QObject {
   Q_OBJECT
 
  public:
-  explicit DesktopAppearance(QObject* parent = nullptr);
+  // platform: as Qt names it. Under X11 the text scale comes as the dots per inch of the fonts, which Qt turns into the
+  // scale of the whole window, so that the portal's must not count as well.
+  explicit DesktopAppearance(const QString& platform = QGuiApplication::platformName(), QObject* parent = nullptr);
 
   bool isDark() const;
   bool reducesMotion() const { return reducesMotion_; }
+  // What texts are to be multiplied by, as the desktop says it: any number.
+  double textScale() const { return textScale_; }
 
   // As in "Adwaita-dark"; empty for none.
   void setThemeName(const QString& name);
@@ -37,6 +42,8 @@ class DesktopAppearance : public QObject {
   std::optional<bool> asksForDark_;
   bool hasDarkTheme_ = false;
   bool reducesMotion_ = false;
+  const bool isToldTextScale_;
+  double textScale_ = 1;
 };
 
 }  // namespace ambrel

@@ -35,10 +35,11 @@ FocusScope {
             [Qt.Key_Home]: -flick.contentHeight,
             [Qt.Key_End]: flick.contentHeight
         }[event.key];
-        if (distance === undefined || flick.contentHeight <= flick.height)
-            return;
-        scrollBy(distance);
-        event.accepted = true;
+        const before = flick.contentY;
+        if (distance !== undefined && flick.contentHeight > flick.height)
+            scrollBy(distance);
+        // At its end a key is for what is around it, such as the next page.
+        event.accepted = flick.contentY !== before;
     }
 
     Flickable {

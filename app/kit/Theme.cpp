@@ -28,6 +28,7 @@ void Theme::follow(const DesktopAppearance& desktop) {
   const auto take = [this, &desktop] {
     desktopIsDark_ = desktop.isDark();
     applyScheme();
+    setTextScale(desktop.textScale());
     if (desktopReducesMotion_ == desktop.reducesMotion()) return;
     desktopReducesMotion_ = desktop.reducesMotion();
     if (!alwaysReducesMotion_) Q_EMIT motionChanged();
@@ -49,7 +50,7 @@ void Theme::setAlwaysReducesMotion(bool reduces) {
 }
 
 void Theme::setTextScale(qreal scale) {
-  scale = std::isfinite(scale) ? std::clamp(scale, 0.8, 2.0) : 1.0;
+  scale = std::isfinite(scale) ? std::clamp(scale, 1.0, 2.0) : 1.0;
   if (qFuzzyCompare(textScale_, scale)) return;
   textScale_ = scale;
   applyType();

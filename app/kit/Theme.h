@@ -72,8 +72,7 @@ class Theme : public QObject {
   bool reducedMotion() const { return alwaysReducesMotion_ || desktopReducesMotion_; }
   bool alwaysReducesMotion() const { return alwaysReducesMotion_; }
   void setAlwaysReducesMotion(bool reduces);
-  // Multiplies all type and the size of tiles; 0.8 to 2. A desktop's own text scale needs no help from here: it
-  // arrives as the dots per inch of the fonts, which Qt turns into the scale of the whole window.
+  // Multiplies all type and the size of tiles; 1 to 2.
   qreal textScale() const { return textScale_; }
   void setTextScale(qreal scale);
 

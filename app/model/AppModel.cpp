@@ -179,7 +179,7 @@ void AppModel::placeItem(const DockItem& item, const UUID& profileID, const std:
 
 void AppModel::setSlotSetting(std::string_view key, const std::optional<DefaultsValue>& value) {
   if (const Profile* active = activeProfile())
-    edit([&](auto& profiles) { return ambrel::setSlotSetting(profiles, active->id, key, value); });
+    edit([&](auto& profiles) { return ambrel::setSlotSetting(profiles, active->id, key, value, defaults_.all()); });
 }
 
 UUID AppModel::addProfile(std::string name, std::optional<DisplayContext> trigger) {

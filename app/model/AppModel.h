@@ -62,7 +62,8 @@ class AppModel : public QObject {
   void removeItem(const UUID& itemID, const UUID& profileID);
   // Moves a slot, new or already there, in front of `before`, or to the end without one.
   void placeItem(const DockItem& item, const UUID& profileID, const std::optional<UUID>& before);
-  // What the active profile's tiles show for a key of `slotSettingKeys`; nothing without a tile that it is for.
+  // What the active profile's tiles show from now on for a key of `slotSettingKeys`. The defaults have what was chosen
+  // before.
   void setSlotSetting(std::string_view key, const std::optional<DefaultsValue>& value);
   UUID addProfile(std::string name, std::optional<DisplayContext> trigger);
   void deleteProfile(const UUID& id);

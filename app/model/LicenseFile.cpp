@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/base/StoredValue.h"
 #include "core/base/Files.h"
 
 namespace ambrel {
@@ -24,6 +25,8 @@ void LicenseFile::read(Instant now) {
 }
 
 QString LicenseFile::text() const { return QString::fromStdString(sentence(checked_, seams_.calendar())); }
+
+QString LicenseFile::advice() const { return toQString(ambrel::advice(checked_.state)); }
 
 std::optional<Instant> LicenseFile::due() const {
   if (checked_.state != LicenceState::valid) return std::nullopt;

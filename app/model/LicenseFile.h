@@ -18,8 +18,9 @@ class LicenseFile : public TimedModel {
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(bool isNeeded READ isNeeded CONSTANT FINAL)
   Q_PROPERTY(bool isValid READ isValid NOTIFY changed FINAL)
-  // "Licensed to Ada"; and of the file that was chosen last, why it was not taken.
+  // "Licensed to Ada", what to do where it is not valid, and of the file that was chosen last, why it was not taken.
   Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+  Q_PROPERTY(QString advice READ advice NOTIFY changed FINAL)
   Q_PROPERTY(QString problem READ problem NOTIFY changed FINAL)
 
  public:
@@ -35,6 +36,7 @@ class LicenseFile : public TimedModel {
   bool isNeeded() const { return !seams_.key.empty(); }
   bool isValid() const { return checked_.allowsEverything(); }
   QString text() const;
+  QString advice() const;
   const QString& problem() const { return problem_; }
 
   // A copy of the file takes the place of the present one, if it is a valid licence.

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "app/base/StoredValue.h"
+
 namespace ambrel {
 namespace {
 
@@ -29,8 +31,9 @@ SlotChoices::SlotChoices(AppModel& model, UserDefaults& defaults, QObject* paren
   };
   defaults_.onChosen = [this](const std::string& key, const DefaultsValue* value) {
     // Who stores it knows of it.
-    isStoring_ = true;
+    if (std::exchange(isStoring_, true)) return;
     model_.setSlotSetting(key, value ? std::optional(*value) : std::nullopt);
+    shareWhatBelongsTo(key);
     isStoring_ = false;
   };
   connect(&model_, &AppModel::activeProfileChanged, this, &SlotChoices::compare);
@@ -39,6 +42,17 @@ SlotChoices::SlotChoices(AppModel& model, UserDefaults& defaults, QObject* paren
 SlotChoices::~SlotChoices() {
   defaults_.keptElsewhere = nullptr;
   defaults_.onChosen = nullptr;
+}
+
+void SlotChoices::shareWhatBelongsTo(std::string_view key) {
+  for (const std::string_view other : keysChosenWith(key)) {
+    const auto* value = other == key ? nullptr : chosen(model_, other);
+    if (!value) continue;
+    if (*value)
+      store(defaults_, std::string(other), **value);
+    else
+      removeStored(defaults_, std::string(other));
+  }
 }
 
 void SlotChoices::compare() {

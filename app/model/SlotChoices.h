@@ -10,7 +10,7 @@
 namespace ambrel {
 
 // From now on a model that reads one of these keys gets what is chosen in the active profile, if anything is. What it
-// stores is that profile's choice; it is also written to the defaults, where a slot that has never chosen finds it.
+// stores is that profile's choice; it is also written to the defaults, where a tile that is added later finds it.
 class SlotChoices : public QObject {
   Q_OBJECT
 
@@ -25,6 +25,8 @@ class SlotChoices : public QObject {
 
  private:
   void compare();
+  // So that a tile that is added later finds no title with the date of another profile.
+  void shareWhatBelongsTo(std::string_view key);
 
   AppModel& model_;
   UserDefaults& defaults_;

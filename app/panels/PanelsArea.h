@@ -71,6 +71,7 @@ class PanelsArea : public Area {
  Q_SIGNALS:
   // A dialog, for which the settings made room, has led to something that is on this page.
   void settled(const QString& tab, const QString& title, const QString& detail);
+  void welcomeAsked();
 
  private:
   void tellOfChoices();

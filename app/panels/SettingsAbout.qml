@@ -21,6 +21,21 @@ SettingsPage {
         }
     }
     Section {
+        visible: root.area !== null
+
+        SectionRow {
+            title: qsTr("Welcome Guide")
+            detail: qsTr("What Tilebay shows and reads, and tiles to begin with")
+            searchWords: qsTr("First steps tour help")
+
+            Button {
+                text: qsTr("Open")
+                label: qsTr("Open the Welcome Guide")
+                onClicked: root.area.welcomeAsked()
+            }
+        }
+    }
+    Section {
         Repeater {
             model: root.area ? root.area.libraries : null
 

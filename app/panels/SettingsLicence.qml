@@ -14,7 +14,7 @@ SettingsPage {
     Section {
         SectionRow {
             title: root.licence ? root.licence.text : ""
-            detail: root.hasProblem ? root.licence.problem : root.licence && root.licence.isNeeded ? qsTr("It is checked on this computer alone, without asking anybody.") : ""
+            detail: root.hasProblem ? root.licence.problem : root.licence ? root.licence.advice : ""
             detailColor: root.hasProblem ? Theme.red.text : Theme.ink2
             searchWords: qsTr("Licence Pro")
 
@@ -29,6 +29,11 @@ SettingsPage {
                 text: qsTr("Buy Tilebay Pro…")
                 onClicked: root.purchaseAsked()
             }
+        }
+        SectionRow {
+            visible: root.licence !== null && root.licence.isNeeded
+            title: qsTr("Checked on this computer alone")
+            detail: qsTr("Nobody is asked, and nothing is sent.")
         }
     }
 }

@@ -42,6 +42,7 @@ SettingsPage {
                 required property string modelData
                 key: modelData
                 options: root.words[key] || []
+                hint: "https://…"
             }
         }
     }

@@ -211,7 +211,7 @@ Popover {
                 width: parent.width
                 symbol: "gearshape.fill"
                 title: qsTr("This guide comes back")
-                detail: qsTr("It is in the menu of Tilebay's symbol in the tray: Welcome Guide.")
+                detail: qsTr("It is in Settings, About, and in the menu of Tilebay's symbol in the tray: Welcome Guide.")
             }
         }
     }

@@ -7,7 +7,7 @@ Row {
 
     // A letter, or the name of a symbol.
     required property string mark
-    readonly property bool hasLetter: mark.length === 1
+    property bool hasLetter: false
     required property Tone tone
     required property string figure
     required property string unit

@@ -6,9 +6,10 @@ import Ambrel.Telemetry
 LiveTile {
     id: root
 
-    // Each a letter, or the name of a symbol.
+    // Letters, or names of symbols.
     required property string mark
     required property string secondMark
+    property bool hasLetters: false
     property Tone tone: Theme.violet
     property Tone secondTone: Theme.blue
     // Has "M" for "MB/s".
@@ -24,6 +25,7 @@ LiveTile {
 
         NetworkRate {
             mark: root.mark
+            hasLetter: root.hasLetters
             tone: root.tone
             figure: root.reading.value
             unit: root.reading.unit
@@ -31,6 +33,7 @@ LiveTile {
         }
         NetworkRate {
             mark: root.secondMark
+            hasLetter: root.hasLetters
             tone: root.secondTone
             figure: root.reading.secondValue
             unit: root.reading.secondUnit

@@ -6,6 +6,7 @@
 #include "core/base/Files.h"
 #include "core/base/JSON.h"
 #include "core/base/LocalText.h"
+#include "core/base/PlatformWords.h"
 #include "core/base/Text.h"
 
 namespace ambrel {
@@ -83,6 +84,24 @@ std::string sentence(const CheckedLicence& checked, const Calendar& calendar) {
       return "The licence of " + checked.licence->holder + " ended on " + end();
     case LicenceState::valid:
       return "Licensed to " + checked.licence->holder + (checked.licence->expires ? " until " + end() : "");
+  }
+  return {};
+}
+
+std::string_view advice(LicenceState state) {
+  switch (state) {
+    case LicenceState::notNeeded:
+    case LicenceState::valid:
+      return {};
+    case LicenceState::missing:
+      return "Choose the file that you got when you bought it.";
+    case LicenceState::unreadable:
+    case LicenceState::tampered:
+      return "Choose the file as it was sent to you.";
+    case LicenceState::foreign:
+      return "Choose the one that is for Tilebay.";
+    case LicenceState::expired:
+      return "A new one takes its place. If that day is still to come, the clock of this {machine} is wrong."_local;
   }
   return {};
 }

@@ -52,5 +52,7 @@ CheckedLicence readLicence(const std::filesystem::path& file, std::string_view k
 
 // "Licensed to Ada until Jan 1, 2027", "The licence was changed after it was signed": one line without a full stop.
 std::string sentence(const CheckedLicence& checked, const Calendar& calendar);
+// What the user can do about it, in whole sentences; empty when there is nothing to do.
+std::string_view advice(LicenceState state);
 
 }  // namespace ambrel

@@ -1,74 +1,103 @@
 #include "core/profiles/SlotSettings.h"
 
 #include <algorithm>
-#include <array>
 
 namespace ambrel {
 namespace {
 
-struct Holders {
-  std::string_view key;
-  std::array<std::string_view, 9> widgets;
-  bool contain(const DockItem& item) const {
-    return item.widget && !item.widget->empty() && std::ranges::find(widgets, *item.widget) != widgets.end();
+// Keys that are chosen together, and the widgets that have a choice of their own for them.
+struct SlotChoice {
+  std::vector<std::string_view> keys;
+  std::vector<std::string_view> widgets;
+  // Without it a tile has nothing of the user's to show: the first choice of all is for every profile.
+  bool isNeeded = false;
+
+  bool isFor(const DockItem& item) const {
+    return item.widget && std::ranges::find(widgets, *item.widget) != widgets.end();
   }
 };
 
-// Which widgets have a choice of their own for a key of the defaults.
-constexpr Holders table[] = {
-    {"weatherPlace",
-     {"weather", "hourly", "sun", "wind", "airQuality", "uvIndex", "rainSoon", "dailyForecast", "feelsLike"}},
-    {"secondCityPlace", {"secondCity"}},
-    {"worldClockZones", {"worldClock"}},
-    {"meetingZones", {"meetingPlanner"}},
-    {"countdownTitle", {"countdown"}},
-    {"countdownDate", {"countdown"}},
-    {"folderWidgetPath", {"folder"}},
-    {"shortcutWidgetName", {"shortcuts"}},
-    {"gitStatusFolder", {"gitStatus"}},
-    {"currencyFrom", {"currency"}},
-    {"currencyTo", {"currency"}},
-    {"unitCategory", {"unitConverter"}},
-    {"unitFrom", {"unitConverter"}},
-    {"unitTo", {"unitConverter"}}};
+const std::vector<SlotChoice>& slotChoices() {
+  static const std::vector<SlotChoice> table{
+      {{"weatherPlace"},
+       {"weather", "hourly", "sun", "wind", "airQuality", "uvIndex", "rainSoon", "dailyForecast", "feelsLike"},
+       true},
+      {{"secondCityPlace"}, {"secondCity"}},
+      {{"worldClockZones"}, {"worldClock"}},
+      {{"meetingZones"}, {"meetingPlanner"}},
+      {{"countdownTitle", "countdownDate"}, {"countdown"}},
+      {{"folderWidgetPath"}, {"folder"}},
+      {{"shortcutWidgetName"}, {"shortcuts"}, true},
+      {{"gitStatusFolder"}, {"gitStatus"}, true},
+      {{"currencyFrom", "currencyTo"}, {"currency"}},
+      {{"unitCategory", "unitFrom", "unitTo"}, {"unitConverter"}}};
+  return table;
+}
 
-const Holders* holdersOf(std::string_view key) {
-  const auto* found = std::ranges::find(table, key, &Holders::key);
-  return found == std::end(table) ? nullptr : found;
+const SlotChoice* choiceOf(std::string_view key) {
+  const auto found = std::ranges::find_if(slotChoices(), [&](const SlotChoice& choice) {
+    return std::ranges::find(choice.keys, key) != choice.keys.end();
+  });
+  return found == slotChoices().end() ? nullptr : &*found;
+}
+
+std::optional<DefaultsValue> valueIn(const DefaultsDictionary& values, std::string_view key) {
+  const auto found = values.find(std::string(key));
+  return found == values.end() ? std::nullopt : std::optional(found->second);
+}
+
+// From now on the profile's slots say themselves what they show.
+void keepShown(Profile& profile, const SlotChoice& choice, const DefaultsDictionary& latest) {
+  for (const std::string_view key : choice.keys) {
+    const auto* chosen = slotSetting(profile, key);
+    const auto shown = chosen ? *chosen : valueIn(latest, key);
+    for (DockItem& item : profile.items)
+      if (choice.isFor(item)) item.settings.emplace(key, shown);
+  }
 }
 
 }  // namespace
 
 std::vector<std::string_view> slotSettingKeys() {
   std::vector<std::string_view> keys;
-  std::ranges::transform(table, std::back_inserter(keys), &Holders::key);
+  for (const SlotChoice& choice : slotChoices()) keys.insert(keys.end(), choice.keys.begin(), choice.keys.end());
   return keys;
 }
 
+std::vector<std::string_view> keysChosenWith(std::string_view key) {
+  const SlotChoice* choice = choiceOf(key);
+  return choice ? choice->keys : std::vector<std::string_view>();
+}
+
 const std::optional<DefaultsValue>* slotSetting(const Profile& profile, std::string_view key) {
-  const Holders* holders = holdersOf(key);
-  if (!holders) return nullptr;
+  const SlotChoice* choice = choiceOf(key);
+  if (!choice) return nullptr;
   for (const DockItem& item : profile.items)
-    if (holders->contain(item))
+    if (choice->isFor(item))
       if (const auto found = item.settings.find(std::string(key)); found != item.settings.end()) return &found->second;
   return nullptr;
 }
 
 bool setSlotSetting(std::vector<Profile>& profiles, const UUID& profileID, std::string_view key,
-                    const std::optional<DefaultsValue>& value) {
-  const Holders* holders = holdersOf(key);
-  const auto profile = std::ranges::find(profiles, profileID, &Profile::id);
-  if (!holders || profile == profiles.end()) return false;
-  const auto before = profile->items;
-  for (DockItem& item : profile->items)
-    if (holders->contain(item)) item.settings[std::string(key)] = value;
-  return profile->items != before;
+                    const std::optional<DefaultsValue>& value, const DefaultsDictionary& latest) {
+  const SlotChoice* choice = choiceOf(key);
+  if (!choice) return false;
+  const auto before = profiles;
+  const bool isForAll = choice->isNeeded && !latest.contains(std::string(key));
+  for (Profile& profile : profiles) {
+    if (!isForAll) keepShown(profile, *choice, latest);
+    if (profile.id != profileID) continue;
+    for (DockItem& item : profile.items)
+      if (choice->isFor(item)) item.settings.insert_or_assign(std::string(key), value);
+  }
+  return profiles != before;
 }
 
 void inheritSettings(DockItem& item, const Profile& profile) {
-  for (const Holders& holders : table)
-    if (const auto* chosen = holders.contain(item) ? slotSetting(profile, holders.key) : nullptr)
-      item.settings.emplace(holders.key, *chosen);
+  for (const SlotChoice& choice : slotChoices())
+    for (const std::string_view key : choice.keys)
+      if (const auto* chosen = choice.isFor(item) ? slotSetting(profile, key) : nullptr)
+        item.settings.emplace(key, *chosen);
 }
 
 }  // namespace ambrel

@@ -23,7 +23,8 @@ using enum TileSize;
 // clang-format off
 constexpr std::array catalogue{
     Entry{DockWidget::buddy, "Dock Buddy", "face.smiling", WidgetGroup::productivity, small, small, ProFeature::proactiveBuddy,
-          "A little character that watches your work and tells you what matters. Click for its notes and Ask Buddy"},
+          "A little character that watches your work and tells you what matters. Click for its notes and Ask Buddy",
+          "Buddy"},
     Entry{DockWidget::agents, "AI Agents", "sparkles", WidgetGroup::developer, large, medium, ProFeature::agentTracking,
           "Live Claude Code, Codex, Cursor and Antigravity sessions"},
     Entry{DockWidget::claudeUsage, "Claude Usage", "sparkle", WidgetGroup::developer, extraLarge, medium, ProFeature::agentTracking,

@@ -12,6 +12,7 @@ void runLicence(const Arguments&, Context& context) {
   const CheckedLicence checked = readLicence(file, licenceKey(), context.now());
   if (!context.json) {
     context.out << sentence(checked, context.calendar) << "\n";
+    if (const auto todo = advice(checked.state); !todo.empty()) context.out << todo << "\n";
     return;
   }
   JSON out{{"state", nameOf(checked.state)}, {"file", file.string()}};

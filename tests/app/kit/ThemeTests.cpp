@@ -66,9 +66,11 @@ class ThemeTests : public QObject {
                 {look, "color-scheme", "1", 0},
                 {"org.example", "color-scheme", 1u, 0},
                 {desktopSettings, "enable-animations", false, 1},
-                {desktopSettings, "enable-animations", true, 0}};
+                {desktopSettings, "enable-animations", true, 0},
+                {desktopSettings, "text-scaling-factor", 1.5, 1},
+                {desktopSettings, "text-scaling-factor", 1, 0}};
     for (const auto& row : rows) {
-      DesktopAppearance desktop;
+      DesktopAppearance desktop(QStringLiteral("wayland"));
       QSignalSpy spy(&desktop, &DesktopAppearance::changed);
       for (int i = 0; i < 2; ++i) desktop.take(row.group, row.key, row.value);
       QVERIFY2(spy.count() == row.changes, qPrintable(QStringLiteral("%1 in %2").arg(row.key, row.group)));
@@ -93,8 +95,18 @@ class ThemeTests : public QObject {
     QVERIFY(theme.reducedMotion());
   }
 
+  void desktopsTextScaleCountsOnce() {
+    for (const auto& [platform, scale] : {std::pair("wayland", 1.5), {"wayland-egl", 1.5}, {"xcb", 1.0}}) {
+      DesktopAppearance desktop(platform);
+      Theme theme(nullptr);
+      theme.follow(desktop);
+      desktop.take("org.gnome.desktop.interface", "text-scaling-factor", 1.5);
+      QCOMPARE(theme.textScale(), scale);
+    }
+  }
+
   void textScaleIsBounded() {
-    const std::pair<qreal, qreal> rows[] = {{1.25, 1.25}, {0.1, 0.8}, {40, 2}, {qQNaN(), 1}};
+    const std::pair<qreal, qreal> rows[] = {{1.25, 1.25}, {0.1, 1}, {40, 2}, {qQNaN(), 1}};
     for (const auto& [wanted, given] : rows) {
       Theme theme(nullptr);
       theme.setTextScale(wanted);

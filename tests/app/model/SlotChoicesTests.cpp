@@ -37,11 +37,13 @@ class SlotChoicesTests : public QObject {
     QCOMPARE(shown(one), "/old");
     defaults.set(key, text("/sources/one"));
     QVERIFY2(told.empty(), "who has chosen it knows");
-    QCOMPARE(shown(other), "/sources/one");
+    QCOMPARE(shown(other), "/old");
     defaults.set(key, text("/sources/other"));
     QCOMPARE(shown(one), "/sources/one");
     QCOMPARE(told, std::vector<std::set<std::string>>({{key}, {key}}));
-    QCOMPARE(UserDefaults(defaults.file()).string(key), "/sources/other");
+    const UUID later = model.addProfile("Later", std::nullopt);
+    model.addWidget("gitStatus", later, std::nullopt);
+    QCOMPARE(shown(later), "/sources/other");
 
     // A copy of the profile goes its own way.
     model.duplicateProfile(QString::fromStdString(one.text()));
@@ -50,6 +52,8 @@ class SlotChoicesTests : public QObject {
     defaults.remove(key);
     QCOMPARE(shown(copy), "none");
     QCOMPARE(shown(one), "/sources/one");
+    QCOMPARE(shown(later), "/sources/other");
+    model.setPinnedProfileID(one);
 
     // What is not for a tile of the profile, and what is for none.
     defaults.set("unitTo", text("cm"));
@@ -68,6 +72,33 @@ class SlotChoicesTests : public QObject {
     QCOMPARE(told.size(), 2u);
     model.undo();
     QCOMPARE(defaults.string(key), "/by/hand");
+  }
+
+  void aTileThatIsAddedLaterHasTheTitleWithItsDate() {
+    TemporaryFolder folder;
+    UserDefaults defaults(folder / "defaults.json");
+    LicenseManager license;
+    AppModel model(folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>{}; });
+    SlotChoices choices(model, defaults);
+    const auto start = [&](const char* name) {
+      const UUID profile = model.addProfile(name, std::nullopt);
+      model.addWidget("countdown", profile, std::nullopt);
+      model.setPinnedProfileID(profile);
+      return profile;
+    };
+    const UUID trip = start("Trip");
+    const UUID launch = start("Launch");
+    defaults.set("countdownTitle", text("Launch"));
+    defaults.set("countdownDate", DefaultsValue{2.0});
+    model.setPinnedProfileID(trip);
+    QVERIFY2(!defaults.object("countdownTitle") && !defaults.object("countdownDate"), "the usual day, as before");
+    defaults.set("countdownDate", DefaultsValue{1.0});
+    start("Later");
+    QCOMPARE(defaults.number("countdownDate"), 1.0);
+    QVERIFY(!defaults.object("countdownTitle"));
+    model.setPinnedProfileID(launch);
+    QCOMPARE(defaults.string("countdownTitle"), "Launch");
+    QCOMPARE(defaults.number("countdownDate"), 2.0);
   }
 };
 

@@ -1,3 +1,6 @@
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -323,6 +326,30 @@ class PanelTests : public QObject {
     firstControlIn(stage.labelled("Quiet from"))->forceActiveFocus();
     stage.press(Qt::Key_Up);
     QCOMPARE(stage.settings.quietStartHour(), 0);
+  }
+
+  void everySettingIsOnThePageThatItsTableNames() {
+    // Of models that have a row of their own, which this stage is without.
+    const QSet<QString> ofModels{"claudeBudgetTokens", "calendarPlaces", "calendarsHidden",
+                                 "askUsesModel",       "modelName",      "modelServerURL"};
+    Stage stage;
+    for (const QString page : {"general", "appearance", "tiles", "calendars", "buddy", "agents", "clipboard", "disk"}) {
+      QSet<QString> offered, wanted;
+      for (const QString& key : stage.settings.keysOf(page) + stage.settings.keysOf(page == "tiles" ? "panel" : ""))
+        if (findSetting(key.toStdString())->type != SettingType::keys && !ofModels.contains(key)) wanted << key;
+      QVERIFY(stage.open("SettingsView", {{"tab", page}}));
+      visitShown(stage.scene.root(), [&](QQuickItem* item) {
+        if (const QString key = item->property("key").toString(); !key.isEmpty()) offered << key;
+      });
+      // Others are bound to the settings themselves.
+      QFile source(":/qt/qml/Ambrel/Panels/Settings" + page.left(1).toUpper() + page.mid(1) + ".qml");
+      QVERIFY(source.open(QFile::ReadOnly));
+      static const QRegularExpression bound("settings\\.(\\w+) = ");
+      for (auto found = bound.globalMatch(QString::fromUtf8(source.readAll())); found.hasNext();)
+        offered << found.next().captured(1);
+      QCOMPARE(offered - wanted, QSet<QString>());
+      QCOMPARE(wanted - offered, QSet<QString>());
+    }
   }
 
   void theSearchGoesOverAllPages() {

@@ -257,11 +257,10 @@ TEST(SlotSettings, TilesOfOneThingShareIt) {
   const DefaultsValue paris{DefaultsData{"Paris"}};
   std::vector<Profile> profiles{profile(1, "A", {}, {item(11, "hourly"), item(12, "weather"), item(13, "secondCity")}),
                                 profile(2, "B", {}, {item(21, "weather")})};
-  EXPECT_TRUE(setSlotSetting(profiles, idOf(1), "weatherPlace", paris));
-  EXPECT_FALSE(setSlotSetting(profiles, idOf(1), "weatherPlace", paris));
-  EXPECT_FALSE(setSlotSetting(profiles, idOf(1), "theme", paris));
-  EXPECT_FALSE(setSlotSetting(profiles, idOf(2), "secondCityPlace", paris));
-  EXPECT_EQ(slotSetting(profiles[1], "weatherPlace"), nullptr);
+  EXPECT_TRUE(setSlotSetting(profiles, idOf(1), "weatherPlace", paris, {}));
+  EXPECT_FALSE(setSlotSetting(profiles, idOf(1), "weatherPlace", paris, {}));
+  EXPECT_FALSE(setSlotSetting(profiles, idOf(1), "theme", paris, {}));
+  EXPECT_EQ(slotSetting(profiles[1], "weatherPlace"), nullptr) << "the first choice is for every profile";
   EXPECT_THAT(profiles[0].items[2].settings, IsEmpty());
 
   // It stays with the last of them.
@@ -276,7 +275,7 @@ TEST(SlotSettings, AreOfWidgetsThatThereAre) {
     const auto all = allCases<DockWidget>();
     EXPECT_TRUE(std::ranges::any_of(all, [&](DockWidget widget) {
       std::vector<Profile> profiles{profile(1, "A", {}, {item(11, std::string(nameOf(widget)))})};
-      return setSlotSetting(profiles, idOf(1), key, DefaultsValue{true});
+      return setSlotSetting(profiles, idOf(1), key, DefaultsValue{true}, {});
     })) << key;
   }
 }

@@ -144,5 +144,39 @@ TEST_F(Arranging, MovesTilesByKeysAndBringsThemFromTheGallery) {
   quit();
 }
 
+TEST_F(Arranging, OrdersProfilesAndKeepsAChoiceInItsProfile) {
+  ASSERT_NO_FATAL_FAILURE(start({"countdown"}));
+  ASSERT_NO_FATAL_FAILURE(takeBar());
+  auto profiles = loadProfiles(file()).profiles;
+  profiles.push_back({.id = UUID::random(), .name = "Other", .trigger = {}, .items = {DockItem::holding("countdown")}});
+  saveProfiles(file(), profiles);
+  auto before = visibleWindows();
+  ASSERT_EQ(run(TILEBAY_PROGRAM, {"--customize"}).status, 0);
+  const auto panel = opened(before);
+  ASSERT_TRUE(panel);
+  EXPECT_EQ(reader_.item(*panel).name, "Customize");
+  hold(middle(*panel, "Other, "), place(*panel, "All, ").topLeft() + QPoint(40, -10));
+  shoot();
+  letGo();
+  EXPECT_TRUE(waitFor([&] { return loadProfiles(file()).profiles.front().name == "Other"; })) << said();
+  press("Escape");
+
+  // The first profile is on the bar now.
+  before = visibleWindows();
+  point(moveTo(middle(bar_, "Countdown")) + QStringList{"click", "1"});
+  ASSERT_TRUE(opened(before));
+  type("Trip");
+  const auto titles = [&] {
+    Names names;
+    for (const Profile& profile : loadProfiles(file()).profiles) {
+      const auto* title = slotSetting(profile, "countdownTitle");
+      names.push_back(title && *title ? std::get<std::string>((*title)->value) : "-");
+    }
+    return names;
+  };
+  EXPECT_TRUE(waitFor([&] { return titles() == (Names{"Trip", "-"}); })) << said();
+  quit();
+}
+
 }  // namespace
 }  // namespace ambrel
