@@ -1,6 +1,8 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include <QCursor>
 #include <QGuiApplication>
+#include <QScreen>
 #include <unistd.h>
 
 #include "platform/linux/CanberraSounds.h"
@@ -35,6 +37,7 @@
 #include "platform/linux/services/UPowerSupplies.h"
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
+#include "platform/wayland/CompositorCapture.h"
 #include "platform/wayland/WaylandPasteboard.h"
 #include "platform/wayland/WaylandWindows.h"
 #include "platform/wayland/WaylandWorkspace.h"
@@ -99,7 +102,11 @@ std::unique_ptr<Workspace> openWorkspace(X11Connection* connection) {
 // A Wayland session shows programs of its own alone what is on the screen, also where there is an X server.
 std::unique_ptr<ScreenCapture> openScreenCapture(X11Connection* connection, const QDBusConnection& bus) {
   if (!connection || qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland"))
-    return std::make_unique<PortalScreenCapture>(bus);
+    return std::make_unique<PortalScreenCapture>(bus, [] {
+      const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+      if (!screen) screen = QGuiApplication::primaryScreen();
+      return captureByCompositor(waylandDisplay(), screen ? screen->name().toStdString() : std::string());
+    });
   return std::make_unique<X11ScreenCapture>(connection);
 }
 
