@@ -38,6 +38,7 @@
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
 #include "platform/wayland/CompositorCapture.h"
+#include "platform/wayland/IdleInhibitor.h"
 #include "platform/wayland/WaylandPasteboard.h"
 #include "platform/wayland/WaylandWindows.h"
 #include "platform/wayland/WaylandWorkspace.h"
@@ -129,7 +130,12 @@ struct LinuxDesktop::Parts {
         bluetooth(systemBus),
         volumes(systemBus),
         screenSaver(connection.get()),
-        keepAwake(systemBus, bus, [this](bool isHeld) { return screenSaver.suspend(isHeld); }),
+        idleInhibitor(waylandDisplay()),
+        keepAwake(systemBus, bus,
+                  [this](bool isHeld) {
+                    const bool isSuspended = screenSaver.suspend(isHeld);
+                    return idleInhibitor.hold(isHeld) || isSuspended;
+                  }),
         screenCapture(openScreenCapture(connection.get(), bus)),
         trash(dataHome, getuid(), calendar),
         launcher(ProgramFolders::ofThisSession(), bus),
@@ -154,6 +160,7 @@ struct LinuxDesktop::Parts {
   BlueZBluetooth bluetooth;
   UDisksVolumes volumes;
   X11ScreenSaver screenSaver;
+  IdleInhibitor idleInhibitor;
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
