@@ -223,7 +223,8 @@ vd_start() {
 
   if [ -n "$wayland" ]; then
     vd_start_compositor "$wayland" || return 1
-    vd_start_bus "$activation"
+    vd_start_bus "$activation" || return 1
+    if [ -n "$notifications" ]; then vd_start_notifications || return 1; fi
     return
   fi
   vd_start_server || return 1
