@@ -196,7 +196,7 @@ void AppDelegate::followDeletion() {
 }
 
 void AppDelegate::registerKeys() {
-  std::vector<AreaKey> keys{{&setting::barKeys, [this] { bar_->dock().revealForKeyboard(); }}};
+  std::vector<AreaKey> keys{{&setting::barKeys, [this] { bar_->dock().revealForKeyboard(); }, "--reveal"}};
   for (Area* area : areas_) std::ranges::move(area->keys(), std::back_inserter(keys));
   areas_.panels.globalKeys()->add(std::move(keys));
 }

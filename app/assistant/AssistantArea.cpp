@@ -24,13 +24,17 @@ void AssistantArea::defaultsChanged(const std::set<std::string>& keys) {
 }
 
 bool AssistantArea::carryOut(const Wish& wish) {
+  if (std::holds_alternative<wish::ToggleAssistant>(wish)) {
+    Q_EMIT panelAsked();
+    return true;
+  }
   const auto* ask = std::get_if<wish::Ask>(&wish);
   if (ask) Q_EMIT asked(QString::fromStdString(ask->text));
   return ask != nullptr;
 }
 
 std::vector<AreaKey> AssistantArea::keys() {
-  return {{&setting::askKeys, [this] { Q_EMIT panelAsked(); }}};
+  return {{&setting::askKeys, [this] { Q_EMIT panelAsked(); }, "--toggle-assistant"}};
 }
 
 }  // namespace ambrel

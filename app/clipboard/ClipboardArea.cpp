@@ -22,10 +22,10 @@ bool ClipboardArea::carryOut(const Wish& wish) {
 }
 
 std::vector<AreaKey> ClipboardArea::keys() {
-  std::vector<AreaKey> keys{{&setting::shelfKeys, [this] { Q_EMIT shelfAsked(); }}};
+  std::vector<AreaKey> keys{{&setting::shelfKeys, [this] { Q_EMIT shelfAsked(); }, "--toggle-clipboard"}};
   for (int number = 1; number <= 9; ++number)
-    keys.push_back(
-        {&setting::pinnedKeys, [this, number] { Q_EMIT pinnedAsked(number); }, static_cast<char>('0' + number)});
+    keys.push_back({&setting::pinnedKeys, [this, number] { Q_EMIT pinnedAsked(number); },
+                    "--copy-pinned " + std::to_string(number), static_cast<char>('0' + number)});
   return keys;
 }
 

@@ -6,6 +6,7 @@
 #include "app/base/Log.h"
 #include "app/base/Replaced.h"
 #include "app/base/StoredValue.h"
+#include "core/settings/KeyBinding.h"
 
 namespace ambrel {
 namespace {
@@ -77,6 +78,11 @@ void GlobalKeys::follow() {
   update();
 }
 
+QString GlobalKeys::place() const {
+  const auto keeper = hotKeys_.keeper();
+  return keeper ? toQString(placeOfKeys(*keeper)) : QString();
+}
+
 void GlobalKeys::update() {
   std::vector<KeyRow> rows;
   for (const AreaKey& key : keys_) {
@@ -87,6 +93,8 @@ void GlobalKeys::update() {
     row.key = QString::fromLatin1(key.setting->key);
     row.title = toQString(key.setting->description);
     row.text = QString::fromStdString(keysText(settings_.read(*key.setting)));
+    if (const auto keeper = hotKeys_.keeper())
+      row.binding = toQString(keyBinding(*keeper, settings_.read(*key.setting), "tilebay " + key.option));
     row.isRecording = recorded_ == key.setting;
     row.problem = row.isRecording ? problem_ : taken == taken_.end() ? QString() : taken->second;
     row.isStandard = settings_.value(*key.setting) == standardValue(*key.setting);

@@ -17,7 +17,8 @@ struct KeyRow {
   Q_GADGET
   QML_VALUE_TYPE(keyRow)
   FACE_FIELDS(QString, key, title, text,
-              problem);  // "shelfKeys", "Opens the clipboard shelf", "Super+Alt+V"; empty text: no key
+              problem);           // "shelfKeys", "Opens the clipboard shelf", "Super+Alt+V"; empty text: no key
+  FACE_FIELDS(QString, binding);  // for the desktop's own settings; empty where the key works, and without a key
   FACE_FIELDS(bool, isRecording, isStandard);
 
  public:
@@ -30,6 +31,8 @@ class GlobalKeys : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT FINAL)
+  // Where the desktop wants the bindings: "sway's configuration, ~/.config/sway/config". Empty where keys work.
+  Q_PROPERTY(QString place READ place CONSTANT FINAL)
 
  public:
   // Both outlive it.
@@ -37,6 +40,7 @@ class GlobalKeys : public QObject {
 
   void add(std::vector<AreaKey> keys);
   RowList* rows() { return &rows_; }
+  QString place() const;
 
   // While a key is recorded, none is answered: each press is for the recorder.
   Q_INVOKABLE void record(const QString& key);

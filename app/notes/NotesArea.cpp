@@ -35,7 +35,7 @@ bool NotesArea::carryOut(const Wish& wish) {
 }
 
 std::vector<AreaKey> NotesArea::keys() {
-  return {{&setting::notesKeys, [this] { Q_EMIT captureAsked(); }}};
+  return {{&setting::notesKeys, [this] { Q_EMIT captureAsked(); }, "--capture-notes"}};
 }
 
 void NotesArea::chooseFolder(ScreenNotesModel::Exporter exporter) {

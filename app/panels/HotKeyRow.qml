@@ -2,18 +2,28 @@ import QtQuick
 import Ambrel.Kit
 import Ambrel.Model
 
-// A key of the whole desktop. A click on it takes the next combination that is pressed.
+// A key of the whole desktop. A click on it takes the next combination that is pressed. Where the desktop keeps its keys,
+// the row has what is to be written there.
 SectionRow {
     id: root
 
     required property keyRow row
     property GlobalKeys keys: null
 
+    signal copyAsked(string text)
+
     title: row.title
-    detail: row.problem !== "" ? row.problem : row.isRecording ? qsTr("Escape: as it was. Backspace: no key.") : ""
+    detail: row.problem !== "" ? row.problem : row.isRecording ? qsTr("Escape: as it was. Backspace: no key.") : row.binding
     detailColor: row.problem !== "" ? Theme.red.text : Theme.ink2
     searchWords: qsTr("Shortcut hot key keyboard") + " " + row.text
 
+    IconButton {
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.row.binding !== ""
+        symbol: "doc.on.doc"
+        label: qsTr("Copy the line for: %1").arg(root.title)
+        onClicked: root.copyAsked(root.row.binding)
+    }
     IconButton {
         anchors.verticalCenter: parent.verticalCenter
         visible: !root.row.isStandard && !root.row.isRecording

@@ -6,6 +6,8 @@ import Ambrel.Panels
 SettingsPage {
     id: root
 
+    signal copyAsked(string text)
+
     Section {
         SettingRow {
             key: "dockEdge"
@@ -49,7 +51,7 @@ SettingsPage {
 
         SectionRow {
             title: qsTr("Keys")
-            detail: qsTr("They work in every program. Click one and press another.")
+            detail: root.area && root.area.keys.place !== "" ? qsTr("This desktop keeps its keys to itself. Each line below is for %1.").arg(root.area.keys.place) : qsTr("They work in every program. Click one and press another.")
             searchWords: qsTr("Shortcut hot key keyboard")
         }
         Repeater {
@@ -57,6 +59,7 @@ SettingsPage {
 
             HotKeyRow {
                 keys: root.area.keys
+                onCopyAsked: text => root.copyAsked(text)
             }
         }
     }

@@ -74,7 +74,7 @@ void addCompositor(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
   add("Other windows", offers(facts, "zwlr_foreign_toplevel_manager_v1"), "the compositor lists them",
       "which of them is in front is not known, and none can be brought forward");
   rows.push_back({"Keys", limited, "the compositor owns them",
-                  "Bind the commands of tilebay --help to keys in the desktop's own settings"});
+                  "Settings, General has the line for each key, to paste where the compositor wants it"});
 }
 
 void addWindowSystem(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
@@ -108,7 +108,7 @@ constexpr std::array services{
     Service{"Notifications", "org.freedesktop.Notifications", On::session, "reminders and agents cannot call you",
             "Install a notification daemon, such as dunst"},
     Service{"Portal", "org.freedesktop.portal.Desktop", On::session,
-            "the desktop's color scheme is not followed, and nothing is captured under Wayland",
+            "the desktop's color scheme is not followed, and KWin and GNOME let nothing be captured under Wayland",
             "Install xdg-desktop-portal and the backend of your desktop, such as xdg-desktop-portal-gtk"},
     Service{"Online accounts", "org.gnome.evolution.dataserver.Sources5", On::session,
             "calendars of GNOME's accounts are not shown", "Install evolution-data-server if you keep some there"},

@@ -27,6 +27,8 @@ constexpr std::array options{
            [](const std::string&) -> Wish { return wish::ToggleClipboard{}; }},
     Option{"--toggle-agents", Argument::none, "open or close the agents panel",
            [](const std::string&) -> Wish { return wish::ToggleAgents{}; }},
+    Option{"--toggle-assistant", Argument::none, "open or close Ask Buddy",
+           [](const std::string&) -> Wish { return wish::ToggleAssistant{}; }},
     Option{"--capture-notes", Argument::none, "capture the screen for notes",
            [](const std::string&) -> Wish { return wish::CaptureNotes{}; }},
     Option{"--copy-pinned", Argument::number, "copy the pinned clip of that number, 1 to 9", copyPinned},

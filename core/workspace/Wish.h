@@ -20,6 +20,9 @@ struct ToggleClipboard {
 struct ToggleAgents {
   bool operator==(const ToggleAgents&) const = default;
 };
+struct ToggleAssistant {
+  bool operator==(const ToggleAssistant&) const = default;
+};
 struct CaptureNotes {
   bool operator==(const CaptureNotes&) const = default;
 };
@@ -45,8 +48,9 @@ struct Quit {
 };
 }  // namespace wish
 
-using Wish = std::variant<wish::Reveal, wish::ToggleClipboard, wish::ToggleAgents, wish::CaptureNotes, wish::CopyPinned,
-                          wish::Ask, wish::OpenDiskDoctor, wish::Settings, wish::Customize, wish::Quit>;
+using Wish =
+    std::variant<wish::Reveal, wish::ToggleClipboard, wish::ToggleAgents, wish::ToggleAssistant, wish::CaptureNotes,
+                 wish::CopyPinned, wish::Ask, wish::OpenDiskDoctor, wish::Settings, wish::Customize, wish::Quit>;
 
 // The program's own command line: at most one wish, or a question about the program itself.
 struct CommandLine {

@@ -23,6 +23,9 @@ struct MethodOf {
   std::pair<QString, QVariantList> operator()(const wish::ToggleAgents&) const {
     return {QStringLiteral("ToggleAgents"), {}};
   }
+  std::pair<QString, QVariantList> operator()(const wish::ToggleAssistant&) const {
+    return {QStringLiteral("ToggleAssistant"), {}};
+  }
   std::pair<QString, QVariantList> operator()(const wish::CaptureNotes&) const {
     return {QStringLiteral("CaptureNotes"), {}};
   }

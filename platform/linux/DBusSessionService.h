@@ -22,6 +22,7 @@ class SessionServiceObject : public QObject, protected QDBusContext {
   void Reveal() { receive_(wish::Reveal{}); }
   void ToggleClipboard() { receive_(wish::ToggleClipboard{}); }
   void ToggleAgents() { receive_(wish::ToggleAgents{}); }
+  void ToggleAssistant() { receive_(wish::ToggleAssistant{}); }
   void CaptureNotes() { receive_(wish::CaptureNotes{}); }
   void CopyPinned(int number);
   void Ask(const QString& text);

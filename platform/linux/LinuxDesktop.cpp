@@ -1,8 +1,12 @@
 #include "platform/linux/LinuxDesktop.h"
 
+#include <QCursor>
 #include <QGuiApplication>
+#include <QScreen>
+#include <cstdlib>
 #include <unistd.h>
 
+#include "core/settings/KeyBinding.h"
 #include "platform/linux/CanberraSounds.h"
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
@@ -35,6 +39,8 @@
 #include "platform/linux/services/UPowerSupplies.h"
 #include "platform/linux/telemetry/LinuxTelemetry.h"
 #include "platform/linux/telemetry/TCPLatencyProbe.h"
+#include "platform/wayland/CompositorCapture.h"
+#include "platform/wayland/IdleInhibitor.h"
 #include "platform/wayland/WaylandPasteboard.h"
 #include "platform/wayland/WaylandWindows.h"
 #include "platform/wayland/WaylandWorkspace.h"
@@ -96,10 +102,31 @@ std::unique_ptr<Workspace> openWorkspace(X11Connection* connection) {
   return withWaylandWindows(compositor, std::move(x11), ProgramFolders::ofThisSession());
 }
 
+// The compositor has the keys of a Wayland session, and an X server that is its guest hears of few.
+class KeptHotKeys : public HotKeys {
+ public:
+  explicit KeptHotKeys(std::string desktop) : desktop_(std::move(desktop)) {}
+  HotKeyResult add(const KeyCombination&, std::function<void()>) override { return HotKeyResult::notAvailable; }
+  std::optional<std::string> keeper() const override { return desktop_; }
+  void remove(const KeyCombination&) override {}
+
+ private:
+  const std::string desktop_;
+};
+
+std::unique_ptr<HotKeys> openHotKeys(X11Connection* connection) {
+  if (waylandDisplay().empty()) return std::make_unique<X11HotKeys>(connection);
+  return std::make_unique<KeptHotKeys>(desktopInUse([](const char* name) { return std::getenv(name); }));
+}
+
 // A Wayland session shows programs of its own alone what is on the screen, also where there is an X server.
 std::unique_ptr<ScreenCapture> openScreenCapture(X11Connection* connection, const QDBusConnection& bus) {
   if (!connection || qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland"))
-    return std::make_unique<PortalScreenCapture>(bus);
+    return std::make_unique<PortalScreenCapture>(bus, [] {
+      const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+      if (!screen) screen = QGuiApplication::primaryScreen();
+      return captureByCompositor(waylandDisplay(), screen ? screen->name().toStdString() : std::string());
+    });
   return std::make_unique<X11ScreenCapture>(connection);
 }
 
@@ -114,7 +141,7 @@ struct LinuxDesktop::Parts {
         windows(openWindows(connection.get())),
         theme(connection.get()),
         workspace(openWorkspace(connection.get())),
-        hotKeys(connection.get()),
+        hotKeys(openHotKeys(connection.get())),
         notifications(bus),
         pasteboard(openPasteboard(display)),
         timeZone(zoneFile, systemBus),
@@ -122,7 +149,12 @@ struct LinuxDesktop::Parts {
         bluetooth(systemBus),
         volumes(systemBus),
         screenSaver(connection.get()),
-        keepAwake(systemBus, bus, [this](bool isHeld) { return screenSaver.suspend(isHeld); }),
+        idleInhibitor(waylandDisplay()),
+        keepAwake(systemBus, bus,
+                  [this](bool isHeld) {
+                    const bool isSuspended = screenSaver.suspend(isHeld);
+                    return idleInhibitor.hold(isHeld) || isSuspended;
+                  }),
         screenCapture(openScreenCapture(connection.get(), bus)),
         trash(dataHome, getuid(), calendar),
         launcher(ProgramFolders::ofThisSession(), bus),
@@ -134,7 +166,7 @@ struct LinuxDesktop::Parts {
   WaylandWindows windows;
   X11DesktopTheme theme;
   std::unique_ptr<Workspace> workspace;
-  X11HotKeys hotKeys;
+  std::unique_ptr<HotKeys> hotKeys;
   DBusNotifications notifications;
   std::unique_ptr<Pasteboard> pasteboard;
   ProcReadings readings;
@@ -147,6 +179,7 @@ struct LinuxDesktop::Parts {
   BlueZBluetooth bluetooth;
   UDisksVolumes volumes;
   X11ScreenSaver screenSaver;
+  IdleInhibitor idleInhibitor;
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
@@ -169,7 +202,7 @@ Desktop LinuxDesktop::seams() {
           .windowStyle = *parts_->windows.windowStyle,
           .theme = parts_->theme,
           .workspace = *parts_->workspace,
-          .hotKeys = parts_->hotKeys,
+          .hotKeys = *parts_->hotKeys,
           .notifications = parts_->notifications,
           .pasteboard = *parts_->pasteboard,
           .readings = parts_->readings,

@@ -23,7 +23,8 @@ constexpr uint succeeded = 0, calledOff = 1;
 
 void PortalScreenCapture::capture(std::function<void(ScreenPicture)> done) {
   ask("Screenshot", {{QStringLiteral("interactive"), false}},
-      "The desktop has no service that takes pictures of the screen.", [done = std::move(done)](Answer answer) {
+      "The desktop has no service that takes pictures of the screen.", [this, done = std::move(done)](Answer answer) {
+        if (answer.isMissing && otherwise_) return done(otherwise_());
         ScreenPicture picture{.problem = std::move(answer.problem)};
         if (answer.isCalledOff || !picture.problem.empty()) return done(std::move(picture));
         const QUrl file(answer.results.value(QStringLiteral("uri")).toString());
@@ -58,7 +59,7 @@ bool PortalScreenCapture::pickColor(std::function<void(PickedColor)> done) {
 
 void PortalScreenCapture::ask(const char* method, QVariantMap options, std::string missing,
                               std::function<void(Answer)> done) {
-  if (!bus_.isConnected()) return done({.problem = std::move(missing)});
+  if (!bus_.isConnected()) return done({.problem = std::move(missing), .isMissing = true});
   stopListening();
   done_ = std::move(done);
   const QString token = QStringLiteral("ambrel%1").arg(++turn_);
@@ -76,7 +77,7 @@ void PortalScreenCapture::ask(const char* method, QVariantMap options, std::stri
   connect(watcher, &QDBusPendingCallWatcher::finished, this,
           [this, watcher, turn = turn_, missing = std::move(missing)] {
             watcher->deleteLater();
-            if (watcher->isError() && turn == turn_) finish({.problem = missing});
+            if (watcher->isError() && turn == turn_) finish({.problem = missing, .isMissing = true});
           });
 }
 

@@ -14,7 +14,9 @@ class PortalScreenCapture : public QObject, public ScreenCapture {
   Q_OBJECT
 
  public:
-  explicit PortalScreenCapture(const QDBusConnection& bus) : bus_(bus) {}
+  // `otherwise` takes the picture where there is no portal; may be null.
+  explicit PortalScreenCapture(const QDBusConnection& bus, std::function<ScreenPicture()> otherwise = nullptr)
+      : bus_(bus), otherwise_(std::move(otherwise)) {}
 
   // All screens in one picture: the portal tells neither the pointer nor windows. Our own windows may be in it.
   void capture(std::function<void(ScreenPicture)> done) override;
@@ -28,7 +30,7 @@ class PortalScreenCapture : public QObject, public ScreenCapture {
   struct Answer {
     QVariantMap results = {};
     std::string problem = {};
-    bool isCalledOff = false;
+    bool isCalledOff = false, isMissing = false;
   };
   // A new request abandons the one before.
   void ask(const char* method, QVariantMap options, std::string missing, std::function<void(Answer)> done);
@@ -36,6 +38,7 @@ class PortalScreenCapture : public QObject, public ScreenCapture {
   void stopListening();
 
   QDBusConnection bus_;
+  const std::function<ScreenPicture()> otherwise_;
   std::function<void(Answer)> done_;
   QString request_;  // the object whose answer is awaited
   int turn_ = 0;

@@ -15,6 +15,8 @@ namespace {
 
 // A compositor that gives the keyboard has done so by then.
 constexpr std::chrono::milliseconds keysPatience{400};
+// Within it the toolkit has heard as well that a screen has gone.
+constexpr std::chrono::milliseconds screenPatience{50};
 // Where others leave room, and the place is ours within it.
 constexpr int movesForOthers = 0;
 
@@ -31,6 +33,14 @@ LayerWindow::LayerWindow(QWindow& window, WindowRole role, OriginOf originOf)
   patience_.setSingleShot(true);
   patience_.setInterval(keysPatience);
   connect(&patience_, &QTimer::timeout, this, [this] { answer(window_.isActive()); });
+  return_.setSingleShot(true);
+  return_.setInterval(screenPatience);
+  connect(&return_, &QTimer::timeout, this, [this] {
+    // The toolkit's stand-in for a screen shows nothing.
+    const auto* const screen = window_.screen();
+    if (needsAnother(screen) && screen->nativeInterface<QNativeInterface::QWaylandScreen>()) showAgain();
+  });
+  connect(&window_, &QWindow::screenChanged, &return_, qOverload<>(&QTimer::start));
   connect(&window_, &QWindow::activeChanged, this, [this] {
     if (isAsking_ && window_.isActive()) answer(true);
   });
@@ -57,18 +67,24 @@ void LayerWindow::attach() {
 void LayerWindow::place(const QRect& frame) {
   QScreen* const screen = screenFor(frame);
   if (!screen) return;
-  bool shows = std::exchange(isDismissed_, false);
-  if (window_.screen() != screen) {
-    // A surface stays on the screen that it was made for.
-    shows = shows || window_.isVisible();
-    if (window_.isVisible()) window_.hide();
-    window_.setScreen(screen);
-  }
+  const bool isReplaced = needsAnother(screen);
+  if (isReplaced) window_.hide();
+  window_.setScreen(screen);
   const QPoint at = frame.topLeft() - originOf_(*screen);
   margins_ = {at.x(), at.y(), 0, 0};
   layer_->setMargins(margins_);
   window_.setGeometry(frame);
-  if (shows) window_.show();
+  if (isReplaced) window_.show();
+}
+
+bool LayerWindow::needsAnother(const QScreen* screen) const {
+  return window_.isVisible() && screen && (isDismissed_ || surfaceScreen_ != screen);
+}
+
+void LayerWindow::showAgain() {
+  if (!window_.isVisible()) return;
+  window_.hide();
+  window_.show();
 }
 
 void LayerWindow::setKeys(Layer::KeyboardInteractivity keys) {
@@ -115,20 +131,23 @@ void LayerWindow::giveBack() {
   // KWin takes the keyboard from a window alone that goes.
   QTimer::singleShot(keysPatience, this, [this] {
     if (keys_ != Layer::KeyboardInteractivityNone || !window_.isVisible() || !window_.isActive()) return;
-    window_.hide();
-    window_.show();
+    showAgain();
   });
 }
 
 bool LayerWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::Close:
-      // Its screen has gone. It is shown again where it is placed next.
+      // Its screen has gone. It stays as visible as those who show and hide it take it to be.
       event->ignore();
       isDismissed_ = window_.isVisible();
-      window_.hide();
+      return_.start();
       return true;
+    case QEvent::Show:
+      surfaceScreen_ = window_.screen();
+      break;
     case QEvent::Hide:
+      isDismissed_ = false;
       letGo();
       break;
     case QEvent::PlatformSurface:

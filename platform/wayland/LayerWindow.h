@@ -5,12 +5,12 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QScreen>
 #include <QTimer>
 #include <functional>
 
 #include "platform/WindowStyle.h"
 
-class QScreen;
 class QWindow;
 
 namespace ambrel {
@@ -43,6 +43,9 @@ class LayerWindow : public QObject {
   void attach();
   void setKeys(Layer::KeyboardInteractivity keys);
   void answer(bool isActive);
+  // It can be seen on that screen with another surface alone.
+  bool needsAnother(const QScreen* screen) const;
+  void showAgain();
 
   QWindow& window_;
   const WindowRole role_;
@@ -51,7 +54,11 @@ class LayerWindow : public QObject {
   Layer::KeyboardInteractivity keys_ = Layer::KeyboardInteractivityNone;
   QMargins margins_;
   bool isOfWhite_ = false;
-  bool isDismissed_ = false;  // by the compositor, when its screen went
+  // What its surface was made for, and whether the compositor has closed that: some do when the screen goes, some say
+  // nothing.
+  QPointer<QScreen> surfaceScreen_;
+  bool isDismissed_ = false;
+  QTimer return_;
   std::function<void(bool)> done_;
   bool isAsking_ = false;
   QTimer patience_;

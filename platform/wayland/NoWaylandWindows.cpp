@@ -1,10 +1,16 @@
 // Where LayerShellQt or the protocol's description was missing at build time.
 
+#include "platform/wayland/IdleInhibitor.h"
 #include "platform/wayland/WaylandWindows.h"
 
 namespace ambrel {
 
 bool canHaveWaylandWindows(const std::string&) { return false; }
 std::optional<WaylandWindows> openWaylandWindows() { return std::nullopt; }
+
+class IdleInhibitor::Held {};
+IdleInhibitor::IdleInhibitor(std::string display) : display_(std::move(display)) {}
+IdleInhibitor::~IdleInhibitor() = default;
+bool IdleInhibitor::hold(bool isHeld) { return !isHeld; }
 
 }  // namespace ambrel

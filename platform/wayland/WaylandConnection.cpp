@@ -44,6 +44,14 @@ void* WaylandConnection::bind(const wl_interface& interface, std::uint32_t versi
   return wl_registry_bind(registry_, global->name, &interface, std::min(version, global->version));
 }
 
+std::vector<void*> WaylandConnection::bindAll(const wl_interface& interface, std::uint32_t version) {
+  std::vector<void*> bound;
+  for (const Global& each : globals_)
+    if (each.interface == interface.name)
+      bound.push_back(wl_registry_bind(registry_, each.name, &interface, std::min(version, each.version)));
+  return bound;
+}
+
 void WaylandConnection::roundTrip(std::function<void()> done) {
   RoundTrip& made = roundTrips_.emplace_back(RoundTrip{this, wl_display_sync(display_), std::move(done)});
   static constexpr wl_callback_listener listener{.done = [](void* data, wl_callback* callback, std::uint32_t) {

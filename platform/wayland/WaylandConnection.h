@@ -35,6 +35,8 @@ class WaylandConnection {
   bool offers(std::string_view interface) const;
   // Binds the first object with this interface; null when the compositor has none. At most `version`.
   void* bind(const wl_interface& interface, std::uint32_t version);
+  // All of them.
+  std::vector<void*> bindAll(const wl_interface& interface, std::uint32_t version);
 
   // `done` is called when the compositor has carried out all that was asked before.
   void roundTrip(std::function<void()> done);

@@ -52,6 +52,8 @@ void putAt(Layer& layer, const QRect& strip, const QScreen& screen, QPoint origi
 WaylandPointer::WaylandPointer(const Screens& screens, OriginOf originOf)
     : screens_(screens), originOf_(std::move(originOf)) {
   remake_.setSingleShot(true);
+  left_.setSingleShot(true);
+  connect(&left_, &QTimer::timeout, this, &WaylandPointer::tellOfMove);
   connect(&remake_, &QTimer::timeout, this, [this] {
     if (wereScreensChanged_) makeStrips();
     wereScreensChanged_ = false;
@@ -92,8 +94,21 @@ void WaylandPointer::setPressHandler(std::function<void()> onPress) {
   remake_.start(0);
 }
 
+void WaylandPointer::tellOfMove() {
+  if (const auto onMove = std::exchange(onMove_, nullptr)) onMove();
+}
+
+void WaylandPointer::end(Strips& strips) {
+  if (std::ranges::any_of(strips, [this](const auto& strip) { return strip.get() == window_; })) {
+    window_ = nullptr;
+    at_.reset();
+    left_.start(0);
+  }
+  strips.clear();
+}
+
 void WaylandPointer::makeCatchers() {
-  catchers_.clear();
+  end(catchers_);
   if (!onPress_) return;
   for (QScreen* screen : QGuiApplication::screens()) {
     catchers_.push_back(clearWindow(screen->geometry(), *screen, Layer::LayerTop));
@@ -105,7 +120,7 @@ void WaylandPointer::makeCatchers() {
 }
 
 void WaylandPointer::makeStrips() {
-  strips_.clear();
+  end(strips_);
   for (const Rect& wanted : wanted_) {
     const Rect down = flipped(wanted, screens_.mainHeight());
     const QRect place = QRectF(down.x, down.y, down.width, down.height).toAlignedRect();
@@ -123,7 +138,7 @@ void WaylandPointer::moved(const QWindow* window, QPointF at) {
                         std::ranges::any_of(strips_, [&](const auto& strip) { return strip.get() == window; });
   window_ = window;
   at_ = isPlaced ? std::optional(window->geometry().topLeft() + at) : std::nullopt;
-  if (const auto onMove = std::exchange(onMove_, nullptr)) onMove();
+  tellOfMove();
 }
 
 bool WaylandPointer::eventFilter(QObject* watched, QEvent* event) {
@@ -145,7 +160,7 @@ bool WaylandPointer::eventFilter(QObject* watched, QEvent* event) {
       if (window != window_) break;
       window_ = nullptr;
       at_.reset();
-      if (const auto onMove = std::exchange(onMove_, nullptr)) onMove();
+      tellOfMove();
       break;
     default:
       break;

@@ -33,7 +33,13 @@ class WaylandPointer : public QObject, public PointerMonitor {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  using Strips = std::vector<std::unique_ptr<ClearStrip>>;
+
   void moved(const QWindow* window, QPointF at);
+  // Ends them. Whoever waits is told later that the pointer is over none of them any more: the one who asked for this
+  // may be about to end, too.
+  void end(Strips& strips);
+  void tellOfMove();
   void makeStrips();
   void makeCatchers();
 
@@ -42,8 +48,8 @@ class WaylandPointer : public QObject, public PointerMonitor {
   const QWindow* window_ = nullptr;  // that it is over; not to be looked into
   std::optional<QPointF> at_;        // in the toolkit's coordinates; absent where it is over no window of ours
   std::vector<Rect> wanted_;
-  std::vector<std::unique_ptr<ClearStrip>> strips_, catchers_;
-  QTimer remake_;
+  Strips strips_, catchers_;
+  QTimer remake_, left_;
   bool wereScreensChanged_ = false;
   std::function<void()> onMove_, onPress_;
 };

@@ -14,7 +14,7 @@
 #   --wm NAME                 the window manager: openbox (the usual one), xfwm4, marco, mutter, kwin_x11, i3, awesome or
 #                             bspwm
 #   --no-wm                   without a window manager
-#   --wayland                 a Wayland compositor (sway) in the place of the X server and its window manager
+#   --wayland NAME            a Wayland compositor in the place of the X server and its window manager: sway or labwc
 #   --wallpaper COLOR[,COLOR] the root window's colour, or a gradient of two
 #   --activation              D-Bus may start services by their names (not for tests: it would start what is installed)
 
@@ -76,22 +76,34 @@ vd_start_server() {
 
 # The compositor runs as somebody else where we are root, which it refuses to be; it then needs a folder of its own.
 vd_start_compositor() {
-  local folder=$vd_folder/compositor as=()
+  local folder=$vd_folder/compositor as=() command=("$1")
   mkdir -m 700 "$folder"
-  printf 'output HEADLESS-1 resolution %sx%s\nxwayland disable\n' "$vd_width" "$vd_height" >"$folder/config"
+  case "$1" in
+    sway)
+      printf 'output HEADLESS-1 resolution %sx%s\nxwayland disable\n' "$vd_width" "$vd_height" >"$folder/config"
+      command+=(-c "$folder/config")
+      export SWAYSOCK=$folder/ipc
+      ;;
+    labwc)
+      printf '<?xml version="1.0"?><labwc_config/>' >"$folder/rc.xml"
+      command+=(-C "$folder")
+      ;;
+  esac
   if [ "$(id -u)" -eq 0 ]; then
     as=(setpriv --pdeathsig TERM --reuid=65534 --regid=65534 --clear-groups)
     chown -R 65534:65534 "$folder"
     chmod 711 "$vd_folder"
   fi
-  vd_spawn compositor env -u DISPLAY HOME="$folder" XDG_RUNTIME_DIR="$folder" WLR_BACKENDS=headless \
-    WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman "${as[@]}" sway -c "$folder/config"
-  vd_wait 10 vd_has_socket "$folder" || { vd_fail "sway did not start: $(tail -n 1 "$vd_folder/compositor.log")"; return 1; }
-  # The toolkit has no windows of its own here.
-  export WAYLAND_DISPLAY=$folder/wayland-1 XDG_SESSION_TYPE=wayland QT_QPA_PLATFORM=offscreen
+  vd_spawn compositor env -u DISPLAY -u WAYLAND_DISPLAY HOME="$folder" XDG_RUNTIME_DIR="$folder" WLR_BACKENDS=headless \
+    WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman "${as[@]}" "${command[@]}"
+  vd_wait 10 vd_has_socket "$folder" || { vd_fail "$1 did not start: $(tail -n 1 "$vd_folder/compositor.log")"; return 1; }
+  # The toolkit of a test has no windows of its own here.
+  export WAYLAND_DISPLAY XDG_SESSION_TYPE=wayland QT_QPA_PLATFORM=offscreen
+  WAYLAND_DISPLAY=$(vd_socket "$folder")
   unset DISPLAY
 }
-vd_has_socket() { [ -S "$1/wayland-1" ]; }
+vd_socket() { find "$1" -name 'wayland-*' -type s | head -n 1; }
+vd_has_socket() { [ -n "$(vd_socket "$1")" ]; }
 
 vd_start_bus() {
   local services=
@@ -184,7 +196,7 @@ vd_start() {
       --activation) activation=1; shift ;;
       --wm) wm=$2; shift 2 ;;
       --no-wm) wm=; shift ;;
-      --wayland) wayland=1; shift ;;
+      --wayland) wayland=$2; shift 2 ;;
       *) echo "virtual desktop: unknown option '$1'" >&2; return 2 ;;
     esac
   done
@@ -193,8 +205,7 @@ vd_start() {
     return 2
   fi
   vd_width=${BASH_REMATCH[1]} vd_height=${BASH_REMATCH[2]}
-  local server=Xvfb
-  if [ -n "$wayland" ]; then server=sway; fi
+  local server=${wayland:-Xvfb}
   if ! command -v "$server" >/dev/null; then
     echo "virtual desktop: $server is not installed (script/bootstrap desktop installs it)" >&2
     return 77
@@ -211,8 +222,9 @@ vd_start() {
   if [ "$scale" != 1 ]; then export QT_SCALE_FACTOR=$scale; fi
 
   if [ -n "$wayland" ]; then
-    vd_start_compositor || return 1
-    vd_start_bus "$activation"
+    vd_start_compositor "$wayland" || return 1
+    vd_start_bus "$activation" || return 1
+    if [ -n "$notifications" ]; then vd_start_notifications || return 1; fi
     return
   fi
   vd_start_server || return 1

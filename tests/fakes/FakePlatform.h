@@ -131,12 +131,15 @@ class FakeWorkspace : public Workspace {
 class FakeHotKeys : public HotKeys {
  public:
   HotKeyResult add(const KeyCombination& combination, std::function<void()> action) override {
+    if (desktop) return HotKeyResult::notAvailable;
     const auto has = [&](const auto& key) { return key.first == combination; };
     if (std::ranges::find(takenByOthers, combination) != takenByOthers.end() || std::ranges::any_of(keys, has))
       return HotKeyResult::taken;
     keys.emplace_back(combination, std::move(action));
     return HotKeyResult::registered;
   }
+
+  std::optional<std::string> keeper() const override { return desktop; }
 
   void remove(const KeyCombination& combination) override {
     std::erase_if(keys, [&](const auto& key) { return key.first == combination; });
@@ -156,6 +159,7 @@ class FakeHotKeys : public HotKeys {
   }
 
   std::vector<KeyCombination> takenByOthers;
+  std::optional<std::string> desktop;  // that keeps them all
   std::vector<std::pair<KeyCombination, std::function<void()>>> keys;
 };
 

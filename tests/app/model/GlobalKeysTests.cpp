@@ -17,11 +17,13 @@ struct Keys {
   GlobalKeys keys{desktop, settings};
   QStringList answered;
 
-  Keys() {
-    std::vector<AreaKey> all{{&setting::shelfKeys, [this] { answered << "shelf"; }},
-                             {&setting::askKeys, [this] { answered << "ask"; }}};
+  explicit Keys(std::optional<std::string> keeper = std::nullopt) {
+    desktop.desktop = std::move(keeper);
+    std::vector<AreaKey> all{{&setting::shelfKeys, [this] { answered << "shelf"; }, "--toggle-clipboard"},
+                             {&setting::askKeys, [this] { answered << "ask"; }, "--toggle-assistant"}};
     for (const char digit : {'1', '2'})
-      all.push_back({&setting::pinnedKeys, [this, digit] { answered << QString(QLatin1Char(digit)); }, digit});
+      all.push_back({&setting::pinnedKeys, [this, digit] { answered << QString(QLatin1Char(digit)); },
+                     std::string("--copy-pinned ") + digit, digit});
     keys.add(std::move(all));
   }
   KeyRow row(const QString& key) {
@@ -91,6 +93,17 @@ class GlobalKeysTests : public QObject {
     QVERIFY(with.keys.press(Qt::Key_Backspace, Qt::NoModifier));
     QVERIFY(!with.desktop.press({.key = '1', .command = true}));
     QCOMPARE(with.row("pinnedKeys").text, "");
+  }
+
+  void aDesktopThatKeepsItsKeysIsGivenLines() {
+    Keys with("sway");
+    QCOMPARE(with.keys.place(), "sway's configuration, ~/.config/sway/config");
+    QCOMPARE(with.row("shelfKeys").binding, "bindsym Mod4+Mod1+v exec tilebay --toggle-clipboard");
+    QCOMPARE(with.row("pinnedKeys").binding, "bindsym Ctrl+Mod4+Mod1+1 exec tilebay --copy-pinned 1");
+    QCOMPARE(with.row("shelfKeys").problem, "");
+    with.defaults.set("shelfKeys", DefaultsValue{std::string("Super+C")});
+    with.settings.reload();
+    QCOMPARE(with.row("shelfKeys").binding, "bindsym Mod4+c exec tilebay --toggle-clipboard");
   }
 
   void aChangeElsewhereIsFollowedAndAClashIsTold() {

@@ -13,6 +13,7 @@ TEST(CommandLine, EachOptionIsItsWish) {
       {{"--reveal"}, wish::Reveal{}},
       {{"--toggle-clipboard"}, wish::ToggleClipboard{}},
       {{"--toggle-agents"}, wish::ToggleAgents{}},
+      {{"--toggle-assistant"}, wish::ToggleAssistant{}},
       {{"--capture-notes"}, wish::CaptureNotes{}},
       {{"--copy-pinned", "3"}, wish::CopyPinned{3}},
       {{"--copy-pinned=9"}, wish::CopyPinned{9}},

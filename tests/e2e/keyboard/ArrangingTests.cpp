@@ -103,7 +103,6 @@ TEST_F(Arranging, DragsTilesAndTakesItBack) {
 TEST_F(Arranging, MovesTilesByKeysAndBringsThemFromTheGallery) {
   ASSERT_NO_FATAL_FAILURE(start({"clock", "cpu", "memory"}));
   ASSERT_NO_FATAL_FAILURE(takeBar());
-  const auto focused = [&] { return reader_.item(reader_.focusPath()); };
   for (int i = 0; i < 4 && !focused().name.startsWith("Clock"); ++i) press("Right");
   EXPECT_TRUE(focused().description.endsWith("1 of 3")) << focused().description.toStdString();
   press("ctrl+Right");

@@ -2,16 +2,9 @@
 // The whole program on the test's desktop, with somebody at its keyboard and its pointer who hears what a screen reader
 // says.
 
-#include <QGuiApplication>
-#include <QProcess>
 #include <QSet>
-#include <gtest/gtest.h>
 
-#include "core/base/UserDefaults.h"
-#include "core/profiles.h"
-#include "tests/TemporaryFolder.h"
-#include "tests/e2e/Desktop.h"
-#include "tests/e2e/keyboard/ScreenReader.h"
+#include "tests/e2e/keyboard/BarFixture.h"
 
 namespace ambrel {
 
@@ -20,10 +13,10 @@ inline constexpr int mostStops = 200;
 // The ring's colours, in the dark scheme and in the light one.
 inline constexpr std::array<std::uint32_t, 2> ringColors{0x7DA7FF, 0x2458D3};
 
-class Keyboard : public testing::Test {
+class Keyboard : public BarFixture {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(reader_.isReady());
+    ASSERT_NO_FATAL_FAILURE(BarFixture::SetUp());
     connection_ = connectToDesktop();
     ASSERT_TRUE(connection_);
     keys_.start("xdotool", {"-"});
@@ -32,80 +25,18 @@ class Keyboard : public testing::Test {
   void TearDown() override {
     keys_.closeWriteChannel();
     keys_.waitForFinished(2000);
-    if (program_.state() != QProcess::NotRunning) {
-      program_.kill();
-      program_.waitForFinished(2000);
-    }
+    BarFixture::TearDown();
   }
 
   void start(const std::vector<std::string>& widgets, const std::string& modelServer = "http://127.0.0.1:1/") {
-    const auto home = folder_ / "home";
-    Profile profile{.id = UUID::random(), .name = "All", .trigger = {}, .items = {}};
-    for (const std::string& widget : widgets) profile.items.push_back(DockItem::holding(widget));
-    std::filesystem::create_directories(home / ".local/share/Ambrel");
-    std::filesystem::create_directories(home / ".config/Ambrel");
-    saveProfiles(home / ".local/share/Ambrel/profiles.json", {profile});
-    UserDefaults defaults(home / ".config/Ambrel/defaults.json");
-    for (const char* done : {"welcomeDone", "buddyAdded", "migratedFromLegacyBundleID"})
-      defaults.set(done, DefaultsValue{true});
-    for (const char* host :
-         {"weatherForecastURL", "weatherAirQualityURL", "weatherGeocodingURL", "hackerNewsURL", "currencyRatesURL"})
-      defaults.set(host, DefaultsValue{std::string("http://127.0.0.1:1/")});
-
-    defaults.set("modelServerURL", DefaultsValue{modelServer});
-    // Not of the day, whose summary comes in the evening and takes the keyboard.
-    defaults.set("buddyCategories", DefaultsValue{std::vector{DefaultsValue{std::string("agents")}}});
-
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("HOME", QString::fromStdString(home));
-    for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
-      environment.remove(variable);
-    program_.setProcessEnvironment(environment);
-    program_.setProcessChannelMode(QProcess::MergedChannels);
-    program_.start(TILEBAY_PROGRAM, {});
-    ASSERT_TRUE(waitFor([&] { return reader_.hasProgram(); }, 20000)) << said();
-    ASSERT_EQ(run(TILEBAY_PROGRAM, {"--reveal"}).status, 0);
+    ASSERT_NO_FATAL_FAILURE(BarFixture::start(widgets, modelServer));
+    wish("--reveal");
     ASSERT_TRUE(waitFor([&] { return !visibleWindows().empty(); })) << said();
   }
 
-  bool lives() const { return program_.state() == QProcess::Running; }
-  // What it has printed. The toolkit complains when we answer late to a key that it announces, and, from 6.8 on, when
-  // we ask for an item that has just been closed.
-  std::string said() {
-    output_ += program_.readAll();
-    QByteArray kept;
-    for (const QByteArray& line : output_.split('\n'))
-      if (!line.isEmpty() && !line.contains("keyEventError") && !reader_.isAnswer(line)) kept += line + '\n';
-    return kept.toStdString();
-  }
-
-  // Keys that the program has grabbed, or that go to nobody.
-  void send(const char* keys) {
+  void send(const char* keys) override {
     keys_.write(QByteArray("key ") + keys + '\n');
     keys_.waitForBytesWritten(1000);
-  }
-  // A key for the window that has the keyboard; returns when the program has done what it leads to.
-  bool press(const char* key) {
-    const auto keys = 1 + std::ranges::count(std::string_view(key), '+');
-    const auto presses = reader_.presses() + keys, releases = reader_.releases() + keys;
-    send(key);
-    if (!waitFor([&] { return reader_.presses() >= presses || !lives(); }, 3000)) return false;
-    // A window that the press has closed does not get the release.
-    waitFor([&] { return reader_.releases() >= releases || !lives(); }, 250);
-    reader_.settle();
-    return lives();
-  }
-
-  std::vector<QString> visibleWindows() const {
-    std::vector<QString> found;
-    for (const ScreenReader::Window& window : reader_.windows())
-      if (window.isVisible) found.push_back(window.path);
-    return found;
-  }
-  QString activeWindow() const {
-    for (const ScreenReader::Window& window : reader_.windows())
-      if (window.isActive) return window.path;
-    return {};
   }
   // Toasts, tips and bubbles do not take the keyboard.
   bool isMessage(const QString& path, int depth = 3) const {
@@ -179,7 +110,7 @@ class Keyboard : public testing::Test {
       // A panel that is still coming in has nothing for the keyboard yet.
       if (!waitFor([&] { return reader_.focusChanges() > changes; }, 300) && i < 3) continue;
       reader_.settle();
-      const auto item = reader_.item(reader_.focusPath());
+      const auto item = focused();
       if (seen.contains(item.path)) break;
       seen.insert(item.path);
       expectSensible(item);
@@ -206,15 +137,8 @@ class Keyboard : public testing::Test {
   // Whether the key leads to the item of that name.
   bool pressUntil(const char* key, const char* name) {
     for (int i = 0; i < mostStops && press(key); ++i)
-      if (reader_.item(reader_.focusPath()).name == QString::fromUtf8(name)) return true;
+      if (focused().name == QString::fromUtf8(name)) return true;
     return false;
-  }
-
-  void quit() {
-    EXPECT_EQ(run(TILEBAY_PROGRAM, {"--quit"}).status, 0);
-    EXPECT_TRUE(waitFor([&] { return !lives(); }));
-    EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(said(), "");
   }
 
   void takeBar() {
@@ -233,11 +157,8 @@ class Keyboard : public testing::Test {
                      QStringLiteral("%1/keyboard-%2.png").arg(target).arg(++shots_, 3, 10, QChar('0'))});
   }
 
-  TemporaryFolder folder_;
-  ScreenReader reader_;
   std::unique_ptr<X11Connection> connection_;
-  QProcess keys_, program_;
-  QByteArray output_;
+  QProcess keys_;
   QString bar_;
   int shots_ = 0;
 };

@@ -29,9 +29,9 @@ TEST_F(Keyboard, ReachesEveryTileAndItsPanel) {
     const int changes = reader_.focusChanges();
     ASSERT_TRUE(press("Right")) << (lives() ? "no key arrives" : "it has ended") << '\n' << said();
     ASSERT_TRUE(waitFor([&] { return reader_.focusChanges() > changes; }))
-        << "the keyboard is stuck at " << reader_.item(reader_.focusPath()).name.toStdString();
+        << "the keyboard is stuck at " << focused().name.toStdString();
     reader_.settle();
-    const auto tile = reader_.item(reader_.focusPath());
+    const auto tile = focused();
     SCOPED_TRACE(tile.name.toStdString());
     if (seen.contains(tile.path)) break;
     seen.insert(tile.path);
@@ -66,7 +66,7 @@ TEST_F(Keyboard, ReachesEveryTileAndItsPanel) {
     }
     reader_.settle();
     EXPECT_TRUE(waitFor([&] { return reader_.focusPath() == tile.path; }))
-        << "it is at " << reader_.item(reader_.focusPath()).name.toStdString();
+        << "it is at " << focused().name.toStdString();
   }
   EXPECT_GE(seen.size(), static_cast<qsizetype>(widgets.size()));
   EXPECT_GT(panels, 25);
@@ -84,7 +84,7 @@ TEST_F(Keyboard, AnswersTheBubble) {
   };
   ASSERT_TRUE(waitFor(bubble, 15000)) << "nobody needs the user";
   ASSERT_NO_FATAL_FAILURE(takeBar());
-  const auto spoken = [&] { return reader_.item(reader_.focusPath()).name.toStdString(); };
+  const auto spoken = [&] { return focused().name.toStdString(); };
   EXPECT_TRUE(waitFor([&] { return spoken().starts_with("Dock Buddy. "); }, 2000)) << spoken();
   // From the first button to the second, and away with it.
   EXPECT_TRUE(press("Down"));
