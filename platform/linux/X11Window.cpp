@@ -48,6 +48,10 @@ X11Window::X11Window(QWindow& window, WindowRole role, X11Connection* connection
   placeTimer_.setSingleShot(true);
   placeTimer_.setInterval(placeCheckDelay);
   connect(&placeTimer_, &QTimer::timeout, this, &X11Window::checkPlace);
+  // At once, so that no key that follows finds the window unprepared.
+  connect(&window_, &QWindow::activeChanged, this, [this] {
+    if (done_ && window_.isActive() && focused() == id()) finish(true);
+  });
 }
 
 X11Window* X11Window::of(QWindow& window) {
@@ -251,13 +255,6 @@ bool X11Window::isAtRoot(xcb_window_t window) const {
       xcb_query_tree_reply(connection_->xcb(), xcb_query_tree(connection_->xcb(), window), nullptr));
   connection_->repliesWereRead();
   return !tree || tree->parent == tree->root;
-}
-
-xcb_window_t X11Window::focused() const {
-  const XcbPtr<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(connection_->xcb(), xcb_get_input_focus(connection_->xcb()), nullptr));
-  connection_->repliesWereRead();
-  return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 void X11Window::later(int milliseconds, int attempt, std::function<void()> step) {

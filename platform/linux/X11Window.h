@@ -57,7 +57,7 @@ class X11Window : public QObject {
   void checkPlace();
   bool isViewable(xcb_window_t window) const { return connection_->isViewable(window); }
   bool isAtRoot(xcb_window_t window) const;
-  xcb_window_t focused() const;
+  xcb_window_t focused() const { return connection_->focused(); }
   // The steps of `activate`; each gives up when a newer call has come.
   void askForFocus(int attempt, int turn);
   void takeFocus(int attempt);

@@ -16,9 +16,14 @@ namespace {
 class TypedWindow : public QWindow {
  public:
   QString typed;
+  std::optional<bool> answer;  // to the wish for the keyboard
+  bool isPrepared = true;      // for each key that has come
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override { typed += event->text(); }
+  void keyPressEvent(QKeyEvent* event) override {
+    typed += event->text();
+    isPrepared = isPrepared && answer;
+  }
 };
 
 // A terminal in which somebody types; what reaches it goes to a file at once.
@@ -65,12 +70,7 @@ class WindowsOnManager : public testing::Test {
     const auto list = numbers(connection_->root(), "_NET_ACTIVE_WINDOW");
     return list.empty() ? xcb_window_t{XCB_WINDOW_NONE} : list.front();
   }
-  bool hasFocus(xcb_window_t window) {
-    const XcbPtr<xcb_get_input_focus_reply_t> focus(
-        xcb_get_input_focus_reply(connection_->xcb(), xcb_get_input_focus(connection_->xcb()), nullptr));
-    connection_->repliesWereRead();
-    return focus && focus->focus == window;
-  }
+  bool hasFocus(xcb_window_t window) { return connection_->focused() == window; }
   // On the screen, without its border; nothing while it cannot be seen.
   QRect place(xcb_window_t window) {
     xcb_connection_t* xcb = connection_->xcb();
@@ -163,12 +163,16 @@ TEST_F(WindowsOnManager, AKeyBringsTheKeyboardAndItGoesBack) {
     style_.place(window, role == WindowRole::dock ? barFrame : panelFrame);
     window.show();
     window.raise();
-    std::optional<bool> answer;
-    style_.activate(window, [&](bool isActive) { answer = isActive; });
-    ASSERT_TRUE(waitFor([&] { return answer.has_value(); })) << int(role);
-    EXPECT_TRUE(*answer) << int(role);
-    run("xdotool", {"type", "x"});
+    style_.activate(window, [&](bool isActive) { window.answer = isActive; });
+    // The key is under way before the program hears that it has the keyboard.
+    ASSERT_TRUE(waitFor([&] {
+      QThread::msleep(20);
+      return hasFocus(xcb_window_t(window.winId()));
+    })) << int(role);
+    QProcess::execute("xdotool", {"type", "x"});
     EXPECT_TRUE(waitFor([&] { return window.typed == "x"; })) << int(role);
+    EXPECT_TRUE(window.isPrepared) << "it hears of its keyboard after the first key, " << int(role);
+    EXPECT_EQ(window.answer, true) << int(role);
     if (role == WindowRole::dock) {
       style_.setTakesKeys(window, false);
       style_.giveBack(window);
