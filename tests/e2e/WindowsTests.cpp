@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QWindow>
 #include <algorithm>
+#include <csignal>
 #include <gtest/gtest.h>
 
 #include "platform/linux/X11WindowStyle.h"
@@ -83,6 +84,18 @@ class WindowsOnManager : public testing::Test {
     if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE || !size || !corner || size->border_width)
       return {};
     return {corner->dst_x, corner->dst_y, size->width, size->height};
+  }
+  // Whether a window that is shown there gets the keyboard that it asks for.
+  bool takes(TypedWindow& window, WindowRole role, const QRect& frame) {
+    style_.prepare(window, role);
+    style_.place(window, frame);
+    window.show();
+    style_.activate(window, [&window](bool isActive) { window.answer = isActive; });
+    return waitFor([&] { return window.answer.has_value(); }) && *window.answer;
+  }
+  static void tellManager(int signal) {
+    if (const pid_t manager = qEnvironmentVariableIntValue("VIRTUAL_DESKTOP_WM_PID"); manager > 0)
+      kill(manager, signal);
   }
   bool types(const char* text) {
     run("xdotool", {"type", text});
@@ -183,6 +196,19 @@ TEST_F(WindowsOnManager, AKeyBringsTheKeyboardAndItGoesBack) {
     EXPECT_TRUE(waitFor([&] { return !window.isActive(); })) << int(role);
     EXPECT_TRUE(types("b")) << int(role);
   }
+}
+
+TEST_F(WindowsOnManager, ABusyManagerGivesTheKeyboardToNobodyTooLate) {
+  terminal_.reset();
+  waitFor([&] { return place(terminalWindow_).isNull() && active() != terminalWindow_; }, 1000);
+  TypedWindow panel, cover;
+  ASSERT_TRUE(takes(panel, WindowRole::panel, panelFrame));
+  tellManager(SIGSTOP);
+  panel.hide();
+  const bool isTaken = takes(cover, WindowRole::cover, barFrame);
+  tellManager(SIGCONT);
+  EXPECT_TRUE(isTaken);
+  EXPECT_FALSE(waitFor([&] { return !cover.isActive(); }, 500));
 }
 
 class WindowStyleOnX11 : public X11Test {
