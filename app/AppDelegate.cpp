@@ -89,8 +89,13 @@ AppDelegate::AppDelegate(Surroundings surroundings, Desktop desktop, QObject* pa
   for (Area* area : areas_) context_.addArea(*area);
 }
 
-// Windows end before the engine that drives them; all but the toast's are destroyed before it anyway.
-AppDelegate::~AppDelegate() { toast_.end(); }
+// Windows end before the engine that drives them, and so do the items that they have let go of: what the engine has for
+// all of them, such as the theme, is gone after it.
+AppDelegate::~AppDelegate() {
+  toast_.end();
+  bar_.reset();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 void AppDelegate::prepareTheme() {
   engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));

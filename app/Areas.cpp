@@ -193,6 +193,7 @@ Areas::Areas(const Services& with)
              .calculate = makeCalculate(QString::fromStdString(with.surroundings.tool.string()), with.context),
              .later = with.later,
              .screen = with.desktop.screenCapture,
+             .windowStyle = with.desktop.windowStyle,
              .model = languageModel,
              .usualTranslator = QStringLiteral("http://127.0.0.1:5000"),
              .emojiFile = "/usr/share/unicode/emoji/emoji-test.txt"}),

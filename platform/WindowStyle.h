@@ -13,6 +13,7 @@ enum class WindowRole {
   panel,   // opens from the bar and takes keys; otherwise like the bar
   window,  // an ordinary window of its own, whose frame we draw
   bubble,  // a short message of our own: above others, never focused, no business of the window manager's
+  cover,   // over a whole screen and all that is on it, with the keyboard; no business of the window manager's either
 };
 
 class WindowStyle {

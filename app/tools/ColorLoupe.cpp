@@ -60,18 +60,11 @@ ColorLoupe::ColorLoupe(QImage picture, QScreen* screen, std::function<QString(QC
     : picture_(std::move(picture)), words_(std::move(words)) {
   // A second time does nothing.
   QAccessible::installFactory(readingOf);
-  setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   setTitle(tr("Color Picker"));
   setCursor(Qt::CrossCursor);
   setScreen(screen);
   setGeometry(screen->geometry());
   follow(QCursor::pos(screen) - screen->geometry().topLeft());
-}
-
-void ColorLoupe::open() {
-  showFullScreen();
-  raise();
-  requestActivate();
 }
 
 qreal ColorLoupe::scale() const { return width() > 0 ? picture_.width() / static_cast<qreal>(width()) : 1; }

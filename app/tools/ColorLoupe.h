@@ -17,7 +17,6 @@ class ColorLoupe : public QRasterWindow {
   // `picture` in the screen's own pixels. `words` gives what is written below the loupe for a color.
   ColorLoupe(QImage picture, QScreen* screen, std::function<QString(QColor)> words);
 
-  void open();
   // For screen readers: the color in words, and what it is in.
   QString spoken() const;
   QAccessibleInterface* accessibleRoot() const override;

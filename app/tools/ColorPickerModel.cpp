@@ -34,7 +34,11 @@ void ColorPickerModel::open(const QImage& picture) {
     take(color);
   });
   connect(loupe_.get(), &ColorLoupe::left, this, &ColorPickerModel::close);
-  loupe_->open();
+  seams_.windowStyle.prepare(*loupe_, WindowRole::cover);
+  seams_.windowStyle.place(*loupe_, screen->geometry());
+  loupe_->show();
+  loupe_->raise();
+  seams_.windowStyle.activate(*loupe_);
   Q_EMIT loupeChanged();
 }
 

@@ -15,6 +15,7 @@
 #include "core/clipboard/Capture.h"
 #include "platform/LanguageModel.h"
 #include "platform/ScreenCapture.h"
+#include "platform/WindowStyle.h"
 
 namespace ambrel {
 
@@ -32,6 +33,7 @@ struct ToolSeams {
   Calculate calculate;
   DelayedStep later;
   ScreenCapture& screen;
+  WindowStyle& windowStyle;
   LanguageModel& model;
   QString usualTranslator;          // the address at which a translation server is looked for
   std::filesystem::path emojiFile;  // Unicode's emoji-test.txt

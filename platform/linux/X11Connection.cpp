@@ -91,6 +91,13 @@ bool X11Connection::isViewable(xcb_window_t window) {
   return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+xcb_window_t X11Connection::focused() {
+  const XcbPtr<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+  repliesWereRead();
+  return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+}
+
 std::optional<int> X11Connection::processOf(xcb_window_t window) {
   if (window == XCB_WINDOW_NONE) return std::nullopt;
   const auto pid = numbers(window, atom("_NET_WM_PID"));

@@ -62,6 +62,10 @@ class X11Connection : public QObject {
   // Whether it and all around it are mapped.
   bool isViewable(xcb_window_t window);
 
+  // The window that has the keyboard, as the server knows it: also the root window, XCB_INPUT_FOCUS_POINTER_ROOT or
+  // XCB_WINDOW_NONE.
+  xcb_window_t focused();
+
   // The server's present time, by a round trip.
   xcb_timestamp_t serverTime();
 

@@ -24,6 +24,8 @@ constexpr int releaseInterval = 5, releaseTurns = 50;
 // Of WM_STATE.
 constexpr std::uint32_t withdrawn = 0;
 constexpr int focusInterval = 25, focusTurns = 6, viewableTurns = 20;
+// A window manager that is busy may do so long after what it answers.
+constexpr int lateAnswers = 1000;
 constexpr std::uint32_t everyDesktop = 0xffffffff, mostProtocols = 32;
 // What the toolkit's X11 plug-in reads at each showing: the window does not ask for the keyboard.
 constexpr const char* showsQuietly = "_q_showWithoutActivating";
@@ -42,12 +44,23 @@ X11Window::X11Window(QWindow& window, WindowRole role, X11Connection* connection
       role_(role),
       connection_(connection),
       manager_(manager),
-      takesKeys_(role == WindowRole::panel || role == WindowRole::window) {
+      takesKeys_(role == WindowRole::panel || role == WindowRole::window || role == WindowRole::cover) {
   window_.setProperty(showsQuietly, !takesKeys_);
   window_.installEventFilter(this);
   placeTimer_.setSingleShot(true);
   placeTimer_.setInterval(placeCheckDelay);
   connect(&placeTimer_, &QTimer::timeout, this, &X11Window::checkPlace);
+  // At once, so that no key that follows finds the window unprepared.
+  connect(&window_, &QWindow::activeChanged, this, [this] {
+    if (done_ && window_.isActive() && focused() == id()) finish(true);
+  });
+  if (!connection_) return;
+  watch_ = connection_->watch([this](const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7f) != XCB_FOCUS_OUT || !window_.handle()) return;
+    const auto& loss = reinterpret_cast<const xcb_focus_out_event_t&>(event);
+    if (loss.event == id() && loss.detail != XCB_NOTIFY_DETAIL_INFERIOR && loss.detail != XCB_NOTIFY_DETAIL_POINTER)
+      keyboardLost();
+  });
 }
 
 X11Window* X11Window::of(QWindow& window) {
@@ -109,6 +122,9 @@ void X11Window::beforeShow() {
   }
   xcb_connection_t* xcb = toolkitConnection();
   if (!xcb || !canAsk()) return;
+  const std::uint32_t mask = XCB_EVENT_MASK_FOCUS_CHANGE;
+  xcb_change_window_attributes(connection_->xcb(), id(), XCB_CW_EVENT_MASK, &mask);
+  connection_->flush();
   writeProtocols();
   // A window manager forgets both when the window is hidden. The toolkit adds its own states to these.
   changeProperty(xcb, id(), connection_->atom("_NET_WM_STATE"), XCB_ATOM_ATOM, wantedStates());
@@ -253,13 +269,6 @@ bool X11Window::isAtRoot(xcb_window_t window) const {
   return !tree || tree->parent == tree->root;
 }
 
-xcb_window_t X11Window::focused() const {
-  const XcbPtr<xcb_get_input_focus_reply_t> reply(
-      xcb_get_input_focus_reply(connection_->xcb(), xcb_get_input_focus(connection_->xcb()), nullptr));
-  connection_->repliesWereRead();
-  return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
-}
-
 void X11Window::later(int milliseconds, int attempt, std::function<void()> step) {
   QTimer::singleShot(milliseconds, this, [this, attempt, step = std::move(step)] {
     if (attempt == attempt_) step();
@@ -311,7 +320,8 @@ void X11Window::takeFocus(int attempt) {
     later(0, attempt, [this] { finish(false); });
     return;
   }
-  xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_PARENT, id(), connection_->serverTime());
+  // With the parent as its heir the keyboard would go to a frame, and be lost with that.
+  xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, id(), connection_->serverTime());
   connection_->flush();
   awaitFocus(attempt, 0, [this] { finish(false); });
 }
@@ -328,8 +338,31 @@ void X11Window::awaitFocus(int attempt, int turn, std::function<void()> otherwis
   });
 }
 
+// When the window that had the keyboard before has gone, the window manager gives it to nobody, and may do so only when
+// this one has got it. The toolkit waits a moment before it says that a window has lost it.
+void X11Window::keyboardLost() {
+  if (!sinceKeyboard_.isValid() || sinceKeyboard_.hasExpired(lateAnswers) || !takesKeys_ || !window_.isVisible())
+    return;
+  xcb_connection_t* xcb = connection_->xcb();
+  // Nobody gets it between the question and the answer.
+  xcb_grab_server(xcb);
+  if (isNobody(focused())) xcb_set_input_focus(xcb, XCB_INPUT_FOCUS_POINTER_ROOT, id(), XCB_CURRENT_TIME);
+  xcb_ungrab_server(xcb);
+  connection_->flush();
+}
+
+// Window managers have a window for that, which is not to be seen.
+bool X11Window::isNobody(xcb_window_t window) const {
+  if (window == XCB_WINDOW_NONE || window == XCB_INPUT_FOCUS_POINTER_ROOT || window == connection_->root()) return true;
+  const XcbPtr<xcb_get_geometry_reply_t> geometry(
+      xcb_get_geometry_reply(connection_->xcb(), xcb_get_geometry(connection_->xcb(), window), nullptr));
+  connection_->repliesWereRead();
+  return !geometry || (geometry->width <= 1 && geometry->height <= 1);
+}
+
 void X11Window::finish(bool isActive) {
   ++attempt_;
+  if (isActive) sinceKeyboard_.start();
   if (!isActive) previousFocus_ = XCB_WINDOW_NONE;
   if (const auto done = std::exchange(done_, nullptr)) done(isActive);
 }

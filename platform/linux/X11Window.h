@@ -1,6 +1,7 @@
 #pragma once
 // One window of ours under X11: what the window manager reads of it, and how it comes by the keyboard.
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QRect>
 #include <QTimer>
@@ -57,12 +58,14 @@ class X11Window : public QObject {
   void checkPlace();
   bool isViewable(xcb_window_t window) const { return connection_->isViewable(window); }
   bool isAtRoot(xcb_window_t window) const;
-  xcb_window_t focused() const;
+  xcb_window_t focused() const { return connection_->focused(); }
   // The steps of `activate`; each gives up when a newer call has come.
   void askForFocus(int attempt, int turn);
   void takeFocus(int attempt);
   void awaitFocus(int attempt, int turn, std::function<void()> otherwise);
   void finish(bool isActive);
+  void keyboardLost();
+  bool isNobody(xcb_window_t window) const;
   void later(int milliseconds, int attempt, std::function<void()> step);
 
   QWindow& window_;
@@ -72,6 +75,8 @@ class X11Window : public QObject {
   bool takesKeys_;
   std::optional<QRect> asked_;
   QTimer placeTimer_;
+  X11Watch watch_;
+  QElapsedTimer sinceKeyboard_;  // since it has last got it by `activate`
   int attempt_ = 0;
   std::function<void(bool)> done_;                // set as long as the keyboard is asked for
   xcb_window_t previousFocus_ = XCB_WINDOW_NONE;  // who had the keyboard before; none when nothing is to be given back

@@ -42,6 +42,7 @@ bool X11WindowManager::leavesAlone(WindowRole role) const {
     case WindowRole::window:
       return true;
     case WindowRole::bubble:
+    case WindowRole::cover:
       return false;
   }
   return true;

@@ -30,6 +30,7 @@ int typeOf(WindowRole role) {
     case WindowRole::panel:
       return utilityType;
     case WindowRole::window:
+    case WindowRole::cover:
       return normalType;
     case WindowRole::bubble:
       return notificationType;
@@ -50,6 +51,8 @@ Qt::WindowFlags flagsOf(WindowRole role) {
     case WindowRole::bubble:
       // As notification daemons do: on every workspace, above full screens, in no list, and nothing to be focused.
       return common | Qt::Window | Qt::WindowDoesNotAcceptFocus | Qt::X11BypassWindowManagerHint;
+    case WindowRole::cover:
+      return common | Qt::Window | Qt::X11BypassWindowManagerHint;
   }
   return common;
 }

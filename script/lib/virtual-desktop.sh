@@ -180,6 +180,7 @@ vd_start_wm() {
   fi
   vd_spawn wm env HOME="$vd_folder/wm" XDG_CONFIG_HOME="$vd_folder/wm/config" XDG_DATA_HOME="$vd_folder/wm/data" \
     XDG_CACHE_HOME="$vd_folder/wm/cache" GSETTINGS_BACKEND=memory NO_AT_BRIDGE=1 "${command[@]}"
+  export VIRTUAL_DESKTOP_WM_PID=${vd_pids[-1]}
   vd_wait 20 vd_has_wm || vd_fail "$1 did not start: $(tail -n 1 "$vd_folder/wm.log")"
 }
 

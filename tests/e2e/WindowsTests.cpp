@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QWindow>
 #include <algorithm>
+#include <csignal>
 #include <gtest/gtest.h>
 
 #include "platform/linux/X11WindowStyle.h"
@@ -16,9 +17,14 @@ namespace {
 class TypedWindow : public QWindow {
  public:
   QString typed;
+  std::optional<bool> answer;  // to the wish for the keyboard
+  bool isPrepared = true;      // for each key that has come
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override { typed += event->text(); }
+  void keyPressEvent(QKeyEvent* event) override {
+    typed += event->text();
+    isPrepared = isPrepared && answer;
+  }
 };
 
 // A terminal in which somebody types; what reaches it goes to a file at once.
@@ -65,12 +71,7 @@ class WindowsOnManager : public testing::Test {
     const auto list = numbers(connection_->root(), "_NET_ACTIVE_WINDOW");
     return list.empty() ? xcb_window_t{XCB_WINDOW_NONE} : list.front();
   }
-  bool hasFocus(xcb_window_t window) {
-    const XcbPtr<xcb_get_input_focus_reply_t> focus(
-        xcb_get_input_focus_reply(connection_->xcb(), xcb_get_input_focus(connection_->xcb()), nullptr));
-    connection_->repliesWereRead();
-    return focus && focus->focus == window;
-  }
+  bool hasFocus(xcb_window_t window) { return connection_->focused() == window; }
   // On the screen, without its border; nothing while it cannot be seen.
   QRect place(xcb_window_t window) {
     xcb_connection_t* xcb = connection_->xcb();
@@ -83,6 +84,18 @@ class WindowsOnManager : public testing::Test {
     if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE || !size || !corner || size->border_width)
       return {};
     return {corner->dst_x, corner->dst_y, size->width, size->height};
+  }
+  // Whether a window that is shown there gets the keyboard that it asks for.
+  bool takes(TypedWindow& window, WindowRole role, const QRect& frame) {
+    style_.prepare(window, role);
+    style_.place(window, frame);
+    window.show();
+    style_.activate(window, [&window](bool isActive) { window.answer = isActive; });
+    return waitFor([&] { return window.answer.has_value(); }) && *window.answer;
+  }
+  static void tellManager(int signal) {
+    if (const pid_t manager = qEnvironmentVariableIntValue("VIRTUAL_DESKTOP_WM_PID"); manager > 0)
+      kill(manager, signal);
   }
   bool types(const char* text) {
     run("xdotool", {"type", text});
@@ -163,12 +176,16 @@ TEST_F(WindowsOnManager, AKeyBringsTheKeyboardAndItGoesBack) {
     style_.place(window, role == WindowRole::dock ? barFrame : panelFrame);
     window.show();
     window.raise();
-    std::optional<bool> answer;
-    style_.activate(window, [&](bool isActive) { answer = isActive; });
-    ASSERT_TRUE(waitFor([&] { return answer.has_value(); })) << int(role);
-    EXPECT_TRUE(*answer) << int(role);
-    run("xdotool", {"type", "x"});
+    style_.activate(window, [&](bool isActive) { window.answer = isActive; });
+    // The key is under way before the program hears that it has the keyboard.
+    ASSERT_TRUE(waitFor([&] {
+      QThread::msleep(20);
+      return hasFocus(xcb_window_t(window.winId()));
+    })) << int(role);
+    QProcess::execute("xdotool", {"type", "x"});
     EXPECT_TRUE(waitFor([&] { return window.typed == "x"; })) << int(role);
+    EXPECT_TRUE(window.isPrepared) << "it hears of its keyboard after the first key, " << int(role);
+    EXPECT_EQ(window.answer, true) << int(role);
     if (role == WindowRole::dock) {
       style_.setTakesKeys(window, false);
       style_.giveBack(window);
@@ -179,6 +196,19 @@ TEST_F(WindowsOnManager, AKeyBringsTheKeyboardAndItGoesBack) {
     EXPECT_TRUE(waitFor([&] { return !window.isActive(); })) << int(role);
     EXPECT_TRUE(types("b")) << int(role);
   }
+}
+
+TEST_F(WindowsOnManager, ABusyManagerGivesTheKeyboardToNobodyTooLate) {
+  terminal_.reset();
+  waitFor([&] { return place(terminalWindow_).isNull() && active() != terminalWindow_; }, 1000);
+  TypedWindow panel, cover;
+  ASSERT_TRUE(takes(panel, WindowRole::panel, panelFrame));
+  tellManager(SIGSTOP);
+  panel.hide();
+  const bool isTaken = takes(cover, WindowRole::cover, barFrame);
+  tellManager(SIGCONT);
+  EXPECT_TRUE(isTaken);
+  EXPECT_FALSE(waitFor([&] { return !cover.isActive(); }, 500));
 }
 
 class WindowStyleOnX11 : public X11Test {

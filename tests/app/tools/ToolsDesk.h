@@ -8,6 +8,7 @@
 #include "app/tools/ToolsArea.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fakes/FakeLanguageModel.h"
+#include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/HeldWork.h"
 #include "tests/fakes/LoopbackServer.h"
@@ -36,6 +37,7 @@ struct ToolsDesk {
   FakeShell shell;
   HeldWork held;
   FakeScreen screen;
+  FakeWindowStyle windowStyle;
   FakeLanguageModel model;
   LoopbackServer translator;  // at the usual place; no translation server until it is told to answer
   std::string clipboard;
@@ -60,6 +62,7 @@ struct ToolsDesk {
                       },
                   .later = [this](Seconds, auto step) { later.push_back(std::move(step)); },
                   .screen = screen,
+                  .windowStyle = windowStyle,
                   .model = model,
                   .usualTranslator = translator.url().toString(),
                   .emojiFile = std::filesystem::path(folder.path()) / "emoji-test.txt"}};

@@ -5,6 +5,7 @@ tilebayctl.
 Runs on a virtual desktop. 77 where there is no AT-SPI to speak to.
 """
 import json
+import re
 import subprocess
 import sys
 import uuid
@@ -14,10 +15,7 @@ from gi.repository import GLib
 
 BAR, CTL = sys.argv[1:]
 # What these open comes only after a picture of the screen was taken.
-SLOW = {"screenshot", "screenNotes"}
-# Its loupe goes as soon as something else has the keyboard, and the bar may still ask for it after the panel before.
-# The walk by keyboard opens it.
-NOT_PRESSED = {"colorPicker"}
+SLOW = {"screenshot", "screenNotes", "colorPicker"}
 found = []
 
 
@@ -53,6 +51,8 @@ def opened(tile, widget):
 
 
 def look_into(window, widget):
+    if widget == "colorPicker":
+        return check(re.fullmatch("rgb.*, Color Picker", window.name), f"the loupe says '{window.name}'")
     if widget == "disk":
         press(see(pyatspi.ROLE_PUSH_BUTTON, "Scan Home"))
         see(pyatspi.ROLE_LIST, "Findings")
@@ -72,7 +72,7 @@ def every_tile_is_heard_and_pressed(widgets):
     count = 0
     for widget, tile in zip(widgets, wait_for("tiles", lambda: len(tiles()) == len(widgets) and tiles())):
         found.extend(f"{widget}: {fault}" for fault in faults(tile))
-        window = opened(tile, widget) if widget not in NOT_PRESSED else None
+        window = opened(tile, widget)
         if window:
             count += 1
             look_into(window, widget)
@@ -109,6 +109,22 @@ def each_message_is_announced_once(tile):
     check(len(heard) == 2 and all(name.startswith("Copied, ") for name in heard), f"messages are announced as {heard}")
 
 
+def a_message_stays_clear_of_a_panel(tiles_of):
+    def extents(item):
+        return item.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+    def message():
+        return next((item for each in program() if each and is_in(each, pyatspi.STATE_SHOWING)
+                     for item in each if item.getRole() == pyatspi.ROLE_NOTIFICATION), None)
+
+    panel = opened(tiles_of("emoji"), "emoji")
+    tiles_of("uuid").queryAction().doAction(0)
+    inside, box = extents(wait_for("message", message)), extents(panel[0])
+    check(inside.y + inside.height <= box.y or inside.x >= box.x + box.width or inside.x + inside.width <= box.x,
+          f"a message at {inside} is over the panel at {box}")
+    close(panel, "emoji")
+
+
 def main():
     widgets = [each["id"] for each in json.loads(subprocess.check_output([CTL, "widgets", "--json"]))]
     new_id = lambda: str(uuid.uuid4()).upper()
@@ -118,7 +134,9 @@ def main():
     def walk():
         every_tile_is_heard_and_pressed(widgets)
         menu_of_a_tile_leads_on(tiles()[0])
-        each_message_is_announced_once(tiles()[widgets.index("uuid")])
+        tiles_of = lambda widget: tiles()[widgets.index(widget)]
+        each_message_is_announced_once(tiles_of("uuid"))
+        a_message_stays_clear_of_a_panel(tiles_of)
 
     with_bar(BAR, walk, welcomeDone=True, buddyAdded=True, buddyCategories=["agents"])
     sys.exit("\n".join(found) or 0)

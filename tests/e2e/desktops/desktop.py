@@ -119,6 +119,14 @@ def gets_and_returns_the_keyboard():
     expect_keyboard_at_terminal("when a panel has closed")
 
 
+def gives_the_keyboard_back_from_the_shelf():
+    terminal = keyboard()
+    key("super+alt+v")
+    expect("a key opens the shelf, which has the keyboard", lambda: keyboard() not in (terminal, bar()))
+    leave(keyboard())
+    expect_keyboard_at_terminal("when the shelf has closed")
+
+
 def leaves_full_screens_alone(is_there):
     filler = spawn("xterm", "-fullscreen", "-bg", "#%02x%02x%02x" % FILL, "-e", "sleep", "99")
     expect("a window is in full screen", lambda: color(1200, 300) == FILL)
@@ -176,6 +184,7 @@ def main():
         is_there = lambda: slab() == seen[-1][1]
         stays_beside_its_panel()
         gets_and_returns_the_keyboard()
+        gives_the_keyboard_back_from_the_shelf()
         leaves_full_screens_alone(is_there)
         is_on_every_workspace(is_there)
         comes_by_the_pointer(is_there)
