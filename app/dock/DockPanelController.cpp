@@ -61,7 +61,7 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
     if (!presentation_.isOnScreen()) takeEdge();
   });
   connect(&settings_, &AppSettings::barAlwaysVisibleChanged, this, [this] {
-    // A bar that no longer always stands goes by the pointer, as if it had just been revealed.
+    // A bar that is no longer always visible goes by the pointer, as if it had just been revealed.
     if (!settings_.barAlwaysVisible()) reveal_.reveal();
     placeStrip();
     apply();
@@ -187,7 +187,7 @@ void DockPanelController::updatePosition() {
   schedule(seams_.now());
 }
 
-bool DockPanelController::standsAlways() const {
+bool DockPanelController::isAlwaysVisible() const {
   const auto screen = mainScreen();
   return settings_.barAlwaysVisible() && !(screen && screen->isFilled);
 }
@@ -208,7 +208,7 @@ void DockPanelController::takeEdge() {
 void DockPanelController::apply() {
   const bool isLeaving = edge_ != settings_.dockEdge();
   presentation_.setPeeking(reveal_.isPeeking(seams_.now()));
-  if (!isLeaving && reveal_.shouldShow(standsAlways(), isHeld()))
+  if (!isLeaving && reveal_.shouldShow(isAlwaysVisible(), isHeld()))
     presentation_.show();
   else
     presentation_.hide();
@@ -285,7 +285,7 @@ BarSurroundings DockPanelController::surroundings(Point pointer) const {
           .screen = screen ? screen->frame : Rect{},
           .bar = placement_.frame,
           .edge = edge_,
-          .isAlwaysVisible = standsAlways(),
+          .isAlwaysVisible = isAlwaysVisible(),
           .isHeldOpen = hasKeyboard_ || isHeld()};
 }
 
@@ -318,8 +318,8 @@ void DockPanelController::schedule(Instant now) {
 }
 
 void DockPanelController::watchPointer() {
-  // A bar that always stands has nothing to do by the pointer, unless it makes room for the system's.
-  if (standsAlways() && !systemDock_.isPresent()) {
+  // A bar that is always visible ignores the pointer, unless it makes room for the system's.
+  if (isAlwaysVisible() && !systemDock_.isPresent()) {
     seams_.pointer.stopWaiting();
     slowLook_.stop();
     return;
@@ -332,10 +332,10 @@ void DockPanelController::watchPointer() {
   if (!slowLook_.isActive() || slowLook_.interval() != interval) slowLook_.start(interval);
 }
 
-// A bar that always stands is not revealed.
+// A bar that is always visible is not revealed.
 void DockPanelController::placeStrip() {
   const auto screen = mainScreen();
-  if (standsAlways() || !screen)
+  if (isAlwaysVisible() || !screen)
     seams_.pointer.setStrips({});
   else
     seams_.pointer.setStrips({revealStrip(placement_.frame, screen->frame, edge_)});

@@ -121,7 +121,7 @@ class DockPanelController : public QObject {
   // Something anchored to the bar is open, or a tile is dragged.
   bool isHeld() const;
   // Chosen, and no window fills the screen.
-  bool standsAlways() const;
+  bool isAlwaysVisible() const;
   void updateTiles();
   // Along the bar, from the beginning of what can be seen of it.
   double alongBar(const QPoint& at) const;
