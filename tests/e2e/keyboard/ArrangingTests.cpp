@@ -165,6 +165,7 @@ TEST_F(Arranging, OrdersProfilesAndKeepsAChoiceInItsProfile) {
   point(moveTo(middle(bar_, "Countdown")) + QStringList{"click", "1"});
   ASSERT_TRUE(opened(before));
   type("Trip");
+  press("Return");
   const auto titles = [&] {
     Names names;
     for (const Profile& profile : loadProfiles(file()).profiles) {
