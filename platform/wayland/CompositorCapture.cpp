@@ -107,8 +107,8 @@ QImage copied(WaylandConnection& connection, Frame& frame, SteadyTime until) {
   zwlr_screencopy_frame_v1_copy(frame.frame, buffer);
   connection.turnUntil([&] { return frame.isReady || frame.hasFailed; }, until);
   QImage image;
-  if (void* const bytes = mmap(nullptr, size, PROT_READ, MAP_SHARED, file.get(), 0);
-      frame.isReady && bytes != MAP_FAILED) {
+  void* const bytes = frame.isReady ? mmap(nullptr, size, PROT_READ, MAP_SHARED, file.get(), 0) : MAP_FAILED;
+  if (bytes != MAP_FAILED) {
     image = QImage(static_cast<const uchar*>(bytes), static_cast<int>(frame.width), static_cast<int>(frame.height),
                    frame.stride, frame.format)
                 .copy();
