@@ -64,7 +64,7 @@ class IdleInhibitor::Held {
   static SteadyTime soon() { return std::chrono::steady_clock::now() + inhibitPatience; }
 
   void show() {
-    isSized_ = false;
+    isSized_ = isClosed_ = false;
     inhibitor_.reset();
     layer_.reset();
     surface_.reset(wl_compositor_create_surface(compositor_.get()));
@@ -80,6 +80,7 @@ class IdleInhibitor::Held {
         .closed =
             [](void* self, zwlr_layer_surface_v1*) {
               auto& held = *static_cast<Held*>(self);
+              held.isClosed_ = true;
               QTimer::singleShot(beforeAnotherTry, &held.arrival_, [&held] { held.show(); });
             },
     };
@@ -89,7 +90,9 @@ class IdleInhibitor::Held {
                                      ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT);
     zwlr_layer_surface_v1_set_exclusive_zone(layer_.get(), -1);
     wl_surface_commit(surface_.get());
-    if (!connection_->turnUntil([this] { return isSized_; }, soon())) return;
+    // Without a screen it is closed at once: the main thread must not wait for a size then.
+    connection_->turnUntil([this] { return isSized_ || isClosed_; }, soon());
+    if (!isSized_ || isClosed_) return;
     draw();
     inhibitor_.reset(zwp_idle_inhibit_manager_v1_create_inhibitor(manager_.get(), surface_.get()));
     bool isTold = false;
@@ -117,7 +120,7 @@ class IdleInhibitor::Held {
   Owned<wl_buffer, wl_buffer_destroy> buffer_;
   Owned<zwp_idle_inhibitor_v1, zwp_idle_inhibitor_v1_destroy> inhibitor_;
   QSocketNotifier arrival_;
-  bool isSized_ = false;
+  bool isSized_ = false, isClosed_ = false;
 };
 
 IdleInhibitor::IdleInhibitor(std::string display) : display_(std::move(display)) {}
