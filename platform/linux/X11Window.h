@@ -29,6 +29,7 @@ class X11Window : public QObject {
   // A border counts, too.
   static bool isFramed(const QWindow& window, X11Connection* connection);
 
+  WindowRole role() const { return role_; }
   void place(const QRect& frame);
   void setInputRect(const QRectF& rect);
   void setTakesKeys(bool takesKeys);

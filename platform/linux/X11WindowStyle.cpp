@@ -22,6 +22,10 @@ constexpr int dockType = 0x4;
 constexpr int utilityType = 0x20;
 constexpr int notificationType = 0x800;
 
+// xfwm4 draws a shadow about a dock that has no shape, and does not look whether its margin is clear. This one cuts
+// nothing off, on any screen.
+constexpr QRect shapeOfAll(0, 0, 10000, 10000);
+
 int typeOf(WindowRole role) {
   switch (role) {
     case WindowRole::dock:
@@ -125,7 +129,8 @@ void X11WindowStyle::setCompositingHandler(std::function<void(bool)> handler) { 
 
 void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) {
   if (radius <= 0 || width <= 0 || height <= 0) {
-    window.setMask(QRegion());
+    const X11Window* ours = X11Window::of(window);
+    window.setMask(ours && ours->role() == WindowRole::dock ? QRegion(shapeOfAll) : QRegion());
     return;
   }
   const int left = int(std::lround(x));
