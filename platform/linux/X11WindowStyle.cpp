@@ -130,7 +130,8 @@ void X11WindowStyle::setCompositingHandler(std::function<void(bool)> handler) { 
 void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) {
   if (radius <= 0 || width <= 0 || height <= 0) {
     const X11Window* ours = X11Window::of(window);
-    window.setMask(ours && ours->role() == WindowRole::dock ? QRegion(shapeOfAll) : QRegion());
+    const bool isShadowed = isCompositing_ && ours && ours->role() == WindowRole::dock;
+    window.setMask(isShadowed ? QRegion(shapeOfAll) : QRegion());
     return;
   }
   const int left = int(std::lround(x));
