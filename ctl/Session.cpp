@@ -66,6 +66,8 @@ std::string windowManagerOf(const Server& server) {
   if (id.size() < sizeof(xcb_window_t)) return {};
   xcb_window_t window = 0;
   std::memcpy(&window, id.data(), sizeof window);
+  // One that has ended may leave the property behind.
+  if (server.property(window, "_NET_SUPPORTING_WM_CHECK") != id) return {};
   const std::string name = server.property(window, "_NET_WM_NAME");
   return name.empty() ? "one without a name" : name;
 }

@@ -1,11 +1,17 @@
 #include "app/kit/Tips.h"
 
+#include <QGuiApplication>
+
 namespace ambrel {
 
 Tips::Tips(QObject* parent) : QObject(parent) {
   timer_.setSingleShot(true);
   timer_.setInterval(600);
   connect(&timer_, &QTimer::timeout, this, &Tips::show);
+  // What has come by a key is not to be covered by the tip of a pointer that rests elsewhere.
+  connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* now) {
+    if (now && now != window()) leaveShown();
+  });
 }
 
 void Tips::setDelay(int milliseconds) {

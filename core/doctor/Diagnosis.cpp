@@ -81,9 +81,10 @@ void addWindowSystem(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
   addCompositor(facts, rows);
   if (!facts.x11 || isNativeOnWayland(facts)) return;
   rows.push_back(row("Window manager", !facts.x11->windowManager.empty(), facts.x11->windowManager,
-                     "panels do not get the keyboard", "Start one, such as openbox"));
+                     "the keyboard goes back to the window under the pointer, and full screen is not known",
+                     "Start one, such as openbox"));
   rows.push_back(row("Compositor", facts.x11->hasCompositor, "translucent windows",
-                     "windows have no shadow, and nothing fades",
+                     "windows have no shadow, their corners are stepped, and nothing fades",
                      "Turn on the window manager's own, or install picom"));
 }
 

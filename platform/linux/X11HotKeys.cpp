@@ -23,7 +23,7 @@ xcb_keycode_t usualPlace(char key) {
 
 X11HotKeys::X11HotKeys(X11Connection* connection) : connection_(connection) {
   if (!connection_) return;
-  readKeyboard();
+  keyboard_ = readKeyboard();
   watch_ = connection_->watch([this](const xcb_generic_event_t& event) { handle(event); });
 }
 
@@ -50,33 +50,50 @@ void X11HotKeys::remove(const KeyCombination& combination) {
   keys_.erase(key);
 }
 
-void X11HotKeys::readKeyboard() {
-  symbols_.reset(xcb_key_symbols_alloc(connection_->xcb()));
+X11HotKeys::Keyboard X11HotKeys::readKeyboard() {
+  Keyboard keyboard;
+  keyboard.symbols.reset(xcb_key_symbols_alloc(connection_->xcb()));
   const XcbPtr<xcb_get_modifier_mapping_reply_t> mapping(
       xcb_get_modifier_mapping_reply(connection_->xcb(), xcb_get_modifier_mapping(connection_->xcb()), nullptr));
   connection_->repliesWereRead();
-  if (!mapping || !symbols_) return;
+  if (!mapping || !keyboard.symbols) return keyboard;
   const xcb_keycode_t* keycodes = xcb_get_modifier_mapping_keycodes(mapping.get());
   const int perModifier = mapping->keycodes_per_modifier;
   const auto maskWith = [&](xcb_keysym_t symbol, std::uint16_t usual) -> std::uint16_t {
-    const XcbPtr<xcb_keycode_t> codes(xcb_key_symbols_get_keycode(symbols_.get(), symbol));
+    const XcbPtr<xcb_keycode_t> codes(xcb_key_symbols_get_keycode(keyboard.symbols.get(), symbol));
     for (const xcb_keycode_t* code = codes.get(); code && *code != XCB_NO_SYMBOL; ++code)
       for (int modifier = 3; modifier < 8; ++modifier)  // after Shift, Lock and Control
         for (int i = 0; i < perModifier; ++i)
           if (keycodes[modifier * perModifier + i] == *code) return static_cast<std::uint16_t>(1u << modifier);
     return usual;
   };
-  superMask_ = maskWith(XK_Super_L, XCB_MOD_MASK_4);
-  altMask_ = maskWith(XK_Alt_L, XCB_MOD_MASK_1);
-  numLockMask_ = maskWith(XK_Num_Lock, XCB_MOD_MASK_2);
+  keyboard.superMask = maskWith(XK_Super_L, XCB_MOD_MASK_4);
+  keyboard.altMask = maskWith(XK_Alt_L, XCB_MOD_MASK_1);
+  keyboard.numLockMask = maskWith(XK_Num_Lock, XCB_MOD_MASK_2);
   connection_->repliesWereRead();
+  return keyboard;
 }
 
+// Of two keyboards the server announces each that is used after the other. Grabs that stay the same are not let go of
+// for that: a key that was pressed meanwhile would be lost.
 void X11HotKeys::keyboardChanged() {
   isRegrabPlanned_ = false;
+  const auto before = chords();
+  Keyboard next = readKeyboard();
+  std::swap(keyboard_, next);
+  if (chords() == before) return;
+  std::swap(keyboard_, next);
   for (Key& key : keys_) ungrab(key);
-  readKeyboard();
+  keyboard_ = std::move(next);
   for (Key& key : keys_) grab(key);
+}
+
+std::vector<X11HotKeys::Chord> X11HotKeys::chords() const {
+  std::vector<Chord> all;
+  for (const Key& key : keys_)
+    for (const xcb_keycode_t keycode : keycodesOf(key.combination.key))
+      for (const std::uint16_t variant : variantsOf(modifiersOf(key.combination))) all.emplace_back(keycode, variant);
+  return all;
 }
 
 void X11HotKeys::handle(const xcb_generic_event_t& event) {
@@ -103,8 +120,8 @@ void X11HotKeys::handle(const xcb_generic_event_t& event) {
 }
 
 void X11HotKeys::pressed(const xcb_key_press_event_t& event) {
-  const auto wanted =
-      static_cast<std::uint16_t>(event.state & (XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | superMask_ | altMask_));
+  const auto wanted = static_cast<std::uint16_t>(
+      event.state & (XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | keyboard_.superMask | keyboard_.altMask));
   for (Key& key : keys_) {
     for (Grab& grab : key.grabs) {
       if (grab.keycode != event.detail || grab.modifiers != wanted) continue;
@@ -126,15 +143,15 @@ void X11HotKeys::released(const xcb_key_release_event_t& event) {
 
 std::vector<xcb_keycode_t> X11HotKeys::keycodesOf(char key) const {
   std::vector<xcb_keycode_t> found;
-  if (!symbols_) return found;
+  if (!keyboard_.symbols) return found;
   // ASCII letters and digits are their own key symbols.
   const auto symbol = static_cast<xcb_keysym_t>(static_cast<unsigned char>(key));
-  const XcbPtr<xcb_keycode_t> codes(xcb_key_symbols_get_keycode(symbols_.get(), symbol));
+  const XcbPtr<xcb_keycode_t> codes(xcb_key_symbols_get_keycode(keyboard_.symbols.get(), symbol));
   std::vector<xcb_keycode_t> elsewhere;
   for (const xcb_keycode_t* code = codes.get(); code && *code != XCB_NO_SYMBOL; ++code) {
     // The first two columns are the layout in use; a second layout may have the letter on another key.
-    const bool isFirst = xcb_key_symbols_get_keysym(symbols_.get(), *code, 0) == symbol ||
-                         xcb_key_symbols_get_keysym(symbols_.get(), *code, 1) == symbol;
+    const bool isFirst = xcb_key_symbols_get_keysym(keyboard_.symbols.get(), *code, 0) == symbol ||
+                         xcb_key_symbols_get_keysym(keyboard_.symbols.get(), *code, 1) == symbol;
     (isFirst ? found : elsewhere).push_back(*code);
   }
   if (found.empty()) found = std::move(elsewhere);
@@ -145,8 +162,8 @@ std::vector<xcb_keycode_t> X11HotKeys::keycodesOf(char key) const {
 
 std::uint16_t X11HotKeys::modifiersOf(const KeyCombination& combination) const {
   unsigned modifiers = 0;
-  if (combination.command) modifiers |= superMask_;
-  if (combination.option) modifiers |= altMask_;
+  if (combination.command) modifiers |= keyboard_.superMask;
+  if (combination.option) modifiers |= keyboard_.altMask;
   if (combination.control) modifiers |= XCB_MOD_MASK_CONTROL;
   if (combination.shift) modifiers |= XCB_MOD_MASK_SHIFT;
   return static_cast<std::uint16_t>(modifiers);
@@ -154,7 +171,8 @@ std::uint16_t X11HotKeys::modifiersOf(const KeyCombination& combination) const {
 
 std::vector<std::uint16_t> X11HotKeys::variantsOf(std::uint16_t modifiers) const {
   const auto with = [&](unsigned more) { return static_cast<std::uint16_t>(modifiers | more); };
-  return {modifiers, with(XCB_MOD_MASK_LOCK), with(numLockMask_), with(XCB_MOD_MASK_LOCK | numLockMask_)};
+  return {modifiers, with(XCB_MOD_MASK_LOCK), with(keyboard_.numLockMask),
+          with(XCB_MOD_MASK_LOCK | keyboard_.numLockMask)};
 }
 
 HotKeyResult X11HotKeys::grab(Key& key) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 #include <xcb/xcb_keysyms.h>
 
@@ -36,7 +37,17 @@ class X11HotKeys : public HotKeys {
     void operator()(xcb_key_symbols_t* symbols) const { xcb_key_symbols_free(symbols); }
   };
 
-  void readKeyboard();
+  // What the server's keyboard has where.
+  struct Keyboard {
+    std::unique_ptr<xcb_key_symbols_t, SymbolsDeleter> symbols;
+    std::uint16_t superMask = XCB_MOD_MASK_4;
+    std::uint16_t altMask = XCB_MOD_MASK_1;
+    std::uint16_t numLockMask = XCB_MOD_MASK_2;
+  };
+  // A keycode and the modifiers with it.
+  using Chord = std::pair<xcb_keycode_t, std::uint16_t>;
+
+  Keyboard readKeyboard();
   void keyboardChanged();
   void handle(const xcb_generic_event_t& event);
   void pressed(const xcb_key_press_event_t& event);
@@ -45,14 +56,13 @@ class X11HotKeys : public HotKeys {
   std::uint16_t modifiersOf(const KeyCombination& combination) const;
   // The modifier masks under which a combination has to be grabbed: with Caps Lock, with Num Lock, with both.
   std::vector<std::uint16_t> variantsOf(std::uint16_t modifiers) const;
+  // All that is to be grabbed for our keys.
+  std::vector<Chord> chords() const;
   HotKeyResult grab(Key& key);
   void ungrab(Key& key);
 
   X11Connection* connection_;
-  std::unique_ptr<xcb_key_symbols_t, SymbolsDeleter> symbols_;
-  std::uint16_t superMask_ = XCB_MOD_MASK_4;
-  std::uint16_t altMask_ = XCB_MOD_MASK_1;
-  std::uint16_t numLockMask_ = XCB_MOD_MASK_2;
+  Keyboard keyboard_;
   bool isRegrabPlanned_ = false;
   std::vector<Key> keys_;
   std::shared_ptr<void> alive_ = std::make_shared<int>();  // planned calls look whether it is gone

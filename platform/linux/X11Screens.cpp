@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
+#include <cmath>
 #include <xcb/randr.h>
 
 #include "core/workspace/Struts.h"
@@ -89,16 +90,17 @@ Insets X11Screens::reservedOn(const QScreen& screen, ScreenInfo& info) {
     return {double(free.left() - frame.left()), double(free.top() - frame.top()), double(frame.right() - free.right()),
             double(frame.bottom() - free.bottom())};
   }
-  const double scale = screen.devicePixelRatio();
+  // Whole ones, up to which our windows are placed: half a point more would cover a pixel of the panel.
+  const auto points = [scale = screen.devicePixelRatio()](double pixels) { return std::ceil(pixels / scale - 0.001); };
   const Rect pixels = pixelsOf(screen);
   info.isFilled = filled_ && pixels.contains({filled_->midX(), filled_->midY()});
   Insets insets = reservedEdges(pixels, desktopWidth, desktopHeight, panels_->struts());
   for (const Rect& area : workAreas_) insets = combined(insets, outsideWorkArea(pixels, area));
   if (const auto dock = panels_->dockAt(info.name)) {
-    info.hidingDockHeight = dock->height / scale;
+    info.hidingDockHeight = points(dock->height);
     if (dock->isOut) insets.bottom = std::max(insets.bottom, dock->height);
   }
-  return {insets.left / scale, insets.top / scale, insets.right / scale, insets.bottom / scale};
+  return {points(insets.left), points(insets.top), points(insets.right), points(insets.bottom)};
 }
 
 }  // namespace ambrel

@@ -2,11 +2,12 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QThread>
 #include <QVariant>
 #include <QWindow>
 #include <algorithm>
+#include <cmath>
 #include <utility>
+#include <xcb/xfixes.h>
 
 #include "platform/linux/ToolkitX11.h"
 #include "platform/linux/X11FullScreen.h"
@@ -19,10 +20,6 @@ namespace {
 constexpr int placeCheckDelay = 150;
 // Scales that are not whole numbers round.
 constexpr int placeTolerance = 2;
-// How long a window manager may take to let go of a window that it will not see again.
-constexpr int releaseInterval = 5, releaseTurns = 50;
-// Of WM_STATE.
-constexpr std::uint32_t withdrawn = 0;
 constexpr int focusInterval = 25, focusTurns = 6, viewableTurns = 20;
 // A window manager that is busy may do so long after what it answers.
 constexpr int lateAnswers = 1000;
@@ -90,9 +87,35 @@ void X11Window::place(const QRect& frame) {
   if (window_.geometry() != frame) window_.setGeometry(frame);
 }
 
+void X11Window::setInputRect(const QRectF& rect) {
+  input_ = rect;
+  if (window_.handle()) applyInputRect();
+}
+
+void X11Window::applyInputRect() {
+  xcb_connection_t* xcb = toolkitConnection();
+  if (!xcb || !input_) return;
+  const auto* extension = xcb_get_extension_data(xcb, &xcb_xfixes_id);
+  if (!extension || !extension->present) return;
+  const double scale = window_.devicePixelRatio();
+  const auto pixels = [scale](double points) { return std::lround(points * scale); };
+  const xcb_rectangle_t rectangle{
+      static_cast<std::int16_t>(pixels(input_->x())), static_cast<std::int16_t>(pixels(input_->y())),
+      static_cast<std::uint16_t>(pixels(input_->width())), static_cast<std::uint16_t>(pixels(input_->height()))};
+  const xcb_xfixes_region_t region = xcb_generate_id(xcb);
+  xcb_xfixes_create_region(xcb, region, 1, &rectangle);
+  xcb_xfixes_set_window_shape_region(xcb, id(), XCB_SHAPE_SK_INPUT, 0, 0, region);
+  xcb_xfixes_destroy_region(xcb, region);
+  xcb_flush(xcb);
+}
+
 bool X11Window::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::Show:
+      if (changesHands()) {
+        showAsAnother();
+        return true;
+      }
       beforeShow();
       break;
     case QEvent::Hide:
@@ -111,38 +134,32 @@ bool X11Window::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
+bool X11Window::changesHands() const { return role_ != WindowRole::window && isBypassing() != shouldBypass(); }
+
+// A window manager that has had a window puts it back where it had it a moment later, and its grabs of the buttons stay
+// (awesome's keep every click from us). So the server gets another window, with the same content.
+void X11Window::showAsAnother() {
+  window_.destroy();
+  window_.setFlag(Qt::X11BypassWindowManagerHint, shouldBypass());
+  if (asked_) window_.setGeometry(*asked_);
+  window_.show();
+}
+
 // The window exists and is not mapped yet.
 void X11Window::beforeShow() {
+  applyInputRect();
   if (role_ == WindowRole::window) return;
-  const bool bypasses = shouldBypass();
-  if (bypasses != isBypassing()) {
-    if (bypasses) awaitRelease();
-    window_.setFlag(Qt::X11BypassWindowManagerHint, bypasses);
-    if (asked_) window_.setGeometry(*asked_);
-  }
   xcb_connection_t* xcb = toolkitConnection();
   if (!xcb || !canAsk()) return;
+  // It waits for an answer, so that the server knows the window after it.
+  writeProtocols();
   const std::uint32_t mask = XCB_EVENT_MASK_FOCUS_CHANGE;
   xcb_change_window_attributes(connection_->xcb(), id(), XCB_CW_EVENT_MASK, &mask);
   connection_->flush();
-  writeProtocols();
   // A window manager forgets both when the window is hidden. The toolkit adds its own states to these.
   changeProperty(xcb, id(), connection_->atom("_NET_WM_STATE"), XCB_ATOM_ATOM, wantedStates());
   changeProperty(xcb, id(), connection_->atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, {everyDesktop});
   xcb_flush(xcb);
-}
-
-// A window that was hidden a moment ago is still the window manager's, which then unmaps it and puts it where it had
-// it, shown again or not.
-void X11Window::awaitRelease() {
-  if (!canAsk()) return;
-  const xcb_atom_t state = connection_->atom("WM_STATE");
-  for (int turn = 0; turn < releaseTurns; ++turn) {
-    const auto states = connection_->numbers(id(), state);
-    const bool isKept = !states.empty() && states.front() != withdrawn;
-    if (!isKept && isAtRoot(id())) return;
-    QThread::msleep(releaseInterval);
-  }
 }
 
 std::vector<std::uint32_t> X11Window::wantedStates() const {
@@ -246,7 +263,7 @@ void X11Window::checkPlace() {
 }
 
 void X11Window::managerChanged() {
-  if (role_ == WindowRole::window || !window_.isVisible() || isBypassing() == shouldBypass()) return;
+  if (!window_.isVisible() || !changesHands()) return;
   // One in use is left where it is, until it is shown again; a bar that is always out never is.
   if (window_.isActive()) {
     if (role_ == WindowRole::dock)
@@ -256,17 +273,9 @@ void X11Window::managerChanged() {
   }
   ++attempt_;
   auto asked = std::exchange(done_, nullptr);
-  window_.hide();
-  window_.show();
+  showAsAnother();
   window_.raise();
   if (asked) activate(std::move(asked));
-}
-
-bool X11Window::isAtRoot(xcb_window_t window) const {
-  const XcbPtr<xcb_query_tree_reply_t> tree(
-      xcb_query_tree_reply(connection_->xcb(), xcb_query_tree(connection_->xcb(), window), nullptr));
-  connection_->repliesWereRead();
-  return !tree || tree->parent == tree->root;
 }
 
 void X11Window::later(int milliseconds, int attempt, std::function<void()> step) {

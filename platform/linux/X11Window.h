@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QRect>
+#include <QRectF>
 #include <QTimer>
 #include <array>
 #include <functional>
@@ -28,7 +29,9 @@ class X11Window : public QObject {
   // A border counts, too.
   static bool isFramed(const QWindow& window, X11Connection* connection);
 
+  WindowRole role() const { return role_; }
   void place(const QRect& frame);
+  void setInputRect(const QRectF& rect);
   void setTakesKeys(bool takesKeys);
   void activate(std::function<void(bool)> done);
   // Gives up asking for the keyboard, if it does.
@@ -46,9 +49,11 @@ class X11Window : public QObject {
   bool isBypassing() const;
   bool shouldBypass() const;
   bool canAsk() const { return connection_ && !connection_->isBroken(); }
+  bool changesHands() const;
+  void showAsAnother();
   void beforeShow();
-  void awaitRelease();
   void afterHide();
+  void applyInputRect();
   std::vector<std::uint32_t> wantedStates() const;
   // By a message to the root window, as those to window managers are.
   void tellManager(const char* what, const std::array<std::uint32_t, 5>& values);
@@ -57,7 +62,6 @@ class X11Window : public QObject {
   void writeUserTime(xcb_timestamp_t time);
   void checkPlace();
   bool isViewable(xcb_window_t window) const { return connection_->isViewable(window); }
-  bool isAtRoot(xcb_window_t window) const;
   xcb_window_t focused() const { return connection_->focused(); }
   // The steps of `activate`; each gives up when a newer call has come.
   void askForFocus(int attempt, int turn);
@@ -74,6 +78,7 @@ class X11Window : public QObject {
   X11WindowManager& manager_;
   bool takesKeys_;
   std::optional<QRect> asked_;
+  std::optional<QRectF> input_;
   QTimer placeTimer_;
   X11Watch watch_;
   QElapsedTimer sinceKeyboard_;  // since it has last got it by `activate`

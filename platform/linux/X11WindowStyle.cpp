@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
 #include "platform/linux/ToolkitX11.h"
@@ -22,6 +21,10 @@ constexpr int normalType = 0x1;
 constexpr int dockType = 0x4;
 constexpr int utilityType = 0x20;
 constexpr int notificationType = 0x800;
+
+// xfwm4 draws a shadow about a dock that has no shape, and does not look whether its margin is clear. This one cuts
+// nothing off, on any screen.
+constexpr QRect shapeOfAll(0, 0, 10000, 10000);
 
 int typeOf(WindowRole role) {
   switch (role) {
@@ -126,7 +129,9 @@ void X11WindowStyle::setCompositingHandler(std::function<void(bool)> handler) { 
 
 void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double width, double height, double radius) {
   if (radius <= 0 || width <= 0 || height <= 0) {
-    window.setMask(QRegion());
+    const X11Window* ours = X11Window::of(window);
+    const bool isShadowed = isCompositing_ && ours && ours->role() == WindowRole::dock;
+    window.setMask(isShadowed ? QRegion(shapeOfAll) : QRegion());
     return;
   }
   const int left = int(std::lround(x));
@@ -145,19 +150,7 @@ void X11WindowStyle::setRoundedMask(QWindow& window, double x, double y, double 
 }
 
 void X11WindowStyle::setInputRect(QWindow& window, double x, double y, double width, double height) {
-  xcb_connection_t* xcb = toolkitConnection();
-  if (!xcb || firstEvent_ == 0) return;
-  const double scale = window.devicePixelRatio();
-  const auto pixels = [scale](double points) { return std::lround(points * scale); };
-  const xcb_rectangle_t rectangle{static_cast<std::int16_t>(pixels(x)), static_cast<std::int16_t>(pixels(y)),
-                                  static_cast<std::uint16_t>(pixels(width)),
-                                  static_cast<std::uint16_t>(pixels(height))};
-  const auto id = static_cast<xcb_window_t>(window.winId());
-  const xcb_xfixes_region_t region = xcb_generate_id(xcb);
-  xcb_xfixes_create_region(xcb, region, 1, &rectangle);
-  xcb_xfixes_set_window_shape_region(xcb, id, XCB_SHAPE_SK_INPUT, 0, 0, region);
-  xcb_xfixes_destroy_region(xcb, region);
-  xcb_flush(xcb);
+  if (X11Window* ours = X11Window::of(window)) ours->setInputRect({x, y, width, height});
 }
 
 void X11WindowStyle::setShadowMargin(QWindow& window, double margin) {

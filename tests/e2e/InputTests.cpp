@@ -131,6 +131,21 @@ TEST_F(HotKeysOnX11, FollowsTheKeyboardLayout) {
   EXPECT_GT(mappings, 0);
 }
 
+TEST_F(HotKeysOnX11, AnotherKeyboardLosesNoKey) {
+  X11HotKeys keys(connection_.get());
+  int presses = 0;
+  for (const char key : std::string("vbnmasdfghjkl"))
+    keys.add({.key = key, .command = true, .option = true}, [&] { ++presses; });
+  QStringList chords{"key", "--delay", "2"};
+  constexpr int count = 60;
+  for (int i = 0; i < count; ++i) chords << "super+alt+l";
+  const Client typist("xdotool", chords);
+  // Its layout is the same.
+  for (int i = 0; i < 30; ++i) run("setxkbmap", {"us"});
+  EXPECT_TRUE(waitFor([&] { return presses >= count; }));
+  EXPECT_EQ(presses, count);
+}
+
 class PointerOnX11 : public X11Test {
  protected:
   static void move() { ASSERT_EQ(run("xdotool", {"mousemove_relative", "1", "1"}).status, 0); }

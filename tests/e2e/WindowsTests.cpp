@@ -2,6 +2,7 @@
 // keyboard unless the user wants it to; and under a real compositor.
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWindow>
 #include <algorithm>
 #include <csignal>
@@ -18,13 +19,15 @@ class TypedWindow : public QWindow {
  public:
   QString typed;
   std::optional<bool> answer;  // to the wish for the keyboard
-  bool isPrepared = true;      // for each key that has come
+  int presses = 0;
+  bool isPrepared = true;  // for each key that has come
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     typed += event->text();
     isPrepared = isPrepared && answer;
   }
+  void mousePressEvent(QMouseEvent*) override { ++presses; }
 };
 
 // A terminal in which somebody types; what reaches it goes to a file at once.
@@ -166,6 +169,23 @@ TEST_F(WindowsOnManager, TheyAreWhereTheyArePutAndMoveNothing) {
       window.hide();
     }
   }
+}
+
+TEST_F(WindowsOnManager, OneThatTheManagerHadForAMomentTakesClicks) {
+  // Shown before it is known what the window manager does with it.
+  X11WindowStyle style(connection_.get());
+  TypedWindow window;
+  style.prepare(window, WindowRole::dock);
+  style.place(window, barFrame);
+  style.setInputRect(window, 0, 0, barFrame.width(), barFrame.height() / 2);
+  window.show();
+  waitFor([&] { return window.flags().testFlag(Qt::X11BypassWindowManagerHint); }, 1000);
+  ASSERT_TRUE(waitFor([&] { return place(xcb_window_t(window.winId())) == barFrame; }));
+  const auto click = [](int y) { run("xdotool", {"mousemove", "700", QString::number(y), "click", "1"}); };
+  click(barFrame.center().y() + 20);
+  click(barFrame.top() + 10);
+  EXPECT_TRUE(waitFor([&] { return window.presses > 0; }));
+  EXPECT_EQ(window.presses, 1);
 }
 
 TEST_F(WindowsOnManager, AKeyBringsTheKeyboardAndItGoesBack) {

@@ -235,6 +235,13 @@ class ControlTests : public QObject {
     QTRY_COMPARE(tips->text(), QString());
     QTest::mouseMove(&scene.window(), QPoint(10, 10));
     QTRY_COMPARE(tips->text(), QString("Close"));
+    QWindow other;
+    other.show();
+    other.requestActivate();
+    QTRY_COMPARE(tips->text(), QString());
+    QTest::mouseMove(&scene.window(), QPoint(250, 150));
+    QTest::mouseMove(&scene.window(), QPoint(10, 10));
+    QTRY_COMPARE(tips->text(), QString("Close"));
     delete scene.find("button");
     QCOMPARE(tips->text(), QString());
     QVERIFY(!tips->window());
