@@ -193,8 +193,13 @@ void AppDelegate::followDeletion() {
     // Hooks that are left in other programs' settings would call scripts that are gone.
     if (id.isEmpty())
       for (ConnectionModel* connection : std::initializer_list<ConnectionModel*>{
-               areas_.agents.claudeHooks(), areas_.agents.codexHooks(), areas_.usage.statusLine()})
-        if (connection->isConnected()) connection->remove();
+               areas_.agents.claudeHooks(), areas_.agents.codexHooks(), areas_.usage.statusLine()}) {
+        if (!connection->isConnected()) continue;
+        connection->remove();
+        // The status line that the user had before is among the files.
+        if (const QString problem = connection->problem(); !problem.isEmpty())
+          return warn(tr("Nothing was deleted"), problem);
+      }
     deletion_ = id.toStdString();
     QCoreApplication::exit();
   });

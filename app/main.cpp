@@ -24,7 +24,9 @@ namespace {
 
 // Deletes what the user keeps here no longer, and becomes a new run of the program that knows nothing of it.
 void startWithout(const std::string& data, const Surroundings& surroundings) {
-  const PersonalPlaces places{.data = surroundings.dataFolder, .defaults = surroundings.defaultsFile};
+  const PersonalPlaces places{.data = surroundings.dataFolder,
+                              .defaults = surroundings.defaultsFile,
+                              .cache = surroundings.userHome.ownCache()};
   for (const auto& left : deleteFiles(filesOf(data, places))) logLine("cannot delete " + left.string());
   // Without anything the guide comes.
   const bool isFirstRun = data.empty();

@@ -12,6 +12,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/agents.h"
 #include "core/base/Calendar.h"
 #include "core/base/Instant.h"
 #include "core/base/LineJSON.h"
@@ -68,7 +69,7 @@ std::optional<UsageBlock> activeBlock(std::vector<TokenUsage> uses, Instant now,
 // up to two threads, and memory that does not grow with the logs (replies: 16 bytes each).
 class ClaudeUsageScanner {
  public:
-  ClaudeUsageScanner();
+  explicit ClaudeUsageScanner(AgentFolders folders = {});
   ~ClaudeUsageScanner();
   ClaudeUsageScanner(const ClaudeUsageScanner&) = delete;
   ClaudeUsageScanner& operator=(const ClaudeUsageScanner&) = delete;
@@ -106,7 +107,7 @@ std::optional<Limits> latest(const std::filesystem::path& home, Instant now);
 // The same, remembering what each log held as long as its size and date stay.
 class Reader {
  public:
-  Reader();
+  explicit Reader(AgentFolders folders = {});
   ~Reader();
   Reader(const Reader&) = delete;
   Reader& operator=(const Reader&) = delete;
@@ -150,7 +151,7 @@ struct AIUsage {
 class AIUsageReader {
  public:
   // dataFolder: where the program keeps its own files.
-  AIUsageReader(std::filesystem::path home, const std::filesystem::path& dataFolder);
+  AIUsageReader(std::filesystem::path home, const std::filesystem::path& dataFolder, const AgentFolders& folders = {});
   ~AIUsageReader();
   AIUsageReader(const AIUsageReader&) = delete;
   AIUsageReader& operator=(const AIUsageReader&) = delete;

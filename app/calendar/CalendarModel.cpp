@@ -45,7 +45,7 @@ std::vector<CalendarPlace> foundPlaces(const UserHome& home, bool hasService) {
 CalendarModel::CalendarModel(Seams seams, QObject* parent)
     : TimedModel(parent),
       seams_(std::move(seams)),
-      subscriptions_({seams_.home.cache / "Ambrel/calendars", seams_.fetcher, seams_.background, seams_.now}) {
+      subscriptions_({seams_.home.ownCache() / "calendars", seams_.fetcher, seams_.background, seams_.now}) {
   keep({this, &agenda_, &today_, &tasks_, &sources_});
   connect(&subscriptions_, &CalendarSubscriptions::changed, this, [this] { look(); });
 }

@@ -39,12 +39,12 @@ void GitModel::choose(const std::string& path) {
 }
 
 void GitModel::setSeen(bool isSeen) {
-  isSeen_ = isSeen;
-  if (isSeen_ && isStale_) work_.ask();
+  if (std::exchange(isSeen_, isSeen) == isSeen || !isSeen) return;
+  if (isStale_ || !tellsAll()) work_.ask();
 }
 
 void GitModel::tick() {
-  if (!isSeen_ || (!isPartlyWatched_ && seams_.watch.tellsAll())) return;
+  if (!isSeen_ || tellsAll()) return;
   if (++ticks_ >= wait_) work_.ask();
 }
 

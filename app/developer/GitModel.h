@@ -56,6 +56,8 @@ class GitModel : public QObject {
   };
   PacedWork::Job reading();
   void take(const Timed& timed);
+  // Every change of the state is told.
+  bool tellsAll() const { return !isPartlyWatched_ && seams_.watch.tellsAll(); }
   void changed();
   void follow(std::vector<WatchedFolder> folders);
 

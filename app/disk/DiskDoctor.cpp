@@ -113,11 +113,11 @@ void DiskDoctor::start(Source source) {
 void DiskDoctor::beginScan() {
   news_ = std::make_shared<ScanNews>(*this, seams_.now, [this] { showNews(); });
   showNews();
+  excluded_ = seams_.excluded ? seams_.excluded() : std::set<std::string, std::less<>>();
   const auto outcome = std::make_shared<ScanOutcome>();
   seams_.background(
       [outcome, url = source_->url, watch = news_->watch(), stop = scanTask_.get_token(),
-       scanner = DiskScanner{.excluded = seams_.excluded ? seams_.excluded() : std::set<std::string, std::less<>>(),
-                             .minItemSize = smallestListed}] {
+       scanner = DiskScanner{.excluded = excluded_, .minItemSize = smallestListed}] {
         try {
           outcome->result = scanner.scan(url, watch, stop);
         } catch (const FileError&) {
@@ -159,9 +159,11 @@ void DiskDoctor::finishScan(ScanOutcome& outcome) {
 
 void DiskDoctor::analyze() {
   const auto outcome = std::make_shared<AnalysisOutcome>();
+  DiskAnalyzer rules = seams_.rules ? seams_.rules() : DiskAnalyzer();
+  rules.excluded = excluded_;
   seams_.background(
       [outcome, root = explorer_.root(), home = home_, runtimes = seams_.runtimes, now = seams_.now(),
-       calendar = seams_.calendar, rules = seams_.rules ? seams_.rules() : DiskAnalyzer(),
+       calendar = seams_.calendar, rules = std::move(rules),
        control = AnalysisControl{.stop = scanTask_.get_token(), .progress = news_->compareProgress()}] {
         try {
           outcome->knowsAccess = ambrel::knowsAccess(*root);

@@ -119,6 +119,7 @@ class DiskDoctor : public QObject {
   Seams seams_;
   bool skipsAccess_ = false;
   std::optional<Source> source_;
+  std::set<std::string, std::less<>> excluded_;  // of the present scan
   DiskStatus status_;
   DiskFace face_;
   DiskProgress progress_;

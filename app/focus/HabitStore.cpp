@@ -27,11 +27,9 @@ HabitStore::HabitStore(std::filesystem::path file, FocusSeams seams, QObject* pa
     : FocusModel(std::move(seams), parent), file_(std::move(file)) {
   try {
     if (auto stored = JSONFileStore<HabitList>{file_}.load()) items_ = std::move(stored->items);
-  } catch (const DecodingError& error) {
-    logLine(std::string("cannot read habits: ") + error.what());
-    keepUnreadable();
   } catch (const std::exception& error) {
     logLine(std::string("cannot read habits: ") + error.what());
+    keepUnreadable();
   }
   update();
 }

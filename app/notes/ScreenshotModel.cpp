@@ -90,21 +90,21 @@ QImage ScreenshotModel::chosen() const {
   return box_ == all ? picture_ : picture_.copy(pixels.toRect());
 }
 
-void ScreenshotModel::pack(std::function<void(const QByteArray& png)> done) {
+void ScreenshotModel::pack(std::function<void(const QByteArray& png)> use, std::function<void()> done) {
   if (picture_.isNull() || isSaving_) return;
   isSaving_ = true;
   publish();
-  auto bytes = std::make_shared<QByteArray>();
   seams_.background(
-      [bytes, image = chosen()] {
-        QBuffer buffer(bytes.get());
+      [image = chosen(), use = std::move(use)] {
+        QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
         image.save(&buffer, "PNG");
+        use(buffer.data());
       },
-      [this, bytes, done = std::move(done)] {
+      [this, done = std::move(done)] {
         isSaving_ = false;
         publish();
-        done(*bytes);
+        done();
       });
 }
 
@@ -113,20 +113,23 @@ void ScreenshotModel::save() {
   const auto two = [](int number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
   const QString name = tr("Screenshot") + QStringLiteral(" %1-%2-%3 ").arg(at.year).arg(two(at.month), two(at.day)) +
                        QStringList{two(at.hour), two(at.minute), two(at.second)}.join(u'-');
-  pack([this, name](const QByteArray& png) {
-    const SavedFile saved = savePNG(png, seams_.folder(), name);
-    if (saved.path.isEmpty())
-      shell_.showToast(tr("Not saved"), saved.problem, QStringLiteral("exclamationmark.triangle"));
-    else
-      shell_.showToast(tr("Saved"), saved.path, QStringLiteral("square.and.arrow.down"));
-  });
+  const auto saved = std::make_shared<SavedFile>();
+  pack([saved, folder = seams_.folder(), name](const QByteArray& png) { *saved = savePNG(png, folder, name); },
+       [this, saved] {
+         if (saved->path.isEmpty())
+           shell_.showToast(tr("Not saved"), saved->problem, QStringLiteral("exclamationmark.triangle"));
+         else
+           shell_.showToast(tr("Saved"), saved->path, QStringLiteral("square.and.arrow.down"));
+       });
 }
 
 void ScreenshotModel::copy() {
-  pack([this](const QByteArray& png) {
-    seams_.copy({{"image/png", png.toStdString()}});
-    shell_.showToast(tr("Copied"), tr("The screenshot is on the clipboard"), QStringLiteral("doc.on.doc"));
-  });
+  const auto bytes = std::make_shared<QByteArray>();
+  pack([bytes](const QByteArray& png) { *bytes = png; },
+       [this, bytes] {
+         seams_.copy({{"image/png", bytes->toStdString()}});
+         shell_.showToast(tr("Copied"), tr("The screenshot is on the clipboard"), QStringLiteral("doc.on.doc"));
+       });
 }
 
 void ScreenshotModel::publish() {

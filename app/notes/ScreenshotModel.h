@@ -75,8 +75,8 @@ class ScreenshotModel : public QObject {
  private:
   void capture();
   QImage chosen() const;
-  // Off the main thread.
-  void pack(std::function<void(const QByteArray& png)> done);
+  // `use` gets the chosen part off the main thread, and then `done` is called on it.
+  void pack(std::function<void(const QByteArray& png)> use, std::function<void()> done);
   void publish();
 
   Seams seams_;

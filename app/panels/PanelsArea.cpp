@@ -66,7 +66,8 @@ PanelsArea::PanelsArea(const Seams& seams, DueTimer& due, QObject* parent)
       keys_(seams.hotKeys, seams.settings),
       startAtLogin_(seams.userHome.config, installedAutostartFile(), seams.program),
       choices_(seams.defaults, seams.settings, seams.model),
-      privacy_({.data = seams.data, .defaults = seams.defaultsFile}, sourcesOf(seams), seams.home, seams.calendar),
+      privacy_({.data = seams.data, .defaults = seams.defaultsFile, .cache = seams.userHome.ownCache()},
+               sourcesOf(seams), seams.home, seams.calendar),
       licence_({.file = licenceFile(seams.data), .key = seams.licenceKey, .calendar = seams.calendar, .now = seams.now},
                seams.license),
       welcome_(seams.model, {.home = seams.home, .agentFolders = seams.agentFolders, .userHome = seams.userHome}) {

@@ -46,7 +46,7 @@ void PrivacyModel::look() {
     row.detail = ambrel::toQString(data.detail);
     row.place = placeOf(files);
     row.isKept = true;
-    row.folder = toQString(data.names.empty() ? places_.defaults.parent_path() : places_.data);
+    row.folder = toQString(folderOf(data, places_));
     kept.push_back(std::move(row));
   }
   for (const Source& source : sources_) {

@@ -11,7 +11,9 @@ constexpr std::chrono::seconds interval{60};
 
 AIUsageModel::AIUsageModel(const std::filesystem::path& home, const std::filesystem::path& dataFolder, Seams seams,
                            QObject* parent)
-    : QObject(parent), seams_(std::move(seams)), reader_(std::make_shared<AIUsageReader>(home, dataFolder)) {
+    : QObject(parent),
+      seams_(std::move(seams)),
+      reader_(std::make_shared<AIUsageReader>(home, dataFolder, seams_.folders)) {
   updateTiles();
   timer_.setTimerType(Qt::VeryCoarseTimer);
   timer_.setInterval(interval);

@@ -27,6 +27,7 @@ class AIUsageModel : public QObject {
     Background background;
     std::function<Instant()> now;
     PresentCalendar calendar;
+    AgentFolders folders = {};
   };
 
   // dataFolder: where the program keeps its own files.

@@ -10,7 +10,7 @@ UsageArea::UsageArea(AppSettings& settings, const std::filesystem::path& home, c
       calendar_(seams.calendar),
       now_(seams.now),
       usage_(home, dataFolder, seams),
-      statusLine_(ClaudeStatusLine::Files(home, dataFolder)),
+      statusLine_(ClaudeStatusLine::Files(home, dataFolder, seams.folders)),
       budget_(settings, seams.calendar) {
   keep({this, &usage_, &statusLine_, &budget_});
   connect(&statusLine_, &ClaudeStatusLineModel::connectionChanged, &usage_, &AIUsageModel::refresh);

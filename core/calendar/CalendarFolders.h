@@ -10,6 +10,7 @@ namespace ambrel {
 struct UserHome {
   // $HOME, $XDG_DATA_HOME, $XDG_CONFIG_HOME, $XDG_CACHE_HOME
   std::filesystem::path home, data, config, cache;
+  std::filesystem::path ownCache() const { return cache / "Ambrel"; }
 };
 
 // Folders and files that are there: those that the settings of khal and vdirsyncer name, and the usual ones of these,

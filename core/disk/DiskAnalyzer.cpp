@@ -131,6 +131,10 @@ class Analysis {
     if (!found.place.empty()) entry.title += " (" + found.place + ")";
     entry.contentsOnly = true;
     entry.detail = target.detail;
+    const std::string prefix = joinedPath(entry.url, "");
+    for (auto at = settings_.excluded.lower_bound(prefix); at != settings_.excluded.end() && at->starts_with(prefix);
+         ++at)
+      leaveOut(entry, at->substr(0, at->find('/', prefix.size())));
     return entry;
   }
 
@@ -172,11 +176,12 @@ class Analysis {
   // The folder without those of `others` that are directly in it and are offered on their own.
   void leaveOut(CleanupItem& entry, std::string_view relativePath, std::span<const CleanupTarget> others) const {
     const std::string prefix = std::string(relativePath) + "/";
-    for (const CleanupTarget& other : others) {
-      if (!other.relativePath.starts_with(prefix)) continue;
-      entry.keeping.emplace(other.relativePath.substr(other.relativePath.rfind('/') + 1));
-      if (const DiskItem* node = inHome(other.relativePath)) entry.bytes -= node->size();
-    }
+    for (const CleanupTarget& other : others)
+      if (other.relativePath.starts_with(prefix)) leaveOut(entry, joinedPath(home_, other.relativePath));
+  }
+  void leaveOut(CleanupItem& entry, const std::string& child) const {
+    if (!entry.keeping.emplace(child.substr(child.rfind('/') + 1)).second) return;
+    if (const DiskItem* node = find(root_, child)) entry.bytes -= node->size();
   }
 
   void appCaches() {

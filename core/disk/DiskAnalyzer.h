@@ -2,6 +2,7 @@
 // Ten rules over a size tree. Each claims what it lists, so that no byte is offered twice. Nothing is changed.
 
 #include <functional>
+#include <set>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -35,6 +36,8 @@ struct DiskAnalyzer {
   double archiveDays = 180;
   double runtimeDays = 180;
   double screenshotDays = 30;
+  // The folders that the scan was told to pass over. They stay where they are, with what holds them.
+  std::set<std::string, std::less<>> excluded = {};
 
   // Findings in the order of evaluation: developerCaches, appCaches, oldArchives, oldSimulatorRuntimes, trash,
   // staleBuildFolders, oldInstallers, oldScreenshots, duplicates, largeOldFiles. Only nodes of the tree are listed,

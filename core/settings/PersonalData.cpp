@@ -24,6 +24,11 @@ const PersonalData table[] = {
      "Answers of web services",
      "Icons of your bookmarks' sites, news and exchange rates",
      {"Favicons", "hacker-news.json", "currency-rates.json"}},
+    {"calendars",
+     "Subscribed calendars",
+     "Copies of the calendars that you follow by their address",
+     {"calendars"},
+     true},
     {"profiles", "Profiles", "Which tiles are on the bar", {"profiles.json"}},
     {"choices", "Choices and counters", "Settings, timers, moods and what the tiles have counted", {}}};
 
@@ -46,11 +51,16 @@ bool isNamed(const fs::path& entry, std::string_view name) {
 
 std::span<const PersonalData> personalData() { return table; }
 
+fs::path folderOf(const PersonalData& data, const PersonalPlaces& places) {
+  if (data.names.empty()) return places.defaults.parent_path();
+  return data.isCopy ? places.cache : places.data;
+}
+
 std::vector<fs::path> filesOf(const PersonalData& data, const PersonalPlaces& places) {
   std::vector<fs::path> files;
   const bool areChoices = data.names.empty();
   const std::string choices = places.defaults.filename().string();
-  for (fs::path& entry : entriesOf(areChoices ? places.defaults.parent_path() : places.data)) {
+  for (fs::path& entry : entriesOf(folderOf(data, places))) {
     const bool isOurs = areChoices ? isNamed(entry, choices)
                                    : std::ranges::any_of(data.names, [&](auto name) { return isNamed(entry, name); });
     if (isOurs) files.push_back(std::move(entry));
@@ -64,6 +74,7 @@ std::vector<fs::path> filesOf(std::string_view id, const PersonalPlaces& places)
   if (!id.empty()) return files;
   for (fs::path& entry : entriesOf(places.data))
     if (entry != licenceFile(places.data)) files.push_back(std::move(entry));
+  std::ranges::move(entriesOf(places.cache), std::back_inserter(files));
   return files;
 }
 

@@ -49,8 +49,8 @@ class Remembered {
 }  // namespace
 
 struct AIUsageReader::Impl {
-  Impl(std::filesystem::path homeFolder, const std::filesystem::path& dataFolder)
-      : home(std::move(homeFolder)), files(home, dataFolder) {}
+  Impl(std::filesystem::path homeFolder, const std::filesystem::path& dataFolder, const AgentFolders& folders)
+      : home(std::move(homeFolder)), files(home, dataFolder, folders), scanner(folders), codex(folders) {}
 
   std::filesystem::path home;
   ClaudeStatusLine::Files files;
@@ -60,8 +60,9 @@ struct AIUsageReader::Impl {
   Remembered<std::optional<ClaudeLimits::Limits>> limits;
 };
 
-AIUsageReader::AIUsageReader(std::filesystem::path home, const std::filesystem::path& dataFolder)
-    : impl_(std::make_unique<Impl>(std::move(home), dataFolder)) {}
+AIUsageReader::AIUsageReader(std::filesystem::path home, const std::filesystem::path& dataFolder,
+                             const AgentFolders& folders)
+    : impl_(std::make_unique<Impl>(std::move(home), dataFolder, folders)) {}
 AIUsageReader::~AIUsageReader() = default;
 
 AIUsage AIUsageReader::read(Instant now, const Calendar& calendar) {

@@ -78,8 +78,7 @@ std::optional<std::string> commandOf(const ForeignJSON& settings) {
 
 // Whether a command starts the script, under any of the names that a user would write by hand.
 bool mentionsScript(const std::string& text, const Files& files) {
-  const std::filesystem::path home = files.settings.parent_path().parent_path();
-  const std::string relative = files.script.lexically_relative(home).string();
+  const std::string relative = files.script.lexically_relative(files.home).string();
   const std::string names[] = {files.script.string(), command(files.script), "~/" + relative, "$HOME/" + relative,
                                "${HOME}/" + relative};
   return std::any_of(std::begin(names), std::end(names),
@@ -94,9 +93,11 @@ void removeFile(const std::filesystem::path& path) {
 
 }  // namespace
 
-Files::Files(const std::filesystem::path& home, const std::filesystem::path& dataFolder)
-    : settings(home / ".claude/settings.json"),
-      backup(home / ".claude/settings.json.ambrel-backup"),
+Files::Files(const std::filesystem::path& homeFolder, const std::filesystem::path& dataFolder,
+             const AgentFolders& folders)
+    : home(homeFolder),
+      settings(folders.claudeIn(home) / "settings.json"),
+      backup(folders.claudeIn(home) / "settings.json.ambrel-backup"),
       snapshot(dataFolder / "claude-status.json"),
       script(dataFolder / "claude-statusline.sh"),
       original(dataFolder / "claude-statusline-original") {}

@@ -6,11 +6,13 @@
 #include <optional>
 #include <string>
 
+#include "core/agents.h"
 #include "core/usage/ForeignJSON.h"
 
 namespace ambrel::ClaudeStatusLine {
 
 struct Files {
+  std::filesystem::path home;
   std::filesystem::path settings;  // Claude Code's
   std::filesystem::path backup;    // as the settings were before the first change
   std::filesystem::path snapshot;  // the last input with limits, which ClaudeLimits::read reads
@@ -18,7 +20,8 @@ struct Files {
   std::filesystem::path original;  // the user's own status line: the command alone
 
   // dataFolder: where the program keeps its own files. It should be absolute, as the script is run from anywhere.
-  Files(const std::filesystem::path& home, const std::filesystem::path& dataFolder);
+  Files(const std::filesystem::path& homeFolder, const std::filesystem::path& dataFolder,
+        const AgentFolders& folders = {});
 };
 
 // What the user reads when the settings could not be changed.

@@ -43,6 +43,7 @@ struct ClaudeUsageScanner::Impl {
     std::uint64_t bytes() const { return file.size < offset ? file.size : file.size - offset; }
   };
 
+  AgentFolders folders;
   std::mutex mutex;
   std::unordered_map<std::string, Log> logs;
   std::vector<TokenUsage> uses;  // in order of their dates
@@ -116,13 +117,15 @@ struct ClaudeUsageScanner::Impl {
   }
 };
 
-ClaudeUsageScanner::ClaudeUsageScanner() : impl_(std::make_unique<Impl>()) {}
+ClaudeUsageScanner::ClaudeUsageScanner(AgentFolders folders) : impl_(std::make_unique<Impl>()) {
+  impl_->folders = std::move(folders);
+}
 ClaudeUsageScanner::~ClaudeUsageScanner() = default;
 
 ClaudeUsageSnapshot ClaudeUsageScanner::scan(const std::filesystem::path& home, Instant now, const Calendar& calendar) {
   const std::scoped_lock lock(impl_->mutex);
   const Instant cutOff = advanced(now, -kept);
-  auto tasks = impl_->changedLogs(home / ".claude/projects", cutOff);
+  auto tasks = impl_->changedLogs(impl_->folders.claudeIn(home) / "projects", cutOff);
   if (!tasks.empty()) {
     Impl::read(tasks);
     impl_->add(tasks);

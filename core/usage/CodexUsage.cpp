@@ -49,6 +49,7 @@ struct Reader::Impl {
     SessionFile file;
     std::optional<Limits> limits;
   };
+  AgentFolders folders;
   std::map<std::string, Seen> seen;
   LineParser parser;
 
@@ -69,11 +70,11 @@ struct Reader::Impl {
   }
 };
 
-Reader::Reader() : impl_(std::make_unique<Impl>()) {}
+Reader::Reader(AgentFolders folders) : impl_(std::make_unique<Impl>()) { impl_->folders = std::move(folders); }
 Reader::~Reader() = default;
 
 std::optional<Limits> Reader::latest(const std::filesystem::path& home, Instant now) {
-  auto files = recentSessionFiles(home / ".codex/sessions", advanced(now, -recentLogs), true);
+  auto files = recentSessionFiles(impl_->folders.codexIn(home) / "sessions", advanced(now, -recentLogs), true);
   std::stable_sort(files.begin(), files.end(), [](const SessionFile& a, const SessionFile& b) {
     return a.modified != b.modified ? a.modified > b.modified : a.modifiedRest > b.modifiedRest;
   });

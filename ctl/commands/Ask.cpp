@@ -22,7 +22,8 @@ class StoredBar {
   std::string perform(const AssistantCall& call) {
     const Instant now = context_.now();
     std::vector<AgentSession> sessions;
-    if (call.action == AssistantAction::agentsStatus) sessions = AgentPoll(context_.data).sessions(context_.home, now);
+    if (call.action == AssistantAction::agentsStatus)
+      sessions = AgentPoll(context_.data, context_.agentFolders).sessions(context_.home, now);
     const AssistantOutcome outcome = carryOut(call, {.profiles = profiles_,
                                                      .active = resolve(profiles_, {}, std::nullopt),
                                                      .sessions = sessions,

@@ -10,7 +10,7 @@ using Action = void (*)(const ClaudeStatusLine::Files&);
 
 // Claude Code runs the script from folders of its own.
 ClaudeStatusLine::Files filesOf(const Context& context) {
-  return {std::filesystem::absolute(context.home), std::filesystem::absolute(context.data)};
+  return {std::filesystem::absolute(context.home), std::filesystem::absolute(context.data), context.agentFolders};
 }
 
 void printStatusLine(Context& context) {

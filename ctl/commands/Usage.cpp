@@ -35,7 +35,7 @@ std::string asTable(const AIUsage& usage, const Context& context, Instant now) {
 
 void runUsage(const Arguments& arguments, Context& context) {
   const auto interval = watchInterval(arguments, passInterval);
-  AIUsageReader reader(context.home, context.data);
+  AIUsageReader reader(context.home, context.data, context.agentFolders);
   if (!context.json)
     return printWatching(context, interval, [&] {
       const Instant now = context.now();

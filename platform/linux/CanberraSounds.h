@@ -1,15 +1,10 @@
 #pragma once
-// libcanberra, on a thread of its own: a sound server that hangs must not hang the bar.
+// libcanberra, on a thread of its own: a sound server that hangs must not hang the bar, nor its end.
 
-#include <condition_variable>
-#include <deque>
-#include <mutex>
-#include <string>
-#include <thread>
+#include <future>
+#include <memory>
 
 #include "platform/Sounds.h"
-
-struct ca_context;
 
 namespace ambrel {
 
@@ -23,19 +18,9 @@ class CanberraSounds : public Sounds {
   void stop() override;
 
  private:
-  struct Order {
-    enum class Kind { play, loop, stop, quit } kind;
-    std::string name;
-  };
-  void give(Order order);
-  void run();
-  void start(ca_context* context, const std::string& name, bool isLoop);
-
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  std::deque<Order> orders_;
-  bool loopEnded_ = false;  // the looped sound has come to its end
-  std::thread thread_;
+  struct Player;
+  std::shared_ptr<Player> player_;  // the thread's too, which may outlive this
+  std::future<void> ended_;
 };
 
 }  // namespace ambrel

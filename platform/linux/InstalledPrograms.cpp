@@ -70,7 +70,8 @@ void InstalledPrograms::read() {
     const auto applications = root / "applications";
     std::error_code error, unknown;
     see(applications);
-    for (std::filesystem::recursive_directory_iterator file(applications, error), end; !error && file != end;
+    constexpr auto options = std::filesystem::directory_options::skip_permission_denied;
+    for (std::filesystem::recursive_directory_iterator file(applications, options, error), end; !error && file != end;
          file.increment(error)) {
       // Before the iterator goes into it.
       if (file->is_directory(unknown)) see(file->path());

@@ -31,8 +31,37 @@ QRect capturedArea(const QScreen& screen) {
   return {frame.topLeft(), (QSizeF(frame.size()) * screen.devicePixelRatio()).toSize()};
 }
 
+// A segment that the server and we see.
+class SharedMemory {
+ public:
+  explicit SharedMemory(std::size_t size) : id_(shmget(IPC_PRIVATE, size, IPC_CREAT | 0600)) {
+    if (id_ < 0) return;
+    void* at = shmat(id_, nullptr, 0);
+    if (at != reinterpret_cast<void*>(-1)) bytes_ = static_cast<uchar*>(at);
+  }
+  ~SharedMemory() {
+    if (bytes_) shmdt(bytes_);
+    release();
+  }
+  SharedMemory(const SharedMemory&) = delete;
+  SharedMemory& operator=(const SharedMemory&) = delete;
+
+  int id() const { return id_; }
+  const uchar* bytes() const { return bytes_; }
+  // From now on it ends with those who have it, however they end.
+  void release() {
+    if (id_ >= 0) shmctl(std::exchange(id_, -1), IPC_RMID, nullptr);
+  }
+
+ private:
+  int id_;
+  uchar* bytes_ = nullptr;
+};
+
+}  // namespace
+
 // Cuts windows to nothing while it lives.
-class Hidden {
+class X11ScreenCapture::Hidden {
  public:
   explicit Hidden(X11Connection& connection) : connection_(connection) {
     for (QWindow* window : QGuiApplication::topLevelWindows())
@@ -82,38 +111,10 @@ class Hidden {
   std::vector<Shape> shapes_;
 };
 
-// A segment that the server and we see.
-class SharedMemory {
- public:
-  explicit SharedMemory(std::size_t size) : id_(shmget(IPC_PRIVATE, size, IPC_CREAT | 0600)) {
-    if (id_ < 0) return;
-    void* at = shmat(id_, nullptr, 0);
-    if (at != reinterpret_cast<void*>(-1)) bytes_ = static_cast<uchar*>(at);
-  }
-  ~SharedMemory() {
-    if (bytes_) shmdt(bytes_);
-    release();
-  }
-  SharedMemory(const SharedMemory&) = delete;
-  SharedMemory& operator=(const SharedMemory&) = delete;
-
-  int id() const { return id_; }
-  const uchar* bytes() const { return bytes_; }
-  // From now on it ends with those who have it, however they end.
-  void release() {
-    if (id_ >= 0) shmctl(std::exchange(id_, -1), IPC_RMID, nullptr);
-  }
-
- private:
-  int id_;
-  uchar* bytes_ = nullptr;
-};
-
-}  // namespace
-
 void X11ScreenCapture::capture(std::function<void(ScreenPicture)> done) {
   if (!connection_ || connection_->isBroken()) return done({.problem = "There is no screen to capture."});
-  auto hidden = std::make_shared<Hidden>(*connection_);
+  auto hidden = hidden_.lock();
+  if (!hidden) hidden_ = hidden = std::make_shared<Hidden>(*connection_);
   const auto wait = hidden->isAny() ? redrawTime : 0ms;
   QTimer::singleShot(wait, this, [this, hidden, turn = ++turn_, done = std::move(done)]() mutable {
     if (turn != turn_) return;

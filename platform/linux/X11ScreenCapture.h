@@ -2,6 +2,7 @@
 // The root window's pixels, by shared memory where the server is on this computer.
 
 #include <QObject>
+#include <memory>
 
 #include "platform/ScreenCapture.h"
 #include "platform/linux/X11Connection.h"
@@ -19,11 +20,14 @@ class X11ScreenCapture : public QObject, public ScreenCapture {
   void capture(std::function<void(ScreenPicture)> done) override;
 
  private:
+  class Hidden;
   ScreenPicture picture(const QScreen& screen);
   QImage pixels(const QRect& area);
   std::vector<QRectF> windows(const QRect& area);
 
   X11Connection* connection_;
+  // Shared by captures that overlap: a second one would take the cut windows for whole ones.
+  std::weak_ptr<Hidden> hidden_;
   int turn_ = 0;
 };
 

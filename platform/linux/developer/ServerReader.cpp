@@ -49,7 +49,8 @@ std::vector<SocketHolder> ServerReader::holders() const {
     std::vector<std::uint64_t> inodes = socketsOf(process);
     if (inodes.empty()) continue;
     const auto times = parseProcessTimes(readText(proc_ / process / "stat").value_or(""));
-    if (!times) continue;
+    // The session's service manager has the sockets of services, whether they run or not, and is none of them.
+    if (!times || times->name == "systemd") continue;
     std::string folder = linkTarget(proc_ / process / "cwd");
     if (folder.ends_with(" (deleted)")) folder.clear();
     found.push_back({times->pid, times->startTicks,

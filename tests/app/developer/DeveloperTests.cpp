@@ -142,6 +142,12 @@ class DeveloperTests : public QObject {
     QVERIFY(room.tools->asked.empty());
     room.tick(1);
     QTRY_VERIFY(!room.work.waiting.empty());
+    room.work.letGo();
+    room.takeAsked();
+    // What has changed while the bar was away was told by nobody.
+    room.see({DockWidget::gitStatus}, false);
+    room.see({DockWidget::gitStatus});
+    QTRY_VERIFY(!room.work.waiting.empty());
   }
 
   void actsOnTheRowThatWasMeantAndSaysWhyNot() {

@@ -305,6 +305,18 @@ class FocusModelsTests : public QObject {
     QCOMPARE(HabitStore(file, room.seams()).face().count, 1);
   }
 
+  void aHabitFileThatCannotBeReadIsKept() {
+    FocusRoom room;
+    const auto file = room.folder.write("Ambrel/habits.json", "");
+    std::filesystem::remove(file);
+    std::filesystem::create_symlink(room.folder / "not mounted/habits.json", file);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: cannot read habits: ")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: the file is kept as ")));
+    HabitStore store(file, room.seams());
+    QVERIFY(store.add(QStringLiteral("Read")));
+    QVERIFY(std::filesystem::is_symlink(file.string() + ".unreadable"));
+  }
+
   void aDamagedHabitFileIsKept() {
     FocusRoom room;
     const auto file = room.folder.write("Ambrel/habits.json", "{\"no\":\"array\"}");

@@ -99,6 +99,17 @@ TEST(AppCaches, OfThisSystemAreItemsOfTheirOwn) {
   EXPECT_THAT(pathsOf(findingOf(findings, FindingRule::developerCaches)), ElementsAre(".cache/uv"));
 }
 
+TEST(AppCaches, LeaveOutWhatTheScanPassedOver) {
+  DiskAnalyzer rules;
+  rules.excluded = {home + "/.cache/models/large", home + "/.cache/photos", home + "/.cacheless"};
+  const auto findings = analyze(aged(0, {".cache/models/small", ".cache/other"}), {}, rules);
+  const DiskFinding* finding = findingOf(findings, FindingRule::appCaches);
+  ASSERT_TRUE(finding);
+  EXPECT_TRUE(finding->items.front().keeping.contains("models"));
+  EXPECT_TRUE(finding->items.front().keeping.contains("photos"));
+  EXPECT_EQ(finding->bytes(), 29 * mega);
+}
+
 TEST(OldArchives, ByTheirExtensionAndAge) {
   const std::string base = "Library/Developer/Xcode/Archives/2025/";
   const auto findings = analyze({{base + "Shop 1.xcarchive/big", 5 * mega, daysBefore(now, 181)},

@@ -53,7 +53,7 @@ TEST(Keys, AreReadInAnyOrderAndWrittenInOne) {
 
 TEST(PersonalData, AllButTheLicenceIsDeletedAndNoLinkIsFollowed) {
   const TemporaryFolder folder;
-  const PersonalPlaces places{folder / "data", folder / "config/defaults.json"};
+  const PersonalPlaces places{folder / "data", folder / "config/defaults.json", folder / "cache"};
   folder.write("mine/keep.txt", "x");
   folder.write("data/todos.json.unreadable", "1234");
   folder.write("data/todos.jsonx", "12345678");
@@ -61,9 +61,11 @@ TEST(PersonalData, AllButTheLicenceIsDeletedAndNoLinkIsFollowed) {
   folder.write("data/licence.json", "{}");
   folder.write("config/defaults.json", "{}");
   folder.write("config/other.json", "{}");
+  folder.write("cache/calendars/family.ics", "123");
   std::filesystem::create_directory_symlink(folder / "mine", folder / "data/Clipboard/link");
   EXPECT_THAT(filesOf("lists", places), ElementsAre(folder / "data/todos.json.unreadable"));
   EXPECT_EQ(sizeOf(filesOf("lists", places)), 4u);
+  EXPECT_EQ(sizeOf(filesOf("calendars", places)), 3u);
   EXPECT_EQ(sizeOf({folder / "data/Clipboard"}), 2u) << "without what a link leads to";
 
   EXPECT_THAT(deleteFiles(filesOf("", places)), ElementsAre());
@@ -71,6 +73,7 @@ TEST(PersonalData, AllButTheLicenceIsDeletedAndNoLinkIsFollowed) {
   EXPECT_TRUE(std::filesystem::exists(folder / "data/licence.json"));
   EXPECT_TRUE(std::filesystem::exists(folder / "config/other.json"));
   EXPECT_FALSE(std::filesystem::exists(folder / "data/Clipboard"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "cache/calendars"));
   EXPECT_FALSE(std::filesystem::exists(folder / "config/defaults.json"));
 }
 

@@ -50,6 +50,19 @@ TEST_F(AIUsageReaderTest, JoinsTheThreeSources) {
   EXPECT_EQ(usage.claudeLimits, (ClaudeLimits::Limits{session, week, asOf}));
 }
 
+TEST_F(AIUsageReaderTest, FollowsToolsThatKeepTheirFilesElsewhere) {
+  const AgentFolders folders{home / "config/claude", home / "config/codex"};
+  const Instant recently = at("2026-11-21T11:00:00Z");
+  home.write("config/claude/projects/p/a.jsonl", replyLine("2026-11-21T10:30:00Z", 5), recently);
+  home.write("config/codex/sessions/a.jsonl", usageCase("codex/both.json") + "\n", recently);
+  ClaudeStatusLine::install({home.path(), home / "data", folders});
+  EXPECT_FALSE(std::filesystem::exists(home / ".claude"));
+  home.write("data/claude-status.json", usageCase("limits/both.json"), asOf);
+  const AIUsage usage = AIUsageReader(home.path(), home / "data", folders).read(recently, Calendar("UTC", "en_US"));
+  EXPECT_EQ(usage.claude.today, (UsageTotal{5, 1}));
+  EXPECT_TRUE(usage.codex && usage.claudeLimits);
+}
+
 TEST_F(AIUsageReaderTest, ShowsNoSnapshotWhileTheHookIsNotConnected) {
   home.write("data/claude-status.json", usageCase("limits/both.json"), asOf);
   EXPECT_FALSE(read().claudeLimits);

@@ -2,9 +2,12 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QLocalServer>
+#include <QTemporaryDir>
 #include <QWindow>
 #include <gtest/gtest.h>
 
+#include "platform/linux/CanberraSounds.h"
 #include "platform/linux/DBusNotifications.h"
 #include "platform/linux/DBusSessionService.h"
 #include "platform/linux/SessionBus.h"
@@ -63,6 +66,18 @@ TEST(WithoutXServer, WindowsGetTheirFlagsAndMasks) {
 TEST(ConnectorNames, TellBuiltInPanels) {
   for (const char* name : {"eDP-1", "eDP", "LVDS-1", "LVDS1", "DSI-1"}) EXPECT_TRUE(isBuiltinConnector(name)) << name;
   for (const char* name : {"HDMI-A-1", "DP-1", "VGA-1", "screen", ""}) EXPECT_FALSE(isBuiltinConnector(name)) << name;
+}
+
+TEST(SoundServerThatHangs, LetsTheProgramEnd) {
+  const QTemporaryDir folder;
+  QLocalServer server;
+  ASSERT_TRUE(server.listen(folder.filePath("native")));
+  qputenv("PULSE_SERVER", ("unix:" + server.fullServerName()).toUtf8());
+  QElapsedTimer timer;
+  timer.start();
+  CanberraSounds().play("bell");
+  EXPECT_LT(timer.elapsed(), 10'000);
+  qunsetenv("PULSE_SERVER");
 }
 
 TEST(WithoutBus, TheProgramRunsAlone) {

@@ -1,6 +1,7 @@
 #include <arpa/inet.h>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -17,7 +18,7 @@ namespace {
 // Another process that listens on the loopback address until it is told to end.
 class Listener {
  public:
-  explicit Listener(const std::filesystem::path& folder) {
+  explicit Listener(const std::filesystem::path& folder, const char* name = "listener") {
     const FileDescriptor socket(::socket(AF_INET, SOCK_STREAM, 0));
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -31,7 +32,7 @@ class Listener {
     if (pipe(ready) != 0) throw std::runtime_error("no pipe");
     pid = fork();
     if (pid == 0) {
-      if (chdir(folder.c_str()) == 0 && write(ready[1], "x", 1) == 1) pause();
+      if (prctl(PR_SET_NAME, name) == 0 && chdir(folder.c_str()) == 0 && write(ready[1], "x", 1) == 1) pause();
       _exit(0);
     }
     char byte = 0;
@@ -116,6 +117,15 @@ class Engine {
   FileDescriptor socket_;
   std::thread thread_;
 };
+
+TEST(ServerReader, TheServiceManagerIsNoServerOfItsSockets) {
+  const TemporaryFolder folder;
+  const Listener manager(folder.path(), "systemd");
+  ServerReader reader("/proc", getuid());
+  const auto server = serverOf(reader, manager);
+  ASSERT_TRUE(server);
+  EXPECT_EQ(server->pid, 0) << "it would end the session";
+}
 
 TEST(ContainerEngine, IsTheFirstSocketThatAnswers) {
   const TemporaryFolder folder;
