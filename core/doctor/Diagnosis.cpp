@@ -74,7 +74,7 @@ void addCompositor(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
   add("Other windows", offers(facts, "zwlr_foreign_toplevel_manager_v1"), "the compositor lists them",
       "which of them is in front is not known, and none can be brought forward");
   rows.push_back({"Keys", limited, "the compositor owns them",
-                  "Settings, General has the line for each key, to paste where the compositor wants it"});
+                  "Settings, General says which it has bound, and has a line for each where it binds none"});
 }
 
 void addWindowSystem(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
