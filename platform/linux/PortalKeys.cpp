@@ -62,7 +62,7 @@ void PortalKeys::ask(std::vector<OfferedKey> keys) {
             [this](const QString&, const QString&, const QString& owner) {
               // Its sessions ended with it.
               session_.clear();
-              hasName_ = false;
+              hasAskedForName_ = false;
               end();
               if (owner.isEmpty() || keys_.empty()) return become(Answer::none);
               begin();
@@ -77,11 +77,14 @@ void PortalKeys::ask(std::vector<OfferedKey> keys) {
 
 void PortalKeys::begin() {
   become(Answer::waiting);
-  if (std::exchange(hasName_, true)) return readVersion();
+  if (std::exchange(hasAskedForName_, true)) return readVersion();
   // Portals before 1.20 know of no names, and one that finds no desktop entry refuses ours. Some bind keys for programs
   // without a name all the same.
   call(QStringLiteral("org.freedesktop.host.portal.Registry"), QStringLiteral("Register"),
-       {applicationName, QVariantMap()}, [this](const QDBusMessage&) { readVersion(); });
+       {applicationName, QVariantMap()}, [this](const QDBusMessage& answer) {
+         isNamed_ = answer.type() == QDBusMessage::ReplyMessage;
+         readVersion();
+       });
 }
 
 void PortalKeys::readVersion() {
@@ -108,9 +111,11 @@ void PortalKeys::call(const QString& interface, const QString& method, const QVa
 bool PortalKeys::bindsOnce() const { return version_ < 2 && asciiLower(desktop_).find("kde") != std::string::npos; }
 
 void PortalKeys::createSession() {
-  // The same token each time: KDE takes it for the program's name where it knows no other.
-  request_.ask(keysInterface, QStringLiteral("CreateSession"), {},
-               {{QStringLiteral("session_handle_token"), applicationName}},
+  // KDE takes the token for the program's name where it knows no other, and refuses one of a session that it still has,
+  // as it does after the portal before it has gone.
+  ++sessions_;
+  const QString token = isNamed_ ? applicationName + QString::number(sessions_) : applicationName;
+  request_.ask(keysInterface, QStringLiteral("CreateSession"), {}, {{QStringLiteral("session_handle_token"), token}},
                [this](Outcome outcome, const QVariantMap& results) {
                  session_ = results.value(QStringLiteral("session_handle")).toString();
                  if (outcome != Outcome::answered || session_.isEmpty()) return become(Answer::none);

@@ -69,7 +69,8 @@ class PortalKeys : public QObject, public KeyKeeper {
   QString session_;   // empty for none
   uint version_ = 0;  // of the portal's interface
   int turn_ = 0;      // of the question; what comes to an older one is passed over
-  bool hasName_ = false;
+  int sessions_ = 0;  // that were asked for
+  bool hasAskedForName_ = false, isNamed_ = false;
   PortalRequest request_;
   QDBusServiceWatcher* watcher_ = nullptr;
 };

@@ -16,10 +16,13 @@ class KeysOfPortal : public BusTest {
   }
 
   QDBusMessage answerTo(const QDBusMessage& message) {
-    if (!hasKeys_ || message.member() == "Register")
-      return message.createErrorReply(QDBusError::UnknownMethod, "no such thing");
+    if (!hasKeys_) return message.createErrorReply(QDBusError::UnknownMethod, "no such thing");
+    if (message.member() == "Register") return message.createReply();
     if (message.member() == "Get") return message.createReply(QVariant::fromValue(QDBusVariant(version_)));
-    if (message.member() == "Close") return message.createReply();
+    if (message.member() == "Close") {
+      sessions_.erase(message.path());
+      return message.createReply();
+    }
     const QString sender = message.service().mid(1).replace('.', '_');
     const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().last());
     const QString request =
@@ -30,6 +33,7 @@ class KeysOfPortal : public BusTest {
       session_ = QStringLiteral("/org/freedesktop/portal/desktop/session/%1/%2")
                      .arg(sender, options["session_handle_token"].toString());
       results = {{"session_handle", session_}};
+      if (!sessions_.insert(session_).second) response = 2;
     } else if (message.member() == "BindShortcuts") {
       offered_ = qdbus_cast<QList<PortalShortcut>>(message.arguments().at(1));
       response = response_;
@@ -64,6 +68,7 @@ class KeysOfPortal : public BusTest {
   uint response_ = 0, version_ = 2;
   QList<PortalShortcut> bound_, offered_;
   QString session_;
+  std::set<QString> sessions_;  // which outlive the portal: the desktop has them
   QStringList pressed_;
   std::unique_ptr<FakeService> portal_;
   std::unique_ptr<PortalKeys> keys_;
