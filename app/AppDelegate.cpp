@@ -275,7 +275,7 @@ void AppDelegate::addBuddyOnce() {
 }
 
 void AppDelegate::firstRun() {
-  if (defaults_.boolean("welcomeDone").value_or(false)) return;
+  if (defaults_.boolean("welcomeDone").value_or(false)) return areas_.panels.globalKeys()->beginAsking();
   // Only what says so was lost, and the guide would cover the toast that tells of it.
   if (stored_.wereLost()) return store(defaults_, "welcomeDone", true);
   later()(Seconds(0.6), [this] { bar_->panels().open(bar_->welcomePanel()); });

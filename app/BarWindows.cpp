@@ -168,7 +168,10 @@ void BarWindows::followContext() {
   on(&WidgetContext::openSettings, [this](const QString& tab) { openSettings(tab); });
   on(&WidgetContext::chooseSettingsTab, [this](const QString& tab) { chooseSettingsTab(tab); });
   on(&WidgetContext::openPurchasePage, [] { QDesktopServices::openUrl(QUrl(QString::fromLatin1(purchasePage))); });
-  on(&WidgetContext::finishWelcome, [this] { store(with_.defaults, "welcomeDone", true); });
+  on(&WidgetContext::finishWelcome, [this] {
+    store(with_.defaults, "welcomeDone", true);
+    areas_.panels.globalKeys()->beginAsking();
+  });
   on(&WidgetContext::unlock, [this] { with_.license.showUpsell(); });
 }
 

@@ -2,10 +2,9 @@
 // System-wide key combinations that work while another program is in front.
 
 #include <functional>
-#include <optional>
-#include <string>
 
 #include "core/settings/KeyCombination.h"
+#include "platform/KeyKeeper.h"
 
 namespace ambrel {
 
@@ -22,9 +21,8 @@ class HotKeys {
   // `action` runs on the main thread at each press, until it is removed or this object ends. A combination that was
   // taken stays unregistered.
   virtual HotKeyResult add(const KeyCombination& combination, std::function<void()> action) = 0;
-  // The desktop that gives no program a key, as in XDG_CURRENT_DESKTOP; empty for an unknown one. Absent where keys
-  // are given out.
-  virtual std::optional<std::string> keeper() const = 0;
+  // Null where each program takes the keys that it wants.
+  virtual KeyKeeper* keeper() const = 0;
   // Gives the combination back; nothing where it is not registered. Also from within its own action.
   virtual void remove(const KeyCombination& combination) = 0;
 };

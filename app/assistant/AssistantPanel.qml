@@ -65,6 +65,8 @@ Popover {
             bottom: foot.top
         }
         topMargin: Theme.space3
+        leftMargin: Theme.space4
+        rightMargin: Theme.space4
         clip: true
         model: root.assistant.turns
         boundsBehavior: Flickable.StopAtBounds
@@ -81,7 +83,6 @@ Popover {
             positionViewAtEnd()
 
         delegate: TurnRow {
-            x: Theme.space4
             width: list.width - 2 * Theme.space4
             pose: root.buddy.pose
             live: root.presentation.isOnScreen

@@ -39,8 +39,9 @@ class Shell {
 struct AreaKey {
   const Setting<KeyCombination>* setting;
   std::function<void()> action;
-  std::string option;  // of the program, that does the same: "--toggle-clipboard"
-  char digit = 0;      // where one setting is of several keys: in the place of its own
+  std::string option;            // of the program, that does the same: "--toggle-clipboard"
+  char digit = 0;                // where one setting is of several keys: in the place of its own
+  std::string description = {};  // of this one of several; empty: that of the setting
 };
 
 // Its name is that of its QML module: the area "Focus" has the tiles of Ambrel.Focus. Each of its properties is handed

@@ -92,6 +92,8 @@ Popover {
         focus: true
         topMargin: Theme.space1
         bottomMargin: Theme.space2
+        leftMargin: Theme.space2
+        rightMargin: Theme.space2
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: true
         highlightMoveDuration: 0
@@ -107,9 +109,9 @@ Popover {
                 id: card
 
                 visible: root.hasDigest
-                x: Theme.space4 - 1
+                x: Theme.space4 - 1 - list.leftMargin
                 y: Theme.space2
-                width: list.width - 2 * x
+                width: list.width - 2 * (Theme.space4 - 1)
                 height: implicitHeight
                 center: root.center
             }
@@ -125,7 +127,7 @@ Popover {
             height: 32
 
             Label {
-                x: Theme.space4
+                x: Theme.space4 - list.leftMargin
                 anchors.bottom: parent.bottom
                 anchors.bottomMargin: Theme.space1
                 text: sectionHead.section
@@ -138,7 +140,6 @@ Popover {
         delegate: InboxRow {
             required property int index
 
-            x: Theme.space2
             width: list.width - 2 * Theme.space2
             isChosen: row.key === root.chosenKey
             onActiveFocusChanged: if (activeFocus)

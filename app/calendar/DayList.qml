@@ -19,7 +19,7 @@ ListView {
 
         Label {
             id: title
-            x: Theme.space4
+            x: Theme.space4 - root.leftMargin
             width: parent.width - 2 * Theme.space4
             anchors.bottom: parent.bottom
             anchors.bottomMargin: Theme.space1

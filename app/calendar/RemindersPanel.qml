@@ -40,6 +40,8 @@ Popover {
     DayList {
         anchors.fill: parent
         anchors.topMargin: Theme.space1
+        leftMargin: Theme.space2
+        rightMargin: Theme.space2
         visible: root.calendar.face.problem === ""
         model: root.calendar.tasks
         section.property: "section"
@@ -48,7 +50,6 @@ Popover {
         delegate: ListRow {
             required property taskRow row
 
-            x: Theme.space2
             width: ListView.view.width - 2 * Theme.space2
             symbol: "circle"
             symbolTone: row.isOverdue ? Theme.orange : null

@@ -25,7 +25,8 @@ std::vector<AreaKey> ClipboardArea::keys() {
   std::vector<AreaKey> keys{{&setting::shelfKeys, [this] { Q_EMIT shelfAsked(); }, "--toggle-clipboard"}};
   for (int number = 1; number <= 9; ++number)
     keys.push_back({&setting::pinnedKeys, [this, number] { Q_EMIT pinnedAsked(number); },
-                    "--copy-pinned " + std::to_string(number), static_cast<char>('0' + number)});
+                    "--copy-pinned " + std::to_string(number), static_cast<char>('0' + number),
+                    tr("Copies pinned clip %1").arg(number).toStdString()});
   return keys;
 }
 

@@ -33,11 +33,23 @@ KeyCombination pressedKeys(int key, Qt::KeyboardModifiers held) {
   return keys;
 }
 
+// "--copy-pinned 1" is "copy-pinned-1".
+std::string idOf(const AreaKey& key) {
+  std::string id = key.option.substr(std::min(key.option.find_first_not_of('-'), key.option.size()));
+  std::ranges::replace(id, ' ', '-');
+  return id;
+}
+
 }  // namespace
 
 GlobalKeys::GlobalKeys(HotKeys& hotKeys, AppSettings& settings, QObject* parent)
     : QObject(parent), hotKeys_(hotKeys), settings_(settings) {
   connect(&settings, &AppSettings::changed, this, &GlobalKeys::follow);
+  if (KeyKeeper* keeper = hotKeys_.keeper()) keeper->setChangeHandler([this] { desktopAnswered(); });
+}
+
+GlobalKeys::~GlobalKeys() {
+  if (KeyKeeper* keeper = hotKeys_.keeper()) keeper->setChangeHandler({});
 }
 
 void GlobalKeys::add(std::vector<AreaKey> keys) {
@@ -60,7 +72,55 @@ void GlobalKeys::release() {
   for (const Wanted& held : std::exchange(registered_, {})) hotKeys_.remove(held.combination);
 }
 
+void GlobalKeys::beginAsking() {
+  mayAsk_ = true;
+  askDesktop();
+}
+
+void GlobalKeys::askDesktop() {
+  KeyKeeper* keeper = hotKeys_.keeper();
+  if (!keeper || !mayAsk_ || !replaced(isAsking_, settings_.read(setting::keysAreAsked))) return;
+  std::vector<OfferedKey> offered;
+  if (isAsking_)
+    for (const AreaKey& key : keys_)
+      offered.push_back({idOf(key), key.description.empty() ? std::string(key.setting->description) : key.description,
+                         ofSetting(settings_.read(*key.setting), key.digit), key.action});
+  keeper->ask(std::move(offered));
+}
+
+void GlobalKeys::desktopAnswered() {
+  // The next start must not open the same window.
+  if (answer() == KeyKeeper::Answer::refused) settings_.set(setting::keysAreAsked, false);
+  update();
+}
+
+void GlobalKeys::askAgain() { settings_.set(setting::keysAreAsked, true); }
+
+void GlobalKeys::configure() {
+  if (KeyKeeper* keeper = hotKeys_.keeper()) keeper->configure();
+}
+
+KeyKeeper::Answer GlobalKeys::answer() const {
+  const KeyKeeper* keeper = hotKeys_.keeper();
+  return keeper ? keeper->answer() : KeyKeeper::Answer::none;
+}
+
+// A desktop that tells no key of all has them bound by hand, by the same lines as any other.
+bool GlobalKeys::areGiven() const {
+  return answer() == KeyKeeper::Answer::given && std::ranges::any_of(keys_, [this](const AreaKey& key) {
+           return !hotKeys_.keeper()->trigger(idOf(key)).empty();
+         });
+}
+
+bool GlobalKeys::canAsk() const { return hotKeys_.keeper() && mayAsk_ && !isAsking_; }
+
+bool GlobalKeys::canConfigure() const {
+  const KeyKeeper* keeper = hotKeys_.keeper();
+  return keeper && keeper->canConfigure();
+}
+
 void GlobalKeys::follow() {
+  askDesktop();
   if (!replaced(asked_, wanted())) return update();
   release();
   taken_.clear();
@@ -78,12 +138,26 @@ void GlobalKeys::follow() {
   update();
 }
 
-QString GlobalKeys::place() const {
-  const auto keeper = hotKeys_.keeper();
-  return keeper ? toQString(placeOfKeys(*keeper)) : QString();
+QString GlobalKeys::advice() const {
+  const KeyKeeper* keeper = hotKeys_.keeper();
+  if (!keeper) return tr("They work in every program. Click one and press another.");
+  if (answer() == KeyKeeper::Answer::waiting) return tr("The desktop asks you which of these keys Tilebay may have.");
+  if (areGiven())
+    return tr("They work in every program. The desktop has bound them; they are changed in its settings.");
+  return tr("This desktop keeps its keys to itself. Each line below is for %1.")
+      .arg(toQString(placeOfKeys(keeper->desktop())));
+}
+
+QString GlobalKeys::welcomeAdvice() const {
+  const KeyKeeper* keeper = hotKeys_.keeper();
+  if (!keeper) return tr("They work in every program. Others can be chosen in Settings, General.");
+  return tr("This desktop keeps its keys to itself. It may ask you which of them Tilebay gets; where it does not, "
+            "Settings, General has lines for %1, which bind these and others.")
+      .arg(toQString(placeOfKeys(keeper->desktop())));
 }
 
 void GlobalKeys::update() {
+  const bool isGiven = areGiven();
   std::vector<KeyRow> rows;
   for (const AreaKey& key : keys_) {
     // The keys of one setting follow one another.
@@ -93,14 +167,20 @@ void GlobalKeys::update() {
     row.key = QString::fromLatin1(key.setting->key);
     row.title = toQString(key.setting->description);
     row.text = QString::fromStdString(keysText(settings_.read(*key.setting)));
-    if (const auto keeper = hotKeys_.keeper())
-      row.binding = toQString(keyBinding(*keeper, settings_.read(*key.setting), "tilebay " + key.option));
+    if (const KeyKeeper* keeper = hotKeys_.keeper()) {
+      row.isGiven = isGiven;
+      if (isGiven)
+        row.text = toQString(keeper->trigger(idOf(key)));
+      else
+        row.binding = toQString(keyBinding(keeper->desktop(), settings_.read(*key.setting), "tilebay " + key.option));
+    }
     row.isRecording = recorded_ == key.setting;
     row.problem = row.isRecording ? problem_ : taken == taken_.end() ? QString() : taken->second;
     row.isStandard = settings_.value(*key.setting) == standardValue(*key.setting);
     rows.push_back(std::move(row));
   }
   rows_.setRows(rows);
+  Q_EMIT changed();
 }
 
 void GlobalKeys::record(const QString& key) {

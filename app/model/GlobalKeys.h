@@ -19,7 +19,8 @@ struct KeyRow {
   FACE_FIELDS(QString, key, title, text,
               problem);           // "shelfKeys", "Opens the clipboard shelf", "Super+Alt+V"; empty text: no key
   FACE_FIELDS(QString, binding);  // for the desktop's own settings; empty where the key works, and without a key
-  FACE_FIELDS(bool, isRecording, isStandard);
+  // isGiven: the desktop has bound it, and `text` is what it says; it is changed there.
+  FACE_FIELDS(bool, isRecording, isStandard, isGiven);
 
  public:
   bool operator==(const KeyRow&) const = default;
@@ -31,16 +32,33 @@ class GlobalKeys : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
   Q_PROPERTY(ambrel::RowList* rows READ rows CONSTANT FINAL)
-  // Where the desktop wants the bindings: "sway's configuration, ~/.config/sway/config". Empty where keys work.
-  Q_PROPERTY(QString place READ place CONSTANT FINAL)
+  // What the user has to know of all of them: who binds them, and where.
+  Q_PROPERTY(QString advice READ advice NOTIFY changed FINAL)
+  // The same for somebody who sees the program for the first time.
+  Q_PROPERTY(QString welcomeAdvice READ welcomeAdvice NOTIFY changed FINAL)
+  // The desktop binds keys, and the user has refused.
+  Q_PROPERTY(bool canAsk READ canAsk NOTIFY changed FINAL)
+  // The desktop has a window in which they are changed.
+  Q_PROPERTY(bool canConfigure READ canConfigure NOTIFY changed FINAL)
 
  public:
   // Both outlive it.
   GlobalKeys(HotKeys& hotKeys, AppSettings& settings, QObject* parent = nullptr);
+  ~GlobalKeys() override;
 
   void add(std::vector<AreaKey> keys);
   RowList* rows() { return &rows_; }
-  QString place() const;
+  QString advice() const;
+  QString welcomeAdvice() const;
+  bool canAsk() const;
+  bool canConfigure() const;
+
+  // From now on the desktop may be asked for the keys, which can open a window of its own. Nothing where keys are
+  // simply taken, or where the user has refused.
+  void beginAsking();
+  // The user wants to be asked once more.
+  Q_INVOKABLE void askAgain();
+  Q_INVOKABLE void configure();
 
   // While a key is recorded, none is answered: each press is for the recorder.
   Q_INVOKABLE void record(const QString& key);
@@ -50,6 +68,9 @@ class GlobalKeys : public QObject {
   Q_INVOKABLE bool press(int key, int modifiers);
   // The usual key again.
   Q_INVOKABLE void reset(const QString& key);
+
+ Q_SIGNALS:
+  void changed();
 
  private:
   struct Wanted {
@@ -61,6 +82,10 @@ class GlobalKeys : public QObject {
   void follow();
   void release();
   void update();
+  void askDesktop();
+  void desktopAnswered();
+  KeyKeeper::Answer answer() const;
+  bool areGiven() const;
   // Why the setting cannot have this key; empty when it can.
   QString conflict(const SettingRow& row, const KeyCombination& combination);
 
@@ -70,6 +95,7 @@ class GlobalKeys : public QObject {
   std::vector<Wanted> asked_, registered_;
   std::map<const SettingRow*, QString> taken_;
   const SettingRow* recorded_ = nullptr;
+  bool mayAsk_ = false, isAsking_ = false;
   QString problem_;  // of the last press
   GadgetListModel<KeyRow, &KeyRow::key> rows_;
 };

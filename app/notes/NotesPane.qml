@@ -50,6 +50,8 @@ Item {
             bottom: pages.top
             bottomMargin: Theme.space3
         }
+        leftMargin: Theme.space4
+        rightMargin: Theme.space4
         model: root.notes.pins
         clip: true
         spacing: Theme.space2
@@ -60,7 +62,6 @@ Item {
         Accessible.name: qsTr("Notes")
 
         delegate: NoteRow {
-            x: Theme.space4
             width: ListView.view.width - 2 * Theme.space4
             notes: root.notes
             onDone: root.noteDone()

@@ -95,6 +95,8 @@ Item {
 
         Label {
             anchors.verticalCenter: parent.verticalCenter
+            // A window manager that tiles makes the window narrower than it asks.
+            visible: root.width >= 520
             rightPadding: Theme.space3
             text: root.notes.face.sizeText
             color: Theme.ink2

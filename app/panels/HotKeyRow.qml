@@ -26,14 +26,19 @@ SectionRow {
     }
     IconButton {
         anchors.verticalCenter: parent.verticalCenter
-        visible: !root.row.isStandard && !root.row.isRecording
+        visible: !root.row.isStandard && !root.row.isRecording && !root.row.isGiven
         symbol: "arrow.uturn.backward"
         label: qsTr("The usual key for: %1").arg(root.title)
         onClicked: root.keys.reset(root.row.key)
     }
+    KeyCap {
+        anchors.verticalCenter: parent.verticalCenter
+        text: !root.row.isGiven ? "" : root.row.text === "" ? qsTr("No key") : root.row.text
+    }
     Button {
         id: recorder
 
+        visible: !root.row.isGiven
         text: root.row.isRecording ? qsTr("Press the keys…") : root.row.text === "" ? qsTr("No key") : root.row.text
         label: root.title + ": " + text
         kind: root.row.isRecording ? Button.Primary : Button.Secondary

@@ -51,8 +51,23 @@ SettingsPage {
 
         SectionRow {
             title: qsTr("Keys")
-            detail: root.area && root.area.keys.place !== "" ? qsTr("This desktop keeps its keys to itself. Each line below is for %1.").arg(root.area.keys.place) : qsTr("They work in every program. Click one and press another.")
+            detail: root.area ? root.area.keys.advice : ""
             searchWords: qsTr("Shortcut hot key keyboard")
+
+            Button {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.area !== null && root.area.keys.canConfigure
+                text: qsTr("Change…")
+                label: qsTr("Change the keys in the desktop's settings")
+                onClicked: root.area.keys.configure()
+            }
+            Button {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.area !== null && root.area.keys.canAsk
+                text: qsTr("Ask the Desktop…")
+                label: qsTr("Ask the desktop for the keys")
+                onClicked: root.area.keys.askAgain()
+            }
         }
         Repeater {
             model: root.area ? root.area.keys.rows : null

@@ -181,7 +181,7 @@ Popover {
 
         Words {
             headline: qsTr("Two keys to remember")
-            sentence: root.area && root.area.keys.place !== "" ? qsTr("This desktop keeps its keys to itself. Settings, General has lines for %1, which bind these and others.").arg(root.area.keys.place) : qsTr("They work in every program. Others can be chosen in Settings, General.")
+            sentence: root.area ? root.area.keys.welcomeAdvice : ""
 
             Section {
                 Repeater {

@@ -136,63 +136,69 @@ FocusScope {
         }
     }
 
-    ListView {
-        id: list
-
+    // The list places its cards at its own edge, so the room for the ring is around it.
+    Item {
         anchors.fill: parent
         clip: true
-        orientation: ListView.Horizontal
-        model: root.clipboard.items
-        spacing: Theme.space2
-        // Margins are ignored by positionViewAtBeginning.
-        header: Item {
-            width: Theme.space4
-            height: 1
-        }
-        footer: Item {
-            width: Theme.space4
-            height: 1
-        }
-        cacheBuffer: 320
-        reuseItems: true
-        keyNavigationEnabled: false
-        // Touch scrolls; the mouse drags cards out.
-        interactive: !mouse.hovered
-        boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: Theme.reducedMotion || root.isHurried ? 0 : Theme.hoverDuration
-        highlightMoveVelocity: -1
-        preferredHighlightBegin: Theme.space4
-        preferredHighlightEnd: width - Theme.space4
-        highlightRangeMode: ListView.ApplyRange
 
-        delegate: ClipCard {
-            y: root.margin
-            height: root.height - 2 * root.margin
-            isUnderKeyboard: ListView.isCurrentItem && (root.activeFocus || root.isSearching)
-            isRevealed: isUnderKeyboard && root.hasWalked
-            clipboard: root.clipboard
-            onPicked: root.picked(face.clipId)
-            onMenuAsked: (x, y) => {
-                const place = mapToItem(root, x, y);
-                root.menuAsked(face.clipId, place.x, place.y);
+        ListView {
+            id: list
+
+            anchors.fill: parent
+            anchors.topMargin: root.margin
+            anchors.bottomMargin: root.margin
+            orientation: ListView.Horizontal
+            model: root.clipboard.items
+            spacing: Theme.space2
+            // Margins are ignored by positionViewAtBeginning.
+            header: Item {
+                width: Theme.space4
+                height: 1
             }
-            onDragAsked: card => root.dragAsked(face.clipId, card)
-        }
+            footer: Item {
+                width: Theme.space4
+                height: 1
+            }
+            cacheBuffer: 320
+            reuseItems: true
+            keyNavigationEnabled: false
+            // Touch scrolls; the mouse drags cards out.
+            interactive: !mouse.hovered
+            boundsBehavior: Flickable.StopAtBounds
+            highlightMoveDuration: Theme.reducedMotion || root.isHurried ? 0 : Theme.hoverDuration
+            highlightMoveVelocity: -1
+            preferredHighlightBegin: Theme.space4
+            preferredHighlightEnd: width - Theme.space4
+            highlightRangeMode: ListView.ApplyRange
 
-        WheelHandler {
-            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-            orientation: Qt.Vertical
-            onWheel: event => scroll.by(-event.angleDelta.y)
-        }
-        WheelHandler {
-            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-            orientation: Qt.Horizontal
-            onWheel: event => scroll.by(-event.angleDelta.x)
-        }
-        HoverHandler {
-            id: mouse
+            delegate: ClipCard {
+                height: ListView.view.height
+                isUnderKeyboard: ListView.isCurrentItem && (root.activeFocus || root.isSearching)
+                isRevealed: isUnderKeyboard && root.hasWalked
+                clipboard: root.clipboard
+                onPicked: root.picked(face.clipId)
+                onMenuAsked: (x, y) => {
+                    const place = mapToItem(root, x, y);
+                    root.menuAsked(face.clipId, place.x, place.y);
+                }
+                onDragAsked: card => root.dragAsked(face.clipId, card)
+            }
 
-            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            WheelHandler {
+                acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+                orientation: Qt.Vertical
+                onWheel: event => scroll.by(-event.angleDelta.y)
+            }
+            WheelHandler {
+                acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+                orientation: Qt.Horizontal
+                onWheel: event => scroll.by(-event.angleDelta.x)
+            }
+            HoverHandler {
+                id: mouse
+
+                acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            }
         }
     }
     SmoothScroll {

@@ -71,10 +71,14 @@ void addCompositor(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {
   };
   add("Copies", offers(facts, "ext_data_control_manager_v1") || offers(facts, "zwlr_data_control_manager_v1"),
       "the compositor tells of them", "seen only while a program of X11 has the keyboard");
-  add("Other windows", offers(facts, "zwlr_foreign_toplevel_manager_v1"), "the compositor lists them",
-      "which of them is in front is not known, and none can be brought forward");
+  // KWin lists them to no program but the one that a desktop entry names, and that is not this one.
+  if (offers(facts, "org_kde_plasma_shell"))
+    add("Other windows", true, "KWin lists them to a bar that is installed", {});
+  else
+    add("Other windows", offers(facts, "zwlr_foreign_toplevel_manager_v1"), "the compositor lists them",
+        "which of them is in front is not known, and none can be brought forward");
   rows.push_back({"Keys", limited, "the compositor owns them",
-                  "Settings, General has the line for each key, to paste where the compositor wants it"});
+                  "Settings, General says which it has bound, and has a line for each where it binds none"});
 }
 
 void addWindowSystem(const DoctorFacts& facts, std::vector<DoctorRow>& rows) {

@@ -67,11 +67,12 @@ const Keeper* keeperOf(std::string_view desktop) {
   return nullptr;
 }
 
-std::string modifiersText(const Keeper& keeper, const KeyCombination& keys) {
+std::string modifiersText(const std::array<std::string_view, 4>& modifiers, std::string_view between,
+                          const KeyCombination& keys) {
   const std::array held{keys.control, keys.command, keys.option, keys.shift};
   std::string text;
   for (std::size_t i = 0; i < held.size(); ++i)
-    if (held[i]) text.append(text.empty() ? "" : keeper.between).append(keeper.modifiers[i]);
+    if (held[i]) text.append(text.empty() ? "" : between).append(modifiers[i]);
   return text;
 }
 
@@ -102,10 +103,16 @@ std::string keyBinding(std::string_view desktop, const KeyCombination& keys, std
   const Keeper* keeper = keeperOf(desktop);
   if (!keeper) return std::string(command);
   const bool isLetter = keys.key >= 'a' && keys.key <= 'z';
-  return fmt::format(fmt::runtime(keeper->line), fmt::arg("mods", modifiersText(*keeper, keys)),
-                     fmt::arg("key", keys.key),
-                     fmt::arg("KEY", isLetter ? static_cast<char>(keys.key - 'a' + 'A') : keys.key),
-                     fmt::arg("command", command), fmt::arg("name", nameOf(command)));
+  return fmt::format(
+      fmt::runtime(keeper->line), fmt::arg("mods", modifiersText(keeper->modifiers, keeper->between, keys)),
+      fmt::arg("key", keys.key), fmt::arg("KEY", isLetter ? static_cast<char>(keys.key - 'a' + 'A') : keys.key),
+      fmt::arg("command", command), fmt::arg("name", nameOf(command)));
+}
+
+std::string portalTrigger(const KeyCombination& keys) {
+  if (keys.key == 0) return {};
+  const std::string modifiers = modifiersText({"CTRL", "LOGO", "ALT", "SHIFT"}, "+", keys);
+  return modifiers + (modifiers.empty() ? "" : "+") + keys.key;
 }
 
 }  // namespace ambrel

@@ -19,4 +19,7 @@ std::string placeOfKeys(std::string_view desktop);
 // in a window, and on an unknown desktop. Empty without a key.
 std::string keyBinding(std::string_view desktop, const KeyCombination& keys, std::string_view command);
 
+// As the shortcuts specification of freedesktop.org writes it: "CTRL+LOGO+ALT+SHIFT+v". Empty without a key.
+std::string portalTrigger(const KeyCombination& keys);
+
 }  // namespace ambrel

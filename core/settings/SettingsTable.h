@@ -85,6 +85,7 @@
   KEYS(pinnedKeys, "Ctrl+Super+Alt+1", general, "Copies pinned clip 1; the other digits copy the others")            \
   KEYS(askKeys, "Super+Alt+B", general, "Asks Buddy")                                                                \
   KEYS(notesKeys, "Ctrl+Super+Alt+N", general, "Captures the screen for Screen Notes")                               \
+  BOOLEAN(keysAreAsked, true, none, "The desktop is asked for the keys, where it binds keys for programs")           \
   INTEGER(diskProjectDays, 60, 1, 3650, disk, "Days after which a project counts as left alone")                     \
   INTEGER(diskInstallerDays, 30, 1, 3650, disk, "Days after which a downloaded installer counts as old")             \
   INTEGER(diskScreenshotDays, 30, 1, 3650, disk, "Days after which a screenshot counts as old")                      \

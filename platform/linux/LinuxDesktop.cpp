@@ -14,6 +14,7 @@
 #include "platform/linux/FreedesktopTrash.h"
 #include "platform/linux/InotifyFolderWatch.h"
 #include "platform/linux/InstalledPrograms.h"
+#include "platform/linux/PortalKeys.h"
 #include "platform/linux/PortalScreenCapture.h"
 #include "platform/linux/ProcReadings.h"
 #include "platform/linux/SessionBus.h"
@@ -105,18 +106,19 @@ std::unique_ptr<Workspace> openWorkspace(X11Connection* connection) {
 // The compositor has the keys of a Wayland session, and an X server that is its guest hears of few.
 class KeptHotKeys : public HotKeys {
  public:
-  explicit KeptHotKeys(std::string desktop) : desktop_(std::move(desktop)) {}
+  explicit KeptHotKeys(std::unique_ptr<KeyKeeper> keeper) : keeper_(std::move(keeper)) {}
   HotKeyResult add(const KeyCombination&, std::function<void()>) override { return HotKeyResult::notAvailable; }
-  std::optional<std::string> keeper() const override { return desktop_; }
+  KeyKeeper* keeper() const override { return keeper_.get(); }
   void remove(const KeyCombination&) override {}
 
  private:
-  const std::string desktop_;
+  const std::unique_ptr<KeyKeeper> keeper_;
 };
 
 std::unique_ptr<HotKeys> openHotKeys(X11Connection* connection) {
   if (waylandDisplay().empty()) return std::make_unique<X11HotKeys>(connection);
-  return std::make_unique<KeptHotKeys>(desktopInUse([](const char* name) { return std::getenv(name); }));
+  return std::make_unique<KeptHotKeys>(
+      openPortalKeys(desktopInUse([](const char* name) { return std::getenv(name); })));
 }
 
 // A Wayland session shows programs of its own alone what is on the screen, also where there is an X server.

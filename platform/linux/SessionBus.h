@@ -7,6 +7,7 @@ namespace ambrel {
 
 // Not connected when this session has no bus. Never starts one: a bus of our own would have nobody on it, and the
 // D-Bus library would leave it running.
-QDBusConnection openSessionBus();
+// With a name it is a connection of its own, else the one that the program shares.
+QDBusConnection openSessionBus(const QString& ownName = {});
 
 }  // namespace ambrel

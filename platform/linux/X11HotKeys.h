@@ -19,7 +19,7 @@ class X11HotKeys : public HotKeys {
   ~X11HotKeys() override;
 
   HotKeyResult add(const KeyCombination& combination, std::function<void()> action) override;
-  std::optional<std::string> keeper() const override { return std::nullopt; }
+  KeyKeeper* keeper() const override { return nullptr; }
   void remove(const KeyCombination& combination) override;
 
  private:

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include "core/base/Text.h"
-#include "platform/linux/ProcessReader.h"
 
 namespace ambrel {
 namespace {
@@ -15,18 +14,11 @@ std::string hostName() {
   return gethostname(name.data(), name.size() - 1) == 0 ? std::string(name.data()) : std::string();
 }
 
-std::vector<int> pidsOf(const std::vector<WindowRecord>& windows) {
-  std::vector<int> pids;
-  for (const WindowRecord& window : windows)
-    if (window.pid && std::ranges::find(pids, *window.pid) == pids.end()) pids.push_back(*window.pid);
-  return pids;
-}
-
 }  // namespace
 
 X11Workspace::X11Workspace(X11Connection* connection, std::filesystem::path proc, ProgramFolders folders,
                            int ownProcess)
-    : connection_(connection), proc_(std::move(proc)), programs_(std::move(folders)), ownProcess_(ownProcess) {
+    : connection_(connection), programs_(std::move(proc), std::move(folders)), ownProcess_(ownProcess) {
   if (!connection_) return;
   connection_->selectRootEvents(XCB_EVENT_MASK_PROPERTY_CHANGE);
   lastActive_ = activeWindow();
@@ -55,47 +47,13 @@ std::optional<X11Workspace::Front> X11Workspace::front(Ours ours) const {
 }
 
 std::vector<std::string> X11Workspace::frontmost() const {
-  std::vector<std::string> found;
   const auto inFront = front(Ours::passedOver);
-  if (!inFront) return found;
-  const auto& [window, all] = *inFront;
-  if (std::string own = applicationOf(window, programs_.entries()); !own.empty()) found.push_back(std::move(own));
-  if (!window.pid) return found;
-  for (std::string& agent : agentsIn(window, all, readProcesses(proc_, {*window.pid})))
-    if (std::ranges::find(found, agent) == found.end()) found.push_back(std::move(agent));
-  return found;
+  return inFront ? programs_.programsOf(inFront->window, inFront->all) : std::vector<std::string>();
 }
 
 std::vector<std::string> X11Workspace::agentsInFront() const {
   const auto inFront = front(Ours::counted);
-  if (!inFront) return {};
-  const auto& [window, all] = *inFront;
-  std::vector<std::string> found;
-  if (window.pid) {
-    const auto processes = readProcesses(proc_, {*window.pid});
-    auto shown = processesIn(window, all, processes);
-    for (const PaneQuestion& question : paneQuestions(window, all, processes)) {
-      const auto inPanes = shownInPanes(question, answer(question.server, question.command), processes);
-      shown.insert(shown.end(), inPanes.begin(), inPanes.end());
-    }
-    found = agentsAmong(shown);
-  }
-  if (std::string own = applicationOf(window, {}); findApplication(own)) found.push_back(std::move(own));
-  return found;
-}
-
-std::string X11Workspace::answer(int server, std::vector<std::string> command) const {
-  using namespace std::chrono_literals;
-  constexpr std::chrono::milliseconds patience = 200ms, pause = 60s;
-  const auto now = std::chrono::steady_clock::now();
-  std::erase_if(silentUntil_, [&](const auto& entry) { return entry.second <= now; });
-  if (silentUntil_.contains(server)) return {};
-  const auto program = programs_.command(command.front());
-  if (!program) return {};
-  command.front() = program->string();
-  auto printed = outputOf(command, patience);
-  if (!printed) silentUntil_[server] = now + pause;
-  return std::move(printed).value_or(std::string());
+  return inFront ? programs_.agentsSeenIn(inFront->window, inFront->all) : std::vector<std::string>();
 }
 
 bool X11Workspace::isRunning(std::string_view bundleID) const { return findWindow(bundleID).has_value(); }
@@ -109,11 +67,7 @@ bool X11Workspace::activate(std::string_view bundleID) {
 
 bool X11Workspace::activateProcess(int pid) {
   if (!isConnected()) return false;
-  const auto all = windows();
-  const auto processes = readProcesses(proc_, pidsOf(all));
-  const auto pane = paneOf(pid, processes);
-  const std::string said = pane && !pane->command.empty() ? answer(pane->server, pane->command) : std::string();
-  const auto window = windowOfProcess(pid, pane, said, all, processes);
+  const auto window = programs_.windowOfProcess(pid, windows());
   if (window) bringForward(*window);
   return window.has_value();
 }
@@ -142,34 +96,34 @@ void X11Workspace::bringForward(xcb_window_t window) {
 }
 
 std::string X11Workspace::nameOf(std::string_view bundleID) const {
-  return applicationName(bundleID, programs_.entries());
+  return applicationName(bundleID, programs_.installed.entries());
 }
 
 std::string X11Workspace::iconOf(std::string_view bundleID) const {
-  return applicationIcon(bundleID, programs_.entries());
+  return applicationIcon(bundleID, programs_.installed.entries());
 }
 
 bool X11Workspace::open(std::string_view bundleID) {
   const KnownApplication* known = findApplication(bundleID);
   if (!known) {
-    const auto program = programs_.find(bundleID);
+    const auto program = programs_.installed.find(bundleID);
     return program && openEntry(*program);
   }
   for (const std::string_view entry : known->entries)
-    if (const auto program = programs_.find(entry)) return openEntry(*program);
+    if (const auto program = programs_.installed.find(entry)) return openEntry(*program);
   for (const std::string_view name : known->commands)
-    if (const auto command = programs_.command(name))
-      return startDetached(programs_.inTerminal({command->string()}), {});
+    if (const auto command = programs_.installed.command(name))
+      return startDetached(programs_.installed.inTerminal({command->string()}), {});
   return false;
 }
 
 bool X11Workspace::openEntry(const InstalledProgram& program) {
   auto command = commandOf(program.entry, program.file.string());
   if (!command) return false;
-  const auto executable = programs_.command(command->front());
+  const auto executable = programs_.installed.command(command->front());
   if (!executable) return false;
   command->front() = executable->string();
-  if (program.entry.runsInTerminal) command = programs_.inTerminal(*command);
+  if (program.entry.runsInTerminal) command = programs_.installed.inTerminal(*command);
   return startDetached(*command, program.entry.workingFolder);
 }
 
@@ -202,9 +156,7 @@ std::vector<WindowRecord> X11Workspace::windows() const {
 }
 
 std::optional<std::uint32_t> X11Workspace::findWindow(std::string_view bundleID) const {
-  if (!isConnected()) return std::nullopt;
-  const auto all = windows();
-  return windowOf(bundleID, all, readProcesses(proc_, pidsOf(all)), programs_.entries());
+  return isConnected() ? programs_.windowOf(bundleID, windows()) : std::nullopt;
 }
 
 }  // namespace ambrel

@@ -1,15 +1,11 @@
 #pragma once
 // Other programs under X11: the window manager's properties (EWMH), /proc and desktop entries.
 
-#include <chrono>
 #include <filesystem>
-#include <map>
 #include <unistd.h>
 
-#include "core/workspace/Applications.h"
-#include "core/workspace/Multiplexers.h"
 #include "platform/Workspace.h"
-#include "platform/linux/InstalledPrograms.h"
+#include "platform/linux/ProgramsInWindows.h"
 #include "platform/linux/X11Connection.h"
 
 namespace ambrel {
@@ -41,8 +37,6 @@ class X11Workspace : public Workspace {
   };
   enum class Ours { counted, passedOver };
   std::optional<Front> front(Ours ours) const;
-  // What the multiplexer prints; empty when it does not answer in time, and for a while after that.
-  std::string answer(int server, std::vector<std::string> command) const;
   bool isOwn(xcb_window_t window) const;
   void bringForward(xcb_window_t window);
   // From the bottom to the top.
@@ -51,10 +45,8 @@ class X11Workspace : public Workspace {
   bool openEntry(const InstalledProgram& program);
 
   X11Connection* connection_;
-  std::filesystem::path proc_;
-  mutable InstalledPrograms programs_;
+  mutable ProgramsInWindows programs_;
   int ownProcess_;
-  mutable std::map<int, std::chrono::steady_clock::time_point> silentUntil_;  // by a multiplexer's process
   xcb_window_t lastActive_ = XCB_WINDOW_NONE;
   xcb_window_t lastForeign_ = XCB_WINDOW_NONE;
   std::function<void()> handler_;

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "core/base/Text.h"
-#include "platform/wayland/ToplevelList.h"
+#include "platform/wayland/WindowList.h"
 
 namespace ambrel {
 namespace {
@@ -14,43 +14,46 @@ constexpr std::chrono::milliseconds openPatience{1000};
 
 class WaylandWorkspace : public Workspace {
  public:
-  WaylandWorkspace(std::unique_ptr<WaylandConnection> connection, std::unique_ptr<ToplevelList> toplevels,
+  WaylandWorkspace(std::unique_ptr<WaylandConnection> connection, std::unique_ptr<WindowList> windows,
                    std::unique_ptr<Workspace> x11, ProgramFolders folders)
       : connection_(std::move(connection)),
-        toplevels_(std::move(toplevels)),
+        windows_(std::move(windows)),
         x11_(std::move(x11)),
-        programs_(std::move(folders)),
+        programs_("/proc", std::move(folders)),
         arrival_(connection_->descriptor(), QSocketNotifier::Read) {
-    toplevels_->activeChanged = [this] {
+    windows_->activeChanged = [this] {
       if (handler_) handler_();
     };
     QObject::connect(&arrival_, &QSocketNotifier::activated, &arrival_, [this] { turn(); });
   }
 
   std::vector<std::string> frontmost() const override {
-    std::string program = inFront(Ours::passedOver);
+    const auto window = inFront(Ours::passedOver);
+    if (!window) return {};
+    auto known = programs_.programsOf(*window, windows_->windows());
     // Of a window of its own the X server knows more.
-    auto known = x11_->frontmost();
-    if (!known.empty() && known.front() == program) return known;
-    return program.empty() ? std::vector<std::string>() : std::vector{std::move(program)};
+    auto guest = x11_->frontmost();
+    return !known.empty() && !guest.empty() && guest.front() == known.front() ? guest : known;
   }
   std::vector<std::string> agentsInFront() const override {
-    const std::string program = inFront(Ours::counted);
-    if (const auto known = x11_->frontmost(); !known.empty() && known.front() == program) return x11_->agentsInFront();
-    return findApplication(program) ? std::vector{program} : std::vector<std::string>();
+    const auto window = inFront(Ours::counted);
+    if (!window) return {};
+    const auto guest = x11_->frontmost();
+    if (!guest.empty() && guest.front() == applicationOf(*window, programs_.installed.entries()))
+      return x11_->agentsInFront();
+    return programs_.agentsSeenIn(*window, windows_->windows());
   }
   void setFrontmostHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
 
   bool isRunning(std::string_view bundleID) const override {
-    return x11_->isRunning(bundleID) || windowOf(bundleID).has_value();
+    return x11_->isRunning(bundleID) || programs_.windowOf(bundleID, windows_->windows());
   }
   bool activate(std::string_view bundleID) override {
-    if (x11_->activate(bundleID)) return true;
-    const auto window = windowOf(bundleID);
-    if (window) bringForward(*window);
-    return window.has_value();
+    return x11_->activate(bundleID) || bringForward(programs_.windowOf(bundleID, windows_->windows()));
   }
-  bool activateProcess(int pid) override { return x11_->activateProcess(pid); }
+  bool activateProcess(int pid) override {
+    return x11_->activateProcess(pid) || bringForward(programs_.windowOfProcess(pid, windows_->windows()));
+  }
   void activateLast() override {
     if (const auto window = lastForeign()) bringForward(window->id);
   }
@@ -65,32 +68,25 @@ class WaylandWorkspace : public Workspace {
   static bool isOwn(const WindowRecord& window) { return asciiLower(window.className) == "tilebay"; }
 
   std::optional<WindowRecord> lastForeign() const {
-    const auto all = toplevels_->windows();
+    const auto all = windows_->windows();
     const auto found = std::find_if_not(all.rbegin(), all.rend(), isOwn);
     return found == all.rend() ? std::nullopt : std::optional(*found);
   }
 
-  // The program whose window is in front; empty when there is none.
-  std::string inFront(Ours ours) const {
-    const auto all = toplevels_->windows();
-    const auto active = std::ranges::find(all, toplevels_->active(), &WindowRecord::id);
+  std::optional<WindowRecord> inFront(Ours ours) const {
+    const auto all = windows_->windows();
+    const auto active = std::ranges::find(all, windows_->active(), &WindowRecord::id);
     // Some windows of ours are none that a compositor lists.
     const bool isOurs = active == all.end() ? QGuiApplication::focusWindow() != nullptr : isOwn(*active);
-    std::optional<WindowRecord> window;
-    if (isOurs && ours == Ours::passedOver)
-      window = lastForeign();
-    else if (!isOurs && active != all.end())
-      window = *active;
-    return window ? applicationOf(*window, programs_.entries()) : std::string();
+    if (isOurs) return ours == Ours::passedOver ? lastForeign() : std::nullopt;
+    return active == all.end() ? std::nullopt : std::optional(*active);
   }
 
-  std::optional<std::uint32_t> windowOf(std::string_view bundleID) const {
-    return ambrel::windowOf(bundleID, toplevels_->windows(), {}, programs_.entries());
-  }
-
-  void bringForward(std::uint32_t window) {
-    toplevels_->activate(window);
+  bool bringForward(std::optional<std::uint32_t> window) {
+    if (!window) return false;
+    windows_->activate(*window);
     turn();
+    return true;
   }
 
   void turn() {
@@ -100,9 +96,9 @@ class WaylandWorkspace : public Workspace {
   }
 
   std::unique_ptr<WaylandConnection> connection_;
-  std::unique_ptr<ToplevelList> toplevels_;
+  std::unique_ptr<WindowList> windows_;
   std::unique_ptr<Workspace> x11_;
-  mutable InstalledPrograms programs_;
+  mutable ProgramsInWindows programs_;
   QSocketNotifier arrival_;
   std::function<void()> handler_;
 };
@@ -114,9 +110,9 @@ std::unique_ptr<Workspace> withWaylandWindows(const std::string& display, std::u
   const SteadyTime until = std::chrono::steady_clock::now() + openPatience;
   auto connection = WaylandConnection::open(display, until);
   if (!connection) return x11;
-  auto toplevels = ToplevelList::open(*connection, until);
-  if (!toplevels) return x11;
-  return std::make_unique<WaylandWorkspace>(std::move(connection), std::move(toplevels), std::move(x11),
+  auto windows = WindowList::open(*connection, until);
+  if (!windows) return x11;
+  return std::make_unique<WaylandWorkspace>(std::move(connection), std::move(windows), std::move(x11),
                                             std::move(folders));
 }
 

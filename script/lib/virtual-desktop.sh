@@ -14,7 +14,8 @@
 #   --wm NAME                 the window manager: openbox (the usual one), xfwm4, marco, mutter, kwin_x11, i3, awesome or
 #                             bspwm
 #   --no-wm                   without a window manager
-#   --wayland NAME            a Wayland compositor in the place of the X server and its window manager: sway or labwc
+#   --wayland NAME            a Wayland compositor in the place of the X server and its window manager: sway, labwc or
+#                             kwin_wayland
 #   --wallpaper COLOR[,COLOR] the root window's colour, or a gradient of two
 #   --activation              D-Bus may start services by their names (not for tests: it would start what is installed)
 
@@ -76,7 +77,7 @@ vd_start_server() {
 
 # The compositor runs as somebody else where we are root, which it refuses to be; it then needs a folder of its own.
 vd_start_compositor() {
-  local folder=$vd_folder/compositor as=() command=("$1")
+  local folder=$vd_folder/compositor as=() command=("$1") user=65534
   mkdir -m 700 "$folder"
   case "$1" in
     sway)
@@ -88,10 +89,17 @@ vd_start_compositor() {
       printf '<?xml version="1.0"?><labwc_config/>' >"$folder/rc.xml"
       command+=(-C "$folder")
       ;;
+    kwin_wayland)
+      # Every program may have the interfaces that it keeps for those whose desktop entries ask for them.
+      export KWIN_WAYLAND_NO_PERMISSION_CHECKS=1
+      command+=(--virtual --width "$vd_width" --height "$vd_height" --socket wayland-0 --no-lockscreen)
+      # It wants the bus, which lets nobody else in.
+      user=
+      ;;
   esac
-  if [ "$(id -u)" -eq 0 ]; then
-    as=(setpriv --pdeathsig TERM --reuid=65534 --regid=65534 --clear-groups)
-    chown -R 65534:65534 "$folder"
+  if [ -n "$user" ] && [ "$(id -u)" -eq 0 ]; then
+    as=(setpriv --pdeathsig TERM --reuid=$user --regid=$user --clear-groups)
+    chown -R $user:$user "$folder"
     chmod 711 "$vd_folder"
   fi
   vd_spawn compositor env -u DISPLAY -u WAYLAND_DISPLAY HOME="$folder" XDG_RUNTIME_DIR="$folder" WLR_BACKENDS=headless \
@@ -223,8 +231,8 @@ vd_start() {
   if [ "$scale" != 1 ]; then export QT_SCALE_FACTOR=$scale; fi
 
   if [ -n "$wayland" ]; then
-    vd_start_compositor "$wayland" || return 1
     vd_start_bus "$activation" || return 1
+    vd_start_compositor "$wayland" || return 1
     if [ -n "$notifications" ]; then vd_start_notifications || return 1; fi
     return
   fi

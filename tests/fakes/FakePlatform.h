@@ -128,6 +128,34 @@ class FakeWorkspace : public Workspace {
   std::function<void()> handler_;
 };
 
+// Answers as the test says, by `answers`.
+class FakeKeyKeeper : public KeyKeeper {
+ public:
+  std::string desktop() const override { return name; }
+  void ask(std::vector<OfferedKey> keys) override {
+    asked = std::move(keys);
+    answers(asked.empty() ? Answer::none : Answer::waiting);
+  }
+  Answer answer() const override { return answered; }
+  std::string trigger(const std::string& id) const override {
+    const auto found = triggers.find(id);
+    return found == triggers.end() ? std::string() : found->second;
+  }
+  bool canConfigure() const override { return false; }
+  void configure() override {}
+  void setChangeHandler(std::function<void()> changed) override { handler = std::move(changed); }
+  void answers(Answer answer) {
+    answered = answer;
+    if (handler) handler();
+  }
+
+  std::string name;
+  std::vector<OfferedKey> asked;
+  std::map<std::string, std::string> triggers;
+  Answer answered = Answer::none;
+  std::function<void()> handler;
+};
+
 class FakeHotKeys : public HotKeys {
  public:
   HotKeyResult add(const KeyCombination& combination, std::function<void()> action) override {
@@ -139,7 +167,7 @@ class FakeHotKeys : public HotKeys {
     return HotKeyResult::registered;
   }
 
-  std::optional<std::string> keeper() const override { return desktop; }
+  KeyKeeper* keeper() const override { return desktop.get(); }
 
   void remove(const KeyCombination& combination) override {
     std::erase_if(keys, [&](const auto& key) { return key.first == combination; });
@@ -159,7 +187,7 @@ class FakeHotKeys : public HotKeys {
   }
 
   std::vector<KeyCombination> takenByOthers;
-  std::optional<std::string> desktop;  // that keeps them all
+  std::unique_ptr<FakeKeyKeeper> desktop;  // that keeps them all; null: none
   std::vector<std::pair<KeyCombination, std::function<void()>>> keys;
 };
 

@@ -13,12 +13,16 @@ struct Keys {
   TemporaryFolder folder;
   UserDefaults defaults{folder / "defaults.json"};
   AppSettings settings{defaults};
-  FakeHotKeys desktop;
+  FakeHotKeys desktop;  // before what asks it
   GlobalKeys keys{desktop, settings};
   QStringList answered;
 
-  explicit Keys(std::optional<std::string> keeper = std::nullopt) {
-    desktop.desktop = std::move(keeper);
+  explicit Keys(const char* keeper = nullptr)
+      : desktop([&] {
+          FakeHotKeys made;
+          if (keeper) (made.desktop = std::make_unique<FakeKeyKeeper>())->name = keeper;
+          return made;
+        }()) {
     std::vector<AreaKey> all{{&setting::shelfKeys, [this] { answered << "shelf"; }, "--toggle-clipboard"},
                              {&setting::askKeys, [this] { answered << "ask"; }, "--toggle-assistant"}};
     for (const char digit : {'1', '2'})
@@ -97,13 +101,45 @@ class GlobalKeysTests : public QObject {
 
   void aDesktopThatKeepsItsKeysIsGivenLines() {
     Keys with("sway");
-    QCOMPARE(with.keys.place(), "sway's configuration, ~/.config/sway/config");
+    QVERIFY(with.keys.advice().endsWith("for sway's configuration, ~/.config/sway/config."));
     QCOMPARE(with.row("shelfKeys").binding, "bindsym Mod4+Mod1+v exec tilebay --toggle-clipboard");
     QCOMPARE(with.row("pinnedKeys").binding, "bindsym Ctrl+Mod4+Mod1+1 exec tilebay --copy-pinned 1");
     QCOMPARE(with.row("shelfKeys").problem, "");
     with.defaults.set("shelfKeys", DefaultsValue{std::string("Super+C")});
     with.settings.reload();
     QCOMPARE(with.row("shelfKeys").binding, "bindsym Mod4+c exec tilebay --toggle-clipboard");
+  }
+
+  void aDesktopThatBindsKeysIsAskedForThem() {
+    Keys with("KDE");
+    FakeKeyKeeper& keeper = *with.desktop.desktop;
+    QVERIFY2(keeper.asked.empty(), "its question would cover the guide");
+    with.keys.beginAsking();
+    QCOMPARE(keeper.asked.size(), 4u);
+    QCOMPARE(keeper.asked[2].id, "copy-pinned-1");
+    QCOMPARE(keeper.asked[3].preferred, (KeyCombination{.key = '2', .command = true, .option = true, .control = true}));
+    keeper.asked[1].action();
+    QCOMPARE(with.answered, QStringList{"ask"});
+
+    keeper.answers(KeyKeeper::Answer::given);
+    QVERIFY2(!with.row("shelfKeys").isGiven && !with.row("shelfKeys").binding.isEmpty(), "it does not say which");
+    keeper.triggers = {{"toggle-clipboard", "Meta+V"}};
+    keeper.answers(KeyKeeper::Answer::given);
+    QCOMPARE(with.row("shelfKeys").text, "Meta+V");
+    QVERIFY(with.row("shelfKeys").isGiven && with.row("shelfKeys").binding.isEmpty());
+    QCOMPARE(with.row("askKeys").text, "");
+  }
+
+  void whoRefusesIsAskedAgainOnlyOnPurpose() {
+    Keys with("KDE");
+    FakeKeyKeeper& keeper = *with.desktop.desktop;
+    with.keys.beginAsking();
+    keeper.answers(KeyKeeper::Answer::refused);
+    QVERIFY(keeper.asked.empty() && with.keys.canAsk());
+    QVERIFY2(!with.settings.read(setting::keysAreAsked), "the next start asks nothing, either");
+    with.keys.askAgain();
+    QCOMPARE(keeper.asked.size(), 4u);
+    QVERIFY(!with.keys.canAsk());
   }
 
   void aChangeElsewhereIsFollowedAndAClashIsTold() {

@@ -21,8 +21,8 @@ class WorkspaceOnWayland : public testing::Test {
     workspace_->setFrontmostHandler([this] { ++changes_; });
   }
 
-  static Client terminal(const QString& application) {
-    return Client("foot", {"--config=/dev/null", "--app-id=" + application, "sleep", "60"});
+  static Client terminal(const QString& application, const QStringList& command = {"sleep", "60"}) {
+    return Client("foot", QStringList{"--config=/dev/null", "--app-id=" + application} + command);
   }
   bool isInFront(const std::string& program) const {
     return waitFor([&] { return workspace_->frontmost() == std::vector{program}; });
@@ -60,6 +60,18 @@ TEST_F(WorkspaceOnWayland, AWindowOfOursIsPassedOverAndGivesTheFrontBack) {
   ASSERT_TRUE(isInFront("test.one"));
   workspace_->activateLast();
   EXPECT_TRUE(waitFor([&] { return changes_ > before + 1; }));
+}
+
+using WorkspaceOnKWin = WorkspaceOnWayland;
+
+TEST_F(WorkspaceOnKWin, KnowsTheAgentInATerminal) {
+  const Client agent = terminal("foot", {"bash", "-c", "exec -a claude sleep 60"});
+  ASSERT_TRUE(waitFor([&] { return !workspace_->agentsInFront().empty(); }));
+  EXPECT_THAT(workspace_->agentsInFront(), ElementsAre("com.anthropic.claudefordesktop"));
+  const Client other = terminal("test.one");
+  ASSERT_TRUE(isInFront("test.one"));
+  EXPECT_TRUE(workspace_->activateProcess(agent.pid()));
+  EXPECT_TRUE(waitFor([&] { return workspace_->frontmost().front() == "foot"; }));
 }
 
 }  // namespace
