@@ -86,7 +86,10 @@ Popover {
     symbol: "gearshape.fill"
     hasFullRule: true
     headerHeight: 44
-    onAboutToOpen: search.text = ""
+    onAboutToOpen: {
+        search.text = "";
+        search.forceActiveFocus();
+    }
     Keys.onPressed: event => {
         event.accepted = event.key === Qt.Key_F && event.modifiers === Qt.ControlModifier;
         if (event.accepted)
@@ -99,6 +102,7 @@ Popover {
         implicitHeight: 32
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
         isSearch: true
+        focus: true
         hint: qsTr("Search all settings")
     }
 
