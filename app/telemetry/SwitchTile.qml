@@ -15,6 +15,7 @@ LiveTile {
     span: TileFrame.Small
     hasHeader: !isSmall
     hasFigures: !isSmall
+    isPressable: true
     accessibleRole: Accessible.CheckBox
     Accessible.checkable: true
     Accessible.checked: reading.isOn
