@@ -18,7 +18,7 @@ DeveloperPanel {
     implicitHeight: 420
     hasPages: true
     emptyTitle: qsTr("No containers")
-    emptySentence: qsTr("Containers appear here once they are made.")
+    emptySentence: qsTr("Containers appear here once they are created.")
     onChosen: id => containers.showLog(id)
     onPageAsked: address => {
         area.open(address);
@@ -30,7 +30,7 @@ DeveloperPanel {
             anchors.verticalCenter: parent.verticalCenter
             visible: root.hasLog
             symbol: "arrow.clockwise"
-            label: qsTr("Read again")
+            label: qsTr("Refresh")
             onClicked: root.containers.readLogAgain()
         },
         IconButton {

@@ -30,7 +30,7 @@ Popover {
 
             width: parent.width
             symbol: "pencil"
-            label: qsTr("What is waited for")
+            label: qsTr("What you are counting down to")
             hint: root.countdown.face.title
             maximumLength: 60
             focus: true

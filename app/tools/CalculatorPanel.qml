@@ -32,7 +32,7 @@ Popover {
             height: 40
             focus: true
             label: qsTr("Expression")
-            hint: qsTr("Such as 18 % of 240, or 5 mi to km")
+            hint: qsTr("For example 18 % of 240, or 5 mi to km")
             maximumLength: 2000
             onTextChanged: root.calculator.setInput(text)
             onAccepted: root.calculator.accept()

@@ -130,7 +130,7 @@ Popover {
         width: grid.width
         visible: grid.count === 0 && root.emoji.face.groups.length > 0
         symbol: "face.smiling.inverse"
-        title: root.emoji.face.problem !== "" ? qsTr("No emoji") : field.text !== "" ? qsTr("None found") : qsTr("None used yet")
+        title: root.emoji.face.problem !== "" ? qsTr("No emoji") : field.text !== "" ? qsTr("No emoji found") : qsTr("No recent emoji")
         sentence: root.emoji.face.problem !== "" ? root.emoji.face.problem : field.text !== "" ? qsTr("Search for an English name, such as heart.") : qsTr("Emoji that you copy appear here.")
     }
     ScrollBar {

@@ -36,7 +36,7 @@ Item {
         kind: Button.Primary
         symbol: "doc.on.doc"
         text: qsTr("Copy")
-        tip: qsTr("Return copies the result, too")
+        tip: qsTr("Return also copies the result")
         enabled: root.model.face.result !== ""
         onClicked: root.model.accept()
     }

@@ -25,7 +25,7 @@ Popover {
     PanelColumn {
         ChoiceField {
             width: parent.width
-            name: qsTr("What is converted")
+            name: qsTr("Quantity")
             options: root.units.categories
             current: root.units.choice.category
             onChosen: index => root.units.setCategory(index)
