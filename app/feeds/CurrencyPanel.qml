@@ -19,10 +19,10 @@ Popover {
         choosesFrom = false;
         amount.text = face.amount;
         amount.selectAll();
-        currency.setOpen(true);
+        currency.begin();
     }
     onOpenChanged: if (!open && currency) // it may have ended before its panel
-        currency.setOpen(false)
+        currency.end()
 
     PanelColumn {
         id: column

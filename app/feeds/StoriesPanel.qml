@@ -16,9 +16,9 @@ Popover {
     title: qsTr("Hacker News")
     symbol: "newspaper"
     fact: face.staleSince !== "" ? face.staleSince : face.updated
-    onAboutToOpen: stories.setOpen(true)
+    onAboutToOpen: stories.begin()
     onOpenChanged: if (!open && stories) // it may have ended before its panel
-        stories.setOpen(false)
+        stories.end()
 
     headerItems: IconButton {
         anchors.verticalCenter: parent.verticalCenter
