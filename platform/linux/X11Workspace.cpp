@@ -6,6 +6,7 @@
 
 #include "core/base/Text.h"
 #include "platform/linux/ProcessReader.h"
+#include "platform/linux/ToolRun.h"
 
 namespace ambrel {
 namespace {
@@ -92,8 +93,8 @@ std::string X11Workspace::answer(int server, std::vector<std::string> command) c
   if (silentUntil_.contains(server)) return {};
   const auto program = programs_.command(command.front());
   if (!program) return {};
-  command.front() = program->string();
-  auto printed = outputOf(command, patience);
+  command.erase(command.begin());
+  auto printed = outputOf({.program = program->string(), .arguments = std::move(command), .limit = patience});
   if (!printed) silentUntil_[server] = now + pause;
   return std::move(printed).value_or(std::string());
 }
