@@ -14,8 +14,8 @@ DeveloperPanel {
     entries: containers
     title: hasLog ? containers.logTitle : qsTr("Docker")
     symbol: "shippingbox"
-    implicitWidth: 460
-    implicitHeight: 420
+    implicitWidth: Math.round(460 * Theme.textScale)
+    implicitHeight: Math.round(420 * Theme.textScale)
     hasPages: true
     emptyTitle: qsTr("No containers")
     emptySentence: qsTr("Containers appear here once they are created.")

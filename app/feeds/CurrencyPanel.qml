@@ -10,8 +10,8 @@ Popover {
     readonly property currencyFace face: currency.face
     property bool choosesFrom: false
 
-    implicitWidth: 400
-    implicitHeight: 500
+    implicitWidth: Math.round(400 * Theme.textScale)
+    implicitHeight: Math.round(500 * Theme.textScale)
     title: qsTr("Currency")
     symbol: "dollarsign.arrow.circlepath"
     fact: face.day

@@ -11,8 +11,8 @@ Popover {
     required property Presentation presentation
     readonly property storiesFace face: stories.face
 
-    implicitWidth: 420
-    implicitHeight: 460
+    implicitWidth: Math.round(420 * Theme.textScale)
+    implicitHeight: Math.round(460 * Theme.textScale)
     title: qsTr("Hacker News")
     symbol: "newspaper"
     fact: face.staleSince !== "" ? face.staleSince : face.updated

@@ -10,7 +10,7 @@ Popover {
 
     title: qsTr("Habits")
     symbol: "checklist"
-    implicitHeight: 420
+    implicitHeight: Math.round(420 * Theme.textScale)
 
     Field {
         id: field

@@ -99,7 +99,6 @@ Popover {
     headerItems: Field {
         id: search
         width: Math.round(220 * Theme.textScale)
-        implicitHeight: 32
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
         isSearch: true
         focus: true

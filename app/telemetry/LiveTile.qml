@@ -38,7 +38,7 @@ TileFrame {
     }
     Label {
         visible: root.isWrapped
-        y: 20
+        y: Math.round(20 * Theme.textScale)
         width: parent.width
         height: 2 * Theme.captionStrong.line
         text: root.reading.shortMessage

@@ -18,8 +18,8 @@ Popover {
 
     title: qsTr("Emoji")
     symbol: "face.smiling.inverse"
-    implicitWidth: 392
-    implicitHeight: 452
+    implicitWidth: Math.round(392 * Theme.textScale)
+    implicitHeight: Math.round(452 * Theme.textScale)
 
     onAboutToOpen: {
         field.text = "";
@@ -152,7 +152,7 @@ Popover {
             leftMargin: Theme.space4
             rightMargin: Theme.space4
         }
-        height: 44
+        height: Math.round(44 * Theme.textScale)
 
         TipLabel {
             width: parent.width - tones.width - Theme.space2

@@ -9,7 +9,7 @@ Item {
     required property CalculatedModel model
 
     width: parent ? parent.width : 0
-    height: 48
+    height: Math.round(48 * Theme.textScale)
 
     TipLabel {
         visible: root.model.face.fault === ""

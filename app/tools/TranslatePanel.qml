@@ -12,8 +12,8 @@ Popover {
 
     title: qsTr("Quick Translate")
     symbol: "translate"
-    implicitWidth: 480
-    implicitHeight: 452
+    implicitWidth: Math.round(480 * Theme.textScale)
+    implicitHeight: Math.round(452 * Theme.textScale)
     fact: translator.face.isWorking ? qsTr("Translating…") : ""
 
     onAboutToOpen: {
