@@ -151,7 +151,7 @@ void AppDelegate::launch() {
   startProServices();
   areas_.calendars.calendar()->start();
   tray_ = std::make_unique<TrayMenu>(
-      model_, settings_, *areas_.agents.agents(), license_, themeOf(engine_),
+      model_, settings_, *areas_.agents.agents(), license_, themeOf(engine_), desktop_.tray,
       [this](MenuCommand command, const std::optional<UUID>& profile) { carryOut(command, profile); });
   firstRun();
   // The start is over by then.

@@ -22,11 +22,12 @@ std::string shortcutOf(const KeyCombination& keys) {
 }  // namespace
 
 TrayMenu::TrayMenu(const AppModel& model, const AppSettings& settings, const AgentsModel& agents,
-                   const LicenseManager& license, const Theme& theme, StatusItem::Handler handler)
+                   const LicenseManager& license, const Theme& theme, Tray& tray, StatusItem::Handler handler)
     : model_(model),
       settings_(settings),
       agents_(agents),
       license_(license),
+      tray_(tray),
       item_([&theme](int attention) { return statusIcon(attention, theme.palette()); }, std::move(handler)) {
   for (const auto changed : {&AppModel::profilesChanged, &AppModel::pinnedProfileIDChanged, &AppModel::displaysChanged})
     connect(&model, changed, this, &TrayMenu::update);
@@ -35,6 +36,7 @@ TrayMenu::TrayMenu(const AppModel& model, const AppSettings& settings, const Age
   connect(&license, &LicenseManager::changed, this, &TrayMenu::update);
   connect(&theme, &Theme::schemeChanged, this, [this] { item_.redrawIcon(); });
   update();
+  tray_.whenThere([this] { item_.show(); });
   // For task lists, in which Disk Doctor is.
   QGuiApplication::setWindowIcon(statusIcon(0, theme.palette()));
 }

@@ -2,6 +2,7 @@
 // The item in the tray, kept up to date with the profiles, the displays, the agents and the licence.
 
 #include "app/menu/StatusItem.h"
+#include "platform/Tray.h"
 
 namespace ambrel {
 
@@ -17,7 +18,8 @@ class TrayMenu : public QObject {
  public:
   // All outlive it.
   TrayMenu(const AppModel& model, const AppSettings& settings, const AgentsModel& agents, const LicenseManager& license,
-           const Theme& theme, StatusItem::Handler handler);
+           const Theme& theme, Tray& tray, StatusItem::Handler handler);
+  ~TrayMenu() override { tray_.whenThere(nullptr); }
 
  private:
   void update();
@@ -26,6 +28,7 @@ class TrayMenu : public QObject {
   const AppSettings& settings_;
   const AgentsModel& agents_;
   const LicenseManager& license_;
+  Tray& tray_;
   StatusItem item_;
 };
 

@@ -24,6 +24,7 @@
 #include "platform/Telemetry.h"
 #include "platform/TimeZone.h"
 #include "platform/Trash.h"
+#include "platform/Tray.h"
 #include "platform/Volumes.h"
 #include "platform/WallClock.h"
 #include "platform/WindowStyle.h"
@@ -53,6 +54,7 @@ struct Desktop {
   KeepAwake& keepAwake;
   ScreenCapture& screenCapture;
   Trash& trash;
+  Tray& tray;
   FolderWatch& folderWatch;  // of the agents' folders
   FolderWatch& tileFolder;   // of the folder that a tile shows
   Launcher& launcher;

@@ -12,8 +12,8 @@ Popover {
 
     signal settingsAsked(string tab)
 
-    implicitWidth: 620
-    implicitHeight: 320
+    implicitWidth: Math.round(620 * Theme.textScale)
+    implicitHeight: Math.round(320 * Theme.textScale)
     title: qsTr("AI Agents")
     symbol: "sparkles"
 

@@ -15,8 +15,8 @@ Popover {
     signal copyAsked(string text)
     signal settingsAsked(string tab)
 
-    implicitWidth: 560
-    implicitHeight: 420
+    implicitWidth: Math.round(560 * Theme.textScale)
+    implicitHeight: Math.round(420 * Theme.textScale)
     title: qsTr("Ask Buddy")
     headerHeight: 56
     header.titleInset: 40

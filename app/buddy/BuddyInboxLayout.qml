@@ -19,8 +19,8 @@ Popover {
     signal settingsAsked(string tab)
     signal ask(string question)
 
-    implicitWidth: 360
-    implicitHeight: 480
+    implicitWidth: Math.round(360 * Theme.textScale)
+    implicitHeight: Math.round(480 * Theme.textScale)
     title: qsTr("Inbox")
     headerHeight: 56
     header.titleInset: 40

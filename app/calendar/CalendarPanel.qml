@@ -11,8 +11,8 @@ Popover {
 
     signal settingsAsked(string tab)
 
-    implicitWidth: 400
-    implicitHeight: 460
+    implicitWidth: Math.round(400 * Theme.textScale)
+    implicitHeight: Math.round(460 * Theme.textScale)
     title: qsTr("Calendar")
     symbol: "calendar"
     headerItems: IconButton {

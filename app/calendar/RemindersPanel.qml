@@ -10,8 +10,8 @@ Popover {
 
     signal settingsAsked(string tab)
 
-    implicitWidth: 380
-    implicitHeight: 420
+    implicitWidth: Math.round(380 * Theme.textScale)
+    implicitHeight: Math.round(420 * Theme.textScale)
     title: qsTr("Reminders")
     symbol: "list.bullet"
     fact: calendar.face.dueTasks > 0 ? qsTr("%1 due").arg(calendar.face.dueTasks) : ""

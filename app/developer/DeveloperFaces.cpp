@@ -216,7 +216,7 @@ GitFace gitFace(const QString& folder, const ToolAnswer<GitReading>& answer) {
         break;
       case ToolFailure::Reason::missing:
       case ToolFailure::Reason::elsewhere:
-        face.problem = tr("No repository is there");
+        face.problem = tr("There is no repository");
         break;
       case ToolFailure::Reason::failed:
         face.problem = failure->words.empty() ? tr("It cannot be read") : toQString(failure->words);
@@ -247,7 +247,7 @@ std::vector<GitFact> gitFacts(const GitState& state) {
   if (const auto& upstream = state.upstream) {
     const QString name = toQString(upstream->name), apart = distance(*upstream);
     add("Upstream", upstream->isGone ? tr("%1 (gone)").arg(name) : name);
-    if (!upstream->isGone) add("Apart", apart.isEmpty() ? tr("In step") : apart);
+    if (!upstream->isGone) add("Difference", apart.isEmpty() ? tr("None") : apart);
   } else if (!state.branch.empty()) {
     add("Upstream", tr("None"));
   }
@@ -257,7 +257,7 @@ std::vector<GitFact> gitFacts(const GitState& state) {
     add("Changed", QString::number(changes->changed));
     add("Untracked", QString::number(changes->untracked));
   } else {
-    add("Changes", state.isBare ? tr("Bare, without files") : tr("Too large to count"));
+    add("Changes", state.isBare ? tr("None in a bare repository") : tr("Too large to count"));
   }
   add("Stashes", number(state.stashes));
   return facts;

@@ -58,15 +58,15 @@ void DeveloperList::publish() {
 void DeveloperList::act(const QString& row, bool starts) {
   if (!source_.act || !busy_.insert(row).second) return;
   publish();
-  const auto job =
-      PacedWork::job([act = source_.act, row, starts] { return act(row, starts); },
-                     [this, row](const QString& complaint) {
-                       busy_.erase(row);
-                       publish();
-                       if (!complaint.isEmpty())
-                         shell_.showToast(tr("It did not work"), complaint, QStringLiteral("exclamationmark.triangle"));
-                       lookAgain();
-                     });
+  const auto job = PacedWork::job([act = source_.act, row, starts] { return act(row, starts); },
+                                  [this, row](const QString& complaint) {
+                                    busy_.erase(row);
+                                    publish();
+                                    if (!complaint.isEmpty())
+                                      shell_.showToast(tr("That did not work"), complaint,
+                                                       QStringLiteral("exclamationmark.triangle"));
+                                    lookAgain();
+                                  });
   background_(job.work, job.done);
 }
 
@@ -80,7 +80,7 @@ void DeveloperList::showLog(const QString& row) {
   const auto job = PacedWork::job([log = source_.log, row] { return log(row); },
                                   [this, row](const QString& text) {
                                     if (logRow_ != row) return;
-                                    log_ = text.isEmpty() ? tr("It has not written anything.") : text;
+                                    log_ = text.isEmpty() ? tr("No output yet.") : text;
                                     Q_EMIT logChanged();
                                   });
   background_(job.work, job.done);

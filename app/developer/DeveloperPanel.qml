@@ -22,8 +22,8 @@ Popover {
     signal chosen(string id, string address, string title)
     signal pageAsked(string address)
 
-    implicitWidth: 400
-    implicitHeight: 360
+    implicitWidth: Math.round(400 * Theme.textScale)
+    implicitHeight: Math.round(360 * Theme.textScale)
     fact: face.problem === "" ? face.subLine : ""
     onAboutToOpen: {
         asked = "";

@@ -14,11 +14,11 @@ DeveloperPanel {
     entries: containers
     title: hasLog ? containers.logTitle : qsTr("Docker")
     symbol: "shippingbox"
-    implicitWidth: 460
-    implicitHeight: 420
+    implicitWidth: Math.round(460 * Theme.textScale)
+    implicitHeight: Math.round(420 * Theme.textScale)
     hasPages: true
     emptyTitle: qsTr("No containers")
-    emptySentence: qsTr("Containers appear here once they are made.")
+    emptySentence: qsTr("Containers appear here once they are created.")
     onChosen: id => containers.showLog(id)
     onPageAsked: address => {
         area.open(address);
@@ -30,7 +30,7 @@ DeveloperPanel {
             anchors.verticalCenter: parent.verticalCenter
             visible: root.hasLog
             symbol: "arrow.clockwise"
-            label: qsTr("Read again")
+            label: qsTr("Refresh")
             onClicked: root.containers.readLogAgain()
         },
         IconButton {

@@ -14,7 +14,7 @@ DeveloperPanel {
     title: qsTr("Localhost Ports")
     symbol: "point.3.connected.trianglepath.dotted"
     emptyTitle: qsTr("No servers")
-    emptySentence: qsTr("Programs that listen on this computer appear here.")
+    emptySentence: qsTr("Programs that listen on a port of this computer appear here.")
     onChosen: (id, address) => {
         area.open(address);
         presentation.dismiss();

@@ -10,5 +10,5 @@ DeveloperPanel {
     symbol: "iphone"
     startsOnClick: true
     emptyTitle: qsTr("No devices")
-    emptySentence: qsTr("Devices that you make in Android Studio appear here.")
+    emptySentence: qsTr("Devices that you create in Android Studio appear here.")
 }

@@ -19,6 +19,10 @@ BarPanels::BarPanels(QQmlEngine& engine, WidgetContext& context, WindowStyle& st
       anchor_(std::move(anchor)) {
   connect(&context_, &WidgetContext::openPanel, this, &BarPanels::openPanel);
   connect(&context_, &WidgetContext::openTileMenu, this, &BarPanels::openTileMenu);
+  // What was typed for a tile is stored when its panel closes, and belongs to this profile.
+  connect(context_.model(), &AppModel::activeProfileAboutToChange, this, [this] {
+    if (ofTile_) ofTile_->close();
+  });
 }
 
 DockPopoverController& BarPanels::panel(const QString& module, const QString& file, const QVariantMap& properties) {
@@ -64,6 +68,7 @@ void BarPanels::openPanel(const QString& widget, const QString& item, const QUrl
   const QString name = source.toString() + (properties.isEmpty() ? QString() : u'#' + widget);
   DockPopoverController& panel = named(name, tileSources().at(widget).area, source, properties);
   for (auto it = properties.begin(); it != properties.end(); ++it) panel.setProperty(it.key(), it.value());
+  ofTile_ = &panel;
   toggle(panel, item);
 }
 
@@ -82,6 +87,7 @@ void BarPanels::openTileMenu(const QString& item, const QString& ownText, const 
                    at == items.end() || std::next(at) == items.end() ? QString() : idOf(*std::next(at)));
   menu.setProperty(QStringLiteral("ownText"), ownText);
   menu.setProperty(QStringLiteral("ownSymbol"), ownSymbol);
+  ofTile_ = &menu;
   open(menu, item);
 }
 

@@ -62,7 +62,8 @@ class BarPanels : public QObject {
   DelayedStep later_;
   std::function<PanelAnchor(const QString& item)> anchor_;
   bool returnsKeyboard_ = false;
-  QString item_;  // the slot of the panel that was opened last
+  QString item_;                             // the slot of the panel that was opened last
+  DockPopoverController* ofTile_ = nullptr;  // the one that a tile asked for last
   std::map<QString, std::unique_ptr<DockPopoverController>> panels_;
   std::vector<DockPopoverController*> kept_;  // of those that closed, the newest first
 };

@@ -257,7 +257,11 @@ void DockPanelController::keyboardAnswered(bool isActive) {
     return;
   }
   keyboardFocusOf(engine_).setIsShown(true);
-  if (window_->rootObject()) window_->rootObject()->forceActiveFocus(Qt::TabFocusReason);
+  if (QQuickItem* root = window_->rootObject()) {
+    // To the tile that had it last, or else to the first.
+    root->forceActiveFocus(Qt::TabFocusReason);
+    if (window_->activeFocusItem() == root) root->nextItemInFocusChain()->forceActiveFocus(Qt::TabFocusReason);
+  }
   Q_EMIT keyboardTaken();
 }
 

@@ -52,9 +52,9 @@ Item {
             anchors.right: parent.right
             anchors.top: parent.top
             anchors.margins: 3
-            width: 24
-            height: 24
-            radius: 12
+            width: Math.round(24 * Theme.textScale)
+            height: Math.round(24 * Theme.textScale)
+            radius: width / 2
             color: Theme.red.soft
 
             Symbol {

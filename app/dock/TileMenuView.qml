@@ -19,7 +19,7 @@ Menu {
     // As of a Popover.
     property bool fades: true
 
-    implicitWidth: 216
+    implicitWidth: Math.round(216 * Theme.textScale)
     Accessible.name: qsTr("Menu of the tile")
 
     // As of a Popover.

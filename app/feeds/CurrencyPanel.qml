@@ -10,8 +10,8 @@ Popover {
     readonly property currencyFace face: currency.face
     property bool choosesFrom: false
 
-    implicitWidth: 400
-    implicitHeight: 500
+    implicitWidth: Math.round(400 * Theme.textScale)
+    implicitHeight: Math.round(500 * Theme.textScale)
     title: qsTr("Currency")
     symbol: "dollarsign.arrow.circlepath"
     fact: face.day
@@ -19,10 +19,10 @@ Popover {
         choosesFrom = false;
         amount.text = face.amount;
         amount.selectAll();
-        currency.setOpen(true);
+        currency.begin();
     }
     onOpenChanged: if (!open && currency) // it may have ended before its panel
-        currency.setOpen(false)
+        currency.end()
 
     PanelColumn {
         id: column

@@ -7,22 +7,12 @@
 namespace ambrel {
 
 Feed::Feed(FeedSeams seams, std::chrono::seconds interval, QObject* parent)
-    : TimedModel(parent),
+    : SeenModel(parent),
       seams_(std::move(seams)),
       schedule_(interval, seams_.mostJitter * QRandomGenerator::global()->generateDouble()) {}
 
-void Feed::setSeen(bool isSeen) {
-  isSeen_ = isSeen;
-  updateWanted();
-}
-
-void Feed::setOpen(bool isOpen) {
-  if (std::exchange(isOpen_, isOpen) && !isOpen) closed();
-  updateWanted();
-}
-
-void Feed::updateWanted() {
-  const bool isWanted = isSeen_ || isOpen_;
+void Feed::neededChanged() {
+  const bool isWanted = isNeeded();
   if (isWanted == schedule_.isWanted()) return;
   const Instant now = seams_.now();
   if (isWanted && !isLoaded_) {

@@ -6,7 +6,7 @@
 
 #include "app/base/Area.h"
 #include "app/base/Log.h"
-#include "app/base/TimedModel.h"
+#include "app/base/SeenModel.h"
 #include "app/web/Fetcher.h"
 #include "core/base/JSON.h"
 #include "core/base/JSONFileStore.h"
@@ -27,14 +27,12 @@ struct FeedSeams {
   double mostJitter = 0.05;               // the largest share by which pauses are lengthened, at random
 };
 
-class Feed : public TimedModel {
+// Requests go out only while it is needed.
+class Feed : public ambrel::SeenModel {
   Q_OBJECT
   QML_ANONYMOUS
 
  public:
-  // Whether the tile can be seen, and whether the panel is open. Requests go out only while one of them is.
-  void setSeen(bool isSeen);
-  Q_INVOKABLE void setOpen(bool isOpen);
   // The user asks.
   Q_INVOKABLE void refresh();
   // Another server: what was asked of the old one does not count.
@@ -58,9 +56,6 @@ class Feed : public TimedModel {
   virtual void ask() = 0;
   // Publishes what there is.
   virtual void show(Instant now) = 0;
-  // The panel was closed.
-  virtual void closed() {}
-
   void get(const QUrl& address, qint64 mostBytes, std::function<void(Download)> answered);
   void succeeded();
   void failed(const Download& download);
@@ -83,19 +78,18 @@ class Feed : public TimedModel {
       logLine("cannot save " + std::string(name) + ": " + error.what());
     }
   }
-  bool isOpen() const { return isOpen_; }
   QString problem() const { return fetchProblem(failure_, isOnline_); }
 
   FeedSeams seams_;
   int question_ = 0;
 
  private:
-  void updateWanted();
+  void neededChanged() override;
   void askIf(bool isDue);
 
   AskSchedule schedule_;
   std::optional<FetchFailure> failure_;
-  bool isSeen_ = false, isOpen_ = false, isLoaded_ = false, isOnline_ = true;
+  bool isLoaded_ = false, isOnline_ = true;
 };
 
 }  // namespace ambrel

@@ -12,8 +12,8 @@ FeedsArea::FeedsArea(const FeedSeams& seams, DueTimer& due, QObject* parent)
 }
 
 void FeedsArea::widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) {
-  stories_.setSeen(areSeen && onBar.contains(DockWidget::hackerNews));
-  currency_.setSeen(areSeen && onBar.contains(DockWidget::currency));
+  stories_.setIsSeen(areSeen && onBar.contains(DockWidget::hackerNews));
+  currency_.setIsSeen(areSeen && onBar.contains(DockWidget::currency));
   quote_.setSeen(areSeen && onBar.contains(DockWidget::quote));
 }
 

@@ -11,14 +11,14 @@ Popover {
     required property Presentation presentation
     readonly property storiesFace face: stories.face
 
-    implicitWidth: 420
-    implicitHeight: 460
+    implicitWidth: Math.round(420 * Theme.textScale)
+    implicitHeight: Math.round(460 * Theme.textScale)
     title: qsTr("Hacker News")
     symbol: "newspaper"
     fact: face.staleSince !== "" ? face.staleSince : face.updated
-    onAboutToOpen: stories.setOpen(true)
+    onAboutToOpen: stories.begin()
     onOpenChanged: if (!open && stories) // it may have ended before its panel
-        stories.setOpen(false)
+        stories.end()
 
     headerItems: IconButton {
         anchors.verticalCenter: parent.verticalCenter

@@ -13,7 +13,7 @@ Popover {
 
     title: isForEyes ? qsTr("Eye Break") : qsTr("Stand Up")
     symbol: isForEyes ? "eye" : "figure.stand"
-    implicitHeight: 226
+    implicitHeight: Math.round(226 * Theme.textScale)
 
     LiveTimeline {
         schedule: root.reminder.face.isOn ? LiveTimeline.EverySecond : LiveTimeline.Never

@@ -11,7 +11,7 @@ Popover {
     title: qsTr("Focus Stats")
     symbol: "chart.bar"
     fact: qsTr("%1 this week").arg(root.pomodoro.week.total)
-    implicitHeight: 236
+    implicitHeight: Math.round(236 * Theme.textScale)
 
     PanelColumn {
         y: Theme.space3

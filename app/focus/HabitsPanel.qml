@@ -10,7 +10,7 @@ Popover {
 
     title: qsTr("Habits")
     symbol: "checklist"
-    implicitHeight: 420
+    implicitHeight: Math.round(420 * Theme.textScale)
 
     Field {
         id: field
@@ -18,7 +18,7 @@ Popover {
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
         symbol: "plus"
-        hint: root.habits.face.isFull ? qsTr("There is no room for more") : qsTr("Add a habit")
+        hint: root.habits.face.isFull ? qsTr("The list is full") : qsTr("Add a habit")
         enabled: !root.habits.face.isFull
         maximumLength: 60
         focus: true

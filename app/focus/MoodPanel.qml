@@ -10,7 +10,7 @@ Popover {
 
     title: qsTr("How do you feel today?")
     symbol: "face.smiling"
-    implicitHeight: 150
+    implicitHeight: Math.round(150 * Theme.textScale)
 
     Row {
         anchors.horizontalCenter: parent.horizontalCenter

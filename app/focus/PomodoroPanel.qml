@@ -13,7 +13,7 @@ Popover {
     title: pomodoro.face.phaseTitle
     symbol: "timer"
     fact: qsTr("%1 today").arg(root.pomodoro.face.sessionsToday)
-    implicitHeight: 394
+    implicitHeight: Math.round(394 * Theme.textScale)
 
     LiveTimeline {
         schedule: root.pomodoro.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never

@@ -10,8 +10,8 @@ Pressable {
     property string symbol
 
     tip: label
-    implicitWidth: 32
-    implicitHeight: 32
+    implicitWidth: Math.round(32 * Theme.textScale)
+    implicitHeight: implicitWidth
     scale: down ? Theme.pressScale : 1
 
     Ring {
@@ -23,6 +23,6 @@ Pressable {
         Accessible.ignored: true
     }
     FocusRing {
-        targetRadius: 16
+        targetRadius: width / 2
     }
 }

@@ -11,7 +11,7 @@ Popover {
 
     title: qsTr("Stopwatch")
     symbol: "stopwatch"
-    implicitHeight: 164
+    implicitHeight: Math.round(164 * Theme.textScale)
 
     LiveTimeline {
         schedule: root.stopwatch.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never

@@ -11,7 +11,7 @@ Popover {
 
     title: qsTr("Drink Water")
     symbol: "drop.fill"
-    implicitHeight: 302
+    implicitHeight: Math.round(302 * Theme.textScale)
 
     PanelColumn {
         Meter {

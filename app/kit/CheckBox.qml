@@ -15,8 +15,8 @@ Pressable {
     Accessible.checked: checkState === Qt.Checked
     Accessible.checkStateMixed: checkState === Qt.PartiallyChecked
     Accessible.onToggleAction: root.press()
-    implicitWidth: 18
-    implicitHeight: 18
+    implicitWidth: Math.round(18 * Theme.textScale)
+    implicitHeight: implicitWidth
     opacity: enabled ? 1 : 0.5
     onClicked: root.toggled(root.checkState !== Qt.Checked)
 

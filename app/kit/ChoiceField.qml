@@ -9,6 +9,7 @@ Pressable {
     property var options: [] // texts
     property int current: -1
     readonly property bool isOpen: list.visible
+    readonly property real rowHeight: Theme.body.line + 10
     // For the list, within the panel's window and its margin.
     property real roomAbove
     property real roomBelow
@@ -46,7 +47,7 @@ Pressable {
     label: name + ", " + text.text
     accessibleRole: Accessible.ComboBox
     implicitWidth: 160
-    implicitHeight: 32
+    implicitHeight: Math.max(32, Theme.body.line + 14)
     z: isOpen ? 2 : 0
     onClicked: isOpen ? closeList() : openList()
     Keys.onUpPressed: root.step(-1)
@@ -94,7 +95,7 @@ Pressable {
     ListView {
         id: list
 
-        readonly property real wantedHeight: Math.min(28 * root.options.length, 224)
+        readonly property real wantedHeight: rowHeight * Math.min(root.options.length, 8)
 
         visible: false
         y: root.opensAbove ? -height - 9 : root.height + 9
@@ -134,7 +135,7 @@ Pressable {
             required property string modelData
 
             width: list.width
-            height: 28
+            height: root.rowHeight
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData
             Accessible.onPressAction: root.take(index)

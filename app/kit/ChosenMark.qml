@@ -9,9 +9,9 @@ Rectangle {
     property bool isHovered: false
     property bool isLocked: false
 
-    implicitWidth: 22
-    implicitHeight: 22
-    radius: 11
+    implicitWidth: Math.round(22 * Theme.textScale)
+    implicitHeight: implicitWidth
+    radius: width / 2
     color: Theme.panel
 
     Rectangle {

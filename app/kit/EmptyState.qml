@@ -21,9 +21,9 @@ Item {
         spacing: Theme.space1
 
         Rectangle {
-            width: 56
-            height: 56
-            radius: 28
+            width: Math.round(56 * Theme.textScale)
+            height: width
+            radius: width / 2
             color: Theme.card
             anchors.horizontalCenter: parent.horizontalCenter
 

@@ -54,7 +54,7 @@ FocusScope {
         id: input
         anchors {
             left: parent.left
-            leftMargin: icon.visible ? 36 : Theme.space3
+            leftMargin: icon.visible ? icon.x + icon.width + Theme.space2 : Theme.space3
             right: clear.visible ? clear.left : parent.right
             rightMargin: clear.visible ? 2 : Theme.space3
             verticalCenter: parent.verticalCenter

@@ -13,8 +13,8 @@ Pressable {
     property bool isOn: false
 
     tip: label
-    implicitWidth: size
-    implicitHeight: size
+    implicitWidth: Math.round(size * Theme.textScale)
+    implicitHeight: implicitWidth
     scale: down ? Theme.pressScale : 1
 
     Rectangle {

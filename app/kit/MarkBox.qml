@@ -12,8 +12,8 @@ Rectangle {
     readonly property bool hasPicture: String(picture) !== ""
     readonly property bool isEmpty: symbol === "" && letter === "" && !hasPicture
 
-    implicitWidth: 32
-    implicitHeight: 32
+    implicitWidth: Math.round(32 * Theme.textScale)
+    implicitHeight: implicitWidth
     radius: Theme.radiusButton
     color: tone ? tone.soft : Theme.card
     border.width: tone ? 0 : 1
@@ -36,10 +36,10 @@ Rectangle {
     }
     Image {
         anchors.centerIn: parent
-        width: 20
-        height: 20
-        sourceSize.width: 40
-        sourceSize.height: 40
+        width: Math.round(20 * Theme.textScale)
+        height: width
+        sourceSize.width: 2 * width
+        sourceSize.height: 2 * width
         fillMode: Image.PreserveAspectFit
         source: root.picture
         asynchronous: true

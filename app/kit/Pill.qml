@@ -24,9 +24,9 @@ Rectangle {
 
         Rectangle {
             visible: root.hasDot && root.symbol === ""
-            width: 6
-            height: 6
-            radius: 3
+            width: Math.round(6 * Theme.textScale)
+            height: width
+            radius: width / 2
             color: root.tone.mark
             anchors.verticalCenter: parent.verticalCenter
         }

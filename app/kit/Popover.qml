@@ -15,6 +15,7 @@ FocusScope {
     property bool fades: true
     property bool hasHeader: true
     property bool hasFullRule: false
+    // It grows with the text.
     property int headerHeight: 48
     property int radius: Theme.radiusPanel
     readonly property int shadowMargin: 48
@@ -31,7 +32,7 @@ FocusScope {
     signal closeRequested
 
     // Of a tile's panel; larger ones say their own.
-    implicitWidth: 340
+    implicitWidth: Math.round(340 * Theme.textScale)
     Accessible.role: Accessible.Dialog
     Accessible.name: title
     opacity: !fades ? 1 : open ? spring.opacity : 0
@@ -68,7 +69,7 @@ FocusScope {
     PanelHeader {
         id: header
         visible: root.hasHeader
-        height: visible ? root.headerHeight : 0
+        height: visible ? Math.round(root.headerHeight * Theme.textScale) : 0
         width: parent.width
         title: root.title
         symbol: root.symbol

@@ -16,7 +16,7 @@ Item {
     property bool looksHovered: false
     property bool looksDown: false
     property int accessibleRole: Accessible.Button
-    // False for what is only read: keys reach it, and a press does nothing.
+    // False for what is only read: keys reach it, and nobody is offered a press.
     property bool isPressable: true
 
     signal clicked
@@ -25,13 +25,18 @@ Item {
         if (root.enabled && root.isPressable)
             root.clicked();
     }
+    // What is connected is an action of its own for screen readers. It may change before the item is complete.
+    function offerPress() {
+        root.Accessible.pressAction.disconnect(root.press);
+        if (root.isPressable)
+            root.Accessible.pressAction.connect(root.press);
+    }
 
     activeFocusOnTab: enabled
     Accessible.role: root.accessibleRole
     Accessible.name: root.label
     Accessible.description: root.tip === root.label ? "" : root.tip
     Accessible.focusable: true
-    Accessible.onPressAction: root.press()
 
     Keys.onPressed: event => {
         if (!root.isPressable || event.key !== Qt.Key_Space && event.key !== Qt.Key_Return && event.key !== Qt.Key_Enter)
@@ -48,6 +53,8 @@ Item {
         root.press();
     }
     onActiveFocusChanged: keyDown = false
+    onIsPressableChanged: offerPress()
+    Component.onCompleted: offerPress()
 
     onHoveredChanged: {
         if (root.tip === "")

@@ -12,8 +12,8 @@ Item {
     property real markOpacity: 1
     property color figureColor: Theme.ink
 
-    implicitWidth: 36
-    implicitHeight: 36
+    implicitWidth: Math.round(36 * Theme.textScale)
+    implicitHeight: implicitWidth
     Accessible.role: Accessible.ProgressBar
     Accessible.name: figure
 
@@ -23,6 +23,7 @@ Item {
         color: root.tone.mark
         trackColor: Theme.track
         duration: Theme.valueDuration
+        lineWidth: 4 * Theme.textScale
         opacity: root.markOpacity
     }
     Label {

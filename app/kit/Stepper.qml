@@ -29,7 +29,7 @@ FocusScope {
     }
 
     implicitWidth: row.width
-    implicitHeight: 32
+    implicitHeight: Math.round(32 * Theme.textScale)
     activeFocusOnTab: true
     Accessible.role: Accessible.SpinBox
     Accessible.name: label + ", " + text

@@ -13,8 +13,8 @@ Pressable {
     Accessible.checkable: true
     Accessible.checked: checked
     Accessible.onToggleAction: root.press()
-    implicitWidth: 36
-    implicitHeight: 20
+    implicitWidth: Math.round(36 * Theme.textScale)
+    implicitHeight: Math.round(20 * Theme.textScale)
     opacity: enabled ? 1 : 0.5
     onClicked: root.toggled(!root.checked)
 
@@ -26,10 +26,10 @@ Pressable {
         border.color: Theme.ink3
 
         Rectangle {
-            width: root.checked ? 14 : 12
+            width: Math.round((root.checked ? 14 : 12) * Theme.textScale)
             height: width
             radius: width / 2
-            x: root.checked ? parent.width - width - 3 : 4
+            x: root.checked ? parent.width - width - (parent.height - height) / 2 : (parent.height - height) / 2
             anchors.verticalCenter: parent.verticalCenter
             color: root.checked ? Theme.onAccent : Theme.ink3
 

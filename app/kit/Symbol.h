@@ -7,8 +7,10 @@
 
 namespace ambrel {
 
-// As large as its `size`, in one colour; with `isPicture` a weather symbol shows its own colours instead. A name
-// that is unknown shows a question mark, so that it is noticed and the layout stays.
+class Theme;
+
+// As large as its `size`, which grows with the text, in one colour; with `isPicture` a weather symbol shows its own
+// colours instead. A name that is unknown shows a question mark, so that it is noticed and the layout stays.
 class Symbol : public ambrel::StyledItem {
   Q_OBJECT
   QML_ELEMENT
@@ -25,13 +27,18 @@ class Symbol : public ambrel::StyledItem {
 
   void paint(QPainter* painter) override;
 
+ protected:
+  void componentComplete() override;
+
  private:
   void restyle() override;
+  qreal shownSize() const;
 
   QString name_;
   QColor color_;
   QColor sunColor_, cloudColor_, waterColor_;
   qreal size_ = 16;
+  const Theme* theme_ = nullptr;  // until it is complete there is none
   bool isPicture_ = false;
 };
 

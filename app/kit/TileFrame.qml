@@ -109,6 +109,7 @@ Pressable {
     }
     property bool areRowsElided: false
 
+    accessibleRole: isPressable ? Accessible.Button : Accessible.StaticText
     label: spoken
     tip: areRowsElided || header.isElided ? spoken : ""
     Accessible.description: {

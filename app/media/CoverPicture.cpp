@@ -4,22 +4,7 @@
 #include <QPainterPath>
 #include <algorithm>
 
-#include "app/base/Replaced.h"
-
 namespace ambrel {
-
-void CoverPicture::setPicture(const QImage& picture) {
-  if (picture.cacheKey() == picture_.cacheKey()) return;
-  picture_ = picture;
-  update();
-  Q_EMIT changed();
-}
-
-void CoverPicture::setRadius(qreal radius) {
-  if (!replaced(radius_, radius)) return;
-  update();
-  Q_EMIT changed();
-}
 
 void CoverPicture::paint(QPainter* painter) {
   if (picture_.isNull()) return;

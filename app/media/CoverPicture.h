@@ -2,7 +2,8 @@
 // The cover of what plays, cut to a square with round corners.
 
 #include <QImage>
-#include <QQuickPaintedItem>
+
+#include "app/kit/StyledItem.h"
 
 namespace ambrel {
 
@@ -13,23 +14,16 @@ struct CoverImage {
   QML_VALUE_TYPE(coverImage)
 };
 
-class CoverPicture : public QQuickPaintedItem {
+class CoverPicture : public ambrel::StyledItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QImage picture READ picture WRITE setPicture NOTIFY changed FINAL)
-  Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY changed FINAL)
+  Q_PROPERTY(QImage picture MEMBER picture_ NOTIFY styleChanged FINAL)
+  Q_PROPERTY(qreal radius MEMBER radius_ NOTIFY styleChanged FINAL)
 
  public:
-  using QQuickPaintedItem::QQuickPaintedItem;
+  using StyledItem::StyledItem;
 
-  const QImage& picture() const { return picture_; }
-  void setPicture(const QImage& picture);
-  qreal radius() const { return radius_; }
-  void setRadius(qreal radius);
   void paint(QPainter* painter) override;
-
- Q_SIGNALS:
-  void changed();
 
  private:
   QImage picture_;

@@ -22,7 +22,7 @@ class MediaArea : public Area {
   NowPlayingModel* nowPlaying() { return &nowPlaying_; }
 
   void widgetsChanged(const std::set<DockWidget>& onBar, bool areSeen, Instant /*now*/) override {
-    nowPlaying_.setSeen(areSeen && onBar.contains(DockWidget::nowPlaying));
+    nowPlaying_.setIsSeen(areSeen && onBar.contains(DockWidget::nowPlaying));
   }
   QVariantMap sample(DockWidget /*widget*/) override {
     const MediaPlayer player{.name = "Player",

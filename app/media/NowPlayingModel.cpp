@@ -23,7 +23,7 @@ QByteArray coverFile(const QString& path) {
 
 }  // namespace
 
-NowPlayingModel::NowPlayingModel(Seams seams, QObject* parent) : QObject(parent), seams_(std::move(seams)) {
+NowPlayingModel::NowPlayingModel(Seams seams, QObject* parent) : SeenModel(parent), seams_(std::move(seams)) {
   keep({&rows_});
   seconds_.setInterval(1000);
   connect(&seconds_, &QTimer::timeout, this, &NowPlayingModel::askPosition);
@@ -32,7 +32,7 @@ NowPlayingModel::NowPlayingModel(Seams seams, QObject* parent) : QObject(parent)
 
 void NowPlayingModel::reload() {
   isConnected_ = seams_.defaults.boolean(key).value_or(false);
-  follow();
+  neededChanged();
 }
 
 void NowPlayingModel::setConnected(bool isConnected) {
@@ -40,18 +40,10 @@ void NowPlayingModel::setConnected(bool isConnected) {
   reload();
 }
 
-void NowPlayingModel::setSeen(bool isSeen) {
-  if (std::exchange(isSeen_, isSeen) != isSeen) follow();
-}
-
-void NowPlayingModel::setOpen(bool isOpen) {
-  if (std::exchange(isOpen_, isOpen) != isOpen) follow();
-}
-
-void NowPlayingModel::follow() {
-  const bool isWanted = isConnected_ && (isSeen_ || isOpen_);
+void NowPlayingModel::neededChanged() {
+  const bool isWanted = isConnected_ && isNeeded();
   seams_.players.setChangeHandler(isWanted ? [this] { show(); } : std::function<void()>());
-  if (!isOpen_) seconds_.stop();
+  if (!isOpen()) seconds_.stop();
   // What was shown stays while nobody looks.
   if (isWanted || !isConnected_) show();
 }
@@ -68,10 +60,10 @@ void NowPlayingModel::show() {
   if (replaced(face_, nowPlayingFace(isConnected_, shown))) Q_EMIT faceChanged();
   lookForCover(player_.cover);
   if (before.id != player_.id || before.track != player_.track || before.title != player_.title) setPosition({});
-  const bool moves = isOpen_ && face_.isPlaying;
+  const bool moves = isOpen() && face_.isPlaying;
   if (!moves) seconds_.stop();
   if (moves && !seconds_.isActive()) seconds_.start();
-  if (isOpen_ && face_.hasPlayer) askPosition();
+  if (isOpen() && face_.hasPlayer) askPosition();
 }
 
 void NowPlayingModel::choose(const QString& playerId) {

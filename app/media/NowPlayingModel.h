@@ -7,6 +7,7 @@
 #include "app/base/Area.h"
 #include "app/base/Background.h"
 #include "app/base/GadgetListModel.h"
+#include "app/base/SeenModel.h"
 #include "app/media/MediaFaces.h"
 #include "app/web/Fetcher.h"
 #include "core/base/UserDefaults.h"
@@ -14,7 +15,8 @@
 
 namespace ambrel {
 
-class NowPlayingModel : public QObject {
+// The players are asked only while it is needed.
+class NowPlayingModel : public ambrel::SeenModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("built by the program")
@@ -48,9 +50,6 @@ class NowPlayingModel : public QObject {
   qreal position() const { return position_ ? position_->count() : -1; }
   QString positionText() const;
 
-  // Whether the tile can be seen, and whether the panel is open: the players are asked only while one of them is.
-  void setSeen(bool isSeen);
-  Q_INVOKABLE void setOpen(bool isOpen);
   // The user lets the tile see what plays, or no longer.
   Q_INVOKABLE void setConnected(bool isConnected);
   // The stored choice may be another.
@@ -70,7 +69,7 @@ class NowPlayingModel : public QObject {
   void positionChanged();
 
  private:
-  void follow();
+  void neededChanged() override;
   void show();
   void tell(PlayerCommand command);
   void askPosition();
@@ -79,7 +78,7 @@ class NowPlayingModel : public QObject {
   void takeCover(std::function<QByteArray()> read);
 
   Seams seams_;
-  bool isSeen_ = false, isOpen_ = false, isConnected_ = false;
+  bool isConnected_ = false;
   std::string chosen_, shown_;
   MediaPlayer player_;  // the one that is shown
   std::optional<Seconds> position_;

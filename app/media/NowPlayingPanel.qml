@@ -13,9 +13,9 @@ Popover {
     symbol: "music.note"
     fact: face.hasPlayer ? face.player : ""
     implicitHeight: header.height + (face.hasPlayer ? column.height + Theme.space2 : 180) + Theme.space4
-    onAboutToOpen: nowPlaying.setOpen(true)
+    onAboutToOpen: nowPlaying.begin()
     onOpenChanged: if (!open && nowPlaying) // it may have ended before its panel
-        nowPlaying.setOpen(false)
+        nowPlaying.end()
 
     EmptyState {
         anchors.centerIn: parent

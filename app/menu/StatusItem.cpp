@@ -32,20 +32,29 @@ QString KeyNames::translate(const char* context, const char* source, const char*
 
 StatusItem::StatusItem(Icon icon, Handler handler) : icon_(std::move(icon)), handler_(std::move(handler)) {
   QCoreApplication::installTranslator(&keyNames_);
-  tray_.setContextMenu(&menu_);
+}
+
+void StatusItem::show() {
+  tray_ = std::make_unique<QSystemTrayIcon>();
+  tray_->setContextMenu(&menu_);
   // A click opens the menu, whichever button it was.
-  connect(&tray_, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+  connect(tray_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
     if (reason == QSystemTrayIcon::Trigger) menu_.popup(QCursor::pos());
   });
+  showAttention();
+  tray_->show();
+}
+
+void StatusItem::showAttention() {
+  if (!tray_ || !shown_) return;
+  tray_->setIcon(icon_(shown_->attention));
+  tray_->setToolTip(QString::fromStdString(menuBarLabel(*shown_)));
 }
 
 void StatusItem::update(const MenuModel& menu) {
   if (shown_ == menu) return;
   const bool isFirst = !shown_;
-  if (isFirst || shown_->attention != menu.attention) {
-    tray_.setIcon(icon_(menu.attention));
-    tray_.setToolTip(QString::fromStdString(menuBarLabel(menu)));
-  }
+  const bool hasNews = isFirst || shown_->attention != menu.attention;
   if (!isFirst && hasSameShape(shown_->entries, menu.entries)) {
     rewrite(menu_, menu.entries);
   } else {
@@ -56,12 +65,10 @@ void StatusItem::update(const MenuModel& menu) {
     fill(menu_, menu.entries);
   }
   shown_ = menu;
-  if (isFirst) tray_.show();
+  if (hasNews) showAttention();
 }
 
-void StatusItem::redrawIcon() {
-  if (shown_) tray_.setIcon(icon_(shown_->attention));
-}
+void StatusItem::redrawIcon() { showAttention(); }
 
 void StatusItem::fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
   QActionGroup* choices = nullptr;

@@ -7,6 +7,7 @@
 #include <QSystemTrayIcon>
 #include <QTranslator>
 #include <functional>
+#include <memory>
 
 #include "app/menu/MenuModel.h"
 
@@ -19,7 +20,7 @@ class KeyNames : public QTranslator {
   bool isEmpty() const override { return false; }
 };
 
-// Needs a QApplication. Without a tray nothing is shown until one appears.
+// Needs a QApplication.
 class StatusItem : public QObject {
   Q_OBJECT
 
@@ -33,23 +34,26 @@ class StatusItem : public QObject {
   void update(const MenuModel& menu);
   // What the icon is drawn from has changed, such as the colours of the desktop.
   void redrawIcon();
-  static bool isTrayAvailable() { return QSystemTrayIcon::isSystemTrayAvailable(); }
+  // A tray is there, for the first time. It may go and come again.
+  void show();
 
   const QMenu& menu() const { return menu_; }
-  const QSystemTrayIcon& trayIcon() const { return tray_; }
+  // Null before `show`.
+  const QSystemTrayIcon* trayIcon() const { return tray_.get(); }
 
  private:
   void fill(QMenu& menu, const std::vector<MenuEntry>& entries);
   // Writes the new texts and marks into a menu of the same shape, which may be open.
   void rewrite(QMenu& menu, const std::vector<MenuEntry>& entries);
   void write(QAction& action, const MenuEntry& entry);
+  void showAttention();
 
   Icon icon_;
   Handler handler_;
   std::optional<MenuModel> shown_;
   KeyNames keyNames_;
   QMenu menu_;
-  QSystemTrayIcon tray_;
+  std::unique_ptr<QSystemTrayIcon> tray_;
 };
 
 }  // namespace ambrel

@@ -66,8 +66,8 @@ void AppModel::takeOver() {
   auto loaded = loadProfiles(store_);
   if (loaded.problem || loaded.profiles.empty() || loaded.profiles == profiles_) return;
   profiles_ = updated(std::move(loaded.profiles), std::nullopt).profiles;
-  Q_EMIT profilesChanged();
   update();
+  Q_EMIT profilesChanged();
 }
 
 void AppModel::setProfiles(std::vector<Profile> profiles) {
@@ -79,11 +79,27 @@ void AppModel::edited(std::vector<Profile> profiles) {
   profiles_ = std::move(profiles);
   save();
   if (!isChanged) return;
-  Q_EMIT profilesChanged();
   update();
+  Q_EMIT profilesChanged();
+}
+
+std::optional<UUID> AppModel::resolvedID() const {
+  const Profile* first = profiles_.empty() ? nullptr : &profiles_.front();
+  const Profile* resolved =
+      license_.allows(ProFeature::profileSwitching) ? resolve(profiles_, displays_, pinnedProfileID_) : first;
+  return resolved ? std::optional(resolved->id) : std::nullopt;
+}
+
+void AppModel::activate() {
+  if (resolvedID() == activeID_ || isActivating_) return;
+  isActivating_ = true;
+  Q_EMIT activeProfileAboutToChange();
+  isActivating_ = false;
+  activeID_ = resolvedID();
 }
 
 void AppModel::update() {
+  activate();
   const Profile* active = activeProfile();
   std::vector<ProfileRow> rows;
   for (const Profile& profile : profiles_) {
@@ -105,14 +121,11 @@ void AppModel::update() {
 void AppModel::setPinnedProfileID(const std::optional<UUID>& id) {
   if (id == pinnedProfileID_) return;
   pinnedProfileID_ = id;
-  Q_EMIT pinnedProfileIDChanged();
   update();
+  Q_EMIT pinnedProfileIDChanged();
 }
 
-const Profile* AppModel::activeProfile() const {
-  if (license_.allows(ProFeature::profileSwitching)) return resolve(profiles_, displays_, pinnedProfileID_);
-  return profiles_.empty() ? nullptr : &profiles_.front();
-}
+const Profile* AppModel::activeProfile() const { return activeID_ ? profileWith(*activeID_) : nullptr; }
 
 const Profile* AppModel::profileWith(const UUID& id) const {
   const auto found = std::ranges::find(profiles_, id, &Profile::id);
@@ -178,8 +191,9 @@ void AppModel::placeItem(const DockItem& item, const UUID& profileID, const std:
 }
 
 void AppModel::setSlotSetting(std::string_view key, const std::optional<DefaultsValue>& value) {
-  if (const Profile* active = activeProfile())
-    edit([&](auto& profiles) { return ambrel::setSlotSetting(profiles, active->id, key, value, defaults_.all()); });
+  // One that was deleted keeps nothing, but the others go on showing what they show.
+  if (activeID_)
+    edit([&](auto& profiles) { return ambrel::setSlotSetting(profiles, *activeID_, key, value, defaults_.all()); });
 }
 
 UUID AppModel::addProfile(std::string name, std::optional<DisplayContext> trigger) {
@@ -204,8 +218,8 @@ void AppModel::refreshDisplays() {
   auto displays = listDisplays_();
   if (displays.empty() || displays == displays_) return;
   displays_ = std::move(displays);
-  Q_EMIT displaysChanged();
   update();
+  Q_EMIT displaysChanged();
 }
 
 void AppModel::addWidget(const QString& widget, const QString& profileID, const QString& beforeItemID) {

@@ -104,6 +104,8 @@ class AppModel : public QObject {
   void profilesChanged();
   void pinnedProfileIDChanged();
   void displaysChanged();
+  // Another profile is about to be active. What is stored now is still a choice of the one before.
+  void activeProfileAboutToChange();
   // Another profile is active, or the active one has changed.
   void activeProfileChanged();
   void canUndoChanged();
@@ -122,6 +124,10 @@ class AppModel : public QObject {
   // As edit, for the tiles of a profile. Absent: nothing differs.
   std::optional<BarEdit> editTiles(const UUID& profileID, auto change);
   const Profile* profileWith(const UUID& id) const;
+  // The profile that is to be active.
+  std::optional<UUID> resolvedID() const;
+  // Makes another profile the active one, if another is to be.
+  void activate();
   // Brings what follows from the fields up to date.
   void update();
 
@@ -133,6 +139,8 @@ class AppModel : public QObject {
   std::vector<Profile> profiles_;
   std::optional<UUID> pinnedProfileID_;
   std::vector<DisplaySnapshot> displays_;
+  std::optional<UUID> activeID_;
+  bool isActivating_ = false;
   std::vector<BarEdit> edits_;  // the last ones, oldest first
   // What the last `activeProfileChanged` spoke of.
   std::optional<Profile> shownProfile_;

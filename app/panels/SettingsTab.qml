@@ -14,7 +14,7 @@ Pressable {
     accessibleRole: Accessible.PageTab
     Accessible.checked: isChosen
     implicitWidth: Math.max(60, word.implicitWidth + Theme.space3)
-    implicitHeight: 34 + word.height
+    implicitHeight: word.y + word.height + Theme.space1
 
     Rectangle {
         anchors.fill: parent
@@ -31,7 +31,7 @@ Pressable {
     }
     Label {
         id: word
-        y: 30
+        y: Theme.space2 + Math.round(22 * Theme.textScale)
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.text
         role: root.isChosen ? Theme.captionStrong : Theme.caption

@@ -86,7 +86,10 @@ Popover {
     symbol: "gearshape.fill"
     hasFullRule: true
     headerHeight: 44
-    onAboutToOpen: search.text = ""
+    onAboutToOpen: {
+        search.text = "";
+        search.forceActiveFocus();
+    }
     Keys.onPressed: event => {
         event.accepted = event.key === Qt.Key_F && event.modifiers === Qt.ControlModifier;
         if (event.accepted)
@@ -96,9 +99,9 @@ Popover {
     headerItems: Field {
         id: search
         width: Math.round(220 * Theme.textScale)
-        implicitHeight: 32
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
         isSearch: true
+        focus: true
         hint: qsTr("Search all settings")
     }
 

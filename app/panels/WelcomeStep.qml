@@ -14,8 +14,8 @@ Item {
 
     Rectangle {
         id: box
-        width: 36
-        height: 36
+        width: Math.round(36 * Theme.textScale)
+        height: Math.round(36 * Theme.textScale)
         radius: Theme.radiusButton
         color: Theme.card
         anchors.verticalCenter: parent.verticalCenter

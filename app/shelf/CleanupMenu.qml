@@ -15,7 +15,7 @@ OverlayMenu {
         id: heading
 
         width: parent.width
-        height: 30
+        height: Math.round(30 * Theme.textScale)
 
         Label {
             x: 10

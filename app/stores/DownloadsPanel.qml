@@ -12,8 +12,8 @@ Popover {
     required property Presentation presentation
     readonly property folderFace face: downloads.face
 
-    implicitWidth: 380
-    implicitHeight: 440
+    implicitWidth: Math.round(380 * Theme.textScale)
+    implicitHeight: Math.round(440 * Theme.textScale)
     title: qsTr("Downloads")
     symbol: "arrow.down.circle"
     onAboutToOpen: downloads.look()

@@ -42,8 +42,8 @@ Popover {
             field.forceActiveFocus();
     }
 
-    implicitWidth: 380
-    implicitHeight: 440
+    implicitWidth: Math.round(380 * Theme.textScale)
+    implicitHeight: Math.round(440 * Theme.textScale)
     // It is closed for the first time before it has its list.
     onOpenChanged: if (!open && entries)
         entries.finish()

@@ -10,8 +10,8 @@ Popover {
 
     signal copyAsked(string text)
 
-    implicitWidth: 400
-    implicitHeight: 340
+    implicitWidth: Math.round(400 * Theme.textScale)
+    implicitHeight: Math.round(340 * Theme.textScale)
     title: qsTr("Quick Note")
     symbol: "note.text"
     onAboutToOpen: box.toEnd()

@@ -14,8 +14,8 @@ Popover {
     // A script was removed since the panel was made.
     property bool hasRemoved: false
 
-    implicitWidth: 400
-    implicitHeight: 460
+    implicitWidth: Math.round(400 * Theme.textScale)
+    implicitHeight: Math.round(460 * Theme.textScale)
     title: qsTr("Shortcuts")
     symbol: "command"
     onAboutToOpen: shortcut.search(field.text)

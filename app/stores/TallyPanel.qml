@@ -8,7 +8,7 @@ Popover {
 
     required property TallyCounter tally
 
-    implicitWidth: 280
+    implicitWidth: Math.round(280 * Theme.textScale)
     implicitHeight: header.height + column.height + 2 * Theme.space4
     title: qsTr("Tally Counter")
     symbol: "plus.circle"

@@ -12,7 +12,7 @@ LivePanel {
 
     title: qsTr("Bluetooth")
     symbol: "dot.radiowaves.right"
-    implicitHeight: 276
+    implicitHeight: Math.round(276 * Theme.textScale)
 
     headerItems: Switch {
         anchors.verticalCenter: parent.verticalCenter
@@ -46,11 +46,11 @@ LivePanel {
             required property double percent
 
             width: list.width
-            height: 44
+            height: Math.round(44 * Theme.textScale)
 
             Meter {
                 visible: row.figure !== ""
-                width: 104
+                width: Math.round(104 * Theme.textScale)
                 anchors.verticalCenter: parent.verticalCenter
                 value: row.percent
                 figure: row.figure

@@ -6,6 +6,7 @@ import Ambrel.Telemetry
 LiveTile {
     required property LiveModels readings
 
+    isPressable: true
     onActivated: copyAsked(readings.addressToCopy())
     // A whole address fits the narrowest tile that has a caption.
     valueRole: span === TileFrame.Medium ? Theme.caption : Theme.rowTitle

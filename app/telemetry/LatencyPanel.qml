@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Latency")
     symbol: "waveform.path.ecg"
-    implicitHeight: 338
+    implicitHeight: Math.round(338 * Theme.textScale)
     note: qsTr("A connection to 1.1.1.1 is made and closed again every 30 seconds while the tile can be seen.")
 
     headerItems: IconButton {
@@ -25,7 +25,7 @@ LivePanel {
     PanelColumn {
         Sparkline {
             width: parent.width
-            height: 72
+            height: Math.round(72 * Theme.textScale)
             capacity: 20
             maximum: root.reading.ceiling
             values: root.reading.history

@@ -12,7 +12,7 @@ Popover {
     // At the lower edge.
     property string note
 
-    implicitWidth: 340
+    implicitWidth: Math.round(340 * Theme.textScale)
 
     LiveNeed {
         readings: root.area.readings

@@ -19,6 +19,8 @@ TileFrame {
     property bool wrapsInSmall: false
     readonly property bool isWrapped: isSmall && wrapsInSmall && !hasMessage && reading.shortMessage !== ""
 
+    // A tile that overrides it answers `activated`.
+    isPressable: String(panel) !== ""
     value: isWrapped ? "" : hasMessage ? (isSmall ? reading.shortMessage : "") : !hasFigures ? "" : !isSmall ? reading.value : reading.shortMessage !== "" ? reading.shortMessage : reading.figure
     unit: hasMessage || !hasFigures ? "" : reading.unit
     valueColor: hasMessage && reading.level === 0 ? Theme.ink2 : levelColor
@@ -36,7 +38,7 @@ TileFrame {
     }
     Label {
         visible: root.isWrapped
-        y: 20
+        y: Math.round(20 * Theme.textScale)
         width: parent.width
         height: 2 * Theme.captionStrong.line
         text: root.reading.shortMessage

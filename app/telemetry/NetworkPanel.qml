@@ -14,7 +14,7 @@ LivePanel {
 
     title: qsTr("Network")
     symbol: "arrow.up.arrow.down"
-    implicitHeight: 330
+    implicitHeight: Math.round(330 * Theme.textScale)
     needs: ["ipAddress"]
 
     headerItems: Row {
@@ -41,7 +41,7 @@ LivePanel {
         x: Theme.space4
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
-        height: 88
+        height: Math.round(88 * Theme.textScale)
         reading: root.rates
     }
     EmptyState {

@@ -27,7 +27,7 @@ Row {
         text: root.hasLetter ? root.mark : ""
         role: Theme.captionStrong
         color: root.tone.text
-        width: 14
+        width: Math.round(14 * Theme.textScale)
         horizontalAlignment: Text.AlignHCenter
         anchors.baseline: amount.baseline
         Accessible.ignored: true

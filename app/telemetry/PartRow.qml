@@ -21,7 +21,7 @@ Item {
     Symbol {
         id: icon
         x: Theme.space2
-        y: 12
+        y: Math.round(12 * Theme.textScale)
         name: root.symbol
         size: 20
         color: Theme.ink2

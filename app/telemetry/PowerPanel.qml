@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Power")
     symbol: "bolt.fill"
-    implicitHeight: 288
+    implicitHeight: Math.round(288 * Theme.textScale)
     needs: ["power", "batteryHealth"]
     note: hasBattery ? area.face("batteryHealth").reading.help : ""
 

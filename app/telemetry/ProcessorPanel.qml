@@ -13,7 +13,7 @@ LivePanel {
     title: qsTr("Processor")
     symbol: "cpu"
     fact: isNaN(root.reading.percent) ? "" : root.reading.figure
-    implicitHeight: 420
+    implicitHeight: Math.round(420 * Theme.textScale)
     needs: ["topApps"]
 
     Sparkline {
@@ -21,7 +21,7 @@ LivePanel {
         x: Theme.space4
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
-        height: 72
+        height: Math.round(72 * Theme.textScale)
         capacity: 30
         values: root.reading.history
     }
@@ -72,7 +72,7 @@ LivePanel {
             required property double percent
 
             width: list.width
-            height: 26
+            height: Math.round(26 * Theme.textScale)
             Accessible.role: Accessible.ListItem
             Accessible.name: title + ", " + figure
 
@@ -86,7 +86,7 @@ LivePanel {
             }
             MeterBar {
                 id: bar
-                width: 72
+                width: Math.round(72 * Theme.textScale)
                 height: 4
                 anchors.right: amount.left
                 anchors.verticalCenter: parent.verticalCenter

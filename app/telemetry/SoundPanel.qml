@@ -12,14 +12,14 @@ LivePanel {
 
     title: qsTr("Volume")
     symbol: output.symbol
-    implicitHeight: 224
+    implicitHeight: Math.round(224 * Theme.textScale)
 
     PanelColumn {
         y: Theme.space3
 
         Row {
             width: parent.width
-            height: 32
+            height: Math.round(32 * Theme.textScale)
             spacing: Theme.space2
 
             IconButton {

@@ -15,17 +15,18 @@ LiveTile {
     span: TileFrame.Small
     hasHeader: !isSmall
     hasFigures: !isSmall
+    isPressable: true
     accessibleRole: Accessible.CheckBox
     Accessible.checkable: true
     Accessible.checked: reading.isOn
     valueRole: Theme.rowTitle
-    reserved: isSmall || hasMessage ? 0 : 40
+    reserved: isSmall || hasMessage ? 0 : Math.round(40 * Theme.textScale)
 
     Rectangle {
         visible: !root.hasMessage
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
         y: root.isSmall ? 0 : parent.height - height + 2
-        width: root.isSmall ? 36 : 32
+        width: Math.round((root.isSmall ? 36 : 32) * Theme.textScale)
         height: width
         radius: width / 2
         color: root.isPlain ? Theme.greySoft : root.tone.soft

@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Volumes")
     symbol: "externaldrive"
-    implicitHeight: 276
+    implicitHeight: Math.round(276 * Theme.textScale)
 
     EmptyState {
         width: parent.width
@@ -39,7 +39,7 @@ LivePanel {
             required property bool hasAction
 
             width: list.width
-            height: 64
+            height: Math.round(64 * Theme.textScale)
             detailColor: hasFailed ? Theme.red.text : Theme.ink2
             used: percent
 

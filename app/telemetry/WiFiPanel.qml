@@ -10,7 +10,7 @@ LivePanel {
 
     title: qsTr("Wi-Fi")
     symbol: "wifi"
-    implicitHeight: 248
+    implicitHeight: Math.round(248 * Theme.textScale)
     note: face.rows.count > 0 ? face.reading.help : ""
 
     EmptyState {

@@ -21,7 +21,7 @@ FocusScope {
         y: Theme.space3
         width: parent.width - 2 * Theme.space4
         isSearch: true
-        hint: root.cities.isFull ? qsTr("There is no room for more") : qsTr("Add a city")
+        hint: root.cities.isFull ? qsTr("The list is full") : qsTr("Add a city")
         enabled: !root.cities.isFull
         maximumLength: 60
         focus: true

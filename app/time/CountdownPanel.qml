@@ -12,7 +12,7 @@ Popover {
     symbol: "hourglass"
     fact: root.countdown.face.weeks
     implicitWidth: grid.implicitWidth + 2 * Theme.space4
-    implicitHeight: 48 + 2 + rows.y + rows.height + Theme.space3
+    implicitHeight: header.height + 2 + rows.y + rows.height + Theme.space3
     onAboutToOpen: {
         countdown.showDate();
         field.text = countdown.face.isUsual ? "" : countdown.face.title;
@@ -30,7 +30,7 @@ Popover {
 
             width: parent.width
             symbol: "pencil"
-            label: qsTr("What is waited for")
+            label: qsTr("What you are counting down to")
             hint: root.countdown.face.title
             maximumLength: 60
             focus: true

@@ -14,8 +14,8 @@ Popover {
     title: qsTr("Meeting Planner")
     symbol: "person.2"
     fact: root.meeting.face.note
-    implicitWidth: 420
-    implicitHeight: 560
+    implicitWidth: Math.round(420 * Theme.textScale)
+    implicitHeight: Math.round(560 * Theme.textScale)
     onAboutToOpen: {
         meeting.goToBest();
         chooser.start();

@@ -12,7 +12,7 @@ Popover {
 
     title: qsTr("Unix Time")
     symbol: "number"
-    implicitHeight: 334
+    implicitHeight: Math.round(334 * Theme.textScale)
     onAboutToOpen: {
         field.text = "";
         converter.convert("");

@@ -10,7 +10,7 @@ Popover {
 
     title: qsTr("World Clock")
     symbol: "globe"
-    implicitHeight: 420
+    implicitHeight: Math.round(420 * Theme.textScale)
     onAboutToOpen: chooser.start()
 
     CityChooser {

@@ -4,7 +4,7 @@
 #include <stop_token>
 
 #include "app/base/Face.h"
-#include "app/tools/SeenModel.h"
+#include "app/base/SeenModel.h"
 #include "app/tools/ToolSeams.h"
 
 namespace ambrel {

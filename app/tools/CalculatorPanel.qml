@@ -11,7 +11,7 @@ Popover {
     title: qsTr("Calculator")
     symbol: "plus.forwardslash.minus"
     fact: calculator.face.isWorking ? qsTr("Working…") : ""
-    implicitWidth: 380
+    implicitWidth: Math.round(380 * Theme.textScale)
     implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
 
     onAboutToOpen: {
@@ -29,10 +29,10 @@ Popover {
             id: field
 
             width: parent.width
-            height: 40
+            height: Math.round(40 * Theme.textScale)
             focus: true
             label: qsTr("Expression")
-            hint: qsTr("Such as 18 % of 240, or 5 mi to km")
+            hint: qsTr("For example 18 % of 240, or 5 mi to km")
             maximumLength: 2000
             onTextChanged: root.calculator.setInput(text)
             onAccepted: root.calculator.accept()

@@ -44,7 +44,7 @@ void EmojiModel::begin() {
         if (!self || generation != self->generation_) return;
         self->emoji_ = std::move(*read);
         EmojiFace face = self->face_;
-        face.groups = QStringList{tr("Used last")};
+        face.groups = QStringList{tr("Recently used")};
         face.samples = QStringList{QString()};
         for (const Emoji& emoji : self->emoji_)
           if (const QString group = toQString(emoji.group); face.groups.back() != group) {

@@ -18,8 +18,8 @@ Popover {
 
     title: qsTr("Emoji")
     symbol: "face.smiling.inverse"
-    implicitWidth: 392
-    implicitHeight: 452
+    implicitWidth: Math.round(392 * Theme.textScale)
+    implicitHeight: Math.round(452 * Theme.textScale)
 
     onAboutToOpen: {
         field.text = "";
@@ -130,7 +130,7 @@ Popover {
         width: grid.width
         visible: grid.count === 0 && root.emoji.face.groups.length > 0
         symbol: "face.smiling.inverse"
-        title: root.emoji.face.problem !== "" ? qsTr("No emoji") : field.text !== "" ? qsTr("None found") : qsTr("None used yet")
+        title: root.emoji.face.problem !== "" ? qsTr("No emoji") : field.text !== "" ? qsTr("No emoji found") : qsTr("No recent emoji")
         sentence: root.emoji.face.problem !== "" ? root.emoji.face.problem : field.text !== "" ? qsTr("Search for an English name, such as heart.") : qsTr("Emoji that you copy appear here.")
     }
     ScrollBar {
@@ -152,7 +152,7 @@ Popover {
             leftMargin: Theme.space4
             rightMargin: Theme.space4
         }
-        height: 44
+        height: Math.round(44 * Theme.textScale)
 
         TipLabel {
             width: parent.width - tones.width - Theme.space2

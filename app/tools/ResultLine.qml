@@ -9,7 +9,7 @@ Item {
     required property CalculatedModel model
 
     width: parent ? parent.width : 0
-    height: 48
+    height: Math.round(48 * Theme.textScale)
 
     TipLabel {
         visible: root.model.face.fault === ""
@@ -36,7 +36,7 @@ Item {
         kind: Button.Primary
         symbol: "doc.on.doc"
         text: qsTr("Copy")
-        tip: qsTr("Return copies the result, too")
+        tip: qsTr("Return also copies the result")
         enabled: root.model.face.result !== ""
         onClicked: root.model.accept()
     }

@@ -161,7 +161,7 @@ void TextToolModel::writeResult() {
     auto representations = textRepresentations(result_.outcome.output);
     representations.push_back({"x-kde-passwordManagerHint", "secret"});
     seams_.write(std::move(representations));
-    say(tr("Copied"), tr("The password stays out of the history"));
+    say(tr("Copied"), tr("The password is not kept in the history"));
   } else {
     seams_.shell.copyText(toQString(result_.outcome.output));
   }

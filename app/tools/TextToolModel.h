@@ -5,7 +5,7 @@
 #include <QUrl>
 #include <memory>
 
-#include "app/tools/SeenModel.h"
+#include "app/base/SeenModel.h"
 #include "app/tools/ToolFace.h"
 #include "app/tools/ToolSeams.h"
 

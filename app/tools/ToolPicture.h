@@ -2,33 +2,23 @@
 // The picture of a text tool, with sharp edges at any size.
 
 #include <QPainter>
-#include <QQuickPaintedItem>
 
-#include "app/base/Replaced.h"
+#include "app/kit/StyledItem.h"
 #include "app/tools/ToolFace.h"
 
 namespace ambrel {
 
-class ToolPicture : public QQuickPaintedItem {
+class ToolPicture : public ambrel::StyledItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(ambrel::ToolFace face READ face WRITE setFace NOTIFY faceChanged FINAL)
+  Q_PROPERTY(ambrel::ToolFace face MEMBER face_ NOTIFY styleChanged FINAL)
 
  public:
-  using QQuickPaintedItem::QQuickPaintedItem;
+  using StyledItem::StyledItem;
 
-  const ToolFace& face() const { return face_; }
-  void setFace(const ToolFace& face) {
-    if (!replaced(face_, face)) return;
-    update();
-    Q_EMIT faceChanged();
-  }
   void paint(QPainter* painter) override {
     if (!face_.picture.isNull()) painter->drawImage(boundingRect(), face_.picture);
   }
-
- Q_SIGNALS:
-  void faceChanged();
 
  private:
   ToolFace face_;

@@ -134,7 +134,7 @@ void TranslateModel::translate() {
 // The server that was chosen, else the usual one of this machine, else the language model.
 void TranslateModel::findTranslator(int generation) {
   if (!face_.stranger.isEmpty())
-    return fail(tr("Texts do not go to %1 until you allow it.").arg(face_.stranger), generation);
+    return fail(tr("No text is sent to %1 until you allow it.").arg(face_.stranger), generation);
   if (!face_.address.isEmpty()) return askServer(face_.address, generation);
   server_.check(seams_.usualTranslator, [this, generation](bool isThere) {
     if (generation != generation_) return;
@@ -142,7 +142,7 @@ void TranslateModel::findTranslator(int generation) {
     seams_.model.check([self = QPointer(this), generation] {
       if (!self || generation != self->generation_) return;
       if (!self->seams_.model.isAvailable())
-        return self->fail(tr("Nothing translates on this computer. Start a model server, or one with LibreTranslate's "
+        return self->fail(tr("No translator runs on this computer. Start a model server, or one with LibreTranslate's "
                              "interface on port 5000."),
                           generation);
       self->askModel(generation);

@@ -12,8 +12,8 @@ Popover {
 
     title: qsTr("Quick Translate")
     symbol: "translate"
-    implicitWidth: 480
-    implicitHeight: 452
+    implicitWidth: Math.round(480 * Theme.textScale)
+    implicitHeight: Math.round(452 * Theme.textScale)
     fact: translator.face.isWorking ? qsTr("Translating…") : ""
 
     onAboutToOpen: {
@@ -25,7 +25,7 @@ Popover {
 
     headerItems: IconButton {
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
-        label: qsTr("Where texts are translated")
+        label: qsTr("Translation server")
         symbol: "slider.horizontal.3"
         isOn: root.hasServer
         onClicked: {
@@ -104,7 +104,7 @@ Popover {
 
                 visible: root.hasServer
                 width: parent.width
-                hint: qsTr("Address of a translation server; empty: on this computer")
+                hint: qsTr("Address of a translation server; leave empty for this computer")
                 onAccepted: root.isMistaken = !root.translator.setAddress(text)
                 onTextChanged: root.isMistaken = false
             }

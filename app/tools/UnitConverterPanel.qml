@@ -11,8 +11,8 @@ Popover {
     title: qsTr("Unit Converter")
     symbol: "ruler"
     fact: units.face.isWorking ? qsTr("Working…") : ""
-    implicitWidth: 380
-    implicitHeight: 296
+    implicitWidth: Math.round(380 * Theme.textScale)
+    implicitHeight: Math.round(296 * Theme.textScale)
 
     onAboutToOpen: {
         units.begin();
@@ -25,7 +25,7 @@ Popover {
     PanelColumn {
         ChoiceField {
             width: parent.width
-            name: qsTr("What is converted")
+            name: qsTr("Quantity")
             options: root.units.categories
             current: root.units.choice.category
             onChosen: index => root.units.setCategory(index)
@@ -48,7 +48,7 @@ Popover {
             ChoiceField {
                 id: from
 
-                width: 176
+                width: Math.round(176 * Theme.textScale)
                 name: qsTr("From")
                 options: root.units.choice.units
                 current: root.units.choice.from
@@ -77,7 +77,7 @@ Popover {
                 id: to
 
                 anchors.right: parent.right
-                width: 176
+                width: Math.round(176 * Theme.textScale)
                 name: qsTr("To")
                 options: root.units.choice.units
                 current: root.units.choice.to

@@ -70,7 +70,7 @@ Item {
         id: age
 
         visible: root.staleSince !== ""
-        width: 52
+        width: Math.round(52 * Theme.textScale)
         height: root.height
         anchors.right: parent.right
 
@@ -81,7 +81,7 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
         }
         Label {
-            y: 16
+            y: Math.round(16 * Theme.textScale)
             width: parent.width
             text: root.staleSince
             role: Theme.subLine

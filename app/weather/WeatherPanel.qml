@@ -13,7 +13,7 @@ Popover {
 
     title: weather.texts.placeLabel
     symbol: "mappin"
-    implicitHeight: 420
+    implicitHeight: Math.round(420 * Theme.textScale)
 
     Connections {
         target: root.weather // qmllint disable

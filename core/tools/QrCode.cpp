@@ -28,7 +28,7 @@ namespace tools {
 
 // Two rows of modules in a line of blocks, in the light colour of a dark terminal, within the quiet zone.
 ToolOutcome qrText(const ToolCall& call) {
-  if (call.input.empty()) return {{}, "There is no text for the code"};
+  if (call.input.empty()) return {{}, "There is no text to encode"};
   const QrCode code = qrCode(call.choice, call.input);
   if (code.size == 0) return {{}, "The text is too long for a QR code with this error correction"};
   constexpr int quiet = 4;

@@ -15,7 +15,7 @@ namespace {
 using tools::figure;
 
 constexpr ToolChoice uuidChoices[]{{"v4", "Random (v4)"}, {"v7", "Time-ordered (v7)"}};
-constexpr ToolChoice passwordChoices[]{{"symbols", "Letters, digits, signs"},
+constexpr ToolChoice passwordChoices[]{{"symbols", "Letters, digits, symbols"},
                                        {"letters", "Letters, digits"},
                                        {"digits", "Digits"},
                                        {"words", "Speakable"}};

@@ -138,24 +138,6 @@ std::vector<std::string> InstalledPrograms::inTerminal(const std::vector<std::st
   return {};
 }
 
-std::optional<std::string> outputOf(const std::vector<std::string>& command, std::chrono::milliseconds patience) {
-  if (command.empty()) return std::nullopt;
-  QStringList arguments;
-  for (std::size_t i = 1; i < command.size(); ++i)
-    arguments << QFile::decodeName(QByteArray::fromStdString(command[i]));
-  QProcess process;
-  process.setStandardInputFile(QProcess::nullDevice());
-  process.setStandardErrorFile(QProcess::nullDevice());
-  process.start(QFile::decodeName(QByteArray::fromStdString(command.front())), arguments, QIODevice::ReadOnly);
-  if (!process.waitForFinished(static_cast<int>(patience.count()))) {
-    process.kill();
-    process.waitForFinished(100);
-    return std::nullopt;
-  }
-  if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) return std::nullopt;
-  return process.readAllStandardOutput().toStdString();
-}
-
 bool startDetached(const std::vector<std::string>& command, const std::string& folder) {
   if (command.empty()) return false;
   QStringList arguments;

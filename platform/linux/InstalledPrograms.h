@@ -1,7 +1,6 @@
 #pragma once
 // The desktop entries of this machine, and starting programs without a shell.
 
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -53,10 +52,6 @@ class InstalledPrograms {
   std::vector<SeenFolder> seenFolders_;
   bool isRead_ = false;
 };
-
-// What a program prints, given no input; absent when it does not end with success in time, and then it is ended. The
-// caller waits for it.
-std::optional<std::string> outputOf(const std::vector<std::string>& command, std::chrono::milliseconds patience);
 
 // Starts a program that outlives us, with these arguments, in this folder (empty: the home folder).
 bool startDetached(const std::vector<std::string>& command, const std::string& folder);

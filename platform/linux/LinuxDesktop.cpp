@@ -33,6 +33,7 @@
 #include "platform/linux/pasteboard/X11Pasteboard.h"
 #include "platform/linux/services/BlueZBluetooth.h"
 #include "platform/linux/services/EvolutionCalendars.h"
+#include "platform/linux/services/LinuxTray.h"
 #include "platform/linux/services/MprisPlayers.h"
 #include "platform/linux/services/PulseSoundControl.h"
 #include "platform/linux/services/SystemKeepAwake.h"
@@ -159,6 +160,7 @@ struct LinuxDesktop::Parts {
                   }),
         screenCapture(openScreenCapture(connection.get(), bus)),
         trash(dataHome, getuid(), calendar),
+        tray(bus, connection.get()),
         launcher(ProgramFolders::ofThisSession(), bus),
         calendars(bus, EvolutionCalendars::Pace{}),
         mediaPlayers(bus) {}
@@ -185,6 +187,7 @@ struct LinuxDesktop::Parts {
   SystemKeepAwake keepAwake;
   std::unique_ptr<ScreenCapture> screenCapture;
   FreedesktopTrash trash;
+  LinuxTray tray;
   InotifyFolderWatch folderWatch, tileFolder, calendarFolders, downloads, repositoryFolders;
   DesktopLauncher launcher;
   EvolutionCalendars calendars;
@@ -219,6 +222,7 @@ Desktop LinuxDesktop::seams() {
           .keepAwake = parts_->keepAwake,
           .screenCapture = *parts_->screenCapture,
           .trash = parts_->trash,
+          .tray = parts_->tray,
           .folderWatch = parts_->folderWatch,
           .tileFolder = parts_->tileFolder,
           .launcher = parts_->launcher,

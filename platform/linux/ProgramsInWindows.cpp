@@ -1,8 +1,10 @@
 #include "platform/linux/ProgramsInWindows.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/linux/ProcessReader.h"
+#include "platform/linux/ToolRun.h"
 
 namespace ambrel {
 namespace {
@@ -62,8 +64,8 @@ std::string ProgramsInWindows::answer(int server, std::vector<std::string> comma
   if (silentUntil_.contains(server)) return {};
   const auto program = installed.command(command.front());
   if (!program) return {};
-  command.front() = program->string();
-  auto printed = outputOf(command, patience);
+  command.erase(command.begin());
+  auto printed = outputOf({.program = program->string(), .arguments = std::move(command), .limit = patience});
   if (!printed) silentUntil_[server] = now + pause;
   return std::move(printed).value_or(std::string());
 }

@@ -5,6 +5,7 @@
 
 #include "app/menu/StatusIcon.h"
 #include "app/menu/StatusItem.h"
+#include "platform/linux/services/LinuxTray.h"
 #include "tests/e2e/Desktop.h"
 
 namespace ambrel {
@@ -20,11 +21,12 @@ TEST(StatusItemInTray, ATrayThatComesLaterTakesItUpAndAClickOpensTheMenu) {
   MenuState state;
   state.profiles = Profile::defaults();
   item.update(menuModel(state));
-  EXPECT_FALSE(StatusItem::isTrayAvailable());
+  const auto connection = connectToDesktop();
+  LinuxTray tray(QDBusConnection::sessionBus(), connection.get());
+  tray.whenThere([&] { item.show(); });
 
   const Client panel("tint2", {"-c", folder.filePath("tint2rc")});
-  ASSERT_TRUE(waitFor([] { return StatusItem::isTrayAvailable(); }));
-  const auto place = [&] { return item.trayIcon().geometry(); };
+  const auto place = [&] { return item.trayIcon() ? item.trayIcon()->geometry() : QRect(); };
   ASSERT_TRUE(waitFor([&] { return place().width() >= 16 && place().y() >= 860; })) << "not in the panel";
 
   const auto click = [&] {

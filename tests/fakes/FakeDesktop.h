@@ -13,6 +13,7 @@
 #include "tests/fakes/FakeReadings.h"
 #include "tests/fakes/FakeTelemetry.h"
 #include "tests/fakes/FakeTrash.h"
+#include "tests/fakes/FakeTray.h"
 
 namespace ambrel {
 
@@ -40,6 +41,7 @@ struct FakeDesktop {
             .keepAwake = keepAwake,
             .screenCapture = screenCapture,
             .trash = trash,
+            .tray = tray,
             .folderWatch = folderWatch,
             .tileFolder = tileFolder,
             .launcher = launcher,
@@ -71,6 +73,7 @@ struct FakeDesktop {
   FakeKeepAwake keepAwake;
   FakeScreenCapture screenCapture;
   FakeTrash trash;
+  FakeTray tray;
   FakeFolderWatch folderWatch, tileFolder, calendarFolders, downloads, repositoryFolders;
   FakeLauncher launcher;
   FakeCalendarService calendars;

@@ -8,8 +8,8 @@
 #include "core/base/Files.h"
 #include "core/base/Text.h"
 #include "core/developer/BrewPackages.h"
+#include "platform/linux/ToolRun.h"
 #include "platform/linux/developer/GitReader.h"
-#include "platform/linux/developer/ToolRun.h"
 #include "platform/linux/telemetry/SmallFiles.h"
 
 namespace ambrel {

@@ -158,7 +158,10 @@ void EvolutionCalendars::openLater(const QString& id) {
 }
 
 void EvolutionCalendars::open(const QString& id) {
-  const bool isTaskList = opened_[id].source.kind == EvolutionSource::Kind::taskList;
+  Opened& wanted = opened_[id];
+  if (std::exchange(wanted.isOpening, true)) return;
+  wanted.isResting = false;
+  const bool isTaskList = wanted.source.kind == EvolutionSource::Kind::taskList;
   // The registry runs, so the session has the service; this one is started when it is needed.
   QDBusMessage call = quietCall(factory, factoryPath, factoryInterface,
                                 isTaskList ? QStringLiteral("OpenTaskList") : QStringLiteral("OpenCalendar"), {id});
@@ -168,12 +171,13 @@ void EvolutionCalendars::open(const QString& id) {
               [this, id, generation = generation_, next = std::move(next)](const QDBusMessage& answer) {
                 const auto calendar = opened_.find(id);
                 if (generation != generation_ || calendar == opened_.end()) return;
-                if (!isReply(answer)) return openLater(id);
-                next(calendar->second, answer);
+                if (isReply(answer)) return next(calendar->second, answer);
+                calendar->second.isOpening = false;
+                openLater(id);
               });
   };
   then(call, [this, id, then](Opened& calendar, const QDBusMessage& answer) {
-    if (answer.signature() != QLatin1String("ss")) return;
+    if (answer.signature() != QLatin1String("ss")) return void(calendar.isOpening = false);
     calendar.path = answer.arguments().at(0).toString();
     calendar.service = answer.arguments().at(1).toString();
     const auto ask = [&calendar](const QString& method, const QVariantList& arguments = {}) {
@@ -184,7 +188,8 @@ void EvolutionCalendars::open(const QString& id) {
       open.ownAddress = addressIn(opening);
       read(id);
       // It tells of changes once it is started, and of all that is there at first.
-      then(view, [this, service = open.service](Opened&, const QDBusMessage& made) {
+      then(view, [this, service = open.service](Opened& watched, const QDBusMessage& made) {
+        watched.isOpening = false;
         if (made.signature() != QLatin1String("o")) return;
         const QString path = made.arguments().constFirst().value<QDBusObjectPath>().path();
         callLater(bus_, this, quietCall(service, path, viewInterface, QStringLiteral("Start")), patienceMilliseconds,

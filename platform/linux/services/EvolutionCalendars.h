@@ -53,6 +53,7 @@ class EvolutionCalendars : public QObject, public CalendarService {
     std::string ownAddress;  // of its account; empty when that has none
     std::shared_ptr<const std::string> text;
     std::uint64_t version = 0;
+    bool isOpening = false;
     bool isResting = false;  // it did not answer
   };
 

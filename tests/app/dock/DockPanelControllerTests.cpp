@@ -108,9 +108,10 @@ class DockPanelControllerTests : public QObject {
     f.bar.onKeyboardLeft = [&] { ++givenBack; };
     QVERIFY(QTest::qWaitForWindowActive(f.bar.window()));
     QVERIFY(f.isShownAfter(60));
+    const auto* window = qobject_cast<QQuickWindow*>(f.bar.window());
+    QVERIFY(window->activeFocusItem()->property("place").toString().startsWith("1 of "));
     f.bar.leaveKeyboard();
     QCOMPARE(givenBack, 1);
-    const auto* window = qobject_cast<QQuickWindow*>(f.bar.window());
     QVERIFY(!window->activeFocusItem() || window->activeFocusItem() == window->contentItem());
     QVERIFY(!f.isShownAfter(0.6));
   }

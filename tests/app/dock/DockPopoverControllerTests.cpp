@@ -173,6 +173,22 @@ class DockPopoverControllerTests : public QObject {
     QVERIFY(windows[1] && windows[2]);
   }
 
+  void theTilesPanelsCloseBeforeAnotherProfileComes() {
+    Fixture f;
+    BarPanels panels(f.engine, f.context, f.windowStyle, f.steps.later(), [&](const QString&) { return f.anchor; });
+    Q_EMIT f.context.openPanel("cpu", {}, QUrl(QStringLiteral("qrc:/qt/qml/Ambrel/Dock/TileMenuView.qml")),
+                               {{QStringLiteral("ownText"), QString()}});
+    QVERIFY(panels.isAnyShown());
+    f.model.addWidget("noon", f.model.profiles()[0].id, std::nullopt);
+    QVERIFY(panels.isAnyShown());
+    f.model.setPinnedProfileID(f.model.profiles()[1].id);
+    QVERIFY(!panels.isAnyShown());
+    // One of the program's own stays, such as that in which profiles are chosen.
+    panels.open(panels.panel("Dock", "TileMenuView"));
+    f.model.setPinnedProfileID(f.model.profiles()[0].id);
+    QVERIFY(panels.isAnyShown());
+  }
+
   void aToastIsAboveTheBarUntilItsTimeIsOver() {
     Fixture f;
     ToastController toast(f.steps.later());

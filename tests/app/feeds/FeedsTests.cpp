@@ -139,7 +139,7 @@ class FeedsTests : public QObject {
     room.look();
     QTRY_COMPARE(room.currency().face().result, QStringLiteral("€80.00"));
     QCOMPARE(room.currency().face().day, QStringLiteral("Rates of Nov 20"));
-    room.currency().setOpen(true);
+    room.currency().begin();
     room.currency().setAmount(QStringLiteral("10"));
     QVERIFY2(!room.defaults.object("currencyAmount"), "not for each key");
     room.currency().setTo(QStringLiteral("JPY"));
@@ -149,7 +149,7 @@ class FeedsTests : public QObject {
     room.currency().setAmount(QStringLiteral("ten"));
     QCOMPARE(room.currency().face().fault, QStringLiteral("This is not an amount"));
     room.currency().setAmount(QStringLiteral("160"));
-    room.currency().setOpen(false);
+    room.currency().end();
     // Offline, in the next run.
     room.server.close();
     room.clock.pass(hours(48));

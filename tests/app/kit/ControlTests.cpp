@@ -134,6 +134,19 @@ class ControlTests : public QObject {
     }
   }
 
+  void aPressIsOfferedWhereItDoesSomething() {
+    QAccessible::setActive(true);
+    for (const char* kind : {"ListRow", "TileFrame"})
+      for (const bool isPressable : {true, false}) {
+        Scene scene;
+        QVERIFY(scene.load(QStringLiteral("%1 { isPressable: %2 }").arg(kind, isPressable ? "false" : "true")));
+        scene.root()->setProperty("isPressable", isPressable);
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(scene.root());
+        const QStringList actions = spoken->actionInterface()->actionNames();
+        QCOMPARE(actions.contains(QAccessibleActionInterface::pressAction()), isPressable);
+      }
+  }
+
   void menuWalks() {
     Scene scene;
     QVERIFY(scene.load(page(

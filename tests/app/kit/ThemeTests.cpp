@@ -132,7 +132,8 @@ class ThemeTests : public QObject {
     component.setData(
         "import QtQuick; import Ambrel.Kit\n"
         "Item { property color ink: Theme.ink; property color mark: Theme.orange.mark\n"
-        "       property int size: Theme.value.font.pixelSize; property Label label: Label { role: Theme.caption } }",
+        "       property int size: Theme.value.font.pixelSize; property Label label: Label { role: Theme.caption }\n"
+        "       property Symbol sign: Symbol { size: 20 } property Button button: Button {} }",
         {});
     const std::unique_ptr<QObject> item(component.create());
     QVERIFY2(item, qPrintable(component.errorString()));
@@ -144,6 +145,8 @@ class ThemeTests : public QObject {
     QCOMPARE(item->property("size").toInt(), 27);
     auto* label = item->property("label").value<QObject*>();
     QCOMPARE(label->property("height").toReal(), 21.0);
+    QCOMPARE(item->property("sign").value<QObject*>()->property("width").toReal(), 30.0);
+    QCOMPARE(item->property("button").value<QObject*>()->property("height").toReal(), 48.0);
   }
 
   void tonesOutliveTheirUse() {

@@ -47,7 +47,7 @@ class NowPlayingTests : public QObject {
     room.look(false);
     QVERIFY(!room.players.isListenedTo());
     QCOMPARE(room.model.face().title, QStringLiteral("Song"));
-    room.model.setOpen(true);
+    room.model.begin();
     QVERIFY(room.players.isListenedTo());
     QVERIFY(UserDefaults(room.folder / "defaults.json").boolean("nowPlayingConnected").value_or(false));
     room.model.setConnected(false);
@@ -74,7 +74,7 @@ class NowPlayingTests : public QObject {
     QVERIFY2(room.model.position() < 0, "the other's position");
     QCOMPARE(room.players.positionsAsked, 0);
     room.players.position = Seconds(7);
-    room.model.setOpen(true);
+    room.model.begin();
     QCOMPARE(room.model.positionText(), QStringLiteral("0:07"));
   }
 

@@ -29,19 +29,6 @@ MenuState deskState() {
   return state;
 }
 
-TEST(MenuModel, TheWholeMenuFromTopToBottom) {
-  const MenuModel menu = menuModel(deskState());
-  EXPECT_THAT(titles(menu.entries),
-              ElementsAre("Active: Desk", "External display connected", "Profile", "", "Clipboard Shelf",
-                          "AI Agents (2 working)", "", "Customize Dock…", "Disk Doctor…", "Welcome Guide…",
-                          "Check for Updates…", "", "Settings", "Quit Tilebay"));
-  EXPECT_EQ(entryOf(menu, MenuCommand::toggleClipboard).shortcut, "Meta+Alt+V");
-  EXPECT_EQ(entryOf(menu, MenuCommand::openSettings).shortcut, "Meta+,");
-  EXPECT_EQ(entryOf(menu, MenuCommand::quit).shortcut, "Meta+Q");
-  EXPECT_FALSE(menu.entries[0].command);
-  EXPECT_FALSE(menu.entries[1].command);
-}
-
 TEST(MenuModel, SaysWhatIsOnTheBarAndWhatCanBeBought) {
   MenuState state = deskState();
   state.displays = {{"eDP-1", true}};

@@ -33,7 +33,9 @@ class StatusItemTests : public QObject {
     QCOMPARE(choices[0]->text(), QStringLiteral("Work && play"));
     QVERIFY(choices[0]->isChecked());
     QVERIFY(!choices[1]->isChecked());
-    QCOMPARE(item.trayIcon().toolTip(), QStringLiteral("Tilebay"));
+    QVERIFY(!item.trayIcon());
+    item.show();
+    QCOMPARE(item.trayIcon()->toolTip(), QStringLiteral("Tilebay"));
   }
 
   void givesBackTheCommandAndTheProfile() {
@@ -81,6 +83,7 @@ class StatusItemTests : public QObject {
   void drawsTheIconOnlyWhenTheCountChanges() {
     StatusItem item = makeItem();
     MenuModel menu = model();
+    item.show();
     item.update(menu);
     item.update(menu);
     menu.entries[0].title = "Active: Other";
@@ -92,7 +95,7 @@ class StatusItemTests : public QObject {
     item.redrawIcon();
     QCOMPARE(icons_.back(), 2);
     QCOMPARE(icons_.size(), 3u);
-    QCOMPARE(item.trayIcon().toolTip(), QStringLiteral("Tilebay: 2 agents need you"));
+    QCOMPARE(item.trayIcon()->toolTip(), QStringLiteral("Tilebay: 2 agents need you"));
   }
 
   void initTestCase() {

@@ -99,6 +99,19 @@ class SlotChoicesTests : public QObject {
     model.setPinnedProfileID(launch);
     QCOMPARE(defaults.string("countdownTitle"), "Launch");
     QCOMPARE(defaults.number("countdownDate"), 2.0);
+
+    // As by a panel that closes because of the change: it is the title of the profile before.
+    const auto typed = [&] {
+      defaults.set({{"countdownTitle", text("Typed")}, {"countdownDate", DefaultsValue{3.0}}});
+    };
+    const auto typing = connect(&model, &AppModel::activeProfileAboutToChange, this, typed);
+    model.setPinnedProfileID(trip);
+    disconnect(typing);
+    QVERIFY(!defaults.object("countdownTitle"));
+    QCOMPARE(defaults.number("countdownDate"), 1.0);
+    model.setPinnedProfileID(launch);
+    QCOMPARE(defaults.string("countdownTitle"), "Typed");
+    QCOMPARE(defaults.number("countdownDate"), 3.0);
   }
 };
 

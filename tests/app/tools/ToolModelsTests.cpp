@@ -79,7 +79,7 @@ class ToolModelsTests : public QObject {
     emoji.begin();
     desk.held.letGo();
     QCOMPARE(emoji.face().groups,
-             (QStringList{QStringLiteral("Used last"), QStringLiteral("Faces"), QStringLiteral("Animals")}));
+             (QStringList{QStringLiteral("Recently used"), QStringLiteral("Faces"), QStringLiteral("Animals")}));
     QCOMPARE(emoji.rows()->rowCount(), 1);
     emoji.search(QStringLiteral("cat"));
     QVERIFY(emoji.copy(0));
@@ -147,7 +147,7 @@ class ToolModelsTests : public QObject {
     QVERIFY(translator.face().input.isEmpty());
     desk.model.missing = ModelAbsence::notFound;
     translator.begin();
-    QTRY_VERIFY(translator.face().problem.startsWith(QStringLiteral("Nothing translates on this computer")));
+    QTRY_VERIFY(translator.face().problem.startsWith(QStringLiteral("No translator runs on this computer")));
   }
 
   void sendsNothingToAnotherComputerBeforeItIsAllowed() {

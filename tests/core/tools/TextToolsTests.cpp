@@ -101,7 +101,7 @@ TEST(TextTools, MakeOneTextOutOfAnother) {
       // A word, which has the letters of one by chance.
       {colorConverter, "hex", "facade", "", "Not a color in hex, rgb(), hsl(), hwb() or oklch()"},
       {colorConverter, "hex", "rgb(nan, 1, 1e999)", "", "Not a color in hex, rgb(), hsl(), hwb() or oklch()"},
-      {qrCode, "high", "", "", "There is no text for the code"},
+      {qrCode, "high", "", "", "There is no text to encode"},
   };
   for (const Case& one : cases)
     EXPECT_EQ(run(one.tool, one.choice, one.input), (ToolOutcome{std::string(one.output), std::string(one.fault)}))

@@ -10,7 +10,7 @@ import subprocess
 import sys
 import uuid
 
-from reader import (CONTROLS, HOME, below, faults, is_in, press, program, pyatspi, see, wait_for, with_bar, write)
+from reader import (HOME, below, faults, is_in, press, program, pyatspi, see, wait_for, with_bar, write)
 from gi.repository import GLib
 
 BAR, CTL = sys.argv[1:]
@@ -32,7 +32,7 @@ def windows():
 
 def tiles():
     bar = next(item for window in windows() for item in window if item.getRole() == pyatspi.ROLE_TOOL_BAR)
-    return [item for item in bar if item and item.getRole() in CONTROLS and not item.name.startswith("Customize")]
+    return [item for item in bar if item and re.search(r"\d+ of \d+$", item.description)]
 
 
 def new_window(before, whose):
@@ -44,6 +44,9 @@ def opened(tile, widget):
     """The window that the tile's first action opens; None when it does something else."""
     before = windows()
     action = tile.queryAction()
+    if tile.getRole() == pyatspi.ROLE_LABEL:
+        check(action.getName(0) == "SetFocus", f"{widget} is only read, and offers {action.getName(0)}")
+        return None
     check(action.getName(0) in ("Press", "Toggle"), f"{widget}: its first action is {action.getName(0)}")
     action.doAction(0)
     # A window is there when the action has returned.

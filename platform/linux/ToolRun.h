@@ -1,5 +1,5 @@
 #pragma once
-// Asking a program for a text, without a shell.
+// Asking a program for a text, without a shell and without an input.
 
 #include <chrono>
 #include <map>

@@ -1,26 +1,27 @@
 #pragma once
 // What the models of tiles with a panel share: they work while the tile can be seen or the panel is open.
 
-#include <QObject>
-#include <QtQml/qqmlregistration.h>
-
 #include "app/base/Replaced.h"
+#include "app/base/TimedModel.h"
 
 namespace ambrel {
 
-class SeenModel : public QObject {
+class SeenModel : public ambrel::TimedModel {
   Q_OBJECT
   QML_ANONYMOUS
   Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged FINAL)  // its panel
 
  public:
-  using QObject::QObject;
+  using TimedModel::TimedModel;
+
+  // Of one that has no times of its own.
+  std::optional<Instant> due() const override { return std::nullopt; }
+  void tick(Instant /*now*/) override {}
 
   bool isNeeded() const { return isSeen_ || isOpen_; }
   bool isOpen() const { return isOpen_; }
   void setIsSeen(bool isSeen) {
-    isSeen_ = isSeen;
-    neededChanged();
+    if (replaced(isSeen_, isSeen)) neededChanged();
   }
   // Of the panel.
   Q_INVOKABLE void begin() {
