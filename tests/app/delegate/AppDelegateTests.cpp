@@ -246,6 +246,22 @@ class AppDelegateTests : public QObject {
     QVERIFY(!bar.presentation().isShown());
   }
 
+  void aHookThatStaysKeepsEverythingFromBeingDeleted() {
+    Program program;
+    program.delegate->launch();
+    ConnectionModel& line = *program.delegate->areas().usage.statusLine();
+    line.install();
+    QVERIFY(line.isConnected());
+    program.folder.write("home/.claude/settings.json", "[");
+    PrivacyModel& privacy = *program.delegate->areas().panels.privacy();
+    privacy.deleteKept({});
+    QVERIFY(!program.delegate->deletion());
+    QCOMPARE(program.warnings.take().size(), 1);
+    program.folder.write("home/.claude/settings.json", "{}");
+    privacy.deleteKept({});
+    QVERIFY(program.delegate->deletion());
+  }
+
   void theLookFollowsTheSettingsAndTheirFile() {
     Program program;
     program.delegate->settings().set(setting::theme, ThemeChoice::light);
