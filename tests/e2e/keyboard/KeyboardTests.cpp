@@ -77,12 +77,21 @@ TEST_F(Keyboard, AnswersTheBubble) {
   const auto home = folder_ / "home";
   std::filesystem::create_directories(home);
   run("bash", {"-c", ". \"$1/lib/demo-home.sh\"; demo_home \"$2\"", "-", AMBREL_SCRIPTS, QString::fromStdString(home)});
-  ASSERT_NO_FATAL_FAILURE(start({"clock", "buddy"}));
+  // Somebody types in another program meanwhile.
+  const auto typed = folder_ / "typed";
+  QProcess terminal;
+  terminal.start("xterm", {"-e", "sh", "-c", "exec cat >\"$0\"", QString::fromStdString(typed)});
+  ASSERT_TRUE(waitFor([&] { return std::filesystem::exists(typed); }, 10000));
+  ASSERT_NO_FATAL_FAILURE(BarFixture::start({"clock", "buddy"}));
   const auto bubble = [&] {
     const auto shown = visibleWindows();
     return std::ranges::any_of(shown, [&](const QString& window) { return isMessage(window); });
   };
   ASSERT_TRUE(waitFor(bubble, 15000)) << "nobody needs the user";
+  type("go on\n");
+  EXPECT_TRUE(waitFor([&] { return readFile(typed) == "go on\n"; }, 5000)) << "the bubble takes the keyboard";
+  terminal.kill();
+  terminal.waitForFinished(2000);
   ASSERT_NO_FATAL_FAILURE(takeBar());
   const auto spoken = [&] { return focused().name.toStdString(); };
   EXPECT_TRUE(waitFor([&] { return spoken().starts_with("Dock Buddy. "); }, 2000)) << spoken();
