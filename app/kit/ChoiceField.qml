@@ -95,7 +95,7 @@ Pressable {
     ListView {
         id: list
 
-        readonly property real wantedHeight: rowHeight * Math.min(root.options.length, 8)
+        readonly property real wantedHeight: root.rowHeight * Math.min(root.options.length, 8)
 
         visible: false
         y: root.opensAbove ? -height - 9 : root.height + 9
