@@ -277,7 +277,10 @@ void AppDelegate::addBuddyOnce() {
 void AppDelegate::firstRun() {
   if (defaults_.boolean("welcomeDone").value_or(false)) return areas_.panels.globalKeys()->beginAsking();
   // Only what says so was lost, and the guide would cover the toast that tells of it.
-  if (stored_.wereLost()) return store(defaults_, "welcomeDone", true);
+  if (stored_.wereLost()) {
+    store(defaults_, "welcomeDone", true);
+    return areas_.panels.globalKeys()->beginAsking();
+  }
   later()(Seconds(0.6), [this] { bar_->panels().open(bar_->welcomePanel()); });
 }
 
