@@ -168,8 +168,8 @@ void PortalKeys::end() {
   bus_.send(QDBusMessage::createMethodCall(keysPortal, session, sessionInterface, QStringLiteral("Close")));
 }
 
-// A portal that closes each session at once would be asked without end. It is asked again when it has restarted, or when
-// the user wants it.
+// A portal that closes each session at once would be asked without end. It is asked again when it has restarted, or
+// when the user wants it.
 void PortalKeys::closed() {
   session_.clear();
   end();
