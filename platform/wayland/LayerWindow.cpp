@@ -25,6 +25,17 @@ QScreen* screenFor(const QRect& frame) {
   return screen ? screen : QGuiApplication::primaryScreen();
 }
 
+// The toolkit looks a tenth of a second after each frame whether the compositor has shown it, so as not to wait for a
+// hidden window. Only drawing by the graphics stack waits. The toolkit reads the choice whenever it makes a window, and
+// programs that we start are not to inherit it.
+void createWithoutLookingAtFrames(QWindow& window) {
+  constexpr const char* choice = "QT_WAYLAND_FRAME_CALLBACK_TIMEOUT";
+  const bool isChosen = qEnvironmentVariableIsSet(choice);
+  if (!isChosen) qputenv(choice, "0");
+  window.create();
+  if (!isChosen) qunsetenv(choice);
+}
+
 }  // namespace
 
 LayerWindow::LayerWindow(QWindow& window, WindowRole role, OriginOf originOf)
@@ -54,6 +65,7 @@ LayerWindow* LayerWindow::of(const QWindow& window) {
 
 void LayerWindow::attach() {
   delete layer_;
+  createWithoutLookingAtFrames(window_);
   layer_ = Layer::get(&window_);
   layer_->setScope(QStringLiteral("tilebay"));
   // As on X11, also above windows that fill the screen.

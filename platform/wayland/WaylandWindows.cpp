@@ -1,7 +1,6 @@
 #include "platform/wayland/WaylandWindows.h"
 
 #include <QGuiApplication>
-#include <QWindow>
 
 #include "platform/wayland/LayerWindowStyle.h"
 #include "platform/wayland/WaylandConnection.h"
@@ -13,18 +12,6 @@ namespace {
 
 constexpr std::chrono::milliseconds openPatience{1000};
 
-// The toolkit looks a tenth of a second after each frame whether the compositor has shown it, so as not to wait for a
-// hidden window. Only drawing by the graphics stack waits. It reads the choice with its first window, and programs that
-// we start are not to inherit it.
-void leaveFramesAlone() {
-  constexpr const char* choice = "QT_WAYLAND_FRAME_CALLBACK_TIMEOUT";
-  if (qEnvironmentVariableIsSet(choice)) return;
-  qputenv(choice, "0");
-  QWindow first;
-  first.create();
-  qunsetenv(choice);
-}
-
 }  // namespace
 
 bool canHaveWaylandWindows(const std::string& display) {
@@ -35,7 +22,6 @@ bool canHaveWaylandWindows(const std::string& display) {
 
 std::optional<WaylandWindows> openWaylandWindows() {
   if (!qGuiApp->nativeInterface<QNativeInterface::QWaylandApplication>()) return std::nullopt;
-  leaveFramesAlone();
   auto screens = std::make_unique<WaylandScreens>();
   const auto originOf = [screens = screens.get()](const QScreen& screen) { return screens->freeOrigin(screen); };
   auto pointer = std::make_unique<WaylandPointer>(*screens, originOf);
