@@ -7,6 +7,7 @@
 #include "core/base/Files.h"
 #include "tests/e2e/keyboard/BarFixture.h"
 #include "tests/e2e/wayland/VirtualPointer.h"
+#include "tests/fakes/FakeKeyPortal.h"
 
 namespace ambrel {
 namespace {
@@ -190,6 +191,35 @@ TEST_F(BarOnWayland, KeysReachTheTilesAndAreGivenBack) {
   EXPECT_TRUE(waitFor([&] { return focused().name.startsWith("Focus"); })) << focused().name.toStdString();
   ASSERT_TRUE(press("Escape"));
   EXPECT_TRUE(hasKeyboard('b')) << "the terminal does not get it back";
+  quit();
+}
+
+TEST_F(BarOnWayland, SettingsAsksAgainForRefusedKeysAndChangesThem) {
+  // The screen reader answers for all objects of the usual connection.
+  FakeKeyPortal portal(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal"));
+  portal.response = 1;
+  ASSERT_NO_FATAL_FAILURE(start({"water"}));
+  ASSERT_TRUE(waitFor([&] { return portal.asked("BindShortcuts") == 1; })) << said();
+  const auto tabTo = [&](const char* name) {
+    for (int i = 0; i < 30 && focused().name != name && press("Tab"); ++i) continue;
+    return focused().name == name;
+  };
+  wish("--settings");
+  ASSERT_TRUE(waitFor([&] { return !activeWindow().isEmpty(); })) << said();
+  reader_.settle();
+  run("wtype", {"hot key"});
+  ASSERT_TRUE(tabTo("Ask the desktop for the keys")) << focused().name.toStdString() << said();
+  portal.response = 0;
+  for (const PortalShortcut& key : portal.offered)
+    portal.bound.append({key.id, {{"trigger_description", "Meta+F" + QString::number(portal.bound.size())}}});
+  ASSERT_TRUE(press("Return"));
+  ASSERT_TRUE(waitFor([&] { return portal.asked("ListShortcuts") == 1; })) << said();
+  ASSERT_TRUE(tabTo("Change the keys in the desktop's settings")) << focused().name.toStdString() << said();
+  ASSERT_TRUE(press("Return"));
+  EXPECT_TRUE(waitFor([&] { return portal.asked("ConfigureShortcuts") == 1; })) << said();
+  portal.press(portal.session, "toggle-clipboard");
+  EXPECT_TRUE(waitFor([&] { return visibleWindows().size() > 1; })) << "the shelf does not come";
+  EXPECT_TRUE(press("Escape"));
   quit();
 }
 
