@@ -38,8 +38,8 @@ DiskAnalyzer chosenRules(const UserDefaults& defaults) {
   return rules;
 }
 
-std::set<std::string, std::less<>> chosenExclusions(const UserDefaults& defaults, const std::string& home) {
-  std::set<std::string, std::less<>> folders;
+ExcludedFolders chosenExclusions(const UserDefaults& defaults, const std::string& home) {
+  ExcludedFolders folders;
   for (const std::string& folder : valueOf(defaults, setting::diskExcludedFolders)) {
     std::string path = folder.starts_with("~/") ? home + folder.substr(1) : folder;
     while (path.size() > 1 && path.ends_with('/')) path.pop_back();

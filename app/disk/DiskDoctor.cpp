@@ -113,7 +113,7 @@ void DiskDoctor::start(Source source) {
 void DiskDoctor::beginScan() {
   news_ = std::make_shared<ScanNews>(*this, seams_.now, [this] { showNews(); });
   showNews();
-  excluded_ = seams_.excluded ? seams_.excluded() : std::set<std::string, std::less<>>();
+  excluded_ = seams_.excluded ? seams_.excluded() : ExcludedFolders();
   const auto outcome = std::make_shared<ScanOutcome>();
   seams_.background(
       [outcome, url = source_->url, watch = news_->watch(), stop = scanTask_.get_token(),
@@ -243,7 +243,14 @@ void DiskDoctor::askAbout(const QString& id) {
 void DiskDoctor::reviewSelection() {
   if (phase() != Phase::done) return;
   question_.close();
-  review_.begin(findings_.selection().items());
+  const std::vector<CleanupItem> chosen = findings_.selection().items();
+  // The user may have excluded more since the scan.
+  std::vector<CleanupItem> items = seams_.excluded ? leavingOut(seams_.excluded(), chosen, *explorer_.root()) : chosen;
+  if (items.empty() && !chosen.empty()) {
+    status_.summary = tr("What you have selected is in folders that are excluded now. Scan again to see the rest.");
+    return publish();
+  }
+  review_.begin(std::move(items));
 }
 
 void DiskDoctor::showInFolder(const QString& id) {

@@ -53,7 +53,7 @@ class DiskDoctor : public QObject {
     std::function<std::vector<SimulatorRuntime>()> runtimes = {};
     // What the user has chosen, asked at each scan. Empty: the usual.
     std::function<DiskAnalyzer()> rules = {};
-    std::function<std::set<std::string, std::less<>>()> excluded = {};
+    std::function<ExcludedFolders()> excluded = {};
   };
 
   // `home`: with symbolic links resolved.
@@ -119,7 +119,7 @@ class DiskDoctor : public QObject {
   Seams seams_;
   bool skipsAccess_ = false;
   std::optional<Source> source_;
-  std::set<std::string, std::less<>> excluded_;  // of the present scan
+  ExcludedFolders excluded_;  // of the present scan
   DiskStatus status_;
   DiskFace face_;
   DiskProgress progress_;

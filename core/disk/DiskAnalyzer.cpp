@@ -131,10 +131,7 @@ class Analysis {
     if (!found.place.empty()) entry.title += " (" + found.place + ")";
     entry.contentsOnly = true;
     entry.detail = target.detail;
-    const std::string prefix = joinedPath(entry.url, "");
-    for (auto at = settings_.excluded.lower_bound(prefix); at != settings_.excluded.end() && at->starts_with(prefix);
-         ++at)
-      leaveOut(entry, at->substr(0, at->find('/', prefix.size())));
+    ambrel::leaveOut(entry, settings_.excluded, root_);
     return entry;
   }
 
@@ -177,11 +174,7 @@ class Analysis {
   void leaveOut(CleanupItem& entry, std::string_view relativePath, std::span<const CleanupTarget> others) const {
     const std::string prefix = std::string(relativePath) + "/";
     for (const CleanupTarget& other : others)
-      if (other.relativePath.starts_with(prefix)) leaveOut(entry, joinedPath(home_, other.relativePath));
-  }
-  void leaveOut(CleanupItem& entry, const std::string& child) const {
-    if (!entry.keeping.emplace(child.substr(child.rfind('/') + 1)).second) return;
-    if (const DiskItem* node = find(root_, child)) entry.bytes -= node->size();
+      if (other.relativePath.starts_with(prefix)) ambrel::leaveOut(entry, joinedPath(home_, other.relativePath), root_);
   }
 
   void appCaches() {

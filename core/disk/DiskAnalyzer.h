@@ -10,6 +10,7 @@
 
 #include "core/base/Calendar.h"
 #include "core/disk/DiskScanner.h"
+#include "core/disk/Exclusions.h"
 #include "core/disk/Findings.h"
 
 namespace ambrel {
@@ -37,7 +38,7 @@ struct DiskAnalyzer {
   double runtimeDays = 180;
   double screenshotDays = 30;
   // The folders that the scan was told to pass over. They stay where they are, with what holds them.
-  std::set<std::string, std::less<>> excluded = {};
+  ExcludedFolders excluded = {};
 
   // Findings in the order of evaluation: developerCaches, appCaches, oldArchives, oldSimulatorRuntimes, trash,
   // staleBuildFolders, oldInstallers, oldScreenshots, duplicates, largeOldFiles. Only nodes of the tree are listed,

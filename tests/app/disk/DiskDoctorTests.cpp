@@ -247,6 +247,29 @@ class DiskDoctorTests : public QObject {
     QCOMPARE(doctor.face().summary, "Moved 2 MB to the Trash. Scan again to see what is left.");
   }
 
+  void whatIsExcludedSinceTheScanStays() {
+    DiskHome desk;
+    ExcludedFolders excluded;
+    auto seams = desk.seams();
+    seams.excluded = [&] { return excluded; };
+    desk.make(std::move(seams));
+    desk.fill(".cache/player/covers", 4);
+    DiskDoctor& doctor = desk.scanHome();
+    for (const char* item : {".cache", "Downloads/old.iso", "Downloads/older.zip", "src/web/node_modules"})
+      desk.choose(item);
+    excluded = {desk.home + "/.cache/editor", desk.home + "/Downloads/old.iso",
+                desk.home + "/src/web/node_modules/lib"};
+    doctor.reviewSelection();
+    doctor.review()->confirm();
+    desk.held.letGo();
+    QCOMPARE(named(desk.trash.asked), QStringList({"player", "older.zip"}));
+    QVERIFY(desk.exists("src/web/node_modules/lib"));
+    doctor.review()->close();
+    doctor.reviewSelection();
+    QCOMPARE(doctor.review()->face().stage, Stage::closed);
+    QVERIFY2(doctor.face().summary.contains("excluded"), "the press would do nothing");
+  }
+
   void namesAreBytes() {
     DiskHome desk;
     const std::string odd = "caf\xc3\xa9 \xff\n\xe2\x80\xae\xe2\x80\xa8.iso";
