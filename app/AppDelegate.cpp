@@ -194,7 +194,7 @@ void AppDelegate::followDeletion() {
     if (id.isEmpty())
       for (ConnectionModel* connection : std::initializer_list<ConnectionModel*>{
                areas_.agents.claudeHooks(), areas_.agents.codexHooks(), areas_.usage.statusLine()}) {
-        if (!connection->isConnected()) continue;
+        if (!connection->mayBeMade()) continue;
         connection->remove();
         // The status line that the user had before is among the files.
         if (const QString problem = connection->problem(); !problem.isEmpty())

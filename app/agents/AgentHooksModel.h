@@ -16,6 +16,7 @@ class AgentHooksModel : public ConnectionModel {
 
   QString title() const override;
   QString text() const override;
+  bool mayBeMade() const override { return hooks_.mayHaveOurs(); }
 
  protected:
   bool isMade() const override { return hooks_.isConnected(); }

@@ -29,6 +29,8 @@ class ConnectionModel : public QObject {
   virtual QString text() const = 0;
   QString problem() const { return problem_; }
 
+  // Also true of a connection that is there in part, or that damaged settings may hold.
+  virtual bool mayBeMade() const = 0;
   // The settings may have been changed by hand. They are also looked at whenever their file changes.
   Q_INVOKABLE void look();
   // Not named connect and disconnect, which QObject has already.

@@ -16,6 +16,7 @@ class ClaudeStatusLineModel : public ConnectionModel {
 
   QString title() const override { return tr("Claude's own percentages"); }
   QString text() const override;
+  bool mayBeMade() const override { return ClaudeStatusLine::mayHaveOurs(files_); }
 
  protected:
   bool isMade() const override { return ClaudeStatusLine::isConnected(files_); }

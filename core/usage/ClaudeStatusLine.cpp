@@ -167,6 +167,14 @@ bool isConnected(const Files& files) {
   }
 }
 
+bool mayHaveOurs(const Files& files) {
+  try {
+    return fileExists(files.settings) && mentionsScript(readWhole(files.settings), files);
+  } catch (const FileError&) {
+    return true;
+  }
+}
+
 void install(const Files& files) {
   const SettingsFile file = readSettings(files);
   if (isConnected(file.settings, files.script)) return writeScript(files);

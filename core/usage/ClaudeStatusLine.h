@@ -47,6 +47,8 @@ ForeignJSON remove(ForeignJSON settings, const std::filesystem::path& scriptFile
 
 // As the settings are in the file now; settings that cannot be read are not connected.
 bool isConnected(const Files& files);
+// Whether a call of the script may be left in them: they name it, be they damaged, or cannot be read.
+bool mayHaveOurs(const Files& files);
 // These change files, each whole or not at all, and throw FileError or DecodingError; settings that are no JSON object
 // stay as they are. Installing again repairs a script that was lost. Both do nothing to settings that are as wanted.
 void install(const Files& files);

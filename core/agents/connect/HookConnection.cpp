@@ -46,8 +46,10 @@ const std::vector<WantedEvent>& wantedEvents(AgentKind kind) {
 // Ours are known by this, wherever the program is installed.
 std::string callOf(AgentKind kind) { return " agents hook " + std::string(nameOf(kind)); }
 
+constexpr std::string_view ourTool = "tilebayctl";
+
 bool isOurs(AgentKind kind, std::string_view command) {
-  return command.find("tilebayctl") != command.npos && command.ends_with(callOf(kind));
+  return command.find(ourTool) != command.npos && command.ends_with(callOf(kind));
 }
 
 std::string entryFor(const WantedEvent& event, const std::string& command) {
@@ -194,6 +196,15 @@ bool HookConnection::isConnected() const {
     return settings && ambrel::isConnected(kind_, *settings, command_);
   } catch (const std::exception&) {
     return false;
+  }
+}
+
+bool HookConnection::mayHaveOurs() const {
+  try {
+    const auto settings = readWhole(settings_);
+    return settings && settings->find(ourTool) != settings->npos;
+  } catch (const FileError&) {
+    return true;
   }
 }
 

@@ -21,6 +21,8 @@ class HookConnection {
 
   // Every event that we want calls us. Settings that cannot be read are not connected.
   bool isConnected() const;
+  // Whether a call of ours may be left in them: they name our tool, be they damaged, or cannot be read.
+  bool mayHaveOurs() const;
   // These change the settings whole or not at all, and throw FileError or DecodingError; settings that are no JSON
   // object, or whose hooks have another form, stay as they are. Both do nothing to settings that are as wanted.
   // The settings as they were before our first change are beside them, with ".ambrel-backup" behind their name.

@@ -5,6 +5,7 @@
 #include "app/Environment.h"
 #include "app/QuitSignals.h"
 #include "app/kit/Theme.h"
+#include "core/base/Files.h"
 #include "core/workspace/Wish.h"
 #include "tests/SignedLicence.h"
 #include "tests/app/delegate/Program.h"
@@ -252,7 +253,10 @@ class AppDelegateTests : public QObject {
     ConnectionModel& line = *program.delegate->areas().usage.statusLine();
     line.install();
     QVERIFY(line.isConnected());
-    program.folder.write("home/.claude/settings.json", "[");
+    const auto settings = program.folder / "home/.claude/settings.json";
+    program.folder.write("home/.claude/settings.json", readFile(settings).value() + "]");
+    line.look();
+    QVERIFY2(!line.isConnected(), "nobody can tell");
     PrivacyModel& privacy = *program.delegate->areas().panels.privacy();
     privacy.deleteKept({});
     QVERIFY(!program.delegate->deletion());
