@@ -92,6 +92,10 @@ void ScreenNotesModel::showPicture() {
                       const auto at = pictures_.find(id);
                       if (turn != turn_ || at == pictures_.end() || id != page_) return;
                       at->second.pixels = *decoded;
+                      if (decoded->isNull()) {
+                        picture_ = {};
+                        return Q_EMIT pictureChanged();
+                      }
                       showPicture();
                       publish();
                     });
