@@ -158,7 +158,7 @@ Popover {
 
                 focus: true
                 width: parent.width - send.width - parent.spacing
-                height: 40
+                height: Math.round(40 * Theme.textScale)
                 hint: qsTr("Ask Buddy")
                 text: root.assistant.prompt
                 onTextChanged: root.assistant.prompt = text

@@ -124,7 +124,7 @@ Popover {
             required property string section
 
             width: list.width
-            height: 32
+            height: Math.round(32 * Theme.textScale)
 
             Label {
                 x: Theme.space4 - list.leftMargin
@@ -192,7 +192,7 @@ Popover {
         }
         Item {
             width: foot.width - 2 * foot.leftPadding
-            height: 40
+            height: Math.round(40 * Theme.textScale)
 
             Symbol {
                 id: moon

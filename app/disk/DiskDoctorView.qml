@@ -36,7 +36,7 @@ WindowFrame {
             id: header
 
             width: parent.width
-            height: 81
+            height: Math.round(81 * Theme.textScale)
             doctor: root.doctor
         }
         Item {
@@ -86,7 +86,7 @@ WindowFrame {
             id: footer
 
             width: parent.width
-            height: 64
+            height: Math.round(64 * Theme.textScale)
             anchors.bottom: parent.bottom
             doctor: root.doctor
         }

@@ -19,7 +19,7 @@ Item {
             top: parent.top
             topMargin: 10
         }
-        height: 32
+        height: Math.round(32 * Theme.textScale)
         parts: root.explorer.path
         onChosen: id => root.explorer.enter(id)
     }

@@ -6,7 +6,7 @@ import Ambrel.Kit
 FindingRowGround {
     id: root
 
-    implicitHeight: 40
+    implicitHeight: Math.round(40 * Theme.textScale)
     topInset: 4
     sizeRole: Theme.rowTitle
     symbol: row.isOpen ? "chevron.up" : "chevron.down"

@@ -6,7 +6,7 @@ import Ambrel.Kit
 FindingRowGround {
     id: root
 
-    implicitHeight: 48
+    implicitHeight: Math.round(48 * Theme.textScale)
     checkX: 48
     showsRisk: true
     sizeRole: Theme.listName

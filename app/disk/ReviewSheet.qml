@@ -136,7 +136,7 @@ FocusScope {
                 bottom: parent.bottom
                 bottomMargin: Theme.space5
             }
-            height: 36
+            height: Math.round(36 * Theme.textScale)
             spacing: Theme.space2
 
             Button {

@@ -30,8 +30,8 @@ Popover {
                 label: root.mood.nameOf(value)
                 accessibleRole: Accessible.RadioButton
                 Accessible.checked: isChosen
-                implicitWidth: 60
-                implicitHeight: 72
+                implicitWidth: Math.round(60 * Theme.textScale)
+                implicitHeight: Math.round(72 * Theme.textScale)
                 onClicked: {
                     root.mood.setToday(value);
                     root.closeRequested();

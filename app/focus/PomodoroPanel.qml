@@ -30,7 +30,7 @@ Popover {
 
         TickingText {
             width: parent.width - start.width - skip.width - reset.width - 3 * parent.spacing
-            height: 32
+            height: Math.round(32 * Theme.textScale)
             text: root.pomodoro.face.remaining
             widest: root.pomodoro.face.remaining.replace(/[0-9]/g, "0")
             font: Theme.headline.font

@@ -23,7 +23,7 @@ Popover {
         id: time
         y: Theme.space2
         width: parent.width
-        height: 36
+        height: Math.round(36 * Theme.textScale)
         alignment: Qt.AlignHCenter
         text: root.stopwatch.face.elapsed
         widest: root.stopwatch.face.elapsed.replace(/[0-9]/g, "0")

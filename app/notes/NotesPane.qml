@@ -100,7 +100,7 @@ Item {
             bottom: buttons.top
             bottomMargin: Theme.space3
         }
-        height: 28
+        height: Math.round(28 * Theme.textScale)
         spacing: Theme.space1
 
         IconButton {

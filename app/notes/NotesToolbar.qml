@@ -38,7 +38,7 @@ Item {
         }
     ]
 
-    implicitHeight: 48
+    implicitHeight: Math.round(48 * Theme.textScale)
 
     Row {
         anchors.verticalCenter: parent.verticalCenter

@@ -96,7 +96,7 @@ WindowFrame {
                 right: line.left
                 bottom: parent.bottom
             }
-            height: 36
+            height: Math.round(36 * Theme.textScale)
 
             Label {
                 x: Theme.space4

@@ -33,7 +33,7 @@ Popover {
 
             x: Theme.space4
             width: parent.width - 2 * Theme.space4
-            height: 32
+            height: Math.round(32 * Theme.textScale)
 
             IconButton {
                 id: before
@@ -100,7 +100,7 @@ Popover {
                     id: city
 
                     width: parent.width
-                    implicitHeight: 40
+                    implicitHeight: Math.round(40 * Theme.textScale)
                     cities: root.meeting.cities
                     rowId: entry.row.rowId
                     isOwn: entry.row.isOwn
