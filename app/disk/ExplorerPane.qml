@@ -11,6 +11,8 @@ Item {
     readonly property bool isWhole: doctor.face.isDone || doctor.face.isAnalyzing
 
     Breadcrumb {
+        id: path
+
         anchors {
             left: parent.left
             leftMargin: Theme.space6
@@ -40,8 +42,8 @@ Item {
 
     SunburstPane {
         anchors {
-            top: parent.top
-            topMargin: 52
+            top: path.bottom
+            topMargin: 10
             bottom: legend.top
             bottomMargin: Theme.space5
             horizontalCenter: parent.horizontalCenter

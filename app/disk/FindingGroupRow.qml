@@ -13,7 +13,7 @@ FindingRowGround {
     symbolColor: Theme.ink2
 
     Label {
-        x: root.row.isSelectable ? 54 : Theme.space6
+        x: root.row.isSelectable ? Math.round(54 * Theme.textScale) : Theme.space6
         y: root.middle - height / 2
         text: root.row.title
         role: Theme.rowTitle

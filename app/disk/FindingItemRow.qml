@@ -7,7 +7,7 @@ FindingRowGround {
     id: root
 
     implicitHeight: Math.max(44, words.height + Theme.space2)
-    checkX: 78
+    checkX: symbolX
     // Only items whose risk differs from their rule's show it.
     showsRisk: row.riskName !== ""
     symbol: hovered ? "questionmark.circle" : ""
@@ -15,7 +15,7 @@ FindingRowGround {
     RowWords {
         id: words
 
-        x: 108
+        x: root.wordsX
         width: root.wordsEnd - x
         y: root.middle - height / 2
         title: root.row.title

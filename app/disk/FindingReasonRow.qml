@@ -12,8 +12,8 @@ FindingRowGround {
     Column {
         id: words
 
-        x: 108
-        width: root.width - x - 54
+        x: root.wordsX
+        width: root.width - x - root.amountInset
         anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.space1
 

@@ -17,6 +17,10 @@ Item {
     // At the right end.
     property string symbol
     property color symbolColor: Theme.ink3
+    // Where a rule has its symbol and its words, and the rows below it theirs.
+    readonly property real symbolX: Math.round(78 * Theme.textScale)
+    readonly property real wordsX: Math.round(108 * Theme.textScale)
+    readonly property real amountInset: Math.round(54 * Theme.textScale)
     readonly property real middle: topInset + (height - topInset) / 2
     // Where the words of the row end.
     readonly property real wordsEnd: (showsRisk ? pill.x : amount.x) - Theme.space3
@@ -67,7 +71,7 @@ Item {
     Pill {
         id: pill
 
-        x: root.width - 206
+        x: root.width - Math.round(206 * Theme.textScale)
         y: root.middle - height / 2
         visible: root.showsRisk && root.row.isSelectable
         text: root.row.risk
@@ -78,7 +82,7 @@ Item {
     TipLabel {
         id: amount
 
-        x: root.width - width - 54
+        x: root.width - width - root.amountInset
         y: root.middle - height / 2
         text: root.row.size
         role: root.sizeRole

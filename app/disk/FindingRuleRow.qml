@@ -7,20 +7,20 @@ FindingRowGround {
     id: root
 
     implicitHeight: Math.round(48 * Theme.textScale)
-    checkX: 48
+    checkX: Math.round(48 * Theme.textScale)
     showsRisk: true
     sizeRole: Theme.listName
     symbol: row.isOpen ? "chevron.up" : "chevron.down"
 
     Symbol {
-        x: 78
+        x: root.symbolX
         y: root.middle - height / 2
         name: root.row.symbol
         size: 18
         color: Theme.ink2
     }
     RowWords {
-        x: 78 + 18 + Theme.space3
+        x: root.wordsX
         width: root.wordsEnd - x
         y: root.middle - height / 2
         title: root.row.title

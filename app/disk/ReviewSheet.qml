@@ -66,7 +66,7 @@ FocusScope {
 
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
-        width: 600
+        width: Math.min(parent.width - 2 * Theme.space6, Math.round(600 * Theme.textScale))
         height: Math.min(parent.height - 2 * root.clearance, head.height + list.contentHeight + buttons.height + 2 * Theme.space5 + 2 * Theme.space4)
 
         Column {
