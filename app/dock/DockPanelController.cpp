@@ -81,7 +81,11 @@ DockPanelController::DockPanelController(QQmlEngine& engine, WidgetContext& cont
   seams_.windowStyle.setCompositingHandler([this](bool) { updatePosition(); });
 }
 
-DockPanelController::~DockPanelController() { context_.drag()->spotAt = nullptr; }
+DockPanelController::~DockPanelController() {
+  context_.drag()->spotAt = nullptr;
+  // A window that ends before the monitor is a movement, too.
+  seams_.pointer.stopWaiting();
+}
 
 QWindow* DockPanelController::window() const { return window_.get(); }
 

@@ -19,6 +19,7 @@ class EdgeSensor : public QObject {
 
  public:
   EdgeSensor(PointerMonitor& pointer, Screens& screens, std::function<Instant()> now, QObject* parent = nullptr);
+  ~EdgeSensor() override { setActive(false); }
 
   std::function<void()> onEnter;
 

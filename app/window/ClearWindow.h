@@ -13,6 +13,10 @@ class ClearWindow : public QQuickView {
   Q_OBJECT
   QML_ANONYMOUS
 
+ public:
+  // Nobody is told any more: its controller may be ending, too.
+  ~ClearWindow() override { blockSignals(true); }
+
  protected:
   ClearWindow(QQmlEngine& engine, WindowStyle& style, WindowRole role);
 

@@ -67,6 +67,18 @@ class ShelfPanelControllerTests : public QObject {
     QVERIFY(!room.shelf->isShown());
   }
 
+  // The window of the shelf ends after it, which is a movement under Wayland.
+  void theSensorLeavesNobodyWaiting() {
+    FakePointer pointer;
+    FakeScreens screens;
+    {
+      EdgeSensor sensor(pointer, screens, [] { return Instant(); });
+      sensor.setActive(true);
+      QVERIFY(pointer.isWaiting());
+    }
+    QVERIFY(!pointer.isWaiting());
+  }
+
   void itIsFreedWhenItWasClosedForLong() {
     ShelfRoom room;
     QVERIFY(room.open());
