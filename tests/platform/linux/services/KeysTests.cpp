@@ -23,15 +23,12 @@ class KeysOfPortal : public BusTest {
       sessions_.erase(message.path());
       return message.createReply();
     }
-    const QString sender = message.service().mid(1).replace('.', '_');
-    const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().last());
-    const QString request =
-        QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, options["handle_token"].toString());
     QVariantMap results{{"shortcuts", QVariant::fromValue(bound_)}};
     uint response = 0;
     if (message.member() == "CreateSession") {
+      const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().last());
       session_ = QStringLiteral("/org/freedesktop/portal/desktop/session/%1/%2")
-                     .arg(sender, options["session_handle_token"].toString());
+                     .arg(message.service().mid(1).replace('.', '_'), options["session_handle_token"].toString());
       results = {{"session_handle", session_}};
       if (!sessions_.insert(session_).second) response = 2;
     } else if (message.member() == "BindShortcuts") {
@@ -39,13 +36,7 @@ class KeysOfPortal : public BusTest {
       response = response_;
       results = {};
     }
-    QMetaObject::invokeMethod(
-        &context_,
-        [this, request, response, results] {
-          portal_->send(request, "org.freedesktop.portal.Request", "Response", {response, results});
-        },
-        Qt::QueuedConnection);
-    return message.createReply(QVariant::fromValue(QDBusObjectPath(request)));
+    return promised(*portal_, message, response, results);
   }
   void ask() {
     keys_->ask({{"toggle-clipboard",
@@ -63,7 +54,6 @@ class KeysOfPortal : public BusTest {
   }
   int asked(const QString& member) const { return static_cast<int>(std::ranges::count(portal_->members(), member)); }
 
-  QObject context_;
   bool hasKeys_ = true;
   uint response_ = 0, version_ = 2;
   QList<PortalShortcut> bound_, offered_;
