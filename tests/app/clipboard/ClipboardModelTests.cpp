@@ -385,7 +385,8 @@ class ClipboardModelTests : public QObject {
     QVERIFY(desk.model->isIn(desk.id(0), collection));
     desk.model->setFilter("collection:" + collection);
     // What is no filter changes nothing.
-    for (const char* unknown : {"kind:nothing", "collection:nothing", "recent"}) desk.model->setFilter(unknown);
+    const QString nobodys = "collection:" + QString::fromStdString(UUID::random().text());
+    for (const QString& unknown : {QString("kind:nothing"), nobodys, QString("recent")}) desk.model->setFilter(unknown);
     QCOMPARE(desk.model->filter(), "collection:" + collection);
     desk.model->renameCollection(collection, "Cooking");
     QCOMPARE(desk.model->collections()->rows().front().name, QStringLiteral("Cooking"));
