@@ -135,8 +135,6 @@ TEST(Tilebayctl, ChoosesTheProfileForTheDisplays) {
     const char* active;
   } cases[] = {
       {{}, "Lap"},
-      {{"--display", "eDP-1:builtin"}, "Lap"},
-      {{"--display", "DP-1"}, "Desk"},
       {{"--display", "eDP-1:builtin", "--display", "DP-1"}, "Desk"},
       {{"--display", "DP-1", "--pin", "Lap"}, "Lap"},
       {{"--pin", "Desk"}, "Desk"},

@@ -1,6 +1,7 @@
 #pragma once
 // Time that stands still until the test moves it, and sounds that are written down.
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,6 +47,14 @@ class FakeClock : public WallClock {
   void set(Instant time) { reading_.now = time; }
   void ring() {
     if (auto handler = handler_) handler();
+  }
+  // Time passes until then, and whoever asked for it is woken. `settle` carries out what is queued before each look.
+  void runUntil(Instant end, const std::function<void()>& settle) {
+    for (settle(); wakeTime && *wakeTime <= end; settle()) {
+      pass(std::max(Seconds(0), secondsBetween(now(), *wakeTime)));
+      ring();
+    }
+    pass(secondsBetween(now(), end));
   }
 
   std::optional<Instant> wakeTime;

@@ -42,15 +42,12 @@ class FakeKeyPortal : public FakeService {
     }
     if (message.interface() != "org.freedesktop.portal.GlobalShortcuts")
       return message.createErrorReply(QDBusError::UnknownInterface, "not played");
-    const QString sender = message.service().mid(1).replace('.', '_');
-    const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().last());
-    const QString request =
-        QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, options["handle_token"].toString());
     QVariantMap results{{"shortcuts", QVariant::fromValue(bound)}};
     uint code = 0;
     if (message.member() == "CreateSession") {
+      const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().last());
       session = QStringLiteral("/org/freedesktop/portal/desktop/session/%1/%2")
-                    .arg(sender, options["session_handle_token"].toString());
+                    .arg(message.service().mid(1).replace('.', '_'), options["session_handle_token"].toString());
       results = {{"session_handle", session}};
       if (!sessions_.insert(session).second) code = 2;
     } else if (message.member() == "BindShortcuts") {
@@ -58,16 +55,9 @@ class FakeKeyPortal : public FakeService {
       code = response;
       results = {};
     }
-    QMetaObject::invokeMethod(
-        &context_,
-        [this, request, code, results] {
-          send(request, "org.freedesktop.portal.Request", "Response", {code, results});
-        },
-        Qt::QueuedConnection);
-    return message.createReply(QVariant::fromValue(QDBusObjectPath(request)));
+    return promised(*this, message, code, results);
   }
 
-  QObject context_;
   std::set<QString> sessions_;  // which outlive the portal: the desktop has them
 };
 

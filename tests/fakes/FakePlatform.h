@@ -225,6 +225,12 @@ class FakeNotifications : public Notifications {
     isAvailable = is;
     if (availability_) availability_(is);
   }
+  // The identifiers of what was posted.
+  std::vector<std::string> told() const {
+    std::vector<std::string> identifiers;
+    for (const Notification& each : posted) identifiers.push_back(each.identifier);
+    return identifiers;
+  }
 
   bool isAvailable = true;
   int requests = 0;

@@ -129,6 +129,19 @@ class FakeService : public QDBusVirtualObject {
   QString name_;
 };
 
+// The reply of a portal that asks the user: the path of a request, whose answer follows as a signal.
+inline QDBusMessage promised(FakeService& portal, const QDBusMessage& message, uint response,
+                             const QVariantMap& results) {
+  const QString token = qdbus_cast<QVariantMap>(message.arguments().last())["handle_token"].toString();
+  const QString request = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
+                              .arg(message.service().mid(1).replace('.', '_'), token);
+  const auto answer = [&portal, request, response, results] {
+    portal.send(request, "org.freedesktop.portal.Request", "Response", {response, results});
+  };
+  QMetaObject::invokeMethod(&portal, answer, Qt::QueuedConnection);
+  return message.createReply(QVariant::fromValue(QDBusObjectPath(request)));
+}
+
 // Lets events happen until the condition holds; false when it does not within the deadline.
 inline bool happens(const std::function<bool()>& condition, int milliseconds = 10'000) {
   QElapsedTimer elapsed;

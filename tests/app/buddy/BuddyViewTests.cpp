@@ -249,28 +249,21 @@ class BuddyViewTests : public QObject {
     Scene scene;
     QVERIFY(scene.load(face));
     BuddyFigure* figure = figureOf(scene);
-    QVERIFY(figure->waitsToBlink());
     QVERIFY(figure->blinkWait() >= 5000 && figure->blinkWait() <= 9000);
-    figure->setPose("asleep");
-    QVERIFY(!figure->waitsToBlink());
-    figure->setPose("happy");
-    QVERIFY(!figure->waitsToBlink());
-    figure->setPose("wink");
-    QVERIFY(figure->waitsToBlink());
-    figure->setProperty("live", false);
-    QVERIFY(!figure->waitsToBlink());
-    figure->setProperty("live", true);
-    QVERIFY(figure->waitsToBlink());
-    figure->setVisible(false);
-    QVERIFY(!figure->waitsToBlink());
-    figure->setVisible(true);
-    QVERIFY(figure->waitsToBlink());
-    scene.theme().setAlwaysReducesMotion(true);
-    QVERIFY(!figure->waitsToBlink());
-    scene.theme().setAlwaysReducesMotion(false);
-    scene.window().hide();
-    QVERIFY(!figure->waitsToBlink());
-    scene.window().show();
+    const std::function<void(bool)> reasons[] = {
+        [&](bool isSo) { figure->setPose(isSo ? "asleep" : "wink"); },
+        [&](bool isSo) { figure->setPose(isSo ? "happy" : "wink"); },
+        [&](bool isSo) { figure->setProperty("live", !isSo); },
+        [&](bool isSo) { figure->setVisible(!isSo); },
+        [&](bool isSo) { scene.theme().setAlwaysReducesMotion(isSo); },
+        [&](bool isSo) { scene.window().setVisible(!isSo); },
+    };
+    for (const auto& hold : reasons) {
+      QVERIFY(figure->waitsToBlink());
+      hold(true);
+      QVERIFY(!figure->waitsToBlink());
+      hold(false);
+    }
     QVERIFY(figure->waitsToBlink());
   }
 

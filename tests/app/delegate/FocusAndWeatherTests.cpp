@@ -35,20 +35,7 @@ struct Desk : Program {
   }
   // Lets time pass, with whoever asked for it being woken.
   void pass(Seconds span) {
-    const Instant end = advanced(desktop.clock.now(), span);
-    for (;;) {
-      QCoreApplication::processEvents();
-      if (!desktop.clock.wakeTime || *desktop.clock.wakeTime > end) break;
-      desktop.clock.pass(std::max(Seconds(0), secondsBetween(desktop.clock.now(), *desktop.clock.wakeTime)));
-      desktop.clock.ring();
-    }
-    desktop.clock.pass(secondsBetween(desktop.clock.now(), end));
-  }
-  std::vector<std::string> told() const {
-    std::vector<std::string> identifiers;
-    for (const Notification& notification : desktop.notifications.posted)
-      identifiers.push_back(notification.identifier);
-    return identifiers;
+    desktop.clock.runUntil(advanced(desktop.clock.now(), span), [] { QCoreApplication::processEvents(); });
   }
   FocusArea& focus() const { return delegate->areas().focus; }
 };
@@ -173,7 +160,7 @@ class FocusAndWeatherTests : public QObject {
     Desk desk({"clock"});
     desk.focus().alarm()->set(10, 0);
     desk.pass(hours(1));
-    QVERIFY2(desk.told().empty(), "there is no tile to stop it at");
+    QVERIFY2(desk.desktop.notifications.told().empty(), "there is no tile to stop it at");
     Profile night = desk.delegate->model().profiles().front();
     night.id = UUID::random();
     night.items = {DockItem::holding("alarm")};
@@ -181,7 +168,7 @@ class FocusAndWeatherTests : public QObject {
     profiles.push_back(night);
     desk.delegate->model().setProfiles(profiles);
     desk.pass(hours(24));
-    QVERIFY(desk.told() == std::vector<std::string>{"alarm"});
+    QVERIFY(desk.desktop.notifications.told() == std::vector<std::string>{"alarm"});
   }
 
   void aNotificationLeadsToItsTile() {
@@ -189,7 +176,7 @@ class FocusAndWeatherTests : public QObject {
     desk.delegate->settings().set(setting::pomodoroFocus, 1);
     desk.focus().pomodoro()->toggle();
     desk.pass(minutes(20) + seconds(1));
-    QVERIFY(desk.told() == (std::vector<std::string>{"pomodoro", "eyeBreak"}));
+    QVERIFY(desk.desktop.notifications.told() == (std::vector<std::string>{"pomodoro", "eyeBreak"}));
     desk.desktop.notifications.click("eyeBreak");
     QVERIFY(desk.focus().eyeBreak()->face().isOnBreak);
     desk.desktop.notifications.click("pomodoro");

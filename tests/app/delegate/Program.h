@@ -5,8 +5,8 @@
 #include <QQuickView>
 
 #include "app/AppDelegate.h"
-#include "tests/TemporaryFolder.h"
 #include "tests/app/kit/QMLWarnings.h"
+#include "tests/app/model/ProfilesRoom.h"
 #include "tests/fakes/FakeDesktop.h"
 
 namespace ambrel {
@@ -41,12 +41,7 @@ struct Program {
         desktop.seams());
   }
 
-  void putOnBar(const std::vector<std::string>& widgets) {
-    Profile profile = *delegate->model().activeProfile();
-    profile.items.clear();
-    for (const std::string& widget : widgets) profile.items.push_back(DockItem::holding(widget));
-    delegate->model().setProfiles({profile});
-  }
+  void putOnBar(const std::vector<std::string>& widgets) { ambrel::putOnBar(delegate->model(), widgets); }
   QQuickItem* bar() const {
     auto* window = qobject_cast<QQuickWindow*>(delegate->bar().dock().window());
     return window ? window->contentItem() : nullptr;

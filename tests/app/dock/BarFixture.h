@@ -6,7 +6,7 @@
 #include "app/agents/AgentsModel.h"
 #include "app/base/QmlObjects.h"
 #include "app/dock/DockPanelController.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/app/model/ProfilesRoom.h"
 #include "tests/core/agents/Sessions.h"
 #include "tests/fakes/DelayedSteps.h"
 #include "tests/fakes/FakePlatform.h"
@@ -15,12 +15,8 @@
 namespace ambrel {
 
 // The models that a widget may reach, without a bar.
-struct ContextFixture {
-  TemporaryFolder folder;
-  UserDefaults defaults{folder / "defaults.json"};
+struct ContextFixture : ProfilesRoom {
   AppSettings settings{defaults};
-  LicenseManager license;
-  AppModel model{folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>(); }};
   HeldWork held;
   FakeNotifications notifications;
   FakeWorkspace workspace;
@@ -35,13 +31,7 @@ struct ContextFixture {
   WidgetContext context{model, settings};
 
   ContextFixture() { keep({&settings, &model, &license, &agents, &context}); }
-  // The active profile holds these widgets and nothing else.
-  void putOnBar(const std::vector<std::string>& widgets) {
-    Profile profile = *model.activeProfile();
-    profile.items.clear();
-    for (const std::string& widget : widgets) profile.items.push_back(DockItem::holding(widget));
-    model.setProfiles({profile});
-  }
+  void putOnBar(const std::vector<std::string>& widgets) { ambrel::putOnBar(model, widgets); }
   QString item(std::size_t slot) const {
     return QString::fromStdString(model.activeProfile()->items.at(slot).id.text());
   }

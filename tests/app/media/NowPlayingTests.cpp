@@ -1,9 +1,8 @@
-#include <QBuffer>
-#include <QImage>
 #include <QTest>
 
 #include "app/media/MediaArea.h"
 #include "core/base/Files.h"
+#include "tests/Pictures.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fakes/FakeMediaPlayers.h"
 #include "tests/fakes/HeldWork.h"
@@ -14,9 +13,7 @@ namespace {
 struct Room {
   void look(bool isSeen) { area.widgetsChanged({DockWidget::nowPlaying}, isSeen, {}); }
   std::string picture(const char* name, int width) {
-    QImage image(width, 40, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    image.save(QString::fromStdString((folder / name).string()), "PNG");
+    plainPicture(width, 40, Qt::red).save(QString::fromStdString((folder / name).string()), "PNG");
     return "file://" + (folder / name).string();
   }
 

@@ -7,8 +7,13 @@
 #include "app/model/AppModel.h"
 #include "app/model/AppSettings.h"
 #include "app/model/DefaultsWatcher.h"
+#include "app/model/LicenseFile.h"
+#include "app/model/StartAtLogin.h"
 #include "core/base/Files.h"
+#include "core/workspace/Autostart.h"
+#include "tests/SignedLicence.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/core/profiles/Tiles.h"
 
 namespace ambrel {
 namespace {
@@ -31,12 +36,6 @@ struct Fixture {
   std::vector<Profile> stored() const { return loadProfiles(store).profiles; }
   std::string activeName() const { return model->activeProfile()->name; }
 };
-
-std::vector<std::string> widgetsOf(const Profile& profile) {
-  std::vector<std::string> widgets;
-  for (const DockItem& item : profile.items) widgets.push_back(item.widget.value_or("-"));
-  return widgets;
-}
 
 }  // namespace
 
@@ -266,6 +265,60 @@ class AppModelTests : public QObject {
     QCOMPARE(became, 1);
   }
 
+  // A file that comes, ends, or is replaced by one that is worth nothing.
+  void theGateFollowsTheFile() {
+    TemporaryFolder folder;
+    LicenseManager gate;
+    int opened = 0;
+    gate.onBecamePro = [&] { ++opened; };
+    PresentCalendar calendar{Calendar("UTC", "en_US")};
+    Instant now = parseISO8601("2026-11-22T12:00:00Z").value();
+    LicenseFile file(
+        {.file = folder / "data/licence.json", .key = licenceTestKey, .calendar = calendar, .now = [&] { return now; }},
+        gate);
+    QVERIFY(!gate.isPro());
+    QVERIFY(!file.due());
+    JSON changed = signedLicence();
+    changed["signature"] = "AAAA";
+    file.install(folder.write("changed.json", changed.dump()));
+    QCOMPARE(file.problem(), "The licence was changed after it was signed");
+    QVERIFY(!gate.isPro() && !std::filesystem::exists(folder / "data"));
+
+    file.install(folder.write("bought.json", signedLicence().dump()));
+    QCOMPARE(file.problem(), "");
+    QCOMPARE(file.text(), "Licensed to Ada until Jan 1, 2030");
+    QVERIFY(gate.isPro());
+    QCOMPARE(opened, 1);
+
+    now = file.due().value();
+    file.tick(now);
+    QVERIFY(!gate.isPro());
+    QCOMPARE(file.text(), "The licence of Ada ended on Jan 1, 2030");
+
+    // A clock that ran ahead, put right.
+    now = parseISO8601("2026-11-22T12:00:00Z").value();
+    file.clockMoved(Seconds(-1), now);
+    QVERIFY(gate.isPro());
+
+    // Found at the next start.
+    now = parseISO8601("2029-01-01T00:00:00Z").value();
+    LicenseManager later;
+    const LicenseFile again(
+        {.file = folder / "data/licence.json", .key = licenceTestKey, .calendar = calendar, .now = [&] { return now; }},
+        later);
+    QVERIFY(later.isPro());
+  }
+
+  void aBuildWithoutAKeyAllowsEverything() {
+    TemporaryFolder folder;
+    LicenseManager gate;
+    const PresentCalendar calendar{Calendar("UTC", "en_US")};
+    const LicenseFile file(
+        {.file = folder.write("licence.json", "{}"), .key = "", .calendar = calendar, .now = [] { return Instant(); }},
+        gate);
+    QVERIFY(gate.isPro() && file.isValid());
+  }
+
   void whatOthersWriteIsTakenOver() {
     Fixture fixture;
     AppModel& model = fixture.start();
@@ -365,6 +418,34 @@ class AppModelTests : public QObject {
       QVERIFY(!settings.quietHoursOn());
       const UserDefaults stored(folder / "defaults.json");
       QVERIFY(stored.string("dockEdge") == "right" && stored.boolean("quietHoursOn") == false);
+    }
+  }
+
+  void startAtLoginIsWhatTheUsersEntrySaysElseTheInstalledOne() {
+    TemporaryFolder folder;
+    const auto own = autostartFile(folder.path()), installed = folder / "installed.desktop";
+    const auto model = [&] { return StartAtLogin(folder.path(), installed, "/usr/bin/tilebay").isOn(); };
+    QVERIFY(!model());
+    writeAtomically(installed, autostartEntry("/usr/bin/tilebay"));
+    QVERIFY(model());
+    makeFolders(own.parent_path());
+    writeAtomically(own, noAutostartEntry());
+    QVERIFY(!model());
+  }
+
+  void startAtLoginLeavesNoEntryThatIsNotNeeded() {
+    TemporaryFolder folder;
+    const auto own = autostartFile(folder.path()), installed = folder / "installed.desktop";
+    for (const bool isInstalled : {false, true}) {
+      if (isInstalled) writeAtomically(installed, autostartEntry("/usr/bin/tilebay"));
+      StartAtLogin model(folder.path(), installed, "/usr/bin/tilebay");
+      QCOMPARE(model.isOn(), isInstalled);
+      model.setOn(!isInstalled);
+      QCOMPARE(model.isOn(), !isInstalled);
+      QVERIFY(std::filesystem::exists(own));
+      model.setOn(isInstalled);
+      QCOMPARE(model.isOn(), isInstalled);
+      QVERIFY(!std::filesystem::exists(own));
     }
   }
 };

@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "app/model/SlotChoices.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/app/model/ProfilesRoom.h"
 
 namespace ambrel {
 namespace {
@@ -17,14 +17,13 @@ class SlotChoicesTests : public QObject {
 
  private Q_SLOTS:
   void eachProfileShowsWhatWasChosenInIt() {
-    TemporaryFolder folder;
-    UserDefaults defaults(folder / "defaults.json");
+    ProfilesRoom room;
+    UserDefaults& defaults = room.defaults;
+    AppModel& model = room.model;
     // From an older version, which had one for all.
     defaults.set(key, text("/old"));
-    LicenseManager license;
-    AppModel model(folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>{}; });
     std::vector<Profile> profiles = Profile::defaults();
-    for (Profile& profile : profiles) profile.items = {DockItem::holding("gitStatus")};
+    for (Profile& profile : profiles) profile.items = holding({"gitStatus"});
     model.setProfiles(profiles);
     const UUID one = profiles[0].id, other = profiles[1].id;
     SlotChoices choices(model, defaults);
@@ -59,7 +58,7 @@ class SlotChoicesTests : public QObject {
     defaults.set("unitTo", text("cm"));
     defaults.set("theme", text("dark"));
     QCOMPARE(defaults.string("unitTo"), "cm");
-    QCOMPARE(loadProfiles(folder / "profiles.json").profiles[0].items[0].settings.size(), 1u);
+    QCOMPARE(loadProfiles(room.folder / "profiles.json").profiles[0].items[0].settings.size(), 1u);
 
     // Edited by hand, and gone with its tile.
     told.clear();
@@ -75,10 +74,9 @@ class SlotChoicesTests : public QObject {
   }
 
   void aTileThatIsAddedLaterHasTheTitleWithItsDate() {
-    TemporaryFolder folder;
-    UserDefaults defaults(folder / "defaults.json");
-    LicenseManager license;
-    AppModel model(folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>{}; });
+    ProfilesRoom room;
+    UserDefaults& defaults = room.defaults;
+    AppModel& model = room.model;
     SlotChoices choices(model, defaults);
     const auto start = [&](const char* name) {
       const UUID profile = model.addProfile(name, std::nullopt);

@@ -9,18 +9,15 @@
 #include "app/notes/CaptureView.h"
 #include "app/notes/MarkDrawing.h"
 #include "app/notes/ScreenNotesModel.h"
+#include "app/notes/ScreenshotModel.h"
+#include "tests/Pictures.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/HeldWork.h"
 
 namespace ambrel {
 namespace {
-
-QImage picture(int width, int height, QColor color = Qt::white) {
-  QImage image(width, height, QImage::Format_RGB32);
-  image.fill(color);
-  return image;
-}
 
 struct Review {
   FakeScreenCapture screen;
@@ -58,11 +55,11 @@ class ScreenNotesTests : public QObject {
   void aReviewGathersCaptures() {
     Review one;
     QSignalSpy captured(&one.notes, &ScreenNotesModel::captured);
-    one.capture(picture(400, 300));
+    one.capture(plainPicture(400, 300));
     one.notes.addPin({0.5, 2.0});
     QCOMPARE(one.page().pins.at(0).point, (NormalizedPoint{0.5, 1}));
     QVERIFY(!one.notes.chosenPin().isEmpty());
-    one.capture(picture(200, 100));
+    one.capture(plainPicture(200, 100));
     QCOMPARE(captured.count(), 2);
     QCOMPARE(one.notes.face().pageText, QStringLiteral("Capture 2 of 2"));
     QCOMPARE(one.notes.face().sizeText, QStringLiteral("200 × 100"));
@@ -96,9 +93,9 @@ class ScreenNotesTests : public QObject {
 
   void picturesThatAreNotShownArePacked() {
     Review one;
-    one.capture(picture(400, 300, Qt::red));
+    one.capture(plainPicture(400, 300, Qt::red));
     const QImage first = one.notes.picture();
-    one.capture(picture(400, 300, Qt::blue));
+    one.capture(plainPicture(400, 300, Qt::blue));
     one.notes.showPage(1);
     QVERIFY(!one.held.waiting.empty());  // it has to be decoded
     one.held.letGo();
@@ -108,7 +105,7 @@ class ScreenNotesTests : public QObject {
 
   void croppingCanBeUndone() {
     Review one;
-    QImage image = picture(400, 300);
+    QImage image = plainPicture(400, 300);
     image.setPixelColor(100, 60, Qt::red);
     one.capture(image, {QRectF(0.25, 0.2, 0.5, 0.5)});
     one.notes.addPin({0.3, 0.3});
@@ -130,7 +127,7 @@ class ScreenNotesTests : public QObject {
 
   void aClickFindsTheTopmostWindow() {
     Review one;
-    one.capture(picture(400, 300), {QRectF(0, 0, 1, 1), QRectF(0.2, 0.2, 0.2, 0.2), QRectF(0.3, 0.3, 0.5, 0.5)});
+    one.capture(plainPicture(400, 300), {QRectF(0, 0, 1, 1), QRectF(0.2, 0.2, 0.2, 0.2), QRectF(0.3, 0.3, 0.5, 0.5)});
     QCOMPARE(one.notes.windowAt({0.35, 0.35}), QRectF(0.3, 0.3, 0.5, 0.5));
     QCOMPARE(one.notes.windowAt({0.25, 0.25}), QRectF(0.2, 0.2, 0.2, 0.2));
     QCOMPARE(one.notes.windowAt({0.9, 0.9}), QRectF(0, 0, 1, 1));
@@ -138,7 +135,7 @@ class ScreenNotesTests : public QObject {
 
   void marksAreRemovedWhereTheyAre() {
     Review one;
-    one.capture(picture(400, 300));
+    one.capture(plainPicture(400, 300));
     one.notes.addPin({0.5, 0.5});
     one.notes.addHighlight({0.4, 0.4, 0.2, 0.2});
     const QSizeF reach(0.05, 0.05);
@@ -153,7 +150,7 @@ class ScreenNotesTests : public QObject {
   void closingAsksAndForgets() {
     Review one;
     QSignalSpy closed(&one.notes, &ScreenNotesModel::closed);
-    one.capture(picture(400, 300));
+    one.capture(plainPicture(400, 300));
     one.notes.addPin({0.5, 0.5});
     one.notes.askToClose();
     QVERIFY(one.notes.face().asksToClose);
@@ -172,8 +169,8 @@ class ScreenNotesTests : public QObject {
 
   void aCaptureThatComesTooLateOpensNothing() {
     Review one;
-    one.capture(picture(400, 300));
-    one.capture(picture(300, 200));
+    one.capture(plainPicture(400, 300));
+    one.capture(plainPicture(300, 200));
     one.notes.showPage(1);
     one.notes.answerClose(true);
     one.held.letGo();
@@ -182,7 +179,7 @@ class ScreenNotesTests : public QObject {
 
   void notesAreCopiedAsMarkdown() {
     Review one;
-    one.capture(picture(400, 300));
+    one.capture(plainPicture(400, 300));
     one.notes.addPin({0.5, 0.5});
     one.notes.setNote(one.notes.chosenPin(), QStringLiteral("Zu klein.\nGrößer!"));
     one.notes.copyNotes();
@@ -194,10 +191,10 @@ class ScreenNotesTests : public QObject {
   void picturesAreExportedWithTheirMarks() {
     const QTemporaryDir folder;
     Review one;
-    one.capture(picture(400, 300));
+    one.capture(plainPicture(400, 300));
     one.notes.addPin({0.25, 0.5});
     one.notes.addHighlight({0.5, 0.25, 0.25, 0.5});
-    one.capture(picture(200, 100, Qt::black));
+    one.capture(plainPicture(200, 100, Qt::black));
     one.notes.exportTo(folder.path(), &exportPNG);
     QVERIFY(one.notes.face().isExporting);
     one.held.letGo();
@@ -214,7 +211,7 @@ class ScreenNotesTests : public QObject {
   void pinsStayOnThePicture() {
     for (const QPointF corner : {QPointF(0, 0), QPointF(1, 1)}) {
       Review one;
-      one.capture(picture(400, 300));
+      one.capture(plainPicture(400, 300));
       one.notes.addPin(corner);
       const QImage marked = annotated(one.notes.picture(), one.page());
       // A whole pin: its middle is half a pin from both edges.
@@ -226,7 +223,7 @@ class ScreenNotesTests : public QObject {
   void aLongNoteGoesOnOnTheNextPage() {
     const QTemporaryDir folder;
     Review one;
-    one.capture(picture(400, 300));
+    one.capture(plainPicture(400, 300));
     one.notes.addPin({0.5, 0.5});
     one.notes.setNote(one.notes.chosenPin(), longNote());
     one.notes.exportTo(folder.path(), &exportPDF);
@@ -241,7 +238,7 @@ class ScreenNotesTests : public QObject {
   void exportsOverwriteNothingAndTellOfFailure() {
     const QTemporaryDir folder;
     Review one;
-    one.capture(picture(40, 30));
+    one.capture(plainPicture(40, 30));
     for (int i = 0; i < 2; ++i) {
       one.notes.exportTo(folder.path(), &exportPNG);
       one.held.letGo();
@@ -258,7 +255,7 @@ class ScreenNotesTests : public QObject {
   void zoomingKeepsThePlaceUnderThePointer() {
     CaptureView view;
     view.setSize({800, 600});
-    view.setPicture(picture(1600, 900));
+    view.setPicture(plainPicture(1600, 900));
     QCOMPARE(view.percent(), 50);
     QCOMPARE(view.frame(), QRectF(0, 75, 800, 450));
     const QPointF pointer(600, 300);
@@ -274,6 +271,65 @@ class ScreenNotesTests : public QObject {
     QVERIFY(view.percent() >= 10);
     view.fit();
     QCOMPARE(view.frame(), QRectF(0, 75, 800, 450));
+  }
+
+  void whatIsChosenOfAScreenshotIsSavedAndCopied() {
+    TemporaryFolder folder;
+    FakeScreenCapture screen;
+    FakeShell shell;
+    HeldWork work;
+    std::vector<Representation> copied;
+    std::function<void()> delayed;
+    const QString pictures = QString::fromStdString((folder / "Pictures/Screenshots").string());
+    ScreenshotModel model({.screen = screen,
+                           .background = work.background(),
+                           .now = [] { return *parseISO8601("2026-11-22T14:30:05Z"); },
+                           .calendar = Calendar("UTC", "en_US"),
+                           .later = [&](Seconds, std::function<void()> step) { delayed = std::move(step); },
+                           .folder = [&] { return pictures; },
+                           .copy = [&](auto what) { copied = std::move(what); }},
+                          shell);
+    screen.next = {
+        .image = plainPicture(200, 100, Qt::red), .windows = {{0, 0, 0.5, 0.5}, {0.25, 0.25, 0.5, 2}}, .problem = {}};
+    model.take();
+    QCOMPARE(model.face().sizeText, QStringLiteral("200 × 100"));
+    model.chooseWindowAt({0.3, 0.3});
+    QCOMPARE(model.face().sizeText, QStringLiteral("100 × 75"));
+    model.chooseNextWindow();
+    model.chooseNextWindow();
+    QCOMPARE(model.face().sizeText, QStringLiteral("100 × 50"));
+    model.choose({0.5, 0.5, -0.1, 4});
+    QCOMPARE(model.face().sizeText, QStringLiteral("20 × 50"));
+    model.choose({0.5, 0.5, 0.001, 0.001});
+    QVERIFY2(model.face().isWhole, "a click is no area");
+
+    // The panel closes at once; the second picture of a second does not take the first one's name.
+    model.save();
+    model.drop();
+    work.letGo();
+    model.takeLater();
+    QVERIFY(!model.face().hasPicture);
+    delayed();
+    model.chooseWindowAt({0, 0});
+    model.save();
+    work.letGo();
+    QCOMPARE(shell.toasts, (QStringList{"Saved", "Saved"}));
+    QCOMPARE(QImage(pictures + "/Screenshot 2026-11-22 14-30-05.png").size(), QSize(200, 100));
+    QCOMPARE(QImage(pictures + "/Screenshot 2026-11-22 14-30-05 (2).png").size(), QSize(100, 50));
+    model.copy();
+    work.letGo();
+    QCOMPARE(copied.size(), std::size_t(1));
+    QCOMPARE(QImage::fromData(QByteArray::fromStdString(copied[0].bytes)).size(), QSize(100, 50));
+
+    // Another one in the meantime makes a waiting one superfluous.
+    model.takeLater();
+    model.take();
+    model.drop();
+    delayed();
+    QVERIFY(!model.face().hasPicture);
+    screen.next = {.image = {}, .windows = {}, .problem = "There is no screen to capture."};
+    model.take();
+    QCOMPARE(shell.toasts.last(), QStringLiteral("No screenshot"));
   }
 };
 

@@ -8,19 +8,15 @@
 #include "app/kit/LongTexts.h"
 #include "app/model/SettingValue.h"
 #include "app/panels/GalleryModel.h"
-#include "tests/TemporaryFolder.h"
 #include "tests/app/kit/Looks.h"
 #include "tests/app/kit/Scene.h"
+#include "tests/app/model/ProfilesRoom.h"
 
 namespace ambrel {
 namespace {
 
 // The panels on models of their own, in a scene.
-struct Stage {
-  TemporaryFolder folder;
-  UserDefaults defaults{folder / "defaults.json"};
-  LicenseManager license;
-  AppModel model{folder / "profiles.json", defaults, license, [] { return std::vector<DisplaySnapshot>(); }};
+struct Stage : ProfilesRoom {
   GalleryModel gallery{model};
   AppSettings settings{defaults};
   WidgetContext context{model, settings};
@@ -57,6 +53,20 @@ struct Stage {
   void press(Qt::Key key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(&scene.window(), key, with); }
 };
 
+// Rows of every panel and every page of the settings, under these names for what they are looked at in.
+void addPanels(std::initializer_list<std::pair<const char*, Theme::Choice>> looks) {
+  QTest::addColumn<QString>("view");
+  QTest::addColumn<QString>("tab");
+  QTest::addColumn<Theme::Choice>("choice");
+  for (const auto& [look, choice] : looks) {
+    for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
+      QTest::addRow("%s, %s", view, look) << QString(view) << QString() << choice;
+    for (const char* tab : {"general", "appearance", "tiles", "calendars", "buddy", "agents", "clipboard", "disk",
+                            "privacy", "licence", "about"})
+      QTest::addRow("settings, %s, %s", tab, look) << QString("SettingsView") << QString(tab) << choice;
+  }
+}
+
 // The control of a row, which may be the item itself.
 QQuickItem* firstControlIn(QQuickItem* item) {
   return firstShown(item, [](QQuickItem* each) { return each->activeFocusOnTab(); });
@@ -68,19 +78,7 @@ class PanelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void panelsLookRight_data() {
-    QTest::addColumn<QString>("view");
-    QTest::addColumn<QString>("tab");
-    QTest::addColumn<Theme::Choice>("choice");
-    for (const auto choice : {Theme::Choice::Dark, Theme::Choice::Light}) {
-      const char* scheme = choice == Theme::Choice::Dark ? "dark" : "light";
-      for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
-        QTest::addRow("%s, %s", view, scheme) << QString(view) << QString() << choice;
-      for (const char* tab :
-           {"general", "appearance", "tiles", "buddy", "agents", "clipboard", "disk", "privacy", "licence", "about"})
-        QTest::addRow("settings, %s, %s", tab, scheme) << QString("SettingsView") << QString(tab) << choice;
-    }
-  }
+  void panelsLookRight_data() { addPanels({{"dark", Theme::Choice::Dark}, {"light", Theme::Choice::Light}}); }
 
   void panelsLookRight() {
     QFETCH(QString, view);
@@ -95,15 +93,7 @@ class PanelTests : public QObject {
   }
 
   // As a language with long words has it, at one and a half times the size: what does not fit is broken or elided.
-  void longAndLargeTextsHaveRoom_data() {
-    QTest::addColumn<QString>("view");
-    QTest::addColumn<QString>("tab");
-    for (const char* view : {"CustomizeView", "WelcomeView", "UpsellView"})
-      QTest::addRow("%s", view) << QString(view) << QString();
-    for (const char* tab : {"general", "appearance", "tiles", "calendars", "buddy", "agents", "clipboard", "disk",
-                            "privacy", "licence", "about"})
-      QTest::addRow("settings, %s", tab) << QString("SettingsView") << QString(tab);
-  }
+  void longAndLargeTextsHaveRoom_data() { addPanels({{"long", Theme::Choice::Dark}}); }
 
   void longAndLargeTextsHaveRoom() {
     QFETCH(QString, view);

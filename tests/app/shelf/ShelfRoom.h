@@ -15,6 +15,7 @@
 #include "app/window/PanelWindow.h"
 #include "app/window/ToastController.h"
 #include "tests/app/clipboard/ClipboardDesk.h"
+#include "tests/app/kit/Looks.h"
 #include "tests/app/kit/QMLWarnings.h"
 
 namespace ambrel {
@@ -93,15 +94,12 @@ struct ShelfRoom {
   // Items below the root that are shown and of which `wanted` holds.
   std::vector<QQuickItem*> shown(const std::function<bool(QQuickItem*)>& wanted) const {
     std::vector<QQuickItem*> found;
-    collect(root(), wanted, found);
+    visitShown(root(), [&](QQuickItem* item) {
+      if (wanted(item)) found.push_back(item);
+    });
     return found;
   }
-  bool isShown(const QString& text) const {
-    const auto says = [&](QQuickItem* item) {
-      return item->inherits("QQuickText") && item->property("text").toString() == text;
-    };
-    return !shown(says).empty();
-  }
+  bool isShown(const QString& text) const { return textsOf(root()).contains(text); }
   QQuickItem* card(std::size_t position) const {
     const QString id = desk.id(position);
     const auto found = cards();
@@ -112,24 +110,9 @@ struct ShelfRoom {
     return shown([](QQuickItem* item) { return item->property("isUnderKeyboard").isValid(); });
   }
   static ClipFace faceOf(QQuickItem* card) { return card->property("face").value<ClipFace>(); }
-  // What is shown under that label.
-  QQuickItem* labelled(const QString& label) const {
-    const auto found = shown([&](QQuickItem* item) { return item->property("label").toString() == label; });
-    return found.empty() ? nullptr : found.front();
-  }
-  void click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
-    QTest::mouseClick(&window(), button, {}, middleOf(item));
-  }
+  QQuickItem* labelled(const QString& label) const { return ambrel::labelled(root(), label); }
   static QPoint middleOf(QQuickItem* item) {
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-  }
-
- private:
-  static void collect(QQuickItem* item, const std::function<bool(QQuickItem*)>& wanted,
-                      std::vector<QQuickItem*>& found) {
-    if (!item->isVisible()) return;
-    if (wanted(item)) found.push_back(item);
-    for (QQuickItem* child : item->childItems()) collect(child, wanted, found);
   }
 };
 

@@ -1,26 +1,15 @@
 #include <QAbstractItemModelTester>
-#include <QBuffer>
-#include <QImage>
 #include <QTest>
 
 #include "app/base/Presentation.h"
 #include "core/base/JSON.h"
+#include "tests/Pictures.h"
 #include "tests/app/kit/TileBoard.h"
 #include "tests/app/stores/StoresRoom.h"
 #include "tests/fakes/LoopbackServer.h"
 
 namespace ambrel {
 namespace {
-
-QByteArray picture(int side) {
-  QByteArray png;
-  QBuffer target(&png);
-  target.open(QIODevice::WriteOnly);
-  QImage image(side, side, QImage::Format_RGB32);
-  image.fill(Qt::red);
-  image.save(&target, "PNG");
-  return png;
-}
 
 QStringList namesOf(RowList* rows) {
   QStringList names;
@@ -170,7 +159,7 @@ class StoresTests : public QObject {
     server.answer = [](const QByteArray& target) -> LoopbackServer::Reply {
       if (target == "/favicon.ico") return {.body = "no picture"};
       if (target == "/") return {.body = "<link rel=icon href=/i.png>", .type = "text/html"};
-      if (target == "/i.png") return {.body = picture(300)};
+      if (target == "/i.png") return {.body = encoded(plainPicture(300, 300, Qt::red))};
       return {404, "{}"};
     };
     room.start();
@@ -190,7 +179,9 @@ class StoresTests : public QObject {
   void noIconComesFromAnotherSite() {
     StoresRoom room;
     LoopbackServer server, other;
-    other.answer = [](const QByteArray&) -> LoopbackServer::Reply { return {.body = picture(8)}; };
+    other.answer = [](const QByteArray&) -> LoopbackServer::Reply {
+      return {.body = encoded(plainPicture(8, 8, Qt::red))};
+    };
     server.answer = [&](const QByteArray& target) -> LoopbackServer::Reply {
       if (target == "/favicon.ico")
         return {.status = 302, .body = "", .location = other.url().toEncoded() + "/favicon.ico"};

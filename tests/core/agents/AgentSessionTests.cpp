@@ -73,28 +73,19 @@ TEST(MergedSessions, OrdersByUrgencyThenNewestThenReader) {
 AgentSession session(const std::string& id, AgentStatus status) { return agentSession(id, AgentKind::codex, status); }
 
 TEST(AgentTransitions, OnlyWorkThatEndedOrWaitsIsNews) {
-  const struct {
-    AgentStatus before, after;
-    bool isNews;
-  } cases[] = {
+  const std::tuple<AgentStatus, AgentStatus, bool> rows[] = {
       {working, finished, true},     {working, needsInput, true}, {working, idle, false},
       {working, working, false},     {idle, needsInput, false},   {finished, needsInput, false},
       {needsInput, finished, false}, {finished, finished, false},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(agentTransitions({session("a", c.before)}, {session("a", c.after)}).size(), c.isNews ? 1u : 0u)
-        << nameOf(c.before) << " -> " << nameOf(c.after);
-}
-
-TEST(AgentTransitions, ATurnThatTheUserBrokeOffIsNoNews) {
-  AgentSession broken = session("a", finished);
-  broken.isInterrupted = true;
-  EXPECT_TRUE(agentTransitions({session("a", working)}, {broken}).empty());
-}
-
-TEST(AgentTransitions, SessionsThatComeOrGoAreNoNews) {
-  EXPECT_TRUE(agentTransitions({}, {session("new", finished)}).empty());
-  EXPECT_TRUE(agentTransitions({session("gone", working)}, {}).empty());
+  for (const auto& [before, after, isNews] : rows)
+    EXPECT_EQ(agentTransitions({session("a", before)}, {session("a", after)}).size(), isNews ? 1u : 0u)
+        << nameOf(before) << " -> " << nameOf(after);
+  AgentSession brokenOff = session("a", finished);
+  brokenOff.isInterrupted = true;
+  EXPECT_TRUE(agentTransitions({session("a", working)}, {brokenOff}).empty());
+  // Nor is it that a session comes or goes.
+  EXPECT_TRUE(agentTransitions({session("gone", working)}, {session("new", finished)}).empty());
 }
 
 TEST(AgentTransitions, AnAnnouncementNamesTheToolAndTheProject) {

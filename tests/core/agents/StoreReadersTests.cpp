@@ -123,15 +123,6 @@ TEST(StoreReaders, PassOverWhatIsNoDatabase) {
   EXPECT_THAT(AntigravityReader().sessions(home.path(), noon), IsEmpty());
 }
 
-TEST(StoreReaders, ReadAClosedStoreInWriteAheadModeWithoutALeftover) {
-  TemporaryFolder home;
-  writeStore(home / antigravityStore, "PRAGMA journal_mode = WAL;" + schema + conversation("a"));
-  const auto before = contents(home.path());
-  ASSERT_EQ(before.count(std::string(antigravityStore) + "-wal"), 0u);
-  EXPECT_THAT(antigravityIds(home.path()), ElementsAre("antigravity:a"));
-  EXPECT_EQ(contents(home.path()), before);
-}
-
 TEST(StoreReaders, SeeWhatARunningToolHasWrittenAhead) {
   TemporaryFolder home;
   const auto store = home / antigravityStore;

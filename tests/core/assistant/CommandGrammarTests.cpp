@@ -1,6 +1,7 @@
 #include "core/assistant.h"
 #include "core/base/Overloaded.h"
 #include "tests/Matchers.h"
+#include "tests/core/profiles/Tiles.h"
 
 namespace ambrel {
 namespace {
@@ -16,7 +17,7 @@ struct Bar {
   explicit Bar(const std::vector<std::string>& widgets = {"clock", "clipboard"}) {
     for (const char* name : {"Laptop", "Desk", "Work München"})
       profiles.push_back({.id = UUID::random(), .name = name, .trigger = {}, .items = {}});
-    for (const std::string& widget : widgets) profiles.front().items.push_back(DockItem::holding(widget));
+    profiles.front().items = holding(widgets);
   }
   std::string ask(std::string_view text) {
     return commandReply(text, [&](const AssistantCall& call) {

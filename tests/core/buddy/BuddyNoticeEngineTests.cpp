@@ -72,14 +72,6 @@ TEST(BuddyNoticeEngine, TakesAnAgentThatIsLookedAtAsWaitingStill) {
   EXPECT_THAT(bench.engine.ended, IsEmpty());
 }
 
-TEST(BuddyNoticeEngine, StaysQuietWhenSessionsFlickerBetweenStates) {
-  Bench bench;
-  int said = 0;
-  for (int tick = 0; tick < 60; ++tick)
-    said += static_cast<int>(bench.evaluate(sessions(1, tick % 2 == 0 ? needsInput : working), tick * 10).size());
-  EXPECT_EQ(said, 5) << "at 0, 120, 240, 360 and 480 seconds";
-}
-
 TEST(BuddyNoticeEngine, RepeatsNothingWhileTheClockJumpsBackAndForth) {
   Bench bench;
   BuddySignals signals = sessions(100, needsInput);

@@ -12,30 +12,6 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr std::string_view stored = R"([
-  {
-    "id": "00000000-0000-4000-8000-000000000001",
-    "items": [
-      {
-        "id": "00000000-0000-4000-8000-0000000000A1",
-        "widget": "clock"
-      },
-      {
-        "bundleID": "com.example.app",
-        "id": "00000000-0000-4000-8000-0000000000A2"
-      }
-    ],
-    "name": "Laptop \"one\"",
-    "trigger": "builtinOnly"
-  },
-  {
-    "id": "00000000-0000-4000-8000-000000000002",
-    "items": [],
-    "name": ""
-  }
-]
-)";
-
 class ProfileFile : public testing::Test {
  protected:
   LoadedProfiles loading(std::string_view bytes) {
@@ -64,6 +40,7 @@ TEST_F(ProfileFile, AFirstRunHasTheDefaultsAndNoProblemAndWritesNothing) {
 }
 
 TEST_F(ProfileFile, HoldsTheDocumentedKeysAndLeavesAbsentOnesOut) {
+  const std::string stored = readFile(AMBREL_CASES "/profiles/stored.json").value();
   const auto loaded = loading(stored);
   ASSERT_EQ(loaded.problem, std::nullopt);
   ASSERT_EQ(loaded.profiles.size(), 2u);

@@ -4,6 +4,7 @@
 
 #include "core/profiles.h"
 #include "core/widgets.h"
+#include "tests/core/profiles/Tiles.h"
 
 namespace ambrel {
 namespace {
@@ -22,12 +23,6 @@ DockItem application(int number) { return {.id = idOf(number), .bundleID = "com.
 
 Profile profile(int number, std::string name, std::optional<DisplayContext> trigger, std::vector<DockItem> items = {}) {
   return {.id = idOf(number), .name = std::move(name), .trigger = trigger, .items = std::move(items)};
-}
-
-std::vector<std::string> widgetsOf(const Profile& profile) {
-  std::vector<std::string> widgets;
-  for (const auto& item : profile.items) widgets.push_back(item.widget.value_or("-"));
-  return widgets;
 }
 
 constexpr auto builtin = DisplayContext::builtinOnly;

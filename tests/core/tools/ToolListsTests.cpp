@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "core/base/Files.h"
 #include "core/base/JSON.h"
 #include "core/tools/EmojiList.h"
 #include "core/tools/Translation.h"
@@ -12,27 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr std::string_view file = R"(# emoji-test.txt
-# group: Smileys & Emotion
-# subgroup: face-smiling
-1F600                  ; fully-qualified     # 😀 E1.0 grinning face
-263A FE0F              ; fully-qualified     # ☺️ E0.6 smiling face
-263A                   ; unqualified         # ☺ E0.6 smiling face
-broken line
-110000                 ; fully-qualified     # ? E1.0 no character
-# subgroup: cat-face
-1F63A                  ; fully-qualified     # 😺 E0.6 grinning cat
-# group: People & Body
-# subgroup: hand-fingers-open
-270B                   ; fully-qualified     # ✋ E0.6 raised hand
-270B 1F3FB             ; fully-qualified     # ✋🏻 E1.0 raised hand: light skin tone
-270B 1F3FC             ; fully-qualified     # ✋🏼 E1.0 raised hand: medium-light skin tone
-270B 1F3FD             ; fully-qualified     # ✋🏽 E1.0 raised hand: medium skin tone
-270B 1F3FE             ; fully-qualified     # ✋🏾 E1.0 raised hand: medium-dark skin tone
-270B 1F3FF             ; fully-qualified     # ✋🏿 E1.0 raised hand: dark skin tone
-# group: Component
-1F3FB                  ; component           # 🏻 E1.0 light skin tone
-)";
+const std::string file = readFile(AMBREL_CASES "/tools/emoji-test.txt").value();
 
 TEST(EmojiList, HoldsEachOnceWithItsTones) {
   const auto list = parseEmojiList(file);

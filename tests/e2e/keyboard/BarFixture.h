@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "core/base/UserDefaults.h"
-#include "core/profiles.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/core/profiles/Tiles.h"
 #include "tests/e2e/Desktop.h"
 #include "tests/e2e/keyboard/ScreenReader.h"
 
@@ -27,8 +27,7 @@ class BarFixture : public testing::Test {
   // Returns when it has said hello.
   void start(const std::vector<std::string>& widgets, const std::string& modelServer = "http://127.0.0.1:1/") {
     const auto home = folder_ / "home";
-    Profile profile{.id = UUID::random(), .name = "All", .trigger = {}, .items = {}};
-    for (const std::string& widget : widgets) profile.items.push_back(DockItem::holding(widget));
+    const Profile profile{.id = UUID::random(), .name = "All", .trigger = {}, .items = holding(widgets)};
     std::filesystem::create_directories(home / ".local/share/Ambrel");
     std::filesystem::create_directories(home / ".config/Ambrel");
     saveProfiles(home / ".local/share/Ambrel/profiles.json", {profile});

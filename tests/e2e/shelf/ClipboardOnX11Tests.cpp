@@ -1,5 +1,4 @@
 #include <QGuiApplication>
-#include <QImage>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <gtest/gtest.h>
@@ -9,6 +8,7 @@
 #include "app/model/AppSettings.h"
 #include "core/base/Files.h"
 #include "platform/linux/pasteboard/X11Pasteboard.h"
+#include "tests/Pictures.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/e2e/Desktop.h"
 #include "tests/e2e/pasteboard/SelectionClients.h"
@@ -79,12 +79,9 @@ TEST_F(ClipboardOnX11, KeepsWhatProgramsCopy) {
 }
 
 TEST_F(ClipboardOnX11, KeepsAPictureInTheFormatThatItNeeds) {
-  QImage image(320, 200, QImage::Format_RGB32);
-  image.fill(Qt::darkCyan);
   const QString png = QString::fromStdString(folder / "shot.png"), bmp = QString::fromStdString(folder / "shot.bmp");
-  ASSERT_TRUE(image.save(png));
-  image.fill(Qt::darkRed);
-  ASSERT_TRUE(image.save(bmp));
+  ASSERT_TRUE(plainPicture(320, 200, Qt::darkRed).save(png));
+  ASSERT_TRUE(plainPicture(320, 200, Qt::darkCyan).save(bmp));
   const auto first = xclip(png, "image/png");
   ASSERT_TRUE(arrives(1));
   EXPECT_EQ(readFile(folder / "Clipboard/Images" / *newest().imageFileName), readFile(png.toStdString()));

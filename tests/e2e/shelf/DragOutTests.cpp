@@ -3,7 +3,6 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
-#include <QImage>
 #include <QMimeData>
 #include <QRasterWindow>
 #include <QScreen>
@@ -12,6 +11,7 @@
 #include "core/base/Files.h"
 #include "core/base/UserDefaults.h"
 #include "core/clipboard/ClipboardFolder.h"
+#include "tests/Pictures.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/e2e/Desktop.h"
 
@@ -120,8 +120,7 @@ TEST_F(DragOutOfTheShelf, ATextArrivesAsItWasCopied) {
 }
 
 TEST_F(DragOutOfTheShelf, APictureArrivesAsOneAndAsAFile) {
-  QImage image(320, 200, QImage::Format_RGB32);
-  image.fill(Qt::darkCyan);
+  const QImage image = plainPicture(320, 200, Qt::darkCyan);
   ASSERT_TRUE(image.save(QString::fromStdString(home / "shot.png")));
   ClipboardFolder folder(home.path() / "data/Ambrel/Clipboard");
   const std::string name = folder.saveImage(*readFile(home / "shot.png"));

@@ -4,6 +4,7 @@
 #include <QUrl>
 
 #include "platform/linux/PortalScreenCapture.h"
+#include "tests/Pictures.h"
 #include "tests/platform/linux/services/BusTest.h"
 
 namespace ambrel {
@@ -27,19 +28,8 @@ class PortalCapture : public BusTest {
     qDBusRegisterMetaType<Channels>();
     portal_ = service("org.freedesktop.portal.Desktop");
     portal_->answer = [this](const QDBusMessage& message) {
-      const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().at(1));
-      const QString request =
-          QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
-              .arg(message.service().mid(1).replace('.', '_'), options.value("handle_token").toString());
-      QMetaObject::invokeMethod(
-          &context_,
-          [this, request] {
-            portal_->send(request, "org.freedesktop.portal.Request", "Response",
-                          {response_, QVariantMap{{"uri", QUrl::fromLocalFile(file()).toString()},
-                                                  {"color", QVariant::fromValue(color_)}}});
-          },
-          Qt::QueuedConnection);
-      return message.createReply(QVariant::fromValue(QDBusObjectPath(request)));
+      return promised(*portal_, message, response_,
+                      {{"uri", QUrl::fromLocalFile(file()).toString()}, {"color", QVariant::fromValue(color_)}});
     };
     capture_ = std::make_unique<PortalScreenCapture>(bus_.connection());
   }
@@ -52,7 +42,6 @@ class PortalCapture : public BusTest {
   }
 
   QTemporaryDir folder_;
-  QObject context_;
   uint response_ = 0;
   Channels color_;
   std::unique_ptr<FakeService> portal_;
@@ -60,9 +49,7 @@ class PortalCapture : public BusTest {
 };
 
 TEST_F(PortalCapture, LeavesNoPictureBehind) {
-  QImage image(40, 30, QImage::Format_RGB32);
-  image.fill(Qt::red);
-  ASSERT_TRUE(image.save(file()));
+  ASSERT_TRUE(plainPicture(40, 30, Qt::red).save(file()));
   EXPECT_EQ(take().image.pixelColor(3, 3), QColor(Qt::red));
   EXPECT_FALSE(QFile::exists(file()));
   // There is none any more.

@@ -3,11 +3,12 @@
 #include <QTest>
 
 #include "app/base/StoredValue.h"
+#include "core/clipboard/Capture.h"
 #include "tests/app/tools/ToolsDesk.h"
 
 namespace ambrel {
 
-class ToolModelsTests : public QObject {
+class ToolsTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -170,9 +171,110 @@ class ToolModelsTests : public QObject {
     translator.translate();
     QVERIFY(translator.face().problem.startsWith(QStringLiteral("The text is too long")));
   }
+
+  void readsTheClipboardOnceAndOnlyWhileATileIsSeen() {
+    ToolsDesk desk;
+    desk.copied("abc");
+    desk.show({DockWidget::hash, DockWidget::textCounter}, false);
+    desk.show({DockWidget::uuid}, true);
+    QCOMPARE(desk.reads, 0);
+    desk.show({DockWidget::hash, DockWidget::textCounter});
+    QCOMPARE(desk.reads, 1);
+    QCOMPARE(desk.tool("hash").face().value, QStringLiteral("ba7816bf"));
+    QCOMPARE(desk.tool("textCounter").face().value, QStringLiteral("3"));
+    desk.show({}, true);
+    desk.copied("other");
+    QCOMPARE(desk.reads, 1);
+    QCOMPARE(desk.tool("base64").face().value, QString());
+  }
+
+  void keepsThePanelsTextWhileOthersCopy() {
+    ToolsDesk desk;
+    desk.copied("first");
+    TextToolModel& tool = desk.tool("caseConverter");
+    desk.area.begin(&tool);
+    QCOMPARE(tool.face().output, QStringLiteral("FIRST"));
+    tool.setInput(QStringLiteral("typed"));
+    desk.copied("second");
+    QCOMPARE(tool.face().output, QStringLiteral("TYPED"));
+    tool.useClipboard();
+    QCOMPARE(tool.face().output, QStringLiteral("SECOND"));
+    tool.setInput(QStringLiteral("typed"));
+    tool.end();
+    desk.area.begin(&tool);
+    QCOMPARE(tool.face().input, QStringLiteral("second"));
+    // What was chosen is there at the next start.
+    tool.setChoice(1);
+    QCOMPARE(desk.defaults.integer("caseConverter.mode"), std::optional<std::int64_t>(1));
+    store(desk.defaults, "caseConverter.mode", 99);
+    tool.reload();
+    QCOMPARE(tool.choice(), 0);
+  }
+
+  void worksOnLongTextsElsewhereAndShowsTheirBeginning() {
+    ToolsDesk desk;
+    desk.show({DockWidget::jsonFormatter});
+    TextToolModel& tool = desk.tool("jsonFormatter");
+    desk.copied("[" + std::string(200000, '1') + "]");
+    QVERIFY(tool.face().isWorking);
+    // A click waits for what is being worked out.
+    QVERIFY(tool.act());
+    QVERIFY(desk.shell.copied.isEmpty());
+    desk.held.letGo();
+    QVERIFY(!tool.face().isWorking);
+    QCOMPARE(desk.shell.copied.value(0).size(), 200000 + 6);
+    QCOMPARE(tool.face().output.size(), mostShownText);
+    QCOMPARE(tool.face().outputNote, QStringLiteral("The beginning of 200 kB"));
+    // The answer to an older text comes too late.
+    desk.copied("[" + std::string(200000, '2') + "]");
+    desk.copied("[3]");
+    desk.held.letGo();
+    QCOMPARE(tool.face().output, QStringLiteral("[\n  3\n]"));
+  }
+
+  void givesEachSecretAndEachParagraphOnce() {
+    ToolsDesk desk;
+    desk.show({DockWidget::password, DockWidget::loremIpsum});
+    TextToolModel& tool = desk.tool("password");
+    const QString secret = tool.face().output;
+    QCOMPARE(secret.size(), 20);
+    QVERIFY(tool.act());
+    // Past the history, with the mark of a secret, and in no message.
+    QVERIFY(desk.shell.copied.isEmpty());
+    QCOMPARE(desk.written.size(), std::size_t(1));
+    QCOMPARE(desk.written[0].front().bytes, secret.toStdString());
+    QVERIFY(std::ranges::any_of(desk.written[0], [](const Representation& one) { return isPrivate({&one.type, 1}); }));
+    QVERIFY(tool.face().output != secret);
+    store(desk.defaults, "passwordLength", 33);
+    desk.area.defaultsChanged({"passwordLength"});
+    QCOMPARE(tool.face().output.size(), 33);
+
+    QVERIFY(desk.tool("loremIpsum").act());
+    QVERIFY(desk.tool("loremIpsum").act());
+    QVERIFY(desk.shell.copied.value(0) != desk.shell.copied.value(1));
+    QCOMPARE(desk.defaults.integer("loremIndex"), std::optional<std::int64_t>(2));
+  }
+
+  void takesWhatIsDroppedAndSaysWhatCannotBeUsed() {
+    ToolsDesk desk;
+    TextToolModel& tool = desk.tool("hash");
+    QVERIFY(!tool.act());
+    desk.area.begin(&tool);
+    desk.folder.write("file", "abc");
+    const QString folder = QString::fromStdString(std::string(desk.folder.path()));
+    tool.take({}, {QUrl(QStringLiteral("https://a.b/")), QUrl::fromLocalFile(folder + QStringLiteral("/file"))});
+    desk.held.letGo();
+    QVERIFY(tool.face().output.startsWith(QStringLiteral("ba7816bf")));
+    tool.take({}, {QUrl::fromLocalFile(folder)});
+    desk.held.letGo();
+    QCOMPARE(desk.shell.toasts, QStringList{QStringLiteral("Hash")});
+    QVERIFY(tool.face().output.startsWith(QStringLiteral("ba7816bf")));
+    tool.take(QStringLiteral("dragged"), {});
+    QCOMPARE(tool.face().input, QStringLiteral("dragged"));
+  }
 };
 
 }  // namespace ambrel
 
-QTEST_MAIN(ambrel::ToolModelsTests)
-#include "ToolModelsTests.moc"
+QTEST_MAIN(ambrel::ToolsTests)
+#include "ToolsTests.moc"
