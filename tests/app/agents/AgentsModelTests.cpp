@@ -108,14 +108,25 @@ class AgentsModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  void theFirstPollAnnouncesNothing() {
+    Fixture f;
+    f.poll({session("codex:a", finished)});
+    QCOMPARE(announced(f.notifications), QStringList());
+    QCOMPARE(f.finished, 0);
+    QCOMPARE(f.ids(), QStringList("codex:a"));
+  }
+
   void transitionsAreAnnounced() {
     Fixture f;
-    // The first poll announces nothing.
-    f.poll({session("codex:a", working), session("codex:b", working), session("codex:c", AgentStatus::finished)});
+    f.poll({session("codex:a", working), session("codex:b", working)});
     f.poll({session("codex:a", needsInput), session("codex:b", AgentStatus::finished)});
     QVERIFY(f.notifications.posted.front().sound);
     QCOMPARE(announced(f.notifications),
              QStringList({"codex:a: Codex needs you / web-shop", "codex:b: Codex finished / web-shop"}));
+    QCOMPARE(f.finished, 1);
+    // What was announced once is not announced again.
+    f.poll({session("codex:a", needsInput), session("codex:b", AgentStatus::finished)});
+    QCOMPARE(announced(f.notifications), QStringList());
     QCOMPARE(f.finished, 1);
   }
 
@@ -151,15 +162,32 @@ class AgentsModelTests : public QObject {
   void anEqualListIsNotPublishedAgain() {
     Fixture f;
     QSignalSpy published(&f.model, &AgentsModel::sessionsChanged);
+    QSignalSpy changed(f.model.rows(), &QAbstractItemModel::dataChanged),
+        inserted(f.model.rows(), &QAbstractItemModel::rowsInserted);
     f.poll({session("codex:a", working), session("codex:b", idle)});
     QCOMPARE(published.count(), 1);
     f.poll({session("codex:a", working), session("codex:b", idle)});
     QCOMPARE(published.count(), 1);
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(inserted.count(), 1);  // both rows at once
     // One detail is a difference.
     auto next = session("codex:a", working);
     next.detail = "Bash";
     f.poll({next, session("codex:b", idle)});
     QCOMPARE(published.count(), 2);
+    QCOMPARE(changed.count(), 1);
+  }
+
+  void switchedOffTheListIsEmpty() {
+    Fixture f;
+    f.poll({session("codex:a", working)});
+    f.settings.set(setting::agentsEnabled, false);
+    f.model.refresh();
+    QCOMPARE(f.held.waiting.size(), 0u);
+    QCOMPARE(f.ids(), QStringList());
+    QCOMPARE(f.model.face().count, 0);
+    QCOMPARE(f.model.face().working, 0);
+    QCOMPARE(f.desk.reads, 1);
   }
 
   void switchedOffDuringAPollItsResultIsDropped() {
@@ -169,11 +197,9 @@ class AgentsModelTests : public QObject {
     f.model.refresh();
     f.settings.set(setting::agentsEnabled, false);
     f.model.refresh();
-    QCOMPARE(f.held.waiting.size(), 1u);
     QCOMPARE(f.ids(), QStringList());
     f.held.letGo();
     QCOMPARE(f.ids(), QStringList());
-    QCOMPARE(f.model.face().count, 0);
     QCOMPARE(announced(f.notifications), QStringList());
     // The poll that was dropped is over: the next one starts.
     f.settings.set(setting::agentsEnabled, true);
@@ -197,12 +223,16 @@ class AgentsModelTests : public QObject {
                                              session("codex:hours", working, 8000)};
     f.poll(sessions);
     QCOMPARE(f.shown(0, "age"), QString("2m ago"));
+    const QString hours = f.shown(1, "age");
     QSignalSpy published(&f.model, &AgentsModel::sessionsChanged);
     QSignalSpy changed(f.model.rows(), &QAbstractItemModel::dataChanged);
     f.now = advanced(start, Seconds(60));
     f.poll(sessions);
     QCOMPARE(f.shown(0, "age"), QString("3m ago"));
+    QCOMPARE(f.shown(1, "age"), hours);
     QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.at(0).at(0).value<QModelIndex>().row(), 0);
+    QCOMPARE(changed.at(0).at(1).value<QModelIndex>().row(), 0);
     QCOMPARE(published.count(), 0);
   }
 

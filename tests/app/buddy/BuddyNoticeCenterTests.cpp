@@ -62,12 +62,16 @@ class BuddyNoticeCenterTests : public QObject {
 
   void neverSilencesWhatWaitsToo() {
     BuddyRoom room;
+    room.isFocusRunning = true;
     room.poll({codex(needsInput, "codex:a"), codex(needsInput, "codex:b")});
     room.tick();
     QCOMPARE(room.center->bubbleMore(), 1);
     room.settings->set(setting::buddyLevel, BuddyLevel::off);
     QVERIFY(!room.center->hasBubble());
-    QCOMPARE(room.inbox().size(), 2);
+    room.isFocusRunning = false;
+    room.pass(60);
+    QVERIFY(!room.center->hasBubble());
+    QCOMPARE(room.inbox(), (QStringList{QStringLiteral("Codex needs you"), QStringLiteral("Codex needs you")}));
   }
 
   void theBubbleWaitsForOtherPanels() {
@@ -113,11 +117,13 @@ class BuddyNoticeCenterTests : public QObject {
     room.pass(60);
     room.poll({codex(working), claude(needsInput)});
     room.pass(60);
+    const Instant start = parseISO8601("2026-11-21T09:41:00Z").value();
     room.center->closeBubble();
     room.workspace.bringToFront({"com.openai.codex"});
     QCOMPARE(room.bubble(), QStringLiteral("While you were away"));
     QCOMPARE(room.center->bubbleText().detail, QStringLiteral("Claude Code: Waiting for you"));
     QCOMPARE(room.center->bubbleText().actions, QStringList{QStringLiteral("Open")});
+    QVERIFY(room.center->speech().digestSince == start);
     QCOMPARE(room.center->inbox().digestSince, QStringLiteral("09:41"));
     QCOMPARE(room.center->inbox().digest,
              (QVariantList{QVariantMap{{QStringLiteral("title"), QStringLiteral("Claude Code in report-tool")},

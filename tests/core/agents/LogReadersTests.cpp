@@ -106,9 +106,14 @@ TEST(ClaudeCodeReader, GivesOneSessionForEachRecentLogDirectlyInAProject) {
 
   const auto sessions = ClaudeCodeReader().sessions(home.path(), noon);
   ASSERT_THAT(sessions, SizeIs(1));
-  EXPECT_EQ(sessions[0].id, "claude:0b54c9de");
-  EXPECT_EQ(sessions[0].title, "tilebay");
-  EXPECT_EQ(sessions[0].updatedAt, noon);
+  const AgentSession expected{.id = "claude:0b54c9de",
+                              .kind = AgentKind::claudeCode,
+                              .title = "tilebay",
+                              .project = "tilebay",
+                              .detail = "Done",
+                              .status = AgentStatus::finished,
+                              .updatedAt = noon};
+  EXPECT_EQ(sessions[0], expected);
 }
 
 TEST(CodexReader, WalksTheFoldersOfDays) {
@@ -121,9 +126,14 @@ TEST(CodexReader, WalksTheFoldersOfDays) {
 
   const auto sessions = CodexReader().sessions(home.path(), noon);
   ASSERT_THAT(sessions, SizeIs(1));
-  EXPECT_EQ(sessions[0].id, "codex:rollout-2026-11-21T11-00-00-019ab3c1");
-  EXPECT_EQ(sessions[0].project, "weather");
-  EXPECT_EQ(sessions[0].updatedAt, noon);
+  const AgentSession expected{.id = "codex:rollout-2026-11-21T11-00-00-019ab3c1",
+                              .kind = AgentKind::codex,
+                              .title = "weather",
+                              .project = "weather",
+                              .detail = "Done",
+                              .status = AgentStatus::finished,
+                              .updatedAt = noon};
+  EXPECT_EQ(sessions[0], expected);
 }
 
 TEST(ClaudeCodeReader, LooksForATitleInItsTailAlone) {
@@ -182,14 +192,24 @@ TEST(LogReaders, AgeASessionWithoutParsingItsFileAgain) {
     std::ofstream(file) << "no log";
     TemporaryFolder::setModified(file, noon);
   }
-  // And a clock may go back.
-  for (const auto& [since, isIdle] : {std::pair{601.0, true}, {60.0, false}})
-    for (const auto& session : reader.sessions(home.path(), advanced(noon, Seconds(since)))) {
+  const struct {
+    double since;
+    AgentStatus working, finished;
+  } cases[] = {
+      {600, AgentStatus::working, AgentStatus::finished}, {600.001, AgentStatus::idle, AgentStatus::finished},
+      {7200, AgentStatus::idle, AgentStatus::finished},   {7200.001, AgentStatus::idle, AgentStatus::idle},
+      {21599, AgentStatus::idle, AgentStatus::idle},      {60, AgentStatus::working, AgentStatus::finished},
+  };
+  for (const auto& each : cases) {
+    const auto sessions = reader.sessions(home.path(), advanced(noon, Seconds(each.since)));
+    ASSERT_THAT(sessions, SizeIs(2));
+    for (const auto& session : sessions) {
       const bool isWorking = session.id == "claude:0b54c9de";
-      EXPECT_EQ(session.status, !isWorking ? AgentStatus::finished : isIdle ? AgentStatus::idle : AgentStatus::working);
+      EXPECT_EQ(session.status, isWorking ? each.working : each.finished) << each.since;
       EXPECT_EQ(session.detail, isWorking ? "Thinking" : "Done");
+      EXPECT_EQ(session.updatedAt, noon);
     }
-  EXPECT_THAT(reader.sessions(home.path(), advanced(noon, Seconds(21599))), SizeIs(2));
+  }
   EXPECT_THAT(reader.sessions(home.path(), advanced(noon, Seconds(21600))), IsEmpty());
   // Out of the window it was forgotten.
   EXPECT_THAT(reader.sessions(home.path(), noon), IsEmpty());
