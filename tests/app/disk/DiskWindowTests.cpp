@@ -145,6 +145,23 @@ class DiskWindowTests : public QObject {
     QVERIFY(texts > 4);
   }
 
+  void largeTextsOfARowDoNotMeet() {
+    Room room;
+    themeOf(room.engine).setTextScale(1.5);
+    QVERIFY(room.open());
+    bring(room, "chosen");
+    room.window().grabWindow();
+    QStringList found;
+    int rows = 0;
+    visitShown(room.root(), [&](QQuickItem* item) {
+      if (!item->property("amountInset").isValid()) return;
+      ++rows;
+      found << collisionsOf(item);
+    });
+    QVERIFY(rows > 4);
+    QCOMPARE(found, QStringList());
+  }
+
   void itGivesTheBarItsKeyboardBack() {
     Room room;
     int givenBack = 0;
