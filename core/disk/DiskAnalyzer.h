@@ -10,7 +10,6 @@
 
 #include "core/base/Calendar.h"
 #include "core/disk/DiskScanner.h"
-#include "core/disk/Exclusions.h"
 #include "core/disk/Findings.h"
 
 namespace ambrel {

@@ -8,6 +8,7 @@
 
 #include "core/base/Files.h"
 #include "core/disk/DiskItem.h"
+#include "core/disk/Exclusions.h"
 
 namespace ambrel {
 
@@ -46,7 +47,7 @@ struct DiskScanWatch {
 
 struct DiskScanner {
   // Further paths that are not entered, compared like the fixed ones.
-  std::set<std::string, std::less<>> excluded = {};
+  ExcludedFolders excluded = {};
   // Children below this size fold into one `smallItems` node for each folder.
   std::int64_t minItemSize = 0;
 
