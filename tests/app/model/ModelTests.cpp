@@ -39,7 +39,7 @@ struct Fixture {
 
 }  // namespace
 
-class AppModelTests : public QObject {
+class ModelTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -452,5 +452,5 @@ class AppModelTests : public QObject {
 
 }  // namespace ambrel
 
-QTEST_GUILESS_MAIN(ambrel::AppModelTests)
-#include "AppModelTests.moc"
+QTEST_GUILESS_MAIN(ambrel::ModelTests)
+#include "ModelTests.moc"
