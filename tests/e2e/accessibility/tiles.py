@@ -64,7 +64,14 @@ def look_into(window, widget):
     found.extend(f"{widget}: {fault}" for fault in faults(window))
 
 
+def takes_keys(window):
+    """Whether the X server sends keys to it: a window that is shown again is focused for Qt a moment earlier."""
+    title = subprocess.check_output(["xdotool", "getwindowfocus", "getwindowname"], text=True)
+    return window.name.endswith(title.removesuffix(" — Tilebay\n"))
+
+
 def close(window, whose):
+    wait_for(f"keys for the window of {whose}", lambda: takes_keys(window))
     subprocess.run(["xdotool", "key", "Escape"], check=True)
     if whose == "screenNotes":
         press(see(pyatspi.ROLE_PUSH_BUTTON, "Close the review"))
