@@ -22,6 +22,12 @@
 namespace ambrel {
 namespace {
 
+// Becomes a new run of the program.
+void startAgain(const Surroundings& surroundings, const char* argument) {
+  execl(surroundings.program.c_str(), "tilebay", argument, nullptr);
+  logLine("cannot start " + surroundings.program.string() + " again");
+}
+
 // Deletes what the user keeps here no longer, and becomes a new run of the program that knows nothing of it.
 void startWithout(const std::string& data, const Surroundings& surroundings) {
   const PersonalPlaces places{.data = surroundings.dataFolder,
@@ -30,8 +36,7 @@ void startWithout(const std::string& data, const Surroundings& surroundings) {
   for (const auto& left : deleteFiles(filesOf(data, places))) logLine("cannot delete " + left.string());
   // Without anything the guide comes.
   const bool isFirstRun = data.empty();
-  execl(surroundings.program.c_str(), "tilebay", isFirstRun ? nullptr : "--settings", nullptr);
-  logLine("cannot start " + surroundings.program.string() + " again");
+  startAgain(surroundings, isFirstRun ? nullptr : "--settings");
 }
 
 }  // namespace
@@ -84,6 +89,8 @@ int main(int argc, char** argv) {
   if (!environment.choosesPlatform) set("QT_QPA_PLATFORM", isNative ? "wayland;xcb" : "xcb");
   // Where a window is, is what we say.
   choose("QT_WAYLAND_DISABLE_FIXED_POSITIONS", "1");
+  // KWin starts again after a crash, and so do we.
+  choose("QT_WAYLAND_RECONNECT", "1");
   // What changes at rest is a few kilobytes of pixels. Through the socket they cost less than shared memory, of which
   // each frame asks the server whether it is free again.
   choose("QT_XCB_NO_MITSHM", "1");
@@ -120,6 +127,12 @@ int main(int argc, char** argv) {
   surroundings.program = program;
   surroundings.licenceKey = licenceKey();
   surroundings.tool = tool;
+  whenCompositorEnds([&] {
+    // The next run takes its place. What the user keeps is written already.
+    session.reset();
+    if (waitForWaylandWindows(environment.waylandDisplay)) startAgain(surroundings, nullptr);
+    _exit(1);
+  });
   LinuxDesktop desktop(QApplication::platformName() == QLatin1String("xcb") ? environment.display : std::string(),
                        surroundings.dataFolder.parent_path(), surroundings.calendar, environment.zoneFile);
   const QuitSignals signals([] { QCoreApplication::exit(); });

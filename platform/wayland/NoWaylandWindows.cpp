@@ -7,6 +7,8 @@ namespace ambrel {
 
 bool canHaveWaylandWindows(const std::string&) { return false; }
 std::optional<WaylandWindows> openWaylandWindows() { return std::nullopt; }
+void whenCompositorEnds(std::function<void()>) {}
+bool waitForWaylandWindows(const std::string&) { return false; }
 
 class IdleInhibitor::Held {};
 IdleInhibitor::IdleInhibitor(std::string display) : display_(std::move(display)) {}

@@ -2,6 +2,7 @@
 // The bar's windows in a Wayland session, where the compositor lets programs put them at the edges of a screen
 // (wlr-layer-shell): KWin, sway, labwc, Hyprland, COSMIC and others, but not GNOME's.
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,5 +24,13 @@ struct WaylandWindows {
 bool canHaveWaylandWindows(const std::string& display);
 // Null where the toolkit runs on another platform.
 std::optional<WaylandWindows> openWaylandWindows();
+
+// Calls `act` when the compositor has ended, or has closed the toolkit's connection. Nothing of the toolkit's is to be
+// used from then on: `act` ends the program, or makes a new run of it. Only with QT_WAYLAND_RECONNECT set when the
+// toolkit starts, which ends the process at once otherwise.
+void whenCompositorEnds(std::function<void()> act);
+// Waits until a compositor at `display` answers that can have the windows; false when nobody listens there, or none
+// answers within ten seconds.
+bool waitForWaylandWindows(const std::string& display);
 
 }  // namespace ambrel

@@ -95,7 +95,8 @@ vd_start_compositor() {
       # In a window that fills an X server: it has nothing of its own that would show its screen or take keys.
       vd_start_server || return
       export VIRTUAL_DESKTOP_HOST=$DISPLAY
-      command+=(--x11-display "$DISPLAY" --width "$vd_width" --height "$vd_height" --socket wayland-0 --no-lockscreen)
+      # As a session has it, which starts it again after a crash.
+      command=(kwin_wayland_wrapper --x11-display "$DISPLAY" --width "$vd_width" --height "$vd_height" --socket wayland-0 --no-lockscreen)
       # It would report to a test that plays the accessibility bus, and wait for its answers.
       command=(env AT_SPI_BUS_ADDRESS=disabled: "${command[@]}")
       # It wants the bus, which lets nobody else in.
@@ -109,6 +110,7 @@ vd_start_compositor() {
   fi
   vd_spawn compositor env -u DISPLAY -u WAYLAND_DISPLAY HOME="$folder" XDG_RUNTIME_DIR="$folder" WLR_BACKENDS=headless \
     WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman "${as[@]}" "${command[@]}"
+  export VIRTUAL_DESKTOP_COMPOSITOR_PID=${vd_pids[-1]}
   vd_wait 10 vd_has_socket "$folder" || { vd_fail "$1 did not start: $(tail -n 1 "$vd_folder/compositor.log")"; return 1; }
   # The toolkit of a test has no windows of its own here.
   export WAYLAND_DISPLAY XDG_SESSION_TYPE=wayland QT_QPA_PLATFORM=offscreen

@@ -232,6 +232,20 @@ TEST_F(BarOnWayland, SettingsAsksAgainForRefusedKeysAndChangesThem) {
   quit();
 }
 
+TEST_F(BarOnWayland, ComesBackWithTheCompositor) {
+  ASSERT_NO_FATAL_FAILURE(start({"water"}));
+  set("barAlwaysVisible", "true");
+  ASSERT_TRUE(comesTo(Qt::BottomEdge)) << place() << said();
+  ASSERT_EQ(run("pkill", {"-KILL", "-P", qEnvironmentVariable("VIRTUAL_DESKTOP_COMPOSITOR_PID")}).status, 0);
+  ASSERT_TRUE(leaves()) << place();
+  EXPECT_TRUE(comesTo(Qt::BottomEdge)) << place() << said();
+  wish("--settings");
+  EXPECT_TRUE(waitFor([&] { return !activeWindow().isEmpty(); })) << said();
+  wish("--quit");
+  EXPECT_TRUE(waitFor([&] { return !lives(); }));
+  EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit) << said();
+}
+
 TEST_F(BarOnWayland, GoesToTheScreenThatIsLeft) {
   const auto tell = [](const char* command) { EXPECT_EQ(run("swaymsg", {command}).status, 0) << command; };
   const QString second = "HEADLESS-2";
