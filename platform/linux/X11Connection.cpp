@@ -1,7 +1,10 @@
 #include "platform/linux/X11Connection.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSocketNotifier>
 #include <cstring>
+#include <string_view>
 
 namespace ambrel {
 namespace {
@@ -45,6 +48,19 @@ X11Connection::X11Connection(xcb_connection_t* connection, int screenNumber)
 X11Connection::~X11Connection() {
   delete notifier_;
   xcb_disconnect(connection_);
+}
+
+bool X11Connection::isGuestOfWayland() {
+  if (isGuest_) return *isGuest_;
+  constexpr std::string_view name = "XWAYLAND";
+  const XcbPtr<xcb_query_extension_reply_t> reply(
+      xcb_query_extension_reply(connection_, xcb_query_extension(connection_, name.size(), name.data()), nullptr));
+  repliesWereRead();
+  // Servers before 23.1 have no extension to say so; their outputs have its name.
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  isGuest_ =
+      (reply && reply->present) || (screen && screen->name().startsWith(QLatin1String(name.data(), name.size())));
+  return *isGuest_;
 }
 
 xcb_atom_t X11Connection::atom(const char* name) {

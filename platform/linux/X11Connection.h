@@ -66,6 +66,10 @@ class X11Connection : public QObject {
   // XCB_WINDOW_NONE.
   xcb_window_t focused();
 
+  // Whether the server has its windows in a Wayland session (XWayland): of the pointer and the keyboard it knows no more
+  // than what goes on in these.
+  bool isGuestOfWayland();
+
   // The server's present time, by a round trip.
   xcb_timestamp_t serverTime();
 
@@ -90,6 +94,7 @@ class X11Connection : public QObject {
   xcb_connection_t* connection_;
   xcb_screen_t* screen_ = nullptr;
   int screenNumber_;
+  std::optional<bool> isGuest_;
   std::uint32_t rootMask_ = 0;
   xcb_window_t helperWindow_ = XCB_WINDOW_NONE;
   QSocketNotifier* notifier_ = nullptr;

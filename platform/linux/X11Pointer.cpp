@@ -3,7 +3,6 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
-#include <string_view>
 #include <utility>
 #include <xcb/xinput.h>
 
@@ -24,17 +23,6 @@ std::uint8_t rawMotionExtension(X11Connection& connection) {
   return version && version->major_version >= 2 ? extension->major_opcode : std::uint8_t{0};
 }
 
-// Servers before 23.1 have no extension to say so; their outputs have its name.
-bool isGuestOfWayland(X11Connection& connection) {
-  constexpr std::string_view name = "XWAYLAND";
-  const XcbPtr<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(
-      connection.xcb(), xcb_query_extension(connection.xcb(), name.size(), name.data()), nullptr));
-  connection.repliesWereRead();
-  if (reply && reply->present) return true;
-  const QScreen* const screen = QGuiApplication::primaryScreen();
-  return screen && screen->name().startsWith(QLatin1String(name.data(), name.size()));
-}
-
 double mainHeight() {
   const QRect frame = QGuiApplication::primaryScreen()->geometry();
   return frame.y() + frame.height();
@@ -48,7 +36,7 @@ X11Pointer::X11Pointer(X11Connection* connection) : connection_(connection) {
   if (!connection_) return;
   extension_ = rawMotionExtension(*connection_);
   if (extension_ == 0) return;
-  isGuest_ = isGuestOfWayland(*connection_);
+  isGuest_ = connection_->isGuestOfWayland();
   watch_ = connection_->watch([this](const xcb_generic_event_t& event) {
     if ((event.response_type & 0x7f) != XCB_GE_GENERIC) return;
     const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);

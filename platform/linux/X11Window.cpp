@@ -348,8 +348,10 @@ void X11Window::awaitFocus(int attempt, int turn, std::function<void()> otherwis
 }
 
 // When the window that had the keyboard before has gone, the window manager gives it to nobody, and may do so only when
-// this one has got it. The toolkit waits a moment before it says that a window has lost it.
+// this one has got it. The toolkit waits a moment before it says that a window has lost it. In a Wayland session nobody
+// has it here while a window of Wayland has it.
 void X11Window::keyboardLost() {
+  if (connection_->isGuestOfWayland()) return;
   if (!sinceKeyboard_.isValid() || sinceKeyboard_.hasExpired(lateAnswers) || !takesKeys_ || !window_.isVisible())
     return;
   xcb_connection_t* xcb = connection_->xcb();
@@ -387,6 +389,10 @@ void X11Window::giveBack() {
   done_ = nullptr;
   const xcb_window_t to = std::exchange(previousFocus_, xcb_window_t{XCB_WINDOW_NONE});
   if (to == XCB_WINDOW_NONE || !canAsk()) return;
+  if (connection_->isGuestOfWayland() && isNobody(to)) {
+    leaveToCompositor();
+    return;
+  }
   // Or to whatever is under the pointer, as without a window manager.
   if (to != XCB_INPUT_FOCUS_POINTER_ROOT && !isViewable(to)) return;
   xcb_set_input_focus(connection_->xcb(), XCB_INPUT_FOCUS_POINTER_ROOT, to, connection_->serverTime());
@@ -394,6 +400,15 @@ void X11Window::giveBack() {
   // is earlier than this, so they get an event.
   xcb_change_property(connection_->xcb(), XCB_PROP_MODE_APPEND, connection_->root(), connection_->atom("AMBREL_TIME"),
                       XCB_ATOM_STRING, 8, 0, nullptr);
+  connection_->flush();
+}
+
+// A window of Wayland had the keyboard, whose name X11 does not know. The compositor gives it back when ours goes.
+void X11Window::leaveToCompositor() {
+  if (!window_.isVisible() || focused() != id()) return;
+  xcb_unmap_window(connection_->xcb(), id());
+  writeUserTime(0);
+  xcb_map_window(connection_->xcb(), id());
   connection_->flush();
 }
 

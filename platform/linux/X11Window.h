@@ -70,6 +70,7 @@ class X11Window : public QObject {
   void finish(bool isActive);
   void keyboardLost();
   bool isNobody(xcb_window_t window) const;
+  void leaveToCompositor();
   void later(int milliseconds, int attempt, std::function<void()> step);
 
   QWindow& window_;
