@@ -14,8 +14,8 @@
 #   --wm NAME                 the window manager: openbox (the usual one), xfwm4, marco, mutter, kwin_x11, i3, awesome or
 #                             bspwm
 #   --no-wm                   without a window manager
-#   --wayland NAME            a Wayland compositor in the place of the X server and its window manager: sway, labwc or
-#                             kwin_wayland
+#   --wayland NAME            a Wayland compositor in the place of the X server and its window manager: sway, labwc,
+#                             kwin_wayland, or mutter with its XWayland
 #   --wallpaper COLOR[,COLOR] the root window's colour, or a gradient of two
 #   --activation              D-Bus may start services by their names (not for tests: it would start what is installed)
 
@@ -97,6 +97,15 @@ vd_start_compositor() {
       export VIRTUAL_DESKTOP_HOST=$DISPLAY
       # As a session has it, which starts it again after a crash.
       command=(kwin_wayland_wrapper --x11-display "$DISPLAY" --width "$vd_width" --height "$vd_height" --socket wayland-0 --no-lockscreen)
+      ;;
+    mutter)
+      # It makes this one as its umask wants, and then does not want it.
+      mkdir -m 1777 -p /tmp/.X11-unix
+      command+=(--headless --wayland --virtual-monitor "${vd_width}x$vd_height")
+      ;;
+  esac
+  case "$1" in
+    kwin_wayland|mutter)
       # It would report to a test that plays the accessibility bus, and wait for its answers.
       command=(env AT_SPI_BUS_ADDRESS=disabled: "${command[@]}")
       # It wants the bus, which lets nobody else in.
@@ -109,13 +118,19 @@ vd_start_compositor() {
     chmod 711 "$vd_folder"
   fi
   vd_spawn compositor env -u DISPLAY -u WAYLAND_DISPLAY HOME="$folder" XDG_RUNTIME_DIR="$folder" WLR_BACKENDS=headless \
-    WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman "${as[@]}" "${command[@]}"
+    WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman GSETTINGS_BACKEND=memory "${as[@]}" "${command[@]}"
   export VIRTUAL_DESKTOP_COMPOSITOR_PID=${vd_pids[-1]}
   vd_wait 10 vd_has_socket "$folder" || { vd_fail "$1 did not start: $(tail -n 1 "$vd_folder/compositor.log")"; return 1; }
   # The toolkit of a test has no windows of its own here.
   export WAYLAND_DISPLAY XDG_SESSION_TYPE=wayland QT_QPA_PLATFORM=offscreen
   WAYLAND_DISPLAY=$(vd_socket "$folder")
   unset DISPLAY
+  if [ "$1" = mutter ]; then
+    vd_wait 10 grep -q 'public X11 display' "$vd_folder/compositor.log" || { vd_fail "mutter has no XWayland"; return 1; }
+    DISPLAY=$(sed -n 's/.*public X11 display \(:[0-9]*\).*/\1/p' "$vd_folder/compositor.log")
+    XAUTHORITY=$(find "$folder" -name '.mutter-Xwaylandauth*')
+    export DISPLAY XAUTHORITY
+  fi
 }
 vd_socket() { find "$1" -name 'wayland-*' -type s | head -n 1; }
 vd_has_socket() { [ -n "$(vd_socket "$1")" ]; }

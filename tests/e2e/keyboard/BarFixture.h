@@ -98,12 +98,13 @@ class BarFixture : public testing::Test {
     wish("--quit");
     EXPECT_TRUE(waitFor([&] { return !lives(); }));
     EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(said(), "");
+    EXPECT_EQ(said(), expected_);
   }
 
   TemporaryFolder folder_;
   ScreenReader reader_;
   QProcess program_;
+  std::string expected_;  // of what it says
 
  private:
   QByteArray output_;

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <map>
 
-#include "core/base/Files.h"
 #include "tests/e2e/keyboard/BarFixture.h"
+#include "tests/e2e/wayland/Terminal.h"
 #include "tests/e2e/wayland/VirtualInput.h"
 #include "tests/fakes/FakeKeyPortal.h"
 
@@ -175,14 +175,9 @@ TEST_F(BarOnWayland, ThePointerAtTheUpperEdgeBringsTheShelf) {
 
 TEST_F(BarOnWayland, KeysReachTheTilesAndAreGivenBack) {
   ASSERT_NO_FATAL_FAILURE(start({"water", "pomodoro"}));
-  const auto file = folder_ / "typed";
-  const Client terminal("foot", {"--config=/dev/null", "sh", "-c", "stty -icanon -echo min 1; exec cat >\"$0\"",
-                                 QString::fromStdString(file.string())});
+  const Terminal terminal(folder_ / "typed");
   const auto hasKeyboard = [&](char letter) {
-    return waitFor([&] {
-      input_.type(QString(QLatin1Char(letter)));
-      return readFile(file).value_or("").find(letter) != std::string::npos;
-    });
+    return terminal.hears(letter, [&](char one) { input_.type(QString(QLatin1Char(one))); });
   };
   ASSERT_TRUE(hasKeyboard('a'));
   wish("--reveal");
