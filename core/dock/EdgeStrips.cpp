@@ -18,7 +18,9 @@ Rect revealStrip(const Rect& bar, const Rect& screen, DockEdge edge) {
 
 Rect shelfStrip(const ScreenFrames& screen) {
   const double length = screen.frame.width * EdgeDwell::share;
-  return {screen.frame.midX() - length / 2, screen.visibleFrame.maxY() - 1, length, 1};
+  const double upper = screen.visibleFrame.maxY();
+  const double depth = upper < screen.frame.maxY() ? EdgeDwell::depthBelowPanel : 1;
+  return {screen.frame.midX() - length / 2, upper - depth, length, depth};
 }
 
 }  // namespace ambrel

@@ -66,8 +66,8 @@ class X11Connection : public QObject {
   // XCB_WINDOW_NONE.
   xcb_window_t focused();
 
-  // Whether the server has its windows in a Wayland session (XWayland): of the pointer and the keyboard it knows no more
-  // than what goes on in these.
+  // Whether the server has its windows in a Wayland session (XWayland): of the pointer and the keyboard it knows no
+  // more than what goes on in these.
   bool isGuestOfWayland();
 
   // The server's present time, by a round trip.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/dock/EdgeDwell.h"
+#include "core/dock/EdgeStrips.h"
 
 namespace ambrel {
 namespace {
@@ -33,6 +34,9 @@ TEST(EdgeDwell, AnotherProgramsPanelKeepsItsEdge) {
   EXPECT_TRUE(asks(Point{800, 868}, 0.5, below));
   EXPECT_FALSE(asks(Point{800, 868}, 0.49, below));
   EXPECT_TRUE(asks(Point{800, 900}, 1, {{{0, 0, 1600, 900}, {0, 40, 1600, 860}}}));
+  // Where windows tell of the pointer, they are all of the place.
+  EXPECT_EQ(shelfStrip(below.front()), (Rect{600, 866, 400, 4}));
+  EXPECT_EQ(shelfStrip(plain), (Rect{600, 899, 400, 1}));
 }
 
 TEST(EdgeDwell, ItAsksOncePerVisit) {
