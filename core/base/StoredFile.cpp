@@ -109,7 +109,8 @@ FolderTurn::FolderTurn(const std::filesystem::path& folder)
   }
 }
 
-std::optional<std::filesystem::path> setAside(const std::filesystem::path& path, std::string_view suffix) {
+std::optional<std::filesystem::path> setAside(const std::filesystem::path& file, std::string_view suffix) {
+  const std::filesystem::path path = fileStatus(file) ? linkTarget(file) : file;
   for (int number = 1;; ++number) {
     auto kept = path;
     kept += suffix;

@@ -159,6 +159,12 @@ TEST_F(Defaults, ALinkStaysALink) {
   defaults.set("b", DefaultsValue{true});
   EXPECT_TRUE(std::filesystem::is_symlink(file_));
   EXPECT_EQ(UserDefaults(folder_ / "dotfiles/defaults.json").all().size(), 2u);
+  // Damaged, the file is set aside, and the link stays.
+  folder_.write("dotfiles/defaults.json", "{");
+  defaults.set("c", DefaultsValue{true});
+  EXPECT_TRUE(std::filesystem::is_symlink(file_));
+  EXPECT_EQ(readFile(folder_ / "dotfiles/defaults.json.unreadable"), "{");
+  EXPECT_EQ(UserDefaults(folder_ / "dotfiles/defaults.json").all().size(), 3u);
 }
 
 TEST_F(Defaults, KeysOfOtherVersionsStay) {
