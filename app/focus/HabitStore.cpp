@@ -24,7 +24,11 @@ std::vector<HabitRow> rowsOf(const std::vector<Habit>& habits, const Calendar& c
 }  // namespace
 
 HabitStore::HabitStore(std::filesystem::path file, FocusSeams seams, QObject* parent)
-    : FocusModel(std::move(seams), parent), file_(std::move(file)) {
+    : FocusModel(std::move(seams), parent),
+      file_(std::move(file)),
+      write_(tr("The habits are not saved"),
+             "cannot save habits: ", [this] { JSONFileStore<HabitList>{file_}.save({items_}); }) {
+  connect(&write_, &PatientWrite::problemFound, this, &HabitStore::problemFound);
   try {
     if (auto stored = JSONFileStore<HabitList>{file_}.load()) items_ = std::move(stored->items);
   } catch (const std::exception& error) {
@@ -35,9 +39,13 @@ HabitStore::HabitStore(std::filesystem::path file, FocusSeams seams, QObject* pa
 }
 
 // The next save would replace it.
-void HabitStore::keepUnreadable() const {
+void HabitStore::keepUnreadable() {
   try {
-    if (const auto kept = setAside(file_, ".unreadable")) logLine("the file is kept as " + kept->string());
+    const auto kept = setAside(file_, ".unreadable");
+    if (!kept) return;
+    logLine("the file is kept as " + kept->string());
+    write_.tell(tr("The habits could not be read"),
+                tr("The file is kept as %1").arg(toQString(kept->filename().string())));
   } catch (const FileError& error) {
     logLine(error.what());
   }
@@ -65,11 +73,7 @@ void HabitStore::toggleToday(const QString& id) {
 }
 
 void HabitStore::save() {
-  try {
-    JSONFileStore<HabitList>{file_}.save({items_});
-  } catch (const std::exception& error) {
-    logLine(std::string("cannot save habits: ") + error.what());
-  }
+  write_.now();
   update();
 }
 

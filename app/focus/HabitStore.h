@@ -4,6 +4,7 @@
 
 #include "app/base/Face.h"
 #include "app/base/GadgetListModel.h"
+#include "app/base/PatientWrite.h"
 #include "app/focus/FocusModel.h"
 
 namespace ambrel {
@@ -31,6 +32,7 @@ class HabitStore : public ambrel::FocusModel {
 
  public:
   HabitStore(std::filesystem::path file, FocusSeams seams, QObject* parent = nullptr);
+  ~HabitStore() override { write_.end(); }
 
   const std::vector<Habit>& items() const { return items_; }
   RowList* rows() { return &rows_; }
@@ -41,15 +43,19 @@ class HabitStore : public ambrel::FocusModel {
   Q_INVOKABLE void remove(const QString& id);
   Q_INVOKABLE void toggleToday(const QString& id);
 
+ Q_SIGNALS:
+  void problemFound(const QString& title, const QString& detail);
+
  private:
   void save();
-  void keepUnreadable() const;
+  void keepUnreadable();
   bool renewFace(Instant now) override;
 
   std::filesystem::path file_;
   std::vector<Habit> items_;
   GadgetListModel<HabitRow> rows_;
   HabitsFace face_;
+  PatientWrite write_;
 };
 
 }  // namespace ambrel

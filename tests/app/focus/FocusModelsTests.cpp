@@ -294,6 +294,20 @@ class FocusModelsTests : public QObject {
     QCOMPARE(HabitStore(file, room.seams()).face().count, 1);
   }
 
+  void aHabitThatCannotBeWrittenIsKeptUntilItCan() {
+    FocusRoom room;
+    const auto folder = room.folder.write("Ambrel", "in the way");
+    {
+      HabitStore store(folder / "habits.json", room.seams());
+      QSignalSpy told(&store, &HabitStore::problemFound);
+      QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: cannot save habits: ")));
+      QVERIFY(store.add(QStringLiteral("Read")));
+      QTRY_COMPARE(told.count(), 1);
+      std::filesystem::remove(folder);
+    }
+    QCOMPARE(HabitStore(folder / "habits.json", room.seams()).face().count, 1);
+  }
+
   // Damaged, and a link to what is not mounted.
   void aHabitFileThatCannotBeReadIsKept() {
     for (const bool isLink : {false, true}) {
