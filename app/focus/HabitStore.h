@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "app/base/Face.h"
+#include "app/base/FollowedFile.h"
 #include "app/base/GadgetListModel.h"
 #include "app/base/PatientWrite.h"
 #include "app/focus/FocusModel.h"
@@ -22,7 +23,7 @@ struct HabitRow {
   bool operator==(const HabitRow&) const = default;
 };
 
-// The habits, kept in a file of their own.
+// The habits, kept in a file of their own. What others write into it is taken over, and read before each change.
 class HabitStore : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
@@ -47,6 +48,9 @@ class HabitStore : public ambrel::FocusModel {
   void problemFound(const QString& title, const QString& detail);
 
  private:
+  void read();
+  void refresh();
+  void write();
   void save();
   void keepUnreadable();
   bool renewFace(Instant now) override;
@@ -55,7 +59,9 @@ class HabitStore : public ambrel::FocusModel {
   std::vector<Habit> items_;
   GadgetListModel<HabitRow> rows_;
   HabitsFace face_;
+  std::optional<FileStatus> seen_;  // the file that was read or written last
   PatientWrite write_;
+  FollowedFile followed_;
 };
 
 }  // namespace ambrel

@@ -292,6 +292,10 @@ class FocusModelsTests : public QObject {
     QVERIFY(again.items() == store.items());
     again.remove(read);
     QCOMPARE(HabitStore(file, room.seams()).face().count, 1);
+    // Another bar loses nothing of it, and shows it.
+    QVERIFY(store.add(QStringLiteral("Swim")));
+    QCOMPARE(store.face().count, 2);
+    QTRY_COMPARE(again.face().count, 2);
   }
 
   void aHabitThatCannotBeWrittenIsKeptUntilItCan() {
