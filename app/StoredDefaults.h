@@ -19,8 +19,9 @@ class StoredDefaults : public QObject {
   ~StoredDefaults() override { write_.end(); }
 
   UserDefaults& values() { return defaults_; }
-  // A file that could not be read was found at the start: what it said is lost to the program.
-  bool wereLost() const { return kept_.has_value(); }
+  // A file that could not be read was found at the start: what it said is lost to the program, whether or not the file
+  // could be set aside.
+  bool wereLost() const { return kept_ || defaults_.isUnreadable(); }
   // From now on changes and problems are told, what was found at the start among them.
   void follow();
 
