@@ -186,6 +186,7 @@ void AppDelegate::followProblems() {
   connect(&areas_.notices(), &BuddyNoticeCenter::problemFound, this, &AppDelegate::warn);
   connect(areas_.agents.agents(), &AgentsModel::problemFound, this, &AppDelegate::warn);
   connect(&stored_, &StoredDefaults::problemFound, this, &AppDelegate::warn);
+  connect(&model_, &AppModel::problemFound, this, &AppDelegate::warn);
 }
 
 void AppDelegate::followDeletion() {

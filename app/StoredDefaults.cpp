@@ -12,6 +12,8 @@ constexpr const char* ownIdentifier = "dev.qorvin.ambrel";
 
 StoredDefaults::StoredDefaults(const Surroundings& surroundings)
     : defaults_(surroundings.defaultsFile), watcher_(defaults_) {
+  defaults_.onFailed = [this](const std::exception& error) { write_.failed(error); };
+  connect(&write_, &PatientWrite::problemFound, this, &StoredDefaults::problemFound);
   try {
     kept_ = defaults_.setAside();
   } catch (const std::exception& error) {

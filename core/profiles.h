@@ -163,8 +163,10 @@ struct LoadedProfiles {
 // passed over; a key that is missing or of another type makes the whole file count as unreadable, but for "settings" of
 // a slot, which then count as none.
 LoadedProfiles loadProfiles(const std::filesystem::path& file);
-// Throws FileError; the old file stays.
-void saveProfiles(const std::filesystem::path& file, const std::vector<Profile>& profiles);
+// A file that is there and cannot be read is set aside first: gives where it is now. Throws FileError; the old file
+// stays.
+std::optional<std::filesystem::path> saveProfiles(const std::filesystem::path& file,
+                                                  const std::vector<Profile>& profiles);
 
 // Absent optionals are left out. Reading throws DecodingError or the library's own exception.
 void to_json(nlohmann::json& json, const DockItem& item);

@@ -3,9 +3,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryFile>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+
+#include "core/base/StoredFile.h"
 
 namespace ambrel {
 
@@ -19,8 +20,8 @@ SavedFile savePNG(const QByteArray& bytes, const QString& folder, const QString&
     const QString file = turn == 1 ? name : QStringLiteral("%1 (%2)").arg(name).arg(turn);
     const QString path = QDir(folder).filePath(file + QStringLiteral(".png"));
     // Fails where something is, whoever has put it there in the meantime.
-    if (renameat2(AT_FDCWD, QFile::encodeName(whole.fileName()), AT_FDCWD, QFile::encodeName(path), RENAME_NOREPLACE) ==
-        0) {
+    if (renameToFreeName(AT_FDCWD, QFile::encodeName(whole.fileName()).toStdString(), AT_FDCWD,
+                         QFile::encodeName(path).toStdString())) {
       whole.setAutoRemove(false);
       return {path, {}};
     }

@@ -6,26 +6,26 @@ namespace ambrel {
 
 namespace {
 
-void report(const auto& change) {
+void report(const UserDefaults& defaults, const auto& change) {
   try {
     change();
   } catch (const std::exception& error) {
-    logLine(std::string("cannot save settings: ") + error.what());
+    if (!defaults.onFailed) logLine(std::string("cannot save settings: ") + error.what());
   }
 }
 
 }  // namespace
 
 void store(UserDefaults& defaults, const std::string& key, DefaultsValue value) {
-  report([&] { defaults.set(key, std::move(value)); });
+  report(defaults, [&] { defaults.set(key, std::move(value)); });
 }
 
 void store(UserDefaults& defaults, DefaultsDictionary values) {
-  report([&] { defaults.set(std::move(values)); });
+  report(defaults, [&] { defaults.set(std::move(values)); });
 }
 
 void removeStored(UserDefaults& defaults, const std::string& key) {
-  report([&] { defaults.remove(key); });
+  report(defaults, [&] { defaults.remove(key); });
 }
 
 }  // namespace ambrel

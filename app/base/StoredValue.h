@@ -12,7 +12,8 @@ inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// The one place that reports a failed write: it is logged, and the change is kept in memory.
+// The change is kept in memory when it cannot be written; that is logged, unless somebody else hears of it
+// (`onFailed`).
 void store(UserDefaults& defaults, const std::string& key, DefaultsValue value);
 // All of them in one write.
 void store(UserDefaults& defaults, DefaultsDictionary values);

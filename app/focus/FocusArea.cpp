@@ -22,6 +22,9 @@ FocusArea::FocusArea(const FocusSeams& seams, std::filesystem::path habitsFile, 
       breathing_(seams),
       habits_(std::move(habitsFile), seams),
       mood_(seams) {
+  connect(&habits_, &HabitStore::problemFound, this, [&shell](const QString& title, const QString& detail) {
+    shell.showToast(title, detail, QStringLiteral("exclamationmark.triangle"));
+  });
   keep({this});
   for (FocusModel* model : models_) {
     keep({model});

@@ -24,26 +24,51 @@ std::vector<HabitRow> rowsOf(const std::vector<Habit>& habits, const Calendar& c
 }  // namespace
 
 HabitStore::HabitStore(std::filesystem::path file, FocusSeams seams, QObject* parent)
-    : FocusModel(std::move(seams), parent), file_(std::move(file)) {
+    : FocusModel(std::move(seams), parent),
+      file_(std::move(file)),
+      write_(tr("The habits are not saved"), "cannot save habits: ", [this] { write(); }),
+      followed_(file_) {
+  connect(&write_, &PatientWrite::problemFound, this, &HabitStore::problemFound);
+  connect(&followed_, &FollowedFile::changed, this, [this] {
+    refresh();
+    update();
+  });
+  read();
+  update();
+  followed_.start();
+}
+
+void HabitStore::read() {
+  seen_ = fileStatus(file_);
   try {
     if (auto stored = JSONFileStore<HabitList>{file_}.load()) items_ = std::move(stored->items);
   } catch (const std::exception& error) {
     logLine(std::string("cannot read habits: ") + error.what());
     keepUnreadable();
   }
-  update();
+}
+
+// A change that is not written yet stays, and so do the habits when their file has gone.
+void HabitStore::refresh() {
+  const auto present = fileStatus(file_);
+  if (present && present != seen_ && write_.problem().isEmpty()) read();
 }
 
 // The next save would replace it.
-void HabitStore::keepUnreadable() const {
+void HabitStore::keepUnreadable() {
   try {
-    if (const auto kept = setAside(file_, ".unreadable")) logLine("the file is kept as " + kept->string());
+    const auto kept = setAside(file_, ".unreadable");
+    if (!kept) return;
+    logLine("the file is kept as " + kept->string());
+    write_.tell(tr("The habits could not be read"),
+                tr("The file is kept as %1").arg(toQString(kept->filename().string())));
   } catch (const FileError& error) {
     logLine(error.what());
   }
 }
 
 bool HabitStore::add(const QString& name) {
+  refresh();
   auto next = addingHabit(items_, name.toStdString(), UUID::random());
   if (!next) return false;
   items_ = std::move(*next);
@@ -52,11 +77,13 @@ bool HabitStore::add(const QString& name) {
 }
 
 void HabitStore::remove(const QString& id) {
+  refresh();
   const auto parsed = UUID::parse(id.toStdString());
   if (std::erase_if(items_, [&](const Habit& habit) { return habit.id == parsed; }) != 0) save();
 }
 
 void HabitStore::toggleToday(const QString& id) {
+  refresh();
   const auto habit = std::ranges::find(items_, UUID::parse(id.toStdString()), &Habit::id);
   if (habit == items_.end()) return;
   const std::string today = seams_.calendar().dayKey(seams_.now());
@@ -64,12 +91,13 @@ void HabitStore::toggleToday(const QString& id) {
   save();
 }
 
+void HabitStore::write() {
+  JSONFileStore<HabitList>{file_}.save({items_});
+  seen_ = fileStatus(file_);
+}
+
 void HabitStore::save() {
-  try {
-    JSONFileStore<HabitList>{file_}.save({items_});
-  } catch (const std::exception& error) {
-    logLine(std::string("cannot save habits: ") + error.what());
-  }
+  write_.now();
   update();
 }
 

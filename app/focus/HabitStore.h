@@ -3,7 +3,9 @@
 #include <filesystem>
 
 #include "app/base/Face.h"
+#include "app/base/FollowedFile.h"
 #include "app/base/GadgetListModel.h"
+#include "app/base/PatientWrite.h"
 #include "app/focus/FocusModel.h"
 
 namespace ambrel {
@@ -21,7 +23,7 @@ struct HabitRow {
   bool operator==(const HabitRow&) const = default;
 };
 
-// The habits, kept in a file of their own.
+// The habits, kept in a file of their own. What others write into it is taken over, and read before each change.
 class HabitStore : public ambrel::FocusModel {
   Q_OBJECT
   QML_ELEMENT
@@ -31,6 +33,7 @@ class HabitStore : public ambrel::FocusModel {
 
  public:
   HabitStore(std::filesystem::path file, FocusSeams seams, QObject* parent = nullptr);
+  ~HabitStore() override { write_.end(); }
 
   const std::vector<Habit>& items() const { return items_; }
   RowList* rows() { return &rows_; }
@@ -41,15 +44,24 @@ class HabitStore : public ambrel::FocusModel {
   Q_INVOKABLE void remove(const QString& id);
   Q_INVOKABLE void toggleToday(const QString& id);
 
+ Q_SIGNALS:
+  void problemFound(const QString& title, const QString& detail);
+
  private:
+  void read();
+  void refresh();
+  void write();
   void save();
-  void keepUnreadable() const;
+  void keepUnreadable();
   bool renewFace(Instant now) override;
 
   std::filesystem::path file_;
   std::vector<Habit> items_;
   GadgetListModel<HabitRow> rows_;
   HabitsFace face_;
+  std::optional<FileStatus> seen_;  // the file that was read or written last
+  PatientWrite write_;
+  FollowedFile followed_;
 };
 
 }  // namespace ambrel

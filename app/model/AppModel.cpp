@@ -15,6 +15,8 @@ QString text(const UUID& id) { return QString::fromStdString(id.text()); }
 
 std::optional<UUID> parsed(const QString& id) { return UUID::parse(id.toStdString()); }
 
+QString fileName(const std::filesystem::path& file) { return toQString(file.filename().string()); }
+
 }  // namespace
 
 AppModel::AppModel(std::filesystem::path store, UserDefaults& defaults, LicenseManager& license,
@@ -27,6 +29,7 @@ AppModel::AppModel(std::filesystem::path store, UserDefaults& defaults, LicenseM
       listDisplays_(std::move(listDisplays)) {
   // A property of this type would otherwise fall to the script engine's collector.
   QQmlEngine::setObjectOwnership(&profileList_, QQmlEngine::CppOwnership);
+  connect(&write_, &PatientWrite::problemFound, this, &AppModel::problemFound);
   load();
   refreshDisplays();
   update();
@@ -34,20 +37,31 @@ AppModel::AppModel(std::filesystem::path store, UserDefaults& defaults, LicenseM
 }
 
 void AppModel::load() {
-  auto loaded = loadProfiles(store_);
-  if (loaded.problem) logLine(*loaded.problem);
-  auto brought = updated(std::move(loaded.profiles), defaults_.strings("dockWidgets"));
+  stored_ = loadFile().profiles;
+  auto brought = updated(stored_, defaults_.strings("dockWidgets"));
   profiles_ = std::move(brought.profiles);
-  if (brought.isChanged) save();
+  if (brought.isChanged) write_.now();
   if (brought.isConverted) removeStored(defaults_, "dockWidgets");
 }
 
-void AppModel::save() {
-  try {
-    saveProfiles(store_, profiles_);
-  } catch (const std::exception& error) {
-    logLine(std::string("cannot save profiles: ") + error.what());
+LoadedProfiles AppModel::loadFile() {
+  LoadedProfiles loaded = loadProfiles(store_);
+  if (loaded.problem && loaded.problem != problem_) {
+    logLine(*loaded.problem);
+    write_.tell(tr("The list of profiles cannot be read"),
+                tr("%1 stays as it is, and a copy is kept when you change something here.").arg(fileName(store_)));
   }
+  problem_ = loaded.problem;
+  return loaded;
+}
+
+void AppModel::save() {
+  const auto kept = saveProfiles(store_, profiles_);
+  stored_ = profiles_;
+  problem_.reset();
+  if (kept)
+    write_.tell(tr("The list of profiles has a new file"),
+                tr("What was in the file is kept as %1").arg(fileName(*kept)));
 }
 
 void AppModel::followFile() {
@@ -63,8 +77,11 @@ void AppModel::followFile() {
 void AppModel::takeOver() {
   std::error_code error;
   if (!std::filesystem::exists(store_, error)) return;
-  auto loaded = loadProfiles(store_);
-  if (loaded.problem || loaded.profiles.empty() || loaded.profiles == profiles_) return;
+  auto loaded = loadFile();
+  // What was there before is no news, while a change of ours could not be written.
+  if (loaded.problem || loaded.profiles.empty() || loaded.profiles == stored_) return;
+  stored_ = loaded.profiles;
+  if (loaded.profiles == profiles_) return;
   profiles_ = updated(std::move(loaded.profiles), std::nullopt).profiles;
   update();
   Q_EMIT profilesChanged();
@@ -77,7 +94,7 @@ void AppModel::setProfiles(std::vector<Profile> profiles) {
 void AppModel::edited(std::vector<Profile> profiles) {
   const bool isChanged = profiles != profiles_;
   profiles_ = std::move(profiles);
-  save();
+  write_.now();
   if (!isChanged) return;
   update();
   Q_EMIT profilesChanged();

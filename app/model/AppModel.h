@@ -11,6 +11,7 @@
 
 #include "app/base/FollowedFile.h"
 #include "app/base/GadgetListModel.h"
+#include "app/base/PatientWrite.h"
 #include "app/model/LicenseManager.h"
 #include "app/model/ProfileRow.h"
 #include "core/base/UserDefaults.h"
@@ -18,8 +19,8 @@
 
 namespace ambrel {
 
-// Every edit is saved at once; a save that fails is logged, and the change is kept in memory. Ids travel to and from
-// QML as texts; one that is no id matches nothing.
+// Every edit is saved at once; a save that fails is told and tried again, and the change is kept in memory. Ids travel
+// to and from QML as texts; one that is no id matches nothing.
 class AppModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -39,6 +40,7 @@ class AppModel : public QObject {
   // licence outlive the model.
   AppModel(std::filesystem::path store, UserDefaults& defaults, LicenseManager& license, ListDisplays listDisplays,
            QObject* parent = nullptr);
+  ~AppModel() override { write_.end(); }
 
   const std::vector<Profile>& profiles() const { return profiles_; }
   // An equal list neither notifies nor saves.
@@ -113,9 +115,11 @@ class AppModel : public QObject {
   void undone();
   // The user has taken a tile off the bar.
   void itemRemoved(const ambrel::DockItem& item, const ambrel::BarEdit& edit);
+  void problemFound(const QString& title, const QString& detail);
 
  private:
   void load();
+  LoadedProfiles loadFile();
   void save();
   void takeOver();
   void edited(std::vector<Profile> profiles);
@@ -137,6 +141,8 @@ class AppModel : public QObject {
   LicenseManager& license_;
   ListDisplays listDisplays_;
   std::vector<Profile> profiles_;
+  std::vector<Profile> stored_;         // what was read or written last
+  std::optional<std::string> problem_;  // of the file as it was read last
   std::optional<UUID> pinnedProfileID_;
   std::vector<DisplaySnapshot> displays_;
   std::optional<UUID> activeID_;
@@ -145,6 +151,7 @@ class AppModel : public QObject {
   // What the last `activeProfileChanged` spoke of.
   std::optional<Profile> shownProfile_;
   GadgetListModel<ProfileRow, &ProfileRow::profile> profileList_;
+  PatientWrite write_{tr("The list of profiles is not saved"), "cannot save profiles: ", [this] { save(); }};
 };
 
 }  // namespace ambrel

@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Model
 import Ambrel.Notes
@@ -25,14 +26,15 @@ WindowFrame {
                 [Qt.Key_H]: "highlight",
                 [Qt.Key_C]: "crop"
             });
+        const tool = tools[KeyPlaces.usual(event.key, event.nativeScanCode)];
         const isControl = event.modifiers & Qt.ControlModifier;
         event.accepted = true;
         if (event.key === Qt.Key_PageUp)
             root.notes.showPage(root.notes.face.pageNumber - 1);
         else if (event.key === Qt.Key_PageDown)
             root.notes.showPage(root.notes.face.pageNumber + 1);
-        else if (event.modifiers === Qt.NoModifier && tools[event.key])
-            toolbar.tool = tools[event.key];
+        else if (event.modifiers === Qt.NoModifier && tool)
+            toolbar.tool = tool;
         else if (isControl && (event.key === Qt.Key_Y || event.key === Qt.Key_Z && event.modifiers & Qt.ShiftModifier))
             root.notes.redo();
         else if (isControl && event.key === Qt.Key_Z)

@@ -1,4 +1,5 @@
 import QtQuick
+import Ambrel.Base
 import Ambrel.Kit
 import Ambrel.Model
 
@@ -53,7 +54,7 @@ SectionRow {
         Keys.onShortcutOverride: event => event.accepted = root.row.isRecording
         Keys.onPressed: event => {
             if (root.row.isRecording)
-                event.accepted = root.keys.press(event.key, event.modifiers);
+                event.accepted = root.keys.press(KeyPlaces.usual(event.key, event.nativeScanCode), event.modifiers);
         }
     }
     Component.onDestruction: if (row.isRecording)

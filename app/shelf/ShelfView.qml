@@ -27,8 +27,9 @@ FocusScope {
 
     Keys.onPressed: event => {
         const control = event.modifiers === Qt.ControlModifier;
-        if (event.modifiers === Qt.AltModifier && event.key >= Qt.Key_1 && event.key <= Qt.Key_9)
-            root.controller.pickPinned(event.key - Qt.Key_0);
+        const key = KeyPlaces.usual(event.key, event.nativeScanCode);
+        if (event.modifiers === Qt.AltModifier && key >= Qt.Key_1 && key <= Qt.Key_9)
+            root.controller.pickPinned(key - Qt.Key_0);
         else if (control && event.key === Qt.Key_Z)
             root.clipboard.undoRemove();
         else if (control && event.key === Qt.Key_F)

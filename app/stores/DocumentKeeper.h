@@ -7,6 +7,7 @@
 
 #include "app/base/Area.h"
 #include "app/base/FollowedFile.h"
+#include "app/base/PatientWrite.h"
 #include "core/stores/SharedFile.h"
 
 namespace ambrel {
@@ -17,8 +18,6 @@ class DocumentKeeper : public QObject {
  public:
   // A kill loses at most what was typed in so long.
   static constexpr std::chrono::milliseconds typingPause{400};
-  // After a write that failed.
-  static constexpr std::chrono::seconds retryPause{10};
 
   // `name` begins sentences: "The quick note". File and shell outlive it.
   DocumentKeeper(SharedFile& file, QString name, Shell& shell, QObject* parent = nullptr);
@@ -31,7 +30,7 @@ class DocumentKeeper : public QObject {
   void saveSoon();
 
   // Why the last write failed; empty when all is written.
-  const QString& problem() const { return problem_; }
+  const QString& problem() const { return write_.problem(); }
 
  Q_SIGNALS:
   // Others have changed the value.
@@ -41,12 +40,12 @@ class DocumentKeeper : public QObject {
  private:
   void refresh();
   void write();
-  void warn(const QString& title, const QString& detail);
 
   SharedFile& file_;
-  QString name_, problem_;
+  QString name_;
   Shell& shell_;
   FollowedFile followed_;
+  PatientWrite write_;
   QTimer pause_;
   bool isOpen_ = false;
 };

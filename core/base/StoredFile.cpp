@@ -109,18 +109,25 @@ FolderTurn::FolderTurn(const std::filesystem::path& folder)
   }
 }
 
-std::optional<std::filesystem::path> setAside(const std::filesystem::path& path, std::string_view suffix) {
+bool renameToFreeName(int fromFolder, const std::filesystem::path& from, int toFolder,
+                      const std::filesystem::path& to) {
+  if (renameat2(fromFolder, from.c_str(), toFolder, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+  if (errno != EINVAL && errno != ENOSYS) return false;
+  if (faccessat(toFolder, to.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
+    errno = EEXIST;
+    return false;
+  }
+  return renameat(fromFolder, from.c_str(), toFolder, to.c_str()) == 0;
+}
+
+std::optional<std::filesystem::path> setAside(const std::filesystem::path& file, std::string_view suffix) {
+  const std::filesystem::path path = fileStatus(file) ? linkTarget(file) : file;
   for (int number = 1;; ++number) {
     auto kept = path;
     kept += suffix;
     if (number > 1) kept += "-" + std::to_string(number);
-    // A copy that is kept already stays; some file systems cannot promise that in one step.
-    int failed = renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, kept.c_str(), RENAME_NOREPLACE);
-    if (failed != 0 && errno == EINVAL) {
-      if (faccessat(AT_FDCWD, kept.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) continue;
-      failed = rename(path.c_str(), kept.c_str());
-    }
-    if (failed == 0) return kept;
+    // A copy that is kept already stays.
+    if (renameToFreeName(AT_FDCWD, path, AT_FDCWD, kept)) return kept;
     if (errno == ENOENT) return std::nullopt;
     if (errno != EEXIST) throw FileError("cannot set aside", path, errno);
   }

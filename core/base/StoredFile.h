@@ -44,8 +44,12 @@ class FolderTurn {
 };
 
 // Moves a file out of the way: "<name><suffix>", or "<name><suffix>-2" and so on where that is kept already. Returns
-// where it is now; absent when there was no file. Throws FileError.
-std::optional<std::filesystem::path> setAside(const std::filesystem::path& path, std::string_view suffix);
+// where it is now; absent when there was no file. A link to a file stays, and the file goes. Throws FileError.
+std::optional<std::filesystem::path> setAside(const std::filesystem::path& file, std::string_view suffix);
+
+// As renameat, but never over what is there: false with EEXIST then. Some file systems, such as NFS, cannot promise
+// that in one step.
+bool renameToFreeName(int fromFolder, const std::filesystem::path& from, int toFolder, const std::filesystem::path& to);
 
 // Where a chain of symbolic links ends; what is there need not exist. Throws FileError.
 std::filesystem::path linkTarget(std::filesystem::path path);

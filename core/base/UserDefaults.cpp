@@ -49,6 +49,11 @@ void UserDefaults::refresh() {
     if (!wasUnreadable && onUnreadable) onUnreadable();
     return;
   }
+  for (const std::string& key : unsaved_)
+    if (const auto ours = values_.find(key); ours != values_.end())
+      values->insert_or_assign(key, ours->second);
+    else
+      values->erase(key);
   std::set<std::string> keys;
   const auto compare = [&](const DefaultsDictionary& some, const DefaultsDictionary& others) {
     for (const auto& [key, value] : some)
@@ -120,7 +125,8 @@ void UserDefaults::set(const std::string& key, DefaultsValue value) {
   const auto found = values_.find(key);
   if (found != values_.end() && found->second == value) return;
   values_.insert_or_assign(key, std::move(value));
-  save();
+  unsaved_.insert(key);
+  write();
 }
 
 void UserDefaults::set(const std::string& key, const std::vector<std::string>& strings) {
@@ -134,22 +140,44 @@ void UserDefaults::set(DefaultsDictionary values) {
     for (const auto& [key, value] : values) onChosen(key, &value);
   const FolderTurn turn(file_.parent_path());
   refresh();
-  const DefaultsDictionary before = values_;
-  for (auto& [key, value] : values) values_.insert_or_assign(key, std::move(value));
-  if (values_ != before) save();
+  std::erase_if(values, [this](const auto& entry) {
+    const auto found = values_.find(entry.first);
+    return found != values_.end() && found->second == entry.second;
+  });
+  if (values.empty()) return;
+  for (auto& [key, value] : values) {
+    unsaved_.insert(key);
+    values_.insert_or_assign(key, std::move(value));
+  }
+  write();
 }
 
 void UserDefaults::remove(const std::string& key) {
   if (onChosen) onChosen(key, nullptr);
   const FolderTurn turn(file_.parent_path());
   refresh();
-  if (values_.erase(key) > 0) save();
+  if (values_.erase(key) == 0) return;
+  unsaved_.insert(key);
+  write();
 }
 
 void UserDefaults::save() {
-  makeFolders(file_.parent_path());
-  setAside();
-  rewriteAtomically(file_, prettyJSON(defaultsJSON(values_)));
+  if (!isUnsaved()) return;
+  const FolderTurn turn(file_.parent_path());
+  refresh();
+  write();
+}
+
+void UserDefaults::write() {
+  try {
+    makeFolders(file_.parent_path());
+    setAside();
+    rewriteAtomically(file_, prettyJSON(defaultsJSON(values_)));
+  } catch (const std::exception& error) {
+    if (onFailed) onFailed(error);
+    throw;
+  }
+  unsaved_.clear();
   seen_ = fileStatus(file_);
 }
 

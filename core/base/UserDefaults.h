@@ -2,6 +2,7 @@
 // Small choices under string keys, each with its type, in one JSON document.
 
 #include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -56,8 +57,8 @@ class UserDefaults {
   // The document alone.
   const DefaultsDictionary& all() const { return values_; }
 
-  // Setting an equal value writes nothing. Throws FileError when the file cannot be written; the change
-  // is kept in memory.
+  // Setting an equal value writes nothing. Throws FileError when the file cannot be written; the change is kept in
+  // memory, whatever others write, and the next write has it too.
   void set(const std::string& key, DefaultsValue value);
   void set(const std::string& key, const std::vector<std::string>& strings);
   // All of them in one write.
@@ -69,6 +70,13 @@ class UserDefaults {
   std::function<std::optional<const DefaultsValue*>(const std::string& key)> keptElsewhere;
   // Told of every key that is about to be set or removed (null), before the document is.
   std::function<void(const std::string& key, const DefaultsValue* value)> onChosen;
+
+  // Changes are not in the file, since their write failed.
+  bool isUnsaved() const { return !unsaved_.empty(); }
+  // Writes them. Throws FileError.
+  void save();
+  // Told of every write that fails, before it throws.
+  std::function<void(const std::exception& error)> onFailed;
 
   const std::filesystem::path& file() const { return file_; }
 
@@ -88,10 +96,11 @@ class UserDefaults {
  private:
   // What is in the file; absent when that cannot be read.
   std::optional<DefaultsDictionary> read();
-  void save();
+  void write();
 
   std::filesystem::path file_;
   DefaultsDictionary values_;
+  std::set<std::string> unsaved_;   // keys that were set or removed
   std::optional<FileStatus> seen_;  // the file that was read or written last
   bool isUnreadable_ = false;
 };

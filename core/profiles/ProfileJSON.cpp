@@ -59,8 +59,13 @@ LoadedProfiles loadProfiles(const std::filesystem::path& file) {
   }
 }
 
-void saveProfiles(const std::filesystem::path& file, const std::vector<Profile>& profiles) {
+std::optional<std::filesystem::path> saveProfiles(const std::filesystem::path& file,
+                                                  const std::vector<Profile>& profiles) {
+  std::optional<std::filesystem::path> kept;
+  const auto status = fileStatus(file);
+  if (status && status->isRegular && loadProfiles(file).problem) kept = setAside(file, ".unreadable");
   Store{file}.save(profiles);
+  return kept;
 }
 
 }  // namespace ambrel

@@ -1,5 +1,7 @@
 #include "core/settings/KeyCombination.h"
 
+#include <utility>
+
 #include "core/base/Text.h"
 
 namespace ambrel {
@@ -13,6 +15,10 @@ constexpr Modifier modifiers[] = {{"Ctrl", "control", &KeyCombination::control},
                                   {"Super", "meta", &KeyCombination::command},
                                   {"Alt", "option", &KeyCombination::option},
                                   {"Shift", "shift", &KeyCombination::shift}};
+
+// The rows of keys, and the number of the first of each.
+constexpr std::pair<std::string_view, std::uint8_t> rows[] = {
+    {"1234567890", 10}, {"qwertyuiop", 24}, {"asdfghjkl", 38}, {"zxcvbnm", 52}};
 
 bool isKey(char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); }
 
@@ -43,6 +49,25 @@ std::optional<KeyCombination> parseKeys(std::string_view text) {
     keys.key = name.front();
   }
   return keys.isComplete() ? std::optional(keys) : std::nullopt;
+}
+
+std::uint8_t usualPlace(char key) {
+  for (const auto& [row, first] : rows)
+    if (const auto at = row.find(key); at != row.npos) return static_cast<std::uint8_t>(first + at);
+  return 0;
+}
+
+std::uint32_t usualKey(std::uint32_t typed, std::uint32_t place) {
+  // Greek is the first that is not Latin; what has no character comes after all of them.
+  constexpr std::uint32_t afterLatin = 0x370, afterAll = 0x110000;
+  if ((typed >= 'A' && typed <= 'Z') || (typed >= '0' && typed <= '9') || typed >= afterAll) return typed;
+  for (const auto& [row, first] : rows) {
+    if (place < first || place - first >= row.size()) continue;
+    const char usual = row[place - first];
+    if (usual <= '9') return static_cast<std::uint32_t>(usual);
+    if (typed >= afterLatin) return static_cast<std::uint32_t>(usual - 'a' + 'A');
+  }
+  return typed;
 }
 
 }  // namespace ambrel

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "core/base/Files.h"
+#include "core/base/StoredFile.h"
 #include "core/base/Text.h"
 #include "core/disk/FolderReader.h"
 #include "core/disk/Handles.h"
@@ -97,19 +98,6 @@ std::string numbered(const std::string& name, int number) {
   std::size_t cut = length;
   while (cut > 0 && cut < split && length - cut < 3 && continues(cut)) --cut;
   return name.substr(0, cut < split && continues(cut) ? length : cut) + tail;
-}
-
-// Never over another entry.
-bool renameTo(int from, const std::string& name, int to, const std::string& newName) {
-  if (renameat2(from, name.c_str(), to, newName.c_str(), RENAME_NOREPLACE) == 0) return true;
-  if (errno != EINVAL && errno != ENOSYS) return false;
-  // A file system that cannot promise it. The information file has reserved the name among all Trash programs.
-  struct stat info;
-  if (fstatat(to, newName.c_str(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
-    errno = EEXIST;
-    return false;
-  }
-  return renameat(from, name.c_str(), to, newName.c_str()) == 0;
 }
 
 }  // namespace
@@ -298,7 +286,7 @@ TrashPlace FreedesktopTrash::move(const DiskAdvice::TrashRequest& request, Insta
     fail(url, reason, text);
   };
   if (identityAt(place.folder, place.name) != request.identity) giveUp(changed, "it has changed");
-  if (!renameTo(folder, place.name, target.files.get(), name)) {
+  if (!renameToFreeName(folder, place.name, target.files.get(), name)) {
     const int error = errno;
     giveUp(reasonOf(error), std::strerror(error));
   }
@@ -306,7 +294,7 @@ TrashPlace FreedesktopTrash::move(const DiskAdvice::TrashRequest& request, Insta
   // Between the look and the move, another thing may have taken the name.
   const auto moved = identityAt(target.files, name);
   if (moved && moved->isSameFile(request.identity)) return target.place;
-  if (!renameTo(target.files.get(), name, folder, place.name))
+  if (!renameToFreeName(target.files.get(), name, folder, place.name))
     fail(url, isDeleted, "it has changed and is in the Trash now");
   giveUp(changed, "it has changed");
   return {};

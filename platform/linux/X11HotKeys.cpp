@@ -10,15 +10,6 @@ namespace {
 
 constexpr std::uint8_t badAccess = 10;
 
-// Where the keys are on a keyboard of the usual shape; for layouts that have no Latin letters.
-xcb_keycode_t usualPlace(char key) {
-  constexpr std::pair<std::string_view, xcb_keycode_t> rows[] = {
-      {"1234567890", 10}, {"qwertyuiop", 24}, {"asdfghjkl", 38}, {"zxcvbnm", 52}};
-  for (const auto& [row, first] : rows)
-    if (const auto at = row.find(key); at != row.npos) return static_cast<xcb_keycode_t>(first + at);
-  return 0;
-}
-
 }  // namespace
 
 X11HotKeys::X11HotKeys(X11Connection* connection) : connection_(connection) {
@@ -155,6 +146,7 @@ std::vector<xcb_keycode_t> X11HotKeys::keycodesOf(char key) const {
     (isFirst ? found : elsewhere).push_back(*code);
   }
   if (found.empty()) found = std::move(elsewhere);
+  // A layout without Latin letters.
   if (found.empty())
     if (const xcb_keycode_t place = usualPlace(key)) found.push_back(place);
   return found;

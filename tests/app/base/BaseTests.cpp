@@ -13,8 +13,10 @@
 #include "app/base/DueTimer.h"
 #include "app/base/GadgetListModel.h"
 #include "app/base/Heap.h"
+#include "app/base/PatientWrite.h"
 #include "app/base/Presentation.h"
 #include "app/base/RowChanges.h"
+#include "core/base/Files.h"
 #include "tests/Time.h"
 #include "tests/fakes/FakeClock.h"
 
@@ -130,6 +132,21 @@ class BaseTests : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  void aWriteIsTriedAgainAndItsFailureToldOnce() {
+    int failures = 3;
+    const auto work = [&] {
+      if (failures-- > 0) throw FileError("cannot write", "/x", ENOSPC);
+    };
+    PatientWrite write(QStringLiteral("Not saved"), "", work, std::chrono::milliseconds(1));
+    QSignalSpy told(&write, &PatientWrite::problemFound);
+    QTest::ignoreMessage(QtWarningMsg, "Ambrel: cannot write /x: No space left on device");
+    QVERIFY(!write.now());
+    QVERIFY2(told.empty(), "nobody may listen yet");
+    QTRY_COMPARE(write.problem(), QString());
+    QCOMPARE(failures, -1);
+    QCOMPARE(told, (QList<QVariantList>{{"Not saved", "No space left on device. It is tried again."}}));
+  }
+
   void everyChangeOfOrderEndsInTheNewList() {
     const std::vector<std::vector<Row>> lists{
         {},           keys({1, 2, 3}), keys({3, 1, 2}),    keys({2}),       keys({5, 2, 4}), keys({4, 5}),

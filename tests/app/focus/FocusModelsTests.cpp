@@ -292,6 +292,24 @@ class FocusModelsTests : public QObject {
     QVERIFY(again.items() == store.items());
     again.remove(read);
     QCOMPARE(HabitStore(file, room.seams()).face().count, 1);
+    // Another bar loses nothing of it, and shows it.
+    QVERIFY(store.add(QStringLiteral("Swim")));
+    QCOMPARE(store.face().count, 2);
+    QTRY_COMPARE(again.face().count, 2);
+  }
+
+  void aHabitThatCannotBeWrittenIsKeptUntilItCan() {
+    FocusRoom room;
+    const auto folder = room.folder.write("Ambrel", "in the way");
+    {
+      HabitStore store(folder / "habits.json", room.seams());
+      QSignalSpy told(&store, &HabitStore::problemFound);
+      QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Ambrel: cannot save habits: ")));
+      QVERIFY(store.add(QStringLiteral("Read")));
+      QTRY_COMPARE(told.count(), 1);
+      std::filesystem::remove(folder);
+    }
+    QCOMPARE(HabitStore(folder / "habits.json", room.seams()).face().count, 1);
   }
 
   // Damaged, and a link to what is not mounted.

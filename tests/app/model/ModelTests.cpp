@@ -53,6 +53,11 @@ class ModelTests : public QObject {
     QCOMPARE(readFile(f.store).value_or(""), std::string("{not json"));
     f.model->addProfile("Third", std::nullopt);
     QCOMPARE(f.stored().size(), 3u);
+    QCOMPARE(readFile(f.store.string() + ".unreadable").value_or(""), std::string("{not json"));
+    QSignalSpy told(f.model.get(), &AppModel::problemFound);
+    QTRY_COMPARE(told.count(), 2);
+    QCOMPARE(told[0][0].toString() + told[1][0].toString(),
+             QStringLiteral("The list of profiles cannot be readThe list of profiles has a new file"));
   }
 
   void theOldWidgetListIsConvertedSavedAndForgotten() {
@@ -178,13 +183,28 @@ class ModelTests : public QObject {
 
   void aSaveThatFailsIsLoggedAndTheChangeStands() {
     Fixture f;
-    f.folder.write("Ambrel", "a file where the folder should be");
+    saveProfiles(f.store, Profile::defaults());
+    f.start();
+    f.model->followFile();
+    FollowedFile followed(f.store);
+    followed.start();
+    QSignalSpy told(f.model.get(), &AppModel::problemFound), heard(&followed, &FollowedFile::changed);
+    // A folder cannot be replaced.
+    std::filesystem::rename(f.store, f.folder / "old");
+    makeFolders(f.store);
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(QStringLiteral("^Ambrel: cannot save profiles: .*Ambrel.*: .+")));
-    f.start();
     f.model->addProfile("Third", std::nullopt);
+    QTRY_COMPARE(told.count(), 1);
+    QCOMPARE(told[0][0].toString(), QStringLiteral("The list of profiles is not saved"));
+    // What was in the file before is no edit of somebody else's.
+    std::filesystem::remove(f.store);
+    std::filesystem::rename(f.folder / "old", f.store);
+    QVERIFY(heard.wait());
+    QCoreApplication::processEvents();
     QCOMPARE(f.model->profiles().size(), 3u);
-    QCOMPARE(readFile(f.folder / "Ambrel").value_or(""), std::string("a file where the folder should be"));
+    f.model.reset();
+    QCOMPARE(f.stored().size(), 3u);
   }
 
   void editsOfAnotherProfileDoNotTouchTheBar() {

@@ -178,6 +178,11 @@ class ShelfViewTests : public QObject {
     room.press(Qt::Key_2, Qt::AltModifier);
     QCOMPARE(room.desk.pasteboard.writtenText(), "c");
     QVERIFY(!room.shelf->isShown());
+    // A French keyboard has its digits with Shift alone.
+    QVERIFY(room.open());
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Eacute, Qt::AltModifier, usualPlace('2'), 0, 0);
+    QCoreApplication::sendEvent(&room.window(), &event);
+    QVERIFY(!room.shelf->isShown());
   }
 
   void aSecretIsMaskedUntilTheUserComesToIt() {

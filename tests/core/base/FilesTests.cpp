@@ -1,5 +1,12 @@
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
+#include <fcntl.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -168,6 +175,26 @@ TEST_F(Files, ACrashAtAnyInstantLeavesTheOldFileOrTheNew) {
     const auto left = readFile(at("f"));
     ASSERT_TRUE(left == contents[0] || left == contents[1]) << "torn by the crash";
   }
+}
+
+// Ends with the number of the first thing that is not so.
+int renamesWhereNothingIsPromised(const std::filesystem::path& folder) {
+  sock_filter rules[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+  const sock_fprog program{.len = std::size(rules), .filter = rules};
+  if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 || prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0)
+    return 1;
+  if (!renameToFreeName(AT_FDCWD, folder / "a", AT_FDCWD, folder / "c")) return 2;
+  if (renameToFreeName(AT_FDCWD, folder / "b", AT_FDCWD, folder / "c") || errno != EEXIST) return 3;
+  return readFile(folder / "b") == "b" && readFile(folder / "c") == "a" ? 0 : 4;
+}
+
+TEST_F(Files, AFileSystemThatKeepsNoPromiseOfAFreeNameRenamesAndReplacesNothing) {
+  folder_.write("a", "a");
+  folder_.write("b", "b");
+  EXPECT_EXIT(_exit(renamesWhereNothingIsPromised(folder_.path())), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

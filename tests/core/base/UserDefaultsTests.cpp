@@ -92,12 +92,28 @@ TEST_F(Defaults, AnEqualValueWritesNothing) {
   EXPECT_TRUE(std::filesystem::exists(file_));
 }
 
-TEST_F(Defaults, AFailedWriteThrowsAndTheChangeStaysInMemory) {
+TEST_F(Defaults, WhatCouldNotBeWrittenStaysInMemoryUntilItCan) {
+  auto defaults = holding(R"({"mine": 1, "gone": true, "theirs": 1})");
+  int failures = 0;
+  defaults.onFailed = [&](const std::exception&) { ++failures; };
+  std::filesystem::rename(folder_ / "Ambrel", folder_ / "away");
   folder_.write("Ambrel", "a file where the folder should be");
-  auto defaults = opened();
-  EXPECT_THROW(defaults.set("a", DefaultsValue{true}), FileError);
-  EXPECT_EQ(defaults.boolean("a"), true);
+  EXPECT_THROW(defaults.set("mine", DefaultsValue{std::int64_t{2}}), FileError);
+  EXPECT_THROW(defaults.remove("gone"), FileError);
+  EXPECT_THROW(defaults.set({{"theirs", {std::int64_t{1}}}, {"new", {true}}}), FileError);
+  EXPECT_THROW(defaults.save(), FileError);
+  EXPECT_EQ(failures, 4);
   EXPECT_EQ(readFile(folder_ / "Ambrel"), "a file where the folder should be");
+
+  std::filesystem::remove(folder_ / "Ambrel");
+  folder_.write("Ambrel/defaults.json", R"({"mine": 1, "gone": true, "theirs": 2})");
+  defaults.refresh();
+  EXPECT_EQ(defaults.integer("mine"), 2);
+  EXPECT_TRUE(defaults.isUnsaved());
+  defaults.save();
+  EXPECT_FALSE(defaults.isUnsaved());
+  EXPECT_EQ(opened().all(),
+            (DefaultsDictionary{{"mine", {std::int64_t{2}}}, {"theirs", {std::int64_t{2}}}, {"new", {true}}}));
 }
 
 TEST_F(Defaults, WhatCannotBeReadIsSetAsideBeforeItIsReplacedAndNoCopyIsLost) {
@@ -159,6 +175,12 @@ TEST_F(Defaults, ALinkStaysALink) {
   defaults.set("b", DefaultsValue{true});
   EXPECT_TRUE(std::filesystem::is_symlink(file_));
   EXPECT_EQ(UserDefaults(folder_ / "dotfiles/defaults.json").all().size(), 2u);
+  // Damaged, the file is set aside, and the link stays.
+  folder_.write("dotfiles/defaults.json", "{");
+  defaults.set("c", DefaultsValue{true});
+  EXPECT_TRUE(std::filesystem::is_symlink(file_));
+  EXPECT_EQ(readFile(folder_ / "dotfiles/defaults.json.unreadable"), "{");
+  EXPECT_EQ(UserDefaults(folder_ / "dotfiles/defaults.json").all().size(), 3u);
 }
 
 TEST_F(Defaults, KeysOfOtherVersionsStay) {

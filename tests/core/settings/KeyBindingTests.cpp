@@ -1,3 +1,4 @@
+#include <cctype>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -35,6 +36,22 @@ TEST(KeyBinding, IsALineInTheCompositorsOwnLanguage) {
     EXPECT_EQ(keyBinding(desktop, pinned, "tilebay --copy-pinned 1"), pinnedLine);
     EXPECT_EQ(keyBinding(desktop, {}, "tilebay --reveal"), "") << "no key";
   }
+}
+
+TEST(KeyCombination, AKeyStandsForWhatIsUsuallyAtItsPlaceWhereALayoutHasNoLatinLetterOrNoDigit) {
+  struct Case {
+    char32_t typed;
+    std::uint32_t place;
+    char32_t usual;
+  };
+  for (const auto& [typed, place, usual] :
+       {Case{'Q', 38, 'Q'}, Case{'1', 87, '1'}, Case{U'Й', 24, 'Q'}, Case{U'Ь', 58, 'M'}, Case{U'Ж', 47, U'Ж'},
+        Case{U'&', 10, '1'}, Case{U'À', 19, '0'}, Case{',', 58, ','}, Case{U'Ö', 38, U'Ö'}, Case{U'Й', 0, U'Й'},
+        Case{0x01000000, 24, 0x01000000}})
+    EXPECT_EQ(usualKey(typed, place), usual) << std::uint32_t(typed) << " at " << place;
+  for (const char key : std::string_view("0189amqz"))
+    EXPECT_EQ(usualKey(U'я', usualPlace(key)), static_cast<std::uint32_t>(std::toupper(key)));
+  EXPECT_EQ(usualPlace('-'), 0);
 }
 
 TEST(KeyBinding, ACompositorIsKnownByItsTraceWhereNothingNamesIt) {
