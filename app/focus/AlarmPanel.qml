@@ -12,7 +12,7 @@ Popover {
     title: qsTr("Alarm")
     symbol: "alarm"
     fact: root.alarm.face.isOn ? root.alarm.face.time : ""
-    implicitHeight: Math.round(324 * Theme.textScale)
+    implicitHeight: Scaled.px(324)
 
     PanelColumn {
         Section {

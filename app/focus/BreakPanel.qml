@@ -13,7 +13,7 @@ Popover {
 
     title: isForEyes ? qsTr("Eye Break") : qsTr("Stand Up")
     symbol: isForEyes ? "eye" : "figure.stand"
-    implicitHeight: Math.round(226 * Theme.textScale)
+    implicitHeight: Scaled.px(226)
 
     LiveTimeline {
         schedule: root.reminder.face.isOn ? LiveTimeline.EverySecond : LiveTimeline.Never

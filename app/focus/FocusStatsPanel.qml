@@ -11,7 +11,7 @@ Popover {
     title: qsTr("Focus Stats")
     symbol: "chart.bar"
     fact: qsTr("%1 this week").arg(root.pomodoro.week.total)
-    implicitHeight: Math.round(236 * Theme.textScale)
+    implicitHeight: Scaled.px(236)
 
     PanelColumn {
         y: Theme.space3

@@ -10,7 +10,7 @@ Popover {
 
     title: qsTr("How do you feel today?")
     symbol: "face.smiling"
-    implicitHeight: Math.round(150 * Theme.textScale)
+    implicitHeight: Scaled.px(150)
 
     Row {
         anchors.horizontalCenter: parent.horizontalCenter
@@ -30,8 +30,8 @@ Popover {
                 label: root.mood.nameOf(value)
                 accessibleRole: Accessible.RadioButton
                 Accessible.checked: isChosen
-                implicitWidth: Math.round(60 * Theme.textScale)
-                implicitHeight: Math.round(72 * Theme.textScale)
+                implicitWidth: Scaled.px(60)
+                implicitHeight: Scaled.px(72)
                 onClicked: {
                     root.mood.setToday(value);
                     root.closeRequested();

@@ -13,7 +13,7 @@ Popover {
     title: pomodoro.face.phaseTitle
     symbol: "timer"
     fact: qsTr("%1 today").arg(root.pomodoro.face.sessionsToday)
-    implicitHeight: Math.round(394 * Theme.textScale)
+    implicitHeight: Scaled.px(394)
 
     LiveTimeline {
         schedule: root.pomodoro.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
@@ -30,7 +30,7 @@ Popover {
 
         TickingText {
             width: parent.width - start.width - skip.width - reset.width - 3 * parent.spacing
-            height: Math.round(32 * Theme.textScale)
+            height: Scaled.px(32)
             text: root.pomodoro.face.remaining
             widest: root.pomodoro.face.remaining.replace(/[0-9]/g, "0")
             font: Theme.headline.font

@@ -13,7 +13,7 @@ Popover {
     title: qsTr("Timer")
     symbol: "hourglass"
     fact: root.timer.face.isRunning ? root.timer.face.remaining : root.timer.face.detail
-    implicitHeight: Math.round(284 * Theme.textScale)
+    implicitHeight: Scaled.px(284)
 
     LiveTimeline {
         schedule: root.timer.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never

@@ -11,7 +11,7 @@ Popover {
 
     title: qsTr("Drink Water")
     symbol: "drop.fill"
-    implicitHeight: Math.round(302 * Theme.textScale)
+    implicitHeight: Scaled.px(302)
 
     PanelColumn {
         Meter {

@@ -32,7 +32,7 @@ FocusScope {
     signal closeRequested
 
     // Of a tile's panel; larger ones say their own.
-    implicitWidth: Math.round(340 * Theme.textScale)
+    implicitWidth: Scaled.px(340)
     Accessible.role: Accessible.Dialog
     Accessible.name: title
     opacity: !fades ? 1 : open ? spring.opacity : 0
@@ -69,7 +69,7 @@ FocusScope {
     PanelHeader {
         id: header
         visible: root.hasHeader
-        height: visible ? Math.round(root.headerHeight * Theme.textScale) : 0
+        height: visible ? Scaled.px(root.headerHeight) : 0
         width: parent.width
         title: root.title
         symbol: root.symbol

@@ -8,7 +8,7 @@ Popover {
 
     required property TallyCounter tally
 
-    implicitWidth: Math.round(280 * Theme.textScale)
+    implicitWidth: Scaled.px(280)
     implicitHeight: header.height + column.height + 2 * Theme.space4
     title: qsTr("Tally Counter")
     symbol: "plus.circle"

@@ -12,7 +12,7 @@ Popover {
     // At the lower edge.
     property string note
 
-    implicitWidth: Math.round(340 * Theme.textScale)
+    implicitWidth: Scaled.px(340)
 
     LiveNeed {
         readings: root.area.readings

@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Power")
     symbol: "bolt.fill"
-    implicitHeight: Math.round(288 * Theme.textScale)
+    implicitHeight: Scaled.px(288)
     needs: ["power", "batteryHealth"]
     note: hasBattery ? area.face("batteryHealth").reading.help : ""
 

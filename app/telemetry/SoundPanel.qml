@@ -12,14 +12,14 @@ LivePanel {
 
     title: qsTr("Volume")
     symbol: output.symbol
-    implicitHeight: Math.round(224 * Theme.textScale)
+    implicitHeight: Scaled.px(224)
 
     PanelColumn {
         y: Theme.space3
 
         Row {
             width: parent.width
-            height: Math.round(32 * Theme.textScale)
+            height: Scaled.px(32)
             spacing: Theme.space2
 
             IconButton {
@@ -41,7 +41,7 @@ LivePanel {
             }
             TipLabel {
                 id: figure
-                width: Math.round(44 * Theme.textScale)
+                width: Scaled.px(44)
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.output.message === "" ? root.output.figure : "–"
                 role: Theme.captionStrong

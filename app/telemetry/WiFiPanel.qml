@@ -10,7 +10,7 @@ LivePanel {
 
     title: qsTr("Wi-Fi")
     symbol: "wifi"
-    implicitHeight: Math.round(248 * Theme.textScale)
+    implicitHeight: Scaled.px(248)
     note: face.rows.count > 0 ? face.reading.help : ""
 
     EmptyState {

@@ -11,7 +11,7 @@ Popover {
     title: qsTr("Calculator")
     symbol: "plus.forwardslash.minus"
     fact: calculator.face.isWorking ? qsTr("Working…") : ""
-    implicitWidth: Math.round(380 * Theme.textScale)
+    implicitWidth: Scaled.px(380)
     implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
 
     onAboutToOpen: {
@@ -29,7 +29,7 @@ Popover {
             id: field
 
             width: parent.width
-            height: Math.round(40 * Theme.textScale)
+            height: Scaled.px(40)
             focus: true
             label: qsTr("Expression")
             hint: qsTr("For example 18 % of 240, or 5 mi to km")

@@ -14,7 +14,7 @@ Popover {
     title: tool.title
     symbol: tool.symbol
     fact: tool.face.isWorking ? qsTr("Working…") : ""
-    implicitWidth: Math.round(420 * Theme.textScale)
+    implicitWidth: Scaled.px(420)
     implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
 
     onOpenChanged: {
@@ -56,7 +56,7 @@ Popover {
 
             visible: root.tool.takesInput
             width: parent.width
-            height: Math.round(96 * Theme.textScale)
+            height: Scaled.px(96)
             focus: root.tool.takesInput
             hint: qsTr("Type, paste or drop a text")
             label: qsTr("Text")

@@ -13,7 +13,7 @@ Popover {
 
     title: weather.texts.placeLabel
     symbol: "mappin"
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitHeight: Scaled.px(420)
 
     Connections {
         target: root.weather // qmllint disable
