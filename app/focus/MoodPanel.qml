@@ -10,9 +10,11 @@ Popover {
 
     title: qsTr("How do you feel today?")
     symbol: "face.smiling"
-    implicitHeight: Scaled.px(150)
+    fitted: faces
 
     Row {
+        id: faces
+
         anchors.horizontalCenter: parent.horizontalCenter
         y: Theme.space2
         spacing: Theme.space1

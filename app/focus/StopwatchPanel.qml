@@ -11,7 +11,7 @@ Popover {
 
     title: qsTr("Stopwatch")
     symbol: "stopwatch"
-    implicitHeight: Scaled.px(164)
+    fitted: buttons
 
     LiveTimeline {
         schedule: root.stopwatch.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
@@ -31,6 +31,8 @@ Popover {
         color: Theme.ink
     }
     Row {
+        id: buttons
+
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: time.bottom
         anchors.topMargin: Theme.space3

@@ -9,7 +9,7 @@ Popover {
     required property TallyCounter tally
 
     implicitWidth: Scaled.px(280)
-    implicitHeight: header.height + column.height + 2 * Theme.space4
+    fitted: column
     title: qsTr("Tally Counter")
     symbol: "plus.circle"
 

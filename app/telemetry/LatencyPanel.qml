@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Latency")
     symbol: "waveform.path.ecg"
-    implicitHeight: Scaled.px(338)
+    fitted: column
     note: qsTr("A connection to 1.1.1.1 is made and closed again every 30 seconds while the tile can be seen.")
 
     headerItems: IconButton {
@@ -23,6 +23,8 @@ LivePanel {
     }
 
     PanelColumn {
+        id: column
+
         Sparkline {
             width: parent.width
             height: Scaled.px(72)

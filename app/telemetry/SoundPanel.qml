@@ -12,9 +12,11 @@ LivePanel {
 
     title: qsTr("Volume")
     symbol: output.symbol
-    implicitHeight: Scaled.px(224)
+    fitted: column
 
     PanelColumn {
+        id: column
+
         y: Theme.space3
 
         Row {
@@ -23,6 +25,8 @@ LivePanel {
             spacing: Theme.space2
 
             IconButton {
+                id: mute
+
                 anchors.verticalCenter: parent.verticalCenter
                 symbol: root.output.symbol
                 label: !root.output.isMissing && !root.output.isOn ? qsTr("Unmute") : qsTr("Mute")
@@ -30,7 +34,7 @@ LivePanel {
                 onClicked: root.sound.toggleMuted()
             }
             Slider {
-                width: parent.width - 28 - figure.width - 2 * Theme.space2
+                width: parent.width - mute.width - figure.width - 2 * Theme.space2
                 anchors.verticalCenter: parent.verticalCenter
                 enabled: !root.output.isMissing
                 focus: true

@@ -12,7 +12,7 @@ Popover {
     symbol: "plus.forwardslash.minus"
     fact: calculator.face.isWorking ? qsTr("Working…") : ""
     implicitWidth: Scaled.px(380)
-    implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
+    fitted: column
 
     onAboutToOpen: {
         calculator.begin();
@@ -42,7 +42,7 @@ Popover {
         }
         ListView {
             width: parent.width
-            height: Math.min(contentHeight, 220)
+            height: Math.min(contentHeight, Scaled.px(220))
             visible: count > 0
             clip: true
             boundsBehavior: Flickable.StopAtBounds

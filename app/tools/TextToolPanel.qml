@@ -15,7 +15,7 @@ Popover {
     symbol: tool.symbol
     fact: tool.face.isWorking ? qsTr("Working…") : ""
     implicitWidth: Scaled.px(420)
-    implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
+    fitted: column
 
     onOpenChanged: {
         if (open)
@@ -117,7 +117,7 @@ Popover {
 
             visible: !root.hasPicture && root.tool.face.fault === ""
             width: parent.width
-            height: root.tool.takesInput ? 128 : 96
+            height: Scaled.px(root.tool.takesInput ? 128 : 96)
             focus: !root.tool.takesInput
             label: qsTr("Result")
             input.readOnly: true
