@@ -97,7 +97,7 @@ Popover {
             topMargin: Theme.space1
         }
         cellWidth: Math.floor(width / root.across)
-        cellHeight: 40
+        cellHeight: Scaled.px(40)
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: 0
