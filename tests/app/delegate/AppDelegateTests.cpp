@@ -212,6 +212,40 @@ class AppDelegateTests : public QObject {
     QVERIFY(!program.delegate->model().isOnBar("buddy"));
   }
 
+  void nothingComesByItselfOverAFilm() {
+    Program program;
+    program.delegate->launch();
+    program.desktop.pointer.at = Point{800, 450};
+    BarWindows& windows = program.delegate->bar();
+    BuddyNoticeCenter& notices = program.delegate->areas().notices();
+    const auto fill = [&](bool isFilled) {
+      auto screens = program.desktop.screens.screens;
+      screens.front().isFilled = isFilled;
+      program.desktop.screens.change(screens);
+    };
+    // Urgent: it stays until it is answered.
+    notices.post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+    QVERIFY(notices.hasBubble() && windows.dock().presentation().isShown());
+    fill(true);
+    program.passAtBar(1);
+    QVERIFY(!notices.hasBubble() && !windows.dock().presentation().isShown());
+    notices.post(BuddyNotice("y", BuddyRule::agentNeedsInput, "Claude needs you", "", {}));
+    int looks = 0;
+    windows.peeker().gatherMore = [&](PeekSignals&) { ++looks; };
+    windows.peeker().check(program.desktop.clock.now());
+    QCOMPARE(looks, 0);
+    QVERIFY(!notices.hasBubble() && !windows.dock().presentation().isShown());
+    // A panel that closes over it does not free the way.
+    windows.openSettings();
+    windows.panels().closeAll();
+    QVERIFY(!notices.hasBubble());
+    fill(false);
+    QVERIFY(notices.hasBubble() && windows.dock().presentation().isShown());
+    QCOMPARE(notices.bubbleMore(), 1);
+    windows.peeker().check(program.desktop.clock.now());
+    QCOMPARE(looks, 1);
+  }
+
   void buddysTileOpensHisInbox() {
     Program program;
     program.delegate->launch();
@@ -234,16 +268,10 @@ class AppDelegateTests : public QObject {
     DockPanelController& bar = program.delegate->bar().dock();
     program.delegate->areas().notices().post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
     QVERIFY(program.delegate->areas().notices().hasBubble());
-    const auto pass = [&](double seconds) {
-      for (int i = 0; i < seconds * 10; ++i) {
-        program.desktop.clock.pass(Seconds(0.1));
-        bar.tick(program.desktop.clock.now());
-      }
-    };
-    pass(30);
+    program.passAtBar(30);
     QVERIFY(bar.presentation().isShown());
     program.delegate->areas().notices().closeBubble();
-    pass(1);
+    program.passAtBar(1);
     QVERIFY(!bar.presentation().isShown());
   }
 
