@@ -246,6 +246,36 @@ class AppDelegateTests : public QObject {
     QCOMPARE(looks, 1);
   }
 
+  void whatIsAskedInOneProfileIsAnsweredInIt() {
+    Program program;
+    program.delegate->launch();
+    AppModel& model = program.delegate->model();
+    Areas& areas = program.delegate->areas();
+    std::vector<Profile> profiles = Profile::defaults();
+    for (Profile& profile : profiles) profile.items = holding({"gitStatus", "folder", "shortcuts"});
+    model.setProfiles(profiles);
+    const UUID asking = profiles[0].id, other = profiles[1].id;
+    for (const char* path : {"/other", "/late"}) program.desktop.launcher.scripts.push_back({path, path, path, {}});
+    const auto shown = [&](const UUID& profile, const char* key) {
+      const auto* value = slotSetting(*model.profileWith(profile), key);
+      return value && *value ? std::get<std::string>((*value)->value) : "nothing";
+    };
+    using Chooser = std::function<void(const std::string&)>;
+    const std::pair<const char*, std::function<Chooser()>> rows[] = {
+        {"gitStatusFolder", [&] { return areas.developer.git()->chooser(); }},
+        {"folderWidgetPath", [&] { return areas.stores.chosenFolder()->chooser(); }},
+        {"shortcutWidgetName", [&] { return areas.stores.shortcut()->scriptChooser(); }}};
+    for (const auto& [key, chooser] : rows) {
+      model.setPinnedProfileID(asking);
+      const Chooser answer = chooser();
+      model.setPinnedProfileID(other);
+      chooser()("/other");
+      answer("/late");
+      QCOMPARE(shown(other, key), "/other");
+      QCOMPARE(shown(asking, key), "/late");
+    }
+  }
+
   void buddysTileOpensHisInbox() {
     Program program;
     program.delegate->launch();
