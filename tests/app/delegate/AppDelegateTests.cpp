@@ -274,6 +274,12 @@ class AppDelegateTests : public QObject {
       QCOMPARE(shown(other, key), "/other");
       QCOMPARE(shown(asking, key), "/late");
     }
+    // Buddy, too, needs a while.
+    areas.assistant.assistant()->ask(QStringLiteral("Add Clock"));
+    QVERIFY(areas.assistant.assistant()->isResponding());
+    model.setPinnedProfileID(asking);
+    QTRY_VERIFY(!areas.assistant.assistant()->isResponding());
+    QVERIFY(model.profileWith(other)->contains("clock") && !model.profileWith(asking)->contains("clock"));
   }
 
   void buddysTileOpensHisInbox() {
