@@ -67,6 +67,7 @@ BarWindows::BarWindows(const Services& services, Areas& areas, WidgetContext& co
   followEdits();
   followAgents();
   dock_.start();
+  clearTheWay();
 }
 
 BarWindows::~BarWindows() {
@@ -108,6 +109,7 @@ void BarWindows::followDock() {
     with_.model.refreshDisplays();
     dock_.screensChanged();
     shelf_.place();
+    clearTheWay();
   });
   // An open panel goes with its bar.
   connect(&dock_, &DockPanelController::layoutChanged, &panels_, &BarPanels::place);
@@ -213,6 +215,7 @@ void BarWindows::followEdits() {
 }
 
 void BarWindows::followAgents() {
+  peeker_.mustWait = [this] { return dock_.isScreenFilled(); };
   peeker_.gatherMore = [this](PeekSignals& signals) {
     for (Area* area : areas_) area->addPeeks(signals, with_.surroundings.now());
   };
@@ -226,7 +229,11 @@ void BarWindows::followAgents() {
 void BarWindows::panelsChanged() {
   followPresses();
   dock_.holdingChanged();
-  areas_.notices().setPanelOpen(isAnyPanelOpen() || areas_.tools.colorPicker()->loupe());
+  clearTheWay();
+}
+
+void BarWindows::clearTheWay() {
+  areas_.notices().setInTheWay(isAnyPanelOpen() || areas_.tools.colorPicker()->loupe() || dock_.isScreenFilled());
 }
 
 // A click elsewhere closes a panel and ends the keyboard's stay on the bar, also where nothing takes the keyboard from

@@ -59,6 +59,8 @@ class BarWindows : public QObject {
   void followEdits();
   void followAgents();
   void panelsChanged();
+  // Buddy says nothing while something is in the way.
+  void clearTheWay();
   void followPresses();
   void pressedSomewhere();
   void chooseSettingsTab(const QString& tab);

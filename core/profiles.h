@@ -107,6 +107,8 @@ std::vector<std::string_view> slotSettingKeys();
 // What is chosen in the profile for a key: by the first slot of a widget that the key is for and that has it. Null when
 // none has; the defaults then decide. Lives as long as the slot's settings.
 const std::optional<DefaultsValue>* slotSetting(const Profile& profile, std::string_view key);
+// Whether the profile has a slot of a widget that the key is for.
+bool hasSlotFor(const Profile& profile, std::string_view key);
 // Those that are chosen together with the key, itself among them, such as a title and its date.
 std::vector<std::string_view> keysChosenWith(std::string_view key);
 // For every slot of the profile that the key is for. Slots of other profiles without a choice keep what they show,

@@ -19,7 +19,7 @@ Pressable {
     required property string age
     readonly property bool isChosen: hovered || activeFocus
 
-    implicitHeight: Math.round(44 * Theme.textScale)
+    implicitHeight: Scaled.px(44)
     label: title + ", " + subtitle + ", " + statusText + ", " + age
     Accessible.description: activeFocus ? agents.origin(sessionId) : ""
     // The age in it is that of the moment.

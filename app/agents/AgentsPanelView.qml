@@ -12,8 +12,8 @@ Popover {
 
     signal settingsAsked(string tab)
 
-    implicitWidth: Math.round(620 * Theme.textScale)
-    implicitHeight: Math.round(320 * Theme.textScale)
+    implicitWidth: Scaled.px(620)
+    implicitHeight: Scaled.px(320)
     title: qsTr("AI Agents")
     symbol: "sparkles"
 

@@ -25,7 +25,7 @@ TileFrame {
         visible: root.isAlone
         y: root.valueTop + 1
         width: parent.width
-        height: 34
+        height: Scaled.px(34)
         session: root.face.first
         onAction: root.agents.openSession(session.sessionId)
     }

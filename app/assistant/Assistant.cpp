@@ -59,28 +59,28 @@ void Assistant::send() {
   turns_.setRows(rows_);
   isResponding_ = true;
   Q_EMIT isRespondingChanged();
-  seams_.model.check([self = QPointer(this), text, generation = generation_] {
-    if (self && generation == self->generation_) self->answer(text);
+  seams_.model.check([self = QPointer(this), text, perform = seams_.performer(), generation = generation_] {
+    if (self && generation == self->generation_) self->answer(text, perform);
   });
 }
 
-void Assistant::answer(const QString& text) {
+void Assistant::answer(const QString& text, const Perform& perform) {
   takeAbsence();
-  if (seams_.model.isAvailable()) return answerByModel(text);
-  show(QString::fromStdString(commandReply(text.toStdString(), seams_.perform)), true);
+  if (seams_.model.isAvailable()) return answerByModel(text, perform);
+  show(QString::fromStdString(commandReply(text.toStdString(), perform)), true);
   endWaiting();
   seams_.buddy.showHappy(reaction);
   seams_.buddy.play(BuddyTrigger::nod);
 }
 
-void Assistant::answerByModel(const QString& text) {
+void Assistant::answerByModel(const QString& text, const Perform& perform) {
   seams_.buddy.setThinking(true);
   const auto isLate = [this, generation = generation_] { return generation != generation_; };
   seams_.model.respond(
       {.instructions = assistantInstructions(),
        .prompt = text.toStdString(),
        .earlier = session_,
-       .perform = seams_.perform,
+       .perform = perform,
        .grown =
            [this, isLate](const std::string& soFar) {
              if (!isLate()) show(QString::fromStdString(soFar), false);

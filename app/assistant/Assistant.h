@@ -40,10 +40,11 @@ class Assistant : public QObject {
   Q_PROPERTY(QStringList suggestions READ suggestions CONSTANT FINAL)
 
  public:
+  using Perform = std::function<std::string(const AssistantCall&)>;
   struct Seams {
     LanguageModel& model;
     Buddy& buddy;
-    std::function<std::string(const AssistantCall&)> perform;
+    std::function<Perform()> performer;  // of the calls of a question that is asked now
     std::function<Instant()> now;
   };
   explicit Assistant(Seams seams, QObject* parent = nullptr);
@@ -72,8 +73,8 @@ class Assistant : public QObject {
   void warningChanged();
 
  private:
-  void answer(const QString& text);
-  void answerByModel(const QString& text);
+  void answer(const QString& text, const Perform& perform);
+  void answerByModel(const QString& text, const Perform& perform);
   void show(const QString& text, bool isWhole);
   void endWaiting();
   void takeAbsence();

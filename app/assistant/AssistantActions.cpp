@@ -1,13 +1,27 @@
 #include "app/assistant/AssistantActions.h"
 
+#include <memory>
+
 #include "core/base/Overloaded.h"
 
 namespace ambrel {
 
-std::string AssistantActions::perform(const AssistantCall& call) {
+std::function<std::string(const AssistantCall&)> AssistantActions::performer() {
+  const auto activeID = [this] {
+    const Profile* active = seams_.model.activeProfile();
+    return active ? std::optional(active->id) : std::nullopt;
+  };
+  return [this, activeID, asking = std::make_shared<std::optional<UUID>>(activeID())](const AssistantCall& call) {
+    std::string reply = perform(call, *asking ? seams_.model.profileWith(**asking) : nullptr);
+    if (call.action == AssistantAction::switchProfile) *asking = activeID();
+    return reply;
+  };
+}
+
+std::string AssistantActions::perform(const AssistantCall& call, const Profile* active) {
   AppModel& model = seams_.model;
   AssistantOutcome outcome = carryOut(call, {.profiles = model.profiles(),
-                                             .active = model.activeProfile(),
+                                             .active = active,
                                              .sessions = seams_.agents.sessions(),
                                              .now = seams_.now(),
                                              .folding = seams_.folding});

@@ -19,10 +19,13 @@ class AssistantActions {
   };
   explicit AssistantActions(Seams seams) : seams_(std::move(seams)) {}
 
-  // Gives the reply.
-  std::string perform(const AssistantCall& call);
+  // For a question that is asked now: carries out its calls and gives the replies, whenever they come. They are for the
+  // profile that is active now, or for the one that the question itself has switched to.
+  std::function<std::string(const AssistantCall& call)> performer();
 
  private:
+  std::string perform(const AssistantCall& call, const Profile* active);
+
   Seams seams_;
 };
 

@@ -11,7 +11,7 @@ AssistantArea::AssistantArea(Seams seams, QObject* parent)
       actions_(seams.actions),
       assistant_({.model = seams.model,
                   .buddy = seams.buddy,
-                  .perform = [this](const AssistantCall& call) { return actions_.perform(call); },
+                  .performer = [this] { return actions_.performer(); },
                   .now = seams.actions.now}),
       server_(seams.defaults, seams.model) {
   keep({this, &assistant_, &server_});

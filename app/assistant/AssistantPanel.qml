@@ -15,8 +15,8 @@ Popover {
     signal copyAsked(string text)
     signal settingsAsked(string tab)
 
-    implicitWidth: Math.round(560 * Theme.textScale)
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitWidth: Scaled.px(560)
+    implicitHeight: Scaled.px(420)
     title: qsTr("Ask Buddy")
     headerHeight: 56
     header.titleInset: 40
@@ -158,7 +158,7 @@ Popover {
 
                 focus: true
                 width: parent.width - send.width - parent.spacing
-                height: Math.round(40 * Theme.textScale)
+                height: Scaled.px(40)
                 hint: qsTr("Ask Buddy")
                 text: root.assistant.prompt
                 onTextChanged: root.assistant.prompt = text

@@ -24,6 +24,11 @@ void store(UserDefaults& defaults, DefaultsDictionary values) {
   report(defaults, [&] { defaults.set(std::move(values)); });
 }
 
+UserDefaults::Keeper storeLater(UserDefaults& defaults, const std::string& key) {
+  if (auto keeper = defaults.keeperFor ? defaults.keeperFor(key) : nullptr) return keeper;
+  return [&defaults, key](const DefaultsValue& value) { store(defaults, key, value); };
+}
+
 void removeStored(UserDefaults& defaults, const std::string& key) {
   report(defaults, [&] { defaults.remove(key); });
 }

@@ -18,6 +18,8 @@ void store(UserDefaults& defaults, const std::string& key, DefaultsValue value);
 // All of them in one write.
 void store(UserDefaults& defaults, DefaultsDictionary values);
 void removeStored(UserDefaults& defaults, const std::string& key);
+// Stores a choice that comes later, as from a dialog, for whoever it was asked for.
+UserDefaults::Keeper storeLater(UserDefaults& defaults, const std::string& key);
 inline void store(UserDefaults& defaults, const std::string& key, int value) {
   store(defaults, key, DefaultsValue{static_cast<std::int64_t>(value)});
 }

@@ -13,7 +13,7 @@ Bubble {
     readonly property int more: center.bubbleMore
     readonly property int actionCount: center.bubble.actions.length
     // The size of the bubble without its tail.
-    readonly property real panelWidth: Math.round(320 * Theme.textScale)
+    readonly property real panelWidth: Scaled.px(320)
     readonly property real panelHeight: words.height + 2 * padding
     readonly property real presence: spring.value
 

@@ -19,8 +19,8 @@ Popover {
     signal settingsAsked(string tab)
     signal ask(string question)
 
-    implicitWidth: Math.round(360 * Theme.textScale)
-    implicitHeight: Math.round(480 * Theme.textScale)
+    implicitWidth: Scaled.px(360)
+    implicitHeight: Scaled.px(480)
     title: qsTr("Inbox")
     headerHeight: 56
     header.titleInset: 40
@@ -124,7 +124,7 @@ Popover {
             required property string section
 
             width: list.width
-            height: Math.round(32 * Theme.textScale)
+            height: Scaled.px(32)
 
             Label {
                 x: Theme.space4 - list.leftMargin
@@ -192,7 +192,7 @@ Popover {
         }
         Item {
             width: foot.width - 2 * foot.leftPadding
-            height: Math.round(40 * Theme.textScale)
+            height: Scaled.px(40)
 
             Symbol {
                 id: moon

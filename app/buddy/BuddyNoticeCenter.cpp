@@ -139,8 +139,8 @@ void BuddyNoticeCenter::closeBubble() {
   changeBubble([this](Instant now) { speech_.bubble.close(now); });
 }
 
-void BuddyNoticeCenter::setPanelOpen(bool isOpen) {
-  changeBubble([&](Instant now) { speech_.bubble.setPanelOpen(isOpen, now); });
+void BuddyNoticeCenter::setInTheWay(bool isInTheWay) {
+  changeBubble([&](Instant now) { speech_.bubble.setInTheWay(isInTheWay, now); });
 }
 
 void BuddyNoticeCenter::setInboxOpen(bool isOpen) {

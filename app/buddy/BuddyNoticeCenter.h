@@ -58,8 +58,8 @@ class BuddyNoticeCenter : public TimedModel {
   void post(const BuddyNotice& notice);
   // Whether the licence allows Buddy; without it he says nothing.
   void setAllowed(bool isAllowed);
-  // A panel of the bar is open: the bubble waits.
-  void setPanelOpen(bool isOpen);
+  // A panel of the bar is open, or a window in full screen is in front: the bubble waits.
+  void setInTheWay(bool isInTheWay);
   // Opening the inbox marks its notices as read.
   void setInboxOpen(bool isOpen);
   void perform(const BuddyAction& action, const BuddyNotice& notice);

@@ -65,7 +65,7 @@ TileFrame {
 
         x: words.visible || count.visible ? 0 : Math.round((parent.width - width) / 2)
         anchors.verticalCenter: parent.verticalCenter
-        size: Math.round(50 * Theme.textScale)
+        size: Scaled.px(50)
         pose: root.center.buddy.pose
         live: root.live
     }

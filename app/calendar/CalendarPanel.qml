@@ -11,8 +11,8 @@ Popover {
 
     signal settingsAsked(string tab)
 
-    implicitWidth: Math.round(400 * Theme.textScale)
-    implicitHeight: Math.round(460 * Theme.textScale)
+    implicitWidth: Scaled.px(400)
+    implicitHeight: Scaled.px(460)
     title: qsTr("Calendar")
     symbol: "calendar"
     headerItems: IconButton {

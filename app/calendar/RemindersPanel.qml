@@ -10,8 +10,8 @@ Popover {
 
     signal settingsAsked(string tab)
 
-    implicitWidth: Math.round(380 * Theme.textScale)
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitWidth: Scaled.px(380)
+    implicitHeight: Scaled.px(420)
     title: qsTr("Reminders")
     symbol: "list.bullet"
     fact: calendar.face.dueTasks > 0 ? qsTr("%1 due").arg(calendar.face.dueTasks) : ""

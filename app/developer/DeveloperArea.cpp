@@ -144,7 +144,7 @@ void DeveloperArea::askForRepository() {
   const QString start =
       git_.face().isChosen ? git_.face().path : QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
   chooseFolder(nullptr, tr("Choose a Git repository."), start, dialogPalette(themeOf(seams_.engine).palette()),
-               [this](const std::string& path) { git_.choose(path); });
+               git_.chooser());
 }
 
 void DeveloperArea::openRepository() { openURL(QUrl::fromLocalFile(git_.face().path)); }

@@ -22,8 +22,8 @@ Popover {
     signal chosen(string id, string address, string title)
     signal pageAsked(string address)
 
-    implicitWidth: Math.round(400 * Theme.textScale)
-    implicitHeight: Math.round(360 * Theme.textScale)
+    implicitWidth: Scaled.px(400)
+    implicitHeight: Scaled.px(360)
     fact: face.problem === "" ? face.subLine : ""
     onAboutToOpen: {
         asked = "";

@@ -14,8 +14,8 @@ DeveloperPanel {
     entries: containers
     title: hasLog ? containers.logTitle : qsTr("Docker")
     symbol: "shippingbox"
-    implicitWidth: Math.round(460 * Theme.textScale)
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitWidth: Scaled.px(460)
+    implicitHeight: Scaled.px(420)
     hasPages: true
     emptyTitle: qsTr("No containers")
     emptySentence: qsTr("Containers appear here once they are created.")

@@ -33,9 +33,11 @@ void GitModel::reload() {
   if (isSeen_) work_.ask();
 }
 
-void GitModel::choose(const std::string& path) {
-  store(seams_.defaults, chosenKey, DefaultsValue{path});
-  reload();
+std::function<void(const std::string&)> GitModel::chooser() {
+  return [this, keep = storeLater(seams_.defaults, chosenKey)](const std::string& path) {
+    keep({path});
+    reload();
+  };
 }
 
 void GitModel::setSeen(bool isSeen) {

@@ -38,7 +38,8 @@ class GitModel : public QObject {
   const GitFace& face() const { return face_; }
   RowList* facts() { return &facts_; }
   void setSeen(bool isSeen);
-  void choose(const std::string& path);
+  // For a dialog: what it chooses is for the profile that is active now.
+  std::function<void(const std::string& path)> chooser();
   // The stored path may be another.
   void reload();
   // Every two seconds.

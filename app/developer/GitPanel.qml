@@ -15,24 +15,30 @@ Popover {
 
     title: face.isChosen ? face.name : qsTr("Git Status")
     symbol: "arrow.triangle.branch"
-    implicitHeight: header.height + Theme.space2 + Theme.space4 + (hasFacts ? column.implicitHeight : empty.implicitHeight)
+    fitted: hasFacts ? column : empty
     onAboutToOpen: git.look()
 
-    Column {
+    Item {
         id: empty
 
-        anchors.centerIn: parent
+        y: Theme.space2
         width: parent.width
-        spacing: Theme.space3
+        height: words.height + Theme.space3 + choose.height
         visible: !root.hasFacts
 
         EmptyState {
+            id: words
+
             width: parent.width
             symbol: root.symbol
             title: !root.face.isChosen ? qsTr("No repository chosen") : root.face.problem !== "" ? root.face.problem : qsTr("Reading…")
             sentence: root.face.isChosen ? root.face.path : qsTr("Choose a folder to see its branch and its changes here.")
         }
         Button {
+            id: choose
+
+            anchors.top: words.bottom
+            anchors.topMargin: Theme.space3
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTr("Choose a Repository…")
             focus: !root.hasFacts

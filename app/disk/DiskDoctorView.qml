@@ -36,7 +36,7 @@ WindowFrame {
             id: header
 
             width: parent.width
-            height: Math.round(81 * Theme.textScale)
+            height: Scaled.px(81)
             doctor: root.doctor
         }
         Item {
@@ -86,7 +86,7 @@ WindowFrame {
             id: footer
 
             width: parent.width
-            height: Math.round(64 * Theme.textScale)
+            height: Scaled.px(64)
             anchors.bottom: parent.bottom
             doctor: root.doctor
         }

@@ -21,7 +21,7 @@ Item {
             top: parent.top
             topMargin: 10
         }
-        height: Math.round(32 * Theme.textScale)
+        height: Scaled.px(32)
         parts: root.explorer.path
         onChosen: id => root.explorer.enter(id)
     }

@@ -6,14 +6,14 @@ import Ambrel.Kit
 FindingRowGround {
     id: root
 
-    implicitHeight: Math.round(40 * Theme.textScale)
+    implicitHeight: Scaled.px(40)
     topInset: 4
     sizeRole: Theme.rowTitle
     symbol: row.isOpen ? "chevron.up" : "chevron.down"
     symbolColor: Theme.ink2
 
     Label {
-        x: root.row.isSelectable ? Math.round(54 * Theme.textScale) : Theme.space6
+        x: root.row.isSelectable ? Scaled.px(54) : Theme.space6
         y: root.middle - height / 2
         text: root.row.title
         role: Theme.rowTitle

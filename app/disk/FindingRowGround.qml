@@ -18,9 +18,9 @@ Item {
     property string symbol
     property color symbolColor: Theme.ink3
     // Where a rule has its symbol and its words, and the rows below it theirs.
-    readonly property real symbolX: Math.round(78 * Theme.textScale)
-    readonly property real wordsX: Math.round(108 * Theme.textScale)
-    readonly property real amountInset: Math.round(54 * Theme.textScale)
+    readonly property real symbolX: Scaled.px(78)
+    readonly property real wordsX: Scaled.px(108)
+    readonly property real amountInset: Scaled.px(54)
     readonly property real middle: topInset + (height - topInset) / 2
     // Where the words of the row end.
     readonly property real wordsEnd: (showsRisk ? pill.x : amount.x) - Theme.space3
@@ -71,7 +71,7 @@ Item {
     Pill {
         id: pill
 
-        x: root.width - Math.round(206 * Theme.textScale)
+        x: root.width - Scaled.px(206)
         y: root.middle - height / 2
         visible: root.showsRisk && root.row.isSelectable
         text: root.row.risk

@@ -6,8 +6,8 @@ import Ambrel.Kit
 FindingRowGround {
     id: root
 
-    implicitHeight: Math.round(48 * Theme.textScale)
-    checkX: Math.round(48 * Theme.textScale)
+    implicitHeight: Scaled.px(48)
+    checkX: Scaled.px(48)
     showsRisk: true
     sizeRole: Theme.listName
     symbol: row.isOpen ? "chevron.up" : "chevron.down"

@@ -66,7 +66,7 @@ FocusScope {
 
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(parent.width - 2 * Theme.space6, Math.round(600 * Theme.textScale))
+        width: Math.min(parent.width - 2 * Theme.space6, Scaled.px(600))
         height: Math.min(parent.height - 2 * root.clearance, head.height + list.contentHeight + buttons.height + 2 * Theme.space5 + 2 * Theme.space4)
 
         Column {
@@ -136,7 +136,7 @@ FocusScope {
                 bottom: parent.bottom
                 bottomMargin: Theme.space5
             }
-            height: Math.round(36 * Theme.textScale)
+            height: Scaled.px(36)
             spacing: Theme.space2
 
             Button {

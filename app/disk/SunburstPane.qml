@@ -40,6 +40,8 @@ Item {
         width: chart.holeDiameter - Theme.space3
 
         Label {
+            id: figure
+
             width: parent.width
             text: root.explorer.spot.size
             role: Theme.figure
@@ -50,6 +52,8 @@ Item {
             Accessible.ignored: true
         }
         Label {
+            // The hole is narrower there.
+            visible: chart.holeDiameter > 2 * (figure.height + height)
             width: parent.width
             text: root.explorer.spot.name
             role: Theme.small

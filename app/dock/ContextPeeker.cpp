@@ -9,6 +9,7 @@ ContextPeeker::ContextPeeker(const AgentsModel& agents, const AppSettings& setti
     : agents_(agents), settings_(settings), peek_(std::move(peek)) {}
 
 void ContextPeeker::check(Instant now) {
+  if (mustWait && mustWait()) return;
   PeekSignals signals;
   for (const AgentSession& session : agents_.sessions())
     if (session.status == AgentStatus::needsInput) signals.waitingSessions.push_back(session.id);

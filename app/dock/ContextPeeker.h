@@ -19,6 +19,8 @@ class ContextPeeker {
   // Called every 10 seconds.
   void check(Instant now);
 
+  // While it says so, nothing brings the bar out. What still holds afterwards does so then.
+  std::function<bool()> mustWait;
   // What the calendar and the water tracker add, once they are there.
   std::function<void(PeekSignals&)> gatherMore;
 

@@ -191,10 +191,12 @@ void DockPanelController::updatePosition() {
   schedule(seams_.now());
 }
 
-bool DockPanelController::isAlwaysVisible() const {
+bool DockPanelController::isScreenFilled() const {
   const auto screen = mainScreen();
-  return settings_.barAlwaysVisible() && !(screen && screen->isFilled);
+  return screen && screen->isFilled;
 }
+
+bool DockPanelController::isAlwaysVisible() const { return settings_.barAlwaysVisible() && !isScreenFilled(); }
 
 void DockPanelController::screensChanged() {
   updatePosition();

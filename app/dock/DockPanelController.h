@@ -101,6 +101,8 @@ class DockPanelController : public QObject {
   bool isEmpty() const { return content_.tiles.empty(); }
   bool isCompositing() const { return seams_.windowStyle.isCompositing(); }
   const BarReveal& revealState() const { return reveal_; }
+  // A window of another program in full screen is in front on the bar's screen.
+  bool isScreenFilled() const;
   QWindow* window() const;
   // Whether a tick is due without the pointer moving.
   bool isTicking() const { return timer_.isActive(); }

@@ -52,8 +52,8 @@ Item {
             anchors.right: parent.right
             anchors.top: parent.top
             anchors.margins: 3
-            width: Math.round(24 * Theme.textScale)
-            height: Math.round(24 * Theme.textScale)
+            width: Scaled.px(24)
+            height: Scaled.px(24)
             radius: width / 2
             color: Theme.red.soft
 

@@ -19,7 +19,7 @@ Menu {
     // As of a Popover.
     property bool fades: true
 
-    implicitWidth: Math.round(216 * Theme.textScale)
+    implicitWidth: Scaled.px(216)
     Accessible.name: qsTr("Menu of the tile")
 
     // As of a Popover.

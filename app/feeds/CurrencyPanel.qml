@@ -10,8 +10,8 @@ Popover {
     readonly property currencyFace face: currency.face
     property bool choosesFrom: false
 
-    implicitWidth: Math.round(400 * Theme.textScale)
-    implicitHeight: Math.round(500 * Theme.textScale)
+    implicitWidth: Scaled.px(400)
+    implicitHeight: Scaled.px(500)
     title: qsTr("Currency")
     symbol: "dollarsign.arrow.circlepath"
     fact: face.day

@@ -11,8 +11,8 @@ Popover {
     required property Presentation presentation
     readonly property storiesFace face: stories.face
 
-    implicitWidth: Math.round(420 * Theme.textScale)
-    implicitHeight: Math.round(460 * Theme.textScale)
+    implicitWidth: Scaled.px(420)
+    implicitHeight: Scaled.px(460)
     title: qsTr("Hacker News")
     symbol: "newspaper"
     fact: face.staleSince !== "" ? face.staleSince : face.updated

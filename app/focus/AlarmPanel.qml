@@ -12,9 +12,11 @@ Popover {
     title: qsTr("Alarm")
     symbol: "alarm"
     fact: root.alarm.face.isOn ? root.alarm.face.time : ""
-    implicitHeight: Math.round(324 * Theme.textScale)
+    fitted: column
 
     PanelColumn {
+        id: column
+
         Section {
             SwitchRow {
                 title: qsTr("Alarm")

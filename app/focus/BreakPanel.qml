@@ -13,7 +13,7 @@ Popover {
 
     title: isForEyes ? qsTr("Eye Break") : qsTr("Stand Up")
     symbol: isForEyes ? "eye" : "figure.stand"
-    implicitHeight: Math.round(226 * Theme.textScale)
+    fitted: column
 
     LiveTimeline {
         schedule: root.reminder.face.isOn ? LiveTimeline.EverySecond : LiveTimeline.Never
@@ -22,6 +22,8 @@ Popover {
     }
 
     PanelColumn {
+        id: column
+
         Section {
             SettingRow {
                 key: root.isForEyes ? "eyeBreakOn" : "standUpOn"

@@ -11,14 +11,16 @@ Popover {
     title: qsTr("Focus Stats")
     symbol: "chart.bar"
     fact: qsTr("%1 this week").arg(root.pomodoro.week.total)
-    implicitHeight: Math.round(236 * Theme.textScale)
+    fitted: column
 
     PanelColumn {
+        id: column
+
         y: Theme.space3
 
         WeekBars {
             width: parent.width
-            height: 120
+            height: Scaled.px(120)
             spacing: 12
             week: root.pomodoro.week.days
         }

@@ -10,7 +10,7 @@ Popover {
 
     title: qsTr("Habits")
     symbol: "checklist"
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitHeight: Scaled.px(420)
 
     Field {
         id: field

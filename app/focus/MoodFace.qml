@@ -9,13 +9,13 @@ Item {
     property real size: 16
     readonly property var tones: [Theme.red, Theme.orange, Theme.yellow, Theme.teal, Theme.green]
 
-    width: size
-    height: size
+    width: Scaled.px(size)
+    height: width
 
     Rectangle {
         visible: root.mood === 0
         anchors.fill: parent
-        anchors.margins: root.size / 12
+        anchors.margins: root.width / 12
         radius: width / 2
         color: "transparent"
         border.width: 1.5

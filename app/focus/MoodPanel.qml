@@ -10,9 +10,11 @@ Popover {
 
     title: qsTr("How do you feel today?")
     symbol: "face.smiling"
-    implicitHeight: Math.round(150 * Theme.textScale)
+    fitted: faces
 
     Row {
+        id: faces
+
         anchors.horizontalCenter: parent.horizontalCenter
         y: Theme.space2
         spacing: Theme.space1
@@ -30,8 +32,8 @@ Popover {
                 label: root.mood.nameOf(value)
                 accessibleRole: Accessible.RadioButton
                 Accessible.checked: isChosen
-                implicitWidth: Math.round(60 * Theme.textScale)
-                implicitHeight: Math.round(72 * Theme.textScale)
+                implicitWidth: Scaled.px(60)
+                implicitHeight: Scaled.px(72)
                 onClicked: {
                     root.mood.setToday(value);
                     root.closeRequested();

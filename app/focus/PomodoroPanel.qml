@@ -13,7 +13,7 @@ Popover {
     title: pomodoro.face.phaseTitle
     symbol: "timer"
     fact: qsTr("%1 today").arg(root.pomodoro.face.sessionsToday)
-    implicitHeight: Math.round(394 * Theme.textScale)
+    fitted: column
 
     LiveTimeline {
         schedule: root.pomodoro.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
@@ -21,48 +21,42 @@ Popover {
         onTicked: Qt.callLater(root.pomodoro.update) // qmllint disable
     }
 
-    Row {
-        id: controls
-        x: Theme.space4
-        y: Theme.space2
-        width: parent.width - 2 * Theme.space4
-        spacing: Theme.space2
+    PanelColumn {
+        id: column
 
-        TickingText {
-            width: parent.width - start.width - skip.width - reset.width - 3 * parent.spacing
-            height: Math.round(32 * Theme.textScale)
-            text: root.pomodoro.face.remaining
-            widest: root.pomodoro.face.remaining.replace(/[0-9]/g, "0")
-            font: Theme.headline.font
-            color: Theme.ink
-        }
-        Button {
-            id: start
-            kind: Button.Primary
-            text: root.pomodoro.face.isRunning ? qsTr("Pause") : root.pomodoro.face.isPaused ? qsTr("Resume") : qsTr("Start")
-            onClicked: root.pomodoro.toggle()
-        }
-        IconButton {
-            id: skip
-            size: 32
-            symbol: "forward.fill"
-            label: qsTr("Skip to the next phase")
-            onClicked: root.pomodoro.skip()
-        }
-        IconButton {
-            id: reset
-            size: 32
-            symbol: "arrow.counterclockwise"
-            label: qsTr("Restart the phase")
-            onClicked: root.pomodoro.reset()
-        }
-    }
+        Row {
+            width: parent.width
+            spacing: Theme.space2
 
-    ScrollView {
-        anchors.fill: parent
-        anchors.topMargin: controls.y + controls.height + Theme.space3
-        padding: Theme.space4
-
+            TickingText {
+                width: parent.width - start.width - skip.width - reset.width - 3 * parent.spacing
+                height: start.height
+                text: root.pomodoro.face.remaining
+                widest: root.pomodoro.face.remaining.replace(/[0-9]/g, "0")
+                font: Theme.headline.font
+                color: Theme.ink
+            }
+            Button {
+                id: start
+                kind: Button.Primary
+                text: root.pomodoro.face.isRunning ? qsTr("Pause") : root.pomodoro.face.isPaused ? qsTr("Resume") : qsTr("Start")
+                onClicked: root.pomodoro.toggle()
+            }
+            IconButton {
+                id: skip
+                size: 32
+                symbol: "forward.fill"
+                label: qsTr("Skip to the next phase")
+                onClicked: root.pomodoro.skip()
+            }
+            IconButton {
+                id: reset
+                size: 32
+                symbol: "arrow.counterclockwise"
+                label: qsTr("Restart the phase")
+                onClicked: root.pomodoro.reset()
+            }
+        }
         Section {
             SettingRow {
                 key: "pomodoroFocus"

@@ -10,7 +10,7 @@ Pressable {
     property string symbol
 
     tip: label
-    implicitWidth: Math.round(32 * Theme.textScale)
+    implicitWidth: Scaled.px(32)
     implicitHeight: implicitWidth
     scale: down ? Theme.pressScale : 1
 

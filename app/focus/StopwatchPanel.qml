@@ -11,7 +11,7 @@ Popover {
 
     title: qsTr("Stopwatch")
     symbol: "stopwatch"
-    implicitHeight: Math.round(164 * Theme.textScale)
+    fitted: buttons
 
     LiveTimeline {
         schedule: root.stopwatch.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
@@ -23,7 +23,7 @@ Popover {
         id: time
         y: Theme.space2
         width: parent.width
-        height: Math.round(36 * Theme.textScale)
+        height: Scaled.px(36)
         alignment: Qt.AlignHCenter
         text: root.stopwatch.face.elapsed
         widest: root.stopwatch.face.elapsed.replace(/[0-9]/g, "0")
@@ -31,6 +31,8 @@ Popover {
         color: Theme.ink
     }
     Row {
+        id: buttons
+
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: time.bottom
         anchors.topMargin: Theme.space3

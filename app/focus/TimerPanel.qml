@@ -13,7 +13,7 @@ Popover {
     title: qsTr("Timer")
     symbol: "hourglass"
     fact: root.timer.face.isRunning ? root.timer.face.remaining : root.timer.face.detail
-    implicitHeight: Math.round(284 * Theme.textScale)
+    fitted: column
 
     LiveTimeline {
         schedule: root.timer.face.isRunning ? LiveTimeline.EverySecond : LiveTimeline.Never
@@ -22,6 +22,8 @@ Popover {
     }
 
     PanelColumn {
+        id: column
+
         Flow {
             width: parent.width
             spacing: Theme.space2

@@ -11,16 +11,18 @@ Popover {
 
     title: qsTr("Drink Water")
     symbol: "drop.fill"
-    implicitHeight: Math.round(302 * Theme.textScale)
+    fitted: column
 
     PanelColumn {
+        id: column
+
         Meter {
             width: parent.width
             value: Math.min(100, root.water.face.percent)
             tone: root.water.face.isGoalMet ? Theme.green : Theme.blue
             thickness: 6
             figure: qsTr("%1 of %2").arg(root.water.face.count).arg(root.water.face.goal)
-            figureWidth: 56
+            figureWidth: Scaled.px(56)
         }
         Row {
             spacing: Theme.space2
@@ -54,7 +56,6 @@ Popover {
                 key: "waterInterval"
                 title: qsTr("Remind after")
                 visible: root.water.face.remindersOn
-                height: visible ? implicitHeight : 0
                 step: 5
                 unit: qsTr("min")
             }

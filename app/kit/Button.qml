@@ -39,7 +39,7 @@ Pressable {
 
     label: text
     tip: title.truncated ? text : ""
-    implicitHeight: Math.max(Math.round(size * Theme.textScale), title.height + 8)
+    implicitHeight: Math.max(Scaled.px(size), title.height + 8)
     implicitWidth: Math.ceil(title.implicitWidth) + 2 * Theme.space3 + (symbol === "" ? 0 : icon.width + 6)
     scale: down ? Theme.pressScale : 1
 

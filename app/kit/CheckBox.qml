@@ -15,7 +15,7 @@ Pressable {
     Accessible.checked: checkState === Qt.Checked
     Accessible.checkStateMixed: checkState === Qt.PartiallyChecked
     Accessible.onToggleAction: root.press()
-    implicitWidth: Math.round(18 * Theme.textScale)
+    implicitWidth: Scaled.px(18)
     implicitHeight: implicitWidth
     opacity: enabled ? 1 : 0.5
     onClicked: root.toggled(root.checkState !== Qt.Checked)

@@ -9,7 +9,7 @@ Rectangle {
     property bool isHovered: false
     property bool isLocked: false
 
-    implicitWidth: Math.round(22 * Theme.textScale)
+    implicitWidth: Scaled.px(22)
     implicitHeight: implicitWidth
     radius: width / 2
     color: Theme.panel

@@ -21,7 +21,7 @@ Item {
         spacing: Theme.space1
 
         Rectangle {
-            width: Math.round(56 * Theme.textScale)
+            width: Scaled.px(56)
             height: width
             radius: width / 2
             color: Theme.card

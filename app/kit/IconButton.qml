@@ -13,7 +13,7 @@ Pressable {
     property bool isOn: false
 
     tip: label
-    implicitWidth: Math.round(size * Theme.textScale)
+    implicitWidth: Scaled.px(size)
     implicitHeight: implicitWidth
     scale: down ? Theme.pressScale : 1
 

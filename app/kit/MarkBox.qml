@@ -12,7 +12,7 @@ Rectangle {
     readonly property bool hasPicture: String(picture) !== ""
     readonly property bool isEmpty: symbol === "" && letter === "" && !hasPicture
 
-    implicitWidth: Math.round(32 * Theme.textScale)
+    implicitWidth: Scaled.px(32)
     implicitHeight: implicitWidth
     radius: Theme.radiusButton
     color: tone ? tone.soft : Theme.card
@@ -36,7 +36,7 @@ Rectangle {
     }
     Image {
         anchors.centerIn: parent
-        width: Math.round(20 * Theme.textScale)
+        width: Scaled.px(20)
         height: width
         sourceSize.width: 2 * width
         sourceSize.height: 2 * width

@@ -10,8 +10,8 @@ Item {
     property string figure
     property Tone tone: Theme.teal
     property int thickness: 4
-    property int labelWidth: label === "" ? 0 : Math.round(44 * Theme.textScale)
-    property int figureWidth: figure === "" ? 0 : Math.round(34 * Theme.textScale)
+    property int labelWidth: label === "" ? 0 : Scaled.px(44)
+    property int figureWidth: figure === "" ? 0 : Scaled.px(34)
     property real markOpacity: 1
     property color figureColor: Theme.ink
 

@@ -26,6 +26,8 @@ Item {
         spacing: 10
 
         Symbol {
+            id: mark
+
             name: root.symbol
             visible: root.symbol !== ""
             size: 20
@@ -35,7 +37,7 @@ Item {
         TipLabel {
             text: root.title
             role: Theme.panelTitle
-            width: Math.min(Math.ceil(implicitWidth), Math.max(0, extras.x - titleRow.x - 30 - Theme.space3))
+            width: Math.min(Math.ceil(implicitWidth), Math.max(0, extras.x - titleRow.x - (mark.visible ? mark.width + titleRow.spacing : 0) - Theme.space3))
             anchors.verticalCenter: parent.verticalCenter
             Accessible.role: Accessible.Heading
         }

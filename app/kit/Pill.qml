@@ -24,7 +24,7 @@ Rectangle {
 
         Rectangle {
             visible: root.hasDot && root.symbol === ""
-            width: Math.round(6 * Theme.textScale)
+            width: Scaled.px(6)
             height: width
             radius: width / 2
             color: root.tone.mark

@@ -18,6 +18,10 @@ FocusScope {
     // It grows with the text.
     property int headerHeight: 48
     property int radius: Theme.radiusPanel
+    // What the panel is as tall as, with so much below it. One whose content scrolls says its own height.
+    property Item fitted: null
+    property real footHeight: 0
+    readonly property real fittedHeight: fitted ? Math.ceil(header.height + fitted.y + fitted.height + footHeight) + Theme.space4 + 2 : 0
     readonly property int shadowMargin: 48
     // 0 while closed, 1 while open, between them while it moves; a little more where the spring swings over.
     readonly property real presence: spring.value
@@ -32,7 +36,8 @@ FocusScope {
     signal closeRequested
 
     // Of a tile's panel; larger ones say their own.
-    implicitWidth: Math.round(340 * Theme.textScale)
+    implicitWidth: Scaled.px(340)
+    implicitHeight: fittedHeight
     Accessible.role: Accessible.Dialog
     Accessible.name: title
     opacity: !fades ? 1 : open ? spring.opacity : 0
@@ -69,7 +74,7 @@ FocusScope {
     PanelHeader {
         id: header
         visible: root.hasHeader
-        height: visible ? Math.round(root.headerHeight * Theme.textScale) : 0
+        height: root.hasHeader ? Scaled.px(root.headerHeight) : 0
         width: parent.width
         title: root.title
         symbol: root.symbol

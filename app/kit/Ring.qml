@@ -12,7 +12,7 @@ Item {
     property real markOpacity: 1
     property color figureColor: Theme.ink
 
-    implicitWidth: Math.round(36 * Theme.textScale)
+    implicitWidth: Scaled.px(36)
     implicitHeight: implicitWidth
     Accessible.role: Accessible.ProgressBar
     Accessible.name: figure

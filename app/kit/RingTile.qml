@@ -21,13 +21,13 @@ TileFrame {
     value: isSmall ? "" : rounded
     unit: isSmall || !isKnown ? "" : "%"
     subLine: isSmall ? "" : !isKnown ? qsTr("Measuring…") : span === TileFrame.ExtraLarge ? details : shortDetails
-    reserved: isSmall || !isKnown ? 0 : Math.round(36 * Theme.textScale)
+    reserved: isSmall || !isKnown ? 0 : Scaled.px(36)
 
     Ring {
         visible: root.isSmall || root.isKnown
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
         y: root.isSmall ? 0 : parent.height - height
-        width: Math.round((root.isSmall ? 36 : 32) * Theme.textScale)
+        width: Scaled.px(root.isSmall ? 36 : 32)
         height: width
         value: root.percent
         figure: root.isSmall ? root.rounded : ""
@@ -37,7 +37,7 @@ TileFrame {
     Label {
         visible: root.isSmall
         x: (parent.width - width) / 2
-        y: Math.round(38 * Theme.textScale)
+        y: Scaled.px(38)
         width: Math.min(implicitWidth, parent.width)
         text: root.name
         role: Theme.caption

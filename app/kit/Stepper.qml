@@ -29,7 +29,7 @@ FocusScope {
     }
 
     implicitWidth: row.width
-    implicitHeight: Math.round(32 * Theme.textScale)
+    implicitHeight: Scaled.px(32)
     activeFocusOnTab: true
     Accessible.role: Accessible.SpinBox
     Accessible.name: label + ", " + text
@@ -73,7 +73,7 @@ FocusScope {
                 root.move(-1)
         }
         TipLabel {
-            width: Math.round(root.textWidth * Theme.textScale)
+            width: Scaled.px(root.textWidth)
             text: root.text
             role: Theme.rowTitle
             horizontalAlignment: Text.AlignHCenter

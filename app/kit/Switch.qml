@@ -13,8 +13,8 @@ Pressable {
     Accessible.checkable: true
     Accessible.checked: checked
     Accessible.onToggleAction: root.press()
-    implicitWidth: Math.round(36 * Theme.textScale)
-    implicitHeight: Math.round(20 * Theme.textScale)
+    implicitWidth: Scaled.px(36)
+    implicitHeight: Scaled.px(20)
     opacity: enabled ? 1 : 0.5
     onClicked: root.toggled(!root.checked)
 
@@ -26,7 +26,7 @@ Pressable {
         border.color: Theme.ink3
 
         Rectangle {
-            width: Math.round((root.checked ? 14 : 12) * Theme.textScale)
+            width: Scaled.px(root.checked ? 14 : 12)
             height: width
             radius: width / 2
             x: root.checked ? parent.width - width - (parent.height - height) / 2 : (parent.height - height) / 2

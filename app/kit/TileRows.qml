@@ -33,7 +33,7 @@ Item {
     TickingText {
         id: figure
         visible: !root.isWordy
-        y: root.isSmall ? Math.round(19 * Theme.textScale) : Theme.caption.line
+        y: root.isSmall ? Scaled.px(19) : Theme.caption.line
         x: root.isSmall ? Math.round((root.width - width) / 2) : 0
         height: root.isSmall ? Theme.rowTitle.line : root.isUnavailable ? Theme.value.line : root.valueRole.line
         width: Math.min(implicitWidth, room)

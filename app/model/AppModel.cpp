@@ -209,8 +209,11 @@ void AppModel::placeItem(const DockItem& item, const UUID& profileID, const std:
 
 void AppModel::setSlotSetting(std::string_view key, const std::optional<DefaultsValue>& value) {
   // One that was deleted keeps nothing, but the others go on showing what they show.
-  if (activeID_)
-    edit([&](auto& profiles) { return ambrel::setSlotSetting(profiles, *activeID_, key, value, defaults_.all()); });
+  if (activeID_) setSlotSetting(*activeID_, key, value);
+}
+
+void AppModel::setSlotSetting(const UUID& profileID, std::string_view key, const std::optional<DefaultsValue>& value) {
+  edit([&](auto& profiles) { return ambrel::setSlotSetting(profiles, profileID, key, value, defaults_.all()); });
 }
 
 UUID AppModel::addProfile(std::string name, std::optional<DisplayContext> trigger) {

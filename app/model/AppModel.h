@@ -56,6 +56,8 @@ class AppModel : public QObject {
 
   // Null when there are no profiles. Lives until the next change.
   const Profile* activeProfile() const;
+  // Null where there is none with that id. Lives until the next change.
+  const Profile* profileWith(const UUID& id) const;
 
   // With an id that is unknown these do nothing at all.
   void addWidget(const std::string& widget, const UUID& profileID, const std::optional<UUID>& beforeItemID);
@@ -67,6 +69,7 @@ class AppModel : public QObject {
   // What the active profile's tiles show from now on for a key of `slotSettingKeys`. The defaults have what was chosen
   // before.
   void setSlotSetting(std::string_view key, const std::optional<DefaultsValue>& value);
+  void setSlotSetting(const UUID& profileID, std::string_view key, const std::optional<DefaultsValue>& value);
   UUID addProfile(std::string name, std::optional<DisplayContext> trigger);
   void deleteProfile(const UUID& id);
   // An empty name changes nothing.
@@ -127,7 +130,6 @@ class AppModel : public QObject {
   bool edit(auto change);
   // As edit, for the tiles of a profile. Absent: nothing differs.
   std::optional<BarEdit> editTiles(const UUID& profileID, auto change);
-  const Profile* profileWith(const UUID& id) const;
   // The profile that is to be active.
   std::optional<UUID> resolvedID() const;
   // Makes another profile the active one, if another is to be.

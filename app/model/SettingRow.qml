@@ -50,7 +50,7 @@ SectionRow {
         id: line
 
         Field {
-            width: Math.round(260 * Theme.textScale)
+            width: Scaled.px(260)
             label: root.controlLabel
             hint: root.hint === "" ? root.controlLabel : root.hint
             text: setting.value

@@ -7,8 +7,7 @@
 namespace ambrel {
 namespace {
 
-const std::optional<DefaultsValue>* chosen(const AppModel& model, std::string_view key) {
-  const Profile* profile = model.activeProfile();
+const std::optional<DefaultsValue>* chosen(const Profile* profile, std::string_view key) {
   return profile ? slotSetting(*profile, key) : nullptr;
 }
 
@@ -16,7 +15,7 @@ const std::optional<DefaultsValue>* chosen(const AppModel& model, std::string_vi
 SlotSettings present(const AppModel& model) {
   SlotSettings all;
   for (const std::string_view key : slotSettingKeys())
-    if (const auto* value = chosen(model, key)) all.emplace(key, *value);
+    if (const auto* value = chosen(model.activeProfile(), key)) all.emplace(key, *value);
   return all;
 }
 
@@ -25,7 +24,7 @@ SlotSettings present(const AppModel& model) {
 SlotChoices::SlotChoices(AppModel& model, UserDefaults& defaults, QObject* parent)
     : QObject(parent), model_(model), defaults_(defaults), told_(present(model)) {
   defaults_.keptElsewhere = [this](const std::string& key) -> std::optional<const DefaultsValue*> {
-    const auto* value = chosen(model_, key);
+    const auto* value = chosen(model_.activeProfile(), key);
     if (!value) return std::nullopt;
     return *value ? &**value : nullptr;
   };
@@ -33,20 +32,36 @@ SlotChoices::SlotChoices(AppModel& model, UserDefaults& defaults, QObject* paren
     // Who stores it knows of it.
     if (std::exchange(isStoring_, true)) return;
     model_.setSlotSetting(key, value ? std::optional(*value) : std::nullopt);
-    shareWhatBelongsTo(key);
+    shareWhatBelongsTo(key, model_.activeProfile());
     isStoring_ = false;
   };
+  defaults_.keeperFor = [this](const std::string& key) { return keeperFor(key); };
   connect(&model_, &AppModel::activeProfileChanged, this, &SlotChoices::compare);
 }
 
 SlotChoices::~SlotChoices() {
   defaults_.keptElsewhere = nullptr;
   defaults_.onChosen = nullptr;
+  defaults_.keeperFor = nullptr;
 }
 
-void SlotChoices::shareWhatBelongsTo(std::string_view key) {
+UserDefaults::Keeper SlotChoices::keeperFor(const std::string& key) {
+  const Profile* asking = model_.activeProfile();
+  if (!asking || !hasSlotFor(*asking, key)) return nullptr;
+  return [this, id = asking->id, key](const DefaultsValue& value) {
+    const Profile* profile = model_.profileWith(id);
+    if (!profile || !hasSlotFor(*profile, key)) return;
+    isStoring_ = true;
+    model_.setSlotSetting(id, key, value);
+    shareWhatBelongsTo(key, model_.profileWith(id));
+    store(defaults_, key, value);
+    isStoring_ = false;
+  };
+}
+
+void SlotChoices::shareWhatBelongsTo(std::string_view key, const Profile* profile) {
   for (const std::string_view other : keysChosenWith(key)) {
-    const auto* value = other == key ? nullptr : chosen(model_, other);
+    const auto* value = other == key ? nullptr : chosen(profile, other);
     if (!value) continue;
     if (*value)
       store(defaults_, std::string(other), **value);

@@ -10,7 +10,9 @@
 namespace ambrel {
 
 // From now on a model that reads one of these keys gets what is chosen in the active profile, if anything is. What it
-// stores is that profile's choice; it is also written to the defaults, where a tile that is added later finds it.
+// stores is that profile's choice; it is also written to the defaults, where a tile that is added later finds it. What
+// is asked for now and chosen later is the choice of the profile that asked, or of none when that one, or its tile, is
+// gone by then.
 class SlotChoices : public QObject {
   Q_OBJECT
 
@@ -25,8 +27,9 @@ class SlotChoices : public QObject {
 
  private:
   void compare();
+  UserDefaults::Keeper keeperFor(const std::string& key);
   // So that a tile that is added later finds no title with the date of another profile.
-  void shareWhatBelongsTo(std::string_view key);
+  void shareWhatBelongsTo(std::string_view key, const Profile* profile);
 
   AppModel& model_;
   UserDefaults& defaults_;

@@ -27,7 +27,7 @@ FocusScope {
     }
     PanelGround {
         anchors.centerIn: parent
-        width: Math.min(parent.width - 2 * Theme.space6, Math.round(460 * Theme.textScale))
+        width: Math.min(parent.width - 2 * Theme.space6, Scaled.px(460))
         height: column.height + 2 * Theme.space5
 
         Column {

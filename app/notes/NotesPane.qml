@@ -100,7 +100,7 @@ Item {
             bottom: buttons.top
             bottomMargin: Theme.space3
         }
-        height: Math.round(28 * Theme.textScale)
+        height: Scaled.px(28)
         spacing: Theme.space1
 
         IconButton {

@@ -38,7 +38,7 @@ Item {
         }
     ]
 
-    implicitHeight: Math.round(48 * Theme.textScale)
+    implicitHeight: Scaled.px(48)
 
     Row {
         anchors.verticalCenter: parent.verticalCenter

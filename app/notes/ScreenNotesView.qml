@@ -98,7 +98,7 @@ WindowFrame {
                 right: line.left
                 bottom: parent.bottom
             }
-            height: Math.round(36 * Theme.textScale)
+            height: Scaled.px(36)
 
             Label {
                 x: Theme.space4

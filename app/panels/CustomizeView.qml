@@ -16,8 +16,8 @@ Popover {
     // Its window is about to come.
     property bool isReady: false
 
-    implicitWidth: Math.round(760 * Theme.textScale)
-    implicitHeight: Math.round(480 * Theme.textScale)
+    implicitWidth: Scaled.px(760)
+    implicitHeight: Scaled.px(480)
     onAboutToOpen: isReady = true
     title: qsTr("Customize")
     symbol: "square.grid.2x2"
@@ -37,7 +37,7 @@ Popover {
 
     headerItems: Field {
         id: search
-        width: Math.round(232 * Theme.textScale)
+        width: Scaled.px(232)
         anchors.verticalCenter: parent.verticalCenter
         hint: qsTr("Search tiles")
         isSearch: true
@@ -49,7 +49,7 @@ Popover {
 
     ProfileColumn {
         id: profiles
-        width: Math.round(168 * Theme.textScale)
+        width: Scaled.px(168)
         height: foot.y
         model: root.model
         onMenuWanted: row => menu.openFor(row)
@@ -73,7 +73,7 @@ Popover {
         id: foot
         y: parent.height - height
         width: parent.width
-        height: Math.round(52 * Theme.textScale)
+        height: Scaled.px(52)
 
         Rectangle {
             width: parent.width

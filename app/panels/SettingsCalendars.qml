@@ -22,7 +22,7 @@ SettingsPage {
             detailColor: root.problem !== "" ? Theme.red.text : Theme.ink2
 
             Field {
-                width: Math.round(260 * Theme.textScale)
+                width: Scaled.px(260)
                 label: qsTr("Add a calendar")
                 hint: qsTr("~/folder or https://…")
                 symbol: "plus"

@@ -31,7 +31,7 @@ Pressable {
     }
     Label {
         id: word
-        y: Theme.space2 + Math.round(22 * Theme.textScale)
+        y: Theme.space2 + Scaled.px(22)
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.text
         role: root.isChosen ? Theme.captionStrong : Theme.caption

@@ -80,8 +80,8 @@ Popover {
     signal purchaseAsked
     signal copyAsked(string text)
 
-    implicitWidth: Math.round(780 * Theme.textScale)
-    implicitHeight: Math.round(560 * Theme.textScale)
+    implicitWidth: Scaled.px(780)
+    implicitHeight: Scaled.px(560)
     title: qsTr("Settings")
     symbol: "gearshape.fill"
     hasFullRule: true
@@ -98,7 +98,7 @@ Popover {
 
     headerItems: Field {
         id: search
-        width: Math.round(220 * Theme.textScale)
+        width: Scaled.px(220)
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
         isSearch: true
         focus: true

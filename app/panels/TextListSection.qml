@@ -28,7 +28,7 @@ Section {
         searchWords: root.texts.join(" ")
 
         Field {
-            width: Math.round(240 * Theme.textScale)
+            width: Scaled.px(240)
             label: root.title
             hint: root.hint
             symbol: "plus"

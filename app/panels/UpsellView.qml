@@ -7,8 +7,8 @@ Popover {
 
     signal purchaseAsked
 
-    implicitWidth: Math.round(400 * Theme.textScale)
-    implicitHeight: Math.max(Math.round(336 * Theme.textScale), header.height + words.height + buttons.height + 3 * Theme.space4)
+    implicitWidth: Scaled.px(400)
+    implicitHeight: Math.max(Scaled.px(336), header.height + words.height + buttons.height + 3 * Theme.space4)
     title: qsTr("Tilebay Pro")
     symbol: "star.fill"
 

@@ -14,8 +14,8 @@ Item {
 
     Rectangle {
         id: box
-        width: Math.round(36 * Theme.textScale)
-        height: Math.round(36 * Theme.textScale)
+        width: Scaled.px(36)
+        height: Scaled.px(36)
         radius: Theme.radiusButton
         color: Theme.card
         anchors.verticalCenter: parent.verticalCenter

@@ -24,8 +24,8 @@ Popover {
     onCustomizeAsked: finished()
     onAboutToOpen: page = 0
 
-    implicitWidth: Math.round(480 * Theme.textScale)
-    implicitHeight: Math.round(500 * Theme.textScale)
+    implicitWidth: Scaled.px(480)
+    implicitHeight: Scaled.px(500)
     hasHeader: false
     title: qsTr("Welcome to Tilebay")
     Accessible.name: title

@@ -15,7 +15,7 @@ OverlayMenu {
         id: heading
 
         width: parent.width
-        height: Math.round(30 * Theme.textScale)
+        height: Scaled.px(30)
 
         Label {
             x: 10

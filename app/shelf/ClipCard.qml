@@ -85,7 +85,7 @@ Item {
             leftMargin: Theme.space3
             rightMargin: Theme.space3
         }
-        height: Math.round(32 * Theme.textScale)
+        height: Scaled.px(32)
 
         TipLabel {
             id: footLabel

@@ -14,7 +14,7 @@ Item {
 
     signal pinToggled
 
-    height: Math.round(36 * Theme.textScale)
+    height: Scaled.px(36)
 
     Symbol {
         id: icon

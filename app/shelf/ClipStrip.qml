@@ -109,7 +109,7 @@ FocusScope {
         return true;
     }
 
-    implicitHeight: Math.round(184 * Theme.textScale) + 2 * margin
+    implicitHeight: Scaled.px(184) + 2 * margin
     activeFocusOnTab: true
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Clips")

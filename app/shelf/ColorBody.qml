@@ -13,7 +13,7 @@ Item {
 
         x: Theme.space3
         width: parent.width - 2 * Theme.space3
-        height: Math.round(64 * Theme.textScale)
+        height: Scaled.px(64)
         radius: Theme.radiusButton
         color: root.face.swatch
         border.width: 1

@@ -33,7 +33,7 @@ FocusScope {
     Field {
         id: search
 
-        width: Math.round(232 * Theme.textScale)
+        width: Scaled.px(232)
         anchors.verticalCenter: parent.verticalCenter
         isSearch: true
         walks: true

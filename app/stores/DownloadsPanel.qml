@@ -12,8 +12,8 @@ Popover {
     required property Presentation presentation
     readonly property folderFace face: downloads.face
 
-    implicitWidth: Math.round(380 * Theme.textScale)
-    implicitHeight: Math.round(440 * Theme.textScale)
+    implicitWidth: Scaled.px(380)
+    implicitHeight: Scaled.px(440)
     title: qsTr("Downloads")
     symbol: "arrow.down.circle"
     onAboutToOpen: downloads.look()

@@ -132,9 +132,11 @@ ChosenFolder::ChosenFolder(UserDefaults& defaults, Seams seams, Shell& shell, QO
 
 void ChosenFolder::reload() { setPath(storedFolder(defaults_, key)); }
 
-void ChosenFolder::choose(const std::string& path) {
-  store(defaults_, key, DefaultsValue{path});
-  reload();
+std::function<void(const std::string&)> ChosenFolder::chooser() {
+  return [this, keep = storeLater(defaults_, key)](const std::string& path) {
+    keep({path});
+    reload();
+  };
 }
 
 }  // namespace ambrel

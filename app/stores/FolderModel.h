@@ -113,7 +113,8 @@ class ChosenFolder : public ambrel::FolderModel {
   // All outlive it.
   ChosenFolder(UserDefaults& defaults, Seams seams, Shell& shell, QObject* parent = nullptr);
 
-  void choose(const std::string& path);
+  // For a dialog: what it chooses is for the profile that is active now.
+  std::function<void(const std::string& path)> chooser();
   // The stored path may be another.
   void reload();
 

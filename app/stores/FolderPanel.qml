@@ -12,8 +12,8 @@ Popover {
     required property Presentation presentation
     readonly property folderFace face: chosenFolder.face
 
-    implicitWidth: Math.round(380 * Theme.textScale)
-    implicitHeight: Math.round(440 * Theme.textScale)
+    implicitWidth: Scaled.px(380)
+    implicitHeight: Scaled.px(440)
     title: face.isChosen ? face.name : qsTr("Folder")
     symbol: "folder"
     onAboutToOpen: chosenFolder.look()

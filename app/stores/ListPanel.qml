@@ -42,8 +42,8 @@ Popover {
             field.forceActiveFocus();
     }
 
-    implicitWidth: Math.round(380 * Theme.textScale)
-    implicitHeight: Math.round(440 * Theme.textScale)
+    implicitWidth: Scaled.px(380)
+    implicitHeight: Scaled.px(440)
     // It is closed for the first time before it has its list.
     onOpenChanged: if (!open && entries)
         entries.finish()

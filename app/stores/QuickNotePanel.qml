@@ -10,8 +10,8 @@ Popover {
 
     signal copyAsked(string text)
 
-    implicitWidth: Math.round(400 * Theme.textScale)
-    implicitHeight: Math.round(340 * Theme.textScale)
+    implicitWidth: Scaled.px(400)
+    implicitHeight: Scaled.px(340)
     title: qsTr("Quick Note")
     symbol: "note.text"
     onAboutToOpen: box.toEnd()

@@ -92,18 +92,21 @@ void ShortcutModel::run() {
                      QStringLiteral("exclamationmark.triangle"));
 }
 
-void ShortcutModel::addScript(const std::string& path) {
-  if (!seams_.launcher.find(path)) {
-    shell_.showToast(tr("%1 cannot be run").arg(fileName(path)), tr("The file is not marked as a program."),
-                     QStringLiteral("exclamationmark.triangle"));
-    return;
-  }
-  std::vector<std::string> all = scripts();
-  if (std::ranges::find(all, path) == all.end()) {
-    all.push_back(path);
-    store(seams_.defaults, scriptsKey, stored(all));
-  }
-  choose(toQString(path));
+std::function<void(const std::string&)> ShortcutModel::scriptChooser() {
+  return [this, keep = storeLater(seams_.defaults, chosenKey)](const std::string& path) {
+    if (!seams_.launcher.find(path)) {
+      shell_.showToast(tr("%1 cannot be run").arg(fileName(path)), tr("The file is not marked as a program."),
+                       QStringLiteral("exclamationmark.triangle"));
+      return;
+    }
+    std::vector<std::string> all = scripts();
+    if (std::ranges::find(all, path) == all.end()) {
+      all.push_back(path);
+      store(seams_.defaults, scriptsKey, stored(all));
+    }
+    keep({path});
+    reload();
+  };
 }
 
 void ShortcutModel::removeScript(const QString& id) {

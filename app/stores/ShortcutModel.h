@@ -70,7 +70,8 @@ class ShortcutModel : public QObject {
   // That of the first row, if there is one.
   Q_INVOKABLE void chooseFirst();
   Q_INVOKABLE void run();
-  void addScript(const std::string& path);
+  // For a dialog: the script that it adds is chosen for the profile that is active now.
+  std::function<void(const std::string& path)> scriptChooser();
   Q_INVOKABLE void removeScript(const QString& id);
   Q_INVOKABLE void undo();
 

@@ -14,8 +14,8 @@ Popover {
     // A script was removed since the panel was made.
     property bool hasRemoved: false
 
-    implicitWidth: Math.round(400 * Theme.textScale)
-    implicitHeight: Math.round(460 * Theme.textScale)
+    implicitWidth: Scaled.px(400)
+    implicitHeight: Scaled.px(460)
     title: qsTr("Shortcuts")
     symbol: "command"
     onAboutToOpen: shortcut.search(field.text)

@@ -88,13 +88,13 @@ void StoresArea::askForFolder() {
   const QString start = chosenFolder_.face().isChosen ? chosenFolder_.face().path
                                                       : QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
   chooseFolder(nullptr, tr("Choose a folder for the tile."), start, dialogPalette(themeOf(engine_).palette()),
-               [this](const std::string& path) { chosenFolder_.choose(path); });
+               chosenFolder_.chooser());
 }
 
 void StoresArea::askForScript() {
   chooseFile(nullptr, tr("Choose a script or a program."),
              QStandardPaths::writableLocation(QStandardPaths::HomeLocation), dialogPalette(themeOf(engine_).palette()),
-             [this](const std::string& path) { shortcut_.addScript(path); });
+             shortcut_.scriptChooser());
 }
 
 void StoresArea::dragOut(FolderModel* folder, const QString& rowId, QQuickItem* row) {

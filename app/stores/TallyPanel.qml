@@ -8,8 +8,8 @@ Popover {
 
     required property TallyCounter tally
 
-    implicitWidth: Math.round(280 * Theme.textScale)
-    implicitHeight: header.height + column.height + 2 * Theme.space4
+    implicitWidth: Scaled.px(280)
+    fitted: column
     title: qsTr("Tally Counter")
     symbol: "plus.circle"
 

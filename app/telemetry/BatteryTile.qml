@@ -20,7 +20,7 @@ LiveTile {
         visible: root.hasRing
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
         y: 0
-        width: Math.round((root.isSmall ? 36 : 28) * Theme.textScale)
+        width: Scaled.px(root.isSmall ? 36 : 28)
         height: width
         value: root.reading.percent
         figure: root.isSmall ? root.reading.value : ""

@@ -12,7 +12,7 @@ LivePanel {
 
     title: qsTr("Bluetooth")
     symbol: "dot.radiowaves.right"
-    implicitHeight: Math.round(276 * Theme.textScale)
+    implicitHeight: Scaled.px(276)
 
     headerItems: Switch {
         anchors.verticalCenter: parent.verticalCenter
@@ -46,11 +46,11 @@ LivePanel {
             required property double percent
 
             width: list.width
-            height: Math.round(44 * Theme.textScale)
+            height: Scaled.px(44)
 
             Meter {
                 visible: row.figure !== ""
-                width: Math.round(104 * Theme.textScale)
+                width: Scaled.px(104)
                 anchors.verticalCenter: parent.verticalCenter
                 value: row.percent
                 figure: row.figure

@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Latency")
     symbol: "waveform.path.ecg"
-    implicitHeight: Math.round(338 * Theme.textScale)
+    fitted: column
     note: qsTr("A connection to 1.1.1.1 is made and closed again every 30 seconds while the tile can be seen.")
 
     headerItems: IconButton {
@@ -23,9 +23,11 @@ LivePanel {
     }
 
     PanelColumn {
+        id: column
+
         Sparkline {
             width: parent.width
-            height: Math.round(72 * Theme.textScale)
+            height: Scaled.px(72)
             capacity: 20
             maximum: root.reading.ceiling
             values: root.reading.history

@@ -12,7 +12,8 @@ Popover {
     // At the lower edge.
     property string note
 
-    implicitWidth: Math.round(340 * Theme.textScale)
+    implicitWidth: Scaled.px(340)
+    footHeight: note === "" ? 0 : foot.height + Theme.space3
 
     LiveNeed {
         readings: root.area.readings
@@ -20,6 +21,8 @@ Popover {
         active: root.open
     }
     Label {
+        id: foot
+
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.bottom: parent.bottom

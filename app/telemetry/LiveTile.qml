@@ -38,7 +38,7 @@ TileFrame {
     }
     Label {
         visible: root.isWrapped
-        y: Math.round(20 * Theme.textScale)
+        y: Scaled.px(20)
         width: parent.width
         height: 2 * Theme.captionStrong.line
         text: root.reading.shortMessage

@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Memory")
     symbol: "memorychip"
-    implicitHeight: column.y + column.height + Theme.space4 + 48
+    fitted: column
     needs: ["memoryPressure"]
 
     headerItems: Label {

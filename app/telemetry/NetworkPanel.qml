@@ -14,7 +14,7 @@ LivePanel {
 
     title: qsTr("Network")
     symbol: "arrow.up.arrow.down"
-    implicitHeight: Math.round(330 * Theme.textScale)
+    implicitHeight: Scaled.px(330)
     needs: ["ipAddress"]
 
     headerItems: Row {
@@ -41,7 +41,7 @@ LivePanel {
         x: Theme.space4
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
-        height: Math.round(88 * Theme.textScale)
+        height: Scaled.px(88)
         reading: root.rates
     }
     EmptyState {

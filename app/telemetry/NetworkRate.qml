@@ -27,7 +27,7 @@ Row {
         text: root.hasLetter ? root.mark : ""
         role: Theme.captionStrong
         color: root.tone.text
-        width: Math.round(14 * Theme.textScale)
+        width: Scaled.px(14)
         horizontalAlignment: Text.AlignHCenter
         anchors.baseline: amount.baseline
         Accessible.ignored: true

@@ -21,7 +21,7 @@ Item {
     Symbol {
         id: icon
         x: Theme.space2
-        y: Math.round(12 * Theme.textScale)
+        y: Scaled.px(12)
         name: root.symbol
         size: 20
         color: Theme.ink2

@@ -11,11 +11,14 @@ LivePanel {
 
     title: qsTr("Power")
     symbol: "bolt.fill"
-    implicitHeight: Math.round(288 * Theme.textScale)
+    fitted: column
+    implicitHeight: hasBattery ? fittedHeight : Scaled.px(240)
     needs: ["power", "batteryHealth"]
     note: hasBattery ? area.face("batteryHealth").reading.help : ""
 
     PanelColumn {
+        id: column
+
         visible: root.hasBattery
         y: Theme.space3
 

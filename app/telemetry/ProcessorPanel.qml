@@ -13,7 +13,7 @@ LivePanel {
     title: qsTr("Processor")
     symbol: "cpu"
     fact: isNaN(root.reading.percent) ? "" : root.reading.figure
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitHeight: Scaled.px(420)
     needs: ["topApps"]
 
     Sparkline {
@@ -21,7 +21,7 @@ LivePanel {
         x: Theme.space4
         y: Theme.space2
         width: parent.width - 2 * Theme.space4
-        height: Math.round(72 * Theme.textScale)
+        height: Scaled.px(72)
         capacity: 30
         values: root.reading.history
     }
@@ -72,7 +72,7 @@ LivePanel {
             required property double percent
 
             width: list.width
-            height: Math.round(26 * Theme.textScale)
+            height: Scaled.px(26)
             Accessible.role: Accessible.ListItem
             Accessible.name: title + ", " + figure
 
@@ -86,7 +86,7 @@ LivePanel {
             }
             MeterBar {
                 id: bar
-                width: Math.round(72 * Theme.textScale)
+                width: Scaled.px(72)
                 height: 4
                 anchors.right: amount.left
                 anchors.verticalCenter: parent.verticalCenter
@@ -96,7 +96,7 @@ LivePanel {
             }
             TipLabel {
                 id: amount
-                width: Math.round(52 * Theme.textScale)
+                width: Scaled.px(52)
                 anchors.right: parent.right
                 anchors.rightMargin: Theme.space4
                 anchors.verticalCenter: parent.verticalCenter

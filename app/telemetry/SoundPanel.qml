@@ -12,17 +12,21 @@ LivePanel {
 
     title: qsTr("Volume")
     symbol: output.symbol
-    implicitHeight: Math.round(224 * Theme.textScale)
+    fitted: column
 
     PanelColumn {
+        id: column
+
         y: Theme.space3
 
         Row {
             width: parent.width
-            height: Math.round(32 * Theme.textScale)
+            height: Scaled.px(32)
             spacing: Theme.space2
 
             IconButton {
+                id: mute
+
                 anchors.verticalCenter: parent.verticalCenter
                 symbol: root.output.symbol
                 label: !root.output.isMissing && !root.output.isOn ? qsTr("Unmute") : qsTr("Mute")
@@ -30,7 +34,7 @@ LivePanel {
                 onClicked: root.sound.toggleMuted()
             }
             Slider {
-                width: parent.width - 28 - figure.width - 2 * Theme.space2
+                width: parent.width - mute.width - figure.width - 2 * Theme.space2
                 anchors.verticalCenter: parent.verticalCenter
                 enabled: !root.output.isMissing
                 focus: true
@@ -41,7 +45,7 @@ LivePanel {
             }
             TipLabel {
                 id: figure
-                width: Math.round(44 * Theme.textScale)
+                width: Scaled.px(44)
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.output.message === "" ? root.output.figure : "–"
                 role: Theme.captionStrong

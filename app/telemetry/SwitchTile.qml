@@ -20,13 +20,13 @@ LiveTile {
     Accessible.checkable: true
     Accessible.checked: reading.isOn
     valueRole: Theme.rowTitle
-    reserved: isSmall || hasMessage ? 0 : Math.round(40 * Theme.textScale)
+    reserved: isSmall || hasMessage ? 0 : Scaled.px(40)
 
     Rectangle {
         visible: !root.hasMessage
         x: root.isSmall ? (parent.width - width) / 2 : parent.width - width
         y: root.isSmall ? 0 : parent.height - height + 2
-        width: Math.round((root.isSmall ? 36 : 32) * Theme.textScale)
+        width: Scaled.px(root.isSmall ? 36 : 32)
         height: width
         radius: width / 2
         color: root.isPlain ? Theme.greySoft : root.tone.soft

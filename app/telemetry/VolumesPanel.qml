@@ -11,7 +11,7 @@ LivePanel {
 
     title: qsTr("Volumes")
     symbol: "externaldrive"
-    implicitHeight: Math.round(276 * Theme.textScale)
+    implicitHeight: Scaled.px(276)
 
     EmptyState {
         width: parent.width
@@ -39,7 +39,7 @@ LivePanel {
             required property bool hasAction
 
             width: list.width
-            height: Math.round(64 * Theme.textScale)
+            height: Scaled.px(64)
             detailColor: hasFailed ? Theme.red.text : Theme.ink2
             used: percent
 

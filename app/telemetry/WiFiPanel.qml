@@ -10,7 +10,8 @@ LivePanel {
 
     title: qsTr("Wi-Fi")
     symbol: "wifi"
-    implicitHeight: Math.round(248 * Theme.textScale)
+    fitted: list
+    implicitHeight: face.rows.count > 0 ? fittedHeight : Scaled.px(240)
     note: face.rows.count > 0 ? face.reading.help : ""
 
     EmptyState {
@@ -22,6 +23,8 @@ LivePanel {
         sentence: qsTr("The signal appears here once there is a connection.")
     }
     DetailRows {
+        id: list
+
         x: Theme.space4
         y: Theme.space3
         width: parent.width - 2 * Theme.space4

@@ -12,7 +12,7 @@ Popover {
     symbol: "hourglass"
     fact: root.countdown.face.weeks
     implicitWidth: grid.implicitWidth + 2 * Theme.space4
-    implicitHeight: header.height + 2 + rows.y + rows.height + Theme.space3
+    fitted: rows
     onAboutToOpen: {
         countdown.showDate();
         field.text = countdown.face.isUsual ? "" : countdown.face.title;

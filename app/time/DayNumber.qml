@@ -10,7 +10,7 @@ Rectangle {
     property bool isFaint: false
     property int size: 20
 
-    width: Math.round(size * Theme.textScale)
+    width: Scaled.px(size)
     height: width
     radius: height / 2
     color: day.isToday ? Theme.accent : "transparent"

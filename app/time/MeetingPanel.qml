@@ -14,8 +14,8 @@ Popover {
     title: qsTr("Meeting Planner")
     symbol: "person.2"
     fact: root.meeting.face.note
-    implicitWidth: Math.round(420 * Theme.textScale)
-    implicitHeight: Math.round(560 * Theme.textScale)
+    implicitWidth: Scaled.px(420)
+    implicitHeight: Scaled.px(560)
     onAboutToOpen: {
         meeting.goToBest();
         chooser.start();
@@ -33,7 +33,7 @@ Popover {
 
             x: Theme.space4
             width: parent.width - 2 * Theme.space4
-            height: Math.round(32 * Theme.textScale)
+            height: Scaled.px(32)
 
             IconButton {
                 id: before
@@ -100,7 +100,7 @@ Popover {
                     id: city
 
                     width: parent.width
-                    implicitHeight: Math.round(40 * Theme.textScale)
+                    implicitHeight: Scaled.px(40)
                     cities: root.meeting.cities
                     rowId: entry.row.rowId
                     isOwn: entry.row.isOwn

@@ -8,8 +8,8 @@ FocusScope {
     id: root
 
     required property MonthModel month
-    readonly property int cell: Math.round(34 * Theme.textScale)
-    readonly property int weekWidth: Math.round(26 * Theme.textScale)
+    readonly property int cell: Scaled.px(34)
+    readonly property int weekWidth: Scaled.px(26)
     // A part of a turn of the wheel that has not been enough for a page.
     property real turned: 0
 

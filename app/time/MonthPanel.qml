@@ -16,7 +16,7 @@ Popover {
     title: qsTr("Calendar")
     symbol: "calendar"
     implicitWidth: grid.implicitWidth + 2 * Theme.space4
-    implicitHeight: header.height + 2 + rows.y + rows.height + Theme.space3
+    fitted: rows
     onAboutToOpen: {
         month.goToToday();
         grid.forceActiveFocus();

@@ -11,15 +11,15 @@ Popover {
     title: moon.face.name
     symbol: "moon"
     fact: root.moon.face.lit
-    implicitHeight: 98 + disc.height + list.height
+    fitted: list
 
     MoonDisc {
         id: disc
 
         y: Theme.space4
         anchors.horizontalCenter: parent.horizontalCenter
-        width: 88
-        height: 88
+        width: Scaled.px(88)
+        height: width
         percent: root.moon.face.percent
         isWaxing: root.moon.face.isWaxing
         lit: Theme.weatherSun

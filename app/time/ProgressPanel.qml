@@ -14,7 +14,7 @@ Popover {
 
     title: qsTr("Time Passed")
     symbol: "chart.pie"
-    implicitHeight: header.height + 2 + rows.y + rows.height + Theme.space4
+    fitted: rows
     onAboutToOpen: {
         for (const span of spans)
             span.update();

@@ -12,7 +12,7 @@ Popover {
 
     title: qsTr("Unix Time")
     symbol: "number"
-    implicitHeight: Math.round(334 * Theme.textScale)
+    implicitHeight: Scaled.px(334)
     onAboutToOpen: {
         field.text = "";
         converter.convert("");

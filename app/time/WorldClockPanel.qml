@@ -10,7 +10,7 @@ Popover {
 
     title: qsTr("World Clock")
     symbol: "globe"
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitHeight: Scaled.px(420)
     onAboutToOpen: chooser.start()
 
     CityChooser {

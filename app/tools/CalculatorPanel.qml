@@ -11,8 +11,8 @@ Popover {
     title: qsTr("Calculator")
     symbol: "plus.forwardslash.minus"
     fact: calculator.face.isWorking ? qsTr("Working…") : ""
-    implicitWidth: Math.round(380 * Theme.textScale)
-    implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
+    implicitWidth: Scaled.px(380)
+    fitted: column
 
     onAboutToOpen: {
         calculator.begin();
@@ -29,7 +29,7 @@ Popover {
             id: field
 
             width: parent.width
-            height: Math.round(40 * Theme.textScale)
+            height: Scaled.px(40)
             focus: true
             label: qsTr("Expression")
             hint: qsTr("For example 18 % of 240, or 5 mi to km")
@@ -42,7 +42,7 @@ Popover {
         }
         ListView {
             width: parent.width
-            height: Math.min(contentHeight, 220)
+            height: Math.min(contentHeight, Scaled.px(220))
             visible: count > 0
             clip: true
             boundsBehavior: Flickable.StopAtBounds

@@ -14,7 +14,7 @@ Pressable {
     accessibleRole: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: isChosen
-    implicitWidth: 2 * size
+    implicitWidth: Scaled.px(2 * size)
     implicitHeight: implicitWidth
 
     Rectangle {

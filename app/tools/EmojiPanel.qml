@@ -18,8 +18,8 @@ Popover {
 
     title: qsTr("Emoji")
     symbol: "face.smiling.inverse"
-    implicitWidth: Math.round(392 * Theme.textScale)
-    implicitHeight: Math.round(452 * Theme.textScale)
+    implicitWidth: Scaled.px(392)
+    implicitHeight: Scaled.px(452)
 
     onAboutToOpen: {
         field.text = "";
@@ -97,7 +97,7 @@ Popover {
             topMargin: Theme.space1
         }
         cellWidth: Math.floor(width / root.across)
-        cellHeight: 40
+        cellHeight: Scaled.px(40)
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: 0
@@ -152,7 +152,7 @@ Popover {
             leftMargin: Theme.space4
             rightMargin: Theme.space4
         }
-        height: Math.round(44 * Theme.textScale)
+        height: Scaled.px(44)
 
         TipLabel {
             width: parent.width - tones.width - Theme.space2

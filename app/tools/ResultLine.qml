@@ -9,7 +9,7 @@ Item {
     required property CalculatedModel model
 
     width: parent ? parent.width : 0
-    height: Math.round(48 * Theme.textScale)
+    height: Scaled.px(48)
 
     TipLabel {
         visible: root.model.face.fault === ""

@@ -14,8 +14,8 @@ Popover {
     title: tool.title
     symbol: tool.symbol
     fact: tool.face.isWorking ? qsTr("Working…") : ""
-    implicitWidth: Math.round(420 * Theme.textScale)
-    implicitHeight: header.height + column.implicitHeight + Theme.space2 + Theme.space4
+    implicitWidth: Scaled.px(420)
+    fitted: column
 
     onOpenChanged: {
         if (open)
@@ -56,7 +56,7 @@ Popover {
 
             visible: root.tool.takesInput
             width: parent.width
-            height: Math.round(96 * Theme.textScale)
+            height: Scaled.px(96)
             focus: root.tool.takesInput
             hint: qsTr("Type, paste or drop a text")
             label: qsTr("Text")
@@ -117,7 +117,7 @@ Popover {
 
             visible: !root.hasPicture && root.tool.face.fault === ""
             width: parent.width
-            height: root.tool.takesInput ? 128 : 96
+            height: Scaled.px(root.tool.takesInput ? 128 : 96)
             focus: !root.tool.takesInput
             label: qsTr("Result")
             input.readOnly: true

@@ -12,8 +12,8 @@ Popover {
 
     title: qsTr("Quick Translate")
     symbol: "translate"
-    implicitWidth: Math.round(480 * Theme.textScale)
-    implicitHeight: Math.round(452 * Theme.textScale)
+    implicitWidth: Scaled.px(480)
+    implicitHeight: Scaled.px(452)
     fact: translator.face.isWorking ? qsTr("Translating…") : ""
 
     onAboutToOpen: {

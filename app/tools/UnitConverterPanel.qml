@@ -11,8 +11,8 @@ Popover {
     title: qsTr("Unit Converter")
     symbol: "ruler"
     fact: units.face.isWorking ? qsTr("Working…") : ""
-    implicitWidth: Math.round(380 * Theme.textScale)
-    implicitHeight: Math.round(296 * Theme.textScale)
+    implicitWidth: Scaled.px(380)
+    implicitHeight: Scaled.px(296)
 
     onAboutToOpen: {
         units.begin();
@@ -48,7 +48,7 @@ Popover {
             ChoiceField {
                 id: from
 
-                width: Math.round(176 * Theme.textScale)
+                width: Scaled.px(176)
                 name: qsTr("From")
                 options: root.units.choice.units
                 current: root.units.choice.from
@@ -77,7 +77,7 @@ Popover {
                 id: to
 
                 anchors.right: parent.right
-                width: Math.round(176 * Theme.textScale)
+                width: Scaled.px(176)
                 name: qsTr("To")
                 options: root.units.choice.units
                 current: root.units.choice.to

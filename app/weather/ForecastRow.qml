@@ -70,7 +70,7 @@ Item {
         id: age
 
         visible: root.staleSince !== ""
-        width: Math.round(52 * Theme.textScale)
+        width: Scaled.px(52)
         height: root.height
         anchors.right: parent.right
 
@@ -81,7 +81,7 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
         }
         Label {
-            y: Math.round(16 * Theme.textScale)
+            y: Scaled.px(16)
             width: parent.width
             text: root.staleSince
             role: Theme.subLine

@@ -143,14 +143,18 @@ void WeatherModel::choose(int result) {
 }
 
 void WeatherModel::chooseFirst() {
-  takesFirst_ = searchAt_ || isSearching_;
+  takesFirst_ = searchAt_ || isSearching_ ? storeLater(defaults_, setting_.placeKey) : nullptr;
   if (searchAt_) askPlaces();
   if (!takesFirst_ && searchNote_.isEmpty()) choose(0);
 }
 
-void WeatherModel::choose(const Place& place) {
-  place_ = place;
-  store(defaults_, setting_.placeKey, DefaultsValue{DefaultsData{encodedPlace(place_)}});
+void WeatherModel::choose(const Place& place) { choose(place, storeLater(defaults_, setting_.placeKey)); }
+
+void WeatherModel::choose(const Place& place, const UserDefaults::Keeper& keep) {
+  keep({DefaultsData{encodedPlace(place)}});
+  loadPlace();
+  // It may be that of another profile by now.
+  if (place_ != place) return;
   usePlace();
   Q_EMIT placeChosen();
 }
@@ -167,7 +171,8 @@ void WeatherModel::usePlace() {
 void WeatherModel::search(const QString& text) {
   searchText_ = text.trimmed();
   ++searchGeneration_;
-  isSearching_ = takesFirst_ = false;
+  isSearching_ = false;
+  takesFirst_ = nullptr;
   if (searchText_.size() >= fewestLetters) {
     searchAt_ = now_() + typingPause;
     // The present results stay while the user types on.
@@ -200,7 +205,8 @@ void WeatherModel::placesAnswered(const std::optional<QByteArray>& body) {
     searchNote_ = tr("The search does not answer");
   }
   Q_EMIT searchChanged();
-  if (std::exchange(takesFirst_, false) && searchNote_.isEmpty()) choose(0);
+  if (const auto keep = std::exchange(takesFirst_, nullptr); keep && !found_.empty() && searchNote_.isEmpty())
+    choose(Place(found_.front().place), keep);
 }
 
 QVariantList WeatherModel::searchResults() const {

@@ -83,6 +83,7 @@ class WeatherModel : public TimedModel {
   void askPlaces();
   void placesAnswered(const std::optional<QByteArray>& body);
   void loadPlace();
+  void choose(const Place& place, const UserDefaults::Keeper& keep);
   void usePlace();
   void publish(Instant now);
 
@@ -100,7 +101,8 @@ class WeatherModel : public TimedModel {
   int generation_ = 0, searchGeneration_ = 0;
   QString searchText_;
   std::optional<Instant> searchAt_;
-  bool isSearching_ = false, takesFirst_ = false;
+  bool isSearching_ = false;
+  UserDefaults::Keeper takesFirst_;  // the first result is chosen once it is there
   std::vector<FoundPlace> found_;
   QString searchNote_;
 };

@@ -10,10 +10,11 @@ Popover {
     required property WeatherModel weather
     property bool hasScale: true
     readonly property int found: weather.searchResults.length
+    readonly property real roomForResults: 6 * Math.max(44, Theme.rowTitle.line + Theme.small.line + Theme.space3)
 
     title: weather.texts.placeLabel
     symbol: "mappin"
-    implicitHeight: Math.round(420 * Theme.textScale)
+    implicitHeight: header.height + field.y + field.height + Math.max(roomForResults, details.height) + foot.height + 3 * Theme.space3
 
     Connections {
         target: root.weather // qmllint disable
@@ -75,6 +76,8 @@ Popover {
     }
 
     Column {
+        id: details
+
         visible: field.text === ""
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
@@ -114,6 +117,8 @@ Popover {
     }
 
     TipLabel {
+        id: foot
+
         x: Theme.space4
         width: parent.width - 2 * Theme.space4
         anchors.bottom: parent.bottom

@@ -10,7 +10,7 @@ WeatherFrame {
     value: texts.wind
     unit: texts.windUnit
     subLine: hasDirection ? qsTr("from %1").arg(texts.windFrom) : ""
-    reserved: isSmall || !hasDirection ? 0 : Math.round(20 * Theme.textScale)
+    reserved: isSmall || !hasDirection ? 0 : Scaled.px(20)
     problem: texts.problem !== "" ? texts.problem : value === "" ? qsTr("No reading") : ""
 
     Symbol {

@@ -68,6 +68,10 @@ class UserDefaults {
   // Somebody else may keep keys, too. What he keeps is read in place of the document's (null: no value); absent where
   // he keeps nothing.
   std::function<std::optional<const DefaultsValue*>(const std::string& key)> keptElsewhere;
+  // For a choice that is asked for now and made later, as in a dialog: gives what keeps it then. Empty: the document
+  // does.
+  using Keeper = std::function<void(const DefaultsValue& value)>;
+  std::function<Keeper(const std::string& key)> keeperFor;
   // Told of every key that is about to be set or removed (null), before the document is.
   std::function<void(const std::string& key, const DefaultsValue* value)> onChosen;
 

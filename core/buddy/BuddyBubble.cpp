@@ -34,7 +34,7 @@ void BuddyBubble::present(Instant now) {
     queue.advance(now);
   if (!queue.current) return hide();
   if (currentWasShown_) return;
-  if (isInboxOpen_ || isPanelOpen_) return hide();
+  if (isInboxOpen_ || isInTheWay_) return hide();
   currentWasShown_ = true;
   hasEnded_ = false;
   isShown = true;
@@ -83,11 +83,11 @@ void BuddyBubble::apply(const BuddyPolicy& policy, Instant now) {
   keepChoice();
 }
 
-void BuddyBubble::setPanelOpen(bool isOpen, Instant now) {
-  isPanelOpen_ = isOpen;
-  if (!isOpen) return present(now);
+void BuddyBubble::setInTheWay(bool isInTheWay, Instant now) {
+  isInTheWay_ = isInTheWay;
+  if (!isInTheWay) return present(now);
   if (!isShown) return;
-  // It comes again when the panel has closed.
+  // It comes again when the way is free.
   currentWasShown_ = false;
   hide();
 }

@@ -39,8 +39,9 @@ struct BuddyBubble {
   void withdraw(const std::unordered_set<std::string>& ended, Instant now);
   // The user's filter has changed: what it no longer allows goes, shown or waiting.
   void apply(const BuddyPolicy& policy, Instant now);
-  // While a panel is open the bubble waits. The inbox is an answer to all that is shown and waits.
-  void setPanelOpen(bool isOpen, Instant now);
+  // While something is in the way, such as an open panel, the bubble waits. The inbox is an answer to all that is shown
+  // and waits.
+  void setInTheWay(bool isInTheWay, Instant now);
   void setInboxOpen(bool isOpen, Instant now);
   bool isInboxOpen() const { return isInboxOpen_; }
 
@@ -66,7 +67,7 @@ struct BuddyBubble {
 
   bool currentWasShown_ = false;  // queue.current has reached the screen
   bool hasEnded_ = false;         // its cause, while the user held it
-  bool isInboxOpen_ = false, isPanelOpen_ = false;
+  bool isInboxOpen_ = false, isInTheWay_ = false;
   bool isPointed_ = false, isReached_ = false;
 };
 

@@ -78,6 +78,11 @@ const std::optional<DefaultsValue>* slotSetting(const Profile& profile, std::str
   return nullptr;
 }
 
+bool hasSlotFor(const Profile& profile, std::string_view key) {
+  const SlotChoice* choice = choiceOf(key);
+  return choice && std::ranges::any_of(profile.items, [&](const DockItem& item) { return choice->isFor(item); });
+}
+
 bool setSlotSetting(std::vector<Profile>& profiles, const UUID& profileID, std::string_view key,
                     const std::optional<DefaultsValue>& value, const DefaultsDictionary& latest) {
   const SlotChoice* choice = choiceOf(key);

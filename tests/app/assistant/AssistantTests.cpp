@@ -20,10 +20,12 @@ struct Room {
   std::vector<std::string> performed;
   Assistant assistant{{.model = model,
                        .buddy = buddy,
-                       .perform =
-                           [this](const AssistantCall& call) {
-                             performed.push_back(call.name);
-                             return "Did " + call.name + ".";
+                       .performer =
+                           [this] {
+                             return [this](const AssistantCall& call) {
+                               performed.push_back(call.name);
+                               return "Did " + call.name + ".";
+                             };
                            },
                        .now = [this] { return now; }}};
   QAbstractItemModelTester tester{assistant.turns()};

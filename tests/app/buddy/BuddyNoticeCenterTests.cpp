@@ -76,17 +76,17 @@ class BuddyNoticeCenterTests : public QObject {
 
   void theBubbleWaitsForOtherPanels() {
     BuddyRoom room;
-    room.center->setPanelOpen(true);
+    room.center->setInTheWay(true);
     room.poll({codex(needsInput)});
     room.pass(30);
     QCOMPARE(room.bubble(), QString());
     QVERIFY(room.peeks.empty());
-    room.center->setPanelOpen(false);
+    room.center->setInTheWay(false);
     QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
     // A panel that opens over it sends it back to wait.
-    room.center->setPanelOpen(true);
+    room.center->setInTheWay(true);
     QCOMPARE(room.bubble(), QString());
-    room.center->setPanelOpen(false);
+    room.center->setInTheWay(false);
     QCOMPARE(room.bubble(), QStringLiteral("Codex needs you"));
   }
 

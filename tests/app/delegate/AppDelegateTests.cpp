@@ -212,6 +212,76 @@ class AppDelegateTests : public QObject {
     QVERIFY(!program.delegate->model().isOnBar("buddy"));
   }
 
+  void nothingComesByItselfOverAFilm() {
+    Program program;
+    program.delegate->launch();
+    program.desktop.pointer.at = Point{800, 450};
+    BarWindows& windows = program.delegate->bar();
+    BuddyNoticeCenter& notices = program.delegate->areas().notices();
+    const auto fill = [&](bool isFilled) {
+      auto screens = program.desktop.screens.screens;
+      screens.front().isFilled = isFilled;
+      program.desktop.screens.change(screens);
+    };
+    // Urgent: it stays until it is answered.
+    notices.post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
+    QVERIFY(notices.hasBubble() && windows.dock().presentation().isShown());
+    fill(true);
+    program.passAtBar(1);
+    QVERIFY(!notices.hasBubble() && !windows.dock().presentation().isShown());
+    notices.post(BuddyNotice("y", BuddyRule::agentNeedsInput, "Claude needs you", "", {}));
+    int looks = 0;
+    windows.peeker().gatherMore = [&](PeekSignals&) { ++looks; };
+    windows.peeker().check(program.desktop.clock.now());
+    QCOMPARE(looks, 0);
+    QVERIFY(!notices.hasBubble() && !windows.dock().presentation().isShown());
+    // A panel that closes over it does not free the way.
+    windows.openSettings();
+    windows.panels().closeAll();
+    QVERIFY(!notices.hasBubble());
+    fill(false);
+    QVERIFY(notices.hasBubble() && windows.dock().presentation().isShown());
+    QCOMPARE(notices.bubbleMore(), 1);
+    windows.peeker().check(program.desktop.clock.now());
+    QCOMPARE(looks, 1);
+  }
+
+  void whatIsAskedInOneProfileIsAnsweredInIt() {
+    Program program;
+    program.delegate->launch();
+    AppModel& model = program.delegate->model();
+    Areas& areas = program.delegate->areas();
+    std::vector<Profile> profiles = Profile::defaults();
+    for (Profile& profile : profiles) profile.items = holding({"gitStatus", "folder", "shortcuts"});
+    model.setProfiles(profiles);
+    const UUID asking = profiles[0].id, other = profiles[1].id;
+    for (const char* path : {"/other", "/late"}) program.desktop.launcher.scripts.push_back({path, path, path, {}});
+    const auto shown = [&](const UUID& profile, const char* key) {
+      const auto* value = slotSetting(*model.profileWith(profile), key);
+      return value && *value ? std::get<std::string>((*value)->value) : "nothing";
+    };
+    using Chooser = std::function<void(const std::string&)>;
+    const std::pair<const char*, std::function<Chooser()>> rows[] = {
+        {"gitStatusFolder", [&] { return areas.developer.git()->chooser(); }},
+        {"folderWidgetPath", [&] { return areas.stores.chosenFolder()->chooser(); }},
+        {"shortcutWidgetName", [&] { return areas.stores.shortcut()->scriptChooser(); }}};
+    for (const auto& [key, chooser] : rows) {
+      model.setPinnedProfileID(asking);
+      const Chooser answer = chooser();
+      model.setPinnedProfileID(other);
+      chooser()("/other");
+      answer("/late");
+      QCOMPARE(shown(other, key), "/other");
+      QCOMPARE(shown(asking, key), "/late");
+    }
+    // Buddy, too, needs a while.
+    areas.assistant.assistant()->ask(QStringLiteral("Add Clock"));
+    QVERIFY(areas.assistant.assistant()->isResponding());
+    model.setPinnedProfileID(asking);
+    QTRY_VERIFY(!areas.assistant.assistant()->isResponding());
+    QVERIFY(model.profileWith(other)->contains("clock") && !model.profileWith(asking)->contains("clock"));
+  }
+
   void buddysTileOpensHisInbox() {
     Program program;
     program.delegate->launch();
@@ -234,16 +304,10 @@ class AppDelegateTests : public QObject {
     DockPanelController& bar = program.delegate->bar().dock();
     program.delegate->areas().notices().post(BuddyNotice("x", BuddyRule::agentNeedsInput, "Codex needs you", "", {}));
     QVERIFY(program.delegate->areas().notices().hasBubble());
-    const auto pass = [&](double seconds) {
-      for (int i = 0; i < seconds * 10; ++i) {
-        program.desktop.clock.pass(Seconds(0.1));
-        bar.tick(program.desktop.clock.now());
-      }
-    };
-    pass(30);
+    program.passAtBar(30);
     QVERIFY(bar.presentation().isShown());
     program.delegate->areas().notices().closeBubble();
-    pass(1);
+    program.passAtBar(1);
     QVERIFY(!bar.presentation().isShown());
   }
 

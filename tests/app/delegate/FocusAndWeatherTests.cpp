@@ -72,10 +72,12 @@ class FocusAndWeatherTests : public QObject {
     for (const auto& [widget, title] : rows) {
       Desk desk({widget});
       desk.click(widget);
+      const auto first = desk.delegate->bar().panels().frames();
       QTRY_VERIFY2(desk.panel(), widget);
       QCOMPARE(desk.panel()->property("title").toString(), title);
       // The panel is as tall as what it shows.
       QCOMPARE(desk.panel()->height(), desk.panel()->implicitHeight());
+      QCOMPARE(first, desk.delegate->bar().panels().frames());
       desk.click(widget);
       QTRY_VERIFY2(!desk.panel(), widget);
     }

@@ -53,6 +53,14 @@ struct Program {
     return found;
   }
 
+  // The bar looks at the pointer all the while.
+  void passAtBar(double seconds) {
+    for (int i = 0; i < seconds * 10; ++i) {
+      desktop.clock.pass(Seconds(0.1));
+      delegate->bar().dock().tick(desktop.clock.now());
+    }
+  }
+
   // Null while there is none.
   QQuickItem* slotOf(const char* widget) const {
     for (QQuickItem* slot : slotsOfBar())

@@ -106,7 +106,7 @@ class DeveloperTests : public QObject {
     room.tools->repository = repository();
     room.see({DockWidget::gitStatus});
     QVERIFY(room.takeAsked().empty());  // none is chosen
-    room.area->git()->choose("/home/u/shop/src/");
+    room.area->git()->chooser()("/home/u/shop/src/");
     room.work.letGo();
     QCOMPARE(room.area->git()->face().branch, QStringLiteral("feature/a-long-name-for-a-branch"));
     QCOMPARE(room.watch.followed, repository().folders);

@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "app/base/StoredValue.h"
 #include "app/model/SlotChoices.h"
 #include "tests/app/model/ProfilesRoom.h"
 
@@ -71,6 +72,47 @@ class SlotChoicesTests : public QObject {
     QCOMPARE(told.size(), 2u);
     model.undo();
     QCOMPARE(defaults.string(key), "/by/hand");
+  }
+
+  void aChoiceThatComesLaterIsForTheProfileThatAsked() {
+    ProfilesRoom room;
+    AppModel& model = room.model;
+    std::vector<Profile> profiles = Profile::defaults();
+    for (Profile& profile : profiles) profile.items = holding({"gitStatus"});
+    model.setProfiles(profiles);
+    const UUID one = profiles[0].id, other = profiles[1].id;
+    SlotChoices choices(model, room.defaults);
+    int told = 0;
+    connect(&choices, &SlotChoices::changed, this, [&] { ++told; });
+    room.defaults.set(key, text("/before"));
+    room.defaults.set("theme", text("dark"));
+    // What the dialog of the first profile does after this has come about, and what each profile shows then.
+    const struct {
+      std::function<void()> meanwhile;
+      QStringList shown;
+    } rows[] = {{[] {}, {"/late", "/before"}},
+                {[&] { model.setPinnedProfileID(other); }, {"/late", "/before"}},
+                {[&] { model.removeWidget("gitStatus", one); }, {"/before"}},
+                {[&] { model.deleteProfile(one); }, {"/before"}}};
+    for (const auto& row : rows) {
+      model.setProfiles(profiles);
+      model.setPinnedProfileID(one);
+      room.defaults.set(key, text("/before"));
+      model.setPinnedProfileID(other);
+      room.defaults.set(key, text("/before"));
+      model.setPinnedProfileID(one);
+      const auto answer = storeLater(room.defaults, key);
+      row.meanwhile();
+      told = 0;
+      answer(text("/late"));
+      QCOMPARE(told, 0);
+      QStringList shown;
+      for (const Profile& profile : loadProfiles(room.folder / "profiles.json").profiles)
+        if (const auto* value = slotSetting(profile, key)) shown << std::get<std::string>((*value)->value).c_str();
+      QCOMPARE(shown, row.shown);
+    }
+    storeLater(room.defaults, "theme")(text("light"));
+    QCOMPARE(room.defaults.string("theme"), "light");
   }
 
   void aTileThatIsAddedLaterHasTheTitleWithItsDate() {

@@ -36,7 +36,7 @@ void fill(StoresRoom& room) {
   area.tally()->add(123456);
   std::filesystem::create_directory(room.folder / "Inbox");
   writeAtomically(room.folder / "Inbox/a report with a long name.pdf", "x");
-  area.chosenFolder()->choose((room.folder / "Inbox").string());
+  area.chosenFolder()->chooser()((room.folder / "Inbox").string());
   room.work.letGo();
   area.shortcut()->search({});
   area.shortcut()->choose(QStringLiteral("editor/new"));
@@ -203,7 +203,7 @@ class StoresTests : public QObject {
     QVERIFY(room.watch.followed.empty());
     std::filesystem::create_directory(room.folder / "in");
     room.folder.write("in/a #1.pdf", "12345", room.now - std::chrono::hours(1));
-    shown.choose((room.folder / "in/").string());
+    shown.chooser()((room.folder / "in/").string());
     QVERIFY2(room.watch.followed.empty(), "its disk may not answer");
     room.work.letGo();
     QCOMPARE(room.watch.followed.size(), std::size_t(1));
@@ -254,8 +254,8 @@ class StoresTests : public QObject {
     shortcut.choose(QStringLiteral("editor/new"));
     shortcut.run();
     shortcut.search({});
-    shortcut.addScript("/home/u/no program");
-    shortcut.addScript("/home/u/back up.sh");
+    shortcut.scriptChooser()("/home/u/no program");
+    shortcut.scriptChooser()("/home/u/back up.sh");
     shortcut.run();
     QCOMPARE(room.launcher.started, (std::vector<std::string>{"editor/new", "/home/u/back up.sh"}));
     shortcut.removeScript(QStringLiteral("/home/u/back up.sh"));

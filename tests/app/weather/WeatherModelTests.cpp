@@ -222,6 +222,18 @@ class WeatherModelTests : public QObject {
     model.search(QStringLiteral(""));
     model.chooseFirst();
     QCOMPARE(chosen.count(), 1);
+
+    // Another profile is active when the answer comes.
+    room.places = {.body = sample("places-springfield.json")};
+    model.choose(WeatherPlace{"Tokyo", "Japan", 35.7, 139.7});
+    int kept = 0;
+    room.defaults.keeperFor = [&](const std::string&) { return [&](const DefaultsValue&) { ++kept; }; };
+    model.search(QStringLiteral("Springfield"));
+    model.chooseFirst();
+    room.defaults.keeperFor = nullptr;
+    QVERIFY(QTest::qWaitFor([&] { return kept == 1; }, 15000));
+    QCOMPARE(model.place().name, "Tokyo");
+    QCOMPARE(chosen.count(), 2);
   }
 
   void aChosenPlaceIsStoredAndAskedForAtOnce() {

@@ -96,6 +96,12 @@ TEST_F(KeysOfPortal, LeavesAPortalAloneThatBindsWhatItKnows) {
   ask();
   ASSERT_TRUE(becomes(Answer::given));
   EXPECT_EQ(portal_->asked("BindShortcuts"), 1);
+  portal_->stop();
+  ASSERT_TRUE(becomes(Answer::none));
+  portal_->bound.clear();
+  portal_->start();
+  ASSERT_TRUE(becomes(Answer::given));
+  EXPECT_EQ(portal_->asked("BindShortcuts"), 2) << "it has come back without what it knew";
 }
 
 }  // namespace
