@@ -1,7 +1,6 @@
 #pragma once
 // The user's choices as the program finds them: carried over from an older release, kept when their file is damaged,
-// followed while others edit it,
-// and written again when that has failed.
+// followed while others edit it, and written again when that has failed.
 
 #include <optional>
 
